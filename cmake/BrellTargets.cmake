@@ -1,0 +1,83 @@
+# Precompiled headers shared by all targets: for plain code, for code that waits on the
+# network, and for the latter beside Qt, which wants position-independent code.
+# The libraries' own definitions hold for every target: a precompiled header made without
+# them could not be used by a target that links those libraries.
+add_compile_definitions(
+    BOOST_CONTAINER_DYN_LINK BOOST_CONTAINER_NO_LIB BOOST_JSON_DYN_LINK BOOST_JSON_NO_LIB
+    BOOST_URL_DYN_LINK BOOST_URL_NO_LIB FMT_SHARED)
+
+function(brell_precompiled_header name)
+  file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/pch/${name}.cpp" CONTENT "\n" @ONLY)
+  add_library(${name} STATIC "${CMAKE_BINARY_DIR}/pch/${name}.cpp")
+  target_precompile_headers(${name} PRIVATE ${ARGN})
+endfunction()
+
+set(BRELL_PLAIN_HEADERS
+    <algorithm> <array> <chrono> <functional> <map> <memory> <optional> <span> <string>
+    <string_view> <unordered_map> <utility> <variant> <vector> <boost/json.hpp> <fmt/format.h>)
+brell_precompiled_header(pch_plain ${BRELL_PLAIN_HEADERS})
+set(BRELL_ASYNC_HEADERS ${BRELL_PLAIN_HEADERS}
+    <boost/asio/awaitable.hpp> <boost/asio/co_spawn.hpp> <boost/asio/io_context.hpp>
+    <boost/asio/steady_timer.hpp> <boost/asio/thread_pool.hpp> <boost/asio/use_awaitable.hpp>)
+brell_precompiled_header(pch_async ${BRELL_ASYNC_HEADERS})
+brell_precompiled_header(pch_qt ${BRELL_ASYNC_HEADERS})
+target_link_libraries(pch_qt PRIVATE Qt6::Core)
+
+# brell_library(newsroom_text SOURCES ... [USES ...] [PRIVATELY_USES ...] [ASYNC | QT])
+# A static library whose include root is the repository root.
+function(brell_library name)
+  cmake_parse_arguments(L "ASYNC;QT" "" "SOURCES;USES;PRIVATELY_USES" ${ARGN})
+  add_library(${name} STATIC ${L_SOURCES})
+  target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}")
+  target_link_libraries(${name} PUBLIC ${L_USES} PRIVATE ${L_PRIVATELY_USES} Boost::headers)
+  if(L_QT)
+    target_link_libraries(${name} PRIVATE Qt6::Core)
+    brell_quiet_coroutines(${name})
+    target_precompile_headers(${name} REUSE_FROM pch_qt)
+  else()
+    brell_use_pch(${name} "${L_ASYNC}")
+  endif()
+endfunction()
+
+function(brell_program name)
+  cmake_parse_arguments(P "ASYNC" "" "SOURCES;USES" ${ARGN})
+  add_executable(${name} ${P_SOURCES})
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
+  target_link_libraries(${name} PRIVATE ${P_USES} Boost::headers)
+  brell_use_pch(${name} "${P_ASYNC}")
+endfunction()
+
+function(brell_quiet_coroutines name)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # GCC 12 takes the frame allocator of Asio's coroutines for a mismatch.
+    target_compile_options(${name} PRIVATE -Wno-mismatched-new-delete)
+  endif()
+endfunction()
+
+function(brell_use_pch name async)
+  if(async)
+    target_precompile_headers(${name} REUSE_FROM pch_async)
+    brell_quiet_coroutines(${name})
+  else()
+    target_precompile_headers(${name} REUSE_FROM pch_plain)
+  endif()
+endfunction()
+
+# brell_test(test_text SOURCES ... USES ... [ASYNC] [TIMEOUT seconds])
+# One GoogleTest program; each of its tests becomes one line of ctest. Fixture files
+# are found through the BRELL_FIXTURES definition.
+function(brell_test name)
+  cmake_parse_arguments(T "ASYNC" "TIMEOUT" "SOURCES;USES" ${ARGN})
+  if(NOT T_TIMEOUT)
+    set(T_TIMEOUT 120)
+  endif()
+  if(T_ASYNC)
+    brell_program(${name} ASYNC SOURCES ${T_SOURCES} USES ${T_USES} GTest::gtest GTest::gtest_main)
+  else()
+    brell_program(${name} SOURCES ${T_SOURCES} USES ${T_USES} GTest::gtest GTest::gtest_main)
+  endif()
+  set_source_files_properties(${T_SOURCES} PROPERTIES COMPILE_DEFINITIONS
+      "BRELL_FIXTURES=\"${CMAKE_SOURCE_DIR}/tests/fixtures\"")
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT})
+endfunction()
