@@ -1,0 +1,25 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace newsroom {
+
+/// A JSON value does not have the shape of the record it should be. `path` leads to the
+/// fault ("panels[2].frame.width"; empty for the value itself); what() is the whole sentence.
+class RecordError : public std::runtime_error {
+public:
+    RecordError(std::string path, std::string reason);
+
+    const std::string& path() const { return path_; }
+    const std::string& reason() const { return reason_; }
+
+    /// The same fault seen from the record that holds this one under `step`.
+    RecordError inside(const std::string& step) const;
+
+private:
+    std::string path_;
+    std::string reason_;
+};
+
+}  // namespace newsroom
