@@ -1,0 +1,12 @@
+#pragma once
+
+#include <vector>
+
+#include "NewsroomKit/Sources/NewsSource.h"
+
+namespace newsroom {
+
+/// The sources that the desk ships with, in the order of the sidebar.
+std::vector<NewsSource> defaultSourceCatalog();
+
+}  // namespace newsroom

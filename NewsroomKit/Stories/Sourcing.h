@@ -1,0 +1,19 @@
+#pragma once
+
+#include "NewsroomKit/Records/EnumTable.h"
+
+namespace newsroom {
+
+/// How firmly a story is sourced, from firmest to weakest.
+enum class Sourcing { confirmed, onRecord, report, rumor, unlabeled };
+
+template <>
+inline constexpr std::array<EnumRow<Sourcing>, 5> enumTable<Sourcing>{{
+    {Sourcing::confirmed, "confirmed", "Confirmed"},
+    {Sourcing::onRecord, "onRecord", "On the record"},
+    {Sourcing::report, "report", "Report"},
+    {Sourcing::rumor, "rumor", "Rumor"},
+    {Sourcing::unlabeled, "unlabeled", ""},
+}};
+
+}  // namespace newsroom
