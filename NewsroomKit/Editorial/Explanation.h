@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "NewsroomKit/Editorial/SourcingRules.h"
+#include "NewsroomKit/Editorial/StoryKindRules.h"
+
+namespace newsroom {
+
+/// A decision as a sentence for the reader, e.g. "Report: the headline says “reportedly”."
+std::string explanation(const KindDecision& decision);
+std::string explanation(const SourcingDecision& decision);
+
+}  // namespace newsroom

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace newsroom {
+
+/// One search phrase, the phrase test that every rule, query and alert shares. A phrase
+/// made of words matches only as whole words ("mac" neither in "macbook" nor in "imac",
+/// but in "mac-only"); a phrase with other punctuation is looked for as it stands.
+struct PhraseMatcher {
+    struct Plain {
+        std::string text;
+        bool operator==(const Plain&) const = default;
+    };
+    /// Matches where no letter and no number touches either end.
+    struct Bounded {
+        std::string text;
+        bool operator==(const Bounded&) const = default;
+    };
+    using Storage = std::variant<Plain, Bounded>;
+
+    Storage storage;
+    std::string phrase;  ///< normalised, spaces and tabs at both ends trimmed
+
+    explicit PhraseMatcher(std::string_view phrase);
+
+    /// The form in which texts are compared: folded (NewsroomKit/Text/Folding.h), curly
+    /// quotes straight, dashes and no-break spaces ordinary spaces. Runs of spaces and
+    /// other punctuation stay.
+    static std::string normalize(std::string_view text);
+    static void appendNormalized(std::string_view text, std::string& out);
+
+    /// Whether the phrase occurs in a text that is normalised already. The empty phrase
+    /// occurs nowhere.
+    bool matches(std::string_view normalizedText) const;
+
+    bool isBounded() const { return std::holds_alternative<Bounded>(storage); }
+
+    bool operator==(const PhraseMatcher&) const = default;
+};
+
+/// No letter and no number touches the bytes from `start` to `end` of the text.
+bool standsAsWords(std::string_view text, std::size_t start, std::size_t end);
+
+}  // namespace newsroom

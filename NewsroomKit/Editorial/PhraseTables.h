@@ -1,0 +1,68 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace newsroom {
+
+/// Every phrase table of the editorial rules.
+enum class PhraseTable {
+    // Story kind
+    kindExclusion, deal, review, roundup, sponsored, advertisement,
+    // Sourcing
+    fulfilledRumor, rumor, report, appleSpeaks, spokesperson, speech, release,
+    // Share price
+    stockExclusion, stock,
+    // Why the market moved
+    marketExclusion, marketEarnings, marketAnalysts, marketLegal, marketTrade, marketSupply,
+    marketSales, marketLeadership, marketDeal,
+    // About Apple at all
+    appleTopic
+};
+
+inline constexpr std::size_t phraseTableCount = 25;
+
+/// What people call the table, in the plural: "deal phrases".
+std::string_view tableName(PhraseTable table);
+
+/// The table's phrases in their order, already normalised.
+std::span<const std::string_view> phrases(PhraseTable table);
+
+/// Whether the table's phrases are looked for as they stand even where they are words.
+constexpr bool isPlainTable(PhraseTable table) {
+    return table == PhraseTable::kindExclusion;
+}
+
+/// For each table, its earliest phrase that occurs in a text: the answer that testing its
+/// phrases one by one, in order, would give.
+class PhraseHits {
+public:
+    std::optional<std::string_view> first(PhraseTable table) const;
+    bool has(PhraseTable table) const { return first_[index(table)] != none; }
+
+    /// True when this phrase is earlier in its table than those noted before.
+    bool note(PhraseTable table, std::uint16_t phraseIndex) {
+        auto& first = first_[index(table)];
+        if (phraseIndex >= first) return false;
+        first = phraseIndex;
+        return true;
+    }
+
+private:
+    static constexpr std::uint16_t none = 0xFFFF;
+    static constexpr std::size_t index(PhraseTable table) {
+        return static_cast<std::size_t>(table);
+    }
+
+    std::array<std::uint16_t, phraseTableCount> first_ = [] {
+        std::array<std::uint16_t, phraseTableCount> empty{};
+        empty.fill(none);
+        return empty;
+    }();
+};
+
+}  // namespace newsroom

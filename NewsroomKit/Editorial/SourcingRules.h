@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "NewsroomKit/Editorial/RuleHit.h"
+#include "NewsroomKit/Stories/Sourcing.h"
+
+namespace newsroom {
+
+class StoryScan;
+
+/// How a story is sourced and the phrases that say so.
+struct SourcingDecision {
+    Sourcing sourcing = Sourcing::unlabeled;
+    /// Nothing for an unlabeled story; the source itself for a story from Apple.
+    std::optional<RuleHit> why{};
+    /// The verb beside a spokesperson, who counts only when speaking.
+    std::optional<RuleHit> speech{};
+    /// The phrase that told of a rumor come true and so turned the rumor phrases off.
+    std::optional<RuleHit> rumorsTurnedOffBy{};
+
+    bool operator==(const SourcingDecision&) const = default;
+};
+
+/// How firmly a story is sourced, from its headline and the opening of its excerpt. The
+/// headline outranks the excerpt, a rumor outranks a report, and a report outranks what
+/// Apple says.
+namespace SourcingRules {
+
+Sourcing classify(std::string_view title, std::string_view summary, bool isAppleSource);
+SourcingDecision explain(std::string_view title, std::string_view summary, bool isAppleSource);
+/// For a story that does not come from a source of Apple's.
+SourcingDecision explain(const StoryScan& scan);
+/// For a story that does.
+SourcingDecision explainAppleSource();
+
+}  // namespace SourcingRules
+
+}  // namespace newsroom

@@ -1,0 +1,102 @@
+#include <algorithm>
+#include <limits>
+#include <memory>
+
+#include <unicode/brkiter.h>
+#include <unicode/locid.h>
+#include <unicode/utext.h>
+
+#include "NewsroomKit/Text/Unicode.h"
+#include "NewsroomKit/Text/Utf8.h"
+
+namespace newsroom {
+
+namespace {
+
+/// Code points that are a character of their own beside any other of these. Everything
+/// else (marks, joiners, emoji, Hangul, Indic letters, a CR that may have its LF) is left
+/// to ICU.
+constexpr bool standsAlone(char32_t codePoint) {
+    const bool latin = codePoint < 0x300 && codePoint != U'\r';
+    const bool quoteOrDash = codePoint >= 0x2010 && codePoint <= 0x2027;
+    return latin || quoteOrDash;
+}
+
+const icu::BreakIterator& prototype() {
+    static const std::unique_ptr<const icu::BreakIterator> iterator = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        return std::unique_ptr<const icu::BreakIterator>(
+            icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    }();
+    return *iterator;
+}
+
+struct Walk {
+    std::size_t characters;
+    std::size_t bytes;
+};
+
+/// Steps over at most `limit` characters with ICU's own rules.
+Walk walkByBoundaries(std::string_view text, std::size_t limit) {
+    UErrorCode status = U_ZERO_ERROR;
+    UText input = UTEXT_INITIALIZER;
+    utext_openUTF8(&input, text.data(), static_cast<std::int64_t>(text.size()), &status);
+    const std::unique_ptr<icu::BreakIterator> boundaries(prototype().clone());
+    boundaries->setText(&input, status);
+    Walk walk{.characters = 0, .bytes = 0};
+    while (walk.characters < limit) {
+        const std::int32_t boundary = boundaries->next();
+        if (boundary == icu::BreakIterator::DONE) break;
+        walk.bytes = static_cast<std::size_t>(boundary);
+        ++walk.characters;
+    }
+    utext_close(&input);
+    return walk;
+}
+
+/// Steps over at most `limit` code points that stand alone.
+Walk walkByCodePoints(std::string_view text, std::size_t limit) {
+    Walk walk{.characters = 0, .bytes = 0};
+    while (walk.characters < limit && walk.bytes < text.size()) {
+        const std::string_view rest = text.substr(walk.bytes, limit - walk.characters);
+        if (const std::size_t ascii = std::min(endOfASCII(rest, 0), rest.find('\r')); ascii > 0) {
+            walk.bytes += ascii;
+            walk.characters += ascii;
+            continue;
+        }
+        const DecodedCodePoint decoded = decodeUTF8(text, walk.bytes);
+        if (!standsAlone(decoded.value)) break;
+        walk.bytes += decoded.length;
+        ++walk.characters;
+    }
+    return walk;
+}
+
+/// Steps over at most `limit` characters, simple ones without ICU.
+Walk walk(std::string_view text, std::size_t limit) {
+    Walk simple = walkByCodePoints(text, limit);
+    if (simple.bytes == text.size()) return simple;
+    if (simple.characters == limit && standsAlone(decodeUTF8(text, simple.bytes).value)) {
+        return simple;
+    }
+    if (simple.characters > 0) {
+        // What follows may belong to the last character: take that one up again.
+        --simple.characters;
+        simple.bytes -= decodeUTF8Before(text, simple.bytes).length;
+    }
+    const Walk rest = walkByBoundaries(text.substr(simple.bytes), limit - simple.characters);
+    return {simple.characters + rest.characters, simple.bytes + rest.bytes};
+}
+
+}  // namespace
+
+std::size_t characterCount(std::string_view text) {
+    return walk(text, std::numeric_limits<std::size_t>::max()).characters;
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+    if (count == 0) return {};
+    return text.substr(0, walk(text, count).bytes);
+}
+
+}  // namespace newsroom
