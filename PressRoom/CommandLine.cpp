@@ -1,0 +1,49 @@
+#include "PressRoom/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+
+namespace pressroom {
+
+std::variant<CommandLine, int> readCommandLine(int argc, char** argv) {
+    CommandLine options;
+    CLI::App app(
+        "The press room: a loopback HTTPS server with a sample world of news.\n"
+        "It answers for every host of the desk's catalogue, so that the desk can be\n"
+        "tried without a network. Certificates come from an authority made at start.");
+    app.name("pressroom");
+    app.add_option("--port", options.port, "TCP port on 127.0.0.1; 0 picks a free one")
+        ->capture_default_str();
+    app.add_option("--files", options.files,
+                   "also serve the files of this folder, at https://files.press-room.example/")
+        ->type_name("DIR")
+        ->check(CLI::ExistingDirectory);
+    app.add_option("--world", options.world, "folder of the sample world")
+        ->type_name("DIR")
+        ->check(CLI::ExistingDirectory);
+    app.add_option(
+           "--anchor", options.anchor,
+           "moment the world's times count from, in seconds since 1970; the start by default")
+        ->type_name("SECONDS");
+    app.add_option("--speed", options.speed, "how many times faster than real time the world runs")
+        ->capture_default_str()
+        ->type_name("N")
+        ->check(CLI::Range(0.01, 100000.0));
+    app.add_option("--ca-dir", options.authorityDirectory,
+                   "where authority.pem and private-authority.pem are written; a temporary folder "
+                   "by default")
+        ->type_name("DIR");
+    app.add_flag("--ready-json", options.readyJSON,
+                 "announce the port and the authorities as one JSON line");
+    app.add_flag("--exit-with-parent", options.exitWithParent, "end when standard input closes");
+    app.add_flag("--with-silent-host", options.silentHost,
+                 "let one source take requests and never answer");
+    app.add_flag("--log", options.log, "write a line per request to standard error");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& complaint) {
+        return app.exit(complaint) == 0 ? 0 : 2;
+    }
+    return options;
+}
+
+}  // namespace pressroom

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <variant>
+
+namespace pressroom {
+
+struct CommandLine {
+    std::uint16_t port = 0;
+    std::optional<std::filesystem::path> files;
+    std::optional<std::filesystem::path> world;
+    std::optional<std::int64_t> anchor;  ///< seconds since 1970
+    double speed = 1;
+    std::optional<std::filesystem::path> authorityDirectory;
+    bool readyJSON = false;
+    bool exitWithParent = false;
+    bool silentHost = false;
+    bool log = false;
+};
+
+/// The options, or the exit status after help or a complaint was printed.
+std::variant<CommandLine, int> readCommandLine(int argc, char** argv);
+
+}  // namespace pressroom

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+#include "PressRoom/Answerer.h"
+
+namespace pressroom {
+
+/// Serves the files of one folder, and their list at "/". Nothing outside the folder is
+/// ever read, whatever ".." or symbolic link an address goes through.
+class FilesAnswerer : public Answerer {
+public:
+    static constexpr std::string_view host = "files.press-room.example";
+
+    /// Throws std::filesystem::filesystem_error when there is no such folder.
+    explicit FilesAnswerer(const std::filesystem::path& directory);
+
+    std::optional<Response> answer(const Request& request,
+                                   std::chrono::sys_seconds now) const override;
+
+private:
+    Response index() const;
+
+    std::filesystem::path directory_;
+};
+
+}  // namespace pressroom

@@ -1,0 +1,193 @@
+#include "PressRoom/World/WorldFile.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <string_view>
+#include <tuple>
+
+namespace newsroom {
+
+using namespace pressroom;
+
+template <>
+struct RecordShape<WorldPicture> {
+    static constexpr auto fields =
+        std::tuple{field("place", &WorldPicture::place), field("url", &WorldPicture::url)};
+};
+
+template <>
+struct RecordShape<WorldRevision> {
+    static constexpr auto fields = std::tuple{field("minutesAgo", &WorldRevision::minutesAgo),
+                                              field("title", &WorldRevision::title)};
+};
+
+template <>
+struct RecordShape<WorldFault> {
+    static constexpr auto fields =
+        std::tuple{field("status", &WorldFault::status), field("page", &WorldFault::page),
+                   field("retryAfter", &WorldFault::retryAfter),
+                   field("untilMinutesAgo", &WorldFault::untilMinutesAgo),
+                   field("silentOnRequest", &WorldFault::silentOnRequest)};
+};
+
+template <>
+struct RecordShape<WorldStory> {
+    static constexpr auto fields =
+        std::tuple{field("minutesAgo", &WorldStory::minutesAgo),
+                   field("title", &WorldStory::title),
+                   field("text", &WorldStory::text),
+                   field("html", &WorldStory::html),
+                   field("author", &WorldStory::author),
+                   field("link", &WorldStory::link),
+                   field("linkOf", &WorldStory::linkOf),
+                   field("tracking", &WorldStory::tracking),
+                   field("slug", &WorldStory::slug),
+                   field("publisher", &WorldStory::publisher),
+                   field("picture", &WorldStory::picture),
+                   field("revisions", &WorldStory::revisions),
+                   field("tags", &WorldStory::tags),
+                   field("datedMinutesAgo", &WorldStory::datedMinutesAgo),
+                   field("undated", &WorldStory::undated),
+                   field("guidOnly", &WorldStory::guidOnly),
+                   field("post", &WorldStory::post)};
+};
+
+template <>
+struct RecordShape<WorldSource> {
+    static constexpr auto fields = std::tuple{field("id", &WorldSource::id),
+                                              field("platform", &WorldSource::platform),
+                                              field("address", &WorldSource::address),
+                                              field("home", &WorldSource::home),
+                                              field("title", &WorldSource::title),
+                                              field("description", &WorldSource::description),
+                                              field("articles", &WorldSource::articles),
+                                              field("author", &WorldSource::author),
+                                              field("account", &WorldSource::account),
+                                              field("footer", &WorldSource::footer),
+                                              field("fault", &WorldSource::fault),
+                                              field("stories", &WorldSource::stories)};
+};
+
+}  // namespace newsroom
+
+namespace pressroom {
+namespace {
+
+using newsroom::RecordError;
+
+/// A misspelt optional key would otherwise be passed over in silence.
+template <class Record>
+void refuseUnknownKeys(const boost::json::value& value) {
+    for (const auto& pair : value.as_object()) {
+        const bool known =
+            std::apply([&](const auto&... field) { return ((field.key == pair.key()) || ...); },
+                       newsroom::RecordShape<Record>::fields);
+        if (!known) throw RecordError(std::string(pair.key()), "unknown key");
+    }
+}
+
+bool isWebAddress(std::string_view text) { return text.starts_with("https://") && text.size() > 8; }
+
+bool hasTitles(Platform platform) {
+    return platform != Platform::bluesky && platform != Platform::mastodon;
+}
+
+void checkStory(const WorldSource& source, const WorldStory& story) {
+    if (!std::isfinite(story.minutesAgo))
+        throw RecordError("minutesAgo", "not a number of minutes");
+    if (hasTitles(source.platform) != story.title.has_value()) {
+        throw RecordError(
+            "title", hasTitles(source.platform) ? "the key is missing" : "posts have no title");
+    }
+    if (story.link && story.linkOf) throw RecordError("linkOf", "\"link\" is given too");
+    if (story.link && !isWebAddress(*story.link)) throw RecordError("link", "not an https address");
+    if (source.platform == Platform::googleNews && !story.publisher && !source.author) {
+        throw RecordError("publisher", "neither the story nor the source names one");
+    }
+}
+
+template <class Check>
+void inside(const std::string& step, Check check) {
+    try {
+        check();
+    } catch (const RecordError& error) {
+        throw error.inside(step);
+    }
+}
+
+void checkSource(const WorldSource& source, const boost::json::value& value) {
+    refuseUnknownKeys<WorldSource>(value);
+    if (!isWebAddress(source.address)) throw RecordError("address", "not an https address");
+    if (!isWebAddress(source.home)) throw RecordError("home", "not an https address");
+    if (!isWebAddress(source.articles)) throw RecordError("articles", "not an https address");
+    if (const auto* fault = value.as_object().if_contains("fault")) {
+        inside("fault", [&] { refuseUnknownKeys<WorldFault>(*fault); });
+    }
+    const auto& stories = value.at("stories").as_array();
+    for (std::size_t i = 0; i < source.stories.size(); ++i) {
+        inside("stories[" + std::to_string(i) + "]", [&] {
+            refuseUnknownKeys<WorldStory>(stories[i]);
+            checkStory(source, source.stories[i]);
+        });
+    }
+}
+
+std::string contents(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) throw WorldError(file, "cannot be opened");
+    std::ostringstream text;
+    text << stream.rdbuf();
+    return text.str();
+}
+
+void claim(std::map<std::string, std::filesystem::path>& owners, const std::string& value,
+           const std::string& key, const std::filesystem::path& file) {
+    const auto [owner, isNew] = owners.emplace(value, file);
+    if (isNew) return;
+    throw WorldError(
+        file, key + ": \"" + value + "\" already belongs to " + owner->second.filename().string());
+}
+
+}  // namespace
+
+WorldError::WorldError(const std::filesystem::path& file, const std::string& reason)
+    : std::runtime_error(file.string() + ": " + reason) {}
+
+WorldSource readWorldSource(const std::filesystem::path& file) {
+    try {
+        const auto value = newsroom::parseJSON(contents(file));
+        auto source = newsroom::decode<WorldSource>(value);
+        checkSource(source, value);
+        return source;
+    } catch (const RecordError& error) {
+        throw WorldError(file, error.what());
+    }
+}
+
+World readWorld(const std::filesystem::path& directory) {
+    const auto folder = directory / "sources";
+    if (!std::filesystem::is_directory(folder)) {
+        throw WorldError(folder, "there is no such folder of sample sources");
+    }
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() == ".json") files.push_back(entry.path());
+    }
+    std::sort(files.begin(), files.end());
+    if (files.empty()) throw WorldError(folder, "holds no sample source");
+
+    World world;
+    std::map<std::string, std::filesystem::path> ids, addresses;
+    for (const auto& file : files) {
+        auto source = readWorldSource(file);
+        claim(ids, source.id, "id", file);
+        claim(addresses, source.address, "address", file);
+        world.push_back(std::move(source));
+    }
+    return world;
+}
+
+}  // namespace pressroom

@@ -1,0 +1,140 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "NewsroomKit/Records/Codec.h"
+
+namespace pressroom {
+
+/// The platform a feed is published with: decides the shape of its document.
+enum class Platform {
+    wordPress,
+    rss,
+    rdf,
+    atom,
+    linkedList,
+    appleNewsroom,
+    appleBulletin,
+    googleNews,
+    medium,
+    podcast,
+    youTube,
+    bluesky,
+    mastodon,
+    reddit
+};
+
+/// Where in an item its picture stands.
+enum class PicturePlace { mediaContent, mediaThumbnail, enclosure, inText, emojiThenText };
+
+struct WorldPicture {
+    PicturePlace place = PicturePlace::mediaContent;
+    std::string url;
+};
+
+/// A headline that replaces the earlier one when its time has come.
+struct WorldRevision {
+    double minutesAgo = 0;
+    std::string title;
+};
+
+/// One item as it stands in a data file. Times are minutes before the world's anchor;
+/// negative ones lie after it. README.md explains every key.
+struct WorldStory {
+    double minutesAgo = 0;
+    std::optional<std::string> title;
+    std::string text;
+    std::optional<std::string> html;
+    std::optional<std::string> author;
+    std::optional<std::string> link;
+    std::optional<std::string> linkOf;
+    std::optional<std::string> tracking;
+    std::optional<std::string> slug;
+    std::optional<std::string> publisher;
+    std::optional<WorldPicture> picture;
+    std::optional<std::vector<WorldRevision>> revisions;
+    std::optional<std::vector<std::string>> tags;
+    std::optional<double> datedMinutesAgo;
+    std::optional<bool> undated;
+    std::optional<bool> guidOnly;
+    std::optional<std::int64_t> post;
+};
+
+/// How a feed misbehaves instead of being served.
+struct WorldFault {
+    std::optional<std::int64_t> status;
+    std::optional<std::string> page;
+    std::optional<std::int64_t> retryAfter;
+    std::optional<double> untilMinutesAgo;
+    std::optional<bool> silentOnRequest;
+};
+
+/// One data file: a feed, its owner and its stories.
+struct WorldSource {
+    std::string id;
+    Platform platform = Platform::rss;
+    std::string address;  ///< of the feed
+    std::string home;     ///< page of the owner
+    std::string title;    ///< of the feed
+    std::string description;
+    std::string articles;  ///< pattern of the addresses of its stories
+    std::optional<std::string> author;
+    std::optional<std::string> account;
+    std::optional<std::string> footer;
+    std::optional<WorldFault> fault;
+    std::vector<WorldStory> stories;
+};
+
+using World = std::vector<WorldSource>;
+
+/// The sentence names the file and, when one is at fault, the key.
+class WorldError : public std::runtime_error {
+public:
+    WorldError(const std::filesystem::path& file, const std::string& reason);
+};
+
+/// Reads one data file and checks what can be checked in it alone. Throws WorldError.
+WorldSource readWorldSource(const std::filesystem::path& file);
+
+/// Reads every `sources/*.json` below `directory`, in the order of their names, and
+/// refuses two sources of one id or one address. Throws WorldError.
+World readWorld(const std::filesystem::path& directory);
+
+}  // namespace pressroom
+
+namespace newsroom {
+
+template <>
+inline constexpr std::array<EnumRow<pressroom::Platform>, 14> enumTable<pressroom::Platform>{{
+    {pressroom::Platform::wordPress, "wordPress", "WordPress"},
+    {pressroom::Platform::rss, "rss", "RSS 2.0"},
+    {pressroom::Platform::rdf, "rdf", "RSS 1.0"},
+    {pressroom::Platform::atom, "atom", "Atom"},
+    {pressroom::Platform::linkedList, "linkedList", "Linked list"},
+    {pressroom::Platform::appleNewsroom, "appleNewsroom", "Apple Newsroom"},
+    {pressroom::Platform::appleBulletin, "appleBulletin", "Apple Developer"},
+    {pressroom::Platform::googleNews, "googleNews", "Google News"},
+    {pressroom::Platform::medium, "medium", "Medium"},
+    {pressroom::Platform::podcast, "podcast", "Podcast"},
+    {pressroom::Platform::youTube, "youTube", "YouTube"},
+    {pressroom::Platform::bluesky, "bluesky", "Bluesky"},
+    {pressroom::Platform::mastodon, "mastodon", "Mastodon"},
+    {pressroom::Platform::reddit, "reddit", "Reddit"},
+}};
+
+template <>
+inline constexpr std::array<EnumRow<pressroom::PicturePlace>, 5> enumTable<pressroom::PicturePlace>{
+    {
+        {pressroom::PicturePlace::mediaContent, "mediaContent", "media:content"},
+        {pressroom::PicturePlace::mediaThumbnail, "mediaThumbnail", "media:thumbnail"},
+        {pressroom::PicturePlace::enclosure, "enclosure", "enclosure"},
+        {pressroom::PicturePlace::inText, "inText", "img"},
+        {pressroom::PicturePlace::emojiThenText, "emojiThenText", "emoji, then img"},
+    }};
+
+}  // namespace newsroom

@@ -1,0 +1,20 @@
+#include "PressRoom/World/WorldHandler.h"
+
+#include "PressRoom/World/PageAnswerer.h"
+
+namespace pressroom {
+
+WorldHandler::WorldHandler(World world, WorldClock clock, FeedAnswerer::SilentHosts silentHosts,
+                           Answerers further)
+    : world_(std::move(world), clock.anchor),
+      clock_(std::move(clock)),
+      answerers_(std::move(further)) {
+    answerers_.push_back(std::make_unique<FeedAnswerer>(world_, silentHosts));
+    answerers_.push_back(std::make_unique<PageAnswerer>(world_));
+}
+
+Response WorldHandler::operator()(const Request& request) const {
+    return answerInTurn(answerers_, request, clock_.now());
+}
+
+}  // namespace pressroom

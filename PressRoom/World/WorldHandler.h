@@ -1,0 +1,33 @@
+#pragma once
+
+#include "PressRoom/Answerer.h"
+#include "PressRoom/World/FeedAnswerer.h"
+#include "PressRoom/World/PublishedWorld.h"
+#include "PressRoom/World/WorldClock.h"
+
+namespace pressroom {
+
+/// Answers for every host of the sample world.
+///
+///     WorldHandler world(readWorld(directory), {.anchor = anchor});
+///     Server server(std::ref(world));
+class WorldHandler {
+public:
+    /// `further` are asked before the world's own answerers. Throws std::runtime_error when
+    /// the stories do not fit together.
+    WorldHandler(World world, WorldClock clock,
+                 FeedAnswerer::SilentHosts silentHosts = FeedAnswerer::SilentHosts::no,
+                 Answerers further = {});
+
+    /// Safe from several threads.
+    Response operator()(const Request& request) const;
+
+    const PublishedWorld& world() const { return world_; }
+
+private:
+    PublishedWorld world_;
+    WorldClock clock_;
+    Answerers answerers_;
+};
+
+}  // namespace pressroom
