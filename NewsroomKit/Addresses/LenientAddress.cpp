@@ -91,7 +91,7 @@ std::optional<std::string> strictAddress(std::string_view text) {
     appendEscaped(out, beforeFragment.substr(0, question), ":@/");
     if (question != std::string_view::npos) {
         out += '?';
-        appendEscaped(out, beforeFragment.substr(question + 1), ":@/?[]");
+        appendEscaped(out, beforeFragment.substr(question + 1), ":@/?");
     }
     if (hash != std::string_view::npos) {
         out += '#';

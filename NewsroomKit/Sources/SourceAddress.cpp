@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "NewsroomKit/Addresses/LenientAddress.h"
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/FeedAddresses.h"
 #include "NewsroomKit/Sources/PlatformHosts.h"
@@ -80,7 +81,7 @@ std::vector<std::string> candidates(std::string_view typed) {
     const auto address = WebAddress::parse(full);
     if (!address) return {};
     if (auto feed = platformFeed(*address)) return {std::move(*feed)};
-    return {full};
+    return {strictAddress(full).value_or(full)};
 }
 
 }  // namespace newsroom::SourceAddress

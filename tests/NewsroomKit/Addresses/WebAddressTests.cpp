@@ -17,6 +17,7 @@ TEST(WebAddress, WhatAStrictParserRefusesIsEscapedAndEscapesStay) {
         {"https://example.com/100%", "https://example.com/100%25"},
         {"https://example.com/100%/%zz%20", "https://example.com/100%25/%25zz%20"},
         {"https://example.com/a|b\"c?d|e#f g", "https://example.com/a%7Cb%22c?d%7Ce#f%20g"},
+        {"https://example.com/?a[]=1&b=[x]", "https://example.com/?a%5B%5D=1&b=%5Bx%5D"},
         {"HTTPS://Example.COM:8080/A", "https://example.com:8080/A"},
         {"https://b\u00fccher.example/x", "https://xn--bcher-kva.example/x"},
         {"https://user:p%40ss@[2001:DB8::1]:8443/x", "https://user:p%40ss@[2001:db8::1]:8443/x"},

@@ -38,6 +38,7 @@ TEST(SourceAddress, WhatAPersonTypesLeadsToItsFeed) {
         // Everything else is tried as it stands.
         {"example.com", "https://example.com"},
         {"http://example.com/feed", "http://example.com/feed"},
+        {"Example.com/my feed.xml?a=1&b=%7e#x", "https://Example.com/my%20feed.xml?a=1&b=%7e#x"},
         {"notreddit.com/r/apple", "https://notreddit.com/r/apple"},
     };
     for (const auto& c : cases) {

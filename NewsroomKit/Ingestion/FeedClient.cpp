@@ -1,0 +1,146 @@
+#include "NewsroomKit/Ingestion/FeedClient.h"
+
+#include <exception>
+#include <optional>
+
+#include <boost/asio/as_tuple.hpp>
+#include <boost/asio/co_spawn.hpp>
+#include <boost/asio/deferred.hpp>
+#include <boost/asio/experimental/parallel_group.hpp>
+#include <boost/asio/steady_timer.hpp>
+#include <boost/asio/this_coro.hpp>
+#include <boost/asio/use_awaitable.hpp>
+
+#include "NewsroomKit/Feeds/FeedParser.h"
+#include "NewsroomKit/Ingestion/PageFeedLinks.h"
+
+namespace newsroom {
+
+namespace asio = boost::asio;
+
+namespace {
+
+// A page names its main feed first; what follows are feeds of comments and sections.
+constexpr std::size_t kMostLinksTried = 3;
+
+constexpr std::string_view kNoStories = "That feed has no stories in it.";
+
+SourceFetch::Failed failedWith(const FetchError& error) {
+    return {.text = error.description(), .cancelled = error == FetchError(URLError::cancelled)};
+}
+
+}  // namespace
+
+/// What a body turned out to be.
+struct FeedClient::Reading {
+    std::variant<SourceFetch::Stories, FeedParserError> result = FeedParserError::notAFeed;
+    std::vector<std::string> feedLinks = {};  ///< of a web page
+};
+
+/// One pass over many sources: the queue, and an alarm for workers that wait until a host
+/// has room again.
+struct FeedClient::Pass {
+    FetchQueue queue;
+    Arrival arrival;
+    asio::steady_timer roomMade;
+};
+
+FeedClient::FeedClient(HTTPClient& http, const StoryConversion& conversion, asio::thread_pool& workers,
+                       Clock clock, Options options)
+    : http_(http), conversion_(conversion), workers_(workers), clock_(std::move(clock)), options_(options) {}
+
+asio::awaitable<SourceFetch> FeedClient::fetch(NewsSource source) {
+    co_return co_await fetchFrom(source.feedURL, source);
+}
+
+asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const NewsSource& source) {
+    auto exchange = co_await http_.exchange(address, options_.conditional, kByteLimit);
+    SourceFetch fetch{.outcome = SourceFetch::Unchanged{}, .record = exchange.record};
+    if (!exchange.result) {
+        fetch.outcome = failedWith(exchange.result.error());
+        co_return fetch;
+    }
+    auto* fresh = std::get_if<HTTPClient::Fresh>(&exchange.result.value());
+    if (!fresh) co_return fetch;
+
+    auto reading = co_await read(std::move(fresh->body), source, address);
+    if (auto* stories = std::get_if<SourceFetch::Stories>(&reading.result)) {
+        if (stories->list.empty()) {
+            http_.validators().forget(address);
+            fetch.outcome = SourceFetch::Failed{std::string(kNoStories)};
+        } else {
+            fetch.outcome = std::move(*stories);
+        }
+        co_return fetch;
+    }
+
+    // A body that did not parse must come again: a 304 would hide that it was mended.
+    http_.validators().forget(address);
+    const auto error = std::get<FeedParserError>(reading.result);
+    fetch.outcome = SourceFetch::Failed{std::string(description(error))};
+    if (address != source.feedURL) co_return fetch;
+    for (const auto& link : reading.feedLinks) {
+        if (link == address) continue;
+        auto linked = co_await fetchFrom(link, source);
+        if (!std::holds_alternative<SourceFetch::Failed>(linked.outcome)) co_return linked;
+    }
+    co_return fetch;
+}
+
+asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const NewsSource& source,
+                                                      std::string address) {
+    const auto parseOnWorker = [&]() -> asio::awaitable<Reading> {
+        Reading reading;
+        auto parsed = parseFeed(body);
+        if (parsed) {
+            reading.result = SourceFetch::Stories{
+                .list = conversion_.stories(parsed.value().entries, source, clock_()),
+                .feedTitle = std::move(parsed.value().title),
+                .feedURL = address};
+        } else {
+            reading.result = parsed.error();
+            reading.feedLinks = pageFeedLinks(body, address);
+            if (reading.feedLinks.size() > kMostLinksTried) reading.feedLinks.resize(kMostLinksTried);
+        }
+        co_return reading;
+    };
+    co_return co_await asio::co_spawn(workers_, parseOnWorker, asio::use_awaitable);
+}
+
+asio::awaitable<void> FeedClient::work(Pass& pass) {
+    const auto cancellation = co_await asio::this_coro::cancellation_state;
+    while (cancellation.cancelled() == asio::cancellation_type::none && !pass.queue.isEmpty()) {
+        const auto source = pass.queue.take();
+        if (!source) {
+            co_await pass.roomMade.async_wait(asio::as_tuple(asio::use_awaitable));
+            continue;
+        }
+        auto fetched = co_await fetch(*source);
+        pass.queue.finished(*source);
+        pass.roomMade.cancel();
+        pass.arrival(*source, std::move(fetched));
+    }
+}
+
+asio::awaitable<void> FeedClient::fetchAll(std::vector<NewsSource> sources, Arrival arrival) {
+    const auto executor = co_await asio::this_coro::executor;
+    const auto crowd = std::min<std::size_t>(static_cast<std::size_t>(options_.concurrency), sources.size());
+    if (crowd == 0) co_return;
+    Pass pass{FetchQueue(std::move(sources), options_.hostLimits), std::move(arrival),
+              asio::steady_timer(executor, asio::steady_timer::time_point::max())};
+
+    using Worker = decltype(asio::co_spawn(executor, work(pass), asio::deferred));
+    std::vector<Worker> workers;
+    for (std::size_t i = 0; i < crowd; ++i) {
+        workers.push_back(asio::co_spawn(executor, work(pass), asio::deferred));
+    }
+    // A failure of `arrival` ends the pass: the other workers are cancelled.
+    const auto [order, failures] =
+        co_await asio::experimental::make_parallel_group(std::move(workers))
+            .async_wait(asio::experimental::wait_for_one_error(), asio::use_awaitable);
+    for (const auto index : order) {
+        if (failures[index]) std::rethrow_exception(failures[index]);
+    }
+}
+
+}  // namespace newsroom

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+#include <boost/asio/awaitable.hpp>
+#include <boost/asio/thread_pool.hpp>
+
+#include "NewsroomKit/HTTP/HTTPClient.h"
+#include "NewsroomKit/Ingestion/FetchQueue.h"
+#include "NewsroomKit/Ingestion/SourceFetch.h"
+#include "NewsroomKit/Ingestion/StoryConversion.h"
+#include "NewsroomKit/Records/Instant.h"
+#include "NewsroomKit/Sources/NewsSource.h"
+
+namespace newsroom {
+
+/// Fetches sources and makes their stories: request, parse, convert, label. Waiting happens
+/// in coroutines of the caller's executor, which must run one handler at a time; parsing
+/// and converting happen on the worker threads.
+class FeedClient {
+public:
+    static constexpr std::size_t kByteLimit = 6'291'456;
+
+    using Clock = std::function<Instant()>;
+
+    struct Options {
+        int concurrency = 24;  ///< sources fetched at once
+        Conditional conditional = Conditional::yes;
+        FetchQueue::Limits hostLimits = {};
+    };
+
+    /// Called on the caller's executor, once for every source, in the order of their ends.
+    using Arrival = std::function<void(const NewsSource&, SourceFetch)>;
+
+    FeedClient(HTTPClient& http, const StoryConversion& conversion, boost::asio::thread_pool& workers,
+               Clock clock, Options options);
+
+    boost::asio::awaitable<SourceFetch> fetch(NewsSource source);
+
+    /// Ends when every source has arrived, or soon after it is cancelled.
+    boost::asio::awaitable<void> fetchAll(std::vector<NewsSource> sources, Arrival arrival);
+
+private:
+    struct Reading;
+    struct Pass;
+
+    boost::asio::awaitable<Reading> read(std::string body, const NewsSource& source, std::string address);
+    boost::asio::awaitable<SourceFetch> fetchFrom(std::string address, const NewsSource& source);
+    boost::asio::awaitable<void> work(Pass& pass);
+
+    HTTPClient& http_;
+    const StoryConversion& conversion_;
+    boost::asio::thread_pool& workers_;
+    Clock clock_;
+    Options options_;
+};
+
+}  // namespace newsroom

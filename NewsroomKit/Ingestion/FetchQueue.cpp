@@ -1,0 +1,47 @@
+#include "NewsroomKit/Ingestion/FetchQueue.h"
+
+#include <algorithm>
+
+#include "NewsroomKit/Addresses/WebAddress.h"
+#include "NewsroomKit/Sources/PlatformHosts.h"
+
+namespace newsroom {
+
+namespace {
+
+std::string hostOf(const NewsSource& source) {
+    const auto address = WebAddress::parse(source.feedURL);
+    return address ? address->host : std::string();
+}
+
+}  // namespace
+
+FetchQueue::FetchQueue(std::vector<NewsSource> sources, Limits limits) : limits_(limits) {
+    for (auto& source : sources) {
+        auto host = hostOf(source);
+        waiting_.push_back({std::move(source), std::move(host)});
+    }
+}
+
+std::optional<NewsSource> FetchQueue::take() {
+    const auto next = std::find_if(waiting_.begin(), waiting_.end(),
+                                   [&](const Waiting& entry) { return hasRoom(entry.host); });
+    if (next == waiting_.end()) return std::nullopt;
+    NewsSource source = std::move(next->source);
+    ++inFlight_[next->host];
+    waiting_.erase(next);
+    return source;
+}
+
+void FetchQueue::finished(const NewsSource& source) {
+    const auto entry = inFlight_.find(hostOf(source));
+    if (entry != inFlight_.end() && --entry->second == 0) inFlight_.erase(entry);
+}
+
+bool FetchQueue::hasRoom(const std::string& host) const {
+    const auto entry = inFlight_.find(host);
+    const int limit = isHostOrSubhost(host, hosts::kReddit) ? limits_.reddit : limits_.perHost;
+    return entry == inFlight_.end() || entry->second < limit;
+}
+
+}  // namespace newsroom

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace newsroom {
+
+/// Text of a piece of HTML with the links that stand in it, for finding what a text refers
+/// to. Not for showing: white space and characters are kept as they come.
+struct LinkedText {
+    struct Link {
+        std::size_t begin = 0;  ///< first byte of the link's words in `text`
+        std::size_t end = 0;
+        std::string address;    ///< http(s) addresses only
+    };
+
+    std::string text;
+    std::vector<Link> links;  ///< in order, never overlapping
+};
+
+LinkedText linkedText(std::string_view html);
+
+/// The value of an attribute inside a tag, entities decoded; empty when there is none.
+/// `tag` is the tag's inside, without its angle brackets; the name is in lower case.
+std::string attributeValue(std::string_view tag, std::string_view name);
+
+}  // namespace newsroom

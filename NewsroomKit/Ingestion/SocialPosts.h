@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "NewsroomKit/Records/Instant.h"
+
+namespace newsroom {
+
+/// A post on a social platform, as its address tells.
+struct SocialPost {
+    std::string platform;  ///< "X", "Bluesky", "Mastodon", "Threads"
+    std::string account;   ///< "@name", with "@server" where accounts need one
+    /// Read from the post's number where the platform counts time in it.
+    std::optional<Instant> postedAt;
+};
+
+/// Nothing when the address is not one of a single post.
+std::optional<SocialPost> socialPost(std::string_view address);
+
+}  // namespace newsroom

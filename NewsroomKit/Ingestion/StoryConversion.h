@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "NewsroomKit/Feeds/FeedEntry.h"
+#include "NewsroomKit/Records/Instant.h"
+#include "NewsroomKit/Sources/NewsSource.h"
+#include "NewsroomKit/Stories/CanonicalLink.h"
+#include "NewsroomKit/Stories/Story.h"
+
+namespace newsroom {
+
+/// Makes stories from feed entries; the only place where one becomes the other.
+class StoryConversion {
+public:
+    /// `links` is shared by all conversions of the process and must outlive this.
+    explicit StoryConversion(CanonicalLinks& links) : links_(links) {}
+
+    /// Nothing when the entry is refused: no headline, or no http(s) link with a host.
+    std::optional<Story> story(const FeedEntry& entry, const NewsSource& source, Instant now) const;
+
+    /// The stories of a whole feed in its order, refused entries left out.
+    std::vector<Story> stories(const std::vector<FeedEntry>& entries, const NewsSource& source,
+                               Instant now) const;
+
+private:
+    CanonicalLinks& links_;
+};
+
+}  // namespace newsroom

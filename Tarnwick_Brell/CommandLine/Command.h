@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+#include "Tarnwick_Brell/CommandLine/Session.h"
+
+namespace CLI {
+class App;
+}
+
+namespace brell {
+
+/// What a subcommand does once the command line is read; the exit status.
+using Command = std::function<int(Session&)>;
+
+/// Each adds its subcommand to `app` and, when the user chose it, sets `chosen`.
+void addRefreshCommand(CLI::App& app, Command& chosen);
+void addWireCommand(CLI::App& app, Command& chosen);
+void addStoryCommand(CLI::App& app, Command& chosen);
+void addSourcesCommand(CLI::App& app, Command& chosen);
+void addSettingsCommand(CLI::App& app, Command& chosen);
+void addInspectCommand(CLI::App& app, Command& chosen);
+
+}  // namespace brell

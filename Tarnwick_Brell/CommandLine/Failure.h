@@ -1,0 +1,25 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace brell {
+
+/// Exit statuses of every subcommand.
+inline constexpr int kDone = 0;
+inline constexpr int kWorkFailed = 1;
+inline constexpr int kWrongUsage = 2;
+
+/// The work failed; what() is the sentence that the user reads.
+class WorkFailed : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// The words after a subcommand make no sense together.
+class WrongUsage : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+}  // namespace brell

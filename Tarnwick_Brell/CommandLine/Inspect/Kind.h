@@ -1,0 +1,66 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include <boost/json.hpp>
+
+#include "NewsroomKit/Records/Codec.h"
+#include "NewsroomKit/Stories/CanonicalLink.h"
+
+/// Pure functions of the core on data from standard input, one JSON object a line.
+namespace brell::inspect {
+
+using newsroom::DateStyle;
+namespace json = boost::json;
+
+/// Throws newsroom::RecordError or WorkFailed; the sentence becomes the line's "error".
+using Answer = json::object (*)(const json::object& input);
+
+struct Kind {
+    std::string_view name;
+    std::string_view takes;  ///< keys of the input, for --help
+    Answer answer;
+};
+
+std::span<const Kind> kinds();
+
+/// The value of a required key. Throws newsroom::RecordError naming it.
+template <class T>
+T required(const json::object& input, std::string_view key) {
+    const auto* value = input.if_contains(key);
+    if (!value) throw newsroom::RecordError(std::string(key), "the key is missing");
+    try {
+        return newsroom::decode<T>(*value);
+    } catch (const newsroom::RecordError& error) {
+        throw error.inside(std::string(key));
+    }
+}
+
+/// The document that a line means: its "text", or the file at its "path".
+std::string document(const json::object& input);
+
+// Text and rules
+json::object fold(const json::object& input);
+json::object phrase(const json::object& input);
+json::object label(const json::object& input);
+
+// Addresses and identity
+json::object link(const json::object& input);
+json::object storyID(const json::object& input);
+json::object publisher(const json::object& input);
+json::object address(const json::object& input);
+json::object catalogue(const json::object& input);
+
+// Feeds and stories
+json::object date(const json::object& input);
+json::object feed(const json::object& input);
+json::object excerpt(const json::object& input);
+json::object stories(const json::object& input);
+json::object story(const json::object& input);
+
+// Queries
+json::object query(const json::object& input);
+
+}  // namespace brell::inspect

@@ -1,0 +1,44 @@
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
+
+namespace brell::inspect {
+
+std::span<const Kind> kinds() {
+    static constexpr std::array<Kind, 14> all{{
+        {"fold", "text", fold},
+        {"phrase", "phrase, text", phrase},
+        {"link", "link", link},
+        {"storyid", "text", storyID},
+        {"publisher", "link, feed", publisher},
+        {"label", "title, summary, isAppleSource", label},
+        {"address", "text", address},
+        {"catalogue", "nothing: {}", catalogue},
+        {"date", "text", date},
+        {"feed", "path or text", feed},
+        {"excerpt", "html, limit", excerpt},
+        {"stories", "path or text, source, now", stories},
+        {"story", "entry, source, now", story},
+        {"query", "query, stories", query},
+    }};
+    return all;
+}
+
+std::string document(const json::object& input) {
+    if (input.contains("text")) return required<std::string>(input, "text");
+    if (!input.contains("path")) throw newsroom::RecordError("", "either path or text is needed");
+    const auto path = required<std::string>(input, "path");
+    std::error_code error;
+    std::ifstream file(path, std::ios::binary);
+    if (!file || !std::filesystem::is_regular_file(path, error)) {
+        throw WorkFailed("The file " + path + " can't be read.");
+    }
+    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    return bytes;
+}
+
+}  // namespace brell::inspect

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace brell {
+
+/// Standard output does not take what is written to it.
+class OutputError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Standard output, buffered. Throws OutputError when the reader is gone or the disk full.
+class Output {
+public:
+    Output();
+
+    void write(std::string_view text);
+    void line(std::string_view text = {});
+    void flush();
+
+    /// Columns of the terminal; nothing is known about a pipe, so lines are not cut there.
+    std::size_t width() const { return width_; }
+    bool isTerminal() const { return terminal_; }
+
+    /// `text` in bold or dimmed letters, where colours are wanted and a terminal shows them.
+    std::string bold(std::string_view text) const { return styled("1", text); }
+    std::string dim(std::string_view text) const { return styled("2", text); }
+
+private:
+    std::string styled(std::string_view code, std::string_view text) const;
+
+    std::string buffer_;
+    std::size_t width_;
+    bool terminal_;
+    bool styles_;
+};
+
+/// A step of long work, on standard error and only when that is a terminal.
+void showProgress(std::string_view text);
+
+}  // namespace brell

@@ -1,0 +1,79 @@
+#include "Tarnwick_Brell/CommandLine/RefreshText.h"
+
+#include <chrono>
+#include <string_view>
+
+#include <fmt/format.h>
+
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+
+namespace brell {
+
+namespace {
+
+using desk::SourceOutcome;
+
+std::string_view outcomeName(SourceOutcome::Kind kind) {
+    switch (kind) {
+        case SourceOutcome::Kind::stories: return "stories";
+        case SourceOutcome::Kind::unchanged: return "unchanged";
+        case SourceOutcome::Kind::failed: return "failed";
+        case SourceOutcome::Kind::notDue: return "notDue";
+    }
+    return "";
+}
+
+std::string outcomeText(const SourceOutcome& outcome) {
+    switch (outcome.kind) {
+        case SourceOutcome::Kind::stories: {
+            std::string text = outcome.merged.added > 0 ? fmt::format("{} new", outcome.merged.added) : "nothing new";
+            if (outcome.merged.revised > 0) text += fmt::format(", {} revised", outcome.merged.revised);
+            return text;
+        }
+        case SourceOutcome::Kind::unchanged: return "unchanged";
+        case SourceOutcome::Kind::failed: return "failed: " + printable(outcome.status.lastError.value_or(""));
+        case SourceOutcome::Kind::notDue: {
+            const auto pause = std::chrono::duration<double>(outcome.source.minimumInterval);
+            return fmt::format("not asked: at most every {:.0f} min", pause.count() / 60);
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+void printOutcomes(Session& session, const std::vector<SourceOutcome>& outcomes) {
+    std::size_t columns = 0;
+    for (const auto& outcome : outcomes) columns = std::max(columns, columnsOf(printable(outcome.source.name)));
+    desk::MergeCount total;
+    for (const auto& outcome : outcomes) {
+        session.out().line(fmt::format("{}  {}", padTo(printable(outcome.source.name), columns),
+                                       outcomeText(outcome)));
+        total += outcome.merged;
+    }
+    session.out().line(fmt::format("{} new {} from {} {}.", total.added, total.added == 1 ? "story" : "stories",
+                                   outcomes.size(), outcomes.size() == 1 ? "source" : "sources"));
+}
+
+void printOutcomesJSON(Session& session, const std::vector<SourceOutcome>& outcomes) {
+    boost::json::array sources;
+    desk::MergeCount total;
+    for (const auto& outcome : outcomes) {
+        total += outcome.merged;
+        boost::json::object entry{
+            {"id", outcome.source.id},
+            {"name", outcome.source.name},
+            {"outcome", outcomeName(outcome.kind)},
+            {"added", outcome.merged.added},
+            {"revised", outcome.merged.revised},
+            {"status", newsroom::encode(outcome.status)},
+            {"bytes", outcome.record.bytesOnWire},
+            {"milliseconds", std::chrono::duration_cast<std::chrono::milliseconds>(outcome.record.elapsed).count()}};
+        if (outcome.record.movedTo) entry["movedTo"] = *outcome.record.movedTo;
+        sources.push_back(std::move(entry));
+    }
+    session.out().line(boost::json::serialize(boost::json::object{
+        {"sources", std::move(sources)}, {"added", total.added}, {"revised", total.revised}}));
+}
+
+}  // namespace brell

@@ -1,0 +1,66 @@
+#include "Tarnwick_Brell/CommandLine/Session.h"
+
+#include <chrono>
+#include <stdexcept>
+
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+
+namespace brell {
+
+namespace {
+
+// Its certificate is signed by an authority that systems do not know.
+constexpr const char* kUpdateCatalogueHost = "gdmf.apple.com";
+
+std::optional<std::filesystem::path> dataDir(const GlobalOptions& options) {
+    if (options.dataDir || !options.demo) return options.dataDir;
+    return demoDataDir();
+}
+
+}  // namespace
+
+newsroom::Instant currentInstant() {
+    return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
+}
+
+Session::Session(GlobalOptions options)
+    : options_(std::move(options)), now_(currentInstant()), paths_(desk::Paths::forUser(dataDir(options_))) {
+    if (options_.demo && (options_.connectTo || options_.caFile)) {
+        throw WrongUsage("--demo brings its own press room, so --connect-to and --ca-file can't go with it.");
+    }
+}
+
+desk::LocalStore& Session::store() {
+    if (!store_) {
+        paths_.createFolders();
+        store_ = std::make_unique<desk::LocalStore>(paths_.library, desk::Database::Access::readWrite);
+    }
+    return *store_;
+}
+
+desk::LocalStore* Session::storeForReading() {
+    if (!store_ && std::filesystem::exists(paths_.library)) {
+        store_ = std::make_unique<desk::LocalStore>(paths_.library, desk::Database::Access::readOnly);
+    }
+    return store_.get();
+}
+
+desk::Defaults& Session::defaults() {
+    if (!defaults_) defaults_ = std::make_unique<desk::Defaults>(paths_.settings);
+    return *defaults_;
+}
+
+newsroom::CurlTransport::Options Session::network() {
+    newsroom::CurlTransport::Options network{.connectTo = options_.connectTo, .caFile = options_.caFile};
+    if (options_.demo) {
+        if (store_) throw std::logic_error("the network must be asked for before the store");
+        if (!pressRoom_) pressRoom_ = std::make_unique<DemoPressRoom>(paths_.library.parent_path(), now_);
+        network.connectTo = pressRoom_->address();
+        network.caFile = pressRoom_->authority();
+    } else if (const auto authority = defaults().updateCatalogueAuthority()) {
+        network.extraAuthorities.emplace(kUpdateCatalogueHost, *authority);
+    }
+    return network;
+}
+
+}  // namespace brell

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "NewsroomKit/HTTP/CurlTransport.h"
+#include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/CommandLine/DemoPressRoom.h"
+#include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
+#include "Tarnwick_Brell/CommandLine/Output.h"
+#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
+#include "Tarnwick_Brell/Storage/Paths.h"
+
+namespace brell {
+
+/// The wall clock, asked only here.
+newsroom::Instant currentInstant();
+
+/// One run of the command line: its options, its output and the user's store. What a command
+/// does not ask for is not opened.
+class Session {
+public:
+    explicit Session(GlobalOptions options);
+
+    const GlobalOptions& options() const { return options_; }
+    Output& out() { return out_; }
+    newsroom::Instant now() const { return now_; }
+
+    /// The library for a command that changes it. Throws desk::StoreError.
+    desk::LocalStore& store();
+    /// The library for a command that only reads: nothing when there is none yet.
+    desk::LocalStore* storeForReading();
+    desk::Defaults& defaults();
+
+    /// How to reach the network. To be asked before the store: for the demonstration it
+    /// starts the press room, which may begin a new world with an empty library.
+    newsroom::CurlTransport::Options network();
+
+private:
+    GlobalOptions options_;
+    Output out_;
+    newsroom::Instant now_;
+    desk::Paths paths_;
+    std::unique_ptr<DemoPressRoom> pressRoom_;
+    std::unique_ptr<desk::LocalStore> store_;
+    std::unique_ptr<desk::Defaults> defaults_;
+};
+
+}  // namespace brell

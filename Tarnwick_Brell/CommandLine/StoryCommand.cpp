@@ -1,0 +1,86 @@
+#include <memory>
+#include <string>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include "NewsroomKit/Stories/StoryShape.h"
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/StoryText.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::Story;
+
+constexpr std::size_t kTextWidth = 88;
+
+void printField(Output& out, std::string_view name, std::string_view value) {
+    if (!value.empty()) out.line(fmt::format("{:<12}{}", name, printable(value)));
+}
+
+void printCredits(Output& out, const Story& story) {
+    for (const auto& credit : story.credits) {
+        std::string line = credit.name;
+        if (credit.platform) line += " on " + *credit.platform;
+        if (credit.postedAt) line += ", " + dayAndTime(*credit.postedAt);
+        if (credit.detail) line += " (“" + *credit.detail + "”)";
+        if (credit.url) line += "  " + *credit.url;
+        printField(out, "Credits", line);
+    }
+}
+
+void print(Session& session, const desk::StoredStory& stored) {
+    const Story& story = stored.story;
+    Output& out = session.out();
+    out.line(out.bold(wrapped(printable(story.title), kTextWidth, "")));
+    if (!story.summary.empty()) {
+        out.line();
+        out.line(wrapped(printable(story.summary), kTextWidth, ""));
+    }
+    out.line();
+    printField(out, "Outlet", outletLine(story));
+    printField(out, "Author", story.author.value_or(""));
+    printField(out, "Published",
+               dayAndTime(story.publishedAt) + " (" + age(story.publishedAt, session.now()) + ")");
+    printField(out, "First seen", dayAndTime(stored.firstSeen));
+    printField(out, "Kind", kindReason(story));
+    printField(out, "Sourcing", sourcingReason(story));
+    printCredits(out, story);
+    printField(out, "Link", story.link);
+    printField(out, "Article", story.articleLink.value_or(""));
+    printField(out, "Picture", story.imageURL.value_or(""));
+    if (story.wordpressID) printField(out, "Post number", std::to_string(*story.wordpressID));
+    printField(out, "Source id", story.sourceID);
+    printField(out, "Story id", story.id);
+}
+
+void printJSON(Session& session, const desk::StoredStory& stored) {
+    boost::json::object object = newsroom::encode(stored.story).get_object();
+    object["firstSeen"] = newsroom::encode(stored.firstSeen);
+    object["why"] = {{"kind", kindReason(stored.story)}, {"sourcing", sourcingReason(stored.story)}};
+    session.out().line(boost::json::serialize(object));
+}
+
+int runStory(Session& session, const std::string& id) {
+    auto* store = session.storeForReading();
+    const auto found = store && !id.empty() ? store->stories().findByID(id, 2) : std::vector<desk::StoredStory>();
+    if (found.empty()) throw WorkFailed("There is no story with the id " + id + ". brell wire shows the ids.");
+    if (found.size() > 1) throw WorkFailed("Several stories have ids that begin with " + id + ". Add more of it.");
+    session.options().json ? printJSON(session, found.front()) : print(session, found.front());
+    return kDone;
+}
+
+}  // namespace
+
+void addStoryCommand(CLI::App& app, Command& chosen) {
+    auto id = std::make_shared<std::string>();
+    auto* command = app.add_subcommand("story", "Show one story, and why it is labelled as it is");
+    command->add_option("ID", *id, "The story's id or its beginning, as brell wire shows it")->required();
+    command->callback([id, &chosen] { chosen = [id](Session& session) { return runStory(session, *id); }; });
+}
+
+}  // namespace brell

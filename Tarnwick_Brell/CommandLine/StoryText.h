@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "NewsroomKit/Stories/Story.h"
+
+/// Parts of a story as the command line shows them.
+namespace brell {
+
+/// "Six Colors", or "Daring Fireball → The Verge" when the link leads elsewhere.
+std::string outletLine(const newsroom::Story& story);
+
+/// "Deal", "Report", "Video · Rumor"; empty for unlabeled coverage.
+std::string labelLine(const newsroom::Story& story);
+
+/// Why the story has its kind and its sourcing, a sentence each.
+std::string kindReason(const newsroom::Story& story);
+std::string sourcingReason(const newsroom::Story& story);
+
+}  // namespace brell

@@ -1,0 +1,129 @@
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+
+#include <unicode/uchar.h>
+
+#include <chrono>
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Text/Unicode.h"
+#include "NewsroomKit/Text/Utf8.h"
+
+namespace brell {
+
+namespace {
+
+bool isHidden(char32_t c) {
+    switch (u_charType(static_cast<UChar32>(c))) {
+        case U_CONTROL_CHAR:
+        case U_SURROGATE:
+        case U_LINE_SEPARATOR:
+        case U_PARAGRAPH_SEPARATOR: return true;
+        default: break;
+    }
+    // Embeddings, overrides and isolates.
+    return (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+}
+
+std::size_t columnsOf(char32_t c) {
+    const auto type = u_charType(static_cast<UChar32>(c));
+    if (type == U_NON_SPACING_MARK || type == U_ENCLOSING_MARK || type == U_FORMAT_CHAR) return 0;
+    const auto width = u_getIntPropertyValue(static_cast<UChar32>(c), UCHAR_EAST_ASIAN_WIDTH);
+    return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
+}
+
+template <class Visit>
+void eachCodePoint(std::string_view text, Visit visit) {
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const auto decoded = newsroom::decodeUTF8(text, at);
+        if (!visit(decoded.value, at, at + decoded.length)) return;
+        at += decoded.length;
+    }
+}
+
+}  // namespace
+
+std::string printable(std::string_view text) {
+    std::string out;
+    eachCodePoint(text, [&](char32_t c, std::size_t begin, std::size_t end) {
+        if (newsroom::isWhitespaceOrNewline(c) && c != 0xA0) {
+            if (!out.empty() && out.back() != ' ') out += ' ';
+        } else if (!isHidden(c)) {
+            out += text.substr(begin, end - begin);
+        }
+        return true;
+    });
+    return out;
+}
+
+std::size_t columnsOf(std::string_view text) {
+    std::size_t columns = 0;
+    eachCodePoint(text, [&](char32_t c, std::size_t, std::size_t) {
+        columns += columnsOf(c);
+        return true;
+    });
+    return columns;
+}
+
+std::string cutTo(std::string_view text, std::size_t columns) {
+    if (columnsOf(text) <= columns || columns == 0) return std::string(text);
+    std::size_t used = 0;
+    std::size_t end = 0;
+    eachCodePoint(text, [&](char32_t c, std::size_t, std::size_t after) {
+        used += columnsOf(c);
+        if (used + 1 > columns) return false;
+        end = after;
+        return true;
+    });
+    return std::string(text.substr(0, end)) + "…";
+}
+
+std::string padTo(std::string_view text, std::size_t columns) {
+    std::string out = cutTo(text, columns);
+    const auto used = columnsOf(out);
+    if (used < columns) out.append(columns - used, ' ');
+    return out;
+}
+
+std::string wrapped(std::string_view text, std::size_t width, std::string_view indent) {
+    std::string out(indent);
+    std::size_t used = indent.size();
+    while (!text.empty()) {
+        const auto space = text.find(' ');
+        const auto word = text.substr(0, space);
+        if (used + 1 + columnsOf(word) > width && used > indent.size()) {
+            out += "\n" + std::string(indent);
+            used = indent.size();
+        } else if (used > indent.size()) {
+            out += ' ';
+            ++used;
+        }
+        out += word;
+        used += columnsOf(word);
+        if (space == std::string_view::npos) break;
+        text.remove_prefix(space + 1);
+    }
+    return out;
+}
+
+std::string age(newsroom::Instant then, newsroom::Instant now) {
+    using namespace std::chrono;
+    const auto passed = now - then;
+    if (passed < minutes(1)) return "now";
+    if (passed < hours(1)) return fmt::format("{} min", duration_cast<minutes>(passed).count());
+    if (passed < days(1)) return fmt::format("{} h", duration_cast<hours>(passed).count());
+    if (passed < days(7)) return fmt::format("{} d", duration_cast<days>(passed).count());
+    const year_month_day date(floor<days>(then));
+    constexpr const char* months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                      "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+    return fmt::format("{} {} {}", static_cast<unsigned>(date.day()),
+                       months[static_cast<unsigned>(date.month()) - 1], static_cast<int>(date.year()));
+}
+
+std::string dayAndTime(newsroom::Instant instant) {
+    const auto text = newsroom::iso8601Text(std::chrono::floor<std::chrono::minutes>(instant));
+    return text.substr(0, 10) + " " + text.substr(11, 5) + " UTC";
+}
+
+}  // namespace brell

@@ -1,0 +1,30 @@
+#include "Tarnwick_Brell/CommandLine/When.h"
+
+#include <charconv>
+#include <chrono>
+#include <string>
+
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+
+namespace brell {
+
+newsroom::Instant parseWhen(std::string_view text, newsroom::Instant now) {
+    using namespace std::chrono;
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error == std::errc() && number >= 0) {
+        const auto unit = text.substr(static_cast<std::size_t>(end - text.data()));
+        if (unit == "min" || unit == "m") return now - minutes(number);
+        if (unit == "h") return now - hours(number);
+        if (unit == "d") return now - days(number);
+        if (unit == "w") return now - weeks(number);
+    }
+    std::string instantText(text);
+    if (instantText.find_first_of("Tt") == std::string::npos) instantText += "T00:00:00Z";
+    if (const auto instant = newsroom::parseISO8601(instantText)) return *instant;
+    throw WrongUsage("\"" + std::string(text) +
+                     "\" is no time: write 30min, 6h, 2d or 1w for a time ago, a day as 2026-11-02, or "
+                     "2026-11-02T08:30:00Z.");
+}
+
+}  // namespace brell

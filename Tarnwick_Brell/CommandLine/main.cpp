@@ -1,0 +1,79 @@
+#include <clocale>
+#include <csignal>
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
+
+namespace {
+
+using namespace brell;
+
+int complain(int status, const std::string& sentence) {
+    fmt::print(stderr, "brell: {}\n", sentence);
+    return status;
+}
+
+void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
+    app.add_flag("--json", options.json, "Print one JSON value instead of text");
+    app.add_option("--data-dir", options.dataDir, "Keep library and settings in this folder")->type_name("DIR");
+    app.add_flag("--demo", options.demo, "Use the bundled press room and a store of its own; needs no network");
+    app.add_option("--connect-to", options.connectTo, "Send every connection to this address")
+        ->type_name("HOST:PORT");
+    app.add_option("--ca-file", options.caFile, "Certificate authority to trust for it")->type_name("FILE");
+}
+
+int run(const Command& command, GlobalOptions options) {
+    try {
+        Session session(std::move(options));
+        const int status = command(session);
+        session.out().flush();
+        return status;
+    } catch (const WrongUsage& error) {
+        return complain(kWrongUsage, error.what());
+    } catch (const std::exception& error) {
+        return complain(kWorkFailed, error.what());
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // A reader that leaves shows as a failed write, with a message and an exit status.
+    std::signal(SIGPIPE, SIG_IGN);
+
+    CLI::App app("A news desk for people who follow Apple closely.", "brell");
+    app.set_version_flag("--version", std::string("brell ") + BRELL_VERSION);
+    app.require_subcommand(1);
+    app.fallthrough();
+    app.footer("Every subcommand has a --help of its own. Exit status: 0 done, 1 the work failed, 2 wrong usage.");
+
+    GlobalOptions options;
+    Command chosen;
+    addGlobalOptions(app, options);
+    addRefreshCommand(app, chosen);
+    addWireCommand(app, chosen);
+    addStoryCommand(app, chosen);
+    addSourcesCommand(app, chosen);
+    addSettingsCommand(app, chosen);
+    addInspectCommand(app, chosen);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::RequiredError& error) {
+        // A word that is no subcommand would otherwise only be told that one is missing.
+        const auto unknown = app.remaining();
+        if (unknown.empty()) return app.exit(error) == 0 ? kDone : kWrongUsage;
+        return complain(kWrongUsage, "There is no subcommand named " + unknown.front() + ". See brell --help.");
+    } catch (const CLI::ParseError& error) {
+        // Help and version come the same way, with status 0.
+        return app.exit(error) == 0 ? kDone : kWrongUsage;
+    }
+    return run(chosen, std::move(options));
+}

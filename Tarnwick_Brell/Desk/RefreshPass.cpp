@@ -1,0 +1,130 @@
+#include "Tarnwick_Brell/Desk/RefreshPass.h"
+
+#include <algorithm>
+#include <exception>
+
+#include <boost/asio/co_spawn.hpp>
+
+#include "NewsroomKit/Editorial/AppleTopic.h"
+
+namespace desk {
+
+namespace asio = boost::asio;
+
+using newsroom::Instant;
+using newsroom::NewsSource;
+using newsroom::SourceFetch;
+using newsroom::Story;
+
+namespace {
+
+// Arrivals wait in memory and are written in few, short transactions: other programs get
+// their turn, and a crowd of sources does not pile up.
+constexpr std::size_t kStoriesPerTransaction = 4000;
+
+}  // namespace
+
+RefreshPass::RefreshPass(LocalStore& store, newsroom::FeedClient& client,
+                         newsroom::FeedClient::Clock clock, Settings settings)
+    : store_(store),
+      client_(client),
+      clock_(std::move(clock)),
+      settings_(settings),
+      statuses_(store.sources().statuses()) {}
+
+std::vector<SourceOutcome> RefreshPass::run(asio::io_context& io, std::vector<NewsSource> sources,
+                                            const Progress& progress) {
+    std::vector<SourceOutcome> outcomes;
+    const auto report = [&](SourceOutcome outcome) {
+        if (progress) progress(outcome);
+        outcomes.push_back(std::move(outcome));
+    };
+
+    const auto waiting = std::stable_partition(sources.begin(), sources.end(), [&](const NewsSource& source) {
+        return isDue(source, statuses_[source.id]);
+    });
+    for (auto source = waiting; source != sources.end(); ++source) {
+        report({.source = *source, .status = statuses_[source->id]});
+    }
+    sources.erase(waiting, sources.end());
+
+    std::exception_ptr failure;
+    std::vector<Arrival> pending;
+    std::size_t pendingStories = 0;
+    const auto flush = [&] {
+        auto transaction = store_.transaction();
+        std::vector<SourceOutcome> kept;
+        for (auto& arrival : pending) kept.push_back(keep(std::move(arrival)));
+        transaction.commit();
+        pending.clear();
+        pendingStories = 0;
+        for (auto& outcome : kept) report(std::move(outcome));
+    };
+    const auto arrived = [&](const NewsSource& source, SourceFetch fetch) {
+        if (const auto* stories = std::get_if<SourceFetch::Stories>(&fetch.outcome)) {
+            pendingStories += stories->list.size();
+        }
+        pending.push_back({source, std::move(fetch), clock_()});
+        if (pendingStories >= kStoriesPerTransaction) flush();
+    };
+    asio::co_spawn(io, client_.fetchAll(std::move(sources), arrived), [&](std::exception_ptr error) {
+        failure = error;
+        io.stop();
+    });
+    io.restart();
+    io.run();
+    if (failure) std::rethrow_exception(failure);
+
+    flush();
+    auto transaction = store_.transaction();
+    store_.stories().dropPublishedBefore(cutoff());
+    transaction.commit();
+    return outcomes;
+}
+
+bool RefreshPass::isDue(const NewsSource& source, const SourceStatus& status) const {
+    if (settings_.intervals == Intervals::overridden || !status.lastAttempt) return true;
+    const auto since = clock_() - *status.lastAttempt;
+    // A clock that was set back must not silence a source.
+    return since >= std::chrono::duration<double>(source.minimumInterval) || since < Instant::duration::zero();
+}
+
+SourceOutcome RefreshPass::keep(Arrival arrival) {
+    auto& [source, fetch, moment] = arrival;
+    SourceStatus& status = statuses_[source.id];
+    status.lastAttempt = moment;
+    SourceOutcome outcome{.source = source, .record = fetch.record};
+    if (auto* failed = std::get_if<SourceFetch::Failed>(&fetch.outcome)) {
+        outcome.kind = SourceOutcome::Kind::failed;
+        status.lastError = std::move(failed->text);
+    } else {
+        outcome.kind = SourceOutcome::Kind::unchanged;
+        status.lastSuccess = moment;
+        status.lastError.reset();
+    }
+    if (auto* stories = std::get_if<SourceFetch::Stories>(&fetch.outcome)) {
+        outcome.kind = SourceOutcome::Kind::stories;
+        const auto kept = belonging(source, std::move(stories->list));
+        status.storyCount = static_cast<std::int64_t>(kept.size());
+        outcome.merged = store_.stories().merge(kept, moment);
+    }
+    store_.sources().setStatus(source.id, status);
+    outcome.status = status;
+    return outcome;
+}
+
+std::vector<Story> RefreshPass::belonging(const NewsSource& source, std::vector<Story> stories) const {
+    const Instant oldest = cutoff();
+    std::erase_if(stories, [&](const Story& story) {
+        if (story.publishedAt < oldest) return true;
+        return source.onlyApple && !newsroom::AppleTopic::matches(story.title) &&
+               !newsroom::AppleTopic::matches(story.summary);
+    });
+    return stories;
+}
+
+Instant RefreshPass::cutoff() const {
+    return clock_() - std::chrono::duration_cast<Instant::duration>(settings_.retention);
+}
+
+}  // namespace desk

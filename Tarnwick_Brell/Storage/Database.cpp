@@ -1,0 +1,187 @@
+#include "Tarnwick_Brell/Storage/Database.h"
+
+#include <sqlite3.h>
+
+#include "Tarnwick_Brell/Storage/StoreError.h"
+
+namespace desk {
+
+namespace {
+
+constexpr int kBusyMilliseconds = 10'000;
+
+/// SQLite's file addresses: a name with every special character escaped.
+std::string fileAddress(const std::filesystem::path& file, const char* parameters) {
+    std::string address = "file:";
+    for (const char c : file.string()) {
+        if (c == '?' || c == '#' || c == '%') {
+            constexpr char digits[] = "0123456789ABCDEF";
+            address += '%';
+            address += digits[static_cast<unsigned char>(c) >> 4];
+            address += digits[static_cast<unsigned char>(c) & 15];
+        } else {
+            address += c;
+        }
+    }
+    return address + parameters;
+}
+
+StoreError errorFor(int code, const std::filesystem::path& file, const std::string& detail) {
+    using Reason = StoreError::Reason;
+    const std::string name = file.string();
+    switch (code & 0xff) {
+        case SQLITE_FULL:
+            return {Reason::diskFull, "The disk is full, so nothing was saved in " + name + "."};
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+            return {Reason::readOnly, "The library " + name + " can't be written: the file or its folder is read-only."};
+        case SQLITE_CANTOPEN:
+        case SQLITE_IOERR:
+            return {Reason::unreadable, "The library " + name + " can't be opened or written (" + detail + ")."};
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return {Reason::busy, "Another program is using the library " + name + ". Try again in a moment."};
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            return {Reason::damaged, "The library " + name + " is damaged or is not a library."};
+        default: return {Reason::other, "The library " + name + " failed (" + detail + ")."};
+    }
+}
+
+}  // namespace
+
+void Statement::Finalizer::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+
+Statement::Statement(Database& database, std::string_view sql) : database_(database) {
+    sqlite3_stmt* raw = nullptr;
+    const int code = sqlite3_prepare_v3(database.handle_.get(), sql.data(), static_cast<int>(sql.size()),
+                                        SQLITE_PREPARE_PERSISTENT, &raw, nullptr);
+    statement_.reset(raw);
+    check(code);
+}
+
+void Statement::check(int code) const {
+    if (code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE) database_.fail(code);
+}
+
+Statement& Statement::bind(int index, std::string_view text) {
+    // A null pointer would bind NULL; the empty text is not nothing.
+    check(sqlite3_bind_text(statement_.get(), index + 1, text.data() ? text.data() : "",
+                            static_cast<int>(text.size()), SQLITE_STATIC));
+    return *this;
+}
+
+Statement& Statement::bind(int index, std::int64_t number) {
+    check(sqlite3_bind_int64(statement_.get(), index + 1, number));
+    return *this;
+}
+
+Statement& Statement::bind(int index, std::nullopt_t) {
+    check(sqlite3_bind_null(statement_.get(), index + 1));
+    return *this;
+}
+
+bool Statement::step() {
+    const int code = sqlite3_step(statement_.get());
+    if (code != SQLITE_ROW && code != SQLITE_DONE) {
+        sqlite3_reset(statement_.get());
+        database_.fail(code);
+    }
+    return code == SQLITE_ROW;
+}
+
+void Statement::run() {
+    while (step()) {
+    }
+    reset();
+}
+
+void Statement::reset() { sqlite3_reset(statement_.get()); }
+
+std::string Statement::text(int column) const {
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
+    return bytes ? std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column)))
+                 : std::string();
+}
+
+std::int64_t Statement::number(int column) const { return sqlite3_column_int64(statement_.get(), column); }
+
+bool Statement::isNull(int column) const {
+    return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
+}
+
+std::optional<std::string> Statement::optionalText(int column) const {
+    return isNull(column) ? std::nullopt : std::optional(text(column));
+}
+
+std::optional<std::int64_t> Statement::optionalNumber(int column) const {
+    return isNull(column) ? std::nullopt : std::optional(number(column));
+}
+
+void Database::Closer::operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+
+Database::Database(const std::filesystem::path& file, Access access) : file_(file) {
+    const int code = access == Access::readOnly
+                         ? openForReading()
+                         : open(file.string(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    if (code != SQLITE_OK) fail(code);
+    sqlite3_busy_timeout(handle_.get(), kBusyMilliseconds);
+    if (access == Access::readWrite) {
+        execute("PRAGMA journal_mode = WAL");
+        execute("PRAGMA synchronous = NORMAL");
+    }
+    execute("PRAGMA temp_store = MEMORY");
+}
+
+int Database::open(const std::string& name, int flags) {
+    sqlite3* raw = nullptr;
+    const int code = sqlite3_open_v2(name.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    handle_.reset(raw);
+    return code;
+}
+
+int Database::openForReading() {
+    // A WAL file needs its shared index beside it. Where that cannot be made, the folder is
+    // read-only and nobody writes, so the file may be read as it lies.
+    const char* const probe = "SELECT count(*) FROM sqlite_schema";
+    int code = open(file_.string(), SQLITE_OPEN_READONLY);
+    if (code == SQLITE_OK) code = sqlite3_exec(handle_.get(), probe, nullptr, nullptr, nullptr);
+    const int kind = code & 0xff;
+    if (kind == SQLITE_CANTOPEN || kind == SQLITE_READONLY) {
+        code = open(fileAddress(file_, "?immutable=1"), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+        if (code == SQLITE_OK) code = sqlite3_exec(handle_.get(), probe, nullptr, nullptr, nullptr);
+    }
+    return code;
+}
+
+void Database::execute(const char* sql) {
+    const int code = sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) fail(code);
+}
+
+std::int64_t Database::changes() const { return sqlite3_changes64(handle_.get()); }
+
+void Database::fail(int code) const {
+    throw errorFor(code, file_, handle_ ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(code));
+}
+
+Transaction::Transaction(Database& database) : database_(database) {
+    // Taken for writing at once: a reader that turns writer half-way cannot wait its turn.
+    database_.execute("BEGIN IMMEDIATE");
+}
+
+Transaction::~Transaction() {
+    if (!open_) return;
+    try {
+        database_.execute("ROLLBACK");
+    } catch (const StoreError&) {
+        // A failed statement may already have rolled back by itself.
+    }
+}
+
+void Transaction::commit() {
+    database_.execute("COMMIT");
+    open_ = false;
+}
+
+}  // namespace desk

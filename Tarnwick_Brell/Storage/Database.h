@@ -1,0 +1,99 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace desk {
+
+class Database;
+
+/// A prepared statement. Parameters and columns count from 0; bound text must outlive the
+/// next step(). Throws StoreError.
+class Statement {
+public:
+    Statement(Database& database, std::string_view sql);
+
+    Statement& bind(int index, std::string_view text);
+    Statement& bind(int index, std::int64_t number);
+    Statement& bind(int index, std::nullopt_t);
+    Statement& bind(int index, bool) = delete;
+    Statement& bind(int index, const char*) = delete;
+    template <class T>
+    Statement& bind(int index, const std::optional<T>& value) {
+        return value ? bind(index, *value) : bind(index, std::nullopt);
+    }
+
+    /// True while there is a row to read.
+    bool step();
+    /// Runs the statement to its end and makes it ready for the next use.
+    void run();
+    void reset();
+
+    std::string text(int column) const;
+    std::int64_t number(int column) const;
+    bool isNull(int column) const;
+    std::optional<std::string> optionalText(int column) const;
+    std::optional<std::int64_t> optionalNumber(int column) const;
+
+private:
+    void check(int code) const;
+
+    struct Finalizer {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    Database& database_;
+    std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
+};
+
+/// One SQLite file, in WAL mode so that readers never wait for a writer. Used by one thread
+/// at a time.
+class Database {
+public:
+    enum class Access {
+        readWrite,  ///< creates the file when there is none
+        readOnly    ///< leaves no trace; also reads from a folder that may not be written
+    };
+
+    Database(const std::filesystem::path& file, Access access);
+
+    void execute(const char* sql);
+    /// Rows changed by the last statement.
+    std::int64_t changes() const;
+    const std::filesystem::path& file() const { return file_; }
+
+private:
+    friend class Statement;
+    [[noreturn]] void fail(int code) const;
+    int open(const std::string& name, int flags);
+    int openForReading();
+
+    struct Closer {
+        void operator()(sqlite3* database) const;
+    };
+    std::filesystem::path file_;
+    std::unique_ptr<sqlite3, Closer> handle_;
+};
+
+/// Rolled back unless committed.
+class Transaction {
+public:
+    explicit Transaction(Database& database);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void commit();
+
+private:
+    Database& database_;
+    bool open_ = true;
+};
+
+}  // namespace desk

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+namespace desk {
+
+/// Where one user's desk keeps its files.
+struct Paths {
+    std::filesystem::path library;   ///< the SQLite file
+    std::filesystem::path settings;  ///< key-value, INI
+
+    /// By the XDG base directories, or everything in `dataDir` when one is named.
+    static Paths forUser(const std::optional<std::filesystem::path>& dataDir);
+
+    /// Makes the folders of both files. Throws StoreError.
+    void createFolders() const;
+};
+
+}  // namespace desk

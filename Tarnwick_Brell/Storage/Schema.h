@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Tarnwick_Brell/Storage/Database.h"
+
+namespace desk {
+
+/// Brings the library to this program's schema, step by step from the version it has.
+/// Throws StoreError and leaves the file untouched when it was written by a newer program.
+void migrate(Database& database);
+
+/// Throws StoreError unless the library already has this program's schema: a reader that
+/// may not write cannot bring it up to date.
+void requireCurrentSchema(Database& database);
+
+}  // namespace desk

@@ -1,0 +1,31 @@
+#include "Tarnwick_Brell/Storage/ValidatorStore.h"
+
+namespace desk {
+
+newsroom::ValidatorTable::Entries ValidatorStore::load() {
+    Statement rows(database_, "SELECT url, entityTag, lastModified FROM validators");
+    newsroom::ValidatorTable::Entries entries;
+    while (rows.step()) {
+        entries.emplace(rows.text(0), newsroom::Validators{.entityTag = rows.optionalText(1),
+                                                           .lastModified = rows.optionalText(2)});
+    }
+    return entries;
+}
+
+void ValidatorStore::save(const newsroom::ValidatorTable::Entries& entries) {
+    const auto stored = load();
+    Statement put(database_, "INSERT OR REPLACE INTO validators (url, entityTag, lastModified) VALUES (?, ?, ?)");
+    for (const auto& [url, validators] : entries) {
+        if (const auto known = stored.find(url); known != stored.end() && known->second == validators) continue;
+        put.bind(0, url).bind(1, validators.entityTag).bind(2, validators.lastModified);
+        put.run();
+    }
+    Statement drop(database_, "DELETE FROM validators WHERE url = ?");
+    for (const auto& [url, validators] : stored) {
+        if (entries.contains(url)) continue;
+        drop.bind(0, url);
+        drop.run();
+    }
+}
+
+}  // namespace desk

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "NewsroomKit/HTTP/ValidatorTable.h"
+#include "Tarnwick_Brell/Storage/Database.h"
+
+namespace desk {
+
+/// The validators of the last run, so that the next one still gets its 304s.
+class ValidatorStore {
+public:
+    explicit ValidatorStore(Database& database) : database_(database) {}
+
+    newsroom::ValidatorTable::Entries load();
+    /// Writes what differs from the stored entries.
+    void save(const newsroom::ValidatorTable::Entries& entries);
+
+private:
+    Database& database_;
+};
+
+}  // namespace desk

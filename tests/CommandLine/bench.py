@@ -1,0 +1,58 @@
+"""A folder of its own, the press room as a process, and brell run against it."""
+import json
+import os
+import shutil
+import subprocess
+import tempfile
+from pathlib import Path
+
+BIN = Path(os.environ["BRELL_BIN"])
+
+
+class PressRoom:
+    """A running press room; `network` are the options that lead brell to it."""
+
+    def __init__(self, *options):
+        self.process = subprocess.Popen(
+            [BIN / "pressroom", "--ready-json", "--exit-with-parent", *map(str, options)],
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        ready = json.loads(self.process.stdout.readline())
+        self.network = ["--connect-to", f"{ready['host']}:{ready['port']}", "--ca-file", ready["authority"]]
+
+    def close(self):
+        self.process.stdin.close()
+        self.process.wait(timeout=10)
+        self.process.stdout.close()
+
+
+class Desk:
+    """One user's brell: a data folder and the network that it reaches."""
+
+    def __init__(self, network=()):
+        self.folder = Path(tempfile.mkdtemp(prefix="brell-test-"))
+        self.network = list(network)
+
+    def close(self):
+        subprocess.run(["chmod", "-R", "u+w", self.folder], check=False)
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def run(self, *words, stdin=None, status=0, **options):
+        environment = dict(os.environ, NO_COLOR="1")
+        result = subprocess.run(
+            [BIN / "brell", "--data-dir", self.folder, *self.network, *map(str, words)],
+            input=stdin, capture_output=True, timeout=120, env=environment, **options)
+        result.stdout = result.stdout.decode("utf-8")
+        result.stderr = result.stderr.decode("utf-8")
+        if status is not None and result.returncode != status:
+            raise AssertionError(
+                f"brell {' '.join(map(str, words))}: status {result.returncode} instead of {status}\n"
+                f"{result.stdout}{result.stderr}")
+        return result
+
+    def json(self, *words, **options):
+        return json.loads(self.run(*words, "--json", **options).stdout)
+
+    def inspect(self, kind, *lines):
+        text = "".join((line if isinstance(line, str) else json.dumps(line)) + "\n" for line in lines)
+        answers = self.run("inspect", kind, stdin=text.encode("utf-8", "surrogateescape")).stdout
+        return [json.loads(answer) for answer in answers.splitlines()]

@@ -1,0 +1,130 @@
+#!/usr/bin/env python3
+"""What the command line says to wrong words, broken input and an output that is gone."""
+import json
+import os
+import subprocess
+import unittest
+
+from bench import BIN, Desk
+
+SUBCOMMANDS = ["refresh", "wire", "story", "sources", "settings", "inspect"]
+
+
+class Usage(unittest.TestCase):
+    def setUp(self):
+        self.desk = Desk()
+        self.addCleanup(self.desk.close)
+
+    def test_wrong_words_end_with_status_two_and_a_reason(self):
+        for words, reason in {
+            ("frobnicate",): "frobnicate",
+            (): "subcommand",
+            ("wire", "--frob"): "--frob",
+            ("wire", "--limit", "many"): "--limit",
+            ("wire", "--limit", "-1"): "--limit",
+            ("wire", "--since", "yesterday"): "is no time",
+            ("wire", "--sourcing", "gossip"): "no sourcing named gossip",
+            ("wire", "--demo", "--ca-file", "/x"): "--demo",
+            ("refresh", "--source", "nobody"): "no source with the id nobody",
+            ("refresh", "--conditional", "--unconditional"): "exclude",
+            ("sources", "enable", "nobody"): "no source with the id nobody",
+            ("settings", "nothing"): "no setting named nothing",
+            ("settings", "refreshMinutes", "soon"): "not a whole number",
+            ("settings", "updateCatalogueAuthority", "/nowhere"): "not a file",
+            ("inspect", "nothing"): "no kind named nothing",
+            ("story",): "ID",
+        }.items():
+            with self.subTest(words):
+                result = self.desk.run(*words, status=2)
+                self.assertIn(reason, result.stderr)
+                self.assertEqual(result.stdout, "")
+
+    def test_work_that_cannot_be_done_ends_with_status_one(self):
+        self.assertIn("no story with the id", self.desk.run("story", "zz", status=1).stderr)
+        result = subprocess.run([BIN / "brell", "--data-dir", "/dev/null/x", "sources"], capture_output=True, text=True)
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertIn("can't be made", result.stderr)
+        unreadable = Desk(["--ca-file", "/nowhere.pem"])
+        self.addCleanup(unreadable.close)
+        self.assertIn("/nowhere.pem", unreadable.run("refresh", status=1).stderr)
+
+    def test_help_tells_every_subcommand_and_option(self):
+        overview = self.desk.run("--help").stdout
+        for name in SUBCOMMANDS:
+            self.assertIn(name, overview)
+            self.assertIn("--help", self.desk.run(name, "--help").stdout)
+        self.assertRegex(self.desk.run("--version").stdout, r"brell \d+\.\d+")
+
+    def test_an_output_that_is_gone_or_full_is_told(self):
+        command = [BIN / "brell", "--data-dir", self.desk.folder, "inspect", "catalogue"]
+        with open("/dev/full", "wb") as full:
+            result = subprocess.run(command, input=b"{}\n", stdout=full, stderr=subprocess.PIPE)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn(b"could not be written", result.stderr)
+        read, write = os.pipe()
+        os.close(read)
+        result = subprocess.run(command, input=b"{}\n", stdout=write, stderr=subprocess.PIPE)
+        os.close(write)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn(b"could not be written", result.stderr)
+
+    def test_settings_are_kept_and_go_back_to_their_defaults(self):
+        self.desk.run("settings", "refreshMinutes", "12")
+        self.assertEqual(self.desk.run("settings", "refreshMinutes").stdout, "12\n")
+        self.assertEqual(self.desk.json("settings"), {"refreshMinutes": "12"})
+        self.desk.run("settings", "refreshMinutes", "")
+        self.assertEqual(self.desk.run("settings", "refreshMinutes").stdout, "5\n")
+        self.assertIn("5 (default)", self.desk.run("settings").stdout)
+
+
+class Inspect(unittest.TestCase):
+    def setUp(self):
+        self.desk = Desk()
+        self.addCleanup(self.desk.close)
+
+    def test_a_broken_line_is_answered_alone(self):
+        answers = self.desk.inspect(
+            "fold", {"text": "É"}, "not json", "[1]", "", '{"text": 1}', "{}", '{"text":"\udcff"}', {"text": "Ok"})
+        self.assertEqual(answers[0], {"folded": "e"})
+        self.assertEqual(answers[7], {"folded": "ok"})
+        for answer in answers[1:7]:
+            self.assertEqual(list(answer), ["error"])
+        self.assertEqual(answers[4]["error"], "text: a text is expected")
+
+    def test_absent_values_are_left_out_and_instants_are_seconds(self):
+        self.assertEqual(self.desk.inspect("date", {"text": "Mon, 02 Nov 2026 10:00:00 GMT"}, {"text": "?"}),
+                         [{"instant": 1793613600}, {}])
+        self.assertEqual(self.desk.inspect("publisher", {"link": "https://a.example/", "feed": "https://a.example/f"}),
+                         [{}])
+        self.assertEqual(self.desk.inspect("label", {"title": "Apple shares rose", "summary": "", "isAppleSource": False}),
+                         [{"kind": "coverage", "sourcing": "unlabeled", "stockNews": True, "marketReason": "Stock",
+                           "appleTopic": True, "appleOnRecord": False}])
+
+    def test_a_feed_read_by_path_or_text_becomes_stories(self):
+        text = ("<rss><channel><item><title>Apple releases a thing</title><link>https://a.example/1</link>"
+                "<pubDate>Mon, 02 Nov 2026 10:00:00 GMT</pubDate></item></channel></rss>")
+        path = self.desk.folder / "feed.xml"
+        path.write_text(text)
+        by_text, by_path, page, missing, folder = self.desk.inspect(
+            "feed", {"text": text}, {"path": str(path)}, {"text": "<html>"}, {"path": "/nowhere"},
+            {"path": str(self.desk.folder)})
+        self.assertEqual(by_text, by_path)
+        self.assertEqual(by_text["entries"][0]["publishedAt"], 1793613600)
+        self.assertEqual(page, {"error": "notAFeed", "description": "The address didn't return a feed."})
+        self.assertIn("can't be read", missing["error"])
+        self.assertIn("can't be read", folder["error"])
+
+        source = self.desk.inspect("catalogue", {})[0]["sources"][6]
+        made = self.desk.inspect("stories", {"text": text, "source": source, "now": "2026-11-03T00:00:00Z"})[0]
+        again = self.desk.inspect("story", {"entry": by_text["entries"][0], "source": source, "now": 1793664000})[0]
+        self.assertEqual(made["stories"], [again["story"]])
+        self.assertEqual(again["story"]["sourcing"], "confirmed")
+        self.assertEqual(self.desk.inspect("story", {"entry": dict(by_text["entries"][0], title=""),
+                                                     "source": source, "now": 0}), [{}])
+        query = {"anyTerms": ["thing"], "excludedTerms": [], "sourceIDs": [], "sourcings": [], "includesSetAside": False}
+        self.assertEqual(self.desk.inspect("query", {"query": query, "stories": made["stories"]}),
+                         [{"matches": [True], "terms": ["thing"]}])
+
+
+if __name__ == "__main__":
+    unittest.main()
