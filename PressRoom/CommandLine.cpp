@@ -28,6 +28,10 @@ std::variant<CommandLine, int> readCommandLine(int argc, char** argv) {
         ->capture_default_str()
         ->type_name("N")
         ->check(CLI::Range(0.01, 100000.0));
+    app.add_option("--delay", options.delay, "milliseconds before each answer, as a far network has them")
+        ->capture_default_str()
+        ->type_name("MS")
+        ->check(CLI::Range(0, 60000));
     app.add_option("--ca-dir", options.authorityDirectory,
                    "where authority.pem and private-authority.pem are written; a temporary folder "
                    "by default")

@@ -13,6 +13,7 @@ struct CommandLine {
     std::optional<std::filesystem::path> world;
     std::optional<std::int64_t> anchor;  ///< seconds since 1970
     double speed = 1;
+    int delay = 0;  ///< milliseconds before each answer
     std::optional<std::filesystem::path> authorityDirectory;
     bool readyJSON = false;
     bool exitWithParent = false;

@@ -101,6 +101,14 @@ Handler logging(Handler handler) {
     };
 }
 
+Handler delayed(Handler handler, std::chrono::milliseconds delay) {
+    return [handler = std::move(handler), delay](const Request& request) {
+        auto response = handler(request);
+        response.delivery.delay += delay;
+        return response;
+    };
+}
+
 void announce(const CommandLine& options, const Server& server, const AuthorityFolder& folder) {
     if (options.readyJSON) {
         const boost::json::object ready{{"host", "127.0.0.1"},
@@ -138,6 +146,7 @@ int run(const CommandLine& options) {
 
     const AuthorityFolder folder(options.authorityDirectory);
     Handler handler = std::cref(world);
+    if (options.delay > 0) handler = delayed(handler, std::chrono::milliseconds(options.delay));
     Server server(options.log ? logging(handler) : handler,
                   {.port = options.port,
                    .threads = 2,

@@ -7,8 +7,8 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Addresses/WebAddress.h"
 #include "PressRoom/Server/Conditional.h"
-#include "PressRoom/World/Address.h"
 #include "PressRoom/World/Markup.h"
 
 namespace pressroom {
@@ -68,8 +68,8 @@ FilesAnswerer::FilesAnswerer(const fs::path& directory) : directory_(fs::canonic
 
 std::optional<Response> FilesAnswerer::answer(const Request& request,
                                               std::chrono::sys_seconds) const {
-    if (request.host != host) return std::nullopt;
-    auto name = percentDecoded(request.path());
+    if (!newsroom::isHostOrSubhost(request.host, host)) return std::nullopt;
+    auto name = newsroom::percentDecoded(request.path());
     name.erase(0, name.find_first_not_of('/'));
     if (name.empty() || request.path() == "/") return index();
     // A zero byte would end the name early for the system but not for the checks here.

@@ -7,7 +7,8 @@
 
 namespace pressroom {
 
-/// Serves the files of one folder, and their list at "/". Nothing outside the folder is
+/// Serves the files of one folder, and their list at "/", under a host of their own and every
+/// sub-host of it (a crowd of hosts for measuring). Nothing outside the folder is
 /// ever read, whatever ".." or symbolic link an address goes through.
 class FilesAnswerer : public Answerer {
 public:

@@ -7,9 +7,6 @@
 
 namespace pressroom {
 
-/// "%41%2f" → "A/". A "%" that starts no escape stays.
-std::string percentDecoded(std::string_view text);
-
 /// The form under which addresses are looked up: host, path without closing slash and
 /// query, decoded, without the tracking items that readers may add or drop.
 std::string lookupKey(std::string_view host, std::string_view target);

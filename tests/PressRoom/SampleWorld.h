@@ -6,6 +6,7 @@
 #include <string>
 
 #include "PressRoom/World/WorldHandler.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace pressroom::testing {
 
@@ -54,28 +55,15 @@ private:
     WorldHandler handler_;
 };
 
-/// A folder that lasts as long as the test.
-class TemporaryFolder {
+/// A temporary folder that files are written into.
+class TemporaryFolder : public ::test::TemporaryFolder {
 public:
-    TemporaryFolder() {
-        auto pattern = (std::filesystem::temp_directory_path() / "press-room-test-XXXXXX").string();
-        path_ = mkdtemp(pattern.data());
-    }
-    ~TemporaryFolder() { std::filesystem::remove_all(path_); }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
     std::filesystem::path write(const std::string& name, std::string_view bytes) const {
-        const auto file = path_ / name;
+        const auto file = path() / name;
         std::filesystem::create_directories(file.parent_path());
         std::ofstream(file, std::ios::binary) << bytes;
         return file;
     }
-
-    const std::filesystem::path& path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
 };
 
 }  // namespace pressroom::testing

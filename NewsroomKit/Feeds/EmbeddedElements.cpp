@@ -1,0 +1,62 @@
+#include "NewsroomKit/Feeds/EmbeddedElements.h"
+
+#include <array>
+
+namespace newsroom {
+namespace {
+
+constexpr auto none = std::string_view::npos;
+
+constexpr std::array<std::string_view, 10> embeddedNames{
+    "script", "style", "noscript", "iframe", "object", "form", "button", "select", "textarea",
+    "figure"};
+
+constexpr std::string_view whiteSpace = " \t\n\v\f\r";
+
+bool equalsAt(std::string_view text, std::size_t at, std::string_view lowerCaseWord) {
+    if (text.size() - at < lowerCaseWord.size()) return false;
+    for (std::size_t i = 0; i < lowerCaseWord.size(); ++i) {
+        const char c = text[at + i];
+        const char lower = c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+        if (lower != lowerCaseWord[i]) return false;
+    }
+    return true;
+}
+
+std::string_view embeddedNameAt(std::string_view html, std::size_t at) {
+    for (const auto name : embeddedNames) {
+        if (equalsAt(html, at, name)) return name;
+    }
+    return {};
+}
+
+/// Where the text goes on behind the closing tag of `name`.
+std::size_t endOfElement(std::string_view html, std::size_t from, std::string_view name) {
+    for (auto at = html.find("</", from); at != none; at = html.find("</", at + 2)) {
+        if (!equalsAt(html, at + 2, name)) continue;
+        const auto close = html.find_first_not_of(whiteSpace, at + 2 + name.size());
+        if (close != none && html[close] == '>') return close + 1;
+    }
+    return html.size();
+}
+
+}  // namespace
+
+std::string_view withoutEmbeddedElements(std::string_view html, std::string& storage) {
+    storage.clear();
+    std::size_t kept = 0;  // everything before it is in `storage` or removed
+    for (auto at = html.find('<'); at != none; at = html.find('<', at)) {
+        ++at;
+        const auto name = embeddedNameAt(html, at);
+        if (name.empty()) continue;
+        const auto tagEnd = html.find('>', at + name.size());
+        if (tagEnd == none) break;
+        storage.append(html.substr(kept, at - 1 - kept));
+        at = kept = endOfElement(html, tagEnd + 1, name);
+    }
+    if (kept == 0) return html;
+    storage.append(html.substr(kept));
+    return storage;
+}
+
+}  // namespace newsroom

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace newsroom {
+
+/// An address that can be fetched from the web and is no emoji.
+bool isWebPicture(std::string_view address);
+
+/// Address of the first picture in the HTML that can stand for the whole item: isWebPicture
+/// and no counting pixel.
+std::optional<std::string> firstPicture(std::string_view html);
+
+}  // namespace newsroom

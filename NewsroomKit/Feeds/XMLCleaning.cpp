@@ -1,0 +1,140 @@
+#include "NewsroomKit/Feeds/XMLCleaning.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+
+namespace newsroom {
+namespace {
+
+constexpr bool isForbiddenByte(char c) {
+    return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r';
+}
+
+constexpr bool isForbidden(std::uint32_t codePoint) {
+    if (codePoint < 0x20) return isForbiddenByte(static_cast<char>(codePoint));
+    return (codePoint >= 0xD800 && codePoint <= 0xDFFF) || codePoint == 0xFFFE ||
+           codePoint == 0xFFFF || codePoint > 0x10FFFF;
+}
+
+/// U+FFFE and U+FFFF.
+bool isNoncharacterAt(std::string_view text, std::size_t at) {
+    const auto character = text.substr(at, 3);
+    return character == "\xEF\xBF\xBE" || character == "\xEF\xBF\xBF";
+}
+
+/// Length of a reference such as "&#x1F;" that stands for a forbidden character, else 0.
+std::size_t forbiddenReferenceLength(std::string_view text, std::size_t at) {
+    std::size_t digits = at + 2;
+    const bool hexadecimal = digits < text.size() && text[digits] == 'x';
+    if (hexadecimal) ++digits;
+    const char* const end = text.data() + text.size();
+    std::uint32_t value = 0;
+    const auto [stop, error] =
+        std::from_chars(text.data() + digits, end, value, hexadecimal ? 16 : 10);
+    if (error == std::errc::invalid_argument || stop == end || *stop != ';') return 0;
+    if (error == std::errc() && !isForbidden(value)) return 0;
+    return static_cast<std::size_t>(stop - text.data()) + 1 - at;
+}
+
+bool hasForbiddenReference(std::string_view text, std::size_t begin, std::size_t end) {
+    for (auto at = text.find("&#", begin); at < end; at = text.find("&#", at + 2)) {
+        if (forbiddenReferenceLength(text, at) > 0) return true;
+    }
+    return false;
+}
+
+bool hasNoncharacter(std::string_view text, std::size_t begin, std::size_t end) {
+    for (auto at = text.find('\xEF', begin); at < end; at = text.find('\xEF', at + 1)) {
+        if (isNoncharacterAt(text, at)) return true;
+    }
+    return false;
+}
+
+/// What a block of text may hold, found without branches so that the compiler turns it into
+/// vector instructions: nearly every feed is clean, and this is all it pays for.
+struct BlockSigns {
+    unsigned char forbidden = 0;
+    unsigned char reference = 0;
+    unsigned char noncharacter = 0;
+};
+
+BlockSigns signsIn(std::string_view text, std::size_t begin, std::size_t end) {
+    BlockSigns signs;
+    const char* const bytes = text.data();
+    for (auto at = begin; at < end; ++at) {
+        const auto byte = static_cast<unsigned char>(bytes[at]);
+        signs.forbidden |= static_cast<unsigned char>((byte < 0x20) & (byte != '\t') &
+                                                      (byte != '\n') & (byte != '\r'));
+        signs.reference |= static_cast<unsigned char>((byte == '&') & (bytes[at + 1] == '#'));
+        signs.noncharacter |= static_cast<unsigned char>(byte == 0xEF);
+    }
+    return signs;
+}
+
+bool isClean(std::string_view text) {
+    constexpr std::size_t blockSize = 1024;
+    if (text.empty()) return true;
+    // The last byte has no neighbour to look at.
+    const auto last = text.size() - 1;
+    if (isForbiddenByte(text[last])) return false;
+    for (std::size_t begin = 0; begin < last; begin += blockSize) {
+        const auto end = std::min(begin + blockSize, last);
+        const auto signs = signsIn(text, begin, end);
+        if (signs.forbidden != 0) return false;
+        if (signs.reference != 0 && hasForbiddenReference(text, begin, end)) return false;
+        if (signs.noncharacter != 0 && hasNoncharacter(text, begin, end)) return false;
+    }
+    return true;
+}
+
+bool isSkippedAtStart(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || isForbiddenByte(c);
+}
+
+std::string_view withoutStart(std::string_view text) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    while (!text.empty()) {
+        if (text.starts_with(byteOrderMark)) {
+            text.remove_prefix(byteOrderMark.size());
+        } else if (isSkippedAtStart(text.front())) {
+            text.remove_prefix(1);
+        } else {
+            break;
+        }
+    }
+    return text;
+}
+
+std::string_view withoutDeclaration(std::string_view text) {
+    constexpr std::string_view opening = "<?xml";
+    if (!text.starts_with(opening) || text.size() == opening.size()) return text;
+    // "<?xml-stylesheet" is no declaration.
+    if (!isSkippedAtStart(text[opening.size()])) return text;
+    const auto end = text.find("?>");
+    return end == std::string_view::npos ? text : text.substr(end + 2);
+}
+
+}  // namespace
+
+std::string_view withoutForbiddenCharacters(std::string_view text, std::string& storage) {
+    text = withoutDeclaration(withoutStart(text));
+    if (isClean(text)) return text;
+    std::string kept;
+    kept.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        std::size_t skipped = 0;
+        if (isForbiddenByte(text[at])) skipped = 1;
+        if (text[at] == '\xEF' && isNoncharacterAt(text, at)) skipped = 3;
+        if (text[at] == '&' && text.substr(at).starts_with("&#")) {
+            skipped = forbiddenReferenceLength(text, at);
+        }
+        if (skipped == 0) kept.push_back(text[at]);
+        at += skipped > 0 ? skipped : 1;
+    }
+    // `text` may lie in `storage`, so it is replaced only now.
+    storage = std::move(kept);
+    return storage;
+}
+
+}  // namespace newsroom

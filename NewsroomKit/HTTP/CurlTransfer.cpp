@@ -1,0 +1,327 @@
+#include "NewsroomKit/HTTP/CurlTransfer.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <new>
+#include <stdexcept>
+#include <utility>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <fmt/format.h>
+#include <sys/socket.h>
+
+namespace newsroom {
+namespace {
+
+constexpr long mostRedirects = 10;
+
+template <class T>
+void set(CURL* easy, CURLoption option, T value) {
+    const CURLcode code = curl_easy_setopt(easy, option, value);
+    if (code == CURLE_OUT_OF_MEMORY) throw std::bad_alloc();
+    if (code != CURLE_OK) {
+        throw std::logic_error(fmt::format("curl refuses option {}: {}",
+                                           static_cast<int>(option), curl_easy_strerror(code)));
+    }
+}
+
+template <class T>
+T info(CURL* easy, CURLINFO what) {
+    T value{};
+    curl_easy_getinfo(easy, what, &value);
+    return value;
+}
+
+std::string part(CURLU* url, CURLUPart which) {
+    char* text = nullptr;
+    if (curl_url_get(url, which, &text, 0) != CURLUE_OK) return {};
+    const std::unique_ptr<char, decltype(&curl_free)> owned(text, curl_free);
+    return text;
+}
+
+/// Empty when either cannot be read.
+std::string resolved(const std::string& base, const std::string& reference) {
+    const std::unique_ptr<CURLU, CurlDeleter> url(curl_url());
+    if (curl_url_set(url.get(), CURLUPART_URL, base.c_str(), 0) != CURLUE_OK ||
+        curl_url_set(url.get(), CURLUPART_URL, reference.c_str(), 0) != CURLUE_OK) {
+        return {};
+    }
+    return part(url.get(), CURLUPART_URL);
+}
+
+std::string numericText(const sockaddr* address) {
+    std::array<char, INET6_ADDRSTRLEN> text{};
+    const void* bytes =
+        address->sa_family == AF_INET6
+            ? static_cast<const void*>(&reinterpret_cast<const sockaddr_in6*>(address)->sin6_addr)
+            : &reinterpret_cast<const sockaddr_in*>(address)->sin_addr;
+    inet_ntop(address->sa_family, bytes, text.data(), text.size());
+    return text.data();
+}
+
+}  // namespace
+
+void append(CurlList& list, const std::string& line) {
+    curl_slist* longer = curl_slist_append(list.get(), line.c_str());
+    if (longer == nullptr) throw std::bad_alloc();
+    static_cast<void>(list.release());
+    list.reset(longer);
+}
+
+CurlTransfer::CurlTransfer(CurlEasy easy, TransportRequest request, const TransferRules& rules)
+    : easy_(std::move(easy)), request_(std::move(request)), rules_(rules) {
+    for (const auto& line : request_.headers) append(headers_, line);
+    setOptions();
+    setCallbacks();
+    setAddress();
+    setTrust();
+}
+
+CurlEasy CurlTransfer::releaseHandle() {
+    curl_easy_reset(easy_.get());
+    return std::move(easy_);
+}
+
+void CurlTransfer::setOptions() {
+    CURL* easy = easy_.get();
+    set(easy, CURLOPT_PROTOCOLS_STR, "https");
+    set(easy, CURLOPT_REDIR_PROTOCOLS_STR, "https");
+    set(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
+    set(easy, CURLOPT_ACCEPT_ENCODING, "");  // whatever this curl can decode
+    set(easy, CURLOPT_HTTPHEADER, headers_.get());
+    set(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
+    set(easy, CURLOPT_MAXREDIRS, mostRedirects);
+    set(easy, CURLOPT_TIMEOUT_MS, static_cast<long>(request_.totalTimeout.count()));
+    set(easy, CURLOPT_NOSIGNAL, 1L);
+    // Without it, giving up on a name waits until the resolver has given up too, and with
+    // it every other transfer of the thread.
+    set(easy, CURLOPT_QUICK_EXIT, 1L);
+    if (rules_.connectTo) {
+        set(easy, CURLOPT_CONNECT_TO, rules_.connectTo.get());
+        set(easy, CURLOPT_PROXY, "");  // whatever the environment says
+    }
+}
+
+void CurlTransfer::setCallbacks() {
+    CURL* easy = easy_.get();
+    set(easy, CURLOPT_HEADERFUNCTION, &CurlTransfer::onHeader);
+    set(easy, CURLOPT_HEADERDATA, this);
+    set(easy, CURLOPT_WRITEFUNCTION, &CurlTransfer::onBody);
+    set(easy, CURLOPT_WRITEDATA, this);
+    set(easy, CURLOPT_OPENSOCKETFUNCTION, &CurlTransfer::onOpenSocket);
+    set(easy, CURLOPT_OPENSOCKETDATA, this);
+    set(easy, CURLOPT_PREREQFUNCTION, &CurlTransfer::onConnected);
+    set(easy, CURLOPT_PREREQDATA, this);
+}
+
+/// An address that curl does not take, because of its length, leaves the handle without one:
+/// the transfer then fails by itself, at once.
+void CurlTransfer::setAddress() {
+    const bool isText = request_.url.find('\0') == std::string::npos;
+    if (!isText || curl_easy_setopt(easy_.get(), CURLOPT_URL, request_.url.c_str()) != CURLE_OK) {
+        failure_ = URLError::badURL;
+    }
+}
+
+void CurlTransfer::setTrust() {
+    CURL* easy = easy_.get();
+    set(easy, CURLOPT_SSL_VERIFYPEER, 1L);
+    set(easy, CURLOPT_SSL_VERIFYHOST, 2L);
+    // The parsed bundle is kept from connection to connection only when it is a single file.
+    set(easy, CURLOPT_CAPATH, static_cast<char*>(nullptr));
+    set(easy, CURLOPT_CAINFO, rules_.authorities.file().c_str());
+    const std::string* bundle = rules_.authorities.bundleFor(hostName());
+    if (bundle != nullptr) {
+        // A blob leaves the kept bundle alone; a second file would displace it.
+        curl_blob blob{.data = const_cast<char*>(bundle->data()),
+                       .len = bundle->size(),
+                       .flags = CURL_BLOB_NOCOPY};
+        set(easy, CURLOPT_CAINFO_BLOB, &blob);
+        followsRedirects_ = false;
+    }
+    set(easy, CURLOPT_FOLLOWLOCATION, followsRedirects_ ? 1L : 0L);
+}
+
+std::string CurlTransfer::hostName() const {
+    const std::unique_ptr<CURLU, CurlDeleter> url(curl_url());
+    if (curl_url_set(url.get(), CURLUPART_URL, request_.url.c_str(), 0) != CURLUE_OK) return {};
+    return part(url.get(), CURLUPART_HOST);
+}
+
+int CurlTransfer::status() const {
+    return static_cast<int>(info<long>(easy_.get(), CURLINFO_RESPONSE_CODE));
+}
+
+/// Of the last answer.
+std::optional<std::string_view> CurlTransfer::header(const char* name) const {
+    curl_header* found = nullptr;
+    if (curl_easy_header(easy_.get(), name, 0, CURLH_HEADER, -1, &found) != CURLHE_OK) {
+        return std::nullopt;
+    }
+    return found->value;
+}
+
+bool CurlTransfer::follows(int status) const {
+    return followsRedirects_ && status >= 300 && status <= 399 && status != 304 &&
+           !header("Location").value_or("").empty();
+}
+
+void CurlTransfer::noteRedirect(int status) {
+    ++redirects_;
+    movedForGood_ = movedForGood_ && (status == 301 || status == 308);
+    if (movedForGood_) {
+        movedTo_ = resolved(movedTo_.empty() ? request_.url : movedTo_,
+                            std::string(*header("Location")));
+        movedForGood_ = !movedTo_.empty();
+    }
+}
+
+/// Judges an answer by its head. False ends the transfer.
+bool CurlTransfer::headComplete() {
+    const int code = status();
+    if (code < 200) return true;
+    if (follows(code)) {
+        noteRedirect(code);
+        return true;
+    }
+    if (code == 304) {
+        // curl would follow a 304 that carries a Location.
+        settled_ = header("Location").has_value();
+        return !settled_;
+    }
+    if (code > 299) {
+        failure_ = HTTPClientError{.kind = HTTPClientError::Kind::status, .statusCode = code};
+        return false;
+    }
+    const auto announced = header("Content-Length").value_or("0");
+    std::uint64_t length = 0;
+    const auto read =
+        std::from_chars(announced.data(), announced.data() + announced.size(), length);
+    if (read.ec == std::errc::result_out_of_range || length > request_.byteLimit) {
+        failure_ = HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
+        return false;
+    }
+    body_.reserve(static_cast<std::size_t>(length));
+    return true;
+}
+
+bool CurlTransfer::accept(std::string_view bytes) {
+    if (bytes.size() > request_.byteLimit - body_.size()) {
+        failure_ = HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
+        return false;
+    }
+    body_.append(bytes);
+    return true;
+}
+
+bool CurlTransfer::mayConnectTo(std::string_view ip) {
+    if (rules_.connectTo || redirects_ == 0 || !seenPublic_ || !rules_.isPrivate(ip)) {
+        return true;
+    }
+    refusedPrivate_ = true;
+    return false;
+}
+
+std::size_t CurlTransfer::onHeader(char* data, std::size_t size, std::size_t count, void* self) {
+    auto& transfer = *static_cast<CurlTransfer*>(self);
+    const std::string_view line(data, size * count);
+    transfer.lastSign_ = Clock::now();
+    if (line.starts_with("HTTP/")) transfer.inHead_ = true;
+    const bool endsHead = transfer.inHead_ && (line == "\r\n" || line == "\n");
+    if (!endsHead) return line.size();
+    transfer.inHead_ = false;  // lines after the body are trailers
+    return transfer.headComplete() ? line.size() : 0;
+}
+
+std::size_t CurlTransfer::onBody(char* data, std::size_t size, std::size_t count, void* self) {
+    auto& transfer = *static_cast<CurlTransfer*>(self);
+    transfer.lastSign_ = Clock::now();
+    return transfer.accept({data, size * count}) ? size * count : 0;
+}
+
+curl_socket_t CurlTransfer::onOpenSocket(void* self, curlsocktype, curl_sockaddr* address) {
+    auto& transfer = *static_cast<CurlTransfer*>(self);
+    if (!transfer.mayConnectTo(numericText(&address->addr))) return CURL_SOCKET_BAD;
+    return ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+}
+
+/// Asked before each request, also when a kept connection serves it and no socket is opened.
+int CurlTransfer::onConnected(void* self, char* remoteIP, char*, int, int) {
+    auto& transfer = *static_cast<CurlTransfer*>(self);
+    transfer.lastSign_ = Clock::now();
+    if (!transfer.mayConnectTo(remoteIP)) return CURL_PREREQFUNC_ABORT;
+    transfer.seenPublic_ = transfer.seenPublic_ || !transfer.rules_.isPrivate(remoteIP);
+    return CURL_PREREQFUNC_OK;
+}
+
+std::optional<FetchError> CurlTransfer::failureOf(CURLcode code) const {
+    switch (code) {
+        case CURLE_OK: return std::nullopt;
+        // A redirect away from https, or an answer that is no HTTP at all.
+        case CURLE_UNSUPPORTED_PROTOCOL:
+            return HTTPClientError{.kind = HTTPClientError::Kind::notHTTPS};
+        case CURLE_URL_MALFORMAT: return URLError::badURL;
+        case CURLE_OPERATION_TIMEDOUT: return URLError::timedOut;
+        case CURLE_COULDNT_RESOLVE_HOST: return URLError::cannotFindHost;
+        case CURLE_COULDNT_RESOLVE_PROXY: return URLError::dnsLookupFailed;
+        case CURLE_COULDNT_CONNECT: {
+            const long cause = info<long>(easy_.get(), CURLINFO_OS_ERRNO);
+            return cause == ENETUNREACH || cause == ENETDOWN ? URLError::notConnectedToInternet
+                                                             : URLError::cannotConnectToHost;
+        }
+        case CURLE_GOT_NOTHING:
+        case CURLE_PARTIAL_FILE:
+        case CURLE_RECV_ERROR:
+        case CURLE_SEND_ERROR:
+        case CURLE_HTTP2:
+        case CURLE_HTTP2_STREAM: return URLError::networkConnectionLost;
+        case CURLE_PEER_FAILED_VERIFICATION: return URLError::serverCertificateUntrusted;
+        case CURLE_TOO_MANY_REDIRECTS: return URLError::tooManyRedirects;
+        case CURLE_BAD_CONTENT_ENCODING: return URLError::cannotDecodeContent;
+        case CURLE_SSL_CONNECT_ERROR:
+        case CURLE_SSL_CERTPROBLEM:
+        case CURLE_SSL_CIPHER:
+        case CURLE_SSL_CACERT_BADFILE:
+        case CURLE_SSL_ISSUER_ERROR:
+        case CURLE_SSL_INVALIDCERTSTATUS: return URLError::secureConnectionFailed;
+        default: return URLError::badServerResponse;
+    }
+}
+
+TransportAnswer CurlTransfer::answer() const {
+    CURL* easy = easy_.get();
+    const auto bodyBytes = info<curl_off_t>(easy, CURLINFO_SIZE_DOWNLOAD_T);
+    const auto headBytes = info<long>(easy, CURLINFO_HEADER_SIZE);
+    TransportAnswer answer{.status = status(),
+                           .bytesOnWire = static_cast<std::uint64_t>(bodyBytes + headBytes)};
+    const auto pause = info<curl_off_t>(easy, CURLINFO_RETRY_AFTER);
+    if ((answer.status == 429 || answer.status == 503) && pause > 0) {
+        answer.retryAfter = std::chrono::seconds(pause);
+    }
+    return answer;
+}
+
+TransportAnswer CurlTransfer::finish(CURLcode code) {
+    TransportAnswer done = answer();
+    if (refusedPrivate_ && !failure_ && code != CURLE_OK) {
+        failure_ = URLError::redirectToPrivateAddress;
+    }
+    done.failure = failure_ || settled_ ? failure_ : failureOf(code);
+    if (done.failure) return done;
+    done.body = std::move(body_);
+    if (const auto tag = header("ETag")) done.validators.entityTag = *tag;
+    if (const auto date = header("Last-Modified")) done.validators.lastModified = *date;
+    if (!movedTo_.empty()) done.movedTo = std::move(movedTo_);
+    return done;
+}
+
+TransportAnswer CurlTransfer::finish(FetchError failure) {
+    TransportAnswer done = answer();
+    done.failure = failure_.value_or(failure);
+    return done;
+}
+
+}  // namespace newsroom

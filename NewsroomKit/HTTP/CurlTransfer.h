@@ -1,0 +1,97 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <curl/curl.h>
+
+#include "NewsroomKit/HTTP/CurlTransport.h"
+#include "NewsroomKit/HTTP/TrustedAuthorities.h"
+
+namespace newsroom {
+
+struct CurlDeleter {
+    void operator()(CURL* easy) const { curl_easy_cleanup(easy); }
+    void operator()(CURLU* url) const { curl_url_cleanup(url); }
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+};
+
+using CurlEasy = std::unique_ptr<CURL, CurlDeleter>;
+using CurlList = std::unique_ptr<curl_slist, CurlDeleter>;
+
+/// Appends to a list that may be empty; throws std::bad_alloc.
+void append(CurlList& list, const std::string& line);
+
+/// What all transfers have in common.
+struct TransferRules {
+    TrustedAuthorities authorities;
+    CurlList connectTo;  ///< empty: connections go where the addresses say
+    bool (*isPrivate)(std::string_view ip);
+};
+
+/// One request on one easy handle, from its options to its answer. Lives on curl's thread.
+class CurlTransfer {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    /// `easy` must be fresh or reset. `rules` must outlive the transfer.
+    CurlTransfer(CurlEasy easy, TransportRequest request, const TransferRules& rules);
+    CurlTransfer(const CurlTransfer&) = delete;
+    CurlTransfer& operator=(const CurlTransfer&) = delete;
+
+    CURL* handle() const { return easy_.get(); }
+
+    /// When the server will have been silent for too long, unless it says something.
+    Clock::time_point idleDeadline() const { return lastSign_ + request_.idleTimeout; }
+
+    /// The answer, from curl's verdict or from a failure of our own finding.
+    TransportAnswer finish(CURLcode code);
+    TransportAnswer finish(FetchError failure);
+
+    /// For the next transfer. This one is over.
+    CurlEasy releaseHandle();
+
+private:
+    void setOptions();
+    void setCallbacks();
+    void setAddress();
+    void setTrust();
+    std::string hostName() const;
+    std::optional<std::string_view> header(const char* name) const;
+    int status() const;
+    bool follows(int status) const;
+    void noteRedirect(int status);
+    bool headComplete();
+    bool accept(std::string_view bytes);
+    bool mayConnectTo(std::string_view ip);
+    std::optional<FetchError> failureOf(CURLcode code) const;
+    TransportAnswer answer() const;
+
+    static std::size_t onHeader(char* data, std::size_t size, std::size_t count, void* self);
+    static std::size_t onBody(char* data, std::size_t size, std::size_t count, void* self);
+    static curl_socket_t onOpenSocket(void* self, curlsocktype purpose, curl_sockaddr* address);
+    static int onConnected(void* self, char* remoteIP, char* localIP, int remotePort,
+                           int localPort);
+
+    CurlEasy easy_;
+    TransportRequest request_;
+    const TransferRules& rules_;
+    CurlList headers_;
+    Clock::time_point lastSign_ = Clock::now();
+    std::string body_;
+    std::optional<FetchError> failure_;  ///< our own verdict; outweighs curl's
+    bool settled_ = false;      ///< the head says it all, the rest is not wanted
+    bool inHead_ = false;
+    bool followsRedirects_ = true;
+    bool refusedPrivate_ = false;
+    bool seenPublic_ = false;   ///< a peer so far was on the public network
+    int redirects_ = 0;
+    bool movedForGood_ = true;  ///< every redirect so far was permanent
+    std::string movedTo_;
+};
+
+}  // namespace newsroom

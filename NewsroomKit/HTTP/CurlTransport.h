@@ -1,0 +1,81 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <boost/asio/awaitable.hpp>
+
+#include "NewsroomKit/HTTP/HTTPClientError.h"
+#include "NewsroomKit/HTTP/PrivateAddress.h"
+#include "NewsroomKit/HTTP/ValidatorTable.h"
+
+namespace newsroom {
+
+/// One GET over HTTPS.
+struct TransportRequest {
+    std::string url;
+    std::vector<std::string> headers = {};  ///< lines of "Name: value"
+    std::size_t byteLimit = 0;              ///< of the decoded body
+    std::chrono::milliseconds idleTimeout{15'000};   ///< without a byte, connecting included
+    std::chrono::milliseconds totalTimeout{30'000};
+};
+
+/// What came of it, redirects followed.
+struct TransportAnswer {
+    std::optional<FetchError> failure = {};  ///< a status other than 304 outside 2xx is one
+    int status = 0;                          ///< of the last answer; 0 when there was none
+    std::string body = {};                   ///< decoded; only when nothing failed
+    Validators validators = {};
+    std::uint64_t bytesOnWire = 0;  ///< headers and encoded body
+    std::optional<std::chrono::seconds> retryAfter = {};  ///< of a 429 or 503
+    /// Where the server says the address lives now (301, 308), when the answer is good.
+    std::optional<std::string> movedTo = {};
+};
+
+/// Runs any number of requests at once on one thread of its own; the only user of curl.
+/// It is the place that enforces: https alone, redirects included; certificates verified;
+/// bodies limited while they are decoded; no way from a public to a private address; no
+/// cookies.
+class CurlTransport {
+public:
+    struct Options {
+        /// "HOST:PORT" which every connection goes to, while names and certificates stay
+        /// those of the addresses asked for.
+        std::optional<std::string> connectTo = {};
+        /// Trusted instead of the system's authorities.
+        std::optional<std::filesystem::path> caFile = {};
+        /// Trusted besides them, each for one host name only. Redirects of such a host are
+        /// not followed, so that its authority never speaks for another host.
+        std::map<std::string, std::filesystem::path, std::less<>> extraAuthorities = {};
+        /// Which numeric addresses a redirect from a public one must not lead to. Not asked
+        /// when `connectTo` is set.
+        bool (*isPrivate)(std::string_view ip) = isPrivateAddress;
+    };
+
+    /// Throws std::runtime_error when a named authority file cannot be read.
+    explicit CurlTransport(Options options);
+
+    /// Requests in flight end as cancelled. The executors of those who wait for them must
+    /// outlive this object.
+    ~CurlTransport();
+    CurlTransport(const CurlTransport&) = delete;
+    CurlTransport& operator=(const CurlTransport&) = delete;
+
+    /// Resumes on the executor of the caller. Cancelling the caller ends the request, whether
+    /// it is queued or in flight, with URLError::cancelled.
+    boost::asio::awaitable<TransportAnswer> perform(TransportRequest request);
+
+private:
+    class Loop;
+    std::unique_ptr<Loop> loop_;
+};
+
+}  // namespace newsroom

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include <boost/asio/awaitable.hpp>
+
+#include "NewsroomKit/HTTP/HTTPClientError.h"
+#include "NewsroomKit/HTTP/ValidatorTable.h"
+
+namespace newsroom {
+
+class CurlTransport;
+struct TransportRequest;
+
+/// Whether a request tells the server which answer the caller already has.
+enum class Conditional { no, yes };
+
+/// The gate through which all feeds and web data are fetched: https only, every answer
+/// limited in size, one retry after a transient failure, conditional requests with the
+/// validators of the last answer.
+///
+/// Many coroutines may fetch through one client at once, from any thread.
+class HTTPClient {
+public:
+    struct Configuration {
+        std::chrono::milliseconds requestTimeout{15'000};   ///< without a byte
+        std::chrono::milliseconds resourceTimeout{30'000};  ///< of an attempt as a whole
+        std::string userAgent =
+            "TarnwickBrell/1.0 (Macintosh; macOS) +https://tarnwick-brell.example/";
+        std::chrono::milliseconds retryPause{500};
+        std::chrono::milliseconds retryJitter{300};  ///< at most so much is added to the pause
+    };
+
+    struct Fresh {
+        std::string body;
+    };
+    struct NotModified {};
+    using Result = std::variant<Fresh, NotModified>;
+
+    /// What a request cost, for those who keep an eye on their sources.
+    struct Record {
+        int attempts = 0;
+        int status = 0;  ///< of the last answer; 0 when there was none
+        std::uint64_t bytesOnWire = 0;           ///< of all attempts
+        std::chrono::microseconds elapsed{0};    ///< all attempts and the pause between
+        /// How long the server wants to be left alone (429 and 503).
+        std::optional<std::chrono::seconds> retryAfter = {};
+        /// Where the address has moved for good. For people to decide on; nothing is stored.
+        std::optional<std::string> movedTo = {};
+    };
+
+    struct Exchange {
+        FetchResult<Result> result;
+        Record record;
+    };
+
+    explicit HTTPClient(CurlTransport& transport) : HTTPClient(transport, Configuration{}) {}
+    HTTPClient(CurlTransport& transport, Configuration configuration);
+
+    boost::asio::awaitable<FetchResult<Result>> fetch(std::string url, Conditional conditional,
+                                                      std::size_t byteLimit);
+
+    /// As `fetch`, with the record.
+    boost::asio::awaitable<Exchange> exchange(std::string url, Conditional conditional,
+                                              std::size_t byteLimit);
+
+    /// In memory only; whoever wants to keep it between runs exports and imports it.
+    ValidatorTable& validators() { return validators_; }
+
+private:
+    TransportRequest requestFor(const std::string& url, Conditional conditional,
+                                std::size_t byteLimit) const;
+    boost::asio::awaitable<void> pauseBeforeRetry() const;
+    boost::asio::awaitable<FetchResult<Result>> attempt(const std::string& url,
+                                                        Conditional conditional,
+                                                        std::size_t byteLimit, Record& record);
+
+    CurlTransport& transport_;
+    Configuration configuration_;
+    ValidatorTable validators_;
+};
+
+}  // namespace newsroom

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string_view>
+
+namespace newsroom {
+
+/// True for numeric IPv4 and IPv6 addresses that only mean something on this machine or
+/// its own network: loopback, link-local, private, carrier-grade, unspecified, broadcast,
+/// also when wrapped into IPv6. A text that is no numeric address counts as private.
+bool isPrivateAddress(std::string_view ip);
+
+}  // namespace newsroom

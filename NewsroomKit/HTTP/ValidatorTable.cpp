@@ -1,0 +1,53 @@
+#include "NewsroomKit/HTTP/ValidatorTable.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace newsroom {
+namespace {
+
+void dropUnlessHeaderValue(std::optional<std::string>& text) {
+    const auto isControl = [](char c) {
+        return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+    };
+    if (text && std::ranges::any_of(*text, isControl)) text.reset();
+}
+
+}  // namespace
+
+Validators ValidatorTable::find(const std::string& url) const {
+    const std::lock_guard lock(mutex_);
+    const auto found = entries_.find(url);
+    return found == entries_.end() ? Validators{} : found->second;
+}
+
+void ValidatorTable::store(const std::string& url, Validators validators) {
+    const std::lock_guard lock(mutex_);
+    if (validators == Validators{}) {
+        entries_.erase(url);
+    } else {
+        entries_.insert_or_assign(url, std::move(validators));
+    }
+}
+
+void ValidatorTable::forget(const std::string& url) {
+    const std::lock_guard lock(mutex_);
+    entries_.erase(url);
+}
+
+ValidatorTable::Entries ValidatorTable::entries() const {
+    const std::lock_guard lock(mutex_);
+    return entries_;
+}
+
+void ValidatorTable::replace(Entries entries) {
+    for (auto& [url, validators] : entries) {
+        dropUnlessHeaderValue(validators.entityTag);
+        dropUnlessHeaderValue(validators.lastModified);
+    }
+    std::erase_if(entries, [](const auto& entry) { return entry.second == Validators{}; });
+    const std::lock_guard lock(mutex_);
+    entries_ = std::move(entries);
+}
+
+}  // namespace newsroom

@@ -1,0 +1,174 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "NewsroomKit/Feeds/FeedParser.h"
+
+namespace newsroom {
+namespace {
+
+using namespace std::string_literals;
+
+std::string withTitle(const std::string& title) {
+    return "<rss><channel><item><title>" + title + "</title></item></channel></rss>";
+}
+
+/// The title of the only entry, or the error's raw value in brackets.
+std::string titleOf(const std::string& document) {
+    const auto parsed = parseFeed(document);
+    if (!parsed) return "(" + std::string(rawValue(parsed.error())) + ")";
+    return parsed.value().entries.size() == 1 ? parsed.value().entries[0].title : "(none)";
+}
+
+std::string utf16(const std::string& ascii, bool bigEndian) {
+    std::string bytes;
+    for (char c : ascii) {
+        if (bigEndian) bytes += '\0';
+        bytes += c;
+        if (!bigEndian) bytes += '\0';
+    }
+    return bytes;
+}
+
+TEST(FeedFaults, ThatChangeNoMeaningAreForgiven) {
+    const std::pair<std::string, std::string_view> cases[] = {
+        {" \r\n\t<?xml version=\"1.0\"?>" + withTitle("T"), "T"},
+        {"\xEF\xBB\xBF\n<?xml version=\"1.0\"?>" + withTitle("T"), "T"},
+        {withTitle("a\x01\x0B\x1F" "b\0c"s), "abc"},
+        {withTitle("a&#0;b&#x1F;c&#xFFFF;d&#xD800;e&#99999999999;f"), "abcdef"},
+        {withTitle("a\xEF\xBF\xBE" "b\xEF\xBF\xBD"), "ab\xEF\xBF\xBD"},
+        {withTitle("a&#9;b&#x10FFFD;"), "a\tb\xF4\x8F\xBF\xBD"},
+        {withTitle("caf&eacute;&nbsp;&mdash; &euro;1 &amp;eacute;"), "café\u00A0— €1 &eacute;"},
+        {withTitle("T") + "\n<!-- served in 3 ms -->\n", "T"},
+        {withTitle("T") + "\0\0\0"s, "T"},
+        {"<?xml version=\"1.0\" encoding=\"8859-1\"?>\n<?xml-stylesheet href='a'?>" + withTitle("T"), "T"},
+    };
+    for (const auto& [document, title] : cases) EXPECT_EQ(titleOf(document), title) << document;
+}
+
+TEST(FeedFaults, HTMLNamesAreKnownInAttributesToo) {
+    const auto parsed = parseFeed(
+        "<feed><entry><title>T</title><link href=\"https://a.example/caf&eacute;&rarr;1\"/></entry></feed>");
+    ASSERT_TRUE(parsed.has_value());
+    EXPECT_EQ(parsed.value().entries.at(0).link, "https://a.example/café→1");
+}
+
+TEST(FeedFaults, WrongAndMissingEncodingLabelsAreSeenThrough) {
+    const auto labelled = [](const std::string& label, const std::string& title) {
+        return "<?xml version=\"1.0\" encoding=\"" + label + "\"?>" + withTitle(title);
+    };
+    const std::pair<std::string, std::string_view> cases[] = {
+        {labelled("ISO-8859-1", "Sm\xF8rebr\xF8" "d \x96 \x80" "5"), "Smørebrød – €5"},
+        {labelled("ISO-8859-1", "Smørebrød"), "Smørebrød"},
+        {labelled("windows-1251", "\xCF\xEE\xF0\xF2"), "Порт"},
+        {labelled("gb2312", "\xB8\xDB\xBF\xDA"), "港口"},
+        {labelled("Shift_JIS", "\x8D\x60"), "港"},
+        {labelled("utf-16", "Smørebrød"), "Smørebrød"},
+        {labelled("us-ascii", "Smørebrød"), "Smørebrød"},
+        {labelled("made-up-8", "Smørebrød"), "Smørebrød"},
+        {labelled("made-up-8", "Sm\xF8rebr\xF8" "d"), "Smørebrød"},
+        {labelled("../../etc/passwd", "Sm\xF8rebr\xF8" "d"), "Smørebrød"},
+        {labelled("utf-8", "Sm\xF8rebr\xF8" "d"), "Smørebrød"},
+        {labelled("utf-8", "Smørebrød, kaffe \xC3"), "Smørebrød, kaffe \uFFFD"},
+        {withTitle("Sm\xF8rebr\xF8" "d"), "Smørebrød"},
+        {"\xFE\xFF" + utf16(withTitle("T"), true), "T"},
+        {"\xFF\xFE" + utf16("<?xml version=\"1.0\" encoding=\"utf-16\"?>" + withTitle("T"), false), "T"},
+        {utf16(withTitle("T"), true), "T"},
+        {utf16(withTitle("T"), false), "T"},
+    };
+    for (const auto& [document, title] : cases) EXPECT_EQ(titleOf(document), title) << document;
+}
+
+TEST(FeedFaults, DocumentsWithoutAFeedElementAreNoFeeds) {
+    const std::string cases[] = {
+        "", " \n", "\0\0\0\0"s, "{\"items\": []}", "Not found", "<html><body><p>Sign in</p></body></html>",
+        "<!DOCTYPE html><html><head><meta charset=utf-8><title>Sign in</title><body>&nbsp;<br>",
+        "<opml version=\"2.0\"><body/></opml>", "\xFF\xD8\xFF\xE0\x00\x10JFIF"s, "<", "\xFF\xFE",
+        "<?xml version=\"1.0\"", "<!DOCTYPE rss SYSTEM \"rss.dtd\">",
+    };
+    for (const auto& document : cases) EXPECT_EQ(titleOf(document), "(notAFeed)") << document;
+}
+
+TEST(FeedFaults, AnythingElseThatIsNotWellFormedIsMalformed) {
+    const auto whole = withTitle("T");
+    const std::string cases[] = {
+        whole.substr(0, whole.size() - 1), whole.substr(0, whole.find("</title>")), "<rss><channel>", "<rss",
+        withTitle("a & b"), withTitle("&unheardof;"), withTitle("<b>"), whole + "<rss/>",
+        "<rss><channel><item a='1' a='2'/></channel></rss>", withTitle("<![CDATA[ "),
+    };
+    for (const auto& document : cases) EXPECT_EQ(titleOf(document), "(malformed)") << document;
+}
+
+TEST(FeedFaults, EntitiesThatADocumentDeclaresExpandToNothing) {
+    std::string bomb = "<!DOCTYPE rss [<!ENTITY l0 \"lol\">";
+    for (int i = 1; i < 10; ++i) {
+        bomb += "<!ENTITY l" + std::to_string(i) + " \"";
+        for (int j = 0; j < 10; ++j) bomb += "&l" + std::to_string(i - 1) + ";";
+        bomb += "\">";
+    }
+    EXPECT_EQ(titleOf(bomb + "]>" + withTitle("&l9;")), "(malformed)");
+    EXPECT_EQ(titleOf(bomb + "]>" + withTitle("T")), "T");
+}
+
+TEST(FeedFaults, NoFileIsReadForADocument) {
+    const auto path = std::filesystem::path(testing::TempDir()) / "brell-secret.txt";
+    std::ofstream(path) << "secret";
+    const auto uri = "file://" + path.string();
+    for (const auto& declaration :
+         {"<!DOCTYPE rss [<!ENTITY x SYSTEM \"" + uri + "\">]>",
+          "<!DOCTYPE rss [<!ENTITY % p SYSTEM \"" + uri + "\"> %p;]>",
+          "<!DOCTYPE rss SYSTEM \"" + uri + "\">"}) {
+        EXPECT_EQ(titleOf(declaration + withTitle("a&x;b")).find("secret"), std::string::npos);
+    }
+    std::filesystem::remove(path);
+}
+
+/// Generous for a sanitizer on a busy machine, yet far below what square growth would take.
+constexpr auto patience = std::chrono::seconds(20);
+
+std::string repeated(std::string_view text, int count) {
+    std::string result;
+    for (int i = 0; i < count; ++i) result += text;
+    return result;
+}
+
+std::string numberedAttributes(int count) {
+    std::string result;
+    for (int i = 0; i < count; ++i) result += " a" + std::to_string(i) + "=''";
+    return result;
+}
+
+TEST(FeedFaults, HostileDocumentsEndSoon) {
+    const auto attributes = numberedAttributes(600'000);
+    const std::pair<std::string, std::string> cases[] = {
+        {withTitle(repeated("<b>", 10'000) + repeated("</b>", 10'000)), "(malformed)"},
+        {"<rss><channel><item" + attributes + "/></channel></rss>", "(malformed)"},
+        {"<rss><channel><item><title>T</title><x" + attributes + "/></item></channel></rss>",
+         "(malformed)"},
+        {"<!DOCTYPE rss [" + repeated("<!ATTLIST x a CDATA 'v'>", 5'000) + "]>" + withTitle("T"),
+         "(notAFeed)"},
+        {withTitle(repeated("&nbsp;", 900'000)).substr(0, 5'400'000), "(malformed)"},
+        {"<rss><!--" + repeated("-x", 2'000'000), "(malformed)"},
+        {withTitle(repeated("&#1;", 1'000'000)), ""},
+    };
+    for (const auto& [document, title] : cases) {
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_EQ(titleOf(document), title) << document.substr(0, 60);
+        EXPECT_LT(std::chrono::steady_clock::now() - start, patience) << document.substr(0, 60);
+    }
+}
+
+TEST(FeedFaults, LongTitlesAndLongAttributesAreKept) {
+    const std::string longText(100'000, 'x');
+    EXPECT_EQ(titleOf(withTitle(longText)), longText);
+    const auto parsed = parseFeed("<feed><entry><title>T</title><link href=\"https://a.example/" +
+                                  longText + "\"/></entry></feed>");
+    ASSERT_TRUE(parsed.has_value());
+    EXPECT_EQ(parsed.value().entries.at(0).link.size(), longText.size() + 18);
+}
+
+}  // namespace
+}  // namespace newsroom

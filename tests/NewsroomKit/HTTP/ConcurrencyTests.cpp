@@ -1,0 +1,249 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <boost/asio/bind_cancellation_slot.hpp>
+#include <boost/asio/cancellation_signal.hpp>
+#include <boost/asio/co_spawn.hpp>
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/post.hpp>
+#include <boost/asio/steady_timer.hpp>
+#include <boost/asio/strand.hpp>
+#include <boost/asio/thread_pool.hpp>
+
+#include "tests/support/HTTPBench.h"
+#include "tests/NewsroomKit/HTTP/NameLookup.h"
+
+namespace newsroom::test {
+namespace {
+
+namespace asio = boost::asio;
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+/// One fetch that can be cancelled, on an executor that runs one thing at a time.
+class Errand {
+public:
+    explicit Errand(asio::any_io_executor executor) : executor_(std::move(executor)) {}
+
+    void start(HTTPClient& client, std::string url) {
+        asio::co_spawn(executor_, run(client, std::move(url)),
+                       asio::bind_cancellation_slot(signal_.slot(), [this](std::exception_ptr e) {
+                           threw_ = e != nullptr;
+                           finished_ = true;
+                       }));
+    }
+
+    void cancel() {
+        asio::post(executor_, [this] { signal_.emit(asio::cancellation_type::terminal); });
+    }
+
+    void cancelAfter(std::chrono::milliseconds delay) {
+        timer_.emplace(executor_, delay);
+        timer_->async_wait([this](boost::system::error_code) {
+            signal_.emit(asio::cancellation_type::terminal);
+        });
+    }
+
+    bool finished() const { return finished_; }
+    /// Cancelled before it began: nothing of the client has run.
+    bool threw() const { return threw_; }
+    const std::string& outcome() const { return outcome_; }
+
+private:
+    asio::awaitable<void> run(HTTPClient& client, std::string url) {
+        const auto done = co_await client.exchange(std::move(url), Conditional::yes, 1000);
+        outcome_ = outcomeText(done.result);
+    }
+
+    asio::any_io_executor executor_;
+    asio::cancellation_signal signal_;
+    std::optional<asio::steady_timer> timer_;
+    std::atomic<bool> finished_ = false;
+    std::atomic<bool> threw_ = false;
+    std::string outcome_;
+};
+
+void waitUntil(const std::function<bool()>& condition) {
+    const auto end = Clock::now() + 30s;
+    while (!condition()) {
+        ASSERT_LT(Clock::now(), end) << "gave up waiting";
+        std::this_thread::sleep_for(1ms);
+    }
+}
+
+TEST(Cancellation, endsARequestInFlight) {
+    HTTPBench bench;
+    bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
+    asio::thread_pool pool(1);
+    Errand errand(pool.get_executor());
+    errand.start(bench.client, "https://feeds.example/");
+    waitUntil([&] { return bench.server.hits() == 1; });
+    errand.cancel();
+    pool.join();
+    EXPECT_EQ(errand.outcome(), "Cancelled");
+    EXPECT_EQ(bench.server.hits(), 1U);
+}
+
+TEST(Cancellation, endsARequestThatIsStillQueued) {
+    HTTPBench bench;
+    bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
+    asio::io_context io;
+    Errand errand(io.get_executor());
+    errand.start(bench.client, "https://feeds.example/");
+    errand.cancel();
+    io.run_for(5s);
+    EXPECT_TRUE(errand.finished());
+    EXPECT_EQ(errand.outcome(), "Cancelled");
+}
+
+TEST(Cancellation, endsThePauseBeforeARetry) {
+    auto patient = impatient();
+    patient.retryPause = 1h;
+    HTTPBench bench(patient);
+    bench.script.on("feeds.example", "/", {{.status = 503}});
+    asio::thread_pool pool(1);
+    Errand errand(pool.get_executor());
+    errand.start(bench.client, "https://feeds.example/");
+    waitUntil([&] { return bench.server.hits() == 1; });
+    errand.cancelAfter(50ms);
+    pool.join();
+    EXPECT_EQ(errand.outcome(), "Cancelled");
+    EXPECT_EQ(bench.server.hits(), 1U);
+}
+
+TEST(CurlTransport, endsEverythingInFlightWhenItGoesWellUnderASecond) {
+    HTTPBench bench;
+    bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
+    auto transport = std::make_unique<CurlTransport>(CurlTransport::Options{
+        .connectTo = "127.0.0.1:" + std::to_string(bench.server.port()),
+        .caFile = bench.authorityFile()});
+    HTTPClient client(*transport, impatient());
+    asio::thread_pool pool(2);
+    std::vector<std::unique_ptr<Errand>> errands;
+    for (int i = 0; i < 50; ++i) {
+        errands.push_back(std::make_unique<Errand>(asio::make_strand(pool)));
+        errands.back()->start(client, "https://feeds.example/");
+    }
+    waitUntil([&] { return bench.server.hits() == errands.size(); });
+    const auto start = Clock::now();
+    transport.reset();
+    pool.join();
+    EXPECT_LT(Clock::now() - start, 500ms);
+    for (const auto& errand : errands) EXPECT_EQ(errand->outcome(), "Cancelled");
+}
+
+TEST(CurlTransport, keepsItsConnections) {
+    HTTPBench bench;
+    bench.script.on("feeds.example", "/", {{.body = "news"}});
+    for (int i = 0; i < 20; ++i) {
+        ASSERT_EQ(bench.outcome("https://feeds.example/"), "fresh: news");
+    }
+    EXPECT_EQ(bench.server.connections(), 1U);
+}
+
+TEST(CurlTransport, carriesTwoHundredWaitingRequestsOnOneThread) {
+    HTTPBench bench;
+    asio::thread_pool pool(1);
+    std::vector<std::unique_ptr<Errand>> errands;
+    const auto start = Clock::now();
+    for (int i = 0; i < 200; ++i) {
+        const auto host = "feed-" + std::to_string(i) + ".example";
+        bench.script.on(host, "/", {{.body = host, .delivery = {.delay = 2s}}});
+        errands.push_back(std::make_unique<Errand>(asio::make_strand(pool)));
+        errands.back()->start(bench.client, "https://" + host + "/");
+    }
+    pool.join();
+    EXPECT_LT(Clock::now() - start, 20s);  // one after the other they would take 400 s
+    for (std::size_t i = 0; i < errands.size(); ++i) {
+        EXPECT_EQ(errands[i]->outcome(), "fresh: feed-" + std::to_string(i) + ".example");
+    }
+}
+
+TEST(CurlTransport, answersEveryOneOfManyRequestsCancelledAtRandom) {
+    HTTPBench bench(impatient(), {.threads = 2});
+    const std::vector<pressroom::Response> answers{
+        {.body = "news"},
+        {.status = 304},
+        {.status = 503},
+        {.body = "news", .delivery = {.delay = 30ms}},
+        {.delivery = {.neverAnswers = true}},
+        {.delivery = {.hangsUp = true}},
+        {.body = "news", .delivery = {.trickleBytes = 1, .trickleInterval = 10ms}},
+        {.body = std::string(2000, 'x'),
+         .delivery = {.framing = pressroom::Delivery::Framing::chunked}},
+    };
+    std::mt19937 dice(20261121);
+    std::uniform_int_distribution<int> milliseconds(0, 150);
+    asio::thread_pool pool(3);
+    std::vector<std::unique_ptr<Errand>> errands;
+    for (std::size_t i = 0; i < 200; ++i) {
+        const auto host = "feed-" + std::to_string(i) + ".example";
+        bench.script.on(host, "/", {answers[i % answers.size()]});
+        errands.push_back(std::make_unique<Errand>(asio::make_strand(pool)));
+        errands.back()->start(bench.client, "https://" + host + "/");
+        errands.back()->cancelAfter(std::chrono::milliseconds(milliseconds(dice)));
+    }
+    pool.join();
+    for (const auto& errand : errands) {
+        EXPECT_TRUE(errand->finished());
+        EXPECT_TRUE(errand->threw() || !errand->outcome().empty());
+    }
+}
+
+/// Names really are looked up here, through the stand-in for the system's resolver.
+TEST(NameLookups, thatFailAreToldFromServersThatDo) {
+    HTTPBench bench;
+    CurlTransport transport({.caFile = bench.authorityFile()});
+    HTTPClient client(transport, impatient());
+    const auto done = exchange(client, "https://unknown.example/");
+    EXPECT_EQ(outcomeText(done.result), "The server's name can't be found.");
+    EXPECT_EQ(done.record.attempts, 2);
+}
+
+TEST(NameLookups, thatNeverEndHoldUpNobodyElse) {
+    const BlackHole hole("black-hole.example");
+    HTTPBench bench;
+    bench.script.on("127.0.0.1", "/", {{.body = "news"}});
+    auto configuration = impatient();
+    configuration.requestTimeout = 300ms;
+    std::optional<CurlTransport> transport(std::in_place,
+                                           CurlTransport::Options{.caFile = bench.authorityFile()});
+    HTTPClient client(*transport, configuration);
+    HTTPClient patient(*transport, impatient());
+    asio::thread_pool pool(1);
+    Errand timedOut(asio::make_strand(pool));
+    Errand cancelled(asio::make_strand(pool));
+    Errand left(asio::make_strand(pool));
+    timedOut.start(client, "https://black-hole.example/");
+    cancelled.start(patient, "https://black-hole.example/");
+    left.start(patient, "https://black-hole.example/");
+    waitUntil([&] { return hole.visitors() >= 3; });
+
+    const auto url = "https://127.0.0.1:" + std::to_string(bench.server.port()) + "/";
+    const auto start = Clock::now();
+    while (!timedOut.finished()) {
+        ASSERT_EQ(outcomeText(exchange(client, url).result), "fresh: news");
+    }
+    cancelled.cancel();
+    waitUntil([&] { return cancelled.finished(); });
+    EXPECT_EQ(outcomeText(exchange(client, url).result), "fresh: news");
+    transport.reset();
+    pool.join();
+    EXPECT_LT(Clock::now() - start, 5s);
+    EXPECT_EQ(timedOut.outcome(), "The server took too long to answer.");
+    EXPECT_EQ(cancelled.outcome(), "Cancelled");
+    EXPECT_EQ(left.outcome(), "Cancelled");
+}
+
+}  // namespace
+}  // namespace newsroom::test
