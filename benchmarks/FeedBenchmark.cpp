@@ -10,6 +10,7 @@
 
 #include "NewsroomKit/Feeds/FeedParser.h"
 #include "NewsroomKit/Feeds/HTMLText.h"
+#include "NewsroomKit/Ingestion/StoryConversion.h"
 
 // Reads the feeds of the folder that BRELL_FEEDS names, or feeds made up here. The bare
 // pass shows what the XML library alone costs on the same bytes.
@@ -102,6 +103,24 @@ void ParseFeeds(benchmark::State& state) {
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * bytesPerPass());
 }
 BENCHMARK(ParseFeeds)->Unit(benchmark::kMillisecond);
+
+/// Everything between the bytes of a feed and its labelled stories.
+void ParseConvertAndLabel(benchmark::State& state) {
+    const NewsSource source{.id = "bench", .name = "Bench", .feedURL = "https://bench.example/feed",
+                            .siteURL = "https://bench.example/"};
+    const Instant now = parseISO8601("2026-11-20T12:00:00Z").value();
+    CanonicalLinks links;
+    const StoryConversion conversion(links);
+    for (auto _ : state) {
+        for (const auto& feed : feeds()) {
+            if (const auto parsed = parseFeed(feed)) {
+                benchmark::DoNotOptimize(conversion.stories(parsed.value().entries, source, now));
+            }
+        }
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * bytesPerPass());
+}
+BENCHMARK(ParseConvertAndLabel)->Unit(benchmark::kMillisecond);
 
 void ExcerptOfEveryEntry(benchmark::State& state) {
     std::vector<FeedEntry> entries;

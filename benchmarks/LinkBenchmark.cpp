@@ -48,3 +48,5 @@ void referenceBareParse(benchmark::State& state) {
 BENCHMARK(referenceBareParse);
 
 }  // namespace
+
+BENCHMARK_MAIN();

@@ -5,17 +5,11 @@
 #include <algorithm>
 #include <memory>
 
+#include "NewsroomKit/Text/ASCII.h"
+
 namespace newsroom {
 
 namespace {
-
-bool isHex(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
-
-bool isAlphanumeric(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
 
 constexpr std::string_view kUnreservedMarks = "-._~";
 constexpr std::string_view kSubDelimiters = "!$&'()*+,;=";
@@ -25,8 +19,8 @@ void appendEscaped(std::string& out, std::string_view part, std::string_view ext
     constexpr char digits[] = "0123456789ABCDEF";
     for (std::size_t i = 0; i < part.size(); ++i) {
         const char c = part[i];
-        const bool escape = c == '%' && i + 2 < part.size() && isHex(part[i + 1]) && isHex(part[i + 2]);
-        const bool allowed = isAlphanumeric(c) || kUnreservedMarks.find(c) != std::string_view::npos ||
+        const bool escape = c == '%' && i + 2 < part.size() && hexValue(part[i + 1]) >= 0 && hexValue(part[i + 2]) >= 0;
+        const bool allowed = isASCIIAlphanumeric(c) || kUnreservedMarks.find(c) != std::string_view::npos ||
                              kSubDelimiters.find(c) != std::string_view::npos ||
                              extra.find(c) != std::string_view::npos;
         if (escape || allowed) {

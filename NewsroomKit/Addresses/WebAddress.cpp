@@ -7,18 +7,12 @@
 #include <boost/url/url_view.hpp>
 
 #include "NewsroomKit/Addresses/LenientAddress.h"
+#include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
 
 namespace newsroom {
 
 namespace {
-
-int hexValue(char c) {
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    return -1;
-}
 
 std::optional<unsigned> portNumber(std::string_view digits) {
     unsigned number = 0;
@@ -49,7 +43,11 @@ std::optional<WebAddress> fromParsed(const boost::urls::url_view& view) {
 }  // namespace
 
 std::optional<WebAddress> WebAddress::parse(std::string_view text) {
-    if (const auto parsed = boost::urls::parse_uri(text)) return fromParsed(*parsed);
+    // The parser takes some addresses that fromParsed refuses (a second "@"): the strict form
+    // may still be sound.
+    if (const auto parsed = boost::urls::parse_uri(text)) {
+        if (auto address = fromParsed(*parsed)) return address;
+    }
     const auto strict = strictAddress(text);
     if (!strict) return std::nullopt;
     const auto parsed = boost::urls::parse_uri(*strict);
@@ -68,10 +66,8 @@ std::vector<std::string> WebAddress::pathPieces() const {
     return pieces;
 }
 
-std::vector<WebAddress::QueryItem> WebAddress::queryItems() const {
+std::vector<WebAddress::QueryItem> WebAddress::queryItems(std::string_view rest) {
     std::vector<QueryItem> items;
-    if (!query) return items;
-    std::string_view rest = *query;
     while (true) {
         const auto ampersand = rest.find('&');
         const auto raw = rest.substr(0, ampersand);
@@ -131,24 +127,6 @@ std::string percentDecoded(std::string_view text) {
             i += 2;
         } else {
             out += text[i];
-        }
-    }
-    return out;
-}
-
-std::string percentEncodedQueryValue(std::string_view text) {
-    constexpr char digits[] = "0123456789ABCDEF";
-    std::string out;
-    for (const char c : text) {
-        const bool plain = (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                           c == '-' || c == '.' || c == '_' || c == '~';
-        if (plain) {
-            out += c;
-        } else {
-            const auto byte = static_cast<unsigned char>(c);
-            out += '%';
-            out += digits[byte >> 4];
-            out += digits[byte & 15];
         }
     }
     return out;

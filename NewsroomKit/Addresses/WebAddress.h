@@ -36,7 +36,8 @@ struct WebAddress {
     std::vector<std::string> pathPieces() const;
 
     /// Items of the query in order, empty ones dropped.
-    std::vector<QueryItem> queryItems() const;
+    std::vector<QueryItem> queryItems() const { return queryItems(query.value_or("")); }
+    static std::vector<QueryItem> queryItems(std::string_view query);
 
     std::string text() const;
 };
@@ -50,8 +51,5 @@ bool isHostOrSubhost(std::string_view host, std::string_view domain);
 
 /// Bytes of "%41" and the like put in place; anything malformed stays.
 std::string percentDecoded(std::string_view text);
-
-/// Everything but letters, digits and "-._~" escaped.
-std::string percentEncodedQueryValue(std::string_view text);
 
 }  // namespace newsroom

@@ -9,13 +9,14 @@
 #include "NewsroomKit/Ingestion/SocialPosts.h"
 #include "NewsroomKit/Sources/PlatformHosts.h"
 #include "NewsroomKit/Stories/PublisherNames.h"
+#include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
+#include "NewsroomKit/Text/Utf8.h"
 
 namespace newsroom {
 
 namespace {
 
-// A longer phrase stands before the shorter one that it contains.
 constexpr std::array<std::string_view, 11> kPhrases{
     "originally reported by", "first reported by", "as reported by", "reported by",
     "first spotted by",       "spotted by",        "according to",   "hat tip to",
@@ -24,9 +25,15 @@ constexpr std::array<std::string_view, 11> kPhrases{
 // A link further from its phrase belongs to another thought.
 constexpr std::size_t kReach = 48;
 
-bool isWordByte(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           static_cast<signed char>(c) < 0;
+// Who broke a story is told in its first screens; what is further down is archive.
+constexpr std::size_t kReadBytes = 256 * 1024;
+
+/// Bytes of the letter or number at `at`; 0 when none stands there.
+std::size_t wordCharacterAt(std::string_view text, std::size_t at) {
+    if (at >= text.size()) return 0;
+    if (static_cast<signed char>(text[at]) >= 0) return isASCIIAlphanumeric(text[at]) ? 1 : 0;
+    const auto decoded = decodeUTF8(text, at);
+    return isLetter(decoded.value) || isNumber(decoded.value) ? decoded.length : 0;
 }
 
 struct Phrase {
@@ -34,21 +41,65 @@ struct Phrase {
     std::size_t end;
 };
 
-/// Credit phrases as whole words, in order; a phrase inside a longer one is left out.
+/// The end of the credit phrase that begins at `at`; nothing when none does.
+std::optional<std::size_t> phraseEnd(std::string_view lower, std::size_t at) {
+    for (const auto phrase : kPhrases) {
+        if (lower[at] != phrase[0] || !lower.substr(at).starts_with(phrase)) continue;
+        const auto end = at + phrase.size();
+        if (wordCharacterAt(lower, end) == 0) return end;
+    }
+    return std::nullopt;
+}
+
+enum class ByteClass : unsigned char { gap, word, mayBeginPhrase, notASCII };
+
+/// Most of a text is passed over at a glance: the phrases begin with few letters.
+constexpr auto kByteClasses = [] {
+    std::array<ByteClass, 256> classes{};
+    for (std::size_t byte = 0; byte < classes.size(); ++byte) {
+        const auto c = static_cast<char>(byte);
+        classes[byte] = byte >= 0x80 ? ByteClass::notASCII
+                        : isASCIIAlphanumeric(c) ? ByteClass::word
+                                                 : ByteClass::gap;
+    }
+    for (const auto phrase : kPhrases) {
+        classes[static_cast<unsigned char>(phrase[0])] = ByteClass::mayBeginPhrase;
+    }
+    return classes;
+}();
+
+ByteClass classAt(std::string_view text, std::size_t at) {
+    return kByteClasses[static_cast<unsigned char>(text[at])];
+}
+
+/// Credit phrases as whole words, in order; one inside a longer one does not count.
 std::vector<Phrase> findPhrases(std::string_view lower) {
     std::vector<Phrase> found;
-    for (const auto phrase : kPhrases) {
-        for (auto at = lower.find(phrase); at != std::string_view::npos; at = lower.find(phrase, at + 1)) {
-            const auto end = at + phrase.size();
-            const bool whole = (at == 0 || !isWordByte(lower[at - 1])) &&
-                               (end == lower.size() || !isWordByte(lower[end]));
-            const bool inside = std::any_of(found.begin(), found.end(), [&](const Phrase& longer) {
-                return at >= longer.begin && at < longer.end;
-            });
-            if (whole && !inside) found.push_back({at, end});
+    for (std::size_t at = 0; at < lower.size();) {
+        // 1. To the next word.
+        std::size_t length = 0;
+        while (at < lower.size() && classAt(lower, at) == ByteClass::gap) ++at;
+        if (at == lower.size()) break;
+        // 2. Does a phrase begin with it?
+        if (classAt(lower, at) == ByteClass::mayBeginPhrase) {
+            if (const auto end = phraseEnd(lower, at)) {
+                found.push_back({at, *end});
+                at = *end;
+                continue;
+            }
+        }
+        // 3. To its end. What is not ASCII may be either.
+        while (at < lower.size() && classAt(lower, at) != ByteClass::gap) {
+            if (classAt(lower, at) != ByteClass::notASCII) {
+                ++at;
+            } else if ((length = wordCharacterAt(lower, at)) > 0) {
+                at += length;
+            } else {
+                at += decodeUTF8(lower, at).length;
+                break;
+            }
         }
     }
-    std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.begin < b.begin; });
     return found;
 }
 
@@ -56,7 +107,7 @@ std::vector<Phrase> findPhrases(std::string_view lower) {
 std::string_view handleAt(std::string_view text) {
     if (!text.starts_with('@')) return {};
     std::size_t length = 1;
-    while (length < text.size() && (isWordByte(text[length]) || text[length] == '_' || text[length] == '@' ||
+    while (length < text.size() && (isASCIIAlphanumeric(text[length]) || text[length] == '_' || text[length] == '@' ||
                                     text[length] == '-' || text[length] == '.')) {
         ++length;
     }
@@ -64,28 +115,41 @@ std::string_view handleAt(std::string_view text) {
     return length > 1 ? text.substr(0, length) : std::string_view();
 }
 
-/// Up to four words with a capital or a digit in front: "The Elec", "9to5Mac".
+/// Up to four words that begin with a capital, the first perhaps with a digit: "The Elec",
+/// "9to5Mac".
 std::string_view nameAt(std::string_view text) {
-    std::size_t end = 0, at = 0;
+    std::size_t end = 0;
+    std::size_t at = 0;
     for (int words = 0; words < 4 && at < text.size(); ++words) {
-        const char first = text[at];
-        const bool capital = (first >= 'A' && first <= 'Z') || (first >= '0' && first <= '9');
-        if (!capital || (words > 0 && first >= '0' && first <= '9')) break;
+        const bool capital = text[at] >= 'A' && text[at] <= 'Z';
+        if (!capital && !(words == 0 && isASCIIDigit(text[at]))) break;
         auto wordEnd = at;
-        while (wordEnd < text.size() && (isWordByte(text[wordEnd]) || text[wordEnd] == '&')) ++wordEnd;
+        while (const auto length = wordCharacterAt(text, wordEnd)) wordEnd += length;
         end = wordEnd;
         if (wordEnd >= text.size() || text[wordEnd] != ' ') break;
         at = wordEnd + 1;
     }
     const auto name = text.substr(0, end);
-    const bool number = std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const bool number = std::all_of(name.begin(), name.end(), isASCIIDigit);
     return name.size() < 2 || number || name == "The" ? std::string_view() : name;
 }
 
-bool isAppleDocument(const WebAddress& address) {
-    if (!isHostOrSubhost(address.host, hosts::kApple)) return false;
-    const auto pieces = address.pathPieces();
-    return !pieces.empty() && (pieces[0] == "newsroom" || pieces[0] == "news" || address.host == "support.apple.com");
+/// The host of an http(s) address, in lower case.
+std::string hostOf(std::string_view address) {
+    const auto begin = address.find("://");
+    if (begin == std::string_view::npos) return {};
+    auto authority = address.substr(begin + 3);
+    authority = authority.substr(0, authority.find_first_of("/?#"));
+    if (const auto at = authority.rfind('@'); at != std::string_view::npos) authority.remove_prefix(at + 1);
+    return lowercasedASCII(authority.substr(0, authority.find(':')));
+}
+
+bool isAppleDocument(std::string_view text) {
+    const auto address = WebAddress::parse(text);
+    if (!address) return false;
+    const auto pieces = address->pathPieces();
+    return !pieces.empty() &&
+           (pieces[0] == "newsroom" || pieces[0] == "news" || address->host == "support.apple.com");
 }
 
 class Extraction {
@@ -102,28 +166,32 @@ public:
         const auto phrases = findPhrases(lower_);
         auto phrase = phrases.begin();
         for (const auto& link : linked_.links) {
-            while (phrase != phrases.end() && phrase->begin < link.end) creditAfter(*phrase++);
+            while (phrase != phrases.end() && phrase->begin < link.end && !isFull()) creditAfter(*phrase++);
+            if (isFull()) break;
             if (!isCredited(link.address)) creditLink(link, std::nullopt);
         }
-        while (phrase != phrases.end()) creditAfter(*phrase++);
+        while (phrase != phrases.end() && !isFull()) creditAfter(*phrase++);
         return std::move(credits_);
     }
 
 private:
+    bool isFull() const { return credits_.size() >= kCreditLimit; }
+
     /// What stands behind a credit phrase: a link soon after, a handle, or a name.
     void creditAfter(const Phrase& phrase) {
         const std::string words = lower_.substr(phrase.begin, phrase.end - phrase.begin);
-        const auto sentenceEnd = std::min(linked_.text.find_first_of(".;\n", phrase.end), linked_.text.size());
-        const auto reach = std::min(sentenceEnd, phrase.end + kReach);
-        for (const auto& link : linked_.links) {
-            if (link.begin >= phrase.end && link.begin <= reach) return creditLink(link, words);
-        }
+        const auto near = std::string_view(linked_.text).substr(phrase.end, kReach);
+        const auto reach = phrase.end + std::min(near.find_first_of(".;\n"), near.size());
+        const auto link = std::lower_bound(linked_.links.begin(), linked_.links.end(), phrase.end,
+                                           [](const auto& l, std::size_t place) { return l.begin < place; });
+        if (link != linked_.links.end() && link->begin <= reach) return creditLink(*link, words);
+
         auto start = phrase.end;
         while (start < linked_.text.size() && (linked_.text[start] == ' ' || linked_.text[start] == ':')) ++start;
         const auto rest = std::string_view(linked_.text).substr(start);
         if (const auto handle = handleAt(rest); !handle.empty()) {
             add({.kind = SourceCredit::Kind::post, .name = std::string(handle), .detail = words});
-        } else if (const auto name = nameAt(rest); !name.empty()) {
+        } else if (const auto name = nameAt(rest); !name.empty() && isNameCredited(name, words)) {
             const bool apple = name == "Apple";
             add({.kind = apple ? SourceCredit::Kind::apple : SourceCredit::Kind::outlet,
                  .name = std::string(name),
@@ -131,24 +199,34 @@ private:
         }
     }
 
-    /// Without a credit phrase only posts, Apple's documents and known outlets count.
+    /// "via HTTPS" and "via Settings" credit nobody: after these phrases a bare name counts
+    /// only when it is an outlet's.
+    static bool isNameCredited(std::string_view name, std::string_view phrase) {
+        const bool loose = phrase == "via" || phrase == "h/t" || phrase == "credit to";
+        return !loose || isKnownOutletName(name);
+    }
+
+    /// Without a credit phrase only posts, Apple's documents and known outlets count. Most
+    /// links are none of them, which their host tells without taking them apart.
     void creditLink(const LinkedText::Link& link, std::optional<std::string> phrase) {
-        const auto address = WebAddress::parse(link.address);
-        if (!address || (!siteHost_.empty() && isHostOrSubhost(address->host, siteHost_))) return;
+        const auto host = hostOf(link.address);
+        if (host.empty() || (!siteHost_.empty() && isHostOrSubhost(host, siteHost_))) return;
+        const auto outlet = knownOutlet(host);
         if (auto post = socialPost(link.address)) {
             add({.kind = SourceCredit::Kind::post, .platform = post->platform, .name = post->account,
                  .url = link.address, .postedAt = post->postedAt, .detail = std::move(phrase)});
-        } else if (isAppleDocument(*address)) {
+        } else if (outlet == "Apple") {
+            if (!isAppleDocument(link.address)) return;
             add({.kind = SourceCredit::Kind::apple, .name = "Apple", .url = link.address,
                  .detail = std::move(phrase)});
-        } else if (const auto outlet = knownOutlet(address->host); outlet && *outlet != "Apple") {
+        } else if (outlet) {
             add({.kind = SourceCredit::Kind::outlet, .name = std::string(*outlet), .url = link.address,
                  .detail = std::move(phrase)});
         } else if (phrase) {
-            auto host = address->host.starts_with("www.") ? address->host.substr(4) : address->host;
             const auto words = std::string_view(linked_.text).substr(link.begin, link.end - link.begin);
             const auto name = nameAt(words);
-            add({.kind = SourceCredit::Kind::outlet, .name = name.empty() ? host : std::string(name),
+            const auto bareHost = host.starts_with("www.") ? host.substr(4) : host;
+            add({.kind = SourceCredit::Kind::outlet, .name = name.empty() ? bareHost : std::string(name),
                  .url = link.address, .detail = std::move(phrase)});
         }
     }
@@ -159,7 +237,7 @@ private:
     }
 
     void add(SourceCredit credit) {
-        if (credits_.size() >= kCreditLimit || equalIgnoringCase(credit.name, sourceName_)) return;
+        if (isFull() || equalIgnoringCase(credit.name, sourceName_)) return;
         const bool known = std::any_of(credits_.begin(), credits_.end(), [&](const SourceCredit& other) {
             return other.kind == credit.kind && other.name == credit.name &&
                    (!credit.url || other.url == credit.url);
@@ -178,7 +256,7 @@ private:
 
 std::vector<SourceCredit> extractCredits(std::string_view html, std::string_view siteURL,
                                          std::string_view sourceName) {
-    return Extraction(linkedText(html), siteURL, sourceName).run();
+    return Extraction(linkedText(html.substr(0, kReadBytes)), siteURL, sourceName).run();
 }
 
 }  // namespace newsroom

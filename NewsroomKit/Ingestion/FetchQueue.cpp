@@ -11,7 +11,9 @@ namespace {
 
 std::string hostOf(const NewsSource& source) {
     const auto address = WebAddress::parse(source.feedURL);
-    return address ? address->host : std::string();
+    if (!address) return {};
+    // One server under many names.
+    return isHostOrSubhost(address->host, hosts::kReddit) ? std::string(hosts::kReddit) : address->host;
 }
 
 }  // namespace
@@ -40,7 +42,7 @@ void FetchQueue::finished(const NewsSource& source) {
 
 bool FetchQueue::hasRoom(const std::string& host) const {
     const auto entry = inFlight_.find(host);
-    const int limit = isHostOrSubhost(host, hosts::kReddit) ? limits_.reddit : limits_.perHost;
+    const int limit = host == hosts::kReddit ? limits_.reddit : limits_.perHost;
     return entry == inFlight_.end() || entry->second < limit;
 }
 

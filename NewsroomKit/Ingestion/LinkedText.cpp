@@ -1,68 +1,95 @@
 #include "NewsroomKit/Ingestion/LinkedText.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
+#include <span>
 
 #include "NewsroomKit/Feeds/HTMLEntities.h"
-#include "NewsroomKit/Text/Unicode.h"
+#include "NewsroomKit/Text/ASCII.h"
 
 namespace newsroom {
 
 namespace {
 
+constexpr std::size_t kLongestTag = 4096;
+
 bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f'; }
 
-bool isTagNamed(std::string_view tag, std::string_view name) {
-    if (tag.size() < name.size() || lowercasedASCII(tag.substr(0, name.size())) != name) return false;
-    return tag.size() == name.size() || isSpace(tag[name.size()]) || tag[name.size()] == '/';
+/// The name at the start of a tag's inside, without the "/" of a closing one.
+std::string_view tagName(std::string_view inside) {
+    if (inside.starts_with('/')) inside.remove_prefix(1);
+    std::size_t length = 0;
+    while (length < inside.size() && isASCIIAlphanumeric(inside[length])) ++length;
+    return inside.substr(0, length);
 }
 
-/// Where the tag that begins at `open` ends; a ">" inside quotes belongs to a value.
-std::size_t tagEnd(std::string_view html, std::size_t open) {
-    char quote = 0;
-    for (std::size_t i = open + 1; i < html.size(); ++i) {
-        const char c = html[i];
-        if (quote) {
-            if (c == quote) quote = 0;
-        } else if (c == '"' || c == '\'') {
-            quote = c;
-        } else if (c == '>') {
-            return i;
-        }
-    }
-    return std::string_view::npos;
+bool isNamed(std::string_view name, std::span<const std::string_view> names) {
+    return std::any_of(names.begin(), names.end(),
+                       [&](std::string_view other) { return equalsLowercase(name, other); });
 }
+
+constexpr std::array<std::string_view, 18> kBlocks{
+    "p",  "br", "div", "li", "ul", "ol", "h1", "h2",    "h3",
+    "h4", "h5", "h6",  "tr", "td", "th", "hr", "table", "blockquote"};
 
 class Reader {
 public:
-    LinkedText read(std::string_view html) {
-        while (!html.empty()) {
-            const auto open = html.find('<');
-            result_.text += decodedEntities(html.substr(0, open));
-            if (open == std::string_view::npos) break;
-            auto end = tagEnd(html, open);
-            // A quote that never closes must not swallow the rest of the text.
-            if (end == std::string_view::npos) end = html.find('>', open);
-            if (end == std::string_view::npos) break;
-            tag(html.substr(open + 1, end - open - 1));
-            html.remove_prefix(end + 1);
+    explicit Reader(std::string_view html) : html_(html) { result_.text.reserve(html.size() / 2); }
+
+    LinkedText read() {
+        while (at_ < html_.size()) {
+            const auto open = std::min(html_.find('<', at_), html_.size());
+            appendText(html_.substr(at_, open - at_));
+            at_ = open;
+            if (open < html_.size()) markup();
         }
         closeLink();
         return std::move(result_);
     }
 
 private:
+    void appendText(std::string_view raw) {
+        if (raw.find('&') == std::string_view::npos) {
+            result_.text += raw;
+        } else {
+            result_.text += decodedEntities(raw);
+        }
+    }
+
+    void markup() {
+        if (html_.substr(at_).starts_with("<!--")) return skipTo("-->");
+        const auto end = tagEnd(html_, at_);
+        if (end == std::string_view::npos) {
+            result_.text += '<';
+            ++at_;
+            return;
+        }
+        const auto inside = html_.substr(at_ + 1, end - at_ - 1);
+        at_ = end + 1;
+        tag(inside);
+    }
+
     void tag(std::string_view inside) {
-        if (isTagNamed(inside, "a")) {
+        const auto name = tagName(inside);
+        const bool closes = inside.starts_with('/');
+        if (equalsLowercase(name, "a")) {
             closeLink();
-            const auto address = attributeValue(inside, "href");
-            if (address.starts_with("http://") || address.starts_with("https://")) {
-                open_ = LinkedText::Link{result_.text.size(), 0, address};
-            }
-        } else if (isTagNamed(inside, "/a")) {
-            closeLink();
-        } else if (isTagNamed(inside, "/p") || isTagNamed(inside, "br") || isTagNamed(inside, "/li")) {
+            if (!closes) openLink(inside);
+        } else if (!closes && equalsLowercase(name, "script")) {
+            skipTo("</script");
+        } else if (!closes && equalsLowercase(name, "style")) {
+            skipTo("</style");
+        } else if (isNamed(name, kBlocks)) {
             result_.text += '\n';
+        }
+    }
+
+    void openLink(std::string_view inside) {
+        auto address = attributeValue(inside, "href");
+        const auto scheme = std::string_view(address).substr(0, address.find(':'));
+        if (equalsLowercase(scheme, "http") || equalsLowercase(scheme, "https")) {
+            open_ = LinkedText::Link{.begin = result_.text.size(), .address = std::move(address)};
         }
     }
 
@@ -73,37 +100,102 @@ private:
         open_.reset();
     }
 
+    /// Behind the next `ending`, given in lower case, or at the end of the text.
+    void skipTo(std::string_view ending) {
+        for (auto found = html_.find(ending[0], at_); found != std::string_view::npos;
+             found = html_.find(ending[0], found + 1)) {
+            if (!equalsLowercase(html_.substr(found, ending.size()), ending)) continue;
+            at_ = found + ending.size();
+            return;
+        }
+        at_ = html_.size();
+    }
+
+    const std::string_view html_;
+    std::size_t at_ = 0;
     LinkedText result_;
     std::optional<LinkedText::Link> open_;
 };
 
+/// Reads the attributes of a tag one after the other.
+class Attributes {
+public:
+    explicit Attributes(std::string_view tag) : rest_(tag.substr(tagName(tag).size())) {}
+
+    bool next() {
+        skip([](char c) { return isSpace(c) || c == '/'; });
+        if (rest_.empty()) return false;
+        name_ = take([](char c) { return !isSpace(c) && c != '='; });
+        // A "=" without a name before it would stand still for ever.
+        if (name_.empty()) rest_.remove_prefix(1);
+        value_ = {};
+        skip(isSpace);
+        if (!rest_.starts_with('=')) return true;
+        rest_.remove_prefix(1);
+        skip(isSpace);
+        readValue();
+        return true;
+    }
+
+    std::string_view name() const { return name_; }
+    std::string_view value() const { return value_; }
+
+private:
+    template <class Test>
+    std::string_view take(Test test) {
+        const auto end = std::find_if_not(rest_.begin(), rest_.end(), test);
+        const auto taken = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
+        rest_.remove_prefix(taken.size());
+        return taken;
+    }
+    template <class Test>
+    void skip(Test test) {
+        take(test);
+    }
+
+    void readValue() {
+        const char quote = rest_.starts_with('"') ? '"' : rest_.starts_with('\'') ? '\'' : '\0';
+        if (quote == '\0') {
+            value_ = take([](char c) { return !isSpace(c); });
+            return;
+        }
+        rest_.remove_prefix(1);
+        value_ = take([quote](char c) { return c != quote; });
+        if (!rest_.empty()) rest_.remove_prefix(1);
+    }
+
+    std::string_view rest_;
+    std::string_view name_;
+    std::string_view value_;
+};
+
 }  // namespace
 
+std::size_t tagEnd(std::string_view html, std::size_t open) {
+    html = html.substr(0, open + kLongestTag);
+    const auto first = open + 1;
+    const bool begins = first < html.size() && (isASCIILetter(html[first]) || html[first] == '/' ||
+                                                html[first] == '!' || html[first] == '?');
+    if (!begins) return std::string_view::npos;
+    auto at = first;
+    while ((at = html.find_first_of("\"'>", at)) != std::string_view::npos) {
+        if (html[at] == '>') return at;
+        // Only a value is quoted: an apostrophe elsewhere is none of the tag's business.
+        const bool isValue = html[html.find_last_not_of(" \t\r\n\f", at - 1)] == '=';
+        const auto close = isValue ? html.find(html[at], at + 1) : at;
+        if (close == std::string_view::npos) return html.find('>', at);
+        at = close + 1;
+    }
+    return std::string_view::npos;
+}
+
 std::string attributeValue(std::string_view tag, std::string_view name) {
-    std::size_t at = 0;
-    while (at < tag.size() && !isSpace(tag[at])) ++at;
-    while (at < tag.size()) {
-        while (at < tag.size() && (isSpace(tag[at]) || tag[at] == '/')) ++at;
-        const auto nameBegin = at;
-        while (at < tag.size() && !isSpace(tag[at]) && tag[at] != '=') ++at;
-        const auto found = lowercasedASCII(tag.substr(nameBegin, at - nameBegin));
-        while (at < tag.size() && isSpace(tag[at])) ++at;
-        std::string_view value;
-        if (at < tag.size() && tag[at] == '=') {
-            ++at;
-            while (at < tag.size() && isSpace(tag[at])) ++at;
-            const char quote = at < tag.size() && (tag[at] == '"' || tag[at] == '\'') ? tag[at] : '\0';
-            if (quote) ++at;
-            const auto begin = at;
-            while (at < tag.size() && (quote ? tag[at] != quote : !isSpace(tag[at]))) ++at;
-            value = tag.substr(begin, at - begin);
-            if (quote && at < tag.size()) ++at;
-        }
-        if (found == name) return decodedEntities(value);
+    for (Attributes attributes(tag); attributes.next();) {
+        if (equalsLowercase(attributes.name(), name)) return decodedEntities(attributes.value());
     }
     return {};
 }
 
-LinkedText linkedText(std::string_view html) { return Reader().read(html); }
+LinkedText linkedText(std::string_view html) { return Reader(html).read(); }
 
 }  // namespace newsroom

@@ -5,6 +5,7 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Feeds/HTMLText.h"
 #include "NewsroomKit/Ingestion/LinkedText.h"
+#include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
 
 namespace newsroom {
@@ -26,12 +27,12 @@ bool hasWord(std::string_view list, std::string_view word) {
 
 std::vector<std::string> pageFeedLinks(std::string_view html, std::string_view pageURL) {
     html = html.substr(0, kHeadBytes);
-    const std::string lower = lowercasedASCII(html);
     std::vector<std::string> links;
-    for (auto at = lower.find("<link"); at != std::string::npos && links.size() < kMostLinks;
-         at = lower.find("<link", at + 1)) {
-        const auto end = lower.find('>', at);
-        if (end == std::string::npos) break;
+    for (auto at = html.find('<'); at != std::string_view::npos && links.size() < kMostLinks;
+         at = html.find('<', at + 1)) {
+        if (!equalsLowercase(html.substr(at + 1, 4), "link")) continue;
+        const auto end = tagEnd(html, at);
+        if (end == std::string_view::npos) continue;
         const auto tag = html.substr(at + 1, end - at - 1);
         const auto rel = lowercasedASCII(attributeValue(tag, "rel"));
         const auto type = lowercasedASCII(attributeValue(tag, "type"));

@@ -59,6 +59,10 @@ std::optional<Instant> timeOfBlueskyPost(std::string_view key) {
 }  // namespace
 
 std::optional<SocialPost> socialPost(std::string_view text) {
+    // Every post's address has one of these in its path; most links need no parsing.
+    const bool possible = text.find("/@") != std::string_view::npos || text.find("/status/") != std::string_view::npos ||
+                          text.find("/post/") != std::string_view::npos;
+    if (!possible) return std::nullopt;
     const auto address = WebAddress::parse(text);
     if (!address || !address->isHTTP()) return std::nullopt;
     const auto pieces = address->pathPieces();

@@ -20,11 +20,6 @@ constexpr std::size_t kPostExcerptCharacters = 1000;
 constexpr std::size_t kExcerptCharacters = 420;
 constexpr std::size_t kAuthorCharacters = 80;
 
-bool isWebLink(const std::string& link) {
-    const auto address = WebAddress::parse(link);
-    return address && address->isHTTP();
-}
-
 /// Some feeds begin every excerpt with the outlet's own name: "Example: The news …".
 std::string withoutLeadingName(std::string text, std::string_view name) {
     constexpr std::array<std::string_view, 5> separators{".", ":", "—", "-", "|"};
@@ -78,7 +73,7 @@ std::optional<std::string> authorOf(const FeedEntry& entry, const NewsSource& so
     const auto open = author.find('(');
     const auto close = open == std::string::npos ? open : author.find(')', open);
     if (author.find('@') != std::string::npos && close != std::string::npos) {
-        author = author.substr(open + 1, close - open - 1);
+        author = trimWhitespaceAndNewlines(author.substr(open + 1, close - open - 1));
     }
     if (author.empty() || characterCount(author) > kAuthorCharacters) return std::nullopt;
     if (equalIgnoringCase(author, source.name)) return std::nullopt;
@@ -87,9 +82,10 @@ std::optional<std::string> authorOf(const FeedEntry& entry, const NewsSource& so
 
 /// The post number in the guid of the system's own blog: "https://…/?p=1234".
 std::optional<std::int64_t> postNumber(const std::string& guid) {
-    const auto address = WebAddress::parse(guid);
-    if (!address) return std::nullopt;
-    for (const auto& item : address->queryItems()) {
+    const auto question = guid.find('?');
+    if (question == std::string::npos) return std::nullopt;
+    const auto query = std::string_view(guid).substr(question + 1);
+    for (const auto& item : WebAddress::queryItems(query.substr(0, query.find('#')))) {
         if (item.name != "p") continue;
         std::int64_t number = 0;
         const auto* end = item.value.data() + item.value.size();
@@ -128,7 +124,8 @@ std::optional<Story> StoryConversion::story(const FeedEntry& entry, const NewsSo
     // 1. to 3. An item without a headline or a link that opens is no story.
     story.link = links_.of(entry.link.empty() ? entry.guid : entry.link);
     story.title = cleanHeadline(entry.title);
-    if (story.title.empty() || !isWebLink(story.link)) return std::nullopt;
+    const auto address = WebAddress::parse(story.link);
+    if (story.title.empty() || !address || !address->isHTTP()) return std::nullopt;
 
     // 4. and 5. Excerpt and time.
     story.summary = summaryOf(entry, source);
@@ -140,7 +137,7 @@ std::optional<Story> StoryConversion::story(const FeedEntry& entry, const NewsSo
     } else {
         story.title = withoutDecorations(story.title);
         if (story.title.empty()) return std::nullopt;
-        story.destinationName = publisherName(story.link, source.feedURL);
+        story.destinationName = publisherNameOfHosts(address->host, siteHostOf(source.feedURL));
     }
 
     // 7. A foreign link is a story of the source that points to it.

@@ -7,15 +7,12 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/FeedAddresses.h"
 #include "NewsroomKit/Sources/PlatformHosts.h"
+#include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
 
 namespace newsroom::SourceAddress {
 
 namespace {
-
-bool isAlphanumeric(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
 
 /// Labels of letters, digits and hyphens, two or more, joined by single dots.
 bool isDottedServer(std::string_view server) {
@@ -26,7 +23,7 @@ bool isDottedServer(std::string_view server) {
             if (labelLength == 0) return false;
             dotted = true;
             labelLength = 0;
-        } else if (isAlphanumeric(c) || c == '-') {
+        } else if (isASCIIAlphanumeric(c) || c == '-') {
             ++labelLength;
         } else {
             return false;
@@ -43,7 +40,7 @@ std::optional<std::string> fediverseFeed(std::string_view text) {
     const auto user = text.substr(0, at);
     const auto server = text.substr(at + 1);
     const bool plainUser = std::all_of(user.begin(), user.end(), [](char c) {
-        return isAlphanumeric(c) || c == '_' || c == '.';
+        return isASCIIAlphanumeric(c) || c == '_' || c == '.';
     });
     if (!plainUser || !isDottedServer(server)) return std::nullopt;
     return mastodonFeed(server, user);
@@ -63,7 +60,7 @@ std::optional<std::string> platformFeed(const WebAddress& address) {
     const bool account = pieces.size() == 1 && pieces[0].starts_with('@');
     if (host == hosts::kMedium && account) return mediumFeed(pieces[0]);
     if (account && pieces[0].size() >= 2 && !pieces[0].ends_with(".rss") &&
-        !isHostOrSubhost(host, hosts::kYouTube)) {
+        !isHostOrSubhost(host, hosts::kYouTube) && host != hosts::kYouTubeShort) {
         return mastodonFeed(host, std::string_view(pieces[0]).substr(1));
     }
     return std::nullopt;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/PlatformHosts.h"
@@ -10,6 +11,9 @@
 namespace newsroom {
 
 namespace {
+
+// Real links are shorter; a few thousand longer ones would fill the memory.
+constexpr std::size_t kLongestRemembered = 4096;
 
 bool isDigits(std::string_view text, std::size_t length) {
     return text.size() == length &&
@@ -97,6 +101,7 @@ std::string CanonicalLinks::of(std::string_view text) {
         }
     }
     std::string canonical = canonicalOfTrimmed(trimmed);
+    if (trimmed.size() > kLongestRemembered) return canonical;
 
     const std::lock_guard lock(mutex_);
     if (index_.contains(trimmed)) return canonical;  // another thread was faster

@@ -1,5 +1,6 @@
 #include "NewsroomKit/Stories/PublisherNames.h"
 
+#include <algorithm>
 #include <array>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
@@ -68,13 +69,24 @@ std::optional<std::string_view> knownOutlet(std::string_view host) {
     return std::nullopt;
 }
 
+bool isKnownOutletName(std::string_view name) {
+    return std::any_of(kOutlets.begin(), kOutlets.end(), [&](const Outlet& outlet) { return outlet.name == name; });
+}
+
+std::string siteHostOf(std::string_view feedURL) {
+    std::string host = hostOf(feedURL);
+    eraseEvery(host, kWWW);
+    return host;
+}
+
 std::optional<std::string> publisherName(std::string_view link, std::string_view feedURL) {
+    return publisherNameOfHosts(hostOf(link), siteHostOf(feedURL));
+}
+
+std::optional<std::string> publisherNameOfHosts(std::string linkHost, std::string_view feedHost) {
     // 1. and 2. The two hosts without their "www.".
-    std::string linkHost = hostOf(link);
     if (linkHost.starts_with(kWWW)) linkHost.erase(0, kWWW.size());
     if (linkHost.empty()) return std::nullopt;
-    std::string feedHost = hostOf(feedURL);
-    eraseEvery(feedHost, kWWW);
 
     // 3. A link on the source's own site has no other publisher.
     if (!feedHost.empty() && isHostOrSubhost(linkHost, feedHost)) return std::nullopt;

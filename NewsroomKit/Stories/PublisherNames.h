@@ -11,6 +11,16 @@ namespace newsroom {
 /// the bare host.
 std::optional<std::string> publisherName(std::string_view link, std::string_view feedURL);
 
+/// The same for hosts in lower case; `feedHost` without any "www.".
+std::optional<std::string> publisherNameOfHosts(std::string linkHost, std::string_view feedHost);
+
+/// The host by which a feed's own site is known: lower case, without any "www."; empty when
+/// the address has none.
+std::string siteHostOf(std::string_view feedURL);
+
+/// `name` is how a known outlet is called, letter case counting.
+bool isKnownOutletName(std::string_view name);
+
 /// The name of the outlet whose domain `host` is or lies under; nothing when unknown.
 std::optional<std::string_view> knownOutlet(std::string_view host);
 

@@ -7,6 +7,15 @@ namespace brell {
 
 using newsroom::StoryKind;
 
+namespace {
+
+/// The label was given when the story was fetched; the rules have changed since.
+std::string olderRules(std::string_view label) {
+    return std::string(label) + ": so said the rules when the story was fetched; today's differ.";
+}
+
+}  // namespace
+
 std::string outletLine(const newsroom::Story& story) {
     const auto destination = story.shownDestinationName();
     return printable(destination ? story.sourceName + " → " + *destination : story.sourceName);
@@ -22,9 +31,9 @@ std::string labelLine(const newsroom::Story& story) {
 
 std::string kindReason(const newsroom::Story& story) {
     switch (story.kind) {
-        case StoryKind::podcast: return "Podcast: the item carries an audio file.";
+        case StoryKind::podcast: return "Podcast: the item is an audio episode.";
         case StoryKind::video: return "Video: the item is a video.";
-        case StoryKind::post: return "Post: the item comes from a social account.";
+        case StoryKind::post: return "Post: the item comes from a social account, or has no headline of its own.";
         case StoryKind::coverage:
         case StoryKind::deal:
         case StoryKind::review:
@@ -32,12 +41,18 @@ std::string kindReason(const newsroom::Story& story) {
         case StoryKind::sponsored:
         case StoryKind::advertisement: break;
     }
-    return newsroom::explanation(newsroom::StoryKindRules::explain(story.title, story.summary));
+    const auto decision = newsroom::StoryKindRules::explain(story.title, story.summary);
+    if (decision.kind != story.kind) return olderRules(newsroom::label(story.kind));
+    return newsroom::explanation(decision);
 }
 
 std::string sourcingReason(const newsroom::Story& story) {
-    return newsroom::explanation(
-        newsroom::SourcingRules::explain(story.title, story.summary, story.isAppleSource));
+    const auto decision = newsroom::SourcingRules::explain(story.title, story.summary, story.isAppleSource);
+    if (decision.sourcing != story.sourcing) {
+        const bool unlabeled = story.sourcing == newsroom::Sourcing::unlabeled;
+        return olderRules(unlabeled ? "Unlabeled" : newsroom::label(story.sourcing));
+    }
+    return newsroom::explanation(decision);
 }
 
 }  // namespace brell

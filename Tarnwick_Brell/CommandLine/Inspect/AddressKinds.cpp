@@ -18,8 +18,8 @@ json::object storyID(const json::object& input) {
 }
 
 json::object publisher(const json::object& input) {
-    const auto name =
-        newsroom::publisherName(required<std::string>(input, "link"), required<std::string>(input, "feed"));
+    const auto link = required<std::string>(input, "link");
+    const auto name = newsroom::publisherName(link, required<std::string>(input, "feed"));
     return name ? json::object{{"name", *name}} : json::object{};
 }
 

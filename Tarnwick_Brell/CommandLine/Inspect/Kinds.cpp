@@ -33,10 +33,11 @@ std::string document(const json::object& input) {
     if (!input.contains("path")) throw newsroom::RecordError("", "either path or text is needed");
     const auto path = required<std::string>(input, "path");
     std::error_code error;
-    std::ifstream file(path, std::ios::binary);
-    if (!file || !std::filesystem::is_regular_file(path, error)) {
-        throw WorkFailed("The file " + path + " can't be read.");
-    }
+    // Opening a pipe would wait for its writer.
+    const bool regular = std::filesystem::is_regular_file(path, error);
+    std::ifstream file;
+    if (regular) file.open(path, std::ios::binary);
+    if (!file.is_open()) throw WorkFailed("The file " + path + " can't be read.");
     std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     return bytes;
 }

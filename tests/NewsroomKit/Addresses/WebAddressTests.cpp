@@ -21,6 +21,7 @@ TEST(WebAddress, WhatAStrictParserRefusesIsEscapedAndEscapesStay) {
         {"HTTPS://Example.COM:8080/A", "https://example.com:8080/A"},
         {"https://b\u00fccher.example/x", "https://xn--bcher-kva.example/x"},
         {"https://user:p%40ss@[2001:DB8::1]:8443/x", "https://user:p%40ss@[2001:db8::1]:8443/x"},
+        {"http://a@b@example.com/x", "http://a%40b@example.com/x"},
         {"https://example.com:/x", "https://example.com/x"},
     };
     for (const auto& c : cases) {

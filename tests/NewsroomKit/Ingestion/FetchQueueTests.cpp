@@ -29,7 +29,7 @@ TEST(FetchQueue, AHostIsNeverCrowdedAndOthersDoNotWaitForIt) {
 }
 
 TEST(FetchQueue, RedditIsAskedOneAtATimeUnderAllItsNames) {
-    FetchQueue queue({at("https://www.reddit.com/r/a/.rss"), at("https://www.reddit.com/r/b/.rss")}, {});
+    FetchQueue queue({at("https://www.reddit.com/r/a/.rss"), at("https://old.reddit.com/r/b/.rss")}, {});
     EXPECT_NE(takenFrom(queue), "");
     EXPECT_EQ(takenFrom(queue), "");
 }

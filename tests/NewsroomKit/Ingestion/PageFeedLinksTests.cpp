@@ -18,6 +18,9 @@ TEST(PageFeedLinks, FindsAlternateLinksOfFeedTypesInAnyLetterCaseAndQuotes) {
         kPage);
     EXPECT_EQ(links, (std::vector<std::string>{"https://example.com/f?a=1&b=2", "https://example.com/atom.xml"}));
     EXPECT_TRUE(pageFeedLinks("<link rel=alternate type=rss href=", kPage).empty());
+    std::string hostile;
+    while (hostile.size() < 500'000) hostile += "<link ";
+    EXPECT_TRUE(pageFeedLinks(hostile + ">", kPage).empty()) << "and in no time";
 }
 
 TEST(PageTitle, IsTakenUpToItsDash) {

@@ -101,7 +101,7 @@ TEST_F(StoryConversionTest, TheExcerptLosesTheSourcesNameAndARepeatedHeadline) {
         const char* summary;
     };
     const Case cases[] = {
-        {"<p>LINK BLOG — : News today.</p>", "News today."},
+        {"<p>LINK BLOG—: News today.</p>", "News today."},
         {"Link Blog. - | News", "News"},
         {"Link Blog News", "Link Blog News"},
         {"Link Blogs: News", "Link Blogs: News"},
@@ -146,7 +146,7 @@ TEST_F(StoryConversionTest, AuthorsAreCleanedOrDropped) {
         {"desk@blog.example (Jo Writer)", "Jo Writer"},
         {" <a href='x'>Jo</a>\nWriter ", "Jo Writer"},
         {"Jo (Writer)", "Jo (Writer)"},
-        {"jo@blog.example ()", std::nullopt},
+        {"jo@blog.example ( )", std::nullopt},
         {"LINK blog", std::nullopt},
         {std::string(80, 'x'), std::string(80, 'x')},
         {std::string(81, 'x'), std::nullopt},
@@ -187,6 +187,7 @@ TEST_F(StoryConversionTest, PostNumbersAreReadOnTheOwnBlogOnly) {
         {"https://blog.example/?p=12x", std::nullopt},
         {"https://blog.example/?q=1", std::nullopt},
         {"https://blog.example/?p=99999999999999999999", std::nullopt},
+        {"/?p=12#x", 12},
         {"123", std::nullopt},
     };
     auto own = blog();

@@ -26,6 +26,7 @@ TEST(SourceAddress, WhatAPersonTypesLeadsToItsFeed) {
          "https://www.youtube.com/feeds/videos.xml?channel_id=UCabc"},
         {"m.youtube.com/channel/UCabc", "https://www.youtube.com/feeds/videos.xml?channel_id=UCabc"},
         {"https://www.youtube.com/@apple", "https://www.youtube.com/@apple"},
+        {"https://youtu.be/@apple", "https://youtu.be/@apple"},
         {"https://www.youtube.com/watch?v=1", "https://www.youtube.com/watch?v=1"},
         // Reddit, Medium, Mastodon profiles.
         {"old.reddit.com/r/apple/new", "https://www.reddit.com/r/apple/.rss"},
