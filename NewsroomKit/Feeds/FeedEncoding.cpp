@@ -52,26 +52,15 @@ struct Census {
     std::size_t broken = 0;  ///< sequences that are not UTF-8
 };
 
-bool isASCII(std::string_view text) {
-    unsigned char seen = 0;
-    for (char c : text) seen = static_cast<unsigned char>(seen | static_cast<unsigned char>(c));
-    return seen < 0x80;
-}
-
 Census census(std::string_view text) {
-    constexpr std::size_t blockSize = 256;
     Census result;
-    for (std::size_t at = 0; at < text.size();) {
-        const auto block = text.substr(at, blockSize);
-        if (isASCII(block)) {
-            at += block.size();
-            continue;
-        }
-        for (const auto end = at + block.size(); at < end;) {
-            const auto decoded = decodeUTF8(text, at);
-            at += decoded.length;
-            if (!decoded.valid) ++result.broken;
-            if (decoded.valid && decoded.length > 1) ++result.sound;
+    for (auto at = endOfASCII(text, 0); at < text.size(); at = endOfASCII(text, at)) {
+        const auto decoded = decodeUTF8(text, at);
+        at += decoded.length;
+        if (decoded.valid) {
+            ++result.sound;
+        } else {
+            ++result.broken;
         }
     }
     return result;

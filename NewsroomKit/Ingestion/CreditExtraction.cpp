@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <optional>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
@@ -17,16 +18,17 @@ namespace newsroom {
 
 namespace {
 
+// By first letter, so that few are compared at each word.
 constexpr std::array<std::string_view, 11> kPhrases{
-    "originally reported by", "first reported by", "as reported by", "reported by",
-    "first spotted by",       "spotted by",        "according to",   "hat tip to",
-    "credit to",              "h/t",               "via"};
+    "according to", "as reported by", "credit to",   "first reported by",
+    "first spotted by", "h/t",        "hat tip to",  "originally reported by",
+    "reported by",  "spotted by",     "via"};
 
 // A link further from its phrase belongs to another thought.
 constexpr std::size_t kReach = 48;
 
-// Who broke a story is told in its first screens; what is further down is archive.
-constexpr std::size_t kReadBytes = 256 * 1024;
+// Some four thousand words: who broke a story is told by then.
+constexpr std::size_t kReadBytes = 32 * 1024;
 
 /// Bytes of the letter or number at `at`; 0 when none stands there.
 std::size_t wordCharacterAt(std::string_view text, std::size_t at) {
@@ -41,64 +43,67 @@ struct Phrase {
     std::size_t end;
 };
 
-/// The end of the credit phrase that begins at `at`; nothing when none does.
-std::optional<std::size_t> phraseEnd(std::string_view lower, std::size_t at) {
-    for (const auto phrase : kPhrases) {
-        if (lower[at] != phrase[0] || !lower.substr(at).starts_with(phrase)) continue;
-        const auto end = at + phrase.size();
-        if (wordCharacterAt(lower, end) == 0) return end;
-    }
-    return std::nullopt;
-}
+/// What a byte, in either letter case, means for finding phrases.
+struct ByteClass {
+    std::uint32_t seconds = 0;      ///< bit n: a phrase goes on with a character whose low bits are n
+    bool mayEndWord = false;        ///< a word may begin behind it
+    unsigned char firstPhrase = 0;  ///< range of kPhrases that begin with it
+    unsigned char endPhrase = 0;
+};
 
-enum class ByteClass : unsigned char { gap, word, mayBeginPhrase, notASCII };
+constexpr std::uint32_t secondBit(char c) { return std::uint32_t{1} << (static_cast<unsigned char>(c) & 31); }
 
-/// Most of a text is passed over at a glance: the phrases begin with few letters.
 constexpr auto kByteClasses = [] {
     std::array<ByteClass, 256> classes{};
     for (std::size_t byte = 0; byte < classes.size(); ++byte) {
         const auto c = static_cast<char>(byte);
-        classes[byte] = byte >= 0x80 ? ByteClass::notASCII
-                        : isASCIIAlphanumeric(c) ? ByteClass::word
-                                                 : ByteClass::gap;
-    }
-    for (const auto phrase : kPhrases) {
-        classes[static_cast<unsigned char>(phrase[0])] = ByteClass::mayBeginPhrase;
+        ByteClass& entry = classes[byte];
+        entry.mayEndWord = !isASCIIAlphanumeric(c);
+        for (unsigned char i = 0; i < kPhrases.size(); ++i) {
+            if (kPhrases[i][0] != lowercaseASCII(c)) continue;
+            if (entry.endPhrase == 0) entry.firstPhrase = i;
+            entry.endPhrase = static_cast<unsigned char>(i + 1);
+            entry.seconds |= secondBit(kPhrases[i][1]);
+        }
     }
     return classes;
 }();
 
-ByteClass classAt(std::string_view text, std::size_t at) {
+const ByteClass& classAt(std::string_view text, std::size_t at) {
     return kByteClasses[static_cast<unsigned char>(text[at])];
 }
 
-/// Credit phrases as whole words, in order; one inside a longer one does not count.
-std::vector<Phrase> findPhrases(std::string_view lower) {
+bool beginsWord(std::string_view text, std::size_t at) {
+    if (at == 0) return true;
+    const auto before = decodeUTF8Before(text, at).value;
+    return !isLetter(before) && !isNumber(before);
+}
+
+/// The end of the credit phrase that stands at `at` as whole words; nothing when none does.
+std::optional<std::size_t> phraseEnd(std::string_view text, std::size_t at) {
+    const ByteClass& first = classAt(text, at);
+    for (auto i = first.firstPhrase; i < first.endPhrase; ++i) {
+        const auto end = at + kPhrases[i].size();
+        const bool same = equalsLowercase(text.substr(at, kPhrases[i].size()), kPhrases[i]);
+        if (same && wordCharacterAt(text, end) == 0 && beginsWord(text, at)) return end;
+    }
+    return std::nullopt;
+}
+
+/// Credit phrases as whole words, in order; one inside a longer one does not count. Nearly
+/// every byte is passed over by one look at it and its neighbours.
+std::vector<Phrase> findPhrases(std::string_view text) {
     std::vector<Phrase> found;
-    for (std::size_t at = 0; at < lower.size();) {
-        // 1. To the next word.
-        std::size_t length = 0;
-        while (at < lower.size() && classAt(lower, at) == ByteClass::gap) ++at;
-        if (at == lower.size()) break;
-        // 2. Does a phrase begin with it?
-        if (classAt(lower, at) == ByteClass::mayBeginPhrase) {
-            if (const auto end = phraseEnd(lower, at)) {
+    bool mayBegin = true;
+    for (std::size_t at = 0; at + 1 < text.size(); ++at) {
+        const ByteClass& byte = classAt(text, at);
+        if (mayBegin && (byte.seconds & secondBit(text[at + 1])) != 0) {
+            if (const auto end = phraseEnd(text, at)) {
                 found.push_back({at, *end});
-                at = *end;
-                continue;
+                at = *end - 1;
             }
         }
-        // 3. To its end. What is not ASCII may be either.
-        while (at < lower.size() && classAt(lower, at) != ByteClass::gap) {
-            if (classAt(lower, at) != ByteClass::notASCII) {
-                ++at;
-            } else if ((length = wordCharacterAt(lower, at)) > 0) {
-                at += length;
-            } else {
-                at += decodeUTF8(lower, at).length;
-                break;
-            }
-        }
+        mayBegin = classAt(text, at).mayEndWord;
     }
     return found;
 }
@@ -155,7 +160,7 @@ bool isAppleDocument(std::string_view text) {
 class Extraction {
 public:
     Extraction(LinkedText linked, std::string_view siteURL, std::string_view sourceName)
-        : linked_(std::move(linked)), lower_(lowercasedASCII(linked_.text)), sourceName_(sourceName) {
+        : linked_(std::move(linked)), sourceName_(sourceName) {
         if (const auto site = WebAddress::parse(siteURL)) {
             siteHost_ = site->host;
             if (siteHost_.starts_with("www.")) siteHost_.erase(0, 4);
@@ -163,7 +168,7 @@ public:
     }
 
     std::vector<SourceCredit> run() {
-        const auto phrases = findPhrases(lower_);
+        const auto phrases = findPhrases(linked_.text);
         auto phrase = phrases.begin();
         for (const auto& link : linked_.links) {
             while (phrase != phrases.end() && phrase->begin < link.end && !isFull()) creditAfter(*phrase++);
@@ -179,7 +184,7 @@ private:
 
     /// What stands behind a credit phrase: a link soon after, a handle, or a name.
     void creditAfter(const Phrase& phrase) {
-        const std::string words = lower_.substr(phrase.begin, phrase.end - phrase.begin);
+        const std::string words = lowercasedASCII(std::string_view(linked_.text).substr(phrase.begin, phrase.end - phrase.begin));
         const auto near = std::string_view(linked_.text).substr(phrase.end, kReach);
         const auto reach = phrase.end + std::min(near.find_first_of(".;\n"), near.size());
         const auto link = std::lower_bound(linked_.links.begin(), linked_.links.end(), phrase.end,
@@ -246,7 +251,6 @@ private:
     }
 
     const LinkedText linked_;
-    const std::string lower_;
     const std::string_view sourceName_;
     std::string siteHost_;
     std::vector<SourceCredit> credits_;
@@ -254,9 +258,10 @@ private:
 
 }  // namespace
 
-std::vector<SourceCredit> extractCredits(std::string_view html, std::string_view siteURL,
-                                         std::string_view sourceName) {
-    return Extraction(linkedText(html.substr(0, kReadBytes)), siteURL, sourceName).run();
+std::vector<SourceCredit> extractCredits(std::string_view contentHTML, std::string_view summaryHTML,
+                                         std::string_view siteURL, std::string_view sourceName) {
+    const std::array pieces{contentHTML.substr(0, kReadBytes), summaryHTML.substr(0, kReadBytes)};
+    return Extraction(linkedText(pieces), siteURL, sourceName).run();
 }
 
 }  // namespace newsroom

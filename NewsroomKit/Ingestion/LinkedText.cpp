@@ -35,9 +35,11 @@ constexpr std::array<std::string_view, 18> kBlocks{
 
 class Reader {
 public:
-    explicit Reader(std::string_view html) : html_(html) { result_.text.reserve(html.size() / 2); }
-
-    LinkedText read() {
+    void read(std::string_view html) {
+        html_ = html;
+        at_ = 0;
+        if (!result_.text.empty()) result_.text += ' ';
+        result_.text.reserve(result_.text.size() + html.size() / 2);
         while (at_ < html_.size()) {
             const auto open = std::min(html_.find('<', at_), html_.size());
             appendText(html_.substr(at_, open - at_));
@@ -45,8 +47,9 @@ public:
             if (open < html_.size()) markup();
         }
         closeLink();
-        return std::move(result_);
     }
+
+    LinkedText result() { return std::move(result_); }
 
 private:
     void appendText(std::string_view raw) {
@@ -111,7 +114,7 @@ private:
         at_ = html_.size();
     }
 
-    const std::string_view html_;
+    std::string_view html_;
     std::size_t at_ = 0;
     LinkedText result_;
     std::optional<LinkedText::Link> open_;
@@ -196,6 +199,10 @@ std::string attributeValue(std::string_view tag, std::string_view name) {
     return {};
 }
 
-LinkedText linkedText(std::string_view html) { return Reader(html).read(); }
+LinkedText linkedText(std::span<const std::string_view> pieces) {
+    Reader reader;
+    for (const auto piece : pieces) reader.read(piece);
+    return reader.result();
+}
 
 }  // namespace newsroom

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,7 +23,8 @@ struct LinkedText {
 };
 
 /// Comments, scripts and styles are left out. A "<" that begins no tag is text.
-LinkedText linkedText(std::string_view html);
+/// The pieces are read one after the other, with a space between.
+LinkedText linkedText(std::span<const std::string_view> pieces);
 
 /// Where the tag whose "<" stands at `open` ends: the place of its ">", one inside a quoted
 /// value not counted. Nothing (npos) when no tag begins there or it is absurdly long, so

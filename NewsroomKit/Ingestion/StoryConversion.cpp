@@ -110,8 +110,7 @@ std::optional<StoryKind> kindOfMedium(const FeedEntry& entry, const NewsSource& 
 
 std::vector<SourceCredit> creditsOf(const FeedEntry& entry, const NewsSource& source) {
     if (source.format == NewsSource::Format::googleNews) return {};
-    const auto html = entry.contentHTML.empty() ? entry.summaryHTML : entry.contentHTML + " " + entry.summaryHTML;
-    return extractCredits(html, source.siteURL, source.name);
+    return extractCredits(entry.contentHTML, entry.summaryHTML, source.siteURL, source.name);
 }
 
 }  // namespace

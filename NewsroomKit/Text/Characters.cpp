@@ -13,13 +13,19 @@ namespace newsroom {
 
 namespace {
 
-/// Code points that are a character of their own beside any other of these. Everything
-/// else (marks, joiners, emoji, Hangul, Indic letters, a CR that may have its LF) is left
-/// to ICU.
-constexpr bool standsAlone(char32_t codePoint) {
-    const bool latin = codePoint < 0x300 && codePoint != U'\r';
-    const bool quoteOrDash = codePoint >= 0x2010 && codePoint <= 0x2027;
-    return latin || quoteOrDash;
+/// Code points that are a character of their own beside any other of these: the letters of
+/// the common alphabets, ideographs, general punctuation. Everything else (marks, joiners,
+/// emoji, Hangul, Indic letters, a CR that may have its LF) is left to ICU.
+constexpr bool standsAlone(char32_t c) {
+    const auto within = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
+    if (c < 0x300) return c != U'\r';
+    if (c < 0x2000) {
+        return within(0x391, 0x3FF) || within(0x400, 0x482) || within(0x48A, 0x52F) ||
+               within(0x5D0, 0x5EA) || within(0x621, 0x64A);
+    }
+    return within(0x2010, 0x2027) || within(0x2030, 0x205E) || within(0x20A0, 0x20BF) ||
+           within(0x3001, 0x3029) || within(0x3041, 0x3096) || within(0x30A1, 0x30FA) ||
+           within(0x4E00, 0x9FFF);
 }
 
 const icu::BreakIterator& prototype() {

@@ -6,6 +6,7 @@
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
+#include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Utf8.h"
 
 namespace newsroom {
@@ -108,6 +109,9 @@ bool equalIgnoringCase(std::string_view left, std::string_view right) {
 
 std::optional<std::size_t> prefixLengthIgnoringCase(std::string_view text,
                                                     std::string_view prefix) {
+    // Most texts differ in the first letter already.
+    const bool plain = !text.empty() && !prefix.empty() && isASCII(text[0]) && isASCII(prefix[0]);
+    if (plain && lowercaseASCII(text[0]) != lowercaseASCII(prefix[0])) return std::nullopt;
     const icu::UnicodeString wanted = caselessForm(prefix);
     std::int32_t matched = 0;
     std::size_t length = 0;

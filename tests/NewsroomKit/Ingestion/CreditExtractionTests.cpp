@@ -11,7 +11,7 @@ namespace {
 using Kind = SourceCredit::Kind;
 
 std::vector<SourceCredit> credits(std::string_view html) {
-    return extractCredits(html, "https://www.blog.example/", "Link Blog");
+    return extractCredits(html, "", "https://www.blog.example/", "Link Blog");
 }
 
 TEST(Credits, ACreditPhraseNamesTheLinkHandleOrNameBehindIt) {
@@ -83,6 +83,8 @@ TEST(Credits, MarkupIsReadAsABrowserReadsIt) {
         {"via HTTPS, via Settings", ""},
         {"via MacRumors\u2026 more", "MacRumors"},
         {"via @joe\u2019s post", "@joe"},
+        {"\u201cAccording to Reuters", "Reuters"},
+        {"\u00e9according to Reuters", ""},
     };
     for (const auto& c : cases) {
         const auto found = credits(c.html);

@@ -182,7 +182,8 @@ TEST(Unicode, theQuickWayOverSimpleCharactersAgreesWithTheLongOne) {
     std::mt19937 random(7);
     constexpr std::string_view pieces[] = {
         "a", "Z", " ", "\r", "\n", "\r\n", "é", "\u00AD", "©", "“", "—", "…", "\u0301", "\u200D",
-        "\uFE0F", "👩", "🇩", "🏽", "ᄒ", "ᅡ", "ᆫ", "한", "क", "्", "ि", "\u0600", "\u2028", "\xFF"};
+        "\uFE0F", "👩", "🇩", "🏽", "ᄒ", "ᅡ", "ᆫ", "한", "क", "्", "ि", "\u0600", "\u2028", "\xFF",
+        "ж", "\u0483", "Ω", "א", "ع", "漢", "か", "カ", "\u3099", "、", "€", "‼"};
     for (int round = 0; round < 3000; ++round) {
         std::string text;
         for (auto count = random() % 12; count > 0; --count) {
