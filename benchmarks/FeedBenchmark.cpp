@@ -19,19 +19,24 @@ namespace {
 
 std::string generatedFeed(int seed) {
     constexpr int items = 40;
-    std::string feed = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><rss version=\"2.0\" "
-                       "xmlns:content=\"http://purl.org/rss/1.0/modules/content/\"><channel>"
-                       "<title>Harbour Notes</title>";
+    std::string feed =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?><rss version=\"2.0\" "
+        "xmlns:content=\"http://purl.org/rss/1.0/modules/content/\"><channel>"
+        "<title>Harbour Notes</title>";
     for (int item = 0; item < items; ++item) {
         const auto number = std::to_string(seed * items + item);
-        feed += "<item><title>Ferry " + number + " sails again &amp; the pier café opens</title>"
-                "<link>https://harbour.example/" + number + "</link><guid>n-" + number + "</guid>"
+        feed += "<item><title>Ferry " + number +
+                " sails again &amp; the pier café opens</title>"
+                "<link>https://harbour.example/" +
+                number + "</link><guid>n-" + number +
+                "</guid>"
                 "<pubDate>Thu, 01 Oct 2026 08:30:00 GMT</pubDate><description>"
                 "&lt;p&gt;The ferry is back.&lt;/p&gt;</description><content:encoded><![CDATA[";
         for (int paragraph = 0; paragraph < 12; ++paragraph) {
-            feed += "<p>After a long winter in the dock, the old ferry <a href=\"https://harbour."
-                    "example/ferry\">returned</a> to its route&nbsp;&mdash; to the delight of "
-                    "everybody who lives on the island.</p>\n";
+            feed +=
+                "<p>After a long winter in the dock, the old ferry <a href=\"https://harbour."
+                "example/ferry\">returned</a> to its route&nbsp;&mdash; to the delight of "
+                "everybody who lives on the island.</p>\n";
         }
         feed += "]]></content:encoded></item>";
     }
@@ -106,7 +111,9 @@ BENCHMARK(ParseFeeds)->Unit(benchmark::kMillisecond);
 
 /// Everything between the bytes of a feed and its labelled stories.
 void ParseConvertAndLabel(benchmark::State& state) {
-    const NewsSource source{.id = "bench", .name = "Bench", .feedURL = "https://bench.example/feed",
+    const NewsSource source{.id = "bench",
+                            .name = "Bench",
+                            .feedURL = "https://bench.example/feed",
                             .siteURL = "https://bench.example/"};
     const Instant now = parseISO8601("2026-11-20T12:00:00Z").value();
     CanonicalLinks links;

@@ -139,8 +139,8 @@ void measure(benchmark::State& state, bool fullBundle, std::size_t sources, std:
     if (failures > 0) state.SkipWithError("fetches failed");
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(sources));
     state.counters["CPU/source"] = benchmark::Counter(
-        static_cast<double>(sources), benchmark::Counter::kIsIterationInvariantRate |
-                                          benchmark::Counter::kInvert);
+        static_cast<double>(sources),
+        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
     std::filesystem::remove(bundle);
 }
 
@@ -148,9 +148,11 @@ void newConnection(benchmark::State& state, bool fullBundle) {
     measure(state, fullBundle, 250, 12, "/tiny");
 }
 BENCHMARK_CAPTURE(newConnection, tinyBundle, false)
-    ->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
+    ->MeasureProcessCPUTime()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(newConnection, systemBundle, true)
-    ->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
+    ->MeasureProcessCPUTime()
+    ->Unit(benchmark::kMillisecond);
 
 /// Feeds of 50 KB: sources, and how many of them at once.
 void coldPass(benchmark::State& state) {
@@ -158,8 +160,12 @@ void coldPass(benchmark::State& state) {
             static_cast<std::size_t>(state.range(1)), "/feed");
 }
 BENCHMARK(coldPass)
-    ->Args({250, 12})->Args({250, 250})->Args({1000, 12})->Args({1000, 1000})
-    ->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
+    ->Args({250, 12})
+    ->Args({250, 250})
+    ->Args({1000, 12})
+    ->Args({1000, 1000})
+    ->MeasureProcessCPUTime()
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

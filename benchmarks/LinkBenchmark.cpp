@@ -14,9 +14,10 @@ std::vector<std::string> sampleLinks() {
     std::vector<std::string> links;
     for (int i = 0; i < 2000; ++i) {
         const auto number = std::to_string(i);
-        links.push_back("https://www.example" + std::to_string(i % 40) + ".com/2026/11/" + number +
-                        "/a-headline-of-usual-length-with-some-words/?utm_source=rss&utm_medium=feed&id=" + number +
-                        "&b=2&a=1#comments");
+        links.push_back(
+            "https://www.example" + std::to_string(i % 40) + ".com/2026/11/" + number +
+            "/a-headline-of-usual-length-with-some-words/?utm_source=rss&utm_medium=feed&id=" +
+            number + "&b=2&a=1#comments");
     }
     return links;
 }
@@ -24,7 +25,8 @@ std::vector<std::string> sampleLinks() {
 void coldCanonicalLink(benchmark::State& state) {
     const auto links = sampleLinks();
     std::size_t next = 0;
-    for (auto _ : state) benchmark::DoNotOptimize(newsroom::canonicalLink(links[next++ % links.size()]));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(newsroom::canonicalLink(links[next++ % links.size()]));
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(coldCanonicalLink);
@@ -42,7 +44,8 @@ BENCHMARK(rememberedCanonicalLink);
 void referenceBareParse(benchmark::State& state) {
     const auto links = sampleLinks();
     std::size_t next = 0;
-    for (auto _ : state) benchmark::DoNotOptimize(newsroom::WebAddress::parse(links[next++ % links.size()]));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(newsroom::WebAddress::parse(links[next++ % links.size()]));
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(referenceBareParse);

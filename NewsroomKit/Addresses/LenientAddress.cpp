@@ -19,8 +19,10 @@ void appendEscaped(std::string& out, std::string_view part, std::string_view ext
     constexpr char digits[] = "0123456789ABCDEF";
     for (std::size_t i = 0; i < part.size(); ++i) {
         const char c = part[i];
-        const bool escape = c == '%' && i + 2 < part.size() && hexValue(part[i + 1]) >= 0 && hexValue(part[i + 2]) >= 0;
-        const bool allowed = isASCIIAlphanumeric(c) || kUnreservedMarks.find(c) != std::string_view::npos ||
+        const bool escape = c == '%' && i + 2 < part.size() && hexValue(part[i + 1]) >= 0 &&
+                            hexValue(part[i + 2]) >= 0;
+        const bool allowed = isASCIIAlphanumeric(c) ||
+                             kUnreservedMarks.find(c) != std::string_view::npos ||
                              kSubDelimiters.find(c) != std::string_view::npos ||
                              extra.find(c) != std::string_view::npos;
         if (escape || allowed) {
@@ -35,7 +37,8 @@ void appendEscaped(std::string& out, std::string_view part, std::string_view ext
 }
 
 std::optional<std::string> asciiHost(std::string_view host) {
-    const bool ascii = std::all_of(host.begin(), host.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
+    const bool ascii = std::all_of(host.begin(), host.end(),
+                                   [](char c) { return static_cast<signed char>(c) >= 0; });
     if (ascii) return std::string(host);
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::IDNA> idna(
@@ -44,7 +47,8 @@ std::optional<std::string> asciiHost(std::string_view host) {
     std::string result;
     icu::StringByteSink<std::string> sink(&result);
     icu::IDNAInfo info;
-    idna->nameToASCII_UTF8(icu::StringPiece(host.data(), static_cast<int32_t>(host.size())), sink, info, status);
+    idna->nameToASCII_UTF8(icu::StringPiece(host.data(), static_cast<int32_t>(host.size())), sink,
+                           info, status);
     if (U_FAILURE(status) || info.hasErrors()) return std::nullopt;
     return result;
 }
@@ -58,7 +62,8 @@ bool appendAuthority(std::string& out, std::string_view authority) {
     }
     const auto bracket = authority.rfind(']');
     const auto colon = authority.rfind(':');
-    const bool hasPort = colon != std::string_view::npos && (bracket == std::string_view::npos || colon > bracket);
+    const bool hasPort =
+        colon != std::string_view::npos && (bracket == std::string_view::npos || colon > bracket);
     const auto host = asciiHost(authority.substr(0, hasPort ? colon : authority.size()));
     if (!host) return false;
     out += *host;

@@ -73,7 +73,8 @@ std::vector<WebAddress::QueryItem> WebAddress::queryItems(std::string_view rest)
         const auto raw = rest.substr(0, ampersand);
         if (!raw.empty()) {
             const auto equals = raw.find('=');
-            const auto value = equals == std::string_view::npos ? std::string_view() : raw.substr(equals + 1);
+            const auto value =
+                equals == std::string_view::npos ? std::string_view() : raw.substr(equals + 1);
             items.push_back({.name = percentDecoded(raw.substr(0, equals)),
                              .value = percentDecoded(value),
                              .raw = std::string(raw)});
@@ -100,13 +101,16 @@ std::optional<std::string> resolvedAddress(std::string_view base, std::string_vi
     const auto page = WebAddress::parse(base);
     // Escaping needs an address around the reference; what was put in front goes again.
     constexpr std::string_view stand = "x://x";
-    const auto escaped = strictAddress(std::string(stand) + (reference.starts_with('/') ? "" : "/") + std::string(reference));
+    const auto escaped = strictAddress(
+        std::string(stand) + (reference.starts_with('/') ? "" : "/") + std::string(reference));
     if (!page || !escaped || reference.empty()) return std::nullopt;
-    const auto relative = std::string_view(*escaped).substr(stand.size() + (reference.starts_with('/') ? 0 : 1));
+    const auto relative =
+        std::string_view(*escaped).substr(stand.size() + (reference.starts_with('/') ? 0 : 1));
     const auto parsed = boost::urls::parse_relative_ref(relative);
     const std::string pageText = page->text();
     boost::urls::url target;
-    if (!parsed || !boost::urls::resolve(boost::urls::url_view(pageText), *parsed, target)) return std::nullopt;
+    if (!parsed || !boost::urls::resolve(boost::urls::url_view(pageText), *parsed, target))
+        return std::nullopt;
     const auto resolved = fromParsed(target);
     return resolved ? std::optional(resolved->text()) : std::nullopt;
 }

@@ -2,27 +2,20 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <optional>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
+#include "NewsroomKit/Ingestion/CreditPhrases.h"
 #include "NewsroomKit/Ingestion/LinkedText.h"
 #include "NewsroomKit/Ingestion/SocialPosts.h"
 #include "NewsroomKit/Sources/PlatformHosts.h"
 #include "NewsroomKit/Stories/PublisherNames.h"
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
-#include "NewsroomKit/Text/Utf8.h"
 
 namespace newsroom {
 
 namespace {
-
-// By first letter, so that few are compared at each word.
-constexpr std::array<std::string_view, 11> kPhrases{
-    "according to", "as reported by", "credit to",   "first reported by",
-    "first spotted by", "h/t",        "hat tip to",  "originally reported by",
-    "reported by",  "spotted by",     "via"};
 
 // A link further from its phrase belongs to another thought.
 constexpr std::size_t kReach = 48;
@@ -30,90 +23,13 @@ constexpr std::size_t kReach = 48;
 // Some four thousand words: who broke a story is told by then.
 constexpr std::size_t kReadBytes = 32 * 1024;
 
-/// Bytes of the letter or number at `at`; 0 when none stands there.
-std::size_t wordCharacterAt(std::string_view text, std::size_t at) {
-    if (at >= text.size()) return 0;
-    if (static_cast<signed char>(text[at]) >= 0) return isASCIIAlphanumeric(text[at]) ? 1 : 0;
-    const auto decoded = decodeUTF8(text, at);
-    return isLetter(decoded.value) || isNumber(decoded.value) ? decoded.length : 0;
-}
-
-struct Phrase {
-    std::size_t begin;
-    std::size_t end;
-};
-
-/// What a byte, in either letter case, means for finding phrases.
-struct ByteClass {
-    std::uint32_t seconds = 0;      ///< bit n: a phrase goes on with a character whose low bits are n
-    bool mayEndWord = false;        ///< a word may begin behind it
-    unsigned char firstPhrase = 0;  ///< range of kPhrases that begin with it
-    unsigned char endPhrase = 0;
-};
-
-constexpr std::uint32_t secondBit(char c) { return std::uint32_t{1} << (static_cast<unsigned char>(c) & 31); }
-
-constexpr auto kByteClasses = [] {
-    std::array<ByteClass, 256> classes{};
-    for (std::size_t byte = 0; byte < classes.size(); ++byte) {
-        const auto c = static_cast<char>(byte);
-        ByteClass& entry = classes[byte];
-        entry.mayEndWord = !isASCIIAlphanumeric(c);
-        for (unsigned char i = 0; i < kPhrases.size(); ++i) {
-            if (kPhrases[i][0] != lowercaseASCII(c)) continue;
-            if (entry.endPhrase == 0) entry.firstPhrase = i;
-            entry.endPhrase = static_cast<unsigned char>(i + 1);
-            entry.seconds |= secondBit(kPhrases[i][1]);
-        }
-    }
-    return classes;
-}();
-
-const ByteClass& classAt(std::string_view text, std::size_t at) {
-    return kByteClasses[static_cast<unsigned char>(text[at])];
-}
-
-bool beginsWord(std::string_view text, std::size_t at) {
-    if (at == 0) return true;
-    const auto before = decodeUTF8Before(text, at).value;
-    return !isLetter(before) && !isNumber(before);
-}
-
-/// The end of the credit phrase that stands at `at` as whole words; nothing when none does.
-std::optional<std::size_t> phraseEnd(std::string_view text, std::size_t at) {
-    const ByteClass& first = classAt(text, at);
-    for (auto i = first.firstPhrase; i < first.endPhrase; ++i) {
-        const auto end = at + kPhrases[i].size();
-        const bool same = equalsLowercase(text.substr(at, kPhrases[i].size()), kPhrases[i]);
-        if (same && wordCharacterAt(text, end) == 0 && beginsWord(text, at)) return end;
-    }
-    return std::nullopt;
-}
-
-/// Credit phrases as whole words, in order; one inside a longer one does not count. Nearly
-/// every byte is passed over by one look at it and its neighbours.
-std::vector<Phrase> findPhrases(std::string_view text) {
-    std::vector<Phrase> found;
-    bool mayBegin = true;
-    for (std::size_t at = 0; at + 1 < text.size(); ++at) {
-        const ByteClass& byte = classAt(text, at);
-        if (mayBegin && (byte.seconds & secondBit(text[at + 1])) != 0) {
-            if (const auto end = phraseEnd(text, at)) {
-                found.push_back({at, *end});
-                at = *end - 1;
-            }
-        }
-        mayBegin = classAt(text, at).mayEndWord;
-    }
-    return found;
-}
-
 /// "@name" or "@name@server.example" at the start of `text`.
 std::string_view handleAt(std::string_view text) {
     if (!text.starts_with('@')) return {};
     std::size_t length = 1;
-    while (length < text.size() && (isASCIIAlphanumeric(text[length]) || text[length] == '_' || text[length] == '@' ||
-                                    text[length] == '-' || text[length] == '.')) {
+    while (length < text.size() &&
+           (isASCIIAlphanumeric(text[length]) || text[length] == '_' || text[length] == '@' ||
+            text[length] == '-' || text[length] == '.')) {
         ++length;
     }
     while (length > 1 && (text[length - 1] == '.' || text[length - 1] == '-')) --length;
@@ -145,7 +61,8 @@ std::string hostOf(std::string_view address) {
     if (begin == std::string_view::npos) return {};
     auto authority = address.substr(begin + 3);
     authority = authority.substr(0, authority.find_first_of("/?#"));
-    if (const auto at = authority.rfind('@'); at != std::string_view::npos) authority.remove_prefix(at + 1);
+    if (const auto at = authority.rfind('@'); at != std::string_view::npos)
+        authority.remove_prefix(at + 1);
     return lowercasedASCII(authority.substr(0, authority.find(':')));
 }
 
@@ -168,10 +85,11 @@ public:
     }
 
     std::vector<SourceCredit> run() {
-        const auto phrases = findPhrases(linked_.text);
+        const auto phrases = findCreditPhrases(linked_.text);
         auto phrase = phrases.begin();
         for (const auto& link : linked_.links) {
-            while (phrase != phrases.end() && phrase->begin < link.end && !isFull()) creditAfter(*phrase++);
+            while (phrase != phrases.end() && phrase->begin < link.end && !isFull())
+                creditAfter(*phrase++);
             if (isFull()) break;
             if (!isCredited(link.address)) creditLink(link, std::nullopt);
         }
@@ -183,16 +101,20 @@ private:
     bool isFull() const { return credits_.size() >= kCreditLimit; }
 
     /// What stands behind a credit phrase: a link soon after, a handle, or a name.
-    void creditAfter(const Phrase& phrase) {
-        const std::string words = lowercasedASCII(std::string_view(linked_.text).substr(phrase.begin, phrase.end - phrase.begin));
+    void creditAfter(const CreditPhrase& phrase) {
+        const std::string words = lowercasedASCII(
+            std::string_view(linked_.text).substr(phrase.begin, phrase.end - phrase.begin));
         const auto near = std::string_view(linked_.text).substr(phrase.end, kReach);
         const auto reach = phrase.end + std::min(near.find_first_of(".;\n"), near.size());
-        const auto link = std::lower_bound(linked_.links.begin(), linked_.links.end(), phrase.end,
-                                           [](const auto& l, std::size_t place) { return l.begin < place; });
+        const auto link =
+            std::lower_bound(linked_.links.begin(), linked_.links.end(), phrase.end,
+                             [](const auto& l, std::size_t place) { return l.begin < place; });
         if (link != linked_.links.end() && link->begin <= reach) return creditLink(*link, words);
 
         auto start = phrase.end;
-        while (start < linked_.text.size() && (linked_.text[start] == ' ' || linked_.text[start] == ':')) ++start;
+        while (start < linked_.text.size() &&
+               (linked_.text[start] == ' ' || linked_.text[start] == ':'))
+            ++start;
         const auto rest = std::string_view(linked_.text).substr(start);
         if (const auto handle = handleAt(rest); !handle.empty()) {
             add({.kind = SourceCredit::Kind::post, .name = std::string(handle), .detail = words});
@@ -218,21 +140,32 @@ private:
         if (host.empty() || (!siteHost_.empty() && isHostOrSubhost(host, siteHost_))) return;
         const auto outlet = knownOutlet(host);
         if (auto post = socialPost(link.address)) {
-            add({.kind = SourceCredit::Kind::post, .platform = post->platform, .name = post->account,
-                 .url = link.address, .postedAt = post->postedAt, .detail = std::move(phrase)});
+            add({.kind = SourceCredit::Kind::post,
+                 .platform = post->platform,
+                 .name = post->account,
+                 .url = link.address,
+                 .postedAt = post->postedAt,
+                 .detail = std::move(phrase)});
         } else if (outlet == "Apple") {
             if (!isAppleDocument(link.address)) return;
-            add({.kind = SourceCredit::Kind::apple, .name = "Apple", .url = link.address,
+            add({.kind = SourceCredit::Kind::apple,
+                 .name = "Apple",
+                 .url = link.address,
                  .detail = std::move(phrase)});
         } else if (outlet) {
-            add({.kind = SourceCredit::Kind::outlet, .name = std::string(*outlet), .url = link.address,
+            add({.kind = SourceCredit::Kind::outlet,
+                 .name = std::string(*outlet),
+                 .url = link.address,
                  .detail = std::move(phrase)});
         } else if (phrase) {
-            const auto words = std::string_view(linked_.text).substr(link.begin, link.end - link.begin);
+            const auto words =
+                std::string_view(linked_.text).substr(link.begin, link.end - link.begin);
             const auto name = nameAt(words);
             const auto bareHost = host.starts_with("www.") ? host.substr(4) : host;
-            add({.kind = SourceCredit::Kind::outlet, .name = name.empty() ? bareHost : std::string(name),
-                 .url = link.address, .detail = std::move(phrase)});
+            add({.kind = SourceCredit::Kind::outlet,
+                 .name = name.empty() ? bareHost : std::string(name),
+                 .url = link.address,
+                 .detail = std::move(phrase)});
         }
     }
 
@@ -243,10 +176,11 @@ private:
 
     void add(SourceCredit credit) {
         if (isFull() || equalIgnoringCase(credit.name, sourceName_)) return;
-        const bool known = std::any_of(credits_.begin(), credits_.end(), [&](const SourceCredit& other) {
-            return other.kind == credit.kind && other.name == credit.name &&
-                   (!credit.url || other.url == credit.url);
-        });
+        const bool known =
+            std::any_of(credits_.begin(), credits_.end(), [&](const SourceCredit& other) {
+                return other.kind == credit.kind && other.name == credit.name &&
+                       (!credit.url || other.url == credit.url);
+            });
         if (!known) credits_.push_back(std::move(credit));
     }
 

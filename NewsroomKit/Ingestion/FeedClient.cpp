@@ -45,9 +45,13 @@ struct FeedClient::Pass {
     asio::steady_timer roomMade;
 };
 
-FeedClient::FeedClient(HTTPClient& http, const StoryConversion& conversion, asio::thread_pool& workers,
-                       Clock clock, Options options)
-    : http_(http), conversion_(conversion), workers_(workers), clock_(std::move(clock)), options_(options) {}
+FeedClient::FeedClient(HTTPClient& http, const StoryConversion& conversion,
+                       asio::thread_pool& workers, Clock clock, Options options)
+    : http_(http),
+      conversion_(conversion),
+      workers_(workers),
+      clock_(std::move(clock)),
+      options_(options) {}
 
 asio::awaitable<SourceFetch> FeedClient::fetch(NewsSource source) {
     co_return co_await fetchFrom(source.feedURL, source);
@@ -100,7 +104,8 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
         } else {
             reading.result = parsed.error();
             reading.feedLinks = pageFeedLinks(body, address);
-            if (reading.feedLinks.size() > kMostLinksTried) reading.feedLinks.resize(kMostLinksTried);
+            if (reading.feedLinks.size() > kMostLinksTried)
+                reading.feedLinks.resize(kMostLinksTried);
         }
         co_return reading;
     };
@@ -124,7 +129,8 @@ asio::awaitable<void> FeedClient::work(Pass& pass) {
 
 asio::awaitable<void> FeedClient::fetchAll(std::vector<NewsSource> sources, Arrival arrival) {
     const auto executor = co_await asio::this_coro::executor;
-    const auto crowd = std::min<std::size_t>(static_cast<std::size_t>(options_.concurrency), sources.size());
+    const auto crowd =
+        std::min<std::size_t>(static_cast<std::size_t>(options_.concurrency), sources.size());
     if (crowd == 0) co_return;
     Pass pass{FetchQueue(std::move(sources), options_.hostLimits), std::move(arrival),
               asio::steady_timer(executor, asio::steady_timer::time_point::max())};

@@ -34,8 +34,8 @@ public:
     /// Called on the caller's executor, once for every source, in the order of their ends.
     using Arrival = std::function<void(const NewsSource&, SourceFetch)>;
 
-    FeedClient(HTTPClient& http, const StoryConversion& conversion, boost::asio::thread_pool& workers,
-               Clock clock, Options options);
+    FeedClient(HTTPClient& http, const StoryConversion& conversion,
+               boost::asio::thread_pool& workers, Clock clock, Options options);
 
     boost::asio::awaitable<SourceFetch> fetch(NewsSource source);
 
@@ -46,7 +46,8 @@ private:
     struct Reading;
     struct Pass;
 
-    boost::asio::awaitable<Reading> read(std::string body, const NewsSource& source, std::string address);
+    boost::asio::awaitable<Reading> read(std::string body, const NewsSource& source,
+                                         std::string address);
     boost::asio::awaitable<SourceFetch> fetchFrom(std::string address, const NewsSource& source);
     boost::asio::awaitable<void> work(Pass& pass);
 

@@ -13,7 +13,8 @@ std::string hostOf(const NewsSource& source) {
     const auto address = WebAddress::parse(source.feedURL);
     if (!address) return {};
     // One server under many names.
-    return isHostOrSubhost(address->host, hosts::kReddit) ? std::string(hosts::kReddit) : address->host;
+    return isHostOrSubhost(address->host, hosts::kReddit) ? std::string(hosts::kReddit)
+                                                          : address->host;
 }
 
 }  // namespace

@@ -29,9 +29,9 @@ bool isNamed(std::string_view name, std::span<const std::string_view> names) {
                        [&](std::string_view other) { return equalsLowercase(name, other); });
 }
 
-constexpr std::array<std::string_view, 18> kBlocks{
-    "p",  "br", "div", "li", "ul", "ol", "h1", "h2",    "h3",
-    "h4", "h5", "h6",  "tr", "td", "th", "hr", "table", "blockquote"};
+constexpr std::array<std::string_view, 18> kBlocks{"p",  "br", "div", "li", "ul",    "ol",
+                                                   "h1", "h2", "h3",  "h4", "h5",    "h6",
+                                                   "tr", "td", "th",  "hr", "table", "blockquote"};
 
 class Reader {
 public:

@@ -36,11 +36,13 @@ std::vector<std::string> pageFeedLinks(std::string_view html, std::string_view p
         const auto tag = html.substr(at + 1, end - at - 1);
         const auto rel = lowercasedASCII(attributeValue(tag, "rel"));
         const auto type = lowercasedASCII(attributeValue(tag, "type"));
-        const bool feed = type.find("rss") != std::string::npos || type.find("atom") != std::string::npos;
+        const bool feed =
+            type.find("rss") != std::string::npos || type.find("atom") != std::string::npos;
         if (!hasWord(rel, "alternate") || !feed) continue;
         const auto address = resolvedAddress(pageURL, attributeValue(tag, "href"));
         if (!address || !address->starts_with("http")) continue;
-        if (std::find(links.begin(), links.end(), *address) == links.end()) links.push_back(*address);
+        if (std::find(links.begin(), links.end(), *address) == links.end())
+            links.push_back(*address);
     }
     return links;
 }
@@ -52,14 +54,16 @@ std::optional<std::string> pageTitle(std::string_view html) {
     const auto begin = open == std::string::npos ? open : lower.find('>', open);
     if (begin == std::string::npos) return std::nullopt;
     const auto end = lower.find("</title", begin);
-    auto inside = trimWhitespaceAndNewlines(html.substr(begin + 1, end == std::string::npos ? 200 : end - begin - 1));
+    auto inside = trimWhitespaceAndNewlines(
+        html.substr(begin + 1, end == std::string::npos ? 200 : end - begin - 1));
     constexpr std::string_view cdata = "<![CDATA[";
     if (inside.starts_with(cdata)) {
         inside.remove_prefix(cdata.size());
         inside = inside.substr(0, inside.find("]]>"));
     }
     std::string title = cleanHeadline(inside);
-    title = std::string(trimWhitespaceAndNewlines(std::string_view(title).substr(0, title.find(" - "))));
+    title = std::string(
+        trimWhitespaceAndNewlines(std::string_view(title).substr(0, title.find(" - "))));
     return title.empty() ? std::nullopt : std::optional(title);
 }
 

@@ -17,7 +17,8 @@ using std::chrono::milliseconds;
 std::optional<std::uint64_t> wholeNumber(std::string_view digits) {
     std::uint64_t number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    if (digits.empty() || error != std::errc() || end != digits.data() + digits.size()) return std::nullopt;
+    if (digits.empty() || error != std::errc() || end != digits.data() + digits.size())
+        return std::nullopt;
     return number;
 }
 
@@ -60,7 +61,8 @@ std::optional<Instant> timeOfBlueskyPost(std::string_view key) {
 
 std::optional<SocialPost> socialPost(std::string_view text) {
     // Every post's address has one of these in its path; most links need no parsing.
-    const bool possible = text.find("/@") != std::string_view::npos || text.find("/status/") != std::string_view::npos ||
+    const bool possible = text.find("/@") != std::string_view::npos ||
+                          text.find("/status/") != std::string_view::npos ||
                           text.find("/post/") != std::string_view::npos;
     if (!possible) return std::nullopt;
     const auto address = WebAddress::parse(text);
@@ -68,13 +70,14 @@ std::optional<SocialPost> socialPost(std::string_view text) {
     const auto pieces = address->pathPieces();
     const std::string_view host = address->host;
 
-    if ((isHostOrSubhost(host, "x.com") || isHostOrSubhost(host, "twitter.com")) && pieces.size() >= 3 &&
-        pieces[1] == "status") {
+    if ((isHostOrSubhost(host, "x.com") || isHostOrSubhost(host, "twitter.com")) &&
+        pieces.size() >= 3 && pieces[1] == "status") {
         const auto number = wholeNumber(pieces[2]);
         if (!number) return std::nullopt;
         return SocialPost{"X", "@" + pieces[0], timeOfXPost(*number)};
     }
-    if (host == hosts::kBluesky && pieces.size() >= 4 && pieces[0] == "profile" && pieces[2] == "post") {
+    if (host == hosts::kBluesky && pieces.size() >= 4 && pieces[0] == "profile" &&
+        pieces[2] == "post") {
         return SocialPost{"Bluesky", "@" + pieces[1], timeOfBlueskyPost(pieces[3])};
     }
     const bool account = pieces.size() >= 2 && pieces[0].size() > 1 && pieces[0].starts_with('@');
@@ -84,7 +87,8 @@ std::optional<SocialPost> socialPost(std::string_view text) {
     }
     if (account && pieces.size() == 2 && pieces[1].size() >= 15) {
         if (const auto number = wholeNumber(pieces[1])) {
-            return SocialPost{"Mastodon", pieces[0] + "@" + address->host, timeOfMastodonPost(*number)};
+            return SocialPost{"Mastodon", pieces[0] + "@" + address->host,
+                              timeOfMastodonPost(*number)};
         }
     }
     return std::nullopt;

@@ -44,7 +44,8 @@ std::string summaryOf(const FeedEntry& entry, const NewsSource& source) {
     if (source.format == NewsSource::Format::googleNews) return {};
     const auto& html = entry.summaryHTML.empty() ? entry.contentHTML : entry.summaryHTML;
     const bool post = entry.medium == FeedEntry::Medium::post;
-    return withoutLeadingName(excerpt(html, post ? kPostExcerptCharacters : kExcerptCharacters), source.name);
+    return withoutLeadingName(excerpt(html, post ? kPostExcerptCharacters : kExcerptCharacters),
+                              source.name);
 }
 
 /// "Headline - Publisher" of a news search; a title that is nothing else keeps it.
@@ -52,7 +53,8 @@ std::string withoutPublisher(std::string title, const std::optional<std::string>
     if (!publisher) return title;
     const std::string ending = " - " + cleanHeadline(*publisher);
     if (!title.ends_with(ending)) return title;
-    const auto headline = trimHorizontalWhitespace(std::string_view(title).substr(0, title.size() - ending.size()));
+    const auto headline =
+        trimHorizontalWhitespace(std::string_view(title).substr(0, title.size() - ending.size()));
     return headline.empty() ? title : std::string(headline);
 }
 
@@ -160,8 +162,8 @@ std::optional<Story> StoryConversion::story(const FeedEntry& entry, const NewsSo
     return story;
 }
 
-std::vector<Story> StoryConversion::stories(const std::vector<FeedEntry>& entries, const NewsSource& source,
-                                            Instant now) const {
+std::vector<Story> StoryConversion::stories(const std::vector<FeedEntry>& entries,
+                                            const NewsSource& source, Instant now) const {
     std::vector<Story> stories;
     stories.reserve(entries.size());
     for (const auto& entry : entries) {

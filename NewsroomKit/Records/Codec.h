@@ -48,7 +48,9 @@ template <class T>
 struct RecordShape;
 
 template <class T>
-concept Record = requires { RecordShape<T>::fields; };
+concept Record = requires {
+    RecordShape<T>::fields;
+};
 
 template <class T>
 struct Codec;
@@ -163,10 +165,12 @@ template <class T>
 inline constexpr bool isOptional<std::optional<T>> = true;
 
 template <class R, class Member>
-void encodeField(json::object& object, const R& record, const Field<R, Member>& f, DateStyle dates) {
+void encodeField(json::object& object, const R& record, const Field<R, Member>& f,
+                 DateStyle dates) {
     if constexpr (isOptional<Member>) {
         const auto& value = record.*f.member;
-        if (value) object.emplace(f.key, newsroom::encode<typename Member::value_type>(*value, dates));
+        if (value)
+            object.emplace(f.key, newsroom::encode<typename Member::value_type>(*value, dates));
     } else {
         object.emplace(f.key, newsroom::encode<Member>(record.*f.member, dates));
     }
@@ -202,8 +206,9 @@ struct Codec<R> {
     static R decode(const json::value& value) {
         if (!value.is_object()) throw RecordError("", "an object is expected");
         R record{};
-        std::apply([&](const auto&... f) { (codec::decodeField(value.get_object(), record, f), ...); },
-                   RecordShape<R>::fields);
+        std::apply(
+            [&](const auto&... f) { (codec::decodeField(value.get_object(), record, f), ...); },
+            RecordShape<R>::fields);
         return record;
     }
 };

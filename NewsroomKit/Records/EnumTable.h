@@ -21,7 +21,9 @@ template <class E>
 inline constexpr std::nullptr_t enumTable = nullptr;
 
 template <class E>
-concept TabledEnum = requires { enumTable<E>.size(); };
+concept TabledEnum = requires {
+    enumTable<E>.size();
+};
 
 template <TabledEnum E>
 constexpr std::string_view rawValue(E value) {

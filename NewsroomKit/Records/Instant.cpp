@@ -15,9 +15,7 @@ constexpr int fractionDigits = 6;
 constexpr Instant firstInstant = sys_days{std::chrono::year{1} / 1 / 1};
 constexpr Instant endOfInstants = sys_days{std::chrono::year{10'000} / 1 / 1};
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// Takes the text apart from its front; every step leaves the rest.
 class Reader {
@@ -100,8 +98,8 @@ std::optional<microseconds> readTimeOfDay(Reader& reader) {
     if (!minute || *minute > 59 || !reader.takeOneOf(":")) return std::nullopt;
     const auto second = reader.takeNumber(2);
     if (!second || *second > 60) return std::nullopt;
-    microseconds time = std::chrono::hours{*hour} + std::chrono::minutes{*minute} +
-                        std::chrono::seconds{*second};
+    microseconds time =
+        std::chrono::hours{*hour} + std::chrono::minutes{*minute} + std::chrono::seconds{*second};
     if (reader.takeOneOf(".,")) {
         const auto fraction = reader.takeFraction();
         if (!fraction) return std::nullopt;

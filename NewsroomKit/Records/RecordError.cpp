@@ -11,7 +11,9 @@ std::string sentence(const std::string& path, const std::string& reason) {
 }  // namespace
 
 RecordError::RecordError(std::string path, std::string reason)
-    : std::runtime_error(sentence(path, reason)), path_(std::move(path)), reason_(std::move(reason)) {}
+    : std::runtime_error(sentence(path, reason)),
+      path_(std::move(path)),
+      reason_(std::move(reason)) {}
 
 RecordError RecordError::inside(const std::string& step) const {
     if (path_.empty()) return {step, reason_};

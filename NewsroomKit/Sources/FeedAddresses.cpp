@@ -13,7 +13,8 @@ std::string googleNewsSearchFeed(std::string_view domain) {
 }
 
 std::string youTubeChannelFeed(std::string_view channelID) {
-    return fmt::format("https://{}/feeds/videos.xml?channel_id={}", hosts::kYouTubeFeeds, channelID);
+    return fmt::format("https://{}/feeds/videos.xml?channel_id={}", hosts::kYouTubeFeeds,
+                       channelID);
 }
 
 std::string blueskyProfileFeed(std::string_view handle) {

@@ -50,11 +50,14 @@ std::optional<std::string> fediverseFeed(std::string_view text) {
 std::optional<std::string> platformFeed(const WebAddress& address) {
     const auto pieces = address.pathPieces();
     const std::string_view host = address.host;
-    const auto first = [&](std::string_view name) { return pieces.size() >= 2 && pieces[0] == name; };
+    const auto first = [&](std::string_view name) {
+        return pieces.size() >= 2 && pieces[0] == name;
+    };
 
     if (host == hosts::kBluesky && first("profile")) return blueskyProfileFeed(pieces[1]);
     if (host.ends_with(hosts::kBlueskyHandleSuffix)) return blueskyProfileFeed(host);
-    if (isHostOrSubhost(host, hosts::kYouTube) && first("channel")) return youTubeChannelFeed(pieces[1]);
+    if (isHostOrSubhost(host, hosts::kYouTube) && first("channel"))
+        return youTubeChannelFeed(pieces[1]);
     if (isHostOrSubhost(host, hosts::kReddit) && first("r")) return redditFeed(pieces[1]);
 
     const bool account = pieces.size() == 1 && pieces[0].starts_with('@');

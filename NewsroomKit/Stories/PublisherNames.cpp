@@ -70,7 +70,8 @@ std::optional<std::string_view> knownOutlet(std::string_view host) {
 }
 
 bool isKnownOutletName(std::string_view name) {
-    return std::any_of(kOutlets.begin(), kOutlets.end(), [&](const Outlet& outlet) { return outlet.name == name; });
+    return std::any_of(kOutlets.begin(), kOutlets.end(),
+                       [&](const Outlet& outlet) { return outlet.name == name; });
 }
 
 std::string siteHostOf(std::string_view feedURL) {

@@ -17,7 +17,7 @@ struct SourceCredit {
     std::string name{};                     ///< the credited outlet or account
     std::optional<std::string> url{};
     std::optional<Instant> postedAt{};
-    std::optional<std::string> detail{};    ///< the words that carry the credit, e.g. "according to"
+    std::optional<std::string> detail{};  ///< the words that carry the credit, e.g. "according to"
 
     bool operator==(const SourceCredit&) const = default;
 };

@@ -32,7 +32,8 @@ fs::path pressRoomProgram() {
     const auto self = fs::read_symlink("/proc/self/exe", error);
     const auto program = self.parent_path() / "pressroom";
     if (error || !fs::exists(program)) {
-        throw WorkFailed("The demonstration needs the program pressroom beside brell (" + program.string() + ").");
+        throw WorkFailed("The demonstration needs the program pressroom beside brell (" +
+                         program.string() + ").");
     }
     return program;
 }
@@ -42,7 +43,8 @@ std::optional<std::int64_t> rememberedStart(const fs::path& file, std::int64_t n
     std::ifstream stream(file);
     std::int64_t start = 0;
     if (!(stream >> start) || start > now) return std::nullopt;
-    return now - start < std::chrono::seconds(kWorldLasts).count() ? std::optional(start) : std::nullopt;
+    return now - start < std::chrono::seconds(kWorldLasts).count() ? std::optional(start)
+                                                                   : std::nullopt;
 }
 
 /// The moment that the sample world starts from. A new one comes with an empty store: what
@@ -87,7 +89,8 @@ void DemoPressRoom::start(const fs::path& program, const std::string& anchor) {
     std::array<std::string, 4> words{"--ready-json", "--exit-with-parent", "--anchor", anchor};
     std::array<char*, 6> arguments{name.data(),     words[0].data(), words[1].data(),
                                    words[2].data(), words[3].data(), nullptr};
-    const int error = posix_spawn(&process_, name.c_str(), &actions, nullptr, arguments.data(), environ);
+    const int error =
+        posix_spawn(&process_, name.c_str(), &actions, nullptr, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     close(input.ends[0]);
     close(output.ends[1]);

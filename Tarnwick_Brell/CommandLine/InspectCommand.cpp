@@ -32,14 +32,16 @@ std::string answerLine(const Kind& kind, const std::string& line) {
 
 int runInspect(Session& session, const Kind& kind) {
     std::ios::sync_with_stdio(false);
-    for (std::string line; std::getline(std::cin, line);) session.out().line(answerLine(kind, line));
+    for (std::string line; std::getline(std::cin, line);)
+        session.out().line(answerLine(kind, line));
     if (std::cin.bad()) throw WorkFailed("Standard input can't be read.");
     return kDone;
 }
 
 std::string kindList() {
     std::string text = "Kinds, with the keys of their input:\n";
-    for (const auto& kind : inspect::kinds()) text += fmt::format("  {:<12}{}\n", kind.name, kind.takes);
+    for (const auto& kind : inspect::kinds())
+        text += fmt::format("  {:<12}{}\n", kind.name, kind.takes);
     return text;
 }
 
@@ -48,14 +50,17 @@ std::string kindList() {
 void addInspectCommand(CLI::App& app, Command& chosen) {
     auto name = std::make_shared<std::string>();
     auto* command = app.add_subcommand(
-        "inspect", "Try the desk's rules on data: a JSON object a line from standard input, an answer a line");
+        "inspect",
+        "Try the desk's rules on data: a JSON object a line from standard input, an answer a line");
     command->add_option("KIND", *name, "Which rule to try")->required();
     command->footer(kindList());
     command->callback([name, &chosen] {
         const auto all = inspect::kinds();
-        const auto kind = std::find_if(all.begin(), all.end(), [&](const Kind& k) { return k.name == *name; });
+        const auto kind =
+            std::find_if(all.begin(), all.end(), [&](const Kind& k) { return k.name == *name; });
         if (kind == all.end()) {
-            throw CLI::ValidationError("KIND", "there is no kind named " + *name + ".\n" + kindList());
+            throw CLI::ValidationError("KIND",
+                                       "there is no kind named " + *name + ".\n" + kindList());
         }
         chosen = [kind](Session& session) { return runInspect(session, *kind); };
     });

@@ -23,7 +23,9 @@ std::size_t terminalWidth() {
 }  // namespace
 
 Output::Output()
-    : width_(std::numeric_limits<std::size_t>::max()), terminal_(isatty(STDOUT_FILENO) == 1), styles_(terminal_) {
+    : width_(std::numeric_limits<std::size_t>::max()),
+      terminal_(isatty(STDOUT_FILENO) == 1),
+      styles_(terminal_) {
     if (terminal_) width_ = terminalWidth();
     if (const char* plain = std::getenv("NO_COLOR"); plain && *plain) styles_ = false;
 }

@@ -25,20 +25,24 @@ struct RefreshOptions {
     bool unconditional = false;
 };
 
-std::vector<newsroom::NewsSource> sourcesFor(const desk::SourceRoster& roster, const RefreshOptions& options) {
+std::vector<newsroom::NewsSource> sourcesFor(const desk::SourceRoster& roster,
+                                             const RefreshOptions& options) {
     if (options.sources.empty()) return roster.enabledSources();
     std::vector<newsroom::NewsSource> named;
     for (const auto& id : options.sources) {
         const auto* source = roster.find(id);
-        if (!source) throw WrongUsage("There is no source with the id " + id + ". See brell sources.");
-        const bool twice = std::any_of(named.begin(), named.end(), [&](const auto& other) { return other.id == id; });
+        if (!source)
+            throw WrongUsage("There is no source with the id " + id + ". See brell sources.");
+        const bool twice = std::any_of(named.begin(), named.end(),
+                                       [&](const auto& other) { return other.id == id; });
         if (!twice) named.push_back(*source);
     }
     return named;
 }
 
 /// In the order of the roster: arrivals come as the network pleases.
-void sortLike(const std::vector<newsroom::NewsSource>& asked, std::vector<SourceOutcome>& outcomes) {
+void sortLike(const std::vector<newsroom::NewsSource>& asked,
+              std::vector<SourceOutcome>& outcomes) {
     const auto place = [&](const SourceOutcome& outcome) {
         return std::find_if(asked.begin(), asked.end(),
                             [&](const auto& source) { return source.id == outcome.source.id; });
@@ -56,10 +60,10 @@ int runRefresh(Session& session, const RefreshOptions& options) {
     Engine engine(std::move(network),
                   options.unconditional ? newsroom::Conditional::no : newsroom::Conditional::yes);
     engine.http().validators().replace(store.validators().load());
-    desk::RefreshPass pass(store, engine.feeds(), &currentInstant,
-                           {.intervals = options.sources.empty() ? desk::Intervals::kept
-                                                                 : desk::Intervals::overridden,
-                            .retention = std::chrono::duration<double>(session.defaults().storyRetention())});
+    desk::RefreshPass pass(
+        store, engine.feeds(), &currentInstant,
+        {.intervals = options.sources.empty() ? desk::Intervals::kept : desk::Intervals::overridden,
+         .retention = std::chrono::duration<double>(session.defaults().storyRetention())});
     std::size_t done = 0;
     auto outcomes = pass.run(engine.io(), asked, [&](const SourceOutcome&) {
         showProgress(fmt::format("{} of {}", ++done, asked.size()));
@@ -71,13 +75,15 @@ int runRefresh(Session& session, const RefreshOptions& options) {
     transaction.commit();
 
     sortLike(asked, outcomes);
-    session.options().json ? printOutcomesJSON(session, outcomes) : printOutcomes(session, outcomes);
+    session.options().json ? printOutcomesJSON(session, outcomes)
+                           : printOutcomes(session, outcomes);
     const auto failed = std::count_if(outcomes.begin(), outcomes.end(), [](const auto& outcome) {
         return outcome.kind == SourceOutcome::Kind::failed;
     });
     if (failed > 0 && static_cast<std::size_t>(failed) == outcomes.size()) {
         session.out().flush();
-        throw WorkFailed(failed == 1 ? "The source could not be refreshed." : "No source could be refreshed.");
+        throw WorkFailed(failed == 1 ? "The source could not be refreshed."
+                                     : "No source could be refreshed.");
     }
     return kDone;
 }
@@ -86,12 +92,16 @@ int runRefresh(Session& session, const RefreshOptions& options) {
 
 void addRefreshCommand(CLI::App& app, Command& chosen) {
     auto options = std::make_shared<RefreshOptions>();
-    auto* command = app.add_subcommand("refresh", "Fetch the enabled sources once and keep their stories");
-    command->add_option("--source", options->sources, "Only this source, even if it is off; may be repeated")
+    auto* command =
+        app.add_subcommand("refresh", "Fetch the enabled sources once and keep their stories");
+    command
+        ->add_option("--source", options->sources,
+                     "Only this source, even if it is off; may be repeated")
         ->type_name("ID");
-    auto* conditional =
-        command->add_flag("--conditional", options->conditional, "Ask only for what is new (the default)");
-    command->add_flag("--unconditional", options->unconditional, "Fetch everything again")->excludes(conditional);
+    auto* conditional = command->add_flag("--conditional", options->conditional,
+                                          "Ask only for what is new (the default)");
+    command->add_flag("--unconditional", options->unconditional, "Fetch everything again")
+        ->excludes(conditional);
     command->callback([options, &chosen] {
         chosen = [options](Session& session) { return runRefresh(session, *options); };
     });

@@ -26,12 +26,16 @@ std::string_view outcomeName(SourceOutcome::Kind kind) {
 std::string outcomeText(const SourceOutcome& outcome) {
     switch (outcome.kind) {
         case SourceOutcome::Kind::stories: {
-            std::string text = outcome.merged.added > 0 ? fmt::format("{} new", outcome.merged.added) : "nothing new";
-            if (outcome.merged.revised > 0) text += fmt::format(", {} revised", outcome.merged.revised);
+            std::string text = outcome.merged.added > 0
+                                   ? fmt::format("{} new", outcome.merged.added)
+                                   : "nothing new";
+            if (outcome.merged.revised > 0)
+                text += fmt::format(", {} revised", outcome.merged.revised);
             return text;
         }
         case SourceOutcome::Kind::unchanged: return "unchanged";
-        case SourceOutcome::Kind::failed: return "failed: " + printable(outcome.status.lastError.value_or(""));
+        case SourceOutcome::Kind::failed:
+            return "failed: " + printable(outcome.status.lastError.value_or(""));
         case SourceOutcome::Kind::notDue: {
             const auto pause = std::chrono::duration<double>(outcome.source.minimumInterval);
             return fmt::format("not asked: at most every {:.0f} min", pause.count() / 60);
@@ -44,15 +48,17 @@ std::string outcomeText(const SourceOutcome& outcome) {
 
 void printOutcomes(Session& session, const std::vector<SourceOutcome>& outcomes) {
     std::size_t columns = 0;
-    for (const auto& outcome : outcomes) columns = std::max(columns, columnsOf(printable(outcome.source.name)));
+    for (const auto& outcome : outcomes)
+        columns = std::max(columns, columnsOf(printable(outcome.source.name)));
     desk::MergeCount total;
     for (const auto& outcome : outcomes) {
         session.out().line(fmt::format("{}  {}", padTo(printable(outcome.source.name), columns),
                                        outcomeText(outcome)));
         total += outcome.merged;
     }
-    session.out().line(fmt::format("{} new {} from {} {}.", total.added, total.added == 1 ? "story" : "stories",
-                                   outcomes.size(), outcomes.size() == 1 ? "source" : "sources"));
+    session.out().line(fmt::format("{} new {} from {} {}.", total.added,
+                                   total.added == 1 ? "story" : "stories", outcomes.size(),
+                                   outcomes.size() == 1 ? "source" : "sources"));
 }
 
 void printOutcomesJSON(Session& session, const std::vector<SourceOutcome>& outcomes) {
@@ -68,7 +74,9 @@ void printOutcomesJSON(Session& session, const std::vector<SourceOutcome>& outco
             {"revised", outcome.merged.revised},
             {"status", newsroom::encode(outcome.status)},
             {"bytes", outcome.record.bytesOnWire},
-            {"milliseconds", std::chrono::duration_cast<std::chrono::milliseconds>(outcome.record.elapsed).count()}};
+            {"milliseconds",
+             std::chrono::duration_cast<std::chrono::milliseconds>(outcome.record.elapsed)
+                 .count()}};
         if (outcome.record.movedTo) entry["movedTo"] = *outcome.record.movedTo;
         sources.push_back(std::move(entry));
     }

@@ -24,23 +24,28 @@ newsroom::Instant currentInstant() {
 }
 
 Session::Session(GlobalOptions options)
-    : options_(std::move(options)), now_(currentInstant()), paths_(desk::Paths::forUser(dataDir(options_))) {
+    : options_(std::move(options)),
+      now_(currentInstant()),
+      paths_(desk::Paths::forUser(dataDir(options_))) {
     if (options_.demo && (options_.connectTo || options_.caFile)) {
-        throw WrongUsage("--demo brings its own press room, so --connect-to and --ca-file can't go with it.");
+        throw WrongUsage(
+            "--demo brings its own press room, so --connect-to and --ca-file can't go with it.");
     }
 }
 
 desk::LocalStore& Session::store() {
     if (!store_) {
         paths_.createFolders();
-        store_ = std::make_unique<desk::LocalStore>(paths_.library, desk::Database::Access::readWrite);
+        store_ =
+            std::make_unique<desk::LocalStore>(paths_.library, desk::Database::Access::readWrite);
     }
     return *store_;
 }
 
 desk::LocalStore* Session::storeForReading() {
     if (!store_ && std::filesystem::exists(paths_.library)) {
-        store_ = std::make_unique<desk::LocalStore>(paths_.library, desk::Database::Access::readOnly);
+        store_ =
+            std::make_unique<desk::LocalStore>(paths_.library, desk::Database::Access::readOnly);
     }
     return store_.get();
 }
@@ -51,10 +56,12 @@ desk::Defaults& Session::defaults() {
 }
 
 newsroom::CurlTransport::Options Session::network() {
-    newsroom::CurlTransport::Options network{.connectTo = options_.connectTo, .caFile = options_.caFile};
+    newsroom::CurlTransport::Options network{.connectTo = options_.connectTo,
+                                             .caFile = options_.caFile};
     if (options_.demo) {
         if (store_) throw std::logic_error("the network must be asked for before the store");
-        if (!pressRoom_) pressRoom_ = std::make_unique<DemoPressRoom>(paths_.library.parent_path(), now_);
+        if (!pressRoom_)
+            pressRoom_ = std::make_unique<DemoPressRoom>(paths_.library.parent_path(), now_);
         network.connectTo = pressRoom_->address();
         network.caFile = pressRoom_->authority();
     } else if (const auto authority = defaults().updateCatalogueAuthority()) {

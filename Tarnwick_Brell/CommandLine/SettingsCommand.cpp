@@ -21,7 +21,8 @@ struct SettingsOptions {
 const desk::SettingKey& knownKey(const std::string& name) {
     if (const auto* key = desk::Defaults::key(name)) return *key;
     std::string names;
-    for (const auto& key : desk::Defaults::keys()) names += (names.empty() ? "" : ", ") + std::string(key.name);
+    for (const auto& key : desk::Defaults::keys())
+        names += (names.empty() ? "" : ", ") + std::string(key.name);
     throw WrongUsage("There is no setting named " + name + ". The settings are " + names + ".");
 }
 
@@ -34,7 +35,7 @@ int listSettings(Session& session) {
             if (stored) object[key.name] = *stored;
             continue;
         }
-        const std::string shown = stored ? *stored
+        const std::string shown = stored               ? *stored
                                   : key.absent.empty() ? std::string("(not set)")
                                                        : fmt::format("{} (default)", key.absent);
         session.out().line(fmt::format("{:<26}{:<16}{}", key.name, shown, key.meaning));
@@ -47,7 +48,8 @@ int showSetting(Session& session, const std::string& name) {
     const auto& key = knownKey(name);
     const auto stored = session.defaults().text(key.name);
     if (session.options().json) {
-        session.out().line(boost::json::serialize(stored ? boost::json::value(*stored) : boost::json::value()));
+        session.out().line(
+            boost::json::serialize(stored ? boost::json::value(*stored) : boost::json::value()));
     } else {
         session.out().line(stored.value_or(std::string(key.absent)));
     }

@@ -34,8 +34,9 @@ std::string statusText(const desk::SourceStatus& status, newsroom::Instant now) 
     if (status.lastError) return "failing: " + printable(*status.lastError);
     if (!status.lastSuccess) return "never fetched";
     return fmt::format("{} stories, {}", status.storyCount,
-                       *status.lastSuccess + std::chrono::minutes(1) > now ? "just now"
-                                                                           : age(*status.lastSuccess, now) + " ago");
+                       *status.lastSuccess + std::chrono::minutes(1) > now
+                           ? "just now"
+                           : age(*status.lastSuccess, now) + " ago");
 }
 
 int listSources(Session& session) {
@@ -60,13 +61,14 @@ int listSources(Session& session) {
     std::size_t idColumns = 0, nameColumns = 0;
     for (const auto& source : roster.sources()) {
         idColumns = std::max(idColumns, columnsOf(source.id));
-        nameColumns = std::max(nameColumns, std::min<std::size_t>(columnsOf(printable(source.name)), 40));
+        nameColumns =
+            std::max(nameColumns, std::min<std::size_t>(columnsOf(printable(source.name)), 40));
     }
     for (const auto& source : roster.sources()) {
         session.out().line(fmt::format(
-            "{:<4}{}  {}  {:<14}  {}", roster.isEnabled(source) ? "on" : "off", padTo(source.id, idColumns),
-            padTo(printable(source.name), nameColumns), newsroom::label(source.category),
-            statusText(statusOf(source), session.now())));
+            "{:<4}{}  {}  {:<14}  {}", roster.isEnabled(source) ? "on" : "off",
+            padTo(source.id, idColumns), padTo(printable(source.name), nameColumns),
+            newsroom::label(source.category), statusText(statusOf(source), session.now())));
     }
     return kDone;
 }
@@ -82,8 +84,12 @@ int switchSource(Session& session, const std::string& id, bool enabled) {
 
 /// A source as it would be fetched before the desk knows it.
 NewsSource trial(const std::string& address) {
-    return {.id = "trial", .name = address, .feedURL = address, .siteURL = address,
-            .kind = NewsSource::Kind::custom, .category = NewsSource::Category::custom};
+    return {.id = "trial",
+            .name = address,
+            .feedURL = address,
+            .siteURL = address,
+            .kind = NewsSource::Kind::custom,
+            .category = NewsSource::Category::custom};
 }
 
 SourceFetch fetchOnce(Engine& engine, NewsSource source) {
@@ -113,17 +119,20 @@ std::string hostOf(const std::string& address) {
 }
 
 /// Fetches the candidates in turn and adds the first that is a feed with stories.
-NewsSource addChecked(Engine& engine, desk::SourceRoster& roster, const std::vector<std::string>& candidates) {
+NewsSource addChecked(Engine& engine, desk::SourceRoster& roster,
+                      const std::vector<std::string>& candidates) {
     std::string reason;
     for (const auto& candidate : candidates) {
         requireNew(roster, candidate);
         auto fetched = fetchOnce(engine, trial(candidate));
         if (auto* stories = std::get_if<SourceFetch::Stories>(&fetched.outcome)) {
             requireNew(roster, stories->feedURL);
-            return roster.add(stories->feedTitle.empty() ? hostOf(stories->feedURL) : stories->feedTitle,
-                              stories->feedURL);
+            return roster.add(
+                stories->feedTitle.empty() ? hostOf(stories->feedURL) : stories->feedTitle,
+                stories->feedURL);
         }
-        if (const auto* failed = std::get_if<SourceFetch::Failed>(&fetched.outcome)) reason = failed->text;
+        if (const auto* failed = std::get_if<SourceFetch::Failed>(&fetched.outcome))
+            reason = failed->text;
     }
     throw WorkFailed(reason);
 }
@@ -134,12 +143,14 @@ int addSources(Session& session, const SourcesOptions& options) {
     boost::json::array added;
     for (const auto& address : options.addresses) {
         const auto candidates = newsroom::SourceAddress::candidates(address);
-        if (candidates.empty()) throw WorkFailed("That doesn't look like a web address or a handle.");
+        if (candidates.empty())
+            throw WorkFailed("That doesn't look like a web address or a handle.");
         NewsSource source;
         if (options.unchecked) {
             requireNew(roster, candidates.front());
             const auto parsed = newsroom::WebAddress::parse(candidates.front());
-            source = roster.add(parsed->host + newsroom::percentDecoded(parsed->path), candidates.front());
+            source = roster.add(parsed->host + newsroom::percentDecoded(parsed->path),
+                                candidates.front());
         } else {
             source = addChecked(engine, roster, candidates);
         }
@@ -162,19 +173,25 @@ void addSourcesCommand(CLI::App& app, Command& chosen) {
         if (command->get_subcommands().empty()) chosen = listSources;
     });
 
-    auto* add = command->add_subcommand("add", "Add sources by address: a feed, a website, a handle or a channel");
-    add->add_option("ADDRESS", options->addresses, "Feed, website, @handle or YouTube channel")->required();
+    auto* add = command->add_subcommand(
+        "add", "Add sources by address: a feed, a website, a handle or a channel");
+    add->add_option("ADDRESS", options->addresses, "Feed, website, @handle or YouTube channel")
+        ->required();
     add->add_flag("--unchecked", options->unchecked, "Add without fetching it first");
     add->callback([options, &chosen] {
         chosen = [options](Session& session) { return addSources(session, *options); };
     });
 
     for (const bool enabled : {true, false}) {
-        auto* change = command->add_subcommand(enabled ? "enable" : "disable",
-                                               enabled ? "Fetch this source from now on" : "Leave this source out");
-        change->add_option("ID", options->id, "The source's id, as brell sources lists it")->required();
+        auto* change = command->add_subcommand(
+            enabled ? "enable" : "disable",
+            enabled ? "Fetch this source from now on" : "Leave this source out");
+        change->add_option("ID", options->id, "The source's id, as brell sources lists it")
+            ->required();
         change->callback([options, enabled, &chosen] {
-            chosen = [options, enabled](Session& session) { return switchSource(session, options->id, enabled); };
+            chosen = [options, enabled](Session& session) {
+                return switchSource(session, options->id, enabled);
+            };
         });
     }
 }

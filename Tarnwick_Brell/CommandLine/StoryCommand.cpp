@@ -61,15 +61,19 @@ void print(Session& session, const desk::StoredStory& stored) {
 void printJSON(Session& session, const desk::StoredStory& stored) {
     boost::json::object object = newsroom::encode(stored.story).get_object();
     object["firstSeen"] = newsroom::encode(stored.firstSeen);
-    object["why"] = {{"kind", kindReason(stored.story)}, {"sourcing", sourcingReason(stored.story)}};
+    object["why"] = {{"kind", kindReason(stored.story)},
+                     {"sourcing", sourcingReason(stored.story)}};
     session.out().line(boost::json::serialize(object));
 }
 
 int runStory(Session& session, const std::string& id) {
     auto* store = session.storeForReading();
-    const auto found = store && !id.empty() ? store->stories().findByID(id, 2) : std::vector<desk::StoredStory>();
-    if (found.empty()) throw WorkFailed("There is no story with the id " + id + ". brell wire shows the ids.");
-    if (found.size() > 1) throw WorkFailed("Several stories have ids that begin with " + id + ". Add more of it.");
+    const auto found =
+        store && !id.empty() ? store->stories().findByID(id, 2) : std::vector<desk::StoredStory>();
+    if (found.empty())
+        throw WorkFailed("There is no story with the id " + id + ". brell wire shows the ids.");
+    if (found.size() > 1)
+        throw WorkFailed("Several stories have ids that begin with " + id + ". Add more of it.");
     session.options().json ? printJSON(session, found.front()) : print(session, found.front());
     return kDone;
 }
@@ -79,8 +83,10 @@ int runStory(Session& session, const std::string& id) {
 void addStoryCommand(CLI::App& app, Command& chosen) {
     auto id = std::make_shared<std::string>();
     auto* command = app.add_subcommand("story", "Show one story, and why it is labelled as it is");
-    command->add_option("ID", *id, "The story's id or its beginning, as brell wire shows it")->required();
-    command->callback([id, &chosen] { chosen = [id](Session& session) { return runStory(session, *id); }; });
+    command->add_option("ID", *id, "The story's id or its beginning, as brell wire shows it")
+        ->required();
+    command->callback(
+        [id, &chosen] { chosen = [id](Session& session) { return runStory(session, *id); }; });
 }
 
 }  // namespace brell

@@ -33,7 +33,8 @@ std::string kindReason(const newsroom::Story& story) {
     switch (story.kind) {
         case StoryKind::podcast: return "Podcast: the item is an audio episode.";
         case StoryKind::video: return "Video: the item is a video.";
-        case StoryKind::post: return "Post: the item comes from a social account, or has no headline of its own.";
+        case StoryKind::post:
+            return "Post: the item comes from a social account, or has no headline of its own.";
         case StoryKind::coverage:
         case StoryKind::deal:
         case StoryKind::review:
@@ -47,7 +48,8 @@ std::string kindReason(const newsroom::Story& story) {
 }
 
 std::string sourcingReason(const newsroom::Story& story) {
-    const auto decision = newsroom::SourcingRules::explain(story.title, story.summary, story.isAppleSource);
+    const auto decision =
+        newsroom::SourcingRules::explain(story.title, story.summary, story.isAppleSource);
     if (decision.sourcing != story.sourcing) {
         const bool unlabeled = story.sourcing == newsroom::Sourcing::unlabeled;
         return olderRules(unlabeled ? "Unlabeled" : newsroom::label(story.sourcing));

@@ -118,7 +118,8 @@ std::string age(newsroom::Instant then, newsroom::Instant now) {
     constexpr const char* months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                       "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
     return fmt::format("{} {} {}", static_cast<unsigned>(date.day()),
-                       months[static_cast<unsigned>(date.month()) - 1], static_cast<int>(date.year()));
+                       months[static_cast<unsigned>(date.month()) - 1],
+                       static_cast<int>(date.year()));
 }
 
 std::string dayAndTime(newsroom::Instant instant) {

@@ -22,9 +22,10 @@ newsroom::Instant parseWhen(std::string_view text, newsroom::Instant now) {
     std::string instantText(text);
     if (instantText.find_first_of("Tt") == std::string::npos) instantText += "T00:00:00Z";
     if (const auto instant = newsroom::parseISO8601(instantText)) return *instant;
-    throw WrongUsage("\"" + std::string(text) +
-                     "\" is no time: write 30min, 6h, 2d or 1w for a time ago, a day as 2026-11-02, or "
-                     "2026-11-02T08:30:00Z.");
+    throw WrongUsage(
+        "\"" + std::string(text) +
+        "\" is no time: write 30min, 6h, 2d or 1w for a time ago, a day as 2026-11-02, or "
+        "2026-11-02T08:30:00Z.");
 }
 
 }  // namespace brell

@@ -58,11 +58,13 @@ void requireKnownSources(desk::LocalStore& store, const std::vector<std::string>
     if (ids.empty()) return;
     const desk::SourceRoster roster(store.sources());
     for (const auto& id : ids) {
-        if (!roster.find(id)) throw WrongUsage("There is no source with the id " + id + ". See brell sources.");
+        if (!roster.find(id))
+            throw WrongUsage("There is no source with the id " + id + ". See brell sources.");
     }
 }
 
-std::vector<newsroom::Story> select(Session& session, desk::LocalStore* store, const WireOptions& options) {
+std::vector<newsroom::Story> select(Session& session, desk::LocalStore* store,
+                                    const WireOptions& options) {
     std::optional<newsroom::Instant> since;
     if (!options.since.empty()) since = parseWhen(options.since, session.now());
     const auto query = queryFor(options).compiled();
@@ -89,7 +91,8 @@ void print(Session& session, const std::vector<newsroom::Story>& stories) {
     const bool cut = out.isTerminal() && out.width() > kBeforeTitle + kNarrowestTitle;
     for (const auto& story : stories) {
         const auto title = printable(story.title);
-        out.line(fmt::format("{} {} {} {} {}", out.dim(padTo(story.id.substr(0, kIDColumns), kIDColumns)),
+        out.line(fmt::format("{} {} {} {} {}",
+                             out.dim(padTo(story.id.substr(0, kIDColumns), kIDColumns)),
                              padTo(age(story.publishedAt, session.now()), kAgeColumns),
                              padTo(outletLine(story), kOutletColumns),
                              out.dim(padTo(labelLine(story), kLabelColumns)),
@@ -120,18 +123,25 @@ void addWireCommand(CLI::App& app, Command& chosen) {
     command->add_option("--limit", options->limit, "At most so many stories")
         ->check(CLI::NonNegativeNumber)
         ->capture_default_str();
-    command->add_option("--any", options->any, "Stories that mention one of these, separated by commas")
+    command
+        ->add_option("--any", options->any,
+                     "Stories that mention one of these, separated by commas")
         ->type_name("TERMS");
-    command->add_option("--exclude", options->exclude, "Leave out stories that mention one of these")
+    command
+        ->add_option("--exclude", options->exclude, "Leave out stories that mention one of these")
         ->type_name("TERMS");
-    command->add_option("--source", options->sources, "Only stories of this source; may be repeated")
+    command
+        ->add_option("--source", options->sources, "Only stories of this source; may be repeated")
         ->type_name("ID");
     command
         ->add_option("--sourcing", options->sourcings,
                      "Only confirmed, onRecord, report, rumor or unlabeled; may be repeated")
         ->type_name("S");
-    command->add_flag("--set-aside", options->setAside, "Deals, reviews, roundups and advertising too");
-    command->add_option("--since", options->since, "Only stories published since: 30min, 6h, 2d, 1w, a day or a time")
+    command->add_flag("--set-aside", options->setAside,
+                      "Deals, reviews, roundups and advertising too");
+    command
+        ->add_option("--since", options->since,
+                     "Only stories published since: 30min, 6h, 2d, 1w, a day or a time")
         ->type_name("WHEN");
     command->callback([options, &chosen] {
         chosen = [options](Session& session) { return runWire(session, *options); };

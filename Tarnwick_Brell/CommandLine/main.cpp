@@ -22,11 +22,14 @@ int complain(int status, const std::string& sentence) {
 
 void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
     app.add_flag("--json", options.json, "Print one JSON value instead of text");
-    app.add_option("--data-dir", options.dataDir, "Keep library and settings in this folder")->type_name("DIR");
-    app.add_flag("--demo", options.demo, "Use the bundled press room and a store of its own; needs no network");
+    app.add_option("--data-dir", options.dataDir, "Keep library and settings in this folder")
+        ->type_name("DIR");
+    app.add_flag("--demo", options.demo,
+                 "Use the bundled press room and a store of its own; needs no network");
     app.add_option("--connect-to", options.connectTo, "Send every connection to this address")
         ->type_name("HOST:PORT");
-    app.add_option("--ca-file", options.caFile, "Certificate authority to trust for it")->type_name("FILE");
+    app.add_option("--ca-file", options.caFile, "Certificate authority to trust for it")
+        ->type_name("FILE");
 }
 
 int run(const Command& command, GlobalOptions options) {
@@ -52,7 +55,9 @@ int main(int argc, char** argv) {
     app.set_version_flag("--version", std::string("brell ") + BRELL_VERSION);
     app.require_subcommand(1);
     app.fallthrough();
-    app.footer("Every subcommand has a --help of its own. Exit status: 0 done, 1 the work failed, 2 wrong usage.");
+    app.footer(
+        "Every subcommand has a --help of its own. Exit status: 0 done, 1 the work failed, 2 wrong "
+        "usage.");
 
     GlobalOptions options;
     Command chosen;
@@ -70,7 +75,8 @@ int main(int argc, char** argv) {
         // A word that is no subcommand would otherwise only be told that one is missing.
         const auto unknown = app.remaining();
         if (unknown.empty()) return app.exit(error) == 0 ? kDone : kWrongUsage;
-        return complain(kWrongUsage, "There is no subcommand named " + unknown.front() + ". See brell --help.");
+        return complain(kWrongUsage,
+                        "There is no subcommand named " + unknown.front() + ". See brell --help.");
     } catch (const CLI::ParseError& error) {
         // Help and version come the same way, with status 0.
         return app.exit(error) == 0 ? kDone : kWrongUsage;

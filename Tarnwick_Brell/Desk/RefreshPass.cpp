@@ -40,9 +40,9 @@ std::vector<SourceOutcome> RefreshPass::run(asio::io_context& io, std::vector<Ne
         outcomes.push_back(std::move(outcome));
     };
 
-    const auto waiting = std::stable_partition(sources.begin(), sources.end(), [&](const NewsSource& source) {
-        return isDue(source, statuses_[source.id]);
-    });
+    const auto waiting = std::stable_partition(
+        sources.begin(), sources.end(),
+        [&](const NewsSource& source) { return isDue(source, statuses_[source.id]); });
     for (auto source = waiting; source != sources.end(); ++source) {
         report({.source = *source, .status = statuses_[source->id]});
     }
@@ -67,10 +67,11 @@ std::vector<SourceOutcome> RefreshPass::run(asio::io_context& io, std::vector<Ne
         pending.push_back({source, std::move(fetch), clock_()});
         if (pendingStories >= kStoriesPerTransaction) flush();
     };
-    asio::co_spawn(io, client_.fetchAll(std::move(sources), arrived), [&](std::exception_ptr error) {
-        failure = error;
-        io.stop();
-    });
+    asio::co_spawn(io, client_.fetchAll(std::move(sources), arrived),
+                   [&](std::exception_ptr error) {
+                       failure = error;
+                       io.stop();
+                   });
     io.restart();
     io.run();
     if (failure) std::rethrow_exception(failure);
@@ -86,7 +87,8 @@ bool RefreshPass::isDue(const NewsSource& source, const SourceStatus& status) co
     if (settings_.intervals == Intervals::overridden || !status.lastAttempt) return true;
     const auto since = clock_() - *status.lastAttempt;
     // A clock that was set back must not silence a source.
-    return since >= std::chrono::duration<double>(source.minimumInterval) || since < Instant::duration::zero();
+    return since >= std::chrono::duration<double>(source.minimumInterval) ||
+           since < Instant::duration::zero();
 }
 
 SourceOutcome RefreshPass::keep(Arrival arrival) {
@@ -113,7 +115,8 @@ SourceOutcome RefreshPass::keep(Arrival arrival) {
     return outcome;
 }
 
-std::vector<Story> RefreshPass::belonging(const NewsSource& source, std::vector<Story> stories) const {
+std::vector<Story> RefreshPass::belonging(const NewsSource& source,
+                                          std::vector<Story> stories) const {
     const Instant oldest = cutoff();
     std::erase_if(stories, [&](const Story& story) {
         if (story.publishedAt < oldest) return true;

@@ -50,7 +50,8 @@ public:
 
     /// Runs `io` on the calling thread until all sources have arrived. `progress` is called
     /// there once for each source, when what came of it is in the library. Throws StoreError.
-    std::vector<SourceOutcome> run(boost::asio::io_context& io, std::vector<newsroom::NewsSource> sources,
+    std::vector<SourceOutcome> run(boost::asio::io_context& io,
+                                   std::vector<newsroom::NewsSource> sources,
                                    const Progress& progress);
 
 private:

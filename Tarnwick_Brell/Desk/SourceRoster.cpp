@@ -58,9 +58,10 @@ const NewsSource* SourceRoster::find(std::string_view id) const {
 
 const NewsSource* SourceRoster::findByFeed(std::string_view feedURL) const {
     const auto canonical = newsroom::canonicalLink(feedURL);
-    const auto found = std::find_if(sources_.begin(), sources_.end(), [&](const NewsSource& source) {
-        return newsroom::canonicalLink(source.feedURL) == canonical;
-    });
+    const auto found =
+        std::find_if(sources_.begin(), sources_.end(), [&](const NewsSource& source) {
+            return newsroom::canonicalLink(source.feedURL) == canonical;
+        });
     return found == sources_.end() ? nullptr : &*found;
 }
 
@@ -77,14 +78,15 @@ NewsSource SourceRoster::add(std::string_view name, std::string_view feedURL) {
     std::string id = base;
     for (int number = 2; find(id); ++number) id = base + "-" + std::to_string(number);
 
-    NewsSource source{.id = id,
-                      .name = std::string(name),
-                      .feedURL = std::string(feedURL),
-                      .siteURL = address ? address->scheme + "://" + host + "/" : std::string(feedURL),
-                      .kind = NewsSource::Kind::custom,
-                      .category = NewsSource::Category::custom,
-                      .format = NewsSource::Format::feed,
-                      .enabledByDefault = true};
+    NewsSource source{
+        .id = id,
+        .name = std::string(name),
+        .feedURL = std::string(feedURL),
+        .siteURL = address ? address->scheme + "://" + host + "/" : std::string(feedURL),
+        .kind = NewsSource::Kind::custom,
+        .category = NewsSource::Category::custom,
+        .format = NewsSource::Format::feed,
+        .enabledByDefault = true};
     table_.add(source);
     sources_.push_back(source);
     return source;

@@ -34,13 +34,17 @@ StoreError errorFor(int code, const std::filesystem::path& file, const std::stri
             return {Reason::diskFull, "The disk is full, so nothing was saved in " + name + "."};
         case SQLITE_READONLY:
         case SQLITE_PERM:
-            return {Reason::readOnly, "The library " + name + " can't be written: the file or its folder is read-only."};
+            return {
+                Reason::readOnly,
+                "The library " + name + " can't be written: the file or its folder is read-only."};
         case SQLITE_CANTOPEN:
         case SQLITE_IOERR:
-            return {Reason::unreadable, "The library " + name + " can't be opened or written (" + detail + ")."};
+            return {Reason::unreadable,
+                    "The library " + name + " can't be opened or written (" + detail + ")."};
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            return {Reason::busy, "Another program is using the library " + name + ". Try again in a moment."};
+            return {Reason::busy,
+                    "Another program is using the library " + name + ". Try again in a moment."};
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
             return {Reason::damaged, "The library " + name + " is damaged or is not a library."};
@@ -50,12 +54,15 @@ StoreError errorFor(int code, const std::filesystem::path& file, const std::stri
 
 }  // namespace
 
-void Statement::Finalizer::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+void Statement::Finalizer::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
 
 Statement::Statement(Database& database, std::string_view sql) : database_(database) {
     sqlite3_stmt* raw = nullptr;
-    const int code = sqlite3_prepare_v3(database.handle_.get(), sql.data(), static_cast<int>(sql.size()),
-                                        SQLITE_PREPARE_PERSISTENT, &raw, nullptr);
+    const int code =
+        sqlite3_prepare_v3(database.handle_.get(), sql.data(), static_cast<int>(sql.size()),
+                           SQLITE_PREPARE_PERSISTENT, &raw, nullptr);
     statement_.reset(raw);
     check(code);
 }
@@ -99,12 +106,16 @@ void Statement::run() {
 void Statement::reset() { sqlite3_reset(statement_.get()); }
 
 std::string Statement::text(int column) const {
-    const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
-    return bytes ? std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column)))
+    const auto* bytes =
+        reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
+    return bytes ? std::string(bytes, static_cast<std::size_t>(
+                                          sqlite3_column_bytes(statement_.get(), column)))
                  : std::string();
 }
 
-std::int64_t Statement::number(int column) const { return sqlite3_column_int64(statement_.get(), column); }
+std::int64_t Statement::number(int column) const {
+    return sqlite3_column_int64(statement_.get(), column);
+}
 
 bool Statement::isNull(int column) const {
     return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
@@ -135,7 +146,8 @@ Database::Database(const std::filesystem::path& file, Access access) : file_(fil
 
 int Database::open(const std::string& name, int flags) {
     sqlite3* raw = nullptr;
-    const int code = sqlite3_open_v2(name.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    const int code = sqlite3_open_v2(name.c_str(), &raw,
+                                     flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     handle_.reset(raw);
     return code;
 }

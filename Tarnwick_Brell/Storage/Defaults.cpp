@@ -18,8 +18,10 @@ constexpr std::string_view kStoryRetentionDays = "storyRetentionDays";
 constexpr std::string_view kUpdateCatalogueAuthority = "updateCatalogueAuthority";
 
 constexpr std::array<SettingKey, 3> kKeys{{
-    {kRefreshMinutes, "minutes between two automatic refreshes, at least 2", "5", SettingKey::Type::wholeNumber},
-    {kStoryRetentionDays, "days for which stories are kept, 0 for ever", "365", SettingKey::Type::wholeNumber},
+    {kRefreshMinutes, "minutes between two automatic refreshes, at least 2", "5",
+     SettingKey::Type::wholeNumber},
+    {kStoryRetentionDays, "days for which stories are kept, 0 for ever", "365",
+     SettingKey::Type::wholeNumber},
     {kUpdateCatalogueAuthority, "certificate file to trust for Apple's update catalogue", "",
      SettingKey::Type::file},
 }};
@@ -43,22 +45,24 @@ void requireSuitable(const SettingKey& key, std::string_view value) {
     if (good) return;
     const bool number = key.type == SettingKey::Type::wholeNumber;
     throw std::invalid_argument("\"" + std::string(value) + "\" is not " +
-                                (number ? "a whole number" : "a file that can be read") + ", which " +
-                                std::string(key.name) + " needs.");
+                                (number ? "a whole number" : "a file that can be read") +
+                                ", which " + std::string(key.name) + " needs.");
 }
 
 }  // namespace
 
 Defaults::Defaults(const std::filesystem::path& file)
     : file_(file),
-      settings_(std::make_unique<QSettings>(QString::fromStdString(file.string()), QSettings::IniFormat)) {}
+      settings_(std::make_unique<QSettings>(QString::fromStdString(file.string()),
+                                            QSettings::IniFormat)) {}
 
 Defaults::~Defaults() = default;
 
 std::span<const SettingKey> Defaults::keys() { return kKeys; }
 
 const SettingKey* Defaults::key(std::string_view name) {
-    const auto found = std::find_if(kKeys.begin(), kKeys.end(), [&](const SettingKey& k) { return k.name == name; });
+    const auto found = std::find_if(kKeys.begin(), kKeys.end(),
+                                    [&](const SettingKey& k) { return k.name == name; });
     return found == kKeys.end() ? nullptr : &*found;
 }
 
@@ -78,7 +82,8 @@ void Defaults::set(std::string_view name, std::string_view value) {
     }
     settings_->sync();
     if (settings_->status() != QSettings::NoError) {
-        throw StoreError(StoreError::Reason::readOnly, "The settings file " + file_.string() + " can't be written.");
+        throw StoreError(StoreError::Reason::readOnly,
+                         "The settings file " + file_.string() + " can't be written.");
     }
 }
 
@@ -105,7 +110,8 @@ double Defaults::storyRetention() const {
 
 std::optional<std::filesystem::path> Defaults::updateCatalogueAuthority() const {
     const auto stored = text(kUpdateCatalogueAuthority);
-    return stored && !stored->empty() ? std::optional(std::filesystem::path(*stored)) : std::nullopt;
+    return stored && !stored->empty() ? std::optional(std::filesystem::path(*stored))
+                                      : std::nullopt;
 }
 
 }  // namespace desk

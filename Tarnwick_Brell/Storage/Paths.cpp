@@ -31,8 +31,9 @@ void Paths::createFolders() const {
         std::error_code error;
         std::filesystem::create_directories(file.parent_path(), error);
         if (error) {
-            throw StoreError(StoreError::Reason::readOnly, "The folder " + file.parent_path().string() +
-                                                               " can't be made (" + error.message() + ").");
+            throw StoreError(StoreError::Reason::readOnly,
+                             "The folder " + file.parent_path().string() + " can't be made (" +
+                                 error.message() + ").");
         }
     }
 }

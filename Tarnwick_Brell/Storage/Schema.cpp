@@ -75,9 +75,10 @@ void requireCurrentSchema(Database& database) {
     const auto version = versionOf(database);
     refuseNewer(database, version);
     if (version == static_cast<std::int64_t>(kSteps.size())) return;
-    throw StoreError(StoreError::Reason::readOnly,
-                     "The library " + database.file().string() +
-                         " is of an older version and can't be brought up to date, because it is read-only.");
+    throw StoreError(
+        StoreError::Reason::readOnly,
+        "The library " + database.file().string() +
+            " is of an older version and can't be brought up to date, because it is read-only.");
 }
 
 }  // namespace desk

@@ -22,7 +22,8 @@ std::vector<newsroom::NewsSource> SourceTable::customSources() {
     Statement rows(database_, "SELECT record FROM customSources ORDER BY position");
     std::vector<newsroom::NewsSource> sources;
     while (rows.step()) {
-        sources.push_back(newsroom::decode<newsroom::NewsSource>(newsroom::parseJSON(rows.text(0))));
+        sources.push_back(
+            newsroom::decode<newsroom::NewsSource>(newsroom::parseJSON(rows.text(0))));
     }
     return sources;
 }
@@ -42,13 +43,15 @@ std::map<std::string, bool> SourceTable::switches() {
 }
 
 void SourceTable::setEnabled(std::string_view id, bool enabled) {
-    Statement statement(database_, "INSERT OR REPLACE INTO sourceSwitches (id, enabled) VALUES (?, ?)");
+    Statement statement(database_,
+                        "INSERT OR REPLACE INTO sourceSwitches (id, enabled) VALUES (?, ?)");
     statement.bind(0, id).bind(1, std::int64_t{enabled});
     statement.run();
 }
 
 std::map<std::string, SourceStatus> SourceTable::statuses() {
-    Statement rows(database_, "SELECT id, lastAttempt, lastSuccess, lastError, storyCount FROM sourceStatus");
+    Statement rows(database_,
+                   "SELECT id, lastAttempt, lastSuccess, lastError, storyCount FROM sourceStatus");
     std::map<std::string, SourceStatus> statuses;
     while (rows.step()) {
         statuses.emplace(rows.text(0), SourceStatus{.lastAttempt = instantAt(rows, 1),
@@ -60,9 +63,10 @@ std::map<std::string, SourceStatus> SourceTable::statuses() {
 }
 
 void SourceTable::setStatus(std::string_view id, const SourceStatus& status) {
-    Statement statement(database_,
-                        "INSERT OR REPLACE INTO sourceStatus (id, lastAttempt, lastSuccess, lastError, "
-                        "storyCount) VALUES (?, ?, ?, ?, ?)");
+    Statement statement(
+        database_,
+        "INSERT OR REPLACE INTO sourceStatus (id, lastAttempt, lastSuccess, lastError, "
+        "storyCount) VALUES (?, ?, ?, ?, ?)");
     statement.bind(0, id).bind(1, column(status.lastAttempt)).bind(2, column(status.lastSuccess));
     statement.bind(3, status.lastError).bind(4, status.storyCount);
     statement.run();

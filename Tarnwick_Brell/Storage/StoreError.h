@@ -10,7 +10,8 @@ class StoreError : public std::runtime_error {
 public:
     enum class Reason { unreadable, readOnly, diskFull, busy, damaged, newerVersion, other };
 
-    StoreError(Reason reason, const std::string& sentence) : std::runtime_error(sentence), reason_(reason) {}
+    StoreError(Reason reason, const std::string& sentence)
+        : std::runtime_error(sentence), reason_(reason) {}
 
     Reason reason() const { return reason_; }
 

@@ -30,15 +30,20 @@ constexpr std::string_view kRevise =
     "destinationName=?10, isAppleSource=?11, kind=?12, sourcing=?13, wordpressID=?14, "
     "articleLink=coalesce(?15, articleLink), credits=?16 "
     "WHERE id=?1 AND link=?2 AND "
-    "(title, summary, author, imageURL, sourceID, sourceName, destinationName, isAppleSource, kind, "
+    "(title, summary, author, imageURL, sourceID, sourceName, destinationName, isAppleSource, "
+    "kind, "
     "sourcing, wordpressID, credits) IS NOT (?3,?4,?5,?7,?8,?9,?10,?11,?12,?13,?14,?16)";
 
 void bindStory(Statement& statement, const Story& story, const std::string& credits) {
     statement.bind(0, story.id).bind(1, story.link).bind(2, story.title).bind(3, story.summary);
-    statement.bind(4, story.author).bind(5, microseconds(story.publishedAt)).bind(6, story.imageURL);
+    statement.bind(4, story.author)
+        .bind(5, microseconds(story.publishedAt))
+        .bind(6, story.imageURL);
     statement.bind(7, story.sourceID).bind(8, story.sourceName).bind(9, story.destinationName);
     statement.bind(10, std::int64_t{story.isAppleSource}).bind(11, rawValue(story.kind));
-    statement.bind(12, rawValue(story.sourcing)).bind(13, story.wordpressID).bind(14, story.articleLink);
+    statement.bind(12, rawValue(story.sourcing))
+        .bind(13, story.wordpressID)
+        .bind(14, story.articleLink);
     statement.bind(15, credits);
 }
 
@@ -123,9 +128,10 @@ void StoryTable::eachInWireOrder(std::optional<newsroom::Instant> since,
 
 std::vector<StoredStory> StoryTable::findByID(std::string_view prefix, std::size_t limit) {
     // Ids are hexadecimal, so "g" lies behind everything that the prefix begins.
-    Statement rows(database_, fmt::format("SELECT {} FROM stories WHERE id >= ?1 AND id < ?1 || 'g' "
-                                          "ORDER BY id LIMIT ?2",
-                                          kColumns));
+    Statement rows(database_,
+                   fmt::format("SELECT {} FROM stories WHERE id >= ?1 AND id < ?1 || 'g' "
+                               "ORDER BY id LIMIT ?2",
+                               kColumns));
     rows.bind(0, prefix).bind(1, static_cast<std::int64_t>(limit));
     std::vector<StoredStory> found;
     while (rows.step()) {

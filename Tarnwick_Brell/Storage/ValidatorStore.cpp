@@ -14,9 +14,13 @@ newsroom::ValidatorTable::Entries ValidatorStore::load() {
 
 void ValidatorStore::save(const newsroom::ValidatorTable::Entries& entries) {
     const auto stored = load();
-    Statement put(database_, "INSERT OR REPLACE INTO validators (url, entityTag, lastModified) VALUES (?, ?, ?)");
+    Statement put(
+        database_,
+        "INSERT OR REPLACE INTO validators (url, entityTag, lastModified) VALUES (?, ?, ?)");
     for (const auto& [url, validators] : entries) {
-        if (const auto known = stored.find(url); known != stored.end() && known->second == validators) continue;
+        if (const auto known = stored.find(url);
+            known != stored.end() && known->second == validators)
+            continue;
         put.bind(0, url).bind(1, validators.entityTag).bind(2, validators.lastModified);
         put.run();
     }

@@ -58,9 +58,8 @@ ExpressionRules::ExpressionRules()
 }
 
 bool ExpressionRules::occurs(PhraseTable table, std::string_view normalizedText) const {
-    return std::ranges::any_of(tables_[static_cast<std::size_t>(table)], [&](const auto& phrase) {
-        return phrase.matches(normalizedText);
-    });
+    return std::ranges::any_of(tables_[static_cast<std::size_t>(table)],
+                               [&](const auto& phrase) { return phrase.matches(normalizedText); });
 }
 
 std::optional<std::string_view> ExpressionRules::first(PhraseTable table,

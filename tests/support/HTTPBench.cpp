@@ -12,9 +12,9 @@ namespace {
 
 namespace asio = boost::asio;
 
-asio::awaitable<void> exchangeInto(std::optional<HTTPClient::Exchange>& place,
-                                   HTTPClient& client, std::string url,
-                                   Conditional conditional, std::size_t byteLimit) {
+asio::awaitable<void> exchangeInto(std::optional<HTTPClient::Exchange>& place, HTTPClient& client,
+                                   std::string url, Conditional conditional,
+                                   std::size_t byteLimit) {
     place = co_await client.exchange(std::move(url), conditional, byteLimit);
 }
 
@@ -51,8 +51,7 @@ std::string outcomeText(const FetchResult<HTTPClient::Result>& result) {
     return fresh == nullptr ? "not modified" : "fresh: " + fresh->body;
 }
 
-HTTPBench::HTTPBench(HTTPClient::Configuration configuration,
-                     pressroom::Server::Options options)
+HTTPBench::HTTPBench(HTTPClient::Configuration configuration, pressroom::Server::Options options)
     : server(script.handler(), std::move(options)),
       transport(trusting(server, authorityFile())),
       client(transport, std::move(configuration)) {}
@@ -62,8 +61,7 @@ HTTPClient::Exchange HTTPBench::exchange(std::string url, Conditional conditiona
     return test::exchange(client, std::move(url), conditional, byteLimit);
 }
 
-std::string HTTPBench::outcome(std::string url, Conditional conditional,
-                               std::size_t byteLimit) {
+std::string HTTPBench::outcome(std::string url, Conditional conditional, std::size_t byteLimit) {
     return outcomeText(exchange(std::move(url), conditional, byteLimit).result);
 }
 

@@ -24,7 +24,8 @@ json::object publisher(const json::object& input) {
 }
 
 json::object address(const json::object& input) {
-    const auto candidates = newsroom::SourceAddress::candidates(required<std::string>(input, "text"));
+    const auto candidates =
+        newsroom::SourceAddress::candidates(required<std::string>(input, "text"));
     return {{"candidates", newsroom::encode(candidates)}};
 }
 

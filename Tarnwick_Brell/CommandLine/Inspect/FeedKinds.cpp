@@ -33,7 +33,8 @@ json::object feed(const json::object& input) {
 json::object excerpt(const json::object& input) {
     const auto limit = required<std::int64_t>(input, "limit");
     if (limit < 0) throw newsroom::RecordError("limit", "the number must not be negative");
-    return {{"text", newsroom::excerpt(required<std::string>(input, "html"), static_cast<std::size_t>(limit))}};
+    return {{"text", newsroom::excerpt(required<std::string>(input, "html"),
+                                       static_cast<std::size_t>(limit))}};
 }
 
 json::object stories(const json::object& input) {

@@ -29,9 +29,11 @@ json::object label(const json::object& input) {
     const bool isAppleSource = required<bool>(input, "isAppleSource");
     json::object answer{
         {"kind", newsroom::rawValue(newsroom::StoryKindRules::classify(title, summary))},
-        {"sourcing", newsroom::rawValue(newsroom::SourcingRules::classify(title, summary, isAppleSource))},
+        {"sourcing",
+         newsroom::rawValue(newsroom::SourcingRules::classify(title, summary, isAppleSource))},
         {"stockNews", newsroom::StockNews::isStockNews(title)}};
-    if (const auto reason = newsroom::MarketNews::reason(title)) answer["marketReason"] = newsroom::rawValue(*reason);
+    if (const auto reason = newsroom::MarketNews::reason(title))
+        answer["marketReason"] = newsroom::rawValue(*reason);
     answer["appleTopic"] = newsroom::AppleTopic::matches(title);
     answer["appleOnRecord"] = newsroom::AppleOrigin::isAppleOnRecord(title, summary);
     return answer;

@@ -32,9 +32,10 @@ TEST(WebAddress, WhatAStrictParserRefusesIsEscapedAndEscapesStay) {
 }
 
 TEST(WebAddress, TextWithoutSchemeOrHostIsNoAddress) {
-    for (const char* text : {"", "example.com", "https://", "https:///path", "mailto:a@example.com",
-                             "https://exa mple.com/", "https://example.com:port/", "://x",
-                             "https://example.com:99999/", "at://did:plc:abc/app.bsky.feed.post/3k"}) {
+    for (const char* text :
+         {"", "example.com", "https://", "https:///path", "mailto:a@example.com",
+          "https://exa mple.com/", "https://example.com:port/", "://x",
+          "https://example.com:99999/", "at://did:plc:abc/app.bsky.feed.post/3k"}) {
         const auto address = WebAddress::parse(text);
         EXPECT_FALSE(address && address->isHTTP()) << text;
     }
@@ -66,7 +67,8 @@ TEST(WebAddress, AReferenceIsCompletedFromItsPage) {
         {" http://other.example/f\n", "http://other.example/f"},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(resolvedAddress("https://example.com/blog/post", c.reference), c.resolved) << c.reference;
+        EXPECT_EQ(resolvedAddress("https://example.com/blog/post", c.reference), c.resolved)
+            << c.reference;
     }
     EXPECT_FALSE(resolvedAddress("not a page", "/feed.xml"));
     EXPECT_FALSE(resolvedAddress("https://example.com/", ""));

@@ -22,11 +22,13 @@ TEST(Credits, ACreditPhraseNamesTheLinkHandleOrNameBehindIt) {
         const char* detail;
     };
     const Case cases[] = {
-        {"First reported by <a href=\"https://www.bloomberg.com/n/1\">Bloomberg</a>.", Kind::outlet, "Bloomberg",
-         "first reported by"},
-        {"the plan, according to <em>a note seen by</em> <a href='https://small.example/x'>Small Site</a>",
+        {"First reported by <a href=\"https://www.bloomberg.com/n/1\">Bloomberg</a>.", Kind::outlet,
+         "Bloomberg", "first reported by"},
+        {"the plan, according to <em>a note seen by</em> <a href='https://small.example/x'>Small "
+         "Site</a>",
          Kind::outlet, "Small Site", "according to"},
-        {"(via <a href=\"https://small.example/x\">here</a>)", Kind::outlet, "small.example", "via"},
+        {"(via <a href=\"https://small.example/x\">here</a>)", Kind::outlet, "small.example",
+         "via"},
         {"Hat tip to @mika@social.example.", Kind::post, "@mika@social.example", "hat tip to"},
         {"as reported by The Elec and others", Kind::outlet, "The Elec", "as reported by"},
         {"according to Apple, all is well", Kind::apple, "Apple", "according to"},
@@ -61,7 +63,8 @@ TEST(Credits, NothingIsCreditedTwiceNorTheSourceItself) {
     EXPECT_TRUE(credits("A trivia night, viaduct").empty());
     EXPECT_EQ(credits("According to Reuters, yes. According to Reuters, no.").size(), 1u);
     std::string many;
-    for (int i = 0; i < 500; ++i) many += "via <a href='https://s" + std::to_string(i) + ".example/'>x</a>. ";
+    for (int i = 0; i < 500; ++i)
+        many += "via <a href='https://s" + std::to_string(i) + ".example/'>x</a>. ";
     EXPECT_EQ(credits(many).size(), kCreditLimit);
 }
 
@@ -71,8 +74,11 @@ TEST(Credits, MarkupIsReadAsABrowserReadsIt) {
         const char* name;  // empty: no credit
     };
     const Case cases[] = {
-        {"<!-- don't --><p>as reported by <a href=\"https://www.bloomberg.com/x\">Bloomberg</a>, it's big", "Bloomberg"},
-        {"It costs < $5, \"more\" via <a href='https://www.theverge.com/a'>The Verge</a>", "The Verge"},
+        {"<!-- don't --><p>as reported by <a href=\"https://www.bloomberg.com/x\">Bloomberg</a>, "
+         "it's big",
+         "Bloomberg"},
+        {"It costs < $5, \"more\" via <a href='https://www.theverge.com/a'>The Verge</a>",
+         "The Verge"},
         {"<script>according to Evil Corp</script><p>x", ""},
         {"<A HREF=HTTPS://x.com/a/status/20>y</A>", "@a"},
         {"<a title='a > b' href='https://www.ft.com/x'>z</a>", "Financial Times"},
@@ -96,7 +102,8 @@ TEST(Credits, MarkupIsReadAsABrowserReadsIt) {
 }
 
 TEST(Credits, HostileMarkupEndsQuickly) {
-    for (const std::string piece : {"via ", "via A ", "<\">\"", "<a \"", "<!-", "<link ", "according to '<"}) {
+    for (const std::string piece :
+         {"via ", "via A ", "<\">\"", "<a \"", "<!-", "<link ", "according to '<"}) {
         std::string html;
         while (html.size() < 2'000'000) html += piece;
         const auto begin = std::chrono::steady_clock::now();
@@ -116,7 +123,8 @@ TEST(SocialPost, TellsPlatformAccountAndTimeFromTheAddress) {
         // The time inside X's numbers, as worked out by hand: (number >> 22) + 1288834974657 ms.
         {"https://x.com/ann/status/1585841080431321088", "X", "@ann", "2022-10-28"},
         {"https://twitter.com/ann/status/20", "X", "@ann", ""},
-        {"https://mastodon.example/@ann/109252111498807689", "Mastodon", "@ann@mastodon.example", "2022-10-29"},
+        {"https://mastodon.example/@ann/109252111498807689", "Mastodon", "@ann@mastodon.example",
+         "2022-10-29"},
         {"https://www.threads.net/@ann/post/C8x", "Threads", "@ann", ""},
         {"https://x.com/ann", "", "", ""},
         {"https://bsky.app/profile/ann.example", "", "", ""},
@@ -129,7 +137,8 @@ TEST(SocialPost, TellsPlatformAccountAndTimeFromTheAddress) {
         if (!post) continue;
         EXPECT_EQ(post->platform, c.platform);
         EXPECT_EQ(post->account, c.account);
-        EXPECT_EQ(post->postedAt ? iso8601Text(*post->postedAt).substr(0, 10) : "", c.day) << c.address;
+        EXPECT_EQ(post->postedAt ? iso8601Text(*post->postedAt).substr(0, 10) : "", c.day)
+            << c.address;
     }
 }
 

@@ -24,12 +24,15 @@ std::string feedOf(int items, const std::string& host = "a.example") {
     std::string feed = "<rss><channel><title>Sample feed</title>";
     for (int i = 0; i < items; ++i) {
         const auto number = std::to_string(i);
-        feed += "<item><title>Story " + number + "</title><link>https://" + host + "/" + number + "</link></item>";
+        feed += "<item><title>Story " + number + "</title><link>https://" + host + "/" + number +
+                "</link></item>";
     }
     return feed + "</channel></rss>";
 }
 
-NewsSource at(const std::string& url) { return {.id = url, .name = "Sample", .feedURL = url, .siteURL = url}; }
+NewsSource at(const std::string& url) {
+    return {.id = url, .name = "Sample", .feedURL = url, .siteURL = url};
+}
 
 class FeedClientTest : public ::testing::Test {
 protected:
@@ -49,7 +52,8 @@ protected:
     }
 
     static std::string text(const SourceFetch& fetch) {
-        if (const auto* failed = std::get_if<SourceFetch::Failed>(&fetch.outcome)) return failed->text;
+        if (const auto* failed = std::get_if<SourceFetch::Failed>(&fetch.outcome))
+            return failed->text;
         if (const auto* stories = std::get_if<SourceFetch::Stories>(&fetch.outcome)) {
             return std::to_string(stories->list.size()) + " stories of " + stories->feedTitle;
         }
@@ -61,8 +65,11 @@ protected:
     StoryConversion conversion_{links_};
     asio::thread_pool workers_{2};
     asio::io_context io_;
-    FeedClient client_{bench_.client, conversion_, workers_,
-                       [] { return parseISO8601("2026-11-20T12:00:00Z").value(); }, {}};
+    FeedClient client_{bench_.client,
+                       conversion_,
+                       workers_,
+                       [] { return parseISO8601("2026-11-20T12:00:00Z").value(); },
+                       {}};
 };
 
 TEST_F(FeedClientTest, EachKindOfAnswerHasItsOutcome) {
@@ -78,7 +85,8 @@ TEST_F(FeedClientTest, EachKindOfAnswerHasItsOutcome) {
         {"none", {.body = feedOf(0)}, "That feed has no stories in it."},
         {"gone", {.status = 404}, "The server answered 404."},
         {"empty", {}, "The server sent nothing."},
-        {"large", {.body = std::string(FeedClient::kByteLimit + 1, 'x')},
+        {"large",
+         {.body = std::string(FeedClient::kByteLimit + 1, 'x')},
          "The response was larger than the safety limit."},
     };
     for (const auto& c : cases) {
@@ -90,8 +98,9 @@ TEST_F(FeedClientTest, EachKindOfAnswerHasItsOutcome) {
 }
 
 TEST_F(FeedClientTest, AWebPageLeadsToItsFeed) {
-    serve("site.example", "/", {.body = "<html><head><link rel='alternate' "
-                                                       "type='application/rss+xml' href='/feed'></head>"});
+    serve("site.example", "/",
+          {.body = "<html><head><link rel='alternate' "
+                   "type='application/rss+xml' href='/feed'></head>"});
     serve("site.example", "/feed", {.body = feedOf(2)});
     const auto fetched = fetch("https://site.example/");
     ASSERT_EQ(text(fetched), "2 stories of Sample feed");
@@ -130,9 +139,13 @@ TEST_F(FeedClientTest, APassBringsEverySourceOnceAndOneFailureHoldsNobodyUp) {
         sources.push_back(at("https://" + host + target));
     }
     std::map<std::string, std::string> arrived;
-    asio::co_spawn(io_, client_.fetchAll(sources, [&](const NewsSource& source, SourceFetch fetch) {
-        EXPECT_TRUE(arrived.emplace(source.id, text(fetch)).second) << source.id;
-    }), asio::use_future);
+    asio::co_spawn(io_,
+                   client_.fetchAll(sources,
+                                    [&](const NewsSource& source, SourceFetch fetch) {
+                                        EXPECT_TRUE(arrived.emplace(source.id, text(fetch)).second)
+                                            << source.id;
+                                    }),
+                   asio::use_future);
     run();
     ASSERT_EQ(arrived.size(), 60u);
     EXPECT_EQ(arrived["https://h7.example/7"], "The server answered 404.");
@@ -158,9 +171,11 @@ TEST_F(FeedClientTest, ACancelledPassEndsAtOnceAndAFailingReceiverEndsItToo) {
     serve("good.example", "/", {.body = feedOf(1)});
     sources.push_back(at("https://good.example/"));
     std::swap(sources.front(), sources.back());
-    auto failed = asio::co_spawn(io_, client_.fetchAll(sources, [](const NewsSource&, SourceFetch) {
-        throw std::runtime_error("full");
-    }), asio::use_future);
+    auto failed = asio::co_spawn(
+        io_,
+        client_.fetchAll(sources,
+                         [](const NewsSource&, SourceFetch) { throw std::runtime_error("full"); }),
+        asio::use_future);
     run();
     EXPECT_THROW(failed.get(), std::runtime_error);
 }

@@ -9,14 +9,17 @@ constexpr const char* kPage = "https://example.com/blog/";
 
 TEST(PageFeedLinks, FindsAlternateLinksOfFeedTypesInAnyLetterCaseAndQuotes) {
     const auto links = pageFeedLinks(
-        "<HTML><HEAD><Link REL='Alternate' TYPE=\"application/RSS+xml\" href='https://example.com/f?a=1&amp;b=2'>"
-        "<link rel=stylesheet href=style.css><link rel=\"alternate nofollow\" type='application/atom+xml' "
+        "<HTML><HEAD><Link REL='Alternate' TYPE=\"application/RSS+xml\" "
+        "href='https://example.com/f?a=1&amp;b=2'>"
+        "<link rel=stylesheet href=style.css><link rel=\"alternate nofollow\" "
+        "type='application/atom+xml' "
         "href=\"/atom.xml\"/><link rel='alternate' type='text/html' href='/de'>"
         "<link rel='alternates' type='application/rss+xml' href='/no'>"
         "<link rel='alternate' type='application/rss+xml' href='/atom.xml'>"
         "<link rel='alternate' type='application/rss+xml' href='javascript:x'>",
         kPage);
-    EXPECT_EQ(links, (std::vector<std::string>{"https://example.com/f?a=1&b=2", "https://example.com/atom.xml"}));
+    EXPECT_EQ(links, (std::vector<std::string>{"https://example.com/f?a=1&b=2",
+                                               "https://example.com/atom.xml"}));
     EXPECT_TRUE(pageFeedLinks("<link rel=alternate type=rss href=", kPage).empty());
     std::string hostile;
     while (hostile.size() < 500'000) hostile += "<link ";

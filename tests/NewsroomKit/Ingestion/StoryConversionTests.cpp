@@ -11,8 +11,11 @@ using Medium = FeedEntry::Medium;
 const Instant kNow = parseISO8601("2026-11-20T12:00:00Z").value();
 
 NewsSource blog() {
-    return {.id = "link-blog", .name = "Link Blog", .feedURL = "https://blog.example/feed",
-            .siteURL = "https://blog.example/", .kind = NewsSource::Kind::publisher};
+    return {.id = "link-blog",
+            .name = "Link Blog",
+            .feedURL = "https://blog.example/feed",
+            .siteURL = "https://blog.example/",
+            .kind = NewsSource::Kind::publisher};
 }
 
 NewsSource search() {
@@ -38,7 +41,8 @@ TEST_F(StoryConversionTest, AnEntryWithoutHeadlineOrWebLinkIsRefused) {
     EXPECT_FALSE(convert(entry("")));
     EXPECT_FALSE(convert(entry("<b> </b>&nbsp;")));
     EXPECT_FALSE(convert(entry("★")) && convert(entry("→")));
-    for (const char* link : {"", "tag:blog.example,2026:1", "ftp://blog.example/a", "https://", "/relative"}) {
+    for (const char* link :
+         {"", "tag:blog.example,2026:1", "ftp://blog.example/a", "https://", "/relative"}) {
         EXPECT_FALSE(convert(entry("Title", link))) << link;
     }
     auto byGuid = entry("Title", "");
@@ -53,21 +57,18 @@ TEST_F(StoryConversionTest, DecorationsAreCutFromTheHeadlineOnceEach) {
         const char* cleaned;
     };
     const Case cases[] = {
-        {"A link →", "A link"},
-        {"A link→", "A link"},
-        {"An essay ★", "An essay"},
-        {"Both ★ →", "Both"},
-        {"Bent ↦", "Bent"},
-        {"★ Own article", "Own article"},
-        {"★No space", "★No space"},
-        {"<em>Two</em>\n  lines &amp; more", "Two lines & more"},
+        {"A link →", "A link"},     {"A link→", "A link"},
+        {"An essay ★", "An essay"}, {"Both ★ →", "Both"},
+        {"Bent ↦", "Bent"},         {"★ Own article", "Own article"},
+        {"★No space", "★No space"}, {"<em>Two</em>\n  lines &amp; more", "Two lines & more"},
         {"Twice → →", "Twice"},
     };
     for (const auto& c : cases) EXPECT_EQ(convert(entry(c.title))->title, c.cleaned) << c.title;
 }
 
 TEST_F(StoryConversionTest, ASearchResultLosesItsPublisherAndHasNoSummaryNorCredits) {
-    auto item = entry("Chips are scarce - Example Wire", "https://news.google.com/rss/articles/CBM?oc=5");
+    auto item =
+        entry("Chips are scarce - Example Wire", "https://news.google.com/rss/articles/CBM?oc=5");
     item.publisher = "Example Wire";
     item.summaryHTML = "<p>According to <a href='https://www.reuters.com/x'>Reuters</a></p>";
     const auto story = convert(item, search());

@@ -28,7 +28,8 @@ TEST(StoryQuery, ATermMatchesAsWholeWordsOrAsAPlainPiece) {
     };
     for (const auto& c : cases) {
         const StoryQuery query{.anyTerms = {c.term}};
-        EXPECT_EQ(query.compiled().matches(titled(c.title)), c.matches) << c.term << " in " << c.title;
+        EXPECT_EQ(query.compiled().matches(titled(c.title)), c.matches)
+            << c.term << " in " << c.title;
     }
 }
 
@@ -40,11 +41,13 @@ TEST(StoryQuery, ConditionsAreTestedTogetherAndExclusionWins) {
     EXPECT_TRUE(StoryQuery{}.compiled().matches(news));
     EXPECT_FALSE(StoryQuery{}.compiled().matches(deal));
     EXPECT_TRUE(StoryQuery{.includesSetAside = true}.compiled().matches(deal));
-    EXPECT_FALSE((StoryQuery{.anyTerms = {"airpods"}, .excludedTerms = {"trick"}}.compiled().matches(news)));
+    EXPECT_FALSE(
+        (StoryQuery{.anyTerms = {"airpods"}, .excludedTerms = {"trick"}}.compiled().matches(news)));
     EXPECT_TRUE((StoryQuery{.excludedTerms = {"watch"}}.compiled().matches(news)));
     EXPECT_FALSE((StoryQuery{.sourceIDs = {"nobody"}}.compiled().matches(news)));
     EXPECT_FALSE((StoryQuery{.sourcings = {Sourcing::rumor}}.compiled().matches(news)));
-    EXPECT_TRUE((StoryQuery{.sourcings = {Sourcing::rumor, Sourcing::unlabeled}}.compiled().matches(news)));
+    EXPECT_TRUE(
+        (StoryQuery{.sourcings = {Sourcing::rumor, Sourcing::unlabeled}}.compiled().matches(news)));
 }
 
 TEST(StoryQuery, BlankTermsAreNoConditionAndTheSeamIsNoText) {
@@ -57,14 +60,16 @@ TEST(StoryQuery, BlankTermsAreNoConditionAndTheSeamIsNoText) {
 }
 
 TEST(StoryQuery, TheMatchedTermIsTheFirstInTheQuerysOrderWhateverElseItAsks) {
-    const StoryQuery query{.anyTerms = {"Watch", "Vision Pro", "iPad"}, .excludedTerms = {"ipad"},
+    const StoryQuery query{.anyTerms = {"Watch", "Vision Pro", "iPad"},
+                           .excludedTerms = {"ipad"},
                            .sourceIDs = {"other"}};
     EXPECT_EQ(query.compiled().matchedTerm(titled("iPad beside a VISION PRO")), "vision pro");
     EXPECT_FALSE(query.compiled().matchedTerm(titled("Mac")));
 }
 
 TEST(StoryQuery, AllKeysAreRequiredWhenReading) {
-    const StoryQuery query{.anyTerms = {"a"}, .sourcings = {Sourcing::onRecord}, .includesSetAside = true};
+    const StoryQuery query{
+        .anyTerms = {"a"}, .sourcings = {Sourcing::onRecord}, .includesSetAside = true};
     const auto value = encode(query);
     EXPECT_EQ(decode<StoryQuery>(value), query);
     for (const auto& pair : value.get_object()) {

@@ -22,11 +22,12 @@ Story sampleStory() {
 }
 
 TEST(Codec, AStoryIsWrittenInFieldOrderWithoutItsAbsentValues) {
-    EXPECT_EQ(json::serialize(encode(sampleStory())),
-              R"({"id":"af63","link":"https://example.com/a","title":"A title","summary":"",)"
-              R"("publishedAt":"2026-11-02T08:30:00.25Z","sourceID":"example",)"
-              R"("sourceName":"Example","isAppleSource":false,"kind":"advertisement",)"
-              R"("sourcing":"onRecord","credits":[{"kind":"post","platform":"Bluesky","name":"@a"}]})");
+    EXPECT_EQ(
+        json::serialize(encode(sampleStory())),
+        R"({"id":"af63","link":"https://example.com/a","title":"A title","summary":"",)"
+        R"("publishedAt":"2026-11-02T08:30:00.25Z","sourceID":"example",)"
+        R"("sourceName":"Example","isAppleSource":false,"kind":"advertisement",)"
+        R"("sourcing":"onRecord","credits":[{"kind":"post","platform":"Bluesky","name":"@a"}]})");
 }
 
 TEST(Codec, BothDateStylesReadBackEqual) {

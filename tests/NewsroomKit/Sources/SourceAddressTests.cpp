@@ -16,7 +16,8 @@ TEST(SourceAddress, WhatAPersonTypesLeadsToItsFeed) {
         {"Mika_B@Mastodon.Example", "https://mastodon.example/@Mika_B.rss"},
         {"  @mika@social.example.org\n", "https://social.example.org/@mika.rss"},
         // Bluesky profiles and handles typed as addresses.
-        {"https://bsky.app/profile/Ann.Example/post/3k", "https://bsky.app/profile/ann.example/rss"},
+        {"https://bsky.app/profile/Ann.Example/post/3k",
+         "https://bsky.app/profile/ann.example/rss"},
         {"bsky.app/profile/ann.bsky.social", "https://bsky.app/profile/ann.bsky.social/rss"},
         {"Ann.bsky.social", "https://bsky.app/profile/ann.bsky.social/rss"},
         {"@ann.bsky.social", "https://bsky.app/profile/ann.bsky.social/rss"},
@@ -24,7 +25,8 @@ TEST(SourceAddress, WhatAPersonTypesLeadsToItsFeed) {
         // YouTube: only channel addresses have a feed of a known form.
         {"https://www.youtube.com/channel/UCabc/videos",
          "https://www.youtube.com/feeds/videos.xml?channel_id=UCabc"},
-        {"m.youtube.com/channel/UCabc", "https://www.youtube.com/feeds/videos.xml?channel_id=UCabc"},
+        {"m.youtube.com/channel/UCabc",
+         "https://www.youtube.com/feeds/videos.xml?channel_id=UCabc"},
         {"https://www.youtube.com/@apple", "https://www.youtube.com/@apple"},
         {"https://youtu.be/@apple", "https://youtu.be/@apple"},
         {"https://www.youtube.com/watch?v=1", "https://www.youtube.com/watch?v=1"},
@@ -43,7 +45,8 @@ TEST(SourceAddress, WhatAPersonTypesLeadsToItsFeed) {
         {"notreddit.com/r/apple", "https://notreddit.com/r/apple"},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(SourceAddress::candidates(c.typed), std::vector<std::string>{c.candidate}) << c.typed;
+        EXPECT_EQ(SourceAddress::candidates(c.typed), std::vector<std::string>{c.candidate})
+            << c.typed;
     }
 }
 

@@ -14,7 +14,8 @@ TEST(CanonicalLink, OneFormForEveryWayOfWritingAnAddress) {
     };
     const Case cases[] = {
         // The whole road at once.
-        {"HTTP://Www.Example.COM:80/Path/?b=2&utm_source=x&a=1#top", "https://www.example.com/Path?a=1&b=2"},
+        {"HTTP://Www.Example.COM:80/Path/?b=2&utm_source=x&a=1#top",
+         "https://www.example.com/Path?a=1&b=2"},
         // Scheme, host, port.
         {"http://example.com", "https://example.com/"},
         {"https://example.com:443/", "https://example.com/"},
@@ -28,7 +29,8 @@ TEST(CanonicalLink, OneFormForEveryWayOfWritingAnAddress) {
         {"https://example.com/A%c3%A9/x y", "https://example.com/A%c3%A9/x%20y"},
         {"https://example.com/50%", "https://example.com/50%25"},
         // Query: tracking items go in any letter case, the rest is sorted by name, then value.
-        {"https://example.com/?utm_Campaign=a&UTM_x=b&fbclid=1&GCLID=2&mc_cid=3&mc_eid=4", "https://example.com/"},
+        {"https://example.com/?utm_Campaign=a&UTM_x=b&fbclid=1&GCLID=2&mc_cid=3&mc_eid=4",
+         "https://example.com/"},
         {"https://example.com/?", "https://example.com/"},
         {"https://example.com/?&&b=2&&a=1&", "https://example.com/?a=1&b=2"},
         {"https://example.com/?a=2&a=1&a", "https://example.com/?a&a=1&a=2"},

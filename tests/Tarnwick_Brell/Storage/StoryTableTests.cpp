@@ -13,8 +13,12 @@ using newsroom::Story;
 Instant at(int second) { return Instant(std::chrono::seconds(second)); }
 
 Story story(std::string id, int second) {
-    return {.id = id, .link = "https://a.example/" + id, .title = "Title " + id, .publishedAt = at(second),
-            .sourceID = "a", .sourceName = "A"};
+    return {.id = id,
+            .link = "https://a.example/" + id,
+            .title = "Title " + id,
+            .publishedAt = at(second),
+            .sourceID = "a",
+            .sourceName = "A"};
 }
 
 class LibraryTest : public ::testing::Test {
@@ -51,7 +55,8 @@ TEST_F(LibraryTest, EveryFieldComesBackAsItWasKept) {
     full.sourcing = newsroom::Sourcing::onRecord;
     full.wordpressID = -5;
     full.articleLink = "https://b.example/";
-    full.credits = {{.kind = newsroom::SourceCredit::Kind::apple, .name = "Apple", .postedAt = at(3)}};
+    full.credits = {
+        {.kind = newsroom::SourceCredit::Kind::apple, .name = "Apple", .postedAt = at(3)}};
     merge({full, story("f2", 50)}, 200);
     EXPECT_EQ(store_.stories().findByID("f1", 2).at(0).story, full);
     EXPECT_EQ(store_.stories().findByID("f1", 2).at(0).firstSeen, at(200));
