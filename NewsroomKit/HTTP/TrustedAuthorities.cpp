@@ -25,9 +25,13 @@ std::string systemBundle() {
 }
 
 std::string textOf(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::string text(std::istreambuf_iterator<char>(in), {});
-    if (!in || text.find("BEGIN CERTIFICATE") == std::string::npos) {
+    std::string text;
+    std::error_code error;
+    if (std::filesystem::is_regular_file(file, error)) {
+        std::ifstream in(file, std::ios::binary);
+        text.assign(std::istreambuf_iterator<char>(in), {});
+    }
+    if (text.find("BEGIN CERTIFICATE") == std::string::npos) {
         throw std::runtime_error("There is no certificate authority in " + file.string() + ".");
     }
     return text;

@@ -54,11 +54,12 @@ FeedClient::FeedClient(HTTPClient& http, const StoryConversion& conversion,
       options_(options) {}
 
 asio::awaitable<SourceFetch> FeedClient::fetch(NewsSource source) {
-    co_return co_await fetchFrom(source.feedURL, source);
+    co_return co_await fetchFrom(source.feedURL, source, options_.conditional);
 }
 
-asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const NewsSource& source) {
-    auto exchange = co_await http_.exchange(address, options_.conditional, kByteLimit);
+asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const NewsSource& source,
+                                                   Conditional conditional) {
+    auto exchange = co_await http_.exchange(address, conditional, kByteLimit);
     SourceFetch fetch{.outcome = SourceFetch::Unchanged{}, .record = exchange.record};
     if (!exchange.result) {
         fetch.outcome = failedWith(exchange.result.error());
@@ -85,7 +86,8 @@ asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const Ne
     if (address != source.feedURL) co_return fetch;
     for (const auto& link : reading.feedLinks) {
         if (link == address) continue;
-        auto linked = co_await fetchFrom(link, source);
+        // In full: what another source got from that address is not this one's.
+        auto linked = co_await fetchFrom(link, source, Conditional::no);
         if (!std::holds_alternative<SourceFetch::Failed>(linked.outcome)) co_return linked;
     }
     co_return fetch;
@@ -103,9 +105,12 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
                 .feedURL = address};
         } else {
             reading.result = parsed.error();
-            reading.feedLinks = pageFeedLinks(body, address);
-            if (reading.feedLinks.size() > kMostLinksTried)
+            // Links inside a feed that is cut off are its stories' and lead to strangers.
+            const bool isPage = parsed.error() == FeedParserError::notAFeed;
+            if (isPage) reading.feedLinks = pageFeedLinks(body, address);
+            if (reading.feedLinks.size() > kMostLinksTried) {
                 reading.feedLinks.resize(kMostLinksTried);
+            }
         }
         co_return reading;
     };

@@ -48,7 +48,8 @@ private:
 
     boost::asio::awaitable<Reading> read(std::string body, const NewsSource& source,
                                          std::string address);
-    boost::asio::awaitable<SourceFetch> fetchFrom(std::string address, const NewsSource& source);
+    boost::asio::awaitable<SourceFetch> fetchFrom(std::string address, const NewsSource& source,
+                                                  Conditional conditional);
     boost::asio::awaitable<void> work(Pass& pass);
 
     HTTPClient& http_;

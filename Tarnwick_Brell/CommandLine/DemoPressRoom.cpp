@@ -48,15 +48,23 @@ std::optional<std::int64_t> rememberedStart(const fs::path& file, std::int64_t n
 }
 
 /// The moment that the sample world starts from. A new one comes with an empty store: what
-/// an older world told would only be confusing beside it.
+/// an older world told would only be confusing beside it. Only a folder that a demonstration
+/// has begun in is emptied; anybody else's library is refused.
 std::string worldStart(const fs::path& dataDir, newsroom::Instant now) {
     const auto seconds = static_cast<std::int64_t>(std::floor(newsroom::secondsSince1970(now)));
     const auto file = dataDir / "world-start";
+    const auto library = desk::Paths::forUser(dataDir).library;
+    if (fs::exists(library) && !fs::exists(file)) {
+        throw WorkFailed(
+            "The folder " + dataDir.string() +
+            " holds a library that is not the demonstration's. It was left untouched.");
+    }
     auto start = rememberedStart(file, seconds);
     if (!start) {
         std::error_code ignored;
-        const auto library = desk::Paths::forUser(dataDir).library.string();
-        for (const char* ending : {"", "-wal", "-shm"}) fs::remove(library + ending, ignored);
+        for (const char* ending : {"", "-wal", "-shm"}) {
+            fs::remove(library.string() + ending, ignored);
+        }
         fs::create_directories(dataDir, ignored);
         std::ofstream(file) << seconds << '\n';
         start = seconds;

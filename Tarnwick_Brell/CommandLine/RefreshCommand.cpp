@@ -59,7 +59,8 @@ int runRefresh(Session& session, const RefreshOptions& options) {
 
     Engine engine(std::move(network),
                   options.unconditional ? newsroom::Conditional::no : newsroom::Conditional::yes);
-    engine.http().validators().replace(store.validators().load());
+    const auto validators = store.validators().load();
+    engine.http().validators().replace(validators);
     desk::RefreshPass pass(
         store, engine.feeds(), &currentInstant,
         {.intervals = options.sources.empty() ? desk::Intervals::kept : desk::Intervals::overridden,
@@ -71,7 +72,7 @@ int runRefresh(Session& session, const RefreshOptions& options) {
     showProgress("");
     // After the stories: a validator without its stories would answer 304 for ever.
     auto transaction = store.transaction();
-    store.validators().save(engine.http().validators().entries());
+    store.validators().save(validators, engine.http().validators().entries());
     transaction.commit();
 
     sortLike(asked, outcomes);

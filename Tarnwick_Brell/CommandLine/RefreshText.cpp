@@ -54,6 +54,10 @@ void printOutcomes(Session& session, const std::vector<SourceOutcome>& outcomes)
     for (const auto& outcome : outcomes) {
         session.out().line(fmt::format("{}  {}", padTo(printable(outcome.source.name), columns),
                                        outcomeText(outcome)));
+        if (outcome.record.movedTo) {
+            session.out().line(fmt::format("{}  has moved to {}", std::string(columns, ' '),
+                                           printable(*outcome.record.movedTo)));
+        }
         total += outcome.merged;
     }
     session.out().line(fmt::format("{} new {} from {} {}.", total.added,

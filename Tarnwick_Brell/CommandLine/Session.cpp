@@ -42,12 +42,14 @@ desk::LocalStore& Session::store() {
     return *store_;
 }
 
-desk::LocalStore* Session::storeForReading() {
-    if (!store_ && std::filesystem::exists(paths_.library)) {
-        store_ =
-            std::make_unique<desk::LocalStore>(paths_.library, desk::Database::Access::readOnly);
+desk::LocalStore& Session::storeForReading() {
+    using Access = desk::Database::Access;
+    if (!store_ && desk::LocalStore::exists(paths_.library)) {
+        store_ = std::make_unique<desk::LocalStore>(paths_.library, Access::readOnly);
+    } else if (!store_) {
+        store_ = std::make_unique<desk::LocalStore>(desk::Database::kInMemory, Access::readWrite);
     }
-    return store_.get();
+    return *store_;
 }
 
 desk::Defaults& Session::defaults() {

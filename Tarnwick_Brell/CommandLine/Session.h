@@ -29,8 +29,8 @@ public:
 
     /// The library for a command that changes it. Throws desk::StoreError.
     desk::LocalStore& store();
-    /// The library for a command that only reads: nothing when there is none yet.
-    desk::LocalStore* storeForReading();
+    /// The library for a command that only reads; an empty one when there is none yet.
+    desk::LocalStore& storeForReading();
     desk::Defaults& defaults();
 
     /// How to reach the network. To be asked before the store: for the demonstration it

@@ -40,7 +40,7 @@ std::string statusText(const desk::SourceStatus& status, newsroom::Instant now) 
 }
 
 int listSources(Session& session) {
-    auto& store = session.store();
+    auto& store = session.storeForReading();
     const desk::SourceRoster roster(store.sources());
     const auto statuses = store.sources().statuses();
     const auto statusOf = [&](const NewsSource& source) {
@@ -137,29 +137,45 @@ NewsSource addChecked(Engine& engine, desk::SourceRoster& roster,
     throw WorkFailed(reason);
 }
 
+/// "@name" alone reads as an address, but of a host that cannot be.
+bool isPlausible(const std::string& address) {
+    const auto host = hostOf(address);
+    return host.find_first_of(".:") != std::string::npos || host == "localhost";
+}
+
+NewsSource addSource(Engine& engine, desk::SourceRoster& roster, const std::string& address,
+                     bool unchecked) {
+    const auto candidates = newsroom::SourceAddress::candidates(address);
+    if (candidates.empty() || !isPlausible(candidates.front())) {
+        throw WorkFailed("That doesn't look like a web address or a handle.");
+    }
+    if (!unchecked) return addChecked(engine, roster, candidates);
+    requireNew(roster, candidates.front());
+    const auto parsed = newsroom::WebAddress::parse(candidates.front());
+    return roster.add(parsed->host + newsroom::percentDecoded(parsed->path), candidates.front());
+}
+
+/// What was added before a failure stays added, and is told.
 int addSources(Session& session, const SourcesOptions& options) {
     Engine engine(session.network(), newsroom::Conditional::no);
     desk::SourceRoster roster(session.store().sources());
     boost::json::array added;
+    std::exception_ptr failure;
     for (const auto& address : options.addresses) {
-        const auto candidates = newsroom::SourceAddress::candidates(address);
-        if (candidates.empty())
-            throw WorkFailed("That doesn't look like a web address or a handle.");
-        NewsSource source;
-        if (options.unchecked) {
-            requireNew(roster, candidates.front());
-            const auto parsed = newsroom::WebAddress::parse(candidates.front());
-            source = roster.add(parsed->host + newsroom::percentDecoded(parsed->path),
-                                candidates.front());
-        } else {
-            source = addChecked(engine, roster, candidates);
-        }
-        added.push_back(newsroom::encode(source));
-        if (!session.options().json) {
+        try {
+            const auto source = addSource(engine, roster, address, options.unchecked);
+            added.push_back(newsroom::encode(source));
+            if (session.options().json) continue;
             session.out().line(fmt::format("Added {} ({}).", printable(source.name), source.id));
+        } catch (const WorkFailed&) {
+            failure = std::current_exception();
+            break;
         }
     }
-    if (session.options().json) session.out().line(boost::json::serialize(added));
+    if (session.options().json && !added.empty()) {
+        session.out().line(boost::json::serialize(added));
+    }
+    if (failure) std::rethrow_exception(failure);
     return kDone;
 }
 

@@ -67,9 +67,9 @@ void printJSON(Session& session, const desk::StoredStory& stored) {
 }
 
 int runStory(Session& session, const std::string& id) {
-    auto* store = session.storeForReading();
+    auto& store = session.storeForReading();
     const auto found =
-        store && !id.empty() ? store->stories().findByID(id, 2) : std::vector<desk::StoredStory>();
+        id.empty() ? std::vector<desk::StoredStory>() : store.stories().findByID(id, 2);
     if (found.empty())
         throw WorkFailed("There is no story with the id " + id + ". brell wire shows the ids.");
     if (found.size() > 1)

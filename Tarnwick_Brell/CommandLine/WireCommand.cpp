@@ -63,15 +63,15 @@ void requireKnownSources(desk::LocalStore& store, const std::vector<std::string>
     }
 }
 
-std::vector<newsroom::Story> select(Session& session, desk::LocalStore* store,
+std::vector<newsroom::Story> select(Session& session, desk::LocalStore& store,
                                     const WireOptions& options) {
     std::optional<newsroom::Instant> since;
     if (!options.since.empty()) since = parseWhen(options.since, session.now());
     const auto query = queryFor(options).compiled();
     std::vector<newsroom::Story> selected;
-    if (!store || options.limit == 0) return selected;
-    requireKnownSources(*store, options.sources);
-    store->stories().eachInWireOrder(since, [&](const desk::StoredStory& stored) {
+    requireKnownSources(store, options.sources);
+    if (options.limit == 0) return selected;
+    store.stories().eachInWireOrder(since, [&](const desk::StoredStory& stored) {
         if (query.matches(stored.story)) selected.push_back(stored.story);
         return std::ssize(selected) < options.limit;
     });
@@ -101,13 +101,13 @@ void print(Session& session, const std::vector<newsroom::Story>& stories) {
 }
 
 int runWire(Session& session, const WireOptions& options) {
-    auto* store = session.storeForReading();
+    auto& store = session.storeForReading();
     const auto stories = select(session, store, options);
     if (session.options().json) {
         session.out().line(boost::json::serialize(newsroom::encode(stories)));
     } else if (!stories.empty()) {
         print(session, stories);
-    } else if (!store || store->stories().count() == 0) {
+    } else if (store.stories().count() == 0) {
         session.out().line("The wire is empty. brell refresh fetches the news.");
     } else {
         session.out().line("No story of the wire matches.");
@@ -121,7 +121,7 @@ void addWireCommand(CLI::App& app, Command& chosen) {
     auto options = std::make_shared<WireOptions>();
     auto* command = app.add_subcommand("wire", "List stories of the wire, newest first");
     command->add_option("--limit", options->limit, "At most so many stories")
-        ->check(CLI::NonNegativeNumber)
+        ->check(CLI::Range(std::int64_t{0}, std::int64_t{1'000'000'000}))
         ->capture_default_str();
     command
         ->add_option("--any", options->any,

@@ -4,6 +4,7 @@
 #include <exception>
 
 #include <boost/asio/co_spawn.hpp>
+#include <boost/asio/steady_timer.hpp>
 
 #include "NewsroomKit/Editorial/AppleTopic.h"
 
@@ -21,6 +22,7 @@ namespace {
 // Arrivals wait in memory and are written in few, short transactions: other programs get
 // their turn, and a crowd of sources does not pile up.
 constexpr std::size_t kStoriesPerTransaction = 4000;
+constexpr std::chrono::seconds kLongestInMemory{1};
 
 }  // namespace
 
@@ -72,6 +74,14 @@ std::vector<SourceOutcome> RefreshPass::run(asio::io_context& io, std::vector<Ne
                        failure = error;
                        io.stop();
                    });
+    // What has come is kept soon, whatever still keeps the pass waiting.
+    asio::steady_timer alarm(io);
+    std::function<void(boost::system::error_code)> onAlarm = [&](boost::system::error_code) {
+        if (!pending.empty()) flush();
+        alarm.expires_after(kLongestInMemory);
+        alarm.async_wait(onAlarm);
+    };
+    onAlarm({});
     io.restart();
     io.run();
     if (failure) std::rethrow_exception(failure);

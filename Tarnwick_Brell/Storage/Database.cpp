@@ -2,6 +2,10 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
+#include <chrono>
+#include <thread>
+
 #include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace desk {
@@ -26,29 +30,32 @@ std::string fileAddress(const std::filesystem::path& file, const char* parameter
     return address + parameters;
 }
 
-StoreError errorFor(int code, const std::filesystem::path& file, const std::string& detail) {
+StoreError errorFor(int code, const std::filesystem::path& file, const std::string& detail,
+                    int systemError) {
     using Reason = StoreError::Reason;
-    const std::string name = file.string();
+    const std::string library = "The library " + file.string();
+    const StoreError diskFull(Reason::diskFull,
+                              "The disk is full, so nothing was saved in " + file.string() + ".");
+    const StoreError readOnly(Reason::readOnly,
+                              library + " can't be written: the file or its folder is read-only.");
     switch (code & 0xff) {
-        case SQLITE_FULL:
-            return {Reason::diskFull, "The disk is full, so nothing was saved in " + name + "."};
+        case SQLITE_FULL: return diskFull;
         case SQLITE_READONLY:
-        case SQLITE_PERM:
-            return {
-                Reason::readOnly,
-                "The library " + name + " can't be written: the file or its folder is read-only."};
+        case SQLITE_PERM: return readOnly;
         case SQLITE_CANTOPEN:
         case SQLITE_IOERR:
-            return {Reason::unreadable,
-                    "The library " + name + " can't be opened or written (" + detail + ")."};
+            if (systemError == ENOSPC || systemError == EDQUOT) return diskFull;
+            if (systemError == EROFS || systemError == EACCES || systemError == EPERM) {
+                return readOnly;
+            }
+            return {Reason::unreadable, library + " can't be opened or written (" + detail + ")."};
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            return {Reason::busy,
-                    "Another program is using the library " + name + ". Try again in a moment."};
+            return {Reason::busy, "Another program is using the library " + file.string() +
+                                      ". Try again in a moment."};
         case SQLITE_CORRUPT:
-        case SQLITE_NOTADB:
-            return {Reason::damaged, "The library " + name + " is damaged or is not a library."};
-        default: return {Reason::other, "The library " + name + " failed (" + detail + ")."};
+        case SQLITE_NOTADB: return {Reason::damaged, library + " is damaged or is not a library."};
+        default: return {Reason::other, library + " failed (" + detail + ")."};
     }
 }
 
@@ -138,7 +145,7 @@ Database::Database(const std::filesystem::path& file, Access access) : file_(fil
     if (code != SQLITE_OK) fail(code);
     sqlite3_busy_timeout(handle_.get(), kBusyMilliseconds);
     if (access == Access::readWrite) {
-        execute("PRAGMA journal_mode = WAL");
+        useWriteAheadLog();
         execute("PRAGMA synchronous = NORMAL");
     }
     execute("PRAGMA temp_store = MEMORY");
@@ -159,11 +166,25 @@ int Database::openForReading() {
     int code = open(file_.string(), SQLITE_OPEN_READONLY);
     if (code == SQLITE_OK) code = sqlite3_exec(handle_.get(), probe, nullptr, nullptr, nullptr);
     const int kind = code & 0xff;
-    if (kind == SQLITE_CANTOPEN || kind == SQLITE_READONLY) {
+    // With a log beside it the file alone would show an older state.
+    const bool hasLog = std::filesystem::exists(file_.string() + "-wal");
+    if (!hasLog && (kind == SQLITE_CANTOPEN || kind == SQLITE_READONLY)) {
         code = open(fileAddress(file_, "?immutable=1"), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
         if (code == SQLITE_OK) code = sqlite3_exec(handle_.get(), probe, nullptr, nullptr, nullptr);
     }
     return code;
+}
+
+void Database::useWriteAheadLog() {
+    // SQLite does not wait its turn for this one change, which every first opening asks for.
+    constexpr std::chrono::milliseconds pause(20);
+    for (auto waited = pause;; waited += pause) {
+        const int code =
+            sqlite3_exec(handle_.get(), "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
+        if (code == SQLITE_OK) return;
+        if ((code & 0xff) != SQLITE_BUSY || waited.count() >= kBusyMilliseconds) fail(code);
+        std::this_thread::sleep_for(pause);
+    }
 }
 
 void Database::execute(const char* sql) {
@@ -174,7 +195,8 @@ void Database::execute(const char* sql) {
 std::int64_t Database::changes() const { return sqlite3_changes64(handle_.get()); }
 
 void Database::fail(int code) const {
-    throw errorFor(code, file_, handle_ ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(code));
+    throw errorFor(code, file_, handle_ ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(code),
+                   handle_ ? sqlite3_system_errno(handle_.get()) : 0);
 }
 
 Transaction::Transaction(Database& database) : database_(database) {

@@ -61,6 +61,9 @@ public:
         readOnly    ///< leaves no trace; also reads from a folder that may not be written
     };
 
+    /// A library that lasts as long as its object.
+    static constexpr const char* kInMemory = ":memory:";
+
     Database(const std::filesystem::path& file, Access access);
 
     void execute(const char* sql);
@@ -73,6 +76,7 @@ private:
     [[noreturn]] void fail(int code) const;
     int open(const std::string& name, int flags);
     int openForReading();
+    void useWriteAheadLog();
 
     struct Closer {
         void operator()(sqlite3* database) const;

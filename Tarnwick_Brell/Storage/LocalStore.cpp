@@ -4,6 +4,12 @@
 
 namespace desk {
 
+bool LocalStore::exists(const std::filesystem::path& file) {
+    if (!std::filesystem::exists(file)) return false;
+    Database database(file, Database::Access::readOnly);
+    return !isUnmigrated(database);
+}
+
 LocalStore::LocalStore(const std::filesystem::path& file, Database::Access access)
     : database_(file, access), stories_(database_), sources_(database_), validators_(database_) {
     if (access == Database::Access::readWrite) {

@@ -15,6 +15,10 @@ class LocalStore {
 public:
     LocalStore(const std::filesystem::path& file, Database::Access access);
 
+    /// Whether the file has a library in it: not one that was broken off before its first
+    /// table. Throws StoreError when it can't be read.
+    static bool exists(const std::filesystem::path& file);
+
     StoryTable& stories() { return stories_; }
     SourceTable& sources() { return sources_; }
     ValidatorStore& validators() { return validators_; }

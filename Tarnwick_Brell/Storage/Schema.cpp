@@ -71,6 +71,8 @@ void migrate(Database& database) {
     transaction.commit();
 }
 
+bool isUnmigrated(Database& database) { return versionOf(database) == 0; }
+
 void requireCurrentSchema(Database& database) {
     const auto version = versionOf(database);
     refuseNewer(database, version);

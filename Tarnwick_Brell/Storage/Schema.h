@@ -8,6 +8,9 @@ namespace desk {
 /// Throws StoreError and leaves the file untouched when it was written by a newer program.
 void migrate(Database& database);
 
+/// No step has been taken yet: the file is new or was broken off at once.
+bool isUnmigrated(Database& database);
+
 /// Throws StoreError unless the library already has this program's schema: a reader that
 /// may not write cannot bring it up to date.
 void requireCurrentSchema(Database& database);

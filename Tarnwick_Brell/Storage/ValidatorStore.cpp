@@ -12,21 +12,20 @@ newsroom::ValidatorTable::Entries ValidatorStore::load() {
     return entries;
 }
 
-void ValidatorStore::save(const newsroom::ValidatorTable::Entries& entries) {
-    const auto stored = load();
-    Statement put(
-        database_,
-        "INSERT OR REPLACE INTO validators (url, entityTag, lastModified) VALUES (?, ?, ?)");
-    for (const auto& [url, validators] : entries) {
-        if (const auto known = stored.find(url);
-            known != stored.end() && known->second == validators)
-            continue;
+void ValidatorStore::save(const newsroom::ValidatorTable::Entries& before,
+                          const newsroom::ValidatorTable::Entries& after) {
+    Statement put(database_,
+                  "INSERT OR REPLACE INTO validators (url, entityTag, lastModified) "
+                  "VALUES (?, ?, ?)");
+    for (const auto& [url, validators] : after) {
+        const auto known = before.find(url);
+        if (known != before.end() && known->second == validators) continue;
         put.bind(0, url).bind(1, validators.entityTag).bind(2, validators.lastModified);
         put.run();
     }
     Statement drop(database_, "DELETE FROM validators WHERE url = ?");
-    for (const auto& [url, validators] : stored) {
-        if (entries.contains(url)) continue;
+    for (const auto& [url, validators] : before) {
+        if (after.contains(url)) continue;
         drop.bind(0, url);
         drop.run();
     }

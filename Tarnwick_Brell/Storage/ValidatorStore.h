@@ -11,8 +11,10 @@ public:
     explicit ValidatorStore(Database& database) : database_(database) {}
 
     newsroom::ValidatorTable::Entries load();
-    /// Writes what differs from the stored entries.
-    void save(const newsroom::ValidatorTable::Entries& entries);
+    /// Writes what a run has changed since it loaded `before`; rows that another program has
+    /// written meanwhile stay.
+    void save(const newsroom::ValidatorTable::Entries& before,
+              const newsroom::ValidatorTable::Entries& after);
 
 private:
     Database& database_;

@@ -4,6 +4,7 @@ import shutil
 import sqlite3
 import subprocess
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -111,6 +112,7 @@ class FaultsOfTheNetwork(unittest.TestCase):
         self.assertEqual((added["id"], added["name"], added["kind"]), ("cafe-wire", "Café Wire", "custom"))
         for address, text in {
             "https://files.press-room.example/two%20words.xml": "Café Wire is already one of your sources.",
+            "@mika": "That doesn't look like a web address or a handle.",
             "two words": "That doesn't look like a web address or a handle.",
             "https://files.press-room.example/page.html": "The address didn't return a feed.",
             "http://files.press-room.example/page.html": "The address isn't secure (https).",
@@ -119,6 +121,22 @@ class FaultsOfTheNetwork(unittest.TestCase):
             self.assertIn(text, desk.run("sources", "add", address, status=1).stderr)
         desk.run("settings", "storyRetentionDays", "0")
         self.assertEqual(desk.json("refresh", "--source", "cafe-wire")["added"], 1)
+
+        # What was added before a failure is told, a feed that is cut off leads nowhere else, and
+        # a page that leads to another source's feed gets its stories in full.
+        feed = "https://files.press-room.example/two%20words.xml"
+        (folder / "cut.xml").write_text(f"<rss><channel><item><title>x</title><description><![CDATA[<link "
+                                        f"rel='alternate' type='application/rss+xml' href='{feed}'>")
+        (folder / "leads.html").write_text(f"<html><link rel='alternate' type='application/rss+xml' href='{feed}'>")
+        for name in ("cut.xml", "leads.html"):
+            desk.run("sources", "add", "--unchecked", f"files.press-room.example/{name}")
+        page = desk.json("refresh")
+        found = {s["id"]: s for s in page["sources"]}
+        self.assertEqual(found["files-press-room-example-cut-xml"]["status"]["lastError"],
+                         "The feed couldn't be read.")
+        self.assertEqual(found["files-press-room-example-leads-html"]["outcome"], "stories")
+        result = desk.run("sources", "add", "apple.com/nowhere", "two words", status=1)
+        self.assertIn("The server answered 404.", result.stderr)
         desk.run("sources", "disable", "cafe-wire")
         self.assertNotIn("cafe-wire", outcomes(desk.json("refresh")))
         self.assertIn("Six Colors is already one of your sources.",
@@ -132,6 +150,56 @@ class FaultsOfTheStore(unittest.TestCase):
         self.addCleanup(self.desk.close)
         self.addCleanup(self.room.close)
         self.library = self.desk.folder / "library.sqlite"
+
+    def test_what_has_come_is_kept_while_a_silent_source_is_waited_for(self):
+        room = PressRoom("--with-silent-host")
+        self.addCleanup(room.close)
+        desk = Desk(room.network)
+        self.addCleanup(desk.close)
+        process = subprocess.Popen([BIN / "brell", "--data-dir", desk.folder, *room.network, "refresh"],
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        deadline = time.monotonic() + 12
+        while not desk.json("wire", "--limit", 300) and time.monotonic() < deadline:
+            time.sleep(0.2)
+        process.kill()
+        process.wait()
+        wire = desk.json("wire", "--limit", 300)
+        self.assertGreater(len(wire), 100)
+        self.assertGreater(desk.json("refresh", "--source", "macrumors", "--unconditional")["sources"][0]
+                           ["status"]["storyCount"], 0, "the library opens and works after the kill")
+
+    def test_two_passes_at_once_lose_nothing(self):
+        for attempt in range(3):
+            desk = Desk(self.room.network)
+            self.addCleanup(desk.close)
+            command = [BIN / "brell", "--data-dir", desk.folder, *self.room.network, "refresh"]
+            both = [subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE) for _ in range(2)]
+            for process in both:
+                self.assertEqual((process.communicate()[1], process.returncode), (b"", 0))
+            ids = [story["id"] for story in desk.json("wire", "--limit", 1000, "--set-aside")]
+            self.assertEqual(len(ids), len(set(ids)))
+            self.assertGreater(len(ids), 200)
+
+    def test_a_demonstration_leaves_other_libraries_alone(self):
+        self.desk.run("sources", "disable", "macrumors")
+        before = self.library.read_bytes()
+        other = Desk(["--demo"])
+        self.addCleanup(other.close)
+        result = subprocess.run([BIN / "brell", "--demo", "--data-dir", self.desk.folder, "refresh"],
+                                capture_output=True, text=True)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("left untouched", result.stderr)
+        self.assertEqual(self.library.read_bytes(), before)
+        first = other.json("refresh")
+        self.assertGreater(first["added"], 200)
+        self.assertEqual(outcomes(other.json("refresh"))["macrumors"], "unchanged", "the same world again")
+        (other.folder / "world-start").write_text("1000\n")
+        self.assertEqual(outcomes(other.json("refresh"))["macrumors"], "stories", "an old world is left behind")
+
+    def test_a_library_broken_off_at_once_counts_as_none(self):
+        self.library.touch()
+        self.assertIn("The wire is empty", self.desk.run("wire").stdout)
+        self.assertEqual(self.desk.json("refresh", "--source", "macrumors")["sources"][0]["outcome"], "stories")
 
     def test_an_empty_desk_says_how_to_begin(self):
         self.assertEqual(self.desk.run("wire").stdout, "The wire is empty. brell refresh fetches the news.\n")

@@ -23,6 +23,9 @@ class Usage(unittest.TestCase):
             ("wire", "--limit", "many"): "--limit",
             ("wire", "--limit", "-1"): "--limit",
             ("wire", "--since", "yesterday"): "is no time",
+            ("wire", "--source", "nobody"): "no source with the id nobody",
+            ("wire", "--connect-to", ""): "no HOST:PORT",
+            ("wire", "--connect-to", "127.0.0.1:99999"): "no HOST:PORT",
             ("wire", "--sourcing", "gossip"): "no sourcing named gossip",
             ("wire", "--demo", "--ca-file", "/x"): "--demo",
             ("refresh", "--source", "nobody"): "no source with the id nobody",
@@ -41,12 +44,14 @@ class Usage(unittest.TestCase):
 
     def test_work_that_cannot_be_done_ends_with_status_one(self):
         self.assertIn("no story with the id", self.desk.run("story", "zz", status=1).stderr)
-        result = subprocess.run([BIN / "brell", "--data-dir", "/dev/null/x", "sources"], capture_output=True, text=True)
+        result = subprocess.run([BIN / "brell", "--data-dir", "/dev/null/x", "sources", "enable", "macrumors"],
+                                capture_output=True, text=True)
         self.assertEqual((result.returncode, result.stdout), (1, ""))
         self.assertIn("can't be made", result.stderr)
-        unreadable = Desk(["--ca-file", "/nowhere.pem"])
-        self.addCleanup(unreadable.close)
-        self.assertIn("/nowhere.pem", unreadable.run("refresh", status=1).stderr)
+        for authority in ("/nowhere.pem", "/tmp"):
+            unreadable = Desk(["--ca-file", authority])
+            self.addCleanup(unreadable.close)
+            self.assertIn(f"no certificate authority in {authority}", unreadable.run("refresh", status=1).stderr)
 
     def test_help_tells_every_subcommand_and_option(self):
         overview = self.desk.run("--help").stdout
