@@ -79,9 +79,6 @@ int main(int argc, char** argv) {
     app.set_version_flag("--version", std::string("brell ") + BRELL_VERSION);
     app.require_subcommand(1);
     app.fallthrough();
-    app.footer(
-        "Every subcommand has a --help of its own. Exit status: 0 done, 1 the work failed, 2 wrong "
-        "usage.");
 
     GlobalOptions options;
     Command chosen;
@@ -92,6 +89,10 @@ int main(int argc, char** argv) {
     addSourcesCommand(app, chosen);
     addSettingsCommand(app, chosen);
     addInspectCommand(app, chosen);
+    // After the subcommands, which would take it over.
+    app.footer(
+        "Every subcommand has a --help of its own. Exit status: 0 done, 1 the work failed, 2 wrong "
+        "usage.");
 
     try {
         app.parse(argc, argv);
