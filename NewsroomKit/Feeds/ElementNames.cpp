@@ -1,6 +1,7 @@
 #include "NewsroomKit/Feeds/ElementNames.h"
 
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 
@@ -71,8 +72,13 @@ constexpr std::array namespaces{
     NamespaceRow{"backend.userland.com/rss2", ""},
 };
 
+/// Only the beginning of a long name, which is then none that is known: names are looked up
+/// so often that their length must not count.
 std::string_view view(const xmlChar* text) {
-    return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
+    constexpr std::size_t longerThanAnyKnown = 64;
+    if (text == nullptr) return {};
+    const auto* const characters = reinterpret_cast<const char*>(text);
+    return {characters, strnlen(characters, longerThanAnyKnown)};
 }
 
 /// Publishers write namespaces with either scheme, in any letter case, and lose the "/".

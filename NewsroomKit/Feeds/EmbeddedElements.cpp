@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "NewsroomKit/Text/ASCII.h"
+
 namespace newsroom {
 namespace {
 
@@ -13,19 +15,9 @@ constexpr std::array<std::string_view, 10> embeddedNames{
 
 constexpr std::string_view whiteSpace = " \t\n\v\f\r";
 
-bool equalsAt(std::string_view text, std::size_t at, std::string_view lowerCaseWord) {
-    if (text.size() - at < lowerCaseWord.size()) return false;
-    for (std::size_t i = 0; i < lowerCaseWord.size(); ++i) {
-        const char c = text[at + i];
-        const char lower = c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-        if (lower != lowerCaseWord[i]) return false;
-    }
-    return true;
-}
-
 std::string_view embeddedNameAt(std::string_view html, std::size_t at) {
     for (const auto name : embeddedNames) {
-        if (equalsAt(html, at, name)) return name;
+        if (standsAt(html, at, name)) return name;
     }
     return {};
 }
@@ -33,7 +25,7 @@ std::string_view embeddedNameAt(std::string_view html, std::size_t at) {
 /// Where the text goes on behind the closing tag of `name`.
 std::size_t endOfElement(std::string_view html, std::size_t from, std::string_view name) {
     for (auto at = html.find("</", from); at != none; at = html.find("</", at + 2)) {
-        if (!equalsAt(html, at + 2, name)) continue;
+        if (!standsAt(html, at + 2, name)) continue;
         const auto close = html.find_first_not_of(whiteSpace, at + 2 + name.size());
         if (close != none && html[close] == '>') return close + 1;
     }

@@ -175,6 +175,15 @@ std::optional<std::chrono::minutes> readZone(DateReader& reader) {
     return std::nullopt;
 }
 
+/// Nothing outside the years that can be written, which a zone's offset may lead out of.
+std::optional<Instant> writableInstant(Instant instant) {
+    using std::chrono::sys_days;
+    constexpr Instant first = sys_days{std::chrono::year{1} / 1 / 1};
+    constexpr Instant end = sys_days{std::chrono::year{10'000} / 1 / 1};
+    if (instant < first || instant >= end) return std::nullopt;
+    return instant;
+}
+
 /// "Thu, 01 Oct 2026 08:30:00 GMT"; weekday, seconds and zone may be absent.
 std::optional<Instant> readNamedMonthDate(std::string_view text) {
     DateReader reader(text);
@@ -194,7 +203,7 @@ std::optional<Instant> readNamedMonthDate(std::string_view text) {
     reader.skipSpaces();
     const auto offset = readZone(reader);
     if (!offset || !reader.atEnd()) return std::nullopt;
-    return *date + *time - *offset;
+    return writableInstant(*date + *time - *offset);
 }
 
 /// "2026-10-01 08:30:00", always UTC.
@@ -209,7 +218,7 @@ std::optional<Instant> readNumberedDate(std::string_view text) {
     const auto date = existingDay(*DateReader(year).takeYear(), *month, *day);
     const auto time = readTime(reader, Seconds::required);
     if (!date || !time || !reader.atEnd()) return std::nullopt;
-    return *date + *time;
+    return writableInstant(*date + *time);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <libxml/parser.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <utility>
 
@@ -15,20 +16,44 @@
 namespace newsroom {
 namespace {
 
-constexpr std::size_t chunkSize = 16 * 1024;
+constexpr std::size_t chunkSize = 32 * 1024;
 
-// The XML library compares every attribute of a tag with every other, so the time for a tag
-// grows with the square of their number. Tags that fit into this many unread bytes are
-// harmless; in longer ones the attributes are counted before they are read.
-constexpr std::ptrdiff_t harmlessTag = 64 * 1024;
+// What waits unread may be this long before it is looked at: a start tag or a document type
+// with its declarations, which the library reads only as a whole.
+constexpr std::ptrdiff_t harmlessLength = 64 * 1024;
+
+// The library compares every attribute of a tag with every other, so the time for a tag grows
+// with the square of their number. In a longer tag they are counted before they are read.
 constexpr std::ptrdiff_t mostQuotesInTag = 10'000;
 
-// A document can give its elements attributes in its DTD, which then cost time for each
-// element again.
-constexpr int mostDeclaredAttributes = 1'000;
+// Element and attribute names, prefixes, namespaces and declared entities: whatever the
+// library keeps for the whole document. Feeds use less than a hundred.
+constexpr int mostNames = 10'000;
 
 // Reading in pieces, the library does not keep its own limit of nested elements.
 constexpr std::size_t deepestElement = 256;
+
+/// Time that the library has spent on start tags beyond their length, in comparisons.
+class TagWork {
+public:
+    /// `inScope` are the namespaces declared by the tag and by all elements around it: every
+    /// prefix, also the empty one, is looked for among them.
+    void add(int attributes, int namespaces, int inScope) {
+        const auto named = static_cast<std::uint64_t>(attributes + namespaces);
+        spent_ += named * named + (named + 1) * static_cast<std::uint64_t>(inScope);
+        spent_ += static_cast<std::uint64_t>(namespaces) * declaration;
+    }
+
+    bool isTooMuch() const { return spent_ > limit; }
+
+private:
+    // About a quarter of a second; a feed of 6 MB rarely takes a hundredth of it.
+    static constexpr std::uint64_t limit = 300'000'000;
+    // A namespace's address is taken apart each time that it is declared.
+    static constexpr std::uint64_t declaration = 1'000;
+
+    std::uint64_t spent_ = 0;
+};
 
 /// One run of the XML library over one document.
 class FeedRun {
@@ -44,7 +69,7 @@ public:
             const auto chunk = document.substr(0, chunkSize);
             document.remove_prefix(chunk.size());
             xmlParseChunk(context_.get(), chunk.data(), static_cast<int>(chunk.size()), 0);
-            if (hasOverlongTag()) stopAsMalformed();
+            if (isOverloaded()) stopAsMalformed();
         }
         if (!isOver()) xmlParseChunk(context_.get(), nullptr, 0, 1);
     }
@@ -77,21 +102,44 @@ private:
         xmlStopParser(context_.get());
     }
 
-    /// A start tag waits unread until its end has arrived.
-    bool hasOverlongTag() const {
+    bool isOverloaded() {
+        return xmlDictSize(context_->dict) > mostNames || hasOverlongPart();
+    }
+
+    /// A start tag and a document type wait unread until their end has arrived.
+    bool hasOverlongPart() {
         const auto* const input = context_->input;
-        if (input == nullptr || input->end - input->cur < harmlessTag) return false;
-        if (input->cur[0] != '<' || input->cur[1] == '!' || input->cur[1] == '?') return false;
-        return std::count_if(input->cur, input->end, [](xmlChar c) {
-                   return c == '"' || c == '\'';
-               }) > mostQuotesInTag;
+        if (input == nullptr || input->end - input->cur < harmlessLength) {
+            countedLength_ = 0;
+            countedQuotes_ = 0;
+            return false;
+        }
+        const std::string_view start(reinterpret_cast<const char*>(input->cur), 3);
+        if (context_->instate == XML_PARSER_DTD || start == "<!D") return true;
+        if (start[0] != '<' || start[1] == '!' || start[1] == '?') return false;
+        countedQuotes_ += std::count_if(input->cur + countedLength_, input->end, [](xmlChar c) {
+            return c == '"' || c == '\'';
+        });
+        countedLength_ = input->end - input->cur;
+        return countedQuotes_ > mostQuotesInTag;
+    }
+
+    void startElement(const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri,
+                      int namespaces, const XMLAttributes& attributes) {
+        work_.add(static_cast<int>(attributes.size()), namespaces, context_->nsNr / 2);
+        delegate_.startElement(localName, prefix, uri, attributes);
+        if (work_.isTooMuch() || delegate_.depth() > deepestElement) stopAsMalformed();
     }
 
     std::unique_ptr<xmlParserCtxt, FreeContext> context_;
     FeedDelegate delegate_;
     xmlEntity entity_{};
     std::string entityText_;
-    int declaredAttributes_ = 0;
+    TagWork work_;
+    // A chunk is shorter than what is harmless, so one waiting tag never follows another
+    // without a moment in which less waits.
+    std::ptrdiff_t countedLength_ = 0;
+    std::ptrdiff_t countedQuotes_ = 0;
     bool isHostile_ = false;
 };
 
@@ -102,11 +150,9 @@ xmlSAXHandler& FeedRun::callbacks() {
         xmlSAXHandler made{};
         made.initialized = XML_SAX2_MAGIC;
         made.startElementNs = [](void* run, const xmlChar* localName, const xmlChar* prefix,
-                                 const xmlChar* uri, int, const xmlChar**, int attributeCount, int,
-                                 const xmlChar** attributes) {
-            self(run).delegate_.startElement(localName, prefix, uri,
-                                             XMLAttributes(attributes, attributeCount));
-            if (self(run).delegate_.depth() > deepestElement) self(run).stopAsMalformed();
+                                 const xmlChar* uri, int namespaces, const xmlChar**, int count,
+                                 int, const xmlChar** attributes) {
+            self(run).startElement(localName, prefix, uri, namespaces, {attributes, count});
         };
         made.endElementNs = [](void* run, const xmlChar* localName, const xmlChar*,
                                const xmlChar*) {
@@ -126,12 +172,12 @@ xmlSAXHandler& FeedRun::callbacks() {
             self(run).delegate_.text(reinterpret_cast<const char*>(name));
             self(run).delegate_.text(";");
         };
+        // A default value, once declared, comes back with each of the document's elements, so
+        // that a short document could fill the memory. Feeds have none.
         made.attributeDecl = [](void* run, const xmlChar*, const xmlChar*, int, int,
-                                const xmlChar*, xmlEnumerationPtr values) {
+                                const xmlChar* defaultValue, xmlEnumerationPtr values) {
             xmlFreeEnumeration(values);
-            if (++self(run).declaredAttributes_ == mostDeclaredAttributes) {
-                self(run).stopAsMalformed();
-            }
+            if (defaultValue != nullptr) self(run).stopAsMalformed();
         };
         return made;
     }();

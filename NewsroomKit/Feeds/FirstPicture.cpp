@@ -3,21 +3,12 @@
 #include <algorithm>
 
 #include "NewsroomKit/Feeds/HTMLEntities.h"
+#include "NewsroomKit/Text/ASCII.h"
 
 namespace newsroom {
 namespace {
 
 constexpr auto none = std::string_view::npos;
-
-bool equalsAt(std::string_view text, std::size_t at, std::string_view lowerCaseWord) {
-    if (text.size() - at < lowerCaseWord.size()) return false;
-    for (std::size_t i = 0; i < lowerCaseWord.size(); ++i) {
-        const char c = text[at + i];
-        const char lower = c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-        if (lower != lowerCaseWord[i]) return false;
-    }
-    return true;
-}
 
 /// The matches of <img[^>]+src=["']([^"']+)["'] in order, found in one pass: hostile HTML
 /// would keep a backtracking matcher busy for hours.
@@ -31,7 +22,7 @@ public:
             const auto tag = html_.find('<', at_);
             if (tag == none) break;
             at_ = tag + 1;
-            if (!equalsAt(html_, tag, "<img")) continue;
+            if (!standsAt(html_, tag, "<img")) continue;
             const auto nameEnd = tag + 4;
             const auto tagEnd = std::min(html_.find('>', nameEnd), html_.size());
             if (const auto address = lastSource(nameEnd + 1, tagEnd)) return address;
@@ -50,7 +41,7 @@ private:
         for (auto at = tagEnd; at > first;) {
             --at;
             const auto quote = at + attribute.size();
-            if (quote >= tagEnd || !equalsAt(html_, at, attribute)) continue;
+            if (quote >= tagEnd || !standsAt(html_, at, attribute)) continue;
             if (html_[quote] != '"' && html_[quote] != '\'') continue;
             const auto end = html_.find_first_of("\"'", quote + 1);
             if (end == none || end == quote + 1) continue;

@@ -20,13 +20,18 @@ constexpr int hexValue(char c) {
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-/// `lower` is in lower case already.
+/// `text` is `lower` in any letter case; `lower` is in lower case already.
 constexpr bool equalsLowercase(std::string_view text, std::string_view lower) {
     if (text.size() != lower.size()) return false;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (lowercaseASCII(text[i]) != lower[i]) return false;
     }
     return true;
+}
+
+/// Whether `lower` stands at byte `at` of the text, in any letter case.
+constexpr bool standsAt(std::string_view text, std::size_t at, std::string_view lower) {
+    return text.size() - at >= lower.size() && equalsLowercase(text.substr(at, lower.size()), lower);
 }
 
 }  // namespace newsroom

@@ -34,63 +34,84 @@ RefreshPass::RefreshPass(LocalStore& store, newsroom::FeedClient& client,
       settings_(settings),
       statuses_(store.sources().statuses()) {}
 
+/// What arrives waits here until it is written.
+class RefreshPass::Intake {
+public:
+    Intake(RefreshPass& pass, const Progress& progress) : pass_(pass), progress_(progress) {}
+
+    void report(SourceOutcome outcome) {
+        if (progress_) progress_(outcome);
+        outcomes_.push_back(std::move(outcome));
+    }
+
+    void add(Arrival arrival) {
+        if (const auto* stories = std::get_if<SourceFetch::Stories>(&arrival.fetch.outcome)) {
+            waitingStories_ += stories->list.size();
+        }
+        waiting_.push_back(std::move(arrival));
+        if (waitingStories_ >= kStoriesPerTransaction) write();
+    }
+
+    /// One transaction; what it kept is reported only when it is safe.
+    void write() {
+        if (waiting_.empty()) return;
+        auto transaction = pass_.store_.transaction();
+        std::vector<SourceOutcome> kept;
+        for (auto& arrival : waiting_) kept.push_back(pass_.keep(std::move(arrival)));
+        transaction.commit();
+        waiting_.clear();
+        waitingStories_ = 0;
+        for (auto& outcome : kept) report(std::move(outcome));
+    }
+
+    /// Writes what has come every second, whatever still keeps the pass waiting.
+    void writeRegularly(asio::steady_timer& alarm) {
+        write();
+        alarm.expires_after(kLongestInMemory);
+        alarm.async_wait([this, &alarm](boost::system::error_code) { writeRegularly(alarm); });
+    }
+
+    std::vector<SourceOutcome> outcomes() { return std::move(outcomes_); }
+
+private:
+    RefreshPass& pass_;
+    const Progress& progress_;
+    std::vector<SourceOutcome> outcomes_;
+    std::vector<Arrival> waiting_;
+    std::size_t waitingStories_ = 0;
+};
+
 std::vector<SourceOutcome> RefreshPass::run(asio::io_context& io, std::vector<NewsSource> sources,
                                             const Progress& progress) {
-    std::vector<SourceOutcome> outcomes;
-    const auto report = [&](SourceOutcome outcome) {
-        if (progress) progress(outcome);
-        outcomes.push_back(std::move(outcome));
-    };
-
+    Intake intake(*this, progress);
     const auto waiting = std::stable_partition(
         sources.begin(), sources.end(),
         [&](const NewsSource& source) { return isDue(source, statuses_[source.id]); });
     for (auto source = waiting; source != sources.end(); ++source) {
-        report({.source = *source, .status = statuses_[source->id]});
+        intake.report({.source = *source, .status = statuses_[source->id]});
     }
     sources.erase(waiting, sources.end());
 
-    std::exception_ptr failure;
-    std::vector<Arrival> pending;
-    std::size_t pendingStories = 0;
-    const auto flush = [&] {
-        auto transaction = store_.transaction();
-        std::vector<SourceOutcome> kept;
-        for (auto& arrival : pending) kept.push_back(keep(std::move(arrival)));
-        transaction.commit();
-        pending.clear();
-        pendingStories = 0;
-        for (auto& outcome : kept) report(std::move(outcome));
-    };
     const auto arrived = [&](const NewsSource& source, SourceFetch fetch) {
-        if (const auto* stories = std::get_if<SourceFetch::Stories>(&fetch.outcome)) {
-            pendingStories += stories->list.size();
-        }
-        pending.push_back({source, std::move(fetch), clock_()});
-        if (pendingStories >= kStoriesPerTransaction) flush();
+        intake.add({source, std::move(fetch), clock_()});
     };
+    std::exception_ptr failure;
     asio::co_spawn(io, client_.fetchAll(std::move(sources), arrived),
                    [&](std::exception_ptr error) {
                        failure = error;
                        io.stop();
                    });
-    // What has come is kept soon, whatever still keeps the pass waiting.
     asio::steady_timer alarm(io);
-    std::function<void(boost::system::error_code)> onAlarm = [&](boost::system::error_code) {
-        if (!pending.empty()) flush();
-        alarm.expires_after(kLongestInMemory);
-        alarm.async_wait(onAlarm);
-    };
-    onAlarm({});
+    intake.writeRegularly(alarm);
     io.restart();
     io.run();
     if (failure) std::rethrow_exception(failure);
 
-    flush();
+    intake.write();
     auto transaction = store_.transaction();
     store_.stories().dropPublishedBefore(cutoff());
     transaction.commit();
-    return outcomes;
+    return intake.outcomes();
 }
 
 bool RefreshPass::isDue(const NewsSource& source, const SourceStatus& status) const {

@@ -55,6 +55,7 @@ public:
                                    const Progress& progress);
 
 private:
+    class Intake;
     struct Arrival {
         newsroom::NewsSource source;
         newsroom::SourceFetch fetch;

@@ -36,7 +36,9 @@ INSTANTIATE_TEST_SUITE_P(NamedMonths, FeedDates, testing::Values(
     DateCase{"Thu, 01 Oct 2026 08:30:15", "2026-10-01T08:30:15Z"},
     DateCase{"Sat, 31 Dec 2016 23:59:60 GMT", "2017-01-01T00:00:00Z"},
     DateCase{"Fri, 01 Mar 2041 00:00:00 GMT", "2041-03-01T00:00:00Z"},
-    DateCase{"Thu, 01 Jan 1970 00:00:00 GMT", "1970-01-01T00:00:00Z"}));
+    DateCase{"Thu, 01 Jan 1970 00:00:00 GMT", "1970-01-01T00:00:00Z"},
+    DateCase{"Mon, 01 Jan 0001 00:00:00 GMT", "0001-01-01T00:00:00Z"},
+    DateCase{"Fri, 31 Dec 9999 23:59:59 GMT", "9999-12-31T23:59:59Z"}));
 
 INSTANTIATE_TEST_SUITE_P(ZoneNames, FeedDates, testing::Values(
     DateCase{"Thu, 01 Oct 2026 08:00:00 UT", "2026-10-01T08:00:00Z"},
@@ -78,6 +80,10 @@ INSTANTIATE_TEST_SUITE_P(Unreadable, FeedDates, testing::Values(
     DateCase{"Thu, 001 Oct 2026 08:30:15 GMT", ""},
     DateCase{"Thu, 01 Oct 20260 08:30:15 GMT", ""},
     DateCase{"Thu, 01 Oct 0000 08:30:15 GMT", ""},
+    DateCase{"Mon, 01 Jan 0001 00:00:00 +0100", ""},
+    DateCase{"Fri, 31 Dec 9999 23:59:59 -2359", ""},
+    DateCase{"Fri, 31 Dec 9999 23:59:60 GMT", ""},
+    DateCase{"9999-12-31 23:59:60", ""},
     DateCase{"Thu, 01 Oct 2026 24:30:15 GMT", ""},
     DateCase{"Thu, 01 Oct 2026 08:60:15 GMT", ""},
     DateCase{"Thu, 01 Oct 2026", ""},

@@ -129,20 +129,31 @@ TEST(FeedFaults, NoFileIsReadForADocument) {
 /// Generous for a sanitizer on a busy machine, yet far below what square growth would take.
 constexpr auto patience = std::chrono::seconds(20);
 
+void expectSoon(const std::string& document, std::string_view title) {
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(titleOf(document).substr(0, 60), title) << document.substr(0, 60);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, patience) << document.substr(0, 60);
+}
+
 std::string repeated(std::string_view text, int count) {
     std::string result;
     for (int i = 0; i < count; ++i) result += text;
     return result;
 }
 
-std::string numberedAttributes(int count) {
+/// Each number from 0 on between `before` and `after`.
+std::string numbered(std::string_view before, int count, std::string_view after) {
     std::string result;
-    for (int i = 0; i < count; ++i) result += " a" + std::to_string(i) + "=''";
+    for (int i = 0; i < count; ++i) {
+        result += before;
+        result += std::to_string(i);
+        result += after;
+    }
     return result;
 }
 
 TEST(FeedFaults, HostileDocumentsEndSoon) {
-    const auto attributes = numberedAttributes(600'000);
+    const auto attributes = numbered(" a", 600'000, "=''");
     const std::pair<std::string, std::string> cases[] = {
         {withTitle(repeated("<b>", 10'000) + repeated("</b>", 10'000)), "(malformed)"},
         {"<rss><channel><item" + attributes + "/></channel></rss>", "(malformed)"},
@@ -154,11 +165,61 @@ TEST(FeedFaults, HostileDocumentsEndSoon) {
         {"<rss><!--" + repeated("-x", 2'000'000), "(malformed)"},
         {withTitle(repeated("&#1;", 1'000'000)), ""},
     };
-    for (const auto& [document, title] : cases) {
-        const auto start = std::chrono::steady_clock::now();
-        EXPECT_EQ(titleOf(document), title) << document.substr(0, 60);
-        EXPECT_LT(std::chrono::steady_clock::now() - start, patience) << document.substr(0, 60);
-    }
+    for (const auto& [document, title] : cases) expectSoon(document, title);
+}
+
+TEST(FeedFaults, TagsThatCostMoreThanTheirLengthEndSoon) {
+    const auto namespaces = numbered(" xmlns:n", 3'000, "='u'");
+    const auto names = numbered("<e", 300, "/>");
+    const std::string end = "</channel></rss>";
+    const std::pair<std::string, std::string> cases[] = {
+        {"<rss><channel>" + repeated("<a" + numbered(" a", 6'000, "=''") + "/>", 90) + end,
+         "(malformed)"},
+        {"<rss" + namespaces + "><channel>" + repeated("<q/>", 1'000'000) + end, "(malformed)"},
+        {"<rss><channel>" + repeated("<a" + namespaces + ">", 48) + repeated("<q/>", 500'000) +
+             repeated("</a>", 48) + end,
+         "(malformed)"},
+        {"<rss><channel>" + repeated("<a xmlns:n='u'/>", 350'000) + end, "(malformed)"},
+        {"<rss><channel>" + numbered("<e", 500'000, "/>") + end, "(malformed)"},
+        {"<rss><channel>" + numbered("<e a", 300'000, "=''/>") + end, "(malformed)"},
+        {"<rss><channel>" + numbered("<?p", 400'000, "?>") + end, "(malformed)"},
+        {"<rss xmlns='" + std::string(400'000, 'u') + "'><channel>" + repeated(names, 1'000) +
+             "<item><title>T</title></item>" + end,
+         "T"},
+        {"<rss><channel><item x='" + std::string(6'000'000, '>') + "'><title>T</title></item>" +
+             end,
+         "T"},
+    };
+    for (const auto& [document, title] : cases) expectSoon(document, title);
+}
+
+TEST(FeedFaults, DTDsAreReadWithinMeasure) {
+    const auto withSubset = [](const std::string& declarations) {
+        return "<!DOCTYPE rss [" + declarations + "]><rss><channel><item><title>T</title>" +
+               repeated("<a/>", 20'000) + "</item></channel></rss>";
+    };
+    const std::pair<std::string, std::string> cases[] = {
+        {withSubset("<!ENTITY e 'x'><!ELEMENT rss ANY><!ATTLIST a b CDATA #IMPLIED>"), "T"},
+        {withSubset("<!ATTLIST a" + numbered(" a", 2'000, " (x|y) #IMPLIED") + ">"), "T"},
+        {withSubset("<!ATTLIST a b CDATA 'v'>"), "(notAFeed)"},
+        {withSubset("<!ATTLIST a b CDATA #FIXED 'v'>"), "(notAFeed)"},
+        {withSubset("<!ATTLIST a" + numbered(" a", 990, " CDATA 'v'") + ">"), "(notAFeed)"},
+        {withSubset("<!ATTLIST a" + numbered(" xmlns:a", 990, " CDATA 'v'") + ">"), "(notAFeed)"},
+        {withSubset("<!ATTLIST a b CDATA '" + std::string(50'000, 'v') + "'>"), "(notAFeed)"},
+        {withSubset(numbered("<!ENTITY e", 200'000, " 'x'>")), "(notAFeed)"},
+        {withSubset("<!--'-->" + numbered("<!ENTITY e", 200'000, " '>'>") + "<!--'-->"),
+         "(notAFeed)"},
+        {withSubset("<!--" + std::string(5'000'000, 'x') + "-->"), "(notAFeed)"},
+    };
+    for (const auto& [document, title] : cases) expectSoon(document, title);
+}
+
+TEST(FeedFaults, FeedsRichInNamesAndAttributesAreNotTakenForHostile) {
+    const auto root = "<rss" + numbered(" xmlns:n", 40, "='urn:n'");
+    const auto tag = "<n7:a" + numbered(" n8:a", 10, "='x'") + " xmlns='urn:d'/>";
+    EXPECT_EQ(titleOf(root + "><channel>" + repeated(tag, 50'000) + numbered("<e", 2'000, "/>") +
+                      "<item><title>T</title></item></channel></rss>"),
+              "T");
 }
 
 TEST(FeedFaults, LongTitlesAndLongAttributesAreKept) {

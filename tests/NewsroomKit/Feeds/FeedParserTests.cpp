@@ -205,6 +205,8 @@ TEST(FeedParser, TellsTheMediumOfAnEntry) {
         {"<title>T</title><link>https://www.youtube.com/watch?v=1</link>", Medium::video},
         {"<title>T</title><link>https://m.youtube.com/shorts/1</link>", Medium::video},
         {"<title>T</title><link>https://YOUTU.BE/1</link>", Medium::video},
+        {"<title>T</title><link>https://www.YouTube.com/watch?v=1</link>", Medium::video},
+        {"<title>T</title><link>https://www.yOUTUbe.com/shorts/1</link>", Medium::video},
         {"<title>T</title><link>https://www.youtube.com/@channel</link>", Medium::article},
         {"<title>T</title><link>https://notyoutube.com/watch?v=1</link>", Medium::article},
         {"<title>T</title><enclosure url='https://a.example/1' type='audio/mpeg'/>", Medium::audio},
