@@ -78,10 +78,8 @@ class Extraction {
 public:
     Extraction(LinkedText linked, std::string_view siteURL, std::string_view sourceName)
         : linked_(std::move(linked)), sourceName_(sourceName) {
-        if (const auto site = WebAddress::parse(siteURL)) {
-            siteHost_ = site->host;
-            if (siteHost_.starts_with("www.")) siteHost_.erase(0, 4);
-        }
+        siteHost_ = hostOf(siteURL);
+        if (siteHost_.starts_with("www.")) siteHost_.erase(0, 4);
     }
 
     std::vector<SourceCredit> run() {

@@ -119,6 +119,11 @@ std::vector<SourceCredit> creditsOf(const FeedEntry& entry, const NewsSource& so
 
 std::optional<Story> StoryConversion::story(const FeedEntry& entry, const NewsSource& source,
                                             Instant now) const {
+    return convert(entry, source, now, siteHostOf(source.feedURL));
+}
+
+std::optional<Story> StoryConversion::convert(const FeedEntry& entry, const NewsSource& source,
+                                              Instant now, std::string_view feedHost) const {
     Story story;
     const bool isSearch = source.format == NewsSource::Format::googleNews;
 
@@ -138,7 +143,7 @@ std::optional<Story> StoryConversion::story(const FeedEntry& entry, const NewsSo
     } else {
         story.title = withoutDecorations(story.title);
         if (story.title.empty()) return std::nullopt;
-        story.destinationName = publisherNameOfHosts(address->host, siteHostOf(source.feedURL));
+        story.destinationName = publisherNameOfHosts(address->host, feedHost);
     }
 
     // 7. A foreign link is a story of the source that points to it.
@@ -166,8 +171,9 @@ std::vector<Story> StoryConversion::stories(const std::vector<FeedEntry>& entrie
                                             const NewsSource& source, Instant now) const {
     std::vector<Story> stories;
     stories.reserve(entries.size());
+    const auto feedHost = siteHostOf(source.feedURL);
     for (const auto& entry : entries) {
-        if (auto made = story(entry, source, now)) stories.push_back(std::move(*made));
+        if (auto made = convert(entry, source, now, feedHost)) stories.push_back(std::move(*made));
     }
     return stories;
 }

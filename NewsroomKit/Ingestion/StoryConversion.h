@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "NewsroomKit/Feeds/FeedEntry.h"
@@ -25,6 +26,9 @@ public:
                                Instant now) const;
 
 private:
+    std::optional<Story> convert(const FeedEntry& entry, const NewsSource& source, Instant now,
+                                 std::string_view feedHost) const;
+
     CanonicalLinks& links_;
 };
 
