@@ -139,7 +139,8 @@ SourceOutcome RefreshPass::keep(Arrival arrival) {
         outcome.kind = SourceOutcome::Kind::stories;
         const auto kept = belonging(source, std::move(stories->list));
         status.storyCount = static_cast<std::int64_t>(kept.size());
-        outcome.merged = store_.stories().merge(kept, moment);
+        outcome.merged =
+            store_.merging().merge(kept, {.seen = moment}, store_.state().nextStamp()).count;
     }
     store_.sources().setStatus(source.id, status);
     outcome.status = status;

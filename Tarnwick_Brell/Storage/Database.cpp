@@ -112,13 +112,15 @@ void Statement::run() {
 
 void Statement::reset() { sqlite3_reset(statement_.get()); }
 
-std::string Statement::text(int column) const {
+std::string_view Statement::view(int column) const {
     const auto* bytes =
         reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
-    return bytes ? std::string(bytes, static_cast<std::size_t>(
-                                          sqlite3_column_bytes(statement_.get(), column)))
-                 : std::string();
+    return bytes ? std::string_view(bytes, static_cast<std::size_t>(
+                                               sqlite3_column_bytes(statement_.get(), column)))
+                 : std::string_view();
 }
+
+std::string Statement::text(int column) const { return std::string(view(column)); }
 
 std::int64_t Statement::number(int column) const {
     return sqlite3_column_int64(statement_.get(), column);
@@ -189,6 +191,26 @@ void Database::useWriteAheadLog() {
 
 void Database::execute(const char* sql) {
     const int code = sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) fail(code);
+}
+
+std::int64_t SQLValue::number() const { return sqlite3_value_int64(value_); }
+
+std::string_view SQLValue::text() const {
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value_));
+    return bytes ? std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value_)))
+                 : std::string_view();
+}
+
+void Database::define(const char* name, Function function) {
+    const auto call = [](sqlite3_context* context, int, sqlite3_value** arguments) {
+        const auto& wanted = *static_cast<Function*>(sqlite3_user_data(context));
+        sqlite3_result_int64(context, wanted(SQLValue(arguments[0])));
+    };
+    const auto forget = [](void* owned) { delete static_cast<Function*>(owned); };
+    const int code =
+        sqlite3_create_function_v2(handle_.get(), name, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                                   new Function(std::move(function)), call, nullptr, nullptr, forget);
     if (code != SQLITE_OK) fail(code);
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,6 +10,7 @@
 
 struct sqlite3;
 struct sqlite3_stmt;
+struct sqlite3_value;
 
 namespace desk {
 
@@ -37,6 +39,7 @@ public:
     void reset();
 
     std::string text(int column) const;
+    std::string_view view(int column) const;  ///< as text, valid until the next step
     std::int64_t number(int column) const;
     bool isNull(int column) const;
     std::optional<std::string> optionalText(int column) const;
@@ -50,6 +53,17 @@ private:
     };
     Database& database_;
     std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
+};
+
+/// What SQL hands to a function of ours.
+class SQLValue {
+public:
+    explicit SQLValue(sqlite3_value* value) : value_(value) {}
+    std::int64_t number() const;
+    std::string_view text() const;  ///< valid during the call
+
+private:
+    sqlite3_value* value_;
 };
 
 /// One SQLite file, in WAL mode so that readers never wait for a writer. Used by one thread
@@ -67,6 +81,12 @@ public:
     Database(const std::filesystem::path& file, Access access);
 
     void execute(const char* sql);
+
+    /// A function of one argument for use in SQL. It always answers the same for the same
+    /// argument and doesn't throw.
+    using Function = std::function<std::int64_t(const SQLValue&)>;
+    void define(const char* name, Function function);
+
     /// Rows changed by the last statement.
     std::int64_t changes() const;
     const std::filesystem::path& file() const { return file_; }

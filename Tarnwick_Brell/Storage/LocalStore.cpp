@@ -11,7 +11,12 @@ bool LocalStore::exists(const std::filesystem::path& file) {
 }
 
 LocalStore::LocalStore(const std::filesystem::path& file, Database::Access access)
-    : database_(file, access), stories_(database_), sources_(database_), validators_(database_) {
+    : database_(file, access),
+      stories_(database_),
+      sources_(database_),
+      validators_(database_),
+      state_(database_),
+      hostPauses_(database_) {
     if (access == Database::Access::readWrite) {
         migrate(database_);
     } else {

@@ -3,7 +3,10 @@
 #include <filesystem>
 
 #include "Tarnwick_Brell/Storage/Database.h"
+#include "Tarnwick_Brell/Storage/DeskState.h"
+#include "Tarnwick_Brell/Storage/HostPauses.h"
 #include "Tarnwick_Brell/Storage/SourceTable.h"
+#include "Tarnwick_Brell/Storage/StoryMerge.h"
 #include "Tarnwick_Brell/Storage/StoryTable.h"
 #include "Tarnwick_Brell/Storage/ValidatorStore.h"
 
@@ -20,8 +23,12 @@ public:
     static bool exists(const std::filesystem::path& file);
 
     StoryTable& stories() { return stories_; }
+    /// Made when it is asked for: its statements need a library that may be written.
+    [[nodiscard]] StoryMerge merging() { return StoryMerge(database_); }
     SourceTable& sources() { return sources_; }
     ValidatorStore& validators() { return validators_; }
+    DeskState& state() { return state_; }
+    HostPauses& hostPauses() { return hostPauses_; }
 
     [[nodiscard]] Transaction transaction() { return Transaction(database_); }
 
@@ -30,6 +37,8 @@ private:
     StoryTable stories_;
     SourceTable sources_;
     ValidatorStore validators_;
+    DeskState state_;
+    HostPauses hostPauses_;
 };
 
 }  // namespace desk

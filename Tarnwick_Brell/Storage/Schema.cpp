@@ -3,7 +3,9 @@
 #include <array>
 #include <string>
 
+#include "Tarnwick_Brell/Storage/Instants.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Storage/StoryNumber.h"
 
 namespace desk {
 
@@ -11,7 +13,7 @@ namespace {
 
 // Each step leads from the version of its index to the next one. Steps are never changed
 // once released. Instants are microseconds since 1970; enumerations are their raw values.
-constexpr std::array<const char*, 1> kSteps{
+constexpr std::array<const char*, 2> kSteps{
     R"sql(
     CREATE TABLE stories (
         number INTEGER PRIMARY KEY,
@@ -40,7 +42,100 @@ constexpr std::array<const char*, 1> kSteps{
                                lastError TEXT, storyCount INTEGER NOT NULL) WITHOUT ROWID;
     CREATE TABLE validators (url TEXT PRIMARY KEY, entityTag TEXT, lastModified TEXT) WITHOUT ROWID;
     )sql",
+
+    // A story's number is its place in the wire (see StoryNumber.h): rows lie on disk in that
+    // order, and the full-text index, which answers by number, answers newest first.
+    // "stamp" counts the writing transactions, so that a desk finds what another program changed.
+    R"sql(
+    CREATE TABLE deskState (key TEXT PRIMARY KEY, value) WITHOUT ROWID;
+    INSERT INTO deskState VALUES ('stamp', 1);
+
+    DROP INDEX storiesInWireOrder;
+    ALTER TABLE stories RENAME TO formerStories;
+    CREATE TABLE stories (
+        number INTEGER PRIMARY KEY,
+        id TEXT NOT NULL UNIQUE,
+        link TEXT NOT NULL,
+        title TEXT NOT NULL,
+        summary TEXT NOT NULL,
+        author TEXT,
+        publishedAt INTEGER NOT NULL,
+        imageURL TEXT,
+        sourceID TEXT NOT NULL,
+        sourceName TEXT NOT NULL,
+        destinationName TEXT,
+        isAppleSource INTEGER NOT NULL,
+        kind TEXT NOT NULL,
+        sourcing TEXT NOT NULL,
+        wordpressID INTEGER,
+        articleLink TEXT,
+        credits TEXT NOT NULL,
+        firstSeen INTEGER NOT NULL,
+        arrival TEXT NOT NULL,
+        titleKey INTEGER NOT NULL,
+        stamp INTEGER NOT NULL
+    );
+    INSERT INTO stories
+        SELECT storyPlace(publishedAt) - 1 +
+                   row_number() OVER (PARTITION BY publishedAt ORDER BY firstSeen, id DESC),
+               id, link, title, summary, author, publishedAt, imageURL, sourceID, sourceName,
+               destinationName, isAppleSource, kind, sourcing, wordpressID, articleLink, credits,
+               firstSeen, 'seeded', titleKey(title), 1
+        FROM formerStories;
+    DROP TABLE formerStories;
+    CREATE INDEX storiesByTitle ON stories (titleKey);
+    CREATE INDEX storiesByStamp ON stories (stamp);
+
+    CREATE TABLE marks (number INTEGER PRIMARY KEY, readAt INTEGER, savedAt INTEGER,
+                        stamp INTEGER NOT NULL);
+    CREATE INDEX marksOfSaved ON marks (number) WHERE savedAt IS NOT NULL;
+    CREATE INDEX marksByStamp ON marks (stamp);
+    CREATE TABLE wordings (number INTEGER NOT NULL, title TEXT NOT NULL,
+                           replacedAt INTEGER NOT NULL,
+                           PRIMARY KEY (number, title)) WITHOUT ROWID;
+
+    CREATE VIRTUAL TABLE storySearch USING fts5(
+        title, summary, author, content='stories', content_rowid='number', columnsize=0,
+        tokenize='unicode61 remove_diacritics 2');
+    INSERT INTO storySearch(storySearch) VALUES ('rebuild');
+    CREATE TRIGGER storyAdded AFTER INSERT ON stories BEGIN
+        INSERT INTO storySearch (rowid, title, summary, author)
+            VALUES (new.number, new.title, new.summary, new.author);
+    END;
+    CREATE TRIGGER storyRevised AFTER UPDATE OF title, summary, author ON stories BEGIN
+        INSERT INTO storySearch (storySearch, rowid, title, summary, author)
+            VALUES ('delete', old.number, old.title, old.summary, old.author);
+        INSERT INTO storySearch (rowid, title, summary, author)
+            VALUES (new.number, new.title, new.summary, new.author);
+    END;
+    CREATE TRIGGER storyDropped AFTER DELETE ON stories BEGIN
+        INSERT INTO storySearch (storySearch, rowid, title, summary, author)
+            VALUES ('delete', old.number, old.title, old.summary, old.author);
+        DELETE FROM marks WHERE number = old.number;
+        DELETE FROM wordings WHERE number = old.number;
+    END;
+
+    ALTER TABLE customSources ADD COLUMN removedAt INTEGER;
+    ALTER TABLE sourceStatus ADD COLUMN failingSince INTEGER;
+    ALTER TABLE sourceStatus ADD COLUMN latency INTEGER;
+    ALTER TABLE sourceStatus ADD COLUMN bytes INTEGER;
+    ALTER TABLE sourceStatus ADD COLUMN lastFullFetch INTEGER;
+    ALTER TABLE sourceStatus ADD COLUMN newestStory INTEGER;
+    ALTER TABLE sourceStatus ADD COLUMN collapsed INTEGER NOT NULL DEFAULT 0;
+    ALTER TABLE sourceStatus ADD COLUMN collided INTEGER NOT NULL DEFAULT 0;
+    ALTER TABLE sourceStatus ADD COLUMN movedTo TEXT;
+    CREATE TABLE hostPauses (host TEXT PRIMARY KEY, until INTEGER NOT NULL) WITHOUT ROWID;
+    )sql",
 };
+
+// What the steps need to know about stories and SQL does not.
+void defineStoryFunctions(Database& database) {
+    database.define("storyPlace", [](const SQLValue& publishedAt) {
+        return firstStoryNumber(instantOf(publishedAt.number()));
+    });
+    database.define("titleKey",
+                    [](const SQLValue& title) { return titleKey(title.text()); });
+}
 
 std::int64_t versionOf(Database& database) {
     Statement statement(database, "PRAGMA user_version");
@@ -60,6 +155,7 @@ void refuseNewer(Database& database, std::int64_t version) {
 void migrate(Database& database) {
     refuseNewer(database, versionOf(database));
     if (versionOf(database) == static_cast<std::int64_t>(kSteps.size())) return;
+    defineStoryFunctions(database);
     Transaction transaction(database);
     // Read again: another program may have migrated while this one waited for its turn.
     const auto version = versionOf(database);
@@ -78,7 +174,7 @@ void requireCurrentSchema(Database& database) {
     refuseNewer(database, version);
     if (version == static_cast<std::int64_t>(kSteps.size())) return;
     throw StoreError(
-        StoreError::Reason::readOnly,
+        StoreError::Reason::olderVersion,
         "The library " + database.file().string() +
             " is of an older version and can't be brought up to date, because it is read-only.");
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -18,6 +19,23 @@ struct SourceStatus {
     bool operator==(const SourceStatus&) const = default;
 };
 
+/// What else those want to know who look after their sources.
+struct SourceHealth {
+    std::optional<newsroom::Instant> failingSince{};  ///< first of the failures in a row
+    std::optional<std::int64_t> latency{};  ///< milliseconds that the last fetch took, retry included
+    std::optional<std::int64_t> bytes{};    ///< of the last fetch, as they came over the wire
+    /// When the feed last came in full, not only the news that nothing is new.
+    std::optional<newsroom::Instant> lastFullFetch{};
+    std::optional<newsroom::Instant> newestStory{};  ///< publication time, of the last full fetch
+    /// Entries of the last full fetch that share their link with another one, or repeat a story
+    /// under a changed link: they have no story of their own.
+    std::int64_t collapsed = 0;
+    std::int64_t collided = 0;  ///< of the last full fetch: other stories that would get a known id
+    std::optional<std::string> movedTo{};  ///< where the feed says it has gone for good
+
+    bool operator==(const SourceHealth&) const = default;
+};
+
 }  // namespace desk
 
 template <>
@@ -27,5 +45,19 @@ struct newsroom::RecordShape<desk::SourceStatus> {
         field("lastSuccess", &desk::SourceStatus::lastSuccess),
         field("lastError", &desk::SourceStatus::lastError),
         field("storyCount", &desk::SourceStatus::storyCount),
+    };
+};
+
+template <>
+struct newsroom::RecordShape<desk::SourceHealth> {
+    static constexpr auto fields = std::tuple{
+        field("failingSince", &desk::SourceHealth::failingSince),
+        field("latency", &desk::SourceHealth::latency),
+        field("bytes", &desk::SourceHealth::bytes),
+        field("lastFullFetch", &desk::SourceHealth::lastFullFetch),
+        field("newestStory", &desk::SourceHealth::newestStory),
+        field("collapsed", &desk::SourceHealth::collapsed),
+        field("collided", &desk::SourceHealth::collided),
+        field("movedTo", &desk::SourceHealth::movedTo),
     };
 };

@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Stories/StoryShape.h"
 #include "Tarnwick_Brell/Storage/Instants.h"
-#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Storage/StoryNumber.h"
 
 namespace desk {
 
@@ -14,45 +14,36 @@ namespace {
 
 using newsroom::Story;
 
-// Columns in the order in which bindStory writes and readStory reads them.
-constexpr std::string_view kColumns =
-    "id, link, title, summary, author, publishedAt, imageURL, sourceID, sourceName, "
-    "destinationName, isAppleSource, kind, sourcing, wordpressID, articleLink, credits, firstSeen";
+constexpr std::string_view kSelection =
+    "SELECT s.id, s.link, s.title, s.summary, s.author, s.publishedAt, s.imageURL, s.sourceID, "
+    "s.sourceName, s.destinationName, s.isAppleSource, s.kind, s.sourcing, s.wordpressID, "
+    "s.articleLink, s.credits, s.firstSeen, s.arrival, s.number, m.readAt, m.savedAt "
+    "FROM stories s LEFT JOIN marks m ON m.number = s.number ";
 
-constexpr std::string_view kInsert =
-    "INSERT OR IGNORE INTO stories ({}) "
-    "VALUES (?1,?2,?3,?4,?5,?6,?7,?8,?9,?10,?11,?12,?13,?14,?15,?16,?17)";
-
-// The publication time, the first-seen time and the identity stay; a row that is the same
-// already is not written again.
-constexpr std::string_view kRevise =
-    "UPDATE stories SET title=?3, summary=?4, author=?5, imageURL=?7, sourceID=?8, sourceName=?9, "
-    "destinationName=?10, isAppleSource=?11, kind=?12, sourcing=?13, wordpressID=?14, "
-    "articleLink=coalesce(?15, articleLink), credits=?16 "
-    "WHERE id=?1 AND link=?2 AND "
-    "(title, summary, author, imageURL, sourceID, sourceName, destinationName, isAppleSource, "
-    "kind, "
-    "sourcing, wordpressID, credits) IS NOT (?3,?4,?5,?7,?8,?9,?10,?11,?12,?13,?14,?16)";
-
-void bindStory(Statement& statement, const Story& story, const std::string& credits) {
-    statement.bind(0, story.id).bind(1, story.link).bind(2, story.title).bind(3, story.summary);
-    statement.bind(4, story.author)
-        .bind(5, microseconds(story.publishedAt))
-        .bind(6, story.imageURL);
-    statement.bind(7, story.sourceID).bind(8, story.sourceName).bind(9, story.destinationName);
-    statement.bind(10, std::int64_t{story.isAppleSource}).bind(11, rawValue(story.kind));
-    statement.bind(12, rawValue(story.sourcing))
-        .bind(13, story.wordpressID)
-        .bind(14, story.articleLink);
-    statement.bind(15, credits);
-}
+constexpr std::string_view kUnsaved =
+    "number NOT IN (SELECT number FROM marks WHERE savedAt IS NOT NULL)";
 
 template <class E>
 E enumAt(const Statement& row, int column, E fallback) {
-    return newsroom::enumFromRaw<E>(row.text(column)).value_or(fallback);
+    return newsroom::enumFromRaw<E>(row.view(column)).value_or(fallback);
 }
 
-StoredStory readStory(const Statement& row) {
+std::optional<newsroom::Instant> instantAt(const Statement& row, int column) {
+    const auto number = row.optionalNumber(column);
+    return number ? std::optional(instantOf(*number)) : std::nullopt;
+}
+
+std::vector<std::int64_t> numbers(Statement& statement) {
+    std::vector<std::int64_t> all;
+    while (statement.step()) all.push_back(statement.number(0));
+    return all;
+}
+
+}  // namespace
+
+std::string_view StoryTable::selection() { return kSelection; }
+
+StoredStory StoryTable::read(const Statement& row) {
     StoredStory stored;
     Story& story = stored.story;
     story.id = row.text(0);
@@ -70,75 +61,65 @@ StoredStory readStory(const Statement& row) {
     story.sourcing = enumAt(row, 12, newsroom::Sourcing::unlabeled);
     story.wordpressID = row.optionalNumber(13);
     story.articleLink = row.optionalText(14);
-    if (const auto credits = row.text(15); credits != "[]") {
+    if (const auto credits = row.view(15); credits != "[]") {
         story.credits =
             newsroom::decode<std::vector<newsroom::SourceCredit>>(newsroom::parseJSON(credits));
     }
     stored.firstSeen = instantOf(row.number(16));
+    stored.arrival = enumAt(row, 17, Arrival::fresh);
+    stored.number = row.number(18);
+    stored.readAt = instantAt(row, 19);
+    stored.savedAt = instantAt(row, 20);
     return stored;
 }
 
-}  // namespace
-
-MergeCount& MergeCount::operator+=(const MergeCount& other) {
-    added += other.added;
-    revised += other.revised;
-    collided += other.collided;
-    return *this;
-}
-
-MergeCount StoryTable::merge(std::span<const Story> stories, newsroom::Instant seen) {
-    Statement insert(database_, fmt::format(kInsert, kColumns));
-    Statement revise(database_, kRevise);
-    Statement sameLink(database_, "SELECT 1 FROM stories WHERE id=? AND link=?");
-    MergeCount count;
-    for (const Story& story : stories) {
-        const auto credits =
-            story.credits.empty() ? "[]" : boost::json::serialize(newsroom::encode(story.credits));
-        bindStory(insert, story, credits);
-        insert.bind(16, microseconds(seen));
-        insert.run();
-        if (database_.changes() > 0) {
-            ++count.added;
-            continue;
-        }
-        bindStory(revise, story, credits);
-        revise.run();
-        if (database_.changes() > 0) {
-            ++count.revised;
-            continue;
-        }
-        sameLink.bind(0, story.id).bind(1, story.link);
-        if (!sameLink.step()) ++count.collided;
-        sameLink.reset();
-    }
-    return count;
-}
-
-void StoryTable::eachInWireOrder(std::optional<newsroom::Instant> since,
-                                 const std::function<bool(const StoredStory&)>& visit) {
-    Statement rows(database_, fmt::format("SELECT {} FROM stories WHERE publishedAt >= ? "
-                                          "ORDER BY publishedAt DESC, firstSeen DESC, id",
-                                          kColumns));
-    rows.bind(0, since ? microseconds(*since) : std::numeric_limits<std::int64_t>::min());
+void StoryTable::eachInWireOrder(std::optional<newsroom::Instant> since, const Visitor& visit) {
+    Statement rows(database_,
+                   fmt::format("{} WHERE s.number >= ? ORDER BY s.number DESC", kSelection));
+    rows.bind(0, since ? firstStoryNumber(*since) : std::numeric_limits<std::int64_t>::min());
     while (rows.step()) {
-        if (!visit(readStory(rows))) break;
+        if (!visit(read(rows))) break;
+    }
+}
+
+void StoryTable::eachChangedAfter(std::int64_t stamp, const Visitor& visit) {
+    Statement rows(database_,
+                   fmt::format("{} WHERE s.number IN (SELECT number FROM stories WHERE stamp > ?1 "
+                               "UNION SELECT number FROM marks WHERE stamp > ?1)",
+                               kSelection));
+    rows.bind(0, stamp);
+    while (rows.step()) {
+        if (!visit(read(rows))) break;
     }
 }
 
 std::vector<StoredStory> StoryTable::findByID(std::string_view prefix, std::size_t limit) {
     // Ids are hexadecimal, so "g" lies behind everything that the prefix begins.
-    Statement rows(database_,
-                   fmt::format("SELECT {} FROM stories WHERE id >= ?1 AND id < ?1 || 'g' "
-                               "ORDER BY id LIMIT ?2",
-                               kColumns));
+    Statement rows(
+        database_,
+        fmt::format("{} WHERE s.id >= ?1 AND s.id < ?1 || 'g' ORDER BY s.id LIMIT ?2", kSelection));
     rows.bind(0, prefix).bind(1, static_cast<std::int64_t>(limit));
     std::vector<StoredStory> found;
     while (rows.step()) {
-        found.push_back(readStory(rows));
+        found.push_back(read(rows));
         if (found.back().story.id == prefix) break;
     }
     return found;
+}
+
+std::optional<StoredStory> StoryTable::findByNumber(std::int64_t number) {
+    Statement row(database_, fmt::format("{} WHERE s.number = ?", kSelection));
+    row.bind(0, number);
+    return row.step() ? std::optional(read(row)) : std::nullopt;
+}
+
+std::vector<EarlierWording> StoryTable::earlierWordings(std::int64_t number) {
+    Statement rows(database_,
+                   "SELECT title, replacedAt FROM wordings WHERE number = ? ORDER BY replacedAt");
+    rows.bind(0, number);
+    std::vector<EarlierWording> wordings;
+    while (rows.step()) wordings.push_back({rows.text(0), instantOf(rows.number(1))});
+    return wordings;
 }
 
 std::size_t StoryTable::count() {
@@ -147,11 +128,23 @@ std::size_t StoryTable::count() {
     return static_cast<std::size_t>(row.number(0));
 }
 
-std::size_t StoryTable::dropPublishedBefore(newsroom::Instant cutoff) {
-    Statement statement(database_, "DELETE FROM stories WHERE publishedAt < ?");
-    statement.bind(0, microseconds(cutoff));
-    statement.run();
-    return static_cast<std::size_t>(database_.changes());
+std::vector<std::int64_t> StoryTable::dropPublishedBefore(newsroom::Instant cutoff) {
+    Statement drop(database_, fmt::format("DELETE FROM stories WHERE number < ? AND {} "
+                                          "RETURNING number",
+                                          kUnsaved));
+    drop.bind(0, firstStoryNumber(cutoff));
+    return numbers(drop);
+}
+
+std::vector<std::int64_t> StoryTable::dropBeyond(std::size_t ceiling) {
+    const auto present = count();
+    if (present <= ceiling) return {};
+    Statement drop(database_,
+                   fmt::format("DELETE FROM stories WHERE number IN (SELECT number FROM stories "
+                               "WHERE {} ORDER BY number LIMIT ?) RETURNING number",
+                               kUnsaved));
+    drop.bind(0, static_cast<std::int64_t>(present - ceiling));
+    return numbers(drop);
 }
 
 }  // namespace desk

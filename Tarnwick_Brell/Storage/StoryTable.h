@@ -1,54 +1,59 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "NewsroomKit/Records/Instant.h"
-#include "NewsroomKit/Stories/Story.h"
 #include "Tarnwick_Brell/Storage/Database.h"
+#include "Tarnwick_Brell/Storage/StoredStory.h"
 
 namespace desk {
 
-/// A story with the moment in which the desk first saw it.
-struct StoredStory {
-    newsroom::Story story;
-    newsroom::Instant firstSeen{};
+/// A headline that a story no longer has.
+struct EarlierWording {
+    std::string title{};
+    newsroom::Instant replacedAt{};
 };
 
-/// What came of adding stories to the wire.
-struct MergeCount {
-    std::size_t added = 0;
-    std::size_t revised = 0;   ///< already known, with another title, excerpt or label now
-    std::size_t collided = 0;  ///< same id, other link: the story that was there stays
-
-    MergeCount& operator+=(const MergeCount& other);
-};
-
-/// The stories of the library.
+/// The stories of the library, for reading and dropping; StoryMerge adds to them.
 class StoryTable {
 public:
     explicit StoryTable(Database& database) : database_(database) {}
 
-    /// Adds new stories. A known one keeps its id, link, publication time and first-seen
-    /// time; everything else follows the newest fetch. Within the caller's transaction.
-    MergeCount merge(std::span<const newsroom::Story> stories, newsroom::Instant seen);
+    using Visitor = std::function<bool(const StoredStory&)>;
 
     /// Stories in the order of the wire (newest first), until `visit` says false.
-    void eachInWireOrder(std::optional<newsroom::Instant> since,
-                         const std::function<bool(const StoredStory&)>& visit);
+    void eachInWireOrder(std::optional<newsroom::Instant> since, const Visitor& visit);
+
+    /// Stories that were added or revised, or whose marks changed, after that stamp of
+    /// DeskState; in no order.
+    void eachChangedAfter(std::int64_t stamp, const Visitor& visit);
 
     /// Stories whose id begins with `prefix`, at most `limit`; an exact id comes alone.
     std::vector<StoredStory> findByID(std::string_view prefix, std::size_t limit);
+    std::optional<StoredStory> findByNumber(std::int64_t number);
+
+    /// What the story's headline was before, oldest first.
+    std::vector<EarlierWording> earlierWordings(std::int64_t number);
 
     std::size_t count();
 
-    /// Returns how many went.
-    std::size_t dropPublishedBefore(newsroom::Instant cutoff);
+    /// Drops what was published before the moment, except what is saved. Returns the numbers
+    /// of what went.
+    std::vector<std::int64_t> dropPublishedBefore(newsroom::Instant cutoff);
+
+    /// Drops the oldest that are not saved until at most `ceiling` stories are left.
+    std::vector<std::int64_t> dropBeyond(std::size_t ceiling);
+
+    /// What a select of whole stories begins with, for rows that `read` understands; stories
+    /// are named "s" in it, their marks "m".
+    static std::string_view selection();
+    static StoredStory read(const Statement& row);
 
 private:
     Database& database_;

@@ -1,0 +1,36 @@
+#include "Tarnwick_Brell/Storage/DeskState.h"
+
+#include "Tarnwick_Brell/Storage/Instants.h"
+
+namespace desk {
+
+std::optional<newsroom::Instant> DeskState::instant(std::string_view key) {
+    Statement row(database_, "SELECT value FROM deskState WHERE key = ?");
+    row.bind(0, key);
+    if (!row.step() || row.isNull(0)) return std::nullopt;
+    return instantOf(row.number(0));
+}
+
+void DeskState::set(std::string_view key, std::optional<newsroom::Instant> value) {
+    Statement put(database_, "INSERT OR REPLACE INTO deskState (key, value) VALUES (?, ?)");
+    put.bind(0, key);
+    put.bind(1, value ? std::optional(microseconds(*value)) : std::nullopt);
+    put.run();
+}
+
+std::int64_t DeskState::nextStamp() {
+    Statement next(database_,
+                   "UPDATE deskState SET value = value + 1 WHERE key = 'stamp' RETURNING value");
+    next.step();
+    const auto stamp = next.number(0);
+    next.run();
+    return stamp;
+}
+
+std::int64_t DeskState::lastStamp() {
+    Statement row(database_, "SELECT value FROM deskState WHERE key = 'stamp'");
+    row.step();
+    return row.number(0);
+}
+
+}  // namespace desk

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Storage/Database.h"
+
+namespace desk {
+
+/// Single facts of the desk that outlive a run.
+class DeskState {
+public:
+    explicit DeskState(Database& database) : database_(database) {}
+
+    static constexpr std::string_view kLastRefresh = "lastRefresh";
+    static constexpr std::string_view kLastArrival = "lastArrival";
+    static constexpr std::string_view kNewSince = "newSince";
+
+    std::optional<newsroom::Instant> instant(std::string_view key);
+    void set(std::string_view key, std::optional<newsroom::Instant> value);
+
+    /// The mark of a writing transaction: every row that it changes carries it, and it is
+    /// higher than all before. To be taken inside the transaction.
+    std::int64_t nextStamp();
+    std::int64_t lastStamp();
+
+private:
+    Database& database_;
+};
+
+}  // namespace desk

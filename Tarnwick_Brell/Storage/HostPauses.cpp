@@ -1,0 +1,27 @@
+#include "Tarnwick_Brell/Storage/HostPauses.h"
+
+#include "Tarnwick_Brell/Storage/Instants.h"
+
+namespace desk {
+
+std::map<std::string, newsroom::Instant, std::less<>> HostPauses::load(newsroom::Instant now) {
+    Statement rows(database_, "SELECT host, until FROM hostPauses WHERE until > ?");
+    rows.bind(0, microseconds(now));
+    std::map<std::string, newsroom::Instant, std::less<>> pauses;
+    while (rows.step()) pauses.emplace(rows.text(0), instantOf(rows.number(1)));
+    return pauses;
+}
+
+void HostPauses::set(std::string_view host, newsroom::Instant until) {
+    Statement put(database_, "INSERT OR REPLACE INTO hostPauses (host, until) VALUES (?, ?)");
+    put.bind(0, host).bind(1, microseconds(until));
+    put.run();
+}
+
+void HostPauses::dropEndedBefore(newsroom::Instant now) {
+    Statement drop(database_, "DELETE FROM hostPauses WHERE until <= ?");
+    drop.bind(0, microseconds(now));
+    drop.run();
+}
+
+}  // namespace desk

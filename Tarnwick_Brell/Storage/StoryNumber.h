@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "NewsroomKit/Records/Instant.h"
+
+namespace desk {
+
+/// The number of a story in the library is its place in the wire: the higher, the newer.
+/// Each microsecond of publication time has room for so many stories; among stories of one
+/// moment the one that came later has the higher number.
+inline constexpr std::int64_t kStoriesPerMicrosecond = 1024;
+
+/// The lowest number of stories published at that moment. Moments that a number can't hold
+/// (before 1750, after 2200) count as the nearest that it can.
+std::int64_t firstStoryNumber(newsroom::Instant publishedAt);
+
+/// Equal for titles that differ in letter case, accents, width or white space only.
+std::int64_t titleKey(std::string_view title);
+
+}  // namespace desk
