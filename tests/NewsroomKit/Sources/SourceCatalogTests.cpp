@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/SourceCatalog.h"
 #include "NewsroomKit/Sources/SourceShape.h"
@@ -21,6 +22,7 @@ TEST(SourceCatalog, RowsAreDistinctSecureAndReadBack) {
             ASSERT_TRUE(parsed) << address;
             EXPECT_EQ(parsed->scheme, "https") << address;
             EXPECT_EQ(parsed->text(), address) << "an address that a strict parser would change";
+            EXPECT_EQ(maskedSecrets(address), address);
         }
         EXPECT_EQ(decode<NewsSource>(encode(source)), source);
     }

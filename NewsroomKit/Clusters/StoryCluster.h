@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace newsroom {
+
+/// Stories that tell the same news.
+struct StoryCluster {
+    std::string id{};  ///< the leader's id, so that it stays while the leader does
+    /// By time of publication, the leader (the earliest) first; equal times by id.
+    std::vector<std::string> storyIDs{};
+
+    bool operator==(const StoryCluster&) const = default;
+};
+
+}  // namespace newsroom
