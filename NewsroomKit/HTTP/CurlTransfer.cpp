@@ -72,7 +72,10 @@ void append(CurlList& list, const std::string& line) {
 }
 
 CurlTransfer::CurlTransfer(CurlEasy easy, TransportRequest request, const TransferRules& rules)
-    : easy_(std::move(easy)), request_(std::move(request)), rules_(rules) {
+    : easy_(std::move(easy)),
+      request_(std::move(request)),
+      rules_(rules),
+      seenPublic_(request_.namedInPublic) {
     for (const auto& line : request_.headers) append(headers_, line);
     setOptions();
     setCallbacks();
@@ -218,9 +221,8 @@ bool CurlTransfer::accept(std::string_view bytes) {
 }
 
 bool CurlTransfer::mayConnectTo(std::string_view ip) {
-    if (rules_.connectTo || redirects_ == 0 || !seenPublic_ || !rules_.isPrivate(ip)) {
-        return true;
-    }
+    const bool isUsersChoice = redirects_ == 0 && !request_.namedInPublic;
+    if (rules_.connectTo || isUsersChoice || !seenPublic_ || !rules_.isPrivate(ip)) return true;
     refusedPrivate_ = true;
     return false;
 }
@@ -296,7 +298,8 @@ TransportAnswer CurlTransfer::answer() const {
     const auto bodyBytes = info<curl_off_t>(easy, CURLINFO_SIZE_DOWNLOAD_T);
     const auto headBytes = info<long>(easy, CURLINFO_HEADER_SIZE);
     TransportAnswer answer{.status = status(),
-                           .bytesOnWire = static_cast<std::uint64_t>(bodyBytes + headBytes)};
+                           .bytesOnWire = static_cast<std::uint64_t>(bodyBytes + headBytes),
+                           .cameFromPublic = seenPublic_};
     const auto pause = info<curl_off_t>(easy, CURLINFO_RETRY_AFTER);
     if ((answer.status == 429 || answer.status == 503) && pause > 0) {
         answer.retryAfter = std::chrono::seconds(pause);

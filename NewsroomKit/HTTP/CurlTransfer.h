@@ -88,7 +88,7 @@ private:
     bool inHead_ = false;
     bool followsRedirects_ = true;
     bool refusedPrivate_ = false;
-    bool seenPublic_ = false;   ///< a peer so far was on the public network
+    bool seenPublic_;  ///< a peer so far was on the public network
     int redirects_ = 0;
     bool movedForGood_ = true;  ///< every redirect so far was permanent
     std::string movedTo_;

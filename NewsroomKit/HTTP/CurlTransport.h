@@ -26,6 +26,8 @@ struct TransportRequest {
     std::size_t byteLimit = 0;              ///< of the decoded body
     std::chrono::milliseconds idleTimeout{15'000};   ///< without a byte, connecting included
     std::chrono::milliseconds totalTimeout{30'000};
+    /// The address stands on a public page, so it must not lead to a private one.
+    bool namedInPublic = false;
 };
 
 /// What came of it, redirects followed.
@@ -38,6 +40,7 @@ struct TransportAnswer {
     std::optional<std::chrono::seconds> retryAfter = {};  ///< of a 429 or 503
     /// Where the server says the address lives now (301, 308), when the answer is good.
     std::optional<std::string> movedTo = {};
+    bool cameFromPublic = false;  ///< a server on the public network had a part in it
 };
 
 /// Runs any number of requests at once on one thread of its own; the only user of curl.

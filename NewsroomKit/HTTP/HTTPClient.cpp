@@ -40,13 +40,14 @@ asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::fetch(std::string u
 
 asio::awaitable<HTTPClient::Exchange> HTTPClient::exchange(std::string url,
                                                            Conditional conditional,
-                                                           std::size_t byteLimit) {
+                                                           std::size_t byteLimit,
+                                                           NamedBy namedBy) {
     using Kind = HTTPClientError::Kind;
     Record record;
     if (!isHTTPS(url)) co_return Exchange{HTTPClientError{.kind = Kind::notHTTPS}, record};
 
     const auto start = Clock::now();
-    auto result = co_await attempt(url, conditional, byteLimit, record);
+    auto result = co_await attempt(url, conditional, byteLimit, namedBy, record);
     if (result.has_error() && result.error().isRetryable()) {
         // Once cancelled, waiting for anything would throw: ask before each step.
         const auto isCancelled = [](const asio::cancellation_state& state) {
@@ -58,7 +59,7 @@ asio::awaitable<HTTPClient::Exchange> HTTPClient::exchange(std::string url,
         if (isCancelled(co_await asio::this_coro::cancellation_state)) {
             result = FetchError(URLError::cancelled);
         } else {
-            result = co_await attempt(url, conditional, byteLimit, record);
+            result = co_await attempt(url, conditional, byteLimit, namedBy, record);
         }
     }
     record.elapsed = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start);
@@ -68,14 +69,16 @@ asio::awaitable<HTTPClient::Exchange> HTTPClient::exchange(std::string url,
 asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::attempt(const std::string& url,
                                                                      Conditional conditional,
                                                                      std::size_t byteLimit,
+                                                                     NamedBy namedBy,
                                                                      Record& record) {
     ++record.attempts;
-    auto request = requestFor(url, conditional, byteLimit);
+    auto request = requestFor(url, conditional, byteLimit, namedBy);
     auto answer = co_await transport_.perform(std::move(request));
     record.status = answer.status;
     record.bytesOnWire += answer.bytesOnWire;
     record.retryAfter = answer.retryAfter;
     record.movedTo = std::move(answer.movedTo);
+    record.cameFromPublic = answer.cameFromPublic;
 
     if (answer.failure) co_return *answer.failure;
     if (answer.status == 304) co_return Result(NotModified{});
@@ -87,11 +90,12 @@ asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::attempt(const std::
 }
 
 TransportRequest HTTPClient::requestFor(const std::string& url, Conditional conditional,
-                                        std::size_t byteLimit) const {
+                                        std::size_t byteLimit, NamedBy namedBy) const {
     TransportRequest request{.url = url,
                              .byteLimit = byteLimit,
                              .idleTimeout = configuration_.requestTimeout,
-                             .totalTimeout = configuration_.resourceTimeout};
+                             .totalTimeout = configuration_.resourceTimeout,
+                             .namedInPublic = namedBy == NamedBy::publicPage};
     request.headers = {"User-Agent: " + configuration_.userAgent, "Cache-Control: no-cache"};
     if (conditional == Conditional::yes) {
         const auto known = validators_.find(url);

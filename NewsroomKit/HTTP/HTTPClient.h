@@ -20,6 +20,9 @@ struct TransportRequest;
 /// Whether a request tells the server which answer the caller already has.
 enum class Conditional { no, yes };
 
+/// Who named an address: what stands on a public page must not lead to a private address.
+enum class NamedBy { user, publicPage };
+
 /// The gate through which all feeds and web data are fetched: https only, every answer
 /// limited in size, one retry after a transient failure, conditional requests with the
 /// validators of the last answer.
@@ -52,6 +55,7 @@ public:
         std::optional<std::chrono::seconds> retryAfter = {};
         /// Where the address has moved for good. For people to decide on; nothing is stored.
         std::optional<std::string> movedTo = {};
+        bool cameFromPublic = false;  ///< a server on the public network had a part in the answer
     };
 
     struct Exchange {
@@ -67,18 +71,20 @@ public:
 
     /// As `fetch`, with the record.
     boost::asio::awaitable<Exchange> exchange(std::string url, Conditional conditional,
-                                              std::size_t byteLimit);
+                                              std::size_t byteLimit,
+                                              NamedBy namedBy = NamedBy::user);
 
     /// In memory only; whoever wants to keep it between runs exports and imports it.
     ValidatorTable& validators() { return validators_; }
 
 private:
     TransportRequest requestFor(const std::string& url, Conditional conditional,
-                                std::size_t byteLimit) const;
+                                std::size_t byteLimit, NamedBy namedBy) const;
     boost::asio::awaitable<void> pauseBeforeRetry() const;
     boost::asio::awaitable<FetchResult<Result>> attempt(const std::string& url,
                                                         Conditional conditional,
-                                                        std::size_t byteLimit, Record& record);
+                                                        std::size_t byteLimit, NamedBy namedBy,
+                                                        Record& record);
 
     CurlTransport& transport_;
     Configuration configuration_;

@@ -26,7 +26,9 @@ constexpr std::size_t kMostLinksTried = 3;
 constexpr std::string_view kNoStories = "That feed has no stories in it.";
 
 SourceFetch::Failed failedWith(const FetchError& error) {
-    return {.text = error.description(), .cancelled = error == FetchError(URLError::cancelled)};
+    return {.text = error.description(),
+            .cancelled = error == FetchError(URLError::cancelled),
+            .offline = error == FetchError(URLError::notConnectedToInternet)};
 }
 
 }  // namespace
@@ -35,13 +37,22 @@ SourceFetch::Failed failedWith(const FetchError& error) {
 struct FeedClient::Reading {
     std::variant<SourceFetch::Stories, FeedParserError> result = FeedParserError::notAFeed;
     std::vector<std::string> feedLinks = {};  ///< of a web page
+    std::string pageTitle = {};
 };
 
 /// One pass over many sources: the queue, and an alarm for workers that wait until a host
 /// has room again.
 struct FeedClient::Pass {
+    Pass(std::vector<NewsSource> sources, FetchQueue::Limits limits, Arrival& onArrival,
+         Gate& onTurn, const asio::any_io_executor& executor)
+        : queue(std::move(sources), limits),
+          arrival(onArrival),
+          gate(onTurn),
+          roomMade(executor, asio::steady_timer::time_point::max()) {}
+
     FetchQueue queue;
-    Arrival arrival;
+    Arrival& arrival;
+    Gate& gate;
     asio::steady_timer roomMade;
 };
 
@@ -54,12 +65,12 @@ FeedClient::FeedClient(HTTPClient& http, const StoryConversion& conversion,
       options_(options) {}
 
 asio::awaitable<SourceFetch> FeedClient::fetch(NewsSource source) {
-    co_return co_await fetchFrom(source.feedURL, source, options_.conditional);
+    co_return co_await fetchFrom(source.feedURL, source, options_.conditional, NamedBy::user);
 }
 
 asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const NewsSource& source,
-                                                   Conditional conditional) {
-    auto exchange = co_await http_.exchange(address, conditional, kByteLimit);
+                                                   Conditional conditional, NamedBy namedBy) {
+    auto exchange = co_await http_.exchange(address, conditional, kByteLimit, namedBy);
     SourceFetch fetch{.outcome = SourceFetch::Unchanged{}, .record = exchange.record};
     if (!exchange.result) {
         fetch.outcome = failedWith(exchange.result.error());
@@ -72,7 +83,7 @@ asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const Ne
     if (auto* stories = std::get_if<SourceFetch::Stories>(&reading.result)) {
         if (stories->list.empty()) {
             http_.validators().forget(address);
-            fetch.outcome = SourceFetch::Failed{std::string(kNoStories)};
+            fetch.outcome = SourceFetch::Failed{.text = std::string(kNoStories), .isEmpty = true};
         } else {
             fetch.outcome = std::move(*stories);
         }
@@ -87,8 +98,16 @@ asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const Ne
     for (const auto& link : reading.feedLinks) {
         if (link == address) continue;
         // In full: what another source got from that address is not this one's.
-        auto linked = co_await fetchFrom(link, source, Conditional::no);
-        if (!std::holds_alternative<SourceFetch::Failed>(linked.outcome)) co_return linked;
+        auto linked = co_await fetchFrom(
+            link, source, Conditional::no,
+            fetch.record.cameFromPublic ? NamedBy::publicPage : NamedBy::user);
+        if (auto* stories = std::get_if<SourceFetch::Stories>(&linked.outcome)) {
+            stories->pageTitle = reading.pageTitle;
+            co_return linked;
+        }
+        // That the page has a feed, though an empty one, says more than that it is none itself.
+        const auto* failed = std::get_if<SourceFetch::Failed>(&linked.outcome);
+        if (failed && failed->isEmpty) fetch.outcome = *failed;
     }
     co_return fetch;
 }
@@ -107,7 +126,10 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
             reading.result = parsed.error();
             // Links inside a feed that is cut off are its stories' and lead to strangers.
             const bool isPage = parsed.error() == FeedParserError::notAFeed;
-            if (isPage) reading.feedLinks = pageFeedLinks(body, address);
+            if (isPage) {
+                reading.feedLinks = pageFeedLinks(body, address);
+                reading.pageTitle = pageTitle(body).value_or("");
+            }
             if (reading.feedLinks.size() > kMostLinksTried) {
                 reading.feedLinks.resize(kMostLinksTried);
             }
@@ -125,6 +147,11 @@ asio::awaitable<void> FeedClient::work(Pass& pass) {
             co_await pass.roomMade.async_wait(asio::as_tuple(asio::use_awaitable));
             continue;
         }
+        if (pass.gate && !pass.gate(*source)) {
+            pass.queue.finished(*source);
+            pass.roomMade.cancel();
+            continue;
+        }
         auto fetched = co_await fetch(*source);
         pass.queue.finished(*source);
         pass.roomMade.cancel();
@@ -132,13 +159,13 @@ asio::awaitable<void> FeedClient::work(Pass& pass) {
     }
 }
 
-asio::awaitable<void> FeedClient::fetchAll(std::vector<NewsSource> sources, Arrival arrival) {
+asio::awaitable<void> FeedClient::fetchAll(std::vector<NewsSource> sources, Arrival arrival,
+                                           Gate gate) {
     const auto executor = co_await asio::this_coro::executor;
     const auto crowd =
         std::min<std::size_t>(static_cast<std::size_t>(options_.concurrency), sources.size());
     if (crowd == 0) co_return;
-    Pass pass{FetchQueue(std::move(sources), options_.hostLimits), std::move(arrival),
-              asio::steady_timer(executor, asio::steady_timer::time_point::max())};
+    Pass pass(std::move(sources), options_.hostLimits, arrival, gate, executor);
 
     using Worker = decltype(asio::co_spawn(executor, work(pass), asio::deferred));
     std::vector<Worker> workers;

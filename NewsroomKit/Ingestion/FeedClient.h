@@ -39,8 +39,13 @@ public:
 
     boost::asio::awaitable<SourceFetch> fetch(NewsSource source);
 
+    /// Asked on the caller's executor just before a source's turn: false leaves it out, and it
+    /// does not arrive.
+    using Gate = std::function<bool(const NewsSource&)>;
+
     /// Ends when every source has arrived, or soon after it is cancelled.
-    boost::asio::awaitable<void> fetchAll(std::vector<NewsSource> sources, Arrival arrival);
+    boost::asio::awaitable<void> fetchAll(std::vector<NewsSource> sources, Arrival arrival,
+                                          Gate gate = {});
 
 private:
     struct Reading;
@@ -49,7 +54,7 @@ private:
     boost::asio::awaitable<Reading> read(std::string body, const NewsSource& source,
                                          std::string address);
     boost::asio::awaitable<SourceFetch> fetchFrom(std::string address, const NewsSource& source,
-                                                  Conditional conditional);
+                                                  Conditional conditional, NamedBy namedBy);
     boost::asio::awaitable<void> work(Pass& pass);
 
     HTTPClient& http_;

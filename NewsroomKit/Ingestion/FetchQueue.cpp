@@ -7,17 +7,13 @@
 
 namespace newsroom {
 
-namespace {
-
-std::string hostOf(const NewsSource& source) {
+std::string FetchQueue::hostOf(const NewsSource& source) {
     const auto address = WebAddress::parse(source.feedURL);
     if (!address) return {};
     // One server under many names.
     return isHostOrSubhost(address->host, hosts::kReddit) ? std::string(hosts::kReddit)
                                                           : address->host;
 }
-
-}  // namespace
 
 FetchQueue::FetchQueue(std::vector<NewsSource> sources, Limits limits) : limits_(limits) {
     for (auto& source : sources) {

@@ -30,6 +30,9 @@ public:
 
     bool isEmpty() const { return waiting_.empty(); }
 
+    /// The host that the source's limits go by: one name for all of Reddit's.
+    static std::string hostOf(const NewsSource& source);
+
 private:
     struct Waiting {
         NewsSource source;

@@ -13,6 +13,8 @@ namespace newsroom {
 namespace {
 
 constexpr std::size_t kMostLinks = 20;
+// Looking for the end of a tag that has none takes a while.
+constexpr int kMostUnfinishedTags = 50;
 // The head of a page comes first; what is further away is no head.
 constexpr std::size_t kHeadBytes = 512 * 1024;
 
@@ -23,26 +25,57 @@ bool hasWord(std::string_view list, std::string_view word) {
     return (at == 0 || list[at - 1] == ' ') && (end == list.size() || list[end] == ' ');
 }
 
+/// The name of a tag, as it stands behind "<", is followed by white space or "/".
+bool isTag(std::string_view html, std::size_t open, std::string_view name) {
+    const auto after = open + 1 + name.size();
+    return after < html.size() && equalsLowercase(html.substr(open + 1, name.size()), name) &&
+           std::string_view(" \t\n\f\r/").find(html[after]) != std::string_view::npos;
+}
+
+/// The place of the next "<" that opens something outside comments.
+std::size_t nextTag(std::string_view html, std::size_t from) {
+    auto at = html.find('<', from);
+    while (at != std::string_view::npos && html.substr(at, 4) == "<!--") {
+        const auto end = html.find("-->", at);
+        if (end == std::string_view::npos) return end;
+        at = html.find('<', end);
+    }
+    return at;
+}
+
+/// What a "link" element's tag names, if it is a feed.
+std::string feedNamedBy(std::string_view tag) {
+    const auto rel = lowercasedASCII(attributeValue(tag, "rel"));
+    const auto type = lowercasedASCII(attributeValue(tag, "type"));
+    const bool feed =
+        type.find("rss") != std::string::npos || type.find("atom") != std::string::npos;
+    return hasWord(rel, "alternate") && feed ? attributeValue(tag, "href") : std::string();
+}
+
 }  // namespace
 
 std::vector<std::string> pageFeedLinks(std::string_view html, std::string_view pageURL) {
     html = html.substr(0, kHeadBytes);
     std::vector<std::string> links;
-    for (auto at = html.find('<'); at != std::string_view::npos && links.size() < kMostLinks;
-         at = html.find('<', at + 1)) {
-        if (!equalsLowercase(html.substr(at + 1, 4), "link")) continue;
+    std::string base(pageURL);
+    int unfinished = 0;
+    for (auto at = nextTag(html, 0); at != std::string_view::npos && links.size() < kMostLinks;
+         at = nextTag(html, at + 1)) {
+        const bool isBase = isTag(html, at, "base");
+        if (!isBase && !isTag(html, at, "link")) continue;
         const auto end = tagEnd(html, at);
+        if (end == std::string_view::npos && ++unfinished > kMostUnfinishedTags) break;
         if (end == std::string_view::npos) continue;
         const auto tag = html.substr(at + 1, end - at - 1);
-        const auto rel = lowercasedASCII(attributeValue(tag, "rel"));
-        const auto type = lowercasedASCII(attributeValue(tag, "type"));
-        const bool feed =
-            type.find("rss") != std::string::npos || type.find("atom") != std::string::npos;
-        if (!hasWord(rel, "alternate") || !feed) continue;
-        const auto address = resolvedAddress(pageURL, attributeValue(tag, "href"));
+        const auto named = isBase ? attributeValue(tag, "href") : feedNamedBy(tag);
+        if (named.empty()) continue;
+        const auto address = resolvedAddress(base, named);
         if (!address || !address->starts_with("http")) continue;
-        if (std::find(links.begin(), links.end(), *address) == links.end())
+        if (isBase) {
+            base = *address;
+        } else if (std::find(links.begin(), links.end(), *address) == links.end()) {
             links.push_back(*address);
+        }
     }
     return links;
 }

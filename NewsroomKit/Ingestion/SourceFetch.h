@@ -16,10 +16,13 @@ struct SourceFetch {
         std::vector<Story> list{};  ///< in the feed's order, at least one
         std::string feedTitle{};    ///< as the feed names itself; empty when it does not
         std::string feedURL{};      ///< what was read: the source's address, or its page's feed
+        std::string pageTitle{};    ///< of the web page that led to the feed, when one did
     };
     struct Failed {
         std::string text{};  ///< shown to the user
         bool cancelled = false;
+        bool offline = false;  ///< this computer has no network, so the source is not to blame
+        bool isEmpty = false;  ///< it was a feed, but had no story in it
     };
     struct Unchanged {};
 

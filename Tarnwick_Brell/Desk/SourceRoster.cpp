@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Desk/SourceRoster.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/SourceCatalog.h"
@@ -33,9 +34,32 @@ std::string slug(std::string_view name) {
 
 }  // namespace
 
-SourceRoster::SourceRoster(SourceTable& table)
-    : table_(table), sources_(newsroom::defaultSourceCatalog()), switches_(table.switches()) {
-    for (auto& source : table.customSources()) sources_.push_back(std::move(source));
+SourceRoster::SourceRoster(SourceTable& table) : table_(table) { reload(); }
+
+void SourceRoster::reload() {
+    sources_ = newsroom::defaultSourceCatalog();
+    for (auto& source : table_.customSources()) sources_.push_back(std::move(source));
+    removed_ = table_.removedSources();
+    switches_ = table_.switches();
+    index();
+}
+
+void SourceRoster::index() {
+    feeds_.reset();
+    places_.clear();
+    for (std::size_t i = 0; i < sources_.size(); ++i) places_.emplace(sources_[i].id, i);
+}
+
+const SourceRoster::Feeds& SourceRoster::feeds() const {
+    if (feeds_) return *feeds_;
+    Feeds made;
+    for (std::size_t i = 0; i < sources_.size(); ++i) {
+        made.places.emplace(newsroom::canonicalLink(sources_[i].feedURL), i);
+    }
+    for (const auto& source : removed_) {
+        made.removed[newsroom::canonicalLink(source.feedURL)] = source.id;
+    }
+    return feeds_.emplace(std::move(made));
 }
 
 std::vector<NewsSource> SourceRoster::enabledSources() const {
@@ -51,18 +75,21 @@ bool SourceRoster::isEnabled(const NewsSource& source) const {
 }
 
 const NewsSource* SourceRoster::find(std::string_view id) const {
-    const auto found = std::find_if(sources_.begin(), sources_.end(),
-                                    [&](const NewsSource& source) { return source.id == id; });
-    return found == sources_.end() ? nullptr : &*found;
+    const auto found = places_.find(std::string(id));
+    return found == places_.end() ? nullptr : &sources_[found->second];
 }
 
 const NewsSource* SourceRoster::findByFeed(std::string_view feedURL) const {
-    const auto canonical = newsroom::canonicalLink(feedURL);
-    const auto found =
-        std::find_if(sources_.begin(), sources_.end(), [&](const NewsSource& source) {
-            return newsroom::canonicalLink(source.feedURL) == canonical;
-        });
-    return found == sources_.end() ? nullptr : &*found;
+    const auto& places = feeds().places;
+    const auto found = places.find(newsroom::canonicalLink(feedURL));
+    return found == places.end() ? nullptr : &sources_[found->second];
+}
+
+NewsSource* SourceRoster::findOwn(std::string_view id) {
+    const auto found = places_.find(std::string(id));
+    if (found == places_.end()) return nullptr;
+    auto& source = sources_[found->second];
+    return source.kind == NewsSource::Kind::custom ? &source : nullptr;
 }
 
 void SourceRoster::setEnabled(std::string_view id, bool enabled) {
@@ -70,26 +97,73 @@ void SourceRoster::setEnabled(std::string_view id, bool enabled) {
     switches_[std::string(id)] = enabled;
 }
 
-NewsSource SourceRoster::add(std::string_view name, std::string_view feedURL) {
-    const auto address = newsroom::WebAddress::parse(feedURL);
-    const std::string host = address ? address->host : std::string("source");
+std::string SourceRoster::freshID(std::string_view name, std::string_view host) {
     std::string base = slug(name);
     if (base.empty()) base = slug(host);
-    std::string id = base;
-    for (int number = 2; find(id); ++number) id = base + "-" + std::to_string(number);
+    if (base.empty()) base = "source";
+    const auto isTaken = [&](const std::string& id) {
+        return find(id) != nullptr ||
+               std::any_of(removed_.begin(), removed_.end(),
+                           [&](const NewsSource& source) { return source.id == id; });
+    };
+    // Counting goes on where it ended, or a thousand feeds of one name would each count anew.
+    int& number = lastNumbers_[base];
+    std::string id;
+    do {
+        id = ++number == 1 ? base : base + "-" + std::to_string(number);
+    } while (isTaken(id));
+    return id;
+}
 
-    NewsSource source{
-        .id = id,
-        .name = std::string(name),
-        .feedURL = std::string(feedURL),
-        .siteURL = address ? address->scheme + "://" + host + "/" : std::string(feedURL),
-        .kind = NewsSource::Kind::custom,
-        .category = NewsSource::Category::custom,
-        .format = NewsSource::Format::feed,
-        .enabledByDefault = true};
-    table_.add(source);
+NewsSource SourceRoster::add(std::string_view name, std::string_view feedURL,
+                             std::string_view siteURL) {
+    const auto address = newsroom::WebAddress::parse(feedURL);
+    const auto canonical = newsroom::canonicalLink(feedURL);
+    NewsSource source{.name = std::string(name),
+                      .feedURL = std::string(feedURL),
+                      .siteURL = std::string(siteURL),
+                      .kind = NewsSource::Kind::custom,
+                      .category = NewsSource::Category::custom,
+                      .format = NewsSource::Format::feed,
+                      .enabledByDefault = true};
+    if (source.siteURL.empty()) {
+        source.siteURL =
+            address ? address->scheme + "://" + address->host + "/" : std::string(feedURL);
+    }
+    if (const auto former = feeds().removed.find(canonical); former != feeds().removed.end()) {
+        source.id = former->second;
+        table_.restore(source);
+        std::erase_if(removed_, [&](const NewsSource& other) { return other.id == source.id; });
+        feeds_->removed.erase(canonical);
+    } else {
+        source.id = freshID(name, address ? address->host : "");
+        table_.add(source);
+    }
+    places_.emplace(source.id, sources_.size());
+    feeds_->places.emplace(canonical, sources_.size());
     sources_.push_back(source);
     return source;
+}
+
+bool SourceRoster::rename(std::string_view id, std::string_view name) {
+    auto* source = findOwn(id);
+    if (!source) return false;
+    NewsSource renamed = *source;
+    renamed.name = name;
+    table_.update(renamed);
+    *source = std::move(renamed);
+    return true;
+}
+
+bool SourceRoster::remove(std::string_view id, newsroom::Instant now) {
+    auto* source = findOwn(id);
+    if (!source) return false;
+    table_.remove(id, now);
+    switches_.erase(source->id);
+    removed_.push_back(std::move(*source));
+    sources_.erase(sources_.begin() + (source - sources_.data()));
+    index();
+    return true;
 }
 
 }  // namespace desk

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <future>
 #include <map>
 #include <thread>
@@ -110,6 +111,46 @@ TEST_F(FeedClientTest, AWebPageLeadsToItsFeed) {
     serve("loop.example", "/", {.body = "<link rel='alternate' type='rss' href='/'>"});
     EXPECT_EQ(text(fetch("https://loop.example/")), "The address didn't return a feed.");
     EXPECT_EQ(bench_.server.hits("loop.example"), 1u);
+}
+
+/// For servers on loopback: 127.0.0.1 plays a public address, all others are private.
+bool isAnywhereElse(std::string_view ip) { return ip != "127.0.0.1"; }
+
+TEST_F(FeedClientTest, APageLeadsToAPrivateAddressOnlyWhenItLiesAtOneItself) {
+    pressroom::ScriptedHandler script;
+    pressroom::Server outside(script.handler());
+    pressroom::Server inside(script.handler(), {.address = "127.0.0.2"});
+    const auto publicURL = "https://127.0.0.1:" + std::to_string(outside.port());
+    const auto privateURL = "https://127.0.0.2:" + std::to_string(inside.port());
+    const auto pageOf = [](const std::string& feed) {
+        return Response{.body = "<html><title>P - x</title><link rel='alternate' type='rss' href='" +
+                                feed + "'>"};
+    };
+    script.on("127.0.0.1", "/", {pageOf(privateURL + "/feed")});
+    script.on("127.0.0.1", "/around", {pageOf("/redirect")});
+    script.on("127.0.0.1", "/redirect",
+              {{.status = 302, .headers = {{"Location", privateURL + "/feed"}}}});
+    script.on("127.0.0.2", "/", {pageOf("/feed")});
+    script.on("127.0.0.2", "/feed", {{.body = feedOf(1)}});
+
+    const test::TemporaryFolder folder;
+    const auto authorities = folder.path() / "authorities.pem";
+    outside.writeAuthority(authorities);
+    std::ofstream(authorities, std::ios::app) << inside.authorityPEM();
+    CurlTransport transport({.caFile = authorities, .isPrivate = isAnywhereElse});
+    HTTPClient http(transport, test::impatient());
+    FeedClient client(http, conversion_, workers_, [] { return Instant(); }, {});
+    const auto outcome = [&](const std::string& url) {
+        auto result = asio::co_spawn(io_, client.fetch(at(url)), asio::use_future);
+        run();
+        return result.get();
+    };
+    EXPECT_EQ(text(outcome(publicURL + "/")), "The address didn't return a feed.");
+    EXPECT_EQ(text(outcome(publicURL + "/around")), "The address didn't return a feed.");
+    EXPECT_EQ(inside.connections(), 0U);
+    const auto own = outcome(privateURL + "/");
+    ASSERT_EQ(text(own), "1 stories of Sample feed");
+    EXPECT_EQ(std::get<SourceFetch::Stories>(own.outcome).pageTitle, "P");
 }
 
 TEST_F(FeedClientTest, ABodyThatDidNotParseIsAskedForAgainInFull) {

@@ -20,7 +20,24 @@ TEST(PageFeedLinks, FindsAlternateLinksOfFeedTypesInAnyLetterCaseAndQuotes) {
         kPage);
     EXPECT_EQ(links, (std::vector<std::string>{"https://example.com/f?a=1&b=2",
                                                "https://example.com/atom.xml"}));
-    EXPECT_TRUE(pageFeedLinks("<link rel=alternate type=rss href=", kPage).empty());
+    const struct {
+        const char* html;
+        std::vector<std::string> links;
+    } cases[] = {
+        {"<link rel=alternate type=rss href=", {}},
+        {"<linkage rel='alternate' type='rss' href='/a'>", {}},
+        {"<!-- <link rel='alternate' type='rss' href='/old'> --><LINK\nrel='alternate' type='rss' "
+         "href='/new'>",
+         {"https://example.com/new"}},
+        {"<!-- <link rel='alternate' type='rss' href='/old'>", {}},
+        {"<base href='//cdn.example/x/'><link rel='alternate' type='rss' href='feed'>",
+         {"https://cdn.example/x/feed"}},
+        {"<base href='javascript:x'><link rel='alternate' type='rss' href=''>"
+         "<link rel='alternate' type='rss' href='feed'>",
+         {"https://example.com/blog/feed"}},
+        {"<link rel='alternate' type='rss' href='file:///etc/passwd'>", {}},
+    };
+    for (const auto& c : cases) EXPECT_EQ(pageFeedLinks(c.html, kPage), c.links) << c.html;
     std::string hostile;
     while (hostile.size() < 500'000) hostile += "<link ";
     EXPECT_TRUE(pageFeedLinks(hostile + ">", kPage).empty()) << "and in no time";

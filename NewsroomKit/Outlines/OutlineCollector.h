@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "NewsroomKit/Outlines/Outlines.h"
+
+namespace newsroom {
+
+/// The attributes of an outline that mean something, as they are written.
+struct OutlineAttributes {
+    std::string text{};   ///< what its owner calls it
+    std::string title{};  ///< what the feed calls itself
+    std::string xmlURL{};
+    std::string htmlURL{};
+    std::string url{};  ///< of a link or an included list
+};
+
+/// Turns the outlines of a document, as they begin and end, into a list of feeds.
+class OutlineCollector {
+public:
+    void begin(const OutlineAttributes& attributes);
+    void end();
+    void setTitle(std::string_view html);
+
+    std::size_t count() const { return count_; }
+    Outlines take() { return std::move(outlines_); }
+
+private:
+    void skip(const OutlineAttributes& attributes, OutlineRefusal reason);
+    void addFeed(const OutlineAttributes& attributes);
+
+    Outlines outlines_;
+    std::vector<std::string> open_;  ///< titles of the open outlines, as far as they count
+    std::size_t depth_ = 0;
+    std::size_t count_ = 0;
+    std::unordered_set<std::string> known_;  ///< canonical addresses
+};
+
+}  // namespace newsroom

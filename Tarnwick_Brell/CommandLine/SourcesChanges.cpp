@@ -1,0 +1,94 @@
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Sources/SourceShape.h"
+#include "NewsroomKit/Text/Unicode.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/SourcesActions.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/Desk/SourceRoster.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::NewsSource;
+
+const NewsSource& known(const desk::SourceRoster& roster, const std::string& id) {
+    if (const auto* source = roster.find(id)) return *source;
+    throw WrongUsage("There is no source with the id " + id + ". See brell sources.");
+}
+
+const NewsSource& ownSource(const desk::SourceRoster& roster, const std::string& id,
+                            std::string_view advice) {
+    const auto& source = known(roster, id);
+    if (source.kind == NewsSource::Kind::custom) return source;
+    throw WorkFailed(fmt::format("{} belongs to the catalogue; {}.", source.name, advice));
+}
+
+}  // namespace
+
+int switchSources(Session& session, const std::vector<std::string>& ids, bool enabled) {
+    auto& store = session.store();
+    desk::SourceRoster roster(store.sources());
+    for (const auto& id : ids) known(roster, id);
+    auto transaction = store.transaction();
+    for (const auto& id : ids) roster.setEnabled(id, enabled);
+    transaction.commit();
+
+    boost::json::array changed;
+    for (const auto& id : ids) {
+        changed.push_back({{"id", id}, {"enabled", enabled}});
+        if (session.options().json) continue;
+        session.out().line(fmt::format("{} is {}.", printable(known(roster, id).name),
+                                       enabled ? "on" : "off"));
+    }
+    if (session.options().json) session.out().line(boost::json::serialize(changed));
+    return kDone;
+}
+
+int renameSource(Session& session, const std::string& id, const std::string& name) {
+    const auto wanted = printable(newsroom::trimWhitespaceAndNewlines(name));
+    if (wanted.empty()) throw WrongUsage("A source needs a name.");
+    desk::SourceRoster roster(session.store().sources());
+    const auto former = ownSource(roster, id, "its name can't be changed").name;
+    roster.rename(id, wanted);
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(newsroom::encode(known(roster, id))));
+    } else {
+        session.out().line(fmt::format("{} is now named {}.", printable(former), wanted));
+    }
+    return kDone;
+}
+
+/// All of them or none.
+int removeSources(Session& session, const std::vector<std::string>& ids) {
+    auto& store = session.store();
+    desk::SourceRoster roster(store.sources());
+    std::vector<NewsSource> removed;
+    for (const auto& id : ids) {
+        const auto& source = ownSource(roster, id, "disable it instead");
+        if (std::find(removed.begin(), removed.end(), source) == removed.end()) {
+            removed.push_back(source);
+        }
+    }
+    auto transaction = store.transaction();
+    for (const auto& source : removed) roster.remove(source.id, session.now());
+    transaction.commit();
+
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(newsroom::encode(removed)));
+        return kDone;
+    }
+    for (const auto& source : removed) {
+        session.out().line(
+            fmt::format("Removed {}. What it brought stays in the wire.", printable(source.name)));
+    }
+    return kDone;
+}
+
+}  // namespace brell

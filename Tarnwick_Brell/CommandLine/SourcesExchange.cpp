@@ -1,0 +1,154 @@
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Outlines/OutlineParser.h"
+#include "NewsroomKit/Outlines/OutlineWriter.h"
+#include "NewsroomKit/Sources/SourceShape.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/SourcesActions.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/Desk/SourceRoster.h"
+
+namespace brell {
+
+namespace {
+
+constexpr std::size_t kWidestName = 40;
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+/// At most one byte more than a list may have, so that a stream without end ends. "-" is the
+/// standard input.
+std::string readList(const std::string& file) {
+    const auto fail = [&] {
+        throw WorkFailed(fmt::format("{} can't be read ({}).",
+                                     file == "-" ? "The standard input" : printable(file),
+                                     std::generic_category().message(errno)));
+    };
+    const bool isInput = file == "-";
+    const std::unique_ptr<std::FILE, CloseFile> opened(isInput ? nullptr
+                                                               : std::fopen(file.c_str(), "rb"));
+    if (!isInput && !opened) fail();
+    std::FILE* const stream = isInput ? stdin : opened.get();
+    std::string bytes(newsroom::outlineByteLimit + 1, '\0');
+    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream));
+    if (std::ferror(stream)) fail();
+    return bytes;
+}
+
+boost::json::object recordOf(const newsroom::OutlineFeed& feed) {
+    return {{"name", feed.title}, {"feedURL", feed.feedURL}, {"siteURL", feed.siteURL}};
+}
+
+void printJSON(Session& session, const desk::ImportPreview& preview, boost::json::array added) {
+    boost::json::array known, refused;
+    for (const auto& entry : preview.known) {
+        auto record = recordOf(entry.feed);
+        record["id"] = entry.source.id;
+        known.push_back(std::move(record));
+    }
+    for (const auto& entry : preview.refused) {
+        refused.push_back({{"text", entry.text}, {"reason", label(entry.reason)}});
+    }
+    session.out().line(boost::json::serialize(boost::json::object{{"title", preview.title},
+                                                                  {"added", std::move(added)},
+                                                                  {"known", std::move(known)},
+                                                                  {"refused", std::move(refused)}}));
+}
+
+std::string counted(std::size_t count) {
+    return fmt::format("{} {}", count, count == 1 ? "source" : "sources");
+}
+
+/// What stays as it is, and why.
+void printLeftOut(Session& session, const desk::ImportPreview& preview) {
+    const auto row = [&](std::string_view name, std::string_view remark) {
+        session.out().line(fmt::format(
+            "  {}  {}", padTo(printable(newsroom::maskedSecrets(name)), kWidestName), remark));
+    };
+    if (!preview.known.empty()) {
+        session.out().line(fmt::format("Known already: {}.", counted(preview.known.size())));
+        for (const auto& entry : preview.known) {
+            row(entry.feed.title.empty() ? entry.source.name : entry.feed.title, entry.source.id);
+        }
+    }
+    if (preview.refused.empty()) return;
+    session.out().line(fmt::format("Refused: {}.", preview.refused.size()));
+    for (const auto& entry : preview.refused) row(entry.text, label(entry.reason));
+}
+
+int showImport(Session& session, const desk::ImportPreview& preview) {
+    if (session.options().json) {
+        boost::json::array fresh;
+        for (const auto& feed : preview.fresh) fresh.push_back(recordOf(feed));
+        printJSON(session, preview, std::move(fresh));
+        return kDone;
+    }
+    session.out().line(fmt::format("Would be added: {}.", counted(preview.fresh.size())));
+    for (const auto& feed : preview.fresh) {
+        session.out().line(fmt::format("  {}  {}", padTo(printable(feed.title), kWidestName),
+                                       printable(newsroom::maskedSecrets(feed.feedURL))));
+    }
+    printLeftOut(session, preview);
+    return kDone;
+}
+
+}  // namespace
+
+int importSources(Session& session, const std::string& file, bool preview) {
+    auto parsed = newsroom::parseOutlines(readList(file));
+    if (!parsed) throw WorkFailed(std::string(description(parsed.error())));
+    auto& store = preview ? session.storeForReading() : session.store();
+    desk::SourceRoster roster(store.sources());
+    const auto plan = desk::previewImport(std::move(parsed.value()), roster);
+    if (preview) return showImport(session, plan);
+
+    const auto added = desk::applyImport(plan, store, roster);
+    if (session.options().json) {
+        printJSON(session, plan, newsroom::encode(added).get_array());
+        return kDone;
+    }
+    session.out().line(fmt::format("Added: {}.", counted(added.size())));
+    for (const auto& source : added) {
+        session.out().line(
+            fmt::format("  {}  {}", padTo(printable(source.name), kWidestName), source.id));
+    }
+    printLeftOut(session, plan);
+    return kDone;
+}
+
+int exportSources(Session& session, desk::ExportScope scope, bool withSecrets) {
+    const desk::SourceRoster roster(session.storeForReading().sources());
+    auto outlines = desk::exportedSources(roster, scope);
+    boost::json::array withheld;
+    for (auto& feed : outlines.feeds) {
+        if (withSecrets || !newsroom::carriesSecret(feed.feedURL)) continue;
+        feed.feedURL.clear();
+        withheld.emplace_back(feed.title);
+        fmt::print(stderr,
+                   "brell: Left out the address of {}: it carries a password or key. "
+                   "--with-secrets keeps it.\n",
+                   printable(feed.title));
+    }
+    const auto list = newsroom::writeOutlines(outlines);
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(boost::json::object{
+            {"count", outlines.feeds.size()}, {"withheld", std::move(withheld)}, {"opml", list}}));
+    } else {
+        session.out().write(list);
+    }
+    return kDone;
+}
+
+}  // namespace brell

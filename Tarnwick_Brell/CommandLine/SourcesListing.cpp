@@ -1,0 +1,64 @@
+#include <chrono>
+#include <string>
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Sources/SourceShape.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/SourcesActions.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/TextTable.h"
+#include "Tarnwick_Brell/Desk/SourceRoster.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::NewsSource;
+
+std::string statusText(const desk::SourceStatus& status, newsroom::Instant now) {
+    if (status.lastError) return "failing";
+    if (!status.lastSuccess) return "never fetched";
+    return fmt::format("{} {}, {}", status.storyCount, status.storyCount == 1 ? "story" : "stories",
+                       *status.lastSuccess + std::chrono::minutes(1) > now
+                           ? "just now"
+                           : age(*status.lastSuccess, now) + " ago");
+}
+
+int listAsJSON(Session& session, desk::LocalStore& store, const desk::SourceRoster& roster) {
+    auto statuses = store.sources().statuses();
+    boost::json::array list;
+    for (const auto& source : roster.sources()) {
+        auto record = newsroom::encode(source).get_object();
+        record["enabled"] = roster.isEnabled(source);
+        record["status"] = newsroom::encode(statuses[source.id]);
+        list.push_back(std::move(record));
+    }
+    session.out().line(boost::json::serialize(list));
+    return kDone;
+}
+
+}  // namespace
+
+int listSources(Session& session) {
+    auto& store = session.storeForReading();
+    const desk::SourceRoster roster(store.sources());
+    if (session.options().json) return listAsJSON(session, store, roster);
+    auto statuses = store.sources().statuses();
+    TextTable table({"source", "id", "", "last fetch"});
+    const NewsSource* previous = nullptr;
+    for (const auto& source : roster.sources()) {
+        if (!previous || previous->category != source.category) {
+            table.begin(std::string(label(source.category)));
+        }
+        previous = &source;
+        const auto& status = statuses[source.id];
+        table.add({printable(source.name), source.id, roster.isEnabled(source) ? "on" : "off",
+                   statusText(status, session.now())});
+        if (status.lastError) table.addNote(printable(*status.lastError));
+    }
+    table.print(session.out());
+    return kDone;
+}
+
+}  // namespace brell

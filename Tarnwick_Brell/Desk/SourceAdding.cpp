@@ -1,0 +1,157 @@
+#include "Tarnwick_Brell/Desk/SourceAdding.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include <boost/asio/use_awaitable.hpp>
+
+#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/WebAddress.h"
+#include "NewsroomKit/Feeds/HTMLText.h"
+#include "NewsroomKit/Feeds/TextCut.h"
+#include "NewsroomKit/Sources/SourceAddress.h"
+#include "Tarnwick_Brell/Desk/SourceSchedule.h"
+
+namespace desk {
+
+namespace asio = boost::asio;
+
+using newsroom::NewsSource;
+using newsroom::SourceFetch;
+using newsroom::WebAddress;
+
+namespace {
+
+constexpr std::size_t kLongestName = 60;
+constexpr std::size_t kTitlesShown = 5;
+
+std::string hostOf(const std::string& address) {
+    const auto parsed = WebAddress::parse(address);
+    return parsed ? parsed->host : address;
+}
+
+std::string siteOf(const std::string& address) {
+    const auto parsed = WebAddress::parse(address);
+    return parsed ? parsed->scheme + "://" + parsed->host + "/" : address;
+}
+
+/// "@name" alone reads as an address, but of a host that cannot be.
+bool isPlausible(const std::string& address) {
+    const auto host = hostOf(address);
+    return host.find_first_of(".:") != std::string::npos || host == "localhost";
+}
+
+std::vector<std::string> plausibleCandidates(std::string_view typed) {
+    auto candidates = newsroom::SourceAddress::candidates(typed);
+    std::erase_if(candidates, [](const auto& address) { return !isPlausible(address); });
+    return candidates;
+}
+
+/// A source as it would be fetched before the desk knows it.
+NewsSource trial(const std::string& address) {
+    return {.id = "trial",
+            .name = address,
+            .feedURL = address,
+            .siteURL = address,
+            .kind = NewsSource::Kind::custom,
+            .category = NewsSource::Category::custom};
+}
+
+std::string nameOf(const SourceFetch::Stories& stories) {
+    for (const auto& title : {stories.feedTitle, stories.pageTitle}) {
+        const auto name = newsroom::cutAtWord(newsroom::cleanHeadline(title), kLongestName);
+        if (!name.empty()) return name;
+    }
+    return hostOf(stories.feedURL);
+}
+
+AddressCheck describe(const std::string& candidate, const SourceFetch::Stories& stories) {
+    AddressCheck check{.name = nameOf(stories),
+                       .feedURL = stories.feedURL,
+                       .siteURL = siteOf(candidate),
+                       .storyCount = stories.list.size()};
+    for (const auto& story : stories.list) {
+        check.newestStory = std::max(check.newestStory, std::optional(story.publishedAt));
+        if (check.titles.size() < kTitlesShown) check.titles.push_back(story.title);
+    }
+    return check;
+}
+
+}  // namespace
+
+SourceAdding::SourceAdding(LocalStore& store, SourceRoster& roster, FetchEngine& engine,
+                           newsroom::FeedClient::Clock clock)
+    : store_(store), roster_(roster), engine_(engine), clock_(std::move(clock)) {}
+
+/// What speaks against fetching the address at all.
+std::optional<AddSourceError> SourceAdding::obstacle(const std::string& candidate) const {
+    if (const auto* known = roster_.findByFeed(candidate)) {
+        return AddSourceError{AddSourceError::Kind::alreadyAdded, known->name};
+    }
+    const auto now = clock_();
+    const auto pause = pauseOf(trial(candidate), store_.hostPauses().load(now), now);
+    if (!pause) return std::nullopt;
+    const auto minutes = std::chrono::ceil<std::chrono::minutes>(*pause - now).count();
+    return AddSourceError{AddSourceError::Kind::fetchFailed,
+                          "The server wants to be left alone for now. Try again in " +
+                              std::to_string(minutes) + " min."};
+}
+
+asio::awaitable<SourceAdding::Checked> SourceAdding::check(std::string typed) {
+    AddSourceError reason{AddSourceError::Kind::invalidAddress};
+    // 1. What the text may mean is tried in order; a page's feeds come with the page.
+    for (const auto& candidate : plausibleCandidates(typed)) {
+        if (auto found = obstacle(candidate)) co_return *found;
+        // "Unchanged" would be no answer here: the stories themselves are wanted.
+        engine_.http().validators().forget(candidate);
+        auto source = trial(candidate);
+        const auto fetched = co_await engine_.feeds().fetch(std::move(source));
+        // 2. The first feed with a story counts, unless the desk has it under another address.
+        if (const auto* stories = std::get_if<SourceFetch::Stories>(&fetched.outcome)) {
+            if (const auto* known = roster_.findByFeed(stories->feedURL)) {
+                co_return AddSourceError{AddSourceError::Kind::alreadyAdded, known->name};
+            }
+            co_return describe(candidate, *stories);
+        }
+        // 3. Without any, the last failure is told.
+        if (const auto* failed = std::get_if<SourceFetch::Failed>(&fetched.outcome)) {
+            reason = failed->isEmpty
+                         ? AddSourceError{AddSourceError::Kind::empty}
+                         : AddSourceError{AddSourceError::Kind::fetchFailed, failed->text};
+        }
+    }
+    co_return reason;
+}
+
+asio::awaitable<SourceAdding::Added> SourceAdding::add(std::string typed) {
+    const auto checked = co_await check(std::move(typed));
+    if (const auto* error = std::get_if<AddSourceError>(&checked)) co_return *error;
+    const auto& found = std::get<AddressCheck>(checked);
+    co_return write(found.name, found.feedURL, found.siteURL);
+}
+
+SourceAdding::Added SourceAdding::addUnchecked(std::string_view typed) {
+    const auto candidates = plausibleCandidates(typed);
+    if (candidates.empty()) return AddSourceError{AddSourceError::Kind::invalidAddress};
+    const auto& address = candidates.front();
+    const auto parsed = WebAddress::parse(address);
+    const auto name = hostOf(address) + (parsed ? newsroom::percentDecoded(parsed->path) : "");
+    // What stands in a name is shown everywhere.
+    return write(newsroom::cutAtWord(newsroom::maskedSecrets(name), kLongestName), address,
+                 siteOf(address));
+}
+
+/// Another program may have added the same feed while this one waited for the network.
+SourceAdding::Added SourceAdding::write(const std::string& name, const std::string& feedURL,
+                                        const std::string& siteURL) {
+    auto transaction = store_.transaction();
+    roster_.reload();
+    if (const auto* known = roster_.findByFeed(feedURL)) {
+        return AddSourceError{AddSourceError::Kind::alreadyAdded, known->name};
+    }
+    auto source = roster_.add(name, feedURL, siteURL);
+    transaction.commit();
+    return source;
+}
+
+}  // namespace desk

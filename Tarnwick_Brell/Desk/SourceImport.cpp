@@ -1,0 +1,62 @@
+#include "Tarnwick_Brell/Desk/SourceImport.h"
+
+#include <utility>
+
+#include "NewsroomKit/Addresses/WebAddress.h"
+
+namespace desk {
+
+using newsroom::NewsSource;
+
+namespace {
+
+std::string nameOf(const newsroom::OutlineFeed& feed) {
+    if (!feed.title.empty()) return feed.title;
+    const auto address = newsroom::WebAddress::parse(feed.feedURL);
+    return address ? address->host : feed.feedURL;
+}
+
+}  // namespace
+
+ImportPreview previewImport(newsroom::Outlines outlines, const SourceRoster& roster) {
+    ImportPreview preview{.title = std::move(outlines.title),
+                          .refused = std::move(outlines.skipped)};
+    for (auto& feed : outlines.feeds) {
+        if (const auto* source = roster.findByFeed(feed.feedURL)) {
+            preview.known.push_back({std::move(feed), *source});
+        } else {
+            feed.title = nameOf(feed);
+            preview.fresh.push_back(std::move(feed));
+        }
+    }
+    return preview;
+}
+
+std::vector<NewsSource> applyImport(const ImportPreview& preview, LocalStore& store,
+                                    SourceRoster& roster) {
+    auto transaction = store.transaction();
+    // Another program may have added some of them since the preview.
+    roster.reload();
+    std::vector<NewsSource> added;
+    for (const auto& feed : preview.fresh) {
+        if (roster.findByFeed(feed.feedURL)) continue;
+        added.push_back(roster.add(feed.title, feed.feedURL, feed.siteURL));
+    }
+    transaction.commit();
+    return added;
+}
+
+newsroom::Outlines exportedSources(const SourceRoster& roster, ExportScope scope) {
+    newsroom::Outlines outlines{.title = "Sources of Tarnwick Brell"};
+    for (const auto& source : roster.sources()) {
+        const bool isOwn = source.kind == NewsSource::Kind::custom;
+        if (!isOwn && (scope == ExportScope::own || !roster.isEnabled(source))) continue;
+        outlines.feeds.push_back({.title = source.name,
+                                  .feedURL = source.feedURL,
+                                  .siteURL = source.siteURL,
+                                  .folders = {std::string(label(source.category))}});
+    }
+    return outlines;
+}
+
+}  // namespace desk

@@ -1,0 +1,167 @@
+#!/usr/bin/env python3
+"""Looking after sources: adding, changing, exchanging lists with other readers, the console."""
+import shutil
+import tempfile
+import time
+import unittest
+import xml.etree.ElementTree as ElementTree
+from pathlib import Path
+
+from bench import Desk, PressRoom
+
+FILES = "https://files.press-room.example/"
+SECRET = FILES + "private.xml?token=s3cr3tS3cr3tS3cr3t99"
+
+
+def feed(title, *links):
+    items = "".join(f"<item><title>Apple story {number}</title><link>{link}</link>"
+                    f"<pubDate>Mon, 02 Nov 2026 1{number}:00:00 GMT</pubDate></item>"
+                    for number, link in enumerate(links))
+    return f"<rss><channel><title>{title}</title>{items}</channel></rss>"
+
+
+def own(desk):
+    return {source["id"]: source for source in desk.json("sources") if source["kind"] == "custom"}
+
+
+class Sources(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = Path(tempfile.mkdtemp())
+        for name, title in {"one": "Café Wire", "two": "Second \x1b[31m&amp; last"}.items():
+            (cls.folder / f"{name}.xml").write_text(
+                feed(title.replace("\x1b", ""), *(f"https://{name}.example/{i}" for i in range(7))))
+        (cls.folder / "private.xml").write_text(feed("Members", "https://members.example/1"))
+        (cls.folder / "page.html").write_text(
+            "<html><title>A page - Files</title>"
+            "<!--<link rel='alternate' type='application/rss+xml' href='/two.xml'>-->"
+            "<link rel='alternate' type='application/rss+xml' href='one.xml'>")
+        cls.room = PressRoom("--files", cls.folder)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.room.close()
+        shutil.rmtree(cls.folder)
+
+    def setUp(self):
+        self.desk = Desk(self.room.network)
+        self.addCleanup(self.desk.close)
+
+    def test_a_check_shows_what_an_address_would_bring_and_adds_nothing(self):
+        text = self.desk.run("sources", "check", FILES + "page.html").stdout
+        self.assertIn("Café Wire\n", text)
+        self.assertIn("stories  7, the newest of 2026-11-02 16:00 UTC\n", text)
+        self.assertIn("Apple story 4\n", text)
+        found = self.desk.json("sources", "check", FILES + "page.html")
+        self.assertEqual((found["feedURL"], found["storyCount"]), (FILES + "one.xml", 7))
+        self.assertNotIn("s3cr3t", self.desk.run("sources", "check", SECRET).stdout)
+        self.assertFalse((self.desk.folder / "library.sqlite").exists(), "checking makes no files")
+        self.assertIn("already one of your sources",
+                      self.desk.run("sources", "check", "sixcolors.com", status=1).stderr)
+
+    def test_own_sources_are_renamed_and_removed_and_come_back_under_their_id(self):
+        self.desk.run("sources", "add", FILES + "one.xml", FILES + "two.xml")
+        self.assertEqual(list(own(self.desk)), ["cafe-wire", "second-31m-last"])
+        self.assertEqual(self.desk.run("sources", "rename", "cafe-wire", "  The\tCafé ").stdout,
+                         "Café Wire is now named The Café.\n")
+        self.desk.run("refresh", "--source", "cafe-wire")
+        self.assertEqual({s["sourceName"] for s in self.desk.json("wire", "--source", "cafe-wire")}, {"The Café"})
+
+        for words, status, text in (
+                (("remove", "cafe-wire", "macrumors"), 1, "MacRumors belongs to the catalogue; disable it instead."),
+                (("remove", "cafe-wire", "nobody"), 2, "no source with the id nobody"),
+                (("rename", "macrumors", "X"), 1, "belongs to the catalogue"),
+                (("rename", "cafe-wire", " "), 2, "needs a name"),
+                (("disable", "cafe-wire", "nobody"), 2, "no source with the id nobody")):
+            self.assertIn(text, self.desk.run("sources", *words, status=status).stderr)
+        self.assertEqual(len(own(self.desk)), 2, "all are removed or none")
+        self.desk.run("sources", "disable", "cafe-wire", "macrumors")
+        removed = self.desk.json("sources", "remove", "cafe-wire", "cafe-wire", "second-31m-last")
+        self.assertEqual([source["name"] for source in removed], ["The Café", "Second [31m& last"])
+        self.assertEqual(own(self.desk), {})
+        self.assertEqual(len(self.desk.json("wire", "--limit", 100)), 7, "what it brought stays")
+
+        back = self.desk.json("sources", "add", FILES + "one.xml")[0]
+        self.assertEqual((back["id"], back["name"]), ("cafe-wire", "Café Wire"))
+        self.assertTrue(own(self.desk)["cafe-wire"]["enabled"])
+        self.assertEqual(own(self.desk)["cafe-wire"]["status"], {"storyCount": 0})
+
+    def test_a_list_is_previewed_imported_and_exported_again(self):
+        self.desk.run("sources", "add", FILES + "one.xml")
+        body = "".join(f'<outline text="{text}" xmlUrl="{url}"/>' for text, url in (
+            ("Mine", FILES + "one.xml#x"), ("News &amp; more", FILES + "two.xml"), ("Colors", "https://sixcolors.com/feed"),
+            ("Plain", "http://plain.example/"), ("Runs", "|sh -c evil"), ("", SECRET.replace("&", "&amp;"))))
+        text = f'<opml version="2.0"><head><title>Old reader</title></head><body><outline text="News">{body}' \
+               f'</outline></body></opml>'
+        before = self.desk.json("sources")
+        preview = self.desk.json("sources", "import", "-", "--preview", stdin=text.encode())
+        self.assertEqual(preview["title"], "Old reader")
+        self.assertEqual([feed["name"] for feed in preview["added"]], ["News & more", "files.press-room.example"])
+        self.assertIn("cafe-wire", [feed["id"] for feed in preview["known"]])
+        self.assertEqual([(entry["text"], entry["reason"]) for entry in preview["refused"]],
+                         [("Plain", "not https"), ("Runs", "a command, not an address")])
+        shown = self.desk.run("sources", "import", "-", "--preview", stdin=text.encode()).stdout
+        self.assertIn("Would be added: 2 sources.", shown)
+        self.assertNotIn("s3cr3t", shown)
+        self.assertEqual(self.desk.json("sources"), before, "a preview changes nothing")
+
+        list_file = self.desk.folder / "list.opml"
+        list_file.write_text(text)
+        told = self.desk.run("sources", "import", list_file).stdout
+        self.assertIn("Added: 2 sources.", told)
+        self.assertRegex(told, r"Plain +not https")
+        self.assertEqual(self.desk.json("sources", "import", list_file)["added"], [])
+        self.assertEqual(own(self.desk)["files-press-room-example"]["feedURL"], SECRET)
+
+        masked = self.desk.run("sources", "export", "--own")
+        self.assertIn("Left out the address of files.press-room.example", masked.stderr)
+        self.assertNotIn("s3cr3t", masked.stdout)
+        everything = self.desk.run("sources", "export", "--with-secrets").stdout
+        addresses = [o.get("xmlUrl") for o in ElementTree.fromstring(everything).iter("outline") if o.get("xmlUrl")]
+        self.assertEqual(len(addresses), 19 + 3)
+        elsewhere = Desk(self.room.network)
+        self.addCleanup(elsewhere.close)
+        again = elsewhere.json("sources", "import", "-", stdin=everything.encode())
+        self.assertEqual((len(again["added"]), len(again["known"]), again["refused"]), (3, 19, []))
+        self.assertEqual({s["feedURL"] for s in own(elsewhere).values()}, {s["feedURL"] for s in own(self.desk).values()})
+
+    def test_a_list_that_is_none_is_refused_with_the_reason(self):
+        many = "".join(f"<outline text='a' xmlUrl='https://a.example/{i}'/>" for i in range(5001))
+        for content, reason in {
+            b"<html><body>Log in</body></html>": "no list of feeds",
+            b"<opml><body><outline text='x'": "damaged or cut off",
+            f"<opml><body>{many}</body></opml>".encode(): "more than 5,000 entries",
+            b" " * 5_000_001: "larger than 5 MB",
+        }.items():
+            self.assertIn(reason, self.desk.run("sources", "import", "-", stdin=content, status=1).stderr)
+        self.assertIn("can't be read", self.desk.run("sources", "import", "/nowhere.opml", status=1).stderr)
+        self.assertIn("can't be read", self.desk.run("sources", "import", self.desk.folder, status=1).stderr)
+        begin = time.monotonic()
+        full = f"<opml><body>{many.removesuffix(many[many.rindex('<outline'):])}</body></opml>"
+        self.assertIn("Added: 5000 sources.", self.desk.run("sources", "import", "-", stdin=full.encode()).stdout)
+        self.assertLess(time.monotonic() - begin, 8)
+
+    def test_the_console_tells_how_each_source_fares(self):
+        self.desk.run("sources", "add", FILES + "one.xml")
+        self.desk.run("sources", "add", "--unchecked", FILES + "gone.xml")
+        gone = "files-press-room-example-gone-xml"
+        self.desk.run("refresh", "--source", "cafe-wire", "--source", gone, "--source", "reuters")
+        rows = {row["id"]: row for row in self.desk.json("sources", "--status")}
+        good, bad = rows["cafe-wire"], rows[gone]
+        self.assertEqual(good["status"]["storyCount"], 7)
+        self.assertEqual(good["health"]["newestStory"], "2026-11-02T16:00:00Z")
+        self.assertGreater(good["health"]["bytes"], 100)
+        self.assertGreaterEqual(good["health"]["latency"], 0)
+        self.assertNotIn("nextTry", good)
+        self.assertEqual(bad["status"]["lastError"], "The server answered 404.")
+        self.assertEqual(bad["health"]["failingSince"], bad["status"]["lastAttempt"])
+        self.assertGreater(rows["reuters"]["nextTry"], rows["reuters"]["status"]["lastAttempt"])
+        text = self.desk.run("sources", "--status").stdout
+        self.assertRegex(text, r"(?m)^Café Wire +now +now +\d+ ms +\S+ K?B +7 +\S.* next pass$")
+        self.assertRegex(text, r"(?m)^Reuters .* in 10 min$")
+        self.assertRegex(text, r"(?m)^    Failing since .* UTC: The server answered 404\.$")
+        self.assertRegex(text, r"21 sources are on, 1 of them failing; 26 off\.\n$")
+
+
+if __name__ == "__main__":
+    unittest.main()
