@@ -3,6 +3,28 @@
 #include <CLI/CLI.hpp>
 
 namespace pressroom {
+namespace {
+
+std::string misbehaviourKinds() {
+    std::string lines;
+    for (const auto& row : newsroom::enumTable<MisbehaviourKind>) {
+        lines += "    " + std::string(row.raw) + std::string(13 - row.raw.size(), ' ') +
+                 std::string(row.label) + "\n";
+    }
+    return lines;
+}
+
+/// Takes "ID=KIND"; the complaint when it is none.
+std::string addMisbehaviour(const std::string& text, Misbehaviours& misbehaviours) {
+    const auto equals = text.rfind('=');
+    const auto read =
+        equals == std::string::npos ? std::nullopt : readMisbehaviour(text.substr(equals + 1));
+    if (!read || equals == 0) return "\"" + text + "\" is no ID=KIND";
+    misbehaviours.insert_or_assign(text.substr(0, equals), *read);
+    return "";
+}
+
+}  // namespace
 
 std::variant<CommandLine, int> readCommandLine(int argc, char** argv) {
     CommandLine options;
@@ -28,7 +50,8 @@ std::variant<CommandLine, int> readCommandLine(int argc, char** argv) {
         ->capture_default_str()
         ->type_name("N")
         ->check(CLI::Range(0.01, 100000.0));
-    app.add_option("--delay", options.delay, "milliseconds before each answer, as a far network has them")
+    app.add_option("--delay", options.delay,
+                   "milliseconds before each answer, as a far network has them")
         ->capture_default_str()
         ->type_name("MS")
         ->check(CLI::Range(0, 60000));
@@ -39,9 +62,22 @@ std::variant<CommandLine, int> readCommandLine(int argc, char** argv) {
     app.add_flag("--ready-json", options.readyJSON,
                  "announce the port and the authorities as one JSON line");
     app.add_flag("--exit-with-parent", options.exitWithParent, "end when standard input closes");
-    app.add_flag("--with-silent-host", options.silentHost,
-                 "let one source take requests and never answer");
+    app.add_option_function<std::vector<std::string>>(
+           "--misbehave",
+           [&options](const std::vector<std::string>& all) {
+               for (const auto& text : all) {
+                   const auto complaint = addMisbehaviour(text, options.misbehaviours);
+                   if (!complaint.empty()) throw CLI::ValidationError("--misbehave", complaint);
+               }
+           },
+           "let a source go wrong (repeatable); KIND is one of those below")
+        ->type_name("ID=KIND")
+        ->allow_extra_args(false);
     app.add_flag("--log", options.log, "write a line per request to standard error");
+    app.footer(
+        "Kinds of --misbehave; busy and unavailable take seconds (busy:30), slow takes\n"
+        "milliseconds (slow:1500):\n" +
+        misbehaviourKinds());
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& complaint) {

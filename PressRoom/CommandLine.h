@@ -5,6 +5,8 @@
 #include <optional>
 #include <variant>
 
+#include "PressRoom/World/Misbehaviour.h"
+
 namespace pressroom {
 
 struct CommandLine {
@@ -17,7 +19,7 @@ struct CommandLine {
     std::optional<std::filesystem::path> authorityDirectory;
     bool readyJSON = false;
     bool exitWithParent = false;
-    bool silentHost = false;
+    Misbehaviours misbehaviours;
     bool log = false;
 };
 

@@ -92,9 +92,10 @@ Handler logging(Handler handler) {
     return [handler = std::move(handler),
             mutex = std::make_shared<std::mutex>()](const Request& request) {
         auto response = handler(request);
-        const auto line =
-            fmt::format("{} {} https://{}{} {} bytes\n", response.status, request.method,
-                        request.host, request.target, response.body.size());
+        const auto status =
+            response.delivery.neverAnswers ? "silent" : std::to_string(response.status);
+        const auto line = fmt::format("{} {} https://{}{} {} bytes\n", status, request.method,
+                                      request.host, request.target, response.body.size());
         const std::lock_guard lock(*mutex);
         std::cerr << line << std::flush;
         return response;
@@ -138,11 +139,9 @@ int run(const CommandLine& options) {
 
     Answerers further;
     if (options.files) further.push_back(std::make_unique<FilesAnswerer>(*options.files));
-    const WorldHandler world(
-        readWorld(options.world.value_or(defaultWorldDirectory())),
-        {.anchor = anchor, .speed = options.speed},
-        options.silentHost ? FeedAnswerer::SilentHosts::yes : FeedAnswerer::SilentHosts::no,
-        std::move(further));
+    const WorldHandler world(readWorld(options.world.value_or(defaultWorldDirectory())),
+                             {.anchor = anchor, .speed = options.speed}, options.misbehaviours,
+                             std::move(further));
 
     const AuthorityFolder folder(options.authorityDirectory);
     Handler handler = std::cref(world);

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <string>
 
 #include "PressRoom/Answerer.h"
+#include "PressRoom/World/Misbehaviour.h"
+#include "PressRoom/World/MisbehavingFeed.h"
 #include "PressRoom/World/PublishedWorld.h"
 
 namespace pressroom {
@@ -11,10 +14,9 @@ namespace pressroom {
 /// Serves the feeds of the world, with their faults.
 class FeedAnswerer : public Answerer {
 public:
-    enum class SilentHosts { no, yes };
-
-    /// `world` must outlive it.
-    FeedAnswerer(const PublishedWorld& world, SilentHosts silentHosts);
+    /// `world` must outlive it. A source that is named in `misbehaviours` goes wrong in that
+    /// way instead of its own. Throws std::runtime_error when there is no such source.
+    FeedAnswerer(const PublishedWorld& world, const Misbehaviours& misbehaviours);
 
     std::optional<Response> answer(const Request& request,
                                    std::chrono::sys_seconds now) const override;
@@ -23,9 +25,9 @@ private:
     std::optional<Response> fault(const WorldSource& source, std::chrono::sys_seconds now) const;
 
     const PublishedWorld& world_;
-    SilentHosts silentHosts_;
     std::map<std::string, const WorldSource*, std::less<>> feeds_;
     std::map<std::string, std::string, std::less<>> moved_;
+    std::map<const WorldSource*, std::unique_ptr<MisbehavingFeed>> misbehaving_;
 };
 
 }  // namespace pressroom

@@ -29,8 +29,7 @@ struct RecordShape<WorldFault> {
     static constexpr auto fields =
         std::tuple{field("status", &WorldFault::status), field("page", &WorldFault::page),
                    field("retryAfter", &WorldFault::retryAfter),
-                   field("untilMinutesAgo", &WorldFault::untilMinutesAgo),
-                   field("silentOnRequest", &WorldFault::silentOnRequest)};
+                   field("untilMinutesAgo", &WorldFault::untilMinutesAgo)};
 };
 
 template <>

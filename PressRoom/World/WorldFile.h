@@ -71,7 +71,6 @@ struct WorldFault {
     std::optional<std::string> page;
     std::optional<std::int64_t> retryAfter;
     std::optional<double> untilMinutesAgo;
-    std::optional<bool> silentOnRequest;
 };
 
 /// One data file: a feed, its owner and its stories.

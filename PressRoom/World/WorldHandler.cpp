@@ -4,12 +4,12 @@
 
 namespace pressroom {
 
-WorldHandler::WorldHandler(World world, WorldClock clock, FeedAnswerer::SilentHosts silentHosts,
+WorldHandler::WorldHandler(World world, WorldClock clock, const Misbehaviours& misbehaviours,
                            Answerers further)
     : world_(std::move(world), clock.anchor),
       clock_(std::move(clock)),
       answerers_(std::move(further)) {
-    answerers_.push_back(std::make_unique<FeedAnswerer>(world_, silentHosts));
+    answerers_.push_back(std::make_unique<FeedAnswerer>(world_, misbehaviours));
     answerers_.push_back(std::make_unique<PageAnswerer>(world_));
 }
 

@@ -14,9 +14,8 @@ namespace pressroom {
 class WorldHandler {
 public:
     /// `further` are asked before the world's own answerers. Throws std::runtime_error when
-    /// the stories do not fit together.
-    WorldHandler(World world, WorldClock clock,
-                 FeedAnswerer::SilentHosts silentHosts = FeedAnswerer::SilentHosts::no,
+    /// the stories do not fit together or a source that is to misbehave does not exist.
+    WorldHandler(World world, WorldClock clock, const Misbehaviours& misbehaviours = {},
                  Answerers further = {});
 
     /// Safe from several threads.

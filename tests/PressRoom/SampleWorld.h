@@ -19,12 +19,11 @@ inline World sampleWorld() {
 /// A world whose time the test sets, in minutes after the anchor.
 class SteeredWorld {
 public:
-    explicit SteeredWorld(World world,
-                          FeedAnswerer::SilentHosts silent = FeedAnswerer::SilentHosts::no)
+    explicit SteeredWorld(World world, const Misbehaviours& misbehaviours = {})
         : handler_(std::move(world),
                    {.anchor = anchor,
                     .realTime = [this] { return anchor + std::chrono::minutes(minutes_); }},
-                   silent) {}
+                   misbehaviours) {}
 
     void passTo(int minutes) { minutes_ = minutes; }
 

@@ -88,13 +88,5 @@ TEST(WorldTime, FaultySourcesFailInTheirKnownWays) {
     EXPECT_EQ(world.get("https://feeds.twit.tv/mbw.xml").status, 200);
 }
 
-TEST(WorldTime, TheSilentHostIsSilentOnlyOnRequest) {
-    const auto feed = "https://machinelearning.apple.com/rss.xml";
-    EXPECT_FALSE(SteeredWorld(sampleWorld()).get(feed).delivery.neverAnswers);
-    EXPECT_TRUE(SteeredWorld(sampleWorld(), FeedAnswerer::SilentHosts::yes)
-                    .get(feed)
-                    .delivery.neverAnswers);
-}
-
 }  // namespace
 }  // namespace pressroom::testing

@@ -1,0 +1,36 @@
+#include "PressRoom/World/Misbehaviour.h"
+
+#include <charconv>
+
+namespace pressroom {
+namespace {
+
+/// What holds when no number is given; nothing for kinds that take none.
+std::optional<std::int64_t> usualAmount(MisbehaviourKind kind) {
+    using Kind = MisbehaviourKind;
+    if (kind == Kind::busy || kind == Kind::unavailable) return 600;
+    return kind == Kind::slow ? std::optional(2000) : std::nullopt;
+}
+
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
+    constexpr std::int64_t largest = 1'000'000'000;
+    std::int64_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool reads = error == std::errc() && end == text.data() + text.size();
+    return reads && number >= 0 && number <= largest ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace
+
+std::optional<Misbehaviour> readMisbehaviour(std::string_view text) {
+    const auto colon = text.find(':');
+    const auto kind = newsroom::enumFromRaw<MisbehaviourKind>(text.substr(0, colon));
+    if (!kind) return std::nullopt;
+    const auto usual = usualAmount(*kind);
+    if (colon == std::string_view::npos) return Misbehaviour{*kind, usual.value_or(0)};
+    const auto amount = wholeNumber(text.substr(colon + 1));
+    if (!usual || !amount) return std::nullopt;
+    return Misbehaviour{*kind, *amount};
+}
+
+}  // namespace pressroom

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "NewsroomKit/Records/EnumTable.h"
+
+namespace pressroom {
+
+/// Ways in which a feed can go wrong from the start; README.md tells each.
+enum class MisbehaviourKind {
+    silent,
+    busy,
+    unavailable,
+    page,
+    missing,
+    empty,
+    huge,
+    broken,
+    slow,
+    rotating,
+    retitled,
+    samelink,
+    republished,
+    undated,
+    future
+};
+
+struct Misbehaviour {
+    MisbehaviourKind kind = MisbehaviourKind::silent;
+    /// Seconds of Retry-After for busy and unavailable, milliseconds before the answer for slow.
+    std::int64_t amount = 0;
+
+    bool operator==(const Misbehaviour&) const = default;
+};
+
+/// Reads "busy", "busy:30", "slow:1500". Nothing when there is no such kind, or when it has a
+/// number that it does not take.
+std::optional<Misbehaviour> readMisbehaviour(std::string_view text);
+
+/// By source id.
+using Misbehaviours = std::map<std::string, Misbehaviour, std::less<>>;
+
+}  // namespace pressroom
+
+template <>
+inline constexpr std::array<newsroom::EnumRow<pressroom::MisbehaviourKind>, 15>
+    newsroom::enumTable<pressroom::MisbehaviourKind>{{
+        {pressroom::MisbehaviourKind::silent, "silent", "takes requests and never answers"},
+        {pressroom::MisbehaviourKind::busy, "busy", "429 with Retry-After"},
+        {pressroom::MisbehaviourKind::unavailable, "unavailable", "503 with Retry-After"},
+        {pressroom::MisbehaviourKind::page, "page", "a web page instead of the feed"},
+        {pressroom::MisbehaviourKind::missing, "missing", "404"},
+        {pressroom::MisbehaviourKind::empty, "empty", "a feed without items"},
+        {pressroom::MisbehaviourKind::huge, "huge", "about 5 MB of items"},
+        {pressroom::MisbehaviourKind::broken, "broken", "a feed cut off half-way"},
+        {pressroom::MisbehaviourKind::slow, "slow", "answers late"},
+        {pressroom::MisbehaviourKind::rotating, "rotating", "other links on every fetch"},
+        {pressroom::MisbehaviourKind::retitled, "retitled", "other headlines on every fetch"},
+        {pressroom::MisbehaviourKind::samelink, "samelink", "one link for all items, no guid"},
+        {pressroom::MisbehaviourKind::republished, "republished", "its archive as news"},
+        {pressroom::MisbehaviourKind::undated, "undated", "no dates"},
+        {pressroom::MisbehaviourKind::future, "future", "dates to come"},
+    }};

@@ -1,0 +1,188 @@
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/Storage/Backups.h"
+#include "Tarnwick_Brell/Storage/LibraryCheck.h"
+#include "Tarnwick_Brell/Storage/LibraryLock.h"
+#include "Tarnwick_Brell/Storage/LibraryRestore.h"
+
+namespace brell {
+
+namespace {
+
+namespace fs = std::filesystem;
+using desk::LibraryState;
+
+struct RestoreOptions {
+    std::optional<fs::path> file;
+    bool empty = false;
+};
+
+std::string sizeText(std::uintmax_t bytes) {
+    return bytes < 1'000'000 ? fmt::format("{:.1f} KB", static_cast<double>(bytes) / 1e3)
+                             : fmt::format("{:.1f} MB", static_cast<double>(bytes) / 1e6);
+}
+
+void say(Session& session, std::string_view label, std::string_view text) {
+    session.out().line(fmt::format("{:<13}{}", label, text));
+}
+
+std::string when(std::optional<newsroom::Instant> instant) {
+    return instant ? dayAndTime(*instant) : "never";
+}
+
+int showLibrary(Session& session) {
+    const auto& library = session.paths().library;
+    const bool isThere = desk::LocalStore::exists(library);
+    const auto backups = desk::Backups(library).all(session.now());
+    const auto lastBackup = backups.empty() ? std::nullopt : std::optional(backups.front().made);
+    auto& store = session.storeForReading();
+    const auto lastCheck = store.state().instant(desk::kLastCheck);
+    const auto bytes = isThere ? fs::file_size(library) : 0;
+    if (session.options().json) {
+        boost::json::object object{{"path", library.string()},
+                                   {"size", bytes},
+                                   {"stories", store.stories().count()},
+                                   {"version", store.version()},
+                                   {"backups", backups.size()}};
+        if (lastBackup) object["lastBackup"] = newsroom::iso8601Text(*lastBackup);
+        if (lastCheck) object["lastCheck"] = newsroom::iso8601Text(*lastCheck);
+        session.out().line(boost::json::serialize(object));
+        return kDone;
+    }
+    say(session, "library", library.string() + (isThere ? "" : " (none yet)"));
+    say(session, "size", sizeText(bytes));
+    say(session, "stories", std::to_string(store.stories().count()));
+    say(session, "version", std::to_string(store.version()));
+    say(session, "last backup", when(lastBackup));
+    say(session, "last check", when(lastCheck));
+    return kDone;
+}
+
+std::string newerVersion(const fs::path& library) {
+    return "The library " + library.string() +
+           " was written by a newer version of the desk. It was left untouched.";
+}
+
+int checkNow(Session& session) {
+    const auto& library = session.paths().library;
+    const auto found = desk::checkLibrary(library);
+    switch (found.state) {
+        case LibraryState::absent:
+            throw WorkFailed("There is no library at " + library.string() + ".");
+        case LibraryState::newerVersion: throw WorkFailed(newerVersion(library));
+        case LibraryState::damaged: throw desk::damagedLibrary(library, found.fault);
+        case LibraryState::sound: break;
+    }
+    session.store().state().set(desk::kLastCheck, session.now());
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(
+            boost::json::object{{"path", library.string()}, {"state", "sound"}}));
+    } else {
+        session.out().line("The library " + library.string() + " is sound.");
+    }
+    return kDone;
+}
+
+int backUpNow(Session& session) {
+    const auto& library = session.paths().library;
+    if (!desk::LocalStore::exists(library)) {
+        throw WorkFailed("There is no library at " + library.string() + ".");
+    }
+    const auto backup = desk::Backups(library).make(session.now());
+    const auto file = backup.file.string();
+    session.out().line(session.options().json
+                           ? boost::json::serialize(boost::json::object{{"backup", file}})
+                           : "The library was copied to " + file + ".");
+    return kDone;
+}
+
+boost::json::object restorationJSON(const desk::Restoration& done) {
+    boost::json::object object;
+    if (!done.from.empty()) object["restoredFrom"] = done.from.string();
+    if (done.setAside) object["setAside"] = done.setAside->string();
+    boost::json::array unsound;
+    for (const auto& file : done.unsound) unsound.emplace_back(file.string());
+    object["unsound"] = std::move(unsound);
+    return object;
+}
+
+void tell(Session& session, const desk::Restoration& done) {
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(restorationJSON(done)));
+        return;
+    }
+    for (const auto& file : done.unsound) {
+        session.out().line("The backup " + file.string() +
+                           " is damaged itself and was passed over.");
+    }
+    if (done.setAside) {
+        session.out().line("The library that was there is now " + done.setAside->string() + ".");
+    }
+    session.out().line(done.from.empty()
+                           ? "The desk begins with an empty library."
+                           : "The library was restored from " + done.from.string() + ".");
+}
+
+desk::Restoration restored(const fs::path& library, const RestoreOptions& options,
+                           newsroom::Instant now) {
+    if (options.empty) return {.setAside = desk::setLibraryAside(library, now)};
+    try {
+        return desk::restoreLibrary(library, options.file, now);
+    } catch (const desk::StoreError& error) {
+        if (options.file || error.reason() != desk::StoreError::Reason::damaged) throw;
+        throw WorkFailed(std::string(error.what()) +
+                         " \"brell library restore --empty\" sets it aside and begins anew.");
+    }
+}
+
+int restore(Session& session, const RestoreOptions& options) {
+    const auto& library = session.paths().library;
+    session.paths().createFolders();
+    const desk::LibraryLock lock(library, "brell library restore");
+    const bool isWished = options.file || options.empty;
+    const auto state = desk::checkLibrary(library).state;
+    if (state == LibraryState::newerVersion && !isWished) throw WorkFailed(newerVersion(library));
+    if (state == LibraryState::sound && !isWished) {
+        throw WorkFailed("The library " + library.string() +
+                         " is sound, so it was left as it is. Name a backup to go back to it.");
+    }
+    tell(session, restored(library, options, session.now()));
+    return kDone;
+}
+
+}  // namespace
+
+void addLibraryCommand(CLI::App& app, Command& chosen) {
+    auto* command = app.add_subcommand(
+        "library", "Show where the library is and how it does; check, back up or restore it");
+    command->require_subcommand(0, 1);
+    // The callback of a subcommand's own subcommand runs first and is not to be undone here.
+    command->callback([command, &chosen] {
+        if (command->get_subcommands().empty()) chosen = showLibrary;
+    });
+    command->add_subcommand("check", "Read the whole library and tell whether it is sound")
+        ->callback([&chosen] { chosen = checkNow; });
+    command->add_subcommand("backup", "Copy the library into its folder of backups")
+        ->callback([&chosen] { chosen = backUpNow; });
+
+    auto options = std::make_shared<RestoreOptions>();
+    auto* restoring = command->add_subcommand(
+        "restore", "Set a damaged library aside and put its last good backup in its place");
+    auto* file = restoring->add_option("FILE", options->file, "This backup, whatever the library");
+    restoring->add_flag("--empty", options->empty, "No backup: begin with an empty library")
+        ->excludes(file);
+    restoring->callback([options, &chosen] {
+        chosen = [options](Session& session) { return restore(session, *options); };
+    });
+}
+
+}  // namespace brell

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+#include "NewsroomKit/Records/Instant.h"
+
+namespace desk {
+
+/// One copy of the library.
+struct Backup {
+    std::filesystem::path file{};
+    newsroom::Instant made{};
+    bool beforeMigration = false;
+};
+
+/// Copies of the library in the folder "backups" beside it: the last three of every day, and
+/// what the library was before each of its versions. Each copy has passed its check before it
+/// takes its name, and only then an older one goes. Has connections of its own, so any thread
+/// may ask for a backup; two programs don't make one at a time. Throws StoreError.
+class Backups {
+public:
+    explicit Backups(std::filesystem::path library);
+
+    /// Newest first. What claims to be made after `now` is from before the clock was set back,
+    /// and comes last.
+    std::vector<Backup> all(newsroom::Instant now) const;
+
+    /// The daily backup, when it is due and another program is not just making it. There is
+    /// none of a library without stories, and none when it is stopped, which it heeds within
+    /// some tens of milliseconds.
+    std::optional<Backup> makeIfDue(newsroom::Instant now, const std::stop_token& stop = {}) const;
+
+    /// Waits for another program that is just making one.
+    Backup make(newsroom::Instant now) const;
+
+    /// What the library is before this program changes its tables.
+    void makeBeforeMigration() const;
+
+private:
+    bool isDue(newsroom::Instant now) const;
+    Backup write(const std::string& name, const std::stop_token& stop = {}) const;
+    void dropOldest(newsroom::Instant now) const;
+    std::filesystem::path lockFile() const { return folder_ / "lock"; }
+
+    std::filesystem::path library_;
+    std::filesystem::path folder_;
+};
+
+}  // namespace desk

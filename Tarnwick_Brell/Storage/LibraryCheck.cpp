@@ -1,0 +1,76 @@
+#include "Tarnwick_Brell/Storage/LibraryCheck.h"
+
+#include "Tarnwick_Brell/Storage/DeskState.h"
+#include "Tarnwick_Brell/Storage/Schema.h"
+
+namespace desk {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::chrono::hours kBetweenChecks{24};
+
+LibraryFindings findings(const fs::path& library, const std::stop_token& stop) {
+    Database database(library, Database::Access::readOnly);
+    database.breakOffWhen(stop);
+    if (isUnmigrated(database)) return {LibraryState::absent};
+    if (isOfNewerVersion(database)) return {LibraryState::newerVersion};
+    if (auto fault = firstFault(database)) return {LibraryState::damaged, *std::move(fault)};
+    return {LibraryState::sound};
+}
+
+/// A clock that was set back makes a check due as well.
+bool isCheckDue(const fs::path& library, newsroom::Instant now) {
+    Database database(library, Database::Access::readOnly);
+    if (isUnmigrated(database) || isOutdated(database)) return false;
+    const auto last = DeskState(database).instant(kLastCheck);
+    return !last || abs(now - *last) > kBetweenChecks;
+}
+
+}  // namespace
+
+LibraryFindings checkLibrary(const fs::path& library, const std::stop_token& stop) {
+    if (!fs::exists(library)) return {LibraryState::absent};
+    try {
+        return findings(library, stop);
+    } catch (const StoreError& error) {
+        if (error.reason() != StoreError::Reason::damaged) throw;
+        return {LibraryState::damaged, error.what()};
+    }
+}
+
+void checkIfDue(const fs::path& library, bool lastDeskDied, newsroom::Instant now,
+                const std::stop_token& stop) {
+    if (!fs::exists(library) || !(lastDeskDied || isCheckDue(library, now))) return;
+    LibraryFindings found;
+    try {
+        found = checkLibrary(library, stop);
+    } catch (const StoreError&) {
+        if (!stop.stop_requested()) throw;
+        return;
+    }
+    if (found.state == LibraryState::damaged) throw damagedLibrary(library, found.fault);
+    if (found.state != LibraryState::sound) return;
+    Database database(library, Database::Access::readWrite);
+    if (!isOutdated(database)) DeskState(database).set(kLastCheck, now);
+}
+
+std::optional<std::string> firstFault(Database& database) {
+    try {
+        Statement check(database, "PRAGMA quick_check(1)");
+        const auto answer = check.step() ? check.text(0) : std::string("no answer");
+        return answer == "ok" ? std::nullopt : std::optional(answer);
+    } catch (const StoreError& error) {
+        if (error.reason() != StoreError::Reason::damaged) throw;
+        return error.what();
+    }
+}
+
+StoreError damagedLibrary(const fs::path& library, const std::string& fault) {
+    return {StoreError::Reason::damaged,
+            "The library " + library.string() + " is damaged (" + fault +
+                "). \"brell library restore\" puts its last good backup in its place."};
+}
+
+}  // namespace desk
