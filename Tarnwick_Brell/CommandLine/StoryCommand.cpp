@@ -1,5 +1,6 @@
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -7,6 +8,7 @@
 #include "NewsroomKit/Stories/StoryShape.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 
@@ -15,6 +17,7 @@ namespace brell {
 namespace {
 
 using newsroom::Story;
+using Wordings = std::vector<desk::EarlierWording>;
 
 constexpr std::size_t kTextWidth = 88;
 
@@ -33,10 +36,24 @@ void printCredits(Output& out, const Story& story) {
     }
 }
 
-void print(Session& session, const desk::StoredStory& stored) {
+std::string arrivalNote(desk::Arrival arrival) {
+    switch (arrival) {
+        case desk::Arrival::fresh: return "";
+        case desk::Arrival::seeded: return " (with the first fetch of its source)";
+        case desk::Arrival::bulk: return " (in a crowd, as when an archive is published anew)";
+    }
+    return "";
+}
+
+void print(Session& session, const desk::StoredStory& stored, const Wordings& wordings) {
     const Story& story = stored.story;
     Output& out = session.out();
     out.line(out.bold(wrapped(printable(story.title), kTextWidth, "")));
+    for (const auto& wording : wordings) {
+        out.line(out.dim(wrapped("Until " + dayAndTime(wording.replacedAt) + ": “" +
+                                     printable(wording.title) + "”",
+                                 kTextWidth, "")));
+    }
     if (!story.summary.empty()) {
         out.line();
         out.line(wrapped(printable(story.summary), kTextWidth, ""));
@@ -46,7 +63,9 @@ void print(Session& session, const desk::StoredStory& stored) {
     printField(out, "Author", story.author.value_or(""));
     printField(out, "Published",
                dayAndTime(story.publishedAt) + " (" + age(story.publishedAt, session.now()) + ")");
-    printField(out, "First seen", dayAndTime(stored.firstSeen));
+    printField(out, "First seen", dayAndTime(stored.firstSeen) + arrivalNote(stored.arrival));
+    printField(out, "Read", stored.readAt ? dayAndTime(*stored.readAt) : "no");
+    printField(out, "Saved", stored.savedAt ? dayAndTime(*stored.savedAt) : "no");
     printField(out, "Kind", kindReason(story));
     printField(out, "Sourcing", sourcingReason(story));
     printCredits(out, story);
@@ -58,9 +77,17 @@ void print(Session& session, const desk::StoredStory& stored) {
     printField(out, "Story id", story.id);
 }
 
-void printJSON(Session& session, const desk::StoredStory& stored) {
+void printJSON(Session& session, const desk::StoredStory& stored, const Wordings& wordings) {
     boost::json::object object = newsroom::encode(stored.story).get_object();
     object["firstSeen"] = newsroom::encode(stored.firstSeen);
+    object["arrival"] = newsroom::encode(stored.arrival);
+    if (stored.readAt) object["readAt"] = newsroom::encode(*stored.readAt);
+    if (stored.savedAt) object["savedAt"] = newsroom::encode(*stored.savedAt);
+    auto& earlier = object["earlierTitles"].emplace_array();
+    for (const auto& wording : wordings) {
+        earlier.push_back({{"title", wording.title},
+                           {"replacedAt", newsroom::encode(wording.replacedAt)}});
+    }
     object["why"] = {{"kind", kindReason(stored.story)},
                      {"sourcing", sourcingReason(stored.story)}};
     session.out().line(boost::json::serialize(object));
@@ -68,13 +95,10 @@ void printJSON(Session& session, const desk::StoredStory& stored) {
 
 int runStory(Session& session, const std::string& id) {
     auto& store = session.storeForReading();
-    const auto found =
-        id.empty() ? std::vector<desk::StoredStory>() : store.stories().findByID(id, 2);
-    if (found.empty())
-        throw WorkFailed("There is no story with the id " + id + ". brell wire shows the ids.");
-    if (found.size() > 1)
-        throw WorkFailed("Several stories have ids that begin with " + id + ". Add more of it.");
-    session.options().json ? printJSON(session, found.front()) : print(session, found.front());
+    const auto stored = storyNamed(store, id);
+    const auto wordings = store.stories().earlierWordings(stored.number);
+    session.options().json ? printJSON(session, stored, wordings)
+                           : print(session, stored, wordings);
     return kDone;
 }
 

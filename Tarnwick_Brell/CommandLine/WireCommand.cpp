@@ -3,16 +3,14 @@
 #include <vector>
 
 #include <CLI/CLI.hpp>
-#include <fmt/format.h>
 
-#include "NewsroomKit/Queries/StoryQuery.h"
 #include "NewsroomKit/Stories/StoryShape.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/StoryText.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/When.h"
-#include "Tarnwick_Brell/Desk/SourceRoster.h"
+#include "Tarnwick_Brell/CommandLine/WireLine.h"
 
 namespace brell {
 
@@ -20,97 +18,59 @@ namespace {
 
 struct WireOptions {
     std::int64_t limit = 50;
-    std::string any;
-    std::string exclude;
-    std::vector<std::string> sources;
-    std::vector<std::string> sourcings;
-    bool setAside = false;
+    QueryOptions query;
     std::string since;
+    std::string search;
+    bool unread = false;
+    bool saved = false;
 };
 
-std::vector<std::string> terms(const std::string& list) {
-    std::vector<std::string> pieces;
-    for (std::size_t begin = 0; begin <= list.size();) {
-        const auto comma = std::min(list.find(',', begin), list.size());
-        if (comma > begin) pieces.push_back(list.substr(begin, comma - begin));
-        begin = comma + 1;
+desk::StorySelection selectionFor(const WireOptions& options, newsroom::Instant now) {
+    desk::StorySelection selection{.search = desk::SearchText::parse(options.search),
+                                   .sourceIDs = options.query.sources,
+                                   .unread = options.unread,
+                                   .saved = options.saved};
+    if (!options.since.empty()) selection.since = parseWhen(options.since, now);
+    if (selection.search.isEmpty() && !options.search.empty()) {
+        throw WrongUsage("There is no word to search for in \"" + options.search + "\".");
     }
-    return pieces;
+    return selection;
 }
 
-newsroom::StoryQuery queryFor(const WireOptions& options) {
-    newsroom::StoryQuery query{.anyTerms = terms(options.any),
-                               .excludedTerms = terms(options.exclude),
-                               .sourceIDs = options.sources,
-                               .includesSetAside = options.setAside};
-    for (const auto& name : options.sourcings) {
-        const auto sourcing = newsroom::enumFromRaw<newsroom::Sourcing>(name);
-        if (!sourcing) {
-            throw WrongUsage("There is no sourcing named " + name +
-                             ": use confirmed, onRecord, report, rumor or unlabeled.");
-        }
-        query.sourcings.push_back(*sourcing);
-    }
-    return query;
-}
-
-void requireKnownSources(desk::LocalStore& store, const std::vector<std::string>& ids) {
-    if (ids.empty()) return;
-    const desk::SourceRoster roster(store.sources());
-    for (const auto& id : ids) {
-        if (!roster.find(id))
-            throw WrongUsage("There is no source with the id " + id + ". See brell sources.");
-    }
-}
-
-std::vector<newsroom::Story> select(Session& session, desk::LocalStore& store,
-                                    const WireOptions& options) {
-    std::optional<newsroom::Instant> since;
-    if (!options.since.empty()) since = parseWhen(options.since, session.now());
-    const auto query = queryFor(options).compiled();
-    std::vector<newsroom::Story> selected;
-    requireKnownSources(store, options.sources);
-    if (options.limit == 0) return selected;
-    store.stories().eachInWireOrder(since, [&](const desk::StoredStory& stored) {
-        if (query.matches(stored.story)) selected.push_back(stored.story);
-        return std::ssize(selected) < options.limit;
-    });
-    return selected;
-}
-
-// Enough of an id to name one story among a hundred thousand.
-constexpr std::size_t kIDColumns = 8;
-constexpr std::size_t kAgeColumns = 11;
-constexpr std::size_t kOutletColumns = 24;
-constexpr std::size_t kLabelColumns = 16;
-constexpr std::size_t kBeforeTitle = kIDColumns + kAgeColumns + kOutletColumns + kLabelColumns + 4;
-constexpr std::size_t kNarrowestTitle = 20;
-
-void print(Session& session, const std::vector<newsroom::Story>& stories) {
-    Output& out = session.out();
-    const bool cut = out.isTerminal() && out.width() > kBeforeTitle + kNarrowestTitle;
-    for (const auto& story : stories) {
-        const auto title = printable(story.title);
-        out.line(fmt::format("{} {} {} {} {}",
-                             out.dim(padTo(story.id.substr(0, kIDColumns), kIDColumns)),
-                             padTo(age(story.publishedAt, session.now()), kAgeColumns),
-                             padTo(outletLine(story), kOutletColumns),
-                             out.dim(padTo(labelLine(story), kLabelColumns)),
-                             out.bold(cut ? cutTo(title, out.width() - kBeforeTitle) : title)));
-    }
-}
+// What people page through is written when all of it is read: a pager that waits for its reader
+// would keep the library from being tidied. Longer lists are for programs.
+constexpr std::size_t kHeldBack = 4 << 20;
 
 int runWire(Session& session, const WireOptions& options) {
     auto& store = session.storeForReading();
-    const auto stories = select(session, store, options);
-    if (session.options().json) {
-        session.out().line(boost::json::serialize(newsroom::encode(stories)));
-    } else if (!stories.empty()) {
-        print(session, stories);
+    const auto selection = selectionFor(options, session.now());
+    const auto query = options.query.query().compiled();
+    requireKnownSources(store, options.query.sources);
+    const bool json = session.options().json;
+    auto& out = session.out();
+    std::string text(json ? "[" : "");
+    std::int64_t count = 0;
+    store.search().each(selection, [&](const desk::StoredStory& stored) {
+        if (count == options.limit) return false;
+        if (!query.matches(stored.story)) return true;
+        if (json && count > 0) text += ",";
+        text += json ? boost::json::serialize(newsroom::encode(stored.story))
+                     : wireLine(out, stored, session.now()) + "\n";
+        if (text.size() > kHeldBack) {
+            out.write(text);
+            text.clear();
+        }
+        return ++count < options.limit;
+    });
+    out.write(text);
+    if (json) {
+        out.line("]");
+    } else if (count > 0 || options.limit == 0) {
+        return kDone;
     } else if (store.stories().count() == 0) {
-        session.out().line("The wire is empty. brell refresh fetches the news.");
+        out.line("The wire is empty. brell refresh fetches the news.");
     } else {
-        session.out().line("No story of the wire matches.");
+        out.line("No story of the wire matches.");
     }
     return kDone;
 }
@@ -123,26 +83,21 @@ void addWireCommand(CLI::App& app, Command& chosen) {
     command->add_option("--limit", options->limit, "At most so many stories")
         ->check(CLI::Range(std::int64_t{0}, std::int64_t{1'000'000'000}))
         ->capture_default_str();
-    command
-        ->add_option("--any", options->any,
-                     "Stories that mention one of these, separated by commas")
-        ->type_name("TERMS");
-    command
-        ->add_option("--exclude", options->exclude, "Leave out stories that mention one of these")
-        ->type_name("TERMS");
-    command
-        ->add_option("--source", options->sources, "Only stories of this source; may be repeated")
-        ->type_name("ID");
-    command
-        ->add_option("--sourcing", options->sourcings,
-                     "Only confirmed, onRecord, report, rumor or unlabeled; may be repeated")
-        ->type_name("S");
-    command->add_flag("--set-aside", options->setAside,
-                      "Deals, reviews, roundups and advertising too");
+    options->query.addTo(*command);
     command
         ->add_option("--since", options->since,
                      "Only stories published since: 30min, 6h, 2d, 1w, a day or a time")
         ->type_name("WHEN");
+    command
+        ->add_option("--search", options->search,
+                     "Only stories with all these words in headline, excerpt or author. \"a "
+                     "phrase\" in quotes, begin* for beginnings, -without, author:name")
+        ->type_name("TEXT");
+    command->add_flag("--unread", options->unread, "Only stories not marked as read");
+    command->add_flag("--saved", options->saved, "Only saved stories");
+    command->footer(
+        "Each line: the beginning of the story's id, • when it is unread, ★ when it is saved, its "
+        "age, outlet, labels and headline.");
     command->callback([options, &chosen] {
         chosen = [options](Session& session) { return runWire(session, *options); };
     });

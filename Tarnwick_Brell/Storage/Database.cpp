@@ -54,7 +54,10 @@ StoreError errorFor(int code, const std::filesystem::path& file, const std::stri
             return {Reason::busy, "Another program is using the library " + file.string() +
                                       ". Try again in a moment."};
         case SQLITE_CORRUPT:
-        case SQLITE_NOTADB: return {Reason::damaged, library + " is damaged or is not a library."};
+        case SQLITE_NOTADB:
+            return {Reason::damaged,
+                    library + " is damaged or is not a library. \"brell library restore\" puts its "
+                              "last good backup in its place."};
         default: return {Reason::other, library + " failed (" + detail + ")."};
     }
 }
@@ -134,6 +137,10 @@ std::optional<std::string> Statement::optionalText(int column) const {
     return isNull(column) ? std::nullopt : std::optional(text(column));
 }
 
+std::optional<std::string_view> Statement::optionalView(int column) const {
+    return isNull(column) ? std::nullopt : std::optional(view(column));
+}
+
 std::optional<std::int64_t> Statement::optionalNumber(int column) const {
     return isNull(column) ? std::nullopt : std::optional(number(column));
 }
@@ -149,6 +156,11 @@ Database::Database(const std::filesystem::path& file, Access access) : file_(fil
     if (access == Access::readWrite) {
         useWriteAheadLog();
         execute("PRAGMA synchronous = NORMAL");
+    } else if (access == Access::unshared) {
+        // Whoever makes the file throws it away when that breaks off, and syncs it at the end.
+        execute("PRAGMA locking_mode = EXCLUSIVE");
+        execute("PRAGMA journal_mode = OFF");
+        execute("PRAGMA synchronous = OFF");
     }
     execute("PRAGMA temp_store = MEMORY");
 }
@@ -192,6 +204,37 @@ void Database::useWriteAheadLog() {
 void Database::execute(const char* sql) {
     const int code = sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK) fail(code);
+}
+
+void Database::copyInto(Database& target, const std::stop_token& stop) {
+    // 16 MB a step. Without a transaction round all steps, the copy would begin again whenever
+    // somebody writes.
+    constexpr int pages = 4096;
+    execute("BEGIN");
+    Statement(*this, "SELECT count(*) FROM sqlite_schema").run();
+    auto* backup = sqlite3_backup_init(target.handle_.get(), "main", handle_.get(), "main");
+    if (!backup) target.fail(sqlite3_errcode(target.handle_.get()));
+    int code = SQLITE_OK;
+    while (code == SQLITE_OK && !stop.stop_requested()) code = sqlite3_backup_step(backup, pages);
+    sqlite3_backup_finish(backup);
+    execute("ROLLBACK");
+    const int kind = code & 0xff;
+    if (kind == SQLITE_CORRUPT || kind == SQLITE_NOTADB) fail(code);
+    if (kind == SQLITE_OK) target.fail(SQLITE_INTERRUPT);
+    if (code != SQLITE_DONE) target.fail(code);
+    // The copy has taken over that the library keeps a log.
+    target.execute("PRAGMA journal_mode = DELETE");
+}
+
+void Database::breakOffWhen(const std::stop_token& stop) {
+    constexpr int instructionsBetweenLooks = 10'000;
+    stop_ = std::make_unique<std::stop_token>(stop);
+    const auto look = [](void* token) {
+        return static_cast<std::stop_token*>(token)->stop_requested() ? 1 : 0;
+    };
+    sqlite3_progress_handler(handle_.get(), instructionsBetweenLooks, look, stop_.get());
+    // The check of a whole file is one instruction, which looks for interruptions only.
+    interruption_.emplace(stop, [this] { sqlite3_interrupt(handle_.get()); });
 }
 
 std::int64_t SQLValue::number() const { return sqlite3_value_int64(value_); }

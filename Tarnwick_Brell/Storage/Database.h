@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 
@@ -43,6 +44,7 @@ public:
     std::int64_t number(int column) const;
     bool isNull(int column) const;
     std::optional<std::string> optionalText(int column) const;
+    std::optional<std::string_view> optionalView(int column) const;
     std::optional<std::int64_t> optionalNumber(int column) const;
 
 private:
@@ -72,7 +74,8 @@ class Database {
 public:
     enum class Access {
         readWrite,  ///< creates the file when there is none
-        readOnly    ///< leaves no trace; also reads from a folder that may not be written
+        readOnly,   ///< leaves no trace; also reads from a folder that may not be written
+        unshared    ///< makes a file that nobody else knows yet, in one piece without a log
     };
 
     /// A library that lasts as long as its object.
@@ -81,6 +84,13 @@ public:
     Database(const std::filesystem::path& file, Access access);
 
     void execute(const char* sql);
+
+    /// Makes `target`, which is open as unshared, equal to this library as it is now, page by
+    /// page. Others may write meanwhile. Throws StoreError when it is stopped.
+    void copyInto(Database& target, const std::stop_token& stop);
+
+    /// From now on every statement fails once `stop` is asked for.
+    void breakOffWhen(const std::stop_token& stop);
 
     /// A function of one argument for use in SQL. It always answers the same for the same
     /// argument and doesn't throw.
@@ -102,7 +112,9 @@ private:
         void operator()(sqlite3* database) const;
     };
     std::filesystem::path file_;
+    std::unique_ptr<std::stop_token> stop_;  // SQLite holds its address
     std::unique_ptr<sqlite3, Closer> handle_;
+    std::optional<std::stop_callback<std::function<void()>>> interruption_;
 };
 
 /// Rolled back unless committed.

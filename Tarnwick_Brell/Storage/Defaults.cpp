@@ -95,6 +95,8 @@ std::optional<long long> Defaults::wholeNumber(std::string_view key) const {
     return good ? std::optional(number) : std::nullopt;
 }
 
+void Defaults::reload() { settings_->sync(); }
+
 int Defaults::refreshMinutes() const {
     const auto minutes = wholeNumber(kRefreshMinutes).value_or(0);
     if (minutes == 0) return kRefreshMinutesWhenAbsent;

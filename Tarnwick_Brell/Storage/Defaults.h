@@ -38,6 +38,9 @@ public:
     /// suit the key. The empty text removes the key.
     void set(std::string_view key, std::string_view value);
 
+    /// Reads what other programs may have written.
+    void reload();
+
     /// Minutes between two automatic passes: 5 when absent or 0, otherwise at least 2.
     int refreshMinutes() const;
 

@@ -5,8 +5,10 @@
 #include "Tarnwick_Brell/Storage/Database.h"
 #include "Tarnwick_Brell/Storage/DeskState.h"
 #include "Tarnwick_Brell/Storage/HostPauses.h"
+#include "Tarnwick_Brell/Storage/MarkTable.h"
 #include "Tarnwick_Brell/Storage/SourceTable.h"
 #include "Tarnwick_Brell/Storage/StoryMerge.h"
+#include "Tarnwick_Brell/Storage/StorySearch.h"
 #include "Tarnwick_Brell/Storage/StoryTable.h"
 #include "Tarnwick_Brell/Storage/ValidatorStore.h"
 
@@ -25,20 +27,30 @@ public:
     StoryTable& stories() { return stories_; }
     /// Made when it is asked for: its statements need a library that may be written.
     [[nodiscard]] StoryMerge merging() { return StoryMerge(database_); }
+    StorySearch& search() { return search_; }
+    MarkTable& marks() { return marks_; }
     SourceTable& sources() { return sources_; }
     ValidatorStore& validators() { return validators_; }
     DeskState& state() { return state_; }
     HostPauses& hostPauses() { return hostPauses_; }
+
+    std::int64_t version();
+
+    /// Whether another connection has written since the last call. Cheap.
+    bool hasForeignChanges();
 
     [[nodiscard]] Transaction transaction() { return Transaction(database_); }
 
 private:
     Database database_;
     StoryTable stories_;
+    StorySearch search_;
+    MarkTable marks_;
     SourceTable sources_;
     ValidatorStore validators_;
     DeskState state_;
     HostPauses hostPauses_;
+    std::int64_t dataVersion_ = 0;
 };
 
 }  // namespace desk

@@ -85,6 +85,7 @@ constexpr std::array<const char*, 2> kSteps{
     DROP TABLE formerStories;
     CREATE INDEX storiesByTitle ON stories (titleKey);
     CREATE INDEX storiesByStamp ON stories (stamp);
+    CREATE INDEX storiesBySource ON stories (sourceID);
 
     CREATE TABLE marks (number INTEGER PRIMARY KEY, readAt INTEGER, savedAt INTEGER,
                         stamp INTEGER NOT NULL);
@@ -137,14 +138,10 @@ void defineStoryFunctions(Database& database) {
                     [](const SQLValue& title) { return titleKey(title.text()); });
 }
 
-std::int64_t versionOf(Database& database) {
-    Statement statement(database, "PRAGMA user_version");
-    statement.step();
-    return statement.number(0);
-}
+constexpr auto kCurrentVersion = static_cast<std::int64_t>(kSteps.size());
 
 void refuseNewer(Database& database, std::int64_t version) {
-    if (version <= static_cast<std::int64_t>(kSteps.size())) return;
+    if (version <= kCurrentVersion) return;
     throw StoreError(StoreError::Reason::newerVersion,
                      "The library " + database.file().string() +
                          " was written by a newer version of the desk. It was left untouched.");
@@ -154,7 +151,7 @@ void refuseNewer(Database& database, std::int64_t version) {
 
 void migrate(Database& database) {
     refuseNewer(database, versionOf(database));
-    if (versionOf(database) == static_cast<std::int64_t>(kSteps.size())) return;
+    if (versionOf(database) == kCurrentVersion) return;
     defineStoryFunctions(database);
     Transaction transaction(database);
     // Read again: another program may have migrated while this one waited for its turn.
@@ -167,12 +164,25 @@ void migrate(Database& database) {
     transaction.commit();
 }
 
+std::int64_t versionOf(Database& database) {
+    Statement statement(database, "PRAGMA user_version");
+    statement.step();
+    return statement.number(0);
+}
+
 bool isUnmigrated(Database& database) { return versionOf(database) == 0; }
+
+bool isOutdated(Database& database) {
+    const auto version = versionOf(database);
+    return version > 0 && version < kCurrentVersion;
+}
+
+bool isOfNewerVersion(Database& database) { return versionOf(database) > kCurrentVersion; }
 
 void requireCurrentSchema(Database& database) {
     const auto version = versionOf(database);
     refuseNewer(database, version);
-    if (version == static_cast<std::int64_t>(kSteps.size())) return;
+    if (version == kCurrentVersion) return;
     throw StoreError(
         StoreError::Reason::olderVersion,
         "The library " + database.file().string() +

@@ -16,10 +16,11 @@ std::optional<newsroom::Instant> instantAt(const Statement& row, int index) {
     return number ? std::optional(instantOf(*number)) : std::nullopt;
 }
 
-}  // namespace
+std::string recordOf(const newsroom::NewsSource& source) {
+    return boost::json::serialize(newsroom::encode(source));
+}
 
-std::vector<newsroom::NewsSource> SourceTable::customSources() {
-    Statement rows(database_, "SELECT record FROM customSources ORDER BY position");
+std::vector<newsroom::NewsSource> records(Statement rows) {
     std::vector<newsroom::NewsSource> sources;
     while (rows.step()) {
         sources.push_back(
@@ -28,11 +29,50 @@ std::vector<newsroom::NewsSource> SourceTable::customSources() {
     return sources;
 }
 
+}  // namespace
+
+std::vector<newsroom::NewsSource> SourceTable::customSources() {
+    return records(Statement(
+        database_, "SELECT record FROM customSources WHERE removedAt IS NULL ORDER BY position"));
+}
+
+std::vector<newsroom::NewsSource> SourceTable::removedSources() {
+    return records(Statement(
+        database_,
+        "SELECT record FROM customSources WHERE removedAt IS NOT NULL ORDER BY position"));
+}
+
 void SourceTable::add(const newsroom::NewsSource& source) {
-    const auto record = boost::json::serialize(newsroom::encode(source));
+    const auto record = recordOf(source);
     Statement statement(database_, "INSERT INTO customSources (id, record) VALUES (?, ?)");
     statement.bind(0, source.id).bind(1, record);
     statement.run();
+}
+
+void SourceTable::restore(const newsroom::NewsSource& source) {
+    const auto record = recordOf(source);
+    Statement statement(database_,
+                        "UPDATE customSources SET record = ?2, removedAt = NULL, "
+                        "position = (SELECT max(position) + 1 FROM customSources) WHERE id = ?1");
+    statement.bind(0, source.id).bind(1, record);
+    statement.run();
+}
+
+void SourceTable::update(const newsroom::NewsSource& source) {
+    const auto record = recordOf(source);
+    Statement statement(database_, "UPDATE customSources SET record = ?2 WHERE id = ?1");
+    statement.bind(0, source.id).bind(1, record);
+    statement.run();
+}
+
+void SourceTable::remove(std::string_view id, newsroom::Instant now) {
+    Statement bury(database_,
+                   "UPDATE customSources SET removedAt = ?2 WHERE id = ?1 AND removedAt IS NULL");
+    bury.bind(0, id).bind(1, microseconds(now)).run();
+    for (const auto* sql :
+         {"DELETE FROM sourceSwitches WHERE id = ?", "DELETE FROM sourceStatus WHERE id = ?"}) {
+        Statement(database_, sql).bind(0, id).run();
+    }
 }
 
 std::map<std::string, bool> SourceTable::switches() {
@@ -65,10 +105,41 @@ std::map<std::string, SourceStatus> SourceTable::statuses() {
 void SourceTable::setStatus(std::string_view id, const SourceStatus& status) {
     Statement statement(
         database_,
-        "INSERT OR REPLACE INTO sourceStatus (id, lastAttempt, lastSuccess, lastError, "
-        "storyCount) VALUES (?, ?, ?, ?, ?)");
+        "INSERT INTO sourceStatus (id, lastAttempt, lastSuccess, lastError, storyCount) "
+        "VALUES (?1, ?2, ?3, ?4, ?5) ON CONFLICT (id) DO UPDATE SET lastAttempt = ?2, "
+        "lastSuccess = ?3, lastError = ?4, storyCount = ?5");
     statement.bind(0, id).bind(1, column(status.lastAttempt)).bind(2, column(status.lastSuccess));
     statement.bind(3, status.lastError).bind(4, status.storyCount);
+    statement.run();
+}
+
+std::map<std::string, SourceHealth> SourceTable::healths() {
+    Statement rows(database_,
+                   "SELECT id, failingSince, latency, bytes, lastFullFetch, newestStory, "
+                   "collapsed, collided, movedTo FROM sourceStatus");
+    std::map<std::string, SourceHealth> healths;
+    while (rows.step()) {
+        healths.emplace(rows.text(0), SourceHealth{.failingSince = instantAt(rows, 1),
+                                                   .latency = rows.optionalNumber(2),
+                                                   .bytes = rows.optionalNumber(3),
+                                                   .lastFullFetch = instantAt(rows, 4),
+                                                   .newestStory = instantAt(rows, 5),
+                                                   .collapsed = rows.number(6),
+                                                   .collided = rows.number(7),
+                                                   .movedTo = rows.optionalText(8)});
+    }
+    return healths;
+}
+
+void SourceTable::setHealth(std::string_view id, const SourceHealth& health) {
+    Statement statement(database_,
+                        "UPDATE sourceStatus SET failingSince = ?2, latency = ?3, bytes = ?4, "
+                        "lastFullFetch = ?5, newestStory = ?6, collapsed = ?7, collided = ?8, "
+                        "movedTo = ?9 WHERE id = ?1");
+    statement.bind(0, id).bind(1, column(health.failingSince));
+    statement.bind(2, health.latency).bind(3, health.bytes);
+    statement.bind(4, column(health.lastFullFetch)).bind(5, column(health.newestStory));
+    statement.bind(6, health.collapsed).bind(7, health.collided).bind(8, health.movedTo);
     statement.run();
 }
 

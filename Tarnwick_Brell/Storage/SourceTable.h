@@ -19,7 +19,18 @@ public:
 
     /// In the order in which they were added.
     std::vector<newsroom::NewsSource> customSources();
+    /// Those of the user's own that were removed. Their rows stay, so that no other program's
+    /// copy brings them back and their ids never name anything else.
+    std::vector<newsroom::NewsSource> removedSources();
+
+    /// Its id must be new; removed sources keep theirs.
     void add(const newsroom::NewsSource& source);
+    /// Brings a removed source back, behind all others.
+    void restore(const newsroom::NewsSource& source);
+    /// Writes a source of the user's own again, in its place.
+    void update(const newsroom::NewsSource& source);
+    /// Forgets the source's switch and status with it.
+    void remove(std::string_view id, newsroom::Instant now);
 
     /// Only sources that the user has switched are in it.
     std::map<std::string, bool> switches();
@@ -27,6 +38,10 @@ public:
 
     std::map<std::string, SourceStatus> statuses();
     void setStatus(std::string_view id, const SourceStatus& status);
+
+    std::map<std::string, SourceHealth> healths();
+    /// Of a source that has a status.
+    void setHealth(std::string_view id, const SourceHealth& health);
 
 private:
     Database& database_;

@@ -4,15 +4,12 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Stories/StoryShape.h"
 #include "Tarnwick_Brell/Storage/Instants.h"
 #include "Tarnwick_Brell/Storage/StoryNumber.h"
 
 namespace desk {
 
 namespace {
-
-using newsroom::Story;
 
 constexpr std::string_view kSelection =
     "SELECT s.id, s.link, s.title, s.summary, s.author, s.publishedAt, s.imageURL, s.sourceID, "
@@ -43,42 +40,45 @@ std::vector<std::int64_t> numbers(Statement& statement) {
 
 std::string_view StoryTable::selection() { return kSelection; }
 
-StoredStory StoryTable::read(const Statement& row) {
-    StoredStory stored;
-    Story& story = stored.story;
-    story.id = row.text(0);
-    story.link = row.text(1);
-    story.title = row.text(2);
-    story.summary = row.text(3);
-    story.author = row.optionalText(4);
+StoryView StoryTable::view(const Statement& row) {
+    StoryView story;
+    story.id = row.view(0);
+    story.link = row.view(1);
+    story.title = row.view(2);
+    story.summary = row.view(3);
+    story.author = row.optionalView(4);
     story.publishedAt = instantOf(row.number(5));
-    story.imageURL = row.optionalText(6);
-    story.sourceID = row.text(7);
-    story.sourceName = row.text(8);
-    story.destinationName = row.optionalText(9);
+    story.imageURL = row.optionalView(6);
+    story.sourceID = row.view(7);
+    story.sourceName = row.view(8);
+    story.destinationName = row.optionalView(9);
     story.isAppleSource = row.number(10) != 0;
     story.kind = enumAt(row, 11, newsroom::StoryKind::coverage);
     story.sourcing = enumAt(row, 12, newsroom::Sourcing::unlabeled);
     story.wordpressID = row.optionalNumber(13);
-    story.articleLink = row.optionalText(14);
-    if (const auto credits = row.view(15); credits != "[]") {
-        story.credits =
-            newsroom::decode<std::vector<newsroom::SourceCredit>>(newsroom::parseJSON(credits));
-    }
-    stored.firstSeen = instantOf(row.number(16));
-    stored.arrival = enumAt(row, 17, Arrival::fresh);
-    stored.number = row.number(18);
-    stored.readAt = instantAt(row, 19);
-    stored.savedAt = instantAt(row, 20);
-    return stored;
+    story.articleLink = row.optionalView(14);
+    if (const auto credits = row.view(15); credits != "[]") story.credits = credits;
+    story.firstSeen = instantOf(row.number(16));
+    story.arrival = enumAt(row, 17, Arrival::fresh);
+    story.number = row.number(18);
+    story.readAt = instantAt(row, 19);
+    story.savedAt = instantAt(row, 20);
+    return story;
 }
 
+StoredStory StoryTable::read(const Statement& row) { return view(row).stored(); }
+
 void StoryTable::eachInWireOrder(std::optional<newsroom::Instant> since, const Visitor& visit) {
+    eachViewInWireOrder(since, [&](const StoryView& story) { return visit(story.stored()); });
+}
+
+void StoryTable::eachViewInWireOrder(std::optional<newsroom::Instant> since,
+                                     const std::function<bool(const StoryView&)>& visit) {
     Statement rows(database_,
                    fmt::format("{} WHERE s.number >= ? ORDER BY s.number DESC", kSelection));
     rows.bind(0, since ? firstStoryNumber(*since) : std::numeric_limits<std::int64_t>::min());
     while (rows.step()) {
-        if (!visit(read(rows))) break;
+        if (!visit(view(rows))) break;
     }
 }
 

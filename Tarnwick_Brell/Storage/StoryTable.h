@@ -11,6 +11,7 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Storage/Database.h"
 #include "Tarnwick_Brell/Storage/StoredStory.h"
+#include "Tarnwick_Brell/Storage/StoryView.h"
 
 namespace desk {
 
@@ -29,6 +30,10 @@ public:
 
     /// Stories in the order of the wire (newest first), until `visit` says false.
     void eachInWireOrder(std::optional<newsroom::Instant> since, const Visitor& visit);
+
+    /// The same without copies: a view is valid during its visit.
+    void eachViewInWireOrder(std::optional<newsroom::Instant> since,
+                             const std::function<bool(const StoryView&)>& visit);
 
     /// Stories that were added or revised, or whose marks changed, after that stamp of
     /// DeskState; in no order.
@@ -54,6 +59,7 @@ public:
     /// are named "s" in it, their marks "m".
     static std::string_view selection();
     static StoredStory read(const Statement& row);
+    static StoryView view(const Statement& row);
 
 private:
     Database& database_;

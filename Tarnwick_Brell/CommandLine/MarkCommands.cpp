@@ -1,0 +1,171 @@
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+#include <boost/json.hpp>
+#include <fmt/format.h>
+
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/When.h"
+
+namespace brell {
+
+namespace {
+
+using desk::Marked;
+using desk::MarkTable;
+using IDs = std::vector<std::string>;
+
+/// One of the four marks as the command line talks about it.
+struct MarkVerb {
+    const char* name;
+    const char* help;
+    const char* outcome;  ///< "3 stories …"
+    const char* already;  ///< what a story is that needs no change
+    Marked (*apply)(MarkTable&, const IDs&, newsroom::Instant);
+};
+
+constexpr MarkVerb kRead{"read", "Mark stories as read", "marked as read", "read",
+                         [](MarkTable& marks, const IDs& ids, newsroom::Instant now) {
+                             return marks.markRead(ids, now);
+                         }};
+constexpr MarkVerb kUnread{"unread", "Mark stories as unread", "marked as unread", "unread",
+                           [](MarkTable& marks, const IDs& ids, newsroom::Instant) {
+                               return marks.markUnread(ids);
+                           }};
+constexpr MarkVerb kSave{"save", "Save stories: they stay when others get too old", "saved",
+                         "saved", [](MarkTable& marks, const IDs& ids, newsroom::Instant now) {
+                             return marks.save(ids, now);
+                         }};
+constexpr MarkVerb kUnsave{"unsave", "Save stories no longer", "no longer saved", "not saved",
+                           [](MarkTable& marks, const IDs& ids, newsroom::Instant) {
+                               return marks.unsave(ids);
+                           }};
+
+std::string storyCount(std::size_t count) {
+    return count == 1 ? "1 story" : fmt::format("{} stories", count);
+}
+
+void tell(Session& session, std::size_t changed, const std::string& sentence) {
+    const auto count = static_cast<std::uint64_t>(changed);
+    session.out().line(session.options().json
+                           ? boost::json::serialize(boost::json::object{{"changed", count}})
+                           : sentence);
+}
+
+int markNamed(Session& session, const MarkVerb& verb, const IDs& names) {
+    auto& store = session.store();
+    IDs ids;
+    std::string complaints;
+    for (const auto& name : names) {
+        try {
+            ids.push_back(storyNamed(store, name).story.id);
+        } catch (const WorkFailed& unknown) {
+            complaints += (complaints.empty() ? "" : "\n") + std::string(unknown.what());
+        }
+    }
+    const auto marked = verb.apply(store.marks(), ids, session.now());
+    for (const auto& id : marked.unknown) {
+        complaints += (complaints.empty() ? "" : "\n") +
+                      fmt::format("The story {} has just left the wire.", id);
+    }
+    const auto rest = ids.size() - marked.unknown.size() - marked.changed;
+    std::string sentence;
+    if (marked.changed > 0 || rest == 0) {
+        sentence = fmt::format("{} {}.", storyCount(marked.changed), verb.outcome);
+    }
+    if (rest > 0) {
+        sentence += fmt::format("{}{} {} {} already.", sentence.empty() ? "" : " ",
+                                storyCount(rest), rest == 1 ? "was" : "were", verb.already);
+    }
+    if (!ids.empty() || session.options().json) tell(session, marked.changed, sentence);
+    if (!complaints.empty()) throw WorkFailed(complaints);
+    return kDone;
+}
+
+struct ReadOptions {
+    IDs ids{};
+    bool all = false;
+    bool undo = false;
+    std::string before{};
+    IDs sources{};
+};
+
+int markAll(Session& session, const ReadOptions& options) {
+    auto& store = session.store();
+    requireKnownSources(store, options.sources);
+    desk::StorySelection selection{.sourceIDs = options.sources};
+    if (!options.before.empty()) selection.before = parseWhen(options.before, session.now());
+    const auto changed = store.marks().markAllRead(selection, session.now());
+    tell(session, changed,
+         changed == 0 ? "No story was unread."
+                      : fmt::format("{} marked as read. brell read --undo takes that back.",
+                                    storyCount(changed)));
+    return kDone;
+}
+
+int undoMarkAll(Session& session) {
+    const auto changed = session.store().marks().undoLastReadBatch();
+    tell(session, changed,
+         changed == 0 ? "There was nothing to take back."
+                      : fmt::format("{} unread again.",
+                                    changed == 1 ? "1 story is"
+                                                 : fmt::format("{} stories are", changed)));
+    return kDone;
+}
+
+int runRead(Session& session, const ReadOptions& options) {
+    if (int{!options.ids.empty()} + int{options.all} + int{options.undo} != 1) {
+        throw WrongUsage("Name stories by their ids, or say either --all or --undo.");
+    }
+    if (!options.ids.empty()) return markNamed(session, kRead, options.ids);
+    return options.all ? markAll(session, options) : undoMarkAll(session);
+}
+
+CLI::App* addVerb(CLI::App& app, const MarkVerb& verb, IDs& ids) {
+    auto* command = app.add_subcommand(verb.name, verb.help);
+    command->add_option("ID", ids, "Ids of stories or their beginnings, as brell wire shows them");
+    return command;
+}
+
+void addReadCommand(CLI::App& app, Command& chosen) {
+    auto options = std::make_shared<ReadOptions>();
+    auto* command = addVerb(app, kRead, options->ids);
+    auto* all = command->add_flag("--all", options->all, "Every story of the wire");
+    command
+        ->add_option("--before", options->before,
+                     "Only stories published before: 30min, 6h, 2d, 1w, a day or a time")
+        ->type_name("WHEN")
+        ->needs(all);
+    command
+        ->add_option("--source", options->sources,
+                     "Only stories of this source; may be repeated")
+        ->type_name("ID")
+        ->needs(all);
+    command->add_flag("--undo", options->undo,
+                      "Make unread again what the last --all marked, and nothing else");
+    command->callback([options, &chosen] {
+        chosen = [options](Session& session) { return runRead(session, *options); };
+    });
+}
+
+void addMarkCommand(CLI::App& app, Command& chosen, const MarkVerb& verb) {
+    auto ids = std::make_shared<IDs>();
+    auto* command = addVerb(app, verb, *ids);
+    command->get_option("ID")->required();
+    command->callback([ids, &verb, &chosen] {
+        chosen = [ids, &verb](Session& session) { return markNamed(session, verb, *ids); };
+    });
+}
+
+}  // namespace
+
+void addMarkCommands(CLI::App& app, Command& chosen) {
+    addReadCommand(app, chosen);
+    for (const MarkVerb* verb : {&kUnread, &kSave, &kUnsave}) addMarkCommand(app, chosen, *verb);
+}
+
+}  // namespace brell

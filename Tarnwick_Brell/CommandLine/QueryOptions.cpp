@@ -1,0 +1,56 @@
+#include "Tarnwick_Brell/CommandLine/QueryOptions.h"
+
+#include <algorithm>
+
+#include <CLI/CLI.hpp>
+
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+
+namespace brell {
+
+namespace {
+
+std::vector<std::string> terms(const std::string& list) {
+    std::vector<std::string> pieces;
+    for (std::size_t begin = 0; begin <= list.size();) {
+        const auto comma = std::min(list.find(',', begin), list.size());
+        if (comma > begin) pieces.push_back(list.substr(begin, comma - begin));
+        begin = comma + 1;
+    }
+    return pieces;
+}
+
+}  // namespace
+
+void QueryOptions::addTo(CLI::App& command) {
+    command
+        .add_option("--any", any, "Stories that mention one of these, separated by commas")
+        ->type_name("TERMS");
+    command.add_option("--exclude", exclude, "Leave out stories that mention one of these")
+        ->type_name("TERMS");
+    command.add_option("--source", sources, "Only stories of this source; may be repeated")
+        ->type_name("ID");
+    command
+        .add_option("--sourcing", sourcings,
+                    "Only confirmed, onRecord, report, rumor or unlabeled; may be repeated")
+        ->type_name("S");
+    command.add_flag("--set-aside", setAside, "Deals, reviews, roundups and advertising too");
+}
+
+newsroom::StoryQuery QueryOptions::query() const {
+    newsroom::StoryQuery query{.anyTerms = terms(any),
+                               .excludedTerms = terms(exclude),
+                               .sourceIDs = sources,
+                               .includesSetAside = setAside};
+    for (const auto& name : sourcings) {
+        const auto sourcing = newsroom::enumFromRaw<newsroom::Sourcing>(name);
+        if (!sourcing) {
+            throw WrongUsage("There is no sourcing named " + name +
+                             ": use confirmed, onRecord, report, rumor or unlabeled.");
+        }
+        query.sourcings.push_back(*sourcing);
+    }
+    return query;
+}
+
+}  // namespace brell
