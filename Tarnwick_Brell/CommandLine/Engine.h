@@ -1,32 +1,45 @@
 #pragma once
 
-#include <boost/asio/io_context.hpp>
-#include <boost/asio/thread_pool.hpp>
+#include <exception>
+#include <optional>
+#include <utility>
 
-#include "NewsroomKit/HTTP/CurlTransport.h"
-#include "NewsroomKit/HTTP/HTTPClient.h"
-#include "NewsroomKit/Ingestion/FeedClient.h"
-#include "NewsroomKit/Ingestion/StoryConversion.h"
+#include <boost/asio/co_spawn.hpp>
+#include <boost/asio/io_context.hpp>
+
+#include "Tarnwick_Brell/Desk/FetchEngine.h"
 
 namespace brell {
 
-/// Everything that fetching needs, wired together: made only by commands that fetch.
+/// Fetching on the calling thread: made only by commands that fetch.
 class Engine {
 public:
     Engine(newsroom::CurlTransport::Options network, newsroom::Conditional conditional);
 
     boost::asio::io_context& io() { return io_; }
-    newsroom::HTTPClient& http() { return http_; }
-    newsroom::FeedClient& feeds() { return feeds_; }
+    desk::FetchEngine& fetching() { return fetching_; }
+    newsroom::HTTPClient& http() { return fetching_.http(); }
+    newsroom::FeedClient& feeds() { return fetching_.feeds(); }
+
+    /// Waits for the work and gives its result, or throws what it threw.
+    template <class T>
+    T await(boost::asio::awaitable<T> work) {
+        std::optional<T> result;
+        std::exception_ptr failure;
+        boost::asio::co_spawn(io_, std::move(work), [&](std::exception_ptr error, T value) {
+            failure = error;
+            if (!error) result = std::move(value);
+            io_.stop();
+        });
+        io_.restart();
+        io_.run();
+        if (failure) std::rethrow_exception(failure);
+        return std::move(*result);
+    }
 
 private:
     boost::asio::io_context io_;
-    boost::asio::thread_pool workers_;
-    newsroom::CanonicalLinks links_;
-    newsroom::StoryConversion conversion_;
-    newsroom::CurlTransport transport_;
-    newsroom::HTTPClient http_;
-    newsroom::FeedClient feeds_;
+    desk::FetchEngine fetching_;
 };
 
 }  // namespace brell

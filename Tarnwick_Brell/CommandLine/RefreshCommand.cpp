@@ -59,21 +59,17 @@ int runRefresh(Session& session, const RefreshOptions& options) {
 
     Engine engine(std::move(network),
                   options.unconditional ? newsroom::Conditional::no : newsroom::Conditional::yes);
-    const auto validators = store.validators().load();
-    engine.http().validators().replace(validators);
-    desk::RefreshPass pass(
-        store, engine.feeds(), &currentInstant,
-        {.intervals = options.sources.empty() ? desk::Intervals::kept : desk::Intervals::overridden,
-         .retention = std::chrono::duration<double>(session.defaults().storyRetention())});
-    std::size_t done = 0;
-    auto outcomes = pass.run(engine.io(), asked, [&](const SourceOutcome&) {
-        showProgress(fmt::format("{} of {}", ++done, asked.size()));
-    });
+    const desk::PassSettings settings{
+        .scope = options.sources.empty() ? desk::PassScope::all : desk::PassScope::named,
+        .retention = std::chrono::duration<double>(session.defaults().storyRetention())};
+    const auto progress = [](std::size_t done, std::size_t total) {
+        showProgress(fmt::format("{} of {}", done, total));
+    };
+    desk::RefreshPass pass(store, engine.fetching(), &currentInstant, settings,
+                           {.progress = progress});
+    auto report = engine.await(pass.run(asked));
     showProgress("");
-    // After the stories: a validator without its stories would answer 304 for ever.
-    auto transaction = store.transaction();
-    store.validators().save(validators, engine.http().validators().entries());
-    transaction.commit();
+    auto& outcomes = report.outcomes;
 
     sortLike(asked, outcomes);
     session.options().json ? printOutcomesJSON(session, outcomes)
@@ -83,8 +79,10 @@ int runRefresh(Session& session, const RefreshOptions& options) {
     });
     if (failed > 0 && static_cast<std::size_t>(failed) == outcomes.size()) {
         session.out().flush();
-        throw WorkFailed(failed == 1 ? "The source could not be refreshed."
-                                     : "No source could be refreshed.");
+        throw WorkFailed(report.offline ? "No server can be reached: this computer seems to be "
+                                          "offline. No source is blamed for it."
+                         : failed == 1  ? "The source could not be refreshed."
+                                        : "No source could be refreshed.");
     }
     return kDone;
 }

@@ -19,6 +19,8 @@ std::string_view outcomeName(SourceOutcome::Kind kind) {
         case SourceOutcome::Kind::unchanged: return "unchanged";
         case SourceOutcome::Kind::failed: return "failed";
         case SourceOutcome::Kind::notDue: return "notDue";
+        case SourceOutcome::Kind::paused: return "paused";
+        case SourceOutcome::Kind::cancelled: return "cancelled";
     }
     return "";
 }
@@ -29,17 +31,22 @@ std::string outcomeText(const SourceOutcome& outcome) {
             std::string text = outcome.merged.added > 0
                                    ? fmt::format("{} new", outcome.merged.added)
                                    : "nothing new";
+            if (outcome.merged.bulk) text += " in bulk";
             if (outcome.merged.revised > 0)
                 text += fmt::format(", {} revised", outcome.merged.revised);
             return text;
         }
         case SourceOutcome::Kind::unchanged: return "unchanged";
         case SourceOutcome::Kind::failed:
-            return "failed: " + printable(outcome.status.lastError.value_or(""));
+            return "failed: " + printable(outcome.error.value_or(""));
         case SourceOutcome::Kind::notDue: {
             const auto pause = std::chrono::duration<double>(outcome.source.minimumInterval);
             return fmt::format("not asked: at most every {:.0f} min", pause.count() / 60);
         }
+        case SourceOutcome::Kind::paused:
+            return "not asked: its server wants to be left alone until " +
+                   dayAndTime(*outcome.pausedUntil);
+        case SourceOutcome::Kind::cancelled: return "cancelled";
     }
     return {};
 }
@@ -81,6 +88,9 @@ void printOutcomesJSON(Session& session, const std::vector<SourceOutcome>& outco
             {"milliseconds",
              std::chrono::duration_cast<std::chrono::milliseconds>(outcome.record.elapsed)
                  .count()}};
+        if (outcome.error) entry["error"] = *outcome.error;
+        if (outcome.pausedUntil) entry["pausedUntil"] = newsroom::encode(*outcome.pausedUntil);
+        if (outcome.merged.bulk) entry["bulk"] = true;
         if (outcome.record.movedTo) entry["movedTo"] = *outcome.record.movedTo;
         sources.push_back(std::move(entry));
     }

@@ -3,7 +3,11 @@
 #include <chrono>
 #include <stdexcept>
 
+#include <fmt/format.h>
+
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/Storage/Backups.h"
+#include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace brell {
 
@@ -15,6 +19,17 @@ constexpr const char* kUpdateCatalogueHost = "gdmf.apple.com";
 std::optional<std::filesystem::path> dataDir(const GlobalOptions& options) {
     if (options.dataDir || !options.demo) return options.dataDir;
     return demoDataDir();
+}
+
+/// Before anything is written, since the backup is also the day's check of the library. Without
+/// room for a backup the desk goes on.
+void backUpDaily(const std::filesystem::path& library, newsroom::Instant now) {
+    try {
+        desk::Backups(library).makeIfDue(now);
+    } catch (const desk::StoreError& error) {
+        if (error.reason() == desk::StoreError::Reason::damaged) throw;
+        fmt::print(stderr, "brell: No backup of the library could be made. {}\n", error.what());
+    }
 }
 
 }  // namespace
@@ -38,16 +53,24 @@ desk::LocalStore& Session::store() {
         paths_.createFolders();
         store_ =
             std::make_unique<desk::LocalStore>(paths_.library, desk::Database::Access::readWrite);
+        backUpDaily(paths_.library, now_);
     }
     return *store_;
 }
 
 desk::LocalStore& Session::storeForReading() {
     using Access = desk::Database::Access;
-    if (!store_ && desk::LocalStore::exists(paths_.library)) {
-        store_ = std::make_unique<desk::LocalStore>(paths_.library, Access::readOnly);
-    } else if (!store_) {
+    if (store_) return *store_;
+    if (!desk::LocalStore::exists(paths_.library)) {
         store_ = std::make_unique<desk::LocalStore>(desk::Database::kInMemory, Access::readWrite);
+        return *store_;
+    }
+    try {
+        store_ = std::make_unique<desk::LocalStore>(paths_.library, Access::readOnly);
+    } catch (const desk::StoreError& error) {
+        if (error.reason() != desk::StoreError::Reason::olderVersion) throw;
+        // The first command after an update of the program brings the library up to date.
+        return store();
     }
     return *store_;
 }

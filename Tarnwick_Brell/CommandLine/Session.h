@@ -26,6 +26,7 @@ public:
     const GlobalOptions& options() const { return options_; }
     Output& out() { return out_; }
     newsroom::Instant now() const { return now_; }
+    const desk::Paths& paths() const { return paths_; }
 
     /// The library for a command that changes it. Throws desk::StoreError.
     desk::LocalStore& store();

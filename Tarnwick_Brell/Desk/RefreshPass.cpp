@@ -2,20 +2,30 @@
 
 #include <algorithm>
 #include <exception>
+#include <limits>
+#include <random>
 
+#include <boost/asio/as_tuple.hpp>
 #include <boost/asio/co_spawn.hpp>
+#include <boost/asio/deferred.hpp>
+#include <boost/asio/experimental/parallel_group.hpp>
 #include <boost/asio/steady_timer.hpp>
+#include <boost/asio/this_coro.hpp>
+#include <boost/asio/use_awaitable.hpp>
 
 #include "NewsroomKit/Editorial/AppleTopic.h"
+#include "NewsroomKit/Ingestion/FetchQueue.h"
 
 namespace desk {
 
 namespace asio = boost::asio;
 
+using newsroom::FetchQueue;
 using newsroom::Instant;
 using newsroom::NewsSource;
 using newsroom::SourceFetch;
 using newsroom::Story;
+using Kind = SourceOutcome::Kind;
 
 namespace {
 
@@ -24,31 +34,64 @@ namespace {
 constexpr std::size_t kStoriesPerTransaction = 4000;
 constexpr std::chrono::seconds kLongestInMemory{1};
 
+// A server that goes on answering "unchanged" may be wrong; and what retention once dropped
+// comes back only in full.
+constexpr std::chrono::hours kFullFetchEvery{24};
+
+constexpr std::chrono::seconds kLongestPause{3600};
+
+/// Whether `interval` has gone by since `then`. A clock that was set back must not silence
+/// anything.
+bool hasPassed(std::chrono::duration<double> interval, Instant then, Instant now) {
+    return now - then >= interval || now < then;
+}
+
+bool isAnswered(const SourceFetch& fetch) {
+    return !std::holds_alternative<SourceFetch::Failed>(fetch.outcome) || fetch.record.status != 0;
+}
+
+std::chrono::seconds withJitter(std::chrono::seconds pause) {
+    std::random_device source;
+    std::uniform_int_distribution<std::chrono::seconds::rep> more(0, pause.count() / 10);
+    return std::min(pause + std::chrono::seconds(more(source)), kLongestPause);
+}
+
 }  // namespace
 
-RefreshPass::RefreshPass(LocalStore& store, newsroom::FeedClient& client,
-                         newsroom::FeedClient::Clock clock, Settings settings)
-    : store_(store),
-      client_(client),
-      clock_(std::move(clock)),
-      settings_(settings),
-      statuses_(store.sources().statuses()) {}
+struct RefreshPass::Arrived {
+    NewsSource source;
+    SourceFetch fetch;
+    Instant moment{};
+};
 
-/// What arrives waits here until it is written.
+/// What arrives waits here until it is written. Failures without any answer wait until some
+/// source answers: when none does, this computer is to blame.
 class RefreshPass::Intake {
 public:
-    Intake(RefreshPass& pass, const Progress& progress) : pass_(pass), progress_(progress) {}
+    Intake(RefreshPass& pass, std::size_t total) : pass_(pass), total_(total) {}
 
-    void report(SourceOutcome outcome) {
-        if (progress_) progress_(outcome);
-        outcomes_.push_back(std::move(outcome));
+    /// Of a source that was not asked.
+    void leaveOut(SourceOutcome outcome) {
+        countOne();
+        PassStep step;
+        step.outcomes.push_back(std::move(outcome));
+        report(std::move(step));
     }
 
-    void add(Arrival arrival) {
-        if (const auto* stories = std::get_if<SourceFetch::Stories>(&arrival.fetch.outcome)) {
-            waitingStories_ += stories->list.size();
+    void add(Arrived arrived) {
+        countOne();
+        const auto* failed = std::get_if<SourceFetch::Failed>(&arrived.fetch.outcome);
+        if (failed && failed->cancelled) {
+            unblamed_.push_back(std::move(arrived));
+        } else if (isAnswered(arrived.fetch)) {
+            answered_ = true;
+            blameHeld();
+            take(std::move(arrived));
+        } else if (answered_) {
+            take(std::move(arrived));
+        } else {
+            held_.push_back(std::move(arrived));
         }
-        waiting_.push_back(std::move(arrival));
         if (waitingStories_ >= kStoriesPerTransaction) write();
     }
 
@@ -56,94 +99,251 @@ public:
     void write() {
         if (waiting_.empty()) return;
         auto transaction = pass_.store_.transaction();
-        std::vector<SourceOutcome> kept;
-        for (auto& arrival : waiting_) kept.push_back(pass_.keep(std::move(arrival)));
+        const auto stamp = pass_.store_.state().nextStamp();
+        auto merging = pass_.store_.merging();
+        PassStep step;
+        for (auto& arrived : waiting_) {
+            step.outcomes.push_back(pass_.keep(std::move(arrived), merging, stamp, step));
+        }
+        if (!step.added.empty()) {
+            pass_.store_.state().set(DeskState::kLastArrival, pass_.clock_());
+        }
         transaction.commit();
         waiting_.clear();
         waitingStories_ = 0;
-        for (auto& outcome : kept) report(std::move(outcome));
+        report(std::move(step));
     }
 
     /// Writes what has come every second, whatever still keeps the pass waiting.
-    void writeRegularly(asio::steady_timer& alarm) {
-        write();
-        alarm.expires_after(kLongestInMemory);
-        alarm.async_wait([this, &alarm](boost::system::error_code) { writeRegularly(alarm); });
+    asio::awaitable<void> writeRegularly() {
+        asio::steady_timer timer(co_await asio::this_coro::executor);
+        for (bool cancelled = false; !cancelled;) {
+            timer.expires_after(kLongestInMemory);
+            const auto [error] = co_await timer.async_wait(asio::as_tuple(asio::use_awaitable));
+            cancelled = bool(error);
+            if (!cancelled) write();
+        }
     }
 
-    std::vector<SourceOutcome> outcomes() { return std::move(outcomes_); }
+    /// After the last arrival.
+    PassReport finish() {
+        report_.offline = !answered_ && !held_.empty() && isWholeNetwork();
+        if (!report_.offline) blameHeld();
+        write();
+        PassStep step;
+        for (auto* arrivals : {&held_, &unblamed_}) {
+            for (auto& arrived : *arrivals) step.outcomes.push_back(unblamed(arrived));
+        }
+        report_.cancelled = !unblamed_.empty();
+        report(std::move(step));
+        return std::move(report_);
+    }
 
 private:
+    void countOne() {
+        ++done_;
+        if (pass_.listener_.progress) pass_.listener_.progress(done_, total_);
+    }
+
+    void take(Arrived arrived) {
+        if (const auto* stories = std::get_if<SourceFetch::Stories>(&arrived.fetch.outcome)) {
+            waitingStories_ += stories->list.size();
+        }
+        waiting_.push_back(std::move(arrived));
+    }
+
+    void blameHeld() {
+        for (auto& arrived : held_) take(std::move(arrived));
+        held_.clear();
+    }
+
+    /// One silent server alone says nothing about the network, unless the system does.
+    bool isWholeNetwork() const {
+        return held_.size() > 1 ||
+               std::get<SourceFetch::Failed>(held_.front().fetch.outcome).offline;
+    }
+
+    SourceOutcome unblamed(Arrived& arrived) const {
+        auto& failed = std::get<SourceFetch::Failed>(arrived.fetch.outcome);
+        auto outcome =
+            pass_.outcomeOf(arrived.source, failed.cancelled ? Kind::cancelled : Kind::failed);
+        outcome.error = std::move(failed.text);
+        outcome.record = std::move(arrived.fetch.record);
+        return outcome;
+    }
+
+    void report(PassStep step) {
+        if (step.outcomes.empty()) return;
+        report_.outcomes.insert(report_.outcomes.end(), step.outcomes.begin(),
+                                step.outcomes.end());
+        if (pass_.listener_.kept) pass_.listener_.kept(std::move(step));
+    }
+
     RefreshPass& pass_;
-    const Progress& progress_;
-    std::vector<SourceOutcome> outcomes_;
-    std::vector<Arrival> waiting_;
+    PassReport report_;
+    std::vector<Arrived> waiting_;
+    std::vector<Arrived> held_;
+    std::vector<Arrived> unblamed_;  ///< cancelled
     std::size_t waitingStories_ = 0;
+    std::size_t done_ = 0;
+    std::size_t total_;
+    bool answered_ = false;
 };
 
-std::vector<SourceOutcome> RefreshPass::run(asio::io_context& io, std::vector<NewsSource> sources,
-                                            const Progress& progress) {
-    Intake intake(*this, progress);
-    const auto waiting = std::stable_partition(
-        sources.begin(), sources.end(),
-        [&](const NewsSource& source) { return isDue(source, statuses_[source.id]); });
-    for (auto source = waiting; source != sources.end(); ++source) {
-        intake.report({.source = *source, .status = statuses_[source->id]});
+RefreshPass::RefreshPass(LocalStore& store, FetchEngine& engine,
+                         newsroom::FeedClient::Clock clock, PassSettings settings,
+                         Listener listener)
+    : store_(store),
+      engine_(engine),
+      clock_(std::move(clock)),
+      settings_(settings),
+      listener_(std::move(listener)),
+      statuses_(store.sources().statuses()),
+      healths_(store.sources().healths()),
+      pauses_(store.hostPauses().load(clock_())) {}
+
+RefreshPass::~RefreshPass() = default;
+
+asio::awaitable<PassReport> RefreshPass::run(std::vector<NewsSource> sources) {
+    // Read anew for each pass: another program may have fetched meanwhile.
+    const auto validators = store_.validators().load();
+    engine_.http().validators().replace(validators);
+    Intake intake(*this, sources.size());
+    auto due = takeDue(std::move(sources), intake);
+    for (const auto& source : due) {
+        if (isFetchedInFull(source)) engine_.http().validators().forget(source.feedURL);
     }
-    sources.erase(waiting, sources.end());
 
     const auto arrived = [&](const NewsSource& source, SourceFetch fetch) {
-        intake.add({source, std::move(fetch), clock_()});
+        const auto now = clock_();
+        if (fetch.record.retryAfter && !std::holds_alternative<SourceFetch::Stories>(fetch.outcome)) {
+            leaveAlone(source, *fetch.record.retryAfter, now);
+        }
+        intake.add({source, std::move(fetch), now});
     };
-    std::exception_ptr failure;
-    asio::co_spawn(io, client_.fetchAll(std::move(sources), arrived),
-                   [&](std::exception_ptr error) {
-                       failure = error;
-                       io.stop();
-                   });
-    asio::steady_timer alarm(io);
-    intake.writeRegularly(alarm);
-    io.restart();
-    io.run();
-    if (failure) std::rethrow_exception(failure);
+    const auto gate = [&](const NewsSource& source) { return mayAsk(source, intake); };
+    const auto executor = co_await asio::this_coro::executor;
+    auto fetching = asio::co_spawn(
+        executor, engine_.feeds().fetchAll(std::move(due), arrived, gate), asio::deferred);
+    auto writing = asio::co_spawn(executor, intake.writeRegularly(), asio::deferred);
+    const auto [order, fetchFailure, writeFailure] =
+        co_await asio::experimental::make_parallel_group(std::move(fetching), std::move(writing))
+            .async_wait(asio::experimental::wait_for_one(), asio::use_awaitable);
+    for (const auto& failure : {fetchFailure, writeFailure}) {
+        if (failure) std::rethrow_exception(failure);
+    }
 
-    intake.write();
-    auto transaction = store_.transaction();
-    store_.stories().dropPublishedBefore(cutoff());
-    transaction.commit();
-    return intake.outcomes();
+    auto report = intake.finish();
+    report.ended = clock_();
+    tidyUp(validators, report);
+    co_return report;
 }
 
-bool RefreshPass::isDue(const NewsSource& source, const SourceStatus& status) const {
-    if (settings_.intervals == Intervals::overridden || !status.lastAttempt) return true;
-    const auto since = clock_() - *status.lastAttempt;
-    // A clock that was set back must not silence a source.
-    return since >= std::chrono::duration<double>(source.minimumInterval) ||
-           since < Instant::duration::zero();
+bool RefreshPass::isDue(const NewsSource& source) const {
+    const auto status = statuses_.find(source.id);
+    if (settings_.scope == PassScope::named || status == statuses_.end() ||
+        !status->second.lastAttempt) {
+        return true;
+    }
+    return hasPassed(std::chrono::duration<double>(source.minimumInterval),
+                     *status->second.lastAttempt, clock_());
 }
 
-SourceOutcome RefreshPass::keep(Arrival arrival) {
-    auto& [source, fetch, moment] = arrival;
+bool RefreshPass::isFetchedInFull(const NewsSource& source) const {
+    const auto health = healths_.find(source.id);
+    return health == healths_.end() || !health->second.lastFullFetch ||
+           hasPassed(kFullFetchEvery, *health->second.lastFullFetch, clock_());
+}
+
+std::vector<NewsSource> RefreshPass::takeDue(std::vector<NewsSource> sources, Intake& intake) {
+    const auto waiting =
+        std::stable_partition(sources.begin(), sources.end(),
+                              [&](const NewsSource& source) { return isDue(source); });
+    for (auto source = waiting; source != sources.end(); ++source) {
+        intake.leaveOut(outcomeOf(*source, Kind::notDue));
+    }
+    sources.erase(waiting, sources.end());
+    return sources;
+}
+
+bool RefreshPass::mayAsk(const NewsSource& source, Intake& intake) {
+    const auto pause = pauses_.find(FetchQueue::hostOf(source));
+    if (pause == pauses_.end() || pause->second <= clock_()) return true;
+    auto outcome = outcomeOf(source, Kind::paused);
+    outcome.pausedUntil = pause->second;
+    intake.leaveOut(std::move(outcome));
+    return false;
+}
+
+void RefreshPass::leaveAlone(const NewsSource& source, std::chrono::seconds wanted, Instant now) {
+    if (wanted <= std::chrono::seconds(0)) return;
+    const auto host = FetchQueue::hostOf(source);
+    const auto until = now + withJitter(std::min(wanted, kLongestPause));
+    pauses_[host] = until;
+    store_.hostPauses().set(host, until);
+}
+
+SourceOutcome RefreshPass::outcomeOf(const NewsSource& source, Kind kind) const {
+    SourceOutcome outcome{.source = source, .kind = kind};
+    if (const auto status = statuses_.find(source.id); status != statuses_.end()) {
+        outcome.status = status->second;
+    }
+    if (const auto health = healths_.find(source.id); health != healths_.end()) {
+        outcome.health = health->second;
+    }
+    return outcome;
+}
+
+SourceOutcome RefreshPass::keep(Arrived arrived, StoryMerge& merging, std::int64_t stamp,
+                                PassStep& step) {
+    auto& [source, fetch, moment] = arrived;
     SourceStatus& status = statuses_[source.id];
+    SourceHealth& health = healths_[source.id];
+    MergeCount merged;
+    Kind kind = Kind::unchanged;
     status.lastAttempt = moment;
-    SourceOutcome outcome{.source = source, .record = fetch.record};
+    health.latency =
+        std::chrono::duration_cast<std::chrono::milliseconds>(fetch.record.elapsed).count();
+    health.bytes = static_cast<std::int64_t>(fetch.record.bytesOnWire);
     if (auto* failed = std::get_if<SourceFetch::Failed>(&fetch.outcome)) {
-        outcome.kind = SourceOutcome::Kind::failed;
+        kind = Kind::failed;
         status.lastError = std::move(failed->text);
-    } else {
-        outcome.kind = SourceOutcome::Kind::unchanged;
-        status.lastSuccess = moment;
-        status.lastError.reset();
+        if (!health.failingSince) health.failingSince = moment;
     }
     if (auto* stories = std::get_if<SourceFetch::Stories>(&fetch.outcome)) {
-        outcome.kind = SourceOutcome::Kind::stories;
+        kind = Kind::stories;
         const auto kept = belonging(source, std::move(stories->list));
+        StoryMerge::Fetch terms{.seen = moment, .isFirst = !status.lastSuccess};
+        // After a long silence a crowd of news is no wonder.
+        if (status.lastSuccess && hasPassed(kFullFetchEvery, *status.lastSuccess, moment)) {
+            terms.mostFresh = std::numeric_limits<std::size_t>::max();
+        }
+        auto result = merging.merge(kept, terms, stamp);
+        merged = result.count;
+        std::move(result.added.begin(), result.added.end(), std::back_inserter(step.added));
+        std::move(result.revised.begin(), result.revised.end(), std::back_inserter(step.revised));
         status.storyCount = static_cast<std::int64_t>(kept.size());
-        outcome.merged =
-            store_.merging().merge(kept, {.seen = moment}, store_.state().nextStamp()).count;
+        health.lastFullFetch = moment;
+        health.collapsed = static_cast<std::int64_t>(merged.collapsed + merged.moved);
+        health.collided = static_cast<std::int64_t>(merged.collided);
+        health.movedTo = fetch.record.movedTo;
+        health.newestStory.reset();
+        for (const auto& story : kept) {
+            health.newestStory =
+                std::max(health.newestStory.value_or(story.publishedAt), story.publishedAt);
+        }
+    }
+    if (kind != Kind::failed) {
+        status.lastSuccess = moment;
+        status.lastError.reset();
+        health.failingSince.reset();
     }
     store_.sources().setStatus(source.id, status);
-    outcome.status = status;
+    store_.sources().setHealth(source.id, health);
+    auto outcome = outcomeOf(source, kind);
+    outcome.error = status.lastError;
+    outcome.merged = merged;
+    outcome.record = std::move(fetch.record);
     return outcome;
 }
 
@@ -156,6 +356,20 @@ std::vector<Story> RefreshPass::belonging(const NewsSource& source,
                !newsroom::AppleTopic::matches(story.summary);
     });
     return stories;
+}
+
+void RefreshPass::tidyUp(const newsroom::ValidatorTable::Entries& validators,
+                         const PassReport& report) {
+    auto transaction = store_.transaction();
+    // After the stories: a validator without its stories would answer 304 for ever.
+    store_.validators().save(validators, engine_.http().validators().entries());
+    store_.stories().dropPublishedBefore(cutoff());
+    store_.stories().dropBeyond(settings_.ceiling);
+    store_.hostPauses().dropEndedBefore(clock_());
+    if (settings_.scope == PassScope::all && !report.offline && !report.cancelled) {
+        store_.state().set(DeskState::kLastRefresh, report.ended);
+    }
+    transaction.commit();
 }
 
 Instant RefreshPass::cutoff() const {

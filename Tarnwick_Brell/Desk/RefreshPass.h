@@ -1,78 +1,98 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <string>
 #include <vector>
 
-#include <boost/asio/io_context.hpp>
+#include <boost/asio/awaitable.hpp>
 
-#include "NewsroomKit/Ingestion/FeedClient.h"
 #include "NewsroomKit/Sources/NewsSource.h"
-#include "Tarnwick_Brell/Storage/SourceStatus.h"
+#include "Tarnwick_Brell/Desk/FetchEngine.h"
+#include "Tarnwick_Brell/Desk/SourceOutcome.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace desk {
 
-/// What a pass did for one source.
-struct SourceOutcome {
-    enum class Kind {
-        stories,    ///< the feed was read
-        unchanged,  ///< the server answered that nothing is new
-        failed,
-        notDue  ///< asked for too short a while ago, so it was left alone
-    };
-
-    newsroom::NewsSource source{};
-    Kind kind = Kind::notDue;
-    MergeCount merged{};
-    SourceStatus status{};
-    newsroom::HTTPClient::Record record{};
+enum class PassScope {
+    all,   ///< every source that is on; each one's shortest interval is kept
+    named  ///< some that the user has named: they are asked whatever their interval
 };
 
-/// Whether a source's own shortest interval between two fetches is kept.
-enum class Intervals { kept, overridden };
+/// Most stories that the desk keeps.
+inline constexpr std::size_t kStoryCeiling = 1'000'000;
+
+struct PassSettings {
+    PassScope scope = PassScope::all;
+    std::chrono::duration<double> retention{};
+    std::size_t ceiling = kStoryCeiling;
+};
+
+/// What became safe in the library at one moment of a pass.
+struct PassStep {
+    std::vector<SourceOutcome> outcomes{};
+    std::vector<StoredStory> added{};
+    std::vector<StoredStory> revised{};
+};
+
+struct PassReport {
+    std::vector<SourceOutcome> outcomes{};
+    /// Not one source answered: no source was marked failing for it.
+    bool offline = false;
+    bool cancelled = false;
+    newsroom::Instant ended{};
+};
 
 /// One refresh of a list of sources: fetches them, keeps the stories that belong to the
-/// desk, records each source's status, and drops what retention no longer keeps.
+/// desk, records each source's status, leaves alone the hosts that ask for it, and drops
+/// what retention no longer keeps. A feed that has sent nothing but "unchanged" for a day is
+/// fetched in full.
 class RefreshPass {
 public:
-    struct Settings {
-        Intervals intervals = Intervals::kept;
-        std::chrono::duration<double> retention{};
+    /// Both are called on the pass's executor.
+    struct Listener {
+        /// A source has arrived; it may not be in the library yet.
+        std::function<void(std::size_t done, std::size_t total)> progress{};
+        std::function<void(PassStep)> kept{};
     };
 
-    using Progress = std::function<void(const SourceOutcome&)>;
+    RefreshPass(LocalStore& store, FetchEngine& engine, newsroom::FeedClient::Clock clock,
+                PassSettings settings, Listener listener);
+    ~RefreshPass();
 
-    RefreshPass(LocalStore& store, newsroom::FeedClient& client, newsroom::FeedClient::Clock clock,
-                Settings settings);
-
-    /// Runs `io` on the calling thread until all sources have arrived. `progress` is called
-    /// there once for each source, when what came of it is in the library. Throws StoreError.
-    std::vector<SourceOutcome> run(boost::asio::io_context& io,
-                                   std::vector<newsroom::NewsSource> sources,
-                                   const Progress& progress);
+    /// To be awaited once, on an executor that runs one handler at a time and on which
+    /// nobody else has a transaction open across a wait. When it is cancelled, what has
+    /// arrived is kept. Throws StoreError.
+    boost::asio::awaitable<PassReport> run(std::vector<newsroom::NewsSource> sources);
 
 private:
     class Intake;
-    struct Arrival {
-        newsroom::NewsSource source;
-        newsroom::SourceFetch fetch;
-        newsroom::Instant moment{};
-    };
+    struct Arrived;
 
-    bool isDue(const newsroom::NewsSource& source, const SourceStatus& status) const;
-    SourceOutcome keep(Arrival arrival);
+    bool isDue(const newsroom::NewsSource& source) const;
+    bool isFetchedInFull(const newsroom::NewsSource& source) const;
+    std::vector<newsroom::NewsSource> takeDue(std::vector<newsroom::NewsSource> sources,
+                                              Intake& intake);
+    bool mayAsk(const newsroom::NewsSource& source, Intake& intake);
+    void leaveAlone(const newsroom::NewsSource& source, std::chrono::seconds wanted,
+                    newsroom::Instant now);
+    SourceOutcome keep(Arrived arrived, StoryMerge& merging, std::int64_t stamp, PassStep& step);
+    SourceOutcome outcomeOf(const newsroom::NewsSource& source, SourceOutcome::Kind kind) const;
     std::vector<newsroom::Story> belonging(const newsroom::NewsSource& source,
                                            std::vector<newsroom::Story> stories) const;
+    void tidyUp(const newsroom::ValidatorTable::Entries& validators, const PassReport& report);
     newsroom::Instant cutoff() const;
 
     LocalStore& store_;
-    newsroom::FeedClient& client_;
+    FetchEngine& engine_;
     newsroom::FeedClient::Clock clock_;
-    Settings settings_;
+    PassSettings settings_;
+    Listener listener_;
     std::map<std::string, SourceStatus> statuses_;
+    std::map<std::string, SourceHealth> healths_;
+    std::map<std::string, newsroom::Instant, std::less<>> pauses_;
 };
 
 }  // namespace desk

@@ -10,12 +10,13 @@ BIN = Path(os.environ["BRELL_BIN"])
 
 
 class PressRoom:
-    """A running press room; `network` are the options that lead brell to it."""
+    """A running press room; `network` are the options that lead brell to it. What it writes
+    to standard error goes to the file `log`."""
 
-    def __init__(self, *options):
+    def __init__(self, *options, log=None):
         self.process = subprocess.Popen(
             [BIN / "pressroom", "--ready-json", "--exit-with-parent", *map(str, options)],
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=log)
         ready = json.loads(self.process.stdout.readline())
         self.network = ["--connect-to", f"{ready['host']}:{ready['port']}", "--ca-file", ready["authority"]]
 

@@ -95,7 +95,7 @@ class FaultsOfTheNetwork(unittest.TestCase):
         self.assertIn("certificate", failed)
         nowhere = Desk(["--connect-to", "127.0.0.1:9", *room.network[2:]])
         self.addCleanup(nowhere.close)
-        self.assertIn("No source could be refreshed.", nowhere.run("refresh", status=1).stderr)
+        self.assertIn("this computer seems to be offline", nowhere.run("refresh", status=1).stderr)
 
     def test_sources_are_added_by_address_and_refused_with_the_reason(self):
         folder = Path(tempfile.mkdtemp())
@@ -152,7 +152,7 @@ class FaultsOfTheStore(unittest.TestCase):
         self.library = self.desk.folder / "library.sqlite"
 
     def test_what_has_come_is_kept_while_a_silent_source_is_waited_for(self):
-        room = PressRoom("--with-silent-host")
+        room = PressRoom("--misbehave", "apple-ml=silent")
         self.addCleanup(room.close)
         desk = Desk(room.network)
         self.addCleanup(desk.close)

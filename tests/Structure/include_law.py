@@ -10,11 +10,11 @@ FREE = {"PressRoom", "tests", "benchmarks", "fuzzers"}
 # Header prefix -> the only folders that may include it.
 DOORS = {
     r"curl/": ["NewsroomKit/HTTP", "tests"],
-    r"libxml/": ["NewsroomKit/Feeds", "tests", "benchmarks"],
+    r"libxml/": ["NewsroomKit/Feeds", "NewsroomKit/Outlines", "tests", "benchmarks"],
     r"sqlite3\.h": ["Tarnwick_Brell/Storage"],
     r"boost/beast": ["PressRoom/Server"],
     r"openssl/": ["PressRoom/Server", "NewsroomKit/HTTP"],
-    r"Q[A-Z]\w*$|Qt\w+/": ["Tarnwick_Brell"],
+    r"Q[A-Z]\w*$|Qt\w+/": ["Tarnwick_Brell", "tests", "benchmarks"],
 }
 
 

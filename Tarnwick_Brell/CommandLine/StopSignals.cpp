@@ -1,0 +1,45 @@
+#include "Tarnwick_Brell/CommandLine/StopSignals.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <utility>
+
+namespace brell {
+
+namespace {
+
+constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
+
+// A handler may do next to nothing: it writes a byte, and the event loop reads it.
+std::array<int, 2> alarmPipe{-1, -1};
+
+void raiseAlarm(int) {
+    const char byte = 0;
+    [[maybe_unused]] const auto written = write(alarmPipe[1], &byte, 1);
+}
+
+int openAlarm() {
+    [[maybe_unused]] const int failed = pipe2(alarmPipe.data(), O_CLOEXEC | O_NONBLOCK);
+    return alarmPipe[0];
+}
+
+}  // namespace
+
+StopSignals::StopSignals(std::function<void()> stop)
+    : notifier_(openAlarm(), QSocketNotifier::Read) {
+    QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_,
+                     [stop = std::move(stop)] { stop(); });
+    for (const int number : kSignals) std::signal(number, raiseAlarm);
+}
+
+StopSignals::~StopSignals() {
+    for (const int number : kSignals) std::signal(number, SIG_DFL);
+    notifier_.setEnabled(false);
+    close(alarmPipe[0]);
+    close(alarmPipe[1]);
+}
+
+}  // namespace brell

@@ -1,0 +1,140 @@
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+#include <QCoreApplication>
+#include <fmt/format.h>
+
+#include "NewsroomKit/Stories/StoryShape.h"
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/QueryOptions.h"
+#include "Tarnwick_Brell/CommandLine/StopSignals.h"
+#include "Tarnwick_Brell/CommandLine/WireLine.h"
+#include "Tarnwick_Brell/Shell/AppEnvironment.h"
+
+namespace brell {
+
+namespace {
+
+struct WatchOptions {
+    QueryOptions query{};
+    bool live = false;
+};
+
+/// Prints what a desk brings, as it comes.
+class Watch {
+public:
+    Watch(Session& session, desk::NewsDesk& newsDesk, const newsroom::StoryQuery& query)
+        : session_(session), desk_(newsDesk), wanted_(query.compiled()) {}
+
+    void connect() {
+        using desk::NewsDesk;
+        QObject::connect(&desk_, &NewsDesk::storiesArrived, &desk_,
+                         [this](const auto& numbers) { printStories(numbers); });
+        QObject::connect(&desk_, &NewsDesk::refreshChanged, &desk_, [this] { printProgress(); });
+        QObject::connect(&desk_, &NewsDesk::passEnded, &desk_,
+                         [this](const auto& report) { noticeNetwork(report); });
+        QObject::connect(&desk_, &NewsDesk::failed, &desk_,
+                         [](const QString& sentence) { tell(sentence.toStdString()); });
+    }
+
+    /// Nobody reads any more; exec() has ended because of it.
+    const std::optional<OutputError>& outputError() const { return outputError_; }
+
+private:
+    static void tell(const std::string& sentence) {
+        showProgress("");
+        fmt::print(stderr, "brell: {}\n", sentence);
+    }
+
+    void printStories(const std::vector<std::int64_t>& numbers) {
+        showProgress("");
+        try {
+            // The oldest first: the newest stands at the end, where the eye is.
+            for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
+                const auto place = desk_.stories().placeOf(*number);
+                if (place) print(desk_.stories()[*place].unpacked());
+            }
+            session_.out().flush();
+        } catch (const OutputError& error) {
+            outputError_ = error;
+            QCoreApplication::quit();
+        }
+    }
+
+    void print(const desk::StoredStory& stored) {
+        if (!wanted_.matches(stored.story)) return;
+        Output& out = session_.out();
+        out.line(session_.options().json ? boost::json::serialize(newsroom::encode(stored.story))
+                                         : wireLine(out, stored, currentInstant()));
+    }
+
+    void printProgress() {
+        const auto progress = desk_.progress();
+        showProgress(desk_.isRefreshing()
+                         ? fmt::format("Refreshing, {} of {}", progress.done, progress.total)
+                         : "");
+    }
+
+    void noticeNetwork(const desk::PassReport& report) {
+        if (report.cancelled || report.offline == wasOffline_) return;
+        wasOffline_ = report.offline;
+        tell(report.offline ? "No server can be reached: this computer seems to be offline."
+                            : "The network is back.");
+    }
+
+    Session& session_;
+    desk::NewsDesk& desk_;
+    newsroom::CompiledStoryQuery wanted_;
+    bool wasOffline_ = false;
+    std::optional<OutputError> outputError_;
+};
+
+int runWatch(Session& session, const WatchOptions& options) {
+    auto network = session.network();
+    const auto query = options.query.query();
+    if (!options.query.sources.empty()) {
+        requireKnownSources(session.storeForReading(), options.query.sources);
+    }
+    int argumentCount = 0;
+    QCoreApplication application(argumentCount, nullptr);
+    desk::AppEnvironment environment({.paths = session.paths(),
+                                      .network = std::move(network),
+                                      .clock = &currentInstant,
+                                      .what = "brell watch"});
+    auto& newsDesk = environment.newsDesk();
+    Watch watch(session, newsDesk, query);
+    watch.connect();
+    const StopSignals stop([] { QCoreApplication::quit(); });
+    if (options.live) {
+        QObject::connect(&newsDesk, &desk::NewsDesk::loaded, &newsDesk, [&] {
+            newsDesk.goLive(currentInstant() + desk::RefreshCadence::kLongestLive);
+        });
+    }
+    environment.start();
+    QCoreApplication::exec();
+    showProgress("");
+    if (watch.outputError()) throw *watch.outputError();
+    return kDone;
+}
+
+}  // namespace
+
+void addWatchCommand(CLI::App& app, Command& chosen) {
+    auto options = std::make_shared<WatchOptions>();
+    auto* command = app.add_subcommand(
+        "watch", "Stay, refresh on the timer, and print new stories as they come");
+    options->query.addTo(*command);
+    command->add_flag("--live", options->live, "Refresh every minute for the first two hours");
+    command->footer(
+        "Stories of a source's first fetch are taken in without being printed; brell wire lists "
+        "them. With --json each story is a line of its own. Ctrl-C ends it.");
+    command->callback([options, &chosen] {
+        chosen = [options](Session& session) { return runWatch(session, *options); };
+    });
+}
+
+}  // namespace brell

@@ -1,0 +1,144 @@
+#include "Tarnwick_Brell/Desk/Backroom.h"
+
+#include <utility>
+
+namespace desk {
+
+using newsroom::Story;
+
+namespace {
+
+// News that is told again after three days is told as new.
+constexpr std::chrono::hours kClustered{72};
+
+}  // namespace
+
+Backroom::Backroom(LocalStore& store, newsroom::FeedClient::Clock clock)
+    : store_(store), clock_(std::move(clock)), roster_(store.sources()) {}
+
+DeskStep Backroom::newest(std::size_t count) {
+    DeskStep step{.replacesWire = true};
+    store_.stories().eachViewInWireOrder(std::nullopt, [&](const StoryView& story) {
+        step.stories.push_back(PackedStory::make(story));
+        return step.stories.size() < count;
+    });
+    step.roster = toldRoster_ = rosterState();
+    step.sourceStates = toldStates_ = sourceStates();
+    addTimes(step);
+    return step;
+}
+
+DeskStep Backroom::everything() {
+    DeskStep step{.replacesWire = true, .isWholeWire = true};
+    // Before reading: what comes meanwhile is read twice rather than not at all.
+    stamp_ = store_.state().lastStamp();
+    store_.hasForeignChanges();
+    const auto recent = clock_() - kClustered;
+    std::vector<Story> clustered;
+    store_.stories().eachViewInWireOrder(std::nullopt, [&](const StoryView& story) {
+        if (story.publishedAt >= recent) clustered.push_back(story.stored().story);
+        step.stories.push_back(PackedStory::make(story));
+        return true;
+    });
+    cluster(clustered);
+    return step;
+}
+
+DeskStep Backroom::kept(PassStep pass) {
+    DeskStep result;
+    noteOwnWrite();
+    std::vector<Story> clustered;
+    const auto recent = clock_() - kClustered;
+    for (auto* list : {&pass.added, &pass.revised}) {
+        for (const auto& stored : *list) {
+            if (stored.story.publishedAt >= recent) clustered.push_back(stored.story);
+            result.stories.push_back(PackedStory::make(stored));
+        }
+    }
+    for (const auto& stored : pass.added) {
+        if (stored.arrival == Arrival::fresh) result.news.push_back(stored.number);
+    }
+    cluster(clustered);
+    if (!pass.added.empty()) result.lastArrival = clock_();
+    SourceStates states = toldStates_;
+    for (const auto& outcome : pass.outcomes) {
+        if (!outcome.status.lastAttempt) continue;
+        states.statuses[outcome.source.id] = outcome.status;
+        states.healths[outcome.source.id] = outcome.health;
+    }
+    if (states != toldStates_) result.sourceStates = toldStates_ = std::move(states);
+    return result;
+}
+
+DeskStep Backroom::finished() {
+    DeskStep step;
+    addTimes(step);
+    if (std::exchange(clustersChanged_, false)) step.clusters = clusters();
+    return step;
+}
+
+DeskStep Backroom::rosterChanged() {
+    DeskStep step;
+    step.roster = toldRoster_ = rosterState();
+    return step;
+}
+
+std::optional<DeskStep> Backroom::foreignChanges() {
+    if (!store_.hasForeignChanges()) return std::nullopt;
+    DeskStep step;
+    const auto known = std::exchange(stamp_, store_.state().lastStamp());
+    std::vector<Story> clustered;
+    const auto recent = clock_() - kClustered;
+    store_.stories().eachChangedAfter(known, [&](const StoredStory& stored) {
+        if (stored.story.publishedAt >= recent) clustered.push_back(stored.story);
+        if (stored.arrival == Arrival::fresh) step.news.push_back(stored.number);
+        step.stories.push_back(PackedStory::make(stored));
+        return true;
+    });
+    cluster(clustered);
+    if (std::exchange(clustersChanged_, false)) step.clusters = clusters();
+    roster_.reload();
+    if (auto roster = rosterState(); roster != toldRoster_) {
+        step.roster = toldRoster_ = std::move(roster);
+    }
+    if (auto states = sourceStates(); states != toldStates_) {
+        step.sourceStates = toldStates_ = std::move(states);
+    }
+    addTimes(step);
+    return step;
+}
+
+void Backroom::noteOwnWrite() {
+    // With another program's write in between both are read again at the next look.
+    const auto last = store_.state().lastStamp();
+    if (last == stamp_ + 1) stamp_ = last;
+}
+
+RosterState Backroom::rosterState() const {
+    RosterState state{.sources = roster_.sources()};
+    for (const auto& source : roster_.enabledSources()) state.enabled.insert(source.id);
+    return state;
+}
+
+SourceStates Backroom::sourceStates() {
+    return {.statuses = store_.sources().statuses(), .healths = store_.sources().healths()};
+}
+
+void Backroom::cluster(const std::vector<Story>& stories) {
+    if (stories.empty()) return;
+    clusterer_.add(stories);
+    clustersChanged_ = true;
+}
+
+std::vector<newsroom::StoryCluster> Backroom::clusters() {
+    clusterer_.forgetBefore(clock_() - kClustered);
+    return clusterer_.clusters();
+}
+
+void Backroom::addTimes(DeskStep& step) {
+    step.lastRefresh = store_.state().instant(DeskState::kLastRefresh);
+    step.lastArrival = store_.state().instant(DeskState::kLastArrival);
+    step.newSince = store_.state().instant(DeskState::kNewSince);
+}
+
+}  // namespace desk

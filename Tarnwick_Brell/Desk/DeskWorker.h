@@ -1,0 +1,62 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <boost/asio/awaitable.hpp>
+
+#include "NewsroomKit/HTTP/CurlTransport.h"
+#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "Tarnwick_Brell/Desk/FetchEngine.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
+
+namespace desk {
+
+/// The thread on which a desk writes its library and waits for the network: the main thread
+/// never waits for either. Jobs run one after another; a coroutine gives way to them where it
+/// waits.
+class DeskWorker {
+public:
+    /// What jobs work with; only ever touched on the worker's thread.
+    struct Bench {
+        LocalStore& store;
+        FetchEngine& engine;
+    };
+
+    using Job = std::function<void(Bench&)>;
+    using LongJob = std::function<boost::asio::awaitable<void>(Bench&)>;
+    /// Told on the worker's thread, with a sentence for the user.
+    using Failed = std::function<void(const std::string&)>;
+
+    /// Opens the library on the calling thread: throws StoreError.
+    DeskWorker(const std::filesystem::path& library, newsroom::CurlTransport::Options network,
+               newsroom::FeedClient::Clock clock);
+
+    /// Cancels what waits for the network and ends after the job at hand.
+    ~DeskWorker();
+    DeskWorker(const DeskWorker&) = delete;
+    DeskWorker& operator=(const DeskWorker&) = delete;
+
+    /// `failed` is called when the job throws.
+    void post(Job job, Failed failed);
+
+    using Ticket = std::uint64_t;
+
+    /// As `post`, for work that waits. `cancel` with the ticket ends it.
+    Ticket spawn(LongJob job, Failed failed);
+    void cancel(Ticket ticket);
+
+    /// Calls `job` again and again, with that pause between two calls.
+    void repeat(std::chrono::milliseconds pause, Job job, Failed failed);
+
+private:
+    struct Machinery;
+    std::unique_ptr<Machinery> machinery_;
+    Ticket lastTicket_ = 0;
+};
+
+}  // namespace desk

@@ -1,0 +1,196 @@
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include "NewsroomKit/Clusters/StoryCluster.h"
+#include "NewsroomKit/HTTP/CurlTransport.h"
+#include "NewsroomKit/Outlines/Outlines.h"
+#include "NewsroomKit/Sources/NewsSource.h"
+#include "Tarnwick_Brell/Desk/AddSourceError.h"
+#include "Tarnwick_Brell/Desk/Announcement.h"
+#include "Tarnwick_Brell/Desk/Backroom.h"
+#include "Tarnwick_Brell/Desk/DeskWorker.h"
+#include "Tarnwick_Brell/Desk/RefreshCadence.h"
+#include "Tarnwick_Brell/Desk/RefreshPass.h"
+#include "Tarnwick_Brell/Desk/SourceAdding.h"
+#include "Tarnwick_Brell/Desk/SourceImport.h"
+#include "Tarnwick_Brell/Desk/Wire.h"
+#include "Tarnwick_Brell/Storage/Defaults.h"
+
+namespace desk {
+
+/// The main store: the sources, the wire with the user's marks, and the passes that refresh
+/// them, on a timer and on demand. Lives on the main thread and never waits there; the
+/// library is written, and the network waited for, by a worker. What the user changes holds
+/// at once and is written in the background; `failed` tells when that did not work, and the
+/// change is taken back. What other programs change in the library is followed.
+class NewsDesk : public QObject {
+    Q_OBJECT
+public:
+    using AddSourceError = desk::AddSourceError;
+    using SourceAdded = std::function<void(const SourceAdding::Added&)>;
+    using AddressChecked = std::function<void(const SourceAdding::Checked&)>;
+    using Imported = std::function<void(const std::vector<newsroom::NewsSource>&)>;
+    /// Numbers of stories of the wire, newest first.
+    using Found = std::function<void(const std::vector<std::int64_t>&)>;
+
+    struct Progress {
+        std::size_t done = 0;
+        std::size_t total = 0;
+    };
+
+    /// Opens the library; throws StoreError, or std::runtime_error for an unreadable authority.
+    NewsDesk(const std::filesystem::path& library, newsroom::CurlTransport::Options network,
+             Defaults& defaults, newsroom::FeedClient::Clock clock);
+    ~NewsDesk() override;
+
+    /// Loads the wire and begins to refresh on the timer.
+    void start();
+
+    // What is observed.
+    const std::vector<newsroom::NewsSource>& sources() const { return roster_.sources; }
+    const std::set<std::string, std::less<>>& enabledSourceIDs() const { return roster_.enabled; }
+    const Wire& stories() const { return wire_; }
+    /// False until the whole wire has been read.
+    bool isLoaded() const { return isLoaded_; }
+    const std::vector<newsroom::StoryCluster>& clusters() const { return clusters_; }
+    bool isRead(std::string_view storyID) const;
+    bool isSaved(std::string_view storyID) const;
+    std::optional<newsroom::Instant> firstSeen(std::string_view storyID) const;
+    const SourceStatus& sourceStatus(const std::string& sourceID) const;
+    const SourceHealth& sourceHealth(const std::string& sourceID) const;
+    std::optional<newsroom::Instant> lastRefresh() const { return lastRefresh_; }
+    std::optional<newsroom::Instant> lastArrival() const { return lastArrival_; }
+    bool isRefreshing() const { return pass_.has_value(); }
+    Progress progress() const { return pass_.value_or(Progress()); }
+    /// Stories first seen since then are new to the user.
+    std::optional<newsroom::Instant> newSince() const { return newSince_; }
+    std::optional<newsroom::Instant> liveUntil() const;
+    /// Not one source answered in the last pass.
+    bool lastPassFailed() const { return lastPassFailed_; }
+
+    /// Called with newly arrived stories that are news: neither those of a source's first
+    /// fetch nor those that came in bulk.
+    void onNewStories(std::function<void(const Announcement&)> callback);
+
+    // What the user does.
+    void refreshAll();
+    /// Whatever the source's shortest interval, and even when it is off. Both wait for the
+    /// pass under way, and for the wire to be loaded.
+    void refreshSource(const std::string& id);
+    void cancelRefresh();
+    void goLive(newsroom::Instant until);
+    void endLive();
+    /// The user has left the window: what comes from now on is new.
+    void markLeft();
+
+    void setRead(const std::vector<std::string>& storyIDs, bool read);
+    void setSaved(const std::vector<std::string>& storyIDs, bool saved);
+    /// Marks these stories as one batch and returns how many were unread.
+    std::size_t markAllRead(const std::vector<std::int64_t>& numbers);
+    /// Takes the last batch back, but not what was marked by hand since.
+    std::size_t undoMarkAllRead();
+
+    void setEnabled(const std::string& sourceID, bool enabled);
+    void checkAddress(std::string typed, AddressChecked done);
+    void addSource(std::string typed, SourceAdded done);
+    void renameSource(const std::string& id, const std::string& name);
+    void removeSource(const std::string& id);
+    void importOutlines(newsroom::Outlines outlines, Imported done);
+
+    /// Stories that the text finds, at most `limit`. Of searches that follow each other before
+    /// an answer only the last one is answered.
+    void search(const std::string& typed, std::size_t limit, Found done);
+
+signals:
+    /// The whole wire has been read.
+    void loaded();
+    void wireChanged(const desk::WireChange& change);
+    void marksChanged(const std::vector<std::int64_t>& numbers);
+    /// Sources, which of them are on, or their status.
+    void sourcesChanged();
+    void refreshChanged();
+    void clustersChanged();
+    /// Each source's end in a pass, and what other programs brought: for those who tell
+    /// arrivals as they come. Numbers of stories that are news.
+    void storiesArrived(const std::vector<std::int64_t>& numbers);
+    void passEnded(const desk::PassReport& report);
+    void failed(const QString& sentence);
+
+private:
+    struct Asked {
+        std::vector<std::string> ids{};  ///< empty: all that are enabled
+
+        bool operator==(const Asked&) const = default;
+    };
+
+    void tick();
+    void armTimer();
+    void ask(Asked asked);
+    void beginPass(Asked asked);
+    void beginWaitingPass();
+    void take(DeskStep step);
+    void endPass(const PassReport& report);
+    void announce(const std::vector<std::int64_t>& numbers);
+    void dropOld();
+    PassSettings passSettings(PassScope scope) const;
+    RefreshCadence::Now now() const;
+    void post(DeskWorker::Job job, std::function<void()> undo = {});
+    DeskWorker::Failed failure(std::function<void()> undo = {});
+    struct MarkChange {
+        Mark mark = Mark::read;
+        bool on = false;
+        std::vector<std::int64_t> numbers{};
+    };
+    std::vector<std::int64_t> change(MarkChange asked);
+    std::vector<std::int64_t> apply(const MarkChange& change);
+    std::vector<std::int64_t> numbersOf(const std::vector<std::string>& storyIDs) const;
+    void changeRoster(std::function<void(DeskWorker::Bench&, SourceRoster&)> change);
+    void deliverStep(DeskStep step);
+    template <class F>
+    void deliver(F function);
+
+    Defaults& defaults_;
+    newsroom::FeedClient::Clock clock_;
+    Wire wire_;
+    bool isLoaded_ = false;
+    std::vector<newsroom::StoryCluster> clusters_;
+    RosterState roster_;
+    SourceStates sourceStates_;
+    std::optional<newsroom::Instant> lastRefresh_;
+    std::optional<newsroom::Instant> lastArrival_;
+    std::optional<newsroom::Instant> newSince_;
+    bool lastPassFailed_ = false;
+    std::optional<Progress> pass_;
+    DeskWorker::Ticket passTicket_ = 0;
+    bool passIsWhole_ = false;  ///< all that are enabled, not some that were named
+    std::vector<Asked> waitingPasses_;
+    std::vector<std::int64_t> arrivedInPass_;
+    std::vector<std::int64_t> lastReadBatch_;
+    std::map<std::uint64_t, MarkChange> pendingMarks_;  ///< not yet in the library
+    std::uint64_t lastMark_ = 0;
+    std::function<void(const Announcement&)> onNewStories_;
+    std::optional<RefreshCadence> autoRefresh_;
+    QTimer timer_;
+    std::uint64_t lastSearch_ = 0;
+    std::atomic<std::uint64_t> newestSearch_ = 0;  ///< the same, for the worker
+    std::unique_ptr<Backroom> backroom_;  ///< the worker's; made and used on its thread
+    /// Last, so that it ends first: its jobs refer to the others.
+    DeskWorker worker_;
+};
+
+}  // namespace desk

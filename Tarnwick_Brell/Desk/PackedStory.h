@@ -1,0 +1,75 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "Tarnwick_Brell/Storage/StoredStory.h"
+#include "Tarnwick_Brell/Storage/StoryView.h"
+
+namespace desk {
+
+/// A story of the wire in one piece of memory, less than half of what the record takes: the
+/// whole wire is in memory, and there may be hundreds of thousands.
+class PackedStory {
+public:
+    struct Release {
+        void operator()(const PackedStory* story) const;
+    };
+    using Owner = std::unique_ptr<PackedStory, Release>;
+
+    static Owner make(const StoryView& story);
+    static Owner make(const StoredStory& stored);
+
+    PackedStory(const PackedStory&) = delete;
+    PackedStory& operator=(const PackedStory&) = delete;
+
+    /// The record again, but for the moments of its marks.
+    StoredStory unpacked() const;
+
+    std::int64_t number() const { return number_; }
+    newsroom::Instant publishedAt() const { return publishedAt_; }
+    newsroom::Instant firstSeen() const { return firstSeen_; }
+    std::string_view id() const { return text(Text::id); }
+    std::string_view title() const { return text(Text::title); }
+    std::string_view summary() const { return text(Text::summary); }
+    std::string_view sourceID() const { return text(Text::sourceID); }
+    newsroom::StoryKind kind() const { return kind_; }
+    newsroom::Sourcing sourcing() const { return sourcing_; }
+    Arrival arrival() const { return arrival_; }
+
+    bool isRead() const { return isRead_; }
+    bool isSaved() const { return isSaved_; }
+    void setRead(bool read) { isRead_ = read; }
+    void setSaved(bool saved) { isSaved_ = saved; }
+
+private:
+    enum class Text {
+        id, link, title, summary, author, imageURL, sourceID, sourceName, destinationName,
+        articleLink, credits
+    };
+    static constexpr std::size_t kTexts = 11;
+
+    PackedStory() = default;
+    std::string_view text(Text which) const;
+    bool has(Text which) const { return (present_ >> static_cast<unsigned>(which) & 1u) != 0; }
+    const char* bytes() const { return reinterpret_cast<const char*>(this + 1); }
+
+    std::int64_t number_ = 0;
+    newsroom::Instant publishedAt_{};
+    newsroom::Instant firstSeen_{};
+    std::int64_t wordpressID_ = 0;
+    std::array<std::uint32_t, kTexts> ends_{};  ///< of each text in the bytes behind this object
+    std::uint16_t present_ = 0;                 ///< one bit for each text that is not absent
+    newsroom::StoryKind kind_{};
+    newsroom::Sourcing sourcing_{};
+    Arrival arrival_{};
+    bool isAppleSource_ = false;
+    bool hasWordpressID_ = false;
+    bool isRead_ = false;
+    bool isSaved_ = false;
+};
+
+}  // namespace desk

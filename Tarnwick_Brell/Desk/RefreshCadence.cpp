@@ -1,0 +1,80 @@
+#include "Tarnwick_Brell/Desk/RefreshCadence.h"
+
+#include <algorithm>
+
+namespace desk {
+
+using namespace std::chrono_literals;
+using std::chrono::milliseconds;
+
+namespace {
+
+constexpr milliseconds kStartJitter = 3s;
+constexpr milliseconds kWakeUpJitter = 10s;
+// More than timers are late on a busy machine.
+constexpr milliseconds kSleepNoticed = 45s;
+constexpr milliseconds kBetweenPasses = 10s;
+constexpr milliseconds kFirstRetry = 30s;
+
+milliseconds inMilliseconds(auto duration) {
+    return std::chrono::duration_cast<milliseconds>(duration);
+}
+
+}  // namespace
+
+RefreshCadence::RefreshCadence(std::chrono::minutes interval,
+                               std::optional<newsroom::Instant> lastRefresh, Now now,
+                               Jitter jitter)
+    : interval_(interval), jitter_(std::move(jitter)), lastLook_(now) {
+    const bool isRecent =
+        lastRefresh && *lastRefresh <= now.wall && now.wall - *lastRefresh < interval_;
+    const auto waited = isRecent ? inMilliseconds(now.wall - *lastRefresh) : interval_;
+    began_ = now.steady - waited;
+    earliest_ = now.steady + (isRecent ? 0ms : jitter_(kStartJitter));
+}
+
+void RefreshCadence::goLive(newsroom::Instant until, Now now) {
+    liveUntil_ = std::min(until, now.wall + kLongestLive);
+}
+
+std::optional<newsroom::Instant> RefreshCadence::liveUntil(newsroom::Instant now) const {
+    // A clock that was set back must not make it live for longer.
+    const bool holds = liveUntil_ && now < *liveUntil_ && *liveUntil_ - now <= kLongestLive;
+    return holds ? liveUntil_ : std::nullopt;
+}
+
+void RefreshCadence::passBegan(Now now) {
+    began_ = now.steady;
+    wakeUp_.reset();
+}
+
+void RefreshCadence::passEnded(Now now, bool failedAsAWhole) {
+    failures_ = failedAsAWhole ? failures_ + 1 : 0;
+    earliest_ = now.steady + kBetweenPasses;
+    lastLook_ = now;
+}
+
+milliseconds RefreshCadence::pause(newsroom::Instant wall) const {
+    const milliseconds usual = liveUntil(wall) ? milliseconds(kLiveInterval) : interval_;
+    if (failures_ == 0) return usual;
+    return std::min(usual, kFirstRetry * (1 << std::min(failures_ - 1, 10)));
+}
+
+bool RefreshCadence::isDue(Now now) {
+    const auto wall = inMilliseconds(now.wall - lastLook_.wall);
+    const auto steady = inMilliseconds(now.steady - lastLook_.steady);
+    lastLook_ = now;
+    // What the steady clock missed was sleep, or a wall clock set forward: one pass, soon.
+    if (!wakeUp_ && wall - steady > kSleepNoticed && wall >= pause(now.wall)) {
+        wakeUp_ = now.steady + jitter_(kWakeUpJitter);
+    }
+    return now.steady >= nextPass(now);
+}
+
+RefreshCadence::Steady RefreshCadence::nextPass(Now now) const {
+    auto next = began_ + pause(now.wall);
+    if (wakeUp_) next = std::min(next, *wakeUp_);
+    return std::max(next, earliest_);
+}
+
+}  // namespace desk

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+
+#include "NewsroomKit/HTTP/HTTPClient.h"
+#include "NewsroomKit/Sources/NewsSource.h"
+#include "Tarnwick_Brell/Storage/SourceStatus.h"
+#include "Tarnwick_Brell/Storage/StoryMerge.h"
+
+namespace desk {
+
+/// What a pass did for one source.
+struct SourceOutcome {
+    enum class Kind {
+        stories,    ///< the feed was read
+        unchanged,  ///< the server answered that nothing is new
+        failed,
+        notDue,  ///< asked for too short a while ago, so it was left alone
+        paused,  ///< its host wants to be left alone until `pausedUntil`
+        cancelled
+    };
+
+    newsroom::NewsSource source{};
+    Kind kind = Kind::notDue;
+    MergeCount merged{};
+    SourceStatus status{};
+    SourceHealth health{};
+    /// Of this fetch; the status has it only when the source is to blame.
+    std::optional<std::string> error{};
+    std::optional<newsroom::Instant> pausedUntil{};
+    newsroom::HTTPClient::Record record{};
+};
+
+}  // namespace desk

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include <boost/unordered/unordered_flat_map.hpp>
+
+#include "Tarnwick_Brell/Desk/PackedStory.h"
+
+namespace desk {
+
+/// What changed in the wire, for lists that follow it. First the removed stories go, then the
+/// inserted ones come.
+struct WireChange {
+    std::vector<std::size_t> removed{};   ///< places before the change, falling
+    std::vector<std::size_t> inserted{};  ///< places after the change, rising
+    std::vector<std::size_t> revised{};   ///< places after the change of stories that were there
+    bool isReset = false;                 ///< everything may be different
+
+    bool isEmpty() const {
+        return !isReset && removed.empty() && inserted.empty() && revised.empty();
+    }
+};
+
+/// All stories that retention keeps, newest first, in memory. Places count from 0 and change
+/// with every insertion; numbers and ids stay.
+class Wire {
+public:
+    /// Stories must have different numbers; they come in any order.
+    using Batch = std::vector<PackedStory::Owner>;
+
+    std::size_t size() const { return stories_.size(); }
+    const PackedStory& operator[](std::size_t place) const { return *stories_[place]; }
+
+    /// Null when there is no such story.
+    const PackedStory* find(std::string_view id) const;
+    std::optional<std::size_t> placeOf(std::int64_t number) const;
+
+    std::size_t unreadCount() const { return size() - readCount_; }
+    std::size_t savedCount() const { return savedCount_; }
+
+    /// Puts the stories in place of everything.
+    WireChange replace(Batch stories);
+    /// Adds stories, and puts those whose number is known in the place of the older state.
+    WireChange merge(Batch stories);
+    /// Drops what retention and ceiling no longer keep, by the library's own rule: stories
+    /// with a lower number than `lowest`, then the oldest beyond `ceiling`; saved ones stay.
+    WireChange drop(std::int64_t lowest, std::size_t ceiling);
+
+    /// Gives the stories with these numbers the mark; returns those that did not have it.
+    std::vector<std::int64_t> setRead(const std::vector<std::int64_t>& numbers, bool read);
+    std::vector<std::int64_t> setSaved(const std::vector<std::int64_t>& numbers, bool saved);
+
+private:
+    std::vector<std::int64_t> change(const std::vector<std::int64_t>& numbers,
+                                     bool (PackedStory::*has)() const,
+                                     void (PackedStory::*set)(bool), bool on);
+    void index(const PackedStory& story);
+    void forget(const PackedStory& story);
+
+    std::vector<PackedStory::Owner> stories_;  ///< by number, falling
+    /// Keys lie in the stories themselves.
+    boost::unordered_flat_map<std::string_view, PackedStory*> byID_;
+    std::size_t readCount_ = 0;
+    std::size_t savedCount_ = 0;
+};
+
+}  // namespace desk

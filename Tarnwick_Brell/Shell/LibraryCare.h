@@ -1,0 +1,40 @@
+#pragma once
+
+#include <condition_variable>
+#include <filesystem>
+#include <mutex>
+#include <stop_token>
+#include <thread>
+
+#include <QObject>
+#include <QString>
+
+#include "NewsroomKit/Ingestion/FeedClient.h"
+
+namespace desk {
+
+/// Looks after the library of a long-lived desk on a thread of its own: checks it at the start
+/// when there is reason to, and makes the daily backup.
+class LibraryCare : public QObject {
+    Q_OBJECT
+public:
+    LibraryCare(std::filesystem::path library, newsroom::FeedClient::Clock clock);
+
+    void start(bool lastDeskDied);
+
+signals:
+    /// The library is damaged, or can't be backed up: a sentence for the user.
+    void failed(const QString& sentence);
+
+private:
+    void run(const std::stop_token& stop, bool lastDeskDied);
+    void lookAfter(const std::stop_token& stop, bool lastDeskDied);
+
+    std::filesystem::path library_;
+    newsroom::FeedClient::Clock clock_;
+    std::mutex mutex_;
+    std::condition_variable_any pause_;
+    std::jthread thread_;  ///< last, so that it has ended before the others go
+};
+
+}  // namespace desk

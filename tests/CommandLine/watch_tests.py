@@ -1,0 +1,70 @@
+#!/usr/bin/env python3
+"""A desk that stays: it prints news as it comes, beside other programs at the same library."""
+import json
+import signal
+import subprocess
+import time
+import unittest
+
+from bench import BIN, Desk, PressRoom
+
+
+class Watching(unittest.TestCase):
+    def setUp(self):
+        self.room = PressRoom("--speed", 900)
+        self.desk = Desk(self.room.network)
+        self.addCleanup(self.desk.close)
+        self.addCleanup(self.room.close)
+
+    def watch(self, *words, **options):
+        process = subprocess.Popen([BIN / "brell", "--data-dir", self.desk.folder, *self.room.network, "watch", *words],
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, **options)
+        self.addCleanup(process.kill)
+        deadline = time.monotonic() + 20
+        while not any(s["status"].get("lastSuccess") for s in self.desk.json("sources")):
+            self.assertLess(time.monotonic(), deadline, "the first pass has not come")
+            time.sleep(0.1)
+        return process
+
+    def stop(self, process):
+        begin = time.monotonic()
+        process.send_signal(signal.SIGINT)
+        out, err = process.communicate(timeout=20)
+        self.assertLess(time.monotonic() - begin, 2)
+        return out, err
+
+    def test_what_another_program_fetches_is_printed_and_a_first_fetch_is_not(self):
+        process = self.watch("--json", "--set-aside")
+        deadline = time.monotonic() + 20
+        added = 0
+        while not added and time.monotonic() < deadline:
+            time.sleep(1)
+            added = self.desk.json("refresh")["added"]
+        self.assertGreater(added, 0)
+        line = json.loads(process.stdout.readline())
+        self.assertIn(line["id"], [story["id"] for story in self.desk.json("wire", "--set-aside", "--limit", 1000)])
+        second = self.desk.run("watch", status=1)
+        self.assertIn(f"brell watch (process {process.pid})", second.stderr)
+        out, err = self.stop(process)
+        printed = [line["id"], *(json.loads(text)["id"] for text in out.splitlines())]
+        self.assertEqual(len(printed), len(set(printed)), "each story once")
+        self.assertLess(len(printed), 100, "the first fetch of each source is silent")
+        self.assertEqual((process.returncode, err), (0, ""))
+        again = self.watch()
+        self.stop(again)
+        self.assertEqual(again.returncode, 0, "the lock is free again")
+
+    def test_a_reader_that_leaves_ends_it(self):
+        process = self.watch()
+        process.stdout.close()
+        deadline = time.monotonic() + 30
+        while process.poll() is None and time.monotonic() < deadline:
+            time.sleep(1)
+            self.desk.run("refresh")
+        self.assertEqual(process.poll(), 1)
+        self.assertIn("could not be written", process.stderr.read())
+        process.stderr.close()
+
+
+if __name__ == "__main__":
+    unittest.main()

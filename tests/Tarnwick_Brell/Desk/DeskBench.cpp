@@ -1,0 +1,64 @@
+#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include "NewsroomKit/Sources/SourceCatalog.h"
+
+namespace desk::test {
+
+DeskBench::DeskBench(const std::vector<std::string>& hosts) {
+    LocalStore store(library(), Database::Access::readWrite);
+    auto transaction = store.transaction();
+    for (const auto& source : newsroom::defaultSourceCatalog()) {
+        store.sources().setEnabled(source.id, false);
+    }
+    for (const auto& host : hosts) store.sources().add(source(host));
+    transaction.commit();
+}
+
+newsroom::CurlTransport::Options DeskBench::network() const {
+    return {.connectTo = "127.0.0.1:" + std::to_string(http.server.port()),
+            .caFile = http.authorityFile()};
+}
+
+newsroom::FeedClient::Clock DeskBench::clock() {
+    return [this] { return now_.load(); };
+}
+
+newsroom::NewsSource DeskBench::source(const std::string& host) {
+    return {.id = host,
+            .name = host,
+            .feedURL = "https://" + host + "/feed",
+            .siteURL = "https://" + host + "/",
+            .kind = newsroom::NewsSource::Kind::custom,
+            .category = newsroom::NewsSource::Category::custom,
+            .enabledByDefault = true};
+}
+
+void DeskBench::serve(const std::string& host, std::vector<pressroom::Response> answers) {
+    http.script.on(host, "/feed", std::move(answers));
+}
+
+pressroom::Response DeskBench::feed(const std::string& host, int first, int last) {
+    const auto noon = std::chrono::sys_days(std::chrono::year(2026) / 11 / 20) +
+                      std::chrono::hours(12);
+    std::string text = "<rss><channel><title>" + host + "</title>";
+    for (int i = first; i <= last; ++i) {
+        text += fmt::format("<item><title>{0} {1}</title><link>https://{0}/{1}</link>"
+                            "<pubDate>{2:%a, %d %b %Y %H:%M:%S} GMT</pubDate></item>",
+                            host, i, noon - std::chrono::hours(100 - i));
+    }
+    return {.headers = {{"ETag", fmt::format("\"{}-{}\"", first, last)}},
+            .body = text + "</channel></rss>"};
+}
+
+std::size_t DeskBench::requestsOf(const std::string& host) const {
+    return http.script.requests(host, "/feed").size();
+}
+
+bool DeskBench::lastRequestWasConditional(const std::string& host) const {
+    return http.script.requests(host, "/feed").back().header("if-none-match").has_value();
+}
+
+}  // namespace desk::test

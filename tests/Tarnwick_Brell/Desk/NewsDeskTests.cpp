@@ -1,0 +1,228 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QTimer>
+
+#include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+
+namespace desk {
+namespace {
+
+using namespace std::chrono_literals;
+using pressroom::Response;
+using test::DeskBench;
+
+class NewsDeskTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        static int count = 0;
+        static QCoreApplication application(count, nullptr);
+    }
+
+    void open() {
+        desk_ = std::make_unique<NewsDesk>(bench_.library(), bench_.network(), defaults_,
+                                           bench_.clock());
+        desk_->onNewStories([this](const Announcement& news) { announced_.push_back(news); });
+        QObject::connect(desk_.get(), &NewsDesk::failed,
+                         [this](const QString& text) { failures_.push_back(text.toStdString()); });
+        desk_->start();
+        ASSERT_TRUE(until([&] { return desk_->isLoaded(); }));
+    }
+
+    /// Runs the event loop until it holds, ten seconds at most.
+    static bool until(const std::function<bool()>& holds) {
+        const auto end = std::chrono::steady_clock::now() + 10s;
+        while (!holds() && std::chrono::steady_clock::now() < end) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+            QTimer::singleShot(5, [] {});
+        }
+        return holds();
+    }
+
+    void refresh() {
+        bool ended = false;
+        const auto connection = QObject::connect(desk_.get(), &NewsDesk::passEnded,
+                                                 [&](const PassReport&) { ended = true; });
+        desk_->refreshAll();
+        EXPECT_TRUE(until([&] { return ended; }));
+        QObject::disconnect(connection);
+    }
+
+    /// What another program would see.
+    StoredStory stored(const std::string& id) {
+        return LocalStore(bench_.library(), Database::Access::readOnly)
+            .stories()
+            .findByID(id, 1)
+            .at(0);
+    }
+
+    std::string idAt(std::size_t place) const { return std::string(desk_->stories()[place].id()); }
+
+    DeskBench bench_{{"a.example", "b.example"}};
+    Defaults defaults_{bench_.folder.path() / "settings.ini"};
+    std::vector<Announcement> announced_;
+    std::vector<std::string> failures_;
+    std::unique_ptr<NewsDesk> desk_;
+};
+
+TEST_F(NewsDeskTest, AFirstFetchIsSilentAndLaterNewsIsAnnounced) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 3), DeskBench::feed("a.example", 1, 5),
+                               DeskBench::feed("a.example", 6, 30)});
+    bench_.serve("b.example", {DeskBench::feed("b.example", 1, 2)});
+    open();
+    EXPECT_EQ(desk_->sources().size(), 47u);
+    EXPECT_EQ(desk_->enabledSourceIDs().size(), 2u);
+    // The timer may have been faster with the first pass.
+    if (!desk_->lastRefresh()) refresh();
+    EXPECT_EQ(desk_->stories().size(), 5u);
+    EXPECT_TRUE(announced_.empty());
+    EXPECT_EQ(desk_->sourceStatus("a.example").storyCount, 3);
+    EXPECT_EQ(desk_->firstSeen(idAt(0)), bench_.now());
+
+    refresh();
+    ASSERT_EQ(announced_.size(), 1u);
+    EXPECT_EQ(announced_[0].total, 2u);
+    EXPECT_EQ(announced_[0].stories.at(0).title, "a.example 5") << "the newest first";
+    EXPECT_FALSE(announced_[0].isSummary());
+
+    refresh();
+    ASSERT_EQ(announced_.size(), 2u);
+    EXPECT_EQ(announced_[1].total, 25u);
+    EXPECT_EQ(announced_[1].stories.size(), 20u);
+    EXPECT_TRUE(announced_[1].isSummary());
+    EXPECT_EQ(desk_->lastArrival(), bench_.now());
+    EXPECT_FALSE(desk_->lastPassFailed());
+}
+
+TEST_F(NewsDeskTest, MarksHoldAtOnceAreKeptAndAllReadCanBeTakenBack) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 6)});
+    open();
+    refresh();
+    const auto first = idAt(0), second = idAt(1), third = idAt(2);
+    desk_->setRead({first, "unknown"}, true);
+    desk_->setSaved({second}, true);
+    EXPECT_TRUE(desk_->isRead(first));
+    EXPECT_TRUE(desk_->isSaved(second));
+    std::vector<std::int64_t> all;
+    for (std::size_t i = 0; i < 6; ++i) all.push_back(desk_->stories()[i].number());
+    EXPECT_EQ(desk_->markAllRead(all), 5u);
+    EXPECT_EQ(desk_->stories().unreadCount(), 0u);
+    desk_->setRead({third}, true);
+    EXPECT_EQ(desk_->undoMarkAllRead(), 4u) << "what was marked by hand since stays";
+    EXPECT_EQ(desk_->stories().unreadCount(), 4u);
+    EXPECT_EQ(desk_->undoMarkAllRead(), 0u);
+
+    desk_.reset();
+    EXPECT_TRUE(stored(first).readAt.has_value());
+    EXPECT_TRUE(stored(second).savedAt.has_value());
+    EXPECT_FALSE(stored(second).readAt.has_value());
+    EXPECT_TRUE(stored(third).readAt.has_value());
+    open();
+    EXPECT_EQ(desk_->stories().unreadCount(), 4u);
+    EXPECT_EQ(desk_->stories().savedCount(), 1u);
+}
+
+TEST_F(NewsDeskTest, AChangeThatCannotBeWrittenIsTakenBackAndTold) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 2)});
+    open();
+    refresh();
+    Database(bench_.library(), Database::Access::readWrite).execute("DROP TABLE marks");
+    desk_->setRead({idAt(0)}, true);
+    EXPECT_TRUE(desk_->isRead(idAt(0)));
+    EXPECT_TRUE(until([&] { return !failures_.empty() && !desk_->isRead(idAt(0)); }));
+}
+
+TEST_F(NewsDeskTest, WhatAnotherProgramChangesIsFollowed) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 2)});
+    open();
+    refresh();
+    const auto id = idAt(1);
+    {
+        LocalStore other(bench_.library(), Database::Access::readWrite);
+        auto transaction = other.transaction();
+        newsroom::Story story{.id = "ff", .link = "https://c.example/", .title = "From outside",
+                              .publishedAt = bench_.now(), .sourceID = "c", .sourceName = "C"};
+        other.merging().merge(std::vector{story}, {.seen = bench_.now()},
+                              other.state().nextStamp());
+        other.sources().setEnabled("b.example", false);
+        transaction.commit();
+        other.marks().save(std::vector<std::string>{id}, bench_.now());
+    }
+    EXPECT_TRUE(until([&] { return desk_->isSaved(id); }));
+    EXPECT_EQ(desk_->stories()[0].title(), "From outside");
+    EXPECT_FALSE(desk_->enabledSourceIDs().contains("b.example"));
+    ASSERT_EQ(announced_.size(), 1u);
+    EXPECT_EQ(announced_[0].stories.at(0).title, "From outside");
+}
+
+TEST_F(NewsDeskTest, APassCanBeCancelledAndADeskClosesWhateverHangs) {
+    bench_.serve("a.example", {{.delivery = {.neverAnswers = true}}});
+    bench_.serve("b.example", {DeskBench::feed("b.example", 1, 2)});
+    open();
+    if (!desk_->isRefreshing()) desk_->refreshAll();
+    EXPECT_TRUE(until([&] { return desk_->progress().done == 1; }));
+    EXPECT_EQ(desk_->progress().total, 2u);
+    desk_->cancelRefresh();
+    EXPECT_TRUE(until([&] { return !desk_->isRefreshing(); }));
+    EXPECT_EQ(desk_->stories().size(), 2u) << "what had arrived is kept";
+    EXPECT_FALSE(desk_->sourceStatus("a.example").lastError.has_value());
+
+    desk_->refreshAll();
+    EXPECT_TRUE(until([&] { return desk_->progress().done == 1; }));
+    const auto begin = std::chrono::steady_clock::now();
+    desk_.reset();
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 1s);
+}
+
+TEST_F(NewsDeskTest, SourcesAreAddedRenamedSwitchedAndRemoved) {
+    bench_.serve("new.example", {DeskBench::feed("new.example", 1, 2)});
+    open();
+    std::optional<SourceAdding::Added> added;
+    desk_->addSource("https://new.example/feed", [&](const auto& result) { added = result; });
+    EXPECT_TRUE(until([&] { return added.has_value(); }));
+    const auto source = std::get<newsroom::NewsSource>(*added);
+    EXPECT_TRUE(desk_->enabledSourceIDs().contains(source.id));
+    desk_->setEnabled(source.id, false);
+    desk_->renameSource(source.id, "Other name");
+    EXPECT_TRUE(until([&] { return desk_->sources().back().name == "Other name"; }));
+    EXPECT_FALSE(desk_->enabledSourceIDs().contains(source.id));
+    desk_->removeSource(source.id);
+    EXPECT_TRUE(until([&] { return desk_->sources().back().id == "b.example"; }));
+
+    added.reset();
+    desk_->addSource("a.example/feed", [&](const auto& result) { added = result; });
+    EXPECT_TRUE(until([&] { return added.has_value(); }));
+    EXPECT_EQ(std::get<NewsDesk::AddSourceError>(*added).kind,
+              NewsDesk::AddSourceError::Kind::alreadyAdded);
+}
+
+TEST_F(NewsDeskTest, OfSearchesInARowOnlyTheLastIsAnswered) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 12)});
+    open();
+    refresh();
+    std::vector<std::size_t> answers;
+    for (const char* typed : {"n", "example", "example 12"}) {
+        desk_->search(typed, 50, [&](const auto& found) { answers.push_back(found.size()); });
+    }
+    EXPECT_TRUE(until([&] { return !answers.empty(); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(answers, std::vector<std::size_t>{1});
+}
+
+TEST_F(NewsDeskTest, StoriesPastRetentionGoExceptSavedOnes) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 90)});
+    open();
+    refresh();
+    EXPECT_EQ(desk_->stories().size(), 90u);
+    desk_->setSaved({idAt(89)}, true);
+    defaults_.set("storyRetentionDays", "1");
+    refresh();
+    EXPECT_EQ(desk_->stories().size(), 15u + 1u);
+    EXPECT_EQ(LocalStore(bench_.library(), Database::Access::readOnly).stories().count(), 16u);
+}
+
+}  // namespace
+}  // namespace desk

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include <boost/asio/co_spawn.hpp>
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/use_future.hpp>
+
+#include "Tarnwick_Brell/Desk/RefreshPass.h"
+#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+
+namespace desk {
+namespace {
+
+namespace asio = boost::asio;
+using namespace std::chrono_literals;
+using Kind = SourceOutcome::Kind;
+using pressroom::Response;
+using test::DeskBench;
+
+class RefreshPassTest : public ::testing::Test {
+protected:
+    PassReport refresh(const std::vector<std::string>& hosts,
+                       PassScope scope = PassScope::all) {
+        std::vector<newsroom::NewsSource> sources;
+        for (const auto& host : hosts) {
+            sources.push_back(DeskBench::source(host));
+            sources.back().minimumInterval = minimumInterval_;
+        }
+        const PassSettings settings{.scope = scope, .retention = 365 * 24h};
+        RefreshPass pass(store_, engine_, bench_.clock(), settings, {});
+        auto report = asio::co_spawn(io_, pass.run(sources), asio::use_future);
+        io_.restart();
+        io_.run();
+        return report.get();
+    }
+
+    static const SourceOutcome& of(const PassReport& report, const std::string& host) {
+        return *std::find_if(report.outcomes.begin(), report.outcomes.end(),
+                             [&](const auto& outcome) { return outcome.source.id == host; });
+    }
+
+    DeskBench bench_{{}};
+    LocalStore store_{bench_.library(), Database::Access::readWrite};
+    asio::io_context io_;
+    FetchEngine engine_{bench_.network(), newsroom::Conditional::yes, bench_.clock()};
+    double minimumInterval_ = 0;
+};
+
+const Response kUnreachable{.delivery = {.hangsUp = true}};
+
+TEST_F(RefreshPassTest, NoSourceIsBlamedWhenNoneAnswers) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 2), kUnreachable});
+    bench_.serve("b.example", {DeskBench::feed("b.example", 1, 2), kUnreachable});
+    refresh({"a.example", "b.example"});
+    const auto before = store_.sources().statuses();
+    bench_.pass(10min);
+    const auto report = refresh({"a.example", "b.example"});
+    EXPECT_TRUE(report.offline);
+    EXPECT_EQ(of(report, "a.example").kind, Kind::failed);
+    EXPECT_TRUE(of(report, "a.example").error.has_value());
+    EXPECT_EQ(store_.sources().statuses(), before);
+
+    bench_.serve("c.example", {DeskBench::feed("c.example", 1, 2)});
+    const auto other = refresh({"a.example", "b.example", "c.example"});
+    EXPECT_FALSE(other.offline);
+    const auto health = store_.sources().healths();
+    EXPECT_EQ(health.at("a.example").failingSince, bench_.now()) << "others were reached";
+    EXPECT_FALSE(health.at("c.example").failingSince.has_value());
+    EXPECT_FALSE(refresh({"a.example"}).offline) << "one silent server is no network";
+}
+
+TEST_F(RefreshPassTest, AHostThatAsksForPeaceIsLeftAloneForAsLongAsItSaysButAnHourAtMost) {
+    struct Case {
+        const char* retryAfter;
+        std::chrono::minutes asksAgainAfter;
+        bool isPaused;
+    };
+    int number = 0;
+    for (const auto& [retryAfter, after, isPaused] :
+         {Case{"600", 12min, true}, Case{"864000", 61min, true}, Case{"0", 1min, false}}) {
+        const auto host = "h" + std::to_string(++number) + ".example";
+        const Response busy{.status = 429, .headers = {{"Retry-After", retryAfter}}};
+        bench_.serve(host, {busy, busy, DeskBench::feed(host, 1, 1)});
+        EXPECT_EQ(of(refresh({host}), host).kind, Kind::failed) << retryAfter;
+        const auto asked = bench_.requestsOf(host);
+        bench_.pass(1min);
+        const auto again = refresh({host}, PassScope::named);
+        EXPECT_EQ(of(again, host).kind, isPaused ? Kind::paused : Kind::stories) << retryAfter;
+        EXPECT_EQ(bench_.requestsOf(host), isPaused ? asked : asked + 1) << retryAfter;
+        if (isPaused) {
+            EXPECT_LE(*of(again, host).pausedUntil, bench_.now() + 1h) << retryAfter;
+        }
+        bench_.pass(after);
+        EXPECT_EQ(of(refresh({host}), host).kind, Kind::stories) << retryAfter;
+    }
+}
+
+TEST_F(RefreshPassTest, AFeedThatOnlyEverIsUnchangedComesInFullOnceADay) {
+    const auto feed = DeskBench::feed("a.example", 1, 2);
+    bench_.serve("a.example", {feed, {.status = 304}});
+    refresh({"a.example"});
+    for (int hour = 1; hour < 24; hour += 8) {
+        bench_.pass(8h - 1min);
+        EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::unchanged);
+        EXPECT_TRUE(bench_.lastRequestWasConditional("a.example")) << hour;
+    }
+    bench_.pass(10min);
+    refresh({"a.example"});
+    EXPECT_FALSE(bench_.lastRequestWasConditional("a.example"));
+}
+
+TEST_F(RefreshPassTest, IntervalsHoldThroughClockChangesAndCanBeOverridden) {
+    minimumInterval_ = 1800;
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 2)});
+    refresh({"a.example"});
+    bench_.pass(10min);
+    EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::notDue);
+    EXPECT_EQ(of(refresh({"a.example"}, PassScope::named), "a.example").kind, Kind::stories);
+    bench_.pass(-24h);
+    EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::stories)
+        << "a clock that was set back silences nobody";
+}
+
+TEST_F(RefreshPassTest, OldItemsPublishedAnewAreMarkedUnlessTheDeskWasAwayForLong) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 2), DeskBench::feed("a.example", 1, 60),
+                               DeskBench::feed("a.example", 61, 99), DeskBench::feed("a.example", -99, 0)});
+    EXPECT_FALSE(of(refresh({"a.example"}), "a.example").merged.bulk);
+    const auto second = refresh({"a.example"});
+    EXPECT_TRUE(of(second, "a.example").merged.bulk);
+    EXPECT_EQ(of(second, "a.example").merged.added, 58u);
+    EXPECT_FALSE(of(refresh({"a.example"}), "a.example").merged.bulk) << "39 are no crowd";
+    bench_.pass(50h);
+    const auto later = refresh({"a.example"});
+    EXPECT_EQ(of(later, "a.example").merged.added, 100u);
+    EXPECT_FALSE(of(later, "a.example").merged.bulk);
+}
+
+}  // namespace
+}  // namespace desk
