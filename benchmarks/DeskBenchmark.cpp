@@ -156,7 +156,9 @@ int run(const std::filesystem::path& folder) {
         waitFor([&] { return done; });
         fmt::print("pass {} with {} new stories  {:8.1f} ms in all\n", round,
                    newsDesk.stories().size() - stories, milliseconds(Steady::now() - began));
-        fmt::print("  last fetch to the wire     {:8.1f} ms\n", milliseconds(ended - fetched));
+        if (ended > fetched) {
+            fmt::print("  last fetch to the wire     {:8.1f} ms\n", milliseconds(ended - fetched));
+        }
         fmt::print("  main thread kept           {:8.1f} ms\n", watchdog.take());
         QObject::disconnect(arrivals);
         QObject::disconnect(progress);

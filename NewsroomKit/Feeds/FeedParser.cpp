@@ -9,9 +9,8 @@
 
 #include "NewsroomKit/Feeds/FeedDelegate.h"
 #include "NewsroomKit/Feeds/FeedEncoding.h"
-#include "NewsroomKit/Feeds/HTMLEntities.h"
 #include "NewsroomKit/Feeds/XMLCleaning.h"
-#include "NewsroomKit/Text/Utf8.h"
+#include "NewsroomKit/Feeds/XMLEntities.h"
 
 namespace newsroom {
 namespace {
@@ -93,7 +92,6 @@ private:
 
     static FeedRun& self(void* run) { return *static_cast<FeedRun*>(run); }
     static xmlSAXHandler& callbacks();
-    static xmlEntityPtr getEntity(void* run, const xmlChar* name);
 
     bool isOver() const { return context_->disableSAX != 0 || context_->wellFormed == 0; }
 
@@ -133,8 +131,7 @@ private:
 
     std::unique_ptr<xmlParserCtxt, FreeContext> context_;
     FeedDelegate delegate_;
-    xmlEntity entity_{};
-    std::string entityText_;
+    XMLEntities entities_;
     TagWork work_;
     // A chunk is shorter than what is harmless, so one waiting tag never follows another
     // without a moment in which less waits.
@@ -165,7 +162,9 @@ xmlSAXHandler& FeedRun::callbacks() {
         };
         made.ignorableWhitespace = made.characters;
         made.cdataBlock = made.characters;
-        made.getEntity = getEntity;
+        made.getEntity = [](void* run, const xmlChar* name) {
+            return self(run).entities_.find(*self(run).context_, name);
+        };
         // A name that only an external DTD could explain stays as it is written.
         made.reference = [](void* run, const xmlChar* name) {
             self(run).delegate_.text("&");
@@ -184,34 +183,10 @@ xmlSAXHandler& FeedRun::callbacks() {
     return handler;
 }
 
-/// Serves the names that HTML has and XML has not.
-xmlEntityPtr FeedRun::getEntity(void* run, const xmlChar* name) {
-    auto& entity = self(run).entity_;
-    auto& text = self(run).entityText_;
-    const auto character = namedCharacter(reinterpret_cast<const char*>(name));
-    if (!character) return nullptr;
-    text.clear();
-    appendUTF8(*character, text);
-    entity = {};
-    entity.type = XML_ENTITY_DECL;
-    entity.name = name;
-    entity.content = reinterpret_cast<xmlChar*>(text.data());
-    entity.length = static_cast<int>(text.size());
-    // In text a predefined entity is handed over at once, where a general one would get a
-    // parser of its own. In an attribute only the first byte of a predefined one counts.
-    entity.etype = self(run).context_->instate == XML_PARSER_ATTRIBUTE_VALUE
-                       ? XML_INTERNAL_GENERAL_ENTITY
-                       : XML_INTERNAL_PREDEFINED_ENTITY;
-    return &entity;
-}
-
 }  // namespace
 
 ParsedFeedResult parseFeed(std::string_view bytes) {
-    // Once for the process, before threads can meet in it.
-    static const bool isReady = (xmlInitParser(), true);
-    static_cast<void>(isReady);
-
+    prepareXMLParser();
     std::string storage;
     const auto document = withoutForbiddenCharacters(feedInUTF8(bytes, storage), storage);
     FeedRun run;

@@ -8,12 +8,11 @@
 #include <string>
 
 #include "NewsroomKit/Feeds/FeedEncoding.h"
-#include "NewsroomKit/Feeds/HTMLEntities.h"
 #include "NewsroomKit/Feeds/XMLCleaning.h"
+#include "NewsroomKit/Feeds/XMLEntities.h"
 #include "NewsroomKit/Outlines/OutlineCollector.h"
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
-#include "NewsroomKit/Text/Utf8.h"
 
 namespace newsroom {
 
@@ -68,7 +67,6 @@ private:
 
     static OutlineRun& self(void* run) { return *static_cast<OutlineRun*>(run); }
     static xmlSAXHandler& callbacks();
-    static xmlEntityPtr getEntity(void* run, const xmlChar* name);
 
     bool isOver() const { return context_->disableSAX != 0 || context_->wellFormed == 0; }
 
@@ -120,8 +118,7 @@ private:
     std::size_t depth_ = 0;
     std::size_t elements_ = 0;
     bool sawRoot_ = false;
-    xmlEntity entity_{};
-    std::string entityText_;
+    XMLEntities entities_;
 };
 
 /// Programs disagree about the letter case ("xmlUrl", "xmlURL", "xmlurl").
@@ -166,40 +163,19 @@ xmlSAXHandler& OutlineRun::callbacks() {
                 {reinterpret_cast<const char*>(text), static_cast<std::size_t>(length)});
         };
         made.cdataBlock = made.characters;
-        made.getEntity = getEntity;
+        made.getEntity = [](void* run, const xmlChar* name) {
+            return self(run).entities_.find(*self(run).context_, name);
+        };
         return made;
     }();
     return handler;
-}
-
-/// Serves the names that HTML has and XML has not.
-xmlEntityPtr OutlineRun::getEntity(void* run, const xmlChar* name) {
-    auto& entity = self(run).entity_;
-    auto& text = self(run).entityText_;
-    const auto character = namedCharacter(view(name));
-    if (!character) return nullptr;
-    text.clear();
-    appendUTF8(*character, text);
-    entity = {};
-    entity.type = XML_ENTITY_DECL;
-    entity.name = name;
-    entity.content = reinterpret_cast<xmlChar*>(text.data());
-    entity.length = static_cast<int>(text.size());
-    // In an attribute only the first byte of a predefined one would count.
-    entity.etype = self(run).context_->instate == XML_PARSER_ATTRIBUTE_VALUE
-                       ? XML_INTERNAL_GENERAL_ENTITY
-                       : XML_INTERNAL_PREDEFINED_ENTITY;
-    return &entity;
 }
 
 }  // namespace
 
 OutlinesResult parseOutlines(std::string_view bytes) {
     if (bytes.size() > outlineByteLimit) return OutlineError::tooLarge;
-    // Once for the process, before threads can meet in it.
-    static const bool isReady = (xmlInitParser(), true);
-    static_cast<void>(isReady);
-
+    prepareXMLParser();
     std::string storage;
     const auto document = withoutForbiddenCharacters(feedInUTF8(bytes, storage), storage);
     OutlineRun run;

@@ -15,10 +15,13 @@ using Command = std::function<int(Session&)>;
 
 /// Each adds its subcommand to `app` and, when the user chose it, sets `chosen`.
 void addRefreshCommand(CLI::App& app, Command& chosen);
+void addWatchCommand(CLI::App& app, Command& chosen);
 void addWireCommand(CLI::App& app, Command& chosen);
 void addStoryCommand(CLI::App& app, Command& chosen);
+void addMarkCommands(CLI::App& app, Command& chosen);
 void addSourcesCommand(CLI::App& app, Command& chosen);
 void addSettingsCommand(CLI::App& app, Command& chosen);
+void addLibraryCommand(CLI::App& app, Command& chosen);
 void addInspectCommand(CLI::App& app, Command& chosen);
 
 }  // namespace brell

@@ -41,7 +41,7 @@ int runInspect(Session& session, const Kind& kind) {
 std::string kindList() {
     std::string text = "Kinds, with the keys of their input:\n";
     for (const auto& kind : inspect::kinds())
-        text += fmt::format("  {:<12}{}\n", kind.name, kind.takes);
+        text += fmt::format("  {:<15}{}\n", kind.name, kind.takes);
     return text;
 }
 

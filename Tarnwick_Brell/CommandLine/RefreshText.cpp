@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 
 namespace brell {
@@ -63,7 +64,7 @@ void printOutcomes(Session& session, const std::vector<SourceOutcome>& outcomes)
                                        outcomeText(outcome)));
         if (outcome.record.movedTo) {
             session.out().line(fmt::format("{}  has moved to {}", std::string(columns, ' '),
-                                           printable(*outcome.record.movedTo)));
+                                           printable(newsroom::maskedSecrets(*outcome.record.movedTo))));
         }
         total += outcome.merged;
     }

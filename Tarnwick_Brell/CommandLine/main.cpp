@@ -84,10 +84,13 @@ int main(int argc, char** argv) {
     Command chosen;
     addGlobalOptions(app, options);
     addRefreshCommand(app, chosen);
+    addWatchCommand(app, chosen);
     addWireCommand(app, chosen);
     addStoryCommand(app, chosen);
+    addMarkCommands(app, chosen);
     addSourcesCommand(app, chosen);
     addSettingsCommand(app, chosen);
+    addLibraryCommand(app, chosen);
     addInspectCommand(app, chosen);
     // After the subcommands, which would take it over.
     app.footer(

@@ -17,11 +17,13 @@ Backroom::Backroom(LocalStore& store, newsroom::FeedClient::Clock clock)
     : store_(store), clock_(std::move(clock)), roster_(store.sources()) {}
 
 DeskStep Backroom::newest(std::size_t count) {
-    DeskStep step{.replacesWire = true};
+    DeskStep step;
+    Wire::Batch stories;
     store_.stories().eachViewInWireOrder(std::nullopt, [&](const StoryView& story) {
-        step.stories.push_back(PackedStory::make(story));
-        return step.stories.size() < count;
+        stories.push_back(PackedStory::make(story));
+        return stories.size() < count;
     });
+    step.wire.emplace().replace(std::move(stories));
     step.roster = toldRoster_ = rosterState();
     step.sourceStates = toldStates_ = sourceStates();
     addTimes(step);
@@ -29,7 +31,9 @@ DeskStep Backroom::newest(std::size_t count) {
 }
 
 DeskStep Backroom::everything() {
-    DeskStep step{.replacesWire = true, .isWholeWire = true};
+    DeskStep step;
+    step.isWholeWire = true;
+    Wire::Batch stories;
     // Before reading: what comes meanwhile is read twice rather than not at all.
     stamp_ = store_.state().lastStamp();
     store_.hasForeignChanges();
@@ -37,9 +41,10 @@ DeskStep Backroom::everything() {
     std::vector<Story> clustered;
     store_.stories().eachViewInWireOrder(std::nullopt, [&](const StoryView& story) {
         if (story.publishedAt >= recent) clustered.push_back(story.stored().story);
-        step.stories.push_back(PackedStory::make(story));
+        stories.push_back(PackedStory::make(story));
         return true;
     });
+    step.wire.emplace().replace(std::move(stories));
     cluster(clustered);
     return step;
 }

@@ -35,9 +35,9 @@ struct SourceStates {
 
 /// What the main thread is to take over. What is absent has not changed.
 struct DeskStep {
-    Wire::Batch stories{};
-    bool replacesWire = false;
+    std::optional<Wire> wire{};  ///< in place of the one before; indexed here, off the main thread
     bool isWholeWire = false;
+    Wire::Batch stories{};  ///< added or changed
     std::vector<std::int64_t> news{};  ///< numbers of those stories that came as news
     std::optional<RosterState> roster{};
     std::optional<SourceStates> sourceStates{};

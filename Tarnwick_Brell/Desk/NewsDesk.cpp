@@ -246,16 +246,7 @@ void NewsDesk::take(DeskStep step) {
     if (step.roster) roster_ = std::move(*step.roster);
     if (step.sourceStates) sourceStates_ = std::move(*step.sourceStates);
     if (step.roster || step.sourceStates) emit sourcesChanged();
-    if (step.replacesWire || !step.stories.empty()) {
-        // Stories that another program has only marked or revised are no news.
-        std::erase_if(step.news, [&](auto number) { return wire_.placeOf(number).has_value(); });
-        const auto change = step.replacesWire ? wire_.replace(std::move(step.stories))
-                                              : wire_.merge(std::move(step.stories));
-        // The step was made before these were written.
-        for (const auto& [ticket, pending] : pendingMarks_) apply(pending);
-        isLoaded_ = isLoaded_ || step.isWholeWire;
-        emit wireChanged(change);
-    }
+    if (step.wire || !step.stories.empty()) takeStories(step);
     if (!step.news.empty()) {
         std::sort(step.news.begin(), step.news.end(), std::greater());
         emit storiesArrived(step.news);
@@ -277,6 +268,21 @@ void NewsDesk::take(DeskStep step) {
         beginWaitingPass();
         armTimer();
     }
+}
+
+void NewsDesk::takeStories(DeskStep& step) {
+    // Stories that another program has only marked or revised are no news.
+    std::erase_if(step.news, [&](auto number) { return wire_.placeOf(number).has_value(); });
+    WireChange change{.isReset = true};
+    if (step.wire) {
+        wire_ = std::move(*step.wire);
+    } else {
+        change = wire_.merge(std::move(step.stories));
+    }
+    // The step was made before these were written.
+    for (const auto& [ticket, pending] : pendingMarks_) apply(pending);
+    isLoaded_ = isLoaded_ || step.isWholeWire;
+    emit wireChanged(change);
 }
 
 void NewsDesk::announce(const std::vector<std::int64_t>& numbers) {

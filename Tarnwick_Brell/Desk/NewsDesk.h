@@ -144,6 +144,7 @@ private:
     void beginPass(Asked asked);
     void beginWaitingPass();
     void take(DeskStep step);
+    void takeStories(DeskStep& step);
     void endPass(const PassReport& report);
     void announce(const std::vector<std::int64_t>& numbers);
     void dropOld();

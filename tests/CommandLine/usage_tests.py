@@ -7,7 +7,7 @@ import unittest
 
 from bench import BIN, Desk
 
-SUBCOMMANDS = ["refresh", "wire", "story", "sources", "settings", "inspect"]
+SUBCOMMANDS = ["refresh", "wire", "story", "read", "unread", "save", "unsave", "sources", "settings", "library", "inspect"]
 
 
 class Usage(unittest.TestCase):
@@ -129,6 +129,33 @@ class Inspect(unittest.TestCase):
         query = {"anyTerms": ["thing"], "excludedTerms": [], "sourceIDs": [], "sourcings": [], "includesSetAside": False}
         self.assertEqual(self.desk.inspect("query", {"query": query, "stories": made["stories"]}),
                          [{"matches": [True], "terms": ["thing"]}])
+
+    def test_newsrooms_are_packed_made_and_read(self):
+        empty = {"anyTerms": [], "excludedTerms": [], "sourceIDs": [], "sourcings": [], "includesSetAside": False}
+        own = dict(empty, anyTerms=["orchard"])
+        options = {"alerts": False, "eventTerms": [], "stockRange": "1m", "pages": [],
+                   "platforms": ["iOS", "iPadOS", "macOS", "watchOS", "tvOS", "visionOS"]}
+        panel = {"id": "8b3d5f20-0000-4000-8000-00000000a7d1", "kind": "stream", "title": "Latest",
+                 "frame": {"column": 0, "row": 4, "width": 3, "height": 2}, "options": {}}
+        parts = {"id": panel["id"], "name": "N", "symbol": "star", "origin": "manual", "focus": empty,
+                 "panels": [panel, dict(panel, query=own)]}
+        stored = dict(parts, version=1)
+        read_panel = dict(panel, id=panel["id"].upper(), options=options)
+        read = dict(stored, id=panel["id"].upper(), panels=[read_panel, dict(read_panel, query=own)])
+        for kind, given, answer in [
+            ("grid", {"kinds": ["software", "clips", "brief", "software"]},
+             {"frames": [{"kind": "brief", "column": 0, "row": 0, "width": 12, "height": 2},
+                         {"kind": "software", "column": 0, "row": 2, "width": 12, "height": 4}]}),
+            ("grid", {"kinds": ["brief", "weather"]}, {"error": 'kinds[1]: unknown value "weather"'}),
+            ("newsroom", {"spec": stored}, {"spec": read, "rowsUsed": 6, "queries": [empty, own]}),
+            ("newsroom", {"spec": parts}, {"error": "spec.version: the key is missing"}),
+            ("newsroom-make", parts, {"spec": dict(read, symbol="square.grid.2x2")}),
+            ("newsroom-make", dict(parts, version=7, prompt="p", panels=[]),
+             {"spec": dict(read, symbol="square.grid.2x2", prompt="p", panels=[])}),
+            ("newsroom-make", {}, {"error": "id: the key is missing"}),
+        ]:
+            with self.subTest(kind, given=given):
+                self.assertEqual(self.desk.inspect(kind, given), [answer])
 
 
 if __name__ == "__main__":

@@ -63,4 +63,9 @@ json::object story(const json::object& input);
 // Queries
 json::object query(const json::object& input);
 
+// Newsrooms
+json::object grid(const json::object& input);
+json::object newsroomSpec(const json::object& input);
+json::object newsroomMake(const json::object& input);
+
 }  // namespace brell::inspect

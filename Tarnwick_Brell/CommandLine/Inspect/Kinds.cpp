@@ -9,7 +9,7 @@
 namespace brell::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 14> all{{
+    static constexpr std::array<Kind, 17> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -24,6 +24,9 @@ std::span<const Kind> kinds() {
         {"stories", "path or text, source, now", stories},
         {"story", "entry, source, now", story},
         {"query", "query, stories", query},
+        {"grid", "kinds", grid},
+        {"newsroom", "spec", newsroomSpec},
+        {"newsroom-make", "id, name, symbol, origin, focus, panels; prompt", newsroomMake},
     }};
     return all;
 }

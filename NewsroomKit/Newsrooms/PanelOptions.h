@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "NewsroomKit/Records/Codec.h"
+
+namespace newsroom {
+
+/// Settings of a panel; each kind looks at its own. A key that is missing when read takes
+/// the default here.
+struct PanelOptions {
+    bool alerts = false;                    ///< new matching items raise notifications
+    std::vector<std::string> eventTerms{};  ///< words naming the events that are marked
+    std::string stockRange = "1m";
+    std::vector<std::string> platforms{"iOS", "iPadOS", "macOS", "watchOS", "tvOS", "visionOS"};
+    std::vector<std::string> pages{};  ///< addresses of Apple's web pages to follow
+
+    bool operator==(const PanelOptions&) const = default;
+};
+
+/// An https address on Apple's main web domain or one of its sub-hosts. Reading drops every
+/// other page, so that a newsroom from elsewhere cannot make the desk visit other hosts.
+bool isFollowablePage(std::string_view address);
+
+template <>
+struct RecordShape<PanelOptions> {
+    static constexpr auto fields = std::tuple{
+        field("alerts", &PanelOptions::alerts),
+        field("eventTerms", &PanelOptions::eventTerms),
+        field("stockRange", &PanelOptions::stockRange),
+        field("platforms", &PanelOptions::platforms),
+        field("pages", &PanelOptions::pages),
+    };
+};
+
+template <>
+struct Codec<PanelOptions> {
+    static json::value encode(const PanelOptions& options, DateStyle dates);
+    static PanelOptions decode(const json::value& value);
+};
+
+}  // namespace newsroom
