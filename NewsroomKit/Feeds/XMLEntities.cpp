@@ -17,9 +17,8 @@ xmlEntityPtr XMLEntities::find(const xmlParserCtxt& context, const xmlChar* name
     entity_.length = static_cast<int>(text_.size());
     // In text a predefined entity is handed over at once, where a general one would get a
     // parser of its own. In an attribute only the first byte of a predefined one counts.
-    entity_.etype = context.instate == XML_PARSER_ATTRIBUTE_VALUE
-                        ? XML_INTERNAL_GENERAL_ENTITY
-                        : XML_INTERNAL_PREDEFINED_ENTITY;
+    entity_.etype = context.instate == XML_PARSER_ATTRIBUTE_VALUE ? XML_INTERNAL_GENERAL_ENTITY
+                                                                  : XML_INTERNAL_PREDEFINED_ENTITY;
     return &entity_;
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include <boost/asio/as_tuple.hpp>
+#include <boost/asio/bind_cancellation_slot.hpp>
 #include <boost/asio/co_spawn.hpp>
 #include <boost/asio/deferred.hpp>
 #include <boost/asio/experimental/parallel_group.hpp>
@@ -65,6 +66,7 @@ FeedClient::FeedClient(HTTPClient& http, const StoryConversion& conversion,
       options_(options) {}
 
 asio::awaitable<SourceFetch> FeedClient::fetch(NewsSource source) {
+    co_await asio::this_coro::throw_if_cancelled(false);
     co_return co_await fetchFrom(source.feedURL, source, options_.conditional, NamedBy::user);
 }
 
@@ -96,11 +98,13 @@ asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const Ne
     fetch.outcome = SourceFetch::Failed{std::string(description(error))};
     if (address != source.feedURL) co_return fetch;
     for (const auto& link : reading.feedLinks) {
+        const auto cancellation = co_await asio::this_coro::cancellation_state;
+        if (cancellation.cancelled() != asio::cancellation_type::none) break;
         if (link == address) continue;
         // In full: what another source got from that address is not this one's.
-        auto linked = co_await fetchFrom(
-            link, source, Conditional::no,
-            fetch.record.cameFromPublic ? NamedBy::publicPage : NamedBy::user);
+        auto linked =
+            co_await fetchFrom(link, source, Conditional::no,
+                               fetch.record.cameFromPublic ? NamedBy::publicPage : NamedBy::user);
         if (auto* stories = std::get_if<SourceFetch::Stories>(&linked.outcome)) {
             stories->pageTitle = reading.pageTitle;
             co_return linked;
@@ -136,10 +140,16 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
         }
         co_return reading;
     };
-    co_return co_await asio::co_spawn(workers_, parseOnWorker, asio::use_awaitable);
+    // Parsing takes no notice of a cancellation: it would end on a thread of the pool, where
+    // nobody could catch it.
+    co_return co_await asio::co_spawn(
+        workers_, parseOnWorker,
+        asio::bind_cancellation_slot(asio::cancellation_slot(), asio::use_awaitable));
 }
 
 asio::awaitable<void> FeedClient::work(Pass& pass) {
+    // What has come when the pass is cancelled still arrives.
+    co_await asio::this_coro::throw_if_cancelled(false);
     const auto cancellation = co_await asio::this_coro::cancellation_state;
     while (cancellation.cancelled() == asio::cancellation_type::none && !pass.queue.isEmpty()) {
         const auto source = pass.queue.take();

@@ -134,8 +134,9 @@ OutlineAttributes OutlineRun::attributesOf(int count, const xmlChar** attributes
                              : name == "htmlurl" ? &known.htmlURL
                              : name == "url"     ? &known.url
                                                  : nullptr;
-        if (place) place->assign(reinterpret_cast<const char*>(row[3]),
-                                 static_cast<std::size_t>(row[4] - row[3]));
+        if (place)
+            place->assign(reinterpret_cast<const char*>(row[3]),
+                          static_cast<std::size_t>(row[4] - row[3]));
     }
     return known;
 }
@@ -151,8 +152,7 @@ xmlSAXHandler& OutlineRun::callbacks() {
             if (*self(run).context_->input->cur == '[') self(run).stop(OutlineError::malformed);
         };
         made.startElementNs = [](void* run, const xmlChar* name, const xmlChar*, const xmlChar*,
-                                 int, const xmlChar**, int count, int,
-                                 const xmlChar** attributes) {
+                                 int, const xmlChar**, int count, int, const xmlChar** attributes) {
             self(run).startElement(view(name), count, attributes);
         };
         made.endElementNs = [](void* run, const xmlChar* name, const xmlChar*, const xmlChar*) {

@@ -65,6 +65,7 @@ std::string worldStart(const fs::path& dataDir, newsroom::Instant now) {
         for (const char* ending : {"", "-wal", "-shm"}) {
             fs::remove(library.string() + ending, ignored);
         }
+        fs::remove_all(dataDir / "backups", ignored);
         fs::create_directories(dataDir, ignored);
         std::ofstream(file) << seconds << '\n';
         start = seconds;

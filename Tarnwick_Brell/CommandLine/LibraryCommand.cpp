@@ -13,6 +13,8 @@
 #include "Tarnwick_Brell/Storage/LibraryCheck.h"
 #include "Tarnwick_Brell/Storage/LibraryLock.h"
 #include "Tarnwick_Brell/Storage/LibraryRestore.h"
+#include "Tarnwick_Brell/Storage/LibraryUse.h"
+#include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace brell {
 
@@ -72,6 +74,15 @@ std::string newerVersion(const fs::path& library) {
            " was written by a newer version of the desk. It was left untouched.";
 }
 
+/// Where the library can't be written, its owner still learns how it is.
+void noteCheck(Session& session) {
+    try {
+        session.store().state().set(desk::kLastCheck, session.now());
+    } catch (const desk::StoreError& error) {
+        fmt::print(stderr, "brell: The check could not be noted. {}\n", error.what());
+    }
+}
+
 int checkNow(Session& session) {
     const auto& library = session.paths().library;
     const auto found = desk::checkLibrary(library);
@@ -82,7 +93,7 @@ int checkNow(Session& session) {
         case LibraryState::damaged: throw desk::damagedLibrary(library, found.fault);
         case LibraryState::sound: break;
     }
-    session.store().state().set(desk::kLastCheck, session.now());
+    noteCheck(session);
     if (session.options().json) {
         session.out().line(boost::json::serialize(
             boost::json::object{{"path", library.string()}, {"state", "sound"}}));
@@ -134,7 +145,12 @@ void tell(Session& session, const desk::Restoration& done) {
 
 desk::Restoration restored(const fs::path& library, const RestoreOptions& options,
                            newsroom::Instant now) {
-    if (options.empty) return {.setAside = desk::setLibraryAside(library, now)};
+    const auto alone = desk::keepLibraryAlone(library);
+    if (options.empty) {
+        const desk::Restoration done{.setAside = desk::setLibraryAside(library, now)};
+        desk::LocalStore::begin(library);
+        return done;
+    }
     try {
         return desk::restoreLibrary(library, options.file, now);
     } catch (const desk::StoreError& error) {

@@ -32,18 +32,15 @@ constexpr MarkVerb kRead{"read", "Mark stories as read", "marked as read", "read
                          [](MarkTable& marks, const IDs& ids, newsroom::Instant now) {
                              return marks.markRead(ids, now);
                          }};
-constexpr MarkVerb kUnread{"unread", "Mark stories as unread", "marked as unread", "unread",
-                           [](MarkTable& marks, const IDs& ids, newsroom::Instant) {
-                               return marks.markUnread(ids);
-                           }};
-constexpr MarkVerb kSave{"save", "Save stories: they stay when others get too old", "saved",
-                         "saved", [](MarkTable& marks, const IDs& ids, newsroom::Instant now) {
-                             return marks.save(ids, now);
-                         }};
-constexpr MarkVerb kUnsave{"unsave", "Save stories no longer", "no longer saved", "not saved",
-                           [](MarkTable& marks, const IDs& ids, newsroom::Instant) {
-                               return marks.unsave(ids);
-                           }};
+constexpr MarkVerb kUnread{
+    "unread", "Mark stories as unread", "marked as unread", "unread",
+    [](MarkTable& marks, const IDs& ids, newsroom::Instant) { return marks.markUnread(ids); }};
+constexpr MarkVerb kSave{
+    "save", "Save stories: they stay when others get too old", "saved", "saved",
+    [](MarkTable& marks, const IDs& ids, newsroom::Instant now) { return marks.save(ids, now); }};
+constexpr MarkVerb kUnsave{
+    "unsave", "Save stories no longer", "no longer saved", "not saved",
+    [](MarkTable& marks, const IDs& ids, newsroom::Instant) { return marks.unsave(ids); }};
 
 std::string storyCount(std::size_t count) {
     return count == 1 ? "1 story" : fmt::format("{} stories", count);
@@ -110,10 +107,10 @@ int markAll(Session& session, const ReadOptions& options) {
 int undoMarkAll(Session& session) {
     const auto changed = session.store().marks().undoLastReadBatch();
     tell(session, changed,
-         changed == 0 ? "There was nothing to take back."
-                      : fmt::format("{} unread again.",
-                                    changed == 1 ? "1 story is"
-                                                 : fmt::format("{} stories are", changed)));
+         changed == 0
+             ? "There was nothing to take back."
+             : fmt::format("{} unread again.",
+                           changed == 1 ? "1 story is" : fmt::format("{} stories are", changed)));
     return kDone;
 }
 
@@ -141,8 +138,7 @@ void addReadCommand(CLI::App& app, Command& chosen) {
         ->type_name("WHEN")
         ->needs(all);
     command
-        ->add_option("--source", options->sources,
-                     "Only stories of this source; may be repeated")
+        ->add_option("--source", options->sources, "Only stories of this source; may be repeated")
         ->type_name("ID")
         ->needs(all);
     command->add_flag("--undo", options->undo,

@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 
+#include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/Desk/SourceRoster.h"
 
@@ -8,7 +9,7 @@ namespace brell {
 desk::StoredStory storyNamed(desk::LocalStore& store, const std::string& id) {
     // Every id begins with nothing.
     if (id.empty()) throw WorkFailed("The empty text is no story's id. brell wire shows the ids.");
-    auto found = store.stories().findByID(id, 2);
+    auto found = store.stories().findByID(newsroom::lowercasedASCII(id), 2);
     if (found.empty())
         throw WorkFailed("There is no story with the id " + id + ". brell wire shows the ids.");
     if (found.size() > 1)

@@ -23,8 +23,7 @@ std::vector<std::string> terms(const std::string& list) {
 }  // namespace
 
 void QueryOptions::addTo(CLI::App& command) {
-    command
-        .add_option("--any", any, "Stories that mention one of these, separated by commas")
+    command.add_option("--any", any, "Stories that mention one of these, separated by commas")
         ->type_name("TERMS");
     command.add_option("--exclude", exclude, "Leave out stories that mention one of these")
         ->type_name("TERMS");

@@ -38,8 +38,7 @@ std::string outcomeText(const SourceOutcome& outcome) {
             return text;
         }
         case SourceOutcome::Kind::unchanged: return "unchanged";
-        case SourceOutcome::Kind::failed:
-            return "failed: " + printable(outcome.error.value_or(""));
+        case SourceOutcome::Kind::failed: return "failed: " + printable(outcome.error.value_or(""));
         case SourceOutcome::Kind::notDue: {
             const auto pause = std::chrono::duration<double>(outcome.source.minimumInterval);
             return fmt::format("not asked: at most every {:.0f} min", pause.count() / 60);
@@ -63,8 +62,9 @@ void printOutcomes(Session& session, const std::vector<SourceOutcome>& outcomes)
         session.out().line(fmt::format("{}  {}", padTo(printable(outcome.source.name), columns),
                                        outcomeText(outcome)));
         if (outcome.record.movedTo) {
-            session.out().line(fmt::format("{}  has moved to {}", std::string(columns, ' '),
-                                           printable(newsroom::maskedSecrets(*outcome.record.movedTo))));
+            session.out().line(
+                fmt::format("{}  has moved to {}", std::string(columns, ' '),
+                            printable(newsroom::maskedSecrets(*outcome.record.movedTo))));
         }
         total += outcome.merged;
     }

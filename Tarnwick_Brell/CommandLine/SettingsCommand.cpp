@@ -63,7 +63,7 @@ int changeSetting(Session& session, const std::string& name, const std::string& 
     } catch (const std::invalid_argument& error) {
         throw WrongUsage(error.what());
     }
-    return kDone;
+    return session.options().json ? showSetting(session, name) : kDone;
 }
 
 }  // namespace

@@ -31,10 +31,9 @@ void printCheck(Session& session, const desk::AddressCheck& check) {
     out.line(out.bold(printable(check.name)));
     out.line("feed     " + printable(newsroom::maskedSecrets(check.feedURL)));
     out.line("site     " + printable(check.siteURL));
-    out.line(fmt::format("stories  {}{}", check.storyCount,
-                         check.newestStory
-                             ? ", the newest of " + dayAndTime(*check.newestStory)
-                             : ""));
+    out.line(
+        fmt::format("stories  {}{}", check.storyCount,
+                    check.newestStory ? ", the newest of " + dayAndTime(*check.newestStory) : ""));
     for (const auto& title : check.titles) {
         out.line(cutTo("         " + printable(title), out.width()));
     }

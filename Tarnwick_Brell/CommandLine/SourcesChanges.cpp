@@ -44,8 +44,8 @@ int switchSources(Session& session, const std::vector<std::string>& ids, bool en
     for (const auto& id : ids) {
         changed.push_back({{"id", id}, {"enabled", enabled}});
         if (session.options().json) continue;
-        session.out().line(fmt::format("{} is {}.", printable(known(roster, id).name),
-                                       enabled ? "on" : "off"));
+        session.out().line(
+            fmt::format("{} is {}.", printable(known(roster, id).name), enabled ? "on" : "off"));
     }
     if (session.options().json) session.out().line(boost::json::serialize(changed));
     return kDone;

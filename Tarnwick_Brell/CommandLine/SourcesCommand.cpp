@@ -82,7 +82,8 @@ void addChanges(CLI::App& sources, Command& chosen, Options options) {
 }
 
 void addExchange(CLI::App& sources, Command& chosen, Options options) {
-    auto* import = sources.add_subcommand("import", "Add the feeds of another reader's list (OPML)");
+    auto* import =
+        sources.add_subcommand("import", "Add the feeds of another reader's list (OPML)");
     import->add_option("FILE", options->file, "The list; - reads the standard input")->required();
     import->add_flag("--preview", options->preview, "Show what would come of it, add nothing");
     setAction(*import, chosen, options, [](Session& session, const SourcesOptions& o) {
@@ -94,9 +95,8 @@ void addExchange(CLI::App& sources, Command& chosen, Options options) {
     exporting->add_flag("--with-secrets", options->withSecrets,
                         "Keep addresses that carry a password or key");
     setAction(*exporting, chosen, options, [](Session& session, const SourcesOptions& o) {
-        return exportSources(session,
-                             o.own ? desk::ExportScope::own : desk::ExportScope::subscribed,
-                             o.withSecrets);
+        return exportSources(
+            session, o.own ? desk::ExportScope::own : desk::ExportScope::subscribed, o.withSecrets);
     });
 }
 

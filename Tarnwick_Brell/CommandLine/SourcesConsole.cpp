@@ -84,7 +84,7 @@ void addNotes(TextTable& table, const ConsoleRow& row) {
             fmt::format("Its server wants to be left alone until {}.", dayAndTime(*pausedUntil)));
     }
     if (health.movedTo) {
-        table.addNote(fmt::format("Its feed has moved for good to {}", 
+        table.addNote(fmt::format("Its feed has moved for good to {}",
                                   printable(newsroom::maskedSecrets(*health.movedTo))));
     }
     if (health.collapsed > 0) {
@@ -99,7 +99,8 @@ void addNotes(TextTable& table, const ConsoleRow& row) {
 
 void printTable(Session& session, const std::vector<ConsoleRow>& rows) {
     const auto now = session.now();
-    TextTable table({"source", "asked", "answered", "took", "size", "stories", "newest", "next try"});
+    TextTable table(
+        {"source", "asked", "answered", "took", "size", "stories", "newest", "next try"});
     std::size_t on = 0, failing = 0;
     for (const auto& row : rows) {
         if (!row.enabled) continue;
@@ -115,11 +116,10 @@ void printTable(Session& session, const std::vector<ConsoleRow>& rows) {
         addNotes(table, row);
     }
     table.print(session.out());
-    session.out().line(fmt::format("\n{} on, {} of them failing; {} off.",
-                                   counted(static_cast<std::int64_t>(on), "source is",
-                                           "sources are"),
-                                   failing == 0 ? "none" : std::to_string(failing),
-                                   rows.size() - on));
+    session.out().line(
+        fmt::format("\n{} on, {} of them failing; {} off.",
+                    counted(static_cast<std::int64_t>(on), "source is", "sources are"),
+                    failing == 0 ? "none" : std::to_string(failing), rows.size() - on));
 }
 
 void printJSON(Session& session, const std::vector<ConsoleRow>& rows) {

@@ -61,10 +61,11 @@ void printJSON(Session& session, const desk::ImportPreview& preview, boost::json
     for (const auto& entry : preview.refused) {
         refused.push_back({{"text", entry.text}, {"reason", label(entry.reason)}});
     }
-    session.out().line(boost::json::serialize(boost::json::object{{"title", preview.title},
-                                                                  {"added", std::move(added)},
-                                                                  {"known", std::move(known)},
-                                                                  {"refused", std::move(refused)}}));
+    session.out().line(
+        boost::json::serialize(boost::json::object{{"title", preview.title},
+                                                   {"added", std::move(added)},
+                                                   {"known", std::move(known)},
+                                                   {"refused", std::move(refused)}}));
 }
 
 std::string counted(std::size_t count) {
@@ -133,7 +134,10 @@ int exportSources(Session& session, desk::ExportScope scope, bool withSecrets) {
     auto outlines = desk::exportedSources(roster, scope);
     boost::json::array withheld;
     for (auto& feed : outlines.feeds) {
-        if (withSecrets || !newsroom::carriesSecret(feed.feedURL)) continue;
+        if (withSecrets) continue;
+        feed.title = newsroom::maskedSecrets(feed.title);
+        if (newsroom::carriesSecret(feed.siteURL)) feed.siteURL.clear();
+        if (!newsroom::carriesSecret(feed.feedURL)) continue;
         feed.feedURL.clear();
         withheld.emplace_back(feed.title);
         fmt::print(stderr,

@@ -16,9 +16,11 @@ constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
 // A handler may do next to nothing: it writes a byte, and the event loop reads it.
 std::array<int, 2> alarmPipe{-1, -1};
 
-void raiseAlarm(int) {
+void raiseAlarm(int number) {
     const char byte = 0;
     [[maybe_unused]] const auto written = write(alarmPipe[1], &byte, 1);
+    // A second signal ends a program whose output nobody reads, and which waits for that.
+    std::signal(number, SIG_DFL);
 }
 
 int openAlarm() {
@@ -32,11 +34,16 @@ StopSignals::StopSignals(std::function<void()> stop)
     : notifier_(openAlarm(), QSocketNotifier::Read) {
     QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_,
                      [stop = std::move(stop)] { stop(); });
-    for (const int number : kSignals) std::signal(number, raiseAlarm);
+    for (const int number : kSignals) {
+        // What nohup or a script has switched off stays off.
+        if (std::signal(number, raiseAlarm) == SIG_IGN) std::signal(number, SIG_IGN);
+    }
 }
 
 StopSignals::~StopSignals() {
-    for (const int number : kSignals) std::signal(number, SIG_DFL);
+    for (const int number : kSignals) {
+        if (std::signal(number, SIG_DFL) == SIG_IGN) std::signal(number, SIG_IGN);
+    }
     notifier_.setEnabled(false);
     close(alarmPipe[0]);
     close(alarmPipe[1]);

@@ -50,9 +50,9 @@ void print(Session& session, const desk::StoredStory& stored, const Wordings& wo
     Output& out = session.out();
     out.line(out.bold(wrapped(printable(story.title), kTextWidth, "")));
     for (const auto& wording : wordings) {
-        out.line(out.dim(wrapped("Until " + dayAndTime(wording.replacedAt) + ": “" +
-                                     printable(wording.title) + "”",
-                                 kTextWidth, "")));
+        out.line(out.dim(wrapped(
+            "Until " + dayAndTime(wording.replacedAt) + ": “" + printable(wording.title) + "”",
+            kTextWidth, "")));
     }
     if (!story.summary.empty()) {
         out.line();
@@ -85,8 +85,8 @@ void printJSON(Session& session, const desk::StoredStory& stored, const Wordings
     if (stored.savedAt) object["savedAt"] = newsroom::encode(*stored.savedAt);
     auto& earlier = object["earlierTitles"].emplace_array();
     for (const auto& wording : wordings) {
-        earlier.push_back({{"title", wording.title},
-                           {"replacedAt", newsroom::encode(wording.replacedAt)}});
+        earlier.push_back(
+            {{"title", wording.title}, {"replacedAt", newsroom::encode(wording.replacedAt)}});
     }
     object["why"] = {{"kind", kindReason(stored.story)},
                      {"sourcing", sourcingReason(stored.story)}};

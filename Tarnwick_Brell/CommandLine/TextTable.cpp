@@ -37,8 +37,8 @@ std::vector<std::size_t> TextTable::widths(std::size_t available) const {
             widths[i] = std::max(widths[i], columnsOf(row.cells[i]));
         }
     }
-    const auto others = std::accumulate(widths.begin() + 1, widths.end(),
-                                        kGap.size() * (widths.size() - 1));
+    const auto others =
+        std::accumulate(widths.begin() + 1, widths.end(), kGap.size() * (widths.size() - 1));
     const auto left = available > others ? available - others : 0;
     widths[0] = std::min(widths[0], std::max(left, kNarrowestFirst));
     return widths;

@@ -1,3 +1,4 @@
+#include <exception>
 #include <memory>
 #include <string>
 #include <vector>
@@ -39,10 +40,15 @@ public:
                          [this](const auto& report) { noticeNetwork(report); });
         QObject::connect(&desk_, &NewsDesk::failed, &desk_,
                          [](const QString& sentence) { tell(sentence.toStdString()); });
+        // Restoring needs the library for itself, so that the desk must not stay at it.
+        for (const auto signal : {&NewsDesk::libraryDamaged, &NewsDesk::loadFailed}) {
+            QObject::connect(&desk_, signal, &desk_,
+                             [this](const QString& sentence) { giveUp(sentence.toStdString()); });
+        }
     }
 
-    /// Nobody reads any more; exec() has ended because of it.
-    const std::optional<OutputError>& outputError() const { return outputError_; }
+    /// Why the event loop has ended, if not because the user wished so.
+    const std::exception_ptr& failure() const { return failure_; }
 
 private:
     static void tell(const std::string& sentence) {
@@ -60,7 +66,7 @@ private:
             }
             session_.out().flush();
         } catch (const OutputError& error) {
-            outputError_ = error;
+            failure_ = std::make_exception_ptr(error);
             QCoreApplication::quit();
         }
     }
@@ -70,6 +76,11 @@ private:
         Output& out = session_.out();
         out.line(session_.options().json ? boost::json::serialize(newsroom::encode(stored.story))
                                          : wireLine(out, stored, currentInstant()));
+    }
+
+    void giveUp(const std::string& sentence) {
+        if (!failure_) failure_ = std::make_exception_ptr(WorkFailed(sentence));
+        QCoreApplication::quit();
     }
 
     void printProgress() {
@@ -90,7 +101,7 @@ private:
     desk::NewsDesk& desk_;
     newsroom::CompiledStoryQuery wanted_;
     bool wasOffline_ = false;
-    std::optional<OutputError> outputError_;
+    std::exception_ptr failure_;
 };
 
 int runWatch(Session& session, const WatchOptions& options) {
@@ -101,6 +112,7 @@ int runWatch(Session& session, const WatchOptions& options) {
     }
     int argumentCount = 0;
     QCoreApplication application(argumentCount, nullptr);
+    const StopSignals stop([] { QCoreApplication::quit(); });
     desk::AppEnvironment environment({.paths = session.paths(),
                                       .network = std::move(network),
                                       .clock = &currentInstant,
@@ -108,7 +120,6 @@ int runWatch(Session& session, const WatchOptions& options) {
     auto& newsDesk = environment.newsDesk();
     Watch watch(session, newsDesk, query);
     watch.connect();
-    const StopSignals stop([] { QCoreApplication::quit(); });
     if (options.live) {
         QObject::connect(&newsDesk, &desk::NewsDesk::loaded, &newsDesk, [&] {
             newsDesk.goLive(currentInstant() + desk::RefreshCadence::kLongestLive);
@@ -117,7 +128,7 @@ int runWatch(Session& session, const WatchOptions& options) {
     environment.start();
     QCoreApplication::exec();
     showProgress("");
-    if (watch.outputError()) throw *watch.outputError();
+    if (watch.failure()) std::rethrow_exception(watch.failure());
     return kDone;
 }
 

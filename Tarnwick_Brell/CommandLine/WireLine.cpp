@@ -29,12 +29,11 @@ std::string wireLine(const Output& out, const desk::StoredStory& stored, newsroo
     const auto& story = stored.story;
     const bool cut = out.isTerminal() && out.width() > kBeforeTitle + kNarrowestTitle;
     const auto title = printable(story.title);
-    return fmt::format("{} {} {} {} {} {}",
-                       out.dim(padTo(story.id.substr(0, kIDColumns), kIDColumns)), marks(stored),
-                       padTo(age(story.publishedAt, now), kAgeColumns),
-                       padTo(outletLine(story), kOutletColumns),
-                       out.dim(padTo(labelLine(story), kLabelColumns)),
-                       out.bold(cut ? cutTo(title, out.width() - kBeforeTitle) : title));
+    return fmt::format(
+        "{} {} {} {} {} {}", out.dim(padTo(story.id.substr(0, kIDColumns), kIDColumns)),
+        marks(stored), padTo(age(story.publishedAt, now), kAgeColumns),
+        padTo(outletLine(story), kOutletColumns), out.dim(padTo(labelLine(story), kLabelColumns)),
+        out.bold(cut ? cutTo(title, out.width() - kBeforeTitle) : title));
 }
 
 }  // namespace brell

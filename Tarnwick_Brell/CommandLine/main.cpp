@@ -34,7 +34,10 @@ std::string hostAndPort(const std::string& text) {
 void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
     app.add_flag("--json", options.json, "Print one JSON value instead of text");
     app.add_option("--data-dir", options.dataDir, "Keep library and settings in this folder")
-        ->type_name("DIR");
+        ->type_name("DIR")
+        ->check([](const std::string& text) {
+            return text.empty() ? std::string("the folder's name is empty") : std::string();
+        });
     app.add_flag("--demo", options.demo,
                  "Use the bundled press room and a store of its own; needs no network");
     app.add_option("--connect-to", options.connectTo, "Send every connection to this address")

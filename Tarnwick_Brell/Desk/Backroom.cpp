@@ -13,8 +13,9 @@ constexpr std::chrono::hours kClustered{72};
 
 }  // namespace
 
-Backroom::Backroom(LocalStore& store, newsroom::FeedClient::Clock clock)
-    : store_(store), clock_(std::move(clock)), roster_(store.sources()) {}
+Backroom::Backroom(LocalStore& store, newsroom::FeedClient::Clock clock,
+                   const std::atomic<bool>& isClosing)
+    : store_(store), clock_(std::move(clock)), isClosing_(isClosing), roster_(store.sources()) {}
 
 DeskStep Backroom::newest(std::size_t count) {
     DeskStep step;
@@ -42,7 +43,7 @@ DeskStep Backroom::everything() {
     store_.stories().eachViewInWireOrder(std::nullopt, [&](const StoryView& story) {
         if (story.publishedAt >= recent) clustered.push_back(story.stored().story);
         stories.push_back(PackedStory::make(story));
-        return true;
+        return !isClosing_;
     });
     step.wire.emplace().replace(std::move(stories));
     cluster(clustered);
@@ -51,7 +52,7 @@ DeskStep Backroom::everything() {
 
 DeskStep Backroom::kept(PassStep pass) {
     DeskStep result;
-    noteOwnWrite();
+    if (pass.stamp) noteOwnWrite(*pass.stamp);
     std::vector<Story> clustered;
     const auto recent = clock_() - kClustered;
     for (auto* list : {&pass.added, &pass.revised}) {
@@ -89,17 +90,20 @@ DeskStep Backroom::rosterChanged() {
 }
 
 std::optional<DeskStep> Backroom::foreignChanges() {
-    if (!store_.hasForeignChanges()) return std::nullopt;
+    // A look that fails half-way is taken again.
+    hasUnread_ = store_.hasForeignChanges() || hasUnread_;
+    if (!hasUnread_) return std::nullopt;
     DeskStep step;
-    const auto known = std::exchange(stamp_, store_.state().lastStamp());
+    const auto last = store_.state().lastStamp();
     std::vector<Story> clustered;
     const auto recent = clock_() - kClustered;
-    store_.stories().eachChangedAfter(known, [&](const StoredStory& stored) {
+    store_.stories().eachChangedAfter(stamp_, [&](const StoredStory& stored) {
         if (stored.story.publishedAt >= recent) clustered.push_back(stored.story);
         if (stored.arrival == Arrival::fresh) step.news.push_back(stored.number);
         step.stories.push_back(PackedStory::make(stored));
         return true;
     });
+    stamp_ = last;
     cluster(clustered);
     if (std::exchange(clustersChanged_, false)) step.clusters = clusters();
     roster_.reload();
@@ -110,13 +114,13 @@ std::optional<DeskStep> Backroom::foreignChanges() {
         step.sourceStates = toldStates_ = std::move(states);
     }
     addTimes(step);
+    hasUnread_ = false;
     return step;
 }
 
-void Backroom::noteOwnWrite() {
+void Backroom::noteOwnWrite(std::int64_t stamp) {
     // With another program's write in between both are read again at the next look.
-    const auto last = store_.state().lastStamp();
-    if (last == stamp_ + 1) stamp_ = last;
+    if (stamp == stamp_ + 1) stamp_ = stamp;
 }
 
 RosterState Backroom::rosterState() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -37,7 +38,7 @@ struct SourceStates {
 struct DeskStep {
     std::optional<Wire> wire{};  ///< in place of the one before; indexed here, off the main thread
     bool isWholeWire = false;
-    Wire::Batch stories{};  ///< added or changed
+    Wire::Batch stories{};             ///< added or changed
     std::vector<std::int64_t> news{};  ///< numbers of those stories that came as news
     std::optional<RosterState> roster{};
     std::optional<SourceStates> sourceStates{};
@@ -51,7 +52,9 @@ struct DeskStep {
 /// steps that bring it up to date. Used on the worker's thread only.
 class Backroom {
 public:
-    Backroom(LocalStore& store, newsroom::FeedClient::Clock clock);
+    /// Reading gives up when `isClosing`.
+    Backroom(LocalStore& store, newsroom::FeedClient::Clock clock,
+             const std::atomic<bool>& isClosing);
 
     SourceRoster& roster() { return roster_; }
 
@@ -69,9 +72,9 @@ public:
     /// What other programs have changed in the library since the last look.
     std::optional<DeskStep> foreignChanges();
 
-    /// To be called after each write of one stamp, so that it is not taken for another
+    /// To be called after each write of the desk's own, so that it is not taken for another
     /// program's.
-    void noteOwnWrite();
+    void noteOwnWrite(std::int64_t stamp);
 
 private:
     RosterState rosterState() const;
@@ -82,12 +85,14 @@ private:
 
     LocalStore& store_;
     newsroom::FeedClient::Clock clock_;
+    const std::atomic<bool>& isClosing_;
     SourceRoster roster_;
     newsroom::StoryClusterer clusterer_;
     RosterState toldRoster_;
     SourceStates toldStates_;
     std::int64_t stamp_ = 0;  ///< what has been written up to it is known
     bool clustersChanged_ = false;
+    bool hasUnread_ = false;  ///< of another program's changes
 };
 
 }  // namespace desk

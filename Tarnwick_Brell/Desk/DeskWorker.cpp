@@ -24,20 +24,22 @@ struct DeskWorker::Machinery {
         : guard(asio::make_work_guard(io)),
           store(library, Database::Access::readWrite),
           engine(std::move(network), newsroom::Conditional::yes, std::move(clock)),
-          bench{store, engine} {}
+          bench{store, engine, closing} {
+        store.hurryWhen(closing);
+    }
 
     void runJob(const Job& job, const Failed& failed) {
         try {
             job(bench);
         } catch (const std::exception& error) {
-            failed(error.what());
+            failed(error);
         }
     }
 
     void spawn(Ticket ticket, LongJob job, Failed failed);
-    void repeat(asio::steady_timer& timer, std::chrono::milliseconds pause, Job job,
-                Failed failed);
+    void repeat(asio::steady_timer& timer, std::chrono::milliseconds pause, Job job, Failed failed);
 
+    std::atomic<bool> closing = false;
     asio::io_context io{1};
     asio::executor_work_guard<asio::io_context::executor_type> guard;
     LocalStore store;
@@ -46,7 +48,6 @@ struct DeskWorker::Machinery {
     /// One for each long job under way. A signal must outlive the coroutine that listens.
     std::map<Ticket, asio::cancellation_signal> signals;
     std::list<asio::steady_timer> timers;
-    bool closing = false;
     std::thread thread;
 };
 
@@ -56,17 +57,17 @@ void DeskWorker::Machinery::spawn(Ticket ticket, LongJob job, Failed failed) {
     // The coroutine refers to what the job has captured, so the job lives until it ends.
     auto owned = std::make_shared<LongJob>(std::move(job));
     asio::co_spawn(io, (*owned)(bench),
-                   asio::bind_cancellation_slot(
-                       signal.slot(), [this, ticket, owned, failed = std::move(failed)](
-                                          const std::exception_ptr& error) {
-                           signals.erase(ticket);
-                           if (!error) return;
-                           try {
-                               std::rethrow_exception(error);
-                           } catch (const std::exception& failure) {
-                               failed(failure.what());
-                           }
-                       }));
+                   asio::bind_cancellation_slot(signal.slot(),
+                                                [this, ticket, owned, failed = std::move(failed)](
+                                                    const std::exception_ptr& error) {
+                                                    signals.erase(ticket);
+                                                    if (!error) return;
+                                                    try {
+                                                        std::rethrow_exception(error);
+                                                    } catch (const std::exception& failure) {
+                                                        failed(failure);
+                                                    }
+                                                }));
 }
 
 void DeskWorker::Machinery::repeat(asio::steady_timer& timer, std::chrono::milliseconds pause,
@@ -81,15 +82,14 @@ void DeskWorker::Machinery::repeat(asio::steady_timer& timer, std::chrono::milli
 }
 
 DeskWorker::DeskWorker(const std::filesystem::path& library,
-                       newsroom::CurlTransport::Options network,
-                       newsroom::FeedClient::Clock clock)
+                       newsroom::CurlTransport::Options network, newsroom::FeedClient::Clock clock)
     : machinery_(std::make_unique<Machinery>(library, std::move(network), std::move(clock))) {
     machinery_->thread = std::thread([this] { machinery_->io.run(); });
 }
 
 DeskWorker::~DeskWorker() {
+    machinery_->closing = true;
     asio::post(machinery_->io, [this] {
-        machinery_->closing = true;
         for (auto& timer : machinery_->timers) timer.cancel();
         for (auto& [ticket, signal] : machinery_->signals) {
             signal.emit(asio::cancellation_type::terminal);
@@ -100,10 +100,9 @@ DeskWorker::~DeskWorker() {
 }
 
 void DeskWorker::post(Job job, Failed failed) {
-    asio::post(machinery_->io,
-               [this, job = std::move(job), failed = std::move(failed)] {
-                   machinery_->runJob(job, failed);
-               });
+    asio::post(machinery_->io, [this, job = std::move(job), failed = std::move(failed)] {
+        machinery_->runJob(job, failed);
+    });
 }
 
 DeskWorker::Ticket DeskWorker::spawn(LongJob job, Failed failed) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <exception>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -25,18 +27,20 @@ public:
     struct Bench {
         LocalStore& store;
         FetchEngine& engine;
+        const std::atomic<bool>& isClosing;  ///< what only reads need not go on
     };
 
     using Job = std::function<void(Bench&)>;
     using LongJob = std::function<boost::asio::awaitable<void>(Bench&)>;
-    /// Told on the worker's thread, with a sentence for the user.
-    using Failed = std::function<void(const std::string&)>;
+    /// Told on the worker's thread; what() is a sentence for the user.
+    using Failed = std::function<void(const std::exception&)>;
 
     /// Opens the library on the calling thread: throws StoreError.
     DeskWorker(const std::filesystem::path& library, newsroom::CurlTransport::Options network,
                newsroom::FeedClient::Clock clock);
 
-    /// Cancels what waits for the network and ends after the job at hand.
+    /// Cancels what waits for the network. What has been posted is still written, but other
+    /// programs that hold the library are not waited for long.
     ~DeskWorker();
     DeskWorker(const DeskWorker&) = delete;
     DeskWorker& operator=(const DeskWorker&) = delete;

@@ -7,6 +7,7 @@
 #include <QMetaObject>
 
 #include "Tarnwick_Brell/Storage/SearchText.h"
+#include "Tarnwick_Brell/Storage/StoreError.h"
 #include "Tarnwick_Brell/Storage/StorySelection.h"
 #include "Tarnwick_Brell/Storage/StoryNumber.h"
 
@@ -35,9 +36,7 @@ std::chrono::milliseconds atRandomUpTo(std::chrono::milliseconds longest) {
 
 NewsDesk::NewsDesk(const std::filesystem::path& library, newsroom::CurlTransport::Options network,
                    Defaults& defaults, newsroom::FeedClient::Clock clock)
-    : defaults_(defaults),
-      clock_(std::move(clock)),
-      worker_(library, std::move(network), clock_) {
+    : defaults_(defaults), clock_(std::move(clock)), worker_(library, std::move(network), clock_) {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &NewsDesk::tick);
 }
@@ -52,10 +51,12 @@ void NewsDesk::deliver(F function) {
 }
 
 DeskWorker::Failed NewsDesk::failure(std::function<void()> undo) {
-    return [this, undo = std::move(undo)](const std::string& sentence) {
-        deliver([this, undo, sentence] {
+    return [this, undo = std::move(undo)](const std::exception& error) {
+        const auto* store = dynamic_cast<const StoreError*>(&error);
+        const bool isDamaged = store && store->reason() == StoreError::Reason::damaged;
+        deliver([this, undo, isDamaged, sentence = QString::fromUtf8(error.what())] {
             if (undo) undo();
-            emit failed(QString::fromStdString(sentence));
+            isDamaged ? emit libraryDamaged(sentence) : emit failed(sentence);
         });
     };
 }
@@ -70,16 +71,28 @@ void NewsDesk::deliverStep(DeskStep step) {
 }
 
 void NewsDesk::start() {
-    post([this](Bench& bench) {
-        backroom_ = std::make_unique<Backroom>(bench.store, clock_);
+    const auto load = [this](Bench& bench) {
+        backroom_ = std::make_unique<Backroom>(bench.store, clock_, bench.isClosing);
         deliverStep(backroom_->newest(kFirstView));
         deliverStep(backroom_->everything());
         deliverStep(backroom_->finished());
+    };
+    worker_.post(load, [this](const std::exception& error) {
+        deliver([this, sentence = QString::fromUtf8(error.what())] { emit loadFailed(sentence); });
     });
+}
+
+/// Once the wire is there.
+void NewsDesk::followOtherPrograms() {
     const auto lookAround = [this](Bench&) {
-        if (auto step = backroom_->foreignChanges()) deliverStep(std::move(*step));
+        if (auto step = backroom().foreignChanges()) deliverStep(std::move(*step));
     };
     worker_.repeat(kForeignLook, lookAround, failure());
+}
+
+Backroom& NewsDesk::backroom() {
+    if (backroom_) return *backroom_;
+    throw StoreError(StoreError::Reason::unreadable, "The library has not been read.");
 }
 
 RefreshCadence::Now NewsDesk::now() const {
@@ -163,17 +176,16 @@ void NewsDesk::cancelRefresh() {
 }
 
 PassSettings NewsDesk::passSettings(PassScope scope) const {
-    return {.scope = scope,
-            .retention = std::chrono::duration<double>(defaults_.storyRetention())};
+    return {.scope = scope, .retention = std::chrono::duration<double>(defaults_.storyRetention())};
 }
 
 void NewsDesk::beginPass(Asked asked) {
     const bool isNamed = !asked.ids.empty();
     std::vector<NewsSource> sources;
     for (const auto& source : roster_.sources) {
-        const bool wanted = isNamed ? std::find(asked.ids.begin(), asked.ids.end(), source.id) !=
-                                          asked.ids.end()
-                                    : roster_.enabled.contains(source.id);
+        const bool wanted =
+            isNamed ? std::find(asked.ids.begin(), asked.ids.end(), source.id) != asked.ids.end()
+                    : roster_.enabled.contains(source.id);
         if (wanted) sources.push_back(source);
     }
     pass_ = Progress{.total = sources.size()};
@@ -190,14 +202,13 @@ void NewsDesk::beginPass(Asked asked) {
                     emit refreshChanged();
                 });
             },
-        .kept = [this](PassStep step) { deliverStep(backroom_->kept(std::move(step))); }};
-    const auto settings =
-        passSettings(isNamed ? PassScope::named : PassScope::all);
+        .kept = [this](PassStep step) { deliverStep(backroom().kept(std::move(step))); }};
+    const auto settings = passSettings(isNamed ? PassScope::named : PassScope::all);
     const auto run = [this, listener, settings,
                       sources = std::move(sources)](Bench& bench) -> asio::awaitable<void> {
         RefreshPass pass(bench.store, bench.engine, clock_, settings, listener);
         auto report = co_await pass.run(sources);
-        deliverStep(backroom_->finished());
+        deliverStep(backroom().finished());
         deliver([this, report = std::move(report)] { endPass(report); });
     };
     // Without a report there was no pass: the library could not be written.
@@ -242,7 +253,8 @@ void NewsDesk::markLeft() {
 void NewsDesk::take(DeskStep step) {
     if (step.lastRefresh) lastRefresh_ = step.lastRefresh;
     if (step.lastArrival) lastArrival_ = step.lastArrival;
-    if (step.newSince) newSince_ = step.newSince;
+    // A step that was made before the user left is no later news of it.
+    if (step.newSince) newSince_ = std::max(newSince_.value_or(*step.newSince), *step.newSince);
     if (step.roster) roster_ = std::move(*step.roster);
     if (step.sourceStates) sourceStates_ = std::move(*step.sourceStates);
     if (step.roster || step.sourceStates) emit sourcesChanged();
@@ -264,6 +276,7 @@ void NewsDesk::take(DeskStep step) {
         dropOld();
         autoRefresh_.emplace(std::chrono::minutes(defaults_.refreshMinutes()), lastRefresh_, now(),
                              atRandomUpTo);
+        followOtherPrograms();
         emit loaded();
         beginWaitingPass();
         armTimer();
@@ -332,9 +345,9 @@ std::vector<std::int64_t> NewsDesk::change(MarkChange asked) {
     emit marksChanged(changed);
     const auto ticket = ++lastMark_;
     const auto write = [this, ticket, asked, at = clock_()](Bench& bench) {
-        bench.store.marks().set(asked.mark, asked.numbers,
-                                asked.on ? std::optional(at) : std::nullopt);
-        backroom_->noteOwnWrite();
+        const auto stamp = bench.store.marks().set(asked.mark, asked.numbers,
+                                                   asked.on ? std::optional(at) : std::nullopt);
+        backroom().noteOwnWrite(stamp);
         deliver([this, ticket] { pendingMarks_.erase(ticket); });
     };
     pendingMarks_.emplace(ticket, std::move(asked));
@@ -372,58 +385,74 @@ std::size_t NewsDesk::undoMarkAllRead() {
 
 // Sources.
 
-void NewsDesk::changeRoster(std::function<void(Bench&, SourceRoster&)> change) {
-    post([this, change = std::move(change)](Bench& bench) {
+void NewsDesk::changeRoster(std::function<void(Bench&, SourceRoster&)> change,
+                            DeskWorker::Failed failed) {
+    const auto job = [this, change = std::move(change)](Bench& bench) {
         try {
-            change(bench, backroom_->roster());
+            change(bench, backroom().roster());
         } catch (const std::exception&) {
-            backroom_->roster().reload();
+            backroom().roster().reload();
             throw;
         }
-        deliverStep(backroom_->rosterChanged());
-    });
+        deliverStep(backroom().rosterChanged());
+    };
+    worker_.post(job, std::move(failed));
 }
 
 void NewsDesk::setEnabled(const std::string& sourceID, bool enabled) {
-    changeRoster(
-        [=](Bench&, SourceRoster& roster) { roster.setEnabled(sourceID, enabled); });
+    changeRoster([=](Bench&, SourceRoster& roster) { roster.setEnabled(sourceID, enabled); },
+                 failure());
 }
 
 void NewsDesk::renameSource(const std::string& id, const std::string& name) {
-    changeRoster([=](Bench&, SourceRoster& roster) { roster.rename(id, name); });
+    changeRoster([=](Bench&, SourceRoster& roster) { roster.rename(id, name); }, failure());
 }
 
 void NewsDesk::removeSource(const std::string& id) {
-    changeRoster([=, this](Bench&, SourceRoster& roster) { roster.remove(id, clock_()); });
+    changeRoster([=, this](Bench&, SourceRoster& roster) { roster.remove(id, clock_()); },
+                 failure());
 }
 
 void NewsDesk::importOutlines(newsroom::Outlines outlines, Imported done) {
-    changeRoster([this, outlines = std::move(outlines), done = std::move(done)](
-                     Bench& bench, SourceRoster& roster) {
+    const auto import = [this, outlines = std::move(outlines), done](Bench& bench,
+                                                                     SourceRoster& roster) {
         auto added = applyImport(previewImport(outlines, roster), bench.store, roster);
         deliver([done, added = std::move(added)] { done(added); });
-    });
+    };
+    changeRoster(import, failure([done] { done({}); }));
 }
 
 void NewsDesk::checkAddress(std::string typed, AddressChecked done) {
     const auto check = [this, typed = std::move(typed),
-                        done = std::move(done)](Bench& bench) -> asio::awaitable<void> {
-        SourceAdding adding(bench.store, backroom_->roster(), bench.engine, clock_);
+                        done](Bench& bench) -> asio::awaitable<void> {
+        SourceAdding adding(bench.store, backroom().roster(), bench.engine, clock_);
         auto checked = co_await adding.check(typed);
         deliver([done, checked = std::move(checked)] { done(checked); });
     };
-    worker_.spawn(check, failure());
+    worker_.spawn(check, answering(done));
 }
 
 void NewsDesk::addSource(std::string typed, SourceAdded done) {
-    const auto add = [this, typed = std::move(typed),
-                      done = std::move(done)](Bench& bench) -> asio::awaitable<void> {
-        SourceAdding adding(bench.store, backroom_->roster(), bench.engine, clock_);
+    const auto add = [this, typed = std::move(typed), done](Bench& bench) -> asio::awaitable<void> {
+        SourceAdding adding(bench.store, backroom().roster(), bench.engine, clock_);
         auto added = co_await adding.add(typed);
-        deliverStep(backroom_->rosterChanged());
+        deliverStep(backroom().rosterChanged());
         deliver([done, added = std::move(added)] { done(added); });
     };
-    worker_.spawn(add, failure());
+    const auto failed = [this, answer = answering(std::move(done))](const std::exception& error) {
+        if (backroom_) backroom_->roster().reload();
+        answer(error);
+    };
+    worker_.spawn(add, failed);
+}
+
+/// Whoever asked gets the sentence as the answer.
+template <class Done>
+DeskWorker::Failed NewsDesk::answering(Done done) {
+    return [this, done = std::move(done)](const std::exception& error) {
+        AddSourceError answer{.kind = AddSourceError::Kind::fetchFailed, .detail = error.what()};
+        deliver([done, answer = std::move(answer)] { done(answer); });
+    };
 }
 
 // Search.
@@ -433,7 +462,7 @@ void NewsDesk::search(const std::string& typed, std::size_t limit, Found done) {
     newestSearch_ = turn;
     post([this, turn, typed, limit, done = std::move(done)](Bench& bench) {
         // Someone has typed on: the answer would come too late.
-        if (newestSearch_ != turn) return;
+        if (newestSearch_ != turn || bench.isClosing) return;
         const StorySelection selection{
             .search = SearchText::parse(typed, SearchText::LastWord::stillTyped)};
         std::vector<std::int64_t> found;

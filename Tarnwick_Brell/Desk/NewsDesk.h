@@ -119,6 +119,8 @@ public:
 signals:
     /// The whole wire has been read.
     void loaded();
+    /// It can't be: the desk has no stories and will not refresh.
+    void loadFailed(const QString& sentence);
     void wireChanged(const desk::WireChange& change);
     void marksChanged(const std::vector<std::int64_t>& numbers);
     /// Sources, which of them are on, or their status.
@@ -130,6 +132,8 @@ signals:
     void storiesArrived(const std::vector<std::int64_t>& numbers);
     void passEnded(const desk::PassReport& report);
     void failed(const QString& sentence);
+    /// Instead of `failed`: nothing more can be kept until the library has been restored.
+    void libraryDamaged(const QString& sentence);
 
 private:
     struct Asked {
@@ -160,7 +164,12 @@ private:
     std::vector<std::int64_t> change(MarkChange asked);
     std::vector<std::int64_t> apply(const MarkChange& change);
     std::vector<std::int64_t> numbersOf(const std::vector<std::string>& storyIDs) const;
-    void changeRoster(std::function<void(DeskWorker::Bench&, SourceRoster&)> change);
+    void changeRoster(std::function<void(DeskWorker::Bench&, SourceRoster&)> change,
+                      DeskWorker::Failed failed);
+    template <class Done>
+    DeskWorker::Failed answering(Done done);
+    void followOtherPrograms();
+    Backroom& backroom();
     void deliverStep(DeskStep step);
     template <class F>
     void deliver(F function);
@@ -189,7 +198,7 @@ private:
     QTimer timer_;
     std::uint64_t lastSearch_ = 0;
     std::atomic<std::uint64_t> newestSearch_ = 0;  ///< the same, for the worker
-    std::unique_ptr<Backroom> backroom_;  ///< the worker's; made and used on its thread
+    std::unique_ptr<Backroom> backroom_;           ///< the worker's; made and used on its thread
     /// Last, so that it ends first: its jobs refer to the others.
     DeskWorker worker_;
 };

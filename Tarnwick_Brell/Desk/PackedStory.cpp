@@ -95,26 +95,25 @@ StoredStory PackedStory::unpacked() const {
     const auto optional = [&](Text which) {
         return has(which) ? std::optional(text(which)) : std::nullopt;
     };
-    return StoryView{
-        .id = text(Text::id),
-        .link = text(Text::link),
-        .title = text(Text::title),
-        .summary = text(Text::summary),
-        .author = optional(Text::author),
-        .publishedAt = publishedAt_,
-        .imageURL = optional(Text::imageURL),
-        .sourceID = text(Text::sourceID),
-        .sourceName = text(Text::sourceName),
-        .destinationName = optional(Text::destinationName),
-        .isAppleSource = isAppleSource_,
-        .kind = kind_,
-        .sourcing = sourcing_,
-        .wordpressID = hasWordpressID_ ? std::optional(wordpressID_) : std::nullopt,
-        .articleLink = optional(Text::articleLink),
-        .credits = text(Text::credits),
-        .firstSeen = firstSeen_,
-        .arrival = arrival_,
-        .number = number_}
+    return StoryView{.id = text(Text::id),
+                     .link = text(Text::link),
+                     .title = text(Text::title),
+                     .summary = text(Text::summary),
+                     .author = optional(Text::author),
+                     .publishedAt = publishedAt_,
+                     .imageURL = optional(Text::imageURL),
+                     .sourceID = text(Text::sourceID),
+                     .sourceName = text(Text::sourceName),
+                     .destinationName = optional(Text::destinationName),
+                     .isAppleSource = isAppleSource_,
+                     .kind = kind_,
+                     .sourcing = sourcing_,
+                     .wordpressID = hasWordpressID_ ? std::optional(wordpressID_) : std::nullopt,
+                     .articleLink = optional(Text::articleLink),
+                     .credits = text(Text::credits),
+                     .firstSeen = firstSeen_,
+                     .arrival = arrival_,
+                     .number = number_}
         .stored();
 }
 

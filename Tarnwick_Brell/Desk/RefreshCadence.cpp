@@ -23,13 +23,13 @@ milliseconds inMilliseconds(auto duration) {
 }  // namespace
 
 RefreshCadence::RefreshCadence(std::chrono::minutes interval,
-                               std::optional<newsroom::Instant> lastRefresh, Now now,
-                               Jitter jitter)
+                               std::optional<newsroom::Instant> lastRefresh, Now now, Jitter jitter)
     : interval_(interval), jitter_(std::move(jitter)), lastLook_(now) {
     const bool isRecent =
         lastRefresh && *lastRefresh <= now.wall && now.wall - *lastRefresh < interval_;
     const auto waited = isRecent ? inMilliseconds(now.wall - *lastRefresh) : interval_;
     began_ = now.steady - waited;
+    beganWall_ = now.wall - waited;
     earliest_ = now.steady + (isRecent ? 0ms : jitter_(kStartJitter));
 }
 
@@ -45,13 +45,13 @@ std::optional<newsroom::Instant> RefreshCadence::liveUntil(newsroom::Instant now
 
 void RefreshCadence::passBegan(Now now) {
     began_ = now.steady;
+    beganWall_ = now.wall;
     wakeUp_.reset();
 }
 
 void RefreshCadence::passEnded(Now now, bool failedAsAWhole) {
     failures_ = failedAsAWhole ? failures_ + 1 : 0;
     earliest_ = now.steady + kBetweenPasses;
-    lastLook_ = now;
 }
 
 milliseconds RefreshCadence::pause(newsroom::Instant wall) const {
@@ -65,7 +65,7 @@ bool RefreshCadence::isDue(Now now) {
     const auto steady = inMilliseconds(now.steady - lastLook_.steady);
     lastLook_ = now;
     // What the steady clock missed was sleep, or a wall clock set forward: one pass, soon.
-    if (!wakeUp_ && wall - steady > kSleepNoticed && wall >= pause(now.wall)) {
+    if (!wakeUp_ && wall - steady > kSleepNoticed && now.wall - beganWall_ >= pause(now.wall)) {
         wakeUp_ = now.steady + jitter_(kWakeUpJitter);
     }
     return now.steady >= nextPass(now);

@@ -53,6 +53,7 @@ private:
     Jitter jitter_;
     std::optional<newsroom::Instant> liveUntil_;
     Now lastLook_;
+    newsroom::Instant beganWall_;
     Steady began_;                  ///< what the cadence counts from
     Steady earliest_;               ///< not before, whatever the cadence says
     std::optional<Steady> wakeUp_;  ///< the pass that catches up after a sleep

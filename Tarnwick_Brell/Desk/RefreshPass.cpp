@@ -101,7 +101,7 @@ public:
         auto transaction = pass_.store_.transaction();
         const auto stamp = pass_.store_.state().nextStamp();
         auto merging = pass_.store_.merging();
-        PassStep step;
+        PassStep step{.stamp = stamp};
         for (auto& arrived : waiting_) {
             step.outcomes.push_back(pass_.keep(std::move(arrived), merging, stamp, step));
         }
@@ -134,7 +134,8 @@ public:
         for (auto* arrivals : {&held_, &unblamed_}) {
             for (auto& arrived : *arrivals) step.outcomes.push_back(unblamed(arrived));
         }
-        report_.cancelled = !unblamed_.empty();
+        // Sources whose turn had not come do not arrive at all.
+        report_.cancelled = !unblamed_.empty() || done_ < total_;
         report(std::move(step));
         return std::move(report_);
     }
@@ -174,8 +175,7 @@ private:
 
     void report(PassStep step) {
         if (step.outcomes.empty()) return;
-        report_.outcomes.insert(report_.outcomes.end(), step.outcomes.begin(),
-                                step.outcomes.end());
+        report_.outcomes.insert(report_.outcomes.end(), step.outcomes.begin(), step.outcomes.end());
         if (pass_.listener_.kept) pass_.listener_.kept(std::move(step));
     }
 
@@ -190,9 +190,8 @@ private:
     bool answered_ = false;
 };
 
-RefreshPass::RefreshPass(LocalStore& store, FetchEngine& engine,
-                         newsroom::FeedClient::Clock clock, PassSettings settings,
-                         Listener listener)
+RefreshPass::RefreshPass(LocalStore& store, FetchEngine& engine, newsroom::FeedClient::Clock clock,
+                         PassSettings settings, Listener listener)
     : store_(store),
       engine_(engine),
       clock_(std::move(clock)),
@@ -205,6 +204,7 @@ RefreshPass::RefreshPass(LocalStore& store, FetchEngine& engine,
 RefreshPass::~RefreshPass() = default;
 
 asio::awaitable<PassReport> RefreshPass::run(std::vector<NewsSource> sources) {
+    co_await asio::this_coro::throw_if_cancelled(false);
     // Read anew for each pass: another program may have fetched meanwhile.
     const auto validators = store_.validators().load();
     engine_.http().validators().replace(validators);
@@ -216,7 +216,8 @@ asio::awaitable<PassReport> RefreshPass::run(std::vector<NewsSource> sources) {
 
     const auto arrived = [&](const NewsSource& source, SourceFetch fetch) {
         const auto now = clock_();
-        if (fetch.record.retryAfter && !std::holds_alternative<SourceFetch::Stories>(fetch.outcome)) {
+        if (fetch.record.retryAfter &&
+            !std::holds_alternative<SourceFetch::Stories>(fetch.outcome)) {
             leaveAlone(source, *fetch.record.retryAfter, now);
         }
         intake.add({source, std::move(fetch), now});
@@ -256,9 +257,8 @@ bool RefreshPass::isFetchedInFull(const NewsSource& source) const {
 }
 
 std::vector<NewsSource> RefreshPass::takeDue(std::vector<NewsSource> sources, Intake& intake) {
-    const auto waiting =
-        std::stable_partition(sources.begin(), sources.end(),
-                              [&](const NewsSource& source) { return isDue(source); });
+    const auto waiting = std::stable_partition(
+        sources.begin(), sources.end(), [&](const NewsSource& source) { return isDue(source); });
     for (auto source = waiting; source != sources.end(); ++source) {
         intake.leaveOut(outcomeOf(*source, Kind::notDue));
     }
@@ -297,6 +297,10 @@ SourceOutcome RefreshPass::outcomeOf(const NewsSource& source, Kind kind) const 
 SourceOutcome RefreshPass::keep(Arrived arrived, StoryMerge& merging, std::int64_t stamp,
                                 PassStep& step) {
     auto& [source, fetch, moment] = arrived;
+    if (source.kind == NewsSource::Kind::custom && store_.sources().isRemoved(source.id)) {
+        // While it was fetched. A status would make it an old acquaintance if it is added again.
+        return {.source = source, .kind = Kind::cancelled};
+    }
     SourceStatus& status = statuses_[source.id];
     SourceHealth& health = healths_[source.id];
     MergeCount merged;
@@ -363,7 +367,7 @@ void RefreshPass::tidyUp(const newsroom::ValidatorTable::Entries& validators,
     auto transaction = store_.transaction();
     // After the stories: a validator without its stories would answer 304 for ever.
     store_.validators().save(validators, engine_.http().validators().entries());
-    store_.stories().dropPublishedBefore(cutoff());
+    store_.stories().dropPublishedBefore(cutoff(), clock_());
     store_.stories().dropBeyond(settings_.ceiling);
     store_.hostPauses().dropEndedBefore(clock_());
     if (settings_.scope == PassScope::all && !report.offline && !report.cancelled) {

@@ -2,8 +2,10 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,6 +34,7 @@ struct PassSettings {
 
 /// What became safe in the library at one moment of a pass.
 struct PassStep {
+    std::optional<std::int64_t> stamp{};  ///< of the transaction; absent when nothing was written
     std::vector<SourceOutcome> outcomes{};
     std::vector<StoredStory> added{};
     std::vector<StoredStory> revised{};

@@ -17,7 +17,7 @@ struct ImportPreview {
         newsroom::NewsSource source{};  ///< that has the feed already
     };
 
-    std::string title{};  ///< of the list
+    std::string title{};                         ///< of the list
     std::vector<newsroom::OutlineFeed> fresh{};  ///< would be added
     std::vector<Known> known{};
     std::vector<newsroom::SkippedOutline> refused{};

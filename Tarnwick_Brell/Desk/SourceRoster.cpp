@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/SourceCatalog.h"
 #include "NewsroomKit/Stories/CanonicalLink.h"
@@ -119,7 +120,8 @@ NewsSource SourceRoster::add(std::string_view name, std::string_view feedURL,
                              std::string_view siteURL) {
     const auto address = newsroom::WebAddress::parse(feedURL);
     const auto canonical = newsroom::canonicalLink(feedURL);
-    NewsSource source{.name = std::string(name),
+    // Lists of other readers often name a feed by its address, password and all.
+    NewsSource source{.name = newsroom::maskedSecrets(name),
                       .feedURL = std::string(feedURL),
                       .siteURL = std::string(siteURL),
                       .kind = NewsSource::Kind::custom,
@@ -136,7 +138,7 @@ NewsSource SourceRoster::add(std::string_view name, std::string_view feedURL,
         std::erase_if(removed_, [&](const NewsSource& other) { return other.id == source.id; });
         feeds_->removed.erase(canonical);
     } else {
-        source.id = freshID(name, address ? address->host : "");
+        source.id = freshID(source.name, address ? address->host : "");
         table_.add(source);
     }
     places_.emplace(source.id, sources_.size());
@@ -149,7 +151,7 @@ bool SourceRoster::rename(std::string_view id, std::string_view name) {
     auto* source = findOwn(id);
     if (!source) return false;
     NewsSource renamed = *source;
-    renamed.name = name;
+    renamed.name = newsroom::maskedSecrets(name);
     table_.update(renamed);
     *source = std::move(renamed);
     return true;

@@ -49,7 +49,7 @@ public:
 private:
     /// Canonical feed addresses. Made when first asked for: most runs of the desk never are.
     struct Feeds {
-        std::unordered_map<std::string, std::size_t> places{};  ///< in `sources_`
+        std::unordered_map<std::string, std::size_t> places{};   ///< in `sources_`
         std::unordered_map<std::string, std::string> removed{};  ///< ids
     };
 

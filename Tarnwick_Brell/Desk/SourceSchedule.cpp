@@ -21,9 +21,9 @@ std::optional<Instant> nextTry(const newsroom::NewsSource& source, const SourceS
     auto earliest = pauseOf(source, pauses, now);
     // A clock that was set back must not silence a source.
     if (status.lastAttempt && *status.lastAttempt <= now) {
-        const auto due = *status.lastAttempt +
-                         std::chrono::duration_cast<Instant::duration>(
-                             std::chrono::duration<double>(source.minimumInterval));
+        const auto due =
+            *status.lastAttempt + std::chrono::duration_cast<Instant::duration>(
+                                      std::chrono::duration<double>(source.minimumInterval));
         if (due > now) earliest = std::max(earliest, std::optional(due));
     }
     return earliest;

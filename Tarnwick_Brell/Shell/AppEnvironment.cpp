@@ -8,6 +8,7 @@ AppEnvironment::AppEnvironment(const Options& options)
       newsDesk_(options.paths.library, options.network, defaults_, options.clock),
       care_(options.paths.library, options.clock) {
     QObject::connect(&care_, &LibraryCare::failed, &newsDesk_, &NewsDesk::failed);
+    QObject::connect(&care_, &LibraryCare::libraryDamaged, &newsDesk_, &NewsDesk::libraryDamaged);
 }
 
 const Paths& AppEnvironment::prepared(const Paths& paths) {

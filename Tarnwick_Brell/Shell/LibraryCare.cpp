@@ -38,7 +38,9 @@ void LibraryCare::lookAfter(const std::stop_token& stop, bool lastDeskDied) {
         Backups(library_).makeIfDue(clock_(), stop);
     } catch (const StoreError& error) {
         // Qt carries it to the receiver's thread.
-        emit failed(QString::fromUtf8(error.what()));
+        const auto sentence = QString::fromUtf8(error.what());
+        const bool isDamaged = error.reason() == StoreError::Reason::damaged;
+        isDamaged ? emit libraryDamaged(sentence) : emit failed(sentence);
     }
 }
 

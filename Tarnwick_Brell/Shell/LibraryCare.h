@@ -23,8 +23,9 @@ public:
     void start(bool lastDeskDied);
 
 signals:
-    /// The library is damaged, or can't be backed up: a sentence for the user.
+    /// Sentences for the user: the library can't be checked or backed up, or it is damaged.
     void failed(const QString& sentence);
+    void libraryDamaged(const QString& sentence);
 
 private:
     void run(const std::stop_token& stop, bool lastDeskDied);

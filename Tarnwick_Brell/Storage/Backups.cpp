@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Storage/Backups.h"
 
 #include <algorithm>
+#include <set>
 #include <string>
 #include <system_error>
 #include <tuple>
@@ -56,6 +57,10 @@ std::optional<Backup> backupIn(const fs::path& file) {
     const auto made = instantIn(std::string_view(name).substr(
         kBeginning.size(), name.size() - kBeginning.size() - kEnding.size()));
     return made ? std::optional(Backup{file, *made, false}) : std::nullopt;
+}
+
+std::chrono::sys_days dayOf(const Backup& backup) {
+    return std::chrono::floor<std::chrono::days>(backup.made);
 }
 
 bool hasStories(const fs::path& library) {
@@ -132,8 +137,14 @@ Backup Backups::write(const std::string& name, const std::stop_token& stop) cons
 
 void Backups::dropOldest(Instant now) const {
     std::size_t kept = 0;
+    std::set<std::chrono::sys_days> days;
     for (const auto& backup : all(now)) {
-        if (backup.beforeMigration || ++kept <= kKept) continue;
+        if (backup.beforeMigration || ++kept <= kKept) {
+            if (!backup.beforeMigration) days.insert(dayOf(backup));
+            continue;
+        }
+        // Copies that the user made today don't push yesterday's out.
+        if (days.size() < kKept && days.insert(dayOf(backup)).second) continue;
         std::error_code ignored;
         fs::remove(backup.file, ignored);
     }

@@ -18,10 +18,11 @@ struct Backup {
     bool beforeMigration = false;
 };
 
-/// Copies of the library in the folder "backups" beside it: the last three of every day, and
-/// what the library was before each of its versions. Each copy has passed its check before it
-/// takes its name, and only then an older one goes. Has connections of its own, so any thread
-/// may ask for a backup; two programs don't make one at a time. Throws StoreError.
+/// Copies of the library in the folder "backups" beside it: the last three, the newest of each
+/// of the last three days that have one, and what the library was before each of its versions.
+/// Each copy has passed its check before it takes its name, and only then an older one goes.
+/// Has connections of its own, so any thread may ask for a backup; two programs don't make one
+/// at a time. Throws StoreError.
 class Backups {
 public:
     explicit Backups(std::filesystem::path library);

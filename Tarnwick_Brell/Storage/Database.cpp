@@ -56,8 +56,9 @@ StoreError errorFor(int code, const std::filesystem::path& file, const std::stri
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
             return {Reason::damaged,
-                    library + " is damaged or is not a library. \"brell library restore\" puts its "
-                              "last good backup in its place."};
+                    library +
+                        " is damaged or is not a library. \"brell library restore\" puts its "
+                        "last good backup in its place."};
         default: return {Reason::other, library + " failed (" + detail + ")."};
     }
 }
@@ -152,7 +153,6 @@ Database::Database(const std::filesystem::path& file, Access access) : file_(fil
                          ? openForReading()
                          : open(file.string(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     if (code != SQLITE_OK) fail(code);
-    sqlite3_busy_timeout(handle_.get(), kBusyMilliseconds);
     if (access == Access::readWrite) {
         useWriteAheadLog();
         execute("PRAGMA synchronous = NORMAL");
@@ -170,6 +170,8 @@ int Database::open(const std::string& name, int flags) {
     const int code = sqlite3_open_v2(name.c_str(), &raw,
                                      flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     handle_.reset(raw);
+    // At once: even the first look at a file waits for whoever is just closing it.
+    if (code == SQLITE_OK) sqlite3_busy_timeout(raw, kBusyMilliseconds);
     return code;
 }
 
@@ -237,6 +239,19 @@ void Database::breakOffWhen(const std::stop_token& stop) {
     interruption_.emplace(stop, [this] { sqlite3_interrupt(handle_.get()); });
 }
 
+void Database::hurryWhen(const std::atomic<bool>& flag) {
+    const auto wait = [](void* hurry, int times) {
+        constexpr std::chrono::milliseconds pause(20);
+        constexpr int hurriedMilliseconds = 500;
+        const bool isHurried = static_cast<const std::atomic<bool>*>(hurry)->load();
+        const int longest = isHurried ? hurriedMilliseconds : kBusyMilliseconds;
+        if (times * pause.count() >= longest) return 0;
+        std::this_thread::sleep_for(pause);
+        return 1;
+    };
+    sqlite3_busy_handler(handle_.get(), wait, const_cast<std::atomic<bool>*>(&flag));
+}
+
 std::int64_t SQLValue::number() const { return sqlite3_value_int64(value_); }
 
 std::string_view SQLValue::text() const {
@@ -251,9 +266,9 @@ void Database::define(const char* name, Function function) {
         sqlite3_result_int64(context, wanted(SQLValue(arguments[0])));
     };
     const auto forget = [](void* owned) { delete static_cast<Function*>(owned); };
-    const int code =
-        sqlite3_create_function_v2(handle_.get(), name, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
-                                   new Function(std::move(function)), call, nullptr, nullptr, forget);
+    const int code = sqlite3_create_function_v2(
+        handle_.get(), name, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+        new Function(std::move(function)), call, nullptr, nullptr, forget);
     if (code != SQLITE_OK) fail(code);
 }
 

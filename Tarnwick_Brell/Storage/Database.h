@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -91,6 +92,10 @@ public:
 
     /// From now on every statement fails once `stop` is asked for.
     void breakOffWhen(const std::stop_token& stop);
+
+    /// Once the flag is set, other programs are waited for half a second only. It must outlive
+    /// the database.
+    void hurryWhen(const std::atomic<bool>& flag);
 
     /// A function of one argument for use in SQL. It always answers the same for the same
     /// argument and doesn't throw.

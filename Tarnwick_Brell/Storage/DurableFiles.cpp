@@ -54,13 +54,14 @@ void makeFolder(const fs::path& folder) {
     if (error) fail(folder, error.value());
 }
 
-std::optional<FileLock> FileLock::take(const fs::path& file, Wait wait) {
+std::optional<FileLock> FileLock::take(const fs::path& file, Wait wait, Kind kind) {
     const int descriptor = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (descriptor < 0) fail(file, errno);
     FileLock lock(descriptor);
+    const int how = kind == Kind::shared ? LOCK_SH : LOCK_EX;
     int outcome = -1;
     do {
-        outcome = flock(descriptor, LOCK_EX | (wait == Wait::no ? LOCK_NB : 0));
+        outcome = flock(descriptor, how | (wait == Wait::no ? LOCK_NB : 0));
     } while (outcome != 0 && errno == EINTR);
     if (outcome == 0) return lock;
     if (errno == EWOULDBLOCK) return std::nullopt;

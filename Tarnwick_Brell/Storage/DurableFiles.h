@@ -15,15 +15,17 @@ void moveIntoPlace(const std::filesystem::path& from, const std::filesystem::pat
 /// Makes a folder that may be there already. Throws StoreError.
 void makeFolder(const std::filesystem::path& folder);
 
-/// A file that one program at a time holds. It is let go when its owner ends, however that
-/// happens.
+/// A file that one program at a time holds, or several that share it. It is let go when its
+/// owner ends, however that happens.
 class FileLock {
 public:
     enum class Wait { no, untilFree };
+    enum class Kind { exclusive, shared };
 
     /// Makes the file when there is none. Nothing when another program holds it. Throws
     /// StoreError when the file can't be made or opened for writing.
-    static std::optional<FileLock> take(const std::filesystem::path& file, Wait wait);
+    static std::optional<FileLock> take(const std::filesystem::path& file, Wait wait,
+                                        Kind kind = Kind::exclusive);
 
     FileLock(FileLock&& other) noexcept;
     FileLock& operator=(FileLock&& other) noexcept;

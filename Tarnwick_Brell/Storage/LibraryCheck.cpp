@@ -11,11 +11,23 @@ namespace {
 
 constexpr std::chrono::hours kBetweenChecks{24};
 
+constexpr const char* kUnreadable = "SQLite can't read it";
+
+/// Another program's database may be sound as well.
+bool isDesk(Database& database) {
+    Statement tables(database,
+                     "SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND name IN "
+                     "('stories', 'customSources', 'sourceStatus', 'validators')");
+    tables.step();
+    return tables.number(0) == 4;
+}
+
 LibraryFindings findings(const fs::path& library, const std::stop_token& stop) {
     Database database(library, Database::Access::readOnly);
     database.breakOffWhen(stop);
     if (isUnmigrated(database)) return {LibraryState::absent};
     if (isOfNewerVersion(database)) return {LibraryState::newerVersion};
+    if (!isDesk(database)) return {LibraryState::damaged, "it lacks the desk's tables"};
     if (auto fault = firstFault(database)) return {LibraryState::damaged, *std::move(fault)};
     return {LibraryState::sound};
 }
@@ -36,7 +48,7 @@ LibraryFindings checkLibrary(const fs::path& library, const std::stop_token& sto
         return findings(library, stop);
     } catch (const StoreError& error) {
         if (error.reason() != StoreError::Reason::damaged) throw;
-        return {LibraryState::damaged, error.what()};
+        return {LibraryState::damaged, kUnreadable};
     }
 }
 
@@ -63,7 +75,7 @@ std::optional<std::string> firstFault(Database& database) {
         return answer == "ok" ? std::nullopt : std::optional(answer);
     } catch (const StoreError& error) {
         if (error.reason() != StoreError::Reason::damaged) throw;
-        return error.what();
+        return kUnreadable;
     }
 }
 

@@ -1,22 +1,56 @@
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
+#include <system_error>
 #include <utility>
 
 #include "Tarnwick_Brell/Storage/Backups.h"
+#include "Tarnwick_Brell/Storage/LibraryUse.h"
 #include "Tarnwick_Brell/Storage/Schema.h"
+#include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace desk {
 
-bool LocalStore::exists(const std::filesystem::path& file) {
-    if (!std::filesystem::exists(file)) return false;
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Throws when the library has been lost.
+void requireNotLost(const fs::path& file) {
+    std::error_code none;
+    const bool isGone = !fs::exists(file, none) || fs::file_size(file, none) == 0;
+    if (!isGone || Backups(file).all({}).empty()) return;
+    throw StoreError(StoreError::Reason::damaged,
+                     "The library " + file.string() +
+                         " is gone or empty, although there are backups of it. \"brell library "
+                         "restore\" brings back the last one; with --empty the desk begins anew.");
+}
+
+/// Before the library is opened for writing.
+std::optional<FileLock> use(const fs::path& file, Database::Access access) {
+    if (access != Database::Access::readWrite || file == Database::kInMemory) return std::nullopt;
+    requireNotLost(file);
+    return shareLibrary(file);
+}
+
+}  // namespace
+
+void LocalStore::begin(const fs::path& file) {
+    Database database(file, Database::Access::readWrite);
+    migrate(database);
+}
+
+bool LocalStore::exists(const fs::path& file) {
+    requireNotLost(file);
+    if (!fs::exists(file)) return false;
     Database database(file, Database::Access::readOnly);
     return !isUnmigrated(database);
 }
 
 std::int64_t LocalStore::version() { return versionOf(database_); }
 
-LocalStore::LocalStore(const std::filesystem::path& file, Database::Access access)
-    : database_(file, access),
+LocalStore::LocalStore(const fs::path& file, Database::Access access)
+    : use_(use(file, access)),
+      database_(file, access),
       stories_(database_),
       search_(database_),
       marks_(database_),
@@ -35,7 +69,8 @@ LocalStore::LocalStore(const std::filesystem::path& file, Database::Access acces
 bool LocalStore::hasForeignChanges() {
     Statement row(database_, "PRAGMA data_version");
     row.step();
-    return std::exchange(dataVersion_, row.number(0)) != dataVersion_;
+    const auto known = std::exchange(dataVersion_, row.number(0));
+    return known != dataVersion_;
 }
 
 }  // namespace desk

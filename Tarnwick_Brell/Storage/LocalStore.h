@@ -4,6 +4,7 @@
 
 #include "Tarnwick_Brell/Storage/Database.h"
 #include "Tarnwick_Brell/Storage/DeskState.h"
+#include "Tarnwick_Brell/Storage/DurableFiles.h"
 #include "Tarnwick_Brell/Storage/HostPauses.h"
 #include "Tarnwick_Brell/Storage/MarkTable.h"
 #include "Tarnwick_Brell/Storage/SourceTable.h"
@@ -18,11 +19,16 @@ namespace desk {
 /// validators of their last answers. Used by one thread. Throws StoreError.
 class LocalStore {
 public:
+    /// For writing, the file is made when there is none. A library that is gone although there
+    /// are backups of it is not begun anew: that would end with the last backup dropped.
     LocalStore(const std::filesystem::path& file, Database::Access access);
 
     /// Whether the file has a library in it: not one that was broken off before its first
-    /// table. Throws StoreError when it can't be read.
+    /// table. Throws StoreError when it can't be read, or is gone although it has backups.
     static bool exists(const std::filesystem::path& file);
+
+    /// Begins an empty library, whatever backups there are.
+    static void begin(const std::filesystem::path& file);
 
     StoryTable& stories() { return stories_; }
     /// Made when it is asked for: its statements need a library that may be written.
@@ -36,12 +42,16 @@ public:
 
     std::int64_t version();
 
+    /// See Database::hurryWhen.
+    void hurryWhen(const std::atomic<bool>& flag) { database_.hurryWhen(flag); }
+
     /// Whether another connection has written since the last call. Cheap.
     bool hasForeignChanges();
 
     [[nodiscard]] Transaction transaction() { return Transaction(database_); }
 
 private:
+    std::optional<FileLock> use_;
     Database database_;
     StoryTable stories_;
     StorySearch search_;

@@ -58,6 +58,8 @@ public:
         if (at_ && at_ == DeskState(database).instant(kLastReadBatch)) *at_ += Instant::duration(1);
     }
 
+    std::int64_t stamp() const { return stamp_; }
+
     /// Whether that changed anything.
     bool mark(std::int64_t number) {
         statement_.bind(0, number).bind(1, stamp_);
@@ -107,13 +109,15 @@ Marked MarkTable::change(std::span<const std::string> ids, Mark mark, std::optio
     return marked;
 }
 
-void MarkTable::set(Mark mark, std::vector<std::int64_t> numbers, std::optional<Instant> at) {
+std::int64_t MarkTable::set(Mark mark, std::vector<std::int64_t> numbers,
+                            std::optional<Instant> at) {
     // In the order of the table, so that it is walked once.
     std::sort(numbers.begin(), numbers.end());
     Transaction transaction(database_);
     Writer writer(database_, mark, at);
     for (const auto number : numbers) writer.mark(number);
     transaction.commit();
+    return writer.stamp();
 }
 
 bool MarkTable::isReadTime(Instant at) {

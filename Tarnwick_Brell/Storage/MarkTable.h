@@ -18,7 +18,7 @@ enum class Mark { read, saved };
 
 /// What became of a list of stories to be marked.
 struct Marked {
-    std::size_t changed = 0;  ///< the others had the mark already
+    std::size_t changed = 0;             ///< the others had the mark already
     std::vector<std::string> unknown{};  ///< ids that no story has
 
     bool operator==(const Marked&) const = default;
@@ -38,7 +38,9 @@ public:
 
     /// The same for stories known by number, all of which exist: gives them the mark, or takes
     /// it away when there is no moment. Fast for very many.
-    void set(Mark mark, std::vector<std::int64_t> numbers, std::optional<newsroom::Instant> at);
+    /// Returns the stamp of the change.
+    std::int64_t set(Mark mark, std::vector<std::int64_t> numbers,
+                     std::optional<newsroom::Instant> at);
 
     /// Marks what is selected and unread as read, and says how many stories that were.
     std::size_t markAllRead(const StorySelection& selection, newsroom::Instant at);
@@ -55,8 +57,7 @@ public:
     Counts counts();
 
 private:
-    Marked change(std::span<const std::string> ids, Mark mark,
-                  std::optional<newsroom::Instant> at);
+    Marked change(std::span<const std::string> ids, Mark mark, std::optional<newsroom::Instant> at);
     class Writer;
     bool isReadTime(newsroom::Instant at);
 

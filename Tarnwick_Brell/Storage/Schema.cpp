@@ -75,13 +75,14 @@ constexpr std::array<const char*, 2> kSteps{
         titleKey INTEGER NOT NULL,
         stamp INTEGER NOT NULL
     );
+    -- Rising, each at its place or, where that is taken, right behind the one before.
     INSERT INTO stories
-        SELECT storyPlace(publishedAt) - 1 +
-                   row_number() OVER (PARTITION BY publishedAt ORDER BY firstSeen, id DESC),
-               id, link, title, summary, author, publishedAt, imageURL, sourceID, sourceName,
+        SELECT turn + max(place - turn) OVER (ORDER BY turn), id, link, title, summary, author, publishedAt, imageURL, sourceID, sourceName,
                destinationName, isAppleSource, kind, sourcing, wordpressID, articleLink, credits,
                firstSeen, 'seeded', titleKey(title), 1
-        FROM formerStories;
+        FROM (SELECT *, storyPlace(publishedAt) AS place,
+                     row_number() OVER (ORDER BY publishedAt, firstSeen, id DESC) AS turn
+              FROM formerStories);
     DROP TABLE formerStories;
     CREATE INDEX storiesByTitle ON stories (titleKey);
     CREATE INDEX storiesByStamp ON stories (stamp);
@@ -94,6 +95,10 @@ constexpr std::array<const char*, 2> kSteps{
     CREATE TABLE wordings (number INTEGER NOT NULL, title TEXT NOT NULL,
                            replacedAt INTEGER NOT NULL,
                            PRIMARY KEY (number, title)) WITHOUT ROWID;
+
+    -- Stories without a date of their own that have been dropped: while their feed still has
+    -- them they must not come back as news of today.
+    CREATE TABLE departed (id TEXT PRIMARY KEY, lastSeen INTEGER NOT NULL) WITHOUT ROWID;
 
     CREATE VIRTUAL TABLE storySearch USING fts5(
         title, summary, author, content='stories', content_rowid='number', columnsize=0,
@@ -134,8 +139,7 @@ void defineStoryFunctions(Database& database) {
     database.define("storyPlace", [](const SQLValue& publishedAt) {
         return firstStoryNumber(instantOf(publishedAt.number()));
     });
-    database.define("titleKey",
-                    [](const SQLValue& title) { return titleKey(title.text()); });
+    database.define("titleKey", [](const SQLValue& title) { return titleKey(title.text()); });
 }
 
 constexpr auto kCurrentVersion = static_cast<std::int64_t>(kSteps.size());

@@ -22,8 +22,9 @@ struct SourceStatus {
 /// What else those want to know who look after their sources.
 struct SourceHealth {
     std::optional<newsroom::Instant> failingSince{};  ///< first of the failures in a row
-    std::optional<std::int64_t> latency{};  ///< milliseconds that the last fetch took, retry included
-    std::optional<std::int64_t> bytes{};    ///< of the last fetch, as they came over the wire
+    std::optional<std::int64_t>
+        latency{};                        ///< milliseconds that the last fetch took, retry included
+    std::optional<std::int64_t> bytes{};  ///< of the last fetch, as they came over the wire
     /// When the feed last came in full, not only the news that nothing is new.
     std::optional<newsroom::Instant> lastFullFetch{};
     std::optional<newsroom::Instant> newestStory{};  ///< publication time, of the last full fetch

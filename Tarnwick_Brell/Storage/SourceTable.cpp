@@ -143,4 +143,10 @@ void SourceTable::setHealth(std::string_view id, const SourceHealth& health) {
     statement.run();
 }
 
+bool SourceTable::isRemoved(std::string_view id) {
+    Statement row(database_, "SELECT 1 FROM customSources WHERE id = ? AND removedAt IS NOT NULL");
+    row.bind(0, id);
+    return row.step();
+}
+
 }  // namespace desk

@@ -23,6 +23,8 @@ public:
     /// copy brings them back and their ids never name anything else.
     std::vector<newsroom::NewsSource> removedSources();
 
+    bool isRemoved(std::string_view id);
+
     /// Its id must be new; removed sources keep theirs.
     void add(const newsroom::NewsSource& source);
     /// Brings a removed source back, behind all others.

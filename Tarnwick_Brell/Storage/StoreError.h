@@ -8,7 +8,16 @@ namespace desk {
 /// The store on disk cannot do what was asked; what() is a sentence for the user.
 class StoreError : public std::runtime_error {
 public:
-    enum class Reason { unreadable, readOnly, diskFull, busy, damaged, newerVersion, olderVersion, other };
+    enum class Reason {
+        unreadable,
+        readOnly,
+        diskFull,
+        busy,
+        damaged,
+        newerVersion,
+        olderVersion,
+        other
+    };
 
     StoreError(Reason reason, const std::string& sentence)
         : std::runtime_error(sentence), reason_(reason) {}

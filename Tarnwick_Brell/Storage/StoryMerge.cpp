@@ -23,6 +23,7 @@ constexpr std::size_t kFewestRepeats = 3;
 constexpr std::chrono::hours kSamePublication{1};
 
 constexpr std::string_view kFind = "SELECT number, link, sourceID, title FROM stories WHERE id = ?";
+constexpr std::string_view kDeparted = "UPDATE departed SET lastSeen = ?2 WHERE id = ?1";
 constexpr std::string_view kSameTitle =
     "SELECT id, publishedAt FROM stories WHERE titleKey = ? AND sourceID = ? "
     "ORDER BY number DESC LIMIT 20";
@@ -48,7 +49,7 @@ constexpr std::string_view kRevise =
 
 constexpr std::string_view kAddWording =
     "INSERT INTO wordings (number, title, replacedAt) VALUES (?, ?, ?) "
-    "ON CONFLICT (number, title) DO UPDATE SET replacedAt = excluded.replacedAt";
+    "ON CONFLICT (number, title) DO NOTHING";
 // Of too many the first stays, because it is what was published.
 constexpr std::string_view kTrimWordings =
     "DELETE FROM wordings WHERE number = ?1 AND title IN (SELECT title FROM wordings "
@@ -56,8 +57,7 @@ constexpr std::string_view kTrimWordings =
     "AND (SELECT count(*) FROM wordings WHERE number = ?1) > ?2";
 
 std::string creditsText(const Story& story) {
-    return story.credits.empty() ? "[]"
-                                 : boost::json::serialize(newsroom::encode(story.credits));
+    return story.credits.empty() ? "[]" : boost::json::serialize(newsroom::encode(story.credits));
 }
 
 void bindStory(Statement& statement, const Story& story, const std::string& credits) {
@@ -108,6 +108,7 @@ struct StoryMerge::Plan {
 StoryMerge::StoryMerge(Database& database)
     : database_(database),
       find_(database, kFind),
+      departed_(database, kDeparted),
       sameTitle_(database, kSameTitle),
       highest_(database, kHighest),
       taken_(database, kTaken),
@@ -118,11 +119,11 @@ StoryMerge::StoryMerge(Database& database)
 
 Merged StoryMerge::merge(std::span<const Story> stories, const Fetch& fetch, std::int64_t stamp) {
     Merged merged;
-    Plan planned = plan(stories, merged.count);
+    Plan planned = plan(stories, fetch.seen, merged.count);
     dropMoved(planned, merged.count);
-    const auto fresh = static_cast<std::size_t>(
-        std::count_if(planned.steps.begin(), planned.steps.end(),
-                      [](const Plan::Step& step) { return !step.known; }));
+    const auto fresh =
+        static_cast<std::size_t>(std::count_if(planned.steps.begin(), planned.steps.end(),
+                                               [](const Plan::Step& step) { return !step.known; }));
     merged.count.bulk = !fetch.isFirst && fresh > fetch.mostFresh;
     const Arrival arrival = fetch.isFirst       ? Arrival::seeded
                             : merged.count.bulk ? Arrival::bulk
@@ -144,7 +145,8 @@ Merged StoryMerge::merge(std::span<const Story> stories, const Fetch& fetch, std
     return merged;
 }
 
-StoryMerge::Plan StoryMerge::plan(std::span<const Story> stories, MergeCount& count) {
+StoryMerge::Plan StoryMerge::plan(std::span<const Story> stories, newsroom::Instant seen,
+                                  MergeCount& count) {
     Plan plan;
     std::map<std::string_view, std::string_view> links;
     for (const Story& story : stories) {
@@ -155,6 +157,7 @@ StoryMerge::Plan StoryMerge::plan(std::span<const Story> stories, MergeCount& co
         }
         plan.ids.insert(story.id);
         auto known = find(story);
+        if (!known && hasDeparted(story, seen)) continue;
         if (!known) {
             plan.steps.push_back({&story, firstStoryNumber(story.publishedAt), std::nullopt});
             continue;
@@ -168,6 +171,13 @@ StoryMerge::Plan StoryMerge::plan(std::span<const Story> stories, MergeCount& co
         }
     }
     return plan;
+}
+
+bool StoryMerge::hasDeparted(const Story& story, newsroom::Instant seen) {
+    if (!isUndated(story.publishedAt, seen)) return false;
+    departed_.bind(0, story.id).bind(1, microseconds(seen));
+    departed_.run();
+    return database_.changes() > 0;
 }
 
 std::optional<StoryMerge::Known> StoryMerge::find(const Story& story) {
@@ -192,8 +202,8 @@ void StoryMerge::dropMoved(Plan& plan, MergeCount& count) {
         if (hasMoved(*step.story, plan, true)) repeated.insert(titleKey(step.story->title));
     }
     // Not one link of the feed is known, but most of its headlines are.
-    const bool linksRotate = plan.knownOnes == 0 && repeated.size() >= kFewestRepeats &&
-                             repeated.size() * 2 >= unknown;
+    const bool linksRotate =
+        plan.knownOnes == 0 && repeated.size() >= kFewestRepeats && repeated.size() * 2 >= unknown;
     count.moved = std::erase_if(plan.steps, [&](const Plan::Step& step) {
         return !step.known && hasMoved(*step.story, plan, linksRotate);
     });

@@ -17,11 +17,11 @@ namespace desk {
 /// What came of adding one fetch's stories to the wire.
 struct MergeCount {
     std::size_t added = 0;
-    std::size_t revised = 0;   ///< already known, with another title, excerpt or label now
+    std::size_t revised = 0;    ///< already known, with another title, excerpt or label now
     std::size_t collapsed = 0;  ///< shares its id with an earlier one of the same fetch
     std::size_t moved = 0;      ///< a known story of the source under a changed link
-    std::size_t collided = 0;  ///< same id, other link: the story that was there stays
-    bool bulk = false;         ///< so many at once that they count as an archive published anew
+    std::size_t collided = 0;   ///< same id, other link: the story that was there stays
+    bool bulk = false;          ///< so many at once that they count as an archive published anew
 
     MergeCount& operator+=(const MergeCount& other);
 };
@@ -40,11 +40,12 @@ struct Merged {
 /// - A story that comes back under another link (an edited slug, a session in the query) is
 ///   known by its headline: same source, the known one is gone from the feed, and they were
 ///   published within the hour, or no link of the whole feed is known any more.
+/// - An undated story that retention has dropped does not come back as news.
 class StoryMerge {
 public:
     struct Fetch {
         newsroom::Instant seen{};
-        bool isFirst = false;   ///< of this source: everything in it is old news
+        bool isFirst = false;  ///< of this source: everything in it is old news
         /// More new stories than this are "bulk".
         std::size_t mostFresh = 40;
     };
@@ -59,7 +60,8 @@ private:
     struct Plan;
 
     std::optional<Known> find(const newsroom::Story& story);
-    Plan plan(std::span<const newsroom::Story> stories, MergeCount& count);
+    Plan plan(std::span<const newsroom::Story> stories, newsroom::Instant seen, MergeCount& count);
+    bool hasDeparted(const newsroom::Story& story, newsroom::Instant seen);
     bool hasMoved(const newsroom::Story& story, const Plan& plan, bool linksRotate);
     void dropMoved(Plan& plan, MergeCount& count);
     std::int64_t freeNumber(const newsroom::Story& story);
@@ -71,6 +73,7 @@ private:
 
     Database& database_;
     Statement find_;
+    Statement departed_;
     Statement sameTitle_;
     Statement highest_;
     Statement taken_;

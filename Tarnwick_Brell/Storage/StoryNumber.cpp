@@ -15,6 +15,11 @@ std::int64_t firstStoryNumber(newsroom::Instant publishedAt) {
     return desk::microseconds(std::clamp(publishedAt, earliest, latest)) * kStoriesPerMicrosecond;
 }
 
+bool isUndated(newsroom::Instant publishedAt, newsroom::Instant seen) {
+    // Converted at most so long before it was written.
+    return abs(seen - publishedAt) < std::chrono::minutes(2);
+}
+
 std::int64_t titleKey(std::string_view title) {
     constexpr std::uint64_t offsetBasis = 14695981039346656037u;
     constexpr std::uint64_t prime = 1099511628211u;

@@ -16,6 +16,10 @@ inline constexpr std::int64_t kStoriesPerMicrosecond = 1024;
 /// (before 1750, after 2200) count as the nearest that it can.
 std::int64_t firstStoryNumber(newsroom::Instant publishedAt);
 
+/// Whether a story has no date of its own, as far as can be told: it counts as published at
+/// the moment in which it was fetched.
+bool isUndated(newsroom::Instant publishedAt, newsroom::Instant seen);
+
 /// Equal for titles that differ in letter case, accents, width or white space only.
 std::int64_t titleKey(std::string_view title);
 

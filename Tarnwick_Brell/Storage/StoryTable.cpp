@@ -115,7 +115,8 @@ std::optional<StoredStory> StoryTable::findByNumber(std::int64_t number) {
 
 std::vector<EarlierWording> StoryTable::earlierWordings(std::int64_t number) {
     Statement rows(database_,
-                   "SELECT title, replacedAt FROM wordings WHERE number = ? ORDER BY replacedAt");
+                   "SELECT w.title, w.replacedAt FROM wordings w JOIN stories s USING (number) "
+                   "WHERE w.number = ? AND w.title <> s.title ORDER BY w.replacedAt");
     rows.bind(0, number);
     std::vector<EarlierWording> wordings;
     while (rows.step()) wordings.push_back({rows.text(0), instantOf(rows.number(1))});
@@ -128,7 +129,23 @@ std::size_t StoryTable::count() {
     return static_cast<std::size_t>(row.number(0));
 }
 
-std::vector<std::int64_t> StoryTable::dropPublishedBefore(newsroom::Instant cutoff) {
+std::vector<std::int64_t> StoryTable::dropPublishedBefore(newsroom::Instant cutoff,
+                                                          newsroom::Instant now) {
+    constexpr std::chrono::days season(90);
+    Statement forget(database_, "DELETE FROM departed WHERE lastSeen < ?");
+    forget.bind(0, microseconds(now - season));
+    forget.run();
+    Statement old(database_,
+                  fmt::format("SELECT id, publishedAt, firstSeen FROM stories WHERE number < ? "
+                              "AND {}",
+                              kUnsaved));
+    Statement remember(database_, "INSERT OR REPLACE INTO departed (id, lastSeen) VALUES (?, ?)");
+    old.bind(0, firstStoryNumber(cutoff));
+    while (old.step()) {
+        if (!isUndated(instantOf(old.number(1)), instantOf(old.number(2)))) continue;
+        remember.bind(0, old.view(0)).bind(1, microseconds(now));
+        remember.run();
+    }
     Statement drop(database_, fmt::format("DELETE FROM stories WHERE number < ? AND {} "
                                           "RETURNING number",
                                           kUnsaved));

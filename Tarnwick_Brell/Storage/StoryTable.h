@@ -43,14 +43,15 @@ public:
     std::vector<StoredStory> findByID(std::string_view prefix, std::size_t limit);
     std::optional<StoredStory> findByNumber(std::int64_t number);
 
-    /// What the story's headline was before, oldest first.
+    /// What the story's headline was before, by the first time that each gave way.
     std::vector<EarlierWording> earlierWordings(std::int64_t number);
 
     std::size_t count();
 
     /// Drops what was published before the moment, except what is saved. Returns the numbers
-    /// of what went.
-    std::vector<std::int64_t> dropPublishedBefore(newsroom::Instant cutoff);
+    /// of what went. Undated stories are remembered for as long as their feed brings them, and
+    /// a season more.
+    std::vector<std::int64_t> dropPublishedBefore(newsroom::Instant cutoff, newsroom::Instant now);
 
     /// Drops the oldest that are not saved until at most `ceiling` stories are left.
     std::vector<std::int64_t> dropBeyond(std::size_t ceiling);

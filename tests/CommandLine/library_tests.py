@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
 """The library's safety from end to end: kills, damage, backups, and what brell says to them."""
+import contextlib
+import json
 import sqlite3
 import subprocess
+import time
 import unittest
 
 from bench import BIN, Desk, PressRoom
@@ -40,6 +43,33 @@ class SafetyOfTheLibrary(unittest.TestCase):
         with open(file, "r+b") as stream:
             stream.seek(4096)
             stream.write(b"\xa5" * (file.stat().st_size - 4096))
+
+    def test_a_library_that_is_gone_is_not_begun_anew_while_it_has_backups(self):
+        wire = self.wire()
+        self.desk.run("library", "backup")
+        for gone in (lambda: self.library.write_bytes(b""), self.library.unlink):
+            for log in self.desk.folder.glob("library.sqlite-*"):
+                log.unlink()
+            gone()
+            for words in (["wire"], ["refresh"], ["library"]):
+                self.assertIn("brings back the last one", self.desk.run(*words, status=1).stderr)
+            self.desk.run("library", "restore")
+            self.assertEqual(self.wire(), wire)
+        self.desk.run("library", "restore", "--empty")
+        self.assertEqual(self.wire(), [])
+
+    def test_a_restore_waits_for_those_who_write(self):
+        room = PressRoom("--misbehave", "six-colors=slow:3000")
+        self.addCleanup(room.close)
+        backup = self.desk.json("library", "backup")["backup"]
+        refresh = subprocess.Popen([BIN / "brell", "--data-dir", self.desk.folder, *room.network, "refresh", "--json",
+                                    "--source", "six-colors"], stdout=subprocess.PIPE)
+        time.sleep(1)
+        done = self.desk.json("library", "restore", backup)
+        added = json.loads(refresh.communicate(timeout=30)[0])["added"]
+        with contextlib.closing(sqlite3.connect(done["setAside"])) as old:
+            count = old.execute("SELECT count(*) FROM stories WHERE sourceID = 'six-colors'").fetchone()[0]
+        self.assertEqual(count, added, "what was reported lies in the library of its time")
 
     def test_a_damaged_library_is_told_and_restored_and_never_deleted(self):
         wire = self.wire()

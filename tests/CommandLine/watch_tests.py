@@ -21,7 +21,9 @@ class Watching(unittest.TestCase):
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, **options)
         self.addCleanup(process.kill)
         deadline = time.monotonic() + 20
-        while not any(s["status"].get("lastSuccess") for s in self.desk.json("sources")):
+        lock = self.desk.folder / "library.lock"
+        while not (lock.exists() and lock.read_text().startswith(f"{process.pid} ")
+                   and any(s["status"].get("lastSuccess") for s in self.desk.json("sources"))):
             self.assertLess(time.monotonic(), deadline, "the first pass has not come")
             time.sleep(0.1)
         return process
@@ -53,6 +55,28 @@ class Watching(unittest.TestCase):
         again = self.watch()
         self.stop(again)
         self.assertEqual(again.returncode, 0, "the lock is free again")
+
+    def test_a_desk_that_is_stopped_in_the_middle_of_a_pass_ends_at_once_and_keeps_what_came(self):
+        room = PressRoom("--misbehave", "macrumors=huge", "--misbehave", "appleinsider=huge", "--misbehave", "the-verge=silent")
+        self.addCleanup(room.close)
+        for attempt in range(6):
+            desk = Desk(room.network)
+            self.addCleanup(desk.close)
+            process = subprocess.Popen([BIN / "brell", "--data-dir", desk.folder, *room.network, "watch"],
+                                       stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
+            time.sleep(0.25 + 0.1 * attempt)
+            _, err = self.stop(process)
+            self.assertEqual((process.returncode, err), (0, ""))
+            self.assertEqual(desk.run("library", "check", status=None).returncode,
+                             0 if (desk.folder / "library.sqlite").exists() else 1)
+
+    def test_a_damaged_library_ends_it(self):
+        self.desk.run("refresh", "--source", "macrumors")
+        with open(self.desk.folder / "library.sqlite", "r+b") as library:
+            library.seek(4096)
+            library.write(b"\xff" * 200_000)
+        result = self.desk.run("watch", status=1)
+        self.assertIn("brell library restore", result.stderr)
 
     def test_a_reader_that_leaves_ends_it(self):
         process = self.watch()

@@ -41,13 +41,14 @@ void DeskBench::serve(const std::string& host, std::vector<pressroom::Response> 
 }
 
 pressroom::Response DeskBench::feed(const std::string& host, int first, int last) {
-    const auto noon = std::chrono::sys_days(std::chrono::year(2026) / 11 / 20) +
-                      std::chrono::hours(12);
+    const auto noon =
+        std::chrono::sys_days(std::chrono::year(2026) / 11 / 20) + std::chrono::hours(12);
     std::string text = "<rss><channel><title>" + host + "</title>";
     for (int i = first; i <= last; ++i) {
-        text += fmt::format("<item><title>{0} {1}</title><link>https://{0}/{1}</link>"
-                            "<pubDate>{2:%a, %d %b %Y %H:%M:%S} GMT</pubDate></item>",
-                            host, i, noon - std::chrono::hours(100 - i));
+        text += fmt::format(
+            "<item><title>{0} {1}</title><link>https://{0}/{1}</link>"
+            "<pubDate>{2:%a, %d %b %Y %H:%M:%S} GMT</pubDate></item>",
+            host, i, noon - std::chrono::hours(100 - i));
     }
     return {.headers = {{"ETag", fmt::format("\"{}-{}\"", first, last)}},
             .body = text + "</channel></rss>"};

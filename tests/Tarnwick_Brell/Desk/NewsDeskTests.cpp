@@ -36,7 +36,8 @@ protected:
     static bool until(const std::function<bool()>& holds) {
         const auto end = std::chrono::steady_clock::now() + 10s;
         while (!holds() && std::chrono::steady_clock::now() < end) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents,
+                                            20);
             QTimer::singleShot(5, [] {});
         }
         return holds();
@@ -69,8 +70,9 @@ protected:
 };
 
 TEST_F(NewsDeskTest, AFirstFetchIsSilentAndLaterNewsIsAnnounced) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 3), DeskBench::feed("a.example", 1, 5),
-                               DeskBench::feed("a.example", 6, 30)});
+    bench_.serve("a.example",
+                 {DeskBench::feed("a.example", 1, 3), DeskBench::feed("a.example", 1, 5),
+                  DeskBench::feed("a.example", 6, 30)});
     bench_.serve("b.example", {DeskBench::feed("b.example", 1, 2)});
     open();
     EXPECT_EQ(desk_->sources().size(), 47u);
@@ -143,8 +145,12 @@ TEST_F(NewsDeskTest, WhatAnotherProgramChangesIsFollowed) {
     {
         LocalStore other(bench_.library(), Database::Access::readWrite);
         auto transaction = other.transaction();
-        newsroom::Story story{.id = "ff", .link = "https://c.example/", .title = "From outside",
-                              .publishedAt = bench_.now(), .sourceID = "c", .sourceName = "C"};
+        newsroom::Story story{.id = "ff",
+                              .link = "https://c.example/",
+                              .title = "From outside",
+                              .publishedAt = bench_.now(),
+                              .sourceID = "c",
+                              .sourceName = "C"};
         other.merging().merge(std::vector{story}, {.seen = bench_.now()},
                               other.state().nextStamp());
         other.sources().setEnabled("b.example", false);

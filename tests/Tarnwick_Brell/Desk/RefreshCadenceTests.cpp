@@ -27,8 +27,8 @@ public:
             }
             pass(std::min<std::chrono::milliseconds>(
                 30s, std::max<std::chrono::milliseconds>(
-                         1ms, std::chrono::ceil<std::chrono::milliseconds>(
-                                  cadence.nextPass(now()) - steady))));
+                         1ms, std::chrono::ceil<std::chrono::milliseconds>(cadence.nextPass(now()) -
+                                                                           steady))));
         }
         return passes;
     }
@@ -75,9 +75,11 @@ TEST(RefreshCadence, AfterSleepOnePassCatchesUp) {
     day.run(7min);
     day.wall += 8h;
     EXPECT_EQ(day.run(31s + 6s), 1);
-    EXPECT_EQ(day.run(3min), 0);
-    day.wall += 3min;
+    EXPECT_EQ(day.run(1min), 0);
+    day.wall += 2min;
     EXPECT_EQ(day.run(31s), 0) << "a nap is no reason";
+    day.wall += 3min;
+    EXPECT_EQ(day.run(37s), 1) << "two naps are, when a pass would have come meanwhile";
 }
 
 TEST(RefreshCadence, WithoutANetworkItTriesSoonAndThenLessOften) {

@@ -20,8 +20,7 @@ using test::DeskBench;
 
 class RefreshPassTest : public ::testing::Test {
 protected:
-    PassReport refresh(const std::vector<std::string>& hosts,
-                       PassScope scope = PassScope::all) {
+    PassReport refresh(const std::vector<std::string>& hosts, PassScope scope = PassScope::all) {
         std::vector<newsroom::NewsSource> sources;
         for (const auto& host : hosts) {
             sources.push_back(DeskBench::source(host));
@@ -123,8 +122,9 @@ TEST_F(RefreshPassTest, IntervalsHoldThroughClockChangesAndCanBeOverridden) {
 }
 
 TEST_F(RefreshPassTest, OldItemsPublishedAnewAreMarkedUnlessTheDeskWasAwayForLong) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 2), DeskBench::feed("a.example", 1, 60),
-                               DeskBench::feed("a.example", 61, 99), DeskBench::feed("a.example", -99, 0)});
+    bench_.serve("a.example",
+                 {DeskBench::feed("a.example", 1, 2), DeskBench::feed("a.example", 1, 60),
+                  DeskBench::feed("a.example", 61, 99), DeskBench::feed("a.example", -99, 0)});
     EXPECT_FALSE(of(refresh({"a.example"}), "a.example").merged.bulk);
     const auto second = refresh({"a.example"});
     EXPECT_TRUE(of(second, "a.example").merged.bulk);

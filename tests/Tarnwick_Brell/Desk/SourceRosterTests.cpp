@@ -91,7 +91,9 @@ TEST_F(RosterTest, AnImportIsShownFirstAndThenAddsWhatIsStillNew) {
     const newsroom::Outlines outlines{
         .title = "List",
         .feeds = {{.title = "Mine too", .feedURL = "https://MINE.example/feed/"},
-                  {.title = "Wired up", .feedURL = "https://a.example/1", .siteURL = "https://a.example/"},
+                  {.title = "Wired up",
+                   .feedURL = "https://a.example/1",
+                   .siteURL = "https://a.example/"},
                   {.feedURL = "https://b.example/2", .folders = {"Macs"}}},
         .skipped = {{"Runs", newsroom::OutlineRefusal::command}}};
     const auto preview = previewImport(outlines, roster_);
@@ -129,7 +131,8 @@ TEST_F(RosterTest, FiveThousandFeedsOfOneNameAreAddedInNoTime) {
 }
 
 TEST(SourceSchedule, TheNextTryIsTheLatestOfWhatHoldsTheSourceBack) {
-    const NewsSource slow{.id = "s", .feedURL = "https://old.reddit.com/r/x/.rss", .minimumInterval = 600};
+    const NewsSource slow{
+        .id = "s", .feedURL = "https://old.reddit.com/r/x/.rss", .minimumInterval = 600};
     const NewsSource quick{.id = "q", .feedURL = "https://q.example/"};
     const struct {
         const char* name;

@@ -57,7 +57,8 @@ TEST(PackedStory, EveryFieldComesBack) {
 TEST(Wire, ChangesTellExactlyWhatListsMustDo) {
     Wire wire;
     EXPECT_TRUE(wire.replace(batch({stored(10), stored(30), stored(20)})).isReset);
-    const auto change = wire.merge(batch({stored(5), stored(20, "Revised"), stored(40), stored(25)}));
+    const auto change =
+        wire.merge(batch({stored(5), stored(20, "Revised"), stored(40), stored(25)}));
     EXPECT_EQ(text(wire), "40T 30T 25T 20R 10T 5T ");
     EXPECT_EQ(change.inserted, (std::vector<std::size_t>{0, 2, 5}));
     EXPECT_EQ(change.revised, std::vector<std::size_t>{3});

@@ -168,7 +168,7 @@ TEST_F(Reading, TheIndexFollowsRevisedAndDroppedStories) {
     merge({story("a", 10, "Apple ships the Slate")});
     EXPECT_EQ(found("homepad sold"), "");
     EXPECT_EQ(found("slate"), "a");
-    store_.stories().dropPublishedBefore(at(15));
+    store_.stories().dropPublishedBefore(at(15), at(1000));
     EXPECT_EQ(found("apple"), "e");
 }
 
@@ -190,7 +190,7 @@ TEST_F(Reading, MarksAreKeptCountedAndToldToOtherDesks) {
     EXPECT_EQ(changedAfter(later), "ac") << "marks that have gone are a change as well";
     EXPECT_EQ(unread(), "fedca");
     EXPECT_EQ(found({.saved = true}), "b");
-    store_.stories().dropPublishedBefore(at(15));
+    store_.stories().dropPublishedBefore(at(15), at(1000));
     EXPECT_EQ(marks().counts().saved, 1u) << "saved stories outlive their time, marks others'";
     EXPECT_EQ(found(StorySelection{}), "fedb");
 }

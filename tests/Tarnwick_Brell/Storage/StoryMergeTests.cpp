@@ -80,7 +80,7 @@ TEST_F(StoryMergeTest, AChangedHeadlineKeepsItsFirstAndItsLatestWordings) {
 
     fetch({story("2", "A", 1)}, {.seen = at(40)});
     for (const char* title : {"B", "A", "B"}) fetch({story("2", title, 1)}, {.seen = at(41)});
-    EXPECT_EQ(wordings("2"), "A;B;");
+    EXPECT_EQ(wordings("2"), "A;") << "what it says now is no earlier wording";
 }
 
 TEST_F(StoryMergeTest, AStoryUnderAChangedLinkIsKnownByItsHeadline) {
@@ -98,12 +98,19 @@ TEST_F(StoryMergeTest, AStoryUnderAChangedLinkIsKnownByItsHeadline) {
     };
     const Case cases[] = {
         {"an edited slug keeps its date", {story("e1", " ONE  thing", 130)}, 0, 1},
-        {"next day's column has the same headline", {story("e2", "One thing", 100 + 24 * 60)}, 1, 0},
-        {"both are in the feed", {story("old2", "Another thing", 100), story("e3", "Another thing", 110)},
-         1, 0},
+        {"next day's column has the same headline",
+         {story("e2", "One thing", 100 + 24 * 60)},
+         1,
+         0},
+        {"both are in the feed",
+         {story("old2", "Another thing", 100), story("e3", "Another thing", 110)},
+         1,
+         0},
         {"all links rotate, and nothing is dated", titled("new", 5000), 0, 3},
         {"two headlines alone are no rotation",
-         {story("e4", "A third thing", 9000), story("e5", "Another thing", 9000)}, 2, 0},
+         {story("e4", "A third thing", 9000), story("e5", "Another thing", 9000)},
+         2,
+         0},
     };
     for (const auto& [what, feed, added, moved] : cases) {
         const auto count = fetch(feed, {.seen = at(9001)}).count;
@@ -158,7 +165,7 @@ TEST_F(StoryMergeTest, RetentionAndCeilingSpareWhatIsSaved) {
     }
     fetch(stories, {.seen = at(20)});
     store_.marks().save(std::vector<std::string>{"0", "5"}, at(21));
-    EXPECT_EQ(store_.stories().dropPublishedBefore(at(2)).size(), 1u);
+    EXPECT_EQ(store_.stories().dropPublishedBefore(at(2), at(30)).size(), 1u);
     EXPECT_EQ(store_.stories().dropBeyond(6).size(), 3u);
     std::string left;
     store_.stories().eachInWireOrder(std::nullopt, [&](const StoredStory& stored) {
@@ -167,6 +174,17 @@ TEST_F(StoryMergeTest, RetentionAndCeilingSpareWhatIsSaved) {
     });
     EXPECT_EQ(left, "987650");
     EXPECT_TRUE(store_.stories().dropBeyond(6).empty());
+}
+
+TEST_F(StoryMergeTest, AnUndatedStoryThatWasDroppedDoesNotComeBackAsNews) {
+    const int day = 24 * 60;
+    fetch({story("1", "Undated", 10), story("2", "Dated", 5)}, {.seen = at(10)});
+    store_.stories().dropPublishedBefore(at(day), at(day));
+    EXPECT_EQ(fetch({story("1", "Undated", day)}, {.seen = at(day)}).count.added, 0u);
+    EXPECT_EQ(fetch({story("2", "Dated", day - 30)}, {.seen = at(day)}).count.added, 1u)
+        << "its feed says that it is of today";
+    store_.stories().dropPublishedBefore(at(day), at(92 * day));
+    EXPECT_EQ(fetch({story("1", "Undated", 92 * day)}, {.seen = at(92 * day)}).count.added, 1u);
 }
 
 }  // namespace

@@ -95,7 +95,7 @@ TEST_F(LibraryTest, TheWireGoesByPublicationThenFirstSightThenId) {
     merge({story("b", 100), story("a", 100), story("c", 50)}, 200);
     merge({story("d", 100), story("e", 150)}, 300);
     EXPECT_EQ(order(), "e d a b c ");
-    EXPECT_EQ(store_.stories().dropPublishedBefore(at(100)).size(), 1u);
+    EXPECT_EQ(store_.stories().dropPublishedBefore(at(100), at(400)).size(), 1u);
     EXPECT_EQ(order(), "e d a b ");
 }
 
