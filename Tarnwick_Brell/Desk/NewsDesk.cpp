@@ -45,9 +45,21 @@ NewsDesk::~NewsDesk() = default;
 
 /// The one way from the worker's thread to the main thread. What is still on it when the desk
 /// goes is dropped.
-template <class F>
-void NewsDesk::deliver(F function) {
-    QMetaObject::invokeMethod(this, std::move(function), Qt::QueuedConnection);
+void NewsDesk::deliver(std::function<void()> message) {
+    {
+        const std::lock_guard lock(mailLock_);
+        mail_.push_back(std::move(message));
+    }
+    QMetaObject::invokeMethod(this, "takeMail", Qt::QueuedConnection);
+}
+
+void NewsDesk::takeMail() {
+    std::vector<std::function<void()>> mail;
+    {
+        const std::lock_guard lock(mailLock_);
+        mail.swap(mail_);
+    }
+    for (const auto& message : mail) message();
 }
 
 DeskWorker::Failed NewsDesk::failure(std::function<void()> undo) {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <set>
 #include <string>
@@ -171,8 +172,8 @@ private:
     void followOtherPrograms();
     Backroom& backroom();
     void deliverStep(DeskStep step);
-    template <class F>
-    void deliver(F function);
+    void deliver(std::function<void()> message);
+    Q_INVOKABLE void takeMail();
 
     Defaults& defaults_;
     newsroom::FeedClient::Clock clock_;
@@ -198,6 +199,8 @@ private:
     QTimer timer_;
     std::uint64_t lastSearch_ = 0;
     std::atomic<std::uint64_t> newestSearch_ = 0;  ///< the same, for the worker
+    std::mutex mailLock_;
+    std::vector<std::function<void()>> mail_;  ///< from the worker's thread, in its order
     std::unique_ptr<Backroom> backroom_;           ///< the worker's; made and used on its thread
     /// Last, so that it ends first: its jobs refer to the others.
     DeskWorker worker_;
