@@ -116,12 +116,15 @@ public:
 
     /// Writes what has come every second, whatever still keeps the pass waiting.
     asio::awaitable<void> writeRegularly() {
+        // The end of the fetching may come when the timer has just run out: then nothing is
+        // waited for any more, and that is no failure.
+        co_await asio::this_coro::throw_if_cancelled(false);
+        const auto cancellation = co_await asio::this_coro::cancellation_state;
         asio::steady_timer timer(co_await asio::this_coro::executor);
-        for (bool cancelled = false; !cancelled;) {
+        while (cancellation.cancelled() == asio::cancellation_type::none) {
             timer.expires_after(kLongestInMemory);
             const auto [error] = co_await timer.async_wait(asio::as_tuple(asio::use_awaitable));
-            cancelled = bool(error);
-            if (!cancelled) write();
+            if (!error) write();
         }
     }
 

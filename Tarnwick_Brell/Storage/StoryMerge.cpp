@@ -120,7 +120,8 @@ StoryMerge::StoryMerge(Database& database)
 Merged StoryMerge::merge(std::span<const Story> stories, const Fetch& fetch, std::int64_t stamp) {
     Merged merged;
     Plan planned = plan(stories, fetch.seen, merged.count);
-    dropMoved(planned, merged.count);
+    // A source that was never fetched has nothing that could have moved.
+    if (!fetch.isFirst) dropMoved(planned, merged.count);
     const auto fresh =
         static_cast<std::size_t>(std::count_if(planned.steps.begin(), planned.steps.end(),
                                                [](const Plan::Step& step) { return !step.known; }));
