@@ -4,8 +4,6 @@
 #include <random>
 #include <utility>
 
-#include <QMetaObject>
-
 #include "Tarnwick_Brell/Storage/StoreError.h"
 #include "Tarnwick_Brell/Storage/StoryNumber.h"
 
@@ -36,24 +34,7 @@ NewsDesk::NewsDesk(const std::filesystem::path& library, newsroom::CurlTransport
 
 NewsDesk::~NewsDesk() = default;
 
-/// The one way from the worker's thread to the main thread. What is still on it when the desk
-/// goes is dropped.
-void NewsDesk::deliver(std::function<void()> message) {
-    {
-        const std::lock_guard lock(mailLock_);
-        mail_.push_back(std::move(message));
-    }
-    QMetaObject::invokeMethod(this, "takeMail", Qt::QueuedConnection);
-}
-
-void NewsDesk::takeMail() {
-    std::vector<std::function<void()>> mail;
-    {
-        const std::lock_guard lock(mailLock_);
-        mail.swap(mail_);
-    }
-    for (const auto& message : mail) message();
-}
+void NewsDesk::deliver(std::function<void()> message) { mailbox_.send(std::move(message)); }
 
 DeskWorker::Failed NewsDesk::failure(std::function<void()> undo) {
     return [this, undo = std::move(undo)](const std::exception& error) {
@@ -90,7 +71,10 @@ void NewsDesk::start() {
 /// Once the wire is there.
 void NewsDesk::followOtherPrograms() {
     const auto lookAround = [this](Bench&) {
-        if (auto step = backroom().foreignChanges()) deliverStep(std::move(*step));
+        if (auto step = backroom().foreignChanges()) {
+            deliverStep(std::move(*step));
+            deliver([this] { emit libraryChangedElsewhere(); });
+        }
     };
     worker_.repeat(kForeignLook, lookAround, failure());
 }

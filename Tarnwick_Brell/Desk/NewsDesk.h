@@ -6,7 +6,6 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <set>
 #include <string>
@@ -25,6 +24,7 @@
 #include "Tarnwick_Brell/Desk/Announcement.h"
 #include "Tarnwick_Brell/Desk/Backroom.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
+#include "Tarnwick_Brell/Desk/Mailbox.h"
 #include "Tarnwick_Brell/Desk/RefreshCadence.h"
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
 #include "Tarnwick_Brell/Desk/SourceAdding.h"
@@ -61,6 +61,9 @@ public:
 
     /// Loads the wire and begins to refresh on the timer.
     void start();
+
+    /// For the stores beside this one, which share its library and its way to the network.
+    DeskWorker& worker() { return worker_; }
 
     // What is observed.
     const std::vector<newsroom::NewsSource>& sources() const { return roster_.sources; }
@@ -132,6 +135,8 @@ signals:
     /// arrivals as they come. Numbers of stories that are news.
     void storiesArrived(const std::vector<std::int64_t>& numbers);
     void passEnded(const desk::PassReport& report);
+    /// Another program has written the library: whatever is read from it may have changed.
+    void libraryChangedElsewhere();
     void failed(const QString& sentence);
     /// Instead of `failed`: nothing more can be kept until the library has been restored.
     void libraryDamaged(const QString& sentence);
@@ -173,7 +178,6 @@ private:
     Backroom& backroom();
     void deliverStep(DeskStep step);
     void deliver(std::function<void()> message);
-    Q_INVOKABLE void takeMail();
 
     Defaults& defaults_;
     newsroom::FeedClient::Clock clock_;
@@ -199,8 +203,7 @@ private:
     QTimer timer_;
     std::uint64_t lastSearch_ = 0;
     std::atomic<std::uint64_t> newestSearch_ = 0;  ///< the same, for the worker
-    std::mutex mailLock_;
-    std::vector<std::function<void()>> mail_;  ///< from the worker's thread, in its order
+    Mailbox mailbox_;
     std::unique_ptr<Backroom> backroom_;           ///< the worker's; made and used on its thread
     /// Last, so that it ends first: its jobs refer to the others.
     DeskWorker worker_;

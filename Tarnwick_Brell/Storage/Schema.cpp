@@ -13,7 +13,7 @@ namespace {
 
 // Each step leads from the version of its index to the next one. Steps are never changed
 // once released. Instants are microseconds since 1970; enumerations are their raw values.
-constexpr std::array<const char*, 2> kSteps{
+constexpr std::array<const char*, 3> kSteps{
     R"sql(
     CREATE TABLE stories (
         number INTEGER PRIMARY KEY,
@@ -131,6 +131,45 @@ constexpr std::array<const char*, 2> kSteps{
     ALTER TABLE sourceStatus ADD COLUMN collided INTEGER NOT NULL DEFAULT 0;
     ALTER TABLE sourceStatus ADD COLUMN movedTo TEXT;
     CREATE TABLE hostPauses (host TEXT PRIMARY KEY, until INTEGER NOT NULL) WITHOUT ROWID;
+    )sql",
+
+    // Newsrooms and beats are kept as they are written to files: a record that this version
+    // can't read stays as it is. Removed ones stay too, for the undo and so that no other
+    // program's copy brings them back.
+    R"sql(
+    CREATE TABLE newsrooms (id TEXT PRIMARY KEY, position INTEGER NOT NULL,
+                            record TEXT NOT NULL, removedAt INTEGER);
+    CREATE TABLE beats (id TEXT PRIMARY KEY, position INTEGER NOT NULL,
+                        record TEXT NOT NULL, removedAt INTEGER);
+
+    -- The last good answer of each tracker, as it came, and how its fetching goes.
+    CREATE TABLE trackerCopies (name TEXT PRIMARY KEY, body TEXT NOT NULL,
+                                fetchedAt INTEGER NOT NULL);
+    CREATE TABLE trackerHealth (name TEXT PRIMARY KEY, failures INTEGER NOT NULL, lastError TEXT,
+                                lastAttempt INTEGER, lastSuccess INTEGER) WITHOUT ROWID;
+
+    -- Every trouble that the desk has seen, for good: Apple keeps no such list. "started" and
+    -- "ended" are Apple's words, the other times are when the desk saw it.
+    CREATE TABLE serviceIncidents (
+        number INTEGER PRIMARY KEY,
+        audience TEXT NOT NULL,
+        service TEXT NOT NULL,
+        report TEXT NOT NULL,
+        kind TEXT NOT NULL,
+        message TEXT NOT NULL,
+        started INTEGER,
+        ended INTEGER,
+        firstSeen INTEGER NOT NULL,
+        lastSeen INTEGER NOT NULL,
+        endedSeen INTEGER
+    );
+    CREATE INDEX serviceIncidentsUnderWay ON serviceIncidents (audience)
+        WHERE endedSeen IS NULL;
+
+    CREATE TABLE builds (number INTEGER PRIMARY KEY, platform TEXT NOT NULL,
+                         channel TEXT NOT NULL, build TEXT NOT NULL, record TEXT NOT NULL,
+                         firstSeen INTEGER NOT NULL, replacedAt INTEGER);
+    CREATE INDEX buildsByChannel ON builds (platform, channel, firstSeen);
     )sql",
 };
 
