@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "NewsroomKit/Records/Codec.h"
+#include "NewsroomKit/Records/RecordHash.h"
 
 namespace newsroom {
 
@@ -44,3 +45,6 @@ struct RecordShape<GridFrame> {
 };
 
 }  // namespace newsroom
+
+template <>
+struct std::hash<newsroom::GridFrame> : newsroom::RecordHash<newsroom::GridFrame> {};

@@ -34,6 +34,11 @@ void requireText(const std::string& path, std::string_view text, std::size_t mos
     }
 }
 
+void requireName(const std::string& name) {
+    if (trimWhitespaceAndNewlines(name).empty()) throw RecordError("name", "it is empty");
+    requireText("name", name, kLineCharacters);
+}
+
 void requireTexts(const std::string& path, const std::vector<std::string>& texts,
                   std::size_t most = kLineCharacters) {
     if (texts.size() > kListEntries)
@@ -62,10 +67,14 @@ void requirePanel(const std::string& path, const PanelSpec& panel) {
 
 }  // namespace
 
+void NewsroomLimits::require(const Beat& beat) {
+    requireName(beat.name);
+    requireText("symbol", beat.symbol, kLineCharacters);
+    requireQuery("query", beat.query);
+}
+
 void NewsroomLimits::require(const NewsroomSpec& spec) {
-    if (trimWhitespaceAndNewlines(spec.name).empty())
-        throw RecordError("name", "the newsroom has no name");
-    requireText("name", spec.name, kLineCharacters);
+    requireName(spec.name);
     requireText("symbol", spec.symbol, kLineCharacters);
     if (spec.prompt) requireText("prompt", *spec.prompt, kPromptCharacters, Lines::many);
     requireQuery("focus", spec.focus);

@@ -2,11 +2,12 @@
 
 #include <cstddef>
 
+#include "NewsroomKit/Newsrooms/Beat.h"
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 
 namespace newsroom {
 
-/// What a newsroom from elsewhere may hold at most. Reading a stored one knows no limits;
+/// What a newsroom made or taken in may hold at most. Reading a stored one knows no limits;
 /// these keep a file from filling the library or the screen.
 namespace NewsroomLimits {
 
@@ -21,6 +22,9 @@ inline constexpr std::size_t kPromptCharacters = 4000;
 /// with control characters or with marks that turn the direction of the text around it, of
 /// an empty name, or of an id that two panels share.
 void require(const NewsroomSpec& spec);
+
+/// The same for a beat.
+void require(const Beat& beat);
 
 }  // namespace NewsroomLimits
 

@@ -65,3 +65,6 @@ struct RecordShape<NewsroomSpec> {
 };
 
 }  // namespace newsroom
+
+template <>
+struct std::hash<newsroom::NewsroomSpec> : newsroom::RecordHash<newsroom::NewsroomSpec> {};

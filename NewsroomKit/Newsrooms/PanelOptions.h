@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "NewsroomKit/Records/Codec.h"
+#include "NewsroomKit/Records/RecordHash.h"
 
 namespace newsroom {
 
@@ -41,3 +42,6 @@ struct Codec<PanelOptions> {
 };
 
 }  // namespace newsroom
+
+template <>
+struct std::hash<newsroom::PanelOptions> : newsroom::RecordHash<newsroom::PanelOptions> {};

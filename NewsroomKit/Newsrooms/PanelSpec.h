@@ -35,3 +35,6 @@ struct RecordShape<PanelSpec> {
 };
 
 }  // namespace newsroom
+
+template <>
+struct std::hash<newsroom::PanelSpec> : newsroom::RecordHash<newsroom::PanelSpec> {};

@@ -2,7 +2,9 @@
 
 #include <array>
 #include <compare>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +31,8 @@ public:
     auto operator<=>(const UUID&) const = default;
 
 private:
+    friend struct std::hash<UUID>;
+
     std::array<std::uint8_t, 16> bytes_{};
 };
 
@@ -39,3 +43,11 @@ struct Codec<UUID> {
 };
 
 }  // namespace newsroom
+
+template <>
+struct std::hash<newsroom::UUID> {
+    std::size_t operator()(const newsroom::UUID& id) const noexcept {
+        const auto* bytes = reinterpret_cast<const char*>(id.bytes_.data());
+        return std::hash<std::string_view>{}({bytes, id.bytes_.size()});
+    }
+};

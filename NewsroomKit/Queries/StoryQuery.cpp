@@ -1,6 +1,6 @@
 #include "NewsroomKit/Queries/StoryQuery.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace newsroom {
 
@@ -16,16 +16,6 @@ std::vector<PhraseMatcher> matchersFor(const std::vector<std::string>& terms) {
     return matchers;
 }
 
-/// The line break keeps a term from matching across the seam of title and summary.
-std::string searchedText(const Story& story) {
-    return PhraseMatcher::normalize(story.title + " \n " + story.summary);
-}
-
-bool mentions(const std::vector<PhraseMatcher>& matchers, const std::string& text) {
-    return std::any_of(matchers.begin(), matchers.end(),
-                       [&](const PhraseMatcher& matcher) { return matcher.matches(text); });
-}
-
 }  // namespace
 
 bool StoryQuery::isEmpty() const {
@@ -39,28 +29,32 @@ CompiledStoryQuery::CompiledStoryQuery(const StoryQuery& query)
       excluded_(matchersFor(query.excludedTerms)),
       sources_(query.sourceIDs.begin(), query.sourceIDs.end()),
       sourcings_(query.sourcings.begin(), query.sourcings.end()),
-      includesSetAside_(query.includesSetAside) {}
+      includesSetAside_(query.includesSetAside),
+      terms_(any_, excluded_) {}
 
-bool CompiledStoryQuery::matches(const Story& story) const {
-    // 1. to 3. The cheap tests come before any text is folded.
+StoryFacts StoryFacts::of(const Story& story) {
+    return {.kind = story.kind,
+            .sourcing = story.sourcing,
+            .sourceID = story.sourceID,
+            .title = story.title,
+            .summary = story.summary};
+}
+
+bool CompiledStoryQuery::matches(const StoryFacts& story) const {
+    // 1. to 3. The cheap tests come before any text is looked at.
     if (!includesSetAside_ && isSetAside(story.kind)) return false;
     if (!sources_.empty() && !sources_.contains(story.sourceID)) return false;
     if (!sourcings_.empty() && !sourcings_.contains(story.sourcing)) return false;
 
     // 4. to 8. An excluded term outranks every other.
     if (any_.empty() && excluded_.empty()) return true;
-    const auto text = searchedText(story);
-    if (mentions(excluded_, text)) return false;
-    return any_.empty() || mentions(any_, text);
+    return terms_.admits(story.title, story.summary);
 }
 
-std::optional<std::string> CompiledStoryQuery::matchedTerm(const Story& story) const {
+std::optional<std::string> CompiledStoryQuery::matchedTerm(const StoryFacts& story) const {
     if (any_.empty()) return std::nullopt;
-    const auto text = searchedText(story);
-    for (const auto& matcher : any_) {
-        if (matcher.matches(text)) return matcher.phrase;
-    }
-    return std::nullopt;
+    const auto first = terms_.firstAny(story.title, story.summary);
+    return first ? std::optional(any_[*first].phrase) : std::nullopt;
 }
 
 }  // namespace newsroom

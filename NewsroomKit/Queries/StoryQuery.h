@@ -3,10 +3,13 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
 #include "NewsroomKit/Records/Codec.h"
+#include "NewsroomKit/Queries/TermFinder.h"
+#include "NewsroomKit/Records/RecordHash.h"
 #include "NewsroomKit/Stories/Story.h"
 
 namespace newsroom {
@@ -30,16 +33,31 @@ struct StoryQuery {
     bool operator==(const StoryQuery&) const = default;
 };
 
-/// A query made ready to be tested against many stories.
+/// What a query looks at in a story, wherever the story is kept.
+struct StoryFacts {
+    StoryKind kind = StoryKind::coverage;
+    Sourcing sourcing = Sourcing::unlabeled;
+    std::string_view sourceID{};
+    std::string_view title{};
+    std::string_view summary{};
+
+    static StoryFacts of(const Story& story);
+};
+
+/// A query made ready to be tested against many stories, by several threads if need be.
 class CompiledStoryQuery {
 public:
     explicit CompiledStoryQuery(const StoryQuery& query);
 
-    bool matches(const Story& story) const;
+    bool matches(const StoryFacts& story) const;
+    bool matches(const Story& story) const { return matches(StoryFacts::of(story)); }
 
     /// The first of the any-terms that the story mentions, as it is compared; looks at
     /// nothing else of the query.
-    std::optional<std::string> matchedTerm(const Story& story) const;
+    std::optional<std::string> matchedTerm(const StoryFacts& story) const;
+    std::optional<std::string> matchedTerm(const Story& story) const {
+        return matchedTerm(StoryFacts::of(story));
+    }
 
 private:
     std::vector<PhraseMatcher> any_;
@@ -47,6 +65,7 @@ private:
     std::set<std::string, std::less<>> sources_;
     std::set<Sourcing> sourcings_;
     bool includesSetAside_;
+    TermFinder terms_;  ///< of any_ and excluded_
 };
 
 template <>
@@ -61,3 +80,6 @@ struct RecordShape<StoryQuery> {
 };
 
 }  // namespace newsroom
+
+template <>
+struct std::hash<newsroom::StoryQuery> : newsroom::RecordHash<newsroom::StoryQuery> {};

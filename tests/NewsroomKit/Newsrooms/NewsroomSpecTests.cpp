@@ -142,6 +142,28 @@ TEST(NewsroomSpec, WhatIsWrittenReadsBackEqualAndLeavesOutWhatIsAbsent) {
     EXPECT_EQ(ids.size(), 14U);
 }
 
+TEST(NewsroomSpec, EveryFieldCountsForTheHash) {
+    const auto original = fullSpec();
+    std::set<std::size_t> hashes{std::hash<NewsroomSpec>{}(original)};
+    auto stored = encode(original);
+    visitBelow("", stored, [&](const std::string& path, json::value& place) {
+        const auto kept = place;
+        for (const json::value& other :
+             {json::value("https://apple.com/mac"), json::value(5), json::value(kept != true),
+              json::value("rumor"), json::value("stock"), json::value("builtIn"),
+              json::value(UUID::random().text()), json::value(json::array())}) {
+            place = other;
+            if (faultPath(stored) != "read") continue;
+            const auto changed = decode<NewsroomSpec>(stored);
+            if (changed == original) continue;
+            EXPECT_TRUE(hashes.insert(std::hash<NewsroomSpec>{}(changed)).second) << path;
+            break;
+        }
+        place = kept;
+    });
+    EXPECT_EQ(hashes.size(), 1 + 40U);
+}
+
 TEST(NewsroomSpec, RowsUsedReachToTheLowestEdge) {
     struct Case {
         std::vector<GridFrame> frames;

@@ -1,0 +1,18 @@
+#include "NewsroomKit/Panels/PanelStory.h"
+
+namespace newsroom {
+
+StoryMention StoryMention::of(const PanelStory& story) {
+    return {.storyID = story.story->id,
+            .title = story.story->title,
+            .outlet = outletOf(*story.story),
+            .publishedAt = story.story->publishedAt,
+            .sourcing = story.story->sourcing,
+            .isRead = story.isRead};
+}
+
+std::string outletOf(const Story& story) {
+    return story.shownDestinationName().value_or(story.sourceName);
+}
+
+}  // namespace newsroom

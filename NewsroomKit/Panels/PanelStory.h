@@ -1,0 +1,44 @@
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "NewsroomKit/Clusters/StoryCluster.h"
+#include "NewsroomKit/Records/Instant.h"
+#include "NewsroomKit/Stories/Story.h"
+
+namespace newsroom {
+
+/// A story of the wire as panels see it.
+struct PanelStory {
+    const Story* story = nullptr;
+    Instant firstSeen{};
+    bool isRead = false;
+};
+
+/// What a story panel is made from. Only these stories count: of a cluster, the members among
+/// them. All must live as long as the content is being made; the content itself keeps none.
+struct PanelNews {
+    std::span<const PanelStory> stories{};     ///< those that match the panel's query
+    std::span<const StoryCluster> clusters{};  ///< of all stories
+    Instant now{};
+};
+
+/// A story named in a panel: enough to show it and to open it.
+struct StoryMention {
+    std::string storyID{};
+    std::string title{};
+    std::string outlet{};
+    Instant publishedAt{};
+    Sourcing sourcing = Sourcing::unlabeled;
+    bool isRead = false;
+
+    static StoryMention of(const PanelStory& story);
+
+    bool operator==(const StoryMention&) const = default;
+};
+
+/// The outlet that tells the news: the one that the link leads to, else the source itself.
+std::string outletOf(const Story& story);
+
+}  // namespace newsroom

@@ -1,0 +1,64 @@
+#include "NewsroomKit/Panels/StoryGroup.h"
+
+#include <algorithm>
+#include <set>
+#include <tuple>
+#include <unordered_map>
+
+#include "NewsroomKit/Text/Folding.h"
+
+namespace newsroom {
+
+namespace {
+
+bool isEarlier(const PanelStory* a, const PanelStory* b) {
+    return std::tie(a->story->publishedAt, a->story->id) <
+           std::tie(b->story->publishedAt, b->story->id);
+}
+
+void order(StoryGroup& group) {
+    std::sort(group.stories.begin(), group.stories.end(), isEarlier);
+    std::set<std::string> seen;
+    for (const auto* story : group.stories) {
+        if (seen.insert(outletKey(*story->story)).second) group.outlets.push_back(story);
+    }
+}
+
+}  // namespace
+
+Sourcing StoryGroup::sourcing() const {
+    Sourcing firmest = Sourcing::unlabeled;
+    for (const auto* story : stories) firmest = std::min(firmest, story->story->sourcing);
+    return firmest;
+}
+
+std::vector<StoryGroup> groupStories(const PanelNews& news, Instant earliest) {
+    std::unordered_map<std::string_view, std::size_t> clusterOf;
+    for (std::size_t i = 0; i < news.clusters.size(); ++i) {
+        for (const auto& id : news.clusters[i].storyIDs) clusterOf.emplace(id, i);
+    }
+    std::vector<StoryGroup> groups(news.clusters.size());
+    for (const auto& story : news.stories) {
+        const auto cluster = clusterOf.find(story.story->id);
+        auto& group = cluster == clusterOf.end() ? groups.emplace_back() : groups[cluster->second];
+        group.stories.push_back(&story);
+    }
+    std::erase_if(groups, [](const StoryGroup& group) { return group.stories.empty(); });
+    for (auto& group : groups) order(group);
+    std::erase_if(groups, [&](const StoryGroup& group) { return group.newest() < earliest; });
+    std::sort(groups.begin(), groups.end(), [](const StoryGroup& a, const StoryGroup& b) {
+        if (a.newest() != b.newest()) return a.newest() > b.newest();
+        return a.first().story->id < b.first().story->id;
+    });
+    return groups;
+}
+
+std::string outletKey(const Story& story) { return fold(outletOf(story)); }
+
+std::vector<StoryMention> outletMentions(const StoryGroup& group) {
+    std::vector<StoryMention> mentions;
+    for (const auto* story : group.outlets) mentions.push_back(StoryMention::of(*story));
+    return mentions;
+}
+
+}  // namespace newsroom

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "NewsroomKit/Panels/PanelStory.h"
+
+namespace newsroom {
+
+/// The stories of a panel that tell the same news: a cluster's, or one alone.
+struct StoryGroup {
+    /// By time of publication, the earliest first; equal times by id. Never empty.
+    std::vector<const PanelStory*> stories{};
+    /// The first story of each outlet, in the same order. Names that differ in letter case,
+    /// accents or width only are one outlet.
+    std::vector<const PanelStory*> outlets{};
+
+    const PanelStory& first() const { return *stories.front(); }
+    Instant newest() const { return stories.back()->story->publishedAt; }
+    /// The firmest label of its stories.
+    Sourcing sourcing() const;
+};
+
+/// Every story is in exactly one group. Groups whose newest story is older than `earliest` are
+/// left out; of the others the one with the newest story comes first, equal times by id of the
+/// first story.
+std::vector<StoryGroup> groupStories(const PanelNews& news, Instant earliest);
+
+/// The key under which an outlet's name is the same however it is written.
+std::string outletKey(const Story& story);
+
+/// The mentions of the outlets' first stories.
+std::vector<StoryMention> outletMentions(const StoryGroup& group);
+
+}  // namespace newsroom

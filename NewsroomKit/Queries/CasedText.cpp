@@ -1,0 +1,86 @@
+#include "NewsroomKit/Queries/CasedText.h"
+
+#include <array>
+#include <cstdint>
+
+#include "NewsroomKit/Editorial/PhraseMatcher.h"
+#include "NewsroomKit/Text/Utf8.h"
+
+namespace newsroom {
+
+namespace {
+
+/// The normalised forms of nearly all that is not ASCII in Western news: accented letters and
+/// the typographer's punctuation, each ready to be copied.
+class CommonForms {
+public:
+    CommonForms() {
+        for (char32_t i = 0; i < kLetters; ++i) forms_[i] = formOf(0x80 + i);
+        for (char32_t i = 0; i < kMarks; ++i) forms_[kLetters + i] = formOf(0x2000 + i);
+    }
+
+    /// Appends the form of the character at the beginning of `text` and returns its bytes
+    /// there; 0 when it is none of these.
+    std::size_t append(std::string_view text, std::string& out) const {
+        const auto byte = [&](std::size_t at) { return static_cast<std::uint8_t>(text[at]); };
+        if (text.size() >= 2 && (byte(0) == 0xC2 || byte(0) == 0xC3) && byte(1) >> 6 == 2) {
+            return append(byte(0) % 2U * 64 + byte(1) % 64U, 2, out);
+        }
+        if (text.size() >= 3 && byte(0) == 0xE2 && byte(1) == 0x80 && byte(2) >> 6 == 2) {
+            return append(kLetters + byte(2) % 64U, 3, out);
+        }
+        return 0;
+    }
+
+private:
+    static constexpr std::size_t kLetters = 0x80;  ///< U+0080 to U+00FF
+    static constexpr std::size_t kMarks = 0x40;    ///< U+2000 to U+203F
+
+    static std::string formOf(char32_t codePoint) {
+        std::string text;
+        appendUTF8(codePoint, text);
+        return PhraseMatcher::normalize(text);
+    }
+
+    std::size_t append(std::size_t place, std::size_t length, std::string& out) const {
+        out += forms_[place];
+        return length;
+    }
+
+    std::array<std::string, kLetters + kMarks> forms_{};
+};
+
+const CommonForms& commonForms() {
+    static const CommonForms forms;
+    return forms;
+}
+
+}  // namespace
+
+void appendCased(std::string_view text, std::string& out) {
+    const CommonForms& forms = commonForms();
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = endOfASCII(text, at);
+        out.append(text, at, end - at);
+        at = end;
+        while (at < text.size() && !isASCII(text[at])) {
+            std::size_t length = forms.append(text.substr(at), out);
+            if (length == 0) {
+                length = decodeUTF8(text, at).length;
+                PhraseMatcher::appendNormalized(text.substr(at, length), out);
+            }
+            at += length;
+        }
+    }
+}
+
+bool isAllASCII(std::string_view text) {
+    // Without a branch for each byte the compiler takes many at once.
+    std::uint8_t bits = 0;
+    for (const char byte : text) {
+        bits = static_cast<std::uint8_t>(bits | static_cast<std::uint8_t>(byte));
+    }
+    return bits < 0x80;
+}
+
+}  // namespace newsroom

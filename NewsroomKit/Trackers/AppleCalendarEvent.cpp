@@ -1,0 +1,11 @@
+#include "NewsroomKit/Trackers/AppleCalendarEvent.h"
+
+#include "NewsroomKit/Text/Unicode.h"
+
+namespace newsroom {
+
+bool AppleCalendarEvent::isAnniversary() const {
+    return lowercasedASCII(title).find("anniversary") != std::string::npos;
+}
+
+}  // namespace newsroom

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "NewsroomKit/Records/Codec.h"
+
+namespace newsroom {
+
+/// One entry of Apple's calendar of events and releases.
+struct AppleCalendarEvent {
+    std::string id{};
+    std::string title{};
+    Instant starts{};
+    std::string window{};  ///< the time of it, as the service words it
+    std::string status{};
+    std::string source{};
+    std::string publisher{};
+
+    bool isAnniversary() const;
+    bool isReleased() const { return status == "released"; }
+
+    bool operator==(const AppleCalendarEvent&) const = default;
+};
+
+template <>
+struct RecordShape<AppleCalendarEvent> {
+    static constexpr auto fields = std::tuple{
+        field("id", &AppleCalendarEvent::id),
+        field("title", &AppleCalendarEvent::title),
+        field("starts", &AppleCalendarEvent::starts),
+        field("window", &AppleCalendarEvent::window),
+        field("status", &AppleCalendarEvent::status),
+        field("source", &AppleCalendarEvent::source),
+        field("publisher", &AppleCalendarEvent::publisher),
+    };
+};
+
+}  // namespace newsroom

@@ -1,0 +1,129 @@
+#include "NewsroomKit/Trackers/TrackerAPI.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+
+#include <boost/url/encode.hpp>
+#include <boost/url/rfc/unreserved_chars.hpp>
+
+#include "NewsroomKit/Trackers/BodyFetch.h"
+
+namespace newsroom {
+
+namespace urls = boost::urls;
+
+struct ReleaseChannels {
+    std::optional<SoftwareRelease> general{};
+    std::optional<SoftwareRelease> beta{};
+};
+
+template <>
+struct RecordShape<ReleaseChannels> {
+    static constexpr auto fields = std::tuple{
+        field(rawValue(ReleaseChannel::general), &ReleaseChannels::general),
+        field(rawValue(ReleaseChannel::beta), &ReleaseChannels::beta),
+    };
+};
+
+struct ReleasesResponse {
+    std::map<std::string, ReleaseChannels> systems{};
+};
+
+template <>
+struct RecordShape<ReleasesResponse> {
+    static constexpr auto fields = std::tuple{field("systems", &ReleasesResponse::systems)};
+};
+
+struct EventsResponse {
+    std::vector<AppleCalendarEvent> events{};
+};
+
+template <>
+struct RecordShape<EventsResponse> {
+    static constexpr auto fields = std::tuple{field("events", &EventsResponse::events)};
+};
+
+struct BoardResponse {
+    std::vector<BoardQuote> quotes{};
+};
+
+template <>
+struct RecordShape<BoardResponse> {
+    static constexpr auto fields = std::tuple{field("quotes", &BoardResponse::quotes)};
+};
+
+namespace {
+
+template <class Response>
+Response responseIn(std::string_view body) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (body.starts_with(byteOrderMark)) body.remove_prefix(byteOrderMark.size());
+    return decode<Response>(parseJSON(body));
+}
+
+/// Symbols such as "^GSPC" and "BRK/B" must not become part of the address's own syntax.
+std::string queryValue(std::string_view text) { return urls::encode(text, urls::unreserved_chars); }
+
+template <class T>
+boost::asio::awaitable<FetchResult<T>> fetched(HTTPClient& http, std::string address,
+                                               T (*parse)(std::string_view)) {
+    const auto answer = co_await fetchBody(http, std::move(address), TrackerAPI::kByteLimit);
+    if (!answer.body) co_return answer.body.error();
+    co_return parse(answer.body.value());
+}
+
+}  // namespace
+
+std::string TrackerAPI::baseAt(std::string_view serviceAddress) {
+    while (serviceAddress.ends_with('/')) serviceAddress.remove_suffix(1);
+    return std::string(serviceAddress) + "/wp-json/tb-wire/v1/";
+}
+
+std::string TrackerAPI::releasesAddress() const { return base + "releases"; }
+std::string TrackerAPI::eventsAddress() const { return base + "events"; }
+std::string TrackerAPI::boardAddress() const { return base + "quotes"; }
+
+std::string TrackerAPI::quoteAddress(std::string_view symbol, QuoteRange range) const {
+    return base + "quote?range=" + std::string(rawValue(range)) + "&symbol=" + queryValue(symbol);
+}
+
+std::vector<PlatformRelease> TrackerAPI::parseReleases(std::string_view body) {
+    std::vector<PlatformRelease> releases;
+    for (auto& [platform, channels] : responseIn<ReleasesResponse>(body).systems) {
+        releases.push_back({.platform = platform,
+                            .current = std::move(channels.general),
+                            .beta = std::move(channels.beta)});
+    }
+    std::ranges::sort(releases, standsBefore, &PlatformRelease::platform);
+    return releases;
+}
+
+std::vector<AppleCalendarEvent> TrackerAPI::parseEvents(std::string_view body) {
+    return responseIn<EventsResponse>(body).events;
+}
+
+StockQuote TrackerAPI::parseQuote(std::string_view body) { return responseIn<StockQuote>(body); }
+
+std::vector<BoardQuote> TrackerAPI::parseBoard(std::string_view body) {
+    return responseIn<BoardResponse>(body).quotes;
+}
+
+boost::asio::awaitable<FetchResult<std::vector<PlatformRelease>>> TrackerAPI::releases() const {
+    return fetched(http, releasesAddress(), parseReleases);
+}
+
+boost::asio::awaitable<FetchResult<std::vector<AppleCalendarEvent>>> TrackerAPI::events() const {
+    return fetched(http, eventsAddress(), parseEvents);
+}
+
+boost::asio::awaitable<FetchResult<StockQuote>> TrackerAPI::quote(std::string symbol,
+                                                                  QuoteRange range) const {
+    return fetched(http, quoteAddress(symbol, range), parseQuote);
+}
+
+boost::asio::awaitable<FetchResult<std::vector<BoardQuote>>> TrackerAPI::board() const {
+    return fetched(http, boardAddress(), parseBoard);
+}
+
+}  // namespace newsroom

@@ -1,0 +1,198 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <deque>
+
+#include "NewsroomKit/Panels/Brief.h"
+#include "NewsroomKit/Panels/Claims.h"
+#include "NewsroomKit/Panels/Coverage.h"
+#include "NewsroomKit/Panels/Scoops.h"
+#include "NewsroomKit/Panels/TopStories.h"
+
+namespace newsroom {
+namespace {
+
+using namespace std::chrono_literals;
+
+const Instant kNow = std::chrono::sys_days(std::chrono::year(2026) / 10 / 1) + 15h + 30min;
+
+/// A story by its essentials; it came when it was published unless `late` hours later.
+struct Told {
+    std::string id;
+    std::string outlet;
+    double hoursAgo;
+    Sourcing sourcing = Sourcing::unlabeled;
+    bool isApple = false;
+    double late = 0;
+    const char* destination = nullptr;
+};
+
+Instant hoursAgo(double hours) {
+    return kNow - std::chrono::microseconds(static_cast<std::int64_t>(hours * 3'600'000'000));
+}
+
+/// Panel stories, newest first, and their clusters.
+class News {
+public:
+    News(std::vector<Told> told, std::vector<std::vector<std::string>> clusters) {
+        std::stable_sort(told.begin(), told.end(), [](const Told& a, const Told& b) {
+            return a.hoursAgo < b.hoursAgo;
+        });
+        for (const Told& t : told) {
+            Story& story = all_.emplace_back();
+            story.id = t.id;
+            story.title = "Title of " + t.id;
+            story.sourceName = t.outlet;
+            story.publishedAt = hoursAgo(t.hoursAgo);
+            story.sourcing = t.sourcing;
+            story.isAppleSource = t.isApple;
+            if (t.destination) story.destinationName = t.destination;
+            stories_.push_back({.story = &story, .firstSeen = hoursAgo(t.hoursAgo - t.late)});
+        }
+        for (auto& ids : clusters) clusters_.push_back({.id = ids.front(), .storyIDs = ids});
+    }
+    PanelNews get() const { return {.stories = stories_, .clusters = clusters_, .now = kNow}; }
+
+private:
+    std::deque<Story> all_;
+    std::vector<PanelStory> stories_;
+    std::vector<StoryCluster> clusters_;
+};
+
+std::string names(const std::vector<StoryMention>& mentions) {
+    std::string text;
+    for (const auto& mention : mentions) text += (text.empty() ? "" : ",") + mention.outlet;
+    return text;
+}
+
+TEST(TopStories, RankByDistinctOutletsThenByRecencyAndEndWithTheirSpan) {
+    const News news(
+        {{"a1", "Post", 10}, {"a2", "Tide", 9, Sourcing::report}, {"a3", "POST", 1},
+         {"b1", "Post", 12, Sourcing::rumor}, {"b2", "Dale", 11},
+         {"b3", "Links", 8, Sourcing::report, false, 0, "Tide"}, {"c1", "Post", 7},
+         {"c2", "Dale", 6}, {"d1", "Post", 5}, {"d2", "Póst", 4}, {"e1", "Post", 70},
+         {"e2", "Tide", 49}, {"f1", "Post", 3}},
+        {{"a1", "a2", "a3"}, {"b1", "b2", "b3"}, {"c1", "c2", "elsewhere"}, {"d1", "d2"},
+         {"e1", "e2"}, {"elsewhere", "gone"}});
+    std::string text;
+    for (const auto& story : topStories(news.get())) {
+        text += story.first.storyID + ": " + names(story.outlets) + " " +
+                std::string(rawValue(story.sourcing)) + " " + std::to_string(story.unread) + "\n";
+    }
+    EXPECT_EQ(text,
+              "b1: Post,Dale,Tide report 3\n"
+              "a1: Post,Tide report 3\n"
+              "c1: Post,Dale unlabeled 2\n");
+}
+
+TEST(Claims, AreWhatWasSaidBeforeAppleSaidAnything) {
+    const auto rumor = Sourcing::rumor, report = Sourcing::report, onRecord = Sourcing::onRecord,
+               confirmed = Sourcing::confirmed;
+    struct Case {
+        const char* what;
+        std::vector<Told> told;
+        std::string expected;
+    };
+    const Case cases[] = {
+        {"a rumor alone", {{"a", "Post", 9, rumor}}, "rumored by Post, 1"},
+        {"a rumor and a report",
+         {{"a", "Post", 9, rumor}, {"b", "Tide", 8, report}, {"c", "Dale", 7},
+          {"d", "Tide", 6, rumor}},
+         "reported by Post, 2"},
+        {"unlabeled news first", {{"a", "Post", 9}, {"b", "Tide", 8, report}},
+         "reported by Tide, 1"},
+        {"Apple's own post later",
+         {{"a", "Post", 9, rumor}, {"b", "Apple", 8, Sourcing::unlabeled, true},
+          {"c", "Dale", 7, report}},
+         "confirmed by Post, 1, Apple"},
+        {"a word on the record, then the deed",
+         {{"a", "Post", 9, report}, {"b", "Tide", 8, onRecord}, {"c", "Dale", 7, confirmed}},
+         "confirmed by Post, 1, Dale"},
+        {"a denial", {{"a", "Post", 9, report}, {"b", "Tide", 8, onRecord}},
+         "answered by Post, 1, Tide"},
+        {"Apple first", {{"a", "Apple", 9, confirmed, true}, {"b", "Tide", 8, report}}, "none"},
+        {"no claim", {{"a", "Post", 9}, {"b", "Tide", 8}}, "none"},
+        {"too old", {{"a", "Post", 24 * 15, rumor}}, "none"},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> ids;
+        for (const auto& told : c.told) ids.push_back(told.id);
+        const News news(c.told, {ids});
+        const auto found = claims(news.get());
+        std::string text = "none";
+        if (!found.empty()) {
+            const auto& claim = found.front();
+            text = std::string(rawValue(claim.state)) + " by " + claim.first.outlet + ", " +
+                   std::to_string(claim.outlets);
+            if (claim.answer) text += ", " + claim.answer->outlet;
+        }
+        EXPECT_EQ(text, c.expected) << c.what;
+    }
+}
+
+TEST(Coverage, CountsStoriesOfEachOutletAndHowOftenItWasFirst) {
+    const News news({{"a1", "Post", 10}, {"a2", "Tide", 9}, {"b1", "tide", 8}, {"b2", "Post", 7},
+                     {"c1", "Tide", 6}, {"d1", "Dale", 5}, {"d2", "Dale", 4}, {"e1", "Post", 800},
+                     {"e2", "Tide", 3}, {"f1", "Abbey", 2}},
+                    {{"a1", "a2"}, {"b1", "b2"}, {"d1", "d2"}, {"e1", "e2"}});
+    const auto rows = coverage(news.get());
+    std::string text;
+    for (const auto& row : rows) {
+        text += row.outlet + " " + std::to_string(row.stories) + " " +
+                std::to_string(row.timesFirst) + "\n";
+    }
+    EXPECT_EQ(text, "Tide 4 1\nPost 2 1\nDale 2 0\nAbbey 1 0\n");
+    EXPECT_EQ(rows[0].first, hoursAgo(9));
+    EXPECT_EQ(rows[0].last, hoursAgo(3));
+}
+
+TEST(Scoops, NameWhoWasFirstOnlyWhereThatCanBeTold) {
+    const News news({{"a1", "Post", 10}, {"a2", "Post", 9}, {"a3", "Tide", 8.5}, {"a4", "Dale", 8},
+                     {"b1", "Apple", 7, Sourcing::confirmed, true}, {"b2", "Tide", 6},
+                     {"c1", "Post", 5}, {"c2", "Tide", 5},
+                     {"d1", "Dale", 15.5}, {"d2", "Tide", 3},
+                     {"e1", "Dale", 4}, {"e2", "Post", 2},
+                     {"f1", "Dale", 24 * 8}, {"f2", "Post", 24 * 6}},
+                    {{"a1", "a2", "a3", "a4"}, {"b1", "b2"}, {"c1", "c2"}, {"d1", "d2"},
+                     {"e1", "e2"}, {"f1", "f2"}});
+    const auto found = scoops(news.get());
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].first.storyID, "e1");
+    EXPECT_EQ(found[0].lead(), 2h);
+    EXPECT_EQ(found[1].first.storyID, "a1");
+    EXPECT_EQ(found[1].second.storyID, "a3");
+    EXPECT_EQ(found[1].lead(), 90min);
+    EXPECT_EQ(found[1].outlets, 3U);
+}
+
+TEST(Brief, TellsWhatCameSinceTheLastLookTheMostToldFirst) {
+    const auto apple = [](std::string id, double hours) {
+        return Told{std::move(id), "Apple", hours, Sourcing::confirmed, true};
+    };
+    const News news({{"old", "Post", 9}, {"a1", "Post", 3}, {"b1", "Dale", 2.5, Sourcing::rumor},
+                     {"c1", "Tide", 2, Sourcing::report}, {"a2", "Tide", 1}, apple("n1", 1.5),
+                     apple("n2", 0.5), {"lately", "Dale", 12, Sourcing::unlabeled, false, 11},
+                     {"archive", "Dale", 24 * 40, Sourcing::unlabeled, false, 24 * 40 - 1}},
+                    {{"old", "a1", "a2"}});
+    const auto lines = [](const BriefContent& content) {
+        std::string text;
+        for (const auto& line : briefLines(content)) text += line.text + names(line.sources) + "\n";
+        return text;
+    };
+    EXPECT_EQ(lines(brief(news.get(), hoursAgo(4))),
+              "7 new stories from 4 outlets since your last look.\n"
+              "Apple posted 2 times, last: Title of n2Apple\n"
+              "Title of a1Post,Tide\n"
+              "Title of c1Tide\n"
+              "Title of b1Dale\n"
+              "Title of latelyDale\n");
+    EXPECT_EQ(lines(brief(news.get(), hoursAgo(0.7))),
+              "1 new story from 1 outlet since your last look.\n"
+              "Apple posted: Title of n2Apple\n");
+    EXPECT_EQ(lines(brief(news.get(), kNow)), "Nothing new since your last look.\n");
+    EXPECT_EQ(lines(brief({.now = kNow}, std::nullopt)), "Nothing new in the last day.\n");
+    EXPECT_EQ(brief(news.get(), std::nullopt).topics.front().headline.storyID, "old");
+}
+
+}  // namespace
+}  // namespace newsroom
