@@ -16,6 +16,7 @@
 #include "PressRoom/CommandLine.h"
 #include "PressRoom/Files/FilesAnswerer.h"
 #include "PressRoom/Server/Server.h"
+#include "PressRoom/Trackers/TrackerAnswerer.h"
 #include "PressRoom/World/WorldHandler.h"
 #include "PressRoom/WorldDirectory.h"
 
@@ -137,11 +138,14 @@ int run(const CommandLine& options) {
     const auto anchor =
         options.anchor ? std::chrono::sys_seconds(std::chrono::seconds(*options.anchor)) : now;
 
+    const auto directory = options.world.value_or(defaultWorldDirectory());
+    auto misbehaviours = options.misbehaviours;
     Answerers further;
+    further.push_back(
+        std::make_unique<TrackerAnswerer>(readTrackers(directory), anchor, misbehaviours));
     if (options.files) further.push_back(std::make_unique<FilesAnswerer>(*options.files));
-    const WorldHandler world(readWorld(options.world.value_or(defaultWorldDirectory())),
-                             {.anchor = anchor, .speed = options.speed}, options.misbehaviours,
-                             std::move(further));
+    const WorldHandler world(readWorld(directory), {.anchor = anchor, .speed = options.speed},
+                             misbehaviours, std::move(further));
 
     const AuthorityFolder folder(options.authorityDirectory);
     Handler handler = std::cref(world);

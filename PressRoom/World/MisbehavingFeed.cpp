@@ -122,6 +122,20 @@ std::vector<FeedItem> withArchive(std::vector<FeedItem> items, const Edition& ed
     return all;
 }
 
+std::vector<FeedItem> half(std::vector<FeedItem> items) {
+    items.resize(items.size() / 2);
+    return items;
+}
+
+std::vector<FeedItem> withoutTitleAndLink(std::vector<FeedItem> items) {
+    for (auto& item : items) {
+        item.title.clear();
+        item.link.clear();
+        item.hasGuid = false;
+    }
+    return items;
+}
+
 std::vector<FeedItem> undated(std::vector<FeedItem> items) {
     for (auto& item : items) item.dated.reset();
     return items;
@@ -163,6 +177,8 @@ Response MisbehavingFeed::answer(const Request& request, const Edition& edition,
         case Kind::page: return htmlPage(200, edition.source->title, "<p>Sign in to go on.</p>");
         case Kind::missing: return htmlPage(404, "Not found", "<p>This feed has gone.</p>");
         case Kind::empty: return serve({});
+        case Kind::partial: return serve(half(items));
+        case Kind::incomplete: return serve(withoutTitleAndLink(items));
         case Kind::huge: return feed(request, hugeDocument(edition), edition.changed);
         case Kind::broken: {
             auto xml = document(edition, items);

@@ -10,7 +10,7 @@
 
 namespace pressroom {
 
-/// Ways in which a feed can go wrong from the start; README.md tells each.
+/// Ways in which a feed or a tracker can go wrong from the start; README.md tells each.
 enum class MisbehaviourKind {
     silent,
     busy,
@@ -18,6 +18,8 @@ enum class MisbehaviourKind {
     page,
     missing,
     empty,
+    partial,
+    incomplete,
     huge,
     broken,
     slow,
@@ -41,27 +43,29 @@ struct Misbehaviour {
 /// number that it does not take.
 std::optional<Misbehaviour> readMisbehaviour(std::string_view text);
 
-/// By source id.
+/// By source id or tracker's name.
 using Misbehaviours = std::map<std::string, Misbehaviour, std::less<>>;
 
 }  // namespace pressroom
 
 template <>
-inline constexpr std::array<newsroom::EnumRow<pressroom::MisbehaviourKind>, 15>
+inline constexpr std::array<newsroom::EnumRow<pressroom::MisbehaviourKind>, 17>
     newsroom::enumTable<pressroom::MisbehaviourKind>{{
         {pressroom::MisbehaviourKind::silent, "silent", "takes requests and never answers"},
         {pressroom::MisbehaviourKind::busy, "busy", "429 with Retry-After"},
         {pressroom::MisbehaviourKind::unavailable, "unavailable", "503 with Retry-After"},
-        {pressroom::MisbehaviourKind::page, "page", "a web page instead of the feed"},
+        {pressroom::MisbehaviourKind::page, "page", "a web page instead"},
         {pressroom::MisbehaviourKind::missing, "missing", "404"},
-        {pressroom::MisbehaviourKind::empty, "empty", "a feed without items"},
-        {pressroom::MisbehaviourKind::huge, "huge", "about 5 MB of items"},
-        {pressroom::MisbehaviourKind::broken, "broken", "a feed cut off half-way"},
+        {pressroom::MisbehaviourKind::empty, "empty", "nothing in the list"},
+        {pressroom::MisbehaviourKind::partial, "partial", "half of the list"},
+        {pressroom::MisbehaviourKind::incomplete, "incomplete", "a part left out that must be there"},
+        {pressroom::MisbehaviourKind::huge, "huge", "about 5 MB"},
+        {pressroom::MisbehaviourKind::broken, "broken", "cut off half-way"},
         {pressroom::MisbehaviourKind::slow, "slow", "answers late"},
         {pressroom::MisbehaviourKind::rotating, "rotating", "other links on every fetch"},
         {pressroom::MisbehaviourKind::retitled, "retitled", "other headlines on every fetch"},
         {pressroom::MisbehaviourKind::samelink, "samelink", "one link for all items, no guid"},
         {pressroom::MisbehaviourKind::republished, "republished", "its archive as news"},
-        {pressroom::MisbehaviourKind::undated, "undated", "no dates"},
+        {pressroom::MisbehaviourKind::undated, "undated", "no dates, or none that reads"},
         {pressroom::MisbehaviourKind::future, "future", "dates to come"},
     }};

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <map>
-#include <sstream>
 #include <string_view>
 #include <tuple>
 
@@ -77,19 +75,6 @@ namespace {
 
 using newsroom::RecordError;
 
-/// A misspelt optional key would otherwise be passed over in silence.
-template <class Record>
-void refuseUnknownKeys(const boost::json::value& value) {
-    for (const auto& pair : value.as_object()) {
-        const bool known =
-            std::apply([&](const auto&... field) { return ((field.key == pair.key()) || ...); },
-                       newsroom::RecordShape<Record>::fields);
-        if (!known) throw RecordError(std::string(pair.key()), "unknown key");
-    }
-}
-
-bool isWebAddress(std::string_view text) { return text.starts_with("https://") && text.size() > 8; }
-
 bool hasTitles(Platform platform) {
     return platform != Platform::bluesky && platform != Platform::mastodon;
 }
@@ -108,38 +93,14 @@ void checkStory(const WorldSource& source, const WorldStory& story) {
     }
 }
 
-template <class Check>
-void inside(const std::string& step, Check check) {
-    try {
-        check();
-    } catch (const RecordError& error) {
-        throw error.inside(step);
-    }
-}
-
-void checkSource(const WorldSource& source, const boost::json::value& value) {
-    refuseUnknownKeys<WorldSource>(value);
+void checkSource(const WorldSource& source) {
     if (!isWebAddress(source.address)) throw RecordError("address", "not an https address");
     if (!isWebAddress(source.home)) throw RecordError("home", "not an https address");
     if (!isWebAddress(source.articles)) throw RecordError("articles", "not an https address");
-    if (const auto* fault = value.as_object().if_contains("fault")) {
-        inside("fault", [&] { refuseUnknownKeys<WorldFault>(*fault); });
-    }
-    const auto& stories = value.at("stories").as_array();
     for (std::size_t i = 0; i < source.stories.size(); ++i) {
-        inside("stories[" + std::to_string(i) + "]", [&] {
-            refuseUnknownKeys<WorldStory>(stories[i]);
-            checkStory(source, source.stories[i]);
-        });
+        inside("stories[" + std::to_string(i) + "]",
+               [&] { checkStory(source, source.stories[i]); });
     }
-}
-
-std::string contents(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) throw WorldError(file, "cannot be opened");
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
 }
 
 void claim(std::map<std::string, std::filesystem::path>& owners, const std::string& value,
@@ -152,18 +113,8 @@ void claim(std::map<std::string, std::filesystem::path>& owners, const std::stri
 
 }  // namespace
 
-WorldError::WorldError(const std::filesystem::path& file, const std::string& reason)
-    : std::runtime_error(file.string() + ": " + reason) {}
-
 WorldSource readWorldSource(const std::filesystem::path& file) {
-    try {
-        const auto value = newsroom::parseJSON(contents(file));
-        auto source = newsroom::decode<WorldSource>(value);
-        checkSource(source, value);
-        return source;
-    } catch (const RecordError& error) {
-        throw WorldError(file, error.what());
-    }
+    return readDataFile<WorldSource>(file, checkSource);
 }
 
 World readWorld(const std::filesystem::path& directory) {

@@ -3,11 +3,10 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "NewsroomKit/Records/Codec.h"
+#include "PressRoom/World/DataFile.h"
 
 namespace pressroom {
 
@@ -90,12 +89,6 @@ struct WorldSource {
 };
 
 using World = std::vector<WorldSource>;
-
-/// The sentence names the file and, when one is at fault, the key.
-class WorldError : public std::runtime_error {
-public:
-    WorldError(const std::filesystem::path& file, const std::string& reason);
-};
 
 /// Reads one data file and checks what can be checked in it alone. Throws WorldError.
 WorldSource readWorldSource(const std::filesystem::path& file);

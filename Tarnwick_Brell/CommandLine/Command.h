@@ -20,7 +20,14 @@ void addWireCommand(CLI::App& app, Command& chosen);
 void addStoryCommand(CLI::App& app, Command& chosen);
 void addMarkCommands(CLI::App& app, Command& chosen);
 void addSourcesCommand(CLI::App& app, Command& chosen);
+void addStatusCommand(CLI::App& app, Command& chosen);
+void addReleasesCommand(CLI::App& app, Command& chosen);
+void addEventsCommand(CLI::App& app, Command& chosen);
+void addQuoteCommand(CLI::App& app, Command& chosen);
+void addBoardCommand(CLI::App& app, Command& chosen);
 void addSettingsCommand(CLI::App& app, Command& chosen);
+void addNewsroomCommand(CLI::App& app, Command& chosen);
+void addBeatCommand(CLI::App& app, Command& chosen);
 void addLibraryCommand(CLI::App& app, Command& chosen);
 void addInspectCommand(CLI::App& app, Command& chosen);
 

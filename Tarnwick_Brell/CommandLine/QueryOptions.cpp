@@ -4,23 +4,26 @@
 
 #include <CLI/CLI.hpp>
 
+#include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 
 namespace brell {
 
-namespace {
-
-std::vector<std::string> terms(const std::string& list) {
+std::vector<std::string> separatedByCommas(const std::string& list) {
     std::vector<std::string> pieces;
     for (std::size_t begin = 0; begin <= list.size();) {
         const auto comma = std::min(list.find(',', begin), list.size());
-        if (comma > begin) pieces.push_back(list.substr(begin, comma - begin));
+        const auto piece =
+            newsroom::trimWhitespaceAndNewlines(std::string_view(list).substr(begin, comma - begin));
+        if (!piece.empty()) pieces.emplace_back(piece);
         begin = comma + 1;
     }
     return pieces;
 }
 
-}  // namespace
+bool QueryOptions::isGiven() const {
+    return !any.empty() || !exclude.empty() || !sources.empty() || !sourcings.empty() || setAside;
+}
 
 void QueryOptions::addTo(CLI::App& command) {
     command.add_option("--any", any, "Stories that mention one of these, separated by commas")
@@ -37,8 +40,8 @@ void QueryOptions::addTo(CLI::App& command) {
 }
 
 newsroom::StoryQuery QueryOptions::query() const {
-    newsroom::StoryQuery query{.anyTerms = terms(any),
-                               .excludedTerms = terms(exclude),
+    newsroom::StoryQuery query{.anyTerms = separatedByCommas(any),
+                               .excludedTerms = separatedByCommas(exclude),
                                .sourceIDs = sources,
                                .includesSetAside = setAside};
     for (const auto& name : sourcings) {

@@ -11,6 +11,9 @@ class App;
 
 namespace brell {
 
+/// "iPhone 18, A20" in its pieces.
+std::vector<std::string> separatedByCommas(const std::string& list);
+
 /// The words of a command line that say which stories are wanted.
 struct QueryOptions {
     std::string any{};
@@ -21,6 +24,9 @@ struct QueryOptions {
 
     /// Must live until the command line has been read.
     void addTo(CLI::App& command);
+
+    /// Whether any of these words was given.
+    bool isGiven() const;
 
     /// Throws WrongUsage. Whether the sources exist is not asked.
     newsroom::StoryQuery query() const;

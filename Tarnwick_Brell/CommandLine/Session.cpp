@@ -49,6 +49,8 @@ Session::Session(GlobalOptions options)
 }
 
 desk::LocalStore& Session::store() {
+    if (store_ && isForReading_)
+        throw std::logic_error("the library was opened for reading before it was to be changed");
     if (!store_) {
         paths_.createFolders();
         store_ =
@@ -61,6 +63,7 @@ desk::LocalStore& Session::store() {
 desk::LocalStore& Session::storeForReading() {
     using Access = desk::Database::Access;
     if (store_) return *store_;
+    isForReading_ = true;
     if (!desk::LocalStore::exists(paths_.library)) {
         store_ = std::make_unique<desk::LocalStore>(desk::Database::kInMemory, Access::readWrite);
         return *store_;
@@ -70,6 +73,7 @@ desk::LocalStore& Session::storeForReading() {
     } catch (const desk::StoreError& error) {
         if (error.reason() != desk::StoreError::Reason::olderVersion) throw;
         // The first command after an update of the program brings the library up to date.
+        isForReading_ = false;
         return store();
     }
     return *store_;

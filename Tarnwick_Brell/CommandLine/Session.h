@@ -28,7 +28,8 @@ public:
     newsroom::Instant now() const { return now_; }
     const desk::Paths& paths() const { return paths_; }
 
-    /// The library for a command that changes it. Throws desk::StoreError.
+    /// The library for a command that changes it: to be asked for before anything reads it.
+    /// Throws desk::StoreError.
     desk::LocalStore& store();
     /// The library for a command that only reads; an empty one when there is none yet.
     desk::LocalStore& storeForReading();
@@ -45,6 +46,7 @@ private:
     desk::Paths paths_;
     std::unique_ptr<DemoPressRoom> pressRoom_;
     std::unique_ptr<desk::LocalStore> store_;
+    bool isForReading_ = false;
     std::unique_ptr<desk::Defaults> defaults_;
 };
 

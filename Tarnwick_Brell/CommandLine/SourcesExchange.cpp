@@ -1,10 +1,4 @@
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdio>
-#include <memory>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include <fmt/format.h>
@@ -14,6 +8,7 @@
 #include "NewsroomKit/Outlines/OutlineWriter.h"
 #include "NewsroomKit/Sources/SourceShape.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/InputFile.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/Desk/SourceRoster.h"
@@ -23,29 +18,6 @@ namespace brell {
 namespace {
 
 constexpr std::size_t kWidestName = 40;
-
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-/// At most one byte more than a list may have, so that a stream without end ends. "-" is the
-/// standard input.
-std::string readList(const std::string& file) {
-    const auto fail = [&] {
-        throw WorkFailed(fmt::format("{} can't be read ({}).",
-                                     file == "-" ? "The standard input" : printable(file),
-                                     std::generic_category().message(errno)));
-    };
-    const bool isInput = file == "-";
-    const std::unique_ptr<std::FILE, CloseFile> opened(isInput ? nullptr
-                                                               : std::fopen(file.c_str(), "rb"));
-    if (!isInput && !opened) fail();
-    std::FILE* const stream = isInput ? stdin : opened.get();
-    std::string bytes(newsroom::outlineByteLimit + 1, '\0');
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream));
-    if (std::ferror(stream)) fail();
-    return bytes;
-}
 
 boost::json::object recordOf(const newsroom::OutlineFeed& feed) {
     return {{"name", feed.title}, {"feedURL", feed.feedURL}, {"siteURL", feed.siteURL}};
@@ -108,7 +80,7 @@ int showImport(Session& session, const desk::ImportPreview& preview) {
 }  // namespace
 
 int importSources(Session& session, const std::string& file, bool preview) {
-    auto parsed = newsroom::parseOutlines(readList(file));
+    auto parsed = newsroom::parseOutlines(readInput(file, newsroom::outlineByteLimit));
     if (!parsed) throw WorkFailed(std::string(description(parsed.error())));
     auto& store = preview ? session.storeForReading() : session.store();
     desk::SourceRoster roster(store.sources());

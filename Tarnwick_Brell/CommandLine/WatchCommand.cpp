@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
+#include <QProcess>
 #include <fmt/format.h>
 
 #include "NewsroomKit/Stories/StoryShape.h"
@@ -13,6 +14,7 @@
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/StopSignals.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/WireLine.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 
@@ -28,10 +30,24 @@ struct WatchOptions {
 /// Prints what a desk brings, as it comes.
 class Watch {
 public:
-    Watch(Session& session, desk::NewsDesk& newsDesk, const newsroom::StoryQuery& query)
-        : session_(session), desk_(newsDesk), wanted_(query.compiled()) {}
+    Watch(Session& session, desk::AppEnvironment& environment, const newsroom::StoryQuery& query)
+        : session_(session),
+          desk_(environment.newsDesk()),
+          trackers_(environment.trackers()),
+          notifier_(environment.notifier()),
+          wanted_(query.compiled()) {}
 
     void connect() {
+        connectDesk();
+        connectTrackers();
+        QObject::connect(&notifier_, &desk::Notifier::linkActivated, &desk_, &Watch::openLink);
+    }
+
+    /// Why the event loop has ended, if not because the user wished so.
+    const std::exception_ptr& failure() const { return failure_; }
+
+private:
+    void connectDesk() {
         using desk::NewsDesk;
         QObject::connect(&desk_, &NewsDesk::storiesArrived, &desk_,
                          [this](const auto& numbers) { printStories(numbers); });
@@ -47,23 +63,59 @@ public:
         }
     }
 
-    /// Why the event loop has ended, if not because the user wished so.
-    const std::exception_ptr& failure() const { return failure_; }
+    void connectTrackers() {
+        using desk::Alerts;
+        using desk::TrackerStore;
+        QObject::connect(&trackers_, &TrackerStore::onServiceProblem, &desk_, [this](const auto& it) {
+            printEvent(Alerts::ofProblem(it),
+                       {{"event", "serviceProblem"}, {"id", it.id()}, {"report", newsroom::encode(it)}});
+        });
+        QObject::connect(&trackers_, &TrackerStore::onServiceRestored, &desk_, [this](const auto& it) {
+            printEvent(Alerts::ofRecovery(it, currentInstant()),
+                       {{"event", "serviceRestored"}, {"service", it}});
+        });
+        QObject::connect(&trackers_, &TrackerStore::onNewRelease, &desk_, [this](const auto& it) {
+            printEvent(Alerts::ofRelease(it), {{"event", "newRelease"},
+                                               {"platform", it.platform.platform},
+                                               {"channel", rawValue(it.channel)},
+                                               {"release", newsroom::encode(it.release)}});
+        });
+    }
 
-private:
+    static void openLink(const QString& link) {
+        if (QProcess::startDetached("xdg-open", {link})) return;
+        tell("There is no xdg-open to open " + printable(link.toStdString()) + " with.");
+    }
+
     static void tell(const std::string& sentence) {
         showProgress("");
         fmt::print(stderr, "brell: {}\n", sentence);
     }
 
     void printStories(const std::vector<std::int64_t>& numbers) {
-        showProgress("");
-        try {
+        print([&] {
             // The oldest first: the newest stands at the end, where the eye is.
             for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
                 const auto place = desk_.stories().placeOf(*number);
-                if (place) print(desk_.stories()[*place].unpacked());
+                if (place) printStory(desk_.stories()[*place].unpacked());
             }
+        });
+    }
+
+    void printEvent(const desk::Notification& event, const boost::json::object& record) {
+        print([&] {
+            Output& out = session_.out();
+            const auto text = printable(event.title + ". " + event.body);
+            out.line(session_.options().json ? boost::json::serialize(record)
+                                             : out.bold("» " + text));
+        });
+    }
+
+    template <class Lines>
+    void print(Lines lines) {
+        showProgress("");
+        try {
+            lines();
             session_.out().flush();
         } catch (const OutputError& error) {
             failure_ = std::make_exception_ptr(error);
@@ -71,7 +123,7 @@ private:
         }
     }
 
-    void print(const desk::StoredStory& stored) {
+    void printStory(const desk::StoredStory& stored) {
         if (!wanted_.matches(stored.story)) return;
         Output& out = session_.out();
         out.line(session_.options().json ? boost::json::serialize(newsroom::encode(stored.story))
@@ -99,6 +151,8 @@ private:
 
     Session& session_;
     desk::NewsDesk& desk_;
+    desk::TrackerStore& trackers_;
+    desk::Notifier& notifier_;
     newsroom::CompiledStoryQuery wanted_;
     bool wasOffline_ = false;
     std::exception_ptr failure_;
@@ -118,7 +172,7 @@ int runWatch(Session& session, const WatchOptions& options) {
                                       .clock = &currentInstant,
                                       .what = "brell watch"});
     auto& newsDesk = environment.newsDesk();
-    Watch watch(session, newsDesk, query);
+    Watch watch(session, environment, query);
     watch.connect();
     if (options.live) {
         QObject::connect(&newsDesk, &desk::NewsDesk::loaded, &newsDesk, [&] {
@@ -137,12 +191,14 @@ int runWatch(Session& session, const WatchOptions& options) {
 void addWatchCommand(CLI::App& app, Command& chosen) {
     auto options = std::make_shared<WatchOptions>();
     auto* command = app.add_subcommand(
-        "watch", "Stay, refresh on the timer, and print new stories as they come");
+        "watch", "Stay, refresh on the timer, and print new stories and other events as they come");
     options->query.addTo(*command);
     command->add_flag("--live", options->live, "Refresh every minute for the first two hours");
     command->footer(
         "Stories of a source's first fetch are taken in without being printed; brell wire lists "
-        "them. With --json each story is a line of its own. Ctrl-C ends it.");
+        "them. Troubles of Apple's services, their ends and new releases are printed too, and shown "
+        "as notifications where the desktop takes them. With --json each story is a line of its own, "
+        "and each other event one with the key \"event\". Ctrl-C ends it.");
     command->callback([options, &chosen] {
         chosen = [options](Session& session) { return runWatch(session, *options); };
     });

@@ -9,8 +9,10 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
+#include "Tarnwick_Brell/CommandLine/ShelfNaming.h"
 #include "Tarnwick_Brell/CommandLine/When.h"
 #include "Tarnwick_Brell/CommandLine/WireLine.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
 namespace brell {
 
@@ -21,6 +23,7 @@ struct WireOptions {
     QueryOptions query;
     std::string since;
     std::string search;
+    std::string beat;
     bool unread = false;
     bool saved = false;
 };
@@ -37,6 +40,13 @@ desk::StorySelection selectionFor(const WireOptions& options, newsroom::Instant 
     return selection;
 }
 
+/// What the beat follows; without one, everything.
+newsroom::StoryQuery beatQuery(desk::LocalStore& store, const std::string& name) {
+    if (name.empty()) return {};
+    const auto shelf = desk::BeatShelf::read(store.beats());
+    return readable(named(shelf.entries(), name, "beat"), "beat").query;
+}
+
 // What people page through is written when all of it is read: a pager that waits for its reader
 // would keep the library from being tidied. Longer lists are for programs.
 constexpr std::size_t kHeldBack = 4 << 20;
@@ -44,15 +54,21 @@ constexpr std::size_t kHeldBack = 4 << 20;
 int runWire(Session& session, const WireOptions& options) {
     auto& store = session.storeForReading();
     const auto selection = selectionFor(options, session.now());
-    const auto query = options.query.query().compiled();
+    auto asked = options.query.query();
     requireKnownSources(store, options.query.sources);
+    auto followed = beatQuery(store, options.beat);
+    // Either may admit what is set aside.
+    asked.includesSetAside = followed.includesSetAside =
+        options.query.setAside || (!options.beat.empty() && followed.includesSetAside);
+    const auto query = asked.compiled();
+    const auto beat = followed.compiled();
     const bool json = session.options().json;
     auto& out = session.out();
     std::string text(json ? "[" : "");
     std::int64_t count = 0;
     store.search().each(selection, [&](const desk::StoredStory& stored) {
         if (count == options.limit) return false;
-        if (!query.matches(stored.story)) return true;
+        if (!query.matches(stored.story) || !beat.matches(stored.story)) return true;
         if (json && count > 0) text += ",";
         text += json ? boost::json::serialize(newsroom::encode(stored.story))
                      : wireLine(out, stored, session.now()) + "\n";
@@ -84,6 +100,8 @@ void addWireCommand(CLI::App& app, Command& chosen) {
         ->check(CLI::Range(std::int64_t{0}, std::int64_t{1'000'000'000}))
         ->capture_default_str();
     options->query.addTo(*command);
+    command->add_option("--beat", options->beat, "Only stories of this beat, by name or id")
+        ->type_name("NAME");
     command
         ->add_option("--since", options->since,
                      "Only stories published since: 30min, 6h, 2d, 1w, a day or a time")

@@ -92,6 +92,13 @@ int main(int argc, char** argv) {
     addStoryCommand(app, chosen);
     addMarkCommands(app, chosen);
     addSourcesCommand(app, chosen);
+    addNewsroomCommand(app, chosen);
+    addBeatCommand(app, chosen);
+    addStatusCommand(app, chosen);
+    addReleasesCommand(app, chosen);
+    addEventsCommand(app, chosen);
+    addQuoteCommand(app, chosen);
+    addBoardCommand(app, chosen);
     addSettingsCommand(app, chosen);
     addLibraryCommand(app, chosen);
     addInspectCommand(app, chosen);

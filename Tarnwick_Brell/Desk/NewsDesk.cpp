@@ -171,10 +171,11 @@ void NewsDesk::takeStories(DeskStep& step) {
     emit wireChanged(change);
 }
 
-void NewsDesk::announce(const std::vector<std::int64_t>& numbers) {
-    if (!onNewStories_ || numbers.empty()) return;
-    auto newestFirst = numbers;
+void NewsDesk::announce(std::vector<std::int64_t> newestFirst) {
+    if (newestFirst.empty()) return;
     std::sort(newestFirst.begin(), newestFirst.end(), std::greater());
+    emit newsCame(newestFirst);
+    if (!onNewStories_) return;
     Announcement announcement{.total = newestFirst.size()};
     for (const auto number : newestFirst) {
         if (announcement.stories.size() == Announcement::kMostOneByOne) break;

@@ -135,6 +135,8 @@ signals:
     /// arrivals as they come. Numbers of stories that are news.
     void storiesArrived(const std::vector<std::int64_t>& numbers);
     void passEnded(const desk::PassReport& report);
+    /// What onNewStories tells of, and a crowd of it whole: numbers, newest first.
+    void newsCame(const std::vector<std::int64_t>& numbers);
     /// Another program has written the library: whatever is read from it may have changed.
     void libraryChangedElsewhere();
     void failed(const QString& sentence);
@@ -156,7 +158,7 @@ private:
     void take(DeskStep step);
     void takeStories(DeskStep& step);
     void endPass(const PassReport& report);
-    void announce(const std::vector<std::int64_t>& numbers);
+    void announce(std::vector<std::int64_t> numbers);
     void dropOld();
     PassSettings passSettings(PassScope scope) const;
     RefreshCadence::Now now() const;

@@ -90,6 +90,7 @@ WireChange Wire::drop(std::int64_t lowest, std::size_t ceiling) {
         if (story.number() >= lowest && excess <= change.removed.size()) break;
         if (story.isSaved()) continue;
         change.removed.push_back(place);
+        change.removedNumbers.push_back(story.number());
     }
     for (const auto place : change.removed) {
         forget(*stories_[place]);

@@ -18,7 +18,8 @@ struct WireChange {
     std::vector<std::size_t> removed{};   ///< places before the change, falling
     std::vector<std::size_t> inserted{};  ///< places after the change, rising
     std::vector<std::size_t> revised{};   ///< places after the change of stories that were there
-    bool isReset = false;                 ///< everything may be different
+    std::vector<std::int64_t> removedNumbers{};  ///< of the removed stories, rising
+    bool isReset = false;                        ///< everything may be different
 
     bool isEmpty() const {
         return !isReset && removed.empty() && inserted.empty() && revised.empty();

@@ -1,14 +1,72 @@
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 
+#include <utility>
+
+#include "Tarnwick_Brell/Newsrooms/BeatAlerts.h"
+
 namespace desk {
 
 AppEnvironment::AppEnvironment(const Options& options)
     : lock_(prepared(options.paths).library, options.what),
       defaults_(options.paths.settings),
       newsDesk_(options.paths.library, options.network, defaults_, options.clock),
+      trackers_(newsDesk_.worker(), defaults_, options.clock),
+      newsrooms_(newsDesk_.worker(), options.clock),
+      notifier_(defaults_),
+      alerts_(defaults_, options.clock,
+              [this](Notification alert) { notifier_.post(std::move(alert)); }),
       care_(options.paths.library, options.clock) {
     QObject::connect(&care_, &LibraryCare::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&care_, &LibraryCare::libraryDamaged, &newsDesk_, &NewsDesk::libraryDamaged);
+    connectTrackers();
+    connectNewsrooms();
+    connectAlerts();
+}
+
+void AppEnvironment::connectTrackers() {
+    QObject::connect(&trackers_, &TrackerStore::failed, &newsDesk_, &NewsDesk::failed);
+    QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &trackers_,
+                     &TrackerStore::load);
+    QObject::connect(&newsDesk_, &NewsDesk::passEnded, &trackers_,
+                     [this](const PassReport& report) {
+                         if (report.cancelled) return;
+                         if (std::exchange(wasOffline_, report.offline) && !report.offline) {
+                             trackers_.networkIsBack();
+                         }
+                     });
+}
+
+void AppEnvironment::connectNewsrooms() {
+    QObject::connect(&newsrooms_, &NewsroomStore::failed, &newsDesk_, &NewsDesk::failed);
+    QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &newsrooms_,
+                     &NewsroomStore::load);
+    QObject::connect(&newsDesk_, &NewsDesk::newsCame, &newsrooms_,
+                     [this](const auto& news) { tellBeats(news); });
+}
+
+void AppEnvironment::tellBeats(const std::vector<std::int64_t>& numbers) {
+    const BeatAlerts beats(newsrooms_.beats(), newsrooms_.newsrooms());
+    if (beats.isEmpty()) return;
+    std::vector<newsroom::Story> news;
+    for (const auto number : numbers) {
+        const auto& wire = newsDesk_.stories();
+        if (const auto place = wire.placeOf(number)) news.push_back(wire[*place].unpacked().story);
+    }
+    for (const auto& match : beats.matches(news)) {
+        const auto& told = match.announcement;
+        alerts_.beat(match.name, match.id, told.stories, told.total);
+    }
+}
+
+void AppEnvironment::connectAlerts() {
+    QObject::connect(&trackers_, &TrackerStore::onServiceProblem, &notifier_,
+                     [this](const auto& report) { alerts_.serviceProblem(report); });
+    QObject::connect(&trackers_, &TrackerStore::onServiceRestored, &notifier_,
+                     [this](const auto& service) { alerts_.serviceRestored(service); });
+    QObject::connect(&trackers_, &TrackerStore::onNewRelease, &notifier_,
+                     [this](const auto& build) { alerts_.newRelease(build); });
+    newsDesk_.onNewStories(
+        [this](const Announcement& announcement) { alerts_.stories(announcement); });
 }
 
 const Paths& AppEnvironment::prepared(const Paths& paths) {
@@ -17,6 +75,9 @@ const Paths& AppEnvironment::prepared(const Paths& paths) {
 }
 
 void AppEnvironment::start() {
+    // First, because they read little; the wire takes the worker's thread for longer.
+    trackers_.start();
+    newsrooms_.load();
     newsDesk_.start();
     // The check reads the whole file; the first view must not wait for the disk because of it.
     QObject::connect(&newsDesk_, &NewsDesk::loaded, &care_,

@@ -1,14 +1,20 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "NewsroomKit/HTTP/CurlTransport.h"
 #include "NewsroomKit/Ingestion/FeedClient.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
+#include "Tarnwick_Brell/Notifications/Alerts.h"
+#include "Tarnwick_Brell/Notifications/Notifier.h"
 #include "Tarnwick_Brell/Shell/LibraryCare.h"
 #include "Tarnwick_Brell/Storage/Defaults.h"
 #include "Tarnwick_Brell/Storage/LibraryLock.h"
 #include "Tarnwick_Brell/Storage/Paths.h"
+#include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 namespace desk {
 
@@ -31,14 +37,27 @@ public:
 
     Defaults& defaults() { return defaults_; }
     NewsDesk& newsDesk() { return newsDesk_; }
+    TrackerStore& trackers() { return trackers_; }
+    NewsroomStore& newsrooms() { return newsrooms_; }
+    Notifier& notifier() { return notifier_; }
+    Alerts& alerts() { return alerts_; }
 
 private:
     static const Paths& prepared(const Paths& paths);
+    void connectTrackers();
+    void connectNewsrooms();
+    void connectAlerts();
+    void tellBeats(const std::vector<std::int64_t>& news);
 
     LibraryLock lock_;
     Defaults defaults_;
     NewsDesk newsDesk_;
+    TrackerStore trackers_;
+    NewsroomStore newsrooms_;
+    Notifier notifier_;
+    Alerts alerts_;
     LibraryCare care_;
+    bool wasOffline_ = false;
 };
 
 }  // namespace desk

@@ -1,25 +1,19 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "NewsroomKit/Trackers/StockQuote.h"
+#include "Tarnwick_Brell/Storage/SettingKey.h"
+
 class QSettings;
 
 namespace desk {
-
-/// One key of the settings: what it means and what holds when it is absent.
-struct SettingKey {
-    enum class Type { wholeNumber, file };
-
-    std::string_view name;
-    std::string_view meaning;
-    std::string_view absent;  ///< the value that holds when the key is absent
-    Type type;
-};
 
 /// The user's settings: a key-value file. Reading never fails: a value that makes no sense
 /// counts as its key's rule says. Writing throws StoreError.
@@ -28,9 +22,9 @@ public:
     explicit Defaults(const std::filesystem::path& file);
     ~Defaults();
 
-    static std::span<const SettingKey> keys();
+    static std::span<const SettingKey> keys() { return SettingKey::all(); }
     /// Null when there is no such key.
-    static const SettingKey* key(std::string_view name);
+    static const SettingKey* key(std::string_view name) { return SettingKey::named(name); }
 
     /// As stored; nothing when absent.
     std::optional<std::string> text(std::string_view key) const;
@@ -51,8 +45,27 @@ public:
     /// An authority to trust for the update catalogue's host besides the usual ones.
     std::optional<std::filesystem::path> updateCatalogueAuthority() const;
 
+    /// A key that takes "true" or "false".
+    bool isOn(std::string_view key) const;
+
+    newsroom::QuoteRange quoteRange() const;
+    std::string focusSymbol() const;
+    std::string serviceAddress() const;
+
+    /// What the desk itself remembers between two runs, under keys that are no settings. A
+    /// value that does not read counts as absent.
+    using Memory = std::map<std::string, std::string>;
+    std::optional<Memory> memory(std::string_view key) const;
+    void remember(std::string_view key, const Memory& memory);
+
+    static constexpr std::string_view kKnownServiceProblems = "knownServiceProblems";
+    static constexpr std::string_view kKnownBuilds = "knownBuilds";
+
 private:
+    /// In the form that suits the key, or what holds when the key is absent.
+    std::string suitable(std::string_view key) const;
     std::optional<long long> wholeNumber(std::string_view key) const;
+    void write();
 
     std::filesystem::path file_;
     std::unique_ptr<QSettings> settings_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "NewsroomKit/Records/Instant.h"
 
@@ -13,6 +14,14 @@ inline std::int64_t microseconds(newsroom::Instant instant) {
 
 inline newsroom::Instant instantOf(std::int64_t microsecondsSince1970) {
     return newsroom::Instant(std::chrono::microseconds(microsecondsSince1970));
+}
+
+inline std::optional<std::int64_t> microseconds(const std::optional<newsroom::Instant>& instant) {
+    return instant ? std::optional(microseconds(*instant)) : std::nullopt;
+}
+
+inline std::optional<newsroom::Instant> instantOf(const std::optional<std::int64_t>& number) {
+    return number ? std::optional(instantOf(*number)) : std::nullopt;
 }
 
 }  // namespace desk

@@ -3,6 +3,7 @@
 #include <system_error>
 #include <utility>
 
+#include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 #include "Tarnwick_Brell/Storage/Backups.h"
 #include "Tarnwick_Brell/Storage/LibraryUse.h"
 #include "Tarnwick_Brell/Storage/Schema.h"
@@ -32,6 +33,13 @@ std::optional<FileLock> use(const fs::path& file, Database::Access access) {
     return shareLibrary(file);
 }
 
+/// Every library starts with the built-in newsroom; who removes it has removed it.
+void beginNewsrooms(RecordTable& newsrooms) {
+    if (!newsrooms.isUntouched()) return;
+    const auto today = newsroom::NewsroomSpec::builtIn();
+    newsrooms.put(today.id.text(), newsroom::json::serialize(newsroom::encode(today)));
+}
+
 }  // namespace
 
 void LocalStore::begin(const fs::path& file) {
@@ -57,10 +65,16 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       sources_(database_),
       validators_(database_),
       state_(database_),
-      hostPauses_(database_) {
+      hostPauses_(database_),
+      newsrooms_(database_, "newsrooms"),
+      beats_(database_, "beats"),
+      trackerCopies_(database_),
+      incidents_(database_),
+      builds_(database_) {
     if (access == Database::Access::readWrite) {
         if (isOutdated(database_)) Backups(file).makeBeforeMigration();
         migrate(database_);
+        beginNewsrooms(newsrooms_);
     } else {
         requireCurrentSchema(database_);
     }

@@ -2,15 +2,19 @@
 
 #include <filesystem>
 
+#include "Tarnwick_Brell/Storage/BuildHistory.h"
 #include "Tarnwick_Brell/Storage/Database.h"
 #include "Tarnwick_Brell/Storage/DeskState.h"
 #include "Tarnwick_Brell/Storage/DurableFiles.h"
 #include "Tarnwick_Brell/Storage/HostPauses.h"
+#include "Tarnwick_Brell/Storage/IncidentLog.h"
 #include "Tarnwick_Brell/Storage/MarkTable.h"
+#include "Tarnwick_Brell/Storage/RecordTable.h"
 #include "Tarnwick_Brell/Storage/SourceTable.h"
 #include "Tarnwick_Brell/Storage/StoryMerge.h"
 #include "Tarnwick_Brell/Storage/StorySearch.h"
 #include "Tarnwick_Brell/Storage/StoryTable.h"
+#include "Tarnwick_Brell/Storage/TrackerCopies.h"
 #include "Tarnwick_Brell/Storage/ValidatorStore.h"
 
 namespace desk {
@@ -39,6 +43,11 @@ public:
     ValidatorStore& validators() { return validators_; }
     DeskState& state() { return state_; }
     HostPauses& hostPauses() { return hostPauses_; }
+    RecordTable& newsrooms() { return newsrooms_; }
+    RecordTable& beats() { return beats_; }
+    TrackerCopies& trackerCopies() { return trackerCopies_; }
+    IncidentLog& incidents() { return incidents_; }
+    BuildHistory& builds() { return builds_; }
 
     std::int64_t version();
 
@@ -60,6 +69,11 @@ private:
     ValidatorStore validators_;
     DeskState state_;
     HostPauses hostPauses_;
+    RecordTable newsrooms_;
+    RecordTable beats_;
+    TrackerCopies trackerCopies_;
+    IncidentLog incidents_;
+    BuildHistory builds_;
     std::int64_t dataVersion_ = 0;
 };
 

@@ -68,4 +68,11 @@ json::object grid(const json::object& input);
 json::object newsroomSpec(const json::object& input);
 json::object newsroomMake(const json::object& input);
 
+// Trackers
+json::object status(const json::object& input);
+json::object problems(const json::object& input);
+json::object releases(const json::object& input);
+json::object events(const json::object& input);
+json::object quote(const json::object& input);
+
 }  // namespace brell::inspect

@@ -9,7 +9,7 @@
 namespace brell::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 17> all{{
+    static constexpr std::array<Kind, 22> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -27,6 +27,11 @@ std::span<const Kind> kinds() {
         {"grid", "kinds", grid},
         {"newsroom", "spec", newsroomSpec},
         {"newsroom-make", "id, name, symbol, origin, focus, panels; prompt", newsroomMake},
+        {"status", "path or text; since", status},
+        {"problems", "known, consumer, developer: each or none", problems},
+        {"releases", "text, knownBuilds", releases},
+        {"events", "text", events},
+        {"quote", "text", quote},
     }};
     return all;
 }

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <chrono>
+#include <string_view>
+#include <vector>
+
+#include "NewsroomKit/Records/EnumTable.h"
+
+namespace pressroom {
+
+enum class Market { newYork, taipei, seoul };
+
+/// One day's trading.
+struct Session {
+    std::chrono::sys_seconds open;
+    std::chrono::sys_seconds close;
+
+    bool operator==(const Session&) const = default;
+};
+
+/// A market as it is at one moment. Every weekday is a trading day: there are no holidays in
+/// the press room's world.
+struct MarketDay {
+    /// "PRE", "OPEN", "POST" or "CLOSED". Only New York trades before and after its hours.
+    std::string_view state;
+    /// The one under way, ahead of its opening when the state is "PRE", or the last.
+    Session session;
+};
+
+MarketDay marketDay(Market market, std::chrono::sys_seconds now);
+
+/// The last `count` sessions that have begun by `now`, oldest first.
+std::vector<Session> sessionsUntil(Market market, std::chrono::sys_seconds now, std::size_t count);
+
+/// How far the clocks of a place in the United States are ahead of UTC, where the standard
+/// time is `standard`: summer time from two o'clock on the second Sunday of March until two
+/// o'clock on the first of November.
+std::chrono::hours americanOffset(std::chrono::sys_seconds now, std::chrono::hours standard);
+
+inline constexpr std::chrono::hours kPacificStandard{-8};
+
+}  // namespace pressroom
+
+template <>
+inline constexpr std::array<newsroom::EnumRow<pressroom::Market>, 3>
+    newsroom::enumTable<pressroom::Market>{{
+        {pressroom::Market::newYork, "newYork", "New York"},
+        {pressroom::Market::taipei, "taipei", "Taipei"},
+        {pressroom::Market::seoul, "seoul", "Seoul"},
+    }};

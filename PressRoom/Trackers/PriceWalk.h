@@ -1,0 +1,31 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string_view>
+
+namespace pressroom {
+
+/// A price that wanders as prices do, and is nevertheless a plain function of the time: a sum
+/// of waves of chance, from minutes to most of a year long, each as high as a random walk
+/// gets in its length.
+class PriceWalk {
+public:
+    /// Goes through `price` at `anchor`; moves by some `dailySwing` percent in a day. The
+    /// same `symbol` always moves in the same way.
+    PriceWalk(std::string_view symbol, double price, double dailySwing,
+              std::chrono::sys_seconds anchor);
+
+    /// In whole cents.
+    double at(std::chrono::sys_seconds time) const;
+
+private:
+    double wander(std::chrono::sys_seconds time) const;
+
+    std::uint64_t seed_;
+    double price_;
+    double dailySwing_;
+    double atAnchor_ = 0;
+};
+
+}  // namespace pressroom

@@ -1,0 +1,137 @@
+#include "PressRoom/Trackers/TrackerAnswerer.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Addresses/WebAddress.h"
+#include "PressRoom/Trackers/StatusFile.h"
+#include "PressRoom/Trackers/WireService.h"
+#include "PressRoom/World/Markup.h"
+
+namespace pressroom {
+namespace {
+
+namespace json = boost::json;
+using std::chrono::sys_seconds;
+
+constexpr std::string_view kAppleHost = "www.apple.com";
+constexpr std::string_view kStatusPage = "/support/systemstatus/";
+constexpr std::string_view kStatusFile = "/support/systemstatus/data/system_status_en_US.js";
+constexpr std::string_view kDeveloperFile =
+    "/support/systemstatus/data/developer/system_status_en_US.js";
+constexpr std::string_view kServiceHost = "tarnwick-brell.example";
+constexpr std::string_view kService = "/wp-json/tb-wire/v1/";
+
+constexpr std::array<std::string_view, 6> kNames{"status", "developer-status", "releases",
+                                                 "events", "quote",            "quotes"};
+
+std::string queryItem(const Request& request, std::string_view name) {
+    const auto question = request.target.find('?');
+    if (question == request.target.npos) return {};
+    const std::string_view target = request.target;
+    for (const auto& item : newsroom::WebAddress::queryItems(target.substr(question + 1))) {
+        if (item.name == name) return item.value;
+    }
+    return {};
+}
+
+/// As the platform behind the service complains.
+Response complaint(int status, std::string_view code, std::string_view message) {
+    const json::object body{
+        {"code", code}, {"message", message}, {"data", json::object{{"status", status}}}};
+    return {.status = status,
+            .headers = {{"Content-Type", "application/json; charset=UTF-8"}},
+            .body = json::serialize(body)};
+}
+
+}  // namespace
+
+TrackerAnswerer::TrackerAnswerer(TrackerFiles files, sys_seconds anchor,
+                                 Misbehaviours& misbehaviours)
+    : files_(std::move(files)), anchor_(anchor) {
+    for (const auto name : kNames) {
+        const auto found = misbehaviours.find(name);
+        if (found == misbehaviours.end()) continue;
+        if (!trackersCanBe(found->second.kind)) {
+            throw std::runtime_error(fmt::format("the tracker {} can't misbehave as \"{}\"", name,
+                                                 newsroom::rawValue(found->second.kind)));
+        }
+        misbehaviours_.insert(misbehaviours.extract(found));
+    }
+}
+
+std::optional<Response> TrackerAnswerer::answer(const Request& request, sys_seconds now) const {
+    auto path = request.path();
+    if (request.host == kAppleHost) {
+        if (path == kStatusPage) return statusPage(now);
+        if (path == kStatusFile) return status(false, request, now);
+        if (path == kDeveloperFile) return status(true, request, now);
+        return std::nullopt;
+    }
+    if (request.host != kServiceHost || !path.starts_with(kService)) return std::nullopt;
+    path.remove_prefix(kService.size());
+    if (path == "releases") {
+        return served(path, request, {releases(files_.releases, anchor_, now), "systems", "build",
+                                      "published"});
+    }
+    if (path == "events") {
+        return served(path, request,
+                      {events(files_.calendar, anchor_, now), "events", "title", "starts"});
+    }
+    if (path == "quotes") {
+        return served(path, request, {board(files_.board, anchor_, now), "quotes", "price", "t"});
+    }
+    if (path == "quote") return quoteOf(request, now);
+    return complaint(404, "rest_no_route", "No route was found matching the URL.");
+}
+
+Response TrackerAnswerer::served(std::string_view tracker, const Request& request,
+                                 TrackerAnswer answer) const {
+    const auto found = misbehaviours_.find(tracker);
+    return found == misbehaviours_.end()
+               ? trackerResponse(request, answer)
+               : faultyAnswer(request, std::move(answer), found->second);
+}
+
+Response TrackerAnswerer::status(bool isDeveloper, const Request& request, sys_seconds now) const {
+    const auto& world = isDeveloper ? files_.developer : files_.consumer;
+    return served(isDeveloper ? "developer-status" : "status", request,
+                  {.document = statusFile(world, anchor_, now),
+                   .list = "services",
+                   .requiredKey = "serviceName",
+                   .dateKey = "epochStartDate",
+                   .isWrapped = !isDeveloper});
+}
+
+Response TrackerAnswerer::quoteOf(const Request& request, sys_seconds now) const {
+    const auto symbol = queryItem(request, "symbol");
+    const auto known = std::ranges::find(files_.board.quotes, symbol, &WorldQuote::symbol);
+    if (known == files_.board.quotes.end()) {
+        return complaint(404, "tb_wire_unknown_symbol", "There is no such symbol.");
+    }
+    auto document = quote(*known, queryItem(request, "range"), anchor_, now);
+    if (!document) return complaint(400, "tb_wire_unknown_range", "There is no such range.");
+    return served("quote", request, {*std::move(document), "points", "price", "as_of"});
+}
+
+Response TrackerAnswerer::statusPage(sys_seconds now) const {
+    std::string list = "<ul>\n";
+    for (const auto* audience : {&files_.consumer, &files_.developer}) {
+        const auto file = statusFile(*audience, anchor_, now);
+        for (const auto& service : file.at("services").as_array()) {
+            const auto& events = service.at("events").as_array();
+            const bool isDown = std::ranges::any_of(events, [](const json::value& event) {
+                const auto* status = event.as_object().if_contains("eventStatus");
+                return status == nullptr || *status == "ongoing";
+            });
+            const std::string_view name = service.at("serviceName").as_string();
+            list += fmt::format("<li>{}: {}</li>\n", escaped(name), isDown ? "Issue" : "Available");
+        }
+    }
+    return htmlPage(200, "System Status", list + "</ul>");
+}
+
+}  // namespace pressroom

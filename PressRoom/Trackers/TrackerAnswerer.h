@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string_view>
+
+#include "PressRoom/Answerer.h"
+#include "PressRoom/Trackers/TrackerFault.h"
+#include "PressRoom/Trackers/TrackerFiles.h"
+#include "PressRoom/World/Misbehaviour.h"
+
+namespace pressroom {
+
+/// Serves Apple's two status files with the page that belongs to them, and the maker's service
+/// of releases, events and quotes. Other addresses of those hosts are none of its own.
+///
+/// For the same anchor, the same moment always has the same bytes.
+class TrackerAnswerer : public Answerer {
+public:
+    /// Takes those out of `misbehaviours` that bear a tracker's name. Throws
+    /// std::runtime_error when a tracker can't misbehave in that way.
+    TrackerAnswerer(TrackerFiles files, std::chrono::sys_seconds anchor,
+                    Misbehaviours& misbehaviours);
+
+    std::optional<Response> answer(const Request& request,
+                                   std::chrono::sys_seconds now) const override;
+
+private:
+    Response statusPage(std::chrono::sys_seconds now) const;
+    Response served(std::string_view tracker, const Request& request, TrackerAnswer answer) const;
+    Response status(bool isDeveloper, const Request& request, std::chrono::sys_seconds now) const;
+    Response quoteOf(const Request& request, std::chrono::sys_seconds now) const;
+
+    TrackerFiles files_;
+    std::chrono::sys_seconds anchor_;
+    Misbehaviours misbehaviours_;
+};
+
+}  // namespace pressroom

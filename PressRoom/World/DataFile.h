@@ -1,0 +1,90 @@
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "NewsroomKit/Records/Codec.h"
+
+namespace pressroom {
+
+/// The sentence names the file and, when one is at fault, the key.
+class WorldError : public std::runtime_error {
+public:
+    WorldError(const std::filesystem::path& file, const std::string& reason);
+};
+
+/// Throws WorldError when the file can't be opened.
+std::string contentsOf(const std::filesystem::path& file);
+
+/// What the press room can answer for.
+bool isWebAddress(std::string_view text);
+
+/// Runs a check; the RecordError that it throws gets `step` in front of its path.
+template <class Check>
+void inside(const std::string& step, Check check) {
+    try {
+        check();
+    } catch (const newsroom::RecordError& error) {
+        throw error.inside(step);
+    }
+}
+
+/// A misspelt optional key would otherwise be passed over in silence. Looks into the records
+/// that the record holds, too; `value` must have been decoded as a T before.
+template <class T>
+struct KnownKeys {
+    static void require(const boost::json::value&) {}
+};
+
+template <class T>
+struct KnownKeys<std::optional<T>> {
+    static void require(const boost::json::value& value) {
+        if (!value.is_null()) KnownKeys<T>::require(value);
+    }
+};
+
+template <class T>
+struct KnownKeys<std::vector<T>> {
+    static void require(const boost::json::value& value) {
+        const auto& list = value.get_array();
+        for (std::size_t i = 0; i < list.size(); ++i) {
+            inside("[" + std::to_string(i) + "]", [&] { KnownKeys<T>::require(list[i]); });
+        }
+    }
+};
+
+template <newsroom::Record R>
+struct KnownKeys<R> {
+    static void require(const boost::json::value& value) {
+        for (const auto& pair : value.get_object()) {
+            const auto look = [&]<class Member>(const newsroom::Field<R, Member>& field) {
+                if (field.key != pair.key()) return false;
+                inside(std::string(pair.key()),
+                       [&] { KnownKeys<Member>::require(pair.value()); });
+                return true;
+            };
+            const bool known = std::apply([&](const auto&... field) { return (look(field) || ...); },
+                                          newsroom::RecordShape<R>::fields);
+            if (!known) throw newsroom::RecordError(std::string(pair.key()), "unknown key");
+        }
+    }
+};
+
+/// Reads a file that holds one record, every key of it known, and lets `check` look at it: a
+/// function that throws RecordError. Throws WorldError.
+template <class R, class Check>
+R readDataFile(const std::filesystem::path& file, Check check) {
+    try {
+        const auto value = newsroom::parseJSON(contentsOf(file));
+        auto record = newsroom::decode<R>(value);
+        KnownKeys<R>::require(value);
+        check(record);
+        return record;
+    } catch (const newsroom::RecordError& error) {
+        throw WorldError(file, error.what());
+    }
+}
+
+}  // namespace pressroom

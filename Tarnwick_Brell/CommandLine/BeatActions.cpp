@@ -1,0 +1,189 @@
+#include "Tarnwick_Brell/CommandLine/BeatActions.h"
+
+#include <vector>
+
+#include "NewsroomKit/Newsrooms/NewsroomMaking.h"
+#include "NewsroomKit/Newsrooms/NewsroomLimits.h"
+#include "Tarnwick_Brell/CommandLine/BeatMatches.h"
+#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/QueryText.h"
+#include "Tarnwick_Brell/CommandLine/ShelfNaming.h"
+#include "Tarnwick_Brell/CommandLine/TextTable.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
+
+namespace brell {
+
+namespace {
+
+using desk::BeatShelf;
+using newsroom::Beat;
+
+constexpr std::string_view kBeat = "beat";
+constexpr int kDays = 7;
+
+boost::json::value recordOf(const BeatShelf::Entry& entry) {
+    if (entry.value) return newsroom::encode(*entry.value);
+    return boost::json::object{
+        {"id", entry.id}, {"name", entry.name}, {"unreadable", entry.fault}};
+}
+
+std::string stories(std::size_t count) {
+    return fmt::format("{} {}", count, count == 1 ? "story" : "stories");
+}
+
+newsroom::StoryQuery givenQuery(desk::LocalStore& store, const QueryOptions& options) {
+    const auto query = options.query();
+    requireKnownSources(store, options.sources);
+    if (query.isEmpty()) {
+        throw WrongUsage(
+            "Say which stories the beat follows: --any, --exclude, --source or --sourcing.");
+    }
+    return query;
+}
+
+/// Throws WrongUsage when the beat holds what no beat can.
+void requireSound(const Beat& beat) {
+    try {
+        newsroom::NewsroomLimits::require(beat);
+    } catch (const newsroom::RecordError& error) {
+        throw WrongUsage(fmt::format("That can't be a beat: {}.", error.what()));
+    }
+}
+
+void put(Session& session, BeatShelf& shelf, Beat beat) {
+    write(session, session.store().beats(), shelf.put(std::move(beat)));
+}
+
+void confirm(Session& session, const Beat& beat, std::string_view what) {
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(newsroom::encode(beat)));
+        return;
+    }
+    const auto matched = matchedLately(session, {beat.query}, kDays).front().size();
+    session.out().line(fmt::format(
+        "{} {}: {}. It would have matched {} of the last {} days.{}", what, printable(beat.name),
+        queryText(beat.query), stories(matched), kDays,
+        beat.alerts ? " New ones are announced." : ""));
+}
+
+}  // namespace
+
+int listBeats(Session& session) {
+    const auto shelf = BeatShelf::read(session.storeForReading().beats());
+    if (session.options().json) {
+        boost::json::array records;
+        for (const auto& entry : shelf.entries()) records.push_back(recordOf(entry));
+        session.out().line(boost::json::serialize(records));
+        return kDone;
+    }
+    if (shelf.entries().empty()) {
+        session.out().line(
+            "No beats yet. brell beat new NAME --any TERMS makes one, brell beat test tries it.");
+        return kDone;
+    }
+    std::vector<newsroom::StoryQuery> queries;
+    for (const auto& entry : shelf.entries())
+        queries.push_back(entry.value ? entry.value->query : newsroom::StoryQuery());
+    const auto matched = matchedLately(session, queries, kDays);
+    TextTable table({"FOLLOWS", "BEAT", "ALERTS", "7 DAYS"});
+    for (std::size_t i = 0; i < shelf.entries().size(); ++i) {
+        const auto& entry = shelf.entries()[i];
+        if (entry.value) {
+            table.add({queryText(entry.value->query), printable(entry.name),
+                       entry.value->alerts ? "on" : "off", std::to_string(matched[i].size())});
+        } else {
+            table.add({"unreadable: " + printable(entry.fault), printable(entry.name), "", ""});
+        }
+    }
+    table.print(session.out());
+    return kDone;
+}
+
+int newBeat(Session& session, const BeatOptions& options) {
+    requireSymbol(options.symbol);
+    const auto query = givenQuery(session.store(), options.query);
+    auto shelf = BeatShelf::read(session.store().beats());
+    requireFree(shelf, options.name, kBeat);
+    Beat beat;
+    try {
+        beat = newsroom::madeBeat(trimmed(options.name), options.symbol, query, options.alerts == "on");
+    } catch (const newsroom::RecordError& error) {
+        throw WrongUsage(fmt::format("That can't be a beat: {}.", error.what()));
+    }
+    put(session, shelf, beat);
+    confirm(session, beat, "Added");
+    return kDone;
+}
+
+int changeBeat(Session& session, const BeatOptions& options) {
+    requireSymbol(options.symbol);
+    auto shelf = BeatShelf::read(session.store().beats());
+    const auto& entry = named(shelf.entries(), options.name, kBeat);
+    auto beat = readable(entry, kBeat);
+    if (!options.newName.empty() && options.newName != beat.name) {
+        const auto others = BeatShelf::meant(shelf.entries(), options.newName);
+        if (!others.empty() && others.front() != &entry) requireFree(shelf, options.newName, kBeat);
+        beat.name = trimmed(options.newName);
+    }
+    if (!options.symbol.empty()) beat.symbol = options.symbol;
+    if (!options.alerts.empty()) beat.alerts = options.alerts == "on";
+    if (options.query.isGiven()) beat.query = givenQuery(session.store(), options.query);
+    if (beat == *entry.value) throw WrongUsage("Say what to change; see brell beat change --help.");
+    requireSound(beat);
+    put(session, shelf, beat);
+    confirm(session, beat, "Changed");
+    return kDone;
+}
+
+int tryBeat(Session& session, const BeatOptions& options) {
+    auto& store = session.storeForReading();
+    newsroom::StoryQuery query;
+    if (options.name.empty()) {
+        query = givenQuery(store, options.query);
+    } else {
+        if (options.query.isGiven())
+            throw WrongUsage("Name a beat or say what to follow, not both.");
+        const auto shelf = BeatShelf::read(store.beats());
+        query = readable(named(shelf.entries(), options.name, kBeat), kBeat).query;
+    }
+    const auto matched = matchedLately(session, {query}, static_cast<int>(options.days)).front();
+    printMatches(session, query, matched, static_cast<int>(options.days));
+    return kDone;
+}
+
+int moveBeat(Session& session, const BeatOptions& options) {
+    auto shelf = BeatShelf::read(session.store().beats());
+    const auto id = named(shelf.entries(), options.name, kBeat).id;
+    const auto change = shelf.move(id, static_cast<std::size_t>(options.place - 1));
+    write(session, session.store().beats(), *change);
+    return listBeats(session);
+}
+
+int removeBeat(Session& session, const BeatOptions& options) {
+    auto shelf = BeatShelf::read(session.store().beats());
+    const auto entry = named(shelf.entries(), options.name, kBeat);
+    write(session, session.store().beats(), *shelf.remove(entry.id));
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(recordOf(entry)));
+    } else {
+        session.out().line(fmt::format("Removed {0}. brell beat restore brings it back.",
+                                       printable(entry.name)));
+    }
+    return kDone;
+}
+
+int restoreBeat(Session& session, const BeatOptions& options) {
+    auto shelf = BeatShelf::read(session.store().beats());
+    if (shelf.removed().empty()) throw WorkFailed("No beat has been removed.");
+    const auto entry = options.name.empty() ? shelf.removed().front()
+                                            : lastRemoved(shelf.removed(), options.name, kBeat);
+    write(session, session.store().beats(), *shelf.restore(entry.id));
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(recordOf(entry)));
+    } else {
+        session.out().line(fmt::format("{} is back.", printable(entry.name)));
+    }
+    return kDone;
+}
+
+}  // namespace brell

@@ -1,0 +1,52 @@
+#include "Tarnwick_Brell/CommandLine/BeatMatches.h"
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Stories/StoryShape.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/WireLine.h"
+
+namespace brell {
+
+std::vector<std::vector<desk::StoredStory>> matchedLately(
+    Session& session, const std::vector<newsroom::StoryQuery>& queries, int days) {
+    std::vector<newsroom::CompiledStoryQuery> compiled;
+    for (const auto& query : queries) compiled.push_back(query.compiled());
+    std::vector<std::vector<desk::StoredStory>> matched(queries.size());
+    const auto since = session.now() - std::chrono::days(days);
+    session.storeForReading().stories().eachInWireOrder(
+        since, [&](const desk::StoredStory& stored) {
+            for (std::size_t i = 0; i < compiled.size(); ++i) {
+                if (compiled[i].matches(stored.story)) matched[i].push_back(stored);
+            }
+            return true;
+        });
+    return matched;
+}
+
+void printMatches(Session& session, const newsroom::StoryQuery& query,
+                  const std::vector<desk::StoredStory>& matched, int days) {
+    const auto compiled = query.compiled();
+    auto& out = session.out();
+    if (session.options().json) {
+        boost::json::array stories;
+        for (const auto& stored : matched) {
+            boost::json::object entry{{"story", newsroom::encode(stored.story)}};
+            if (const auto term = compiled.matchedTerm(stored.story)) entry["term"] = *term;
+            stories.push_back(std::move(entry));
+        }
+        out.line(boost::json::serialize(
+            boost::json::object{{"days", days}, {"matches", std::move(stories)}}));
+        return;
+    }
+    out.line(fmt::format("Would have matched {} {} of the last {} days{}", matched.size(),
+                         matched.size() == 1 ? "story" : "stories", days,
+                         matched.empty() ? "." : ":"));
+    for (const auto& stored : matched) {
+        out.line(wireLine(out, stored, session.now()));
+        if (const auto term = compiled.matchedTerm(stored.story))
+            out.line(out.dim("    mentions " + printable(*term)));
+    }
+}
+
+}  // namespace brell

@@ -1,0 +1,72 @@
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Spans.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::AppleCalendarEvent;
+using Events = std::vector<AppleCalendarEvent>;
+
+boost::json::object eventsObject(const Events& events) {
+    boost::json::array list;
+    for (const auto& event : events) {
+        auto record = newsroom::encode(event).get_object();
+        record["anniversary"] = event.isAnniversary();
+        record["released"] = event.isReleased();
+        list.push_back(std::move(record));
+    }
+    return {{"events", std::move(list)}};
+}
+
+std::string noteOf(const AppleCalendarEvent& event) {
+    std::string note = printable(event.window);
+    if (!note.empty()) note += " ";
+    return note + "(" + printable(event.publisher) + ")";
+}
+
+void print(Session& session, Events events) {
+    if (events.empty()) {
+        session.out().line("Apple's calendar is empty.");
+        return;
+    }
+    std::ranges::stable_sort(events, {}, &AppleCalendarEvent::starts);
+    TextTable table({"event", "begins", "", "status"});
+    for (const auto& event : events) {
+        table.add({printable(event.title), dayAndTime(event.starts),
+                   distanceText(event.starts, session.now()), printable(event.status)});
+        table.addNote(noteOf(event));
+    }
+    table.print(session.out());
+}
+
+int runEvents(Session& session, bool isStored) {
+    const auto reading =
+        askTracker(session, isStored, [](auto& tracker) { return tracker.events(); });
+    return showTracker<Events>(
+        session, isStored, reading,
+        {.json = eventsObject, .text = [&](const Events& events) { print(session, events); }});
+}
+
+}  // namespace
+
+void addEventsCommand(CLI::App& app, Command& chosen) {
+    auto isStored = std::make_shared<bool>(false);
+    auto* command = app.add_subcommand("events", "Apple's calendar of events and releases");
+    addStoredFlag(*command, *isStored);
+    command->callback([isStored, &chosen] {
+        chosen = [isStored](Session& session) { return runEvents(session, *isStored); };
+    });
+}
+
+}  // namespace brell

@@ -1,0 +1,99 @@
+#include <optional>
+
+#include "NewsroomKit/Trackers/NewBuilds.h"
+#include "NewsroomKit/Trackers/ServiceProblems.h"
+#include "NewsroomKit/Trackers/TrackerAPI.h"
+#include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
+
+namespace brell::inspect {
+
+using newsroom::AppleServiceStatus;
+using newsroom::NewBuilds;
+using newsroom::ServiceProblems;
+using newsroom::TrackerAPI;
+
+namespace {
+
+template <class Record>
+json::object written(const Record& record) {
+    return newsroom::encode(record, DateStyle::secondsSince1970).get_object();
+}
+
+json::array reports(const std::vector<AppleServiceStatus::Report>& list) {
+    json::array array;
+    for (const auto& report : list) {
+        json::object object{{"id", report.id()}};
+        for (const auto& pair : written(report)) object.insert(pair);
+        array.push_back(std::move(object));
+    }
+    return array;
+}
+
+template <class T>
+std::optional<T> given(const json::object& input, std::string_view key) {
+    const auto* value = input.if_contains(key);
+    if (!value || value->is_null()) return std::nullopt;
+    return required<T>(input, key);
+}
+
+std::optional<AppleServiceStatus::Services> givenServices(const json::object& input,
+                                                          std::string_view key) {
+    const auto text = given<std::string>(input, key);
+    if (!text) return std::nullopt;
+    return AppleServiceStatus::parse(*text);
+}
+
+}  // namespace
+
+json::object status(const json::object& input) {
+    const auto since = given<newsroom::Instant>(input, "since");
+    const auto services = AppleServiceStatus::parse(document(input));
+    json::object answer{{"services", newsroom::encode(services, DateStyle::secondsSince1970)},
+                        {"ongoing", reports(AppleServiceStatus::ongoingReports(services))}};
+    if (since) answer["recent"] = reports(AppleServiceStatus::recentReports(*since, services));
+    return answer;
+}
+
+json::object problems(const json::object& input) {
+    const auto look =
+        ServiceProblems::look(given<ServiceProblems::Known>(input, "known"),
+                              givenServices(input, "consumer"), givenServices(input, "developer"));
+    json::array ids;
+    for (const auto& report : look.problems) ids.emplace_back(report.id());
+    json::object answer{{"problems", std::move(ids)},
+                        {"restored", newsroom::encode(look.restored)}};
+    if (look.known) answer["known"] = newsroom::encode(*look.known);
+    return answer;
+}
+
+json::object releases(const json::object& input) {
+    const auto platforms = TrackerAPI::parseReleases(required<std::string>(input, "text"));
+    const auto look = NewBuilds::look(
+        given<NewBuilds::Known>(input, "knownBuilds").value_or(NewBuilds::Known()), platforms);
+    json::array keys;
+    for (const auto& build : look.announced) keys.emplace_back(build.key());
+    return {{"platforms", newsroom::encode(platforms, DateStyle::secondsSince1970)},
+            {"announced", std::move(keys)},
+            {"knownBuilds", newsroom::encode(look.known)}};
+}
+
+json::object events(const json::object& input) {
+    json::array list;
+    for (const auto& event : TrackerAPI::parseEvents(required<std::string>(input, "text"))) {
+        auto object = written(event);
+        object["anniversary"] = event.isAnniversary();
+        object["released"] = event.isReleased();
+        list.push_back(std::move(object));
+    }
+    return {{"events", std::move(list)}};
+}
+
+json::object quote(const json::object& input) {
+    const auto stock = TrackerAPI::parseQuote(required<std::string>(input, "text"));
+    json::object answer{{"open", stock.isOpen()}};
+    if (const auto close = stock.previousClose())
+        answer["previousClose"] = newsroom::encode(*close);
+    return answer;
+}
+
+}  // namespace brell::inspect

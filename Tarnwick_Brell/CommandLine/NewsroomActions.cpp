@@ -1,0 +1,192 @@
+#include "Tarnwick_Brell/CommandLine/NewsroomActions.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "NewsroomKit/Newsrooms/NewsroomLimits.h"
+#include "NewsroomKit/Newsrooms/NewsroomMaking.h"
+#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/NewsroomText.h"
+#include "Tarnwick_Brell/CommandLine/QueryText.h"
+#include "Tarnwick_Brell/CommandLine/ShelfNaming.h"
+#include "Tarnwick_Brell/CommandLine/TextTable.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
+
+namespace brell {
+
+namespace {
+
+using desk::NewsroomShelf;
+using newsroom::NewsroomSpec;
+using newsroom::PanelKind;
+
+constexpr std::string_view kNewsroom = "newsroom";
+
+/// Throws WrongUsage for a word that names no kind, and for none at all.
+std::vector<PanelKind> kindsNamed(const std::string& list) {
+    const auto offered = newsroom::offeredPanelKinds();
+    std::vector<PanelKind> kinds;
+    for (const auto& word : separatedByCommas(list)) {
+        const auto kind = newsroom::enumFromRaw<PanelKind>(word);
+        if (kind && std::find(offered.begin(), offered.end(), *kind) != offered.end()) {
+            kinds.push_back(*kind);
+            continue;
+        }
+        std::string known;
+        for (const auto one : offered) {
+            known += fmt::format("\n  {:<11} {}", rawValue(one), kindRow(one).description);
+        }
+        throw WrongUsage(
+            fmt::format("No panel of the kind {} can be added. There are:{}", printable(word), known));
+    }
+    if (kinds.empty()) throw WrongUsage("Name the kinds of the panels: --panels stream,status");
+    return kinds;
+}
+
+newsroom::StoryQuery givenFocus(Session& session, const QueryOptions& options) {
+    const auto focus = options.query();
+    requireKnownSources(session.store(), options.sources);
+    return focus;
+}
+
+[[noreturn]] void refuse(const newsroom::RecordError& error) {
+    throw WrongUsage(fmt::format("That can't be a newsroom: {}.", error.what()));
+}
+
+NewsroomShelf shelfToChange(Session& session) {
+    return NewsroomShelf::read(session.store().newsrooms());
+}
+
+void put(Session& session, NewsroomShelf& shelf, NewsroomSpec spec) {
+    write(session, session.store().newsrooms(), shelf.put(std::move(spec)));
+}
+
+void tell(Session& session, const NewsroomShelf::Entry& entry, const std::string& sentence) {
+    session.out().line(session.options().json ? boost::json::serialize(recordOf(entry))
+                                              : sentence);
+}
+
+void tell(Session& session, const NewsroomShelf& shelf, const NewsroomSpec& spec,
+          std::string_view what) {
+    tell(session, *shelf.find(spec.id.text()),
+         fmt::format("{} {}: {}, {}.", what, printable(spec.name), panelsText(spec),
+                     queryText(spec.focus)));
+}
+
+}  // namespace
+
+int listNewsrooms(Session& session) {
+    const auto shelf = NewsroomShelf::read(session.storeForReading().newsrooms());
+    if (session.options().json) {
+        boost::json::array records;
+        for (const auto& entry : shelf.entries()) records.push_back(recordOf(entry));
+        session.out().line(boost::json::serialize(records));
+        return kDone;
+    }
+    if (shelf.entries().empty()) {
+        session.out().line(
+            "No newsrooms. brell newsroom new NAME --panels KINDS makes one, brell newsroom "
+            "restore brings a removed one back.");
+        return kDone;
+    }
+    TextTable table({"NEWSROOM", "PANELS", "FOLLOWS"});
+    for (const auto& entry : shelf.entries()) {
+        if (!entry.value) {
+            table.add({printable(entry.name), "unreadable", ""});
+            table.addNote(printable(entry.fault));
+            continue;
+        }
+        table.add({printable(entry.name), std::to_string(entry.value->panels.size()),
+                   queryText(entry.value->focus)});
+    }
+    table.print(session.out());
+    return kDone;
+}
+
+int newNewsroom(Session& session, const NewsroomOptions& options) {
+    requireSymbol(options.symbol);
+    const auto kinds = kindsNamed(options.panels);
+    auto focus = givenFocus(session, options.focus);
+    auto shelf = shelfToChange(session);
+    const auto name = trimmed(options.name);
+    requireFree(shelf, name, kNewsroom);
+    NewsroomSpec spec;
+    try {
+        spec = newsroom::madeNewsroom(name, options.symbol, kinds, std::move(focus));
+    } catch (const newsroom::RecordError& error) {
+        refuse(error);
+    }
+    put(session, shelf, spec);
+    tell(session, shelf, spec, "Added");
+    return kDone;
+}
+
+int changeNewsroom(Session& session, const NewsroomOptions& options) {
+    requireSymbol(options.symbol);
+    auto shelf = shelfToChange(session);
+    const auto& entry = named(shelf.entries(), options.name, kNewsroom);
+    auto spec = readable(entry, kNewsroom);
+    if (!options.newName.empty()) {
+        const auto name = trimmed(options.newName);
+        const auto others = NewsroomShelf::meant(shelf.entries(), name);
+        if (!others.empty() && others.front() != &entry) requireFree(shelf, name, kNewsroom);
+        spec.name = name;
+    }
+    if (!options.symbol.empty()) spec.symbol = options.symbol;
+    if (options.focus.isGiven()) spec.focus = givenFocus(session, options.focus);
+    if (spec == *entry.value)
+        throw WrongUsage("Say what to change; see brell newsroom change --help.");
+    try {
+        newsroom::NewsroomLimits::require(spec);
+    } catch (const newsroom::RecordError& error) {
+        refuse(error);
+    }
+    put(session, shelf, spec);
+    tell(session, shelf, spec, "Changed");
+    return kDone;
+}
+
+int duplicateNewsroom(Session& session, const NewsroomOptions& options) {
+    auto shelf = shelfToChange(session);
+    const auto& spec = readable(named(shelf.entries(), options.name, kNewsroom), kNewsroom);
+    auto name = trimmed(options.newName);
+    if (name.empty()) {
+        name = shelf.freeName(spec.name);
+    } else {
+        requireFree(shelf, name, kNewsroom);
+    }
+    const auto copy = newsroom::duplicated(spec, name);
+    put(session, shelf, copy);
+    tell(session, shelf, copy, "Added");
+    return kDone;
+}
+
+int moveNewsroom(Session& session, const NewsroomOptions& options) {
+    auto shelf = shelfToChange(session);
+    const auto id = named(shelf.entries(), options.name, kNewsroom).id;
+    const auto change = shelf.move(id, static_cast<std::size_t>(options.place - 1));
+    write(session, session.store().newsrooms(), *change);
+    return listNewsrooms(session);
+}
+
+int removeNewsroom(Session& session, const NewsroomOptions& options) {
+    auto shelf = shelfToChange(session);
+    const auto entry = named(shelf.entries(), options.name, kNewsroom);
+    write(session, session.store().newsrooms(), *shelf.remove(entry.id));
+    tell(session, entry,
+         fmt::format("Removed {}. brell newsroom restore brings it back.", printable(entry.name)));
+    return kDone;
+}
+
+int restoreNewsroom(Session& session, const NewsroomOptions& options) {
+    auto shelf = shelfToChange(session);
+    if (shelf.removed().empty()) throw WorkFailed("No newsroom has been removed.");
+    const auto entry = options.name.empty()
+                           ? shelf.removed().front()
+                           : lastRemoved(shelf.removed(), options.name, kNewsroom);
+    write(session, session.store().newsrooms(), *shelf.restore(entry.id));
+    tell(session, entry, fmt::format("{} is back.", printable(entry.name)));
+    return kDone;
+}
+
+}  // namespace brell

@@ -1,0 +1,68 @@
+#include <algorithm>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "Tarnwick_Brell/CommandLine/NewsroomActions.h"
+#include "Tarnwick_Brell/CommandLine/PanelText.h"
+#include "Tarnwick_Brell/CommandLine/QueryText.h"
+#include "Tarnwick_Brell/CommandLine/ShelfNaming.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::PanelSpec;
+
+/// As the eye goes over the grid.
+std::vector<const PanelSpec*> inReadingOrder(const newsroom::NewsroomSpec& spec) {
+    std::vector<const PanelSpec*> panels;
+    for (const auto& panel : spec.panels) panels.push_back(&panel);
+    std::stable_sort(panels.begin(), panels.end(), [](const PanelSpec* a, const PanelSpec* b) {
+        return std::pair(a->frame.row, a->frame.column) < std::pair(b->frame.row, b->frame.column);
+    });
+    return panels;
+}
+
+void printPanel(Session& session, PanelHoldings& holdings, const newsroom::NewsroomSpec& spec,
+                const PanelSpec& panel) {
+    auto& out = session.out();
+    std::string heading = printable(panel.title);
+    if (panel.query) heading += " (" + queryText(*panel.query) + ")";
+    out.line();
+    out.line(out.bold(heading) + out.dim(fmt::format("  {}", rawValue(panel.kind))));
+    for (const auto& line : panelLines(holdings, panel, spec.effectiveQuery(panel))) out.line("  " + line);
+}
+
+boost::json::value recordOf(PanelHoldings& holdings, const newsroom::NewsroomSpec& spec) {
+    boost::json::array panels;
+    for (const auto* panel : inReadingOrder(spec)) {
+        boost::json::array lines;
+        for (auto& line : panelLines(holdings, *panel, spec.effectiveQuery(*panel))) lines.emplace_back(line);
+        panels.push_back({{"id", panel->id.text()},
+                          {"kind", rawValue(panel->kind)},
+                          {"title", panel->title},
+                          {"lines", std::move(lines)}});
+    }
+    return {{"spec", newsroom::encode(spec)}, {"panels", std::move(panels)}};
+}
+
+}  // namespace
+
+int showNewsroom(Session& session, const NewsroomOptions& options) {
+    const auto shelf = desk::NewsroomShelf::read(session.storeForReading().newsrooms());
+    const auto& spec = readable(named(shelf.entries(), options.name, "newsroom"), "newsroom");
+    PanelHoldings holdings(session);
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(recordOf(holdings, spec)));
+        return kDone;
+    }
+    session.out().line(session.out().bold(printable(spec.name)) +
+                       (spec.focus.isEmpty() ? "" : ", " + queryText(spec.focus)));
+    if (spec.panels.empty()) session.out().line("It has no panels.");
+    for (const auto* panel : inReadingOrder(spec)) printPanel(session, holdings, spec, *panel);
+    return kDone;
+}
+
+}  // namespace brell

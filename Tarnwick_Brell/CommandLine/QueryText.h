@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "NewsroomKit/Queries/StoryQuery.h"
+
+namespace brell {
+
+/// A query in words: "iPhone 18 or A20, not case, from macrumors", "every story" when it asks for
+/// nothing.
+std::string queryText(const newsroom::StoryQuery& query);
+
+}  // namespace brell

@@ -1,0 +1,172 @@
+#include "Tarnwick_Brell/CommandLine/QuoteChart.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+#include <fmt/format.h>
+
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::Instant;
+using newsroom::StockQuote;
+
+constexpr std::size_t kRows = 8;
+constexpr std::size_t kWidest = 100;
+constexpr std::size_t kNarrowest = 16;
+constexpr std::size_t kDotsAcross = 2;  // of a character
+constexpr std::size_t kDotsDown = 4;
+
+/// Dots in a grid of Braille characters, counted from the upper left.
+class Canvas {
+public:
+    explicit Canvas(std::size_t columns) : columns_(columns), cells_(columns * kRows) {}
+
+    std::size_t width() const { return columns_ * kDotsAcross; }
+    static constexpr std::size_t height() { return kRows * kDotsDown; }
+
+    void set(std::size_t x, std::size_t y) {
+        // The order of the dots in U+2800 to U+28FF.
+        constexpr unsigned dots[kDotsDown][kDotsAcross] = {
+            {0x01, 0x08}, {0x02, 0x10}, {0x04, 0x20}, {0x40, 0x80}};
+        cells_[y / kDotsDown * columns_ + x / kDotsAcross] |= dots[y % kDotsDown][x % kDotsAcross];
+    }
+
+    std::string row(std::size_t number) const {
+        std::string text;
+        for (std::size_t i = 0; i < columns_; ++i) {
+            const auto dots = cells_[number * columns_ + i];
+            // U+2800 + dots, in UTF-8.
+            if (dots == 0) {
+                text += ' ';
+            } else {
+                text += {'\xE2', static_cast<char>(0xA0 | dots >> 6U),
+                         static_cast<char>(0x80 | (dots & 0x3FU))};
+            }
+        }
+        return text;
+    }
+
+private:
+    std::size_t columns_;
+    std::vector<unsigned> cells_;
+};
+
+struct Scale {
+    double low;
+    double high;
+
+    std::size_t dot(double price) const {
+        const double share = (high - price) / (high - low);
+        // A flat line, and numbers beyond what can be divided, stand in the middle.
+        if (!(share >= 0 && share <= 1)) return Canvas::height() / 2;
+        return static_cast<std::size_t>(std::lround(share * (Canvas::height() - 1)));
+    }
+};
+
+bool isOneDay(const StockQuote& quote) { return quote.range == "1d"; }
+
+/// From 0 at the left to 1 at the right. A day's points stand where their times are in the
+/// session; points of several sessions follow each other without the nights between.
+std::vector<double> places(const StockQuote& quote) {
+    const auto& points = quote.points;
+    std::vector<double> places(points.size());
+    const bool isWithinSession =
+        isOneDay(quote) && quote.sessionOpen && quote.sessionClose &&
+        *quote.sessionOpen < *quote.sessionClose &&
+        std::ranges::all_of(points, [&](const StockQuote::Point& point) {
+            return point.time >= *quote.sessionOpen && point.time <= *quote.sessionClose;
+        }) && std::ranges::is_sorted(points, {}, &StockQuote::Point::time);
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        if (isWithinSession) {
+            const std::chrono::duration<double> whole = *quote.sessionClose - *quote.sessionOpen;
+            places[i] = (points[i].time - *quote.sessionOpen) / whole;
+        } else {
+            places[i] = static_cast<double>(i) / static_cast<double>(points.size() - 1);
+        }
+    }
+    return places;
+}
+
+void drawReference(Canvas& canvas, const Scale& scale, double price) {
+    for (std::size_t x = 0; x < canvas.width(); x += 4) canvas.set(x, scale.dot(price));
+}
+
+/// Straight from point to point; steep pieces are drawn without gaps.
+void drawCurve(Canvas& canvas, const Scale& scale, const StockQuote& quote) {
+    const auto at = places(quote);
+    const auto lastX = static_cast<double>(canvas.width() - 1);
+    auto previous = scale.dot(quote.points.front().close);
+    std::size_t next = 1;
+    for (std::size_t x = 0; x < canvas.width(); ++x) {
+        const double place = static_cast<double>(x) / lastX;
+        while (next + 1 < at.size() && at[next] < place) ++next;
+        if (place < at.front() || place > at.back() + 0.5 / lastX) continue;
+        const double gap = at[next] - at[next - 1];
+        const double share = gap > 0 ? std::clamp((place - at[next - 1]) / gap, 0.0, 1.0) : 1;
+        const double from = quote.points[next - 1].close;
+        const auto y = scale.dot(from + (quote.points[next].close - from) * share);
+        const auto begin = std::min(y, previous + (previous < y ? 1 : 0));
+        const auto end = std::max(y, previous - (previous > y ? 1 : 0));
+        for (auto dot = begin; dot <= end; ++dot) canvas.set(x, dot);
+        previous = y;
+    }
+}
+
+/// The left and the right end of the axis, as far apart as the curve is wide.
+std::string axis(const StockQuote& quote, std::size_t columns) {
+    auto left = dayAndTime(quote.points.front().time);
+    auto right = dayAndTime(quote.points.back().time);
+    constexpr std::size_t day = 10, timeAt = 11;
+    if (isOneDay(quote)) {
+        if (quote.sessionClose && quote.points.front().time >= quote.sessionOpen) {
+            right = dayAndTime(*quote.sessionClose);
+        }
+        right.erase(0, timeAt);
+    } else {
+        left.resize(day);
+        right.resize(day);
+    }
+    const auto used = left.size() + right.size();
+    if (used + 1 > columns) return cutTo(left, columns);
+    return left + std::string(columns - used, ' ') + right;
+}
+
+}  // namespace
+
+std::vector<std::string> quoteChart(const StockQuote& quote, std::size_t width) {
+    const auto& points = quote.points;
+    if (points.size() < 2) return {};
+    const auto [lowest, highest] = std::ranges::minmax(points, {}, &StockQuote::Point::close);
+    Scale scale{lowest.close, highest.close};
+    const auto reference = isOneDay(quote) ? quote.previousClose() : std::nullopt;
+    if (reference) {
+        scale.low = std::min(scale.low, *reference);
+        scale.high = std::max(scale.high, *reference);
+    }
+    const auto top = fmt::format("{:.2f}", scale.high), bottom = fmt::format("{:.2f}", scale.low);
+    const auto labels = std::max(top.size(), bottom.size());
+    const auto left = labels + 3;
+    width = std::min(width, kWidest);
+    if (width < left + kNarrowest) return {};
+
+    Canvas canvas(width - left);
+    if (reference) drawReference(canvas, scale, *reference);
+    drawCurve(canvas, scale, quote);
+    std::vector<std::string> lines;
+    for (std::size_t row = 0; row < kRows; ++row) {
+        const std::string label = row == 0 ? top : row + 1 == kRows ? bottom : std::string();
+        auto line = fmt::format("{:>{}} {} ", label, labels, label.empty() ? "│" : "┤");
+        line += canvas.row(row);
+        line.erase(line.find_last_not_of(' ') + 1);
+        lines.push_back(std::move(line));
+    }
+    lines.push_back(std::string(left, ' ') + axis(quote, canvas.width() / kDotsAcross));
+    return lines;
+}
+
+}  // namespace brell

@@ -1,0 +1,98 @@
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Spans.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::PlatformRelease;
+using newsroom::ReleaseChannel;
+using Releases = std::vector<PlatformRelease>;
+
+struct ReleasesOptions {
+    bool history = false;
+    bool stored = false;
+};
+
+std::string channelText(ReleaseChannel channel) {
+    return channel == ReleaseChannel::beta ? "beta" : "public";
+}
+
+void printReleases(Session& session, const Releases& releases) {
+    TextTable table({"release", "platform", "channel", "build", "published"});
+    for (const auto& platform : releases) {
+        for (const auto channel : {ReleaseChannel::general, ReleaseChannel::beta}) {
+            const auto& release = platform.release(channel);
+            if (!release) continue;
+            table.add({printable(release->title), printable(platform.platform),
+                       channelText(channel), printable(release->build),
+                       distanceText(release->published, session.now())});
+        }
+    }
+    table.print(session.out());
+}
+
+int showReleases(Session& session, const ReleasesOptions& options) {
+    const auto reading =
+        askTracker(session, options.stored, [](auto& tracker) { return tracker.releases(); });
+    return showTracker<Releases>(
+        session, options.stored, reading,
+        {.json =
+             [](const Releases& releases) {
+                 return boost::json::object{{"platforms", newsroom::encode(releases)}};
+             },
+         .text = [&](const Releases& releases) { printReleases(session, releases); }});
+}
+
+int showHistory(Session& session) {
+    // Some ten platforms have a hundred builds a year each.
+    constexpr std::size_t most = 10'000;
+    const auto builds = session.storeForReading().builds().newest(most);
+    auto& out = session.out();
+    if (session.options().json) {
+        out.line(boost::json::serialize(newsroom::encode(builds)));
+        return kDone;
+    }
+    if (builds.empty()) {
+        out.line("No build has been seen yet. brell releases fetches them.");
+        return kDone;
+    }
+    TextTable table({"release", "channel", "build", "first seen", "replaced"});
+    for (const auto& seen : builds) {
+        table.add({printable(seen.release.title), channelText(seen.channel),
+                   printable(seen.release.build), dayAndTime(seen.firstSeen),
+                   seen.replacedAt ? dayAndTime(*seen.replacedAt) : ""});
+    }
+    table.print(out);
+    return kDone;
+}
+
+}  // namespace
+
+void addReleasesCommand(CLI::App& app, Command& chosen) {
+    auto options = std::make_shared<ReleasesOptions>();
+    auto* command =
+        app.add_subcommand("releases", "What Apple's systems are at, for everybody and in beta");
+    auto* history =
+        command->add_flag("--history", options->history,
+                          "Instead, every build that this desk has ever seen, the last first");
+    addStoredFlag(*command, options->stored);
+    command->get_option("--stored")->excludes(history);
+    command->callback([options, &chosen] {
+        chosen = [options](Session& session) {
+            return options->history ? showHistory(session) : showReleases(session, *options);
+        };
+    });
+}
+
+}  // namespace brell

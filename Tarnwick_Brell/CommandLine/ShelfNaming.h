@@ -1,0 +1,79 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
+#include "NewsroomKit/Text/Unicode.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Session.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/Newsrooms/Shelf.h"
+
+namespace brell {
+
+/// The entry that the words of a command line mean, by name or id. `what` is "newsroom" or
+/// "beat". Throws WrongUsage when there is none, or more than one.
+template <class T>
+const desk::ShelfEntry<T>& named(const std::vector<desk::ShelfEntry<T>>& entries,
+                                 const std::string& words, std::string_view what) {
+    const auto meant = desk::Shelf<T>::meant(entries, words);
+    if (meant.size() == 1) return *meant.front();
+    if (meant.empty()) {
+        throw WrongUsage(fmt::format("There is no {0} named {1}. See brell {0}.", what,
+                                     printable(words)));
+    }
+    std::string ids;
+    for (const auto* entry : meant) ids += "\n  " + printable(entry->id);
+    throw WrongUsage(
+        fmt::format("More than one {} is named {}. Name it by its id:{}", what, printable(words),
+                    ids));
+}
+
+/// The same among removed ones, of which the last removed counts when several are meant.
+template <class T>
+const desk::ShelfEntry<T>& lastRemoved(const std::vector<desk::ShelfEntry<T>>& removed,
+                                       const std::string& words, std::string_view what) {
+    const auto meant = desk::Shelf<T>::meant(removed, words);
+    if (!meant.empty()) return *meant.front();
+    throw WrongUsage(fmt::format("No {} named {} has been removed.", what, printable(words)));
+}
+
+/// The record of a named entry. Throws WorkFailed when it can't be read.
+template <class T>
+const T& readable(const desk::ShelfEntry<T>& entry, std::string_view what) {
+    if (entry.value) return *entry.value;
+    throw WorkFailed(fmt::format("The {} {} can't be read ({}). It is kept as it is.", what,
+                                 printable(entry.name), printable(entry.fault)));
+}
+
+/// Throws WrongUsage when an entry has that name already.
+template <class T>
+void requireFree(const desk::Shelf<T>& shelf, const std::string& name, std::string_view what) {
+    if (desk::Shelf<T>::meant(shelf.entries(), name).empty()) return;
+    throw WrongUsage(fmt::format("There is a {} named {} already.", what, printable(name)));
+}
+
+/// Throws WrongUsage unless it is empty or one of NewsroomSymbols.
+inline void requireSymbol(const std::string& symbol) {
+    if (symbol.empty() || newsroom::NewsroomSymbols::contains(symbol)) return;
+    std::string known;
+    for (const auto name : newsroom::NewsroomSymbols::all) known += "\n  " + std::string(name);
+    throw WrongUsage(
+        fmt::format("There is no symbol named {}. There are:{}", printable(symbol), known));
+}
+
+inline std::string trimmed(std::string_view name) {
+    return std::string(newsroom::trimWhitespaceAndNewlines(name));
+}
+
+/// Writes one change of a shelf.
+inline void write(Session& session, desk::RecordTable& table, const desk::ShelfWrite& change) {
+    auto transaction = session.store().transaction();
+    change.applyTo(table, session.now());
+    transaction.commit();
+}
+
+}  // namespace brell

@@ -1,0 +1,121 @@
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/StatusText.h"
+#include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::AppleServiceStatus;
+using newsroom::StatusAudience;
+using Services = AppleServiceStatus::Services;
+
+// As long as the public status page tells what is over.
+constexpr std::chrono::days kRecent{14};
+
+struct StatusOptions {
+    bool developer = false;
+    bool recent = false;
+    bool stored = false;
+    bool log = false;
+    std::string logText;
+
+    StatusAudience audience() const {
+        return developer ? StatusAudience::developer : StatusAudience::consumer;
+    }
+};
+
+boost::json::array reportList(const std::vector<AppleServiceStatus::Report>& reports) {
+    boost::json::array list;
+    for (const auto& report : reports) {
+        auto object = newsroom::encode(report).get_object();
+        object["id"] = report.id();
+        list.push_back(std::move(object));
+    }
+    return list;
+}
+
+int showStatus(Session& session, const StatusOptions& options) {
+    const auto cutOff = session.now() - kRecent;
+    const auto audience = options.audience();
+    const auto reading = askTracker(session, options.stored,
+                                    [&](auto& tracker) { return tracker.status(audience); });
+    return showTracker<Services>(
+        session, options.stored, reading,
+        {.json =
+             [&](const Services& services) {
+                 boost::json::object object{
+                     {"services", newsroom::encode(services)},
+                     {"ongoing", reportList(AppleServiceStatus::ongoingReports(services))}};
+                 if (options.recent) {
+                     object["recent"] =
+                         reportList(AppleServiceStatus::recentReports(cutOff, services));
+                 }
+                 return object;
+             },
+         .text =
+             [&](const Services& services) {
+                 printStatus(session.out(), audience, services, session.now());
+                 if (options.recent) {
+                     printRecentIncidents(session.out(), services, cutOff, session.now());
+                 }
+             }});
+}
+
+int showLog(Session& session, const StatusOptions& options) {
+    // More than Apple has had in years.
+    constexpr std::size_t most = 10'000;
+    auto incidents = session.storeForReading().incidents().find(options.logText, most);
+    if (options.developer) {
+        std::erase_if(incidents, [](const desk::LoggedIncident& incident) {
+            return incident.audience != StatusAudience::developer;
+        });
+    }
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(newsroom::encode(incidents)));
+    } else {
+        printIncidentLog(session.out(), incidents);
+    }
+    return kDone;
+}
+
+int runStatus(Session& session, const StatusOptions& options) {
+    return options.log ? showLog(session, options) : showStatus(session, options);
+}
+
+}  // namespace
+
+void addStatusCommand(CLI::App& app, Command& chosen) {
+    auto options = std::make_shared<StatusOptions>();
+    auto* command = app.add_subcommand("status", "Whether Apple's services are up");
+    command->add_flag("--developer", options->developer,
+                      "The services for developers instead of those for everybody");
+    auto* recent = command->add_flag("--recent", options->recent,
+                                     "Also what is over that began in the last 14 days");
+    auto* log = command
+                    ->add_option("--log", options->logText,
+                                 "Instead, every trouble that this desk has ever seen, the last "
+                                 "first; with TEXT, those with it in service or message")
+                    ->type_name("[TEXT]")
+                    ->expected(0, 1)
+                    ->excludes(recent);
+    addStoredFlag(*command, options->stored);
+    command->footer(
+        "The log has the troubles of all services, of developers' alone with --developer. It "
+        "grows whenever a status is fetched, here or by a desk that stays (brell watch).");
+    command->callback([options, log, &chosen] {
+        options->log = log->count() > 0;
+        chosen = [options](Session& session) { return runStatus(session, *options); };
+    });
+}
+
+}  // namespace brell

@@ -1,0 +1,120 @@
+#include "Tarnwick_Brell/CommandLine/StatusText.h"
+
+#include <algorithm>
+#include <map>
+#include <string>
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Text/Unicode.h"
+#include "Tarnwick_Brell/CommandLine/Spans.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/TextTable.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::AppleServiceStatus;
+using newsroom::Instant;
+using Services = AppleServiceStatus::Services;
+using Incident = AppleServiceStatus::Incident;
+
+std::string verdict(newsroom::StatusAudience audience, std::size_t all, std::size_t inTrouble) {
+    const std::string_view whose =
+        audience == newsroom::StatusAudience::developer ? "developer services" : "services";
+    if (inTrouble == 0) return fmt::format("All {} {} are up.", all, whose);
+    return fmt::format("{} of {} {} {} trouble.", inTrouble, all, whose,
+                       inTrouble == 1 ? "has" : "have");
+}
+
+std::string sinceText(const Incident& incident) {
+    return incident.started ? dayAndTime(*incident.started) : "not said";
+}
+
+std::string lastedText(const Incident& incident, Instant now) {
+    if (!incident.started) return "";
+    const auto end = incident.ended.value_or(now);
+    return end < *incident.started ? "" : spanText(end - *incident.started);
+}
+
+void addNotes(TextTable& table, const Incident& incident) {
+    auto note = printable(incident.message);
+    if (incident.usersAffected) {
+        note += (note.empty() ? "" : " ") + printable(*incident.usersAffected) + ".";
+    }
+    if (!note.empty()) table.addNote(note);
+}
+
+/// When the desk itself saw it.
+std::string seenText(const desk::LoggedIncident& incident) {
+    const auto first = dayAndTime(incident.firstSeen);
+    if (!incident.endedSeen) return "Seen since " + first + ".";
+    const auto last = dayAndTime(*incident.endedSeen);
+    return first == last ? "Seen " + first + ", when it was over."
+                         : "Seen from " + first + " to " + last + ".";
+}
+
+}  // namespace
+
+std::string incidentKindText(std::string_view kind) {
+    return printable(newsroom::lowercasedASCII(kind));
+}
+
+void printStatus(Output& out, newsroom::StatusAudience audience, const Services& services,
+                 Instant now) {
+    const auto reports = AppleServiceStatus::ongoingReports(services);
+    out.line(out.bold(verdict(audience, services.size(), reports.size())));
+    if (reports.empty()) return;
+    out.line();
+    TextTable table({"service", "what", "since", "for"});
+    for (const auto& service : services) {
+        for (const auto& incident : service.events) {
+            if (!incident.isOngoing()) continue;
+            table.add({printable(service.name), incidentKindText(incident.kind),
+                       sinceText(incident), lastedText(incident, now)});
+            addNotes(table, incident);
+        }
+    }
+    table.print(out);
+}
+
+void printRecentIncidents(Output& out, const Services& services, Instant cutOff, Instant now) {
+    const auto reports = AppleServiceStatus::recentReports(cutOff, services);
+    out.line();
+    if (reports.empty()) {
+        out.line("Nothing is over that began in the last 14 days.");
+        return;
+    }
+    out.line(out.bold("The last 14 days"));
+    TextTable table({"service", "what", "began", "lasted", ""});
+    for (const auto& [service, incident] : reports) {
+        const bool isToCome = incident.started && *incident.started > now;
+        table.add({printable(service), incidentKindText(incident.kind), sinceText(incident),
+                   isToCome ? distanceText(*incident.started, now) : lastedText(incident, now),
+                   printable(incident.status)});
+        addNotes(table, incident);
+    }
+    table.print(out);
+}
+
+void printIncidentLog(Output& out, const std::vector<desk::LoggedIncident>& incidents) {
+    if (incidents.empty()) {
+        out.line("The log has no such trouble.");
+        return;
+    }
+    TextTable table({"service", "what", "began", "lasted"});
+    for (const auto& incident : incidents) {
+        const auto began = incident.started.value_or(incident.firstSeen);
+        auto ended = incident.ended;
+        if (!ended) ended = incident.endedSeen;
+        table.add({printable(incident.service), incidentKindText(incident.kind), dayAndTime(began),
+                   ended ? spanText(std::max(*ended - began, Instant::duration(0))) : "goes on"});
+        const auto message = printable(incident.message);
+        if (!message.empty()) table.addNote(message);
+        table.addNote(seenText(incident));
+    }
+    table.print(out);
+}
+
+}  // namespace brell

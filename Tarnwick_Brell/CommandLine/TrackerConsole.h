@@ -1,0 +1,74 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include <boost/json.hpp>
+
+#include "Tarnwick_Brell/CommandLine/Engine.h"
+#include "Tarnwick_Brell/CommandLine/Session.h"
+#include "Tarnwick_Brell/Trackers/TrackerRefresh.h"
+
+namespace CLI {
+class App;
+}
+
+/// What the commands of the trackers have in common.
+namespace brell {
+
+/// Adds --stored.
+void addStoredFlag(CLI::App& command, bool& isStored);
+
+/// Asks the service, or only the library when `isStored`. `ask` takes either; its answer is
+/// kept in the library, as the desk keeps it, but what the desk has announced is its own.
+///
+///     const auto releases = askTracker(session, isStored, [](auto& tracker) { return tracker.releases(); });
+template <class Ask>
+auto askTracker(Session& session, bool isStored, Ask ask) {
+    if (isStored) {
+        desk::LastGood lastGood(session.storeForReading());
+        return ask(lastGood);
+    }
+    Engine engine(session.network(), newsroom::Conditional::no);
+    desk::TrackerRefresh refresh(session.store(), engine.http(), &currentInstant,
+                                 session.defaults().serviceAddress());
+    return engine.await(ask(refresh));
+}
+
+/// How a command shows a value.
+template <class T>
+struct TrackerForms {
+    std::function<boost::json::object(const T&)> json;
+    std::function<void(const T&)> text;
+};
+
+/// When what is shown came, and what has gone wrong since.
+struct TrackerNote {
+    std::optional<newsroom::Instant> fetchedAt;
+    std::optional<std::string> error;
+};
+
+/// The text's last line where it is not obvious when its figures came. Throws WorkFailed when
+/// they were to be fetched and are not from this fetch.
+int endTracker(Session& session, bool isStored, const TrackerNote& note);
+[[noreturn]] void tellNothingThere(bool isStored, const TrackerNote& note);
+void addNote(boost::json::object& object, const TrackerNote& note);
+
+/// Prints what there is to show; the exit status.
+template <class T>
+int showTracker(Session& session, bool isStored, const desk::TrackerReading<T>& reading,
+                const TrackerForms<T>& forms) {
+    const TrackerNote note{reading.fetchedAt, reading.error};
+    if (!reading.value) tellNothingThere(isStored, note);
+    if (session.options().json) {
+        auto object = forms.json(*reading.value);
+        addNote(object, note);
+        session.out().line(boost::json::serialize(object));
+    } else {
+        forms.text(*reading.value);
+    }
+    return endTracker(session, isStored, note);
+}
+
+}  // namespace brell

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <vector>
+
+#include "NewsroomKit/Queries/StoryQuery.h"
+#include "Tarnwick_Brell/Desk/Wire.h"
+
+namespace desk {
+
+/// The stories of the wire that a query wants, newest first, kept while the wire changes.
+///
+/// It starts empty and is filled from the newest story on, in steps that fit between two
+/// frames of a window:
+///
+///     auto change = live.begin();                    // lists empty themselves
+///     while (!live.isComplete()) change = live.continueFor(wire, 8ms);  // … and grow
+///
+/// The wire may change between the steps. From begin() on, every change of the wire must be
+/// given to follow(), with the wire as it is right after that change.
+class LiveQuery {
+public:
+    explicit LiveQuery(const newsroom::StoryQuery& query) : query_(query.compiled()) {}
+
+    std::size_t size() const { return numbers_.size(); }
+    /// Of the stories found, falling.
+    const std::vector<std::int64_t>& numbers() const { return numbers_; }
+    std::optional<std::size_t> placeOf(std::int64_t number) const;
+
+    WireChange begin();
+    /// Tests stories until `budget` is spent, always some hundred at least. What it finds comes
+    /// at the end of the list.
+    WireChange continueFor(const Wire& wire, std::chrono::steady_clock::duration budget);
+    bool isComplete() const { return untestedBelow_ == kNone; }
+    /// Both in one go.
+    WireChange rebuild(const Wire& wire);
+
+    /// What a change of the wire changes in this list, as places in this list. Only stories
+    /// that came or were revised are tested. A reset begins anew.
+    WireChange follow(const Wire& wire, const WireChange& change);
+
+private:
+    static constexpr std::int64_t kNone = std::numeric_limits<std::int64_t>::min();
+    static constexpr std::int64_t kAll = std::numeric_limits<std::int64_t>::max();
+
+    bool wants(const PackedStory& story) const;
+    bool isTested(std::int64_t number) const { return number >= untestedBelow_; }
+    void remove(const std::vector<std::int64_t>& rising, WireChange& change);
+    void insert(const std::vector<std::int64_t>& falling, WireChange& change);
+
+    newsroom::CompiledStoryQuery query_;
+    std::vector<std::int64_t> numbers_{};
+    /// Stories with lower numbers are still to be tested. A number, not a place: those move.
+    std::int64_t untestedBelow_ = kAll;
+};
+
+}  // namespace desk

@@ -1,0 +1,59 @@
+#include "Tarnwick_Brell/Newsrooms/BeatAlerts.h"
+
+#include <algorithm>
+#include <array>
+
+namespace desk {
+
+using newsroom::PanelKind;
+using newsroom::Story;
+
+namespace {
+
+constexpr std::array kOfStories{PanelKind::stream,     PanelKind::brief,    PanelKind::topStories,
+                                PanelKind::claims,     PanelKind::coverage, PanelKind::apple};
+
+bool showsStories(PanelKind kind) {
+    return std::find(kOfStories.begin(), kOfStories.end(), kind) != kOfStories.end();
+}
+
+}  // namespace
+
+BeatAlerts::BeatAlerts(const BeatShelf& beats, const NewsroomShelf& newsrooms) {
+    for (const auto& entry : beats.entries()) {
+        if (!entry.value || !entry.value->alerts) continue;
+        watches_.push_back({entry.id, entry.name, entry.value->query.compiled(),
+                            PanelKind::stream});
+    }
+    for (const auto& entry : newsrooms.entries()) {
+        if (entry.value) watchPanels(*entry.value);
+    }
+}
+
+void BeatAlerts::watchPanels(const newsroom::NewsroomSpec& spec) {
+    for (const auto& panel : spec.panels) {
+        if (!panel.options.alerts || !showsStories(panel.kind)) continue;
+        watches_.push_back({panel.id.text(), spec.name + " – " + panel.title,
+                            spec.effectiveQuery(panel).compiled(), panel.kind});
+    }
+}
+
+std::vector<BeatMatch> BeatAlerts::matches(const std::vector<Story>& news) const {
+    std::vector<BeatMatch> found;
+    for (const auto& watch : watches_) found.push_back({.id = watch.id, .name = watch.name});
+    for (const auto& story : news) {
+        for (std::size_t i = 0; i < watches_.size(); ++i) {
+            if (watches_[i].kind == PanelKind::apple && !story.isAppleSource) continue;
+            if (!watches_[i].query.matches(story)) continue;
+            auto& announcement = found[i].announcement;
+            ++announcement.total;
+            if (announcement.stories.size() < Announcement::kMostOneByOne)
+                announcement.stories.push_back(story);
+            break;
+        }
+    }
+    std::erase_if(found, [](const BeatMatch& match) { return match.announcement.total == 0; });
+    return found;
+}
+
+}  // namespace desk

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "NewsroomKit/Newsrooms/PanelKind.h"
+#include "NewsroomKit/Queries/StoryQuery.h"
+#include "Tarnwick_Brell/Desk/Announcement.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
+
+namespace desk {
+
+/// Stories that one beat, or one panel, tells the user of.
+struct BeatMatch {
+    std::string id{};    ///< of the beat or panel
+    std::string name{};  ///< what the user calls it
+    Announcement announcement{};
+};
+
+/// Which of the stories that have arrived the user wants to be told of, and by which beat. A
+/// story that several ask for is told once: beats come before panels, both in the user's order.
+class BeatAlerts {
+public:
+    BeatAlerts(const BeatShelf& beats, const NewsroomShelf& newsrooms);
+
+    bool isEmpty() const { return watches_.empty(); }
+
+    /// `news` is newest first.
+    std::vector<BeatMatch> matches(const std::vector<newsroom::Story>& news) const;
+
+private:
+    struct Watch {
+        std::string id;
+        std::string name;
+        newsroom::CompiledStoryQuery query;
+        newsroom::PanelKind kind;
+    };
+
+    void watchPanels(const newsroom::NewsroomSpec& spec);
+
+    std::vector<Watch> watches_;
+};
+
+}  // namespace desk

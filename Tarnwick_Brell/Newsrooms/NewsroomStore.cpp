@@ -1,0 +1,113 @@
+#include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
+
+#include <utility>
+
+#include "NewsroomKit/Newsrooms/NewsroomFile.h"
+
+namespace desk {
+
+using Bench = DeskWorker::Bench;
+
+NewsroomStore::NewsroomStore(DeskWorker& worker, newsroom::FeedClient::Clock clock)
+    : worker_(worker), clock_(std::move(clock)), mailbox_(std::make_shared<Mailbox>()) {}
+
+// The worker goes on with what has been asked for; nobody is told any more.
+NewsroomStore::~NewsroomStore() { mailbox_->close(); }
+
+void NewsroomStore::load() {
+    const auto read = [this, mailbox = mailbox_, changesThen = changes_](Bench& bench) {
+        auto newsrooms = NewsroomShelf::read(bench.store.newsrooms());
+        auto beats = BeatShelf::read(bench.store.beats());
+        mailbox->send([this, changesThen, newsrooms = std::move(newsrooms),
+                       beats = std::move(beats)] { take(newsrooms, beats, changesThen); });
+    };
+    worker_.post(read, [this, mailbox = mailbox_](const std::exception& error) {
+        mailbox->send([this, text = QString::fromUtf8(error.what())] { emit failed(text); });
+    });
+}
+
+void NewsroomStore::take(NewsroomShelf newsrooms, BeatShelf beats, std::uint64_t changesThen) {
+    // What the user has changed since is newer than what was read.
+    if (changesThen != changes_) return load();
+    const bool isFirst = !std::exchange(isLoaded_, true);
+    if (isFirst || newsrooms != newsrooms_) {
+        newsrooms_ = std::move(newsrooms);
+        emit newsroomsChanged();
+    }
+    if (isFirst || beats != beats_) {
+        beats_ = std::move(beats);
+        emit beatsChanged();
+    }
+}
+
+void NewsroomStore::write(Table table, const std::optional<ShelfWrite>& write) {
+    if (!write) return;
+    ++changes_;
+    const auto job = [write = *write, table, at = clock_()](Bench& bench) {
+        auto transaction = bench.store.transaction();
+        write.applyTo((bench.store.*table)(), at);
+        transaction.commit();
+    };
+    worker_.post(job, [this, mailbox = mailbox_](const std::exception& error) {
+        mailbox->send([this, text = QString::fromUtf8(error.what())] {
+            emit failed(text);
+            load();
+        });
+    });
+}
+
+void NewsroomStore::changeNewsrooms(const std::optional<ShelfWrite>& change) {
+    write(&LocalStore::newsrooms, change);
+    if (change) emit newsroomsChanged();
+}
+
+void NewsroomStore::changeBeats(const std::optional<ShelfWrite>& change) {
+    write(&LocalStore::beats, change);
+    if (change) emit beatsChanged();
+}
+
+void NewsroomStore::put(newsroom::NewsroomSpec spec) {
+    changeNewsrooms(newsrooms_.put(std::move(spec)));
+}
+
+void NewsroomStore::put(newsroom::Beat beat) { changeBeats(beats_.put(std::move(beat))); }
+
+void NewsroomStore::removeNewsroom(const std::string& id) {
+    changeNewsrooms(newsrooms_.remove(id));
+}
+
+void NewsroomStore::restoreNewsroom(const std::string& id) {
+    changeNewsrooms(newsrooms_.restore(id));
+}
+
+void NewsroomStore::moveNewsroom(const std::string& id, std::size_t place) {
+    changeNewsrooms(newsrooms_.move(id, place));
+}
+
+void NewsroomStore::removeBeat(const std::string& id) { changeBeats(beats_.remove(id)); }
+
+void NewsroomStore::restoreBeat(const std::string& id) { changeBeats(beats_.restore(id)); }
+
+void NewsroomStore::moveBeat(const std::string& id, std::size_t place) {
+    changeBeats(beats_.move(id, place));
+}
+
+newsroom::NewsroomSpec NewsroomStore::import(std::string_view file) {
+    auto spec = takenIn(file, newsrooms_);
+    put(spec);
+    return spec;
+}
+
+newsroom::NewsroomSpec takenIn(std::string_view file, const NewsroomShelf& shelf) {
+    auto spec = newsroom::NewsroomFile::read(file);
+    const auto isTaken = [&](const std::vector<NewsroomShelf::Entry>& entries) {
+        const auto id = spec.id.text();
+        return std::any_of(entries.begin(), entries.end(),
+                           [&](const auto& entry) { return entry.id == id; });
+    };
+    if (isTaken(shelf.entries()) || isTaken(shelf.removed())) spec.id = newsroom::UUID::random();
+    spec.name = shelf.freeName(spec.name);
+    return spec;
+}
+
+}  // namespace desk

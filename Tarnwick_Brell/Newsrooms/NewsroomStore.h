@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <QObject>
+#include <QString>
+
+#include "NewsroomKit/Newsrooms/Beat.h"
+#include "NewsroomKit/Newsrooms/NewsroomSpec.h"
+#include "Tarnwick_Brell/Desk/DeskWorker.h"
+#include "Tarnwick_Brell/Desk/Mailbox.h"
+#include "Tarnwick_Brell/Newsrooms/Shelf.h"
+
+namespace desk {
+
+using NewsroomShelf = Shelf<newsroom::NewsroomSpec>;
+using BeatShelf = Shelf<newsroom::Beat>;
+
+/// The user's newsrooms and beats. Lives on the main thread: a change holds at once and is
+/// written by the worker; when that fails, `failed` says so and the shelves go back to what the
+/// library has.
+class NewsroomStore : public QObject {
+    Q_OBJECT
+public:
+    NewsroomStore(DeskWorker& worker, newsroom::FeedClient::Clock clock);
+    ~NewsroomStore() override;
+
+    /// Reads the library, now or again: also when another program has written it.
+    void load();
+    bool isLoaded() const { return isLoaded_; }
+
+    const NewsroomShelf& newsrooms() const { return newsrooms_; }
+    const BeatShelf& beats() const { return beats_; }
+
+    /// New ones and changed ones.
+    void put(newsroom::NewsroomSpec spec);
+    void put(newsroom::Beat beat);
+    void removeNewsroom(const std::string& id);
+    void restoreNewsroom(const std::string& id);
+    void moveNewsroom(const std::string& id, std::size_t place);
+    void removeBeat(const std::string& id);
+    void restoreBeat(const std::string& id);
+    void moveBeat(const std::string& id, std::size_t place);
+
+    /// Takes a newsroom from a file, see takenIn. Throws RecordError.
+    newsroom::NewsroomSpec import(std::string_view file);
+
+signals:
+    void newsroomsChanged();
+    void beatsChanged();
+    void failed(const QString& sentence);
+
+private:
+    using Table = RecordTable& (LocalStore::*)();
+
+    void write(Table table, const std::optional<ShelfWrite>& write);
+    void changeNewsrooms(const std::optional<ShelfWrite>& write);
+    void changeBeats(const std::optional<ShelfWrite>& write);
+    void take(NewsroomShelf newsrooms, BeatShelf beats, std::uint64_t changesThen);
+
+    DeskWorker& worker_;
+    newsroom::FeedClient::Clock clock_;
+    NewsroomShelf newsrooms_;
+    BeatShelf beats_;
+    bool isLoaded_ = false;
+    std::uint64_t changes_ = 0;  ///< counted, to know a reading that they overtook
+    std::shared_ptr<Mailbox> mailbox_;
+};
+
+/// The newsroom of a file, ready to stand beside those of the shelf: with a name and an id that
+/// none of them has. Throws RecordError as NewsroomFile::read does.
+newsroom::NewsroomSpec takenIn(std::string_view file, const NewsroomShelf& shelf);
+
+}  // namespace desk

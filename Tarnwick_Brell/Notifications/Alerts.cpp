@@ -1,0 +1,120 @@
+#include "Tarnwick_Brell/Notifications/Alerts.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Text/Unicode.h"
+#include "NewsroomKit/Trackers/AppleStatusAPI.h"
+
+namespace desk {
+
+using newsroom::AppleServiceStatus;
+using newsroom::Story;
+
+namespace {
+
+constexpr std::size_t kHeadlinesInSummary = 3;
+
+std::string problemWord(std::string_view kind) {
+    const auto word = newsroom::lowercasedASCII(kind);
+    return word == "outage" || word == "maintenance" ? word : "issue";
+}
+
+std::string headlines(const std::vector<Story>& stories, std::size_t total) {
+    const auto shown = std::min(stories.size(), kHeadlinesInSummary);
+    std::string text;
+    for (std::size_t i = 0; i < shown; ++i) text += stories[i].title + "\n";
+    if (total > shown) text += fmt::format("and {} more", total - shown);
+    return text;
+}
+
+std::string outlet(const Story& story) {
+    return story.shownDestinationName().value_or(story.sourceName);
+}
+
+}  // namespace
+
+Alerts::Alerts(const Defaults& defaults, newsroom::FeedClient::Clock clock, Post post)
+    : defaults_(defaults), clock_(std::move(clock)), post_(std::move(post)) {}
+
+void Alerts::post(std::string_view setting, Notification notification) {
+    if (defaults_.isOn(setting)) post(std::move(notification));
+}
+
+void Alerts::post(Notification notification) {
+    notification.withSound = defaults_.isOn(SettingKey::kAlertSound);
+    post_(std::move(notification));
+}
+
+Notification Alerts::ofProblem(const AppleServiceStatus::Report& report) {
+    const auto& incident = report.incident;
+    return {.identifier = "status-" + report.id(),
+            .title = report.service + ": " + problemWord(incident.kind),
+            .body = incident.message.empty() ? "Apple's System Status page reports a problem."
+                                             : incident.message,
+            .link = std::string(newsroom::AppleStatusAPI::kPage)};
+}
+
+Notification Alerts::ofRecovery(const std::string& service, newsroom::Instant now) {
+    return {.identifier = "status-ok-" + service + "-" + newsroom::decimalSeconds(now),
+            .title = service + " is working again",
+            .body = "Apple's System Status page shows it resolved.",
+            .link = std::string(newsroom::AppleStatusAPI::kPage)};
+}
+
+Notification Alerts::ofRelease(const newsroom::NewBuild& build) {
+    const auto& release = build.release;
+    return {.identifier = "release-" + build.key() + "-" + release.build,
+            .title = release.title.empty() ? build.platform.platform + " " + release.version
+                                           : release.title,
+            .body = fmt::format("Build {} is out.", release.build),
+            .link = release.url};
+}
+
+void Alerts::serviceProblem(const AppleServiceStatus::Report& report) {
+    post(SettingKey::kAlertServiceStatus, ofProblem(report));
+}
+
+void Alerts::serviceRestored(const std::string& service) {
+    post(SettingKey::kAlertServiceStatus, ofRecovery(service, clock_()));
+}
+
+void Alerts::newRelease(const newsroom::NewBuild& build) {
+    post(SettingKey::kAlertReleases, ofRelease(build));
+}
+
+void Alerts::stories(const Announcement& announcement) {
+    if (announcement.isSummary()) {
+        post(SettingKey::kAlertStories,
+             {.identifier = "stories",
+              .title = fmt::format("{} new stories", announcement.total),
+              .body = headlines(announcement.stories, announcement.total)});
+        return;
+    }
+    for (const auto& story : announcement.stories) {
+        post(SettingKey::kAlertStories, {.identifier = "story-" + story.id,
+                                         .title = story.title,
+                                         .body = outlet(story),
+                                         .link = story.link});
+    }
+}
+
+void Alerts::beat(const std::string& name, const std::string& id,
+                  const std::vector<Story>& stories, std::size_t total) {
+    if (total > kMostMatchesOneByOne) {
+        post({.identifier = "beat-" + id,
+              .title = fmt::format("{}: {} new stories", name, total),
+              .body = headlines(stories, total)});
+        return;
+    }
+    for (const auto& story : stories) {
+        post({.identifier = "beat-" + id + "-" + story.id,
+              .title = name + ": " + story.title,
+              .body = outlet(story),
+              .link = story.link});
+    }
+}
+
+}  // namespace desk

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "NewsroomKit/Stories/Story.h"
+#include "NewsroomKit/Trackers/AppleServiceStatus.h"
+#include "NewsroomKit/Trackers/NewBuilds.h"
+#include "Tarnwick_Brell/Desk/Announcement.h"
+#include "Tarnwick_Brell/Notifications/Notification.h"
+#include "Tarnwick_Brell/Storage/Defaults.h"
+
+namespace desk {
+
+/// Makes notifications of what happens, as far as the user's settings want them.
+class Alerts {
+public:
+    using Post = std::function<void(Notification)>;
+
+    /// Of more matches of a beat the user is told in one notification.
+    static constexpr std::size_t kMostMatchesOneByOne = 3;
+
+    Alerts(const Defaults& defaults, newsroom::FeedClient::Clock clock, Post post);
+
+    void serviceProblem(const newsroom::AppleServiceStatus::Report& report);
+    void serviceRestored(const std::string& service);
+    void newRelease(const newsroom::NewBuild& build);
+
+    // Their texts, for whoever tells the user in another way.
+    static Notification ofProblem(const newsroom::AppleServiceStatus::Report& report);
+    static Notification ofRecovery(const std::string& service, newsroom::Instant now);
+    static Notification ofRelease(const newsroom::NewBuild& build);
+
+    void stories(const Announcement& announcement);
+    /// Whether the beat alerts is the caller's to know. `stories`: the newest of `total`.
+    void beat(const std::string& name, const std::string& id,
+              const std::vector<newsroom::Story>& stories, std::size_t total);
+
+private:
+    void post(std::string_view setting, Notification notification);
+    void post(Notification notification);
+
+    const Defaults& defaults_;
+    newsroom::FeedClient::Clock clock_;
+    Post post_;
+};
+
+}  // namespace desk

@@ -1,0 +1,241 @@
+#include "Tarnwick_Brell/Notifications/Notifier.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QMetaMethod>
+#include <QUrl>
+#include <QVariantMap>
+
+#include "Tarnwick_Brell/Notifications/NotificationText.h"
+
+namespace desk {
+
+namespace {
+
+const QString kService = QStringLiteral("org.freedesktop.Notifications");
+const QString kPath = QStringLiteral("/org/freedesktop/Notifications");
+const QString kBusService = QStringLiteral("org.freedesktop.DBus");
+const QString kBusPath = QStringLiteral("/org/freedesktop/DBus");
+// The name of the desk's desktop file, by which services find its name and icon.
+const QString kDesktopEntry = QStringLiteral("tarnwick-brell");
+const QString kDefaultAction = QStringLiteral("default");
+// The service decides how long a notification stays.
+constexpr int kUsualTime = -1;
+// Long enough for the bus to start a service.
+constexpr int kAnswerMilliseconds = 20'000;
+
+QDBusMessage serviceCall(const QString& method) {
+    return QDBusMessage::createMethodCall(kService, kPath, kService, method);
+}
+
+QDBusMessage busCall(const QString& method) {
+    return QDBusMessage::createMethodCall(kBusService, kBusPath, kBusService, method);
+}
+
+/// Empty unless it is an address of the web: links come from the network, and whatever opens
+/// them would open files and programs as well.
+QString openableLink(const std::string& link) {
+    const QUrl url(QString::fromStdString(link), QUrl::StrictMode);
+    const bool isWeb = url.scheme() == u"https" || url.scheme() == u"http";
+    return isWeb && !url.host().isEmpty() ? url.toString(QUrl::FullyEncoded) : QString();
+}
+
+QVariantMap hints(bool withSound, const QString& link) {
+    QVariantMap hints{{QStringLiteral("urgency"), QVariant::fromValue(uchar{1})},
+                      {QStringLiteral("desktop-entry"), kDesktopEntry}};
+    if (withSound) {
+        hints.insert(QStringLiteral("sound-name"), QStringLiteral("message-new-instant"));
+    } else {
+        hints.insert(QStringLiteral("suppress-sound"), true);
+    }
+    // For programs that keep notifications; services ignore hints that they don't know.
+    if (!link.isEmpty()) hints.insert(QStringLiteral("x-tarnwick-brell-link"), link);
+    return hints;
+}
+
+}  // namespace
+
+Notifier::Notifier(const Defaults& defaults, QDBusConnection bus)
+    : defaults_(defaults), bus_(std::move(bus)) {
+    pace_.setSingleShot(true);
+    connect(&pace_, &QTimer::timeout, this, &Notifier::sendNext);
+    if (bus_.isConnected()) {
+        listen();
+    } else {
+        presence_ = Presence::absent;
+    }
+}
+
+void Notifier::listen() {
+    watcher_.setConnection(bus_);
+    watcher_.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
+    watcher_.addWatchedService(kService);
+    connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString&, const QString&, const QString& owner) { ownerChanged(owner); });
+    bus_.connect(kService, kPath, kService, QStringLiteral("ActionInvoked"), this,
+                 SLOT(actionInvoked(uint, QString)));
+    bus_.connect(kService, kPath, kService, QStringLiteral("NotificationClosed"), this,
+                 SLOT(notificationClosed(uint, uint)));
+    bus_.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                 QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                 SLOT(busGone()));
+    askWhetherActivatable();
+}
+
+/// Calls without waiting; `answered` gets the reply, an error too.
+template <class Answered>
+void Notifier::call(QDBusMessage message, Answered answered) {
+    auto* watcher =
+        new QDBusPendingCallWatcher(bus_.asyncCall(message, kAnswerMilliseconds), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [watcher, answered = std::move(answered)] {
+                watcher->deleteLater();
+                answered(*watcher);
+            });
+}
+
+void Notifier::askWhetherActivatable() {
+    call(busCall(QStringLiteral("ListActivatableNames")),
+         [this](const QDBusPendingReply<QStringList>& names) {
+             isActivatable_ = !names.isError() && names.value().contains(kService);
+             askWhetherOwned();
+         });
+}
+
+void Notifier::askWhetherOwned() {
+    auto question = busCall(QStringLiteral("NameHasOwner"));
+    question << kService;
+    call(question, [this](const QDBusPendingReply<bool>& owned) {
+        // The watcher may have told meanwhile.
+        if (presence_ != Presence::unknown) return;
+        const bool isThere = isActivatable_ || (!owned.isError() && owned.value());
+        setPresence(isThere ? Presence::there : Presence::absent);
+    });
+}
+
+void Notifier::ownerChanged(const QString& owner) {
+    // Numbers and abilities were those of the service before.
+    capabilities_.reset();
+    shown_.clear();
+    const bool isThere = isActivatable_ || !owner.isEmpty();
+    setPresence(isThere ? Presence::there : Presence::absent);
+}
+
+void Notifier::busGone() {
+    isActivatable_ = false;
+    ownerChanged({});
+}
+
+void Notifier::setPresence(Presence presence) {
+    const bool wasAvailable = isAvailable();
+    presence_ = presence;
+    if (!mayPost()) waiting_.clear();
+    if (isAvailable() != wasAvailable) emit availabilityChanged();
+    sendNext();
+}
+
+bool Notifier::mayPost() const {
+    return presence_ != Presence::absent && defaults_.isOn(SettingKey::kNotifications);
+}
+
+bool Notifier::isAuthorised() const {
+    return isAvailable() && defaults_.isOn(SettingKey::kNotifications);
+}
+
+void Notifier::post(Notification notification) {
+    if (!mayPost()) return;
+    const auto same = std::ranges::find(waiting_, notification.identifier, &Notification::identifier);
+    if (same != waiting_.end()) {
+        *same = std::move(notification);
+        return;
+    }
+    if (waiting_.size() == kMostWaiting) waiting_.pop_front();
+    waiting_.push_back(std::move(notification));
+    sendNext();
+}
+
+void Notifier::sendNext() {
+    if (waiting_.empty() || !isAvailable() || isSending_ || pace_.isActive()) return;
+    if (capabilities_) {
+        send(*capabilities_);
+    } else {
+        askCapabilities();
+    }
+}
+
+void Notifier::askCapabilities() {
+    isSending_ = true;
+    call(serviceCall(QStringLiteral("GetCapabilities")),
+         [this](const QDBusPendingReply<QStringList>& answer) {
+             isSending_ = false;
+             if (answer.isError()) {
+                 refused(answer.error());
+             } else {
+                 capabilities_ = answer.value();
+             }
+             // One that does not answer may still take a plain notification.
+             if (isAvailable() && !waiting_.empty()) send(capabilities_.value_or(QStringList()));
+         });
+}
+
+/// Sends the first that waits.
+void Notifier::send(const QStringList& capabilities) {
+    const auto notification = std::move(waiting_.front());
+    waiting_.pop_front();
+    const auto former = shown_.find(notification.identifier);
+    const uint replaced = former == shown_.end() ? 0 : former->second.number;
+    const auto body = bodyText(notification.body);
+    const auto link = openableLink(notification.link);
+    const bool isMarkup = capabilities.contains(u"body-markup");
+    // A program without an opener must not offer to open.
+    const bool opens = !link.isEmpty() && capabilities.contains(u"actions") &&
+                       isSignalConnected(QMetaMethod::fromSignal(&Notifier::linkActivated));
+    const auto actions =
+        opens ? QStringList{kDefaultAction, QStringLiteral("Open")} : QStringList();
+    auto message = serviceCall(QStringLiteral("Notify"));
+    message << QStringLiteral("Tarnwick Brell") << replaced << kDesktopEntry
+            << titleText(notification.title) << (isMarkup ? body.toHtmlEscaped() : body) << actions
+            << hints(notification.withSound, link) << kUsualTime;
+    isSending_ = true;
+    call(message, [this, identifier = notification.identifier,
+                   link](const QDBusPendingReply<uint>& number) {
+        isSending_ = false;
+        pace_.start(kPace);
+        if (number.isError()) {
+            refused(number.error());
+        } else {
+            shown_[identifier] = {.number = number.value(), .link = link};
+        }
+    });
+}
+
+/// A notification that did not get through is lost: told late, it would be no news.
+void Notifier::refused(const QDBusError& error) {
+    // A service that can't be started will not start for the next one either.
+    const bool isGone = error.type() == QDBusError::ServiceUnknown ||
+                        error.name().startsWith(u"org.freedesktop.DBus.Error.Spawn");
+    if (!isGone) return;
+    isActivatable_ = false;
+    ownerChanged({});
+}
+
+void Notifier::actionInvoked(uint number, const QString& action) {
+    if (action != kDefaultAction) return;
+    for (const auto& [identifier, shown] : shown_) {
+        if (shown.number == number && !shown.link.isEmpty()) {
+            const auto link = shown.link;
+            emit linkActivated(link);
+            return;
+        }
+    }
+}
+
+void Notifier::notificationClosed(uint number, uint) {
+    std::erase_if(shown_, [&](const auto& entry) { return entry.second.number == number; });
+}
+
+}  // namespace desk

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <chrono>
+#include <deque>
+#include <map>
+#include <optional>
+#include <string>
+
+#include <QDBusConnection>
+#include <QDBusError>
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+
+#include "Tarnwick_Brell/Notifications/Notification.h"
+#include "Tarnwick_Brell/Storage/Defaults.h"
+
+namespace desk {
+
+/// Shows notifications through the desktop's notification service, which need not be there,
+/// and may come and go. Lives on the main thread and never waits on it.
+class Notifier : public QObject {
+    Q_OBJECT
+public:
+    /// Posting pauses that long between two notifications: services refuse crowds.
+    static constexpr std::chrono::milliseconds kPace{300};
+    /// So many may wait for their turn; of more, the oldest go untold.
+    static constexpr std::size_t kMostWaiting = 60;
+
+    Notifier(const Defaults& defaults, QDBusConnection bus = QDBusConnection::sessionBus());
+
+    /// The service runs, or the bus can start it. Unknown, hence false, for a moment at first.
+    bool isAvailable() const { return presence_ == Presence::there; }
+    /// The user sees what is posted: the service is available and notifications are not
+    /// switched off.
+    bool isAuthorised() const;
+
+    /// Drops the notification when it is known that the user would not see it.
+    void post(Notification notification);
+
+signals:
+    void availabilityChanged();
+    /// The user has chosen a notification: an http or https address, to be opened. Unless
+    /// somebody listens, notifications can't be chosen.
+    void linkActivated(const QString& link);
+
+private slots:
+    // Called by the bus.
+    void actionInvoked(uint number, const QString& action);
+    void notificationClosed(uint number, uint reason);
+    void busGone();
+
+private:
+    enum class Presence { unknown, there, absent };
+
+    struct Shown {
+        uint number = 0;
+        QString link{};
+    };
+
+    void listen();
+    void askWhetherOwned();
+    void askWhetherActivatable();
+    void ownerChanged(const QString& owner);
+    void setPresence(Presence presence);
+    bool mayPost() const;
+    void sendNext();
+    void askCapabilities();
+    void send(const QStringList& capabilities);
+    void refused(const QDBusError& error);
+    template <class Answered>
+    void call(QDBusMessage message, Answered answered);
+
+    const Defaults& defaults_;
+    QDBusConnection bus_;
+    QDBusServiceWatcher watcher_;
+    Presence presence_ = Presence::unknown;
+    bool isActivatable_ = false;
+    std::optional<QStringList> capabilities_;  ///< of the service that runs; asked when needed
+    std::deque<Notification> waiting_;
+    bool isSending_ = false;  ///< a call of the service is under way
+    QTimer pace_;             ///< runs while the next one has to wait
+    std::map<std::string, Shown> shown_;  ///< by identifier
+};
+
+}  // namespace desk

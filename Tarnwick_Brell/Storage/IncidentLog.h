@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "NewsroomKit/Records/Codec.h"
+#include "NewsroomKit/Trackers/AppleServiceStatus.h"
+#include "NewsroomKit/Trackers/StatusAudience.h"
+#include "Tarnwick_Brell/Storage/Database.h"
+
+namespace desk {
+
+/// One stretch of trouble of one service, from where it began to where it ended.
+struct LoggedIncident {
+    newsroom::StatusAudience audience{};
+    std::string service{};
+    std::string report{};  ///< AppleServiceStatus::Report::id()
+    std::string kind{};
+    std::string message{};
+    // Apple's words:
+    std::optional<newsroom::Instant> started{};
+    std::optional<newsroom::Instant> ended{};
+    // What the desk saw:
+    newsroom::Instant firstSeen{};
+    newsroom::Instant lastSeen{};
+    std::optional<newsroom::Instant> endedSeen{};
+
+    bool operator==(const LoggedIncident&) const = default;
+};
+
+/// Every trouble that the desk has seen, for good. Apple's own files forget after a while.
+///
+/// An incident is in it once for each time it was ongoing. What was over before the desk first
+/// saw it is in it too, as seen and ended at once.
+class IncidentLog {
+public:
+    explicit IncidentLog(Database& database) : database_(database) {}
+
+    /// Brings the log up to what a status answer says, which must be whole: an incident has
+    /// ended when its service says so or mentions it no more. A service that is missing says
+    /// nothing.
+    void note(newsroom::StatusAudience audience,
+              const newsroom::AppleServiceStatus::Services& services, newsroom::Instant now);
+
+    /// The last seen first. `text` is looked for in services and messages; empty finds all.
+    std::vector<LoggedIncident> find(std::string_view text, std::size_t most);
+
+private:
+    Database& database_;
+};
+
+}  // namespace desk
+
+template <>
+struct newsroom::RecordShape<desk::LoggedIncident> {
+    using Logged = desk::LoggedIncident;
+    static constexpr auto fields = std::tuple{
+        field("audience", &Logged::audience), field("service", &Logged::service),
+        field("report", &Logged::report),     field("kind", &Logged::kind),
+        field("message", &Logged::message),   field("started", &Logged::started),
+        field("ended", &Logged::ended),       field("firstSeen", &Logged::firstSeen),
+        field("lastSeen", &Logged::lastSeen), field("endedSeen", &Logged::endedSeen),
+    };
+};

@@ -1,0 +1,46 @@
+#include "Tarnwick_Brell/Trackers/TrackedFile.h"
+
+namespace desk {
+
+using newsroom::AppleServiceStatus;
+using newsroom::QuoteRange;
+using newsroom::StatusAudience;
+using newsroom::TrackerAPI;
+
+TrackedFile<AppleServiceStatus::Services> statusFile(StatusAudience audience) {
+    const std::string name(rawValue(audience));
+    return {.name = "status/" + name,
+            .title = "Apple's " + name + " status",
+            .parse = AppleServiceStatus::parse,
+            .emptiness = Emptiness::never};
+}
+
+TrackedFile<std::vector<newsroom::PlatformRelease>> releasesFile() {
+    return {.name = "releases",
+            .title = "The list of releases",
+            .parse = TrackerAPI::parseReleases,
+            .emptiness = Emptiness::never};
+}
+
+TrackedFile<std::vector<newsroom::AppleCalendarEvent>> eventsFile() {
+    return {.name = "events",
+            .title = "Apple's calendar",
+            .parse = TrackerAPI::parseEvents,
+            .emptiness = Emptiness::always};
+}
+
+TrackedFile<newsroom::StockQuote> quoteFile(std::string_view symbol, QuoteRange range) {
+    return {
+        .name = std::string(kQuoteNames) + std::string(rawValue(range)) + "/" + std::string(symbol),
+        .title = "The quote of " + std::string(symbol),
+        .parse = TrackerAPI::parseQuote};
+}
+
+TrackedFile<std::vector<newsroom::BoardQuote>> boardFile() {
+    return {.name = "quotes",
+            .title = "The board of quotes",
+            .parse = TrackerAPI::parseBoard,
+            .emptiness = Emptiness::neverAgain};
+}
+
+}  // namespace desk

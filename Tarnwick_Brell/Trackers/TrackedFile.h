@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "NewsroomKit/Trackers/AppleServiceStatus.h"
+#include "NewsroomKit/Trackers/StatusAudience.h"
+#include "NewsroomKit/Trackers/TrackerAPI.h"
+
+namespace desk {
+
+/// Whether an answer without anything in it is an answer.
+enum class Emptiness {
+    never,       ///< there is always something
+    neverAgain,  ///< not once there has been something
+    always
+};
+
+/// A tracker's file as the library keeps it.
+template <class T>
+struct TrackedFile {
+    std::string name;   ///< of its copy and its health
+    std::string title;  ///< in sentences
+    T (*parse)(std::string_view body);
+    Emptiness emptiness = Emptiness::always;
+};
+
+inline constexpr std::string_view kQuoteNames = "quote/";
+
+TrackedFile<newsroom::AppleServiceStatus::Services> statusFile(newsroom::StatusAudience audience);
+TrackedFile<std::vector<newsroom::PlatformRelease>> releasesFile();
+TrackedFile<std::vector<newsroom::AppleCalendarEvent>> eventsFile();
+TrackedFile<newsroom::StockQuote> quoteFile(std::string_view symbol, newsroom::QuoteRange range);
+TrackedFile<std::vector<newsroom::BoardQuote>> boardFile();
+
+}  // namespace desk

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "Tarnwick_Brell/Trackers/TrackerStore.h"
+
+namespace desk {
+
+/// What the store asks of the worker: runs on the worker's thread, and tells the store what came
+/// by mail. Its jobs may outlive the store.
+class TrackerStore::Errand {
+public:
+    Errand(TrackerStore& store, std::string serviceAddress)
+        : store_(&store),
+          mailbox_(store.mailbox_),
+          clock_(store.clock_),
+          serviceAddress_(std::move(serviceAddress)) {}
+
+    /// Fetches; the quotes are those that are wanted.
+    DeskWorker::LongJob round(TrackerRound round, QuoteKeys wanted) const;
+
+    /// Gives what the library holds, and fetches what is older than `freshFor`.
+    DeskWorker::LongJob freshQuotes(QuoteKeys keys, std::chrono::seconds freshFor) const;
+
+    /// Gives what the library holds.
+    DeskWorker::Job stored(QuoteKeys wanted) const;
+
+    /// The message is dropped when the store is gone.
+    void tell(std::function<void(TrackerStore&)> message) const {
+        mailbox_->send([store = store_, message = std::move(message)] { message(*store); });
+    }
+
+private:
+    using Bench = DeskWorker::Bench;
+    using Work = boost::asio::awaitable<void>;
+
+    Work status(Bench& bench) const;
+    Work releases(Bench& bench) const;
+    Work quotes(Bench& bench, QuoteKeys keys) const;
+    Work board(Bench& bench) const;
+    Work events(Bench& bench) const;
+
+    TrackerRefresh refreshAt(Bench& bench) const;
+    void tellQuote(const QuoteKey& key, Quote quote) const;
+
+    TrackerStore* store_;  ///< for the main thread only
+    std::shared_ptr<Mailbox> mailbox_;
+    newsroom::FeedClient::Clock clock_;
+    std::string serviceAddress_;
+};
+
+}  // namespace desk

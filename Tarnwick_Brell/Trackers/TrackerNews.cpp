@@ -1,0 +1,58 @@
+#include "Tarnwick_Brell/Trackers/TrackerNews.h"
+
+#include <utility>
+
+#include "Tarnwick_Brell/Storage/StoreError.h"
+
+namespace desk {
+
+using newsroom::NewBuilds;
+using newsroom::ServiceProblems;
+
+TrackerNews::TrackerNews(Defaults& defaults)
+    : defaults_(defaults),
+      knownProblems_(defaults.memory(Defaults::kKnownServiceProblems)),
+      knownBuilds_(defaults.memory(Defaults::kKnownBuilds).value_or(NewBuilds::Known())) {}
+
+void TrackerNews::remember(std::string_view key, const Defaults::Memory& memory) {
+    try {
+        defaults_.remember(key, memory);
+        isFailing_ = false;
+    } catch (const StoreError& error) {
+        // The news is told all the same; it may come again after a restart.
+        if (!std::exchange(isFailing_, true) && callbacks.onFailed) callbacks.onFailed(error.what());
+    }
+}
+
+void TrackerNews::look(const std::optional<Services>& consumer,
+                       const std::optional<Services>& developer) {
+    auto found = ServiceProblems::look(knownProblems_, consumer, developer);
+    for (const auto& report : found.problems) {
+        knownProblems_->emplace(report.id(), report.service);
+        remember(Defaults::kKnownServiceProblems, *knownProblems_);
+        if (callbacks.onServiceProblem) callbacks.onServiceProblem(report);
+    }
+    for (const auto& service : found.restored) {
+        std::erase_if(*knownProblems_, [&](const auto& known) { return known.second == service; });
+        remember(Defaults::kKnownServiceProblems, *knownProblems_);
+        if (callbacks.onServiceRestored) callbacks.onServiceRestored(service);
+    }
+    // Single incidents that ended at services which still have others; and the first look.
+    if (found.known == knownProblems_) return;
+    knownProblems_ = std::move(found.known);
+    remember(Defaults::kKnownServiceProblems, *knownProblems_);
+}
+
+void TrackerNews::look(const std::vector<newsroom::PlatformRelease>& releases) {
+    auto found = NewBuilds::look(knownBuilds_, releases);
+    for (const auto& build : found.announced) {
+        knownBuilds_[build.key()] = build.release.build;
+        remember(Defaults::kKnownBuilds, knownBuilds_);
+        if (callbacks.onNewRelease) callbacks.onNewRelease(build);
+    }
+    if (found.known == knownBuilds_) return;
+    knownBuilds_ = std::move(found.known);
+    remember(Defaults::kKnownBuilds, knownBuilds_);
+}
+
+}  // namespace desk

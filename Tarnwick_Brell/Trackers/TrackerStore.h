@@ -1,0 +1,177 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "Tarnwick_Brell/Desk/DeskWorker.h"
+#include "Tarnwick_Brell/Desk/Mailbox.h"
+#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Trackers/TrackerNews.h"
+#include "Tarnwick_Brell/Trackers/TrackerReading.h"
+#include "Tarnwick_Brell/Trackers/TrackerRefresh.h"
+#include "Tarnwick_Brell/Trackers/TrackerSchedule.h"
+
+namespace desk {
+
+/// What the desk tracks beside the news: Apple's services, releases and calendar, quotes. Lives
+/// on the main thread; the worker fetches. What was last good is shown with its age until
+/// something newer comes, over restarts too.
+class TrackerStore : public QObject {
+    Q_OBJECT
+public:
+    using Services = newsroom::AppleServiceStatus::Services;
+    using Quote = TrackerReading<newsroom::StockQuote>;
+
+    /// Apple's own share.
+    static constexpr std::string_view kShare = "AAPL";
+
+    /// The worker must outlive it.
+    TrackerStore(DeskWorker& worker, Defaults& defaults, newsroom::FeedClient::Clock clock);
+    ~TrackerStore() override;
+
+    /// Reads what the library holds and begins to refresh on the timer.
+    void start();
+
+    // What is observed.
+    /// The library has been read; before that nothing is refreshed, at wish either.
+    bool isLoaded() const { return schedule_.has_value(); }
+    const TrackerReading<Services>& consumerStatus() const { return held_.consumer; }
+    const TrackerReading<Services>& developerStatus() const { return held_.developer; }
+    const TrackerReading<std::vector<newsroom::PlatformRelease>>& releases() const {
+        return held_.releases;
+    }
+    const TrackerReading<std::vector<newsroom::AppleCalendarEvent>>& events() const {
+        return held_.events;
+    }
+    const TrackerReading<std::vector<newsroom::BoardQuote>>& board() const { return held_.board; }
+
+    newsroom::QuoteRange quoteRange() const { return defaults_.quoteRange(); }
+    std::string focusSymbol() const { return defaults_.focusSymbol(); }
+    const std::vector<std::string>& compared() const { return compared_; }
+    /// The share, and the focus symbol, over quoteRange.
+    const Quote& quote() const;
+    const Quote& focusQuote() const;
+    /// Of the compared symbols over quoteRange: those that are there.
+    std::vector<newsroom::StockQuote> comparisonQuotes() const;
+    /// The share, the focus and the compared symbols over a year: those that are there. See
+    /// readYear().
+    std::vector<newsroom::StockQuote> yearQuotes() const;
+    /// When the share's year was last read.
+    std::optional<newsroom::Instant> yearRead() const;
+
+    bool isRefreshing(TrackerRound round) const { return underWay_.contains(round); }
+    /// The last success of anything.
+    std::optional<newsroom::Instant> lastUpdated() const { return lastUpdated_; }
+    /// Failed fetches of each round since that round last went wholly well.
+    std::size_t failures() const;
+    const std::optional<newsroom::ServiceProblems::Known>& knownProblems() const {
+        return news_.knownProblems();
+    }
+    const newsroom::NewBuilds::Known& knownBuilds() const { return news_.knownBuilds(); }
+
+    // What the user does.
+    void refresh(TrackerRound round);
+    void refreshAll();
+    void setQuoteRange(newsroom::QuoteRange range);
+    /// Throws std::invalid_argument with a sentence when it is no symbol.
+    void setFocusSymbol(const std::string& symbol);
+    void setCompared(std::vector<std::string> symbols);
+    /// Fetches the quotes of a year that are missing or of another day.
+    void readYear();
+
+    /// The computer was offline and no longer is.
+    void networkIsBack();
+    /// Takes over what another program has fetched into the library.
+    void load();
+
+signals:
+    void statusChanged();
+    void releasesChanged();
+    void eventsChanged();
+    void quotesChanged();
+    void boardChanged();
+    /// Which rounds are under way, `failures` and `lastUpdated`.
+    void refreshChanged();
+
+    /// News: each is told once, over restarts too. On the main thread only.
+    void onServiceProblem(const newsroom::AppleServiceStatus::Report& report);
+    void onServiceRestored(const std::string& service);
+    void onNewRelease(const newsroom::NewBuild& build);
+    /// A board has been fetched: for those who watch its prices.
+    void onBoard(const std::vector<newsroom::BoardQuote>& board);
+
+    void failed(const QString& sentence);
+
+private:
+    struct QuoteKey {
+        std::string symbol{};
+        newsroom::QuoteRange range{};
+
+        auto operator<=>(const QuoteKey&) const = default;
+    };
+    using QuoteKeys = std::vector<QuoteKey>;
+
+    /// Everything that is shown. Quotes of other ranges and symbols stay: people come back.
+    struct Held {
+        TrackerReading<Services> consumer{};
+        TrackerReading<Services> developer{};
+        TrackerReading<std::vector<newsroom::PlatformRelease>> releases{};
+        TrackerReading<std::vector<newsroom::AppleCalendarEvent>> events{};
+        TrackerReading<std::vector<newsroom::BoardQuote>> board{};
+        std::map<QuoteKey, Quote> quotes{};
+    };
+
+    struct Outcome {
+        std::size_t good = 0;
+        std::size_t bad = 0;
+    };
+
+    class Errand;  ///< the worker's half
+
+    Errand errand();
+    const Quote& held(const QuoteKey& key) const;
+    std::vector<newsroom::StockQuote> present(const QuoteKeys& keys) const;
+    /// The share, the focus and the compared symbols.
+    QuoteKeys wantedQuotes(newsroom::QuoteRange range) const;
+    void followWishes();
+    void fetchQuotes(QuoteKeys keys, std::chrono::seconds freshFor);
+
+    RefreshCadence::Now now() const;
+    void beginSchedule();
+    void tick();
+    void armTimer();
+    void begin(TrackerRound round);
+    void end(TrackerRound round);
+    void note(TrackerRound round, bool isGood);
+    void takeStored(Held stored);
+    void takeQuote(const QuoteKey& key, Quote quote);
+    void noteMarket();
+    void fail(const std::string& sentence);
+
+    DeskWorker& worker_;
+    Defaults& defaults_;
+    newsroom::FeedClient::Clock clock_;
+    TrackerNews news_;
+    Held held_;
+    std::vector<std::string> compared_;
+    QuoteKeys wanted_;  ///< at the last look; the settings may change elsewhere
+    std::map<TrackerRound, Outcome> underWay_;
+    std::map<TrackerRound, std::size_t> failures_;
+    std::optional<newsroom::Instant> lastUpdated_;
+    std::string lastFailure_;
+    std::optional<TrackerSchedule> schedule_;  ///< absent until isLoaded
+    QTimer timer_;
+    std::shared_ptr<Mailbox> mailbox_;
+};
+
+}  // namespace desk

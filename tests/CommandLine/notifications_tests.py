@@ -1,0 +1,136 @@
+#!/usr/bin/env python3
+"""What the user of a desk that stays is told, over a message bus of its own: each thing once."""
+import os
+import signal
+import sqlite3
+import subprocess
+import sys
+import time
+import unittest
+
+DEBIANS_PYTHON = "/usr/bin/python3"
+try:
+    import dbusmock
+except ImportError:
+    # Debian's packages of Python modules belong to Debian's interpreter, which need not be this.
+    if os.path.samefile(sys.executable, DEBIANS_PYTHON):
+        raise
+    os.execv(DEBIANS_PYTHON, [DEBIANS_PYTHON, *sys.argv])
+
+from bench import BIN, Desk
+from world_time import World
+
+TRACKERS = ("status/consumer", "status/developer", "releases")
+STATUS_PAGE_SAYS = "Apple's System Status page "
+# The notifier leaves some time between two notifications; what has not come by then is not coming.
+SECONDS_OF_SILENCE = 1.5
+
+
+class Notifications(dbusmock.DBusTestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.start_session_bus()
+        cls.bus = cls.get_dbus()
+
+    def setUp(self):
+        self.service, self.mock = self.spawn_server_template("notification_daemon", {}, stdout=subprocess.DEVNULL)
+        self.addCleanup(self.service.wait)
+        self.addCleanup(self.service.terminate)
+        self.world = World()
+        self.desk = Desk()
+        self.addCleanup(self.desk.close)
+
+    def sent(self):
+        calls = self.mock.GetMethodCalls("Notify", dbus_interface=dbusmock.MOCK_IFACE)
+        return [arguments for _, arguments in calls]
+
+    def trackers_fetched_since(self, moment):
+        library = sqlite3.connect(f"file:{self.desk.folder / 'library.sqlite'}?mode=ro", uri=True)
+        try:
+            rows = dict(library.execute("SELECT name, lastSuccess FROM trackerHealth"))
+        except sqlite3.OperationalError:  # not there yet
+            rows = {}
+        finally:
+            library.close()
+        return all((rows.get(name) or 0) >= moment * 1e6 for name in TRACKERS)
+
+    def let_a_day_pass(self):
+        """So that the next desk takes nothing in the library for fresh."""
+        library = sqlite3.connect(self.desk.folder / "library.sqlite")
+        day = 86_400_000_000
+        with library:
+            library.execute("UPDATE trackerHealth SET lastAttempt = lastAttempt - ?, lastSuccess = lastSuccess - ?", (day, day))
+            library.execute("UPDATE trackerCopies SET fetchedAt = fetchedAt - ?", (day,))
+        library.close()
+
+    def watch_at(self, minute, expected):
+        """One run of a desk at that minute of the world; what it sent and what it printed. It
+        lasts until as much as `expected` has come, and a while longer."""
+        room = self.world.room(minute)
+        already = len(self.sent())
+        begun = time.time()
+        process = subprocess.Popen(
+            [BIN / "brell", "--data-dir", self.desk.folder, *room.network, "watch", "--source", "webkit"],
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        self.addCleanup(process.kill)
+        while not (self.desk.folder / "library.sqlite").exists() or not self.trackers_fetched_since(begun):
+            self.assertLess(time.time(), begun + 60, "the trackers have not been fetched")
+            self.assertIsNone(process.poll())
+            time.sleep(0.1)
+        deadline = time.time() + 20
+        while len(self.sent()) < already + expected and time.time() < deadline:
+            time.sleep(0.1)
+        time.sleep(SECONDS_OF_SILENCE)
+        process.send_signal(signal.SIGINT)
+        out, err = process.communicate(timeout=20)
+        self.assertEqual((process.returncode, err), (0, ""))
+        room.close()
+        self.let_a_day_pass()
+        return self.sent()[already:], out.splitlines()
+
+    def test_each_problem_recovery_and_build_is_told_once_and_nothing_at_first(self):
+        betas = [f"{system} 27.2 beta 3" for system in ("iOS", "iPadOS", "macOS", "watchOS")]
+        bodies = {}
+        for minute, titles in (
+                (16, []),
+                (30, ["Apple Music: outage", *betas]),
+                (30, []),
+                (47, ["App Store: issue", "Apple Music is working again"]),
+                (65, ["App Store is working again"]),
+                (93, ["Apple Music: outage", "iCloud Mail: maintenance", "TestFlight: issue"]),
+                (128, ["Apple Music is working again", "TestFlight is working again",
+                       "iCloud Mail is working again", "macOS 27.1.2", "visionOS 27.2 beta 3"]),
+                (140, ["Weather: issue"]),
+                (155, ["Weather is working again", "visionOS 27.2 beta 2"]),
+                (170, [])):
+            sent, printed = self.watch_at(minute, len(titles))
+            self.assertEqual(sorted(str(call[3]) for call in sent), sorted(titles), f"minute {minute}")
+            for title in titles:
+                self.assertEqual(len([line for line in printed if line.startswith(f"» {title}. ")]), 1, printed)
+            bodies.update((str(call[3]), call) for call in sent)
+        self.assertEqual(bodies["TestFlight: issue"][4], "New builds may take longer to reach testers.")
+        self.assertEqual(bodies["Weather is working again"][4], STATUS_PAGE_SAYS + "shows it resolved.")
+        self.assertIn("24C5052a", bodies["iOS 27.2 beta 3"][4])
+        for call in bodies.values():
+            self.assertEqual(call[5][0], "default", "choosing it opens a page")
+            self.assertTrue(call[6]["suppress-sound"])
+
+    def test_settings_hold_at_the_moment_of_the_alert_and_what_went_untold_stays_so(self):
+        self.watch_at(5, 0)
+        for key, value in (("alertServiceStatus", "off"), ("alertReleases", "off"), ("alertSound", "on")):
+            self.desk.run("settings", key, value)
+        sent, printed = self.watch_at(25, 0)
+        self.assertEqual(sent, [])
+        self.assertTrue(any("App Store: outage" in line for line in printed), "the desk itself still says so")
+        self.desk.run("settings", "alertServiceStatus", "on")
+        sent, _ = self.watch_at(65, 2)
+        self.assertEqual(sorted(str(call[3]) for call in sent),
+                         ["App Store is working again", "Apple Music is working again"])
+        for call in sent:
+            self.assertIn("sound-name", call[6])
+        self.desk.run("settings", "notifications", "off")
+        self.assertEqual(self.watch_at(93, 0)[0], [])
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include "NewsroomKit/Newsrooms/NewsroomMaking.h"
+#include "Tarnwick_Brell/Newsrooms/BeatAlerts.h"
+
+namespace {
+
+using namespace desk;
+using newsroom::PanelKind;
+using newsroom::Story;
+
+BeatShelf beatsOf(const std::vector<std::pair<std::string, bool>>& termsAndAlerts) {
+    BeatShelf shelf;
+    for (const auto& [term, alerts] : termsAndAlerts)
+        shelf.put(newsroom::madeBeat(term, "bolt", {.anyTerms = {term}}, alerts));
+    return shelf;
+}
+
+NewsroomShelf newsroomOf(PanelKind kind, bool alerts) {
+    auto spec = newsroom::madeNewsroom("Desk", "bolt", std::array{kind}, {});
+    spec.panels[0].options.alerts = alerts;
+    NewsroomShelf shelf;
+    shelf.put(spec);
+    return shelf;
+}
+
+std::string told(const BeatAlerts& alerts, const std::vector<Story>& news) {
+    std::string text;
+    for (const auto& match : alerts.matches(news)) {
+        text += match.name + ":";
+        for (const auto& story : match.announcement.stories) text += " " + story.title;
+        text += ";";
+    }
+    return text;
+}
+
+TEST(BeatsWithAlerts, TellEachStoryOnceUnderTheFirstThatAsksForIt) {
+    const std::vector<Story> news{{.title = "chips and glass"},
+                                  {.title = "glass"},
+                                  {.title = "chips"},
+                                  {.title = "wool"},
+                                  {.title = "press note", .isAppleSource = true},
+                                  {.title = "chips on sale", .kind = newsroom::StoryKind::deal}};
+    const struct {
+        BeatShelf beats;
+        NewsroomShelf newsrooms;
+        std::string told;
+    } cases[] = {
+        {beatsOf({{"chips", true}, {"glass", true}}), {}, "chips: chips and glass chips;glass: glass;"},
+        {beatsOf({{"chips", false}, {"glass", true}}), {}, "glass: chips and glass glass;"},
+        {beatsOf({{"silk", true}}), {}, ""},
+        {beatsOf({{"wool", true}}),
+         newsroomOf(PanelKind::stream, true),
+         "wool: wool;Desk – Latest: chips and glass glass chips press note;"},
+        {{}, newsroomOf(PanelKind::apple, true), "Desk – From Apple: press note;"},
+        {{}, newsroomOf(PanelKind::stream, false), ""},
+        {{}, newsroomOf(PanelKind::stock, true), ""},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(told(BeatAlerts(row.beats, row.newsrooms), news), row.told);
+}
+
+TEST(BeatsWithAlerts, TellACrowdAsOne) {
+    const std::vector<Story> news(Announcement::kMostOneByOne + 5, Story{.title = "chips"});
+    const auto matches = BeatAlerts(beatsOf({{"chips", true}}), {}).matches(news);
+    ASSERT_EQ(matches.size(), 1u);
+    EXPECT_EQ(matches[0].announcement.total, news.size());
+    EXPECT_TRUE(matches[0].announcement.isSummary());
+    EXPECT_EQ(matches[0].announcement.stories.size(), Announcement::kMostOneByOne);
+}
+
+}  // namespace

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include "Tarnwick_Brell/Notifications/Alerts.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace desk {
+namespace {
+
+using newsroom::AppleServiceStatus;
+using newsroom::Instant;
+
+class AlertsTest : public ::testing::Test {
+protected:
+    static AppleServiceStatus::Report report(std::string kind, std::string message) {
+        return {.service = "Harbour Mail",
+                .incident = {.kind = std::move(kind),
+                             .status = "ongoing",
+                             .message = std::move(message),
+                             .started = Instant(std::chrono::seconds(1'700'000'000))}};
+    }
+
+    static newsroom::NewBuild build() {
+        const newsroom::SoftwareRelease release{
+            .version = "26.2", .build = "23C5044b", .title = "iOS 26.2 beta 3", .url = "https://r/"};
+        return {.platform = {.platform = "iOS", .beta = release},
+                .channel = newsroom::ReleaseChannel::beta,
+                .release = release};
+    }
+
+    static std::vector<newsroom::Story> stories(int count) {
+        std::vector<newsroom::Story> stories;
+        for (int i = 1; i <= count; ++i) {
+            const auto number = std::to_string(i);
+            stories.push_back({.id = "s" + number,
+                               .link = "https://news/" + number,
+                               .title = "Story " + number,
+                               .sourceName = "Tide Table"});
+        }
+        return stories;
+    }
+
+    ::test::TemporaryFolder folder_;
+    Defaults defaults_{folder_.path() / "settings.ini"};
+    std::vector<Notification> posted_;
+    Alerts alerts_{defaults_, [] { return Instant(std::chrono::milliseconds(1'800'000'000'500)); },
+                   [this](Notification notification) { posted_.push_back(notification); }};
+};
+
+TEST_F(AlertsTest, AProblemIsToldInTheWordsOfItsKind) {
+    const std::string page = "https://www.apple.com/support/systemstatus/";
+    struct Case {
+        const char* kind;
+        const char* message;
+        const char* title;
+        const char* body;
+    };
+    const Case cases[] = {
+        {"Outage", "Letters wait.", "Harbour Mail: outage", "Letters wait."},
+        {"MAINTENANCE", "", "Harbour Mail: maintenance",
+         "Apple's System Status page reports a problem."},
+        {"Slow", "Slow.", "Harbour Mail: issue", "Slow."},
+    };
+    for (const auto& c : cases) {
+        posted_.clear();
+        alerts_.serviceProblem(report(c.kind, c.message));
+        EXPECT_EQ(posted_, std::vector{(Notification{
+                               .identifier = "status-Harbour Mail|1700000000.0",
+                               .title = c.title,
+                               .body = c.body,
+                               .link = page})});
+    }
+    posted_.clear();
+    alerts_.serviceRestored("Harbour Mail");
+    EXPECT_EQ(posted_, std::vector{(Notification{
+                           .identifier = "status-ok-Harbour Mail-1800000000.5",
+                           .title = "Harbour Mail is working again",
+                           .body = "Apple's System Status page shows it resolved.",
+                           .link = page})});
+}
+
+TEST_F(AlertsTest, WhatTheUserSwitchesOffIsNotPosted) {
+    struct Case {
+        const char* setting;
+        const char* value;
+        const char* posted;  ///< identifiers
+    };
+    const Case cases[] = {
+        {"alertSound", "", "status-Harbour Mail|1700000000.0 release-iOS.beta-23C5044b beat-b-s1 "},
+        {"alertServiceStatus", "false", "release-iOS.beta-23C5044b beat-b-s1 "},
+        {"alertReleases", "false", "status-Harbour Mail|1700000000.0 beat-b-s1 "},
+        {"alertStories", "true",
+         "status-Harbour Mail|1700000000.0 release-iOS.beta-23C5044b story-s1 beat-b-s1 "},
+    };
+    for (const auto& c : cases) {
+        posted_.clear();
+        defaults_.set(c.setting, c.value);
+        alerts_.serviceProblem(report("Outage", "x"));
+        alerts_.newRelease(build());
+        alerts_.stories({.stories = stories(1), .total = 1});
+        alerts_.beat("Beat", "b", stories(1), 1);
+        std::string identifiers;
+        for (const auto& notification : posted_) identifiers += notification.identifier + " ";
+        EXPECT_EQ(identifiers, c.posted) << c.setting;
+        EXPECT_FALSE(posted_.at(0).withSound);
+        defaults_.set(c.setting, "");
+    }
+    posted_.clear();
+    defaults_.set("alertSound", "true");
+    alerts_.serviceRestored("Harbour Mail");
+    EXPECT_TRUE(posted_.at(0).withSound);
+}
+
+TEST_F(AlertsTest, ACrowdOfStoriesIsOneNotification) {
+    defaults_.set("alertStories", "true");
+    alerts_.stories({.stories = stories(20), .total = 21});
+    alerts_.beat("Tides", "b", stories(4), 4);
+    alerts_.newRelease(build());
+    EXPECT_EQ(posted_,
+              (std::vector<Notification>{
+                  {.identifier = "stories",
+                   .title = "21 new stories",
+                   .body = "Story 1\nStory 2\nStory 3\nand 18 more"},
+                  {.identifier = "beat-b",
+                   .title = "Tides: 4 new stories",
+                   .body = "Story 1\nStory 2\nStory 3\nand 1 more"},
+                  {.identifier = "release-iOS.beta-23C5044b",
+                   .title = "iOS 26.2 beta 3",
+                   .body = "Build 23C5044b is out.",
+                   .link = "https://r/"}}));
+    posted_.clear();
+    alerts_.beat("Tides", "b", stories(3), 3);
+    ASSERT_EQ(posted_.size(), 3u);
+    EXPECT_EQ(posted_[0], (Notification{.identifier = "beat-b-s1",
+                                        .title = "Tides: Story 1",
+                                        .body = "Tide Table",
+                                        .link = "https://news/1"}));
+}
+
+}  // namespace
+}  // namespace desk

@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include "Tarnwick_Brell/Storage/LocalStore.h"
+
+namespace desk {
+namespace {
+
+using newsroom::AppleServiceStatus;
+using newsroom::Instant;
+using newsroom::StatusAudience;
+using Services = AppleServiceStatus::Services;
+using Lines = std::vector<std::string>;
+
+Instant at(int second) { return Instant(std::chrono::seconds(second)); }
+
+std::string text(const std::optional<Instant>& instant) {
+    return instant ? std::to_string(static_cast<int>(newsroom::secondsSince1970(*instant))) : "-";
+}
+
+AppleServiceStatus::Incident incident(const char* status, int started,
+                                      std::optional<int> ended = {}, const char* message = "slow") {
+    return {.kind = "Issue",
+            .status = status,
+            .message = message,
+            .started = at(started),
+            .ended = ended ? std::optional(at(*ended)) : std::nullopt};
+}
+
+class TrackerLogsTest : public ::testing::Test {
+protected:
+    void note(int now, const Services& services,
+              StatusAudience audience = StatusAudience::consumer) {
+        store_.incidents().note(audience, services, at(now));
+    }
+
+    /// Service, message, Apple's two times, the desk's three.
+    Lines log(std::string_view wanted = "") {
+        Lines lines;
+        for (const auto& logged : store_.incidents().find(wanted, 10)) {
+            lines.push_back(logged.service + " " + logged.message + " " + text(logged.started) +
+                            ".." + text(logged.ended) + " seen " + text(logged.firstSeen) + ".." +
+                            text(logged.lastSeen) + ".." + text(logged.endedSeen));
+        }
+        return lines;
+    }
+
+    LocalStore store_{Database::kInMemory, Database::Access::readWrite};
+};
+
+TEST_F(TrackerLogsTest, AnIncidentIsLoggedOnceForEachTimeItIsOngoing) {
+    note(100, {{"Mail", {incident("ongoing", 90)}}, {"Maps"}});
+    note(200, {{"Mail", {incident("ongoing", 90, 500, "slower")}}, {"Maps"}});
+    EXPECT_EQ(log(), (Lines{"Mail slower 90..500 seen 100..200..-"}));
+    note(300, {{"Mail", {incident("resolved", 90, 280)}}, {"Maps"}});
+    note(400, {{"Mail", {incident("resolved", 90, 280)}}, {"Maps"}});
+    EXPECT_EQ(log(), (Lines{"Mail slower 90..280 seen 100..200..300"}));
+    note(500, {{"Mail", {incident("ongoing", 90)}}, {"Maps"}});
+    note(600, {{"Mail"}, {"Maps"}});
+    EXPECT_EQ(log(), (Lines{"Mail slow 90..- seen 500..500..600",
+                            "Mail slower 90..280 seen 100..200..300"}));
+}
+
+TEST_F(TrackerLogsTest, AServiceThatIsMissingHasNotRecovered) {
+    note(100, {{"Mail", {incident("ongoing", 90)}}});
+    note(200, {{"Maps"}});
+    note(300, {{"Mail"}}, StatusAudience::developer);
+    EXPECT_EQ(log(), (Lines{"Mail slow 90..- seen 100..100..-"}));
+    note(400, {{"Mail", {incident("ongoing", 90), incident("resolved", 90)}}});
+    EXPECT_EQ(log(), (Lines{"Mail slow 90..- seen 100..400..-"}));
+}
+
+TEST_F(TrackerLogsTest, WhatCameAndWentUnseenIsNotedAndWhatIsAnnouncedIsNot) {
+    const Services services{
+        {"Mail", {incident("resolved", 50, 60), incident("resolved", 70, 80, "down")}},
+        {"Maps", {incident("upcoming", 900)}}};
+    note(100, services);
+    note(200, services);
+    EXPECT_EQ(log(), (Lines{"Mail down 70..80 seen 100..100..100",
+                            "Mail slow 50..60 seen 100..100..100"}));
+}
+
+TEST_F(TrackerLogsTest, TheLogIsSearchedForTheTextAsItStands) {
+    note(100, {{"Mail", {incident("ongoing", 1, {}, "100% of users")}},
+               {"Maps_2", {incident("ongoing", 2, {}, "back\\slash")}},
+               {"Music", {incident("ongoing", 3, {}, "quiet")}}});
+    const std::pair<const char*, std::size_t> cases[] = {
+        {"", 3}, {"mAi", 1}, {"0%", 1}, {"s_2", 1}, {"k\\s", 1}, {"%", 1}, {"_", 1}, {"a_l", 0}};
+    for (const auto& [wanted, count] : cases) EXPECT_EQ(log(wanted).size(), count) << wanted;
+}
+
+TEST_F(TrackerLogsTest, EachBuildHasItsTimeUntilAnotherTakesItsPlace) {
+    const auto note = [&](int now, const char* general, const char* beta) {
+        newsroom::PlatformRelease platform{.platform = "iOS"};
+        if (general) platform.current = newsroom::SoftwareRelease{.build = general};
+        if (beta) platform.beta = newsroom::SoftwareRelease{.build = beta};
+        store_.builds().note({platform}, at(now));
+    };
+    note(1, "A", "B");
+    note(2, "A", nullptr);
+    note(3, "C", "B");
+    note(4, "A", "B");
+    Lines lines;
+    for (const auto& seen : store_.builds().newest(10)) {
+        lines.push_back(std::string(rawValue(seen.channel)) + " " + seen.release.build + " " +
+                        text(seen.firstSeen) + ".." + text(seen.replacedAt));
+    }
+    EXPECT_EQ(lines, (Lines{"public A 4..-", "public C 3..4", "beta B 1..-", "public A 1..3"}));
+}
+
+TEST_F(TrackerLogsTest, OnlyTheCopiesAskedForLastStay) {
+    auto& copies = store_.trackerCopies();
+    for (const int second : {3, 1, 2}) {
+        const auto name = "quote/" + std::to_string(second);
+        copies.keep(name, {"{}", at(second)});
+        copies.setHealth(name, {.lastAttempt = at(second)});
+    }
+    copies.keep("quotes", {"{}", at(0)});
+    copies.keepLastAsked("quote/", 2);
+    for (const auto& [name, stays] :
+         {std::pair{"quote/1", false}, {"quote/2", true}, {"quote/3", true}, {"quotes", true}}) {
+        EXPECT_EQ(copies.find(name).has_value(), stays) << name;
+    }
+}
+
+}  // namespace
+}  // namespace desk

@@ -1,0 +1,256 @@
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "Tarnwick_Brell/Trackers/TrackerStore.h"
+#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/Tarnwick_Brell/Trackers/TrackerBench.h"
+#include "tests/support/EventLoop.h"
+
+namespace desk {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace test;
+using ::test::until;
+using newsroom::QuoteRange;
+using pressroom::Response;
+
+constexpr const char* kApple = "www.apple.com";
+constexpr const char* kService = "desk.example";
+constexpr const char* kConsumer = "/support/systemstatus/data/system_status_en_US.js";
+constexpr const char* kDeveloper = "/support/systemstatus/data/developer/system_status_en_US.js";
+
+std::string wire(const std::string& rest) { return "/wp-json/tb-wire/v1/" + rest; }
+
+class TrackerStoreTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { ::test::beApplication(); }
+
+    TrackerStoreTest() {
+        defaults_.set("serviceAddress", std::string("https://") + kService + "/");
+        status({"Mail", "Maps"}, {"Kiosk"});
+        serve("releases", {releasesAnswer("A", "B")});
+        serve("events", {eventsAnswer({"Autumn fair"})});
+        serve("quotes", {boardAnswer({"TIDE"})});
+        quote("AAPL", "1m", 10);
+    }
+
+    void serve(const std::string& tracker, std::vector<Response> answers) {
+        bench_.http.script.on(kService, wire(tracker), std::move(answers));
+    }
+
+    void quote(const std::string& symbol, const std::string& range, double price,
+               std::chrono::milliseconds delay = 0ms) {
+        auto answer = quoteAnswer(symbol, range, price);
+        answer.delivery.delay = delay;
+        serve("quote?range=" + range + "&symbol=" + symbol, {answer});
+    }
+
+    void status(const std::vector<std::string>& consumer,
+                const std::vector<std::string>& developer) {
+        bench_.http.script.on(kApple, kConsumer, {statusAnswer(consumer)});
+        bench_.http.script.on(kApple, kDeveloper, {statusAnswer(developer)});
+    }
+
+    void open() {
+        close();
+        worker_ = std::make_unique<DeskWorker>(bench_.library(), bench_.network(), bench_.clock());
+        store_ = std::make_unique<TrackerStore>(*worker_, defaults_, bench_.clock());
+        QObject::connect(store_.get(), &TrackerStore::onServiceProblem,
+                         [this](const auto& report) { told_.push_back("- " + report.service); });
+        QObject::connect(store_.get(), &TrackerStore::onServiceRestored,
+                         [this](const auto& service) { told_.push_back("+ " + service); });
+        QObject::connect(store_.get(), &TrackerStore::onNewRelease,
+                         [this](const auto& build) { told_.push_back(build.release.build); });
+        QObject::connect(store_.get(), &TrackerStore::onBoard,
+                         [this](const auto& board) { boards_.push_back(board.at(0).symbol); });
+        store_->start();
+    }
+
+    void close() {
+        store_.reset();
+        worker_.reset();
+    }
+
+    void openAndRefresh() {
+        open();
+        ASSERT_TRUE(until([&] { return store_->isLoaded(); }));
+        refresh();
+    }
+
+    bool isCalm() const {
+        return std::ranges::none_of(kTrackerRounds,
+                                    [&](auto round) { return store_->isRefreshing(round); });
+    }
+
+    void refresh() {
+        store_->refreshAll();
+        ASSERT_TRUE(until([&] { return isCalm(); }));
+    }
+
+    double price() const {
+        const auto& quote = store_->quote().value;
+        return quote ? quote->price : 0;
+    }
+
+    std::size_t requests(const std::string& tracker) const {
+        return bench_.http.script.requests(kService, wire(tracker)).size();
+    }
+
+    using Told = std::vector<std::string>;
+
+    DeskBench bench_{{}};
+    Defaults defaults_{bench_.folder.path() / "settings.ini"};
+    std::unique_ptr<DeskWorker> worker_;
+    std::unique_ptr<TrackerStore> store_;
+    Told told_;
+    std::vector<std::string> boards_;
+};
+
+TEST_F(TrackerStoreTest, TheFirstRunIsSilentAndNewsIsToldOnceOverRestarts) {
+    status({"Mail!", "Maps"}, {"Kiosk!"});
+    openAndRefresh();
+    EXPECT_EQ(told_, Told());
+    EXPECT_EQ(store_->knownProblems()->size(), 2u);
+    EXPECT_EQ(store_->lastUpdated(), bench_.now());
+    EXPECT_EQ(boards_, std::vector<std::string>{"TIDE"});
+
+    status({"Mail!!", "Maps!"}, {"Kiosk!"});
+    serve("releases", {releasesAnswer("A", "B2")});
+    refresh();
+    std::ranges::sort(told_);
+    EXPECT_EQ(told_, (Told{"- Mail", "- Maps", "B2"}));
+
+    told_.clear();
+    openAndRefresh();
+    EXPECT_EQ(told_, Told());
+    status({"Mail", "Maps!"}, {"Kiosk"});
+    refresh();
+    EXPECT_EQ(told_, (Told{"+ Kiosk", "+ Mail"})) << "once for two incidents of one service";
+}
+
+TEST_F(TrackerStoreTest, WhatWasLastGoodIsShownWithItsAgeWhileNothingCanBeFetched) {
+    openAndRefresh();
+    const auto fetched = bench_.now();
+    bench_.pass(20h);
+    for (const auto* tracker : {"releases", "events", "quotes", "quote?range=1m&symbol=AAPL"}) {
+        serve(tracker, {{.status = 404}});
+    }
+    bench_.http.script.on(kApple, kConsumer, {{.body = "<html>"}});
+    open();
+    ASSERT_TRUE(until([&] { return store_->isLoaded(); }));
+    EXPECT_EQ(store_->releases().fetchedAt, fetched);
+    EXPECT_EQ(store_->releases().error, std::nullopt) << "nothing has been tried";
+    refresh();
+    EXPECT_EQ(store_->failures(), 5u);
+    EXPECT_EQ(store_->developerStatus().fetchedAt, bench_.now()) << "one failing file is one";
+    EXPECT_EQ(store_->lastUpdated(), bench_.now());
+    EXPECT_EQ(store_->consumerStatus().fetchedAt, fetched);
+    EXPECT_EQ(store_->consumerStatus().value->size(), 2u);
+    EXPECT_TRUE(store_->consumerStatus().error.has_value());
+    EXPECT_EQ(store_->board().fetchedAt, fetched);
+    EXPECT_EQ(price(), 10);
+
+    status({"Mail", "Maps"}, {"Kiosk"});
+    store_->refresh(TrackerRound::status);
+    ASSERT_TRUE(until([&] { return isCalm(); }));
+    EXPECT_EQ(store_->failures(), 4u) << "those of the other rounds";
+    EXPECT_EQ(store_->consumerStatus().error, std::nullopt);
+}
+
+TEST_F(TrackerStoreTest, TheDeveloperStatusWaitsForTheConsumers) {
+    bench_.http.script.on(kApple, kConsumer, {{.status = 404}});
+    bench_.http.script.on(kApple, kDeveloper, {statusAnswer({"Kiosk!"})});
+    openAndRefresh();
+    EXPECT_TRUE(bench_.http.script.requests(kApple, kDeveloper).empty());
+    EXPECT_EQ(store_->knownProblems(), std::nullopt);
+    status({"Mail"}, {"Kiosk!"});
+    refresh();
+    EXPECT_EQ(told_, Told()) << "the developer's problems belong to the first look";
+    EXPECT_EQ(store_->knownProblems()->size(), 1u);
+}
+
+TEST_F(TrackerStoreTest, AnAnswerForARangeThatIsNoLongerWantedDoesNotTakeThePlaceOfAnother) {
+    openAndRefresh();
+    quote("AAPL", "1m", 11, 300ms);
+    quote("AAPL", "1y", 20);
+    store_->refresh(TrackerRound::quotes);
+    store_->setQuoteRange(QuoteRange::year);
+    EXPECT_EQ(price(), 0) << "nothing yet";
+    ASSERT_TRUE(until([&] { return price() == 20; }));
+    ASSERT_TRUE(until([&] { return isCalm(); }));
+    EXPECT_EQ(price(), 20);
+    EXPECT_EQ(store_->yearRead(), bench_.now());
+    const auto asked = requests("quote?range=1m&symbol=AAPL");
+    store_->setQuoteRange(QuoteRange::month);
+    EXPECT_EQ(price(), 11) << "it was not thrown away";
+    ::test::runFor(100ms);
+    EXPECT_EQ(requests("quote?range=1m&symbol=AAPL"), asked) << "it is fresh";
+    EXPECT_EQ(Defaults(bench_.folder.path() / "settings.ini").quoteRange(), QuoteRange::month);
+}
+
+TEST_F(TrackerStoreTest, SymbolsAreFetchedWhenTheyAreWantedAndABadOneHoldsNobodyBack) {
+    openAndRefresh();
+    quote("BRK.B", "1m", 30);
+    quote("TIDE", "1m", 40);
+    store_->setFocusSymbol("BRK.B");
+    store_->setCompared({"GONE", "TIDE"});
+    EXPECT_THROW(store_->setFocusSymbol("no symbol"), std::invalid_argument);
+    ASSERT_TRUE(until([&] { return store_->focusQuote().value && !store_->comparisonQuotes().empty(); }));
+    EXPECT_EQ(store_->focusQuote().value->price, 30);
+    EXPECT_EQ(store_->comparisonQuotes().size(), 1u);
+    quote("AAPL", "1m", 12);
+    refresh();
+    EXPECT_EQ(price(), 12);
+    EXPECT_GE(store_->failures(), 1u);
+
+    quote("AAPL", "1y", 50);
+    quote("TIDE", "1y", 60);
+    store_->readYear();
+    ASSERT_TRUE(until([&] { return store_->yearQuotes().size() == 2; }));
+    // Another program changes a setting.
+    quote("AAPL", "1w", 70);
+    Defaults(bench_.folder.path() / "settings.ini").set("quoteRange", "1w");
+    defaults_.reload();
+    store_->refresh(TrackerRound::events);
+    EXPECT_TRUE(until([&] { return price() == 70; }));
+}
+
+TEST_F(TrackerStoreTest, WhatAnotherProgramFetchesIsTakenOver) {
+    openAndRefresh();
+    bench_.pass(10s);
+    {
+        LocalStore other(bench_.library(), Database::Access::readWrite);
+        auto transaction = other.transaction();
+        other.trackerCopies().keep("quotes", {boardAnswer({"REEF"}).body, bench_.now()});
+        other.trackerCopies().setHealth("quotes", {.lastSuccess = bench_.now()});
+        transaction.commit();
+    }
+    store_->load();
+    ASSERT_TRUE(until([&] { return store_->board().value->at(0).symbol == "REEF"; }));
+    EXPECT_EQ(store_->board().fetchedAt, bench_.now());
+}
+
+TEST_F(TrackerStoreTest, AStoreThatGoesInTheMiddleOfARoundEndsAtOnce) {
+    auto silent = statusAnswer({});
+    silent.delivery.neverAnswers = true;
+    bench_.http.script.on(kApple, kConsumer, {silent});
+    auto late = releasesAnswer("A", "B");
+    late.delivery.delay = 60ms;
+    serve("releases", {late});
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        open();
+        ASSERT_TRUE(until([&] { return store_->isLoaded(); }));
+        store_->refreshAll();
+        ::test::runFor(attempt * 50ms);
+        const auto begin = std::chrono::steady_clock::now();
+        store_.reset();
+        ::test::runFor(100ms);  // the late answer finds nobody
+        worker_.reset();
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, 1s);
+    }
+}
+
+}  // namespace
+}  // namespace desk

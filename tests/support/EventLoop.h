@@ -1,0 +1,34 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QTimer>
+
+namespace test {
+
+/// What Qt's objects need in a program without a main function of its own.
+inline void beApplication() {
+    static int count = 0;
+    static QCoreApplication application(count, nullptr);
+}
+
+/// Runs the event loop for that long.
+inline void runFor(std::chrono::milliseconds time) {
+    QEventLoop loop;
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// Runs the event loop until it holds, ten seconds at most.
+inline bool until(const std::function<bool()>& holds) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!holds() && std::chrono::steady_clock::now() < end) {
+        runFor(std::chrono::milliseconds(5));
+    }
+    return holds();
+}
+
+}  // namespace test
