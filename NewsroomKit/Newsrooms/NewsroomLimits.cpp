@@ -22,6 +22,8 @@ enum class Lines { one, many };
 
 void requireText(const std::string& path, std::string_view text, std::size_t most,
                  Lines lines = Lines::one) {
+    // Written down and read again it would be another text, or none.
+    if (!isValidUTF8(text)) throw RecordError(path, "the text is not UTF-8");
     // A character can be a long run of marks, so bytes are bounded as well.
     if (text.size() > most * 8 || characterCount(text) > most)
         throw RecordError(path, "the text is longer than " + std::to_string(most) + " characters");
@@ -34,9 +36,20 @@ void requireText(const std::string& path, std::string_view text, std::size_t mos
     }
 }
 
+/// Spaces, and what takes no room at all.
+bool isInvisible(char32_t c) {
+    return isWhitespaceOrNewline(c) || c == 0xAD || (c >= 0x200B && c <= 0x200F) ||
+           (c >= 0x2060 && c <= 0x2064) || c == 0x3164 || c == 0xFEFF;
+}
+
 void requireName(const std::string& name) {
-    if (trimWhitespaceAndNewlines(name).empty()) throw RecordError("name", "it is empty");
     requireText("name", name, kLineCharacters);
+    for (std::size_t at = 0; at < name.size();) {
+        const auto decoded = decodeUTF8(name, at);
+        if (!isInvisible(decoded.value)) return;
+        at += decoded.length;
+    }
+    throw RecordError("name", "it is empty");
 }
 
 void requireTexts(const std::string& path, const std::vector<std::string>& texts,

@@ -32,6 +32,7 @@ NewsroomSpec duplicated(const NewsroomSpec& spec, std::string name) {
     // There is one built-in newsroom only.
     if (copy.origin == NewsroomSpec::Origin::builtIn) copy.origin = NewsroomSpec::Origin::manual;
     for (auto& panel : copy.panels) panel.id = UUID::random();
+    NewsroomLimits::require(copy);
     return copy;
 }
 

@@ -13,7 +13,8 @@ namespace newsroom {
 NewsroomSpec madeNewsroom(std::string name, std::string symbol, std::span<const PanelKind> kinds,
                           StoryQuery focus);
 
-/// The same under another name: a newsroom of its own, with panels of its own.
+/// The same under another name: a newsroom of its own, with panels of its own. Throws
+/// RecordError as NewsroomLimits::require does.
 NewsroomSpec duplicated(const NewsroomSpec& spec, std::string name);
 
 /// With a fresh id, and with the fallback for a symbol that is not in NewsroomSymbols.

@@ -103,10 +103,11 @@ int newBeat(Session& session, const BeatOptions& options) {
     requireSymbol(options.symbol);
     const auto query = givenQuery(session.store(), options.query);
     auto shelf = BeatShelf::read(session.store().beats());
-    requireFree(shelf, options.name, kBeat);
+    const auto name = trimmed(options.name);
+    requireFree(shelf, name, kBeat);
     Beat beat;
     try {
-        beat = newsroom::madeBeat(trimmed(options.name), options.symbol, query, options.alerts == "on");
+        beat = newsroom::madeBeat(name, options.symbol, query, options.alerts == "on");
     } catch (const newsroom::RecordError& error) {
         throw WrongUsage(fmt::format("That can't be a beat: {}.", error.what()));
     }
@@ -120,10 +121,9 @@ int changeBeat(Session& session, const BeatOptions& options) {
     auto shelf = BeatShelf::read(session.store().beats());
     const auto& entry = named(shelf.entries(), options.name, kBeat);
     auto beat = readable(entry, kBeat);
-    if (!options.newName.empty() && options.newName != beat.name) {
-        const auto others = BeatShelf::meant(shelf.entries(), options.newName);
-        if (!others.empty() && others.front() != &entry) requireFree(shelf, options.newName, kBeat);
+    if (!options.newName.empty()) {
         beat.name = trimmed(options.newName);
+        requireFreeFor(shelf, entry, beat.name, kBeat);
     }
     if (!options.symbol.empty()) beat.symbol = options.symbol;
     if (!options.alerts.empty()) beat.alerts = options.alerts == "on";
@@ -175,9 +175,10 @@ int removeBeat(Session& session, const BeatOptions& options) {
 int restoreBeat(Session& session, const BeatOptions& options) {
     auto shelf = BeatShelf::read(session.store().beats());
     if (shelf.removed().empty()) throw WorkFailed("No beat has been removed.");
-    const auto entry = options.name.empty() ? shelf.removed().front()
-                                            : lastRemoved(shelf.removed(), options.name, kBeat);
-    write(session, session.store().beats(), *shelf.restore(entry.id));
+    const auto entry = restored(session, session.store().beats(), shelf,
+                                options.name.empty()
+                                    ? shelf.removed().front()
+                                    : lastRemoved(shelf.removed(), options.name, kBeat));
     if (session.options().json) {
         session.out().line(boost::json::serialize(recordOf(entry)));
     } else {

@@ -128,11 +128,13 @@ int changeNewsroom(Session& session, const NewsroomOptions& options) {
     auto spec = readable(entry, kNewsroom);
     if (!options.newName.empty()) {
         const auto name = trimmed(options.newName);
-        const auto others = NewsroomShelf::meant(shelf.entries(), name);
-        if (!others.empty() && others.front() != &entry) requireFree(shelf, name, kNewsroom);
+        requireFreeFor(shelf, entry, name, kNewsroom);
         spec.name = name;
     }
     if (!options.symbol.empty()) spec.symbol = options.symbol;
+    if (options.everything && options.focus.isGiven())
+        throw WrongUsage("Say what to follow, or --everything, not both.");
+    if (options.everything) spec.focus = {};
     if (options.focus.isGiven()) spec.focus = givenFocus(session, options.focus);
     if (spec == *entry.value)
         throw WrongUsage("Say what to change; see brell newsroom change --help.");
@@ -155,7 +157,12 @@ int duplicateNewsroom(Session& session, const NewsroomOptions& options) {
     } else {
         requireFree(shelf, name, kNewsroom);
     }
-    const auto copy = newsroom::duplicated(spec, name);
+    NewsroomSpec copy;
+    try {
+        copy = newsroom::duplicated(spec, name);
+    } catch (const newsroom::RecordError& error) {
+        refuse(error);
+    }
     put(session, shelf, copy);
     tell(session, shelf, copy, "Added");
     return kDone;
@@ -181,10 +188,10 @@ int removeNewsroom(Session& session, const NewsroomOptions& options) {
 int restoreNewsroom(Session& session, const NewsroomOptions& options) {
     auto shelf = shelfToChange(session);
     if (shelf.removed().empty()) throw WorkFailed("No newsroom has been removed.");
-    const auto entry = options.name.empty()
-                           ? shelf.removed().front()
-                           : lastRemoved(shelf.removed(), options.name, kNewsroom);
-    write(session, session.store().newsrooms(), *shelf.restore(entry.id));
+    const auto entry = restored(session, session.store().newsrooms(), shelf,
+                                options.name.empty()
+                                    ? shelf.removed().front()
+                                    : lastRemoved(shelf.removed(), options.name, kNewsroom));
     tell(session, entry, fmt::format("{} is back.", printable(entry.name)));
     return kDone;
 }

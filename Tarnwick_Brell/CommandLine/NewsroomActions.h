@@ -17,6 +17,7 @@ struct NewsroomOptions {
     std::string file{};
     std::int64_t place = 1;
     bool preview = false;
+    bool everything = false;
     QueryOptions focus{};
 };
 

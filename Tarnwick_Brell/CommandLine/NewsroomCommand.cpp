@@ -51,6 +51,7 @@ void addMaking(CLI::App& newsrooms, Command& chosen, Options options) {
                                   "Change a newsroom; what it follows is replaced as a whole",
                                   changeNewsroom);
     change->add_option("--name", options->newName, "Its new name")->type_name("NAME");
+    change->add_flag("--everything", options->everything, "Follow every story again");
     options->focus.addTo(*change);
     addSymbol(*change, options);
 

@@ -13,6 +13,23 @@ namespace brell {
 
 using desk::NewsroomShelf;
 
+namespace {
+
+/// What a newsroom from elsewhere would do besides showing its panels.
+void printEffects(Session& session, const newsroom::NewsroomSpec& spec) {
+    for (const auto& panel : spec.panels) {
+        const auto title = printable(panel.title);
+        if (panel.options.alerts) {
+            session.out().line(fmt::format("  {} raises notifications: {}.", title,
+                                           queryText(spec.effectiveQuery(panel))));
+        }
+        for (const auto& page : panel.options.pages)
+            session.out().line(fmt::format("  {} follows {}", title, printable(page)));
+    }
+}
+
+}  // namespace
+
 /// One that can't be read goes out as it is stored: another version may know it.
 int exportNewsroom(Session& session, const NewsroomOptions& options) {
     const auto shelf = NewsroomShelf::read(session.storeForReading().newsrooms());
@@ -41,6 +58,7 @@ int importNewsroom(Session& session, const NewsroomOptions& options) {
                                        options.preview ? "Would be added:" : "Added",
                                        printable(spec.name), panelsText(spec),
                                        queryText(spec.focus)));
+        printEffects(session, spec);
     }
     return kDone;
 }

@@ -59,7 +59,7 @@ int showNewsroom(Session& session, const NewsroomOptions& options) {
         return kDone;
     }
     session.out().line(session.out().bold(printable(spec.name)) +
-                       (spec.focus.isEmpty() ? "" : ", " + queryText(spec.focus)));
+                       (spec.focus == newsroom::StoryQuery() ? "" : ", " + queryText(spec.focus)));
     if (spec.panels.empty()) session.out().line("It has no panels.");
     for (const auto* panel : inReadingOrder(spec)) printPanel(session, holdings, spec, *panel);
     return kDone;

@@ -22,10 +22,10 @@ std::size_t terminalWidth() {
 
 }  // namespace
 
-Output::Output()
+Output::Output(Styles styles)
     : width_(std::numeric_limits<std::size_t>::max()),
       terminal_(isatty(STDOUT_FILENO) == 1),
-      styles_(terminal_) {
+      styles_(terminal_ && styles == Styles::asTerminalShows) {
     if (terminal_) width_ = terminalWidth();
     if (const char* plain = std::getenv("NO_COLOR"); plain && *plain) styles_ = false;
 }

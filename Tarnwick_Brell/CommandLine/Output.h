@@ -16,7 +16,9 @@ public:
 /// Standard output, buffered. Throws OutputError when the reader is gone or the disk full.
 class Output {
 public:
-    Output();
+    enum class Styles { asTerminalShows, none };
+
+    explicit Output(Styles styles = Styles::asTerminalShows);
 
     void write(std::string_view text);
     void line(std::string_view text = {});

@@ -6,6 +6,7 @@
 
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
 
 namespace brell {
 
@@ -39,11 +40,25 @@ void QueryOptions::addTo(CLI::App& command) {
     command.add_flag("--set-aside", setAside, "Deals, reviews, roundups and advertising too");
 }
 
+namespace {
+
+/// A term of which nothing is left to compare would be dropped, and its list ask for nothing.
+void requireWords(const std::vector<std::string>& terms) {
+    for (const auto& term : terms) {
+        if (newsroom::PhraseMatcher(term).phrase.empty())
+            throw WrongUsage("There is nothing to look for in \"" + printable(term) + "\".");
+    }
+}
+
+}  // namespace
+
 newsroom::StoryQuery QueryOptions::query() const {
     newsroom::StoryQuery query{.anyTerms = separatedByCommas(any),
                                .excludedTerms = separatedByCommas(exclude),
                                .sourceIDs = sources,
                                .includesSetAside = setAside};
+    requireWords(query.anyTerms);
+    requireWords(query.excludedTerms);
     for (const auto& name : sourcings) {
         const auto sourcing = newsroom::enumFromRaw<newsroom::Sourcing>(name);
         if (!sourcing) {

@@ -6,7 +6,7 @@
 
 namespace brell {
 
-/// A query in words: "iPhone 18 or A20, not case, from macrumors", "every story" when it asks for
+/// A query in words: "iPhone 18 or A20, without case, from macrumors", "every story" when it asks for
 /// nothing.
 std::string queryText(const newsroom::StoryQuery& query);
 

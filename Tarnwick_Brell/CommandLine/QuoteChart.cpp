@@ -70,19 +70,24 @@ struct Scale {
 
 bool isOneDay(const StockQuote& quote) { return quote.range == "1d"; }
 
+/// Whether the points can stand where their times are between the session's open and close.
+bool isWithinSession(const StockQuote& quote) {
+    const auto& points = quote.points;
+    return isOneDay(quote) && quote.sessionOpen && quote.sessionClose &&
+           *quote.sessionOpen < *quote.sessionClose &&
+           std::ranges::all_of(points, [&](const StockQuote::Point& point) {
+               return point.time >= *quote.sessionOpen && point.time <= *quote.sessionClose;
+           }) && std::ranges::is_sorted(points, {}, &StockQuote::Point::time);
+}
+
 /// From 0 at the left to 1 at the right. A day's points stand where their times are in the
 /// session; points of several sessions follow each other without the nights between.
 std::vector<double> places(const StockQuote& quote) {
     const auto& points = quote.points;
     std::vector<double> places(points.size());
-    const bool isWithinSession =
-        isOneDay(quote) && quote.sessionOpen && quote.sessionClose &&
-        *quote.sessionOpen < *quote.sessionClose &&
-        std::ranges::all_of(points, [&](const StockQuote::Point& point) {
-            return point.time >= *quote.sessionOpen && point.time <= *quote.sessionClose;
-        }) && std::ranges::is_sorted(points, {}, &StockQuote::Point::time);
+    const bool standsInSession = isWithinSession(quote);
     for (std::size_t i = 0; i < points.size(); ++i) {
-        if (isWithinSession) {
+        if (standsInSession) {
             const std::chrono::duration<double> whole = *quote.sessionClose - *quote.sessionOpen;
             places[i] = (points[i].time - *quote.sessionOpen) / whole;
         } else {
@@ -96,24 +101,26 @@ void drawReference(Canvas& canvas, const Scale& scale, double price) {
     for (std::size_t x = 0; x < canvas.width(); x += 4) canvas.set(x, scale.dot(price));
 }
 
-/// Straight from point to point; steep pieces are drawn without gaps.
+/// Straight from point to point. Each column of dots shows all that happens in it, so that no
+/// peak is lost and steep pieces have no gaps.
 void drawCurve(Canvas& canvas, const Scale& scale, const StockQuote& quote) {
-    const auto at = places(quote);
     const auto lastX = static_cast<double>(canvas.width() - 1);
-    auto previous = scale.dot(quote.points.front().close);
-    std::size_t next = 1;
-    for (std::size_t x = 0; x < canvas.width(); ++x) {
-        const double place = static_cast<double>(x) / lastX;
-        while (next + 1 < at.size() && at[next] < place) ++next;
-        if (place < at.front() || place > at.back() + 0.5 / lastX) continue;
-        const double gap = at[next] - at[next - 1];
-        const double share = gap > 0 ? std::clamp((place - at[next - 1]) / gap, 0.0, 1.0) : 1;
-        const double from = quote.points[next - 1].close;
-        const auto y = scale.dot(from + (quote.points[next].close - from) * share);
-        const auto begin = std::min(y, previous + (previous < y ? 1 : 0));
-        const auto end = std::max(y, previous - (previous > y ? 1 : 0));
-        for (auto dot = begin; dot <= end; ++dot) canvas.set(x, dot);
-        previous = y;
+    const auto at = places(quote);
+    for (std::size_t i = 1; i < at.size(); ++i) {
+        const double fromX = at[i - 1] * lastX, toX = at[i] * lastX;
+        const double from = quote.points[i - 1].close, to = quote.points[i].close;
+        auto previous = scale.dot(from);
+        const auto end = static_cast<std::size_t>(std::lround(toX));
+        for (auto x = static_cast<std::size_t>(std::lround(fromX)); x <= end; ++x) {
+            const double share =
+                toX > fromX ? std::clamp((static_cast<double>(x) - fromX) / (toX - fromX), 0.0, 1.0)
+                            : 1;
+            const auto y = x == end ? scale.dot(to) : scale.dot(from + (to - from) * share);
+            for (auto dot = std::min(previous, y); dot <= std::max(previous, y); ++dot) {
+                canvas.set(x, dot);
+            }
+            previous = y;
+        }
     }
 }
 
@@ -123,9 +130,7 @@ std::string axis(const StockQuote& quote, std::size_t columns) {
     auto right = dayAndTime(quote.points.back().time);
     constexpr std::size_t day = 10, timeAt = 11;
     if (isOneDay(quote)) {
-        if (quote.sessionClose && quote.points.front().time >= quote.sessionOpen) {
-            right = dayAndTime(*quote.sessionClose);
-        }
+        if (isWithinSession(quote)) right = dayAndTime(*quote.sessionClose);
         right.erase(0, timeAt);
     } else {
         left.resize(day);

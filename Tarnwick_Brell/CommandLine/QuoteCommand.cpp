@@ -55,6 +55,10 @@ int runQuote(Session& session, const QuoteOptions& options) {
     const auto reading = askTracker(session, options.stored, [&](auto& tracker) {
         return tracker.quote(symbol, range);
     });
+    if (!reading.value && !options.stored) {
+        throw WorkFailed(reading.error.value_or("No quote came.") +
+                         " If the symbol is wrong: brell board lists some that are known.");
+    }
     return showTracker<StockQuote>(
         session, options.stored, reading,
         {.json = quoteObject, .text = [&](const StockQuote& quote) {

@@ -40,6 +40,7 @@ newsroom::Instant currentInstant() {
 
 Session::Session(GlobalOptions options)
     : options_(std::move(options)),
+      out_(options_.json ? Output::Styles::none : Output::Styles::asTerminalShows),
       now_(currentInstant()),
       paths_(desk::Paths::forUser(dataDir(options_))) {
     if (options_.demo && (options_.connectTo || options_.caFile)) {

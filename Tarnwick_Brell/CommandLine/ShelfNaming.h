@@ -56,6 +56,15 @@ void requireFree(const desk::Shelf<T>& shelf, const std::string& name, std::stri
     throw WrongUsage(fmt::format("There is a {} named {} already.", what, printable(name)));
 }
 
+/// The same for another name of an entry, which may be spelled otherwise than the one it has.
+template <class T>
+void requireFreeFor(const desk::Shelf<T>& shelf, const desk::ShelfEntry<T>& entry,
+                    const std::string& name, std::string_view what) {
+    for (const auto* other : desk::Shelf<T>::meant(shelf.entries(), name)) {
+        if (other != &entry) requireFree(shelf, name, what);
+    }
+}
+
 /// Throws WrongUsage unless it is empty or one of NewsroomSymbols.
 inline void requireSymbol(const std::string& symbol) {
     if (symbol.empty() || newsroom::NewsroomSymbols::contains(symbol)) return;
@@ -67,6 +76,21 @@ inline void requireSymbol(const std::string& symbol) {
 
 inline std::string trimmed(std::string_view name) {
     return std::string(newsroom::trimWhitespaceAndNewlines(name));
+}
+
+void write(Session& session, desk::RecordTable& table, const desk::ShelfWrite& change);
+
+/// Brings a removed entry back, with a number behind its name when that has been taken since.
+template <class T>
+desk::ShelfEntry<T> restored(Session& session, desk::RecordTable& table, desk::Shelf<T>& shelf,
+                             desk::ShelfEntry<T> entry) {
+    const auto name = shelf.freeName(entry.name);
+    write(session, table, *shelf.restore(entry.id));
+    if (entry.value && name != entry.name) {
+        entry.value->name = name;
+        write(session, table, shelf.put(*entry.value));
+    }
+    return *shelf.find(entry.id);
 }
 
 /// Writes one change of a shelf.

@@ -33,8 +33,9 @@ std::string distanceText(newsroom::Instant then, newsroom::Instant now) {
     const bool isAhead = then > now;
     const auto distance = isAhead ? then - now : now - then;
     if (distance < minutes(1)) return "now";
-    const auto text = distance < days(7) ? spanText(distance)
-                                         : fmt::format("{} d", floor<days>(distance).count());
+    const auto text = distance < hours(1)  ? fmt::format("{} min", floor<minutes>(distance).count())
+                      : distance < days(1) ? fmt::format("{} h", floor<hours>(distance).count())
+                                           : fmt::format("{} d", floor<days>(distance).count());
     return isAhead ? "in " + text : text + " ago";
 }
 

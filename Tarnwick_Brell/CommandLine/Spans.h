@@ -9,8 +9,7 @@ namespace brell {
 /// "under a minute", "35 min", "2 h 5 min", "3 d 4 h".
 std::string spanText(newsroom::Instant::duration span);
 
-/// When something is, seen from now: "in 35 min", "now", "3 h ago"; beyond a week only days,
-/// "in 19 d".
+/// When something is, seen from now: "in 35 min", "now", "3 h ago", "in 19 d".
 std::string distanceText(newsroom::Instant then, newsroom::Instant now);
 
 }  // namespace brell

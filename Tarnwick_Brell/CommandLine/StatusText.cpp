@@ -34,7 +34,8 @@ std::string sinceText(const Incident& incident) {
 
 std::string lastedText(const Incident& incident, Instant now) {
     if (!incident.started) return "";
-    const auto end = incident.ended.value_or(now);
+    // The end of what goes on is a plan.
+    const auto end = incident.isOngoing() ? now : incident.ended.value_or(now);
     return end < *incident.started ? "" : spanText(end - *incident.started);
 }
 
@@ -46,13 +47,19 @@ void addNotes(TextTable& table, const Incident& incident) {
     if (!note.empty()) table.addNote(note);
 }
 
+/// Apple's end may be one that was planned and missed.
+std::string lastedText(const desk::LoggedIncident& incident, Instant began) {
+    if (!incident.endedSeen) return "goes on";
+    const auto end = std::min(incident.ended.value_or(*incident.endedSeen), *incident.endedSeen);
+    return spanText(std::max(end - began, Instant::duration(0)));
+}
+
 /// When the desk itself saw it.
 std::string seenText(const desk::LoggedIncident& incident) {
     const auto first = dayAndTime(incident.firstSeen);
     if (!incident.endedSeen) return "Seen since " + first + ".";
-    const auto last = dayAndTime(*incident.endedSeen);
-    return first == last ? "Seen " + first + ", when it was over."
-                         : "Seen from " + first + " to " + last + ".";
+    if (*incident.endedSeen == incident.firstSeen) return "Over when first seen, " + first + ".";
+    return "Seen from " + first + " to " + dayAndTime(*incident.endedSeen) + ".";
 }
 
 }  // namespace
@@ -106,10 +113,8 @@ void printIncidentLog(Output& out, const std::vector<desk::LoggedIncident>& inci
     TextTable table({"service", "what", "began", "lasted"});
     for (const auto& incident : incidents) {
         const auto began = incident.started.value_or(incident.firstSeen);
-        auto ended = incident.ended;
-        if (!ended) ended = incident.endedSeen;
         table.add({printable(incident.service), incidentKindText(incident.kind), dayAndTime(began),
-                   ended ? spanText(std::max(*ended - began, Instant::duration(0))) : "goes on"});
+                   lastedText(incident, began)});
         const auto message = printable(incident.message);
         if (!message.empty()) table.addNote(message);
         table.addNote(seenText(incident));

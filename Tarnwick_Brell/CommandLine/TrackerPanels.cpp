@@ -35,11 +35,12 @@ desk::LastGood lastGood(PanelHoldings& holdings) {
 
 /// How old what is shown is, and why it is no newer.
 template <class T>
-void addState(Lines& lines, PanelHoldings& holdings, const desk::TrackerReading<T>& reading) {
+void addState(Lines& lines, PanelHoldings& holdings, const desk::TrackerReading<T>& reading,
+              std::string_view what = "") {
     auto& out = holdings.session().out();
     if (reading.fetchedAt) {
         lines.push_back(out.dim(
-            fmt::format("as of {}", distanceText(*reading.fetchedAt, holdings.now()))));
+            fmt::format("{}as of {}", what, distanceText(*reading.fetchedAt, holdings.now()))));
     }
     if (reading.error) lines.push_back(out.dim(printable(*reading.error)));
 }
@@ -209,6 +210,8 @@ Lines statusLines(PanelHoldings& holdings) {
     }
     if (lines.empty()) lines.push_back(fmt::format("All {} services are up.", services));
     addState(lines, holdings, consumer);
+    if (developer.error || developer.fetchedAt != consumer.fetchedAt)
+        addState(lines, holdings, developer, "developer services ");
     return lines;
 }
 

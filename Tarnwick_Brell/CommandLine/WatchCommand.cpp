@@ -1,5 +1,6 @@
 #include <exception>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -66,6 +67,8 @@ private:
     void connectTrackers() {
         using desk::Alerts;
         using desk::TrackerStore;
+        QObject::connect(&trackers_, &TrackerStore::refreshChanged, &desk_,
+                         [this] { noteTrackers(); });
         QObject::connect(&trackers_, &TrackerStore::onServiceProblem, &desk_, [this](const auto& it) {
             printEvent(Alerts::ofProblem(it),
                        {{"event", "serviceProblem"}, {"id", it.id()}, {"report", newsroom::encode(it)}});
@@ -82,6 +85,27 @@ private:
         });
     }
 
+    /// Tells when a tracker begins to fail, and when it works again.
+    template <class T>
+    void noteState(const std::string& name, const desk::TrackerReading<T>& reading) {
+        const bool wasFailing = failing_.contains(name);
+        if (reading.error && failing_.insert(name).second) tell(*reading.error);
+        if (!reading.error && wasFailing) {
+            failing_.erase(name);
+            tell(name + " can be read again.");
+        }
+    }
+
+    void noteTrackers() {
+        if (wasOffline_) return;
+        noteState("Apple's consumer status", trackers_.consumerStatus());
+        noteState("Apple's developer status", trackers_.developerStatus());
+        noteState("The list of releases", trackers_.releases());
+        noteState("Apple's calendar", trackers_.events());
+        noteState("The board of quotes", trackers_.board());
+        noteState("The share's quote", trackers_.quote());
+    }
+
     static void openLink(const QString& link) {
         if (QProcess::startDetached("xdg-open", {link})) return;
         tell("There is no xdg-open to open " + printable(link.toStdString()) + " with.");
@@ -89,7 +113,7 @@ private:
 
     static void tell(const std::string& sentence) {
         showProgress("");
-        fmt::print(stderr, "brell: {}\n", sentence);
+        fmt::print(stderr, "brell: {}\n", printable(sentence));
     }
 
     void printStories(const std::vector<std::int64_t>& numbers) {
@@ -155,6 +179,7 @@ private:
     desk::Notifier& notifier_;
     newsroom::CompiledStoryQuery wanted_;
     bool wasOffline_ = false;
+    std::set<std::string> failing_;  ///< trackers
     std::exception_ptr failure_;
 };
 

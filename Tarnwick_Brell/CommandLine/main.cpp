@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
@@ -10,13 +11,23 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
 
 namespace {
 
 using namespace brell;
 
 int complain(int status, const std::string& sentence) {
-    fmt::print(stderr, "brell: {}\n", sentence);
+    // Sentences may quote what came from the network.
+    std::string text;
+    for (std::size_t begin = 0; begin <= sentence.size();) {
+        const auto end = std::min(sentence.find('\n', begin), sentence.size());
+        const auto line = sentence.substr(begin, end - begin);
+        const auto indent = line.substr(0, line.find_first_not_of(' '));
+        text += (begin > 0 ? "\n" : "") + indent + printable(line);
+        begin = end + 1;
+    }
+    fmt::print(stderr, "brell: {}\n", text);
     return status;
 }
 

@@ -14,21 +14,27 @@ NewsroomStore::NewsroomStore(DeskWorker& worker, newsroom::FeedClient::Clock clo
 // The worker goes on with what has been asked for; nobody is told any more.
 NewsroomStore::~NewsroomStore() { mailbox_->close(); }
 
-void NewsroomStore::load() {
-    const auto read = [this, mailbox = mailbox_, changesThen = changes_](Bench& bench) {
+void NewsroomStore::load(std::function<void()> then) {
+    const auto read = [this, mailbox = mailbox_, changesThen = changes_, then](Bench& bench) {
         auto newsrooms = NewsroomShelf::read(bench.store.newsrooms());
         auto beats = BeatShelf::read(bench.store.beats());
         mailbox->send([this, changesThen, newsrooms = std::move(newsrooms),
-                       beats = std::move(beats)] { take(newsrooms, beats, changesThen); });
+                       beats = std::move(beats), then] {
+            // What the user has changed since is newer than what was read.
+            if (changesThen != changes_) return load(then);
+            take(newsrooms, beats);
+            if (then) then();
+        });
     };
-    worker_.post(read, [this, mailbox = mailbox_](const std::exception& error) {
-        mailbox->send([this, text = QString::fromUtf8(error.what())] { emit failed(text); });
+    worker_.post(read, [this, mailbox = mailbox_, then](const std::exception& error) {
+        mailbox->send([this, text = QString::fromUtf8(error.what()), then] {
+            emit failed(text);
+            if (then) then();
+        });
     });
 }
 
-void NewsroomStore::take(NewsroomShelf newsrooms, BeatShelf beats, std::uint64_t changesThen) {
-    // What the user has changed since is newer than what was read.
-    if (changesThen != changes_) return load();
+void NewsroomStore::take(NewsroomShelf newsrooms, BeatShelf beats) {
     const bool isFirst = !std::exchange(isLoaded_, true);
     if (isFirst || newsrooms != newsrooms_) {
         newsrooms_ = std::move(newsrooms);
@@ -106,7 +112,8 @@ newsroom::NewsroomSpec takenIn(std::string_view file, const NewsroomShelf& shelf
                            [&](const auto& entry) { return entry.id == id; });
     };
     if (isTaken(shelf.entries()) || isTaken(shelf.removed())) spec.id = newsroom::UUID::random();
-    spec.name = shelf.freeName(spec.name);
+    spec.name =
+        shelf.freeName(std::string(newsroom::trimWhitespaceAndNewlines(spec.name)));
     return spec;
 }
 

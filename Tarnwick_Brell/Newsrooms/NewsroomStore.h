@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -28,8 +29,9 @@ public:
     NewsroomStore(DeskWorker& worker, newsroom::FeedClient::Clock clock);
     ~NewsroomStore() override;
 
-    /// Reads the library, now or again: also when another program has written it.
-    void load();
+    /// Reads the library, now or again: also when another program has written it. `then` is
+    /// called once it has been read, or could not be.
+    void load(std::function<void()> then = {});
     bool isLoaded() const { return isLoaded_; }
 
     const NewsroomShelf& newsrooms() const { return newsrooms_; }
@@ -59,7 +61,7 @@ private:
     void write(Table table, const std::optional<ShelfWrite>& write);
     void changeNewsrooms(const std::optional<ShelfWrite>& write);
     void changeBeats(const std::optional<ShelfWrite>& write);
-    void take(NewsroomShelf newsrooms, BeatShelf beats, std::uint64_t changesThen);
+    void take(NewsroomShelf newsrooms, BeatShelf beats);
 
     DeskWorker& worker_;
     newsroom::FeedClient::Clock clock_;

@@ -9,8 +9,11 @@
 #include <utility>
 #include <vector>
 
+#include "NewsroomKit/Newsrooms/NewsroomLimits.h"
+#include "NewsroomKit/Newsrooms/UUID.h"
 #include "NewsroomKit/Records/Codec.h"
 #include "NewsroomKit/Text/Folding.h"
+#include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/Newsrooms/ShelfWrite.h"
 
 namespace desk {
@@ -57,7 +60,10 @@ public:
     /// else all whose name differs only as folding does not see.
     static std::vector<const Entry*> meant(const std::vector<Entry>& entries,
                                            std::string_view words) {
-        auto found = matching(entries, [&](const Entry& entry) { return entry.id == words; });
+        const auto id = newsroom::UUID::parse(words);
+        auto found = matching(entries, [&](const Entry& entry) {
+            return entry.id == words || (id && entry.id == id->text());
+        });
         if (found.empty())
             found = matching(entries, [&](const Entry& entry) { return entry.name == words; });
         if (!found.empty()) return found;
@@ -66,11 +72,15 @@ public:
                         [&](const Entry& entry) { return newsroom::fold(entry.name) == folded; });
     }
 
-    /// `wanted`, or with a number behind it when an entry has that name already.
+    /// `wanted`, or with a number behind it when an entry has that name already; no longer than
+    /// a name may be.
     std::string freeName(const std::string& wanted) const {
         auto name = wanted;
-        for (int number = 2; !meant(entries_, name).empty(); ++number)
-            name = wanted + " " + std::to_string(number);
+        for (int number = 2; !meant(entries_, name).empty(); ++number) {
+            const auto ending = " " + std::to_string(number);
+            const auto room = newsroom::NewsroomLimits::kLineCharacters - ending.size();
+            name = std::string(newsroom::firstCharacters(wanted, room)) + ending;
+        }
         return name;
     }
 

@@ -159,6 +159,8 @@ void Notifier::post(Notification notification) {
 }
 
 void Notifier::sendNext() {
+    // They may have been switched off since.
+    if (!mayPost()) waiting_.clear();
     if (waiting_.empty() || !isAvailable() || isSending_ || pace_.isActive()) return;
     if (capabilities_) {
         send(*capabilities_);

@@ -7,7 +7,8 @@
 namespace desk {
 
 AppEnvironment::AppEnvironment(const Options& options)
-    : lock_(prepared(options.paths).library, options.what),
+    : clock_(options.clock),
+      lock_(prepared(options.paths).library, options.what),
       defaults_(options.paths.settings),
       newsDesk_(options.paths.library, options.network, defaults_, options.clock),
       trackers_(newsDesk_.worker(), defaults_, options.clock),
@@ -23,7 +24,23 @@ AppEnvironment::AppEnvironment(const Options& options)
     connectAlerts();
 }
 
+/// An event of Apple's calendar makes the desk live, once: the user may end that.
+void AppEnvironment::goLiveForEvents() {
+    if (!newsDesk_.isLoaded() || !trackers_.events().value) return;
+    const auto now = clock_();
+    for (const auto& event : *trackers_.events().value) {
+        const auto until = event.starts + RefreshCadence::kLongestLive;
+        const bool isOn = event.starts <= now && now < until;
+        if (!isOn || event.isReleased() || event.isAnniversary()) continue;
+        if (liveEvents_.insert(event.id).second) newsDesk_.goLive(until);
+    }
+}
+
 void AppEnvironment::connectTrackers() {
+    QObject::connect(&trackers_, &TrackerStore::eventsChanged, &newsDesk_,
+                     [this] { goLiveForEvents(); });
+    QObject::connect(&newsDesk_, &NewsDesk::passEnded, &newsDesk_, [this] { goLiveForEvents(); });
+
     QObject::connect(&trackers_, &TrackerStore::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &trackers_,
                      &TrackerStore::load);
@@ -39,9 +56,11 @@ void AppEnvironment::connectTrackers() {
 void AppEnvironment::connectNewsrooms() {
     QObject::connect(&newsrooms_, &NewsroomStore::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &newsrooms_,
-                     &NewsroomStore::load);
-    QObject::connect(&newsDesk_, &NewsDesk::newsCame, &newsrooms_,
-                     [this](const auto& news) { tellBeats(news); });
+                     [this] { newsrooms_.load(); });
+    // With the beats as they are now: another program may have changed one with the same pass.
+    QObject::connect(&newsDesk_, &NewsDesk::newsCame, &newsrooms_, [this](const auto& news) {
+        newsrooms_.load([this, news] { tellBeats(news); });
+    });
 }
 
 void AppEnvironment::tellBeats(const std::vector<std::int64_t>& numbers) {

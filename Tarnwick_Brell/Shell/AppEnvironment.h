@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -46,9 +48,11 @@ private:
     static const Paths& prepared(const Paths& paths);
     void connectTrackers();
     void connectNewsrooms();
+    void goLiveForEvents();
     void connectAlerts();
     void tellBeats(const std::vector<std::int64_t>& news);
 
+    newsroom::FeedClient::Clock clock_;
     LibraryLock lock_;
     Defaults defaults_;
     NewsDesk newsDesk_;
@@ -58,6 +62,7 @@ private:
     Alerts alerts_;
     LibraryCare care_;
     bool wasOffline_ = false;
+    std::set<std::string> liveEvents_;  ///< ids of those that the desk went live for
 };
 
 }  // namespace desk

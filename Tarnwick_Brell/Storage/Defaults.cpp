@@ -22,12 +22,14 @@ QString qt(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+std::unique_ptr<QSettings> open(const std::filesystem::path& file) {
+    return std::make_unique<QSettings>(QString::fromStdString(file.string()),
+                                       QSettings::IniFormat);
+}
+
 }  // namespace
 
-Defaults::Defaults(const std::filesystem::path& file)
-    : file_(file),
-      settings_(std::make_unique<QSettings>(QString::fromStdString(file.string()),
-                                            QSettings::IniFormat)) {}
+Defaults::Defaults(const std::filesystem::path& file) : file_(file), settings_(open(file)) {}
 
 Defaults::~Defaults() = default;
 
@@ -50,6 +52,8 @@ void Defaults::set(std::string_view name, std::string_view value) {
 void Defaults::write() {
     settings_->sync();
     if (settings_->status() != QSettings::NoError) {
+        // The object would report this failure for ever; what was to be written goes with it.
+        settings_ = open(file_);
         throw StoreError(StoreError::Reason::readOnly,
                          "The settings file " + file_.string() + " can't be written.");
     }

@@ -3,6 +3,7 @@
 #include <map>
 #include <set>
 
+#include "NewsroomKit/Text/ASCII.h"
 #include "Tarnwick_Brell/Storage/Instants.h"
 
 namespace desk {
@@ -15,36 +16,33 @@ namespace {
 
 using Reports = std::map<std::string, AppleServiceStatus::Report>;
 
-/// An answer's incidents by id; of several with one id, the first.
+/// The services' incidents by id; of several with one id, the first.
 struct Answer {
     explicit Answer(const AppleServiceStatus::Services& all) {
         for (const auto& service : all) {
-            services.insert(service.name);
             for (const auto& incident : service.events) {
                 const AppleServiceStatus::Report report{service.name, incident};
-                (incident.isOngoing() ? ongoing : over).emplace(report.id(), report);
+                (incident.isOngoing() ? ongoing : others).emplace(report.id(), report);
             }
         }
     }
 
-    std::set<std::string> services;
     Reports ongoing;
-    Reports over;
+    Reports others;
 };
 
 struct UnderWay {
     std::int64_t number;
-    std::string service;
     std::string report;
 };
 
 std::vector<UnderWay> underWay(Database& database, StatusAudience audience) {
     Statement rows(database,
-                   "SELECT number, service, report FROM serviceIncidents "
+                   "SELECT number, report FROM serviceIncidents "
                    "WHERE audience = ? AND endedSeen IS NULL");
     rows.bind(0, rawValue(audience));
     std::vector<UnderWay> found;
-    while (rows.step()) found.push_back({rows.number(0), rows.text(1), rows.text(2)});
+    while (rows.step()) found.push_back({rows.number(0), rows.text(1)});
     return found;
 }
 
@@ -91,6 +89,13 @@ void end(Database& database, std::int64_t number, const std::optional<Instant>& 
     update.run();
 }
 
+/// What is announced is not ongoing either, and may have got a planned end beforehand.
+bool isOver(const AppleServiceStatus::Incident& incident, Instant now) {
+    return (incident.ended && *incident.ended <= now) ||
+           newsroom::equalsLowercase(incident.status, "resolved") ||
+           newsroom::equalsLowercase(incident.status, "completed");
+}
+
 /// For LIKE, with "\" as the escape.
 std::string containing(std::string_view text) {
     std::string pattern = "%";
@@ -106,23 +111,25 @@ std::string containing(std::string_view text) {
 void IncidentLog::note(StatusAudience audience, const AppleServiceStatus::Services& services,
                        Instant now) {
     Answer answer(services);
-    const auto known = answer.over.empty() ? std::set<std::string>() : logged(database_, audience);
-    // 1. What was under way goes on or ends, if its service is heard of at all.
+    const auto known =
+        answer.others.empty() ? std::set<std::string>() : logged(database_, audience);
+    // 1. What was under way goes on or ends.
     for (const auto& entry : underWay(database_, audience)) {
         if (const auto goesOn = answer.ongoing.extract(entry.report)) {
             seeAgain(database_, entry.number, goesOn.mapped().incident, now);
-        } else if (answer.services.contains(entry.service)) {
-            const auto over = answer.over.find(entry.report);
+        } else {
+            const auto other = answer.others.find(entry.report);
             end(database_, entry.number,
-                over == answer.over.end() ? std::nullopt : over->second.incident.ended, now);
+                other == answer.others.end() ? std::nullopt : other->second.incident.ended, now);
         }
     }
     // 2. What else is ongoing begins, be it once more.
     for (const auto& [id, report] : answer.ongoing) add(database_, audience, id, report, now);
-    // 3. What came and went unseen is noted afterwards; what is announced has not come yet.
-    for (const auto& [id, report] : answer.over) {
-        const bool isAnnounced = report.incident.started > now;
-        if (!isAnnounced && !known.contains(id)) add(database_, audience, id, report, now);
+    // 3. What came and went unseen is noted afterwards.
+    for (const auto& [id, report] : answer.others) {
+        if (isOver(report.incident, now) && !known.contains(id)) {
+            add(database_, audience, id, report, now);
+        }
     }
 }
 

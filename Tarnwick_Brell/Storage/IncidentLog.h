@@ -39,9 +39,9 @@ class IncidentLog {
 public:
     explicit IncidentLog(Database& database) : database_(database) {}
 
-    /// Brings the log up to what a status answer says, which must be whole: an incident has
-    /// ended when its service says so or mentions it no more. A service that is missing says
-    /// nothing.
+    /// Brings the log up to what is known of the services, which must be whole: what is not
+    /// ongoing in it has ended, be it that its service says so or is gone. A service that a
+    /// single answer lacks must be in it as it was before.
     void note(newsroom::StatusAudience audience,
               const newsroom::AppleServiceStatus::Services& services, newsroom::Instant now);
 

@@ -76,6 +76,15 @@ bool isSymbol(std::string_view text) {
     });
 }
 
+/// Services know symbols in capital letters.
+std::string capitals(std::string_view text) {
+    std::string form(text);
+    for (auto& letter : form) {
+        if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
+    }
+    return form;
+}
+
 /// The client speaks HTTPS only, and the rest of the address is its own to add.
 bool isServiceAddress(std::string_view text) {
     const auto address = newsroom::WebAddress::parse(text);
@@ -100,7 +109,8 @@ std::optional<std::string> suitable(const SettingKey& key, std::string_view valu
         case Type::wholeNumber: good = isWholeNumber(value); break;
         case Type::truthValue: return truthValue(value);
         case Type::choice: good = std::ranges::find(key.choices, value) != key.choices.end(); break;
-        case Type::symbol: good = isSymbol(value); break;
+        case Type::symbol:
+            return isSymbol(value) ? std::optional(capitals(value)) : std::nullopt;
         case Type::webAddress: good = isServiceAddress(value); break;
         case Type::file: good = std::filesystem::is_regular_file(value); break;
     }

@@ -21,7 +21,7 @@ struct SettingKey {
     /// Null when there is no such key.
     static const SettingKey* named(std::string_view name);
 
-    /// The value in the form in which it is stored ("on" as "true"). Throws
+    /// The value in the form in which it is stored ("on" as "true", "aapl" as "AAPL"). Throws
     /// std::invalid_argument with a sentence for the user when it does not suit the key.
     std::string stored(std::string_view value) const;
 

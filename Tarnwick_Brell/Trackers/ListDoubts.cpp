@@ -32,11 +32,13 @@ AppleServiceStatus::Services vanished(const AppleServiceStatus::Services& before
 
 std::vector<PlatformRelease> vanished(const std::vector<PlatformRelease>& before,
                                       const std::vector<PlatformRelease>& latest) {
-    std::set<std::string> names;
-    for (const auto& platform : latest) {
-        if (hasRelease(platform)) names.insert(platform.platform);
+    auto gone = before;
+    for (auto& platform : gone) {
+        const auto now = std::ranges::find(latest, platform.platform, &PlatformRelease::platform);
+        if (now == latest.end()) continue;
+        if (now->current) platform.current.reset();
+        if (now->beta) platform.beta.reset();
     }
-    auto gone = without(before, names, &PlatformRelease::platform);
     std::erase_if(gone, [](const PlatformRelease& platform) { return !hasRelease(platform); });
     return gone;
 }
@@ -53,8 +55,13 @@ std::vector<BoardQuote> vanished(const std::vector<BoardQuote>&, const std::vect
 std::vector<PlatformRelease> completed(std::vector<PlatformRelease> list,
                                        const std::vector<PlatformRelease>& lacking) {
     for (const auto& platform : lacking) {
-        std::erase_if(list, [&](const auto& empty) { return empty.platform == platform.platform; });
-        list.push_back(platform);
+        const auto place = std::ranges::find(list, platform.platform, &PlatformRelease::platform);
+        if (place == list.end()) {
+            list.push_back(platform);
+            continue;
+        }
+        if (platform.current) place->current = platform.current;
+        if (platform.beta) place->beta = platform.beta;
     }
     std::ranges::sort(list, newsroom::standsBefore, &PlatformRelease::platform);
     return list;

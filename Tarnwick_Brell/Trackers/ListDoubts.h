@@ -24,7 +24,8 @@ bool saysNothing(const std::vector<T>& list) {
 bool saysNothing(const std::vector<PlatformRelease>& releases);
 
 /// What the answer before has and the latest lacks, as far as that is a wonder: rows of boards
-/// and calendars come and go, but a calendar does not lose all of them.
+/// and calendars come and go, but a calendar does not lose all of them. Of platforms, it has
+/// only the channels that are lacking.
 AppleServiceStatus::Services vanished(const AppleServiceStatus::Services& before,
                                       const AppleServiceStatus::Services& latest);
 std::vector<PlatformRelease> vanished(const std::vector<PlatformRelease>& before,

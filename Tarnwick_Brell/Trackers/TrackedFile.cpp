@@ -1,5 +1,7 @@
 #include "Tarnwick_Brell/Trackers/TrackedFile.h"
 
+#include "NewsroomKit/Text/Unicode.h"
+
 namespace desk {
 
 using newsroom::AppleServiceStatus;
@@ -33,7 +35,13 @@ TrackedFile<newsroom::StockQuote> quoteFile(std::string_view symbol, QuoteRange 
     return {
         .name = std::string(kQuoteNames) + std::string(rawValue(range)) + "/" + std::string(symbol),
         .title = "The quote of " + std::string(symbol),
-        .parse = TrackerAPI::parseQuote};
+        .parse = TrackerAPI::parseQuote,
+        .isWanted =
+            [symbol = newsroom::lowercasedASCII(symbol), range](const newsroom::StockQuote& quote) {
+                return quote.range == rawValue(range) &&
+                       newsroom::lowercasedASCII(quote.symbol) == symbol;
+            },
+        .absence = "The service knows no such symbol."};
 }
 
 TrackedFile<std::vector<newsroom::BoardQuote>> boardFile() {

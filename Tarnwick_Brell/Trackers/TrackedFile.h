@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,9 @@ struct TrackedFile {
     std::string title;  ///< in sentences
     T (*parse)(std::string_view body);
     Emptiness emptiness = Emptiness::always;
+    /// Whether an answer is one to what was asked. Only quotes have it.
+    std::function<bool(const T&)> isWanted{};
+    std::string absence{};  ///< what the answer 404 says, when that is known
 };
 
 inline constexpr std::string_view kQuoteNames = "quote/";

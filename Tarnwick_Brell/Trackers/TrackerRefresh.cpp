@@ -34,6 +34,14 @@ std::string hostOf(const std::string& address) {
 }
 
 template <class T>
+std::string sentence(const TrackedFile<T>& file, const FetchError& error) {
+    constexpr newsroom::HTTPClientError notFound{.kind = newsroom::HTTPClientError::Kind::status,
+                                                 .statusCode = 404};
+    const bool isAbsent = !file.absence.empty() && error == FetchError(notFound);
+    return isAbsent ? file.absence : error.description();
+}
+
+template <class T>
 bool isRefused(const TrackedFile<T>& file, const T& fresh, const std::optional<T>& latest) {
     if (!saysNothing(fresh) || file.emptiness == Emptiness::always) return false;
     return file.emptiness == Emptiness::never || (latest && !saysNothing(*latest));
@@ -94,7 +102,7 @@ TrackerRefresh::Result<T> TrackerRefresh::refresh(TrackedFile<T> file, Request r
     const auto& error = fetched.body.error();
     const bool isOurs = error == FetchError(URLError::cancelled) ||
                         error == FetchError(URLError::notConnectedToInternet);
-    co_return isOurs ? unblamed(file, error.description()) : failed(file, error.description());
+    co_return isOurs ? unblamed(file, error.description()) : failed(file, sentence(file, error));
 }
 
 template <class T>
@@ -107,7 +115,11 @@ TrackerReading<T> TrackerRefresh::keep(const TrackedFile<T>& file, const std::st
         return failed(file, "The answer does not read (" + std::string(error.what()) + ").");
     }
     bool lacksSomething = false;
-    if constexpr (!std::is_same_v<T, StockQuote>) {
+    if constexpr (std::is_same_v<T, StockQuote>) {
+        if (!file.isWanted(*fresh)) {
+            return failed(file, "The server answered with another quote.");
+        }
+    } else {
         const auto latest = lastGood_.copy(file.name, file.parse);
         if (isRefused(file, *fresh, latest)) return failed(file, "The answer was an empty list.");
         lacksSomething = latest && !vanished(*latest, *fresh).empty();
@@ -123,9 +135,10 @@ TrackerReading<T> TrackerRefresh::keep(const TrackedFile<T>& file, const std::st
     }
     copies.keep(file.name, {body, now});
     copies.setHealth(file.name, {.lastAttempt = now, .lastSuccess = now});
-    if (log) log(*fresh, now);
+    auto reading = lastGood_.read(file);
+    if (log) log(reading.value.value(), now);
     transaction.commit();
-    return lastGood_.read(file);
+    return reading;
 }
 
 template <class T>

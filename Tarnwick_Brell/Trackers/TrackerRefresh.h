@@ -18,7 +18,8 @@ namespace desk {
 /// start, incidents and builds in their logs. What is not good leaves all that as it was.
 ///
 /// Lists are not believed to have become shorter before a second answer says so (see
-/// ListDoubts.h); until then the value has what is missing, from the answer before.
+/// ListDoubts.h); until then the value has what is missing, from the answer before, and so
+/// has what the logs are told.
 ///
 /// The object must outlive its coroutines. They throw StoreError.
 class TrackerRefresh {
@@ -43,7 +44,7 @@ private:
         std::string address;
         std::size_t byteLimit;
     };
-    /// Called for a good answer, in the transaction that keeps it.
+    /// Called for a good answer, completed, in the transaction that keeps it.
     template <class T>
     using Log = std::function<void(const T&, newsroom::Instant)>;
 

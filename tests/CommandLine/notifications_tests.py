@@ -33,7 +33,8 @@ class Notifications(dbusmock.DBusTestCase):
         cls.bus = cls.get_dbus()
 
     def setUp(self):
-        self.service, self.mock = self.spawn_server_template("notification_daemon", {}, stdout=subprocess.DEVNULL)
+        self.service, self.mock = self.spawn_server_template(
+            "notification_daemon", {"capabilities": "body actions sound"}, stdout=subprocess.DEVNULL)
         self.addCleanup(self.service.wait)
         self.addCleanup(self.service.terminate)
         self.world = World()

@@ -113,6 +113,8 @@ class Trackers(unittest.TestCase):
                 self.assertEqual(len(chart), 8 if charted else 0, (columns, kind))
                 for line in chart:
                     self.assertLessEqual(len(line), columns)
+                for edge in chart[:1] + chart[-1:]:
+                    self.assertRegex(edge, "┤ .*[⠁-⣿]", "the highest and the lowest price are drawn")
                 self.assertNotIn("\x1b", "".join(lines))
         price = self.desk.json("quote", "--range", "1y")
         low, high = (f(p["c"] for p in price["points"]) for f in (min, max))

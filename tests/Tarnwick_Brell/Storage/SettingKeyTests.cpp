@@ -25,6 +25,7 @@ TEST(SettingKey, TakesWhatSuitsItAndSaysWhatElseItNeeds) {
         {"quoteRange", "5y", "", "one of 1d, 1w, 1m, 1y"},
         {"focusSymbol", "^GSPC", "^GSPC"},
         {"focusSymbol", "005930.KS", "005930.KS"},
+        {"focusSymbol", "brk.b", "BRK.B"},
         {"focusSymbol", "A B", "", "the symbol of a share"},
         {"focusSymbol", tooLong, "", "the symbol of a share"},
         {"serviceAddress", "https://press.example/", "https://press.example/"},

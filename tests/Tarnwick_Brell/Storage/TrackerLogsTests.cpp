@@ -60,23 +60,24 @@ TEST_F(TrackerLogsTest, AnIncidentIsLoggedOnceForEachTimeItIsOngoing) {
                             "Mail slower 90..280 seen 100..200..300"}));
 }
 
-TEST_F(TrackerLogsTest, AServiceThatIsMissingHasNotRecovered) {
+TEST_F(TrackerLogsTest, AnIncidentEndsWithItsServiceButNotWithThatOfOthers) {
     note(100, {{"Mail", {incident("ongoing", 90)}}});
-    note(200, {{"Maps"}});
-    note(300, {{"Mail"}}, StatusAudience::developer);
-    EXPECT_EQ(log(), (Lines{"Mail slow 90..- seen 100..100..-"}));
-    note(400, {{"Mail", {incident("ongoing", 90), incident("resolved", 90)}}});
-    EXPECT_EQ(log(), (Lines{"Mail slow 90..- seen 100..400..-"}));
+    note(200, {{"Mail"}}, StatusAudience::developer);
+    note(300, {{"Mail", {incident("ongoing", 90), incident("resolved", 90)}}});
+    EXPECT_EQ(log(), (Lines{"Mail slow 90..- seen 100..300..-"}));
+    note(400, {{"Maps"}});
+    EXPECT_EQ(log(), (Lines{"Mail slow 90..- seen 100..300..400"}));
 }
 
 TEST_F(TrackerLogsTest, WhatCameAndWentUnseenIsNotedAndWhatIsAnnouncedIsNot) {
     const Services services{
-        {"Mail", {incident("resolved", 50, 60), incident("resolved", 70, 80, "down")}},
-        {"Maps", {incident("upcoming", 900)}}};
+        {"Mail", {incident("Resolved", 50), incident("upcoming", 70, 100, "down")}},
+        {"Maps",
+         {incident("upcoming", 900), incident("upcoming", 80), incident("upcoming", 90, 300)}}};
     note(100, services);
     note(200, services);
-    EXPECT_EQ(log(), (Lines{"Mail down 70..80 seen 100..100..100",
-                            "Mail slow 50..60 seen 100..100..100"}));
+    EXPECT_EQ(log(), (Lines{"Mail down 70..100 seen 100..100..100",
+                            "Mail slow 50..- seen 100..100..100"}));
 }
 
 TEST_F(TrackerLogsTest, TheLogIsSearchedForTheTextAsItStands) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <regex>
 #include <sstream>
 
 #include <boost/asio/bind_cancellation_slot.hpp>
@@ -30,7 +31,8 @@ constexpr std::pair<const char*, const char*> kFiles[] = {
     {kService, "/wp-json/tb-wire/v1/quotes"}};
 
 /// Lists as words: "Mail Maps!" is two services, the second with an ongoing incident;
-/// "iOS=7 tvOS" is a platform with a build and one without.
+/// "iOS=7 macOS=7/6 tvOS" is a platform with a beta, one with a beta and a public build, and one
+/// without any.
 std::vector<std::string> words(const std::string& list) {
     std::istringstream stream(list);
     return {std::istream_iterator<std::string>(stream), {}};
@@ -58,12 +60,19 @@ std::string releasesBody(const std::string& list) {
     return "{\"systems\":{" +
            joined(list,
                   [](const std::string& word) {
-                      const auto sign = word.find('=');
-                      if (sign == word.npos) return "\"" + word + "\":{}";
-                      return "\"" + word.substr(0, sign) +
-                             R"(":{"beta":{"version":"1","stage":"beta","title":"t","url":"u",)"
-                             R"("published":"2026-11-02T18:00:00Z","build":")" +
-                             word.substr(sign + 1) + "\"}}";
+                      static const std::regex form("(\\w+)(?:=(\\w+))?(?:/(\\w+))?");
+                      std::smatch parts;
+                      std::regex_match(word, parts, form);
+                      std::string channels;
+                      for (const auto& [name, build] :
+                           {std::pair{"beta", parts.str(2)}, {"public", parts.str(3)}}) {
+                          if (build.empty()) continue;
+                          channels += (channels.empty() ? "\"" : ",\"") + std::string(name) +
+                                      R"(":{"version":"1","stage":"s","title":"t","url":"u",)"
+                                      R"("published":"2026-11-02T18:00:00Z","build":")" +
+                                      build + "\"}";
+                      }
+                      return "\"" + parts.str(1) + "\":{" + channels + "}";
                   }) +
            "}}";
 }
@@ -95,7 +104,8 @@ std::string word(const AppleServiceStatus::Service& service) {
     return service.name + (service.events.empty() ? "" : "!");
 }
 std::string word(const PlatformRelease& platform) {
-    return platform.platform + (platform.beta ? "=" + platform.beta->build : "");
+    return platform.platform + (platform.beta ? "=" + platform.beta->build : "") +
+           (platform.current ? "/" + platform.current->build : "");
 }
 std::string word(const newsroom::AppleCalendarEvent& event) { return event.id; }
 std::string word(const newsroom::BoardQuote& quote) { return quote.symbol; }
@@ -192,7 +202,11 @@ TEST_F(TrackerRefreshTest, AListIsNotBelievedToBeShorterBeforeASecondAnswerSaysS
          {"iOS=4 macOS=1", "iOS=4 macOS=1"},
          {"iOS=5", "iOS=5 macOS=1"},
          {"macOS=2", "iOS=5 macOS=2"},
-         {"macOS=2", "macOS=2"}});
+         {"macOS=2", "macOS=2"},
+         {"macOS=2/1", "macOS=2/1"},
+         {"macOS/2", "macOS=2/2"},
+         {"macOS/2", "macOS/2"},
+         {"macOS=3", "macOS=3/2"}});
     play(
         "Apple's calendar", eventsBody, [&] { return refresh_.events(); },
         [&] { return lastGood_.events(); },
@@ -262,11 +276,11 @@ TEST_F(TrackerRefreshTest, ACopyThatDoesNotReadIsNone) {
 }
 
 TEST_F(TrackerRefreshTest, EachSymbolAndRangeHasItsQuote) {
-    const auto serve = [&](const char* query, const char* range) {
+    const auto serve = [&](const char* query, const char* range, const char* symbol = "^gspc") {
         bench_.script.on(kService, std::string("/wp-json/tb-wire/v1/quote?") + query,
-                         {{.body = std::string(R"({"symbol":"^GSPC","name":"n","currency":"USD",)"
-                                               R"("price":1,"market_state":"OPEN","points":[],)") +
-                                   R"("range":")" + range + "\"}"}});
+                         {{.body = std::string(R"({"name":"n","currency":"USD","price":1,)"
+                                               R"("market_state":"OPEN","points":[],"symbol":")") +
+                                   symbol + R"(","range":")" + range + "\"}"}});
     };
     serve("range=1d&symbol=%5EGSPC", "1d");
     serve("range=1y&symbol=%5EGSPC", "1y");
@@ -278,7 +292,13 @@ TEST_F(TrackerRefreshTest, EachSymbolAndRangeHasItsQuote) {
     EXPECT_FALSE(lastGood_.quote("^GSPC", QuoteRange::week).value);
     const auto missing = run(refresh_.quote("NOPE", QuoteRange::day));
     EXPECT_FALSE(missing.value);
-    EXPECT_TRUE(missing.error);
+    EXPECT_EQ(missing.error, "The quote of NOPE: The service knows no such symbol.");
+    for (const auto& [range, symbol] : {std::pair{"1y", "^GSPC"}, {"1d", "^DJI"}}) {
+        serve("range=1d&symbol=%5EGSPC", range, symbol);
+        const auto other = run(refresh_.quote("^GSPC", QuoteRange::day));
+        EXPECT_EQ(other.error, "The quote of ^GSPC: The server answered with another quote.");
+        EXPECT_EQ(other.value, day.value);
+    }
 }
 
 TEST_F(TrackerRefreshTest, OnlyAWholeAnswerEndsAnIncident) {
@@ -291,9 +311,12 @@ TEST_F(TrackerRefreshTest, OnlyAWholeAnswerEndsAnIncident) {
     };
     EXPECT_FALSE(answer({.body = statusBody("Mail! Maps")}));
     const auto body = statusBody("Mail Maps");
+    const auto without = statusBody("Maps");
     EXPECT_FALSE(answer({.body = body.substr(0, body.size() / 2)}));
     EXPECT_FALSE(answer({.body = statusBody("")}));
-    EXPECT_FALSE(answer({.body = statusBody("Maps")}));
+    EXPECT_FALSE(answer({.body = without}));
+    EXPECT_EQ(answer({.body = without}), now_) << "a service that is gone for good";
+    EXPECT_FALSE(answer({.body = statusBody("Mail! Maps")}));
     EXPECT_EQ(answer({.body = body}), now_);
 }
 
