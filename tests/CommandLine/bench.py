@@ -40,7 +40,7 @@ class Desk:
     def run(self, *words, stdin=None, status=0, **options):
         environment = dict(os.environ, NO_COLOR="1")
         result = subprocess.run(
-            [BIN / "brell", "--data-dir", self.folder, *self.network, *map(str, words)],
+            [BIN / "brell", "--data-dir", self.folder, *self.network, *(word if isinstance(word, bytes) else str(word) for word in words)],
             input=stdin, capture_output=True, timeout=120, env=environment, **options)
         result.stdout = result.stdout.decode("utf-8")
         result.stderr = result.stderr.decode("utf-8")

@@ -42,6 +42,8 @@ class NewsroomsAndBeats(unittest.TestCase):
         changed = self.desk.json("newsroom")[1]
         self.assertEqual((changed["id"], changed["symbol"]), (made["id"], "bolt"))
         self.assertEqual((changed["focus"]["anyTerms"], changed["focus"]["sourceIDs"]), ([], ["macrumors"]))
+        self.desk.run("newsroom", "change", "Silicon", "--everything")
+        self.assertEqual(self.desk.json("newsroom")[1]["focus"], self.desk.json("newsroom")[0]["focus"])
 
         self.desk.run("newsroom", "duplicate", "silicon")
         self.desk.run("newsroom", "move", "Silicon 2", 1)
@@ -65,6 +67,10 @@ class NewsroomsAndBeats(unittest.TestCase):
                 (["new", "X" * 300, "--panels", "stream"], "longer than 200"),
                 (["new", "X", "--panels", "stream", "--source", "nobody"], "nobody"),
                 (["new", "X", "--panels", "stream", "--symbol", "star"], "square.grid.2x2"),
+                (["new", b"caf\xe9", "--panels", "stream"], "not UTF-8"),
+                (["new", "\u200b", "--panels", "stream"], "name: it is empty"),
+                (["new", "X", "--panels", "stream", "--any", "\u2014"], "nothing to look for"),
+                (["duplicate", "Chips", "a\x1bb"], "cannot be shown"),
                 (["rename", "Chips", "today"], "There is a newsroom named today already"),
                 (["change", "Chips"], "Say what to change"),
                 (["show", "Nothing"], "There is no newsroom named Nothing"),
@@ -86,6 +92,11 @@ class NewsroomsAndBeats(unittest.TestCase):
         self.assertNotEqual(second["id"], first["id"])
 
         spec = json.loads(file.read_text())
+        spec["panels"][3]["options"]["alerts"] = True
+        spec["name"] = " Padded "
+        preview = self.desk.run("newsroom", "import", "-", "--preview", stdin=json.dumps(spec).encode()).stdout
+        self.assertIn("Would be added: Padded:", preview)
+        self.assertIn("Top stories raises notifications: every story", preview)
         spec["panels"][3]["kind"] = "teapot"
         refused = self.desk.run("newsroom", "import", "-", stdin=json.dumps(spec).encode(), status=1)
         self.assertIn('panels[3].kind: unknown value "teapot"', refused.stderr)
@@ -128,10 +139,13 @@ class NewsroomsAndBeats(unittest.TestCase):
         self.assertIn("no beat named Speakers", self.desk.run("wire", "--beat", "Speakers", status=2).stderr)
         self.desk.run("beat", "restore")
         self.assertTrue(self.desk.json("beat")[1]["alerts"])
+        self.desk.run("beat", "remove", "Deals")
+        self.desk.run("beat", "new", " deals ", "--any", "case")
+        self.assertIn("Deals 2 is back", self.desk.run("beat", "restore").stdout)
         for words, told in [(["new", "Empty"], "Say which stories"),
                             (["test"], "Say which stories"),
                             (["test", "Deals", "--any", "x"], "not both"),
-                            (["new", "deals", "--any", "x"], "There is a beat named deals already"),
+                            (["new", " deals ", "--any", "x"], "There is a beat named deals already"),
                             (["new", "X", "--any", "x", "--alerts", "loud"], "on")]:
             self.assertIn(told, self.desk.run("beat", *words, status=2).stderr)
 
