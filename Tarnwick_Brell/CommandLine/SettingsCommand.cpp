@@ -8,6 +8,8 @@
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/TextTable.h"
 
 namespace brell {
 
@@ -26,21 +28,26 @@ const desk::SettingKey& knownKey(const std::string& name) {
     throw WrongUsage("There is no setting named " + name + ". The settings are " + names + ".");
 }
 
+/// What holds, and whether the user said so.
+std::string shownValue(const desk::SettingKey& key, const std::optional<std::string>& stored) {
+    if (stored) return printable(*stored);
+    return key.absent.empty() ? std::string("(not set)") : fmt::format("{} (default)", key.absent);
+}
+
 int listSettings(Session& session) {
     auto& defaults = session.defaults();
     boost::json::object object;
+    TextTable table({"setting", "value", "meaning"});
     for (const auto& key : desk::Defaults::keys()) {
         const auto stored = defaults.text(key.name);
-        if (session.options().json) {
-            if (stored) object[key.name] = *stored;
-            continue;
-        }
-        const std::string shown = stored               ? *stored
-                                  : key.absent.empty() ? std::string("(not set)")
-                                                       : fmt::format("{} (default)", key.absent);
-        session.out().line(fmt::format("{:<26}{:<16}{}", key.name, shown, key.meaning));
+        if (stored) object[key.name] = *stored;
+        table.add({std::string(key.name), shownValue(key, stored), std::string(key.meaning)});
     }
-    if (session.options().json) session.out().line(boost::json::serialize(object));
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(object));
+    } else {
+        table.print(session.out());
+    }
     return kDone;
 }
 
