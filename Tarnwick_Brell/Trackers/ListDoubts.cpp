@@ -37,7 +37,7 @@ std::vector<PlatformRelease> vanished(const std::vector<PlatformRelease>& before
         const auto now = std::ranges::find(latest, platform.platform, &PlatformRelease::platform);
         if (now == latest.end()) continue;
         if (now->current) platform.current.reset();
-        platform.beta.reset();
+        if (now->beta) platform.beta.reset();
     }
     std::erase_if(gone, [](const PlatformRelease& platform) { return !hasRelease(platform); });
     return gone;

@@ -116,7 +116,7 @@ TrackerReading<T> TrackerRefresh::keep(const TrackedFile<T>& file, const std::st
     }
     bool lacksSomething = false;
     if constexpr (std::is_same_v<T, StockQuote>) {
-        if (false && !file.isWanted(*fresh)) {
+        if (!file.isWanted(*fresh)) {
             return failed(file, "The server answered with another quote.");
         }
     } else {
@@ -136,7 +136,7 @@ TrackerReading<T> TrackerRefresh::keep(const TrackedFile<T>& file, const std::st
     copies.keep(file.name, {body, now});
     copies.setHealth(file.name, {.lastAttempt = now, .lastSuccess = now});
     auto reading = lastGood_.read(file);
-    if (log) log(*fresh, now);
+    if (log) log(reading.value.value(), now);
     transaction.commit();
     return reading;
 }
