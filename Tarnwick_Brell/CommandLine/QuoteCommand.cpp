@@ -4,7 +4,6 @@
 #include <string>
 
 #include <CLI/CLI.hpp>
-#include <fmt/format.h>
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
@@ -55,10 +54,6 @@ int runQuote(Session& session, const QuoteOptions& options) {
     const auto reading = askTracker(session, options.stored, [&](auto& tracker) {
         return tracker.quote(symbol, range);
     });
-    if (!reading.value && !options.stored) {
-        throw WorkFailed(reading.error.value_or("No quote came.") +
-                         " If the symbol is wrong: brell board lists some that are known.");
-    }
     return showTracker<StockQuote>(
         session, options.stored, reading,
         {.json = quoteObject, .text = [&](const StockQuote& quote) {
