@@ -207,7 +207,7 @@ std::size_t numberIn(const std::string& text) {
 }
 
 void run(const std::vector<std::string>& words) {
-    if (words.empty() || words.size() > 3) {
+    if (words.empty() || words.size() > 3 || words[0].starts_with('-')) {
         throw std::invalid_argument("usage: make_library FOLDER [STORIES [SEED]]");
     }
     const auto count = words.size() > 1 ? numberIn(words[1]) : 300'000;

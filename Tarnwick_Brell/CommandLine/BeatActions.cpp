@@ -21,12 +21,6 @@ using newsroom::Beat;
 constexpr std::string_view kBeat = "beat";
 constexpr int kDays = 7;
 
-boost::json::value recordOf(const BeatShelf::Entry& entry) {
-    if (entry.value) return newsroom::encode(*entry.value);
-    return boost::json::object{
-        {"id", entry.id}, {"name", entry.name}, {"unreadable", entry.fault}};
-}
-
 std::string stories(std::size_t count) {
     return fmt::format("{} {}", count, count == 1 ? "story" : "stories");
 }
@@ -71,9 +65,7 @@ void confirm(Session& session, const Beat& beat, std::string_view what) {
 int listBeats(Session& session) {
     const auto shelf = BeatShelf::read(session.storeForReading().beats());
     if (session.options().json) {
-        boost::json::array records;
-        for (const auto& entry : shelf.entries()) records.push_back(recordOf(entry));
-        session.out().line(boost::json::serialize(records));
+        session.out().line(boost::json::serialize(recordsOf(shelf)));
         return kDone;
     }
     if (shelf.entries().empty()) {

@@ -78,9 +78,7 @@ void tell(Session& session, const NewsroomShelf& shelf, const NewsroomSpec& spec
 int listNewsrooms(Session& session) {
     const auto shelf = NewsroomShelf::read(session.storeForReading().newsrooms());
     if (session.options().json) {
-        boost::json::array records;
-        for (const auto& entry : shelf.entries()) records.push_back(recordOf(entry));
-        session.out().line(boost::json::serialize(records));
+        session.out().line(boost::json::serialize(recordsOf(shelf)));
         return kDone;
     }
     if (shelf.entries().empty()) {

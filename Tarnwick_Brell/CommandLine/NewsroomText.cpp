@@ -2,12 +2,6 @@
 
 namespace brell {
 
-boost::json::value recordOf(const desk::NewsroomShelf::Entry& entry) {
-    if (entry.value) return newsroom::encode(*entry.value);
-    return boost::json::object{
-        {"id", entry.id}, {"name", entry.name}, {"unreadable", entry.fault}};
-}
-
 std::string panelsText(const newsroom::NewsroomSpec& spec) {
     if (spec.panels.empty()) return "no panels";
     std::string text;

@@ -14,6 +14,21 @@
 
 namespace brell {
 
+/// The record in its serialised form, or what can be said of one that can't be read.
+template <class T>
+boost::json::value recordOf(const desk::ShelfEntry<T>& entry) {
+    if (entry.value) return newsroom::encode(*entry.value);
+    return boost::json::object{
+        {"id", entry.id}, {"name", entry.name}, {"unreadable", entry.fault}};
+}
+
+template <class T>
+boost::json::array recordsOf(const desk::Shelf<T>& shelf) {
+    boost::json::array records;
+    for (const auto& entry : shelf.entries()) records.push_back(recordOf(entry));
+    return records;
+}
+
 /// The entry that the words of a command line mean, by name or id. `what` is "newsroom" or
 /// "beat". Throws WrongUsage when there is none, or more than one.
 template <class T>

@@ -91,10 +91,7 @@ std::optional<AddSourceError> SourceAdding::obstacle(const std::string& candidat
     const auto now = clock_();
     const auto pause = pauseOf(trial(candidate), store_.hostPauses().load(now), now);
     if (!pause) return std::nullopt;
-    const auto minutes = std::chrono::ceil<std::chrono::minutes>(*pause - now).count();
-    return AddSourceError{AddSourceError::Kind::fetchFailed,
-                          "The server wants to be left alone for now. Try again in " +
-                              std::to_string(minutes) + " min."};
+    return AddSourceError{AddSourceError::Kind::fetchFailed, HostPauses::sentence(*pause, now)};
 }
 
 asio::awaitable<SourceAdding::Checked> SourceAdding::check(std::string typed) {

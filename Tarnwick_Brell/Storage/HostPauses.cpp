@@ -24,4 +24,10 @@ void HostPauses::dropEndedBefore(newsroom::Instant now) {
     drop.run();
 }
 
+std::string HostPauses::sentence(newsroom::Instant until, newsroom::Instant now) {
+    const auto minutes = std::chrono::ceil<std::chrono::minutes>(until - now).count();
+    return "The server wants to be left alone for now. Try again in " + std::to_string(minutes) +
+           " min.";
+}
+
 }  // namespace desk

@@ -19,6 +19,9 @@ public:
     /// Forgets what is over.
     void dropEndedBefore(newsroom::Instant now);
 
+    /// What a user who has to wait is told.
+    static std::string sentence(newsroom::Instant until, newsroom::Instant now);
+
 private:
     Database& database_;
 };

@@ -166,9 +166,7 @@ std::optional<std::string> TrackerRefresh::pauseText(const std::string& address)
     const auto pauses = store_.hostPauses().load(now);
     const auto pause = pauses.find(hostOf(address));
     if (pause == pauses.end()) return std::nullopt;
-    const auto minutes = std::chrono::ceil<std::chrono::minutes>(pause->second - now).count();
-    return "The server wants to be left alone for now. Try again in " + std::to_string(minutes) +
-           " min.";
+    return HostPauses::sentence(pause->second, now);
 }
 
 void TrackerRefresh::leaveAlone(const std::string& address, std::chrono::seconds wanted) {
