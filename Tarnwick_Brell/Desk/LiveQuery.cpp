@@ -32,17 +32,25 @@ std::optional<std::size_t> LiveQuery::placeOf(std::int64_t number) const {
     return static_cast<std::size_t>(found - numbers_.begin());
 }
 
-bool LiveQuery::wants(const PackedStory& story) const {
-    return query_.matches(newsroom::StoryFacts{.kind = story.kind(),
-                                               .sourcing = story.sourcing(),
-                                               .sourceID = story.sourceID(),
-                                               .title = story.title(),
-                                               .summary = story.summary()});
+LiveQuery::Test LiveQuery::test(const newsroom::StoryQuery& query) {
+    return [query = query.compiled()](const PackedStory& story) {
+        return query.matches(newsroom::StoryFacts{.kind = story.kind(),
+                                                  .sourcing = story.sourcing(),
+                                                  .sourceID = story.sourceID(),
+                                                  .title = story.title(),
+                                                  .summary = story.summary()});
+    };
 }
 
 WireChange LiveQuery::begin() {
     numbers_.clear();
     untestedBelow_ = kAll;
+    return {.isReset = true};
+}
+
+WireChange LiveQuery::begin(std::vector<std::int64_t> found) {
+    numbers_ = std::move(found);
+    untestedBelow_ = kNone;
     return {.isReset = true};
 }
 

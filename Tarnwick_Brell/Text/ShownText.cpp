@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/Notifications/NotificationText.h"
+#include "Tarnwick_Brell/Text/ShownText.h"
 
 #include <QStringList>
 #include <QTextBoundaryFinder>
@@ -26,6 +26,7 @@ QString oneLine(QString text) {
 QString cut(const QString& text, int longest) {
     // A letter may carry thousands of marks, so that characters alone don't bound the size.
     const qsizetype mostUnits = qsizetype{8} * longest;
+    if (text.size() <= longest) return text;
     QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
     qsizetype keep = 0;
     int count = 0;
@@ -36,19 +37,19 @@ QString cut(const QString& text, int longest) {
     return fits ? text : text.left(keep).trimmed() + u'…';
 }
 
-QString decoded(std::string_view text) {
+}  // namespace
+
+QString plainText(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-}  // namespace
-
 QString titleText(std::string_view text, int longest) {
-    return cut(oneLine(decoded(text)), longest);
+    return cut(oneLine(plainText(text)), longest);
 }
 
 QString bodyText(std::string_view text, int longest) {
     QStringList lines;
-    for (const auto& line : decoded(text).split(u'\n')) {
+    for (const auto& line : plainText(text).split(u'\n')) {
         if (const auto clean = oneLine(line); !clean.isEmpty()) lines.push_back(clean);
     }
     return cut(lines.join(u'\n'), longest);
