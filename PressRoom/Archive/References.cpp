@@ -70,6 +70,7 @@ void References::readLinks(const Item& item) {
 
 void References::add(Reference reference) {
     if (!reference.to || reference.to == reference.from) return;
+    if (reference.to->appears > reference.from->appears) return;
     auto& list = of_[reference.from];
     if (std::ranges::find(list, reference.to, &Reference::to) != list.end()) return;
     to_[reference.to].push_back(reference);

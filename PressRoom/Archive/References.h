@@ -9,7 +9,7 @@
 
 namespace pressroom {
 
-/// One story of the world speaks of another.
+/// One story of the world speaks of another, which appeared before it.
 struct Reference {
     const Item* from = nullptr;
     const Item* to = nullptr;

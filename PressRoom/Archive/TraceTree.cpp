@@ -33,11 +33,8 @@ const Item& TraceTree::originOf(const Item& story) const {
     const auto* item = &story;
     while (passed.insert(item).second) {
         const auto references = references_.of(*item);
-        const auto earlier = std::ranges::find_if(references, [&](const Reference& reference) {
-            return reference.to->appears <= item->appears;
-        });
-        if (earlier == references.end()) break;
-        item = earlier->to;
+        if (references.empty()) break;
+        item = references.front().to;
     }
     return *item;
 }

@@ -85,23 +85,23 @@ std::string headOf(Output& out, const Branch& branch, const std::string& asked) 
 }
 
 void printBranches(Output& out, const std::vector<Branch>& branches, const std::string& asked) {
-    // What stands to the left of nodes at a depth: the lines of those above that go on.
-    std::vector<std::string> margins{""};
+    constexpr std::size_t narrowest = 20;
+    // What stands to the left of the nodes at each depth: the lines of those above that go on.
+    std::vector<std::string> margins(kDeepest + 2);
     for (const auto& branch : branches) {
         const auto depth = branch.depth;
-        margins.resize(depth + 1);
-        const auto& margin = margins[depth];
         const bool isRoot = depth == 0;
-        const std::string below = isRoot ? "" : margin + (branch.isLast ? "   " : "│  ");
-        margins.push_back(below);
-        if (isRoot) out.line();
-        out.line((isRoot ? "" : margin + (branch.isLast ? "└─ " : "├─ ")) +
-                 headOf(out, branch, asked));
+        const auto fork = isRoot ? "" : branch.isLast ? "└─ " : "├─ ";
+        const auto trunk = isRoot ? "" : branch.isLast ? "   " : "│  ";
+        margins[depth + 1] = margins[depth] + trunk;
+        const auto indent = margins[depth + 1] + "  ";
         const auto title = printable(branch.node->title.value_or(""));
-        const auto indent = columnsOf(below) + 2;
-        const auto room = out.width() > indent + 20 ? out.width() - indent : 20;
-        if (!title.empty()) out.line(below + "  " + cutTo(title, room));
-        out.line(below + "  " + linkText(branch.node->url));
+        const auto room = out.width() - std::min(columnsOf(indent), out.width());
+
+        if (isRoot) out.line();
+        out.line(margins[depth] + fork + headOf(out, branch, asked));
+        if (!title.empty()) out.line(indent + cutTo(title, std::max(room, narrowest)));
+        out.line(indent + linkText(branch.node->url));
     }
 }
 
