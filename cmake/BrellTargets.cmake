@@ -12,6 +12,9 @@ function(brell_precompiled_header name)
   target_precompile_headers(${name} PRIVATE ${ARGN})
 endfunction()
 
+# Where the QML modules are laid out for qmllint and for each other.
+set(BRELL_QML_DIRECTORY "${CMAKE_BINARY_DIR}/qml")
+
 set(BRELL_PLAIN_HEADERS
     <algorithm> <array> <chrono> <functional> <map> <memory> <optional> <span> <string>
     <string_view> <unordered_map> <utility> <variant> <vector> <boost/json.hpp> <fmt/format.h>)
@@ -70,6 +73,27 @@ function(brell_use_pch name async)
   else()
     target_precompile_headers(${name} REUSE_FROM pch_plain)
   endif()
+endfunction()
+
+# brell_qml_module(desk_controls URI TarnwickBrell.Controls SOURCES ... QML ... [SINGLETONS ...]
+#   [FILES ...] [USES ...] [PRIVATELY_USES ...])
+# A static library with a QML module in its resources, without a plugin: a program that uses it
+# calls the library's function that installs it. FILES are resources beside the QML files.
+function(brell_qml_module name)
+  cmake_parse_arguments(M "" "URI" "SOURCES;QML;SINGLETONS;FILES;USES;PRIVATELY_USES" ${ARGN})
+  set_source_files_properties(${M_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
+  string(REPLACE "." "/" folder "${M_URI}")
+  brell_library(${name} QT SOURCES ${M_SOURCES} USES ${M_USES} PRIVATELY_USES ${M_PRIVATELY_USES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  qt_add_qml_module(${name}
+    URI ${M_URI} VERSION 1.0 NO_PLUGIN RESOURCE_PREFIX /qt/qml
+    OUTPUT_DIRECTORY "${BRELL_QML_DIRECTORY}/${folder}" IMPORT_PATH "${BRELL_QML_DIRECTORY}"
+    QML_FILES ${M_SINGLETONS} ${M_QML} RESOURCES ${M_FILES})
+  # What Qt writes for QML files shadows names, and needs none of our precompiled headers.
+  get_target_property(sources ${name} SOURCES)
+  list(FILTER sources INCLUDE REGEX "qmlcache|qmltyperegistrations")
+  set_source_files_properties(${sources} PROPERTIES
+      COMPILE_OPTIONS "-w" SKIP_PRECOMPILE_HEADERS ON)
 endfunction()
 
 # brell_test(test_text SOURCES ... USES ... [ASYNC | QT] [TIMEOUT seconds])
