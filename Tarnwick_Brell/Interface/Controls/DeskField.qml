@@ -36,7 +36,6 @@ T.TextField {
     selectByMouse: true
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.name: label
-    Accessible.searchEdit: symbol === "magnifyingglass"
     // Or a shortcut of the window would take the key.
     Keys.onShortcutOverride: event => event.accepted = clearsOnEscape && event.key === Qt.Key_Escape
     Keys.onEscapePressed: event => {
@@ -110,7 +109,7 @@ T.TextField {
     IconButton {
         id: clear
         anchors.right: parent.right
-        anchors.rightMargin: Theme.nudge
+        anchors.rightMargin: Theme.step2
         anchors.verticalCenter: parent.verticalCenter
         visible: field.clears
         focusPolicy: Qt.NoFocus

@@ -69,6 +69,8 @@ QtObject {
 
     readonly property real disabledOpacity: 0.45
     readonly property real chartFillOpacity: 0.07
+    /// What a row of skeletons loses against the one above it.
+    readonly property real skeletonLoss: 0.18
 
     // Type, in the order of DeskText.Type
     readonly property list<int> textSizes: [11, 11, 11, 12, 12, 12, 13, 13, 13, 15, 15, 18, 24, 24]
@@ -81,6 +83,7 @@ QtObject {
         let made = [];
         for (let i = 0; i < textSizes.length; ++i) {
             made.push(Qt.font({
+                family: Qt.application.font.family,
                 pixelSize: scaled(textSizes[i]),
                 weight: textWeights[i],
                 letterSpacing: textSizes[i] === 24 ? -0.3 : 0
@@ -102,9 +105,9 @@ QtObject {
     readonly property int space8: 32
     readonly property int line: 1
     /// Optical steps inside a text block.
-    readonly property int hair: 1
-    readonly property int nudge: 2
-    readonly property int nudge3: 3
+    readonly property int step1: 1
+    readonly property int step2: 2
+    readonly property int step3: 3
 
     // Radii
     readonly property int radiusBar: 2
@@ -223,7 +226,7 @@ QtObject {
     readonly property int cellIssue: 10
     readonly property int cellOutage: 16
 
-    // The shadow of what floats
+    // The shadow of what floats; the extent is that of ShadowImages.
     readonly property int shadowExtent: 64
     readonly property int shadowCorner: 48
 
@@ -232,28 +235,25 @@ QtObject {
     readonly property int move: reducedMotion ? 0 : 120
     readonly property int tipDelay: 500
     readonly property int noticeTime: 6000
-    readonly property int scrollRest: 800
 
     /// Puts the text of a line in the middle of the line, on a whole pixel, where Text with a
     /// fixed line height would leave it at the top.
     readonly property list<real> textTops: {
-        const byLine = [metrics11, metrics11, metrics11, metrics12, metrics12, metrics12, metrics13,
-            metrics13, metrics13, metrics15, metrics15, metrics18, metrics24, metrics24];
         let tops = [];
-        for (let i = 0; i < byLine.length; ++i)
-            tops.push(textTop(byLine[i], scaled(textLines[i])));
+        for (let type = 0; type < textLines.length; ++type) {
+            const ascent = textMetrics[type].ascent;
+            const spare = scaled(textLines[type]) - Math.round(ascent) - Math.round(textMetrics[type].descent);
+            tops.push(Math.floor(spare / 2) + Math.round(ascent) - ascent);
+        }
         return tops;
     }
+    readonly property list<FontMetrics> textMetrics: [metrics11, metrics11, metrics11, metrics12,
+        metrics12, metrics12, metrics13, metrics13, metrics13, metrics15, metrics15, metrics18,
+        metrics24, metrics24]
     readonly property FontMetrics metrics11: FontMetrics { font: theme.fonts[0] }
     readonly property FontMetrics metrics12: FontMetrics { font: theme.fonts[3] }
     readonly property FontMetrics metrics13: FontMetrics { font: theme.fonts[6] }
     readonly property FontMetrics metrics15: FontMetrics { font: theme.fonts[9] }
     readonly property FontMetrics metrics18: FontMetrics { font: theme.fonts[11] }
     readonly property FontMetrics metrics24: FontMetrics { font: theme.fonts[12] }
-
-    function textTop(metrics: FontMetrics, lineHeight: real): real {
-        const ascent = Math.round(metrics.ascent);
-        const spare = lineHeight - ascent - Math.round(metrics.descent);
-        return Math.floor(spare / 2) + ascent - metrics.ascent;
-    }
 }
