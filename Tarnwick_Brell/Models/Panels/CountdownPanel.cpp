@@ -50,8 +50,9 @@ QString yearsOf(const QString& title) {
         QStringLiteral("\\b(\\d{1,3})(?:st|nd|rd|th)?[ -](?:years?|anniversary)\\b"),
         QRegularExpression::CaseInsensitiveOption);
     const auto found = number.match(title);
-    return found.hasMatch() ? CountdownPanel::tr("%n years", nullptr, found.captured(1).toInt())
-                            : CountdownPanel::tr("Anniversary");
+    const auto years = found.captured(1).toInt();
+    if (years == 0) return CountdownPanel::tr("Anniversary");
+    return years == 1 ? CountdownPanel::tr("1 year") : CountdownPanel::tr("%n years", nullptr, years);
 }
 
 }  // namespace

@@ -65,7 +65,8 @@ void StatusPanel::look() {
     lookAtDevelopers();
     problems_.setRows(ongoing());
     recent_.setRows(over());
-    recentText_ = tr("%n incidents in 14 days", nullptr, recentCount());
+    recentText_ = recentCount() == 1 ? tr("1 incident in 14 days")
+                                      : tr("%n incidents in 14 days", nullptr, recentCount());
     if (isConsumerUp_ && isDeveloperUp_ && isDeveloperKnown_ && condition.state == Ready)
         allUp_ = tr("All services are up");
     // The body says it at its foot.
