@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <qqmlregistration.h>
 
 /// What stands on and beside a chart. Positions are shares of its width, from the left, and of
 /// its height, from the top.
@@ -39,6 +40,7 @@ public:
 /// A point, read.
 struct ChartReading {
     Q_GADGET
+    QML_VALUE_TYPE(chartReading)
     Q_PROPERTY(double position MEMBER position)
     Q_PROPERTY(double height MEMBER height)
     Q_PROPERTY(QString price MEMBER price)

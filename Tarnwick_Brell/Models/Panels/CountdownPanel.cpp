@@ -7,7 +7,6 @@
 #include <QRegularExpression>
 
 #include "NewsroomKit/Trackers/MarkedEvents.h"
-#include "Tarnwick_Brell/Models/Panels/PanelLinks.h"
 #include "Tarnwick_Brell/Text/ShownText.h"
 #include "Tarnwick_Brell/Text/TimeText.h"
 
@@ -52,7 +51,8 @@ QString yearsOf(const QString& title) {
     const auto found = number.match(title);
     const auto years = found.captured(1).toInt();
     if (years == 0) return CountdownPanel::tr("Anniversary");
-    return years == 1 ? CountdownPanel::tr("1 year") : CountdownPanel::tr("%n years", nullptr, years);
+    return years == 1 ? CountdownPanel::tr("1 year")
+                      : CountdownPanel::tr("%n years", nullptr, years);
 }
 
 }  // namespace
@@ -90,7 +90,7 @@ void CountdownPanel::look() {
 
 void CountdownPanel::lead(const AppleCalendarEvent* event) {
     if (!event) {
-        days_ = title_ = time_ = link_ = QString();
+        days_ = title_ = time_ = QString();
         return;
     }
     const auto days = daysBetween(now(), event->starts);
@@ -99,13 +99,10 @@ void CountdownPanel::lead(const AppleCalendarEvent* event) {
     const auto day = longDay(event->starts, now());
     time_ = event->status == "expected" ? tr("Expected around %1").arg(day)
                                         : tr("%1, %2 your time").arg(day, clockText(event->starts));
-    link_ = webLink(event->source);
 }
 
 CountdownRow CountdownPanel::rowOf(const AppleCalendarEvent& event) const {
-    CountdownRow row{.title = titleText(event.title),
-                     .isReleased = event.isReleased(),
-                     .link = webLink(event.source)};
+    CountdownRow row{.title = titleText(event.title), .isReleased = event.isReleased()};
     if (event.isAnniversary()) row.badge = yearsOf(row.title);
     QString when;
     if (hasDate(event)) {

@@ -16,7 +16,6 @@ struct CountdownRow {
     Q_PROPERTY(QString date MEMBER date)
     Q_PROPERTY(QString days MEMBER days)
     Q_PROPERTY(bool isReleased MEMBER isReleased)
-    Q_PROPERTY(QString link MEMBER link)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
 
 public:
@@ -25,7 +24,6 @@ public:
     QString date{};   ///< "18 May"; without a date what the service says instead
     QString days{};   ///< whole days from today; "?" without a date
     bool isReleased = false;
-    QString link{};
     QString spokenText{};
 
     bool operator==(const CountdownRow&) const = default;
@@ -35,13 +33,12 @@ public:
 /// on. An anniversary or a rumor never leads: the one is no news, the other has no date.
 class CountdownPanel final : public PanelContent {
     Q_OBJECT
-    QML_ELEMENT
+    QML_NAMED_ELEMENT(CountdownContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
     Q_PROPERTY(bool hasNext READ hasNext NOTIFY changed)
     Q_PROPERTY(QString days READ days NOTIFY changed)
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(QString time READ time NOTIFY changed)
-    Q_PROPERTY(QString link READ link NOTIFY changed)
     Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
 
 public:
@@ -51,7 +48,6 @@ public:
     const QString& days() const { return days_; }  ///< "20 days", "Tomorrow", "Today"
     const QString& title() const { return title_; }
     const QString& time() const { return time_; }
-    const QString& link() const { return link_; }
     RowsModel<CountdownRow>* rows() { return &rows_; }
 
     void tick() override { look(); }
@@ -66,7 +62,6 @@ private:
     QString days_;
     QString title_;
     QString time_;
-    QString link_;
     RowsModel<CountdownRow> rows_;
 };
 

@@ -36,7 +36,7 @@ public:
 /// first. New are those that were published within the last three days.
 class ReleasesPanel final : public PanelContent {
     Q_OBJECT
-    QML_ELEMENT
+    QML_NAMED_ELEMENT(ReleasesContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
     Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
 

@@ -39,7 +39,7 @@ public:
 /// one of its two builds was published within the last three days.
 class SoftwarePanel final : public PanelContent {
     Q_OBJECT
-    QML_ELEMENT
+    QML_NAMED_ELEMENT(SoftwareContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
     Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
 

@@ -36,7 +36,7 @@ public:
 /// the developers' may be older than the other, and says so then.
 class StatusPanel final : public PanelContent {
     Q_OBJECT
-    QML_ELEMENT
+    QML_NAMED_ELEMENT(StatusContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
     Q_PROPERTY(QAbstractListModel* problems READ problems CONSTANT)
     Q_PROPERTY(QAbstractListModel* recent READ recent CONSTANT)

@@ -38,6 +38,14 @@ StockPanel::StockPanel(const PanelStores& stores, const newsroom::PanelSpec& pan
     look();
 }
 
+QString StockPanel::longestPrice() const {
+    QString longest;
+    for (const auto& tick : curve_.prices()) {
+        if (tick.label.size() > longest.size()) longest = tick.label;
+    }
+    return longest;
+}
+
 void StockPanel::choose(int range) {
     if (range < 0 || range >= ranges().size() || range == this->range()) return;
     range_ = static_cast<QuoteRange>(range);

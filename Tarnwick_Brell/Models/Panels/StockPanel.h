@@ -17,7 +17,7 @@ namespace desk {
 /// as long as this content, and is what the desk keeps fetching.
 class StockPanel final : public PanelContent {
     Q_OBJECT
-    QML_ELEMENT
+    QML_NAMED_ELEMENT(StockContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
     Q_PROPERTY(QString price READ price NOTIFY changed)
     Q_PROPERTY(QString change READ change NOTIFY changed)
@@ -29,6 +29,7 @@ class StockPanel final : public PanelContent {
     Q_PROPERTY(bool hasPreviousClose READ hasPreviousClose NOTIFY changed)
     Q_PROPERTY(double previousClose READ previousClose NOTIFY changed)
     Q_PROPERTY(QAbstractListModel* prices READ prices CONSTANT)
+    Q_PROPERTY(QString longestPrice READ longestPrice NOTIFY changed)
     Q_PROPERTY(QAbstractListModel* times READ times CONSTANT)
     Q_PROPERTY(QAbstractListModel* marks READ marks CONSTANT)
     Q_PROPERTY(QString chartMessage READ chartMessage NOTIFY changed)
@@ -47,6 +48,8 @@ public:
     bool hasPreviousClose() const { return curve_.previousClose().has_value(); }
     double previousClose() const { return curve_.previousClose().value_or(0); }
     RowsModel<ChartTick>* prices() { return &prices_; }
+    /// Of the labels of `prices`, for the room they take.
+    QString longestPrice() const;
     RowsModel<ChartTick>* times() { return &times_; }
     RowsModel<ChartMark>* marks() { return &marks_; }
     /// Instead of a curve: that it comes, that there is none, or why there is none.

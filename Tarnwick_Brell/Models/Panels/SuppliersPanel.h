@@ -44,7 +44,7 @@ public:
 /// order.
 class SuppliersPanel final : public PanelContent {
     Q_OBJECT
-    QML_ELEMENT
+    QML_NAMED_ELEMENT(SuppliersContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
     Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
 
