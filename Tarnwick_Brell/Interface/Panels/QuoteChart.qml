@@ -31,8 +31,7 @@ T.Control {
     focusPolicy: Qt.TabFocus
     Accessible.role: Accessible.Chart
     Accessible.name: qsTr("Chart")
-    Accessible.description: isRead ? [read.price, read.moment, read.event].filter(text => text).join(", ")
-                                   : content.spokenChart
+    Accessible.description: isRead ? read.spokenText : content.spokenChart
     Keys.onLeftPressed: step(-1)
     Keys.onRightPressed: step(1)
     Keys.onEscapePressed: event => {
@@ -76,7 +75,7 @@ T.Control {
         model: chart.content.prices
 
         Item {
-            id: level
+            id: price
 
             required property real position
             required property string label
@@ -91,7 +90,7 @@ T.Control {
                 anchors.right: parent.right
                 y: -height / 2
                 type: DeskText.Meta
-                text: level.label
+                text: price.label
                 color: Theme.text3
                 Accessible.ignored: true
             }
@@ -136,14 +135,14 @@ T.Control {
             id: mark
 
             required property real position
-            required property real height
+            required property real level
             required property string title
 
             x: Math.round(position * plot.width)
             y: plot.y
 
             DashLine {
-                y: Math.round(mark.height * plot.height)
+                y: Math.round(mark.level * plot.height)
                 height: plot.height - y
                 vertical: true
             }
@@ -174,7 +173,7 @@ T.Control {
         }
         Rectangle {
             x: -(width - Theme.line) / 2
-            y: plot.y + Math.round(chart.read.height * plot.height - height / 2)
+            y: plot.y + Math.round(chart.read.level * plot.height - height / 2)
             width: Theme.chartPoint
             height: width
             radius: width / 2

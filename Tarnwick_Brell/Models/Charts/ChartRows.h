@@ -25,12 +25,12 @@ public:
 struct ChartMark {
     Q_GADGET
     Q_PROPERTY(double position MEMBER position)
-    Q_PROPERTY(double height MEMBER height)
+    Q_PROPERTY(double level MEMBER level)
     Q_PROPERTY(QString title MEMBER title)
 
 public:
     double position = 0;
-    double height = 0;  ///< of the curve there
+    double level = 0;  ///< of the curve there
     QString title{};
     int nearest = 0;  ///< the point beside it
 
@@ -42,17 +42,19 @@ struct ChartReading {
     Q_GADGET
     QML_VALUE_TYPE(chartReading)
     Q_PROPERTY(double position MEMBER position)
-    Q_PROPERTY(double height MEMBER height)
+    Q_PROPERTY(double level MEMBER level)
     Q_PROPERTY(QString price MEMBER price)
     Q_PROPERTY(QString moment MEMBER moment)
     Q_PROPERTY(QString event MEMBER event)
+    Q_PROPERTY(QString spokenText MEMBER spokenText)
 
 public:
     double position = 0;
-    double height = 0;
+    double level = 0;
     QString price{};
     QString moment{};
     QString event{};  ///< what was marked there
+    QString spokenText{};
 
     bool operator==(const ChartReading&) const = default;
 };

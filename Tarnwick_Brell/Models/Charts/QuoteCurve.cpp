@@ -86,7 +86,7 @@ void QuoteCurve::placeEvent(const AppleCalendarEvent& event) {
     const double share = whole.count() > 0 ? std::clamp(passed / whole, 0.0, 1.0) : 1;
     const auto place = points_[left] + (points_[right] - points_[left]) * share;
     marks_.push_back({.position = place.x(),
-                      .height = place.y(),
+                      .level = place.y(),
                       .title = titleText(event.title),
                       .nearest = static_cast<int>(share < 0.5 ? left : right)});
 }
@@ -105,11 +105,13 @@ ChartReading QuoteCurve::reading(int point) const {
     const auto index = std::clamp(point, 0, static_cast<int>(points_.size()) - 1);
     const auto& read = quote_.points[static_cast<std::size_t>(index)];
     ChartReading reading{.position = points_[index].x(),
-                         .height = points_[index].y(),
+                         .level = points_[index].y(),
                          .price = priceText(read.close),
                          .moment = momentOf(read.time, quote_.range, now_)};
     const auto mark = std::ranges::find(marks_, index, &ChartMark::nearest);
     if (mark != marks_.end()) reading.event = mark->title;
+    reading.spokenText = reading.price + QStringLiteral(", ") + reading.moment;
+    if (!reading.event.isEmpty()) reading.spokenText += QStringLiteral(", ") + reading.event;
     return reading;
 }
 

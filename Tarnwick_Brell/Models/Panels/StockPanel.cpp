@@ -80,7 +80,6 @@ void StockPanel::look() {
     const auto& charted = trackers().quote(range_);
     // Without a chart of this range there may still be a price.
     auto condition = conditionOf(charted.value ? charted : priced);
-    if (charted.error && priced.value && !priced.error) condition.state = Ready;
     if (priced.value) {
         showPrice(*priced.value);
         const auto moment = priced.value->asOf ? priced.value->asOf : priced.fetchedAt;

@@ -37,7 +37,7 @@ void expectDrawable(const QuoteCurve& curve, const std::string& what) {
     for (const auto& tick : curve.prices()) EXPECT_TRUE(isShare(tick.position)) << what;
     for (const auto& tick : curve.times()) EXPECT_TRUE(isShare(tick.position)) << what;
     for (const auto& mark : curve.marks())
-        EXPECT_TRUE(isShare(mark.position) && isShare(mark.height)) << what;
+        EXPECT_TRUE(isShare(mark.position) && isShare(mark.level)) << what;
     EXPECT_TRUE(isShare(curve.previousClose().value_or(0))) << what;
     if (curve.points().isEmpty()) return;
     EXPECT_GE(curve.prices().size(), 2u) << what;
@@ -124,7 +124,7 @@ TEST(QuoteCurve, MarksPastEventsWhereTheCurveIs) {
         kNow);
     ASSERT_EQ(curve.marks().size(), 3u);
     EXPECT_DOUBLE_EQ(curve.marks()[0].position, 0.125);
-    EXPECT_DOUBLE_EQ(curve.marks()[0].height, (curve.points()[0].y() + curve.points()[1].y()) / 2);
+    EXPECT_DOUBLE_EQ(curve.marks()[0].level, (curve.points()[0].y() + curve.points()[1].y()) / 2);
     EXPECT_EQ(curve.reading(2).event, "on a point");
     EXPECT_EQ(curve.marks()[2].position, 1);
 }
