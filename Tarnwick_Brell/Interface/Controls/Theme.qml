@@ -226,6 +226,35 @@ QtObject {
     readonly property int cellIssue: 10
     readonly property int cellOutage: 16
 
+    // Charts
+    readonly property real chartLine: 1.5
+    readonly property real sparkline: 1.25
+    readonly property int sparklineWidth: 56
+    readonly property int sparklineHeight: 16
+    readonly property int chartMark: 7
+    readonly property int chartPoint: 9
+    readonly property int chartTip: scaled(20)
+    readonly property int chartEventMost: scaled(160)
+    readonly property int chartAllTimesFrom: scaled(270)
+
+    // Columns of tracker panels, and the widths from which they are shown
+    readonly property int countdownRow: scaled(24)
+    readonly property int daysColumn: scaled(32)
+    readonly property int dateColumnMost: scaled(120)
+    readonly property int dateColumnFrom: scaled(200)
+    readonly property int platformColumn: scaled(62)
+    readonly property int softwareWideFrom: scaled(320)
+    readonly property int symbolColumn: scaled(72)
+    readonly property int priceColumn: scaled(72)
+    readonly property int currencyColumn: scaled(32)
+    readonly property int changeColumn: scaled(60)
+    readonly property int shareLineFrom: scaled(280)
+    readonly property int shareNameFrom: scaled(380)
+    readonly property int shareCurrencyFrom: scaled(440)
+    readonly property int buildColumn: scaled(64)
+    readonly property int buildColumnFrom: scaled(300)
+    readonly property int releaseAgeColumn: scaled(64)
+
     // The shadow of what floats; the extent is that of ShadowImages.
     readonly property int shadowExtent: 64
     readonly property int shadowCorner: 48
