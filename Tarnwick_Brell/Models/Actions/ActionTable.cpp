@@ -21,13 +21,6 @@ constexpr ActionEntry goToSidebarItem(Action action, const char* title, const ch
 #define WORDS(text) QT_TRANSLATE_NOOP("Actions", text)
 
 constexpr ActionEntry kActions[]{
-    {DeskAction::OpenInBrowser,
-     thisStory,
-     WORDS("Open story in the browser"),
-     nullptr,
-     "arrow.up.right.square",
-     {{{"Return", true}}},
-     ActionNeed::story},
     {DeskAction::ToggleSaved,
      thisStory,
      WORDS("Save story"),
@@ -41,6 +34,13 @@ constexpr ActionEntry kActions[]{
      WORDS("Mark story as unread"),
      "circle.inset.filled",
      {{{"M"}}},
+     ActionNeed::story},
+    {DeskAction::OpenInBrowser,
+     thisStory,
+     WORDS("Open story in the browser"),
+     nullptr,
+     "arrow.up.right.square",
+     {{{"Return", true}}},
      ActionNeed::story},
     {DeskAction::CopyLink,
      thisStory,

@@ -11,9 +11,9 @@ QML_ELEMENT
 
 enum Value {
     // This story
-    OpenInBrowser,
     ToggleSaved,
     ToggleRead,
+    OpenInBrowser,
     CopyLink,
     CopyCitation,
     // Go to
