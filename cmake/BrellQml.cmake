@@ -1,42 +1,30 @@
-# QML modules. Their files lie below qrc:/qt/qml, where the engine finds them by name.
+# QML modules. Their files lie below qrc:/qt/qml, where an engine finds them by name.
 
-# What Qt generates for a module is not ours to mend.
-function(brell_quiet_generated target)
-  get_target_property(binary ${target} BINARY_DIR)
-  get_target_property(sources ${target} SOURCES)
-  foreach(source ${sources})
-    if(source MATCHES "_qmltyperegistrations\\.cpp$|\\.rcc/|qmlcache|_init\\.cpp$")
-      set_source_files_properties(${source} TARGET_DIRECTORY ${target} PROPERTIES
-          COMPILE_OPTIONS "-w" SKIP_PRECOMPILE_HEADERS ON)
-    endif()
-  endforeach()
-endfunction()
+# Where the modules are laid out for qmllint and for each other.
+set(BRELL_QML_DIRECTORY "${CMAKE_BINARY_DIR}/qml")
 
-# brell_qml_module(desk_models URI TarnwickBrell.Models SOURCES ... [QML ...] [RESOURCES ...] [USES ...]
-#                  [IMPORTS ...])
-# A static library with a QML module of the same build folder name; each folder of its headers is
-# searched by the registration code, which knows headers by file name only.
+# brell_qml_module(desk_controls URI TarnwickBrell.Controls [SOURCES ...] [QML ...] [SINGLETONS ...]
+#   [FILES ...] [IMPORTS ...] [USES ...] [PRIVATELY_USES ...])
+# A static library with a QML module in its resources, without a plugin: a program that uses it
+# names its registration function, see InstallControls.cpp. FILES are resources beside the QML files.
 function(brell_qml_module name)
-  cmake_parse_arguments(M "" "URI" "SOURCES;QML;RESOURCES;USES;IMPORTS" ${ARGN})
-  qt_add_library(${name} STATIC)
+  cmake_parse_arguments(M "" "URI" "SOURCES;QML;SINGLETONS;FILES;IMPORTS;USES;PRIVATELY_USES" ${ARGN})
+  set_source_files_properties(${M_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
+  string(REPLACE "." "/" folder "${M_URI}")
+  brell_library(${name} QT SOURCES ${M_SOURCES} USES ${M_USES} Qt6::Quick PRIVATELY_USES ${M_PRIVATELY_USES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  string(REPLACE "." "/" path ${M_URI})
-  qt_add_qml_module(${name}
-    URI ${M_URI}
-    VERSION 1.0
-    RESOURCE_PREFIX /qt/qml
-    OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/qml/${path}"
-    SOURCES ${M_SOURCES}
-    QML_FILES ${M_QML}
-    RESOURCES ${M_RESOURCES}
-    IMPORTS ${M_IMPORTS}
-    IMPORT_PATH "${CMAKE_BINARY_DIR}/qml")
-  target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}")
+  # The registration code includes headers by their file names only.
   foreach(source ${M_SOURCES})
-    get_filename_component(folder ${source} DIRECTORY)
-    target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${folder}")
+    get_filename_component(part ${source} DIRECTORY)
+    target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${part}")
   endforeach()
-  target_link_libraries(${name} PUBLIC ${M_USES} Qt6::Quick PRIVATE Boost::headers)
-  brell_use_qt(${name})
-  brell_quiet_generated(${name})
+  qt_add_qml_module(${name}
+    URI ${M_URI} VERSION 1.0 NO_PLUGIN RESOURCE_PREFIX /qt/qml
+    OUTPUT_DIRECTORY "${BRELL_QML_DIRECTORY}/${folder}" IMPORT_PATH "${BRELL_QML_DIRECTORY}"
+    IMPORTS ${M_IMPORTS} QML_FILES ${M_SINGLETONS} ${M_QML} RESOURCES ${M_FILES})
+  # What Qt writes for QML files shadows names, and needs none of our precompiled headers.
+  get_target_property(sources ${name} SOURCES)
+  list(FILTER sources INCLUDE REGEX "qmlcache|qmltyperegistrations")
+  set_source_files_properties(${sources} PROPERTIES
+      COMPILE_OPTIONS "-w" SKIP_PRECOMPILE_HEADERS ON)
 endfunction()

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <stdexcept>
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Addresses/WebAddress.h"
+#include "PressRoom/MakersService.h"
 #include "PressRoom/Trackers/StatusFile.h"
 #include "PressRoom/Trackers/WireService.h"
 #include "PressRoom/World/Markup.h"
@@ -22,46 +21,18 @@ constexpr std::string_view kStatusPage = "/support/systemstatus/";
 constexpr std::string_view kStatusFile = "/support/systemstatus/data/system_status_en_US.js";
 constexpr std::string_view kDeveloperFile =
     "/support/systemstatus/data/developer/system_status_en_US.js";
-constexpr std::string_view kServiceHost = "tarnwick-brell.example";
 constexpr std::string_view kService = "/wp-json/tb-wire/v1/";
 
 constexpr std::array<std::string_view, 6> kNames{"status", "developer-status", "releases",
                                                  "events", "quote",            "quotes"};
 
-std::string queryItem(const Request& request, std::string_view name) {
-    const auto question = request.target.find('?');
-    if (question == request.target.npos) return {};
-    const std::string_view target = request.target;
-    for (const auto& item : newsroom::WebAddress::queryItems(target.substr(question + 1))) {
-        if (item.name == name) return item.value;
-    }
-    return {};
-}
-
-/// As the platform behind the service complains.
-Response complaint(int status, std::string_view code, std::string_view message) {
-    const json::object body{
-        {"code", code}, {"message", message}, {"data", json::object{{"status", status}}}};
-    return {.status = status,
-            .headers = {{"Content-Type", "application/json; charset=UTF-8"}},
-            .body = json::serialize(body)};
-}
-
 }  // namespace
 
 TrackerAnswerer::TrackerAnswerer(TrackerFiles files, sys_seconds anchor,
                                  Misbehaviours& misbehaviours)
-    : files_(std::move(files)), anchor_(anchor) {
-    for (const auto name : kNames) {
-        const auto found = misbehaviours.find(name);
-        if (found == misbehaviours.end()) continue;
-        if (!trackersCanBe(found->second.kind)) {
-            throw std::runtime_error(fmt::format("the tracker {} can't misbehave as \"{}\"", name,
-                                                 newsroom::rawValue(found->second.kind)));
-        }
-        misbehaviours_.insert(misbehaviours.extract(found));
-    }
-}
+    : files_(std::move(files)),
+      anchor_(anchor),
+      misbehaviours_(takeMisbehaviours(kNames, misbehaviours)) {}
 
 std::optional<Response> TrackerAnswerer::answer(const Request& request, sys_seconds now) const {
     auto path = request.path();
@@ -71,7 +42,7 @@ std::optional<Response> TrackerAnswerer::answer(const Request& request, sys_seco
         if (path == kDeveloperFile) return status(true, request, now);
         return std::nullopt;
     }
-    if (request.host != kServiceHost || !path.starts_with(kService)) return std::nullopt;
+    if (request.host != kMakersHost || !path.starts_with(kService)) return std::nullopt;
     path.remove_prefix(kService.size());
     if (path == "releases") {
         return served(path, request, {releases(files_.releases, anchor_, now), "systems", "build",

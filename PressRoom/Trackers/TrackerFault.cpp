@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <stdexcept>
+
+#include <fmt/format.h>
 
 #include "PressRoom/Answerer.h"
 #include "PressRoom/Server/Conditional.h"
@@ -83,8 +86,20 @@ std::string TrackerAnswer::text() const {
     return isWrapped ? "jsonCallback(" + text + ");" : text;
 }
 
-bool trackersCanBe(MisbehaviourKind kind) {
-    return std::ranges::find(kOnlyOfFeeds, kind) == kOnlyOfFeeds.end();
+Misbehaviours takeMisbehaviours(std::span<const std::string_view> names,
+                                Misbehaviours& misbehaviours) {
+    Misbehaviours taken;
+    for (const auto name : names) {
+        const auto found = misbehaviours.find(name);
+        if (found == misbehaviours.end()) continue;
+        const auto kind = found->second.kind;
+        if (std::ranges::find(kOnlyOfFeeds, kind) != kOnlyOfFeeds.end()) {
+            throw std::runtime_error(fmt::format("the tracker {} can't misbehave as \"{}\"", name,
+                                                 newsroom::rawValue(kind)));
+        }
+        taken.insert(misbehaviours.extract(found));
+    }
+    return taken;
 }
 
 Response trackerResponse(const Request& request, const TrackerAnswer& answer) {

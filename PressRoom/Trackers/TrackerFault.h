@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string_view>
 
 #include <boost/json.hpp>
@@ -21,7 +22,10 @@ struct TrackerAnswer {
     std::string text() const;
 };
 
-bool trackersCanBe(MisbehaviourKind kind);
+/// Takes those with one of these names out of `misbehaviours`. Throws std::runtime_error when
+/// it is a way in which trackers can't misbehave.
+Misbehaviours takeMisbehaviours(std::span<const std::string_view> names,
+                                Misbehaviours& misbehaviours);
 
 /// The answer of a tracker that misbehaves in a way that trackers can.
 Response faultyAnswer(const Request& request, TrackerAnswer answer, Misbehaviour misbehaviour);

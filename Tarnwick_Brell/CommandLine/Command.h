@@ -25,6 +25,8 @@ void addReleasesCommand(CLI::App& app, Command& chosen);
 void addEventsCommand(CLI::App& app, Command& chosen);
 void addQuoteCommand(CLI::App& app, Command& chosen);
 void addBoardCommand(CLI::App& app, Command& chosen);
+void addArchiveCommand(CLI::App& app, Command& chosen);
+void addTraceCommand(CLI::App& app, Command& chosen);
 void addSettingsCommand(CLI::App& app, Command& chosen);
 void addNewsroomCommand(CLI::App& app, Command& chosen);
 void addBeatCommand(CLI::App& app, Command& chosen);

@@ -91,6 +91,8 @@ int main(int argc, char** argv) {
     addEventsCommand(app, chosen);
     addQuoteCommand(app, chosen);
     addBoardCommand(app, chosen);
+    addArchiveCommand(app, chosen);
+    addTraceCommand(app, chosen);
     addSettingsCommand(app, chosen);
     addLibraryCommand(app, chosen);
     addInspectCommand(app, chosen);

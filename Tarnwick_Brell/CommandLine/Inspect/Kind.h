@@ -75,4 +75,7 @@ json::object releases(const json::object& input);
 json::object events(const json::object& input);
 json::object quote(const json::object& input);
 
+// The story archive
+json::object archiveURL(const json::object& input);
+
 }  // namespace brell::inspect

@@ -17,6 +17,7 @@ namespace desk {
 /// One action as views show it.
 struct ActionRow {
     Q_GADGET
+    QML_ANONYMOUS
     Q_PROPERTY(desk::DeskAction::Value action MEMBER action)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QString symbol MEMBER symbol)
@@ -46,6 +47,7 @@ public:
 /// The actions of one group.
 struct ActionGroupRow {
     Q_GADGET
+    QML_ANONYMOUS
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QAbstractItemModel* actions MEMBER actions)
 

@@ -7,12 +7,14 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <qqmlregistration.h>
 
 namespace desk {
 
 /// A piece of a row's text: matched letters stand out.
 struct PalettePart {
     Q_GADGET
+    QML_ANONYMOUS
     Q_PROPERTY(QString text MEMBER text)
     Q_PROPERTY(bool isMatch MEMBER isMatch)
 

@@ -31,6 +31,7 @@ struct PalettePlace {
 
 struct PaletteRow {
     Q_GADGET
+    QML_ANONYMOUS
     Q_PROPERTY(QString groupTitle MEMBER groupTitle)
     Q_PROPERTY(QString symbol MEMBER symbol)
     Q_PROPERTY(QVariantList parts READ partList)

@@ -1,0 +1,6 @@
+/// A field that narrows what is shown as one types.
+DeskField {
+    symbol: "magnifyingglass"
+    clearable: true
+    clearsOnEscape: true
+}

@@ -1,0 +1,120 @@
+import QtQuick
+import QtQuick.Window
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+import TarnwickBrell.Newsrooms
+import TarnwickBrell.Sidebar
+import TarnwickBrell.Wire
+
+/// The window: places at the left, the page beside them.
+Window {
+    id: window
+
+    required property WindowModel desk
+
+    property bool sidebarShown: true
+    property int sidebarWidth: Theme.sidebarWidth
+
+    width: Theme.windowWidth
+    height: Theme.windowHeight
+    minimumWidth: Theme.windowLeastWidth
+    minimumHeight: Theme.windowLeastHeight
+    title: qsTr("Tarnwick Brell")
+    color: Theme.canvas
+
+    FocusScope {
+        anchors.fill: parent
+        focus: true
+
+        SidebarView {
+            id: sidebar
+
+            width: window.sidebarShown ? window.sidebarWidth : 0
+            height: parent.height
+            visible: window.sidebarShown
+            places: window.desk.sidebar
+            onHideRequested: window.sidebarShown = false
+        }
+
+        FocusScope {
+            id: page
+
+            x: sidebar.width
+            width: parent.width - x
+            height: parent.height
+            focus: true
+
+            Toolbar {
+                id: toolbar
+
+                width: parent.width
+                desk: window.desk
+                sidebarHidden: !window.sidebarShown
+                onSidebarRequested: window.sidebarShown = true
+                onLeftForList: wire.focusList()
+            }
+            Band {
+                id: notice
+
+                readonly property bool isTrouble: window.desk.refresh.libraryTrouble !== ""
+
+                y: toolbar.height
+                width: parent.width
+                height: visible ? implicitHeight : 0
+                visible: isTrouble || window.desk.refresh.isOffline
+                padding: Theme.gridPadding
+                symbol: isTrouble ? "exclamationmark.triangle" : "wifi.slash"
+                symbolColor: isTrouble ? Theme.red : Theme.text2
+                text: isTrouble ? window.desk.refresh.libraryTrouble : window.desk.refresh.offlineText
+                action: isTrouble ? "" : qsTr("Try now")
+                onActed: window.desk.refresh.refresh()
+            }
+            WireView {
+                id: wire
+
+                y: notice.y + notice.height
+                width: parent.width
+                height: parent.height - y
+                visible: window.desk.view === WindowModel.Stories
+                focus: visible
+                page: window.desk.wire
+            }
+            NewsroomView {
+                y: wire.y
+                width: parent.width
+                height: parent.height - y
+                visible: window.desk.view === WindowModel.Newsroom
+                focus: visible
+                newsroom: window.desk.newsroom
+            }
+        }
+    }
+
+    Toast {
+        id: toast
+    }
+    Connections {
+        target: window.desk.wire
+
+        function onMarked(sentence: string) {
+            toast.show(sentence, qsTr("Undo"));
+        }
+        function onNoticed(sentence: string) {
+            toast.show(sentence, "");
+        }
+    }
+    Connections {
+        target: window.desk.refresh
+
+        function onFailed(sentence: string) {
+            toast.show(sentence, "");
+        }
+    }
+    Connections {
+        target: toast
+
+        function onActed() {
+            window.desk.wire.undo();
+        }
+    }
+}

@@ -1,0 +1,24 @@
+import QtQuick
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+
+/// How firmly a story is sourced, as a filled badge.
+Badge {
+    required property int sourcing
+
+    visible: text !== ""
+    kind: {
+        switch (sourcing) {
+        case StorySourcing.Confirmed:
+            return Badge.Confirmed;
+        case StorySourcing.OnRecord:
+            return Badge.OnRecord;
+        case StorySourcing.Report:
+            return Badge.Report;
+        case StorySourcing.Rumor:
+            return Badge.Rumor;
+        default:
+            return Badge.Outline;
+        }
+    }
+}
