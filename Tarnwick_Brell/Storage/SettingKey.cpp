@@ -27,6 +27,8 @@ using Type = SettingKey::Type;
 constexpr std::array kQuoteRanges{rawValue(QuoteRange::day), rawValue(QuoteRange::week),
                                   rawValue(QuoteRange::month), rawValue(QuoteRange::year)};
 
+constexpr std::array<std::string_view, 3> kAppearances{"system", "light", "dark"};
+
 constexpr std::array kKeys{
     SettingKey{SettingKey::kRefreshMinutes, "minutes between two automatic refreshes, at least 2",
                "5", Type::wholeNumber},
@@ -48,6 +50,8 @@ constexpr std::array kKeys{
                newsroom::TrackerAPI::kServiceAddress, Type::webAddress},
     SettingKey{SettingKey::kUpdateCatalogueAuthority,
                "certificate file to trust for Apple's update catalogue", "", Type::file},
+    SettingKey{SettingKey::kAppearance, "whether the window is light, dark or as the desktop is",
+               "system", Type::choice, kAppearances},
 };
 
 constexpr std::size_t kLongestSymbol = 24;

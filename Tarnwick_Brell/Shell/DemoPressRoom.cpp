@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/CommandLine/DemoPressRoom.h"
+#include "Tarnwick_Brell/Shell/DemoPressRoom.h"
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -10,13 +10,13 @@
 #include <chrono>
 #include <cmath>
 #include <fstream>
+#include <optional>
 #include <system_error>
 
 #include "NewsroomKit/Records/Codec.h"
-#include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/Storage/Paths.h"
 
-namespace brell {
+namespace desk {
 
 namespace {
 
@@ -32,8 +32,8 @@ fs::path pressRoomProgram() {
     const auto self = fs::read_symlink("/proc/self/exe", error);
     const auto program = self.parent_path() / "pressroom";
     if (error || !fs::exists(program)) {
-        throw WorkFailed("The demonstration needs the program pressroom beside brell (" +
-                         program.string() + ").");
+        throw DemoError("The demonstration needs the program pressroom beside " +
+                        self.filename().string() + " (" + program.string() + ").");
     }
     return program;
 }
@@ -53,11 +53,10 @@ std::optional<std::int64_t> rememberedStart(const fs::path& file, std::int64_t n
 std::string worldStart(const fs::path& dataDir, newsroom::Instant now) {
     const auto seconds = static_cast<std::int64_t>(std::floor(newsroom::secondsSince1970(now)));
     const auto file = dataDir / "world-start";
-    const auto library = desk::Paths::forUser(dataDir).library;
+    const auto library = Paths::forUser(dataDir).library;
     if (fs::exists(library) && !fs::exists(file)) {
-        throw WorkFailed(
-            "The folder " + dataDir.string() +
-            " holds a library that is not the demonstration's. It was left untouched.");
+        throw DemoError("The folder " + dataDir.string() +
+                        " holds a library that is not the demonstration's. It was left untouched.");
     }
     auto start = rememberedStart(file, seconds);
     if (!start) {
@@ -76,13 +75,13 @@ std::string worldStart(const fs::path& dataDir, newsroom::Instant now) {
 struct Pipe {
     std::array<int, 2> ends{-1, -1};
     Pipe() {
-        if (pipe2(ends.data(), O_CLOEXEC) != 0) throw WorkFailed(kNotStarted);
+        if (pipe2(ends.data(), O_CLOEXEC) != 0) throw DemoError(kNotStarted);
     }
 };
 
 }  // namespace
 
-fs::path demoDataDir() { return desk::Paths::forUser(std::nullopt).library.parent_path() / "demo"; }
+fs::path demoDataDir() { return Paths::forUser(std::nullopt).library.parent_path() / "demo"; }
 
 DemoPressRoom::DemoPressRoom(const fs::path& dataDir, newsroom::Instant now) {
     start(pressRoomProgram(), worldStart(dataDir, now));
@@ -107,7 +106,7 @@ void DemoPressRoom::start(const fs::path& program, const std::string& anchor) {
     if (error != 0) {
         process_ = -1;
         close(output.ends[0]);
-        throw WorkFailed(kNotStarted);
+        throw DemoError(kNotStarted);
     }
     readAddress(output.ends[0]);
 }
@@ -123,7 +122,7 @@ void DemoPressRoom::readAddress(int output) {
                    std::to_string(newsroom::decode<std::int64_t>(ready.at("port")));
         authority_ = newsroom::decode<std::string>(ready.at("authority"));
     } catch (const std::exception&) {
-        throw WorkFailed(kNotStarted);
+        throw DemoError(kNotStarted);
     }
 }
 
@@ -132,4 +131,4 @@ DemoPressRoom::~DemoPressRoom() {
     if (process_ > 0) waitpid(process_, nullptr, 0);
 }
 
-}  // namespace brell
+}  // namespace desk

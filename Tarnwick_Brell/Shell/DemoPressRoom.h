@@ -1,14 +1,20 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
+#include <stdexcept>
 #include <string>
 
 #include <sys/types.h>
 
 #include "NewsroomKit/Records/Instant.h"
 
-namespace brell {
+namespace desk {
+
+/// The demonstration can't run; what() is a sentence for the user.
+class DemoError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
 
 /// Where the demonstration keeps its own store.
 std::filesystem::path demoDataDir();
@@ -18,7 +24,7 @@ std::filesystem::path demoDataDir();
 /// soon afterwards meets the same world, a later one starts afresh.
 class DemoPressRoom {
 public:
-    /// Throws WorkFailed when the press room is not installed or does not start.
+    /// Throws DemoError when the press room is not installed or does not start.
     DemoPressRoom(const std::filesystem::path& dataDir, newsroom::Instant now);
     ~DemoPressRoom();
     DemoPressRoom(const DemoPressRoom&) = delete;
@@ -37,4 +43,4 @@ private:
     std::filesystem::path authority_;
 };
 
-}  // namespace brell
+}  // namespace desk
