@@ -27,13 +27,17 @@ T.TextField {
     leftPadding: Theme.space3 + (symbol ? Theme.icon + Theme.space2 : 0)
     rightPadding: end + Theme.space1
     verticalAlignment: TextInput.AlignVCenter
-    font: Theme.fonts[DeskText.Base]
+    // A font without a family would become the desktop's font for fields, not the window's.
+    font.family: hint.font.family
+    font.pixelSize: hint.font.pixelSize
     renderType: Text.NativeRendering
     color: Theme.text1
     placeholderTextColor: Theme.text3
     selectionColor: Theme.accent
     selectedTextColor: Theme.textOnAccent
     selectByMouse: true
+    // At rest a long text shows its beginning.
+    autoScroll: activeFocus
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.name: label
     // Or a shortcut of the window would take the key.
@@ -80,6 +84,7 @@ T.TextField {
         color: field.activeFocus ? Theme.text1 : Theme.text2
     }
     DeskText {
+        id: hint
         x: field.leftPadding
         anchors.verticalCenter: parent.verticalCenter
         width: field.width - field.leftPadding - field.rightPadding

@@ -73,24 +73,22 @@ QtObject {
     readonly property real skeletonLoss: 0.18
 
     // Type, in the order of DeskText.Type
-    readonly property list<int> textSizes: [11, 11, 11, 12, 12, 12, 13, 13, 13, 15, 15, 18, 24, 24]
-    readonly property list<int> textLines: [16, 16, 16, 16, 16, 16, 20, 20, 20, 20, 24, 24, 32, 32]
-    readonly property list<int> textWeights: [
-        Font.Normal, Font.Medium, Font.DemiBold, Font.Normal, Font.Medium, Font.DemiBold,
-        Font.Normal, Font.Medium, Font.DemiBold, Font.DemiBold, Font.Normal, Font.DemiBold,
-        Font.DemiBold, Font.DemiBold]
-    readonly property list<font> fonts: {
-        let made = [];
-        for (let i = 0; i < textSizes.length; ++i) {
-            made.push(Qt.font({
-                family: Qt.application.font.family,
-                pixelSize: scaled(textSizes[i]),
-                weight: textWeights[i],
-                letterSpacing: textSizes[i] === 24 ? -0.3 : 0
-            }));
-        }
-        return made;
-    }
+    readonly property list<TextStyle> textStyles: [
+        TextStyle { size: 11; line: 16; scale: theme.fontScale },
+        TextStyle { size: 11; line: 16; weight: Font.Medium; scale: theme.fontScale },
+        TextStyle { size: 11; line: 16; weight: Font.DemiBold; scale: theme.fontScale },
+        TextStyle { size: 12; line: 16; scale: theme.fontScale },
+        TextStyle { size: 12; line: 16; weight: Font.Medium; scale: theme.fontScale },
+        TextStyle { size: 12; line: 16; weight: Font.DemiBold; scale: theme.fontScale },
+        TextStyle { size: 13; line: 20; scale: theme.fontScale },
+        TextStyle { size: 13; line: 20; weight: Font.Medium; scale: theme.fontScale },
+        TextStyle { size: 13; line: 20; weight: Font.DemiBold; scale: theme.fontScale },
+        TextStyle { size: 15; line: 20; weight: Font.DemiBold; scale: theme.fontScale },
+        TextStyle { size: 15; line: 24; scale: theme.fontScale },
+        TextStyle { size: 18; line: 24; weight: Font.DemiBold; scale: theme.fontScale },
+        TextStyle { size: 24; line: 32; weight: Font.DemiBold; spacing: -0.3; scale: theme.fontScale },
+        TextStyle { size: 24; line: 32; weight: Font.DemiBold; spacing: -0.3; scale: theme.fontScale }
+    ]
     /// The line of a 13 px title or sentence inside a panel.
     readonly property int panelLine: scaled(18)
 
@@ -264,25 +262,4 @@ QtObject {
     readonly property int move: reducedMotion ? 0 : 120
     readonly property int tipDelay: 500
     readonly property int noticeTime: 6000
-
-    /// Puts the text of a line in the middle of the line, on a whole pixel, where Text with a
-    /// fixed line height would leave it at the top.
-    readonly property list<real> textTops: {
-        let tops = [];
-        for (let type = 0; type < textLines.length; ++type) {
-            const ascent = textMetrics[type].ascent;
-            const spare = scaled(textLines[type]) - Math.round(ascent) - Math.round(textMetrics[type].descent);
-            tops.push(Math.floor(spare / 2) + Math.round(ascent) - ascent);
-        }
-        return tops;
-    }
-    readonly property list<FontMetrics> textMetrics: [metrics11, metrics11, metrics11, metrics12,
-        metrics12, metrics12, metrics13, metrics13, metrics13, metrics15, metrics15, metrics18,
-        metrics24, metrics24]
-    readonly property FontMetrics metrics11: FontMetrics { font: theme.fonts[0] }
-    readonly property FontMetrics metrics12: FontMetrics { font: theme.fonts[3] }
-    readonly property FontMetrics metrics13: FontMetrics { font: theme.fonts[6] }
-    readonly property FontMetrics metrics15: FontMetrics { font: theme.fonts[9] }
-    readonly property FontMetrics metrics18: FontMetrics { font: theme.fonts[11] }
-    readonly property FontMetrics metrics24: FontMetrics { font: theme.fonts[12] }
 }

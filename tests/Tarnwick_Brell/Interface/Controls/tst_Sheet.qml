@@ -22,6 +22,7 @@ TestCase {
         DeskField { id: address; width: parent.width; main: true; focus: true }
     }
     SearchField { id: search; y: 40; placeholderText: "Search" }
+    SignalSpy { id: clicksBelow; target: below; signalName: "clicked" }
     SignalSpy { id: escapes; target: search; signalName: "escaped" }
     SignalSpy { id: edits; target: search; signalName: "textEdited" }
     DeskMenu {
@@ -50,6 +51,8 @@ TestCase {
             keyClick(Qt.Key_Tab, Qt.ShiftModifier);
             verify(!below.activeFocus && !search.activeFocus);
         }
+        mouseClick(below);
+        compare(clicksBelow.count, 0);
         address.forceActiveFocus();
         keyClick(Qt.Key_A);
         compare(address.text, "a");

@@ -56,8 +56,7 @@ TestCase {
         const pair = data.tag.split(" ");
         for (const dark of [false, true]) {
             Theme.dark = dark;
-            // The table of the light edge on the field rounds 2.96.
-            verify(contrast(Theme[pair[0]], Theme[pair[1]]) >= 2.95, dark ? "in dark" : "in light");
+            verify(contrast(Theme[pair[0]], Theme[pair[1]]) >= 3, dark ? "in dark" : "in light");
         }
     }
 
@@ -79,8 +78,8 @@ TestCase {
             Theme.fontScale = scale;
             for (let type = DeskText.Meta; type <= DeskText.Figure; ++type) {
                 item.type = type;
-                compare(item.height, 3 * Theme.scaled(Theme.textLines[type]));
-                const base = item.topPadding + Theme.textMetrics[type].ascent;
+                compare(item.height, 3 * Theme.textStyles[type].lineHeight);
+                const base = item.topPadding + Theme.textStyles[type].metrics.ascent;
                 fuzzyCompare(base, Math.round(base), 0.01, "type " + type);
             }
         }
