@@ -71,6 +71,8 @@ signals:
     void placeChanged();
     /// What only the view can do: the focus, sheets, scrolling.
     void viewActionWanted(desk::DeskAction::Value action);
+    /// Sheets are to be closed.
+    void viewClosed();
     /// A sentence for the user.
     void noticed(const QString& sentence);
     /// To be opened in the browser: http or https.
