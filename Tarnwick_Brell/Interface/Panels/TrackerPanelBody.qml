@@ -7,6 +7,9 @@ Item {
     id: body
 
     required property PanelContent content
+    /// For the panels, each of which takes its own kind of content: the compiler of 6.4 can't
+    /// translate a cast here.
+    readonly property var held: content
 
     Loader {
         anchors.fill: parent
@@ -34,42 +37,42 @@ Item {
         id: countdown
 
         CountdownPanel {
-            content: body.content as CountdownContent
+            content: body.held
         }
     }
     Component {
         id: stock
 
         StockPanel {
-            content: body.content as StockContent
+            content: body.held
         }
     }
     Component {
         id: software
 
         SoftwarePanel {
-            content: body.content as SoftwareContent
+            content: body.held
         }
     }
     Component {
         id: status
 
         StatusPanel {
-            content: body.content as StatusContent
+            content: body.held
         }
     }
     Component {
         id: suppliers
 
         SuppliersPanel {
-            content: body.content as SuppliersContent
+            content: body.held
         }
     }
     Component {
         id: releases
 
         ReleasesPanel {
-            content: body.content as ReleasesContent
+            content: body.held
         }
     }
 }
