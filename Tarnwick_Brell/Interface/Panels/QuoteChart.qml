@@ -3,6 +3,7 @@ import QtQuick
 import QtQuick.Templates as T
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
+import TarnwickBrell.Panels
 
 /// The curve of a quote. The pointer or the arrow keys read a point; what is read stands above
 /// the plot, so that it never covers the curve.
