@@ -203,13 +203,13 @@ T.Control {
             DeskText {
                 type: DeskText.MetaStrong
                 text: chart.read.price
-                color: Theme.onTip
+                color: Theme.textOnTip
                 Accessible.ignored: true
             }
             DeskText {
                 type: DeskText.Meta
                 text: chart.read.moment
-                color: Theme.onTip
+                color: Theme.textOnTip
                 Accessible.ignored: true
             }
             DeskText {
@@ -217,7 +217,7 @@ T.Control {
                 visible: text
                 type: DeskText.Meta
                 text: chart.read.event
-                color: Theme.onTip
+                color: Theme.textOnTip
                 Accessible.ignored: true
             }
         }
