@@ -69,7 +69,7 @@ Rectangle {
             width: parent.width
             visible: text
             type: DeskText.Secondary
-            lines: 3
+            lines: 2
             text: card.message ? card.message : card.levelLabel
             color: Theme.text2
             Accessible.ignored: true

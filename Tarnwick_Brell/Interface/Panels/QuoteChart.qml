@@ -3,6 +3,7 @@ import QtQuick
 import QtQuick.Templates as T
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
+import TarnwickBrell.Panels
 
 /// The curve of a quote. The pointer or the arrow keys read a point; what is read stands above
 /// the plot, so that it never covers the curve.
@@ -202,13 +203,13 @@ T.Control {
             DeskText {
                 type: DeskText.MetaStrong
                 text: chart.read.price
-                color: Theme.onTip
+                color: Theme.textOnTip
                 Accessible.ignored: true
             }
             DeskText {
                 type: DeskText.Meta
                 text: chart.read.moment
-                color: Theme.onTip
+                color: Theme.textOnTip
                 Accessible.ignored: true
             }
             DeskText {
@@ -216,7 +217,7 @@ T.Control {
                 visible: text
                 type: DeskText.Meta
                 text: chart.read.event
-                color: Theme.onTip
+                color: Theme.textOnTip
                 Accessible.ignored: true
             }
         }

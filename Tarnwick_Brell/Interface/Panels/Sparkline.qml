@@ -1,6 +1,7 @@
 import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
+import TarnwickBrell.Panels
 
 /// The way of a price in a row, in the colour of its day.
 CurveLine {

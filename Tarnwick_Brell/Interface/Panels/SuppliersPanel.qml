@@ -17,22 +17,10 @@ Item {
         anchors.fill: parent
         label: qsTr("Shares")
         model: panel.content.rows
-        section.property: "group"
-        section.delegate: DeskText {
-            required property string section
-
-            width: rows.width
-            height: Theme.tableHeader
-            verticalAlignment: Text.AlignBottom
-            type: DeskText.MetaStrong
-            text: section
-            color: Theme.text3
-            Accessible.role: Accessible.Heading
-        }
-
         delegate: Item {
             id: row
 
+            required property string heading
             required property string symbol
             required property string name
             required property string price
@@ -43,17 +31,31 @@ Item {
             required property string spokenText
 
             width: rows.width
-            height: Theme.tableRow
+            height: Theme.tableRow + (heading ? Theme.tableHeader : 0)
             Accessible.role: Accessible.ListItem
             Accessible.name: spokenText
 
+            DeskText {
+                width: parent.width
+                visible: text
+                type: DeskText.MetaStrong
+                text: row.heading
+                color: Theme.text3
+                Accessible.role: Accessible.Heading
+            }
+            Item {
+                id: middle
+                anchors.bottom: parent.bottom
+                width: parent.width
+                height: Theme.tableRow
+            }
             Hairline {
                 anchors.bottom: parent.bottom
                 width: parent.width
             }
             DeskText {
                 id: symbol
-                anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenter: middle.verticalCenter
                 width: Theme.symbolColumn
                 type: DeskText.SecondaryMedium
                 text: row.symbol
@@ -65,7 +67,7 @@ Item {
                 anchors.leftMargin: Theme.space2
                 anchors.right: spark.left
                 anchors.rightMargin: Theme.space3
-                anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenter: middle.verticalCenter
                 visible: rows.width >= Theme.shareNameFrom
                 type: DeskText.Secondary
                 text: row.name
@@ -76,7 +78,7 @@ Item {
                 id: spark
                 anchors.right: price.left
                 anchors.rightMargin: Theme.space2
-                anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenter: middle.verticalCenter
                 visible: rows.width >= Theme.shareLineFrom
                 points: row.line
                 move: row.move
@@ -85,7 +87,7 @@ Item {
             DeskText {
                 id: price
                 anchors.right: currency.left
-                anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenter: middle.verticalCenter
                 width: Theme.priceColumn
                 horizontalAlignment: Text.AlignRight
                 type: DeskText.Secondary
@@ -96,7 +98,7 @@ Item {
             DeskText {
                 id: currency
                 anchors.right: change.left
-                anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenter: middle.verticalCenter
                 width: visible ? Theme.currencyColumn : 0
                 leftPadding: Theme.space1
                 visible: rows.width >= Theme.shareCurrencyFrom
@@ -108,7 +110,7 @@ Item {
             DeskText {
                 id: change
                 anchors.right: parent.right
-                anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenter: middle.verticalCenter
                 width: Theme.changeColumn
                 horizontalAlignment: Text.AlignRight
                 type: DeskText.SecondaryMedium

@@ -1,75 +1,37 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import TarnwickBrell.Models
 
-/// The content of a panel that shows trackers.
+/// The content of a panel that shows trackers. Loaded by name: a bound component can't be
+/// loaded in Qt 6.4, and each panel wants its own kind of content.
 Item {
     id: body
 
     required property PanelContent content
 
+    readonly property string file: {
+        switch (content.kind) {
+        case PanelContent.Countdown:
+            return "CountdownPanel.qml";
+        case PanelContent.Stock:
+            return "StockPanel.qml";
+        case PanelContent.Software:
+            return "SoftwarePanel.qml";
+        case PanelContent.Status:
+            return "StatusPanel.qml";
+        case PanelContent.Suppliers:
+            return "SuppliersPanel.qml";
+        case PanelContent.Releases:
+            return "ReleasesPanel.qml";
+        default:
+            return "";
+        }
+    }
+
     Loader {
         anchors.fill: parent
-        sourceComponent: {
-            switch (body.content.kind) {
-            case PanelContent.Countdown:
-                return countdown;
-            case PanelContent.Stock:
-                return stock;
-            case PanelContent.Software:
-                return software;
-            case PanelContent.Status:
-                return status;
-            case PanelContent.Suppliers:
-                return suppliers;
-            case PanelContent.Releases:
-                return releases;
-            default:
-                return null;
-            }
-        }
-    }
-
-    Component {
-        id: countdown
-
-        CountdownPanel {
-            content: body.content as CountdownContent
-        }
-    }
-    Component {
-        id: stock
-
-        StockPanel {
-            content: body.content as StockContent
-        }
-    }
-    Component {
-        id: software
-
-        SoftwarePanel {
-            content: body.content as SoftwareContent
-        }
-    }
-    Component {
-        id: status
-
-        StatusPanel {
-            content: body.content as StatusContent
-        }
-    }
-    Component {
-        id: suppliers
-
-        SuppliersPanel {
-            content: body.content as SuppliersContent
-        }
-    }
-    Component {
-        id: releases
-
-        ReleasesPanel {
-            content: body.content as ReleasesContent
+        Component.onCompleted: {
+            if (body.file)
+                setSource(body.file, { content: body.content });
         }
     }
 }

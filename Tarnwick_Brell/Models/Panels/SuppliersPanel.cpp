@@ -68,6 +68,9 @@ void SuppliersPanel::look() {
         const auto share = trackers().quote().value;
         if (share && !rows.empty()) rows.insert(rows.begin(), rowOf(asBoardQuote(*share)));
     }
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (i == 0 || rows[i].group != rows[i - 1].group) rows[i].heading = rows[i].group;
+    }
     if (condition.state == Ready && rows.empty()) {
         condition.state = Empty;
         condition.message = tr("The board of suppliers is empty.");

@@ -14,7 +14,7 @@ namespace desk {
 /// A share of the board.
 struct SupplierRow {
     Q_GADGET
-    Q_PROPERTY(QString group MEMBER group)
+    Q_PROPERTY(QString heading MEMBER heading)
     Q_PROPERTY(QString symbol MEMBER symbol)
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(QString relation MEMBER relation)
@@ -26,6 +26,7 @@ struct SupplierRow {
     Q_PROPERTY(QString spokenText MEMBER spokenText)
 
 public:
+    QString heading{};  ///< of the group, above its first share
     QString group{};
     QString symbol{};
     QString name{};

@@ -87,8 +87,8 @@ TEST(QuoteCurve, WhateverTheServiceSaysEverythingStandsWithinTheChart) {
 TEST(QuoteCurve, PricesStandBetweenRoundValues) {
     const auto labels = [](const StockQuote& quote) {
         std::string text;
-        for (const auto& tick : QuoteCurve(quote, {}, kNow).prices())
-            text += tick.label.toStdString() + " ";
+        const QuoteCurve curve(quote, {}, kNow);
+        for (const auto& tick : curve.prices()) text += tick.label.toStdString() + " ";
         return text;
     };
     QLocale::setDefault(QLocale::c());

@@ -67,7 +67,8 @@ protected:
     void events(const std::vector<AppleCalendarEvent>& events) {
         serve("events", {{"events", newsroom::encode(events)}});
     }
-    void quote(const StockQuote& quote) {
+    void quote(StockQuote quote) {
+        quote.symbol = TrackerStore::kShare;
         serve("quote?range=" + quote.range + "&symbol=AAPL", newsroom::encode(quote));
     }
 
