@@ -2,7 +2,7 @@ import QtQuick
 import TarnwickBrell.Controls
 
 /// A story in a panel: who and how firm and how old above, the headline below.
-PanelRow {
+StoryPanelRow {
     id: row
 
     required property string source

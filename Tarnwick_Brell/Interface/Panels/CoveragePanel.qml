@@ -5,13 +5,13 @@ import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
 /// Outlets as bars by their number of stories, and how often each was first.
-PanelList {
+StoryPanelList {
     id: panel
 
     required property GatheredPanel content
 
     model: content.rows
-    delegate: PanelRow {
+    delegate: StoryPanelRow {
         id: row
 
         required property string outlet

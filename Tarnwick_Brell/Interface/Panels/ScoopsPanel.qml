@@ -5,14 +5,14 @@ import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
 /// Who told the news first, and by how much.
-PanelList {
+StoryPanelList {
     id: panel
 
     required property GatheredPanel content
 
     model: content.rows
     onOpened: index => content.open(index)
-    delegate: PanelRow {
+    delegate: StoryPanelRow {
         id: row
 
         required property string title

@@ -9,9 +9,6 @@ Item {
 
     required property PanelContent content
 
-    readonly property GatheredPanel gathered: content as GatheredPanel
-    readonly property StoryPanel stream: content as StoryPanel
-
     Loader {
         anchors.fill: parent
         sourceComponent: {
@@ -39,7 +36,7 @@ Item {
 
         StreamPanel {
             name: qsTr("Stories")
-            content: body.stream
+            content: body.content as StoryPanel
         }
     }
     Component {
@@ -47,7 +44,7 @@ Item {
 
         BriefPanel {
             name: qsTr("Brief")
-            content: body.gathered
+            content: body.content as GatheredPanel
         }
     }
     Component {
@@ -55,7 +52,7 @@ Item {
 
         TopStoriesPanel {
             name: qsTr("Top stories")
-            content: body.gathered
+            content: body.content as GatheredPanel
         }
     }
     Component {
@@ -63,7 +60,7 @@ Item {
 
         ClaimsPanel {
             name: qsTr("Claims")
-            content: body.gathered
+            content: body.content as GatheredPanel
         }
     }
     Component {
@@ -71,7 +68,7 @@ Item {
 
         CoveragePanel {
             name: qsTr("Outlets")
-            content: body.gathered
+            content: body.content as GatheredPanel
         }
     }
     Component {
@@ -79,7 +76,7 @@ Item {
 
         ScoopsPanel {
             name: qsTr("Scoops")
-            content: body.gathered
+            content: body.content as GatheredPanel
         }
     }
 }

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import TarnwickBrell.Models
 
 /// Stories as they come.
-PanelList {
+StoryPanelList {
     id: panel
 
     required property StoryPanel content

@@ -5,14 +5,14 @@ import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
 /// News by the number of outlets that cover it.
-PanelList {
+StoryPanelList {
     id: panel
 
     required property GatheredPanel content
 
     model: content.rows
     onOpened: index => content.open(index)
-    delegate: PanelRow {
+    delegate: StoryPanelRow {
         id: row
 
         required property string outletCount

@@ -10,7 +10,7 @@ T.AbstractButton {
     required property string spokenText
     property bool opens: true
     property bool parted: true
-    readonly property PanelList list: ListView.view as PanelList
+    readonly property StoryPanelList list: ListView.view as StoryPanelList
 
     width: list?.width ?? implicitWidth
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
