@@ -4,6 +4,7 @@
 #include <chrono>
 #include <utility>
 
+#include "Tarnwick_Brell/Models/Panels/NewsGatherer.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
 #include "Tarnwick_Brell/Text/ShownText.h"
 #include "Tarnwick_Brell/Text/TimeText.h"
@@ -14,6 +15,7 @@ using namespace std::chrono_literals;
 
 NewsroomModel::NewsroomModel(const PanelStores& stores, QObject* parent)
     : QAbstractListModel(parent), stores_(stores) {
+    stores_.gatherer = std::make_shared<NewsGatherer>(stores.news, stores.clock);
     connect(&minute_, &QTimer::timeout, this, &NewsroomModel::tick);
     minute_.start(30s);
 }

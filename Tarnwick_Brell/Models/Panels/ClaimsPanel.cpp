@@ -58,7 +58,7 @@ void ClaimsPanel::show(const std::vector<Claim>& claims, const Extent& extent) {
                      .age = ageText(claim.first.publishedAt, extent.now),
                      .title = titleText(claim.first.title, kTitleCharacters),
                      .isRead = claim.first.isRead,
-                     .state = firmness(claim.state),
+                     .firmness = firmness(claim.state),
                      .stateLabel = tr(std::string(label(claim.state)).c_str()),
                      .standing = standing(claim, extent.now)};
         row.spokenText = spokenRow({row.isRead ? QString() : tr("Unread"), row.title, row.outlet,

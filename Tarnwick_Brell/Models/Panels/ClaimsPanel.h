@@ -15,7 +15,7 @@ struct ClaimRow {
     Q_PROPERTY(QString age MEMBER age)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(bool isRead MEMBER isRead)
-    Q_PROPERTY(desk::StorySourcing::Value state MEMBER state)
+    Q_PROPERTY(desk::StorySourcing::Value firmness MEMBER firmness)
     Q_PROPERTY(QString stateLabel MEMBER stateLabel)
     Q_PROPERTY(QString standing MEMBER standing)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
@@ -26,7 +26,7 @@ public:
     QString age{};
     QString title{};
     bool isRead = false;
-    StorySourcing::Value state = StorySourcing::Rumor;  ///< how firm it has become
+    StorySourcing::Value firmness = StorySourcing::Rumor;  ///< what it has become
     QString stateLabel{};
     QString standing{};  ///< who else says so, and what Apple said
     QString spokenText{};

@@ -37,4 +37,9 @@ QString StoryPanel::noStory() const {
     return terms.isEmpty() ? tr("No story matches.") : tr("No story mentions %1.").arg(terms);
 }
 
+void StoryPanel::open(int row) {
+    const auto index = stories_.index(row);
+    if (index.isValid()) openStory(index.data(StoryListModel::StoryID).toString());
+}
+
 }  // namespace desk

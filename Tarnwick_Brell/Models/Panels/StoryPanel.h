@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QTimer>
-
 #include "Tarnwick_Brell/Models/Panels/PanelContent.h"
 #include "Tarnwick_Brell/Models/Stories/StoryListModel.h"
 
@@ -19,6 +17,7 @@ public:
                const newsroom::StoryQuery& query);
 
     StoryListModel* stories() { return &stories_; }
+    Q_INVOKABLE void open(int row);
 
 private:
     void look();
