@@ -28,6 +28,7 @@ struct ActionRow {
     Q_PROPERTY(QStringList shortcuts MEMBER shortcuts)
     Q_PROPERTY(QStringList shortcutsInText MEMBER shortcutsInText)
     Q_PROPERTY(bool isEnabled MEMBER isEnabled)
+    Q_PROPERTY(bool repeats MEMBER repeats)
 
 public:
     Action action{};
@@ -40,6 +41,7 @@ public:
     QStringList shortcuts{};        ///< without the keys of the list of stories
     QStringList shortcutsInText{};  ///< those that also work while a text field has the focus
     bool isEnabled = true;
+    bool repeats = false;  ///< while its key is held down
 
     bool operator==(const ActionRow&) const = default;
 };
