@@ -10,19 +10,6 @@ namespace {
 /// How many stories are tested between two looks at the clock.
 constexpr std::size_t kStride = 256;
 
-std::size_t firstPlaceBelow(const Wire& wire, std::int64_t number) {
-    std::size_t low = 0, high = wire.size();
-    while (low < high) {
-        const std::size_t middle = low + (high - low) / 2;
-        if (wire[middle].number() < number) {
-            high = middle;
-        } else {
-            low = middle + 1;
-        }
-    }
-    return low;
-}
-
 }  // namespace
 
 std::optional<std::size_t> LiveQuery::placeOf(std::int64_t number) const {
@@ -57,7 +44,7 @@ WireChange LiveQuery::begin(std::vector<std::int64_t> found) {
 WireChange LiveQuery::continueFor(const Wire& wire, std::chrono::steady_clock::duration budget) {
     WireChange change;
     const auto end = std::chrono::steady_clock::now() + budget;
-    std::size_t place = firstPlaceBelow(wire, untestedBelow_);
+    std::size_t place = wire.firstPlaceBelow(untestedBelow_);
     do {
         const std::size_t stop = std::min(place + kStride, wire.size());
         for (; place < stop; ++place) {

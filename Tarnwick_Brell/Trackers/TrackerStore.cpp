@@ -17,7 +17,6 @@ namespace {
 
 // Often enough to notice that the computer slept, seldom enough to let it idle.
 constexpr std::chrono::milliseconds kLongestTick = std::chrono::seconds(30);
-constexpr std::chrono::seconds kQuoteFreshFor{60};
 // Points of a year are days.
 constexpr std::chrono::hours kYearFreshFor{6};
 constexpr std::size_t kMostQuotesHeld = 100;
@@ -81,7 +80,8 @@ void TrackerStore::takeStored(Held stored) {
     const bool hasConsumer = takeOver(held_.consumer, stored.consumer);
     const bool hasDeveloper = takeOver(held_.developer, stored.developer);
     if (hasConsumer || hasDeveloper) emit statusChanged();
-    if (takeOver(held_.releases, stored.releases)) emit releasesChanged();
+    const bool hasBuilds = takeBuilds(std::move(stored.builds));
+    if (takeOver(held_.releases, stored.releases) || hasBuilds) emit releasesChanged();
     if (takeOver(held_.events, stored.events)) emit eventsChanged();
     if (takeOver(held_.board, stored.board)) emit boardChanged();
     bool hasQuote = false;
@@ -117,9 +117,10 @@ void TrackerStore::tick() {
 
 void TrackerStore::armTimer() {
     const auto next = schedule_->next();
-    const auto wait = next ? std::chrono::ceil<std::chrono::milliseconds>(
-                                 *next - std::chrono::steady_clock::now())
-                           : kLongestTick;
+    const auto wait =
+        next
+            ? std::chrono::ceil<std::chrono::milliseconds>(*next - std::chrono::steady_clock::now())
+            : kLongestTick;
     timer_.start(std::clamp(wait, std::chrono::milliseconds(0), kLongestTick));
 }
 
@@ -234,8 +235,16 @@ void TrackerStore::takeQuote(const QuoteKey& key, Quote quote) {
     emit quotesChanged();
 }
 
+// Each look at the library has all that the one before had.
+bool TrackerStore::takeBuilds(std::vector<SeenBuild> builds) {
+    if (builds == held_.builds) return false;
+    held_.builds = std::move(builds);
+    return true;
+}
+
 void TrackerStore::noteMarket() {
-    if (schedule_) schedule_->setMarketOpen(std::ranges::any_of(present(wanted_), &StockQuote::isOpen));
+    if (schedule_)
+        schedule_->setMarketOpen(std::ranges::any_of(present(wanted_), &StockQuote::isOpen));
 }
 
 void TrackerStore::setQuoteRange(QuoteRange range) {
@@ -261,6 +270,10 @@ void TrackerStore::setCompared(std::vector<std::string> symbols) {
     followWishes();
 }
 
+void TrackerStore::readQuote(QuoteRange range, std::chrono::seconds freshFor) {
+    fetchQuotes({{std::string(kShare), range}}, freshFor);
+}
+
 void TrackerStore::readYear() { fetchQuotes(wantedQuotes(QuoteRange::year), kYearFreshFor); }
 
 const TrackerStore::Quote& TrackerStore::held(const QuoteKey& key) const {
@@ -269,8 +282,10 @@ const TrackerStore::Quote& TrackerStore::held(const QuoteKey& key) const {
     return entry == held_.quotes.end() ? none : entry->second;
 }
 
-const TrackerStore::Quote& TrackerStore::quote() const {
-    return held({std::string(kShare), quoteRange()});
+const TrackerStore::Quote& TrackerStore::quote() const { return quote(quoteRange()); }
+
+const TrackerStore::Quote& TrackerStore::quote(QuoteRange range) const {
+    return held({std::string(kShare), range});
 }
 
 const TrackerStore::Quote& TrackerStore::focusQuote() const {
@@ -295,8 +310,6 @@ std::vector<StockQuote> TrackerStore::yearQuotes() const {
     return present(wantedQuotes(QuoteRange::year));
 }
 
-std::optional<Instant> TrackerStore::yearRead() const {
-    return held({std::string(kShare), QuoteRange::year}).fetchedAt;
-}
+std::optional<Instant> TrackerStore::yearRead() const { return quote(QuoteRange::year).fetchedAt; }
 
 }  // namespace desk

@@ -11,12 +11,39 @@ Rectangle {
     property int kind: Badge.Outline
     property bool onSoft: false
 
-    readonly property color fill: [Theme.surface, Theme.greenSoft, Theme.blueSoft, Theme.reportSoft,
-        Theme.amberSoft, Theme.accentSoft, Theme.amberSoft, Theme.redSoft, Theme.blueSoft][kind]
-    readonly property color ink: [Theme.text2, Theme.green, Theme.blue, Theme.report, Theme.amber,
-        Theme.accentText, Theme.amber, Theme.red, Theme.blue][kind]
-    readonly property color outline: [Theme.border, Theme.greenMark, Theme.blueMark, Theme.edge,
-        Theme.amberMark, Theme.accentLine, Theme.amberMark, Theme.redMark, Theme.blueMark][kind]
+    readonly property color fill: {
+        switch (kind) {
+        case Badge.Confirmed: return Theme.greenSoft;
+        case Badge.OnRecord: case Badge.Maintenance: return Theme.blueSoft;
+        case Badge.Report: return Theme.reportSoft;
+        case Badge.Rumor: case Badge.Issue: return Theme.amberSoft;
+        case Badge.Fresh: return Theme.accentSoft;
+        case Badge.Outage: return Theme.redSoft;
+        default: return "transparent";
+        }
+    }
+    readonly property color ink: {
+        switch (kind) {
+        case Badge.Confirmed: return Theme.green;
+        case Badge.OnRecord: case Badge.Maintenance: return Theme.blue;
+        case Badge.Report: return Theme.report;
+        case Badge.Rumor: case Badge.Issue: return Theme.amber;
+        case Badge.Fresh: return Theme.accentText;
+        case Badge.Outage: return Theme.red;
+        default: return Theme.text2;
+        }
+    }
+    readonly property color outline: {
+        switch (kind) {
+        case Badge.Confirmed: return Theme.greenMark;
+        case Badge.OnRecord: case Badge.Maintenance: return Theme.blueMark;
+        case Badge.Report: return Theme.edge;
+        case Badge.Rumor: case Badge.Issue: return Theme.amberMark;
+        case Badge.Fresh: return Theme.accentLine;
+        case Badge.Outage: return Theme.redMark;
+        default: return Theme.border;
+        }
+    }
     readonly property bool outlined: onSoft || kind === Badge.Outline
 
     implicitWidth: label.implicitWidth + 2 * Theme.badgePadding

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 
@@ -23,19 +22,22 @@ T.AbstractButton {
     Keys.onEnterPressed: activate()
 
     function activate() {
-        if (checkable)
+        if (checkable) {
             toggle();
+            toggled();
+        }
         clicked();
     }
 
     Loader {
         active: button.tip && (button.hovered || button.visualFocus) && !button.down
-
-        sourceComponent: Tip {
-            parent: button
-            text: button.tip
-            key: button.key
-            visible: true
+        source: "Tip.qml"
+        onLoaded: {
+            const tip = item as Tip;
+            tip.parent = button;
+            tip.text = button.tip;
+            tip.key = button.key;
+            tip.visible = true;
         }
     }
 }

@@ -27,16 +27,19 @@ T.TextField {
     leftPadding: Theme.space3 + (symbol ? Theme.icon + Theme.space2 : 0)
     rightPadding: end + Theme.space1
     verticalAlignment: TextInput.AlignVCenter
-    font: Theme.fonts[DeskText.Base]
+    // A font without a family would become the desktop's font for fields, not the window's.
+    font.family: hint.font.family
+    font.pixelSize: hint.font.pixelSize
     renderType: Text.NativeRendering
     color: Theme.text1
     placeholderTextColor: Theme.text3
     selectionColor: Theme.accent
     selectedTextColor: Theme.textOnAccent
     selectByMouse: true
+    // At rest a long text shows its beginning.
+    autoScroll: activeFocus
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.name: label
-    Accessible.searchEdit: symbol === "magnifyingglass"
     // Or a shortcut of the window would take the key.
     Keys.onShortcutOverride: event => event.accepted = clearsOnEscape && event.key === Qt.Key_Escape
     Keys.onEscapePressed: event => {
@@ -81,6 +84,7 @@ T.TextField {
         color: field.activeFocus ? Theme.text1 : Theme.text2
     }
     DeskText {
+        id: hint
         x: field.leftPadding
         anchors.verticalCenter: parent.verticalCenter
         width: field.width - field.leftPadding - field.rightPadding
@@ -110,7 +114,7 @@ T.TextField {
     IconButton {
         id: clear
         anchors.right: parent.right
-        anchors.rightMargin: Theme.nudge
+        anchors.rightMargin: Theme.step2
         anchors.verticalCenter: parent.verticalCenter
         visible: field.clears
         focusPolicy: Qt.NoFocus

@@ -5,7 +5,14 @@ import QtQuick.Templates as T
 T.Menu {
     id: menu
 
-    implicitWidth: Math.min(Theme.menuMost, Math.max(Theme.menuLeast, contentWidth + leftPadding + rightPadding))
+    readonly property real widest: {
+        let width = 0;
+        for (let i = 0; i < count; ++i)
+            width = Math.max(width, itemAt(i).implicitWidth);
+        return width;
+    }
+
+    implicitWidth: Math.min(Theme.menuMost, Math.max(Theme.menuLeast, widest + leftPadding + rightPadding))
     implicitHeight: contentHeight + topPadding + bottomPadding
     margins: Theme.space2
     padding: Theme.space1

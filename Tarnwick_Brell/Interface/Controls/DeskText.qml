@@ -11,15 +11,15 @@ Text {
     property int type: DeskText.Base
     property int lines: 1
 
-    readonly property real lead: Theme.textTops[type] + (lineHeight - Theme.scaled(Theme.textLines[type])) / 2
+    readonly property TextStyle look: Theme.textStyles[type]
 
     textFormat: Text.PlainText
     renderType: Text.NativeRendering
-    font: Theme.fonts[type]
+    font: look.font
     lineHeightMode: Text.FixedHeight
-    lineHeight: Theme.scaled(Theme.textLines[type])
-    topPadding: lead
-    bottomPadding: -lead
+    lineHeight: look.lineHeight
+    topPadding: look.lead + Math.round((lineHeight - look.lineHeight) / 2)
+    bottomPadding: -topPadding
     color: Theme.text1
     elide: Text.ElideRight
     wrapMode: lines > 1 ? Text.Wrap : Text.NoWrap

@@ -15,11 +15,12 @@ T.Control {
     /// What is chosen here, for screen readers.
     property string label
 
+    /// What is left above and below the drawn track.
+    readonly property int spare: small ? (Theme.control - Theme.smallSegmented) / 2 : 0
+
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Theme.control
-    padding: Theme.nudge
-    topPadding: padding + (small ? (Theme.control - Theme.smallSegmented) / 2 : 0)
-    bottomPadding: topPadding
+    horizontalPadding: Theme.step2
     focusPolicy: Qt.TabFocus
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.role: Accessible.Grouping
@@ -45,7 +46,9 @@ T.Control {
                 readonly property bool current: index === segmented.currentIndex
 
                 implicitWidth: words.implicitWidth + 2 * (segmented.small ? Theme.space2 : Theme.chipPadding)
-                height: segmented.availableHeight
+                height: segmented.height
+                topInset: Theme.step2 + segmented.spare
+                bottomInset: topInset
                 hoverEnabled: true
                 focusPolicy: Qt.NoFocus
                 onClicked: if (!current) segmented.activated(index)
@@ -74,9 +77,9 @@ T.Control {
     }
     background: Item {
         Rectangle {
-            anchors.verticalCenter: parent.verticalCenter
+            y: segmented.spare
             width: parent.width
-            height: segmented.small ? Theme.smallSegmented : parent.height
+            height: parent.height - 2 * y
             radius: Theme.radiusControl
             color: Theme.field
 

@@ -15,6 +15,15 @@ T.Popup {
     property alias footStart: footStartRow.data
 
     readonly property bool hasFoot: footRow.children.length > 0 || footStartRow.children.length > 0
+    property Item before: null
+
+    onAboutToShow: before = parent.Window.activeFocusItem
+    // An ApplicationWindow has done so by now.
+    onClosed: {
+        const now = parent.Window.activeFocusItem;
+        if (before && (!now || now === parent.Window.contentItem))
+            before.forceActiveFocus(Qt.PopupFocusReason);
+    }
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent

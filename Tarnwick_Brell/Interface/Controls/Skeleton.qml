@@ -7,6 +7,6 @@ Rectangle {
     implicitHeight: Theme.space3
     radius: Theme.radiusBadge
     color: Theme.skeleton
-    opacity: Math.max(0, 1 - depth * 0.18)
+    opacity: Math.max(0, 1 - depth * Theme.skeletonLoss)
     Accessible.ignored: true
 }

@@ -14,8 +14,15 @@ Item {
     readonly property bool square: status === StatusMark.Failing || status === StatusMark.Issue
                                    || status === StatusMark.Outage
     readonly property bool ring: status === StatusMark.Never || status === StatusMark.Maintenance
-    readonly property color ink: [Theme.greenMark, Theme.edge, Theme.redMark, Theme.edge,
-        Theme.greenMark, Theme.amberMark, Theme.redMark, Theme.blueMark][status]
+    readonly property color ink: {
+        switch (status) {
+        case StatusMark.Fresh: case StatusMark.Up: return Theme.greenMark;
+        case StatusMark.Failing: case StatusMark.Outage: return Theme.redMark;
+        case StatusMark.Issue: return Theme.amberMark;
+        case StatusMark.Maintenance: return Theme.blueMark;
+        default: return Theme.edge;
+        }
+    }
 
     implicitWidth: box
     implicitHeight: Theme.markBox

@@ -69,25 +69,26 @@ QtObject {
 
     readonly property real disabledOpacity: 0.45
     readonly property real chartFillOpacity: 0.07
+    /// What a row of skeletons loses against the one above it.
+    readonly property real skeletonLoss: 0.18
 
     // Type, in the order of DeskText.Type
-    readonly property list<int> textSizes: [11, 11, 11, 12, 12, 12, 13, 13, 13, 15, 15, 18, 24, 24]
-    readonly property list<int> textLines: [16, 16, 16, 16, 16, 16, 20, 20, 20, 20, 24, 24, 32, 32]
-    readonly property list<int> textWeights: [
-        Font.Normal, Font.Medium, Font.DemiBold, Font.Normal, Font.Medium, Font.DemiBold,
-        Font.Normal, Font.Medium, Font.DemiBold, Font.DemiBold, Font.Normal, Font.DemiBold,
-        Font.DemiBold, Font.DemiBold]
-    readonly property list<font> fonts: {
-        let made = [];
-        for (let i = 0; i < textSizes.length; ++i) {
-            made.push(Qt.font({
-                pixelSize: scaled(textSizes[i]),
-                weight: textWeights[i],
-                letterSpacing: textSizes[i] === 24 ? -0.3 : 0
-            }));
-        }
-        return made;
-    }
+    readonly property list<TextStyle> textStyles: [
+        TextStyle { size: 11; line: 16; scale: theme.fontScale },
+        TextStyle { size: 11; line: 16; weight: Font.Medium; scale: theme.fontScale },
+        TextStyle { size: 11; line: 16; weight: Font.DemiBold; scale: theme.fontScale },
+        TextStyle { size: 12; line: 16; scale: theme.fontScale },
+        TextStyle { size: 12; line: 16; weight: Font.Medium; scale: theme.fontScale },
+        TextStyle { size: 12; line: 16; weight: Font.DemiBold; scale: theme.fontScale },
+        TextStyle { size: 13; line: 20; scale: theme.fontScale },
+        TextStyle { size: 13; line: 20; weight: Font.Medium; scale: theme.fontScale },
+        TextStyle { size: 13; line: 20; weight: Font.DemiBold; scale: theme.fontScale },
+        TextStyle { size: 15; line: 20; weight: Font.DemiBold; scale: theme.fontScale },
+        TextStyle { size: 15; line: 24; scale: theme.fontScale },
+        TextStyle { size: 18; line: 24; weight: Font.DemiBold; scale: theme.fontScale },
+        TextStyle { size: 24; line: 32; weight: Font.DemiBold; spacing: -0.3; scale: theme.fontScale },
+        TextStyle { size: 24; line: 32; weight: Font.DemiBold; spacing: -0.3; scale: theme.fontScale }
+    ]
     /// The line of a 13 px title or sentence inside a panel.
     readonly property int panelLine: scaled(18)
 
@@ -102,9 +103,9 @@ QtObject {
     readonly property int space8: 32
     readonly property int line: 1
     /// Optical steps inside a text block.
-    readonly property int hair: 1
-    readonly property int nudge: 2
-    readonly property int nudge3: 3
+    readonly property int step1: 1
+    readonly property int step2: 2
+    readonly property int step3: 3
 
     // Radii
     readonly property int radiusBar: 2
@@ -223,7 +224,36 @@ QtObject {
     readonly property int cellIssue: 10
     readonly property int cellOutage: 16
 
-    // The shadow of what floats
+    // Charts
+    readonly property real chartLine: 1.5
+    readonly property real sparkline: 1.25
+    readonly property int sparklineWidth: 56
+    readonly property int sparklineHeight: 16
+    readonly property int chartMark: 7
+    readonly property int chartPoint: 9
+    readonly property int chartTip: scaled(20)
+    readonly property int chartEventMost: scaled(160)
+    readonly property int chartAllTimesFrom: scaled(270)
+
+    // Columns of tracker panels, and the widths from which they are shown
+    readonly property int countdownRow: scaled(24)
+    readonly property int daysColumn: scaled(32)
+    readonly property int dateColumnMost: scaled(120)
+    readonly property int dateColumnFrom: scaled(200)
+    readonly property int platformColumn: scaled(62)
+    readonly property int softwareWideFrom: scaled(320)
+    readonly property int symbolColumn: scaled(72)
+    readonly property int priceColumn: scaled(72)
+    readonly property int currencyColumn: scaled(32)
+    readonly property int changeColumn: scaled(60)
+    readonly property int shareLineFrom: scaled(280)
+    readonly property int shareNameFrom: scaled(380)
+    readonly property int shareCurrencyFrom: scaled(440)
+    readonly property int buildColumn: scaled(64)
+    readonly property int buildColumnFrom: scaled(300)
+    readonly property int releaseAgeColumn: scaled(64)
+
+    // The shadow of what floats; the extent is that of ShadowImages.
     readonly property int shadowExtent: 64
     readonly property int shadowCorner: 48
 
@@ -232,28 +262,4 @@ QtObject {
     readonly property int move: reducedMotion ? 0 : 120
     readonly property int tipDelay: 500
     readonly property int noticeTime: 6000
-    readonly property int scrollRest: 800
-
-    /// Puts the text of a line in the middle of the line, on a whole pixel, where Text with a
-    /// fixed line height would leave it at the top.
-    readonly property list<real> textTops: {
-        const byLine = [metrics11, metrics11, metrics11, metrics12, metrics12, metrics12, metrics13,
-            metrics13, metrics13, metrics15, metrics15, metrics18, metrics24, metrics24];
-        let tops = [];
-        for (let i = 0; i < byLine.length; ++i)
-            tops.push(textTop(byLine[i], scaled(textLines[i])));
-        return tops;
-    }
-    readonly property FontMetrics metrics11: FontMetrics { font: theme.fonts[0] }
-    readonly property FontMetrics metrics12: FontMetrics { font: theme.fonts[3] }
-    readonly property FontMetrics metrics13: FontMetrics { font: theme.fonts[6] }
-    readonly property FontMetrics metrics15: FontMetrics { font: theme.fonts[9] }
-    readonly property FontMetrics metrics18: FontMetrics { font: theme.fonts[11] }
-    readonly property FontMetrics metrics24: FontMetrics { font: theme.fonts[12] }
-
-    function textTop(metrics: FontMetrics, lineHeight: real): real {
-        const ascent = Math.round(metrics.ascent);
-        const spare = lineHeight - ascent - Math.round(metrics.descent);
-        return Math.floor(spare / 2) + ascent - metrics.ascent;
-    }
 }

@@ -21,9 +21,9 @@ T.ItemDelegate {
 
     property bool keyboardHere: false
 
-    readonly property bool isSection: kind === SidebarRow.Section
-    readonly property bool isGroup: kind === SidebarRow.Group
-    readonly property bool isSource: kind === SidebarRow.Source
+    readonly property bool isSection: kind === SidebarKind.Section
+    readonly property bool isGroup: kind === SidebarKind.Group
+    readonly property bool isSource: kind === SidebarKind.Source
     readonly property bool isFaded: mark === SourceMark.Never
 
     implicitHeight: Theme.sidebarItem + (isSection && index > 0 ? Theme.space2 : 0)

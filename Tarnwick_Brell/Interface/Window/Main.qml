@@ -12,8 +12,7 @@ Window {
 
     required property WindowModel desk
 
-    property bool sidebarShown: true
-    property int sidebarWidth: Theme.sidebarWidth
+    readonly property WindowState state: desk.state
 
     width: Theme.windowWidth
     height: Theme.windowHeight
@@ -29,11 +28,11 @@ Window {
         SidebarView {
             id: sidebar
 
-            width: window.sidebarShown ? window.sidebarWidth : 0
+            width: window.state.sidebarShown ? window.state.sidebarWidth : 0
             height: parent.height
-            visible: window.sidebarShown
+            visible: window.state.sidebarShown
             places: window.desk.sidebar
-            onHideRequested: window.sidebarShown = false
+            onHideRequested: window.state.sidebarShown = false
         }
 
         FocusScope {
@@ -49,8 +48,8 @@ Window {
 
                 width: parent.width
                 desk: window.desk
-                sidebarHidden: !window.sidebarShown
-                onSidebarRequested: window.sidebarShown = true
+                sidebarHidden: !window.state.sidebarShown
+                onSidebarRequested: window.state.sidebarShown = true
                 onLeftForList: wire.focusList()
             }
             Band {
@@ -78,6 +77,10 @@ Window {
                 visible: window.desk.view === WindowModel.Stories
                 focus: visible
                 page: window.desk.wire
+                readerPlace: window.state.reader
+                listWidth: window.state.listWidth
+                onListResized: width => window.state.listWidth = width
+                onLinkWanted: link => window.desk.linkWanted(link)
             }
             NewsroomView {
                 y: wire.y
@@ -99,15 +102,22 @@ Window {
         function onMarked(sentence: string) {
             toast.show(sentence, qsTr("Undo"));
         }
+    }
+    Connections {
+        target: window.desk
+
         function onNoticed(sentence: string) {
             toast.show(sentence, "");
         }
-    }
-    Connections {
-        target: window.desk.refresh
-
-        function onFailed(sentence: string) {
-            toast.show(sentence, "");
+        function onViewActionWanted(action: int) {
+            switch (action) {
+            case DeskAction.PageOn:
+                wire.pageOn();
+                break;
+            case DeskAction.Search:
+                toolbar.search();
+                break;
+            }
         }
     }
     Connections {

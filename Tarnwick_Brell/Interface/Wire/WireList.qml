@@ -80,11 +80,8 @@ FocusScope {
         Accessible.name: wireList.page.title
 
         // Nothing may move while somebody reads; at rest at the top, news comes in by itself.
-        Binding {
-            target: wireList.page.list
-            property: "holdsArrivals"
-            value: wireList.page.hasStory || !view.atYBeginning
-        }
+        readonly property bool isRead: wireList.page.hasStory || !atYBeginning
+        onIsReadChanged: wireList.page.list.holdsArrivals = isRead
 
         delegate: WireRow {
             width: view.width

@@ -6,17 +6,16 @@ import TarnwickBrell.Models
 FocusScope {
     id: wire
 
-    enum Reader { Right, Below, Hidden }
-
     required property WirePage page
-    property int readerPlace: WireView.Right
+    property int readerPlace: WindowState.Right
     property int listWidth: Theme.wireWidth
     property int listHeight: Theme.wireLeast
 
     signal linkWanted(link: string)
+    signal listResized(width: int)
 
-    readonly property bool besides: readerPlace === WireView.Right && width - Theme.wireLeast >= Theme.readerLeast
-    readonly property bool below: readerPlace !== WireView.Hidden && !besides
+    readonly property bool besides: readerPlace === WindowState.Right && width - Theme.wireLeast >= Theme.readerLeast
+    readonly property bool below: readerPlace !== WindowState.Hidden && !besides
 
     function focusList() {
         list.view.forceActiveFocus();
@@ -66,6 +65,6 @@ FocusScope {
         height: wire.height
         cursorShape: Qt.SplitHCursor
         preventStealing: true
-        onPositionChanged: mouse => wire.listWidth = Math.max(Theme.wireLeast, Math.min(wire.width - Theme.readerLeast, x + mouse.x))
+        onPositionChanged: mouse => wire.listResized(Math.max(Theme.wireLeast, Math.min(wire.width - Theme.readerLeast, x + mouse.x)))
     }
 }

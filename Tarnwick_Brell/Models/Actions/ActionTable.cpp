@@ -159,7 +159,7 @@ constexpr ActionEntry kActions[]{
      {{{"Shift+M"}}}},
     {DeskAction::UndoMarkAllRead,
      work,
-     WORDS("Undo marking all read"),
+     WORDS("Undo the last mark"),
      nullptr,
      "arrow.uturn.backward",
      {{{"Ctrl+Z"}}},

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <memory>
+#include <optional>
+#include <string>
+
 #include <QObject>
 #include <QString>
 #include <qqmlregistration.h>
@@ -13,11 +17,15 @@
 
 namespace desk {
 
+class NewsGatherer;
+
 /// What panels show is taken from these.
 struct PanelStores {
     NewsDesk& news;
     TrackerStore& trackers;
     newsroom::FeedClient::Clock clock;
+    /// Shared by the panels of a newsroom; without one each panel gathers for itself.
+    std::shared_ptr<NewsGatherer> gatherer{};
 };
 
 /// What one panel of a newsroom says; a subclass for each group of kinds. The view shows

@@ -1,6 +1,6 @@
 #include "Tarnwick_Brell/Models/Panels/StoryPanel.h"
 
-#include "Tarnwick_Brell/Text/ShownText.h"
+#include "Tarnwick_Brell/Models/Panels/MentionText.h"
 
 namespace desk {
 
@@ -8,6 +8,8 @@ StoryPanel::StoryPanel(const PanelStores& stores, const newsroom::PanelSpec& pan
                        const newsroom::StoryQuery& query)
     : PanelContent(stores, panel), query_(query), stories_(stores.news, stores.clock) {
     connect(&stories_, &StoryListModel::countChanged, this, &StoryPanel::look);
+    connect(&news(), &NewsDesk::loadFailed, this,
+            [this](const QString& sentence) { become({.state = Failed, .message = sentence}); });
     stories_.show({.query = query, .isAppleOnly = panel.kind == newsroom::PanelKind::apple});
 }
 
@@ -17,13 +19,22 @@ void StoryPanel::look() {
         become({.state = Ready, .fact = unread > 0 ? tr("%n unread", nullptr, unread) : QString()});
     } else if (!stories_.isComplete()) {
         become({.state = Loading});
-    } else if (query_.anyTerms.empty()) {
-        become({.state = Empty, .message = tr("No story here yet.")});
+    } else if (news().stories().size() == 0) {
+        become({.state = Empty,
+                .message = tr("No stories yet."),
+                .hint = tr("They come with the first refresh.")});
     } else {
-        become(
-            {.state = Empty,
-             .message = tr("No story mentions “%1”.").arg(titleText(query_.anyTerms.front(), 40))});
+        become({.state = Empty, .message = noStory()});
     }
+}
+
+QString StoryPanel::noStory() const {
+    const auto terms = termsText(query_);
+    if (kind() == Apple) {
+        return terms.isEmpty() ? tr("No post of Apple's matches.")
+                               : tr("No post of Apple's mentions %1.").arg(terms);
+    }
+    return terms.isEmpty() ? tr("No story matches.") : tr("No story mentions %1.").arg(terms);
 }
 
 }  // namespace desk

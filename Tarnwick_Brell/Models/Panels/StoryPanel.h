@@ -22,6 +22,7 @@ public:
 
 private:
     void look();
+    QString noStory() const;
 
     newsroom::StoryQuery query_;
     StoryListModel stories_;

@@ -36,7 +36,7 @@ std::size_t problemsIn(const TrackerReading<TrackerStore::Services>& reading) {
 }
 
 SidebarRow section(const QString& title) {
-    return {.kind = SidebarRow::Section, .title = title, .spokenText = title};
+    return {.kind = SidebarKind::Section, .title = title, .spokenText = title};
 }
 
 SidebarRow itemRow(const Place& place, const QString& title, QString symbol, const QString& count = {},
@@ -68,8 +68,7 @@ SidebarModel::SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStor
       desk_(desk),
       newsrooms_(newsrooms),
       trackers_(trackers),
-      tally_(desk, newsrooms),
-      closed_{groupKey(Category::supplyChain), groupKey(Category::aggregators)} {
+      tally_(desk, newsrooms) {
     soon_.setSingleShot(true);
     soon_.setInterval(kRebuildPause);
     connect(&soon_, &QTimer::timeout, this, &SidebarModel::rebuild);
@@ -148,7 +147,7 @@ void SidebarModel::addSources(std::vector<SidebarRow>& rows) const {
         const auto key = groupKey(category.value);
         const bool isOpen = !closed_.contains(key);
         const auto title = QCoreApplication::translate("SidebarModel", category.label.data());
-        rows.push_back({.kind = SidebarRow::Group,
+        rows.push_back({.kind = SidebarKind::Group,
                         .key = key,
                         .title = title,
                         .count = countText(unread),
@@ -165,7 +164,7 @@ SidebarRow SidebarModel::sourceRow(const newsroom::NewsSource& source) const {
     auto spoken = name + QStringLiteral(", ") + markName(mark);
     if (unread > 0) spoken += QStringLiteral(", ") + tr("%n unread", nullptr, unread);
     const auto& error = desk_.sourceStatus(source.id).lastError;
-    return {.kind = SidebarRow::Source,
+    return {.kind = SidebarKind::Source,
             .key = Place{Kind::source, plainText(source.id)}.key(),
             .title = name,
             .count = countText(unread),
@@ -244,7 +243,7 @@ std::optional<Place> SidebarModel::neighbour(int step) const {
 
 std::optional<Place> SidebarModel::item(int n) const {
     for (const auto& row : rows_.rows()) {
-        if (row.kind != SidebarRow::Item) continue;
+        if (row.kind != SidebarKind::Item) continue;
         if (--n == 0) return Place::fromKey(row.key);
     }
     return std::nullopt;
@@ -254,7 +253,7 @@ void SidebarModel::activate(const QString& key) {
     const auto& rows = rows_.rows();
     const auto row = std::find_if(rows.begin(), rows.end(), [&](auto& each) { return each.key == key; });
     if (row == rows.end()) return;
-    if (row->kind == SidebarRow::Group) {
+    if (row->kind == SidebarKind::Group) {
         setExpanded(key, !row->isExpanded);
     } else {
         emit placeWanted(key);
@@ -263,8 +262,12 @@ void SidebarModel::activate(const QString& key) {
 
 void SidebarModel::setExpanded(const QString& key, bool expanded) {
     if (expanded != closed_.contains(key)) return;
-    expanded ? closed_.removeAll(key) : static_cast<qsizetype>((closed_.push_back(key), 0));
-    emit closedGroupsChanged();
+    if (expanded) {
+        closed_.removeAll(key);
+    } else {
+        closed_.push_back(key);
+    }
+    emit groupToggled(key, !expanded);
     rebuild();
 }
 

@@ -32,10 +32,24 @@ Q_ENUM_NS(Value)
 
 }  // namespace SourceMark
 
+namespace SidebarKind {
+
+Q_NAMESPACE
+QML_ELEMENT
+
+enum Value {
+    Section,  ///< a label over the rows that follow
+    Item,     ///< a place with a symbol
+    Group,    ///< a category of sources, which opens and closes
+    Source
+};
+Q_ENUM_NS(Value)
+
+}  // namespace SidebarKind
+
 struct SidebarRow {
     Q_GADGET
-    QML_ANONYMOUS
-    Q_PROPERTY(desk::SidebarRow::Kind kind MEMBER kind)
+    Q_PROPERTY(desk::SidebarKind::Value kind MEMBER kind)
     Q_PROPERTY(QString key MEMBER key)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QString symbol MEMBER symbol)
@@ -47,15 +61,7 @@ struct SidebarRow {
     Q_PROPERTY(QString hint MEMBER hint)
 
 public:
-    enum Kind {
-        Section,  ///< a label over the rows that follow
-        Item,     ///< a place with a symbol
-        Group,    ///< a category of sources, which opens and closes
-        Source
-    };
-    Q_ENUM(Kind)
-
-    Kind kind = Item;
+    SidebarKind::Value kind = SidebarKind::Item;
     QString key{};  ///< of the place, or of the group
     QString title{};
     QString symbol{};
@@ -74,7 +80,7 @@ class SidebarModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The window has one sidebar.")
-    Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
+    Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
     Q_PROPERTY(QString foot READ foot NOTIFY changed)
     Q_PROPERTY(int currentRow READ currentRow NOTIFY changed)
 
@@ -91,12 +97,11 @@ public:
     /// All that are there, those of closed groups included.
     std::vector<Destination> destinations() const;
 
-    QAbstractItemModel* rows() { return &rows_; }
+    QAbstractListModel* rows() { return &rows_; }
     const QString& foot() const { return foot_; }
     int currentRow() const;
     void setCurrent(const QString& key);
 
-    const QStringList& closedGroups() const { return closed_; }
     void setClosedGroups(const QStringList& keys);
 
     /// The place of the row before or after the current one.
@@ -111,7 +116,7 @@ public:
 signals:
     void changed();
     void placeWanted(const QString& key);
-    void closedGroupsChanged();
+    void groupToggled(const QString& key, bool collapsed);
 
 private:
     void rebuildSoon();

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include <QAbstractItemModel>
+#include <QAbstractListModel>
 #include <QObject>
 #include <QString>
 #include <qqmlregistration.h>
@@ -34,7 +34,7 @@ class ChoiceList : public QObject {
     Q_PROPERTY(QString name READ name CONSTANT)
     Q_PROPERTY(QString summary READ summary NOTIFY changed)
     Q_PROPERTY(bool isActive READ isActive NOTIFY changed)
-    Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
+    Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
 
 public:
     explicit ChoiceList(QString name, QObject* parent = nullptr);
@@ -51,7 +51,7 @@ public:
     QString summary() const;
     bool isActive() const { return !chosen().empty(); }
     std::set<std::string, std::less<>> chosen() const;
-    QAbstractItemModel* rows() { return &rows_; }
+    QAbstractListModel* rows() { return &rows_; }
 
     Q_INVOKABLE void toggle(int row);
     Q_INVOKABLE void clear();

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include <QAbstractItemModel>
+#include <QAbstractListModel>
 #include <QObject>
 #include <QString>
 #include <qqmlregistration.h>
@@ -89,9 +89,9 @@ class ReaderModel : public QObject {
     Q_PROPERTY(QString link READ link NOTIFY storyChanged)
     Q_PROPERTY(bool isRead READ isRead NOTIFY marksChanged)
     Q_PROPERTY(bool isSaved READ isSaved NOTIFY marksChanged)
-    Q_PROPERTY(QAbstractItemModel* credits READ credits CONSTANT)
-    Q_PROPERTY(QAbstractItemModel* wordings READ wordings CONSTANT)
-    Q_PROPERTY(QAbstractItemModel* timeline READ timeline CONSTANT)
+    Q_PROPERTY(QAbstractListModel* credits READ credits CONSTANT)
+    Q_PROPERTY(QAbstractListModel* wordings READ wordings CONSTANT)
+    Q_PROPERTY(QAbstractListModel* timeline READ timeline CONSTANT)
     Q_PROPERTY(QString timelineTitle READ timelineTitle NOTIFY timelineChanged)
     Q_PROPERTY(QString timelineFact READ timelineFact NOTIFY timelineChanged)
 
@@ -120,9 +120,9 @@ public:
     QString link() const;
     bool isRead() const;
     bool isSaved() const;
-    QAbstractItemModel* credits() { return &credits_; }
-    QAbstractItemModel* wordings() { return &wordings_; }
-    QAbstractItemModel* timeline() { return &timeline_; }
+    QAbstractListModel* credits() { return &credits_; }
+    QAbstractListModel* wordings() { return &wordings_; }
+    QAbstractListModel* timeline() { return &timeline_; }
     const QString& timelineTitle() const { return timelineTitle_; }
     const QString& timelineFact() const { return timelineFact_; }
 

@@ -242,16 +242,24 @@ void WirePage::markRead(bool read) {
 void WirePage::toggleRead() {
     if (!reader_.hasStory()) return;
     reading_.stop();
-    lastMark_ = {LastMark::Kind::read, currentID(), reader_.isRead()};
-    markRead(!reader_.isRead());
-    emit marked(reader_.isRead() ? tr("Marked as read.") : tr("Marked as unread."));
+    const bool before = reader_.isRead();
+    markRead(!before);
+    noteMark({LastMark::Kind::read, currentID(), before},
+             before ? tr("Marked as unread.") : tr("Marked as read."));
 }
 
 void WirePage::toggleSaved() {
     if (!reader_.hasStory()) return;
-    lastMark_ = {LastMark::Kind::saved, currentID(), reader_.isSaved()};
-    desk_.setSaved({currentID()}, !lastMark_.before);
-    emit marked(lastMark_.before ? tr("No longer saved.") : tr("Saved."));
+    const bool before = reader_.isSaved();
+    desk_.setSaved({currentID()}, !before);
+    noteMark({LastMark::Kind::saved, currentID(), before},
+             before ? tr("No longer saved.") : tr("Saved."));
+}
+
+void WirePage::noteMark(LastMark mark, const QString& sentence) {
+    lastMark_ = std::move(mark);
+    emit undoChanged();
+    emit marked(sentence);
 }
 
 void WirePage::markAllRead() {
@@ -260,8 +268,8 @@ void WirePage::markAllRead() {
         emit noticed(tr("Everything in this list is read already."));
         return;
     }
-    lastMark_ = {.kind = LastMark::Kind::allRead};
-    emit marked(tr("%n stories marked as read.", nullptr, static_cast<int>(count)));
+    noteMark({.kind = LastMark::Kind::allRead},
+             tr("%n stories marked as read.", nullptr, static_cast<int>(count)));
 }
 
 bool WirePage::undo() {
@@ -273,6 +281,7 @@ bool WirePage::undo() {
         case LastMark::Kind::allRead: desk_.undoMarkAllRead(); break;
     }
     reading_.stop();
+    emit undoChanged();
     return true;
 }
 

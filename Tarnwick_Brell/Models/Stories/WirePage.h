@@ -87,6 +87,7 @@ public:
     Q_INVOKABLE void showArrivals();
     /// Takes the last mark back. False when there is nothing to take back.
     Q_INVOKABLE bool undo();
+    bool canUndo() const { return lastMark_.kind != LastMark::Kind::none; }
     /// Search and filters.
     Q_INVOKABLE void clearAll();
 
@@ -96,6 +97,7 @@ signals:
     void filterChanged();
     void currentRowChanged();
     void countsChanged();
+    void undoChanged();
     /// A mark that can be undone, in a sentence for the user.
     void marked(const QString& sentence);
     void noticed(const QString& sentence);
@@ -119,7 +121,7 @@ private:
     void takeFound(const std::vector<std::int64_t>& found);
     void choose(std::optional<std::int64_t> number);
     void findCurrentRow();
-    void noteReading();
+    void noteMark(LastMark mark, const QString& sentence);
     void markRead(bool read);
     std::string currentID() const;
 

@@ -15,15 +15,29 @@ WindowModel::WindowModel(const Stores& stores)
       sidebar_(stores.news, stores.newsrooms, stores.trackers),
       wire_(stores.news, stores.newsrooms, stores.clock),
       newsroom_({.news = stores.news, .trackers = stores.trackers, .clock = stores.clock}),
-      refresh_(stores.news, stores.clock) {
+      refresh_(stores.news, stores.clock),
+      palette_(actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),
+      appearance_(stores.defaults),
+      state_(stores.defaults) {
+    sidebar_.setClosedGroups(state_.collapsedGroups());
+    connectPages();
+    connectActions();
+}
+
+void WindowModel::connectPages() {
     connect(&sidebar_, &SidebarModel::placeWanted, this, qOverload<const QString&>(&WindowModel::open));
     connect(&newsroom_, &NewsroomModel::storyWanted, this, &WindowModel::openStory);
     connect(&newsroom_, &NewsroomModel::linkWanted, this, [this](const QString& link) {
         if (!openable(link).isEmpty()) emit linkWanted(link);
     });
     connect(&wire_, &WirePage::linkWanted, this, &WindowModel::linkWanted);
-    connect(&stores.newsrooms, &NewsroomStore::newsroomsChanged, this, &WindowModel::newsroomsChanged);
-    connect(&stores.newsrooms, &NewsroomStore::beatsChanged, this, [this] {
+    connect(&stores_.newsrooms, &NewsroomStore::newsroomsChanged, this, &WindowModel::newsroomsChanged);
+    connect(&sidebar_, &SidebarModel::groupToggled, &state_, &WindowState::setCollapsed);
+    connect(&wire_, &WirePage::noticed, this, &WindowModel::noticed);
+    connect(&refresh_, &RefreshState::failed, this, &WindowModel::noticed);
+    connect(&appearance_, &Appearance::failed, this, &WindowModel::noticed);
+    connect(&state_, &WindowState::failed, this, &WindowModel::noticed);
+    connect(&stores_.newsrooms, &NewsroomStore::beatsChanged, this, [this] {
         if (place_.kind == Kind::beat && !exists(place_)) open(Place{Kind::all, {}});
     });
 }
@@ -65,7 +79,9 @@ void WindowModel::open(const Place& place) {
         showNewsroom();
     }
     sidebar_.setCurrent(place_.key());
+    state_.setPlace(place_.key());
     emit placeChanged();
+    lookAtStory();
 }
 
 void WindowModel::showNewsroom() {
