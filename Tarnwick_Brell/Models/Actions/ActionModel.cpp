@@ -10,6 +10,11 @@ bool isLaterSidebarItem(Action action) {
     return action > DeskAction::SidebarItem1 && action <= DeskAction::SidebarItem9;
 }
 
+bool isStep(Action action) {
+    return action == DeskAction::NextStory || action == DeskAction::PreviousStory ||
+           action == DeskAction::NextUnread || action == DeskAction::PreviousUnread;
+}
+
 }  // namespace
 
 ActionModel::ActionModel(QObject* parent) : QObject(parent) {
@@ -47,7 +52,8 @@ ActionRow ActionModel::rowFor(const ActionEntry& entry) const {
                   .symbol = QString::fromLatin1(entry.symbol.data(),
                                                 static_cast<qsizetype>(entry.symbol.size())),
                   .groupTitle = titleOf(entry.group),
-                  .isEnabled = isEnabled(entry)};
+                  .isEnabled = isEnabled(entry),
+                  .repeats = isStep(entry.action)};
     const auto& [first, second] = entry.keys;
     row.keyCaps = desk::keyCaps(first);
     row.otherKeyCaps = desk::keyCaps(second);

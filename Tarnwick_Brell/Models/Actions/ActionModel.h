@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include <QAbstractItemModel>
+#include <QAbstractListModel>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -28,6 +28,7 @@ struct ActionRow {
     Q_PROPERTY(QStringList shortcuts MEMBER shortcuts)
     Q_PROPERTY(QStringList shortcutsInText MEMBER shortcutsInText)
     Q_PROPERTY(bool isEnabled MEMBER isEnabled)
+    Q_PROPERTY(bool repeats MEMBER repeats)
 
 public:
     Action action{};
@@ -40,6 +41,7 @@ public:
     QStringList shortcuts{};        ///< without the keys of the list of stories
     QStringList shortcutsInText{};  ///< those that also work while a text field has the focus
     bool isEnabled = true;
+    bool repeats = false;  ///< while its key is held down
 
     bool operator==(const ActionRow&) const = default;
 };
@@ -49,11 +51,11 @@ struct ActionGroupRow {
     Q_GADGET
     QML_ANONYMOUS
     Q_PROPERTY(QString title MEMBER title)
-    Q_PROPERTY(QAbstractItemModel* actions MEMBER actions)
+    Q_PROPERTY(QAbstractListModel* actions MEMBER actions)
 
 public:
     QString title{};
-    QAbstractItemModel* actions = nullptr;
+    QAbstractListModel* actions = nullptr;
 
     bool operator==(const ActionGroupRow&) const = default;
 };
@@ -64,8 +66,8 @@ class ActionModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The window has one list of actions.")
-    Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
-    Q_PROPERTY(QAbstractItemModel* groups READ groups CONSTANT)
+    Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
+    Q_PROPERTY(QAbstractListModel* groups READ groups CONSTANT)
     Q_PROPERTY(bool hasStory MEMBER hasStory_ NOTIFY contextChanged)
     Q_PROPERTY(bool storyIsSaved MEMBER storyIsSaved_ NOTIFY contextChanged)
     Q_PROPERTY(bool storyIsRead MEMBER storyIsRead_ NOTIFY contextChanged)
@@ -75,9 +77,9 @@ class ActionModel : public QObject {
 public:
     explicit ActionModel(QObject* parent = nullptr);
 
-    QAbstractItemModel* rows() { return &rows_; }
+    QAbstractListModel* rows() { return &rows_; }
     /// For the sheet of keys: groups of actions, with keys of a kind in one row.
-    QAbstractItemModel* groups() { return &groups_; }
+    QAbstractListModel* groups() { return &groups_; }
     const std::vector<ActionRow>& list() const { return rows_.rows(); }
     const ActionRow& row(Action action) const;
 

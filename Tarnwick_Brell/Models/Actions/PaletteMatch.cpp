@@ -75,7 +75,12 @@ QList<PalettePart> cut(std::string_view text,
         begin = std::max(begin, told);
         if (end <= begin) continue;
         if (begin > told) parts.append({qt(text.substr(told, begin - told)), false});
-        parts.append({qt(text.substr(begin, end - begin)), true});
+        const auto piece = qt(text.substr(begin, end - begin));
+        if (!parts.empty() && parts.last().isMatch) {
+            parts.last().text += piece;
+        } else {
+            parts.append({piece, true});
+        }
         told = end;
     }
     if (told < text.size()) parts.append({qt(text.substr(told)), false});

@@ -92,6 +92,10 @@ void PaletteModel::look() {
 
 /// What is selected stays so when it is still there.
 void PaletteModel::takeRows(std::vector<PaletteRow> rows) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (i == 0 || rows[i].groupTitle != rows[i - 1].groupTitle)
+            rows[i].heading = rows[i].groupTitle;
+    }
     auto target = selected_;
     if (const auto* former = rows_.row(selected_)) {
         const auto same =

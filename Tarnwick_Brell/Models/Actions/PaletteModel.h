@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include <QAbstractItemModel>
+#include <QAbstractListModel>
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -32,7 +32,7 @@ struct PalettePlace {
 struct PaletteRow {
     Q_GADGET
     QML_ANONYMOUS
-    Q_PROPERTY(QString groupTitle MEMBER groupTitle)
+    Q_PROPERTY(QString heading MEMBER heading)
     Q_PROPERTY(QString symbol MEMBER symbol)
     Q_PROPERTY(QVariantList parts READ partList)
     Q_PROPERTY(QString note MEMBER note)
@@ -48,6 +48,7 @@ public:
     QString note{};
     QStringList keyCaps{};
     QString spokenText{};
+    QString heading{};  ///< the group's title on its first row, else empty
     // What the row is, for the model.
     Kind kind{};
     Action action{};
@@ -69,7 +70,7 @@ class PaletteModel : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The window has one palette.")
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
-    Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
+    Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
     Q_PROPERTY(int selected READ selected WRITE select NOTIFY selectedChanged)
     Q_PROPERTY(QString selectedSpokenText READ selectedSpokenText NOTIFY selectedChanged)
     Q_PROPERTY(QString countText READ countText NOTIFY rowsChanged)
@@ -89,7 +90,7 @@ public:
 
     const QString& text() const { return text_; }
     void setText(const QString& text);
-    QAbstractItemModel* rows() { return &rows_; }
+    QAbstractListModel* rows() { return &rows_; }
     const std::vector<PaletteRow>& list() const { return rows_.rows(); }
     /// -1 when there is no row.
     int selected() const { return selected_; }

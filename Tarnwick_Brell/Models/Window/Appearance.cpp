@@ -50,7 +50,8 @@ Appearance::Appearance(Defaults& defaults, QDBusConnection bus)
 
 void Appearance::askDesktop() {
     qDBusRegisterMetaType<DesktopLook::Settings>();
-    bus_.connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
+    // Of whichever service: naming it would make Qt wait for its owner's name.
+    bus_.connect(QString(), kPath, kInterface, QStringLiteral("SettingChanged"), this,
                  SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto question =
         QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("ReadAll"));

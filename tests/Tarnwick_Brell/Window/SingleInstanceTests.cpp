@@ -36,7 +36,11 @@ protected:
             _exit(SingleInstance(library).raiseFirst(500ms) ? 0 : 1);
         }
         int status = 0;
-        EXPECT_TRUE(::test::until([&] { return waitpid(process, &status, WNOHANG) == process; }));
+        bool hasEnded = false;
+        EXPECT_TRUE(::test::until([&] {
+            hasEnded = hasEnded || waitpid(process, &status, WNOHANG) == process;
+            return hasEnded;
+        }));
         return WIFEXITED(status) && WEXITSTATUS(status) == 0;
     }
 

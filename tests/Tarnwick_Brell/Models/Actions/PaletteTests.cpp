@@ -95,6 +95,9 @@ TEST_F(PaletteModelTest, GroupsStandInOneOrderAndWordStartsComeFirst) {
               "Do: Mark all [sto]ries in this list read\n"
               "Stories: Search every [sto]ry for “sto”\n");
     EXPECT_EQ(palette_.countText(), "10 matches");
+    int headings = 0;
+    for (const auto& row : palette_.list()) headings += row.heading.isEmpty() ? 0 : 1;
+    EXPECT_EQ(headings, 3);
     actions_.setProperty("hasStory", true);
     EXPECT_EQ(lines().substr(0, 25), "This story: Save [sto]ry\n");
     EXPECT_EQ(palette_.list().at(0).keyCaps, QStringList{"s"});
