@@ -10,6 +10,7 @@
 // Written by the build. Naming them keeps the linker from leaving out the modules' types.
 extern void qml_register_types_TarnwickBrell_Models();
 extern void qml_register_types_TarnwickBrell_Panels();
+extern void qml_register_types_TarnwickBrell_Palette();
 extern void qml_register_types_TarnwickBrell_Sidebar();
 extern void qml_register_types_TarnwickBrell_Wire();
 extern void qml_register_types_TarnwickBrell_Newsrooms();
@@ -22,7 +23,7 @@ namespace {
 void nameModules() {
     for (const auto types :
          {&qml_register_types_TarnwickBrell_Models, &qml_register_types_TarnwickBrell_Panels,
-          &qml_register_types_TarnwickBrell_Sidebar, &qml_register_types_TarnwickBrell_Wire,
+          &qml_register_types_TarnwickBrell_Palette, &qml_register_types_TarnwickBrell_Sidebar, &qml_register_types_TarnwickBrell_Wire,
           &qml_register_types_TarnwickBrell_Newsrooms, &qml_register_types_TarnwickBrell_Window}) {
         [[maybe_unused]] void (*volatile kept)() = types;
     }

@@ -44,6 +44,7 @@ FocusScope {
                 required property int columns
                 required property int rows
 
+                hasMenu: false
                 x: Math.round(Theme.gridPadding + column * (view.cell + Theme.gridGap))
                 y: Theme.gridPadding + row * (view.rowHeight + Theme.gridGap)
                 width: Math.round(Theme.gridPadding + (column + columns) * (view.cell + Theme.gridGap) - Theme.gridGap) - x

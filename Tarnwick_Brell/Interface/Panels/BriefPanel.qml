@@ -19,10 +19,10 @@ StoryPanelList {
         required property string sources
 
         parted: false
-        topPadding: Theme.hair
+        topPadding: Theme.step1
         bottomPadding: Theme.space2
         contentItem: Column {
-            spacing: Theme.hair
+            spacing: Theme.step1
 
             DeskText {
                 width: parent.width

@@ -26,7 +26,7 @@ StoryPanelList {
         topPadding: Theme.compactPaddingTop
         bottomPadding: Theme.compactPaddingBottom
         contentItem: Column {
-            spacing: Theme.nudge
+            spacing: Theme.step2
 
             StoryMetaLine {
                 width: parent.width

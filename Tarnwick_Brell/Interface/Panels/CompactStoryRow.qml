@@ -18,7 +18,7 @@ StoryPanelRow {
     topPadding: Theme.compactPaddingTop
     bottomPadding: Theme.compactPaddingBottom
     contentItem: Column {
-        spacing: Theme.nudge
+        spacing: Theme.step2
 
         StoryMetaLine {
             width: parent.width

@@ -26,7 +26,7 @@ Item {
         }
         DeskText {
             width: parent.width
-            topPadding: lead + Theme.nudge3
+            topPadding: look.lead + Theme.step3
             type: DeskText.BaseStrong
             lineHeight: Theme.panelLine
             lines: 2

@@ -10,7 +10,7 @@ Column {
     property bool figures: false
 
     readonly property int rowHeight: figures ? Theme.topStoriesRow
-        : Theme.compactPaddingTop + Theme.badge + Theme.nudge + Theme.panelLine + Theme.compactPaddingBottom
+        : Theme.compactPaddingTop + Theme.badge + Theme.step2 + Theme.panelLine + Theme.compactPaddingBottom
     readonly property list<real> lengths: [0.86, 0.74, 0.9, 0.66, 0.82]
 
     Accessible.role: Accessible.StaticText

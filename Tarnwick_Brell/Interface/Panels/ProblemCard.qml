@@ -28,7 +28,7 @@ Rectangle {
         x: Theme.chipPadding
         y: Theme.space2
         width: parent.width - 2 * x
-        spacing: Theme.nudge
+        spacing: Theme.step2
 
         Item {
             width: parent.width

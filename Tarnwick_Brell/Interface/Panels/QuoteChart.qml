@@ -56,7 +56,7 @@ T.Control {
 
     Item {
         id: plot
-        y: Theme.chartTip + Theme.nudge
+        y: Theme.chartTip + Theme.step2
         width: chart.width - Math.ceil(longest.advanceWidth) - Theme.space2
         height: chart.height - y - Theme.scaled(16) - Theme.badgeGap
         visible: chart.content.points.length > 0

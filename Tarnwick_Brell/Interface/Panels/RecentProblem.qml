@@ -22,7 +22,7 @@ Item {
     }
     DeskText {
         id: name
-        y: Theme.compactPaddingTop - Theme.nudge
+        y: Theme.compactPaddingTop - Theme.step2
         width: Math.min(implicitWidth, badge.visible ? parent.width - badge.width - Theme.space2 : parent.width)
         type: DeskText.SecondaryMedium
         text: row.service

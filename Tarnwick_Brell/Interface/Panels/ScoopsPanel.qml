@@ -34,7 +34,7 @@ StoryPanelList {
             DeskText {
                 id: first
                 anchors.top: headline.bottom
-                anchors.topMargin: Theme.nudge
+                anchors.topMargin: Theme.step2
                 width: Math.min(implicitWidth, (parent.width - ageText.width) / 2)
                 type: DeskText.MetaMedium
                 text: row.outlet

@@ -20,7 +20,7 @@ Item {
     DeskText {
         id: change
         x: panel.isNarrow ? 0 : price.width + Theme.space2
-        y: panel.isNarrow ? price.height : price.height - height - Theme.nudge3
+        y: panel.isNarrow ? price.height : price.height - height - Theme.step3
         visible: !panel.isNarrow || !chart.isRead
         type: DeskText.SecondaryMedium
         text: panel.content.change

@@ -49,7 +49,7 @@ StoryPanelList {
             }
             Row {
                 anchors.top: headline.bottom
-                anchors.topMargin: Theme.nudge3
+                anchors.topMargin: Theme.step3
                 x: headline.x
                 spacing: Theme.badgeGap
 
@@ -67,7 +67,7 @@ StoryPanelList {
                 }
                 DeskText {
                     width: Math.min(implicitWidth, headline.width - x)
-                    leftPadding: Theme.nudge - parent.spacing + Theme.hair
+                    leftPadding: Theme.step2 - parent.spacing + Theme.step1
                     type: DeskText.Secondary
                     text: row.lead
                     color: Theme.text3

@@ -3,6 +3,7 @@ import QtQuick.Window
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 import TarnwickBrell.Newsrooms
+import TarnwickBrell.Palette
 import TarnwickBrell.Sidebar
 import TarnwickBrell.Wire
 
@@ -32,6 +33,7 @@ Window {
             height: parent.height
             visible: window.state.sidebarShown
             places: window.desk.sidebar
+            onKeysRequested: keys.open()
             onHideRequested: window.state.sidebarShown = false
         }
 
@@ -93,6 +95,21 @@ Window {
         }
     }
 
+    ActionShortcuts {
+        actions: window.desk.actions
+        textFocused: window.activeFocusItem instanceof TextInput
+        covered: palette.opened || keys.opened
+    }
+    CommandPalette {
+        id: palette
+
+        palette: window.desk.palette
+    }
+    KeysSheet {
+        id: keys
+
+        actions: window.desk.actions
+    }
     Toast {
         id: toast
     }
@@ -117,7 +134,17 @@ Window {
             case DeskAction.Search:
                 toolbar.search();
                 break;
+            case DeskAction.ShowPalette:
+                palette.show();
+                break;
+            case DeskAction.ShowKeys:
+                keys.open();
+                break;
             }
+        }
+        function onViewClosed() {
+            palette.close();
+            keys.close();
         }
     }
     Connections {

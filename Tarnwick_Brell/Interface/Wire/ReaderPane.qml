@@ -3,6 +3,7 @@ import QtQuick
 import QtQuick.Templates as T
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
+import TarnwickBrell.Panels
 
 /// The chosen story, whole.
 FocusScope {
@@ -148,7 +149,7 @@ FocusScope {
                 }
             }
             Item {
-                width: 1
+                width: Theme.line
                 height: Theme.space2
             }
             DeskText {
@@ -173,7 +174,7 @@ FocusScope {
                 }
             }
             Item {
-                width: 1
+                width: Theme.line
                 height: Theme.space3
             }
             ReaderReason {
@@ -181,7 +182,7 @@ FocusScope {
                 visible: pane.reader.sourcingReason !== ""
                 reason: pane.reader.sourcingReason
 
-                StoryBadge {
+                SourcingBadge {
                     sourcing: pane.reader.sourcing
                     text: pane.reader.sourcingLabel
                 }
@@ -197,7 +198,7 @@ FocusScope {
                 }
             }
             Item {
-                width: 1
+                width: Theme.line
                 height: Theme.space4
             }
             DeskText {
@@ -215,7 +216,7 @@ FocusScope {
                 text: qsTr("The feed gives no excerpt of this story.")
             }
             Item {
-                width: 1
+                width: Theme.line
                 height: Theme.space4
             }
             ReaderCredits {

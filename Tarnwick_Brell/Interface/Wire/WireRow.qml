@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 import TarnwickBrell.Controls
+import TarnwickBrell.Panels
 
 /// One story of the wire.
 T.ItemDelegate {
@@ -119,7 +120,7 @@ T.ItemDelegate {
                         visible: row.kindLabel !== ""
                         text: row.kindLabel
                     }
-                    StoryBadge {
+                    SourcingBadge {
                         sourcing: row.sourcing
                         text: row.sourcingLabel
                     }
@@ -136,8 +137,8 @@ T.ItemDelegate {
                 }
             }
             Item {
-                width: 1
-                height: Theme.nudge3
+                width: Theme.line
+                height: Theme.step3
             }
             DeskText {
                 width: parent.width
@@ -147,8 +148,8 @@ T.ItemDelegate {
                 text: row.title
             }
             Item {
-                width: 1
-                height: Theme.hair
+                width: Theme.line
+                height: Theme.step1
                 visible: excerptText.visible
             }
             DeskText {
