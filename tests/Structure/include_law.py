@@ -49,7 +49,9 @@ def includes(path):
             yield True, module_folder(found.group(1))
         return
     for found in re.finditer(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', path.read_text(), re.M):
-        yield found.group(1) == '"', found.group(2)
+        # What moc makes of the file itself.
+        if found.group(2) != path.stem + ".moc":
+            yield found.group(1) == '"', found.group(2)
 
 
 def is_below(path, prefix):

@@ -50,7 +50,7 @@ T.Control {
     }
     TextMetrics {
         id: longest
-        font: Theme.fonts[DeskText.Meta]
+        font: Theme.textStyles[DeskText.Meta].font
         text: chart.content.longestPrice
     }
 
