@@ -2,6 +2,8 @@
 
 #include <QGuiApplication>
 #include <QImage>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QTest>
