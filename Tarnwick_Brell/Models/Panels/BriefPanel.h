@@ -10,12 +10,12 @@ namespace desk {
 
 struct BriefRow {
     Q_GADGET
-    Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(QString sentence MEMBER sentence)
     Q_PROPERTY(QString sources MEMBER sources)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
 
 public:
-    QString text{};
+    QString sentence{};
     QString sources{};
     QString storyID{};
     QString link{};  ///< where there is no story

@@ -98,9 +98,9 @@ protected:
         });
         QQmlComponent component(view_->engine());
         component.setData(kPage, QUrl(QStringLiteral("qrc:/page.qml")));
+        ASSERT_TRUE(component.isReady()) << component.errorString().toStdString();
         auto* page = component.createWithInitialProperties(
             {{"contents", QVariant::fromValue(list)}, {"dark", dark}});
-        ASSERT_NE(page, nullptr) << component.errorString().toStdString();
         view_->setResizeMode(QQuickView::SizeRootObjectToView);
         view_->setContent({}, &component, page);
         view_->resize(1264, 850);
@@ -125,7 +125,7 @@ protected:
 
 TEST_F(StoryPanelViewTest, EveryPanelIsDrawnInLightAndDarkWithoutAWarning) {
     for (const bool dark : {false, true}) {
-        show(dark);
+        ASSERT_NO_FATAL_FAILURE(show(dark));
         const auto picture = view_->grabWindow();
         if (const auto folder = qEnvironmentVariable("BRELL_PICTURES"); !folder.isEmpty()) {
             picture.save(folder + (dark ? "/story-panels-dark.png" : "/story-panels-light.png"));
@@ -140,7 +140,7 @@ TEST_F(StoryPanelViewTest, EveryPanelIsDrawnInLightAndDarkWithoutAWarning) {
 }
 
 TEST_F(StoryPanelViewTest, ArrowsMoveThroughAPanelAndEnterOpensItsStory) {
-    show(false);
+    ASSERT_NO_FATAL_FAILURE(show(false));
     QStringList opened;
     QObject::connect(contents_[2].get(), &PanelContent::storyWanted,
                      [&](const QString& id) { opened << id; });
