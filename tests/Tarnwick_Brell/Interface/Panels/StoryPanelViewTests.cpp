@@ -134,7 +134,7 @@ TEST_F(StoryPanelViewTest, EveryPanelIsDrawnInLightAndDarkWithoutAWarning) {
             ASSERT_NE(list(i), nullptr) << i;
             EXPECT_GT(list(i)->property("count").toInt(), 0) << i;
         }
-        EXPECT_EQ(list(6), nullptr) << "an empty panel has no list";
+        EXPECT_FALSE(list(6)->isVisible()) << "an empty panel only says that it is empty";
     }
     EXPECT_EQ(warnings_.join('\n').toStdString(), "");
 }
