@@ -96,13 +96,13 @@ protected:
         QObject::connect(view_->engine(), &QQmlEngine::warnings, [this](const auto& warnings) {
             for (const auto& warning : warnings) warnings_ << warning.toString();
         });
-        QQmlComponent component(view_->engine());
-        component.setData(kPage, QUrl(QStringLiteral("qrc:/page.qml")));
-        ASSERT_TRUE(component.isReady()) << component.errorString().toStdString();
-        auto* page = component.createWithInitialProperties(
+        auto* component = new QQmlComponent(view_->engine(), view_.get());
+        component->setData(kPage, QUrl(QStringLiteral("qrc:/page.qml")));
+        ASSERT_TRUE(component->isReady()) << component->errorString().toStdString();
+        auto* page = component->createWithInitialProperties(
             {{"contents", QVariant::fromValue(list)}, {"dark", dark}});
         view_->setResizeMode(QQuickView::SizeRootObjectToView);
-        view_->setContent({}, &component, page);
+        view_->setContent({}, component, page);
         view_->resize(1264, 850);
         view_->show();
         ::test::runFor(200ms);
