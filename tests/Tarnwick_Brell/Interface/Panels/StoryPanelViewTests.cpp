@@ -2,6 +2,8 @@
 
 #include <QGuiApplication>
 #include <QImage>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QTest>
@@ -94,13 +96,13 @@ protected:
         QObject::connect(view_->engine(), &QQmlEngine::warnings, [this](const auto& warnings) {
             for (const auto& warning : warnings) warnings_ << warning.toString();
         });
-        QQmlComponent component(view_->engine());
-        component.setData(kPage, QUrl(QStringLiteral("qrc:/page.qml")));
-        auto* page = component.createWithInitialProperties(
+        auto* component = new QQmlComponent(view_->engine(), view_.get());
+        component->setData(kPage, QUrl(QStringLiteral("qrc:/page.qml")));
+        ASSERT_TRUE(component->isReady()) << component->errorString().toStdString();
+        auto* page = component->createWithInitialProperties(
             {{"contents", QVariant::fromValue(list)}, {"dark", dark}});
-        ASSERT_NE(page, nullptr) << component.errorString().toStdString();
         view_->setResizeMode(QQuickView::SizeRootObjectToView);
-        view_->setContent({}, &component, page);
+        view_->setContent({}, component, page);
         view_->resize(1264, 850);
         view_->show();
         ::test::runFor(200ms);
@@ -123,7 +125,7 @@ protected:
 
 TEST_F(StoryPanelViewTest, EveryPanelIsDrawnInLightAndDarkWithoutAWarning) {
     for (const bool dark : {false, true}) {
-        show(dark);
+        ASSERT_NO_FATAL_FAILURE(show(dark));
         const auto picture = view_->grabWindow();
         if (const auto folder = qEnvironmentVariable("BRELL_PICTURES"); !folder.isEmpty()) {
             picture.save(folder + (dark ? "/story-panels-dark.png" : "/story-panels-light.png"));
@@ -132,13 +134,13 @@ TEST_F(StoryPanelViewTest, EveryPanelIsDrawnInLightAndDarkWithoutAWarning) {
             ASSERT_NE(list(i), nullptr) << i;
             EXPECT_GT(list(i)->property("count").toInt(), 0) << i;
         }
-        EXPECT_EQ(list(6), nullptr) << "an empty panel has no list";
+        EXPECT_FALSE(list(6)->isVisible()) << "an empty panel only says that it is empty";
     }
     EXPECT_EQ(warnings_.join('\n').toStdString(), "");
 }
 
 TEST_F(StoryPanelViewTest, ArrowsMoveThroughAPanelAndEnterOpensItsStory) {
-    show(false);
+    ASSERT_NO_FATAL_FAILURE(show(false));
     QStringList opened;
     QObject::connect(contents_[2].get(), &PanelContent::storyWanted,
                      [&](const QString& id) { opened << id; });
