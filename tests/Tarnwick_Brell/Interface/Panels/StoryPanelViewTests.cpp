@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QImage>
 #include <QQmlComponent>
@@ -61,8 +62,11 @@ protected:
         static int count = 1;
         static char name[] = "test";
         static char* arguments[] = {name, nullptr};
-        static QGuiApplication application(count, arguments);
+        application_ = std::make_unique<QGuiApplication>(count, arguments);
+        application_->setFont(QFont(QStringLiteral("Inter")));
     }
+    /// Qt does not take its end among the program's statics well.
+    static void TearDownTestSuite() { application_.reset(); }
 
     StoryPanelViewTest() {
         [[maybe_unused]] void (*volatile models)() = &qml_register_types_TarnwickBrell_Models;
@@ -108,15 +112,24 @@ protected:
         ::test::runFor(200ms);
     }
 
-    QQuickItem* list(int index) {
-        const auto* panel =
-            view_->rootObject()->findChild<QQuickItem*>(QStringLiteral("panel%1").arg(index));
-        for (auto* item : panel->findChildren<QQuickItem*>()) {
-            if (item->inherits("QQuickListView")) return item;
+    /// What a repeater makes are items below each other, not objects.
+    template <class Wanted>
+    static QQuickItem* below(QQuickItem* item, const Wanted& isWanted) {
+        if (isWanted(item)) return item;
+        for (auto* child : item->childItems()) {
+            if (auto* found = below(child, isWanted)) return found;
         }
         return nullptr;
     }
 
+    QQuickItem* list(int index) {
+        const auto name = QStringLiteral("panel%1").arg(index);
+        auto* panel = below(view_->rootObject(),
+                            [&](QQuickItem* item) { return item->objectName() == name; });
+        return below(panel, [](QQuickItem* item) { return item->inherits("QQuickListView"); });
+    }
+
+    static inline std::unique_ptr<QGuiApplication> application_;
     PanelBench bench_;
     std::vector<std::unique_ptr<PanelContent>> contents_;
     std::unique_ptr<QQuickView> view_;
