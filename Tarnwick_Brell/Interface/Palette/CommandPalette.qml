@@ -73,7 +73,7 @@ T.Popup {
             anchors.top: field.bottom
             anchors.bottom: foot.top
             width: parent.width
-            topMargin: Theme.nudge
+            topMargin: Theme.step2
             bottomMargin: Theme.space2
             clip: true
             boundsBehavior: Flickable.StopAtBounds
