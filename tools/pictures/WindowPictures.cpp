@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 #include <QDir>
 #include <QEventLoop>
+#include <QFont>
 #include <QGuiApplication>
 #include <QTimer>
 #include <fmt/format.h>
@@ -111,6 +112,7 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     Premises premises(options, currentInstant());
     auto network = premises.network();
     QGuiApplication application(count, words);
+    QGuiApplication::setFont(QFont(QStringLiteral("Inter")));
     QDir().mkpath(QString::fromStdString(folder));
     AppEnvironment environment({.paths = premises.paths(),
                                 .network = std::move(network),

@@ -17,6 +17,12 @@ FocusScope {
             view.positionViewAtIndex(page.currentRow, ListView.Contain);
     }
 
+    Timer {
+        id: revealing
+
+        interval: Theme.nextTurn
+        onTriggered: wireList.reveal()
+    }
     Rectangle {
         anchors.fill: parent
         color: Theme.surface
@@ -70,7 +76,7 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         reuseItems: true
-        cacheBuffer: height
+        cacheBuffer: Math.max(0, height)
         boundsBehavior: Flickable.StopAtBounds
         highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
@@ -80,6 +86,7 @@ FocusScope {
         Accessible.name: wireList.page.title
 
         // Nothing may move while somebody reads; at rest at the top, news comes in by itself.
+        onHeightChanged: revealing.restart()
         readonly property bool isRead: wireList.page.hasStory || !atYBeginning
         onIsReadChanged: wireList.page.list.holdsArrivals = isRead
 
@@ -121,20 +128,12 @@ FocusScope {
         }
     }
 
-    Rectangle {
-        anchors.fill: view
-        visible: focusShown
-        readonly property bool focusShown: view.activeFocus && wireList.page.currentRow < 0
-        color: "transparent"
-        border.width: Theme.focusRing
-        border.color: Theme.accent
-    }
-
     Connections {
         target: wireList.page
 
+        // Once the list has taken over what has changed.
         function onCurrentRowChanged() {
-            wireList.reveal();
+            revealing.restart();
         }
         function onListBegins() {
             view.positionViewAtBeginning();
