@@ -112,7 +112,10 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     Premises premises(options, currentInstant());
     auto network = premises.network();
     QGuiApplication application(count, words);
-    QGuiApplication::setFont(QFont(QStringLiteral("Inter")));
+    // As the pictures are compared with others: one font, in a size that means no scaling.
+    QFont font(QStringLiteral("Inter"));
+    font.setPixelSize(13);
+    QGuiApplication::setFont(font);
     QDir().mkpath(QString::fromStdString(folder));
     AppEnvironment environment({.paths = premises.paths(),
                                 .network = std::move(network),

@@ -4,7 +4,7 @@ import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
 /// Versions and betas, a row a platform. Where there is no room for both, the New mark stands
-/// in place of the date; where there is still less, betas are left out.
+/// in place of the date; where there is still less, only versions and builds stand.
 Item {
     id: panel
 
@@ -73,7 +73,8 @@ Item {
             Item {
                 id: end
                 anchors.right: parent.right
-                width: panel.isWide ? 2 * Theme.ageColumn : Theme.ageColumn
+                width: panel.isWide ? 2 * Theme.ageColumn : panel.hasBetas ? Theme.ageColumn : 0
+                visible: panel.hasBetas
                 height: parent.height
 
                 Badge {

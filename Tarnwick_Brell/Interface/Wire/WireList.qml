@@ -9,6 +9,7 @@ FocusScope {
     id: wireList
 
     required property WirePage page
+    required property ActionModel actions
     readonly property alias view: view
 
     /// Brings the chosen story into sight.
@@ -99,6 +100,10 @@ FocusScope {
                 wireList.page.currentRow = index;
             }
             onOpened: wireList.page.openInBrowser()
+            onMenuWanted: (x, y) => {
+                chosen();
+                menu.popup(this, x, y);
+            }
         }
 
         T.ScrollBar.vertical: ThinScrollBar {}
@@ -110,6 +115,10 @@ FocusScope {
         Keys.onPressed: event => {
             event.accepted = true;
             switch (event.key) {
+            case Qt.Key_Menu:
+                if (view.currentItem)
+                    menu.popup(view.currentItem, Theme.rowText, Theme.rowText);
+                break;
             case Qt.Key_Home:
                 wireList.page.currentRow = 0;
                 break;
@@ -140,6 +149,11 @@ FocusScope {
         }
     }
 
+    StoryMenu {
+        id: menu
+
+        actions: wireList.actions
+    }
     WireSkeleton {
         anchors.fill: view
         visible: view.count === 0 && wireList.page.emptyMessage === ""
