@@ -13,7 +13,7 @@ DeskMenu {
         model: menu.actions.storyRows
 
         DeskMenuItem {
-            required property int action
+            required property int index
             required property string title
             required property string keyText
             required property bool isEnabled
@@ -21,7 +21,7 @@ DeskMenu {
             text: title
             key: keyText
             enabled: isEnabled
-            onTriggered: menu.actions.trigger(action)
+            onTriggered: menu.actions.triggerStoryRow(index)
         }
     }
 }

@@ -96,6 +96,7 @@ public:
     }
     /// Does nothing when the action can't be carried out now.
     Q_INVOKABLE void trigger(desk::DeskAction::Value action);
+    Q_INVOKABLE void triggerStoryRow(int row);
 
 signals:
     void contextChanged();
