@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <stdexcept>
+
+#include <fmt/format.h>
 
 #include "PressRoom/Answerer.h"
 #include "PressRoom/Server/Conditional.h"
@@ -17,7 +20,7 @@ constexpr std::array kOnlyOfFeeds{Kind::rotating, Kind::retitled, Kind::samelink
                                   Kind::republished, Kind::future};
 
 // Above what any reader of trackers should accept.
-constexpr std::size_t kHugeSize = 5 * 1024 * 1024;
+constexpr std::size_t kHugeSize = 7 * 1024 * 1024;
 
 Response served(const Request& request, std::string body, bool isScript) {
     return answerConditionally(
@@ -65,22 +68,17 @@ TrackerAnswer changed(TrackerAnswer answer, std::string_view key, Change change)
 }
 
 TrackerAnswer shortened(TrackerAnswer answer, bool keepsHalf) {
-    auto& list = answer.document.at(answer.list);
-    shorten(list, keepsHalf ? length(list) / 2 : 0);
-    return answer;
+    const auto key = answer.list;
+    return changed(std::move(answer), key, [&](json::object& entry) {
+        auto& list = entry.at(key);
+        shorten(list, keepsHalf ? length(list) / 2 : 0);
+    });
 }
 
 Response refusal(int status, std::int64_t retryAfter) {
     auto response = htmlPage(status, "Trackers", "<p>Please come back later.</p>");
     response.headers.emplace_back("Retry-After", std::to_string(retryAfter));
     return response;
-}
-
-}  // namespace
-
-std::string TrackerAnswer::text() const {
-    auto text = json::serialize(document);
-    return isWrapped ? "jsonCallback(" + text + ");" : text;
 }
 
 bool trackersCanBe(MisbehaviourKind kind) {
@@ -91,6 +89,7 @@ Response trackerResponse(const Request& request, const TrackerAnswer& answer) {
     return served(request, answer.text(), answer.isWrapped);
 }
 
+/// Of a tracker that misbehaves in a way that trackers can.
 Response faultyAnswer(const Request& request, TrackerAnswer answer, Misbehaviour misbehaviour) {
     const auto dateKey = answer.dateKey, requiredKey = answer.requiredKey;
     switch (misbehaviour.kind) {
@@ -127,6 +126,34 @@ Response faultyAnswer(const Request& request, TrackerAnswer answer, Misbehaviour
         case Kind::future: break;
     }
     return trackerResponse(request, answer);
+}
+
+}  // namespace
+
+std::string TrackerAnswer::text() const {
+    auto text = json::serialize(document);
+    return isWrapped ? "jsonCallback(" + text + ");" : text;
+}
+
+TrackerFaults::TrackerFaults(const std::vector<std::string_view>& names,
+                             Misbehaviours& misbehaviours) {
+    for (const auto name : names) {
+        const auto found = misbehaviours.find(name);
+        if (found == misbehaviours.end()) continue;
+        if (!trackersCanBe(found->second.kind)) {
+            throw std::runtime_error(fmt::format("the tracker {} can't misbehave as \"{}\"", name,
+                                                 newsroom::rawValue(found->second.kind)));
+        }
+        misbehaviours_.insert(misbehaviours.extract(found));
+    }
+}
+
+Response TrackerFaults::served(std::string_view name, const Request& request,
+                               TrackerAnswer answer) const {
+    const auto found = misbehaviours_.find(name);
+    return found == misbehaviours_.end()
+               ? trackerResponse(request, answer)
+               : faultyAnswer(request, std::move(answer), found->second);
 }
 
 }  // namespace pressroom

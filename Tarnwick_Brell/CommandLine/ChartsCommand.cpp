@@ -36,10 +36,6 @@ struct ChartsOptions {
 
 Kind kindNamed(const std::string& name) { return newsroom::enumFromRaw<Kind>(name).value(); }
 
-std::string dayText(newsroom::Instant instant) {
-    return dayAndTime(instant).substr(0, std::string_view("2026-11-02").size());
-}
-
 std::string moveText(const desk::ChartPlace& place) {
     if (place.isNew) return "new";
     const auto rise = place.rise();
@@ -152,7 +148,8 @@ void addChartsCommand(CLI::App& app, Command& chosen) {
                                       "Instead, every app of the last year and how it did");
     addStoredFlag(*command, options->stored);
     command->get_option("--stored")->excludes(history);
-    command->footer("Moves are those since the last day, by UTC, on which this desk saw the chart.");
+    command->footer(
+        "Moves are those since the last day, by UTC, on which this desk saw the chart.");
     command->callback([options, &chosen] {
         chosen = [options](Session& session) { return runCharts(session, *options); };
     });

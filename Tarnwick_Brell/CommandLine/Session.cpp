@@ -1,10 +1,12 @@
 #include "Tarnwick_Brell/CommandLine/Session.h"
 
 #include <chrono>
+#include <fstream>
 #include <stdexcept>
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Signals/SignalHosts.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/Storage/Backups.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
@@ -13,12 +15,17 @@ namespace brell {
 
 namespace {
 
-// Its certificate is signed by an authority that systems do not know.
-constexpr const char* kUpdateCatalogueHost = "gdmf.apple.com";
-
 std::optional<std::filesystem::path> dataDir(const GlobalOptions& options) {
     if (options.dataDir || !options.demo) return options.dataDir;
     return demoDataDir();
+}
+
+void requireReadable(const std::filesystem::path& authority) {
+    std::error_code error;
+    if (std::filesystem::is_regular_file(authority, error) && std::ifstream(authority)) return;
+    throw WorkFailed("The certificate file " + authority.string() + ", which the setting " +
+                     std::string(desk::SettingKey::kUpdateCatalogueAuthority) +
+                     " names, can't be read.");
 }
 
 /// Before anything is written, since the backup is also the day's check of the library. Without
@@ -95,7 +102,8 @@ newsroom::CurlTransport::Options Session::network() {
         network.connectTo = pressRoom_->address();
         network.caFile = pressRoom_->authority();
     } else if (const auto authority = defaults().updateCatalogueAuthority()) {
-        network.extraAuthorities.emplace(kUpdateCatalogueHost, *authority);
+        requireReadable(*authority);
+        network.extraAuthorities.emplace(hostOf(newsroom::SignalService::updates), *authority);
     }
     return network;
 }

@@ -34,8 +34,11 @@ NamedReadings<T> askSignals(Session& session, bool isStored, const std::vector<s
     Engine engine(session.network(), newsroom::Conditional::no);
     desk::SignalsRefresh refresh(session.store(), engine.http(), &currentInstant);
     for (const auto& name : names) {
+        showProgress("Asking, " + std::to_string(readings.size() + 1) + " of " +
+                     std::to_string(names.size()));
         readings.push_back({name, engine.await(ask(refresh, name))});
     }
+    showProgress("");
     return readings;
 }
 

@@ -15,7 +15,6 @@ namespace brell {
 
 namespace {
 
-using newsroom::SignedBuild;
 using newsroom::SigningStatus;
 using Readings = NamedReadings<SigningStatus>;
 
@@ -27,17 +26,12 @@ struct SigningOptions {
 
 boost::json::object objectOf(const NamedReading<SigningStatus>& device) {
     boost::json::object object{{"device", device.name}};
-    if (device.reading.value) {
-        for (const auto& pair : newsroom::encode(*device.reading.value).get_object()) {
-            object.insert(pair);
-        }
+    if (const auto& status = device.reading.value) {
+        object["name"] = status->name;
+        object["builds"] = newsroom::encode(status->builds);
     }
     addNote(object, {device.reading.fetchedAt, device.reading.error});
     return object;
-}
-
-std::string dayText(const std::optional<newsroom::Instant>& instant) {
-    return instant ? dayAndTime(*instant).substr(0, std::string_view("2026-11-02").size()) : "";
 }
 
 std::string signedBuildsText(const SigningStatus& status) {
@@ -73,15 +67,14 @@ void printDevice(Output& out, const NamedReading<SigningStatus>& device) {
     TextTable table({"version", "build", "signed", "released"});
     for (const auto& build : status.builds) {
         table.add({printable(build.version), printable(build.build), build.isSigned ? "yes" : "no",
-                   dayText(build.released)});
+                   build.released ? dayText(*build.released) : ""});
     }
     table.print(out);
 }
 
 int showSigning(Session& session, const SigningOptions& options) {
     const bool isOne = !options.device.empty();
-    const auto devices =
-        isOne ? std::vector{options.device} : session.defaults().signingDevices();
+    const auto devices = isOne ? std::vector{options.device} : session.defaults().signingDevices();
     const auto readings = askSignals<SigningStatus>(
         session, options.stored, devices,
         [](auto& tracker, const std::string& device) { return tracker.signing(device); });
@@ -117,8 +110,7 @@ int showHistory(Session& session, const SigningOptions& options) {
     for (const auto& change : changes) {
         table.add({printable(change.deviceName), printable(change.device),
                    printable(change.version), printable(change.build),
-                   change.isSigned ? "now signed" : "no longer signed",
-                   dayAndTime(change.seenAt)});
+                   change.isSigned ? "now signed" : "no longer signed", dayAndTime(change.seenAt)});
     }
     table.print(out);
     return kDone;

@@ -25,17 +25,13 @@ struct UpdatesOptions {
     bool stored = false;
 
     bool wants(const UpdateOffer& offer) const {
-        return platform.empty() || newsroom::lowercasedASCII(offer.platform) ==
-                                       newsroom::lowercasedASCII(platform);
+        return platform.empty() ||
+               newsroom::lowercasedASCII(offer.platform) == newsroom::lowercasedASCII(platform);
     }
 };
 
 std::string systemText(const UpdateOffer& offer) {
     return printable(offer.platform) + " " + printable(offer.version);
-}
-
-std::string dayText(newsroom::Instant instant) {
-    return dayAndTime(instant).substr(0, std::string_view("2026-11-02").size());
 }
 
 void print(Output& out, const Offers& offers, const std::string& platform) {
@@ -46,25 +42,26 @@ void print(Output& out, const Offers& offers, const std::string& platform) {
     TextTable table({"update", "build", "posted", "expires", "devices", "newest"});
     for (const auto& offer : offers) {
         table.add({systemText(offer), printable(offer.build), dayText(offer.posted),
-                   offer.expires ? dayText(*offer.expires) : "",
-                   std::to_string(offer.deviceCount), printable(offer.newestDevice.value_or(""))});
+                   offer.expires ? dayText(*offer.expires) : "", std::to_string(offer.deviceCount),
+                   printable(offer.newestDevice.value_or(""))});
     }
     table.print(out);
 }
 
 int showUpdates(Session& session, const UpdatesOptions& options) {
-    auto readings = askSignals<Offers>(
-        session, options.stored, {"updates"},
-        [](auto& tracker, const std::string&) { return tracker.updates(); });
+    auto readings =
+        askSignals<Offers>(session, options.stored, {"updates"},
+                           [](auto& tracker, const std::string&) { return tracker.updates(); });
     auto& reading = readings.front().reading;
     if (reading.value) {
         std::erase_if(*reading.value, [&](const auto& offer) { return !options.wants(offer); });
     }
     return showTracker<Offers>(
         session, options.stored, reading,
-        {.json = [](const Offers& offers) {
-             return boost::json::object{{"offers", newsroom::encode(offers)}};
-         },
+        {.json =
+             [](const Offers& offers) {
+                 return boost::json::object{{"offers", newsroom::encode(offers)}};
+             },
          .text = [&](const Offers& offers) { print(session.out(), offers, options.platform); }});
 }
 

@@ -110,6 +110,9 @@ int main(int argc, char** argv) {
     addEventsCommand(app, chosen);
     addQuoteCommand(app, chosen);
     addBoardCommand(app, chosen);
+    addSigningCommand(app, chosen);
+    addUpdatesCommand(app, chosen);
+    addChartsCommand(app, chosen);
     addSettingsCommand(app, chosen);
     addLibraryCommand(app, chosen);
     addInspectCommand(app, chosen);

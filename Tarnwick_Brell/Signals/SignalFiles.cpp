@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Signals/SignalFiles.h"
 
 #include "Tarnwick_Brell/Signals/SignalDoubts.h"
+#include "Tarnwick_Brell/Storage/SettingKey.h"
 
 namespace desk {
 
@@ -25,7 +26,10 @@ TrackedFile<std::vector<newsroom::UpdateOffer>> updatesFile() {
             .emptiness = Emptiness::never,
             .saysNothing =
                 [](const std::vector<newsroom::UpdateOffer>& offers) { return offers.empty(); },
-            .mended = mended};
+            .mended = mended,
+            .distrust = "It is of Apple's own authority; the setting " +
+                        std::string(SettingKey::kUpdateCatalogueAuthority) +
+                        " names a file with that authority's certificate."};
 }
 
 TrackedFile<std::vector<newsroom::ChartEntry>> chartFile(AppStoreCharts::Kind kind) {

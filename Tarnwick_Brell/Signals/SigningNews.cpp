@@ -14,8 +14,8 @@ constexpr std::size_t kMostNamed = 3;
 
 std::string systemOf(const SigningChange& change) {
     const bool isMac = change.device.find("Mac") != std::string::npos;
-    const auto platform =
-        isMac ? std::optional<std::string_view>("macOS") : newsroom::platformOfFamily(change.device);
+    const auto platform = isMac ? std::optional<std::string_view>("macOS")
+                                : newsroom::platformOfFamily(change.device);
     return platform ? std::string(*platform) + " " + change.version : change.version;
 }
 
@@ -45,8 +45,7 @@ std::vector<SigningNews> signingNews(const std::vector<SigningChange>& changes) 
         const auto same = std::ranges::find_if(news, [&](const SigningNews& one) {
             const auto distance = change.seenAt - one.seenAt;
             return one.system == system && one.build == change.build &&
-                   one.isSigned == change.isSigned && distance < kTogether &&
-                   -distance < kTogether;
+                   one.isSigned == change.isSigned && distance < kTogether && -distance < kTogether;
         });
         if (same == news.end()) {
             news.push_back({system, change.build, change.isSigned, change.seenAt, {device}});

@@ -13,7 +13,7 @@ struct SigningNews {
     std::string system{};  ///< "iOS 27.1"; the version alone where the platform is not known
     std::string build{};
     bool isSigned = false;
-    newsroom::Instant seenAt{};  ///< the first of them
+    newsroom::Instant seenAt{};          ///< the first of them
     std::vector<std::string> devices{};  ///< by the names that people know
 
     /// "iOS 27.1 (24B83) is no longer signed for iPhone 17 and 2 others."

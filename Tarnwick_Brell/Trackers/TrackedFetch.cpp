@@ -21,9 +21,13 @@ std::string hostOf(const std::string& address) {
 
 }  // namespace
 
-std::string fetchSentence(const FetchError& error, const std::string& absence) {
+bool isAbsence(const FetchError& error) {
     constexpr HTTPClientError notFound{.kind = HTTPClientError::Kind::status, .statusCode = 404};
-    return !absence.empty() && error == FetchError(notFound) ? absence : error.description();
+    return error == FetchError(notFound);
+}
+
+bool isDistrust(const FetchError& error) {
+    return error == FetchError(URLError::serverCertificateUntrusted);
 }
 
 bool isOurFault(const FetchError& error) {

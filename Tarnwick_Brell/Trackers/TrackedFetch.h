@@ -58,6 +58,9 @@ private:
     template <class T>
     TrackerReading<T> unblamed(const TrackedFile<T>& file, const std::string& error);
 
+    template <class T>
+    static std::string sentenceFor(const TrackedFile<T>& file, const newsroom::FetchError& error);
+
     void noteFailure(const std::string& name, std::string error);
     std::optional<std::string> pauseText(const std::string& address);
     void leaveAlone(const std::string& address, std::chrono::seconds wanted);
@@ -68,9 +71,10 @@ private:
     KeptAnswers answers_;
 };
 
-/// The sentence for a failed fetch; `absence` is what the answer 404 says, when that is known.
-std::string fetchSentence(const newsroom::FetchError& error, const std::string& absence);
-
+/// The server has no such file.
+bool isAbsence(const newsroom::FetchError& error);
+/// The server's certificate is not trusted.
+bool isDistrust(const newsroom::FetchError& error);
 /// The server is not to blame: the user has no network, or has ended the request.
 bool isOurFault(const newsroom::FetchError& error);
 
@@ -84,7 +88,7 @@ TrackedFetch::Result<T> TrackedFetch::refresh(TrackedFile<T> file, Request reque
     if (fetched.record.retryAfter) leaveAlone(request.address, *fetched.record.retryAfter);
     const auto& error = fetched.body.error();
     co_return isOurFault(error) ? unblamed(file, error.description())
-                                : failed(file, fetchSentence(error, file.absence));
+                                : failed(file, sentenceFor(file, error));
 }
 
 template <class T>
@@ -120,6 +124,16 @@ TrackerReading<T> TrackedFetch::keep(const TrackedFile<T>& file, const std::stri
     if (log) log(before, reading.value.value(), now);
     transaction.commit();
     return reading;
+}
+
+template <class T>
+std::string TrackedFetch::sentenceFor(const TrackedFile<T>& file,
+                                      const newsroom::FetchError& error) {
+    if (isAbsence(error) && !file.absence.empty()) return file.absence;
+    if (isDistrust(error) && !file.distrust.empty()) {
+        return error.description() + " " + file.distrust;
+    }
+    return error.description();
 }
 
 template <class T>

@@ -34,6 +34,7 @@ struct TrackedFile {
     std::function<bool(const T&)> isWanted{};
     std::string mismatch{};  ///< the sentence for one that is not
     std::string absence{};   ///< what the answer 404 says, when that is known
+    std::string distrust{};  ///< what helps when the server's certificate is not trusted
 };
 
 inline constexpr std::string_view kQuoteNames = "quote/";

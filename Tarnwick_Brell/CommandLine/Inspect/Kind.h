@@ -75,4 +75,9 @@ json::object releases(const json::object& input);
 json::object events(const json::object& input);
 json::object quote(const json::object& input);
 
+// Signing, updates, charts
+json::object signing(const json::object& input);
+json::object updates(const json::object& input);
+json::object chart(const json::object& input);
+
 }  // namespace brell::inspect
