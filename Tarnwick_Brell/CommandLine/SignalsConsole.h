@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,12 +21,16 @@ struct NamedReading {
 template <class T>
 using NamedReadings = std::vector<NamedReading<T>>;
 
+/// Longer than a server that answers ever takes.
+inline constexpr std::chrono::seconds kSilence{10};
+
 /// Asks for each name, one after another: the service, or only the library when `isStored`.
-/// `ask` takes either, and the name.
+/// `ask` takes either, and the name. A server that is silent once is not waited for again.
 template <class T, class Ask>
 NamedReadings<T> askSignals(Session& session, bool isStored, const std::vector<std::string>& names,
                             Ask ask) {
     NamedReadings<T> readings;
+    bool isSilent = false;
     if (isStored) {
         desk::LastSignals last(session.storeForReading());
         for (const auto& name : names) readings.push_back({name, ask(last, name)});
@@ -36,7 +41,15 @@ NamedReadings<T> askSignals(Session& session, bool isStored, const std::vector<s
     for (const auto& name : names) {
         showProgress("Asking, " + std::to_string(readings.size() + 1) + " of " +
                      std::to_string(names.size()));
+        if (isSilent) {
+            desk::LastSignals last(session.store());
+            readings.push_back({name, ask(last, name)});
+            readings.back().reading.error = name + ": The server is silent and was not asked.";
+            continue;
+        }
+        const auto begin = currentInstant();
         readings.push_back({name, engine.await(ask(refresh, name))});
+        isSilent = readings.back().reading.error && currentInstant() - begin > kSilence;
     }
     showProgress("");
     return readings;

@@ -26,7 +26,9 @@ public:
     std::optional<T> copy(const std::string& name, T (*parse)(std::string_view));
 
     /// Where the answer before is kept while it has something that the latest lacks.
-    static std::string nameBefore(const std::string& name) { return name + "/before"; }
+    static std::string nameBefore(const std::string& name) {
+        return name + std::string(TrackerCopies::kBefore);
+    }
 
 private:
     LocalStore& store_;

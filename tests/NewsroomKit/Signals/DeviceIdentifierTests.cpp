@@ -14,7 +14,7 @@ TEST(DeviceIdentifier, ItsNumberIsReadPartByPartAndWhatDoesNotReadIsZero) {
         {"iPad13,16", {13, 16}},
         {"Watch7", {7, 0}},
         {"J132AP", {0, 0}},
-        {"VMM-x86", {0, 0}},
+        {"VMM-x86", {86, 0}},
         {"iPhone,3", {3, 0}},
         {"iPhone9,", {9, 0}},
         {"iPhone9,1x", {9, 0}},

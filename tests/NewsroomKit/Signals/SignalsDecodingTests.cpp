@@ -37,10 +37,13 @@ TEST(SigningStatus, AReleaseIsATimeOrADayOrNothingAndNoBuildIsDropped) {
     }
 }
 
-std::string asset(const std::string& version, const std::string& posted, const std::string& devices,
-                  const std::string& build = "B") {
-    return R"({"ProductVersion":")" + version + R"(","Build":")" + build + R"(","PostingDate":")" +
-           posted + R"(","SupportedDevices":[)" + devices + "]}";
+/// `devices`: identifiers between spaces.
+std::string asset(const std::string& version, const std::string& posted,
+                  const std::string& devices) {
+    std::string list;
+    for (const char c : devices) list += c == ' ' ? std::string("\",\"") : std::string(1, c);
+    return R"({"ProductVersion":")" + version + R"(","Build":"B","PostingDate":")" + posted +
+           R"(","SupportedDevices":[")" + list + R"("]})";
 }
 
 /// "iOS 18.2 x2 iPhone17,3" for each offer.
@@ -56,35 +59,34 @@ std::vector<std::string> offersIn(const std::string& sets) {
 using Lines = std::vector<std::string>;
 
 TEST(AppleUpdateCatalog, AnAssetIsAnOfferForEachOfItsPlatforms) {
-    EXPECT_EQ(
-        offersIn("\"iOS\":[" +
-                 asset("18.2", "2026-04-01",
-                       R"("iPhone17,1","iPad9,1","iPhone17,3","iPad13,16","iPhone9,1","iPod9,1")") +
-                 "]"),
-        (Lines{"iOS 18.2 x4 iPhone17,3", "iPadOS 18.2 x2 iPad13,16"}));
+    EXPECT_EQ(offersIn("\"iOS\":[" +
+                       asset("18.2", "2026-04-01",
+                             "iPhone17,1 iPad9,1 iPhone17,3 iPad13,16 iPhone9,1 iPod9,1") +
+                       "]"),
+              (Lines{"iOS 18.2 x4 iPhone17,3", "iPadOS 18.2 x2 iPad13,16"}));
     EXPECT_EQ(offersIn("\"iOS\":[" +
                        asset("1", "2026-04-01",
-                             R"("Watch7,1","AppleTV14,1","RealityDevice14,1","HomePod6,1")") +
-                       "],\"macOS\":[" + asset("1", "2026-03-01", R"("J132AP","Mac16,1","iPhone1,1")") +
-                       "],\"visionOS\":[" + asset("1", "2026-02-01", R"("iPad1,1")") + "]"),
-              (Lines{"watchOS 1 x1 Watch7,1", "tvOS 1 x1 AppleTV14,1",
-                     "visionOS 1 x1 RealityDevice14,1", "iOS 1 x1 HomePod6,1", "macOS 1 x3 Mac16,1",
-                     "visionOS 1 x1 iPad1,1"})
+                             "Watch7,1 AppleTV14,1 RealityDevice14,1 HomePod6,1") +
+                       "],\"macOS\":[" + asset("1", "2026-03-01", "J132AP Mac16,1 iPhone1,1") +
+                       "],\"visionOS\":[" + asset("1", "2026-02-01", "iPad1,1") + "]"),
+              (Lines{"iOS 1 x1 HomePod6,1", "watchOS 1 x1 Watch7,1", "tvOS 1 x1 AppleTV14,1",
+                     "visionOS 1 x1 RealityDevice14,1", "macOS 1 x3 Mac16,1",
+                     "visionOS 1 x1 iPad1,1"}))
         << "the set's own name is the platform of an unknown family; Macs are never sorted";
-    EXPECT_EQ(offersIn("\"iOS\":[" + asset("1", "2026-04-01", R"("iPhone1,1","iPhoneA1,1")") + "]"),
+    EXPECT_EQ(offersIn("\"iOS\":[" + asset("1", "2026-04-01", "iPhone1,1 iPhoneA1,1") + "]"),
               (Lines{"iOS 1 x2 iPhone1,1"}))
         << "the first of equal models";
 }
 
 TEST(AppleUpdateCatalog, TheLatestComesFirstThenTheHigherVersionThenThePlatformsOrder) {
     const auto phone = [](const char* version, const char* posted) {
-        return asset(version, posted, R"("iPhone1,1")");
+        return asset(version, posted, "iPhone1,1");
     };
     EXPECT_EQ(
         offersIn("\"iOS\":[" + phone("18.2", "2026-04-01") + "," + phone("18.10", "2026-04-01") +
                  "," + phone("9", "2026-04-02") + "," + phone("99", "soon") + "],\"audioOS\":[" +
-                 asset("18.10", "2026-04-01", R"("AudioAccessory1,1")") + "],\"macOS\":[" +
-                 asset("18.10", "2026-04-01", R"("Mac1,1")") + "]"),
+                 asset("18.10", "2026-04-01", "AudioAccessory1,1") + "],\"macOS\":[" +
+                 asset("18.10", "2026-04-01", "Mac1,1") + "]"),
         (Lines{"iOS 9 x1 iPhone1,1", "iOS 18.10 x1 iPhone1,1", "macOS 18.10 x1 Mac1,1",
                "audioOS 18.10 x1 AudioAccessory1,1", "iOS 18.2 x1 iPhone1,1"}));
 }
@@ -122,7 +124,8 @@ TEST(SignalsDecoding, AnAnswerWithAFaultAnywhereIsRefusedWholeAndThePlaceIsNamed
         {"firmwares[0].releasedate: a text is expected",
          signing(R"({"name":"a","firmwares":[)" + firmware("5") + "]}")},
         {"PublicAssetSets.iOS[0].SupportedDevices[1]: a text is expected",
-         updates("{\"iOS\":[" + asset("1", "soon", "\"a\",null") + "]}")},
+         updates(R"({"iOS":[{"ProductVersion":"1","Build":"B","PostingDate":"soon",)"
+                 R"("SupportedDevices":["a",null]}]})")},
         {"PublicAssetSets: an object is expected", updates("[]")},
         {"feed.results[0].url: the key is missing",
          chart(R"({"feed":{"results":[{"id":"1","name":"n","artistName":"a"}]}})")},
