@@ -28,7 +28,7 @@ using Type = SettingKey::Type;
 constexpr std::array kQuoteRanges{rawValue(QuoteRange::day), rawValue(QuoteRange::week),
                                   rawValue(QuoteRange::month), rawValue(QuoteRange::year)};
 
-// One model of each line, because a line's models are signed alike.
+// Of each line that Apple sells, some models: the others of a line are signed alike.
 constexpr std::string_view kCurrentDevices =
     "iPhone18,3, iPhone18,4, iPhone18,1, iPhone17,5, iPad17,1, iPad15,3, iPad15,7, iPad16,1, "
     "Mac16,12, Mac17,2";
