@@ -72,8 +72,9 @@ std::variant<CommandLine, int> readCommandLine(int argc, char** argv) {
                    if (!complaint.empty()) throw CLI::ValidationError("--misbehave", complaint);
                }
            },
-           "let a source or a tracker (status, developer-status, releases, events, quote, "
-           "quotes, signing, updates, charts) go wrong (repeatable); KIND is one of those below")
+           "let a source, a tracker (status, developer-status, releases, events, quote, quotes, "
+           "signing, updates, charts) or the archive (archive-stories, archive-status, "
+           "archive-credits, archive-trace) go wrong (repeatable); KIND is one of those below")
         ->type_name("ID=KIND")
         ->allow_extra_args(false);
     app.add_flag("--log", options.log, "write a line per request to standard error");

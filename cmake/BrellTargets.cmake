@@ -92,3 +92,16 @@ function(brell_test name)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT})
 endfunction()
+
+# brell_quick_test(test_controls SOURCES ... USES ...)
+# Runs the tst_*.qml files beside it, without a display.
+function(brell_quick_test name)
+  cmake_parse_arguments(T "" "" "SOURCES;USES" ${ARGN})
+  brell_program(${name} QT SOURCES ${T_SOURCES} USES ${T_USES} Qt6::QuickTest)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_compile_definitions(${name} PRIVATE
+      QUICK_TEST_SOURCE_DIR="${CMAKE_CURRENT_SOURCE_DIR}")
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 120
+      ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software")
+endfunction()

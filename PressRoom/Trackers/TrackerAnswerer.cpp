@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Addresses/WebAddress.h"
+#include "PressRoom/MakersService.h"
 #include "PressRoom/Trackers/StatusFile.h"
 #include "PressRoom/Trackers/WireService.h"
 #include "PressRoom/World/Markup.h"
@@ -20,27 +20,7 @@ constexpr std::string_view kStatusPage = "/support/systemstatus/";
 constexpr std::string_view kStatusFile = "/support/systemstatus/data/system_status_en_US.js";
 constexpr std::string_view kDeveloperFile =
     "/support/systemstatus/data/developer/system_status_en_US.js";
-constexpr std::string_view kServiceHost = "tarnwick-brell.example";
 constexpr std::string_view kService = "/wp-json/tb-wire/v1/";
-
-std::string queryItem(const Request& request, std::string_view name) {
-    const auto question = request.target.find('?');
-    if (question == request.target.npos) return {};
-    const std::string_view target = request.target;
-    for (const auto& item : newsroom::WebAddress::queryItems(target.substr(question + 1))) {
-        if (item.name == name) return item.value;
-    }
-    return {};
-}
-
-/// As the platform behind the service complains.
-Response complaint(int status, std::string_view code, std::string_view message) {
-    const json::object body{
-        {"code", code}, {"message", message}, {"data", json::object{{"status", status}}}};
-    return {.status = status,
-            .headers = {{"Content-Type", "application/json; charset=UTF-8"}},
-            .body = json::serialize(body)};
-}
 
 }  // namespace
 
@@ -59,18 +39,20 @@ std::optional<Response> TrackerAnswerer::answer(const Request& request, sys_seco
         if (path == kDeveloperFile) return status(true, request, now);
         return std::nullopt;
     }
-    if (request.host != kServiceHost || !path.starts_with(kService)) return std::nullopt;
+    if (request.host != kMakersHost || !path.starts_with(kService)) return std::nullopt;
     path.remove_prefix(kService.size());
     if (path == "releases") {
-        return faults_.served(path, request, {releases(files_.releases, anchor_, now), "systems", "build",
-                                      "published"});
+        return faults_.served(
+            path, request,
+            {releases(files_.releases, anchor_, now), "systems", "build", "published"});
     }
     if (path == "events") {
         return faults_.served(path, request,
-                      {events(files_.calendar, anchor_, now), "events", "title", "starts"});
+                              {events(files_.calendar, anchor_, now), "events", "title", "starts"});
     }
     if (path == "quotes") {
-        return faults_.served(path, request, {board(files_.board, anchor_, now), "quotes", "price", "t"});
+        return faults_.served(path, request,
+                              {board(files_.board, anchor_, now), "quotes", "price", "t"});
     }
     if (path == "quote") return quoteOf(request, now);
     return complaint(404, "rest_no_route", "No route was found matching the URL.");
@@ -79,11 +61,11 @@ std::optional<Response> TrackerAnswerer::answer(const Request& request, sys_seco
 Response TrackerAnswerer::status(bool isDeveloper, const Request& request, sys_seconds now) const {
     const auto& world = isDeveloper ? files_.developer : files_.consumer;
     return faults_.served(isDeveloper ? "developer-status" : "status", request,
-                  {.document = statusFile(world, anchor_, now),
-                   .list = "services",
-                   .requiredKey = "serviceName",
-                   .dateKey = "epochStartDate",
-                   .isWrapped = !isDeveloper});
+                          {.document = statusFile(world, anchor_, now),
+                           .list = "services",
+                           .requiredKey = "serviceName",
+                           .dateKey = "epochStartDate",
+                           .isWrapped = !isDeveloper});
 }
 
 Response TrackerAnswerer::quoteOf(const Request& request, sys_seconds now) const {

@@ -14,11 +14,12 @@ namespace pressroom {
 struct Item {
     const WorldStory* story = nullptr;
     const WorldSource* source = nullptr;
-    std::string key = {};   ///< short text the platform names the item by, unique in its feed
-    std::string link = {};  ///< what the feed links to
-    std::string page = {};  ///< address on the owner's own site
-    std::string text = {};  ///< plain; references to other stories are resolved in it
-    std::string html = {};  ///< the same in HTML, often richer
+    std::string key = {};    ///< short text the platform names the item by, unique in its feed
+    std::string link = {};   ///< what the feed links to
+    std::string page = {};   ///< address on the owner's own site
+    std::string named = {};  ///< page of a story that it names without a link; often empty
+    std::string text = {};   ///< plain; references to other stories are resolved in it
+    std::string html = {};   ///< the same in HTML, often richer
     std::chrono::sys_seconds appears = {};
 };
 

@@ -43,7 +43,7 @@ struct Misbehaviour {
 /// number that it does not take.
 std::optional<Misbehaviour> readMisbehaviour(std::string_view text);
 
-/// By source id or tracker's name.
+/// By source id, or by the name of a tracker or of a part of the archive.
 using Misbehaviours = std::map<std::string, Misbehaviour, std::less<>>;
 
 }  // namespace pressroom

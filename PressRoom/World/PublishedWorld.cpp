@@ -122,6 +122,7 @@ void PublishedWorld::resolve(Item& item) const {
     item.link = item.page;
     if (story.link) item.link = filled(dateParts(*story.link, item.appears), "{key}", item.key);
     if (story.linkOf) item.link = reference(item, *story.linkOf);
+    if (story.names) item.named = reference(item, *story.names);
     if (story.tracking)
         item.link += (item.link.find('?') == std::string::npos ? "?" : "&") + *story.tracking;
 

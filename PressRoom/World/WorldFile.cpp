@@ -40,6 +40,7 @@ struct RecordShape<WorldStory> {
                    field("author", &WorldStory::author),
                    field("link", &WorldStory::link),
                    field("linkOf", &WorldStory::linkOf),
+                   field("names", &WorldStory::names),
                    field("tracking", &WorldStory::tracking),
                    field("slug", &WorldStory::slug),
                    field("publisher", &WorldStory::publisher),

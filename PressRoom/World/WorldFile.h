@@ -52,6 +52,7 @@ struct WorldStory {
     std::optional<std::string> author;
     std::optional<std::string> link;
     std::optional<std::string> linkOf;
+    std::optional<std::string> names;
     std::optional<std::string> tracking;
     std::optional<std::string> slug;
     std::optional<std::string> publisher;

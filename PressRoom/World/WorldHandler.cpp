@@ -1,14 +1,16 @@
 #include "PressRoom/World/WorldHandler.h"
 
+#include "PressRoom/Archive/ArchiveAnswerer.h"
 #include "PressRoom/World/PageAnswerer.h"
 
 namespace pressroom {
 
-WorldHandler::WorldHandler(World world, WorldClock clock, const Misbehaviours& misbehaviours,
+WorldHandler::WorldHandler(World world, WorldClock clock, Misbehaviours misbehaviours,
                            Answerers further)
     : world_(std::move(world), clock.anchor),
       clock_(std::move(clock)),
       answerers_(std::move(further)) {
+    answerers_.push_back(std::make_unique<ArchiveAnswerer>(world_, misbehaviours));
     answerers_.push_back(std::make_unique<FeedAnswerer>(world_, misbehaviours));
     answerers_.push_back(std::make_unique<PageAnswerer>(world_));
 }

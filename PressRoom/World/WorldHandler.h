@@ -15,7 +15,7 @@ class WorldHandler {
 public:
     /// `further` are asked before the world's own answerers. Throws std::runtime_error when
     /// the stories do not fit together or a source that is to misbehave does not exist.
-    WorldHandler(World world, WorldClock clock, const Misbehaviours& misbehaviours = {},
+    WorldHandler(World world, WorldClock clock, Misbehaviours misbehaviours = {},
                  Answerers further = {});
 
     /// Safe from several threads.

@@ -28,6 +28,8 @@ void addBoardCommand(CLI::App& app, Command& chosen);
 void addSigningCommand(CLI::App& app, Command& chosen);
 void addUpdatesCommand(CLI::App& app, Command& chosen);
 void addChartsCommand(CLI::App& app, Command& chosen);
+void addArchiveCommand(CLI::App& app, Command& chosen);
+void addTraceCommand(CLI::App& app, Command& chosen);
 void addSettingsCommand(CLI::App& app, Command& chosen);
 void addNewsroomCommand(CLI::App& app, Command& chosen);
 void addBeatCommand(CLI::App& app, Command& chosen);

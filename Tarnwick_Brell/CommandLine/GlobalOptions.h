@@ -1,18 +1,12 @@
 #pragma once
 
-#include <filesystem>
-#include <optional>
-#include <string>
+#include "Tarnwick_Brell/Shell/DeskOptions.h"
 
 namespace brell {
 
 /// Options that every subcommand takes.
-struct GlobalOptions {
+struct GlobalOptions : desk::DeskOptions {
     bool json = false;
-    bool demo = false;
-    std::optional<std::filesystem::path> dataDir;
-    std::optional<std::string> connectTo;
-    std::optional<std::filesystem::path> caFile;
 };
 
 }  // namespace brell

@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Trackers/QuotePlaces.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 
 namespace brell {
@@ -70,33 +71,6 @@ struct Scale {
 
 bool isOneDay(const StockQuote& quote) { return quote.range == "1d"; }
 
-/// Whether the points can stand where their times are between the session's open and close.
-bool isWithinSession(const StockQuote& quote) {
-    const auto& points = quote.points;
-    return isOneDay(quote) && quote.sessionOpen && quote.sessionClose &&
-           *quote.sessionOpen < *quote.sessionClose &&
-           std::ranges::all_of(points, [&](const StockQuote::Point& point) {
-               return point.time >= *quote.sessionOpen && point.time <= *quote.sessionClose;
-           }) && std::ranges::is_sorted(points, {}, &StockQuote::Point::time);
-}
-
-/// From 0 at the left to 1 at the right. A day's points stand where their times are in the
-/// session; points of several sessions follow each other without the nights between.
-std::vector<double> places(const StockQuote& quote) {
-    const auto& points = quote.points;
-    std::vector<double> places(points.size());
-    const bool standsInSession = isWithinSession(quote);
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        if (standsInSession) {
-            const std::chrono::duration<double> whole = *quote.sessionClose - *quote.sessionOpen;
-            places[i] = (points[i].time - *quote.sessionOpen) / whole;
-        } else {
-            places[i] = static_cast<double>(i) / static_cast<double>(points.size() - 1);
-        }
-    }
-    return places;
-}
-
 void drawReference(Canvas& canvas, const Scale& scale, double price) {
     for (std::size_t x = 0; x < canvas.width(); x += 4) canvas.set(x, scale.dot(price));
 }
@@ -105,7 +79,7 @@ void drawReference(Canvas& canvas, const Scale& scale, double price) {
 /// peak is lost and steep pieces have no gaps.
 void drawCurve(Canvas& canvas, const Scale& scale, const StockQuote& quote) {
     const auto lastX = static_cast<double>(canvas.width() - 1);
-    const auto at = places(quote);
+    const auto at = newsroom::pointPlaces(quote);
     for (std::size_t i = 1; i < at.size(); ++i) {
         const double fromX = at[i - 1] * lastX, toX = at[i] * lastX;
         const double from = quote.points[i - 1].close, to = quote.points[i].close;
@@ -130,7 +104,7 @@ std::string axis(const StockQuote& quote, std::size_t columns) {
     auto right = dayAndTime(quote.points.back().time);
     constexpr std::size_t day = 10, timeAt = 11;
     if (isOneDay(quote)) {
-        if (isWithinSession(quote)) right = dayAndTime(*quote.sessionClose);
+        if (newsroom::isWithinSession(quote)) right = dayAndTime(*quote.sessionClose);
         right.erase(0, timeAt);
     } else {
         left.resize(day);

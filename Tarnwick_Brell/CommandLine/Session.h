@@ -1,21 +1,20 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 
 #include "NewsroomKit/HTTP/CurlTransport.h"
 #include "NewsroomKit/Records/Instant.h"
-#include "Tarnwick_Brell/CommandLine/DemoPressRoom.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/Output.h"
+#include "Tarnwick_Brell/Shell/Premises.h"
+#include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Storage/Defaults.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Storage/Paths.h"
 
 namespace brell {
 
-/// The wall clock, asked only here.
-newsroom::Instant currentInstant();
+using desk::currentInstant;
 
 /// One run of the command line: its options, its output and the user's store. What a command
 /// does not ask for is not opened.
@@ -26,7 +25,7 @@ public:
     const GlobalOptions& options() const { return options_; }
     Output& out() { return out_; }
     newsroom::Instant now() const { return now_; }
-    const desk::Paths& paths() const { return paths_; }
+    const desk::Paths& paths() const { return premises_.paths(); }
 
     /// The library for a command that changes it: to be asked for before anything reads it.
     /// Throws desk::StoreError.
@@ -43,8 +42,7 @@ private:
     GlobalOptions options_;
     Output out_;
     newsroom::Instant now_;
-    desk::Paths paths_;
-    std::unique_ptr<DemoPressRoom> pressRoom_;
+    desk::Premises premises_;
     std::unique_ptr<desk::LocalStore> store_;
     bool isForReading_ = false;
     std::unique_ptr<desk::Defaults> defaults_;

@@ -13,8 +13,4 @@ std::string outletLine(const newsroom::Story& story);
 /// "Deal", "Report", "Video · Rumor"; empty for unlabeled coverage.
 std::string labelLine(const newsroom::Story& story);
 
-/// Why the story has its kind and its sourcing, a sentence each.
-std::string kindReason(const newsroom::Story& story);
-std::string sourcingReason(const newsroom::Story& story);
-
 }  // namespace brell

@@ -5,7 +5,7 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Editorial/PhraseMatcher.h"
+#include "NewsroomKit/Trackers/MarkedEvents.h"
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
@@ -18,7 +18,6 @@ namespace brell {
 namespace {
 
 using Lines = std::vector<std::string>;
-using newsroom::AppleCalendarEvent;
 using newsroom::AppleServiceStatus;
 using newsroom::Instant;
 using newsroom::PanelSpec;
@@ -30,28 +29,6 @@ constexpr std::size_t kDistanceColumns = 12;
 
 desk::LastGood lastGood(PanelHoldings& holdings) {
     return desk::LastGood(holdings.session().storeForReading());
-}
-
-/// The events that a panel marks: those that its terms name, or all but anniversaries.
-std::vector<AppleCalendarEvent> markedEvents(const std::vector<AppleCalendarEvent>& events,
-                                             const std::vector<std::string>& terms) {
-    std::vector<newsroom::PhraseMatcher> matchers;
-    for (const auto& term : terms) {
-        newsroom::PhraseMatcher matcher(term);
-        if (!matcher.phrase.empty()) matchers.push_back(std::move(matcher));
-    }
-    std::vector<AppleCalendarEvent> marked;
-    for (const auto& event : events) {
-        const auto title = newsroom::PhraseMatcher::normalize(event.title);
-        const bool isNamed =
-            std::any_of(matchers.begin(), matchers.end(),
-                        [&](const auto& matcher) { return matcher.matches(title); });
-        if (matchers.empty() ? !event.isAnniversary() : isNamed) marked.push_back(event);
-    }
-    std::stable_sort(marked.begin(), marked.end(), [](const auto& a, const auto& b) {
-        return a.starts < b.starts;
-    });
-    return marked;
 }
 
 std::set<std::string> platformsOf(const PanelSpec& panel) {

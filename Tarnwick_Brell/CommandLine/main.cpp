@@ -12,6 +12,7 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/Shell/Premises.h"
 
 namespace {
 
@@ -31,31 +32,9 @@ int complain(int status, const std::string& sentence) {
     return status;
 }
 
-/// An empty host would quietly mean the real one.
-std::string hostAndPort(const std::string& text) {
-    const auto colon = text.rfind(':');
-    const bool hasHost = colon != std::string::npos && colon > 0;
-    const auto port = hasHost ? text.substr(colon + 1) : std::string();
-    const bool digits = !port.empty() && port.size() <= 5 &&
-                        port.find_first_not_of("0123456789") == std::string::npos;
-    const bool good = digits && std::stoi(port) >= 1 && std::stoi(port) <= 65535;
-    return good ? "" : "\"" + text + "\" is no HOST:PORT";
-}
-
 void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
     app.add_flag("--json", options.json, "Print one JSON value instead of text");
-    app.add_option("--data-dir", options.dataDir, "Keep library and settings in this folder")
-        ->type_name("DIR")
-        ->check([](const std::string& text) {
-            return text.empty() ? std::string("the folder's name is empty") : std::string();
-        });
-    app.add_flag("--demo", options.demo,
-                 "Use the bundled press room and a store of its own; needs no network");
-    app.add_option("--connect-to", options.connectTo, "Send every connection to this address")
-        ->type_name("HOST:PORT")
-        ->check(hostAndPort);
-    app.add_option("--ca-file", options.caFile, "Certificate authority to trust for it")
-        ->type_name("FILE");
+    desk::addDeskOptions(app, options);
 }
 
 /// What was done before a failure is told before the failure is.
@@ -77,6 +56,8 @@ int run(const Command& command, GlobalOptions options) {
         Session session(std::move(options));
         return carryOut(command, session);
     } catch (const WrongUsage& error) {
+        return complain(kWrongUsage, error.what());
+    } catch (const desk::OptionsClash& error) {
         return complain(kWrongUsage, error.what());
     } catch (const std::exception& error) {
         return complain(kWorkFailed, error.what());
@@ -113,6 +94,8 @@ int main(int argc, char** argv) {
     addSigningCommand(app, chosen);
     addUpdatesCommand(app, chosen);
     addChartsCommand(app, chosen);
+    addArchiveCommand(app, chosen);
+    addTraceCommand(app, chosen);
     addSettingsCommand(app, chosen);
     addLibraryCommand(app, chosen);
     addInspectCommand(app, chosen);

@@ -6,13 +6,6 @@ namespace desk {
 
 using newsroom::Story;
 
-namespace {
-
-// News that is told again after three days is told as new.
-constexpr std::chrono::hours kClustered{72};
-
-}  // namespace
-
 Backroom::Backroom(LocalStore& store, newsroom::FeedClient::Clock clock,
                    const std::atomic<bool>& isClosing)
     : store_(store), clock_(std::move(clock)), isClosing_(isClosing), roster_(store.sources()) {}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -52,6 +53,10 @@ struct DeskStep {
 /// steps that bring it up to date. Used on the worker's thread only.
 class Backroom {
 public:
+    /// Stories that are older belong to no cluster: news that is told again after three days is
+    /// told as new.
+    static constexpr std::chrono::hours kClustered{72};
+
     /// Reading gives up when `isClosing`.
     Backroom(LocalStore& store, newsroom::FeedClient::Clock clock,
              const std::atomic<bool>& isClosing);

@@ -10,19 +10,6 @@ namespace {
 /// How many stories are tested between two looks at the clock.
 constexpr std::size_t kStride = 256;
 
-std::size_t firstPlaceBelow(const Wire& wire, std::int64_t number) {
-    std::size_t low = 0, high = wire.size();
-    while (low < high) {
-        const std::size_t middle = low + (high - low) / 2;
-        if (wire[middle].number() < number) {
-            high = middle;
-        } else {
-            low = middle + 1;
-        }
-    }
-    return low;
-}
-
 }  // namespace
 
 std::optional<std::size_t> LiveQuery::placeOf(std::int64_t number) const {
@@ -32,12 +19,14 @@ std::optional<std::size_t> LiveQuery::placeOf(std::int64_t number) const {
     return static_cast<std::size_t>(found - numbers_.begin());
 }
 
-bool LiveQuery::wants(const PackedStory& story) const {
-    return query_.matches(newsroom::StoryFacts{.kind = story.kind(),
-                                               .sourcing = story.sourcing(),
-                                               .sourceID = story.sourceID(),
-                                               .title = story.title(),
-                                               .summary = story.summary()});
+LiveQuery::Test LiveQuery::test(const newsroom::StoryQuery& query) {
+    return [query = query.compiled()](const PackedStory& story) {
+        return query.matches(newsroom::StoryFacts{.kind = story.kind(),
+                                                  .sourcing = story.sourcing(),
+                                                  .sourceID = story.sourceID(),
+                                                  .title = story.title(),
+                                                  .summary = story.summary()});
+    };
 }
 
 WireChange LiveQuery::begin() {
@@ -46,10 +35,16 @@ WireChange LiveQuery::begin() {
     return {.isReset = true};
 }
 
+WireChange LiveQuery::begin(std::vector<std::int64_t> found) {
+    numbers_ = std::move(found);
+    untestedBelow_ = kNone;
+    return {.isReset = true};
+}
+
 WireChange LiveQuery::continueFor(const Wire& wire, std::chrono::steady_clock::duration budget) {
     WireChange change;
     const auto end = std::chrono::steady_clock::now() + budget;
-    std::size_t place = firstPlaceBelow(wire, untestedBelow_);
+    std::size_t place = wire.firstPlaceBelow(untestedBelow_);
     do {
         const std::size_t stop = std::min(place + kStride, wire.size());
         for (; place < stop; ++place) {

@@ -35,7 +35,13 @@ public:
     std::string_view id() const { return text(Text::id); }
     std::string_view title() const { return text(Text::title); }
     std::string_view summary() const { return text(Text::summary); }
+    std::string_view link() const { return text(Text::link); }
     std::string_view sourceID() const { return text(Text::sourceID); }
+    std::string_view sourceName() const { return text(Text::sourceName); }
+    /// Empty when there is none.
+    std::string_view destinationName() const { return text(Text::destinationName); }
+    std::string_view imageURL() const { return text(Text::imageURL); }
+    bool isAppleSource() const { return isAppleSource_; }
     newsroom::StoryKind kind() const { return kind_; }
     newsroom::Sourcing sourcing() const { return sourcing_; }
     Arrival arrival() const { return arrival_; }

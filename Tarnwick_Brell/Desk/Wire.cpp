@@ -26,6 +26,13 @@ std::optional<std::size_t> Wire::placeOf(std::int64_t number) const {
     return static_cast<std::size_t>(found - stories_.begin());
 }
 
+std::size_t Wire::firstPlaceBelow(std::int64_t number) const {
+    const auto found = std::partition_point(
+        stories_.begin(), stories_.end(),
+        [&](const PackedStory::Owner& story) { return story->number() >= number; });
+    return static_cast<std::size_t>(found - stories_.begin());
+}
+
 void Wire::index(const PackedStory& story) {
     byID_.insert_or_assign(story.id(), const_cast<PackedStory*>(&story));
     readCount_ += story.isRead() ? 1 : 0;

@@ -39,6 +39,8 @@ public:
     /// Null when there is no such story.
     const PackedStory* find(std::string_view id) const;
     std::optional<std::size_t> placeOf(std::int64_t number) const;
+    /// Of the first story with a lower number; size() when there is none.
+    std::size_t firstPlaceBelow(std::int64_t number) const;
 
     std::size_t unreadCount() const { return size() - readCount_; }
     std::size_t savedCount() const { return savedCount_; }

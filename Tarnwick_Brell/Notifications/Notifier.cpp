@@ -10,7 +10,7 @@
 #include <QUrl>
 #include <QVariantMap>
 
-#include "Tarnwick_Brell/Notifications/NotificationText.h"
+#include "Tarnwick_Brell/Text/ShownText.h"
 
 namespace desk {
 

@@ -115,6 +115,8 @@ std::string Defaults::focusSymbol() const { return suitable(SettingKey::kFocusSy
 
 std::string Defaults::serviceAddress() const { return suitable(SettingKey::kServiceAddress); }
 
+std::string Defaults::appearance() const { return suitable(SettingKey::kAppearance); }
+
 std::optional<Defaults::Memory> Defaults::memory(std::string_view key) const {
     const auto stored = text(key);
     if (!stored) return std::nullopt;

@@ -55,6 +55,7 @@ public:
     newsroom::QuoteRange quoteRange() const;
     std::string focusSymbol() const;
     std::string serviceAddress() const;
+    std::string appearance() const;
 
     /// What the desk itself remembers between two runs, under keys that are no settings. A
     /// value that does not read counts as absent.

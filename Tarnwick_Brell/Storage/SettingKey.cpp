@@ -28,6 +28,8 @@ using Type = SettingKey::Type;
 constexpr std::array kQuoteRanges{rawValue(QuoteRange::day), rawValue(QuoteRange::week),
                                   rawValue(QuoteRange::month), rawValue(QuoteRange::year)};
 
+constexpr std::array<std::string_view, 3> kAppearances{"system", "light", "dark"};
+
 // Of each line that Apple sells, some models: the others of a line are signed alike.
 constexpr std::string_view kCurrentDevices =
     "iPhone18,3, iPhone18,4, iPhone18,1, iPhone17,5, iPad17,1, iPad15,3, iPad15,7, iPad16,1, "
@@ -56,6 +58,8 @@ constexpr std::array kKeys{
                "certificate file to trust for Apple's update catalogue", "", Type::file},
     SettingKey{SettingKey::kSigningDevices, "models for which firmware signing is followed",
                kCurrentDevices, Type::deviceList},
+    SettingKey{SettingKey::kAppearance, "whether the window is light, dark or as the desktop is",
+               "system", Type::choice, kAppearances},
 };
 
 constexpr std::size_t kLongestSymbol = 24;

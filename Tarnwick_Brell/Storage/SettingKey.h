@@ -37,6 +37,7 @@ struct SettingKey {
     static constexpr std::string_view kQuoteRange = "quoteRange";
     static constexpr std::string_view kFocusSymbol = "focusSymbol";
     static constexpr std::string_view kServiceAddress = "serviceAddress";
+    static constexpr std::string_view kAppearance = "appearance";
 };
 
 }  // namespace desk

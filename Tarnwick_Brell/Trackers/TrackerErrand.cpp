@@ -6,6 +6,13 @@ namespace asio = boost::asio;
 
 using newsroom::StatusAudience;
 
+namespace {
+
+// Some ten platforms have a hundred builds a year each; nobody scrolls back further.
+constexpr std::size_t kMostBuilds = 500;
+
+}  // namespace
+
 TrackerRefresh TrackerStore::Errand::refreshAt(Bench& bench) const {
     return TrackerRefresh(bench.store, bench.engine.http(), clock_, serviceAddress_);
 }
@@ -45,8 +52,10 @@ TrackerStore::Errand::Work TrackerStore::Errand::status(Bench& bench) const {
 TrackerStore::Errand::Work TrackerStore::Errand::releases(Bench& bench) const {
     auto refresh = refreshAt(bench);
     auto releases = co_await refresh.releases();
-    tell([reading = std::move(releases)](TrackerStore& store) {
+    auto builds = bench.store.builds().newest(kMostBuilds);
+    tell([reading = std::move(releases), builds = std::move(builds)](TrackerStore& store) {
         store.held_.releases = reading;
+        store.takeBuilds(builds);
         store.rounds_.note(TrackerRound::releases, !reading.error);
         emit store.releasesChanged();
     });
@@ -115,7 +124,8 @@ DeskWorker::Job TrackerStore::Errand::stored(QuoteKeys wanted) const {
                   .developer = lastGood.status(StatusAudience::developer),
                   .releases = lastGood.releases(),
                   .events = lastGood.events(),
-                  .board = lastGood.board()};
+                  .board = lastGood.board(),
+                  .builds = bench.store.builds().newest(kMostBuilds)};
         for (const auto& key : wanted) held.quotes[key] = lastGood.quote(key.symbol, key.range);
         errand.tell([held = std::move(held)](TrackerStore& store) { store.takeStored(held); });
     };

@@ -14,7 +14,6 @@ using newsroom::StockQuote;
 
 namespace {
 
-constexpr std::chrono::seconds kQuoteFreshFor{60};
 // Points of a year are days.
 constexpr std::chrono::hours kYearFreshFor{6};
 constexpr std::size_t kMostQuotesHeld = 100;
@@ -70,7 +69,8 @@ void TrackerStore::takeStored(Held stored) {
     const bool hasConsumer = takeOver(held_.consumer, stored.consumer);
     const bool hasDeveloper = takeOver(held_.developer, stored.developer);
     if (hasConsumer || hasDeveloper) emit statusChanged();
-    if (takeOver(held_.releases, stored.releases)) emit releasesChanged();
+    const bool hasBuilds = takeBuilds(std::move(stored.builds));
+    if (takeOver(held_.releases, stored.releases) || hasBuilds) emit releasesChanged();
     if (takeOver(held_.events, stored.events)) emit eventsChanged();
     if (takeOver(held_.board, stored.board)) emit boardChanged();
     bool hasQuote = false;
@@ -177,6 +177,13 @@ void TrackerStore::takeQuote(const QuoteKey& key, Quote quote) {
     emit quotesChanged();
 }
 
+// Each look at the library has all that the one before had.
+bool TrackerStore::takeBuilds(std::vector<SeenBuild> builds) {
+    if (builds == held_.builds) return false;
+    held_.builds = std::move(builds);
+    return true;
+}
+
 void TrackerStore::noteMarket() {
     if (auto* schedule = rounds_.schedule()) {
         schedule->setMarketOpen(std::ranges::any_of(present(wanted_), &StockQuote::isOpen));
@@ -206,6 +213,10 @@ void TrackerStore::setCompared(std::vector<std::string> symbols) {
     followWishes();
 }
 
+void TrackerStore::readQuote(QuoteRange range, std::chrono::seconds freshFor) {
+    fetchQuotes({{std::string(kShare), range}}, freshFor);
+}
+
 void TrackerStore::readYear() { fetchQuotes(wantedQuotes(QuoteRange::year), kYearFreshFor); }
 
 const TrackerStore::Quote& TrackerStore::held(const QuoteKey& key) const {
@@ -214,8 +225,10 @@ const TrackerStore::Quote& TrackerStore::held(const QuoteKey& key) const {
     return entry == held_.quotes.end() ? none : entry->second;
 }
 
-const TrackerStore::Quote& TrackerStore::quote() const {
-    return held({std::string(kShare), quoteRange()});
+const TrackerStore::Quote& TrackerStore::quote() const { return quote(quoteRange()); }
+
+const TrackerStore::Quote& TrackerStore::quote(QuoteRange range) const {
+    return held({std::string(kShare), range});
 }
 
 const TrackerStore::Quote& TrackerStore::focusQuote() const {
@@ -240,8 +253,6 @@ std::vector<StockQuote> TrackerStore::yearQuotes() const {
     return present(wantedQuotes(QuoteRange::year));
 }
 
-std::optional<Instant> TrackerStore::yearRead() const {
-    return held({std::string(kShare), QuoteRange::year}).fetchedAt;
-}
+std::optional<Instant> TrackerStore::yearRead() const { return quote(QuoteRange::year).fetchedAt; }
 
 }  // namespace desk

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <map>
 #include <memory>
@@ -14,6 +15,7 @@
 #include "NewsroomKit/Ingestion/FeedClient.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
 #include "Tarnwick_Brell/Desk/Mailbox.h"
+#include "Tarnwick_Brell/Storage/BuildHistory.h"
 #include "Tarnwick_Brell/Storage/Defaults.h"
 #include "Tarnwick_Brell/Trackers/Rounds.h"
 #include "Tarnwick_Brell/Trackers/TrackerNews.h"
@@ -34,6 +36,7 @@ public:
 
     /// Apple's own share.
     static constexpr std::string_view kShare = "AAPL";
+    static constexpr std::chrono::seconds kQuoteFreshFor{60};
 
     /// The worker must outlive it.
     TrackerStore(DeskWorker& worker, Defaults& defaults, newsroom::FeedClient::Clock clock);
@@ -54,6 +57,8 @@ public:
         return held_.events;
     }
     const TrackerReading<std::vector<newsroom::BoardQuote>>& board() const { return held_.board; }
+    /// The builds that the desk has seen, the last seen first; releasesChanged tells of new ones.
+    const std::vector<SeenBuild>& builds() const { return held_.builds; }
 
     newsroom::QuoteRange quoteRange() const { return defaults_.quoteRange(); }
     std::string focusSymbol() const { return defaults_.focusSymbol(); }
@@ -61,6 +66,8 @@ public:
     /// The share, and the focus symbol, over quoteRange.
     const Quote& quote() const;
     const Quote& focusQuote() const;
+    /// The share over any range. See readQuote().
+    const Quote& quote(newsroom::QuoteRange range) const;
     /// Of the compared symbols over quoteRange: those that are there.
     std::vector<newsroom::StockQuote> comparisonQuotes() const;
     /// The share, the focus and the compared symbols over a year: those that are there. See
@@ -86,6 +93,8 @@ public:
     /// Throws std::invalid_argument with a sentence when it is no symbol.
     void setFocusSymbol(const std::string& symbol);
     void setCompared(std::vector<std::string> symbols);
+    /// Fetches the share over a range when that is missing or older than `freshFor`.
+    void readQuote(newsroom::QuoteRange range, std::chrono::seconds freshFor = kQuoteFreshFor);
     /// Fetches the quotes of a year that are missing or of another day.
     void readYear();
 
@@ -128,6 +137,7 @@ private:
         TrackerReading<std::vector<newsroom::PlatformRelease>> releases{};
         TrackerReading<std::vector<newsroom::AppleCalendarEvent>> events{};
         TrackerReading<std::vector<newsroom::BoardQuote>> board{};
+        std::vector<SeenBuild> builds{};
         std::map<QuoteKey, Quote> quotes{};
     };
 
@@ -146,6 +156,7 @@ private:
     void end(TrackerRound round);
     void takeStored(Held stored);
     void takeQuote(const QuoteKey& key, Quote quote);
+    bool takeBuilds(std::vector<SeenBuild> builds);
     void noteMarket();
     void fail(const std::string& sentence);
 

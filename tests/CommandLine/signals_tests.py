@@ -133,6 +133,7 @@ class Signals(unittest.TestCase):
         failed = self.desk.run("updates", status=1)
         self.assertIn(f"The certificate file {file}", failed.stderr)
         self.assertIn("can't be read", failed.stderr)
+        self.assertIn("can't be read", self.desk.run("charts").stderr, "only the catalogue needs that file")
 
     def test_words_that_make_no_sense_are_refused(self):
         for words, sentence in ((["signing", "iPhone 17"], "no model such as"),

@@ -7,7 +7,7 @@ import unittest
 
 from bench import BIN, Desk
 
-SUBCOMMANDS = ["refresh", "wire", "story", "read", "unread", "save", "unsave", "sources", "settings", "library", "inspect"]
+SUBCOMMANDS = ["refresh", "wire", "story", "read", "unread", "save", "unsave", "sources", "settings", "library", "archive", "trace", "inspect"]
 
 
 class Usage(unittest.TestCase):

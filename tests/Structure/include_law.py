@@ -30,15 +30,28 @@ def law():
 
 
 def sources():
-    for pattern in ("*.h", "*.cpp"):
+    for pattern in ("*.h", "*.cpp", "*.qml"):
         for top in ("NewsroomKit", "Tarnwick_Brell", "BrellSharedSync", "PressRoom", "tests",
                     "benchmarks", "fuzzers"):
             yield from sorted((ROOT / top).rglob(pattern))
 
 
+def module_folder(uri):
+    """The folder of the QML module TarnwickBrell.URI."""
+    below = uri.replace(".", "/")
+    shown = f"Tarnwick_Brell/Interface/{below}"
+    return shown if (ROOT / shown).is_dir() else f"Tarnwick_Brell/{below}"
+
+
 def includes(path):
+    if path.suffix == ".qml":
+        for found in re.finditer(r"^\s*import\s+TarnwickBrell\.([\w.]+)", path.read_text(), re.M):
+            yield True, module_folder(found.group(1))
+        return
     for found in re.finditer(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', path.read_text(), re.M):
-        yield found.group(1) == '"', found.group(2)
+        # What moc makes of the file itself.
+        if found.group(2) != path.stem + ".moc":
+            yield found.group(1) == '"', found.group(2)
 
 
 def is_below(path, prefix):

@@ -80,4 +80,7 @@ json::object signing(const json::object& input);
 json::object updates(const json::object& input);
 json::object chart(const json::object& input);
 
+// The story archive
+json::object archiveURL(const json::object& input);
+
 }  // namespace brell::inspect

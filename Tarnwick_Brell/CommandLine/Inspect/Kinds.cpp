@@ -9,7 +9,7 @@
 namespace brell::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 25> all{{
+    static constexpr std::array<Kind, 26> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -35,6 +35,7 @@ std::span<const Kind> kinds() {
         {"signing", "path or text", signing},
         {"updates", "path or text", updates},
         {"chart", "path or text", chart},
+        {"archive-url", "operation; after, before, offset, limit, or urls, or url", archiveURL},
     }};
     return all;
 }

@@ -23,6 +23,8 @@ TEST(SettingKey, TakesWhatSuitsItAndSaysWhatElseItNeeds) {
         {"alertSound", "loud", "", "\"true\" or \"false\""},
         {"quoteRange", "1y", "1y"},
         {"quoteRange", "5y", "", "one of 1d, 1w, 1m, 1y"},
+        {"appearance", "dark", "dark"},
+        {"appearance", "Dim", "", "one of system, light, dark"},
         {"focusSymbol", "^GSPC", "^GSPC"},
         {"focusSymbol", "005930.KS", "005930.KS"},
         {"focusSymbol", "brk.b", "BRK.B"},
@@ -49,13 +51,14 @@ TEST(SettingKey, NonsenseInTheFileCountsAsAbsent) {
     const test::TemporaryFolder folder;
     const auto file = folder.path() / "settings.ini";
     std::ofstream(file) << "[General]\nalertSound=perhaps\nalertReleases=off\nquoteRange=5y\n"
-                           "focusSymbol=\nserviceAddress=ftp://x/\nknownBuilds=[1, 2]\n";
+                           "focusSymbol=\nappearance=3\nserviceAddress=ftp://x/\nknownBuilds=[1, 2]\n";
     Defaults defaults(file);
     EXPECT_FALSE(defaults.isOn(SettingKey::kAlertSound));
     EXPECT_FALSE(defaults.isOn(SettingKey::kAlertReleases));
     EXPECT_TRUE(defaults.isOn(SettingKey::kNotifications));
     EXPECT_EQ(defaults.quoteRange(), newsroom::QuoteRange::month);
     EXPECT_EQ(defaults.focusSymbol(), "AAPL");
+    EXPECT_EQ(defaults.appearance(), "system");
     EXPECT_EQ(defaults.serviceAddress(), "https://tarnwick-brell.example/");
     EXPECT_EQ(defaults.memory(Defaults::kKnownBuilds), std::nullopt);
 

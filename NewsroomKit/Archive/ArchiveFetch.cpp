@@ -1,0 +1,11 @@
+#include "NewsroomKit/Archive/ArchiveFetch.h"
+
+namespace newsroom {
+
+json::value archiveJSON(std::string_view body) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (body.starts_with(byteOrderMark)) body.remove_prefix(byteOrderMark.size());
+    return parseJSON(body);
+}
+
+}  // namespace newsroom

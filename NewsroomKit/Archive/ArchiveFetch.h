@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include <boost/asio/awaitable.hpp>
+
+#include "NewsroomKit/Records/Codec.h"
+#include "NewsroomKit/Trackers/BodyFetch.h"
+
+/// How answers of the archive are fetched and read.
+namespace newsroom {
+
+inline constexpr std::size_t kArchiveByteLimit = 4'194'304;
+
+/// Throws RecordError when `body` is not JSON.
+json::value archiveJSON(std::string_view body);
+
+/// The answer, whole or not at all: throws RecordError, which names the place of the fault.
+template <class Answer>
+Answer archiveAnswer(std::string_view body) {
+    return decode<Answer>(archiveJSON(body));
+}
+
+/// What it throws is archiveAnswer's.
+template <class Answer>
+boost::asio::awaitable<FetchResult<Answer>> fetchArchiveAnswer(HTTPClient& http,
+                                                               std::string address) {
+    const auto answer = co_await fetchBody(http, std::move(address), kArchiveByteLimit);
+    if (!answer.body) co_return answer.body.error();
+    co_return archiveAnswer<Answer>(answer.body.value());
+}
+
+}  // namespace newsroom

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "NewsroomKit/Archive/OpenValues.h"
+
+namespace newsroom {
+
+/// An outlet, account or document that an archived story credits, as the service found it.
+/// The same fields as a SourceCredit, but the kind stays text, so that one more of the
+/// service's making does not cost the whole answer.
+struct ServerCredit {
+    std::string kind{};                     ///< "post", "outlet", "apple", …
+    std::optional<std::string> platform{};  ///< social platform of a credited post
+    std::string name{};
+    std::optional<std::string> url{};
+    std::optional<std::string> detail{};  ///< the words that carry the credit
+    std::optional<Instant> postedAt{};
+
+    bool operator==(const ServerCredit&) const = default;
+};
+
+/// What several stories credit. Both keys are required, and may be empty.
+struct ServerCredits {
+    /// By the address that was asked for. A story without credits has an empty list, one that
+    /// the archive does not know has none.
+    OpenMap<std::vector<ServerCredit>> credits{};
+    std::vector<std::string> pending{};  ///< addresses that the service has yet to read
+
+    bool operator==(const ServerCredits&) const = default;
+};
+
+template <>
+struct RecordShape<ServerCredit> {
+    static constexpr auto fields = std::tuple{
+        field("kind", &ServerCredit::kind),     field("platform", &ServerCredit::platform),
+        field("name", &ServerCredit::name),     field("url", &ServerCredit::url),
+        field("detail", &ServerCredit::detail), field("posted_at", &ServerCredit::postedAt),
+    };
+};
+
+template <>
+struct RecordShape<ServerCredits> {
+    static constexpr auto fields = std::tuple{
+        field("credits", &ServerCredits::credits),
+        field("pending", &ServerCredits::pending),
+    };
+};
+
+}  // namespace newsroom

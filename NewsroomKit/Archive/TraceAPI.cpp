@@ -1,0 +1,12 @@
+#include "NewsroomKit/Archive/TraceAPI.h"
+
+#include "NewsroomKit/Archive/ArchiveAddresses.h"
+#include "NewsroomKit/Archive/ArchiveFetch.h"
+
+namespace newsroom {
+
+boost::asio::awaitable<FetchResult<TraceResult>> TraceAPI::trace(std::string_view story) const {
+    return fetchArchiveAnswer<TraceResult>(http, ArchiveAddresses{base}.trace(story));
+}
+
+}  // namespace newsroom

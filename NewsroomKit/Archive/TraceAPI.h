@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <boost/asio/awaitable.hpp>
+
+#include "NewsroomKit/Archive/TraceResult.h"
+#include "NewsroomKit/HTTP/HTTPClient.h"
+
+namespace newsroom {
+
+/// Follows a story back through the outlets that ran it, at the maker's archive.
+struct TraceAPI {
+    std::string base;  ///< ends in "/wp-json/tb-archive/v1/"; see archiveBaseAt()
+    HTTPClient& http;
+
+    /// `story` is its address. What it throws is archiveAnswer's.
+    boost::asio::awaitable<FetchResult<TraceResult>> trace(std::string_view story) const;
+};
+
+}  // namespace newsroom

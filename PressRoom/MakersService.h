@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "PressRoom/Server/Message.h"
+
+/// What the answers of the maker's own service have in common.
+namespace pressroom {
+
+inline constexpr std::string_view kMakersHost = "tarnwick-brell.example";
+
+/// The value of a query item as it was sent, percent-encoding and all; empty when there is none.
+std::string rawQueryItem(const Request& request, std::string_view name);
+/// The same, decoded.
+std::string queryItem(const Request& request, std::string_view name);
+
+/// As the platform behind the service complains.
+Response complaint(int status, std::string_view code, std::string_view message);
+
+}  // namespace pressroom

@@ -1,0 +1,39 @@
+#include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
+
+#include "NewsroomKit/Addresses/WebAddress.h"
+#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+
+namespace brell {
+
+namespace {
+
+bool isOfTheWeb(const std::string& text) {
+    const auto address = newsroom::WebAddress::parse(text);
+    return address && address->isHTTP();
+}
+
+}  // namespace
+
+std::string storyAddress(Session& session, const std::string& word) {
+    if (isOfTheWeb(word)) return word;
+    if (word.empty() || word.find_first_not_of("0123456789abcdefABCDEF") != word.npos) {
+        throw WrongUsage("\"" + word +
+                         "\" is neither a web address nor the id of a story. brell wire shows the "
+                         "ids.");
+    }
+    return storyNamed(session.storeForReading(), word).story.link;
+}
+
+std::string linkText(const std::string& url) {
+    const auto text = printable(url);
+    return isOfTheWeb(url) ? text : "“" + text + "” (no web address)";
+}
+
+std::string publishedText(newsroom::Instant instant, bool isDayOnly) {
+    constexpr std::size_t lengthOfDay = 10;
+    const auto text = dayAndTime(instant);
+    return isDayOnly ? text.substr(0, lengthOfDay) : text;
+}
+
+}  // namespace brell

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "NewsroomKit/Archive/ArchiveAddresses.h"
+#include "Tarnwick_Brell/CommandLine/Engine.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Session.h"
+
+/// What the commands of the story archive have in common.
+namespace brell {
+
+/// The address that a word of the command line means: an address itself, or the id of a story
+/// of the wire. To be asked after the network. Throws WrongUsage and WorkFailed.
+std::string storyAddress(Session& session, const std::string& word);
+
+/// An address of an answer as text, marked when it is none of the web.
+std::string linkText(const std::string& url);
+
+/// "2026-11-02 08:30 UTC", or the day alone.
+std::string publishedText(newsroom::Instant instant, bool isDayOnly);
+
+template <class Answer>
+boost::asio::awaitable<Answer> answerOrFailure(
+    boost::asio::awaitable<newsroom::FetchResult<Answer>> fetch) {
+    auto result = co_await std::move(fetch);
+    if (!result) throw WorkFailed(result.error().description());
+    co_return std::move(result).value();
+}
+
+/// Asks with `ask`, which gets an API and gives what it fetches. Throws WorkFailed.
+///
+///     askArchive<StoryArchiveAPI>(session, network, [](auto& api) { return api.status(); });
+template <class API, class Ask>
+auto askArchive(Session& session, newsroom::CurlTransport::Options network, Ask ask) {
+    Engine engine(std::move(network), newsroom::Conditional::no);
+    const API api{.base = newsroom::archiveBaseAt(session.defaults().serviceAddress()),
+                  .http = engine.http()};
+    try {
+        return engine.await(answerOrFailure(ask(api)));
+    } catch (const newsroom::RecordError& error) {
+        throw WorkFailed("The answer does not read (" + std::string(error.what()) + ").");
+    }
+}
+
+}  // namespace brell

@@ -1,0 +1,37 @@
+#include "NewsroomKit/Archive/ArchiveAddresses.h"
+#include "NewsroomKit/Trackers/TrackerAPI.h"
+#include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
+
+namespace brell::inspect {
+
+namespace {
+
+/// A number as it is, not as an Instant, which is finite by its making and rounds to microseconds.
+double secondsIn(const json::object& input, std::string_view key) {
+    const auto* value = input.if_contains(key);
+    if (!value || !value->is_string()) return required<double>(input, key);
+    return newsroom::secondsSince1970(required<newsroom::Instant>(input, key));
+}
+
+std::string addressFor(std::string_view operation, const json::object& input) {
+    const auto base = newsroom::archiveBaseAt(newsroom::TrackerAPI::kServiceAddress);
+    const newsroom::ArchiveAddresses addresses{base};
+    if (operation == "status") return addresses.status();
+    if (operation == "credits")
+        return addresses.credits(required<std::vector<std::string>>(input, "urls"));
+    if (operation == "trace") return addresses.trace(required<std::string>(input, "url"));
+    if (operation == "stories") {
+        return addresses.stories({secondsIn(input, "after"), secondsIn(input, "before")},
+                                 required<std::int64_t>(input, "offset"),
+                                 required<std::int64_t>(input, "limit"));
+    }
+    throw newsroom::RecordError("operation", "there is none of that name");
+}
+
+}  // namespace
+
+json::object archiveURL(const json::object& input) {
+    return {{"url", addressFor(required<std::string>(input, "operation"), input)}};
+}
+
+}  // namespace brell::inspect

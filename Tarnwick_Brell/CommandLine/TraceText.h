@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "NewsroomKit/Archive/TraceResult.h"
+#include "Tarnwick_Brell/CommandLine/Output.h"
+
+namespace brell {
+
+/// The trace as a tree from the origins down; `asked` is the address of the traced story.
+void printTrace(Output& out, const newsroom::TraceResult& trace, const std::string& asked);
+
+}  // namespace brell

@@ -1,0 +1,126 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// A line of text to be typed. `main` is the one field that a sheet is about, `outlined` one
+/// among others on a sheet. `note` and `key` stand at the right; the key only while the field
+/// rests. Where `clearsOnEscape`, Esc empties the field, and leaves it once it is empty.
+T.TextField {
+    id: field
+
+    signal escaped
+
+    property string label: placeholderText
+    property string symbol
+    property string key
+    property string note
+    property bool main: false
+    property bool outlined: false
+    property bool clearable: false
+    property bool clearsOnEscape: false
+
+    readonly property bool clears: clearable && text
+    readonly property int end: clears ? clear.width
+        : cap.visible ? cap.width + Theme.space2 : words.visible ? words.width + Theme.space3 : Theme.space3
+
+    implicitWidth: Theme.sidebarWidth
+    implicitHeight: main ? Theme.mainFieldHeight : Theme.fieldHeight
+    leftPadding: Theme.space3 + (symbol ? Theme.icon + Theme.space2 : 0)
+    rightPadding: end + Theme.space1
+    verticalAlignment: TextInput.AlignVCenter
+    // A font without a family would become the desktop's font for fields, not the window's.
+    font.family: hint.font.family
+    font.pixelSize: hint.font.pixelSize
+    renderType: Text.NativeRendering
+    color: Theme.text1
+    placeholderTextColor: Theme.text3
+    selectionColor: Theme.accent
+    selectedTextColor: Theme.textOnAccent
+    selectByMouse: true
+    // At rest a long text shows its beginning.
+    autoScroll: activeFocus
+    opacity: enabled ? 1 : Theme.disabledOpacity
+    Accessible.name: label
+    // Or a shortcut of the window would take the key.
+    Keys.onShortcutOverride: event => event.accepted = clearsOnEscape && event.key === Qt.Key_Escape
+    Keys.onEscapePressed: event => {
+        event.accepted = clearsOnEscape;
+        if (!clearsOnEscape)
+            return;
+        if (text) {
+            empty();
+        } else {
+            focus = false;
+            escaped();
+        }
+    }
+
+    function empty() {
+        text = "";
+        textEdited();
+    }
+
+    background: Rectangle {
+        radius: Theme.radiusControl
+        color: field.activeFocus || field.outlined ? Theme.surface : Theme.field
+        border.width: field.outlined ? Theme.line : 0
+        border.color: Theme.border
+
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: -Theme.focusRing / 2
+            visible: field.activeFocus
+            radius: parent.radius + Theme.focusRing / 2
+            color: "transparent"
+            border.width: Theme.focusRing
+            border.color: Theme.accent
+        }
+    }
+
+    Symbol {
+        x: Theme.space3
+        anchors.verticalCenter: parent.verticalCenter
+        visible: field.symbol
+        name: field.symbol
+        color: field.activeFocus ? Theme.text1 : Theme.text2
+    }
+    DeskText {
+        id: hint
+        x: field.leftPadding
+        anchors.verticalCenter: parent.verticalCenter
+        width: field.width - field.leftPadding - field.rightPadding
+        visible: !field.text && !field.preeditText
+        text: field.placeholderText
+        color: field.placeholderTextColor
+        Accessible.ignored: true
+    }
+    KeyCap {
+        id: cap
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.space2
+        anchors.verticalCenter: parent.verticalCenter
+        visible: field.key && !field.text && !field.activeFocus
+        text: field.key
+    }
+    DeskText {
+        id: words
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.space2
+        anchors.verticalCenter: parent.verticalCenter
+        visible: field.note && !field.clears && !cap.visible
+        type: DeskText.Meta
+        text: field.note
+        color: Theme.text3
+    }
+    IconButton {
+        id: clear
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.step2
+        anchors.verticalCenter: parent.verticalCenter
+        visible: field.clears
+        focusPolicy: Qt.NoFocus
+        symbol: "xmark"
+        size: Theme.iconInMeta
+        text: qsTr("Clear")
+        onClicked: field.empty()
+    }
+}

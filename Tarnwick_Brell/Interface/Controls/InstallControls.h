@@ -1,0 +1,10 @@
+#pragma once
+
+class QQmlEngine;
+
+namespace desk {
+
+/// Makes `import TarnwickBrell.Controls` work in the engine, icons and shadows included.
+void installControls(QQmlEngine& engine);
+
+}  // namespace desk

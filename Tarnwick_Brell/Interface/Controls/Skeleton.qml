@@ -1,0 +1,12 @@
+import QtQuick
+
+/// Stands where text will come. `depth` is the row, from 0: rows get weaker downwards.
+Rectangle {
+    property int depth: 0
+
+    implicitHeight: Theme.space3
+    radius: Theme.radiusBadge
+    color: Theme.skeleton
+    opacity: Math.max(0, 1 - depth * Theme.skeletonLoss)
+    Accessible.ignored: true
+}

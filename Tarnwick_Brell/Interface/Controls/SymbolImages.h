@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QQuickImageProvider>
+#include <QString>
+
+namespace desk {
+
+/// Draws icons for "image://symbol/NAME/COLOUR" (RRGGBB or AARRGGBB) at the size asked for,
+/// which Qt Quick gives in device pixels. Its pixmap cache keeps them, by address and size.
+class SymbolImages : public QQuickImageProvider {
+public:
+    static constexpr const char* kFallback = "square.grid.2x2";
+
+    SymbolImages();
+    QImage requestImage(const QString& id, QSize* size, const QSize& requestedSize) override;
+
+    static bool has(const QString& name);
+};
+
+}  // namespace desk

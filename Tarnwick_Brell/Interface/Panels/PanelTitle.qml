@@ -1,0 +1,11 @@
+import TarnwickBrell.Controls
+
+/// A headline in a panel: heavy while the story is unread.
+DeskText {
+    property bool isRead: false
+
+    type: isRead ? DeskText.Base : DeskText.BaseStrong
+    lineHeight: Theme.panelLine
+    lines: 2
+    color: isRead ? Theme.text2 : Theme.text1
+}

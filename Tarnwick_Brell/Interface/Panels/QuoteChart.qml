@@ -1,0 +1,229 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+import TarnwickBrell.Panels
+
+/// The curve of a quote. The pointer or the arrow keys read a point; what is read stands above
+/// the plot, so that it never covers the curve.
+T.Control {
+    id: chart
+
+    required property StockContent content
+    property bool pale: false
+
+    /// The point that the keys have reached; -1 before that.
+    property int reached: -1
+    readonly property int pointed: pointer.hovered
+        ? content.nearest((pointer.point.position.x - plot.x) / plot.width) : -1
+    readonly property int current: pointed >= 0 ? pointed : activeFocus ? reached : -1
+    readonly property bool isRead: current >= 0 && content.points.length > 0
+    readonly property chartReading read: {
+        const points = content.points;  // read again when others come
+        return content.reading(points.length > 0 ? current : -1);
+    }
+
+    function step(by: int) {
+        const last = content.points.length - 1;
+        reached = Math.max(0, Math.min(last, (reached < 0 ? last + (by < 0 ? 1 : 0) : reached) + by));
+    }
+
+    focusPolicy: Qt.TabFocus
+    Accessible.role: Accessible.Chart
+    Accessible.name: qsTr("Chart")
+    Accessible.description: isRead ? read.spokenText : content.spokenChart
+    Keys.onLeftPressed: step(-1)
+    Keys.onRightPressed: step(1)
+    Keys.onEscapePressed: event => {
+        event.accepted = reached >= 0;
+        reached = -1;
+    }
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
+        if (event.accepted)
+            reached = event.key === Qt.Key_Home ? 0 : content.points.length - 1;
+    }
+
+    HoverHandler {
+        id: pointer
+    }
+    TextMetrics {
+        id: longest
+        font: Theme.textStyles[DeskText.Meta].font
+        text: chart.content.longestPrice
+    }
+
+    Item {
+        id: plot
+        y: Theme.chartTip + Theme.step2
+        width: chart.width - Math.ceil(longest.advanceWidth) - Theme.space2
+        height: chart.height - y - Theme.scaled(16) - Theme.badgeGap
+        visible: chart.content.points.length > 0
+    }
+    DeskText {
+        anchors.centerIn: parent
+        width: parent.width
+        horizontalAlignment: Text.AlignHCenter
+        visible: text
+        type: DeskText.Secondary
+        lines: 3
+        text: chart.content.chartMessage
+        color: Theme.text3
+    }
+
+    Repeater {
+        model: chart.content.prices
+
+        Item {
+            id: price
+
+            required property real position
+            required property string label
+
+            y: plot.y + Math.round(position * plot.height)
+            width: chart.width
+
+            Hairline {
+                width: plot.width
+            }
+            DeskText {
+                anchors.right: parent.right
+                y: -height / 2
+                type: DeskText.Meta
+                text: price.label
+                color: Theme.text3
+                Accessible.ignored: true
+            }
+        }
+    }
+    Repeater {
+        model: chart.content.times
+
+        DeskText {
+            required property real position
+            required property string label
+            required property int index
+
+            x: Math.max(0, Math.min(plot.width - width, Math.round(position * plot.width - width / 2)))
+            y: chart.height - height
+            visible: index % 2 === 0 || plot.width >= Theme.chartAllTimesFrom
+            type: DeskText.Meta
+            text: label
+            color: Theme.text3
+            Accessible.ignored: true
+        }
+    }
+    CurveLine {
+        x: plot.x
+        y: plot.y - lineWidth / 2
+        width: plot.width
+        height: plot.height + lineWidth
+        points: chart.content.points
+        color: chart.pale ? Theme.edge : Theme.accentText
+        lineWidth: Theme.chartLine
+        fillOpacity: Theme.chartFillOpacity
+    }
+    DashLine {
+        y: plot.y + Math.round(chart.content.previousClose * plot.height)
+        width: plot.width
+        visible: chart.content.hasPreviousClose && plot.visible
+    }
+    Repeater {
+        model: chart.content.marks
+
+        Item {
+            id: mark
+
+            required property real position
+            required property real level
+            required property string title
+
+            x: Math.round(position * plot.width)
+            y: plot.y
+
+            DashLine {
+                y: Math.round(mark.level * plot.height)
+                height: plot.height - y
+                vertical: true
+            }
+            Rectangle {
+                x: -(width - Theme.line) / 2
+                y: plot.height - height / 2
+                width: Theme.chartMark
+                height: width
+                radius: width / 2
+                antialiasing: true
+                color: Theme.surface
+                border.width: Theme.markRing
+                border.color: Theme.edge
+                Accessible.role: Accessible.StaticText
+                Accessible.name: mark.title
+            }
+        }
+    }
+    Item {
+        id: reading
+        x: Math.round(chart.read.position * plot.width)
+        visible: chart.isRead && plot.visible
+
+        Rectangle {
+            width: Theme.line
+            height: plot.y + plot.height
+            color: Theme.text3
+        }
+        Rectangle {
+            x: -(width - Theme.line) / 2
+            y: plot.y + Math.round(chart.read.level * plot.height - height / 2)
+            width: Theme.chartPoint
+            height: width
+            radius: width / 2
+            antialiasing: true
+            color: chart.pale ? Theme.edge : Theme.accentText
+            border.width: Theme.focusRing
+            border.color: Theme.surface
+        }
+    }
+    Rectangle {
+        readonly property real beside: reading.x - width - Theme.badgeGap
+
+        x: beside >= 0 ? beside : Math.min(reading.x + Theme.badgeGap, chart.width - width)
+        width: Math.min(words.implicitWidth + 2 * Theme.badgeGap, chart.width)
+        height: Theme.chartTip
+        radius: Theme.radiusBadge
+        visible: reading.visible
+        color: Theme.tip
+
+        Row {
+            id: words
+            x: Theme.badgeGap
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: Theme.space2
+
+            DeskText {
+                type: DeskText.MetaStrong
+                text: chart.read.price
+                color: Theme.textOnTip
+                Accessible.ignored: true
+            }
+            DeskText {
+                type: DeskText.Meta
+                text: chart.read.moment
+                color: Theme.textOnTip
+                Accessible.ignored: true
+            }
+            DeskText {
+                width: Math.min(implicitWidth, Theme.chartEventMost)
+                visible: text
+                type: DeskText.Meta
+                text: chart.read.event
+                color: Theme.textOnTip
+                Accessible.ignored: true
+            }
+        }
+    }
+    FocusRing {
+        control: chart
+        inside: true
+    }
+}

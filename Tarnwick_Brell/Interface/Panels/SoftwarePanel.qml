@@ -1,0 +1,99 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+
+/// Versions and betas, a row a platform. Where there is no room for both, the New mark stands
+/// in place of the date.
+Item {
+    id: panel
+
+    required property SoftwareContent content
+    readonly property bool pale: content.state === PanelContent.Stale
+    readonly property color ink: pale ? Theme.text2 : Theme.text1
+    readonly property bool isWide: width >= Theme.softwareWideFrom
+
+    PanelList {
+        id: rows
+        anchors.fill: parent
+        label: qsTr("Systems")
+        model: panel.content.rows
+
+        delegate: Item {
+            id: row
+
+            required property string platform
+            required property string version
+            required property string build
+            required property string betaVersion
+            required property string betaBuild
+            required property bool hasBeta
+            required property string date
+            required property bool isNew
+            required property string spokenText
+            required property int index
+
+            readonly property real cell: (width - Theme.platformColumn - end.width) / 2
+
+            width: rows.width
+            height: Theme.softwareRow
+            Accessible.role: Accessible.ListItem
+            Accessible.name: spokenText
+
+            Hairline {
+                width: parent.width
+                visible: row.index > 0
+            }
+            DeskText {
+                anchors.verticalCenter: parent.verticalCenter
+                width: Theme.platformColumn - Theme.space1
+                type: DeskText.SecondaryMedium
+                text: row.platform
+                color: panel.ink
+                Accessible.ignored: true
+            }
+            TwoLines {
+                x: Theme.platformColumn
+                anchors.verticalCenter: parent.verticalCenter
+                width: row.cell - Theme.space1
+                first: row.version
+                second: row.build
+                ink: panel.ink
+            }
+            TwoLines {
+                x: Theme.platformColumn + row.cell
+                anchors.verticalCenter: parent.verticalCenter
+                width: row.cell - Theme.space1
+                first: row.betaVersion
+                second: row.betaBuild
+                ink: row.hasBeta ? panel.ink : Theme.text3
+            }
+            Item {
+                id: end
+                anchors.right: parent.right
+                width: panel.isWide ? 2 * Theme.ageColumn : Theme.ageColumn
+                height: parent.height
+
+                Badge {
+                    anchors.right: parent.right
+                    anchors.rightMargin: panel.isWide ? Theme.ageColumn + Theme.space2 : 0
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: row.isNew
+                    kind: Badge.Fresh
+                    text: qsTr("New")
+                    Accessible.ignored: true
+                }
+                DeskText {
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: Math.min(implicitWidth, parent.width)
+                    visible: panel.isWide || !row.isNew
+                    type: DeskText.Meta
+                    text: row.date
+                    color: Theme.text3
+                    Accessible.ignored: true
+                }
+            }
+        }
+    }
+}

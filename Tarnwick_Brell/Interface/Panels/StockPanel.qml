@@ -1,0 +1,50 @@
+import QtQuick
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+
+/// Price, change of the day and the chart. Where the change finds no room beside the price it
+/// stands below it, in the place of the chart's reading.
+Item {
+    id: panel
+
+    required property StockContent content
+    readonly property bool pale: content.state === PanelContent.Stale
+    readonly property bool isNarrow: price.width + change.width + ranges.width + Theme.space2 + Theme.space3 > width
+
+    DeskText {
+        id: price
+        type: DeskText.Figure
+        text: panel.content.price
+        color: panel.pale ? Theme.text2 : Theme.text1
+    }
+    DeskText {
+        id: change
+        x: panel.isNarrow ? 0 : price.width + Theme.space2
+        y: panel.isNarrow ? price.height : price.height - height - Theme.step3
+        visible: !panel.isNarrow || !chart.isRead
+        type: DeskText.SecondaryMedium
+        text: panel.content.change
+        color: panel.pale ? Theme.text2
+             : panel.content.move === PriceMove.Up ? Theme.green
+             : panel.content.move === PriceMove.Down ? Theme.red : Theme.text2
+    }
+    Segmented {
+        id: ranges
+        anchors.right: parent.right
+        y: (price.height - height) / 2
+        small: true
+        label: qsTr("Range of the chart")
+        model: panel.content.ranges
+        currentIndex: panel.content.range
+        onActivated: index => panel.content.choose(index)
+    }
+    QuoteChart {
+        id: chart
+        anchors.top: price.bottom
+        anchors.topMargin: panel.isNarrow ? 0 : Theme.space1
+        anchors.bottom: parent.bottom
+        width: parent.width
+        content: panel.content
+        pale: panel.pale
+    }
+}

@@ -1,0 +1,24 @@
+import QtQuick
+import QtQuick.Templates as T
+import TarnwickBrell.Controls
+
+/// The list of a panel: one stop of the Tab key, moved through by arrows, opened by Enter.
+ListView {
+    id: list
+
+    signal opened(index: int)
+
+    required property string name
+
+    anchors.fill: parent
+    activeFocusOnTab: true
+    boundsBehavior: Flickable.StopAtBounds
+    clip: true
+    keyNavigationEnabled: true
+    reuseItems: true
+    T.ScrollBar.vertical: ThinScrollBar {}
+    Accessible.role: Accessible.List
+    Accessible.name: name
+    Keys.onReturnPressed: opened(currentIndex)
+    Keys.onEnterPressed: opened(currentIndex)
+}

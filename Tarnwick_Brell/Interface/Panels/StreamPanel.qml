@@ -1,0 +1,14 @@
+pragma ComponentBehavior: Bound
+
+import TarnwickBrell.Models
+
+/// Stories as they come.
+StoryPanelList {
+    id: panel
+
+    required property StoryPanel content
+
+    model: content.stories
+    onOpened: index => content.open(index)
+    delegate: CompactStoryRow {}
+}

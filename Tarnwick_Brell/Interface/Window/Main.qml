@@ -1,0 +1,157 @@
+import QtQuick
+import QtQuick.Window
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+import TarnwickBrell.Newsrooms
+import TarnwickBrell.Palette
+import TarnwickBrell.Sidebar
+import TarnwickBrell.Wire
+
+/// The window: places at the left, the page beside them.
+Window {
+    id: window
+
+    required property WindowModel desk
+
+    readonly property WindowState state: desk.state
+
+    width: Theme.windowWidth
+    height: Theme.windowHeight
+    minimumWidth: Theme.windowLeastWidth
+    minimumHeight: Theme.windowLeastHeight
+    title: qsTr("Tarnwick Brell")
+    color: Theme.canvas
+
+    FocusScope {
+        anchors.fill: parent
+        focus: true
+
+        SidebarView {
+            id: sidebar
+
+            width: window.state.sidebarShown ? window.state.sidebarWidth : 0
+            height: parent.height
+            visible: window.state.sidebarShown
+            places: window.desk.sidebar
+            onKeysRequested: keys.open()
+            onHideRequested: window.state.sidebarShown = false
+        }
+
+        FocusScope {
+            id: page
+
+            x: sidebar.width
+            width: parent.width - x
+            height: parent.height
+            focus: true
+
+            Toolbar {
+                id: toolbar
+
+                width: parent.width
+                desk: window.desk
+                sidebarHidden: !window.state.sidebarShown
+                onSidebarRequested: window.state.sidebarShown = true
+                onLeftForList: wire.focusList()
+            }
+            Band {
+                id: notice
+
+                readonly property bool isTrouble: window.desk.refresh.libraryTrouble !== ""
+
+                y: toolbar.height
+                width: parent.width
+                height: visible ? implicitHeight : 0
+                visible: isTrouble || window.desk.refresh.isOffline
+                padding: Theme.gridPadding
+                symbol: isTrouble ? "exclamationmark.triangle" : "wifi.slash"
+                symbolColor: isTrouble ? Theme.red : Theme.text2
+                text: isTrouble ? window.desk.refresh.libraryTrouble : window.desk.refresh.offlineText
+                action: isTrouble ? "" : qsTr("Try now")
+                onActed: window.desk.refresh.refresh()
+            }
+            WireView {
+                id: wire
+
+                y: notice.y + notice.height
+                width: parent.width
+                height: parent.height - y
+                visible: window.desk.view === WindowModel.Stories
+                focus: visible
+                page: window.desk.wire
+                readerPlace: window.state.reader
+                listWidth: window.state.listWidth
+                onListResized: width => window.state.listWidth = width
+                onLinkWanted: link => window.desk.linkWanted(link)
+            }
+            NewsroomView {
+                y: wire.y
+                width: parent.width
+                height: parent.height - y
+                visible: window.desk.view === WindowModel.Newsroom
+                focus: visible
+                newsroom: window.desk.newsroom
+            }
+        }
+    }
+
+    ActionShortcuts {
+        actions: window.desk.actions
+        textFocused: window.activeFocusItem instanceof TextInput
+        covered: palette.opened || keys.opened
+    }
+    CommandPalette {
+        id: palette
+
+        palette: window.desk.palette
+    }
+    KeysSheet {
+        id: keys
+
+        actions: window.desk.actions
+    }
+    Toast {
+        id: toast
+    }
+    Connections {
+        target: window.desk.wire
+
+        function onMarked(sentence: string) {
+            toast.show(sentence, qsTr("Undo"));
+        }
+    }
+    Connections {
+        target: window.desk
+
+        function onNoticed(sentence: string) {
+            toast.show(sentence, "");
+        }
+        function onViewActionWanted(action: int) {
+            switch (action) {
+            case DeskAction.PageOn:
+                wire.pageOn();
+                break;
+            case DeskAction.Search:
+                toolbar.search();
+                break;
+            case DeskAction.ShowPalette:
+                palette.show();
+                break;
+            case DeskAction.ShowKeys:
+                keys.open();
+                break;
+            }
+        }
+        function onViewClosed() {
+            palette.close();
+            keys.close();
+        }
+    }
+    Connections {
+        target: toast
+
+        function onActed() {
+            window.desk.wire.undo();
+        }
+    }
+}

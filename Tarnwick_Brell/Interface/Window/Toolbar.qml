@@ -1,0 +1,112 @@
+import QtQuick
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+import TarnwickBrell.Wire
+
+/// Over the page: its title or its search and filters, and how fetching goes.
+Item {
+    id: bar
+
+    required property WindowModel desk
+    property bool sidebarHidden: false
+
+    signal sidebarRequested
+    signal leftForList
+
+    readonly property bool isWire: desk.view === WindowModel.Stories
+    readonly property int start: sidebarHidden ? show.x + show.width : 0
+
+    function search() {
+        if (isWire) {
+            wireBar.searchField.forceActiveFocus();
+            wireBar.searchField.selectAll();
+        } else {
+            pageSearch.forceActiveFocus();
+        }
+    }
+
+    implicitHeight: Theme.toolbar
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.surface
+    }
+    IconButton {
+        id: show
+
+        x: Theme.space2
+        anchors.verticalCenter: parent.verticalCenter
+        visible: bar.sidebarHidden
+        symbol: "sidebar.left"
+        text: qsTr("Show the sidebar")
+        key: qsTr("Ctrl \\")
+        onClicked: bar.sidebarRequested()
+    }
+    WireToolbar {
+        id: wireBar
+
+        x: bar.start
+        width: corner.x - x - Theme.space3
+        height: parent.height
+        visible: bar.isWire
+        page: bar.desk.wire
+        onLeftForList: bar.leftForList()
+    }
+    DeskText {
+        id: title
+
+        x: bar.start + Theme.gridPadding
+        width: Math.min(implicitWidth, pageSearch.x - x - Theme.space3)
+        anchors.verticalCenter: parent.verticalCenter
+        visible: !bar.isWire
+        type: DeskText.Heading
+        text: bar.desk.newsroom.title
+        Accessible.role: Accessible.Heading
+    }
+    DeskText {
+        anchors.left: title.right
+        anchors.leftMargin: Theme.space3
+        anchors.verticalCenter: parent.verticalCenter
+        visible: !bar.isWire && x + width < pageSearch.x - Theme.space3
+        type: DeskText.Secondary
+        color: Theme.text3
+        text: bar.desk.newsroom.subtitle
+    }
+    SearchField {
+        id: pageSearch
+
+        anchors.right: corner.left
+        anchors.rightMargin: Theme.space4
+        anchors.verticalCenter: parent.verticalCenter
+        width: Theme.pageSearch
+        visible: !bar.isWire
+        placeholderText: qsTr("Search the wire")
+        key: qsTr("Ctrl F")
+        onTextEdited: {
+            const words = text;
+            clear();
+            bar.desk.searchFor(words);
+            bar.search();
+            wireBar.searchField.deselect();
+            wireBar.searchField.cursorPosition = words.length;
+        }
+    }
+    RefreshCorner {
+        id: corner
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.space3
+        anchors.verticalCenter: parent.verticalCenter
+        refresh: bar.desk.refresh
+    }
+    Hairline {
+        anchors.bottom: parent.bottom
+        width: parent.width
+    }
+    ProgressLine {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        running: bar.desk.refresh.isRefreshing
+        value: bar.desk.refresh.progress
+    }
+}

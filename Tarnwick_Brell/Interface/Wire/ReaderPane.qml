@@ -1,0 +1,251 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+import TarnwickBrell.Panels
+
+/// The chosen story, whole.
+FocusScope {
+    id: pane
+
+    required property WirePage page
+    readonly property ReaderModel reader: page.reader
+
+    signal storyWanted(storyID: string)
+    signal linkWanted(link: string)
+
+    /// Scrolls by a page; false when the end was there already.
+    function pageDown(): bool {
+        const most = Math.max(0, body.contentHeight - body.height);
+        if (!reader.hasStory || body.contentY >= most - 1)
+            return false;
+        body.contentY = Math.min(most, body.contentY + body.height * 0.85);
+        return true;
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.surface
+    }
+
+    Item {
+        id: header
+
+        width: parent.width
+        height: Theme.listHeader
+
+        DeskButton {
+            x: Theme.readerPadding
+            anchors.verticalCenter: parent.verticalCenter
+            visible: pane.reader.hasStory
+            enabled: pane.reader.link !== ""
+            symbol: "arrow.up.right.square"
+            text: qsTr("Open")
+            key: qsTr("Enter")
+            onClicked: pane.page.openInBrowser()
+        }
+        Row {
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.space3
+            anchors.verticalCenter: parent.verticalCenter
+            visible: pane.reader.hasStory
+            spacing: Theme.space1
+
+            IconButton {
+                symbol: pane.reader.isSaved ? "bookmark.fill" : "bookmark"
+                text: pane.reader.isSaved ? qsTr("Saved; take back") : qsTr("Save")
+                key: "s"
+                checked: pane.reader.isSaved
+                onClicked: pane.page.toggleSaved()
+            }
+            IconButton {
+                symbol: pane.reader.isRead ? "circle" : "circle.inset.filled"
+                text: pane.reader.isRead ? qsTr("Mark as unread") : qsTr("Mark as read")
+                key: "m"
+                onClicked: pane.page.toggleRead()
+            }
+            IconButton {
+                symbol: "link"
+                text: qsTr("Copy link")
+                key: "c"
+                onClicked: pane.page.copyLink()
+            }
+            IconButton {
+                symbol: "quote.opening"
+                text: qsTr("Copy citation")
+                key: "y"
+                onClicked: pane.page.copyCitation()
+            }
+        }
+        Hairline {
+            anchors.bottom: parent.bottom
+            width: parent.width
+        }
+    }
+
+    Flickable {
+        id: body
+
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        visible: pane.reader.hasStory
+        clip: true
+        contentHeight: content.implicitHeight + 2 * Theme.readerPadding
+        boundsBehavior: Flickable.StopAtBounds
+        Accessible.role: Accessible.Pane
+        Accessible.name: pane.reader.title
+
+        T.ScrollBar.vertical: ThinScrollBar {}
+
+        Column {
+            id: content
+
+            x: Theme.readerPadding
+            y: Theme.space5
+            width: Math.min(Theme.readerText, body.width - 2 * Theme.readerPadding)
+
+            Item {
+                width: parent.width
+                height: Theme.badge
+
+                Row {
+                    width: parent.width - when.width - Theme.space3
+                    spacing: Theme.badgeGap
+
+                    DeskText {
+                        type: DeskText.SecondaryStrong
+                        text: pane.reader.source
+                        width: Math.min(implicitWidth, parent.width)
+                    }
+                    Symbol {
+                        visible: pane.reader.destination !== ""
+                        anchors.verticalCenter: parent.verticalCenter
+                        name: "arrow.right"
+                        size: Theme.iconInMeta
+                    }
+                    DeskText {
+                        visible: pane.reader.destination !== ""
+                        type: DeskText.SecondaryStrong
+                        text: pane.reader.destination
+                        width: Math.min(implicitWidth, Math.max(0, parent.width - x))
+                    }
+                    DeskText {
+                        visible: pane.reader.author !== ""
+                        type: DeskText.Secondary
+                        color: Theme.text2
+                        text: pane.reader.author
+                        width: Math.min(implicitWidth, Math.max(0, parent.width - x))
+                    }
+                }
+                DeskText {
+                    id: when
+
+                    anchors.right: parent.right
+                    type: DeskText.Secondary
+                    color: Theme.text3
+                    text: pane.reader.published
+                }
+            }
+            Item {
+                width: Theme.line
+                height: Theme.space2
+            }
+            DeskText {
+                width: parent.width
+                type: DeskText.Title
+                lines: 8
+                text: pane.reader.title
+                Accessible.role: Accessible.Heading
+            }
+            Repeater {
+                model: pane.reader.wordings
+
+                DeskText {
+                    required property string until
+                    required property string title
+
+                    width: content.width
+                    type: DeskText.Secondary
+                    color: Theme.text3
+                    lines: 3
+                    text: qsTr("%1: “%2”").arg(until).arg(title)
+                }
+            }
+            Item {
+                width: Theme.line
+                height: Theme.space3
+            }
+            ReaderReason {
+                width: parent.width
+                visible: pane.reader.sourcingReason !== ""
+                reason: pane.reader.sourcingReason
+
+                SourcingBadge {
+                    sourcing: pane.reader.sourcing
+                    text: pane.reader.sourcingLabel
+                }
+            }
+            ReaderReason {
+                width: parent.width
+                visible: pane.reader.kindReason !== ""
+                reason: pane.reader.kindReason
+
+                Badge {
+                    visible: text !== ""
+                    text: pane.reader.kindLabel
+                }
+            }
+            Item {
+                width: Theme.line
+                height: Theme.space4
+            }
+            DeskText {
+                width: parent.width
+                visible: text !== ""
+                type: DeskText.Reader
+                lines: 100
+                text: pane.reader.text
+            }
+            DeskText {
+                width: parent.width
+                visible: pane.reader.text === ""
+                type: DeskText.Secondary
+                color: Theme.text3
+                text: qsTr("The feed gives no excerpt of this story.")
+            }
+            Item {
+                width: Theme.line
+                height: Theme.space4
+            }
+            ReaderCredits {
+                width: parent.width
+                credits: pane.reader.credits
+                onLinkWanted: link => pane.linkWanted(link)
+            }
+            ReaderTimeline {
+                width: parent.width
+                reader: pane.reader
+                onStoryWanted: storyID => pane.storyWanted(storyID)
+            }
+        }
+    }
+
+    Connections {
+        target: pane.reader
+
+        function onStoryChanged() {
+            body.contentY = 0;
+        }
+    }
+
+    EmptyState {
+        anchors.centerIn: parent
+        width: parent.width - 2 * Theme.readerPadding
+        visible: !pane.reader.hasStory
+        symbol: "newspaper"
+        text: qsTr("No story is chosen.")
+        hint: qsTr("j and k go through the list, Enter opens a story in the browser, ? shows all keys.")
+    }
+}

@@ -1,0 +1,167 @@
+import QtQuick
+import QtQuick.Templates as T
+import TarnwickBrell.Controls
+import TarnwickBrell.Panels
+
+/// One story of the wire.
+T.ItemDelegate {
+    id: row
+
+    required property int index
+    required property string source
+    required property string destination
+    required property string age
+    required property string kindLabel
+    required property int sourcing
+    required property string sourcingLabel
+    required property string title
+    required property string excerpt
+    required property bool isRead
+    required property bool isSaved
+    required property string spokenText
+
+    /// The list has the keyboard's focus.
+    property bool listFocused: false
+    property bool isCurrent: false
+
+    signal chosen
+    signal opened
+
+    implicitHeight: text.implicitHeight + Theme.rowPaddingTop + Theme.rowPaddingBottom
+    hoverEnabled: true
+    focusPolicy: Qt.NoFocus
+    onClicked: chosen()
+    onDoubleClicked: opened()
+    Accessible.role: Accessible.ListItem
+    Accessible.name: spokenText
+    Accessible.selected: isCurrent
+    Accessible.onPressAction: chosen()
+
+    background: Rectangle {
+        color: row.isCurrent ? (row.listFocused ? Theme.selected : Theme.selectedIdle)
+                             : row.down ? Theme.press : row.hovered ? Theme.hover : Theme.surface
+
+        Rectangle {
+            width: Theme.selectionBar
+            height: parent.height
+            visible: row.isCurrent
+            color: row.listFocused ? Theme.accent : Theme.edge
+        }
+        Hairline {
+            anchors.bottom: parent.bottom
+            x: Theme.rowText
+            width: parent.width - x
+        }
+    }
+
+    contentItem: Item {
+        UnreadDot {
+            x: Theme.rowText / 2 - width / 2
+            y: Theme.rowPaddingTop + (Theme.badge - height) / 2
+            visible: !row.isRead
+        }
+
+        Column {
+            id: text
+
+            x: Theme.rowText
+            y: Theme.rowPaddingTop
+            width: parent.width - Theme.rowText - Theme.rowEnd
+
+            Item {
+                width: parent.width
+                height: Theme.badge
+
+                Row {
+                    id: names
+
+                    spacing: Theme.badgeGap
+                    width: labels.x - Theme.space2
+
+                    DeskText {
+                        id: sourceText
+
+                        type: DeskText.MetaMedium
+                        color: Theme.text2
+                        text: row.source
+                        width: Math.min(implicitWidth, parent.width - (target.visible ? Theme.space8 : 0))
+                    }
+                    Symbol {
+                        visible: target.visible
+                        anchors.verticalCenter: parent.verticalCenter
+                        name: "arrow.right"
+                        size: Theme.iconInMeta
+                        color: Theme.text3
+                    }
+                    DeskText {
+                        id: target
+
+                        visible: row.destination !== ""
+                        type: DeskText.MetaMedium
+                        color: Theme.text2
+                        text: row.destination
+                        width: Math.min(implicitWidth, Math.max(0, names.width - x))
+                    }
+                }
+                Row {
+                    id: labels
+
+                    anchors.right: ageText.left
+                    spacing: Theme.badgeGap
+
+                    Symbol {
+                        visible: row.isSaved
+                        anchors.verticalCenter: parent.verticalCenter
+                        name: "bookmark"
+                        size: Theme.iconInMeta
+                        color: Theme.text2
+                    }
+                    Badge {
+                        visible: row.kindLabel !== ""
+                        text: row.kindLabel
+                    }
+                    SourcingBadge {
+                        sourcing: row.sourcing
+                        text: row.sourcingLabel
+                    }
+                }
+                DeskText {
+                    id: ageText
+
+                    anchors.right: parent.right
+                    width: Math.max(Theme.ageColumn, implicitWidth + Theme.space2)
+                    horizontalAlignment: Text.AlignRight
+                    type: DeskText.Meta
+                    color: Theme.text3
+                    text: row.age
+                }
+            }
+            Item {
+                width: Theme.line
+                height: Theme.step3
+            }
+            DeskText {
+                width: parent.width
+                type: row.isRead ? DeskText.Base : DeskText.BaseStrong
+                color: row.isRead ? Theme.text2 : Theme.text1
+                lines: 2
+                text: row.title
+            }
+            Item {
+                width: Theme.line
+                height: Theme.step1
+                visible: excerptText.visible
+            }
+            DeskText {
+                id: excerptText
+
+                visible: row.excerpt !== ""
+                width: parent.width
+                type: DeskText.Secondary
+                color: row.isRead ? Theme.text3 : Theme.text2
+                lines: 2
+                text: row.excerpt
+            }
+        }
+    }
+}

@@ -1,0 +1,70 @@
+import QtQuick
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+
+/// The list and the reader beside it, or below it where there is too little room.
+FocusScope {
+    id: wire
+
+    required property WirePage page
+    property int readerPlace: WindowState.Right
+    property int listWidth: Theme.wireWidth
+    property int listHeight: Theme.wireLeast
+
+    signal linkWanted(link: string)
+    signal listResized(width: int)
+
+    readonly property bool besides: readerPlace === WindowState.Right && width - Theme.wireLeast >= Theme.readerLeast
+    readonly property bool below: readerPlace !== WindowState.Hidden && !besides
+
+    function focusList() {
+        list.view.forceActiveFocus();
+    }
+    /// Space: through the story, then on to the next unread one.
+    function pageOn() {
+        if (reader.visible && reader.pageDown())
+            return;
+        page.stepUnread(1);
+    }
+
+    WireList {
+        id: list
+
+        page: wire.page
+        focus: true
+        width: wire.besides ? Math.max(Theme.wireLeast, Math.min(wire.listWidth, wire.width - Theme.readerLeast)) : wire.width
+        height: wire.below ? Math.round(wire.height * 0.5) : wire.height
+        Keys.onSpacePressed: wire.pageOn()
+    }
+    Hairline {
+        id: edge
+
+        vertical: wire.besides
+        visible: wire.besides || wire.below
+        x: wire.besides ? list.width : 0
+        y: wire.besides ? 0 : list.height
+        width: wire.besides ? Theme.line : wire.width
+        height: wire.besides ? wire.height : Theme.line
+    }
+    ReaderPane {
+        id: reader
+
+        page: wire.page
+        visible: edge.visible
+        x: wire.besides ? list.width + Theme.line : 0
+        y: wire.besides ? 0 : list.height + Theme.line
+        width: wire.width - x
+        height: wire.height - y
+        onStoryWanted: storyID => wire.page.openStory(storyID)
+        onLinkWanted: link => wire.linkWanted(link)
+    }
+    MouseArea {
+        visible: wire.besides
+        x: list.width - Theme.space1
+        width: 2 * Theme.space1
+        height: wire.height
+        cursorShape: Qt.SplitHCursor
+        preventStealing: true
+        onPositionChanged: mouse => wire.listResized(Math.max(Theme.wireLeast, Math.min(wire.width - Theme.readerLeast, x + mouse.x)))
+    }
+}

@@ -1,0 +1,97 @@
+#include "Tarnwick_Brell/Models/Actions/ActionModel.h"
+
+#include <stdexcept>
+
+namespace desk {
+
+namespace {
+
+bool isLaterSidebarItem(Action action) {
+    return action > DeskAction::SidebarItem1 && action <= DeskAction::SidebarItem9;
+}
+
+bool isStep(Action action) {
+    return action == DeskAction::NextStory || action == DeskAction::PreviousStory ||
+           action == DeskAction::NextUnread || action == DeskAction::PreviousUnread;
+}
+
+}  // namespace
+
+ActionModel::ActionModel(QObject* parent) : QObject(parent) {
+    std::vector<ActionGroupRow> groups;
+    for (const auto group : kActionGroups) {
+        groupRows_.push_back(std::make_unique<RowsModel<ActionRow>>());
+        groups.push_back({.title = titleOf(group), .actions = groupRows_.back().get()});
+    }
+    groups_.setRows(std::move(groups));
+    connect(this, &ActionModel::contextChanged, this, &ActionModel::look);
+    look();
+}
+
+void ActionModel::look() {
+    std::vector<ActionRow> rows;
+    std::vector<std::vector<ActionRow>> byGroup(kActionGroups.size());
+    for (const auto& entry : actionTable()) {
+        auto row = rowFor(entry);
+        rows.push_back(row);
+        if (isLaterSidebarItem(entry.action)) continue;
+        if (entry.action == DeskAction::SidebarItem1) {
+            row.title = tr("Sidebar items 1 to 9");
+            row.keyCaps.last() = QStringLiteral("1…9");
+            row.spokenKeys = tr("Control and a digit");
+        }
+        byGroup[static_cast<std::size_t>(entry.group)].push_back(std::move(row));
+    }
+    rows_.setRows(std::move(rows));
+    for (std::size_t i = 0; i < byGroup.size(); ++i) groupRows_[i]->setRows(std::move(byGroup[i]));
+}
+
+ActionRow ActionModel::rowFor(const ActionEntry& entry) const {
+    ActionRow row{.action = entry.action,
+                  .title = titleOf(entry, isDone(entry.action)),
+                  .symbol = QString::fromLatin1(entry.symbol.data(),
+                                                static_cast<qsizetype>(entry.symbol.size())),
+                  .groupTitle = titleOf(entry.group),
+                  .isEnabled = isEnabled(entry),
+                  .repeats = isStep(entry.action)};
+    const auto& [first, second] = entry.keys;
+    row.keyCaps = desk::keyCaps(first);
+    row.otherKeyCaps = desk::keyCaps(second);
+    row.spokenKeys = row.keyCaps.join(u' ');
+    if (!second.isEmpty())
+        row.spokenKeys = tr("%1 or %2").arg(row.spokenKeys, row.otherKeyCaps.join(u' '));
+    for (const auto& key : entry.keys) {
+        if (key.isEmpty() || key.isListKey) continue;
+        row.shortcuts << QString::fromLatin1(key.text);
+        if (worksInText(key)) row.shortcutsInText << QString::fromLatin1(key.text);
+    }
+    return row;
+}
+
+bool ActionModel::isEnabled(const ActionEntry& entry) const {
+    switch (entry.need) {
+        case ActionNeed::nothing: return true;
+        case ActionNeed::story: return hasStory_;
+        case ActionNeed::arrivals: return hasArrivals_;
+        case ActionNeed::undoable: return canUndo_;
+    }
+    throw std::logic_error("a need of an action that nothing tells of");
+}
+
+bool ActionModel::isDone(Action action) const {
+    return (action == DeskAction::ToggleSaved && storyIsSaved_) ||
+           (action == DeskAction::ToggleRead && storyIsRead_);
+}
+
+const ActionRow& ActionModel::row(Action action) const {
+    for (const auto& row : list()) {
+        if (row.action == action) return row;
+    }
+    throw std::logic_error("an action without a row");
+}
+
+void ActionModel::trigger(desk::DeskAction::Value action) {
+    if (row(action).isEnabled) emit triggered(action);
+}
+
+}  // namespace desk

@@ -1,0 +1,271 @@
+#include "Tarnwick_Brell/Models/Actions/ActionTable.h"
+
+#include <stdexcept>
+
+#include <QCoreApplication>
+#include <QKeySequence>
+
+namespace desk {
+
+namespace {
+
+using enum ActionGroup;
+
+constexpr const char* kContext = "Actions";
+
+constexpr ActionEntry goToSidebarItem(Action action, const char* title, const char* key) {
+    return {action, goTo, title, nullptr, "sidebar.left", {ActionKey{key}}, ActionNeed::nothing,
+            false};
+}
+
+#define WORDS(text) QT_TRANSLATE_NOOP("Actions", text)
+
+constexpr ActionEntry kActions[]{
+    {DeskAction::ToggleSaved,
+     thisStory,
+     WORDS("Save story"),
+     WORDS("Remove story from saved"),
+     "bookmark",
+     {{{"S"}}},
+     ActionNeed::story},
+    {DeskAction::ToggleRead,
+     thisStory,
+     WORDS("Mark story as read"),
+     WORDS("Mark story as unread"),
+     "circle.inset.filled",
+     {{{"M"}}},
+     ActionNeed::story},
+    {DeskAction::OpenInBrowser,
+     thisStory,
+     WORDS("Open story in the browser"),
+     nullptr,
+     "arrow.up.right.square",
+     {{{"Return", true}}},
+     ActionNeed::story},
+    {DeskAction::CopyLink,
+     thisStory,
+     WORDS("Copy the story's link"),
+     nullptr,
+     "link",
+     {{{"C"}}},
+     ActionNeed::story},
+    {DeskAction::CopyCitation,
+     thisStory,
+     WORDS("Copy a citation of the story"),
+     nullptr,
+     "quote.opening",
+     {{{"Y"}}},
+     ActionNeed::story},
+
+    {DeskAction::NextStory,
+     goTo,
+     WORDS("Next story"),
+     nullptr,
+     "arrow.down",
+     {{{"J"}, {"Down", true}}}},
+    {DeskAction::PreviousStory,
+     goTo,
+     WORDS("Previous story"),
+     nullptr,
+     "arrow.up",
+     {{{"K"}, {"Up", true}}}},
+    {DeskAction::PageOn,
+     goTo,
+     WORDS("Page on, then next unread story"),
+     nullptr,
+     "arrow.down.to.line",
+     {{{"Space", true}}}},
+    {DeskAction::NextUnread, goTo, WORDS("Next unread story"), nullptr, "chevron.down", {{{"N"}}}},
+    {DeskAction::PreviousUnread,
+     goTo,
+     WORDS("Previous unread story"),
+     nullptr,
+     "chevron.up",
+     {{{"P"}}}},
+    {DeskAction::GoToToday,
+     goTo,
+     WORDS("Today"),
+     nullptr,
+     "newspaper",
+     {{{"G, T"}}},
+     ActionNeed::nothing,
+     false},
+    {DeskAction::GoToWire,
+     goTo,
+     WORDS("All stories"),
+     nullptr,
+     "tray",
+     {{{"G, W"}}},
+     ActionNeed::nothing,
+     false},
+    {DeskAction::GoToUnread,
+     goTo,
+     WORDS("Unread stories"),
+     nullptr,
+     "circle.inset.filled",
+     {{{"G, U"}}},
+     ActionNeed::nothing,
+     false},
+    {DeskAction::GoToSaved,
+     goTo,
+     WORDS("Saved stories"),
+     nullptr,
+     "bookmark",
+     {{{"G, S"}}},
+     ActionNeed::nothing,
+     false},
+    {DeskAction::GoToTopStories,
+     goTo,
+     WORDS("Top stories"),
+     nullptr,
+     "flame",
+     {{{"G, O"}}},
+     ActionNeed::nothing,
+     false},
+    goToSidebarItem(DeskAction::SidebarItem1, WORDS("Sidebar item 1"), "Ctrl+1"),
+    goToSidebarItem(DeskAction::SidebarItem2, WORDS("Sidebar item 2"), "Ctrl+2"),
+    goToSidebarItem(DeskAction::SidebarItem3, WORDS("Sidebar item 3"), "Ctrl+3"),
+    goToSidebarItem(DeskAction::SidebarItem4, WORDS("Sidebar item 4"), "Ctrl+4"),
+    goToSidebarItem(DeskAction::SidebarItem5, WORDS("Sidebar item 5"), "Ctrl+5"),
+    goToSidebarItem(DeskAction::SidebarItem6, WORDS("Sidebar item 6"), "Ctrl+6"),
+    goToSidebarItem(DeskAction::SidebarItem7, WORDS("Sidebar item 7"), "Ctrl+7"),
+    goToSidebarItem(DeskAction::SidebarItem8, WORDS("Sidebar item 8"), "Ctrl+8"),
+    goToSidebarItem(DeskAction::SidebarItem9, WORDS("Sidebar item 9"), "Ctrl+9"),
+
+    {DeskAction::Search,
+     work,
+     WORDS("Search stories"),
+     nullptr,
+     "magnifyingglass",
+     {{{"Ctrl+F"}, {"/"}}}},
+    {DeskAction::Refresh,
+     work,
+     WORDS("Refresh all sources"),
+     nullptr,
+     "arrow.clockwise",
+     {{{"R"}}}},
+    {DeskAction::ShowArrivals,
+     work,
+     WORDS("Show new stories"),
+     nullptr,
+     "arrow.up",
+     {{{"."}}},
+     ActionNeed::arrivals},
+    {DeskAction::MarkAllRead,
+     work,
+     WORDS("Mark all stories in this list read"),
+     nullptr,
+     "checklist",
+     {{{"Shift+M"}}}},
+    {DeskAction::UndoMarkAllRead,
+     work,
+     WORDS("Undo the last mark"),
+     nullptr,
+     "arrow.uturn.backward",
+     {{{"Ctrl+Z"}}},
+     ActionNeed::undoable},
+    {DeskAction::ShowPalette,
+     work,
+     WORDS("Find a command, place or story"),
+     nullptr,
+     "list.bullet",
+     {{{"Ctrl+K"}}},
+     ActionNeed::nothing,
+     false},
+    {DeskAction::ShowKeys, work, WORDS("Show all keys"), nullptr, "keyboard", {{{"?"}}}},
+    {DeskAction::Quit, work, WORDS("Quit"), nullptr, "power", {{{"Ctrl+Q"}}}},
+
+    {DeskAction::ToggleSidebar,
+     view,
+     WORDS("Show or hide the sidebar"),
+     nullptr,
+     "sidebar.left",
+     {{{"Ctrl+\\"}}}},
+    {DeskAction::MoveReader,
+     view,
+     WORDS("Reader right, below or hidden"),
+     nullptr,
+     "sidebar.right",
+     {{{"V"}}}},
+    {DeskAction::UseSystemAppearance,
+     view,
+     WORDS("Light or dark as the desktop"),
+     nullptr,
+     "circle.lefthalf.filled",
+     {{{"Ctrl+Shift+Y"}}}},
+    {DeskAction::UseLightAppearance,
+     view,
+     WORDS("Always light"),
+     nullptr,
+     "sun.max",
+     {{{"Ctrl+Shift+L"}}}},
+    {DeskAction::UseDarkAppearance,
+     view,
+     WORDS("Always dark"),
+     nullptr,
+     "moon",
+     {{{"Ctrl+Shift+D"}}}},
+};
+
+#undef WORDS
+
+QString words(const char* text) { return QCoreApplication::translate(kContext, text); }
+
+QString capOf(QKeyCombination combination) {
+    switch (combination.key()) {
+        case Qt::Key_Up: return QStringLiteral("↑");
+        case Qt::Key_Down: return QStringLiteral("↓");
+        case Qt::Key_Return: return words("Enter");
+        case Qt::Key_Space: return words("Space");
+        default: break;
+    }
+    const auto name = QKeySequence(combination.key()).toString(QKeySequence::NativeText);
+    const bool isBare = combination.keyboardModifiers() == Qt::NoModifier;
+    return isBare && name.size() == 1 ? name.toLower() : name;
+}
+
+}  // namespace
+
+QString titleOf(ActionGroup group) {
+    switch (group) {
+        case thisStory: return words(QT_TRANSLATE_NOOP("Actions", "This story"));
+        case goTo: return words(QT_TRANSLATE_NOOP("Actions", "Go to"));
+        case work: return words(QT_TRANSLATE_NOOP("Actions", "Do"));
+        case view: return words(QT_TRANSLATE_NOOP("Actions", "View"));
+    }
+    throw std::logic_error("a group of actions without a title");
+}
+
+std::span<const ActionEntry> actionTable() { return kActions; }
+
+const ActionEntry& entryOf(Action action) {
+    for (const auto& entry : kActions) {
+        if (entry.action == action) return entry;
+    }
+    throw std::logic_error("an action that the table lacks");
+}
+
+QString titleOf(const ActionEntry& entry, bool isDone) {
+    return words(isDone && entry.otherTitle ? entry.otherTitle : entry.title);
+}
+
+bool worksInText(const ActionKey& key) {
+    const auto sequence = QKeySequence::fromString(QString::fromLatin1(key.text));
+    return sequence[0].keyboardModifiers().testFlag(Qt::ControlModifier);
+}
+
+QStringList keyCaps(const ActionKey& key) {
+    QStringList caps;
+    const auto sequence = QKeySequence::fromString(QString::fromLatin1(key.text));
+    for (int i = 0; i < sequence.count(); ++i) {
+        const auto combination = sequence[static_cast<uint>(i)];
+        const auto modifiers = combination.keyboardModifiers();
+        if (modifiers.testFlag(Qt::ControlModifier)) caps << words("Ctrl");
+        if (modifiers.testFlag(Qt::AltModifier)) caps << words("Alt");
+        if (modifiers.testFlag(Qt::ShiftModifier)) caps << words("Shift");
+        caps << capOf(combination);
+    }
+    return caps;
+}
+
+}  // namespace desk

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QObject>
+#include <qqmlregistration.h>
+
+/// What the user can do in the window, wherever it is asked for: menus, keys, the palette.
+namespace desk::DeskAction {
+
+Q_NAMESPACE
+QML_ELEMENT
+
+enum Value {
+    // This story
+    ToggleSaved,
+    ToggleRead,
+    OpenInBrowser,
+    CopyLink,
+    CopyCitation,
+    // Go to
+    NextStory,
+    PreviousStory,
+    PageOn,  ///< down the reader's page, then to the next unread story
+    NextUnread,
+    PreviousUnread,
+    GoToToday,
+    GoToWire,
+    GoToUnread,
+    GoToSaved,
+    GoToTopStories,
+    SidebarItem1,
+    SidebarItem2,
+    SidebarItem3,
+    SidebarItem4,
+    SidebarItem5,
+    SidebarItem6,
+    SidebarItem7,
+    SidebarItem8,
+    SidebarItem9,
+    // Do
+    Search,
+    Refresh,
+    ShowArrivals,
+    MarkAllRead,
+    UndoMarkAllRead,
+    ShowPalette,
+    ShowKeys,
+    Quit,
+    // View
+    ToggleSidebar,
+    MoveReader,  ///< right, below, hidden, in turn
+    UseSystemAppearance,
+    UseLightAppearance,
+    UseDarkAppearance
+};
+Q_ENUM_NS(Value)
+
+}  // namespace desk::DeskAction
+
+namespace desk {
+
+using Action = DeskAction::Value;
+
+}  // namespace desk

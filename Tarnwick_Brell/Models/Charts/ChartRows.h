@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <qqmlregistration.h>
+
+/// What stands on and beside a chart. Positions are shares of its width, from the left, and of
+/// its height, from the top.
+namespace desk {
+
+/// A value on an axis.
+struct ChartTick {
+    Q_GADGET
+    Q_PROPERTY(double position MEMBER position)
+    Q_PROPERTY(QString label MEMBER label)
+
+public:
+    double position = 0;
+    QString label{};
+
+    bool operator==(const ChartTick&) const = default;
+};
+
+/// An event on the axis of times.
+struct ChartMark {
+    Q_GADGET
+    Q_PROPERTY(double position MEMBER position)
+    Q_PROPERTY(double level MEMBER level)
+    Q_PROPERTY(QString title MEMBER title)
+
+public:
+    double position = 0;
+    double level = 0;  ///< of the curve there
+    QString title{};
+    int nearest = 0;  ///< the point beside it
+
+    bool operator==(const ChartMark&) const = default;
+};
+
+/// A point, read.
+struct ChartReading {
+    Q_GADGET
+    QML_VALUE_TYPE(chartReading)
+    Q_PROPERTY(double position MEMBER position)
+    Q_PROPERTY(double level MEMBER level)
+    Q_PROPERTY(QString price MEMBER price)
+    Q_PROPERTY(QString moment MEMBER moment)
+    Q_PROPERTY(QString event MEMBER event)
+    Q_PROPERTY(QString spokenText MEMBER spokenText)
+
+public:
+    double position = 0;
+    double level = 0;
+    QString price{};
+    QString moment{};
+    QString event{};  ///< what was marked there
+    QString spokenText{};
+
+    bool operator==(const ChartReading&) const = default;
+};
+
+}  // namespace desk

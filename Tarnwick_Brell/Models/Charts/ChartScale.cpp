@@ -1,0 +1,54 @@
+#include "Tarnwick_Brell/Models/Charts/ChartScale.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QLocale>
+
+namespace desk {
+
+namespace {
+
+constexpr double kSteps = 4;
+constexpr double kFlat = 1e-6;        // of the price: less is no movement, but rounding
+constexpr double kFlatMargin = 0.01;  // of the price
+constexpr double kMostDecimals = 6;
+
+/// The smallest of 1, 2 and 5 times a power of ten that is not below it.
+double roundedUp(double step) {
+    const double power = std::pow(10, std::floor(std::log10(step)));
+    for (const double factor : {1, 2, 5}) {
+        if (step <= factor * power * (1 + kFlat)) return factor * power;
+    }
+    return 10 * power;
+}
+
+}  // namespace
+
+ChartScale::ChartScale(double low, double high) {
+    if (high - low <= high * kFlat) {
+        const double margin = high * kFlatMargin;
+        low -= margin;
+        high += margin;
+    }
+    step_ = roundedUp((high - low) / kSteps);
+    // A price on a tick must not open another step for the sake of its last bit.
+    first_ = std::floor(low / step_ + kFlat);
+    last_ = std::ceil(high / step_ - kFlat);
+}
+
+double ChartScale::position(double price) const {
+    return std::clamp((last_ - price / step_) / (last_ - first_), 0.0, 1.0);
+}
+
+std::vector<ChartTick> ChartScale::ticks() const {
+    const auto decimals = std::clamp(std::ceil(-std::log10(step_) - kFlat), 0.0, kMostDecimals);
+    std::vector<ChartTick> ticks;
+    for (double at = last_; at >= first_; --at) {
+        ticks.push_back({.position = position(at * step_),
+                         .label = QLocale().toString(at * step_, 'f', static_cast<int>(decimals))});
+    }
+    return ticks;
+}
+
+}  // namespace desk

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <vector>
+
+#include "Tarnwick_Brell/Models/Charts/ChartRows.h"
+
+namespace desk {
+
+/// An axis of prices that begins and ends at round values.
+class ChartScale {
+public:
+    /// For prices from `low` to `high`, both finite and above 0. Prices that are all the same
+    /// stand in the middle.
+    ChartScale(double low, double high);
+
+    /// From 0 at the top to 1 at the bottom.
+    double position(double price) const;
+
+    /// Round values, the highest first; two to seven of them.
+    std::vector<ChartTick> ticks() const;
+
+private:
+    double step_;
+    double first_;  ///< the lowest and the highest tick, in steps
+    double last_;
+};
+
+}  // namespace desk

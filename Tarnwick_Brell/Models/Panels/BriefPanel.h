@@ -1,0 +1,55 @@
+#pragma once
+
+#include <vector>
+
+#include "NewsroomKit/Panels/Brief.h"
+#include "Tarnwick_Brell/Models/Panels/GatheredPanel.h"
+#include "Tarnwick_Brell/Models/Rows/RowsModel.h"
+
+namespace desk {
+
+struct BriefRow {
+    Q_GADGET
+    Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(QString sources MEMBER sources)
+    Q_PROPERTY(QString spokenText MEMBER spokenText)
+
+public:
+    QString text{};
+    QString sources{};
+    QString storyID{};
+    QString link{};  ///< where there is no story
+    QString spokenText{};
+
+    bool operator==(const BriefRow&) const = default;
+};
+
+/// What changed since the reader's last look: news, Apple's own posts, its services and its
+/// systems, in sentences with their sources.
+class BriefPanel final : public GatheredPanel {
+    Q_OBJECT
+public:
+    BriefPanel(const PanelStores& stores, const newsroom::PanelSpec& panel,
+               const newsroom::StoryQuery& query);
+
+    QAbstractItemModel* rows() override { return &rows_; }
+    void open(int row) override;
+
+private:
+    /// The last look, or a day ago when there was none.
+    newsroom::Instant since() const;
+    void show();
+    std::vector<BriefRow> newsRows() const;
+    std::vector<BriefRow> otherRows() const;
+    void addProblems(std::vector<BriefRow>& rows) const;
+    void addBuilds(std::vector<BriefRow>& rows) const;
+    void addPosts(std::vector<BriefRow>& rows) const;
+    void addIfWanted(std::vector<BriefRow>& rows, BriefRow row) const;
+
+    newsroom::CompiledStoryQuery wanted_;
+    std::optional<newsroom::BriefContent> content_;  ///< absent until stories were gathered
+    Extent extent_;
+    RowsModel<BriefRow> rows_;
+};
+
+}  // namespace desk

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <utility>
+
+#include <QAbstractItemModel>
+#include <qqmlregistration.h>
+
+#include "Tarnwick_Brell/Models/Panels/NewsGatherer.h"
+#include "Tarnwick_Brell/Models/Panels/PanelContent.h"
+
+namespace desk {
+
+/// A panel whose rows are made from the recent stories that its query wants.
+class GatheredPanel : public PanelContent {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Newsrooms make their panels' contents.")
+    // The linter knows no QAbstractItemModel.
+    Q_PROPERTY(QObject* rows READ rowsObject CONSTANT)
+
+public:
+    ~GatheredPanel() override;
+
+    virtual QAbstractItemModel* rows() = 0;
+    QObject* rowsObject() { return rows(); }
+    void tick() override;
+    /// Opens what the row tells.
+    Q_INVOKABLE virtual void open(int row) = 0;
+
+protected:
+    /// What a content was made from.
+    struct Extent {
+        newsroom::Instant now{};
+        newsroom::Instant from{};
+        std::size_t stories = 0;
+        std::optional<newsroom::Instant> newest{};
+
+        static Extent of(const GatheredNews& gathered);
+    };
+
+    GatheredPanel(const PanelStores& stores, const newsroom::PanelSpec& panel,
+                  const newsroom::StoryQuery& query);
+
+    const newsroom::StoryQuery& query() const { return query_; }
+
+    /// `make` works on the worker's thread; `show` is called with what it returns and with the
+    /// extent.
+    template <class Make, class Show>
+    void gather(std::function<newsroom::Instant()> earliest, Make make, Show show) {
+        follow(std::move(earliest), [make, show](const GatheredNews& gathered) {
+            return [show, content = make(gathered), extent = Extent::of(gathered)] {
+                show(content, extent);
+            };
+        });
+    }
+    template <class Make, class Show>
+    void gather(newsroom::Instant::duration span, Make make, Show show) {
+        gather([this, span] { return now() - span; }, std::move(make), std::move(show));
+    }
+
+    /// Ready, or empty for lack of `rows`: `nothing` is the sentence that stands where stories
+    /// matched and none gave a row.
+    void becomeReady(int rows, const QString& fact, const QString& nothing, const Extent& extent);
+
+    /// "Last 48 hours", "Last 7 days"; "Since 4 Nov 09:12" when the wire was not read that far.
+    static QString spanFact(std::chrono::hours span, const Extent& extent);
+
+private:
+    void follow(std::function<newsroom::Instant()> earliest, NewsGatherer::Make make);
+    QString noStory(const Extent& extent) const;
+
+    newsroom::StoryQuery query_;
+    std::shared_ptr<NewsGatherer> gatherer_;
+    NewsGatherer::Ticket ticket_ = 0;
+};
+
+}  // namespace desk

@@ -1,0 +1,68 @@
+#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+
+#include <chrono>
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include "Tarnwick_Brell/Text/ShownText.h"
+#include "Tarnwick_Brell/Text/TimeText.h"
+
+namespace desk {
+
+namespace {
+
+using newsroom::Instant;
+using newsroom::StoryMention;
+
+constexpr std::size_t kNamedSources = 2;
+constexpr int kTermCharacters = 40;
+
+QString tr(const char* text, int n = -1) {
+    return QCoreApplication::translate("PanelText", text, nullptr, n);
+}
+
+/// Feeds that give a day only have midnight sharp.
+bool isDayOnly(Instant instant) {
+    return instant == std::chrono::floor<std::chrono::days>(instant);
+}
+
+}  // namespace
+
+QString leadText(const StoryMention& first, const StoryMention& second) {
+    const auto lead = second.publishedAt - first.publishedAt;
+    const auto outlet = titleText(second.outlet);
+    if (lead <= Instant::duration::zero() || isDayOnly(first.publishedAt)) {
+        return tr("also %1").arg(outlet);
+    }
+    return tr("%1 before %2").arg(spanText(lead), outlet);
+}
+
+QString sourcesText(const std::vector<StoryMention>& outlets, Instant now) {
+    QStringList parts;
+    // A single one that is left takes no more room than saying so.
+    const auto named = outlets.size() == kNamedSources + 1 ? outlets.size() : kNamedSources;
+    for (std::size_t i = 0; i < outlets.size() && i < named; ++i) {
+        parts << titleText(outlets[i].outlet) + u' ' + momentText(outlets[i].publishedAt, now);
+    }
+    if (outlets.size() > named) {
+        parts << tr("%n more", static_cast<int>(outlets.size() - named));
+    }
+    return parts.join(QStringLiteral(" · "));
+}
+
+QString termsText(const newsroom::StoryQuery& query) {
+    if (query.anyTerms.empty()) return {};
+    const auto first = titleText(query.anyTerms.front(), kTermCharacters);
+    return (query.anyTerms.size() == 1 ? tr("“%1”") : tr("“%1” or the other words")).arg(first);
+}
+
+QString spokenRow(const QStringList& parts) {
+    QStringList spoken;
+    for (const auto& part : parts) {
+        if (!part.isEmpty()) spoken << part;
+    }
+    return spoken.join(QStringLiteral(", "));
+}
+
+}  // namespace desk

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <vector>
+
+#include <QString>
+#include <QStringList>
+
+#include "NewsroomKit/Panels/PanelStory.h"
+#include "NewsroomKit/Queries/StoryQuery.h"
+
+/// Stories and outlets in the words of panels.
+namespace desk {
+
+/// "14 min before MacRumors"; "also MacRumors" where it can't be told who was first.
+QString leadText(const newsroom::StoryMention& first, const newsroom::StoryMention& second);
+
+/// "Bloomberg 14:03 · Reuters 14:24 · 4 more"
+QString sourcesText(const std::vector<newsroom::StoryMention>& outlets, newsroom::Instant now);
+
+/// "“visionOS”", "“visionOS” or the other words"; empty when the query asks for none.
+QString termsText(const newsroom::StoryQuery& query);
+
+/// What a screen reader says of a row: its parts that are not empty.
+QString spokenRow(const QStringList& parts);
+
+}  // namespace desk

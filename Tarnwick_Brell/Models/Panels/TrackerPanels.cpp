@@ -1,0 +1,25 @@
+#include "Tarnwick_Brell/Models/Panels/CountdownPanel.h"
+#include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
+#include "Tarnwick_Brell/Models/Panels/ReleasesPanel.h"
+#include "Tarnwick_Brell/Models/Panels/SoftwarePanel.h"
+#include "Tarnwick_Brell/Models/Panels/StatusPanel.h"
+#include "Tarnwick_Brell/Models/Panels/StockPanel.h"
+#include "Tarnwick_Brell/Models/Panels/SuppliersPanel.h"
+
+namespace desk {
+
+std::unique_ptr<PanelContent> makeTrackerPanel(const PanelStores& stores,
+                                               const newsroom::PanelSpec& panel) {
+    using newsroom::PanelKind;
+    switch (panel.kind) {
+        case PanelKind::countdown: return std::make_unique<CountdownPanel>(stores, panel);
+        case PanelKind::stock: return std::make_unique<StockPanel>(stores, panel);
+        case PanelKind::software: return std::make_unique<SoftwarePanel>(stores, panel);
+        case PanelKind::status: return std::make_unique<StatusPanel>(stores, panel);
+        case PanelKind::suppliers: return std::make_unique<SuppliersPanel>(stores, panel);
+        case PanelKind::releases: return std::make_unique<ReleasesPanel>(stores, panel);
+        default: return nullptr;
+    }
+}
+
+}  // namespace desk

@@ -1,0 +1,279 @@
+#include "Tarnwick_Brell/Models/Sidebar/SidebarModel.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include <QCoreApplication>
+#include <QLocale>
+
+#include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
+#include "NewsroomKit/Trackers/AppleServiceStatus.h"
+#include "Tarnwick_Brell/Models/Sidebar/TrackerPlaces.h"
+#include "Tarnwick_Brell/Text/ShownText.h"
+
+namespace desk {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Category = newsroom::NewsSource::Category;
+using Kind = Place::Kind;
+
+constexpr auto kRebuildPause = 60ms;
+
+QString countText(std::size_t count) {
+    return count > 0 ? QLocale().toString(static_cast<qulonglong>(count)) : QString();
+}
+
+QString countText(int count) { return countText(static_cast<std::size_t>(std::max(count, 0))); }
+
+QString groupKey(Category category) {
+    return QStringLiteral("category:") + plainText(rawValue(category));
+}
+
+std::size_t problemsIn(const TrackerReading<TrackerStore::Services>& reading) {
+    return reading.value ? newsroom::AppleServiceStatus::ongoingReports(*reading.value).size() : 0;
+}
+
+SidebarRow section(const QString& title) {
+    return {.kind = SidebarKind::Section, .title = title, .spokenText = title};
+}
+
+SidebarRow itemRow(const Place& place, const QString& title, QString symbol, const QString& count = {},
+                const QString& countName = {}) {
+    return {.key = place.key(),
+            .title = title,
+            .symbol = std::move(symbol),
+            .count = count,
+            .spokenText = count.isEmpty() ? title : title + QStringLiteral(", ") + count + u' ' + countName};
+}
+
+QString markName(SourceMark::Value mark) {
+    switch (mark) {
+        case SourceMark::None: return {};
+        case SourceMark::Fresh: return SidebarModel::tr("fresh");
+        case SourceMark::Unchanged: return SidebarModel::tr("unchanged");
+        case SourceMark::Failing: return SidebarModel::tr("failing");
+        case SourceMark::Never: return SidebarModel::tr("never fetched");
+        case SourceMark::Off: return SidebarModel::tr("switched off");
+    }
+    return {};
+}
+
+}  // namespace
+
+SidebarModel::SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStore& trackers,
+                           QObject* parent)
+    : QObject(parent),
+      desk_(desk),
+      newsrooms_(newsrooms),
+      trackers_(trackers),
+      tally_(desk, newsrooms) {
+    soon_.setSingleShot(true);
+    soon_.setInterval(kRebuildPause);
+    connect(&soon_, &QTimer::timeout, this, &SidebarModel::rebuild);
+    const auto later = [this] { rebuildSoon(); };
+    connect(&desk, &NewsDesk::sourcesChanged, this, later);
+    connect(&desk, &NewsDesk::marksChanged, this, later);
+    connect(&newsrooms, &NewsroomStore::newsroomsChanged, this, later);
+    connect(&newsrooms, &NewsroomStore::beatsChanged, this, later);
+    connect(&trackers, &TrackerStore::statusChanged, this, later);
+    connect(&tally_, &UnreadTally::changed, this, later);
+    rebuild();
+}
+
+void SidebarModel::rebuildSoon() {
+    if (!soon_.isActive()) soon_.start();
+}
+
+void SidebarModel::rebuild() {
+    std::vector<SidebarRow> rows;
+    addNewsrooms(rows);
+    addWire(rows);
+    addBeats(rows);
+    addSources(rows);
+    addTrackers(rows);
+    for (auto& row : rows) row.isCurrent = !row.key.isEmpty() && row.key == current_;
+    rows_.setRows(std::move(rows));
+    foot_ = footText();
+    emit changed();
+}
+
+void SidebarModel::addNewsrooms(std::vector<SidebarRow>& rows) const {
+    rows.push_back(section(tr("Newsrooms")));
+    for (const auto& entry : newsrooms_.newsrooms().entries()) {
+        const auto symbol = entry.value ? plainText(entry.value->symbol)
+                                        : QStringLiteral("exclamationmark.triangle");
+        rows.push_back(itemRow({Kind::newsroom, plainText(entry.id)}, titleText(entry.name), symbol));
+    }
+}
+
+void SidebarModel::addWire(std::vector<SidebarRow>& rows) const {
+    rows.push_back(section(tr("Wire")));
+    rows.push_back(itemRow({Kind::all, {}}, tr("All"), QStringLiteral("tray"), countText(tally_.stories()),
+                        tr("stories")));
+    rows.push_back(itemRow({Kind::unread, {}}, tr("Unread"), QStringLiteral("circle.inset.filled"),
+                        countText(tally_.unread()), tr("stories")));
+    rows.push_back(itemRow({Kind::saved, {}}, tr("Saved"), QStringLiteral("bookmark"),
+                        countText(tally_.saved()), tr("stories")));
+    rows.push_back(itemRow({Kind::topStories, {}}, tr("Top stories"), QStringLiteral("flame")));
+}
+
+void SidebarModel::addBeats(std::vector<SidebarRow>& rows) const {
+    if (newsrooms_.beats().entries().empty()) return;
+    rows.push_back(section(tr("Beats")));
+    for (const auto& entry : newsrooms_.beats().entries()) {
+        const bool isPlain = entry.value && entry.value->symbol == newsroom::NewsroomSymbols::fallback;
+        const auto symbol = !entry.value ? QStringLiteral("exclamationmark.triangle")
+                            : isPlain    ? QStringLiteral("number")
+                                         : plainText(entry.value->symbol);
+        rows.push_back(itemRow({Kind::beat, plainText(entry.id)}, titleText(entry.name), symbol,
+                            countText(tally_.ofBeat(entry.id)), tr("unread")));
+    }
+}
+
+void SidebarModel::addSources(std::vector<SidebarRow>& rows) const {
+    rows.push_back(section(tr("Sources")));
+    for (const auto& category : newsroom::enumTable<Category>) {
+        std::vector<SidebarRow> members;
+        int unread = 0;
+        for (const auto& source : desk_.sources()) {
+            const bool isOn = desk_.enabledSourceIDs().contains(source.id);
+            if (source.category != category.value || !isOn) continue;
+            unread += tally_.ofSource(source.id);
+            members.push_back(sourceRow(source));
+        }
+        if (members.empty()) continue;
+        const auto key = groupKey(category.value);
+        const bool isOpen = !closed_.contains(key);
+        const auto title = QCoreApplication::translate("SidebarModel", category.label.data());
+        rows.push_back({.kind = SidebarKind::Group,
+                        .key = key,
+                        .title = title,
+                        .count = countText(unread),
+                        .isExpanded = isOpen,
+                        .spokenText = tr("%1, %n unread", nullptr, unread).arg(title)});
+        if (isOpen) std::move(members.begin(), members.end(), std::back_inserter(rows));
+    }
+}
+
+SidebarRow SidebarModel::sourceRow(const newsroom::NewsSource& source) const {
+    const auto unread = tally_.ofSource(source.id);
+    const auto mark = markOf(source.id);
+    const auto name = titleText(source.name);
+    auto spoken = name + QStringLiteral(", ") + markName(mark);
+    if (unread > 0) spoken += QStringLiteral(", ") + tr("%n unread", nullptr, unread);
+    const auto& error = desk_.sourceStatus(source.id).lastError;
+    return {.kind = SidebarKind::Source,
+            .key = Place{Kind::source, plainText(source.id)}.key(),
+            .title = name,
+            .count = countText(unread),
+            .mark = mark,
+            .spokenText = spoken,
+            .hint = error ? bodyText(*error, 200) : QString()};
+}
+
+SourceMark::Value SidebarModel::markOf(const std::string& id) const {
+    const auto& status = desk_.sourceStatus(id);
+    if (status.lastError) return SourceMark::Failing;
+    if (!status.lastSuccess) return SourceMark::Never;
+    const auto& full = desk_.sourceHealth(id).lastFullFetch;
+    return full && *full >= *status.lastSuccess ? SourceMark::Fresh : SourceMark::Unchanged;
+}
+
+void SidebarModel::addTrackers(std::vector<SidebarRow>& rows) const {
+    rows.push_back(section(tr("Trackers")));
+    for (const auto& tracker : trackerPlaces()) {
+        QString count;
+        if (tracker.id == "status") {
+            count = countText(problemsIn(trackers_.consumerStatus()) +
+                              problemsIn(trackers_.developerStatus()));
+        }
+        rows.push_back(itemRow({Kind::tracker, plainText(tracker.id)}, titleOf(tracker),
+                            plainText(tracker.symbol), count, tr("problems")));
+    }
+}
+
+QString SidebarModel::footText() const {
+    int on = 0, failing = 0;
+    for (const auto& id : desk_.enabledSourceIDs()) {
+        ++on;
+        if (desk_.sourceStatus(id).lastError) ++failing;
+    }
+    const auto sources = tr("%n sources", nullptr, on);
+    return failing > 0 ? tr("%1, %n failing", nullptr, failing).arg(sources) : sources;
+}
+
+std::vector<SidebarModel::Destination> SidebarModel::destinations() const {
+    std::vector<SidebarRow> rows;
+    addNewsrooms(rows);
+    addWire(rows);
+    addBeats(rows);
+    for (const auto& source : desk_.sources()) {
+        if (desk_.enabledSourceIDs().contains(source.id)) rows.push_back(sourceRow(source));
+    }
+    addTrackers(rows);
+    std::vector<Destination> destinations;
+    for (const auto& row : rows) {
+        if (const auto place = Place::fromKey(row.key)) {
+            destinations.push_back({*place, row.title, row.symbol});
+        }
+    }
+    return destinations;
+}
+
+int SidebarModel::currentRow() const {
+    const auto& rows = rows_.rows();
+    const auto row = std::find_if(rows.begin(), rows.end(), [](auto& each) { return each.isCurrent; });
+    return row == rows.end() ? -1 : static_cast<int>(row - rows.begin());
+}
+
+void SidebarModel::setCurrent(const QString& key) {
+    current_ = key;
+    rebuild();
+}
+
+std::optional<Place> SidebarModel::neighbour(int step) const {
+    const auto& rows = rows_.rows();
+    for (int row = currentRow() + step; row >= 0 && row < std::ssize(rows); row += step) {
+        if (const auto place = Place::fromKey(rows[static_cast<std::size_t>(row)].key)) return place;
+    }
+    return std::nullopt;
+}
+
+std::optional<Place> SidebarModel::item(int n) const {
+    for (const auto& row : rows_.rows()) {
+        if (row.kind != SidebarKind::Item) continue;
+        if (--n == 0) return Place::fromKey(row.key);
+    }
+    return std::nullopt;
+}
+
+void SidebarModel::activate(const QString& key) {
+    const auto& rows = rows_.rows();
+    const auto row = std::find_if(rows.begin(), rows.end(), [&](auto& each) { return each.key == key; });
+    if (row == rows.end()) return;
+    if (row->kind == SidebarKind::Group) {
+        setExpanded(key, !row->isExpanded);
+    } else {
+        emit placeWanted(key);
+    }
+}
+
+void SidebarModel::setExpanded(const QString& key, bool expanded) {
+    if (expanded != closed_.contains(key)) return;
+    if (expanded) {
+        closed_.removeAll(key);
+    } else {
+        closed_.push_back(key);
+    }
+    emit groupToggled(key, !expanded);
+    rebuild();
+}
+
+void SidebarModel::setClosedGroups(const QStringList& keys) {
+    closed_ = keys;
+    rebuild();
+}
+
+}  // namespace desk

@@ -1,0 +1,56 @@
+#include "Tarnwick_Brell/Models/Stories/ChoiceList.h"
+
+#include <utility>
+
+namespace desk {
+
+ChoiceList::ChoiceList(QString name, QObject* parent) : QObject(parent), name_(std::move(name)) {}
+
+void ChoiceList::offer(const std::vector<Choice>& choices) {
+    const auto before = chosen();
+    std::vector<ChoiceRow> rows;
+    for (const auto& [key, label] : choices) {
+        rows.push_back({.label = label, .isChosen = before.contains(key), .key = key});
+    }
+    rows_.setRows(std::move(rows));
+    if (chosen() != before) emit changed();
+}
+
+std::set<std::string, std::less<>> ChoiceList::chosen() const {
+    std::set<std::string, std::less<>> keys;
+    for (const auto& row : rows_.rows()) {
+        if (row.isChosen) keys.insert(row.key);
+    }
+    return keys;
+}
+
+QString ChoiceList::summary() const {
+    QString first;
+    int more = -1;
+    for (const auto& row : rows_.rows()) {
+        if (!row.isChosen) continue;
+        if (first.isEmpty()) first = row.label;
+        ++more;
+    }
+    if (first.isEmpty()) return name_;
+    return more > 0 ? tr("%1 and %n more", nullptr, more).arg(first) : first;
+}
+
+void ChoiceList::toggle(int row) {
+    auto rows = rows_.rows();
+    if (row < 0 || row >= std::ssize(rows)) return;
+    auto& chosen = rows[static_cast<std::size_t>(row)].isChosen;
+    chosen = !chosen;
+    rows_.setRows(std::move(rows));
+    emit changed();
+}
+
+void ChoiceList::clear() {
+    if (!isActive()) return;
+    auto rows = rows_.rows();
+    for (auto& row : rows) row.isChosen = false;
+    rows_.setRows(std::move(rows));
+    emit changed();
+}
+
+}  // namespace desk

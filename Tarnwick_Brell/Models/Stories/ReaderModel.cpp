@@ -1,0 +1,230 @@
+#include "Tarnwick_Brell/Models/Stories/ReaderModel.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QTimer>
+#include <QUrl>
+
+#include "NewsroomKit/Editorial/LabelReasons.h"
+#include "NewsroomKit/Panels/PanelStory.h"
+#include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
+#include "Tarnwick_Brell/Text/ShownText.h"
+#include "Tarnwick_Brell/Text/TimeText.h"
+
+namespace desk {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kReaderTitleCharacters = 1000;
+constexpr int kReaderTextCharacters = 4000;
+
+/// "The headline says “reportedly”." out of "Report: the headline says “reportedly”.": the
+/// label itself stands beside it as a badge.
+QString withoutLabel(const std::string& sentence) {
+    auto text = plainText(sentence);
+    if (const auto colon = text.indexOf(QStringLiteral(": ")); colon >= 0) text.remove(0, colon + 2);
+    if (!text.isEmpty()) text[0] = text[0].toUpper();
+    return text;
+}
+
+QString leadText(newsroom::Instant::duration lead) {
+    return lead < 1min ? ReaderModel::tr("same time") : u'+' + spanText(lead);
+}
+
+}  // namespace
+
+QString openable(const QString& link) {
+    const QUrl url(link, QUrl::StrictMode);
+    const auto scheme = url.scheme();
+    const bool isWeb = scheme == QLatin1String("https") || scheme == QLatin1String("http");
+    return isWeb && !url.host().isEmpty() ? link : QString();
+}
+
+ReaderModel::ReaderModel(NewsDesk& desk, newsroom::FeedClient::Clock clock, QObject* parent)
+    : QObject(parent), desk_(desk), clock_(std::move(clock)), mailbox_(std::make_shared<Mailbox>()) {
+    connect(&desk, &NewsDesk::wireChanged, this, &ReaderModel::follow);
+    connect(&desk, &NewsDesk::marksChanged, this, &ReaderModel::marksChanged);
+    connect(&desk, &NewsDesk::clustersChanged, this, &ReaderModel::readTimeline);
+    auto* minute = new QTimer(this);
+    connect(minute, &QTimer::timeout, this, &ReaderModel::timeChanged);
+    minute->start(30s);
+}
+
+ReaderModel::~ReaderModel() { mailbox_->close(); }
+
+std::optional<std::int64_t> ReaderModel::number() const {
+    return stored_ ? std::optional(stored_->number) : std::nullopt;
+}
+
+void ReaderModel::show(std::optional<std::int64_t> number) {
+    if (number == this->number()) return;
+    const auto place = number ? desk_.stories().placeOf(*number) : std::nullopt;
+    stored_.reset();
+    if (place) stored_ = desk_.stories()[*place].unpacked();
+    readStory();
+}
+
+void ReaderModel::readStory() {
+    wordings_.setRows({});
+    readCredits();
+    readTimeline();
+    if (stored_) askForWordings();
+    emit storyChanged();
+    emit timeChanged();
+    emit marksChanged();
+}
+
+/// A story that is gone from the wire stays in the reader until another one is chosen.
+void ReaderModel::follow(const WireChange&) {
+    if (!stored_) return;
+    const auto place = desk_.stories().placeOf(stored_->number);
+    if (!place) return;
+    auto known = desk_.stories()[*place].unpacked();
+    if (known.story == stored_->story) return;
+    stored_ = std::move(known);
+    readStory();
+}
+
+void ReaderModel::readCredits() {
+    std::vector<CreditRow> rows;
+    if (stored_) {
+        for (const auto& credit : story().credits) {
+            CreditRow row{.name = titleText(credit.name, 80)};
+            if (credit.url) row.link = openable(plainText(*credit.url));
+            if (credit.detail) row.detail = u'“' + titleText(*credit.detail, 60) + u'”';
+            if (credit.platform) row.detail = tr("post on %1").arg(titleText(*credit.platform, 30));
+            if (credit.postedAt) row.detail += QStringLiteral(", ") + momentText(*credit.postedAt, clock_());
+            rows.push_back(std::move(row));
+        }
+    }
+    credits_.setRows(std::move(rows));
+}
+
+void ReaderModel::askForWordings() {
+    const auto number = stored_->number;
+    const auto read = [this, number, mailbox = mailbox_](DeskWorker::Bench& bench) {
+        auto wordings = bench.store.stories().earlierWordings(number);
+        if (wordings.empty()) return;
+        mailbox->send([this, number, wordings = std::move(wordings)] {
+            if (this->number() != number) return;
+            std::vector<WordingRow> rows;
+            for (const auto& wording : wordings) {
+                rows.push_back({.until = tr("Until %1").arg(momentText(wording.replacedAt, clock_())),
+                                .title = titleText(wording.title, kReaderTitleCharacters)});
+            }
+            wordings_.setRows(std::move(rows));
+        });
+    };
+    // Without them the story is still complete; that the library is in trouble is told elsewhere.
+    desk_.worker().post(read, [](const std::exception&) {});
+}
+
+void ReaderModel::readTimeline() {
+    std::vector<TimelineRow> rows;
+    timelineTitle_.clear();
+    timelineFact_.clear();
+    const auto& clusters = desk_.clusters();
+    const auto id = stored_ ? story().id : std::string();
+    const auto own = std::find_if(clusters.begin(), clusters.end(), [&](const auto& cluster) {
+        const auto& ids = cluster.storyIDs;
+        return std::find(ids.begin(), ids.end(), id) != ids.end();
+    });
+    if (stored_ && own != clusters.end()) {
+        std::optional<newsroom::Instant> first, second;
+        for (const auto& member : own->storyIDs) {
+            const auto* packed = desk_.stories().find(member);
+            if (!packed) continue;
+            const auto told = packed->unpacked().story;
+            TimelineRow row{.storyID = plainText(told.id),
+                            .time = momentText(told.publishedAt, clock_()),
+                            .outlet = titleText(newsroom::outletOf(told), 60),
+                            .title = titleText(told.title, kTitleCharacters),
+                            .isFirst = !first,
+                            .isThis = told.id == id};
+            row.lead = first ? leadText(told.publishedAt - *first) : tr("First");
+            if (first && !second) second = told.publishedAt;
+            if (!first) first = told.publishedAt;
+            rows.push_back(std::move(row));
+        }
+        const auto others = static_cast<int>(rows.size()) - 1;
+        if (others > 0) timelineTitle_ = tr("Also told by %n others", nullptr, others);
+        if (second && *second - *first >= 1min) {
+            timelineFact_ = tr("%1 led by %2").arg(rows[0].outlet, spanText(*second - *first));
+        }
+        if (others <= 0) rows.clear();
+    }
+    timeline_.setRows(std::move(rows));
+    emit timelineChanged();
+}
+
+QString ReaderModel::storyID() const { return stored_ ? plainText(story().id) : QString(); }
+
+QString ReaderModel::title() const {
+    return stored_ ? titleText(story().title, kReaderTitleCharacters) : QString();
+}
+
+QString ReaderModel::source() const { return stored_ ? titleText(story().sourceName) : QString(); }
+
+QString ReaderModel::destination() const {
+    const auto name = stored_ ? story().shownDestinationName() : std::nullopt;
+    return name ? titleText(*name) : QString();
+}
+
+QString ReaderModel::author() const {
+    return stored_ && story().author ? tr("by %1").arg(titleText(*story().author)) : QString();
+}
+
+QString ReaderModel::published() const {
+    if (!stored_) return {};
+    const auto at = story().publishedAt;
+    const auto now = clock_();
+    if (daysBetween(now, at) == 0) return tr("Today %1, %2").arg(clockText(at), agoText(at, now));
+    return momentText(at, now);
+}
+
+StorySourcing::Value ReaderModel::sourcing() const {
+    return stored_ ? StorySourcing::of(story().sourcing) : StorySourcing::Unlabeled;
+}
+
+QString ReaderModel::sourcingLabel() const {
+    return stored_ ? sourcingText(story().sourcing) : QString();
+}
+
+QString ReaderModel::sourcingReason() const {
+    if (!stored_) return {};
+    const auto sentence = newsroom::sourcingReason(story());
+    return story().sourcing == newsroom::Sourcing::unlabeled ? plainText(sentence)
+                                                             : withoutLabel(sentence);
+}
+
+QString ReaderModel::kindLabel() const { return stored_ ? kindText(story().kind) : QString(); }
+
+QString ReaderModel::kindReason() const {
+    if (!stored_ || story().kind == newsroom::StoryKind::coverage) return {};
+    return withoutLabel(newsroom::kindReason(story()));
+}
+
+QString ReaderModel::text() const {
+    return stored_ ? bodyText(story().summary, kReaderTextCharacters) : QString();
+}
+
+QString ReaderModel::link() const {
+    if (!stored_) return {};
+    return openable(plainText(story().articleLink.value_or(story().link)));
+}
+
+bool ReaderModel::isRead() const { return stored_ && desk_.isRead(story().id); }
+bool ReaderModel::isSaved() const { return stored_ && desk_.isSaved(story().id); }
+
+QString ReaderModel::citation() const {
+    if (!stored_) return {};
+    const auto outlet = titleText(newsroom::outletOf(story()));
+    // Always with the year: a citation is read later.
+    const auto date = shortDayText(story().publishedAt, newsroom::Instant{});
+    return tr("“%1”, %2, %3, %4").arg(title(), outlet, date, link());
+}
+
+}  // namespace desk

@@ -1,0 +1,160 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <QAbstractListModel>
+#include <QObject>
+#include <QString>
+#include <qqmlregistration.h>
+
+#include "Tarnwick_Brell/Desk/Mailbox.h"
+#include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Models/Rows/RowsModel.h"
+#include "Tarnwick_Brell/Models/Stories/StoryLabels.h"
+
+namespace desk {
+
+/// An outlet, account or document that the story credits.
+struct CreditRow {
+    Q_GADGET
+    Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(QString link MEMBER link)
+    Q_PROPERTY(QString detail MEMBER detail)
+
+public:
+    QString name{};
+    QString link{};  ///< empty when it can't be opened
+    QString detail{};
+
+    bool operator==(const CreditRow&) const = default;
+};
+
+/// A headline that the story had before.
+struct WordingRow {
+    Q_GADGET
+    Q_PROPERTY(QString until MEMBER until)
+    Q_PROPERTY(QString title MEMBER title)
+
+public:
+    QString until{};
+    QString title{};
+
+    bool operator==(const WordingRow&) const = default;
+};
+
+/// A story of the cluster, in the order of publication.
+struct TimelineRow {
+    Q_GADGET
+    Q_PROPERTY(QString storyID MEMBER storyID)
+    Q_PROPERTY(QString time MEMBER time)
+    Q_PROPERTY(QString outlet MEMBER outlet)
+    Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString lead MEMBER lead)
+    Q_PROPERTY(bool isFirst MEMBER isFirst)
+    Q_PROPERTY(bool isThis MEMBER isThis)
+
+public:
+    QString storyID{};
+    QString time{};
+    QString outlet{};
+    QString title{};
+    QString lead{};
+    bool isFirst = false;
+    bool isThis = false;  ///< the one in the reader
+
+    bool operator==(const TimelineRow&) const = default;
+};
+
+/// One story, whole: what the reader pane shows.
+class ReaderModel : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The window has one reader.")
+    Q_PROPERTY(bool hasStory READ hasStory NOTIFY storyChanged)
+    Q_PROPERTY(QString storyID READ storyID NOTIFY storyChanged)
+    Q_PROPERTY(QString title READ title NOTIFY storyChanged)
+    Q_PROPERTY(QString source READ source NOTIFY storyChanged)
+    Q_PROPERTY(QString destination READ destination NOTIFY storyChanged)
+    Q_PROPERTY(QString author READ author NOTIFY storyChanged)
+    Q_PROPERTY(QString published READ published NOTIFY timeChanged)
+    Q_PROPERTY(desk::StorySourcing::Value sourcing READ sourcing NOTIFY storyChanged)
+    Q_PROPERTY(QString sourcingLabel READ sourcingLabel NOTIFY storyChanged)
+    Q_PROPERTY(QString sourcingReason READ sourcingReason NOTIFY storyChanged)
+    Q_PROPERTY(QString kindLabel READ kindLabel NOTIFY storyChanged)
+    Q_PROPERTY(QString kindReason READ kindReason NOTIFY storyChanged)
+    Q_PROPERTY(QString text READ text NOTIFY storyChanged)
+    Q_PROPERTY(QString link READ link NOTIFY storyChanged)
+    Q_PROPERTY(bool isRead READ isRead NOTIFY marksChanged)
+    Q_PROPERTY(bool isSaved READ isSaved NOTIFY marksChanged)
+    Q_PROPERTY(QAbstractListModel* credits READ credits CONSTANT)
+    Q_PROPERTY(QAbstractListModel* wordings READ wordings CONSTANT)
+    Q_PROPERTY(QAbstractListModel* timeline READ timeline CONSTANT)
+    Q_PROPERTY(QString timelineTitle READ timelineTitle NOTIFY timelineChanged)
+    Q_PROPERTY(QString timelineFact READ timelineFact NOTIFY timelineChanged)
+
+public:
+    ReaderModel(NewsDesk& desk, newsroom::FeedClient::Clock clock, QObject* parent = nullptr);
+    ~ReaderModel() override;
+
+    /// Nothing empties the reader.
+    void show(std::optional<std::int64_t> number);
+    std::optional<std::int64_t> number() const;
+
+    bool hasStory() const { return stored_.has_value(); }
+    QString storyID() const;
+    QString title() const;
+    QString source() const;
+    QString destination() const;
+    QString author() const;
+    QString published() const;
+    StorySourcing::Value sourcing() const;
+    QString sourcingLabel() const;
+    QString sourcingReason() const;
+    QString kindLabel() const;
+    QString kindReason() const;
+    QString text() const;
+    /// What opens in the browser; empty when the link leads nowhere that may be opened.
+    QString link() const;
+    bool isRead() const;
+    bool isSaved() const;
+    QAbstractListModel* credits() { return &credits_; }
+    QAbstractListModel* wordings() { return &wordings_; }
+    QAbstractListModel* timeline() { return &timeline_; }
+    const QString& timelineTitle() const { return timelineTitle_; }
+    const QString& timelineFact() const { return timelineFact_; }
+
+    /// “Headline”, Outlet, 16 May 2026, https://…
+    QString citation() const;
+
+signals:
+    void storyChanged();
+    void timeChanged();
+    void marksChanged();
+    void timelineChanged();
+
+private:
+    const newsroom::Story& story() const { return stored_->story; }
+    void readStory();
+    void readCredits();
+    void askForWordings();
+    void readTimeline();
+    void follow(const WireChange& change);
+
+    NewsDesk& desk_;
+    newsroom::FeedClient::Clock clock_;
+    std::optional<StoredStory> stored_;
+    RowsModel<CreditRow> credits_;
+    RowsModel<WordingRow> wordings_;
+    RowsModel<TimelineRow> timeline_;
+    QString timelineTitle_;
+    QString timelineFact_;
+    std::shared_ptr<Mailbox> mailbox_;
+};
+
+/// The address when the browser may be given it: http or https. Empty otherwise.
+QString openable(const QString& link);
+
+}  // namespace desk

@@ -1,0 +1,109 @@
+#include "Tarnwick_Brell/Models/Window/Appearance.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QEvent>
+#include <QFont>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QScreen>
+#include <QStringList>
+
+#include "Tarnwick_Brell/Storage/StoreError.h"
+
+namespace desk {
+
+namespace {
+
+const QString kService = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString kPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString kInterface = QStringLiteral("org.freedesktop.portal.Settings");
+
+constexpr double kPointsPerInch = 72;
+
+bool paletteIsDark() {
+    const auto palette = QGuiApplication::palette();
+    return palette.color(QPalette::Window).lightness() <
+           palette.color(QPalette::WindowText).lightness();
+}
+
+double fontPixels() {
+    const auto font = QGuiApplication::font();
+    if (font.pixelSize() > 0) return font.pixelSize();
+    const auto* screen = QGuiApplication::primaryScreen();
+    return screen ? font.pointSizeF() * screen->logicalDotsPerInchY() / kPointsPerInch : 0;
+}
+
+}  // namespace
+
+Appearance::Appearance(Defaults& defaults, QDBusConnection bus)
+    : defaults_(defaults), bus_(std::move(bus)) {
+    qApp->installEventFilter(this);
+    look();
+    if (bus_.isConnected()) askDesktop();
+}
+
+void Appearance::askDesktop() {
+    qDBusRegisterMetaType<DesktopLook::Settings>();
+    // Of whichever service: naming it would make Qt wait for its owner's name.
+    bus_.connect(QString(), kPath, kInterface, QStringLiteral("SettingChanged"), this,
+                 SLOT(settingChanged(QString, QString, QDBusVariant)));
+    auto question =
+        QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("ReadAll"));
+    question << QStringList{DesktopLook::kAppearanceGroup, DesktopLook::kInterfaceGroup};
+    auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        const QDBusPendingReply<DesktopLook::Settings> answer(*watcher);
+        if (answer.isError()) return;
+        desktop_.take(answer.value());
+        look();
+    });
+}
+
+void Appearance::settingChanged(const QString& group, const QString& key,
+                                const QDBusVariant& value) {
+    desktop_.take(group, key, value.variant());
+    look();
+}
+
+bool Appearance::eventFilter(QObject* watched, QEvent* event) {
+    const bool isLook = event->type() == QEvent::ApplicationPaletteChange ||
+                        event->type() == QEvent::ApplicationFontChange;
+    if (watched == qApp && isLook) look();
+    return QObject::eventFilter(watched, event);
+}
+
+Appearance::Choice Appearance::choice() const { return now_.choice; }
+
+void Appearance::setChoice(Choice choice) {
+    const auto& key = *SettingKey::named(SettingKey::kAppearance);
+    try {
+        defaults_.set(key.name, key.choices[static_cast<std::size_t>(choice)]);
+    } catch (const StoreError& error) {
+        emit failed(QString::fromUtf8(error.what()));
+    }
+    look();
+}
+
+void Appearance::reload() { look(); }
+
+void Appearance::look() {
+    const auto choices = SettingKey::named(SettingKey::kAppearance)->choices;
+    const auto place = std::ranges::find(choices, defaults_.appearance()) - choices.begin();
+    Look look{.choice = static_cast<Choice>(place),
+              .fontScale = fontScaleFor(fontPixels()),
+              .reducedMotion = !desktop_.isAnimated};
+    look.isDark = look.choice == System ? desktop_.prefersDark.value_or(paletteIsDark())
+                                        : look.choice == Dark;
+    if (look == now_) return;
+    now_ = look;
+    emit changed();
+}
+
+}  // namespace desk

@@ -1,0 +1,56 @@
+#include "Tarnwick_Brell/Models/Window/RefreshState.h"
+
+#include <chrono>
+#include <utility>
+
+#include "Tarnwick_Brell/Text/TimeText.h"
+
+namespace desk {
+
+using namespace std::chrono_literals;
+
+RefreshState::RefreshState(NewsDesk& desk, newsroom::FeedClient::Clock clock, QObject* parent)
+    : QObject(parent), desk_(desk), clock_(std::move(clock)) {
+    connect(&desk, &NewsDesk::refreshChanged, this, &RefreshState::changed);
+    connect(&desk, &NewsDesk::loaded, this, &RefreshState::changed);
+    connect(&desk, &NewsDesk::passEnded, this, [this](const PassReport& report) {
+        if (report.cancelled) return;
+        if (!report.offline) offlineSince_.reset();
+        if (report.offline && !offlineSince_) offlineSince_ = clock_();
+        emit changed();
+    });
+    connect(&desk, &NewsDesk::failed, this, &RefreshState::failed);
+    for (const auto trouble : {&NewsDesk::libraryDamaged, &NewsDesk::loadFailed}) {
+        connect(&desk, trouble, this, [this](const QString& sentence) {
+            libraryTrouble_ = sentence;
+            emit changed();
+        });
+    }
+    connect(&minute_, &QTimer::timeout, this, &RefreshState::changed);
+    minute_.start(30s);
+}
+
+double RefreshState::progress() const {
+    const auto [done, total] = desk_.progress();
+    return total == 0 ? 0 : static_cast<double>(done) / static_cast<double>(total);
+}
+
+QString RefreshState::text() const {
+    if (desk_.isRefreshing()) {
+        const auto [done, total] = desk_.progress();
+        return total == 0 ? tr("Refreshing")
+                          : tr("Refreshing, %1 of %n sources", nullptr, static_cast<int>(total)).arg(done);
+    }
+    const auto& last = desk_.lastRefresh();
+    return last ? tr("Refreshed %1").arg(momentText(*last, clock_())) : tr("Not refreshed yet");
+}
+
+QString RefreshState::offlineText() const {
+    if (!isOffline()) return {};
+    return offlineSince_ ? tr("Offline since %1").arg(momentText(*offlineSince_, clock_()))
+                         : tr("Offline");
+}
+
+void RefreshState::refresh() { desk_.refreshAll(); }
+
+}  // namespace desk

@@ -1,0 +1,121 @@
+#include "Tarnwick_Brell/Models/Window/WindowModel.h"
+
+#include <algorithm>
+
+#include "Tarnwick_Brell/Models/Sidebar/TrackerPlaces.h"
+#include "Tarnwick_Brell/Models/Stories/ReaderModel.h"
+#include "Tarnwick_Brell/Text/ShownText.h"
+
+namespace desk {
+
+using Kind = Place::Kind;
+
+WindowModel::WindowModel(const Stores& stores)
+    : stores_(stores),
+      sidebar_(stores.news, stores.newsrooms, stores.trackers),
+      wire_(stores.news, stores.newsrooms, stores.clock),
+      newsroom_({.news = stores.news, .trackers = stores.trackers, .clock = stores.clock}),
+      refresh_(stores.news, stores.clock),
+      palette_(actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),
+      appearance_(stores.defaults),
+      state_(stores.defaults) {
+    sidebar_.setClosedGroups(state_.collapsedGroups());
+    connectPages();
+    connectActions();
+}
+
+void WindowModel::connectPages() {
+    connect(&sidebar_, &SidebarModel::placeWanted, this, qOverload<const QString&>(&WindowModel::open));
+    connect(&newsroom_, &NewsroomModel::storyWanted, this, &WindowModel::openStory);
+    connect(&newsroom_, &NewsroomModel::linkWanted, this, [this](const QString& link) {
+        if (!openable(link).isEmpty()) emit linkWanted(link);
+    });
+    connect(&wire_, &WirePage::linkWanted, this, &WindowModel::linkWanted);
+    connect(&stores_.newsrooms, &NewsroomStore::newsroomsChanged, this, &WindowModel::newsroomsChanged);
+    connect(&sidebar_, &SidebarModel::groupToggled, &state_, &WindowState::setCollapsed);
+    connect(&wire_, &WirePage::noticed, this, &WindowModel::noticed);
+    connect(&refresh_, &RefreshState::failed, this, &WindowModel::noticed);
+    connect(&appearance_, &Appearance::failed, this, &WindowModel::noticed);
+    connect(&state_, &WindowState::failed, this, &WindowModel::noticed);
+    connect(&stores_.newsrooms, &NewsroomStore::beatsChanged, this, [this] {
+        if (place_.kind == Kind::beat && !exists(place_)) open(Place{Kind::all, {}});
+    });
+}
+
+bool WindowModel::exists(const Place& place) const {
+    const auto id = place.id.toStdString();
+    switch (place.kind) {
+        case Kind::newsroom:
+            // Before they have been read, any may be there.
+            return !stores_.newsrooms.isLoaded() || stores_.newsrooms.newsrooms().find(id);
+        case Kind::beat: return !stores_.newsrooms.isLoaded() || stores_.newsrooms.beats().find(id);
+        case Kind::tracker:
+            return std::any_of(trackerPlaces().begin(), trackerPlaces().end(),
+                               [&](const auto& each) { return each.id == id; });
+        default: return true;
+    }
+}
+
+Place WindowModel::home() const {
+    const auto& entries = stores_.newsrooms.newsrooms().entries();
+    if (entries.empty() && stores_.newsrooms.isLoaded()) return {Kind::all, {}};
+    const auto id = entries.empty() ? std::string(newsroom::NewsroomSpec::kBuiltInID) : entries.front().id;
+    return {Kind::newsroom, plainText(id)};
+}
+
+void WindowModel::open(const QString& key) {
+    const auto place = Place::fromKey(key);
+    open(place && exists(*place) ? *place : home());
+}
+
+void WindowModel::open(const Place& place) {
+    const bool isOther = !hasOpened_ || place != place_;
+    hasOpened_ = true;
+    place_ = place;
+    if (place.isStoryList()) {
+        if (isOther || wire_.place() != place || wire_.isSearching()) wire_.open(place);
+        newsroom_.clear();
+    } else if (isOther) {
+        showNewsroom();
+    }
+    sidebar_.setCurrent(place_.key());
+    state_.setPlace(place_.key());
+    emit placeChanged();
+    lookAtStory();
+}
+
+void WindowModel::showNewsroom() {
+    if (place_.kind == Kind::topStories) {
+        newsroom_.show(pageOf(newsroom::PanelKind::topStories));
+    } else if (place_.kind == Kind::tracker) {
+        const auto id = place_.id.toStdString();
+        for (const auto& tracker : trackerPlaces()) {
+            if (tracker.id == id) newsroom_.show(pageOf(tracker));
+        }
+    } else if (const auto* entry = stores_.newsrooms.newsrooms().find(place_.id.toStdString())) {
+        if (entry->value) {
+            newsroom_.show(*entry->value);
+        } else {
+            newsroom_.showFault(titleText(entry->name), bodyText(entry->fault));
+        }
+    } else {
+        newsroom_.clear();
+    }
+}
+
+void WindowModel::newsroomsChanged() {
+    if (!hasOpened_ || place_.kind != Kind::newsroom) return;
+    exists(place_) ? showNewsroom() : open(home());
+}
+
+void WindowModel::openStory(const QString& storyID) {
+    if (!place_.isStoryList()) open(Place{Kind::all, {}});
+    wire_.openStory(storyID);
+}
+
+void WindowModel::searchFor(const QString& text) {
+    if (!place_.isStoryList()) open(Place{Kind::all, {}});
+    wire_.setSearchText(text);
+}
+
+}  // namespace desk

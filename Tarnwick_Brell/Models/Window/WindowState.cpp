@@ -1,0 +1,182 @@
+#include "Tarnwick_Brell/Models/Window/WindowState.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "Tarnwick_Brell/Models/Window/WindowPlace.h"
+#include "Tarnwick_Brell/Storage/StoreError.h"
+
+namespace desk {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Dragging changes the window's place many times a second.
+constexpr auto kSavingPause = 800ms;
+// No screen is larger, and sums of such numbers don't overflow.
+constexpr int kFarthest = 100'000;
+constexpr int kLeastSide = 100;
+constexpr QChar kBetweenGroups = u'\n';
+
+QString textOf(const Defaults::Memory& memory, const char* key) {
+    const auto entry = memory.find(key);
+    return entry == memory.end() ? QString() : QString::fromStdString(entry->second);
+}
+
+std::optional<int> numberOf(const Defaults::Memory& memory, const char* key, int least, int most) {
+    bool isNumber = false;
+    const int number = textOf(memory, key).toInt(&isNumber);
+    return isNumber && number >= least && number <= most ? std::optional(number) : std::nullopt;
+}
+
+std::optional<QRect> frameOf(const Defaults::Memory& memory) {
+    const auto x = numberOf(memory, "x", -kFarthest, kFarthest);
+    const auto y = numberOf(memory, "y", -kFarthest, kFarthest);
+    const auto width = numberOf(memory, "width", kLeastSide, kFarthest);
+    const auto height = numberOf(memory, "height", kLeastSide, kFarthest);
+    if (!x || !y || !width || !height) return std::nullopt;
+    return QRect(*x, *y, *width, *height);
+}
+
+/// The main screen first.
+QList<QRect> screens() {
+    QList<QRect> rects;
+    for (const auto* screen : QGuiApplication::screens()) rects << screen->availableGeometry();
+    return rects;
+}
+
+}  // namespace
+
+WindowState::WindowState(Defaults& defaults, QObject* parent)
+    : QObject(parent),
+      defaults_(defaults),
+      now_(read(defaults.memory(kMemory).value_or(Defaults::Memory()))),
+      kept_(now_) {
+    saving_.setSingleShot(true);
+    saving_.setInterval(kSavingPause);
+    connect(&saving_, &QTimer::timeout, this, &WindowState::save);
+}
+
+WindowState::~WindowState() { save(); }
+
+WindowState::State WindowState::read(const Defaults::Memory& memory) {
+    State state{.frame = frameOf(memory),
+                .isMaximised = textOf(memory, "maximised") == u"true",
+                .sidebarShown = textOf(memory, "sidebarShown") != u"false",
+                .place = textOf(memory, "place"),
+                .collapsedGroups =
+                    textOf(memory, "collapsedGroups").split(kBetweenGroups, Qt::SkipEmptyParts)};
+    state.sidebarWidth =
+        numberOf(memory, "sidebarWidth", kLeastSidebar, kMostSidebar).value_or(kSidebar);
+    state.listWidth = numberOf(memory, "listWidth", kLeastList, kMostList).value_or(kList);
+    state.reader = static_cast<Reader>(numberOf(memory, "reader", Right, Hidden).value_or(Right));
+    return state;
+}
+
+Defaults::Memory WindowState::written(const State& state) {
+    Defaults::Memory memory{
+        {"maximised", state.isMaximised ? "true" : "false"},
+        {"sidebarWidth", std::to_string(state.sidebarWidth)},
+        {"sidebarShown", state.sidebarShown ? "true" : "false"},
+        {"listWidth", std::to_string(state.listWidth)},
+        {"reader", std::to_string(state.reader)},
+        {"place", state.place.toStdString()},
+        {"collapsedGroups", state.collapsedGroups.join(kBetweenGroups).toStdString()}};
+    if (state.frame) {
+        memory["x"] = std::to_string(state.frame->x());
+        memory["y"] = std::to_string(state.frame->y());
+        memory["width"] = std::to_string(state.frame->width());
+        memory["height"] = std::to_string(state.frame->height());
+    }
+    return memory;
+}
+
+void WindowState::attach(QWindow* window) {
+    window_ = window;
+    if (now_.frame) {
+        window->setGeometry(placeOnScreens(*now_.frame, window->minimumSize(), screens()));
+    }
+    if (now_.isMaximised) window->setWindowStates(Qt::WindowMaximized);
+    for (const auto signal : {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged,
+                              &QWindow::heightChanged}) {
+        connect(window, signal, &saving_, qOverload<>(&QTimer::start));
+    }
+    connect(window, &QWindow::windowStateChanged, &saving_, qOverload<>(&QTimer::start));
+}
+
+/// Only before saving: while a window is being maximised, it is large for a moment before it
+/// is told that it is maximised.
+void WindowState::lookAtWindow() {
+    if (!window_ || !window_->isVisible()) return;
+    const auto shown = window_->windowState();
+    if (shown == Qt::WindowMinimized) return;
+    now_.isMaximised = shown == Qt::WindowMaximized;
+    if (shown == Qt::WindowNoState) now_.frame = window_->geometry();
+}
+
+void WindowState::setSidebarWidth(int width) {
+    auto state = now_;
+    state.sidebarWidth = std::clamp(width, kLeastSidebar, kMostSidebar);
+    become(state);
+}
+
+void WindowState::setSidebarShown(bool shown) {
+    auto state = now_;
+    state.sidebarShown = shown;
+    become(state);
+}
+
+void WindowState::setListWidth(int width) {
+    auto state = now_;
+    state.listWidth = std::clamp(width, kLeastList, kMostList);
+    become(state);
+}
+
+void WindowState::setReader(Reader reader) {
+    auto state = now_;
+    state.reader = reader;
+    become(state);
+}
+
+void WindowState::moveReader() {
+    setReader(now_.reader == Hidden ? Right : static_cast<Reader>(now_.reader + 1));
+}
+
+void WindowState::setPlace(const QString& key) {
+    auto state = now_;
+    state.place = key;
+    become(state);
+}
+
+void WindowState::setCollapsed(const QString& group, bool collapsed) {
+    auto state = now_;
+    state.collapsedGroups.removeAll(group);
+    if (collapsed) state.collapsedGroups << group;
+    become(state);
+}
+
+void WindowState::become(const State& state) {
+    if (state == now_) return;
+    now_ = state;
+    saving_.start();
+    emit changed();
+}
+
+void WindowState::save() {
+    saving_.stop();
+    lookAtWindow();
+    if (now_ == kept_) return;
+    kept_ = now_;
+    try {
+        defaults_.remember(kMemory, written(now_));
+    } catch (const StoreError& error) {
+        if (!std::exchange(hasFailed_, true)) emit failed(QString::fromUtf8(error.what()));
+    }
+}
+
+}  // namespace desk

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <optional>
+
+#include <QObject>
+#include <QPointer>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+#include <QWindow>
+#include <qqmlregistration.h>
+
+#include "Tarnwick_Brell/Storage/Defaults.h"
+
+namespace desk {
+
+/// What the window looked like when it was left: its place, its parts, what it showed. Kept
+/// in the settings file a moment after a change; values there that make no sense count as
+/// absent. When the file can't be written, `failed` says so once and the window goes on.
+class WindowState : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The window has one state.")
+    Q_PROPERTY(int sidebarWidth READ sidebarWidth WRITE setSidebarWidth NOTIFY changed)
+    Q_PROPERTY(bool sidebarShown READ sidebarShown WRITE setSidebarShown NOTIFY changed)
+    Q_PROPERTY(int listWidth READ listWidth WRITE setListWidth NOTIFY changed)
+    Q_PROPERTY(desk::WindowState::Reader reader READ reader WRITE setReader NOTIFY changed)
+    Q_PROPERTY(QString place READ place WRITE setPlace NOTIFY changed)
+    Q_PROPERTY(QStringList collapsedGroups READ collapsedGroups NOTIFY changed)
+
+public:
+    /// Where the reader stands.
+    enum Reader { Right, Below, Hidden };
+    Q_ENUM(Reader)
+
+    static constexpr std::string_view kMemory = "window";
+    static constexpr int kLeastSidebar = 200, kSidebar = 240, kMostSidebar = 360;
+    static constexpr int kLeastList = 400, kList = 580, kMostList = 4'000;
+
+    explicit WindowState(Defaults& defaults, QObject* parent = nullptr);
+    /// Keeps what has not been kept yet.
+    ~WindowState() override;
+
+    /// Gives the window, which is not shown yet, the place of the one before, and follows it.
+    void attach(QWindow* window);
+    /// The frame of the window while it was neither maximised nor full screen.
+    const std::optional<QRect>& frame() const { return now_.frame; }
+    bool isMaximised() const { return now_.isMaximised; }
+
+    int sidebarWidth() const { return now_.sidebarWidth; }
+    void setSidebarWidth(int width);
+    bool sidebarShown() const { return now_.sidebarShown; }
+    void setSidebarShown(bool shown);
+    int listWidth() const { return now_.listWidth; }
+    void setListWidth(int width);
+    Reader reader() const { return now_.reader; }
+    void setReader(Reader reader);
+    /// The next place in turn: right, below, hidden.
+    Q_INVOKABLE void moveReader();
+    /// The sidebar's key of what is shown; empty when nothing was remembered.
+    const QString& place() const { return now_.place; }
+    void setPlace(const QString& key);
+    const QStringList& collapsedGroups() const { return now_.collapsedGroups; }
+    Q_INVOKABLE void setCollapsed(const QString& group, bool collapsed);
+
+    /// At once, as when the window closes; a timer does it otherwise.
+    Q_INVOKABLE void save();
+
+signals:
+    void changed();
+    void failed(const QString& sentence);
+
+private:
+    struct State {
+        std::optional<QRect> frame{};
+        bool isMaximised = false;
+        int sidebarWidth = kSidebar;
+        bool sidebarShown = true;
+        int listWidth = kList;
+        Reader reader = Right;
+        QString place{};
+        QStringList collapsedGroups{};
+
+        bool operator==(const State&) const = default;
+    };
+
+    static State read(const Defaults::Memory& memory);
+    static Defaults::Memory written(const State& state);
+    void become(const State& state);
+    void lookAtWindow();
+
+    Defaults& defaults_;
+    QPointer<QWindow> window_;
+    State now_;
+    State kept_;
+    bool hasFailed_ = false;
+    QTimer saving_;
+};
+
+}  // namespace desk

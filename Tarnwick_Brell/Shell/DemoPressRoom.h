@@ -1,0 +1,46 @@
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+#include <sys/types.h>
+
+#include "NewsroomKit/Records/Instant.h"
+
+namespace desk {
+
+/// The demonstration can't run; what() is a sentence for the user.
+class DemoError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Where the demonstration keeps its own store.
+std::filesystem::path demoDataDir();
+
+/// The bundled press room as a child process, alive as long as this object. The moment that
+/// its sample world starts from is remembered beside the demonstration's store: a second run
+/// soon afterwards meets the same world, a later one starts afresh.
+class DemoPressRoom {
+public:
+    /// Throws DemoError when the press room is not installed or does not start.
+    DemoPressRoom(const std::filesystem::path& dataDir, newsroom::Instant now);
+    ~DemoPressRoom();
+    DemoPressRoom(const DemoPressRoom&) = delete;
+    DemoPressRoom& operator=(const DemoPressRoom&) = delete;
+
+    const std::string& address() const { return address_; }
+    const std::filesystem::path& authority() const { return authority_; }
+
+private:
+    void start(const std::filesystem::path& program, const std::string& anchor);
+    void readAddress(int output);
+
+    pid_t process_ = -1;
+    int lifeline_ = -1;  ///< the child's standard input; it ends when this closes
+    std::string address_;
+    std::filesystem::path authority_;
+};
+
+}  // namespace desk

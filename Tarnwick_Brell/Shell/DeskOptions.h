@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace desk {
+
+/// Options that every program of the desk takes.
+struct DeskOptions {
+    bool demo = false;
+    std::optional<std::filesystem::path> dataDir;
+    std::optional<std::string> connectTo;
+    std::optional<std::filesystem::path> caFile;
+};
+
+/// Makes the program read them from its command line.
+void addDeskOptions(CLI::App& app, DeskOptions& options);
+
+}  // namespace desk

@@ -1,0 +1,97 @@
+#include "Tarnwick_Brell/Text/TimeText.h"
+
+#include <chrono>
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QLocale>
+
+namespace desk {
+
+namespace {
+
+using namespace std::chrono;
+using newsroom::Instant;
+
+QString tr(const char* text, int n = -1) {
+    return QCoreApplication::translate("TimeText", text, nullptr, n);
+}
+
+QDateTime local(Instant instant) {
+    const auto milliseconds = floor<std::chrono::milliseconds>(instant.time_since_epoch());
+    return QDateTime::fromMSecsSinceEpoch(milliseconds.count());
+}
+
+bool isSameYear(const QDateTime& one, const QDateTime& other) {
+    return one.date().year() == other.date().year();
+}
+
+QString withRest(long long large, const QString& unit, long long rest, const QString& restUnit) {
+    const auto first = QString::number(large) + u' ' + unit;
+    return rest == 0 ? first : first + u' ' + QString::number(rest) + u' ' + restUnit;
+}
+
+}  // namespace
+
+int daysBetween(Instant now, Instant then) {
+    return static_cast<int>(local(now).date().daysTo(local(then).date()));
+}
+
+QString ageText(Instant then, Instant now) {
+    const auto passed = now - then;
+    if (passed < minutes(1)) return tr("now");
+    if (passed < hours(1)) return tr("%1 min").arg(duration_cast<minutes>(passed).count());
+    const auto days = -daysBetween(now, then);
+    // Late in the evening "3 h" still says more than a date.
+    if (passed < hours(12) || days == 0)
+        return tr("%1 h").arg(duration_cast<hours>(passed).count());
+    if (days == 1) return tr("Yesterday");
+    return shortDayText(then, now);
+}
+
+QString agoText(Instant then, Instant now) {
+    const auto passed = now - then;
+    if (passed < minutes(1)) return tr("just now");
+    const auto age = ageText(then, now);
+    if (passed < hours(1) || -daysBetween(now, then) == 0 || passed < hours(12)) {
+        return tr("%1 ago").arg(age);
+    }
+    return -daysBetween(now, then) == 1 ? tr("yesterday") : tr("on %1").arg(age);
+}
+
+QString spanText(Instant::duration span) {
+    const auto whole = floor<minutes>(span);
+    if (whole < minutes(1)) return tr("under a minute");
+    if (whole < hours(1)) return tr("%1 min").arg(whole.count());
+    const auto wholeHours = floor<hours>(whole);
+    if (whole < days(1)) {
+        return withRest(wholeHours.count(), tr("h"), (whole - wholeHours).count(), tr("min"));
+    }
+    const auto wholeDays = floor<days>(whole);
+    return withRest(wholeDays.count(), tr("d"), (wholeHours - wholeDays).count(), tr("h"));
+}
+
+QString clockText(Instant then) {
+    return QLocale().toString(local(then).time(), QLocale::ShortFormat);
+}
+
+QString shortDayText(Instant then, Instant now) {
+    const auto date = local(then);
+    return QLocale().toString(date, isSameYear(date, local(now)) ? QStringLiteral("d MMM")
+                                                                 : QStringLiteral("d MMM yyyy"));
+}
+
+QString dayText(Instant then, Instant now) {
+    return QLocale().toString(local(then), QStringLiteral("ddd ")) + shortDayText(then, now);
+}
+
+QString momentText(Instant then, Instant now) {
+    const auto days = daysBetween(now, then);
+    if (days == 0) return clockText(then);
+    const auto day = days == -1  ? tr("Yesterday")
+                     : days == 1 ? tr("Tomorrow")
+                                 : shortDayText(then, now);
+    return day + u' ' + clockText(then);
+}
+
+}  // namespace desk

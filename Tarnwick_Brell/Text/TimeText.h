@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+
+#include <QString>
+
+#include "NewsroomKit/Records/Instant.h"
+
+/// Times as the window words them: in the user's zone, language and way to write hours.
+namespace desk {
+
+/// How old something is, in one unit: "now", "4 min", "2 h", "Yesterday", "16 May",
+/// "16 May 2025". A time to come reads as "now".
+QString ageText(newsroom::Instant then, newsroom::Instant now);
+
+/// "4 min ago", "Yesterday", "on 16 May": the same inside a sentence.
+QString agoText(newsroom::Instant then, newsroom::Instant now);
+
+/// How long something lasts, in at most two units: "under a minute", "35 min", "2 h 5 min",
+/// "3 d 4 h".
+QString spanText(newsroom::Instant::duration span);
+
+/// "14:32"
+QString clockText(newsroom::Instant then);
+
+/// "14:32" on the same day, "Yesterday 14:32", "16 May 14:32", "16 May 2025 14:32".
+QString momentText(newsroom::Instant then, newsroom::Instant now);
+
+/// "Tue 19 May", with the year when it is another one.
+QString dayText(newsroom::Instant then, newsroom::Instant now);
+
+/// "16 May", with the year when it is another one.
+QString shortDayText(newsroom::Instant then, newsroom::Instant now);
+
+/// Whole days of the calendar from `now` to `then`: 0 today, 1 tomorrow, -1 yesterday.
+int daysBetween(newsroom::Instant now, newsroom::Instant then);
+
+}  // namespace desk

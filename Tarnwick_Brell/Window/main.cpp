@@ -1,0 +1,91 @@
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include <CLI/CLI.hpp>
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QUrl>
+#include <fmt/format.h>
+
+#include "Tarnwick_Brell/Models/Window/WindowModel.h"
+#include "Tarnwick_Brell/Shell/AppEnvironment.h"
+#include "Tarnwick_Brell/Shell/DeskOptions.h"
+#include "Tarnwick_Brell/Shell/Premises.h"
+#include "Tarnwick_Brell/Shell/WallClock.h"
+#include "Tarnwick_Brell/Window/DeskWindow.h"
+#include "Tarnwick_Brell/Window/SingleInstance.h"
+
+namespace {
+
+using namespace desk;
+
+void warn(const std::string& sentence) { fmt::print(stderr, "tarnwick-brell: {}\n", sentence); }
+
+int complain(const std::string& sentence) {
+    warn(sentence);
+    return 1;
+}
+
+/// Through the desktop's opener; never a shell.
+void openInBrowser(const QString& link) { QDesktopServices::openUrl(QUrl(link)); }
+
+int runWindow(AppEnvironment& environment, SingleInstance& instance) {
+    instance.listen();
+    WindowModel model({.news = environment.newsDesk(),
+                       .trackers = environment.trackers(),
+                       .newsrooms = environment.newsrooms(),
+                       .defaults = environment.defaults(),
+                       .clock = &currentInstant});
+    model.open(model.state()->place());
+    DeskWindow window(model);
+    QObject::connect(&model, &WindowModel::linkWanted, &openInBrowser);
+    QObject::connect(&environment.notifier(), &Notifier::linkActivated, &openInBrowser);
+    QObject::connect(&instance, &SingleInstance::raiseWanted, &window, &DeskWindow::raise);
+    QObject::connect(&window.window(), &QWindow::visibleChanged, &environment.newsDesk(),
+                     [&](bool visible) {
+                         if (!visible) environment.newsDesk().markLeft();
+                     });
+    window.show();
+    // The window first: its first frame must not wait for the library.
+    QMetaObject::invokeMethod(qApp, [&] { environment.start(); }, Qt::QueuedConnection);
+    return QGuiApplication::exec();
+}
+
+int start(int& count, char** words, const DeskOptions& options) {
+    Premises premises(options, currentInstant());
+    SingleInstance instance(premises.paths().library);
+    if (instance.raiseFirst()) return 0;
+    auto network = premises.network(&warn);
+    QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
+    QGuiApplication application(count, words);
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
+    try {
+        AppEnvironment environment({.paths = premises.paths(),
+                                    .network = std::move(network),
+                                    .clock = &currentInstant,
+                                    .what = SingleInstance::kWhat});
+        return runWindow(environment, instance);
+    } catch (const LibraryHeld& held) {
+        return complain(SingleInstance::refusal(held));
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app("A news desk for people who follow Apple closely: its window.", "tarnwick-brell");
+    DeskOptions options;
+    addDeskOptions(app, options);
+    app.allow_extras(false);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : 2;
+    }
+    try {
+        return start(argc, argv, options);
+    } catch (const std::exception& error) {
+        return complain(error.what());
+    }
+}

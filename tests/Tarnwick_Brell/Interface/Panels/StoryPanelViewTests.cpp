@@ -1,0 +1,155 @@
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QTest>
+
+#include "Tarnwick_Brell/Interface/Controls/InstallControls.h"
+#include "Tarnwick_Brell/Models/Panels/GatheredPanel.h"
+#include "tests/Tarnwick_Brell/Models/Panels/PanelBench.h"
+#include "tests/support/EventLoop.h"
+
+// Written by the build; naming them keeps the linker from leaving out the modules' types.
+extern void qml_register_types_TarnwickBrell_Models();
+extern void qml_register_types_TarnwickBrell_Panels();
+
+namespace desk {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace test;
+using newsroom::PanelKind;
+using newsroom::Sourcing;
+
+constexpr const char* kPage = R"(
+import QtQuick
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+import TarnwickBrell.Panels
+
+Rectangle {
+    id: page
+    required property list<PanelContent> contents
+    required property bool dark
+    color: Theme.canvas
+    Binding { target: Theme; property: "dark"; value: page.dark }
+    Grid {
+        x: Theme.gridPadding; y: Theme.gridPadding
+        columns: 3; spacing: Theme.gridGap
+        Repeater {
+            model: page.contents
+            PanelView {
+                required property int index
+                objectName: "panel" + index
+                width: 400; height: 260
+                content: page.contents[index]
+                title: "Panel"
+                symbol: "flame"
+            }
+        }
+    }
+}
+)";
+
+class StoryPanelViewTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        static int count = 1;
+        static char name[] = "test";
+        static char* arguments[] = {name, nullptr};
+        static QGuiApplication application(count, arguments);
+    }
+
+    StoryPanelViewTest() {
+        [[maybe_unused]] void (*volatile models)() = &qml_register_types_TarnwickBrell_Models;
+        [[maybe_unused]] void (*volatile panels)() = &qml_register_types_TarnwickBrell_Panels;
+        const char* headset = "Quillmark headset appears in blue factory photos";
+        bench_.tell("Harbour", "10:00", headset, Sourcing::rumor);
+        bench_.tell("Lantern", "10:14", headset);
+        bench_.tell("Meridian", "10:30", headset, Sourcing::report);
+        const char* ruling = "Orchard board says it will appeal the payments ruling in Utrecht";
+        bench_.tell("Meridian", "11:03", ruling, Sourcing::onRecord);
+        bench_.tell("Harbour", "11:10", ruling);
+        bench_.tell("Lantern", "11:40",
+                    "A calm week for keyboards and for everybody who types on them all day long");
+        bench_.open();
+        bench_.news->setRead({std::string(bench_.news->stories()[0].id())}, true);
+        for (const auto kind : {PanelKind::stream, PanelKind::brief, PanelKind::topStories,
+                                PanelKind::claims, PanelKind::coverage, PanelKind::scoops}) {
+            contents_.push_back(bench_.panel(kind));
+        }
+        contents_.push_back(bench_.panel(PanelKind::stream, {.anyTerms = {"nonesuch"}}));
+        contents_.push_back(makePanelContent(
+            {.news = *bench_.news, .trackers = *bench_.trackers, .clock = bench_.desk.clock()},
+            {.kind = PanelKind::topStories}, {}));
+    }
+
+    void show(bool dark) {
+        QList<QObject*> list;
+        for (const auto& content : contents_) list << content.get();
+        view_ = std::make_unique<QQuickView>();
+        installControls(*view_->engine());
+        QObject::connect(view_->engine(), &QQmlEngine::warnings, [this](const auto& warnings) {
+            for (const auto& warning : warnings) warnings_ << warning.toString();
+        });
+        QQmlComponent component(view_->engine());
+        component.setData(kPage, QUrl(QStringLiteral("qrc:/page.qml")));
+        auto* page = component.createWithInitialProperties(
+            {{"contents", QVariant::fromValue(list)}, {"dark", dark}});
+        ASSERT_NE(page, nullptr) << component.errorString().toStdString();
+        view_->setResizeMode(QQuickView::SizeRootObjectToView);
+        view_->setContent({}, &component, page);
+        view_->resize(1264, 850);
+        view_->show();
+        ::test::runFor(200ms);
+    }
+
+    QQuickItem* list(int index) {
+        const auto* panel =
+            view_->rootObject()->findChild<QQuickItem*>(QStringLiteral("panel%1").arg(index));
+        for (auto* item : panel->findChildren<QQuickItem*>()) {
+            if (item->inherits("QQuickListView")) return item;
+        }
+        return nullptr;
+    }
+
+    PanelBench bench_;
+    std::vector<std::unique_ptr<PanelContent>> contents_;
+    std::unique_ptr<QQuickView> view_;
+    QStringList warnings_;
+};
+
+TEST_F(StoryPanelViewTest, EveryPanelIsDrawnInLightAndDarkWithoutAWarning) {
+    for (const bool dark : {false, true}) {
+        show(dark);
+        const auto picture = view_->grabWindow();
+        if (const auto folder = qEnvironmentVariable("BRELL_PICTURES"); !folder.isEmpty()) {
+            picture.save(folder + (dark ? "/story-panels-dark.png" : "/story-panels-light.png"));
+        }
+        for (int i = 0; i < 6; ++i) {
+            ASSERT_NE(list(i), nullptr) << i;
+            EXPECT_GT(list(i)->property("count").toInt(), 0) << i;
+        }
+        EXPECT_EQ(list(6), nullptr) << "an empty panel has no list";
+    }
+    EXPECT_EQ(warnings_.join('\n').toStdString(), "");
+}
+
+TEST_F(StoryPanelViewTest, ArrowsMoveThroughAPanelAndEnterOpensItsStory) {
+    show(false);
+    QStringList opened;
+    QObject::connect(contents_[2].get(), &PanelContent::storyWanted,
+                     [&](const QString& id) { opened << id; });
+    list(2)->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(view_.get(), Qt::Key_Down);
+    QTest::keyClick(view_.get(), Qt::Key_Return);
+    ASSERT_EQ(opened.size(), 1);
+    const auto* story = bench_.news->stories().find(opened[0].toStdString());
+    ASSERT_NE(story, nullptr);
+    EXPECT_EQ(story->sourceName(), "Meridian");
+}
+
+}  // namespace
+}  // namespace desk

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QString>
+#include <QStringList>
+
+#include "Tarnwick_Brell/Models/Panels/NewsGatherer.h"
+#include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
+#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+
+namespace desk::test {
+
+/// A desk with stories and trackers, for panels. The clock stands at noon, 20 November 2026,
+/// and times are shown in UTC.
+class PanelBench {
+public:
+    PanelBench();
+
+    newsroom::Instant at(const std::string& clock) const;  ///< "09:12" of that day
+    void tell(const std::string& outlet, const std::string& clock, const std::string& title,
+              newsroom::Sourcing sourcing = newsroom::Sourcing::unlabeled);
+    void lookedLastAt(const std::string& clock);
+    /// What Apple's status page and the releases say.
+    void serveTrackers(const std::string& status, const std::string& releases);
+
+    /// Opens the stores and reads the library.
+    void open();
+    std::unique_ptr<PanelContent> panel(newsroom::PanelKind kind,
+                                        const newsroom::StoryQuery& query = {});
+
+    DeskBench desk{{}};
+    Defaults defaults{desk.folder.path() / "settings.ini"};
+    std::unique_ptr<NewsDesk> news;
+    std::unique_ptr<TrackerStore> trackers;
+};
+
+/// The rows' texts under that name.
+QStringList column(PanelContent& panel, const char* name);
+
+}  // namespace desk::test

@@ -1,0 +1,192 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+#include <tuple>
+
+#include "Tarnwick_Brell/Models/Panels/GatheredPanel.h"
+#include "tests/Tarnwick_Brell/Models/Panels/PanelBench.h"
+#include "tests/support/EventLoop.h"
+
+namespace desk {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace test;
+using newsroom::PanelKind;
+using newsroom::Sourcing;
+using ::test::until;
+
+constexpr const char* kHeadset = "Quillmark headset appears in blue factory photos";
+
+class StoryPanelsTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { ::test::beApplication(); }
+
+    /// Three outlets tell of the headset, one of something else.
+    void tellStories() {
+        bench_.tell("Harbour", "10:00", kHeadset, Sourcing::report);
+        bench_.tell("Lantern", "10:14", kHeadset);
+        bench_.tell("Meridian", "10:30", kHeadset);
+        bench_.tell("Lantern", "11:00", "A calm week for keyboards");
+    }
+
+    void expectTexts(const QStringList& texts, const QStringList& expected) {
+        EXPECT_EQ(texts.join('|').toStdString(), expected.join('|').toStdString());
+    }
+
+    PanelBench bench_;
+};
+
+TEST_F(StoryPanelsTest, ABriefTellsNewsAndTrackerChangesSinceTheLastLookAndOpensThem) {
+    bench_.tell("Harbour", "08:00", "Told before the last look");
+    tellStories();
+    bench_.lookedLastAt("09:12");
+    const auto started = std::chrono::floor<std::chrono::milliseconds>(bench_.at("11:05"))
+                             .time_since_epoch()
+                             .count();
+    bench_.serveTrackers(
+        R"({"services":[
+            {"serviceName":"Tune Box","events":[{"eventStatus":"ongoing","epochStartDate":)" +
+            std::to_string(started) + R"(}]},
+            {"serviceName":"Old Trouble","events":[{"eventStatus":"ongoing","epochStartDate":1000}]}]})",
+        R"({"systems":{"iOS":{
+            "public":{"version":"26.5","stage":"","build":"23F77","title":"iOS 26.5",
+                      "published":"2026-11-01T10:00:00Z","url":"https://a.example/1"},
+            "beta":{"version":"26.6","stage":"beta 1","build":"23G5028e","title":"iOS 26.6 beta 1",
+                    "published":"2026-11-20T11:02:00Z","url":"https://a.example/2"}}}})");
+    bench_.open();
+    bench_.trackers->refreshAll();
+    ASSERT_TRUE(until([&] {
+        return bench_.trackers->consumerStatus().value && bench_.trackers->releases().value;
+    }));
+
+    const auto brief = bench_.panel(PanelKind::brief);
+    EXPECT_EQ(brief->state(), PanelContent::Ready);
+    EXPECT_EQ(brief->fact(), "Since 09:12");
+    expectTexts(column(*brief, "text"),
+                {kHeadset, "Tune Box is having a problem since 11:05.", "A calm week for keyboards",
+                 "iOS 26.6 beta 1 is out, build 23G5028e."});
+    expectTexts(column(*brief, "sources"),
+                {"Harbour 10:00 · Lantern 10:14 · Meridian 10:30", "System Status 12:00",
+                 "Lantern 11:00", "Apple Developer Releases 11:02"});
+
+    QStringList opened;
+    QObject::connect(brief.get(), &PanelContent::storyWanted, [&](auto id) { opened << id; });
+    QObject::connect(brief.get(), &PanelContent::linkWanted, [&](auto link) { opened << link; });
+    auto& rows = dynamic_cast<GatheredPanel&>(*brief);
+    for (const int row : {0, 3, 99}) rows.open(row);
+    ASSERT_EQ(opened.size(), 2);
+    EXPECT_NE(bench_.news->stories().find(opened[0].toStdString()), nullptr);
+    EXPECT_EQ(opened[1], "https://a.example/2");
+
+    const auto narrow = bench_.panel(PanelKind::brief, {.anyTerms = {"headset"}});
+    expectTexts(column(*narrow, "text"), {kHeadset});
+}
+
+TEST_F(StoryPanelsTest, PanelsTellWhoCoversTheNewsAndWhoWasFirst) {
+    tellStories();
+    bench_.open();
+    const auto top = bench_.panel(PanelKind::topStories);
+    EXPECT_EQ(top->fact(), "Last 48 hours");
+    expectTexts(column(*top, "outletCount"), {"3"});
+    expectTexts(column(*top, "lead"), {"14 min before Lantern"});
+    expectTexts(column(*top, "sourcingLabel"), {"Report"});
+    expectTexts(column(*bench_.panel(PanelKind::scoops), "outlet"), {"Harbour"});
+    expectTexts(column(*bench_.panel(PanelKind::claims), "standing"), {"Nothing from Apple"});
+    const auto coverage = bench_.panel(PanelKind::coverage);
+    expectTexts(column(*coverage, "outlet"), {"Lantern", "Harbour", "Meridian"});
+    expectTexts(column(*coverage, "fraction"), {"1", "0.5", "0.5"});
+    expectTexts(column(*coverage, "firsts"), {"", "first 1×", ""});
+}
+
+TEST_F(StoryPanelsTest, APanelWithoutContentSaysWhetherNothingMatchesOrNothingCameOfIt) {
+    bench_.tell("Lantern", "11:00", "A calm week for keyboards");
+    bench_.open();
+    const std::vector<std::tuple<PanelKind, std::string, QString>> cases{
+        {PanelKind::topStories, "nonesuch", "No story of the last 3 d mentions “nonesuch”."},
+        {PanelKind::coverage, "nonesuch", "No story of the last 30 d mentions “nonesuch”."},
+        {PanelKind::stream, "nonesuch", "No story mentions “nonesuch”."},
+        {PanelKind::apple, "keyboards", "No post of Apple's mentions “keyboards”."},
+        {PanelKind::topStories, "keyboards", "No news that several outlets cover."},
+        {PanelKind::claims, "keyboards", "Nothing is reported or rumored."},
+        {PanelKind::scoops, "keyboards", "No news that one outlet had before others."},
+        {PanelKind::brief, "nonesuch", "Nothing new in the last 24 hours."}};
+    for (const auto& [kind, term, message] : cases) {
+        const auto panel = bench_.panel(kind, {.anyTerms = {term}});
+        EXPECT_EQ(panel->state(), PanelContent::Empty) << message.toStdString();
+        EXPECT_EQ(panel->message().toStdString(), message.toStdString());
+    }
+}
+
+TEST_F(StoryPanelsTest, APanelFollowsMarksAndArrivals) {
+    tellStories();
+    bench_.open();
+    const auto top = bench_.panel(PanelKind::topStories);
+    expectTexts(column(*top, "isRead"), {"false"});
+    std::vector<std::int64_t> all;
+    for (std::size_t i = 0; i < bench_.news->stories().size(); ++i) {
+        all.push_back(bench_.news->stories()[i].number());
+    }
+    bench_.news->markAllRead(all);
+    EXPECT_TRUE(until([&] { return column(*top, "isRead") == QStringList("true"); }));
+    bench_.tell("Nimbus", "11:30", kHeadset);
+    EXPECT_TRUE(until([&] { return column(*top, "outletCount") == QStringList("4"); }));
+}
+
+TEST_F(StoryPanelsTest, GatheringGivesWayToTheEventLoopAndStopsWhereTheWireIsTooFull) {
+    for (int i = 10; i < 60; ++i) {
+        bench_.tell("Harbour", "09:" + std::to_string(i), "Story " + std::to_string(i));
+        bench_.tell("Lantern", "10:" + std::to_string(i), "Story " + std::to_string(i));
+    }
+    bench_.open();
+    for (const auto& [most, found] : {std::pair{1000u, 100u}, std::pair{64u, 64u}}) {
+        NewsGatherer gatherer(*bench_.news, bench_.desk.clock(),
+                              {.debounce = 0ms, .slice = 0ms, .mostStories = most});
+        std::optional<std::size_t> stories;
+        newsroom::Instant from;
+        gatherer.add({.earliest = [&] { return bench_.at("00:00"); },
+                      .make =
+                          [&](const GatheredNews& gathered) {
+                              return
+                                  [&, count = gathered.news.stories.size(), start = gathered.from] {
+                                      stories = count;
+                                      from = start;
+                                  };
+                          }});
+        int turns = 0;
+        while (!stories && turns < 10'000) {
+            QCoreApplication::processEvents();
+            ++turns;
+        }
+        ASSERT_TRUE(stories);
+        EXPECT_EQ(*stories, found);
+        EXPECT_GT(turns, 2);
+        EXPECT_EQ(from, most > 100 ? bench_.at("00:00") : bench_.at("09:45"));
+    }
+}
+
+TEST_F(StoryPanelsTest, APanelThatGoesWhileItsContentIsMadeIsLeftAlone) {
+    tellStories();
+    bench_.open();
+    auto gatherer = std::make_shared<NewsGatherer>(*bench_.news, bench_.desk.clock(),
+                                                   NewsGatherer::Pace{.debounce = 0ms});
+    std::atomic<bool> isMade = false, mayGoOn = false;
+    bool isTaken = false;
+    const auto ticket = gatherer->add({.earliest = [&] { return bench_.at("00:00"); },
+                                       .make =
+                                           [&](const GatheredNews&) {
+                                               isMade = true;
+                                               while (!mayGoOn) std::this_thread::yield();
+                                               return [&] { isTaken = true; };
+                                           }});
+    // The worker waits until the wish has been taken back.
+    while (!isMade) QCoreApplication::processEvents();
+    gatherer->remove(ticket);
+    mayGoOn = true;
+    ::test::runFor(50ms);
+    EXPECT_FALSE(isTaken);
+}
+
+}  // namespace
+}  // namespace desk

@@ -1,0 +1,274 @@
+#include <gtest/gtest.h>
+
+#include <ctime>
+
+#include <QLocale>
+
+#include "Tarnwick_Brell/Models/Panels/CountdownPanel.h"
+#include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
+#include "Tarnwick_Brell/Models/Panels/ReleasesPanel.h"
+#include "Tarnwick_Brell/Models/Panels/SoftwarePanel.h"
+#include "Tarnwick_Brell/Models/Panels/StatusPanel.h"
+#include "Tarnwick_Brell/Models/Panels/StockPanel.h"
+#include "Tarnwick_Brell/Models/Panels/SuppliersPanel.h"
+#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/Tarnwick_Brell/Trackers/TrackerBench.h"
+#include "tests/support/EventLoop.h"
+
+namespace desk {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace test;
+using newsroom::AppleCalendarEvent;
+using newsroom::BoardQuote;
+using newsroom::PanelKind;
+using newsroom::PanelSpec;
+using newsroom::SoftwareRelease;
+using newsroom::StockQuote;
+using pressroom::Response;
+using ::test::until;
+
+constexpr const char* kApple = "www.apple.com";
+constexpr const char* kService = "desk.example";
+constexpr const char* kConsumer = "/support/systemstatus/data/system_status_en_US.js";
+constexpr const char* kDeveloper = "/support/systemstatus/data/developer/system_status_en_US.js";
+
+/// The clock is at 12:00 UTC on Friday, 20 November 2026.
+class TrackerPanelsTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        ::test::beApplication();
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    }
+
+    TrackerPanelsTest() {
+        defaults_.set("serviceAddress", std::string("https://") + kService + "/");
+        zone("UTC");
+        serve("releases", {{"systems", boost::json::object()}});
+        serve("events", {{"events", boost::json::array()}});
+        serve("quotes", {{"quotes", boost::json::array()}});
+        status(kConsumer, {"Mail", "Maps"});
+        status(kDeveloper, {"Kiosk"});
+    }
+
+    static void zone(const char* name) {
+        setenv("TZ", name, 1);
+        tzset();
+    }
+
+    void serve(const std::string& tracker, const boost::json::value& answer) {
+        bench_.http.script.on(kService, "/wp-json/tb-wire/v1/" + tracker,
+                              {{.body = boost::json::serialize(answer)}});
+    }
+    void status(const char* file, const std::vector<std::string>& services) {
+        bench_.http.script.on(kApple, file, {statusAnswer(services)});
+    }
+    void events(const std::vector<AppleCalendarEvent>& events) {
+        serve("events", {{"events", newsroom::encode(events)}});
+    }
+    void quote(StockQuote quote) {
+        quote.symbol = TrackerStore::kShare;
+        serve("quote?range=" + quote.range + "&symbol=AAPL", newsroom::encode(quote));
+    }
+
+    void refresh() {
+        if (!trackers_.isLoaded()) trackers_.start();
+        ASSERT_TRUE(until([&] { return trackers_.isLoaded(); }));
+        trackers_.refreshAll();
+        ASSERT_TRUE(until([&] {
+            return std::ranges::none_of(kTrackerRounds,
+                                        [&](auto round) { return trackers_.isRefreshing(round); });
+        }));
+    }
+
+    template <class Panel>
+    std::unique_ptr<Panel> panel(PanelKind kind, newsroom::PanelOptions options = {}) {
+        auto content = makeTrackerPanel(stores_, {.kind = kind, .options = std::move(options)});
+        return std::unique_ptr<Panel>(&dynamic_cast<Panel&>(*content.release()));
+    }
+
+    DeskBench bench_{{}};
+    Defaults defaults_{bench_.folder.path() / "settings.ini"};
+    NewsDesk news_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
+    TrackerStore trackers_{news_.worker(), defaults_, bench_.clock()};
+    PanelStores stores_{news_, trackers_, bench_.clock()};
+};
+
+std::string joined(const std::vector<CountdownRow>& rows) {
+    std::string text;
+    for (const auto& row : rows) {
+        text += (row.title + u'|' + row.badge + u'|' + row.date + u'|' + row.days +
+                 (row.isReleased ? QStringLiteral("|released\n") : QStringLiteral("\n")))
+                    .toStdString();
+    }
+    return text;
+}
+
+TEST_F(TrackerPanelsTest, TheNextFirmDateLeadsAndTheRestFollowsInOrder) {
+    const auto now = bench_.now();
+    events({{.title = "Far fair", .starts = now + std::chrono::days(52)},
+            {.title = "Harbour fair",
+             .starts = now + std::chrono::days(20) + 8h,
+             .status = "announced"},
+            {.title = "Pier, 18th anniversary", .starts = now + 24h},
+            {.title = "Lamp in stores", .starts = now - 24h, .status = "released"},
+            {.title = "Long over", .starts = now - std::chrono::days(4)},
+            {.title = "Spring do", .starts = now + 48h, .window = "March", .status = "rumored"}});
+    auto panel = this->panel<CountdownPanel>(PanelKind::countdown);
+    EXPECT_EQ(panel->state(), PanelContent::Loading);
+    refresh();
+    EXPECT_EQ(panel->state(), PanelContent::Ready);
+    EXPECT_EQ(panel->title(), "Harbour fair");
+    EXPECT_EQ(panel->days(), "20 days");
+    EXPECT_EQ(panel->time(), "Thu 10 December, 20:00 your time");
+    EXPECT_EQ(joined(panel->rows()->rows()),
+              "Lamp in stores||Yesterday|-1|released\n"
+              "Pier, 18th anniversary|18 years|Tomorrow|1\n"
+              "Spring do||March|?\n"
+              "Far fair||11 Jan 2027|52\n");
+
+    zone("Asia/Tokyo");
+    panel->tick();
+    EXPECT_EQ(panel->days(), "21 days") << "five in the morning of the next day";
+    EXPECT_EQ(panel->time(), "Fri 11 December, 05:00 your time");
+
+    bench_.pass(std::chrono::days(20) + 9h);
+    panel->tick();
+    EXPECT_EQ(panel->days(), "Today") << "begun, but not over";
+
+    auto narrow = this->panel<CountdownPanel>(PanelKind::countdown, {.eventTerms = {"far"}});
+    EXPECT_EQ(narrow->title(), "Far fair");
+    EXPECT_EQ(narrow->rows()->rowCount(), 0);
+    auto none = this->panel<CountdownPanel>(PanelKind::countdown, {.eventTerms = {"circus"}});
+    EXPECT_EQ(none->state(), PanelContent::Empty);
+}
+
+TEST_F(TrackerPanelsTest, BuildsAreNewForThreeDaysAndHistoryKeepsTheOldOnes) {
+    const auto release = [&](const char* version, const char* stage, const char* build,
+                             newsroom::Instant::duration age) {
+        return SoftwareRelease{.version = version,
+                               .stage = stage,
+                               .build = build,
+                               .title = std::string(version) + " " + stage,
+                               .published = bench_.now() - age};
+    };
+    const auto systems = [&](const SoftwareRelease& beta) {
+        serve("releases",
+              {{"systems",
+                {{"iOS",
+                  {{"public", newsroom::encode(release("26.5", "Release", "A1", 71h))},
+                   {"beta", newsroom::encode(beta)}}},
+                 {"tvOS", {{"public", newsroom::encode(release("26.5", "", "T1", 73h))}}},
+                 {"otherOS", {{"public", newsroom::encode(release("1", "", "O1", 1h))}}}}}});
+    };
+    auto software =
+        panel<SoftwarePanel>(PanelKind::software, {.platforms = {"tvOS", "lostOS", "iOS"}});
+    auto releases = panel<ReleasesPanel>(PanelKind::releases, {.platforms = {"tvOS", "iOS"}});
+    systems(release("26.6", "Beta", "B1", 200h));
+    refresh();
+    systems(release("26.6", "Release Candidate 2", "B2", 80h));
+    refresh();
+
+    const auto& rows = software->rows()->rows();
+    ASSERT_EQ(rows.size(), 2u);
+    EXPECT_EQ(rows[0].platform, "tvOS");
+    EXPECT_FALSE(rows[0].isNew);
+    EXPECT_EQ(rows[0].betaVersion, "No beta");
+    EXPECT_TRUE(rows[1].isNew);
+    EXPECT_EQ(rows[1].betaVersion, "26.6 RC 2");
+    bench_.pass(2h);
+    software->tick();
+    EXPECT_FALSE(software->rows()->rows()[1].isNew);
+
+    std::string builds;
+    for (const auto& row : releases->rows()->rows()) builds += row.build.toStdString() + " ";
+    EXPECT_EQ(builds, "A1 T1 B2 B1 ");
+}
+
+TEST_F(TrackerPanelsTest, AStaleHalfOfTheStatusSaysFromWhenItIs) {
+    auto panel = this->panel<StatusPanel>(PanelKind::status);
+    refresh();
+    EXPECT_EQ(panel->allUp(), "All services are up");
+    EXPECT_EQ(panel->developer(), "1 of 1 developer up");
+
+    bench_.pass(3h);
+    status(kConsumer, {"Mail!", "Maps"});
+    bench_.http.script.on(kApple, kDeveloper, {{.status = 404}});
+    refresh();
+    EXPECT_EQ(panel->state(), PanelContent::Ready);
+    EXPECT_EQ(panel->allUp(), "");
+    EXPECT_EQ(panel->consumer(), "1 of 2 consumer up");
+    EXPECT_EQ(panel->developer(), "1 of 1 developer up at 12:00");
+    EXPECT_FALSE(panel->isDeveloperKnown());
+    EXPECT_EQ(panel->checked(), "Checked 15:00");
+    ASSERT_EQ(panel->problemCount(), 1);
+    EXPECT_EQ(panel->problems()->row(0)->level, ProblemLevel::Outage);
+
+    status(kConsumer, {"Mail", "Maps"});
+    refresh();
+    EXPECT_EQ(panel->allUp(), "") << "nobody knows of the developers'";
+    bench_.http.script.on(kApple, kConsumer, {{.status = 404}});
+    refresh();
+    EXPECT_EQ(panel->state(), PanelContent::Stale);
+    EXPECT_EQ(panel->consumer(), "2 of 2 consumer up");
+}
+
+TEST_F(TrackerPanelsTest, ThePriceStaysWhileTheChartOfAnotherRangeComes) {
+    const auto points = [&](double last) {
+        return std::vector<StockQuote::Point>{{bench_.now() - 48h, 90}, {bench_.now() - 24h, last}};
+    };
+    quote({.price = 99,
+           .marketState = "OPEN",
+           .asOf = bench_.now(),
+           .points = points(99),
+           .range = "1m"});
+    auto panel = this->panel<StockPanel>(PanelKind::stock);
+    refresh();
+    EXPECT_EQ(panel->price(), "99.00");
+    EXPECT_EQ(panel->change(), "+9.00 (+10.00%)");
+    EXPECT_EQ(panel->fact(), "Open, 12:00");
+    EXPECT_EQ(panel->points().size(), 2);
+
+    bench_.http.script.on(kService, "/wp-json/tb-wire/v1/quote?range=1y&symbol=AAPL",
+                          {{.status = 404}});
+    panel->choose(3);
+    EXPECT_EQ(panel->state(), PanelContent::Ready);
+    EXPECT_EQ(panel->price(), "99.00");
+    EXPECT_EQ(panel->points().size(), 0) << "a month is not shown as a year";
+    EXPECT_EQ(panel->chartMessage(), "Loading…");
+    ASSERT_TRUE(until([&] { return panel->chartMessage() != "Loading…"; }));
+    EXPECT_EQ(panel->state(), PanelContent::Ready) << "the price is good";
+
+    quote({.price = 98, .points = {{bench_.now(), 98}}, .range = "1d"});
+    auto other = this->panel<StockPanel>(PanelKind::stock, {.stockRange = "1d"});
+    ASSERT_TRUE(until([&] { return other->points().size() == 1; }));
+    EXPECT_EQ(other->change(), "") << "there is no previous close";
+    EXPECT_EQ(other->move(), PriceMove::Unknown);
+    EXPECT_EQ(trackers_.quoteRange(), newsroom::QuoteRange::year)
+        << "a panel that opens sets nothing";
+}
+
+TEST_F(TrackerPanelsTest, TheBoardStandsGroupByGroup) {
+    const auto row = [](const char* symbol, const char* group, std::optional<double> previous) {
+        return newsroom::encode(
+            BoardQuote{.symbol = symbol, .group = group, .price = 10, .previousClose = previous});
+    };
+    serve("quotes", {{"quotes",
+                      {row("TIDE", "Glass", 20), row("REEF", "Chips", std::nullopt),
+                       row("SAND", "Glass", 10)}}});
+    auto panel = this->panel<SuppliersPanel>(PanelKind::suppliers);
+    refresh();
+    const auto& rows = panel->rows()->rows();
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(rows[0].symbol, "TIDE");
+    EXPECT_EQ(rows[0].change, "\u221250.00%");
+    EXPECT_EQ(rows[0].move, PriceMove::Down);
+    EXPECT_EQ(rows[1].symbol, "SAND");
+    EXPECT_EQ(rows[1].move, PriceMove::Flat);
+    EXPECT_EQ(rows[2].change, "");
+    EXPECT_EQ(rows[2].move, PriceMove::Unknown);
+}
+
+}  // namespace
+}  // namespace desk

@@ -1,0 +1,170 @@
+// Draws every view of the window, in light and dark and in several sizes, into PNG files.
+#include <array>
+#include <chrono>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+#include <QDir>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QTimer>
+#include <fmt/format.h>
+
+#include "Tarnwick_Brell/Models/Window/WindowModel.h"
+#include "Tarnwick_Brell/Shell/AppEnvironment.h"
+#include "Tarnwick_Brell/Shell/DeskOptions.h"
+#include "Tarnwick_Brell/Shell/Premises.h"
+#include "Tarnwick_Brell/Shell/WallClock.h"
+#include "Tarnwick_Brell/Window/DeskWindow.h"
+
+namespace {
+
+using namespace desk;
+using namespace std::chrono_literals;
+
+constexpr std::array kSizes{QSize(960, 600), QSize(1360, 860), QSize(1600, 1000)};
+
+struct View {
+    const char* name;
+    std::function<void(WindowModel&)> open;
+};
+
+void runFor(std::chrono::milliseconds time) {
+    QEventLoop loop;
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void waitUntil(const char* what, const std::function<bool()>& holds) {
+    const auto end = std::chrono::steady_clock::now() + 60s;
+    while (!holds()) {
+        if (std::chrono::steady_clock::now() > end)
+            throw std::runtime_error(std::string("waited in vain: ") + what);
+        runFor(20ms);
+    }
+}
+
+/// A story that several outlets tell, as that shows the most.
+void chooseStory(WindowModel& model, NewsDesk& news) {
+    for (const auto& cluster : news.clusters()) {
+        if (cluster.storyIDs.size() < 3) continue;
+        model.openStory(QString::fromStdString(cluster.storyIDs[1]));
+        return;
+    }
+    model.wire()->step(1);
+}
+
+std::vector<View> viewsOf(NewsDesk& news) {
+    return {
+        {"today", [](WindowModel& model) { model.open(QStringLiteral("")); }},
+        {"wire",
+         [&news](WindowModel& model) {
+             model.open(QStringLiteral("wire:all"));
+             chooseStory(model, news);
+         }},
+        {"wire-list", [](WindowModel& model) { model.open(QStringLiteral("wire:unread")); }},
+        {"search", [](WindowModel& model) { model.searchFor(QStringLiteral("iphone")); }},
+        {"empty", [](WindowModel& model) { model.open(QStringLiteral("wire:saved")); }},
+        {"failing", [](WindowModel& model) { model.open(QStringLiteral("source:webkit")); }},
+        {"top-stories", [](WindowModel& model) { model.open(QStringLiteral("wire:top")); }},
+        {"status", [](WindowModel& model) { model.open(QStringLiteral("tracker:status")); }},
+        {"software", [](WindowModel& model) { model.open(QStringLiteral("tracker:software")); }},
+        {"markets", [](WindowModel& model) { model.open(QStringLiteral("tracker:markets")); }},
+        {"events", [](WindowModel& model) { model.open(QStringLiteral("tracker:events")); }},
+        {"palette",
+         [&news](WindowModel& model) {
+             model.open(QStringLiteral("wire:all"));
+             chooseStory(model, news);
+             model.actions()->trigger(DeskAction::ShowPalette);
+             model.palette()->setText(QStringLiteral("sto"));
+         }},
+        {"keys", [](WindowModel& model) { model.actions()->trigger(DeskAction::ShowKeys); }},
+    };
+}
+
+void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString& folder,
+          const std::string& only) {
+    for (const auto look : {Appearance::Light, Appearance::Dark}) {
+        model.appearance()->setChoice(look);
+        for (const auto& view : viewsOf(news)) {
+            if (!only.empty() && only != view.name) continue;
+            for (const auto size : kSizes) {
+                window.window().resize(size);
+                view.open(model);
+                runFor(350ms);
+                const auto file = fmt::format("{}-{}-{}x{}.png", view.name,
+                                              look == Appearance::Dark ? "dark" : "light",
+                                              size.width(), size.height());
+                if (!window.window().grabWindow().save(folder + u'/' + QString::fromStdString(file)))
+                    throw std::runtime_error("can't write " + file);
+                emit model.viewClosed();
+            }
+        }
+    }
+}
+
+int run(int& count, char** words, const DeskOptions& options, const std::string& folder,
+        const std::string& only) {
+    Premises premises(options, currentInstant());
+    auto network = premises.network(
+        [](const std::string& sentence) { fmt::print(stderr, "{}\n", sentence); });
+    QGuiApplication application(count, words);
+    QDir().mkpath(QString::fromStdString(folder));
+    AppEnvironment environment({.paths = premises.paths(),
+                                .network = std::move(network),
+                                .clock = &currentInstant,
+                                .what = "the window's pictures"});
+    auto& news = environment.newsDesk();
+    WindowModel model({.news = news,
+                       .trackers = environment.trackers(),
+                       .newsrooms = environment.newsrooms(),
+                       .defaults = environment.defaults(),
+                       .clock = &currentInstant});
+    model.open(QString());
+    DeskWindow window(model);
+    window.show();
+    environment.start();
+    waitUntil("the library", [&] { return news.isLoaded(); });
+    news.refreshAll();
+    waitUntil("the first pass", [&] { return news.lastRefresh() && !news.isRefreshing(); });
+    waitUntil("the trackers", [&] {
+        auto& trackers = environment.trackers();
+        return trackers.quote().value && trackers.board().value && trackers.releases().value &&
+               trackers.events().value && trackers.developerStatus().value;
+    });
+    waitUntil("clusters", [&] { return !news.clusters().empty(); });
+    // Some of it read and saved, as on a desk in use.
+    std::vector<std::string> read, saved;
+    for (std::size_t place = 3; place < std::min<std::size_t>(news.stories().size(), 60); place += 3)
+        read.emplace_back(news.stories()[place].id());
+    for (const std::size_t place : {4u, 9u})
+        if (place < news.stories().size()) saved.emplace_back(news.stories()[place].id());
+    news.setRead(read, true);
+    if (only != "empty") news.setSaved(saved, true);
+    runFor(1500ms);
+    draw(model, window, news, QString::fromStdString(folder), only);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app("Draws every view of the window into PNG files.", "window_pictures");
+    DeskOptions options;
+    std::string folder, only;
+    addDeskOptions(app, options);
+    app.add_option("FOLDER", folder)->required();
+    app.add_option("--only", only, "One view");
+    try {
+        app.parse(argc, argv);
+        return run(argc, argv, options, folder, only);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error);
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "window_pictures: {}\n", error.what());
+        return 1;
+    }
+}
