@@ -34,9 +34,9 @@ void nameModules() {
 DeskWindow::DeskWindow(WindowModel& model) : model_(model) {
     nameModules();
     installControls(engine_);
-    followAppearance();
-    connect(model.appearance(), &Appearance::changed, this, &DeskWindow::followAppearance);
     QQmlComponent main(&engine_, QUrl(QStringLiteral("qrc:/qt/qml/TarnwickBrell/Window/Main.qml")));
+    if (main.isError())
+        throw std::runtime_error("The window can't be made. " + main.errorString().toStdString());
     auto* made = main.createWithInitialProperties({{QStringLiteral("desk"), QVariant::fromValue(&model)}});
     window_.reset(qobject_cast<QQuickWindow*>(made));
     if (!window_) {
@@ -47,16 +47,6 @@ DeskWindow::DeskWindow(WindowModel& model) : model_(model) {
 }
 
 DeskWindow::~DeskWindow() = default;
-
-void DeskWindow::followAppearance() {
-    auto* theme = engine_.singletonInstance<QObject*>(
-        qmlTypeId("TarnwickBrell.Controls", 1, 0, "Theme"));
-    if (!theme) throw std::runtime_error("The window has no theme.");
-    const auto& look = *model_.appearance();
-    theme->setProperty("dark", look.isDark());
-    theme->setProperty("fontScale", look.fontScale());
-    theme->setProperty("reducedMotion", look.reducedMotion());
-}
 
 void DeskWindow::show() {
     model_.state()->isMaximised() ? window_->showMaximized() : window_->show();

@@ -10,7 +10,7 @@
 
 namespace desk {
 
-/// The one window: makes it from QML, keeps its theme as the appearance says, raises it.
+/// The one window: makes it from QML and raises it.
 class DeskWindow : public QObject {
     Q_OBJECT
 public:
@@ -24,8 +24,6 @@ public:
     void raise(const QString& activationToken);
 
 private:
-    void followAppearance();
-
     WindowModel& model_;
     QQmlEngine engine_;
     std::unique_ptr<QQuickWindow> window_;

@@ -15,7 +15,7 @@ StoryPanelList {
     delegate: StoryPanelRow {
         id: row
 
-        required property string text
+        required property string sentence
         required property string sources
 
         parted: false
@@ -28,7 +28,7 @@ StoryPanelList {
                 width: parent.width
                 lineHeight: Theme.panelLine
                 lines: 3
-                text: row.text
+                text: row.sentence
             }
             DeskText {
                 width: parent.width

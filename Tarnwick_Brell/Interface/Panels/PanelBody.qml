@@ -1,21 +1,15 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import TarnwickBrell.Models
 
-/// The content of a panel, by its kind.
+/// The content of a panel, by its kind. Loaded by name: a bound component can't be loaded in
+/// Qt 6.4.
 Item {
     id: body
 
     required property PanelContent content
 
-    Loader {
-        anchors.fill: parent
-        sourceComponent: body.isTracker ? trackers : stories
-    }
-
     readonly property bool isTracker: {
-        switch (body.content.kind) {
+        switch (content.kind) {
         case PanelContent.Countdown:
         case PanelContent.Stock:
         case PanelContent.Software:
@@ -30,19 +24,11 @@ Item {
         }
     }
 
-    Component {
-        id: stories
-
-        StoryPanelBody {
-            content: body.content
-        }
+    Loader {
+        id: loader
+        anchors.fill: parent
     }
-
-    Component {
-        id: trackers
-
-        TrackerPanelBody {
-            content: body.content
-        }
-    }
+    Component.onCompleted: loader.setSource(isTracker ? "TrackerPanelBody.qml" : "StoryPanelBody.qml", {
+        content: content
+    })
 }

@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
@@ -59,14 +57,12 @@ PanelCard {
             color: Theme.text3
         }
     }
-    Loader {
+    PanelBody {
         anchors.fill: parent
         anchors.topMargin: panel.hasFailed
             ? failure.height + (lastGood.visible ? lastGood.height + Theme.space3 : 0) + Theme.space2 : 0
-        active: panel.hasContent
-        sourceComponent: PanelBody {
-            content: panel.content
-        }
+        visible: panel.hasContent
+        content: panel.content
     }
     PanelSkeleton {
         anchors.fill: parent

@@ -1,82 +1,58 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import TarnwickBrell.Models
 
-/// The content of a panel that shows stories.
+/// The content of a panel that shows stories. Loaded by name: a bound component can't be
+/// loaded in Qt 6.4, and panels want their own kinds of content.
 Item {
     id: body
 
     required property PanelContent content
 
+    readonly property string file: {
+        switch (content.kind) {
+        case PanelContent.Stream:
+        case PanelContent.Apple:
+            return "StreamPanel.qml";
+        case PanelContent.Brief:
+            return "BriefPanel.qml";
+        case PanelContent.TopStories:
+            return "TopStoriesPanel.qml";
+        case PanelContent.Claims:
+            return "ClaimsPanel.qml";
+        case PanelContent.Coverage:
+            return "CoveragePanel.qml";
+        case PanelContent.Scoops:
+            return "ScoopsPanel.qml";
+        default:
+            return "";
+        }
+    }
+    readonly property string name: {
+        switch (content.kind) {
+        case PanelContent.Brief:
+            return qsTr("Brief");
+        case PanelContent.TopStories:
+            return qsTr("Top stories");
+        case PanelContent.Claims:
+            return qsTr("Claims");
+        case PanelContent.Coverage:
+            return qsTr("Outlets");
+        case PanelContent.Scoops:
+            return qsTr("Scoops");
+        default:
+            return qsTr("Stories");
+        }
+    }
+
     Loader {
+        id: loader
         anchors.fill: parent
-        sourceComponent: {
-            switch (body.content.kind) {
-            case PanelContent.Stream:
-            case PanelContent.Apple:
-                return stream;
-            case PanelContent.Brief:
-                return brief;
-            case PanelContent.TopStories:
-                return topStories;
-            case PanelContent.Claims:
-                return claims;
-            case PanelContent.Coverage:
-                return coverage;
-            case PanelContent.Scoops:
-                return scoops;
-            default:
-                return null;
-            }
-        }
     }
-    Component {
-        id: stream
-
-        StreamPanel {
-            name: qsTr("Stories")
-            content: body.content as StoryPanel
-        }
-    }
-    Component {
-        id: brief
-
-        BriefPanel {
-            name: qsTr("Brief")
-            content: body.content as GatheredPanel
-        }
-    }
-    Component {
-        id: topStories
-
-        TopStoriesPanel {
-            name: qsTr("Top stories")
-            content: body.content as GatheredPanel
-        }
-    }
-    Component {
-        id: claims
-
-        ClaimsPanel {
-            name: qsTr("Claims")
-            content: body.content as GatheredPanel
-        }
-    }
-    Component {
-        id: coverage
-
-        CoveragePanel {
-            name: qsTr("Outlets")
-            content: body.content as GatheredPanel
-        }
-    }
-    Component {
-        id: scoops
-
-        ScoopsPanel {
-            name: qsTr("Scoops")
-            content: body.content as GatheredPanel
-        }
+    Component.onCompleted: {
+        if (file)
+            loader.setSource(file, {
+                name: name,
+                content: content
+            });
     }
 }

@@ -22,6 +22,22 @@ Window {
     title: qsTr("Tarnwick Brell")
     color: Theme.canvas
 
+    Binding {
+        target: Theme
+        property: "dark"
+        value: window.desk.appearance.isDark
+    }
+    Binding {
+        target: Theme
+        property: "fontScale"
+        value: window.desk.appearance.fontScale
+    }
+    Binding {
+        target: Theme
+        property: "reducedMotion"
+        value: window.desk.appearance.reducedMotion
+    }
+
     FocusScope {
         anchors.fill: parent
         focus: true

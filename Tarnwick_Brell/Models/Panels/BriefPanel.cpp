@@ -21,7 +21,7 @@ constexpr std::chrono::hours kWithoutLastLook{24};
 constexpr std::chrono::days kMostAbsence{30};
 
 BriefRow spoken(BriefRow row) {
-    row.spokenText = spokenRow({row.text, row.sources});
+    row.spokenText = spokenRow({row.sentence, row.sources});
     return row;
 }
 
@@ -86,7 +86,7 @@ void BriefPanel::show() {
 std::vector<BriefRow> BriefPanel::newsRows() const {
     std::vector<BriefRow> rows;
     for (const auto& topic : content_->topics) {
-        rows.push_back(spoken({.text = titleText(topic.headline.title, kTitleCharacters),
+        rows.push_back(spoken({.sentence = titleText(topic.headline.title, kTitleCharacters),
                                .sources = sourcesText(topic.outlets, now()),
                                .storyID = plainText(topic.headline.storyID)}));
     }
@@ -103,7 +103,7 @@ std::vector<BriefRow> BriefPanel::otherRows() const {
 
 /// What a tracker says is on the record, and from no source of the wire.
 void BriefPanel::addIfWanted(std::vector<BriefRow>& rows, BriefRow row) const {
-    const auto text = row.text.toStdString();
+    const auto text = row.sentence.toStdString();
     if (wanted_.matches(
             newsroom::StoryFacts{.sourcing = newsroom::Sourcing::confirmed, .title = text})) {
         rows.push_back(spoken(std::move(row)));
@@ -117,7 +117,7 @@ void BriefPanel::addProblems(std::vector<BriefRow>& rows) const {
             const auto& started = report.incident.started;
             if (started && *started < since()) continue;
             const auto service = titleText(report.service);
-            BriefRow row{.text = started ? tr("%1 is having a problem since %2.")
+            BriefRow row{.sentence = started ? tr("%1 is having a problem since %2.")
                                                .arg(service, momentText(*started, now()))
                                          : tr("%1 is having a problem.").arg(service),
                          .sources = tr("System Status"),
@@ -137,7 +137,7 @@ void BriefPanel::addBuilds(std::vector<BriefRow>& rows) const {
             const auto system = systemText(platform.platform, **release);
             const auto build = titleText((*release)->build);
             addIfWanted(rows,
-                        {.text = build.isEmpty() ? tr("%1 is out.").arg(system)
+                        {.sentence = build.isEmpty() ? tr("%1 is out.").arg(system)
                                                  : tr("%1 is out, build %2.").arg(system, build),
                          .sources = tr("Apple Developer Releases") + u' ' +
                                     momentText((*release)->published, now()),
@@ -152,7 +152,7 @@ void BriefPanel::addPosts(std::vector<BriefRow>& rows) const {
     const auto title = titleText(latest.title, kTitleCharacters);
     const auto count = static_cast<int>(content_->apple->count);
     rows.push_back(spoken(
-        {.text = count == 1 ? tr("Apple posted: %1").arg(title)
+        {.sentence = count == 1 ? tr("Apple posted: %1").arg(title)
                             : tr("Apple posted %n times, last: %1", nullptr, count).arg(title),
          .sources = sourcesText({latest}, now()),
          .storyID = plainText(latest.storyID)}));

@@ -10,12 +10,12 @@ namespace desk {
 
 struct BriefRow {
     Q_GADGET
-    Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(QString sentence MEMBER sentence)
     Q_PROPERTY(QString sources MEMBER sources)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
 
 public:
-    QString text{};
+    QString sentence{};
     QString sources{};
     QString storyID{};
     QString link{};  ///< where there is no story
@@ -32,7 +32,7 @@ public:
     BriefPanel(const PanelStores& stores, const newsroom::PanelSpec& panel,
                const newsroom::StoryQuery& query);
 
-    QAbstractItemModel* rows() override { return &rows_; }
+    QAbstractListModel* rows() override { return &rows_; }
     void open(int row) override;
 
 private:

@@ -31,7 +31,7 @@ public:
 
 /// The days until the next event of Apple's calendar, then the other events from two days ago
 /// on. An anniversary or a rumor never leads: the one is no news, the other has no date.
-class CountdownPanel final : public PanelContent {
+class CountdownPanel final : public desk::PanelContent {
     Q_OBJECT
     QML_NAMED_ELEMENT(CountdownContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")

@@ -33,7 +33,7 @@ public:
     CoveragePanel(const PanelStores& stores, const newsroom::PanelSpec& panel,
                   const newsroom::StoryQuery& query);
 
-    QAbstractItemModel* rows() override { return &rows_; }
+    QAbstractListModel* rows() override { return &rows_; }
     /// An outlet is no story.
     void open(int) override {}
 

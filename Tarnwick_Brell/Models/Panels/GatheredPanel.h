@@ -5,7 +5,7 @@
 #include <optional>
 #include <utility>
 
-#include <QAbstractItemModel>
+#include <QAbstractListModel>
 #include <qqmlregistration.h>
 
 #include "Tarnwick_Brell/Models/Panels/NewsGatherer.h"
@@ -18,14 +18,12 @@ class GatheredPanel : public PanelContent {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
-    // The linter knows no QAbstractItemModel.
-    Q_PROPERTY(QObject* rows READ rowsObject CONSTANT)
+    Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
 
 public:
     ~GatheredPanel() override;
 
-    virtual QAbstractItemModel* rows() = 0;
-    QObject* rowsObject() { return rows(); }
+    virtual QAbstractListModel* rows() = 0;
     void tick() override;
     /// Opens what the row tells.
     Q_INVOKABLE virtual void open(int row) = 0;

@@ -34,7 +34,7 @@ public:
 
 /// Every release and beta of the panel's platforms that the desk has seen, the last published
 /// first. New are those that were published within the last three days.
-class ReleasesPanel final : public PanelContent {
+class ReleasesPanel final : public desk::PanelContent {
     Q_OBJECT
     QML_NAMED_ELEMENT(ReleasesContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")

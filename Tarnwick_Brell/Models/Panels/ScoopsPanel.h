@@ -36,7 +36,7 @@ public:
     ScoopsPanel(const PanelStores& stores, const newsroom::PanelSpec& panel,
                 const newsroom::StoryQuery& query);
 
-    QAbstractItemModel* rows() override { return &rows_; }
+    QAbstractListModel* rows() override { return &rows_; }
     void open(int row) override;
 
 private:

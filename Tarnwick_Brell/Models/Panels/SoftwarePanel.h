@@ -37,7 +37,7 @@ public:
 
 /// What the panel's platforms are at, in the panel's order. A platform is marked as new when
 /// one of its two builds was published within the last three days.
-class SoftwarePanel final : public PanelContent {
+class SoftwarePanel final : public desk::PanelContent {
     Q_OBJECT
     QML_NAMED_ELEMENT(SoftwareContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")

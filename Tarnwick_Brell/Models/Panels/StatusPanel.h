@@ -34,7 +34,7 @@ public:
 
 /// Whether Apple's services are up, its consumers' and its developers'. The two are two files:
 /// the developers' may be older than the other, and says so then.
-class StatusPanel final : public PanelContent {
+class StatusPanel final : public desk::PanelContent {
     Q_OBJECT
     QML_NAMED_ELEMENT(StatusContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")

@@ -15,7 +15,7 @@ namespace desk {
 /// Apple's share: price, change of the day, and a chart over one of four ranges with the
 /// panel's events on it. The range begins as the panel's options have it; another choice holds
 /// as long as this content, and is what the desk keeps fetching.
-class StockPanel final : public PanelContent {
+class StockPanel final : public desk::PanelContent {
     Q_OBJECT
     QML_NAMED_ELEMENT(StockContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
@@ -23,7 +23,7 @@ class StockPanel final : public PanelContent {
     Q_PROPERTY(QString change READ change NOTIFY changed)
     Q_PROPERTY(desk::PriceMove::Value move READ move NOTIFY changed)
     Q_PROPERTY(bool isOpen READ isOpen NOTIFY changed)
-    Q_PROPERTY(QStringList ranges READ ranges CONSTANT)
+    Q_PROPERTY(QList<QString> ranges READ ranges CONSTANT)
     Q_PROPERTY(int range READ range NOTIFY changed)
     Q_PROPERTY(QList<QPointF> points READ points NOTIFY changed)
     Q_PROPERTY(bool hasPreviousClose READ hasPreviousClose NOTIFY changed)

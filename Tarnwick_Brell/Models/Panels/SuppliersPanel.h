@@ -43,7 +43,7 @@ public:
 
 /// Apple's share beside those of its suppliers and partners, group by group in the board's
 /// order.
-class SuppliersPanel final : public PanelContent {
+class SuppliersPanel final : public desk::PanelContent {
     Q_OBJECT
     QML_NAMED_ELEMENT(SuppliersContent)
     QML_UNCREATABLE("Newsrooms make their panels' contents.")

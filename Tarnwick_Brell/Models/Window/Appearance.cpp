@@ -50,6 +50,8 @@ Appearance::Appearance(Defaults& defaults, QDBusConnection bus)
 
 void Appearance::askDesktop() {
     qDBusRegisterMetaType<DesktopLook::Settings>();
+    // Without it the slot below is not found, as long as nothing else has used the type.
+    qRegisterMetaType<QDBusVariant>("QDBusVariant");
     // Of whichever service: naming it would make Qt wait for its owner's name.
     bus_.connect(QString(), kPath, kInterface, QStringLiteral("SettingChanged"), this,
                  SLOT(settingChanged(QString, QString, QDBusVariant)));

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QImage>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QTest>
@@ -59,8 +62,11 @@ protected:
         static int count = 1;
         static char name[] = "test";
         static char* arguments[] = {name, nullptr};
-        static QGuiApplication application(count, arguments);
+        application_ = std::make_unique<QGuiApplication>(count, arguments);
+        application_->setFont(QFont(QStringLiteral("Inter")));
     }
+    /// Qt does not take its end among the program's statics well.
+    static void TearDownTestSuite() { application_.reset(); }
 
     StoryPanelViewTest() {
         [[maybe_unused]] void (*volatile models)() = &qml_register_types_TarnwickBrell_Models;
@@ -94,27 +100,36 @@ protected:
         QObject::connect(view_->engine(), &QQmlEngine::warnings, [this](const auto& warnings) {
             for (const auto& warning : warnings) warnings_ << warning.toString();
         });
-        QQmlComponent component(view_->engine());
-        component.setData(kPage, QUrl(QStringLiteral("qrc:/page.qml")));
-        auto* page = component.createWithInitialProperties(
+        auto* component = new QQmlComponent(view_->engine(), view_.get());
+        component->setData(kPage, QUrl(QStringLiteral("qrc:/page.qml")));
+        ASSERT_TRUE(component->isReady()) << component->errorString().toStdString();
+        auto* page = component->createWithInitialProperties(
             {{"contents", QVariant::fromValue(list)}, {"dark", dark}});
-        ASSERT_NE(page, nullptr) << component.errorString().toStdString();
         view_->setResizeMode(QQuickView::SizeRootObjectToView);
-        view_->setContent({}, &component, page);
+        view_->setContent({}, component, page);
         view_->resize(1264, 850);
         view_->show();
         ::test::runFor(200ms);
     }
 
-    QQuickItem* list(int index) {
-        const auto* panel =
-            view_->rootObject()->findChild<QQuickItem*>(QStringLiteral("panel%1").arg(index));
-        for (auto* item : panel->findChildren<QQuickItem*>()) {
-            if (item->inherits("QQuickListView")) return item;
+    /// What a repeater makes are items below each other, not objects.
+    template <class Wanted>
+    static QQuickItem* below(QQuickItem* item, const Wanted& isWanted) {
+        if (isWanted(item)) return item;
+        for (auto* child : item->childItems()) {
+            if (auto* found = below(child, isWanted)) return found;
         }
         return nullptr;
     }
 
+    QQuickItem* list(int index) {
+        const auto name = QStringLiteral("panel%1").arg(index);
+        auto* panel = below(view_->rootObject(),
+                            [&](QQuickItem* item) { return item->objectName() == name; });
+        return below(panel, [](QQuickItem* item) { return item->inherits("QQuickListView"); });
+    }
+
+    static inline std::unique_ptr<QGuiApplication> application_;
     PanelBench bench_;
     std::vector<std::unique_ptr<PanelContent>> contents_;
     std::unique_ptr<QQuickView> view_;
@@ -123,7 +138,7 @@ protected:
 
 TEST_F(StoryPanelViewTest, EveryPanelIsDrawnInLightAndDarkWithoutAWarning) {
     for (const bool dark : {false, true}) {
-        show(dark);
+        ASSERT_NO_FATAL_FAILURE(show(dark));
         const auto picture = view_->grabWindow();
         if (const auto folder = qEnvironmentVariable("BRELL_PICTURES"); !folder.isEmpty()) {
             picture.save(folder + (dark ? "/story-panels-dark.png" : "/story-panels-light.png"));
@@ -132,13 +147,13 @@ TEST_F(StoryPanelViewTest, EveryPanelIsDrawnInLightAndDarkWithoutAWarning) {
             ASSERT_NE(list(i), nullptr) << i;
             EXPECT_GT(list(i)->property("count").toInt(), 0) << i;
         }
-        EXPECT_EQ(list(6), nullptr) << "an empty panel has no list";
+        EXPECT_FALSE(list(6)->isVisible()) << "an empty panel only says that it is empty";
     }
     EXPECT_EQ(warnings_.join('\n').toStdString(), "");
 }
 
 TEST_F(StoryPanelViewTest, ArrowsMoveThroughAPanelAndEnterOpensItsStory) {
-    show(false);
+    ASSERT_NO_FATAL_FAILURE(show(false));
     QStringList opened;
     QObject::connect(contents_[2].get(), &PanelContent::storyWanted,
                      [&](const QString& id) { opened << id; });

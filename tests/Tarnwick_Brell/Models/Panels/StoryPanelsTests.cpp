@@ -64,7 +64,7 @@ TEST_F(StoryPanelsTest, ABriefTellsNewsAndTrackerChangesSinceTheLastLookAndOpens
     const auto brief = bench_.panel(PanelKind::brief);
     EXPECT_EQ(brief->state(), PanelContent::Ready);
     EXPECT_EQ(brief->fact(), "Since 09:12");
-    expectTexts(column(*brief, "text"),
+    expectTexts(column(*brief, "sentence"),
                 {kHeadset, "Tune Box is having a problem since 11:05.", "A calm week for keyboards",
                  "iOS 26.6 beta 1 is out, build 23G5028e."});
     expectTexts(column(*brief, "sources"),
@@ -81,7 +81,7 @@ TEST_F(StoryPanelsTest, ABriefTellsNewsAndTrackerChangesSinceTheLastLookAndOpens
     EXPECT_EQ(opened[1], "https://a.example/2");
 
     const auto narrow = bench_.panel(PanelKind::brief, {.anyTerms = {"headset"}});
-    expectTexts(column(*narrow, "text"), {kHeadset});
+    expectTexts(column(*narrow, "sentence"), {kHeadset});
 }
 
 TEST_F(StoryPanelsTest, PanelsTellWhoCoversTheNewsAndWhoWasFirst) {
