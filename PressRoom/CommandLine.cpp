@@ -59,6 +59,8 @@ std::variant<CommandLine, int> readCommandLine(int argc, char** argv) {
                    "where authority.pem and private-authority.pem are written; a temporary folder "
                    "by default")
         ->type_name("DIR");
+    app.add_flag("--private-catalogue", options.privateCatalogue,
+                 "certify gdmf.apple.com by the private authority, as in the field");
     app.add_flag("--ready-json", options.readyJSON,
                  "announce the port and the authorities as one JSON line");
     app.add_flag("--exit-with-parent", options.exitWithParent, "end when standard input closes");
@@ -70,9 +72,9 @@ std::variant<CommandLine, int> readCommandLine(int argc, char** argv) {
                    if (!complaint.empty()) throw CLI::ValidationError("--misbehave", complaint);
                }
            },
-           "let a source, a tracker (status, developer-status, releases, events, quote, quotes) or "
-           "the archive (archive-stories, archive-status, archive-credits, archive-trace) go wrong "
-           "(repeatable); KIND is one of those below")
+           "let a source, a tracker (status, developer-status, releases, events, quote, quotes, "
+           "signing, updates, charts) or the archive (archive-stories, archive-status, "
+           "archive-credits, archive-trace) go wrong (repeatable); KIND is one of those below")
         ->type_name("ID=KIND")
         ->allow_extra_args(false);
     app.add_flag("--log", options.log, "write a line per request to standard error");

@@ -17,6 +17,7 @@ struct CommandLine {
     double speed = 1;
     int delay = 0;  ///< milliseconds before each answer
     std::optional<std::filesystem::path> authorityDirectory;
+    bool privateCatalogue = false;
     bool readyJSON = false;
     bool exitWithParent = false;
     Misbehaviours misbehaviours;

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <map>
 #include <mutex>
 #include <string>
 
@@ -16,6 +17,7 @@
 #include "PressRoom/CommandLine.h"
 #include "PressRoom/Files/FilesAnswerer.h"
 #include "PressRoom/Server/Server.h"
+#include "PressRoom/Signals/SignalsAnswerer.h"
 #include "PressRoom/Trackers/TrackerAnswerer.h"
 #include "PressRoom/World/WorldHandler.h"
 #include "PressRoom/WorldDirectory.h"
@@ -132,6 +134,13 @@ void announce(const CommandLine& options, const Server& server, const AuthorityF
     std::cout << "Ctrl+C closes it." << std::endl;
 }
 
+/// Apple's update catalogue has a certificate that systems do not trust; here only when that is
+/// wished for, so that one authority does for the whole world.
+std::map<std::string, Server::Certificate, std::less<>> certificates(const CommandLine& options) {
+    if (!options.privateCatalogue) return {};
+    return {{"gdmf.apple.com", Server::Certificate::privateAuthority}};
+}
+
 int run(const CommandLine& options) {
     const EndSignals signals;
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
@@ -143,6 +152,8 @@ int run(const CommandLine& options) {
     Answerers further;
     further.push_back(
         std::make_unique<TrackerAnswerer>(readTrackers(directory), anchor, misbehaviours));
+    further.push_back(
+        std::make_unique<SignalsAnswerer>(readSignals(directory), anchor, misbehaviours));
     if (options.files) further.push_back(std::make_unique<FilesAnswerer>(*options.files));
     const WorldHandler world(readWorld(directory), {.anchor = anchor, .speed = options.speed},
                              misbehaviours, std::move(further));
@@ -153,7 +164,7 @@ int run(const CommandLine& options) {
     Server server(options.log ? logging(handler) : handler,
                   {.port = options.port,
                    .threads = 2,
-                   .certificates = {{"gdmf.apple.com", Server::Certificate::privateAuthority}}});
+                   .certificates = certificates(options)});
     server.writeAuthority(folder.authority());
     server.writePrivateAuthority(folder.privateAuthority());
     announce(options, server, folder);

@@ -1,7 +1,6 @@
 #include "PressRoom/Archive/ArchiveAnswerer.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
@@ -16,8 +15,6 @@ namespace json = boost::json;
 using std::chrono::sys_seconds;
 
 constexpr std::string_view kArchive = "/wp-json/tb-archive/v1/";
-constexpr std::array<std::string_view, 4> kNames{"archive-stories", "archive-status",
-                                                 "archive-credits", "archive-trace"};
 constexpr std::chrono::minutes kReadingTime{10};
 constexpr std::int64_t kLongestPage = 100;
 
@@ -54,7 +51,10 @@ std::vector<std::string> addressesIn(const Request& request) {
 }  // namespace
 
 ArchiveAnswerer::ArchiveAnswerer(const PublishedWorld& world, Misbehaviours& misbehaviours)
-    : world_(world), references_(world), misbehaviours_(takeMisbehaviours(kNames, misbehaviours)) {
+    : world_(world),
+      references_(world),
+      faults_({"archive-stories", "archive-status", "archive-credits", "archive-trace"},
+              misbehaviours) {
     for (const auto& source : world_.sources()) outlets_[source.id] = {.name = source.title};
     for (const auto& source : newsroom::defaultSourceCatalog()) {
         outlets_[source.id] = {.name = source.name,
@@ -71,13 +71,6 @@ std::optional<Response> ArchiveAnswerer::answer(const Request& request, sys_seco
     if (path == "credits") return credits(request, now);
     if (path == "trace") return trace(request, now);
     return complaint(404, "rest_no_route", "No route was found matching the URL.");
-}
-
-Response ArchiveAnswerer::served(std::string_view name, const Request& request,
-                                 TrackerAnswer answer) const {
-    const auto found = misbehaviours_.find(name);
-    return found == misbehaviours_.end() ? trackerResponse(request, answer)
-                                         : faultyAnswer(request, std::move(answer), found->second);
 }
 
 Response ArchiveAnswerer::stories(const Request& request, sys_seconds now) const {
@@ -98,11 +91,12 @@ Response ArchiveAnswerer::stories(const Request& request, sys_seconds now) const
     const auto end = std::min(total, begin + std::min(*limit, kLongestPage));
     json::array items;
     for (auto i = begin; i < end; ++i) items.push_back(story(*found[static_cast<std::size_t>(i)]));
-    return served("archive-stories", request,
-                  {.document = {{"total", total}, {"offset", *offset}, {"items", std::move(items)}},
-                   .list = "items",
-                   .requiredKey = "title",
-                   .dateKey = "published_at"});
+    return faults_.served(
+        "archive-stories", request,
+        {.document = {{"total", total}, {"offset", *offset}, {"items", std::move(items)}},
+         .list = "items",
+         .requiredKey = "title",
+         .dateKey = "published_at"});
 }
 
 json::object ArchiveAnswerer::story(const Item& item) const {
@@ -153,11 +147,11 @@ Response ArchiveAnswerer::status(const Request& request, sys_seconds now) const 
                            {"stored", stored},
                            {"waiting", listed - stored}});
     }
-    return served("archive-status", request,
-                  {.document = {{"complete", isComplete}, {"sources", std::move(sources)}},
-                   .list = "sources",
-                   .requiredKey = "id",
-                   .dateKey = ""});
+    return faults_.served("archive-status", request,
+                          {.document = {{"complete", isComplete}, {"sources", std::move(sources)}},
+                           .list = "sources",
+                           .requiredKey = "id",
+                           .dateKey = ""});
 }
 
 Response ArchiveAnswerer::credits(const Request& request, sys_seconds now) const {
@@ -171,11 +165,12 @@ Response ArchiveAnswerer::credits(const Request& request, sys_seconds now) const
         isArchived(*item, now) ? void(credits[address] = creditsOf(*item))
                                : void(pending.emplace_back(address));
     }
-    return served("archive-credits", request,
-                  {.document = {{"credits", std::move(credits)}, {"pending", std::move(pending)}},
-                   .list = "credits",
-                   .requiredKey = "name",
-                   .dateKey = "posted_at"});
+    return faults_.served(
+        "archive-credits", request,
+        {.document = {{"credits", std::move(credits)}, {"pending", std::move(pending)}},
+         .list = "credits",
+         .requiredKey = "name",
+         .dateKey = "posted_at"});
 }
 
 Response ArchiveAnswerer::trace(const Request& request, sys_seconds now) const {
@@ -184,14 +179,15 @@ Response ArchiveAnswerer::trace(const Request& request, sys_seconds now) const {
     const auto* item = references_.find(address);
     json::array nodes;
     if (item && item->appears <= now) nodes = TraceTree(references_, outlets_, now).nodes(*item);
-    return served("archive-trace", request,
-                  {.document = {{"url", address},
-                                {"query", item ? json::value(archivedTitle(*item)) : nullptr},
-                                {"nodes", std::move(nodes)},
-                                {"searched", world_.sources().size()}},
-                   .list = "nodes",
-                   .requiredKey = "kind",
-                   .dateKey = "published_at"});
+    return faults_.served(
+        "archive-trace", request,
+        {.document = {{"url", address},
+                      {"query", item ? json::value(archivedTitle(*item)) : nullptr},
+                      {"nodes", std::move(nodes)},
+                      {"searched", world_.sources().size()}},
+         .list = "nodes",
+         .requiredKey = "kind",
+         .dateKey = "published_at"});
 }
 
 }  // namespace pressroom

@@ -26,14 +26,13 @@ private:
     Response credits(const Request& request, Time now) const;
     Response trace(const Request& request, Time now) const;
 
-    Response served(std::string_view name, const Request& request, TrackerAnswer answer) const;
     boost::json::object story(const Item& item) const;
     boost::json::array creditsOf(const Item& item) const;
 
     const PublishedWorld& world_;
     References references_;
     Outlets outlets_;
-    Misbehaviours misbehaviours_;
+    TrackerFaults faults_;
 };
 
 }  // namespace pressroom

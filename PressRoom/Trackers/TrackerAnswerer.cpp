@@ -1,7 +1,6 @@
 #include "PressRoom/Trackers/TrackerAnswerer.h"
 
 #include <algorithm>
-#include <array>
 
 #include <fmt/format.h>
 
@@ -23,16 +22,14 @@ constexpr std::string_view kDeveloperFile =
     "/support/systemstatus/data/developer/system_status_en_US.js";
 constexpr std::string_view kService = "/wp-json/tb-wire/v1/";
 
-constexpr std::array<std::string_view, 6> kNames{"status", "developer-status", "releases",
-                                                 "events", "quote",            "quotes"};
-
 }  // namespace
 
 TrackerAnswerer::TrackerAnswerer(TrackerFiles files, sys_seconds anchor,
                                  Misbehaviours& misbehaviours)
     : files_(std::move(files)),
       anchor_(anchor),
-      misbehaviours_(takeMisbehaviours(kNames, misbehaviours)) {}
+      faults_({"status", "developer-status", "releases", "events", "quote", "quotes"},
+              misbehaviours) {}
 
 std::optional<Response> TrackerAnswerer::answer(const Request& request, sys_seconds now) const {
     auto path = request.path();
@@ -45,36 +42,30 @@ std::optional<Response> TrackerAnswerer::answer(const Request& request, sys_seco
     if (request.host != kMakersHost || !path.starts_with(kService)) return std::nullopt;
     path.remove_prefix(kService.size());
     if (path == "releases") {
-        return served(path, request, {releases(files_.releases, anchor_, now), "systems", "build",
-                                      "published"});
+        return faults_.served(
+            path, request,
+            {releases(files_.releases, anchor_, now), "systems", "build", "published"});
     }
     if (path == "events") {
-        return served(path, request,
-                      {events(files_.calendar, anchor_, now), "events", "title", "starts"});
+        return faults_.served(path, request,
+                              {events(files_.calendar, anchor_, now), "events", "title", "starts"});
     }
     if (path == "quotes") {
-        return served(path, request, {board(files_.board, anchor_, now), "quotes", "price", "t"});
+        return faults_.served(path, request,
+                              {board(files_.board, anchor_, now), "quotes", "price", "t"});
     }
     if (path == "quote") return quoteOf(request, now);
     return complaint(404, "rest_no_route", "No route was found matching the URL.");
 }
 
-Response TrackerAnswerer::served(std::string_view tracker, const Request& request,
-                                 TrackerAnswer answer) const {
-    const auto found = misbehaviours_.find(tracker);
-    return found == misbehaviours_.end()
-               ? trackerResponse(request, answer)
-               : faultyAnswer(request, std::move(answer), found->second);
-}
-
 Response TrackerAnswerer::status(bool isDeveloper, const Request& request, sys_seconds now) const {
     const auto& world = isDeveloper ? files_.developer : files_.consumer;
-    return served(isDeveloper ? "developer-status" : "status", request,
-                  {.document = statusFile(world, anchor_, now),
-                   .list = "services",
-                   .requiredKey = "serviceName",
-                   .dateKey = "epochStartDate",
-                   .isWrapped = !isDeveloper});
+    return faults_.served(isDeveloper ? "developer-status" : "status", request,
+                          {.document = statusFile(world, anchor_, now),
+                           .list = "services",
+                           .requiredKey = "serviceName",
+                           .dateKey = "epochStartDate",
+                           .isWrapped = !isDeveloper});
 }
 
 Response TrackerAnswerer::quoteOf(const Request& request, sys_seconds now) const {
@@ -85,7 +76,7 @@ Response TrackerAnswerer::quoteOf(const Request& request, sys_seconds now) const
     }
     auto document = quote(*known, queryItem(request, "range"), anchor_, now);
     if (!document) return complaint(400, "tb_wire_unknown_range", "There is no such range.");
-    return served("quote", request, {*std::move(document), "points", "price", "as_of"});
+    return faults_.served("quote", request, {*std::move(document), "points", "price", "as_of"});
 }
 
 Response TrackerAnswerer::statusPage(sys_seconds now) const {

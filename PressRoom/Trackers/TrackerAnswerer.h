@@ -25,13 +25,12 @@ public:
 
 private:
     Response statusPage(std::chrono::sys_seconds now) const;
-    Response served(std::string_view tracker, const Request& request, TrackerAnswer answer) const;
     Response status(bool isDeveloper, const Request& request, std::chrono::sys_seconds now) const;
     Response quoteOf(const Request& request, std::chrono::sys_seconds now) const;
 
     TrackerFiles files_;
     std::chrono::sys_seconds anchor_;
-    Misbehaviours misbehaviours_;
+    TrackerFaults faults_;
 };
 
 }  // namespace pressroom

@@ -20,7 +20,7 @@ constexpr std::array kOnlyOfFeeds{Kind::rotating, Kind::retitled, Kind::samelink
                                   Kind::republished, Kind::future};
 
 // Above what any reader of trackers should accept.
-constexpr std::size_t kHugeSize = 5 * 1024 * 1024;
+constexpr std::size_t kHugeSize = 7 * 1024 * 1024;
 
 Response served(const Request& request, std::string body, bool isScript) {
     return answerConditionally(
@@ -68,9 +68,11 @@ TrackerAnswer changed(TrackerAnswer answer, std::string_view key, Change change)
 }
 
 TrackerAnswer shortened(TrackerAnswer answer, bool keepsHalf) {
-    auto& list = answer.document.at(answer.list);
-    shorten(list, keepsHalf ? length(list) / 2 : 0);
-    return answer;
+    const auto key = answer.list;
+    return changed(std::move(answer), key, [&](json::object& entry) {
+        auto& list = entry.at(key);
+        shorten(list, keepsHalf ? length(list) / 2 : 0);
+    });
 }
 
 Response refusal(int status, std::int64_t retryAfter) {
@@ -79,33 +81,15 @@ Response refusal(int status, std::int64_t retryAfter) {
     return response;
 }
 
-}  // namespace
-
-std::string TrackerAnswer::text() const {
-    auto text = json::serialize(document);
-    return isWrapped ? "jsonCallback(" + text + ");" : text;
-}
-
-Misbehaviours takeMisbehaviours(std::span<const std::string_view> names,
-                                Misbehaviours& misbehaviours) {
-    Misbehaviours taken;
-    for (const auto name : names) {
-        const auto found = misbehaviours.find(name);
-        if (found == misbehaviours.end()) continue;
-        const auto kind = found->second.kind;
-        if (std::ranges::find(kOnlyOfFeeds, kind) != kOnlyOfFeeds.end()) {
-            throw std::runtime_error(fmt::format("the tracker {} can't misbehave as \"{}\"", name,
-                                                 newsroom::rawValue(kind)));
-        }
-        taken.insert(misbehaviours.extract(found));
-    }
-    return taken;
+bool trackersCanBe(MisbehaviourKind kind) {
+    return std::ranges::find(kOnlyOfFeeds, kind) == kOnlyOfFeeds.end();
 }
 
 Response trackerResponse(const Request& request, const TrackerAnswer& answer) {
     return served(request, answer.text(), answer.isWrapped);
 }
 
+/// Of a tracker that misbehaves in a way that trackers can.
 Response faultyAnswer(const Request& request, TrackerAnswer answer, Misbehaviour misbehaviour) {
     const auto dateKey = answer.dateKey, requiredKey = answer.requiredKey;
     switch (misbehaviour.kind) {
@@ -142,6 +126,34 @@ Response faultyAnswer(const Request& request, TrackerAnswer answer, Misbehaviour
         case Kind::future: break;
     }
     return trackerResponse(request, answer);
+}
+
+}  // namespace
+
+std::string TrackerAnswer::text() const {
+    auto text = json::serialize(document);
+    return isWrapped ? "jsonCallback(" + text + ");" : text;
+}
+
+TrackerFaults::TrackerFaults(const std::vector<std::string_view>& names,
+                             Misbehaviours& misbehaviours) {
+    for (const auto name : names) {
+        const auto found = misbehaviours.find(name);
+        if (found == misbehaviours.end()) continue;
+        if (!trackersCanBe(found->second.kind)) {
+            throw std::runtime_error(fmt::format("the tracker {} can't misbehave as \"{}\"", name,
+                                                 newsroom::rawValue(found->second.kind)));
+        }
+        misbehaviours_.insert(misbehaviours.extract(found));
+    }
+}
+
+Response TrackerFaults::served(std::string_view name, const Request& request,
+                               TrackerAnswer answer) const {
+    const auto found = misbehaviours_.find(name);
+    return found == misbehaviours_.end()
+               ? trackerResponse(request, answer)
+               : faultyAnswer(request, std::move(answer), found->second);
 }
 
 }  // namespace pressroom

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include <boost/json.hpp>
 
@@ -13,7 +14,8 @@ namespace pressroom {
 /// What a tracker answers with, and where in it a fault can be put.
 struct TrackerAnswer {
     boost::json::object document;
-    std::string_view list;         ///< the key of its list, or of its object of platforms
+    /// The key of its list, or of its object of platforms, wherever that stands.
+    std::string_view list;
     std::string_view requiredKey;  ///< one that each entry must have
     std::string_view dateKey;      ///< holds a date wherever it stands
     /// Apple's file for everybody is a script's call around the object.
@@ -22,14 +24,18 @@ struct TrackerAnswer {
     std::string text() const;
 };
 
-/// Takes those with one of these names out of `misbehaviours`. Throws std::runtime_error when
-/// it is a way in which trackers can't misbehave.
-Misbehaviours takeMisbehaviours(std::span<const std::string_view> names,
-                                Misbehaviours& misbehaviours);
+/// How some trackers misbehave.
+class TrackerFaults {
+public:
+    /// Takes those out of `misbehaviours` that bear one of the names. Throws std::runtime_error
+    /// when a tracker can't misbehave in that way.
+    TrackerFaults(const std::vector<std::string_view>& names, Misbehaviours& misbehaviours);
 
-/// The answer of a tracker that misbehaves in a way that trackers can.
-Response faultyAnswer(const Request& request, TrackerAnswer answer, Misbehaviour misbehaviour);
+    /// The answer of the tracker of that name, or what its fault makes of it.
+    Response served(std::string_view name, const Request& request, TrackerAnswer answer) const;
 
-Response trackerResponse(const Request& request, const TrackerAnswer& answer);
+private:
+    Misbehaviours misbehaviours_;
+};
 
 }  // namespace pressroom

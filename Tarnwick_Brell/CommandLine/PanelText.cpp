@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Tarnwick_Brell/CommandLine/SignalPanels.h"
 #include "Tarnwick_Brell/CommandLine/StoryPanels.h"
 #include "Tarnwick_Brell/CommandLine/TrackerPanels.h"
 
@@ -33,8 +34,8 @@ std::vector<std::string> panelLines(PanelHoldings& holdings, const PanelSpec& pa
         case PanelKind::pageWatch: return {"The desk does not watch web pages yet."};
         case PanelKind::scoops: return scoopsLines(holdings, panel, query);
         case PanelKind::suppliers: return suppliersLines(holdings);
-        case PanelKind::backend: return {"The desk does not watch Apple's servers yet."};
-        case PanelKind::records: return {"The desk does not read filings and court records yet."};
+        case PanelKind::backend: return backendLines(holdings, panel);
+        case PanelKind::records: return recordsLines(holdings, panel);
         case PanelKind::releases: return releasesLines(holdings, panel);
     }
     return {};

@@ -69,7 +69,8 @@ desk::Defaults& Session::defaults() {
 newsroom::CurlTransport::Options Session::network() {
     if (options_.demo && store_)
         throw std::logic_error("the network must be asked for before the store");
-    return premises_.network();
+    return premises_.network(
+        [](const std::string& sentence) { fmt::print(stderr, "brell: {}\n", sentence); });
 }
 
 }  // namespace brell

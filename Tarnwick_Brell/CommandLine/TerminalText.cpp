@@ -127,4 +127,6 @@ std::string dayAndTime(newsroom::Instant instant) {
     return text.substr(0, 10) + " " + text.substr(11, 5) + " UTC";
 }
 
+std::string dayText(newsroom::Instant instant) { return newsroom::iso8601Text(instant).substr(0, 10); }
+
 }  // namespace brell

@@ -27,4 +27,7 @@ std::string age(newsroom::Instant then, newsroom::Instant now);
 /// "2026-11-02 08:30 UTC".
 std::string dayAndTime(newsroom::Instant instant);
 
+/// "2026-11-02", by UTC.
+std::string dayText(newsroom::Instant instant);
+
 }  // namespace brell

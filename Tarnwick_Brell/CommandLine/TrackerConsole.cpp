@@ -1,5 +1,7 @@
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 
+#include <algorithm>
+
 #include <CLI/CLI.hpp>
 
 #include "NewsroomKit/Records/Codec.h"
@@ -36,15 +38,32 @@ void addNote(boost::json::object& object, const TrackerNote& note) {
 }
 
 int endTracker(Session& session, bool isStored, const TrackerNote& note) {
-    auto& out = session.out();
-    const bool isText = !session.options().json;
-    const auto came = note.fetchedAt ? cameText(session, *note.fetchedAt) : "an unknown time";
-    if (isStored) {
-        if (isText) out.line("\n" + out.dim("Fetched " + came + "."));
-        if (isText && note.error) out.line(out.dim("The last try failed: " + printable(*note.error)));
+    return endTrackers(session, isStored, {note});
+}
+
+int endTrackers(Session& session, bool isStored, const std::vector<TrackerNote>& notes) {
+    if (!isStored) {
+        std::string sentences;
+        for (const auto& note : notes) {
+            if (!note.error) continue;
+            sentences += (sentences.empty() ? "" : "\n") + *note.error;
+            if (note.fetchedAt) {
+                sentences += " What is shown came " + cameText(session, *note.fetchedAt) + ".";
+            }
+        }
+        if (!sentences.empty()) throw WorkFailed(sentences);
         return kDone;
     }
-    if (note.error) throw WorkFailed(*note.error + " What is shown came " + came + ".");
+    if (session.options().json) return kDone;
+    std::optional<newsroom::Instant> oldest;
+    for (const auto& [fetchedAt, error] : notes) {
+        if (fetchedAt) oldest = std::min(oldest.value_or(*fetchedAt), *fetchedAt);
+    }
+    auto& out = session.out();
+    out.line("\n" + out.dim("Fetched " + (oldest ? cameText(session, *oldest) : "at an unknown time") + "."));
+    for (const auto& note : notes) {
+        if (note.error) out.line(out.dim("The last try failed: " + printable(*note.error)));
+    }
     return kDone;
 }
 

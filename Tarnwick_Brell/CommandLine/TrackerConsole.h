@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <boost/json.hpp>
 
@@ -52,6 +53,8 @@ struct TrackerNote {
 /// The text's last line where it is not obvious when its figures came. Throws WorkFailed when
 /// they were to be fetched and are not from this fetch.
 int endTracker(Session& session, bool isStored, const TrackerNote& note);
+/// As endTracker, for several that are shown together.
+int endTrackers(Session& session, bool isStored, const std::vector<TrackerNote>& notes);
 [[noreturn]] void tellNothingThere(bool isStored, const TrackerNote& note);
 void addNote(boost::json::object& object, const TrackerNote& note);
 

@@ -6,12 +6,11 @@
 #include <fmt/format.h>
 
 #include "NewsroomKit/Trackers/MarkedEvents.h"
+#include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
 #include "Tarnwick_Brell/CommandLine/QuoteText.h"
-#include "Tarnwick_Brell/CommandLine/Spans.h"
 #include "Tarnwick_Brell/CommandLine/StatusText.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/Trackers/LastGood.h"
 
 namespace brell {
@@ -30,27 +29,6 @@ constexpr std::size_t kDistanceColumns = 12;
 
 desk::LastGood lastGood(PanelHoldings& holdings) {
     return desk::LastGood(holdings.session().storeForReading());
-}
-
-/// How old what is shown is, and why it is no newer.
-template <class T>
-void addState(Lines& lines, PanelHoldings& holdings, const desk::TrackerReading<T>& reading,
-              std::string_view what = "") {
-    auto& out = holdings.session().out();
-    if (reading.fetchedAt) {
-        lines.push_back(out.dim(
-            fmt::format("{}as of {}", what, distanceText(*reading.fetchedAt, holdings.now()))));
-    }
-    if (reading.error) lines.push_back(out.dim(printable(*reading.error)));
-}
-
-/// Instead of what has never been fetched.
-template <class T>
-Lines nothingYet(PanelHoldings& holdings, const desk::TrackerReading<T>& reading,
-                 std::string_view command) {
-    Lines lines{fmt::format("Not fetched yet; brell {} does.", command)};
-    addState(lines, holdings, reading);
-    return lines;
 }
 
 std::set<std::string> platformsOf(const PanelSpec& panel) {
@@ -99,7 +77,7 @@ Lines stockLines(PanelHoldings& holdings, const PanelSpec& panel) {
     if (events.value && !quote.points.empty()) {
         for (const auto& event : markedEvents(*events.value, panel.options.eventTerms)) {
             if (event.starts < quote.points.front().time || event.starts > holdings.now()) continue;
-            lines.push_back(fmt::format("{}  {}", dayAndTime(event.starts).substr(0, 10),
+            lines.push_back(fmt::format("{}  {}", dayText(event.starts),
                                         printable(event.title)));
         }
     }

@@ -18,6 +18,7 @@
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/WireLine.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
+#include "Tarnwick_Brell/Signals/SigningNews.h"
 
 namespace brell {
 
@@ -35,12 +36,14 @@ public:
         : session_(session),
           desk_(environment.newsDesk()),
           trackers_(environment.trackers()),
+          signals_(environment.signalsStore()),
           notifier_(environment.notifier()),
           wanted_(query.compiled()) {}
 
     void connect() {
         connectDesk();
         connectTrackers();
+        connectSignals();
         QObject::connect(&notifier_, &desk::Notifier::linkActivated, &desk_, &Watch::openLink);
     }
 
@@ -85,6 +88,32 @@ private:
         });
     }
 
+    void connectSignals() {
+        using desk::SignalsStore;
+        QObject::connect(&signals_, &SignalsStore::refreshChanged, &desk_,
+                         [this] { noteSignals(); });
+        QObject::connect(&signals_, &SignalsStore::onSigningChanges, &desk_,
+                         [this](const auto& changes) { printSigning(changes); });
+        QObject::connect(&signals_, &SignalsStore::onOfferChanges, &desk_,
+                         [this](const auto& changes) {
+                             for (const auto& it : changes) {
+                                 printEvent(desk::sentence(it), {{"event", "offerChange"},
+                                                                 {"change", newsroom::encode(it)}});
+                             }
+                         });
+    }
+
+    /// People read of a build once; each device is a record.
+    void printSigning(const std::vector<desk::SigningChange>& changes) {
+        if (session_.options().json) {
+            for (const auto& it : changes) {
+                printEvent("", {{"event", "signingChange"}, {"change", newsroom::encode(it)}});
+            }
+            return;
+        }
+        for (const auto& news : desk::signingNews(changes)) printEvent(news.sentence(), {});
+    }
+
     /// Tells when a tracker begins to fail, and when it works again.
     template <class T>
     void noteState(const std::string& name, const desk::TrackerReading<T>& reading) {
@@ -104,6 +133,21 @@ private:
         noteState("Apple's calendar", trackers_.events());
         noteState("The board of quotes", trackers_.board());
         noteState("The share's quote", trackers_.quote());
+    }
+
+    void noteSignals() {
+        if (wasOffline_) return;
+        // One server tells of all devices, so what one of them meets stands for all.
+        desk::SignalsStore::Signing signing;
+        for (const auto& device : signals_.devices()) {
+            const auto& reading = signals_.signing(device);
+            if (reading.error && !signing.error) signing = reading;
+        }
+        noteState("Firmware signing", signing);
+        noteState("Apple's update catalogue", signals_.updates());
+        for (const auto& row : newsroom::enumTable<newsroom::AppStoreCharts::Kind>) {
+            noteState("The chart \"" + std::string(row.label) + "\"", signals_.chart(row.value));
+        }
     }
 
     static void openLink(const QString& link) {
@@ -127,11 +171,14 @@ private:
     }
 
     void printEvent(const desk::Notification& event, const boost::json::object& record) {
+        printEvent(event.title + ". " + event.body, record);
+    }
+
+    void printEvent(const std::string& text, const boost::json::object& record) {
         print([&] {
             Output& out = session_.out();
-            const auto text = printable(event.title + ". " + event.body);
             out.line(session_.options().json ? boost::json::serialize(record)
-                                             : out.bold("» " + text));
+                                             : out.bold("» " + printable(text)));
         });
     }
 
@@ -176,6 +223,7 @@ private:
     Session& session_;
     desk::NewsDesk& desk_;
     desk::TrackerStore& trackers_;
+    desk::SignalsStore& signals_;
     desk::Notifier& notifier_;
     newsroom::CompiledStoryQuery wanted_;
     bool wasOffline_ = false;
@@ -222,7 +270,8 @@ void addWatchCommand(CLI::App& app, Command& chosen) {
     command->footer(
         "Stories of a source's first fetch are taken in without being printed; brell wire lists "
         "them. Troubles of Apple's services, their ends and new releases are printed too, and shown "
-        "as notifications where the desktop takes them. With --json each story is a line of its own, "
+        "as notifications where the desktop takes them; so are, without notifications, changes of "
+        "firmware signing and of the update catalogue. With --json each story is a line of its own, "
         "and each other event one with the key \"event\". Ctrl-C ends it.");
     command->callback([options, &chosen] {
         chosen = [options](Session& session) { return runWatch(session, *options); };

@@ -91,6 +91,9 @@ int main(int argc, char** argv) {
     addEventsCommand(app, chosen);
     addQuoteCommand(app, chosen);
     addBoardCommand(app, chosen);
+    addSigningCommand(app, chosen);
+    addUpdatesCommand(app, chosen);
+    addChartsCommand(app, chosen);
     addArchiveCommand(app, chosen);
     addTraceCommand(app, chosen);
     addSettingsCommand(app, chosen);

@@ -12,6 +12,7 @@ AppEnvironment::AppEnvironment(const Options& options)
       defaults_(options.paths.settings),
       newsDesk_(options.paths.library, options.network, defaults_, options.clock),
       trackers_(newsDesk_.worker(), defaults_, options.clock),
+      signals_(newsDesk_.worker(), defaults_, options.clock),
       newsrooms_(newsDesk_.worker(), options.clock),
       notifier_(defaults_),
       alerts_(defaults_, options.clock,
@@ -20,6 +21,7 @@ AppEnvironment::AppEnvironment(const Options& options)
     QObject::connect(&care_, &LibraryCare::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&care_, &LibraryCare::libraryDamaged, &newsDesk_, &NewsDesk::libraryDamaged);
     connectTrackers();
+    connectSignals();
     connectNewsrooms();
     connectAlerts();
 }
@@ -49,8 +51,15 @@ void AppEnvironment::connectTrackers() {
                          if (report.cancelled) return;
                          if (std::exchange(wasOffline_, report.offline) && !report.offline) {
                              trackers_.networkIsBack();
+                             signals_.networkIsBack();
                          }
                      });
+}
+
+void AppEnvironment::connectSignals() {
+    QObject::connect(&signals_, &SignalsStore::failed, &newsDesk_, &NewsDesk::failed);
+    QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &signals_,
+                     &SignalsStore::load);
 }
 
 void AppEnvironment::connectNewsrooms() {
@@ -96,6 +105,7 @@ const Paths& AppEnvironment::prepared(const Paths& paths) {
 void AppEnvironment::start() {
     // First, because they read little; the wire takes the worker's thread for longer.
     trackers_.start();
+    signals_.start();
     newsrooms_.load();
     newsDesk_.start();
     // The check reads the whole file; the first view must not wait for the disk because of it.

@@ -13,6 +13,7 @@
 #include "Tarnwick_Brell/Notifications/Alerts.h"
 #include "Tarnwick_Brell/Notifications/Notifier.h"
 #include "Tarnwick_Brell/Shell/LibraryCare.h"
+#include "Tarnwick_Brell/Signals/SignalsStore.h"
 #include "Tarnwick_Brell/Storage/Defaults.h"
 #include "Tarnwick_Brell/Storage/LibraryLock.h"
 #include "Tarnwick_Brell/Storage/Paths.h"
@@ -40,6 +41,7 @@ public:
     Defaults& defaults() { return defaults_; }
     NewsDesk& newsDesk() { return newsDesk_; }
     TrackerStore& trackers() { return trackers_; }
+    SignalsStore& signalsStore() { return signals_; }
     NewsroomStore& newsrooms() { return newsrooms_; }
     Notifier& notifier() { return notifier_; }
     Alerts& alerts() { return alerts_; }
@@ -47,6 +49,7 @@ public:
 private:
     static const Paths& prepared(const Paths& paths);
     void connectTrackers();
+    void connectSignals();
     void connectNewsrooms();
     void goLiveForEvents();
     void connectAlerts();
@@ -57,6 +60,7 @@ private:
     Defaults defaults_;
     NewsDesk newsDesk_;
     TrackerStore trackers_;
+    SignalsStore signals_;
     NewsroomStore newsrooms_;
     Notifier notifier_;
     Alerts alerts_;

@@ -1,19 +1,23 @@
 #include "Tarnwick_Brell/Shell/Premises.h"
 
+#include <fstream>
 #include <utility>
 
+#include "NewsroomKit/Signals/SignalHosts.h"
 #include "Tarnwick_Brell/Storage/Defaults.h"
 
 namespace desk {
 
 namespace {
 
-// Its certificate is signed by an authority that systems do not know.
-constexpr const char* kUpdateCatalogueHost = "gdmf.apple.com";
-
 std::optional<std::filesystem::path> dataDir(const DeskOptions& options) {
     if (options.dataDir || !options.demo) return options.dataDir;
     return demoDataDir();
+}
+
+bool isReadable(const std::filesystem::path& file) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(file, error) && std::ifstream(file);
 }
 
 }  // namespace
@@ -26,7 +30,7 @@ Premises::Premises(DeskOptions options, newsroom::Instant now)
     }
 }
 
-newsroom::CurlTransport::Options Premises::network() {
+newsroom::CurlTransport::Options Premises::network(const Warning& warn) {
     newsroom::CurlTransport::Options network{.connectTo = options_.connectTo,
                                              .caFile = options_.caFile};
     if (options_.demo) {
@@ -35,7 +39,12 @@ newsroom::CurlTransport::Options Premises::network() {
         network.connectTo = pressRoom_->address();
         network.caFile = pressRoom_->authority();
     } else if (const auto authority = Defaults(paths_.settings).updateCatalogueAuthority()) {
-        network.extraAuthorities.emplace(kUpdateCatalogueHost, *authority);
+        if (isReadable(*authority)) {
+            network.extraAuthorities.emplace(hostOf(newsroom::SignalService::updates), *authority);
+        } else {
+            warn("The certificate file " + authority->string() + ", which the setting " +
+                 std::string(SettingKey::kUpdateCatalogueAuthority) + " names, can't be read.");
+        }
     }
     return network;
 }

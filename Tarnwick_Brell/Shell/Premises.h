@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <stdexcept>
+#include <string>
 
 #include "NewsroomKit/HTTP/CurlTransport.h"
 #include "NewsroomKit/Records/Instant.h"
@@ -20,6 +22,9 @@ public:
 /// Where one run of a program keeps the desk's files, and how it reaches the network.
 class Premises {
 public:
+    /// Takes a sentence for the user.
+    using Warning = std::function<void(const std::string& sentence)>;
+
     /// Throws OptionsClash.
     Premises(DeskOptions options, newsroom::Instant now);
 
@@ -27,8 +32,9 @@ public:
 
     /// To be asked before the library is opened: for the demonstration it starts the press
     /// room, alive as long as this object, which may begin a new world with an empty library.
-    /// Throws DemoError.
-    newsroom::CurlTransport::Options network();
+    /// A certificate file that can't be read is warned of and left out: only what it is for
+    /// fails then. Throws DemoError.
+    newsroom::CurlTransport::Options network(const Warning& warn);
 
 private:
     DeskOptions options_;

@@ -6,6 +6,7 @@
 #include <QSettings>
 #include <QString>
 
+#include "NewsroomKit/Signals/DeviceIdentifier.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace desk {
@@ -98,6 +99,10 @@ std::string Defaults::suitable(std::string_view name) const {
         // Written by hand, or by another version of the desk.
     }
     return std::string(known->absent);
+}
+
+std::vector<std::string> Defaults::signingDevices() const {
+    return newsroom::parseDeviceList(suitable(SettingKey::kSigningDevices)).value();
 }
 
 bool Defaults::isOn(std::string_view key) const { return suitable(key) == "true"; }

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "NewsroomKit/Trackers/StockQuote.h"
 #include "Tarnwick_Brell/Storage/SettingKey.h"
@@ -44,6 +45,9 @@ public:
 
     /// An authority to trust for the update catalogue's host besides the usual ones.
     std::optional<std::filesystem::path> updateCatalogueAuthority() const;
+
+    /// The models that firmware signing is asked for.
+    std::vector<std::string> signingDevices() const;
 
     /// A key that takes "true" or "false".
     bool isOn(std::string_view key) const;

@@ -5,10 +5,18 @@
 namespace desk {
 
 std::optional<newsroom::Instant> DeskState::instant(std::string_view key) {
+    return instantOf(number(key));
+}
+
+std::optional<std::int64_t> DeskState::number(std::string_view key) {
     Statement row(database_, "SELECT value FROM deskState WHERE key = ?");
     row.bind(0, key);
-    if (!row.step() || row.isNull(0)) return std::nullopt;
-    return instantOf(row.number(0));
+    return row.step() ? row.optionalNumber(0) : std::nullopt;
+}
+
+void DeskState::setNumber(std::string_view key, std::int64_t value) {
+    Statement put(database_, "INSERT OR REPLACE INTO deskState (key, value) VALUES (?, ?)");
+    put.bind(0, key).bind(1, value).run();
 }
 
 void DeskState::set(std::string_view key, std::optional<newsroom::Instant> value) {

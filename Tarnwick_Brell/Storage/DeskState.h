@@ -18,8 +18,15 @@ public:
     static constexpr std::string_view kLastArrival = "lastArrival";
     static constexpr std::string_view kNewSince = "newSince";
 
+    /// The last change of signing, and of offers, that has been told.
+    static constexpr std::string_view kToldSigning = "toldSigning";
+    static constexpr std::string_view kToldOffers = "toldOffers";
+
     std::optional<newsroom::Instant> instant(std::string_view key);
     void set(std::string_view key, std::optional<newsroom::Instant> value);
+
+    std::optional<std::int64_t> number(std::string_view key);
+    void setNumber(std::string_view key, std::int64_t value);
 
     /// The mark of a writing transaction: every row that it changes carries it, and it is
     /// higher than all before. To be taken inside the transaction.

@@ -70,7 +70,10 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       beats_(database_, "beats"),
       trackerCopies_(database_),
       incidents_(database_),
-      builds_(database_) {
+      builds_(database_),
+      signing_(database_),
+      offers_(database_),
+      charts_(database_) {
     if (access == Database::Access::readWrite) {
         if (isOutdated(database_)) Backups(file).makeBeforeMigration();
         migrate(database_);

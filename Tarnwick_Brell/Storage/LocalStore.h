@@ -3,13 +3,16 @@
 #include <filesystem>
 
 #include "Tarnwick_Brell/Storage/BuildHistory.h"
+#include "Tarnwick_Brell/Storage/ChartHistory.h"
 #include "Tarnwick_Brell/Storage/Database.h"
 #include "Tarnwick_Brell/Storage/DeskState.h"
 #include "Tarnwick_Brell/Storage/DurableFiles.h"
 #include "Tarnwick_Brell/Storage/HostPauses.h"
 #include "Tarnwick_Brell/Storage/IncidentLog.h"
 #include "Tarnwick_Brell/Storage/MarkTable.h"
+#include "Tarnwick_Brell/Storage/OfferHistory.h"
 #include "Tarnwick_Brell/Storage/RecordTable.h"
+#include "Tarnwick_Brell/Storage/SigningHistory.h"
 #include "Tarnwick_Brell/Storage/SourceTable.h"
 #include "Tarnwick_Brell/Storage/StoryMerge.h"
 #include "Tarnwick_Brell/Storage/StorySearch.h"
@@ -48,6 +51,9 @@ public:
     TrackerCopies& trackerCopies() { return trackerCopies_; }
     IncidentLog& incidents() { return incidents_; }
     BuildHistory& builds() { return builds_; }
+    SigningHistory& signing() { return signing_; }
+    OfferHistory& offers() { return offers_; }
+    ChartHistory& charts() { return charts_; }
 
     std::int64_t version();
 
@@ -74,6 +80,9 @@ private:
     TrackerCopies trackerCopies_;
     IncidentLog incidents_;
     BuildHistory builds_;
+    SigningHistory signing_;
+    OfferHistory offers_;
+    ChartHistory charts_;
     std::int64_t dataVersion_ = 0;
 };
 

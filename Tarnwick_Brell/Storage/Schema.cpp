@@ -13,7 +13,7 @@ namespace {
 
 // Each step leads from the version of its index to the next one. Steps are never changed
 // once released. Instants are microseconds since 1970; enumerations are their raw values.
-constexpr std::array<const char*, 3> kSteps{
+constexpr std::array<const char*, 4> kSteps{
     R"sql(
     CREATE TABLE stories (
         number INTEGER PRIMARY KEY,
@@ -170,6 +170,21 @@ constexpr std::array<const char*, 3> kSteps{
                          channel TEXT NOT NULL, build TEXT NOT NULL, record TEXT NOT NULL,
                          firstSeen INTEGER NOT NULL, replacedAt INTEGER);
     CREATE INDEX buildsByChannel ON builds (platform, channel, firstSeen);
+    )sql",
+
+    // What changed from one look to the next at what Apple signs and offers, for good, and the
+    // places in the App Store's charts as they were last seen on each day.
+    R"sql(
+    CREATE TABLE signingChanges (number INTEGER PRIMARY KEY, device TEXT NOT NULL,
+                                 deviceName TEXT NOT NULL, version TEXT NOT NULL,
+                                 build TEXT NOT NULL, signed INTEGER NOT NULL,
+                                 seenAt INTEGER NOT NULL);
+    CREATE TABLE offerChanges (number INTEGER PRIMARY KEY, platform TEXT NOT NULL,
+                               record TEXT NOT NULL, offered INTEGER NOT NULL,
+                               seenAt INTEGER NOT NULL);
+    CREATE TABLE chartRanks (chart TEXT NOT NULL, day INTEGER NOT NULL, rank INTEGER NOT NULL,
+                             app TEXT NOT NULL, name TEXT NOT NULL, developer TEXT NOT NULL,
+                             PRIMARY KEY (chart, day, rank)) WITHOUT ROWID;
     )sql",
 };
 

@@ -10,6 +10,7 @@
 #include <fmt/format.h>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
+#include "NewsroomKit/Signals/DeviceIdentifier.h"
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Trackers/StockQuote.h"
@@ -28,6 +29,11 @@ constexpr std::array kQuoteRanges{rawValue(QuoteRange::day), rawValue(QuoteRange
                                   rawValue(QuoteRange::month), rawValue(QuoteRange::year)};
 
 constexpr std::array<std::string_view, 3> kAppearances{"system", "light", "dark"};
+
+// Of each line that Apple sells, some models: the others of a line are signed alike.
+constexpr std::string_view kCurrentDevices =
+    "iPhone18,3, iPhone18,4, iPhone18,1, iPhone17,5, iPad17,1, iPad15,3, iPad15,7, iPad16,1, "
+    "Mac16,12, Mac17,2";
 
 constexpr std::array kKeys{
     SettingKey{SettingKey::kRefreshMinutes, "minutes between two automatic refreshes, at least 2",
@@ -50,6 +56,8 @@ constexpr std::array kKeys{
                newsroom::TrackerAPI::kServiceAddress, Type::webAddress},
     SettingKey{SettingKey::kUpdateCatalogueAuthority,
                "certificate file to trust for Apple's update catalogue", "", Type::file},
+    SettingKey{SettingKey::kSigningDevices, "models for which firmware signing is followed",
+               kCurrentDevices, Type::deviceList},
     SettingKey{SettingKey::kAppearance, "whether the window is light, dark or as the desktop is",
                "system", Type::choice, kAppearances},
 };
@@ -95,6 +103,14 @@ bool isServiceAddress(std::string_view text) {
     return address && address->scheme == "https" && !address->query && !address->fragment;
 }
 
+/// Each of them is a request in every round.
+std::optional<std::string> deviceList(std::string_view text) {
+    constexpr std::size_t kMost = 40;
+    const auto devices = newsroom::parseDeviceList(text);
+    if (!devices || devices->empty() || devices->size() > kMost) return std::nullopt;
+    return fmt::format("{}", fmt::join(*devices, ", "));
+}
+
 std::string wanted(const SettingKey& key) {
     switch (key.type) {
         case Type::wholeNumber: return "a whole number";
@@ -103,6 +119,7 @@ std::string wanted(const SettingKey& key) {
         case Type::symbol: return "the symbol of a share or an index";
         case Type::webAddress: return "an address that begins with https:// and names a host";
         case Type::file: return "a file that can be read";
+        case Type::deviceList: return "a list of models such as \"iPhone18,3, iPad16,1\"";
     }
     throw std::logic_error("a setting without a type");
 }
@@ -117,6 +134,7 @@ std::optional<std::string> suitable(const SettingKey& key, std::string_view valu
             return isSymbol(value) ? std::optional(capitals(value)) : std::nullopt;
         case Type::webAddress: good = isServiceAddress(value); break;
         case Type::file: good = std::filesystem::is_regular_file(value); break;
+        case Type::deviceList: return deviceList(value);
     }
     return good ? std::optional(std::string(value)) : std::nullopt;
 }

@@ -8,7 +8,7 @@ namespace desk {
 
 /// One key of the settings: what it means, what holds when it is absent, what it takes.
 struct SettingKey {
-    enum class Type { wholeNumber, truthValue, choice, symbol, webAddress, file };
+    enum class Type { wholeNumber, truthValue, choice, symbol, webAddress, file, deviceList };
 
     std::string_view name;
     std::string_view meaning;
@@ -28,6 +28,7 @@ struct SettingKey {
     static constexpr std::string_view kRefreshMinutes = "refreshMinutes";
     static constexpr std::string_view kStoryRetentionDays = "storyRetentionDays";
     static constexpr std::string_view kUpdateCatalogueAuthority = "updateCatalogueAuthority";
+    static constexpr std::string_view kSigningDevices = "signingDevices";
     static constexpr std::string_view kNotifications = "notifications";
     static constexpr std::string_view kAlertServiceStatus = "alertServiceStatus";
     static constexpr std::string_view kAlertReleases = "alertReleases";

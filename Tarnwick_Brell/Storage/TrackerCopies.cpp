@@ -54,8 +54,9 @@ void TrackerCopies::keepLastAsked(std::string_view prefix, std::size_t count) {
     dropHealth.run();
     Statement dropCopies(database_,
                          "DELETE FROM trackerCopies WHERE substr(name, 1, length(?1)) = ?1 "
-                         "AND name NOT IN (SELECT name FROM trackerHealth)");
-    dropCopies.bind(0, prefix);
+                         "AND name NOT IN (SELECT name FROM trackerHealth) "
+                         "AND name NOT IN (SELECT name || ?2 FROM trackerHealth)");
+    dropCopies.bind(0, prefix).bind(1, kBefore);
     dropCopies.run();
 }
 

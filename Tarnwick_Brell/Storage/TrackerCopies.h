@@ -40,6 +40,9 @@ public:
     TrackerHealth health(std::string_view name);
     void setHealth(std::string_view name, const TrackerHealth& health);
 
+    /// Where the answer before is kept: under the name with this behind it.
+    static constexpr std::string_view kBefore = "/before";
+
     /// Of all names that begin so, only those that were asked for last stay: people look at
     /// many symbols once.
     void keepLastAsked(std::string_view prefix, std::size_t count);

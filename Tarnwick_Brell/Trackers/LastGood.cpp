@@ -5,21 +5,21 @@ namespace desk {
 using newsroom::StockQuote;
 
 TrackerReading<LastGood::Services> LastGood::status(newsroom::StatusAudience audience) {
-    return read(statusFile(audience));
+    return answers_.read(statusFile(audience));
 }
 
 TrackerReading<std::vector<newsroom::PlatformRelease>> LastGood::releases() {
-    return read(releasesFile());
+    return answers_.read(releasesFile());
 }
 
 TrackerReading<std::vector<newsroom::AppleCalendarEvent>> LastGood::events() {
-    return read(eventsFile());
+    return answers_.read(eventsFile());
 }
 
 TrackerReading<StockQuote> LastGood::quote(std::string_view symbol, newsroom::QuoteRange range) {
-    return read(quoteFile(symbol, range));
+    return answers_.read(quoteFile(symbol, range));
 }
 
-TrackerReading<std::vector<newsroom::BoardQuote>> LastGood::board() { return read(boardFile()); }
+TrackerReading<std::vector<newsroom::BoardQuote>> LastGood::board() { return answers_.read(boardFile()); }
 
 }  // namespace desk

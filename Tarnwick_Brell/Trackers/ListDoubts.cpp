@@ -48,10 +48,6 @@ std::vector<AppleCalendarEvent> vanished(const std::vector<AppleCalendarEvent>& 
     return latest.empty() ? before : std::vector<AppleCalendarEvent>();
 }
 
-std::vector<BoardQuote> vanished(const std::vector<BoardQuote>&, const std::vector<BoardQuote>&) {
-    return {};
-}
-
 std::vector<PlatformRelease> completed(std::vector<PlatformRelease> list,
                                        const std::vector<PlatformRelease>& lacking) {
     for (const auto& platform : lacking) {

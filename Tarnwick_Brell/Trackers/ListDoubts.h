@@ -1,10 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "NewsroomKit/Trackers/AppleCalendarEvent.h"
 #include "NewsroomKit/Trackers/AppleServiceStatus.h"
-#include "NewsroomKit/Trackers/BoardQuote.h"
 #include "NewsroomKit/Trackers/PlatformRelease.h"
 
 /// Services of the network answer with lists that are cut short now and then. What is missing
@@ -13,7 +13,6 @@ namespace desk {
 
 using newsroom::AppleCalendarEvent;
 using newsroom::AppleServiceStatus;
-using newsroom::BoardQuote;
 using newsroom::PlatformRelease;
 
 template <class T>
@@ -32,8 +31,6 @@ std::vector<PlatformRelease> vanished(const std::vector<PlatformRelease>& before
                                       const std::vector<PlatformRelease>& latest);
 std::vector<AppleCalendarEvent> vanished(const std::vector<AppleCalendarEvent>& before,
                                          const std::vector<AppleCalendarEvent>& latest);
-std::vector<BoardQuote> vanished(const std::vector<BoardQuote>& before,
-                                 const std::vector<BoardQuote>& latest);
 
 /// The list with what it lacks.
 template <class T>
@@ -43,5 +40,13 @@ std::vector<T> completed(std::vector<T> list, const std::vector<T>& lacking) {
 }
 std::vector<PlatformRelease> completed(std::vector<PlatformRelease> list,
                                        const std::vector<PlatformRelease>& lacking);
+
+/// The latest with what has vanished from it; nothing when nothing has.
+template <class T>
+std::optional<std::vector<T>> mended(const std::vector<T>& before, const std::vector<T>& latest) {
+    const auto lacking = vanished(before, latest);
+    if (lacking.empty()) return std::nullopt;
+    return completed(latest, lacking);
+}
 
 }  // namespace desk

@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Trackers/TrackedFile.h"
 
 #include "NewsroomKit/Text/Unicode.h"
+#include "Tarnwick_Brell/Trackers/ListDoubts.h"
 
 namespace desk {
 
@@ -14,21 +15,26 @@ TrackedFile<AppleServiceStatus::Services> statusFile(StatusAudience audience) {
     return {.name = "status/" + name,
             .title = "Apple's " + name + " status",
             .parse = AppleServiceStatus::parse,
-            .emptiness = Emptiness::never};
+            .emptiness = Emptiness::never,
+            .saysNothing = saysNothing,
+            .mended = mended};
 }
 
 TrackedFile<std::vector<newsroom::PlatformRelease>> releasesFile() {
     return {.name = "releases",
             .title = "The list of releases",
             .parse = TrackerAPI::parseReleases,
-            .emptiness = Emptiness::never};
+            .emptiness = Emptiness::never,
+            .saysNothing = saysNothing,
+            .mended = mended};
 }
 
 TrackedFile<std::vector<newsroom::AppleCalendarEvent>> eventsFile() {
     return {.name = "events",
             .title = "Apple's calendar",
             .parse = TrackerAPI::parseEvents,
-            .emptiness = Emptiness::always};
+            .emptiness = Emptiness::always,
+            .mended = mended};
 }
 
 TrackedFile<newsroom::StockQuote> quoteFile(std::string_view symbol, QuoteRange range) {
@@ -41,6 +47,7 @@ TrackedFile<newsroom::StockQuote> quoteFile(std::string_view symbol, QuoteRange 
                 return quote.range == rawValue(range) &&
                        newsroom::lowercasedASCII(quote.symbol) == symbol;
             },
+        .mismatch = "The server answered with another quote.",
         .absence = "The service knows no such symbol."};
 }
 
@@ -48,7 +55,8 @@ TrackedFile<std::vector<newsroom::BoardQuote>> boardFile() {
     return {.name = "quotes",
             .title = "The board of quotes",
             .parse = TrackerAPI::parseBoard,
-            .emptiness = Emptiness::neverAgain};
+            .emptiness = Emptiness::neverAgain,
+            .saysNothing = saysNothing};
 }
 
 }  // namespace desk

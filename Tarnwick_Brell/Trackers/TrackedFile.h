@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,9 +26,15 @@ struct TrackedFile {
     std::string title;  ///< in sentences
     T (*parse)(std::string_view body);
     Emptiness emptiness = Emptiness::always;
+    bool (*saysNothing)(const T&) = nullptr;  ///< needed unless emptiness is `always`
+    /// The latest answer with what must not be believed to be gone yet; nothing when that is
+    /// nothing. Null for what has no such doubts.
+    std::optional<T> (*mended)(const T& before, const T& latest) = nullptr;
     /// Whether an answer is one to what was asked. Only quotes have it.
     std::function<bool(const T&)> isWanted{};
-    std::string absence{};  ///< what the answer 404 says, when that is known
+    std::string mismatch{};  ///< the sentence for one that is not
+    std::string absence{};   ///< what the answer 404 says, when that is known
+    std::string distrust{};  ///< what helps when the server's certificate is not trusted
 };
 
 inline constexpr std::string_view kQuoteNames = "quote/";

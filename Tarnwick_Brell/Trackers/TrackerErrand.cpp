@@ -36,7 +36,7 @@ TrackerStore::Errand::Work TrackerStore::Errand::status(Bench& bench) const {
     const bool isLoaded = consumer.value.has_value();
     tell([reading = std::move(consumer)](TrackerStore& store) {
         store.held_.consumer = reading;
-        store.note(TrackerRound::status, !reading.error);
+        store.rounds_.note(TrackerRound::status, !reading.error);
         emit store.statusChanged();
     });
     // Problems are looked for once the consumer status is there, and not before.
@@ -44,7 +44,7 @@ TrackerStore::Errand::Work TrackerStore::Errand::status(Bench& bench) const {
     auto developer = co_await refresh.status(StatusAudience::developer);
     tell([reading = std::move(developer)](TrackerStore& store) {
         store.held_.developer = reading;
-        store.note(TrackerRound::status, !reading.error);
+        store.rounds_.note(TrackerRound::status, !reading.error);
         emit store.statusChanged();
     });
 }
@@ -56,7 +56,7 @@ TrackerStore::Errand::Work TrackerStore::Errand::releases(Bench& bench) const {
     tell([reading = std::move(releases), builds = std::move(builds)](TrackerStore& store) {
         store.held_.releases = reading;
         store.takeBuilds(builds);
-        store.note(TrackerRound::releases, !reading.error);
+        store.rounds_.note(TrackerRound::releases, !reading.error);
         emit store.releasesChanged();
     });
 }
@@ -66,7 +66,7 @@ TrackerStore::Errand::Work TrackerStore::Errand::events(Bench& bench) const {
     auto events = co_await refresh.events();
     tell([reading = std::move(events)](TrackerStore& store) {
         store.held_.events = reading;
-        store.note(TrackerRound::events, !reading.error);
+        store.rounds_.note(TrackerRound::events, !reading.error);
         emit store.eventsChanged();
     });
 }
@@ -76,7 +76,7 @@ TrackerStore::Errand::Work TrackerStore::Errand::board(Bench& bench) const {
     auto board = co_await refresh.board();
     tell([reading = std::move(board)](TrackerStore& store) {
         store.held_.board = reading;
-        store.note(TrackerRound::board, !reading.error);
+        store.rounds_.note(TrackerRound::board, !reading.error);
         emit store.boardChanged();
         if (!reading.error && reading.value) emit store.onBoard(*reading.value);
     });
@@ -84,7 +84,7 @@ TrackerStore::Errand::Work TrackerStore::Errand::board(Bench& bench) const {
 
 void TrackerStore::Errand::tellQuote(const QuoteKey& key, Quote quote) const {
     tell([key, quote = std::move(quote)](TrackerStore& store) {
-        store.note(TrackerRound::quotes, !quote.error);
+        store.rounds_.note(TrackerRound::quotes, !quote.error);
         store.takeQuote(key, quote);
     });
 }

@@ -1,7 +1,6 @@
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 #include <algorithm>
-#include <random>
 #include <utility>
 
 #include "Tarnwick_Brell/Storage/StoreError.h"
@@ -15,16 +14,9 @@ using newsroom::StockQuote;
 
 namespace {
 
-// Often enough to notice that the computer slept, seldom enough to let it idle.
-constexpr std::chrono::milliseconds kLongestTick = std::chrono::seconds(30);
 // Points of a year are days.
 constexpr std::chrono::hours kYearFreshFor{6};
 constexpr std::size_t kMostQuotesHeld = 100;
-
-double atRandom() {
-    std::random_device source;
-    return std::uniform_real_distribution<double>(-1, 1)(source);
-}
 
 }  // namespace
 
@@ -34,9 +26,10 @@ TrackerStore::TrackerStore(DeskWorker& worker, Defaults& defaults,
       defaults_(defaults),
       clock_(std::move(clock)),
       news_(defaults),
+      rounds_(clock_, {.beforeLook = [this] { followWishes(); },
+                       .begin = [this](TrackerRound round) { begin(round); },
+                       .changed = [this] { emit refreshChanged(); }}),
       mailbox_(std::make_shared<Mailbox>()) {
-    timer_.setSingleShot(true);
-    connect(&timer_, &QTimer::timeout, this, &TrackerStore::tick);
     news_.callbacks = {
         .onServiceProblem = [this](const auto& report) { emit onServiceProblem(report); },
         .onServiceRestored = [this](const auto& service) { emit onServiceRestored(service); },
@@ -48,10 +41,6 @@ TrackerStore::TrackerStore(DeskWorker& worker, Defaults& defaults,
 TrackerStore::~TrackerStore() { mailbox_->close(); }
 
 TrackerStore::Errand TrackerStore::errand() { return {*this, defaults_.serviceAddress()}; }
-
-RefreshCadence::Now TrackerStore::now() const {
-    return {.wall = clock_(), .steady = std::chrono::steady_clock::now()};
-}
 
 void TrackerStore::start() {
     wanted_ = wantedQuotes(quoteRange());
@@ -73,7 +62,7 @@ void TrackerStore::takeStored(Held stored) {
     const auto takeOver = [&](auto& slot, auto& found) {
         if (slot.value && found.fetchedAt <= slot.fetchedAt) return false;
         slot = std::move(found);
-        lastUpdated_ = std::max(lastUpdated_, slot.fetchedAt);
+        rounds_.noteStored(slot.fetchedAt);
         hasNew = true;
         return true;
     };
@@ -92,7 +81,7 @@ void TrackerStore::takeStored(Held stored) {
 }
 
 void TrackerStore::beginSchedule() {
-    if (schedule_) return;
+    if (rounds_.haveStarted()) return;
     TrackerSchedule::Ages ages;
     const auto note = [&](TrackerRound round, const auto&... readings) {
         // The oldest counts; what was never fetched is due.
@@ -104,58 +93,25 @@ void TrackerStore::beginSchedule() {
     note(TrackerRound::quotes, quote(), focusQuote());
     note(TrackerRound::board, held_.board);
     note(TrackerRound::events, held_.events);
-    schedule_.emplace(ages, now(), atRandom);
+    rounds_.start(ages);
     noteMarket();
-    tick();
-}
-
-void TrackerStore::tick() {
-    followWishes();
-    for (const auto round : schedule_->due(now())) begin(round);
-    armTimer();
-}
-
-void TrackerStore::armTimer() {
-    const auto next = schedule_->next();
-    const auto wait =
-        next
-            ? std::chrono::ceil<std::chrono::milliseconds>(*next - std::chrono::steady_clock::now())
-            : kLongestTick;
-    timer_.start(std::clamp(wait, std::chrono::milliseconds(0), kLongestTick));
+    rounds_.look();
 }
 
 void TrackerStore::begin(TrackerRound round) {
-    underWay_[round] = {};
-    schedule_->began(round, now());
     const auto errand = this->errand();
     const auto failed = [errand, round](const std::exception& error) {
         errand.tell([round, sentence = std::string(error.what())](TrackerStore& store) {
-            store.note(round, false);
+            store.rounds_.note(round, false);
             store.fail(sentence);
             store.end(round);
         });
     };
     worker_.spawn(errand.round(round, wanted_), failed);
-    emit refreshChanged();
-}
-
-void TrackerStore::note(TrackerRound round, bool isGood) {
-    const auto outcome = underWay_.find(round);
-    if (outcome != underWay_.end()) ++(isGood ? outcome->second.good : outcome->second.bad);
-    if (isGood) {
-        lastUpdated_ = clock_();
-    } else {
-        ++failures_[round];
-    }
 }
 
 void TrackerStore::end(TrackerRound round) {
-    const auto outcome = underWay_[round];
-    underWay_.erase(round);
-    if (outcome.bad == 0) failures_.erase(round);
-    // One bad symbol among several must not slow the others down.
-    schedule_->ended(round, now(), outcome.good > 0);
-    if (outcome.good > 0) {
+    if (rounds_.end(round).good > 0) {
         lastFailure_.clear();
         if (round == TrackerRound::status) {
             news_.look(held_.consumer.value, held_.developer.value);
@@ -164,7 +120,7 @@ void TrackerStore::end(TrackerRound round) {
         }
     }
     emit refreshChanged();
-    tick();
+    rounds_.look();
 }
 
 void TrackerStore::fail(const std::string& sentence) {
@@ -174,27 +130,13 @@ void TrackerStore::fail(const std::string& sentence) {
     }
 }
 
-std::size_t TrackerStore::failures() const {
-    std::size_t count = 0;
-    for (const auto& [round, failures] : failures_) count += failures;
-    return count;
-}
-
-void TrackerStore::refresh(TrackerRound round) {
-    if (!schedule_) return;
-    schedule_->ask(round, now());
-    tick();
-}
+void TrackerStore::refresh(TrackerRound round) { rounds_.ask(round); }
 
 void TrackerStore::refreshAll() {
     for (const auto round : kTrackerRounds) refresh(round);
 }
 
-void TrackerStore::networkIsBack() {
-    if (!schedule_) return;
-    schedule_->networkIsBack(now());
-    tick();
-}
+void TrackerStore::networkIsBack() { rounds_.networkIsBack(); }
 
 TrackerStore::QuoteKeys TrackerStore::wantedQuotes(QuoteRange range) const {
     QuoteKeys keys{{std::string(kShare), range}, {focusSymbol(), range}};
@@ -243,8 +185,9 @@ bool TrackerStore::takeBuilds(std::vector<SeenBuild> builds) {
 }
 
 void TrackerStore::noteMarket() {
-    if (schedule_)
-        schedule_->setMarketOpen(std::ranges::any_of(present(wanted_), &StockQuote::isOpen));
+    if (auto* schedule = rounds_.schedule()) {
+        schedule->setMarketOpen(std::ranges::any_of(present(wanted_), &StockQuote::isOpen));
+    }
 }
 
 void TrackerStore::setQuoteRange(QuoteRange range) {

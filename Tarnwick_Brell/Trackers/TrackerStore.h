@@ -11,13 +11,13 @@
 
 #include <QObject>
 #include <QString>
-#include <QTimer>
 
 #include "NewsroomKit/Ingestion/FeedClient.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
 #include "Tarnwick_Brell/Desk/Mailbox.h"
 #include "Tarnwick_Brell/Storage/BuildHistory.h"
 #include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Trackers/Rounds.h"
 #include "Tarnwick_Brell/Trackers/TrackerNews.h"
 #include "Tarnwick_Brell/Trackers/TrackerReading.h"
 #include "Tarnwick_Brell/Trackers/TrackerRefresh.h"
@@ -47,7 +47,7 @@ public:
 
     // What is observed.
     /// The library has been read; before that nothing is refreshed, at wish either.
-    bool isLoaded() const { return schedule_.has_value(); }
+    bool isLoaded() const { return rounds_.haveStarted(); }
     const TrackerReading<Services>& consumerStatus() const { return held_.consumer; }
     const TrackerReading<Services>& developerStatus() const { return held_.developer; }
     const TrackerReading<std::vector<newsroom::PlatformRelease>>& releases() const {
@@ -76,11 +76,11 @@ public:
     /// When the share's year was last read.
     std::optional<newsroom::Instant> yearRead() const;
 
-    bool isRefreshing(TrackerRound round) const { return underWay_.contains(round); }
+    bool isRefreshing(TrackerRound round) const { return rounds_.isUnderWay(round); }
     /// The last success of anything.
-    std::optional<newsroom::Instant> lastUpdated() const { return lastUpdated_; }
+    std::optional<newsroom::Instant> lastUpdated() const { return rounds_.lastUpdated(); }
     /// Failed fetches of each round since that round last went wholly well.
-    std::size_t failures() const;
+    std::size_t failures() const { return rounds_.failures(); }
     const std::optional<newsroom::ServiceProblems::Known>& knownProblems() const {
         return news_.knownProblems();
     }
@@ -141,11 +141,6 @@ private:
         std::map<QuoteKey, Quote> quotes{};
     };
 
-    struct Outcome {
-        std::size_t good = 0;
-        std::size_t bad = 0;
-    };
-
     class Errand;  ///< the worker's half
 
     Errand errand();
@@ -156,13 +151,9 @@ private:
     void followWishes();
     void fetchQuotes(QuoteKeys keys, std::chrono::seconds freshFor);
 
-    RefreshCadence::Now now() const;
     void beginSchedule();
-    void tick();
-    void armTimer();
     void begin(TrackerRound round);
     void end(TrackerRound round);
-    void note(TrackerRound round, bool isGood);
     void takeStored(Held stored);
     void takeQuote(const QuoteKey& key, Quote quote);
     bool takeBuilds(std::vector<SeenBuild> builds);
@@ -176,12 +167,8 @@ private:
     Held held_;
     std::vector<std::string> compared_;
     QuoteKeys wanted_;  ///< at the last look; the settings may change elsewhere
-    std::map<TrackerRound, Outcome> underWay_;
-    std::map<TrackerRound, std::size_t> failures_;
-    std::optional<newsroom::Instant> lastUpdated_;
     std::string lastFailure_;
-    std::optional<TrackerSchedule> schedule_;  ///< absent until isLoaded
-    QTimer timer_;
+    Rounds<TrackerSchedule> rounds_;
     std::shared_ptr<Mailbox> mailbox_;
 };
 

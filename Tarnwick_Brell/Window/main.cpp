@@ -20,8 +20,10 @@ namespace {
 
 using namespace desk;
 
+void warn(const std::string& sentence) { fmt::print(stderr, "tarnwick-brell: {}\n", sentence); }
+
 int complain(const std::string& sentence) {
-    fmt::print(stderr, "tarnwick-brell: {}\n", sentence);
+    warn(sentence);
     return 1;
 }
 
@@ -54,7 +56,7 @@ int start(int& count, char** words, const DeskOptions& options) {
     Premises premises(options, currentInstant());
     SingleInstance instance(premises.paths().library);
     if (instance.raiseFirst()) return 0;
-    auto network = premises.network();
+    auto network = premises.network(&warn);
     QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
     QGuiApplication application(count, words);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));

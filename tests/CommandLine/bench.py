@@ -19,6 +19,7 @@ class PressRoom:
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=log)
         ready = json.loads(self.process.stdout.readline())
         self.network = ["--connect-to", f"{ready['host']}:{ready['port']}", "--ca-file", ready["authority"]]
+        self.private_authority = Path(ready["privateAuthority"])
 
     def close(self):
         self.process.stdin.close()

@@ -110,7 +110,8 @@ void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString&
 int run(int& count, char** words, const DeskOptions& options, const std::string& folder,
         const std::string& only) {
     Premises premises(options, currentInstant());
-    auto network = premises.network();
+    auto network = premises.network(
+        [](const std::string& sentence) { fmt::print(stderr, "{}\n", sentence); });
     QGuiApplication application(count, words);
     // As the pictures are compared with others: one font, in a size that means no scaling.
     QFont font(QStringLiteral("Inter"));

@@ -75,6 +75,11 @@ json::object releases(const json::object& input);
 json::object events(const json::object& input);
 json::object quote(const json::object& input);
 
+// Signing, updates, charts
+json::object signing(const json::object& input);
+json::object updates(const json::object& input);
+json::object chart(const json::object& input);
+
 // The story archive
 json::object archiveURL(const json::object& input);
 

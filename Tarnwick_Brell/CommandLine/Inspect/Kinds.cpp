@@ -9,7 +9,7 @@
 namespace brell::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 23> all{{
+    static constexpr std::array<Kind, 26> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -32,6 +32,9 @@ std::span<const Kind> kinds() {
         {"releases", "text, knownBuilds", releases},
         {"events", "text", events},
         {"quote", "text", quote},
+        {"signing", "path or text", signing},
+        {"updates", "path or text", updates},
+        {"chart", "path or text", chart},
         {"archive-url", "operation; after, before, offset, limit, or urls, or url", archiveURL},
     }};
     return all;

@@ -10,6 +10,7 @@
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/post.hpp>
 
+#include "Tarnwick_Brell/Trackers/ListDoubts.h"
 #include "Tarnwick_Brell/Trackers/TrackerRefresh.h"
 #include "tests/support/HTTPBench.h"
 
@@ -243,7 +244,9 @@ TEST_F(TrackerRefreshTest, AFailureLeavesTheLastGoodAndIsCountedUntilASuccess) {
     }
     EXPECT_EQ(store_.builds().newest(9).size(), 1U);
     isCancelled_ = true;
-    EXPECT_TRUE(releases({.body = releasesBody("iOS=2")}).error);
+    EXPECT_TRUE(releases({.body = releasesBody("iOS=2"),
+                          .delivery = {.delay = std::chrono::milliseconds(300)}})
+                    .error);
     EXPECT_EQ(failures(), count) << "who cancels has not failed";
     isCancelled_ = false;
     now_ += std::chrono::minutes(5);

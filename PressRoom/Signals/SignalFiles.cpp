@@ -1,0 +1,130 @@
+#include "PressRoom/Signals/SignalFiles.h"
+
+#include <algorithm>
+#include <functional>
+#include <tuple>
+
+namespace newsroom {
+
+using namespace pressroom;
+
+template <>
+struct RecordShape<WorldFirmware> {
+    static constexpr auto fields =
+        std::tuple{field("version", &WorldFirmware::version), field("build", &WorldFirmware::build),
+                   field("minutesAgo", &WorldFirmware::minutesAgo),
+                   field("unsignedMinutesAgo", &WorldFirmware::unsignedMinutesAgo)};
+};
+
+template <>
+struct RecordShape<WorldSystem> {
+    static constexpr auto fields = std::tuple{field("system", &WorldSystem::system),
+                                              field("firmwares", &WorldSystem::firmwares)};
+};
+
+template <>
+struct RecordShape<WorldDevice> {
+    static constexpr auto fields =
+        std::tuple{field("identifier", &WorldDevice::identifier), field("name", &WorldDevice::name),
+                   field("system", &WorldDevice::system)};
+};
+
+template <>
+struct RecordShape<WorldSigning> {
+    static constexpr auto fields = std::tuple{field("systems", &WorldSigning::systems),
+                                              field("devices", &WorldSigning::devices)};
+};
+
+template <>
+struct RecordShape<WorldAsset> {
+    static constexpr auto fields = std::tuple{field("set", &WorldAsset::set),
+                                              field("version", &WorldAsset::version),
+                                              field("build", &WorldAsset::build),
+                                              field("minutesAgo", &WorldAsset::minutesAgo),
+                                              field("goneMinutesAgo", &WorldAsset::goneMinutesAgo),
+                                              field("expiresInDays", &WorldAsset::expiresInDays),
+                                              field("devices", &WorldAsset::devices)};
+};
+
+template <>
+struct RecordShape<WorldUpdates> {
+    static constexpr auto fields = std::tuple{field("assets", &WorldUpdates::assets)};
+};
+
+template <>
+struct RecordShape<WorldApp> {
+    static constexpr auto fields =
+        std::tuple{field("id", &WorldApp::id), field("name", &WorldApp::name),
+                   field("developer", &WorldApp::developer)};
+};
+
+template <>
+struct RecordShape<WorldMove> {
+    static constexpr auto fields =
+        std::tuple{field("minutesAgo", &WorldMove::minutesAgo), field("app", &WorldMove::app),
+                   field("rank", &WorldMove::rank)};
+};
+
+template <>
+struct RecordShape<WorldChart> {
+    static constexpr auto fields =
+        std::tuple{field("kind", &WorldChart::kind), field("apps", &WorldChart::apps),
+                   field("moves", &WorldChart::moves)};
+};
+
+template <>
+struct RecordShape<WorldCharts> {
+    static constexpr auto fields = std::tuple{field("charts", &WorldCharts::charts)};
+};
+
+}  // namespace newsroom
+
+namespace pressroom {
+namespace {
+
+using newsroom::RecordError;
+
+void checkSigning(const WorldSigning& signing) {
+    for (const auto& device : signing.devices) {
+        const bool isKnown = std::ranges::find(signing.systems, device.system,
+                                               &WorldSystem::system) != signing.systems.end();
+        if (!isKnown) throw RecordError("devices", "there is no system " + device.system);
+    }
+}
+
+void checkUpdates(const WorldUpdates& updates) {
+    for (const auto& asset : updates.assets) {
+        if (asset.devices.empty()) throw RecordError("assets", asset.build + " has no devices");
+    }
+}
+
+void checkChart(const WorldChart& chart) {
+    for (const auto& move : chart.moves) {
+        if (std::ranges::find(chart.apps, move.app, &WorldApp::id) == chart.apps.end()) {
+            throw RecordError("moves", "there is no app " + move.app);
+        }
+        if (move.rank < 1 || move.rank > static_cast<double>(chart.apps.size())) {
+            throw RecordError("moves", "the chart has no such rank");
+        }
+    }
+    if (!std::ranges::is_sorted(chart.moves, std::greater{}, &WorldMove::minutesAgo)) {
+        throw RecordError("moves", "the oldest must come first");
+    }
+}
+
+void checkCharts(const WorldCharts& charts) {
+    for (const auto& chart : charts.charts) {
+        inside(chart.kind, [&] { checkChart(chart); });
+    }
+}
+
+}  // namespace
+
+SignalFiles readSignals(const std::filesystem::path& directory) {
+    const auto folder = directory / "signals";
+    return {.signing = readDataFile<WorldSigning>(folder / "signing.json", checkSigning),
+            .updates = readDataFile<WorldUpdates>(folder / "updates.json", checkUpdates),
+            .charts = readDataFile<WorldCharts>(folder / "charts.json", checkCharts)};
+}
+
+}  // namespace pressroom

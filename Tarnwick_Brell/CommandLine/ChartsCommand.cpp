@@ -1,0 +1,158 @@
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/SignalsConsole.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/TextTable.h"
+#include "Tarnwick_Brell/Signals/ChartPlace.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::ChartEntry;
+using Kind = newsroom::AppStoreCharts::Kind;
+using Entries = std::vector<ChartEntry>;
+
+struct ChartsOptions {
+    std::string kind;
+    bool history = false;
+    bool stored = false;
+
+    /// All of them unless one is named.
+    std::vector<std::string> kinds() const {
+        if (!kind.empty()) return {kind};
+        std::vector<std::string> all;
+        for (const auto& row : newsroom::enumTable<Kind>) all.emplace_back(row.raw);
+        return all;
+    }
+};
+
+Kind kindNamed(const std::string& name) { return newsroom::enumFromRaw<Kind>(name).value(); }
+
+std::string moveText(const desk::ChartPlace& place) {
+    if (place.isNew) return "new";
+    const auto rise = place.rise();
+    if (!rise) return "";
+    if (*rise == 0) return "=";
+    return (*rise > 0 ? "▲ " : "▼ ") + std::to_string(std::abs(*rise));
+}
+
+std::optional<desk::ChartDay> dayBefore(Session& session, const NamedReading<Entries>& chart) {
+    if (!chart.reading.fetchedAt) return std::nullopt;
+    return session.storeForReading().charts().dayBefore(kindNamed(chart.name),
+                                                        *chart.reading.fetchedAt);
+}
+
+boost::json::object objectOf(Session& session, const NamedReading<Entries>& chart) {
+    boost::json::object object{{"kind", chart.name}};
+    if (chart.reading.value) {
+        boost::json::array list;
+        for (const auto& place : chartPlaces(*chart.reading.value, dayBefore(session, chart))) {
+            auto entry = newsroom::encode(place.entry).get_object();
+            if (place.rankBefore) entry["rankBefore"] = *place.rankBefore;
+            if (place.isNew) entry["isNew"] = true;
+            list.push_back(std::move(entry));
+        }
+        object["entries"] = std::move(list);
+    }
+    addNote(object, {chart.reading.fetchedAt, chart.reading.error});
+    return object;
+}
+
+void printChart(Session& session, const NamedReading<Entries>& chart) {
+    if (!chart.reading.value) return;
+    auto& out = session.out();
+    out.line(out.bold(label(kindNamed(chart.name))));
+    const auto before = dayBefore(session, chart);
+    TextTable table({"app", "rank", before ? "since " + dayText(before->day) : "", "developer"});
+    for (const auto& place : chartPlaces(*chart.reading.value, before)) {
+        table.add({printable(place.entry.name), std::to_string(place.entry.rank), moveText(place),
+                   printable(place.entry.developer)});
+    }
+    table.print(out);
+}
+
+int showCharts(Session& session, const ChartsOptions& options) {
+    const auto charts = askSignals<Entries>(
+        session, options.stored, options.kinds(),
+        [](auto& tracker, const std::string& kind) { return tracker.chart(kindNamed(kind)); });
+    requireSome(charts, options.stored);
+    auto& out = session.out();
+    if (session.options().json) {
+        boost::json::array list;
+        for (const auto& chart : charts) list.push_back(objectOf(session, chart));
+        out.line(options.kind.empty()
+                     ? boost::json::serialize(boost::json::object{{"charts", list}})
+                     : boost::json::serialize(list.front()));
+    } else {
+        for (const auto& chart : charts) {
+            if (&chart != &charts.front()) out.line();
+            printChart(session, chart);
+        }
+    }
+    return endTrackers(session, options.stored, notesOf(charts));
+}
+
+void printRuns(Output& out, const std::string& kind, const std::vector<desk::ChartRun>& runs) {
+    out.line(out.bold(label(kindNamed(kind))));
+    if (runs.empty()) {
+        out.line("This chart has not been seen yet. brell charts fetches it.");
+        return;
+    }
+    TextTable table({"app", "last rank", "best", "days", "first seen", "last seen", "developer"});
+    for (const auto& run : runs) {
+        table.add({printable(run.name), std::to_string(run.last), std::to_string(run.best),
+                   std::to_string(run.days), dayText(run.firstDay), dayText(run.lastDay),
+                   printable(run.developer)});
+    }
+    table.print(out);
+}
+
+int showHistory(Session& session, const ChartsOptions& options) {
+    auto& out = session.out();
+    boost::json::array list;
+    for (const auto& kind : options.kinds()) {
+        const auto runs = session.storeForReading().charts().runs(kindNamed(kind));
+        if (session.options().json) {
+            list.push_back(boost::json::object{{"kind", kind}, {"apps", newsroom::encode(runs)}});
+            continue;
+        }
+        if (kind != options.kinds().front()) out.line();
+        printRuns(out, kind, runs);
+    }
+    if (session.options().json) out.line(boost::json::serialize(list));
+    return kDone;
+}
+
+int runCharts(Session& session, const ChartsOptions& options) {
+    if (!options.kind.empty() && !newsroom::enumFromRaw<Kind>(options.kind)) {
+        throw WrongUsage("The charts are top-free and top-paid.");
+    }
+    return options.history ? showHistory(session, options) : showCharts(session, options);
+}
+
+}  // namespace
+
+void addChartsCommand(CLI::App& app, Command& chosen) {
+    auto options = std::make_shared<ChartsOptions>();
+    auto* command = app.add_subcommand("charts", "The App Store's charts in the United States");
+    command->add_option("CHART", options->kind, "top-free or top-paid; without it, both");
+    auto* history = command->add_flag("--history", options->history,
+                                      "Instead, every app of the last year and how it did");
+    addStoredFlag(*command, options->stored);
+    command->get_option("--stored")->excludes(history);
+    command->footer(
+        "Moves are those since the last day, by UTC, on which this desk saw the chart.");
+    command->callback([options, &chosen] {
+        chosen = [options](Session& session) { return runCharts(session, *options); };
+    });
+}
+
+}  // namespace brell

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "NewsroomKit/Newsrooms/PanelSpec.h"
+#include "Tarnwick_Brell/CommandLine/PanelHoldings.h"
+
+/// The panels that show what changed in firmware signing and in the update catalogue.
+namespace brell {
+
+std::vector<std::string> recordsLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel);
+std::vector<std::string> backendLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel);
+
+}  // namespace brell

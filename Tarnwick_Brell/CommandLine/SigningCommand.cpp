@@ -1,0 +1,146 @@
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "NewsroomKit/Signals/DeviceIdentifier.h"
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/SignalsConsole.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/TextTable.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::SigningStatus;
+using Readings = NamedReadings<SigningStatus>;
+
+struct SigningOptions {
+    std::string device;
+    bool history = false;
+    bool stored = false;
+};
+
+boost::json::object objectOf(const NamedReading<SigningStatus>& device) {
+    boost::json::object object{{"device", device.name}};
+    if (const auto& status = device.reading.value) {
+        object["name"] = status->name;
+        object["builds"] = newsroom::encode(status->builds);
+    }
+    addNote(object, {device.reading.fetchedAt, device.reading.error});
+    return object;
+}
+
+std::string signedBuildsText(const SigningStatus& status) {
+    std::string text;
+    for (const auto& build : status.builds) {
+        if (!build.isSigned) continue;
+        text += (text.empty() ? "" : ", ") + printable(build.version) + " (" +
+                printable(build.build) + ")";
+    }
+    return text.empty() ? "nothing" : text;
+}
+
+void printOverview(Output& out, const Readings& readings) {
+    TextTable table({"device", "model", "signed"});
+    for (const auto& [device, reading] : readings) {
+        if (!reading.value) {
+            table.add({"", device, "not known"});
+            continue;
+        }
+        table.add({printable(reading.value->name), device, signedBuildsText(*reading.value)});
+    }
+    table.print(out);
+}
+
+void printDevice(Output& out, const NamedReading<SigningStatus>& device) {
+    const auto& status = *device.reading.value;
+    out.line(out.bold(printable(status.name) + " (" + device.name + ")"));
+    out.line();
+    if (status.builds.empty()) {
+        out.line("The service has no firmware for it.");
+        return;
+    }
+    TextTable table({"version", "build", "signed", "released"});
+    for (const auto& build : status.builds) {
+        table.add({printable(build.version), printable(build.build), build.isSigned ? "yes" : "no",
+                   build.released ? dayText(*build.released) : ""});
+    }
+    table.print(out);
+}
+
+int showSigning(Session& session, const SigningOptions& options) {
+    const bool isOne = !options.device.empty();
+    const auto devices = isOne ? std::vector{options.device} : session.defaults().signingDevices();
+    const auto readings = askSignals<SigningStatus>(
+        session, options.stored, devices,
+        [](auto& tracker, const std::string& device) { return tracker.signing(device); });
+    requireSome(readings, options.stored);
+    auto& out = session.out();
+    if (session.options().json) {
+        boost::json::array list;
+        for (const auto& device : readings) list.push_back(objectOf(device));
+        out.line(isOne ? boost::json::serialize(list.front())
+                       : boost::json::serialize(boost::json::object{{"devices", list}}));
+    } else if (isOne) {
+        printDevice(out, readings.front());
+    } else {
+        printOverview(out, readings);
+    }
+    return endTrackers(session, options.stored, notesOf(readings));
+}
+
+int showHistory(Session& session, const SigningOptions& options) {
+    // Some dozens of devices have some dozens of builds a year each.
+    constexpr std::size_t most = 10'000;
+    const auto changes = session.storeForReading().signing().newest(most, options.device);
+    auto& out = session.out();
+    if (session.options().json) {
+        out.line(boost::json::serialize(newsroom::encode(changes)));
+        return kDone;
+    }
+    if (changes.empty()) {
+        out.line("No change has been seen yet. brell signing looks.");
+        return kDone;
+    }
+    TextTable table({"device", "model", "version", "build", "", "seen"});
+    for (const auto& change : changes) {
+        table.add({printable(change.deviceName), printable(change.device),
+                   printable(change.version), printable(change.build),
+                   change.isSigned ? "now signed" : "no longer signed", dayAndTime(change.seenAt)});
+    }
+    table.print(out);
+    return kDone;
+}
+
+int runSigning(Session& session, const SigningOptions& options) {
+    if (!options.device.empty() && !newsroom::isDeviceIdentifier(options.device)) {
+        throw WrongUsage("\"" + options.device + "\" is no model such as iPhone18,3.");
+    }
+    return options.history ? showHistory(session, options) : showSigning(session, options);
+}
+
+}  // namespace
+
+void addSigningCommand(CLI::App& app, Command& chosen) {
+    auto options = std::make_shared<SigningOptions>();
+    auto* command = app.add_subcommand("signing", "Which firmware Apple still signs");
+    command->add_option("DEVICE", options->device,
+                        "A model such as iPhone18,3; without it, an overview of the models that "
+                        "the setting signingDevices names");
+    auto* history =
+        command->add_flag("--history", options->history,
+                          "Instead, every change that this desk has ever seen, the last first");
+    addStoredFlag(*command, options->stored);
+    command->get_option("--stored")->excludes(history);
+    command->footer(
+        "A build that is gone, or signed no longer, counts as such when a second look says so.");
+    command->callback([options, &chosen] {
+        chosen = [options](Session& session) { return runSigning(session, *options); };
+    });
+}
+
+}  // namespace brell

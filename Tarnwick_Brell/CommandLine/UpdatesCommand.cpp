@@ -1,0 +1,117 @@
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "NewsroomKit/Text/Unicode.h"
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/SignalsConsole.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/TextTable.h"
+
+namespace brell {
+
+namespace {
+
+using newsroom::UpdateOffer;
+using Offers = std::vector<UpdateOffer>;
+
+struct UpdatesOptions {
+    std::string platform;
+    bool history = false;
+    bool stored = false;
+
+    bool wants(const UpdateOffer& offer) const {
+        return platform.empty() ||
+               newsroom::lowercasedASCII(offer.platform) == newsroom::lowercasedASCII(platform);
+    }
+};
+
+std::string systemText(const UpdateOffer& offer) {
+    return printable(offer.platform) + " " + printable(offer.version);
+}
+
+void print(Output& out, const Offers& offers, const std::string& platform) {
+    if (offers.empty()) {
+        out.line("Nothing is offered for " + printable(platform) + ".");
+        return;
+    }
+    TextTable table({"update", "build", "posted", "expires", "devices", "newest"});
+    for (const auto& offer : offers) {
+        table.add({systemText(offer), printable(offer.build), dayText(offer.posted),
+                   offer.expires ? dayText(*offer.expires) : "", std::to_string(offer.deviceCount),
+                   printable(offer.newestDevice.value_or(""))});
+    }
+    table.print(out);
+}
+
+int showUpdates(Session& session, const UpdatesOptions& options) {
+    auto readings =
+        askSignals<Offers>(session, options.stored, {"updates"},
+                           [](auto& tracker, const std::string&) { return tracker.updates(); });
+    auto& reading = readings.front().reading;
+    if (reading.value) {
+        std::erase_if(*reading.value, [&](const auto& offer) { return !options.wants(offer); });
+    }
+    return showTracker<Offers>(
+        session, options.stored, reading,
+        {.json =
+             [](const Offers& offers) {
+                 return boost::json::object{{"offers", newsroom::encode(offers)}};
+             },
+         .text = [&](const Offers& offers) { print(session.out(), offers, options.platform); }});
+}
+
+int showHistory(Session& session, const UpdatesOptions& options) {
+    // Apple posts some hundreds of updates a year.
+    constexpr std::size_t most = 10'000;
+    auto changes = session.storeForReading().offers().newest(most);
+    std::erase_if(changes, [&](const auto& change) { return !options.wants(change.offer); });
+    auto& out = session.out();
+    if (session.options().json) {
+        out.line(boost::json::serialize(newsroom::encode(changes)));
+        return kDone;
+    }
+    if (changes.empty()) {
+        out.line("No change has been seen yet. brell updates looks.");
+        return kDone;
+    }
+    TextTable table({"update", "build", "posted", "", "seen"});
+    for (const auto& change : changes) {
+        table.add({systemText(change.offer), printable(change.offer.build),
+                   dayText(change.offer.posted), change.isOffered ? "now offered" : "gone",
+                   dayAndTime(change.seenAt)});
+    }
+    table.print(out);
+    return kDone;
+}
+
+}  // namespace
+
+void addUpdatesCommand(CLI::App& app, Command& chosen) {
+    auto options = std::make_shared<UpdatesOptions>();
+    auto* command =
+        app.add_subcommand("updates", "What Apple's update catalogue offers, the latest first");
+    command->add_option("--platform", options->platform, "Only of this one: iOS, macOS, watchOS, …")
+        ->type_name("P");
+    auto* history = command->add_flag(
+        "--history", options->history,
+        "Instead, every offer that this desk has seen come or go, the last first");
+    addStoredFlag(*command, options->stored);
+    command->get_option("--stored")->excludes(history);
+    command->footer(
+        "The catalogue's host has a certificate of Apple's own authority, which systems do not "
+        "know: the setting updateCatalogueAuthority names a file with it. Days are those of New "
+        "York.");
+    command->callback([options, &chosen] {
+        chosen = [options](Session& session) {
+            return options->history ? showHistory(session, *options)
+                                    : showUpdates(session, *options);
+        };
+    });
+}
+
+}  // namespace brell

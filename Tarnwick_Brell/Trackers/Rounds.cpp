@@ -1,0 +1,12 @@
+#include "Tarnwick_Brell/Trackers/Rounds.h"
+
+#include <random>
+
+namespace desk {
+
+double randomSpread() {
+    std::random_device source;
+    return std::uniform_real_distribution<double>(-1, 1)(source);
+}
+
+}  // namespace desk

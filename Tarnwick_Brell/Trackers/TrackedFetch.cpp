@@ -1,0 +1,61 @@
+#include "Tarnwick_Brell/Trackers/TrackedFetch.h"
+
+#include <algorithm>
+
+#include "NewsroomKit/Addresses/WebAddress.h"
+
+namespace desk {
+
+using newsroom::FetchError;
+using newsroom::HTTPClientError;
+using newsroom::URLError;
+
+namespace {
+
+constexpr std::chrono::seconds kLongestPause{3600};
+
+std::string hostOf(const std::string& address) {
+    const auto parsed = newsroom::WebAddress::parse(address);
+    return parsed ? parsed->host : std::string();
+}
+
+}  // namespace
+
+bool isAbsence(const FetchError& error) {
+    constexpr HTTPClientError notFound{.kind = HTTPClientError::Kind::status, .statusCode = 404};
+    return error == FetchError(notFound);
+}
+
+bool isDistrust(const FetchError& error) {
+    return error == FetchError(URLError::serverCertificateUntrusted);
+}
+
+bool isOurFault(const FetchError& error) {
+    return error == FetchError(URLError::cancelled) ||
+           error == FetchError(URLError::notConnectedToInternet);
+}
+
+void TrackedFetch::noteFailure(const std::string& name, std::string error) {
+    auto transaction = store_.transaction();
+    auto health = store_.trackerCopies().health(name);
+    ++health.failures;
+    health.lastAttempt = clock_();
+    health.lastError = std::move(error);
+    store_.trackerCopies().setHealth(name, health);
+    transaction.commit();
+}
+
+std::optional<std::string> TrackedFetch::pauseText(const std::string& address) {
+    const auto now = clock_();
+    const auto pauses = store_.hostPauses().load(now);
+    const auto pause = pauses.find(hostOf(address));
+    if (pause == pauses.end()) return std::nullopt;
+    return HostPauses::sentence(pause->second, now);
+}
+
+void TrackedFetch::leaveAlone(const std::string& address, std::chrono::seconds wanted) {
+    if (wanted <= std::chrono::seconds(0)) return;
+    store_.hostPauses().set(hostOf(address), clock_() + std::min(wanted, kLongestPause));
+}
+
+}  // namespace desk
