@@ -15,6 +15,7 @@
 #include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
+#include "Tarnwick_Brell/Window/Translations.h"
 
 namespace {
 
@@ -58,6 +59,7 @@ int start(int& count, char** words, const DeskOptions& options) {
     QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
     QGuiApplication application(count, words);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
+    installTranslations();
     try {
         AppEnvironment environment({.paths = premises.paths(),
                                     .network = std::move(network),

@@ -19,6 +19,7 @@
 #include "Tarnwick_Brell/Shell/Premises.h"
 #include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
+#include "Tarnwick_Brell/Window/Translations.h"
 
 namespace {
 
@@ -111,6 +112,7 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     Premises premises(options, currentInstant());
     auto network = premises.network();
     QGuiApplication application(count, words);
+    installTranslations();
     QDir().mkpath(QString::fromStdString(folder));
     AppEnvironment environment({.paths = premises.paths(),
                                 .network = std::move(network),
