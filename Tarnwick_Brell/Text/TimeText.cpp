@@ -13,9 +13,9 @@ namespace {
 using namespace std::chrono;
 using newsroom::Instant;
 
-QString tr(const char* text, int n = -1) {
-    return QCoreApplication::translate("TimeText", text, nullptr, n);
-}
+struct TimeText {
+    Q_DECLARE_TR_FUNCTIONS(TimeText)
+};
 
 QDateTime local(Instant instant) {
     const auto milliseconds = floor<std::chrono::milliseconds>(instant.time_since_epoch());
@@ -26,11 +26,6 @@ bool isSameYear(const QDateTime& one, const QDateTime& other) {
     return one.date().year() == other.date().year();
 }
 
-QString withRest(long long large, const QString& unit, long long rest, const QString& restUnit) {
-    const auto first = QString::number(large) + u' ' + unit;
-    return rest == 0 ? first : first + u' ' + QString::number(rest) + u' ' + restUnit;
-}
-
 }  // namespace
 
 int daysBetween(Instant now, Instant then) {
@@ -39,36 +34,40 @@ int daysBetween(Instant now, Instant then) {
 
 QString ageText(Instant then, Instant now) {
     const auto passed = now - then;
-    if (passed < minutes(1)) return tr("now");
-    if (passed < hours(1)) return tr("%1 min").arg(duration_cast<minutes>(passed).count());
+    if (passed < minutes(1)) return TimeText::tr("now");
+    if (passed < hours(1)) return TimeText::tr("%1 min").arg(duration_cast<minutes>(passed).count());
     const auto days = -daysBetween(now, then);
     // Late in the evening "3 h" still says more than a date.
     if (passed < hours(12) || days == 0)
-        return tr("%1 h").arg(duration_cast<hours>(passed).count());
-    if (days == 1) return tr("Yesterday");
+        return TimeText::tr("%1 h").arg(duration_cast<hours>(passed).count());
+    if (days == 1) return TimeText::tr("Yesterday");
     return shortDayText(then, now);
 }
 
 QString agoText(Instant then, Instant now) {
     const auto passed = now - then;
-    if (passed < minutes(1)) return tr("just now");
+    if (passed < minutes(1)) return TimeText::tr("just now");
     const auto age = ageText(then, now);
     if (passed < hours(1) || -daysBetween(now, then) == 0 || passed < hours(12)) {
-        return tr("%1 ago").arg(age);
+        return TimeText::tr("%1 ago").arg(age);
     }
-    return -daysBetween(now, then) == 1 ? tr("yesterday") : tr("on %1").arg(age);
+    return -daysBetween(now, then) == 1 ? TimeText::tr("yesterday") : TimeText::tr("on %1").arg(age);
 }
 
 QString spanText(Instant::duration span) {
     const auto whole = floor<minutes>(span);
-    if (whole < minutes(1)) return tr("under a minute");
-    if (whole < hours(1)) return tr("%1 min").arg(whole.count());
+    if (whole < minutes(1)) return TimeText::tr("under a minute");
+    if (whole < hours(1)) return TimeText::tr("%1 min").arg(whole.count());
     const auto wholeHours = floor<hours>(whole);
     if (whole < days(1)) {
-        return withRest(wholeHours.count(), tr("h"), (whole - wholeHours).count(), tr("min"));
+        const auto rest = (whole - wholeHours).count();
+        return rest == 0 ? TimeText::tr("%1 h").arg(wholeHours.count())
+                         : TimeText::tr("%1 h %2 min").arg(wholeHours.count()).arg(rest);
     }
     const auto wholeDays = floor<days>(whole);
-    return withRest(wholeDays.count(), tr("d"), (wholeHours - wholeDays).count(), tr("h"));
+    const auto rest = (wholeHours - wholeDays).count();
+    return rest == 0 ? TimeText::tr("%1 d").arg(wholeDays.count())
+                     : TimeText::tr("%1 d %2 h").arg(wholeDays.count()).arg(rest);
 }
 
 /// Some locales, the plain "C" among them, write seconds even in their short form.
@@ -92,8 +91,8 @@ QString dayText(Instant then, Instant now) {
 QString momentText(Instant then, Instant now) {
     const auto days = daysBetween(now, then);
     if (days == 0) return clockText(then);
-    const auto day = days == -1  ? tr("Yesterday")
-                     : days == 1 ? tr("Tomorrow")
+    const auto day = days == -1  ? TimeText::tr("Yesterday")
+                     : days == 1 ? TimeText::tr("Tomorrow")
                                  : shortDayText(then, now);
     return day + u' ' + clockText(then);
 }

@@ -16,6 +16,7 @@
 #include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
+#include "Tarnwick_Brell/Window/Translations.h"
 
 namespace {
 
@@ -61,6 +62,7 @@ int start(int& count, char** words, const DeskOptions& options) {
     QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
     QGuiApplication application(count, words);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
+    installTranslations();
     // The end of a session and Ctrl-C close the library as the window's own end does.
     const StopSignals stop([] { QGuiApplication::quit(); });
     try {

@@ -20,6 +20,7 @@
 #include "Tarnwick_Brell/Shell/Premises.h"
 #include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
+#include "Tarnwick_Brell/Window/Translations.h"
 
 namespace {
 
@@ -113,6 +114,7 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     auto network = premises.network(
         [](const std::string& sentence) { fmt::print(stderr, "{}\n", sentence); });
     QGuiApplication application(count, words);
+    installTranslations();
     // As the pictures are compared with others: one font, in a size that means no scaling.
     QFont font(QStringLiteral("Inter"));
     font.setPixelSize(13);

@@ -122,7 +122,8 @@ void BriefPanel::addProblems(std::vector<BriefRow>& rows) const {
                                          : tr("%1 is having a problem.").arg(service),
                          .sources = tr("System Status"),
                          .link = plainText(newsroom::AppleStatusAPI::kPage)};
-            if (status->fetchedAt) row.sources += u' ' + momentText(*status->fetchedAt, now());
+            if (status->fetchedAt)
+                row.sources = tr("System Status %1").arg(momentText(*status->fetchedAt, now()));
             addIfWanted(rows, std::move(row));
         }
     }
@@ -139,8 +140,8 @@ void BriefPanel::addBuilds(std::vector<BriefRow>& rows) const {
             addIfWanted(rows,
                         {.sentence = build.isEmpty() ? tr("%1 is out.").arg(system)
                                                  : tr("%1 is out, build %2.").arg(system, build),
-                         .sources = tr("Apple Developer Releases") + u' ' +
-                                    momentText((*release)->published, now()),
+                         .sources = tr("Apple Developer Releases %1")
+                                    .arg(momentText((*release)->published, now())),
                          .link = plainText((*release)->url)});
         }
     }

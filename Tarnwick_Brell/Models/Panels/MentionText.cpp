@@ -18,9 +18,9 @@ using newsroom::StoryMention;
 constexpr std::size_t kNamedSources = 2;
 constexpr int kTermCharacters = 40;
 
-QString tr(const char* text, int n = -1) {
-    return QCoreApplication::translate("PanelText", text, nullptr, n);
-}
+struct PanelText {
+    Q_DECLARE_TR_FUNCTIONS(PanelText)
+};
 
 /// Feeds that give a day only have midnight sharp.
 bool isDayOnly(Instant instant) {
@@ -33,9 +33,9 @@ QString leadText(const StoryMention& first, const StoryMention& second) {
     const auto lead = second.publishedAt - first.publishedAt;
     const auto outlet = titleText(second.outlet);
     if (lead <= Instant::duration::zero() || isDayOnly(first.publishedAt)) {
-        return tr("also %1").arg(outlet);
+        return PanelText::tr("also %1").arg(outlet);
     }
-    return tr("%1 before %2").arg(spanText(lead), outlet);
+    return PanelText::tr("%1 before %2").arg(spanText(lead), outlet);
 }
 
 QString sourcesText(const std::vector<StoryMention>& outlets, Instant now) {
@@ -46,7 +46,7 @@ QString sourcesText(const std::vector<StoryMention>& outlets, Instant now) {
         parts << titleText(outlets[i].outlet) + u' ' + momentText(outlets[i].publishedAt, now);
     }
     if (outlets.size() > named) {
-        parts << tr("%n more", static_cast<int>(outlets.size() - named));
+        parts << PanelText::tr("%n more", nullptr, static_cast<int>(outlets.size() - named));
     }
     return parts.join(QStringLiteral(" · "));
 }
@@ -54,7 +54,7 @@ QString sourcesText(const std::vector<StoryMention>& outlets, Instant now) {
 QString termsText(const newsroom::StoryQuery& query) {
     if (query.anyTerms.empty()) return {};
     const auto first = titleText(query.anyTerms.front(), kTermCharacters);
-    return (query.anyTerms.size() == 1 ? tr("“%1”") : tr("“%1” or the other words")).arg(first);
+    return (query.anyTerms.size() == 1 ? PanelText::tr("“%1”") : PanelText::tr("“%1” or the other words")).arg(first);
 }
 
 QString spokenRow(const QStringList& parts) {

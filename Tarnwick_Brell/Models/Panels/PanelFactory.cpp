@@ -15,10 +15,10 @@ public:
 private:
     static QString sentence(newsroom::PanelKind kind) {
         switch (kind) {
-            case newsroom::PanelKind::clips: return tr("The desk can't save quotes yet.");
+            case newsroom::PanelKind::clips: return PanelContent::tr("The desk can't save quotes yet.");
             case newsroom::PanelKind::pageWatch:
-                return tr("The desk can't follow Apple's pages yet.");
-            default: return tr("The desk collects nothing for this panel yet.");
+                return PanelContent::tr("The desk can't follow Apple's pages yet.");
+            default: return PanelContent::tr("The desk collects nothing for this panel yet.");
         }
     }
 };

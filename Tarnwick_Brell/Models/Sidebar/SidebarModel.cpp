@@ -21,31 +21,28 @@ using Kind = Place::Kind;
 
 constexpr auto kRebuildPause = 60ms;
 
-QString countText(std::size_t count) {
-    return count > 0 ? QLocale().toString(static_cast<qulonglong>(count)) : QString();
-}
-
-QString countText(int count) { return countText(static_cast<std::size_t>(std::max(count, 0))); }
+QString countText(int count) { return count > 0 ? QLocale().toString(count) : QString(); }
 
 QString groupKey(Category category) {
     return QStringLiteral("category:") + plainText(rawValue(category));
 }
 
-std::size_t problemsIn(const TrackerReading<TrackerStore::Services>& reading) {
-    return reading.value ? newsroom::AppleServiceStatus::ongoingReports(*reading.value).size() : 0;
+int problemsIn(const TrackerReading<TrackerStore::Services>& reading) {
+    if (!reading.value) return 0;
+    return static_cast<int>(newsroom::AppleServiceStatus::ongoingReports(*reading.value).size());
 }
 
 SidebarRow section(const QString& title) {
     return {.kind = SidebarKind::Section, .title = title, .spokenText = title};
 }
 
-SidebarRow itemRow(const Place& place, const QString& title, QString symbol, const QString& count = {},
-                const QString& countName = {}) {
+SidebarRow itemRow(const Place& place, const QString& title, QString symbol, int count = 0,
+                   const QString& spokenCount = {}) {
     return {.key = place.key(),
             .title = title,
             .symbol = std::move(symbol),
-            .count = count,
-            .spokenText = count.isEmpty() ? title : title + QStringLiteral(", ") + count + u' ' + countName};
+            .count = countText(count),
+            .spokenText = count > 0 ? title + QStringLiteral(", ") + spokenCount : title};
 }
 
 QString markName(SourceMark::Value mark) {
@@ -110,12 +107,13 @@ void SidebarModel::addNewsrooms(std::vector<SidebarRow>& rows) const {
 
 void SidebarModel::addWire(std::vector<SidebarRow>& rows) const {
     rows.push_back(section(tr("Wire")));
-    rows.push_back(itemRow({Kind::all, {}}, tr("All"), QStringLiteral("tray"), countText(tally_.stories()),
-                        tr("stories")));
-    rows.push_back(itemRow({Kind::unread, {}}, tr("Unread"), QStringLiteral("circle.inset.filled"),
-                        countText(tally_.unread()), tr("stories")));
-    rows.push_back(itemRow({Kind::saved, {}}, tr("Saved"), QStringLiteral("bookmark"),
-                        countText(tally_.saved()), tr("stories")));
+    const auto add = [&rows](Kind kind, const QString& title, const QString& symbol, int stories) {
+        rows.push_back(
+            itemRow({kind, {}}, title, symbol, stories, tr("%n stories", nullptr, stories)));
+    };
+    add(Kind::all, tr("All"), QStringLiteral("tray"), tally_.stories());
+    add(Kind::unread, tr("Unread"), QStringLiteral("circle.inset.filled"), tally_.unread());
+    add(Kind::saved, tr("Saved"), QStringLiteral("bookmark"), tally_.saved());
     rows.push_back(itemRow({Kind::topStories, {}}, tr("Top stories"), QStringLiteral("flame")));
 }
 
@@ -127,8 +125,9 @@ void SidebarModel::addBeats(std::vector<SidebarRow>& rows) const {
         const auto symbol = !entry.value ? QStringLiteral("exclamationmark.triangle")
                             : isPlain    ? QStringLiteral("number")
                                          : plainText(entry.value->symbol);
+        const auto unread = tally_.ofBeat(entry.id);
         rows.push_back(itemRow({Kind::beat, plainText(entry.id)}, titleText(entry.name), symbol,
-                            countText(tally_.ofBeat(entry.id)), tr("unread")));
+                               unread, tr("%n unread", nullptr, unread)));
     }
 }
 
@@ -161,8 +160,8 @@ SidebarRow SidebarModel::sourceRow(const newsroom::NewsSource& source) const {
     const auto unread = tally_.ofSource(source.id);
     const auto mark = markOf(source.id);
     const auto name = titleText(source.name);
-    auto spoken = name + QStringLiteral(", ") + markName(mark);
-    if (unread > 0) spoken += QStringLiteral(", ") + tr("%n unread", nullptr, unread);
+    auto spoken = tr("%1, %2").arg(name, markName(mark));
+    if (unread > 0) spoken = tr("%1, %n unread", nullptr, unread).arg(spoken);
     const auto& error = desk_.sourceStatus(source.id).lastError;
     return {.kind = SidebarKind::Source,
             .key = Place{Kind::source, plainText(source.id)}.key(),
@@ -184,13 +183,13 @@ SourceMark::Value SidebarModel::markOf(const std::string& id) const {
 void SidebarModel::addTrackers(std::vector<SidebarRow>& rows) const {
     rows.push_back(section(tr("Trackers")));
     for (const auto& tracker : trackerPlaces()) {
-        QString count;
+        int problems = 0;
         if (tracker.id == "status") {
-            count = countText(problemsIn(trackers_.consumerStatus()) +
-                              problemsIn(trackers_.developerStatus()));
+            problems = problemsIn(trackers_.consumerStatus()) + problemsIn(trackers_.developerStatus());
         }
         rows.push_back(itemRow({Kind::tracker, plainText(tracker.id)}, titleOf(tracker),
-                            plainText(tracker.symbol), count, tr("problems")));
+                               plainText(tracker.symbol), problems,
+                               tr("%n problems", nullptr, problems)));
     }
 }
 

@@ -10,18 +10,21 @@ namespace desk {
 
 namespace {
 
-QString tr(std::string_view text) {
-    return QCoreApplication::translate("StoryRow", std::string(text).c_str());
-}
+struct StoryRow {
+    Q_DECLARE_TR_FUNCTIONS(StoryRow)
+};
+
+/// Labels come from the tables of the core library, which knows no translation.
+QString translated(std::string_view label) { return StoryRow::tr(std::string(label).c_str()); }
 
 }  // namespace
 
 QString kindText(newsroom::StoryKind kind) {
-    return kind == newsroom::StoryKind::coverage ? QString() : tr(label(kind));
+    return kind == newsroom::StoryKind::coverage ? QString() : translated(label(kind));
 }
 
 QString sourcingText(newsroom::Sourcing sourcing) {
-    return sourcing == newsroom::Sourcing::unlabeled ? QString() : tr(label(sourcing));
+    return sourcing == newsroom::Sourcing::unlabeled ? QString() : translated(label(sourcing));
 }
 
 QString destinationText(const PackedStory& story) {
@@ -32,8 +35,8 @@ QString destinationText(const PackedStory& story) {
 
 QString spokenText(const PackedStory& story, newsroom::Instant now) {
     QStringList parts;
-    if (!story.isRead()) parts << tr("Unread");
-    if (story.isSaved()) parts << tr("Saved");
+    if (!story.isRead()) parts << StoryRow::tr("Unread");
+    if (story.isSaved()) parts << StoryRow::tr("Saved");
     parts << titleText(story.title(), kTitleCharacters) << titleText(story.sourceName());
     for (const auto& part : {destinationText(story), kindText(story.kind()),
                              sourcingText(story.sourcing()), ageText(story.publishedAt(), now)}) {

@@ -1,0 +1,235 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>PanelText</name>
+    <message numerus="yes">
+        <source>%n more</source>
+        <translation>
+            <numerusform>%n more</numerusform>
+            <numerusform>%n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::BriefPanel</name>
+    <message numerus="yes">
+        <source>Apple posted %n times, last: %1</source>
+        <translation>
+            <numerusform>Apple posted once, last: %1</numerusform>
+            <numerusform>Apple posted %n times, last: %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::ChoiceList</name>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 and %n more</numerusform>
+            <numerusform>%1 and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::ClaimsPanel</name>
+    <message numerus="yes">
+        <source>%n outlets</source>
+        <translation>
+            <numerusform>%n outlet</numerusform>
+            <numerusform>%n outlets</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::CountdownPanel</name>
+    <message numerus="yes">
+        <source>%n years</source>
+        <translation>
+            <numerusform>%n year</numerusform>
+            <numerusform>%n years</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days</source>
+        <translation>
+            <numerusform>%n day</numerusform>
+            <numerusform>%n days</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, in %n days</source>
+        <translation>
+            <numerusform>%1, in %n day</numerusform>
+            <numerusform>%1, in %n days</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::CoveragePanel</name>
+    <message numerus="yes">
+        <source>first %n×</source>
+        <translation>
+            <numerusform>first %n×</numerusform>
+            <numerusform>first %n×</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n stories</source>
+        <translation>
+            <numerusform>%n story</numerusform>
+            <numerusform>%n stories</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::GatheredPanel</name>
+    <message numerus="yes">
+        <source>Last %n hours</source>
+        <translation>
+            <numerusform>Last hour</numerusform>
+            <numerusform>Last %n hours</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Last %n days</source>
+        <translation>
+            <numerusform>Last day</numerusform>
+            <numerusform>Last %n days</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n stories match, the newest from %1.</source>
+        <translation>
+            <numerusform>%n story matches, from %1.</numerusform>
+            <numerusform>%n stories match, the newest from %1.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::ReaderModel</name>
+    <message numerus="yes">
+        <source>Also told by %n others</source>
+        <translation>
+            <numerusform>Also told by %n other</numerusform>
+            <numerusform>Also told by %n others</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::RefreshState</name>
+    <message numerus="yes">
+        <source>Refreshing, %1 of %n sources</source>
+        <translation>
+            <numerusform>Refreshing, %1 of %n source</numerusform>
+            <numerusform>Refreshing, %1 of %n sources</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::SidebarModel</name>
+    <message numerus="yes">
+        <source>%n stories</source>
+        <translation>
+            <numerusform>%n story</numerusform>
+            <numerusform>%n stories</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unread</source>
+        <translation>
+            <numerusform>%n unread</numerusform>
+            <numerusform>%n unread</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n unread</source>
+        <translation>
+            <numerusform>%1, %n unread</numerusform>
+            <numerusform>%1, %n unread</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n problems</source>
+        <translation>
+            <numerusform>%n problem</numerusform>
+            <numerusform>%n problems</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sources</source>
+        <translation>
+            <numerusform>%n source</numerusform>
+            <numerusform>%n sources</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n failing</source>
+        <translation>
+            <numerusform>%1, %n failing</numerusform>
+            <numerusform>%1, %n failing</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::StatusPanel</name>
+    <message numerus="yes">
+        <source>%n incidents in 14 days</source>
+        <translation>
+            <numerusform>%n incident in 14 days</numerusform>
+            <numerusform>%n incidents in 14 days</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::StoryPanel</name>
+    <message numerus="yes">
+        <source>%n unread</source>
+        <translation>
+            <numerusform>%n unread</numerusform>
+            <numerusform>%n unread</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::TopStoriesPanel</name>
+    <message numerus="yes">
+        <source>%n outlets</source>
+        <translation>
+            <numerusform>%n outlet</numerusform>
+            <numerusform>%n outlets</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::WirePage</name>
+    <message numerus="yes">
+        <source>%n stories marked as read.</source>
+        <translation>
+            <numerusform>%n story marked as read.</numerusform>
+            <numerusform>%n stories marked as read.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n found</source>
+        <translation>
+            <numerusform>%n found</numerusform>
+            <numerusform>%n found</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unread</source>
+        <translation>
+            <numerusform>%n unread</numerusform>
+            <numerusform>%n unread</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n new stories</source>
+        <translation>
+            <numerusform>%n new story</numerusform>
+            <numerusform>%n new stories</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,18 @@
+#include "Tarnwick_Brell/Window/Translations.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QTranslator>
+
+namespace desk {
+
+void installTranslations() {
+    const auto folder = QStringLiteral(":/translations");
+    auto* translator = new QTranslator(QCoreApplication::instance());
+    if (translator->load(QLocale(), QStringLiteral("tarnwick-brell"), QStringLiteral("_"), folder) ||
+        translator->load(QStringLiteral("tarnwick-brell_en"), folder)) {
+        QCoreApplication::installTranslator(translator);
+    }
+}
+
+}  // namespace desk
