@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <QDesktopServices>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QUrl>
 #include <fmt/format.h>
 
@@ -59,6 +60,7 @@ int start(int& count, char** words, const DeskOptions& options) {
     QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
     QGuiApplication application(count, words);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnwick-brell.svg")));
     installTranslations();
     try {
         AppEnvironment environment({.paths = premises.paths(),
