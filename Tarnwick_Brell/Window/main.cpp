@@ -59,9 +59,9 @@ int start(int& count, char** words, const DeskOptions& options) {
     auto network = premises.network();
     QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
     QGuiApplication application(count, words);
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnwick-brell.svg")));
     installTranslations();
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
     try {
         AppEnvironment environment({.paths = premises.paths(),
                                     .network = std::move(network),

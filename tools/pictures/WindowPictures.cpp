@@ -112,8 +112,8 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     Premises premises(options, currentInstant());
     auto network = premises.network();
     QGuiApplication application(count, words);
-    installTranslations();
     QDir().mkpath(QString::fromStdString(folder));
+    installTranslations();
     AppEnvironment environment({.paths = premises.paths(),
                                 .network = std::move(network),
                                 .clock = &currentInstant,
