@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <QDesktopServices>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QUrl>
 #include <fmt/format.h>
 
@@ -61,10 +62,14 @@ int start(int& count, char** words, const DeskOptions& options) {
     auto network = premises.network(&warn);
     QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
     QGuiApplication application(count, words);
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnwick-brell.svg")));
     installTranslations();
+<<<<<<< HEAD
     // The end of a session and Ctrl-C close the library as the window's own end does.
     const StopSignals stop([] { QGuiApplication::quit(); });
+=======
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
+>>>>>>> tracker-panels
     try {
         AppEnvironment environment({.paths = premises.paths(),
                                     .network = std::move(network),

@@ -72,6 +72,10 @@ FocusScope {
 
         T.ScrollBar.vertical: ThinScrollBar {}
 
+        /// However one got there, the place's row is in sight.
+        readonly property int placeRow: sidebar.places.currentRow
+        onPlaceRowChanged: if (placeRow >= 0)
+            positionViewAtIndex(placeRow, ListView.Contain)
         onActiveFocusChanged: if (activeFocus && currentIndex < 0)
             currentIndex = Math.max(0, sidebar.places.currentRow)
 
