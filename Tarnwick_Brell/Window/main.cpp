@@ -64,12 +64,9 @@ int start(int& count, char** words, const DeskOptions& options) {
     QGuiApplication application(count, words);
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnwick-brell.svg")));
     installTranslations();
-<<<<<<< HEAD
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
     // The end of a session and Ctrl-C close the library as the window's own end does.
     const StopSignals stop([] { QGuiApplication::quit(); });
-=======
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
->>>>>>> tracker-panels
     try {
         AppEnvironment environment({.paths = premises.paths(),
                                     .network = std::move(network),

@@ -114,14 +114,10 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     auto network = premises.network(
         [](const std::string& sentence) { fmt::print(stderr, "{}\n", sentence); });
     QGuiApplication application(count, words);
-<<<<<<< HEAD
-    installTranslations();
     // As the pictures are compared with others: one font, in a size that means no scaling.
     QFont font(QStringLiteral("Inter"));
     font.setPixelSize(13);
     QGuiApplication::setFont(font);
-=======
->>>>>>> tracker-panels
     QDir().mkpath(QString::fromStdString(folder));
     installTranslations();
     AppEnvironment environment({.paths = premises.paths(),
