@@ -14,10 +14,10 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
-#include "Tarnwick_Brell/CommandLine/StopSignals.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/WireLine.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
+#include "Tarnwick_Brell/Shell/StopSignals.h"
 #include "Tarnwick_Brell/Signals/SigningNews.h"
 
 namespace brell {
@@ -239,7 +239,7 @@ int runWatch(Session& session, const WatchOptions& options) {
     }
     int argumentCount = 0;
     QCoreApplication application(argumentCount, nullptr);
-    const StopSignals stop([] { QCoreApplication::quit(); });
+    const desk::StopSignals stop([] { QCoreApplication::quit(); });
     desk::AppEnvironment environment({.paths = session.paths(),
                                       .network = std::move(network),
                                       .clock = &currentInstant,

@@ -71,8 +71,12 @@ QString spanText(Instant::duration span) {
     return withRest(wholeDays.count(), tr("d"), (wholeHours - wholeDays).count(), tr("h"));
 }
 
+/// Some locales, the plain "C" among them, write seconds even in their short form.
 QString clockText(Instant then) {
-    return QLocale().toString(local(then).time(), QLocale::ShortFormat);
+    const QLocale locale;
+    auto format = locale.timeFormat(QLocale::ShortFormat);
+    format.remove(QStringLiteral(":ss"));
+    return locale.toString(local(then).time(), format);
 }
 
 QString shortDayText(Instant then, Instant now) {

@@ -12,6 +12,7 @@
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
 #include "Tarnwick_Brell/Shell/Premises.h"
+#include "Tarnwick_Brell/Shell/StopSignals.h"
 #include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
@@ -61,6 +62,8 @@ int start(int& count, char** words, const DeskOptions& options) {
     QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
     QGuiApplication application(count, words);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
+    // The end of a session and Ctrl-C close the library as the window's own end does.
+    const StopSignals stop([] { QGuiApplication::quit(); });
     try {
         AppEnvironment environment({.paths = premises.paths(),
                                     .network = std::move(network),

@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 #include <QDir>
 #include <QEventLoop>
+#include <QFont>
 #include <QGuiApplication>
 #include <QTimer>
 #include <fmt/format.h>
@@ -115,6 +116,10 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     auto network = premises.network(
         [](const std::string& sentence) { fmt::print(stderr, "{}\n", sentence); });
     QGuiApplication application(count, words);
+    // As the pictures are compared with others: one font, in a size that means no scaling.
+    QFont font(QStringLiteral("Inter"));
+    font.setPixelSize(13);
+    QGuiApplication::setFont(font);
     QDir().mkpath(QString::fromStdString(folder));
     AppEnvironment environment({.paths = premises.paths(),
                                 .network = std::move(network),

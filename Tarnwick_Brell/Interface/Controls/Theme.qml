@@ -242,6 +242,8 @@ QtObject {
     readonly property int dateColumnFrom: scaled(200)
     readonly property int platformColumn: scaled(62)
     readonly property int softwareWideFrom: scaled(320)
+    readonly property int softwareBetasFrom: scaled(200)
+    readonly property int recentFrom: scaled(360)
     readonly property int symbolColumn: scaled(72)
     readonly property int priceColumn: scaled(72)
     readonly property int currencyColumn: scaled(32)
@@ -262,5 +264,7 @@ QtObject {
     readonly property int fade: reducedMotion ? 0 : 120
     readonly property int move: reducedMotion ? 0 : 120
     readonly property int tipDelay: 500
+    /// As soon as what goes on now is done.
+    readonly property int nextTurn: 0
     readonly property int noticeTime: 6000
 }

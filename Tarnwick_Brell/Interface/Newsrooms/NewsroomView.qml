@@ -44,6 +44,7 @@ FocusScope {
                 required property int columns
                 required property int rows
 
+                required symbol
                 hasMenu: false
                 x: Math.round(Theme.gridPadding + column * (view.cell + Theme.gridGap))
                 y: Theme.gridPadding + row * (view.rowHeight + Theme.gridGap)

@@ -24,9 +24,12 @@ Item {
             text: panel.content.days
             color: panel.ink
         }
+        Item {
+            width: parent.width
+            height: Theme.step3
+        }
         DeskText {
             width: parent.width
-            topPadding: look.lead + Theme.step3
             type: DeskText.BaseStrong
             lineHeight: Theme.panelLine
             lines: 2

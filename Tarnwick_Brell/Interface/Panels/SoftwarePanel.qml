@@ -4,7 +4,7 @@ import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
 /// Versions and betas, a row a platform. Where there is no room for both, the New mark stands
-/// in place of the date.
+/// in place of the date; where there is still less, only versions and builds stand.
 Item {
     id: panel
 
@@ -12,6 +12,7 @@ Item {
     readonly property bool pale: content.state === PanelContent.Stale
     readonly property color ink: pale ? Theme.text2 : Theme.text1
     readonly property bool isWide: width >= Theme.softwareWideFrom
+    readonly property bool hasBetas: width >= Theme.softwareBetasFrom
 
     PanelList {
         id: rows
@@ -33,7 +34,7 @@ Item {
             required property string spokenText
             required property int index
 
-            readonly property real cell: (width - Theme.platformColumn - end.width) / 2
+            readonly property real cell: (width - Theme.platformColumn - end.width) / (panel.hasBetas ? 2 : 1)
 
             width: rows.width
             height: Theme.softwareRow
@@ -64,6 +65,7 @@ Item {
                 x: Theme.platformColumn + row.cell
                 anchors.verticalCenter: parent.verticalCenter
                 width: row.cell - Theme.space1
+                visible: panel.hasBetas
                 first: row.betaVersion
                 second: row.betaBuild
                 ink: row.hasBeta ? panel.ink : Theme.text3
@@ -71,7 +73,8 @@ Item {
             Item {
                 id: end
                 anchors.right: parent.right
-                width: panel.isWide ? 2 * Theme.ageColumn : Theme.ageColumn
+                width: panel.isWide ? 2 * Theme.ageColumn : panel.hasBetas ? Theme.ageColumn : 0
+                visible: panel.hasBetas
                 height: parent.height
 
                 Badge {

@@ -12,7 +12,8 @@ Flickable {
     required property StatusContent content
     readonly property bool pale: content.state === PanelContent.Stale
     readonly property color ink: pale ? Theme.text2 : Theme.text1
-    property bool isOpened: false
+    /// Where there is room, without being asked.
+    property bool isOpened: height > Theme.recentFrom
 
     contentHeight: column.implicitHeight
     clip: true

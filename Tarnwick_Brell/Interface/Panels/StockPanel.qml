@@ -3,12 +3,14 @@ import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
 /// Price, change of the day and the chart. Where the change finds no room beside the price it
-/// stands below it, in the place of the chart's reading.
+/// stands below it, in the place of the chart's reading; where the ranges find none either, they
+/// have a line of their own below the chart.
 Item {
     id: panel
 
     required property StockContent content
     readonly property bool pale: content.state === PanelContent.Stale
+    readonly property bool isSlim: price.width + ranges.width + Theme.space2 > width
     readonly property bool isNarrow: price.width + change.width + ranges.width + Theme.space2 + Theme.space3 > width
 
     DeskText {
@@ -31,7 +33,7 @@ Item {
     Segmented {
         id: ranges
         anchors.right: parent.right
-        y: (price.height - height) / 2
+        y: panel.isSlim ? parent.height - height : (price.height - height) / 2
         small: true
         label: qsTr("Range of the chart")
         model: panel.content.ranges
@@ -43,6 +45,7 @@ Item {
         anchors.top: price.bottom
         anchors.topMargin: panel.isNarrow ? 0 : Theme.space1
         anchors.bottom: parent.bottom
+        anchors.bottomMargin: panel.isSlim ? ranges.height : 0
         width: parent.width
         content: panel.content
         pale: panel.pale

@@ -95,6 +95,7 @@ Window {
                 visible: window.desk.view === WindowModel.Stories
                 focus: visible
                 page: window.desk.wire
+                actions: window.desk.actions
                 readerPlace: window.state.reader
                 listWidth: window.state.listWidth
                 onListResized: width => window.state.listWidth = width

@@ -10,6 +10,7 @@ FocusScope {
     id: pane
 
     required property WirePage page
+    required property ActionModel actions
     readonly property ReaderModel reader: page.reader
 
     signal storyWanted(storyID: string)
@@ -42,7 +43,7 @@ FocusScope {
             enabled: pane.reader.link !== ""
             symbol: "arrow.up.right.square"
             text: qsTr("Open")
-            key: qsTr("Enter")
+            key: pane.actions.keyText(DeskAction.OpenInBrowser)
             onClicked: pane.page.openInBrowser()
         }
         Row {
@@ -55,26 +56,26 @@ FocusScope {
             IconButton {
                 symbol: pane.reader.isSaved ? "bookmark.fill" : "bookmark"
                 text: pane.reader.isSaved ? qsTr("Saved; take back") : qsTr("Save")
-                key: "s"
+                key: pane.actions.keyText(DeskAction.ToggleSaved)
                 checked: pane.reader.isSaved
                 onClicked: pane.page.toggleSaved()
             }
             IconButton {
                 symbol: pane.reader.isRead ? "circle" : "circle.inset.filled"
                 text: pane.reader.isRead ? qsTr("Mark as unread") : qsTr("Mark as read")
-                key: "m"
+                key: pane.actions.keyText(DeskAction.ToggleRead)
                 onClicked: pane.page.toggleRead()
             }
             IconButton {
                 symbol: "link"
                 text: qsTr("Copy link")
-                key: "c"
+                key: pane.actions.keyText(DeskAction.CopyLink)
                 onClicked: pane.page.copyLink()
             }
             IconButton {
                 symbol: "quote.opening"
                 text: qsTr("Copy citation")
-                key: "y"
+                key: pane.actions.keyText(DeskAction.CopyCitation)
                 onClicked: pane.page.copyCitation()
             }
         }

@@ -9,6 +9,7 @@ FocusScope {
     id: wireList
 
     required property WirePage page
+    required property ActionModel actions
     readonly property alias view: view
 
     /// Brings the chosen story into sight.
@@ -17,6 +18,12 @@ FocusScope {
             view.positionViewAtIndex(page.currentRow, ListView.Contain);
     }
 
+    Timer {
+        id: revealing
+
+        interval: Theme.nextTurn
+        onTriggered: wireList.reveal()
+    }
     Rectangle {
         anchors.fill: parent
         color: Theme.surface
@@ -70,7 +77,7 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         reuseItems: true
-        cacheBuffer: height
+        cacheBuffer: Math.max(0, height)
         boundsBehavior: Flickable.StopAtBounds
         highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
@@ -80,6 +87,7 @@ FocusScope {
         Accessible.name: wireList.page.title
 
         // Nothing may move while somebody reads; at rest at the top, news comes in by itself.
+        onHeightChanged: revealing.restart()
         readonly property bool isRead: wireList.page.hasStory || !atYBeginning
         onIsReadChanged: wireList.page.list.holdsArrivals = isRead
 
@@ -92,6 +100,10 @@ FocusScope {
                 wireList.page.currentRow = index;
             }
             onOpened: wireList.page.openInBrowser()
+            onMenuWanted: (x, y) => {
+                chosen();
+                menu.popup(this, x, y);
+            }
         }
 
         T.ScrollBar.vertical: ThinScrollBar {}
@@ -103,6 +115,10 @@ FocusScope {
         Keys.onPressed: event => {
             event.accepted = true;
             switch (event.key) {
+            case Qt.Key_Menu:
+                if (view.currentItem)
+                    menu.popup(view.currentItem, Theme.rowText, Theme.rowText);
+                break;
             case Qt.Key_Home:
                 wireList.page.currentRow = 0;
                 break;
@@ -121,26 +137,23 @@ FocusScope {
         }
     }
 
-    Rectangle {
-        anchors.fill: view
-        visible: focusShown
-        readonly property bool focusShown: view.activeFocus && wireList.page.currentRow < 0
-        color: "transparent"
-        border.width: Theme.focusRing
-        border.color: Theme.accent
-    }
-
     Connections {
         target: wireList.page
 
+        // Once the list has taken over what has changed.
         function onCurrentRowChanged() {
-            wireList.reveal();
+            revealing.restart();
         }
         function onListBegins() {
             view.positionViewAtBeginning();
         }
     }
 
+    StoryMenu {
+        id: menu
+
+        actions: wireList.actions
+    }
     WireSkeleton {
         anchors.fill: view
         visible: view.count === 0 && wireList.page.emptyMessage === ""

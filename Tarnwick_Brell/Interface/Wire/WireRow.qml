@@ -26,6 +26,7 @@ T.ItemDelegate {
 
     signal chosen
     signal opened
+    signal menuWanted(x: real, y: real)
 
     implicitHeight: text.implicitHeight + Theme.rowPaddingTop + Theme.rowPaddingBottom
     hoverEnabled: true
@@ -36,6 +37,11 @@ T.ItemDelegate {
     Accessible.name: spokenText
     Accessible.selected: isCurrent
     Accessible.onPressAction: chosen()
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => row.menuWanted(eventPoint.position.x, eventPoint.position.y)
+    }
 
     background: Rectangle {
         color: row.isCurrent ? (row.listFocused ? Theme.selected : Theme.selectedIdle)

@@ -7,6 +7,7 @@ FocusScope {
     id: wire
 
     required property WirePage page
+    required property ActionModel actions
     property int readerPlace: WindowState.Right
     property int listWidth: Theme.wireWidth
     property int listHeight: Theme.wireLeast
@@ -31,6 +32,7 @@ FocusScope {
         id: list
 
         page: wire.page
+        actions: wire.actions
         focus: true
         width: wire.besides ? Math.max(Theme.wireLeast, Math.min(wire.listWidth, wire.width - Theme.readerLeast)) : wire.width
         height: wire.below ? Math.round(wire.height * 0.5) : wire.height
@@ -50,6 +52,7 @@ FocusScope {
         id: reader
 
         page: wire.page
+        actions: wire.actions
         visible: edge.visible
         x: wire.besides ? list.width + Theme.line : 0
         y: wire.besides ? 0 : list.height + Theme.line

@@ -94,4 +94,8 @@ void ActionModel::trigger(desk::DeskAction::Value action) {
     if (row(action).isEnabled) emit triggered(action);
 }
 
+void ActionModel::triggerStoryRow(int row) {
+    if (const auto* wanted = groupRows_.front()->row(row)) trigger(wanted->action);
+}
+
 }  // namespace desk

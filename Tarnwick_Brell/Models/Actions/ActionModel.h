@@ -24,6 +24,7 @@ struct ActionRow {
     Q_PROPERTY(QString groupTitle MEMBER groupTitle)
     Q_PROPERTY(QStringList keyCaps MEMBER keyCaps)
     Q_PROPERTY(QStringList otherKeyCaps MEMBER otherKeyCaps)
+    Q_PROPERTY(QString keyText READ keyText)
     Q_PROPERTY(QString spokenKeys MEMBER spokenKeys)
     Q_PROPERTY(QStringList shortcuts MEMBER shortcuts)
     Q_PROPERTY(QStringList shortcutsInText MEMBER shortcutsInText)
@@ -31,6 +32,9 @@ struct ActionRow {
     Q_PROPERTY(bool repeats MEMBER repeats)
 
 public:
+    /// The first key in one piece, for menus and tips.
+    QString keyText() const { return keyCaps.join(u' '); }
+
     Action action{};
     QString title{};
     QString symbol{};
@@ -68,6 +72,7 @@ class ActionModel : public QObject {
     QML_UNCREATABLE("The window has one list of actions.")
     Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
     Q_PROPERTY(QAbstractListModel* groups READ groups CONSTANT)
+    Q_PROPERTY(QAbstractListModel* storyRows READ storyRows CONSTANT)
     Q_PROPERTY(bool hasStory MEMBER hasStory_ NOTIFY contextChanged)
     Q_PROPERTY(bool storyIsSaved MEMBER storyIsSaved_ NOTIFY contextChanged)
     Q_PROPERTY(bool storyIsRead MEMBER storyIsRead_ NOTIFY contextChanged)
@@ -80,15 +85,18 @@ public:
     QAbstractListModel* rows() { return &rows_; }
     /// For the sheet of keys: groups of actions, with keys of a kind in one row.
     QAbstractListModel* groups() { return &groups_; }
+    /// What can be done with the story, for its menu.
+    QAbstractListModel* storyRows() { return groupRows_.front().get(); }
     const std::vector<ActionRow>& list() const { return rows_.rows(); }
     const ActionRow& row(Action action) const;
 
     Q_INVOKABLE QString title(desk::DeskAction::Value action) const { return row(action).title; }
-    Q_INVOKABLE QStringList keyCaps(desk::DeskAction::Value action) const {
-        return row(action).keyCaps;
+    Q_INVOKABLE QString keyText(desk::DeskAction::Value action) const {
+        return row(action).keyText();
     }
     /// Does nothing when the action can't be carried out now.
     Q_INVOKABLE void trigger(desk::DeskAction::Value action);
+    Q_INVOKABLE void triggerStoryRow(int row);
 
 signals:
     void contextChanged();

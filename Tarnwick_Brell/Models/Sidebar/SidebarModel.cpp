@@ -216,7 +216,10 @@ std::vector<SidebarModel::Destination> SidebarModel::destinations() const {
     std::vector<Destination> destinations;
     for (const auto& row : rows) {
         if (const auto place = Place::fromKey(row.key)) {
-            destinations.push_back({*place, row.title, row.symbol});
+            const auto symbol = row.kind == SidebarKind::Source
+                                    ? QStringLiteral("dot.radiowaves.left.and.right")
+                                    : row.symbol;
+            destinations.push_back({*place, row.title, symbol});
         }
     }
     return destinations;
@@ -269,6 +272,15 @@ void SidebarModel::setExpanded(const QString& key, bool expanded) {
     }
     emit groupToggled(key, !expanded);
     rebuild();
+}
+
+QStringList SidebarModel::groupsClosedAtFirst() {
+    QStringList keys;
+    for (const auto& category : newsroom::enumTable<Category>) {
+        const bool isOpen = category.value == Category::press || category.value == Category::custom;
+        if (!isOpen) keys.push_back(groupKey(category.value));
+    }
+    return keys;
 }
 
 void SidebarModel::setClosedGroups(const QStringList& keys) {

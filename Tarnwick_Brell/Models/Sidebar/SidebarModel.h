@@ -103,6 +103,8 @@ public:
     void setCurrent(const QString& key);
 
     void setClosedGroups(const QStringList& keys);
+    /// What a new user finds closed, so that everything has its place on one screen.
+    static QStringList groupsClosedAtFirst();
 
     /// The place of the row before or after the current one.
     std::optional<Place> neighbour(int step) const;

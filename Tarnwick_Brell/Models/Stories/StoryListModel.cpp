@@ -123,6 +123,8 @@ void StoryListModel::beginAgain() {
         for (auto place = rows_.size(); place < numbers.size(); ++place)
             more.inserted.push_back(place);
         takeMarks();
+        // Another program may have marked or revised some in between.
+        if (!rows_.empty()) emit dataChanged(index(0), index(count() - 1));
         apply(more);
     } else {
         reset();
@@ -261,24 +263,29 @@ void StoryListModel::followMarks(const std::vector<std::int64_t>& numbers) {
     if (numbers.size() > kManyMarks) {
         takeMarks();
         if (!rows_.empty()) emit dataChanged(index(0), index(count() - 1), roles);
-        emit countChanged();
-        return;
-    }
-    WireChange coming;
-    for (const auto number : numbers) {
-        if (const auto row = rowOf(number)) {
+    } else {
+        for (const auto number : numbers) {
+            const auto row = rowOf(number);
+            if (!row) continue;
             auto& known = rows_[static_cast<std::size_t>(*row)];
             unread_ += known.isRead;
             known = rowFor(number);
             unread_ -= known.isRead;
             emit dataChanged(index(*row), index(*row), roles);
-        } else if (const auto place = desk_.stories().placeOf(number);
-                   place && !held_.contains(number)) {
-            coming.revised.push_back(*place);
         }
     }
-    // Only those that a list of marks now wants; none leaves.
-    apply(live_.follow(desk_.stories(), coming));
+    apply(live_.follow(desk_.stories(), nowWanted(numbers)));
+}
+
+/// Those that a list of marks takes in with their new mark; none leaves.
+WireChange StoryListModel::nowWanted(const std::vector<std::int64_t>& numbers) const {
+    WireChange coming;
+    if (filter_.marks == StoryFilter::Marks::any) return coming;
+    for (const auto number : numbers) {
+        if (rowOf(number) || held_.contains(number)) continue;
+        if (const auto place = desk_.stories().placeOf(number)) coming.revised.push_back(*place);
+    }
+    return coming;
 }
 
 // Rows.

@@ -98,6 +98,7 @@ private:
     void insertRows(const std::vector<std::size_t>& risingPlaces);
     void reset();
     void followMarks(const std::vector<std::int64_t>& numbers);
+    WireChange nowWanted(const std::vector<std::int64_t>& numbers) const;
     void takeMarks();
     Row rowFor(std::int64_t number) const;
     void agePasses();

@@ -22,6 +22,9 @@ WindowModel::WindowModel(const Stores& stores)
       palette_(actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),
       appearance_(stores.defaults),
       state_(stores.defaults) {
+    if (state_.place().isEmpty()) {
+        for (const auto& group : SidebarModel::groupsClosedAtFirst()) state_.setCollapsed(group, true);
+    }
     sidebar_.setClosedGroups(state_.collapsedGroups());
     connectPages();
     connectActions();

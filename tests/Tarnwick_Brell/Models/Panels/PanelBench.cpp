@@ -23,17 +23,21 @@ newsroom::Instant PanelBench::at(const std::string& clock) const {
 
 void PanelBench::tell(const std::string& outlet, const std::string& clock, const std::string& title,
                       newsroom::Sourcing sourcing) {
-    LocalStore store(desk.library(), Database::Access::readWrite);
     const auto link = "https://" + outlet + ".example/" + clock;
-    const newsroom::Story story{.id = newsroom::storyID(link),
-                                .link = link,
-                                .title = title,
-                                .publishedAt = at(clock),
-                                .sourceID = outlet,
-                                .sourceName = outlet,
-                                .sourcing = sourcing};
+    tell({.id = newsroom::storyID(link),
+          .link = link,
+          .title = title,
+          .publishedAt = at(clock),
+          .sourceID = outlet,
+          .sourceName = outlet,
+          .sourcing = sourcing});
+}
+
+void PanelBench::tell(const newsroom::Story& story) {
+    LocalStore store(desk.library(), Database::Access::readWrite);
     auto transaction = store.transaction();
-    store.merging().merge(std::vector{story}, {.seen = at(clock)}, store.state().nextStamp());
+    store.merging().merge(std::vector{story}, {.seen = story.publishedAt},
+                          store.state().nextStamp());
     transaction.commit();
 }
 

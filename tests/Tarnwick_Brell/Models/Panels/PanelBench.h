@@ -23,6 +23,7 @@ public:
     newsroom::Instant at(const std::string& clock) const;  ///< "09:12" of that day
     void tell(const std::string& outlet, const std::string& clock, const std::string& title,
               newsroom::Sourcing sourcing = newsroom::Sourcing::unlabeled);
+    void tell(const newsroom::Story& story);
     void lookedLastAt(const std::string& clock);
     /// What Apple's status page and the releases say.
     void serveTrackers(const std::string& status, const std::string& releases);

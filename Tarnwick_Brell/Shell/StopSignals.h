@@ -4,7 +4,7 @@
 
 #include <QSocketNotifier>
 
-namespace brell {
+namespace desk {
 
 /// Ctrl-C and the wish to end (SIGINT, SIGTERM, SIGHUP) as a call in the event loop, as long as
 /// the object lives. One at a time.
@@ -19,4 +19,4 @@ private:
     QSocketNotifier notifier_;
 };
 
-}  // namespace brell
+}  // namespace desk

@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/CommandLine/StopSignals.h"
+#include "Tarnwick_Brell/Shell/StopSignals.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -7,7 +7,7 @@
 #include <csignal>
 #include <utility>
 
-namespace brell {
+namespace desk {
 
 namespace {
 
@@ -49,4 +49,4 @@ StopSignals::~StopSignals() {
     close(alarmPipe[1]);
 }
 
-}  // namespace brell
+}  // namespace desk

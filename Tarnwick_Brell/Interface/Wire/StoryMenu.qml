@@ -1,0 +1,27 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+
+/// What can be done with the chosen story.
+DeskMenu {
+    id: menu
+
+    required property ActionModel actions
+
+    Repeater {
+        model: menu.actions.storyRows
+
+        DeskMenuItem {
+            required property int index
+            required property string title
+            required property string keyText
+            required property bool isEnabled
+
+            text: title
+            key: keyText
+            enabled: isEnabled
+            onTriggered: menu.actions.triggerStoryRow(index)
+        }
+    }
+}
