@@ -1,5 +1,7 @@
 #include "Tarnwick_Brell/Models/Panels/RecordsPanel.h"
 
+#include <algorithm>
+
 #include "Tarnwick_Brell/Models/Panels/SignalText.h"
 #include "Tarnwick_Brell/Signals/SigningNews.h"
 #include "Tarnwick_Brell/Text/ShownText.h"
@@ -30,16 +32,16 @@ RecordsPanel::RecordsPanel(const PanelStores& stores, const newsroom::PanelSpec&
 
 void RecordsPanel::look() {
     std::vector<SignalRow> rows;
-    for (const auto& news : signingNews(signalsStore().signingChanges()))
+    for (auto& news : signingNews(signalsStore().signingChanges())) {
+        // The last is the one that was asked for first.
+        std::ranges::reverse(news.devices);
         rows.push_back(rowOf(news, now()));
+    }
     const auto reading = signingOfAll(signalsStore());
-    const bool isFollowed = !signalsStore().devices().empty();
-    auto condition = conditionOf(reading.value || !rows.empty() || !isFollowed, reading.fetchedAt,
-                                 reading.error);
+    auto condition = conditionOf(reading.value || !rows.empty(), reading.fetchedAt, reading.error);
     if (condition.state == Ready && rows.empty()) {
         condition.state = Empty;
-        condition.message = isFollowed ? tr("No change of signing has been seen yet.")
-                                       : tr("Firmware signing is followed for no model.");
+        condition.message = tr("No change of signing has been seen yet.");
         condition.hint = tr("The desk does not read filings and court records yet.");
     }
     rows_.setRows(std::move(rows));

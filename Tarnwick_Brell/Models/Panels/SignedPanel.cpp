@@ -12,17 +12,10 @@ SignedPanel::SignedPanel(const PanelStores& stores) : PanelContent(stores, Signe
 }
 
 void SignedPanel::look() {
-    const auto devices = signalsStore().devices();
-    auto condition = conditionOf(signingOfAll(signalsStore()));
     std::vector<SignalRow> rows;
-    for (const auto& device : devices) add(device, rows);
-    if (devices.empty()) {
-        condition = {.state = Empty,
-                     .message = tr("Firmware signing is followed for no model."),
-                     .hint = tr("The setting signingDevices names them.")};
-    }
+    for (const auto& device : signalsStore().devices()) add(device, rows);
     rows_.setRows(std::move(rows));
-    become(std::move(condition));
+    become(conditionOf(signingOfAll(signalsStore())));
 }
 
 void SignedPanel::add(const std::string& device, std::vector<SignalRow>& rows) const {
