@@ -7,6 +7,10 @@ namespace {
 // What is older is no news any more: nobody has looked for so long.
 constexpr std::chrono::hours kNewsLasts{24};
 
+// What lists show; nobody scrolls back further. A build changes at many models at once.
+constexpr std::size_t kMostSigningChanges = 2'000;
+constexpr std::size_t kMostOfferChanges = 200;
+
 /// Takes what has not been told, and remembers that it has been. The first look only remembers.
 template <class Change, class History>
 std::vector<Change> untold(LocalStore& store, History& history, std::string_view key,
@@ -36,6 +40,9 @@ DeskWorker::LongJob SignalsStore::Errand::round(SignalRound round,
             case SignalRound::updates: co_await errand.updates(bench); break;
             case SignalRound::charts: co_await errand.charts(bench); break;
         }
+        errand.tell([changes = changesIn(bench.store)](SignalsStore& store) {
+            if (store.takeChanges(changes)) emit store.changed();
+        });
         errand.tellNews(bench.store);
         errand.tell([round](SignalsStore& store) { store.end(round); });
     };
@@ -88,6 +95,11 @@ SignalsStore::Errand::Work SignalsStore::Errand::charts(Bench& bench) const {
     }
 }
 
+SignalsStore::Changes SignalsStore::Errand::changesIn(LocalStore& store) {
+    return {.signing = store.signing().newest(kMostSigningChanges),
+            .offers = store.offers().newest(kMostOfferChanges)};
+}
+
 void SignalsStore::Errand::tellNews(LocalStore& store) const {
     auto signing = untold<SigningChange>(store, store.signing(), DeskState::kToldSigning, clock_());
     auto offers = untold<OfferChange>(store, store.offers(), DeskState::kToldOffers, clock_());
@@ -106,7 +118,7 @@ void SignalsStore::Errand::tellNews(LocalStore& store) const {
 DeskWorker::Job SignalsStore::Errand::stored(std::vector<std::string> devices) const {
     return [errand = *this, devices = std::move(devices)](Bench& bench) {
         LastSignals last(bench.store);
-        Held held{.updates = last.updates()};
+        Held held{.updates = last.updates(), .changes = changesIn(bench.store)};
         for (const auto& device : devices) held.signing[device] = last.signing(device);
         for (const auto& row : newsroom::enumTable<Kind>) {
             held.charts[row.value] = withDayBefore(bench.store, row.value, last.chart(row.value));

@@ -38,6 +38,7 @@ private:
     Work charts(Bench& bench) const;
 
     static HeldChart withDayBefore(LocalStore& store, Kind kind, Chart reading);
+    static Changes changesIn(LocalStore& store);
     SignalsRefresh refreshAt(Bench& bench) const;
     /// Tells what the histories have that has not been told, whoever fetched it.
     void tellNews(LocalStore& store) const;

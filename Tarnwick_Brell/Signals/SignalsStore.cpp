@@ -64,11 +64,19 @@ void SignalsStore::takeStored(Held stored) {
         auto& slot = held_.charts[kind];
         if (isNewer(slot.reading, chart.reading)) slot = std::move(chart);
     }
+    hasNew = takeChanges(std::move(stored.changes)) || hasNew;
     if (hasNew) {
         emit changed();
         emit refreshChanged();
     }
     beginSchedule();
+}
+
+// Each look at the library has all that the one before had.
+bool SignalsStore::takeChanges(Changes changes) {
+    if (changes == held_.changes) return false;
+    held_.changes = std::move(changes);
+    return true;
 }
 
 void SignalsStore::beginSchedule() {

@@ -48,6 +48,9 @@ public:
     const Chart& chart(Kind kind) const;
     /// The chart with its moves.
     std::vector<ChartPlace> chartPlaces(Kind kind) const;
+    /// What the library's histories end with, the last seen first.
+    const std::vector<SigningChange>& signingChanges() const { return held_.changes.signing; }
+    const std::vector<OfferChange>& offerChanges() const { return held_.changes.offers; }
 
     bool isRefreshing(SignalRound round) const { return rounds_.isUnderWay(round); }
     std::optional<newsroom::Instant> lastUpdated() const { return rounds_.lastUpdated(); }
@@ -81,11 +84,19 @@ private:
         std::optional<ChartDay> dayBefore{};
     };
 
+    struct Changes {
+        std::vector<SigningChange> signing{};
+        std::vector<OfferChange> offers{};
+
+        bool operator==(const Changes&) const = default;
+    };
+
     /// Everything that is shown. Devices that are no longer asked for stay until the end.
     struct Held {
         std::map<std::string, Signing> signing{};
         Updates updates{};
         std::map<Kind, HeldChart> charts{};
+        Changes changes{};
     };
 
     class Errand;  ///< the worker's half
@@ -97,6 +108,7 @@ private:
     void begin(SignalRound round);
     void end(SignalRound round);
     void takeStored(Held stored);
+    bool takeChanges(Changes changes);
     void fail(const std::string& sentence);
 
     DeskWorker& worker_;

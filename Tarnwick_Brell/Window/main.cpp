@@ -37,6 +37,7 @@ int runWindow(AppEnvironment& environment, SingleInstance& instance) {
     instance.listen();
     WindowModel model({.news = environment.newsDesk(),
                        .trackers = environment.trackers(),
+                       .signalsStore = environment.signalsStore(),
                        .newsrooms = environment.newsrooms(),
                        .defaults = environment.defaults(),
                        .clock = &currentInstant});

@@ -76,6 +76,9 @@ std::vector<View> viewsOf(NewsDesk& news) {
         {"software", [](WindowModel& model) { model.open(QStringLiteral("tracker:software")); }},
         {"markets", [](WindowModel& model) { model.open(QStringLiteral("tracker:markets")); }},
         {"events", [](WindowModel& model) { model.open(QStringLiteral("tracker:events")); }},
+        {"signing", [](WindowModel& model) { model.open(QStringLiteral("tracker:signing")); }},
+        {"updates", [](WindowModel& model) { model.open(QStringLiteral("tracker:updates")); }},
+        {"charts", [](WindowModel& model) { model.open(QStringLiteral("tracker:charts")); }},
         {"palette",
          [&news](WindowModel& model) {
              model.open(QStringLiteral("wire:all"));
@@ -127,6 +130,7 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     auto& news = environment.newsDesk();
     WindowModel model({.news = news,
                        .trackers = environment.trackers(),
+                       .signalsStore = environment.signalsStore(),
                        .newsrooms = environment.newsrooms(),
                        .defaults = environment.defaults(),
                        .clock = &currentInstant});
@@ -141,6 +145,12 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
         auto& trackers = environment.trackers();
         return trackers.quote().value && trackers.board().value && trackers.releases().value &&
                trackers.events().value && trackers.developerStatus().value;
+    });
+    waitUntil("the signals", [&] {
+        auto& signalsStore = environment.signalsStore();
+        const auto devices = signalsStore.devices();
+        return signalsStore.updates().value && signalsStore.chart(SignalsStore::Kind::topPaid).value &&
+               (devices.empty() || signalsStore.signing(devices.back()).value);
     });
     waitUntil("clusters", [&] { return !news.clusters().empty(); });
     // Some of it read and saved, as on a desk in use.

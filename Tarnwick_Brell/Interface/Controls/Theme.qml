@@ -254,6 +254,7 @@ QtObject {
     readonly property int buildColumn: scaled(64)
     readonly property int buildColumnFrom: scaled(300)
     readonly property int releaseAgeColumn: scaled(64)
+    readonly property int rankColumn: scaled(24)
 
     // The shadow of what floats; the extent is that of ShadowImages.
     readonly property int shadowExtent: 64

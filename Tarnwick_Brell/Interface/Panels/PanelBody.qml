@@ -18,6 +18,9 @@ Item {
         case PanelContent.Backend:
         case PanelContent.Records:
         case PanelContent.Releases:
+        case PanelContent.SignedBuilds:
+        case PanelContent.TopFree:
+        case PanelContent.TopPaid:
             return true;
         default:
             return false;

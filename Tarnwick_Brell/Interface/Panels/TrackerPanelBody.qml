@@ -20,8 +20,17 @@ Item {
             return "StatusPanel.qml";
         case PanelContent.Suppliers:
             return "SuppliersPanel.qml";
+        case PanelContent.Backend:
+            return "BackendPanel.qml";
+        case PanelContent.Records:
+            return "RecordsPanel.qml";
         case PanelContent.Releases:
             return "ReleasesPanel.qml";
+        case PanelContent.SignedBuilds:
+            return "SignedPanel.qml";
+        case PanelContent.TopFree:
+        case PanelContent.TopPaid:
+            return "ChartPanel.qml";
         default:
             return "";
         }

@@ -34,11 +34,20 @@ void NewsroomModel::show(const newsroom::NewsroomSpec& spec) {
         if (known == panels_.end()) {
             panels.push_back(make(panel, query));
         } else {
-            panels.push_back({panel, query, std::move(known->content)});
+            panels.push_back({panel, query, known->symbol, std::move(known->content)});
         }
     }
     spec_ = spec;
     title_ = titleText(spec.name);
+    fault_.clear();
+    replace(std::move(panels));
+}
+
+void NewsroomModel::show(const DeskPage& page) {
+    std::vector<Panel> panels;
+    for (const auto& panel : page.panels) panels.push_back(make(panel));
+    spec_ = {};
+    title_ = page.title;
     fault_.clear();
     replace(std::move(panels));
 }
@@ -70,10 +79,23 @@ void NewsroomModel::replace(std::vector<Panel> panels) {
 
 NewsroomModel::Panel NewsroomModel::make(const newsroom::PanelSpec& spec,
                                          const newsroom::StoryQuery& query) {
-    Panel panel{spec, query, makePanelContent(stores_, spec, query)};
-    connect(panel.content.get(), &PanelContent::storyWanted, this, &NewsroomModel::storyWanted);
-    connect(panel.content.get(), &PanelContent::linkWanted, this, &NewsroomModel::linkWanted);
-    return panel;
+    return {spec, query, plainText(kindRow(spec.kind).symbol),
+            heard(makePanelContent(stores_, spec, query))};
+}
+
+NewsroomModel::Panel NewsroomModel::make(const DeskPage::Panel& panel) {
+    const bool isOfNewsrooms = panel.kind <= PanelContent::kLastOfNewsrooms;
+    newsroom::PanelSpec spec{.title = panel.title.toStdString(), .frame = panel.frame};
+    if (isOfNewsrooms) spec.kind = static_cast<newsroom::PanelKind>(panel.kind);
+    auto content = isOfNewsrooms ? makePanelContent(stores_, spec, {})
+                                 : makePageContent(stores_, panel.kind);
+    return {spec, {}, panel.symbol, heard(std::move(content))};
+}
+
+std::unique_ptr<PanelContent> NewsroomModel::heard(std::unique_ptr<PanelContent> content) {
+    connect(content.get(), &PanelContent::storyWanted, this, &NewsroomModel::storyWanted);
+    connect(content.get(), &PanelContent::linkWanted, this, &NewsroomModel::linkWanted);
+    return content;
 }
 
 void NewsroomModel::tick() {
@@ -82,6 +104,12 @@ void NewsroomModel::tick() {
 }
 
 QString NewsroomModel::subtitle() const { return dayText(stores_.clock(), stores_.clock()); }
+
+int NewsroomModel::rowsUsed() const {
+    std::int64_t rows = 0;
+    for (const auto& panel : panels_) rows = std::max(rows, panel.spec.frame.bottom());
+    return static_cast<int>(rows);
+}
 
 int NewsroomModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(panels_.size());
@@ -93,7 +121,7 @@ QVariant NewsroomModel::data(const QModelIndex& index, int role) const {
     const auto& frame = panel.spec.frame;
     switch (role) {
         case PanelTitle: return titleText(panel.spec.title);
-        case Symbol: return plainText(kindRow(panel.spec.kind).symbol);
+        case Symbol: return panel.symbol;
         case Column: return static_cast<int>(frame.column);
         case Row: return static_cast<int>(frame.row);
         case Width: return static_cast<int>(frame.width);

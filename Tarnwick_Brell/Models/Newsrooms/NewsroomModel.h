@@ -9,11 +9,12 @@
 #include <qqmlregistration.h>
 
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
+#include "Tarnwick_Brell/Models/Newsrooms/DeskPage.h"
 #include "Tarnwick_Brell/Models/Panels/PanelContent.h"
 
 namespace desk {
 
-/// The newsroom that is shown: a list of its panels, with their places on the grid and what
+/// The newsroom that is shown, or a page of the desk in its place: a list of its panels, with their places on the grid and what
 /// they say.
 class NewsroomModel : public QAbstractListModel {
     Q_OBJECT
@@ -33,6 +34,7 @@ public:
 
     /// Panels that stay as they are keep their content.
     void show(const newsroom::NewsroomSpec& spec);
+    void show(const DeskPage& page);
     /// Instead of one that can't be read.
     void showFault(const QString& name, const QString& fault);
     void clear();
@@ -40,7 +42,7 @@ public:
     const QString& title() const { return title_; }
     /// The day.
     QString subtitle() const;
-    int rowsUsed() const { return static_cast<int>(spec_.rowsUsed()); }
+    int rowsUsed() const;
     bool isEmpty() const { return panels_.empty(); }
     /// Why the newsroom can't be shown.
     const QString& fault() const { return fault_; }
@@ -59,15 +61,18 @@ private:
     struct Panel {
         newsroom::PanelSpec spec;
         newsroom::StoryQuery query;
+        QString symbol;
         std::unique_ptr<PanelContent> content;
     };
 
     Panel make(const newsroom::PanelSpec& spec, const newsroom::StoryQuery& query);
+    Panel make(const DeskPage::Panel& panel);
+    std::unique_ptr<PanelContent> heard(std::unique_ptr<PanelContent> content);
     void replace(std::vector<Panel> panels);
     void tick();
 
     PanelStores stores_;
-    newsroom::NewsroomSpec spec_;
+    newsroom::NewsroomSpec spec_;  ///< that is shown; nobody's while a page is
     QString title_;
     QString fault_;
     std::vector<Panel> panels_;

@@ -7,10 +7,13 @@
 
 namespace desk {
 
-static_assert(PanelContent::Releases == static_cast<int>(newsroom::PanelKind::releases));
+static_assert(PanelContent::kLastOfNewsrooms ==
+              static_cast<int>(newsroom::PanelKind::releases));
 
 PanelContent::PanelContent(const PanelStores& stores, const newsroom::PanelSpec& panel)
-    : stores_(stores), kind_(static_cast<Kind>(panel.kind)) {}
+    : PanelContent(stores, static_cast<Kind>(panel.kind)) {}
+
+PanelContent::PanelContent(const PanelStores& stores, Kind kind) : stores_(stores), kind_(kind) {}
 
 void PanelContent::become(Condition condition) {
     state_ = condition.state;

@@ -12,6 +12,7 @@
 #include "NewsroomKit/Newsrooms/PanelSpec.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Signals/SignalsStore.h"
 #include "Tarnwick_Brell/Trackers/TrackerReading.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
@@ -23,6 +24,7 @@ class NewsGatherer;
 struct PanelStores {
     NewsDesk& news;
     TrackerStore& trackers;
+    SignalsStore& signalsStore;  ///< Qt has taken the word `signals`
     newsroom::FeedClient::Clock clock;
     /// Shared by the panels of a newsroom; without one each panel gathers for itself.
     std::shared_ptr<NewsGatherer> gatherer{};
@@ -41,7 +43,7 @@ class PanelContent : public QObject {
     Q_PROPERTY(QString hint READ hint NOTIFY changed)
 
 public:
-    /// In the order of newsroom::PanelKind.
+    /// In the order of newsroom::PanelKind; after those what only pages of the desk itself show.
     enum Kind {
         Stream,
         Brief,
@@ -59,9 +61,13 @@ public:
         Suppliers,
         Backend,
         Records,
-        Releases
+        Releases,
+        SignedBuilds,
+        TopFree,
+        TopPaid
     };
     Q_ENUM(Kind)
+    static constexpr Kind kLastOfNewsrooms = Releases;
 
     enum State {
         Loading,  ///< nothing is known yet, and something is on its way
@@ -73,6 +79,7 @@ public:
     Q_ENUM(State)
 
     PanelContent(const PanelStores& stores, const newsroom::PanelSpec& panel);
+    PanelContent(const PanelStores& stores, Kind kind);
 
     Kind kind() const { return kind_; }
     State state() const { return state_; }
@@ -119,6 +126,7 @@ protected:
     newsroom::Instant now() const { return stores_.clock(); }
     NewsDesk& news() const { return stores_.news; }
     TrackerStore& trackers() const { return stores_.trackers; }
+    SignalsStore& signalsStore() const { return stores_.signalsStore; }
 
 private:
     PanelStores stores_;

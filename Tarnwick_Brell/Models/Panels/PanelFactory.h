@@ -21,4 +21,7 @@ std::unique_ptr<PanelContent> makeStoryPanel(const PanelStores& stores,
 std::unique_ptr<PanelContent> makeTrackerPanel(const PanelStores& stores,
                                                const newsroom::PanelSpec& panel);
 
+/// What only pages of the desk itself show. Never null.
+std::unique_ptr<PanelContent> makePageContent(const PanelStores& stores, PanelContent::Kind kind);
+
 }  // namespace desk

@@ -9,26 +9,40 @@ namespace desk {
 namespace {
 
 using newsroom::PanelKind;
-using newsroom::PanelSpec;
+using Kinds = std::vector<PanelContent::Kind>;
 
-constexpr std::int64_t kColumns = 12;
 constexpr std::int64_t kPageRows = 6;
 
+QString translated(const char* text) { return QCoreApplication::translate("TrackerPlaces", text); }
+
+DeskPage::Panel panelOf(PanelContent::Kind kind) {
+    switch (kind) {
+        case PanelContent::SignedBuilds:
+            return {kind, translated(QT_TRANSLATE_NOOP("TrackerPlaces", "Signed now")),
+                    QStringLiteral("shield")};
+        case PanelContent::TopFree:
+            return {kind, translated(QT_TRANSLATE_NOOP("TrackerPlaces", "Top free")),
+                    QStringLiteral("list.number")};
+        case PanelContent::TopPaid:
+            return {kind, translated(QT_TRANSLATE_NOOP("TrackerPlaces", "Top paid")),
+                    QStringLiteral("list.number")};
+        default: break;
+    }
+    const auto& row = kindRow(static_cast<PanelKind>(kind));
+    return {kind, plainText(row.label), plainText(row.symbol)};
+}
+
 /// Side by side over the whole page; the first one takes what is left over.
-newsroom::NewsroomSpec pageOf(std::string_view name, std::string_view symbol,
-                              const std::vector<PanelKind>& kinds) {
-    newsroom::NewsroomSpec page{.id = newsroom::UUID::random(),
-                                .name = std::string(name),
-                                .symbol = std::string(symbol)};
+DeskPage pageOf(const QString& title, const Kinds& kinds) {
+    DeskPage page{.title = title};
     const auto count = static_cast<std::int64_t>(kinds.size());
+    const auto share = newsroom::kGridColumns / count;
     std::int64_t column = 0;
     for (const auto kind : kinds) {
-        const auto width = column == 0 ? kColumns - (count - 1) * (kColumns / count)
-                                       : kColumns / count;
-        page.panels.push_back({.id = newsroom::UUID::random(),
-                               .kind = kind,
-                               .title = std::string(kindRow(kind).label),
-                               .frame = {.column = column, .row = 0, .width = width, .height = kPageRows}});
+        const auto width = column == 0 ? newsroom::kGridColumns - (count - 1) * share : share;
+        page.panels.push_back(panelOf(kind));
+        page.panels.back().frame = {
+            .column = column, .row = 0, .width = width, .height = kPageRows};
         column += width;
     }
     return page;
@@ -37,28 +51,43 @@ newsroom::NewsroomSpec pageOf(std::string_view name, std::string_view symbol,
 }  // namespace
 
 const std::vector<TrackerPlace>& trackerPlaces() {
+    using enum PanelContent::Kind;
     static const std::vector<TrackerPlace> places{
-        {"status", QT_TRANSLATE_NOOP("TrackerPlaces", "Service status"), "waveform.path.ecg",
-         {PanelKind::status}},
-        {"software", QT_TRANSLATE_NOOP("TrackerPlaces", "Software"), "iphone.gen3",
-         {PanelKind::software, PanelKind::releases}},
-        {"events", QT_TRANSLATE_NOOP("TrackerPlaces", "Events"), "calendar", {PanelKind::countdown}},
-        {"markets", QT_TRANSLATE_NOOP("TrackerPlaces", "Markets"), "chart.line.uptrend.xyaxis",
-         {PanelKind::stock, PanelKind::suppliers}},
+        {"status",
+         QT_TRANSLATE_NOOP("TrackerPlaces", "Service status"),
+         "waveform.path.ecg",
+         {Status}},
+        {"software",
+         QT_TRANSLATE_NOOP("TrackerPlaces", "Software"),
+         "iphone.gen3",
+         {Software, Releases}},
+        {"events", QT_TRANSLATE_NOOP("TrackerPlaces", "Events"), "calendar", {Countdown}},
+        {"markets",
+         QT_TRANSLATE_NOOP("TrackerPlaces", "Markets"),
+         "chart.line.uptrend.xyaxis",
+         {Stock, Suppliers}},
+        {"signing",
+         QT_TRANSLATE_NOOP("TrackerPlaces", "Firmware signing"),
+         "shield",
+         {SignedBuilds, Records}},
+        {"updates",
+         QT_TRANSLATE_NOOP("TrackerPlaces", "Update catalogue"),
+         "server.rack",
+         {Backend}},
+        {"charts",
+         QT_TRANSLATE_NOOP("TrackerPlaces", "App Store charts"),
+         "list.number",
+         {TopFree, TopPaid}},
     };
     return places;
 }
 
-QString titleOf(const TrackerPlace& place) {
-    return QCoreApplication::translate("TrackerPlaces", place.title);
-}
+QString titleOf(const TrackerPlace& place) { return translated(place.title); }
 
-newsroom::NewsroomSpec pageOf(const TrackerPlace& place) {
-    return pageOf(place.title, place.symbol, place.panels);
-}
+DeskPage pageOf(const TrackerPlace& place) { return pageOf(titleOf(place), place.panels); }
 
-newsroom::NewsroomSpec pageOf(PanelKind kind) {
-    return pageOf(kindRow(kind).label, kindRow(kind).symbol, {kind});
+DeskPage pageOf(PanelKind kind) {
+    return pageOf(plainText(kindRow(kind).label), {static_cast<PanelContent::Kind>(kind)});
 }
 
 }  // namespace desk

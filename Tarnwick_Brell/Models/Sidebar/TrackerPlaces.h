@@ -5,16 +5,17 @@
 
 #include <QString>
 
-#include "NewsroomKit/Newsrooms/NewsroomSpec.h"
+#include "NewsroomKit/Newsrooms/PanelKind.h"
+#include "Tarnwick_Brell/Models/Newsrooms/DeskPage.h"
 
 namespace desk {
 
-/// A tracker of the sidebar: its page is a newsroom that nobody has to make.
+/// A tracker of the sidebar: it has a page of its own.
 struct TrackerPlace {
     std::string_view id;
     const char* title;
     std::string_view symbol;
-    std::vector<newsroom::PanelKind> panels;
+    std::vector<PanelContent::Kind> panels;
 };
 
 /// In the order of the sidebar.
@@ -23,7 +24,7 @@ const std::vector<TrackerPlace>& trackerPlaces();
 QString titleOf(const TrackerPlace& place);
 
 /// The page, or the page of one panel kind alone.
-newsroom::NewsroomSpec pageOf(const TrackerPlace& place);
-newsroom::NewsroomSpec pageOf(newsroom::PanelKind kind);
+DeskPage pageOf(const TrackerPlace& place);
+DeskPage pageOf(newsroom::PanelKind kind);
 
 }  // namespace desk

@@ -42,6 +42,7 @@ public:
     struct Stores {
         NewsDesk& news;
         TrackerStore& trackers;
+        SignalsStore& signalsStore;
         NewsroomStore& newsrooms;
         Defaults& defaults;
         newsroom::FeedClient::Clock clock;

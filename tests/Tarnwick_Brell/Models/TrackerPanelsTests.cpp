@@ -92,7 +92,8 @@ protected:
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     NewsDesk news_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
     TrackerStore trackers_{news_.worker(), defaults_, bench_.clock()};
-    PanelStores stores_{news_, trackers_, bench_.clock()};
+    SignalsStore signals_{news_.worker(), defaults_, bench_.clock()};
+    PanelStores stores_{news_, trackers_, signals_, bench_.clock()};
 };
 
 std::string joined(const std::vector<CountdownRow>& rows) {

@@ -87,9 +87,7 @@ protected:
             contents_.push_back(bench_.panel(kind));
         }
         contents_.push_back(bench_.panel(PanelKind::stream, {.anyTerms = {"nonesuch"}}));
-        contents_.push_back(makePanelContent(
-            {.news = *bench_.news, .trackers = *bench_.trackers, .clock = bench_.desk.clock()},
-            {.kind = PanelKind::topStories}, {}));
+        contents_.push_back(makePanelContent(bench_.stores(), {.kind = PanelKind::topStories}, {}));
     }
 
     void show(bool dark) {

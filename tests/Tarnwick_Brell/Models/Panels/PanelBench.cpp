@@ -58,15 +58,22 @@ void PanelBench::serveTrackers(const std::string& status, const std::string& rel
 void PanelBench::open() {
     news = std::make_unique<NewsDesk>(desk.library(), desk.network(), defaults, desk.clock());
     trackers = std::make_unique<TrackerStore>(news->worker(), defaults, desk.clock());
+    signalsStore = std::make_unique<SignalsStore>(news->worker(), defaults, desk.clock());
     news->start();
     trackers->start();
     until([&] { return news->isLoaded() && trackers->isLoaded(); });
 }
 
+PanelStores PanelBench::stores() {
+    return {.news = *news,
+            .trackers = *trackers,
+            .signalsStore = *signalsStore,
+            .clock = desk.clock()};
+}
+
 std::unique_ptr<PanelContent> PanelBench::panel(newsroom::PanelKind kind,
                                                 const newsroom::StoryQuery& query) {
-    auto made = makePanelContent({.news = *news, .trackers = *trackers, .clock = desk.clock()},
-                                 {.kind = kind}, query);
+    auto made = makePanelContent(stores(), {.kind = kind}, query);
     until([&] { return made->state() != PanelContent::Loading; });
     return made;
 }

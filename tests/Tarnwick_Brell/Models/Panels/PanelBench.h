@@ -30,6 +30,7 @@ public:
 
     /// Opens the stores and reads the library.
     void open();
+    PanelStores stores();
     std::unique_ptr<PanelContent> panel(newsroom::PanelKind kind,
                                         const newsroom::StoryQuery& query = {});
 
@@ -37,6 +38,7 @@ public:
     Defaults defaults{desk.folder.path() / "settings.ini"};
     std::unique_ptr<NewsDesk> news;
     std::unique_ptr<TrackerStore> trackers;
+    std::unique_ptr<SignalsStore> signalsStore;
 };
 
 /// The rows' texts under that name.

@@ -1,0 +1,71 @@
+#include "Tarnwick_Brell/Models/Panels/SignalText.h"
+
+#include <chrono>
+
+#include <QCoreApplication>
+#include <QDate>
+#include <QLocale>
+#include <QStringList>
+
+#include "Tarnwick_Brell/Text/ShownText.h"
+
+namespace desk {
+
+namespace {
+
+constexpr int kLongestBuild = 20;
+constexpr int kLongestName = 40;
+constexpr std::size_t kMostNamed = 3;
+
+QString tr(const char* text) { return QCoreApplication::translate("SignalText", text); }
+
+}  // namespace
+
+QString buildText(const std::string& version, const std::string& build) {
+    return QStringLiteral("%1 (%2)").arg(titleText(version, kLongestBuild),
+                                         titleText(build, kLongestBuild));
+}
+
+QString appleDayText(newsroom::Instant day, newsroom::Instant now) {
+    // Midnight of New York or of Greenwich: in both cases still that day in Greenwich.
+    const auto date = [](newsroom::Instant instant) {
+        const auto passed = std::chrono::floor<std::chrono::days>(instant.time_since_epoch());
+        return QDate(1970, 1, 1).addDays(passed.count());
+    };
+    const auto isThisYear = date(day).year() == date(now).year();
+    return QLocale().toString(date(day),
+                              isThisYear ? QStringLiteral("d MMM") : QStringLiteral("d MMM yyyy"));
+}
+
+QString devicesText(const std::vector<std::string>& names) {
+    const bool areAllNamed = names.size() <= kMostNamed;
+    const auto count = areAllNamed ? names.size() : kMostNamed - 1;
+    QStringList named;
+    for (std::size_t i = 0; i < count; ++i) named << titleText(names[i], kLongestName);
+    const auto separator = tr(", ");
+    if (!areAllNamed) {
+        return tr("%1 and %2 others").arg(named.join(separator)).arg(names.size() - count);
+    }
+    if (named.size() < 2) return named.join(separator);
+    const auto last = named.takeLast();
+    return tr("%1 and %2").arg(named.join(separator), last);
+}
+
+TrackerReading<std::size_t> signingOfAll(const SignalsStore& store) {
+    TrackerReading<std::size_t> all;
+    std::size_t known = 0;
+    bool hasFailed = true;
+    for (const auto& device : store.devices()) {
+        const auto& reading = store.signing(device);
+        hasFailed = hasFailed && reading.error;
+        if (!all.error) all.error = reading.error;
+        if (!reading.value) continue;
+        ++known;
+        if (!all.fetchedAt || reading.fetchedAt < all.fetchedAt) all.fetchedAt = reading.fetchedAt;
+    }
+    if (!hasFailed) all.error.reset();
+    if (known > 0) all.value = known;
+    return all;
+}
+
+}  // namespace desk
