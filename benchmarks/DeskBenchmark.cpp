@@ -12,28 +12,24 @@
 
 #include <QCoreApplication>
 #include <QTimer>
-#include <fmt/chrono.h>
 #include <fmt/format.h>
 
 #include "PressRoom/Server/ScriptedHandler.h"
 #include "PressRoom/Server/Server.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Storage/Paths.h"
+#include "benchmarks/InventedOutlets.h"
 
 namespace {
 
 using namespace std::chrono_literals;
 using Steady = std::chrono::steady_clock;
 
-constexpr int kSources = 50;
-constexpr int kStoriesPerSource = 40;
+constexpr std::size_t kSources = 50;
+constexpr std::size_t kStoriesPerSource = 40;
 
 double milliseconds(Steady::duration time) {
     return std::chrono::duration<double, std::milli>(time).count();
-}
-
-newsroom::Instant now() {
-    return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
 }
 
 long residentMegabytes() {
@@ -72,45 +68,14 @@ void waitFor(const std::function<bool()>& holds) {
     while (!holds()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-std::string host(int source) { return fmt::format("h{}.example", source); }
-
-std::string feed(int source, int first) {
-    std::string text = "<rss><channel><title>H</title>";
-    for (int i = 0; i < kStoriesPerSource; ++i) {
-        text += fmt::format(
-            "<item><title>Item {0} of outlet {1} in round {2}</title>"
-            "<link>https://{3}/{2}/{0}</link><description>Words about item {0} of outlet {1}, as "
-            "an outlet would write them, with a second clause for length.</description>"
-            "<pubDate>{4:%a, %d %b %Y %H:%M:%S} GMT</pubDate></item>",
-            i, source, first, host(source),
-            std::chrono::floor<std::chrono::seconds>(now()) - std::chrono::minutes(i * 3 + source));
-    }
-    return text + "</channel></rss>";
-}
-
-void prepareSources(const std::filesystem::path& library) {
-    desk::LocalStore store(library, desk::Database::Access::readWrite);
-    desk::SourceRoster roster(store.sources());
-    auto transaction = store.transaction();
-    for (const auto& source : roster.sources()) store.sources().setEnabled(source.id, false);
-    for (int i = 0; i < kSources; ++i) {
-        newsroom::NewsSource source{.id = host(i), .name = host(i)};
-        source.feedURL = source.siteURL = "https://" + host(i) + "/feed";
-        source.enabledByDefault = true;
-        if (!roster.find(source.id)) store.sources().add(source);
-        store.sources().setEnabled(source.id, true);
-        // It has been fetched before: what comes is news, not a first fetch.
-        store.sources().setStatus(source.id, {.lastSuccess = now()});
-    }
-    transaction.commit();
-}
-
 int run(const std::filesystem::path& folder) {
     const auto paths = desk::Paths::forUser(folder);
-    prepareSources(paths.library);
+    outlets::makeOnlySources(paths.library, kSources);
     pressroom::ScriptedHandler script;
-    for (int i = 0; i < kSources; ++i) {
-        script.on(host(i), "/feed", {{.body = feed(i, 1)}, {.body = feed(i, 2)}});
+    for (std::size_t i = 0; i < kSources; ++i) {
+        script.on(outlets::host(i), "/feed",
+                  {{.body = outlets::feed(i, 1, kStoriesPerSource)},
+                   {.body = outlets::feed(i, 2, kStoriesPerSource)}});
     }
     pressroom::Server server(script.handler());
     const auto authority = folder / "benchmark-authority.pem";
@@ -124,7 +89,7 @@ int run(const std::filesystem::path& folder) {
     desk::NewsDesk newsDesk(
         paths.library,
         {.connectTo = "127.0.0.1:" + std::to_string(server.port()), .caFile = authority}, defaults,
-        &now);
+        &outlets::now);
     QObject::connect(&newsDesk, &desk::NewsDesk::failed,
                      [](const QString& text) { fmt::print("failed: {}\n", text.toStdString()); });
     Watchdog watchdog;

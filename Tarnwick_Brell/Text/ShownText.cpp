@@ -27,11 +27,13 @@ QString cut(const QString& text, int longest) {
     // A letter may carry thousands of marks, so that characters alone don't bound the size.
     const qsizetype mostUnits = qsizetype{8} * longest;
     if (text.size() <= longest) return text;
-    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+    // It looks at all that it is given at once, be that a book.
+    const auto head = text.left(mostUnits);
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, head);
     qsizetype keep = 0;
     int count = 0;
     for (auto next = characters.toNextBoundary(); next >= 0; next = characters.toNextBoundary()) {
-        if (++count < longest && next <= mostUnits) keep = next;
+        if (++count < longest) keep = next;
     }
     const bool fits = count <= longest && text.size() <= mostUnits;
     return fits ? text : text.left(keep).trimmed() + u'…';

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+
+#include "NewsroomKit/Records/Instant.h"
+
+namespace outlets {
+
+newsroom::Instant now();
+
+std::string host(std::size_t outlet);
+
+/// An RSS feed of the last hours; other stories in each round.
+std::string feed(std::size_t outlet, std::size_t round, std::size_t stories);
+
+/// Makes these outlets the only sources that are on, as if fetched before: what comes is news,
+/// not a first fetch.
+void makeOnlySources(const std::filesystem::path& library, std::size_t count);
+
+}  // namespace outlets
