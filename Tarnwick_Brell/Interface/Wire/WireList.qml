@@ -70,7 +70,7 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         reuseItems: true
-        cacheBuffer: height
+        cacheBuffer: Math.max(0, height)
         boundsBehavior: Flickable.StopAtBounds
         highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
