@@ -24,6 +24,7 @@
 #include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
+#include "Tarnwick_Brell/Window/WindowStores.h"
 #include "benchmarks/InventedOutlets.h"
 #include "benchmarks/WindowProbe.h"
 
@@ -252,11 +253,7 @@ Steady::time_point runWindow(int& count, char** words, const std::filesystem::pa
                                 .network = network,
                                 .clock = &currentInstant,
                                 .what = "the window's benchmark"});
-    WindowModel model({.news = environment.newsDesk(),
-                       .trackers = environment.trackers(),
-                       .newsrooms = environment.newsrooms(),
-                       .defaults = environment.defaults(),
-                       .clock = &currentInstant});
+    WindowModel model(windowStores(environment, &currentInstant));
     model.open(QStringLiteral("wire:all"));
     DeskWindow window(model);
     Bench bench(application, environment.newsDesk(), model, window.window());

@@ -30,9 +30,11 @@ endif()
 
 find_program(CCACHE ccache)
 if(CCACHE)
-  # The two sloppiness values let ccache serve files that use precompiled headers.
+  # The two sloppiness values let ccache serve files that use precompiled headers, the other two
+  # let checkouts in different folders share what they have compiled.
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
-      CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+      CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
+      ${CCACHE})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     add_compile_options(-fpch-preprocess)
   endif()

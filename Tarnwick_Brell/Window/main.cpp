@@ -18,6 +18,7 @@
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
 #include "Tarnwick_Brell/Window/Translations.h"
+#include "Tarnwick_Brell/Window/WindowStores.h"
 
 namespace {
 
@@ -35,12 +36,7 @@ void openInBrowser(const QString& link) { QDesktopServices::openUrl(QUrl(link));
 
 int runWindow(AppEnvironment& environment, SingleInstance& instance) {
     instance.listen();
-    WindowModel model({.news = environment.newsDesk(),
-                       .trackers = environment.trackers(),
-                       .signalsStore = environment.signalsStore(),
-                       .newsrooms = environment.newsrooms(),
-                       .defaults = environment.defaults(),
-                       .clock = &currentInstant});
+    WindowModel model(windowStores(environment, &currentInstant));
     model.open(model.state()->place());
     DeskWindow window(model);
     QObject::connect(&model, &WindowModel::linkWanted, &openInBrowser);

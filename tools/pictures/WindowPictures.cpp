@@ -21,6 +21,7 @@
 #include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/Translations.h"
+#include "Tarnwick_Brell/Window/WindowStores.h"
 
 namespace {
 
@@ -128,12 +129,7 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
                                 .clock = &currentInstant,
                                 .what = "the window's pictures"});
     auto& news = environment.newsDesk();
-    WindowModel model({.news = news,
-                       .trackers = environment.trackers(),
-                       .signalsStore = environment.signalsStore(),
-                       .newsrooms = environment.newsrooms(),
-                       .defaults = environment.defaults(),
-                       .clock = &currentInstant});
+    WindowModel model(windowStores(environment, &currentInstant));
     model.open(QString());
     DeskWindow window(model);
     window.show();

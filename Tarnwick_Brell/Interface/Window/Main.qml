@@ -22,6 +22,13 @@ Window {
     title: qsTr("Tarnwick Brell")
     color: Theme.canvas
 
+    function focusPage() {
+        if (wire.visible)
+            wire.focusList();
+        else
+            panels.forceActiveFocus();
+    }
+
     Binding {
         target: Theme
         property: "dark"
@@ -102,6 +109,8 @@ Window {
                 onLinkWanted: link => window.desk.linkWanted(link)
             }
             NewsroomView {
+                id: panels
+
                 y: wire.y
                 width: parent.width
                 height: parent.height - y
@@ -121,6 +130,12 @@ Window {
         id: palette
 
         palette: window.desk.palette
+        // What had the focus before may have gone with its page, and keys would reach nothing.
+        onClosed: {
+            const now = window.activeFocusItem;
+            if (!now || !now.visible || now === window.contentItem)
+                window.focusPage();
+        }
     }
     KeysSheet {
         id: keys

@@ -78,12 +78,18 @@ void ReaderModel::readStory() {
 }
 
 /// A story that is gone from the wire stays in the reader until another one is chosen.
-void ReaderModel::follow(const WireChange&) {
+void ReaderModel::follow(const WireChange& change) {
     if (!stored_) return;
     const auto place = desk_.stories().placeOf(stored_->number);
     if (!place) return;
+    const auto& revised = change.revised;
+    if (!change.isReset && !std::binary_search(revised.begin(), revised.end(), *place)) return;
     auto known = desk_.stories()[*place].unpacked();
-    if (known.story == stored_->story) return;
+    if (known.story == stored_->story) {
+        // Another program may have marked it; a merge brings that with the story.
+        emit marksChanged();
+        return;
+    }
     stored_ = std::move(known);
     readStory();
 }

@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+
+#include "NewsroomKit/Newsrooms/NewsroomMaking.h"
+#include "Tarnwick_Brell/Models/Sidebar/SidebarModel.h"
+#include "tests/Tarnwick_Brell/Models/Stories/StoryBench.h"
+#include "tests/support/EventLoop.h"
+
+namespace desk {
+namespace {
+
+using namespace test;
+using newsroom::StoryKind;
+using Kind = Place::Kind;
+using ::test::until;
+
+TEST(Place, IsKnownByItsKeyAgain) {
+    const std::vector<std::pair<Place, QString>> cases{
+        {{Kind::newsroom, "8B3D"}, "newsroom:8B3D"},
+        {{Kind::all, {}}, "wire:all"},
+        {{Kind::unread, {}}, "wire:unread"},
+        {{Kind::saved, {}}, "wire:saved"},
+        {{Kind::topStories, {}}, "wire:top"},
+        {{Kind::beat, "a:b"}, "beat:a:b"},
+        {{Kind::source, "six-colors"}, "source:six-colors"},
+        {{Kind::tracker, "status"}, "tracker:status"}};
+    for (const auto& [place, key] : cases) {
+        EXPECT_EQ(place.key(), key);
+        EXPECT_EQ(Place::fromKey(key), place) << key.toStdString();
+    }
+    for (const auto* key : {"", "wire", "wire:", "wire:none", ":all", "beat:", "shop:1"}) {
+        EXPECT_EQ(Place::fromKey(key), std::nullopt) << key;
+    }
+}
+
+/// A sidebar with a source, "tide", of which three stories and a deal are there.
+class SidebarModelTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { StoryBench::beGuiApplication(); }
+
+    SidebarModelTest() {
+        LocalStore store(bench_.desk.library(), Database::Access::readWrite);
+        auto transaction = store.transaction();
+        store.sources().add(DeskBench::source("tide"));
+        transaction.commit();
+    }
+
+    void SetUp() override {
+        for (int i = 1; i <= 3; ++i) {
+            bench_.tell(bench_.story("tide", i * 60, "Story " + std::to_string(i)));
+        }
+        auto deal = bench_.story("tide", 300, "Deal");
+        deal.kind = StoryKind::deal;
+        bench_.tell(deal);
+        bench_.open();
+        sidebar_ = std::make_unique<SidebarModel>(*bench_.news, *bench_.newsrooms, *bench_.trackers);
+    }
+
+    QString cell(const QString& key, const char* role) {
+        const auto row = column(*sidebar_->rows(), "key").indexOf(key);
+        return row < 0 ? "none" : column(*sidebar_->rows(), role).at(row);
+    }
+    /// "All, unread, saved, the source, its group", as counts; an empty one is "-".
+    std::string counts() {
+        QStringList texts;
+        for (const auto* key :
+             {"wire:all", "wire:unread", "wire:saved", "source:tide", "category:custom"}) {
+            const auto count = cell(key, "count");
+            texts << (count.isEmpty() ? "-" : count);
+        }
+        return texts.join(' ').toStdString();
+    }
+    bool countsBecome(const std::string& expected) {
+        return until([&] { return counts() == expected; });
+    }
+
+    StoryBench bench_;
+    std::unique_ptr<SidebarModel> sidebar_;
+};
+
+TEST_F(SidebarModelTest, CountsFollowArrivalsAndMarks) {
+    EXPECT_TRUE(countsBecome("3 3 - 3 3")) << counts() << ": a deal is set aside";
+    bench_.come({bench_.story("tide", 500, "Fresh"), bench_.story("post", 510, "Fresh")});
+    EXPECT_TRUE(countsBecome("5 5 - 4 4")) << counts();
+    bench_.news->setRead({bench_.idOf("Story 1")}, true);
+    bench_.news->setSaved({bench_.idOf("Story 2")}, true);
+    EXPECT_TRUE(countsBecome("5 4 1 3 3")) << counts();
+    EXPECT_EQ(cell("source:tide", "spokenText"), "tide, never fetched, 3 unread");
+
+    bench_.newsrooms->put(newsroom::madeBeat("Three", "bolt", {.anyTerms = {"Story 3"}}, false));
+    const auto beat = "beat:" + QString::fromStdString(bench_.newsrooms->beats().entries()[0].id);
+    EXPECT_TRUE(until([&] { return cell(beat, "count") == "1"; }));
+    bench_.come({bench_.story("post", 520, "Again Story 3")});
+    EXPECT_TRUE(until([&] { return cell(beat, "count") == "2"; }));
+    bench_.news->setRead({bench_.idOf("Story 3")}, true);
+    EXPECT_TRUE(until([&] { return cell(beat, "count") == "1"; }));
+}
+
+TEST_F(SidebarModelTest, GroupsCloseAndPlacesAreStillThereForOthers) {
+    QStringList told;
+    QObject::connect(sidebar_.get(), &SidebarModel::groupToggled,
+                     [&](const QString& key, bool closed) { told << key + (closed ? "-" : "+"); });
+    QObject::connect(sidebar_.get(), &SidebarModel::placeWanted,
+                     [&](const QString& key) { told << key; });
+    sidebar_->activate("source:tide");
+    sidebar_->activate("category:custom");
+    EXPECT_EQ(cell("source:tide", "title"), "none");
+    EXPECT_EQ(cell("category:custom", "isExpanded"), "false");
+    sidebar_->setExpanded("category:custom", false);
+    const auto places = sidebar_->destinations();
+    EXPECT_TRUE(std::any_of(places.begin(), places.end(),
+                            [](const auto& each) { return each.place.key() == "source:tide"; }));
+    sidebar_->activate("category:custom");
+    EXPECT_EQ(cell("source:tide", "title"), "tide");
+    EXPECT_EQ(told.join(' '), "source:tide category:custom- category:custom+");
+}
+
+TEST_F(SidebarModelTest, ItemsAreCountedAndHaveNeighboursWithoutTheLabelsBetween) {
+    EXPECT_EQ(sidebar_->item(1)->kind, Kind::newsroom);
+    EXPECT_EQ(sidebar_->item(2), (Place{Kind::all, {}}));
+    EXPECT_EQ(sidebar_->item(99), std::nullopt);
+    sidebar_->setCurrent("wire:all");
+    EXPECT_EQ(cell("wire:all", "isCurrent"), "true");
+    EXPECT_EQ(sidebar_->neighbour(1), (Place{Kind::unread, {}}));
+    EXPECT_EQ(sidebar_->neighbour(-1)->kind, Kind::newsroom);
+    sidebar_->setCurrent("wire:top");
+    EXPECT_EQ(sidebar_->neighbour(1), (Place{Kind::source, "tide"}));
+    sidebar_->setCurrent(sidebar_->item(1)->key());
+    EXPECT_EQ(sidebar_->neighbour(-1), std::nullopt);
+}
+
+}  // namespace
+}  // namespace desk

@@ -1,0 +1,209 @@
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QTest>
+
+#include "Tarnwick_Brell/Models/Panels/StockPanel.h"
+#include "Tarnwick_Brell/Window/DeskWindow.h"
+#include "tests/Tarnwick_Brell/Models/Stories/StoryBench.h"
+#include "tests/Tarnwick_Brell/Trackers/TrackerBench.h"
+#include "tests/support/EventLoop.h"
+
+namespace desk {
+namespace {
+
+using namespace test;
+using ::test::until;
+
+/// The real window over a desk with twelve stories, driven by keys and clicks.
+class MainJobTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { StoryBench::beGuiApplication(); }
+
+    void SetUp() override {
+        for (int i = 1; i <= 12; ++i) {
+            bench_.tell(
+                bench_.story(i % 2 == 0 ? "tide" : "post", i * 30,
+                             (i % 4 == 0 ? "Orchard news " : "Harbour news ") + std::to_string(i)));
+        }
+        for (const char* range : {"1m", "1w"}) {
+            const auto price = range[1] == 'm' ? 211.0 : 212.0;
+            bench_.desk.http.script.on(
+                "desk.example",
+                std::string("/wp-json/tb-wire/v1/quote?range=") + range + "&symbol=AAPL",
+                {quoteAnswer("AAPL", range, price)});
+        }
+        bench_.open();
+        model_ = std::make_unique<WindowModel>(WindowModel::Stores{.news = *bench_.news,
+                                                                   .trackers = *bench_.trackers,
+                                                                   .newsrooms = *bench_.newsrooms,
+                                                                   .defaults = bench_.defaults,
+                                                                   .clock = bench_.desk.clock()});
+        QObject::connect(model_.get(), &WindowModel::linkWanted,
+                         [this](const QString& link) { opened_ << link; });
+        model_->open(model_->state()->place());
+        window_ = std::make_unique<DeskWindow>(*model_);
+        QObject::connect(qmlEngine(&window()), &QQmlEngine::warnings, [](const auto& warnings) {
+            for (const auto& warning : warnings) ADD_FAILURE() << warning.toString().toStdString();
+        });
+        window_->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    }
+
+    QQuickWindow& window() { return window_->window(); }
+    WirePage& wire() { return *model_->wire(); }
+    StoryListModel& list() { return *wire().list(); }
+
+    void press(int key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(&window(), static_cast<Qt::Key>(key), modifiers);
+    }
+    void type(const char* text) {
+        for (const char* letter = text; *letter; ++letter) QTest::keyClick(&window(), *letter);
+    }
+    void goToWire() {
+        type("gw");
+        ASSERT_EQ(model_->placeKey().toStdString(), "wire:all");
+        ASSERT_TRUE(until([&] { return list().isComplete() && list().count() == 12; }));
+    }
+    /// It or a row of it.
+    bool listHasFocus() {
+        auto* item = window().activeFocusItem();
+        while (item && !item->inherits("QQuickListView")) item = item->parentItem();
+        return item != nullptr && nameOf(item) == wire().title();
+    }
+    std::string currentID() { return wire().reader()->storyID().toStdString(); }
+
+    // The window as a screen reader knows it.
+
+    static QString nameOf(QQuickItem* item) {
+        auto* face = QAccessible::queryAccessibleInterface(item);
+        return face ? face->text(QAccessible::Name) : QString();
+    }
+    static QQuickItem* below(QQuickItem* item, const QString& name) {
+        if (!item->isVisible()) return nullptr;
+        if (nameOf(item) == name) return item;
+        for (auto* child : item->childItems()) {
+            if (auto* found = below(child, name)) return found;
+        }
+        return nullptr;
+    }
+    QQuickItem* named(const QString& name) { return below(window().contentItem(), name); }
+
+    /// Once it is there.
+    void click(const QString& name) {
+        ASSERT_TRUE(until([&] { return named(name) != nullptr; })) << name.toStdString();
+        auto* item = named(name);
+        const auto middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+        QTest::mouseClick(&window(), Qt::LeftButton, {}, middle.toPoint());
+    }
+
+    StoryBench bench_;
+    std::unique_ptr<WindowModel> model_;
+    std::unique_ptr<DeskWindow> window_;
+    QStringList opened_;
+};
+
+TEST_F(MainJobTest, NewsIsReadKeptFoundAndOpenedWithTheKeyboard) {
+    EXPECT_EQ(model_->view(), WindowModel::Newsroom);
+    EXPECT_NE(named("Today"), nullptr) << "what a desk opens with";
+
+    goToWire();
+    type("jj");
+    EXPECT_EQ(wire().currentRow(), 1);
+    EXPECT_EQ(wire().reader()->title(), "Harbour news 11");
+    const auto id = currentID();
+    EXPECT_NE(named("Unread, Harbour news 11, post, 6 h"), nullptr);
+
+    type("s");
+    EXPECT_TRUE(bench_.news->isSaved(id));
+    EXPECT_NE(named("Unread, Saved, Harbour news 11, post, 6 h"), nullptr);
+    EXPECT_NE(named("Saved."), nullptr) << "and a notice with which it can be undone";
+    type("m");
+    EXPECT_TRUE(bench_.news->isRead(id));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_FALSE(bench_.news->isRead(id));
+    EXPECT_TRUE(bench_.news->isSaved(id)) << "only the last mark is taken back";
+
+    type("/");
+    EXPECT_FALSE(listHasFocus());
+    type("orchard");
+    EXPECT_TRUE(until([&] { return list().count() == 3; }));
+    EXPECT_FALSE(bench_.news->isRead(id)) << "letters are text there";
+    press(Qt::Key_Down);
+    EXPECT_TRUE(listHasFocus());
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(opened_, QStringList("https://tide.example/360"));
+    EXPECT_TRUE(bench_.news->isRead(currentID())) << "what has been opened has been read";
+
+    type("/");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(wire().searchText(), "");
+    EXPECT_TRUE(until([&] { return list().count() == 12; }));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(listHasFocus());
+}
+
+TEST_F(MainJobTest, ThePaletteAndTheKeysStandOverThePageAndGiveTheFocusBack) {
+    press(Qt::Key_K, Qt::ControlModifier);
+    ASSERT_TRUE(until([&] { return named("Commands, places and stories") != nullptr; }));
+    type("unread");
+    press(Qt::Key_Return);
+    EXPECT_EQ(model_->placeKey().toStdString(), "wire:unread");
+    ASSERT_TRUE(until([&] { return named("Commands, places and stories") == nullptr; }));
+    ASSERT_TRUE(until([&] { return list().count() == 12; }));
+    EXPECT_TRUE(until([&] { return listHasFocus(); })) << "the page that has been opened";
+    press(Qt::Key_Down);
+    EXPECT_EQ(wire().currentRow(), 0);
+
+    type("?");
+    ASSERT_TRUE(until([&] { return named("Keys") != nullptr; }));
+    type("j");
+    EXPECT_EQ(wire().currentRow(), 0) << "the page below has no keys meanwhile";
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(until([&] { return named("Keys") == nullptr; }));
+    press(Qt::Key_Down);
+    EXPECT_EQ(wire().currentRow(), 1);
+}
+
+TEST_F(MainJobTest, NewsIsReadKeptAndFilteredWithThePointer) {
+    goToWire();
+    click("Unread, Harbour news 10, tide, 7 h");
+    EXPECT_EQ(wire().currentRow(), 2);
+    EXPECT_EQ(wire().reader()->title(), "Harbour news 10");
+    EXPECT_TRUE(listHasFocus());
+    click("Save");
+    EXPECT_TRUE(bench_.news->isSaved(currentID()));
+    click("Undo");
+    EXPECT_FALSE(bench_.news->isSaved(currentID()));
+
+    click("Kind");
+    click("Podcast");
+    EXPECT_TRUE(wire().kinds()->isActive());
+    EXPECT_TRUE(until([&] { return named("No story here fits the filters.") != nullptr; }));
+    click("Show all");
+    EXPECT_TRUE(until([&] { return list().count() == 12; }));
+
+    click("Saved");
+    EXPECT_EQ(model_->placeKey(), "wire:saved");
+    EXPECT_TRUE(until([&] { return named("Nothing is saved yet.") != nullptr; }));
+}
+
+TEST_F(MainJobTest, TheRangeOfTheShareOnTodayIsChosenWithAClick) {
+    StockPanel* stock = nullptr;
+    const auto& today = *model_->newsroom();
+    for (int row = 0; row < today.rowCount(); ++row) {
+        const auto content = today.index(row).data(today.roleNames().key("content"));
+        if (auto* found = qobject_cast<StockPanel*>(content.value<PanelContent*>())) stock = found;
+    }
+    ASSERT_NE(stock, nullptr);
+    EXPECT_TRUE(until([&] { return stock->price().contains("211"); }));
+    click("1W");
+    EXPECT_EQ(stock->range(), 1);
+    EXPECT_TRUE(until([&] { return stock->price().contains("212"); })) << "fetched at once";
+}
+
+}  // namespace
+}  // namespace desk
