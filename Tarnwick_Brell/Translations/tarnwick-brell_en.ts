@@ -12,12 +12,49 @@
     </message>
 </context>
 <context>
+    <name>SignalText</name>
+    <message numerus="yes">
+        <source>%1 and %n others</source>
+        <translation>
+            <numerusform>%1 and %n other</numerusform>
+            <numerusform>%1 and %n others</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::BackendPanel</name>
+    <message numerus="yes">
+        <source>For %n models</source>
+        <translation>
+            <numerusform>For %n model</numerusform>
+            <numerusform>For %n models</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>desk::BriefPanel</name>
     <message numerus="yes">
         <source>Apple posted %n times, last: %1</source>
         <translation>
             <numerusform>Apple posted once, last: %1</numerusform>
             <numerusform>Apple posted %n times, last: %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>desk::ChartPanel</name>
+    <message numerus="yes">
+        <source>up %n places</source>
+        <translation>
+            <numerusform>up %n place</numerusform>
+            <numerusform>up %n places</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>down %n places</source>
+        <translation>
+            <numerusform>down %n place</numerusform>
+            <numerusform>down %n places</numerusform>
         </translation>
     </message>
 </context>

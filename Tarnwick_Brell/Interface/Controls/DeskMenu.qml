@@ -27,14 +27,7 @@ T.Menu {
 
         T.ScrollBar.vertical: ThinScrollBar {}
     }
-    background: Rectangle {
-        radius: Theme.radiusPanel
-        color: Theme.raised
-        border.width: Theme.line
-        border.color: Theme.hairline
-
-        Shadow { z: -1 }
-    }
+    background: MenuGround {}
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.fade; easing.type: Easing.OutQuad }
     }

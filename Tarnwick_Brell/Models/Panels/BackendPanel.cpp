@@ -18,11 +18,6 @@ QString titleOf(const newsroom::UpdateOffer& offer) {
     return buildText(offer.platform + " " + offer.version, offer.build);
 }
 
-QString modelsText(std::int64_t count) {
-    return count == 1 ? BackendPanel::tr("For one model")
-                      : BackendPanel::tr("For %n models", nullptr, static_cast<int>(count));
-}
-
 }  // namespace
 
 BackendPanel::BackendPanel(const PanelStores& stores, const newsroom::PanelSpec& panel)
@@ -69,7 +64,7 @@ void BackendPanel::addOffers(std::vector<SignalRow>& rows) const {
     for (const auto& offer : *offers) {
         if (!platforms.insert(offer.platform).second) continue;
         SignalRow row{.title = titleOf(offer),
-                      .detail = modelsText(offer.deviceCount),
+                      .detail = tr("For %n models", nullptr, static_cast<int>(offer.deviceCount)),
                       .when = appleDayText(offer.posted, now())};
         if (offer.expires) {
             row.detail = tr("%1, until %2").arg(row.detail, appleDayText(*offer.expires, now()));

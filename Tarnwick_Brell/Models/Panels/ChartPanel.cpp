@@ -18,8 +18,6 @@ QString moveText(const ChartPlace& place) {
     if (!rise) return place.isNew ? ChartPanel::tr("new") : QString();
     if (*rise == 0) return ChartPanel::tr("unchanged");
     const auto places = static_cast<int>(std::abs(*rise));
-    if (places == 1)
-        return *rise > 0 ? ChartPanel::tr("up one place") : ChartPanel::tr("down one place");
     return *rise > 0 ? ChartPanel::tr("up %n places", nullptr, places)
                      : ChartPanel::tr("down %n places", nullptr, places);
 }

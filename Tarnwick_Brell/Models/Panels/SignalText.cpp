@@ -17,7 +17,9 @@ constexpr int kLongestBuild = 20;
 constexpr int kLongestName = 40;
 constexpr std::size_t kMostNamed = 3;
 
-QString tr(const char* text) { return QCoreApplication::translate("SignalText", text); }
+struct SignalText {
+    Q_DECLARE_TR_FUNCTIONS(SignalText)
+};
 
 }  // namespace
 
@@ -42,13 +44,14 @@ QString devicesText(const std::vector<std::string>& names) {
     const auto count = areAllNamed ? names.size() : kMostNamed - 1;
     QStringList named;
     for (std::size_t i = 0; i < count; ++i) named << titleText(names[i], kLongestName);
-    const auto separator = tr(", ");
+    const auto separator = SignalText::tr(", ");
     if (!areAllNamed) {
-        return tr("%1 and %2 others").arg(named.join(separator)).arg(names.size() - count);
+        return SignalText::tr("%1 and %n others", nullptr, static_cast<int>(names.size() - count))
+            .arg(named.join(separator));
     }
     if (named.size() < 2) return named.join(separator);
     const auto last = named.takeLast();
-    return tr("%1 and %2").arg(named.join(separator), last);
+    return SignalText::tr("%1 and %2").arg(named.join(separator), last);
 }
 
 TrackerReading<std::size_t> signingOfAll(const SignalsStore& store) {

@@ -57,8 +57,10 @@ class PaletteViewTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         static int count = 0;
-        static QGuiApplication application(count, nullptr);
+        application_ = std::make_unique<QGuiApplication>(count, nullptr);
     }
+    /// Qt does not take its end among the program's statics well.
+    static void TearDownTestSuite() { application_.reset(); }
 
     void SetUp() override {
         for (void (*volatile types)() : {&qml_register_types_TarnwickBrell_Models,
@@ -89,6 +91,7 @@ protected:
     double number(const char* property) const { return window_->property(property).toDouble(); }
     bool is(const char* property) const { return window_->property(property).toBool(); }
 
+    static inline std::unique_ptr<QGuiApplication> application_;
     test::DeskBench bench_{{"a.example"}};
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     NewsDesk desk_{bench_.library(), bench_.network(), defaults_, bench_.clock()};

@@ -166,7 +166,7 @@ TEST_F(SignalPanelsTest, TheCatalogueShowsItsChangesAndTheNewestOfferOfEachPlatf
                {"ProductVersion":"27","Build":"B27","PostingDate":"2026-11-18",
                 "ExpirationDate":"2027-02-01","SupportedDevices":["iPhone17,1","iPhone18,3"]}],
         "macOS":[{"ProductVersion":"26","Build":"M26","PostingDate":"2025-10-01",
-                  "SupportedDevices":["J1"]}]}})"});
+                  "SupportedDevices":["J1","J2","J3"]}]}})"});
     refresh();
     bench_.pass(3h);
     backend->tick();
@@ -176,7 +176,7 @@ TEST_F(SignalPanelsTest, TheCatalogueShowsItsChangesAndTheNewestOfferOfEachPlatf
               "iOS 27 (B27)|Now offered|3 h\n"
               "# Newest offers\n"
               "iOS 27 (B27)|For 2 models, until 1 Feb 2027|18 Nov\n"
-              "macOS 26 (M26)|For one model|1 Oct 2025\n");
+              "macOS 26 (M26)|For 3 models|1 Oct 2025\n");
 }
 
 TEST_F(SignalPanelsTest, ThePageOfTheChartsShowsHowAppsMovedSinceTheDayBefore) {
