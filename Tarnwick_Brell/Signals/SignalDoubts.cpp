@@ -20,6 +20,11 @@ bool areOne(const UpdateOffer& one, const UpdateOffer& other) {
            one.platform == other.platform;
 }
 
+bool isSigned(const SigningStatus& status, const SignedBuild& build) {
+    return std::ranges::any_of(
+        status.builds, [&](const auto& other) { return other.isSigned && areOne(build, other); });
+}
+
 }  // namespace
 
 std::optional<SigningStatus> mended(const SigningStatus& before, const SigningStatus& latest) {
@@ -32,7 +37,8 @@ std::optional<SigningStatus> mended(const SigningStatus& before, const SigningSt
         if (now == whole.builds.end()) {
             now = whole.builds.insert(place, build);
             isMended = true;
-        } else if (build.isSigned && !now->isSigned) {
+        } else if (build.isSigned && !isSigned(latest, build)) {
+            // Some builds are listed twice: one listing that says so is enough.
             now->isSigned = true;
             isMended = true;
         }

@@ -50,7 +50,9 @@ std::vector<SigningNews> signingNews(const std::vector<SigningChange>& changes) 
         if (same == news.end()) {
             news.push_back({system, change.build, change.isSigned, change.seenAt, {device}});
         } else {
-            same->devices.push_back(device);
+            // Models can share their name, and a build can come and go within the hour.
+            const bool isNamed = std::ranges::find(same->devices, device) != same->devices.end();
+            if (!isNamed) same->devices.push_back(device);
             same->seenAt = std::min(same->seenAt, change.seenAt);
         }
     }

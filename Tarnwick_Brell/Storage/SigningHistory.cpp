@@ -44,9 +44,10 @@ void SigningHistory::note(std::string_view device, const std::optional<SigningSt
                           const SigningStatus& status, Instant now) {
     if (!before) return;
     const auto were = signedBuilds(*before), are = signedBuilds(status);
-    const auto log = [&](const SigningStatus& list, const std::set<Key>& others, bool isSigned) {
+    // Each once, even where a list has a build twice.
+    const auto log = [&](const SigningStatus& list, std::set<Key> known, bool isSigned) {
         for (const auto& build : list.builds) {
-            if (!build.isSigned || others.contains(keyOf(build))) continue;
+            if (!build.isSigned || !known.insert(keyOf(build)).second) continue;
             add({.device = std::string(device),
                  .deviceName = status.name,
                  .version = build.version,

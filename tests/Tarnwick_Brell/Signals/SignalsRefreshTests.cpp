@@ -124,6 +124,19 @@ TEST_F(SignalsRefreshTest,
     EXPECT_TRUE(store_.signing().newest(1, "iPhone17,1").empty());
 }
 
+TEST_F(SignalsRefreshTest, ABuildThatIsListedTwiceIsSignedWhereAListingSaysSoAndIsToldOnce) {
+    play(
+        {{"3 3+ 2+ 2+", "3 3+ 2+ 2+"},
+         {"3 3+ 2+ 2+", "3 3+ 2+ 2+"},
+         {"3 3+ 2 2", "3 3+ 2+ 2"},
+         {"3 3+ 2 2", "3 3+ 2 2", "-2"}},
+        [&](const std::string& list) {
+            serve("api.ipsw.me", "/v4/device/iPhone17,3?type=ipsw", {.body = signingBody(list)});
+        },
+        [&] { return refresh_.signing("iPhone17,3"); },
+        [&] { return last_.signing("iPhone17,3"); });
+}
+
 TEST_F(SignalsRefreshTest, AnOfferIsGoneOnceASecondAnswerLacksItAndAnEmptyCatalogueIsNone) {
     play(
         {{"2 1", "2 1"},

@@ -15,6 +15,7 @@ TEST(SigningNews, ABuildIsToldOnceForAllDevicesThatChangedTogether) {
         changes.push_back({device, name, "27.1", "24B83", isSigned, seenAt});
     };
     for (const auto* name : {"A", "B", "C", "D"}) add("iPhone17,3", name, false, now);
+    add("iPhone17,4", "D", false, now);  // two models of one name
     add("iPad16,1", "Pad", false, now + 2min);
     add("Mac16,1", "Book", true, now);
     add("iPhone17,3", "", false, now - 3h);
