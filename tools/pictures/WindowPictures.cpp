@@ -67,6 +67,14 @@ std::vector<View> viewsOf(NewsDesk& news) {
              model.open(QStringLiteral("wire:all"));
              chooseStory(model, news);
          }},
+        {"trace",
+         [&news](WindowModel& model) {
+             model.open(QStringLiteral("wire:all"));
+             chooseStory(model, news);
+             model.actions()->trigger(DeskAction::TraceStory);
+             const auto* trace = model.wire()->reader()->trace();
+             waitUntil("the trace", [&] { return trace->state() != TraceModel::Running; });
+         }},
         {"wire-list", [](WindowModel& model) { model.open(QStringLiteral("wire:unread")); }},
         {"search", [](WindowModel& model) { model.searchFor(QStringLiteral("iphone")); }},
         {"empty", [](WindowModel& model) { model.open(QStringLiteral("wire:saved")); }},
