@@ -261,13 +261,19 @@ FocusScope {
         }
     }
 
+    Timer {
+        id: reveal
+
+        interval: Theme.nextTurn
+        onTriggered: pane.revealTrace()
+    }
     Connections {
         target: pane.reader.trace
 
         function onStateChanged() {
             const asked = pane.reader.trace.state === TraceModel.Running;
             if (asked || body.contentY === pane.revealedAt)
-                Qt.callLater(pane.revealTrace);
+                reveal.start();
         }
     }
     Connections {

@@ -30,7 +30,9 @@ QString publisherText(const TraceNode& node) {
     auto text = titleText(node.publisher.value_or(""), kOutletCharacters);
     if (text.isEmpty()) text = TraceModel::tr("An unknown outlet");
     const auto platform = titleText(node.platform.value_or(""), 30);
-    return platform.isEmpty() ? text : TraceModel::tr("%1 on %2").arg(text, platform);
+    // Many a name says it already: "Harbour on Gull".
+    const bool isSaid = text.contains(platform, Qt::CaseInsensitive);
+    return isSaid ? text : TraceModel::tr("%1 on %2").arg(text, platform);
 }
 
 QString whenText(const TraceNode& node, newsroom::Instant now) {
