@@ -68,9 +68,10 @@ TEST_F(Trace, ShowsWhoHadTheStoryFromWhomAndWhatCanBeOpened) {
                         R"("title":"Planned","precision":"day","relation":"linked",)"
                         R"("published_at":"2026-11-19T00:00:00Z")") +
                 "," +
-                node(3, R"("url":"https://lantern.example/600","publisher":"Lantern","title":"Opens",)"
-                        R"("precision":"unknown","published_at":"2026-11-19T00:00:00Z",)"
-                        R"("relation":"named","note":"as the Harbour wrote")") +
+                node(3,
+                     R"("url":"https://lantern.example/600","publisher":"Lantern","title":"Opens",)"
+                     R"("precision":"unknown","published_at":"2026-11-19T00:00:00Z",)"
+                     R"("relation":"named","note":"as the Harbour wrote")") +
                 "," + node(4, R"("url":"https://mole.example/a","precision":"unknown")"))}});
     choose("Orchard opens");
     qputenv("TZ", "America/Los_Angeles");
