@@ -17,13 +17,20 @@ struct TimeText {
     Q_DECLARE_TR_FUNCTIONS(TimeText)
 };
 
-QDateTime local(Instant instant) {
+QDateTime inZone(Instant instant, Qt::TimeSpec zone) {
     const auto milliseconds = floor<std::chrono::milliseconds>(instant.time_since_epoch());
-    return QDateTime::fromMSecsSinceEpoch(milliseconds.count());
+    return QDateTime::fromMSecsSinceEpoch(milliseconds.count(), zone);
 }
+
+QDateTime local(Instant instant) { return inZone(instant, Qt::LocalTime); }
 
 bool isSameYear(const QDateTime& one, const QDateTime& other) {
     return one.date().year() == other.date().year();
+}
+
+QString shortDay(const QDateTime& date, Instant now) {
+    return QLocale().toString(date, isSameYear(date, local(now)) ? QStringLiteral("d MMM")
+                                                                 : QStringLiteral("d MMM yyyy"));
 }
 
 }  // namespace
@@ -78,11 +85,9 @@ QString clockText(Instant then) {
     return locale.toString(local(then).time(), format);
 }
 
-QString shortDayText(Instant then, Instant now) {
-    const auto date = local(then);
-    return QLocale().toString(date, isSameYear(date, local(now)) ? QStringLiteral("d MMM")
-                                                                 : QStringLiteral("d MMM yyyy"));
-}
+QString shortDayText(Instant then, Instant now) { return shortDay(local(then), now); }
+
+QString namedDayText(Instant day, Instant now) { return shortDay(inZone(day, Qt::UTC), now); }
 
 QString dayText(Instant then, Instant now) {
     return QLocale().toString(local(then), QStringLiteral("ddd ")) + shortDayText(then, now);

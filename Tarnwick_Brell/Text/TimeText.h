@@ -32,6 +32,10 @@ QString dayText(newsroom::Instant then, newsroom::Instant now);
 /// "16 May", with the year when it is another one.
 QString shortDayText(newsroom::Instant then, newsroom::Instant now);
 
+/// "16 May" for a day without a time, which is written as its beginning in UTC: the same day in
+/// every zone. With the year when it is another one.
+QString namedDayText(newsroom::Instant day, newsroom::Instant now);
+
 /// Whole days of the calendar from `now` to `then`: 0 today, 1 tomorrow, -1 yesterday.
 int daysBetween(newsroom::Instant now, newsroom::Instant then);
 

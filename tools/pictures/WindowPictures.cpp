@@ -1,4 +1,5 @@
 // Draws every view of the window, in light and dark and in several sizes, into PNG files.
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <functional>
@@ -60,6 +61,18 @@ void chooseStory(WindowModel& model, NewsDesk& news) {
     model.wire()->step(1);
 }
 
+/// A story that credits another one has a trace.
+void chooseCredited(WindowModel& model, NewsDesk& news) {
+    for (std::size_t place = 0; place < news.stories().size(); ++place) {
+        const auto story = news.stories()[place].unpacked().story;
+        const bool links = std::any_of(story.credits.begin(), story.credits.end(),
+                                       [](const auto& credit) { return credit.url.has_value(); });
+        if (!links) continue;
+        model.openStory(QString::fromStdString(story.id));
+        return;
+    }
+}
+
 std::vector<View> viewsOf(NewsDesk& news) {
     return {
         {"today", [](WindowModel& model) { model.open(QStringLiteral("")); }},
@@ -67,6 +80,14 @@ std::vector<View> viewsOf(NewsDesk& news) {
          [&news](WindowModel& model) {
              model.open(QStringLiteral("wire:all"));
              chooseStory(model, news);
+         }},
+        {"trace",
+         [&news](WindowModel& model) {
+             model.open(QStringLiteral("wire:all"));
+             chooseCredited(model, news);
+             model.actions()->trigger(DeskAction::TraceStory);
+             const auto* trace = model.wire()->reader()->trace();
+             waitUntil("the trace", [&] { return trace->state() != TraceModel::Running; });
          }},
         {"wire-list", [](WindowModel& model) { model.open(QStringLiteral("wire:unread")); }},
         {"search", [](WindowModel& model) { model.searchFor(QStringLiteral("iphone")); }},

@@ -25,6 +25,19 @@ FocusScope {
         return true;
     }
 
+    /// Scrolls down to the trace, as far as its beginning stays in sight. What comes for it is
+    /// followed too, unless somebody has scrolled since.
+    function revealTrace() {
+        if (!trace.visible)
+            return;
+        const top = content.y + trace.y;
+        const end = top + trace.height + Theme.readerPadding;
+        body.contentY = Math.max(body.contentY, Math.min(top, end - body.height));
+        revealedAt = body.contentY;
+    }
+
+    property real revealedAt: -1
+
     Rectangle {
         anchors.fill: parent
         color: Theme.surface
@@ -77,6 +90,13 @@ FocusScope {
                 text: qsTr("Copy citation")
                 key: pane.actions.keyText(DeskAction.CopyCitation)
                 onClicked: pane.page.copyCitation()
+            }
+            IconButton {
+                symbol: "arrow.triangle.branch"
+                text: qsTr("Trace where the story started")
+                key: pane.actions.keyText(DeskAction.TraceStory)
+                enabled: pane.reader.link !== ""
+                onClicked: pane.page.traceStory()
             }
         }
         Hairline {
@@ -230,14 +250,38 @@ FocusScope {
                 reader: pane.reader
                 onStoryWanted: storyID => pane.storyWanted(storyID)
             }
+            ReaderTrace {
+                id: trace
+
+                width: parent.width
+                trace: pane.reader.trace
+                onStoryWanted: storyID => pane.storyWanted(storyID)
+                onLinkWanted: link => pane.linkWanted(link)
+            }
         }
     }
 
+    Timer {
+        id: reveal
+
+        interval: Theme.nextTurn
+        onTriggered: pane.revealTrace()
+    }
+    Connections {
+        target: pane.reader.trace
+
+        function onStateChanged() {
+            const asked = pane.reader.trace.state === TraceModel.Running;
+            if (asked || body.contentY === pane.revealedAt)
+                reveal.start();
+        }
+    }
     Connections {
         target: pane.reader
 
         function onStoryChanged() {
             body.contentY = 0;
+            pane.revealedAt = -1;
         }
     }
 

@@ -56,6 +56,13 @@ constexpr ActionEntry kActions[]{
      "quote.opening",
      {{{"Y"}}},
      ActionNeed::story},
+    {DeskAction::TraceStory,
+     thisStory,
+     WORDS("Trace where the story started"),
+     nullptr,
+     "arrow.triangle.branch",
+     {{{"T"}}},
+     ActionNeed::story},
 
     {DeskAction::NextStory,
      goTo,

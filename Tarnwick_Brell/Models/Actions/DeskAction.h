@@ -16,6 +16,7 @@ enum Value {
     OpenInBrowser,
     CopyLink,
     CopyCitation,
+    TraceStory,
     // Go to
     NextStory,
     PreviousStory,

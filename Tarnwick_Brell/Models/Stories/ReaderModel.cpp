@@ -43,8 +43,13 @@ QString openable(const QString& link) {
     return isWeb && !url.host().isEmpty() ? link : QString();
 }
 
-ReaderModel::ReaderModel(NewsDesk& desk, newsroom::FeedClient::Clock clock, QObject* parent)
-    : QObject(parent), desk_(desk), clock_(std::move(clock)), mailbox_(std::make_shared<Mailbox>()) {
+ReaderModel::ReaderModel(NewsDesk& desk, const Defaults& defaults,
+                         newsroom::FeedClient::Clock clock, QObject* parent)
+    : QObject(parent),
+      desk_(desk),
+      clock_(std::move(clock)),
+      trace_(desk, defaults, clock_),
+      mailbox_(std::make_shared<Mailbox>()) {
     connect(&desk, &NewsDesk::wireChanged, this, &ReaderModel::follow);
     connect(&desk, &NewsDesk::marksChanged, this, &ReaderModel::marksChanged);
     connect(&desk, &NewsDesk::clustersChanged, this, &ReaderModel::readTimeline);
@@ -62,6 +67,7 @@ std::optional<std::int64_t> ReaderModel::number() const {
 void ReaderModel::show(std::optional<std::int64_t> number) {
     if (number == this->number()) return;
     const auto place = number ? desk_.stories().placeOf(*number) : std::nullopt;
+    trace_.clear();
     stored_.reset();
     if (place) stored_ = desk_.stories()[*place].unpacked();
     readStory();

@@ -14,6 +14,7 @@
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Rows/RowsModel.h"
 #include "Tarnwick_Brell/Models/Stories/StoryLabels.h"
+#include "Tarnwick_Brell/Models/Stories/TraceModel.h"
 
 namespace desk {
 
@@ -94,9 +95,11 @@ class ReaderModel : public QObject {
     Q_PROPERTY(QAbstractListModel* timeline READ timeline CONSTANT)
     Q_PROPERTY(QString timelineTitle READ timelineTitle NOTIFY timelineChanged)
     Q_PROPERTY(QString timelineFact READ timelineFact NOTIFY timelineChanged)
+    Q_PROPERTY(desk::TraceModel* trace READ trace CONSTANT)
 
 public:
-    ReaderModel(NewsDesk& desk, newsroom::FeedClient::Clock clock, QObject* parent = nullptr);
+    ReaderModel(NewsDesk& desk, const Defaults& defaults, newsroom::FeedClient::Clock clock,
+                QObject* parent = nullptr);
     ~ReaderModel() override;
 
     /// Nothing empties the reader.
@@ -125,6 +128,8 @@ public:
     QAbstractListModel* timeline() { return &timeline_; }
     const QString& timelineTitle() const { return timelineTitle_; }
     const QString& timelineFact() const { return timelineFact_; }
+    /// Of the story in the reader; another story begins without one.
+    TraceModel* trace() { return &trace_; }
 
     /// “Headline”, Outlet, 16 May 2026, https://…
     QString citation() const;
@@ -151,6 +156,7 @@ private:
     RowsModel<TimelineRow> timeline_;
     QString timelineTitle_;
     QString timelineFact_;
+    TraceModel trace_;
     std::shared_ptr<Mailbox> mailbox_;
 };
 

@@ -48,13 +48,13 @@ QString sourcingName(Sourcing sourcing) {
 
 }  // namespace
 
-WirePage::WirePage(NewsDesk& desk, NewsroomStore& newsrooms, newsroom::FeedClient::Clock clock,
-                   QObject* parent)
+WirePage::WirePage(NewsDesk& desk, NewsroomStore& newsrooms, const Defaults& defaults,
+                   newsroom::FeedClient::Clock clock, QObject* parent)
     : QObject(parent),
       desk_(desk),
       newsrooms_(newsrooms),
       list_(desk, clock),
-      reader_(desk, clock),
+      reader_(desk, defaults, clock),
       kinds_(tr("Kind")),
       sourcings_(tr("Sourcing")),
       sources_(tr("Source")) {
@@ -310,6 +310,16 @@ void WirePage::copyCitation() {
     if (!reader_.hasStory()) return;
     QGuiApplication::clipboard()->setText(reader_.citation());
     emit noticed(tr("Citation copied."));
+}
+
+void WirePage::traceStory() {
+    if (!reader_.hasStory()) return;
+    const auto link = reader_.link();
+    if (link.isEmpty()) {
+        emit noticed(tr("This story has no address to look for."));
+        return;
+    }
+    reader_.trace()->ask(link);
 }
 
 void WirePage::showArrivals() {

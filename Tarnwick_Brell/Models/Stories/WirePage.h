@@ -43,8 +43,8 @@ class WirePage : public QObject {
     Q_PROPERTY(bool canClear READ canClear NOTIFY countsChanged)
 
 public:
-    WirePage(NewsDesk& desk, NewsroomStore& newsrooms, newsroom::FeedClient::Clock clock,
-             QObject* parent = nullptr);
+    WirePage(NewsDesk& desk, NewsroomStore& newsrooms, const Defaults& defaults,
+             newsroom::FeedClient::Clock clock, QObject* parent = nullptr);
 
     /// The place must be a list of stories. Ends the search; the filters stay.
     void open(const Place& place);
@@ -84,6 +84,7 @@ public:
     Q_INVOKABLE void markAllRead();
     Q_INVOKABLE void copyLink();
     Q_INVOKABLE void copyCitation();
+    Q_INVOKABLE void traceStory();
     Q_INVOKABLE void showArrivals();
     /// Takes the last mark back. False when there is nothing to take back.
     Q_INVOKABLE bool undo();

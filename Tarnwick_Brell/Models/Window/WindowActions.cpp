@@ -37,6 +37,12 @@ void WindowModel::goTo(const std::optional<Place>& place) {
     if (place) open(*place);
 }
 
+/// The trace stands in the reader, so whoever asks for it wants that too.
+void WindowModel::traceStory() {
+    if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
+    wire_.traceStory();
+}
+
 void WindowModel::carryOut(Action action) {
     switch (action) {
         case DeskAction::ToggleSaved: wire_.toggleSaved(); break;
@@ -44,6 +50,7 @@ void WindowModel::carryOut(Action action) {
         case DeskAction::OpenInBrowser: wire_.openInBrowser(); break;
         case DeskAction::CopyLink: wire_.copyLink(); break;
         case DeskAction::CopyCitation: wire_.copyCitation(); break;
+        case DeskAction::TraceStory: traceStory(); break;
         case DeskAction::NextStory: wire_.step(1); break;
         case DeskAction::PreviousStory: wire_.step(-1); break;
         case DeskAction::NextUnread: wire_.stepUnread(1); break;

@@ -13,7 +13,7 @@ using Kind = Place::Kind;
 WindowModel::WindowModel(const Stores& stores)
     : stores_(stores),
       sidebar_(stores.news, stores.newsrooms, stores.trackers),
-      wire_(stores.news, stores.newsrooms, stores.clock),
+      wire_(stores.news, stores.newsrooms, stores.defaults, stores.clock),
       newsroom_({.news = stores.news,
                  .trackers = stores.trackers,
                  .signalsStore = stores.signalsStore,

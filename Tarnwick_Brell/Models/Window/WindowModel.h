@@ -85,6 +85,7 @@ private:
     void lookAtStory();
     void carryOut(Action action);
     void goTo(const std::optional<Place>& place);
+    void traceStory();
     std::vector<PalettePlace> palettePlaces() const;
     bool exists(const Place& place) const;
     Place home() const;
