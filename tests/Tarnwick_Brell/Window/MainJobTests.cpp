@@ -38,6 +38,7 @@ protected:
         bench_.open();
         model_ = std::make_unique<WindowModel>(WindowModel::Stores{.news = *bench_.news,
                                                                    .trackers = *bench_.trackers,
+                                                                   .signalsStore = *bench_.signalsStore,
                                                                    .newsrooms = *bench_.newsrooms,
                                                                    .defaults = bench_.defaults,
                                                                    .clock = bench_.desk.clock()});

@@ -20,7 +20,7 @@ protected:
 
     void open() {
         bench_.open();
-        reader_ = std::make_unique<ReaderModel>(*bench_.news, bench_.desk.clock());
+        reader_ = std::make_unique<ReaderModel>(*bench_.news, bench_.defaults, bench_.desk.clock());
     }
     void show(const newsroom::Story& story) {
         reader_->show(bench_.news->stories().find(story.id)->number());

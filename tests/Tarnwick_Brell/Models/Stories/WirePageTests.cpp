@@ -26,7 +26,8 @@ protected:
                                      (i == 3 ? "Harbour " : "Orchard ") + std::to_string(i)));
         }
         bench_.open();
-        page_ = std::make_unique<WirePage>(*bench_.news, *bench_.newsrooms, bench_.desk.clock());
+        page_ = std::make_unique<WirePage>(*bench_.news, *bench_.newsrooms, bench_.defaults,
+                                          bench_.desk.clock());
         QObject::connect(page_.get(), &WirePage::linkWanted,
                          [this](const QString& link) { opened_ << link; });
         QObject::connect(page_.get(), &WirePage::noticed,
