@@ -74,11 +74,15 @@ FocusScope {
 
         /// However one got there, the place's row is in sight.
         readonly property int placeRow: sidebar.places.currentRow
-        onPlaceRowChanged: if (placeRow >= 0)
-            positionViewAtIndex(placeRow, ListView.Contain)
+        onPlaceRowChanged: showPlace()
+        onHeightChanged: showPlace()
         onActiveFocusChanged: if (activeFocus && currentIndex < 0)
             currentIndex = Math.max(0, sidebar.places.currentRow)
 
+        function showPlace() {
+            if (placeRow >= 0)
+                positionViewAtIndex(placeRow, ListView.Contain);
+        }
         function stepBy(by: int) {
             let next = currentIndex + by;
             while (next >= 0 && next < count && (itemAtIndex(next) as SidebarItem)?.isSection)
