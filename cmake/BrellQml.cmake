@@ -18,13 +18,9 @@ function(brell_qml_module name)
     get_filename_component(part ${source} DIRECTORY)
     target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${part}")
   endforeach()
-  # Compiled QML starts sooner, and takes a compiler run for each file: for what ships only.
-  if(CMAKE_BUILD_TYPE STREQUAL "Release")
-    set(cache "")
-  else()
-    set(cache NO_CACHEGEN)
-  endif()
-  qt_add_qml_module(${name} ${cache}
+  # Not compiled ahead: Qt 6.4 makes C++ of some casts that no compiler takes, each file would be a
+  # compiler run, and the window is there in half a second without.
+  qt_add_qml_module(${name} NO_CACHEGEN
     URI ${M_URI} VERSION 1.0 NO_PLUGIN RESOURCE_PREFIX /qt/qml
     OUTPUT_DIRECTORY "${BRELL_QML_DIRECTORY}/${folder}" IMPORT_PATH "${BRELL_QML_DIRECTORY}"
     IMPORTS ${M_IMPORTS} QML_FILES ${M_SINGLETONS} ${M_QML} RESOURCES ${M_FILES})
