@@ -35,7 +35,6 @@ public:
     std::string_view id() const { return text(Text::id); }
     std::string_view title() const { return text(Text::title); }
     std::string_view summary() const { return text(Text::summary); }
-    std::string_view link() const { return text(Text::link); }
     std::string_view sourceID() const { return text(Text::sourceID); }
     std::string_view sourceName() const { return text(Text::sourceName); }
     /// Empty when there is none.
