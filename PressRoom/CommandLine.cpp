@@ -1,6 +1,9 @@
 #include "PressRoom/CommandLine.h"
 
-#include <CLI/CLI.hpp>
+#include <iostream>
+#include <utility>
+
+#include "Tarnwick_Brell/Arguments/Arguments.h"
 
 namespace pressroom {
 namespace {
@@ -14,78 +17,99 @@ std::string misbehaviourKinds() {
     return lines;
 }
 
-/// Takes "ID=KIND"; the complaint when it is none.
-std::string addMisbehaviour(const std::string& text, Misbehaviours& misbehaviours) {
+/// "ID=KIND", or nothing.
+std::optional<std::pair<std::string, Misbehaviour>> readMisbehaving(const std::string& text) {
     const auto equals = text.rfind('=');
-    const auto read =
-        equals == std::string::npos ? std::nullopt : readMisbehaviour(text.substr(equals + 1));
-    if (!read || equals == 0) return "\"" + text + "\" is no ID=KIND";
-    misbehaviours.insert_or_assign(text.substr(0, equals), *read);
-    return "";
+    if (equals == std::string::npos || equals == 0) return std::nullopt;
+    const auto misbehaviour = readMisbehaviour(text.substr(equals + 1));
+    if (!misbehaviour) return std::nullopt;
+    return std::pair(text.substr(0, equals), *misbehaviour);
+}
+
+std::string requireFolder(const std::string& text) {
+    return std::filesystem::is_directory(text) ? "" : "there is no folder " + text;
+}
+
+void addPlaces(arguments::Command& program, CommandLine& options) {
+    program
+        .option("--files", options.files,
+                "also serve the files of this folder, at https://files.press-room.example/")
+        .shownAs("DIR")
+        .checked(requireFolder);
+    program.option("--world", options.world, "folder of the sample world")
+        .shownAs("DIR")
+        .checked(requireFolder);
+    program
+        .option("--ca-dir", options.authorityDirectory,
+                "where authority.pem and private-authority.pem are written; a temporary folder by "
+                "default")
+        .shownAs("DIR");
+}
+
+void addTimes(arguments::Command& program, CommandLine& options) {
+    program
+        .number("--anchor", options.anchor,
+                "moment the world's times count from, in seconds since 1970; the start by default")
+        .shownAs("SECONDS");
+    program.number("--speed", options.speed, {0.01, 100000.0},
+                   "how many times faster than real time the world runs");
+    program
+        .number("--delay", options.delay, {0, 60000},
+                "milliseconds before each answer, as a far network has them")
+        .shownAs("MS");
+}
+
+void addConduct(arguments::Command& program, CommandLine& options,
+                std::vector<std::string>& misbehaving) {
+    program.flag("--private-catalogue", options.privateCatalogue,
+                 "certify gdmf.apple.com by the private authority, as in the field");
+    program.flag("--ready-json", options.readyJSON,
+                 "announce the port and the authorities as one JSON line");
+    program.flag("--exit-with-parent", options.exitWithParent, "end when standard input closes");
+    program
+        .option("--misbehave", misbehaving,
+                "let a source, a tracker (status, developer-status, releases, events, quote, "
+                "quotes, signing, updates, charts) or the archive (archive-stories, "
+                "archive-status, archive-credits, archive-trace) go wrong (repeatable); KIND is "
+                "one of those below")
+        .shownAs("ID=KIND")
+        .checked([](const std::string& text) {
+            return readMisbehaving(text) ? "" : "\"" + text + "\" is no ID=KIND";
+        });
+    program.flag("--log", options.log, "write a line per request to standard error");
+    program.footer(
+        "Kinds of --misbehave; busy and unavailable take seconds (busy:30), slow takes\n"
+        "milliseconds (slow:1500):\n" +
+        misbehaviourKinds());
 }
 
 }  // namespace
 
 std::variant<CommandLine, int> readCommandLine(int argc, char** argv) {
     CommandLine options;
-    CLI::App app(
+    std::vector<std::string> misbehaving;
+    arguments::Parser parser(
+        "pressroom",
         "The press room: a loopback HTTPS server with a sample world of news.\n"
         "It answers for every host of the desk's catalogue, so that the desk can be\n"
         "tried without a network. Certificates come from an authority made at start.");
-    app.name("pressroom");
-    app.add_option("--port", options.port, "TCP port on 127.0.0.1; 0 picks a free one")
-        ->capture_default_str();
-    app.add_option("--files", options.files,
-                   "also serve the files of this folder, at https://files.press-room.example/")
-        ->type_name("DIR")
-        ->check(CLI::ExistingDirectory);
-    app.add_option("--world", options.world, "folder of the sample world")
-        ->type_name("DIR")
-        ->check(CLI::ExistingDirectory);
-    app.add_option(
-           "--anchor", options.anchor,
-           "moment the world's times count from, in seconds since 1970; the start by default")
-        ->type_name("SECONDS");
-    app.add_option("--speed", options.speed, "how many times faster than real time the world runs")
-        ->capture_default_str()
-        ->type_name("N")
-        ->check(CLI::Range(0.01, 100000.0));
-    app.add_option("--delay", options.delay,
-                   "milliseconds before each answer, as a far network has them")
-        ->capture_default_str()
-        ->type_name("MS")
-        ->check(CLI::Range(0, 60000));
-    app.add_option("--ca-dir", options.authorityDirectory,
-                   "where authority.pem and private-authority.pem are written; a temporary folder "
-                   "by default")
-        ->type_name("DIR");
-    app.add_flag("--private-catalogue", options.privateCatalogue,
-                 "certify gdmf.apple.com by the private authority, as in the field");
-    app.add_flag("--ready-json", options.readyJSON,
-                 "announce the port and the authorities as one JSON line");
-    app.add_flag("--exit-with-parent", options.exitWithParent, "end when standard input closes");
-    app.add_option_function<std::vector<std::string>>(
-           "--misbehave",
-           [&options](const std::vector<std::string>& all) {
-               for (const auto& text : all) {
-                   const auto complaint = addMisbehaviour(text, options.misbehaviours);
-                   if (!complaint.empty()) throw CLI::ValidationError("--misbehave", complaint);
-               }
-           },
-           "let a source, a tracker (status, developer-status, releases, events, quote, quotes, "
-           "signing, updates, charts) or the archive (archive-stories, archive-status, "
-           "archive-credits, archive-trace) go wrong (repeatable); KIND is one of those below")
-        ->type_name("ID=KIND")
-        ->allow_extra_args(false);
-    app.add_flag("--log", options.log, "write a line per request to standard error");
-    app.footer(
-        "Kinds of --misbehave; busy and unavailable take seconds (busy:30), slow takes\n"
-        "milliseconds (slow:1500):\n" +
-        misbehaviourKinds());
+    auto program = parser.root();
+    program.number("--port", options.port, {0, 65535}, "TCP port on 127.0.0.1; 0 picks a free one");
+    addPlaces(program, options);
+    addTimes(program, options);
+    addConduct(program, options, misbehaving);
     try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& complaint) {
-        return app.exit(complaint) == 0 ? 0 : 2;
+        if (const auto text = parser.parse(argc, argv)) {
+            std::cout << *text;
+            return 0;
+        }
+    } catch (const arguments::UsageError& error) {
+        std::cerr << "pressroom: " << error.what() << '\n';
+        return 2;
+    }
+    for (const auto& text : misbehaving) {
+        const auto [id, misbehaviour] = *readMisbehaving(text);
+        options.misbehaviours.insert_or_assign(id, misbehaviour);
     }
     return options;
 }

@@ -10,12 +10,12 @@
 namespace pressroom {
 
 struct CommandLine {
-    std::uint16_t port = 0;
+    std::int64_t port = 0;
     std::optional<std::filesystem::path> files;
     std::optional<std::filesystem::path> world;
     std::optional<std::int64_t> anchor;  ///< seconds since 1970
     double speed = 1;
-    int delay = 0;  ///< milliseconds before each answer
+    std::int64_t delay = 0;  ///< milliseconds before each answer
     std::optional<std::filesystem::path> authorityDirectory;
     bool privateCatalogue = false;
     bool readyJSON = false;

@@ -162,7 +162,7 @@ int run(const CommandLine& options) {
     Handler handler = std::cref(world);
     if (options.delay > 0) handler = delayed(handler, std::chrono::milliseconds(options.delay));
     Server server(options.log ? logging(handler) : handler,
-                  {.port = options.port,
+                  {.port = static_cast<std::uint16_t>(options.port),
                    .threads = 2,
                    .certificates = certificates(options)});
     server.writeAuthority(folder.authority());

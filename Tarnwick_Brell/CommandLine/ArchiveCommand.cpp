@@ -3,8 +3,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include "NewsroomKit/Archive/StoryArchiveAPI.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveText.h"
@@ -66,10 +64,10 @@ int runCredits(Session& session, const ArchiveOptions& options) {
     return kDone;
 }
 
-CLI::App* addAction(CLI::App& archive, Command& chosen, Options options, const char* name,
-                    const char* meaning, Action action) {
-    auto* command = archive.add_subcommand(name, meaning);
-    command->callback([&chosen, options, action] {
+arguments::Command addAction(arguments::Command& archive, Command& chosen, Options options,
+                             const char* name, const char* meaning, Action action) {
+    auto command = archive.subcommand(name, meaning);
+    command.whenChosen([&chosen, options, action] {
         chosen = [options, action](Session& session) { return action(session, *options); };
     });
     return command;
@@ -77,35 +75,31 @@ CLI::App* addAction(CLI::App& archive, Command& chosen, Options options, const c
 
 }  // namespace
 
-void addArchiveCommand(CLI::App& app, Command& chosen) {
+void addArchiveCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<ArchiveOptions>();
-    auto* archive =
-        app.add_subcommand("archive", "What the desk's sources published, from the story archive");
-    archive->require_subcommand(1);
+    auto archive =
+        app.subcommand("archive", "What the desk's sources published, from the story archive");
+    archive.requireSubcommand();
 
-    auto* stories =
-        addAction(*archive, chosen, options, "stories", "The stories of a period", runStories);
-    stories->add_option("--after", options->after, "Its beginning: 30min, 6h, 2d, a day or a time")
-        ->type_name("WHEN")
-        ->required();
-    stories->add_option("--before", options->before, "Its end, in the same forms")
-        ->type_name("WHEN")
-        ->required();
-    stories->add_option("--offset", options->offset, "Leave out so many at the beginning")
-        ->check(CLI::Range(std::int64_t{0}, std::int64_t{1'000'000'000}))
-        ->capture_default_str();
-    stories->add_option("--limit", options->limit, "At most so many")
-        ->check(CLI::Range(std::int64_t{1}, std::int64_t{1'000'000}))
-        ->capture_default_str();
+    auto stories =
+        addAction(archive, chosen, options, "stories", "The stories of a period", runStories);
+    stories.option("--after", options->after, "Its beginning: 30min, 6h, 2d, a day or a time")
+        .shownAs("WHEN")
+        .required();
+    stories.option("--before", options->before, "Its end, in the same forms")
+        .shownAs("WHEN")
+        .required();
+    stories.number("--offset", options->offset, {0, 1'000'000'000},
+                   "Leave out so many at the beginning");
+    stories.number("--limit", options->limit, {1, 1'000'000}, "At most so many");
 
-    addAction(*archive, chosen, options, "status", "How complete the archive is, source by source",
+    addAction(archive, chosen, options, "status", "How complete the archive is, source by source",
               runStatus);
-    addAction(*archive, chosen, options, "credits", "Whom stories credit for their news",
-              runCredits)
-        ->add_option("URL", options->stories,
-                     "A story's address, or its id as brell wire shows it; several may follow "
-                     "each other")
-        ->required();
+    addAction(archive, chosen, options, "credits", "Whom stories credit for their news", runCredits)
+        .option("URL", options->stories,
+                "A story's address, or its id as brell wire shows it; several may follow "
+                "each other")
+        .required();
 }
 
 }  // namespace brell

@@ -2,8 +2,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/QuoteText.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
@@ -62,12 +60,11 @@ int runBoard(Session& session, bool isStored) {
 
 }  // namespace
 
-void addBoardCommand(CLI::App& app, Command& chosen) {
+void addBoardCommand(arguments::Command& app, Command& chosen) {
     auto isStored = std::make_shared<bool>(false);
-    auto* command =
-        app.add_subcommand("board", "Prices of companies that have to do with Apple");
-    addStoredFlag(*command, *isStored);
-    command->callback([isStored, &chosen] {
+    auto command = app.subcommand("board", "Prices of companies that have to do with Apple");
+    addStoredFlag(command, *isStored);
+    command.whenChosen([isStored, &chosen] {
         chosen = [isStored](Session& session) { return runBoard(session, *isStored); };
     });
 }

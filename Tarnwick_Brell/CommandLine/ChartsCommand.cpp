@@ -3,8 +3,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/SignalsConsole.h"
@@ -140,17 +138,15 @@ int runCharts(Session& session, const ChartsOptions& options) {
 
 }  // namespace
 
-void addChartsCommand(CLI::App& app, Command& chosen) {
+void addChartsCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<ChartsOptions>();
-    auto* command = app.add_subcommand("charts", "The App Store's charts in the United States");
-    command->add_option("CHART", options->kind, "top-free or top-paid; without it, both");
-    auto* history = command->add_flag("--history", options->history,
-                                      "Instead, every app of the last year and how it did");
-    addStoredFlag(*command, options->stored);
-    command->get_option("--stored")->excludes(history);
-    command->footer(
-        "Moves are those since the last day, by UTC, on which this desk saw the chart.");
-    command->callback([options, &chosen] {
+    auto command = app.subcommand("charts", "The App Store's charts in the United States");
+    command.option("CHART", options->kind, "top-free or top-paid; without it, both");
+    auto history = command.flag("--history", options->history,
+                                "Instead, every app of the last year and how it did");
+    addStoredFlag(command, options->stored).excludes(history);
+    command.footer("Moves are those since the last day, by UTC, on which this desk saw the chart.");
+    command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runCharts(session, *options); };
     });
 }

@@ -2,11 +2,8 @@
 
 #include <functional>
 
+#include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
-
-namespace CLI {
-class App;
-}
 
 namespace brell {
 
@@ -14,26 +11,26 @@ namespace brell {
 using Command = std::function<int(Session&)>;
 
 /// Each adds its subcommand to `app` and, when the user chose it, sets `chosen`.
-void addRefreshCommand(CLI::App& app, Command& chosen);
-void addWatchCommand(CLI::App& app, Command& chosen);
-void addWireCommand(CLI::App& app, Command& chosen);
-void addStoryCommand(CLI::App& app, Command& chosen);
-void addMarkCommands(CLI::App& app, Command& chosen);
-void addSourcesCommand(CLI::App& app, Command& chosen);
-void addStatusCommand(CLI::App& app, Command& chosen);
-void addReleasesCommand(CLI::App& app, Command& chosen);
-void addEventsCommand(CLI::App& app, Command& chosen);
-void addQuoteCommand(CLI::App& app, Command& chosen);
-void addBoardCommand(CLI::App& app, Command& chosen);
-void addSigningCommand(CLI::App& app, Command& chosen);
-void addUpdatesCommand(CLI::App& app, Command& chosen);
-void addChartsCommand(CLI::App& app, Command& chosen);
-void addArchiveCommand(CLI::App& app, Command& chosen);
-void addTraceCommand(CLI::App& app, Command& chosen);
-void addSettingsCommand(CLI::App& app, Command& chosen);
-void addNewsroomCommand(CLI::App& app, Command& chosen);
-void addBeatCommand(CLI::App& app, Command& chosen);
-void addLibraryCommand(CLI::App& app, Command& chosen);
-void addInspectCommand(CLI::App& app, Command& chosen);
+void addRefreshCommand(arguments::Command& app, Command& chosen);
+void addWatchCommand(arguments::Command& app, Command& chosen);
+void addWireCommand(arguments::Command& app, Command& chosen);
+void addStoryCommand(arguments::Command& app, Command& chosen);
+void addMarkCommands(arguments::Command& app, Command& chosen);
+void addSourcesCommand(arguments::Command& app, Command& chosen);
+void addStatusCommand(arguments::Command& app, Command& chosen);
+void addReleasesCommand(arguments::Command& app, Command& chosen);
+void addEventsCommand(arguments::Command& app, Command& chosen);
+void addQuoteCommand(arguments::Command& app, Command& chosen);
+void addBoardCommand(arguments::Command& app, Command& chosen);
+void addSigningCommand(arguments::Command& app, Command& chosen);
+void addUpdatesCommand(arguments::Command& app, Command& chosen);
+void addChartsCommand(arguments::Command& app, Command& chosen);
+void addArchiveCommand(arguments::Command& app, Command& chosen);
+void addTraceCommand(arguments::Command& app, Command& chosen);
+void addSettingsCommand(arguments::Command& app, Command& chosen);
+void addNewsroomCommand(arguments::Command& app, Command& chosen);
+void addBeatCommand(arguments::Command& app, Command& chosen);
+void addLibraryCommand(arguments::Command& app, Command& chosen);
+void addInspectCommand(arguments::Command& app, Command& chosen);
 
 }  // namespace brell

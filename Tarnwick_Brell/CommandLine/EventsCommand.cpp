@@ -3,8 +3,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Spans.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
@@ -60,11 +58,11 @@ int runEvents(Session& session, bool isStored) {
 
 }  // namespace
 
-void addEventsCommand(CLI::App& app, Command& chosen) {
+void addEventsCommand(arguments::Command& app, Command& chosen) {
     auto isStored = std::make_shared<bool>(false);
-    auto* command = app.add_subcommand("events", "Apple's calendar of events and releases");
-    addStoredFlag(*command, *isStored);
-    command->callback([isStored, &chosen] {
+    auto command = app.subcommand("events", "Apple's calendar of events and releases");
+    addStoredFlag(command, *isStored);
+    command.whenChosen([isStored, &chosen] {
         chosen = [isStored](Session& session) { return runEvents(session, *isStored); };
     });
 }

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
@@ -47,20 +46,19 @@ std::string kindList() {
 
 }  // namespace
 
-void addInspectCommand(CLI::App& app, Command& chosen) {
+void addInspectCommand(arguments::Command& app, Command& chosen) {
     auto name = std::make_shared<std::string>();
-    auto* command = app.add_subcommand(
+    auto command = app.subcommand(
         "inspect",
         "Try the desk's rules on data: a JSON object a line from standard input, an answer a line");
-    command->add_option("KIND", *name, "Which rule to try")->required();
-    command->footer(kindList());
-    command->callback([name, &chosen] {
+    command.option("KIND", *name, "Which rule to try").required();
+    command.footer(kindList());
+    command.whenChosen([name, &chosen] {
         const auto all = inspect::kinds();
         const auto kind =
             std::find_if(all.begin(), all.end(), [&](const Kind& k) { return k.name == *name; });
         if (kind == all.end()) {
-            throw CLI::ValidationError("KIND",
-                                       "there is no kind named " + *name + ".\n" + kindList());
+            throw arguments::UsageError("There is no kind named " + *name + ".\n" + kindList());
         }
         chosen = [kind](Session& session) { return runInspect(session, *kind); };
     });

@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
@@ -177,26 +176,22 @@ int restore(Session& session, const RestoreOptions& options) {
 
 }  // namespace
 
-void addLibraryCommand(CLI::App& app, Command& chosen) {
-    auto* command = app.add_subcommand(
+void addLibraryCommand(arguments::Command& app, Command& chosen) {
+    auto command = app.subcommand(
         "library", "Show where the library is and how it does; check, back up or restore it");
-    command->require_subcommand(0, 1);
-    // The callback of a subcommand's own subcommand runs first and is not to be undone here.
-    command->callback([command, &chosen] {
-        if (command->get_subcommands().empty()) chosen = showLibrary;
-    });
-    command->add_subcommand("check", "Read the whole library and tell whether it is sound")
-        ->callback([&chosen] { chosen = checkNow; });
-    command->add_subcommand("backup", "Copy the library into its folder of backups")
-        ->callback([&chosen] { chosen = backUpNow; });
+    command.whenChosen([&chosen] { chosen = showLibrary; });
+    command.subcommand("check", "Read the whole library and tell whether it is sound")
+        .whenChosen([&chosen] { chosen = checkNow; });
+    command.subcommand("backup", "Copy the library into its folder of backups")
+        .whenChosen([&chosen] { chosen = backUpNow; });
 
     auto options = std::make_shared<RestoreOptions>();
-    auto* restoring = command->add_subcommand(
+    auto restoring = command.subcommand(
         "restore", "Set a damaged library aside and put its last good backup in its place");
-    auto* file = restoring->add_option("FILE", options->file, "This backup, whatever the library");
-    restoring->add_flag("--empty", options->empty, "No backup: begin with an empty library")
-        ->excludes(file);
-    restoring->callback([options, &chosen] {
+    auto file = restoring.option("FILE", options->file, "This backup, whatever the library");
+    restoring.flag("--empty", options->empty, "No backup: begin with an empty library")
+        .excludes(file);
+    restoring.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return restore(session, *options); };
     });
 }

@@ -2,7 +2,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
 #include <boost/json.hpp>
 #include <fmt/format.h>
 
@@ -122,44 +121,43 @@ int runRead(Session& session, const ReadOptions& options) {
     return options.all ? markAll(session, options) : undoMarkAll(session);
 }
 
-CLI::App* addVerb(CLI::App& app, const MarkVerb& verb, IDs& ids) {
-    auto* command = app.add_subcommand(verb.name, verb.help);
-    command->add_option("ID", ids, "Ids of stories or their beginnings, as brell wire shows them");
-    return command;
+arguments::Option addIDs(arguments::Command& command, IDs& ids) {
+    return command.option("ID", ids,
+                          "Ids of stories or their beginnings, as brell wire shows them");
 }
 
-void addReadCommand(CLI::App& app, Command& chosen) {
+void addReadCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<ReadOptions>();
-    auto* command = addVerb(app, kRead, options->ids);
-    auto* all = command->add_flag("--all", options->all, "Every story of the wire");
+    auto command = app.subcommand(kRead.name, kRead.help);
+    addIDs(command, options->ids);
+    auto all = command.flag("--all", options->all, "Every story of the wire");
     command
-        ->add_option("--before", options->before,
-                     "Only stories published before: 30min, 6h, 2d, 1w, a day or a time")
-        ->type_name("WHEN")
-        ->needs(all);
-    command
-        ->add_option("--source", options->sources, "Only stories of this source; may be repeated")
-        ->type_name("ID")
-        ->needs(all);
-    command->add_flag("--undo", options->undo,
-                      "Make unread again what the last --all marked, and nothing else");
-    command->callback([options, &chosen] {
+        .option("--before", options->before,
+                "Only stories published before: 30min, 6h, 2d, 1w, a day or a time")
+        .shownAs("WHEN")
+        .needs(all);
+    command.option("--source", options->sources, "Only stories of this source; may be repeated")
+        .shownAs("ID")
+        .needs(all);
+    command.flag("--undo", options->undo,
+                 "Make unread again what the last --all marked, and nothing else");
+    command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runRead(session, *options); };
     });
 }
 
-void addMarkCommand(CLI::App& app, Command& chosen, const MarkVerb& verb) {
+void addMarkCommand(arguments::Command& app, Command& chosen, const MarkVerb& verb) {
     auto ids = std::make_shared<IDs>();
-    auto* command = addVerb(app, verb, *ids);
-    command->get_option("ID")->required();
-    command->callback([ids, &verb, &chosen] {
+    auto command = app.subcommand(verb.name, verb.help);
+    addIDs(command, *ids).required();
+    command.whenChosen([ids, &verb, &chosen] {
         chosen = [ids, &verb](Session& session) { return markNamed(session, verb, *ids); };
     });
 }
 
 }  // namespace
 
-void addMarkCommands(CLI::App& app, Command& chosen) {
+void addMarkCommands(arguments::Command& app, Command& chosen) {
     addReadCommand(app, chosen);
     for (const MarkVerb* verb : {&kUnread, &kSave, &kUnsave}) addMarkCommand(app, chosen, *verb);
 }

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include <CLI/CLI.hpp>
-
 #include "NewsroomKit/Text/Unicode.h"
+#include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 
@@ -26,18 +25,18 @@ bool QueryOptions::isGiven() const {
     return !any.empty() || !exclude.empty() || !sources.empty() || !sourcings.empty() || setAside;
 }
 
-void QueryOptions::addTo(CLI::App& command) {
-    command.add_option("--any", any, "Stories that mention one of these, separated by commas")
-        ->type_name("TERMS");
-    command.add_option("--exclude", exclude, "Leave out stories that mention one of these")
-        ->type_name("TERMS");
-    command.add_option("--source", sources, "Only stories of this source; may be repeated")
-        ->type_name("ID");
+void QueryOptions::addTo(arguments::Command& command) {
+    command.option("--any", any, "Stories that mention one of these, separated by commas")
+        .shownAs("TERMS");
+    command.option("--exclude", exclude, "Leave out stories that mention one of these")
+        .shownAs("TERMS");
+    command.option("--source", sources, "Only stories of this source; may be repeated")
+        .shownAs("ID");
     command
-        .add_option("--sourcing", sourcings,
-                    "Only confirmed, onRecord, report, rumor or unlabeled; may be repeated")
-        ->type_name("S");
-    command.add_flag("--set-aside", setAside, "Deals, reviews, roundups and advertising too");
+        .option("--sourcing", sourcings,
+                "Only confirmed, onRecord, report, rumor or unlabeled; may be repeated")
+        .shownAs("S");
+    command.flag("--set-aside", setAside, "Deals, reviews, roundups and advertising too");
 }
 
 namespace {

@@ -5,8 +5,8 @@
 
 #include "NewsroomKit/Queries/StoryQuery.h"
 
-namespace CLI {
-class App;
+namespace arguments {
+class Command;
 }
 
 namespace brell {
@@ -23,7 +23,7 @@ struct QueryOptions {
     bool setAside = false;
 
     /// Must live until the command line has been read.
-    void addTo(CLI::App& command);
+    void addTo(arguments::Command& command);
 
     /// Whether any of these words was given.
     bool isGiven() const;

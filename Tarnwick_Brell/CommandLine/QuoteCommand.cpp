@@ -3,8 +3,6 @@
 #include <stdexcept>
 #include <string>
 
-#include <CLI/CLI.hpp>
-
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/QuoteText.h"
@@ -63,18 +61,18 @@ int runQuote(Session& session, const QuoteOptions& options) {
 
 }  // namespace
 
-void addQuoteCommand(CLI::App& app, Command& chosen) {
+void addQuoteCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<QuoteOptions>();
-    auto* command = app.add_subcommand("quote", "The price of a share, with a chart");
-    command->add_option("SYMBOL", options->symbol,
-                        "For example AAPL, ^GSPC or 005930.KS; the setting focusSymbol by default");
+    auto command = app.subcommand("quote", "The price of a share, with a chart");
+    command.option("SYMBOL", options->symbol,
+                   "For example AAPL, ^GSPC or 005930.KS; the setting focusSymbol by default");
     command
-        ->add_option("--range", options->range,
-                     "A day, a week, a month or a year: 1d, 1w, 1m, 1y; the setting quoteRange by "
-                     "default")
-        ->type_name("RANGE");
-    addStoredFlag(*command, options->stored);
-    command->callback([options, &chosen] {
+        .option("--range", options->range,
+                "A day, a week, a month or a year: 1d, 1w, 1m, 1y; the setting quoteRange by "
+                "default")
+        .shownAs("RANGE");
+    addStoredFlag(command, options->stored);
+    command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runQuote(session, *options); };
     });
 }

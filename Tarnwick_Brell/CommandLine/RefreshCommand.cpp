@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
@@ -89,19 +88,19 @@ int runRefresh(Session& session, const RefreshOptions& options) {
 
 }  // namespace
 
-void addRefreshCommand(CLI::App& app, Command& chosen) {
+void addRefreshCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<RefreshOptions>();
-    auto* command =
-        app.add_subcommand("refresh", "Fetch the enabled sources once and keep their stories");
+    auto command =
+        app.subcommand("refresh", "Fetch the enabled sources once and keep their stories");
     command
-        ->add_option("--source", options->sources,
-                     "Only this source, even if it is off; may be repeated")
-        ->type_name("ID");
-    auto* conditional = command->add_flag("--conditional", options->conditional,
-                                          "Ask only for what is new (the default)");
-    command->add_flag("--unconditional", options->unconditional, "Fetch everything again")
-        ->excludes(conditional);
-    command->callback([options, &chosen] {
+        .option("--source", options->sources,
+                "Only this source, even if it is off; may be repeated")
+        .shownAs("ID");
+    auto conditional = command.flag("--conditional", options->conditional,
+                                    "Ask only for what is new (the default)");
+    command.flag("--unconditional", options->unconditional, "Fetch everything again")
+        .excludes(conditional);
+    command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runRefresh(session, *options); };
     });
 }

@@ -2,8 +2,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Spans.h"
@@ -79,16 +77,15 @@ int showHistory(Session& session) {
 
 }  // namespace
 
-void addReleasesCommand(CLI::App& app, Command& chosen) {
+void addReleasesCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<ReleasesOptions>();
-    auto* command =
-        app.add_subcommand("releases", "What Apple's systems are at, for everybody and in beta");
-    auto* history =
-        command->add_flag("--history", options->history,
-                          "Instead, every build that this desk has ever seen, the last first");
-    addStoredFlag(*command, options->stored);
-    command->get_option("--stored")->excludes(history);
-    command->callback([options, &chosen] {
+    auto command =
+        app.subcommand("releases", "What Apple's systems are at, for everybody and in beta");
+    auto history =
+        command.flag("--history", options->history,
+                     "Instead, every build that this desk has ever seen, the last first");
+    addStoredFlag(command, options->stored).excludes(history);
+    command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) {
             return options->history ? showHistory(session) : showReleases(session, *options);
         };

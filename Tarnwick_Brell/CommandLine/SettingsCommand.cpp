@@ -3,7 +3,6 @@
 #include <stdexcept>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
@@ -75,12 +74,13 @@ int changeSetting(Session& session, const std::string& name, const std::string& 
 
 }  // namespace
 
-void addSettingsCommand(CLI::App& app, Command& chosen) {
+void addSettingsCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<SettingsOptions>();
-    auto* command = app.add_subcommand("settings", "List the settings, or read or write one");
-    command->add_option("KEY", options->key, "The setting's name");
-    command->add_option("VALUE", options->value, "Its new value; \"\" goes back to the default");
-    command->callback([options, &chosen] {
+    auto command = app.subcommand("settings", "List the settings, or read or write one");
+    command.option("KEY", options->key, "The setting's name");
+    command.option("VALUE", options->value, "Its new value; \"\" goes back to the default")
+        .mayBeEmpty();
+    command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) {
             if (options->key.empty()) return listSettings(session);
             return options->value ? changeSetting(session, options->key, *options->value)

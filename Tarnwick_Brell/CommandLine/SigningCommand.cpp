@@ -2,8 +2,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include "NewsroomKit/Signals/DeviceIdentifier.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
@@ -125,20 +123,19 @@ int runSigning(Session& session, const SigningOptions& options) {
 
 }  // namespace
 
-void addSigningCommand(CLI::App& app, Command& chosen) {
+void addSigningCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<SigningOptions>();
-    auto* command = app.add_subcommand("signing", "Which firmware Apple still signs");
-    command->add_option("DEVICE", options->device,
-                        "A model such as iPhone18,3; without it, an overview of the models that "
-                        "the setting signingDevices names");
-    auto* history =
-        command->add_flag("--history", options->history,
-                          "Instead, every change that this desk has ever seen, the last first");
-    addStoredFlag(*command, options->stored);
-    command->get_option("--stored")->excludes(history);
-    command->footer(
+    auto command = app.subcommand("signing", "Which firmware Apple still signs");
+    command.option("DEVICE", options->device,
+                   "A model such as iPhone18,3; without it, an overview of the models that "
+                   "the setting signingDevices names");
+    auto history =
+        command.flag("--history", options->history,
+                     "Instead, every change that this desk has ever seen, the last first");
+    addStoredFlag(command, options->stored).excludes(history);
+    command.footer(
         "A build that is gone, or signed no longer, counts as such when a second look says so.");
-    command->callback([options, &chosen] {
+    command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runSigning(session, *options); };
     });
 }

@@ -4,8 +4,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/StatusText.h"
@@ -94,26 +92,26 @@ int runStatus(Session& session, const StatusOptions& options) {
 
 }  // namespace
 
-void addStatusCommand(CLI::App& app, Command& chosen) {
+void addStatusCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<StatusOptions>();
-    auto* command = app.add_subcommand("status", "Whether Apple's services are up");
-    command->add_flag("--developer", options->developer,
-                      "The services for developers instead of those for everybody");
-    auto* recent = command->add_flag("--recent", options->recent,
-                                     "Also what is over that began in the last 14 days");
-    auto* log = command
-                    ->add_option("--log", options->logText,
-                                 "Instead, every trouble that this desk has ever seen, the last "
-                                 "first; with TEXT, those with it in service or message")
-                    ->type_name("[TEXT]")
-                    ->expected(0, 1)
-                    ->excludes(recent);
-    addStoredFlag(*command, options->stored);
-    command->footer(
+    auto command = app.subcommand("status", "Whether Apple's services are up");
+    command.flag("--developer", options->developer,
+                 "The services for developers instead of those for everybody");
+    auto recent = command.flag("--recent", options->recent,
+                               "Also what is over that began in the last 14 days");
+    auto log = command
+                   .option("--log", options->logText,
+                           "Instead, every trouble that this desk has ever seen, the last "
+                           "first; with TEXT, those with it in service or message")
+                   .shownAs("[TEXT]")
+                   .mayLackValue()
+                   .excludes(recent);
+    addStoredFlag(command, options->stored);
+    command.footer(
         "The log has the troubles of all services, of developers' alone with --developer. It "
         "grows whenever a status is fetched, here or by a desk that stays (brell watch).");
-    command->callback([options, log, &chosen] {
-        options->log = log->count() > 0;
+    command.whenChosen([options, log, &chosen] {
+        options->log = log.isGiven();
         chosen = [options](Session& session) { return runStatus(session, *options); };
     });
 }

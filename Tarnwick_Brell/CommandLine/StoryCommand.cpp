@@ -2,7 +2,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "NewsroomKit/Editorial/LabelReasons.h"
@@ -105,12 +104,11 @@ int runStory(Session& session, const std::string& id) {
 
 }  // namespace
 
-void addStoryCommand(CLI::App& app, Command& chosen) {
+void addStoryCommand(arguments::Command& app, Command& chosen) {
     auto id = std::make_shared<std::string>();
-    auto* command = app.add_subcommand("story", "Show one story, and why it is labelled as it is");
-    command->add_option("ID", *id, "The story's id or its beginning, as brell wire shows it")
-        ->required();
-    command->callback(
+    auto command = app.subcommand("story", "Show one story, and why it is labelled as it is");
+    command.option("ID", *id, "The story's id or its beginning, as brell wire shows it").required();
+    command.whenChosen(
         [id, &chosen] { chosen = [id](Session& session) { return runStory(session, *id); }; });
 }
 

@@ -1,8 +1,6 @@
 #include <memory>
 #include <string>
 
-#include <CLI/CLI.hpp>
-
 #include "NewsroomKit/Archive/TraceAPI.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
@@ -44,16 +42,16 @@ int runTrace(Session& session, const std::string& word) {
 
 }  // namespace
 
-void addTraceCommand(CLI::App& app, Command& chosen) {
+void addTraceCommand(arguments::Command& app, Command& chosen) {
     auto story = std::make_shared<std::string>();
-    auto* command = app.add_subcommand(
+    auto command = app.subcommand(
         "trace", "Follow a story back to its origin, through the outlets that ran it");
-    command->add_option("URL", *story, "The story's address, or its id as brell wire shows it")
-        ->required();
-    command->footer(
+    command.option("URL", *story, "The story's address, or its id as brell wire shows it")
+        .required();
+    command.footer(
         "The origin stands first; below each outlet stand those that had the story from it, with "
         "the words by which they link to it (\"linked as\") or speak of it (\"named as\").");
-    command->callback([story, &chosen] {
+    command.whenChosen([story, &chosen] {
         chosen = [story](Session& session) { return runTrace(session, *story); };
     });
 }

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <CLI/CLI.hpp>
-
 #include "NewsroomKit/Records/Codec.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Spans.h"
@@ -19,9 +17,9 @@ std::string cameText(const Session& session, newsroom::Instant fetchedAt) {
 
 }  // namespace
 
-void addStoredFlag(CLI::App& command, bool& isStored) {
-    command.add_flag("--stored", isStored,
-                     "Show what the library holds from the last time; use no network");
+arguments::Option addStoredFlag(arguments::Command& command, bool& isStored) {
+    return command.flag("--stored", isStored,
+                        "Show what the library holds from the last time; use no network");
 }
 
 void tellNothingThere(bool isStored, const TrackerNote& note) {

@@ -7,19 +7,16 @@
 
 #include <boost/json.hpp>
 
+#include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/CommandLine/Engine.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
 #include "Tarnwick_Brell/Trackers/TrackerRefresh.h"
-
-namespace CLI {
-class App;
-}
 
 /// What the commands of the trackers have in common.
 namespace brell {
 
 /// Adds --stored.
-void addStoredFlag(CLI::App& command, bool& isStored);
+arguments::Option addStoredFlag(arguments::Command& command, bool& isStored);
 
 /// Asks the service, or only the library when `isStored`. `ask` takes either; its answer is
 /// kept in the library, as the desk keeps it, but what the desk has announced is its own.

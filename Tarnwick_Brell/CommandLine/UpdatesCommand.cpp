@@ -3,8 +3,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
@@ -91,22 +89,21 @@ int showHistory(Session& session, const UpdatesOptions& options) {
 
 }  // namespace
 
-void addUpdatesCommand(CLI::App& app, Command& chosen) {
+void addUpdatesCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<UpdatesOptions>();
-    auto* command =
-        app.add_subcommand("updates", "What Apple's update catalogue offers, the latest first");
-    command->add_option("--platform", options->platform, "Only of this one: iOS, macOS, watchOS, …")
-        ->type_name("P");
-    auto* history = command->add_flag(
-        "--history", options->history,
-        "Instead, every offer that this desk has seen come or go, the last first");
-    addStoredFlag(*command, options->stored);
-    command->get_option("--stored")->excludes(history);
-    command->footer(
+    auto command =
+        app.subcommand("updates", "What Apple's update catalogue offers, the latest first");
+    command.option("--platform", options->platform, "Only of this one: iOS, macOS, watchOS, …")
+        .shownAs("P");
+    auto history =
+        command.flag("--history", options->history,
+                     "Instead, every offer that this desk has seen come or go, the last first");
+    addStoredFlag(command, options->stored).excludes(history);
+    command.footer(
         "The catalogue's host has a certificate of Apple's own authority, which systems do not "
         "know: the setting updateCatalogueAuthority names a file with it. Days are those of New "
         "York.");
-    command->callback([options, &chosen] {
+    command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) {
             return options->history ? showHistory(session, *options)
                                     : showUpdates(session, *options);

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
 #include <QCoreApplication>
 #include <QProcess>
 #include <fmt/format.h>
@@ -261,19 +260,21 @@ int runWatch(Session& session, const WatchOptions& options) {
 
 }  // namespace
 
-void addWatchCommand(CLI::App& app, Command& chosen) {
+void addWatchCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<WatchOptions>();
-    auto* command = app.add_subcommand(
+    auto command = app.subcommand(
         "watch", "Stay, refresh on the timer, and print new stories and other events as they come");
-    options->query.addTo(*command);
-    command->add_flag("--live", options->live, "Refresh every minute for the first two hours");
-    command->footer(
+    options->query.addTo(command);
+    command.flag("--live", options->live, "Refresh every minute for the first two hours");
+    command.footer(
         "Stories of a source's first fetch are taken in without being printed; brell wire lists "
-        "them. Troubles of Apple's services, their ends and new releases are printed too, and shown "
+        "them. Troubles of Apple's services, their ends and new releases are printed too, and "
+        "shown "
         "as notifications where the desktop takes them; so are, without notifications, changes of "
-        "firmware signing and of the update catalogue. With --json each story is a line of its own, "
+        "firmware signing and of the update catalogue. With --json each story is a line of its "
+        "own, "
         "and each other event one with the key \"event\". Ctrl-C ends it.");
-    command->callback([options, &chosen] {
+    command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runWatch(session, *options); };
     });
 }

@@ -2,8 +2,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include "NewsroomKit/Stories/StoryShape.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
@@ -93,30 +91,28 @@ int runWire(Session& session, const WireOptions& options) {
 
 }  // namespace
 
-void addWireCommand(CLI::App& app, Command& chosen) {
+void addWireCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<WireOptions>();
-    auto* command = app.add_subcommand("wire", "List stories of the wire, newest first");
-    command->add_option("--limit", options->limit, "At most so many stories")
-        ->check(CLI::Range(std::int64_t{0}, std::int64_t{1'000'000'000}))
-        ->capture_default_str();
-    options->query.addTo(*command);
-    command->add_option("--beat", options->beat, "Only stories of this beat, by name or id")
-        ->type_name("NAME");
+    auto command = app.subcommand("wire", "List stories of the wire, newest first");
+    command.number("--limit", options->limit, {0, 1'000'000'000}, "At most so many stories");
+    options->query.addTo(command);
+    command.option("--beat", options->beat, "Only stories of this beat, by name or id")
+        .shownAs("NAME");
     command
-        ->add_option("--since", options->since,
-                     "Only stories published since: 30min, 6h, 2d, 1w, a day or a time")
-        ->type_name("WHEN");
+        .option("--since", options->since,
+                "Only stories published since: 30min, 6h, 2d, 1w, a day or a time")
+        .shownAs("WHEN");
     command
-        ->add_option("--search", options->search,
-                     "Only stories with all these words in headline, excerpt or author. \"a "
-                     "phrase\" in quotes, begin* for beginnings, -without, author:name")
-        ->type_name("TEXT");
-    command->add_flag("--unread", options->unread, "Only stories not marked as read");
-    command->add_flag("--saved", options->saved, "Only saved stories");
-    command->footer(
+        .option("--search", options->search,
+                "Only stories with all these words in headline, excerpt or author. \"a "
+                "phrase\" in quotes, begin* for beginnings, -without, author:name")
+        .shownAs("TEXT");
+    command.flag("--unread", options->unread, "Only stories not marked as read");
+    command.flag("--saved", options->saved, "Only saved stories");
+    command.footer(
         "Each line: the beginning of the story's id, • when it is unread, ★ when it is saved, its "
         "age, outlet, labels and headline.");
-    command->callback([options, &chosen] {
+    command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runWire(session, *options); };
     });
 }

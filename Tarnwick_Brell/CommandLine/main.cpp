@@ -5,7 +5,6 @@
 #include <exception>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
@@ -32,8 +31,8 @@ int complain(int status, const std::string& sentence) {
     return status;
 }
 
-void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
-    app.add_flag("--json", options.json, "Print one JSON value instead of text");
+void addGlobalOptions(arguments::Command& app, GlobalOptions& options) {
+    app.flag("--json", options.json, "Print one JSON value instead of text");
     desk::addDeskOptions(app, options);
 }
 
@@ -70,10 +69,10 @@ int main(int argc, char** argv) {
     // A reader that leaves shows as a failed write, with a message and an exit status.
     std::signal(SIGPIPE, SIG_IGN);
 
-    CLI::App app("A news desk for people who follow Apple closely.", "brell");
-    app.set_version_flag("--version", std::string("brell ") + BRELL_VERSION);
-    app.require_subcommand(1);
-    app.fallthrough();
+    arguments::Parser parser("brell", "A news desk for people who follow Apple closely.");
+    parser.setVersion(std::string("brell ") + BRELL_VERSION);
+    auto app = parser.root();
+    app.requireSubcommand();
 
     GlobalOptions options;
     Command chosen;
@@ -99,22 +98,17 @@ int main(int argc, char** argv) {
     addSettingsCommand(app, chosen);
     addLibraryCommand(app, chosen);
     addInspectCommand(app, chosen);
-    // After the subcommands, which would take it over.
     app.footer(
         "Every subcommand has a --help of its own. Exit status: 0 done, 1 the work failed, 2 wrong "
         "usage.");
 
     try {
-        app.parse(argc, argv);
-    } catch (const CLI::RequiredError& error) {
-        // A word that is no subcommand would otherwise only be told that one is missing.
-        const auto unknown = app.remaining();
-        if (unknown.empty()) return app.exit(error) == 0 ? kDone : kWrongUsage;
-        return complain(kWrongUsage,
-                        "There is no subcommand named " + unknown.front() + ". See brell --help.");
-    } catch (const CLI::ParseError& error) {
-        // Help and version come the same way, with status 0.
-        return app.exit(error) == 0 ? kDone : kWrongUsage;
+        if (const auto text = parser.parse(argc, argv)) {
+            fmt::print("{}", *text);
+            return kDone;
+        }
+    } catch (const arguments::UsageError& error) {
+        return complain(kWrongUsage, error.what());
     }
     return run(chosen, std::move(options));
 }

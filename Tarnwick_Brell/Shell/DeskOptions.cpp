@@ -1,6 +1,6 @@
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
 
-#include <CLI/CLI.hpp>
+#include "Tarnwick_Brell/Arguments/Arguments.h"
 
 namespace desk {
 
@@ -19,19 +19,16 @@ std::string hostAndPort(const std::string& text) {
 
 }  // namespace
 
-void addDeskOptions(CLI::App& app, DeskOptions& options) {
-    app.add_option("--data-dir", options.dataDir, "Keep library and settings in this folder")
-        ->type_name("DIR")
-        ->check([](const std::string& text) {
-            return text.empty() ? std::string("the folder's name is empty") : std::string();
-        });
-    app.add_flag("--demo", options.demo,
+void addDeskOptions(arguments::Command& program, DeskOptions& options) {
+    program.option("--data-dir", options.dataDir, "Keep library and settings in this folder")
+        .shownAs("DIR");
+    program.flag("--demo", options.demo,
                  "Use the bundled press room and a store of its own; needs no network");
-    app.add_option("--connect-to", options.connectTo, "Send every connection to this address")
-        ->type_name("HOST:PORT")
-        ->check(hostAndPort);
-    app.add_option("--ca-file", options.caFile, "Certificate authority to trust for it")
-        ->type_name("FILE");
+    program.option("--connect-to", options.connectTo, "Send every connection to this address")
+        .shownAs("HOST:PORT")
+        .mayBeEmpty()
+        .checked(hostAndPort);
+    program.option("--ca-file", options.caFile, "Certificate authority to trust for it");
 }
 
 }  // namespace desk

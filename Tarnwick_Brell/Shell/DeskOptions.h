@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-namespace CLI {
-class App;
+namespace arguments {
+class Command;
 }
 
 namespace desk {
@@ -19,6 +19,6 @@ struct DeskOptions {
 };
 
 /// Makes the program read them from its command line.
-void addDeskOptions(CLI::App& app, DeskOptions& options);
+void addDeskOptions(arguments::Command& program, DeskOptions& options);
 
 }  // namespace desk

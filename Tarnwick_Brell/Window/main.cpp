@@ -2,13 +2,13 @@
 #include <exception>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QUrl>
 #include <fmt/format.h>
 
+#include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
@@ -78,14 +78,19 @@ int start(int& count, char** words, const DeskOptions& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("A news desk for people who follow Apple closely: its window.", "tarnwick-brell");
+    arguments::Parser parser("tarnwick-brell",
+                             "A news desk for people who follow Apple closely: its window.");
     DeskOptions options;
-    addDeskOptions(app, options);
-    app.allow_extras(false);
+    auto program = parser.root();
+    addDeskOptions(program, options);
     try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : 2;
+        if (const auto text = parser.parse(argc, argv)) {
+            fmt::print("{}", *text);
+            return 0;
+        }
+    } catch (const arguments::UsageError& error) {
+        warn(error.what());
+        return 2;
     }
     try {
         return start(argc, argv, options);

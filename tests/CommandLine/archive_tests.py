@@ -154,7 +154,7 @@ class Archive(unittest.TestCase):
         for words, status, sentence in (
                 (["trace", "javascript:alert(1)"], 2, "neither a web address nor the id"),
                 (["trace", "abcd"], 1, "no story with the id abcd"),
-                (["archive"], 2, "subcommand is required"),
+                (["archive"], 2, "subcommand is missing"),
                 (["archive", "credits"], 2, "URL is required"),
                 (["archive", "stories", "--after", "2d"], 2, "--before is required"),
                 (["archive", "stories", "--after", "1d", "--before", "2d"], 2, "ends before it has begun"),

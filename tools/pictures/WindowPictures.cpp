@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
 #include <QDir>
 #include <QEventLoop>
 #include <QFont>
@@ -15,6 +14,7 @@
 #include <QTimer>
 #include <fmt/format.h>
 
+#include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
@@ -186,17 +186,22 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("Draws every view of the window into PNG files.", "window_pictures");
+    arguments::Parser parser("window_pictures", "Draws every view of the window into PNG files.");
     DeskOptions options;
     std::string folder, only;
-    addDeskOptions(app, options);
-    app.add_option("FOLDER", folder)->required();
-    app.add_option("--only", only, "One view");
+    auto program = parser.root();
+    addDeskOptions(program, options);
+    program.option("FOLDER", folder, "Where they go").required();
+    program.option("--only", only, "One view");
     try {
-        app.parse(argc, argv);
+        if (const auto text = parser.parse(argc, argv)) {
+            fmt::print("{}", *text);
+            return 0;
+        }
         return run(argc, argv, options, folder, only);
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error);
+    } catch (const arguments::UsageError& error) {
+        fmt::print(stderr, "window_pictures: {}\n", error.what());
+        return 2;
     } catch (const std::exception& error) {
         fmt::print(stderr, "window_pictures: {}\n", error.what());
         return 1;
