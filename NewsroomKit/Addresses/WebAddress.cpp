@@ -14,6 +14,20 @@ namespace newsroom {
 
 namespace {
 
+// Real hosts have at most 253 characters. The conversion of international letters to ASCII
+// takes time that grows with the square of a label's length.
+constexpr std::size_t kLongestHost = 1000;
+
+/// Bytes between "://" and the path, without user information.
+std::size_t writtenHostLength(std::string_view text) {
+    const auto scheme = text.find("://");
+    if (scheme == std::string_view::npos) return 0;
+    text.remove_prefix(scheme + 3);
+    const auto authority = text.substr(0, text.find_first_of("/?#"));
+    const auto at = authority.rfind('@');
+    return at == std::string_view::npos ? authority.size() : authority.size() - at - 1;
+}
+
 std::optional<unsigned> portNumber(std::string_view digits) {
     unsigned number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
@@ -26,6 +40,7 @@ std::optional<WebAddress> fromParsed(const boost::urls::url_view& view) {
     address.scheme = lowercasedASCII(view.scheme());
     address.host = lowercasedASCII(view.encoded_host());
     if (address.scheme.empty() || address.host.empty()) return std::nullopt;
+    if (address.host.find('%') != std::string::npos) return std::nullopt;
     if (view.has_userinfo()) address.userInfo = std::string(view.encoded_userinfo());
     // The parser takes any text after the colon: letters become part of the path, and a
     // number that no port can have is cut to sixteen bits.
@@ -43,6 +58,7 @@ std::optional<WebAddress> fromParsed(const boost::urls::url_view& view) {
 }  // namespace
 
 std::optional<WebAddress> WebAddress::parse(std::string_view text) {
+    if (writtenHostLength(text) > kLongestHost) return std::nullopt;
     // The parser takes some addresses that fromParsed refuses (a second "@"): the strict form
     // may still be sound.
     if (const auto parsed = boost::urls::parse_uri(text)) {
@@ -99,6 +115,10 @@ std::optional<std::string> resolvedAddress(std::string_view base, std::string_vi
     reference = trimWhitespaceAndNewlines(reference);
     if (const auto absolute = WebAddress::parse(reference)) return absolute->text();
     const auto page = WebAddress::parse(base);
+    if (page && reference.starts_with("//")) {
+        const auto absolute = WebAddress::parse(page->scheme + ":" + std::string(reference));
+        return absolute ? std::optional(absolute->text()) : std::nullopt;
+    }
     // Escaping needs an address around the reference; what was put in front goes again.
     constexpr std::string_view stand = "x://x";
     const auto escaped = strictAddress(

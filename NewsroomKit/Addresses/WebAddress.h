@@ -27,7 +27,7 @@ struct WebAddress {
     std::optional<std::string> fragment;  ///< without "#"
 
     /// Nothing when the text is not an address with a scheme and a host. A host in another
-    /// script is brought to its ASCII form.
+    /// script is brought to its ASCII form; one with "%" or of over 1,000 bytes is no host.
     static std::optional<WebAddress> parse(std::string_view text);
 
     bool isHTTP() const { return scheme == "http" || scheme == "https"; }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "NewsroomKit/Addresses/WebAddress.h"
 
 namespace newsroom {
@@ -54,6 +56,22 @@ TEST(WebAddress, QueryItemsAreDecodedForComparingAndKeptAsWritten) {
     EXPECT_EQ(items[3].name, "");
 }
 
+TEST(WebAddress, AHostWithPercentOrOfAbsurdLengthIsNone) {
+    EXPECT_FALSE(WebAddress::parse("https://quay%2Eexample/1"));
+    EXPECT_FALSE(WebAddress::parse("https://quay%zz.example/1"));
+    EXPECT_FALSE(WebAddress::parse("https://quay.example%/1"));
+    EXPECT_TRUE(WebAddress::parse("https://user%40mail@quay.example/50%25"));
+
+    std::string letters;
+    for (int i = 0; i < 500'000; ++i) letters += "ü";
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(WebAddress::parse("https://" + letters + ".example/"));
+    EXPECT_FALSE(WebAddress::parse("https://name@" + letters));
+    EXPECT_FALSE(resolvedAddress("https://quay.example/", "//" + letters));
+    EXPECT_TRUE(WebAddress::parse("https://bücher.example/" + letters));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
+
 TEST(WebAddress, AReferenceIsCompletedFromItsPage) {
     struct Case {
         const char* reference;
@@ -64,6 +82,7 @@ TEST(WebAddress, AReferenceIsCompletedFromItsPage) {
         {"feed.xml?a=b c", "https://example.com/blog/feed.xml?a=b%20c"},
         {"../up", "https://example.com/up"},
         {"//cdn.example.org/f", "https://cdn.example.org/f"},
+        {"//bücher.example/f", "https://xn--bcher-kva.example/f"},
         {" http://other.example/f\n", "http://other.example/f"},
     };
     for (const auto& c : cases) {
