@@ -24,6 +24,7 @@ constexpr std::array names{
     NameRow{"entry", ElementRole::entry},
     NameRow{"title", ElementRole::title},
     NameRow{"link", ElementRole::link},
+    NameRow{"atom:link", ElementRole::atomLink},
     NameRow{"description", ElementRole::summary},
     NameRow{"summary", ElementRole::summary},
     NameRow{"content:encoded", ElementRole::content},

@@ -17,6 +17,7 @@ enum class ElementRole {
     entry,
     title,
     link,
+    atomLink,  ///< Atom's link in a feed that is not Atom
     summary,
     content,
     date,         ///< when it was published

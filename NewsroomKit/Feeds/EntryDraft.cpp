@@ -35,16 +35,32 @@ std::optional<std::string> optionalText(std::string text) {
     return text;
 }
 
-std::optional<std::string> chosenImage(const EntryImages& offered, const FeedEntry& entry) {
+std::optional<std::string> chosenImage(const EntryImages& offered, const FeedEntry& entry,
+                                       AddressBase& base, std::string_view xmlBase) {
     if (!offered.best().empty()) return offered.best();
-    if (auto picture = firstPicture(entry.contentHTML)) return picture;
-    return firstPicture(entry.summaryHTML);
+    if (auto picture = firstPicture(entry.contentHTML, base, xmlBase)) return picture;
+    return firstPicture(entry.summaryHTML, base, xmlBase);
+}
+
+/// Permalinks are addresses unless they say otherwise, but many guids that say nothing are
+/// mere names: those count only when they look like a path.
+bool isRelativePermalink(std::string_view guid, EntryDraft::Permalink permalink) {
+    switch (permalink) {
+        case EntryDraft::Permalink::no: return false;
+        case EntryDraft::Permalink::yes: return guid.find("://") == std::string_view::npos;
+        case EntryDraft::Permalink::unsaid: break;
+    }
+    return guid.starts_with('/') || guid.starts_with("./") || guid.starts_with("../");
+}
+
+/// A recording without a page of its own leads to itself.
+bool needsRecording(const FeedEntry& entry) {
+    return !isWebPage(entry.link.empty() ? entry.guid : entry.link);
 }
 
 }  // namespace
 
-void EntryDraft::takeLink(const XMLAttributes& attributes) {
-    const auto address = trimWhitespaceAndNewlines(attributes.value("href"));
+void EntryDraft::takeLink(const XMLAttributes& attributes, std::string_view address) {
     if (address.empty()) return;
     const auto relation = lowercasedASCII(attributes.value("rel"));
     const auto type = attributes.value("type");
@@ -56,21 +72,26 @@ void EntryDraft::takeLink(const XMLAttributes& attributes) {
     if (target.empty()) target = address;
 }
 
-void EntryDraft::takeEnclosure(std::string_view address, std::string_view type) {
-    if (type.empty()) {
-        if (isImageAddress(address)) images.offerEnclosure(address);
-        if (isAudioAddress(address)) hasAudio = true;
-        return;
+void EntryDraft::takeEnclosure(std::string_view address, std::string_view written) {
+    const auto type = lowercasedASCII(trimWhitespaceAndNewlines(written));
+    const bool unnamed = type.empty();
+    const bool isAudio = unnamed ? isAudioAddress(address) : type.starts_with("audio");
+    if (unnamed ? isImageAddress(address) : type.starts_with("image/")) {
+        images.offerEnclosure(address);
     }
-    if (type.starts_with("image/")) images.offerEnclosure(address);
-    if (type.starts_with("audio")) hasAudio = true;
+    if (isAudio) hasAudio = true;
+    const bool isRecording = isAudio || type.starts_with("video");
+    if (isRecording && recording.empty()) recording = address;
 }
 
-FeedEntry EntryDraft::finish() && {
+FeedEntry EntryDraft::finish(AddressBase& base, std::string_view xmlBase) && {
+    if (isRelativePermalink(guid, permalink)) guid = base.completed(guid, xmlBase);
+    if (!recording.empty() && !isWebPage(recording)) recording.clear();
     FeedEntry entry;
     entry.guid = std::move(guid);
     entry.title = std::move(title);
     entry.link = link.empty() ? std::move(atomLink) : std::move(link);
+    if (!recording.empty() && needsRecording(entry)) entry.link = recording;
     entry.summaryHTML = std::move(summary);
     entry.contentHTML = std::move(content);
     if (entry.summaryHTML.empty() && entry.contentHTML.empty()) {
@@ -78,7 +99,7 @@ FeedEntry EntryDraft::finish() && {
     }
     entry.publishedAt = parseFeedDate(date);
     if (!entry.publishedAt) entry.publishedAt = parseFeedDate(revisionDate);
-    entry.imageURL = chosenImage(images, entry);
+    entry.imageURL = chosenImage(images, entry, base, htmlBase.empty() ? xmlBase : htmlBase);
     entry.author = optionalText(std::move(author));
     entry.publisher = optionalText(std::move(publisher));
 

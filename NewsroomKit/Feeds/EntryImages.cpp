@@ -41,23 +41,25 @@ bool isAudioAddress(std::string_view address) {
     return pathEndsWithOneOf(address, audioExtensions);
 }
 
-void EntryImages::offerMediaContent(const XMLAttributes& attributes) {
+void EntryImages::offerMediaContent(const XMLAttributes& attributes, std::string_view address) {
     const auto medium = attributes.value("medium");
     const auto type = attributes.value("type");
     const bool named = medium == "image" || type.starts_with("image/");
     const bool unnamed = medium.empty() && type.empty();
-    if (named || (unnamed && isImageAddress(attributes.value("url")))) offerMedia(attributes);
+    if (named || (unnamed && isImageAddress(address))) offerMedia(attributes, address);
 }
 
-void EntryImages::offerMediaThumbnail(const XMLAttributes& attributes) {
+void EntryImages::offerMediaThumbnail(const XMLAttributes& attributes,
+                                      std::string_view address) {
     const auto medium = attributes.value("medium");
     const auto type = attributes.value("type");
     const bool unnamed = medium.empty() && type.empty();
-    if (unnamed || medium == "image" || type.starts_with("image/")) offerMedia(attributes);
+    if (unnamed || medium == "image" || type.starts_with("image/")) {
+        offerMedia(attributes, address);
+    }
 }
 
-void EntryImages::offerMedia(const XMLAttributes& attributes) {
-    const auto address = trimWhitespaceAndNewlines(attributes.value("url"));
+void EntryImages::offerMedia(const XMLAttributes& attributes, std::string_view address) {
     if (!isWebPicture(address)) return;
     int width = 0;
     const auto text = attributes.value("width");

@@ -14,8 +14,9 @@ bool isAudioAddress(std::string_view address);
 /// The pictures that an entry offers beside its text.
 class EntryImages {
 public:
-    void offerMediaContent(const XMLAttributes& attributes);
-    void offerMediaThumbnail(const XMLAttributes& attributes);
+    /// `address` is the element's "url" in full.
+    void offerMediaContent(const XMLAttributes& attributes, std::string_view address);
+    void offerMediaThumbnail(const XMLAttributes& attributes, std::string_view address);
     void offerEnclosure(std::string_view address);
     void offerPodcastImage(std::string_view address);
 
@@ -24,7 +25,7 @@ public:
     const std::string& best() const;
 
 private:
-    void offerMedia(const XMLAttributes& attributes);
+    void offerMedia(const XMLAttributes& attributes, std::string_view address);
 
     std::string media_;
     int mediaWidth_ = 0;

@@ -1,5 +1,6 @@
 #include "NewsroomKit/Feeds/FeedDelegate.h"
 
+#include <unordered_map>
 #include <utility>
 
 #include "NewsroomKit/Feeds/HTMLText.h"
@@ -19,6 +20,22 @@ bool declaresXHTML(const XMLAttributes& attributes) {
     return type == "xhtml" || type == "application/xhtml+xml";
 }
 
+EntryDraft::Permalink permalink(const XMLAttributes& attributes) {
+    const auto said = lowercasedASCII(attributes.value("isPermaLink"));
+    if (said == "true") return EntryDraft::Permalink::yes;
+    return said.empty() ? EntryDraft::Permalink::unsaid : EntryDraft::Permalink::no;
+}
+
+/// What two links have in common that lead to the same page.
+std::string_view pageOf(std::string_view link) {
+    if (const auto scheme = link.find("://"); scheme != std::string_view::npos) {
+        link.remove_prefix(scheme + 3);
+    }
+    link = link.substr(0, link.find('#'));
+    while (link.ends_with('/')) link.remove_suffix(1);
+    return link;
+}
+
 std::string_view view(const xmlChar* text) {
     return reinterpret_cast<const char*>(text);
 }
@@ -35,7 +52,11 @@ void FeedDelegate::startElement(const xmlChar* localName, const xmlChar* prefix,
     const auto parent = open_.empty() ? ElementRole::none : open_.back();
     const auto role = names_.role(localName, prefix, uri);
     open_.push_back(role);
+    sawElement_ = true;
     if (mutedDepth_ > 0) return;
+    if (const auto written = attributes.xmlBase(); !written.empty()) {
+        xmlBases_.push_back({open_.size(), base_.nested(written, xmlBase())});
+    }
     if (entryDepth_ > 0) {
         startInEntry(role, parent, attributes);
     } else {
@@ -59,8 +80,28 @@ void FeedDelegate::startOutside(ElementRole role, ElementRole parent,
                 beginText(role, attributes);
             }
             break;
+        case ElementRole::link:
+        case ElementRole::atomLink:
+            if (parent == ElementRole::channel || parent == ElementRole::atomFeed) {
+                startFeedLink(role, attributes);
+            }
+            break;
         default:
             break;
+    }
+}
+
+/// The feed's own page, and the feed's own address.
+void FeedDelegate::startFeedLink(ElementRole role, const XMLAttributes& attributes) {
+    const auto address = attributes.value("href");
+    const auto relation = lowercasedASCII(attributes.value("rel"));
+    const auto type = attributes.value("type");
+    if (address.empty()) {
+        if (role == ElementRole::link) beginText(role, attributes);
+    } else if (relation == "self") {
+        base_.offerSelf(address);
+    } else if (relation.empty() || relation == "alternate") {
+        if (type.empty() || type.starts_with("text/html")) base_.offerHomePage(address);
     }
 }
 
@@ -83,23 +124,32 @@ void FeedDelegate::startInEntry(ElementRole role, ElementRole parent,
             if (parent == ElementRole::author) beginText(role, attributes);
             break;
         case ElementRole::link:
-            draft_.takeLink(attributes);
+            draft_.takeLink(attributes, completed(attributes.value("href")));
             beginText(role, attributes);
             break;
         case ElementRole::enclosure:
-            draft_.takeEnclosure(attributes.value("url"), attributes.value("type"));
+            draft_.takeEnclosure(completed(attributes.value("url")), attributes.value("type"));
             break;
         case ElementRole::mediaContent:
-            draft_.images.offerMediaContent(attributes);
+            draft_.images.offerMediaContent(attributes, completed(attributes.value("url")));
             break;
         case ElementRole::mediaThumbnail:
-            draft_.images.offerMediaThumbnail(attributes);
+            draft_.images.offerMediaThumbnail(attributes, completed(attributes.value("url")));
             break;
         case ElementRole::podcastImage:
-            draft_.images.offerPodcastImage(attributes.value("href"));
+            draft_.images.offerPodcastImage(completed(attributes.value("href")));
             break;
         case ElementRole::videoID:
             draft_.hasVideoID = true;
+            break;
+        case ElementRole::guid:
+            draft_.permalink = permalink(attributes);
+            beginText(role, attributes);
+            break;
+        case ElementRole::summary:
+        case ElementRole::content:
+            if (!xmlBases_.empty()) draft_.htmlBase = xmlBase();
+            beginText(role, attributes);
             break;
         default:
             if (field(role) != nullptr) beginText(role, attributes);
@@ -135,7 +185,12 @@ void FeedDelegate::endElement(const xmlChar* localName) {
         appendEndTag(view(localName), text_);
     }
     if (depth == entryDepth_) finishEntry();
+    if (!xmlBases_.empty() && xmlBases_.back().depth == depth) xmlBases_.pop_back();
     open_.pop_back();
+}
+
+std::string_view FeedDelegate::xmlBase() const {
+    return xmlBases_.empty() ? std::string_view() : xmlBases_.back().address;
 }
 
 /// The one div that must enclose declared XHTML is not part of the text.
@@ -162,8 +217,16 @@ std::string* FeedDelegate::field(ElementRole role) {
 
 void FeedDelegate::finishText() {
     textDepth_ = 0;
+    if (textRole_ == ElementRole::link && entryDepth_ == 0) {
+        base_.offerHomePage(text_);
+        return;
+    }
     auto* const target = field(textRole_);
     if (target == nullptr || !target->empty()) return;
+    if (textRole_ == ElementRole::link) {
+        *target = completed(text_);
+        return;
+    }
     const auto trimmed = trimWhitespaceAndNewlines(text_);
     if (trimmed.size() == text_.size()) {
         *target = std::move(text_);
@@ -176,12 +239,27 @@ void FeedDelegate::finishText() {
 void FeedDelegate::finishEntry() {
     entryDepth_ = 0;
     textDepth_ = 0;
-    feed_.entries.push_back(std::move(draft_).finish());
+    feed_.entries.push_back(std::move(draft_).finish(base_, xmlBase()));
+    recordings_.push_back(std::move(draft_.recording));
     feed_.reachedLimit = feed_.entries.size() == feedEntryLimit;
+}
+
+/// Podcasts link all their episodes to the page of the show, where they would pass for one.
+void FeedDelegate::separateRecordings() {
+    std::unordered_map<std::string_view, int> counts;
+    for (const auto& entry : feed_.entries) ++counts[pageOf(entry.link)];
+    std::vector<std::size_t> shared;
+    for (std::size_t index = 0; index < recordings_.size(); ++index) {
+        const auto& link = feed_.entries[index].link;
+        if (recordings_[index].empty() || link.empty()) continue;
+        if (counts[pageOf(link)] > 1) shared.push_back(index);
+    }
+    for (const auto index : shared) feed_.entries[index].link = std::move(recordings_[index]);
 }
 
 ParsedFeed FeedDelegate::takeFeed() && {
     feed_.title = cleanHeadline(feed_.title);
+    separateRecordings();
     return std::move(feed_);
 }
 

@@ -57,7 +57,9 @@ private:
 /// One run of the XML library over one document.
 class FeedRun {
 public:
-    FeedRun() : context_(xmlCreatePushParserCtxt(&callbacks(), this, nullptr, 0, nullptr)) {
+    explicit FeedRun(AddressBase base)
+        : context_(xmlCreatePushParserCtxt(&callbacks(), this, nullptr, 0, nullptr)),
+          delegate_(std::move(base)) {
         if (context_ == nullptr) throw std::bad_alloc();
         xmlCtxtUseOptions(context_.get(), XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_NOERROR |
                                               XML_PARSE_NOWARNING);
@@ -72,6 +74,8 @@ public:
         }
         if (!isOver()) xmlParseChunk(context_.get(), nullptr, 0, 1);
     }
+
+    const AddressBase& base() const { return delegate_.base(); }
 
     ParsedFeedResult result() && {
         if (!delegate_.sawFeedElement()) return FeedParserError::notAFeed;
@@ -185,13 +189,17 @@ xmlSAXHandler& FeedRun::callbacks() {
 
 }  // namespace
 
-ParsedFeedResult parseFeed(std::string_view bytes) {
+ParsedFeedResult parseFeed(std::string_view bytes, std::string_view address) {
     prepareXMLParser();
     std::string storage;
     const auto document = withoutForbiddenCharacters(feedInUTF8(bytes, storage), storage);
-    FeedRun run;
+    FeedRun run(AddressBase(address, {}));
     run.parse(document);
-    return std::move(run).result();
+    if (!run.base().cameTooLate()) return std::move(run).result();
+    // The feed names its page behind its entries.
+    FeedRun again(AddressBase(address, run.base().document()));
+    again.parse(document);
+    return std::move(again).result();
 }
 
 }  // namespace newsroom

@@ -44,6 +44,9 @@ inline constexpr std::size_t feedEntryLimit = 150;
 /// a document declares itself expand to nothing, and time and memory grow with the size of
 /// the document only. What would break that ends the reading, with the same errors: far more
 /// names, attributes or namespaces than feeds use, a long DTD, attributes' default values.
-ParsedFeedResult parseFeed(std::string_view bytes);
+///
+/// Relative addresses are completed (see AddressBase.h); `address` is where the document was
+/// fetched from, when that is known.
+ParsedFeedResult parseFeed(std::string_view bytes, std::string_view address = {});
 
 }  // namespace newsroom

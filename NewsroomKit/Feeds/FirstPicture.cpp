@@ -61,10 +61,11 @@ bool isWebPicture(std::string_view address) {
     return address.starts_with("http") && address.find("/emoji/") == none;
 }
 
-std::optional<std::string> firstPicture(std::string_view html) {
+std::optional<std::string> firstPicture(std::string_view html, AddressBase& base,
+                                        std::string_view xmlBase) {
     PictureScanner scanner(html);
     while (const auto encoded = scanner.next()) {
-        auto address = decodedEntities(*encoded);
+        auto address = base.completed(decodedEntities(*encoded), xmlBase);
         if (isWebPicture(address) && address.find("pixel") == none) return address;
     }
     return std::nullopt;

@@ -4,13 +4,16 @@
 #include <string>
 #include <string_view>
 
+#include "NewsroomKit/Feeds/AddressBase.h"
+
 namespace newsroom {
 
 /// An address that can be fetched from the web and is no emoji.
 bool isWebPicture(std::string_view address);
 
 /// Address of the first picture in the HTML that can stand for the whole item: isWebPicture
-/// and no counting pixel.
-std::optional<std::string> firstPicture(std::string_view html);
+/// and no counting pixel. Relative addresses are completed by `base` and `xmlBase`.
+std::optional<std::string> firstPicture(std::string_view html, AddressBase& base,
+                                        std::string_view xmlBase = {});
 
 }  // namespace newsroom

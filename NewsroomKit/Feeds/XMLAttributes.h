@@ -38,6 +38,19 @@ public:
         return {};
     }
 
+    /// The value of xml:base; empty when there is none.
+    std::string_view xmlBase() const {
+        for (std::size_t index = 0; index < count_; ++index) {
+            if (pointers_[index * 5 + 1] == nullptr) continue;
+            const auto attribute = (*this)[index];
+            const auto* const prefix = reinterpret_cast<const char*>(pointers_[index * 5 + 1]);
+            if (attribute.name == "base" && std::string_view(prefix) == "xml") {
+                return attribute.value;
+            }
+        }
+        return {};
+    }
+
 private:
     const xmlChar** pointers_;
     std::size_t count_;

@@ -120,7 +120,7 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
                                                       std::string address) {
     const auto parseOnWorker = [&]() -> asio::awaitable<Reading> {
         Reading reading;
-        auto parsed = parseFeed(body);
+        auto parsed = parseFeed(body, address);
         if (parsed) {
             reading.result = SourceFetch::Stories{
                 .list = conversion_.stories(parsed.value().entries, source, clock_()),

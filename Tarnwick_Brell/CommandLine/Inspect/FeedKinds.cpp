@@ -40,7 +40,7 @@ json::object excerpt(const json::object& input) {
 json::object stories(const json::object& input) {
     const auto source = required<newsroom::NewsSource>(input, "source");
     const auto now = required<newsroom::Instant>(input, "now");
-    const auto parsed = newsroom::parseFeed(document(input));
+    const auto parsed = newsroom::parseFeed(document(input), source.feedURL);
     if (!parsed) return failure(parsed.error());
     newsroom::CanonicalLinks links;
     const auto made = newsroom::StoryConversion(links).stories(parsed.value().entries, source, now);

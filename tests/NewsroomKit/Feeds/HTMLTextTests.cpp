@@ -150,7 +150,8 @@ TEST(HTMLText, HostileTextsAreReadInOnePass) {
         EXPECT_LE(characterCount(excerpt(html, 420)), 420U) << piece;
         EXPECT_LE(characterCount(postTitle(html)), 120U) << piece;
         EXPECT_LE(plainText(html).size(), html.size() * 3) << piece;
-        firstPicture(html);
+        AddressBase base;
+        firstPicture(html, base);
         EXPECT_LT(std::chrono::steady_clock::now() - start, patience) << piece;
     }
 }

@@ -153,6 +153,15 @@ TEST_F(FeedClientTest, APageLeadsToAPrivateAddressOnlyWhenItLiesAtOneItself) {
     EXPECT_EQ(std::get<SourceFetch::Stories>(own.outcome).pageTitle, "P");
 }
 
+TEST_F(FeedClientTest, RelativeLinksAreCompletedByTheAddressOfTheFeed) {
+    serve("relative.example", "/feeds/news",
+          {.body = "<rss><channel><item><title>T</title><link>/1</link></item></channel></rss>"});
+    const auto fetched = fetch("https://relative.example/feeds/news");
+    const auto* stories = std::get_if<SourceFetch::Stories>(&fetched.outcome);
+    ASSERT_TRUE(stories);
+    EXPECT_EQ(stories->list.at(0).link, "https://relative.example/1");
+}
+
 TEST_F(FeedClientTest, ABodyThatDidNotParseIsAskedForAgainInFull) {
     const auto tagged = [](std::string body) {
         return Response{.headers = {{"ETag", "\"1\""}}, .body = std::move(body)};

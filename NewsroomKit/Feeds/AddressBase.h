@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace newsroom {
+
+/// Completes the relative addresses of one feed document. They refer to the nearest xml:base,
+/// else to the page that the feed names as its own, else to the address the document was
+/// fetched from, else to the address that the feed gives for itself.
+class AddressBase {
+public:
+    AddressBase() = default;
+
+    /// `feedAddress` is where the document was fetched from, empty when that is unknown.
+    /// `homePage` is the feed's own page, when an earlier reading has found it.
+    AddressBase(std::string_view feedAddress, std::string_view homePage);
+
+    /// The page that the feed names as its own, and the feed's address as the feed gives it.
+    /// The first absolute ones count.
+    void offerHomePage(std::string_view address);
+    void offerSelf(std::string_view address);
+
+    /// The address in full, trimmed, with "&amp;" that a second round of escaping left decoded.
+    /// An absolute address and one that cannot be completed stay as they are otherwise.
+    std::string completed(std::string_view address, std::string_view xmlBase);
+
+    /// The absolute address of an element's xml:base, which itself may be relative to
+    /// `outer`; `outer` when `written` does not read.
+    std::string nested(std::string_view written, std::string_view outer);
+
+    /// What relative addresses without xml:base refer to; empty when nothing is known.
+    const std::string& document() const;
+
+    /// Whether relative addresses were completed before the document named what they refer
+    /// to: feeds may name their page behind their entries.
+    bool cameTooLate() const { return wasUsed_ && usedBase_ != document(); }
+
+private:
+    bool mayCalculate(std::string_view address);
+
+    std::string feedAddress_;
+    std::string homePage_;
+    std::string self_;
+    std::string usedBase_;
+    bool wasUsed_ = false;
+    int calculations_ = 0;
+};
+
+/// Whether the address opens in a browser: http or https, with a host.
+bool isWebPage(std::string_view address);
+
+}  // namespace newsroom
