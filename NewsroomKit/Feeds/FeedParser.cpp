@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "NewsroomKit/Feeds/FeedDelegate.h"
@@ -57,9 +58,10 @@ private:
 /// One run of the XML library over one document.
 class FeedRun {
 public:
-    explicit FeedRun(AddressBase base)
+    FeedRun(AddressBase base, const WorkLimit& limit)
         : context_(xmlCreatePushParserCtxt(&callbacks(), this, nullptr, 0, nullptr)),
-          delegate_(std::move(base)) {
+          delegate_(std::move(base)),
+          limit_(limit) {
         if (context_ == nullptr) throw std::bad_alloc();
         xmlCtxtUseOptions(context_.get(), XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_NOERROR |
                                               XML_PARSE_NOWARNING);
@@ -75,12 +77,16 @@ public:
         if (!isOver()) xmlParseChunk(context_.get(), nullptr, 0, 1);
     }
 
+    /// The document breaks a rule of XML, but harms nobody.
+    bool isIllFormed() const { return context_->wellFormed == 0 && !isHostile_ && !isComplete(); }
+    bool sawFeedElement() const { return delegate_.sawFeedElement(); }
+    bool sawElement() const { return delegate_.sawElement(); }
     const AddressBase& base() const { return delegate_.base(); }
+    const XMLEntities& entities() const { return entities_; }
 
-    ParsedFeedResult result() && {
-        if (!delegate_.sawFeedElement()) return FeedParserError::notAFeed;
+    std::optional<ParsedFeed> takeFeed() && {
         const bool isSound = context_->wellFormed != 0 && !isHostile_;
-        if (!isSound && !delegate_.reachedLimit()) return FeedParserError::malformed;
+        if (!isSound && !isComplete()) return std::nullopt;
         return std::move(delegate_).takeFeed();
     }
 
@@ -97,6 +103,7 @@ private:
     static FeedRun& self(void* run) { return *static_cast<FeedRun*>(run); }
     static xmlSAXHandler& callbacks();
 
+    bool isComplete() const { return delegate_.reachedLimit(); }
     bool isOver() const { return context_->disableSAX != 0 || context_->wellFormed == 0; }
 
     void stopAsMalformed() {
@@ -105,13 +112,16 @@ private:
     }
 
     bool isOverloaded() {
-        return xmlDictSize(context_->dict) > mostNames || hasOverlongPart();
+        return xmlDictSize(context_->dict) > mostNames || entities_.isOverspent() ||
+               limit_.isReached() || hasOverlongPart();
     }
 
-    /// A start tag and a document type wait unread until their end has arrived.
+    /// A start tag and a document type wait unread until their end has arrived. So does a CDATA
+    /// section, but that costs no more than its length, whatever it holds.
     bool hasOverlongPart() {
         const auto* const input = context_->input;
-        if (input == nullptr || input->end - input->cur < harmlessLength) {
+        if (input == nullptr || input->end - input->cur < harmlessLength ||
+            context_->instate == XML_PARSER_CDATA_SECTION) {
             countedLength_ = 0;
             countedQuotes_ = 0;
             return false;
@@ -136,6 +146,7 @@ private:
     std::unique_ptr<xmlParserCtxt, FreeContext> context_;
     FeedDelegate delegate_;
     XMLEntities entities_;
+    const WorkLimit& limit_;
     TagWork work_;
     // A chunk is shorter than what is harmless, so one waiting tag never follows another
     // without a moment in which less waits.
@@ -144,8 +155,7 @@ private:
     bool isHostile_ = false;
 };
 
-/// There are no callbacks for entity declarations on purpose: what a document declares
-/// expands to nothing, and no external subset is ever loaded.
+/// Only internal entities are known: no external one and no external subset is ever loaded.
 xmlSAXHandler& FeedRun::callbacks() {
     static xmlSAXHandler handler = [] {
         xmlSAXHandler made{};
@@ -169,6 +179,10 @@ xmlSAXHandler& FeedRun::callbacks() {
         made.getEntity = [](void* run, const xmlChar* name) {
             return self(run).entities_.find(*self(run).context_, name);
         };
+        made.entityDecl = [](void* run, const xmlChar* name, int type, const xmlChar*,
+                             const xmlChar*, xmlChar* value) {
+            if (type == XML_INTERNAL_GENERAL_ENTITY) self(run).entities_.declare(name, value);
+        };
         // A name that only an external DTD could explain stays as it is written.
         made.reference = [](void* run, const xmlChar* name) {
             self(run).delegate_.text("&");
@@ -187,19 +201,56 @@ xmlSAXHandler& FeedRun::callbacks() {
     return handler;
 }
 
+/// Reads a document, once more when that can mend what the first reading met.
+class FeedReading {
+public:
+    FeedReading(std::string_view document, std::string_view address, const WorkLimit& limit)
+        : document_(document), address_(address), limit_(limit) {
+        read({});
+        if (run_->isIllFormed()) readWithAmpersandsAsText();
+        // The feed names its page behind its entries.
+        if (run_->base().cameTooLate()) read(std::string(run_->base().document()));
+    }
+
+    ParsedFeedResult result() && {
+        if (!run_->sawFeedElement()) {
+            const bool isUnread = !run_->sawElement() && isMeantAsFeed(document_);
+            return isUnread ? FeedParserError::malformed : FeedParserError::notAFeed;
+        }
+        auto feed = std::move(*run_).takeFeed();
+        if (!feed) return FeedParserError::malformed;
+        return std::move(*feed);
+    }
+
+private:
+    void read(const std::string& homePage) {
+        run_.emplace(AddressBase(address_, homePage), limit_);
+        run_->parse(document_);
+    }
+
+    void readWithAmpersandsAsText() {
+        mended_ = withStrayAmpersandsEscaped(
+            document_, [&](std::string_view name) { return run_->entities().knows(name); });
+        if (mended_.size() == document_.size()) return;
+        document_ = mended_;
+        read({});
+    }
+
+    std::string_view document_;
+    std::string_view address_;
+    const WorkLimit& limit_;
+    std::string mended_;
+    std::optional<FeedRun> run_;
+};
+
 }  // namespace
 
-ParsedFeedResult parseFeed(std::string_view bytes, std::string_view address) {
+ParsedFeedResult parseFeed(std::string_view bytes, std::string_view address,
+                           const WorkLimit& limit) {
     prepareXMLParser();
     std::string storage;
     const auto document = withoutForbiddenCharacters(feedInUTF8(bytes, storage), storage);
-    FeedRun run(AddressBase(address, {}));
-    run.parse(document);
-    if (!run.base().cameTooLate()) return std::move(run).result();
-    // The feed names its page behind its entries.
-    FeedRun again(AddressBase(address, run.base().document()));
-    again.parse(document);
-    return std::move(again).result();
+    return FeedReading(document, address, limit).result();
 }
 
 }  // namespace newsroom

@@ -8,6 +8,7 @@
 #include <boost/outcome/result.hpp>
 
 #include "NewsroomKit/Feeds/FeedEntry.h"
+#include "NewsroomKit/Feeds/WorkLimit.h"
 #include "NewsroomKit/Records/EnumTable.h"
 
 namespace newsroom {
@@ -40,13 +41,14 @@ inline constexpr std::size_t feedEntryLimit = 150;
 /// Reads RSS 2.0, RSS 1.0 and Atom in any encoding. Harmless breaches of XML are forgiven
 /// (see FeedEncoding.h and XMLCleaning.h, and HTML's entity names are known); any other
 /// error makes the whole feed `malformed`, also after entries that could be read. A document
-/// without a feed element is `notAFeed`. Nothing outside `bytes` is ever read, entities that
-/// a document declares itself expand to nothing, and time and memory grow with the size of
-/// the document only. What would break that ends the reading, with the same errors: far more
-/// names, attributes or namespaces than feeds use, a long DTD, attributes' default values.
+/// without a feed element is `notAFeed`. Nothing outside `bytes` is ever read, and time and
+/// memory grow with the size of the document only. What would break that ends the reading as
+/// `malformed`: far more names, attributes or namespaces than feeds use, a long DTD, attributes'
+/// default values, entities that expand to megabytes.
 ///
 /// Relative addresses are completed (see AddressBase.h); `address` is where the document was
-/// fetched from, when that is known.
-ParsedFeedResult parseFeed(std::string_view bytes, std::string_view address = {});
+/// fetched from, when that is known. A feed whose reading reaches `limit` is `malformed`.
+ParsedFeedResult parseFeed(std::string_view bytes, std::string_view address = {},
+                           const WorkLimit& limit = {});
 
 }  // namespace newsroom

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cstdint>
 
+#include "NewsroomKit/Text/ASCII.h"
+
 namespace newsroom {
 namespace {
 
@@ -115,7 +117,97 @@ std::string_view withoutDeclaration(std::string_view text) {
     return end == std::string_view::npos ? text : text.substr(end + 2);
 }
 
+constexpr auto none = std::string_view::npos;
+
+/// Where the text goes on behind the first `ending`.
+std::size_t behind(std::string_view text, std::string_view ending, std::size_t from) {
+    const auto at = text.find(ending, from);
+    return at == none ? text.size() : at + ending.size();
+}
+
+/// Behind the document type at `at`, whose declarations may hold any character in quotes.
+std::size_t behindDocumentType(std::string_view text, std::size_t at) {
+    bool inSubset = false;
+    while ((at = text.find_first_of("\"'[]>", at)) != none) {
+        const char c = text[at];
+        if (c == '"' || c == '\'') {
+            at = behind(text, text.substr(at, 1), at + 1);
+            continue;
+        }
+        if (c == '[' || c == ']') inSubset = c == '[';
+        ++at;
+        if (c == '>' && !inSubset) return at;
+    }
+    return text.size();
+}
+
+/// Behind the part at `at` in which "&" has no meaning; `at` when no such part begins there.
+std::size_t behindVerbatim(std::string_view text, std::size_t at) {
+    const auto rest = text.substr(at);
+    if (rest.starts_with("<![CDATA[")) return behind(text, "]]>", at);
+    if (rest.starts_with("<!--")) return behind(text, "-->", at + 4);
+    if (rest.starts_with("<?")) return behind(text, "?>", at);
+    if (rest.starts_with("<!DOCTYPE")) return behindDocumentType(text, at);
+    return at;
+}
+
+bool beginsReference(std::string_view text, std::size_t at,
+                     const std::function<bool(std::string_view)>& isKnown) {
+    constexpr std::size_t longestName = 64;
+    const auto end = text.substr(at, longestName).find(';');
+    if (end == none || end < 2) return false;
+    auto name = text.substr(at + 1, end - 1);
+    if (!name.starts_with('#')) return isKnown(name);
+    name.remove_prefix(1);
+    const bool hexadecimal = name.starts_with('x');
+    if (hexadecimal) name.remove_prefix(1);
+    return !name.empty() && std::all_of(name.begin(), name.end(), [&](char c) {
+        return hexadecimal ? hexValue(c) >= 0 : isASCIIDigit(c);
+    });
+}
+
+/// The name of the start tag at `at` without its prefix; empty when none begins there.
+std::string_view rootName(std::string_view text, std::size_t at) {
+    constexpr std::size_t longestRoot = 64;
+    const auto tag = text.substr(at + 1, longestRoot);
+    const auto name = tag.substr(0, tag.find_first_of(" \t\r\n/>"));
+    return name.substr(name.rfind(':') + 1);
+}
+
 }  // namespace
+
+std::string withStrayAmpersandsEscaped(std::string_view document,
+                                       const std::function<bool(std::string_view)>& isKnown) {
+    std::string escaped;
+    escaped.reserve(document.size() + document.size() / 16);
+    std::size_t copied = 0;
+    for (auto at = document.find_first_of("<&"); at != none;
+         at = document.find_first_of("<&", at)) {
+        if (document[at] == '<') {
+            at = std::max(at + 1, behindVerbatim(document, at));
+            continue;
+        }
+        const auto name = at++;
+        if (beginsReference(document, name, isKnown)) continue;
+        escaped.append(document.substr(copied, at - copied)).append("amp;");
+        copied = at;
+    }
+    return escaped.append(document.substr(copied));
+}
+
+bool isMeantAsFeed(std::string_view document) {
+    if (!document.starts_with('<')) return false;
+    for (auto at = document.find('<'); at != none; at = document.find('<', at + 1)) {
+        const auto name = rootName(document, at);
+        for (const std::string_view root : {"rss", "feed", "rdf"}) {
+            if (equalsLowercase(name, root)) return true;
+        }
+        for (const std::string_view part : {"html", "head", "body"}) {
+            if (equalsLowercase(name, part)) return false;
+        }
+    }
+    return false;
+}
 
 std::string_view withoutForbiddenCharacters(std::string_view text, std::string& storage) {
     text = withoutDeclaration(withoutStart(text));

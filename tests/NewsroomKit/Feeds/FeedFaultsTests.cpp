@@ -96,13 +96,48 @@ TEST(FeedFaults, AnythingElseThatIsNotWellFormedIsMalformed) {
     const auto whole = withTitle("T");
     const std::string cases[] = {
         whole.substr(0, whole.size() - 1), whole.substr(0, whole.find("</title>")), "<rss><channel>", "<rss",
-        withTitle("a & b"), withTitle("&unheardof;"), withTitle("<b>"), whole + "<rss/>",
+        withTitle("a & b <b>"), withTitle("<b>"), whole + "<rss/>", "<rss a='1' a='2'/>",
         "<rss><channel><item a='1' a='2'/></channel></rss>", withTitle("<![CDATA[ "),
     };
     for (const auto& document : cases) EXPECT_EQ(titleOf(document), "(malformed)") << document;
 }
 
-TEST(FeedFaults, EntitiesThatADocumentDeclaresExpandToNothing) {
+TEST(FeedFaults, AmpersandsThatBeginNoReferenceAreText) {
+    const std::pair<std::string, std::string_view> cases[] = {
+        {withTitle("Fish & chips"), "Fish & chips"},
+        {withTitle("AT&T; R&D, Q&A;"), "AT&T; R&D, Q&A;"},
+        {withTitle("&unheardof; &#xZZ; &# &eacute; &amp; &#233;"),
+         "&unheardof; &#xZZ; &# é & é"},
+        {withTitle("a & <![CDATA[b & &c; <]]>&d;"), "a & b & &c; <&d;"},
+        {"<rss><!-- & -->" + withTitle("a & b").substr(5), "a & b"},
+        {"<rss x='a&b=c'>" + withTitle("T").substr(5), "T"},
+        {"<!DOCTYPE rss [<!ENTITY own 'Quay>'>]>" + withTitle("&own; & &other;"), "Quay> & &other;"},
+    };
+    for (const auto& [document, title] : cases) EXPECT_EQ(titleOf(document), title) << document;
+}
+
+TEST(FeedFaults, EntitiesThatADocumentDeclaresExpand) {
+    const auto declaring = [](const std::string& declarations, const std::string& title) {
+        return "<!DOCTYPE rss [" + declarations + "]>" + withTitle(title);
+    };
+    const std::pair<std::string, std::string_view> cases[] = {
+        {declaring("<!ENTITY desk 'Quay &amp; Pier'>", "&desk;: &desk;"),
+         "Quay & Pier: Quay & Pier"},
+        {declaring("<!ENTITY a '1&b;'><!ENTITY b '2'><!ENTITY b '3'>", "&a;"), "12"},
+        {declaring("<!ENTITY e '&#233;&#38;#60;&eacute;&nothing;'>", "&e;"), "é<é&nothing;"},
+        {declaring("<!ENTITY nbsp '_'>", "a&nbsp;b&eacute;"), "a_bé"},
+        {declaring("<!ENTITY loop 'x&loop;'>", "&loop;"), "(malformed)"},
+    };
+    for (const auto& [document, title] : cases) EXPECT_EQ(titleOf(document), title) << document;
+
+    const auto parsed = parseFeed(
+        "<!DOCTYPE feed [<!ENTITY site 'https://quay.example/?a=1&#38;amp;t=&#38;lt;'>]>"
+        "<feed><entry><title>T</title><link href='&site;2'/></entry></feed>");
+    ASSERT_TRUE(parsed.has_value());
+    EXPECT_EQ(parsed.value().entries.at(0).link, "https://quay.example/?a=1&t=<2");
+}
+
+TEST(FeedFaults, EntitiesThatWouldFillTheMemoryEndTheReading) {
     std::string bomb = "<!DOCTYPE rss [<!ENTITY l0 \"lol\">";
     for (int i = 1; i < 10; ++i) {
         bomb += "<!ENTITY l" + std::to_string(i) + " \"";
@@ -111,6 +146,38 @@ TEST(FeedFaults, EntitiesThatADocumentDeclaresExpandToNothing) {
     }
     EXPECT_EQ(titleOf(bomb + "]>" + withTitle("&l9;")), "(malformed)");
     EXPECT_EQ(titleOf(bomb + "]>" + withTitle("T")), "T");
+    EXPECT_EQ(titleOf(bomb + "]>" + withTitle("&l2;")).size(), 300U);
+
+    std::string chain = "<!DOCTYPE rss [<!ENTITY c0 'x'>";
+    for (int i = 1; i < 1'500; ++i) {
+        chain += "<!ENTITY c" + std::to_string(i) + " '&c" + std::to_string(i - 1) + ";'>";
+    }
+    EXPECT_EQ(titleOf(chain + "]>" + withTitle("&c1499;")), "(malformed)");
+
+    std::string often = "<!DOCTYPE rss [<!ENTITY long '" + std::string(50'000, 'x') + "'>]>";
+    for (int i = 0; i < 1'000; ++i) often += "<rss a='&long;'>";
+    EXPECT_EQ(titleOf(often), "(malformed)");
+}
+
+TEST(FeedFaults, AFeedBehindAnOddDocumentTypeIsMalformedAndAWebPageIsNoFeed) {
+    const std::pair<std::string, std::string_view> cases[] = {
+        {"<!DOCTYPE rss PUBLIC \"-//Quay//RSS>" + withTitle("T"), "(malformed)"},
+        {"<!doctype rss>" + withTitle("T"), "(malformed)"},
+        {"<!DOCTYPE rss [<!ENTITY x '<b>'> %unknown ]><rdf:RDF></rdf:RDF>", "(malformed)"},
+        {"<!DOCTYPE html PUBLIC \"-//W3C><html><body><rss></body></html>", "(notAFeed)"},
+        {"<!DOCTYPE html [ <feedback><p>x", "(notAFeed)"},
+        {"{\"text\": \"<rss>\"}", "(notAFeed)"},
+    };
+    for (const auto& [document, title] : cases) EXPECT_EQ(titleOf(document), title) << document;
+}
+
+TEST(FeedFaults, AReadingThatIsStoppedEndsAsMalformed) {
+    std::stop_source stop;
+    const WorkLimit limit(stop.get_token(), WorkLimit::Clock::time_point::max());
+    EXPECT_TRUE(parseFeed(withTitle("T"), {}, limit).has_value());
+    stop.request_stop();
+    EXPECT_FALSE(parseFeed(withTitle("T"), {}, limit).has_value());
+    EXPECT_FALSE(parseFeed(withTitle("T"), {}, WorkLimit({}, WorkLimit::Clock::now())).has_value());
 }
 
 TEST(FeedFaults, NoFileIsReadForADocument) {
@@ -160,7 +227,7 @@ TEST(FeedFaults, HostileDocumentsEndSoon) {
         {"<rss><channel><item><title>T</title><x" + attributes + "/></item></channel></rss>",
          "(malformed)"},
         {"<!DOCTYPE rss [" + repeated("<!ATTLIST x a CDATA 'v'>", 5'000) + "]>" + withTitle("T"),
-         "(notAFeed)"},
+         "(malformed)"},
         {withTitle(repeated("&nbsp;", 900'000)).substr(0, 5'400'000), "(malformed)"},
         {"<rss><!--" + repeated("-x", 2'000'000), "(malformed)"},
         {withTitle(repeated("&#1;", 1'000'000)), ""},
@@ -201,15 +268,15 @@ TEST(FeedFaults, DTDsAreReadWithinMeasure) {
     const std::pair<std::string, std::string> cases[] = {
         {withSubset("<!ENTITY e 'x'><!ELEMENT rss ANY><!ATTLIST a b CDATA #IMPLIED>"), "T"},
         {withSubset("<!ATTLIST a" + numbered(" a", 2'000, " (x|y) #IMPLIED") + ">"), "T"},
-        {withSubset("<!ATTLIST a b CDATA 'v'>"), "(notAFeed)"},
-        {withSubset("<!ATTLIST a b CDATA #FIXED 'v'>"), "(notAFeed)"},
-        {withSubset("<!ATTLIST a" + numbered(" a", 990, " CDATA 'v'") + ">"), "(notAFeed)"},
-        {withSubset("<!ATTLIST a" + numbered(" xmlns:a", 990, " CDATA 'v'") + ">"), "(notAFeed)"},
-        {withSubset("<!ATTLIST a b CDATA '" + std::string(50'000, 'v') + "'>"), "(notAFeed)"},
-        {withSubset(numbered("<!ENTITY e", 200'000, " 'x'>")), "(notAFeed)"},
+        {withSubset("<!ATTLIST a b CDATA 'v'>"), "(malformed)"},
+        {withSubset("<!ATTLIST a b CDATA #FIXED 'v'>"), "(malformed)"},
+        {withSubset("<!ATTLIST a" + numbered(" a", 990, " CDATA 'v'") + ">"), "(malformed)"},
+        {withSubset("<!ATTLIST a" + numbered(" xmlns:a", 990, " CDATA 'v'") + ">"), "(malformed)"},
+        {withSubset("<!ATTLIST a b CDATA '" + std::string(50'000, 'v') + "'>"), "(malformed)"},
+        {withSubset(numbered("<!ENTITY e", 200'000, " 'x'>")), "(malformed)"},
         {withSubset("<!--'-->" + numbered("<!ENTITY e", 200'000, " '>'>") + "<!--'-->"),
-         "(notAFeed)"},
-        {withSubset("<!--" + std::string(5'000'000, 'x') + "-->"), "(notAFeed)"},
+         "(malformed)"},
+        {withSubset("<!--" + std::string(5'000'000, 'x') + "-->"), "(malformed)"},
     };
     for (const auto& [document, title] : cases) expectSoon(document, title);
 }
@@ -220,6 +287,16 @@ TEST(FeedFaults, FeedsRichInNamesAndAttributesAreNotTakenForHostile) {
     EXPECT_EQ(titleOf(root + "><channel>" + repeated(tag, 50'000) + numbered("<e", 2'000, "/>") +
                       "<item><title>T</title></item></channel></rss>"),
               "T");
+}
+
+TEST(FeedFaults, AnItemMayHoldThousandsOfPictures) {
+    const auto pictures = numbered("<img src=\"https://a.example/", 40'000, ".png\">\n");
+    for (const std::string& html : {"<![CDATA[" + pictures + "]]>", "<![CDATA['" + pictures + "]]>"}) {
+        const auto parsed = parseFeed("<rss><channel><item><title>T</title><description>" + html +
+                                      "</description></item></channel></rss>");
+        ASSERT_TRUE(parsed.has_value());
+        EXPECT_EQ(parsed.value().entries.at(0).imageURL, "https://a.example/0.png");
+    }
 }
 
 TEST(FeedFaults, LongTitlesAndLongAttributesAreKept) {

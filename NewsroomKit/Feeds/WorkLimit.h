@@ -1,0 +1,28 @@
+#pragma once
+
+#include <chrono>
+#include <stop_token>
+#include <utility>
+
+namespace newsroom {
+
+/// Ends work that nobody waits for any longer: the program ends, or the work has taken far more
+/// time than any real feed needs. Long loops ask it between two steps.
+class WorkLimit {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    /// Work without end.
+    WorkLimit() = default;
+
+    WorkLimit(std::stop_token stop, Clock::time_point deadline)
+        : stop_(std::move(stop)), deadline_(deadline) {}
+
+    bool isReached() const { return stop_.stop_requested() || Clock::now() >= deadline_; }
+
+private:
+    std::stop_token stop_;
+    Clock::time_point deadline_ = Clock::time_point::max();
+};
+
+}  // namespace newsroom
