@@ -1,7 +1,9 @@
 #include "NewsroomKit/Ingestion/FeedClient.h"
 
+#include <chrono>
 #include <exception>
 #include <optional>
+#include <stop_token>
 
 #include <boost/asio/as_tuple.hpp>
 #include <boost/asio/bind_cancellation_slot.hpp>
@@ -24,6 +26,9 @@ namespace {
 // A page names its main feed first; what follows are feeds of comments and sections.
 constexpr std::size_t kMostLinksTried = 3;
 
+// Even the most tedious document takes a tenth of it.
+constexpr std::chrono::seconds kLongestReading{10};
+
 constexpr std::string_view kNoStories = "That feed has no stories in it.";
 
 SourceFetch::Failed failedWith(const FetchError& error) {
@@ -39,6 +44,7 @@ struct FeedClient::Reading {
     std::variant<SourceFetch::Stories, FeedParserError> result = FeedParserError::notAFeed;
     std::vector<std::string> feedLinks = {};  ///< of a web page
     std::string pageTitle = {};
+    bool isAbandoned = false;  ///< the fetch was cancelled meanwhile
 };
 
 /// One pass over many sources: the queue, and an alarm for workers that wait until a host
@@ -82,6 +88,11 @@ asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const Ne
     if (!fresh) co_return fetch;
 
     auto reading = co_await read(std::move(fresh->body), source, address);
+    if (reading.isAbandoned) {
+        http_.validators().forget(address);
+        fetch.outcome = failedWith(FetchError(URLError::cancelled));
+        co_return fetch;
+    }
     if (auto* stories = std::get_if<SourceFetch::Stories>(&reading.result)) {
         if (stories->list.empty()) {
             http_.validators().forget(address);
@@ -118,12 +129,23 @@ asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const Ne
 
 asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const NewsSource& source,
                                                       std::string address) {
+    // The cancellation itself would end the coroutine on a thread of the pool, where nobody
+    // could catch it. It only tells the work to stop.
+    const auto cancellation = co_await asio::this_coro::cancellation_state;
+    std::stop_source stop;
+    if (cancellation.cancelled() != asio::cancellation_type::none) stop.request_stop();
+    auto slot = cancellation.slot();
+    if (slot.is_connected()) {
+        slot.assign([stop](asio::cancellation_type) mutable { stop.request_stop(); });
+    }
+
     const auto parseOnWorker = [&]() -> asio::awaitable<Reading> {
+        const WorkLimit limit(stop.get_token(), WorkLimit::Clock::now() + kLongestReading);
         Reading reading;
-        auto parsed = parseFeed(body, address);
+        auto parsed = parseFeed(body, address, limit);
         if (parsed) {
             reading.result = SourceFetch::Stories{
-                .list = conversion_.stories(parsed.value().entries, source, clock_()),
+                .list = conversion_.stories(parsed.value().entries, source, clock_(), limit),
                 .feedTitle = std::move(parsed.value().title),
                 .feedURL = address};
         } else {
@@ -138,13 +160,14 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
                 reading.feedLinks.resize(kMostLinksTried);
             }
         }
+        reading.isAbandoned = stop.stop_requested();
         co_return reading;
     };
-    // Parsing takes no notice of a cancellation: it would end on a thread of the pool, where
-    // nobody could catch it.
-    co_return co_await asio::co_spawn(
+    auto reading = co_await asio::co_spawn(
         workers_, parseOnWorker,
         asio::bind_cancellation_slot(asio::cancellation_slot(), asio::use_awaitable));
+    if (slot.is_connected()) slot.clear();
+    co_return reading;
 }
 
 asio::awaitable<void> FeedClient::work(Pass& pass) {

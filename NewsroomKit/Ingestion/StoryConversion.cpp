@@ -19,6 +19,7 @@ namespace {
 constexpr std::size_t kPostExcerptCharacters = 1000;
 constexpr std::size_t kExcerptCharacters = 420;
 constexpr std::size_t kAuthorCharacters = 80;
+constexpr std::size_t kLongestLink = 64 * 1024;
 
 /// Some feeds begin every excerpt with the outlet's own name: "Example: The news …".
 std::string withoutLeadingName(std::string text, std::string_view name) {
@@ -85,7 +86,7 @@ std::optional<std::string> authorOf(const FeedEntry& entry, const NewsSource& so
 /// The post number in the guid of the system's own blog: "https://…/?p=1234".
 std::optional<std::int64_t> postNumber(const std::string& guid) {
     const auto question = guid.find('?');
-    if (question == std::string::npos) return std::nullopt;
+    if (question == std::string::npos || guid.size() > kLongestLink) return std::nullopt;
     const auto query = std::string_view(guid).substr(question + 1);
     for (const auto& item : WebAddress::queryItems(query.substr(0, query.find('#')))) {
         if (item.name != "p") continue;
@@ -128,7 +129,9 @@ std::optional<Story> StoryConversion::convert(const FeedEntry& entry, const News
     const bool isSearch = source.format == NewsSource::Format::googleNews;
 
     // 1. to 3. An item without a headline or a link that opens is no story.
-    story.link = links_.of(entry.link.empty() ? entry.guid : entry.link);
+    const auto& written = entry.link.empty() ? entry.guid : entry.link;
+    if (written.size() > kLongestLink) return std::nullopt;
+    story.link = links_.of(written);
     story.title = cleanHeadline(entry.title);
     const auto address = WebAddress::parse(story.link);
     if (story.title.empty() || !address || !address->isHTTP()) return std::nullopt;
@@ -168,11 +171,13 @@ std::optional<Story> StoryConversion::convert(const FeedEntry& entry, const News
 }
 
 std::vector<Story> StoryConversion::stories(const std::vector<FeedEntry>& entries,
-                                            const NewsSource& source, Instant now) const {
+                                            const NewsSource& source, Instant now,
+                                            const WorkLimit& limit) const {
     std::vector<Story> stories;
     stories.reserve(entries.size());
     const auto feedHost = siteHostOf(source.feedURL);
     for (const auto& entry : entries) {
+        if (limit.isReached()) break;
         if (auto made = convert(entry, source, now, feedHost)) stories.push_back(std::move(*made));
     }
     return stories;

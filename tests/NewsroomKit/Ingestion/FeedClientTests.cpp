@@ -162,6 +162,33 @@ TEST_F(FeedClientTest, RelativeLinksAreCompletedByTheAddressOfTheFeed) {
     EXPECT_EQ(stories->list.at(0).link, "https://relative.example/1");
 }
 
+TEST_F(FeedClientTest, ACancelledFetchAbandonsTheParsingOfItsBody) {
+    serve("long.example", "/feed", {.body = feedOf(3)});
+    // The workers are busy, so the body waits for them when the cancellation comes.
+    std::promise<void> release;
+    const auto released = release.get_future().share();
+    for (int worker = 0; worker < 2; ++worker) {
+        asio::post(workers_, [released] { released.wait(); });
+    }
+    asio::cancellation_signal cancel;
+    SourceFetch fetched;
+    asio::co_spawn(io_, client_.fetch(at("https://long.example/feed")),
+                   asio::bind_cancellation_slot(
+                       cancel.slot(), [&](const std::exception_ptr&, SourceFetch outcome) {
+                           fetched = std::move(outcome);
+                       }));
+    asio::steady_timer timer(io_, std::chrono::milliseconds(300));
+    timer.async_wait([&](auto) {
+        cancel.emit(asio::cancellation_type::terminal);
+        release.set_value();
+    });
+    run();
+    const auto* failed = std::get_if<SourceFetch::Failed>(&fetched.outcome);
+    ASSERT_TRUE(failed);
+    EXPECT_TRUE(failed->cancelled);
+    EXPECT_GT(fetched.record.status, 0) << "the answer had come";
+}
+
 TEST_F(FeedClientTest, ABodyThatDidNotParseIsAskedForAgainInFull) {
     const auto tagged = [](std::string body) {
         return Response{.headers = {{"ETag", "\"1\""}}, .body = std::move(body)};

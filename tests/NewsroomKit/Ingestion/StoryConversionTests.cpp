@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "NewsroomKit/Ingestion/StoryConversion.h"
 #include "NewsroomKit/Stories/StoryIdentity.h"
 
@@ -49,6 +51,25 @@ TEST_F(StoryConversionTest, AnEntryWithoutHeadlineOrWebLinkIsRefused) {
     byGuid.guid = "HTTP://Blog.example/a/#x";
     ASSERT_TRUE(convert(byGuid));
     EXPECT_EQ(convert(byGuid)->link, "https://blog.example/a");
+}
+
+TEST_F(StoryConversionTest, AnAbsurdLinkIsRefusedBeforeItCostsTime) {
+    std::string items = "https://blog.example/?";
+    for (int i = 0; i < 1'500'000; ++i) items += "b&a&";
+    std::string letters = "https://";
+    for (int i = 0; i < 1'000'000; ++i) letters += "ü";
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(convert(entry("Title", items)));
+    EXPECT_FALSE(convert(entry("Title", letters)));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+}
+
+TEST_F(StoryConversionTest, NothingIsConvertedBeyondTheLimitOfWork) {
+    const StoryConversion conversion(links_);
+    const std::vector<FeedEntry> entries{entry("One"), entry("Two", "https://blog.example/b")};
+    EXPECT_EQ(conversion.stories(entries, blog(), kNow).size(), 2u);
+    const WorkLimit reached({}, WorkLimit::Clock::now());
+    EXPECT_TRUE(conversion.stories(entries, blog(), kNow, reached).empty());
 }
 
 TEST_F(StoryConversionTest, DecorationsAreCutFromTheHeadlineOnceEach) {
