@@ -6,6 +6,7 @@
 #include <chrono>
 #include <thread>
 
+#include "Tarnwick_Brell/Storage/PrivateFiles.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace desk {
@@ -149,6 +150,8 @@ std::optional<std::int64_t> Statement::optionalNumber(int column) const {
 void Database::Closer::operator()(sqlite3* database) const { sqlite3_close_v2(database); }
 
 Database::Database(const std::filesystem::path& file, Access access) : file_(file) {
+    // SQLite gives the log and its index the rights of the file.
+    if (access != Access::readOnly && file != kInMemory) makePrivateFile(file);
     const int code = access == Access::readOnly
                          ? openForReading()
                          : open(file.string(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include "NewsroomKit/Signals/DeviceIdentifier.h"
+#include "Tarnwick_Brell/Storage/PrivateFiles.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace desk {
@@ -51,6 +52,9 @@ void Defaults::set(std::string_view name, std::string_view value) {
 }
 
 void Defaults::write() {
+    // Qt keeps the rights that the file has.
+    makePrivateFolder(file_.parent_path());
+    makePrivateFile(file_);
     settings_->sync();
     if (settings_->status() != QSettings::NoError) {
         // The object would report this failure for ever; what was to be written goes with it.

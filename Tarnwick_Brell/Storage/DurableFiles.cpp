@@ -8,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "Tarnwick_Brell/Storage/PrivateFiles.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace desk {
@@ -49,9 +50,7 @@ void moveIntoPlace(const fs::path& from, const fs::path& to) {
 }
 
 void makeFolder(const fs::path& folder) {
-    std::error_code error;
-    fs::create_directories(folder, error);
-    if (error) fail(folder, error.value());
+    if (const auto error = makePrivateFolder(folder)) fail(folder, error.value());
 }
 
 std::optional<FileLock> FileLock::take(const fs::path& file, Wait wait, Kind kind) {

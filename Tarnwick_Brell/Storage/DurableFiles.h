@@ -12,7 +12,7 @@ void makeDurable(const std::filesystem::path& file);
 /// file or the new one. Both lie in the same folder. Throws StoreError.
 void moveIntoPlace(const std::filesystem::path& from, const std::filesystem::path& to);
 
-/// Makes a folder that may be there already. Throws StoreError.
+/// Makes a folder for this user alone, unless it is there already. Throws StoreError.
 void makeFolder(const std::filesystem::path& folder);
 
 /// A file that one program at a time holds, or several that share it. It is let go when its

@@ -1,8 +1,10 @@
 #include "Tarnwick_Brell/Storage/Paths.h"
 
 #include <cstdlib>
+#include <string>
 #include <system_error>
 
+#include "Tarnwick_Brell/Storage/PrivateFiles.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace desk {
@@ -18,6 +20,35 @@ std::filesystem::path baseDirectory(const char* variable, const char* belowHome)
     return std::filesystem::path(home && *home ? home : "/") / belowHome;
 }
 
+/// Whether the desk makes files or folders of this name.
+bool isOurs(const std::string& name) {
+    return name.starts_with("library.") || name.starts_with("settings.ini") || name == "backups" ||
+           name == "demo" || name == "world-start";
+}
+
+void keepFilesPrivate(const std::filesystem::path& folder) {
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, none)) {
+        takeOthersRights(entry.path());
+    }
+}
+
+/// A folder that somebody chose for the desk and that holds other things, perhaps a home folder,
+/// keeps its rights; the desk's files in it are private all the same.
+void keepPrivate(const std::filesystem::path& folder) {
+    bool isOursAlone = true;
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, none)) {
+        if (!isOurs(entry.path().filename().string())) {
+            isOursAlone = false;
+            continue;
+        }
+        takeOthersRights(entry.path());
+        if (entry.path().filename() == "backups") keepFilesPrivate(entry.path());
+    }
+    if (isOursAlone || folder.filename() == kFolder) takeOthersRights(folder);
+}
+
 }  // namespace
 
 Paths Paths::forUser(const std::optional<std::filesystem::path>& dataDir) {
@@ -27,14 +58,13 @@ Paths Paths::forUser(const std::optional<std::filesystem::path>& dataDir) {
 }
 
 void Paths::createFolders() const {
-    for (const auto& file : {library, settings}) {
-        std::error_code error;
-        std::filesystem::create_directories(file.parent_path(), error);
-        if (error) {
-            throw StoreError(StoreError::Reason::readOnly,
-                             "The folder " + file.parent_path().string() + " can't be made (" +
-                                 error.message() + ").");
+    for (const auto& folder : {library.parent_path(), settings.parent_path()}) {
+        if (const auto error = makePrivateFolder(folder)) {
+            throw StoreError(
+                StoreError::Reason::readOnly,
+                "The folder " + folder.string() + " can't be made (" + error.message() + ").");
         }
+        keepPrivate(folder);
     }
 }
 

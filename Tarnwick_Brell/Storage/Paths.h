@@ -13,7 +13,8 @@ struct Paths {
     /// By the XDG base directories, or everything in `dataDir` when one is named.
     static Paths forUser(const std::optional<std::filesystem::path>& dataDir);
 
-    /// Makes the folders of both files. Throws StoreError.
+    /// Makes the folders of both files, for this user alone, and takes other users' rights away
+    /// from what earlier versions made with them. Throws StoreError.
     void createFolders() const;
 };
 
