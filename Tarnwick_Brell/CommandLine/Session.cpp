@@ -61,6 +61,12 @@ desk::LocalStore& Session::storeForReading() {
     return *store_;
 }
 
+void Session::warnNothingStored(const desk::StoreError& error) {
+    using Reason = desk::StoreError::Reason;
+    if (error.reason() != Reason::diskFull && error.reason() != Reason::readOnly) throw;
+    fmt::print(stderr, "brell: What is fetched is shown but not stored. {}\n", error.what());
+}
+
 desk::Defaults& Session::defaults() {
     if (!defaults_) defaults_ = std::make_unique<desk::Defaults>(paths().settings);
     return *defaults_;

@@ -11,6 +11,7 @@
 #include "Tarnwick_Brell/Storage/Defaults.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Storage/Paths.h"
+#include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace brell {
 
@@ -32,6 +33,20 @@ public:
     desk::LocalStore& store();
     /// The library for a command that only reads; an empty one when there is none yet.
     desk::LocalStore& storeForReading();
+    /// Gives `work` the library, for a command that shows what it fetches and also stores it.
+    /// Where the library cannot be written, a full disk for example, the user is warned and the
+    /// work is done, once more if need be, with an empty library in memory.
+    template <class Work>
+    auto storing(const Work& work) {
+        try {
+            return work(store());
+        } catch (const desk::StoreError& error) {
+            warnNothingStored(error);
+        }
+        desk::LocalStore passing(desk::Database::kInMemory, desk::Database::Access::readWrite);
+        return work(passing);
+    }
+
     desk::Defaults& defaults();
 
     /// How to reach the network. To be asked before the store: for the demonstration it
@@ -39,6 +54,9 @@ public:
     newsroom::CurlTransport::Options network();
 
 private:
+    /// Throws the error that is being handled again when it tells of anything but a place that can't be written.
+    static void warnNothingStored(const desk::StoreError& error);
+
     GlobalOptions options_;
     Output out_;
     newsroom::Instant now_;

@@ -24,25 +24,19 @@ using NamedReadings = std::vector<NamedReading<T>>;
 /// Longer than a server that answers ever takes.
 inline constexpr std::chrono::seconds kSilence{10};
 
-/// Asks for each name, one after another: the service, or only the library when `isStored`.
-/// `ask` takes either, and the name. A server that is silent once is not waited for again.
+/// Asks the service for each name, one after another. A server that is silent once is not waited
+/// for again.
 template <class T, class Ask>
-NamedReadings<T> askSignals(Session& session, bool isStored, const std::vector<std::string>& names,
-                            Ask ask) {
+NamedReadings<T> fetchSignals(Engine& engine, desk::LocalStore& store,
+                              const std::vector<std::string>& names, const Ask& ask) {
     NamedReadings<T> readings;
     bool isSilent = false;
-    if (isStored) {
-        desk::LastSignals last(session.storeForReading());
-        for (const auto& name : names) readings.push_back({name, ask(last, name)});
-        return readings;
-    }
-    Engine engine(session.network(), newsroom::Conditional::no);
-    desk::SignalsRefresh refresh(session.store(), engine.http(), &currentInstant);
+    desk::SignalsRefresh refresh(store, engine.http(), &currentInstant);
     for (const auto& name : names) {
         showProgress("Asking, " + std::to_string(readings.size() + 1) + " of " +
                      std::to_string(names.size()));
         if (isSilent) {
-            desk::LastSignals last(session.store());
+            desk::LastSignals last(store);
             readings.push_back({name, ask(last, name)});
             readings.back().reading.error = name + ": The server is silent and was not asked.";
             continue;
@@ -53,6 +47,23 @@ NamedReadings<T> askSignals(Session& session, bool isStored, const std::vector<s
     }
     showProgress("");
     return readings;
+}
+
+/// Asks for each name: the service, or only the library when `isStored`. `ask` takes either, and
+/// the name.
+template <class T, class Ask>
+NamedReadings<T> askSignals(Session& session, bool isStored, const std::vector<std::string>& names,
+                            Ask ask) {
+    if (isStored) {
+        NamedReadings<T> readings;
+        desk::LastSignals last(session.storeForReading());
+        for (const auto& name : names) readings.push_back({name, ask(last, name)});
+        return readings;
+    }
+    Engine engine(session.network(), newsroom::Conditional::no);
+    return session.storing([&](desk::LocalStore& store) {
+        return fetchSignals<T>(engine, store, names, ask);
+    });
 }
 
 template <class T>

@@ -29,9 +29,11 @@ auto askTracker(Session& session, bool isStored, Ask ask) {
         return ask(lastGood);
     }
     Engine engine(session.network(), newsroom::Conditional::no);
-    desk::TrackerRefresh refresh(session.store(), engine.http(), &currentInstant,
-                                 session.defaults().serviceAddress());
-    return engine.await(ask(refresh));
+    return session.storing([&](desk::LocalStore& store) {
+        desk::TrackerRefresh refresh(store, engine.http(), &currentInstant,
+                                     session.defaults().serviceAddress());
+        return engine.await(ask(refresh));
+    });
 }
 
 /// How a command shows a value.

@@ -45,7 +45,9 @@ StoreError errorFor(int code, const std::filesystem::path& file, const std::stri
         case SQLITE_PERM: return readOnly;
         case SQLITE_CANTOPEN:
         case SQLITE_IOERR:
-            if (systemError == ENOSPC || systemError == EDQUOT) return diskFull;
+            if (systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG) {
+                return diskFull;
+            }
             if (systemError == EROFS || systemError == EACCES || systemError == EPERM) {
                 return readOnly;
             }
@@ -62,6 +64,14 @@ StoreError errorFor(int code, const std::filesystem::path& file, const std::stri
                         "last good backup in its place."};
         default: return {Reason::other, library + " failed (" + detail + ")."};
     }
+}
+
+/// With a log beside it the file alone shows an older state. An attempt to open the library where
+/// there is no room leaves an empty one.
+bool hasLog(const std::filesystem::path& file) {
+    std::error_code none;
+    const auto size = std::filesystem::file_size(file.string() + "-wal", none);
+    return !none && size > 0;
 }
 
 }  // namespace
@@ -180,14 +190,14 @@ int Database::open(const std::string& name, int flags) {
 
 int Database::openForReading() {
     // A WAL file needs its shared index beside it. Where that cannot be made, the folder is
-    // read-only and nobody writes, so the file may be read as it lies.
+    // read-only or the disk is full, and nobody writes, so the file may be read as it lies.
     const char* const probe = "SELECT count(*) FROM sqlite_schema";
     int code = open(file_.string(), SQLITE_OPEN_READONLY);
     if (code == SQLITE_OK) code = sqlite3_exec(handle_.get(), probe, nullptr, nullptr, nullptr);
     const int kind = code & 0xff;
-    // With a log beside it the file alone would show an older state.
-    const bool hasLog = std::filesystem::exists(file_.string() + "-wal");
-    if (!hasLog && (kind == SQLITE_CANTOPEN || kind == SQLITE_READONLY)) {
+    const bool lacksIndex = kind == SQLITE_CANTOPEN || kind == SQLITE_READONLY ||
+                            kind == SQLITE_IOERR || kind == SQLITE_FULL;
+    if (lacksIndex && !hasLog(file_)) {
         code = open(fileAddress(file_, "?immutable=1"), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
         if (code == SQLITE_OK) code = sqlite3_exec(handle_.get(), probe, nullptr, nullptr, nullptr);
     }

@@ -75,7 +75,7 @@ class Database {
 public:
     enum class Access {
         readWrite,  ///< creates the file when there is none
-        readOnly,   ///< leaves no trace; also reads from a folder that may not be written
+        readOnly,   ///< also reads from a folder that may not be written, or on a full disk
         unshared    ///< makes a file that nobody else knows yet, in one piece without a log
     };
 

@@ -19,7 +19,7 @@ namespace {
 
 [[noreturn]] void fail(const fs::path& file, int error) {
     using Reason = StoreError::Reason;
-    if (error == ENOSPC || error == EDQUOT) {
+    if (error == ENOSPC || error == EDQUOT || error == EFBIG) {
         throw StoreError(Reason::diskFull,
                          "The disk is full, so " + file.string() + " can't be written.");
     }
