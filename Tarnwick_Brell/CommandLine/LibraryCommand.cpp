@@ -11,6 +11,7 @@
 #include "Tarnwick_Brell/Storage/Backups.h"
 #include "Tarnwick_Brell/Storage/LibraryCheck.h"
 #include "Tarnwick_Brell/Storage/LibraryLock.h"
+#include "Tarnwick_Brell/Storage/LibraryRepair.h"
 #include "Tarnwick_Brell/Storage/LibraryRestore.h"
 #include "Tarnwick_Brell/Storage/LibraryUse.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
@@ -82,23 +83,61 @@ void noteCheck(Session& session) {
     }
 }
 
+/// Throws when there is none that this version can work on.
+desk::LibraryFindings checkedInFull(const fs::path& library) {
+    auto found = desk::checkLibrary(library, desk::CheckDepth::full);
+    if (found.state == LibraryState::absent) {
+        throw WorkFailed("There is no library at " + library.string() + ".");
+    }
+    if (found.state == LibraryState::newerVersion) throw WorkFailed(newerVersion(library));
+    return found;
+}
+
 int checkNow(Session& session) {
     const auto& library = session.paths().library;
-    const auto found = desk::checkLibrary(library);
-    switch (found.state) {
-        case LibraryState::absent:
-            throw WorkFailed("There is no library at " + library.string() + ".");
-        case LibraryState::newerVersion: throw WorkFailed(newerVersion(library));
-        case LibraryState::damaged: throw desk::damagedLibrary(library, found.fault);
-        case LibraryState::sound: break;
-    }
+    const auto found = checkedInFull(library);
+    if (found.state == LibraryState::damaged) throw desk::damagedLibrary(library, found.fault);
     noteCheck(session);
     if (session.options().json) {
-        session.out().line(boost::json::serialize(
-            boost::json::object{{"path", library.string()}, {"state", "sound"}}));
+        boost::json::object object{{"path", library.string()}, {"state", "sound"}};
+        if (!found.unchecked.empty()) object["unchecked"] = found.unchecked;
+        session.out().line(boost::json::serialize(object));
     } else {
         session.out().line("The library " + library.string() + " is sound.");
+        if (!found.unchecked.empty()) session.out().line(found.unchecked);
     }
+    return kDone;
+}
+
+desk::Repair repaired(Session& session) {
+    const auto& library = session.paths().library;
+    const auto alone = desk::keepLibraryAlone(library);
+    try {
+        return desk::repairLibrary(library, session.now());
+    } catch (const desk::StoreError& error) {
+        if (error.reason() != desk::StoreError::Reason::damaged) throw;
+        throw WorkFailed("The library " + library.string() +
+                         " can't be repaired, because its tables are damaged. \"brell library "
+                         "restore\" puts its last good backup in its place.");
+    }
+}
+
+int repair(Session& session) {
+    const auto& library = session.paths().library;
+    session.paths().createFolders();
+    const desk::LibraryLock lock(library, "brell library repair");
+    if (checkedInFull(library).state == LibraryState::sound) {
+        throw WorkFailed("The library " + library.string() +
+                         " is sound, so it was left as it is.");
+    }
+    const auto done = repaired(session);
+    if (session.options().json) {
+        session.out().line(boost::json::serialize(boost::json::object{
+            {"setAside", done.setAside.string()}, {"stories", done.stories}}));
+        return kDone;
+    }
+    session.out().line("The library that was there is now " + done.setAside.string() + ".");
+    session.out().line(fmt::format("The library was repaired. Stories in it: {}.", done.stories));
     return kDone;
 }
 
@@ -164,7 +203,7 @@ int restore(Session& session, const RestoreOptions& options) {
     session.paths().createFolders();
     const desk::LibraryLock lock(library, "brell library restore");
     const bool isWished = options.file || options.empty;
-    const auto state = desk::checkLibrary(library).state;
+    const auto state = desk::checkLibrary(library, desk::CheckDepth::full).state;
     if (state == LibraryState::newerVersion && !isWished) throw WorkFailed(newerVersion(library));
     if (state == LibraryState::sound && !isWished) {
         throw WorkFailed("The library " + library.string() +
@@ -178,12 +217,17 @@ int restore(Session& session, const RestoreOptions& options) {
 
 void addLibraryCommand(arguments::Command& app, Command& chosen) {
     auto command = app.subcommand(
-        "library", "Show where the library is and how it does; check, back up or restore it");
+        "library",
+        "Show where the library is and how it does; check, back up, repair or restore it");
     command.whenChosen([&chosen] { chosen = showLibrary; });
     command.subcommand("check", "Read the whole library and tell whether it is sound")
         .whenChosen([&chosen] { chosen = checkNow; });
     command.subcommand("backup", "Copy the library into its folder of backups")
         .whenChosen([&chosen] { chosen = backUpNow; });
+
+    command
+        .subcommand("repair", "Rebuild a damaged library from its tables and set the old one aside")
+        .whenChosen([&chosen] { chosen = repair; });
 
     auto options = std::make_shared<RestoreOptions>();
     auto restoring = command.subcommand(

@@ -5,24 +5,10 @@
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/Storage/Backups.h"
+#include "Tarnwick_Brell/Storage/LibraryCheck.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace brell {
-
-namespace {
-
-/// Before anything is written, since the backup is also the day's check of the library. Without
-/// room for a backup the desk goes on.
-void backUpDaily(const std::filesystem::path& library, newsroom::Instant now) {
-    try {
-        desk::Backups(library).makeIfDue(now);
-    } catch (const desk::StoreError& error) {
-        if (error.reason() == desk::StoreError::Reason::damaged) throw;
-        fmt::print(stderr, "brell: No backup of the library could be made. {}\n", error.what());
-    }
-}
-
-}  // namespace
 
 Session::Session(GlobalOptions options)
     : options_(std::move(options)),
@@ -37,7 +23,12 @@ desk::LocalStore& Session::store() {
         paths().createFolders();
         store_ =
             std::make_unique<desk::LocalStore>(paths().library, desk::Database::Access::readWrite);
-        backUpDaily(paths().library, now_);
+        // The quick check comes first: nothing is to be written into a damaged library.
+        const desk::Backups backups(paths().library);
+        if (backups.isDue(now_)) {
+            desk::requireSound(paths().library, now_);
+            backup_ = std::make_unique<DailyBackup>(paths().library, now_);
+        }
     }
     return *store_;
 }

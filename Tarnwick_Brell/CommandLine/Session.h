@@ -4,6 +4,7 @@
 
 #include "NewsroomKit/HTTP/CurlTransport.h"
 #include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/CommandLine/DailyBackup.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/Output.h"
 #include "Tarnwick_Brell/Shell/Premises.h"
@@ -64,6 +65,7 @@ private:
     std::unique_ptr<desk::LocalStore> store_;
     bool isForReading_ = false;
     std::unique_ptr<desk::Defaults> defaults_;
+    std::unique_ptr<DailyBackup> backup_;
 };
 
 }  // namespace brell

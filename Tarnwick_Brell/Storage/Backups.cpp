@@ -100,7 +100,7 @@ std::optional<Backup> Backups::makeIfDue(Instant now, const std::stop_token& sto
     // Another program may have made it just before this one got its turn.
     if (!lock || !isDue(now)) return std::nullopt;
     try {
-        auto backup = write(nameAt(now), stop);
+        auto backup = write(nameAt(now), CheckDepth::full, stop);
         dropOldest(now);
         return backup;
     } catch (const StoreError&) {
@@ -112,7 +112,7 @@ std::optional<Backup> Backups::makeIfDue(Instant now, const std::stop_token& sto
 Backup Backups::make(Instant now) const {
     makeFolder(folder_);
     const auto lock = FileLock::take(lockFile(), FileLock::Wait::untilFree);
-    auto backup = write(nameAt(now));
+    auto backup = write(nameAt(now), CheckDepth::full);
     dropOldest(now);
     return backup;
 }
@@ -123,13 +123,16 @@ void Backups::makeBeforeMigration() const {
     Database database(library_, Database::Access::readOnly);
     const auto version = versionOf(database);
     // Another program may have migrated the library while this one waited for its turn.
-    if (isOutdated(database)) write(fmt::format("{}{}{}", kVersion, version, kEnding));
+    if (isOutdated(database)) {
+        write(fmt::format("{}{}{}", kVersion, version, kEnding), CheckDepth::quick);
+    }
 }
 
-Backup Backups::write(const std::string& name, const std::stop_token& stop) const {
+Backup Backups::write(const std::string& name, CheckDepth depth,
+                      const std::stop_token& stop) const {
     // A name that no backup has: what a broken-off run leaves behind is no backup.
     const auto unfinished = folder_ / "unfinished";
-    copyLibrary(library_, unfinished, stop);
+    copyLibrary(library_, unfinished, depth, stop);
     const auto file = folder_ / name;
     moveIntoPlace(unfinished, file);
     return *backupIn(file);

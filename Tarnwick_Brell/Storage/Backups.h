@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Storage/LibraryCheck.h"
 
 namespace desk {
 
@@ -20,7 +21,8 @@ struct Backup {
 
 /// Copies of the library in the folder "backups" beside it: the last three, the newest of each
 /// of the last three days that have one, and what the library was before each of its versions.
-/// Each copy has passed its check before it takes its name, and only then an older one goes.
+/// Each copy has passed a full check before it takes its name, and only then an older one goes.
+/// Where the end of the program cuts that check short, the quick one before it counts.
 /// Has connections of its own, so any thread may ask for a backup; two programs don't make one
 /// at a time. Throws StoreError.
 class Backups {
@@ -39,12 +41,15 @@ public:
     /// Waits for another program that is just making one.
     Backup make(newsroom::Instant now) const;
 
-    /// What the library is before this program changes its tables.
+    /// What the library is before this program changes its tables. It is checked quickly, since
+    /// the user waits for it.
     void makeBeforeMigration() const;
 
-private:
+    /// Whether a day has gone by since the last one.
     bool isDue(newsroom::Instant now) const;
-    Backup write(const std::string& name, const std::stop_token& stop = {}) const;
+
+private:
+    Backup write(const std::string& name, CheckDepth depth, const std::stop_token& stop = {}) const;
     void dropOldest(newsroom::Instant now) const;
     std::filesystem::path lockFile() const { return folder_ / "lock"; }
 

@@ -161,7 +161,7 @@ void Database::Closer::operator()(sqlite3* database) const { sqlite3_close_v2(da
 
 Database::Database(const std::filesystem::path& file, Access access) : file_(file) {
     // SQLite gives the log and its index the rights of the file.
-    if (access != Access::readOnly && file != kInMemory) makePrivateFile(file);
+    if (access != Access::readOnly && file != kInMemory && file != kScratch) makePrivateFile(file);
     const int code = access == Access::readOnly
                          ? openForReading()
                          : open(file.string(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);

@@ -82,6 +82,9 @@ public:
     /// A library that lasts as long as its object.
     static constexpr const char* kInMemory = ":memory:";
 
+    /// A temporary file without a name, for unshared use. It goes with its object.
+    static constexpr const char* kScratch = "";
+
     Database(const std::filesystem::path& file, Access access);
 
     void execute(const char* sql);

@@ -11,7 +11,23 @@ namespace desk {
 
 namespace fs = std::filesystem;
 
-void copyLibrary(const fs::path& library, const fs::path& copy, const std::stop_token& stop) {
+namespace {
+
+/// Throws when the copy is damaged. A full check that is stopped has found nothing.
+void checkIndexes(Database& copy, const fs::path& library, const std::stop_token& stop) {
+    try {
+        auto fault = firstFault(copy, CheckDepth::full);
+        if (!fault) fault = searchIndexFault(copy);
+        if (fault) throw damagedLibrary(library, *fault);
+    } catch (const StoreError&) {
+        if (!stop.stop_requested()) throw;
+    }
+}
+
+}  // namespace
+
+void copyLibrary(const fs::path& library, const fs::path& copy, CheckDepth depth,
+                 const std::stop_token& stop) {
     const auto removeCopy = [&copy] {
         std::error_code ignored;
         fs::remove(copy, ignored);
@@ -22,7 +38,10 @@ void copyLibrary(const fs::path& library, const fs::path& copy, const std::stop_
         Database target(copy, Database::Access::unshared);
         source.copyInto(target, stop);
         target.breakOffWhen(stop);
-        if (const auto fault = firstFault(target)) throw damagedLibrary(library, *fault);
+        if (const auto fault = firstFault(target, CheckDepth::quick)) {
+            throw damagedLibrary(library, *fault);
+        }
+        if (depth == CheckDepth::full) checkIndexes(target, library, stop);
     } catch (const StoreError&) {
         removeCopy();
         throw;

@@ -3,13 +3,16 @@
 #include <filesystem>
 #include <stop_token>
 
+#include "Tarnwick_Brell/Storage/LibraryCheck.h"
+
 namespace desk {
 
 /// Copies a library, which others may be using, into a file of its own that needs no log
 /// beside it. The copy has passed its check and is safe on the disk when this returns;
 /// otherwise nothing is left of it. Throws StoreError: with the reason "damaged" when the copy
-/// failed its check, because what was copied is damaged, and when it was stopped.
+/// failed its check, because what was copied is damaged, and when it was stopped. A full check
+/// that is stopped after the quick one leaves the copy.
 void copyLibrary(const std::filesystem::path& library, const std::filesystem::path& copy,
-                 const std::stop_token& stop = {});
+                 CheckDepth depth, const std::stop_token& stop = {});
 
 }  // namespace desk

@@ -8,6 +8,7 @@
 #include "Tarnwick_Brell/Storage/DurableFiles.h"
 #include "Tarnwick_Brell/Storage/LibraryCheck.h"
 #include "Tarnwick_Brell/Storage/LibraryCopy.h"
+#include "Tarnwick_Brell/Storage/LibraryRepair.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace desk {
@@ -33,7 +34,9 @@ bool isAnythingPresent(const fs::path& library) {
 
 /// A name beside the library under which nothing lies yet.
 fs::path freeName(const fs::path& library, newsroom::Instant now) {
-    const auto* why = checkLibrary(library).state == LibraryState::damaged ? "damaged" : "replaced";
+    const bool isDamaged =
+        checkLibrary(library, CheckDepth::full).state == LibraryState::damaged;
+    const auto* why = isDamaged ? "damaged" : "replaced";
     const auto seconds = std::chrono::floor<std::chrono::seconds>(now);
     const auto stem = (library.parent_path() / library.stem()).string();
     for (int attempt = 1;; ++attempt) {
@@ -61,18 +64,39 @@ void giveName(const fs::path& library, const fs::path& name) {
     if (error) moveIntoPlace(library, name);
 }
 
-/// Copies the first sound backup to `copy`. The reason that the last one failed is thrown when
-/// it is the only one.
+bool copyIfSound(const fs::path& candidate, const fs::path& copy) {
+    if (checkLibrary(candidate, CheckDepth::full).state != LibraryState::sound) return false;
+    copyLibrary(candidate, copy, CheckDepth::quick);
+    return true;
+}
+
+/// A copy that an earlier version made may have faults in its indexes that it did not look for.
+bool copyIfRepairable(const fs::path& candidate, const fs::path& copy) {
+    if (checkLibrary(candidate, CheckDepth::quick).state != LibraryState::sound) return false;
+    try {
+        copyTables(candidate, copy);
+    } catch (const StoreError& error) {
+        if (error.reason() != StoreError::Reason::damaged &&
+            error.reason() != StoreError::Reason::olderVersion) {
+            throw;
+        }
+        return false;
+    }
+    return true;
+}
+
+/// Copies the first sound backup to `copy`, or the first that can be repaired when none is sound.
 void copyFirstSound(const std::vector<fs::path>& candidates, const fs::path& copy,
                     Restoration& restoration) {
-    for (const auto& candidate : candidates) {
-        if (checkLibrary(candidate).state != LibraryState::sound) {
+    for (const auto attempt : {copyIfSound, copyIfRepairable}) {
+        restoration.unsound.clear();
+        for (const auto& candidate : candidates) {
+            if (attempt(candidate, copy)) {
+                restoration.from = candidate;
+                return;
+            }
             restoration.unsound.push_back(candidate);
-            continue;
         }
-        copyLibrary(candidate, copy);
-        restoration.from = candidate;
-        return;
     }
     throw StoreError(StoreError::Reason::damaged,
                      candidates.size() == 1
@@ -94,15 +118,23 @@ Restoration restoreLibrary(const fs::path& library, const std::optional<fs::path
     // 1. The copy is whole, checked and on the disk before anything else is touched.
     const fs::path copy = library.string() + ".restoring";
     copyFirstSound(candidates, copy, restoration);
-    if (isAnythingPresent(library)) {
-        // 2. The old library gets its new name and loses its log.
-        restoration.setAside = freeName(library, now);
-        giveName(library, *restoration.setAside);
-        moveCompanions(library, *restoration.setAside);
-    }
-    // 3. One step puts the copy in its place.
-    moveIntoPlace(copy, library);
+    // 2. It takes the library's place.
+    restoration.setAside = putInPlace(copy, library, now);
     return restoration;
+}
+
+std::optional<fs::path> putInPlace(const fs::path& copy, const fs::path& library,
+                                   newsroom::Instant now) {
+    std::optional<fs::path> setAside;
+    if (isAnythingPresent(library)) {
+        // 1. The old library gets its new name and loses its log.
+        setAside = freeName(library, now);
+        giveName(library, *setAside);
+        moveCompanions(library, *setAside);
+    }
+    // 2. One step puts the copy in its place.
+    moveIntoPlace(copy, library);
+    return setAside;
 }
 
 std::optional<fs::path> setLibraryAside(const fs::path& library, newsroom::Instant now) {

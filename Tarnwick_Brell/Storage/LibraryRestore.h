@@ -28,4 +28,10 @@ Restoration restoreLibrary(const std::filesystem::path& library,
 std::optional<std::filesystem::path> setLibraryAside(const std::filesystem::path& library,
                                                      newsroom::Instant now);
 
+/// Puts `copy`, a sound library of its own beside it, in the library's place, as restoreLibrary
+/// does. Where the old one went, if there was one.
+std::optional<std::filesystem::path> putInPlace(const std::filesystem::path& copy,
+                                                const std::filesystem::path& library,
+                                                newsroom::Instant now);
+
 }  // namespace desk

@@ -6,6 +6,7 @@ import sqlite3
 import subprocess
 import time
 import unittest
+from pathlib import Path
 
 from bench import BIN, Desk, PressRoom
 from torture import Torture
@@ -124,6 +125,25 @@ class SafetyOfTheLibrary(unittest.TestCase):
             stream.write(b"\xa5" * 4096)
         self.assertIn("brell library restore", self.desk.run("refresh", status=1).stderr)
         self.assertEqual([file.name for file in folder.glob("library-*")], ["library-20200101T000000Z.sqlite"])
+
+    def test_indexes_that_do_not_fit_are_told_by_the_days_backup_and_repaired(self):
+        with contextlib.closing(sqlite3.connect(self.library)) as connection, connection:
+            connection.execute("INSERT INTO storySearch (storySearch, rowid, title, summary, author) SELECT 'delete', "
+                               "number, title, summary, author FROM stories LIMIT 1")
+        told = self.desk.run("read", "--all").stderr
+        self.assertIn("brell library repair", told)
+        self.assertEqual(list((self.desk.folder / "backups").glob("library-*")), [])
+        wire = self.wire()
+        self.assertIn("the search index does not fit", self.desk.run("library", "check", status=1).stderr)
+        set_aside = Path(self.desk.json("library", "repair")["setAside"])
+        self.assertTrue(set_aside.exists())
+        self.assertEqual(self.wire(), wire)
+        self.assertEqual(self.desk.json("library", "check")["state"], "sound")
+        self.assertIn("is sound", self.desk.run("library", "repair", status=1).stderr)
+        self.damage(self.library)
+        before = self.library.read_bytes()
+        self.assertIn("can't be repaired", self.desk.run("library", "repair", status=1).stderr)
+        self.assertEqual(self.library.read_bytes(), before)
 
     def test_a_newer_library_is_left_untouched_unless_a_backup_is_named(self):
         backup = self.desk.json("library", "backup")["backup"]
