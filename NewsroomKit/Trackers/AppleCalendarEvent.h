@@ -18,6 +18,11 @@ struct AppleCalendarEvent {
 
     bool isAnniversary() const;
     bool isReleased() const { return status == "released"; }
+    /// Nobody has announced it; the calendar only passes a rumour on.
+    bool isRumored() const;
+    /// Whether it is under way at `now`, when events take `length`. Anniversaries, what has been
+    /// released and what is only rumoured never are.
+    bool isOn(Instant now, Instant::duration length) const;
 
     bool operator==(const AppleCalendarEvent&) const = default;
 };

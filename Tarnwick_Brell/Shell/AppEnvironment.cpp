@@ -31,10 +31,10 @@ void AppEnvironment::goLiveForEvents() {
     if (!newsDesk_.isLoaded() || !trackers_.events().value) return;
     const auto now = clock_();
     for (const auto& event : *trackers_.events().value) {
-        const auto until = event.starts + RefreshCadence::kLongestLive;
-        const bool isOn = event.starts <= now && now < until;
-        if (!isOn || event.isReleased() || event.isAnniversary()) continue;
-        if (liveEvents_.insert(event.id).second) newsDesk_.goLive(until);
+        if (!event.isOn(now, RefreshCadence::kLongestLive)) continue;
+        if (liveEvents_.insert(event.id).second) {
+            newsDesk_.goLive(event.starts + RefreshCadence::kLongestLive);
+        }
     }
 }
 

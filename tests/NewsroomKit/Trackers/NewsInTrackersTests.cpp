@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "NewsroomKit/Trackers/AppleCalendarEvent.h"
 #include "NewsroomKit/Trackers/NewBuilds.h"
 #include "NewsroomKit/Trackers/ServiceProblems.h"
 
@@ -119,6 +120,22 @@ TEST(NewBuilds, OnlyABuildInTheTracksOfAnotherIsAnnounced) {
         EXPECT_EQ(keys, c.announced) << c.name;
         EXPECT_EQ(look.known, c.after) << c.name;
     }
+}
+
+TEST(AppleCalendarEvents, OnlyWhatIsToHappenIsUnderWay) {
+    using namespace std::chrono_literals;
+    const Instant start(1'800'000'000s);
+    const auto isOn = [&](const char* title, const char* status, Instant now) {
+        return AppleCalendarEvent{.title = title, .starts = start, .status = status}.isOn(now, 2h);
+    };
+    EXPECT_FALSE(isOn("Keynote", "announced", start - 1us));
+    EXPECT_TRUE(isOn("Keynote", "announced", start));
+    EXPECT_TRUE(isOn("Earnings call", "expected", start + 2h - 1us));
+    EXPECT_FALSE(isOn("Keynote", "announced", start + 2h));
+    for (const auto* status : {"rumored", "Rumoured", "rumor", "released"}) {
+        EXPECT_FALSE(isOn("Keynote", status, start)) << status;
+    }
+    EXPECT_FALSE(isOn("Ten-year Anniversary of the Keynote", "announced", start));
 }
 
 }  // namespace
