@@ -22,9 +22,8 @@ struct ServiceProblems {
     /// Pass absent lists for what has not loaded yet. Until the consumer status has, nothing
     /// changes. The first look (`known` absent) only remembers.
     ///
-    /// A developer status that has not loaded counts as one without problems, so those that
-    /// are remembered from it read as restored: look again only once both have loaded, or
-    /// begin with the last good copies.
+    /// A developer status that has not loaded counts as one without problems: those that are
+    /// remembered from it are restored.
     static ServiceProblems look(std::optional<Known> known,
                                 const std::optional<AppleServiceStatus::Services>& consumer,
                                 const std::optional<AppleServiceStatus::Services>& developer);

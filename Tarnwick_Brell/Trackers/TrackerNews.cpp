@@ -27,12 +27,6 @@ void TrackerNews::remember(std::string_view key, const Defaults::Memory& memory)
 void TrackerNews::look(const std::optional<Services>& consumer,
                        const std::optional<Services>& developer) {
     auto found = ServiceProblems::look(knownProblems_, consumer, developer);
-    if (!developer && consumer && knownProblems_) {
-        // Problems that are remembered from the developers' file have not ended because that
-        // file could not be read.
-        found.restored.clear();
-        found.known->insert(knownProblems_->begin(), knownProblems_->end());
-    }
     for (const auto& report : found.problems) {
         knownProblems_->emplace(report.id(), report.service);
         remember(Defaults::kKnownServiceProblems, *knownProblems_);

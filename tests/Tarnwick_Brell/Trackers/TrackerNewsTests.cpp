@@ -86,6 +86,18 @@ TEST_F(TrackerNewsTest, EachProblemIsRememberedJustBeforeItIsTold) {
     EXPECT_EQ(take(), (Told{"restored Mail [Maps|2.0=Maps]", "restored Maps "}));
 }
 
+TEST_F(TrackerNewsTest, AStatusThatHasNotLoadedCountsAsOneWithoutProblems) {
+    news_->look(troubled({{"Mail", 1}, {"Maps", 2}}), troubled({{"Kiosk", 3}}));
+    restart();
+    news_->look(std::nullopt, Services());
+    EXPECT_EQ(take(), Told()) << "nothing before the consumer status is there";
+    news_->look(troubled({{"Maps", 2}}), std::nullopt);
+    EXPECT_EQ(take(), (Told{"restored Kiosk [Mail|1.0=Mail][Maps|2.0=Maps]",
+                            "restored Mail [Maps|2.0=Maps]"}));
+    news_->look(troubled({{"Maps", 2}}), troubled({{"Kiosk", 3}}));
+    EXPECT_EQ(take(), (Told{"problem Kiosk [Kiosk|3.0=Kiosk][Maps|2.0=Maps]"}));
+}
+
 TEST_F(TrackerNewsTest, EachBuildIsRememberedJustBeforeItIsTold) {
     news_->look(releases("A", "B"));
     EXPECT_EQ(take(), Told());
