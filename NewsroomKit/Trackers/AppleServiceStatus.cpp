@@ -71,17 +71,23 @@ std::string_view withoutEnvelope(std::string_view body) {
     return body.substr(first, last - first + 1);
 }
 
-std::optional<Instant> instantOf(const std::optional<double>& milliseconds) {
-    return milliseconds ? instantFromSeconds(*milliseconds / kMillisecondsPerSecond) : std::nullopt;
+std::optional<double> secondsOf(const std::optional<double>& milliseconds) {
+    return milliseconds ? std::optional(*milliseconds / kMillisecondsPerSecond) : std::nullopt;
+}
+
+std::optional<Instant> instantOf(const std::optional<double>& seconds) {
+    return seconds ? instantFromSeconds(*seconds) : std::nullopt;
 }
 
 Incident incidentOf(RawStatusEvent raw) {
+    const auto start = secondsOf(raw.epochStartDate);
     return {.kind = std::move(raw.statusType).value_or("Issue"),
             .status = std::move(raw.eventStatus).value_or("ongoing"),
             .message = std::move(raw.message).value_or(""),
             .usersAffected = std::move(raw.usersAffected),
-            .started = instantOf(raw.epochStartDate),
-            .ended = instantOf(raw.epochEndDate)};
+            .started = instantOf(start),
+            .ended = instantOf(secondsOf(raw.epochEndDate)),
+            .exactStart = start};
 }
 
 Instant startOf(const Incident& incident) {
@@ -90,17 +96,20 @@ Instant startOf(const Incident& incident) {
 
 }  // namespace
 
-std::string decimalSeconds(Instant instant) {
-    // Room for any instant: 12 digits, a sign, the point and six digits behind it.
-    std::array<char, 32> buffer;
-    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
-                                       secondsSince1970(instant), std::chars_format::fixed);
+std::string decimalSeconds(double seconds) {
+    // Room for any number: up to 309 digits, or as many zeros before the digits of a tiny one.
+    std::array<char, 400> buffer;
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), seconds,
+                                       std::chars_format::fixed);
     std::string text(buffer.data(), written.ptr);
     if (text.find('.') == text.npos) text += ".0";
     return text;
 }
 
+std::string decimalSeconds(Instant instant) { return decimalSeconds(secondsSince1970(instant)); }
+
 std::string Report::id() const {
+    if (incident.exactStart) return service + "|" + decimalSeconds(*incident.exactStart);
     return service + "|" +
            (incident.started ? decimalSeconds(*incident.started) : incident.message);
 }

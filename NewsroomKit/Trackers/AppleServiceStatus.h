@@ -20,6 +20,9 @@ struct AppleServiceStatus {
         std::optional<std::string> usersAffected{};
         std::optional<Instant> started{};
         std::optional<Instant> ended{};
+        /// `started` as the file has it, in seconds since 1970. Ids are made from it, because an
+        /// Instant rounds to microseconds. No part of the JSON form.
+        std::optional<double> exactStart{};
 
         bool isOngoing() const { return status == "ongoing"; }
 
@@ -51,7 +54,8 @@ struct AppleServiceStatus {
 
     /// Reads a status file: the object itself, or the object wrapped into a script's call.
     /// An event without a status is ongoing: it stands in the file because something is wrong.
-    /// Starts and ends outside the years 1 to 9999 read as absent. Throws RecordError.
+    /// Starts and ends outside the years 1 to 9999 are no Instants and read as absent; ids are
+    /// made from such a start all the same. Throws RecordError.
     static Services parse(std::string_view body);
 
     /// One report for each service that has an ongoing incident: its first.
@@ -68,6 +72,7 @@ struct AppleServiceStatus {
 
 /// Seconds since 1970 in the shortest form that reads back equal, always with a fraction:
 /// "1700000000.0", "0.25". What ids of reports and notifications are made of.
+std::string decimalSeconds(double seconds);
 std::string decimalSeconds(Instant instant);
 
 template <>

@@ -1,3 +1,4 @@
+#include <limits>
 #include <unordered_set>
 
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@ constexpr std::string_view kFile = R"({"drMessage":null,"services":[
     {"eventStatus":"Ongoing","epochStartDate":1700000000000},
     {"eventStatus":"resolved","epochStartDate":null},
     {"eventStatus":"completed","epochStartDate":1700000900000}]},
-  {"serviceName":"Weather Vane","events":[{"message":"It spins.","epochStartDate":1e300}]},
+  {"serviceName":"Weather Vane","events":[{"message":"It spins.","epochStartDate":1e20}]},
   {"serviceName":"Quiet","events":[]}]})";
 
 std::vector<std::string> ids(const std::vector<Report>& reports) {
@@ -38,19 +39,21 @@ TEST(AppleServiceStatus, WhatTheFileLeavesOutIsFilledInAsPromised) {
                                                                    .message = "Mail was late.",
                                                                    .usersAffected = "Some users",
                                                                    .started = at(1700000000),
-                                                                   .ended = at(1700003600.5)}));
+                                                                   .ended = at(1700003600.5),
+                                                                   .exactStart = 1700000000}));
     EXPECT_EQ(services[0].events[1],
               (AppleServiceStatus::Incident{.kind = "Maintenance",
                                             .status = "ongoing",
                                             .message = "Mail rests.",
-                                            .started = at(1700000400.2505)}));
+                                            .started = at(1700000400.2505),
+                                            .exactStart = 1700000400.2505}));
     EXPECT_EQ(services[1].events[1],
               (AppleServiceStatus::Incident{.kind = "Issue", .status = "resolved"}));
 }
 
 TEST(AppleServiceStatus, EachServiceReportsOnlyItsFirstOngoingIncident) {
     EXPECT_EQ(ids(AppleServiceStatus::ongoingReports(AppleServiceStatus::parse(kFile))),
-              (std::vector<std::string>{"Orchard Mail|1700000400.2505", "Weather Vane|It spins."}));
+              (std::vector<std::string>{"Orchard Mail|1700000400.2505", "Weather Vane|100000000000000000.0"}));
 }
 
 TEST(AppleServiceStatus, RecentReportsAreNewestFirstAndNeverOngoing) {
@@ -113,6 +116,27 @@ TEST(AppleServiceStatus, SecondsAreDecimalsWithAFractionWhateverTheirSize) {
         {at(4102444800.25), "4102444800.25"},
     };
     for (const auto& [instant, text] : cases) EXPECT_EQ(decimalSeconds(instant), text);
+    EXPECT_EQ(decimalSeconds(-std::numeric_limits<double>::max()).size(), 312u);
+    EXPECT_EQ(decimalSeconds(5e-324).size(), 326u);
+}
+
+TEST(AppleServiceStatus, AnIDIsMadeOfTheVeryNumberOfTheFile) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"1700000000000", "Mail|1700000000.0"},
+        {"1700000000250.5", "Mail|1700000000.2505"},
+        // Finer than an Instant, and outside of the years that have Instants.
+        {"1700000000123.4567", "Mail|1700000000.1234567"},
+        {"0.00025", "Mail|0.00000025"},
+        {"1e18", "Mail|1000000000000000.0"},
+        {"-1e20", "Mail|-100000000000000000.0"},
+        {"null", "Mail|m"},
+    };
+    for (const auto& [number, id] : cases) {
+        const auto services = AppleServiceStatus::parse(
+            R"({"services":[{"serviceName":"Mail","events":[{"message":"m","epochStartDate":)" +
+            std::string(number) + "}]}]}");
+        EXPECT_EQ(AppleServiceStatus::ongoingReports(services).at(0).id(), id);
+    }
 }
 
 TEST(AppleServiceStatus, EveryFieldOfAReportMakesAnotherHash) {
