@@ -1,5 +1,7 @@
 #include "Tarnwick_Brell/Trackers/TrackedFile.h"
 
+#include <algorithm>
+
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/Trackers/ListDoubts.h"
 
@@ -9,6 +11,18 @@ using newsroom::AppleServiceStatus;
 using newsroom::QuoteRange;
 using newsroom::StatusAudience;
 using newsroom::TrackerAPI;
+
+namespace {
+
+/// The symbol in the one form that all spellings of it share: services separate the class of a
+/// share with a point, a hyphen or a slash ("BRK.B", "BRK-B", "BRK/B").
+std::string comparable(std::string_view symbol) {
+    auto text = newsroom::lowercasedASCII(symbol);
+    std::ranges::replace_if(text, [](char c) { return c == '.' || c == '/' || c == ' '; }, '-');
+    return text;
+}
+
+}  // namespace
 
 TrackedFile<AppleServiceStatus::Services> statusFile(StatusAudience audience) {
     const std::string name(rawValue(audience));
@@ -43,9 +57,8 @@ TrackedFile<newsroom::StockQuote> quoteFile(std::string_view symbol, QuoteRange 
         .title = "The quote of " + std::string(symbol),
         .parse = TrackerAPI::parseQuote,
         .isWanted =
-            [symbol = newsroom::lowercasedASCII(symbol), range](const newsroom::StockQuote& quote) {
-                return quote.range == rawValue(range) &&
-                       newsroom::lowercasedASCII(quote.symbol) == symbol;
+            [symbol = comparable(symbol), range](const newsroom::StockQuote& quote) {
+                return quote.range == rawValue(range) && comparable(quote.symbol) == symbol;
             },
         .mismatch = "The server answered with another quote.",
         .absence = "The service knows no such symbol."};

@@ -302,6 +302,14 @@ TEST_F(TrackerRefreshTest, EachSymbolAndRangeHasItsQuote) {
         EXPECT_EQ(other.error, "The quote of ^GSPC: The server answered with another quote.");
         EXPECT_EQ(other.value, day.value);
     }
+    for (const auto* spelling : {"BRK-B", "brk/b", "BRK.B"}) {
+        serve("range=1d&symbol=BRK.B", "1d", spelling);
+        EXPECT_EQ(run(refresh_.quote("BRK.B", QuoteRange::day)).error, std::nullopt) << spelling;
+    }
+    for (const auto* stranger : {"BRKB", "BRK.A", "BRK-B.X"}) {
+        serve("range=1d&symbol=BRK.B", "1d", stranger);
+        EXPECT_TRUE(run(refresh_.quote("BRK.B", QuoteRange::day)).error) << stranger;
+    }
 }
 
 TEST_F(TrackerRefreshTest, OnlyAWholeAnswerEndsAnIncident) {
