@@ -8,6 +8,7 @@
 #include <boost/asio/awaitable.hpp>
 
 #include "NewsroomKit/Records/Codec.h"
+#include "NewsroomKit/Records/TextDates.h"
 #include "NewsroomKit/Trackers/BodyFetch.h"
 
 /// How answers of the archive are fetched and read.
@@ -18,10 +19,13 @@ inline constexpr std::size_t kArchiveByteLimit = 4'194'304;
 /// Throws RecordError when `body` is not JSON.
 json::value archiveJSON(std::string_view body);
 
-/// The answer, whole or not at all: throws RecordError, which names the place of the fault.
+/// The answer, whole or not at all: throws RecordError, which names the place of the fault. Dates
+/// must be text.
 template <class Answer>
 Answer archiveAnswer(std::string_view body) {
-    return decode<Answer>(archiveJSON(body));
+    const auto value = archiveJSON(body);
+    requireTextDates<Answer>(value);
+    return decode<Answer>(value);
 }
 
 /// What it throws is archiveAnswer's.

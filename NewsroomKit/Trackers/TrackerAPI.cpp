@@ -56,10 +56,12 @@ struct RecordShape<BoardResponse> {
 namespace {
 
 template <class Response>
-Response responseIn(std::string_view body) {
+Response responseIn(std::string_view body, DateForms dates) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (body.starts_with(byteOrderMark)) body.remove_prefix(byteOrderMark.size());
-    return decode<Response>(parseJSON(body));
+    const auto value = parseJSON(body);
+    if (dates == DateForms::text) requireTextDates<Response>(value);
+    return decode<Response>(value);
 }
 
 /// Symbols such as "^GSPC" and "BRK/B" must not become part of the address's own syntax.
@@ -88,9 +90,9 @@ std::string TrackerAPI::quoteAddress(std::string_view symbol, QuoteRange range) 
     return base + "quote?range=" + std::string(rawValue(range)) + "&symbol=" + queryValue(symbol);
 }
 
-std::vector<PlatformRelease> TrackerAPI::parseReleases(std::string_view body) {
+std::vector<PlatformRelease> TrackerAPI::parseReleases(std::string_view body, DateForms dates) {
     std::vector<PlatformRelease> releases;
-    for (auto& [platform, channels] : responseIn<ReleasesResponse>(body).systems) {
+    for (auto& [platform, channels] : responseIn<ReleasesResponse>(body, dates).systems) {
         releases.push_back({.platform = platform,
                             .current = std::move(channels.general),
                             .beta = std::move(channels.beta)});
@@ -99,22 +101,32 @@ std::vector<PlatformRelease> TrackerAPI::parseReleases(std::string_view body) {
     return releases;
 }
 
-std::vector<AppleCalendarEvent> TrackerAPI::parseEvents(std::string_view body) {
-    return responseIn<EventsResponse>(body).events;
+std::vector<AppleCalendarEvent> TrackerAPI::parseEvents(std::string_view body, DateForms dates) {
+    return responseIn<EventsResponse>(body, dates).events;
 }
 
-StockQuote TrackerAPI::parseQuote(std::string_view body) { return responseIn<StockQuote>(body); }
+std::vector<PlatformRelease> TrackerAPI::parseReleases(std::string_view body) {
+    return parseReleases(body, DateForms::text);
+}
+
+std::vector<AppleCalendarEvent> TrackerAPI::parseEvents(std::string_view body) {
+    return parseEvents(body, DateForms::text);
+}
+
+StockQuote TrackerAPI::parseQuote(std::string_view body) {
+    return responseIn<StockQuote>(body, DateForms::textAndNumbers);
+}
 
 std::vector<BoardQuote> TrackerAPI::parseBoard(std::string_view body) {
-    return responseIn<BoardResponse>(body).quotes;
+    return responseIn<BoardResponse>(body, DateForms::textAndNumbers).quotes;
 }
 
 boost::asio::awaitable<FetchResult<std::vector<PlatformRelease>>> TrackerAPI::releases() const {
-    return fetched(http, releasesAddress(), parseReleases);
+    return fetched<std::vector<PlatformRelease>>(http, releasesAddress(), parseReleases);
 }
 
 boost::asio::awaitable<FetchResult<std::vector<AppleCalendarEvent>>> TrackerAPI::events() const {
-    return fetched(http, eventsAddress(), parseEvents);
+    return fetched<std::vector<AppleCalendarEvent>>(http, eventsAddress(), parseEvents);
 }
 
 boost::asio::awaitable<FetchResult<StockQuote>> TrackerAPI::quote(std::string symbol,

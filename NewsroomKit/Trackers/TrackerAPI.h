@@ -8,6 +8,7 @@
 #include <boost/asio/awaitable.hpp>
 
 #include "NewsroomKit/HTTP/HTTPClient.h"
+#include "NewsroomKit/Records/TextDates.h"
 #include "NewsroomKit/Trackers/AppleCalendarEvent.h"
 #include "NewsroomKit/Trackers/BoardQuote.h"
 #include "NewsroomKit/Trackers/PlatformRelease.h"
@@ -34,8 +35,12 @@ struct TrackerAPI {
     std::string quoteAddress(std::string_view symbol, QuoteRange range) const;
     std::string boardAddress() const;
 
+    // The service writes dates as text; only the times of quotes may be numbers. The readings
+    // with DateForms are for answers that people have written themselves.
     static std::vector<PlatformRelease> parseReleases(std::string_view body);
+    static std::vector<PlatformRelease> parseReleases(std::string_view body, DateForms dates);
     static std::vector<AppleCalendarEvent> parseEvents(std::string_view body);
+    static std::vector<AppleCalendarEvent> parseEvents(std::string_view body, DateForms dates);
     static StockQuote parseQuote(std::string_view body);
     static std::vector<BoardQuote> parseBoard(std::string_view body);
 

@@ -167,5 +167,16 @@ class Inspect(unittest.TestCase):
                 self.assertEqual(self.desk.inspect(kind, given), [answer])
 
 
+    def test_documents_of_trackers_take_dates_as_text_and_as_numbers(self):
+        event = {"id": "1", "title": "Fair", "window": "w", "status": "s", "source": "o", "publisher": "p"}
+        for starts in (1767225600, "2026-01-01T00:00:00Z"):
+            answer, = self.desk.inspect("events", {"text": json.dumps({"events": [dict(event, starts=starts)]})})
+            self.assertEqual(answer["events"][0].get("starts"), 1767225600, answer)
+            release = {key: "x" for key in ("version", "stage", "build", "title", "url")}
+            text = json.dumps({"systems": {"iOS": {"beta": dict(release, published=starts)}}})
+            answer, = self.desk.inspect("releases", {"text": text, "knownBuilds": {}})
+            self.assertEqual(answer["platforms"][0]["beta"].get("published"), 1767225600, answer)
+
+
 if __name__ == "__main__":
     unittest.main()

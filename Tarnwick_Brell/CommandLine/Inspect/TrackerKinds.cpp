@@ -67,7 +67,8 @@ json::object problems(const json::object& input) {
 }
 
 json::object releases(const json::object& input) {
-    const auto platforms = TrackerAPI::parseReleases(required<std::string>(input, "text"));
+    const auto platforms = TrackerAPI::parseReleases(required<std::string>(input, "text"),
+                                                         newsroom::DateForms::textAndNumbers);
     const auto look = NewBuilds::look(
         given<NewBuilds::Known>(input, "knownBuilds").value_or(NewBuilds::Known()), platforms);
     json::array keys;
@@ -79,7 +80,9 @@ json::object releases(const json::object& input) {
 
 json::object events(const json::object& input) {
     json::array list;
-    for (const auto& event : TrackerAPI::parseEvents(required<std::string>(input, "text"))) {
+    const auto calendar = TrackerAPI::parseEvents(required<std::string>(input, "text"),
+                                                  newsroom::DateForms::textAndNumbers);
+    for (const auto& event : calendar) {
         auto object = written(event);
         object["anniversary"] = event.isAnniversary();
         object["released"] = event.isReleased();

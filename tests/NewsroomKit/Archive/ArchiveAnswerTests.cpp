@@ -60,6 +60,14 @@ TEST(ArchiveAnswers, AFaultAnywhereRefusesTheAnswerWhole) {
         {"items[0].published_at: Unreadable date 2026-11-02",
          stories(page(R"({"source":"s","source_name":"S","url":"u","title":"t",)"
                       R"("published_at":"2026-11-02"})"))},
+        {"items[0].published_at: Unreadable date 1767225600",
+         stories(page(R"({"source":"s","source_name":"S","url":"u","title":"t",)"
+                      R"("published_at":1767225600})"))},
+        {"credits.https://a.example/[0].posted_at: Unreadable date 1767225600",
+         credits(R"({"pending":[],"credits":{"https://a.example/":)"
+                 R"([{"kind":"k","name":"n","posted_at":1767225600}]}})")},
+        {"nodes[0].published_at: Unreadable date 1767225600",
+         traces(trace(R"("published_at":1767225600)"))},
         {"total: a whole number is expected", stories(R"({"total":"12 or so"})")},
         {"credits.https://a.example/[1].name: the key is missing",
          credits(R"({"credits":{"https://a.example/":[{"kind":"k","name":"n"},{"kind":"k"}]}})")},

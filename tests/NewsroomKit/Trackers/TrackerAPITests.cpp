@@ -67,6 +67,10 @@ TEST(TrackerAPI, AnAnswerWithAFaultAnywhereIsRefusedWhole) {
     const Case cases[] = {
         {"systems.iOS.beta.published: Unreadable date soon",
          releases("{\"systems\":{\"iOS\":{\"beta\":" + release("A", "soon") + "}}}")},
+        {"systems.iOS.public.published: Unreadable date 1767225600",
+         releases(R"({"systems":{"iOS":{"public":{"published":1767225600}}}})")},
+        {"events[0].starts: Unreadable date 1767225600",
+         [] { TrackerAPI::parseEvents(R"({"events":[{"starts":1767225600}]})"); }},
         {"systems: an object is expected", releases(R"({"systems":[]})")},
         {"events[0].window: the key is missing",
          [] {
