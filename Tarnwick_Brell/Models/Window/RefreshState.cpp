@@ -9,19 +9,23 @@ namespace desk {
 
 using namespace std::chrono_literals;
 
-RefreshState::RefreshState(NewsDesk& desk, newsroom::FeedClient::Clock clock, QObject* parent)
-    : QObject(parent), desk_(desk), clock_(std::move(clock)) {
-    connect(&desk, &NewsDesk::refreshChanged, this, &RefreshState::changed);
-    connect(&desk, &NewsDesk::loaded, this, &RefreshState::changed);
-    connect(&desk, &NewsDesk::passEnded, this, [this](const PassReport& report) {
+RefreshState::RefreshState(const Stores& stores, newsroom::FeedClient::Clock clock, QObject* parent)
+    : QObject(parent),
+      desk_(stores.news),
+      trackers_(stores.trackers),
+      signals_(stores.signalsStore),
+      clock_(std::move(clock)) {
+    connect(&desk_, &NewsDesk::refreshChanged, this, &RefreshState::changed);
+    connect(&desk_, &NewsDesk::loaded, this, &RefreshState::changed);
+    connect(&desk_, &NewsDesk::passEnded, this, [this](const PassReport& report) {
         if (report.cancelled) return;
         if (!report.offline) offlineSince_.reset();
         if (report.offline && !offlineSince_) offlineSince_ = clock_();
         emit changed();
     });
-    connect(&desk, &NewsDesk::failed, this, &RefreshState::failed);
+    connect(&desk_, &NewsDesk::failed, this, &RefreshState::failed);
     for (const auto trouble : {&NewsDesk::libraryDamaged, &NewsDesk::loadFailed}) {
-        connect(&desk, trouble, this, [this](const QString& sentence) {
+        connect(&desk_, trouble, this, [this](const QString& sentence) {
             libraryTrouble_ = sentence;
             emit changed();
         });
@@ -51,6 +55,10 @@ QString RefreshState::offlineText() const {
                          : tr("Offline");
 }
 
-void RefreshState::refresh() { desk_.refreshAll(); }
+void RefreshState::refresh() {
+    desk_.refreshAll();
+    trackers_.refreshAll();
+    signals_.refreshAll();
+}
 
 }  // namespace desk

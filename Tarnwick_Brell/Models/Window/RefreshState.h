@@ -7,6 +7,8 @@
 
 #include "NewsroomKit/Ingestion/FeedClient.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Signals/SignalsStore.h"
+#include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 namespace desk {
 
@@ -23,7 +25,14 @@ class RefreshState : public QObject {
     Q_PROPERTY(QString libraryTrouble READ libraryTrouble NOTIFY changed)
 
 public:
-    RefreshState(NewsDesk& desk, newsroom::FeedClient::Clock clock, QObject* parent = nullptr);
+    struct Stores {
+        NewsDesk& news;
+        TrackerStore& trackers;
+        SignalsStore& signalsStore;
+    };
+
+    RefreshState(const Stores& stores, newsroom::FeedClient::Clock clock,
+                 QObject* parent = nullptr);
 
     bool isRefreshing() const { return desk_.isRefreshing(); }
     /// From 0 to 1.
@@ -35,6 +44,7 @@ public:
     /// Nothing can be kept until something has been done about it.
     const QString& libraryTrouble() const { return libraryTrouble_; }
 
+    /// Fetches everything that the window shows: sources, trackers, signals.
     Q_INVOKABLE void refresh();
 
 signals:
@@ -44,6 +54,8 @@ signals:
 
 private:
     NewsDesk& desk_;
+    TrackerStore& trackers_;
+    SignalsStore& signals_;
     newsroom::FeedClient::Clock clock_;
     std::optional<newsroom::Instant> offlineSince_;
     QString libraryTrouble_;

@@ -18,7 +18,10 @@ WindowModel::WindowModel(const Stores& stores)
                  .trackers = stores.trackers,
                  .signalsStore = stores.signalsStore,
                  .clock = stores.clock}),
-      refresh_(stores.news, stores.clock),
+      refresh_({.news = stores.news,
+                .trackers = stores.trackers,
+                .signalsStore = stores.signalsStore},
+               stores.clock),
       palette_(actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),
       appearance_(stores.defaults),
       state_(stores.defaults) {
