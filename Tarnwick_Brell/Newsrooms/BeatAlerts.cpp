@@ -34,13 +34,15 @@ void BeatAlerts::watchPanels(const newsroom::NewsroomSpec& spec) {
     for (const auto& panel : spec.panels) {
         if (!panel.options.alerts || !showsStories(panel.kind)) continue;
         watches_.push_back({panel.id.text(), spec.name + " – " + panel.title,
-                            spec.effectiveQuery(panel).compiled(), panel.kind});
+                            spec.effectiveQuery(panel).compiled(), panel.kind, spec.id.text()});
     }
 }
 
 std::vector<BeatMatch> BeatAlerts::matches(const std::vector<Story>& news) const {
     std::vector<BeatMatch> found;
-    for (const auto& watch : watches_) found.push_back({.id = watch.id, .name = watch.name});
+    for (const auto& watch : watches_) {
+        found.push_back({.id = watch.id, .name = watch.name, .newsroomID = watch.newsroomID});
+    }
     for (const auto& story : news) {
         for (std::size_t i = 0; i < watches_.size(); ++i) {
             if (watches_[i].kind == PanelKind::apple && !story.isAppleSource) continue;

@@ -14,6 +14,7 @@ namespace desk {
 struct BeatMatch {
     std::string id{};    ///< of the beat or panel
     std::string name{};  ///< what the user calls it
+    std::string newsroomID{};  ///< that the panel stands on; empty for a beat
     Announcement announcement{};
 };
 
@@ -34,6 +35,7 @@ private:
         std::string name;
         newsroom::CompiledStoryQuery query;
         newsroom::PanelKind kind;
+        std::string newsroomID{};
     };
 
     void watchPanels(const newsroom::NewsroomSpec& spec);

@@ -15,6 +15,8 @@ using newsroom::Story;
 
 namespace {
 
+using Target = NotificationTarget;
+
 constexpr std::size_t kHeadlinesInSummary = 3;
 
 std::string problemWord(std::string_view kind) {
@@ -29,6 +31,13 @@ std::string headlines(const std::vector<Story>& stories, std::size_t total) {
     if (total > shown) text += fmt::format("and {} more", total - shown);
     return text;
 }
+
+/// A page of the window's sidebar.
+Target trackerPage(std::string_view id) {
+    return {.kind = Target::Kind::tracker, .id = std::string(id)};
+}
+
+Target storyTarget(const Story& story) { return {.kind = Target::Kind::story, .id = story.id}; }
 
 std::string outlet(const Story& story) {
     return story.shownDestinationName().value_or(story.sourceName);
@@ -54,14 +63,16 @@ Notification Alerts::ofProblem(const AppleServiceStatus::Report& report) {
             .title = report.service + ": " + problemWord(incident.kind),
             .body = incident.message.empty() ? "Apple's System Status page reports a problem."
                                              : incident.message,
-            .link = std::string(newsroom::AppleStatusAPI::kPage)};
+            .link = std::string(newsroom::AppleStatusAPI::kPage),
+            .target = trackerPage("status")};
 }
 
 Notification Alerts::ofRecovery(const std::string& service, newsroom::Instant now) {
     return {.identifier = "status-ok-" + service + "-" + newsroom::decimalSeconds(now),
             .title = service + " is working again",
             .body = "Apple's System Status page shows it resolved.",
-            .link = std::string(newsroom::AppleStatusAPI::kPage)};
+            .link = std::string(newsroom::AppleStatusAPI::kPage),
+            .target = trackerPage("status")};
 }
 
 Notification Alerts::ofRelease(const newsroom::NewBuild& build) {
@@ -70,7 +81,8 @@ Notification Alerts::ofRelease(const newsroom::NewBuild& build) {
             .title = release.title.empty() ? build.platform.platform + " " + release.version
                                            : release.title,
             .body = fmt::format("Build {} is out.", release.build),
-            .link = release.url};
+            .link = release.url,
+            .target = trackerPage("software")};
 }
 
 void Alerts::serviceProblem(const AppleServiceStatus::Report& report) {
@@ -90,30 +102,34 @@ void Alerts::stories(const Announcement& announcement) {
         post(SettingKey::kAlertStories,
              {.identifier = "stories",
               .title = fmt::format("{} new stories", announcement.total),
-              .body = headlines(announcement.stories, announcement.total)});
+              .body = headlines(announcement.stories, announcement.total),
+              .target = Target{.kind = Target::Kind::newStories}});
         return;
     }
     for (const auto& story : announcement.stories) {
         post(SettingKey::kAlertStories, {.identifier = "story-" + story.id,
                                          .title = story.title,
                                          .body = outlet(story),
-                                         .link = story.link});
+                                         .link = story.link,
+                                         .target = storyTarget(story)});
     }
 }
 
 void Alerts::beat(const std::string& name, const std::string& id,
-                  const std::vector<Story>& stories, std::size_t total) {
+                  const std::vector<Story>& stories, std::size_t total, const Target& page) {
     if (total > kMostMatchesOneByOne) {
         post({.identifier = "beat-" + id,
               .title = fmt::format("{}: {} new stories", name, total),
-              .body = headlines(stories, total)});
+              .body = headlines(stories, total),
+              .target = page});
         return;
     }
     for (const auto& story : stories) {
         post({.identifier = "beat-" + id + "-" + story.id,
               .title = name + ": " + story.title,
               .body = outlet(story),
-              .link = story.link});
+              .link = story.link,
+              .target = storyTarget(story)});
     }
 }
 

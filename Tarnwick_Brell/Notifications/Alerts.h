@@ -36,9 +36,11 @@ public:
     static Notification ofRelease(const newsroom::NewBuild& build);
 
     void stories(const Announcement& announcement);
-    /// Whether the beat alerts is the caller's to know. `stories`: the newest of `total`.
+    /// Whether the beat alerts is the caller's to know. `stories`: the newest of `total`; `page`:
+    /// where a crowd of them can be seen.
     void beat(const std::string& name, const std::string& id,
-              const std::vector<newsroom::Story>& stories, std::size_t total);
+              const std::vector<newsroom::Story>& stories, std::size_t total,
+              const NotificationTarget& page);
 
 private:
     void post(std::string_view setting, Notification notification);

@@ -76,6 +76,8 @@ void Notifier::listen() {
     watcher_.addWatchedService(kService);
     connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString&, const QString& owner) { ownerChanged(owner); });
+    bus_.connect(kService, kPath, kService, QStringLiteral("ActivationToken"), this,
+                 SLOT(activationToken(uint, QString)));
     bus_.connect(kService, kPath, kService, QStringLiteral("ActionInvoked"), this,
                  SLOT(actionInvoked(uint, QString)));
     bus_.connect(kService, kPath, kService, QStringLiteral("NotificationClosed"), this,
@@ -184,6 +186,15 @@ void Notifier::askCapabilities() {
          });
 }
 
+bool Notifier::showsTarget(const std::optional<NotificationTarget>& target) const {
+    return target && isSignalConnected(QMetaMethod::fromSignal(&Notifier::targetActivated));
+}
+
+bool Notifier::opensLink(const QString& link) const {
+    return !link.isEmpty() &&
+           isSignalConnected(QMetaMethod::fromSignal(&Notifier::linkActivated));
+}
+
 /// Sends the first that waits.
 void Notifier::send(const QStringList& capabilities) {
     const auto notification = std::move(waiting_.front());
@@ -193,9 +204,8 @@ void Notifier::send(const QStringList& capabilities) {
     const auto body = bodyText(notification.body);
     const auto link = openableLink(notification.link);
     const bool isMarkup = capabilities.contains(u"body-markup");
-    // A program without an opener must not offer to open.
-    const bool opens = !link.isEmpty() && capabilities.contains(u"actions") &&
-                       isSignalConnected(QMetaMethod::fromSignal(&Notifier::linkActivated));
+    const bool opens = capabilities.contains(u"actions") &&
+                       (showsTarget(notification.target) || opensLink(link));
     const auto actions =
         opens ? QStringList{kDefaultAction, QStringLiteral("Open")} : QStringList();
     auto message = serviceCall(QStringLiteral("Notify"));
@@ -203,14 +213,14 @@ void Notifier::send(const QStringList& capabilities) {
             << titleText(notification.title) << (isMarkup ? body.toHtmlEscaped() : body) << actions
             << hints(notification.withSound, link) << kUsualTime;
     isSending_ = true;
-    call(message, [this, identifier = notification.identifier,
-                   link](const QDBusPendingReply<uint>& number) {
+    call(message, [this, notification, link](const QDBusPendingReply<uint>& number) {
         isSending_ = false;
         pace_.start(kPace);
         if (number.isError()) {
             refused(number.error());
         } else {
-            shown_[identifier] = {.number = number.value(), .link = link};
+            shown_[notification.identifier] = {
+                .number = number.value(), .link = link, .target = notification.target};
         }
     });
 }
@@ -225,14 +235,24 @@ void Notifier::refused(const QDBusError& error) {
     ownerChanged({});
 }
 
+/// Comes before the action that it belongs to, from services that know of it.
+void Notifier::activationToken(uint number, const QString& token) {
+    for (auto& [identifier, shown] : shown_) {
+        if (shown.number == number) shown.activationToken = token;
+    }
+}
+
 void Notifier::actionInvoked(uint number, const QString& action) {
     if (action != kDefaultAction) return;
-    for (const auto& [identifier, shown] : shown_) {
-        if (shown.number == number && !shown.link.isEmpty()) {
-            const auto link = shown.link;
-            emit linkActivated(link);
-            return;
-        }
+    const auto entry = std::ranges::find_if(
+        shown_, [&](const auto& each) { return each.second.number == number; });
+    if (entry == shown_.end()) return;
+    // A copy: whoever listens may post, and so change what is shown.
+    const auto shown = entry->second;
+    if (showsTarget(shown.target)) {
+        emit targetActivated(*shown.target, shown.activationToken);
+    } else if (opensLink(shown.link)) {
+        emit linkActivated(shown.link);
     }
 }
 

@@ -42,12 +42,18 @@ public:
 
 signals:
     void availabilityChanged();
-    /// The user has chosen a notification: an http or https address, to be opened. Unless
-    /// somebody listens, notifications can't be chosen.
+    // The user has chosen a notification. Only those can be chosen that have something for one
+    // of the connected signals; the first of these is emitted.
+
+    /// To be shown in the desk's window. The token is the right to come to the front, empty when
+    /// the service gave none.
+    void targetActivated(const desk::NotificationTarget& target, const QString& activationToken);
+    /// An http or https address, to be opened.
     void linkActivated(const QString& link);
 
 private slots:
     // Called by the bus.
+    void activationToken(uint number, const QString& token);
     void actionInvoked(uint number, const QString& action);
     void notificationClosed(uint number, uint reason);
     void busGone();
@@ -58,6 +64,8 @@ private:
     struct Shown {
         uint number = 0;
         QString link{};
+        std::optional<NotificationTarget> target{};
+        QString activationToken{};
     };
 
     void listen();
@@ -66,6 +74,8 @@ private:
     void ownerChanged(const QString& owner);
     void setPresence(Presence presence);
     bool mayPost() const;
+    bool showsTarget(const std::optional<NotificationTarget>& target) const;
+    bool opensLink(const QString& link) const;
     void sendNext();
     void askCapabilities();
     void send(const QStringList& capabilities);

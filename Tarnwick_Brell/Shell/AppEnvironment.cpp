@@ -6,6 +6,16 @@
 
 namespace desk {
 
+namespace {
+
+NotificationTarget pageOf(const BeatMatch& match) {
+    using Kind = NotificationTarget::Kind;
+    if (match.newsroomID.empty()) return {.kind = Kind::beat, .id = match.id};
+    return {.kind = Kind::newsroom, .id = match.newsroomID};
+}
+
+}  // namespace
+
 AppEnvironment::AppEnvironment(const Options& options)
     : clock_(options.clock),
       lock_(prepared(options.paths).library, options.what),
@@ -82,7 +92,7 @@ void AppEnvironment::tellBeats(const std::vector<std::int64_t>& numbers) {
     }
     for (const auto& match : beats.matches(news)) {
         const auto& told = match.announcement;
-        alerts_.beat(match.name, match.id, told.stories, told.total);
+        alerts_.beat(match.name, match.id, told.stories, told.total, pageOf(match));
     }
 }
 

@@ -16,6 +16,7 @@
 #include "Tarnwick_Brell/Shell/StopSignals.h"
 #include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
+#include "Tarnwick_Brell/Window/NotificationOpening.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
 #include "Tarnwick_Brell/Window/Translations.h"
 #include "Tarnwick_Brell/Window/WindowStores.h"
@@ -40,7 +41,11 @@ int runWindow(AppEnvironment& environment, SingleInstance& instance) {
     model.open(model.state()->place());
     DeskWindow window(model);
     QObject::connect(&model, &WindowModel::linkWanted, &openInBrowser);
-    QObject::connect(&environment.notifier(), &Notifier::linkActivated, &openInBrowser);
+    QObject::connect(&environment.notifier(), &Notifier::targetActivated, &window,
+                     [&](const NotificationTarget& target, const QString& activationToken) {
+                         openTarget(model, target);
+                         window.raise(activationToken);
+                     });
     QObject::connect(&instance, &SingleInstance::raiseWanted, &window, &DeskWindow::raise);
     QObject::connect(&window.window(), &QWindow::visibleChanged, &environment.newsDesk(),
                      [&](bool visible) {

@@ -8,6 +8,10 @@ namespace {
 
 using newsroom::AppleServiceStatus;
 using newsroom::Instant;
+using Target = NotificationTarget;
+
+const Target kBeatPage{.kind = Target::Kind::beat, .id = "b"};
+const Target kStatusPage{.kind = Target::Kind::tracker, .id = "status"};
 
 class AlertsTest : public ::testing::Test {
 protected:
@@ -67,7 +71,8 @@ TEST_F(AlertsTest, AProblemIsToldInTheWordsOfItsKind) {
                                .identifier = "status-Harbour Mail|1700000000.0",
                                .title = c.title,
                                .body = c.body,
-                               .link = page})});
+                               .link = page,
+                               .target = kStatusPage})});
     }
     posted_.clear();
     alerts_.serviceRestored("Harbour Mail");
@@ -75,7 +80,8 @@ TEST_F(AlertsTest, AProblemIsToldInTheWordsOfItsKind) {
                            .identifier = "status-ok-Harbour Mail-1800000000.5",
                            .title = "Harbour Mail is working again",
                            .body = "Apple's System Status page shows it resolved.",
-                           .link = page})});
+                           .link = page,
+                           .target = kStatusPage})});
 }
 
 TEST_F(AlertsTest, WhatTheUserSwitchesOffIsNotPosted) {
@@ -97,7 +103,7 @@ TEST_F(AlertsTest, WhatTheUserSwitchesOffIsNotPosted) {
         alerts_.serviceProblem(report("Outage", "x"));
         alerts_.newRelease(build());
         alerts_.stories({.stories = stories(1), .total = 1});
-        alerts_.beat("Beat", "b", stories(1), 1);
+        alerts_.beat("Beat", "b", stories(1), 1, kBeatPage);
         std::string identifiers;
         for (const auto& notification : posted_) identifiers += notification.identifier + " ";
         EXPECT_EQ(identifiers, c.posted) << c.setting;
@@ -113,27 +119,31 @@ TEST_F(AlertsTest, WhatTheUserSwitchesOffIsNotPosted) {
 TEST_F(AlertsTest, ACrowdOfStoriesIsOneNotification) {
     defaults_.set("alertStories", "true");
     alerts_.stories({.stories = stories(20), .total = 21});
-    alerts_.beat("Tides", "b", stories(4), 4);
+    alerts_.beat("Tides", "b", stories(4), 4, kBeatPage);
     alerts_.newRelease(build());
     EXPECT_EQ(posted_,
               (std::vector<Notification>{
                   {.identifier = "stories",
                    .title = "21 new stories",
-                   .body = "Story 1\nStory 2\nStory 3\nand 18 more"},
+                   .body = "Story 1\nStory 2\nStory 3\nand 18 more",
+                   .target = Target{.kind = Target::Kind::newStories}},
                   {.identifier = "beat-b",
                    .title = "Tides: 4 new stories",
-                   .body = "Story 1\nStory 2\nStory 3\nand 1 more"},
+                   .body = "Story 1\nStory 2\nStory 3\nand 1 more",
+                   .target = kBeatPage},
                   {.identifier = "release-iOS.beta-23C5044b",
                    .title = "iOS 26.2 beta 3",
                    .body = "Build 23C5044b is out.",
-                   .link = "https://r/"}}));
+                   .link = "https://r/",
+                   .target = Target{.kind = Target::Kind::tracker, .id = "software"}}}));
     posted_.clear();
-    alerts_.beat("Tides", "b", stories(3), 3);
+    alerts_.beat("Tides", "b", stories(3), 3, kBeatPage);
     ASSERT_EQ(posted_.size(), 3u);
     EXPECT_EQ(posted_[0], (Notification{.identifier = "beat-b-s1",
                                         .title = "Tides: Story 1",
                                         .body = "Tide Table",
-                                        .link = "https://news/1"}));
+                                        .link = "https://news/1",
+                                        .target = Target{.kind = Target::Kind::story, .id = "s1"}}));
 }
 
 }  // namespace

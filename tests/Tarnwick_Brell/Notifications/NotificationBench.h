@@ -40,6 +40,7 @@ public slots:
                 const QString& body, const QStringList& actions, const QVariantMap& hints, int time);
 
 signals:
+    void ActivationToken(uint number, const QString& token);
     void ActionInvoked(uint number, const QString& action);
     void NotificationClosed(uint number, uint reason);
 

@@ -87,6 +87,42 @@ TEST_F(NotifierTest, ChoosingANotificationOpensItsLinkIfThatLeadsToTheWeb) {
     EXPECT_TRUE(service_->shown[6].actions.isEmpty()) << "nobody would open it";
 }
 
+TEST_F(NotifierTest, ChoosingANotificationShowsItsTargetInTheDeskWhichMayComeToTheFront) {
+    using Kind = NotificationTarget::Kind;
+    startService();
+    notifier_ = std::make_unique<Notifier>(defaults_, bus_.connection());
+    QStringList chosen;
+    QObject::connect(notifier_.get(), &Notifier::targetActivated,
+                     [&](const NotificationTarget& target, const QString& token) {
+                         chosen << QString::fromStdString(target.id) + "," + token;
+                     });
+    const auto post = [&](const char* id, const char* link, std::optional<NotificationTarget> target) {
+        notifier_->post({.identifier = id, .title = id, .link = link, .target = std::move(target)});
+    };
+    post("linked", "https://a.example/", NotificationTarget{Kind::story, "s1"});
+    post("bare", "", NotificationTarget{Kind::tracker, "status"});
+    post("alone", "https://a.example/", std::nullopt);
+    ASSERT_TRUE(shows(3));
+    const auto& shown = service_->shown;
+    EXPECT_TRUE(shown[0].actions.contains("default"));
+    EXPECT_TRUE(shown[1].actions.contains("default")) << "it needs no link";
+    EXPECT_TRUE(shown[2].actions.isEmpty()) << "nobody opens links";
+    // Tokens belong to their notification; a service may give none.
+    emit service_->ActivationToken(shown[1].number, "for-bare");
+    emit service_->ActivationToken(99, "for-nobody");
+    emit service_->ActionInvoked(shown[0].number, "default");
+    emit service_->ActionInvoked(shown[1].number, "default");
+    ASSERT_TRUE(until([&] { return chosen.size() >= 2; }));
+    EXPECT_EQ(chosen, QStringList({"s1,", "status,for-bare"}));
+
+    QObject::connect(notifier_.get(), &Notifier::linkActivated,
+                     [this](const QString& link) { opened_.push_back(link); });
+    emit service_->ActionInvoked(shown[2].number, "default");
+    emit service_->ActionInvoked(shown[0].number, "default");
+    ASSERT_TRUE(until([&] { return chosen.size() >= 3; }));
+    EXPECT_EQ(opened_, QStringList("https://a.example/")) << "the link of the one without a target";
+}
+
 TEST_F(NotifierTest, AServiceThatGoesAndComesBackIsNoticed) {
     startNotifier();
     notifier_->post({.identifier = "before", .title = "Nobody there"});

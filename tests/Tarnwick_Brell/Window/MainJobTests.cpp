@@ -7,6 +7,7 @@
 
 #include "Tarnwick_Brell/Models/Panels/StockPanel.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
+#include "Tarnwick_Brell/Window/NotificationOpening.h"
 #include "tests/Tarnwick_Brell/Models/Stories/StoryBench.h"
 #include "tests/Tarnwick_Brell/Trackers/TrackerBench.h"
 #include "tests/support/EventLoop.h"
@@ -190,6 +191,42 @@ TEST_F(MainJobTest, NewsIsReadKeptAndFilteredWithThePointer) {
     click("Saved");
     EXPECT_EQ(model_->placeKey(), "wire:saved");
     EXPECT_TRUE(until([&] { return named("Nothing is saved yet.") != nullptr; }));
+}
+
+TEST_F(MainJobTest, WhatANotificationIsAboutIsShownInTheWindow) {
+    using Target = NotificationTarget;
+    model_->state()->setReader(WindowState::Hidden);
+    window().showMinimized();
+    openTarget(*model_, {.kind = Target::Kind::story, .id = bench_.idOf("Harbour news 7")});
+    window_->raise({});
+    EXPECT_EQ(model_->placeKey(), "wire:all");
+    EXPECT_EQ(wire().reader()->title(), "Harbour news 7");
+    EXPECT_EQ(model_->state()->reader(), WindowState::Right) << "the story can be seen";
+    EXPECT_FALSE(window().windowStates() & Qt::WindowMinimized);
+
+    ASSERT_TRUE(until([&] { return list().count() == 12; }));
+    bench_.come({bench_.story("tide", 700, "Harbour news 13")});
+    EXPECT_EQ(list().arrivals(), 1) << "it waits, since a story is being read";
+    openTarget(*model_, {.kind = Target::Kind::newStories});
+    EXPECT_EQ(list().arrivals(), 0);
+    EXPECT_EQ(list().count(), 13);
+
+    const std::pair<Target, const char*> cases[] = {
+        {{.kind = Target::Kind::tracker, .id = "status"}, "tracker:status"},
+        {{.kind = Target::Kind::tracker, .id = "software"}, "tracker:software"},
+        {{.kind = Target::Kind::tracker, .id = "signing"}, "tracker:signing"},
+        {{.kind = Target::Kind::tracker, .id = "updates"}, "tracker:updates"},
+        {{.kind = Target::Kind::newStories}, "wire:all"},
+        {{.kind = Target::Kind::newsroom, .id = std::string(newsroom::NewsroomSpec::kBuiltInID)},
+         "newsroom:8B3D5F20-0000-4000-8000-00000000A7D1"},
+        {{.kind = Target::Kind::beat, .id = "gone"},
+         "newsroom:8B3D5F20-0000-4000-8000-00000000A7D1"},
+    };
+    for (const auto& [target, place] : cases) {
+        openTarget(*model_, target);
+        EXPECT_EQ(model_->placeKey().toStdString(), place);
+    }
+    EXPECT_EQ(opened_, QStringList()) << "nothing goes to the browser";
 }
 
 TEST_F(MainJobTest, TheRangeOfTheShareOnTodayIsChosenWithAClick) {

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Tarnwick_Brell/Models/Window/WindowModel.h"
+#include "Tarnwick_Brell/Notifications/Notification.h"
+
+namespace desk {
+
+/// Goes to what a notification is about.
+void openTarget(WindowModel& model, const NotificationTarget& target);
+
+}  // namespace desk
