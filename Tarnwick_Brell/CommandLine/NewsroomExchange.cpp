@@ -1,5 +1,6 @@
 #include <fmt/format.h>
 
+#include "NewsroomKit/Newsrooms/PanelAlert.h"
 #include "NewsroomKit/Newsrooms/NewsroomFile.h"
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
@@ -16,13 +17,28 @@ using desk::NewsroomShelf;
 
 namespace {
 
+/// Of what a panel with alerts on tells. Empty when its kind tells of nothing.
+std::string alertText(const newsroom::NewsroomSpec& spec, const newsroom::PanelSpec& panel) {
+    switch (alertOf(panel.kind)) {
+        case newsroom::PanelAlert::none: return {};
+        case newsroom::PanelAlert::stories: return queryText(spec.effectiveQuery(panel));
+        case newsroom::PanelAlert::serviceStatus: return "troubles of Apple's services";
+        case newsroom::PanelAlert::releases:
+            return fmt::format("new builds of {}", fmt::join(panel.options.platforms, ", "));
+        case newsroom::PanelAlert::signing: return "changes of firmware signing";
+        case newsroom::PanelAlert::updates: return "changes of the update catalogue";
+    }
+    return {};
+}
+
 /// What a newsroom from elsewhere would do besides showing its panels.
 void printEffects(Session& session, const newsroom::NewsroomSpec& spec) {
     for (const auto& panel : spec.panels) {
         const auto title = printable(panel.title);
-        if (panel.options.alerts) {
-            session.out().line(fmt::format("  {} raises notifications: {}.", title,
-                                           queryText(spec.effectiveQuery(panel))));
+        const auto told = panel.options.alerts ? alertText(spec, panel) : std::string();
+        if (!told.empty()) {
+            session.out().line(
+                fmt::format("  {} raises notifications: {}.", title, printable(told)));
         }
         for (const auto& page : panel.options.pages)
             session.out().line(fmt::format("  {} follows {}", title, printable(page)));

@@ -269,10 +269,9 @@ void addWatchCommand(arguments::Command& app, Command& chosen) {
     command.footer(
         "Stories of a source's first fetch are taken in without being printed; brell wire lists "
         "them. Troubles of Apple's services, their ends and new releases are printed too, and "
-        "shown "
-        "as notifications where the desktop takes them; so are, without notifications, changes of "
-        "firmware signing and of the update catalogue. With --json each story is a line of its "
-        "own, "
+        "shown as notifications where the desktop takes them; so are changes of firmware signing "
+        "and of the update catalogue, as notifications only for panels with alerts. With --json "
+        "each story is a line of its own, "
         "and each other event one with the key \"event\". Ctrl-C ends it.");
     command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runWatch(session, *options); };

@@ -1,23 +1,12 @@
 #include "Tarnwick_Brell/Newsrooms/BeatAlerts.h"
 
-#include <algorithm>
-#include <array>
+#include "NewsroomKit/Newsrooms/PanelAlert.h"
 
 namespace desk {
 
+using newsroom::PanelAlert;
 using newsroom::PanelKind;
 using newsroom::Story;
-
-namespace {
-
-constexpr std::array kOfStories{PanelKind::stream,     PanelKind::brief,    PanelKind::topStories,
-                                PanelKind::claims,     PanelKind::coverage, PanelKind::apple};
-
-bool showsStories(PanelKind kind) {
-    return std::find(kOfStories.begin(), kOfStories.end(), kind) != kOfStories.end();
-}
-
-}  // namespace
 
 BeatAlerts::BeatAlerts(const BeatShelf& beats, const NewsroomShelf& newsrooms) {
     for (const auto& entry : beats.entries()) {
@@ -32,7 +21,7 @@ BeatAlerts::BeatAlerts(const BeatShelf& beats, const NewsroomShelf& newsrooms) {
 
 void BeatAlerts::watchPanels(const newsroom::NewsroomSpec& spec) {
     for (const auto& panel : spec.panels) {
-        if (!panel.options.alerts || !showsStories(panel.kind)) continue;
+        if (!panel.options.alerts || alertOf(panel.kind) != PanelAlert::stories) continue;
         watches_.push_back({panel.id.text(), spec.name + " – " + panel.title,
                             spec.effectiveQuery(panel).compiled(), panel.kind, spec.id.text()});
     }

@@ -48,8 +48,8 @@ std::string outlet(const Story& story) {
 Alerts::Alerts(const Defaults& defaults, newsroom::FeedClient::Clock clock, Post post)
     : defaults_(defaults), clock_(std::move(clock)), post_(std::move(post)) {}
 
-void Alerts::post(std::string_view setting, Notification notification) {
-    if (defaults_.isOn(setting)) post(std::move(notification));
+void Alerts::post(std::string_view setting, Notification notification, Asked asked) {
+    if (asked == Asked::byPanel || defaults_.isOn(setting)) post(std::move(notification));
 }
 
 void Alerts::post(Notification notification) {
@@ -85,16 +85,60 @@ Notification Alerts::ofRelease(const newsroom::NewBuild& build) {
             .target = trackerPage("software")};
 }
 
-void Alerts::serviceProblem(const AppleServiceStatus::Report& report) {
-    post(SettingKey::kAlertServiceStatus, ofProblem(report));
+void Alerts::serviceProblem(const AppleServiceStatus::Report& report, Asked asked) {
+    post(SettingKey::kAlertServiceStatus, ofProblem(report), asked);
 }
 
-void Alerts::serviceRestored(const std::string& service) {
-    post(SettingKey::kAlertServiceStatus, ofRecovery(service, clock_()));
+void Alerts::serviceRestored(const std::string& service, Asked asked) {
+    post(SettingKey::kAlertServiceStatus, ofRecovery(service, clock_()), asked);
 }
 
-void Alerts::newRelease(const newsroom::NewBuild& build) {
-    post(SettingKey::kAlertReleases, ofRelease(build));
+void Alerts::newRelease(const newsroom::NewBuild& build, Asked asked) {
+    post(SettingKey::kAlertReleases, ofRelease(build), asked);
+}
+
+/// The summary stands for all when they are many; its body is made of theirs.
+void Alerts::postEachOrAll(std::vector<Notification> notifications, Notification summary) {
+    if (notifications.size() <= kMostMatchesOneByOne) {
+        for (auto& notification : notifications) post(std::move(notification));
+        return;
+    }
+    for (std::size_t i = 0; i < kHeadlinesInSummary; ++i) summary.body += notifications[i].body + "\n";
+    summary.body += fmt::format("and {} more", notifications.size() - kHeadlinesInSummary);
+    post(std::move(summary));
+}
+
+void Alerts::signing(const std::vector<SigningNews>& news) {
+    std::vector<Notification> notifications;
+    for (const auto& one : news) {
+        const std::string_view state = one.isSigned ? "signed" : "no longer signed";
+        notifications.push_back(
+            {.identifier = fmt::format("signing-{}-{}-{}", one.system, one.build, state),
+             .title = fmt::format("{} is {}", one.system, state),
+             .body = one.sentence(),
+             .target = trackerPage("signing")});
+    }
+    postEachOrAll(std::move(notifications),
+                  {.identifier = "signing",
+                   .title = fmt::format("{} changes of firmware signing", news.size()),
+                   .target = trackerPage("signing")});
+}
+
+void Alerts::updates(const std::vector<OfferChange>& changes) {
+    std::vector<Notification> notifications;
+    for (const auto& change : changes) {
+        const auto& offer = change.offer;
+        const std::string_view state = change.isOffered ? "offered" : "no longer offered";
+        notifications.push_back(
+            {.identifier = fmt::format("update-{}-{}-{}", offer.platform, offer.build, state),
+             .title = fmt::format("{} {} is {}", offer.platform, offer.version, state),
+             .body = sentence(change),
+             .target = trackerPage("updates")});
+    }
+    postEachOrAll(std::move(notifications),
+                  {.identifier = "updates",
+                   .title = fmt::format("{} changes of the update catalogue", changes.size()),
+                   .target = trackerPage("updates")});
 }
 
 void Alerts::stories(const Announcement& announcement) {

@@ -12,6 +12,7 @@
 #include "NewsroomKit/Trackers/NewBuilds.h"
 #include "Tarnwick_Brell/Desk/Announcement.h"
 #include "Tarnwick_Brell/Notifications/Notification.h"
+#include "Tarnwick_Brell/Signals/SigningNews.h"
 #include "Tarnwick_Brell/Storage/Defaults.h"
 
 namespace desk {
@@ -21,14 +22,23 @@ class Alerts {
 public:
     using Post = std::function<void(Notification)>;
 
-    /// Of more matches of a beat the user is told in one notification.
+    /// Of more matches of a beat, or changes of signing or updates, the user is told in one
+    /// notification.
     static constexpr std::size_t kMostMatchesOneByOne = 3;
 
     Alerts(const Defaults& defaults, newsroom::FeedClient::Clock clock, Post post);
 
-    void serviceProblem(const newsroom::AppleServiceStatus::Report& report);
-    void serviceRestored(const std::string& service);
-    void newRelease(const newsroom::NewBuild& build);
+    /// Who decides whether the user is told: the settings, or a panel with alerts on, which asks
+    /// to be told whatever the settings say.
+    enum class Asked { bySettings, byPanel };
+
+    void serviceProblem(const newsroom::AppleServiceStatus::Report& report,
+                        Asked asked = Asked::bySettings);
+    void serviceRestored(const std::string& service, Asked asked = Asked::bySettings);
+    void newRelease(const newsroom::NewBuild& build, Asked asked = Asked::bySettings);
+    // No setting is about these: call them when a panel asks.
+    void signing(const std::vector<SigningNews>& news);
+    void updates(const std::vector<OfferChange>& changes);
 
     // Their texts, for whoever tells the user in another way.
     static Notification ofProblem(const newsroom::AppleServiceStatus::Report& report);
@@ -43,8 +53,10 @@ public:
               const NotificationTarget& page);
 
 private:
-    void post(std::string_view setting, Notification notification);
+    void post(std::string_view setting, Notification notification,
+              Asked asked = Asked::bySettings);
     void post(Notification notification);
+    void postEachOrAll(std::vector<Notification> notifications, Notification summary);
 
     const Defaults& defaults_;
     newsroom::FeedClient::Clock clock_;

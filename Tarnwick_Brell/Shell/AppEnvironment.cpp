@@ -3,8 +3,11 @@
 #include <utility>
 
 #include "Tarnwick_Brell/Newsrooms/BeatAlerts.h"
+#include "Tarnwick_Brell/Newsrooms/PanelAlerts.h"
 
 namespace desk {
+
+using newsroom::PanelAlert;
 
 namespace {
 
@@ -97,14 +100,55 @@ void AppEnvironment::tellBeats(const std::vector<std::int64_t>& numbers) {
 }
 
 void AppEnvironment::connectAlerts() {
-    QObject::connect(&trackers_, &TrackerStore::onServiceProblem, &notifier_,
-                     [this](const auto& report) { alerts_.serviceProblem(report); });
-    QObject::connect(&trackers_, &TrackerStore::onServiceRestored, &notifier_,
-                     [this](const auto& service) { alerts_.serviceRestored(service); });
-    QObject::connect(&trackers_, &TrackerStore::onNewRelease, &notifier_,
-                     [this](const auto& build) { alerts_.newRelease(build); });
+    connectTrackerAlerts();
+    connectSignalAlerts();
     newsDesk_.onNewStories(
         [this](const Announcement& announcement) { alerts_.stories(announcement); });
+}
+
+// With the panels as they are now: another program may have changed them, and at the start they
+// have not been read yet.
+
+void AppEnvironment::connectTrackerAlerts() {
+    const auto asked = [this](PanelAlert alert) {
+        return panelsAskFor(alert, newsrooms_.newsrooms()) ? Alerts::Asked::byPanel
+                                                           : Alerts::Asked::bySettings;
+    };
+    QObject::connect(&trackers_, &TrackerStore::onServiceProblem, &newsrooms_,
+                     [this, asked](const auto& report) {
+                         newsrooms_.load([this, asked, report] {
+                             alerts_.serviceProblem(report, asked(PanelAlert::serviceStatus));
+                         });
+                     });
+    QObject::connect(&trackers_, &TrackerStore::onServiceRestored, &newsrooms_,
+                     [this, asked](const auto& service) {
+                         newsrooms_.load([this, asked, service] {
+                             alerts_.serviceRestored(service, asked(PanelAlert::serviceStatus));
+                         });
+                     });
+    QObject::connect(&trackers_, &TrackerStore::onNewRelease, &newsrooms_, [this](const auto& build) {
+        newsrooms_.load([this, build] {
+            const bool isAsked = panelsAskForRelease(build.platform.platform, newsrooms_.newsrooms());
+            alerts_.newRelease(build, isAsked ? Alerts::Asked::byPanel : Alerts::Asked::bySettings);
+        });
+    });
+}
+
+void AppEnvironment::connectSignalAlerts() {
+    QObject::connect(&signals_, &SignalsStore::onSigningChanges, &newsrooms_,
+                     [this](const auto& changes) {
+                         newsrooms_.load([this, changes] {
+                             if (!panelsAskFor(PanelAlert::signing, newsrooms_.newsrooms())) return;
+                             alerts_.signing(signingNews(changes));
+                         });
+                     });
+    QObject::connect(&signals_, &SignalsStore::onOfferChanges, &newsrooms_,
+                     [this](const auto& changes) {
+                         newsrooms_.load([this, changes] {
+                             if (!panelsAskFor(PanelAlert::updates, newsrooms_.newsrooms())) return;
+                             alerts_.updates(changes);
+                         });
+                     });
 }
 
 const Paths& AppEnvironment::prepared(const Paths& paths) {

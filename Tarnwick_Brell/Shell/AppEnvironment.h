@@ -53,6 +53,8 @@ private:
     void connectNewsrooms();
     void goLiveForEvents();
     void connectAlerts();
+    void connectTrackerAlerts();
+    void connectSignalAlerts();
     void tellBeats(const std::vector<std::int64_t>& news);
 
     newsroom::FeedClient::Clock clock_;

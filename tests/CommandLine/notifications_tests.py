@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """What the user of a desk that stays is told, over a message bus of its own: each thing once."""
+import json
 import os
 import signal
 import sqlite3
@@ -10,6 +11,7 @@ import unittest
 
 DEBIANS_PYTHON = "/usr/bin/python3"
 try:
+    import dbus
     import dbusmock
 except ImportError:
     # Debian's packages of Python modules belong to Debian's interpreter, which need not be this.
@@ -63,6 +65,60 @@ class Notifications(dbusmock.DBusTestCase):
             library.execute("UPDATE trackerHealth SET lastAttempt = lastAttempt - ?, lastSuccess = lastSuccess - ?", (day, day))
             library.execute("UPDATE trackerCopies SET fetchedAt = fetchedAt - ?", (day,))
         library.close()
+
+    def panels_with_alerts(self, *kinds):
+        """A newsroom whose panels have their alerts on; its releases are those of iOS."""
+        self.desk.run("newsroom", "new", "Alerts", "--panels", ",".join(kinds))
+        spec = json.loads(self.desk.run("newsroom", "export", "Alerts").stdout)
+        self.desk.run("newsroom", "remove", "Alerts")
+        for panel in spec["panels"]:
+            panel["options"].update(alerts=True, platforms=["iOS"])
+        return self.desk.run("newsroom", "import", "-", stdin=json.dumps(spec).encode()).stdout
+
+    def settings(self):
+        return (self.desk.folder / "settings.ini").read_text()
+
+    def opener(self):
+        """A folder whose xdg-open writes down what it is to open, and the file that it writes."""
+        folder = self.desk.folder / "opener"
+        folder.mkdir()
+        opened = folder / "opened"
+        (folder / "xdg-open").write_text(f'#!/bin/sh\necho "$1" >> {opened}\n')
+        (folder / "xdg-open").chmod(0o755)
+        return {"PATH": f"{folder}:{os.environ['PATH']}"}, opened
+
+    def choose(self, title):
+        """Chooses the last notification of that title, once it is there, as its user does."""
+        self.wait_for(f"no notification: {title}", lambda: title in [str(call[3]) for call in self.sent()])
+        # The service counts what it shows from 1; what takes another's place keeps its number.
+        numbers, last = {}, 0
+        for call in self.sent():
+            last += 0 if call[1] else 1
+            numbers[str(call[3])] = int(call[1]) or last
+        interface = "org.freedesktop.Notifications"
+        for name, types, value in (("ActivationToken", "us", "token"), ("ActionInvoked", "us", "default")):
+            self.mock.EmitSignal(interface, name, types, [dbus.UInt32(numbers[title]), value],
+                                 dbus_interface=dbusmock.MOCK_IFACE)
+
+    def wait_for(self, what, holds):
+        deadline = time.time() + 30
+        while not holds():
+            self.assertLess(time.time(), deadline, what)
+            time.sleep(0.1)
+
+    def start(self, program, *words, minute, **changes):
+        room = self.world.room(minute)
+        self.addCleanup(room.close)
+        process = subprocess.Popen(
+            [BIN / program, "--data-dir", self.desk.folder, *room.network, *words], env=dict(os.environ, **changes),
+            stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
+        self.addCleanup(process.communicate)
+        self.addCleanup(process.kill)
+        return process
+
+    def end(self, process):
+        process.send_signal(signal.SIGTERM)
+        return process.communicate(timeout=20)[1].splitlines()
 
     def watch_at(self, minute, expected):
         """One run of a desk at that minute of the world; what it sent and what it printed. It
@@ -131,6 +187,39 @@ class Notifications(dbusmock.DBusTestCase):
             self.assertIn("sound-name", call[6])
         self.desk.run("settings", "notifications", "off")
         self.assertEqual(self.watch_at(93, 0)[0], [])
+
+    def test_choosing_a_notification_shows_the_page_in_the_window_and_the_link_without_one(self):
+        changes, opened = self.opener()
+        self.watch_at(16, 0)
+        process = self.start("tarnwick-brell", minute=30, QT_QPA_PLATFORM="offscreen", QT_QUICK_BACKEND="software",
+                             XDG_RUNTIME_DIR=str(self.desk.folder), QT_FORCE_STDERR_LOGGING="1", **changes)
+        for title, place in (("Apple Music: outage", "tracker:status"), ("iOS 27.2 beta 3", "tracker:software")):
+            self.choose(title)
+            self.wait_for(f"{title} does not lead to {place}", lambda: place in self.settings())
+        # Qt's words for a window that it can't bring to the front where there are no others.
+        self.assertEqual(self.end(process), ["This plugin does not support raise()"] * 2)
+        self.assertFalse(opened.exists(), "the browser has been opened")
+
+        self.let_a_day_pass()
+        process = self.start("brell", "watch", minute=47, **changes)
+        self.choose("App Store: issue")
+        self.wait_for("nothing has been opened", opened.exists)
+        self.assertEqual(opened.read_text(), "https://www.apple.com/support/systemstatus/\n")
+        self.assertEqual(self.end(process), [])
+
+    def test_panels_with_alerts_tell_of_their_news_whatever_the_settings_say(self):
+        said = self.panels_with_alerts("status", "releases", "records", "backend", "scoops")
+        self.assertIn("raises notifications: new builds of iOS.", said)
+        self.assertNotIn("Scoops raises", said)
+        for key in ("alertServiceStatus", "alertReleases"):
+            self.desk.run("settings", key, "off")
+        for minute, titles in (
+                (16, []),
+                (30, ["Apple Music: outage", "iOS 27.2 beta 3"]),
+                (42, ["Apple Music is working again"]),
+                (42, ["iOS 27.1 is no longer signed", "iPadOS 27.1 is no longer signed"])):
+            sent, _ = self.watch_at(minute, len(titles))
+            self.assertEqual(sorted(str(call[3]) for call in sent), titles, f"minute {minute}")
 
 
 if __name__ == "__main__":

@@ -60,6 +60,15 @@ TEST(BeatsWithAlerts, TellEachStoryOnceUnderTheFirstThatAsksForIt) {
         EXPECT_EQ(told(BeatAlerts(row.beats, row.newsrooms), news), row.told);
 }
 
+TEST(BeatsWithAlerts, AreToldApartFromPanelsByTheirNewsroom) {
+    const auto newsrooms = newsroomOf(PanelKind::stream, true);
+    const auto matches = BeatAlerts(beatsOf({{"chips", true}}), newsrooms)
+                             .matches({{.title = "chips"}, {.title = "glass"}});
+    ASSERT_EQ(matches.size(), 2u);
+    EXPECT_EQ(matches[0].newsroomID, "");
+    EXPECT_EQ(matches[1].newsroomID, newsrooms.entries().at(0).id);
+}
+
 TEST(BeatsWithAlerts, TellACrowdAsOne) {
     const std::vector<Story> news(Announcement::kMostOneByOne + 5, Story{.title = "chips"});
     const auto matches = BeatAlerts(beatsOf({{"chips", true}}), {}).matches(news);

@@ -116,6 +116,39 @@ TEST_F(AlertsTest, WhatTheUserSwitchesOffIsNotPosted) {
     EXPECT_TRUE(posted_.at(0).withSound);
 }
 
+TEST_F(AlertsTest, APanelThatAsksIsToldWhateverTheSettingsSay) {
+    defaults_.set("alertServiceStatus", "false");
+    defaults_.set("alertReleases", "false");
+    alerts_.serviceProblem(report("Outage", "x"), Alerts::Asked::byPanel);
+    alerts_.serviceRestored("Harbour Mail", Alerts::Asked::byPanel);
+    alerts_.newRelease(build(), Alerts::Asked::byPanel);
+    EXPECT_EQ(posted_.size(), 3u);
+    posted_.clear();
+
+    const SigningNews gone{
+        .system = "iOS 26.1", .build = "23B85", .isSigned = false, .devices = {"iPhone 17"}};
+    alerts_.signing({gone});
+    const OfferChange offer{.offer = {.platform = "macOS", .version = "26.1.1", .build = "25B90"},
+                            .isOffered = true};
+    alerts_.updates({offer});
+    alerts_.updates(std::vector(4, offer));
+    const Target updates{.kind = Target::Kind::tracker, .id = "updates"};
+    const std::string now = "Apple's update catalogue now offers macOS 26.1.1 (25B90).";
+    EXPECT_EQ(posted_, (std::vector<Notification>{
+                           {.identifier = "signing-iOS 26.1-23B85-no longer signed",
+                            .title = "iOS 26.1 is no longer signed",
+                            .body = "iOS 26.1 (23B85) is no longer signed for iPhone 17.",
+                            .target = Target{.kind = Target::Kind::tracker, .id = "signing"}},
+                           {.identifier = "update-macOS-25B90-offered",
+                            .title = "macOS 26.1.1 is offered",
+                            .body = now,
+                            .target = updates},
+                           {.identifier = "updates",
+                            .title = "4 changes of the update catalogue",
+                            .body = now + "\n" + now + "\n" + now + "\nand 1 more",
+                            .target = updates}}));
+}
+
 TEST_F(AlertsTest, ACrowdOfStoriesIsOneNotification) {
     defaults_.set("alertStories", "true");
     alerts_.stories({.stories = stories(20), .total = 21});
