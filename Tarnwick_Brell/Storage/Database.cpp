@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <chrono>
 #include <thread>
+#include <utility>
 
 #include "Tarnwick_Brell/Storage/PrivateFiles.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
@@ -292,7 +293,8 @@ void Database::fail(int code) const {
                    handle_ ? sqlite3_system_errno(handle_.get()) : 0);
 }
 
-Transaction::Transaction(Database& database) : database_(database) {
+Transaction::Transaction(Database& database, std::function<void()> beforeCommit)
+    : database_(database), beforeCommit_(std::move(beforeCommit)) {
     // Taken for writing at once: a reader that turns writer half-way cannot wait its turn.
     database_.execute("BEGIN IMMEDIATE");
 }
@@ -307,6 +309,7 @@ Transaction::~Transaction() {
 }
 
 void Transaction::commit() {
+    if (beforeCommit_) beforeCommit_();
     database_.execute("COMMIT");
     open_ = false;
 }

@@ -128,7 +128,8 @@ private:
 /// Rolled back unless committed.
 class Transaction {
 public:
-    explicit Transaction(Database& database);
+    /// `beforeCommit` is the last that happens in it.
+    explicit Transaction(Database& database, std::function<void()> beforeCommit = {});
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
@@ -137,6 +138,7 @@ public:
 
 private:
     Database& database_;
+    std::function<void()> beforeCommit_;
     bool open_ = true;
 };
 

@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The search index keeps tables of its own, which triggers fill as stories come in.
+/// Without those of the search index, which is made anew from the stories.
 std::vector<std::string> tablesOf(Database& database) {
     Statement rows(database,
                    "SELECT name FROM sqlite_schema WHERE type = 'table' "
@@ -66,6 +66,7 @@ void copyRows(Database& target, const fs::path& damaged) {
                         " NOT INDEXED WHERE TRUE")
                            .c_str());
     }
+    target.execute("INSERT INTO storySearch (storySearch) VALUES ('rebuild')");
     transaction.commit();
     target.execute("DETACH damaged");
 }

@@ -61,6 +61,7 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       database_(file, access),
       stories_(database_),
       search_(database_),
+      searchIndex_(database_),
       marks_(database_),
       sources_(database_),
       validators_(database_),
@@ -81,6 +82,12 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
     } else {
         requireCurrentSchema(database_);
     }
+}
+
+Transaction LocalStore::transaction() {
+    // What a transaction collected that was rolled back.
+    searchIndex_.forget();
+    return Transaction(database_, [this] { searchIndex_.update(); });
 }
 
 bool LocalStore::hasForeignChanges() {

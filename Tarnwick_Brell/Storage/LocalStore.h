@@ -12,6 +12,7 @@
 #include "Tarnwick_Brell/Storage/MarkTable.h"
 #include "Tarnwick_Brell/Storage/OfferHistory.h"
 #include "Tarnwick_Brell/Storage/RecordTable.h"
+#include "Tarnwick_Brell/Storage/SearchIndex.h"
 #include "Tarnwick_Brell/Storage/SigningHistory.h"
 #include "Tarnwick_Brell/Storage/SourceTable.h"
 #include "Tarnwick_Brell/Storage/StoryMerge.h"
@@ -39,7 +40,7 @@ public:
 
     StoryTable& stories() { return stories_; }
     /// Made when it is asked for: its statements need a library that may be written.
-    [[nodiscard]] StoryMerge merging() { return StoryMerge(database_); }
+    [[nodiscard]] StoryMerge merging() { return StoryMerge(database_, searchIndex_); }
     StorySearch& search() { return search_; }
     MarkTable& marks() { return marks_; }
     SourceTable& sources() { return sources_; }
@@ -63,13 +64,15 @@ public:
     /// Whether another connection has written since the last call. Cheap.
     bool hasForeignChanges();
 
-    [[nodiscard]] Transaction transaction() { return Transaction(database_); }
+    /// Its commit also brings the full-text index up to date.
+    [[nodiscard]] Transaction transaction();
 
 private:
     std::optional<FileLock> use_;
     Database database_;
     StoryTable stories_;
     StorySearch search_;
+    SearchIndex searchIndex_;
     MarkTable marks_;
     SourceTable sources_;
     ValidatorStore validators_;

@@ -13,7 +13,7 @@ namespace {
 
 // Each step leads from the version of its index to the next one. Steps are never changed
 // once released. Instants are microseconds since 1970; enumerations are their raw values.
-constexpr std::array<const char*, 4> kSteps{
+constexpr std::array<const char*, 5> kSteps{
     R"sql(
     CREATE TABLE stories (
         number INTEGER PRIMARY KEY,
@@ -185,6 +185,16 @@ constexpr std::array<const char*, 4> kSteps{
     CREATE TABLE chartRanks (chart TEXT NOT NULL, day INTEGER NOT NULL, rank INTEGER NOT NULL,
                              app TEXT NOT NULL, name TEXT NOT NULL, developer TEXT NOT NULL,
                              PRIMARY KEY (chart, day, rank)) WITHOUT ROWID;
+    )sql",
+
+    // The desk itself writes new and revised stories into the full-text index, all those of a
+    // transaction at once (see SearchIndex.h).
+    R"sql(
+    DROP TRIGGER storyAdded;
+    DROP TRIGGER storyRevised;
+    -- Its pieces become larger and are merged less often. Eight of a size cost a search little.
+    INSERT INTO storySearch (storySearch, rank) VALUES ('hashsize', 4194304);
+    INSERT INTO storySearch (storySearch, rank) VALUES ('automerge', 8);
     )sql",
 };
 

@@ -22,7 +22,8 @@ constexpr std::int64_t kMostWordings = 20;
 constexpr std::size_t kFewestRepeats = 3;
 constexpr std::chrono::hours kSamePublication{1};
 
-constexpr std::string_view kFind = "SELECT number, link, sourceID, title FROM stories WHERE id = ?";
+constexpr std::string_view kFind =
+    "SELECT number, link, sourceID, title, summary, author FROM stories WHERE id = ?";
 constexpr std::string_view kDeparted = "UPDATE departed SET lastSeen = ?2 WHERE id = ?1";
 constexpr std::string_view kSameTitle =
     "SELECT id, publishedAt FROM stories WHERE titleKey = ? AND sourceID = ? "
@@ -90,7 +91,7 @@ struct StoryMerge::Known {
     std::int64_t number = 0;
     std::string link{};
     std::string sourceID{};
-    std::string title{};
+    SearchIndex::Text text{};
 };
 
 /// A fetch sorted into what is new and what is known.
@@ -105,8 +106,9 @@ struct StoryMerge::Plan {
     std::size_t knownOnes = 0;
 };
 
-StoryMerge::StoryMerge(Database& database)
+StoryMerge::StoryMerge(Database& database, SearchIndex& index)
     : database_(database),
+      index_(index),
       find_(database, kFind),
       departed_(database, kDeparted),
       sameTitle_(database, kSameTitle),
@@ -188,7 +190,9 @@ std::optional<StoryMerge::Known> StoryMerge::find(const Story& story) {
         known = Known{.number = find_.number(0),
                       .link = find_.text(1),
                       .sourceID = find_.text(2),
-                      .title = find_.text(3)};
+                      .text = {.title = find_.text(3),
+                               .summary = find_.text(4),
+                               .author = find_.optionalText(5)}};
     }
     find_.reset();
     return known;
@@ -246,6 +250,7 @@ StoredStory StoryMerge::insert(const Story& story, const Fetch& fetch, Arrival a
     insert_.bind(17, stamp).bind(18, number).bind(19, microseconds(fetch.seen));
     insert_.bind(20, newsroom::rawValue(arrival));
     insert_.run();
+    index_.add(number);
     return {.story = story, .number = number, .firstSeen = fetch.seen, .arrival = arrival};
 }
 
@@ -256,7 +261,10 @@ std::optional<StoredStory> StoryMerge::revise(const Story& story, const Known& k
     revise_.bind(17, stamp).bind(18, known.number);
     revise_.run();
     if (database_.changes() == 0) return std::nullopt;
-    if (known.title != story.title) keepWording(known.number, known.title, fetch.seen);
+    if (known.text.title != story.title) keepWording(known.number, known.text.title, fetch.seen);
+    if (known.text != SearchIndex::Text{story.title, story.summary, story.author}) {
+        index_.replace(known.number, known.text);
+    }
     return StoryTable(database_).findByNumber(known.number);
 }
 

@@ -10,6 +10,7 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Stories/Story.h"
 #include "Tarnwick_Brell/Storage/Database.h"
+#include "Tarnwick_Brell/Storage/SearchIndex.h"
 #include "Tarnwick_Brell/Storage/StoredStory.h"
 
 namespace desk {
@@ -50,9 +51,9 @@ public:
         std::size_t mostFresh = 40;
     };
 
-    explicit StoryMerge(Database& database);
+    StoryMerge(Database& database, SearchIndex& index);
 
-    /// Within the caller's transaction. `stamp` is DeskState's for that transaction.
+    /// Within a transaction of LocalStore. `stamp` is DeskState's for that transaction.
     Merged merge(std::span<const newsroom::Story> stories, const Fetch& fetch, std::int64_t stamp);
 
 private:
@@ -72,6 +73,7 @@ private:
     void keepWording(std::int64_t number, const std::string& title, newsroom::Instant replacedAt);
 
     Database& database_;
+    SearchIndex& index_;
     Statement find_;
     Statement departed_;
     Statement sameTitle_;

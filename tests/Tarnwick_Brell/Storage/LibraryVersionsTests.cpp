@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "Tarnwick_Brell/Storage/LocalStore.h"
+#include "tests/Tarnwick_Brell/Storage/LibraryFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace desk {
@@ -52,6 +53,39 @@ TEST(LibraryVersions, ALibraryOfTheFirstVersionComesOverWhole) {
                   .merge(std::vector{reslugged}, {.seen = reslugged.publishedAt}, 2)
                   .count.moved,
               1u);
+}
+
+TEST(LibraryVersions, ALibraryWhoseIndexFollowedEachStoryStaysSearchable) {
+    const test::TemporaryFolder folder;
+    const auto file = folder.path() / "library.sqlite";
+    Database(file, Database::Access::readWrite).execute(fixture("version-4.sql").c_str());
+    LocalStore store(file, Database::Access::readWrite);
+    const auto found = [&](const char* words) {
+        std::string ids;
+        store.search().each({.search = SearchText::parse(words)}, [&](const StoredStory& stored) {
+            ids += stored.story.id + " ";
+            return true;
+        });
+        return ids;
+    };
+    EXPECT_EQ(found("cafe"), "a1 ");
+
+    auto revised = store.stories().findByID("a1", 1).at(0).story;
+    revised.summary = "A bakery next door.";
+    auto added = revised;
+    added.id = "d4";
+    added.link = "https://a.example/4";
+    added.title = "Porto store opens";
+    auto transaction = store.transaction();
+    store.merging().merge(std::vector{revised, added}, {.seen = revised.publishedAt},
+                          store.state().nextStamp());
+    store.stories().dropPublishedBefore(revised.publishedAt, revised.publishedAt);
+    transaction.commit();
+    EXPECT_EQ(found("cafe"), "");
+    EXPECT_EQ(found("bakery store"), "d4 a1 ");
+    EXPECT_EQ(found("author:ana"), "") << "dropped";
+    EXPECT_EQ(found("window"), "b2 ");
+    Database(file, Database::Access::readWrite).execute(test::kCheckSearchIndex);
 }
 
 }  // namespace

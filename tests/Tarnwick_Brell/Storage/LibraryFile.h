@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+
+#include "Tarnwick_Brell/Storage/Database.h"
+
+namespace test {
+
+/// Fails unless the full-text index knows every story by what it says now.
+inline constexpr const char* kCheckSearchIndex =
+    "INSERT INTO storySearch (storySearch, rank) VALUES ('integrity-check', 1)";
+
+/// Counts the pages that are written to a library. A reader who does not end keeps the
+/// write-ahead log from beginning anew, so that it only grows.
+class PagesWritten {
+public:
+    explicit PagesWritten(const std::filesystem::path& library)
+        : log_(library.string() + "-wal"), reader_(library, desk::Database::Access::readOnly) {
+        reader_.execute("BEGIN; SELECT count(*) FROM sqlite_schema");
+        begin();
+    }
+
+    void begin() { start_ = size(); }
+    std::size_t count() const { return (size() - start_) / kBytesPerFrame; }
+
+private:
+    static constexpr std::size_t kBytesPerFrame = 24 + 4096;
+
+    std::size_t size() const { return std::filesystem::file_size(log_); }
+
+    std::filesystem::path log_;
+    desk::Database reader_;
+    std::size_t start_ = 0;
+};
+
+}  // namespace test
