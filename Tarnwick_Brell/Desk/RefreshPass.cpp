@@ -29,10 +29,13 @@ using Kind = SourceOutcome::Kind;
 
 namespace {
 
-// Arrivals wait in memory and are written in few, short transactions: other programs get
-// their turn, and a crowd of sources does not pile up.
-constexpr std::size_t kStoriesPerTransaction = 4000;
-constexpr std::chrono::seconds kLongestInMemory{1};
+// Arrivals wait in memory and are written in few transactions. Stories of many feeds lie all
+// over the library, so that each transaction writes most of its pages again: when many arrive,
+// they are written less often.
+constexpr std::size_t kStoriesPerTransaction = 16'000;
+constexpr std::size_t kManyStories = 1000;
+constexpr std::chrono::seconds kBetweenWrites{1};
+constexpr std::chrono::seconds kBetweenWritesOfMany{6};
 
 // A server that goes on answering "unchanged" may be wrong; and what retention once dropped
 // comes back only in full.
@@ -111,10 +114,12 @@ public:
         transaction.commit();
         waiting_.clear();
         waitingStories_ = 0;
+        lastWrite_ = Clock::now();
         report(std::move(step));
     }
 
-    /// Writes what has come every second, whatever still keeps the pass waiting.
+    /// Writes what has come every second or, after the first time, every few seconds while
+    /// many stories come, whatever still keeps the pass waiting.
     asio::awaitable<void> writeRegularly() {
         // The end of the fetching may come when the timer has just run out: then nothing is
         // waited for any more, and that is no failure.
@@ -122,9 +127,11 @@ public:
         const auto cancellation = co_await asio::this_coro::cancellation_state;
         asio::steady_timer timer(co_await asio::this_coro::executor);
         while (cancellation.cancelled() == asio::cancellation_type::none) {
-            timer.expires_after(kLongestInMemory);
+            timer.expires_after(kBetweenWrites);
             const auto [error] = co_await timer.async_wait(asio::as_tuple(asio::use_awaitable));
-            if (!error) write();
+            const bool isMany = lastWrite_ && waitingStories_ >= kManyStories;
+            const bool mayWait = isMany && Clock::now() - *lastWrite_ < kBetweenWritesOfMany;
+            if (!error && !mayWait) write();
         }
     }
 
@@ -144,6 +151,8 @@ public:
     }
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     void countOne() {
         ++done_;
         if (pass_.listener_.progress) pass_.listener_.progress(done_, total_);
@@ -188,6 +197,7 @@ private:
     std::vector<Arrived> held_;
     std::vector<Arrived> unblamed_;  ///< cancelled
     std::size_t waitingStories_ = 0;
+    std::optional<Clock::time_point> lastWrite_;
     std::size_t done_ = 0;
     std::size_t total_;
     bool answered_ = false;

@@ -16,6 +16,12 @@ namespace {
 
 constexpr int kBusyMilliseconds = 10'000;
 
+// A transaction whose pages do not fit into the cache (in KB) writes them to the log several
+// times. The log goes into the file only when it has so many pages: each page goes there once,
+// however many transactions have changed it.
+constexpr const char* kForLargeTransactions =
+    "PRAGMA cache_size = -24000; PRAGMA wal_autocheckpoint = 8000";
+
 /// SQLite's file addresses: a name with every special character escaped.
 std::string fileAddress(const std::filesystem::path& file, const char* parameters) {
     std::string address = "file:";
@@ -170,6 +176,7 @@ Database::Database(const std::filesystem::path& file, Access access) : file_(fil
     if (access == Access::readWrite) {
         useWriteAheadLog();
         execute("PRAGMA synchronous = NORMAL");
+        execute(kForLargeTransactions);
     } else if (access == Access::unshared) {
         // Whoever makes the file throws it away when that breaks off, and syncs it at the end.
         execute("PRAGMA locking_mode = EXCLUSIVE");

@@ -8,6 +8,7 @@
 
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
 #include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/Tarnwick_Brell/Storage/LibraryFile.h"
 
 namespace desk {
 namespace {
@@ -134,6 +135,23 @@ TEST_F(RefreshPassTest, OldItemsPublishedAnewAreMarkedUnlessTheDeskWasAwayForLon
     const auto later = refresh({"a.example"});
     EXPECT_EQ(of(later, "a.example").merged.added, 100u);
     EXPECT_FALSE(of(later, "a.example").merged.bulk);
+}
+
+TEST_F(RefreshPassTest, APassWithoutNewsWritesLittleMoreThanTheTimesOfItsSources) {
+    std::vector<std::string> hosts;
+    for (int number = 0; number < 60; ++number) {
+        hosts.push_back("h" + std::to_string(number) + ".example");
+        bench_.serve(hosts.back(), {DeskBench::feed(hosts.back(), 1, 5), {.status = 304}});
+    }
+    refresh(hosts);
+    const auto validators = store_.validators().load();
+    ::test::PagesWritten pages(bench_.library());
+    const auto report = refresh(hosts);
+    for (const auto& outcome : report.outcomes) EXPECT_EQ(outcome.kind, Kind::unchanged);
+    EXPECT_EQ(store_.validators().load(), validators);
+    // 60 rows of about 100 bytes lie on some three pages. Each second of the pass writes them at
+    // most once, beside the pages of the desk's own times.
+    EXPECT_LT(pages.count(), 40u);
 }
 
 }  // namespace
