@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include <fmt/format.h>
@@ -42,12 +44,11 @@ std::vector<newsroom::NewsSource> sourcesFor(const desk::SourceRoster& roster,
 /// In the order of the roster: arrivals come as the network pleases.
 void sortLike(const std::vector<newsroom::NewsSource>& asked,
               std::vector<SourceOutcome>& outcomes) {
-    const auto place = [&](const SourceOutcome& outcome) {
-        return std::find_if(asked.begin(), asked.end(),
-                            [&](const auto& source) { return source.id == outcome.source.id; });
-    };
-    std::sort(outcomes.begin(), outcomes.end(),
-              [&](const auto& a, const auto& b) { return place(a) < place(b); });
+    std::unordered_map<std::string_view, std::size_t> places;
+    for (const auto& source : asked) places.emplace(source.id, places.size());
+    std::sort(outcomes.begin(), outcomes.end(), [&](const auto& a, const auto& b) {
+        return places.at(a.source.id) < places.at(b.source.id);
+    });
 }
 
 int runRefresh(Session& session, const RefreshOptions& options) {
