@@ -16,7 +16,7 @@ DailyBackup::DailyBackup(std::filesystem::path library, newsroom::Instant now)
       thread_([this](const std::stop_token& stop) { make(stop); }) {}
 
 DailyBackup::~DailyBackup() {
-    constexpr std::chrono::milliseconds patience(500);
+    constexpr std::chrono::milliseconds patience(900);
     {
         std::unique_lock lock(mutex_);
         ended_.wait_for(lock, patience, [this] { return hasEnded_; });

@@ -11,7 +11,7 @@
 namespace brell {
 
 /// The day's backup of the library, made beside the work of a short command. The command ends at
-/// most half a second later because of it: what the full check has not reached by then, the quick
+/// most a second later because of it: what the full check has not reached by then, the quick
 /// one has seen, and a copy that is not yet whole is left to the next command.
 class DailyBackup {
 public:
