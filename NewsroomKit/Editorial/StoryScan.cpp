@@ -13,8 +13,8 @@ namespace {
 using Where = RuleHit::Where;
 
 /// The normalised story as one text, "title summary", and where its parts lie in it.
-/// Folding looks at one code point at a time, so the opening, cut before it is
-/// normalised, is a prefix of the normalised summary.
+/// The opening is cut between user-perceived characters, so that, normalised, it is a prefix
+/// of the normalised summary.
 struct JoinedText {
     std::string text;
     std::size_t titleEnd;

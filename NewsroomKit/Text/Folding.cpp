@@ -31,18 +31,35 @@ icu::UnicodeString withOrdinaryWidth(char32_t codePoint) {
     return ordinary;
 }
 
+/// The marks that make カ to ガ and ハ to パ. They make other letters, not accents.
+constexpr bool isKanaVoiceMark(char32_t c) {
+    return c == U'\u3099' || c == U'\u309A';
+}
+
+/// Whether the folded character may be one with that before it: a voice mark of kana, half-width
+/// ones included, or a vowel or final consonant of a Hangul syllable.
+constexpr bool mayJoinPrevious(char32_t c) {
+    const auto within = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
+    return within(0x1161, 0x1175) || within(0x11A8, 0x11C2) || isKanaVoiceMark(c) ||
+           c == U'\uFF9E' || c == U'\uFF9F';
+}
+
 /// The slow rule for one code point. Folding after widths and before decomposition
-/// leaves nothing that another round would change.
+/// leaves nothing that another round would change. What remains after the marks are gone is
+/// composed again, which concerns kana and Hangul alone.
 std::string foldCodePoint(char32_t codePoint) {
     icu::UnicodeString folded = withOrdinaryWidth(codePoint).foldCase();
     UErrorCode status = U_ZERO_ERROR;
     folded = normalizer(&icu::Normalizer2::getNFDInstance).normalize(folded, status);
-    std::string bytes;
+    icu::UnicodeString kept;
     for (std::int32_t at = 0; at < folded.length(); at = folded.moveIndex32(at, 1)) {
         const UChar32 character = folded.char32At(at);
-        if ((U_GET_GC_MASK(character) & U_GC_M_MASK) != 0) continue;
-        appendUTF8(static_cast<char32_t>(character), bytes);
+        const bool isMark = (U_GET_GC_MASK(character) & U_GC_M_MASK) != 0;
+        if (isMark && !isKanaVoiceMark(static_cast<char32_t>(character))) continue;
+        kept.append(character);
     }
+    std::string bytes;
+    normalizer(&icu::Normalizer2::getNFCInstance).normalize(kept, status).toUTF8String(bytes);
     return bytes;
 }
 
@@ -57,10 +74,10 @@ public:
         starts_[256] = static_cast<std::uint16_t>(bytes_.size());
     }
 
-    void append(char32_t codePoint, std::string& out) const {
+    std::string_view of(char32_t codePoint) const {
         const std::size_t index = codePoint & 0xFFU;
-        out.append(bytes_, starts_[index],
-                   static_cast<std::size_t>(starts_[index + 1] - starts_[index]));
+        return {bytes_.data() + starts_[index],
+                static_cast<std::size_t>(starts_[index + 1] - starts_[index])};
     }
 
 private:
@@ -97,6 +114,22 @@ FoldingTable& foldingTable() {
     return table;
 }
 
+/// Appends a folded character that may be one with the last of those from `begin` on.
+void appendJoined(std::string_view folded, std::size_t begin, std::string& out) {
+    const char32_t character = decodeUTF8(folded, 0).value;
+    if (out.size() > begin) {
+        const auto previous = decodeUTF8Before(out, out.size());
+        const UChar32 joined = normalizer(&icu::Normalizer2::getNFCInstance)
+                                   .composePair(static_cast<UChar32>(previous.value),
+                                                static_cast<UChar32>(character));
+        if (joined >= 0) {
+            out.resize(out.size() - previous.length);
+            return appendUTF8(static_cast<char32_t>(joined), out);
+        }
+    }
+    if (!isKanaVoiceMark(character)) out += folded;
+}
+
 void appendLowercased(std::string_view ascii, std::string& out) {
     out.append(ascii);
     // Plain locals: the compiler turns the loop into wide instructions only when it sees
@@ -114,6 +147,7 @@ void appendLowercased(std::string_view ascii, std::string& out) {
 
 void appendFolded(std::string_view utf8, std::string& out) {
     FoldingTable& table = foldingTable();
+    const std::size_t begin = out.size();
     std::size_t at = 0;
     while (at < utf8.size()) {
         const std::size_t end = endOfASCII(utf8, at);
@@ -121,7 +155,12 @@ void appendFolded(std::string_view utf8, std::string& out) {
         at = end;
         while (at < utf8.size() && !isASCII(utf8[at])) {
             const DecodedCodePoint decoded = decodeUTF8(utf8, at);
-            table.pageOf(decoded.value).append(decoded.value, out);
+            const std::string_view folded = table.pageOf(decoded.value).of(decoded.value);
+            if (mayJoinPrevious(decoded.value)) {
+                appendJoined(folded, begin, out);
+            } else {
+                out += folded;
+            }
             at += decoded.length;
         }
     }

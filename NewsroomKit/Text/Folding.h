@@ -11,8 +11,11 @@ namespace newsroom {
 /// forms made ordinary. Other compatibility characters (™, ½, ﷼) stay, apart from
 /// ligatures that case folding itself spells out (ﬁ becomes "fi").
 ///
-/// The result depends on each code point alone: folding a prefix of a text gives a prefix
-/// of the folded text. Folding twice changes nothing. Invalid UTF-8 becomes U+FFFD.
+/// Hangul syllables and voiced kana (ガ, パ) are letters of their own: they are composed,
+/// however they are spelled, so that nothing matches a part of one.
+///
+/// Folding the first user-perceived characters of a text gives a prefix of the folded text.
+/// Folding twice changes nothing. Invalid UTF-8 becomes U+FFFD.
 std::string fold(std::string_view utf8);
 
 /// fold, for callers who build a longer text.
