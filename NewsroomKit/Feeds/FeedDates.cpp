@@ -1,58 +1,69 @@
 #include "NewsroomKit/Feeds/FeedDates.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
+
+#include "NewsroomKit/Text/ASCII.h"
+#include "NewsroomKit/Text/Folding.h"
+#include "NewsroomKit/Text/Utf8.h"
 
 namespace newsroom {
 namespace {
 
-constexpr std::array<std::string_view, 7> weekdays{
-    "monday", "tuesday", "wednesday", "thursday", "friday", "saturday", "sunday"};
+constexpr auto none = std::string_view::npos;
 
+/// What the names of each month begin with, folded: in English, German, French, Spanish, Italian,
+/// Portuguese and Dutch, and the abbreviations that leave letters out.
 constexpr std::array<std::string_view, 12> months{
-    "january", "february", "march",     "april",   "may",      "june",
-    "july",    "august",   "september", "october", "november", "december"};
+    "january januar janner janvier enero gennaio janeiro",
+    "february februar feber fevrier febrero febbraio fevereiro",
+    "march marz maerz mrz mars marzo marco maart mrt",
+    "april avril abril aprile",
+    "may mai mayo maggio maio mei",
+    "june juni juin junio giugno junho",
+    "july juli juillet julio luglio julho",
+    "august aout agosto augustus",
+    "september septembre septiembre setiembre settembre setembro",
+    "october oktober octobre octubre ottobre outubro",
+    "november novembre noviembre novembro",
+    "december dezember decembre diciembre dicembre dezembro"};
 
 struct Zone {
     std::string_view name;
-    int hours;
+    std::chrono::minutes offset;
 };
 
-constexpr std::array zones{Zone{"gmt", 0},  Zone{"ut", 0},   Zone{"utc", 0},  Zone{"z", 0},
-                           Zone{"est", -5}, Zone{"edt", -4}, Zone{"cst", -6}, Zone{"cdt", -5},
-                           Zone{"mst", -7}, Zone{"mdt", -6}, Zone{"pst", -8}, Zone{"pdt", -7}};
+using namespace std::chrono_literals;
+
+constexpr std::array zones{
+    Zone{"gmt", 0h},  Zone{"ut", 0h},    Zone{"utc", 0h},   Zone{"z", 0h},     Zone{"est", -5h},
+    Zone{"edt", -4h}, Zone{"cst", -6h},  Zone{"cdt", -5h},  Zone{"mst", -7h},  Zone{"mdt", -6h},
+    Zone{"pst", -8h}, Zone{"pdt", -7h},  Zone{"bst", 1h},   Zone{"cet", 1h},   Zone{"cest", 2h},
+    Zone{"eet", 2h},  Zone{"eest", 3h},  Zone{"msk", 3h},   Zone{"ist", 5h + 30min},
+    Zone{"jst", 9h},  Zone{"aest", 10h}, Zone{"aedt", 11h}, Zone{"nzst", 12h}, Zone{"nzdt", 13h}};
 
 constexpr std::string_view whiteSpace = " \t\r\n";
+constexpr std::string_view separators = " \t\r\n,.-";
 constexpr std::size_t shortestName = 3;
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-bool isLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-char lowered(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-bool beginsIgnoringCase(std::string_view lowerCaseName, std::string_view start) {
-    if (start.size() > lowerCaseName.size()) return false;
-    for (std::size_t i = 0; i < start.size(); ++i) {
-        if (lowered(start[i]) != lowerCaseName[i]) return false;
+/// The month, from 1, whose names begin with this word in some language; nothing when there are
+/// two, as for "jui" (juin, juillet).
+std::optional<unsigned> monthNamed(std::string_view word) {
+    const auto start = fold(word);
+    if (start.size() < shortestName) return std::nullopt;
+    std::optional<unsigned> found;
+    for (unsigned index = 0; index < months.size(); ++index) {
+        const auto names = months[index];
+        bool fits = names.starts_with(start);
+        for (auto at = names.find(' '); !fits && at != none; at = names.find(' ', at + 1)) {
+            fits = names.substr(at + 1).starts_with(start);
+        }
+        if (!fits) continue;
+        if (found) return std::nullopt;
+        found = index + 1;
     }
-    return true;
-}
-
-template <std::size_t N>
-std::optional<unsigned> indexOfName(const std::array<std::string_view, N>& names,
-                                    std::string_view word) {
-    if (word.size() < shortestName) return std::nullopt;
-    for (unsigned i = 0; i < N; ++i) {
-        if (beginsIgnoringCase(names[i], word)) return i;
-    }
-    return std::nullopt;
+    return found;
 }
 
 class DateReader {
@@ -68,26 +79,22 @@ public:
         return true;
     }
 
-    bool skipSpaces() {
-        const auto next = std::min(rest_.find_first_not_of(whiteSpace), rest_.size());
-        rest_.remove_prefix(next);
-        return next > 0;
-    }
+    bool atDigit() const { return !rest_.empty() && isASCIIDigit(rest_.front()); }
+    bool atTime() const { return rest_.substr(0, 3).find(':') != none; }
 
+    bool skipSpaces() { return skip(whiteSpace); }
+    bool skipSeparators() { return skip(separators); }
+
+    /// Letters of any script.
     std::string_view takeWord() {
-        std::size_t length = 0;
-        while (length < rest_.size() && isLetter(rest_[length])) ++length;
-        const auto word = rest_.substr(0, length);
-        rest_.remove_prefix(length);
-        return word;
+        return takeWhile([](char c) { return isASCIILetter(c) || !isASCII(c); });
     }
 
-    std::string_view takeDigits() {
-        std::size_t length = 0;
-        while (length < rest_.size() && isDigit(rest_[length])) ++length;
-        const auto digits = rest_.substr(0, length);
-        rest_.remove_prefix(length);
-        return digits;
+    std::string_view takeDigits() { return takeWhile(isASCIIDigit); }
+
+    /// "(Central European Time)", which is only there to be read by people.
+    void skipComment() {
+        if (rest_.starts_with('(') && rest_.find(')') == rest_.size() - 1) rest_ = {};
     }
 
     /// One or two digits.
@@ -109,6 +116,20 @@ public:
     }
 
 private:
+    bool skip(std::string_view characters) {
+        const auto next = std::min(rest_.find_first_not_of(characters), rest_.size());
+        rest_.remove_prefix(next);
+        return next > 0;
+    }
+
+    template <class Predicate>
+    std::string_view takeWhile(Predicate belongs) {
+        const auto end = std::find_if_not(rest_.begin(), rest_.end(), belongs);
+        const auto taken = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
+        rest_.remove_prefix(taken.size());
+        return taken;
+    }
+
     std::string_view rest_;
 };
 
@@ -119,9 +140,8 @@ std::optional<std::chrono::sys_days> existingDay(int year, unsigned month, unsig
     return std::chrono::sys_days{date};
 }
 
-enum class Seconds { optional, required };
-
-std::optional<std::chrono::seconds> readTime(DateReader& reader, Seconds rule) {
+/// "8:30", "08:30:15" or "08:30:15.250"; the fraction is not kept.
+std::optional<std::chrono::seconds> readTime(DateReader& reader) {
     const auto hour = reader.takeShortNumber();
     if (!hour || *hour > 23 || !reader.take(':')) return std::nullopt;
     const auto minute = reader.takeShortNumber();
@@ -131,8 +151,7 @@ std::optional<std::chrono::seconds> readTime(DateReader& reader, Seconds rule) {
         const auto read = reader.takeShortNumber();
         if (!read || *read > 60) return std::nullopt;
         second = *read;
-    } else if (rule == Seconds::required) {
-        return std::nullopt;
+        if (reader.take('.') && reader.takeDigits().empty()) return std::nullopt;
     }
     return std::chrono::hours{*hour} + std::chrono::minutes{*minute} + std::chrono::seconds{second};
 }
@@ -168,9 +187,9 @@ std::optional<std::chrono::minutes> readZone(DateReader& reader) {
     if (reader.atSign()) return readOffset(reader);
     const auto word = reader.takeWord();
     for (const auto& zone : zones) {
-        if (word.size() != zone.name.size() || !beginsIgnoringCase(zone.name, word)) continue;
-        if (zone.hours == 0 && reader.atSign()) return readOffset(reader);
-        return std::chrono::hours{zone.hours};
+        if (!equalsLowercase(word, zone.name)) continue;
+        if (zone.offset == 0min && reader.atSign()) return readOffset(reader);
+        return zone.offset;
     }
     return std::nullopt;
 }
@@ -184,41 +203,93 @@ std::optional<Instant> writableInstant(Instant instant) {
     return instant;
 }
 
-/// "Thu, 01 Oct 2026 08:30:00 GMT"; weekday, seconds and zone may be absent.
-std::optional<Instant> readNamedMonthDate(std::string_view text) {
-    DateReader reader(text);
-    if (const auto word = reader.takeWord(); !word.empty()) {
-        if (!indexOfName(weekdays, word) || !reader.take(',')) return std::nullopt;
-        reader.skipSpaces();
-    }
-    const auto day = reader.takeShortNumber();
-    if (!day || !reader.skipSpaces()) return std::nullopt;
-    const auto month = indexOfName(months, reader.takeWord());
-    if (!month || !reader.skipSpaces()) return std::nullopt;
-    const auto year = reader.takeYear();
-    if (!year || !reader.skipSpaces()) return std::nullopt;
-    const auto date = existingDay(*year, *month + 1, *day);
-    const auto time = readTime(reader, Seconds::optional);
-    if (!date || !time) return std::nullopt;
+/// What is left behind the day: nothing, which is midnight UTC, or a time and its zone.
+std::optional<Instant> readRestOfDate(DateReader& reader, std::chrono::sys_days day) {
+    if (reader.atEnd()) return writableInstant(day);
+    const auto time = readTime(reader);
+    if (!time) return std::nullopt;
     reader.skipSpaces();
     const auto offset = readZone(reader);
-    if (!offset || !reader.atEnd()) return std::nullopt;
-    return writableInstant(*date + *time - *offset);
+    if (!offset) return std::nullopt;
+    reader.skipSpaces();
+    reader.skipComment();
+    return reader.atEnd() ? writableInstant(day + *time - *offset) : std::nullopt;
 }
 
-/// "2026-10-01 08:30:00", always UTC.
+/// The words before the first number: a weekday in any language, the month behind it or alone, or
+/// nothing. Gives the last of them, or nothing when there are too many.
+std::optional<std::string_view> readLeadingWords(DateReader& reader) {
+    constexpr int mostWords = 2;
+    std::string_view last;
+    int count = 0;
+    for (auto word = reader.takeWord(); !word.empty(); word = reader.takeWord()) {
+        last = word;
+        if (++count > mostWords) return std::nullopt;
+        reader.skipSeparators();
+    }
+    return last;
+}
+
+/// The month behind its day, with the separators around it: "Oct", "octobre", "de outubro de".
+/// Nothing is read when there is no word; a word that is no month is month 0.
+std::optional<unsigned> readMonthBehindDay(DateReader& reader) {
+    constexpr std::string_view of = "de";
+    auto word = reader.takeWord();
+    if (word.empty()) return std::nullopt;
+    if (equalsLowercase(word, of) && reader.skipSeparators()) word = reader.takeWord();
+    if (!reader.skipSeparators()) return 0;
+    if (!reader.atDigit() && equalsLowercase(reader.takeWord(), of)) reader.skipSeparators();
+    return monthNamed(word).value_or(0);
+}
+
+/// "08:30:00 GMT 2026" behind "Thu Oct 1", as C and Java write dates.
+std::optional<Instant> readTimeAndYear(DateReader& reader, unsigned month, unsigned day) {
+    const auto time = readTime(reader);
+    if (!time || !reader.skipSpaces()) return std::nullopt;
+    std::optional<std::chrono::minutes> offset = 0min;
+    if (!reader.atDigit()) offset = readZone(reader);
+    reader.skipSpaces();
+    const auto year = reader.takeYear();
+    if (!offset || !year || !reader.atEnd()) return std::nullopt;
+    const auto date = existingDay(*year, month, day);
+    return date ? writableInstant(*date + *time - *offset) : std::nullopt;
+}
+
+/// "Thu, 01 Oct 2026 08:30:00 GMT" and "Oct 1 2026"; only day, month and year must be there.
+/// A word before the day is a weekday when the month stands behind it: "mar, 17 mar 2026".
+std::optional<Instant> readNamedMonthDate(std::string_view text) {
+    DateReader reader(text);
+    const auto word = readLeadingWords(reader);
+    if (!word) return std::nullopt;
+    const auto day = reader.takeShortNumber();
+    if (!day || !reader.skipSeparators()) return std::nullopt;
+    auto month = readMonthBehindDay(reader);
+    if (!month) {
+        month = monthNamed(*word);
+        if (!month) return std::nullopt;
+        if (reader.atTime()) return readTimeAndYear(reader, *month, *day);
+    }
+    const auto year = reader.takeYear();
+    if (!year || (!reader.skipSeparators() && !reader.atEnd())) return std::nullopt;
+    const auto date = existingDay(*year, *month, *day);
+    return date ? readRestOfDate(reader, *date) : std::nullopt;
+}
+
+/// "2026-10-01 08:30:00" and "2026/10/1"; only the day must be there.
 std::optional<Instant> readNumberedDate(std::string_view text) {
     DateReader reader(text);
     const auto year = reader.takeDigits();
-    if (year.size() != 4 || !reader.take('-')) return std::nullopt;
+    const char separator = reader.take('/') ? '/' : '-';
+    if (year.size() != 4 || (separator == '-' && !reader.take('-'))) return std::nullopt;
     const auto month = reader.takeShortNumber();
-    if (!month || !reader.take('-')) return std::nullopt;
+    if (!month || !reader.take(separator)) return std::nullopt;
     const auto day = reader.takeShortNumber();
-    if (!day || !reader.skipSpaces()) return std::nullopt;
+    if (!day) return std::nullopt;
+    // The text is trimmed, so a space promises a time as well as the "T" does.
+    const bool needsTime = reader.take('T') || reader.skipSpaces();
+    if (needsTime == reader.atEnd()) return std::nullopt;
     const auto date = existingDay(*DateReader(year).takeYear(), *month, *day);
-    const auto time = readTime(reader, Seconds::required);
-    if (!date || !time || !reader.atEnd()) return std::nullopt;
-    return writableInstant(*date + *time);
+    return date ? readRestOfDate(reader, *date) : std::nullopt;
 }
 
 }  // namespace
