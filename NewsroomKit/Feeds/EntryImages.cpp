@@ -60,9 +60,10 @@ void EntryImages::offerMediaThumbnail(const XMLAttributes& attributes,
 }
 
 void EntryImages::offerMedia(const XMLAttributes& attributes, std::string_view address) {
-    if (!isWebPicture(address)) return;
-    int width = 0;
     const auto text = attributes.value("width");
+    if (!isWebPicture(address) || isPixelSize(text)) return;
+    if (isPixelSize(attributes.value("height"))) return;
+    int width = 0;
     std::from_chars(text.data(), text.data() + text.size(), width);
     if (!media_.empty() && width <= mediaWidth_) return;
     media_ = address;
