@@ -33,6 +33,8 @@ constexpr std::array names{
     NameRow{"published", ElementRole::date},
     NameRow{"updated", ElementRole::revisionDate},
     NameRow{"dc:date", ElementRole::revisionDate},
+    NameRow{"atom:updated", ElementRole::revisionDate},
+    NameRow{"atom:published", ElementRole::revisionDate},
     NameRow{"guid", ElementRole::guid},
     NameRow{"id", ElementRole::guid},
     NameRow{"author", ElementRole::author},
@@ -46,6 +48,8 @@ constexpr std::array names{
     NameRow{"media:thumbnail", ElementRole::mediaThumbnail},
     NameRow{"media:description", ElementRole::mediaDescription},
     NameRow{"itunes:image", ElementRole::podcastImage},
+    NameRow{"itunes:author", ElementRole::podcastAuthor},
+    NameRow{"itunes:summary", ElementRole::podcastSummary},
     NameRow{"yt:videoid", ElementRole::videoID},
 };
 

@@ -33,6 +33,8 @@ enum class ElementRole {
     mediaThumbnail,
     mediaDescription,
     podcastImage,
+    podcastAuthor,   ///< when no other author is named
+    podcastSummary,  ///< when there is no other text
     videoID,
 };
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
+#include "NewsroomKit/Feeds/AuthorAddress.h"
 #include "NewsroomKit/Feeds/FeedDates.h"
 #include "NewsroomKit/Feeds/FirstPicture.h"
 #include "NewsroomKit/Feeds/HTMLText.h"
@@ -95,12 +96,16 @@ FeedEntry EntryDraft::finish(AddressBase& base, std::string_view xmlBase) && {
     entry.summaryHTML = std::move(summary);
     entry.contentHTML = std::move(content);
     if (entry.summaryHTML.empty() && entry.contentHTML.empty()) {
-        entry.summaryHTML = std::move(mediaDescription);
+        entry.summaryHTML =
+            mediaDescription.empty() ? std::move(podcastSummary) : std::move(mediaDescription);
     }
     entry.publishedAt = parseFeedDate(date);
     if (!entry.publishedAt) entry.publishedAt = parseFeedDate(revisionDate);
     entry.imageURL = chosenImage(images, entry, base, htmlBase.empty() ? xmlBase : htmlBase);
-    entry.author = optionalText(std::move(author));
+    // An address is no name as long as a name is given as well.
+    const bool takesPodcastAuthor =
+        author.empty() || (!podcastAuthor.empty() && isOnlyAddresses(author));
+    entry.author = optionalText(std::move(takesPodcastAuthor ? podcastAuthor : author));
     entry.publisher = optionalText(std::move(publisher));
 
     if (hasVideoID || isVideoLink(entry.link)) {

@@ -28,6 +28,8 @@ struct EntryDraft {
     std::string publisher;
     std::string mediaDescription;
     std::string htmlBase;  ///< xml:base of the summary or content, empty when there is none
+    std::string podcastAuthor;
+    std::string podcastSummary;
     EntryImages images;
     std::string recording;  ///< address of the first audio or video enclosure
     bool hasAudio = false;

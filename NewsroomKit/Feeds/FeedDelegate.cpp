@@ -12,7 +12,8 @@ namespace {
 
 bool holdsHTML(ElementRole role) {
     return role == ElementRole::title || role == ElementRole::summary ||
-           role == ElementRole::content || role == ElementRole::mediaDescription;
+           role == ElementRole::content || role == ElementRole::mediaDescription ||
+           role == ElementRole::podcastSummary;
 }
 
 bool declaresXHTML(const XMLAttributes& attributes) {
@@ -211,6 +212,8 @@ std::string* FeedDelegate::field(ElementRole role) {
         case ElementRole::authorName: return &draft_.author;
         case ElementRole::publisher: return &draft_.publisher;
         case ElementRole::mediaDescription: return &draft_.mediaDescription;
+        case ElementRole::podcastAuthor: return &draft_.podcastAuthor;
+        case ElementRole::podcastSummary: return &draft_.podcastSummary;
         default: return nullptr;
     }
 }

@@ -6,6 +6,7 @@
 
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Editorial/StoryLabels.h"
+#include "NewsroomKit/Feeds/AuthorAddress.h"
 #include "NewsroomKit/Feeds/HTMLText.h"
 #include "NewsroomKit/Ingestion/CreditExtraction.h"
 #include "NewsroomKit/Stories/PublisherNames.h"
@@ -79,7 +80,7 @@ std::optional<std::string> authorOf(const FeedEntry& entry, const NewsSource& so
         author = trimWhitespaceAndNewlines(author.substr(open + 1, close - open - 1));
     }
     if (author.empty() || characterCount(author) > kAuthorCharacters) return std::nullopt;
-    if (equalIgnoringCase(author, source.name)) return std::nullopt;
+    if (equalIgnoringCase(author, source.name) || isOnlyAddresses(author)) return std::nullopt;
     return author;
 }
 

@@ -159,6 +159,37 @@ TEST(FeedParser, ReadsDatesOfPublicationBeforeThoseOfRevision) {
     }
 }
 
+TEST(FeedParser, TakesAuthorAndSummaryOfAPodcastWhenNothingElseNamesThem) {
+    const std::string podcast =
+        "<itunes:author>Siv</itunes:author><itunes:summary>&lt;p>Ropes.&lt;/p></itunes:summary>";
+    const auto alone = onlyEntry(rss("<title>T</title>" + podcast));
+    EXPECT_EQ(alone.author, "Siv");
+    EXPECT_EQ(alone.summaryHTML, "<p>Ropes.</p>");
+
+    const auto last = onlyEntry(rss("<title>T</title>" + podcast +
+                                    "<dc:creator>Tor</dc:creator><content:encoded>C</content:encoded>"));
+    EXPECT_EQ(last.author, "Tor");
+    EXPECT_EQ(last.summaryHTML, "");
+
+    const auto described =
+        onlyEntry(rss("<title>T</title>" + podcast + "<media:description>M</media:description>"));
+    EXPECT_EQ(described.summaryHTML, "M");
+
+    const auto addressed = onlyEntry(rss("<author>crew@a.example</author>" + podcast));
+    EXPECT_EQ(addressed.author, "Siv") << "an address is no name";
+    EXPECT_EQ(onlyEntry(rss("<author>crew@a.example</author>")).author, "crew@a.example");
+}
+
+TEST(FeedParser, TakesAtomsDatesInsideRSSWhenThereIsNoOther) {
+    const std::string updated =
+        "<a:updated xmlns:a=\"http://www.w3.org/2005/Atom\">2026-02-02T00:00:00Z</a:updated>";
+    const auto alone = onlyEntry(rss("<title>T</title>" + updated));
+    EXPECT_EQ(alone.publishedAt, parseISO8601("2026-02-02T00:00:00Z"));
+    const auto last =
+        onlyEntry(rss("<title>T</title>" + updated + "<pubDate>2026-01-01T00:00:00Z</pubDate>"));
+    EXPECT_EQ(last.publishedAt, parseISO8601("2026-01-01T00:00:00Z"));
+}
+
 struct ImageCase {
     std::string_view item;
     std::optional<std::string> image;
