@@ -82,6 +82,7 @@ std::string HTMLReader::read() {
                 break;
         }
     }
+    finishLink();
     return std::move(text_);
 }
 
@@ -151,17 +152,28 @@ void HTMLReader::readTag() {
         widenGap(Gap::line);
     } else if (name == "td" || name == "th") {
         widenGap(Gap::space);
-    } else if (name == "a" && options_.dropsContinueLinks) {
-        if (closes) finishLink();
-        linkStart_ = text_.size();
+    } else if (name == "a" && options_.readsLinks) {
+        finishLink();
+        if (!closes) openLink_ = Link{text_.size(), 0, html_.substr(nameEnd, at_ - nameEnd - 1)};
     }
 }
 
+/// Links do not nest: the start of one ends another that is open.
 void HTMLReader::finishLink() {
-    const auto name = trimWhitespaceAndNewlines(std::string_view(text_).substr(linkStart_));
-    if (!name.starts_with(continueReading)) return;
-    text_.resize(linkStart_);
-    widenGap(Gap::space);
+    if (!openLink_) return;
+    auto link = *openLink_;
+    openLink_.reset();
+    const auto words = std::string_view(text_).substr(link.begin);
+    const auto name = trimWhitespaceAndNewlines(words);
+    if (name.empty()) return;
+    if (name.starts_with(continueReading)) {
+        text_.resize(link.begin);
+        widenGap(Gap::space);
+        return;
+    }
+    link.begin += static_cast<std::size_t>(name.data() - words.data());
+    link.end = text_.size();
+    links_.push_back(link);
 }
 
 /// Behind the ">" that closes the tag; one inside a quoted value does not count. A quotation

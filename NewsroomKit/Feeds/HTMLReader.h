@@ -2,8 +2,11 @@
 
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace newsroom {
 
@@ -11,16 +14,27 @@ namespace newsroom {
 class HTMLReader {
 public:
     struct Options {
-        bool dropsContinueLinks = false;  ///< links named "Continue reading…"
+        /// Links are remembered; those named "Continue reading…" are left out of the text.
+        bool readsLinks = false;
         bool keepsLineBreaks = false;     ///< a line break of the source ends a line
         /// Reading stops soon after the text has this many bytes.
         std::size_t enough = std::numeric_limits<std::size_t>::max();
+    };
+
+    /// A link whose words stand from byte `begin` to `end` of the text.
+    struct Link {
+        std::size_t begin;
+        std::size_t end;
+        std::string_view tag;  ///< as tagAttribute wants it
     };
 
     HTMLReader(std::string_view html, Options options);
 
     /// Lines separated by "\n". To be called once.
     std::string read();
+
+    /// The links with words among what was read, in order. To be called once, behind read.
+    std::vector<Link> takeLinks() { return std::move(links_); }
 
 private:
     enum class Gap { none, space, line };
@@ -42,7 +56,8 @@ private:
     std::size_t at_ = 0;
     std::string text_;
     Gap gap_ = Gap::none;
-    std::size_t linkStart_ = 0;
+    std::optional<Link> openLink_;
+    std::vector<Link> links_;
     bool inLeftoverCDATA_ = false;
 };
 

@@ -19,8 +19,9 @@ std::string cleanHeadline(std::string_view html);
 std::string postTitle(std::string_view html);
 
 /// Plain text of at most `limit` user-perceived characters: without embedded elements (see
-/// EmbeddedElements.h), without a blog engine's "The post … appeared first on …" and
-/// "Continue reading…", cut as TextCut.h tells. Reads no more of the HTML than it needs.
-std::string excerpt(std::string_view html, std::size_t limit);
+/// EmbeddedElements.h) and without what a publisher's software writes below the text (see
+/// ExcerptEnding.h), cut as TextCut.h tells. Reads no more of the HTML than it needs.
+/// `itemLink`, where it is known, tells links to the item itself from others.
+std::string excerpt(std::string_view html, std::size_t limit, std::string_view itemLink = {});
 
 }  // namespace newsroom

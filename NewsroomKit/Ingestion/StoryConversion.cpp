@@ -42,12 +42,32 @@ std::string withoutLeadingName(std::string text, std::string_view name) {
     return std::string(trimHorizontalWhitespace(std::string_view(text).substr(at)));
 }
 
+/// Whether the excerpt only has the words of the links that are the whole content: some feeds
+/// write such a list once more as a summary without links.
+bool repeatsLinks(std::string_view excerptText, const std::string& contentHTML) {
+    constexpr std::size_t longestWords = 160;
+    constexpr std::size_t longestLinkList = 4096;
+    if (excerptText.empty() || excerptText.size() > longestWords || contentHTML.empty() ||
+        contentHTML.size() > longestLinkList) {
+        return false;
+    }
+    if (!excerpt(contentHTML, kExcerptCharacters).empty()) return false;
+    const auto withoutSpaces = [](std::string text) {
+        std::erase_if(text, [](char c) { return c == ' ' || c == '\n'; });
+        return text;
+    };
+    return withoutSpaces(plainText(contentHTML)) == withoutSpaces(std::string(excerptText));
+}
+
 std::string summaryOf(const FeedEntry& entry, const NewsSource& source) {
     if (source.format == NewsSource::Format::googleNews) return {};
     const auto& html = entry.summaryHTML.empty() ? entry.contentHTML : entry.summaryHTML;
     const bool post = entry.medium == FeedEntry::Medium::post;
-    return withoutLeadingName(excerpt(html, post ? kPostExcerptCharacters : kExcerptCharacters),
-                              source.name);
+    const auto limit = post ? kPostExcerptCharacters : kExcerptCharacters;
+    const auto& link = entry.link.empty() ? entry.guid : entry.link;
+    const auto text = excerpt(html, limit, link);
+    if (repeatsLinks(text, entry.contentHTML)) return {};
+    return withoutLeadingName(text, source.name);
 }
 
 /// "Headline - Publisher" of a news search; a title that is nothing else keeps it.

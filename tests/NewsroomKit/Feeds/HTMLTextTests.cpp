@@ -65,8 +65,8 @@ TEST(HTMLText, HeadlinesStandOnOneLine) {
 
 TEST(Excerpt, LeavesOutElementsThatHoldNoProse) {
     EXPECT_EQ(excerpt("<figure><img><figcaption>No</figcaption></figure><p>Yes</p>"
-                      "<SCRIPT>if (a < b) no();</script ><style>p{}</style>!", 420),
-              "Yes\n!");
+                      "<SCRIPT>if (a < b) no();</script ><style>p{}</style>So", 420),
+              "Yes\nSo");
     EXPECT_EQ(excerpt("Before <form action='x'>everything after", 420), "Before");
 }
 
@@ -85,6 +85,87 @@ TEST(Excerpt, LeavesOutWhatTheBlogEngineWroteBelowTheText) {
         {"Continue reading the log. It is worth it.", "Continue reading the log. It is worth it."},
     };
     for (const auto& [html, text] : cases) EXPECT_EQ(excerpt(html, 420), text) << html;
+}
+
+struct EndingCase {
+    std::string_view html;
+    std::string_view text;
+};
+
+/// The item whose excerpt is taken.
+constexpr std::string_view item = "https://blog.example/2026/lamp/";
+
+class ExcerptEnding : public testing::TestWithParam<EndingCase> {};
+
+TEST_P(ExcerptEnding, IsLeftOutWhenItIsNoPartOfTheText) {
+    EXPECT_EQ(excerpt(GetParam().html, 420, item), GetParam().text) << GetParam().html;
+}
+
+INSTANTIATE_TEST_SUITE_P(Marks, ExcerptEnding, testing::Values(
+    EndingCase{"<p>Text.</p><div><a href='https://blog.example/linked/1'>&nbsp;★&nbsp;</a></div>",
+               "Text."},
+    EndingCase{"<p>Text.</p><p>→</p><p>* * *</p>", "Text."},
+    EndingCase{"<p>★</p>", ""},
+    EndingCase{"<p>Text with ★</p>", "Text with ★"},
+    EndingCase{"<p>Text.</p><p>42</p>", "Text.\n42"},
+    EndingCase{"<p>本文</p>", "本文"}));
+
+INSTANTIATE_TEST_SUITE_P(Invitations, ExcerptEnding, testing::Values(
+    EndingCase{"<p>Text.</p><p><a href='x'>Read the full story at The Daily Buoy.</a></p>", "Text."},
+    EndingCase{"<p>Text.</p><p>Read the full story at <a href='x'>The Daily Buoy</a>.</p>", "Text."},
+    EndingCase{"Text. Read the full article here", "Text."},
+    EndingCase{"<p>Text [&#8230;] <a href='x'>Read More &raquo;</a></p>", "Text […]"},
+    EndingCase{"<p>Text.</p><p>Read more</p>", "Text."},
+    EndingCase{"Text. Read more at The Daily Buoy", "Text."},
+    EndingCase{"Text. (more&#8230;)", "Text."},
+    EndingCase{"<p>Text.</p><p><a href='x'>&infin; Permalink</a></p>", "Text."},
+    EndingCase{"<p>Text.</p><p><a href='x'>Weiterlesen</a></p>", "Text."},
+    EndingCase{"<p>Texte…</p><p><a href='x'>Lire la suite de l’article</a></p>", "Texte…"},
+    EndingCase{"<p>Text … <a class='btn more-link' href='x'>Fortsæt <i>Lampen</i></a></p>", "Text …"},
+    EndingCase{"<p>Text.</p><a href='http://www.blog.example/2026/lamp?utm_source=rss'>Tovább</a>",
+               "Text."},
+    EndingCase{"Texto... Leia isto no <a href='https://blog.example/2026/lamp'>Farol</a>",
+               "Texto..."},
+    EndingCase{"<p>Text.</p><p><a href='x'>Read more</a></p><p>★</p>", "Text."}));
+
+INSTANTIATE_TEST_SUITE_P(SiteFooters, ExcerptEnding, testing::Values(
+    EndingCase{"<p>Text.</p><p>Der Beitrag <a href='https://blog.example/2026/lamp/'>Lampe</a> erschien "
+               "zuerst auf <a href='https://blog.example'>Blog</a>.</p>", "Text."},
+    EndingCase{"<p><a href='https://blog.example/2026/lamp/'>Lampa</a> ukazała się na "
+               "<a href='https://blog.example'>Blog</a>.</p>", ""},
+    EndingCase{"Text.<br/><br/>This article, \"<a href='https://blog.example/2026/lamp/'>Lamp</a>\" first "
+               "appeared on <a href='https://blog.example'>Blog</a><br/><br/><a href='x'>Discuss this "
+               "article</a> in our forums<br/>", "Text."}));
+
+INSTANTIATE_TEST_SUITE_P(TextThatStays, ExcerptEnding, testing::Values(
+    EndingCase{"You can read more at the library.", "You can read more at the library."},
+    EndingCase{"<p>One.</p><p>Read more books this year.</p>", "One.\nRead more books this year."},
+    EndingCase{"Some want less. More!", "Some want less. More!"},
+    EndingCase{"<p>One.</p><p>Continue reading the log. It is long.</p>",
+               "One.\nContinue reading the log. It is long."},
+    EndingCase{"<p>Seen at <a href='https://blog.example/2026/lamp/'>the blog</a>.</p>",
+               "Seen at the blog."},
+    EndingCase{"<p><a href='https://blog.example/2026/lamp/'>The lamp</a> is new (via <a "
+               "href='https://x.example/'>X</a>).</p>", "The lamp is new (via X)."},
+    EndingCase{"“We ... are done”, says <a href='https://blog.example/2026/lamp'>the keeper</a>",
+               "“We ... are done”, says the keeper"},
+    EndingCase{"<p>One.</p><p>Photo by <a href='https://pics.example/@ida'>Ida</a> on <a "
+               "href='https://pics.example'>Pics</a></p>", "One.\nPhoto by Ida on Pics"},
+    EndingCase{"<p>One.</p><p>Mail <a href='x'>the desk</a></p>", "One.\nMail the desk"}));
+
+TEST(Excerpt, IsNoneWhenTheTextIsNothingButTheWordsOfLinks) {
+    EXPECT_EQ(excerpt("<a href='a'>View downloads</a><a href='b'>View release notes</a>", 420), "");
+    EXPECT_EQ(excerpt("<p><a href='a'>Comments</a> | <a href='b'>Share</a></p>", 420), "");
+    EXPECT_EQ(excerpt("<a href='a'>Notes</a> for sailors", 420), "Notes for sailors");
+    const auto teaser = repeated("The ferry left on time, for once. ", 6);
+    EXPECT_NE(excerpt("<a href='a'>" + teaser + "</a>", 420), "") << "a linked text is a text";
+}
+
+TEST(Excerpt, LeavesOutASiteFooterInAnyLanguageWithoutKnowingTheItem) {
+    EXPECT_EQ(excerpt("<p>Texte.</p><p>L’article <a href='https://b.example/le/phare/'>Phare</a> est apparu en "
+                      "premier sur <a href='https://b.example/le'>Le blog</a>.</p>", 420), "Texte.");
+    EXPECT_EQ(excerpt("<p>Voir <a href='https://a.example/x'>A</a> et <a href='https://b.example'>B</a>.</p>",
+                      420), "Voir A et B.");
 }
 
 struct CutCase {
@@ -107,6 +188,7 @@ TEST(Excerpt, EndsAtTheLastBoundaryThatFits) {
         {"Ten vs. eleven", 8, "Ten vs.…"},
         {"One, two, three", 9, "One, two…"},
         {"<p>A headline</p><p>Then more text</p>", 12, "A headline"},
+        {"<p>A headline</p><p>* * *</p><p>Then more text</p>", 20, "A headline"},
         {"Donaudampfschifffahrt", 6, "Donau…"},
         {"One two", 1, "…"},
         {"One two", 0, ""},
@@ -142,7 +224,7 @@ TEST(HTMLText, HostileTextsAreReadInOnePass) {
     // Far more than one pass takes under a sanitizer, far less than square growth.
     constexpr auto patience = std::chrono::seconds(10);
     for (const std::string_view piece :
-         {"<", "<a", "<a href=\"", "<a href='x\">", "&", "&#", "<!--", "<![CDATA[", "]]>", "<script",
+         {"<", "<a", "<a href=\"", "<a href='x\">", "<a href='x'>★</a><br>", "a <img src='http://stats.a/' width=", "&", "&#", "<!--", "<![CDATA[", "]]>", "<script",
           "<script>", "<script></script", "</form  ", "The post ", "Continue reading ", "<img",
           "<img src=", "<img src='", "\u0301"}) {
         const auto html = repeated(piece, static_cast<int>(2'000'000 / piece.size()));
@@ -150,6 +232,7 @@ TEST(HTMLText, HostileTextsAreReadInOnePass) {
         EXPECT_LE(characterCount(excerpt(html, 420)), 420U) << piece;
         EXPECT_LE(characterCount(postTitle(html)), 120U) << piece;
         EXPECT_LE(plainText(html).size(), html.size() * 3) << piece;
+        EXPECT_LE(excerpt(html, html.size()).size(), html.size() * 3) << piece;
         AddressBase base;
         firstPicture(html, base);
         EXPECT_LT(std::chrono::steady_clock::now() - start, patience) << piece;

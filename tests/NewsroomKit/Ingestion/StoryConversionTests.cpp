@@ -140,6 +140,26 @@ TEST_F(StoryConversionTest, TheExcerptLosesTheSourcesNameAndARepeatedHeadline) {
     EXPECT_EQ(convert(item)->summary, "Only content.");
 }
 
+TEST_F(StoryConversionTest, TheExcerptLosesALastLineThatLeadsToTheItemAndItsSite) {
+    auto item = entry("Lampe", "https://blog.example/lampe/");
+    item.summaryHTML =
+        "<p>Neues.</p><p><a href='https://blog.example/lampe'>Lampe</a> stand zuerst bei "
+        "<a href='https://blog.example'>Blog</a>.</p>";
+    EXPECT_EQ(convert(item)->summary, "Neues.");
+    item.link.clear();
+    item.guid = "https://blog.example/lampe/";
+    EXPECT_EQ(convert(item)->summary, "Neues.");
+}
+
+TEST_F(StoryConversionTest, ASummaryThatRepeatsAListOfLinksIsNone) {
+    auto item = entry("Chart 4.1");
+    item.summaryHTML = "Get the chartRead the notes";
+    item.contentHTML = "<p><a href='/a'>Get the chart</a></p><p><a href='/b'>Read the notes</a></p>";
+    EXPECT_EQ(convert(item)->summary, "");
+    item.contentHTML += "New depths.";
+    EXPECT_EQ(convert(item)->summary, "Get the chartRead the notes");
+}
+
 TEST_F(StoryConversionTest, APostKeepsMoreOfItsTextThanAnArticle) {
     std::string text;
     for (int i = 0; i < 400; ++i) text += "word" + std::to_string(i) + " ";
