@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
-#include <sstream>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
+
+#include "Tarnwick_Brell/Arguments/HelpText.h"
+#include "Tarnwick_Brell/Arguments/Suggestion.h"
 
 namespace arguments {
 
@@ -56,8 +58,6 @@ std::function<std::string(const Words&)> takeNumber(Number& value, Range<Number>
     };
 }
 
-std::string nameOf(const CLI::Option& option) { return option.get_name(); }
-
 /// "brell sources add".
 std::string fullName(const CLI::App& app) {
     const auto* parent = app.get_parent();
@@ -70,14 +70,35 @@ const CLI::App& chosenOf(const CLI::App& app) {
     return chosen.empty() ? app : chosenOf(*chosen.front());
 }
 
+/// Every option that may stand behind the command, which the commands above it lend to it.
+Words optionNames(const CLI::App& command) {
+    Words names;
+    for (const auto* app = &command; app; app = app->get_parent()) {
+        for (const auto* option : app->get_options()) {
+            if (option->nonpositional()) names.push_back(option->get_name());
+        }
+    }
+    return names;
+}
+
+Words subcommandNames(const CLI::App& command) {
+    Words names;
+    for (const auto* subcommand : command.get_subcommands({}))
+        names.push_back(subcommand->get_name());
+    return names;
+}
+
 std::string unexpected(const CLI::App& app, const std::string& word) {
     const auto& command = chosenOf(app);
-    const auto help = fmt::format("See {} --help.", fullName(command));
-    if (word.starts_with("-")) return fmt::format("There is no option {}. {}", word, help);
-    const bool hasSubcommands = !command.get_subcommands({}).empty();
-    return hasSubcommands
-               ? fmt::format("There is no subcommand {} {}. {}", fullName(command), word, help)
-               : fmt::format("\"{}\" is one word too many. {}", word, help);
+    const auto name = fullName(command);
+    if (word.starts_with("-")) {
+        return fmt::format("There is no option {}.{} See {} --help.", word,
+                           didYouMean(word, optionNames(command)), name);
+    }
+    const auto known = subcommandNames(command);
+    return known.empty() ? fmt::format("\"{}\" is one word too many. See {} --help.", word, name)
+                         : fmt::format("There is no subcommand {} {}.{} See {} --help.", name, word,
+                                       didYouMean(word, known), name);
 }
 
 std::string missing(const CLI::App& app, const std::string& what) {
@@ -103,11 +124,54 @@ std::string mismatch(const std::string& text) {
                                  : fmt::format("--{} takes no value.", name);
 }
 
-/// The text of help or of the version, which the library prints when it is told to end.
-std::string printed(const CLI::App& app, const CLI::ParseError& end) {
-    std::ostringstream out;
-    app.exit(end, out, out);
-    return out.str();
+/// "--limit N" with what else is to be known of it before its meaning.
+Help::Entry helpOf(const CLI::Option& option) {
+    auto name = option.get_positional() ? option.get_name(true) : option.get_name(false, true);
+    if (const auto comma = name.find(','); comma != name.npos) name.insert(comma + 1, " ");
+    const bool isFlag = option.get_type_size() == 0 || option.get_expected_max() == 0;
+    if (option.nonpositional() && !isFlag) name += " " + option.get_type_name();
+    auto meaning = option.get_description();
+    if (!option.get_default_str().empty())
+        meaning += fmt::format(" (default {})", option.get_default_str());
+    if (option.nonpositional() && option.get_required()) meaning += " (required)";
+    for (const auto* other : option.get_needs())
+        meaning += fmt::format(" (with {})", other->get_name());
+    for (const auto* other : option.get_excludes())
+        meaning += fmt::format(" (not with {})", other->get_name());
+    return {.name = std::move(name), .meaning = std::move(meaning)};
+}
+
+std::string usageOf(const CLI::App& command) {
+    auto usage = fullName(command) + " [OPTIONS]";
+    for (const auto* option : command.get_options()) {
+        if (!option->get_positional()) continue;
+        auto name = option->get_name(true);
+        if (option->get_expected_max() > 1) name += "...";
+        usage += option->get_required() ? " " + name : " [" + name + "]";
+    }
+    if (command.get_subcommands({}).empty()) return usage;
+    return usage + (command.get_require_subcommand_min() > 0 ? " SUBCOMMAND" : " [SUBCOMMAND]");
+}
+
+Help helpOf(const CLI::App& command) {
+    Help help{.description = command.get_description() + ".", .usage = usageOf(command)};
+    if (help.description.ends_with("..")) help.description.pop_back();
+    Help::Section arguments{.title = "Arguments"}, options{.title = "Options"},
+        subcommands{.title = "Subcommands"};
+    for (const auto* option : command.get_options()) {
+        (option->get_positional() ? arguments : options).entries.push_back(helpOf(*option));
+    }
+    for (const auto* subcommand : command.get_subcommands({}))
+        subcommands.entries.push_back({subcommand->get_name(), subcommand->get_description()});
+    help.sections = {subcommands, arguments, options};
+    help.footer = command.get_footer();
+    if (command.get_parent()) {
+        const auto* program = command.get_parent();
+        while (program->get_parent()) program = program->get_parent();
+        help.footer += fmt::format("{}{} --help lists the options that every subcommand takes.",
+                                   help.footer.empty() ? "" : "\n\n", program->get_name());
+    }
+    return help;
 }
 
 /// "--name=" would take the word that follows.
@@ -168,7 +232,10 @@ bool Option::isGiven() const { return option_->count() > 0; }
 
 Command Command::subcommand(const std::string& name, const std::string& help) {
     if (app_->get_require_subcommand_min() == 0) app_->require_subcommand(0, 1);
-    return Command(*app_->add_subcommand(name, help));
+    auto* added = app_->add_subcommand(name, help);
+    // It would take over this command's.
+    added->footer("");
+    return Command(*added);
 }
 
 void Command::requireSubcommand() { app_->require_subcommand(1); }
@@ -194,7 +261,7 @@ Option Command::add(const std::string& name, bool isList, Take take, const std::
             return true;
         },
         help);
-    *shown = nameOf(*option);
+    *shown = option->get_name();
     option->type_name("TEXT")->type_size(1);
     option->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     if (!isList) {
@@ -287,6 +354,7 @@ void Command::whenChosen(std::function<void()> action) {
 
 Parser::Parser(const std::string& program, const std::string& description)
     : app_(std::make_unique<CLI::App>(description, program)) {
+    app_->set_help_flag("-h,--help", "Print this help and do nothing else");
     // Subcommands take this over, so that the program's own options may follow them.
     app_->fallthrough();
 }
@@ -297,13 +365,15 @@ void Parser::setVersion(const std::string& text) { app_->set_version_flag("--ver
 
 Command Parser::root() { return Command(*app_); }
 
-std::optional<std::string> Parser::parse(int count, const char* const* words) {
+std::optional<std::string> Parser::parse(int count, const char* const* words, std::size_t width) {
     requireNoEmptyAssignment(Words(words + std::min(count, 1), words + count));
     try {
         app_->parse(count, words);
         return std::nullopt;
-    } catch (const CLI::Success& end) {
-        return printed(*app_, end);
+    } catch (const CLI::CallForVersion& version) {
+        return version.what() + std::string("\n");
+    } catch (const CLI::Success&) {
+        return helpText(helpOf(chosenOf(*app_)), width);
     } catch (const CLI::RequiredError& error) {
         const auto unknown = app_->remaining(true);
         throw UsageError(unknown.empty() ? missing(*app_, error.what())

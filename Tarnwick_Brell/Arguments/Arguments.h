@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -110,9 +111,11 @@ public:
     void setVersion(const std::string& text);
     Command root();
 
-    /// The text to print instead of doing anything, which help and the version are. Throws
-    /// UsageError.
-    std::optional<std::string> parse(int count, const char* const* words);
+    /// The text to print instead of doing anything, which help and the version are, in lines of
+    /// `width` columns. Throws UsageError.
+    std::optional<std::string> parse(int count, const char* const* words,
+                                     std::size_t width = kHelpWidth);
+    static constexpr std::size_t kHelpWidth = 80;
 
 private:
     std::unique_ptr<CLI::App> app_;

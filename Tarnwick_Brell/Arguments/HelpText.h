@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace arguments {
+
+/// The help of one command, as records.
+struct Help {
+    struct Entry {
+        std::string name;  ///< "--limit N"
+        std::string meaning;
+    };
+    struct Section {
+        std::string title;
+        std::vector<Entry> entries{};
+    };
+
+    std::string description;
+    std::string usage;
+    std::vector<Section> sections{};
+    std::string footer{};
+};
+
+/// In lines of at most `width` columns. Lines of the footer that begin with white space, as those
+/// of a list do, are not joined with others.
+std::string helpText(const Help& help, std::size_t width);
+
+/// `text` in lines of at most `width` columns; those after the first begin with `indent` spaces,
+/// and `used` columns of the first are taken.
+std::string inLines(const std::string& text, std::size_t width, std::size_t indent,
+                    std::size_t used);
+
+}  // namespace arguments
