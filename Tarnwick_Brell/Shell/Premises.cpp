@@ -5,6 +5,7 @@
 
 #include "NewsroomKit/Signals/SignalHosts.h"
 #include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace desk {
 
@@ -13,6 +14,33 @@ namespace {
 std::optional<std::filesystem::path> dataDir(const DeskOptions& options) {
     if (options.dataDir || !options.demo) return options.dataDir;
     return demoDataDir();
+}
+
+std::string kindOf(std::filesystem::file_type type) {
+    using std::filesystem::file_type;
+    switch (type) {
+        case file_type::regular: return "a file";
+        case file_type::fifo: return "a pipe";
+        case file_type::character:
+        case file_type::block: return "a device";
+        case file_type::socket: return "a socket";
+        default: return "something else";
+    }
+}
+
+/// Otherwise reading a library below it would find none and call it empty. One that is not there
+/// yet is made when it is needed. Throws StoreError.
+void requireFolder(const std::filesystem::path& folder) {
+    std::error_code error;
+    const auto type = std::filesystem::status(folder, error).type();
+    using std::filesystem::file_type;
+    if (type == file_type::directory || type == file_type::not_found) return;
+    const auto reason = error == std::errc::too_many_symbolic_link_levels
+                            ? std::string("its symbolic links lead in a circle")
+                        : error ? error.message()
+                                : "it is " + kindOf(type) + ", not a folder";
+    throw StoreError(StoreError::Reason::unreadable,
+                     "The desk's data can't be kept in " + folder.string() + ": " + reason + ".");
 }
 
 bool isReadable(const std::filesystem::path& file) {
@@ -28,6 +56,7 @@ Premises::Premises(DeskOptions options, newsroom::Instant now)
         throw OptionsClash(
             "--demo brings its own press room, so --connect-to and --ca-file can't go with it.");
     }
+    requireFolder(paths_.library.parent_path());
 }
 
 newsroom::CurlTransport::Options Premises::network(const Warning& warn) {

@@ -25,7 +25,7 @@ public:
     /// Takes a sentence for the user.
     using Warning = std::function<void(const std::string& sentence)>;
 
-    /// Throws OptionsClash.
+    /// Throws OptionsClash, and StoreError when what is to hold the files is no folder.
     Premises(DeskOptions options, newsroom::Instant now);
 
     const Paths& paths() const { return paths_; }

@@ -38,8 +38,7 @@ std::string fileAddress(const std::filesystem::path& file, const char* parameter
     return address + parameters;
 }
 
-StoreError errorFor(int code, const std::filesystem::path& file, const std::string& detail,
-                    int systemError) {
+StoreError errorFor(int code, const std::filesystem::path& file, int systemError) {
     using Reason = StoreError::Reason;
     const std::string library = "The library " + file.string();
     const StoreError diskFull(Reason::diskFull,
@@ -58,7 +57,12 @@ StoreError errorFor(int code, const std::filesystem::path& file, const std::stri
             if (systemError == EROFS || systemError == EACCES || systemError == EPERM) {
                 return readOnly;
             }
-            return {Reason::unreadable, library + " can't be opened or written (" + detail + ")."};
+            return {
+                Reason::unreadable,
+                library + " can't be opened or written" +
+                    (systemError != 0 ? " (" + std::generic_category().message(systemError) + ")"
+                                      : std::string()) +
+                    "."};
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
             return {Reason::busy, "Another program is using the library " + file.string() +
@@ -69,7 +73,9 @@ StoreError errorFor(int code, const std::filesystem::path& file, const std::stri
                     library +
                         " is damaged or is not a library. \"brell library restore\" puts its "
                         "last good backup in its place."};
-        default: return {Reason::other, library + " failed (" + detail + ")."};
+        default:
+            return {Reason::other, library + " could not do what was asked (SQLite's error " +
+                                       std::to_string(code) + ")."};
     }
 }
 
@@ -296,8 +302,7 @@ void Database::define(const char* name, Function function) {
 std::int64_t Database::changes() const { return sqlite3_changes64(handle_.get()); }
 
 void Database::fail(int code) const {
-    throw errorFor(code, file_, handle_ ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(code),
-                   handle_ ? sqlite3_system_errno(handle_.get()) : 0);
+    throw errorFor(code, file_, handle_ ? sqlite3_system_errno(handle_.get()) : 0);
 }
 
 Transaction::Transaction(Database& database, std::function<void()> beforeCommit)

@@ -36,10 +36,18 @@ constexpr std::string_view kCurrentDevices =
     "Mac16,12, Mac17,2";
 
 constexpr std::array kKeys{
-    SettingKey{SettingKey::kRefreshMinutes, "minutes between two automatic refreshes, at least 2",
-               "5", Type::wholeNumber},
-    SettingKey{SettingKey::kStoryRetentionDays, "days for which stories are kept, 0 for ever",
-               "365", Type::wholeNumber},
+    SettingKey{SettingKey::kRefreshMinutes,
+               "minutes between two automatic refreshes, at least 2",
+               "5",
+               Type::wholeNumber,
+               {},
+               SettingKey::Range{2, 1440}},
+    SettingKey{SettingKey::kStoryRetentionDays,
+               "days for which stories are kept, 0 for ever",
+               "365",
+               Type::wholeNumber,
+               {},
+               SettingKey::Range{0, 36'500}},
     SettingKey{SettingKey::kNotifications, "whether the desk may show notifications", "true",
                Type::truthValue},
     SettingKey{SettingKey::kAlertServiceStatus, "notify when an Apple service fails or returns",
@@ -73,10 +81,11 @@ std::optional<std::string> truthValue(std::string_view text) {
     return std::nullopt;
 }
 
-bool isWholeNumber(std::string_view text) {
+bool isNumberWithin(const std::optional<SettingKey::Range>& range, std::string_view text) {
     bool good = false;
-    QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toLongLong(&good);
-    return good;
+    const auto number =
+        QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toLongLong(&good);
+    return good && (!range || (number >= range->least && number <= range->most));
 }
 
 /// "AAPL", "BRK.B", "^GSPC", "005930.KS", "GBPUSD=X".
@@ -113,7 +122,10 @@ std::optional<std::string> deviceList(std::string_view text) {
 
 std::string wanted(const SettingKey& key) {
     switch (key.type) {
-        case Type::wholeNumber: return "a whole number";
+        case Type::wholeNumber:
+            return key.range ? fmt::format("a whole number from {} to {}", key.range->least,
+                                           key.range->most)
+                             : "a whole number";
         case Type::truthValue: return "\"true\" or \"false\"";
         case Type::choice: return fmt::format("one of {}", fmt::join(key.choices, ", "));
         case Type::symbol: return "the symbol of a share or an index";
@@ -127,7 +139,7 @@ std::string wanted(const SettingKey& key) {
 std::optional<std::string> suitable(const SettingKey& key, std::string_view value) {
     bool good = false;
     switch (key.type) {
-        case Type::wholeNumber: good = isWholeNumber(value); break;
+        case Type::wholeNumber: good = isNumberWithin(key.range, value); break;
         case Type::truthValue: return truthValue(value);
         case Type::choice: good = std::ranges::find(key.choices, value) != key.choices.end(); break;
         case Type::symbol:

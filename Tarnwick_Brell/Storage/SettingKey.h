@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -15,6 +16,12 @@ struct SettingKey {
     std::string_view absent;  ///< the value that holds when the key is absent
     Type type;
     std::span<const std::string_view> choices{};
+
+    struct Range {
+        long long least;
+        long long most;
+    };
+    std::optional<Range> range{};  ///< of a whole number
 
     /// Those that the user sets.
     static std::span<const SettingKey> all();
