@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include "Tarnwick_Brell/Arguments/Suggestion.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
@@ -58,7 +59,11 @@ void addInspectCommand(arguments::Command& app, Command& chosen) {
         const auto kind =
             std::find_if(all.begin(), all.end(), [&](const Kind& k) { return k.name == *name; });
         if (kind == all.end()) {
-            throw arguments::UsageError("There is no kind named " + *name + ".\n" + kindList());
+            std::vector<std::string> known;
+            for (const Kind& other : all) known.emplace_back(other.name);
+            throw arguments::UsageError(
+                fmt::format("There is no kind named {}.{} See brell inspect --help.", *name,
+                            arguments::didYouMean(*name, known)));
         }
         chosen = [kind](Session& session) { return runInspect(session, *kind); };
     });

@@ -7,6 +7,7 @@
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Hints.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/When.h"
 
@@ -49,7 +50,7 @@ void tell(Session& session, std::size_t changed, const std::string& sentence) {
     const auto count = static_cast<std::uint64_t>(changed);
     session.out().line(session.options().json
                            ? boost::json::serialize(boost::json::object{{"changed", count}})
-                           : sentence);
+                           : withGivenOptions(sentence, session.options()));
 }
 
 int markNamed(Session& session, const MarkVerb& verb, const IDs& names) {
@@ -59,7 +60,7 @@ int markNamed(Session& session, const MarkVerb& verb, const IDs& names) {
     for (const auto& name : names) {
         try {
             ids.push_back(storyNamed(store, name).story.id);
-        } catch (const WorkFailed& unknown) {
+        } catch (const WrongUsage& unknown) {
             complaints += (complaints.empty() ? "" : "\n") + std::string(unknown.what());
         }
     }
@@ -78,7 +79,7 @@ int markNamed(Session& session, const MarkVerb& verb, const IDs& names) {
                                 storyCount(rest), rest == 1 ? "was" : "were", verb.already);
     }
     if (!ids.empty() || session.options().json) tell(session, marked.changed, sentence);
-    if (!complaints.empty()) throw WorkFailed(complaints);
+    if (!complaints.empty()) throw WrongUsage(complaints);
     return kDone;
 }
 

@@ -1,27 +1,74 @@
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 
+#include <fmt/format.h>
+
 #include "NewsroomKit/Text/Unicode.h"
+#include "Tarnwick_Brell/Arguments/Suggestion.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/Desk/SourceRoster.h"
 
 namespace brell {
 
+namespace {
+
+// More than these nobody reads.
+constexpr std::size_t kMostCandidates = 10;
+
+std::string candidateLines(const std::vector<desk::StoredStory>& stories) {
+    constexpr std::size_t widestTitle = 60;
+    std::string lines;
+    for (const auto& stored : stories) {
+        lines += fmt::format("\n  {}  {}", stored.story.id,
+                             cutTo(printable(stored.story.title), widestTitle));
+    }
+    return lines;
+}
+
+/// The stories whose ids begin most like `id`, when that says anything.
+std::vector<desk::StoredStory> similarStories(desk::LocalStore& store, std::string id) {
+    constexpr std::size_t shortestBeginning = 4;
+    constexpr std::size_t most = 3;
+    while (id.size() > shortestBeginning) {
+        id.pop_back();
+        auto found = store.stories().findByID(id, most + 1);
+        if (!found.empty()) return found.size() > most ? std::vector<desk::StoredStory>() : found;
+    }
+    return {};
+}
+
+}  // namespace
+
 desk::StoredStory storyNamed(desk::LocalStore& store, const std::string& id) {
-    auto found = store.stories().findByID(newsroom::lowercasedASCII(id), 2);
-    if (found.empty())
-        throw WorkFailed("There is no story with the id " + id + ". brell wire shows the ids.");
-    if (found.size() > 1)
-        throw WorkFailed("Several stories have ids that begin with " + id + ". Add more of it.");
-    return std::move(found.front());
+    const auto wanted = newsroom::lowercasedASCII(id);
+    auto found = store.stories().findByID(wanted, kMostCandidates + 1);
+    if (found.size() == 1 || (!found.empty() && found.back().story.id == wanted)) {
+        return std::move(found.back());
+    }
+    if (found.empty()) {
+        const auto similar = similarStories(store, wanted);
+        throw WrongUsage(
+            fmt::format("There is no story with the id {}. brell wire shows the ids.{}", id,
+                        similar.empty() ? "" : " These are similar:" + candidateLines(similar)));
+    }
+    const bool hasMore = found.size() > kMostCandidates;
+    if (hasMore) found.pop_back();
+    throw WrongUsage(fmt::format("Several stories have ids that begin with {}. Add more of it:{}{}",
+                                 id, candidateLines(found), hasMore ? "\n  and more" : ""));
+}
+
+const newsroom::NewsSource& sourceNamed(const desk::SourceRoster& roster, const std::string& id) {
+    if (const auto* source = roster.find(id)) return *source;
+    std::vector<std::string> known;
+    for (const auto& source : roster.sources()) known.push_back(source.id);
+    throw WrongUsage(fmt::format("There is no source with the id {}.{} brell sources lists them.",
+                                 id, arguments::didYouMean(id, known)));
 }
 
 void requireKnownSources(desk::LocalStore& store, const std::vector<std::string>& ids) {
     if (ids.empty()) return;
     const desk::SourceRoster roster(store.sources());
-    for (const auto& id : ids) {
-        if (!roster.find(id))
-            throw WrongUsage("There is no source with the id " + id + ". See brell sources.");
-    }
+    for (const auto& id : ids) sourceNamed(roster, id);
 }
 
 }  // namespace brell

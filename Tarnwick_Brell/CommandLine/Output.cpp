@@ -3,7 +3,9 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <cstdlib>
 #include <limits>
 #include <system_error>
@@ -14,10 +16,53 @@ namespace {
 
 constexpr std::size_t kFlushAt = 64 * 1024;
 
+/// COLUMNS is the user's word; without it the terminal is asked.
 std::size_t terminalWidth() {
+    constexpr std::size_t usual = 80;
+    if (const char* columns = std::getenv("COLUMNS")) {
+        const std::string_view text(columns);
+        std::size_t width = 0;
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), width);
+        if (error == std::errc() && end == text.data() + text.size() && width > 0) return width;
+    }
     winsize size{};
     if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
-    return 80;
+    return usual;
+}
+
+bool isSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value && *value;
+}
+
+std::string_view valueOf(const char* name) {
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+/// Terminals that are known to make links of OSC 8. Others may print it as rubbish.
+bool terminalHasLinks() {
+    for (const char* name : {"KITTY_WINDOW_ID", "KONSOLE_VERSION", "WT_SESSION", "DOMTERM"}) {
+        if (isSet(name)) return true;
+    }
+    // Terminals made with VTE 0.50 and later, GNOME's among them.
+    constexpr std::size_t digits = 4;
+    const auto vte = valueOf("VTE_VERSION");
+    if (vte.size() >= digits && vte >= "5000") return true;
+    const auto program = valueOf("TERM_PROGRAM");
+    for (const auto name : {"iTerm.app", "WezTerm", "vscode", "ghostty", "Hyper"}) {
+        if (program == name) return true;
+    }
+    const auto term = valueOf("TERM");
+    for (const auto name : {"xterm-kitty", "foot", "alacritty", "xterm-ghostty", "wezterm"}) {
+        if (term.starts_with(name)) return true;
+    }
+    return false;
+}
+
+/// Nothing in it ends the escape sequence that it stands in.
+bool isSafeInEscape(std::string_view link) {
+    return std::ranges::all_of(link, [](char c) { return c > ' ' && c < '\x7f'; });
 }
 
 }  // namespace
@@ -27,7 +72,8 @@ Output::Output(Styles styles)
       terminal_(isatty(STDOUT_FILENO) == 1),
       styles_(terminal_ && styles == Styles::asTerminalShows) {
     if (terminal_) width_ = terminalWidth();
-    if (const char* plain = std::getenv("NO_COLOR"); plain && *plain) styles_ = false;
+    if (isSet("NO_COLOR") || valueOf("TERM") == "dumb") styles_ = false;
+    links_ = styles_ && terminalHasLinks();
 }
 
 void Output::write(std::string_view text) {
@@ -45,6 +91,10 @@ void Output::flush() {
     while (!rest.empty()) {
         const auto written = ::write(STDOUT_FILENO, rest.data(), rest.size());
         if (written < 0 && errno == EINTR) continue;
+        if (written < 0 && errno == EPIPE) {
+            buffer_.clear();
+            throw ReaderGone();
+        }
         if (written < 0) {
             const auto reason = std::generic_category().message(errno);
             buffer_.clear();
@@ -58,6 +108,12 @@ void Output::flush() {
 std::string Output::styled(std::string_view code, std::string_view text) const {
     if (!styles_) return std::string(text);
     return "\x1b[" + std::string(code) + "m" + std::string(text) + "\x1b[0m";
+}
+
+std::string Output::link(std::string_view address, std::string_view text) const {
+    const bool isOfTheWeb = address.starts_with("https://") || address.starts_with("http://");
+    if (!links_ || !isOfTheWeb || !isSafeInEscape(address)) return std::string(text);
+    return "\x1b]8;;" + std::string(address) + "\x1b\\" + std::string(text) + "\x1b]8;;\x1b\\";
 }
 
 void showProgress(std::string_view text) {

@@ -13,6 +13,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// The program that read standard output has left, as head does when it has its lines.
+class ReaderGone : public OutputError {
+public:
+    ReaderGone() : OutputError("Nobody reads the output any more.") {}
+};
+
 /// Standard output, buffered. Throws OutputError when the reader is gone or the disk full.
 class Output {
 public:
@@ -24,13 +30,17 @@ public:
     void line(std::string_view text = {});
     void flush();
 
-    /// Columns of the terminal; nothing is known about a pipe, so lines are not cut there.
+    /// Columns of the terminal: what COLUMNS says, or the terminal itself. Lines for a file or a
+    /// pipe are never cut, so that they do not depend on where brell was started.
     std::size_t width() const { return width_; }
     bool isTerminal() const { return terminal_; }
 
     /// `text` in bold or dimmed letters, where colours are wanted and a terminal shows them.
     std::string bold(std::string_view text) const { return styled("1", text); }
     std::string dim(std::string_view text) const { return styled("2", text); }
+
+    /// `text` as a link to `address`, where the terminal is known to have such links.
+    std::string link(std::string_view address, std::string_view text) const;
 
 private:
     std::string styled(std::string_view code, std::string_view text) const;
@@ -39,6 +49,7 @@ private:
     std::size_t width_;
     bool terminal_;
     bool styles_;
+    bool links_ = false;
 };
 
 /// A step of long work, on standard error and only when that is a terminal.

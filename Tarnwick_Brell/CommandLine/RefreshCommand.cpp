@@ -10,6 +10,7 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Engine.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/RefreshText.h"
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
 #include "Tarnwick_Brell/Desk/SourceRoster.h"
@@ -31,12 +32,10 @@ std::vector<newsroom::NewsSource> sourcesFor(const desk::SourceRoster& roster,
     if (options.sources.empty()) return roster.enabledSources();
     std::vector<newsroom::NewsSource> named;
     for (const auto& id : options.sources) {
-        const auto* source = roster.find(id);
-        if (!source)
-            throw WrongUsage("There is no source with the id " + id + ". See brell sources.");
+        const auto& source = sourceNamed(roster, id);
         const bool twice = std::any_of(named.begin(), named.end(),
                                        [&](const auto& other) { return other.id == id; });
-        if (!twice) named.push_back(*source);
+        if (!twice) named.push_back(source);
     }
     return named;
 }

@@ -4,6 +4,8 @@
 
 #include <fmt/format.h>
 
+#include "Tarnwick_Brell/CommandLine/Hints.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/Storage/Backups.h"
 #include "Tarnwick_Brell/Storage/LibraryCheck.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
@@ -15,6 +17,10 @@ Session::Session(GlobalOptions options)
       out_(options_.json ? Output::Styles::none : Output::Styles::asTerminalShows),
       now_(currentInstant()),
       premises_(options_, now_) {}
+
+void Session::advise(const std::string& sentence) {
+    out_.line(wrapped(withGivenOptions(sentence, options_), out_.width(), ""));
+}
 
 desk::LocalStore& Session::store() {
     if (store_ && isForReading_)

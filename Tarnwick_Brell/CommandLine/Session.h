@@ -28,6 +28,8 @@ public:
     Output& out() { return out_; }
     newsroom::Instant now() const { return now_; }
     const desk::Paths& paths() const { return premises_.paths(); }
+    /// A line of the output that advises a command of brell.
+    void advise(const std::string& sentence);
 
     /// The library for a command that changes it: to be asked for before anything reads it.
     /// Throws desk::StoreError.

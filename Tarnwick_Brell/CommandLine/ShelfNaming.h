@@ -7,6 +7,7 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
 #include "NewsroomKit/Text/Unicode.h"
+#include "Tarnwick_Brell/Arguments/Suggestion.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
@@ -37,8 +38,10 @@ const desk::ShelfEntry<T>& named(const std::vector<desk::ShelfEntry<T>>& entries
     const auto meant = desk::Shelf<T>::meant(entries, words);
     if (meant.size() == 1) return *meant.front();
     if (meant.empty()) {
-        throw WrongUsage(fmt::format("There is no {0} named {1}. See brell {0}.", what,
-                                     printable(words)));
+        std::vector<std::string> known;
+        for (const auto& entry : entries) known.push_back(entry.name);
+        throw WrongUsage(fmt::format("There is no {0} named {1}.{2} brell {0} lists them.", what,
+                                     printable(words), arguments::didYouMean(words, known)));
     }
     std::string ids;
     for (const auto* entry : meant) ids += "\n  " + printable(entry->id);

@@ -8,6 +8,7 @@
 #include "NewsroomKit/Sources/SourceShape.h"
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/Desk/SourceRoster.h"
@@ -18,14 +19,9 @@ namespace {
 
 using newsroom::NewsSource;
 
-const NewsSource& known(const desk::SourceRoster& roster, const std::string& id) {
-    if (const auto* source = roster.find(id)) return *source;
-    throw WrongUsage("There is no source with the id " + id + ". See brell sources.");
-}
-
 const NewsSource& ownSource(const desk::SourceRoster& roster, const std::string& id,
                             std::string_view advice) {
-    const auto& source = known(roster, id);
+    const auto& source = sourceNamed(roster, id);
     if (source.kind == NewsSource::Kind::custom) return source;
     throw WorkFailed(fmt::format("{} belongs to the catalogue; {}.", source.name, advice));
 }
@@ -35,7 +31,7 @@ const NewsSource& ownSource(const desk::SourceRoster& roster, const std::string&
 int switchSources(Session& session, const std::vector<std::string>& ids, bool enabled) {
     auto& store = session.store();
     desk::SourceRoster roster(store.sources());
-    for (const auto& id : ids) known(roster, id);
+    for (const auto& id : ids) sourceNamed(roster, id);
     auto transaction = store.transaction();
     for (const auto& id : ids) roster.setEnabled(id, enabled);
     transaction.commit();
@@ -44,8 +40,8 @@ int switchSources(Session& session, const std::vector<std::string>& ids, bool en
     for (const auto& id : ids) {
         changed.push_back({{"id", id}, {"enabled", enabled}});
         if (session.options().json) continue;
-        session.out().line(
-            fmt::format("{} is {}.", printable(known(roster, id).name), enabled ? "on" : "off"));
+        session.out().line(fmt::format("{} is {}.", printable(sourceNamed(roster, id).name),
+                                       enabled ? "on" : "off"));
     }
     if (session.options().json) session.out().line(boost::json::serialize(changed));
     return kDone;
@@ -58,7 +54,7 @@ int renameSource(Session& session, const std::string& id, const std::string& nam
     const auto former = ownSource(roster, id, "its name can't be changed").name;
     roster.rename(id, wanted);
     if (session.options().json) {
-        session.out().line(boost::json::serialize(newsroom::encode(known(roster, id))));
+        session.out().line(boost::json::serialize(newsroom::encode(sourceNamed(roster, id))));
     } else {
         session.out().line(fmt::format("{} is now named {}.", printable(former), wanted));
     }

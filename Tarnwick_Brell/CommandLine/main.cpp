@@ -3,6 +3,9 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
+#include <new>
+#include <stdexcept>
 #include <string>
 
 #include <fmt/format.h>
@@ -10,6 +13,7 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
+#include "Tarnwick_Brell/CommandLine/Hints.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/Shell/Premises.h"
 
@@ -17,18 +21,29 @@ namespace {
 
 using namespace brell;
 
+/// Each line that begins a sentence begins with "brell: "; what is listed below it is indented.
 int complain(int status, const std::string& sentence) {
-    // Sentences may quote what came from the network.
-    std::string text;
     for (std::size_t begin = 0; begin <= sentence.size();) {
         const auto end = std::min(sentence.find('\n', begin), sentence.size());
         const auto line = sentence.substr(begin, end - begin);
         const auto indent = line.substr(0, line.find_first_not_of(' '));
-        text += (begin > 0 ? "\n" : "") + indent + printable(line);
+        // Sentences may quote what came from the network.
+        fmt::print(stderr, "{}{}{}\n", indent.empty() ? "brell: " : "", indent, printable(line));
         begin = end + 1;
     }
-    fmt::print(stderr, "brell: {}\n", text);
     return status;
+}
+
+/// As other programs end whose reader has left: by the signal, without a word.
+int endWithReader() {
+    std::signal(SIGPIPE, SIG_DFL);
+    std::raise(SIGPIPE);
+    return kWorkFailed;
+}
+
+/// What a file system says, without the words of the C++ library.
+std::string fileSentence(const std::filesystem::filesystem_error& error) {
+    return fmt::format("{} can't be used ({}).", error.path1().string(), error.code().message());
 }
 
 void addGlobalOptions(arguments::Command& app, GlobalOptions& options) {
@@ -50,15 +65,47 @@ int carryOut(const Command& command, Session& session) {
     }
 }
 
-int run(const Command& command, GlobalOptions options) {
+int attempt(const Command& command, const GlobalOptions& options) {
+    const auto fail = [&](int status, const std::string& sentence) {
+        return complain(status, withGivenOptions(sentence, options));
+    };
     try {
-        Session session(std::move(options));
+        Session session(options);
         return carryOut(command, session);
+    } catch (const ReaderGone&) {
+        throw;
     } catch (const WrongUsage& error) {
-        return complain(kWrongUsage, error.what());
+        return fail(kWrongUsage, error.what());
     } catch (const desk::OptionsClash& error) {
-        return complain(kWrongUsage, error.what());
+        return fail(kWrongUsage, error.what());
+    } catch (const std::filesystem::filesystem_error& error) {
+        return fail(kWorkFailed, fileSentence(error));
+    } catch (const std::bad_alloc&) {
+        return fail(kWorkFailed, "There is not enough memory.");
+    } catch (const std::logic_error&) {
+        return fail(kWorkFailed, "brell has met a fault of its own. Please report what you did.");
     } catch (const std::exception& error) {
+        return fail(kWorkFailed, error.what());
+    }
+}
+
+/// Long lines of a wide terminal are hard to read.
+std::size_t helpWidth() {
+    constexpr std::size_t widest = 100;
+    const Output out;
+    return out.isTerminal() ? std::min(out.width(), widest) : arguments::Parser::kHelpWidth;
+}
+
+/// Help and the version.
+int show(const std::string& text) {
+    try {
+        Output out;
+        out.write(text);
+        out.flush();
+        return kDone;
+    } catch (const ReaderGone&) {
+        throw;
+    } catch (const OutputError& error) {
         return complain(kWorkFailed, error.what());
     }
 }
@@ -66,7 +113,7 @@ int run(const Command& command, GlobalOptions options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // A reader that leaves shows as a failed write, with a message and an exit status.
+    // A reader that leaves shows as a failed write, so that the library is closed first.
     std::signal(SIGPIPE, SIG_IGN);
 
     arguments::Parser parser("brell", "A news desk for people who follow Apple closely.");
@@ -99,16 +146,15 @@ int main(int argc, char** argv) {
     addLibraryCommand(app, chosen);
     addInspectCommand(app, chosen);
     app.footer(
-        "Every subcommand has a --help of its own. Exit status: 0 done, 1 the work failed, 2 wrong "
-        "usage.");
+        "Every subcommand has a --help of its own.\n\nExit status: 0 done, 1 the work failed, 2 "
+        "wrong usage, which a story, source, beat or newsroom that is not there is too.");
 
     try {
-        if (const auto text = parser.parse(argc, argv)) {
-            fmt::print("{}", *text);
-            return kDone;
-        }
+        const auto text = parser.parse(argc, argv, helpWidth());
+        return text ? show(*text) : attempt(chosen, options);
+    } catch (const ReaderGone&) {
+        return endWithReader();
     } catch (const arguments::UsageError& error) {
         return complain(kWrongUsage, error.what());
     }
-    return run(chosen, std::move(options));
 }

@@ -155,8 +155,8 @@ class Archive(unittest.TestCase):
                 (["trace", "javascript:alert(1)"], 2, "neither a web address nor the id"),
                 (["trace", "abcd"], 1, "no story with the id abcd"),
                 (["archive"], 2, "subcommand is missing"),
-                (["archive", "credits"], 2, "URL is required"),
-                (["archive", "stories", "--after", "2d"], 2, "--before is required"),
+                (["archive", "credits"], 2, "URL is missing"),
+                (["archive", "stories", "--after", "2d"], 2, "--before is missing"),
                 (["archive", "stories", "--after", "1d", "--before", "2d"], 2, "ends before it has begun"),
                 (["archive", "stories", "--after", "2d", "--before", "1d", "--offset", "-1"], 2, "--offset")):
             self.assertIn(sentence, self.desk.run(*words, status=status).stderr, words)

@@ -1,9 +1,13 @@
 """A folder of its own, the press room as a process, and brell run against it."""
+import fcntl
 import json
 import os
+import pty
 import shutil
+import struct
 import subprocess
 import tempfile
+import termios
 from pathlib import Path
 
 BIN = Path(os.environ["BRELL_BIN"])
@@ -38,8 +42,30 @@ class Desk:
         subprocess.run(["chmod", "-R", "u+w", self.folder], check=False)
         shutil.rmtree(self.folder, ignore_errors=True)
 
-    def run(self, *words, stdin=None, status=0, **options):
-        environment = dict(os.environ, NO_COLOR="1")
+    def on_terminal(self, columns, *words, **environment):
+        """What brell writes to a terminal that is so wide."""
+        controller, terminal = pty.openpty()
+        fcntl.ioctl(terminal, termios.TIOCSWINSZ, struct.pack("HHHH", 40, columns, 0, 0))
+        variables = {name: value for name, value in os.environ.items() if name not in ("COLUMNS", "TERM_PROGRAM")}
+        variables.update({"NO_COLOR": "1", "TERM": "xterm", **environment})
+        process = subprocess.Popen([BIN / "brell", "--data-dir", self.folder, *self.network, *map(str, words)],
+                                   stdout=terminal, stderr=subprocess.DEVNULL, env=variables)
+        os.close(terminal)
+        written = b""
+        while True:
+            try:
+                part = os.read(controller, 65536)
+            except OSError:  # how Linux tells that the other end is closed
+                break
+            if not part:
+                break
+            written += part
+        os.close(controller)
+        process.wait(timeout=120)
+        return written.decode("utf-8").replace("\r\n", "\n")
+
+    def run(self, *words, stdin=None, status=0, environment=None, **options):
+        environment = {**os.environ, "NO_COLOR": "1", **(environment or {})}
         result = subprocess.run(
             [BIN / "brell", "--data-dir", self.folder, *self.network, *(word if isinstance(word, bytes) else str(word) for word in words)],
             input=stdin, capture_output=True, timeout=120, env=environment, **options)

@@ -82,7 +82,7 @@ class SafetyOfTheLibrary(unittest.TestCase):
             with self.subTest(words):
                 told = self.desk.run(*words, status=1).stderr
                 self.assertIn(str(self.library), told)
-                self.assertIn("brell library restore", told)
+                self.assertIn("library restore", told)
         self.assertEqual(self.library.read_bytes(), bytes_before)
 
         done = self.desk.json("library", "restore")
@@ -98,7 +98,7 @@ class SafetyOfTheLibrary(unittest.TestCase):
         self.damage(self.library)
         told = self.desk.run("library", "restore", status=1).stderr
         self.assertIn("no sound backup", told)
-        self.assertIn("brell library restore --empty", told)
+        self.assertIn("library restore --empty", told)
         self.assertIn("damaged", self.desk.run("refresh", status=1).stderr, "nothing began by itself")
         told = self.desk.run("library", "restore", "--empty").stdout
         self.assertIn("library.damaged-", told)
@@ -123,7 +123,7 @@ class SafetyOfTheLibrary(unittest.TestCase):
         with open(self.library, "r+b") as stream:
             stream.seek(4096 * (page - 1))
             stream.write(b"\xa5" * 4096)
-        self.assertIn("brell library restore", self.desk.run("refresh", status=1).stderr)
+        self.assertIn("library restore", self.desk.run("refresh", status=1).stderr)
         self.assertEqual([file.name for file in folder.glob("library-*")], ["library-20200101T000000Z.sqlite"])
 
     def test_indexes_that_do_not_fit_are_told_by_the_days_backup_and_repaired(self):

@@ -68,11 +68,16 @@ class ReadingTheWire(unittest.TestCase):
         self.assertEqual(self.ids("--saved", "--unread"), [third])
 
     def test_an_id_that_names_no_story_is_told_and_the_others_are_marked(self):
-        result = self.desk.run("save", "zz", self.wire[0], status=1)
+        result = self.desk.run("save", "zz", self.wire[0], status=2)
         self.assertEqual(result.stdout, "1 story saved.\n")
         self.assertIn("There is no story with the id zz.", result.stderr)
         digit = next(d for d in "0123456789abcdef" if sum(id.startswith(d) for id in self.wire) > 1)
-        self.assertIn("Several stories", self.desk.run("read", digit, status=1).stderr)
+        several = self.desk.run("read", digit, status=2).stderr
+        self.assertIn("Several stories", several)
+        for id in [id for id in self.wire if id.startswith(digit)][:2]:
+            self.assertIn(f"  {id}  ", several)
+        mistyped = self.wire[0][:-1] + "g"
+        self.assertIn(f"similar:\n  {self.wire[0]}  ", self.desk.run("story", mistyped, status=2).stderr)
         self.assertEqual(self.ids("--unread"), self.wire)
 
     def test_all_is_marked_by_source_and_time_and_taken_back_exactly(self):

@@ -2,6 +2,7 @@
 """What the command line says to wrong words, broken input and an output that is gone."""
 import json
 import os
+import signal
 import subprocess
 import unittest
 
@@ -44,15 +45,28 @@ class Usage(unittest.TestCase):
             ("settings", "refreshMinutes", "soon"): "not a whole number",
             ("settings", "updateCatalogueAuthority", "/nowhere"): "not a file",
             ("inspect", "nothing"): "no kind named nothing",
-            ("story",): "ID",
+            ("story",): "ID is missing",
+            ("story", "zz"): "no story with the id zz",
+            ("wire", "--beat", "nothing"): "no beat named nothing",
+            ("newsroom", "show", "nothing"): "no newsroom named nothing",
+            ("newsroom", "show", "Tody"): "Did you mean Today?",
+            ("wire", "--source", "macrumor"): "Did you mean macrumors?",
+            ("wrie",): "Did you mean wire?",
+            ("sources", "list"): "no subcommand brell sources list",
+            ("wire", "--exlude", "x"): "Did you mean --exclude?",
+            ("settings", "refreshMinute"): "Did you mean refreshMinutes?",
+            ("inspect", "stroy"): "Did you mean story?",
+            ("settings", "refreshMinutes", "-5"): "a whole number from 2 to 1440",
+            ("settings", "storyRetentionDays", "99999999999999"): "a whole number from 0 to 36500",
+            ("save", "zz", "yy"): "brell: There is no story with the id yy",
         }.items():
             with self.subTest(words):
                 result = self.desk.run(*words, status=2)
                 self.assertIn(reason, result.stderr)
+                self.assertRegex(result.stderr, r"\A(brell: .+\n( .*\n)*)+\Z")
                 self.assertEqual(result.stdout, "")
 
     def test_work_that_cannot_be_done_ends_with_status_one(self):
-        self.assertIn("no story with the id", self.desk.run("story", "zz", status=1).stderr)
         result = subprocess.run([BIN / "brell", "--data-dir", "/dev/null/x", "sources", "enable", "macrumors"],
                                 capture_output=True, text=True)
         self.assertEqual((result.returncode, result.stdout), (1, ""))
@@ -75,17 +89,51 @@ class Usage(unittest.TestCase):
             result = subprocess.run(command, input=b"{}\n", stdout=full, stderr=subprocess.PIPE)
         self.assertEqual(result.returncode, 1)
         self.assertIn(b"could not be written", result.stderr)
-        read, write = os.pipe()
-        os.close(read)
-        result = subprocess.run(command, input=b"{}\n", stdout=write, stderr=subprocess.PIPE)
-        os.close(write)
-        self.assertEqual(result.returncode, 1)
-        self.assertIn(b"could not be written", result.stderr)
+
+    def test_a_reader_that_leaves_ends_it_silently_as_it_ends_other_programs(self):
+        for words in (("inspect", "catalogue"), ("sources",), ("--help",)):
+            read, write = os.pipe()
+            os.close(read)
+            result = subprocess.run([BIN / "brell", "--data-dir", self.desk.folder, *words], input=b"{}\n",
+                                    stdout=write, stderr=subprocess.PIPE)
+            os.close(write)
+            self.assertEqual((result.returncode, result.stderr), (-signal.SIGPIPE, b""), words)
+
+    def test_a_folder_that_cannot_hold_the_data_is_told_by_reading_commands_too(self):
+        folder = self.desk.folder
+        os.mkfifo(folder / "pipe")
+        os.symlink("loop", folder / "loop")
+        (folder / "file").write_text("")
+        for place, reason in (("/dev/null", "it is a device"), (folder / "pipe", "it is a pipe"),
+                              (folder / "loop", "lead in a circle"), (folder / "file", "it is a file")):
+            for words in (["wire"], ["settings"], ["settings", "refreshMinutes", "7"]):
+                result = subprocess.run([BIN / "brell", "--data-dir", place, *words], capture_output=True, text=True,
+                                        timeout=20)
+                self.assertEqual((result.returncode, result.stdout), (1, ""), place)
+                self.assertIn(reason, result.stderr)
+
+    def test_advice_names_the_library_that_was_meant(self):
+        place = self.desk.folder / "a place"
+        result = subprocess.run([BIN / "brell", "--data-dir", place, "wire"], capture_output=True, text=True)
+        self.assertIn(f"brell --data-dir '{place}' refresh fetches", result.stdout)
+        result = subprocess.run([BIN / "brell", "--data-dir", place, "wire", "--source", "x"], capture_output=True, text=True)
+        self.assertIn(f"brell --data-dir '{place}' sources lists", result.stderr)
+        result = subprocess.run([BIN / "brell", "wire", "--demo", "--source", "x"], capture_output=True, text=True,
+                                env={**os.environ, "XDG_DATA_HOME": str(place), "XDG_CONFIG_HOME": str(place)})
+        self.assertIn("brell --demo sources lists", result.stderr)
 
     def test_settings_are_kept_and_go_back_to_their_defaults(self):
         self.desk.run("settings", "refreshMinutes", "12")
         self.assertEqual(self.desk.run("settings", "refreshMinutes").stdout, "12\n")
-        self.assertEqual(self.desk.json("settings"), {"refreshMinutes": "12"})
+        settings = self.desk.json("settings")
+        self.assertEqual(settings["refreshMinutes"], {
+            "type": "number", "meaning": settings["refreshMinutes"]["meaning"], "default": 5, "value": 12,
+            "isSet": True, "least": 2, "most": 1440})
+        self.assertEqual((settings["alertSound"]["value"], settings["alertSound"]["isSet"]), (False, False))
+        self.assertIn("iPhone18,3", settings["signingDevices"]["default"])
+        self.assertEqual(settings["appearance"]["choices"], ["system", "light", "dark"])
+        self.assertNotIn("value", settings["updateCatalogueAuthority"])
+        self.assertEqual(self.desk.json("settings", "refreshMinutes"), 12)
         self.desk.run("settings", "refreshMinutes", "")
         self.assertEqual(self.desk.run("settings", "refreshMinutes").stdout, "5\n")
         self.assertIn("5 (default)", self.desk.run("settings").stdout)

@@ -76,7 +76,7 @@ class Watching(unittest.TestCase):
             library.seek(4096)
             library.write(b"\xff" * 200_000)
         result = self.desk.run("watch", status=1)
-        self.assertIn("brell library restore", result.stderr)
+        self.assertIn("library restore", result.stderr)
 
     def test_a_reader_that_leaves_ends_it(self):
         process = self.watch()
