@@ -72,7 +72,8 @@ std::string verdict(const ArchiveStatus& status) {
 
 void printArchivePage(Output& out, const ArchivePage& page) {
     if (!page.items.empty()) {
-        TextTable table({"story", "outlet", "published"});
+        TextTable table({Column::cut("story", 24), Column::cut("outlet", 12).dropped(1),
+                         Column::whole("published")});
         for (const auto& story : page.items) {
             table.add({printable(story.title), printable(story.sourceName),
                        publishedText(story.publishedAt, story.isDayOnly())});
@@ -88,7 +89,8 @@ void printArchiveStatus(Output& out, const ArchiveStatus& status) {
     out.line(out.bold(verdict(status)));
     if (status.sources.empty()) return;
     out.line();
-    TextTable table({"source", "listed", "stored", "waiting"});
+    TextTable table({Column::cut("source"), Column::whole("listed").dropped(2),
+                     Column::whole("stored").dropped(1), Column::whole("waiting")});
     for (const auto& source : status.sources) {
         table.add({printable(source.name), figure(source.listed), figure(source.stored),
                    figure(source.waiting)});

@@ -69,7 +69,7 @@ int listBeats(Session& session) {
         return kDone;
     }
     if (shelf.entries().empty()) {
-        session.out().line(
+        session.advise(
             "No beats yet. brell beat new NAME --any TERMS makes one, brell beat test tries it.");
         return kDone;
     }
@@ -77,14 +77,15 @@ int listBeats(Session& session) {
     for (const auto& entry : shelf.entries())
         queries.push_back(entry.value ? entry.value->query : newsroom::StoryQuery());
     const auto matched = matchedLately(session, queries, kDays);
-    TextTable table({"FOLLOWS", "BEAT", "ALERTS", "7 DAYS"});
+    TextTable table({Column::whole("beat"), Column::cut("follows", 20),
+                     Column::whole("alerts").dropped(1), Column::whole("7 days")});
     for (std::size_t i = 0; i < shelf.entries().size(); ++i) {
         const auto& entry = shelf.entries()[i];
         if (entry.value) {
-            table.add({queryText(entry.value->query), printable(entry.name),
+            table.add({printable(entry.name), queryText(entry.value->query),
                        entry.value->alerts ? "on" : "off", std::to_string(matched[i].size())});
         } else {
-            table.add({"unreadable: " + printable(entry.fault), printable(entry.name), "", ""});
+            table.add({printable(entry.name), "unreadable: " + printable(entry.fault), "", ""});
         }
     }
     table.print(session.out());
@@ -158,8 +159,8 @@ int removeBeat(Session& session, const BeatOptions& options) {
     if (session.options().json) {
         session.out().line(boost::json::serialize(recordOf(entry)));
     } else {
-        session.out().line(fmt::format("Removed {0}. brell beat restore brings it back.",
-                                       printable(entry.name)));
+        session.advise(
+            fmt::format("Removed {0}. brell beat restore brings it back.", printable(entry.name)));
     }
     return kDone;
 }

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Stories/StoryShape.h"
+#include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/WireLine.h"
 
@@ -31,7 +31,7 @@ void printMatches(Session& session, const newsroom::StoryQuery& query,
     if (session.options().json) {
         boost::json::array stories;
         for (const auto& stored : matched) {
-            boost::json::object entry{{"story", newsroom::encode(stored.story)}};
+            boost::json::object entry{{"story", storyRecord(stored)}};
             if (const auto term = compiled.matchedTerm(stored.story)) entry["term"] = *term;
             stories.push_back(std::move(entry));
         }

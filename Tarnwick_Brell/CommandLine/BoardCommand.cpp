@@ -15,9 +15,6 @@ namespace {
 using newsroom::BoardQuote;
 using Board = std::vector<BoardQuote>;
 
-// Narrower terminals have no room for how the companies relate to Apple.
-constexpr std::size_t kWidthForRelations = 100;
-
 std::string changeOf(const BoardQuote& row) {
     if (row.changePercent) return percentText(*row.changePercent);
     if (!row.previousClose || *row.previousClose == 0) return "";
@@ -29,20 +26,17 @@ void print(Output& out, const Board& board) {
         out.line("The board is empty.");
         return;
     }
-    const bool showsRelations = out.width() >= kWidthForRelations;
-    std::vector<std::string> headings{"company", "symbol", "price", "change", "market"};
-    if (showsRelations) headings.emplace_back("relation");
-    TextTable table(std::move(headings));
+    TextTable table({Column::cut("company"), Column::whole("symbol"), Column::whole("price"),
+                     Column::whole("change"), Column::whole("market").dropped(1),
+                     Column::cut("relation", 24).dropped(2)});
     const BoardQuote* previous = nullptr;
     for (const auto& row : board) {
         if (!previous || previous->group != row.group) table.begin(printable(row.group));
         previous = &row;
-        std::vector<std::string> cells{
-            printable(row.name), printable(row.symbol),
-            amountText(row.price) + " " + printable(row.currency), changeOf(row),
-            marketText(row.marketState) + (row.stale.value_or(false) ? ", old" : "")};
-        if (showsRelations) cells.push_back(printable(row.relation));
-        table.add(std::move(cells));
+        table.add({printable(row.name), printable(row.symbol),
+                   amountText(row.price) + " " + printable(row.currency), changeOf(row),
+                   marketText(row.marketState) + (row.stale.value_or(false) ? ", old" : ""),
+                   printable(row.relation)});
     }
     table.print(out);
 }

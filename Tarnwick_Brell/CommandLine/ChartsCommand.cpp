@@ -69,7 +69,9 @@ void printChart(Session& session, const NamedReading<Entries>& chart) {
     auto& out = session.out();
     out.line(out.bold(label(kindNamed(chart.name))));
     const auto before = dayBefore(session, chart);
-    TextTable table({"app", "rank", before ? "since " + dayText(before->day) : "", "developer"});
+    TextTable table({Column::cut("app", 20), Column::whole("rank"),
+                     Column::whole(before ? "since " + dayText(before->day) : ""),
+                     Column::cut("developer").dropped(1)});
     for (const auto& place : chartPlaces(*chart.reading.value, before)) {
         table.add({printable(place.entry.name), std::to_string(place.entry.rank), moveText(place),
                    printable(place.entry.developer)});
@@ -98,13 +100,16 @@ int showCharts(Session& session, const ChartsOptions& options) {
     return endTrackers(session, options.stored, notesOf(charts));
 }
 
-void printRuns(Output& out, const std::string& kind, const std::vector<desk::ChartRun>& runs) {
+void printRuns(Session& session, const std::string& kind, const std::vector<desk::ChartRun>& runs) {
+    auto& out = session.out();
     out.line(out.bold(label(kindNamed(kind))));
     if (runs.empty()) {
-        out.line("This chart has not been seen yet. brell charts fetches it.");
+        session.advise("This chart has not been seen yet. brell charts fetches it.");
         return;
     }
-    TextTable table({"app", "last rank", "best", "days", "first seen", "last seen", "developer"});
+    TextTable table({Column::cut("app", 20), Column::whole("last rank"), Column::whole("best"),
+                     Column::whole("days").dropped(1), Column::whole("first seen").dropped(2),
+                     Column::whole("last seen").dropped(3), Column::cut("developer").dropped(4)});
     for (const auto& run : runs) {
         table.add({printable(run.name), std::to_string(run.last), std::to_string(run.best),
                    std::to_string(run.days), dayText(run.firstDay), dayText(run.lastDay),
@@ -123,7 +128,7 @@ int showHistory(Session& session, const ChartsOptions& options) {
             continue;
         }
         if (kind != options.kinds().front()) out.line();
-        printRuns(out, kind, runs);
+        printRuns(session, kind, runs);
     }
     if (session.options().json) out.line(boost::json::serialize(list));
     return kDone;

@@ -39,7 +39,8 @@ void print(Session& session, Events events) {
         return;
     }
     std::ranges::stable_sort(events, {}, &AppleCalendarEvent::starts);
-    TextTable table({"event", "begins", "", "status"});
+    TextTable table({Column::cut("event", 20), Column::whole("begins"),
+                     Column::whole("").dropped(1), Column::cut("status", 10).dropped(2)});
     for (const auto& event : events) {
         table.add({printable(event.title), dayAndTime(event.starts),
                    distanceText(event.starts, session.now()), printable(event.status)});

@@ -5,6 +5,7 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
+#include "Tarnwick_Brell/CommandLine/Hints.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/NewsroomText.h"
 #include "Tarnwick_Brell/CommandLine/QueryText.h"
@@ -63,7 +64,7 @@ void put(Session& session, NewsroomShelf& shelf, NewsroomSpec spec) {
 
 void tell(Session& session, const NewsroomShelf::Entry& entry, const std::string& sentence) {
     session.out().line(session.options().json ? boost::json::serialize(recordOf(entry))
-                                              : sentence);
+                                              : withGivenOptions(sentence, session.options()));
 }
 
 void tell(Session& session, const NewsroomShelf& shelf, const NewsroomSpec& spec,
@@ -82,12 +83,13 @@ int listNewsrooms(Session& session) {
         return kDone;
     }
     if (shelf.entries().empty()) {
-        session.out().line(
+        session.advise(
             "No newsrooms. brell newsroom new NAME --panels KINDS makes one, brell newsroom "
             "restore brings a removed one back.");
         return kDone;
     }
-    TextTable table({"NEWSROOM", "PANELS", "FOLLOWS"});
+    TextTable table({Column::whole("newsroom"), Column::whole("panels").dropped(1),
+                     Column::cut("follows", 20)});
     for (const auto& entry : shelf.entries()) {
         if (!entry.value) {
             table.add({printable(entry.name), "unreadable", ""});

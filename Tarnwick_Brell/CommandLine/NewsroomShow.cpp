@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "Tarnwick_Brell/CommandLine/Hints.h"
 #include "Tarnwick_Brell/CommandLine/NewsroomActions.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/QueryText.h"
@@ -32,7 +33,11 @@ void printPanel(Session& session, PanelHoldings& holdings, const newsroom::Newsr
     if (panel.query) heading += " (" + queryText(*panel.query) + ")";
     out.line();
     out.line(out.bold(heading) + out.dim(fmt::format("  {}", rawValue(panel.kind))));
-    for (const auto& line : panelLines(holdings, panel, spec.effectiveQuery(panel))) out.line("  " + line);
+    for (const auto& line : panelLines(holdings, panel, spec.effectiveQuery(panel))) {
+        const auto text = withGivenOptions(line, session.options());
+        // A command to type is not cut.
+        out.line(text == line ? cutTo("  " + line, out.width()) : wrapped(text, out.width(), "  "));
+    }
 }
 
 boost::json::value recordOf(PanelHoldings& holdings, const newsroom::NewsroomSpec& spec) {

@@ -59,8 +59,10 @@ void printOutcomes(Session& session, const std::vector<SourceOutcome>& outcomes)
         columns = std::max(columns, columnsOf(printable(outcome.source.name)));
     desk::MergeCount total;
     for (const auto& outcome : outcomes) {
-        session.out().line(fmt::format("{}  {}", padTo(printable(outcome.source.name), columns),
-                                       outcomeText(outcome)));
+        const std::string indent(columns + 2, ' ');
+        const auto text = wrapped(outcomeText(outcome), session.out().width(), indent);
+        session.out().line(padTo(printable(outcome.source.name), columns + 2) +
+                           text.substr(indent.size()));
         if (outcome.record.movedTo) {
             session.out().line(
                 fmt::format("{}  has moved to {}", std::string(columns, ' '),

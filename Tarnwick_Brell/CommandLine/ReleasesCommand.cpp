@@ -27,7 +27,9 @@ std::string channelText(ReleaseChannel channel) {
 }
 
 void printReleases(Session& session, const Releases& releases) {
-    TextTable table({"release", "platform", "channel", "build", "published"});
+    TextTable table({Column::cut("release", 18), Column::whole("platform").dropped(2),
+                     Column::whole("channel").dropped(1), Column::whole("build"),
+                     Column::whole("published")});
     for (const auto& platform : releases) {
         for (const auto channel : {ReleaseChannel::general, ReleaseChannel::beta}) {
             const auto& release = platform.release(channel);
@@ -62,10 +64,12 @@ int showHistory(Session& session) {
         return kDone;
     }
     if (builds.empty()) {
-        out.line("No build has been seen yet. brell releases fetches them.");
+        session.advise("No build has been seen yet. brell releases fetches them.");
         return kDone;
     }
-    TextTable table({"release", "channel", "build", "first seen", "replaced"});
+    TextTable table({Column::cut("release", 18), Column::whole("channel").dropped(1),
+                     Column::whole("build"), Column::whole("first seen"),
+                     Column::whole("replaced").dropped(2)});
     for (const auto& seen : builds) {
         table.add({printable(seen.release.title), channelText(seen.channel),
                    printable(seen.release.build), dayAndTime(seen.firstSeen),

@@ -1,10 +1,14 @@
+#include <charconv>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Signals/DeviceIdentifier.h"
+#include "Tarnwick_Brell/Arguments/Suggestion.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
@@ -21,10 +25,10 @@ struct SettingsOptions {
 
 const desk::SettingKey& knownKey(const std::string& name) {
     if (const auto* key = desk::Defaults::key(name)) return *key;
-    std::string names;
-    for (const auto& key : desk::Defaults::keys())
-        names += (names.empty() ? "" : ", ") + std::string(key.name);
-    throw WrongUsage("There is no setting named " + name + ". The settings are " + names + ".");
+    std::vector<std::string> known;
+    for (const auto& key : desk::Defaults::keys()) known.emplace_back(key.name);
+    throw WrongUsage(fmt::format("There is no setting named {}.{} brell settings lists them.", name,
+                                 arguments::didYouMean(name, known)));
 }
 
 /// What holds, and whether the user said so.
@@ -33,13 +37,68 @@ std::string shownValue(const desk::SettingKey& key, const std::optional<std::str
     return key.absent.empty() ? std::string("(not set)") : fmt::format("{} (default)", key.absent);
 }
 
+/// In the type that scripts expect of it.
+boost::json::value typedValue(const desk::SettingKey& key, const std::string& text) {
+    using Type = desk::SettingKey::Type;
+    switch (key.type) {
+        case Type::wholeNumber: {
+            std::int64_t number = 0;
+            const auto* const end = text.data() + text.size();
+            const auto [stop, error] = std::from_chars(text.data(), end, number);
+            // What another program wrote may be no number.
+            if (error != std::errc() || stop != end) return boost::json::value(text);
+            return number;
+        }
+        case Type::truthValue: return text == "true";
+        case Type::deviceList:
+            return boost::json::value_from(
+                newsroom::parseDeviceList(text).value_or(std::vector<std::string>{}));
+        default: return boost::json::value(text);
+    }
+}
+
+std::string_view typeName(desk::SettingKey::Type type) {
+    using Type = desk::SettingKey::Type;
+    switch (type) {
+        case Type::wholeNumber: return "number";
+        case Type::truthValue: return "boolean";
+        case Type::deviceList: return "list";
+        case Type::choice: return "choice";
+        case Type::symbol: return "symbol";
+        case Type::webAddress: return "address";
+        case Type::file: return "file";
+    }
+    return "";
+}
+
+/// "value" is what holds, "isSet" whether the user said so. A setting without a default that is
+/// not set has neither "default" nor "value".
+boost::json::object settingRecord(const desk::SettingKey& key,
+                                  const std::optional<std::string>& stored) {
+    boost::json::object record{{"type", typeName(key.type)}, {"meaning", key.meaning}};
+    if (!key.absent.empty()) record["default"] = typedValue(key, std::string(key.absent));
+    if (stored || !key.absent.empty())
+        record["value"] = typedValue(key, stored.value_or(std::string(key.absent)));
+    record["isSet"] = stored.has_value();
+    if (key.range) {
+        record["least"] = key.range->least;
+        record["most"] = key.range->most;
+    }
+    if (!key.choices.empty()) {
+        auto& choices = record["choices"].emplace_array();
+        for (const auto choice : key.choices) choices.emplace_back(choice);
+    }
+    return record;
+}
+
 int listSettings(Session& session) {
     auto& defaults = session.defaults();
     boost::json::object object;
-    TextTable table({"setting", "value", "meaning"});
+    TextTable table({Column::whole("setting"), Column::cut("value", 20),
+                     Column::cut("meaning", 24).dropped(1)});
     for (const auto& key : desk::Defaults::keys()) {
         const auto stored = defaults.text(key.name);
-        if (stored) object[key.name] = *stored;
+        object[key.name] = settingRecord(key, stored);
         table.add({std::string(key.name), shownValue(key, stored), std::string(key.meaning)});
     }
     if (session.options().json) {
@@ -53,12 +112,11 @@ int listSettings(Session& session) {
 int showSetting(Session& session, const std::string& name) {
     const auto& key = knownKey(name);
     const auto stored = session.defaults().text(key.name);
-    if (session.options().json) {
-        session.out().line(
-            boost::json::serialize(stored ? boost::json::value(*stored) : boost::json::value()));
-    } else {
-        session.out().line(stored.value_or(std::string(key.absent)));
-    }
+    const auto text = stored.value_or(std::string(key.absent));
+    session.out().line(
+        session.options().json
+            ? boost::json::serialize(text.empty() ? boost::json::value() : typedValue(key, text))
+            : text);
     return kDone;
 }
 

@@ -43,7 +43,8 @@ std::string signedBuildsText(const SigningStatus& status) {
 }
 
 void printOverview(Output& out, const Readings& readings) {
-    TextTable table({"device", "model", "signed"});
+    TextTable table(
+        {Column::cut("device", 14).dropped(1), Column::whole("model"), Column::cut("signed", 20)});
     for (const auto& [device, reading] : readings) {
         if (!reading.value) {
             table.add({"", device, "not known"});
@@ -62,7 +63,8 @@ void printDevice(Output& out, const NamedReading<SigningStatus>& device) {
         out.line("The service has no firmware for it.");
         return;
     }
-    TextTable table({"version", "build", "signed", "released"});
+    TextTable table({Column::cut("version", 8), Column::whole("build"), Column::whole("signed"),
+                     Column::whole("released")});
     for (const auto& build : status.builds) {
         table.add({printable(build.version), printable(build.build), build.isSigned ? "yes" : "no",
                    build.released ? dayText(*build.released) : ""});
@@ -101,10 +103,12 @@ int showHistory(Session& session, const SigningOptions& options) {
         return kDone;
     }
     if (changes.empty()) {
-        out.line("No change has been seen yet. brell signing looks.");
+        session.advise("No change has been seen yet. brell signing looks.");
         return kDone;
     }
-    TextTable table({"device", "model", "version", "build", "", "seen"});
+    TextTable table({Column::cut("device", 14).dropped(1), Column::whole("model"),
+                     Column::cut("version", 8), Column::whole("build").dropped(2),
+                     Column::whole(""), Column::whole("seen")});
     for (const auto& change : changes) {
         table.add({printable(change.deviceName), printable(change.device),
                    printable(change.version), printable(change.build),

@@ -99,8 +99,10 @@ void addNotes(TextTable& table, const ConsoleRow& row) {
 
 void printTable(Session& session, const std::vector<ConsoleRow>& rows) {
     const auto now = session.now();
-    TextTable table(
-        {"source", "asked", "answered", "took", "size", "stories", "newest", "next try"});
+    TextTable table({Column::cut("source"), Column::whole("asked").dropped(2),
+                     Column::whole("answered"), Column::whole("took").dropped(5),
+                     Column::whole("size").dropped(4), Column::whole("stories").dropped(3),
+                     Column::whole("newest").dropped(1), Column::whole("next try")});
     std::size_t on = 0, failing = 0;
     for (const auto& row : rows) {
         if (!row.enabled) continue;

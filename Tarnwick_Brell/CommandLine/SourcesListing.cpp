@@ -45,7 +45,8 @@ int listSources(Session& session) {
     const desk::SourceRoster roster(store.sources());
     if (session.options().json) return listAsJSON(session, store, roster);
     auto statuses = store.sources().statuses();
-    TextTable table({"source", "id", "", "last fetch"});
+    TextTable table({Column::cut("source", 14), Column::whole("id"), Column::whole(""),
+                     Column::whole("last fetch").dropped(1)});
     const NewsSource* previous = nullptr;
     for (const auto& source : roster.sources()) {
         if (!previous || previous->category != source.category) {

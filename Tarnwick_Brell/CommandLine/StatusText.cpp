@@ -74,7 +74,8 @@ void printStatus(Output& out, newsroom::StatusAudience audience, const Services&
     out.line(out.bold(verdict(audience, services.size(), reports.size())));
     if (reports.empty()) return;
     out.line();
-    TextTable table({"service", "what", "since", "for"});
+    TextTable table({Column::cut("service"), Column::cut("what", 12),
+                     Column::whole("since").dropped(1), Column::whole("for")});
     for (const auto& service : services) {
         for (const auto& incident : service.events) {
             if (!incident.isOngoing()) continue;
@@ -94,7 +95,8 @@ void printRecentIncidents(Output& out, const Services& services, Instant cutOff,
         return;
     }
     out.line(out.bold("The last 14 days"));
-    TextTable table({"service", "what", "began", "lasted", ""});
+    TextTable table({Column::cut("service"), Column::cut("what", 12), Column::whole("began"),
+                     Column::whole("lasted").dropped(2), Column::whole("").dropped(1)});
     for (const auto& [service, incident] : reports) {
         const bool isToCome = incident.started && *incident.started > now;
         table.add({printable(service), incidentKindText(incident.kind), sinceText(incident),
@@ -110,7 +112,8 @@ void printIncidentLog(Output& out, const std::vector<desk::LoggedIncident>& inci
         out.line("The log has no such trouble.");
         return;
     }
-    TextTable table({"service", "what", "began", "lasted"});
+    TextTable table({Column::cut("service"), Column::cut("what", 12), Column::whole("began"),
+                     Column::whole("lasted").dropped(1)});
     for (const auto& incident : incidents) {
         const auto began = incident.started.value_or(incident.firstSeen);
         table.add({printable(incident.service), incidentKindText(incident.kind), dayAndTime(began),

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,10 +20,19 @@ namespace {
 using newsroom::Story;
 using Wordings = std::vector<desk::EarlierWording>;
 
-constexpr std::size_t kTextWidth = 88;
+constexpr std::size_t kWidestText = 88;
+constexpr std::size_t kNameColumns = 12;
 
+std::size_t textWidth(const Output& out) { return std::min(out.width(), kWidestText); }
+
+/// Long values go on below themselves; an address or id is one word and stays whole.
 void printField(Output& out, std::string_view name, std::string_view value) {
-    if (!value.empty()) out.line(fmt::format("{:<12}{}", name, printable(value)));
+    if (value.empty()) return;
+    const auto lines =
+        out.isTerminal() ? wrapped(printable(value), textWidth(out), std::string(kNameColumns, ' '))
+                               .substr(kNameColumns)
+                         : printable(value);
+    out.line(padTo(name, kNameColumns) + lines);
 }
 
 void printCredits(Output& out, const Story& story) {
@@ -48,15 +58,15 @@ std::string arrivalNote(desk::Arrival arrival) {
 void print(Session& session, const desk::StoredStory& stored, const Wordings& wordings) {
     const Story& story = stored.story;
     Output& out = session.out();
-    out.line(out.bold(wrapped(printable(story.title), kTextWidth, "")));
+    out.line(out.bold(out.link(story.link, wrapped(printable(story.title), textWidth(out), ""))));
     for (const auto& wording : wordings) {
         out.line(out.dim(wrapped(
             "Until " + dayAndTime(wording.replacedAt) + ": “" + printable(wording.title) + "”",
-            kTextWidth, "")));
+            textWidth(out), "")));
     }
     if (!story.summary.empty()) {
         out.line();
-        out.line(wrapped(printable(story.summary), kTextWidth, ""));
+        out.line(wrapped(printable(story.summary), textWidth(out), ""));
     }
     out.line();
     printField(out, "Outlet", outletLine(story));
@@ -78,8 +88,7 @@ void print(Session& session, const desk::StoredStory& stored, const Wordings& wo
 }
 
 void printJSON(Session& session, const desk::StoredStory& stored, const Wordings& wordings) {
-    boost::json::object object = newsroom::encode(stored.story).get_object();
-    object["firstSeen"] = newsroom::encode(stored.firstSeen);
+    auto object = storyRecord(stored);
     object["arrival"] = newsroom::encode(stored.arrival);
     if (stored.readAt) object["readAt"] = newsroom::encode(*stored.readAt);
     if (stored.savedAt) object["savedAt"] = newsroom::encode(*stored.savedAt);

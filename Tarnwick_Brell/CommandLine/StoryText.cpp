@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 
+#include "NewsroomKit/Stories/StoryShape.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 
 namespace brell {
@@ -17,6 +18,14 @@ std::string labelLine(const newsroom::Story& story) {
     const auto sourcing = newsroom::label(story.sourcing);
     if (!text.empty() && !sourcing.empty()) text += " · ";
     return text + std::string(sourcing);
+}
+
+boost::json::object storyRecord(const desk::StoredStory& stored) {
+    auto record = newsroom::encode(stored.story).get_object();
+    record["read"] = stored.readAt.has_value();
+    record["saved"] = stored.savedAt.has_value();
+    record["firstSeen"] = newsroom::encode(stored.firstSeen);
+    return record;
 }
 
 }  // namespace brell

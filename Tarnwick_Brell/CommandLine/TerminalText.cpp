@@ -28,6 +28,10 @@ bool isHidden(char32_t c) {
 std::size_t columnsOf(char32_t c) {
     const auto type = u_charType(static_cast<UChar32>(c));
     if (type == U_NON_SPACING_MARK || type == U_ENCLOSING_MARK || type == U_FORMAT_CHAR) return 0;
+    // The vowel and the last consonant of a Korean syllable stand inside its first consonant.
+    const auto syllable =
+        u_getIntPropertyValue(static_cast<UChar32>(c), UCHAR_HANGUL_SYLLABLE_TYPE);
+    if (syllable == U_HST_VOWEL_JAMO || syllable == U_HST_TRAILING_JAMO) return 0;
     const auto width = u_getIntPropertyValue(static_cast<UChar32>(c), UCHAR_EAST_ASIAN_WIDTH);
     return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
 }
@@ -39,6 +43,49 @@ void eachCodePoint(std::string_view text, Visit visit) {
         const auto decoded = newsroom::decodeUTF8(text, at);
         if (!visit(decoded.value, at, at + decoded.length)) return;
         at += decoded.length;
+    }
+}
+
+bool hasProperty(char32_t c, UProperty property) {
+    return u_hasBinaryProperty(static_cast<UChar32>(c), property) != 0;
+}
+
+/// Columns of one user-perceived character. Terminals draw an emoji two columns wide, whatever it
+/// is composed of: a family, a flag of two letters, a sign that U+FE0F asks to be drawn as one.
+std::size_t columnsOfCharacter(std::string_view character) {
+    std::size_t columns = 0;
+    std::size_t flagLetters = 0;
+    bool isEmoji = false;
+    char32_t first = 0;
+    eachCodePoint(character, [&](char32_t c, std::size_t begin, std::size_t) {
+        if (begin == 0) first = c;
+        flagLetters += hasProperty(c, UCHAR_REGIONAL_INDICATOR) ? 1 : 0;
+        isEmoji = isEmoji || (c == 0xFE0F && hasProperty(first, UCHAR_EMOJI)) ||
+                  (begin == 0 && hasProperty(c, UCHAR_EMOJI_PRESENTATION) &&
+                   !hasProperty(c, UCHAR_REGIONAL_INDICATOR)) ||
+                  (begin > 0 && hasProperty(c, UCHAR_EMOJI_MODIFIER));
+        columns += columnsOf(c);
+        return true;
+    });
+    return isEmoji || flagLetters == 2 ? 2 : columns;
+}
+
+/// Calls `visit` with the columns of each user-perceived character and where it ends, until it
+/// says false.
+template <class Visit>
+void eachCharacter(std::string_view text, Visit visit) {
+    std::size_t at = 0;
+    while (at < text.size()) {
+        // A character that follows ASCII may combine with the last letter before it.
+        const auto plain = newsroom::endOfASCII(text, at);
+        const auto last = plain == text.size() || plain == at ? plain : plain - 1;
+        for (; at < last; ++at) {
+            if (!visit(std::size_t{1}, at + 1)) return;
+        }
+        if (at == text.size()) return;
+        const auto character = newsroom::firstCharacters(text.substr(at), 1);
+        at += character.size();
+        if (!visit(columnsOfCharacter(character), at)) return;
     }
 }
 
@@ -59,23 +106,27 @@ std::string printable(std::string_view text) {
 
 std::size_t columnsOf(std::string_view text) {
     std::size_t columns = 0;
-    eachCodePoint(text, [&](char32_t c, std::size_t, std::size_t) {
-        columns += columnsOf(c);
+    eachCharacter(text, [&](std::size_t width, std::size_t) {
+        columns += width;
         return true;
     });
     return columns;
 }
 
 std::string cutTo(std::string_view text, std::size_t columns) {
-    if (columnsOf(text) <= columns || columns == 0) return std::string(text);
+    // No character has more columns than bytes.
+    if (text.size() <= columns || columnsOf(text) <= columns || columns == 0) {
+        return std::string(text);
+    }
     std::size_t used = 0;
     std::size_t end = 0;
-    eachCodePoint(text, [&](char32_t c, std::size_t, std::size_t after) {
-        used += columnsOf(c);
+    eachCharacter(text, [&](std::size_t width, std::size_t after) {
+        used += width;
         if (used + 1 > columns) return false;
         end = after;
         return true;
     });
+    while (end > 0 && text[end - 1] == ' ') --end;
     return std::string(text.substr(0, end)) + "…";
 }
 

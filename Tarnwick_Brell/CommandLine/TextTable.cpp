@@ -1,7 +1,6 @@
 #include "Tarnwick_Brell/CommandLine/TextTable.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
@@ -12,12 +11,25 @@ namespace {
 
 constexpr std::string_view kGap = "  ";
 constexpr std::string_view kNoteIndent = "    ";
-constexpr std::size_t kNarrowestFirst = 12;
+constexpr std::size_t kNarrowest = 4;
 constexpr std::size_t kWidestNote = 100;
+
+/// What a row takes, its gaps included.
+std::size_t total(const std::vector<std::size_t>& widths) {
+    std::size_t sum = 0;
+    for (const auto width : widths) {
+        if (width > 0) sum += width + kGap.size();
+    }
+    return sum > 0 ? sum - kGap.size() : 0;
+}
 
 }  // namespace
 
-TextTable::TextTable(std::vector<std::string> headings) { add(std::move(headings)); }
+TextTable::TextTable(std::vector<Column> columns) : columns_(std::move(columns)) {
+    std::vector<std::string> headings;
+    for (const auto& column : columns_) headings.push_back(column.heading);
+    add(std::move(headings));
+}
 
 void TextTable::add(std::vector<std::string> cells) {
     rows_.push_back({.cells = std::move(cells), .notes = {}});
@@ -30,18 +42,57 @@ void TextTable::begin(const std::string& title) {
 void TextTable::addNote(const std::string& note) { rows_.back().notes.push_back(note); }
 
 std::vector<std::size_t> TextTable::widths(std::size_t available) const {
-    std::vector<std::size_t> widths(rows_.front().cells.size());
+    std::vector<std::size_t> natural(columns_.size());
     for (const auto& row : rows_) {
-        if (row.isTitle) continue;
-        for (std::size_t i = 0; i < row.cells.size(); ++i) {
-            widths[i] = std::max(widths[i], columnsOf(row.cells[i]));
+        for (std::size_t i = 0; i < row.cells.size() && !row.isTitle; ++i) {
+            natural[i] = std::max(natural[i], columnsOf(row.cells[i]));
         }
     }
-    const auto others =
-        std::accumulate(widths.begin() + 1, widths.end(), kGap.size() * (widths.size() - 1));
-    const auto left = available > others ? available - others : 0;
-    widths[0] = std::min(widths[0], std::max(left, kNarrowestFirst));
+    // 1. What remains where every column that may be cut is at its least.
+    auto widths = natural;
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        if (columns_[i].isCut) widths[i] = std::min(widths[i], columns_[i].least);
+    }
+    // 2. Columns go until that fits.
+    const auto goesLater = [](const Column& a, const Column& b) { return a.dropRank < b.dropRank; };
+    auto left = columns_;
+    while (total(widths) > available) {
+        const auto first = std::ranges::max_element(left, goesLater);
+        if (first->dropRank == 0) break;
+        first->dropRank = 0;
+        widths[static_cast<std::size_t>(first - left.begin())] = 0;
+    }
+    // 3. Where that was not enough, the widest cut column gives way further.
+    const auto isCut = [&](std::size_t i) { return columns_[i].isCut && widths[i] > 0; };
+    while (total(widths) > available) {
+        std::size_t widest = widths.size();
+        for (std::size_t i = 0; i < widths.size(); ++i) {
+            if (isCut(i) && (widest == widths.size() || widths[i] > widths[widest])) widest = i;
+        }
+        if (widest == widths.size() || widths[widest] <= kNarrowest) break;
+        --widths[widest];
+    }
+    // 4. Room that is left goes to cut columns, from the left.
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        const auto used = total(widths);
+        if (isCut(i) && used < available) {
+            widths[i] = std::min(natural[i], widths[i] + (available - used));
+        }
+    }
     return widths;
+}
+
+std::string TextTable::line(const Row& row, const std::vector<std::size_t>& widths) const {
+    std::string line;
+    bool isFirst = true;
+    for (std::size_t i = 0; i < row.cells.size(); ++i) {
+        if (widths[i] == 0) continue;
+        if (!isFirst) line += kGap;
+        isFirst = false;
+        line += padTo(row.cells[i], widths[i]);
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line;
 }
 
 void TextTable::print(Output& out) const {
@@ -49,16 +100,11 @@ void TextTable::print(Output& out) const {
     for (const auto& row : rows_) {
         if (row.isTitle) {
             out.line();
-            out.line(out.bold(row.cells.front()));
+            out.line(out.bold(cutTo(row.cells.front(), out.width())));
             continue;
         }
-        std::string line;
-        for (std::size_t i = 0; i < row.cells.size(); ++i) {
-            if (i > 0) line += kGap;
-            line += padTo(row.cells[i], columns[i]);
-        }
-        line.erase(line.find_last_not_of(' ') + 1);
-        out.line(&row == &rows_.front() ? out.bold(line) : line);
+        const auto text = line(row, columns);
+        out.line(&row == &rows_.front() ? out.bold(text) : text);
         for (const auto& note : row.notes) {
             out.line(wrapped(note, std::min(out.width(), kWidestNote), kNoteIndent));
         }

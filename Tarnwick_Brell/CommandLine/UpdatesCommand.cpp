@@ -37,7 +37,9 @@ void print(Output& out, const Offers& offers, const std::string& platform) {
         out.line("Nothing is offered for " + printable(platform) + ".");
         return;
     }
-    TextTable table({"update", "build", "posted", "expires", "devices", "newest"});
+    TextTable table({Column::cut("update", 14), Column::whole("build"), Column::whole("posted"),
+                     Column::whole("expires").dropped(1), Column::whole("devices").dropped(2),
+                     Column::whole("newest").dropped(3)});
     for (const auto& offer : offers) {
         table.add({systemText(offer), printable(offer.build), dayText(offer.posted),
                    offer.expires ? dayText(*offer.expires) : "", std::to_string(offer.deviceCount),
@@ -74,10 +76,11 @@ int showHistory(Session& session, const UpdatesOptions& options) {
         return kDone;
     }
     if (changes.empty()) {
-        out.line("No change has been seen yet. brell updates looks.");
+        session.advise("No change has been seen yet. brell updates looks.");
         return kDone;
     }
-    TextTable table({"update", "build", "posted", "", "seen"});
+    TextTable table({Column::cut("update", 14), Column::whole("build"),
+                     Column::whole("posted").dropped(1), Column::whole(""), Column::whole("seen")});
     for (const auto& change : changes) {
         table.add({systemText(change.offer), printable(change.offer.build),
                    dayText(change.offer.posted), change.isOffered ? "now offered" : "gone",

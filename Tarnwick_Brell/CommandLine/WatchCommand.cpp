@@ -13,6 +13,7 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
+#include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/WireLine.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
@@ -187,8 +188,8 @@ private:
         try {
             lines();
             session_.out().flush();
-        } catch (const OutputError& error) {
-            failure_ = std::make_exception_ptr(error);
+        } catch (const OutputError&) {
+            failure_ = std::current_exception();
             QCoreApplication::quit();
         }
     }
@@ -196,7 +197,7 @@ private:
     void printStory(const desk::StoredStory& stored) {
         if (!wanted_.matches(stored.story)) return;
         Output& out = session_.out();
-        out.line(session_.options().json ? boost::json::serialize(newsroom::encode(stored.story))
+        out.line(session_.options().json ? boost::json::serialize(storyRecord(stored))
                                          : wireLine(out, stored, currentInstant()));
     }
 

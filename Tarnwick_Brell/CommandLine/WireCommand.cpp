@@ -2,12 +2,12 @@
 #include <string>
 #include <vector>
 
-#include "NewsroomKit/Stories/StoryShape.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/ShelfNaming.h"
+#include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/When.h"
 #include "Tarnwick_Brell/CommandLine/WireLine.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
@@ -24,6 +24,8 @@ struct WireOptions {
     std::string beat;
     bool unread = false;
     bool saved = false;
+    bool count = false;
+    bool links = false;
 };
 
 desk::StorySelection selectionFor(const WireOptions& options, newsroom::Instant now) {
@@ -49,6 +51,21 @@ newsroom::StoryQuery beatQuery(desk::LocalStore& store, const std::string& name)
 // would keep the library from being tidied. Longer lists are for programs.
 constexpr std::size_t kHeldBack = 4 << 20;
 
+/// A story as the wire shows it: a line, a second one with its address, or a record.
+std::string shownStory(Session& session, const WireOptions& options,
+                       const desk::StoredStory& stored) {
+    if (session.options().json) return boost::json::serialize(storyRecord(stored));
+    const auto& out = session.out();
+    return wireLine(out, stored, session.now()) + "\n" +
+           (options.links ? linkLine(stored) + "\n" : "");
+}
+
+void printCount(Session& session, std::int64_t count) {
+    session.out().line(session.options().json
+                           ? boost::json::serialize(boost::json::object{{"count", count}})
+                           : std::to_string(count));
+}
+
 int runWire(Session& session, const WireOptions& options) {
     auto& store = session.storeForReading();
     const auto selection = selectionFor(options, session.now());
@@ -65,24 +82,28 @@ int runWire(Session& session, const WireOptions& options) {
     std::string text(json ? "[" : "");
     std::int64_t count = 0;
     store.search().each(selection, [&](const desk::StoredStory& stored) {
-        if (count == options.limit) return false;
+        if (!options.count && count == options.limit) return false;
         if (!query.matches(stored.story) || !beat.matches(stored.story)) return true;
+        if (options.count) return ++count > 0;
         if (json && count > 0) text += ",";
-        text += json ? boost::json::serialize(newsroom::encode(stored.story))
-                     : wireLine(out, stored, session.now()) + "\n";
+        text += shownStory(session, options, stored);
         if (text.size() > kHeldBack) {
             out.write(text);
             text.clear();
         }
         return ++count < options.limit;
     });
+    if (options.count) {
+        printCount(session, count);
+        return kDone;
+    }
     out.write(text);
     if (json) {
         out.line("]");
     } else if (count > 0 || options.limit == 0) {
         return kDone;
     } else if (store.stories().count() == 0) {
-        out.line("The wire is empty. brell refresh fetches the news.");
+        session.advise("The wire is empty. brell refresh fetches the news.");
     } else {
         out.line("No story of the wire matches.");
     }
@@ -94,7 +115,8 @@ int runWire(Session& session, const WireOptions& options) {
 void addWireCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<WireOptions>();
     auto command = app.subcommand("wire", "List stories of the wire, newest first");
-    command.number("--limit", options->limit, {0, 1'000'000'000}, "At most so many stories");
+    auto limit =
+        command.number("--limit", options->limit, {0, 1'000'000'000}, "At most so many stories");
     options->query.addTo(command);
     command.option("--beat", options->beat, "Only stories of this beat, by name or id")
         .shownAs("NAME");
@@ -109,9 +131,16 @@ void addWireCommand(arguments::Command& app, Command& chosen) {
         .shownAs("TEXT");
     command.flag("--unread", options->unread, "Only stories not marked as read");
     command.flag("--saved", options->saved, "Only saved stories");
+    auto count = command.flag("--count", options->count, "Print only how many stories match");
+    count.excludes(limit);
+    command.flag("--links", options->links, "Print each story's address below its line")
+        .excludes(count);
     command.footer(
         "Each line: the beginning of the story's id, • when it is unread, ★ when it is saved, its "
-        "age, outlet, labels and headline.");
+        "age, outlet, labels and headline. A terminal of less than 100 columns has no room for the "
+        "labels, and headlines are cut; in a file or pipe nothing is. Where the terminal has "
+        "links, "
+        "headlines are links; NO_COLOR and TERM=dumb turn them off.");
     command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runWire(session, *options); };
     });

@@ -7,8 +7,11 @@
 
 namespace brell {
 
-/// One story in one line: the beginning of its id, its marks, age, outlet, labels and title. On
-/// a terminal the title is cut to fit.
+/// One story in one line: the beginning of its id, its marks, age, outlet, labels and title. In a
+/// terminal it fits the width: labels, then outlet and age give way, and the title is cut.
 std::string wireLine(const Output& out, const desk::StoredStory& stored, newsroom::Instant now);
+
+/// The story's address, to stand below that line. It is never cut.
+std::string linkLine(const desk::StoredStory& stored);
 
 }  // namespace brell

@@ -153,7 +153,7 @@ class Archive(unittest.TestCase):
         self.desk.network = ["--connect-to", "127.0.0.1:1"]
         for words, status, sentence in (
                 (["trace", "javascript:alert(1)"], 2, "neither a web address nor the id"),
-                (["trace", "abcd"], 1, "no story with the id abcd"),
+                (["trace", "abcd"], 2, "no story with the id abcd"),
                 (["archive"], 2, "subcommand is missing"),
                 (["archive", "credits"], 2, "URL is missing"),
                 (["archive", "stories", "--after", "2d"], 2, "--before is missing"),

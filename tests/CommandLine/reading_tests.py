@@ -74,10 +74,10 @@ class ReadingTheWire(unittest.TestCase):
         digit = next(d for d in "0123456789abcdef" if sum(id.startswith(d) for id in self.wire) > 1)
         several = self.desk.run("read", digit, status=2).stderr
         self.assertIn("Several stories", several)
-        for id in [id for id in self.wire if id.startswith(digit)][:2]:
-            self.assertIn(f"  {id}  ", several)
+        for id in sorted(id for id in self.wire if id.startswith(digit))[:2]:
+            self.assertIn(f"\n  {id} ", several)
         mistyped = self.wire[0][:-1] + "g"
-        self.assertIn(f"similar:\n  {self.wire[0]}  ", self.desk.run("story", mistyped, status=2).stderr)
+        self.assertIn(f"similar:\n  {self.wire[0]} ", self.desk.run("story", mistyped, status=2).stderr)
         self.assertEqual(self.ids("--unread"), self.wire)
 
     def test_all_is_marked_by_source_and_time_and_taken_back_exactly(self):

@@ -47,7 +47,7 @@ class Signals(unittest.TestCase):
         self.desk.run("newsroom", "new", "Signals", "--panels", "records,backend")
         shown = self.desk.run("newsroom", "show", "Signals").stdout
         self.assertRegex(shown, r"iOS 27\.1 \(24B83\) is no longer signed for .* and \d others\.")
-        self.assertIn("Not fetched yet; brell updates does.", shown)
+        self.assertIn(f"Not fetched yet; brell --data-dir {self.desk.folder} updates does.", shown)
 
     def test_offers_come_and_go_and_the_newest_stands_first(self):
         self.go_to(1)
