@@ -17,6 +17,13 @@ namespace newsroom {
 namespace {
 
 constexpr long mostRedirects = 10;
+constexpr std::size_t mostHeaderBytes = 300'000;
+// An encoding makes a body that cannot be compressed a little longer.
+constexpr std::size_t encodingSlack = 64 * 1024;
+// What comes for another transfer on the same connection counts too, and is read in less time.
+constexpr std::size_t mostUnseenBytes = 256 * 1024;
+constexpr std::chrono::milliseconds longestUnseen{250};
+constexpr std::size_t recordHeaderBytes = 5;  // of TLS: kind, version, length
 
 template <class T>
 void set(CURL* easy, CURLoption option, T value) {
@@ -62,6 +69,12 @@ std::string numericText(const sockaddr* address) {
     return text.data();
 }
 
+/// What a socket has received and nobody has read is still there after its end.
+void endAndEmpty(curl_socket_t socket) {
+    ::shutdown(socket, SHUT_RDWR);
+    while (::recv(socket, nullptr, std::size_t{1} << 30, MSG_TRUNC | MSG_DONTWAIT) > 0) {}
+}
+
 }  // namespace
 
 void append(CurlList& list, const std::string& line) {
@@ -83,6 +96,8 @@ CurlTransfer::CurlTransfer(CurlEasy easy, TransportRequest request, const Transf
     setTrust();
 }
 
+void CurlTransfer::giveUpConnection() { set(easy_.get(), CURLOPT_FORBID_REUSE, 1L); }
+
 CurlEasy CurlTransfer::releaseHandle() {
     curl_easy_reset(easy_.get());
     return std::move(easy_);
@@ -97,7 +112,6 @@ void CurlTransfer::setOptions() {
     set(easy, CURLOPT_HTTPHEADER, headers_.get());
     set(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     set(easy, CURLOPT_MAXREDIRS, mostRedirects);
-    set(easy, CURLOPT_TIMEOUT_MS, static_cast<long>(request_.totalTimeout.count()));
     set(easy, CURLOPT_NOSIGNAL, 1L);
     // Without it, giving up on a name waits until the resolver has given up too, and with
     // it every other transfer of the thread.
@@ -114,6 +128,12 @@ void CurlTransfer::setCallbacks() {
     set(easy, CURLOPT_HEADERDATA, this);
     set(easy, CURLOPT_WRITEFUNCTION, &CurlTransfer::onBody);
     set(easy, CURLOPT_WRITEDATA, this);
+    set(easy, CURLOPT_XFERINFOFUNCTION, &CurlTransfer::onProgress);
+    set(easy, CURLOPT_XFERINFODATA, this);
+    set(easy, CURLOPT_NOPROGRESS, 0L);
+    set(easy, CURLOPT_DEBUGFUNCTION, &CurlTransfer::onTrace);
+    set(easy, CURLOPT_DEBUGDATA, this);
+    set(easy, CURLOPT_VERBOSE, 1L);  // or there is no trace
     set(easy, CURLOPT_OPENSOCKETFUNCTION, &CurlTransfer::onOpenSocket);
     set(easy, CURLOPT_OPENSOCKETDATA, this);
     set(easy, CURLOPT_PREREQFUNCTION, &CurlTransfer::onConnected);
@@ -211,6 +231,18 @@ bool CurlTransfer::headComplete() {
     return true;
 }
 
+void CurlTransfer::noteSign() {
+    lastSign_ = Clock::now();
+    unseenBytes_ = 0;
+}
+
+bool CurlTransfer::withinHeaderLimit(std::size_t bytes) {
+    headerBytes_ += bytes;
+    if (headerBytes_ <= mostHeaderBytes) return true;
+    failure_ = HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
+    return false;
+}
+
 bool CurlTransfer::accept(std::string_view bytes) {
     if (bytes.size() > request_.byteLimit - body_.size()) {
         failure_ = HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
@@ -230,7 +262,8 @@ bool CurlTransfer::mayConnectTo(std::string_view ip) {
 std::size_t CurlTransfer::onHeader(char* data, std::size_t size, std::size_t count, void* self) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
     const std::string_view line(data, size * count);
-    transfer.lastSign_ = Clock::now();
+    transfer.noteSign();
+    if (!transfer.withinHeaderLimit(line.size())) return 0;
     if (line.starts_with("HTTP/")) transfer.inHead_ = true;
     const bool endsHead = transfer.inHead_ && (line == "\r\n" || line == "\n");
     if (!endsHead) return line.size();
@@ -240,8 +273,40 @@ std::size_t CurlTransfer::onHeader(char* data, std::size_t size, std::size_t cou
 
 std::size_t CurlTransfer::onBody(char* data, std::size_t size, std::size_t count, void* self) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
-    transfer.lastSign_ = Clock::now();
+    transfer.noteSign();
     return transfer.accept({data, size * count}) ? size * count : 0;
+}
+
+/// Sees what `onBody` does not: the body of a redirect, and one that decodes to nothing.
+int CurlTransfer::onProgress(void* self, curl_off_t, curl_off_t received, curl_off_t, curl_off_t) {
+    auto& transfer = *static_cast<CurlTransfer*>(self);
+    if (static_cast<std::size_t>(received) <= transfer.request_.byteLimit + encodingSlack) return 0;
+    if (!transfer.failure_) {
+        transfer.failure_ = HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
+    }
+    return 1;
+}
+
+/// While frames without content keep coming, curl reads on within one call: it asks no other
+/// callback, looks at no timer and serves no other transfer. Only its trace tells of each record.
+int CurlTransfer::onTrace(CURL*, curl_infotype type, char* data, std::size_t size, void* self) {
+    if (type != CURLINFO_SSL_DATA_IN || size != recordHeaderBytes) return 0;
+    const auto byte = [data](std::size_t at) { return static_cast<unsigned char>(data[at]); };
+    const std::size_t content = static_cast<std::size_t>(byte(3) << 8 | byte(4));
+    static_cast<CurlTransfer*>(self)->receivedRecord(recordHeaderBytes + content);
+    return 0;
+}
+
+void CurlTransfer::receivedRecord(std::size_t bytes) {
+    if (std::exchange(call_, rules_.performCalls) != rules_.performCalls) unseenBytes_ = 0;
+    if (unseenBytes_ == 0) unseenSince_ = Clock::now();
+    unseenBytes_ += bytes;
+    if (failure_ || unseenBytes_ <= mostUnseenBytes) return;
+    if (Clock::now() - unseenSince_ <= longestUnseen) return;
+    failure_ = HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
+    // The trace has no say in the transfer, but the connection can end.
+    const auto socket = info<curl_socket_t>(easy_.get(), CURLINFO_ACTIVESOCKET);
+    if (socket != CURL_SOCKET_BAD) endAndEmpty(socket);
 }
 
 curl_socket_t CurlTransfer::onOpenSocket(void* self, curlsocktype, curl_sockaddr* address) {
@@ -253,7 +318,7 @@ curl_socket_t CurlTransfer::onOpenSocket(void* self, curlsocktype, curl_sockaddr
 /// Asked before each request, also when a kept connection serves it and no socket is opened.
 int CurlTransfer::onConnected(void* self, char* remoteIP, char*, int, int) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
-    transfer.lastSign_ = Clock::now();
+    transfer.noteSign();
     if (!transfer.mayConnectTo(remoteIP)) return CURL_PREREQFUNC_ABORT;
     transfer.seenPublic_ = transfer.seenPublic_ || !transfer.rules_.isPrivate(remoteIP);
     return CURL_PREREQFUNC_OK;
@@ -265,6 +330,9 @@ std::optional<FetchError> CurlTransfer::failureOf(CURLcode code) const {
         // A redirect away from https, or an answer that is no HTTP at all.
         case CURLE_UNSUPPORTED_PROTOCOL:
             return HTTPClientError{.kind = HTTPClientError::Kind::notHTTPS};
+        // A single line of the head that is longer than curl keeps.
+        case CURLE_OUT_OF_MEMORY:
+            return HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
         case CURLE_URL_MALFORMAT: return URLError::badURL;
         case CURLE_OPERATION_TIMEDOUT: return URLError::timedOut;
         case CURLE_COULDNT_RESOLVE_HOST: return URLError::cannotFindHost;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,6 +33,7 @@ struct TransferRules {
     TrustedAuthorities authorities;
     CurlList connectTo;  ///< empty: connections go where the addresses say
     bool (*isPrivate)(std::string_view ip);
+    std::uint64_t performCalls = 0;  ///< of curl_multi_perform, for all transfers
 };
 
 /// One request on one easy handle, from its options to its answer. Lives on curl's thread.
@@ -45,12 +48,19 @@ public:
 
     CURL* handle() const { return easy_.get(); }
 
-    /// When the server will have been silent for too long, unless it says something.
-    Clock::time_point idleDeadline() const { return lastSign_ + request_.idleTimeout; }
+    /// When the transfer has taken too long as a whole, or the server has been silent for too
+    /// long. The latter moves with every byte.
+    Clock::time_point deadline() const {
+        return std::min(endsAt_, lastSign_ + request_.idleTimeout);
+    }
 
     /// The answer, from curl's verdict or from a failure of our own finding.
     TransportAnswer finish(CURLcode code);
     TransportAnswer finish(FetchError failure);
+
+    /// Before a transfer that is not over leaves curl: its connection, on which more of the old
+    /// answer may come, serves no other request.
+    void giveUpConnection();
 
     /// For the next transfer. This one is over.
     CurlEasy releaseHandle();
@@ -66,13 +76,19 @@ private:
     bool follows(int status) const;
     void noteRedirect(int status);
     bool headComplete();
+    void noteSign();
+    bool withinHeaderLimit(std::size_t bytes);
     bool accept(std::string_view bytes);
+    void receivedRecord(std::size_t bytes);
     bool mayConnectTo(std::string_view ip);
     std::optional<FetchError> failureOf(CURLcode code) const;
     TransportAnswer answer() const;
 
     static std::size_t onHeader(char* data, std::size_t size, std::size_t count, void* self);
     static std::size_t onBody(char* data, std::size_t size, std::size_t count, void* self);
+    static int onProgress(void* self, curl_off_t toReceive, curl_off_t received, curl_off_t toSend,
+                          curl_off_t sent);
+    static int onTrace(CURL* easy, curl_infotype type, char* data, std::size_t size, void* self);
     static curl_socket_t onOpenSocket(void* self, curlsocktype purpose, curl_sockaddr* address);
     static int onConnected(void* self, char* remoteIP, char* localIP, int remotePort,
                            int localPort);
@@ -82,10 +98,15 @@ private:
     const TransferRules& rules_;
     CurlList headers_;
     Clock::time_point lastSign_ = Clock::now();
+    Clock::time_point endsAt_ = lastSign_ + request_.totalTimeout;
     std::string body_;
     std::optional<FetchError> failure_;  ///< our own verdict; outweighs curl's
     bool settled_ = false;      ///< the head says it all, the rest is not wanted
     bool inHead_ = false;
+    std::size_t headerBytes_ = 0;  ///< of all answers, trailers included
+    std::uint64_t call_ = 0;  ///< the call of curl_multi_perform that brought the last record
+    std::size_t unseenBytes_ = 0;  ///< of records in that call, since a callback got something
+    Clock::time_point unseenSince_{};
     bool followsRedirects_ = true;
     bool refusedPrivate_ = false;
     bool seenPublic_;  ///< a peer so far was on the public network

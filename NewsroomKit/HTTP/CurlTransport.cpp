@@ -212,10 +212,11 @@ private:
             for (auto& order : batch.orders) start(std::move(order));
             for (const auto number : batch.cancellations) abandon(number, URLError::cancelled);
             if (batch.closed) break;
+            ++rules_.performCalls;
             int stillRunning = 0;
             curl_multi_perform(multi_.get(), &stillRunning);
             collectFinished();
-            endSilentOnes();
+            endOverdueOnes();
             curl_multi_poll(multi_.get(), nullptr, 0, pollMilliseconds(), nullptr);
         }
         while (!running_.empty()) abandon(running_.begin()->first, URLError::cancelled);
@@ -226,7 +227,7 @@ private:
                                                        rules_);
         curl_multi_add_handle(multi_.get(), transfer->handle());
         numbers_.emplace(transfer->handle(), order.number);
-        const auto deadline = transfer->idleDeadline();
+        const auto deadline = transfer->deadline();
         deadlines_.emplace(deadline, order.number);
         running_.emplace(order.number, Running{std::move(transfer), std::move(order.completion),
                                                deadline});
@@ -256,7 +257,10 @@ private:
     /// A number that is not running has finished meanwhile.
     void abandon(RequestNumber number, URLError reason) {
         if (!running_.contains(number)) return;
-        end(number, [reason](CurlTransfer& transfer) { return transfer.finish(reason); });
+        end(number, [reason](CurlTransfer& transfer) {
+            transfer.giveUpConnection();
+            return transfer.finish(reason);
+        });
     }
 
     template <class Finish>
@@ -271,14 +275,14 @@ private:
         completion.complete(std::move(answer));
     }
 
-    /// A transfer's deadline moves with every byte it gets; its entry here is only moved when
+    /// A transfer's deadline may move with every byte it gets; its entry here is only moved when
     /// it comes up.
-    void endSilentOnes() {
+    void endOverdueOnes() {
         const auto now = Clock::now();
         while (!deadlines_.empty() && deadlines_.begin()->first <= now) {
             const auto number = deadlines_.begin()->second;
             auto& running = running_.at(number);
-            const auto deadline = running.transfer->idleDeadline();
+            const auto deadline = running.transfer->deadline();
             if (deadline <= now) {
                 abandon(number, URLError::timedOut);
             } else {

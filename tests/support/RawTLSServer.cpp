@@ -1,0 +1,137 @@
+#include "tests/support/RawTLSServer.h"
+
+#include <array>
+#include <string_view>
+#include <thread>
+#include <utility>
+
+#include <boost/asio/awaitable.hpp>
+#include <boost/asio/co_spawn.hpp>
+#include <boost/asio/detached.hpp>
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/ssl.hpp>
+#include <boost/asio/steady_timer.hpp>
+#include <boost/asio/use_awaitable.hpp>
+#include <boost/asio/write.hpp>
+
+#include "PressRoom/Server/CertificateMint.h"
+
+namespace test {
+namespace {
+
+namespace asio = boost::asio;
+using asio::use_awaitable;
+using asio::ip::tcp;
+using Stream = asio::ssl::stream<tcp::socket>;
+
+constexpr std::string_view kPreface = "PRI * HTTP/2.0\r\n\r\nSM\r\n\r\n";
+constexpr std::size_t kFrameHeader = 9;
+constexpr unsigned char kHeadersFrame = 1;
+
+/// Whether what a client has sent so far holds a request.
+bool holdsRequest(std::string_view sent, bool isHTTP2) {
+    if (!isHTTP2) return sent.find("\r\n\r\n") != std::string_view::npos;
+    const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(sent[at]); };
+    auto at = kPreface.size();
+    while (at + kFrameHeader <= sent.size()) {
+        if (byte(at + 3) == kHeadersFrame) return true;
+        const auto length = byte(at) << 16 | byte(at + 1) << 8 | byte(at + 2);
+        at += kFrameHeader + static_cast<std::size_t>(length);
+    }
+    return false;
+}
+
+}  // namespace
+
+class RawTLSServer::Impl {
+public:
+    explicit Impl(Script script) : script_(std::move(script)), mint_({}) {
+        // A list of one: its length, then the name.
+        offered_ = static_cast<char>(script_.protocol.size()) + script_.protocol;
+        SSL_CTX_set_alpn_select_cb(tls_.native_handle(), &Impl::chooseProtocol, this);
+        SSL_CTX_set_tlsext_servername_callback(tls_.native_handle(), &Impl::chooseCertificate);
+        SSL_CTX_set_tlsext_servername_arg(tls_.native_handle(), this);
+        asio::co_spawn(io_, accept(), asio::detached);
+        thread_ = std::jthread([this] { io_.run(); });
+    }
+
+    ~Impl() { io_.stop(); }
+
+    std::uint16_t port() const { return acceptor_.local_endpoint().port(); }
+    std::string authorityPEM() const { return mint_.authorityPEM(); }
+
+private:
+    asio::awaitable<void> accept() {
+        for (;;) {
+            auto socket = co_await acceptor_.async_accept(use_awaitable);
+            asio::co_spawn(io_, serve(std::move(socket)), asio::detached);
+        }
+    }
+
+    asio::awaitable<void> serve(tcp::socket socket) {
+        try {
+            Stream stream(std::move(socket), tls_);
+            co_await stream.async_handshake(Stream::server, use_awaitable);
+            std::string received;
+            std::array<char, 4096> piece{};
+            while (!holdsRequest(received, script_.protocol == "h2")) {
+                const auto count =
+                    co_await stream.async_read_some(asio::buffer(piece), use_awaitable);
+                received.append(piece.data(), count);
+            }
+            co_await asio::async_write(stream, asio::buffer(script_.opening), use_awaitable);
+            asio::steady_timer timer(io_);
+            for (;;) {
+                timer.expires_after(script_.pause);
+                co_await timer.async_wait(use_awaitable);
+                co_await asio::async_write(stream, asio::buffer(script_.endless), use_awaitable);
+            }
+        } catch (const boost::system::system_error&) {
+            // The client has had enough.
+        }
+    }
+
+    static int chooseProtocol(SSL*, const unsigned char** chosen, unsigned char* length,
+                              const unsigned char* wanted, unsigned int wantedLength, void* self) {
+        const auto& offered = static_cast<Impl*>(self)->offered_;
+        unsigned char* found = nullptr;
+        const int verdict = SSL_select_next_proto(
+            &found, length, reinterpret_cast<const unsigned char*>(offered.data()),
+            static_cast<unsigned>(offered.size()), wanted, wantedLength);
+        *chosen = found;
+        return verdict == OPENSSL_NPN_NEGOTIATED ? SSL_TLSEXT_ERR_OK : SSL_TLSEXT_ERR_ALERT_FATAL;
+    }
+
+    static int chooseCertificate(SSL* ssl, int*, void* self) {
+        static_cast<Impl*>(self)->mint_.identify(ssl, "127.0.0.1");
+        return SSL_TLSEXT_ERR_OK;
+    }
+
+    const Script script_;
+    std::string offered_;
+    pressroom::CertificateMint mint_;
+    asio::io_context io_;
+    asio::ssl::context tls_{asio::ssl::context::tls_server};
+    tcp::acceptor acceptor_{io_, {asio::ip::address_v4::loopback(), 0}};
+    std::jthread thread_;
+};
+
+RawTLSServer::RawTLSServer(Script script) : impl_(std::make_unique<Impl>(std::move(script))) {}
+
+RawTLSServer::~RawTLSServer() = default;
+
+std::uint16_t RawTLSServer::port() const { return impl_->port(); }
+
+std::string RawTLSServer::authorityPEM() const { return impl_->authorityPEM(); }
+
+std::string http2Frame(unsigned char type, unsigned char flags, unsigned char stream,
+                       const std::string& content) {
+    const auto length = content.size();
+    std::string frame{static_cast<char>(length >> 16), static_cast<char>(length >> 8),
+                      static_cast<char>(length), static_cast<char>(type),
+                      static_cast<char>(flags), 0, 0, 0, static_cast<char>(stream)};
+    return frame + content;
+}
+
+}  // namespace test
