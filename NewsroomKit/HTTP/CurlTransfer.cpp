@@ -25,6 +25,10 @@ constexpr std::size_t mostUnseenBytes = 256 * 1024;
 constexpr std::chrono::milliseconds longestUnseen{250};
 constexpr std::size_t recordHeaderBytes = 5;  // of TLS: kind, version, length
 
+// OpenSSL's verdicts on a certificate.
+constexpr long certificateNotYetValid = 9;
+constexpr long certificateHasExpired = 10;
+
 template <class T>
 void set(CURL* easy, CURLoption option, T value) {
     const CURLcode code = curl_easy_setopt(easy, option, value);
@@ -194,6 +198,7 @@ bool CurlTransfer::follows(int status) const {
 
 void CurlTransfer::noteRedirect(int status) {
     ++redirects_;
+    hasAsked_ = false;
     movedForGood_ = movedForGood_ && (status == 301 || status == 308);
     if (movedForGood_) {
         movedTo_ = resolved(movedTo_.empty() ? request_.url : movedTo_,
@@ -210,6 +215,7 @@ bool CurlTransfer::headComplete() {
         noteRedirect(code);
         return true;
     }
+    hasFinalHead_ = true;
     if (code == 304) {
         // curl would follow a 304 that carries a Location.
         settled_ = header("Location").has_value();
@@ -320,16 +326,21 @@ int CurlTransfer::onConnected(void* self, char* remoteIP, char*, int, int) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
     transfer.noteSign();
     if (!transfer.mayConnectTo(remoteIP)) return CURL_PREREQFUNC_ABORT;
+    transfer.hasAsked_ = true;
     transfer.seenPublic_ = transfer.seenPublic_ || !transfer.rules_.isPrivate(remoteIP);
     return CURL_PREREQFUNC_OK;
 }
 
 std::optional<FetchError> CurlTransfer::failureOf(CURLcode code) const {
     switch (code) {
-        case CURLE_OK: return std::nullopt;
-        // A redirect away from https, or an answer that is no HTTP at all.
+        case CURLE_OK:
+            // curl takes a head that ends too early for a whole one.
+            if (!hasFinalHead_) return URLError::networkConnectionLost;
+            return std::nullopt;
+        // An address that is not https, or an answer that is not HTTP.
         case CURLE_UNSUPPORTED_PROTOCOL:
-            return HTTPClientError{.kind = HTTPClientError::Kind::notHTTPS};
+            return HTTPClientError{.kind = hasAsked_ ? HTTPClientError::Kind::notHTTP
+                                                     : HTTPClientError::Kind::notHTTPS};
         // A single line of the head that is longer than curl keeps.
         case CURLE_OUT_OF_MEMORY:
             return HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
@@ -348,7 +359,12 @@ std::optional<FetchError> CurlTransfer::failureOf(CURLcode code) const {
         case CURLE_SEND_ERROR:
         case CURLE_HTTP2:
         case CURLE_HTTP2_STREAM: return URLError::networkConnectionLost;
-        case CURLE_PEER_FAILED_VERIFICATION: return URLError::serverCertificateUntrusted;
+        case CURLE_PEER_FAILED_VERIFICATION:
+            switch (info<long>(easy_.get(), CURLINFO_SSL_VERIFYRESULT)) {
+                case certificateNotYetValid: return URLError::serverCertificateNotYetValid;
+                case certificateHasExpired: return URLError::serverCertificateHasBadDate;
+                default: return URLError::serverCertificateUntrusted;
+            }
         case CURLE_TOO_MANY_REDIRECTS: return URLError::tooManyRedirects;
         case CURLE_BAD_CONTENT_ENCODING: return URLError::cannotDecodeContent;
         case CURLE_SSL_CONNECT_ERROR:

@@ -103,6 +103,8 @@ private:
     std::optional<FetchError> failure_;  ///< our own verdict; outweighs curl's
     bool settled_ = false;      ///< the head says it all, the rest is not wanted
     bool inHead_ = false;
+    bool hasFinalHead_ = false;  ///< of the last answer, and not of a redirect
+    bool hasAsked_ = false;      ///< a connection stood, of the last address
     std::size_t headerBytes_ = 0;  ///< of all answers, trailers included
     std::uint64_t call_ = 0;  ///< the call of curl_multi_perform that brought the last record
     std::size_t unseenBytes_ = 0;  ///< of records in that call, since a callback got something

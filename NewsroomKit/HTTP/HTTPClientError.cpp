@@ -29,6 +29,7 @@ std::string description(const HTTPClientError& error) {
         case HTTPClientError::Kind::tooLarge:
             return "The response was larger than the safety limit.";
         case HTTPClientError::Kind::empty: return "The server sent nothing.";
+        case HTTPClientError::Kind::notHTTP: return "The server didn't answer as a web server.";
     }
     std::abort();
 }
@@ -44,6 +45,10 @@ std::string_view description(URLError error) {
         case URLError::networkConnectionLost: return "The connection was lost.";
         case URLError::secureConnectionFailed:
             return "A secure connection couldn't be made.";
+        case URLError::serverCertificateHasBadDate:
+            return "The server's certificate has expired. Is this computer's clock right?";
+        case URLError::serverCertificateNotYetValid:
+            return "The server's certificate isn't valid yet. Is this computer's clock right?";
         case URLError::serverCertificateUntrusted:
             return "The server's certificate isn't trusted.";
         case URLError::tooManyRedirects: return "The server redirected too many times.";

@@ -12,10 +12,10 @@ namespace newsroom {
 struct HTTPClientError {
     enum class Kind {
         status,  ///< outside 200 to 299, and not 304
-        /// The address or a redirect is not https, or what answered does not speak HTTP.
-        notHTTPS,
-        tooLarge,
-        empty
+        notHTTPS,  ///< the address itself, or a redirect
+        tooLarge,  ///< the body, or all headers together
+        empty,
+        notHTTP  ///< something answered that does not speak HTTP
     };
 
     Kind kind;
@@ -34,6 +34,8 @@ enum class URLError {
     notConnectedToInternet,
     networkConnectionLost,
     secureConnectionFailed,
+    serverCertificateHasBadDate,  ///< it has expired
+    serverCertificateNotYetValid,
     serverCertificateUntrusted,
     tooManyRedirects,
     redirectToPrivateAddress,

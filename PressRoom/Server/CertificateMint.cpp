@@ -39,15 +39,20 @@ void setRandomSerial(X509* certificate) {
     ASN1_INTEGER_set_uint64(X509_get_serialNumber(certificate), serial >> 1);
 }
 
-/// Valid from a week ago, so that a clock that is a little off does no harm.
+/// In seconds from now. It begins a week ago, so that a clock that is a little off does no harm.
+struct Validity {
+    long begin = -7 * day;
+    long end = 90 * day;
+};
+
 OpenSSLPtr<X509> draftCertificate(EVP_PKEY* key, const std::string& commonName,
-                                  long secondsValid) {
+                                  Validity validity) {
     OpenSSLPtr<X509> certificate(X509_new());
     require(certificate != nullptr, "make a certificate");
     X509_set_version(certificate.get(), X509_VERSION_3);
     setRandomSerial(certificate.get());
-    X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -7 * day);
-    X509_gmtime_adj(X509_getm_notAfter(certificate.get()), secondsValid);
+    X509_gmtime_adj(X509_getm_notBefore(certificate.get()), validity.begin);
+    X509_gmtime_adj(X509_getm_notAfter(certificate.get()), validity.end);
     X509_set_pubkey(certificate.get(), key);
     // A common name holds 64 characters at most; the alternative name carries longer hosts.
     const std::string shortName = commonName.substr(0, 64);
@@ -59,7 +64,7 @@ OpenSSLPtr<X509> draftCertificate(EVP_PKEY* key, const std::string& commonName,
 
 Identity makeAuthority(const std::string& name) {
     Identity authority{.key = makeKey(), .certificate = nullptr};
-    authority.certificate = draftCertificate(authority.key.get(), name, 365 * day);
+    authority.certificate = draftCertificate(authority.key.get(), name, {.end = 365 * day});
     X509* certificate = authority.certificate.get();
     X509_set_issuer_name(certificate, X509_get_subject_name(certificate));
     addExtension(certificate, certificate, NID_basic_constraints, "critical,CA:TRUE");
@@ -121,7 +126,9 @@ OpenSSLPtr<X509> CertificateMint::mint(const std::string& serverName) const {
     const auto kind = listed == kinds_.end() ? Certificate::trusted : listed->second;
     const std::string name =
         kind == Certificate::wrongName ? "elsewhere.example" : serverName;
-    const long validity = kind == Certificate::expired ? -day : 90 * day;
+    Validity validity;
+    if (kind == Certificate::expired) validity.end = -day;
+    if (kind == Certificate::notYetValid) validity.begin = day;
     auto leaf = draftCertificate(leafKey_.get(), name, validity);
 
     const Identity& signer =

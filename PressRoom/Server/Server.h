@@ -25,6 +25,7 @@ public:
         trusted,           ///< signed by the authority
         privateAuthority,  ///< signed by a second authority, for its hosts only
         expired,           ///< signed by the authority, ran out yesterday
+        notYetValid,       ///< signed by the authority, begins tomorrow
         selfSigned,
         wrongName  ///< signed by the authority for another host
     };
