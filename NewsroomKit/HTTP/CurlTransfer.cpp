@@ -221,7 +221,8 @@ bool CurlTransfer::headComplete() {
         settled_ = header("Location").has_value();
         return !settled_;
     }
-    if (code > 299) {
+    // Nobody asked for a part of the body.
+    if (code > 299 || code == 206) {
         failure_ = HTTPClientError{.kind = HTTPClientError::Kind::status, .statusCode = code};
         return false;
     }

@@ -99,7 +99,8 @@ TEST(HTTPClient, judgesTheStatusBeforeTheSizeAndTheSizeBeforeTheEmptiness) {
     const std::vector<Case> cases{
         {{.status = 200}, "The server sent nothing."},
         {{.status = 204}, "The server sent nothing."},
-        {{.status = 206, .body = "part"}, "fresh: part"},
+        {{.status = 203, .body = "whole"}, "fresh: whole"},
+        {{.status = 206, .body = "part"}, "The server answered 206."},
         {{.status = 304}, "not modified"},
         {{.status = 304, .headers = {{"Location", "https://feeds.example/b"}}}, "not modified"},
         {{.status = 302, .body = "no Location"}, "The server answered 302."},
