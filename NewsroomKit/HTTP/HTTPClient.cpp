@@ -76,7 +76,8 @@ asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::attempt(const std::
     auto answer = co_await transport_.perform(std::move(request));
     record.status = answer.status;
     record.bytesOnWire += answer.bytesOnWire;
-    record.retryAfter = answer.retryAfter;
+    // What the first attempt was told still holds when the second one fails in another way.
+    if (answer.retryAfter || !answer.failure) record.retryAfter = answer.retryAfter;
     record.movedTo = std::move(answer.movedTo);
     record.cameFromPublic = answer.cameFromPublic;
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "PressRoom/Server/Conditional.h"
@@ -259,6 +260,18 @@ TEST(HTTPClient, reportsHowLongTheServerWantsToBeLeftAlone) {
         if (pause && record.retryAfter) {
             EXPECT_LE(std::chrono::abs(*record.retryAfter - *pause), 5s) << header;
         }
+    }
+    const Response pausing{.status = 429, .headers = {{"Retry-After", "120"}}};
+    const std::vector<std::pair<Response, std::optional<std::chrono::seconds>>> seconds{
+        {{.status = 500}, 120s},
+        {{.delivery = {.hangsUp = true}}, 120s},
+        {{.status = 503, .headers = {{"Retry-After", "60"}}}, 60s},
+        {{.body = "news"}, std::nullopt},
+    };
+    for (const auto& [second, pause] : seconds) {
+        bench.script.on("feeds.example", "/", {pausing, second});
+        EXPECT_EQ(bench.exchange("https://feeds.example/").record.retryAfter, pause)
+            << second.status;
     }
     bench.script.on("feeds.example", "/", {{.status = 429}});
     EXPECT_EQ(bench.exchange("https://feeds.example/").record.retryAfter, std::nullopt);
