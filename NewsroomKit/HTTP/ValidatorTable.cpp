@@ -6,11 +6,21 @@
 namespace newsroom {
 namespace {
 
-void dropUnlessHeaderValue(std::optional<std::string>& text) {
+// Servers refuse requests whose headers are longer, and then the source would fail for good.
+constexpr std::size_t kLongestValue = 8 * 1024;
+
+void dropUnlessSendable(std::optional<std::string>& text) {
     const auto isControl = [](char c) {
         return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
     };
-    if (text && std::ranges::any_of(*text, isControl)) text.reset();
+    if (text && (text->size() > kLongestValue || std::ranges::any_of(*text, isControl))) {
+        text.reset();
+    }
+}
+
+void dropUnlessSendable(Validators& validators) {
+    dropUnlessSendable(validators.entityTag);
+    dropUnlessSendable(validators.lastModified);
 }
 
 }  // namespace
@@ -22,6 +32,7 @@ Validators ValidatorTable::find(const std::string& url) const {
 }
 
 void ValidatorTable::store(const std::string& url, Validators validators) {
+    dropUnlessSendable(validators);
     const std::lock_guard lock(mutex_);
     if (validators == Validators{}) {
         entries_.erase(url);
@@ -41,10 +52,7 @@ ValidatorTable::Entries ValidatorTable::entries() const {
 }
 
 void ValidatorTable::replace(Entries entries) {
-    for (auto& [url, validators] : entries) {
-        dropUnlessHeaderValue(validators.entityTag);
-        dropUnlessHeaderValue(validators.lastModified);
-    }
+    for (auto& [url, validators] : entries) dropUnlessSendable(validators);
     std::erase_if(entries, [](const auto& entry) { return entry.second == Validators{}; });
     const std::lock_guard lock(mutex_);
     entries_ = std::move(entries);

@@ -22,15 +22,16 @@ public:
 
     Validators find(const std::string& url) const;
 
-    /// Replaces the pair as a whole: a tag never outlives the date it came with.
+    /// Replaces the pair as a whole: a tag never outlives the date it came with. A text that is
+    /// too long for a header, or would add another one, is left out.
     void store(const std::string& url, Validators validators);
 
     void forget(const std::string& url);
 
     Entries entries() const;
 
-    /// Takes the place of all entries. Texts that could not be a header's value are left out,
-    /// since the entries may come from a file that something else has edited.
+    /// Takes the place of all entries, with the same texts left out: the entries may come from a
+    /// file that something else has edited.
     void replace(Entries entries);
 
 private:

@@ -48,6 +48,18 @@ TEST(ValidatorTable, forgetsOneAddressAndKeepsTheOthers) {
     EXPECT_EQ(table.find("https://b.example/").entityTag, "\"2\"");
 }
 
+TEST(ValidatorTable, keepsNoTextThatIsTooLongToSend) {
+    const std::string longest(8192, 'a');
+    ValidatorTable table;
+    table.store("https://a.example/", {.entityTag = longest, .lastModified = longest + "a"});
+    table.store("https://b.example/", {.entityTag = "\"1\""});
+    table.store("https://b.example/", {.entityTag = longest + "a"});
+    EXPECT_EQ(table.entries(),
+              (ValidatorTable::Entries{{"https://a.example/", {.entityTag = longest}}}));
+    table.replace({{"https://c.example/", {.lastModified = longest + "a"}}});
+    EXPECT_TRUE(table.entries().empty());
+}
+
 TEST(ValidatorTable, importsNoTextThatWouldAddAHeader) {
     ValidatorTable table;
     table.replace({{"https://a.example/", {.entityTag = "\"1\"\r\nHost: b", .lastModified = "ok"}},
