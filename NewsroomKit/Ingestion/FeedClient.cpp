@@ -14,7 +14,9 @@
 #include <boost/asio/this_coro.hpp>
 #include <boost/asio/use_awaitable.hpp>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Feeds/FeedParser.h"
+#include "NewsroomKit/Feeds/TextCut.h"
 #include "NewsroomKit/Ingestion/PageFeedLinks.h"
 
 namespace newsroom {
@@ -29,12 +31,22 @@ constexpr std::size_t kMostLinksTried = 3;
 // Even the most tedious document takes a tenth of it.
 constexpr std::chrono::seconds kLongestReading{10};
 
+constexpr std::size_t kLongestAddressShown = 120;
+
 constexpr std::string_view kNoStories = "That feed has no stories in it.";
 
 SourceFetch::Failed failedWith(const FetchError& error) {
     return {.text = error.description(),
             .cancelled = error == FetchError(URLError::cancelled),
             .offline = error == FetchError(URLError::notConnectedToInternet)};
+}
+
+/// The user knows the page's address, but not that of the feed which the page names.
+SourceFetch::Failed unusable(const std::string& feed, SourceFetch::Failed failed) {
+    const auto address = cutAtWord(maskedSecrets(feed), kLongestAddressShown);
+    failed.text =
+        "The page names the feed " + address + ", which can't be used. " + failed.text;
+    return failed;
 }
 
 }  // namespace
@@ -105,26 +117,42 @@ asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const Ne
 
     // A body that did not parse must come again: a 304 would hide that it was mended.
     http_.validators().forget(address);
+    if (address == source.feedURL) {
+        co_return co_await fetchFeedOf(std::move(reading), source, std::move(fetch.record));
+    }
     const auto error = std::get<FeedParserError>(reading.result);
     fetch.outcome = SourceFetch::Failed{std::string(description(error))};
-    if (address != source.feedURL) co_return fetch;
-    for (const auto& link : reading.feedLinks) {
+    co_return fetch;
+}
+
+/// The first feed with a story among those that a web page names. Without any, an empty feed says
+/// most, then the first failure.
+asio::awaitable<SourceFetch> FeedClient::fetchFeedOf(Reading page, const NewsSource& source,
+                                                     HTTPClient::Record record) {
+    const auto namedBy = record.cameFromPublic ? NamedBy::publicPage : NamedBy::user;
+    std::optional<SourceFetch::Failed> reason;
+    for (const auto& link : page.feedLinks) {
         const auto cancellation = co_await asio::this_coro::cancellation_state;
         if (cancellation.cancelled() != asio::cancellation_type::none) break;
-        if (link == address) continue;
+        if (link == source.feedURL) continue;
         // In full: what another source got from that address is not this one's.
-        auto linked =
-            co_await fetchFrom(link, source, Conditional::no,
-                               fetch.record.cameFromPublic ? NamedBy::publicPage : NamedBy::user);
+        auto linked = co_await fetchFrom(link, source, Conditional::no, namedBy);
         if (auto* stories = std::get_if<SourceFetch::Stories>(&linked.outcome)) {
-            stories->pageTitle = reading.pageTitle;
+            stories->pageTitle = page.pageTitle;
             co_return linked;
         }
-        // That the page has a feed, though an empty one, says more than that it is none itself.
         const auto* failed = std::get_if<SourceFetch::Failed>(&linked.outcome);
-        if (failed && failed->isEmpty) fetch.outcome = *failed;
+        if (failed && (failed->isEmpty || failed->cancelled)) {
+            reason = *failed;
+        } else if (failed && !reason) {
+            reason = unusable(link, *failed);
+        }
     }
-    co_return fetch;
+    if (!reason) {
+        const auto error = std::get<FeedParserError>(page.result);
+        reason = SourceFetch::Failed{std::string(description(error))};
+    }
+    co_return SourceFetch{.outcome = *std::move(reason), .record = std::move(record)};
 }
 
 asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const NewsSource& source,

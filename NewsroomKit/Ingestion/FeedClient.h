@@ -55,6 +55,8 @@ private:
                                          std::string address);
     boost::asio::awaitable<SourceFetch> fetchFrom(std::string address, const NewsSource& source,
                                                   Conditional conditional, NamedBy namedBy);
+    boost::asio::awaitable<SourceFetch> fetchFeedOf(Reading page, const NewsSource& source,
+                                                    HTTPClient::Record record);
     boost::asio::awaitable<void> work(Pass& pass);
 
     HTTPClient& http_;

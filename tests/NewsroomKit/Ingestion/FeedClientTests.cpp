@@ -113,6 +113,36 @@ TEST_F(FeedClientTest, AWebPageLeadsToItsFeed) {
     EXPECT_EQ(bench_.server.hits("loop.example"), 1u);
 }
 
+TEST_F(FeedClientTest, APageWhoseFeedIsOfNoUseSaysWhichFeedAndWhy) {
+    const std::string opening = "The page names the feed https://site.example/";
+    const std::string middle = ", which can't be used. ";
+    const struct {
+        std::vector<std::string> links;
+        std::string outcome;
+    } cases[] = {
+        {{"/gone"}, opening + "gone" + middle + "The server answered 404."},
+        {{"/page"}, opening + "page" + middle + "The address didn't return a feed."},
+        {{"http://site.example/feed"},
+         "The page names the feed http://site.example/feed" + middle +
+             "The address isn't secure (https)."},
+        {{"/gone?token=hush", "/page"}, opening + "gone?token=…" + middle + "The server answered 404."},
+        {{"/gone", "/empty", "/page"}, "That feed has no stories in it."},
+        {{"/gone", "/feed"}, "1 stories of Sample feed"},
+        {{"/?token=hush"}, "The address didn't return a feed."},
+    };
+    serve("site.example", "/page", {.body = "<html>"});
+    serve("site.example", "/empty", {.body = feedOf(0)});
+    serve("site.example", "/feed", {.body = feedOf(1)});
+    for (const auto& c : cases) {
+        std::string page = "<html>";
+        for (const auto& link : c.links) {
+            page += "<link rel='alternate' type='application/rss+xml' href='" + link + "'>";
+        }
+        serve("site.example", "/?token=hush", {.body = page});
+        EXPECT_EQ(text(fetch("https://site.example/?token=hush")), c.outcome);
+    }
+}
+
 /// For servers on loopback: 127.0.0.1 plays a public address, all others are private.
 bool isAnywhereElse(std::string_view ip) { return ip != "127.0.0.1"; }
 
@@ -145,8 +175,11 @@ TEST_F(FeedClientTest, APageLeadsToAPrivateAddressOnlyWhenItLiesAtOneItself) {
         run();
         return result.get();
     };
-    EXPECT_EQ(text(outcome(publicURL + "/")), "The address didn't return a feed.");
-    EXPECT_EQ(text(outcome(publicURL + "/around")), "The address didn't return a feed.");
+    const std::string refusal =
+        ", which can't be used. The server redirected to a private network address.";
+    EXPECT_EQ(text(outcome(publicURL + "/")), "The page names the feed " + privateURL + "/feed" + refusal);
+    EXPECT_EQ(text(outcome(publicURL + "/around")),
+              "The page names the feed " + publicURL + "/redirect" + refusal);
     EXPECT_EQ(inside.connections(), 0U);
     const auto own = outcome(privateURL + "/");
     ASSERT_EQ(text(own), "1 stories of Sample feed");

@@ -80,6 +80,7 @@ TEST_F(AddingTest, WhatIsTypedLeadsToASourceOrToTheReasonWhyNot) {
     serve("hollow.example", "/", page("Hollow", {"/rss", "/gone"}));
     serve("hollow.example", "/rss", feed("Hollow", 0));
     serve("page.example", "/", page("Page", {}));
+    serve("old.example", "/", page("Old", {"http://old.example/rss"}));
     serve("mirror.example", "/", page("Mirror", {"https://plain.example/feed?utm_source=m"}));
     serve("plain.example", "/feed?utm_source=m", feed("Plain", 2));
     const struct {
@@ -105,6 +106,9 @@ TEST_F(AddingTest, WhatIsTypedLeadsToASourceOrToTheReasonWhyNot) {
         {"page.example", "The address didn't return a feed."},
         {"page.example/none", "The server answered 404."},
         {"http://page.example/", "The address isn't secure (https)."},
+        {"old.example",
+         "The page names the feed http://old.example/rss, which can't be used. The address isn't "
+         "secure (https)."},
         {"", "That doesn't look like a web address or a handle."},
         {"@mika", "That doesn't look like a web address or a handle."},
         {"two words", "That doesn't look like a web address or a handle."},
