@@ -9,6 +9,7 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Feeds/HTMLText.h"
 #include "NewsroomKit/Feeds/TextCut.h"
+#include "NewsroomKit/HTTP/HTTPClientError.h"
 #include "NewsroomKit/Sources/SourceAddress.h"
 #include "Tarnwick_Brell/Desk/SourceSchedule.h"
 
@@ -132,7 +133,11 @@ SourceAdding::Added SourceAdding::addUnchecked(std::string_view typed) {
     if (candidates.empty()) return AddSourceError{AddSourceError::Kind::invalidAddress};
     const auto& address = candidates.front();
     const auto parsed = WebAddress::parse(address);
-    const auto name = hostOf(address) + (parsed ? newsroom::percentDecoded(parsed->path) : "");
+    if (!parsed || parsed->scheme != "https") {
+        const newsroom::HTTPClientError error{.kind = newsroom::HTTPClientError::Kind::notHTTPS};
+        return AddSourceError{AddSourceError::Kind::fetchFailed, newsroom::description(error)};
+    }
+    const auto name = hostOf(address) + newsroom::percentDecoded(parsed->path);
     // What stands in a name is shown everywhere.
     return write(newsroom::cutAtWord(newsroom::maskedSecrets(name), kLongestName), address,
                  siteOf(address));

@@ -164,5 +164,12 @@ TEST_F(AddingTest, WhatAnotherProgramAddedMeanwhileIsNotAddedTwice) {
               "b.example/x y");
 }
 
+TEST_F(AddingTest, AnAddressThatCouldNeverBeFetchedIsNotAddedUncheckedEither) {
+    for (const char* typed : {"http://a.example/feed", "ftp://a.example/feed"}) {
+        EXPECT_EQ(std::get<AddSourceError>(adding_.addUnchecked(typed)).description(),
+                  "The address isn't secure (https).");
+    }
+}
+
 }  // namespace
 }  // namespace desk
