@@ -260,6 +260,22 @@ std::string maskedSecrets(std::string_view text) {
     return masked;
 }
 
+std::string maskedLogins(std::string_view text) {
+    constexpr std::string_view authorityEnds = "/?#\\ \t\r\n\v\f\"<>`";
+    std::string masked;
+    masked.reserve(text.size());
+    for (auto scheme = text.find(kSchemeEnd); scheme != std::string_view::npos;
+         scheme = text.find(kSchemeEnd)) {
+        masked.append(text.substr(0, scheme + kSchemeEnd.size()));
+        text.remove_prefix(scheme + kSchemeEnd.size());
+        const auto at = text.substr(0, text.find_first_of(authorityEnds)).rfind('@');
+        if (at == std::string_view::npos || at == 0) continue;
+        masked.append(kMask);
+        text.remove_prefix(at);
+    }
+    return masked.append(text);
+}
+
 bool carriesSecret(std::string_view url) {
     return maskedSecrets(url) != url;
 }

@@ -18,6 +18,11 @@ namespace newsroom {
 /// byte for byte. Masking twice changes nothing.
 std::string maskedSecrets(std::string_view text);
 
+/// The text with "…" in place of user names and passwords in its addresses that have a scheme, and
+/// nothing else changed. For links of stories wherever they are shown, exported or logged: all else
+/// in them is what the page is called. The stored link keeps its password, and a browser gets it.
+std::string maskedLogins(std::string_view text);
+
 /// maskedSecrets would change the address.
 bool carriesSecret(std::string_view url);
 

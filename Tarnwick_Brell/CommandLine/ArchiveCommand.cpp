@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Archive/StoryArchiveAPI.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveText.h"
@@ -28,7 +29,7 @@ using Action = int (*)(Session&, const ArchiveOptions&);
 
 template <class Answer>
 void printJSON(Session& session, const Answer& answer) {
-    session.out().line(boost::json::serialize(newsroom::encode(answer)));
+    session.out().line(newsroom::maskedLogins(boost::json::serialize(newsroom::encode(answer))));
 }
 
 int runStories(Session& session, const ArchiveOptions& options) {

@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
@@ -22,11 +23,11 @@ std::string storyAddress(Session& session, const std::string& word) {
                          "\" is neither a web address nor the id of a story. brell wire shows the "
                          "ids.");
     }
-    return storyNamed(session.storeForReading(), word).story.link;
+    return newsroom::maskedLogins(storyNamed(session.storeForReading(), word).story.link);
 }
 
 std::string linkText(const std::string& url) {
-    const auto text = printable(url);
+    const auto text = printable(newsroom::maskedLogins(url));
     return isOfTheWeb(url) ? text : "“" + text + "” (no web address)";
 }
 

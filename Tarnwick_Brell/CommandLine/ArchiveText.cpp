@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/TextTable.h"
@@ -101,7 +102,7 @@ void printArchiveStatus(Output& out, const ArchiveStatus& status) {
 void printServerCredits(Output& out, const std::vector<std::string>& addresses,
                         const newsroom::ServerCredits& credits) {
     for (const auto& address : addresses) {
-        out.line(out.bold(printable(address)));
+        out.line(out.bold(printable(newsroom::maskedLogins(address))));
         const auto found = credits.credits.find(address);
         if (found == credits.credits.end()) {
             const bool isPending =

@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Editorial/LabelReasons.h"
 #include "NewsroomKit/Stories/StoryShape.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
@@ -41,7 +42,7 @@ void printCredits(Output& out, const Story& story) {
         if (credit.platform) line += " on " + *credit.platform;
         if (credit.postedAt) line += ", " + dayAndTime(*credit.postedAt);
         if (credit.detail) line += " (“" + *credit.detail + "”)";
-        if (credit.url) line += "  " + *credit.url;
+        if (credit.url) line += "  " + newsroom::maskedLogins(*credit.url);
         printField(out, "Credits", line);
     }
 }
@@ -79,9 +80,9 @@ void print(Session& session, const desk::StoredStory& stored, const Wordings& wo
     printField(out, "Kind", kindReason(story));
     printField(out, "Sourcing", sourcingReason(story));
     printCredits(out, story);
-    printField(out, "Link", story.link);
-    printField(out, "Article", story.articleLink.value_or(""));
-    printField(out, "Picture", story.imageURL.value_or(""));
+    printField(out, "Link", newsroom::maskedLogins(story.link));
+    printField(out, "Article", newsroom::maskedLogins(story.articleLink.value_or("")));
+    printField(out, "Picture", newsroom::maskedLogins(story.imageURL.value_or("")));
     if (story.wordpressID) printField(out, "Post number", std::to_string(*story.wordpressID));
     printField(out, "Source id", story.sourceID);
     printField(out, "Story id", story.id);

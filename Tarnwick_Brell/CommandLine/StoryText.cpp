@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Stories/StoryShape.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 
@@ -21,7 +22,15 @@ std::string labelLine(const newsroom::Story& story) {
 }
 
 boost::json::object storyRecord(const desk::StoredStory& stored) {
-    auto record = newsroom::encode(stored.story).get_object();
+    auto shown = stored.story;
+    shown.link = newsroom::maskedLogins(shown.link);
+    for (auto* address : {&shown.articleLink, &shown.imageURL}) {
+        if (*address) *address = newsroom::maskedLogins(**address);
+    }
+    for (auto& credit : shown.credits) {
+        if (credit.url) credit.url = newsroom::maskedLogins(*credit.url);
+    }
+    auto record = newsroom::encode(shown).get_object();
     record["read"] = stored.readAt.has_value();
     record["saved"] = stored.savedAt.has_value();
     record["firstSeen"] = newsroom::encode(stored.firstSeen);

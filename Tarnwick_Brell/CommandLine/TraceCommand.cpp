@@ -1,6 +1,7 @@
 #include <memory>
 #include <string>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Archive/TraceAPI.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
@@ -33,7 +34,7 @@ int runTrace(Session& session, const std::string& word) {
     const auto address = storyAddress(session, word);
     const auto trace = traceOf(session, std::move(network), address);
     if (session.options().json) {
-        session.out().line(boost::json::serialize(newsroom::encode(trace)));
+        session.out().line(newsroom::maskedLogins(boost::json::serialize(newsroom::encode(trace))));
     } else {
         printTrace(session.out(), trace, address);
     }

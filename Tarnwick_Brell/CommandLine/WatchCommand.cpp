@@ -8,6 +8,7 @@
 #include <QProcess>
 #include <fmt/format.h>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Stories/StoryShape.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
@@ -152,7 +153,8 @@ private:
 
     static void openLink(const QString& link) {
         if (QProcess::startDetached("xdg-open", {link})) return;
-        tell("There is no xdg-open to open " + printable(link.toStdString()) + " with.");
+        tell("There is no xdg-open to open " +
+             printable(newsroom::maskedLogins(link.toStdString())) + " with.");
     }
 
     static void tell(const std::string& sentence) {

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 
@@ -60,7 +61,8 @@ std::string wireLine(const Output& out, const desk::StoredStory& stored, newsroo
 }
 
 std::string linkLine(const desk::StoredStory& stored) {
-    return std::string(kIDColumns + 1, ' ') + printable(stored.story.link);
+    return std::string(kIDColumns + 1, ' ') +
+           printable(newsroom::maskedLogins(stored.story.link));
 }
 
 }  // namespace brell

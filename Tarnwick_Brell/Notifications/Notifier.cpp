@@ -10,6 +10,7 @@
 #include <QUrl>
 #include <QVariantMap>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "Tarnwick_Brell/Text/ShownText.h"
 
 namespace desk {
@@ -53,7 +54,10 @@ QVariantMap hints(bool withSound, const QString& link) {
         hints.insert(QStringLiteral("suppress-sound"), true);
     }
     // For programs that keep notifications; services ignore hints that they don't know.
-    if (!link.isEmpty()) hints.insert(QStringLiteral("x-tarnwick-brell-link"), link);
+    if (!link.isEmpty()) {
+        hints.insert(QStringLiteral("x-tarnwick-brell-link"),
+                     QString::fromStdString(newsroom::maskedLogins(link.toStdString())));
+    }
     return hints;
 }
 

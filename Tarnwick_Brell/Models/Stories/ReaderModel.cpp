@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QUrl>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Editorial/LabelReasons.h"
 #include "NewsroomKit/Panels/PanelStory.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
@@ -228,6 +229,10 @@ QString ReaderModel::link() const {
     return openable(plainText(story().articleLink.value_or(story().link)));
 }
 
+QString ReaderModel::shownLink() const {
+    return plainText(newsroom::maskedLogins(link().toStdString()));
+}
+
 bool ReaderModel::isRead() const { return stored_ && desk_.isRead(story().id); }
 bool ReaderModel::isSaved() const { return stored_ && desk_.isSaved(story().id); }
 
@@ -236,7 +241,7 @@ QString ReaderModel::citation() const {
     const auto outlet = titleText(newsroom::outletOf(story()));
     // Always with the year: a citation is read later.
     const auto date = shortDayText(story().publishedAt, newsroom::Instant{});
-    return tr("“%1”, %2, %3, %4").arg(title(), outlet, date, link());
+    return tr("“%1”, %2, %3, %4").arg(title(), outlet, date, shownLink());
 }
 
 }  // namespace desk

@@ -121,6 +121,8 @@ public:
     QString text() const;
     /// What opens in the browser; empty when the link leads nowhere that may be opened.
     QString link() const;
+    /// The same for people and other programs, without a password that stands in it.
+    QString shownLink() const;
     bool isRead() const;
     bool isSaved() const;
     QAbstractListModel* credits() { return &credits_; }

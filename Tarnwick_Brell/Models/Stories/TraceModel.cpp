@@ -5,6 +5,7 @@
 
 #include <QStringList>
 
+#include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Archive/ArchiveAddresses.h"
 #include "NewsroomKit/Archive/TraceAPI.h"
 #include "NewsroomKit/Records/RecordError.h"
@@ -171,7 +172,7 @@ TraceRow TraceModel::row(const TraceNode& node, const TraceNode* parent) const {
                  .reference = referenceText(node, parent),
                  .link = openable(plainText(node.url)),
                  .isThis = canonical == newsroom::canonicalLink(address_.toStdString())};
-    if (row.title.isEmpty()) row.title = titleText(node.url, kTitleCharacters);
+    if (row.title.isEmpty()) row.title = titleText(newsroom::maskedLogins(node.url), kTitleCharacters);
     const auto* story = desk_.stories().find(newsroom::storyID(canonical));
     if (story) row.storyID = plainText(story->id());
     row.spokenText = spokenOf(row, parent);

@@ -302,7 +302,7 @@ void WirePage::copyLink() {
         emit noticed(tr("This story has no address that could be copied."));
         return;
     }
-    QGuiApplication::clipboard()->setText(reader_.link());
+    QGuiApplication::clipboard()->setText(reader_.shownLink());
     emit noticed(tr("Link copied."));
 }
 
@@ -314,7 +314,8 @@ void WirePage::copyCitation() {
 
 void WirePage::traceStory() {
     if (!reader_.hasStory()) return;
-    const auto link = reader_.link();
+    // It goes to the archive.
+    const auto link = reader_.shownLink();
     if (link.isEmpty()) {
         emit noticed(tr("This story has no address to look for."));
         return;
