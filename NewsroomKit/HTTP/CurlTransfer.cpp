@@ -12,6 +12,7 @@
 #include <netinet/in.h>
 #include <fmt/format.h>
 #include <sys/socket.h>
+#include <unistd.h>
 
 namespace newsroom {
 namespace {
@@ -71,6 +72,15 @@ std::string numericText(const sockaddr* address) {
             : &reinterpret_cast<const sockaddr_in*>(address)->sin_addr;
     inet_ntop(address->sa_family, bytes, text.data(), text.size());
     return text.data();
+}
+
+/// Whether this computer has a way to the address. Sends nothing.
+bool hasRouteTo(const curl_sockaddr& address) {
+    const int probe = ::socket(address.family, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    if (probe < 0) return false;
+    const bool found = ::connect(probe, &address.addr, address.addrlen) == 0;
+    ::close(probe);
+    return found;
 }
 
 /// What a socket has received and nobody has read is still there after its end.
@@ -319,6 +329,7 @@ void CurlTransfer::receivedRecord(std::size_t bytes) {
 curl_socket_t CurlTransfer::onOpenSocket(void* self, curlsocktype, curl_sockaddr* address) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
     if (!transfer.mayConnectTo(numericText(&address->addr))) return CURL_SOCKET_BAD;
+    transfer.hasRoute_ = transfer.hasRoute_ || hasRouteTo(*address);
     return ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
 }
 
@@ -350,9 +361,10 @@ std::optional<FetchError> CurlTransfer::failureOf(CURLcode code) const {
         case CURLE_COULDNT_RESOLVE_HOST: return URLError::cannotFindHost;
         case CURLE_COULDNT_RESOLVE_PROXY: return URLError::dnsLookupFailed;
         case CURLE_COULDNT_CONNECT: {
+            // Of the address tried last: the others may have refused.
             const long cause = info<long>(easy_.get(), CURLINFO_OS_ERRNO);
-            return cause == ENETUNREACH || cause == ENETDOWN ? URLError::notConnectedToInternet
-                                                             : URLError::cannotConnectToHost;
+            const bool isOffline = (cause == ENETUNREACH || cause == ENETDOWN) && !hasRoute_;
+            return isOffline ? URLError::notConnectedToInternet : URLError::cannotConnectToHost;
         }
         case CURLE_GOT_NOTHING:
         case CURLE_PARTIAL_FILE:

@@ -110,6 +110,7 @@ private:
     std::size_t unseenBytes_ = 0;  ///< of records in that call, since a callback got something
     Clock::time_point unseenSince_{};
     bool followsRedirects_ = true;
+    bool hasRoute_ = false;  ///< to one of the addresses tried so far
     bool refusedPrivate_ = false;
     bool seenPublic_;  ///< a peer so far was on the public network
     int redirects_ = 0;

@@ -59,11 +59,16 @@ int BlackHole::visitors() const {
 extern "C" int getaddrinfo(const char* node, const char* service, const addrinfo* hints,
                            addrinfo** result) {
     const std::string_view host = node == nullptr ? "" : node;
-    if (host.ends_with(".example")) {
-        newsroom::test::stayWhileEndless(host);
-        return EAI_NONAME;
-    }
     using Lookup = int (*)(const char*, const char*, const addrinfo*, addrinfo**);
     static const auto system = reinterpret_cast<Lookup>(dlsym(RTLD_NEXT, "getaddrinfo"));
-    return system(node, service, hints, result);
+    if (!host.ends_with(".example")) return system(node, service, hints, result);
+    if (host == newsroom::test::kUnreachableHost) {
+        return system("255.255.255.255", service, hints, result);
+    }
+    if (host == newsroom::test::kHalfReachableHost) {
+        system("127.0.0.1", service, hints, result);
+        return system("255.255.255.255", service, hints, &(*result)->ai_next);
+    }
+    newsroom::test::stayWhileEndless(host);
+    return EAI_NONAME;
 }

@@ -13,6 +13,7 @@
 #include <boost/asio/ip/tcp.hpp>
 
 #include "PressRoom/Server/Conditional.h"
+#include "tests/NewsroomKit/HTTP/NameLookup.h"
 #include "tests/support/HTTPBench.h"
 
 namespace newsroom::test {
@@ -129,11 +130,24 @@ TEST(NetworkFaults, aRefusedConnectionIsTriedTwice) {
     boost::asio::ip::tcp::acceptor taken(io, {boost::asio::ip::address_v4::loopback(), 0});
     const auto port = taken.local_endpoint().port();
     taken.close();
-    CurlTransport transport({.connectTo = "127.0.0.1:" + std::to_string(port)});
+    CurlTransport transport({});
     HTTPClient client(transport, impatient());
-    const auto done = exchange(client, "https://feeds.example/");
-    EXPECT_EQ(outcomeText(done.result), "The server can't be reached.");
-    EXPECT_EQ(done.record.attempts, 2);
+    // A host that refuses at one address, and has another that leads nowhere, is no sign that
+    // this computer is offline.
+    for (const auto host : {std::string_view("127.0.0.1"), kHalfReachableHost}) {
+        const auto url = "https://" + std::string(host) + ":" + std::to_string(port) + "/";
+        const auto done = exchange(client, url);
+        EXPECT_EQ(outcomeText(done.result), "The server can't be reached.") << host;
+        EXPECT_EQ(done.record.attempts, 2) << host;
+    }
+}
+
+TEST(NetworkFaults, aComputerWithoutAWayToTheServerIsOffline) {
+    CurlTransport transport({});
+    HTTPClient client(transport, impatient());
+    const auto done = exchange(client, "https://" + std::string(kUnreachableHost) + "/");
+    EXPECT_EQ(outcomeText(done.result), "This computer is offline.");
+    EXPECT_EQ(done.record.attempts, 1);
 }
 
 TEST(Redirects, areFollowedOnlyToHTTPSAndNotForever) {
