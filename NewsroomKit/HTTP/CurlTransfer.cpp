@@ -21,10 +21,6 @@ constexpr long mostRedirects = 10;
 constexpr std::size_t mostHeaderBytes = 300'000;
 // An encoding makes a body that cannot be compressed a little longer.
 constexpr std::size_t encodingSlack = 64 * 1024;
-// What comes for another transfer on the same connection counts too, and is read in less time.
-constexpr std::size_t mostUnseenBytes = 256 * 1024;
-constexpr std::chrono::milliseconds longestUnseen{250};
-constexpr std::size_t recordHeaderBytes = 5;  // of TLS: kind, version, length
 
 // OpenSSL's verdicts on a certificate.
 constexpr long certificateNotYetValid = 9;
@@ -83,12 +79,6 @@ bool hasRouteTo(const curl_sockaddr& address) {
     return found;
 }
 
-/// What a socket has received and nobody has read is still there after its end.
-void endAndEmpty(curl_socket_t socket) {
-    ::shutdown(socket, SHUT_RDWR);
-    while (::recv(socket, nullptr, std::size_t{1} << 30, MSG_TRUNC | MSG_DONTWAIT) > 0) {}
-}
-
 }  // namespace
 
 void append(CurlList& list, const std::string& line) {
@@ -110,8 +100,6 @@ CurlTransfer::CurlTransfer(CurlEasy easy, TransportRequest request, const Transf
     setTrust();
 }
 
-void CurlTransfer::giveUpConnection() { set(easy_.get(), CURLOPT_FORBID_REUSE, 1L); }
-
 CurlEasy CurlTransfer::releaseHandle() {
     curl_easy_reset(easy_.get());
     return std::move(easy_);
@@ -121,7 +109,10 @@ void CurlTransfer::setOptions() {
     CURL* easy = easy_.get();
     set(easy, CURLOPT_PROTOCOLS_STR, "https");
     set(easy, CURLOPT_REDIR_PROTOCOLS_STR, "https");
-    set(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
+    // curl 7.88 does not return from a call while HTTP/2 frames without content keep coming: no
+    // time limit holds then, and all other transfers wait. At two requests a host, HTTP/2 gains
+    // nothing.
+    set(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
     set(easy, CURLOPT_ACCEPT_ENCODING, "");  // whatever this curl can decode
     set(easy, CURLOPT_HTTPHEADER, headers_.get());
     set(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
@@ -145,9 +136,6 @@ void CurlTransfer::setCallbacks() {
     set(easy, CURLOPT_XFERINFOFUNCTION, &CurlTransfer::onProgress);
     set(easy, CURLOPT_XFERINFODATA, this);
     set(easy, CURLOPT_NOPROGRESS, 0L);
-    set(easy, CURLOPT_DEBUGFUNCTION, &CurlTransfer::onTrace);
-    set(easy, CURLOPT_DEBUGDATA, this);
-    set(easy, CURLOPT_VERBOSE, 1L);  // or there is no trace
     set(easy, CURLOPT_OPENSOCKETFUNCTION, &CurlTransfer::onOpenSocket);
     set(easy, CURLOPT_OPENSOCKETDATA, this);
     set(easy, CURLOPT_PREREQFUNCTION, &CurlTransfer::onConnected);
@@ -248,11 +236,6 @@ bool CurlTransfer::headComplete() {
     return true;
 }
 
-void CurlTransfer::noteSign() {
-    lastSign_ = Clock::now();
-    unseenBytes_ = 0;
-}
-
 bool CurlTransfer::withinHeaderLimit(std::size_t bytes) {
     headerBytes_ += bytes;
     if (headerBytes_ <= mostHeaderBytes) return true;
@@ -279,7 +262,7 @@ bool CurlTransfer::mayConnectTo(std::string_view ip) {
 std::size_t CurlTransfer::onHeader(char* data, std::size_t size, std::size_t count, void* self) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
     const std::string_view line(data, size * count);
-    transfer.noteSign();
+    transfer.lastSign_ = Clock::now();
     if (!transfer.withinHeaderLimit(line.size())) return 0;
     if (line.starts_with("HTTP/")) transfer.inHead_ = true;
     const bool endsHead = transfer.inHead_ && (line == "\r\n" || line == "\n");
@@ -290,7 +273,7 @@ std::size_t CurlTransfer::onHeader(char* data, std::size_t size, std::size_t cou
 
 std::size_t CurlTransfer::onBody(char* data, std::size_t size, std::size_t count, void* self) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
-    transfer.noteSign();
+    transfer.lastSign_ = Clock::now();
     return transfer.accept({data, size * count}) ? size * count : 0;
 }
 
@@ -304,28 +287,6 @@ int CurlTransfer::onProgress(void* self, curl_off_t, curl_off_t received, curl_o
     return 1;
 }
 
-/// While frames without content keep coming, curl reads on within one call: it asks no other
-/// callback, looks at no timer and serves no other transfer. Only its trace tells of each record.
-int CurlTransfer::onTrace(CURL*, curl_infotype type, char* data, std::size_t size, void* self) {
-    if (type != CURLINFO_SSL_DATA_IN || size != recordHeaderBytes) return 0;
-    const auto byte = [data](std::size_t at) { return static_cast<unsigned char>(data[at]); };
-    const std::size_t content = static_cast<std::size_t>(byte(3) << 8 | byte(4));
-    static_cast<CurlTransfer*>(self)->receivedRecord(recordHeaderBytes + content);
-    return 0;
-}
-
-void CurlTransfer::receivedRecord(std::size_t bytes) {
-    if (std::exchange(call_, rules_.performCalls) != rules_.performCalls) unseenBytes_ = 0;
-    if (unseenBytes_ == 0) unseenSince_ = Clock::now();
-    unseenBytes_ += bytes;
-    if (failure_ || unseenBytes_ <= mostUnseenBytes) return;
-    if (Clock::now() - unseenSince_ <= longestUnseen) return;
-    failure_ = HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
-    // The trace has no say in the transfer, but the connection can end.
-    const auto socket = info<curl_socket_t>(easy_.get(), CURLINFO_ACTIVESOCKET);
-    if (socket != CURL_SOCKET_BAD) endAndEmpty(socket);
-}
-
 curl_socket_t CurlTransfer::onOpenSocket(void* self, curlsocktype, curl_sockaddr* address) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
     if (!transfer.mayConnectTo(numericText(&address->addr))) return CURL_SOCKET_BAD;
@@ -336,7 +297,7 @@ curl_socket_t CurlTransfer::onOpenSocket(void* self, curlsocktype, curl_sockaddr
 /// Asked before each request, also when a kept connection serves it and no socket is opened.
 int CurlTransfer::onConnected(void* self, char* remoteIP, char*, int, int) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
-    transfer.noteSign();
+    transfer.lastSign_ = Clock::now();
     if (!transfer.mayConnectTo(remoteIP)) return CURL_PREREQFUNC_ABORT;
     transfer.hasAsked_ = true;
     transfer.seenPublic_ = transfer.seenPublic_ || !transfer.rules_.isPrivate(remoteIP);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -33,7 +32,6 @@ struct TransferRules {
     TrustedAuthorities authorities;
     CurlList connectTo;  ///< empty: connections go where the addresses say
     bool (*isPrivate)(std::string_view ip);
-    std::uint64_t performCalls = 0;  ///< of curl_multi_perform, for all transfers
 };
 
 /// One request on one easy handle, from its options to its answer. Lives on curl's thread.
@@ -58,10 +56,6 @@ public:
     TransportAnswer finish(CURLcode code);
     TransportAnswer finish(FetchError failure);
 
-    /// Before a transfer that is not over leaves curl: its connection, on which more of the old
-    /// answer may come, serves no other request.
-    void giveUpConnection();
-
     /// For the next transfer. This one is over.
     CurlEasy releaseHandle();
 
@@ -76,10 +70,8 @@ private:
     bool follows(int status) const;
     void noteRedirect(int status);
     bool headComplete();
-    void noteSign();
     bool withinHeaderLimit(std::size_t bytes);
     bool accept(std::string_view bytes);
-    void receivedRecord(std::size_t bytes);
     bool mayConnectTo(std::string_view ip);
     std::optional<FetchError> failureOf(CURLcode code) const;
     TransportAnswer answer() const;
@@ -88,7 +80,6 @@ private:
     static std::size_t onBody(char* data, std::size_t size, std::size_t count, void* self);
     static int onProgress(void* self, curl_off_t toReceive, curl_off_t received, curl_off_t toSend,
                           curl_off_t sent);
-    static int onTrace(CURL* easy, curl_infotype type, char* data, std::size_t size, void* self);
     static curl_socket_t onOpenSocket(void* self, curlsocktype purpose, curl_sockaddr* address);
     static int onConnected(void* self, char* remoteIP, char* localIP, int remotePort,
                            int localPort);
@@ -106,9 +97,6 @@ private:
     bool hasFinalHead_ = false;  ///< of the last answer, and not of a redirect
     bool hasAsked_ = false;      ///< a connection stood, of the last address
     std::size_t headerBytes_ = 0;  ///< of all answers, trailers included
-    std::uint64_t call_ = 0;  ///< the call of curl_multi_perform that brought the last record
-    std::size_t unseenBytes_ = 0;  ///< of records in that call, since a callback got something
-    Clock::time_point unseenSince_{};
     bool followsRedirects_ = true;
     bool hasRoute_ = false;  ///< to one of the addresses tried so far
     bool refusedPrivate_ = false;

@@ -212,7 +212,6 @@ private:
             for (auto& order : batch.orders) start(std::move(order));
             for (const auto number : batch.cancellations) abandon(number, URLError::cancelled);
             if (batch.closed) break;
-            ++rules_.performCalls;
             int stillRunning = 0;
             curl_multi_perform(multi_.get(), &stillRunning);
             collectFinished();
@@ -257,10 +256,7 @@ private:
     /// A number that is not running has finished meanwhile.
     void abandon(RequestNumber number, URLError reason) {
         if (!running_.contains(number)) return;
-        end(number, [reason](CurlTransfer& transfer) {
-            transfer.giveUpConnection();
-            return transfer.finish(reason);
-        });
+        end(number, [reason](CurlTransfer& transfer) { return transfer.finish(reason); });
     }
 
     template <class Finish>

@@ -1,7 +1,6 @@
 #include "tests/support/RawTLSServer.h"
 
 #include <array>
-#include <string_view>
 #include <thread>
 #include <utility>
 
@@ -11,7 +10,6 @@
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/ssl.hpp>
-#include <boost/asio/steady_timer.hpp>
 #include <boost/asio/use_awaitable.hpp>
 #include <boost/asio/write.hpp>
 
@@ -24,23 +22,6 @@ namespace asio = boost::asio;
 using asio::use_awaitable;
 using asio::ip::tcp;
 using Stream = asio::ssl::stream<tcp::socket>;
-
-constexpr std::string_view kPreface = "PRI * HTTP/2.0\r\n\r\nSM\r\n\r\n";
-constexpr std::size_t kFrameHeader = 9;
-constexpr unsigned char kHeadersFrame = 1;
-
-/// Whether what a client has sent so far holds a request.
-bool holdsRequest(std::string_view sent, bool isHTTP2) {
-    if (!isHTTP2) return sent.find("\r\n\r\n") != std::string_view::npos;
-    const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(sent[at]); };
-    auto at = kPreface.size();
-    while (at + kFrameHeader <= sent.size()) {
-        if (byte(at + 3) == kHeadersFrame) return true;
-        const auto length = byte(at) << 16 | byte(at + 1) << 8 | byte(at + 2);
-        at += kFrameHeader + static_cast<std::size_t>(length);
-    }
-    return false;
-}
 
 }  // namespace
 
@@ -75,16 +56,13 @@ private:
             co_await stream.async_handshake(Stream::server, use_awaitable);
             std::string received;
             std::array<char, 4096> piece{};
-            while (!holdsRequest(received, script_.protocol == "h2")) {
+            while (received.find("\r\n\r\n") == std::string::npos) {
                 const auto count =
                     co_await stream.async_read_some(asio::buffer(piece), use_awaitable);
                 received.append(piece.data(), count);
             }
             co_await asio::async_write(stream, asio::buffer(script_.opening), use_awaitable);
-            asio::steady_timer timer(io_);
             for (;;) {
-                timer.expires_after(script_.pause);
-                co_await timer.async_wait(use_awaitable);
                 co_await asio::async_write(stream, asio::buffer(script_.endless), use_awaitable);
             }
         } catch (const boost::system::system_error&) {
@@ -124,14 +102,5 @@ RawTLSServer::~RawTLSServer() = default;
 std::uint16_t RawTLSServer::port() const { return impl_->port(); }
 
 std::string RawTLSServer::authorityPEM() const { return impl_->authorityPEM(); }
-
-std::string http2Frame(unsigned char type, unsigned char flags, unsigned char stream,
-                       const std::string& content) {
-    const auto length = content.size();
-    std::string frame{static_cast<char>(length >> 16), static_cast<char>(length >> 8),
-                      static_cast<char>(length), static_cast<char>(type),
-                      static_cast<char>(flags), 0, 0, 0, static_cast<char>(stream)};
-    return frame + content;
-}
 
 }  // namespace test

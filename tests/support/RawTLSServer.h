@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -12,10 +11,9 @@ namespace test {
 class RawTLSServer {
 public:
     struct Script {
-        std::string protocol = "http/1.1";  ///< or "h2"; agreed in the handshake
+        std::string protocol = "http/1.1";  ///< the only one that the handshake agrees on
         std::string opening = {};           ///< sent once a request has come
         std::string endless = {};           ///< sent next, over and over
-        std::chrono::milliseconds pause{0};  ///< before each time
     };
 
     explicit RawTLSServer(Script script);
@@ -31,9 +29,5 @@ private:
     class Impl;
     std::unique_ptr<Impl> impl_;
 };
-
-/// A frame of HTTP/2.
-std::string http2Frame(unsigned char type, unsigned char flags, unsigned char stream,
-                       const std::string& content = {});
 
 }  // namespace test
