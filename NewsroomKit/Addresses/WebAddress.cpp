@@ -55,6 +55,14 @@ std::optional<WebAddress> fromParsed(const boost::urls::url_view& view) {
     return address;
 }
 
+/// Nothing lies above the root: "/../a" leads to "/a".
+void removeStepsAboveRoot(std::string& path) {
+    std::size_t steps = 0;
+    while (path.compare(steps, 4, "/../") == 0) steps += 3;
+    path.erase(0, steps);
+    if (path == "/..") path = "/";
+}
+
 }  // namespace
 
 std::optional<WebAddress> WebAddress::parse(std::string_view text) {
@@ -131,8 +139,10 @@ std::optional<std::string> resolvedAddress(std::string_view base, std::string_vi
     boost::urls::url target;
     if (!parsed || !boost::urls::resolve(boost::urls::url_view(pageText), *parsed, target))
         return std::nullopt;
-    const auto resolved = fromParsed(target);
-    return resolved ? std::optional(resolved->text()) : std::nullopt;
+    auto resolved = fromParsed(target);
+    if (!resolved) return std::nullopt;
+    removeStepsAboveRoot(resolved->path);
+    return resolved->text();
 }
 
 bool isHostOrSubhost(std::string_view host, std::string_view domain) {

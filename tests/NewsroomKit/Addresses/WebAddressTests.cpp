@@ -81,6 +81,8 @@ TEST(WebAddress, AReferenceIsCompletedFromItsPage) {
         {"/feed.xml", "https://example.com/feed.xml"},
         {"feed.xml?a=b c", "https://example.com/blog/feed.xml?a=b%20c"},
         {"../up", "https://example.com/up"},
+        {"../../../over/../up", "https://example.com/up"},
+        {"../../..", "https://example.com/"},
         {"//cdn.example.org/f", "https://cdn.example.org/f"},
         {"//bücher.example/f", "https://xn--bcher-kva.example/f"},
         {" http://other.example/f\n", "http://other.example/f"},
