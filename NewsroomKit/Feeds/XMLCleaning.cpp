@@ -125,13 +125,26 @@ std::size_t behind(std::string_view text, std::string_view ending, std::size_t f
     return at == none ? text.size() : at + ending.size();
 }
 
-/// Behind the document type at `at`, whose declarations may hold any character in quotes.
+/// Behind the comment or instruction at `at`; `at` when neither begins there.
+std::size_t behindRemark(std::string_view text, std::size_t at) {
+    const auto rest = text.substr(at);
+    if (rest.starts_with("<!--")) return behind(text, "-->", at + 4);
+    if (rest.starts_with("<?")) return behind(text, "?>", at);
+    return at;
+}
+
+/// Behind the document type at `at`, whose declarations may hold any character in quotes. A
+/// comment between them may hold a single quote.
 std::size_t behindDocumentType(std::string_view text, std::size_t at) {
     bool inSubset = false;
-    while ((at = text.find_first_of("\"'[]>", at)) != none) {
+    for (++at; (at = text.find_first_of("<\"'[]>", at)) != none;) {
         const char c = text[at];
         if (c == '"' || c == '\'') {
             at = behind(text, text.substr(at, 1), at + 1);
+            continue;
+        }
+        if (c == '<') {
+            at = std::max(at + 1, behindRemark(text, at));
             continue;
         }
         if (c == '[' || c == ']') inSubset = c == '[';
@@ -145,10 +158,8 @@ std::size_t behindDocumentType(std::string_view text, std::size_t at) {
 std::size_t behindVerbatim(std::string_view text, std::size_t at) {
     const auto rest = text.substr(at);
     if (rest.starts_with("<![CDATA[")) return behind(text, "]]>", at);
-    if (rest.starts_with("<!--")) return behind(text, "-->", at + 4);
-    if (rest.starts_with("<?")) return behind(text, "?>", at);
     if (rest.starts_with("<!DOCTYPE")) return behindDocumentType(text, at);
-    return at;
+    return behindRemark(text, at);
 }
 
 bool beginsReference(std::string_view text, std::size_t at,
@@ -170,7 +181,7 @@ bool beginsReference(std::string_view text, std::size_t at,
 std::string_view rootName(std::string_view text, std::size_t at) {
     constexpr std::size_t longestRoot = 64;
     const auto tag = text.substr(at + 1, longestRoot);
-    const auto name = tag.substr(0, tag.find_first_of(" \t\r\n/>"));
+    const auto name = tag.substr(0, tag.find_first_of(" \t\r\n/<>"));
     return name.substr(name.rfind(':') + 1);
 }
 

@@ -112,6 +112,9 @@ TEST(FeedFaults, AmpersandsThatBeginNoReferenceAreText) {
         {"<rss><!-- & -->" + withTitle("a & b").substr(5), "a & b"},
         {"<rss x='a&b=c'>" + withTitle("T").substr(5), "T"},
         {"<!DOCTYPE rss [<!ENTITY own 'Quay>'>]>" + withTitle("&own; & &other;"), "Quay> & &other;"},
+        {"<!DOCTYPE rss [<!-- The desk's --><!ENTITY own 'Quay'>]>" +
+             withTitle("&own; & it's"),
+         "Quay & it's"},
     };
     for (const auto& [document, title] : cases) EXPECT_EQ(titleOf(document), title) << document;
 }
