@@ -13,7 +13,7 @@ namespace {
 // What real documents stay far below. Completing an address takes some microseconds, so a
 // document that holds little else could keep a thread busy for long.
 constexpr std::size_t longestAddress = 16 * 1024;
-constexpr int mostCalculations = 10'000;
+constexpr int mostCalculations = 40'000;
 
 bool hasScheme(std::string_view address) {
     if (address.empty() || !isASCIILetter(address.front())) return false;

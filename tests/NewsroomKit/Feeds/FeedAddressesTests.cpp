@@ -162,9 +162,19 @@ TEST(FeedAddresses, AnEpisodeWithoutAPageOfItsOwnLeadsToItsRecording) {
     }
 }
 
-TEST(FeedAddresses, ADocumentFullOfRelativeAddressesEndsSoon) {
+std::string relativePictures(int count) {
     std::string pictures;
-    for (int i = 0; i < 150'000; ++i) pictures += "<enclosure url='../a.png' type='image/png'/>";
+    for (int i = 0; i < count; ++i) pictures += "<enclosure url='../a.png' type='image/png'/>";
+    return pictures;
+}
+
+TEST(FeedAddresses, ThousandsOfRelativePicturesLeaveTheLinkComplete) {
+    EXPECT_EQ(linkOf(rss("", relativePictures(32'000) + "<link>/1</link>"), feedAddress),
+              "https://harbour.example/1");
+}
+
+TEST(FeedAddresses, ADocumentFullOfRelativeAddressesEndsSoon) {
+    const std::string pictures = relativePictures(150'000);
     std::string bases;
     const std::string host(900, 'x');
     for (int i = 0; i < 5'000; ++i) bases += "<a xml:base='https://ü" + host + ".example/'/>";
