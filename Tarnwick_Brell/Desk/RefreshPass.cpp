@@ -108,7 +108,9 @@ public:
         for (auto& arrived : waiting_) {
             step.outcomes.push_back(pass_.keep(std::move(arrived), merging, stamp, step));
         }
-        if (!step.added.empty()) {
+        const bool hasNews = std::ranges::any_of(
+            step.outcomes, [](const auto& outcome) { return outcome.merged.added > 0; });
+        if (hasNews) {
             pass_.store_.state().set(DeskState::kLastArrival, pass_.clock_());
         }
         transaction.commit();
@@ -337,8 +339,12 @@ SourceOutcome RefreshPass::keep(Arrived arrived, StoryMerge& merging, std::int64
         }
         auto result = merging.merge(kept, terms, stamp);
         merged = result.count;
-        std::move(result.added.begin(), result.added.end(), std::back_inserter(step.added));
-        std::move(result.revised.begin(), result.revised.end(), std::back_inserter(step.revised));
+        // A crowd of stories takes much memory, and a short command does not want them.
+        if (listener_.kept) {
+            std::move(result.added.begin(), result.added.end(), std::back_inserter(step.added));
+            std::move(result.revised.begin(), result.revised.end(),
+                      std::back_inserter(step.revised));
+        }
         status.storyCount = static_cast<std::int64_t>(kept.size());
         health.lastFullFetch = moment;
         health.collapsed = static_cast<std::int64_t>(merged.collapsed + merged.moved);
