@@ -10,35 +10,68 @@
 
 namespace brell {
 
+namespace {
+
+void say(const std::exception_ptr& failure) {
+    try {
+        std::rethrow_exception(failure);
+    } catch (const desk::StoreError& error) {
+        const bool isDamaged = error.reason() == desk::StoreError::Reason::damaged;
+        fmt::print(stderr, "brell: {}{}\n",
+                   isDamaged ? "" : "No backup of the library could be made. ", error.what());
+    }
+}
+
+}  // namespace
+
 DailyBackup::DailyBackup(std::filesystem::path library, newsroom::Instant now)
-    : library_(std::move(library)),
-      now_(now),
-      thread_([this](const std::stop_token& stop) { make(stop); }) {}
+    : library_(std::move(library)), now_(now) {
+    if (!desk::Backups(library_).isDue(now)) {
+        hasEnded_ = true;
+        return;
+    }
+    thread_ = std::jthread([this](const std::stop_token& stop) { make(stop); });
+    std::unique_lock lock(mutex_);
+    progress_.wait(lock, [this] { return isCopied_ || hasEnded_; });
+    if (failure_) throwIfDamaged();
+}
+
+/// Without room for a backup the command goes on.
+void DailyBackup::throwIfDamaged() {
+    try {
+        std::rethrow_exception(failure_);
+    } catch (const desk::StoreError& error) {
+        if (error.reason() == desk::StoreError::Reason::damaged) throw;
+    }
+}
 
 DailyBackup::~DailyBackup() {
     constexpr std::chrono::milliseconds patience(900);
     {
         std::unique_lock lock(mutex_);
-        ended_.wait_for(lock, patience, [this] { return hasEnded_; });
+        progress_.wait_for(lock, patience, [this] { return hasEnded_; });
     }
     thread_.request_stop();
-    thread_.join();
-    if (!failure_.empty()) fmt::print(stderr, "brell: {}\n", failure_);
+    if (thread_.joinable()) thread_.join();
+    if (failure_) say(failure_);
 }
 
 void DailyBackup::make(const std::stop_token& stop) {
-    std::string failure;
+    const auto onCopied = [this] {
+        const std::lock_guard lock(mutex_);
+        isCopied_ = true;
+        progress_.notify_one();
+    };
+    std::exception_ptr failure;
     try {
-        desk::Backups(library_).makeIfDue(now_, stop);
-    } catch (const desk::StoreError& error) {
-        const bool isDamaged = error.reason() == desk::StoreError::Reason::damaged;
-        failure = (isDamaged ? "" : "No backup of the library could be made. ") +
-                  std::string(error.what());
+        desk::Backups(library_).makeIfDue(now_, stop, onCopied);
+    } catch (const desk::StoreError&) {
+        failure = std::current_exception();
     }
     const std::lock_guard lock(mutex_);
-    failure_ = std::move(failure);
+    failure_ = failure;
     hasEnded_ = true;
-    ended_.notify_one();
+    progress_.notify_one();
 }
 
 }  // namespace brell

@@ -1,20 +1,22 @@
 #pragma once
 
 #include <condition_variable>
+#include <exception>
 #include <filesystem>
 #include <mutex>
-#include <string>
 #include <thread>
 
 #include "NewsroomKit/Records/Instant.h"
 
 namespace brell {
 
-/// The day's backup of the library, made beside the work of a short command. The command ends at
-/// most a second later because of it: what the full check has not reached by then, the quick
-/// one has seen, and a copy that is not yet whole is left to the next command.
+/// The day's backup of the library, where it is due, made by a short command. The copy and its
+/// quick check come before the command's work, so that nothing is written into a damaged library.
+/// The full check runs beside the work. At the command's end it gets a second at most: what it
+/// has not reached by then, the quick check has seen.
 class DailyBackup {
 public:
+    /// Throws desk::StoreError when the quick check finds the library damaged.
     DailyBackup(std::filesystem::path library, newsroom::Instant now);
     /// Says on standard error why there is no backup, when there is none.
     ~DailyBackup();
@@ -23,13 +25,15 @@ public:
 
 private:
     void make(const std::stop_token& stop);
+    void throwIfDamaged();
 
     std::filesystem::path library_;
     newsroom::Instant now_;
     std::mutex mutex_;
-    std::condition_variable ended_;
+    std::condition_variable progress_;
+    bool isCopied_ = false;
     bool hasEnded_ = false;
-    std::string failure_;
+    std::exception_ptr failure_;
     std::jthread thread_;
 };
 

@@ -6,8 +6,6 @@
 
 #include "Tarnwick_Brell/CommandLine/Hints.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
-#include "Tarnwick_Brell/Storage/Backups.h"
-#include "Tarnwick_Brell/Storage/LibraryCheck.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace brell {
@@ -29,12 +27,7 @@ desk::LocalStore& Session::store() {
         paths().createFolders();
         store_ =
             std::make_unique<desk::LocalStore>(paths().library, desk::Database::Access::readWrite);
-        // The quick check comes first: nothing is to be written into a damaged library.
-        const desk::Backups backups(paths().library);
-        if (backups.isDue(now_)) {
-            desk::requireSound(paths().library, now_);
-            backup_ = std::make_unique<DailyBackup>(paths().library, now_);
-        }
+        backup_ = std::make_unique<DailyBackup>(paths().library, now_);
     }
     return *store_;
 }

@@ -93,14 +93,15 @@ bool Backups::isDue(Instant now) const {
     });
 }
 
-std::optional<Backup> Backups::makeIfDue(Instant now, const std::stop_token& stop) const {
+std::optional<Backup> Backups::makeIfDue(Instant now, const std::stop_token& stop,
+                                         const std::function<void()>& onCopied) const {
     if (!isDue(now) || !hasStories(library_)) return std::nullopt;
     makeFolder(folder_);
     const auto lock = FileLock::take(lockFile(), FileLock::Wait::no);
     // Another program may have made it just before this one got its turn.
     if (!lock || !isDue(now)) return std::nullopt;
     try {
-        auto backup = write(nameAt(now), CheckDepth::full, stop);
+        auto backup = write(nameAt(now), CheckDepth::full, stop, onCopied);
         dropOldest(now);
         return backup;
     } catch (const StoreError&) {
@@ -128,11 +129,11 @@ void Backups::makeBeforeMigration() const {
     }
 }
 
-Backup Backups::write(const std::string& name, CheckDepth depth,
-                      const std::stop_token& stop) const {
+Backup Backups::write(const std::string& name, CheckDepth depth, const std::stop_token& stop,
+                      const std::function<void()>& onCopied) const {
     // A name that no backup has: what a broken-off run leaves behind is no backup.
     const auto unfinished = folder_ / "unfinished";
-    copyLibrary(library_, unfinished, depth, stop);
+    copyLibrary(library_, unfinished, depth, stop, onCopied);
     const auto file = folder_ / name;
     moveIntoPlace(unfinished, file);
     return *backupIn(file);

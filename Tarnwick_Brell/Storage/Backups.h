@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <stop_token>
 #include <string>
@@ -35,8 +36,10 @@ public:
 
     /// The daily backup, when it is due and another program is not just making it. There is
     /// none of a library without stories, and none when it is stopped, which it heeds within
-    /// some tens of milliseconds.
-    std::optional<Backup> makeIfDue(newsroom::Instant now, const std::stop_token& stop = {}) const;
+    /// some tens of milliseconds. `onCopied` is called when the copy has passed the quick check
+    /// and the full one begins.
+    std::optional<Backup> makeIfDue(newsroom::Instant now, const std::stop_token& stop = {},
+                                    const std::function<void()>& onCopied = {}) const;
 
     /// Waits for another program that is just making one.
     Backup make(newsroom::Instant now) const;
@@ -49,7 +52,8 @@ public:
     bool isDue(newsroom::Instant now) const;
 
 private:
-    Backup write(const std::string& name, CheckDepth depth, const std::stop_token& stop = {}) const;
+    Backup write(const std::string& name, CheckDepth depth, const std::stop_token& stop = {},
+                 const std::function<void()>& onCopied = {}) const;
     void dropOldest(newsroom::Instant now) const;
     std::filesystem::path lockFile() const { return folder_ / "lock"; }
 

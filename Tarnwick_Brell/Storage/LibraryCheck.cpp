@@ -81,12 +81,7 @@ LibraryFindings checkLibrary(const fs::path& library, CheckDepth depth,
 
 void checkIfDue(const fs::path& library, bool lastDeskDied, newsroom::Instant now,
                 const std::stop_token& stop) {
-    if (fs::exists(library) && (lastDeskDied || isCheckDue(library, now))) {
-        requireSound(library, now, stop);
-    }
-}
-
-void requireSound(const fs::path& library, newsroom::Instant now, const std::stop_token& stop) {
+    if (!fs::exists(library) || !(lastDeskDied || isCheckDue(library, now))) return;
     LibraryFindings found;
     try {
         found = checkLibrary(library, CheckDepth::quick, stop);

@@ -40,13 +40,10 @@ LibraryFindings checkLibrary(const std::filesystem::path& library, CheckDepth de
 /// DeskState's name for when the library was last found sound.
 inline constexpr std::string_view kLastCheck = "lastCheck";
 
-/// A quick check, which the library notes. Has connections of its own, so any thread may do it; a
-/// stopped check finds nothing. Throws StoreError when the library is damaged.
-void requireSound(const std::filesystem::path& library, newsroom::Instant now,
-                  const std::stop_token& stop = {});
-
-/// For a long-lived desk at its start: requireSound when the desk before it was broken off, or
-/// when the last check lies more than a day away.
+/// For a long-lived desk at its start: a quick check when the desk before it was broken off, or
+/// when the last check lies more than a day away, which it notes. Has connections of its own, so
+/// any thread may do it; a stopped check finds nothing. Throws StoreError when the library is
+/// damaged.
 void checkIfDue(const std::filesystem::path& library, bool lastDeskDied, newsroom::Instant now,
                 const std::stop_token& stop = {});
 

@@ -27,7 +27,7 @@ void checkIndexes(Database& copy, const fs::path& library, const std::stop_token
 }  // namespace
 
 void copyLibrary(const fs::path& library, const fs::path& copy, CheckDepth depth,
-                 const std::stop_token& stop) {
+                 const std::stop_token& stop, const std::function<void()>& onCopied) {
     const auto removeCopy = [&copy] {
         std::error_code ignored;
         fs::remove(copy, ignored);
@@ -41,6 +41,7 @@ void copyLibrary(const fs::path& library, const fs::path& copy, CheckDepth depth
         if (const auto fault = firstFault(target, CheckDepth::quick)) {
             throw damagedLibrary(library, *fault);
         }
+        if (onCopied) onCopied();
         if (depth == CheckDepth::full) checkIndexes(target, library, stop);
     } catch (const StoreError&) {
         removeCopy();
