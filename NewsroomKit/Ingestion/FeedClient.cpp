@@ -188,6 +188,8 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
                 reading.feedLinks.resize(kMostLinksTried);
             }
         }
+        // A part of the stories would look as if the feed had dropped the others.
+        if (limit.isReached()) reading.result = FeedParserError::malformed;
         reading.isAbandoned = stop.stop_requested();
         co_return reading;
     };
