@@ -196,6 +196,11 @@ xmlSAXHandler& FeedRun::callbacks() {
             xmlFreeEnumeration(values);
             if (defaultValue != nullptr) self(run).stopAsMalformed();
         };
+        // The library would go on to the end of the chunk, or of a tag of megabytes, and spell out
+        // every further error in it. Nothing could interrupt that.
+        made.serror = [](void* run, xmlErrorPtr error) {
+            if (error->level == XML_ERR_FATAL) xmlStopParser(self(run).context_.get());
+        };
         return made;
     }();
     return handler;
