@@ -22,15 +22,12 @@ public:
     /// Appends the form of the character at the beginning of `text` and returns its bytes
     /// there; 0 when it is none of these.
     std::size_t append(std::string_view text, std::string& out) const {
-        const auto byte = [&](std::size_t at) { return static_cast<std::uint8_t>(text[at]); };
-        if (text.size() >= 2 && (byte(0) == 0xC2 || byte(0) == 0xC3) && byte(1) >> 6 == 2) {
-            return append(byte(0) % 2U * 64 + byte(1) % 64U, 2, out);
-        }
-        if (text.size() >= 3 && byte(0) == 0xE2 && byte(1) == 0x80 && byte(2) >> 6 == 2) {
-            return append(kLetters + byte(2) % 64U, 3, out);
-        }
-        return 0;
+        const auto known = find(text);
+        if (known.length > 0) out += forms_[known.place];
+        return known.length;
     }
+
+    bool has(std::string_view text) const { return find(text).length > 0; }
 
 private:
     static constexpr std::size_t kLetters = 0x80;  ///< U+0080 to U+00FF
@@ -42,9 +39,20 @@ private:
         return PhraseMatcher::normalize(text);
     }
 
-    std::size_t append(std::size_t place, std::size_t length, std::string& out) const {
-        out += forms_[place];
-        return length;
+    struct Found {
+        std::size_t place = 0;
+        std::size_t length = 0;  ///< bytes of the character; 0 when it is none of these
+    };
+
+    static Found find(std::string_view text) {
+        const auto byte = [&](std::size_t at) { return static_cast<std::uint8_t>(text[at]); };
+        if (text.size() >= 2 && (byte(0) == 0xC2 || byte(0) == 0xC3) && byte(1) >> 6 == 2) {
+            return {byte(0) % 2U * 64 + byte(1) % 64U, 2};
+        }
+        if (text.size() >= 3 && byte(0) == 0xE2 && byte(1) == 0x80 && byte(2) >> 6 == 2) {
+            return {kLetters + byte(2) % 64U, 3};
+        }
+        return {};
     }
 
     std::array<std::string, kLetters + kMarks> forms_{};
@@ -53,6 +61,17 @@ private:
 const CommonForms& commonForms() {
     static const CommonForms forms;
     return forms;
+}
+
+/// Bytes at the beginning of `text` up to the next character that is ASCII or has a common form.
+/// They are normalised together, because in other scripts several characters may become one:
+/// half-width kana with their voice marks, the letters of a Hangul syllable.
+std::size_t lengthOfOthers(std::string_view text, const CommonForms& forms) {
+    std::size_t at = 0;
+    do {
+        at += decodeUTF8(text, at).length;
+    } while (at < text.size() && !isASCII(text[at]) && !forms.has(text.substr(at)));
+    return at;
 }
 
 }  // namespace
@@ -66,7 +85,7 @@ void appendCased(std::string_view text, std::string& out) {
         while (at < text.size() && !isASCII(text[at])) {
             std::size_t length = forms.append(text.substr(at), out);
             if (length == 0) {
-                length = decodeUTF8(text, at).length;
+                length = lengthOfOthers(text.substr(at), forms);
                 PhraseMatcher::appendNormalized(text.substr(at, length), out);
             }
             at += length;
