@@ -11,8 +11,8 @@ namespace desk {
 
 /// Collects the stories whose text changes in a transaction, and brings the full-text index up
 /// to date with all of them at its end. SQLite writes a new piece of the index to disk whenever
-/// story numbers fall, and merges the pieces later: written source by source, the index costs
-/// more than everything else that a pass stores.
+/// story numbers fall, and with a trigger for each story, and merges the pieces later: written
+/// story by story, the index costs more than everything else that a pass stores.
 class SearchIndex {
 public:
     /// What the index knows a story by. It takes back only what it is given word for word.
