@@ -12,6 +12,7 @@ namespace fs = std::filesystem;
 std::error_code makePrivateFolder(const fs::path& folder) {
     std::error_code error;
     if (fs::is_directory(folder, error)) return {};
+    error.clear();  // it says that there is no such folder
     if (folder.has_parent_path()) fs::create_directories(folder.parent_path(), error);
     if (error) return error;
     // Another program may have made it a moment ago.

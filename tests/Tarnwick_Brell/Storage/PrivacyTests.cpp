@@ -87,5 +87,13 @@ TEST_F(Privacy, AFolderThatHoldsOtherThingsKeepsItsRightsAndSoDoThey) {
     EXPECT_EQ(openToOthers(home()), "desk letter.txt ");
 }
 
+TEST_F(Privacy, AFolderIsMadeThatIsNamedWithoutItsParents) {
+    const auto before = fs::current_path();
+    fs::current_path(folder_.path());
+    Paths::forUser("beside").createFolders();
+    EXPECT_EQ(openToOthers("beside"), "");
+    fs::current_path(before);
+}
+
 }  // namespace
 }  // namespace desk
