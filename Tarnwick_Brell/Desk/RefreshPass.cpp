@@ -35,7 +35,7 @@ namespace {
 constexpr std::size_t kStoriesPerTransaction = 16'000;
 constexpr std::size_t kManyStories = 1000;
 constexpr std::chrono::seconds kBetweenWrites{1};
-constexpr std::chrono::seconds kBetweenWritesOfMany{6};
+constexpr std::chrono::seconds kBetweenWritesOfMany{10};
 
 // A server that goes on answering "unchanged" may be wrong; and what retention once dropped
 // comes back only in full.

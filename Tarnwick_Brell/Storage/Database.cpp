@@ -20,7 +20,7 @@ constexpr int kBusyMilliseconds = 10'000;
 // times. The log goes into the file only when it has so many pages: each page goes there once,
 // however many transactions have changed it.
 constexpr const char* kForLargeTransactions =
-    "PRAGMA cache_size = -24000; PRAGMA wal_autocheckpoint = 8000";
+    "PRAGMA cache_size = -24000; PRAGMA wal_autocheckpoint = 16000";
 
 /// SQLite's file addresses: a name with every special character escaped.
 std::string fileAddress(const std::filesystem::path& file, const char* parameters) {

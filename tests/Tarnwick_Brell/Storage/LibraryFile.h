@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 
 #include "Tarnwick_Brell/Storage/Database.h"
@@ -22,16 +22,18 @@ public:
     }
 
     void begin() { start_ = size(); }
-    std::size_t count() const { return (size() - start_) / kBytesPerFrame; }
+    std::int64_t count() const { return (size() - start_) / kBytesPerFrame; }
 
 private:
-    static constexpr std::size_t kBytesPerFrame = 24 + 4096;
+    static constexpr std::int64_t kBytesPerFrame = 24 + 4096;
 
-    std::size_t size() const { return std::filesystem::file_size(log_); }
+    std::int64_t size() const {
+        return static_cast<std::int64_t>(std::filesystem::file_size(log_));
+    }
 
     std::filesystem::path log_;
     desk::Database reader_;
-    std::size_t start_ = 0;
+    std::int64_t start_ = 0;
 };
 
 }  // namespace test
