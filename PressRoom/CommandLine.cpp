@@ -57,6 +57,10 @@ void addTimes(arguments::Command& program, CommandLine& options) {
         .number("--delay", options.delay, {0, 60000},
                 "milliseconds before each answer, as a far network has them")
         .shownAs("MS");
+    program
+        .number("--clock-ahead", options.clockAhead, {-36500, 36500},
+                "days by which the answers' dates are ahead of this computer's clock")
+        .shownAs("DAYS");
 }
 
 void addConduct(arguments::Command& program, CommandLine& options,

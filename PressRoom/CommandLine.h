@@ -16,6 +16,8 @@ struct CommandLine {
     std::optional<std::int64_t> anchor;  ///< seconds since 1970
     double speed = 1;
     std::int64_t delay = 0;  ///< milliseconds before each answer
+    std::int64_t clockAhead =
+        0;  ///< days by which the answers' dates are ahead of this computer's clock
     std::optional<std::filesystem::path> authorityDirectory;
     bool privateCatalogue = false;
     bool readyJSON = false;

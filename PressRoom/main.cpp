@@ -16,6 +16,7 @@
 
 #include "PressRoom/CommandLine.h"
 #include "PressRoom/Files/FilesAnswerer.h"
+#include "PressRoom/Server/Conditional.h"
 #include "PressRoom/Server/Server.h"
 #include "PressRoom/Signals/SignalsAnswerer.h"
 #include "PressRoom/Trackers/TrackerAnswerer.h"
@@ -113,6 +114,16 @@ Handler delayed(Handler handler, std::chrono::milliseconds delay) {
     };
 }
 
+/// Every server says what time it is.
+Handler dated(Handler handler, std::chrono::days ahead) {
+    return [handler = std::move(handler), ahead](const Request& request) {
+        auto response = handler(request);
+        const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+        response.headers.emplace_back("Date", httpDate(now + ahead));
+        return response;
+    };
+}
+
 void announce(const CommandLine& options, const Server& server, const AuthorityFolder& folder) {
     if (options.readyJSON) {
         const boost::json::object ready{{"host", "127.0.0.1"},
@@ -159,7 +170,7 @@ int run(const CommandLine& options) {
                              misbehaviours, std::move(further));
 
     const AuthorityFolder folder(options.authorityDirectory);
-    Handler handler = std::cref(world);
+    Handler handler = dated(std::cref(world), std::chrono::days(options.clockAhead));
     if (options.delay > 0) handler = delayed(handler, std::chrono::milliseconds(options.delay));
     Server server(options.log ? logging(handler) : handler,
                   {.port = static_cast<std::uint16_t>(options.port),

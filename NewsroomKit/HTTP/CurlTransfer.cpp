@@ -189,6 +189,14 @@ std::optional<std::string_view> CurlTransfer::header(const char* name) const {
     return found->value;
 }
 
+std::optional<std::chrono::sys_seconds> CurlTransfer::date() const {
+    const auto text = header("Date");
+    if (!text) return std::nullopt;
+    const auto seconds = curl_getdate(std::string(*text).c_str(), nullptr);
+    if (seconds < 0) return std::nullopt;
+    return std::chrono::sys_seconds(std::chrono::seconds(seconds));
+}
+
 bool CurlTransfer::follows(int status) const {
     return followsRedirects_ && status >= 300 && status <= 399 && status != 304 &&
            !header("Location").value_or("").empty();
@@ -362,6 +370,7 @@ TransportAnswer CurlTransfer::answer() const {
     if ((answer.status == 429 || answer.status == 503) && pause > 0) {
         answer.retryAfter = std::chrono::seconds(pause);
     }
+    answer.date = date();
     return answer;
 }
 

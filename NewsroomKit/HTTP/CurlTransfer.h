@@ -67,6 +67,7 @@ private:
     std::string hostName() const;
     std::optional<std::string_view> header(const char* name) const;
     int status() const;
+    std::optional<std::chrono::sys_seconds> date() const;
     bool follows(int status) const;
     void noteRedirect(int status);
     bool headComplete();

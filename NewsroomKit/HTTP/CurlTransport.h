@@ -41,6 +41,7 @@ struct TransportAnswer {
     /// Where the server says the address lives now (301, 308), when the answer is good.
     std::optional<std::string> movedTo = {};
     bool cameFromPublic = false;  ///< a server on the public network had a part in it
+    std::optional<std::chrono::sys_seconds> date = {};  ///< what time it is, as the server says
 };
 
 /// Runs any number of requests at once on one thread of its own; the only user of curl.

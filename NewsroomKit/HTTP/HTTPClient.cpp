@@ -80,6 +80,7 @@ asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::attempt(const std::
     if (answer.retryAfter || !answer.failure) record.retryAfter = answer.retryAfter;
     record.movedTo = std::move(answer.movedTo);
     record.cameFromPublic = answer.cameFromPublic;
+    record.date = answer.date;
 
     if (answer.failure) co_return *answer.failure;
     if (answer.status == 304) co_return Result(NotModified{});

@@ -56,6 +56,8 @@ public:
         /// Where the address has moved for good. For people to decide on; nothing is stored.
         std::optional<std::string> movedTo = {};
         bool cameFromPublic = false;  ///< a server on the public network had a part in the answer
+        /// When the server made its answer, by its own clock.
+        std::optional<std::chrono::sys_seconds> date = {};
     };
 
     struct Exchange {

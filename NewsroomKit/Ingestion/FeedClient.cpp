@@ -33,8 +33,6 @@ constexpr std::chrono::seconds kLongestReading{10};
 
 constexpr std::size_t kLongestAddressShown = 120;
 
-constexpr std::string_view kNoStories = "That feed has no stories in it.";
-
 SourceFetch::Failed failedWith(const FetchError& error) {
     return {.text = error.description(),
             .cancelled = error == FetchError(URLError::cancelled),
@@ -91,6 +89,7 @@ asio::awaitable<SourceFetch> FeedClient::fetch(NewsSource source) {
 asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const NewsSource& source,
                                                    Conditional conditional, NamedBy namedBy) {
     auto exchange = co_await http_.exchange(address, conditional, kByteLimit, namedBy);
+    if (exchange.record.date) clockCheck_.add(clock_(), *exchange.record.date);
     SourceFetch fetch{.outcome = SourceFetch::Unchanged{}, .record = exchange.record};
     if (!exchange.result) {
         fetch.outcome = failedWith(exchange.result.error());
@@ -99,19 +98,15 @@ asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const Ne
     auto* fresh = std::get_if<HTTPClient::Fresh>(&exchange.result.value());
     if (!fresh) co_return fetch;
 
-    auto reading = co_await read(std::move(fresh->body), source, address);
+    auto reading =
+        co_await read(std::move(fresh->body), source, address, clockCheck_.corrected(clock_()));
     if (reading.isAbandoned) {
         http_.validators().forget(address);
         fetch.outcome = failedWith(FetchError(URLError::cancelled));
         co_return fetch;
     }
     if (auto* stories = std::get_if<SourceFetch::Stories>(&reading.result)) {
-        if (stories->list.empty()) {
-            http_.validators().forget(address);
-            fetch.outcome = SourceFetch::Failed{.text = std::string(kNoStories), .isEmpty = true};
-        } else {
-            fetch.outcome = std::move(*stories);
-        }
+        fetch.outcome = std::move(*stories);
         co_return fetch;
     }
 
@@ -131,6 +126,7 @@ asio::awaitable<SourceFetch> FeedClient::fetchFeedOf(Reading page, const NewsSou
                                                      HTTPClient::Record record) {
     const auto namedBy = record.cameFromPublic ? NamedBy::publicPage : NamedBy::user;
     std::optional<SourceFetch::Failed> reason;
+    std::optional<SourceFetch> empty;
     for (const auto& link : page.feedLinks) {
         const auto cancellation = co_await asio::this_coro::cancellation_state;
         if (cancellation.cancelled() != asio::cancellation_type::none) break;
@@ -139,15 +135,15 @@ asio::awaitable<SourceFetch> FeedClient::fetchFeedOf(Reading page, const NewsSou
         auto linked = co_await fetchFrom(link, source, Conditional::no, namedBy);
         if (auto* stories = std::get_if<SourceFetch::Stories>(&linked.outcome)) {
             stories->pageTitle = page.pageTitle;
-            co_return linked;
+            if (!stories->list.empty()) co_return linked;
+            if (!empty) empty = std::move(linked);
+            continue;
         }
         const auto* failed = std::get_if<SourceFetch::Failed>(&linked.outcome);
-        if (failed && (failed->isEmpty || failed->cancelled)) {
-            reason = *failed;
-        } else if (failed && !reason) {
-            reason = unusable(link, *failed);
-        }
+        if (failed && failed->cancelled) co_return linked;
+        if (failed && !reason) reason = unusable(link, *failed);
     }
+    if (empty) co_return *std::move(empty);
     if (!reason) {
         const auto error = std::get<FeedParserError>(page.result);
         reason = SourceFetch::Failed{std::string(description(error))};
@@ -156,7 +152,7 @@ asio::awaitable<SourceFetch> FeedClient::fetchFeedOf(Reading page, const NewsSou
 }
 
 asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const NewsSource& source,
-                                                      std::string address) {
+                                                      std::string address, Instant now) {
     // The cancellation itself would end the coroutine on a thread of the pool, where nobody
     // could catch it. It only tells the work to stop.
     const auto cancellation = co_await asio::this_coro::cancellation_state;
@@ -173,7 +169,7 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
         auto parsed = parseFeed(body, address, limit);
         if (parsed) {
             reading.result = SourceFetch::Stories{
-                .list = conversion_.stories(parsed.value().entries, source, clock_(), limit),
+                .list = conversion_.stories(parsed.value().entries, source, now, limit),
                 .feedTitle = std::move(parsed.value().title),
                 .feedURL = address};
         } else {

@@ -8,6 +8,7 @@
 #include <boost/asio/thread_pool.hpp>
 
 #include "NewsroomKit/HTTP/HTTPClient.h"
+#include "NewsroomKit/Ingestion/ClockCheck.h"
 #include "NewsroomKit/Ingestion/FetchQueue.h"
 #include "NewsroomKit/Ingestion/SourceFetch.h"
 #include "NewsroomKit/Ingestion/StoryConversion.h"
@@ -39,6 +40,9 @@ public:
 
     boost::asio::awaitable<SourceFetch> fetch(NewsSource source);
 
+    /// Knows the dates of all answers since it was last reset. For use on the caller's executor.
+    ClockCheck& clockCheck() { return clockCheck_; }
+
     /// Asked on the caller's executor just before a source's turn: false leaves it out, and it
     /// does not arrive.
     using Gate = std::function<bool(const NewsSource&)>;
@@ -52,7 +56,7 @@ private:
     struct Pass;
 
     boost::asio::awaitable<Reading> read(std::string body, const NewsSource& source,
-                                         std::string address);
+                                         std::string address, Instant now);
     boost::asio::awaitable<SourceFetch> fetchFrom(std::string address, const NewsSource& source,
                                                   Conditional conditional, NamedBy namedBy);
     boost::asio::awaitable<SourceFetch> fetchFeedOf(Reading page, const NewsSource& source,
@@ -63,6 +67,7 @@ private:
     const StoryConversion& conversion_;
     boost::asio::thread_pool& workers_;
     Clock clock_;
+    ClockCheck clockCheck_;
     Options options_;
 };
 

@@ -13,7 +13,7 @@ namespace newsroom {
 /// The outcome of fetching one source.
 struct SourceFetch {
     struct Stories {
-        std::vector<Story> list{};  ///< in the feed's order, at least one
+        std::vector<Story> list{};  ///< in the feed's order; none when the feed is empty
         std::string feedTitle{};    ///< as the feed names itself; empty when it does not
         std::string feedURL{};      ///< what was read: the source's address, or its page's feed
         std::string pageTitle{};    ///< of the web page that led to the feed, when one did
@@ -22,7 +22,6 @@ struct SourceFetch {
         std::string text{};  ///< shown to the user
         bool cancelled = false;
         bool offline = false;  ///< this computer has no network, so the source is not to blame
-        bool isEmpty = false;  ///< it was a feed, but had no story in it
     };
     struct Unchanged {};
 

@@ -71,8 +71,7 @@ int runRefresh(Session& session, const RefreshOptions& options) {
     auto& outcomes = report.outcomes;
 
     sortLike(asked, outcomes);
-    session.options().json ? printOutcomesJSON(session, outcomes)
-                           : printOutcomes(session, outcomes);
+    session.options().json ? printReportJSON(session, report) : printReport(session, report);
     const auto failed = std::count_if(outcomes.begin(), outcomes.end(), [](const auto& outcome) {
         return outcome.kind == SourceOutcome::Kind::failed;
     });

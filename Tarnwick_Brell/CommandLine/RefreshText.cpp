@@ -14,6 +14,8 @@ namespace {
 
 using desk::SourceOutcome;
 
+constexpr std::string_view kNoStories = "no stories in it";
+
 std::string_view outcomeName(SourceOutcome::Kind kind) {
     switch (kind) {
         case SourceOutcome::Kind::stories: return "stories";
@@ -29,6 +31,7 @@ std::string_view outcomeName(SourceOutcome::Kind kind) {
 std::string outcomeText(const SourceOutcome& outcome) {
     switch (outcome.kind) {
         case SourceOutcome::Kind::stories: {
+            if (outcome.isEmpty) return std::string(kNoStories);
             std::string text = outcome.merged.added > 0
                                    ? fmt::format("{} new", outcome.merged.added)
                                    : "nothing new";
@@ -53,7 +56,8 @@ std::string outcomeText(const SourceOutcome& outcome) {
 
 }  // namespace
 
-void printOutcomes(Session& session, const std::vector<SourceOutcome>& outcomes) {
+void printReport(Session& session, const desk::PassReport& report) {
+    const auto& outcomes = report.outcomes;
     std::size_t columns = 0;
     for (const auto& outcome : outcomes)
         columns = std::max(columns, columnsOf(printable(outcome.source.name)));
@@ -73,12 +77,13 @@ void printOutcomes(Session& session, const std::vector<SourceOutcome>& outcomes)
     session.out().line(fmt::format("{} new {} from {} {}.", total.added,
                                    total.added == 1 ? "story" : "stories", outcomes.size(),
                                    outcomes.size() == 1 ? "source" : "sources"));
+    if (report.clockSeemsWrong) session.out().line(desk::kClockSeemsWrong);
 }
 
-void printOutcomesJSON(Session& session, const std::vector<SourceOutcome>& outcomes) {
+void printReportJSON(Session& session, const desk::PassReport& report) {
     boost::json::array sources;
     desk::MergeCount total;
-    for (const auto& outcome : outcomes) {
+    for (const auto& outcome : report.outcomes) {
         total += outcome.merged;
         boost::json::object entry{
             {"id", outcome.source.id},
@@ -94,11 +99,14 @@ void printOutcomesJSON(Session& session, const std::vector<SourceOutcome>& outco
         if (outcome.error) entry["error"] = *outcome.error;
         if (outcome.pausedUntil) entry["pausedUntil"] = newsroom::encode(*outcome.pausedUntil);
         if (outcome.merged.bulk) entry["bulk"] = true;
+        if (outcome.isEmpty) entry["note"] = kNoStories;
         if (outcome.record.movedTo) entry["movedTo"] = *outcome.record.movedTo;
         sources.push_back(std::move(entry));
     }
-    session.out().line(boost::json::serialize(boost::json::object{
-        {"sources", std::move(sources)}, {"added", total.added}, {"revised", total.revised}}));
+    boost::json::object record{
+        {"sources", std::move(sources)}, {"added", total.added}, {"revised", total.revised}};
+    if (report.clockSeemsWrong) record["clockSeemsWrong"] = true;
+    session.out().line(boost::json::serialize(record));
 }
 
 }  // namespace brell

@@ -1,3 +1,4 @@
+#include <chrono>
 #include <exception>
 #include <string>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "NewsroomKit/Sources/SourceShape.h"
 #include "Tarnwick_Brell/CommandLine/Engine.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/SourceText.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/Desk/SourceAdding.h"
@@ -26,13 +28,20 @@ const T& valueOf(const std::variant<T, desk::AddSourceError>& result) {
     return std::get<T>(result);
 }
 
+std::string storiesOf(const desk::AddressCheck& check) {
+    return std::to_string(check.storyCount) +
+           collapsedText(static_cast<std::int64_t>(check.storyCount),
+                         static_cast<std::int64_t>(check.collapsed)) +
+           (check.tooOld > 0 ? fmt::format(", {} too old to be kept", check.tooOld) : "");
+}
+
 void printCheck(Session& session, const desk::AddressCheck& check) {
     auto& out = session.out();
     out.line(out.bold(printable(check.name)));
     out.line("feed     " + printable(newsroom::maskedSecrets(check.feedURL)));
     out.line("site     " + printable(check.siteURL));
     out.line(
-        fmt::format("stories  {}{}", check.storyCount,
+        fmt::format("stories  {}{}", storiesOf(check),
                     check.newestStory ? ", the newest of " + dayAndTime(*check.newestStory) : ""));
     for (const auto& title : check.titles) {
         out.line(cutTo("         " + printable(title), out.width()));
@@ -44,6 +53,8 @@ boost::json::object recordOf(const desk::AddressCheck& check) {
                                {"feedURL", check.feedURL},
                                {"siteURL", check.siteURL},
                                {"storyCount", check.storyCount},
+                               {"collapsed", check.collapsed},
+                               {"tooOld", check.tooOld},
                                {"titles", newsroom::encode(check.titles)}};
     if (check.newestStory) record["newestStory"] = newsroom::encode(*check.newestStory);
     return record;
@@ -55,7 +66,8 @@ int checkAddress(Session& session, const std::string& address) {
     Engine engine(session.network(), newsroom::Conditional::no);
     auto& store = session.storeForReading();
     desk::SourceRoster roster(store.sources());
-    desk::SourceAdding adding(store, roster, engine.fetching(), &currentInstant);
+    desk::SourceAdding adding(store, roster, engine.fetching(), &currentInstant,
+                              std::chrono::duration<double>(session.defaults().storyRetention()));
     const auto checked = engine.await(adding.check(address));
     const auto& check = valueOf(checked);
     if (session.options().json) {
@@ -71,7 +83,8 @@ int addSources(Session& session, const std::vector<std::string>& addresses, bool
     Engine engine(session.network(), newsroom::Conditional::no);
     auto& store = session.store();
     desk::SourceRoster roster(store.sources());
-    desk::SourceAdding adding(store, roster, engine.fetching(), &currentInstant);
+    desk::SourceAdding adding(store, roster, engine.fetching(), &currentInstant,
+                              std::chrono::duration<double>(session.defaults().storyRetention()));
     boost::json::array added;
     std::exception_ptr failure;
     for (const auto& address : addresses) {

@@ -52,6 +52,7 @@ std::string arrivalNote(desk::Arrival arrival) {
         case desk::Arrival::fresh: return "";
         case desk::Arrival::seeded: return " (with the first fetch of its source)";
         case desk::Arrival::bulk: return " (in a crowd, as when an archive is published anew)";
+        case desk::Arrival::late: return " (more than three days after it was published)";
     }
     return "";
 }

@@ -57,8 +57,10 @@ private:
         QObject::connect(&desk_, &NewsDesk::storiesArrived, &desk_,
                          [this](const auto& numbers) { printStories(numbers); });
         QObject::connect(&desk_, &NewsDesk::refreshChanged, &desk_, [this] { printProgress(); });
-        QObject::connect(&desk_, &NewsDesk::passEnded, &desk_,
-                         [this](const auto& report) { noticeNetwork(report); });
+        QObject::connect(&desk_, &NewsDesk::passEnded, &desk_, [this](const auto& report) {
+            noticeNetwork(report);
+            noticeClock();
+        });
         QObject::connect(&desk_, &NewsDesk::failed, &desk_,
                          [](const QString& sentence) { tell(sentence.toStdString()); });
         // Restoring needs the library for itself, so that the desk must not stay at it.
@@ -222,6 +224,13 @@ private:
                             : "The network is back.");
     }
 
+    void noticeClock() {
+        if (desk_.clockSeemsWrong() == clockSeemedWrong_) return;
+        clockSeemedWrong_ = desk_.clockSeemsWrong();
+        tell(clockSeemedWrong_ ? std::string(desk::kClockSeemsWrong)
+                               : "This computer's clock agrees with the servers again.");
+    }
+
     Session& session_;
     desk::NewsDesk& desk_;
     desk::TrackerStore& trackers_;
@@ -229,6 +238,7 @@ private:
     desk::Notifier& notifier_;
     newsroom::CompiledStoryQuery wanted_;
     bool wasOffline_ = false;
+    bool clockSeemedWrong_ = false;
     std::set<std::string> failing_;  ///< trackers
     std::exception_ptr failure_;
 };

@@ -141,6 +141,7 @@ void Backroom::addTimes(DeskStep& step) {
     step.lastRefresh = store_.state().instant(DeskState::kLastRefresh);
     step.lastArrival = store_.state().instant(DeskState::kLastArrival);
     step.newSince = store_.state().instant(DeskState::kNewSince);
+    step.clockConfirmed = store_.state().instant(DeskState::kClockConfirmed);
 }
 
 }  // namespace desk

@@ -47,6 +47,7 @@ struct DeskStep {
     std::optional<newsroom::Instant> lastRefresh{};
     std::optional<newsroom::Instant> lastArrival{};
     std::optional<newsroom::Instant> newSince{};
+    std::optional<newsroom::Instant> clockConfirmed{};
 };
 
 /// The worker's half of the desk: it knows what the main thread has been told, and makes the

@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 
 #include <algorithm>
+#include <limits>
 #include <random>
 #include <utility>
 
@@ -126,6 +127,7 @@ void NewsDesk::onNewStories(std::function<void(const Announcement&)> callback) {
 void NewsDesk::take(DeskStep step) {
     if (step.lastRefresh) lastRefresh_ = step.lastRefresh;
     if (step.lastArrival) lastArrival_ = step.lastArrival;
+    if (step.clockConfirmed) clockConfirmed_ = step.clockConfirmed;
     // A step that was made before the user left is no later news of it.
     if (step.newSince) newSince_ = std::max(newSince_.value_or(*step.newSince), *step.newSince);
     if (step.roster) roster_ = std::move(*step.roster);
@@ -146,7 +148,7 @@ void NewsDesk::take(DeskStep step) {
         emit clustersChanged();
     }
     if (step.isWholeWire && !autoRefresh_) {
-        dropOld();
+        dropOldAtStart();
         autoRefresh_.emplace(std::chrono::minutes(defaults_.refreshMinutes()), lastRefresh_, now(),
                              atRandomUpTo);
         followOtherPrograms();
@@ -186,12 +188,11 @@ void NewsDesk::announce(std::vector<std::int64_t> newestFirst) {
     onNewStories_(announcement);
 }
 
-/// By the same rule as the library drops.
-void NewsDesk::dropOld() {
-    const auto settings = passSettings(PassScope::all);
-    const auto cutoff =
-        clock_() - std::chrono::duration_cast<Instant::duration>(settings.retention);
-    const auto change = wire_.drop(firstStoryNumber(cutoff), settings.ceiling);
+/// What the library has dropped. Without a moment nothing goes for its age.
+void NewsDesk::dropOld(std::optional<Instant> publishedBefore) {
+    const auto lowest = publishedBefore ? firstStoryNumber(*publishedBefore)
+                                        : std::numeric_limits<std::int64_t>::min();
+    const auto change = wire_.drop(lowest, kStoryCeiling);
     if (!change.isEmpty()) emit wireChanged(change);
 }
 

@@ -86,6 +86,8 @@ public:
     std::optional<newsroom::Instant> liveUntil() const;
     /// Not one source answered in the last pass.
     bool lastPassFailed() const { return lastPassFailed_; }
+    /// The servers of the last pass say that this computer's clock is more than a day wrong.
+    bool clockSeemsWrong() const { return clockSeemsWrong_; }
 
     /// Called with newly arrived stories that are news: neither those of a source's first
     /// fetch nor those that came in bulk.
@@ -159,7 +161,8 @@ private:
     void takeStories(DeskStep& step);
     void endPass(const PassReport& report);
     void announce(std::vector<std::int64_t> numbers);
-    void dropOld();
+    void dropOldAtStart();
+    void dropOld(std::optional<newsroom::Instant> publishedBefore);
     PassSettings passSettings(PassScope scope) const;
     RefreshCadence::Now now() const;
     void post(DeskWorker::Job job, std::function<void()> undo = {});
@@ -191,7 +194,9 @@ private:
     std::optional<newsroom::Instant> lastRefresh_;
     std::optional<newsroom::Instant> lastArrival_;
     std::optional<newsroom::Instant> newSince_;
+    std::optional<newsroom::Instant> clockConfirmed_;
     bool lastPassFailed_ = false;
+    bool clockSeemsWrong_ = false;
     std::optional<Progress> pass_;
     DeskWorker::Ticket passTicket_ = 0;
     bool passIsWhole_ = false;  ///< all that are enabled, not some that were named

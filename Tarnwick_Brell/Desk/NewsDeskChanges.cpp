@@ -114,9 +114,11 @@ void NewsDesk::importOutlines(newsroom::Outlines outlines, Imported done) {
 }
 
 void NewsDesk::checkAddress(std::string typed, AddressChecked done) {
-    const auto check = [this, typed = std::move(typed),
-                        done](Bench& bench) -> asio::awaitable<void> {
-        SourceAdding adding(bench.store, backroom().roster(), bench.engine, clock_);
+    const auto check = [this, typed = std::move(typed), done,
+                        retention =
+                            defaults_.storyRetention()](Bench& bench) -> asio::awaitable<void> {
+        SourceAdding adding(bench.store, backroom().roster(), bench.engine, clock_,
+                            std::chrono::duration<double>(retention));
         auto checked = co_await adding.check(typed);
         deliver([done, checked = std::move(checked)] { done(checked); });
     };
@@ -124,8 +126,10 @@ void NewsDesk::checkAddress(std::string typed, AddressChecked done) {
 }
 
 void NewsDesk::addSource(std::string typed, SourceAdded done) {
-    const auto add = [this, typed = std::move(typed), done](Bench& bench) -> asio::awaitable<void> {
-        SourceAdding adding(bench.store, backroom().roster(), bench.engine, clock_);
+    const auto add = [this, typed = std::move(typed), done, retention = defaults_.storyRetention()](
+                         Bench& bench) -> asio::awaitable<void> {
+        SourceAdding adding(bench.store, backroom().roster(), bench.engine, clock_,
+                            std::chrono::duration<double>(retention));
         auto added = co_await adding.add(typed);
         deliverStep(backroom().rosterChanged());
         deliver([done, added = std::move(added)] { done(added); });

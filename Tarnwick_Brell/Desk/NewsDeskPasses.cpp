@@ -104,7 +104,9 @@ void NewsDesk::endPass(const PassReport& report) {
     if (autoRefresh_ && passIsWhole_) {
         autoRefresh_->passEnded(now(), !report.cancelled && report.offline);
     }
-    dropOld();
+    const bool isClockChecked = report.clockSeemsWrong || report.droppedBefore;
+    if (isClockChecked) clockSeemsWrong_ = report.clockSeemsWrong;
+    dropOld(report.droppedBefore);
     announce(std::exchange(arrivedInPass_, {}));
     emit refreshChanged();
     emit passEnded(report);

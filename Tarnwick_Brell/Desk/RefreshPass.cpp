@@ -13,8 +13,8 @@
 #include <boost/asio/this_coro.hpp>
 #include <boost/asio/use_awaitable.hpp>
 
-#include "NewsroomKit/Editorial/AppleTopic.h"
 #include "NewsroomKit/Ingestion/FetchQueue.h"
+#include "Tarnwick_Brell/Desk/StoryIntake.h"
 
 namespace desk {
 
@@ -41,22 +41,21 @@ constexpr std::chrono::seconds kBetweenWritesOfMany{10};
 // comes back only in full.
 constexpr std::chrono::hours kFullFetchEvery{24};
 
-constexpr std::chrono::seconds kLongestPause{3600};
-
 /// Whether `interval` has gone by since `then`. A clock that was set back must not silence
 /// anything.
 bool hasPassed(std::chrono::duration<double> interval, Instant then, Instant now) {
     return now - then >= interval || now < then;
 }
 
-bool isAnswered(const SourceFetch& fetch) {
+bool hasAnswer(const SourceFetch& fetch) {
     return !std::holds_alternative<SourceFetch::Failed>(fetch.outcome) || fetch.record.status != 0;
 }
 
 std::chrono::seconds withJitter(std::chrono::seconds pause) {
     std::random_device source;
     std::uniform_int_distribution<std::chrono::seconds::rep> more(0, pause.count() / 10);
-    return std::min(pause + std::chrono::seconds(more(source)), kLongestPause);
+    return std::min<std::chrono::seconds>(pause + std::chrono::seconds(more(source)),
+                                          HostPauses::kLongest);
 }
 
 }  // namespace
@@ -86,7 +85,7 @@ public:
         const auto* failed = std::get_if<SourceFetch::Failed>(&arrived.fetch.outcome);
         if (failed && failed->cancelled) {
             unblamed_.push_back(std::move(arrived));
-        } else if (isAnswered(arrived.fetch)) {
+        } else if (hasAnswer(arrived.fetch)) {
             answered_ = true;
             blameHeld();
             take(std::move(arrived));
@@ -102,11 +101,10 @@ public:
     void write() {
         if (waiting_.empty()) return;
         auto transaction = pass_.store_.transaction();
-        const auto stamp = pass_.store_.state().nextStamp();
         auto merging = pass_.store_.merging();
-        PassStep step{.stamp = stamp};
+        PassStep step{.stamp = pass_.store_.state().nextStamp()};
         for (auto& arrived : waiting_) {
-            step.outcomes.push_back(pass_.keep(std::move(arrived), merging, stamp, step));
+            step.outcomes.push_back(pass_.keep(std::move(arrived), merging, step));
         }
         const bool hasNews = std::ranges::any_of(
             step.outcomes, [](const auto& outcome) { return outcome.merged.added > 0; });
@@ -136,6 +134,8 @@ public:
             if (!error && !mayWait) write();
         }
     }
+
+    bool isAnswered() const { return answered_; }
 
     /// After the last arrival.
     PassReport finish() {
@@ -223,6 +223,7 @@ asio::awaitable<PassReport> RefreshPass::run(std::vector<NewsSource> sources) {
     // Read anew for each pass: another program may have fetched meanwhile.
     const auto validators = store_.validators().load();
     engine_.http().validators().replace(validators);
+    engine_.feeds().clockCheck().reset();
     Intake intake(*this, sources.size());
     auto due = takeDue(std::move(sources), intake);
     for (const auto& source : due) {
@@ -251,6 +252,8 @@ asio::awaitable<PassReport> RefreshPass::run(std::vector<NewsSource> sources) {
 
     auto report = intake.finish();
     report.ended = clock_();
+    report.clockSeemsWrong = clockCheck().seemsWrong();
+    if (intake.isAnswered() && !report.clockSeemsWrong) report.droppedBefore = cutoff();
     tidyUp(validators, report);
     co_return report;
 }
@@ -282,6 +285,7 @@ std::vector<NewsSource> RefreshPass::takeDue(std::vector<NewsSource> sources, In
 }
 
 bool RefreshPass::mayAsk(const NewsSource& source, Intake& intake) {
+    if (settings_.scope == PassScope::named) return true;
     const auto pause = pauses_.find(FetchQueue::hostOf(source));
     if (pause == pauses_.end() || pause->second <= clock_()) return true;
     auto outcome = outcomeOf(source, Kind::paused);
@@ -293,7 +297,8 @@ bool RefreshPass::mayAsk(const NewsSource& source, Intake& intake) {
 void RefreshPass::leaveAlone(const NewsSource& source, std::chrono::seconds wanted, Instant now) {
     if (wanted <= std::chrono::seconds(0)) return;
     const auto host = FetchQueue::hostOf(source);
-    const auto until = now + withJitter(std::min(wanted, kLongestPause));
+    const auto until =
+        now + withJitter(std::min<std::chrono::seconds>(wanted, HostPauses::kLongest));
     pauses_[host] = until;
     store_.hostPauses().set(host, until);
 }
@@ -309,8 +314,7 @@ SourceOutcome RefreshPass::outcomeOf(const NewsSource& source, Kind kind) const 
     return outcome;
 }
 
-SourceOutcome RefreshPass::keep(Arrived arrived, StoryMerge& merging, std::int64_t stamp,
-                                PassStep& step) {
+SourceOutcome RefreshPass::keep(Arrived arrived, StoryMerge& merging, PassStep& step) {
     auto& [source, fetch, moment] = arrived;
     if (source.kind == NewsSource::Kind::custom && store_.sources().isRemoved(source.id)) {
         // While it was fetched. A status would make it an old acquaintance if it is added again.
@@ -320,6 +324,7 @@ SourceOutcome RefreshPass::keep(Arrived arrived, StoryMerge& merging, std::int64
     SourceHealth& health = healths_[source.id];
     MergeCount merged;
     Kind kind = Kind::unchanged;
+    bool isEmpty = false;
     status.lastAttempt = moment;
     health.latency =
         std::chrono::duration_cast<std::chrono::milliseconds>(fetch.record.elapsed).count();
@@ -331,30 +336,9 @@ SourceOutcome RefreshPass::keep(Arrived arrived, StoryMerge& merging, std::int64
     }
     if (auto* stories = std::get_if<SourceFetch::Stories>(&fetch.outcome)) {
         kind = Kind::stories;
-        const auto kept = belonging(source, std::move(stories->list));
-        StoryMerge::Fetch terms{.seen = moment, .isFirst = !status.lastSuccess};
-        // After a long silence a crowd of news is no wonder.
-        if (status.lastSuccess && hasPassed(kFullFetchEvery, *status.lastSuccess, moment)) {
-            terms.mostFresh = std::numeric_limits<std::size_t>::max();
-        }
-        auto result = merging.merge(kept, terms, stamp);
-        merged = result.count;
-        // A crowd of stories takes much memory, and a short command does not want them.
-        if (listener_.kept) {
-            std::move(result.added.begin(), result.added.end(), std::back_inserter(step.added));
-            std::move(result.revised.begin(), result.revised.end(),
-                      std::back_inserter(step.revised));
-        }
-        status.storyCount = static_cast<std::int64_t>(kept.size());
-        health.lastFullFetch = moment;
-        health.collapsed = static_cast<std::int64_t>(merged.collapsed + merged.moved);
-        health.collided = static_cast<std::int64_t>(merged.collided);
+        isEmpty = stories->list.empty();
+        merged = keepStories(source, std::move(stories->list), moment, merging, step);
         health.movedTo = fetch.record.movedTo;
-        health.newestStory.reset();
-        for (const auto& story : kept) {
-            health.newestStory =
-                std::max(health.newestStory.value_or(story.publishedAt), story.publishedAt);
-        }
     }
     if (kind != Kind::failed) {
         status.lastSuccess = moment;
@@ -366,19 +350,36 @@ SourceOutcome RefreshPass::keep(Arrived arrived, StoryMerge& merging, std::int64
     auto outcome = outcomeOf(source, kind);
     outcome.error = status.lastError;
     outcome.merged = merged;
+    outcome.isEmpty = isEmpty;
     outcome.record = std::move(fetch.record);
     return outcome;
 }
 
-std::vector<Story> RefreshPass::belonging(const NewsSource& source,
-                                          std::vector<Story> stories) const {
-    const Instant oldest = cutoff();
-    std::erase_if(stories, [&](const Story& story) {
-        if (story.publishedAt < oldest) return true;
-        return source.onlyApple && !newsroom::AppleTopic::matches(story.title) &&
-               !newsroom::AppleTopic::matches(story.summary);
-    });
-    return stories;
+/// What a feed brought, and what its source's status says of it.
+MergeCount RefreshPass::keepStories(const NewsSource& source, std::vector<Story> stories,
+                                    Instant moment, StoryMerge& merging, PassStep& step) {
+    SourceStatus& status = statuses_[source.id];
+    SourceHealth& health = healths_[source.id];
+    StoryMerge::Fetch terms{.seen = clockCheck().corrected(moment), .isFirst = !health.newestStory};
+    // After a long silence a crowd of news is no wonder.
+    if (status.lastSuccess && hasPassed(kFullFetchEvery, *status.lastSuccess, moment)) {
+        terms.mostFresh = std::numeric_limits<std::size_t>::max();
+    }
+    if (!stories.empty()) health.newestStory = newestOf(stories);
+    // By a clock that seems wrong no story is too old.
+    const auto oldest = clockCheck().seemsWrong() ? Instant::min() : cutoff();
+    const auto wanted = storiesToKeep(source, std::move(stories), {oldest, terms.seen});
+    auto result = merging.merge(wanted, terms, step.stamp.value());
+    // A crowd of stories takes much memory, and a short command does not want them.
+    if (listener_.kept) {
+        std::move(result.added.begin(), result.added.end(), std::back_inserter(step.added));
+        std::move(result.revised.begin(), result.revised.end(), std::back_inserter(step.revised));
+    }
+    status.storyCount = static_cast<std::int64_t>(wanted.size() - result.count.collapsed);
+    health.lastFullFetch = moment;
+    health.collapsed = static_cast<std::int64_t>(result.count.collapsed);
+    health.collided = static_cast<std::int64_t>(result.count.collided);
+    return result.count;
 }
 
 void RefreshPass::tidyUp(const newsroom::ValidatorTable::Entries& validators,
@@ -386,9 +387,12 @@ void RefreshPass::tidyUp(const newsroom::ValidatorTable::Entries& validators,
     auto transaction = store_.transaction();
     // After the stories: a validator without its stories would answer 304 for ever.
     store_.validators().save(validators, engine_.http().validators().entries());
-    store_.stories().dropPublishedBefore(cutoff(), clock_());
+    if (report.droppedBefore) {
+        store_.stories().dropPublishedBefore(*report.droppedBefore, report.ended);
+        store_.state().set(DeskState::kClockConfirmed, report.ended);
+    }
     store_.stories().dropBeyond(settings_.ceiling);
-    store_.hostPauses().dropEndedBefore(clock_());
+    store_.hostPauses().tidyUp(report.ended);
     if (settings_.scope == PassScope::all && !report.offline && !report.cancelled) {
         store_.state().set(DeskState::kLastRefresh, report.ended);
     }

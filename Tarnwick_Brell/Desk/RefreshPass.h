@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <boost/asio/awaitable.hpp>
@@ -19,8 +20,8 @@
 namespace desk {
 
 enum class PassScope {
-    all,   ///< every source that is on; each one's shortest interval is kept
-    named  ///< some that the user has named: they are asked whatever their interval
+    all,   ///< every source that is on, as far as its shortest interval and its host allow
+    named  ///< some that the user has named: they are asked anyway
 };
 
 /// Most stories that the desk keeps.
@@ -31,6 +32,11 @@ struct PassSettings {
     std::chrono::duration<double> retention{};
     std::size_t ceiling = kStoryCeiling;
 };
+
+/// What a user is told whose clock seems wrong.
+inline constexpr std::string_view kClockSeemsWrong =
+    "This computer's clock seems wrong: it is more than a day away from what the servers say. "
+    "Until they agree no story is dropped for its age.";
 
 /// What became safe in the library at one moment of a pass.
 struct PassStep {
@@ -45,13 +51,19 @@ struct PassReport {
     /// Not one source answered: no source was marked failing for it.
     bool offline = false;
     bool cancelled = false;
+    /// This computer's clock is more than a day away from what the servers say.
+    bool clockSeemsWrong = false;
+    /// Stories published before were dropped. Absent when nothing was dropped for its age,
+    /// because no server has confirmed the clock.
+    std::optional<newsroom::Instant> droppedBefore{};
     newsroom::Instant ended{};
 };
 
 /// One refresh of a list of sources: fetches them, keeps the stories that belong to the
 /// desk, records each source's status, leaves alone the hosts that ask for it, and drops
-/// what retention no longer keeps. A feed that has sent nothing but "unchanged" for a day is
-/// fetched in full.
+/// what retention no longer keeps. While this computer's clock seems wrong it goes by the
+/// servers' time, and drops nothing for its age. A feed that has sent nothing but "unchanged" for a
+/// day is fetched in full.
 class RefreshPass {
 public:
     /// Both are called on the pass's executor.
@@ -81,12 +93,13 @@ private:
     bool mayAsk(const newsroom::NewsSource& source, Intake& intake);
     void leaveAlone(const newsroom::NewsSource& source, std::chrono::seconds wanted,
                     newsroom::Instant now);
-    SourceOutcome keep(Arrived arrived, StoryMerge& merging, std::int64_t stamp, PassStep& step);
+    SourceOutcome keep(Arrived arrived, StoryMerge& merging, PassStep& step);
     SourceOutcome outcomeOf(const newsroom::NewsSource& source, SourceOutcome::Kind kind) const;
-    std::vector<newsroom::Story> belonging(const newsroom::NewsSource& source,
-                                           std::vector<newsroom::Story> stories) const;
+    MergeCount keepStories(const newsroom::NewsSource& source, std::vector<newsroom::Story> stories,
+                           newsroom::Instant moment, StoryMerge& merging, PassStep& step);
     void tidyUp(const newsroom::ValidatorTable::Entries& validators, const PassReport& report);
     newsroom::Instant cutoff() const;
+    const newsroom::ClockCheck& clockCheck() const { return engine_.feeds().clockCheck(); }
 
     LocalStore& store_;
     FetchEngine& engine_;

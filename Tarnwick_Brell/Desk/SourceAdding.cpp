@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <set>
 
 #include <boost/asio/use_awaitable.hpp>
 
@@ -11,7 +12,7 @@
 #include "NewsroomKit/Feeds/TextCut.h"
 #include "NewsroomKit/HTTP/HTTPClientError.h"
 #include "NewsroomKit/Sources/SourceAddress.h"
-#include "Tarnwick_Brell/Desk/SourceSchedule.h"
+#include "Tarnwick_Brell/Desk/StoryIntake.h"
 
 namespace desk {
 
@@ -66,40 +67,46 @@ std::string nameOf(const SourceFetch::Stories& stories) {
     return hostOf(stories.feedURL);
 }
 
-AddressCheck describe(const std::string& candidate, const SourceFetch::Stories& stories) {
-    AddressCheck check{.name = nameOf(stories),
-                       .feedURL = stories.feedURL,
-                       .siteURL = siteOf(candidate),
-                       .storyCount = stories.list.size()};
-    for (const auto& story : stories.list) {
-        check.newestStory = std::max(check.newestStory, std::optional(story.publishedAt));
-        if (check.titles.size() < kTitlesShown) check.titles.push_back(story.title);
-    }
-    return check;
-}
-
 }  // namespace
 
 SourceAdding::SourceAdding(LocalStore& store, SourceRoster& roster, FetchEngine& engine,
-                           newsroom::FeedClient::Clock clock)
-    : store_(store), roster_(roster), engine_(engine), clock_(std::move(clock)) {}
+                           newsroom::FeedClient::Clock clock,
+                           std::chrono::duration<double> retention)
+    : store_(store),
+      roster_(roster),
+      engine_(engine),
+      clock_(std::move(clock)),
+      retention_(retention) {}
 
-/// What speaks against fetching the address at all.
-std::optional<AddSourceError> SourceAdding::obstacle(const std::string& candidate) const {
-    if (const auto* known = roster_.findByFeed(candidate)) {
-        return AddSourceError{AddSourceError::Kind::alreadyAdded, known->name};
+AddressCheck SourceAdding::describe(const std::string& candidate,
+                                    const SourceFetch::Stories& stories) const {
+    AddressCheck check{.name = nameToKeep(nameOf(stories)),
+                       .feedURL = stories.feedURL,
+                       .siteURL = siteOf(candidate)};
+    const auto now = engine_.feeds().clockCheck().corrected(clock_());
+    const auto oldest = now - std::chrono::duration_cast<newsroom::Instant::duration>(retention_);
+    std::set<std::string_view> ids;
+    const auto kept = storiesToKeep(trial(candidate), stories.list, {oldest, now});
+    for (const auto& story : kept) {
+        if (!ids.insert(story.id).second) continue;
+        if (check.titles.size() < kTitlesShown) check.titles.push_back(story.title);
     }
-    const auto now = clock_();
-    const auto pause = pauseOf(trial(candidate), store_.hostPauses().load(now), now);
-    if (!pause) return std::nullopt;
-    return AddSourceError{AddSourceError::Kind::fetchFailed, HostPauses::sentence(*pause, now)};
+    check.storyCount = ids.size();
+    check.collapsed = kept.size() - ids.size();
+    check.tooOld = static_cast<std::size_t>(
+        std::count_if(stories.list.begin(), stories.list.end(),
+                      [&](const auto& story) { return story.publishedAt < oldest; }));
+    check.newestStory = newestOf(stories.list);
+    return check;
 }
 
 asio::awaitable<SourceAdding::Checked> SourceAdding::check(std::string typed) {
     AddSourceError reason{AddSourceError::Kind::invalidAddress};
     // 1. What the text may mean is tried in order; a page's feeds come with the page.
     for (const auto& candidate : plausibleCandidates(typed)) {
-        if (auto found = obstacle(candidate)) co_return *found;
+        if (const auto* known = roster_.findByFeed(candidate)) {
+            co_return AddSourceError{AddSourceError::Kind::alreadyAdded, known->name};
+        }
         // "Unchanged" would be no answer here: the stories themselves are wanted.
         engine_.http().validators().forget(candidate);
         auto source = trial(candidate);
@@ -109,13 +116,15 @@ asio::awaitable<SourceAdding::Checked> SourceAdding::check(std::string typed) {
             if (const auto* known = roster_.findByFeed(stories->feedURL)) {
                 co_return AddSourceError{AddSourceError::Kind::alreadyAdded, known->name};
             }
+            if (stories->list.empty()) {
+                reason = AddSourceError{AddSourceError::Kind::empty};
+                continue;
+            }
             co_return describe(candidate, *stories);
         }
         // 3. Without any, the last failure is told.
         if (const auto* failed = std::get_if<SourceFetch::Failed>(&fetched.outcome)) {
-            reason = failed->isEmpty
-                         ? AddSourceError{AddSourceError::Kind::empty}
-                         : AddSourceError{AddSourceError::Kind::fetchFailed, failed->text};
+            reason = AddSourceError{AddSourceError::Kind::fetchFailed, failed->text};
         }
     }
     co_return reason;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -23,9 +24,11 @@ struct AddressCheck {
     std::string name{};     ///< of the source as it would be added
     std::string feedURL{};  ///< maybe found through a web page
     std::string siteURL{};
-    std::size_t storyCount = 0;
+    std::size_t storyCount = 0;  ///< stories that the desk would keep
+    std::size_t collapsed = 0;   ///< others that share their link with one of those
+    std::size_t tooOld = 0;      ///< others that were published too long ago
     std::optional<newsroom::Instant> newestStory{};
-    std::vector<std::string> titles{};  ///< of the first few stories
+    std::vector<std::string> titles{};  ///< of the first few stories that would be kept
 };
 
 /// Adds sources by what a user types: a feed, a website, a handle or a channel. What the
@@ -35,8 +38,9 @@ public:
     using Checked = std::variant<AddressCheck, AddSourceError>;
     using Added = std::variant<newsroom::NewsSource, AddSourceError>;
 
+    /// `retention`: how long the desk keeps stories.
     SourceAdding(LocalStore& store, SourceRoster& roster, FetchEngine& engine,
-                 newsroom::FeedClient::Clock clock);
+                 newsroom::FeedClient::Clock clock, std::chrono::duration<double> retention);
 
     /// Changes nothing.
     boost::asio::awaitable<Checked> check(std::string typed);
@@ -47,13 +51,15 @@ public:
     Added addUnchecked(std::string_view typed);
 
 private:
-    std::optional<AddSourceError> obstacle(const std::string& candidate) const;
+    AddressCheck describe(const std::string& candidate,
+                          const newsroom::SourceFetch::Stories& stories) const;
     Added write(const std::string& name, const std::string& feedURL, const std::string& siteURL);
 
     LocalStore& store_;
     SourceRoster& roster_;
     FetchEngine& engine_;
     newsroom::FeedClient::Clock clock_;
+    std::chrono::duration<double> retention_;
 };
 
 }  // namespace desk

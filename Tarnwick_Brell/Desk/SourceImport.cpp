@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
+#include "Tarnwick_Brell/Desk/StoryIntake.h"
 
 namespace desk {
 
@@ -25,7 +26,7 @@ ImportPreview previewImport(newsroom::Outlines outlines, const SourceRoster& ros
         if (const auto* source = roster.findByFeed(feed.feedURL)) {
             preview.known.push_back({std::move(feed), *source});
         } else {
-            feed.title = nameOf(feed);
+            feed.title = nameToKeep(nameOf(feed));
             preview.fresh.push_back(std::move(feed));
         }
     }

@@ -23,6 +23,7 @@ struct SourceOutcome {
     newsroom::NewsSource source{};
     Kind kind = Kind::notDue;
     MergeCount merged{};
+    bool isEmpty = false;  ///< the feed that was read had no stories in it
     SourceStatus status{};
     SourceHealth health{};
     /// Of this fetch; the status has it only when the source is to blame.

@@ -8,6 +8,7 @@
 #include "NewsroomKit/Sources/SourceCatalog.h"
 #include "NewsroomKit/Stories/CanonicalLink.h"
 #include "NewsroomKit/Text/Folding.h"
+#include "Tarnwick_Brell/Desk/StoryIntake.h"
 
 namespace desk {
 
@@ -121,7 +122,7 @@ NewsSource SourceRoster::add(std::string_view name, std::string_view feedURL,
     const auto address = newsroom::WebAddress::parse(feedURL);
     const auto canonical = newsroom::canonicalLink(feedURL);
     // Lists of other readers often name a feed by its address, password and all.
-    NewsSource source{.name = newsroom::maskedSecrets(name),
+    NewsSource source{.name = nameToKeep(newsroom::maskedSecrets(name)),
                       .feedURL = std::string(feedURL),
                       .siteURL = std::string(siteURL),
                       .kind = NewsSource::Kind::custom,
@@ -151,7 +152,7 @@ bool SourceRoster::rename(std::string_view id, std::string_view name) {
     auto* source = findOwn(id);
     if (!source) return false;
     NewsSource renamed = *source;
-    renamed.name = newsroom::maskedSecrets(name);
+    renamed.name = nameToKeep(newsroom::maskedSecrets(name));
     table_.update(renamed);
     *source = std::move(renamed);
     return true;

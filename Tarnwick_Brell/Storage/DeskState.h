@@ -17,6 +17,8 @@ public:
     static constexpr std::string_view kLastRefresh = "lastRefresh";
     static constexpr std::string_view kLastArrival = "lastArrival";
     static constexpr std::string_view kNewSince = "newSince";
+    /// When servers last agreed with this computer's clock.
+    static constexpr std::string_view kClockConfirmed = "clockConfirmed";
 
     /// The last change of signing, and of offers, that has been told.
     static constexpr std::string_view kToldSigning = "toldSigning";

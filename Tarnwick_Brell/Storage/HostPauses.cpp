@@ -1,5 +1,7 @@
 #include "Tarnwick_Brell/Storage/HostPauses.h"
 
+#include <algorithm>
+
 #include "Tarnwick_Brell/Storage/Instants.h"
 
 namespace desk {
@@ -8,7 +10,9 @@ std::map<std::string, newsroom::Instant, std::less<>> HostPauses::load(newsroom:
     Statement rows(database_, "SELECT host, until FROM hostPauses WHERE until > ?");
     rows.bind(0, microseconds(now));
     std::map<std::string, newsroom::Instant, std::less<>> pauses;
-    while (rows.step()) pauses.emplace(rows.text(0), instantOf(rows.number(1)));
+    while (rows.step()) {
+        pauses.emplace(rows.text(0), std::min(instantOf(rows.number(1)), now + kLongest));
+    }
     return pauses;
 }
 
@@ -18,10 +22,13 @@ void HostPauses::set(std::string_view host, newsroom::Instant until) {
     put.run();
 }
 
-void HostPauses::dropEndedBefore(newsroom::Instant now) {
+void HostPauses::tidyUp(newsroom::Instant now) {
     Statement drop(database_, "DELETE FROM hostPauses WHERE until <= ?");
     drop.bind(0, microseconds(now));
     drop.run();
+    Statement shorten(database_, "UPDATE hostPauses SET until = ?1 WHERE until > ?1");
+    shorten.bind(0, microseconds(now + kLongest));
+    shorten.run();
 }
 
 std::string HostPauses::sentence(newsroom::Instant until, newsroom::Instant now) {

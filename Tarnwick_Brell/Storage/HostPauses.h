@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <string>
 
@@ -13,11 +14,15 @@ class HostPauses {
 public:
     explicit HostPauses(Database& database) : database_(database) {}
 
-    /// Those that still hold at `now`.
+    /// No host is left alone for longer, whatever it asks for.
+    static constexpr std::chrono::hours kLongest{1};
+
+    /// Those that still hold at `now`. None ends later than in an hour: one that does was
+    /// written while the clock was wrong.
     std::map<std::string, newsroom::Instant, std::less<>> load(newsroom::Instant now);
     void set(std::string_view host, newsroom::Instant until);
-    /// Forgets what is over.
-    void dropEndedBefore(newsroom::Instant now);
+    /// Forgets what is over and shortens what would last for more than an hour.
+    void tidyUp(newsroom::Instant now);
 
     /// What a user who has to wait is told.
     static std::string sentence(newsroom::Instant until, newsroom::Instant now);

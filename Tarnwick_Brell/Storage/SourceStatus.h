@@ -14,7 +14,7 @@ struct SourceStatus {
     std::optional<newsroom::Instant> lastAttempt{};
     std::optional<newsroom::Instant> lastSuccess{};  ///< a 304 counts
     std::optional<std::string> lastError{};          ///< shown to the user; absent after a success
-    std::int64_t storyCount = 0;  ///< stories the source gave in its last successful fetch
+    std::int64_t storyCount = 0;  ///< stories of its last successful fetch that the desk keeps
 
     bool operator==(const SourceStatus&) const = default;
 };
@@ -27,9 +27,11 @@ struct SourceHealth {
     std::optional<std::int64_t> bytes{};  ///< of the last fetch, as they came over the wire
     /// When the feed last came in full, not only the news that nothing is new.
     std::optional<newsroom::Instant> lastFullFetch{};
-    std::optional<newsroom::Instant> newestStory{};  ///< publication time, of the last full fetch
-    /// Entries of the last full fetch that share their link with another one, or repeat a story
-    /// under a changed link: they have no story of their own.
+    /// Publication time of the newest story of the last full fetch that had any. Absent as
+    /// long as the source has never brought a story.
+    std::optional<newsroom::Instant> newestStory{};
+    /// Stories of the last full fetch that share their link with another one of it, which
+    /// alone is kept.
     std::int64_t collapsed = 0;
     std::int64_t collided = 0;  ///< of the last full fetch: other stories that would get a known id
     std::optional<std::string> movedTo{};  ///< where the feed says it has gone for good

@@ -13,7 +13,8 @@ namespace desk {
 enum class Arrival {
     fresh,   ///< as news
     seeded,  ///< with the first fetch of its source
-    bulk     ///< in a crowd that looks like an archive published anew
+    bulk,    ///< in a crowd that looks like an archive published anew
+    late     ///< days after it was published
 };
 
 /// A story with what the desk knows about it.
@@ -29,9 +30,10 @@ struct StoredStory {
 }  // namespace desk
 
 template <>
-inline constexpr std::array<newsroom::EnumRow<desk::Arrival>, 3>
-    newsroom::enumTable<desk::Arrival>{{
+inline constexpr std::array<newsroom::EnumRow<desk::Arrival>, 4> newsroom::enumTable<desk::Arrival>{
+    {
         {desk::Arrival::fresh, "fresh", "As news"},
         {desk::Arrival::seeded, "seeded", "With the first fetch of its source"},
         {desk::Arrival::bulk, "bulk", "In bulk"},
+        {desk::Arrival::late, "late", "Days after it was published"},
     }};

@@ -128,9 +128,11 @@ Merged StoryMerge::merge(std::span<const Story> stories, const Fetch& fetch, std
         static_cast<std::size_t>(std::count_if(planned.steps.begin(), planned.steps.end(),
                                                [](const Plan::Step& step) { return !step.known; }));
     merged.count.bulk = !fetch.isFirst && fresh > fetch.mostFresh;
-    const Arrival arrival = fetch.isFirst       ? Arrival::seeded
-                            : merged.count.bulk ? Arrival::bulk
-                                                : Arrival::fresh;
+    const auto arrivalOf = [&](const Story& story) {
+        if (fetch.isFirst) return Arrival::seeded;
+        if (merged.count.bulk) return Arrival::bulk;
+        return fetch.seen - story.publishedAt > kNews ? Arrival::late : Arrival::fresh;
+    };
     // By number: the full-text index writes a piece of its own whenever numbers fall. Of
     // stories of one moment the later ids come first, so that the earlier ones lie higher.
     std::sort(planned.steps.begin(), planned.steps.end(), [](const auto& a, const auto& b) {
@@ -138,7 +140,7 @@ Merged StoryMerge::merge(std::span<const Story> stories, const Fetch& fetch, std
     });
     for (const auto& [story, place, known] : planned.steps) {
         if (!known) {
-            merged.added.push_back(insert(*story, fetch, arrival, stamp));
+            merged.added.push_back(insert(*story, fetch, arrivalOf(*story), stamp));
         } else if (auto revised = revise(*story, *known, fetch, stamp)) {
             merged.revised.push_back(std::move(*revised));
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -42,8 +43,11 @@ struct Merged {
 ///   known by its headline: same source, the known one is gone from the feed, and they were
 ///   published within the hour, or no link of the whole feed is known any more.
 /// - An undated story that retention has dropped does not come back as news.
+/// - A story that comes more than kNews after its publication is not news.
 class StoryMerge {
 public:
+    static constexpr std::chrono::hours kNews{72};
+
     struct Fetch {
         newsroom::Instant seen{};
         bool isFirst = false;  ///< of this source: everything in it is old news

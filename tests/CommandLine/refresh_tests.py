@@ -97,6 +97,27 @@ class FaultsOfTheNetwork(unittest.TestCase):
         self.addCleanup(nowhere.close)
         self.assertIn("this computer seems to be offline", nowhere.run("refresh", status=1).stderr)
 
+    def test_a_clock_that_no_server_confirms_drops_nothing(self):
+        folder = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, folder)
+        day = time.strftime("%a, %d %b %Y %H:%M:%S GMT", time.gmtime(time.time() - 10 * 86400))
+        (folder / "old.xml").write_text("<rss><channel><title>Old</title><item><title>Ten days old</title>"
+                                        f"<link>https://old.example/1</link><pubDate>{day}</pubDate></item></channel></rss>")
+        rooms = {days: PressRoom("--files", folder, "--clock-ahead", days) for days in (0, 800, -800)}
+        desk = Desk(rooms[0].network)
+        self.addCleanup(desk.close)
+        source = desk.json("sources", "add", "files.press-room.example/old.xml")[0]["id"]
+        desk.run("refresh", "--source", source)
+        desk.run("settings", "storyRetentionDays", "3")
+        for days in (800, -800, 0):
+            self.addCleanup(rooms[days].close)
+            desk.network = rooms[days].network
+            text = desk.run("refresh", "--source", source).stdout
+            report = desk.json("refresh", "--source", source)
+            self.assertEqual("clock seems wrong" in text, days != 0, days)
+            self.assertEqual(report.get("clockSeemsWrong", False), days != 0, days)
+            self.assertEqual(len(desk.json("wire")), 0 if days == 0 else 1, days)
+
     def test_sources_are_added_by_address_and_refused_with_the_reason(self):
         folder = Path(tempfile.mkdtemp())
         self.addCleanup(shutil.rmtree, folder)

@@ -31,6 +31,7 @@ class Sources(unittest.TestCase):
         for name, title in {"one": "Café Wire", "two": "Second \x1b[31m&amp; last"}.items():
             (cls.folder / f"{name}.xml").write_text(
                 feed(title.replace("\x1b", ""), *(f"https://{name}.example/{i}" for i in range(7))))
+        (cls.folder / "show.xml").write_text(feed("Show", *["https://show.example/"] * 4))
         (cls.folder / "private.xml").write_text(feed("Members", "https://members.example/1"))
         (cls.folder / "page.html").write_text(
             "<html><title>A page - Files</title>"
@@ -55,6 +56,8 @@ class Sources(unittest.TestCase):
         found = self.desk.json("sources", "check", FILES + "page.html")
         self.assertEqual((found["feedURL"], found["storyCount"]), (FILES + "one.xml", 7))
         self.assertNotIn("s3cr3t", self.desk.run("sources", "check", SECRET).stdout)
+        show = self.desk.run("sources", "check", FILES + "show.xml").stdout
+        self.assertIn("stories  1, 3 more share its link, the newest of", show)
         self.assertFalse((self.desk.folder / "library.sqlite").exists(), "checking makes no files")
         self.assertIn("already one of your sources",
                       self.desk.run("sources", "check", "sixcolors.com", status=1).stderr)

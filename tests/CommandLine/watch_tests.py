@@ -70,6 +70,16 @@ class Watching(unittest.TestCase):
             self.assertEqual(desk.run("library", "check", status=None).returncode,
                              0 if (desk.folder / "library.sqlite").exists() else 1)
 
+    def test_a_clock_that_seems_wrong_is_told(self):
+        self.room = PressRoom("--clock-ahead", -800)
+        self.addCleanup(self.room.close)
+        process = self.watch()
+        line = process.stderr.readline()
+        while line and "clock seems wrong" not in line:
+            line = process.stderr.readline()
+        self.assertIn("clock seems wrong", line)
+        self.stop(process)
+
     def test_a_damaged_library_ends_it(self):
         self.desk.run("refresh", "--source", "macrumors")
         with open(self.desk.folder / "library.sqlite", "r+b") as library:

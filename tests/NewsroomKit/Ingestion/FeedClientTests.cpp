@@ -83,7 +83,7 @@ TEST_F(FeedClientTest, EachKindOfAnswerHasItsOutcome) {
         {"feed", {.body = feedOf(3)}, "3 stories of Sample feed"},
         {"page", {.body = "<html><body>Log in</body></html>"}, "The address didn't return a feed."},
         {"cut", {.body = "<rss><channel><item><title>x"}, "The feed couldn't be read."},
-        {"none", {.body = feedOf(0)}, "That feed has no stories in it."},
+        {"none", {.body = feedOf(0)}, "0 stories of Sample feed"},
         {"gone", {.status = 404}, "The server answered 404."},
         {"empty", {}, "The server sent nothing."},
         {"large",
@@ -126,7 +126,7 @@ TEST_F(FeedClientTest, APageWhoseFeedIsOfNoUseSaysWhichFeedAndWhy) {
          "The page names the feed http://site.example/feed" + middle +
              "The address isn't secure (https)."},
         {{"/gone?token=hush", "/page"}, opening + "gone?token=…" + middle + "The server answered 404."},
-        {{"/gone", "/empty", "/page"}, "That feed has no stories in it."},
+        {{"/gone", "/empty", "/page"}, "0 stories of Sample feed"},
         {{"/gone", "/feed"}, "1 stories of Sample feed"},
         {{"/?token=hush"}, "The address didn't return a feed."},
     };

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "NewsroomKit/Sources/SourceCatalog.h"
+#include "PressRoom/Server/Conditional.h"
 
 namespace desk::test {
 
@@ -52,6 +53,12 @@ pressroom::Response DeskBench::feed(const std::string& host, int first, int last
     }
     return {.headers = {{"ETag", fmt::format("\"{}-{}\"", first, last)}},
             .body = text + "</channel></rss>"};
+}
+
+pressroom::Response DeskBench::dated(pressroom::Response response, newsroom::Instant moment) {
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(moment);
+    response.headers.emplace_back("Date", pressroom::httpDate(seconds));
+    return response;
 }
 
 std::size_t DeskBench::requestsOf(const std::string& host) const {

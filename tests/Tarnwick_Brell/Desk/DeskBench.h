@@ -29,6 +29,8 @@ public:
     void serve(const std::string& host, std::vector<pressroom::Response> answers);
     /// Stories "HOST N" for each N, published an hour apart before the clock's first moment.
     static pressroom::Response feed(const std::string& host, int first, int last);
+    /// The answer of a server whose clock shows that moment.
+    static pressroom::Response dated(pressroom::Response response, newsroom::Instant moment);
     std::size_t requestsOf(const std::string& host) const;
     bool lastRequestWasConditional(const std::string& host) const;
 

@@ -71,8 +71,8 @@ protected:
 
 TEST_F(NewsDeskTest, AFirstFetchIsSilentAndLaterNewsIsAnnounced) {
     bench_.serve("a.example",
-                 {DeskBench::feed("a.example", 1, 3), DeskBench::feed("a.example", 1, 5),
-                  DeskBench::feed("a.example", 6, 30)});
+                 {DeskBench::feed("a.example", 61, 63), DeskBench::feed("a.example", 61, 65),
+                  DeskBench::feed("a.example", 66, 90)});
     bench_.serve("b.example", {DeskBench::feed("b.example", 1, 2)});
     open();
     EXPECT_EQ(desk_->sources().size(), 47u);
@@ -87,7 +87,7 @@ TEST_F(NewsDeskTest, AFirstFetchIsSilentAndLaterNewsIsAnnounced) {
     refresh();
     ASSERT_EQ(announced_.size(), 1u);
     EXPECT_EQ(announced_[0].total, 2u);
-    EXPECT_EQ(announced_[0].stories.at(0).title, "a.example 5") << "the newest first";
+    EXPECT_EQ(announced_[0].stories.at(0).title, "a.example 65") << "the newest first";
     EXPECT_FALSE(announced_[0].isSummary());
 
     refresh();
@@ -121,7 +121,6 @@ TEST_F(NewsDeskTest, MarksHoldAtOnceAreKeptAndAllReadCanBeTakenBack) {
     EXPECT_TRUE(stored(first).readAt.has_value());
     EXPECT_TRUE(stored(second).savedAt.has_value());
     EXPECT_FALSE(stored(second).readAt.has_value());
-    EXPECT_TRUE(stored(third).readAt.has_value());
     open();
     EXPECT_EQ(desk_->stories().unreadCount(), 4u);
     EXPECT_EQ(desk_->stories().savedCount(), 1u);

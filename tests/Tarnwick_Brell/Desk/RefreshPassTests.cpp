@@ -27,7 +27,7 @@ protected:
             sources.push_back(DeskBench::source(host));
             sources.back().minimumInterval = minimumInterval_;
         }
-        const PassSettings settings{.scope = scope, .retention = 365 * 24h};
+        const PassSettings settings{.scope = scope, .retention = retention_};
         RefreshPass pass(store_, engine_, bench_.clock(), settings, {});
         auto report = asio::co_spawn(io_, pass.run(sources), asio::use_future);
         io_.restart();
@@ -40,11 +40,33 @@ protected:
                              [&](const auto& outcome) { return outcome.source.id == host; });
     }
 
+    using Arrivals = std::map<Arrival, int>;
+
+    /// How the stories of the library have come.
+    Arrivals arrivals() {
+        Arrivals counts;
+        store_.stories().eachInWireOrder(std::nullopt, [&](const StoredStory& stored) {
+            ++counts[stored.arrival];
+            return true;
+        });
+        return counts;
+    }
+
+    StoredStory newestOfHost(const std::string& host) {
+        std::optional<StoredStory> newest;
+        store_.stories().eachInWireOrder(std::nullopt, [&](const StoredStory& stored) {
+            if (stored.story.sourceID == host) newest = stored;
+            return !newest;
+        });
+        return newest.value();
+    }
+
     DeskBench bench_{{}};
     LocalStore store_{bench_.library(), Database::Access::readWrite};
     asio::io_context io_;
     FetchEngine engine_{bench_.network(), newsroom::Conditional::yes, bench_.clock()};
     double minimumInterval_ = 0;
+    std::chrono::duration<double> retention_ = 365 * 24h;
 };
 
 const Response kUnreachable{.delivery = {.hangsUp = true}};
@@ -85,7 +107,7 @@ TEST_F(RefreshPassTest, AHostThatAsksForPeaceIsLeftAloneForAsLongAsItSaysButAnHo
         EXPECT_EQ(of(refresh({host}), host).kind, Kind::failed) << retryAfter;
         const auto asked = bench_.requestsOf(host);
         bench_.pass(1min);
-        const auto again = refresh({host}, PassScope::named);
+        const auto again = refresh({host});
         EXPECT_EQ(of(again, host).kind, isPaused ? Kind::paused : Kind::stories) << retryAfter;
         EXPECT_EQ(bench_.requestsOf(host), isPaused ? asked : asked + 1) << retryAfter;
         if (isPaused) {
@@ -152,6 +174,123 @@ TEST_F(RefreshPassTest, APassWithoutNewsWritesLittleMoreThanTheTimesOfItsSources
     // 60 rows of about 100 bytes lie on two pages. Each second of the pass writes them at most
     // once, beside the page of the desk's own times.
     EXPECT_LT(pages.count(), 20);
+}
+
+TEST_F(RefreshPassTest, AFeedWithoutStoriesIsNoFailureAndNoFirstFetch) {
+    const auto empty = [](const char* tag) {
+        return Response{.headers = {{"ETag", tag}}, .body = "<rss><channel></channel></rss>"};
+    };
+    const auto three = DeskBench::feed("a.example", 60, 62);
+    bench_.serve("a.example", {empty("\"1\""),
+                               three,
+                               empty("\"2\""),
+                               {.status = 304},
+                               DeskBench::feed("a.example", 62, 63)});
+    const auto quiet = refresh({"a.example"});
+    EXPECT_EQ(of(quiet, "a.example").kind, Kind::stories);
+    EXPECT_TRUE(of(quiet, "a.example").isEmpty);
+    EXPECT_FALSE(of(quiet, "a.example").status.lastError.has_value());
+    EXPECT_EQ(of(quiet, "a.example").status.lastSuccess, bench_.now());
+
+    refresh({"a.example"});
+    EXPECT_TRUE(bench_.lastRequestWasConditional("a.example")) << "its validators are kept";
+    EXPECT_EQ(arrivals(), (Arrivals{{Arrival::seeded, 3}}));
+    refresh({"a.example"});
+    EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::unchanged);
+    refresh({"a.example"});
+    EXPECT_EQ(arrivals(), (Arrivals{{Arrival::seeded, 3}, {Arrival::fresh, 1}}))
+        << "a quiet week does not make the source new";
+}
+
+TEST_F(RefreshPassTest, UnchangedAsTheVeryFirstAnswerIsNoFirstFetch) {
+    bench_.serve("a.example", {{.status = 304},
+                               DeskBench::feed("a.example", 60, 62),
+                               DeskBench::feed("a.example", 60, 63)});
+    EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::unchanged);
+    refresh({"a.example"});
+    EXPECT_EQ(arrivals(), (Arrivals{{Arrival::seeded, 3}}));
+    refresh({"a.example"});
+    EXPECT_EQ(arrivals(), (Arrivals{{Arrival::seeded, 3}, {Arrival::fresh, 1}}));
+}
+
+TEST_F(RefreshPassTest, WhatComesDaysAfterItsPublicationIsNoNews) {
+    bench_.serve("a.example",
+                 {DeskBench::feed("a.example", 98, 99), DeskBench::feed("a.example", 24, 35)});
+    retention_ = 48h;
+    refresh({"a.example"});
+    retention_ = 80h;
+    refresh({"a.example"});
+    EXPECT_EQ(arrivals(),
+              (Arrivals{{Arrival::seeded, 2}, {Arrival::late, 4}, {Arrival::fresh, 8}}));
+}
+
+TEST_F(RefreshPassTest, APauseOfAWrongClockEndsWithinTheHourAndNamingTheSourceOverridesIt) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 1)});
+    const auto begin = bench_.now();
+    store_.hostPauses().set("a.example", begin + 24h * 365);
+    EXPECT_EQ(of(refresh({"a.example"}), "a.example").pausedUntil, begin + 1h);
+    EXPECT_EQ(of(refresh({"a.example"}, PassScope::named), "a.example").kind, Kind::stories);
+    bench_.pass(30min);
+    EXPECT_EQ(of(refresh({"a.example"}), "a.example").pausedUntil, begin + 1h)
+        << "not an hour from now";
+    bench_.pass(31min);
+    EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::stories);
+}
+
+TEST_F(RefreshPassTest, NoClockThatLeapsLosesOrRepeatsNews) {
+    for (const auto leap : {24h * 800, -24h * 800}) {
+        SCOPED_TRACE(leap.count());
+        const std::string host = leap > 0h ? "ahead.example" : "behind.example";
+        const auto truth = bench_.now();
+        const auto answer = [&](int first, int last) {
+            return DeskBench::dated(DeskBench::feed(host, first, last), truth);
+        };
+        bench_.serve(host, {answer(60, 62), answer(60, 63), answer(60, 63)});
+        retention_ = 60h;
+        EXPECT_EQ(refresh({host}).droppedBefore, truth - 60h);
+        const auto before = store_.stories().count();
+
+        bench_.pass(leap);
+        const auto report = refresh({host});
+        EXPECT_TRUE(report.clockSeemsWrong);
+        EXPECT_FALSE(report.droppedBefore.has_value());
+        EXPECT_EQ(store_.stories().count(), before + 1);
+        const auto newest = newestOfHost(host);
+        EXPECT_EQ(newest.story.publishedAt, truth - 37h);
+        EXPECT_EQ(newest.arrival, Arrival::fresh);
+
+        bench_.pass(-leap);
+        const auto back = refresh({host});
+        EXPECT_FALSE(back.clockSeemsWrong);
+        EXPECT_EQ(back.droppedBefore, truth - 60h);
+        EXPECT_EQ(of(back, host).merged.added, 0u);
+        EXPECT_EQ(store_.stories().count(), before + 1);
+    }
+}
+
+TEST_F(RefreshPassTest, APassWithoutAnyAnswerDropsNothing) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 60, 62), kUnreachable});
+    bench_.serve("b.example", {kUnreachable});
+    refresh({"a.example"});
+    bench_.pass(24h * 800);
+    EXPECT_FALSE(refresh({"a.example", "b.example"}).droppedBefore.has_value());
+    EXPECT_EQ(store_.stories().count(), 3u);
+    bench_.serve("a.example", {{.status = 404}});
+    EXPECT_TRUE(refresh({"a.example"}).droppedBefore.has_value())
+        << "a server without a clock answered";
+    EXPECT_EQ(store_.stories().count(), 0u);
+}
+
+TEST_F(RefreshPassTest, StoriesThatShareALinkCountAsOne) {
+    std::string feed = "<rss><channel>";
+    for (int i = 0; i < 99; ++i) {
+        feed += "<item><title>Episode " + std::to_string(i) +
+                "</title><link>https://a.example/show</link></item>";
+    }
+    bench_.serve("a.example", {{.body = feed + "</channel></rss>"}});
+    const auto outcome = of(refresh({"a.example"}), "a.example");
+    EXPECT_EQ(outcome.status.storyCount, 1);
+    EXPECT_EQ(outcome.health.collapsed, 98);
 }
 
 }  // namespace

@@ -62,7 +62,8 @@ protected:
                          .caFile = bench_.authorityFile()},
                         newsroom::Conditional::yes,
                         [this] { return now_; }};
-    SourceAdding adding_{store_, roster_, engine_, [this] { return now_; }};
+    SourceAdding adding_{store_, roster_, engine_, [this] { return now_; },
+                         std::chrono::hours(24 * 365)};
 };
 
 TEST_F(AddingTest, WhatIsTypedLeadsToASourceOrToTheReasonWhyNot) {
@@ -143,14 +144,27 @@ TEST_F(AddingTest, AFeedThatWasRemovedIsAskedInFullAgain) {
     EXPECT_FALSE(requests.back().header("if-none-match"));
 }
 
-TEST_F(AddingTest, AHostThatWantsToBeLeftAloneIsNotAsked) {
+TEST_F(AddingTest, AHostThatWantsToBeLeftAloneIsAskedWhenTheUserAddsAFeedOfIt) {
     serve("busy.example", "/feed", feed("Busy", 1));
     store_.hostPauses().set("busy.example", now_ + std::chrono::seconds(61));
-    EXPECT_EQ(add("busy.example/feed"),
-              "The server wants to be left alone for now. Try again in 2 min.");
-    EXPECT_EQ(bench_.server.hits("busy.example"), 0u);
-    now_ += std::chrono::seconds(62);
     EXPECT_EQ(add("busy.example/feed").substr(0, 5), "busy:");
+}
+
+TEST_F(AddingTest, ACheckPromisesNoMoreThanTheDeskWillKeep) {
+    const auto item = [](const char* title, const char* link, const char* day) {
+        return "<item><title>" + std::string(title) + "</title><link>https://show.example/" + link +
+               "</link><pubDate>" + day + " 10:00:00 GMT</pubDate></item>";
+    };
+    const auto today = "Mon, 02 Nov 2026", longAgo = "Mon, 02 Nov 2015";
+    serve("show.example", "/feed",
+          {.body = "<rss><channel><title>Show</title>" + item("One", "show", today) +
+                   item("Two", "show", today) + item("Three", "other", today) +
+                   item("Four", "four", longAgo) + "</channel></rss>"});
+    const auto found = std::get<AddressCheck>(await(adding_.check("show.example/feed")));
+    EXPECT_EQ(found.storyCount, 2u);
+    EXPECT_EQ(found.collapsed, 1u);
+    EXPECT_EQ(found.tooOld, 1u);
+    EXPECT_EQ(found.titles, (std::vector<std::string>{"One", "Three"}));
 }
 
 TEST_F(AddingTest, WhatAnotherProgramAddedMeanwhileIsNotAddedTwice) {

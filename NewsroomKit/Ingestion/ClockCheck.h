@@ -1,0 +1,34 @@
+#pragma once
+
+#include <chrono>
+#include <vector>
+
+#include "NewsroomKit/Records/Instant.h"
+
+namespace newsroom {
+
+/// Compares this computer's clock with the dates of the servers' answers. What most servers say
+/// counts, because single servers have wrong clocks too.
+class ClockCheck {
+public:
+    /// Time zones and slow caches make smaller differences.
+    static constexpr std::chrono::hours kTolerance{24};
+
+    /// Forgets all answers. The clock may have been set since.
+    void reset() { differences_.clear(); }
+
+    void add(Instant local, std::chrono::sys_seconds server);
+
+    /// False as long as no answer had a date.
+    bool seemsWrong() const;
+
+    /// The servers' time when the clock seems wrong, otherwise `local` itself.
+    Instant corrected(Instant local) const;
+
+private:
+    Instant::duration difference() const;
+
+    std::vector<Instant::duration> differences_;  ///< how far the clock is ahead; rising
+};
+
+}  // namespace newsroom
