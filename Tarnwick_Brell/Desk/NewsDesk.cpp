@@ -116,6 +116,11 @@ const SourceHealth& NewsDesk::sourceHealth(const std::string& sourceID) const {
     return entry == sourceStates_.healths.end() ? none : entry->second;
 }
 
+/// A moment that has not come was noted by a clock that was wrong.
+std::optional<Instant> NewsDesk::newSince() const {
+    return newSince_ && *newSince_ <= clock_() ? newSince_ : std::nullopt;
+}
+
 std::optional<Instant> NewsDesk::liveUntil() const {
     return autoRefresh_ ? autoRefresh_->liveUntil(clock_()) : std::nullopt;
 }

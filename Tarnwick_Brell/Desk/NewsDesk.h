@@ -82,7 +82,7 @@ public:
     bool isRefreshing() const { return pass_.has_value(); }
     Progress progress() const { return pass_.value_or(Progress()); }
     /// Stories first seen since then are new to the user.
-    std::optional<newsroom::Instant> newSince() const { return newSince_; }
+    std::optional<newsroom::Instant> newSince() const;
     std::optional<newsroom::Instant> liveUntil() const;
     /// Not one source answered in the last pass.
     bool lastPassFailed() const { return lastPassFailed_; }
@@ -101,8 +101,8 @@ public:
     void cancelRefresh();
     void goLive(newsroom::Instant until);
     void endLive();
-    /// The user has left the window: what comes from now on is new.
-    void markLeft();
+    /// The user left the window at that moment: what has come since is new.
+    void markLeft(newsroom::Instant at);
 
     void setRead(const std::vector<std::string>& storyIDs, bool read);
     void setSaved(const std::vector<std::string>& storyIDs, bool saved);
@@ -133,6 +133,7 @@ signals:
     void sourcesChanged();
     void refreshChanged();
     void clustersChanged();
+    void newSinceChanged();
     /// Each source's end in a pass, and what other programs brought: for those who tell
     /// arrivals as they come. Numbers of stories that are news.
     void storiesArrived(const std::vector<std::int64_t>& numbers);

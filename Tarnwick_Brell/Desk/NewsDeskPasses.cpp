@@ -128,9 +128,10 @@ void NewsDesk::endLive() {
     emit refreshChanged();
 }
 
-void NewsDesk::markLeft() {
-    newSince_ = clock_();
-    post([at = newSince_](Bench& bench) { bench.store.state().set(DeskState::kNewSince, at); });
+void NewsDesk::markLeft(Instant at) {
+    newSince_ = at;
+    post([at](Bench& bench) { bench.store.state().set(DeskState::kNewSince, at); });
+    emit newSinceChanged();
 }
 
 }  // namespace desk

@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/Arguments/Arguments.h"
+#include "Tarnwick_Brell/Models/Window/ReaderPresence.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
@@ -47,14 +48,22 @@ int runWindow(AppEnvironment& environment, SingleInstance& instance) {
                          window.raise(activationToken);
                      });
     QObject::connect(&instance, &SingleInstance::raiseWanted, &window, &DeskWindow::raise);
-    QObject::connect(&window.window(), &QWindow::visibleChanged, &environment.newsDesk(),
-                     [&](bool visible) {
-                         if (!visible) environment.newsDesk().markLeft();
-                     });
+    ReaderPresence presence(&currentInstant,
+                            [&](auto moment) { environment.newsDesk().markLeft(moment); });
+    QObject::connect(
+        &window.window(), &QWindow::visibilityChanged, &presence,
+        [&](QWindow::Visibility visibility) {
+            presence.setVisible(visibility != QWindow::Hidden && visibility != QWindow::Minimized);
+        });
+    QObject::connect(
+        qGuiApp, &QGuiApplication::applicationStateChanged, &presence,
+        [&](Qt::ApplicationState state) { presence.setFocused(state == Qt::ApplicationActive); });
     window.show();
     // The window first: its first frame must not wait for the library.
     QMetaObject::invokeMethod(qApp, [&] { environment.start(); }, Qt::QueuedConnection);
-    return QGuiApplication::exec();
+    const int status = QGuiApplication::exec();
+    presence.setVisible(false);
+    return status;
 }
 
 int start(int& count, char** words, const DeskOptions& options) {

@@ -45,6 +45,7 @@ NewsGatherer::NewsGatherer(NewsDesk& desk, newsroom::FeedClient::Clock clock, Pa
     connect(&slices_, &QTimer::timeout, this, &NewsGatherer::gatherSlice);
     connect(&desk, &NewsDesk::wireChanged, this, &NewsGatherer::gatherSoon);
     connect(&desk, &NewsDesk::marksChanged, this, &NewsGatherer::gatherSoon);
+    connect(&desk, &NewsDesk::newSinceChanged, this, &NewsGatherer::gatherSoon);
     connect(&desk, &NewsDesk::clustersChanged, this, [this] {
         clusters_.reset();
         gatherSoon();
