@@ -104,13 +104,18 @@ int markAll(Session& session, const ReadOptions& options) {
     return kDone;
 }
 
-int undoMarkAll(Session& session) {
-    const auto changed = session.store().marks().undoLastReadBatch();
+int undoMarks(Session& session) {
+    const auto undone = session.store().marks().undoLastChange();
+    const auto changed = undone ? undone->numbers.size() : 0;
+    if (changed == 0) {
+        tell(session, 0, "There was nothing to take back.");
+        return kDone;
+    }
+    const bool isRead = undone->mark == desk::Mark::read;
+    const auto* state = isRead ? (undone->on ? "read again" : "unread again")
+                               : (undone->on ? "saved again" : "no longer saved");
     tell(session, changed,
-         changed == 0
-             ? "There was nothing to take back."
-             : fmt::format("{} unread again.",
-                           changed == 1 ? "1 story is" : fmt::format("{} stories are", changed)));
+         fmt::format("{} {} {}.", storyCount(changed), changed == 1 ? "is" : "are", state));
     return kDone;
 }
 
@@ -119,7 +124,7 @@ int runRead(Session& session, const ReadOptions& options) {
         throw WrongUsage("Name stories by their ids, or say either --all or --undo.");
     }
     if (!options.ids.empty()) return markNamed(session, kRead, options.ids);
-    return options.all ? markAll(session, options) : undoMarkAll(session);
+    return options.all ? markAll(session, options) : undoMarks(session);
 }
 
 arguments::Option addIDs(arguments::Command& command, IDs& ids) {
@@ -141,7 +146,7 @@ void addReadCommand(arguments::Command& app, Command& chosen) {
         .shownAs("ID")
         .needs(all);
     command.flag("--undo", options->undo,
-                 "Make unread again what the last --all marked, and nothing else");
+                 "Take back the last change of read or saved marks, made here or in the window");
     command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runRead(session, *options); };
     });

@@ -142,6 +142,7 @@ void Backroom::addTimes(DeskStep& step) {
     step.lastArrival = store_.state().instant(DeskState::kLastArrival);
     step.newSince = store_.state().instant(DeskState::kNewSince);
     step.clockConfirmed = store_.state().instant(DeskState::kClockConfirmed);
+    step.canUndo = store_.marks().canUndo();
 }
 
 }  // namespace desk

@@ -48,6 +48,7 @@ struct DeskStep {
     std::optional<newsroom::Instant> lastArrival{};
     std::optional<newsroom::Instant> newSince{};
     std::optional<newsroom::Instant> clockConfirmed{};
+    std::optional<bool> canUndo{};  ///< the library has a change of marks to take back
 };
 
 /// The worker's half of the desk: it knows what the main thread has been told, and makes the

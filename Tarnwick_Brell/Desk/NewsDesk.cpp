@@ -134,7 +134,10 @@ void NewsDesk::take(DeskStep step) {
     if (step.lastArrival) lastArrival_ = step.lastArrival;
     if (step.clockConfirmed) clockConfirmed_ = step.clockConfirmed;
     // A step that was made before the user left is no later news of it.
-    if (step.newSince) newSince_ = std::max(newSince_.value_or(*step.newSince), *step.newSince);
+    const bool isLater = step.newSince <= clock_() && step.newSince > newSince();
+    if (isLater) newSince_ = step.newSince;
+    // A step that was made before a mark was written does not know of it.
+    if (step.canUndo && pendingMarks_.empty()) setCanUndo(*step.canUndo);
     if (step.roster) roster_ = std::move(*step.roster);
     if (step.sourceStates) sourceStates_ = std::move(*step.sourceStates);
     if (step.roster || step.sourceStates) emit sourcesChanged();

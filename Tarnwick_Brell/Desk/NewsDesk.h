@@ -104,12 +104,16 @@ public:
     /// The user left the window at that moment: what has come since is new.
     void markLeft(newsroom::Instant at);
 
-    void setRead(const std::vector<std::string>& storyIDs, bool read);
+    /// `undoable`: the user asked for it, and may want to take it back.
+    void setRead(const std::vector<std::string>& storyIDs, bool read,
+                 Undoable undoable = Undoable::no);
     void setSaved(const std::vector<std::string>& storyIDs, bool saved);
-    /// Marks these stories as one batch and returns how many were unread.
+    /// Returns how many of these stories were unread.
     std::size_t markAllRead(const std::vector<std::int64_t>& numbers);
-    /// Takes the last batch back, but not what was marked by hand since.
-    std::size_t undoMarkAllRead();
+    /// Takes the user's last change of marks back, also one of an earlier run or of another
+    /// program. False when there is none.
+    bool undoMarks();
+    bool canUndo() const { return canUndo_; }
 
     void setEnabled(const std::string& sourceID, bool enabled);
     void checkAddress(std::string typed, AddressChecked done);
@@ -129,6 +133,8 @@ signals:
     void loadFailed(const QString& sentence);
     void wireChanged(const desk::WireChange& change);
     void marksChanged(const std::vector<std::int64_t>& numbers);
+    /// Whether there is a change of marks to take back.
+    void undoChanged();
     /// Sources, which of them are on, or their status.
     void sourcesChanged();
     void refreshChanged();
@@ -173,7 +179,9 @@ private:
         bool on = false;
         std::vector<std::int64_t> numbers{};
     };
-    std::vector<std::int64_t> change(MarkChange asked);
+    std::vector<std::int64_t> change(MarkChange asked, Undoable undoable);
+    void takeBack(std::uint64_t ticket);
+    void setCanUndo(bool canUndo);
     std::vector<std::int64_t> apply(const MarkChange& change);
     std::vector<std::int64_t> numbersOf(const std::vector<std::string>& storyIDs) const;
     void changeRoster(std::function<void(DeskWorker::Bench&, SourceRoster&)> change,
@@ -203,7 +211,8 @@ private:
     bool passIsWhole_ = false;  ///< all that are enabled, not some that were named
     std::vector<Asked> waitingPasses_;
     std::vector<std::int64_t> arrivedInPass_;
-    std::vector<std::int64_t> lastReadBatch_;
+    std::optional<MarkChange> lastChange_;  ///< of marks, when this desk made it
+    bool canUndo_ = false;
     std::map<std::uint64_t, MarkChange> pendingMarks_;  ///< not yet in the library
     std::uint64_t lastMark_ = 0;
     std::function<void(const Announcement&)> onNewStories_;

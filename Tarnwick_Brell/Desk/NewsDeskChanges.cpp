@@ -1,5 +1,5 @@
 // What the user changes and looks for: marks, sources, the search.
-#include <set>
+#include <algorithm>
 #include <utility>
 
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
@@ -29,49 +29,81 @@ std::vector<std::int64_t> NewsDesk::apply(const MarkChange& change) {
 
 /// The wire has it at once, the library soon; when that fails the wire goes back. Returns the
 /// numbers of what changed.
-std::vector<std::int64_t> NewsDesk::change(MarkChange asked) {
+std::vector<std::int64_t> NewsDesk::change(MarkChange asked, Undoable undoable) {
     asked.numbers = apply(asked);
     auto changed = asked.numbers;
     if (changed.empty()) return changed;
     emit marksChanged(changed);
     const auto ticket = ++lastMark_;
-    const auto write = [this, ticket, asked, at = clock_()](Bench& bench) {
-        const auto stamp = bench.store.marks().set(asked.mark, asked.numbers,
-                                                   asked.on ? std::optional(at) : std::nullopt);
+    const auto write = [this, ticket, asked, undoable, at = clock_()](Bench& bench) {
+        const auto stamp = bench.store.marks().set(
+            asked.mark, asked.numbers, asked.on ? std::optional(at) : std::nullopt, undoable);
         backroom().noteOwnWrite(stamp);
         deliver([this, ticket] { pendingMarks_.erase(ticket); });
     };
+    if (undoable == Undoable::yes) {
+        lastChange_ = asked;
+        setCanUndo(true);
+    }
     pendingMarks_.emplace(ticket, std::move(asked));
-    post(write, [this, ticket] {
-        auto pending = pendingMarks_.extract(ticket);
-        pending.mapped().on = !pending.mapped().on;
-        emit marksChanged(apply(pending.mapped()));
-    });
+    post(write, [this, ticket] { takeBack(ticket); });
     return changed;
 }
 
-void NewsDesk::setRead(const std::vector<std::string>& storyIDs, bool read) {
-    const auto numbers = numbersOf(storyIDs);
-    const std::set<std::int64_t> byHand(numbers.begin(), numbers.end());
-    std::erase_if(lastReadBatch_, [&](auto number) { return byHand.contains(number); });
-    change({.mark = Mark::read, .on = read, .numbers = numbers});
+/// What could not be written.
+void NewsDesk::takeBack(std::uint64_t ticket) {
+    auto pending = pendingMarks_.extract(ticket);
+    pending.mapped().on = !pending.mapped().on;
+    const auto changed = apply(pending.mapped());
+    if (!changed.empty()) emit marksChanged(changed);
+}
+
+void NewsDesk::setRead(const std::vector<std::string>& storyIDs, bool read, Undoable undoable) {
+    change({.mark = Mark::read, .on = read, .numbers = numbersOf(storyIDs)}, undoable);
 }
 
 void NewsDesk::setSaved(const std::vector<std::string>& storyIDs, bool saved) {
-    change({.mark = Mark::saved, .on = saved, .numbers = numbersOf(storyIDs)});
+    change({.mark = Mark::saved, .on = saved, .numbers = numbersOf(storyIDs)}, Undoable::yes);
 }
 
 std::size_t NewsDesk::markAllRead(const std::vector<std::int64_t>& numbers) {
-    auto changed = change({.mark = Mark::read, .on = true, .numbers = numbers});
-    if (changed.empty()) return 0;
-    lastReadBatch_ = std::move(changed);
-    return lastReadBatch_.size();
+    return change({.mark = Mark::read, .on = true, .numbers = numbers}, Undoable::yes).size();
 }
 
-std::size_t NewsDesk::undoMarkAllRead() {
-    const auto batch = std::exchange(lastReadBatch_, {});
-    change({.mark = Mark::read, .on = false, .numbers = batch});
-    return batch.size();
+void NewsDesk::setCanUndo(bool canUndo) {
+    if (!canUndo) lastChange_.reset();
+    if (canUndo == canUndo_) return;
+    canUndo_ = canUndo;
+    emit undoChanged();
+}
+
+/// The last change that this desk knows is taken back at once. The library may know a later
+/// one of another program: then that one is taken back instead.
+bool NewsDesk::undoMarks() {
+    if (!canUndo_) return false;
+    auto back = lastChange_.value_or(MarkChange());
+    setCanUndo(false);
+    back.on = !back.on;
+    back.numbers = apply(back);
+    std::sort(back.numbers.begin(), back.numbers.end());
+    if (!back.numbers.empty()) emit marksChanged(back.numbers);
+    const auto ticket = ++lastMark_;
+    const auto undo = [this, ticket, back](Bench& bench) {
+        const auto undone = bench.store.marks().undoLastChange();
+        if (undone) backroom().noteOwnWrite(undone->stamp);
+        const bool isSame = undone && undone->mark == back.mark && undone->on == back.on &&
+                            undone->numbers == back.numbers;
+        if (isSame) return deliver([this, ticket] { pendingMarks_.erase(ticket); });
+        deliver([this, ticket, undone] {
+            takeBack(ticket);
+            if (!undone) return;
+            emit marksChanged(
+                apply({.mark = undone->mark, .on = undone->on, .numbers = undone->numbers}));
+        });
+    };
+    pendingMarks_.emplace(ticket, std::move(back));
+    post(undo, [this, ticket] { takeBack(ticket); });
+    return true;
 }
 
 // Sources.

@@ -26,6 +26,17 @@ void DeskState::set(std::string_view key, std::optional<newsroom::Instant> value
     put.run();
 }
 
+std::optional<std::string> DeskState::text(std::string_view key) {
+    Statement row(database_, "SELECT value FROM deskState WHERE key = ?");
+    row.bind(0, key);
+    return row.step() ? row.optionalText(0) : std::nullopt;
+}
+
+void DeskState::setText(std::string_view key, std::optional<std::string_view> value) {
+    Statement put(database_, "INSERT OR REPLACE INTO deskState (key, value) VALUES (?, ?)");
+    put.bind(0, key).bind(1, value).run();
+}
+
 std::int64_t DeskState::nextStamp() {
     Statement next(database_,
                    "UPDATE deskState SET value = value + 1 WHERE key = 'stamp' RETURNING value");

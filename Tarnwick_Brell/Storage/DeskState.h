@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "NewsroomKit/Records/Instant.h"
@@ -26,6 +27,9 @@ public:
 
     std::optional<newsroom::Instant> instant(std::string_view key);
     void set(std::string_view key, std::optional<newsroom::Instant> value);
+
+    std::optional<std::string> text(std::string_view key);
+    void setText(std::string_view key, std::optional<std::string_view> value);
 
     std::optional<std::int64_t> number(std::string_view key);
     void setNumber(std::string_view key, std::int64_t value);

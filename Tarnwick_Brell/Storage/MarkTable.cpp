@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
+#include <utility>
 
+#include <boost/json.hpp>
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/Storage/DeskState.h"
@@ -14,8 +17,9 @@ namespace {
 
 using newsroom::Instant;
 
-// A batch is known by its moment: every story that it marked, and no other, was read then.
-constexpr std::string_view kLastReadBatch = "lastReadBatch";
+// The last undoable change as JSON. Given marks are known by their moment, which no other mark
+// of that kind has; of marks that were taken away it has the numbers and former moments.
+constexpr std::string_view kLastChange = "lastMarkChange";
 
 // Parameters: the story's number, the stamp, and the moment where there is one. A row stays
 // when its marks go, because its stamp tells other programs that they have gone.
@@ -39,6 +43,56 @@ constexpr std::string_view kUpdateRead =
     "UPDATE marks SET readAt = ?, stamp = ? WHERE readAt IS NULL AND number IN (SELECT s.number "
     "FROM stories s LEFT JOIN marks m ON m.number = s.number {})";
 
+// Parameters: the stamp and the moment.
+constexpr std::string_view kUndoRead =
+    "UPDATE marks SET readAt = NULL, stamp = ?1 WHERE readAt = ?2 RETURNING number";
+constexpr std::string_view kUndoSave =
+    "UPDATE marks SET savedAt = NULL, stamp = ?1 WHERE savedAt = ?2 RETURNING number";
+
+std::string_view columnOf(Mark mark) { return mark == Mark::read ? "readAt" : "savedAt"; }
+
+/// What kLastChange holds.
+struct LastChange {
+    Mark mark = Mark::read;
+    std::optional<std::int64_t> givenAt{};  ///< absent when the marks were taken away
+    std::vector<std::pair<std::int64_t, std::int64_t>> taken{};  ///< numbers and former moments
+
+    std::string text() const;
+    static std::optional<LastChange> read(Database& database);
+};
+
+std::string LastChange::text() const {
+    boost::json::object record{{"mark", mark == Mark::read ? "read" : "saved"}};
+    if (givenAt) {
+        record["givenAt"] = *givenAt;
+        return boost::json::serialize(record);
+    }
+    boost::json::array stories;
+    for (const auto& [number, at] : taken) stories.push_back(boost::json::array{number, at});
+    record["taken"] = std::move(stories);
+    return boost::json::serialize(record);
+}
+
+std::optional<LastChange> LastChange::read(Database& database) {
+    const auto text = DeskState(database).text(kLastChange);
+    if (!text) return std::nullopt;
+    const auto record = boost::json::parse(*text).as_object();
+    LastChange change{.mark = record.at("mark").as_string() == "read" ? Mark::read : Mark::saved};
+    if (const auto* at = record.if_contains("givenAt")) {
+        change.givenAt = at->as_int64();
+        return change;
+    }
+    for (const auto& story : record.at("taken").as_array()) {
+        const auto& pair = story.as_array();
+        change.taken.emplace_back(pair.at(0).as_int64(), pair.at(1).as_int64());
+    }
+    return change;
+}
+
+void remember(Database& database, const LastChange& change) {
+    DeskState(database).setText(kLastChange, change.text());
+}
+
 std::string_view statementFor(Mark mark, bool on) {
     if (mark == Mark::read) return on ? kMarkRead : kMarkUnread;
     return on ? kSave : kUnsave;
@@ -49,30 +103,54 @@ std::string_view statementFor(Mark mark, bool on) {
 /// Gives or takes one mark, story by story, in the caller's transaction.
 class MarkTable::Writer {
 public:
-    Writer(Database& database, Mark mark, std::optional<Instant> at)
+    Writer(Database& database, Mark mark, std::optional<Instant> at, Undoable undoable)
         : database_(database),
-          at_(at),
+          undoable_(undoable),
           stamp_(DeskState(database).nextStamp()),
-          statement_(database, statementFor(mark, at.has_value())) {
-        // Never the moment of the batch, or taking that back would take this back as well.
-        if (at_ && at_ == DeskState(database).instant(kLastReadBatch)) *at_ += Instant::duration(1);
+          statement_(database, statementFor(mark, at.has_value())),
+          former_(database,
+                  fmt::format("SELECT {0} FROM marks WHERE number = ? AND {0} IS NOT NULL",
+                              columnOf(mark))),
+          change_{.mark = mark} {
+        // A mark that can't be undone must not share the moment of the change that can be.
+        if (at) change_.givenAt = microseconds(MarkTable(database).unusedMoment(mark, *at));
     }
 
     std::int64_t stamp() const { return stamp_; }
 
     /// Whether that changed anything.
     bool mark(std::int64_t number) {
+        const auto former = formerMoment(number);
         statement_.bind(0, number).bind(1, stamp_);
-        if (at_) statement_.bind(2, microseconds(*at_));
+        if (change_.givenAt) statement_.bind(2, *change_.givenAt);
         statement_.run();
-        return database_.changes() > 0;
+        if (database_.changes() == 0) return false;
+        hasChanged_ = true;
+        if (former) change_.taken.emplace_back(number, *former);
+        return true;
+    }
+
+    /// After the last story.
+    void finish() {
+        if (undoable_ == Undoable::yes && hasChanged_) remember(database_, change_);
     }
 
 private:
+    std::optional<std::int64_t> formerMoment(std::int64_t number) {
+        if (change_.givenAt || undoable_ == Undoable::no) return std::nullopt;
+        former_.bind(0, number);
+        const auto moment = former_.step() ? former_.optionalNumber(0) : std::nullopt;
+        former_.reset();
+        return moment;
+    }
+
     Database& database_;
-    std::optional<Instant> at_;
+    Undoable undoable_;
     std::int64_t stamp_;
     Statement statement_;
+    Statement former_;
+    LastChange change_;
+    bool hasChanged_ = false;
 };
 
 Marked MarkTable::markRead(std::span<const std::string> ids, Instant at) {
@@ -93,7 +171,7 @@ Marked MarkTable::unsave(std::span<const std::string> ids) {
 
 Marked MarkTable::change(std::span<const std::string> ids, Mark mark, std::optional<Instant> at) {
     Transaction transaction(database_);
-    Writer writer(database_, mark, at);
+    Writer writer(database_, mark, at, Undoable::yes);
     Statement find(database_, "SELECT number FROM stories WHERE id = ?");
     Marked marked;
     for (const auto& id : ids) {
@@ -105,30 +183,36 @@ Marked MarkTable::change(std::span<const std::string> ids, Mark mark, std::optio
         }
         find.reset();
     }
+    writer.finish();
     transaction.commit();
     return marked;
 }
 
-std::int64_t MarkTable::set(Mark mark, std::vector<std::int64_t> numbers,
-                            std::optional<Instant> at) {
+std::int64_t MarkTable::set(Mark mark, std::vector<std::int64_t> numbers, std::optional<Instant> at,
+                            Undoable undoable) {
     // In the order of the table, so that it is walked once.
     std::sort(numbers.begin(), numbers.end());
     Transaction transaction(database_);
-    Writer writer(database_, mark, at);
+    Writer writer(database_, mark, at, undoable);
     for (const auto number : numbers) writer.mark(number);
+    writer.finish();
     transaction.commit();
     return writer.stamp();
 }
 
-bool MarkTable::isReadTime(Instant at) {
-    Statement row(database_, "SELECT 1 FROM marks WHERE readAt = ?");
-    row.bind(0, microseconds(at));
-    return row.step();
+Instant MarkTable::unusedMoment(Mark mark, Instant at) {
+    Statement used(database_, fmt::format("SELECT 1 FROM marks WHERE {} = ?", columnOf(mark)));
+    for (;; at += Instant::duration(1)) {
+        used.bind(0, microseconds(at));
+        const bool isUsed = used.step();
+        used.reset();
+        if (!isUsed) return at;
+    }
 }
 
 std::size_t MarkTable::markAllRead(const StorySelection& selection, Instant at) {
     Transaction transaction(database_);
-    while (isReadTime(at)) at += Instant::duration(1);
+    at = unusedMoment(Mark::read, at);
     StorySelection unread = selection;
     unread.unread = true;
     const SelectionClause clause(unread);
@@ -141,24 +225,35 @@ std::size_t MarkTable::markAllRead(const StorySelection& selection, Instant at) 
         mark.run();
         changed += static_cast<std::size_t>(database_.changes());
     }
-    if (changed > 0) DeskState(database_).set(kLastReadBatch, at);
+    if (changed > 0) remember(database_, {.mark = Mark::read, .givenAt = microseconds(at)});
     transaction.commit();
     return changed;
 }
 
-std::size_t MarkTable::undoLastReadBatch() {
+std::optional<UndoneChange> MarkTable::undoLastChange() {
     Transaction transaction(database_);
-    DeskState state(database_);
-    const auto batch = state.instant(kLastReadBatch);
-    if (!batch) return 0;
-    Statement undo(database_, "UPDATE marks SET readAt = NULL, stamp = ? WHERE readAt = ?");
-    undo.bind(0, state.nextStamp()).bind(1, microseconds(*batch));
-    undo.run();
-    const auto changed = static_cast<std::size_t>(database_.changes());
-    state.set(kLastReadBatch, std::nullopt);
+    const auto last = LastChange::read(database_);
+    if (!last) return std::nullopt;
+    UndoneChange undone{
+        .mark = last->mark, .on = !last->givenAt, .stamp = DeskState(database_).nextStamp()};
+    if (last->givenAt) {
+        Statement undo(database_, last->mark == Mark::read ? kUndoRead : kUndoSave);
+        undo.bind(0, undone.stamp).bind(1, *last->givenAt);
+        while (undo.step()) undone.numbers.push_back(undo.number(0));
+    }
+    Statement giveBack(database_, statementFor(last->mark, true));
+    for (const auto& [number, moment] : last->taken) {
+        giveBack.bind(0, number).bind(1, undone.stamp).bind(2, moment);
+        giveBack.run();
+        if (database_.changes() > 0) undone.numbers.push_back(number);
+    }
+    std::sort(undone.numbers.begin(), undone.numbers.end());
+    DeskState(database_).setText(kLastChange, std::nullopt);
     transaction.commit();
-    return changed;
+    return undone;
 }
+
+bool MarkTable::canUndo() { return DeskState(database_).text(kLastChange).has_value(); }
 
 MarkTable::Counts MarkTable::counts() {
     Statement row(database_, "SELECT count(readAt), count(savedAt) FROM marks");

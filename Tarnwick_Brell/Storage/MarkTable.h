@@ -16,6 +16,9 @@ namespace desk {
 
 enum class Mark { read, saved };
 
+/// Whether a change of marks takes the place of the one that can be taken back.
+enum class Undoable { no, yes };
+
 /// What became of a list of stories to be marked.
 struct Marked {
     std::size_t changed = 0;             ///< the others had the mark already
@@ -24,7 +27,17 @@ struct Marked {
     bool operator==(const Marked&) const = default;
 };
 
-/// Which stories the user has read and saved. Every call that changes something is a
+/// A change of marks that was taken back.
+struct UndoneChange {
+    Mark mark = Mark::read;
+    bool on = false;                      ///< the stories have the mark now
+    std::vector<std::int64_t> numbers{};  ///< of the stories that changed, rising
+    std::int64_t stamp = 0;
+};
+
+/// Which stories the user has read and saved. The library remembers the user's last change, so
+/// that every program takes the same one back; each change takes the place of the one before.
+/// Every call that changes something is a
 /// transaction of its own and stamps the marks that it changes (see DeskState::nextStamp).
 class MarkTable {
 public:
@@ -40,15 +53,16 @@ public:
     /// it away when there is no moment. Fast for very many.
     /// Returns the stamp of the change.
     std::int64_t set(Mark mark, std::vector<std::int64_t> numbers,
-                     std::optional<newsroom::Instant> at);
+                     std::optional<newsroom::Instant> at, Undoable undoable);
 
     /// Marks what is selected and unread as read, and says how many stories that were.
     std::size_t markAllRead(const StorySelection& selection, newsroom::Instant at);
 
-    /// Makes the stories that the last markAllRead changed unread again, but not those that
-    /// were marked by hand since; says how many. A batch can be taken back once; one that
-    /// changed nothing leaves the batch before it to be taken back.
-    std::size_t undoLastReadBatch();
+    /// Takes the last undoable change back, but not for stories whose mark has changed since.
+    /// Nothing when there is none: a change can be taken back once, and one that changed
+    /// nothing is none.
+    std::optional<UndoneChange> undoLastChange();
+    bool canUndo();
 
     struct Counts {
         std::size_t read = 0;
@@ -57,9 +71,9 @@ public:
     Counts counts();
 
 private:
-    Marked change(std::span<const std::string> ids, Mark mark, std::optional<newsroom::Instant> at);
     class Writer;
-    bool isReadTime(newsroom::Instant at);
+    Marked change(std::span<const std::string> ids, Mark mark, std::optional<newsroom::Instant> at);
+    newsroom::Instant unusedMoment(Mark mark, newsroom::Instant at);
 
     Database& database_;
 };

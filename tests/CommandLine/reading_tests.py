@@ -88,6 +88,8 @@ class ReadingTheWire(unittest.TestCase):
         self.assertIn("stories are unread again.", self.desk.run("read", "--undo").stdout)
         self.assertEqual(self.ids("--unread"), [id for id in self.wire if id != by_source[0]])
         self.assertEqual(self.desk.run("read", "--undo").stdout, "There was nothing to take back.\n")
+        self.desk.run("save", by_source[0])
+        self.assertEqual(self.desk.run("read", "--undo").stdout, "1 story is no longer saved.\n")
 
         recent = set(self.ids("--since", "6h"))
         self.desk.run("read", "--all", "--before", "6h")

@@ -65,6 +65,7 @@ WirePage::WirePage(NewsDesk& desk, NewsroomStore& newsrooms, const Defaults& def
         connect(list, &ChoiceList::changed, this, &WirePage::refilter);
     }
     connect(&desk, &NewsDesk::sourcesChanged, this, &WirePage::offerChoices);
+    connect(&desk, &NewsDesk::undoChanged, this, &WirePage::undoChanged);
     connect(&desk, &NewsDesk::passEnded, this, [this] {
         if (isSearching()) search();
     });
@@ -243,23 +244,15 @@ void WirePage::toggleRead() {
     if (!reader_.hasStory()) return;
     reading_.stop();
     const bool before = reader_.isRead();
-    markRead(!before);
-    noteMark({LastMark::Kind::read, currentID(), before},
-             before ? tr("Marked as unread.") : tr("Marked as read."));
+    desk_.setRead({currentID()}, !before, Undoable::yes);
+    emit marked(before ? tr("Marked as unread.") : tr("Marked as read."));
 }
 
 void WirePage::toggleSaved() {
     if (!reader_.hasStory()) return;
     const bool before = reader_.isSaved();
     desk_.setSaved({currentID()}, !before);
-    noteMark({LastMark::Kind::saved, currentID(), before},
-             before ? tr("No longer saved.") : tr("Saved."));
-}
-
-void WirePage::noteMark(LastMark mark, const QString& sentence) {
-    lastMark_ = std::move(mark);
-    emit undoChanged();
-    emit marked(sentence);
+    emit marked(before ? tr("No longer saved.") : tr("Saved."));
 }
 
 void WirePage::markAllRead() {
@@ -268,20 +261,12 @@ void WirePage::markAllRead() {
         emit noticed(tr("Everything in this list is read already."));
         return;
     }
-    noteMark({.kind = LastMark::Kind::allRead},
-             tr("%n stories marked as read.", nullptr, static_cast<int>(count)));
+    emit marked(tr("%n stories marked as read.", nullptr, static_cast<int>(count)));
 }
 
 bool WirePage::undo() {
-    const auto last = std::exchange(lastMark_, {});
-    switch (last.kind) {
-        case LastMark::Kind::none: return false;
-        case LastMark::Kind::read: desk_.setRead({last.id}, last.before); break;
-        case LastMark::Kind::saved: desk_.setSaved({last.id}, last.before); break;
-        case LastMark::Kind::allRead: desk_.undoMarkAllRead(); break;
-    }
+    if (!desk_.undoMarks()) return false;
     reading_.stop();
-    emit undoChanged();
     return true;
 }
 

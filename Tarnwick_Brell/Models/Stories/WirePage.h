@@ -88,7 +88,7 @@ public:
     Q_INVOKABLE void showArrivals();
     /// Takes the last mark back. False when there is nothing to take back.
     Q_INVOKABLE bool undo();
-    bool canUndo() const { return lastMark_.kind != LastMark::Kind::none; }
+    bool canUndo() const { return desk_.canUndo(); }
     /// Search and filters.
     Q_INVOKABLE void clearAll();
 
@@ -107,13 +107,6 @@ signals:
     void listBegins();
 
 private:
-    struct LastMark {
-        enum class Kind { none, read, saved, allRead };
-        Kind kind = Kind::none;
-        std::string id{};
-        bool before = false;
-    };
-
     StoryFilter filter() const;
     newsroom::StoryQuery placeQuery() const;
     void offerChoices();
@@ -122,7 +115,6 @@ private:
     void takeFound(const std::vector<std::int64_t>& found);
     void choose(std::optional<std::int64_t> number);
     void findCurrentRow();
-    void noteMark(LastMark mark, const QString& sentence);
     void markRead(bool read);
     std::string currentID() const;
 
@@ -141,7 +133,6 @@ private:
     int currentRow_ = -1;
     QTimer typing_;
     QTimer reading_;  ///< a story that stays in the reader for so long counts as read
-    LastMark lastMark_;
 };
 
 }  // namespace desk

@@ -112,18 +112,93 @@ TEST_F(NewsDeskTest, MarksHoldAtOnceAreKeptAndAllReadCanBeTakenBack) {
     for (std::size_t i = 0; i < 6; ++i) all.push_back(desk_->stories()[i].number());
     EXPECT_EQ(desk_->markAllRead(all), 5u);
     EXPECT_EQ(desk_->stories().unreadCount(), 0u);
-    desk_->setRead({third}, true);
-    EXPECT_EQ(desk_->undoMarkAllRead(), 4u) << "what was marked by hand since stays";
-    EXPECT_EQ(desk_->stories().unreadCount(), 4u);
-    EXPECT_EQ(desk_->undoMarkAllRead(), 0u);
+    EXPECT_TRUE(desk_->undoMarks());
+    EXPECT_EQ(desk_->stories().unreadCount(), 5u);
+    EXPECT_FALSE(desk_->undoMarks());
 
     desk_.reset();
     EXPECT_TRUE(stored(first).readAt.has_value());
     EXPECT_TRUE(stored(second).savedAt.has_value());
     EXPECT_FALSE(stored(second).readAt.has_value());
     open();
-    EXPECT_EQ(desk_->stories().unreadCount(), 4u);
+    EXPECT_EQ(desk_->stories().unreadCount(), 5u);
     EXPECT_EQ(desk_->stories().savedCount(), 1u);
+}
+
+TEST_F(NewsDeskTest, EveryProgramTakesBackTheSameLastChangeOfMarks) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 4)});
+    open();
+    refresh();
+    LocalStore other(bench_.library(), Database::Access::readWrite);
+    std::vector<std::int64_t> all;
+    for (std::size_t i = 0; i < 4; ++i) all.push_back(desk_->stories()[i].number());
+    desk_->setRead({idAt(0)}, true);
+    EXPECT_FALSE(desk_->canUndo()) << "what is read by the way is nothing to take back";
+    EXPECT_EQ(desk_->markAllRead(all), 3u);
+    ASSERT_TRUE(until([&] { return other.marks().canUndo(); }));
+    EXPECT_EQ(other.marks().undoLastChange()->numbers.size(), 3u);
+    EXPECT_TRUE(until([&] { return desk_->stories().unreadCount() == 3; }));
+    EXPECT_TRUE(until([&] { return !desk_->canUndo(); }));
+
+    desk_->setSaved({idAt(1)}, true);
+    ASSERT_TRUE(until([&] { return other.marks().canUndo(); }));
+    EXPECT_EQ(other.marks().markAllRead({}, bench_.now()), 3u);
+    EXPECT_TRUE(desk_->undoMarks()) << "before this desk has noticed the other's change";
+    EXPECT_TRUE(
+        until([&] { return desk_->isSaved(idAt(1)) && desk_->stories().unreadCount() == 3; }));
+    EXPECT_FALSE(other.marks().canUndo());
+
+    desk_->setRead({idAt(0)}, false, Undoable::yes);
+    desk_.reset();
+    open();
+    EXPECT_TRUE(desk_->undoMarks()) << "a change of the run before";
+    EXPECT_TRUE(until([&] { return desk_->isRead(idAt(0)); }));
+}
+
+TEST_F(NewsDeskTest, NoClockThatLeapsTakesStoriesFromTheWireOrAnnouncesThemAgain) {
+    for (const auto leap : {24h * 800, -24h * 800}) {
+        SCOPED_TRACE(leap.count());
+        const auto truth = bench_.now();
+        bench_.serve("a.example", {DeskBench::dated(DeskBench::feed("a.example", 60, 99), truth)});
+        open();
+        refresh();
+        desk_.reset();
+        announced_.clear();
+
+        bench_.pass(leap);
+        open();
+        EXPECT_EQ(desk_->stories().size(), 40u) << "at the start, before any server was asked";
+        refresh();
+        EXPECT_TRUE(desk_->clockSeemsWrong());
+        EXPECT_EQ(desk_->stories().size(), 40u);
+        desk_->markLeft(bench_.now());
+        bench_.serve("a.example", {DeskBench::dated({.status = 500}, truth)});
+        refresh();
+        EXPECT_EQ(desk_->stories().size(), 40u);
+        bench_.pass(-leap);
+        bench_.serve("a.example", {DeskBench::dated(DeskBench::feed("a.example", 60, 99), truth)});
+        refresh();
+        EXPECT_FALSE(desk_->clockSeemsWrong());
+        EXPECT_EQ(desk_->stories().size(), 40u);
+        EXPECT_TRUE(announced_.empty());
+        desk_.reset();
+        open();
+        EXPECT_LE(desk_->newSince(), bench_.now());
+        desk_.reset();
+    }
+}
+
+TEST_F(NewsDeskTest, AtTheStartTheClockIsBelievedUpToWhereServersLastConfirmedIt) {
+    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 99)});
+    open();
+    refresh();
+    EXPECT_EQ(desk_->stories().size(), 99u);
+    desk_.reset();
+    defaults_.set("storyRetentionDays", "1");
+    bench_.serve("a.example", {{.delivery = {.hangsUp = true}}});
+    bench_.pass(24h * 800);
+    open();
+    EXPECT_EQ(desk_->stories().size(), 24u);
 }
 
 TEST_F(NewsDeskTest, AChangeThatCannotBeWrittenIsTakenBackAndTold) {

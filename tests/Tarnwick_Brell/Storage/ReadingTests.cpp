@@ -60,6 +60,18 @@ protected:
 
     MarkTable& marks() { return store_.marks(); }
 
+    /// "unread: ab", or "nothing".
+    std::string undo() {
+        const auto undone = marks().undoLastChange();
+        if (!undone) return "nothing";
+        std::string text = undone->on ? "" : (undone->mark == Mark::read ? "un" : "not ");
+        text += undone->mark == Mark::read ? "read: " : "saved: ";
+        for (const auto number : undone->numbers) {
+            text += store_.stories().findByNumber(number)->story.id;
+        }
+        return text;
+    }
+
     /// What another desk would load, which has seen everything up to the stamp.
     std::string changedAfter(std::int64_t stamp) {
         std::string ids;
@@ -197,31 +209,45 @@ TEST_F(Reading, MarksAreKeptCountedAndToldToOtherDesks) {
 
 TEST_F(Reading, AllReadIsTakenBackExactly) {
     marks().markRead(IDs{"a"}, at(50));
-    marks().markUnread(IDs{"b"});
-    marks().markRead(IDs{"b"}, at(51));
-    marks().markUnread(IDs{"b"});
     EXPECT_EQ(marks().markAllRead({.sourceIDs = {"old"}}, at(50)), 2u) << "at a's very moment";
     EXPECT_EQ(unread(), "fed");
-    EXPECT_EQ(store_.stories().findByID("a", 1).at(0).readAt, at(50));
     EXPECT_EQ(marks().markAllRead({.before = at(12)}, at(52)), 0u);
 
-    // What the user marks afterwards is the user's own, at whatever moment the clock shows.
+    // What is read anew afterwards is the reader's own, at whatever moment the clock shows.
     const auto batch = *store_.stories().findByID("c", 1).at(0).readAt;
-    marks().markUnread(IDs{"c"});
-    marks().markRead(IDs{"c", "d"}, batch);
-    marks().save(IDs{"b"}, at(54));
+    const auto number = store_.stories().findByID("c", 1).at(0).number;
+    marks().set(Mark::read, {number}, std::nullopt, Undoable::no);
+    marks().set(Mark::read, {number}, batch, Undoable::no);
     const auto stamp = store_.state().lastStamp();
-    EXPECT_EQ(marks().undoLastReadBatch(), 1u);
-    EXPECT_EQ(unread(), "feb");
+    EXPECT_EQ(undo(), "unread: b");
+    EXPECT_EQ(unread(), "fedb");
     EXPECT_EQ(changedAfter(stamp), "b");
-    EXPECT_EQ(found({.saved = true}), "b");
-    EXPECT_EQ(marks().undoLastReadBatch(), 0u);
+    EXPECT_EQ(undo(), "nothing");
+    EXPECT_EQ(store_.stories().findByID("a", 1).at(0).readAt, at(50));
 
-    EXPECT_EQ(marks().markAllRead({}, at(60)), 3u);
-    EXPECT_EQ(unread(), "");
+    EXPECT_EQ(marks().markAllRead({}, at(60)), 4u);
     merge({story("g", 40, "News")});
-    EXPECT_EQ(marks().undoLastReadBatch(), 3u);
-    EXPECT_EQ(unread(), "gfeb");
+    EXPECT_EQ(undo(), "unread: bdef");
+    EXPECT_EQ(unread(), "gfedb");
+}
+
+TEST_F(Reading, TheLastChangeOfMarksIsTakenBackWhateverItWas) {
+    const auto all = [&](const char* id) { return store_.stories().findByID(id, 1).at(0); };
+    marks().save(IDs{"a", "b"}, at(50));
+    EXPECT_EQ(undo(), "not saved: ab");
+    marks().save(IDs{"a"}, at(51));
+    marks().unsave(IDs{"a", "b"});
+    EXPECT_EQ(undo(), "saved: a");
+    EXPECT_EQ(all("a").savedAt, at(51)) << "since when it was";
+    marks().markRead(IDs{"c"}, at(52));
+    marks().markUnread(IDs{"c"});
+    EXPECT_EQ(undo(), "read: c");
+    EXPECT_EQ(undo(), "nothing") << "only the last one";
+
+    marks().markRead(IDs{"d"}, at(53));
+    marks().markRead(IDs{"d"}, at(54));
+    marks().set(Mark::read, {all("e").number}, at(55), Undoable::no);
+    EXPECT_EQ(undo(), "unread: d") << "what changed nothing, or came by itself, is not undone";
 }
 
 }  // namespace
