@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 
@@ -10,6 +11,13 @@ namespace desk {
 /// News to tell the user of. A crowd is told of as one: then `stories` has the newest only.
 struct Announcement {
     static constexpr std::size_t kMostOneByOne = 20;
+
+    /// `news` is newest first.
+    static Announcement of(const std::vector<newsroom::Story>& news) {
+        const auto shown = std::min(news.size(), kMostOneByOne);
+        return {.stories = {news.begin(), news.begin() + static_cast<std::ptrdiff_t>(shown)},
+                .total = news.size()};
+    }
 
     std::vector<newsroom::Story> stories{};  ///< newest first
     std::size_t total = 0;

@@ -125,7 +125,7 @@ std::optional<Instant> NewsDesk::liveUntil() const {
     return autoRefresh_ ? autoRefresh_->liveUntil(clock_()) : std::nullopt;
 }
 
-void NewsDesk::onNewStories(std::function<void(const Announcement&)> callback) {
+void NewsDesk::onNewStories(std::function<void(const std::vector<newsroom::Story>&)> callback) {
     onNewStories_ = std::move(callback);
 }
 
@@ -181,19 +181,24 @@ void NewsDesk::takeStories(DeskStep& step) {
     emit wireChanged(change);
 }
 
-void NewsDesk::announce(std::vector<std::int64_t> newestFirst) {
-    if (newestFirst.empty()) return;
-    std::sort(newestFirst.begin(), newestFirst.end(), std::greater());
-    emit newsCame(newestFirst);
-    if (!onNewStories_) return;
-    Announcement announcement{.total = newestFirst.size()};
-    for (const auto number : newestFirst) {
-        if (announcement.stories.size() == Announcement::kMostOneByOne) break;
+void NewsDesk::announce(std::vector<std::int64_t> numbers) {
+    if (numbers.empty() || !onNewStories_) return;
+    std::sort(numbers.begin(), numbers.end(), std::greater());
+    std::vector<newsroom::Story> news;
+    for (const auto number : numbers) {
         if (const auto place = wire_.placeOf(number)) {
-            announcement.stories.push_back(wire_[*place].unpacked().story);
+            news.push_back(wire_[*place].unpacked().story);
         }
     }
-    onNewStories_(announcement);
+    onNewStories_(news);
+}
+
+/// Before any server has confirmed the clock, it is believed up to the last time that one did.
+void NewsDesk::dropOldAtStart() {
+    if (!clockConfirmed_) return dropOld(std::nullopt);
+    const auto retention =
+        std::chrono::duration_cast<Instant::duration>(passSettings(PassScope::all).retention);
+    dropOld(std::min(clock_(), *clockConfirmed_) - retention);
 }
 
 /// What the library has dropped. Without a moment nothing goes for its age.

@@ -21,7 +21,6 @@
 #include "NewsroomKit/Outlines/Outlines.h"
 #include "NewsroomKit/Sources/NewsSource.h"
 #include "Tarnwick_Brell/Desk/AddSourceError.h"
-#include "Tarnwick_Brell/Desk/Announcement.h"
 #include "Tarnwick_Brell/Desk/Backroom.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
 #include "Tarnwick_Brell/Desk/Mailbox.h"
@@ -89,9 +88,9 @@ public:
     /// The servers of the last pass say that this computer's clock is more than a day wrong.
     bool clockSeemsWrong() const { return clockSeemsWrong_; }
 
-    /// Called with newly arrived stories that are news: neither those of a source's first
-    /// fetch nor those that came in bulk.
-    void onNewStories(std::function<void(const Announcement&)> callback);
+    /// Called with newly arrived stories that are news, newest first: neither those of a
+    /// source's first fetch nor those that came in bulk or late.
+    void onNewStories(std::function<void(const std::vector<newsroom::Story>&)> callback);
 
     // What the user does.
     void refreshAll();
@@ -144,8 +143,6 @@ signals:
     /// arrivals as they come. Numbers of stories that are news.
     void storiesArrived(const std::vector<std::int64_t>& numbers);
     void passEnded(const desk::PassReport& report);
-    /// What onNewStories tells of, and a crowd of it whole: numbers, newest first.
-    void newsCame(const std::vector<std::int64_t>& numbers);
     /// Another program has written the library: whatever is read from it may have changed.
     void libraryChangedElsewhere();
     void failed(const QString& sentence);
@@ -215,7 +212,7 @@ private:
     bool canUndo_ = false;
     std::map<std::uint64_t, MarkChange> pendingMarks_;  ///< not yet in the library
     std::uint64_t lastMark_ = 0;
-    std::function<void(const Announcement&)> onNewStories_;
+    std::function<void(const std::vector<newsroom::Story>&)> onNewStories_;
     std::optional<RefreshCadence> autoRefresh_;
     QTimer timer_;
     std::uint64_t lastSearch_ = 0;

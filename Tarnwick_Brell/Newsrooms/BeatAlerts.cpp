@@ -27,24 +27,29 @@ void BeatAlerts::watchPanels(const newsroom::NewsroomSpec& spec) {
     }
 }
 
-std::vector<BeatMatch> BeatAlerts::matches(const std::vector<Story>& news) const {
-    std::vector<BeatMatch> found;
-    for (const auto& watch : watches_) {
-        found.push_back({.id = watch.id, .name = watch.name, .newsroomID = watch.newsroomID});
-    }
+bool BeatAlerts::Watch::wants(const Story& story) const {
+    return (kind != PanelKind::apple || story.isAppleSource) && query.matches(story);
+}
+
+BeatAlerts::Sorted BeatAlerts::sort(const std::vector<Story>& news) const {
+    Sorted sorted;
+    std::vector<std::vector<Story>> found(watches_.size());
     for (const auto& story : news) {
-        for (std::size_t i = 0; i < watches_.size(); ++i) {
-            if (watches_[i].kind == PanelKind::apple && !story.isAppleSource) continue;
-            if (!watches_[i].query.matches(story)) continue;
-            auto& announcement = found[i].announcement;
-            ++announcement.total;
-            if (announcement.stories.size() < Announcement::kMostOneByOne)
-                announcement.stories.push_back(story);
-            break;
-        }
+        const auto watch = std::find_if(watches_.begin(), watches_.end(),
+                                        [&](const Watch& each) { return each.wants(story); });
+        auto& list = watch == watches_.end()
+                         ? sorted.others
+                         : found[static_cast<std::size_t>(watch - watches_.begin())];
+        list.push_back(story);
     }
-    std::erase_if(found, [](const BeatMatch& match) { return match.announcement.total == 0; });
-    return found;
+    for (std::size_t i = 0; i < watches_.size(); ++i) {
+        if (found[i].empty()) continue;
+        sorted.matches.push_back({.id = watches_[i].id,
+                                  .name = watches_[i].name,
+                                  .newsroomID = watches_[i].newsroomID,
+                                  .announcement = Announcement::of(found[i])});
+    }
+    return sorted;
 }
 
 }  // namespace desk

@@ -24,13 +24,17 @@ class BeatAlerts {
 public:
     BeatAlerts(const BeatShelf& beats, const NewsroomShelf& newsrooms);
 
-    bool isEmpty() const { return watches_.empty(); }
-
+    struct Sorted {
+        std::vector<BeatMatch> matches{};
+        std::vector<newsroom::Story> others{};  ///< that no beat and no panel asks for
+    };
     /// `news` is newest first.
-    std::vector<BeatMatch> matches(const std::vector<newsroom::Story>& news) const;
+    Sorted sort(const std::vector<newsroom::Story>& news) const;
 
 private:
     struct Watch {
+        bool wants(const newsroom::Story& story) const;
+
         std::string id;
         std::string name;
         newsroom::CompiledStoryQuery query;

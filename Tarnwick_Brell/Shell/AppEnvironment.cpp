@@ -80,30 +80,24 @@ void AppEnvironment::connectNewsrooms() {
     QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &newsrooms_,
                      [this] { newsrooms_.load(); });
     // With the beats as they are now: another program may have changed one with the same pass.
-    QObject::connect(&newsDesk_, &NewsDesk::newsCame, &newsrooms_, [this](const auto& news) {
-        newsrooms_.load([this, news] { tellBeats(news); });
+    newsDesk_.onNewStories([this](const std::vector<newsroom::Story>& news) {
+        newsrooms_.load([this, news] { announce(news); });
     });
 }
 
-void AppEnvironment::tellBeats(const std::vector<std::int64_t>& numbers) {
-    const BeatAlerts beats(newsrooms_.beats(), newsrooms_.newsrooms());
-    if (beats.isEmpty()) return;
-    std::vector<newsroom::Story> news;
-    for (const auto number : numbers) {
-        const auto& wire = newsDesk_.stories();
-        if (const auto place = wire.placeOf(number)) news.push_back(wire[*place].unpacked().story);
-    }
-    for (const auto& match : beats.matches(news)) {
+/// A story that a beat has told is not told again as a story.
+void AppEnvironment::announce(const std::vector<newsroom::Story>& news) {
+    const auto sorted = BeatAlerts(newsrooms_.beats(), newsrooms_.newsrooms()).sort(news);
+    for (const auto& match : sorted.matches) {
         const auto& told = match.announcement;
         alerts_.beat(match.name, match.id, told.stories, told.total, pageOf(match));
     }
+    alerts_.stories(Announcement::of(sorted.others));
 }
 
 void AppEnvironment::connectAlerts() {
     connectTrackerAlerts();
     connectSignalAlerts();
-    newsDesk_.onNewStories(
-        [this](const Announcement& announcement) { alerts_.stories(announcement); });
 }
 
 // With the panels as they are now: another program may have changed them, and at the start they

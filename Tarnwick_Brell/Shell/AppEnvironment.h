@@ -55,7 +55,7 @@ private:
     void connectAlerts();
     void connectTrackerAlerts();
     void connectSignalAlerts();
-    void tellBeats(const std::vector<std::int64_t>& news);
+    void announce(const std::vector<newsroom::Story>& news);
 
     newsroom::FeedClient::Clock clock_;
     LibraryLock lock_;

@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include "Tarnwick_Brell/Desk/Announcement.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
 #include "tests/Tarnwick_Brell/Desk/DeskBench.h"
@@ -25,7 +26,8 @@ protected:
     void open() {
         desk_ = std::make_unique<NewsDesk>(bench_.library(), bench_.network(), defaults_,
                                            bench_.clock());
-        desk_->onNewStories([this](const Announcement& news) { announced_.push_back(news); });
+        desk_->onNewStories(
+            [this](const auto& news) { announced_.push_back(Announcement::of(news)); });
         QObject::connect(desk_.get(), &NewsDesk::failed,
                          [this](const QString& text) { failures_.push_back(text.toStdString()); });
         desk_->start();
