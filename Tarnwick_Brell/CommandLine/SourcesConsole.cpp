@@ -7,6 +7,7 @@
 
 #include "NewsroomKit/Addresses/SecretMasking.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/SourceText.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/TextTable.h"
@@ -88,8 +89,7 @@ void addNotes(TextTable& table, const ConsoleRow& row) {
                                   printable(newsroom::maskedSecrets(*health.movedTo))));
     }
     if (health.collapsed > 0) {
-        table.addNote(counted(health.collapsed, "entry repeats", "entries repeat") +
-                      " another one's link or story.");
+        table.addNote(storyCountText(status.storyCount, health.collapsed) + ".");
     }
     if (health.collided > 0) {
         table.addNote(counted(health.collided, "story", "stories") +

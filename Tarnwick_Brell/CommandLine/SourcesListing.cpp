@@ -5,6 +5,7 @@
 
 #include "NewsroomKit/Sources/SourceShape.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/SourceText.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/TextTable.h"
@@ -16,10 +17,14 @@ namespace {
 
 using newsroom::NewsSource;
 
-std::string statusText(const desk::SourceStatus& status, newsroom::Instant now) {
+std::string statusText(const NewsSource& source, const desk::SourceStatus& status,
+                       const desk::SourceHealth& health, newsroom::Instant now) {
     if (status.lastError) return "failing";
     if (!status.lastSuccess) return "never fetched";
-    return fmt::format("{} {}, {}", status.storyCount, status.storyCount == 1 ? "story" : "stories",
+    const bool isNoneOfApple = source.onlyApple && status.storyCount == 0;
+    return fmt::format("{}, {}",
+                       isNoneOfApple ? "no stories about Apple"
+                                     : storyCountText(status.storyCount, health.collapsed),
                        *status.lastSuccess + std::chrono::minutes(1) > now
                            ? "just now"
                            : age(*status.lastSuccess, now) + " ago");
@@ -27,11 +32,13 @@ std::string statusText(const desk::SourceStatus& status, newsroom::Instant now) 
 
 int listAsJSON(Session& session, desk::LocalStore& store, const desk::SourceRoster& roster) {
     auto statuses = store.sources().statuses();
+    auto healths = store.sources().healths();
     boost::json::array list;
     for (const auto& source : roster.sources()) {
         auto record = newsroom::encode(source).get_object();
         record["enabled"] = roster.isEnabled(source);
         record["status"] = newsroom::encode(statuses[source.id]);
+        record["collapsed"] = healths[source.id].collapsed;
         list.push_back(std::move(record));
     }
     session.out().line(boost::json::serialize(list));
@@ -45,6 +52,7 @@ int listSources(Session& session) {
     const desk::SourceRoster roster(store.sources());
     if (session.options().json) return listAsJSON(session, store, roster);
     auto statuses = store.sources().statuses();
+    auto healths = store.sources().healths();
     TextTable table({Column::cut("source", 14), Column::whole("id"), Column::whole(""),
                      Column::whole("last fetch").dropped(1)});
     const NewsSource* previous = nullptr;
@@ -55,7 +63,7 @@ int listSources(Session& session) {
         previous = &source;
         const auto& status = statuses[source.id];
         table.add({printable(source.name), source.id, roster.isEnabled(source) ? "on" : "off",
-                   statusText(status, session.now())});
+                   statusText(source, status, healths[source.id], session.now())});
         if (status.lastError) table.addNote(printable(*status.lastError));
     }
     table.print(session.out());

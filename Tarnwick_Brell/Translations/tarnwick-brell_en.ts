@@ -201,6 +201,20 @@
         </translation>
     </message>
     <message numerus="yes">
+        <source>1 story, %n more share its link</source>
+        <translation>
+            <numerusform>1 story, %n more shares its link</numerusform>
+            <numerusform>1 story, %n more share its link</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n more share a link with one of them</source>
+        <translation>
+            <numerusform>%1, %n more shares a link with one of them</numerusform>
+            <numerusform>%1, %n more share a link with one of them</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%1, %n failing</source>
         <translation>
             <numerusform>%1, %n failing</numerusform>

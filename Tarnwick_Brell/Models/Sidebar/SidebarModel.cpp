@@ -72,6 +72,7 @@ SidebarModel::SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStor
     const auto later = [this] { rebuildSoon(); };
     connect(&desk, &NewsDesk::sourcesChanged, this, later);
     connect(&desk, &NewsDesk::marksChanged, this, later);
+    connect(&desk, &NewsDesk::passEnded, this, later);
     connect(&newsrooms, &NewsroomStore::newsroomsChanged, this, later);
     connect(&newsrooms, &NewsroomStore::beatsChanged, this, later);
     connect(&trackers, &TrackerStore::statusChanged, this, later);
@@ -162,14 +163,24 @@ SidebarRow SidebarModel::sourceRow(const newsroom::NewsSource& source) const {
     const auto name = titleText(source.name);
     auto spoken = tr("%1, %2").arg(name, markName(mark));
     if (unread > 0) spoken = tr("%1, %n unread", nullptr, unread).arg(spoken);
-    const auto& error = desk_.sourceStatus(source.id).lastError;
     return {.kind = SidebarKind::Source,
             .key = Place{Kind::source, plainText(source.id)}.key(),
             .title = name,
             .count = countText(unread),
             .mark = mark,
             .spokenText = spoken,
-            .hint = error ? bodyText(*error, 200) : QString()};
+            .hint = hintOf(source.id)};
+}
+
+/// Why the source fails, or why it has fewer stories than its feed.
+QString SidebarModel::hintOf(const std::string& id) const {
+    const auto& status = desk_.sourceStatus(id);
+    if (status.lastError) return bodyText(*status.lastError, 200);
+    const auto more = static_cast<int>(desk_.sourceHealth(id).collapsed);
+    if (more == 0) return {};
+    if (status.storyCount == 1) return tr("1 story, %n more share its link", nullptr, more);
+    return tr("%1, %n more share a link with one of them", nullptr, more)
+        .arg(tr("%n stories", nullptr, static_cast<int>(status.storyCount)));
 }
 
 SourceMark::Value SidebarModel::markOf(const std::string& id) const {
@@ -199,6 +210,7 @@ QString SidebarModel::footText() const {
         ++on;
         if (desk_.sourceStatus(id).lastError) ++failing;
     }
+    if (desk_.clockSeemsWrong()) return tr("The clock seems wrong");
     const auto sources = tr("%n sources", nullptr, on);
     return failing > 0 ? tr("%1, %n failing", nullptr, failing).arg(sources) : sources;
 }

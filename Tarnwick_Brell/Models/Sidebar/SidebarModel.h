@@ -70,7 +70,7 @@ public:
     bool isExpanded = true;
     bool isCurrent = false;
     QString spokenText{};
-    QString hint{};  ///< why a source fails
+    QString hint{};  ///< why a source fails, or has fewer stories than its feed
 
     bool operator==(const SidebarRow&) const = default;
 };
@@ -130,6 +130,7 @@ private:
     void addTrackers(std::vector<SidebarRow>& rows) const;
     SidebarRow sourceRow(const newsroom::NewsSource& source) const;
     SourceMark::Value markOf(const std::string& sourceID) const;
+    QString hintOf(const std::string& id) const;
     QString footText() const;
 
     NewsDesk& desk_;

@@ -98,6 +98,20 @@ TEST_F(SidebarModelTest, CountsFollowArrivalsAndMarks) {
     EXPECT_TRUE(until([&] { return cell(beat, "count") == "1"; }));
 }
 
+TEST_F(SidebarModelTest, StoriesThatShareALinkAndAWrongClockAreTold) {
+    std::string feed = "<rss><channel>";
+    for (const char* title : {"One", "Two", "Three", "Four"}) {
+        feed += "<item><title>" + std::string(title) + "</title><link>https://tide/</link></item>";
+    }
+    bench_.desk.serve("tide", {DeskBench::dated({.body = feed + "</channel></rss>"},
+                                                bench_.desk.now() - std::chrono::hours(48))});
+    bench_.news->refreshSource("tide");
+    EXPECT_TRUE(until([&] {
+        return cell("source:tide", "hint") == "1 story, 3 more share its link";
+    })) << cell("source:tide", "hint").toStdString();
+    EXPECT_TRUE(until([&] { return sidebar_->foot() == "The clock seems wrong"; }));
+}
+
 TEST_F(SidebarModelTest, GroupsCloseAndPlacesAreStillThereForOthers) {
     QStringList told;
     QObject::connect(sidebar_.get(), &SidebarModel::groupToggled,
