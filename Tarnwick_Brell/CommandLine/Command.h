@@ -30,6 +30,7 @@ void addTraceCommand(arguments::Command& app, Command& chosen);
 void addSettingsCommand(arguments::Command& app, Command& chosen);
 void addNewsroomCommand(arguments::Command& app, Command& chosen);
 void addBeatCommand(arguments::Command& app, Command& chosen);
+void addLogCommand(arguments::Command& app, Command& chosen);
 void addLibraryCommand(arguments::Command& app, Command& chosen);
 void addInspectCommand(arguments::Command& app, Command& chosen);
 

@@ -14,7 +14,8 @@ Session::Session(GlobalOptions options)
     : options_(std::move(options)),
       out_(options_.json ? Output::Styles::none : Output::Styles::asTerminalShows),
       now_(currentInstant()),
-      premises_(options_, now_) {}
+      premises_(options_, now_),
+      log_(premises_.log()) {}
 
 void Session::advise(const std::string& sentence) {
     out_.line(wrapped(withGivenOptions(sentence, options_), out_.width(), ""));

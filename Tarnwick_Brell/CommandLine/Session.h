@@ -64,6 +64,7 @@ private:
     Output out_;
     newsroom::Instant now_;
     desk::Premises premises_;
+    desk::ProgramLog log_;
     std::unique_ptr<desk::LocalStore> store_;
     bool isForReading_ = false;
     std::unique_ptr<desk::Defaults> defaults_;

@@ -67,6 +67,7 @@ std::string_view typeName(desk::SettingKey::Type type) {
         case Type::symbol: return "symbol";
         case Type::webAddress: return "address";
         case Type::file: return "file";
+        case Type::logLevels: return "levels";
     }
     return "";
 }

@@ -143,6 +143,7 @@ int main(int argc, char** argv) {
     addArchiveCommand(app, chosen);
     addTraceCommand(app, chosen);
     addSettingsCommand(app, chosen);
+    addLogCommand(app, chosen);
     addLibraryCommand(app, chosen);
     addInspectCommand(app, chosen);
     app.footer(

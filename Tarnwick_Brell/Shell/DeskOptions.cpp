@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
 
+#include "NewsroomKit/Log/Log.h"
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 
 namespace desk {
@@ -29,6 +30,12 @@ void addDeskOptions(arguments::Command& program, DeskOptions& options) {
         .mayBeEmpty()
         .checked(hostAndPort);
     program.option("--ca-file", options.caFile, "Certificate authority to trust for it");
+    program
+        .option("--log", options.log,
+                "Print the program's log as well: a level (error, warning, info, debug) or levels of "
+                "categories (warning,http=debug)")
+        .shownAs("LEVELS")
+        .checked([](const std::string& text) { return newsroom::LogLevels::complaint(text); });
 }
 
 }  // namespace desk

@@ -16,6 +16,7 @@ struct DeskOptions {
     std::optional<std::filesystem::path> dataDir;
     std::optional<std::string> connectTo;
     std::optional<std::filesystem::path> caFile;
+    std::optional<std::string> log;  ///< levels, as newsroom::LogLevels reads them
 };
 
 /// Makes the program read them from its command line.

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <utility>
 
+#include "NewsroomKit/Log/Log.h"
 #include "NewsroomKit/Signals/SignalHosts.h"
 #include "Tarnwick_Brell/Storage/Defaults.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
@@ -57,6 +58,14 @@ Premises::Premises(DeskOptions options, newsroom::Instant now)
             "--demo brings its own press room, so --connect-to and --ca-file can't go with it.");
     }
     requireFolder(paths_.library.parent_path());
+}
+
+ProgramLog::Options Premises::log() const {
+    auto levels = options_.log;
+    if (!levels) levels = Defaults(paths_.settings).text(SettingKey::kLogLevels);
+    // The settings file may have been written by hand.
+    if (!levels || !newsroom::LogLevels::complaint(*levels).empty()) levels = "info";
+    return {.file = paths_.log, .levels = *levels, .toStandardError = options_.log.has_value()};
 }
 
 newsroom::CurlTransport::Options Premises::network(const Warning& warn) {

@@ -9,6 +9,7 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Shell/DemoPressRoom.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
+#include "Tarnwick_Brell/Shell/ProgramLog.h"
 #include "Tarnwick_Brell/Storage/Paths.h"
 
 namespace desk {
@@ -29,6 +30,9 @@ public:
     Premises(DeskOptions options, newsroom::Instant now);
 
     const Paths& paths() const { return paths_; }
+
+    /// The levels that the command line names, or else the setting.
+    ProgramLog::Options log() const;
 
     /// To be asked before the library is opened: for the demonstration it starts the press
     /// room, alive as long as this object, which may begin a new world with an empty library.

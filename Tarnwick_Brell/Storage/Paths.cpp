@@ -22,7 +22,8 @@ std::filesystem::path baseDirectory(const char* variable, const char* belowHome)
 
 /// Whether the desk makes files or folders of this name.
 bool isOurs(const std::string& name) {
-    return name.starts_with("library.") || name.starts_with("settings.ini") || name == "backups" ||
+    return name.starts_with("library.") || name.starts_with("settings.ini") ||
+           name.starts_with("program.log") || name == "backups" ||
            name == "demo" || name == "world-start";
 }
 
@@ -54,7 +55,11 @@ void keepPrivate(const std::filesystem::path& folder) {
 Paths Paths::forUser(const std::optional<std::filesystem::path>& dataDir) {
     const auto data = dataDir ? *dataDir : baseDirectory("XDG_DATA_HOME", ".local/share") / kFolder;
     const auto config = dataDir ? *dataDir : baseDirectory("XDG_CONFIG_HOME", ".config") / kFolder;
-    return {.library = data / "library.sqlite", .settings = config / "settings.ini"};
+    const auto state =
+        dataDir ? *dataDir : baseDirectory("XDG_STATE_HOME", ".local/state") / kFolder;
+    return {.library = data / "library.sqlite",
+            .settings = config / "settings.ini",
+            .log = state / "program.log"};
 }
 
 void Paths::createFolders() const {

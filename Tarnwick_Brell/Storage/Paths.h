@@ -9,6 +9,7 @@ namespace desk {
 struct Paths {
     std::filesystem::path library;   ///< the SQLite file
     std::filesystem::path settings;  ///< key-value, INI
+    std::filesystem::path log;       ///< lines of text; its folder is made when it is written to
 
     /// By the XDG base directories, or everything in `dataDir` when one is named.
     static Paths forUser(const std::optional<std::filesystem::path>& dataDir);

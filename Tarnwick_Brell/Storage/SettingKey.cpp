@@ -10,6 +10,7 @@
 #include <fmt/format.h>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
+#include "NewsroomKit/Log/Log.h"
 #include "NewsroomKit/Signals/DeviceIdentifier.h"
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
@@ -68,6 +69,8 @@ constexpr std::array kKeys{
                kCurrentDevices, Type::deviceList},
     SettingKey{SettingKey::kAppearance, "whether the window is light, dark or as the desktop is",
                "system", Type::choice, kAppearances},
+    SettingKey{SettingKey::kLogLevels, "how much the program's log tells, also of one category",
+               "info", Type::logLevels},
 };
 
 constexpr std::size_t kLongestSymbol = 24;
@@ -132,6 +135,7 @@ std::string wanted(const SettingKey& key) {
         case Type::webAddress: return "an address that begins with https:// and names a host";
         case Type::file: return "a file that can be read";
         case Type::deviceList: return "a list of models such as \"iPhone18,3, iPad16,1\"";
+        case Type::logLevels: return "a level such as \"warning\" or \"info,http=debug\"";
     }
     throw std::logic_error("a setting without a type");
 }
@@ -147,6 +151,7 @@ std::optional<std::string> suitable(const SettingKey& key, std::string_view valu
         case Type::webAddress: good = isServiceAddress(value); break;
         case Type::file: good = std::filesystem::is_regular_file(value); break;
         case Type::deviceList: return deviceList(value);
+        case Type::logLevels: good = newsroom::LogLevels::complaint(value).empty(); break;
     }
     return good ? std::optional(std::string(value)) : std::nullopt;
 }

@@ -9,7 +9,7 @@ namespace desk {
 
 /// One key of the settings: what it means, what holds when it is absent, what it takes.
 struct SettingKey {
-    enum class Type { wholeNumber, truthValue, choice, symbol, webAddress, file, deviceList };
+    enum class Type { wholeNumber, truthValue, choice, symbol, webAddress, file, deviceList, logLevels };
 
     std::string_view name;
     std::string_view meaning;
@@ -45,6 +45,7 @@ struct SettingKey {
     static constexpr std::string_view kFocusSymbol = "focusSymbol";
     static constexpr std::string_view kServiceAddress = "serviceAddress";
     static constexpr std::string_view kAppearance = "appearance";
+    static constexpr std::string_view kLogLevels = "logLevels";
 };
 
 }  // namespace desk

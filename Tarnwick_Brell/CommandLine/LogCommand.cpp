@@ -1,0 +1,68 @@
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <boost/json.hpp>
+#include <fmt/format.h>
+
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/Shell/LogFile.h"
+
+namespace brell {
+
+namespace {
+
+struct LogOptions {
+    bool program = false;
+    std::optional<std::string> levels;
+    std::int64_t limit = 200;
+};
+
+boost::json::object jsonOf(const newsroom::LogLine& line) {
+    return {{"time", newsroom::iso8601Text(line.time)},
+            {"level", newsroom::rawValue(line.level)},
+            {"category", newsroom::rawValue(line.category)},
+            {"text", line.text}};
+}
+
+int showProgramLog(Session& session, const LogOptions& options) {
+    const auto lines =
+        desk::readLogFile(session.paths().log, static_cast<std::size_t>(options.limit),
+                          newsroom::LogLevels::parse(options.levels.value_or("debug")));
+    if (session.options().json) {
+        boost::json::array array;
+        for (const auto& line : lines) array.push_back(jsonOf(line));
+        session.out().line(boost::json::serialize(array));
+        return kDone;
+    }
+    for (const auto& line : lines) {
+        session.out().line(fmt::format("{}  {:<7}  {:<13}  {}", newsroom::iso8601Text(line.time),
+                                       newsroom::rawValue(line.level),
+                                       newsroom::rawValue(line.category), printable(line.text)));
+    }
+    if (lines.empty()) session.out().line("The log has no such lines.");
+    return kDone;
+}
+
+}  // namespace
+
+void addLogCommand(arguments::Command& app, Command& chosen) {
+    auto options = std::make_shared<LogOptions>();
+    auto command = app.subcommand("log", "What the program itself has done lately");
+    command.flag("--program", options->program, "The program's own log, newest lines last")
+        .required();
+    command
+        .option("--level", options->levels,
+                "Only lines this grave: error, warning, info, debug, or for one category "
+                "\"off,http=debug\"")
+        .checked([](const std::string& text) { return newsroom::LogLevels::complaint(text); });
+    command.number("--limit", options->limit, {1, 100'000}, "At most so many lines");
+    command.whenChosen([options, &chosen] {
+        chosen = [options](Session& session) { return showProgramLog(session, *options); };
+    });
+}
+
+}  // namespace brell
