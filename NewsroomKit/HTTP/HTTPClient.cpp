@@ -11,6 +11,7 @@
 #include <boost/asio/use_awaitable.hpp>
 
 #include "NewsroomKit/HTTP/CurlTransport.h"
+#include "NewsroomKit/Log/Log.h"
 
 namespace newsroom {
 namespace {
@@ -24,6 +25,21 @@ bool isHTTPS(std::string_view url) {
            std::ranges::equal(url.substr(0, scheme.size()), scheme, [](char given, char wanted) {
                return (given >= 'A' && given <= 'Z' ? given + ('a' - 'A') : given) == wanted;
            });
+}
+
+/// An address without what names the feed's reader: host and path, no query.
+std::string_view withoutQuery(std::string_view url) { return url.substr(0, url.find('?')); }
+
+void logExchange(const std::string& url, const FetchResult<HTTPClient::Result>& result,
+                 const HTTPClient::Record& record) {
+    const double seconds = std::chrono::duration<double>(record.elapsed).count();
+    if (result.has_error()) {
+        log(LogCategory::http, LogLevel::info, "{}: {} ({} attempts, {:.1f} s)", withoutQuery(url),
+            result.error().description(), record.attempts, seconds);
+    } else {
+        log(LogCategory::http, LogLevel::debug, "{}: {} ({} bytes, {:.1f} s)", withoutQuery(url),
+            record.status, record.bytesOnWire, seconds);
+    }
 }
 
 }  // namespace
@@ -63,6 +79,7 @@ asio::awaitable<HTTPClient::Exchange> HTTPClient::exchange(std::string url,
         }
     }
     record.elapsed = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start);
+    logExchange(url, result, record);
     co_return Exchange{std::move(result), std::move(record)};
 }
 

@@ -14,6 +14,7 @@
 #include <boost/asio/use_awaitable.hpp>
 
 #include "NewsroomKit/Ingestion/FetchQueue.h"
+#include "NewsroomKit/Log/Log.h"
 #include "Tarnwick_Brell/Desk/StoryIntake.h"
 
 namespace desk {
@@ -56,6 +57,20 @@ std::chrono::seconds withJitter(std::chrono::seconds pause) {
     std::uniform_int_distribution<std::chrono::seconds::rep> more(0, pause.count() / 10);
     return std::min<std::chrono::seconds>(pause + std::chrono::seconds(more(source)),
                                           HostPauses::kLongest);
+}
+
+void logPass(const PassReport& report) {
+    std::size_t failed = 0;
+    std::size_t added = 0;
+    for (const auto& outcome : report.outcomes) {
+        failed += outcome.kind == SourceOutcome::Kind::failed ? 1 : 0;
+        added += outcome.merged.added;
+    }
+    newsroom::log(newsroom::LogCategory::desk, newsroom::LogLevel::info,
+                  "a pass over {} sources brought {} stories, {} sources failed{}{}{}",
+                  report.outcomes.size(), added, failed, report.offline ? ", offline" : "",
+                  report.cancelled ? ", cancelled" : "",
+                  report.clockSeemsWrong ? ", the clock seems wrong" : "");
 }
 
 }  // namespace
@@ -255,6 +270,7 @@ asio::awaitable<PassReport> RefreshPass::run(std::vector<NewsSource> sources) {
     report.clockSeemsWrong = clockCheck().seemsWrong();
     if (intake.isAnswered() && !report.clockSeemsWrong) report.droppedBefore = cutoff();
     tidyUp(validators, report);
+    logPass(report);
     co_return report;
 }
 

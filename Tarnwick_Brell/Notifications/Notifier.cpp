@@ -11,6 +11,7 @@
 #include <QVariantMap>
 
 #include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Log/Log.h"
 #include "Tarnwick_Brell/Text/ShownText.h"
 
 namespace desk {
@@ -140,7 +141,11 @@ void Notifier::setPresence(Presence presence) {
     const bool wasAvailable = isAvailable();
     presence_ = presence;
     if (!mayPost()) waiting_.clear();
-    if (isAvailable() != wasAvailable) emit availabilityChanged();
+    if (isAvailable() != wasAvailable) {
+        newsroom::log(newsroom::LogCategory::notifications, newsroom::LogLevel::info,
+                      "the desktop's notification service is {}", isAvailable() ? "there" : "gone");
+        emit availabilityChanged();
+    }
     sendNext();
 }
 
@@ -223,6 +228,8 @@ void Notifier::send(const QStringList& capabilities) {
         if (number.isError()) {
             refused(number.error());
         } else {
+            newsroom::log(newsroom::LogCategory::notifications, newsroom::LogLevel::info,
+                          "posted {}", notification.identifier);
             shown_[notification.identifier] = {
                 .number = number.value(), .link = link, .target = notification.target};
         }
@@ -231,6 +238,8 @@ void Notifier::send(const QStringList& capabilities) {
 
 /// A notification that did not get through is lost: told late, it would be no news.
 void Notifier::refused(const QDBusError& error) {
+    newsroom::log(newsroom::LogCategory::notifications, newsroom::LogLevel::warning,
+                  "the service refused a notification: {}", error.message().toStdString());
     // A service that can't be started will not start for the next one either.
     const bool isGone = error.type() == QDBusError::ServiceUnknown ||
                         error.name().startsWith(u"org.freedesktop.DBus.Error.Spawn");

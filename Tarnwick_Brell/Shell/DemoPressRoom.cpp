@@ -13,6 +13,7 @@
 #include <optional>
 #include <system_error>
 
+#include "NewsroomKit/Log/Log.h"
 #include "NewsroomKit/Records/Codec.h"
 #include "Tarnwick_Brell/Storage/Paths.h"
 
@@ -121,6 +122,8 @@ void DemoPressRoom::readAddress(int output) {
         address_ = newsroom::decode<std::string>(ready.at("host")) + ":" +
                    std::to_string(newsroom::decode<std::int64_t>(ready.at("port")));
         authority_ = newsroom::decode<std::string>(ready.at("authority"));
+        newsroom::log(newsroom::LogCategory::press, newsroom::LogLevel::info,
+                      "the press room answers at {}", address_);
     } catch (const std::exception&) {
         throw DemoError(kNotStarted);
     }

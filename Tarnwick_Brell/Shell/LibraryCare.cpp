@@ -3,6 +3,7 @@
 #include <chrono>
 #include <utility>
 
+#include "NewsroomKit/Log/Log.h"
 #include "Tarnwick_Brell/Storage/Backups.h"
 #include "Tarnwick_Brell/Storage/LibraryCheck.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
@@ -35,8 +36,13 @@ void LibraryCare::run(const std::stop_token& stop, bool lastDeskDied) {
 void LibraryCare::lookAfter(const std::stop_token& stop, bool lastDeskDied) {
     try {
         checkIfDue(library_, lastDeskDied, clock_(), stop);
-        Backups(library_).makeIfDue(clock_(), stop);
+        if (const auto backup = Backups(library_).makeIfDue(clock_(), stop)) {
+            newsroom::log(newsroom::LogCategory::storage, newsroom::LogLevel::info,
+                          "copied the library to {}", backup->file.filename().string());
+        }
     } catch (const StoreError& error) {
+        newsroom::log(newsroom::LogCategory::storage, newsroom::LogLevel::error, "{}",
+                      error.what());
         // Qt carries it to the receiver's thread.
         const auto sentence = QString::fromUtf8(error.what());
         const bool isDamaged = error.reason() == StoreError::Reason::damaged;

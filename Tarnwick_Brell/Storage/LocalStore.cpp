@@ -3,6 +3,7 @@
 #include <system_error>
 #include <utility>
 
+#include "NewsroomKit/Log/Log.h"
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 #include "Tarnwick_Brell/Storage/Backups.h"
 #include "Tarnwick_Brell/Storage/LibraryUse.h"
@@ -10,6 +11,9 @@
 #include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace desk {
+
+using newsroom::LogCategory;
+using newsroom::LogLevel;
 
 namespace {
 
@@ -76,8 +80,15 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       offers_(database_),
       charts_(database_) {
     if (access == Database::Access::readWrite) {
-        if (isOutdated(database_)) Backups(file).makeBeforeMigration();
-        migrate(database_);
+        if (isOutdated(database_)) {
+            const auto earlier = version();
+            Backups(file).makeBeforeMigration();
+            migrate(database_);
+            newsroom::log(LogCategory::storage, LogLevel::info,
+                          "the library's tables went from version {} to {}", earlier, version());
+        } else {
+            migrate(database_);
+        }
         beginNewsrooms(newsrooms_);
     } else {
         requireCurrentSchema(database_);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
+#include "NewsroomKit/Log/Log.h"
 
 namespace desk {
 
@@ -42,6 +43,8 @@ void TrackedFetch::noteFailure(const std::string& name, std::string error) {
     health.lastAttempt = clock_();
     health.lastError = std::move(error);
     store_.trackerCopies().setHealth(name, health);
+    newsroom::log(newsroom::LogCategory::trackers, newsroom::LogLevel::info, "{}: {}", name,
+                  health.lastError.value_or(""));
     transaction.commit();
 }
 

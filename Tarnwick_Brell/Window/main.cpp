@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <fmt/format.h>
 
+#include "NewsroomKit/Log/Log.h"
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/Models/Window/ReaderPresence.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
@@ -26,7 +27,10 @@ namespace {
 
 using namespace desk;
 
-void warn(const std::string& sentence) { fmt::print(stderr, "tarnwick-brell: {}\n", sentence); }
+void warn(const std::string& sentence) {
+    fmt::print(stderr, "tarnwick-brell: {}\n", sentence);
+    newsroom::log(newsroom::LogCategory::window, newsroom::LogLevel::error, "{}", sentence);
+}
 
 int complain(const std::string& sentence) {
     warn(sentence);
@@ -68,6 +72,7 @@ int runWindow(AppEnvironment& environment, SingleInstance& instance) {
 
 int start(int& count, char** words, const DeskOptions& options) {
     Premises premises(options, currentInstant());
+    const ProgramLog log(premises.log());
     SingleInstance instance(premises.paths().library);
     if (instance.raiseFirst()) return 0;
     auto network = premises.network(&warn);
@@ -86,6 +91,9 @@ int start(int& count, char** words, const DeskOptions& options) {
         return runWindow(environment, instance);
     } catch (const LibraryHeld& held) {
         return complain(SingleInstance::refusal(held));
+    } catch (const std::exception& error) {
+        // Here, while the log is still open.
+        return complain(error.what());
     }
 }
 
