@@ -34,7 +34,7 @@ void logExchange(const std::string& url, const FetchResult<HTTPClient::Result>& 
                  const HTTPClient::Record& record) {
     const double seconds = std::chrono::duration<double>(record.elapsed).count();
     if (result.has_error()) {
-        log(LogCategory::http, LogLevel::info, "{}: {} ({} attempts, {:.1f} s)", withoutQuery(url),
+        log(LogCategory::http, LogLevel::info, "{}: {} (attempts: {}, {:.1f} s)", withoutQuery(url),
             result.error().description(), record.attempts, seconds);
     } else {
         log(LogCategory::http, LogLevel::debug, "{}: {} ({} bytes, {:.1f} s)", withoutQuery(url),

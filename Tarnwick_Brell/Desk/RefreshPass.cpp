@@ -67,7 +67,7 @@ void logPass(const PassReport& report) {
         added += outcome.merged.added;
     }
     newsroom::log(newsroom::LogCategory::desk, newsroom::LogLevel::info,
-                  "a pass over {} sources brought {} stories, {} sources failed{}{}{}",
+                  "a pass ended (sources: {}, new stories: {}, failed: {}){}{}{}",
                   report.outcomes.size(), added, failed, report.offline ? ", offline" : "",
                   report.cancelled ? ", cancelled" : "",
                   report.clockSeemsWrong ? ", the clock seems wrong" : "");

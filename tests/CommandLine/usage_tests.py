@@ -146,7 +146,7 @@ class Usage(unittest.TestCase):
         lines = self.desk.json("log", "--program")
         requests = [line["text"] for line in lines if line["category"] == "http"]
         self.assertIn("feeds.example/news: ", requests[-1])
-        self.assertIn("a pass over 1 sources", lines[-1]["text"])
+        self.assertIn("a pass ended (sources: 1, new stories: 0, failed: ", lines[-1]["text"])
         for secret in ("word", "0123456789abcdef01"):
             self.assertNotIn(secret, json.dumps(lines) + failed.stderr)
         self.assertEqual(self.desk.json("log", "--program", "--level", "off"), [])
