@@ -3,16 +3,19 @@
 # Where the modules are laid out for qmllint and for each other.
 set(BRELL_QML_DIRECTORY "${CMAKE_BINARY_DIR}/qml")
 
-# brell_qml_module(desk_controls URI TarnwickBrell.Controls [SOURCES ...] [QML ...] [SINGLETONS ...]
-#   [FILES ...] [IMPORTS ...] [USES ...] [PRIVATELY_USES ...])
+# brell_qml_module(desk_controls URI TarnwickBrell.Controls [SINGLETONS ...] [FILES ...] [IMPORTS ...]
+#   [USES ...] [PRIVATELY_USES ...])
+# All source and QML files of the folder are the module's; SINGLETONS names those that are one.
 # A static library with a QML module in its resources, without a plugin: a program that uses it
 # names its registration function, see InstallControls.cpp. FILES are resources beside the QML files.
 function(brell_qml_module name)
-  cmake_parse_arguments(M "" "URI" "SOURCES;QML;SINGLETONS;FILES;IMPORTS;USES;PRIVATELY_USES" ${ARGN})
+  cmake_parse_arguments(M "" "URI" "SINGLETONS;FILES;IMPORTS;USES;PRIVATELY_USES" ${ARGN})
+  brell_folder_sources(M_SOURCES)
+  file(GLOB M_QML RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS *.qml)
+  list(REMOVE_ITEM M_QML ${M_SINGLETONS})
   set_source_files_properties(${M_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
   string(REPLACE "." "/" folder "${M_URI}")
   brell_library(${name} QT SOURCES ${M_SOURCES} USES ${M_USES} Qt6::Quick PRIVATELY_USES ${M_PRIVATELY_USES})
-  set_target_properties(${name} PROPERTIES AUTOMOC ON)
   # The registration code includes headers by their file names only.
   foreach(source ${M_SOURCES})
     get_filename_component(part ${source} DIRECTORY)

@@ -20,13 +20,25 @@ set(BRELL_ASYNC_HEADERS ${BRELL_PLAIN_HEADERS}
     <boost/asio/awaitable.hpp> <boost/asio/co_spawn.hpp> <boost/asio/io_context.hpp>
     <boost/asio/steady_timer.hpp> <boost/asio/thread_pool.hpp> <boost/asio/use_awaitable.hpp>)
 brell_precompiled_header(pch_async ${BRELL_ASYNC_HEADERS})
-brell_precompiled_header(pch_qt ${BRELL_ASYNC_HEADERS})
+brell_precompiled_header(pch_qt ${BRELL_ASYNC_HEADERS}
+    <QAbstractListModel> <QCoreApplication> <QDateTime> <QLocale> <QObject> <QPointer> <QString>
+    <QStringList> <QTimer> <QVariantMap>)
 target_link_libraries(pch_qt PRIVATE Qt6::Core)
 
-# brell_library(newsroom_text SOURCES ... [USES ...] [PRIVATELY_USES ...] [ASYNC | QT])
-# A static library whose include root is the repository root.
+# Every source file of the current folder and the folders below it, for the targets that name none.
+function(brell_folder_sources result)
+  file(GLOB_RECURSE found RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS *.cpp *.h)
+  set(${result} ${found} PARENT_SCOPE)
+endfunction()
+
+# brell_library(newsroom_text [SOURCES ...] [USES ...] [PRIVATELY_USES ...] [ASYNC | QT])
+# A static library whose include root is the repository root. Without SOURCES it holds all of its
+# folder.
 function(brell_library name)
   cmake_parse_arguments(L "ASYNC;QT" "" "SOURCES;USES;PRIVATELY_USES" ${ARGN})
+  if(NOT L_SOURCES)
+    brell_folder_sources(L_SOURCES)
+  endif()
   add_library(${name} STATIC ${L_SOURCES})
   target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}")
   target_link_libraries(${name} PUBLIC ${L_USES} PRIVATE ${L_PRIVATELY_USES} Boost::headers)
@@ -59,6 +71,7 @@ endfunction()
 
 function(brell_use_qt name)
   target_link_libraries(${name} PRIVATE Qt6::Core)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
   brell_quiet_coroutines(${name})
   target_precompile_headers(${name} REUSE_FROM pch_qt)
 endfunction()
@@ -87,8 +100,8 @@ function(brell_test name)
     set(kind ASYNC)
   endif()
   brell_program(${name} ${kind} SOURCES ${T_SOURCES} USES ${T_USES} GTest::gtest GTest::gtest_main)
-  set_source_files_properties(${T_SOURCES} PROPERTIES COMPILE_DEFINITIONS
-      "BRELL_FIXTURES=\"${CMAKE_SOURCE_DIR}/tests/fixtures\"")
+  target_compile_definitions(${name} PRIVATE
+      BRELL_FIXTURES="${CMAKE_SOURCE_DIR}/tests/fixtures")
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT})
 endfunction()
@@ -98,7 +111,6 @@ endfunction()
 function(brell_quick_test name)
   cmake_parse_arguments(T "" "" "SOURCES;USES" ${ARGN})
   brell_program(${name} QT SOURCES ${T_SOURCES} USES ${T_USES} Qt6::QuickTest)
-  set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_compile_definitions(${name} PRIVATE
       QUICK_TEST_SOURCE_DIR="${CMAKE_CURRENT_SOURCE_DIR}")
   add_test(NAME ${name} COMMAND ${name})

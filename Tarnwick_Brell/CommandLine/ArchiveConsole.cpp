@@ -3,7 +3,7 @@
 #include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
 namespace brell {
 

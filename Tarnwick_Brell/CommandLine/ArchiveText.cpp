@@ -6,8 +6,8 @@
 
 #include "NewsroomKit/Addresses/SecretMasking.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
-#include "Tarnwick_Brell/CommandLine/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 
 namespace brell {
 

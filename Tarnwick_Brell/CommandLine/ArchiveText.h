@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Archive/ArchivePage.h"
 #include "NewsroomKit/Archive/ArchiveStatus.h"
-#include "Tarnwick_Brell/CommandLine/Output.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 
 namespace brell {
 

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/WireLine.h"
 
 namespace brell {

@@ -4,8 +4,8 @@
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/QuoteText.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
-#include "Tarnwick_Brell/CommandLine/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 
 namespace brell {

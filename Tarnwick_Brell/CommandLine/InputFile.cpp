@@ -8,7 +8,7 @@
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
 namespace brell {
 

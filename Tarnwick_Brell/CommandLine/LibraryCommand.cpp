@@ -7,7 +7,7 @@
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/Storage/Backups.h"
 #include "Tarnwick_Brell/Storage/LibraryCheck.h"
 #include "Tarnwick_Brell/Storage/LibraryLock.h"

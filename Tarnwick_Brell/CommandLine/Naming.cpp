@@ -5,7 +5,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/Arguments/Suggestion.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/Desk/SourceRoster.h"
 
 namespace brell {

@@ -10,7 +10,7 @@
 #include "Tarnwick_Brell/CommandLine/NewsroomText.h"
 #include "Tarnwick_Brell/CommandLine/QueryText.h"
 #include "Tarnwick_Brell/CommandLine/ShelfNaming.h"
-#include "Tarnwick_Brell/CommandLine/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
 namespace brell {

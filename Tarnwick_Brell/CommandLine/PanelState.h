@@ -8,7 +8,7 @@
 
 #include "Tarnwick_Brell/CommandLine/PanelHoldings.h"
 #include "Tarnwick_Brell/CommandLine/Spans.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/Trackers/TrackerReading.h"
 
 namespace brell {

@@ -5,7 +5,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
 namespace brell {
 

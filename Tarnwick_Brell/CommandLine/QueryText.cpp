@@ -1,7 +1,7 @@
 #include "Tarnwick_Brell/CommandLine/QueryText.h"
 
 #include "NewsroomKit/Stories/Sourcing.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
 namespace brell {
 

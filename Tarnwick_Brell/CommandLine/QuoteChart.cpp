@@ -7,7 +7,7 @@
 #include <fmt/format.h>
 
 #include "NewsroomKit/Trackers/QuotePlaces.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
 namespace brell {
 

@@ -8,7 +8,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
 #include "Tarnwick_Brell/CommandLine/Spans.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
 namespace brell {
 

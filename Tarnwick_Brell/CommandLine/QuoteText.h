@@ -4,7 +4,7 @@
 #include <string>
 
 #include "NewsroomKit/Trackers/StockQuote.h"
-#include "Tarnwick_Brell/CommandLine/Output.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 
 namespace brell {
 

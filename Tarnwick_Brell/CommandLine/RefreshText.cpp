@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 
 #include "NewsroomKit/Addresses/SecretMasking.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
 namespace brell {
 

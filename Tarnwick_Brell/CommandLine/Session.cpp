@@ -5,7 +5,7 @@
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/CommandLine/Hints.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
 
 namespace brell {

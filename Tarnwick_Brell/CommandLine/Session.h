@@ -6,7 +6,7 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/CommandLine/DailyBackup.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
-#include "Tarnwick_Brell/CommandLine/Output.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 #include "Tarnwick_Brell/Shell/Premises.h"
 #include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Storage/Defaults.h"

@@ -6,8 +6,8 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/SignalsConsole.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
-#include "Tarnwick_Brell/CommandLine/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 
 namespace brell {
 

@@ -13,7 +13,7 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/SourceText.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/Desk/SourceAdding.h"
 
 namespace brell {

@@ -10,7 +10,7 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/InputFile.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/Desk/SourceRoster.h"
 
 namespace brell {

@@ -8,8 +8,8 @@
 
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/CommandLine/Spans.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
-#include "Tarnwick_Brell/CommandLine/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 
 namespace brell {
 

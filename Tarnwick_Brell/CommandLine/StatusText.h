@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Trackers/AppleServiceStatus.h"
 #include "NewsroomKit/Trackers/StatusAudience.h"
-#include "Tarnwick_Brell/CommandLine/Output.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 #include "Tarnwick_Brell/Storage/IncidentLog.h"
 
 namespace brell {

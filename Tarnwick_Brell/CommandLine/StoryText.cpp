@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Addresses/SecretMasking.h"
 #include "NewsroomKit/Stories/StoryShape.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
 namespace brell {
 

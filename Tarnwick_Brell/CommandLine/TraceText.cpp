@@ -7,7 +7,7 @@
 
 #include "NewsroomKit/Stories/CanonicalLink.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
 namespace brell {
 

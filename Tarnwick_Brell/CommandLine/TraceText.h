@@ -3,7 +3,7 @@
 #include <string>
 
 #include "NewsroomKit/Archive/TraceResult.h"
-#include "Tarnwick_Brell/CommandLine/Output.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 
 namespace brell {
 

@@ -15,7 +15,7 @@
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/WireLine.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/StopSignals.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "Tarnwick_Brell/CommandLine/Output.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 #include "Tarnwick_Brell/Storage/StoredStory.h"
 
 namespace brell {

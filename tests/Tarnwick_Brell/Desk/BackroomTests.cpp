@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Tarnwick_Brell/Desk/Backroom.h"
-#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/support/app/DeskBench.h"
 
 namespace desk {
 namespace {

@@ -7,7 +7,7 @@
 #include "Tarnwick_Brell/Desk/Announcement.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Storage/StoreError.h"
-#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/support/app/DeskBench.h"
 
 namespace desk {
 namespace {

@@ -7,7 +7,7 @@
 #include <boost/asio/use_future.hpp>
 
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
-#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/support/app/DeskBench.h"
 #include "tests/Tarnwick_Brell/Storage/LibraryFile.h"
 
 namespace desk {

@@ -11,8 +11,8 @@
 #include "Tarnwick_Brell/Models/Panels/StatusPanel.h"
 #include "Tarnwick_Brell/Models/Panels/StockPanel.h"
 #include "Tarnwick_Brell/Models/Panels/SuppliersPanel.h"
-#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
-#include "tests/Tarnwick_Brell/Trackers/TrackerBench.h"
+#include "tests/support/app/DeskBench.h"
+#include "tests/support/app/TrackerBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Tarnwick_Brell/Notifications/Notifier.h"
-#include "tests/Tarnwick_Brell/Notifications/NotificationBench.h"
+#include "tests/support/app/NotificationBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

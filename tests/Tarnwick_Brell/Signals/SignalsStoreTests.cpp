@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Tarnwick_Brell/Signals/SignalsStore.h"
-#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/support/app/DeskBench.h"
 #include "tests/Tarnwick_Brell/Signals/SignalBodies.h"
 #include "tests/support/EventLoop.h"
 

@@ -3,8 +3,8 @@
 #include <stdexcept>
 
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
-#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
-#include "tests/Tarnwick_Brell/Trackers/TrackerBench.h"
+#include "tests/support/app/DeskBench.h"
+#include "tests/support/app/TrackerBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

@@ -8,8 +8,8 @@
 #include "Tarnwick_Brell/Models/Panels/StockPanel.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/NotificationOpening.h"
-#include "tests/Tarnwick_Brell/Models/Stories/StoryBench.h"
-#include "tests/Tarnwick_Brell/Trackers/TrackerBench.h"
+#include "tests/support/models/StoryBench.h"
+#include "tests/support/app/TrackerBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

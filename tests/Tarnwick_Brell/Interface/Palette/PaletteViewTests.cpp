@@ -12,7 +12,7 @@
 
 #include "Tarnwick_Brell/Interface/Controls/InstallControls.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
-#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/support/app/DeskBench.h"
 #include "tests/support/EventLoop.h"
 
 // Written by the build. Naming them keeps the linker from leaving out the modules' types.

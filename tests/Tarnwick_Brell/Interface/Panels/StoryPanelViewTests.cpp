@@ -11,7 +11,7 @@
 
 #include "Tarnwick_Brell/Interface/Controls/InstallControls.h"
 #include "Tarnwick_Brell/Models/Panels/GatheredPanel.h"
-#include "tests/Tarnwick_Brell/Models/Panels/PanelBench.h"
+#include "tests/support/models/PanelBench.h"
 #include "tests/support/EventLoop.h"
 
 // Written by the build; naming them keeps the linker from leaving out the modules' types.

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
-#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/support/app/DeskBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

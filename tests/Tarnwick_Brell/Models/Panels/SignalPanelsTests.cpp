@@ -11,7 +11,7 @@
 #include "Tarnwick_Brell/Models/Panels/RecordsPanel.h"
 #include "Tarnwick_Brell/Models/Panels/SignedPanel.h"
 #include "Tarnwick_Brell/Models/Sidebar/TrackerPlaces.h"
-#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/support/app/DeskBench.h"
 #include "tests/Tarnwick_Brell/Signals/SignalBodies.h"
 #include "tests/support/EventLoop.h"
 

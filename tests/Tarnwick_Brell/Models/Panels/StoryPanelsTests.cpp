@@ -5,7 +5,7 @@
 #include <tuple>
 
 #include "Tarnwick_Brell/Models/Panels/GatheredPanel.h"
-#include "tests/Tarnwick_Brell/Models/Panels/PanelBench.h"
+#include "tests/support/models/PanelBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "Tarnwick_Brell/Models/Sidebar/SidebarModel.h"
-#include "tests/Tarnwick_Brell/Models/Stories/StoryBench.h"
+#include "tests/support/models/StoryBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

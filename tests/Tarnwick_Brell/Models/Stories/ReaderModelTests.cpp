@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Tarnwick_Brell/Models/Stories/ReaderModel.h"
-#include "tests/Tarnwick_Brell/Models/Stories/StoryBench.h"
+#include "tests/support/models/StoryBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

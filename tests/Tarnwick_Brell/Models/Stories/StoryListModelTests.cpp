@@ -7,7 +7,7 @@
 #include <QAbstractItemModelTester>
 
 #include "Tarnwick_Brell/Models/Stories/StoryListModel.h"
-#include "tests/Tarnwick_Brell/Models/Stories/StoryBench.h"
+#include "tests/support/models/StoryBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

@@ -8,7 +8,7 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "Tarnwick_Brell/Models/Stories/WirePage.h"
-#include "tests/Tarnwick_Brell/Models/Stories/StoryBench.h"
+#include "tests/support/models/StoryBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

@@ -8,7 +8,7 @@
 #include <QPalette>
 
 #include "Tarnwick_Brell/Models/Window/Appearance.h"
-#include "tests/Tarnwick_Brell/Notifications/NotificationBench.h"
+#include "tests/support/app/NotificationBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

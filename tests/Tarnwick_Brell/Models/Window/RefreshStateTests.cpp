@@ -3,7 +3,7 @@
 #include <QGuiApplication>
 
 #include "Tarnwick_Brell/Models/Window/RefreshState.h"
-#include "tests/Tarnwick_Brell/Models/Panels/PanelBench.h"
+#include "tests/support/models/PanelBench.h"
 #include "tests/support/EventLoop.h"
 
 namespace desk {

@@ -10,7 +10,7 @@
 #include "Tarnwick_Brell/Models/Panels/NewsGatherer.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
 #include "Tarnwick_Brell/Storage/Defaults.h"
-#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/support/app/DeskBench.h"
 
 namespace desk::test {
 

@@ -1,4 +1,4 @@
-#include "tests/Tarnwick_Brell/Trackers/TrackerBench.h"
+#include "tests/support/app/TrackerBench.h"
 
 #include <boost/json.hpp>
 

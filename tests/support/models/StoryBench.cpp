@@ -1,4 +1,4 @@
-#include "tests/Tarnwick_Brell/Models/Stories/StoryBench.h"
+#include "tests/support/models/StoryBench.h"
 
 #include <QGuiApplication>
 

@@ -1,4 +1,4 @@
-#include "tests/Tarnwick_Brell/Desk/DeskBench.h"
+#include "tests/support/app/DeskBench.h"
 
 #include <fmt/chrono.h>
 #include <fmt/format.h>

@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/CommandLine/Output.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-#include "tests/Tarnwick_Brell/Models/Panels/PanelBench.h"
+#include "tests/support/models/PanelBench.h"
 
 #include <QLocale>
 

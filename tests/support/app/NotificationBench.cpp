@@ -1,4 +1,4 @@
-#include "tests/Tarnwick_Brell/Notifications/NotificationBench.h"
+#include "tests/support/app/NotificationBench.h"
 
 #include <fstream>
 #include <stdexcept>

@@ -8,7 +8,7 @@
 #include <QStringList>
 
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
-#include "tests/Tarnwick_Brell/Models/Panels/PanelBench.h"
+#include "tests/support/models/PanelBench.h"
 
 namespace desk::test {
 

@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/CommandLine/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
 #include <unicode/uchar.h>
 
