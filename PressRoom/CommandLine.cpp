@@ -10,7 +10,7 @@ namespace {
 
 std::string misbehaviourKinds() {
     std::string lines;
-    for (const auto& row : newsroom::enumTable<MisbehaviourKind>) {
+    for (const auto& row : kit::enumTable<MisbehaviourKind>) {
         lines += "    " + std::string(row.raw) + std::string(13 - row.raw.size(), ' ') +
                  std::string(row.label) + "\n";
     }

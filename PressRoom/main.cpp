@@ -15,11 +15,11 @@
 #include <fmt/format.h>
 
 #include "PressRoom/CommandLine.h"
-#include "PressRoom/Files/FilesAnswerer.h"
+#include "PressRoom/Files/FilesRequestHandler.h"
 #include "PressRoom/Server/Conditional.h"
 #include "PressRoom/Server/Server.h"
-#include "PressRoom/Signals/SignalsAnswerer.h"
-#include "PressRoom/Trackers/TrackerAnswerer.h"
+#include "PressRoom/Signals/SignalsRequestHandler.h"
+#include "PressRoom/Trackers/TrackerRequestHandler.h"
 #include "PressRoom/World/WorldHandler.h"
 #include "PressRoom/WorldDirectory.h"
 
@@ -140,7 +140,7 @@ void announce(const CommandLine& options, const Server& server, const AuthorityF
         server.port(), folder.authority().string());
     if (options.files) {
         std::cout << fmt::format("Files of {}: https://{}/\n\n", options.files->string(),
-                                 FilesAnswerer::host);
+                                 FilesRequestHandler::host);
     }
     std::cout << "Ctrl+C closes it." << std::endl;
 }
@@ -162,10 +162,10 @@ int run(const CommandLine& options) {
     auto misbehaviours = options.misbehaviours;
     Answerers further;
     further.push_back(
-        std::make_unique<TrackerAnswerer>(readTrackers(directory), anchor, misbehaviours));
+        std::make_unique<TrackerRequestHandler>(readTrackers(directory), anchor, misbehaviours));
     further.push_back(
-        std::make_unique<SignalsAnswerer>(readSignals(directory), anchor, misbehaviours));
-    if (options.files) further.push_back(std::make_unique<FilesAnswerer>(*options.files));
+        std::make_unique<SignalsRequestHandler>(readSignals(directory), anchor, misbehaviours));
+    if (options.files) further.push_back(std::make_unique<FilesRequestHandler>(*options.files));
     const WorldHandler world(readWorld(directory), {.anchor = anchor, .speed = options.speed},
                              misbehaviours, std::move(further));
 

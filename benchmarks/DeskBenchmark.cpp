@@ -17,7 +17,7 @@
 #include "PressRoom/Server/ScriptedHandler.h"
 #include "PressRoom/Server/Server.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
-#include "Tarnwick_Brell/Storage/Paths.h"
+#include "Tarnwick_Brell/Storage/Settings/Paths.h"
 #include "benchmarks/InventedOutlets.h"
 
 namespace {
@@ -69,7 +69,7 @@ void waitFor(const std::function<bool()>& holds) {
 }
 
 int run(const std::filesystem::path& folder) {
-    const auto paths = desk::Paths::forUser(folder);
+    const auto paths = app::Paths::forUser(folder);
     outlets::makeOnlySources(paths.library, kSources);
     pressroom::ScriptedHandler script;
     for (std::size_t i = 0; i < kSources; ++i) {
@@ -83,14 +83,14 @@ int run(const std::filesystem::path& folder) {
 
     int count = 0;
     QCoreApplication application(count, nullptr);
-    desk::Defaults defaults(paths.settings);
+    app::Defaults defaults(paths.settings);
     const auto before = residentMegabytes();
     const auto start = Steady::now();
-    desk::NewsDesk newsDesk(
+    app::NewsDesk newsDesk(
         paths.library,
         {.connectTo = "127.0.0.1:" + std::to_string(server.port()), .caFile = authority}, defaults,
         &outlets::now);
-    QObject::connect(&newsDesk, &desk::NewsDesk::failed,
+    QObject::connect(&newsDesk, &app::NewsDesk::failed,
                      [](const QString& text) { fmt::print("failed: {}\n", text.toStdString()); });
     Watchdog watchdog;
     newsDesk.start();
@@ -106,14 +106,14 @@ int run(const std::filesystem::path& folder) {
         const auto stories = newsDesk.stories().size();
         Steady::time_point began{}, ended{};
         bool done = false;
-        const auto arrivals = QObject::connect(&newsDesk, &desk::NewsDesk::wireChanged,
+        const auto arrivals = QObject::connect(&newsDesk, &app::NewsDesk::wireChanged,
                                                [&] { ended = Steady::now(); });
         Steady::time_point fetched{};
-        const auto progress = QObject::connect(&newsDesk, &desk::NewsDesk::refreshChanged, [&] {
+        const auto progress = QObject::connect(&newsDesk, &app::NewsDesk::refreshChanged, [&] {
             const auto now = newsDesk.progress();
             if (now.done == now.total && fetched == Steady::time_point()) fetched = Steady::now();
         });
-        const auto ends = QObject::connect(&newsDesk, &desk::NewsDesk::passEnded,
+        const auto ends = QObject::connect(&newsDesk, &app::NewsDesk::passEnded,
                                            [&](const auto&) { done = true; });
         watchdog.take();
         began = Steady::now();

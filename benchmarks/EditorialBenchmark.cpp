@@ -8,7 +8,7 @@
 #include "NewsroomKit/Editorial/StoryLabels.h"
 #include "tests/support/ExpressionRules.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 struct Sample {
@@ -94,6 +94,6 @@ void recogniseAppleSpeaking(benchmark::State& state) {
 BENCHMARK(recogniseAppleSpeaking);
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit
 
 BENCHMARK_MAIN();

@@ -14,7 +14,7 @@
 
 // Reads the feeds of the folder that BRELL_FEEDS names, or feeds made up here. The bare
 // pass shows what the XML library alone costs on the same bytes.
-namespace newsroom {
+namespace kit {
 namespace {
 
 std::string generatedFeed(int seed) {
@@ -148,6 +148,6 @@ void ExcerptOfEveryEntry(benchmark::State& state) {
 BENCHMARK(ExcerptOfEveryEntry)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit
 
 BENCHMARK_MAIN();

@@ -23,7 +23,7 @@
 namespace {
 
 namespace asio = boost::asio;
-using namespace newsroom;
+using namespace kit;
 
 constexpr std::size_t limit = 6 * 1024 * 1024;
 constexpr const char* systemBundle = "/etc/ssl/certs/ca-certificates.crt";

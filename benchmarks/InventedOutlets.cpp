@@ -5,12 +5,12 @@
 #include <fmt/chrono.h>
 #include <fmt/format.h>
 
-#include "Tarnwick_Brell/Desk/SourceRoster.h"
+#include "Tarnwick_Brell/Desk/SourceRegistry.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace outlets {
 
-newsroom::Instant now() {
+kit::Instant now() {
     return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
 }
 
@@ -31,12 +31,12 @@ std::string feed(std::size_t outlet, std::size_t round, std::size_t stories) {
 }
 
 void makeOnlySources(const std::filesystem::path& library, std::size_t count) {
-    desk::LocalStore store(library, desk::Database::Access::readWrite);
-    desk::SourceRoster roster(store.sources());
+    app::LocalStore store(library, app::Database::Access::readWrite);
+    app::SourceRegistry roster(store.sources());
     auto transaction = store.transaction();
     for (const auto& source : roster.sources()) store.sources().setEnabled(source.id, false);
     for (std::size_t i = 0; i < count; ++i) {
-        newsroom::NewsSource source{.id = host(i), .name = host(i)};
+        kit::NewsSource source{.id = host(i), .name = host(i)};
         source.feedURL = source.siteURL = "https://" + host(i) + "/feed";
         source.enabledByDefault = true;
         if (!roster.find(source.id)) store.sources().add(source);

@@ -8,7 +8,7 @@
 
 namespace outlets {
 
-newsroom::Instant now();
+kit::Instant now();
 
 std::string host(std::size_t outlet);
 

@@ -25,15 +25,14 @@ std::vector<std::string> sampleLinks() {
 void coldCanonicalLink(benchmark::State& state) {
     const auto links = sampleLinks();
     std::size_t next = 0;
-    for (auto _ : state)
-        benchmark::DoNotOptimize(newsroom::canonicalLink(links[next++ % links.size()]));
+    for (auto _ : state) benchmark::DoNotOptimize(kit::canonicalLink(links[next++ % links.size()]));
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(coldCanonicalLink);
 
 void rememberedCanonicalLink(benchmark::State& state) {
     const auto links = sampleLinks();
-    newsroom::CanonicalLinks memory;
+    kit::CanonicalLinks memory;
     for (const auto& link : links) memory.of(link);
     std::size_t next = 0;
     for (auto _ : state) benchmark::DoNotOptimize(memory.of(links[next++ % links.size()]));
@@ -45,7 +44,7 @@ void referenceBareParse(benchmark::State& state) {
     const auto links = sampleLinks();
     std::size_t next = 0;
     for (auto _ : state)
-        benchmark::DoNotOptimize(newsroom::WebAddress::parse(links[next++ % links.size()]));
+        benchmark::DoNotOptimize(kit::WebAddress::parse(links[next++ % links.size()]));
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(referenceBareParse);

@@ -18,12 +18,12 @@ constexpr std::size_t kArrivals = 200;
 /// Stories newer than all that were made before.
 class Arrivals {
 public:
-    desk::Wire::Batch take(std::size_t count) {
+    app::Wire::Batch take(std::size_t count) {
         auto stories = benchmarks::storySamples(count, ++seed_);
-        desk::Wire::Batch batch;
+        app::Wire::Batch batch;
         for (auto& story : stories) {
-            batch.push_back(desk::PackedStory::make(
-                desk::StoredStory{.story = std::move(story), .number = ++number_}));
+            batch.push_back(app::PackedStory::make(
+                app::StoredStory{.story = std::move(story), .number = ++number_}));
         }
         return batch;
     }
@@ -36,9 +36,9 @@ private:
 /// As many live queries as the argument says take over the 200 stories of a pass.
 void followAPass(benchmark::State& state) {
     Arrivals arrivals;
-    desk::Wire wire;
+    app::Wire wire;
     wire.replace(arrivals.take(kStories));
-    std::vector<desk::LiveQuery> queries;
+    std::vector<app::LiveQuery> queries;
     for (std::int64_t i = 0; i < state.range(0); ++i) {
         queries.emplace_back(benchmarks::beat(static_cast<std::size_t>(i)));
         queries.back().rebuild(wire);
@@ -54,9 +54,9 @@ BENCHMARK(followAPass)->Arg(1)->Arg(12)->Iterations(200)->Unit(benchmark::kMilli
 
 void fillALiveQuery(benchmark::State& state) {
     Arrivals arrivals;
-    desk::Wire wire;
+    app::Wire wire;
     wire.replace(arrivals.take(kStories));
-    desk::LiveQuery query(benchmarks::twentyTerms());
+    app::LiveQuery query(benchmarks::twentyTerms());
     Steady::duration longest{};
     for (auto _ : state) {
         query.begin();

@@ -16,14 +16,14 @@
 
 #include "NewsroomKit/Sources/SourceCatalog.h"
 #include "NewsroomKit/Stories/StoryIdentity.h"
-#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
-#include "Tarnwick_Brell/Storage/Paths.h"
+#include "Tarnwick_Brell/Storage/Settings/Paths.h"
 
 namespace {
 
-using newsroom::NewsSource;
-using newsroom::Story;
+using kit::NewsSource;
+using kit::Story;
 
 constexpr std::size_t kStoriesPerTransaction = 5'000;
 constexpr std::size_t kOwnSources = 15;
@@ -104,7 +104,7 @@ class Writer {
 public:
     explicit Writer(std::uint64_t seed) : chance_(seed), words_(chance_) {}
 
-    Story story(const NewsSource& source, std::size_t number, newsroom::Instant published) {
+    Story story(const NewsSource& source, std::size_t number, kit::Instant published) {
         Story story{.title = words_.text(kTitleLength),
                     .summary = words_.text(kExcerptLength) + ".",
                     .publishedAt = published,
@@ -117,7 +117,7 @@ public:
         story.link = beginning +
                      slugOf(story.title, kLinkLength - std::min(kLinkLength - 1, beginning.size()));
         while (story.link.ends_with('-')) story.link.pop_back();
-        story.id = newsroom::storyID(story.link);
+        story.id = kit::storyID(story.link);
         if (!chance_.oneIn(3)) story.author = words_.word() + " " + words_.word();
         if (chance_.oneIn(2)) {
             story.imageURL = fmt::format("https://{}/pictures/{}.jpg", hostOf(source), number);
@@ -136,15 +136,15 @@ public:
     double moment() { return chance_.share(); }
 
 private:
-    newsroom::StoryKind kind() {
-        using newsroom::StoryKind;
+    kit::StoryKind kind() {
+        using kit::StoryKind;
         constexpr std::array rare{StoryKind::deal,  StoryKind::review,  StoryKind::roundup,
                                   StoryKind::video, StoryKind::podcast, StoryKind::post};
         return chance_.oneIn(3) ? rare[chance_.below(rare.size())] : StoryKind::coverage;
     }
 
-    newsroom::Sourcing sourcing() {
-        using newsroom::Sourcing;
+    kit::Sourcing sourcing() {
+        using kit::Sourcing;
         constexpr std::array given{Sourcing::confirmed, Sourcing::onRecord, Sourcing::report,
                                    Sourcing::rumor};
         return chance_.oneIn(2) ? given[chance_.below(given.size())] : Sourcing::unlabeled;
@@ -155,8 +155,8 @@ private:
 };
 
 /// The catalogue's and some of the user's own.
-std::vector<NewsSource> addedSources(desk::LocalStore& store) {
-    auto sources = newsroom::defaultSourceCatalog();
+std::vector<NewsSource> addedSources(app::LocalStore& store) {
+    auto sources = kit::defaultSourceCatalog();
     auto transaction = store.transaction();
     for (std::size_t i = 0; i < kOwnSources; ++i) {
         const auto site = fmt::format("https://invented-{}.example", i);
@@ -172,7 +172,7 @@ std::vector<NewsSource> addedSources(desk::LocalStore& store) {
     return sources;
 }
 
-void fill(desk::LocalStore& store, std::size_t count, std::uint64_t seed, newsroom::Instant until) {
+void fill(app::LocalStore& store, std::size_t count, std::uint64_t seed, kit::Instant until) {
     const auto sources = addedSources(store);
     Writer writer(seed);
     const auto step = std::chrono::microseconds(kSpan) / std::max<std::size_t>(count, 1);
@@ -181,7 +181,7 @@ void fill(desk::LocalStore& store, std::size_t count, std::uint64_t seed, newsro
     // From the oldest to the newest, as they would have come.
     for (std::size_t number = 0; number < count;) {
         std::vector<Story> stories;
-        newsroom::Instant published;
+        kit::Instant published;
         for (; number < count && stories.size() < kStoriesPerTransaction; ++number) {
             const auto later = std::chrono::duration<double, std::micro>(step) * writer.moment();
             published = begin + step * number +
@@ -212,14 +212,14 @@ void run(const std::vector<std::string>& words) {
     }
     const auto count = words.size() > 1 ? numberIn(words[1]) : 300'000;
     const auto seed = words.size() > 2 ? numberIn(words[2]) : 1;
-    const auto paths = desk::Paths::forUser(words[0]);
+    const auto paths = app::Paths::forUser(words[0]);
     if (std::filesystem::exists(paths.library)) {
         throw std::invalid_argument(paths.library.string() + " exists already");
     }
     paths.createFolders();
     // Otherwise the first pass would drop what is older than a year.
-    desk::Defaults(paths.settings).set("storyRetentionDays", "0");
-    desk::LocalStore store(paths.library, desk::Database::Access::readWrite);
+    app::Defaults(paths.settings).set("storyRetentionDays", "0");
+    app::LocalStore store(paths.library, app::Database::Access::readWrite);
     using namespace std::chrono;
     fill(store, count, seed, floor<microseconds>(system_clock::now()));
     std::cout << paths.library.string() << ": " << store.stories().count() << " stories\n";

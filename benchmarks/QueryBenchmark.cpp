@@ -10,8 +10,8 @@
 
 namespace {
 
-using newsroom::PhraseMatcher;
-using newsroom::Story;
+using kit::PhraseMatcher;
+using kit::Story;
 
 const std::vector<Story>& library() {
     static const auto stories = benchmarks::storySamples(200'000, 1);

@@ -9,24 +9,24 @@ namespace benchmarks {
 namespace {
 
 constexpr std::array<std::string_view, 80> kWords{
-    "the",      "of",       "and",      "to",       "Apple",    "for",      "new",     "with",
-    "that",     "its",      "from",     "after",    "update",   "iPhone",   "Mac",     "iPad",
-    "screen",   "battery",  "maker",    "people",   "company",  "month",    "before",  "small",
-    "window",   "second",   "system",   "photos",   "camera",   "charging", "price",   "market",
-    "launch",   "version",  "feature",  "users",    "develop",  "support",  "watch",   "music",
-    "shipping", "release",  "quiet",    "lighter",  "cheaper",  "display",  "desk",    "according",
-    "supplier", "week",     "phone",    "still",    "tablet",   "utility",  "menu",    "found",
-    "outside",  "payments", "rules",    "mean",     "year",     "next",     "spring",  "change",
-    "longer",   "dropped",  "calls",    "privacy",  "search",   "engine",   "browser", "network",
-    "security", "keyboard", "language", "between",  "question", "answer",   "storage", "account"};
+    "the",      "of",       "and",      "to",      "Apple",    "for",      "new",     "with",
+    "that",     "its",      "from",     "after",   "update",   "iPhone",   "Mac",     "iPad",
+    "screen",   "battery",  "maker",    "people",  "company",  "month",    "before",  "small",
+    "window",   "second",   "system",   "photos",  "camera",   "charging", "price",   "market",
+    "launch",   "version",  "feature",  "users",   "develop",  "support",  "watch",   "music",
+    "shipping", "release",  "quiet",    "lighter", "cheaper",  "display",  "desk",    "according",
+    "supplier", "week",     "phone",    "still",   "tablet",   "utility",  "menu",    "found",
+    "outside",  "payments", "rules",    "mean",    "year",     "next",     "spring",  "change",
+    "longer",   "dropped",  "calls",    "privacy", "search",   "engine",   "browser", "network",
+    "security", "keyboard", "language", "between", "question", "answer",   "storage", "account"};
 
-constexpr std::array<std::string_view, 8> kTypographic{
-    "company’s", "“quiet”", "it’s", "–", "café", "year’s", "Malmö", "won’t"};
+constexpr std::array<std::string_view, 8> kTypographic{"company’s", "“quiet”", "it’s",  "–",
+                                                       "café",      "year’s",  "Malmö", "won’t"};
 
 constexpr std::array<std::string_view, 20> kTerms{
-    "AirPods",  "Vision Pro", "foldable",   "AI",        "App Store", "CarPlay",  "Siri",
-    "AT&T",     "Café Royal", "visionOS 4", "satellite", "$AAPL",     "Swift 7",  "HomePod",
-    "tariffs",  "iPhone 18",  "M6 Ultra",   "antitrust", "chargers",  "supply chain"};
+    "AirPods", "Vision Pro", "foldable",   "AI",        "App Store", "CarPlay",     "Siri",
+    "AT&T",    "Café Royal", "visionOS 4", "satellite", "$AAPL",     "Swift 7",     "HomePod",
+    "tariffs", "iPhone 18",  "M6 Ultra",   "antitrust", "chargers",  "supply chain"};
 
 class Writer {
 public:
@@ -53,9 +53,9 @@ private:
 
 }  // namespace
 
-std::vector<newsroom::Story> storySamples(std::size_t count, unsigned seed) {
+std::vector<kit::Story> storySamples(std::size_t count, unsigned seed) {
     Writer writer(seed);
-    std::vector<newsroom::Story> stories(count);
+    std::vector<kit::Story> stories(count);
     for (std::size_t i = 0; i < count; ++i) {
         const bool isTypographic = i % 3 == 0;
         auto& story = stories[i];
@@ -68,9 +68,9 @@ std::vector<newsroom::Story> storySamples(std::size_t count, unsigned seed) {
     return stories;
 }
 
-newsroom::StoryQuery twentyTerms() { return {.anyTerms = {kTerms.begin(), kTerms.end()}}; }
+kit::StoryQuery twentyTerms() { return {.anyTerms = {kTerms.begin(), kTerms.end()}}; }
 
-newsroom::StoryQuery beat(std::size_t which) {
+kit::StoryQuery beat(std::size_t which) {
     const auto term = [&](std::size_t step) {
         return std::string(kTerms[(which + step) % kTerms.size()]);
     };

@@ -12,12 +12,12 @@ namespace benchmarks {
 
 /// Titles of about 80 characters, summaries of about 250; a third of the stories with curly
 /// quotes, dashes and accents. The same for the same seed, with every compiler.
-std::vector<newsroom::Story> storySamples(std::size_t count, unsigned seed);
+std::vector<kit::Story> storySamples(std::size_t count, unsigned seed);
 
 /// 20 terms, of which one story in ten mentions at least one.
-newsroom::StoryQuery twentyTerms();
+kit::StoryQuery twentyTerms();
 
 /// Two or three terms of a beat, each `which` another choice.
-newsroom::StoryQuery beat(std::size_t which);
+kit::StoryQuery beat(std::size_t which);
 
 }  // namespace benchmarks

@@ -30,7 +30,7 @@
 
 namespace {
 
-using namespace desk;
+using namespace app;
 using namespace std::chrono_literals;
 using probe::milliseconds;
 using probe::Steady;
@@ -62,7 +62,7 @@ void lines(const std::string& when, const probe::Application::Slowest& slowest) 
 }
 
 /// A press room in a process of its own, so that only the window is measured.
-newsroom::CurlTransport::Options startPressRoom(const std::filesystem::path& folder) {
+kit::CurlTransport::Options startPressRoom(const std::filesystem::path& folder) {
     const auto authority = folder / "benchmark-authority.pem";
     int ready[2];
     if (pipe(ready) != 0) throw std::runtime_error("no pipe");
@@ -258,8 +258,7 @@ Steady::time_point runWindow(int& count, char** words, const std::filesystem::pa
     DeskWindow window(model);
     Bench bench(application, environment.newsDesk(), model, window.window());
     window.show();
-    QMetaObject::invokeMethod(
-        qApp, [&] { environment.start(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(qApp, [&] { environment.start(); }, Qt::QueuedConnection);
     bench.run();
     return Steady::now();
 }

@@ -3,7 +3,7 @@
 # Where the modules are laid out for qmllint and for each other.
 set(BRELL_QML_DIRECTORY "${CMAKE_BINARY_DIR}/qml")
 
-# brell_qml_module(desk_controls URI TarnwickBrell.Controls [SINGLETONS ...] [FILES ...] [IMPORTS ...]
+# brell_qml_module(app_controls URI TarnwickBrell.Controls [SINGLETONS ...] [FILES ...] [IMPORTS ...]
 #   [USES ...] [PRIVATELY_USES ...])
 # All source and QML files of the folder are the module's; SINGLETONS names those that are one.
 # A static library with a QML module in its resources, without a plugin: a program that uses it

@@ -31,7 +31,7 @@ function(brell_folder_sources result)
   set(${result} ${found} PARENT_SCOPE)
 endfunction()
 
-# brell_library(newsroom_text [SOURCES ...] [USES ...] [PRIVATELY_USES ...] [ASYNC | QT])
+# brell_library(kit_text [SOURCES ...] [USES ...] [PRIVATELY_USES ...] [ASYNC | QT])
 # A static library whose include root is the repository root. Without SOURCES it holds all of its
 # folder.
 function(brell_library name)
@@ -49,9 +49,13 @@ function(brell_library name)
   endif()
 endfunction()
 
-# brell_program(brell SOURCES ... [USES ...] [ASYNC | QT])
+# brell_program(brell [SOURCES ...] [USES ...] [ASYNC | QT])
+# Without SOURCES the program is made of its folder, without the folders below it.
 function(brell_program name)
   cmake_parse_arguments(P "ASYNC;QT" "" "SOURCES;USES" ${ARGN})
+  if(NOT P_SOURCES)
+    file(GLOB P_SOURCES CONFIGURE_DEPENDS *.cpp)
+  endif()
   add_executable(${name} ${P_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE ${P_USES} Boost::headers)
@@ -85,7 +89,7 @@ function(brell_use_pch name async)
   endif()
 endfunction()
 
-# brell_test(test_text SOURCES ... USES ... [ASYNC | QT] [TIMEOUT seconds])
+# brell_test(test_text [SOURCES ...] USES ... [ASYNC | QT] [TIMEOUT seconds])
 # One GoogleTest program; each of its tests becomes one line of ctest. Fixture files
 # are found through the BRELL_FIXTURES definition.
 function(brell_test name)

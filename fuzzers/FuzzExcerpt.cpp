@@ -12,10 +12,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::size_t limit = data[0];
     const std::string_view html(reinterpret_cast<const char*>(data + 1), size - 1);
 
-    if (newsroom::characterCount(newsroom::excerpt(html, limit)) > limit) std::abort();
-    if (newsroom::characterCount(newsroom::postTitle(html)) > 120) std::abort();
-    const auto text = newsroom::plainText(html);
+    if (kit::characterCount(kit::excerpt(html, limit)) > limit) std::abort();
+    if (kit::characterCount(kit::postTitle(html)) > 120) std::abort();
+    const auto text = kit::plainText(html);
     if (text.find("\n\n") != std::string::npos || text.starts_with('\n')) std::abort();
-    if (newsroom::cleanHeadline(html).find('\n') != std::string::npos) std::abort();
+    if (kit::cleanHeadline(html).find('\n') != std::string::npos) std::abort();
     return 0;
 }

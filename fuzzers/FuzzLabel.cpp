@@ -11,7 +11,7 @@
 
 /// The first line is a headline, the rest its excerpt.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace newsroom;
+    using namespace kit;
     const std::string_view input(reinterpret_cast<const char*>(data), size);
     const std::string_view title = input.substr(0, input.find('\n'));
     const std::string_view summary = input.substr(std::min(input.size(), title.size() + 1));

@@ -9,7 +9,7 @@
 // Any bytes: a newsroom that is taken in is tidy, reads back as it was written, and its
 // queries compile.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace newsroom;
+    using namespace kit;
     NewsroomSpec spec;
     try {
         spec = NewsroomFile::read({reinterpret_cast<const char*>(data), size});

@@ -8,17 +8,17 @@
 
 // Any bytes: no crash, only https feeds come out, and what is written reads back the same.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    auto parsed = newsroom::parseOutlines({reinterpret_cast<const char*>(data), size});
+    auto parsed = kit::parseOutlines({reinterpret_cast<const char*>(data), size});
     if (!parsed) return 0;
     auto& outlines = parsed.value();
-    if (outlines.feeds.size() > newsroom::outlineLimit) std::abort();
+    if (outlines.feeds.size() > kit::outlineLimit) std::abort();
     for (const auto& feed : outlines.feeds) {
         if (!feed.feedURL.starts_with("https://")) std::abort();
-        if (feed.folders.size() > newsroom::outlineDepthLimit) std::abort();
+        if (feed.folders.size() > kit::outlineDepthLimit) std::abort();
     }
-    const auto again = newsroom::parseOutlines(newsroom::writeOutlines(outlines));
-    if (!again && again.error() != newsroom::OutlineError::tooMany &&
-        again.error() != newsroom::OutlineError::tooLarge) {
+    const auto again = kit::parseOutlines(kit::writeOutlines(outlines));
+    if (!again && again.error() != kit::OutlineError::tooMany &&
+        again.error() != kit::OutlineError::tooLarge) {
         std::abort();
     }
     if (again && again.value().feeds.size() != outlines.feeds.size()) std::abort();

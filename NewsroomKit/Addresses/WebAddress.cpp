@@ -6,11 +6,11 @@
 #include <boost/url/url.hpp>
 #include <boost/url/url_view.hpp>
 
-#include "NewsroomKit/Addresses/LenientAddress.h"
+#include "NewsroomKit/Addresses/URLRepair.h"
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -166,4 +166,4 @@ std::string percentDecoded(std::string_view text) {
     return out;
 }
 
-}  // namespace newsroom
+}  // namespace kit

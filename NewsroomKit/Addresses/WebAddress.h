@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace newsroom {
+namespace kit {
 
 /// A web address taken apart. Path, query and fragment keep their percent-encoding as
 /// written; characters that a strict parser refuses are escaped on the way in.
@@ -52,4 +52,4 @@ bool isHostOrSubhost(std::string_view host, std::string_view domain);
 /// Bytes of "%41" and the like put in place; anything malformed stays.
 std::string percentDecoded(std::string_view text);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 #include <boost/url/encode.hpp>
 #include <boost/url/rfc/unreserved_chars.hpp>
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -49,4 +49,4 @@ std::string ArchiveAddresses::trace(std::string_view story) const {
     return std::string(base) + "trace?url=" + queryValue(story);
 }
 
-}  // namespace newsroom
+}  // namespace kit

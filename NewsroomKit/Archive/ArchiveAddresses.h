@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace newsroom {
+namespace kit {
 
 /// Seconds since 1970. The service counts whole ones: fractions are dropped.
 struct ArchivePeriod {
@@ -36,4 +36,4 @@ struct ArchiveAddresses {
     std::string trace(std::string_view story) const;
 };
 
-}  // namespace newsroom
+}  // namespace kit

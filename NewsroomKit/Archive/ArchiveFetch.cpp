@@ -1,6 +1,6 @@
 #include "NewsroomKit/Archive/ArchiveFetch.h"
 
-namespace newsroom {
+namespace kit {
 
 json::value archiveJSON(std::string_view body) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
@@ -8,4 +8,4 @@ json::value archiveJSON(std::string_view body) {
     return parseJSON(body);
 }
 
-}  // namespace newsroom
+}  // namespace kit

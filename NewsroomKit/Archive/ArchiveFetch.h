@@ -9,10 +9,10 @@
 
 #include "NewsroomKit/Records/Codec.h"
 #include "NewsroomKit/Records/TextDates.h"
-#include "NewsroomKit/Trackers/BodyFetch.h"
+#include "NewsroomKit/HTTP/BodyFetch.h"
 
 /// How answers of the archive are fetched and read.
-namespace newsroom {
+namespace kit {
 
 inline constexpr std::size_t kArchiveByteLimit = 4'194'304;
 
@@ -37,4 +37,4 @@ boost::asio::awaitable<FetchResult<Answer>> fetchArchiveAnswer(HTTPClient& http,
     co_return archiveAnswer<Answer>(answer.body.value());
 }
 
-}  // namespace newsroom
+}  // namespace kit

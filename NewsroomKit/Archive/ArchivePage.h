@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Archive/ServerCredits.h"
 
-namespace newsroom {
+namespace kit {
 
 /// A story as the archive keeps it.
 struct ArchivedStory {
@@ -15,27 +15,27 @@ struct ArchivedStory {
     std::string url{};
     std::string title{};
     Instant publishedAt{};
-    std::optional<OpenTruth> dayOnly{};  ///< only the day of publishedAt is known; absent: no
+    std::optional<LenientBool> dayOnly{};  ///< only the day of publishedAt is known; absent: no
     std::optional<std::string> author{};
     std::optional<std::string> lead{};  ///< how it begins
     std::optional<std::vector<ServerCredit>> credits{};
 
-    bool isDayOnly() const { return dayOnly.value_or(OpenTruth()).value; }
+    bool isDayOnly() const { return dayOnly.value_or(LenientBool()).value; }
 
     bool operator==(const ArchivedStory&) const = default;
 };
 
 /// A part of the stories of a period. All keys are required.
 struct ArchivePage {
-    OpenCount total{};   ///< stories of the period
-    OpenCount offset{};  ///< position of the first item, as asked
+    LenientInt total{};   ///< stories of the period
+    LenientInt offset{};  ///< position of the first item, as asked
     std::vector<ArchivedStory> items{};
 
     bool operator==(const ArchivePage&) const = default;
 };
 
 template <>
-struct RecordShape<ArchivedStory> {
+struct JSONFields<ArchivedStory> {
     static constexpr auto fields = std::tuple{
         field("source", &ArchivedStory::source),
         field("source_name", &ArchivedStory::sourceName),
@@ -50,7 +50,7 @@ struct RecordShape<ArchivedStory> {
 };
 
 template <>
-struct RecordShape<ArchivePage> {
+struct JSONFields<ArchivePage> {
     static constexpr auto fields = std::tuple{
         field("total", &ArchivePage::total),
         field("offset", &ArchivePage::offset),
@@ -58,4 +58,4 @@ struct RecordShape<ArchivePage> {
     };
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "NewsroomKit/Archive/OpenValues.h"
+#include "NewsroomKit/Archive/LenientValues.h"
 
-namespace newsroom {
+namespace kit {
 
 /// How complete the archive is. `complete` and `sources` are required.
 struct ArchiveStatus {
@@ -14,21 +14,21 @@ struct ArchiveStatus {
     struct Source {
         std::string id{};
         std::string name{};
-        std::optional<OpenCount> listed{};   ///< stories that it knows to exist
-        std::optional<OpenCount> stored{};   ///< of these, stories in the archive
-        std::optional<OpenCount> waiting{};  ///< and stories that it has yet to read
+        std::optional<LenientInt> listed{};   ///< stories that it knows to exist
+        std::optional<LenientInt> stored{};   ///< of these, stories in the archive
+        std::optional<LenientInt> waiting{};  ///< and stories that it has yet to read
 
         bool operator==(const Source&) const = default;
     };
 
-    OpenTruth complete{};  ///< nothing is waiting
+    LenientBool complete{};  ///< nothing is waiting
     std::vector<Source> sources{};
 
     bool operator==(const ArchiveStatus&) const = default;
 };
 
 template <>
-struct RecordShape<ArchiveStatus::Source> {
+struct JSONFields<ArchiveStatus::Source> {
     using Source = ArchiveStatus::Source;
     static constexpr auto fields = std::tuple{
         field("id", &Source::id),           field("name", &Source::name),
@@ -38,11 +38,11 @@ struct RecordShape<ArchiveStatus::Source> {
 };
 
 template <>
-struct RecordShape<ArchiveStatus> {
+struct JSONFields<ArchiveStatus> {
     static constexpr auto fields = std::tuple{
         field("complete", &ArchiveStatus::complete),
         field("sources", &ArchiveStatus::sources),
     };
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "NewsroomKit/Archive/OpenValues.h"
+#include "NewsroomKit/Archive/LenientValues.h"
 
-namespace newsroom {
+namespace kit {
 
 /// An outlet, account or document that an archived story credits, as the service found it.
 /// The same fields as a SourceCredit, but the kind stays text, so that one more of the
@@ -26,14 +26,14 @@ struct ServerCredit {
 struct ServerCredits {
     /// By the address that was asked for. A story without credits has an empty list, one that
     /// the archive does not know has none.
-    OpenMap<std::vector<ServerCredit>> credits{};
+    LenientMap<std::vector<ServerCredit>> credits{};
     std::vector<std::string> pending{};  ///< addresses that the service has yet to read
 
     bool operator==(const ServerCredits&) const = default;
 };
 
 template <>
-struct RecordShape<ServerCredit> {
+struct JSONFields<ServerCredit> {
     static constexpr auto fields = std::tuple{
         field("kind", &ServerCredit::kind),     field("platform", &ServerCredit::platform),
         field("name", &ServerCredit::name),     field("url", &ServerCredit::url),
@@ -42,11 +42,11 @@ struct RecordShape<ServerCredit> {
 };
 
 template <>
-struct RecordShape<ServerCredits> {
+struct JSONFields<ServerCredits> {
     static constexpr auto fields = std::tuple{
         field("credits", &ServerCredits::credits),
         field("pending", &ServerCredits::pending),
     };
 };
 
-}  // namespace newsroom
+}  // namespace kit

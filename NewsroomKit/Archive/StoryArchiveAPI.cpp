@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Archive/ArchiveFetch.h"
 
-namespace newsroom {
+namespace kit {
 
 boost::asio::awaitable<FetchResult<ArchivePage>> StoryArchiveAPI::stories(
     ArchivePeriod period, std::int64_t offset, std::int64_t limit) const {
@@ -19,4 +19,4 @@ boost::asio::awaitable<FetchResult<ServerCredits>> StoryArchiveAPI::credits(
     return fetchArchiveAnswer<ServerCredits>(http, ArchiveAddresses{base}.credits(stories));
 }
 
-}  // namespace newsroom
+}  // namespace kit

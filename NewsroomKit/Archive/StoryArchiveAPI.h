@@ -12,7 +12,7 @@
 #include "NewsroomKit/Archive/ServerCredits.h"
 #include "NewsroomKit/HTTP/HTTPClient.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The maker's archive of the stories that the desk's sources published. Every answer is taken
 /// whole or not at all: what the operations throw is archiveAnswer's.
@@ -30,4 +30,4 @@ struct StoryArchiveAPI {
         const std::vector<std::string>& stories) const;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -3,10 +3,10 @@
 #include "NewsroomKit/Archive/ArchiveAddresses.h"
 #include "NewsroomKit/Archive/ArchiveFetch.h"
 
-namespace newsroom {
+namespace kit {
 
 boost::asio::awaitable<FetchResult<TraceResult>> TraceAPI::trace(std::string_view story) const {
     return fetchArchiveAnswer<TraceResult>(http, ArchiveAddresses{base}.trace(story));
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -8,7 +8,7 @@
 #include "NewsroomKit/Archive/TraceResult.h"
 #include "NewsroomKit/HTTP/HTTPClient.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Follows a story back through the outlets that ran it, at the maker's archive.
 struct TraceAPI {
@@ -19,4 +19,4 @@ struct TraceAPI {
     boost::asio::awaitable<FetchResult<TraceResult>> trace(std::string_view story) const;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -1,6 +1,6 @@
 #include "NewsroomKit/Archive/TraceResult.h"
 
-namespace newsroom {
+namespace kit {
 
 std::string_view TraceNode::relationWording() const {
     if (relation == "linked") return kLinkedAs;
@@ -8,4 +8,4 @@ std::string_view TraceNode::relationWording() const {
     return {};
 }
 
-}  // namespace newsroom
+}  // namespace kit

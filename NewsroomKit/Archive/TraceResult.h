@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "NewsroomKit/Archive/OpenValues.h"
+#include "NewsroomKit/Archive/LenientValues.h"
 
-namespace newsroom {
+namespace kit {
 
 /// One outlet or account that ran a story. `kind`, `url`, `precision` and `depth` are required.
 struct TraceNode {
@@ -23,11 +23,11 @@ struct TraceNode {
     std::optional<std::string> publisher{};
     std::optional<Instant> publishedAt{};
     Precision precision = Precision::unknown;
-    std::optional<OpenTruth> readable{};  ///< the service could read the page; absent: not said
+    std::optional<LenientBool> readable{};  ///< the service could read the page; absent: not said
     /// How it refers to the node that it hangs below: "linked", "named", …
     std::optional<std::string> relation{};
     /// 0 for an origin; a node hangs below the last one before it that is less deep.
-    OpenCount depth{};
+    LenientInt depth{};
     std::optional<std::string> note{};      ///< the words of the reference
     std::optional<std::string> platform{};  ///< for a social post
 
@@ -44,7 +44,7 @@ struct TraceResult {
     std::string url{};                   ///< of the traced story
     std::optional<std::string> query{};  ///< the words that were looked for
     std::vector<TraceNode> nodes{};
-    std::optional<OpenCount> searched{};  ///< sources that were looked through
+    std::optional<LenientInt> searched{};  ///< sources that were looked through
 
     bool operator==(const TraceResult&) const = default;
 };
@@ -57,7 +57,7 @@ inline constexpr std::array<EnumRow<TraceNode::Precision>, 3> enumTable<TraceNod
 }};
 
 template <>
-struct RecordShape<TraceNode> {
+struct JSONFields<TraceNode> {
     static constexpr auto fields = std::tuple{
         field("kind", &TraceNode::kind),
         field("url", &TraceNode::url),
@@ -74,7 +74,7 @@ struct RecordShape<TraceNode> {
 };
 
 template <>
-struct RecordShape<TraceResult> {
+struct JSONFields<TraceResult> {
     static constexpr auto fields = std::tuple{
         field("url", &TraceResult::url),
         field("query", &TraceResult::query),
@@ -83,4 +83,4 @@ struct RecordShape<TraceResult> {
     };
 };
 
-}  // namespace newsroom
+}  // namespace kit

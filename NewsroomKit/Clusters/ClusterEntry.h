@@ -7,7 +7,7 @@
 #include "NewsroomKit/Clusters/Headline.h"
 #include "NewsroomKit/Records/Instant.h"
 
-namespace newsroom {
+namespace kit {
 
 /// What the clustering keeps of a story.
 struct ClusterEntry {
@@ -19,4 +19,4 @@ struct ClusterEntry {
     std::vector<std::uint64_t> credited{};  ///< hashed links of the articles it credits
 };
 
-}  // namespace newsroom
+}  // namespace kit

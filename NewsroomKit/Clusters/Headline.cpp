@@ -5,13 +5,13 @@
 #include <optional>
 #include <string>
 
-#include "NewsroomKit/Clusters/CommonWords.h"
+#include "NewsroomKit/Clusters/WordFrequencies.h"
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Folding.h"
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -29,21 +29,15 @@ struct Token {
 struct Number {
     std::string_view prefix{};  ///< "m" of "m6"
     std::string_view value{};   ///< "6", and "18e" with its letter
-    bool version = false;     ///< has a point
+    bool version = false;       ///< has a point
     bool year = false;
 };
 
-std::uint64_t keyOf(std::string_view text) {
-    return std::hash<std::string_view>{}(text);
-}
+std::uint64_t keyOf(std::string_view text) { return std::hash<std::string_view>{}(text); }
 
-bool isCurrency(char32_t c) {
-    return c == U'$' || c == U'€' || c == U'£' || c == U'¥';
-}
+bool isCurrency(char32_t c) { return c == U'$' || c == U'€' || c == U'£' || c == U'¥'; }
 
-bool isApostrophe(char32_t c) {
-    return c == U'\'' || c == U'\u2019' || c == U'\u2018';
-}
+bool isApostrophe(char32_t c) { return c == U'\'' || c == U'\u2019' || c == U'\u2018'; }
 
 /// Words of letters and digits. Points and commas stay between digits ("27.1", "1,299"),
 /// apostrophes inside words go, with the "s" of a possessive. What stands in square brackets
@@ -69,8 +63,8 @@ std::vector<Token> tokensOf(std::string_view folded) {
         } else if (inside && isASCIIDigit(token.text.back()) && digitFollows && c.value == U',') {
             // Thousands: "1,299" is 1299.
         } else if (inside && isApostrophe(c.value)) {
-            const bool possessive = rest.starts_with('s') &&
-                                    (rest.size() == 1 || !isASCIIAlphanumeric(rest[1]));
+            const bool possessive =
+                rest.starts_with('s') && (rest.size() == 1 || !isASCIIAlphanumeric(rest[1]));
             if (possessive) at += 1;
             if (possessive) finish();
         } else {
@@ -243,7 +237,7 @@ Headline readHeadline(std::string_view title) {
     return HeadlineReader(tokensOf(fold(title.substr(0, kLongestHeadline)))).read();
 }
 
-bool contradict(const Headline& left, const Headline& right) {
+bool areIncompatible(const Headline& left, const Headline& right) {
     if (disjoint(left.systems, right.systems) || disjoint(left.devices, right.devices)) return true;
     // A version in beta is other news than the version itself; without a version "beta" is
     // a matter of wording.
@@ -252,4 +246,4 @@ bool contradict(const Headline& left, const Headline& right) {
     return disjoint(left.numbers, right.numbers) || figuresDisagree(left.figures, right.figures);
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace newsroom {
+namespace kit {
 
 /// A headline as far as telling whether another one reports the same news needs it.
 struct Headline {
@@ -21,12 +21,12 @@ struct Headline {
         auto operator<=>(const Figure&) const = default;
     };
 
-    std::vector<Word> words{};              ///< distinct, by key
-    std::vector<Figure> figures{};          ///< distinct, sorted
-    std::vector<std::uint64_t> numbers{};   ///< neither years nor prices; distinct, sorted
-    std::vector<std::uint64_t> systems{};   ///< operating systems and tools named; likewise
-    std::vector<std::uint64_t> devices{};   ///< likewise
-    std::vector<std::uint64_t> stages{};    ///< beta, release candidate; likewise
+    std::vector<Word> words{};             ///< distinct, by key
+    std::vector<Figure> figures{};         ///< distinct, sorted
+    std::vector<std::uint64_t> numbers{};  ///< neither years nor prices; distinct, sorted
+    std::vector<std::uint64_t> systems{};  ///< operating systems and tools named; likewise
+    std::vector<std::uint64_t> devices{};  ///< likewise
+    std::vector<std::uint64_t> stages{};   ///< beta, release candidate; likewise
 
     bool operator==(const Headline&) const = default;
 };
@@ -38,6 +38,6 @@ inline constexpr std::size_t kLongestHeadline = 600;
 /// The headlines cannot report the same news, however alike they are: they give different
 /// numbers for the same thing ("beta 2", "beta 3"), share none of their numbers, or name
 /// different systems, devices or stages of a release.
-bool contradict(const Headline& left, const Headline& right);
+bool areIncompatible(const Headline& left, const Headline& right);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace newsroom {
+namespace kit {
 
 /// Stories that tell the same news.
 struct StoryCluster {
@@ -14,4 +14,4 @@ struct StoryCluster {
     bool operator==(const StoryCluster&) const = default;
 };
 
-}  // namespace newsroom
+}  // namespace kit

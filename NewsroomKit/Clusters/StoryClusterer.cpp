@@ -5,10 +5,10 @@
 #include <string_view>
 #include <tuple>
 
-#include "NewsroomKit/Clusters/ClusterGrowth.h"
+#include "NewsroomKit/Clusters/ClusterBuilder.h"
 #include "NewsroomKit/Stories/CanonicalLink.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -29,8 +29,10 @@ void addArticle(std::vector<std::uint64_t>& articles, std::string_view canonical
 }
 
 ClusterEntry entryOf(const Story& story) {
-    ClusterEntry entry{.storyID = story.id, .sourceID = story.sourceID,
-                       .publishedAt = story.publishedAt, .headline = readHeadline(story.title)};
+    ClusterEntry entry{.storyID = story.id,
+                       .sourceID = story.sourceID,
+                       .publishedAt = story.publishedAt,
+                       .headline = readHeadline(story.title)};
     addArticle(entry.articles, story.link);
     if (story.articleLink) addArticle(entry.articles, canonicalLink(*story.articleLink));
     for (const SourceCredit& credit : story.credits) {
@@ -95,4 +97,4 @@ std::vector<StoryCluster> StoryClusterer::clusters() const {
     return clusters;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -11,11 +11,11 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Stories/Story.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Finds the stories of the wire that tell the same news. A wrong cluster is worse than a
 /// missing one, so headlines must share rare words and agree in every number, version and
-/// product they name (StoryLikeness.h), or one story must lead to the other's article.
+/// product they name (HeadlineSimilarity.h), or one story must lead to the other's article.
 ///
 /// What a story says is read once, when it is added. The clusters are a function of the
 /// stories held, whatever way and order they came in; clusters() works them out anew each
@@ -41,4 +41,4 @@ private:
     std::unordered_map<std::string, ClusterEntry> entries_;  ///< by story id
 };
 
-}  // namespace newsroom
+}  // namespace kit

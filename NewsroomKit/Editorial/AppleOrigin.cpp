@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Text/Pattern.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -50,4 +50,4 @@ std::optional<RuleHit::Where> AppleOrigin::explain(std::string_view title,
     return std::nullopt;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Editorial/RuleHit.h"
 #include "NewsroomKit/Stories/Story.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Does a story relay Apple speaking for itself, rather than news of the outlet's own? The
 /// expressions read the text as published, letter case ignored but nothing folded.
@@ -20,4 +20,4 @@ std::optional<RuleHit::Where> explain(std::string_view title, std::string_view s
 
 }  // namespace AppleOrigin
 
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Editorial/RuleHit.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Is this text about Apple at all?
 namespace AppleTopic {
@@ -16,4 +16,4 @@ std::optional<RuleHit> explain(std::string_view text);
 
 }  // namespace AppleTopic
 
-}  // namespace newsroom
+}  // namespace kit

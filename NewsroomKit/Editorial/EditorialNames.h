@@ -5,36 +5,18 @@
 
 /// The people and the place that the phrase tables name. They change with the news, not
 /// with the rules, so they stand here by themselves; all in lower case, as folded text is.
-namespace newsroom::EditorialNames {
+namespace kit::EditorialNames {
 
 inline constexpr std::string_view chiefExecutive = "john ternus";
 
 /// Who speaks for Apple: current and recent senior executives, the first the chief
 /// executive. A nickname follows its bearer's full name.
 inline constexpr auto executives = std::to_array<std::string_view>({
-    chiefExecutive,
-    "tim cook",
-    "craig federighi",
-    "greg joswiak",
-    "joz",
-    "eddy cue",
-    "johny srouji",
-    "sabih khan",
-    "kevan parekh",
-    "deirdre o'brien",
-    "jennifer newstead",
-    "phil schiller",
-    "amar subramanya",
-    "steve lemay",
-    "molly anderson",
-    "mike rockwell",
-    "susan prescott",
-    "bob borchers",
-    "kate adams",
-    "lisa jackson",
-    "jeff williams",
-    "john giannandrea",
-    "alan dye",
+    chiefExecutive,      "tim cook",         "craig federighi", "greg joswiak", "joz",
+    "eddy cue",          "johny srouji",     "sabih khan",      "kevan parekh", "deirdre o'brien",
+    "jennifer newstead", "phil schiller",    "amar subramanya", "steve lemay",  "molly anderson",
+    "mike rockwell",     "susan prescott",   "bob borchers",    "kate adams",   "lisa jackson",
+    "jeff williams",     "john giannandrea", "alan dye",
 });
 
 /// Executives so well known that a text which names one is about Apple.
@@ -51,4 +33,4 @@ inline constexpr std::string_view forecastingAnalyst = "kuo";
 inline constexpr std::string_view appleReporter = "gurman";
 inline constexpr std::string_view usPresident = "trump";
 
-}  // namespace newsroom::EditorialNames
+}  // namespace kit::EditorialNames

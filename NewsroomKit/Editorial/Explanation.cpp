@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -43,4 +43,4 @@ std::string explanation(const SourcingDecision& decision) {
                        reason(decision), turnedOff);
 }
 
-}  // namespace newsroom
+}  // namespace kit

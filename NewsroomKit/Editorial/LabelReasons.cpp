@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Editorial/Explanation.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -39,4 +39,4 @@ std::string sourcingReason(const Story& story) {
     return explanation(decision);
 }
 
-}  // namespace newsroom
+}  // namespace kit

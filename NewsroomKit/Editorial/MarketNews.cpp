@@ -6,7 +6,7 @@
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
 #include "NewsroomKit/Editorial/StockNews.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -28,9 +28,7 @@ constexpr std::pair<PhraseTable, Reason> reasonsInOrder[] = {
 
 }  // namespace
 
-std::optional<Reason> MarketNews::reason(std::string_view text) {
-    return explain(text).reason;
-}
+std::optional<Reason> MarketNews::reason(std::string_view text) { return explain(text).reason; }
 
 MarketNews::Decision MarketNews::explain(std::string_view text) {
     const std::string normalized = PhraseMatcher::normalize(text);
@@ -46,4 +44,4 @@ MarketNews::Decision MarketNews::explain(std::string_view text) {
     return {.reason = std::nullopt, .why = stock.why};
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Editorial/RuleHit.h"
 #include "NewsroomKit/Records/EnumTable.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Why did an item move the market?
 namespace MarketNews {
@@ -38,4 +38,4 @@ inline constexpr std::array<EnumRow<MarketNews::Reason>, 9> enumTable<MarketNews
     {MarketNews::Reason::stock, "Stock", "Stock"},
 }};
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -24,12 +24,12 @@ std::vector<Phrase> allPhrases() {
         const auto entries = phrases(table);
         for (std::size_t entry = 0; entry < entries.size(); ++entry) {
             const PhraseMatcher matcher(entries[entry]);
-            all.push_back({.text = matcher.phrase,
-                           .ending = {.table = table,
-                                      .bounded = matcher.isBounded() && !isPlainTable(table),
-                                      .phraseIndex = static_cast<std::uint16_t>(entry),
-                                      .length = static_cast<std::uint16_t>(
-                                          matcher.phrase.size())}});
+            all.push_back(
+                {.text = matcher.phrase,
+                 .ending = {.table = table,
+                            .bounded = matcher.isBounded() && !isPlainTable(table),
+                            .phraseIndex = static_cast<std::uint16_t>(entry),
+                            .length = static_cast<std::uint16_t>(matcher.phrase.size())}});
         }
     }
     return all;
@@ -113,8 +113,7 @@ PhraseAutomaton::PhraseAutomaton() {
     std::iota(order.begin(), order.end(), std::size_t{0});
     // Not the ranges form: clang 14, which builds the fuzz targets, cannot read it.
     const auto firstEnding = std::stable_partition(
-        order.begin(), order.end(),
-        [&](std::size_t state) { return trie.endings[state].empty(); });
+        order.begin(), order.end(), [&](std::size_t state) { return trie.endings[state].empty(); });
     const auto rowAt = [&](std::size_t place) {
         return static_cast<std::uint32_t>(place * classCount_);
     };
@@ -150,4 +149,4 @@ PhraseHits findPhrases(std::string_view normalizedText) {
     return hits;
 }
 
-}  // namespace newsroom
+}  // namespace kit

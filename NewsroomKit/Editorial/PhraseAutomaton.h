@@ -8,7 +8,7 @@
 
 #include "NewsroomKit/Editorial/PhraseTables.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Finds the phrases of all tables in one pass over a text (Aho and Corasick's automaton
 /// over the bytes of UTF-8), whatever their number. It gives the answers of one
@@ -66,4 +66,4 @@ const PhraseAutomaton& phraseAutomaton();
 /// The phrases of every table in one normalised text.
 PhraseHits findPhrases(std::string_view normalizedText);
 
-}  // namespace newsroom
+}  // namespace kit

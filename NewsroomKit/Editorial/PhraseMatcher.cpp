@@ -6,15 +6,14 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
 bool isLetterOrNumber(char32_t codePoint) {
     if (codePoint < 0x80) {
         return (codePoint >= U'a' && codePoint <= U'z') ||
-               (codePoint >= U'0' && codePoint <= U'9') ||
-               (codePoint >= U'A' && codePoint <= U'Z');
+               (codePoint >= U'0' && codePoint <= U'9') || (codePoint >= U'A' && codePoint <= U'Z');
     }
     return isLetter(codePoint) || isNumber(codePoint);
 }
@@ -105,4 +104,4 @@ bool standsAsWords(std::string_view text, std::size_t start, std::size_t end) {
     return end == text.size() || !isLetterOrNumber(decodeUTF8(text, end).value);
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <variant>
 
-namespace newsroom {
+namespace kit {
 
 /// One search phrase, the phrase test that every rule, query and alert shares. A phrase
 /// made of words matches only as whole words ("mac" neither in "macbook" nor in "imac",
@@ -44,4 +44,4 @@ struct PhraseMatcher {
 /// No letter and no number touches the bytes from `start` to `end` of the text.
 bool standsAsWords(std::string_view text, std::size_t start, std::size_t end);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -7,7 +7,7 @@
 // The order of phrases within a table, and of tables that compete for a story, is part of
 // the rules: the earliest phrase is the one a label is explained by.
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -15,19 +15,22 @@ using EditorialNames::executives;
 using EditorialNames::householdNames;
 
 constexpr auto kindExclusionPhrases = std::to_array<std::string_view>({
-    "sales figures", "sales report", "earnings", "quarterly", "revenue", "market share",
-    "antitrust", "lawsuit", "settlement", "acquisition", "deal with", "licensing deal",
-    "supply deal", "trade deal", "app store review", "review process", "under review",
-    "app review", "peer review", "reviewers guild", "ad campaign", "advertising revenue",
-    "ad business", "ad market", "super bowl ad", "privacy nutrition", "app tracking",
+    "sales figures",     "sales report",        "earnings",    "quarterly",   "revenue",
+    "market share",      "antitrust",           "lawsuit",     "settlement",  "acquisition",
+    "deal with",         "licensing deal",      "supply deal", "trade deal",  "app store review",
+    "review process",    "under review",        "app review",  "peer review", "reviewers guild",
+    "ad campaign",       "advertising revenue", "ad business", "ad market",   "super bowl ad",
+    "privacy nutrition", "app tracking",
 });
 
 constexpr auto dealPhrases = std::to_array<std::string_view>({
-    "deal", "deals", "discount", "discounted", "sale", "on sale", "save $", "save £", "% off",
-    "percent off", "price drop", "lowest price", "best price", "coupon", "promo code",
-    "black friday", "prime day", "clearance", "bundle offer", "cheapest",
+    "deal",         "deals",        "discount",   "discounted",   "sale",
+    "on sale",      "save $",       "save £",     "% off",        "percent off",
+    "price drop",   "lowest price", "best price", "coupon",       "promo code",
+    "black friday", "prime day",    "clearance",  "bundle offer", "cheapest",
 });
 
+// clang-format off
 constexpr auto reviewPhrases = std::to_array<std::string_view>({
     "review", "reviewed", "hands-on", "hands on", "first impressions", "we tried", "i tried",
     "tested", "benchmarked", "unboxing", "long-term test", "verdict",
@@ -165,6 +168,7 @@ constexpr auto appleTopicPhrases = std::to_array<std::string_view>({
     "airtags", "siri", "app store", "icloud", "carplay", "facetime", "imessage", "wwdc", "xcode",
     "swiftui", "safari", "apple silicon",
 });
+// clang-format on
 
 struct Row {
     PhraseTable table;
@@ -203,23 +207,17 @@ constexpr auto rows = std::to_array<Row>({
 
 static_assert(rows.size() == phraseTableCount);
 
-constexpr const Row& rowOf(PhraseTable table) {
-    return rows[static_cast<std::size_t>(table)];
-}
+constexpr const Row& rowOf(PhraseTable table) { return rows[static_cast<std::size_t>(table)]; }
 
 }  // namespace
 
-std::string_view tableName(PhraseTable table) {
-    return rowOf(table).name;
-}
+std::string_view tableName(PhraseTable table) { return rowOf(table).name; }
 
-std::span<const std::string_view> phrases(PhraseTable table) {
-    return rowOf(table).phrases;
-}
+std::span<const std::string_view> phrases(PhraseTable table) { return rowOf(table).phrases; }
 
 std::optional<std::string_view> PhraseHits::first(PhraseTable table) const {
     if (!has(table)) return std::nullopt;
     return rowOf(table).phrases[first_[index(table)]];
 }
 
-}  // namespace newsroom
+}  // namespace kit

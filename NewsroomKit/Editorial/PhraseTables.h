@@ -7,19 +7,33 @@
 #include <span>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// Every phrase table of the editorial rules.
 enum class PhraseTable {
     // Story kind
-    kindExclusion, deal, review, roundup, sponsored, advertisement,
+    kindExclusion,
+    deal,
+    review,
+    roundup,
+    sponsored,
+    advertisement,
     // Sourcing
-    fulfilledRumor, rumor, report, appleSpeaks, spokesperson, speech, release,
+    fulfilledRumor,
+    rumor,
+    report,
+    appleSpeaks,
+    spokesperson,
+    speech,
+    release,
     // Share price
-    stockExclusion, stock,
+    stockExclusion,
+    stock,
     // Why the market moved
+    // clang-format off
     marketExclusion, marketEarnings, marketAnalysts, marketLegal, marketTrade, marketSupply,
     marketSales, marketLeadership, marketDeal,
+    // clang-format on
     // About Apple at all
     appleTopic
 };
@@ -33,9 +47,7 @@ std::string_view tableName(PhraseTable table);
 std::span<const std::string_view> phrases(PhraseTable table);
 
 /// Whether the table's phrases are looked for as they stand even where they are words.
-constexpr bool isPlainTable(PhraseTable table) {
-    return table == PhraseTable::kindExclusion;
-}
+constexpr bool isPlainTable(PhraseTable table) { return table == PhraseTable::kindExclusion; }
 
 /// For each table, its earliest phrase that occurs in a text: the answer that testing its
 /// phrases one by one, in order, would give.
@@ -65,4 +77,4 @@ private:
     }();
 };
 
-}  // namespace newsroom
+}  // namespace kit

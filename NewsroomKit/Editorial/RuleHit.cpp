@@ -1,6 +1,6 @@
 #include "NewsroomKit/Editorial/RuleHit.h"
 
-namespace newsroom {
+namespace kit {
 
 std::optional<RuleHit> ruleHit(PhraseTable table, const PhraseHits& hits, RuleHit::Where where) {
     const auto phrase = hits.first(table);
@@ -8,4 +8,4 @@ std::optional<RuleHit> ruleHit(PhraseTable table, const PhraseHits& hits, RuleHi
     return RuleHit{.table = tableName(table), .phrase = *phrase, .where = where};
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 #include "NewsroomKit/Editorial/PhraseTables.h"
 #include "NewsroomKit/Records/EnumTable.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The phrase that decided a rule. Its texts live as long as the process.
 struct RuleHit {
@@ -31,4 +31,4 @@ inline constexpr std::array<EnumRow<RuleHit::Where>, 5> enumTable<RuleHit::Where
 /// The table's earliest phrase among `hits`; nothing when none occurred.
 std::optional<RuleHit> ruleHit(PhraseTable table, const PhraseHits& hits, RuleHit::Where where);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -3,7 +3,7 @@
 #include "NewsroomKit/Editorial/StoryScan.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -63,4 +63,4 @@ SourcingDecision SourcingRules::explainAppleSource() {
             .why = RuleHit{.table = "sources of Apple", .phrase = "", .where = Where::source}};
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Editorial/RuleHit.h"
 #include "NewsroomKit/Stories/Sourcing.h"
 
-namespace newsroom {
+namespace kit {
 
 class StoryScan;
 
@@ -37,4 +37,4 @@ SourcingDecision explainAppleSource();
 
 }  // namespace SourcingRules
 
-}  // namespace newsroom
+}  // namespace kit

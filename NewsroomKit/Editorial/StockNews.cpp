@@ -4,7 +4,7 @@
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
 #include "NewsroomKit/Text/Pattern.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -24,13 +24,9 @@ bool tellsOfMovement(std::string_view normalizedText) {
 
 }  // namespace
 
-bool StockNews::isStockNews(std::string_view text) {
-    return explain(text).isStockNews;
-}
+bool StockNews::isStockNews(std::string_view text) { return explain(text).isStockNews; }
 
-bool StockNews::isStockNews(const Story& story) {
-    return isStockNews(story.title);
-}
+bool StockNews::isStockNews(const Story& story) { return isStockNews(story.title); }
 
 StockDecision StockNews::explain(std::string_view text) {
     const std::string normalized = PhraseMatcher::normalize(text);
@@ -52,4 +48,4 @@ StockDecision StockNews::explainNormalized(std::string_view normalizedText,
     return {};
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Editorial/RuleHit.h"
 #include "NewsroomKit/Stories/Story.h"
 
-namespace newsroom {
+namespace kit {
 
 struct StockDecision {
     bool isStockNews = false;
@@ -28,4 +28,4 @@ StockDecision explainNormalized(std::string_view normalizedText, const PhraseHit
 
 }  // namespace StockNews
 
-}  // namespace newsroom
+}  // namespace kit

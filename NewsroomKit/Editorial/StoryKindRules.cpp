@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Editorial/StoryScan.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -38,4 +38,4 @@ KindDecision StoryKindRules::explain(const StoryScan& scan) {
     return {.kind = StoryKind::coverage, .why = std::nullopt};
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Editorial/RuleHit.h"
 #include "NewsroomKit/Stories/StoryKind.h"
 
-namespace newsroom {
+namespace kit {
 
 class StoryScan;
 
@@ -30,4 +30,4 @@ KindDecision explain(const StoryScan& scan);
 
 }  // namespace StoryKindRules
 
-}  // namespace newsroom
+}  // namespace kit

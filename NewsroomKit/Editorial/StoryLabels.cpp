@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Editorial/StoryScan.h"
 
-namespace newsroom {
+namespace kit {
 
 StoryLabels labelStory(std::string_view title, std::string_view summary, bool isAppleSource,
                        bool classifyKind) {
@@ -12,8 +12,8 @@ StoryLabels labelStory(std::string_view title, std::string_view summary, bool is
     }
     const StoryScan scan(title, summary);
     return {.kind = StoryKindRules::explain(scan),
-            .sourcing = isAppleSource ? SourcingRules::explainAppleSource()
-                                      : SourcingRules::explain(scan)};
+            .sourcing =
+                isAppleSource ? SourcingRules::explainAppleSource() : SourcingRules::explain(scan)};
 }
 
-}  // namespace newsroom
+}  // namespace kit

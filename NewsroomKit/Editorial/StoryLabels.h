@@ -6,7 +6,7 @@
 #include "NewsroomKit/Editorial/SourcingRules.h"
 #include "NewsroomKit/Editorial/StoryKindRules.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Both editorial labels of a story with their reasons.
 struct StoryLabels {
@@ -22,4 +22,4 @@ struct StoryLabels {
 StoryLabels labelStory(std::string_view title, std::string_view summary, bool isAppleSource,
                        bool classifyKind);
 
-}  // namespace newsroom
+}  // namespace kit

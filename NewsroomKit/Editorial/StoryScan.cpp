@@ -6,7 +6,7 @@
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -69,4 +69,4 @@ StoryScan::StoryScan(std::string_view title, std::string_view summary) {
     exclusion_ = ruleHit(PhraseTable::kindExclusion, exclusions, exclusionWhere);
 }
 
-}  // namespace newsroom
+}  // namespace kit

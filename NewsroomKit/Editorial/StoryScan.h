@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Editorial/RuleHit.h"
 
-namespace newsroom {
+namespace kit {
 
 /// How many user-perceived characters of a summary the sourcing rules read.
 inline constexpr std::size_t openingCharacters = 280;
@@ -30,4 +30,4 @@ private:
     std::optional<RuleHit> exclusion_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

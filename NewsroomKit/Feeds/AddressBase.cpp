@@ -7,7 +7,7 @@
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 // What real documents stay far below. Completing an address takes some microseconds, so a
@@ -66,13 +66,9 @@ bool isWebPage(std::string_view text) {
 AddressBase::AddressBase(std::string_view feedAddress, std::string_view homePage)
     : feedAddress_(feedAddress), homePage_(homePage) {}
 
-void AddressBase::offerHomePage(std::string_view address) {
-    keepFirstPage(homePage_, address);
-}
+void AddressBase::offerHomePage(std::string_view address) { keepFirstPage(homePage_, address); }
 
-void AddressBase::offerSelf(std::string_view address) {
-    keepFirstPage(self_, address);
-}
+void AddressBase::offerSelf(std::string_view address) { keepFirstPage(self_, address); }
 
 std::string AddressBase::completed(std::string_view address, std::string_view xmlBase) {
     address = trimWhitespaceAndNewlines(address);
@@ -107,4 +103,4 @@ const std::string& AddressBase::document() const {
     return feedAddress_.empty() ? self_ : feedAddress_;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// Completes the relative addresses of one feed document. They refer to the nearest xml:base,
 /// else to the page that the feed names as its own, else to the address the document was
@@ -51,4 +51,4 @@ private:
 /// Whether the address opens in a browser: http or https, with a host.
 bool isWebPage(std::string_view address);
 
-}  // namespace newsroom
+}  // namespace kit

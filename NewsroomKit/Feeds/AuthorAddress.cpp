@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Text/ASCII.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr auto none = std::string_view::npos;
@@ -36,4 +36,4 @@ bool isOnlyAddresses(std::string_view author) {
     return found;
 }
 
-}  // namespace newsroom
+}  // namespace kit

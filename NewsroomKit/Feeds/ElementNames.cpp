@@ -7,7 +7,7 @@
 
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 struct NameRow {
@@ -113,8 +113,8 @@ std::optional<ElementRole> roleOfName(std::string_view prefix, std::string_view 
 
 ElementRole ElementNames::role(const xmlChar* localName, const xmlChar* prefix,
                                const xmlChar* uri) {
-    const auto mixed = reinterpret_cast<std::uintptr_t>(localName) * 31 +
-                       reinterpret_cast<std::uintptr_t>(uri);
+    const auto mixed =
+        reinterpret_cast<std::uintptr_t>(localName) * 31 + reinterpret_cast<std::uintptr_t>(uri);
     auto& known = known_[(mixed >> 3) % known_.size()];
     if (known.localName != localName || known.prefix != prefix || known.uri != uri) {
         known = {localName, prefix, uri, lookUp(localName, prefix, uri)};
@@ -150,4 +150,4 @@ ElementRole ElementNames::lookUp(const xmlChar* localName, const xmlChar* prefix
     return role;
 }
 
-}  // namespace newsroom
+}  // namespace kit

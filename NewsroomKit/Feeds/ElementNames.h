@@ -5,14 +5,14 @@
 
 #include <libxml/xmlstring.h>
 
-namespace newsroom {
+namespace kit {
 
 /// What an element means to a feed. Elements of different dialects that fill the same field
 /// are the same role.
 enum class ElementRole {
     none,
-    feed,       ///< root of RSS
-    atomFeed,   ///< root of Atom
+    feed,      ///< root of RSS
+    atomFeed,  ///< root of Atom
     channel,
     entry,
     title,
@@ -20,13 +20,13 @@ enum class ElementRole {
     atomLink,  ///< Atom's link in a feed that is not Atom
     summary,
     content,
-    date,         ///< when it was published
-    revisionDate, ///< when it last changed
+    date,          ///< when it was published
+    revisionDate,  ///< when it last changed
     guid,
     author,
     authorName,  ///< only inside an author
     publisher,
-    image,       ///< a block with its own title and link
+    image,  ///< a block with its own title and link
     enclosure,
     mediaGroup,
     mediaContent,
@@ -59,4 +59,4 @@ private:
     bool isAtom_ = false;
 };
 
-}  // namespace newsroom
+}  // namespace kit

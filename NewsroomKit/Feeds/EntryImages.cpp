@@ -3,10 +3,10 @@
 #include <array>
 #include <charconv>
 
-#include "NewsroomKit/Feeds/FirstPicture.h"
+#include "NewsroomKit/Feeds/ImageExtractor.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr std::array<std::string_view, 7> imageExtensions{".jpg", ".jpeg", ".png", ".webp",
@@ -49,8 +49,7 @@ void EntryImages::offerMediaContent(const XMLAttributes& attributes, std::string
     if (named || (unnamed && isImageAddress(address))) offerMedia(attributes, address);
 }
 
-void EntryImages::offerMediaThumbnail(const XMLAttributes& attributes,
-                                      std::string_view address) {
+void EntryImages::offerMediaThumbnail(const XMLAttributes& attributes, std::string_view address) {
     const auto medium = attributes.value("medium");
     const auto type = attributes.value("type");
     const bool unnamed = medium.empty() && type.empty();
@@ -70,17 +69,13 @@ void EntryImages::offerMedia(const XMLAttributes& attributes, std::string_view a
     mediaWidth_ = width;
 }
 
-void EntryImages::offerEnclosure(std::string_view address) {
-    keepFirst(enclosure_, address);
-}
+void EntryImages::offerEnclosure(std::string_view address) { keepFirst(enclosure_, address); }
 
-void EntryImages::offerPodcastImage(std::string_view address) {
-    keepFirst(podcast_, address);
-}
+void EntryImages::offerPodcastImage(std::string_view address) { keepFirst(podcast_, address); }
 
 const std::string& EntryImages::best() const {
     if (!media_.empty()) return media_;
     return enclosure_.empty() ? podcast_ : enclosure_;
 }
 
-}  // namespace newsroom
+}  // namespace kit

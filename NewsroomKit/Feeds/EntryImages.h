@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Feeds/XMLAttributes.h"
 
-namespace newsroom {
+namespace kit {
 
 /// What an address names by the extension of its path: "https://a.example/b.JPG?w=640".
 bool isImageAddress(std::string_view address);
@@ -33,4 +33,4 @@ private:
     std::string podcast_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -10,7 +10,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr auto none = std::string_view::npos;
@@ -23,23 +23,22 @@ constexpr std::size_t longestLinkWords = 160;
 
 /// Beginnings that say enough, whatever follows: the name of the outlet or the headline. Folded.
 constexpr std::array<std::string_view, 16> fullStoryWords{
-    "read the full ",       "read the rest",       "read the whole ",      "read the complete ",
-    "read full article",    "read full story",     "to read this article", "view full coverage",
-    "discuss this article", "continue reading",    "den ganzen artikel",   "lire la suite",
-    "lire l'article",       "continua leyendo",    "continua a leggere",   "leia a noticia completa"};
+    "read the full ",       "read the rest",    "read the whole ",      "read the complete ",
+    "read full article",    "read full story",  "to read this article", "view full coverage",
+    "discuss this article", "continue reading", "den ganzen artikel",   "lire la suite",
+    "lire l'article",       "continua leyendo", "continua a leggere",   "leia a noticia completa"};
 
 /// Words that are an invitation when nothing but a place follows ("at Example", "»"), or when
 /// they begin a link. Folded.
 constexpr std::array<std::string_view, 22> moreWords{
-    "read more",      "read on",       "keep reading", "more",         "permalink",
-    "weiterlesen",    "mehr lesen",    "zum artikel",  "leer mas",     "seguir leyendo",
-    "leggi tutto",    "leggi di piu",  "leia mais",    "ler mais",     "continue lendo",
-    "lees meer",      "lees verder",   "verder lezen", "las mer",      "lue lisaa",
-    "читать далее",   "suite"};
+    "read more",  "read on",     "keep reading",   "more",           "permalink",   "weiterlesen",
+    "mehr lesen", "zum artikel", "leer mas",       "seguir leyendo", "leggi tutto", "leggi di piu",
+    "leia mais",  "ler mais",    "continue lendo", "lees meer",      "lees verder", "verder lezen",
+    "las mer",    "lue lisaa",   "читать далее",   "suite"};
 
-constexpr std::array<std::string_view, 12> placeWords{
-    " at ", " on ", " in ", " auf ", " bei ", " sur ", " en ", " su ", " em ", " no ", " na ",
-    " op "};
+constexpr std::array<std::string_view, 12> placeWords{" at ",  " on ",  " in ", " auf ",
+                                                      " bei ", " sur ", " en ", " su ",
+                                                      " em ",  " no ",  " na ", " op "};
 
 bool isLetterOrDigit(char32_t c) { return isLetter(c) || isNumber(c); }
 
@@ -241,7 +240,8 @@ private:
     void erase(std::size_t begin, std::size_t size) {
         const auto end = begin + size;
         text_.erase(begin, size);
-        std::erase_if(links_, [&](const auto& link) { return link.end > begin && link.begin < end; });
+        std::erase_if(links_,
+                      [&](const auto& link) { return link.end > begin && link.begin < end; });
         for (auto& link : links_) {
             if (link.begin < end) continue;
             link.begin -= size;
@@ -360,4 +360,4 @@ std::string withoutExcerptEnding(std::string text, std::vector<HTMLReader::Link>
     return EndingCutter(std::move(text), std::move(links), itemLink).cut();
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Feeds/HTMLReader.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The text without those of its last lines that have no letter or digit.
 std::string_view withoutBareLines(std::string_view text);
@@ -23,4 +23,4 @@ std::string_view withoutBareLines(std::string_view text);
 std::string withoutExcerptEnding(std::string text, std::vector<HTMLReader::Link> links,
                                  std::string_view itemLink);
 
-}  // namespace newsroom
+}  // namespace kit

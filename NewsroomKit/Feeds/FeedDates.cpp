@@ -8,7 +8,7 @@
 #include "NewsroomKit/Text/Folding.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr auto none = std::string_view::npos;
@@ -37,11 +37,12 @@ struct Zone {
 using namespace std::chrono_literals;
 
 constexpr std::array zones{
-    Zone{"gmt", 0h},  Zone{"ut", 0h},    Zone{"utc", 0h},   Zone{"z", 0h},     Zone{"est", -5h},
-    Zone{"edt", -4h}, Zone{"cst", -6h},  Zone{"cdt", -5h},  Zone{"mst", -7h},  Zone{"mdt", -6h},
-    Zone{"pst", -8h}, Zone{"pdt", -7h},  Zone{"bst", 1h},   Zone{"cet", 1h},   Zone{"cest", 2h},
-    Zone{"eet", 2h},  Zone{"eest", 3h},  Zone{"msk", 3h},   Zone{"ist", 5h + 30min},
-    Zone{"jst", 9h},  Zone{"aest", 10h}, Zone{"aedt", 11h}, Zone{"nzst", 12h}, Zone{"nzdt", 13h}};
+    Zone{"gmt", 0h},   Zone{"ut", 0h},    Zone{"utc", 0h},         Zone{"z", 0h},
+    Zone{"est", -5h},  Zone{"edt", -4h},  Zone{"cst", -6h},        Zone{"cdt", -5h},
+    Zone{"mst", -7h},  Zone{"mdt", -6h},  Zone{"pst", -8h},        Zone{"pdt", -7h},
+    Zone{"bst", 1h},   Zone{"cet", 1h},   Zone{"cest", 2h},        Zone{"eet", 2h},
+    Zone{"eest", 3h},  Zone{"msk", 3h},   Zone{"ist", 5h + 30min}, Zone{"jst", 9h},
+    Zone{"aest", 10h}, Zone{"aedt", 11h}, Zone{"nzst", 12h},       Zone{"nzdt", 13h}};
 
 constexpr std::string_view whiteSpace = " \t\r\n";
 constexpr std::string_view separators = " \t\r\n,.-";
@@ -304,4 +305,4 @@ std::optional<Instant> parseFeedDate(std::string_view text) {
     return readNumberedDate(text);
 }
 
-}  // namespace newsroom
+}  // namespace kit

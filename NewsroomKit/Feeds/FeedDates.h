@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Records/Instant.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Reads the date of a feed item: ISO 8601, then "Thu, 01 Oct 2026 08:30:00 GMT" and its
 /// relatives ("Do 1. Okt. 2026 8:30", "Oct 1, 2026", "Thu Oct 1 08:30:00 2026"), then
@@ -19,4 +19,4 @@ namespace newsroom {
 /// over gives nothing.
 std::optional<Instant> parseFeedDate(std::string_view text);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -10,7 +10,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr const char* westernEncoding = "windows-1252";
@@ -25,11 +25,14 @@ struct Substitute {
 
 /// What these labels mean in practice: supersets that give the same text wherever the
 /// narrower encoding is defined.
-constexpr std::array substitutes{
-    Substitute{"iso-8859-1", westernEncoding}, Substitute{"latin1", westernEncoding},
-    Substitute{"iso-8859-9", "windows-1254"},  Substitute{"gb2312", "gb18030"},
-    Substitute{"gbk", "gb18030"},              Substitute{"ks_c_5601-1987", "windows-949"},
-    Substitute{"euc-kr", "windows-949"},       Substitute{"shift_jis", "windows-932"}};
+constexpr std::array substitutes{Substitute{"iso-8859-1", westernEncoding},
+                                 Substitute{"latin1", westernEncoding},
+                                 Substitute{"iso-8859-9", "windows-1254"},
+                                 Substitute{"gb2312", "gb18030"},
+                                 Substitute{"gbk", "gb18030"},
+                                 Substitute{"ks_c_5601-1987", "windows-949"},
+                                 Substitute{"euc-kr", "windows-949"},
+                                 Substitute{"shift_jis", "windows-932"}};
 
 struct Converter {
     struct Close {
@@ -42,9 +45,7 @@ struct Converter {
         handle.reset(ucnv_open(name, &status));
     }
 
-    bool readsOneByteACharacter() const {
-        return handle && ucnv_getMaxCharSize(handle.get()) == 1;
-    }
+    bool readsOneByteACharacter() const { return handle && ucnv_getMaxCharSize(handle.get()) == 1; }
 };
 
 struct Census {
@@ -170,7 +171,7 @@ std::string_view feedInUTF8(std::string_view bytes, std::string& storage) {
     const bool isUTF8 = counts.broken == 0;
     if (isUTF8 && counts.sound == 0) return bytes;
 
-    // 3. A label that the bytes do not contradict.
+    // 3. A label that the bytes do not areIncompatible.
     if (const auto encoding = encodingOfLabel(declaredEncoding(bytes))) {
         const Converter converter(encoding->c_str());
         if (converter.handle && !(isUTF8 && converter.readsOneByteACharacter())) {
@@ -183,4 +184,4 @@ std::string_view feedInUTF8(std::string_view bytes, std::string& storage) {
     return converted(bytes, Converter(westernEncoding), storage);
 }
 
-}  // namespace newsroom
+}  // namespace kit

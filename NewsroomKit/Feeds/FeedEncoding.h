@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// A feed's bytes as UTF-8, without a byte-order mark: `bytes` itself (or its end) when they
 /// were UTF-8 already, `storage` otherwise.
@@ -15,4 +15,4 @@ namespace newsroom {
 /// characters are sound, and Windows-1252 otherwise.
 std::string_view feedInUTF8(std::string_view bytes, std::string& storage);
 
-}  // namespace newsroom
+}  // namespace kit

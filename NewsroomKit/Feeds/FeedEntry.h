@@ -6,15 +6,15 @@
 #include "NewsroomKit/Records/EnumTable.h"
 #include "NewsroomKit/Records/Instant.h"
 
-namespace newsroom {
+namespace kit {
 
 /// One item of a feed as its publisher wrote it, text still in HTML.
 struct FeedEntry {
     enum class Medium { article, audio, video, post };
 
-    std::string guid{};   ///< RSS guid or Atom id; empty when none
+    std::string guid{};  ///< RSS guid or Atom id; empty when none
     std::string title{};
-    std::string link{};   ///< empty when none
+    std::string link{};  ///< empty when none
     std::string summaryHTML{};
     std::string contentHTML{};
     std::optional<Instant> publishedAt{};
@@ -34,4 +34,4 @@ inline constexpr std::array<EnumRow<FeedEntry::Medium>, 4> enumTable<FeedEntry::
     {FeedEntry::Medium::post, "post", "Post"},
 }};
 
-}  // namespace newsroom
+}  // namespace kit

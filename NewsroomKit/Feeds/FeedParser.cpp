@@ -8,12 +8,12 @@
 #include <optional>
 #include <utility>
 
-#include "NewsroomKit/Feeds/FeedDelegate.h"
+#include "NewsroomKit/Feeds/FeedSaxHandler.h"
 #include "NewsroomKit/Feeds/FeedEncoding.h"
-#include "NewsroomKit/Feeds/XMLCleaning.h"
+#include "NewsroomKit/Feeds/XMLSanitizer.h"
 #include "NewsroomKit/Feeds/XMLEntities.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr std::size_t chunkSize = 32 * 1024;
@@ -129,9 +129,8 @@ private:
         const std::string_view start(reinterpret_cast<const char*>(input->cur), 3);
         if (context_->instate == XML_PARSER_DTD || start == "<!D") return true;
         if (start[0] != '<' || start[1] == '!' || start[1] == '?') return false;
-        countedQuotes_ += std::count_if(input->cur + countedLength_, input->end, [](xmlChar c) {
-            return c == '"' || c == '\'';
-        });
+        countedQuotes_ += std::count_if(input->cur + countedLength_, input->end,
+                                        [](xmlChar c) { return c == '"' || c == '\''; });
         countedLength_ = input->end - input->cur;
         return countedQuotes_ > mostQuotesInTag;
     }
@@ -144,7 +143,7 @@ private:
     }
 
     std::unique_ptr<xmlParserCtxt, FreeContext> context_;
-    FeedDelegate delegate_;
+    FeedSaxHandler delegate_;
     XMLEntities entities_;
     const WorkLimit& limit_;
     TagWork work_;
@@ -258,4 +257,4 @@ ParsedFeedResult parseFeed(std::string_view bytes, std::string_view address,
     return FeedReading(document, address, limit).result();
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -11,7 +11,7 @@
 #include "NewsroomKit/Feeds/WorkLimit.h"
 #include "NewsroomKit/Records/EnumTable.h"
 
-namespace newsroom {
+namespace kit {
 
 enum class FeedParserError { notAFeed, malformed };
 
@@ -21,12 +21,10 @@ inline constexpr std::array<EnumRow<FeedParserError>, 2> enumTable<FeedParserErr
     {FeedParserError::malformed, "malformed", "The feed couldn't be read."},
 }};
 
-constexpr std::string_view description(FeedParserError error) {
-    return label(error);
-}
+constexpr std::string_view description(FeedParserError error) { return label(error); }
 
 struct ParsedFeed {
-    std::string title;  ///< the feed's own name as plain text; empty when it has none
+    std::string title;               ///< the feed's own name as plain text; empty when it has none
     std::vector<FeedEntry> entries;  ///< in document order
     bool reachedLimit = false;       ///< the document may hold more entries
 
@@ -39,7 +37,7 @@ using ParsedFeedResult = boost::outcome_v2::unchecked<ParsedFeed, FeedParserErro
 inline constexpr std::size_t feedEntryLimit = 150;
 
 /// Reads RSS 2.0, RSS 1.0 and Atom in any encoding. Harmless breaches of XML are forgiven
-/// (see FeedEncoding.h and XMLCleaning.h, and HTML's entity names are known); any other
+/// (see FeedEncoding.h and XMLSanitizer.h, and HTML's entity names are known); any other
 /// error makes the whole feed `malformed`, also after entries that could be read. A document
 /// without a feed element is `notAFeed`. Nothing outside `bytes` is ever read, and time and
 /// memory grow with the size of the document only. What would break that ends the reading as
@@ -51,4 +49,4 @@ inline constexpr std::size_t feedEntryLimit = 150;
 ParsedFeedResult parseFeed(std::string_view bytes, std::string_view address = {},
                            const WorkLimit& limit = {});
 
-}  // namespace newsroom
+}  // namespace kit

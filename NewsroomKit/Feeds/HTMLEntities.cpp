@@ -11,7 +11,7 @@
 
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr std::size_t longestReference = 34;
@@ -53,9 +53,9 @@ std::optional<char32_t> numberedCharacter(std::string_view digits) {
 
 std::optional<char32_t> namedCharacter(std::string_view name) {
     static const NameTable names = sortedNames();
-    const auto row = std::lower_bound(
-        names.begin(), names.end(), name,
-        [](const auto& entry, std::string_view key) { return entry.first < key; });
+    const auto row =
+        std::lower_bound(names.begin(), names.end(), name,
+                         [](const auto& entry, std::string_view key) { return entry.first < key; });
     if (row == names.end() || row->first != name) return std::nullopt;
     return row->second;
 }
@@ -95,4 +95,4 @@ std::string decodedEntities(std::string_view text) {
     return decoded;
 }
 
-}  // namespace newsroom
+}  // namespace kit

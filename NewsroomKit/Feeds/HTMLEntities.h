@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// The character of one of HTML's names, without "&" and ";"; letter case counts.
 std::optional<char32_t> namedCharacter(std::string_view name);
@@ -26,4 +26,4 @@ char32_t withoutWindowsControls(char32_t character);
 /// All references decoded once; whatever is none stays.
 std::string decodedEntities(std::string_view text);
 
-}  // namespace newsroom
+}  // namespace kit

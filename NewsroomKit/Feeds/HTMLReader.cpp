@@ -8,17 +8,17 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr auto none = std::string_view::npos;
 
 /// Elements that stand on lines of their own, and those that end one. Sorted.
 constexpr std::array<std::string_view, 34> lineElements{
-    "address", "article", "aside",  "blockquote", "br",      "dd",    "details", "div",    "dl",
-    "dt",      "fieldset", "figcaption", "figure", "footer", "h1",    "h2",      "h3",     "h4",
-    "h5",      "h6",      "header", "hr",         "li",      "main",  "nav",     "ol",     "p",
-    "pre",     "section", "summary", "table",     "tr",      "ul",    "video"};
+    "address", "article",  "aside",      "blockquote", "br",     "dd",   "details", "div", "dl",
+    "dt",      "fieldset", "figcaption", "figure",     "footer", "h1",   "h2",      "h3",  "h4",
+    "h5",      "h6",       "header",     "hr",         "li",     "main", "nav",     "ol",  "p",
+    "pre",     "section",  "summary",    "table",      "tr",     "ul",   "video"};
 static_assert(std::is_sorted(lineElements.begin(), lineElements.end()));
 
 constexpr std::size_t longestElement = 12;
@@ -41,17 +41,11 @@ constexpr std::array<ByteClass, 256> byteClasses = [] {
     return classes;
 }();
 
-ByteClass classOf(char c) {
-    return byteClasses[static_cast<unsigned char>(c)];
-}
+ByteClass classOf(char c) { return byteClasses[static_cast<unsigned char>(c)]; }
 
-bool isLetterByte(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
+bool isLetterByte(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
-bool isNameByte(char c) {
-    return isLetterByte(c) || (c >= '0' && c <= '9');
-}
+bool isNameByte(char c) { return isLetterByte(c) || (c >= '0' && c <= '9'); }
 
 bool isControl(char32_t character) {
     return character < 0x20 || (character >= 0x7F && character <= 0x9F);
@@ -59,8 +53,7 @@ bool isControl(char32_t character) {
 
 }  // namespace
 
-HTMLReader::HTMLReader(std::string_view html, Options options)
-    : html_(html), options_(options) {}
+HTMLReader::HTMLReader(std::string_view html, Options options) : html_(html), options_(options) {}
 
 std::string HTMLReader::read() {
     text_.reserve(std::min(html_.size(), options_.enough));
@@ -194,9 +187,7 @@ std::size_t HTMLReader::tagEnd(std::size_t from) const {
     return html_.size();
 }
 
-void HTMLReader::widenGap(Gap gap) {
-    gap_ = std::max(gap_, gap);
-}
+void HTMLReader::widenGap(Gap gap) { gap_ = std::max(gap_, gap); }
 
 void HTMLReader::append(std::string_view text) {
     if (!text_.empty() && gap_ != Gap::none) text_ += gap_ == Gap::line ? '\n' : ' ';
@@ -215,4 +206,4 @@ void HTMLReader::appendCharacter(char32_t character) {
     }
 }
 
-}  // namespace newsroom
+}  // namespace kit

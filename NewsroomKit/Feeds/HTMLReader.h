@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace newsroom {
+namespace kit {
 
 /// Turns HTML into lines of plain text in one pass.
 class HTMLReader {
@@ -16,7 +16,7 @@ public:
     struct Options {
         /// Links are remembered; those named "Continue reading…" are left out of the text.
         bool readsLinks = false;
-        bool keepsLineBreaks = false;     ///< a line break of the source ends a line
+        bool keepsLineBreaks = false;  ///< a line break of the source ends a line
         /// Reading stops soon after the text has this many bytes.
         std::size_t enough = std::numeric_limits<std::size_t>::max();
     };
@@ -61,4 +61,4 @@ private:
     bool inLeftoverCDATA_ = false;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "NewsroomKit/Feeds/EmbeddedElements.h"
+#include "NewsroomKit/Feeds/NonTextElements.h"
 #include "NewsroomKit/Feeds/ExcerptEnding.h"
 #include "NewsroomKit/Feeds/HTMLReader.h"
-#include "NewsroomKit/Feeds/TextCut.h"
+#include "NewsroomKit/Feeds/TextTruncation.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr auto none = std::string_view::npos;
@@ -26,9 +26,7 @@ constexpr std::size_t bytesFor(std::size_t limit) {
 
 }  // namespace
 
-std::string plainText(std::string_view html) {
-    return HTMLReader(html, {}).read();
-}
+std::string plainText(std::string_view html) { return HTMLReader(html, {}).read(); }
 
 std::string cleanHeadline(std::string_view html) {
     auto text = plainText(html);
@@ -63,4 +61,4 @@ std::string excerpt(std::string_view html, std::size_t limit, std::string_view i
     return cut;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// The text of HTML: tags and comments out, character references decoded once, white space
 /// collapsed to single spaces. Block elements and <br> end a line; lines are separated by
@@ -19,9 +19,9 @@ std::string cleanHeadline(std::string_view html);
 std::string postTitle(std::string_view html);
 
 /// Plain text of at most `limit` user-perceived characters: without embedded elements (see
-/// EmbeddedElements.h) and without what a publisher's software writes below the text (see
-/// ExcerptEnding.h), cut as TextCut.h tells. Reads no more of the HTML than it needs.
+/// NonTextElements.h) and without what a publisher's software writes below the text (see
+/// ExcerptEnding.h), cut as TextTruncation.h tells. Reads no more of the HTML than it needs.
 /// `itemLink`, where it is known, tells links to the item itself from others.
 std::string excerpt(std::string_view html, std::size_t limit, std::string_view itemLink = {});
 
-}  // namespace newsroom
+}  // namespace kit

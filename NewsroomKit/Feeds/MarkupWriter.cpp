@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <array>
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 /// Elements that HTML writes without an end tag.
-constexpr std::array<std::string_view, 13> voidElements{
-    "area", "base", "br", "col", "embed", "hr", "img", "input", "link", "meta", "source", "track",
-    "wbr"};
+constexpr std::array<std::string_view, 13> voidElements{"area",   "base",  "br",    "col",  "embed",
+                                                        "hr",     "img",   "input", "link", "meta",
+                                                        "source", "track", "wbr"};
 
 void appendEscaped(std::string_view text, std::string_view special, std::string& html) {
     while (!text.empty()) {
@@ -54,4 +54,4 @@ void appendEscapedText(std::string_view text, std::string& html) {
     appendEscaped(text, "&<>", html);
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Feeds/XMLAttributes.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Write XHTML found inside a feed back as HTML, so that it reads like the escaped HTML of
 /// other feeds. Namespaces are left behind.
@@ -13,4 +13,4 @@ void appendStartTag(std::string_view name, const XMLAttributes& attributes, std:
 void appendEndTag(std::string_view name, std::string& html);
 void appendEscapedText(std::string_view text, std::string& html);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Text/ASCII.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr std::string_view whiteSpace = " \t\n\v\f\r";
@@ -46,4 +46,4 @@ std::string_view tagAttribute(std::string_view tag, std::string_view name) {
     return {};
 }
 
-}  // namespace newsroom
+}  // namespace kit

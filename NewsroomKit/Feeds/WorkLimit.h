@@ -4,7 +4,7 @@
 #include <stop_token>
 #include <utility>
 
-namespace newsroom {
+namespace kit {
 
 /// Ends work that nobody waits for any longer: the program ends, or the work has taken far more
 /// time than any real feed needs. Long loops ask it between two steps.
@@ -25,4 +25,4 @@ private:
     Clock::time_point deadline_ = Clock::time_point::max();
 };
 
-}  // namespace newsroom
+}  // namespace kit

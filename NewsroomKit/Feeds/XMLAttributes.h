@@ -5,7 +5,7 @@
 
 #include <libxml/xmlstring.h>
 
-namespace newsroom {
+namespace kit {
 
 /// The attributes of a start tag as the XML parser hands them out: five pointers each.
 /// Valid only while the tag is being reported.
@@ -25,7 +25,8 @@ public:
     Attribute operator[](std::size_t index) const {
         const xmlChar* const* const row = pointers_ + index * 5;
         const auto* const value = reinterpret_cast<const char*>(row[3]);
-        return {reinterpret_cast<const char*>(row[0]), row[1] != nullptr,
+        return {reinterpret_cast<const char*>(row[0]),
+                row[1] != nullptr,
                 {value, static_cast<std::size_t>(row[4] - row[3])}};
     }
 
@@ -56,4 +57,4 @@ private:
     std::size_t count_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 #include "NewsroomKit/Feeds/HTMLEntities.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 // All that a document's entities may expand to. A feed that spells its name with one uses a
@@ -120,4 +120,4 @@ void prepareXMLParser() {
     static_cast<void>(isReady);
 }
 
-}  // namespace newsroom
+}  // namespace kit

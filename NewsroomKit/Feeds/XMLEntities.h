@@ -8,7 +8,7 @@
 
 #include <libxml/parser.h>
 
-namespace newsroom {
+namespace kit {
 
 /// Serves libxml2's parsers the entities of a document: those that its internal subset declares,
 /// and the names that HTML has and XML has not ("&nbsp;"). A declared entity is served as plain
@@ -49,4 +49,4 @@ private:
 /// Makes libxml2 ready, once for the process, before threads can meet in it.
 void prepareXMLParser();
 
-}  // namespace newsroom
+}  // namespace kit

@@ -14,7 +14,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr long mostRedirects = 10;
@@ -31,8 +31,8 @@ void set(CURL* easy, CURLoption option, T value) {
     const CURLcode code = curl_easy_setopt(easy, option, value);
     if (code == CURLE_OUT_OF_MEMORY) throw std::bad_alloc();
     if (code != CURLE_OK) {
-        throw std::logic_error(fmt::format("curl refuses option {}: {}",
-                                           static_cast<int>(option), curl_easy_strerror(code)));
+        throw std::logic_error(fmt::format("curl refuses option {}: {}", static_cast<int>(option),
+                                           curl_easy_strerror(code)));
     }
 }
 
@@ -207,8 +207,8 @@ void CurlTransfer::noteRedirect(int status) {
     hasAsked_ = false;
     movedForGood_ = movedForGood_ && (status == 301 || status == 308);
     if (movedForGood_) {
-        movedTo_ = resolved(movedTo_.empty() ? request_.url : movedTo_,
-                            std::string(*header("Location")));
+        movedTo_ =
+            resolved(movedTo_.empty() ? request_.url : movedTo_, std::string(*header("Location")));
         movedForGood_ = !movedTo_.empty();
     }
 }
@@ -323,8 +323,7 @@ std::optional<FetchError> CurlTransfer::failureOf(CURLcode code) const {
             return HTTPClientError{.kind = hasAsked_ ? HTTPClientError::Kind::notHTTP
                                                      : HTTPClientError::Kind::notHTTPS};
         // A single line of the head that is longer than curl keeps.
-        case CURLE_OUT_OF_MEMORY:
-            return HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
+        case CURLE_OUT_OF_MEMORY: return HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
         case CURLE_URL_MALFORMAT: return URLError::badURL;
         case CURLE_OPERATION_TIMEDOUT: return URLError::timedOut;
         case CURLE_COULDNT_RESOLVE_HOST: return URLError::cannotFindHost;
@@ -394,4 +393,4 @@ TransportAnswer CurlTransfer::finish(FetchError failure) {
     return done;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -13,7 +13,7 @@
 #include "NewsroomKit/HTTP/CurlTransport.h"
 #include "NewsroomKit/HTTP/TrustedAuthorities.h"
 
-namespace newsroom {
+namespace kit {
 
 struct CurlDeleter {
     void operator()(CURL* easy) const { curl_easy_cleanup(easy); }
@@ -93,10 +93,10 @@ private:
     Clock::time_point endsAt_ = lastSign_ + request_.totalTimeout;
     std::string body_;
     std::optional<FetchError> failure_;  ///< our own verdict; outweighs curl's
-    bool settled_ = false;      ///< the head says it all, the rest is not wanted
+    bool settled_ = false;               ///< the head says it all, the rest is not wanted
     bool inHead_ = false;
-    bool hasFinalHead_ = false;  ///< of the last answer, and not of a redirect
-    bool hasAsked_ = false;      ///< a connection stood, of the last address
+    bool hasFinalHead_ = false;    ///< of the last answer, and not of a redirect
+    bool hasAsked_ = false;        ///< a connection stood, of the last address
     std::size_t headerBytes_ = 0;  ///< of all answers, trailers included
     bool followsRedirects_ = true;
     bool hasRoute_ = false;  ///< to one of the addresses tried so far
@@ -107,4 +107,4 @@ private:
     std::string movedTo_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -21,11 +21,11 @@
 
 #include "NewsroomKit/HTTP/CurlTransfer.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 namespace asio = boost::asio;
-using Clock = CurlTransfer::Clock;
+using SteadyClock = CurlTransfer::Clock;
 /// Names a request for as long as the transport lives; never used twice.
 using RequestNumber = std::uint64_t;
 
@@ -56,13 +56,14 @@ private:
         void complete(TransportAnswer answer) override {
             asio::post(executor,
                        [waiting = std::move(handler), result = std::move(answer)]() mutable {
-                // On the executor that emits cancellations, so none is missed or doubled.
-                if (auto slot = asio::get_associated_cancellation_slot(waiting);
-                    slot.is_connected()) {
-                    slot.clear();
-                }
-                waiting(std::move(result));
-            });
+                           // On the executor that emits cancellations, so none is missed or
+                           // doubled.
+                           if (auto slot = asio::get_associated_cancellation_slot(waiting);
+                               slot.is_connected()) {
+                               slot.clear();
+                           }
+                           waiting(std::move(result));
+                       });
         }
 
         static auto tracked(const Handler& h) {
@@ -202,7 +203,7 @@ private:
     struct Running {
         std::unique_ptr<CurlTransfer> transfer;
         Completion completion;
-        Clock::time_point wakeUpAt;  ///< its entry in `deadlines_`
+        SteadyClock::time_point wakeUpAt;  ///< its entry in `deadlines_`
     };
 
     void run() {
@@ -222,14 +223,14 @@ private:
     }
 
     void start(Order order) {
-        auto transfer = std::make_unique<CurlTransfer>(takeHandle(), std::move(order.request),
-                                                       rules_);
+        auto transfer =
+            std::make_unique<CurlTransfer>(takeHandle(), std::move(order.request), rules_);
         curl_multi_add_handle(multi_.get(), transfer->handle());
         numbers_.emplace(transfer->handle(), order.number);
         const auto deadline = transfer->deadline();
         deadlines_.emplace(deadline, order.number);
-        running_.emplace(order.number, Running{std::move(transfer), std::move(order.completion),
-                                               deadline});
+        running_.emplace(order.number,
+                         Running{std::move(transfer), std::move(order.completion), deadline});
     }
 
     CurlEasy takeHandle() {
@@ -274,7 +275,7 @@ private:
     /// A transfer's deadline may move with every byte it gets; its entry here is only moved when
     /// it comes up.
     void endOverdueOnes() {
-        const auto now = Clock::now();
+        const auto now = SteadyClock::now();
         while (!deadlines_.empty() && deadlines_.begin()->first <= now) {
             const auto number = deadlines_.begin()->second;
             auto& running = running_.at(number);
@@ -291,8 +292,8 @@ private:
 
     int pollMilliseconds() const {
         if (deadlines_.empty()) return longestPollMilliseconds;
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(
-            deadlines_.begin()->first - Clock::now());
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadlines_.begin()->first -
+                                                                       SteadyClock::now());
         return static_cast<int>(std::clamp<long long>(left.count(), 0, longestPollMilliseconds));
     }
 
@@ -302,19 +303,17 @@ private:
     std::vector<CurlEasy> handles_;
     std::unordered_map<RequestNumber, Running> running_;
     std::unordered_map<CURL*, RequestNumber> numbers_;
-    std::set<std::pair<Clock::time_point, RequestNumber>> deadlines_;
+    std::set<std::pair<SteadyClock::time_point, RequestNumber>> deadlines_;
     std::shared_ptr<Inbox> inbox_;
     std::jthread thread_;
 };
 
-CurlTransport::CurlTransport(Options options)
-    : loop_(std::make_unique<Loop>(std::move(options))) {}
+CurlTransport::CurlTransport(Options options) : loop_(std::make_unique<Loop>(std::move(options))) {}
 
 CurlTransport::~CurlTransport() = default;
 
 asio::awaitable<TransportAnswer> CurlTransport::perform(TransportRequest request) {
-    const auto initiate = [](auto handler, std::shared_ptr<Inbox> inbox,
-                             TransportRequest wanted) {
+    const auto initiate = [](auto handler, std::shared_ptr<Inbox> inbox, TransportRequest wanted) {
         const auto number = inbox->nextNumber();
         if (auto slot = asio::get_associated_cancellation_slot(handler); slot.is_connected()) {
             slot.assign([inbox, number](asio::cancellation_type) { inbox->cancel(number); });
@@ -325,4 +324,4 @@ asio::awaitable<TransportAnswer> CurlTransport::perform(TransportRequest request
         initiate, asio::use_awaitable, loop_->inbox(), std::move(request));
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -17,14 +17,14 @@
 #include "NewsroomKit/HTTP/PrivateAddress.h"
 #include "NewsroomKit/HTTP/ValidatorTable.h"
 
-namespace newsroom {
+namespace kit {
 
 /// One GET over HTTPS.
 struct TransportRequest {
     std::string url;
-    std::vector<std::string> headers = {};  ///< lines of "Name: value"
-    std::size_t byteLimit = 0;              ///< of the decoded body
-    std::chrono::milliseconds idleTimeout{15'000};   ///< without a byte, connecting included
+    std::vector<std::string> headers = {};          ///< lines of "Name: value"
+    std::size_t byteLimit = 0;                      ///< of the decoded body
+    std::chrono::milliseconds idleTimeout{15'000};  ///< without a byte, connecting included
     std::chrono::milliseconds totalTimeout{30'000};
     /// The address stands on a public page, so it must not lead to a private one.
     bool namedInPublic = false;
@@ -36,7 +36,7 @@ struct TransportAnswer {
     int status = 0;                          ///< of the last answer; 0 when there was none
     std::string body = {};                   ///< decoded; only when nothing failed
     Validators validators = {};
-    std::uint64_t bytesOnWire = 0;  ///< headers and encoded body
+    std::uint64_t bytesOnWire = 0;                        ///< headers and encoded body
     std::optional<std::chrono::seconds> retryAfter = {};  ///< of a 429 or 503
     /// Where the server says the address lives now (301, 308), when the answer is good.
     std::optional<std::string> movedTo = {};
@@ -82,4 +82,4 @@ private:
     std::unique_ptr<Loop> loop_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -13,11 +13,11 @@
 #include "NewsroomKit/HTTP/CurlTransport.h"
 #include "NewsroomKit/Log/Log.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 namespace asio = boost::asio;
-using Clock = std::chrono::steady_clock;
+using SteadyClock = std::chrono::steady_clock;
 
 bool isHTTPS(std::string_view url) {
     constexpr std::string_view scheme = "https:";
@@ -54,15 +54,13 @@ asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::fetch(std::string u
     co_return std::move(done.result);
 }
 
-asio::awaitable<HTTPClient::Exchange> HTTPClient::exchange(std::string url,
-                                                           Conditional conditional,
-                                                           std::size_t byteLimit,
-                                                           NamedBy namedBy) {
+asio::awaitable<HTTPClient::Exchange> HTTPClient::exchange(std::string url, Conditional conditional,
+                                                           std::size_t byteLimit, NamedBy namedBy) {
     using Kind = HTTPClientError::Kind;
     Record record;
     if (!isHTTPS(url)) co_return Exchange{HTTPClientError{.kind = Kind::notHTTPS}, record};
 
-    const auto start = Clock::now();
+    const auto start = SteadyClock::now();
     auto result = co_await attempt(url, conditional, byteLimit, namedBy, record);
     if (result.has_error() && result.error().isRetryable()) {
         // Once cancelled, waiting for anything would throw: ask before each step.
@@ -78,7 +76,8 @@ asio::awaitable<HTTPClient::Exchange> HTTPClient::exchange(std::string url,
             result = co_await attempt(url, conditional, byteLimit, namedBy, record);
         }
     }
-    record.elapsed = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start);
+    record.elapsed =
+        std::chrono::duration_cast<std::chrono::microseconds>(SteadyClock::now() - start);
     logExchange(url, result, record);
     co_return Exchange{std::move(result), std::move(record)};
 }
@@ -136,4 +135,4 @@ asio::awaitable<void> HTTPClient::pauseBeforeRetry() const {
     co_await timer.async_wait(asio::redirect_error(asio::use_awaitable, stoppedEarly));
 }
 
-}  // namespace newsroom
+}  // namespace kit

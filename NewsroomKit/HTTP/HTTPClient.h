@@ -12,7 +12,7 @@
 #include "NewsroomKit/HTTP/HTTPClientError.h"
 #include "NewsroomKit/HTTP/ValidatorTable.h"
 
-namespace newsroom {
+namespace kit {
 
 class CurlTransport;
 struct TransportRequest;
@@ -48,9 +48,9 @@ public:
     /// What a request cost, for those who keep an eye on their sources.
     struct Record {
         int attempts = 0;
-        int status = 0;  ///< of the last answer; 0 when there was none
-        std::uint64_t bytesOnWire = 0;           ///< of all attempts
-        std::chrono::microseconds elapsed{0};    ///< all attempts and the pause between
+        int status = 0;                        ///< of the last answer; 0 when there was none
+        std::uint64_t bytesOnWire = 0;         ///< of all attempts
+        std::chrono::microseconds elapsed{0};  ///< all attempts and the pause between
         /// How long the server wants to be left alone (429 and 503).
         std::optional<std::chrono::seconds> retryAfter = {};
         /// Where the address has moved for good. For people to decide on; nothing is stored.
@@ -93,4 +93,4 @@ private:
     ValidatorTable validators_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

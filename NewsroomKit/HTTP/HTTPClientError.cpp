@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 bool isRetryable(const HTTPClientError& error) {
@@ -43,14 +43,12 @@ std::string_view description(URLError error) {
         case URLError::cannotConnectToHost: return "The server can't be reached.";
         case URLError::notConnectedToInternet: return "This computer is offline.";
         case URLError::networkConnectionLost: return "The connection was lost.";
-        case URLError::secureConnectionFailed:
-            return "A secure connection couldn't be made.";
+        case URLError::secureConnectionFailed: return "A secure connection couldn't be made.";
         case URLError::serverCertificateHasBadDate:
             return "The server's certificate has expired. Is this computer's clock right?";
         case URLError::serverCertificateNotYetValid:
             return "The server's certificate isn't valid yet. Is this computer's clock right?";
-        case URLError::serverCertificateUntrusted:
-            return "The server's certificate isn't trusted.";
+        case URLError::serverCertificateUntrusted: return "The server's certificate isn't trusted.";
         case URLError::tooManyRedirects: return "The server redirected too many times.";
         case URLError::redirectToPrivateAddress:
             return "The server redirected to a private network address.";
@@ -62,12 +60,12 @@ std::string_view description(URLError error) {
 }
 
 std::string FetchError::description() const {
-    return std::visit([](const auto& error) { return std::string(newsroom::description(error)); },
+    return std::visit([](const auto& error) { return std::string(kit::description(error)); },
                       cause_);
 }
 
 bool FetchError::isRetryable() const {
-    return std::visit([](const auto& error) { return newsroom::isRetryable(error); }, cause_);
+    return std::visit([](const auto& error) { return kit::isRetryable(error); }, cause_);
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,12 +6,12 @@
 
 #include <boost/outcome/result.hpp>
 
-namespace newsroom {
+namespace kit {
 
 /// What this system itself refuses about an answer.
 struct HTTPClientError {
     enum class Kind {
-        status,  ///< outside 200 to 299, and not 304
+        status,    ///< outside 200 to 299, and not 304
         notHTTPS,  ///< the address itself, or a redirect
         tooLarge,  ///< the body, or all headers together
         empty,
@@ -71,4 +71,4 @@ private:
 template <class T>
 using FetchResult = boost::outcome_v2::unchecked<T, FetchError>;
 
-}  // namespace newsroom
+}  // namespace kit

@@ -7,7 +7,7 @@
 
 #include <boost/asio/ip/address.hpp>
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using boost::asio::ip::address_v4;
@@ -73,4 +73,4 @@ bool isPrivateAddress(std::string_view ip) {
     return address.is_v4() ? isPrivate(address.to_v4()) : isPrivate(address.to_v6());
 }
 
-}  // namespace newsroom
+}  // namespace kit

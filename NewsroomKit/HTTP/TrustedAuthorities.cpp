@@ -6,7 +6,7 @@
 #include <iterator>
 #include <stdexcept>
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr std::array systemBundles{
@@ -61,4 +61,4 @@ const std::string* TrustedAuthorities::bundleFor(std::string_view host) const {
     return found == bundles_.end() ? nullptr : &found->second;
 }
 
-}  // namespace newsroom
+}  // namespace kit

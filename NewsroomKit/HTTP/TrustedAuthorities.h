@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// Which certificate authorities are trusted for which host.
 class TrustedAuthorities {
@@ -28,4 +28,4 @@ private:
     std::map<std::string, std::string, std::less<>> bundles_;  ///< by host in lower case
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -3,16 +3,14 @@
 #include <algorithm>
 #include <utility>
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 // Servers refuse requests whose headers are longer, and then the source would fail for good.
 constexpr std::size_t kLongestValue = 8 * 1024;
 
 void dropUnlessSendable(std::optional<std::string>& text) {
-    const auto isControl = [](char c) {
-        return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
-    };
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
     if (text && (text->size() > kLongestValue || std::ranges::any_of(*text, isControl))) {
         text.reset();
     }
@@ -58,4 +56,4 @@ void ValidatorTable::replace(Entries entries) {
     entries_ = std::move(entries);
 }
 
-}  // namespace newsroom
+}  // namespace kit

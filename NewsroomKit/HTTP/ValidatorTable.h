@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace newsroom {
+namespace kit {
 
 /// What a server named its last answer by, to ask later whether it still holds.
 struct Validators {
@@ -39,4 +39,4 @@ private:
     Entries entries_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

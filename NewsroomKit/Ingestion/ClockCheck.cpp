@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace newsroom {
+namespace kit {
 
 void ClockCheck::add(Instant local, std::chrono::sys_seconds server) {
     const auto difference = local - server;
@@ -24,4 +24,4 @@ Instant ClockCheck::corrected(Instant local) const {
     return seemsWrong() ? local - difference() : local;
 }
 
-}  // namespace newsroom
+}  // namespace kit

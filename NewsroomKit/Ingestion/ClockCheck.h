@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Records/Instant.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Compares this computer's clock with the dates of the servers' answers. What most servers say
 /// counts, because single servers have wrong clocks too.
@@ -31,4 +31,4 @@ private:
     std::vector<Instant::duration> differences_;  ///< how far the clock is ahead; rising
 };
 
-}  // namespace newsroom
+}  // namespace kit

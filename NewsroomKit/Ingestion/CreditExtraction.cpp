@@ -13,7 +13,7 @@
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -196,4 +196,4 @@ std::vector<SourceCredit> extractCredits(std::string_view contentHTML, std::stri
     return Extraction(linkedText(pieces), siteURL, sourceName).run();
 }
 
-}  // namespace newsroom
+}  // namespace kit

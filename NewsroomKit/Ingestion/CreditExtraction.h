@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Stories/SourceCredit.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The outlets, accounts and Apple documents that an item's HTML credits, its content read
 /// before its summary: what follows a credit phrase ("according to", "first reported by"),
@@ -17,4 +17,4 @@ std::vector<SourceCredit> extractCredits(std::string_view contentHTML, std::stri
 
 inline constexpr std::size_t kCreditLimit = 24;
 
-}  // namespace newsroom
+}  // namespace kit

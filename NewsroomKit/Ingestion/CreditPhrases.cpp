@@ -8,7 +8,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -100,4 +100,4 @@ std::vector<CreditPhrase> findCreditPhrases(std::string_view text) {
     return found;
 }
 
-}  // namespace newsroom
+}  // namespace kit

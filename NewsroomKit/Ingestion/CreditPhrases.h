@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace newsroom {
+namespace kit {
 
 /// Where a phrase such as "according to" or "via" stands in a text.
 struct CreditPhrase {
@@ -19,4 +19,4 @@ std::vector<CreditPhrase> findCreditPhrases(std::string_view text);
 /// Bytes of the letter or number at `at`; 0 when none stands there.
 std::size_t wordCharacterAt(std::string_view text, std::size_t at);
 
-}  // namespace newsroom
+}  // namespace kit

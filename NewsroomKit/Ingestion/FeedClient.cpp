@@ -14,12 +14,12 @@
 #include <boost/asio/this_coro.hpp>
 #include <boost/asio/use_awaitable.hpp>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Feeds/FeedParser.h"
-#include "NewsroomKit/Feeds/TextCut.h"
+#include "NewsroomKit/Feeds/TextTruncation.h"
 #include "NewsroomKit/Ingestion/PageFeedLinks.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace asio = boost::asio;
 
@@ -42,8 +42,7 @@ SourceFetch::Failed failedWith(const FetchError& error) {
 /// The user knows the page's address, but not that of the feed which the page names.
 SourceFetch::Failed unusable(const std::string& feed, SourceFetch::Failed failed) {
     const auto address = cutAtWord(maskedSecrets(feed), kLongestAddressShown);
-    failed.text =
-        "The page names the feed " + address + ", which can't be used. " + failed.text;
+    failed.text = "The page names the feed " + address + ", which can't be used. " + failed.text;
     return failed;
 }
 
@@ -240,4 +239,4 @@ asio::awaitable<void> FeedClient::fetchAll(std::vector<NewsSource> sources, Arri
     }
 }
 
-}  // namespace newsroom
+}  // namespace kit

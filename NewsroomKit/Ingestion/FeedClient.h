@@ -15,7 +15,7 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Sources/NewsSource.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Fetches sources and makes their stories: request, parse, convert, label. Waiting happens
 /// in coroutines of the caller's executor, which must run one handler at a time; parsing
@@ -23,8 +23,6 @@ namespace newsroom {
 class FeedClient {
 public:
     static constexpr std::size_t kByteLimit = 6'291'456;
-
-    using Clock = std::function<Instant()>;
 
     struct Options {
         int concurrency = 24;  ///< sources fetched at once
@@ -71,4 +69,4 @@ private:
     Options options_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/PlatformHosts.h"
 
-namespace newsroom {
+namespace kit {
 
 std::string FetchQueue::hostOf(const NewsSource& source) {
     const auto address = WebAddress::parse(source.feedURL);
@@ -43,4 +43,4 @@ bool FetchQueue::hasRoom(const std::string& host) const {
     return entry == inFlight_.end() || entry->second < limit;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -9,7 +9,7 @@
 
 #include "NewsroomKit/Sources/NewsSource.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The order in which a pass fetches its sources: first come, first served, but never more
 /// than a few requests at once to one host, so that no outlet sees the desk as a crowd.
@@ -46,4 +46,4 @@ private:
     Limits limits_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

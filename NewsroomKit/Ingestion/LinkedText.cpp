@@ -8,7 +8,7 @@
 #include "NewsroomKit/Feeds/HTMLEntities.h"
 #include "NewsroomKit/Text/ASCII.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -205,4 +205,4 @@ LinkedText linkedText(std::span<const std::string_view> pieces) {
     return reader.result();
 }
 
-}  // namespace newsroom
+}  // namespace kit

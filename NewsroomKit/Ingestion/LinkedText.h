@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace newsroom {
+namespace kit {
 
 /// Text of a piece of HTML with the links that stand in it, for finding what a text refers
 /// to. Not for showing: white space and characters are kept as they come, block elements
@@ -35,4 +35,4 @@ std::size_t tagEnd(std::string_view html, std::size_t open);
 /// `tag` is the tag's inside, without its angle brackets; the name is in lower case.
 std::string attributeValue(std::string_view tag, std::string_view name);
 
-}  // namespace newsroom
+}  // namespace kit

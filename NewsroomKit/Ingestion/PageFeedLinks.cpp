@@ -8,7 +8,7 @@
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -100,4 +100,4 @@ std::optional<std::string> pageTitle(std::string_view html) {
     return title.empty() ? std::nullopt : std::optional(title);
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace newsroom {
+namespace kit {
 
 /// Feed addresses that a web page names in its "link" elements (rel "alternate", a type that
 /// names rss or atom), in order. Only http and https addresses; a relative one is taken
@@ -15,4 +15,4 @@ std::vector<std::string> pageFeedLinks(std::string_view html, std::string_view p
 /// The page's title up to " - "; nothing when it has none.
 std::optional<std::string> pageTitle(std::string_view html);
 
-}  // namespace newsroom
+}  // namespace kit

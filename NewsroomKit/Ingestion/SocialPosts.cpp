@@ -7,7 +7,7 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/PlatformHosts.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -94,4 +94,4 @@ std::optional<SocialPost> socialPost(std::string_view text) {
     return std::nullopt;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Records/Instant.h"
 
-namespace newsroom {
+namespace kit {
 
 /// A post on a social platform, as its address tells.
 struct SocialPost {
@@ -19,4 +19,4 @@ struct SocialPost {
 /// Nothing when the address is not one of a single post.
 std::optional<SocialPost> socialPost(std::string_view address);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -8,7 +8,7 @@
 #include "NewsroomKit/HTTP/HTTPClient.h"
 #include "NewsroomKit/Stories/Story.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The outcome of fetching one source.
 struct SourceFetch {
@@ -29,4 +29,4 @@ struct SourceFetch {
     HTTPClient::Record record{};  ///< of the request that brought it
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -13,7 +13,7 @@
 #include "NewsroomKit/Stories/StoryIdentity.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -204,4 +204,4 @@ std::vector<Story> StoryConversion::stories(const std::vector<FeedEntry>& entrie
     return stories;
 }
 
-}  // namespace newsroom
+}  // namespace kit

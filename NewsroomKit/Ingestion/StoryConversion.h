@@ -11,7 +11,7 @@
 #include "NewsroomKit/Stories/CanonicalLink.h"
 #include "NewsroomKit/Stories/Story.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Makes stories from feed entries; the only place where one becomes the other.
 class StoryConversion {
@@ -35,4 +35,4 @@ private:
     CanonicalLinks& links_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,9 +6,9 @@
 #include <optional>
 #include <stdexcept>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -111,7 +111,8 @@ std::optional<LogLine> parseLogLine(std::string_view text) {
     const auto level = enumFromRaw<LogLevel>(nextPart(text, ' '));
     const auto category = enumFromRaw<LogCategory>(nextPart(text, ' '));
     if (!time || !level || !category) return std::nullopt;
-    return LogLine{.time = *time, .level = *level, .category = *category, .text = std::string(text)};
+    return LogLine{
+        .time = *time, .level = *level, .category = *category, .text = std::string(text)};
 }
 
 void setLog(LogLevels levels, LogSink sink) {
@@ -125,8 +126,8 @@ void setLog(LogLevels levels, LogSink sink) {
 }
 
 bool isLogged(LogCategory category, LogLevel level) {
-    return level <= processLog().levels[static_cast<std::size_t>(category)].load(
-                        std::memory_order_relaxed);
+    return level <=
+           processLog().levels[static_cast<std::size_t>(category)].load(std::memory_order_relaxed);
 }
 
 void writeLog(LogCategory category, LogLevel level, std::string_view text) {
@@ -138,4 +139,4 @@ void writeLog(LogCategory category, LogLevel level, std::string_view text) {
     if (log.sink) log.sink(line);
 }
 
-}  // namespace newsroom
+}  // namespace kit

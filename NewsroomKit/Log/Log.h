@@ -13,7 +13,7 @@
 #include "NewsroomKit/Records/EnumTable.h"
 #include "NewsroomKit/Records/Instant.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Which part of the program a log line comes from. The list is closed: a new subject belongs to
 /// one of these.
@@ -100,4 +100,4 @@ void log(LogCategory category, LogLevel level, fmt::format_string<Arguments...> 
     }
 }
 
-}  // namespace newsroom
+}  // namespace kit

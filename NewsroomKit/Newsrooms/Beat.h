@@ -6,7 +6,7 @@
 #include "NewsroomKit/Newsrooms/UUID.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
 
-namespace newsroom {
+namespace kit {
 
 /// A topic that the user follows: a query with a name.
 struct Beat {
@@ -20,14 +20,12 @@ struct Beat {
 };
 
 template <>
-struct RecordShape<Beat> {
+struct JSONFields<Beat> {
     static constexpr auto fields = std::tuple{
-        field("id", &Beat::id),
-        field("name", &Beat::name),
-        field("symbol", &Beat::symbol),
-        field("query", &Beat::query),
+        field("id", &Beat::id),         field("name", &Beat::name),
+        field("symbol", &Beat::symbol), field("query", &Beat::query),
         field("alerts", &Beat::alerts),
     };
 };
 
-}  // namespace newsroom
+}  // namespace kit

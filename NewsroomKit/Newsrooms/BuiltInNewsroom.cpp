@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -39,4 +39,4 @@ NewsroomSpec NewsroomSpec::builtIn() {
                     .panels = std::move(panels)});
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Records/Codec.h"
 #include "NewsroomKit/Records/RecordHash.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Columns of a newsroom's grid; its rows grow downwards without limit.
 inline constexpr std::int64_t kGridColumns = 12;
@@ -35,7 +35,7 @@ private:
 };
 
 template <>
-struct RecordShape<GridFrame> {
+struct JSONFields<GridFrame> {
     static constexpr auto fields = std::tuple{
         field("column", &GridFrame::column),
         field("row", &GridFrame::row),
@@ -44,7 +44,7 @@ struct RecordShape<GridFrame> {
     };
 };
 
-}  // namespace newsroom
+}  // namespace kit
 
 template <>
-struct std::hash<newsroom::GridFrame> : newsroom::RecordHash<newsroom::GridFrame> {};
+struct std::hash<kit::GridFrame> : kit::RecordHash<kit::GridFrame> {};

@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <optional>
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -141,4 +141,4 @@ std::vector<PlacedPanel> GridLayout::packed(std::span<const PanelKind> wanted) {
     return Packing(wanted).frames();
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Newsrooms/GridFrame.h"
 #include "NewsroomKit/Newsrooms/PanelKind.h"
 
-namespace newsroom {
+namespace kit {
 
 /// A panel as far as the grid is concerned.
 struct PlacedPanel {
@@ -25,4 +25,4 @@ std::vector<PlacedPanel> packed(std::span<const PanelKind> wanted);
 
 }  // namespace GridLayout
 
-}  // namespace newsroom
+}  // namespace kit

@@ -3,7 +3,7 @@
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "NewsroomKit/Newsrooms/PanelPlacement.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -36,4 +36,4 @@ NewsroomSpec NewsroomFile::read(std::string_view bytes) {
     return spec;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 
 /// Newsrooms as files, for people to exchange: the serialised form, and nothing else.
-namespace newsroom::NewsroomFile {
+namespace kit::NewsroomFile {
 
 std::string write(const NewsroomSpec& spec);
 
@@ -15,4 +15,4 @@ std::string write(const NewsroomSpec& spec);
 /// a newer version, or more than NewsroomLimits allows.
 NewsroomSpec read(std::string_view bytes);
 
-}  // namespace newsroom::NewsroomFile
+}  // namespace kit::NewsroomFile

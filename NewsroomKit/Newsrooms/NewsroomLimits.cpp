@@ -5,7 +5,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -102,4 +102,4 @@ void NewsroomLimits::require(const NewsroomSpec& spec) {
     }
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 #include "NewsroomKit/Newsrooms/Beat.h"
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 
-namespace newsroom {
+namespace kit {
 
 /// What a newsroom made or taken in may hold at most. Reading a stored one knows no limits;
 /// these keep a file from filling the library or the screen.
@@ -28,4 +28,4 @@ void require(const Beat& beat);
 
 }  // namespace NewsroomLimits
 
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 #include "NewsroomKit/Newsrooms/GridLayout.h"
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 
-namespace newsroom {
+namespace kit {
 
 NewsroomSpec madeNewsroom(std::string name, std::string symbol, std::span<const PanelKind> kinds,
                           StoryQuery focus) {
@@ -47,4 +47,4 @@ Beat madeBeat(std::string name, std::string symbol, StoryQuery query, bool alert
     return beat;
 }
 
-}  // namespace newsroom
+}  // namespace kit

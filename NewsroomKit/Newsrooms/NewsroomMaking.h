@@ -6,7 +6,7 @@
 #include "NewsroomKit/Newsrooms/Beat.h"
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 
-namespace newsroom {
+namespace kit {
 
 /// A newsroom made by hand: a panel for every wanted kind, packed onto the grid. Throws
 /// RecordError as NewsroomLimits::require does.
@@ -21,4 +21,4 @@ NewsroomSpec duplicated(const NewsroomSpec& spec, std::string name);
 /// Throws RecordError as NewsroomLimits::require does.
 Beat madeBeat(std::string name, std::string symbol, StoryQuery query, bool alerts);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
 
-namespace newsroom {
+namespace kit {
 
 NewsroomSpec NewsroomSpec::created(NewsroomSpec parts) {
     parts.version = kVersion;
@@ -24,4 +24,4 @@ std::int64_t NewsroomSpec::rowsUsed() const {
     return std::max_element(panels.begin(), panels.end(), lower)->frame.bottom();
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -8,7 +8,7 @@
 
 #include "NewsroomKit/Newsrooms/PanelSpec.h"
 
-namespace newsroom {
+namespace kit {
 
 /// One newsroom, completely: what is saved, exported and shown.
 struct NewsroomSpec {
@@ -51,20 +51,16 @@ inline constexpr std::array<EnumRow<NewsroomSpec::Origin>, 3> enumTable<Newsroom
 }};
 
 template <>
-struct RecordShape<NewsroomSpec> {
+struct JSONFields<NewsroomSpec> {
     static constexpr auto fields = std::tuple{
-        field("version", &NewsroomSpec::version),
-        field("id", &NewsroomSpec::id),
-        field("name", &NewsroomSpec::name),
-        field("symbol", &NewsroomSpec::symbol),
-        field("origin", &NewsroomSpec::origin),
-        field("prompt", &NewsroomSpec::prompt),
-        field("focus", &NewsroomSpec::focus),
-        field("panels", &NewsroomSpec::panels),
+        field("version", &NewsroomSpec::version), field("id", &NewsroomSpec::id),
+        field("name", &NewsroomSpec::name),       field("symbol", &NewsroomSpec::symbol),
+        field("origin", &NewsroomSpec::origin),   field("prompt", &NewsroomSpec::prompt),
+        field("focus", &NewsroomSpec::focus),     field("panels", &NewsroomSpec::panels),
     };
 };
 
-}  // namespace newsroom
+}  // namespace kit
 
 template <>
-struct std::hash<newsroom::NewsroomSpec> : newsroom::RecordHash<newsroom::NewsroomSpec> {};
+struct std::hash<kit::NewsroomSpec> : kit::RecordHash<kit::NewsroomSpec> {};

@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Newsrooms/PanelKind.h"
 
-namespace newsroom {
+namespace kit {
 
 /// What a panel with alerts tells the user of.
 enum class PanelAlert {
@@ -39,4 +39,4 @@ constexpr PanelAlert alertOf(PanelKind kind) {
     return PanelAlert::none;
 }
 
-}  // namespace newsroom
+}  // namespace kit

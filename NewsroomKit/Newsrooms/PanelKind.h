@@ -6,13 +6,15 @@
 
 #include "NewsroomKit/Records/EnumTable.h"
 
-namespace newsroom {
+namespace kit {
 
 /// What a panel shows.
+// clang-format off
 enum class PanelKind {
     stream, brief, topStories, countdown, claims, stock, software, status, coverage,
     clips, apple, pageWatch, scoops, suppliers, backend, records, releases
 };
+// clang-format on
 
 struct PanelSize {
     std::int64_t width;
@@ -32,6 +34,7 @@ struct PanelKindRow {
 };
 
 template <>
+// clang-format off
 inline constexpr std::array<PanelKindRow, 17> enumTable<PanelKind>{{
     {PanelKind::stream, "stream", "Latest", "dot.radiowaves.left.and.right",
      "Live stories that match words and sources", {3, 3}, {4, 4}},
@@ -68,6 +71,7 @@ inline constexpr std::array<PanelKindRow, 17> enumTable<PanelKind>{{
     {PanelKind::releases, "releases", "Releases", "shippingbox",
      "Every release and beta Apple announced lately", {3, 2}, {4, 3}},
 }};
+// clang-format on
 
 constexpr const PanelKindRow& kindRow(PanelKind kind) {
     return enumTable<PanelKind>[static_cast<std::size_t>(kind)];
@@ -83,4 +87,4 @@ inline std::vector<PanelKind> offeredPanelKinds() {
     return kinds;
 }
 
-}  // namespace newsroom
+}  // namespace kit

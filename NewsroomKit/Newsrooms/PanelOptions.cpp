@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Addresses/WebAddress.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -29,7 +29,7 @@ bool isFollowablePage(std::string_view text) {
 json::value Codec<PanelOptions>::encode(const PanelOptions& options, DateStyle dates) {
     json::object object;
     std::apply([&](const auto&... f) { (codec::encodeField(object, options, f, dates), ...); },
-               RecordShape<PanelOptions>::fields);
+               JSONFields<PanelOptions>::fields);
     return object;
 }
 
@@ -37,9 +37,9 @@ PanelOptions Codec<PanelOptions>::decode(const json::value& value) {
     if (!value.is_object()) throw RecordError("", "an object is expected");
     PanelOptions options;
     std::apply([&](const auto&... f) { (decodeGiven(value.get_object(), options, f), ...); },
-               RecordShape<PanelOptions>::fields);
+               JSONFields<PanelOptions>::fields);
     std::erase_if(options.pages, [](const std::string& page) { return !isFollowablePage(page); });
     return options;
 }
 
-}  // namespace newsroom
+}  // namespace kit

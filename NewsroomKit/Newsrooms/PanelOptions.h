@@ -6,7 +6,7 @@
 #include "NewsroomKit/Records/Codec.h"
 #include "NewsroomKit/Records/RecordHash.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Settings of a panel; each kind looks at its own. A key that is missing when read takes
 /// the default here.
@@ -25,7 +25,7 @@ struct PanelOptions {
 bool isFollowablePage(std::string_view address);
 
 template <>
-struct RecordShape<PanelOptions> {
+struct JSONFields<PanelOptions> {
     static constexpr auto fields = std::tuple{
         field("alerts", &PanelOptions::alerts),
         field("eventTerms", &PanelOptions::eventTerms),
@@ -41,7 +41,7 @@ struct Codec<PanelOptions> {
     static PanelOptions decode(const json::value& value);
 };
 
-}  // namespace newsroom
+}  // namespace kit
 
 template <>
-struct std::hash<newsroom::PanelOptions> : newsroom::RecordHash<newsroom::PanelOptions> {};
+struct std::hash<kit::PanelOptions> : kit::RecordHash<kit::PanelOptions> {};

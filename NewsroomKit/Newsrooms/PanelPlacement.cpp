@@ -4,10 +4,10 @@
 #include <limits>
 #include <stdexcept>
 
-#include "NewsroomKit/Newsrooms/PanelInHand.h"
+#include "NewsroomKit/Newsrooms/DraggedPanel.h"
 #include "NewsroomKit/Newsrooms/Skyline.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -20,7 +20,7 @@ void fit(PlacedPanel& panel) {
     frame.column = std::clamp(frame.column, std::int64_t{0}, kGridColumns - frame.width);
 }
 
-PanelInHand lifted(const Placement& panels, std::size_t panel) {
+DraggedPanel lifted(const Placement& panels, std::size_t panel) {
     if (panel >= panels.size()) throw std::out_of_range("a panel outside the layout");
     return {PanelPlacement::tidied(panels), panel};
 }
@@ -56,7 +56,7 @@ Placement PanelPlacement::of(const std::vector<PanelSpec>& panels) {
 
 Placement PanelPlacement::tidied(Placement panels) {
     for (auto& panel : panels) fit(panel);
-    restAll(panels, readingOrder(panels));
+    compact(panels, readingOrder(panels));
     return panels;
 }
 
@@ -76,11 +76,11 @@ Placement PanelPlacement::resized(const Placement& panels, std::size_t panel,
         dragged({frame.row, frame.bottom()}, {wanted.row, wanted.bottom()}, least.height,
                 kGreatestHeight, std::numeric_limits<std::int64_t>::max());
     // A panel that grows or shrinks never changes places with one below it.
-    return hand.putDown({.column = columns.from,
-                         .row = rows.from,
-                         .width = columns.to - columns.from,
-                         .height = rows.to - rows.from},
-                        rows.from);
+    return hand.drop({.column = columns.from,
+                      .row = rows.from,
+                      .width = columns.to - columns.from,
+                      .height = rows.to - rows.from},
+                     rows.from);
 }
 
 Placement PanelPlacement::nudged(const Placement& panels, std::size_t panel, Direction direction) {
@@ -102,7 +102,7 @@ Placement PanelPlacement::inserted(const Placement& panels, const PlacedPanel& a
     fit(wanted);
     tidy.push_back(wanted);
     const auto hand = tidy.size() - 1;
-    return PanelInHand(std::move(tidy), hand).putDown(wanted.frame, wanted.frame.row);
+    return DraggedPanel(std::move(tidy), hand).drop(wanted.frame, wanted.frame.row);
 }
 
 Placement PanelPlacement::appended(const Placement& panels, PanelKind kind) {
@@ -122,7 +122,7 @@ Placement PanelPlacement::appended(const Placement& panels, PanelKind kind) {
 }
 
 Placement PanelPlacement::removed(const Placement& panels, std::size_t panel) {
-    return lifted(panels, panel).leftOut();
+    return lifted(panels, panel).without();
 }
 
-}  // namespace newsroom
+}  // namespace kit

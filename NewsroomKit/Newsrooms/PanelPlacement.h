@@ -7,7 +7,7 @@
 #include "NewsroomKit/Newsrooms/GridLayout.h"
 #include "NewsroomKit/Newsrooms/PanelSpec.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The panels of a newsroom in the order of its list.
 using Placement = std::vector<PlacedPanel>;
@@ -72,4 +72,4 @@ Placement removed(const Placement& panels, std::size_t panel);
 
 }  // namespace PanelPlacement
 
-}  // namespace newsroom
+}  // namespace kit

@@ -9,7 +9,7 @@
 #include "NewsroomKit/Newsrooms/UUID.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
 
-namespace newsroom {
+namespace kit {
 
 struct PanelSpec {
     UUID id{};  ///< within its newsroom
@@ -23,18 +23,15 @@ struct PanelSpec {
 };
 
 template <>
-struct RecordShape<PanelSpec> {
+struct JSONFields<PanelSpec> {
     static constexpr auto fields = std::tuple{
-        field("id", &PanelSpec::id),
-        field("kind", &PanelSpec::kind),
-        field("title", &PanelSpec::title),
-        field("frame", &PanelSpec::frame),
-        field("query", &PanelSpec::query),
-        field("options", &PanelSpec::options),
+        field("id", &PanelSpec::id),       field("kind", &PanelSpec::kind),
+        field("title", &PanelSpec::title), field("frame", &PanelSpec::frame),
+        field("query", &PanelSpec::query), field("options", &PanelSpec::options),
     };
 };
 
-}  // namespace newsroom
+}  // namespace kit
 
 template <>
-struct std::hash<newsroom::PanelSpec> : newsroom::RecordHash<newsroom::PanelSpec> {};
+struct std::hash<kit::PanelSpec> : kit::RecordHash<kit::PanelSpec> {};

@@ -7,7 +7,7 @@
 
 #include "NewsroomKit/Newsrooms/GridFrame.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The first free row of each column while panels are let down one after the other, each
 /// onto those before it. Panels without a common column never touch, so only the order of
@@ -34,4 +34,4 @@ private:
     std::array<std::int64_t, kGridColumns> free_{};
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Text/ASCII.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -58,4 +58,4 @@ UUID Codec<UUID>::decode(const json::value& value) {
     throw RecordError("", "a UUID is expected");
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -11,7 +11,7 @@
 
 #include "NewsroomKit/Records/Codec.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Identity of a newsroom or a panel. All zeros until one is given.
 class UUID {
@@ -42,11 +42,11 @@ struct Codec<UUID> {
     static UUID decode(const json::value& value);
 };
 
-}  // namespace newsroom
+}  // namespace kit
 
 template <>
-struct std::hash<newsroom::UUID> {
-    std::size_t operator()(const newsroom::UUID& id) const noexcept {
+struct std::hash<kit::UUID> {
+    std::size_t operator()(const kit::UUID& id) const noexcept {
         const auto* bytes = reinterpret_cast<const char*>(id.bytes_.data());
         return std::hash<std::string_view>{}({bytes, id.bytes_.size()});
     }

@@ -4,12 +4,12 @@
 
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Feeds/HTMLText.h"
-#include "NewsroomKit/Feeds/TextCut.h"
+#include "NewsroomKit/Feeds/TextTruncation.h"
 #include "NewsroomKit/Outlines/OutlineParser.h"
 #include "NewsroomKit/Stories/CanonicalLink.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -90,4 +90,4 @@ void OutlineCollector::addFeed(const OutlineAttributes& attributes) {
     outlines_.feeds.push_back(std::move(feed));
 }
 
-}  // namespace newsroom
+}  // namespace kit

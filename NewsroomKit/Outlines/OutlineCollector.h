@@ -9,7 +9,7 @@
 
 #include "NewsroomKit/Outlines/Outlines.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The attributes of an outline that mean something, as they are written.
 struct OutlineAttributes {
@@ -41,4 +41,4 @@ private:
     std::unordered_set<std::string> known_;  ///< canonical addresses
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -8,13 +8,13 @@
 #include <string>
 
 #include "NewsroomKit/Feeds/FeedEncoding.h"
-#include "NewsroomKit/Feeds/XMLCleaning.h"
+#include "NewsroomKit/Feeds/XMLSanitizer.h"
 #include "NewsroomKit/Feeds/XMLEntities.h"
 #include "NewsroomKit/Outlines/OutlineCollector.h"
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -183,4 +183,4 @@ OutlinesResult parseOutlines(std::string_view bytes) {
     return std::move(run).result();
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -7,7 +7,7 @@
 
 #include "NewsroomKit/Outlines/Outlines.h"
 
-namespace newsroom {
+namespace kit {
 
 inline constexpr std::size_t outlineByteLimit = 5'000'000;
 inline constexpr std::size_t outlineLimit = 5'000;  ///< folders count
@@ -23,9 +23,7 @@ inline constexpr std::array<EnumRow<OutlineError>, 4> enumTable<OutlineError>{{
     {OutlineError::tooMany, "tooMany", "The list has more than 5,000 entries."},
 }};
 
-constexpr std::string_view description(OutlineError error) {
-    return label(error);
-}
+constexpr std::string_view description(OutlineError error) { return label(error); }
 
 using OutlinesResult = boost::outcome_v2::unchecked<Outlines, OutlineError>;
 
@@ -35,4 +33,4 @@ using OutlinesResult = boost::outcome_v2::unchecked<Outlines, OutlineError>;
 /// document is obeyed, and time and memory grow with its size only.
 OutlinesResult parseOutlines(std::string_view bytes);
 
-}  // namespace newsroom
+}  // namespace kit

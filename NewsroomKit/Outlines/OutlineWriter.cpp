@@ -8,10 +8,10 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "NewsroomKit/Feeds/XMLCleaning.h"
+#include "NewsroomKit/Feeds/XMLSanitizer.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -100,4 +100,4 @@ std::string writeOutlines(const Outlines& outlines) {
     return markup.finish();
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -4,10 +4,10 @@
 
 #include "NewsroomKit/Outlines/Outlines.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The list as OPML 2.0. Feeds that follow each other in one folder share it; one without an
 /// address is written as its name and site alone.
 std::string writeOutlines(const Outlines& outlines);
 
-}  // namespace newsroom
+}  // namespace kit

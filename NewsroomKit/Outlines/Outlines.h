@@ -5,13 +5,13 @@
 
 #include "NewsroomKit/Records/EnumTable.h"
 
-namespace newsroom {
+namespace kit {
 
 /// A feed in a list of subscriptions (OPML).
 struct OutlineFeed {
-    std::string title{};    ///< plain text; empty when the list names none
-    std::string feedURL{};  ///< https
-    std::string siteURL{};  ///< http or https; empty when the list names none
+    std::string title{};                 ///< plain text; empty when the list names none
+    std::string feedURL{};               ///< https
+    std::string siteURL{};               ///< http or https; empty when the list names none
     std::vector<std::string> folders{};  ///< titles of those it lies in, outermost first
 
     bool operator==(const OutlineFeed&) const = default;
@@ -46,4 +46,4 @@ struct Outlines {
     bool operator==(const Outlines&) const = default;
 };
 
-}  // namespace newsroom
+}  // namespace kit

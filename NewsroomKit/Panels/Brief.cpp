@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Panels/StoryGroup.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -50,14 +50,13 @@ std::string counted(std::size_t count, const std::string& one, const std::string
 
 BriefContent brief(const PanelNews& news, std::optional<Instant> since) {
     const auto fresh = newStories(news, since.value_or(news.now - kWithoutLastLook));
-    BriefContent content{
-        .since = since, .stories = fresh.size(), .apple = applePosts(fresh)};
+    BriefContent content{.since = since, .stories = fresh.size(), .apple = applePosts(fresh)};
     std::set<std::string> outlets;
     for (const auto& story : fresh) outlets.insert(outletKey(*story.story));
     content.outlets = outlets.size();
 
-    auto groups = groupStories(
-        {.stories = fresh, .clusters = news.clusters, .now = news.now}, Instant::min());
+    auto groups = groupStories({.stories = fresh, .clusters = news.clusters, .now = news.now},
+                               Instant::min());
     std::erase_if(groups, isApplesAlone);
     // Newest first already.
     std::stable_sort(groups.begin(), groups.end(), leads);
@@ -88,4 +87,4 @@ std::vector<BriefLine> briefLines(const BriefContent& content) {
     return lines;
 }
 
-}  // namespace newsroom
+}  // namespace kit

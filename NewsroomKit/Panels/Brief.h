@@ -8,13 +8,13 @@
 
 #include "NewsroomKit/Panels/PanelStory.h"
 
-namespace newsroom {
+namespace kit {
 
 /// What the panel's stories told since the reader's last look.
 struct BriefContent {
     struct Topic {
-        StoryMention headline{};              ///< the earliest new story
-        std::vector<StoryMention> outlets{};  ///< each outlet's first new story, by publication
+        StoryMention headline{};                  ///< the earliest new story
+        std::vector<StoryMention> outlets{};      ///< each outlet's first new story, by publication
         Sourcing sourcing = Sourcing::unlabeled;  ///< the firmest of its new stories
 
         bool operator==(const Topic&) const = default;
@@ -59,4 +59,4 @@ struct BriefLine {
 /// line when nothing is new.
 std::vector<BriefLine> briefLines(const BriefContent& content);
 
-}  // namespace newsroom
+}  // namespace kit

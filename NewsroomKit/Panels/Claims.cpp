@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Panels/StoryGroup.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -60,4 +60,4 @@ std::vector<Claim> claims(const PanelNews& news) {
     return claims;
 }
 
-}  // namespace newsroom
+}  // namespace kit

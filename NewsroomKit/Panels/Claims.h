@@ -8,7 +8,7 @@
 #include "NewsroomKit/Panels/PanelStory.h"
 #include "NewsroomKit/Records/EnumTable.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Something that outlets reported or rumored before Apple said anything.
 struct Claim {
@@ -20,8 +20,8 @@ struct Claim {
     };
 
     State state = State::rumored;
-    StoryMention first{};     ///< who said it first; its title is the claim
-    std::size_t outlets = 0;  ///< that reported or rumored it before it was confirmed
+    StoryMention first{};                  ///< who said it first; its title is the claim
+    std::size_t outlets = 0;               ///< that reported or rumored it before it was confirmed
     std::optional<StoryMention> answer{};  ///< what made it answered or confirmed
     Instant newest{};
 
@@ -43,4 +43,4 @@ inline constexpr std::chrono::days kClaimsSpan{14};
 /// with the newest story comes first.
 std::vector<Claim> claims(const PanelNews& news);
 
-}  // namespace newsroom
+}  // namespace kit

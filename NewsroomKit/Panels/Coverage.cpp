@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Panels/StoryGroup.h"
 
-namespace newsroom {
+namespace kit {
 
 std::vector<CoverageRow> coverage(const PanelNews& news) {
     const Instant earliest = news.now - kCoverageSpan;
@@ -37,4 +37,4 @@ std::vector<CoverageRow> coverage(const PanelNews& news) {
     return rows;
 }
 
-}  // namespace newsroom
+}  // namespace kit

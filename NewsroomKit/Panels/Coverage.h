@@ -7,7 +7,7 @@
 
 #include "NewsroomKit/Panels/PanelStory.h"
 
-namespace newsroom {
+namespace kit {
 
 /// How an outlet covers the panel's subject.
 struct CoverageRow {
@@ -27,4 +27,4 @@ inline constexpr std::chrono::days kCoverageSpan{30};
 /// that was first more often, then by name.
 std::vector<CoverageRow> coverage(const PanelNews& news);
 
-}  // namespace newsroom
+}  // namespace kit

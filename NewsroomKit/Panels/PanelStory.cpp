@@ -1,6 +1,6 @@
 #include "NewsroomKit/Panels/PanelStory.h"
 
-namespace newsroom {
+namespace kit {
 
 StoryMention StoryMention::of(const PanelStory& story) {
     return {.storyID = story.story->id,
@@ -15,4 +15,4 @@ std::string outletOf(const Story& story) {
     return story.shownDestinationName().value_or(story.sourceName);
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -7,7 +7,7 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Stories/Story.h"
 
-namespace newsroom {
+namespace kit {
 
 /// A story of the wire as panels see it.
 struct PanelStory {
@@ -41,4 +41,4 @@ struct StoryMention {
 /// The outlet that tells the news: the one that the link leads to, else the source itself.
 std::string outletOf(const Story& story);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Panels/StoryGroup.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -35,4 +35,4 @@ std::vector<Scoop> scoops(const PanelNews& news) {
     return scoops;
 }
 
-}  // namespace newsroom
+}  // namespace kit

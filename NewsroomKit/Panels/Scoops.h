@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Panels/PanelStory.h"
 
-namespace newsroom {
+namespace kit {
 
 /// News that one outlet told before the others.
 struct Scoop {
@@ -27,4 +27,4 @@ inline constexpr std::chrono::days kScoopsSpan{7};
 /// where the first story is dated at midnight sharp, as feeds do that give a day only.
 std::vector<Scoop> scoops(const PanelNews& news);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -7,7 +7,7 @@
 
 #include "NewsroomKit/Text/Folding.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -61,4 +61,4 @@ std::vector<StoryMention> outletMentions(const StoryGroup& group) {
     return mentions;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Panels/PanelStory.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The stories of a panel that tell the same news: a cluster's, or one alone.
 struct StoryGroup {
@@ -32,4 +32,4 @@ std::string outletKey(const Story& story);
 /// The mentions of the outlets' first stories.
 std::vector<StoryMention> outletMentions(const StoryGroup& group);
 
-}  // namespace newsroom
+}  // namespace kit

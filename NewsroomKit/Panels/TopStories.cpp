@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Panels/StoryGroup.h"
 
-namespace newsroom {
+namespace kit {
 
 std::vector<TopStory> topStories(const PanelNews& news) {
     auto groups = groupStories(news, news.now - kTopStoriesSpan);
@@ -28,4 +28,4 @@ std::vector<TopStory> topStories(const PanelNews& news) {
     return stories;
 }
 
-}  // namespace newsroom
+}  // namespace kit

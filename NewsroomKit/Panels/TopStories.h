@@ -6,12 +6,12 @@
 
 #include "NewsroomKit/Panels/PanelStory.h"
 
-namespace newsroom {
+namespace kit {
 
 /// News that several outlets are covering.
 struct TopStory {
-    StoryMention first{};                 ///< the earliest story, whose title is the headline
-    std::vector<StoryMention> outlets{};  ///< each outlet's first story, by publication
+    StoryMention first{};                     ///< the earliest story, whose title is the headline
+    std::vector<StoryMention> outlets{};      ///< each outlet's first story, by publication
     Sourcing sourcing = Sourcing::unlabeled;  ///< the firmest of all its stories
     Instant newest{};
     std::size_t unread = 0;  ///< stories
@@ -27,4 +27,4 @@ inline constexpr std::chrono::hours kTopStoriesSpan{48};
 /// The one that most outlets cover comes first, then the one with the newest story.
 std::vector<TopStory> topStories(const PanelNews& news);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -102,4 +102,4 @@ bool isAllASCII(std::string_view text) {
     return bits < 0x80;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// Appends the text as PhraseMatcher::normalize gives it, but for the letter case of what was
 /// ASCII, for searches that know both cases. In news that is a copy with a few characters
@@ -13,4 +13,4 @@ void appendCased(std::string_view text, std::string& out);
 /// Whether appendCased would change nothing.
 bool isAllASCII(std::string_view text);
 
-}  // namespace newsroom
+}  // namespace kit

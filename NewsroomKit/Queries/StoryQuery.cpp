@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -57,4 +57,4 @@ std::optional<std::string> CompiledStoryQuery::matchedTerm(const StoryFacts& sto
     return first ? std::optional(any_[*first].phrase) : std::nullopt;
 }
 
-}  // namespace newsroom
+}  // namespace kit

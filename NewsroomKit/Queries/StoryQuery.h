@@ -12,7 +12,7 @@
 #include "NewsroomKit/Records/RecordHash.h"
 #include "NewsroomKit/Stories/Story.h"
 
-namespace newsroom {
+namespace kit {
 
 class CompiledStoryQuery;
 
@@ -69,7 +69,7 @@ private:
 };
 
 template <>
-struct RecordShape<StoryQuery> {
+struct JSONFields<StoryQuery> {
     static constexpr auto fields = std::tuple{
         field("anyTerms", &StoryQuery::anyTerms),
         field("excludedTerms", &StoryQuery::excludedTerms),
@@ -79,7 +79,7 @@ struct RecordShape<StoryQuery> {
     };
 };
 
-}  // namespace newsroom
+}  // namespace kit
 
 template <>
-struct std::hash<newsroom::StoryQuery> : newsroom::RecordHash<newsroom::StoryQuery> {};
+struct std::hash<kit::StoryQuery> : kit::RecordHash<kit::StoryQuery> {};

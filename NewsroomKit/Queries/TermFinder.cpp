@@ -11,7 +11,7 @@
 #include "NewsroomKit/Queries/CasedText.h"
 #include "NewsroomKit/Text/ASCII.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -118,8 +118,7 @@ std::uint32_t groupsInBlock(const std::uint16_t* halves, const char* block) {
 
 }  // namespace
 
-TermFinder::TermFinder(std::span<const PhraseMatcher> any,
-                       std::span<const PhraseMatcher> excluded)
+TermFinder::TermFinder(std::span<const PhraseMatcher> any, std::span<const PhraseMatcher> excluded)
     : anyCount_(any.size()) {
     terms_.assign(any.begin(), any.end());
     terms_.insert(terms_.end(), excluded.begin(), excluded.end());
@@ -232,4 +231,4 @@ bool TermFinder::isAt(const Window& window, std::string_view text, std::size_t a
            (!term.isBounded() || standsAsWords(text, begin, begin + term.phrase.size()));
 }
 
-}  // namespace newsroom
+}  // namespace kit

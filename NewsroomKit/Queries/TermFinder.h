@@ -10,7 +10,7 @@
 
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
 
-namespace newsroom {
+namespace kit {
 
 /// Finds a query's terms in stories, all of them in one pass over the texts. The answers are
 /// those of PhraseMatcher::matches for each term on the normalised text
@@ -54,10 +54,10 @@ private:
     bool isAt(const Window& window, std::string_view text, std::size_t at) const;
 
     std::size_t anyCount_;
-    std::vector<PhraseMatcher> terms_{};  ///< any-terms, then excluded ones
-    bool spansTheSeam_ = false;           ///< a phrase holds a line break
+    std::vector<PhraseMatcher> terms_{};   ///< any-terms, then excluded ones
+    bool spansTheSeam_ = false;            ///< a phrase holds a line break
     std::vector<std::uint16_t> halves_{};  ///< by pair of bytes: groups, low bits first halves
     std::array<std::vector<Window>, kGroups> windows_{};
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -72,4 +72,4 @@ Instant Codec<Instant>::decode(const json::value& value) {
     throw RecordError("", "a date is expected");
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -18,7 +18,7 @@
 /// The one JSON form of records. A record declares its keys once:
 ///
 ///     template <>
-///     struct RecordShape<SourceCredit> {
+///     struct JSONFields<SourceCredit> {
 ///         static constexpr auto fields = std::tuple{
 ///             field("kind", &SourceCredit::kind), field("name", &SourceCredit::name), …};
 ///     };
@@ -26,7 +26,7 @@
 /// Writing and reading both follow that list, in its order. An optional member is left out
 /// when absent, and reads as absent when its key is missing or null; every other key is
 /// required. Unknown keys are ignored.
-namespace newsroom {
+namespace kit {
 
 namespace json = boost::json;
 
@@ -36,21 +36,19 @@ enum class DateStyle { iso8601, secondsSince1970 };
 template <class Record, class Member>
 struct Field {
     std::string_view key;
-    Member Record::*member;
+    Member Record::* member;
 };
 
 template <class Record, class Member>
-constexpr Field<Record, Member> field(std::string_view key, Member Record::*member) {
+constexpr Field<Record, Member> field(std::string_view key, Member Record::* member) {
     return {key, member};
 }
 
 template <class T>
-struct RecordShape;
+struct JSONFields;
 
 template <class T>
-concept Record = requires {
-    RecordShape<T>::fields;
-};
+concept Record = requires { JSONFields<T>::fields; };
 
 template <class T>
 struct Codec;
@@ -118,7 +116,7 @@ struct Codec<std::vector<T>> {
     static json::value encode(const std::vector<T>& list, DateStyle dates) {
         json::array array;
         array.reserve(list.size());
-        for (const T& item : list) array.push_back(newsroom::encode<T>(item, dates));
+        for (const T& item : list) array.push_back(kit::encode<T>(item, dates));
         return array;
     }
     static std::vector<T> decode(const json::value& value) {
@@ -127,7 +125,7 @@ struct Codec<std::vector<T>> {
         list.reserve(value.get_array().size());
         for (const auto& item : value.get_array()) {
             try {
-                list.push_back(newsroom::decode<T>(item));
+                list.push_back(kit::decode<T>(item));
             } catch (const RecordError& error) {
                 throw error.inside("[" + std::to_string(list.size()) + "]");
             }
@@ -140,7 +138,7 @@ template <class T>
 struct Codec<std::map<std::string, T>> {
     static json::value encode(const std::map<std::string, T>& map, DateStyle dates) {
         json::object object;
-        for (const auto& [key, item] : map) object.emplace(key, newsroom::encode<T>(item, dates));
+        for (const auto& [key, item] : map) object.emplace(key, kit::encode<T>(item, dates));
         return object;
     }
     static std::map<std::string, T> decode(const json::value& value) {
@@ -148,7 +146,7 @@ struct Codec<std::map<std::string, T>> {
         std::map<std::string, T> map;
         for (const auto& pair : value.get_object()) {
             try {
-                map.emplace(pair.key(), newsroom::decode<T>(pair.value()));
+                map.emplace(pair.key(), kit::decode<T>(pair.value()));
             } catch (const RecordError& error) {
                 throw error.inside(std::string(pair.key()));
             }
@@ -169,10 +167,9 @@ void encodeField(json::object& object, const R& record, const Field<R, Member>& 
                  DateStyle dates) {
     if constexpr (isOptional<Member>) {
         const auto& value = record.*f.member;
-        if (value)
-            object.emplace(f.key, newsroom::encode<typename Member::value_type>(*value, dates));
+        if (value) object.emplace(f.key, kit::encode<typename Member::value_type>(*value, dates));
     } else {
-        object.emplace(f.key, newsroom::encode<Member>(record.*f.member, dates));
+        object.emplace(f.key, kit::encode<Member>(record.*f.member, dates));
     }
 }
 
@@ -182,11 +179,11 @@ void decodeField(const json::object& object, R& record, const Field<R, Member>& 
     try {
         if constexpr (isOptional<Member>) {
             if (value && !value->is_null()) {
-                record.*f.member = newsroom::decode<typename Member::value_type>(*value);
+                record.*f.member = kit::decode<typename Member::value_type>(*value);
             }
         } else {
             if (!value) throw RecordError("", "the key is missing");
-            record.*f.member = newsroom::decode<Member>(*value);
+            record.*f.member = kit::decode<Member>(*value);
         }
     } catch (const RecordError& error) {
         throw error.inside(std::string(f.key));
@@ -200,7 +197,7 @@ struct Codec<R> {
     static json::value encode(const R& record, DateStyle dates) {
         json::object object;
         std::apply([&](const auto&... f) { (codec::encodeField(object, record, f, dates), ...); },
-                   RecordShape<R>::fields);
+                   JSONFields<R>::fields);
         return object;
     }
     static R decode(const json::value& value) {
@@ -208,9 +205,9 @@ struct Codec<R> {
         R record{};
         std::apply(
             [&](const auto&... f) { (codec::decodeField(value.get_object(), record, f), ...); },
-            RecordShape<R>::fields);
+            JSONFields<R>::fields);
         return record;
     }
 };
 
-}  // namespace newsroom
+}  // namespace kit

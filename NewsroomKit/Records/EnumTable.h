@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// One row of an enumeration's table: the serialised text and the text people read.
 template <class E>
@@ -21,9 +21,7 @@ template <class E>
 inline constexpr std::nullptr_t enumTable = nullptr;
 
 template <class E>
-concept TabledEnum = requires {
-    enumTable<E>.size();
-};
+concept TabledEnum = requires { enumTable<E>.size(); };
 
 template <TabledEnum E>
 constexpr std::string_view rawValue(E value) {
@@ -43,4 +41,4 @@ constexpr std::optional<E> enumFromRaw(std::string_view raw) {
     return std::nullopt;
 }
 
-}  // namespace newsroom
+}  // namespace kit

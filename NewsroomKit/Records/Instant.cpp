@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using std::chrono::microseconds;
@@ -171,4 +171,4 @@ std::optional<Instant> parseISO8601(std::string_view text) {
     return instant;
 }
 
-}  // namespace newsroom
+}  // namespace kit

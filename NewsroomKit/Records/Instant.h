@@ -1,15 +1,19 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// An absolute point in time. Microseconds hold every fraction that feeds and web
 /// services write, and keep equality exact.
 using Instant = std::chrono::sys_time<std::chrono::microseconds>;
+
+/// Tells the present moment. Whoever needs the time is given one, so that tests can set it.
+using Clock = std::function<Instant()>;
 
 double secondsSince1970(Instant instant);
 
@@ -25,4 +29,4 @@ std::string iso8601Text(Instant instant);
 /// nothing, the 60th second reads as the next minute. A time without a zone is UTC.
 std::optional<Instant> parseISO8601(std::string_view text);
 
-}  // namespace newsroom
+}  // namespace kit

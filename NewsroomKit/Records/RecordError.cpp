@@ -1,6 +1,6 @@
 #include "NewsroomKit/Records/RecordError.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -21,4 +21,4 @@ RecordError RecordError::inside(const std::string& step) const {
     return {step + (element ? "" : ".") + path_, reason_};
 }
 
-}  // namespace newsroom
+}  // namespace kit

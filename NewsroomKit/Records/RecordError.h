@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace newsroom {
+namespace kit {
 
 /// A JSON value does not have the shape of the record it should be. `path` leads to the
 /// fault ("panels[2].frame.width"; empty for the value itself); what() is the whole sentence.
@@ -22,4 +22,4 @@ private:
     std::string reason_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -9,9 +9,9 @@
 
 #include "NewsroomKit/Records/Codec.h"
 
-namespace newsroom {
+namespace kit {
 
-/// The hash of a record over all fields of its RecordShape, so that none is forgotten:
+/// The hash of a record over all fields of its JSONFields, so that none is forgotten:
 ///
 ///     template <>
 ///     struct std::hash<Story> : RecordHash<Story> {};
@@ -36,7 +36,7 @@ private:
                 add(static_cast<std::size_t>(part));
             } else if constexpr (Record<T>) {
                 std::apply([&](const auto&... f) { (add(part.*f.member), ...); },
-                           RecordShape<T>::fields);
+                           JSONFields<T>::fields);
             } else {
                 value ^= std::hash<T>{}(part) + 0x9e3779b97f4a7c15 + (value << 6) + (value >> 2);
             }
@@ -55,4 +55,4 @@ private:
     };
 };
 
-}  // namespace newsroom
+}  // namespace kit

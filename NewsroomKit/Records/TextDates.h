@@ -12,7 +12,7 @@
 /// Web services write dates as ISO 8601 text. A number in such a place is a fault of the service:
 /// nobody knows whether it counts seconds or milliseconds. decode() takes numbers too, because
 /// the command line writes its own records with them.
-namespace newsroom {
+namespace kit {
 
 /// Which forms of a date a reading takes.
 enum class DateForms { text, textAndNumbers };
@@ -76,7 +76,7 @@ struct TextDates<R> {
     static void require(const json::value& value) {
         if (!value.is_object()) return;
         std::apply([&](const auto&... f) { (requireIn(value.get_object(), f), ...); },
-                   RecordShape<R>::fields);
+                   JSONFields<R>::fields);
     }
 
 private:
@@ -92,4 +92,4 @@ private:
     }
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 #include "NewsroomKit/Sources/PlatformHosts.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 std::string googleNewsSearchFeed(std::string_view domain) {
     return fmt::format("https://{}/rss/search?q=Apple+site:{}+when:7d&hl=en-US&gl=US&ceid=US:en",
@@ -33,4 +33,4 @@ std::string mediumFeed(std::string_view account) {
     return fmt::format("https://{}/feed/{}", hosts::kMedium, account);
 }
 
-}  // namespace newsroom
+}  // namespace kit

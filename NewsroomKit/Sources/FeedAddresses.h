@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// Google News's search feed for stories about Apple on one site within the last seven
 /// days, United States English edition.
@@ -22,4 +22,4 @@ std::string redditFeed(std::string_view subreddit);
 /// `account` begins with "@".
 std::string mediumFeed(std::string_view account);
 
-}  // namespace newsroom
+}  // namespace kit

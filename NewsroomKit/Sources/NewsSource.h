@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Records/EnumTable.h"
 
-namespace newsroom {
+namespace kit {
 
 /// One place that stories come from.
 struct NewsSource {
@@ -12,7 +12,15 @@ struct NewsSource {
     enum class Kind { apple, publisher, firstParty, custom };
     /// Which group of the sidebar it belongs to.
     enum class Category {
-        apple, press, business, supplyChain, aggregators, podcasts, video, social, custom
+        apple,
+        press,
+        business,
+        supplyChain,
+        aggregators,
+        podcasts,
+        video,
+        social,
+        custom
     };
     /// How its feed is to be read.
     enum class Format { feed, googleNews };
@@ -58,4 +66,4 @@ inline constexpr std::array<EnumRow<NewsSource::Format>, 2> enumTable<NewsSource
     {NewsSource::Format::googleNews, "googleNews", "Google News search"},
 }};
 
-}  // namespace newsroom
+}  // namespace kit

@@ -3,7 +3,7 @@
 #include <string_view>
 
 /// Host names of the platforms whose feeds have forms of their own.
-namespace newsroom::hosts {
+namespace kit::hosts {
 
 inline constexpr std::string_view kGoogleNews = "news.google.com";
 inline constexpr std::string_view kYouTube = "youtube.com";
@@ -17,4 +17,4 @@ inline constexpr std::string_view kMedium = "medium.com";
 inline constexpr std::string_view kApple = "apple.com";
 inline constexpr std::string_view kAppleWWW = "www.apple.com";
 
-}  // namespace newsroom::hosts
+}  // namespace kit::hosts

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <optional>
 
-#include "NewsroomKit/Addresses/LenientAddress.h"
+#include "NewsroomKit/Addresses/URLRepair.h"
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/FeedAddresses.h"
 #include "NewsroomKit/Sources/PlatformHosts.h"
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom::SourceAddress {
+namespace kit::SourceAddress {
 
 namespace {
 
@@ -84,4 +84,4 @@ std::vector<std::string> candidates(std::string_view typed) {
     return {strictAddress(full).value_or(full)};
 }
 
-}  // namespace newsroom::SourceAddress
+}  // namespace kit::SourceAddress

@@ -4,10 +4,10 @@
 #include <string_view>
 #include <vector>
 
-namespace newsroom::SourceAddress {
+namespace kit::SourceAddress {
 
 /// Feed addresses to try, in order, for what a person typed: a feed, a website, a fediverse
 /// or Bluesky handle, or a channel's address. Empty when the text is unusable.
 std::vector<std::string> candidates(std::string_view typed);
 
-}  // namespace newsroom::SourceAddress
+}  // namespace kit::SourceAddress

@@ -2,13 +2,14 @@
 
 #include "NewsroomKit/Sources/FeedAddresses.h"
 
-namespace newsroom {
+namespace kit {
 
 std::vector<NewsSource> defaultSourceCatalog() {
     using Kind = NewsSource::Kind;
     using Category = NewsSource::Category;
     using Format = NewsSource::Format;
     return {
+        // clang-format off
         {.id = "apple-newsroom", .name = "Apple Newsroom",
          .feedURL = "https://www.apple.com/newsroom/rss-feed.rss",
          .siteURL = "https://www.apple.com/newsroom/",
@@ -243,5 +244,6 @@ std::vector<NewsSource> defaultSourceCatalog() {
          .onlyApple = false, .minimumInterval = 600, .enabledByDefault = false},
     };
 }
+// clang-format on
 
-}  // namespace newsroom
+}  // namespace kit

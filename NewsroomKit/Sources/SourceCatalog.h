@@ -4,9 +4,9 @@
 
 #include "NewsroomKit/Sources/NewsSource.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The sources that the desk ships with, in the order of the sidebar.
 std::vector<NewsSource> defaultSourceCatalog();
 
-}  // namespace newsroom
+}  // namespace kit

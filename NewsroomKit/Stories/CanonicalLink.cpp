@@ -8,7 +8,7 @@
 #include "NewsroomKit/Sources/PlatformHosts.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -119,4 +119,4 @@ std::size_t CanonicalLinks::count() const {
     return byUse_.size();
 }
 
-}  // namespace newsroom
+}  // namespace kit

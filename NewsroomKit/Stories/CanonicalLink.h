@@ -7,7 +7,7 @@
 #include <string_view>
 #include <unordered_map>
 
-namespace newsroom {
+namespace kit {
 
 /// The one form in which links are compared and hashed: https, lower-case host, no
 /// fragment, no default port, no trailing "/", tracking items dropped and the remaining
@@ -38,4 +38,4 @@ private:
     std::unordered_map<std::string_view, std::list<Answer>::iterator> index_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

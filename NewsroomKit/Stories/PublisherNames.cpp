@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Addresses/WebAddress.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -97,4 +97,4 @@ std::optional<std::string> publisherNameOfHosts(std::string linkHost, std::strin
     return linkHost;
 }
 
-}  // namespace newsroom
+}  // namespace kit

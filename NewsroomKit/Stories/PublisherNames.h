@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// The name of the outlet that `link` points to, seen from a feed at `feedURL`: nothing
 /// when the link has no host or stays on the feed's own site, a known outlet's name, or
@@ -24,4 +24,4 @@ bool isKnownOutletName(std::string_view name);
 /// The name of the outlet whose domain `host` is or lies under; nothing when unknown.
 std::optional<std::string_view> knownOutlet(std::string_view host);
 
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Records/EnumTable.h"
 #include "NewsroomKit/Records/Instant.h"
 
-namespace newsroom {
+namespace kit {
 
 /// One outlet, account or Apple document that an item credits for its news.
 struct SourceCredit {
@@ -29,4 +29,4 @@ inline constexpr std::array<EnumRow<SourceCredit::Kind>, 3> enumTable<SourceCred
     {SourceCredit::Kind::apple, "apple", "Apple"},
 }};
 
-}  // namespace newsroom
+}  // namespace kit

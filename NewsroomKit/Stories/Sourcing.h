@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Records/EnumTable.h"
 
-namespace newsroom {
+namespace kit {
 
 /// How firmly a story is sourced, from firmest to weakest.
 enum class Sourcing { confirmed, onRecord, report, rumor, unlabeled };
@@ -16,4 +16,4 @@ inline constexpr std::array<EnumRow<Sourcing>, 5> enumTable<Sourcing>{{
     {Sourcing::unlabeled, "unlabeled", ""},
 }};
 
-}  // namespace newsroom
+}  // namespace kit

@@ -3,10 +3,10 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Records/RecordHash.h"
 #include "NewsroomKit/Sources/PlatformHosts.h"
-#include "NewsroomKit/Stories/StoryShape.h"
+#include "NewsroomKit/Stories/StoryJSON.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 bool Story::needsArticleLink() const {
     if (articleLink) return false;
@@ -19,8 +19,8 @@ std::optional<std::string> Story::shownDestinationName() const {
     return destinationName;
 }
 
-}  // namespace newsroom
+}  // namespace kit
 
-std::size_t std::hash<newsroom::Story>::operator()(const newsroom::Story& story) const noexcept {
-    return newsroom::RecordHash<newsroom::Story>{}(story);
+std::size_t std::hash<kit::Story>::operator()(const kit::Story& story) const noexcept {
+    return kit::RecordHash<kit::Story>{}(story);
 }

@@ -10,7 +10,7 @@
 #include "NewsroomKit/Stories/Sourcing.h"
 #include "NewsroomKit/Stories/StoryKind.h"
 
-namespace newsroom {
+namespace kit {
 
 /// One news item on the wire. A plain value; two stories with the same id and any other
 /// difference are different values.
@@ -43,9 +43,9 @@ struct Story {
     bool operator==(const Story&) const = default;
 };
 
-}  // namespace newsroom
+}  // namespace kit
 
 template <>
-struct std::hash<newsroom::Story> {
-    std::size_t operator()(const newsroom::Story& story) const noexcept;
+struct std::hash<kit::Story> {
+    std::size_t operator()(const kit::Story& story) const noexcept;
 };

@@ -3,7 +3,7 @@
 #include <charconv>
 #include <cstdint>
 
-namespace newsroom {
+namespace kit {
 
 std::string storyID(std::string_view text) {
     constexpr std::uint64_t offsetBasis = 0xcbf29ce484222325;
@@ -18,4 +18,4 @@ std::string storyID(std::string_view text) {
     return {digits, end};
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -2,11 +2,19 @@
 
 #include "NewsroomKit/Records/EnumTable.h"
 
-namespace newsroom {
+namespace kit {
 
 /// What sort of item a story is.
 enum class StoryKind {
-    coverage, deal, review, roundup, sponsored, advertisement, podcast, video, post
+    coverage,
+    deal,
+    review,
+    roundup,
+    sponsored,
+    advertisement,
+    podcast,
+    video,
+    post
 };
 
 template <>
@@ -27,4 +35,4 @@ constexpr bool isSetAside(StoryKind kind) {
     return kind >= StoryKind::deal && kind <= StoryKind::advertisement;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 constexpr bool isASCIILetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 constexpr bool isASCIIDigit(char c) { return c >= '0' && c <= '9'; }
@@ -31,7 +31,8 @@ constexpr bool equalsLowercase(std::string_view text, std::string_view lower) {
 
 /// Whether `lower` stands at byte `at` of the text, in any letter case.
 constexpr bool standsAt(std::string_view text, std::size_t at, std::string_view lower) {
-    return text.size() - at >= lower.size() && equalsLowercase(text.substr(at, lower.size()), lower);
+    return text.size() - at >= lower.size() &&
+           equalsLowercase(text.substr(at, lower.size()), lower);
 }
 
-}  // namespace newsroom
+}  // namespace kit

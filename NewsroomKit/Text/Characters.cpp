@@ -9,7 +9,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -105,4 +105,4 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
     return text.substr(0, walk(text, count).bytes);
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -11,7 +11,7 @@
 
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -32,9 +32,7 @@ icu::UnicodeString withOrdinaryWidth(char32_t codePoint) {
 }
 
 /// The marks that make カ to ガ and ハ to パ. They make other letters, not accents.
-constexpr bool isKanaVoiceMark(char32_t c) {
-    return c == U'\u3099' || c == U'\u309A';
-}
+constexpr bool isKanaVoiceMark(char32_t c) { return c == U'\u3099' || c == U'\u309A'; }
 
 /// Whether the folded character may be one with that before it: a voice mark of kana, half-width
 /// ones included, or a vowel or final consonant of a Hangul syllable.
@@ -119,9 +117,9 @@ void appendJoined(std::string_view folded, std::size_t begin, std::string& out) 
     const char32_t character = decodeUTF8(folded, 0).value;
     if (out.size() > begin) {
         const auto previous = decodeUTF8Before(out, out.size());
-        const UChar32 joined = normalizer(&icu::Normalizer2::getNFCInstance)
-                                   .composePair(static_cast<UChar32>(previous.value),
-                                                static_cast<UChar32>(character));
+        const UChar32 joined =
+            normalizer(&icu::Normalizer2::getNFCInstance)
+                .composePair(static_cast<UChar32>(previous.value), static_cast<UChar32>(character));
         if (joined >= 0) {
             out.resize(out.size() - previous.length);
             return appendUTF8(static_cast<char32_t>(joined), out);
@@ -173,4 +171,4 @@ std::string fold(std::string_view utf8) {
     return folded;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// The text with differences of letter case, accents and character width removed, the
 /// same under every locale: full case folding ("Straße" becomes "strasse"), canonical
@@ -21,4 +21,4 @@ std::string fold(std::string_view utf8);
 /// fold, for callers who build a longer text.
 void appendFolded(std::string_view utf8, std::string& out);
 
-}  // namespace newsroom
+}  // namespace kit

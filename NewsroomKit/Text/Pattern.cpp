@@ -6,7 +6,7 @@
 #include <unicode/regex.h>
 #include <unicode/unistr.h>
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -34,8 +34,8 @@ Pattern::Pattern(std::string_view expression, Letters letters) {
         icu::RegexPattern::compile(unicodeString(expression), flags, where, status));
     if (U_FAILURE(status)) {
         throw std::invalid_argument("expression does not compile (" +
-                                    std::string(u_errorName(status)) + "): " +
-                                    std::string(expression));
+                                    std::string(u_errorName(status)) +
+                                    "): " + std::string(expression));
     }
     compiled_ = std::make_unique<const Compiled>(Compiled{std::move(pattern)});
 }
@@ -56,4 +56,4 @@ bool Pattern::occursIn(std::string_view utf8) const {
     return U_SUCCESS(status) && found;
 }
 
-}  // namespace newsroom
+}  // namespace kit

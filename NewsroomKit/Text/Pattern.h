@@ -3,7 +3,7 @@
 #include <memory>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 /// A regular expression in ICU's dialect ("\b" is its simple word boundary), compiled once
 /// and then shared read-only: every search uses a matcher of its own, so one pattern serves
@@ -29,4 +29,4 @@ private:
     std::unique_ptr<const Compiled> compiled_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -9,7 +9,7 @@
 #include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -57,8 +57,8 @@ bool isHorizontalWhitespace(char32_t codePoint) {
 }
 
 bool isWhitespaceOrNewline(char32_t codePoint) {
-    return (codePoint >= U'\n' && codePoint <= U'\r') || codePoint == 0x85 ||
-           codePoint == 0x2028 || codePoint == 0x2029 || isHorizontalWhitespace(codePoint);
+    return (codePoint >= U'\n' && codePoint <= U'\r') || codePoint == 0x85 || codePoint == 0x2028 ||
+           codePoint == 0x2029 || isHorizontalWhitespace(codePoint);
 }
 
 bool isValidUTF8(std::string_view text) {
@@ -126,4 +126,4 @@ std::optional<std::size_t> prefixLengthIgnoringCase(std::string_view text,
     return length;
 }
 
-}  // namespace newsroom
+}  // namespace kit

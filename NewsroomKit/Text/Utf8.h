@@ -6,13 +6,11 @@
 #include <string>
 #include <string_view>
 
-namespace newsroom {
+namespace kit {
 
 inline constexpr char32_t replacementCharacter = U'\uFFFD';
 
-constexpr bool isASCII(char byte) {
-    return static_cast<std::uint8_t>(byte) < 0x80;
-}
+constexpr bool isASCII(char byte) { return static_cast<std::uint8_t>(byte) < 0x80; }
 
 /// The offset of the first byte from `at` on that is not ASCII, or the text's size.
 inline std::size_t endOfASCII(std::string_view text, std::size_t at) {
@@ -83,9 +81,7 @@ constexpr void appendUTF8(char32_t codePoint, std::string& out) {
         codePoint = replacementCharacter;
     }
     const auto append = [&](char32_t byte) { out.push_back(static_cast<char>(byte)); };
-    const auto appendTail = [&](unsigned shift) {
-        append(0x80U | ((codePoint >> shift) & 0x3FU));
-    };
+    const auto appendTail = [&](unsigned shift) { append(0x80U | ((codePoint >> shift) & 0x3FU)); };
     if (codePoint < 0x80) {
         append(codePoint);
     } else if (codePoint < 0x800) {
@@ -103,4 +99,4 @@ constexpr void appendUTF8(char32_t codePoint, std::string& out) {
     }
 }
 
-}  // namespace newsroom
+}  // namespace kit

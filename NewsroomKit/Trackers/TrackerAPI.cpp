@@ -7,9 +7,9 @@
 #include <boost/url/encode.hpp>
 #include <boost/url/rfc/unreserved_chars.hpp>
 
-#include "NewsroomKit/Trackers/BodyFetch.h"
+#include "NewsroomKit/HTTP/BodyFetch.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace urls = boost::urls;
 
@@ -19,7 +19,7 @@ struct ReleaseChannels {
 };
 
 template <>
-struct RecordShape<ReleaseChannels> {
+struct JSONFields<ReleaseChannels> {
     static constexpr auto fields = std::tuple{
         field(rawValue(ReleaseChannel::general), &ReleaseChannels::general),
         field(rawValue(ReleaseChannel::beta), &ReleaseChannels::beta),
@@ -31,7 +31,7 @@ struct ReleasesResponse {
 };
 
 template <>
-struct RecordShape<ReleasesResponse> {
+struct JSONFields<ReleasesResponse> {
     static constexpr auto fields = std::tuple{field("systems", &ReleasesResponse::systems)};
 };
 
@@ -40,7 +40,7 @@ struct EventsResponse {
 };
 
 template <>
-struct RecordShape<EventsResponse> {
+struct JSONFields<EventsResponse> {
     static constexpr auto fields = std::tuple{field("events", &EventsResponse::events)};
 };
 
@@ -49,7 +49,7 @@ struct BoardResponse {
 };
 
 template <>
-struct RecordShape<BoardResponse> {
+struct JSONFields<BoardResponse> {
     static constexpr auto fields = std::tuple{field("quotes", &BoardResponse::quotes)};
 };
 
@@ -138,4 +138,4 @@ boost::asio::awaitable<FetchResult<std::vector<BoardQuote>>> TrackerAPI::board()
     return fetched(http, boardAddress(), parseBoard);
 }
 
-}  // namespace newsroom
+}  // namespace kit

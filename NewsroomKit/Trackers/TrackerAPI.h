@@ -9,12 +9,12 @@
 
 #include "NewsroomKit/HTTP/HTTPClient.h"
 #include "NewsroomKit/Records/TextDates.h"
-#include "NewsroomKit/Trackers/AppleCalendarEvent.h"
-#include "NewsroomKit/Trackers/BoardQuote.h"
-#include "NewsroomKit/Trackers/PlatformRelease.h"
-#include "NewsroomKit/Trackers/StockQuote.h"
+#include "NewsroomKit/Trackers/Events/AppleCalendarEvent.h"
+#include "NewsroomKit/Trackers/Market/BoardQuote.h"
+#include "NewsroomKit/Trackers/Releases/PlatformRelease.h"
+#include "NewsroomKit/Trackers/Market/StockQuote.h"
 
-namespace newsroom {
+namespace kit {
 
 /// The maker's service: releases, calendar, quotes. Every answer is taken whole or not at all;
 /// the parsers throw RecordError, which names the place of the fault. They take what the
@@ -52,4 +52,4 @@ struct TrackerAPI {
     boost::asio::awaitable<FetchResult<std::vector<BoardQuote>>> board() const;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -78,8 +78,7 @@ std::string entityTag(std::string_view body) {
         hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3;
     }
     std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "W/\"%016llx\"",
-                  static_cast<unsigned long long>(hash));
+    std::snprintf(text.data(), text.size(), "W/\"%016llx\"", static_cast<unsigned long long>(hash));
     return text.data();
 }
 
@@ -88,13 +87,12 @@ std::string httpDate(std::chrono::sys_seconds instant) {
     const std::chrono::year_month_day date(days);
     const std::chrono::hh_mm_ss time(instant - days);
     std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%s, %02u %s %04d %02d:%02d:%02d GMT",
-                  dayNames[std::chrono::weekday(days).c_encoding()],
-                  static_cast<unsigned>(date.day()),
-                  monthNames[static_cast<unsigned>(date.month()) - 1],
-                  static_cast<int>(date.year()), static_cast<int>(time.hours().count()),
-                  static_cast<int>(time.minutes().count()),
-                  static_cast<int>(time.seconds().count()));
+    std::snprintf(
+        text.data(), text.size(), "%s, %02u %s %04d %02d:%02d:%02d GMT",
+        dayNames[std::chrono::weekday(days).c_encoding()], static_cast<unsigned>(date.day()),
+        monthNames[static_cast<unsigned>(date.month()) - 1], static_cast<int>(date.year()),
+        static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()),
+        static_cast<int>(time.seconds().count()));
     return text.data();
 }
 

@@ -41,12 +41,12 @@ struct Delivery {
     /// Announced instead of the true length. More than the body: the connection is closed
     /// after it. Less: what lies beyond is sent all the same.
     std::optional<std::uint64_t> announcedLength = {};
-    std::size_t trickleBytes = 0;  ///< 0: the body goes out at once
+    std::size_t trickleBytes = 0;                  ///< 0: the body goes out at once
     std::chrono::milliseconds trickleInterval{0};  ///< between two pieces of a trickle
     std::optional<std::size_t> closeAfter = {};  ///< cut the connection after so many bytes of body
-    bool neverAnswers = false;    ///< takes the request and stays silent
-    bool hangsUp = false;         ///< closes the connection instead of answering
-    std::optional<std::string> rawBytes = {};  ///< sent instead of any HTTP, then closed
+    bool neverAnswers = false;                   ///< takes the request and stays silent
+    bool hangsUp = false;                        ///< closes the connection instead of answering
+    std::optional<std::string> rawBytes = {};    ///< sent instead of any HTTP, then closed
 };
 
 struct Response {

@@ -25,15 +25,15 @@
 #include <boost/beast/http.hpp>
 #include <fmt/format.h>
 
-#include "PressRoom/Server/CertificateMint.h"
+#include "PressRoom/Server/CertificateIssuer.h"
 
 namespace pressroom {
 namespace {
 
 namespace asio = boost::asio;
 namespace http = boost::beast::http;
-using asio::ip::tcp;
 using asio::use_awaitable;
+using asio::ip::tcp;
 using Stream = asio::ssl::stream<tcp::socket>;
 using Framing = Delivery::Framing;
 
@@ -71,8 +71,8 @@ bool endsWithConnection(const Response& response) {
 }
 
 std::string headOf(const Request& request, const Response& response, bool closes) {
-    const auto reason = http::obsolete_reason(
-        http::int_to_status(static_cast<unsigned>(response.status)));
+    const auto reason =
+        http::obsolete_reason(http::int_to_status(static_cast<unsigned>(response.status)));
     std::string head = fmt::format("HTTP/1.1 {} {}\r\n", response.status,
                                    std::string_view(reason.data(), reason.size()));
     for (const auto& [name, value] : response.headers) {
@@ -117,8 +117,8 @@ asio::awaitable<void> sendTrickle(Stream& stream, std::string_view body, Deliver
 }
 
 /// The ordinary answer goes out in one write, so that it costs one packet when it is small.
-asio::awaitable<void> sendAnswer(Stream& stream, const Request& request,
-                                 const Response& response, bool closes) {
+asio::awaitable<void> sendAnswer(Stream& stream, const Request& request, const Response& response,
+                                 bool closes) {
     const auto& delivery = response.delivery;
     std::string head = headOf(request, response, closes);
     std::string_view body = response.body;
@@ -205,7 +205,7 @@ public:
 
     std::uint16_t port() const { return port_; }
     std::size_t connections() const { return connections_; }
-    const CertificateMint& mint() const { return mint_; }
+    const CertificateIssuer& mint() const { return mint_; }
 
 private:
     tcp::acceptor listener(std::uint16_t port) {
@@ -220,8 +220,7 @@ private:
         for (;;) {
             boost::system::error_code failure;
             tcp::socket socket(asio::make_strand(*io_));
-            co_await acceptor.async_accept(socket,
-                                           asio::redirect_error(use_awaitable, failure));
+            co_await acceptor.async_accept(socket, asio::redirect_error(use_awaitable, failure));
             if (failure) {  // out of file descriptors: some will come free
                 co_await pause(std::chrono::milliseconds(10));
                 continue;
@@ -238,7 +237,8 @@ private:
             Stream stream(std::move(socket), tls_);
             co_await stream.async_handshake(Stream::server, use_awaitable);
             boost::beast::flat_buffer buffer;
-            while (co_await serveOne(stream, buffer)) {}
+            while (co_await serveOne(stream, buffer)) {
+            }
         } catch (const boost::system::system_error&) {
             // The client hung up or spoke nonsense; its connection is gone with the stream.
         }
@@ -292,7 +292,7 @@ private:
     }
 
     const Handler handler_;
-    CertificateMint mint_;
+    CertificateIssuer mint_;
     const std::string address_;
     std::unique_ptr<asio::io_context> io_;
     asio::ssl::context tls_;

@@ -31,7 +31,7 @@ public:
     };
 
     struct Options {
-        std::uint16_t port = 0;  ///< 0: any free port
+        std::uint16_t port = 0;             ///< 0: any free port
         std::string address = "127.0.0.1";  ///< any of 127.0.0.0/8
         unsigned threads = 1;
         /// Hosts that are not listed are `trusted`.

@@ -4,12 +4,12 @@
 #include <functional>
 #include <tuple>
 
-namespace newsroom {
+namespace kit {
 
 using namespace pressroom;
 
 template <>
-struct RecordShape<WorldFirmware> {
+struct JSONFields<WorldFirmware> {
     static constexpr auto fields =
         std::tuple{field("version", &WorldFirmware::version), field("build", &WorldFirmware::build),
                    field("minutesAgo", &WorldFirmware::minutesAgo),
@@ -17,26 +17,26 @@ struct RecordShape<WorldFirmware> {
 };
 
 template <>
-struct RecordShape<WorldSystem> {
+struct JSONFields<WorldSystem> {
     static constexpr auto fields = std::tuple{field("system", &WorldSystem::system),
                                               field("firmwares", &WorldSystem::firmwares)};
 };
 
 template <>
-struct RecordShape<WorldDevice> {
+struct JSONFields<WorldDevice> {
     static constexpr auto fields =
         std::tuple{field("identifier", &WorldDevice::identifier), field("name", &WorldDevice::name),
                    field("system", &WorldDevice::system)};
 };
 
 template <>
-struct RecordShape<WorldSigning> {
+struct JSONFields<WorldSigning> {
     static constexpr auto fields = std::tuple{field("systems", &WorldSigning::systems),
                                               field("devices", &WorldSigning::devices)};
 };
 
 template <>
-struct RecordShape<WorldAsset> {
+struct JSONFields<WorldAsset> {
     static constexpr auto fields = std::tuple{field("set", &WorldAsset::set),
                                               field("version", &WorldAsset::version),
                                               field("build", &WorldAsset::build),
@@ -47,42 +47,42 @@ struct RecordShape<WorldAsset> {
 };
 
 template <>
-struct RecordShape<WorldUpdates> {
+struct JSONFields<WorldUpdates> {
     static constexpr auto fields = std::tuple{field("assets", &WorldUpdates::assets)};
 };
 
 template <>
-struct RecordShape<WorldApp> {
+struct JSONFields<WorldApp> {
     static constexpr auto fields =
         std::tuple{field("id", &WorldApp::id), field("name", &WorldApp::name),
                    field("developer", &WorldApp::developer)};
 };
 
 template <>
-struct RecordShape<WorldMove> {
+struct JSONFields<WorldMove> {
     static constexpr auto fields =
         std::tuple{field("minutesAgo", &WorldMove::minutesAgo), field("app", &WorldMove::app),
                    field("rank", &WorldMove::rank)};
 };
 
 template <>
-struct RecordShape<WorldChart> {
+struct JSONFields<WorldChart> {
     static constexpr auto fields =
         std::tuple{field("kind", &WorldChart::kind), field("apps", &WorldChart::apps),
                    field("moves", &WorldChart::moves)};
 };
 
 template <>
-struct RecordShape<WorldCharts> {
+struct JSONFields<WorldCharts> {
     static constexpr auto fields = std::tuple{field("charts", &WorldCharts::charts)};
 };
 
-}  // namespace newsroom
+}  // namespace kit
 
 namespace pressroom {
 namespace {
 
-using newsroom::RecordError;
+using kit::RecordError;
 
 void checkSigning(const WorldSigning& signing) {
     for (const auto& device : signing.devices) {

@@ -42,9 +42,8 @@ inline constexpr std::chrono::hours kPacificStandard{-8};
 }  // namespace pressroom
 
 template <>
-inline constexpr std::array<newsroom::EnumRow<pressroom::Market>, 3>
-    newsroom::enumTable<pressroom::Market>{{
-        {pressroom::Market::newYork, "newYork", "New York"},
-        {pressroom::Market::taipei, "taipei", "Taipei"},
-        {pressroom::Market::seoul, "seoul", "Seoul"},
-    }};
+inline constexpr std::array<kit::EnumRow<pressroom::Market>, 3> kit::enumTable<pressroom::Market>{{
+    {pressroom::Market::newYork, "newYork", "New York"},
+    {pressroom::Market::taipei, "taipei", "Taipei"},
+    {pressroom::Market::seoul, "seoul", "Seoul"},
+}};

@@ -24,8 +24,8 @@ std::uint64_t seedOf(std::string_view symbol) {
 
 /// Chance between -1 and 1, the same for the same seed, wave and knot.
 double knotHeight(std::uint64_t seed, int wave, std::int64_t knot) {
-    const auto chance = mixed(mixed(seed + static_cast<std::uint64_t>(wave)) ^
-                              static_cast<std::uint64_t>(knot));
+    const auto chance =
+        mixed(mixed(seed + static_cast<std::uint64_t>(wave)) ^ static_cast<std::uint64_t>(knot));
     return static_cast<double>(chance >> 11U) / static_cast<double>(1ULL << 52U) - 1;
 }
 

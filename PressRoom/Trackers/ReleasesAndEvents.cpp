@@ -26,7 +26,8 @@ sys_seconds start(const WorldEvent& event, sys_seconds anchor) {
     const auto instant = worldTime(anchor, event.startsMinutesAgo);
     if (!event.pacificHour) return instant;
     const auto offset = americanOffset(instant, kPacificStandard);
-    return floor<days>(instant + offset) - offset + seconds(std::llround(*event.pacificHour * 3600));
+    return floor<days>(instant + offset) - offset +
+           seconds(std::llround(*event.pacificHour * 3600));
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 
 #include <fmt/format.h>
 
-#include "PressRoom/Answerer.h"
+#include "PressRoom/RequestHandler.h"
 #include "PressRoom/Server/Conditional.h"
 
 namespace pressroom {
@@ -16,8 +16,8 @@ namespace {
 namespace json = boost::json;
 using Kind = MisbehaviourKind;
 
-constexpr std::array kOnlyOfFeeds{Kind::rotating, Kind::retitled, Kind::samelink,
-                                  Kind::republished, Kind::future};
+constexpr std::array kOnlyOfFeeds{Kind::rotating, Kind::retitled, Kind::samelink, Kind::republished,
+                                  Kind::future};
 
 // Above what any reader of trackers should accept.
 constexpr std::size_t kHugeSize = 7 * 1024 * 1024;
@@ -101,9 +101,9 @@ Response faultyAnswer(const Request& request, TrackerAnswer answer, Misbehaviour
         case Kind::empty: return trackerResponse(request, shortened(std::move(answer), false));
         case Kind::partial: return trackerResponse(request, shortened(std::move(answer), true));
         case Kind::incomplete:
-            return trackerResponse(
-                request, changed(std::move(answer), requiredKey,
-                                 [&](json::object& entry) { entry.erase(requiredKey); }));
+            return trackerResponse(request,
+                                   changed(std::move(answer), requiredKey,
+                                           [&](json::object& entry) { entry.erase(requiredKey); }));
         case Kind::undated:
             return trackerResponse(
                 request, changed(std::move(answer), dateKey,
@@ -142,7 +142,7 @@ TrackerFaults::TrackerFaults(const std::vector<std::string_view>& names,
         if (found == misbehaviours.end()) continue;
         if (!trackersCanBe(found->second.kind)) {
             throw std::runtime_error(fmt::format("the tracker {} can't misbehave as \"{}\"", name,
-                                                 newsroom::rawValue(found->second.kind)));
+                                                 kit::rawValue(found->second.kind)));
         }
         misbehaviours_.insert(misbehaviours.extract(found));
     }
@@ -151,9 +151,8 @@ TrackerFaults::TrackerFaults(const std::vector<std::string_view>& names,
 Response TrackerFaults::served(std::string_view name, const Request& request,
                                TrackerAnswer answer) const {
     const auto found = misbehaviours_.find(name);
-    return found == misbehaviours_.end()
-               ? trackerResponse(request, answer)
-               : faultyAnswer(request, std::move(answer), found->second);
+    return found == misbehaviours_.end() ? trackerResponse(request, answer)
+                                         : faultyAnswer(request, std::move(answer), found->second);
 }
 
 }  // namespace pressroom

@@ -5,40 +5,39 @@
 #include <set>
 #include <tuple>
 
-namespace newsroom {
+namespace kit {
 
 using namespace pressroom;
 
 template <>
-struct RecordShape<WorldIncidentState> {
+struct JSONFields<WorldIncidentState> {
     static constexpr auto fields = std::tuple{field("minutesAgo", &WorldIncidentState::minutesAgo),
                                               field("status", &WorldIncidentState::status),
                                               field("message", &WorldIncidentState::message)};
 };
 
 template <>
-struct RecordShape<WorldIncident> {
-    static constexpr auto fields =
-        std::tuple{field("kind", &WorldIncident::kind),
-                   field("usersAffected", &WorldIncident::usersAffected),
-                   field("startedMinutesAgo", &WorldIncident::startedMinutesAgo),
-                   field("states", &WorldIncident::states)};
+struct JSONFields<WorldIncident> {
+    static constexpr auto fields = std::tuple{
+        field("kind", &WorldIncident::kind), field("usersAffected", &WorldIncident::usersAffected),
+        field("startedMinutesAgo", &WorldIncident::startedMinutesAgo),
+        field("states", &WorldIncident::states)};
 };
 
 template <>
-struct RecordShape<WorldService> {
+struct JSONFields<WorldService> {
     static constexpr auto fields =
         std::tuple{field("name", &WorldService::name), field("page", &WorldService::page),
                    field("incidents", &WorldService::incidents)};
 };
 
 template <>
-struct RecordShape<WorldStatus> {
+struct JSONFields<WorldStatus> {
     static constexpr auto fields = std::tuple{field("services", &WorldStatus::services)};
 };
 
 template <>
-struct RecordShape<WorldBuild> {
+struct JSONFields<WorldBuild> {
     static constexpr auto fields =
         std::tuple{field("minutesAgo", &WorldBuild::minutesAgo),
                    field("publishedMinutesAgo", &WorldBuild::publishedMinutesAgo),
@@ -51,25 +50,25 @@ struct RecordShape<WorldBuild> {
 };
 
 template <>
-struct RecordShape<WorldPlatform> {
-    static constexpr auto fields = std::tuple{field("platform", &WorldPlatform::platform),
-                                              field("public", &WorldPlatform::general),
-                                              field("beta", &WorldPlatform::beta)};
+struct JSONFields<WorldPlatform> {
+    static constexpr auto fields =
+        std::tuple{field("platform", &WorldPlatform::platform),
+                   field("public", &WorldPlatform::general), field("beta", &WorldPlatform::beta)};
 };
 
 template <>
-struct RecordShape<WorldReleases> {
+struct JSONFields<WorldReleases> {
     static constexpr auto fields = std::tuple{field("systems", &WorldReleases::systems)};
 };
 
 template <>
-struct RecordShape<WorldEventState> {
+struct JSONFields<WorldEventState> {
     static constexpr auto fields = std::tuple{field("minutesAgo", &WorldEventState::minutesAgo),
                                               field("status", &WorldEventState::status)};
 };
 
 template <>
-struct RecordShape<WorldEvent> {
+struct JSONFields<WorldEvent> {
     static constexpr auto fields =
         std::tuple{field("id", &WorldEvent::id),
                    field("title", &WorldEvent::title),
@@ -82,12 +81,12 @@ struct RecordShape<WorldEvent> {
 };
 
 template <>
-struct RecordShape<WorldCalendar> {
+struct JSONFields<WorldCalendar> {
     static constexpr auto fields = std::tuple{field("events", &WorldCalendar::events)};
 };
 
 template <>
-struct RecordShape<WorldQuote> {
+struct JSONFields<WorldQuote> {
     static constexpr auto fields =
         std::tuple{field("symbol", &WorldQuote::symbol),
                    field("name", &WorldQuote::name),
@@ -103,21 +102,21 @@ struct RecordShape<WorldQuote> {
 };
 
 template <>
-struct RecordShape<WorldBoard> {
+struct JSONFields<WorldBoard> {
     static constexpr auto fields = std::tuple{field("quotes", &WorldBoard::quotes)};
 };
 
-}  // namespace newsroom
+}  // namespace kit
 
 namespace pressroom {
 namespace {
 
-using newsroom::RecordError;
+using kit::RecordError;
 
 /// Runs `check` on each item under a path such as "services[3]", after seeing that no two
 /// items have the same `name`.
 template <class Item, class Check>
-void checkEach(const std::string& key, const std::vector<Item>& items, std::string Item::*name,
+void checkEach(const std::string& key, const std::vector<Item>& items, std::string Item::* name,
                Check check) {
     std::set<std::string> names;
     for (std::size_t i = 0; i < items.size(); ++i) {
@@ -151,7 +150,8 @@ void checkBuilds(const std::string& channel, const std::optional<std::vector<Wor
     if (!builds) return;
     requireOldestFirst(channel, *builds);
     for (const auto& build : *builds) {
-        if (!isWebAddress(build.url)) throw RecordError(channel, build.url + " is no https address");
+        if (!isWebAddress(build.url))
+            throw RecordError(channel, build.url + " is no https address");
     }
 }
 

@@ -27,7 +27,8 @@ std::string lookupKey(std::string_view host, std::string_view target) {
     auto path = target.substr(0, question);
     while (path.ends_with('/')) path.remove_suffix(1);
     const auto query = question == std::string_view::npos ? "" : target.substr(question + 1);
-    return std::string(host) + newsroom::percentDecoded(path) + newsroom::percentDecoded(withoutTracking(query));
+    return std::string(host) + kit::percentDecoded(path) +
+           kit::percentDecoded(withoutTracking(query));
 }
 
 std::string lookupKey(const Request& request) { return lookupKey(request.host, request.target); }

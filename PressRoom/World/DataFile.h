@@ -26,7 +26,7 @@ template <class Check>
 void inside(const std::string& step, Check check) {
     try {
         check();
-    } catch (const newsroom::RecordError& error) {
+    } catch (const kit::RecordError& error) {
         throw error.inside(step);
     }
 }
@@ -55,19 +55,19 @@ struct KnownKeys<std::vector<T>> {
     }
 };
 
-template <newsroom::Record R>
+template <kit::Record R>
 struct KnownKeys<R> {
     static void require(const boost::json::value& value) {
         for (const auto& pair : value.get_object()) {
-            const auto look = [&]<class Member>(const newsroom::Field<R, Member>& field) {
+            const auto look = [&]<class Member>(const kit::Field<R, Member>& field) {
                 if (field.key != pair.key()) return false;
-                inside(std::string(pair.key()),
-                       [&] { KnownKeys<Member>::require(pair.value()); });
+                inside(std::string(pair.key()), [&] { KnownKeys<Member>::require(pair.value()); });
                 return true;
             };
-            const bool known = std::apply([&](const auto&... field) { return (look(field) || ...); },
-                                          newsroom::RecordShape<R>::fields);
-            if (!known) throw newsroom::RecordError(std::string(pair.key()), "unknown key");
+            const bool known =
+                std::apply([&](const auto&... field) { return (look(field) || ...); },
+                           kit::JSONFields<R>::fields);
+            if (!known) throw kit::RecordError(std::string(pair.key()), "unknown key");
         }
     }
 };
@@ -77,12 +77,12 @@ struct KnownKeys<R> {
 template <class R, class Check>
 R readDataFile(const std::filesystem::path& file, Check check) {
     try {
-        const auto value = newsroom::parseJSON(contentsOf(file));
-        auto record = newsroom::decode<R>(value);
+        const auto value = kit::parseJSON(contentsOf(file));
+        auto record = kit::decode<R>(value);
         KnownKeys<R>::require(value);
         check(record);
         return record;
-    } catch (const newsroom::RecordError& error) {
+    } catch (const kit::RecordError& error) {
         throw WorldError(file, error.what());
     }
 }

@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "PressRoom/Answerer.h"
+#include "PressRoom/RequestHandler.h"
 #include "PressRoom/Server/Conditional.h"
 #include "PressRoom/World/Markup.h"
 #include "PressRoom/World/Platforms/Fragments.h"

@@ -24,7 +24,7 @@ std::optional<std::int64_t> wholeNumber(std::string_view text) {
 
 std::optional<Misbehaviour> readMisbehaviour(std::string_view text) {
     const auto colon = text.find(':');
-    const auto kind = newsroom::enumFromRaw<MisbehaviourKind>(text.substr(0, colon));
+    const auto kind = kit::enumFromRaw<MisbehaviourKind>(text.substr(0, colon));
     if (!kind) return std::nullopt;
     const auto usual = usualAmount(*kind);
     if (colon == std::string_view::npos) return Misbehaviour{*kind, usual.value_or(0)};

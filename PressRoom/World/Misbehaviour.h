@@ -49,8 +49,8 @@ using Misbehaviours = std::map<std::string, Misbehaviour, std::less<>>;
 }  // namespace pressroom
 
 template <>
-inline constexpr std::array<newsroom::EnumRow<pressroom::MisbehaviourKind>, 17>
-    newsroom::enumTable<pressroom::MisbehaviourKind>{{
+inline constexpr std::array<kit::EnumRow<pressroom::MisbehaviourKind>, 17>
+    kit::enumTable<pressroom::MisbehaviourKind>{{
         {pressroom::MisbehaviourKind::silent, "silent", "takes requests and never answers"},
         {pressroom::MisbehaviourKind::busy, "busy", "429 with Retry-After"},
         {pressroom::MisbehaviourKind::unavailable, "unavailable", "503 with Retry-After"},
@@ -58,7 +58,8 @@ inline constexpr std::array<newsroom::EnumRow<pressroom::MisbehaviourKind>, 17>
         {pressroom::MisbehaviourKind::missing, "missing", "404"},
         {pressroom::MisbehaviourKind::empty, "empty", "nothing in the list"},
         {pressroom::MisbehaviourKind::partial, "partial", "half of the list"},
-        {pressroom::MisbehaviourKind::incomplete, "incomplete", "a part left out that must be there"},
+        {pressroom::MisbehaviourKind::incomplete, "incomplete",
+         "a part left out that must be there"},
         {pressroom::MisbehaviourKind::huge, "huge", "about 5 MB"},
         {pressroom::MisbehaviourKind::broken, "broken", "cut off half-way"},
         {pressroom::MisbehaviourKind::slow, "slow", "answers late"},

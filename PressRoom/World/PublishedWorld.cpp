@@ -8,7 +8,7 @@
 #include <fmt/chrono.h>
 #include <fmt/format.h>
 
-#include "PressRoom/World/ItemKey.h"
+#include "PressRoom/World/ItemID.h"
 #include "PressRoom/World/Markup.h"
 
 namespace pressroom {

@@ -6,24 +6,24 @@
 #include <string_view>
 #include <tuple>
 
-namespace newsroom {
+namespace kit {
 
 using namespace pressroom;
 
 template <>
-struct RecordShape<WorldPicture> {
+struct JSONFields<WorldPicture> {
     static constexpr auto fields =
         std::tuple{field("place", &WorldPicture::place), field("url", &WorldPicture::url)};
 };
 
 template <>
-struct RecordShape<WorldRevision> {
+struct JSONFields<WorldRevision> {
     static constexpr auto fields = std::tuple{field("minutesAgo", &WorldRevision::minutesAgo),
                                               field("title", &WorldRevision::title)};
 };
 
 template <>
-struct RecordShape<WorldFault> {
+struct JSONFields<WorldFault> {
     static constexpr auto fields =
         std::tuple{field("status", &WorldFault::status), field("page", &WorldFault::page),
                    field("retryAfter", &WorldFault::retryAfter),
@@ -31,7 +31,7 @@ struct RecordShape<WorldFault> {
 };
 
 template <>
-struct RecordShape<WorldStory> {
+struct JSONFields<WorldStory> {
     static constexpr auto fields =
         std::tuple{field("minutesAgo", &WorldStory::minutesAgo),
                    field("title", &WorldStory::title),
@@ -54,7 +54,7 @@ struct RecordShape<WorldStory> {
 };
 
 template <>
-struct RecordShape<WorldSource> {
+struct JSONFields<WorldSource> {
     static constexpr auto fields = std::tuple{field("id", &WorldSource::id),
                                               field("platform", &WorldSource::platform),
                                               field("address", &WorldSource::address),
@@ -69,12 +69,12 @@ struct RecordShape<WorldSource> {
                                               field("stories", &WorldSource::stories)};
 };
 
-}  // namespace newsroom
+}  // namespace kit
 
 namespace pressroom {
 namespace {
 
-using newsroom::RecordError;
+using kit::RecordError;
 
 bool hasTitles(Platform platform) {
     return platform != Platform::bluesky && platform != Platform::mastodon;

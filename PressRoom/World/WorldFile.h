@@ -100,7 +100,7 @@ World readWorld(const std::filesystem::path& directory);
 
 }  // namespace pressroom
 
-namespace newsroom {
+namespace kit {
 
 template <>
 inline constexpr std::array<EnumRow<pressroom::Platform>, 14> enumTable<pressroom::Platform>{{
@@ -130,4 +130,4 @@ inline constexpr std::array<EnumRow<pressroom::PicturePlace>, 5> enumTable<press
         {pressroom::PicturePlace::emojiThenText, "emojiThenText", "emoji, then img"},
     }};
 
-}  // namespace newsroom
+}  // namespace kit

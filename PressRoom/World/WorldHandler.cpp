@@ -1,7 +1,7 @@
 #include "PressRoom/World/WorldHandler.h"
 
-#include "PressRoom/Archive/ArchiveAnswerer.h"
-#include "PressRoom/World/PageAnswerer.h"
+#include "PressRoom/Archive/ArchiveRequestHandler.h"
+#include "PressRoom/World/PageRequestHandler.h"
 
 namespace pressroom {
 
@@ -10,9 +10,9 @@ WorldHandler::WorldHandler(World world, WorldClock clock, Misbehaviours misbehav
     : world_(std::move(world), clock.anchor),
       clock_(std::move(clock)),
       answerers_(std::move(further)) {
-    answerers_.push_back(std::make_unique<ArchiveAnswerer>(world_, misbehaviours));
-    answerers_.push_back(std::make_unique<FeedAnswerer>(world_, misbehaviours));
-    answerers_.push_back(std::make_unique<PageAnswerer>(world_));
+    answerers_.push_back(std::make_unique<ArchiveRequestHandler>(world_, misbehaviours));
+    answerers_.push_back(std::make_unique<FeedRequestHandler>(world_, misbehaviours));
+    answerers_.push_back(std::make_unique<PageRequestHandler>(world_));
 }
 
 Response WorldHandler::operator()(const Request& request) const {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "PressRoom/Answerer.h"
-#include "PressRoom/World/FeedAnswerer.h"
+#include "PressRoom/RequestHandler.h"
+#include "PressRoom/World/FeedRequestHandler.h"
 #include "PressRoom/World/PublishedWorld.h"
 #include "PressRoom/World/WorldClock.h"
 

@@ -241,8 +241,7 @@ Command Command::subcommand(const std::string& name, const std::string& help) {
 void Command::requireSubcommand() { app_->require_subcommand(1); }
 
 Option Command::flag(const std::string& name, bool& value, const std::string& help) {
-    auto* option = app_->add_flag_callback(
-        name, [&value] { value = true; }, help);
+    auto* option = app_->add_flag_callback(name, [&value] { value = true; }, help);
     option->disable_flag_override();
     return {*option, std::make_shared<Option::Rules>()};
 }

@@ -3,18 +3,18 @@
 #include <string>
 #include <vector>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Archive/StoryArchiveAPI.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveText.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/When.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::StoryArchiveAPI;
+using kit::StoryArchiveAPI;
 
 struct ArchiveOptions {
     std::string after;
@@ -29,15 +29,14 @@ using Action = int (*)(Session&, const ArchiveOptions&);
 
 template <class Answer>
 void printJSON(Session& session, const Answer& answer) {
-    session.out().line(newsroom::maskedLogins(boost::json::serialize(newsroom::encode(answer))));
+    session.out().line(kit::maskedLogins(boost::json::serialize(kit::encode(answer))));
 }
 
 int runStories(Session& session, const ArchiveOptions& options) {
     const auto after = parseWhen(options.after, session.now());
     const auto before = parseWhen(options.before, session.now());
     if (after >= before) throw WrongUsage("The period ends before it has begun.");
-    const newsroom::ArchivePeriod period{newsroom::secondsSince1970(after),
-                                         newsroom::secondsSince1970(before)};
+    const kit::ArchivePeriod period{kit::secondsSince1970(after), kit::secondsSince1970(before)};
     const auto page =
         askArchive<StoryArchiveAPI>(session, session.network(), [&](const StoryArchiveAPI& api) {
             return api.stories(period, options.offset, options.limit);
@@ -103,4 +102,4 @@ void addArchiveCommand(arguments::Command& app, Command& chosen) {
         .required();
 }
 
-}  // namespace brell
+}  // namespace cli

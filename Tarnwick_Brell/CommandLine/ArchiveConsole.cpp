@@ -1,16 +1,16 @@
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
 bool isOfTheWeb(const std::string& text) {
-    const auto address = newsroom::WebAddress::parse(text);
+    const auto address = kit::WebAddress::parse(text);
     return address && address->isHTTP();
 }
 
@@ -23,18 +23,18 @@ std::string storyAddress(Session& session, const std::string& word) {
                          "\" is neither a web address nor the id of a story. brell wire shows the "
                          "ids.");
     }
-    return newsroom::maskedLogins(storyNamed(session.storeForReading(), word).story.link);
+    return kit::maskedLogins(storyNamed(session.storeForReading(), word).story.link);
 }
 
 std::string linkText(const std::string& url) {
-    const auto text = printable(newsroom::maskedLogins(url));
+    const auto text = printable(kit::maskedLogins(url));
     return isOfTheWeb(url) ? text : "“" + text + "” (no web address)";
 }
 
-std::string publishedText(newsroom::Instant instant, bool isDayOnly) {
+std::string publishedText(kit::Instant instant, bool isDayOnly) {
     constexpr std::size_t lengthOfDay = 10;
     const auto text = dayAndTime(instant);
     return isDayOnly ? text.substr(0, lengthOfDay) : text;
 }
 
-}  // namespace brell
+}  // namespace cli

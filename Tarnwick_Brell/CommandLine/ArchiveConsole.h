@@ -4,12 +4,12 @@
 #include <utility>
 
 #include "NewsroomKit/Archive/ArchiveAddresses.h"
-#include "Tarnwick_Brell/CommandLine/Engine.h"
+#include "Tarnwick_Brell/CommandLine/BlockingFetcher.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
 
 /// What the commands of the story archive have in common.
-namespace brell {
+namespace cli {
 
 /// The address that a word of the command line means: an address itself, or the id of a story
 /// of the wire. To be asked after the network. Throws WrongUsage and WorkFailed.
@@ -19,11 +19,11 @@ std::string storyAddress(Session& session, const std::string& word);
 std::string linkText(const std::string& url);
 
 /// "2026-11-02 08:30 UTC", or the day alone.
-std::string publishedText(newsroom::Instant instant, bool isDayOnly);
+std::string publishedText(kit::Instant instant, bool isDayOnly);
 
 template <class Answer>
 boost::asio::awaitable<Answer> answerOrFailure(
-    boost::asio::awaitable<newsroom::FetchResult<Answer>> fetch) {
+    boost::asio::awaitable<kit::FetchResult<Answer>> fetch) {
     auto result = co_await std::move(fetch);
     if (!result) throw WorkFailed(result.error().description());
     co_return std::move(result).value();
@@ -33,15 +33,15 @@ boost::asio::awaitable<Answer> answerOrFailure(
 ///
 ///     askArchive<StoryArchiveAPI>(session, network, [](auto& api) { return api.status(); });
 template <class API, class Ask>
-auto askArchive(Session& session, newsroom::CurlTransport::Options network, Ask ask) {
-    Engine engine(std::move(network), newsroom::Conditional::no);
-    const API api{.base = newsroom::archiveBaseAt(session.defaults().serviceAddress()),
+auto askArchive(Session& session, kit::CurlTransport::Options network, Ask ask) {
+    BlockingFetcher engine(std::move(network), kit::Conditional::no);
+    const API api{.base = kit::archiveBaseAt(session.defaults().serviceAddress()),
                   .http = engine.http()};
     try {
         return engine.await(answerOrFailure(ask(api)));
-    } catch (const newsroom::RecordError& error) {
+    } catch (const kit::RecordError& error) {
         throw WorkFailed("The answer does not read (" + std::string(error.what()) + ").");
     }
 }
 
-}  // namespace brell
+}  // namespace cli

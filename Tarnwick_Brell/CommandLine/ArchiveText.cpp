@@ -4,20 +4,20 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::ArchivedStory;
-using newsroom::ArchivePage;
-using newsroom::ArchiveStatus;
-using newsroom::OpenCount;
-using newsroom::ServerCredit;
+using kit::ArchivedStory;
+using kit::ArchivePage;
+using kit::ArchiveStatus;
+using kit::LenientInt;
+using kit::ServerCredit;
 
 std::string creditText(const ServerCredit& credit) {
     auto text = printable(credit.name);
@@ -56,14 +56,14 @@ std::string extentText(const ArchivePage& page) {
     return text;
 }
 
-std::string figure(const std::optional<OpenCount>& count) {
+std::string figure(const std::optional<LenientInt>& count) {
     return count ? std::to_string(count->value) : "-";
 }
 
 std::string verdict(const ArchiveStatus& status) {
     if (status.complete) return "The archive is complete.";
     const auto behind = std::ranges::count_if(status.sources, [](const auto& source) {
-        return source.waiting.value_or(OpenCount()).value > 0;
+        return source.waiting.value_or(LenientInt()).value > 0;
     });
     return fmt::format("The archive is not complete: {} of {} sources {} stories waiting.", behind,
                        status.sources.size(), behind == 1 ? "has" : "have");
@@ -100,9 +100,9 @@ void printArchiveStatus(Output& out, const ArchiveStatus& status) {
 }
 
 void printServerCredits(Output& out, const std::vector<std::string>& addresses,
-                        const newsroom::ServerCredits& credits) {
+                        const kit::ServerCredits& credits) {
     for (const auto& address : addresses) {
-        out.line(out.bold(printable(newsroom::maskedLogins(address))));
+        out.line(out.bold(printable(kit::maskedLogins(address))));
         const auto found = credits.credits.find(address);
         if (found == credits.credits.end()) {
             const bool isPending =
@@ -119,4 +119,4 @@ void printServerCredits(Output& out, const std::vector<std::string>& addresses,
     }
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -7,14 +7,14 @@
 #include "NewsroomKit/Archive/ArchiveStatus.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 
-namespace brell {
+namespace cli {
 
-void printArchivePage(Output& out, const newsroom::ArchivePage& page);
+void printArchivePage(Output& out, const kit::ArchivePage& page);
 
-void printArchiveStatus(Output& out, const newsroom::ArchiveStatus& status);
+void printArchiveStatus(Output& out, const kit::ArchiveStatus& status);
 
 /// What the archive knows of the stories at `addresses`, in that order.
 void printServerCredits(Output& out, const std::vector<std::string>& addresses,
-                        const newsroom::ServerCredits& credits);
+                        const kit::ServerCredits& credits);
 
-}  // namespace brell
+}  // namespace cli

@@ -7,16 +7,16 @@
 #include "Tarnwick_Brell/CommandLine/BeatMatches.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/QueryText.h"
-#include "Tarnwick_Brell/CommandLine/ShelfNaming.h"
+#include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using desk::BeatShelf;
-using newsroom::Beat;
+using app::BeatShelf;
+using kit::Beat;
 
 constexpr std::string_view kBeat = "beat";
 constexpr int kDays = 7;
@@ -25,7 +25,7 @@ std::string stories(std::size_t count) {
     return fmt::format("{} {}", count, count == 1 ? "story" : "stories");
 }
 
-newsroom::StoryQuery givenQuery(desk::LocalStore& store, const QueryOptions& options) {
+kit::StoryQuery givenQuery(app::LocalStore& store, const QueryOptions& options) {
     const auto query = options.query();
     requireKnownSources(store, options.sources);
     if (query.isEmpty()) {
@@ -38,8 +38,8 @@ newsroom::StoryQuery givenQuery(desk::LocalStore& store, const QueryOptions& opt
 /// Throws WrongUsage when the beat holds what no beat can.
 void requireSound(const Beat& beat) {
     try {
-        newsroom::NewsroomLimits::require(beat);
-    } catch (const newsroom::RecordError& error) {
+        kit::NewsroomLimits::require(beat);
+    } catch (const kit::RecordError& error) {
         throw WrongUsage(fmt::format("That can't be a beat: {}.", error.what()));
     }
 }
@@ -50,14 +50,14 @@ void put(Session& session, BeatShelf& shelf, Beat beat) {
 
 void confirm(Session& session, const Beat& beat, std::string_view what) {
     if (session.options().json) {
-        session.out().line(boost::json::serialize(newsroom::encode(beat)));
+        session.out().line(boost::json::serialize(kit::encode(beat)));
         return;
     }
     const auto matched = matchedLately(session, {beat.query}, kDays).front().size();
-    session.out().line(fmt::format(
-        "{} {}: {}. It would have matched {} of the last {} days.{}", what, printable(beat.name),
-        queryText(beat.query), stories(matched), kDays,
-        beat.alerts ? " New ones are announced." : ""));
+    session.out().line(fmt::format("{} {}: {}. It would have matched {} of the last {} days.{}",
+                                   what, printable(beat.name), queryText(beat.query),
+                                   stories(matched), kDays,
+                                   beat.alerts ? " New ones are announced." : ""));
 }
 
 }  // namespace
@@ -73,9 +73,9 @@ int listBeats(Session& session) {
             "No beats yet. brell beat new NAME --any TERMS makes one, brell beat test tries it.");
         return kDone;
     }
-    std::vector<newsroom::StoryQuery> queries;
+    std::vector<kit::StoryQuery> queries;
     for (const auto& entry : shelf.entries())
-        queries.push_back(entry.value ? entry.value->query : newsroom::StoryQuery());
+        queries.push_back(entry.value ? entry.value->query : kit::StoryQuery());
     const auto matched = matchedLately(session, queries, kDays);
     TextTable table({Column::whole("beat"), Column::cut("follows", 20),
                      Column::whole("alerts").dropped(1), Column::whole("7 days")});
@@ -100,8 +100,8 @@ int newBeat(Session& session, const BeatOptions& options) {
     requireFree(shelf, name, kBeat);
     Beat beat;
     try {
-        beat = newsroom::madeBeat(name, options.symbol, query, options.alerts == "on");
-    } catch (const newsroom::RecordError& error) {
+        beat = kit::madeBeat(name, options.symbol, query, options.alerts == "on");
+    } catch (const kit::RecordError& error) {
         throw WrongUsage(fmt::format("That can't be a beat: {}.", error.what()));
     }
     put(session, shelf, beat);
@@ -130,7 +130,7 @@ int changeBeat(Session& session, const BeatOptions& options) {
 
 int tryBeat(Session& session, const BeatOptions& options) {
     auto& store = session.storeForReading();
-    newsroom::StoryQuery query;
+    kit::StoryQuery query;
     if (options.name.empty()) {
         query = givenQuery(store, options.query);
     } else {
@@ -168,10 +168,10 @@ int removeBeat(Session& session, const BeatOptions& options) {
 int restoreBeat(Session& session, const BeatOptions& options) {
     auto shelf = BeatShelf::read(session.store().beats());
     if (shelf.removed().empty()) throw WorkFailed("No beat has been removed.");
-    const auto entry = restored(session, session.store().beats(), shelf,
-                                options.name.empty()
-                                    ? shelf.removed().front()
-                                    : lastRemoved(shelf.removed(), options.name, kBeat));
+    const auto entry =
+        restored(session, session.store().beats(), shelf,
+                 options.name.empty() ? shelf.removed().front()
+                                      : lastRemoved(shelf.removed(), options.name, kBeat));
     if (session.options().json) {
         session.out().line(boost::json::serialize(recordOf(entry)));
     } else {
@@ -180,4 +180,4 @@ int restoreBeat(Session& session, const BeatOptions& options) {
     return kDone;
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -8,7 +8,7 @@
 #include "Tarnwick_Brell/CommandLine/Session.h"
 
 /// What `brell beat` and its subcommands do; each gives the exit status.
-namespace brell {
+namespace cli {
 
 struct BeatOptions {
     std::string name{};
@@ -29,4 +29,4 @@ int moveBeat(Session& session, const BeatOptions& options);
 int removeBeat(Session& session, const BeatOptions& options);
 int restoreBeat(Session& session, const BeatOptions& options);
 
-}  // namespace brell
+}  // namespace cli

@@ -4,7 +4,7 @@
 #include "Tarnwick_Brell/CommandLine/BeatActions.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -73,4 +73,4 @@ void addBeatCommand(arguments::Command& app, Command& chosen) {
     restore.option("NAME", options->name, "The beat; without it, the one removed last");
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -4,28 +4,27 @@
 
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
-#include "Tarnwick_Brell/CommandLine/WireLine.h"
+#include "Tarnwick_Brell/CommandLine/StoryRow.h"
 
-namespace brell {
+namespace cli {
 
-std::vector<std::vector<desk::StoredStory>> matchedLately(
-    Session& session, const std::vector<newsroom::StoryQuery>& queries, int days) {
-    std::vector<newsroom::CompiledStoryQuery> compiled;
+std::vector<std::vector<app::StoredStory>> matchedLately(
+    Session& session, const std::vector<kit::StoryQuery>& queries, int days) {
+    std::vector<kit::CompiledStoryQuery> compiled;
     for (const auto& query : queries) compiled.push_back(query.compiled());
-    std::vector<std::vector<desk::StoredStory>> matched(queries.size());
+    std::vector<std::vector<app::StoredStory>> matched(queries.size());
     const auto since = session.now() - std::chrono::days(days);
-    session.storeForReading().stories().eachInWireOrder(
-        since, [&](const desk::StoredStory& stored) {
-            for (std::size_t i = 0; i < compiled.size(); ++i) {
-                if (compiled[i].matches(stored.story)) matched[i].push_back(stored);
-            }
-            return true;
-        });
+    session.storeForReading().stories().eachInWireOrder(since, [&](const app::StoredStory& stored) {
+        for (std::size_t i = 0; i < compiled.size(); ++i) {
+            if (compiled[i].matches(stored.story)) matched[i].push_back(stored);
+        }
+        return true;
+    });
     return matched;
 }
 
-void printMatches(Session& session, const newsroom::StoryQuery& query,
-                  const std::vector<desk::StoredStory>& matched, int days) {
+void printMatches(Session& session, const kit::StoryQuery& query,
+                  const std::vector<app::StoredStory>& matched, int days) {
     const auto compiled = query.compiled();
     auto& out = session.out();
     if (session.options().json) {
@@ -49,4 +48,4 @@ void printMatches(Session& session, const newsroom::StoryQuery& query,
     }
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -8,11 +8,11 @@
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::BoardQuote;
+using kit::BoardQuote;
 using Board = std::vector<BoardQuote>;
 
 std::string changeOf(const BoardQuote& row) {
@@ -43,12 +43,11 @@ void print(Output& out, const Board& board) {
 
 int runBoard(Session& session, bool isStored) {
     const auto reading =
-        askTracker(session, isStored, [](auto& tracker) { return tracker.board(); });
+        fetchOrLoad(session, isStored, [](auto& tracker) { return tracker.board(); });
     return showTracker<Board>(
         session, isStored, reading,
-        {.json = [](const Board& board) {
-             return boost::json::object{{"quotes", newsroom::encode(board)}};
-         },
+        {.json =
+             [](const Board& board) { return boost::json::object{{"quotes", kit::encode(board)}}; },
          .text = [&](const Board& board) { print(session.out(), board); }});
 }
 
@@ -63,4 +62,4 @@ void addBoardCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -10,12 +10,12 @@
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/Signals/ChartPlace.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::ChartEntry;
-using Kind = newsroom::AppStoreCharts::Kind;
+using kit::ChartEntry;
+using Kind = kit::AppStoreCharts::Kind;
 using Entries = std::vector<ChartEntry>;
 
 struct ChartsOptions {
@@ -27,14 +27,14 @@ struct ChartsOptions {
     std::vector<std::string> kinds() const {
         if (!kind.empty()) return {kind};
         std::vector<std::string> all;
-        for (const auto& row : newsroom::enumTable<Kind>) all.emplace_back(row.raw);
+        for (const auto& row : kit::enumTable<Kind>) all.emplace_back(row.raw);
         return all;
     }
 };
 
-Kind kindNamed(const std::string& name) { return newsroom::enumFromRaw<Kind>(name).value(); }
+Kind kindNamed(const std::string& name) { return kit::enumFromRaw<Kind>(name).value(); }
 
-std::string moveText(const desk::ChartPlace& place) {
+std::string moveText(const app::ChartPlace& place) {
     if (place.isNew) return "new";
     const auto rise = place.rise();
     if (!rise) return "";
@@ -42,7 +42,7 @@ std::string moveText(const desk::ChartPlace& place) {
     return (*rise > 0 ? "▲ " : "▼ ") + std::to_string(std::abs(*rise));
 }
 
-std::optional<desk::ChartDay> dayBefore(Session& session, const NamedReading<Entries>& chart) {
+std::optional<app::ChartDay> dayBefore(Session& session, const NamedReading<Entries>& chart) {
     if (!chart.reading.fetchedAt) return std::nullopt;
     return session.storeForReading().charts().dayBefore(kindNamed(chart.name),
                                                         *chart.reading.fetchedAt);
@@ -53,7 +53,7 @@ boost::json::object objectOf(Session& session, const NamedReading<Entries>& char
     if (chart.reading.value) {
         boost::json::array list;
         for (const auto& place : chartPlaces(*chart.reading.value, dayBefore(session, chart))) {
-            auto entry = newsroom::encode(place.entry).get_object();
+            auto entry = kit::encode(place.entry).get_object();
             if (place.rankBefore) entry["rankBefore"] = *place.rankBefore;
             if (place.isNew) entry["isNew"] = true;
             list.push_back(std::move(entry));
@@ -100,7 +100,7 @@ int showCharts(Session& session, const ChartsOptions& options) {
     return endTrackers(session, options.stored, notesOf(charts));
 }
 
-void printRuns(Session& session, const std::string& kind, const std::vector<desk::ChartRun>& runs) {
+void printRuns(Session& session, const std::string& kind, const std::vector<app::ChartRun>& runs) {
     auto& out = session.out();
     out.line(out.bold(label(kindNamed(kind))));
     if (runs.empty()) {
@@ -124,7 +124,7 @@ int showHistory(Session& session, const ChartsOptions& options) {
     for (const auto& kind : options.kinds()) {
         const auto runs = session.storeForReading().charts().runs(kindNamed(kind));
         if (session.options().json) {
-            list.push_back(boost::json::object{{"kind", kind}, {"apps", newsroom::encode(runs)}});
+            list.push_back(boost::json::object{{"kind", kind}, {"apps", kit::encode(runs)}});
             continue;
         }
         if (kind != options.kinds().front()) out.line();
@@ -135,7 +135,7 @@ int showHistory(Session& session, const ChartsOptions& options) {
 }
 
 int runCharts(Session& session, const ChartsOptions& options) {
-    if (!options.kind.empty() && !newsroom::enumFromRaw<Kind>(options.kind)) {
+    if (!options.kind.empty() && !kit::enumFromRaw<Kind>(options.kind)) {
         throw WrongUsage("The charts are top-free and top-paid.");
     }
     return options.history ? showHistory(session, options) : showCharts(session, options);
@@ -156,4 +156,4 @@ void addChartsCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -5,7 +5,7 @@
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
 
-namespace brell {
+namespace cli {
 
 /// What a subcommand does once the command line is read; the exit status.
 using Command = std::function<int(Session&)>;
@@ -34,4 +34,4 @@ void addLogCommand(arguments::Command& app, Command& chosen);
 void addLibraryCommand(arguments::Command& app, Command& chosen);
 void addInspectCommand(arguments::Command& app, Command& chosen);
 
-}  // namespace brell
+}  // namespace cli

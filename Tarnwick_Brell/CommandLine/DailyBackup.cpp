@@ -5,18 +5,18 @@
 
 #include <fmt/format.h>
 
-#include "Tarnwick_Brell/Storage/Backups.h"
-#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Storage/Safety/Backups.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
 void say(const std::exception_ptr& failure) {
     try {
         std::rethrow_exception(failure);
-    } catch (const desk::StoreError& error) {
-        const bool isDamaged = error.reason() == desk::StoreError::Reason::damaged;
+    } catch (const app::StoreError& error) {
+        const bool isDamaged = error.reason() == app::StoreError::Reason::damaged;
         fmt::print(stderr, "brell: {}{}\n",
                    isDamaged ? "" : "No backup of the library could be made. ", error.what());
     }
@@ -24,9 +24,9 @@ void say(const std::exception_ptr& failure) {
 
 }  // namespace
 
-DailyBackup::DailyBackup(std::filesystem::path library, newsroom::Instant now)
+DailyBackup::DailyBackup(std::filesystem::path library, kit::Instant now)
     : library_(std::move(library)), now_(now) {
-    if (!desk::Backups(library_).isDue(now)) {
+    if (!app::Backups(library_).isDue(now)) {
         hasEnded_ = true;
         return;
     }
@@ -41,8 +41,8 @@ DailyBackup::DailyBackup(std::filesystem::path library, newsroom::Instant now)
 void DailyBackup::throwIfDamaged() {
     try {
         std::rethrow_exception(failure_);
-    } catch (const desk::StoreError& error) {
-        if (error.reason() == desk::StoreError::Reason::damaged) throw;
+    } catch (const app::StoreError& error) {
+        if (error.reason() == app::StoreError::Reason::damaged) throw;
     }
 }
 
@@ -65,8 +65,8 @@ void DailyBackup::make(const std::stop_token& stop) {
     };
     std::exception_ptr failure;
     try {
-        desk::Backups(library_).makeIfDue(now_, stop, onCopied);
-    } catch (const desk::StoreError&) {
+        app::Backups(library_).makeIfDue(now_, stop, onCopied);
+    } catch (const app::StoreError&) {
         failure = std::current_exception();
     }
     const std::lock_guard lock(mutex_);
@@ -75,4 +75,4 @@ void DailyBackup::make(const std::stop_token& stop) {
     progress_.notify_one();
 }
 
-}  // namespace brell
+}  // namespace cli

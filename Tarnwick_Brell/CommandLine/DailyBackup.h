@@ -8,7 +8,7 @@
 
 #include "NewsroomKit/Records/Instant.h"
 
-namespace brell {
+namespace cli {
 
 /// The day's backup of the library, where it is due, made by a short command. The copy and its
 /// quick check come before the command's work, so that nothing is written into a damaged library.
@@ -16,8 +16,8 @@ namespace brell {
 /// has not reached by then, the quick check has seen.
 class DailyBackup {
 public:
-    /// Throws desk::StoreError when the quick check finds the library damaged.
-    DailyBackup(std::filesystem::path library, newsroom::Instant now);
+    /// Throws app::StoreError when the quick check finds the library damaged.
+    DailyBackup(std::filesystem::path library, kit::Instant now);
     /// Says on standard error why there is no backup, when there is none.
     ~DailyBackup();
     DailyBackup(const DailyBackup&) = delete;
@@ -28,7 +28,7 @@ private:
     void throwIfDamaged();
 
     std::filesystem::path library_;
-    newsroom::Instant now_;
+    kit::Instant now_;
     std::mutex mutex_;
     std::condition_variable progress_;
     bool isCopied_ = false;
@@ -37,4 +37,4 @@ private:
     std::jthread thread_;
 };
 
-}  // namespace brell
+}  // namespace cli

@@ -4,22 +4,22 @@
 #include <vector>
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
-#include "Tarnwick_Brell/CommandLine/Spans.h"
+#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::AppleCalendarEvent;
+using kit::AppleCalendarEvent;
 using Events = std::vector<AppleCalendarEvent>;
 
 boost::json::object eventsObject(const Events& events) {
     boost::json::array list;
     for (const auto& event : events) {
-        auto record = newsroom::encode(event).get_object();
+        auto record = kit::encode(event).get_object();
         record["anniversary"] = event.isAnniversary();
         record["released"] = event.isReleased();
         list.push_back(std::move(record));
@@ -51,7 +51,7 @@ void print(Session& session, Events events) {
 
 int runEvents(Session& session, bool isStored) {
     const auto reading =
-        askTracker(session, isStored, [](auto& tracker) { return tracker.events(); });
+        fetchOrLoad(session, isStored, [](auto& tracker) { return tracker.events(); });
     return showTracker<Events>(
         session, isStored, reading,
         {.json = eventsObject, .text = [&](const Events& events) { print(session, events); }});
@@ -68,4 +68,4 @@ void addEventsCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace brell {
+namespace cli {
 
 /// Exit statuses of every subcommand.
 inline constexpr int kDone = 0;
@@ -22,4 +22,4 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-}  // namespace brell
+}  // namespace cli

@@ -2,11 +2,11 @@
 
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
 
-namespace brell {
+namespace cli {
 
 /// Options that every subcommand takes.
-struct GlobalOptions : desk::DeskOptions {
+struct GlobalOptions : app::DeskOptions {
     bool json = false;
 };
 
-}  // namespace brell
+}  // namespace cli

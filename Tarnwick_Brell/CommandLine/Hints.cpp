@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -52,4 +52,4 @@ std::string withGivenOptions(const std::string& sentence, const GlobalOptions& o
     return out + sentence.substr(from);
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -10,7 +10,7 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -37,4 +37,4 @@ std::string readInput(const std::string& file, std::size_t limit) {
     return bytes;
 }
 
-}  // namespace brell
+}  // namespace cli

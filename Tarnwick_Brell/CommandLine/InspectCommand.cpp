@@ -11,7 +11,7 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -21,8 +21,8 @@ namespace json = boost::json;
 std::string answerLine(const Kind& kind, const std::string& line) {
     json::object answer;
     try {
-        const auto input = newsroom::parseJSON(line);
-        if (!input.is_object()) throw newsroom::RecordError("", "a JSON object is expected");
+        const auto input = kit::parseJSON(line);
+        if (!input.is_object()) throw kit::RecordError("", "a JSON object is expected");
         answer = kind.answer(input.get_object());
     } catch (const std::exception& error) {
         answer = {{"error", error.what()}};
@@ -69,4 +69,4 @@ void addInspectCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

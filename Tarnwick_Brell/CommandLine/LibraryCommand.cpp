@@ -8,20 +8,20 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
-#include "Tarnwick_Brell/Storage/Backups.h"
-#include "Tarnwick_Brell/Storage/LibraryCheck.h"
-#include "Tarnwick_Brell/Storage/LibraryLock.h"
-#include "Tarnwick_Brell/Storage/LibraryRepair.h"
-#include "Tarnwick_Brell/Storage/LibraryRestore.h"
-#include "Tarnwick_Brell/Storage/LibraryUse.h"
-#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Storage/Safety/Backups.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryCheck.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryLock.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryRepair.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryRestore.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryAccessLock.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
 namespace fs = std::filesystem;
-using desk::LibraryState;
+using app::LibraryState;
 
 struct RestoreOptions {
     std::optional<fs::path> file;
@@ -37,17 +37,17 @@ void say(Session& session, std::string_view label, std::string_view text) {
     session.out().line(fmt::format("{:<13}{}", label, text));
 }
 
-std::string when(std::optional<newsroom::Instant> instant) {
+std::string when(std::optional<kit::Instant> instant) {
     return instant ? dayAndTime(*instant) : "never";
 }
 
 int showLibrary(Session& session) {
     const auto& library = session.paths().library;
-    const bool isThere = desk::LocalStore::exists(library);
-    const auto backups = desk::Backups(library).all(session.now());
+    const bool isThere = app::LocalStore::exists(library);
+    const auto backups = app::Backups(library).all(session.now());
     const auto lastBackup = backups.empty() ? std::nullopt : std::optional(backups.front().made);
     auto& store = session.storeForReading();
-    const auto lastCheck = store.state().instant(desk::kLastCheck);
+    const auto lastCheck = store.state().instant(app::kLastCheck);
     const auto bytes = isThere ? fs::file_size(library) : 0;
     if (session.options().json) {
         boost::json::object object{{"path", library.string()},
@@ -55,8 +55,8 @@ int showLibrary(Session& session) {
                                    {"stories", store.stories().count()},
                                    {"version", store.version()},
                                    {"backups", backups.size()}};
-        if (lastBackup) object["lastBackup"] = newsroom::iso8601Text(*lastBackup);
-        if (lastCheck) object["lastCheck"] = newsroom::iso8601Text(*lastCheck);
+        if (lastBackup) object["lastBackup"] = kit::iso8601Text(*lastBackup);
+        if (lastCheck) object["lastCheck"] = kit::iso8601Text(*lastCheck);
         session.out().line(boost::json::serialize(object));
         return kDone;
     }
@@ -77,15 +77,15 @@ std::string newerVersion(const fs::path& library) {
 /// Where the library can't be written, its owner still learns how it is.
 void noteCheck(Session& session) {
     try {
-        session.store().state().set(desk::kLastCheck, session.now());
-    } catch (const desk::StoreError& error) {
+        session.store().state().set(app::kLastCheck, session.now());
+    } catch (const app::StoreError& error) {
         fmt::print(stderr, "brell: The check could not be noted. {}\n", error.what());
     }
 }
 
 /// Throws when there is none that this version can work on.
-desk::LibraryFindings checkedInFull(const fs::path& library) {
-    auto found = desk::checkLibrary(library, desk::CheckDepth::full);
+app::LibraryFindings checkedInFull(const fs::path& library) {
+    auto found = app::checkLibrary(library, app::CheckDepth::full);
     if (found.state == LibraryState::absent) {
         throw WorkFailed("There is no library at " + library.string() + ".");
     }
@@ -96,7 +96,7 @@ desk::LibraryFindings checkedInFull(const fs::path& library) {
 int checkNow(Session& session) {
     const auto& library = session.paths().library;
     const auto found = checkedInFull(library);
-    if (found.state == LibraryState::damaged) throw desk::damagedLibrary(library, found.fault);
+    if (found.state == LibraryState::damaged) throw app::damagedLibrary(library, found.fault);
     noteCheck(session);
     if (session.options().json) {
         boost::json::object object{{"path", library.string()}, {"state", "sound"}};
@@ -109,13 +109,13 @@ int checkNow(Session& session) {
     return kDone;
 }
 
-desk::Repair repaired(Session& session) {
+app::Repair repaired(Session& session) {
     const auto& library = session.paths().library;
-    const auto alone = desk::keepLibraryAlone(library);
+    const auto alone = app::keepLibraryAlone(library);
     try {
-        return desk::repairLibrary(library, session.now());
-    } catch (const desk::StoreError& error) {
-        if (error.reason() != desk::StoreError::Reason::damaged) throw;
+        return app::repairLibrary(library, session.now());
+    } catch (const app::StoreError& error) {
+        if (error.reason() != app::StoreError::Reason::damaged) throw;
         throw WorkFailed("The library " + library.string() +
                          " can't be repaired, because its tables are damaged. \"brell library "
                          "restore\" puts its last good backup in its place.");
@@ -125,15 +125,14 @@ desk::Repair repaired(Session& session) {
 int repair(Session& session) {
     const auto& library = session.paths().library;
     session.paths().createFolders();
-    const desk::LibraryLock lock(library, "brell library repair");
+    const app::LibraryLock lock(library, "brell library repair");
     if (checkedInFull(library).state == LibraryState::sound) {
-        throw WorkFailed("The library " + library.string() +
-                         " is sound, so it was left as it is.");
+        throw WorkFailed("The library " + library.string() + " is sound, so it was left as it is.");
     }
     const auto done = repaired(session);
     if (session.options().json) {
-        session.out().line(boost::json::serialize(boost::json::object{
-            {"setAside", done.setAside.string()}, {"stories", done.stories}}));
+        session.out().line(boost::json::serialize(
+            boost::json::object{{"setAside", done.setAside.string()}, {"stories", done.stories}}));
         return kDone;
     }
     session.out().line("The library that was there is now " + done.setAside.string() + ".");
@@ -143,10 +142,10 @@ int repair(Session& session) {
 
 int backUpNow(Session& session) {
     const auto& library = session.paths().library;
-    if (!desk::LocalStore::exists(library)) {
+    if (!app::LocalStore::exists(library)) {
         throw WorkFailed("There is no library at " + library.string() + ".");
     }
-    const auto backup = desk::Backups(library).make(session.now());
+    const auto backup = app::Backups(library).make(session.now());
     const auto file = backup.file.string();
     session.out().line(session.options().json
                            ? boost::json::serialize(boost::json::object{{"backup", file}})
@@ -154,7 +153,7 @@ int backUpNow(Session& session) {
     return kDone;
 }
 
-boost::json::object restorationJSON(const desk::Restoration& done) {
+boost::json::object restorationJSON(const app::Restoration& done) {
     boost::json::object object;
     if (!done.from.empty()) object["restoredFrom"] = done.from.string();
     if (done.setAside) object["setAside"] = done.setAside->string();
@@ -164,7 +163,7 @@ boost::json::object restorationJSON(const desk::Restoration& done) {
     return object;
 }
 
-void tell(Session& session, const desk::Restoration& done) {
+void tell(Session& session, const app::Restoration& done) {
     if (session.options().json) {
         session.out().line(boost::json::serialize(restorationJSON(done)));
         return;
@@ -181,18 +180,18 @@ void tell(Session& session, const desk::Restoration& done) {
                            : "The library was restored from " + done.from.string() + ".");
 }
 
-desk::Restoration restored(const fs::path& library, const RestoreOptions& options,
-                           newsroom::Instant now) {
-    const auto alone = desk::keepLibraryAlone(library);
+app::Restoration restored(const fs::path& library, const RestoreOptions& options,
+                          kit::Instant now) {
+    const auto alone = app::keepLibraryAlone(library);
     if (options.empty) {
-        const desk::Restoration done{.setAside = desk::setLibraryAside(library, now)};
-        desk::LocalStore::begin(library);
+        const app::Restoration done{.setAside = app::quarantineLibrary(library, now)};
+        app::LocalStore::begin(library);
         return done;
     }
     try {
-        return desk::restoreLibrary(library, options.file, now);
-    } catch (const desk::StoreError& error) {
-        if (options.file || error.reason() != desk::StoreError::Reason::damaged) throw;
+        return app::restoreLibrary(library, options.file, now);
+    } catch (const app::StoreError& error) {
+        if (options.file || error.reason() != app::StoreError::Reason::damaged) throw;
         throw WorkFailed(std::string(error.what()) +
                          " \"brell library restore --empty\" sets it aside and begins anew.");
     }
@@ -201,9 +200,9 @@ desk::Restoration restored(const fs::path& library, const RestoreOptions& option
 int restore(Session& session, const RestoreOptions& options) {
     const auto& library = session.paths().library;
     session.paths().createFolders();
-    const desk::LibraryLock lock(library, "brell library restore");
+    const app::LibraryLock lock(library, "brell library restore");
     const bool isWished = options.file || options.empty;
-    const auto state = desk::checkLibrary(library, desk::CheckDepth::full).state;
+    const auto state = app::checkLibrary(library, app::CheckDepth::full).state;
     if (state == LibraryState::newerVersion && !isWished) throw WorkFailed(newerVersion(library));
     if (state == LibraryState::sound && !isWished) {
         throw WorkFailed("The library " + library.string() +
@@ -240,4 +239,4 @@ void addLibraryCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

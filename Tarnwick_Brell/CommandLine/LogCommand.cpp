@@ -11,7 +11,7 @@
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/Shell/LogFile.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -21,17 +21,17 @@ struct LogOptions {
     std::int64_t limit = 200;
 };
 
-boost::json::object jsonOf(const newsroom::LogLine& line) {
-    return {{"time", newsroom::iso8601Text(line.time)},
-            {"level", newsroom::rawValue(line.level)},
-            {"category", newsroom::rawValue(line.category)},
+boost::json::object jsonOf(const kit::LogLine& line) {
+    return {{"time", kit::iso8601Text(line.time)},
+            {"level", kit::rawValue(line.level)},
+            {"category", kit::rawValue(line.category)},
             {"text", line.text}};
 }
 
 int showProgramLog(Session& session, const LogOptions& options) {
     const auto lines =
-        desk::readLogFile(session.paths().log, static_cast<std::size_t>(options.limit),
-                          newsroom::LogLevels::parse(options.levels.value_or("debug")));
+        app::readLogFile(session.paths().log, static_cast<std::size_t>(options.limit),
+                         kit::LogLevels::parse(options.levels.value_or("debug")));
     if (session.options().json) {
         boost::json::array array;
         for (const auto& line : lines) array.push_back(jsonOf(line));
@@ -39,9 +39,9 @@ int showProgramLog(Session& session, const LogOptions& options) {
         return kDone;
     }
     for (const auto& line : lines) {
-        session.out().line(fmt::format("{}  {:<7}  {:<13}  {}", newsroom::iso8601Text(line.time),
-                                       newsroom::rawValue(line.level),
-                                       newsroom::rawValue(line.category), printable(line.text)));
+        session.out().line(fmt::format("{}  {:<7}  {:<13}  {}", kit::iso8601Text(line.time),
+                                       kit::rawValue(line.level), kit::rawValue(line.category),
+                                       printable(line.text)));
     }
     if (lines.empty()) session.out().line("The log has no such lines.");
     return kDone;
@@ -58,11 +58,11 @@ void addLogCommand(arguments::Command& app, Command& chosen) {
         .option("--level", options->levels,
                 "Only lines this grave: error, warning, info, debug, or for one category "
                 "\"off,http=debug\"")
-        .checked([](const std::string& text) { return newsroom::LogLevels::complaint(text); });
+        .checked([](const std::string& text) { return kit::LogLevels::complaint(text); });
     command.number("--limit", options->limit, {1, 100'000}, "At most so many lines");
     command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return showProgramLog(session, *options); };
     });
 }
 
-}  // namespace brell
+}  // namespace cli

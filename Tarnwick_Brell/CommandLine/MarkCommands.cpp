@@ -11,12 +11,12 @@
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/When.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using desk::Marked;
-using desk::MarkTable;
+using app::Marked;
+using app::MarkTable;
 using IDs = std::vector<std::string>;
 
 /// One of the four marks as the command line talks about it.
@@ -25,22 +25,21 @@ struct MarkVerb {
     const char* help;
     const char* outcome;  ///< "3 stories …"
     const char* already;  ///< what a story is that needs no change
-    Marked (*apply)(MarkTable&, const IDs&, newsroom::Instant);
+    Marked (*apply)(MarkTable&, const IDs&, kit::Instant);
 };
 
-constexpr MarkVerb kRead{"read", "Mark stories as read", "marked as read", "read",
-                         [](MarkTable& marks, const IDs& ids, newsroom::Instant now) {
-                             return marks.markRead(ids, now);
-                         }};
+constexpr MarkVerb kRead{
+    "read", "Mark stories as read", "marked as read", "read",
+    [](MarkTable& marks, const IDs& ids, kit::Instant now) { return marks.markRead(ids, now); }};
 constexpr MarkVerb kUnread{
     "unread", "Mark stories as unread", "marked as unread", "unread",
-    [](MarkTable& marks, const IDs& ids, newsroom::Instant) { return marks.markUnread(ids); }};
+    [](MarkTable& marks, const IDs& ids, kit::Instant) { return marks.markUnread(ids); }};
 constexpr MarkVerb kSave{
     "save", "Save stories: they stay when others get too old", "saved", "saved",
-    [](MarkTable& marks, const IDs& ids, newsroom::Instant now) { return marks.save(ids, now); }};
+    [](MarkTable& marks, const IDs& ids, kit::Instant now) { return marks.save(ids, now); }};
 constexpr MarkVerb kUnsave{
     "unsave", "Save stories no longer", "no longer saved", "not saved",
-    [](MarkTable& marks, const IDs& ids, newsroom::Instant) { return marks.unsave(ids); }};
+    [](MarkTable& marks, const IDs& ids, kit::Instant) { return marks.unsave(ids); }};
 
 std::string storyCount(std::size_t count) {
     return count == 1 ? "1 story" : fmt::format("{} stories", count);
@@ -94,7 +93,7 @@ struct ReadOptions {
 int markAll(Session& session, const ReadOptions& options) {
     auto& store = session.store();
     requireKnownSources(store, options.sources);
-    desk::StorySelection selection{.sourceIDs = options.sources};
+    app::StorySelection selection{.sourceIDs = options.sources};
     if (!options.before.empty()) selection.before = parseWhen(options.before, session.now());
     const auto changed = store.marks().markAllRead(selection, session.now());
     tell(session, changed,
@@ -111,7 +110,7 @@ int undoMarks(Session& session) {
         tell(session, 0, "There was nothing to take back.");
         return kDone;
     }
-    const bool isRead = undone->mark == desk::Mark::read;
+    const bool isRead = undone->mark == app::Mark::read;
     const auto* state = isRead ? (undone->on ? "read again" : "unread again")
                                : (undone->on ? "saved again" : "no longer saved");
     tell(session, changed,
@@ -168,4 +167,4 @@ void addMarkCommands(arguments::Command& app, Command& chosen) {
     for (const MarkVerb* verb : {&kUnread, &kSave, &kUnsave}) addMarkCommand(app, chosen, *verb);
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -6,16 +6,16 @@
 #include "Tarnwick_Brell/Arguments/Suggestion.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
-#include "Tarnwick_Brell/Desk/SourceRoster.h"
+#include "Tarnwick_Brell/Desk/SourceRegistry.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
 // More than these nobody reads.
 constexpr std::size_t kMostCandidates = 10;
 
-std::string candidateLines(const std::vector<desk::StoredStory>& stories) {
+std::string candidateLines(const std::vector<app::StoredStory>& stories) {
     constexpr std::size_t widestTitle = 60;
     std::string lines;
     for (const auto& stored : stories) {
@@ -26,21 +26,21 @@ std::string candidateLines(const std::vector<desk::StoredStory>& stories) {
 }
 
 /// The stories whose ids begin most like `id`, when that says anything.
-std::vector<desk::StoredStory> similarStories(desk::LocalStore& store, std::string id) {
+std::vector<app::StoredStory> similarStories(app::LocalStore& store, std::string id) {
     constexpr std::size_t shortestBeginning = 4;
     constexpr std::size_t most = 3;
     while (id.size() > shortestBeginning) {
         id.pop_back();
         auto found = store.stories().findByID(id, most + 1);
-        if (!found.empty()) return found.size() > most ? std::vector<desk::StoredStory>() : found;
+        if (!found.empty()) return found.size() > most ? std::vector<app::StoredStory>() : found;
     }
     return {};
 }
 
 }  // namespace
 
-desk::StoredStory storyNamed(desk::LocalStore& store, const std::string& id) {
-    const auto wanted = newsroom::lowercasedASCII(id);
+app::StoredStory storyNamed(app::LocalStore& store, const std::string& id) {
+    const auto wanted = kit::lowercasedASCII(id);
     auto found = store.stories().findByID(wanted, kMostCandidates + 1);
     if (found.size() == 1 || (!found.empty() && found.back().story.id == wanted)) {
         return std::move(found.back());
@@ -57,7 +57,7 @@ desk::StoredStory storyNamed(desk::LocalStore& store, const std::string& id) {
                                  id, candidateLines(found), hasMore ? "\n  and more" : ""));
 }
 
-const newsroom::NewsSource& sourceNamed(const desk::SourceRoster& roster, const std::string& id) {
+const kit::NewsSource& sourceNamed(const app::SourceRegistry& roster, const std::string& id) {
     if (const auto* source = roster.find(id)) return *source;
     std::vector<std::string> known;
     for (const auto& source : roster.sources()) known.push_back(source.id);
@@ -65,10 +65,10 @@ const newsroom::NewsSource& sourceNamed(const desk::SourceRoster& roster, const 
                                  id, arguments::didYouMean(id, known)));
 }
 
-void requireKnownSources(desk::LocalStore& store, const std::vector<std::string>& ids) {
+void requireKnownSources(app::LocalStore& store, const std::vector<std::string>& ids) {
     if (ids.empty()) return;
-    const desk::SourceRoster roster(store.sources());
+    const app::SourceRegistry roster(store.sources());
     for (const auto& id : ids) sourceNamed(roster, id);
 }
 
-}  // namespace brell
+}  // namespace cli

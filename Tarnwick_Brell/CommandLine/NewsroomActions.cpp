@@ -9,26 +9,26 @@
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/NewsroomText.h"
 #include "Tarnwick_Brell/CommandLine/QueryText.h"
-#include "Tarnwick_Brell/CommandLine/ShelfNaming.h"
+#include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using desk::NewsroomShelf;
-using newsroom::NewsroomSpec;
-using newsroom::PanelKind;
+using app::NewsroomShelf;
+using kit::NewsroomSpec;
+using kit::PanelKind;
 
 constexpr std::string_view kNewsroom = "newsroom";
 
 /// Throws WrongUsage for a word that names no kind, and for none at all.
 std::vector<PanelKind> kindsNamed(const std::string& list) {
-    const auto offered = newsroom::offeredPanelKinds();
+    const auto offered = kit::offeredPanelKinds();
     std::vector<PanelKind> kinds;
     for (const auto& word : separatedByCommas(list)) {
-        const auto kind = newsroom::enumFromRaw<PanelKind>(word);
+        const auto kind = kit::enumFromRaw<PanelKind>(word);
         if (kind && std::find(offered.begin(), offered.end(), *kind) != offered.end()) {
             kinds.push_back(*kind);
             continue;
@@ -37,20 +37,20 @@ std::vector<PanelKind> kindsNamed(const std::string& list) {
         for (const auto one : offered) {
             known += fmt::format("\n  {:<11} {}", rawValue(one), kindRow(one).description);
         }
-        throw WrongUsage(
-            fmt::format("No panel of the kind {} can be added. There are:{}", printable(word), known));
+        throw WrongUsage(fmt::format("No panel of the kind {} can be added. There are:{}",
+                                     printable(word), known));
     }
     if (kinds.empty()) throw WrongUsage("Name the kinds of the panels: --panels stream,status");
     return kinds;
 }
 
-newsroom::StoryQuery givenFocus(Session& session, const QueryOptions& options) {
+kit::StoryQuery givenFocus(Session& session, const QueryOptions& options) {
     const auto focus = options.query();
     requireKnownSources(session.store(), options.sources);
     return focus;
 }
 
-[[noreturn]] void refuse(const newsroom::RecordError& error) {
+[[noreturn]] void refuse(const kit::RecordError& error) {
     throw WrongUsage(fmt::format("That can't be a newsroom: {}.", error.what()));
 }
 
@@ -112,8 +112,8 @@ int newNewsroom(Session& session, const NewsroomOptions& options) {
     requireFree(shelf, name, kNewsroom);
     NewsroomSpec spec;
     try {
-        spec = newsroom::madeNewsroom(name, options.symbol, kinds, std::move(focus));
-    } catch (const newsroom::RecordError& error) {
+        spec = kit::madeNewsroom(name, options.symbol, kinds, std::move(focus));
+    } catch (const kit::RecordError& error) {
         refuse(error);
     }
     put(session, shelf, spec);
@@ -139,8 +139,8 @@ int changeNewsroom(Session& session, const NewsroomOptions& options) {
     if (spec == *entry.value)
         throw WrongUsage("Say what to change; see brell newsroom change --help.");
     try {
-        newsroom::NewsroomLimits::require(spec);
-    } catch (const newsroom::RecordError& error) {
+        kit::NewsroomLimits::require(spec);
+    } catch (const kit::RecordError& error) {
         refuse(error);
     }
     put(session, shelf, spec);
@@ -159,8 +159,8 @@ int duplicateNewsroom(Session& session, const NewsroomOptions& options) {
     }
     NewsroomSpec copy;
     try {
-        copy = newsroom::duplicated(spec, name);
-    } catch (const newsroom::RecordError& error) {
+        copy = kit::duplicated(spec, name);
+    } catch (const kit::RecordError& error) {
         refuse(error);
     }
     put(session, shelf, copy);
@@ -188,12 +188,12 @@ int removeNewsroom(Session& session, const NewsroomOptions& options) {
 int restoreNewsroom(Session& session, const NewsroomOptions& options) {
     auto shelf = shelfToChange(session);
     if (shelf.removed().empty()) throw WorkFailed("No newsroom has been removed.");
-    const auto entry = restored(session, session.store().newsrooms(), shelf,
-                                options.name.empty()
-                                    ? shelf.removed().front()
-                                    : lastRemoved(shelf.removed(), options.name, kNewsroom));
+    const auto entry =
+        restored(session, session.store().newsrooms(), shelf,
+                 options.name.empty() ? shelf.removed().front()
+                                      : lastRemoved(shelf.removed(), options.name, kNewsroom));
     tell(session, entry, fmt::format("{} is back.", printable(entry.name)));
     return kDone;
 }
 
-}  // namespace brell
+}  // namespace cli

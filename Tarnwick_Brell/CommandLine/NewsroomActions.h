@@ -7,7 +7,7 @@
 #include "Tarnwick_Brell/CommandLine/Session.h"
 
 /// What `brell newsroom` and its subcommands do; each gives the exit status.
-namespace brell {
+namespace cli {
 
 struct NewsroomOptions {
     std::string name{};
@@ -32,4 +32,4 @@ int restoreNewsroom(Session& session, const NewsroomOptions& options);
 int exportNewsroom(Session& session, const NewsroomOptions& options);
 int importNewsroom(Session& session, const NewsroomOptions& options);
 
-}  // namespace brell
+}  // namespace cli

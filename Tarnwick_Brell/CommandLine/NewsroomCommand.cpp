@@ -4,7 +4,7 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/NewsroomActions.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -94,4 +94,4 @@ void addNewsroomCommand(arguments::Command& app, Command& chosen) {
     addExchange(newsrooms, chosen, options);
 }
 
-}  // namespace brell
+}  // namespace cli

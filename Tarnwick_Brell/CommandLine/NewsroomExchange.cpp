@@ -8,31 +8,31 @@
 #include "Tarnwick_Brell/CommandLine/NewsroomActions.h"
 #include "Tarnwick_Brell/CommandLine/NewsroomText.h"
 #include "Tarnwick_Brell/CommandLine/QueryText.h"
-#include "Tarnwick_Brell/CommandLine/ShelfNaming.h"
+#include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
-namespace brell {
+namespace cli {
 
-using desk::NewsroomShelf;
+using app::NewsroomShelf;
 
 namespace {
 
 /// Of what a panel with alerts on tells. Empty when its kind tells of nothing.
-std::string alertText(const newsroom::NewsroomSpec& spec, const newsroom::PanelSpec& panel) {
+std::string alertText(const kit::NewsroomSpec& spec, const kit::PanelSpec& panel) {
     switch (alertOf(panel.kind)) {
-        case newsroom::PanelAlert::none: return {};
-        case newsroom::PanelAlert::stories: return queryText(spec.effectiveQuery(panel));
-        case newsroom::PanelAlert::serviceStatus: return "troubles of Apple's services";
-        case newsroom::PanelAlert::releases:
+        case kit::PanelAlert::none: return {};
+        case kit::PanelAlert::stories: return queryText(spec.effectiveQuery(panel));
+        case kit::PanelAlert::serviceStatus: return "troubles of Apple's services";
+        case kit::PanelAlert::releases:
             return fmt::format("new builds of {}", fmt::join(panel.options.platforms, ", "));
-        case newsroom::PanelAlert::signing: return "changes of firmware signing";
-        case newsroom::PanelAlert::updates: return "changes of the update catalogue";
+        case kit::PanelAlert::signing: return "changes of firmware signing";
+        case kit::PanelAlert::updates: return "changes of the update catalogue";
     }
     return {};
 }
 
 /// What a newsroom from elsewhere would do besides showing its panels.
-void printEffects(Session& session, const newsroom::NewsroomSpec& spec) {
+void printEffects(Session& session, const kit::NewsroomSpec& spec) {
     for (const auto& panel : spec.panels) {
         const auto title = printable(panel.title);
         const auto told = panel.options.alerts ? alertText(spec, panel) : std::string();
@@ -51,33 +51,31 @@ void printEffects(Session& session, const newsroom::NewsroomSpec& spec) {
 int exportNewsroom(Session& session, const NewsroomOptions& options) {
     const auto shelf = NewsroomShelf::read(session.storeForReading().newsrooms());
     const auto& entry = named(shelf.entries(), options.name, "newsroom");
-    session.out().write(entry.value ? newsroom::NewsroomFile::write(*entry.value)
-                                    : entry.record + "\n");
+    session.out().write(entry.value ? kit::NewsroomFile::write(*entry.value) : entry.record + "\n");
     return kDone;
 }
 
 int importNewsroom(Session& session, const NewsroomOptions& options) {
-    const auto bytes = readInput(options.file, newsroom::NewsroomLimits::kFileBytes);
+    const auto bytes = readInput(options.file, kit::NewsroomLimits::kFileBytes);
     auto& store = options.preview ? session.storeForReading() : session.store();
     auto shelf = NewsroomShelf::read(store.newsrooms());
-    newsroom::NewsroomSpec spec;
+    kit::NewsroomSpec spec;
     try {
-        spec = desk::takenIn(bytes, shelf);
-    } catch (const newsroom::RecordError& error) {
-        throw WorkFailed(fmt::format("That is no newsroom that can be taken in: {}.",
-                                     printable(error.what())));
+        spec = app::takenIn(bytes, shelf);
+    } catch (const kit::RecordError& error) {
+        throw WorkFailed(
+            fmt::format("That is no newsroom that can be taken in: {}.", printable(error.what())));
     }
     if (!options.preview) write(session, store.newsrooms(), shelf.put(spec));
     if (session.options().json) {
-        session.out().line(boost::json::serialize(newsroom::encode(spec)));
+        session.out().line(boost::json::serialize(kit::encode(spec)));
     } else {
-        session.out().line(fmt::format("{} {}: {}, {}.",
-                                       options.preview ? "Would be added:" : "Added",
-                                       printable(spec.name), panelsText(spec),
-                                       queryText(spec.focus)));
+        session.out().line(
+            fmt::format("{} {}: {}, {}.", options.preview ? "Would be added:" : "Added",
+                        printable(spec.name), panelsText(spec), queryText(spec.focus)));
         printEffects(session, spec);
     }
     return kDone;
 }
 
-}  // namespace brell
+}  // namespace cli

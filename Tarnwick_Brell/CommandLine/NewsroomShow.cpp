@@ -7,17 +7,17 @@
 #include "Tarnwick_Brell/CommandLine/NewsroomActions.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/QueryText.h"
-#include "Tarnwick_Brell/CommandLine/ShelfNaming.h"
+#include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::PanelSpec;
+using kit::PanelSpec;
 
 /// As the eye goes over the grid.
-std::vector<const PanelSpec*> inReadingOrder(const newsroom::NewsroomSpec& spec) {
+std::vector<const PanelSpec*> inReadingOrder(const kit::NewsroomSpec& spec) {
     std::vector<const PanelSpec*> panels;
     for (const auto& panel : spec.panels) panels.push_back(&panel);
     std::stable_sort(panels.begin(), panels.end(), [](const PanelSpec* a, const PanelSpec* b) {
@@ -26,7 +26,7 @@ std::vector<const PanelSpec*> inReadingOrder(const newsroom::NewsroomSpec& spec)
     return panels;
 }
 
-void printPanel(Session& session, PanelHoldings& holdings, const newsroom::NewsroomSpec& spec,
+void printPanel(Session& session, PanelHoldings& holdings, const kit::NewsroomSpec& spec,
                 const PanelSpec& panel) {
     auto& out = session.out();
     std::string heading = printable(panel.title);
@@ -40,23 +40,24 @@ void printPanel(Session& session, PanelHoldings& holdings, const newsroom::Newsr
     }
 }
 
-boost::json::value recordOf(PanelHoldings& holdings, const newsroom::NewsroomSpec& spec) {
+boost::json::value recordOf(PanelHoldings& holdings, const kit::NewsroomSpec& spec) {
     boost::json::array panels;
     for (const auto* panel : inReadingOrder(spec)) {
         boost::json::array lines;
-        for (auto& line : panelLines(holdings, *panel, spec.effectiveQuery(*panel))) lines.emplace_back(line);
+        for (auto& line : panelLines(holdings, *panel, spec.effectiveQuery(*panel)))
+            lines.emplace_back(line);
         panels.push_back({{"id", panel->id.text()},
                           {"kind", rawValue(panel->kind)},
                           {"title", panel->title},
                           {"lines", std::move(lines)}});
     }
-    return {{"spec", newsroom::encode(spec)}, {"panels", std::move(panels)}};
+    return {{"spec", kit::encode(spec)}, {"panels", std::move(panels)}};
 }
 
 }  // namespace
 
 int showNewsroom(Session& session, const NewsroomOptions& options) {
-    const auto shelf = desk::NewsroomShelf::read(session.storeForReading().newsrooms());
+    const auto shelf = app::NewsroomShelf::read(session.storeForReading().newsrooms());
     const auto& spec = readable(named(shelf.entries(), options.name, "newsroom"), "newsroom");
     PanelHoldings holdings(session);
     if (session.options().json) {
@@ -64,10 +65,10 @@ int showNewsroom(Session& session, const NewsroomOptions& options) {
         return kDone;
     }
     session.out().line(session.out().bold(printable(spec.name)) +
-                       (spec.focus == newsroom::StoryQuery() ? "" : ", " + queryText(spec.focus)));
+                       (spec.focus == kit::StoryQuery() ? "" : ", " + queryText(spec.focus)));
     if (spec.panels.empty()) session.out().line("It has no panels.");
     for (const auto* panel : inReadingOrder(spec)) printPanel(session, holdings, spec, *panel);
     return kDone;
 }
 
-}  // namespace brell
+}  // namespace cli

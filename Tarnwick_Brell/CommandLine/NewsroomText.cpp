@@ -1,8 +1,8 @@
 #include "Tarnwick_Brell/CommandLine/NewsroomText.h"
 
-namespace brell {
+namespace cli {
 
-std::string panelsText(const newsroom::NewsroomSpec& spec) {
+std::string panelsText(const kit::NewsroomSpec& spec) {
     if (spec.panels.empty()) return "no panels";
     std::string text;
     for (std::size_t i = 0; i < spec.panels.size(); ++i) {
@@ -12,4 +12,4 @@ std::string panelsText(const newsroom::NewsroomSpec& spec) {
     return text;
 }
 
-}  // namespace brell
+}  // namespace cli

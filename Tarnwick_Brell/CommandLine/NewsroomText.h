@@ -4,9 +4,9 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 
-namespace brell {
+namespace cli {
 
 /// "stream, status and stock"
-std::string panelsText(const newsroom::NewsroomSpec& spec);
+std::string panelsText(const kit::NewsroomSpec& spec);
 
-}  // namespace brell
+}  // namespace cli

@@ -4,14 +4,14 @@
 #include "NewsroomKit/Panels/Claims.h"
 #include "NewsroomKit/Panels/Coverage.h"
 
-namespace brell {
+namespace cli {
 
-std::vector<desk::StoredStory> PanelHoldings::newest(const newsroom::StoryQuery& query,
-                                                     Origin origin, std::size_t limit) {
-    std::vector<desk::StoredStory> found;
+std::vector<app::StoredStory> PanelHoldings::newest(const kit::StoryQuery& query, Origin origin,
+                                                    std::size_t limit) {
+    std::vector<app::StoredStory> found;
     const auto compiled = query.compiled();
     session_.storeForReading().stories().eachInWireOrder(
-        std::nullopt, [&](const desk::StoredStory& stored) {
+        std::nullopt, [&](const app::StoredStory& stored) {
             if (origin == Origin::apple && !stored.story.isAppleSource) return true;
             if (compiled.matches(stored.story)) found.push_back(stored);
             return found.size() < limit;
@@ -19,34 +19,34 @@ std::vector<desk::StoredStory> PanelHoldings::newest(const newsroom::StoryQuery&
     return found;
 }
 
-const std::vector<desk::StoredStory>& PanelHoldings::recent() {
+const std::vector<app::StoredStory>& PanelHoldings::recent() {
     if (recent_) return *recent_;
     recent_.emplace();
-    session_.storeForReading().stories().eachInWireOrder(
-        now() - newsroom::kCoverageSpan, [&](const desk::StoredStory& stored) {
-            recent_->push_back(stored);
-            return true;
-        });
+    session_.storeForReading().stories().eachInWireOrder(now() - kit::kCoverageSpan,
+                                                         [&](const app::StoredStory& stored) {
+                                                             recent_->push_back(stored);
+                                                             return true;
+                                                         });
     return *recent_;
 }
 
-const std::vector<newsroom::StoryCluster>& PanelHoldings::clusters() {
+const std::vector<kit::StoryCluster>& PanelHoldings::clusters() {
     if (clusters_) return *clusters_;
-    std::vector<newsroom::Story> stories;
+    std::vector<kit::Story> stories;
     for (const auto& stored : recent()) {
-        if (stored.story.publishedAt < now() - newsroom::kClaimsSpan) break;
+        if (stored.story.publishedAt < now() - kit::kClaimsSpan) break;
         stories.push_back(stored.story);
     }
-    newsroom::StoryClusterer clusterer;
+    kit::StoryClusterer clusterer;
     clusterer.add(stories);
     return clusters_.emplace(clusterer.clusters());
 }
 
-std::optional<newsroom::Instant> PanelHoldings::lastLook() {
-    return session_.storeForReading().state().instant(desk::DeskState::kNewSince);
+std::optional<kit::Instant> PanelHoldings::lastLook() {
+    return session_.storeForReading().state().instant(app::DeskState::kNewSince);
 }
 
-MatchedNews::MatchedNews(PanelHoldings& holdings, const newsroom::StoryQuery& query)
+MatchedNews::MatchedNews(PanelHoldings& holdings, const kit::StoryQuery& query)
     : holdings_(holdings) {
     const auto compiled = query.compiled();
     for (const auto& stored : holdings.recent()) {
@@ -57,4 +57,4 @@ MatchedNews::MatchedNews(PanelHoldings& holdings, const newsroom::StoryQuery& qu
     }
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -8,9 +8,9 @@
 #include "NewsroomKit/Panels/PanelStory.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
-#include "Tarnwick_Brell/Storage/StoredStory.h"
+#include "Tarnwick_Brell/Storage/Tables/StoredStory.h"
 
-namespace brell {
+namespace cli {
 
 /// What the library holds for panels. Read when first asked for, and once.
 class PanelHoldings {
@@ -20,38 +20,38 @@ public:
     explicit PanelHoldings(Session& session) : session_(session) {}
 
     Session& session() { return session_; }
-    newsroom::Instant now() const { return session_.now(); }
+    kit::Instant now() const { return session_.now(); }
     std::size_t width() const { return session_.out().width(); }
 
     /// The newest stories that the query matches, at most `limit`, however old.
-    std::vector<desk::StoredStory> newest(const newsroom::StoryQuery& query, Origin origin,
-                                          std::size_t limit);
+    std::vector<app::StoredStory> newest(const kit::StoryQuery& query, Origin origin,
+                                         std::size_t limit);
 
     /// The stories of the last month, newest first, and the clusters of those of late.
-    const std::vector<desk::StoredStory>& recent();
-    const std::vector<newsroom::StoryCluster>& clusters();
+    const std::vector<app::StoredStory>& recent();
+    const std::vector<kit::StoryCluster>& clusters();
 
     /// When the user last left the window, if ever.
-    std::optional<newsroom::Instant> lastLook();
+    std::optional<kit::Instant> lastLook();
 
 private:
     Session& session_;
-    std::optional<std::vector<desk::StoredStory>> recent_;
-    std::optional<std::vector<newsroom::StoryCluster>> clusters_;
+    std::optional<std::vector<app::StoredStory>> recent_;
+    std::optional<std::vector<kit::StoryCluster>> clusters_;
 };
 
 /// Those of the recent stories that a query matches, as the makers of panels want them.
 class MatchedNews {
 public:
-    MatchedNews(PanelHoldings& holdings, const newsroom::StoryQuery& query);
+    MatchedNews(PanelHoldings& holdings, const kit::StoryQuery& query);
 
-    newsroom::PanelNews news() const {
+    kit::PanelNews news() const {
         return {.stories = stories_, .clusters = holdings_.clusters(), .now = holdings_.now()};
     }
 
 private:
     PanelHoldings& holdings_;
-    std::vector<newsroom::PanelStory> stories_;
+    std::vector<kit::PanelStory> stories_;
 };
 
-}  // namespace brell
+}  // namespace cli

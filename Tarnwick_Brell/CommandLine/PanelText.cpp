@@ -6,10 +6,10 @@
 #include "Tarnwick_Brell/CommandLine/StoryPanels.h"
 #include "Tarnwick_Brell/CommandLine/TrackerPanels.h"
 
-namespace brell {
+namespace cli {
 
-using newsroom::PanelKind;
-using newsroom::PanelSpec;
+using kit::PanelKind;
+using kit::PanelSpec;
 
 /// A panel's row on the grid holds about two lines of text.
 std::size_t lineCount(const PanelSpec& panel) {
@@ -18,7 +18,7 @@ std::size_t lineCount(const PanelSpec& panel) {
 }
 
 std::vector<std::string> panelLines(PanelHoldings& holdings, const PanelSpec& panel,
-                                    const newsroom::StoryQuery& query) {
+                                    const kit::StoryQuery& query) {
     switch (panel.kind) {
         case PanelKind::stream: return streamLines(holdings, panel, query);
         case PanelKind::brief: return briefPanelLines(holdings, query);
@@ -41,4 +41,4 @@ std::vector<std::string> panelLines(PanelHoldings& holdings, const PanelSpec& pa
     return {};
 }
 
-}  // namespace brell
+}  // namespace cli

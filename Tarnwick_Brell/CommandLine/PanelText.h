@@ -6,13 +6,13 @@
 #include "NewsroomKit/Newsrooms/PanelSpec.h"
 #include "Tarnwick_Brell/CommandLine/PanelHoldings.h"
 
-namespace brell {
+namespace cli {
 
 /// What a panel says, in lines of text: at least one, which says so when there is nothing.
-std::vector<std::string> panelLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel,
-                                    const newsroom::StoryQuery& query);
+std::vector<std::string> panelLines(PanelHoldings& holdings, const kit::PanelSpec& panel,
+                                    const kit::StoryQuery& query);
 
 /// How many lines of a list suit the panel's size.
-std::size_t lineCount(const newsroom::PanelSpec& panel);
+std::size_t lineCount(const kit::PanelSpec& panel);
 
-}  // namespace brell
+}  // namespace cli

@@ -7,14 +7,14 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 std::vector<std::string> separatedByCommas(const std::string& list) {
     std::vector<std::string> pieces;
     for (std::size_t begin = 0; begin <= list.size();) {
         const auto comma = std::min(list.find(',', begin), list.size());
         const auto piece =
-            newsroom::trimWhitespaceAndNewlines(std::string_view(list).substr(begin, comma - begin));
+            kit::trimWhitespaceAndNewlines(std::string_view(list).substr(begin, comma - begin));
         if (!piece.empty()) pieces.emplace_back(piece);
         begin = comma + 1;
     }
@@ -44,22 +44,22 @@ namespace {
 /// A term of which nothing is left to compare would be dropped, and its list ask for nothing.
 void requireWords(const std::vector<std::string>& terms) {
     for (const auto& term : terms) {
-        if (newsroom::PhraseMatcher(term).phrase.empty())
+        if (kit::PhraseMatcher(term).phrase.empty())
             throw WrongUsage("There is nothing to look for in \"" + printable(term) + "\".");
     }
 }
 
 }  // namespace
 
-newsroom::StoryQuery QueryOptions::query() const {
-    newsroom::StoryQuery query{.anyTerms = separatedByCommas(any),
-                               .excludedTerms = separatedByCommas(exclude),
-                               .sourceIDs = sources,
-                               .includesSetAside = setAside};
+kit::StoryQuery QueryOptions::query() const {
+    kit::StoryQuery query{.anyTerms = separatedByCommas(any),
+                          .excludedTerms = separatedByCommas(exclude),
+                          .sourceIDs = sources,
+                          .includesSetAside = setAside};
     requireWords(query.anyTerms);
     requireWords(query.excludedTerms);
     for (const auto& name : sourcings) {
-        const auto sourcing = newsroom::enumFromRaw<newsroom::Sourcing>(name);
+        const auto sourcing = kit::enumFromRaw<kit::Sourcing>(name);
         if (!sourcing) {
             throw WrongUsage("There is no sourcing named " + name +
                              ": use confirmed, onRecord, report, rumor or unlabeled.");
@@ -69,4 +69,4 @@ newsroom::StoryQuery QueryOptions::query() const {
     return query;
 }
 
-}  // namespace brell
+}  // namespace cli

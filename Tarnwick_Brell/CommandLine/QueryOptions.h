@@ -9,7 +9,7 @@ namespace arguments {
 class Command;
 }
 
-namespace brell {
+namespace cli {
 
 /// "iPhone 18, A20" in its pieces.
 std::vector<std::string> separatedByCommas(const std::string& list);
@@ -29,7 +29,7 @@ struct QueryOptions {
     bool isGiven() const;
 
     /// Throws WrongUsage. Whether the sources exist is not asked.
-    newsroom::StoryQuery query() const;
+    kit::StoryQuery query() const;
 };
 
-}  // namespace brell
+}  // namespace cli

@@ -3,7 +3,7 @@
 #include "NewsroomKit/Stories/Sourcing.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -15,7 +15,7 @@ std::string joined(const std::vector<std::string>& words, const std::string& bet
 
 }  // namespace
 
-std::string queryText(const newsroom::StoryQuery& query) {
+std::string queryText(const kit::StoryQuery& query) {
     std::vector<std::string> parts;
     if (!query.anyTerms.empty()) parts.push_back(joined(query.anyTerms, " or "));
     if (!query.excludedTerms.empty())
@@ -28,4 +28,4 @@ std::string queryText(const newsroom::StoryQuery& query) {
     return parts.empty() ? "every story" : joined(parts, ", ");
 }
 
-}  // namespace brell
+}  // namespace cli

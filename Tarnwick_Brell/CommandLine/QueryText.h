@@ -4,10 +4,10 @@
 
 #include "NewsroomKit/Queries/StoryQuery.h"
 
-namespace brell {
+namespace cli {
 
-/// A query in words: "iPhone 18 or A20, without case, from macrumors", "every story" when it asks for
-/// nothing.
-std::string queryText(const newsroom::StoryQuery& query);
+/// A query in words: "iPhone 18 or A20, without case, from macrumors", "every story" when it asks
+/// for nothing.
+std::string queryText(const kit::StoryQuery& query);
 
-}  // namespace brell
+}  // namespace cli

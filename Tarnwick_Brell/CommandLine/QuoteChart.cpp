@@ -6,15 +6,15 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Trackers/QuotePlaces.h"
+#include "NewsroomKit/Trackers/Market/QuotePlaces.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::Instant;
-using newsroom::StockQuote;
+using kit::Instant;
+using kit::StockQuote;
 
 constexpr std::size_t kRows = 8;
 constexpr std::size_t kWidest = 100;
@@ -79,7 +79,7 @@ void drawReference(Canvas& canvas, const Scale& scale, double price) {
 /// peak is lost and steep pieces have no gaps.
 void drawCurve(Canvas& canvas, const Scale& scale, const StockQuote& quote) {
     const auto lastX = static_cast<double>(canvas.width() - 1);
-    const auto at = newsroom::pointPlaces(quote);
+    const auto at = kit::pointPlaces(quote);
     for (std::size_t i = 1; i < at.size(); ++i) {
         const double fromX = at[i - 1] * lastX, toX = at[i] * lastX;
         const double from = quote.points[i - 1].close, to = quote.points[i].close;
@@ -104,7 +104,7 @@ std::string axis(const StockQuote& quote, std::size_t columns) {
     auto right = dayAndTime(quote.points.back().time);
     constexpr std::size_t day = 10, timeAt = 11;
     if (isOneDay(quote)) {
-        if (newsroom::isWithinSession(quote)) right = dayAndTime(*quote.sessionClose);
+        if (kit::isWithinSession(quote)) right = dayAndTime(*quote.sessionClose);
         right.erase(0, timeAt);
     } else {
         left.resize(day);
@@ -148,4 +148,4 @@ std::vector<std::string> quoteChart(const StockQuote& quote, std::size_t width) 
     return lines;
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -4,14 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "NewsroomKit/Trackers/StockQuote.h"
+#include "NewsroomKit/Trackers/Market/StockQuote.h"
 
-namespace brell {
+namespace cli {
 
 /// A quote's points as lines of text, at most `width` columns wide: prices at the left, the
 /// curve in Braille patterns (two by four dots a character), times below. A day's curve ends
 /// where the day has got to, and the previous close is a dotted line through it. Empty when
 /// there are fewer than two points or the terminal is too narrow.
-std::vector<std::string> quoteChart(const newsroom::StockQuote& quote, std::size_t width);
+std::vector<std::string> quoteChart(const kit::StockQuote& quote, std::size_t width);
 
-}  // namespace brell
+}  // namespace cli

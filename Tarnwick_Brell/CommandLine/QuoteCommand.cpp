@@ -8,12 +8,12 @@
 #include "Tarnwick_Brell/CommandLine/QuoteText.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::QuoteRange;
-using newsroom::StockQuote;
+using kit::QuoteRange;
+using kit::StockQuote;
 
 struct QuoteOptions {
     std::optional<std::string> symbol;
@@ -27,19 +27,19 @@ std::string knownForm(std::string symbol) {
         if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
     }
     try {
-        return desk::SettingKey::named(desk::SettingKey::kFocusSymbol)->stored(symbol);
+        return app::SettingKey::named(app::SettingKey::kFocusSymbol)->stored(symbol);
     } catch (const std::invalid_argument&) {
         throw WrongUsage("\"" + symbol + "\" is no symbol of a share or an index, such as AAPL.");
     }
 }
 
 QuoteRange rangeNamed(const std::string& name) {
-    if (const auto range = newsroom::enumFromRaw<QuoteRange>(name)) return *range;
+    if (const auto range = kit::enumFromRaw<QuoteRange>(name)) return *range;
     throw WrongUsage("There is no range named " + name + ". The ranges are 1d, 1w, 1m and 1y.");
 }
 
 boost::json::object quoteObject(const StockQuote& quote) {
-    auto object = newsroom::encode(quote).get_object();
+    auto object = kit::encode(quote).get_object();
     object["open"] = quote.isOpen();
     if (const auto previous = quote.previousClose()) object["previousClose"] = *previous;
     return object;
@@ -49,14 +49,12 @@ int runQuote(Session& session, const QuoteOptions& options) {
     const auto& defaults = session.defaults();
     const auto symbol = options.symbol ? knownForm(*options.symbol) : defaults.focusSymbol();
     const auto range = options.range ? rangeNamed(*options.range) : defaults.quoteRange();
-    const auto reading = askTracker(session, options.stored, [&](auto& tracker) {
-        return tracker.quote(symbol, range);
-    });
-    return showTracker<StockQuote>(
-        session, options.stored, reading,
-        {.json = quoteObject, .text = [&](const StockQuote& quote) {
-             printQuote(session.out(), quote, session.now());
-         }});
+    const auto reading = fetchOrLoad(session, options.stored,
+                                     [&](auto& tracker) { return tracker.quote(symbol, range); });
+    return showTracker<StockQuote>(session, options.stored, reading,
+                                   {.json = quoteObject, .text = [&](const StockQuote& quote) {
+                                        printQuote(session.out(), quote, session.now());
+                                    }});
 }
 
 }  // namespace
@@ -77,4 +75,4 @@ void addQuoteCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -7,14 +7,14 @@
 
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
-#include "Tarnwick_Brell/CommandLine/Spans.h"
+#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::StockQuote;
+using kit::StockQuote;
 
 constexpr std::size_t kDigitsOfGroup = 3;
 
@@ -70,15 +70,16 @@ std::string marketText(std::string_view marketState) {
     for (const auto& [state, text] : texts) {
         if (state == marketState) return std::string(text);
     }
-    return printable(newsroom::lowercasedASCII(marketState));
+    return printable(kit::lowercasedASCII(marketState));
 }
 
-void printQuote(Output& out, const StockQuote& quote, newsroom::Instant now) {
+void printQuote(Output& out, const StockQuote& quote, kit::Instant now) {
     const auto previous = quote.previousClose();
     const auto symbol = printable(quote.symbol);
     out.line(fmt::format("{}  {}", out.bold(symbol), printable(quote.name)));
-    out.line(fmt::format("{} {}  {}", out.bold(amountText(quote.price)), printable(quote.currency),
-                         changeText(quote.price, previous).value_or("change of the day not known")));
+    out.line(
+        fmt::format("{} {}  {}", out.bold(amountText(quote.price)), printable(quote.currency),
+                    changeText(quote.price, previous).value_or("change of the day not known")));
     out.line();
     const auto chart = quoteChart(quote, out.width());
     for (const auto& line : chart) out.line(line);
@@ -95,4 +96,4 @@ void printQuote(Output& out, const StockQuote& quote, newsroom::Instant now) {
     if (quote.stale.value_or(false)) out.line("The service itself has only old figures.");
 }
 
-}  // namespace brell
+}  // namespace cli

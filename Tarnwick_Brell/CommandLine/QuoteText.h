@@ -3,13 +3,13 @@
 #include <optional>
 #include <string>
 
-#include "NewsroomKit/Trackers/StockQuote.h"
+#include "NewsroomKit/Trackers/Market/StockQuote.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 
-namespace brell {
+namespace cli {
 
 /// Price, change of the day, a chart of the range, then the figures.
-void printQuote(Output& out, const newsroom::StockQuote& quote, newsroom::Instant now);
+void printQuote(Output& out, const kit::StockQuote& quote, kit::Instant now);
 
 /// "1,234.50"
 std::string amountText(double amount);
@@ -22,4 +22,4 @@ std::string percentText(double percent);
 /// "open", "closed", "before hours", "after hours", or the service's own word.
 std::string marketText(std::string_view marketState);
 
-}  // namespace brell
+}  // namespace cli

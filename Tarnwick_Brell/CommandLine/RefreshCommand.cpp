@@ -8,18 +8,18 @@
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
-#include "Tarnwick_Brell/CommandLine/Engine.h"
+#include "Tarnwick_Brell/CommandLine/BlockingFetcher.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/RefreshText.h"
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
-#include "Tarnwick_Brell/Desk/SourceRoster.h"
+#include "Tarnwick_Brell/Desk/SourceRegistry.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using desk::SourceOutcome;
+using app::SourceOutcome;
 
 struct RefreshOptions {
     std::vector<std::string> sources;
@@ -27,10 +27,10 @@ struct RefreshOptions {
     bool unconditional = false;
 };
 
-std::vector<newsroom::NewsSource> sourcesFor(const desk::SourceRoster& roster,
-                                             const RefreshOptions& options) {
+std::vector<kit::NewsSource> sourcesFor(const app::SourceRegistry& roster,
+                                        const RefreshOptions& options) {
     if (options.sources.empty()) return roster.enabledSources();
-    std::vector<newsroom::NewsSource> named;
+    std::vector<kit::NewsSource> named;
     for (const auto& id : options.sources) {
         const auto& source = sourceNamed(roster, id);
         const bool twice = std::any_of(named.begin(), named.end(),
@@ -41,8 +41,7 @@ std::vector<newsroom::NewsSource> sourcesFor(const desk::SourceRoster& roster,
 }
 
 /// In the order of the roster: arrivals come as the network pleases.
-void sortLike(const std::vector<newsroom::NewsSource>& asked,
-              std::vector<SourceOutcome>& outcomes) {
+void sortLike(const std::vector<kit::NewsSource>& asked, std::vector<SourceOutcome>& outcomes) {
     std::unordered_map<std::string_view, std::size_t> places;
     for (const auto& source : asked) places.emplace(source.id, places.size());
     std::sort(outcomes.begin(), outcomes.end(), [&](const auto& a, const auto& b) {
@@ -53,19 +52,19 @@ void sortLike(const std::vector<newsroom::NewsSource>& asked,
 int runRefresh(Session& session, const RefreshOptions& options) {
     auto network = session.network();
     auto& store = session.store();
-    const desk::SourceRoster roster(store.sources());
+    const app::SourceRegistry roster(store.sources());
     const auto asked = sourcesFor(roster, options);
 
-    Engine engine(std::move(network),
-                  options.unconditional ? newsroom::Conditional::no : newsroom::Conditional::yes);
-    const desk::PassSettings settings{
-        .scope = options.sources.empty() ? desk::PassScope::all : desk::PassScope::named,
+    BlockingFetcher engine(std::move(network),
+                           options.unconditional ? kit::Conditional::no : kit::Conditional::yes);
+    const app::PassSettings settings{
+        .scope = options.sources.empty() ? app::PassScope::all : app::PassScope::named,
         .retention = std::chrono::duration<double>(session.defaults().storyRetention())};
     const auto progress = [](std::size_t done, std::size_t total) {
         showProgress(fmt::format("{} of {}", done, total));
     };
-    desk::RefreshPass pass(store, engine.fetching(), &currentInstant, settings,
-                           {.progress = progress});
+    app::RefreshPass pass(store, engine.fetching(), &currentInstant, settings,
+                          {.progress = progress});
     auto report = engine.await(pass.run(asked));
     showProgress("");
     auto& outcomes = report.outcomes;
@@ -104,4 +103,4 @@ void addRefreshCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

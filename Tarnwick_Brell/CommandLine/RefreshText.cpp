@@ -5,14 +5,14 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using desk::SourceOutcome;
+using app::SourceOutcome;
 
 constexpr std::string_view kNoStories = "no stories in it";
 
@@ -56,33 +56,32 @@ std::string outcomeText(const SourceOutcome& outcome) {
 
 }  // namespace
 
-void printReport(Session& session, const desk::PassReport& report) {
+void printReport(Session& session, const app::PassReport& report) {
     const auto& outcomes = report.outcomes;
     std::size_t columns = 0;
     for (const auto& outcome : outcomes)
         columns = std::max(columns, columnsOf(printable(outcome.source.name)));
-    desk::MergeCount total;
+    app::MergeCount total;
     for (const auto& outcome : outcomes) {
         const std::string indent(columns + 2, ' ');
         const auto text = wrapped(outcomeText(outcome), session.out().width(), indent);
         session.out().line(padTo(printable(outcome.source.name), columns + 2) +
                            text.substr(indent.size()));
         if (outcome.record.movedTo) {
-            session.out().line(
-                fmt::format("{}  has moved to {}", std::string(columns, ' '),
-                            printable(newsroom::maskedSecrets(*outcome.record.movedTo))));
+            session.out().line(fmt::format("{}  has moved to {}", std::string(columns, ' '),
+                                           printable(kit::maskedSecrets(*outcome.record.movedTo))));
         }
         total += outcome.merged;
     }
     session.out().line(fmt::format("{} new {} from {} {}.", total.added,
                                    total.added == 1 ? "story" : "stories", outcomes.size(),
                                    outcomes.size() == 1 ? "source" : "sources"));
-    if (report.clockSeemsWrong) session.out().line(desk::kClockSeemsWrong);
+    if (report.clockSeemsWrong) session.out().line(app::kClockSeemsWrong);
 }
 
-void printReportJSON(Session& session, const desk::PassReport& report) {
+void printReportJSON(Session& session, const app::PassReport& report) {
     boost::json::array sources;
-    desk::MergeCount total;
+    app::MergeCount total;
     for (const auto& outcome : report.outcomes) {
         total += outcome.merged;
         boost::json::object entry{
@@ -91,13 +90,13 @@ void printReportJSON(Session& session, const desk::PassReport& report) {
             {"outcome", outcomeName(outcome.kind)},
             {"added", outcome.merged.added},
             {"revised", outcome.merged.revised},
-            {"status", newsroom::encode(outcome.status)},
+            {"status", kit::encode(outcome.status)},
             {"bytes", outcome.record.bytesOnWire},
             {"milliseconds",
              std::chrono::duration_cast<std::chrono::milliseconds>(outcome.record.elapsed)
                  .count()}};
         if (outcome.error) entry["error"] = *outcome.error;
-        if (outcome.pausedUntil) entry["pausedUntil"] = newsroom::encode(*outcome.pausedUntil);
+        if (outcome.pausedUntil) entry["pausedUntil"] = kit::encode(*outcome.pausedUntil);
         if (outcome.merged.bulk) entry["bulk"] = true;
         if (outcome.isEmpty) entry["note"] = kNoStories;
         if (outcome.record.movedTo) entry["movedTo"] = *outcome.record.movedTo;
@@ -109,4 +108,4 @@ void printReportJSON(Session& session, const desk::PassReport& report) {
     session.out().line(boost::json::serialize(record));
 }
 
-}  // namespace brell
+}  // namespace cli

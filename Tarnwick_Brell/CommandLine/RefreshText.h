@@ -3,12 +3,12 @@
 #include "Tarnwick_Brell/CommandLine/Session.h"
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
 
-namespace brell {
+namespace cli {
 
 /// A line for each source, then what the pass brought in all.
-void printReport(Session& session, const desk::PassReport& report);
+void printReport(Session& session, const app::PassReport& report);
 
 /// {"sources": [{"id", "name", "outcome", "added", "revised", "status"…}], "added": …}
-void printReportJSON(Session& session, const desk::PassReport& report);
+void printReportJSON(Session& session, const app::PassReport& report);
 
-}  // namespace brell
+}  // namespace cli

@@ -4,17 +4,17 @@
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/Spans.h"
+#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::PlatformRelease;
-using newsroom::ReleaseChannel;
+using kit::PlatformRelease;
+using kit::ReleaseChannel;
 using Releases = std::vector<PlatformRelease>;
 
 struct ReleasesOptions {
@@ -44,12 +44,12 @@ void printReleases(Session& session, const Releases& releases) {
 
 int showReleases(Session& session, const ReleasesOptions& options) {
     const auto reading =
-        askTracker(session, options.stored, [](auto& tracker) { return tracker.releases(); });
+        fetchOrLoad(session, options.stored, [](auto& tracker) { return tracker.releases(); });
     return showTracker<Releases>(
         session, options.stored, reading,
         {.json =
              [](const Releases& releases) {
-                 return boost::json::object{{"platforms", newsroom::encode(releases)}};
+                 return boost::json::object{{"platforms", kit::encode(releases)}};
              },
          .text = [&](const Releases& releases) { printReleases(session, releases); }});
 }
@@ -60,7 +60,7 @@ int showHistory(Session& session) {
     const auto builds = session.storeForReading().builds().newest(most);
     auto& out = session.out();
     if (session.options().json) {
-        out.line(boost::json::serialize(newsroom::encode(builds)));
+        out.line(boost::json::serialize(kit::encode(builds)));
         return kDone;
     }
     if (builds.empty()) {
@@ -96,4 +96,4 @@ void addReleasesCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -7,16 +7,16 @@
 #include "Tarnwick_Brell/CommandLine/DailyBackup.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
-#include "Tarnwick_Brell/Shell/Premises.h"
+#include "Tarnwick_Brell/Shell/LaunchContext.h"
 #include "Tarnwick_Brell/Shell/WallClock.h"
-#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
-#include "Tarnwick_Brell/Storage/Paths.h"
-#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Storage/Settings/Paths.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
-namespace brell {
+namespace cli {
 
-using desk::currentInstant;
+using app::currentInstant;
 
 /// One run of the command line: its options, its output and the user's store. What a command
 /// does not ask for is not opened.
@@ -26,16 +26,16 @@ public:
 
     const GlobalOptions& options() const { return options_; }
     Output& out() { return out_; }
-    newsroom::Instant now() const { return now_; }
-    const desk::Paths& paths() const { return premises_.paths(); }
+    kit::Instant now() const { return now_; }
+    const app::Paths& paths() const { return premises_.paths(); }
     /// A line of the output that advises a command of brell.
     void advise(const std::string& sentence);
 
     /// The library for a command that changes it: to be asked for before anything reads it.
-    /// Throws desk::StoreError.
-    desk::LocalStore& store();
+    /// Throws app::StoreError.
+    app::LocalStore& store();
     /// The library for a command that only reads; an empty one when there is none yet.
-    desk::LocalStore& storeForReading();
+    app::LocalStore& storeForReading();
     /// Gives `work` the library, for a command that shows what it fetches and also stores it.
     /// Where the library cannot be written, a full disk for example, the user is warned and the
     /// work is done, once more if need be, with an empty library in memory.
@@ -43,32 +43,33 @@ public:
     auto storing(const Work& work) {
         try {
             return work(store());
-        } catch (const desk::StoreError& error) {
+        } catch (const app::StoreError& error) {
             warnNothingStored(error);
         }
-        desk::LocalStore passing(desk::Database::kInMemory, desk::Database::Access::readWrite);
+        app::LocalStore passing(app::Database::kInMemory, app::Database::Access::readWrite);
         return work(passing);
     }
 
-    desk::Defaults& defaults();
+    app::Defaults& defaults();
 
     /// How to reach the network. To be asked before the store: for the demonstration it
     /// starts the press room, which may begin a new world with an empty library.
-    newsroom::CurlTransport::Options network();
+    kit::CurlTransport::Options network();
 
 private:
-    /// Throws the error that is being handled again when it tells of anything but a place that can't be written.
-    static void warnNothingStored(const desk::StoreError& error);
+    /// Throws the error that is being handled again when it tells of anything but a place that
+    /// can't be written.
+    static void warnNothingStored(const app::StoreError& error);
 
     GlobalOptions options_;
     Output out_;
-    newsroom::Instant now_;
-    desk::Premises premises_;
-    desk::ProgramLog log_;
-    std::unique_ptr<desk::LocalStore> store_;
+    kit::Instant now_;
+    app::LaunchContext premises_;
+    app::ProgramLog log_;
+    std::unique_ptr<app::LocalStore> store_;
     bool isForReading_ = false;
-    std::unique_ptr<desk::Defaults> defaults_;
+    std::unique_ptr<app::Defaults> defaults_;
     std::unique_ptr<DailyBackup> backup_;
 };
 
-}  // namespace brell
+}  // namespace cli

@@ -7,14 +7,14 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Signals/DeviceIdentifier.h"
+#include "NewsroomKit/Trackers/Signing/DeviceIdentifier.h"
 #include "Tarnwick_Brell/Arguments/Suggestion.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -23,23 +23,23 @@ struct SettingsOptions {
     std::optional<std::string> value;
 };
 
-const desk::SettingKey& knownKey(const std::string& name) {
-    if (const auto* key = desk::Defaults::key(name)) return *key;
+const app::SettingKey& knownKey(const std::string& name) {
+    if (const auto* key = app::Defaults::key(name)) return *key;
     std::vector<std::string> known;
-    for (const auto& key : desk::Defaults::keys()) known.emplace_back(key.name);
+    for (const auto& key : app::Defaults::keys()) known.emplace_back(key.name);
     throw WrongUsage(fmt::format("There is no setting named {}.{} brell settings lists them.", name,
                                  arguments::didYouMean(name, known)));
 }
 
 /// What holds, and whether the user said so.
-std::string shownValue(const desk::SettingKey& key, const std::optional<std::string>& stored) {
+std::string shownValue(const app::SettingKey& key, const std::optional<std::string>& stored) {
     if (stored) return printable(*stored);
     return key.absent.empty() ? std::string("(not set)") : fmt::format("{} (default)", key.absent);
 }
 
 /// In the type that scripts expect of it.
-boost::json::value typedValue(const desk::SettingKey& key, const std::string& text) {
-    using Type = desk::SettingKey::Type;
+boost::json::value typedValue(const app::SettingKey& key, const std::string& text) {
+    using Type = app::SettingKey::Type;
     switch (key.type) {
         case Type::wholeNumber: {
             std::int64_t number = 0;
@@ -52,13 +52,13 @@ boost::json::value typedValue(const desk::SettingKey& key, const std::string& te
         case Type::truthValue: return text == "true";
         case Type::deviceList:
             return boost::json::value_from(
-                newsroom::parseDeviceList(text).value_or(std::vector<std::string>{}));
+                kit::parseDeviceList(text).value_or(std::vector<std::string>{}));
         default: return boost::json::value(text);
     }
 }
 
-std::string_view typeName(desk::SettingKey::Type type) {
-    using Type = desk::SettingKey::Type;
+std::string_view typeName(app::SettingKey::Type type) {
+    using Type = app::SettingKey::Type;
     switch (type) {
         case Type::wholeNumber: return "number";
         case Type::truthValue: return "boolean";
@@ -74,7 +74,7 @@ std::string_view typeName(desk::SettingKey::Type type) {
 
 /// "value" is what holds, "isSet" whether the user said so. A setting without a default that is
 /// not set has neither "default" nor "value".
-boost::json::object settingRecord(const desk::SettingKey& key,
+boost::json::object settingRecord(const app::SettingKey& key,
                                   const std::optional<std::string>& stored) {
     boost::json::object record{{"type", typeName(key.type)}, {"meaning", key.meaning}};
     if (!key.absent.empty()) record["default"] = typedValue(key, std::string(key.absent));
@@ -97,7 +97,7 @@ int listSettings(Session& session) {
     boost::json::object object;
     TextTable table({Column::whole("setting"), Column::cut("value", 20),
                      Column::cut("meaning", 24).dropped(1)});
-    for (const auto& key : desk::Defaults::keys()) {
+    for (const auto& key : app::Defaults::keys()) {
         const auto stored = defaults.text(key.name);
         object[key.name] = settingRecord(key, stored);
         table.add({std::string(key.name), shownValue(key, stored), std::string(key.meaning)});
@@ -148,4 +148,4 @@ void addSettingsCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

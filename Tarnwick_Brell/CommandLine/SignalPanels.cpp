@@ -7,7 +7,7 @@
 #include "Tarnwick_Brell/Signals/LastSignals.h"
 #include "Tarnwick_Brell/Signals/SigningNews.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -16,15 +16,15 @@ using Lines = std::vector<std::string>;
 // A build counts once, for however many devices it changed.
 constexpr std::size_t kMostDevices = 40;
 
-std::string lineOf(PanelHoldings& holdings, newsroom::Instant when, const std::string& sentence) {
+std::string lineOf(PanelHoldings& holdings, kit::Instant when, const std::string& sentence) {
     constexpr std::size_t kAgeColumns = 11;
     return padTo(age(when, holdings.now()), kAgeColumns) + " " + printable(sentence);
 }
 
 /// The reading that was fetched longest ago, of those that were fetched.
-desk::TrackerReading<newsroom::SigningStatus> oldestSigning(PanelHoldings& holdings) {
-    desk::LastSignals last(holdings.session().storeForReading());
-    desk::TrackerReading<newsroom::SigningStatus> oldest;
+app::TrackerReading<kit::SigningStatus> oldestSigning(PanelHoldings& holdings) {
+    app::LastSignals last(holdings.session().storeForReading());
+    app::TrackerReading<kit::SigningStatus> oldest;
     for (const auto& device : holdings.session().defaults().signingDevices()) {
         const auto reading = last.signing(device);
         if (!reading.fetchedAt) continue;
@@ -35,13 +35,13 @@ desk::TrackerReading<newsroom::SigningStatus> oldestSigning(PanelHoldings& holdi
 
 }  // namespace
 
-Lines recordsLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel) {
+Lines recordsLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
     const auto reading = oldestSigning(holdings);
     const auto changes =
         holdings.session().storeForReading().signing().newest(lineCount(panel) * kMostDevices);
     if (!reading.value && changes.empty()) return nothingYet(holdings, reading, "signing");
     Lines lines;
-    for (const auto& news : desk::signingNews(changes)) {
+    for (const auto& news : app::signingNews(changes)) {
         if (lines.size() == lineCount(panel)) break;
         lines.push_back(lineOf(holdings, news.seenAt, news.sentence()));
     }
@@ -52,13 +52,13 @@ Lines recordsLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel) {
     return lines;
 }
 
-Lines backendLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel) {
-    const auto reading = desk::LastSignals(holdings.session().storeForReading()).updates();
+Lines backendLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
+    const auto reading = app::LastSignals(holdings.session().storeForReading()).updates();
     const auto changes = holdings.session().storeForReading().offers().newest(lineCount(panel));
     if (!reading.value && changes.empty()) return nothingYet(holdings, reading, "updates");
     Lines lines;
     for (const auto& change : changes) {
-        lines.push_back(lineOf(holdings, change.seenAt, desk::sentence(change)));
+        lines.push_back(lineOf(holdings, change.seenAt, app::sentence(change)));
     }
     if (lines.empty()) {
         lines.emplace_back("No change has been seen yet. Posted last:");
@@ -73,4 +73,4 @@ Lines backendLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel) {
     return lines;
 }
 
-}  // namespace brell
+}  // namespace cli

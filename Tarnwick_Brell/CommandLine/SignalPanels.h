@@ -7,9 +7,9 @@
 #include "Tarnwick_Brell/CommandLine/PanelHoldings.h"
 
 /// The panels that show what changed in firmware signing and in the update catalogue.
-namespace brell {
+namespace cli {
 
-std::vector<std::string> recordsLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel);
-std::vector<std::string> backendLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel);
+std::vector<std::string> recordsLines(PanelHoldings& holdings, const kit::PanelSpec& panel);
+std::vector<std::string> backendLines(PanelHoldings& holdings, const kit::PanelSpec& panel);
 
-}  // namespace brell
+}  // namespace cli

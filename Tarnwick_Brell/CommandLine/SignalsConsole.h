@@ -9,13 +9,13 @@
 #include "Tarnwick_Brell/Signals/SignalsRefresh.h"
 
 /// What the commands for signing, updates and charts have in common.
-namespace brell {
+namespace cli {
 
 /// One of several files that are asked for together.
 template <class T>
 struct NamedReading {
     std::string name;
-    desk::TrackerReading<T> reading;
+    app::TrackerReading<T> reading;
 };
 
 template <class T>
@@ -27,16 +27,16 @@ inline constexpr std::chrono::seconds kSilence{10};
 /// Asks the service for each name, one after another. A server that is silent once is not waited
 /// for again.
 template <class T, class Ask>
-NamedReadings<T> fetchSignals(Engine& engine, desk::LocalStore& store,
+NamedReadings<T> fetchSignals(BlockingFetcher& engine, app::LocalStore& store,
                               const std::vector<std::string>& names, const Ask& ask) {
     NamedReadings<T> readings;
     bool isSilent = false;
-    desk::SignalsRefresh refresh(store, engine.http(), &currentInstant);
+    app::SignalsRefresh refresh(store, engine.http(), &currentInstant);
     for (const auto& name : names) {
         showProgress("Asking, " + std::to_string(readings.size() + 1) + " of " +
                      std::to_string(names.size()));
         if (isSilent) {
-            desk::LastSignals last(store);
+            app::LastSignals last(store);
             readings.push_back({name, ask(last, name)});
             readings.back().reading.error = name + ": The server is silent and was not asked.";
             continue;
@@ -56,14 +56,13 @@ NamedReadings<T> askSignals(Session& session, bool isStored, const std::vector<s
                             Ask ask) {
     if (isStored) {
         NamedReadings<T> readings;
-        desk::LastSignals last(session.storeForReading());
+        app::LastSignals last(session.storeForReading());
         for (const auto& name : names) readings.push_back({name, ask(last, name)});
         return readings;
     }
-    Engine engine(session.network(), newsroom::Conditional::no);
-    return session.storing([&](desk::LocalStore& store) {
-        return fetchSignals<T>(engine, store, names, ask);
-    });
+    BlockingFetcher engine(session.network(), kit::Conditional::no);
+    return session.storing(
+        [&](app::LocalStore& store) { return fetchSignals<T>(engine, store, names, ask); });
 }
 
 template <class T>
@@ -83,7 +82,7 @@ void requireSome(const NamedReadings<T>& readings, bool isStored) {
         if (reading.value) return;
         if (!failure.error) failure.error = reading.error;
     }
-    tellNothingThere(isStored, failure);
+    failWithoutData(isStored, failure);
 }
 
-}  // namespace brell
+}  // namespace cli

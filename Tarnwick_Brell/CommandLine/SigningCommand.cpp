@@ -2,18 +2,18 @@
 #include <string>
 #include <vector>
 
-#include "NewsroomKit/Signals/DeviceIdentifier.h"
+#include "NewsroomKit/Trackers/Signing/DeviceIdentifier.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/SignalsConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::SigningStatus;
+using kit::SigningStatus;
 using Readings = NamedReadings<SigningStatus>;
 
 struct SigningOptions {
@@ -26,7 +26,7 @@ boost::json::object objectOf(const NamedReading<SigningStatus>& device) {
     boost::json::object object{{"device", device.name}};
     if (const auto& status = device.reading.value) {
         object["name"] = status->name;
-        object["builds"] = newsroom::encode(status->builds);
+        object["builds"] = kit::encode(status->builds);
     }
     addNote(object, {device.reading.fetchedAt, device.reading.error});
     return object;
@@ -99,7 +99,7 @@ int showHistory(Session& session, const SigningOptions& options) {
     const auto changes = session.storeForReading().signing().newest(most, options.device);
     auto& out = session.out();
     if (session.options().json) {
-        out.line(boost::json::serialize(newsroom::encode(changes)));
+        out.line(boost::json::serialize(kit::encode(changes)));
         return kDone;
     }
     if (changes.empty()) {
@@ -119,7 +119,7 @@ int showHistory(Session& session, const SigningOptions& options) {
 }
 
 int runSigning(Session& session, const SigningOptions& options) {
-    if (!options.device.empty() && !newsroom::isDeviceIdentifier(options.device)) {
+    if (!options.device.empty() && !kit::isDeviceIdentifier(options.device)) {
         throw WrongUsage("\"" + options.device + "\" is no model such as iPhone18,3.");
     }
     return options.history ? showHistory(session, options) : showSigning(session, options);
@@ -144,4 +144,4 @@ void addSigningCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

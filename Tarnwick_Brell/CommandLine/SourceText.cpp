@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-namespace brell {
+namespace cli {
 
 std::string collapsedText(std::int64_t stories, std::int64_t collapsed) {
     if (collapsed == 0) return {};
@@ -16,4 +16,4 @@ std::string storyCountText(std::int64_t stories, std::int64_t collapsed) {
                        collapsedText(stories, collapsed));
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -7,7 +7,7 @@
 #include "Tarnwick_Brell/Desk/SourceImport.h"
 
 /// What `brell sources` and its subcommands do; each gives the exit status.
-namespace brell {
+namespace cli {
 
 int listSources(Session& session);
 int showSourceConsole(Session& session);
@@ -20,6 +20,6 @@ int renameSource(Session& session, const std::string& id, const std::string& nam
 int removeSources(Session& session, const std::vector<std::string>& ids);
 
 int importSources(Session& session, const std::string& file, bool preview);
-int exportSources(Session& session, desk::ExportScope scope, bool withSecrets);
+int exportSources(Session& session, app::ExportScope scope, bool withSecrets);
 
-}  // namespace brell
+}  // namespace cli

@@ -7,38 +7,38 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
-#include "NewsroomKit/Sources/SourceShape.h"
-#include "Tarnwick_Brell/CommandLine/Engine.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
+#include "NewsroomKit/Sources/SourceJSON.h"
+#include "Tarnwick_Brell/CommandLine/BlockingFetcher.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/SourceText.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
-#include "Tarnwick_Brell/Desk/SourceAdding.h"
+#include "Tarnwick_Brell/Desk/SourceAdder.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
 template <class T>
-const T& valueOf(const std::variant<T, desk::AddSourceError>& result) {
-    if (const auto* error = std::get_if<desk::AddSourceError>(&result)) {
+const T& valueOf(const std::variant<T, app::AddSourceError>& result) {
+    if (const auto* error = std::get_if<app::AddSourceError>(&result)) {
         throw WorkFailed(printable(error->description()));
     }
     return std::get<T>(result);
 }
 
-std::string storiesOf(const desk::AddressCheck& check) {
+std::string storiesOf(const app::AddressCheck& check) {
     return std::to_string(check.storyCount) +
            collapsedText(static_cast<std::int64_t>(check.storyCount),
                          static_cast<std::int64_t>(check.collapsed)) +
            (check.tooOld > 0 ? fmt::format(", {} too old to be kept", check.tooOld) : "");
 }
 
-void printCheck(Session& session, const desk::AddressCheck& check) {
+void printCheck(Session& session, const app::AddressCheck& check) {
     auto& out = session.out();
     out.line(out.bold(printable(check.name)));
-    out.line("feed     " + printable(newsroom::maskedSecrets(check.feedURL)));
+    out.line("feed     " + printable(kit::maskedSecrets(check.feedURL)));
     out.line("site     " + printable(check.siteURL));
     out.line(
         fmt::format("stories  {}{}", storiesOf(check),
@@ -48,26 +48,26 @@ void printCheck(Session& session, const desk::AddressCheck& check) {
     }
 }
 
-boost::json::object recordOf(const desk::AddressCheck& check) {
+boost::json::object recordOf(const app::AddressCheck& check) {
     boost::json::object record{{"name", check.name},
                                {"feedURL", check.feedURL},
                                {"siteURL", check.siteURL},
                                {"storyCount", check.storyCount},
                                {"collapsed", check.collapsed},
                                {"tooOld", check.tooOld},
-                               {"titles", newsroom::encode(check.titles)}};
-    if (check.newestStory) record["newestStory"] = newsroom::encode(*check.newestStory);
+                               {"titles", kit::encode(check.titles)}};
+    if (check.newestStory) record["newestStory"] = kit::encode(*check.newestStory);
     return record;
 }
 
 }  // namespace
 
 int checkAddress(Session& session, const std::string& address) {
-    Engine engine(session.network(), newsroom::Conditional::no);
+    BlockingFetcher engine(session.network(), kit::Conditional::no);
     auto& store = session.storeForReading();
-    desk::SourceRoster roster(store.sources());
-    desk::SourceAdding adding(store, roster, engine.fetching(), &currentInstant,
-                              std::chrono::duration<double>(session.defaults().storyRetention()));
+    app::SourceRegistry roster(store.sources());
+    app::SourceAdder adding(store, roster, engine.fetching(), &currentInstant,
+                            std::chrono::duration<double>(session.defaults().storyRetention()));
     const auto checked = engine.await(adding.check(address));
     const auto& check = valueOf(checked);
     if (session.options().json) {
@@ -80,19 +80,19 @@ int checkAddress(Session& session, const std::string& address) {
 
 /// What was added before a failure stays added, and is told.
 int addSources(Session& session, const std::vector<std::string>& addresses, bool unchecked) {
-    Engine engine(session.network(), newsroom::Conditional::no);
+    BlockingFetcher engine(session.network(), kit::Conditional::no);
     auto& store = session.store();
-    desk::SourceRoster roster(store.sources());
-    desk::SourceAdding adding(store, roster, engine.fetching(), &currentInstant,
-                              std::chrono::duration<double>(session.defaults().storyRetention()));
+    app::SourceRegistry roster(store.sources());
+    app::SourceAdder adding(store, roster, engine.fetching(), &currentInstant,
+                            std::chrono::duration<double>(session.defaults().storyRetention()));
     boost::json::array added;
     std::exception_ptr failure;
     for (const auto& address : addresses) {
         try {
             const auto result =
-                unchecked ? adding.addUnchecked(address) : engine.await(adding.add(address));
+                unchecked ? adding.addWithoutFetching(address) : engine.await(adding.add(address));
             const auto& source = valueOf(result);
-            added.push_back(newsroom::encode(source));
+            added.push_back(kit::encode(source));
             if (session.options().json) continue;
             session.out().line(fmt::format("Added {} ({}).", printable(source.name), source.id));
         } catch (const WorkFailed&) {
@@ -107,4 +107,4 @@ int addSources(Session& session, const std::vector<std::string>& addresses, bool
     return kDone;
 }
 
-}  // namespace brell
+}  // namespace cli

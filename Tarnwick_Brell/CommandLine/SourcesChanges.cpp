@@ -5,21 +5,21 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Sources/SourceShape.h"
+#include "NewsroomKit/Sources/SourceJSON.h"
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
-#include "Tarnwick_Brell/Desk/SourceRoster.h"
+#include "Tarnwick_Brell/Desk/SourceRegistry.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::NewsSource;
+using kit::NewsSource;
 
-const NewsSource& ownSource(const desk::SourceRoster& roster, const std::string& id,
+const NewsSource& ownSource(const app::SourceRegistry& roster, const std::string& id,
                             std::string_view advice) {
     const auto& source = sourceNamed(roster, id);
     if (source.kind == NewsSource::Kind::custom) return source;
@@ -30,7 +30,7 @@ const NewsSource& ownSource(const desk::SourceRoster& roster, const std::string&
 
 int switchSources(Session& session, const std::vector<std::string>& ids, bool enabled) {
     auto& store = session.store();
-    desk::SourceRoster roster(store.sources());
+    app::SourceRegistry roster(store.sources());
     for (const auto& id : ids) sourceNamed(roster, id);
     auto transaction = store.transaction();
     for (const auto& id : ids) roster.setEnabled(id, enabled);
@@ -48,13 +48,13 @@ int switchSources(Session& session, const std::vector<std::string>& ids, bool en
 }
 
 int renameSource(Session& session, const std::string& id, const std::string& name) {
-    const auto wanted = printable(newsroom::trimWhitespaceAndNewlines(name));
+    const auto wanted = printable(kit::trimWhitespaceAndNewlines(name));
     if (wanted.empty()) throw WrongUsage("A source needs a name.");
-    desk::SourceRoster roster(session.store().sources());
+    app::SourceRegistry roster(session.store().sources());
     const auto former = ownSource(roster, id, "its name can't be changed").name;
     roster.rename(id, wanted);
     if (session.options().json) {
-        session.out().line(boost::json::serialize(newsroom::encode(sourceNamed(roster, id))));
+        session.out().line(boost::json::serialize(kit::encode(sourceNamed(roster, id))));
     } else {
         session.out().line(fmt::format("{} is now named {}.", printable(former), wanted));
     }
@@ -64,7 +64,7 @@ int renameSource(Session& session, const std::string& id, const std::string& nam
 /// All of them or none.
 int removeSources(Session& session, const std::vector<std::string>& ids) {
     auto& store = session.store();
-    desk::SourceRoster roster(store.sources());
+    app::SourceRegistry roster(store.sources());
     std::vector<NewsSource> removed;
     for (const auto& id : ids) {
         const auto& source = ownSource(roster, id, "disable it instead");
@@ -77,7 +77,7 @@ int removeSources(Session& session, const std::vector<std::string>& ids) {
     transaction.commit();
 
     if (session.options().json) {
-        session.out().line(boost::json::serialize(newsroom::encode(removed)));
+        session.out().line(boost::json::serialize(kit::encode(removed)));
         return kDone;
     }
     for (const auto& source : removed) {
@@ -87,4 +87,4 @@ int removeSources(Session& session, const std::vector<std::string>& ids) {
     return kDone;
 }
 
-}  // namespace brell
+}  // namespace cli

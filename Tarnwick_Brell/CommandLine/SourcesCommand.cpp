@@ -5,7 +5,7 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -92,8 +92,8 @@ void addExchange(arguments::Command& sources, Command& chosen, Options options) 
     exporting.flag("--with-secrets", options->withSecrets,
                    "Keep addresses that carry a password or key");
     setAction(exporting, chosen, options, [](Session& session, const SourcesOptions& o) {
-        return exportSources(
-            session, o.own ? desk::ExportScope::own : desk::ExportScope::subscribed, o.withSecrets);
+        return exportSources(session, o.own ? app::ExportScope::own : app::ExportScope::subscribed,
+                             o.withSecrets);
     });
 }
 
@@ -111,4 +111,4 @@ void addSourcesCommand(arguments::Command& app, Command& chosen) {
     addExchange(command, chosen, options);
 }
 
-}  // namespace brell
+}  // namespace cli

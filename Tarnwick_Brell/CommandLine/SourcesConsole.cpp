@@ -5,33 +5,33 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/SourceText.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
-#include "Tarnwick_Brell/Desk/SourceRoster.h"
+#include "Tarnwick_Brell/Desk/SourceRegistry.h"
 #include "Tarnwick_Brell/Desk/SourceSchedule.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::Instant;
-using newsroom::NewsSource;
+using kit::Instant;
+using kit::NewsSource;
 
 /// One source as its keeper sees it.
 struct ConsoleRow {
     const NewsSource& source;
     bool enabled = false;
-    desk::SourceStatus status{};
-    desk::SourceHealth health{};
+    app::SourceStatus status{};
+    app::SourceHealth health{};
     std::optional<Instant> pausedUntil{};
     std::optional<Instant> nextTry{};  ///< nothing: with the next pass
 };
 
-std::vector<ConsoleRow> consoleRows(desk::LocalStore& store, const desk::SourceRoster& roster,
+std::vector<ConsoleRow> consoleRows(app::LocalStore& store, const app::SourceRegistry& roster,
                                     Instant now) {
     auto statuses = store.sources().statuses();
     auto healths = store.sources().healths();
@@ -42,8 +42,8 @@ std::vector<ConsoleRow> consoleRows(desk::LocalStore& store, const desk::SourceR
                         .enabled = roster.isEnabled(source),
                         .status = statuses[source.id],
                         .health = healths[source.id],
-                        .pausedUntil = desk::pauseOf(source, pauses, now),
-                        .nextTry = desk::nextTry(source, statuses[source.id], pauses, now)});
+                        .pausedUntil = app::pauseOf(source, pauses, now),
+                        .nextTry = app::nextTry(source, statuses[source.id], pauses, now)});
     }
     return rows;
 }
@@ -86,7 +86,7 @@ void addNotes(TextTable& table, const ConsoleRow& row) {
     }
     if (health.movedTo) {
         table.addNote(fmt::format("Its feed has moved for good to {}",
-                                  printable(newsroom::maskedSecrets(*health.movedTo))));
+                                  printable(kit::maskedSecrets(*health.movedTo))));
     }
     if (health.collapsed > 0) {
         table.addNote(storyCountText(status.storyCount, health.collapsed) + ".");
@@ -130,10 +130,10 @@ void printJSON(Session& session, const std::vector<ConsoleRow>& rows) {
         boost::json::object record{{"id", row.source.id},
                                    {"name", row.source.name},
                                    {"enabled", row.enabled},
-                                   {"status", newsroom::encode(row.status)},
-                                   {"health", newsroom::encode(row.health)}};
-        if (row.pausedUntil) record["pausedUntil"] = newsroom::encode(*row.pausedUntil);
-        if (row.nextTry) record["nextTry"] = newsroom::encode(*row.nextTry);
+                                   {"status", kit::encode(row.status)},
+                                   {"health", kit::encode(row.health)}};
+        if (row.pausedUntil) record["pausedUntil"] = kit::encode(*row.pausedUntil);
+        if (row.nextTry) record["nextTry"] = kit::encode(*row.nextTry);
         list.push_back(std::move(record));
     }
     session.out().line(boost::json::serialize(list));
@@ -143,10 +143,10 @@ void printJSON(Session& session, const std::vector<ConsoleRow>& rows) {
 
 int showSourceConsole(Session& session) {
     auto& store = session.storeForReading();
-    const desk::SourceRoster roster(store.sources());
+    const app::SourceRegistry roster(store.sources());
     const auto rows = consoleRows(store, roster, session.now());
     session.options().json ? printJSON(session, rows) : printTable(session, rows);
     return kDone;
 }
 
-}  // namespace brell
+}  // namespace cli

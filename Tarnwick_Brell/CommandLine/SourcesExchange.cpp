@@ -3,27 +3,27 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Outlines/OutlineParser.h"
 #include "NewsroomKit/Outlines/OutlineWriter.h"
-#include "NewsroomKit/Sources/SourceShape.h"
+#include "NewsroomKit/Sources/SourceJSON.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/InputFile.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
-#include "Tarnwick_Brell/Desk/SourceRoster.h"
+#include "Tarnwick_Brell/Desk/SourceRegistry.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
 constexpr std::size_t kWidestName = 40;
 
-boost::json::object recordOf(const newsroom::OutlineFeed& feed) {
+boost::json::object recordOf(const kit::OutlineFeed& feed) {
     return {{"name", feed.title}, {"feedURL", feed.feedURL}, {"siteURL", feed.siteURL}};
 }
 
-void printJSON(Session& session, const desk::ImportPreview& preview, boost::json::array added) {
+void printJSON(Session& session, const app::ImportPreview& preview, boost::json::array added) {
     boost::json::array known, refused;
     for (const auto& entry : preview.known) {
         auto record = recordOf(entry.feed);
@@ -45,10 +45,10 @@ std::string counted(std::size_t count) {
 }
 
 /// What stays as it is, and why.
-void printLeftOut(Session& session, const desk::ImportPreview& preview) {
+void printLeftOut(Session& session, const app::ImportPreview& preview) {
     const auto row = [&](std::string_view name, std::string_view remark) {
         session.out().line(fmt::format(
-            "  {}  {}", padTo(printable(newsroom::maskedSecrets(name)), kWidestName), remark));
+            "  {}  {}", padTo(printable(kit::maskedSecrets(name)), kWidestName), remark));
     };
     if (!preview.known.empty()) {
         session.out().line(fmt::format("Known already: {}.", counted(preview.known.size())));
@@ -61,7 +61,7 @@ void printLeftOut(Session& session, const desk::ImportPreview& preview) {
     for (const auto& entry : preview.refused) row(entry.text, label(entry.reason));
 }
 
-int showImport(Session& session, const desk::ImportPreview& preview) {
+int showImport(Session& session, const app::ImportPreview& preview) {
     if (session.options().json) {
         boost::json::array fresh;
         for (const auto& feed : preview.fresh) fresh.push_back(recordOf(feed));
@@ -71,7 +71,7 @@ int showImport(Session& session, const desk::ImportPreview& preview) {
     session.out().line(fmt::format("Would be added: {}.", counted(preview.fresh.size())));
     for (const auto& feed : preview.fresh) {
         session.out().line(fmt::format("  {}  {}", padTo(printable(feed.title), kWidestName),
-                                       printable(newsroom::maskedSecrets(feed.feedURL))));
+                                       printable(kit::maskedSecrets(feed.feedURL))));
     }
     printLeftOut(session, preview);
     return kDone;
@@ -80,16 +80,16 @@ int showImport(Session& session, const desk::ImportPreview& preview) {
 }  // namespace
 
 int importSources(Session& session, const std::string& file, bool preview) {
-    auto parsed = newsroom::parseOutlines(readInput(file, newsroom::outlineByteLimit));
+    auto parsed = kit::parseOutlines(readInput(file, kit::outlineByteLimit));
     if (!parsed) throw WorkFailed(std::string(description(parsed.error())));
     auto& store = preview ? session.storeForReading() : session.store();
-    desk::SourceRoster roster(store.sources());
-    const auto plan = desk::previewImport(std::move(parsed.value()), roster);
+    app::SourceRegistry roster(store.sources());
+    const auto plan = app::previewImport(std::move(parsed.value()), roster);
     if (preview) return showImport(session, plan);
 
-    const auto added = desk::applyImport(plan, store, roster);
+    const auto added = app::applyImport(plan, store, roster);
     if (session.options().json) {
-        printJSON(session, plan, newsroom::encode(added).get_array());
+        printJSON(session, plan, kit::encode(added).get_array());
         return kDone;
     }
     session.out().line(fmt::format("Added: {}.", counted(added.size())));
@@ -101,15 +101,15 @@ int importSources(Session& session, const std::string& file, bool preview) {
     return kDone;
 }
 
-int exportSources(Session& session, desk::ExportScope scope, bool withSecrets) {
-    const desk::SourceRoster roster(session.storeForReading().sources());
-    auto outlines = desk::exportedSources(roster, scope);
+int exportSources(Session& session, app::ExportScope scope, bool withSecrets) {
+    const app::SourceRegistry roster(session.storeForReading().sources());
+    auto outlines = app::exportedSources(roster, scope);
     boost::json::array withheld;
     for (auto& feed : outlines.feeds) {
         if (withSecrets) continue;
-        feed.title = newsroom::maskedSecrets(feed.title);
-        if (newsroom::carriesSecret(feed.siteURL)) feed.siteURL.clear();
-        if (!newsroom::carriesSecret(feed.feedURL)) continue;
+        feed.title = kit::maskedSecrets(feed.title);
+        if (kit::carriesSecret(feed.siteURL)) feed.siteURL.clear();
+        if (!kit::carriesSecret(feed.feedURL)) continue;
         feed.feedURL.clear();
         withheld.emplace_back(feed.title);
         fmt::print(stderr,
@@ -117,7 +117,7 @@ int exportSources(Session& session, desk::ExportScope scope, bool withSecrets) {
                    "--with-secrets keeps it.\n",
                    printable(feed.title));
     }
-    const auto list = newsroom::writeOutlines(outlines);
+    const auto list = kit::writeOutlines(outlines);
     if (session.options().json) {
         session.out().line(boost::json::serialize(boost::json::object{
             {"count", outlines.feeds.size()}, {"withheld", std::move(withheld)}, {"opml", list}}));
@@ -127,4 +127,4 @@ int exportSources(Session& session, desk::ExportScope scope, bool withSecrets) {
     return kDone;
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -3,22 +3,22 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Sources/SourceShape.h"
+#include "NewsroomKit/Sources/SourceJSON.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/SourceText.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
-#include "Tarnwick_Brell/Desk/SourceRoster.h"
+#include "Tarnwick_Brell/Desk/SourceRegistry.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::NewsSource;
+using kit::NewsSource;
 
-std::string statusText(const NewsSource& source, const desk::SourceStatus& status,
-                       const desk::SourceHealth& health, newsroom::Instant now) {
+std::string statusText(const NewsSource& source, const app::SourceStatus& status,
+                       const app::SourceHealth& health, kit::Instant now) {
     if (status.lastError) return "failing";
     if (!status.lastSuccess) return "never fetched";
     const bool isNoneOfApple = source.onlyApple && status.storyCount == 0;
@@ -30,14 +30,14 @@ std::string statusText(const NewsSource& source, const desk::SourceStatus& statu
                            : age(*status.lastSuccess, now) + " ago");
 }
 
-int listAsJSON(Session& session, desk::LocalStore& store, const desk::SourceRoster& roster) {
+int listAsJSON(Session& session, app::LocalStore& store, const app::SourceRegistry& roster) {
     auto statuses = store.sources().statuses();
     auto healths = store.sources().healths();
     boost::json::array list;
     for (const auto& source : roster.sources()) {
-        auto record = newsroom::encode(source).get_object();
+        auto record = kit::encode(source).get_object();
         record["enabled"] = roster.isEnabled(source);
-        record["status"] = newsroom::encode(statuses[source.id]);
+        record["status"] = kit::encode(statuses[source.id]);
         record["collapsed"] = healths[source.id].collapsed;
         list.push_back(std::move(record));
     }
@@ -49,7 +49,7 @@ int listAsJSON(Session& session, desk::LocalStore& store, const desk::SourceRost
 
 int listSources(Session& session) {
     auto& store = session.storeForReading();
-    const desk::SourceRoster roster(store.sources());
+    const app::SourceRegistry roster(store.sources());
     if (session.options().json) return listAsJSON(session, store, roster);
     auto statuses = store.sources().statuses();
     auto healths = store.sources().healths();
@@ -70,4 +70,4 @@ int listSources(Session& session) {
     return kDone;
 }
 
-}  // namespace brell
+}  // namespace cli

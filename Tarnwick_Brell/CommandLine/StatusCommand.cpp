@@ -9,12 +9,12 @@
 #include "Tarnwick_Brell/CommandLine/StatusText.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::AppleServiceStatus;
-using newsroom::StatusAudience;
+using kit::AppleServiceStatus;
+using kit::StatusFeed;
 using Services = AppleServiceStatus::Services;
 
 // As long as the public status page tells what is over.
@@ -27,15 +27,13 @@ struct StatusOptions {
     bool log = false;
     std::string logText;
 
-    StatusAudience audience() const {
-        return developer ? StatusAudience::developer : StatusAudience::consumer;
-    }
+    StatusFeed audience() const { return developer ? StatusFeed::developer : StatusFeed::consumer; }
 };
 
 boost::json::array reportList(const std::vector<AppleServiceStatus::Report>& reports) {
     boost::json::array list;
     for (const auto& report : reports) {
-        auto object = newsroom::encode(report).get_object();
+        auto object = kit::encode(report).get_object();
         object["id"] = report.id();
         list.push_back(std::move(object));
     }
@@ -45,14 +43,14 @@ boost::json::array reportList(const std::vector<AppleServiceStatus::Report>& rep
 int showStatus(Session& session, const StatusOptions& options) {
     const auto cutOff = session.now() - kRecent;
     const auto audience = options.audience();
-    const auto reading = askTracker(session, options.stored,
-                                    [&](auto& tracker) { return tracker.status(audience); });
+    const auto reading = fetchOrLoad(session, options.stored,
+                                     [&](auto& tracker) { return tracker.status(audience); });
     return showTracker<Services>(
         session, options.stored, reading,
         {.json =
              [&](const Services& services) {
                  boost::json::object object{
-                     {"services", newsroom::encode(services)},
+                     {"services", kit::encode(services)},
                      {"ongoing", reportList(AppleServiceStatus::ongoingReports(services))}};
                  if (options.recent) {
                      object["recent"] =
@@ -74,12 +72,12 @@ int showLog(Session& session, const StatusOptions& options) {
     constexpr std::size_t most = 10'000;
     auto incidents = session.storeForReading().incidents().find(options.logText, most);
     if (options.developer) {
-        std::erase_if(incidents, [](const desk::LoggedIncident& incident) {
-            return incident.audience != StatusAudience::developer;
+        std::erase_if(incidents, [](const app::LoggedIncident& incident) {
+            return incident.audience != StatusFeed::developer;
         });
     }
     if (session.options().json) {
-        session.out().line(boost::json::serialize(newsroom::encode(incidents)));
+        session.out().line(boost::json::serialize(kit::encode(incidents)));
     } else {
         printIncidentLog(session.out(), incidents);
     }
@@ -116,4 +114,4 @@ void addStatusCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

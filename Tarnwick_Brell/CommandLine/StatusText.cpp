@@ -7,22 +7,22 @@
 #include <fmt/format.h>
 
 #include "NewsroomKit/Text/Unicode.h"
-#include "Tarnwick_Brell/CommandLine/Spans.h"
+#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::AppleServiceStatus;
-using newsroom::Instant;
+using kit::AppleServiceStatus;
+using kit::Instant;
 using Services = AppleServiceStatus::Services;
 using Incident = AppleServiceStatus::Incident;
 
-std::string verdict(newsroom::StatusAudience audience, std::size_t all, std::size_t inTrouble) {
+std::string verdict(kit::StatusFeed audience, std::size_t all, std::size_t inTrouble) {
     const std::string_view whose =
-        audience == newsroom::StatusAudience::developer ? "developer services" : "services";
+        audience == kit::StatusFeed::developer ? "developer services" : "services";
     if (inTrouble == 0) return fmt::format("All {} {} are up.", all, whose);
     return fmt::format("{} of {} {} {} trouble.", inTrouble, all, whose,
                        inTrouble == 1 ? "has" : "have");
@@ -48,14 +48,14 @@ void addNotes(TextTable& table, const Incident& incident) {
 }
 
 /// Apple's end may be one that was planned and missed.
-std::string lastedText(const desk::LoggedIncident& incident, Instant began) {
+std::string lastedText(const app::LoggedIncident& incident, Instant began) {
     if (!incident.endedSeen) return "goes on";
     const auto end = std::min(incident.ended.value_or(*incident.endedSeen), *incident.endedSeen);
     return spanText(std::max(end - began, Instant::duration(0)));
 }
 
 /// When the desk itself saw it.
-std::string seenText(const desk::LoggedIncident& incident) {
+std::string seenText(const app::LoggedIncident& incident) {
     const auto first = dayAndTime(incident.firstSeen);
     if (!incident.endedSeen) return "Seen since " + first + ".";
     if (*incident.endedSeen == incident.firstSeen) return "Over when first seen, " + first + ".";
@@ -65,11 +65,10 @@ std::string seenText(const desk::LoggedIncident& incident) {
 }  // namespace
 
 std::string incidentKindText(std::string_view kind) {
-    return printable(newsroom::lowercasedASCII(kind));
+    return printable(kit::lowercasedASCII(kind));
 }
 
-void printStatus(Output& out, newsroom::StatusAudience audience, const Services& services,
-                 Instant now) {
+void printStatus(Output& out, kit::StatusFeed audience, const Services& services, Instant now) {
     const auto reports = AppleServiceStatus::ongoingReports(services);
     out.line(out.bold(verdict(audience, services.size(), reports.size())));
     if (reports.empty()) return;
@@ -107,7 +106,7 @@ void printRecentIncidents(Output& out, const Services& services, Instant cutOff,
     table.print(out);
 }
 
-void printIncidentLog(Output& out, const std::vector<desk::LoggedIncident>& incidents) {
+void printIncidentLog(Output& out, const std::vector<app::LoggedIncident>& incidents) {
     if (incidents.empty()) {
         out.line("The log has no such trouble.");
         return;
@@ -125,4 +124,4 @@ void printIncidentLog(Output& out, const std::vector<desk::LoggedIncident>& inci
     table.print(out);
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -4,25 +4,25 @@
 #include <string_view>
 #include <vector>
 
-#include "NewsroomKit/Trackers/AppleServiceStatus.h"
-#include "NewsroomKit/Trackers/StatusAudience.h"
+#include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
+#include "NewsroomKit/Trackers/Status/StatusFeed.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
-#include "Tarnwick_Brell/Storage/IncidentLog.h"
+#include "Tarnwick_Brell/Storage/Histories/IncidentLog.h"
 
-namespace brell {
+namespace cli {
 
 /// First whether all is well, then each service in trouble, since when and why.
-void printStatus(Output& out, newsroom::StatusAudience audience,
-                 const newsroom::AppleServiceStatus::Services& services, newsroom::Instant now);
+void printStatus(Output& out, kit::StatusFeed audience,
+                 const kit::AppleServiceStatus::Services& services, kit::Instant now);
 
 /// What is over, or to come, of the incidents that began since `cutOff`; newest first.
-void printRecentIncidents(Output& out, const newsroom::AppleServiceStatus::Services& services,
-                          newsroom::Instant cutOff, newsroom::Instant now);
+void printRecentIncidents(Output& out, const kit::AppleServiceStatus::Services& services,
+                          kit::Instant cutOff, kit::Instant now);
 
 /// As the desk saw them itself, whatever Apple's files still tell.
-void printIncidentLog(Output& out, const std::vector<desk::LoggedIncident>& incidents);
+void printIncidentLog(Output& out, const std::vector<app::LoggedIncident>& incidents);
 
 /// "outage" or "Outage", as Apple has it, in small letters.
 std::string incidentKindText(std::string_view kind);
 
-}  // namespace brell
+}  // namespace cli

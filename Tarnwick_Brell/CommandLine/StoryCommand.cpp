@@ -5,21 +5,21 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Editorial/LabelReasons.h"
-#include "NewsroomKit/Stories/StoryShape.h"
+#include "NewsroomKit/Stories/StoryJSON.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::Story;
-using Wordings = std::vector<desk::EarlierWording>;
+using kit::Story;
+using Wordings = std::vector<app::EarlierWording>;
 
 constexpr std::size_t kWidestText = 88;
 constexpr std::size_t kNameColumns = 12;
@@ -42,22 +42,22 @@ void printCredits(Output& out, const Story& story) {
         if (credit.platform) line += " on " + *credit.platform;
         if (credit.postedAt) line += ", " + dayAndTime(*credit.postedAt);
         if (credit.detail) line += " (“" + *credit.detail + "”)";
-        if (credit.url) line += "  " + newsroom::maskedLogins(*credit.url);
+        if (credit.url) line += "  " + kit::maskedLogins(*credit.url);
         printField(out, "Credits", line);
     }
 }
 
-std::string arrivalNote(desk::Arrival arrival) {
+std::string arrivalNote(app::Arrival arrival) {
     switch (arrival) {
-        case desk::Arrival::fresh: return "";
-        case desk::Arrival::seeded: return " (with the first fetch of its source)";
-        case desk::Arrival::bulk: return " (in a crowd, as when an archive is published anew)";
-        case desk::Arrival::late: return " (more than three days after it was published)";
+        case app::Arrival::fresh: return "";
+        case app::Arrival::seeded: return " (with the first fetch of its source)";
+        case app::Arrival::bulk: return " (in a crowd, as when an archive is published anew)";
+        case app::Arrival::late: return " (more than three days after it was published)";
     }
     return "";
 }
 
-void print(Session& session, const desk::StoredStory& stored, const Wordings& wordings) {
+void print(Session& session, const app::StoredStory& stored, const Wordings& wordings) {
     const Story& story = stored.story;
     Output& out = session.out();
     out.line(out.bold(out.link(story.link, wrapped(printable(story.title), textWidth(out), ""))));
@@ -81,23 +81,23 @@ void print(Session& session, const desk::StoredStory& stored, const Wordings& wo
     printField(out, "Kind", kindReason(story));
     printField(out, "Sourcing", sourcingReason(story));
     printCredits(out, story);
-    printField(out, "Link", newsroom::maskedLogins(story.link));
-    printField(out, "Article", newsroom::maskedLogins(story.articleLink.value_or("")));
-    printField(out, "Picture", newsroom::maskedLogins(story.imageURL.value_or("")));
+    printField(out, "Link", kit::maskedLogins(story.link));
+    printField(out, "Article", kit::maskedLogins(story.articleLink.value_or("")));
+    printField(out, "Picture", kit::maskedLogins(story.imageURL.value_or("")));
     if (story.wordpressID) printField(out, "Post number", std::to_string(*story.wordpressID));
     printField(out, "Source id", story.sourceID);
     printField(out, "Story id", story.id);
 }
 
-void printJSON(Session& session, const desk::StoredStory& stored, const Wordings& wordings) {
+void printJSON(Session& session, const app::StoredStory& stored, const Wordings& wordings) {
     auto object = storyRecord(stored);
-    object["arrival"] = newsroom::encode(stored.arrival);
-    if (stored.readAt) object["readAt"] = newsroom::encode(*stored.readAt);
-    if (stored.savedAt) object["savedAt"] = newsroom::encode(*stored.savedAt);
+    object["arrival"] = kit::encode(stored.arrival);
+    if (stored.readAt) object["readAt"] = kit::encode(*stored.readAt);
+    if (stored.savedAt) object["savedAt"] = kit::encode(*stored.savedAt);
     auto& earlier = object["earlierTitles"].emplace_array();
     for (const auto& wording : wordings) {
         earlier.push_back(
-            {{"title", wording.title}, {"replacedAt", newsroom::encode(wording.replacedAt)}});
+            {{"title", wording.title}, {"replacedAt", kit::encode(wording.replacedAt)}});
     }
     object["why"] = {{"kind", kindReason(stored.story)},
                      {"sourcing", sourcingReason(stored.story)}};
@@ -123,4 +123,4 @@ void addStoryCommand(arguments::Command& app, Command& chosen) {
         [id, &chosen] { chosen = [id](Session& session) { return runStory(session, *id); }; });
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -10,26 +10,26 @@
 #include "NewsroomKit/Panels/Scoops.h"
 #include "NewsroomKit/Panels/TopStories.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
-#include "Tarnwick_Brell/CommandLine/Spans.h"
+#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::PanelSpec;
-using newsroom::StoryMention;
-using newsroom::StoryQuery;
+using kit::PanelSpec;
+using kit::StoryMention;
+using kit::StoryQuery;
 
 constexpr std::size_t kAgeColumns = 11;
 constexpr std::size_t kOutletColumns = 22;
 
-std::string ageText(PanelHoldings& holdings, newsroom::Instant then) {
+std::string ageText(PanelHoldings& holdings, kit::Instant then) {
     return padTo(age(then, holdings.now()), kAgeColumns);
 }
 
-std::string storyLine(PanelHoldings& holdings, const newsroom::Story& story) {
+std::string storyLine(PanelHoldings& holdings, const kit::Story& story) {
     return fmt::format("{} {} {}", ageText(holdings, story.publishedAt),
                        padTo(outletLine(story), kOutletColumns), printable(story.title));
 }
@@ -41,7 +41,7 @@ std::string outletsText(const std::vector<StoryMention>& outlets) {
     return text;
 }
 
-std::string sourcingText(newsroom::Sourcing sourcing) {
+std::string sourcingText(kit::Sourcing sourcing) {
     const auto text = label(sourcing);
     return text.empty() ? "" : " · " + std::string(text);
 }
@@ -74,8 +74,7 @@ PanelLines appleLines(PanelHoldings& holdings, const PanelSpec& panel, const Sto
 PanelLines briefPanelLines(PanelHoldings& holdings, const StoryQuery& query) {
     PanelLines lines;
     const MatchedNews matched(holdings, query);
-    for (const auto& line :
-         newsroom::briefLines(newsroom::brief(matched.news(), holdings.lastLook()))) {
+    for (const auto& line : kit::briefLines(kit::brief(matched.news(), holdings.lastLook()))) {
         lines.push_back(printable(line.text));
         if (!line.sources.empty()) {
             lines.back() += holdings.session().out().dim(" – " + outletsText(line.sources));
@@ -88,7 +87,7 @@ PanelLines topStoriesLines(PanelHoldings& holdings, const PanelSpec& panel,
                            const StoryQuery& query) {
     PanelLines lines;
     const MatchedNews matched(holdings, query);
-    for (const auto& top : newsroom::topStories(matched.news())) {
+    for (const auto& top : kit::topStories(matched.news())) {
         if (lines.size() >= lineCount(panel)) break;
         lines.push_back(fmt::format("{:>2} outlets{}  {}", top.outlets.size(),
                                     sourcingText(top.sourcing), printable(top.first.title)));
@@ -100,7 +99,7 @@ PanelLines topStoriesLines(PanelHoldings& holdings, const PanelSpec& panel,
 PanelLines claimsLines(PanelHoldings& holdings, const PanelSpec& panel, const StoryQuery& query) {
     PanelLines lines;
     const MatchedNews matched(holdings, query);
-    for (const auto& claim : newsroom::claims(matched.news())) {
+    for (const auto& claim : kit::claims(matched.news())) {
         if (lines.size() >= lineCount(panel)) break;
         lines.push_back(fmt::format("{} {}", padTo(label(claim.state), kAgeColumns),
                                     printable(claim.first.title)));
@@ -116,11 +115,10 @@ PanelLines claimsLines(PanelHoldings& holdings, const PanelSpec& panel, const St
     return orElse(std::move(lines), "No reports or rumors match.");
 }
 
-PanelLines coverageLines(PanelHoldings& holdings, const PanelSpec& panel,
-                         const StoryQuery& query) {
+PanelLines coverageLines(PanelHoldings& holdings, const PanelSpec& panel, const StoryQuery& query) {
     PanelLines lines;
     const MatchedNews matched(holdings, query);
-    for (const auto& row : newsroom::coverage(matched.news())) {
+    for (const auto& row : kit::coverage(matched.news())) {
         if (lines.size() == lineCount(panel)) break;
         lines.push_back(fmt::format(
             "{} {:>4} {}, last {}{}", padTo(printable(row.outlet), kOutletColumns), row.stories,
@@ -133,15 +131,15 @@ PanelLines coverageLines(PanelHoldings& holdings, const PanelSpec& panel,
 PanelLines scoopsLines(PanelHoldings& holdings, const PanelSpec& panel, const StoryQuery& query) {
     PanelLines lines;
     const MatchedNews matched(holdings, query);
-    for (const auto& scoop : newsroom::scoops(matched.news())) {
+    for (const auto& scoop : kit::scoops(matched.news())) {
         if (lines.size() >= lineCount(panel)) break;
         lines.push_back(fmt::format("{} {} {}", ageText(holdings, scoop.first.publishedAt),
                                     padTo(printable(scoop.first.outlet), kOutletColumns),
                                     printable(scoop.first.title)));
-        lines.push_back(holdings.session().out().dim(
-            fmt::format("    {} before {}", spanText(scoop.lead()), printable(scoop.second.outlet))));
+        lines.push_back(holdings.session().out().dim(fmt::format(
+            "    {} before {}", spanText(scoop.lead()), printable(scoop.second.outlet))));
     }
     return orElse(std::move(lines), "No news that several outlets tell.");
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -7,22 +7,22 @@
 #include "Tarnwick_Brell/CommandLine/PanelHoldings.h"
 
 /// The panels that show stories, in lines of text.
-namespace brell {
+namespace cli {
 
 using PanelLines = std::vector<std::string>;
 
-PanelLines streamLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel,
-                       const newsroom::StoryQuery& query);
-PanelLines appleLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel,
-                      const newsroom::StoryQuery& query);
-PanelLines briefPanelLines(PanelHoldings& holdings, const newsroom::StoryQuery& query);
-PanelLines topStoriesLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel,
-                           const newsroom::StoryQuery& query);
-PanelLines claimsLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel,
-                       const newsroom::StoryQuery& query);
-PanelLines coverageLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel,
-                         const newsroom::StoryQuery& query);
-PanelLines scoopsLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel,
-                       const newsroom::StoryQuery& query);
+PanelLines streamLines(PanelHoldings& holdings, const kit::PanelSpec& panel,
+                       const kit::StoryQuery& query);
+PanelLines appleLines(PanelHoldings& holdings, const kit::PanelSpec& panel,
+                      const kit::StoryQuery& query);
+PanelLines briefPanelLines(PanelHoldings& holdings, const kit::StoryQuery& query);
+PanelLines topStoriesLines(PanelHoldings& holdings, const kit::PanelSpec& panel,
+                           const kit::StoryQuery& query);
+PanelLines claimsLines(PanelHoldings& holdings, const kit::PanelSpec& panel,
+                       const kit::StoryQuery& query);
+PanelLines coverageLines(PanelHoldings& holdings, const kit::PanelSpec& panel,
+                         const kit::StoryQuery& query);
+PanelLines scoopsLines(PanelHoldings& holdings, const kit::PanelSpec& panel,
+                       const kit::StoryQuery& query);
 
-}  // namespace brell
+}  // namespace cli

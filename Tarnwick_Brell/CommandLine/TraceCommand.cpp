@@ -1,18 +1,18 @@
 #include <memory>
 #include <string>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Archive/TraceAPI.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/TraceText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::TraceAPI;
-using newsroom::TraceResult;
+using kit::TraceAPI;
+using kit::TraceResult;
 
 /// Gone when the work is done or has failed, so that nothing is written behind it.
 struct ProgressLine {
@@ -22,7 +22,7 @@ struct ProgressLine {
     ProgressLine& operator=(const ProgressLine&) = delete;
 };
 
-TraceResult traceOf(Session& session, newsroom::CurlTransport::Options network,
+TraceResult traceOf(Session& session, kit::CurlTransport::Options network,
                     const std::string& address) {
     const ProgressLine progress(TraceResult::kWhileItRuns);
     return askArchive<TraceAPI>(session, std::move(network),
@@ -34,7 +34,7 @@ int runTrace(Session& session, const std::string& word) {
     const auto address = storyAddress(session, word);
     const auto trace = traceOf(session, std::move(network), address);
     if (session.options().json) {
-        session.out().line(newsroom::maskedLogins(boost::json::serialize(newsroom::encode(trace))));
+        session.out().line(kit::maskedLogins(boost::json::serialize(kit::encode(trace))));
     } else {
         printTrace(session.out(), trace, address);
     }
@@ -57,4 +57,4 @@ void addTraceCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

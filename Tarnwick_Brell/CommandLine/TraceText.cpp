@@ -9,12 +9,12 @@
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::TraceNode;
-using newsroom::TraceResult;
+using kit::TraceNode;
+using kit::TraceResult;
 
 // Deeper nodes are drawn as if they were no deeper, so that lines stay readable.
 constexpr std::size_t kDeepest = 8;
@@ -80,7 +80,7 @@ std::string headOf(Output& out, const Branch& branch, const std::string& asked) 
     const auto relation = relationText(branch);
     if (!relation.empty()) head += "  " + relation;
     if (node.readable && !*node.readable) head += "  (its page can't be read)";
-    if (newsroom::canonicalLink(node.url) == asked) head += "  ← the story you asked about";
+    if (kit::canonicalLink(node.url) == asked) head += "  ← the story you asked about";
     return head;
 }
 
@@ -116,7 +116,7 @@ void printTrace(Output& out, const TraceResult& trace, const std::string& asked)
     }
     out.line(fmt::format("{} {} it.{}", trace.nodes.size(),
                          trace.nodes.size() == 1 ? "place ran" : "places ran", searched));
-    printBranches(out, branchesOf(trace.nodes), newsroom::canonicalLink(asked));
+    printBranches(out, branchesOf(trace.nodes), kit::canonicalLink(asked));
 }
 
-}  // namespace brell
+}  // namespace cli

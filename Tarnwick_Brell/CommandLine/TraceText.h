@@ -5,9 +5,9 @@
 #include "NewsroomKit/Archive/TraceResult.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 
-namespace brell {
+namespace cli {
 
 /// The trace as a tree from the origins down; `asked` is the address of the traced story.
-void printTrace(Output& out, const newsroom::TraceResult& trace, const std::string& asked);
+void printTrace(Output& out, const kit::TraceResult& trace, const std::string& asked);
 
-}  // namespace brell
+}  // namespace cli

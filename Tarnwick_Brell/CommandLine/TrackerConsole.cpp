@@ -4,14 +4,14 @@
 
 #include "NewsroomKit/Records/Codec.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/Spans.h"
+#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-std::string cameText(const Session& session, newsroom::Instant fetchedAt) {
+std::string cameText(const Session& session, kit::Instant fetchedAt) {
     return dayAndTime(fetchedAt) + ", " + distanceText(fetchedAt, session.now());
 }
 
@@ -22,7 +22,7 @@ arguments::Option addStoredFlag(arguments::Command& command, bool& isStored) {
                         "Show what the library holds from the last time; use no network");
 }
 
-void tellNothingThere(bool isStored, const TrackerNote& note) {
+void failWithoutData(bool isStored, const TrackerNote& note) {
     if (isStored) {
         throw WorkFailed("The library holds none of this yet. Without --stored it is fetched." +
                          (note.error ? " The last try failed: " + *note.error : ""));
@@ -31,11 +31,11 @@ void tellNothingThere(bool isStored, const TrackerNote& note) {
 }
 
 void addNote(boost::json::object& object, const TrackerNote& note) {
-    if (note.fetchedAt) object["fetchedAt"] = newsroom::encode(*note.fetchedAt);
+    if (note.fetchedAt) object["fetchedAt"] = kit::encode(*note.fetchedAt);
     if (note.error) object["error"] = *note.error;
 }
 
-int endTracker(Session& session, bool isStored, const TrackerNote& note) {
+int finishTracker(Session& session, bool isStored, const TrackerNote& note) {
     return endTrackers(session, isStored, {note});
 }
 
@@ -53,16 +53,17 @@ int endTrackers(Session& session, bool isStored, const std::vector<TrackerNote>&
         return kDone;
     }
     if (session.options().json) return kDone;
-    std::optional<newsroom::Instant> oldest;
+    std::optional<kit::Instant> oldest;
     for (const auto& [fetchedAt, error] : notes) {
         if (fetchedAt) oldest = std::min(oldest.value_or(*fetchedAt), *fetchedAt);
     }
     auto& out = session.out();
-    out.line("\n" + out.dim("Fetched " + (oldest ? cameText(session, *oldest) : "at an unknown time") + "."));
+    out.line("\n" + out.dim("Fetched " +
+                            (oldest ? cameText(session, *oldest) : "at an unknown time") + "."));
     for (const auto& note : notes) {
         if (note.error) out.line(out.dim("The last try failed: " + printable(*note.error)));
     }
     return kDone;
 }
 
-}  // namespace brell
+}  // namespace cli

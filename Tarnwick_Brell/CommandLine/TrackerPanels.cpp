@@ -5,7 +5,7 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Trackers/MarkedEvents.h"
+#include "NewsroomKit/Trackers/Events/MarkedEvents.h"
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
@@ -13,22 +13,22 @@
 #include "Tarnwick_Brell/CommandLine/StatusText.h"
 #include "Tarnwick_Brell/Trackers/LastGood.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
 using Lines = std::vector<std::string>;
-using newsroom::AppleServiceStatus;
-using newsroom::Instant;
-using newsroom::PanelSpec;
-using newsroom::QuoteRange;
+using kit::AppleServiceStatus;
+using kit::Instant;
+using kit::PanelSpec;
+using kit::QuoteRange;
 
 constexpr std::string_view kShare = "AAPL";
 constexpr std::chrono::hours kSoon{24};  ///< an event is not over as soon as it has begun
 constexpr std::size_t kDistanceColumns = 12;
 
-desk::LastGood lastGood(PanelHoldings& holdings) {
-    return desk::LastGood(holdings.session().storeForReading());
+app::LastGood lastGood(PanelHoldings& holdings) {
+    return app::LastGood(holdings.session().storeForReading());
 }
 
 std::set<std::string> platformsOf(const PanelSpec& panel) {
@@ -51,9 +51,9 @@ Lines countdownLines(PanelHoldings& holdings, const PanelSpec& panel) {
     for (const auto& event : markedEvents(*reading.value, panel.options.eventTerms)) {
         if (event.starts < holdings.now() - kSoon || event.isReleased()) continue;
         if (lines.size() == lineCount(panel)) break;
-        lines.push_back(fmt::format("{} {}{}", padTo(distanceText(event.starts, holdings.now()), kDistanceColumns),
-                                    printable(event.title),
-                                    event.window.empty() ? "" : ", " + printable(event.window)));
+        lines.push_back(fmt::format(
+            "{} {}{}", padTo(distanceText(event.starts, holdings.now()), kDistanceColumns),
+            printable(event.title), event.window.empty() ? "" : ", " + printable(event.window)));
     }
     if (lines.empty()) lines.emplace_back("No date of Apple's is known.");
     addState(lines, holdings, reading);
@@ -62,7 +62,7 @@ Lines countdownLines(PanelHoldings& holdings, const PanelSpec& panel) {
 
 Lines stockLines(PanelHoldings& holdings, const PanelSpec& panel) {
     const auto range =
-        newsroom::enumFromRaw<QuoteRange>(panel.options.stockRange).value_or(QuoteRange::month);
+        kit::enumFromRaw<QuoteRange>(panel.options.stockRange).value_or(QuoteRange::month);
     const auto reading = lastGood(holdings).quote(kShare, range);
     if (!reading.value) {
         return nothingYet(holdings, reading, fmt::format("quote --range {}", rawValue(range)));
@@ -77,8 +77,7 @@ Lines stockLines(PanelHoldings& holdings, const PanelSpec& panel) {
     if (events.value && !quote.points.empty()) {
         for (const auto& event : markedEvents(*events.value, panel.options.eventTerms)) {
             if (event.starts < quote.points.front().time || event.starts > holdings.now()) continue;
-            lines.push_back(fmt::format("{}  {}", dayText(event.starts),
-                                        printable(event.title)));
+            lines.push_back(fmt::format("{}  {}", dayText(event.starts), printable(event.title)));
         }
     }
     addState(lines, holdings, reading);
@@ -110,7 +109,7 @@ Lines softwareLines(PanelHoldings& holdings, const PanelSpec& panel) {
     const auto wanted = platformsOf(panel);
     for (const auto& platform : *reading.value) {
         if (!wanted.contains(platform.platform)) continue;
-        const auto text = [](const std::optional<newsroom::SoftwareRelease>& release) {
+        const auto text = [](const std::optional<kit::SoftwareRelease>& release) {
             return release ? fmt::format("{} ({})", printable(release->version),
                                          printable(release->build))
                            : std::string("none");
@@ -136,9 +135,9 @@ Lines releasesLines(PanelHoldings& holdings, const PanelSpec& panel) {
     for (const auto& build : builds) {
         if (!wanted.contains(build.platform)) continue;
         if (lines.size() == lineCount(panel)) break;
-        lines.push_back(fmt::format("{} {} ({})",
-                                    padTo(age(build.release.published, holdings.now()), 11),
-                                    printable(build.release.title), printable(build.release.build)));
+        lines.push_back(
+            fmt::format("{} {} ({})", padTo(age(build.release.published, holdings.now()), 11),
+                        printable(build.release.title), printable(build.release.build)));
     }
     if (lines.empty()) lines.emplace_back("Nothing is known of these platforms.");
     addState(lines, holdings, reading);
@@ -146,8 +145,8 @@ Lines releasesLines(PanelHoldings& holdings, const PanelSpec& panel) {
 }
 
 Lines statusLines(PanelHoldings& holdings) {
-    const auto consumer = lastGood(holdings).status(newsroom::StatusAudience::consumer);
-    const auto developer = lastGood(holdings).status(newsroom::StatusAudience::developer);
+    const auto consumer = lastGood(holdings).status(kit::StatusFeed::consumer);
+    const auto developer = lastGood(holdings).status(kit::StatusFeed::developer);
     if (!consumer.value) return nothingYet(holdings, consumer, "status");
     Lines lines;
     std::size_t services = 0;
@@ -157,9 +156,7 @@ Lines statusLines(PanelHoldings& holdings) {
         for (const auto& report : AppleServiceStatus::ongoingReports(*reading->value)) {
             lines.push_back(fmt::format(
                 "{}: {}{}{}", printable(report.service), incidentKindText(report.incident.kind),
-                report.incident.started
-                    ? " since " + dayAndTime(*report.incident.started)
-                    : "",
+                report.incident.started ? " since " + dayAndTime(*report.incident.started) : "",
                 report.incident.message.empty() ? "" : ". " + printable(report.incident.message)));
         }
     }
@@ -170,4 +167,4 @@ Lines statusLines(PanelHoldings& holdings) {
     return lines;
 }
 
-}  // namespace brell
+}  // namespace cli

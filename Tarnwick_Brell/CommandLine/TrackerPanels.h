@@ -7,13 +7,13 @@
 #include "Tarnwick_Brell/CommandLine/PanelHoldings.h"
 
 /// The panels that show trackers, in lines of text: from the last good answers, with their age.
-namespace brell {
+namespace cli {
 
-std::vector<std::string> countdownLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel);
-std::vector<std::string> stockLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel);
+std::vector<std::string> countdownLines(PanelHoldings& holdings, const kit::PanelSpec& panel);
+std::vector<std::string> stockLines(PanelHoldings& holdings, const kit::PanelSpec& panel);
 std::vector<std::string> suppliersLines(PanelHoldings& holdings);
-std::vector<std::string> softwareLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel);
-std::vector<std::string> releasesLines(PanelHoldings& holdings, const newsroom::PanelSpec& panel);
+std::vector<std::string> softwareLines(PanelHoldings& holdings, const kit::PanelSpec& panel);
+std::vector<std::string> releasesLines(PanelHoldings& holdings, const kit::PanelSpec& panel);
 std::vector<std::string> statusLines(PanelHoldings& holdings);
 
-}  // namespace brell
+}  // namespace cli

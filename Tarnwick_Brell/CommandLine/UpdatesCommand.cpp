@@ -10,11 +10,11 @@
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
-using newsroom::UpdateOffer;
+using kit::UpdateOffer;
 using Offers = std::vector<UpdateOffer>;
 
 struct UpdatesOptions {
@@ -24,7 +24,7 @@ struct UpdatesOptions {
 
     bool wants(const UpdateOffer& offer) const {
         return platform.empty() ||
-               newsroom::lowercasedASCII(offer.platform) == newsroom::lowercasedASCII(platform);
+               kit::lowercasedASCII(offer.platform) == kit::lowercasedASCII(platform);
     }
 };
 
@@ -60,7 +60,7 @@ int showUpdates(Session& session, const UpdatesOptions& options) {
         session, options.stored, reading,
         {.json =
              [](const Offers& offers) {
-                 return boost::json::object{{"offers", newsroom::encode(offers)}};
+                 return boost::json::object{{"offers", kit::encode(offers)}};
              },
          .text = [&](const Offers& offers) { print(session.out(), offers, options.platform); }});
 }
@@ -72,7 +72,7 @@ int showHistory(Session& session, const UpdatesOptions& options) {
     std::erase_if(changes, [&](const auto& change) { return !options.wants(change.offer); });
     auto& out = session.out();
     if (session.options().json) {
-        out.line(boost::json::serialize(newsroom::encode(changes)));
+        out.line(boost::json::serialize(kit::encode(changes)));
         return kDone;
     }
     if (changes.empty()) {
@@ -114,4 +114,4 @@ void addUpdatesCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

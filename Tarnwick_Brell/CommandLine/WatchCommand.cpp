@@ -8,20 +8,20 @@
 #include <QProcess>
 #include <fmt/format.h>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
-#include "NewsroomKit/Stories/StoryShape.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
+#include "NewsroomKit/Stories/StoryJSON.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
-#include "Tarnwick_Brell/CommandLine/WireLine.h"
+#include "Tarnwick_Brell/CommandLine/StoryRow.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
-#include "Tarnwick_Brell/Shell/StopSignals.h"
+#include "Tarnwick_Brell/Shell/ShutdownSignals.h"
 #include "Tarnwick_Brell/Signals/SigningNews.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -33,7 +33,7 @@ struct WatchOptions {
 /// Prints what a desk brings, as it comes.
 class Watch {
 public:
-    Watch(Session& session, desk::AppEnvironment& environment, const newsroom::StoryQuery& query)
+    Watch(Session& session, app::AppEnvironment& environment, const kit::StoryQuery& query)
         : session_(session),
           desk_(environment.newsDesk()),
           trackers_(environment.trackers()),
@@ -45,7 +45,7 @@ public:
         connectDesk();
         connectTrackers();
         connectSignals();
-        QObject::connect(&notifier_, &desk::Notifier::linkActivated, &desk_, &Watch::openLink);
+        QObject::connect(&notifier_, &app::Notifier::linkActivated, &desk_, &Watch::openLink);
     }
 
     /// Why the event loop has ended, if not because the user wished so.
@@ -53,7 +53,7 @@ public:
 
 private:
     void connectDesk() {
-        using desk::NewsDesk;
+        using app::NewsDesk;
         QObject::connect(&desk_, &NewsDesk::storiesArrived, &desk_,
                          [this](const auto& numbers) { printStories(numbers); });
         QObject::connect(&desk_, &NewsDesk::refreshChanged, &desk_, [this] { printProgress(); });
@@ -71,55 +71,58 @@ private:
     }
 
     void connectTrackers() {
-        using desk::Alerts;
-        using desk::TrackerStore;
+        using app::Alerts;
+        using app::TrackerStore;
         QObject::connect(&trackers_, &TrackerStore::refreshChanged, &desk_,
                          [this] { noteTrackers(); });
-        QObject::connect(&trackers_, &TrackerStore::onServiceProblem, &desk_, [this](const auto& it) {
-            printEvent(Alerts::ofProblem(it),
-                       {{"event", "serviceProblem"}, {"id", it.id()}, {"report", newsroom::encode(it)}});
-        });
-        QObject::connect(&trackers_, &TrackerStore::onServiceRestored, &desk_, [this](const auto& it) {
-            printEvent(Alerts::ofRecovery(it, currentInstant()),
-                       {{"event", "serviceRestored"}, {"service", it}});
-        });
+        QObject::connect(
+            &trackers_, &TrackerStore::onServiceProblem, &desk_, [this](const auto& it) {
+                printEvent(
+                    Alerts::ofProblem(it),
+                    {{"event", "serviceProblem"}, {"id", it.id()}, {"report", kit::encode(it)}});
+            });
+        QObject::connect(&trackers_, &TrackerStore::onServiceRestored, &desk_,
+                         [this](const auto& it) {
+                             printEvent(Alerts::ofRecovery(it, currentInstant()),
+                                        {{"event", "serviceRestored"}, {"service", it}});
+                         });
         QObject::connect(&trackers_, &TrackerStore::onNewRelease, &desk_, [this](const auto& it) {
             printEvent(Alerts::ofRelease(it), {{"event", "newRelease"},
                                                {"platform", it.platform.platform},
                                                {"channel", rawValue(it.channel)},
-                                               {"release", newsroom::encode(it.release)}});
+                                               {"release", kit::encode(it.release)}});
         });
     }
 
     void connectSignals() {
-        using desk::SignalsStore;
+        using app::SignalsStore;
         QObject::connect(&signals_, &SignalsStore::refreshChanged, &desk_,
                          [this] { noteSignals(); });
         QObject::connect(&signals_, &SignalsStore::onSigningChanges, &desk_,
                          [this](const auto& changes) { printSigning(changes); });
-        QObject::connect(&signals_, &SignalsStore::onOfferChanges, &desk_,
-                         [this](const auto& changes) {
-                             for (const auto& it : changes) {
-                                 printEvent(desk::sentence(it), {{"event", "offerChange"},
-                                                                 {"change", newsroom::encode(it)}});
-                             }
-                         });
+        QObject::connect(
+            &signals_, &SignalsStore::onOfferChanges, &desk_, [this](const auto& changes) {
+                for (const auto& it : changes) {
+                    printEvent(app::sentence(it),
+                               {{"event", "offerChange"}, {"change", kit::encode(it)}});
+                }
+            });
     }
 
     /// People read of a build once; each device is a record.
-    void printSigning(const std::vector<desk::SigningChange>& changes) {
+    void printSigning(const std::vector<app::SigningChange>& changes) {
         if (session_.options().json) {
             for (const auto& it : changes) {
-                printEvent("", {{"event", "signingChange"}, {"change", newsroom::encode(it)}});
+                printEvent("", {{"event", "signingChange"}, {"change", kit::encode(it)}});
             }
             return;
         }
-        for (const auto& news : desk::signingNews(changes)) printEvent(news.sentence(), {});
+        for (const auto& news : app::signingNews(changes)) printEvent(news.sentence(), {});
     }
 
     /// Tells when a tracker begins to fail, and when it works again.
     template <class T>
-    void noteState(const std::string& name, const desk::TrackerReading<T>& reading) {
+    void noteState(const std::string& name, const app::TrackerReading<T>& reading) {
         const bool wasFailing = failing_.contains(name);
         if (reading.error && failing_.insert(name).second) tell(*reading.error);
         if (!reading.error && wasFailing) {
@@ -141,22 +144,22 @@ private:
     void noteSignals() {
         if (wasOffline_) return;
         // One server tells of all devices, so what one of them meets stands for all.
-        desk::SignalsStore::Signing signing;
+        app::SignalsStore::Signing signing;
         for (const auto& device : signals_.devices()) {
             const auto& reading = signals_.signing(device);
             if (reading.error && !signing.error) signing = reading;
         }
         noteState("Firmware signing", signing);
         noteState("Apple's update catalogue", signals_.updates());
-        for (const auto& row : newsroom::enumTable<newsroom::AppStoreCharts::Kind>) {
+        for (const auto& row : kit::enumTable<kit::AppStoreCharts::Kind>) {
             noteState("The chart \"" + std::string(row.label) + "\"", signals_.chart(row.value));
         }
     }
 
     static void openLink(const QString& link) {
         if (QProcess::startDetached("xdg-open", {link})) return;
-        tell("There is no xdg-open to open " +
-             printable(newsroom::maskedLogins(link.toStdString())) + " with.");
+        tell("There is no xdg-open to open " + printable(kit::maskedLogins(link.toStdString())) +
+             " with.");
     }
 
     static void tell(const std::string& sentence) {
@@ -174,7 +177,7 @@ private:
         });
     }
 
-    void printEvent(const desk::Notification& event, const boost::json::object& record) {
+    void printEvent(const app::Notification& event, const boost::json::object& record) {
         printEvent(event.title + ". " + event.body, record);
     }
 
@@ -198,7 +201,7 @@ private:
         }
     }
 
-    void printStory(const desk::StoredStory& stored) {
+    void printStory(const app::StoredStory& stored) {
         if (!wanted_.matches(stored.story)) return;
         Output& out = session_.out();
         out.line(session_.options().json ? boost::json::serialize(storyRecord(stored))
@@ -217,7 +220,7 @@ private:
                          : "");
     }
 
-    void noticeNetwork(const desk::PassReport& report) {
+    void noticeNetwork(const app::PassReport& report) {
         if (report.cancelled || report.offline == wasOffline_) return;
         wasOffline_ = report.offline;
         tell(report.offline ? "No server can be reached: this computer seems to be offline."
@@ -227,16 +230,16 @@ private:
     void noticeClock() {
         if (desk_.clockSeemsWrong() == clockSeemedWrong_) return;
         clockSeemedWrong_ = desk_.clockSeemsWrong();
-        tell(clockSeemedWrong_ ? std::string(desk::kClockSeemsWrong)
+        tell(clockSeemedWrong_ ? std::string(app::kClockSeemsWrong)
                                : "This computer's clock agrees with the servers again.");
     }
 
     Session& session_;
-    desk::NewsDesk& desk_;
-    desk::TrackerStore& trackers_;
-    desk::SignalsStore& signals_;
-    desk::Notifier& notifier_;
-    newsroom::CompiledStoryQuery wanted_;
+    app::NewsDesk& desk_;
+    app::TrackerStore& trackers_;
+    app::SignalsStore& signals_;
+    app::Notifier& notifier_;
+    kit::CompiledStoryQuery wanted_;
     bool wasOffline_ = false;
     bool clockSeemedWrong_ = false;
     std::set<std::string> failing_;  ///< trackers
@@ -251,17 +254,17 @@ int runWatch(Session& session, const WatchOptions& options) {
     }
     int argumentCount = 0;
     QCoreApplication application(argumentCount, nullptr);
-    const desk::StopSignals stop([] { QCoreApplication::quit(); });
-    desk::AppEnvironment environment({.paths = session.paths(),
-                                      .network = std::move(network),
-                                      .clock = &currentInstant,
-                                      .what = "brell watch"});
+    const app::ShutdownSignals stop([] { QCoreApplication::quit(); });
+    app::AppEnvironment environment({.paths = session.paths(),
+                                     .network = std::move(network),
+                                     .clock = &currentInstant,
+                                     .what = "brell watch"});
     auto& newsDesk = environment.newsDesk();
     Watch watch(session, environment, query);
     watch.connect();
     if (options.live) {
-        QObject::connect(&newsDesk, &desk::NewsDesk::loaded, &newsDesk, [&] {
-            newsDesk.goLive(currentInstant() + desk::RefreshCadence::kLongestLive);
+        QObject::connect(&newsDesk, &app::NewsDesk::loaded, &newsDesk, [&] {
+            newsDesk.goLive(currentInstant() + app::RefreshCadence::kLongestLive);
         });
     }
     environment.start();
@@ -291,4 +294,4 @@ void addWatchCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

@@ -6,9 +6,9 @@
 
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 
-namespace brell {
+namespace cli {
 
-newsroom::Instant parseWhen(std::string_view text, newsroom::Instant now) {
+kit::Instant parseWhen(std::string_view text, kit::Instant now) {
     using namespace std::chrono;
     int number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -21,11 +21,11 @@ newsroom::Instant parseWhen(std::string_view text, newsroom::Instant now) {
     }
     std::string instantText(text);
     if (instantText.find_first_of("Tt") == std::string::npos) instantText += "T00:00:00Z";
-    if (const auto instant = newsroom::parseISO8601(instantText)) return *instant;
+    if (const auto instant = kit::parseISO8601(instantText)) return *instant;
     throw WrongUsage(
         "\"" + std::string(text) +
         "\" is no time: write 30min, 6h, 2d or 1w for a time ago, a day as 2026-11-02, or "
         "2026-11-02T08:30:00Z.");
 }
 
-}  // namespace brell
+}  // namespace cli

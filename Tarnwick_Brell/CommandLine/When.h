@@ -4,10 +4,10 @@
 
 #include "NewsroomKit/Records/Instant.h"
 
-namespace brell {
+namespace cli {
 
 /// A moment as people type it: "30min", "6h", "2d", "1w" ago, a day ("2026-11-02", in UTC)
 /// or an ISO 8601 time. Throws WrongUsage.
-newsroom::Instant parseWhen(std::string_view text, newsroom::Instant now);
+kit::Instant parseWhen(std::string_view text, kit::Instant now);
 
-}  // namespace brell
+}  // namespace cli

@@ -6,13 +6,13 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
-#include "Tarnwick_Brell/CommandLine/ShelfNaming.h"
+#include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/When.h"
-#include "Tarnwick_Brell/CommandLine/WireLine.h"
+#include "Tarnwick_Brell/CommandLine/StoryRow.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -28,11 +28,11 @@ struct WireOptions {
     bool links = false;
 };
 
-desk::StorySelection selectionFor(const WireOptions& options, newsroom::Instant now) {
-    desk::StorySelection selection{.search = desk::SearchText::parse(options.search),
-                                   .sourceIDs = options.query.sources,
-                                   .unread = options.unread,
-                                   .saved = options.saved};
+app::StorySelection selectionFor(const WireOptions& options, kit::Instant now) {
+    app::StorySelection selection{.search = app::SearchText::parse(options.search),
+                                  .sourceIDs = options.query.sources,
+                                  .unread = options.unread,
+                                  .saved = options.saved};
     if (!options.since.empty()) selection.since = parseWhen(options.since, now);
     if (selection.search.isEmpty() && !options.search.empty()) {
         throw WrongUsage("There is no word to search for in \"" + options.search + "\".");
@@ -41,9 +41,9 @@ desk::StorySelection selectionFor(const WireOptions& options, newsroom::Instant 
 }
 
 /// What the beat follows; without one, everything.
-newsroom::StoryQuery beatQuery(desk::LocalStore& store, const std::string& name) {
+kit::StoryQuery beatQuery(app::LocalStore& store, const std::string& name) {
     if (name.empty()) return {};
-    const auto shelf = desk::BeatShelf::read(store.beats());
+    const auto shelf = app::BeatShelf::read(store.beats());
     return readable(named(shelf.entries(), name, "beat"), "beat").query;
 }
 
@@ -53,7 +53,7 @@ constexpr std::size_t kHeldBack = 4 << 20;
 
 /// A story as the wire shows it: a line, a second one with its address, or a record.
 std::string shownStory(Session& session, const WireOptions& options,
-                       const desk::StoredStory& stored) {
+                       const app::StoredStory& stored) {
     if (session.options().json) return boost::json::serialize(storyRecord(stored));
     const auto& out = session.out();
     return wireLine(out, stored, session.now()) + "\n" +
@@ -81,7 +81,7 @@ int runWire(Session& session, const WireOptions& options) {
     auto& out = session.out();
     std::string text(json ? "[" : "");
     std::int64_t count = 0;
-    store.search().each(selection, [&](const desk::StoredStory& stored) {
+    store.search().each(selection, [&](const app::StoredStory& stored) {
         if (!options.count && count == options.limit) return false;
         if (!query.matches(stored.story) || !beat.matches(stored.story)) return true;
         if (options.count) return ++count > 0;
@@ -146,4 +146,4 @@ void addWireCommand(arguments::Command& app, Command& chosen) {
     });
 }
 
-}  // namespace brell
+}  // namespace cli

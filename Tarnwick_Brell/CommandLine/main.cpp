@@ -15,11 +15,11 @@
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/Hints.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
-#include "Tarnwick_Brell/Shell/Premises.h"
+#include "Tarnwick_Brell/Shell/LaunchContext.h"
 
 namespace {
 
-using namespace brell;
+using namespace cli;
 
 /// Each line that begins a sentence begins with "brell: "; what is listed below it is indented.
 int complain(int status, const std::string& sentence) {
@@ -48,7 +48,7 @@ std::string fileSentence(const std::filesystem::filesystem_error& error) {
 
 void addGlobalOptions(arguments::Command& app, GlobalOptions& options) {
     app.flag("--json", options.json, "Print one JSON value instead of text");
-    desk::addDeskOptions(app, options);
+    app::addDeskOptions(app, options);
 }
 
 /// What was done before a failure is told before the failure is.
@@ -76,7 +76,7 @@ int attempt(const Command& command, const GlobalOptions& options) {
         throw;
     } catch (const WrongUsage& error) {
         return fail(kWrongUsage, error.what());
-    } catch (const desk::OptionsClash& error) {
+    } catch (const app::OptionsClash& error) {
         return fail(kWrongUsage, error.what());
     } catch (const std::filesystem::filesystem_error& error) {
         return fail(kWorkFailed, fileSentence(error));

@@ -1,6 +1,6 @@
 #include "Tarnwick_Brell/Desk/AddSourceError.h"
 
-namespace desk {
+namespace app {
 
 std::string AddSourceError::description() const {
     switch (kind) {
@@ -12,4 +12,4 @@ std::string AddSourceError::description() const {
     return {};
 }
 
-}  // namespace desk
+}  // namespace app

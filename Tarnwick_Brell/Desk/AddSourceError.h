@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace desk {
+namespace app {
 
 /// Why a typed address gives no source.
 struct AddSourceError {
@@ -22,4 +22,4 @@ struct AddSourceError {
     bool operator==(const AddSourceError&) const = default;
 };
 
-}  // namespace desk
+}  // namespace app

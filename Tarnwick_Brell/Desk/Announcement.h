@@ -6,23 +6,23 @@
 
 #include "NewsroomKit/Stories/Story.h"
 
-namespace desk {
+namespace app {
 
 /// News to tell the user of. A crowd is told of as one: then `stories` has the newest only.
 struct Announcement {
     static constexpr std::size_t kMostOneByOne = 20;
 
     /// `news` is newest first.
-    static Announcement of(const std::vector<newsroom::Story>& news) {
+    static Announcement of(const std::vector<kit::Story>& news) {
         const auto shown = std::min(news.size(), kMostOneByOne);
         return {.stories = {news.begin(), news.begin() + static_cast<std::ptrdiff_t>(shown)},
                 .total = news.size()};
     }
 
-    std::vector<newsroom::Story> stories{};  ///< newest first
+    std::vector<kit::Story> stories{};  ///< newest first
     std::size_t total = 0;
 
     bool isSummary() const { return total > kMostOneByOne; }
 };
 
-}  // namespace desk
+}  // namespace app

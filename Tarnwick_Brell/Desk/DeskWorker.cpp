@@ -14,23 +14,23 @@
 #include <boost/asio/post.hpp>
 #include <boost/asio/steady_timer.hpp>
 
-namespace desk {
+namespace app {
 
 namespace asio = boost::asio;
 
-struct DeskWorker::Machinery {
-    Machinery(const std::filesystem::path& library, newsroom::CurlTransport::Options network,
-              newsroom::FeedClient::Clock clock)
+struct DeskWorker::Impl {
+    Impl(const std::filesystem::path& library, kit::CurlTransport::Options network,
+         kit::Clock clock)
         : guard(asio::make_work_guard(io)),
           store(library, Database::Access::readWrite),
-          engine(std::move(network), newsroom::Conditional::yes, std::move(clock)),
-          bench{store, engine, closing} {
+          engine(std::move(network), kit::Conditional::yes, std::move(clock)),
+          context{store, engine, closing} {
         store.hurryWhen(closing);
     }
 
     void runJob(const Job& job, const Failed& failed) {
         try {
-            job(bench);
+            job(context);
         } catch (const std::exception& error) {
             failed(error);
         }
@@ -43,24 +43,24 @@ struct DeskWorker::Machinery {
     asio::io_context io{1};
     asio::executor_work_guard<asio::io_context::executor_type> guard;
     LocalStore store;
-    FetchEngine engine;
-    Bench bench;
+    FetchStack engine;
+    WorkerContext context;
     /// One for each long job under way. A signal must outlive the coroutine that listens.
-    std::map<Ticket, asio::cancellation_signal> signals;
+    std::map<Ticket, asio::cancellation_signal> cancellations;
     std::list<asio::steady_timer> timers;
     std::thread thread;
 };
 
-void DeskWorker::Machinery::spawn(Ticket ticket, LongJob job, Failed failed) {
+void DeskWorker::Impl::spawn(Ticket ticket, LongJob job, Failed failed) {
     if (closing) return;
-    auto& signal = signals[ticket];
+    auto& signal = cancellations[ticket];
     // The coroutine refers to what the job has captured, so the job lives until it ends.
     auto owned = std::make_shared<LongJob>(std::move(job));
-    asio::co_spawn(io, (*owned)(bench),
+    asio::co_spawn(io, (*owned)(context),
                    asio::bind_cancellation_slot(signal.slot(),
                                                 [this, ticket, owned, failed = std::move(failed)](
                                                     const std::exception_ptr& error) {
-                                                    signals.erase(ticket);
+                                                    cancellations.erase(ticket);
                                                     if (!error) return;
                                                     try {
                                                         std::rethrow_exception(error);
@@ -70,8 +70,8 @@ void DeskWorker::Machinery::spawn(Ticket ticket, LongJob job, Failed failed) {
                                                 }));
 }
 
-void DeskWorker::Machinery::repeat(asio::steady_timer& timer, std::chrono::milliseconds pause,
-                                   Job job, Failed failed) {
+void DeskWorker::Impl::repeat(asio::steady_timer& timer, std::chrono::milliseconds pause, Job job,
+                              Failed failed) {
     timer.expires_after(pause);
     timer.async_wait([this, &timer, pause, job = std::move(job),
                       failed = std::move(failed)](const boost::system::error_code& error) {
@@ -81,54 +81,54 @@ void DeskWorker::Machinery::repeat(asio::steady_timer& timer, std::chrono::milli
     });
 }
 
-DeskWorker::DeskWorker(const std::filesystem::path& library,
-                       newsroom::CurlTransport::Options network, newsroom::FeedClient::Clock clock)
-    : machinery_(std::make_unique<Machinery>(library, std::move(network), std::move(clock))) {
-    machinery_->thread = std::thread([this] { machinery_->io.run(); });
+DeskWorker::DeskWorker(const std::filesystem::path& library, kit::CurlTransport::Options network,
+                       kit::Clock clock)
+    : impl_(std::make_unique<Impl>(library, std::move(network), std::move(clock))) {
+    impl_->thread = std::thread([this] { impl_->io.run(); });
 }
 
 DeskWorker::~DeskWorker() {
-    machinery_->closing = true;
-    asio::post(machinery_->io, [this] {
-        for (auto& timer : machinery_->timers) timer.cancel();
-        for (auto& [ticket, signal] : machinery_->signals) {
+    impl_->closing = true;
+    asio::post(impl_->io, [this] {
+        for (auto& timer : impl_->timers) timer.cancel();
+        for (auto& [ticket, signal] : impl_->cancellations) {
             signal.emit(asio::cancellation_type::terminal);
         }
-        machinery_->guard.reset();
+        impl_->guard.reset();
     });
-    machinery_->thread.join();
+    impl_->thread.join();
 }
 
 void DeskWorker::post(Job job, Failed failed) {
-    asio::post(machinery_->io, [this, job = std::move(job), failed = std::move(failed)] {
-        machinery_->runJob(job, failed);
+    asio::post(impl_->io, [this, job = std::move(job), failed = std::move(failed)] {
+        impl_->runJob(job, failed);
     });
 }
 
 DeskWorker::Ticket DeskWorker::spawn(LongJob job, Failed failed) {
     const auto ticket = ++lastTicket_;
-    asio::post(machinery_->io,
+    asio::post(impl_->io,
                [this, ticket, job = std::move(job), failed = std::move(failed)]() mutable {
-                   machinery_->spawn(ticket, std::move(job), std::move(failed));
+                   impl_->spawn(ticket, std::move(job), std::move(failed));
                });
     return ticket;
 }
 
 void DeskWorker::cancel(Ticket ticket) {
-    asio::post(machinery_->io, [this, ticket] {
-        const auto entry = machinery_->signals.find(ticket);
-        if (entry != machinery_->signals.end()) {
+    asio::post(impl_->io, [this, ticket] {
+        const auto entry = impl_->cancellations.find(ticket);
+        if (entry != impl_->cancellations.end()) {
             entry->second.emit(asio::cancellation_type::terminal);
         }
     });
 }
 
 void DeskWorker::repeat(std::chrono::milliseconds pause, Job job, Failed failed) {
-    asio::post(machinery_->io,
+    asio::post(impl_->io,
                [this, pause, job = std::move(job), failed = std::move(failed)]() mutable {
-                   auto& timer = machinery_->timers.emplace_back(machinery_->io);
-                   machinery_->repeat(timer, pause, std::move(job), std::move(failed));
+                   auto& timer = impl_->timers.emplace_back(impl_->io);
+                   impl_->repeat(timer, pause, std::move(job), std::move(failed));
                });
 }
 
-}  // namespace desk
+}  // namespace app

@@ -13,10 +13,10 @@
 
 #include "NewsroomKit/HTTP/CurlTransport.h"
 #include "NewsroomKit/Ingestion/FeedClient.h"
-#include "Tarnwick_Brell/Desk/FetchEngine.h"
+#include "Tarnwick_Brell/Desk/FetchStack.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
-namespace desk {
+namespace app {
 
 /// The thread on which a desk writes its library and waits for the network: the main thread
 /// never waits for either. Jobs run one after another; a coroutine gives way to them where it
@@ -24,20 +24,20 @@ namespace desk {
 class DeskWorker {
 public:
     /// What jobs work with; only ever touched on the worker's thread.
-    struct Bench {
+    struct WorkerContext {
         LocalStore& store;
-        FetchEngine& engine;
+        FetchStack& engine;
         const std::atomic<bool>& isClosing;  ///< what only reads need not go on
     };
 
-    using Job = std::function<void(Bench&)>;
-    using LongJob = std::function<boost::asio::awaitable<void>(Bench&)>;
+    using Job = std::function<void(WorkerContext&)>;
+    using LongJob = std::function<boost::asio::awaitable<void>(WorkerContext&)>;
     /// Told on the worker's thread; what() is a sentence for the user.
     using Failed = std::function<void(const std::exception&)>;
 
     /// Opens the library on the calling thread: throws StoreError.
-    DeskWorker(const std::filesystem::path& library, newsroom::CurlTransport::Options network,
-               newsroom::FeedClient::Clock clock);
+    DeskWorker(const std::filesystem::path& library, kit::CurlTransport::Options network,
+               kit::Clock clock);
 
     /// Cancels what waits for the network. What has been posted is still written, but other
     /// programs that hold the library are not waited for long.
@@ -58,9 +58,9 @@ public:
     void repeat(std::chrono::milliseconds pause, Job job, Failed failed);
 
 private:
-    struct Machinery;
-    std::unique_ptr<Machinery> machinery_;
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
     Ticket lastTicket_ = 0;
 };
 
-}  // namespace desk
+}  // namespace app

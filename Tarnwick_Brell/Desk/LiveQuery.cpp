@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <functional>
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -13,19 +13,18 @@ constexpr std::size_t kStride = 256;
 }  // namespace
 
 std::optional<std::size_t> LiveQuery::placeOf(std::int64_t number) const {
-    const auto found =
-        std::lower_bound(numbers_.begin(), numbers_.end(), number, std::greater());
+    const auto found = std::lower_bound(numbers_.begin(), numbers_.end(), number, std::greater());
     if (found == numbers_.end() || *found != number) return std::nullopt;
     return static_cast<std::size_t>(found - numbers_.begin());
 }
 
-LiveQuery::Test LiveQuery::test(const newsroom::StoryQuery& query) {
+LiveQuery::Test LiveQuery::test(const kit::StoryQuery& query) {
     return [query = query.compiled()](const PackedStory& story) {
-        return query.matches(newsroom::StoryFacts{.kind = story.kind(),
-                                                  .sourcing = story.sourcing(),
-                                                  .sourceID = story.sourceID(),
-                                                  .title = story.title(),
-                                                  .summary = story.summary()});
+        return query.matches(kit::StoryFacts{.kind = story.kind(),
+                                             .sourcing = story.sourcing(),
+                                             .sourceID = story.sourceID(),
+                                             .title = story.title(),
+                                             .summary = story.summary()});
     };
 }
 
@@ -123,4 +122,4 @@ void LiveQuery::insert(const std::vector<std::int64_t>& falling, WireChange& cha
     std::reverse(change.inserted.begin(), change.inserted.end());
 }
 
-}  // namespace desk
+}  // namespace app

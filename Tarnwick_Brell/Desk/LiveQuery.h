@@ -12,9 +12,10 @@
 #include "NewsroomKit/Queries/StoryQuery.h"
 #include "Tarnwick_Brell/Desk/Wire.h"
 
-namespace desk {
+namespace app {
 
-/// The stories of the wire that a query or another test wants, newest first, kept while the wire changes.
+/// The stories of the wire that a query or another test wants, newest first, kept while the wire
+/// changes.
 ///
 /// It starts empty and is filled from the newest story on, in steps that fit between two
 /// frames of a window:
@@ -30,9 +31,9 @@ public:
     using Test = std::function<bool(const PackedStory&)>;
 
     explicit LiveQuery(Test wants) : wants_(std::move(wants)) {}
-    explicit LiveQuery(const newsroom::StoryQuery& query) : wants_(test(query)) {}
+    explicit LiveQuery(const kit::StoryQuery& query) : wants_(test(query)) {}
 
-    static Test test(const newsroom::StoryQuery& query);
+    static Test test(const kit::StoryQuery& query);
 
     std::size_t size() const { return numbers_.size(); }
     /// Of the stories found, falling.
@@ -70,4 +71,4 @@ private:
     std::int64_t untestedBelow_ = kAll;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -5,13 +5,13 @@
 #include <random>
 #include <utility>
 
-#include "Tarnwick_Brell/Storage/StoreError.h"
-#include "Tarnwick_Brell/Storage/StoryNumber.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
+#include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::Instant;
-using Bench = DeskWorker::Bench;
+using kit::Instant;
+using WorkerContext = DeskWorker::WorkerContext;
 
 namespace {
 
@@ -26,8 +26,8 @@ std::chrono::milliseconds atRandomUpTo(std::chrono::milliseconds longest) {
 
 }  // namespace
 
-NewsDesk::NewsDesk(const std::filesystem::path& library, newsroom::CurlTransport::Options network,
-                   Defaults& defaults, newsroom::FeedClient::Clock clock)
+NewsDesk::NewsDesk(const std::filesystem::path& library, kit::CurlTransport::Options network,
+                   Defaults& defaults, kit::Clock clock)
     : defaults_(defaults), clock_(std::move(clock)), worker_(library, std::move(network), clock_) {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &NewsDesk::tick);
@@ -53,13 +53,14 @@ void NewsDesk::post(DeskWorker::Job job, std::function<void()> undo) {
 }
 
 /// Takes a step from the worker's thread over.
-void NewsDesk::deliverStep(DeskStep step) {
-    deliver([this, step = std::make_shared<DeskStep>(std::move(step))] { take(std::move(*step)); });
+void NewsDesk::deliverStep(DeskUpdate step) {
+    deliver(
+        [this, step = std::make_shared<DeskUpdate>(std::move(step))] { take(std::move(*step)); });
 }
 
 void NewsDesk::start() {
-    const auto load = [this](Bench& bench) {
-        backroom_ = std::make_unique<Backroom>(bench.store, clock_, bench.isClosing);
+    const auto load = [this](WorkerContext& context) {
+        backroom_ = std::make_unique<DeskUpdateBuilder>(context.store, clock_, context.isClosing);
         deliverStep(backroom_->newest(kFirstView));
         deliverStep(backroom_->everything());
         deliverStep(backroom_->finished());
@@ -71,7 +72,7 @@ void NewsDesk::start() {
 
 /// Once the wire is there.
 void NewsDesk::followOtherPrograms() {
-    const auto lookAround = [this](Bench&) {
+    const auto lookAround = [this](WorkerContext&) {
         if (auto step = backroom().foreignChanges()) {
             deliverStep(std::move(*step));
             deliver([this] { emit libraryChangedElsewhere(); });
@@ -80,7 +81,7 @@ void NewsDesk::followOtherPrograms() {
     worker_.repeat(kForeignLook, lookAround, failure());
 }
 
-Backroom& NewsDesk::backroom() {
+DeskUpdateBuilder& NewsDesk::backroom() {
     if (backroom_) return *backroom_;
     throw StoreError(StoreError::Reason::unreadable, "The library has not been read.");
 }
@@ -125,11 +126,11 @@ std::optional<Instant> NewsDesk::liveUntil() const {
     return autoRefresh_ ? autoRefresh_->liveUntil(clock_()) : std::nullopt;
 }
 
-void NewsDesk::onNewStories(std::function<void(const std::vector<newsroom::Story>&)> callback) {
+void NewsDesk::onNewStories(std::function<void(const std::vector<kit::Story>&)> callback) {
     onNewStories_ = std::move(callback);
 }
 
-void NewsDesk::take(DeskStep step) {
+void NewsDesk::take(DeskUpdate step) {
     if (step.lastRefresh) lastRefresh_ = step.lastRefresh;
     if (step.lastArrival) lastArrival_ = step.lastArrival;
     if (step.clockConfirmed) clockConfirmed_ = step.clockConfirmed;
@@ -166,7 +167,7 @@ void NewsDesk::take(DeskStep step) {
     }
 }
 
-void NewsDesk::takeStories(DeskStep& step) {
+void NewsDesk::takeStories(DeskUpdate& step) {
     // Stories that another program has only marked or revised are no news.
     std::erase_if(step.news, [&](auto number) { return wire_.placeOf(number).has_value(); });
     WireChange change{.isReset = true};
@@ -184,7 +185,7 @@ void NewsDesk::takeStories(DeskStep& step) {
 void NewsDesk::announce(std::vector<std::int64_t> numbers) {
     if (numbers.empty() || !onNewStories_) return;
     std::sort(numbers.begin(), numbers.end(), std::greater());
-    std::vector<newsroom::Story> news;
+    std::vector<kit::Story> news;
     for (const auto number : numbers) {
         if (const auto place = wire_.placeOf(number)) {
             news.push_back(wire_[*place].unpacked().story);
@@ -209,4 +210,4 @@ void NewsDesk::dropOld(std::optional<Instant> publishedBefore) {
     if (!change.isEmpty()) emit wireChanged(change);
 }
 
-}  // namespace desk
+}  // namespace app

@@ -21,17 +21,17 @@
 #include "NewsroomKit/Outlines/Outlines.h"
 #include "NewsroomKit/Sources/NewsSource.h"
 #include "Tarnwick_Brell/Desk/AddSourceError.h"
-#include "Tarnwick_Brell/Desk/Backroom.h"
+#include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
-#include "Tarnwick_Brell/Desk/Mailbox.h"
+#include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Desk/RefreshCadence.h"
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
-#include "Tarnwick_Brell/Desk/SourceAdding.h"
+#include "Tarnwick_Brell/Desk/SourceAdder.h"
 #include "Tarnwick_Brell/Desk/SourceImport.h"
 #include "Tarnwick_Brell/Desk/Wire.h"
-#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 
-namespace desk {
+namespace app {
 
 /// The main store: the sources, the wire with the user's marks, and the passes that refresh
 /// them, on a timer and on demand. Lives on the main thread and never waits there; the
@@ -41,10 +41,10 @@ namespace desk {
 class NewsDesk : public QObject {
     Q_OBJECT
 public:
-    using AddSourceError = desk::AddSourceError;
-    using SourceAdded = std::function<void(const SourceAdding::Added&)>;
-    using AddressChecked = std::function<void(const SourceAdding::Checked&)>;
-    using Imported = std::function<void(const std::vector<newsroom::NewsSource>&)>;
+    using AddSourceError = app::AddSourceError;
+    using SourceAdded = std::function<void(const SourceAdder::Added&)>;
+    using AddressChecked = std::function<void(const SourceAdder::Checked&)>;
+    using Imported = std::function<void(const std::vector<kit::NewsSource>&)>;
     /// Numbers of stories of the wire, newest first.
     using Found = std::function<void(const std::vector<std::int64_t>&)>;
 
@@ -54,8 +54,8 @@ public:
     };
 
     /// Opens the library; throws StoreError, or std::runtime_error for an unreadable authority.
-    NewsDesk(const std::filesystem::path& library, newsroom::CurlTransport::Options network,
-             Defaults& defaults, newsroom::FeedClient::Clock clock);
+    NewsDesk(const std::filesystem::path& library, kit::CurlTransport::Options network,
+             Defaults& defaults, kit::Clock clock);
     ~NewsDesk() override;
 
     /// Loads the wire and begins to refresh on the timer.
@@ -65,24 +65,24 @@ public:
     DeskWorker& worker() { return worker_; }
 
     // What is observed.
-    const std::vector<newsroom::NewsSource>& sources() const { return roster_.sources; }
+    const std::vector<kit::NewsSource>& sources() const { return roster_.sources; }
     const std::set<std::string, std::less<>>& enabledSourceIDs() const { return roster_.enabled; }
     const Wire& stories() const { return wire_; }
     /// False until the whole wire has been read.
     bool isLoaded() const { return isLoaded_; }
-    const std::vector<newsroom::StoryCluster>& clusters() const { return clusters_; }
+    const std::vector<kit::StoryCluster>& clusters() const { return clusters_; }
     bool isRead(std::string_view storyID) const;
     bool isSaved(std::string_view storyID) const;
-    std::optional<newsroom::Instant> firstSeen(std::string_view storyID) const;
+    std::optional<kit::Instant> firstSeen(std::string_view storyID) const;
     const SourceStatus& sourceStatus(const std::string& sourceID) const;
     const SourceHealth& sourceHealth(const std::string& sourceID) const;
-    std::optional<newsroom::Instant> lastRefresh() const { return lastRefresh_; }
-    std::optional<newsroom::Instant> lastArrival() const { return lastArrival_; }
+    std::optional<kit::Instant> lastRefresh() const { return lastRefresh_; }
+    std::optional<kit::Instant> lastArrival() const { return lastArrival_; }
     bool isRefreshing() const { return pass_.has_value(); }
     Progress progress() const { return pass_.value_or(Progress()); }
     /// Stories first seen since then are new to the user.
-    std::optional<newsroom::Instant> newSince() const;
-    std::optional<newsroom::Instant> liveUntil() const;
+    std::optional<kit::Instant> newSince() const;
+    std::optional<kit::Instant> liveUntil() const;
     /// Not one source answered in the last pass.
     bool lastPassFailed() const { return lastPassFailed_; }
     /// The servers of the last pass say that this computer's clock is more than a day wrong.
@@ -90,7 +90,7 @@ public:
 
     /// Called with newly arrived stories that are news, newest first: neither those of a
     /// source's first fetch nor those that came in bulk or late.
-    void onNewStories(std::function<void(const std::vector<newsroom::Story>&)> callback);
+    void onNewStories(std::function<void(const std::vector<kit::Story>&)> callback);
 
     // What the user does.
     void refreshAll();
@@ -98,10 +98,10 @@ public:
     /// pass under way, and for the wire to be loaded.
     void refreshSource(const std::string& id);
     void cancelRefresh();
-    void goLive(newsroom::Instant until);
+    void goLive(kit::Instant until);
     void endLive();
     /// The user left the window at that moment: what has come since is new.
-    void markLeft(newsroom::Instant at);
+    void markLeft(kit::Instant at);
 
     /// `undoable`: the user asked for it, and may want to take it back.
     void setRead(const std::vector<std::string>& storyIDs, bool read,
@@ -119,7 +119,7 @@ public:
     void addSource(std::string typed, SourceAdded done);
     void renameSource(const std::string& id, const std::string& name);
     void removeSource(const std::string& id);
-    void importOutlines(newsroom::Outlines outlines, Imported done);
+    void importOutlines(kit::Outlines outlines, Imported done);
 
     /// Stories that the text finds, at most `limit`. Of searches that follow each other before
     /// an answer only the last one is answered.
@@ -130,7 +130,7 @@ signals:
     void loaded();
     /// It can't be: the desk has no stories and will not refresh.
     void loadFailed(const QString& sentence);
-    void wireChanged(const desk::WireChange& change);
+    void wireChanged(const app::WireChange& change);
     void marksChanged(const std::vector<std::int64_t>& numbers);
     /// Whether there is a change of marks to take back.
     void undoChanged();
@@ -142,7 +142,7 @@ signals:
     /// Each source's end in a pass, and what other programs brought: for those who tell
     /// arrivals as they come. Numbers of stories that are news.
     void storiesArrived(const std::vector<std::int64_t>& numbers);
-    void passEnded(const desk::PassReport& report);
+    void passEnded(const app::PassReport& report);
     /// Another program has written the library: whatever is read from it may have changed.
     void libraryChangedElsewhere();
     void failed(const QString& sentence);
@@ -161,12 +161,12 @@ private:
     void ask(Asked asked);
     void beginPass(Asked asked);
     void beginWaitingPass();
-    void take(DeskStep step);
-    void takeStories(DeskStep& step);
+    void take(DeskUpdate step);
+    void takeStories(DeskUpdate& step);
     void endPass(const PassReport& report);
     void announce(std::vector<std::int64_t> numbers);
     void dropOldAtStart();
-    void dropOld(std::optional<newsroom::Instant> publishedBefore);
+    void dropOld(std::optional<kit::Instant> publishedBefore);
     PassSettings passSettings(PassScope scope) const;
     RefreshCadence::Now now() const;
     void post(DeskWorker::Job job, std::function<void()> undo = {});
@@ -181,26 +181,26 @@ private:
     void setCanUndo(bool canUndo);
     std::vector<std::int64_t> apply(const MarkChange& change);
     std::vector<std::int64_t> numbersOf(const std::vector<std::string>& storyIDs) const;
-    void changeRoster(std::function<void(DeskWorker::Bench&, SourceRoster&)> change,
+    void changeRoster(std::function<void(DeskWorker::WorkerContext&, SourceRegistry&)> change,
                       DeskWorker::Failed failed);
     template <class Done>
     DeskWorker::Failed answering(Done done);
     void followOtherPrograms();
-    Backroom& backroom();
-    void deliverStep(DeskStep step);
+    DeskUpdateBuilder& backroom();
+    void deliverStep(DeskUpdate step);
     void deliver(std::function<void()> message);
 
     Defaults& defaults_;
-    newsroom::FeedClient::Clock clock_;
+    kit::Clock clock_;
     Wire wire_;
     bool isLoaded_ = false;
-    std::vector<newsroom::StoryCluster> clusters_;
-    RosterState roster_;
+    std::vector<kit::StoryCluster> clusters_;
+    SourceListState roster_;
     SourceStates sourceStates_;
-    std::optional<newsroom::Instant> lastRefresh_;
-    std::optional<newsroom::Instant> lastArrival_;
-    std::optional<newsroom::Instant> newSince_;
-    std::optional<newsroom::Instant> clockConfirmed_;
+    std::optional<kit::Instant> lastRefresh_;
+    std::optional<kit::Instant> lastArrival_;
+    std::optional<kit::Instant> newSince_;
+    std::optional<kit::Instant> clockConfirmed_;
     bool lastPassFailed_ = false;
     bool clockSeemsWrong_ = false;
     std::optional<Progress> pass_;
@@ -212,15 +212,15 @@ private:
     bool canUndo_ = false;
     std::map<std::uint64_t, MarkChange> pendingMarks_;  ///< not yet in the library
     std::uint64_t lastMark_ = 0;
-    std::function<void(const std::vector<newsroom::Story>&)> onNewStories_;
+    std::function<void(const std::vector<kit::Story>&)> onNewStories_;
     std::optional<RefreshCadence> autoRefresh_;
     QTimer timer_;
     std::uint64_t lastSearch_ = 0;
     std::atomic<std::uint64_t> newestSearch_ = 0;  ///< the same, for the worker
-    Mailbox mailbox_;
-    std::unique_ptr<Backroom> backroom_;           ///< the worker's; made and used on its thread
+    MainThreadQueue mailbox_;
+    std::unique_ptr<DeskUpdateBuilder> backroom_;  ///< the worker's; made and used on its thread
     /// Last, so that it ends first: its jobs refer to the others.
     DeskWorker worker_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -3,14 +3,14 @@
 #include <utility>
 
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
-#include "Tarnwick_Brell/Storage/SearchText.h"
-#include "Tarnwick_Brell/Storage/StorySelection.h"
+#include "Tarnwick_Brell/Storage/Tables/SearchText.h"
+#include "Tarnwick_Brell/Storage/Tables/StorySelection.h"
 
-namespace desk {
+namespace app {
 
 namespace asio = boost::asio;
 
-using Bench = DeskWorker::Bench;
+using WorkerContext = DeskWorker::WorkerContext;
 
 // Marks.
 
@@ -35,8 +35,8 @@ std::vector<std::int64_t> NewsDesk::change(MarkChange asked, Undoable undoable) 
     if (changed.empty()) return changed;
     emit marksChanged(changed);
     const auto ticket = ++lastMark_;
-    const auto write = [this, ticket, asked, undoable, at = clock_()](Bench& bench) {
-        const auto stamp = bench.store.marks().set(
+    const auto write = [this, ticket, asked, undoable, at = clock_()](WorkerContext& context) {
+        const auto stamp = context.store.marks().set(
             asked.mark, asked.numbers, asked.on ? std::optional(at) : std::nullopt, undoable);
         backroom().noteOwnWrite(stamp);
         deliver([this, ticket] { pendingMarks_.erase(ticket); });
@@ -88,8 +88,8 @@ bool NewsDesk::undoMarks() {
     std::sort(back.numbers.begin(), back.numbers.end());
     if (!back.numbers.empty()) emit marksChanged(back.numbers);
     const auto ticket = ++lastMark_;
-    const auto undo = [this, ticket, back](Bench& bench) {
-        const auto undone = bench.store.marks().undoLastChange();
+    const auto undo = [this, ticket, back](WorkerContext& context) {
+        const auto undone = context.store.marks().undoLastChange();
         if (undone) backroom().noteOwnWrite(undone->stamp);
         const bool isSame = undone && undone->mark == back.mark && undone->on == back.on &&
                             undone->numbers == back.numbers;
@@ -108,11 +108,11 @@ bool NewsDesk::undoMarks() {
 
 // Sources.
 
-void NewsDesk::changeRoster(std::function<void(Bench&, SourceRoster&)> change,
+void NewsDesk::changeRoster(std::function<void(WorkerContext&, SourceRegistry&)> change,
                             DeskWorker::Failed failed) {
-    const auto job = [this, change = std::move(change)](Bench& bench) {
+    const auto job = [this, change = std::move(change)](WorkerContext& context) {
         try {
-            change(bench, backroom().roster());
+            change(context, backroom().roster());
         } catch (const std::exception&) {
             backroom().roster().reload();
             throw;
@@ -123,34 +123,36 @@ void NewsDesk::changeRoster(std::function<void(Bench&, SourceRoster&)> change,
 }
 
 void NewsDesk::setEnabled(const std::string& sourceID, bool enabled) {
-    changeRoster([=](Bench&, SourceRoster& roster) { roster.setEnabled(sourceID, enabled); },
-                 failure());
+    changeRoster(
+        [=](WorkerContext&, SourceRegistry& roster) { roster.setEnabled(sourceID, enabled); },
+        failure());
 }
 
 void NewsDesk::renameSource(const std::string& id, const std::string& name) {
-    changeRoster([=](Bench&, SourceRoster& roster) { roster.rename(id, name); }, failure());
-}
-
-void NewsDesk::removeSource(const std::string& id) {
-    changeRoster([=, this](Bench&, SourceRoster& roster) { roster.remove(id, clock_()); },
+    changeRoster([=](WorkerContext&, SourceRegistry& roster) { roster.rename(id, name); },
                  failure());
 }
 
-void NewsDesk::importOutlines(newsroom::Outlines outlines, Imported done) {
-    const auto import = [this, outlines = std::move(outlines), done](Bench& bench,
-                                                                     SourceRoster& roster) {
-        auto added = applyImport(previewImport(outlines, roster), bench.store, roster);
+void NewsDesk::removeSource(const std::string& id) {
+    changeRoster([=, this](WorkerContext&, SourceRegistry& roster) { roster.remove(id, clock_()); },
+                 failure());
+}
+
+void NewsDesk::importOutlines(kit::Outlines outlines, Imported done) {
+    const auto import = [this, outlines = std::move(outlines), done](WorkerContext& context,
+                                                                     SourceRegistry& roster) {
+        auto added = applyImport(previewImport(outlines, roster), context.store, roster);
         deliver([done, added = std::move(added)] { done(added); });
     };
     changeRoster(import, failure([done] { done({}); }));
 }
 
 void NewsDesk::checkAddress(std::string typed, AddressChecked done) {
-    const auto check = [this, typed = std::move(typed), done,
-                        retention =
-                            defaults_.storyRetention()](Bench& bench) -> asio::awaitable<void> {
-        SourceAdding adding(bench.store, backroom().roster(), bench.engine, clock_,
-                            std::chrono::duration<double>(retention));
+    const auto check =
+        [this, typed = std::move(typed), done,
+         retention = defaults_.storyRetention()](WorkerContext& context) -> asio::awaitable<void> {
+        SourceAdder adding(context.store, backroom().roster(), context.engine, clock_,
+                           std::chrono::duration<double>(retention));
         auto checked = co_await adding.check(typed);
         deliver([done, checked = std::move(checked)] { done(checked); });
     };
@@ -159,9 +161,9 @@ void NewsDesk::checkAddress(std::string typed, AddressChecked done) {
 
 void NewsDesk::addSource(std::string typed, SourceAdded done) {
     const auto add = [this, typed = std::move(typed), done, retention = defaults_.storyRetention()](
-                         Bench& bench) -> asio::awaitable<void> {
-        SourceAdding adding(bench.store, backroom().roster(), bench.engine, clock_,
-                            std::chrono::duration<double>(retention));
+                         WorkerContext& context) -> asio::awaitable<void> {
+        SourceAdder adding(context.store, backroom().roster(), context.engine, clock_,
+                           std::chrono::duration<double>(retention));
         auto added = co_await adding.add(typed);
         deliverStep(backroom().rosterChanged());
         deliver([done, added = std::move(added)] { done(added); });
@@ -187,14 +189,14 @@ DeskWorker::Failed NewsDesk::answering(Done done) {
 void NewsDesk::search(const std::string& typed, std::size_t limit, Found done) {
     const auto turn = ++lastSearch_;
     newestSearch_ = turn;
-    post([this, turn, typed, limit, done = std::move(done)](Bench& bench) {
+    post([this, turn, typed, limit, done = std::move(done)](WorkerContext& context) {
         // Someone has typed on: the answer would come too late.
-        if (newestSearch_ != turn || bench.isClosing) return;
+        if (newestSearch_ != turn || context.isClosing) return;
         const StorySelection selection{
             .search = SearchText::parse(typed, SearchText::LastWord::stillTyped)};
         std::vector<std::int64_t> found;
         if (!selection.search.isEmpty() && limit > 0) {
-            bench.store.search().each(selection, [&](const StoredStory& stored) {
+            context.store.search().each(selection, [&](const StoredStory& stored) {
                 found.push_back(stored.number);
                 return found.size() < limit;
             });
@@ -205,4 +207,4 @@ void NewsDesk::search(const std::string& typed, std::size_t limit, Found done) {
     });
 }
 
-}  // namespace desk
+}  // namespace app

@@ -4,13 +4,13 @@
 
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 
-namespace desk {
+namespace app {
 
 namespace asio = boost::asio;
 
-using newsroom::Instant;
-using newsroom::NewsSource;
-using Bench = DeskWorker::Bench;
+using kit::Instant;
+using kit::NewsSource;
+using WorkerContext = DeskWorker::WorkerContext;
 
 namespace {
 
@@ -85,11 +85,11 @@ void NewsDesk::beginPass(Asked asked) {
                     emit refreshChanged();
                 });
             },
-        .kept = [this](PassStep step) { deliverStep(backroom().kept(std::move(step))); }};
+        .kept = [this](CommittedBatch step) { deliverStep(backroom().kept(std::move(step))); }};
     const auto settings = passSettings(isNamed ? PassScope::named : PassScope::all);
-    const auto run = [this, listener, settings,
-                      sources = std::move(sources)](Bench& bench) -> asio::awaitable<void> {
-        RefreshPass pass(bench.store, bench.engine, clock_, settings, listener);
+    const auto run = [this, listener, settings, sources = std::move(sources)](
+                         WorkerContext& context) -> asio::awaitable<void> {
+        RefreshPass pass(context.store, context.engine, clock_, settings, listener);
         auto report = co_await pass.run(sources);
         deliverStep(backroom().finished());
         deliver([this, report = std::move(report)] { endPass(report); });
@@ -130,8 +130,8 @@ void NewsDesk::endLive() {
 
 void NewsDesk::markLeft(Instant at) {
     newSince_ = at;
-    post([at](Bench& bench) { bench.store.state().set(DeskState::kNewSince, at); });
+    post([at](WorkerContext& context) { context.store.state().set(DeskState::kNewSince, at); });
     emit newSinceChanged();
 }
 
-}  // namespace desk
+}  // namespace app

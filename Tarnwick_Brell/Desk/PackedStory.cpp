@@ -4,11 +4,11 @@
 #include <new>
 #include <string>
 
-#include "NewsroomKit/Stories/StoryShape.h"
+#include "NewsroomKit/Stories/StoryJSON.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::Story;
+using kit::Story;
 
 void PackedStory::Release::operator()(const PackedStory* story) const {
     story->~PackedStory();
@@ -18,7 +18,7 @@ void PackedStory::Release::operator()(const PackedStory* story) const {
 PackedStory::Owner PackedStory::make(const StoredStory& stored) {
     const Story& story = stored.story;
     const std::string credits =
-        story.credits.empty() ? "" : boost::json::serialize(newsroom::encode(story.credits));
+        story.credits.empty() ? "" : boost::json::serialize(kit::encode(story.credits));
     return make(StoryView{.id = story.id,
                           .link = story.link,
                           .title = story.title,
@@ -117,4 +117,4 @@ StoredStory PackedStory::unpacked() const {
         .stored();
 }
 
-}  // namespace desk
+}  // namespace app

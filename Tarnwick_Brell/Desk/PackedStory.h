@@ -6,10 +6,10 @@
 #include <memory>
 #include <string_view>
 
-#include "Tarnwick_Brell/Storage/StoredStory.h"
-#include "Tarnwick_Brell/Storage/StoryView.h"
+#include "Tarnwick_Brell/Storage/Tables/StoredStory.h"
+#include "Tarnwick_Brell/Storage/Tables/StoryView.h"
 
-namespace desk {
+namespace app {
 
 /// A story of the wire in one piece of memory, less than half of what the record takes: the
 /// whole wire is in memory, and there may be hundreds of thousands.
@@ -30,8 +30,8 @@ public:
     StoredStory unpacked() const;
 
     std::int64_t number() const { return number_; }
-    newsroom::Instant publishedAt() const { return publishedAt_; }
-    newsroom::Instant firstSeen() const { return firstSeen_; }
+    kit::Instant publishedAt() const { return publishedAt_; }
+    kit::Instant firstSeen() const { return firstSeen_; }
     std::string_view id() const { return text(Text::id); }
     std::string_view title() const { return text(Text::title); }
     std::string_view summary() const { return text(Text::summary); }
@@ -41,8 +41,8 @@ public:
     std::string_view destinationName() const { return text(Text::destinationName); }
     std::string_view imageURL() const { return text(Text::imageURL); }
     bool isAppleSource() const { return isAppleSource_; }
-    newsroom::StoryKind kind() const { return kind_; }
-    newsroom::Sourcing sourcing() const { return sourcing_; }
+    kit::StoryKind kind() const { return kind_; }
+    kit::Sourcing sourcing() const { return sourcing_; }
     Arrival arrival() const { return arrival_; }
 
     bool isRead() const { return isRead_; }
@@ -51,10 +51,12 @@ public:
     void setSaved(bool saved) { isSaved_ = saved; }
 
 private:
+    // clang-format off
     enum class Text {
         id, link, title, summary, author, imageURL, sourceID, sourceName, destinationName,
         articleLink, credits
     };
+    // clang-format on
     static constexpr std::size_t kTexts = 11;
 
     PackedStory() = default;
@@ -63,13 +65,13 @@ private:
     const char* bytes() const { return reinterpret_cast<const char*>(this + 1); }
 
     std::int64_t number_ = 0;
-    newsroom::Instant publishedAt_{};
-    newsroom::Instant firstSeen_{};
+    kit::Instant publishedAt_{};
+    kit::Instant firstSeen_{};
     std::int64_t wordpressID_ = 0;
     std::array<std::uint32_t, kTexts> ends_{};  ///< of each text in the bytes behind this object
     std::uint16_t present_ = 0;                 ///< one bit for each text that is not absent
-    newsroom::StoryKind kind_{};
-    newsroom::Sourcing sourcing_{};
+    kit::StoryKind kind_{};
+    kit::Sourcing sourcing_{};
     Arrival arrival_{};
     bool isAppleSource_ = false;
     bool hasWordpressID_ = false;
@@ -77,4 +79,4 @@ private:
     bool isSaved_ = false;
 };
 
-}  // namespace desk
+}  // namespace app

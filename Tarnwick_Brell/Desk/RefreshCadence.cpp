@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace desk {
+namespace app {
 
 using namespace std::chrono_literals;
 using std::chrono::milliseconds;
@@ -23,7 +23,7 @@ milliseconds inMilliseconds(auto duration) {
 }  // namespace
 
 RefreshCadence::RefreshCadence(std::chrono::minutes interval,
-                               std::optional<newsroom::Instant> lastRefresh, Now now, Jitter jitter)
+                               std::optional<kit::Instant> lastRefresh, Now now, Jitter jitter)
     : interval_(interval), jitter_(std::move(jitter)), lastLook_(now) {
     const bool isRecent =
         lastRefresh && *lastRefresh <= now.wall && now.wall - *lastRefresh < interval_;
@@ -33,11 +33,11 @@ RefreshCadence::RefreshCadence(std::chrono::minutes interval,
     earliest_ = now.steady + (isRecent ? 0ms : jitter_(kStartJitter));
 }
 
-void RefreshCadence::goLive(newsroom::Instant until, Now now) {
+void RefreshCadence::goLive(kit::Instant until, Now now) {
     liveUntil_ = std::min(until, now.wall + kLongestLive);
 }
 
-std::optional<newsroom::Instant> RefreshCadence::liveUntil(newsroom::Instant now) const {
+std::optional<kit::Instant> RefreshCadence::liveUntil(kit::Instant now) const {
     // A clock that was set back must not make it live for longer.
     const bool holds = liveUntil_ && now < *liveUntil_ && *liveUntil_ - now <= kLongestLive;
     return holds ? liveUntil_ : std::nullopt;
@@ -54,7 +54,7 @@ void RefreshCadence::passEnded(Now now, bool failedAsAWhole) {
     earliest_ = now.steady + kBetweenPasses;
 }
 
-milliseconds RefreshCadence::pause(newsroom::Instant wall) const {
+milliseconds RefreshCadence::pause(kit::Instant wall) const {
     const milliseconds usual = liveUntil(wall) ? milliseconds(kLiveInterval) : interval_;
     if (failures_ == 0) return usual;
     return std::min(usual, kFirstRetry * (1 << std::min(failures_ - 1, 10)));
@@ -77,4 +77,4 @@ RefreshCadence::Steady RefreshCadence::nextPass(Now now) const {
     return std::max(next, earliest_);
 }
 
-}  // namespace desk
+}  // namespace app

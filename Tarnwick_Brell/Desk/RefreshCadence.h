@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Records/Instant.h"
 
-namespace desk {
+namespace app {
 
 /// When the next pass is due. It goes by the clock that only ever runs forward, so that a
 /// wall clock that jumps brings neither a storm of passes nor silence; the wall clock tells
@@ -16,7 +16,7 @@ public:
     using Steady = std::chrono::steady_clock::time_point;
 
     struct Now {
-        newsroom::Instant wall{};
+        kit::Instant wall{};
         Steady steady{};
     };
 
@@ -28,15 +28,15 @@ public:
     using Jitter = std::function<std::chrono::milliseconds(std::chrono::milliseconds)>;
 
     /// `lastRefresh`: of the last run, if any.
-    RefreshCadence(std::chrono::minutes interval, std::optional<newsroom::Instant> lastRefresh,
-                   Now now, Jitter jitter);
+    RefreshCadence(std::chrono::minutes interval, std::optional<kit::Instant> lastRefresh, Now now,
+                   Jitter jitter);
 
     void setInterval(std::chrono::minutes interval) { interval_ = interval; }
     /// Passes come every minute until then, but no longer than two hours from now.
-    void goLive(newsroom::Instant until, Now now);
+    void goLive(kit::Instant until, Now now);
     void endLive() { liveUntil_.reset(); }
     /// Nothing once it is over.
-    std::optional<newsroom::Instant> liveUntil(newsroom::Instant now) const;
+    std::optional<kit::Instant> liveUntil(kit::Instant now) const;
 
     void passBegan(Now now);
     /// After a pass without a network the next one comes sooner, at growing distances.
@@ -47,17 +47,17 @@ public:
     Steady nextPass(Now now) const;
 
 private:
-    std::chrono::milliseconds pause(newsroom::Instant wall) const;
+    std::chrono::milliseconds pause(kit::Instant wall) const;
 
     std::chrono::milliseconds interval_;
     Jitter jitter_;
-    std::optional<newsroom::Instant> liveUntil_;
+    std::optional<kit::Instant> liveUntil_;
     Now lastLook_;
-    newsroom::Instant beganWall_;
+    kit::Instant beganWall_;
     Steady began_;                  ///< what the cadence counts from
     Steady earliest_;               ///< not before, whatever the cadence says
     std::optional<Steady> wakeUp_;  ///< the pass that catches up after a sleep
     int failures_ = 0;              ///< passes in a row without a network
 };
 
-}  // namespace desk
+}  // namespace app

@@ -17,15 +17,15 @@
 #include "NewsroomKit/Log/Log.h"
 #include "Tarnwick_Brell/Desk/StoryIntake.h"
 
-namespace desk {
+namespace app {
 
 namespace asio = boost::asio;
 
-using newsroom::FetchQueue;
-using newsroom::Instant;
-using newsroom::NewsSource;
-using newsroom::SourceFetch;
-using newsroom::Story;
+using kit::FetchQueue;
+using kit::Instant;
+using kit::NewsSource;
+using kit::SourceFetch;
+using kit::Story;
 using Kind = SourceOutcome::Kind;
 
 namespace {
@@ -56,7 +56,7 @@ std::chrono::seconds withJitter(std::chrono::seconds pause) {
     std::random_device source;
     std::uniform_int_distribution<std::chrono::seconds::rep> more(0, pause.count() / 10);
     return std::min<std::chrono::seconds>(pause + std::chrono::seconds(more(source)),
-                                          HostPauses::kLongest);
+                                          HostBackoff::kLongest);
 }
 
 void logPass(const PassReport& report) {
@@ -66,11 +66,11 @@ void logPass(const PassReport& report) {
         failed += outcome.kind == SourceOutcome::Kind::failed ? 1 : 0;
         added += outcome.merged.added;
     }
-    newsroom::log(newsroom::LogCategory::desk, newsroom::LogLevel::info,
-                  "a pass ended (sources: {}, new stories: {}, failed: {}){}{}{}",
-                  report.outcomes.size(), added, failed, report.offline ? ", offline" : "",
-                  report.cancelled ? ", cancelled" : "",
-                  report.clockSeemsWrong ? ", the clock seems wrong" : "");
+    kit::log(kit::LogCategory::desk, kit::LogLevel::info,
+             "a pass ended (sources: {}, new stories: {}, failed: {}){}{}{}",
+             report.outcomes.size(), added, failed, report.offline ? ", offline" : "",
+             report.cancelled ? ", cancelled" : "",
+             report.clockSeemsWrong ? ", the clock seems wrong" : "");
 }
 
 }  // namespace
@@ -83,14 +83,14 @@ struct RefreshPass::Arrived {
 
 /// What arrives waits here until it is written. Failures without any answer wait until some
 /// source answers: when none does, this computer is to blame.
-class RefreshPass::Intake {
+class RefreshPass::BatchWriter {
 public:
-    Intake(RefreshPass& pass, std::size_t total) : pass_(pass), total_(total) {}
+    BatchWriter(RefreshPass& pass, std::size_t total) : pass_(pass), total_(total) {}
 
     /// Of a source that was not asked.
     void leaveOut(SourceOutcome outcome) {
         countOne();
-        PassStep step;
+        CommittedBatch step;
         step.outcomes.push_back(std::move(outcome));
         report(std::move(step));
     }
@@ -102,7 +102,7 @@ public:
             unblamed_.push_back(std::move(arrived));
         } else if (hasAnswer(arrived.fetch)) {
             answered_ = true;
-            blameHeld();
+            flushUnanswered();
             take(std::move(arrived));
         } else if (answered_) {
             take(std::move(arrived));
@@ -117,7 +117,7 @@ public:
         if (waiting_.empty()) return;
         auto transaction = pass_.store_.transaction();
         auto merging = pass_.store_.merging();
-        PassStep step{.stamp = pass_.store_.state().nextStamp()};
+        CommittedBatch step{.stamp = pass_.store_.state().nextStamp()};
         for (auto& arrived : waiting_) {
             step.outcomes.push_back(pass_.keep(std::move(arrived), merging, step));
         }
@@ -129,7 +129,7 @@ public:
         transaction.commit();
         waiting_.clear();
         waitingStories_ = 0;
-        lastWrite_ = Clock::now();
+        lastWrite_ = SteadyClock::now();
         report(std::move(step));
     }
 
@@ -145,7 +145,7 @@ public:
             timer.expires_after(kBetweenWrites);
             const auto [error] = co_await timer.async_wait(asio::as_tuple(asio::use_awaitable));
             const bool isMany = lastWrite_ && waitingStories_ >= kManyStories;
-            const bool mayWait = isMany && Clock::now() - *lastWrite_ < kBetweenWritesOfMany;
+            const bool mayWait = isMany && SteadyClock::now() - *lastWrite_ < kBetweenWritesOfMany;
             if (!error && !mayWait) write();
         }
     }
@@ -155,11 +155,11 @@ public:
     /// After the last arrival.
     PassReport finish() {
         report_.offline = !answered_ && !held_.empty() && isWholeNetwork();
-        if (!report_.offline) blameHeld();
+        if (!report_.offline) flushUnanswered();
         write();
-        PassStep step;
+        CommittedBatch step;
         for (auto* arrivals : {&held_, &unblamed_}) {
-            for (auto& arrived : *arrivals) step.outcomes.push_back(unblamed(arrived));
+            for (auto& arrived : *arrivals) step.outcomes.push_back(cancelled(arrived));
         }
         // Sources whose turn had not come do not arrive at all.
         report_.cancelled = !unblamed_.empty() || done_ < total_;
@@ -168,7 +168,7 @@ public:
     }
 
 private:
-    using Clock = std::chrono::steady_clock;
+    using SteadyClock = std::chrono::steady_clock;
 
     void countOne() {
         ++done_;
@@ -182,7 +182,7 @@ private:
         waiting_.push_back(std::move(arrived));
     }
 
-    void blameHeld() {
+    void flushUnanswered() {
         for (auto& arrived : held_) take(std::move(arrived));
         held_.clear();
     }
@@ -193,7 +193,7 @@ private:
                std::get<SourceFetch::Failed>(held_.front().fetch.outcome).offline;
     }
 
-    SourceOutcome unblamed(Arrived& arrived) const {
+    SourceOutcome cancelled(Arrived& arrived) const {
         auto& failed = std::get<SourceFetch::Failed>(arrived.fetch.outcome);
         auto outcome =
             pass_.outcomeOf(arrived.source, failed.cancelled ? Kind::cancelled : Kind::failed);
@@ -202,7 +202,7 @@ private:
         return outcome;
     }
 
-    void report(PassStep step) {
+    void report(CommittedBatch step) {
         if (step.outcomes.empty()) return;
         report_.outcomes.insert(report_.outcomes.end(), step.outcomes.begin(), step.outcomes.end());
         if (pass_.listener_.kept) pass_.listener_.kept(std::move(step));
@@ -214,13 +214,13 @@ private:
     std::vector<Arrived> held_;
     std::vector<Arrived> unblamed_;  ///< cancelled
     std::size_t waitingStories_ = 0;
-    std::optional<Clock::time_point> lastWrite_;
+    std::optional<SteadyClock::time_point> lastWrite_;
     std::size_t done_ = 0;
     std::size_t total_;
     bool answered_ = false;
 };
 
-RefreshPass::RefreshPass(LocalStore& store, FetchEngine& engine, newsroom::FeedClient::Clock clock,
+RefreshPass::RefreshPass(LocalStore& store, FetchStack& engine, kit::SteadyClock clock,
                          PassSettings settings, Listener listener)
     : store_(store),
       engine_(engine),
@@ -239,8 +239,8 @@ asio::awaitable<PassReport> RefreshPass::run(std::vector<NewsSource> sources) {
     const auto validators = store_.validators().load();
     engine_.http().validators().replace(validators);
     engine_.feeds().clockCheck().reset();
-    Intake intake(*this, sources.size());
-    auto due = takeDue(std::move(sources), intake);
+    BatchWriter intake(*this, sources.size());
+    auto due = dueSources(std::move(sources), intake);
     for (const auto& source : due) {
         if (isFetchedInFull(source)) engine_.http().validators().forget(source.feedURL);
     }
@@ -249,11 +249,11 @@ asio::awaitable<PassReport> RefreshPass::run(std::vector<NewsSource> sources) {
         const auto now = clock_();
         if (fetch.record.retryAfter &&
             !std::holds_alternative<SourceFetch::Stories>(fetch.outcome)) {
-            leaveAlone(source, *fetch.record.retryAfter, now);
+            backOff(source, *fetch.record.retryAfter, now);
         }
         intake.add({source, std::move(fetch), now});
     };
-    const auto gate = [&](const NewsSource& source) { return mayAsk(source, intake); };
+    const auto gate = [&](const NewsSource& source) { return canFetch(source, intake); };
     const auto executor = co_await asio::this_coro::executor;
     auto fetching = asio::co_spawn(
         executor, engine_.feeds().fetchAll(std::move(due), arrived, gate), asio::deferred);
@@ -269,7 +269,7 @@ asio::awaitable<PassReport> RefreshPass::run(std::vector<NewsSource> sources) {
     report.ended = clock_();
     report.clockSeemsWrong = clockCheck().seemsWrong();
     if (intake.isAnswered() && !report.clockSeemsWrong) report.droppedBefore = cutoff();
-    tidyUp(validators, report);
+    finishPass(validators, report);
     logPass(report);
     co_return report;
 }
@@ -290,7 +290,8 @@ bool RefreshPass::isFetchedInFull(const NewsSource& source) const {
            hasPassed(kFullFetchEvery, *health->second.lastFullFetch, clock_());
 }
 
-std::vector<NewsSource> RefreshPass::takeDue(std::vector<NewsSource> sources, Intake& intake) {
+std::vector<NewsSource> RefreshPass::dueSources(std::vector<NewsSource> sources,
+                                                BatchWriter& intake) {
     const auto waiting = std::stable_partition(
         sources.begin(), sources.end(), [&](const NewsSource& source) { return isDue(source); });
     for (auto source = waiting; source != sources.end(); ++source) {
@@ -300,7 +301,7 @@ std::vector<NewsSource> RefreshPass::takeDue(std::vector<NewsSource> sources, In
     return sources;
 }
 
-bool RefreshPass::mayAsk(const NewsSource& source, Intake& intake) {
+bool RefreshPass::canFetch(const NewsSource& source, BatchWriter& intake) {
     if (settings_.scope == PassScope::named) return true;
     const auto pause = pauses_.find(FetchQueue::hostOf(source));
     if (pause == pauses_.end() || pause->second <= clock_()) return true;
@@ -310,11 +311,11 @@ bool RefreshPass::mayAsk(const NewsSource& source, Intake& intake) {
     return false;
 }
 
-void RefreshPass::leaveAlone(const NewsSource& source, std::chrono::seconds wanted, Instant now) {
+void RefreshPass::backOff(const NewsSource& source, std::chrono::seconds wanted, Instant now) {
     if (wanted <= std::chrono::seconds(0)) return;
     const auto host = FetchQueue::hostOf(source);
     const auto until =
-        now + withJitter(std::min<std::chrono::seconds>(wanted, HostPauses::kLongest));
+        now + withJitter(std::min<std::chrono::seconds>(wanted, HostBackoff::kLongest));
     pauses_[host] = until;
     store_.hostPauses().set(host, until);
 }
@@ -330,7 +331,7 @@ SourceOutcome RefreshPass::outcomeOf(const NewsSource& source, Kind kind) const 
     return outcome;
 }
 
-SourceOutcome RefreshPass::keep(Arrived arrived, StoryMerge& merging, PassStep& step) {
+SourceOutcome RefreshPass::keep(Arrived arrived, StoryMerge& merging, CommittedBatch& step) {
     auto& [source, fetch, moment] = arrived;
     if (source.kind == NewsSource::Kind::custom && store_.sources().isRemoved(source.id)) {
         // While it was fetched. A status would make it an old acquaintance if it is added again.
@@ -373,7 +374,7 @@ SourceOutcome RefreshPass::keep(Arrived arrived, StoryMerge& merging, PassStep& 
 
 /// What a feed brought, and what its source's status says of it.
 MergeCount RefreshPass::keepStories(const NewsSource& source, std::vector<Story> stories,
-                                    Instant moment, StoryMerge& merging, PassStep& step) {
+                                    Instant moment, StoryMerge& merging, CommittedBatch& step) {
     SourceStatus& status = statuses_[source.id];
     SourceHealth& health = healths_[source.id];
     StoryMerge::Fetch terms{.seen = clockCheck().corrected(moment), .isFirst = !health.newestStory};
@@ -398,8 +399,8 @@ MergeCount RefreshPass::keepStories(const NewsSource& source, std::vector<Story>
     return result.count;
 }
 
-void RefreshPass::tidyUp(const newsroom::ValidatorTable::Entries& validators,
-                         const PassReport& report) {
+void RefreshPass::finishPass(const kit::ValidatorTable::Entries& validators,
+                             const PassReport& report) {
     auto transaction = store_.transaction();
     // After the stories: a validator without its stories would answer 304 for ever.
     store_.validators().save(validators, engine_.http().validators().entries());
@@ -408,7 +409,7 @@ void RefreshPass::tidyUp(const newsroom::ValidatorTable::Entries& validators,
         store_.state().set(DeskState::kClockConfirmed, report.ended);
     }
     store_.stories().dropBeyond(settings_.ceiling);
-    store_.hostPauses().tidyUp(report.ended);
+    store_.hostPauses().finishPass(report.ended);
     if (settings_.scope == PassScope::all && !report.offline && !report.cancelled) {
         store_.state().set(DeskState::kLastRefresh, report.ended);
     }
@@ -419,4 +420,4 @@ Instant RefreshPass::cutoff() const {
     return clock_() - std::chrono::duration_cast<Instant::duration>(settings_.retention);
 }
 
-}  // namespace desk
+}  // namespace app

@@ -13,11 +13,11 @@
 #include <boost/asio/awaitable.hpp>
 
 #include "NewsroomKit/Sources/NewsSource.h"
-#include "Tarnwick_Brell/Desk/FetchEngine.h"
+#include "Tarnwick_Brell/Desk/FetchStack.h"
 #include "Tarnwick_Brell/Desk/SourceOutcome.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
-namespace desk {
+namespace app {
 
 enum class PassScope {
     all,   ///< every source that is on, as far as its shortest interval and its host allow
@@ -39,7 +39,7 @@ inline constexpr std::string_view kClockSeemsWrong =
     "Until they agree no story is dropped for its age.";
 
 /// What became safe in the library at one moment of a pass.
-struct PassStep {
+struct CommittedBatch {
     std::optional<std::int64_t> stamp{};  ///< of the transaction; absent when nothing was written
     std::vector<SourceOutcome> outcomes{};
     std::vector<StoredStory> added{};
@@ -55,8 +55,8 @@ struct PassReport {
     bool clockSeemsWrong = false;
     /// Stories published before were dropped. Absent when nothing was dropped for its age,
     /// because no server has confirmed the clock.
-    std::optional<newsroom::Instant> droppedBefore{};
-    newsroom::Instant ended{};
+    std::optional<kit::Instant> droppedBefore{};
+    kit::Instant ended{};
 };
 
 /// One refresh of a list of sources: fetches them, keeps the stories that belong to the
@@ -70,45 +70,44 @@ public:
     struct Listener {
         /// A source has arrived; it may not be in the library yet.
         std::function<void(std::size_t done, std::size_t total)> progress{};
-        std::function<void(PassStep)> kept{};
+        std::function<void(CommittedBatch)> kept{};
     };
 
-    RefreshPass(LocalStore& store, FetchEngine& engine, newsroom::FeedClient::Clock clock,
-                PassSettings settings, Listener listener);
+    RefreshPass(LocalStore& store, FetchStack& engine, kit::Clock clock, PassSettings settings,
+                Listener listener);
     ~RefreshPass();
 
     /// To be awaited once, on an executor that runs one handler at a time and on which
     /// nobody else has a transaction open across a wait. When it is cancelled, what has
     /// arrived is kept. Throws StoreError.
-    boost::asio::awaitable<PassReport> run(std::vector<newsroom::NewsSource> sources);
+    boost::asio::awaitable<PassReport> run(std::vector<kit::NewsSource> sources);
 
 private:
-    class Intake;
+    class BatchWriter;
     struct Arrived;
 
-    bool isDue(const newsroom::NewsSource& source) const;
-    bool isFetchedInFull(const newsroom::NewsSource& source) const;
-    std::vector<newsroom::NewsSource> takeDue(std::vector<newsroom::NewsSource> sources,
-                                              Intake& intake);
-    bool mayAsk(const newsroom::NewsSource& source, Intake& intake);
-    void leaveAlone(const newsroom::NewsSource& source, std::chrono::seconds wanted,
-                    newsroom::Instant now);
-    SourceOutcome keep(Arrived arrived, StoryMerge& merging, PassStep& step);
-    SourceOutcome outcomeOf(const newsroom::NewsSource& source, SourceOutcome::Kind kind) const;
-    MergeCount keepStories(const newsroom::NewsSource& source, std::vector<newsroom::Story> stories,
-                           newsroom::Instant moment, StoryMerge& merging, PassStep& step);
-    void tidyUp(const newsroom::ValidatorTable::Entries& validators, const PassReport& report);
-    newsroom::Instant cutoff() const;
-    const newsroom::ClockCheck& clockCheck() const { return engine_.feeds().clockCheck(); }
+    bool isDue(const kit::NewsSource& source) const;
+    bool isFetchedInFull(const kit::NewsSource& source) const;
+    std::vector<kit::NewsSource> dueSources(std::vector<kit::NewsSource> sources,
+                                            BatchWriter& intake);
+    bool canFetch(const kit::NewsSource& source, BatchWriter& intake);
+    void backOff(const kit::NewsSource& source, std::chrono::seconds wanted, kit::Instant now);
+    SourceOutcome keep(Arrived arrived, StoryMerge& merging, CommittedBatch& step);
+    SourceOutcome outcomeOf(const kit::NewsSource& source, SourceOutcome::Kind kind) const;
+    MergeCount keepStories(const kit::NewsSource& source, std::vector<kit::Story> stories,
+                           kit::Instant moment, StoryMerge& merging, CommittedBatch& step);
+    void finishPass(const kit::ValidatorTable::Entries& validators, const PassReport& report);
+    kit::Instant cutoff() const;
+    const kit::ClockCheck& clockCheck() const { return engine_.feeds().clockCheck(); }
 
     LocalStore& store_;
-    FetchEngine& engine_;
-    newsroom::FeedClient::Clock clock_;
+    FetchStack& engine_;
+    kit::Clock clock_;
     PassSettings settings_;
     Listener listener_;
     std::map<std::string, SourceStatus> statuses_;
     std::map<std::string, SourceHealth> healths_;
-    std::map<std::string, newsroom::Instant, std::less<>> pauses_;
+    std::map<std::string, kit::Instant, std::less<>> pauses_;
 };
 
-}  // namespace desk
+}  // namespace app

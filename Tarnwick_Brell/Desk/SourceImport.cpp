@@ -5,21 +5,21 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "Tarnwick_Brell/Desk/StoryIntake.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::NewsSource;
+using kit::NewsSource;
 
 namespace {
 
-std::string nameOf(const newsroom::OutlineFeed& feed) {
+std::string nameOf(const kit::OutlineFeed& feed) {
     if (!feed.title.empty()) return feed.title;
-    const auto address = newsroom::WebAddress::parse(feed.feedURL);
+    const auto address = kit::WebAddress::parse(feed.feedURL);
     return address ? address->host : feed.feedURL;
 }
 
 }  // namespace
 
-ImportPreview previewImport(newsroom::Outlines outlines, const SourceRoster& roster) {
+ImportPreview previewImport(kit::Outlines outlines, const SourceRegistry& roster) {
     ImportPreview preview{.title = std::move(outlines.title),
                           .refused = std::move(outlines.skipped)};
     for (auto& feed : outlines.feeds) {
@@ -34,7 +34,7 @@ ImportPreview previewImport(newsroom::Outlines outlines, const SourceRoster& ros
 }
 
 std::vector<NewsSource> applyImport(const ImportPreview& preview, LocalStore& store,
-                                    SourceRoster& roster) {
+                                    SourceRegistry& roster) {
     auto transaction = store.transaction();
     // Another program may have added some of them since the preview.
     roster.reload();
@@ -47,8 +47,8 @@ std::vector<NewsSource> applyImport(const ImportPreview& preview, LocalStore& st
     return added;
 }
 
-newsroom::Outlines exportedSources(const SourceRoster& roster, ExportScope scope) {
-    newsroom::Outlines outlines{.title = "Sources of Tarnwick Brell"};
+kit::Outlines exportedSources(const SourceRegistry& roster, ExportScope scope) {
+    kit::Outlines outlines{.title = "Sources of Tarnwick Brell"};
     for (const auto& source : roster.sources()) {
         const bool isOwn = source.kind == NewsSource::Kind::custom;
         if (!isOwn && (scope == ExportScope::own || !roster.isEnabled(source))) continue;
@@ -60,4 +60,4 @@ newsroom::Outlines exportedSources(const SourceRoster& roster, ExportScope scope
     return outlines;
 }
 
-}  // namespace desk
+}  // namespace app

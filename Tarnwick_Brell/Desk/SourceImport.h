@@ -5,33 +5,33 @@
 
 #include "NewsroomKit/Outlines/Outlines.h"
 #include "NewsroomKit/Sources/NewsSource.h"
-#include "Tarnwick_Brell/Desk/SourceRoster.h"
+#include "Tarnwick_Brell/Desk/SourceRegistry.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
-namespace desk {
+namespace app {
 
 /// What importing a list of feeds would do, for the user to see before anything changes.
 struct ImportPreview {
     struct Known {
-        newsroom::OutlineFeed feed{};
-        newsroom::NewsSource source{};  ///< that has the feed already
+        kit::OutlineFeed feed{};
+        kit::NewsSource source{};  ///< that has the feed already
     };
 
-    std::string title{};                         ///< of the list
-    std::vector<newsroom::OutlineFeed> fresh{};  ///< would be added
+    std::string title{};                    ///< of the list
+    std::vector<kit::OutlineFeed> fresh{};  ///< would be added
     std::vector<Known> known{};
-    std::vector<newsroom::SkippedOutline> refused{};
+    std::vector<kit::SkippedOutline> refused{};
 };
 
-ImportPreview previewImport(newsroom::Outlines outlines, const SourceRoster& roster);
+ImportPreview previewImport(kit::Outlines outlines, const SourceRegistry& roster);
 
 /// Adds what is fresh, all of it or nothing, and returns the new sources. Throws StoreError.
-std::vector<newsroom::NewsSource> applyImport(const ImportPreview& preview, LocalStore& store,
-                                              SourceRoster& roster);
+std::vector<kit::NewsSource> applyImport(const ImportPreview& preview, LocalStore& store,
+                                         SourceRegistry& roster);
 
 /// What other readers take over: the sources that are on and all of the user's own, or the
 /// latter alone. The catalogue's categories are folders.
 enum class ExportScope { subscribed, own };
-newsroom::Outlines exportedSources(const SourceRoster& roster, ExportScope scope);
+kit::Outlines exportedSources(const SourceRegistry& roster, ExportScope scope);
 
-}  // namespace desk
+}  // namespace app

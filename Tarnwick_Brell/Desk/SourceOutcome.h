@@ -4,10 +4,10 @@
 
 #include "NewsroomKit/HTTP/HTTPClient.h"
 #include "NewsroomKit/Sources/NewsSource.h"
-#include "Tarnwick_Brell/Storage/SourceStatus.h"
-#include "Tarnwick_Brell/Storage/StoryMerge.h"
+#include "Tarnwick_Brell/Storage/Tables/SourceStatus.h"
+#include "Tarnwick_Brell/Storage/Tables/StoryMerge.h"
 
-namespace desk {
+namespace app {
 
 /// What a pass did for one source.
 struct SourceOutcome {
@@ -20,7 +20,7 @@ struct SourceOutcome {
         cancelled
     };
 
-    newsroom::NewsSource source{};
+    kit::NewsSource source{};
     Kind kind = Kind::notDue;
     MergeCount merged{};
     bool isEmpty = false;  ///< the feed that was read had no stories in it
@@ -28,8 +28,8 @@ struct SourceOutcome {
     SourceHealth health{};
     /// Of this fetch; the status has it only when the source is to blame.
     std::optional<std::string> error{};
-    std::optional<newsroom::Instant> pausedUntil{};
-    newsroom::HTTPClient::Record record{};
+    std::optional<kit::Instant> pausedUntil{};
+    kit::HTTPClient::Record record{};
 };
 
-}  // namespace desk
+}  // namespace app

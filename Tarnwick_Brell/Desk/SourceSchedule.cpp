@@ -5,18 +5,17 @@
 
 #include "NewsroomKit/Ingestion/FetchQueue.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::Instant;
+using kit::Instant;
 
-std::optional<Instant> pauseOf(const newsroom::NewsSource& source, const Pauses& pauses,
-                               Instant now) {
-    const auto pause = pauses.find(newsroom::FetchQueue::hostOf(source));
+std::optional<Instant> pauseOf(const kit::NewsSource& source, const Pauses& pauses, Instant now) {
+    const auto pause = pauses.find(kit::FetchQueue::hostOf(source));
     if (pause == pauses.end() || pause->second <= now) return std::nullopt;
     return pause->second;
 }
 
-std::optional<Instant> nextTry(const newsroom::NewsSource& source, const SourceStatus& status,
+std::optional<Instant> nextTry(const kit::NewsSource& source, const SourceStatus& status,
                                const Pauses& pauses, Instant now) {
     auto earliest = pauseOf(source, pauses, now);
     // A clock that was set back must not silence a source.
@@ -29,4 +28,4 @@ std::optional<Instant> nextTry(const newsroom::NewsSource& source, const SourceS
     return earliest;
 }
 
-}  // namespace desk
+}  // namespace app

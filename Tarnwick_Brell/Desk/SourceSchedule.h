@@ -5,20 +5,19 @@
 #include <string>
 
 #include "NewsroomKit/Sources/NewsSource.h"
-#include "Tarnwick_Brell/Storage/SourceStatus.h"
+#include "Tarnwick_Brell/Storage/Tables/SourceStatus.h"
 
-namespace desk {
+namespace app {
 
-/// Pauses that hosts asked for, as HostPauses loads them.
-using Pauses = std::map<std::string, newsroom::Instant, std::less<>>;
+/// Pauses that hosts asked for, as HostBackoff loads them.
+using Pauses = std::map<std::string, kit::Instant, std::less<>>;
 
 /// Until when the source's host wants to be left alone.
-std::optional<newsroom::Instant> pauseOf(const newsroom::NewsSource& source, const Pauses& pauses,
-                                         newsroom::Instant now);
+std::optional<kit::Instant> pauseOf(const kit::NewsSource& source, const Pauses& pauses,
+                                    kit::Instant now);
 
 /// Before which moment no pass asks for the source; nothing when the next pass does.
-std::optional<newsroom::Instant> nextTry(const newsroom::NewsSource& source,
-                                         const SourceStatus& status, const Pauses& pauses,
-                                         newsroom::Instant now);
+std::optional<kit::Instant> nextTry(const kit::NewsSource& source, const SourceStatus& status,
+                                    const Pauses& pauses, kit::Instant now);
 
-}  // namespace desk
+}  // namespace app

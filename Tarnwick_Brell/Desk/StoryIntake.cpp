@@ -6,11 +6,11 @@
 #include "NewsroomKit/Editorial/AppleTopic.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::Instant;
-using newsroom::NewsSource;
-using newsroom::Story;
+using kit::Instant;
+using kit::NewsSource;
+using kit::Story;
 
 namespace {
 
@@ -35,7 +35,7 @@ std::string_view firstBytes(std::string_view text, std::size_t count) {
 
 void cut(std::string& text, TextLimit limit) {
     if (text.size() <= limit.characters) return;
-    text.resize(newsroom::firstCharacters(firstBytes(text, limit.bytes), limit.characters).size());
+    text.resize(kit::firstCharacters(firstBytes(text, limit.bytes), limit.characters).size());
 }
 
 void cut(std::optional<std::string>& text, TextLimit limit) {
@@ -62,8 +62,8 @@ void cutTexts(Story& story) {
 
 bool isWanted(const Story& story, const NewsSource& source, Instant oldest) {
     if (story.publishedAt < oldest || story.link.size() > kLinkBytes) return false;
-    return !source.onlyApple || newsroom::AppleTopic::matches(story.title) ||
-           newsroom::AppleTopic::matches(story.summary);
+    return !source.onlyApple || kit::AppleTopic::matches(story.title) ||
+           kit::AppleTopic::matches(story.summary);
 }
 
 }  // namespace
@@ -91,4 +91,4 @@ std::string nameToKeep(std::string_view name) {
     return kept;
 }
 
-}  // namespace desk
+}  // namespace app

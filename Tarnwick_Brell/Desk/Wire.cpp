@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -138,4 +138,4 @@ std::vector<std::int64_t> Wire::setSaved(const std::vector<std::int64_t>& number
     return changed;
 }
 
-}  // namespace desk
+}  // namespace app

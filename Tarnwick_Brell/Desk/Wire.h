@@ -10,7 +10,7 @@
 
 #include "Tarnwick_Brell/Desk/PackedStory.h"
 
-namespace desk {
+namespace app {
 
 /// What changed in the wire, for lists that follow it. First the removed stories go, then the
 /// inserted ones come.
@@ -71,4 +71,4 @@ private:
     std::size_t savedCount_ = 0;
 };
 
-}  // namespace desk
+}  // namespace app

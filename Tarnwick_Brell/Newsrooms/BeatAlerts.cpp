@@ -2,24 +2,24 @@
 
 #include "NewsroomKit/Newsrooms/PanelAlert.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::PanelAlert;
-using newsroom::PanelKind;
-using newsroom::Story;
+using kit::PanelAlert;
+using kit::PanelKind;
+using kit::Story;
 
 BeatAlerts::BeatAlerts(const BeatShelf& beats, const NewsroomShelf& newsrooms) {
     for (const auto& entry : beats.entries()) {
         if (!entry.value || !entry.value->alerts) continue;
-        watches_.push_back({entry.id, entry.name, entry.value->query.compiled(),
-                            PanelKind::stream});
+        watches_.push_back(
+            {entry.id, entry.name, entry.value->query.compiled(), PanelKind::stream});
     }
     for (const auto& entry : newsrooms.entries()) {
         if (entry.value) watchPanels(*entry.value);
     }
 }
 
-void BeatAlerts::watchPanels(const newsroom::NewsroomSpec& spec) {
+void BeatAlerts::watchPanels(const kit::NewsroomSpec& spec) {
     for (const auto& panel : spec.panels) {
         if (!panel.options.alerts || alertOf(panel.kind) != PanelAlert::stories) continue;
         watches_.push_back({panel.id.text(), spec.name + " – " + panel.title,
@@ -52,4 +52,4 @@ BeatAlerts::Sorted BeatAlerts::sort(const std::vector<Story>& news) const {
     return sorted;
 }
 
-}  // namespace desk
+}  // namespace app

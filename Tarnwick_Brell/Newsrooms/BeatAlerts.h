@@ -8,12 +8,12 @@
 #include "Tarnwick_Brell/Desk/Announcement.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
-namespace desk {
+namespace app {
 
 /// Stories that one beat, or one panel, tells the user of.
 struct BeatMatch {
-    std::string id{};    ///< of the beat or panel
-    std::string name{};  ///< what the user calls it
+    std::string id{};          ///< of the beat or panel
+    std::string name{};        ///< what the user calls it
     std::string newsroomID{};  ///< that the panel stands on; empty for a beat
     Announcement announcement{};
 };
@@ -26,25 +26,25 @@ public:
 
     struct Sorted {
         std::vector<BeatMatch> matches{};
-        std::vector<newsroom::Story> others{};  ///< that no beat and no panel asks for
+        std::vector<kit::Story> others{};  ///< that no beat and no panel asks for
     };
     /// `news` is newest first.
-    Sorted sort(const std::vector<newsroom::Story>& news) const;
+    Sorted sort(const std::vector<kit::Story>& news) const;
 
 private:
     struct Watch {
-        bool wants(const newsroom::Story& story) const;
+        bool wants(const kit::Story& story) const;
 
         std::string id;
         std::string name;
-        newsroom::CompiledStoryQuery query;
-        newsroom::PanelKind kind;
+        kit::CompiledStoryQuery query;
+        kit::PanelKind kind;
         std::string newsroomID{};
     };
 
-    void watchPanels(const newsroom::NewsroomSpec& spec);
+    void watchPanels(const kit::NewsroomSpec& spec);
 
     std::vector<Watch> watches_;
 };
 
-}  // namespace desk
+}  // namespace app

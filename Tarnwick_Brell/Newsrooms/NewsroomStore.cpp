@@ -4,27 +4,28 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomFile.h"
 
-namespace desk {
+namespace app {
 
-using Bench = DeskWorker::Bench;
+using WorkerContext = DeskWorker::WorkerContext;
 
-NewsroomStore::NewsroomStore(DeskWorker& worker, newsroom::FeedClient::Clock clock)
-    : worker_(worker), clock_(std::move(clock)), mailbox_(std::make_shared<Mailbox>()) {}
+NewsroomStore::NewsroomStore(DeskWorker& worker, kit::Clock clock)
+    : worker_(worker), clock_(std::move(clock)), mailbox_(std::make_shared<MainThreadQueue>()) {}
 
 // The worker goes on with what has been asked for; nobody is told any more.
 NewsroomStore::~NewsroomStore() { mailbox_->close(); }
 
 void NewsroomStore::load(std::function<void()> then) {
-    const auto read = [this, mailbox = mailbox_, changesThen = changes_, then](Bench& bench) {
-        auto newsrooms = NewsroomShelf::read(bench.store.newsrooms());
-        auto beats = BeatShelf::read(bench.store.beats());
-        mailbox->send([this, changesThen, newsrooms = std::move(newsrooms),
-                       beats = std::move(beats), then] {
-            // What the user has changed since is newer than what was read.
-            if (changesThen != changes_) return load(then);
-            take(newsrooms, beats);
-            if (then) then();
-        });
+    const auto read = [this, mailbox = mailbox_, changesThen = changes_,
+                       then](WorkerContext& context) {
+        auto newsrooms = NewsroomShelf::read(context.store.newsrooms());
+        auto beats = BeatShelf::read(context.store.beats());
+        mailbox->send(
+            [this, changesThen, newsrooms = std::move(newsrooms), beats = std::move(beats), then] {
+                // What the user has changed since is newer than what was read.
+                if (changesThen != changes_) return load(then);
+                take(newsrooms, beats);
+                if (then) then();
+            });
     };
     worker_.post(read, [this, mailbox = mailbox_, then](const std::exception& error) {
         mailbox->send([this, text = QString::fromUtf8(error.what()), then] {
@@ -46,12 +47,12 @@ void NewsroomStore::take(NewsroomShelf newsrooms, BeatShelf beats) {
     }
 }
 
-void NewsroomStore::write(Table table, const std::optional<ShelfWrite>& write) {
+void NewsroomStore::write(Table table, const std::optional<RecordChange>& write) {
     if (!write) return;
     ++changes_;
-    const auto job = [write = *write, table, at = clock_()](Bench& bench) {
-        auto transaction = bench.store.transaction();
-        write.applyTo((bench.store.*table)(), at);
+    const auto job = [write = *write, table, at = clock_()](WorkerContext& context) {
+        auto transaction = context.store.transaction();
+        write.applyTo((context.store.*table)(), at);
         transaction.commit();
     };
     worker_.post(job, [this, mailbox = mailbox_](const std::exception& error) {
@@ -62,21 +63,21 @@ void NewsroomStore::write(Table table, const std::optional<ShelfWrite>& write) {
     });
 }
 
-void NewsroomStore::changeNewsrooms(const std::optional<ShelfWrite>& change) {
+void NewsroomStore::changeNewsrooms(const std::optional<RecordChange>& change) {
     write(&LocalStore::newsrooms, change);
     if (change) emit newsroomsChanged();
 }
 
-void NewsroomStore::changeBeats(const std::optional<ShelfWrite>& change) {
+void NewsroomStore::changeBeats(const std::optional<RecordChange>& change) {
     write(&LocalStore::beats, change);
     if (change) emit beatsChanged();
 }
 
-void NewsroomStore::put(newsroom::NewsroomSpec spec) {
+void NewsroomStore::put(kit::NewsroomSpec spec) {
     changeNewsrooms(newsrooms_.put(std::move(spec)));
 }
 
-void NewsroomStore::put(newsroom::Beat beat) { changeBeats(beats_.put(std::move(beat))); }
+void NewsroomStore::put(kit::Beat beat) { changeBeats(beats_.put(std::move(beat))); }
 
 void NewsroomStore::removeNewsroom(const std::string& id) {
     changeNewsrooms(newsrooms_.remove(id));
@@ -98,23 +99,22 @@ void NewsroomStore::moveBeat(const std::string& id, std::size_t place) {
     changeBeats(beats_.move(id, place));
 }
 
-newsroom::NewsroomSpec NewsroomStore::import(std::string_view file) {
+kit::NewsroomSpec NewsroomStore::import(std::string_view file) {
     auto spec = takenIn(file, newsrooms_);
     put(spec);
     return spec;
 }
 
-newsroom::NewsroomSpec takenIn(std::string_view file, const NewsroomShelf& shelf) {
-    auto spec = newsroom::NewsroomFile::read(file);
+kit::NewsroomSpec takenIn(std::string_view file, const NewsroomShelf& shelf) {
+    auto spec = kit::NewsroomFile::read(file);
     const auto isTaken = [&](const std::vector<NewsroomShelf::Entry>& entries) {
         const auto id = spec.id.text();
         return std::any_of(entries.begin(), entries.end(),
                            [&](const auto& entry) { return entry.id == id; });
     };
-    if (isTaken(shelf.entries()) || isTaken(shelf.removed())) spec.id = newsroom::UUID::random();
-    spec.name =
-        shelf.freeName(std::string(newsroom::trimWhitespaceAndNewlines(spec.name)));
+    if (isTaken(shelf.entries()) || isTaken(shelf.removed())) spec.id = kit::UUID::random();
+    spec.name = shelf.freeName(std::string(kit::trimWhitespaceAndNewlines(spec.name)));
     return spec;
 }
 
-}  // namespace desk
+}  // namespace app

@@ -12,13 +12,13 @@
 #include "NewsroomKit/Newsrooms/Beat.h"
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
-#include "Tarnwick_Brell/Desk/Mailbox.h"
-#include "Tarnwick_Brell/Newsrooms/Shelf.h"
+#include "Tarnwick_Brell/Desk/MainThreadQueue.h"
+#include "Tarnwick_Brell/Newsrooms/OrderedRecords.h"
 
-namespace desk {
+namespace app {
 
-using NewsroomShelf = Shelf<newsroom::NewsroomSpec>;
-using BeatShelf = Shelf<newsroom::Beat>;
+using NewsroomShelf = OrderedRecords<kit::NewsroomSpec>;
+using BeatShelf = OrderedRecords<kit::Beat>;
 
 /// The user's newsrooms and beats. Lives on the main thread: a change holds at once and is
 /// written by the worker; when that fails, `failed` says so and the shelves go back to what the
@@ -26,7 +26,7 @@ using BeatShelf = Shelf<newsroom::Beat>;
 class NewsroomStore : public QObject {
     Q_OBJECT
 public:
-    NewsroomStore(DeskWorker& worker, newsroom::FeedClient::Clock clock);
+    NewsroomStore(DeskWorker& worker, kit::Clock clock);
     ~NewsroomStore() override;
 
     /// Reads the library, now or again: also when another program has written it. `then` is
@@ -38,8 +38,8 @@ public:
     const BeatShelf& beats() const { return beats_; }
 
     /// New ones and changed ones.
-    void put(newsroom::NewsroomSpec spec);
-    void put(newsroom::Beat beat);
+    void put(kit::NewsroomSpec spec);
+    void put(kit::Beat beat);
     void removeNewsroom(const std::string& id);
     void restoreNewsroom(const std::string& id);
     void moveNewsroom(const std::string& id, std::size_t place);
@@ -48,7 +48,7 @@ public:
     void moveBeat(const std::string& id, std::size_t place);
 
     /// Takes a newsroom from a file, see takenIn. Throws RecordError.
-    newsroom::NewsroomSpec import(std::string_view file);
+    kit::NewsroomSpec import(std::string_view file);
 
 signals:
     void newsroomsChanged();
@@ -58,22 +58,22 @@ signals:
 private:
     using Table = RecordTable& (LocalStore::*)();
 
-    void write(Table table, const std::optional<ShelfWrite>& write);
-    void changeNewsrooms(const std::optional<ShelfWrite>& write);
-    void changeBeats(const std::optional<ShelfWrite>& write);
+    void write(Table table, const std::optional<RecordChange>& write);
+    void changeNewsrooms(const std::optional<RecordChange>& write);
+    void changeBeats(const std::optional<RecordChange>& write);
     void take(NewsroomShelf newsrooms, BeatShelf beats);
 
     DeskWorker& worker_;
-    newsroom::FeedClient::Clock clock_;
+    kit::Clock clock_;
     NewsroomShelf newsrooms_;
     BeatShelf beats_;
     bool isLoaded_ = false;
     std::uint64_t changes_ = 0;  ///< counted, to know a reading that they overtook
-    std::shared_ptr<Mailbox> mailbox_;
+    std::shared_ptr<MainThreadQueue> mailbox_;
 };
 
 /// The newsroom of a file, ready to stand beside those of the shelf: with a name and an id that
 /// none of them has. Throws RecordError as NewsroomFile::read does.
-newsroom::NewsroomSpec takenIn(std::string_view file, const NewsroomShelf& shelf);
+kit::NewsroomSpec takenIn(std::string_view file, const NewsroomShelf& shelf);
 
-}  // namespace desk
+}  // namespace app

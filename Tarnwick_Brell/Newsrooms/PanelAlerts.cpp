@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-namespace desk {
+namespace app {
 
-using newsroom::PanelAlert;
-using newsroom::PanelSpec;
+using kit::PanelAlert;
+using kit::PanelSpec;
 
 namespace {
 
@@ -34,4 +34,4 @@ bool panelsAskForRelease(std::string_view platform, const NewsroomShelf& newsroo
     });
 }
 
-}  // namespace desk
+}  // namespace app

@@ -6,12 +6,12 @@
 #include <fmt/format.h>
 
 #include "NewsroomKit/Text/Unicode.h"
-#include "NewsroomKit/Trackers/AppleStatusAPI.h"
+#include "NewsroomKit/Trackers/Status/AppleStatusAPI.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::AppleServiceStatus;
-using newsroom::Story;
+using kit::AppleServiceStatus;
+using kit::Story;
 
 namespace {
 
@@ -20,7 +20,7 @@ using Target = NotificationTarget;
 constexpr std::size_t kHeadlinesInSummary = 3;
 
 std::string problemWord(std::string_view kind) {
-    const auto word = newsroom::lowercasedASCII(kind);
+    const auto word = kit::lowercasedASCII(kind);
     return word == "outage" || word == "maintenance" ? word : "issue";
 }
 
@@ -45,7 +45,7 @@ std::string outlet(const Story& story) {
 
 }  // namespace
 
-Alerts::Alerts(const Defaults& defaults, newsroom::FeedClient::Clock clock, Post post)
+Alerts::Alerts(const Defaults& defaults, kit::Clock clock, Post post)
     : defaults_(defaults), clock_(std::move(clock)), post_(std::move(post)) {}
 
 void Alerts::post(std::string_view setting, Notification notification, Asked asked) {
@@ -63,19 +63,19 @@ Notification Alerts::ofProblem(const AppleServiceStatus::Report& report) {
             .title = report.service + ": " + problemWord(incident.kind),
             .body = incident.message.empty() ? "Apple's System Status page reports a problem."
                                              : incident.message,
-            .link = std::string(newsroom::AppleStatusAPI::kPage),
+            .link = std::string(kit::AppleStatusAPI::kPage),
             .target = trackerPage("status")};
 }
 
-Notification Alerts::ofRecovery(const std::string& service, newsroom::Instant now) {
-    return {.identifier = "status-ok-" + service + "-" + newsroom::decimalSeconds(now),
+Notification Alerts::ofRecovery(const std::string& service, kit::Instant now) {
+    return {.identifier = "status-ok-" + service + "-" + kit::decimalSeconds(now),
             .title = service + " is working again",
             .body = "Apple's System Status page shows it resolved.",
-            .link = std::string(newsroom::AppleStatusAPI::kPage),
+            .link = std::string(kit::AppleStatusAPI::kPage),
             .target = trackerPage("status")};
 }
 
-Notification Alerts::ofRelease(const newsroom::NewBuild& build) {
+Notification Alerts::ofRelease(const kit::NewBuild& build) {
     const auto& release = build.release;
     return {.identifier = "release-" + build.key() + "-" + release.build,
             .title = release.title.empty() ? build.platform.platform + " " + release.version
@@ -93,7 +93,7 @@ void Alerts::serviceRestored(const std::string& service, Asked asked) {
     post(SettingKey::kAlertServiceStatus, ofRecovery(service, clock_()), asked);
 }
 
-void Alerts::newRelease(const newsroom::NewBuild& build, Asked asked) {
+void Alerts::newRelease(const kit::NewBuild& build, Asked asked) {
     post(SettingKey::kAlertReleases, ofRelease(build), asked);
 }
 
@@ -103,7 +103,8 @@ void Alerts::postEachOrAll(std::vector<Notification> notifications, Notification
         for (auto& notification : notifications) post(std::move(notification));
         return;
     }
-    for (std::size_t i = 0; i < kHeadlinesInSummary; ++i) summary.body += notifications[i].body + "\n";
+    for (std::size_t i = 0; i < kHeadlinesInSummary; ++i)
+        summary.body += notifications[i].body + "\n";
     summary.body += fmt::format("and {} more", notifications.size() - kHeadlinesInSummary);
     post(std::move(summary));
 }
@@ -159,8 +160,8 @@ void Alerts::stories(const Announcement& announcement) {
     }
 }
 
-void Alerts::beat(const std::string& name, const std::string& id,
-                  const std::vector<Story>& stories, std::size_t total, const Target& page) {
+void Alerts::beat(const std::string& name, const std::string& id, const std::vector<Story>& stories,
+                  std::size_t total, const Target& page) {
     if (total > kMostMatchesOneByOne) {
         post({.identifier = "beat-" + id,
               .title = fmt::format("{}: {} new stories", name, total),
@@ -177,4 +178,4 @@ void Alerts::beat(const std::string& name, const std::string& id,
     }
 }
 
-}  // namespace desk
+}  // namespace app

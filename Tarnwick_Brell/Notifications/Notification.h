@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-namespace desk {
+namespace app {
 
 /// What a desk with a window shows when the user chooses a notification.
 struct NotificationTarget {
@@ -27,4 +27,4 @@ struct Notification {
     bool operator==(const Notification&) const = default;
 };
 
-}  // namespace desk
+}  // namespace app

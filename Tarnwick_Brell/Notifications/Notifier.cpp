@@ -10,11 +10,11 @@
 #include <QUrl>
 #include <QVariantMap>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Log/Log.h"
-#include "Tarnwick_Brell/Text/ShownText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -57,7 +57,7 @@ QVariantMap hints(bool withSound, const QString& link) {
     // For programs that keep notifications; services ignore hints that they don't know.
     if (!link.isEmpty()) {
         hints.insert(QStringLiteral("x-tarnwick-brell-link"),
-                     QString::fromStdString(newsroom::maskedLogins(link.toStdString())));
+                     QString::fromStdString(kit::maskedLogins(link.toStdString())));
     }
     return hints;
 }
@@ -96,8 +96,7 @@ void Notifier::listen() {
 /// Calls without waiting; `answered` gets the reply, an error too.
 template <class Answered>
 void Notifier::call(QDBusMessage message, Answered answered) {
-    auto* watcher =
-        new QDBusPendingCallWatcher(bus_.asyncCall(message, kAnswerMilliseconds), this);
+    auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(message, kAnswerMilliseconds), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
             [watcher, answered = std::move(answered)] {
                 watcher->deleteLater();
@@ -142,8 +141,8 @@ void Notifier::setPresence(Presence presence) {
     presence_ = presence;
     if (!mayPost()) waiting_.clear();
     if (isAvailable() != wasAvailable) {
-        newsroom::log(newsroom::LogCategory::notifications, newsroom::LogLevel::info,
-                      "the desktop's notification service is {}", isAvailable() ? "there" : "gone");
+        kit::log(kit::LogCategory::notifications, kit::LogLevel::info,
+                 "the desktop's notification service is {}", isAvailable() ? "there" : "gone");
         emit availabilityChanged();
     }
     sendNext();
@@ -159,7 +158,8 @@ bool Notifier::isAuthorised() const {
 
 void Notifier::post(Notification notification) {
     if (!mayPost()) return;
-    const auto same = std::ranges::find(waiting_, notification.identifier, &Notification::identifier);
+    const auto same =
+        std::ranges::find(waiting_, notification.identifier, &Notification::identifier);
     if (same != waiting_.end()) {
         *same = std::move(notification);
         return;
@@ -200,8 +200,7 @@ bool Notifier::showsTarget(const std::optional<NotificationTarget>& target) cons
 }
 
 bool Notifier::opensLink(const QString& link) const {
-    return !link.isEmpty() &&
-           isSignalConnected(QMetaMethod::fromSignal(&Notifier::linkActivated));
+    return !link.isEmpty() && isSignalConnected(QMetaMethod::fromSignal(&Notifier::linkActivated));
 }
 
 /// Sends the first that waits.
@@ -213,8 +212,8 @@ void Notifier::send(const QStringList& capabilities) {
     const auto body = bodyText(notification.body);
     const auto link = openableLink(notification.link);
     const bool isMarkup = capabilities.contains(u"body-markup");
-    const bool opens = capabilities.contains(u"actions") &&
-                       (showsTarget(notification.target) || opensLink(link));
+    const bool opens =
+        capabilities.contains(u"actions") && (showsTarget(notification.target) || opensLink(link));
     const auto actions =
         opens ? QStringList{kDefaultAction, QStringLiteral("Open")} : QStringList();
     auto message = serviceCall(QStringLiteral("Notify"));
@@ -228,8 +227,8 @@ void Notifier::send(const QStringList& capabilities) {
         if (number.isError()) {
             refused(number.error());
         } else {
-            newsroom::log(newsroom::LogCategory::notifications, newsroom::LogLevel::info,
-                          "posted {}", notification.identifier);
+            kit::log(kit::LogCategory::notifications, kit::LogLevel::info, "posted {}",
+                     notification.identifier);
             shown_[notification.identifier] = {
                 .number = number.value(), .link = link, .target = notification.target};
         }
@@ -238,8 +237,8 @@ void Notifier::send(const QStringList& capabilities) {
 
 /// A notification that did not get through is lost: told late, it would be no news.
 void Notifier::refused(const QDBusError& error) {
-    newsroom::log(newsroom::LogCategory::notifications, newsroom::LogLevel::warning,
-                  "the service refused a notification: {}", error.message().toStdString());
+    kit::log(kit::LogCategory::notifications, kit::LogLevel::warning,
+             "the service refused a notification: {}", error.message().toStdString());
     // A service that can't be started will not start for the next one either.
     const bool isGone = error.type() == QDBusError::ServiceUnknown ||
                         error.name().startsWith(u"org.freedesktop.DBus.Error.Spawn");
@@ -273,4 +272,4 @@ void Notifier::notificationClosed(uint number, uint) {
     std::erase_if(shown_, [&](const auto& entry) { return entry.second.number == number; });
 }
 
-}  // namespace desk
+}  // namespace app

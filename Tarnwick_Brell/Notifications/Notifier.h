@@ -15,9 +15,9 @@
 #include <QTimer>
 
 #include "Tarnwick_Brell/Notifications/Notification.h"
-#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 
-namespace desk {
+namespace app {
 
 /// Shows notifications through the desktop's notification service, which need not be there,
 /// and may come and go. Lives on the main thread and never waits on it.
@@ -47,7 +47,7 @@ signals:
 
     /// To be shown in the desk's window. The token is the right to come to the front, empty when
     /// the service gave none.
-    void targetActivated(const desk::NotificationTarget& target, const QString& activationToken);
+    void targetActivated(const app::NotificationTarget& target, const QString& activationToken);
     /// An http or https address, to be opened.
     void linkActivated(const QString& link);
 
@@ -90,9 +90,9 @@ private:
     bool isActivatable_ = false;
     std::optional<QStringList> capabilities_;  ///< of the service that runs; asked when needed
     std::deque<Notification> waiting_;
-    bool isSending_ = false;  ///< a call of the service is under way
-    QTimer pace_;             ///< runs while the next one has to wait
+    bool isSending_ = false;              ///< a call of the service is under way
+    QTimer pace_;                         ///< runs while the next one has to wait
     std::map<std::string, Shown> shown_;  ///< by identifier
 };
 
-}  // namespace desk
+}  // namespace app

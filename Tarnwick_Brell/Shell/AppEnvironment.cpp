@@ -5,9 +5,9 @@
 #include "Tarnwick_Brell/Newsrooms/BeatAlerts.h"
 #include "Tarnwick_Brell/Newsrooms/PanelAlerts.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::PanelAlert;
+using kit::PanelAlert;
 
 namespace {
 
@@ -31,8 +31,9 @@ AppEnvironment::AppEnvironment(const Options& options)
       alerts_(defaults_, options.clock,
               [this](Notification alert) { notifier_.post(std::move(alert)); }),
       care_(options.paths.library, options.clock) {
-    QObject::connect(&care_, &LibraryCare::failed, &newsDesk_, &NewsDesk::failed);
-    QObject::connect(&care_, &LibraryCare::libraryDamaged, &newsDesk_, &NewsDesk::libraryDamaged);
+    QObject::connect(&care_, &LibraryMaintenance::failed, &newsDesk_, &NewsDesk::failed);
+    QObject::connect(&care_, &LibraryMaintenance::libraryDamaged, &newsDesk_,
+                     &NewsDesk::libraryDamaged);
     connectTrackers();
     connectSignals();
     connectNewsrooms();
@@ -80,13 +81,13 @@ void AppEnvironment::connectNewsrooms() {
     QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &newsrooms_,
                      [this] { newsrooms_.load(); });
     // With the beats as they are now: another program may have changed one with the same pass.
-    newsDesk_.onNewStories([this](const std::vector<newsroom::Story>& news) {
+    newsDesk_.onNewStories([this](const std::vector<kit::Story>& news) {
         newsrooms_.load([this, news] { announce(news); });
     });
 }
 
 /// A story that a beat has told is not told again as a story.
-void AppEnvironment::announce(const std::vector<newsroom::Story>& news) {
+void AppEnvironment::announce(const std::vector<kit::Story>& news) {
     const auto sorted = BeatAlerts(newsrooms_.beats(), newsrooms_.newsrooms()).sort(news);
     for (const auto& match : sorted.matches) {
         const auto& told = match.announcement;
@@ -120,6 +121,7 @@ void AppEnvironment::connectTrackerAlerts() {
                              alerts_.serviceRestored(service, asked(PanelAlert::serviceStatus));
                          });
                      });
+    // clang-format off
     QObject::connect(&trackers_, &TrackerStore::onNewRelease, &newsrooms_, [this](const auto& build) {
         newsrooms_.load([this, build] {
             const bool isAsked = panelsAskForRelease(build.platform.platform, newsrooms_.newsrooms());
@@ -127,6 +129,7 @@ void AppEnvironment::connectTrackerAlerts() {
         });
     });
 }
+// clang-format on
 
 void AppEnvironment::connectSignalAlerts() {
     QObject::connect(&signals_, &SignalsStore::onSigningChanges, &newsrooms_,
@@ -161,4 +164,4 @@ void AppEnvironment::start() {
                      [this] { care_.start(lock_.lastHolderDied()); });
 }
 
-}  // namespace desk
+}  // namespace app

@@ -12,14 +12,14 @@
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 #include "Tarnwick_Brell/Notifications/Alerts.h"
 #include "Tarnwick_Brell/Notifications/Notifier.h"
-#include "Tarnwick_Brell/Shell/LibraryCare.h"
+#include "Tarnwick_Brell/Shell/LibraryMaintenance.h"
 #include "Tarnwick_Brell/Signals/SignalsStore.h"
-#include "Tarnwick_Brell/Storage/Defaults.h"
-#include "Tarnwick_Brell/Storage/LibraryLock.h"
-#include "Tarnwick_Brell/Storage/Paths.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryLock.h"
+#include "Tarnwick_Brell/Storage/Settings/Paths.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
-namespace desk {
+namespace app {
 
 /// Makes and owns every store and service of a long-lived desk, be it a window or a command
 /// that stays. Needs a running Qt event loop.
@@ -27,12 +27,12 @@ class AppEnvironment {
 public:
     struct Options {
         Paths paths{};
-        newsroom::CurlTransport::Options network{};
-        newsroom::FeedClient::Clock clock{};
+        kit::CurlTransport::Options network{};
+        kit::Clock clock{};
         std::string_view what{};  ///< this desk, for the message to another that comes later
     };
 
-    /// Throws LibraryHeld when another desk is at the library, or StoreError.
+    /// Throws LibraryInUseError when another desk is at the library, or StoreError.
     explicit AppEnvironment(const Options& options);
 
     /// Loads the library and begins to refresh.
@@ -55,9 +55,9 @@ private:
     void connectAlerts();
     void connectTrackerAlerts();
     void connectSignalAlerts();
-    void announce(const std::vector<newsroom::Story>& news);
+    void announce(const std::vector<kit::Story>& news);
 
-    newsroom::FeedClient::Clock clock_;
+    kit::Clock clock_;
     LibraryLock lock_;
     Defaults defaults_;
     NewsDesk newsDesk_;
@@ -66,9 +66,9 @@ private:
     NewsroomStore newsrooms_;
     Notifier notifier_;
     Alerts alerts_;
-    LibraryCare care_;
+    LibraryMaintenance care_;
     bool wasOffline_ = false;
     std::set<std::string> liveEvents_;  ///< ids of those that the desk went live for
 };
 
-}  // namespace desk
+}  // namespace app

@@ -15,9 +15,9 @@
 
 #include "NewsroomKit/Log/Log.h"
 #include "NewsroomKit/Records/Codec.h"
-#include "Tarnwick_Brell/Storage/Paths.h"
+#include "Tarnwick_Brell/Storage/Settings/Paths.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -51,8 +51,8 @@ std::optional<std::int64_t> rememberedStart(const fs::path& file, std::int64_t n
 /// The moment that the sample world starts from. A new one comes with an empty store: what
 /// an older world told would only be confusing beside it. Only a folder that a demonstration
 /// has begun in is emptied; anybody else's library is refused.
-std::string worldStart(const fs::path& dataDir, newsroom::Instant now) {
-    const auto seconds = static_cast<std::int64_t>(std::floor(newsroom::secondsSince1970(now)));
+std::string worldStart(const fs::path& dataDir, kit::Instant now) {
+    const auto seconds = static_cast<std::int64_t>(std::floor(kit::secondsSince1970(now)));
     const auto file = dataDir / "world-start";
     const auto library = Paths::forUser(dataDir).library;
     if (fs::exists(library) && !fs::exists(file)) {
@@ -84,7 +84,7 @@ struct Pipe {
 
 fs::path demoDataDir() { return Paths::forUser(std::nullopt).library.parent_path() / "demo"; }
 
-DemoPressRoom::DemoPressRoom(const fs::path& dataDir, newsroom::Instant now) {
+DemoPressRoom::DemoPressRoom(const fs::path& dataDir, kit::Instant now) {
     start(pressRoomProgram(), worldStart(dataDir, now));
 }
 
@@ -118,12 +118,12 @@ void DemoPressRoom::readAddress(int output) {
     while (line.size() < 4096 && read(output, &c, 1) == 1 && c != '\n') line += c;
     close(output);
     try {
-        const auto ready = newsroom::parseJSON(line);
-        address_ = newsroom::decode<std::string>(ready.at("host")) + ":" +
-                   std::to_string(newsroom::decode<std::int64_t>(ready.at("port")));
-        authority_ = newsroom::decode<std::string>(ready.at("authority"));
-        newsroom::log(newsroom::LogCategory::press, newsroom::LogLevel::info,
-                      "the press room answers at {}", address_);
+        const auto ready = kit::parseJSON(line);
+        address_ = kit::decode<std::string>(ready.at("host")) + ":" +
+                   std::to_string(kit::decode<std::int64_t>(ready.at("port")));
+        authority_ = kit::decode<std::string>(ready.at("authority"));
+        kit::log(kit::LogCategory::press, kit::LogLevel::info, "the press room answers at {}",
+                 address_);
     } catch (const std::exception&) {
         throw DemoError(kNotStarted);
     }
@@ -134,4 +134,4 @@ DemoPressRoom::~DemoPressRoom() {
     if (process_ > 0) waitpid(process_, nullptr, 0);
 }
 
-}  // namespace desk
+}  // namespace app

@@ -8,7 +8,7 @@
 
 #include "NewsroomKit/Records/Instant.h"
 
-namespace desk {
+namespace app {
 
 /// The demonstration can't run; what() is a sentence for the user.
 class DemoError : public std::runtime_error {
@@ -25,7 +25,7 @@ std::filesystem::path demoDataDir();
 class DemoPressRoom {
 public:
     /// Throws DemoError when the press room is not installed or does not start.
-    DemoPressRoom(const std::filesystem::path& dataDir, newsroom::Instant now);
+    DemoPressRoom(const std::filesystem::path& dataDir, kit::Instant now);
     ~DemoPressRoom();
     DemoPressRoom(const DemoPressRoom&) = delete;
     DemoPressRoom& operator=(const DemoPressRoom&) = delete;
@@ -43,4 +43,4 @@ private:
     std::filesystem::path authority_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -3,7 +3,7 @@
 #include "NewsroomKit/Log/Log.h"
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -31,11 +31,12 @@ void addDeskOptions(arguments::Command& program, DeskOptions& options) {
         .checked(hostAndPort);
     program.option("--ca-file", options.caFile, "Certificate authority to trust for it");
     program
-        .option("--log", options.log,
-                "Print the program's log as well: a level (error, warning, info, debug) or levels of "
-                "categories (warning,http=debug)")
+        .option(
+            "--log", options.log,
+            "Print the program's log as well: a level (error, warning, info, debug) or levels of "
+            "categories (warning,http=debug)")
         .shownAs("LEVELS")
-        .checked([](const std::string& text) { return newsroom::LogLevels::complaint(text); });
+        .checked([](const std::string& text) { return kit::LogLevels::complaint(text); });
 }
 
-}  // namespace desk
+}  // namespace app

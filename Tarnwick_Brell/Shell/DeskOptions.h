@@ -8,7 +8,7 @@ namespace arguments {
 class Command;
 }
 
-namespace desk {
+namespace app {
 
 /// Options that every program of the desk takes.
 struct DeskOptions {
@@ -16,10 +16,10 @@ struct DeskOptions {
     std::optional<std::filesystem::path> dataDir;
     std::optional<std::string> connectTo;
     std::optional<std::filesystem::path> caFile;
-    std::optional<std::string> log;  ///< levels, as newsroom::LogLevels reads them
+    std::optional<std::string> log;  ///< levels, as kit::LogLevels reads them
 };
 
 /// Makes the program read them from its command line.
 void addDeskOptions(arguments::Command& program, DeskOptions& options);
 
-}  // namespace desk
+}  // namespace app

@@ -11,9 +11,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -23,8 +23,8 @@ std::filesystem::path predecessor(const std::filesystem::path& file) {
     return older;
 }
 
-void readLines(const std::filesystem::path& file, std::size_t most,
-               const newsroom::LogLevels& wanted, std::deque<newsroom::LogLine>& lines) {
+void readLines(const std::filesystem::path& file, std::size_t most, const kit::LogLevels& wanted,
+               std::deque<kit::LogLine>& lines) {
     std::error_code error;
     if (!std::filesystem::exists(file, error)) return;
     std::ifstream stream(file);
@@ -33,7 +33,7 @@ void readLines(const std::filesystem::path& file, std::size_t most,
                          "The log " + file.string() + " can't be read.");
     }
     for (std::string text; std::getline(stream, text);) {
-        auto line = newsroom::parseLogLine(text);
+        auto line = kit::parseLogLine(text);
         if (!line || line->level > wanted.of(line->category)) continue;
         lines.push_back(*std::move(line));
         if (lines.size() > most) lines.pop_front();
@@ -47,8 +47,8 @@ LogFile::~LogFile() {
 }
 
 bool LogFile::isOpenAtItsPlace() const {
-    struct stat opened {};
-    struct stat named {};
+    struct stat opened{};
+    struct stat named{};
     return descriptor_ >= 0 && ::fstat(descriptor_, &opened) == 0 &&
            ::stat(file_.c_str(), &named) == 0 && opened.st_ino == named.st_ino &&
            opened.st_dev == named.st_dev;
@@ -62,7 +62,7 @@ void LogFile::open() {
 }
 
 void LogFile::rotateWhenFull() {
-    struct stat opened {};
+    struct stat opened{};
     if (descriptor_ < 0 || ::fstat(descriptor_, &opened) != 0 ||
         static_cast<std::uint64_t>(opened.st_size) < largest_) {
         return;
@@ -73,21 +73,21 @@ void LogFile::rotateWhenFull() {
     open();
 }
 
-void LogFile::write(const newsroom::LogLine& line) {
+void LogFile::write(const kit::LogLine& line) {
     if (!isOpenAtItsPlace()) open();
     rotateWhenFull();
     if (descriptor_ < 0) return;
-    const auto text = newsroom::logLineText(line) + "\n";
+    const auto text = kit::logLineText(line) + "\n";
     while (::write(descriptor_, text.data(), text.size()) < 0 && errno == EINTR) {
     }
 }
 
-std::vector<newsroom::LogLine> readLogFile(const std::filesystem::path& file, std::size_t most,
-                                           newsroom::LogLevels wanted) {
-    std::deque<newsroom::LogLine> lines;
+std::vector<kit::LogLine> readLogFile(const std::filesystem::path& file, std::size_t most,
+                                      kit::LogLevels wanted) {
+    std::deque<kit::LogLine> lines;
     readLines(predecessor(file), most, wanted, lines);
     readLines(file, most, wanted, lines);
     return {lines.begin(), lines.end()};
 }
 
-}  // namespace desk
+}  // namespace app

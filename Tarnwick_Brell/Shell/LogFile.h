@@ -7,7 +7,7 @@
 
 #include "NewsroomKit/Log/Log.h"
 
-namespace desk {
+namespace app {
 
 /// The file that the program's log goes to. At `kLargest` bytes it becomes "NAME.1", whose
 /// predecessor goes, and a new one begins. Several programs may write to one file: each line is
@@ -24,7 +24,7 @@ public:
 
     /// A line that can't be written is lost without a word: the log must never stop the desk. Not
     /// for several threads at once.
-    void write(const newsroom::LogLine& line);
+    void write(const kit::LogLine& line);
 
 private:
     bool isOpenAtItsPlace() const;
@@ -38,7 +38,7 @@ private:
 
 /// The newest lines of the file and of the one before it, at most `most`, oldest first. Lines that
 /// are no log lines are left out; no file gives none. Throws StoreError when it can't be read.
-std::vector<newsroom::LogLine> readLogFile(const std::filesystem::path& file, std::size_t most,
-                                           newsroom::LogLevels wanted);
+std::vector<kit::LogLine> readLogFile(const std::filesystem::path& file, std::size_t most,
+                                      kit::LogLevels wanted);
 
-}  // namespace desk
+}  // namespace app

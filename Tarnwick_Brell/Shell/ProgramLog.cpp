@@ -13,17 +13,17 @@
 #include "NewsroomKit/Log/Log.h"
 #include "Tarnwick_Brell/Shell/LogFile.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::LogCategory;
-using newsroom::LogLevel;
+using kit::LogCategory;
+using kit::LogLevel;
 
 namespace {
 
 /// Whether the system's journal reads standard error: it names the stream by device and inode.
 bool isJournal() {
     const char* named = std::getenv("JOURNAL_STREAM");
-    struct stat stream {};
+    struct stat stream{};
     return named && ::fstat(STDERR_FILENO, &stream) == 0 &&
            fmt::format("{}:{}", stream.st_dev, stream.st_ino) == named;
 }
@@ -55,7 +55,7 @@ QtMessageHandler previousHandler = nullptr;
 
 /// Qt still prints what it would have printed.
 void logQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    newsroom::log(LogCategory::window, levelOf(type), "{}", text.toStdString());
+    kit::log(LogCategory::window, levelOf(type), "{}", text.toStdString());
     if (previousHandler) previousHandler(type, context, text);
 }
 
@@ -65,22 +65,22 @@ ProgramLog::ProgramLog(const Options& options) {
     auto file = std::make_shared<LogFile>(options.file);
     const bool journal = isJournal();
     const bool prints = options.toStandardError && !journal;
-    newsroom::setLog(newsroom::LogLevels::parse(options.levels),
-                     [file, journal, prints](const newsroom::LogLine& line) {
-                         file->write(line);
-                         if (journal) {
-                             fmt::print(stderr, "<{}>{} {}\n", priorityOf(line.level),
-                                        newsroom::rawValue(line.category), line.text);
-                         } else if (prints) {
-                             fmt::print(stderr, "{}\n", newsroom::logLineText(line));
-                         }
-                     });
+    kit::setLog(kit::LogLevels::parse(options.levels),
+                [file, journal, prints](const kit::LogLine& line) {
+                    file->write(line);
+                    if (journal) {
+                        fmt::print(stderr, "<{}>{} {}\n", priorityOf(line.level),
+                                   kit::rawValue(line.category), line.text);
+                    } else if (prints) {
+                        fmt::print(stderr, "{}\n", kit::logLineText(line));
+                    }
+                });
     previousHandler = qInstallMessageHandler(&logQtMessage);
 }
 
 ProgramLog::~ProgramLog() {
     qInstallMessageHandler(previousHandler);
-    newsroom::setLog({}, {});
+    kit::setLog({}, {});
 }
 
-}  // namespace desk
+}  // namespace app

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace desk {
+namespace app {
 
 /// The log of this process while it lives: to the file, and beside it to standard error, when that
 /// is the journal's or `toStandardError` is set. Qt's own messages come in as the window's.
@@ -23,4 +23,4 @@ public:
     ProgramLog& operator=(const ProgramLog&) = delete;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -2,10 +2,10 @@
 
 #include <chrono>
 
-namespace desk {
+namespace app {
 
-newsroom::Instant currentInstant() {
+kit::Instant currentInstant() {
     return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
 }
 
-}  // namespace desk
+}  // namespace app

@@ -2,9 +2,9 @@
 
 #include "NewsroomKit/Records/Instant.h"
 
-namespace desk {
+namespace app {
 
 /// The wall clock, asked only here.
-newsroom::Instant currentInstant();
+kit::Instant currentInstant();
 
-}  // namespace desk
+}  // namespace app

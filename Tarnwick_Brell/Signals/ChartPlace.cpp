@@ -1,8 +1,8 @@
 #include "Tarnwick_Brell/Signals/ChartPlace.h"
 
-namespace desk {
+namespace app {
 
-std::vector<ChartPlace> chartPlaces(const std::vector<newsroom::ChartEntry>& entries,
+std::vector<ChartPlace> chartPlaces(const std::vector<kit::ChartEntry>& entries,
                                     const std::optional<ChartDay>& dayBefore) {
     std::vector<ChartPlace> places;
     places.reserve(entries.size());
@@ -16,4 +16,4 @@ std::vector<ChartPlace> chartPlaces(const std::vector<newsroom::ChartEntry>& ent
     return places;
 }
 
-}  // namespace desk
+}  // namespace app

@@ -4,14 +4,14 @@
 #include <optional>
 #include <vector>
 
-#include "NewsroomKit/Signals/AppStoreCharts.h"
-#include "Tarnwick_Brell/Storage/ChartHistory.h"
+#include "NewsroomKit/Trackers/Charts/AppStoreCharts.h"
+#include "Tarnwick_Brell/Storage/Histories/ChartHistory.h"
 
-namespace desk {
+namespace app {
 
 /// A place of a chart and how it has moved since the last day on which the chart was seen.
 struct ChartPlace {
-    newsroom::ChartEntry entry{};
+    kit::ChartEntry entry{};
     std::optional<std::int64_t> rankBefore{};
     bool isNew = false;  ///< it was not in the chart on that day
 
@@ -23,7 +23,7 @@ struct ChartPlace {
     bool operator==(const ChartPlace&) const = default;
 };
 
-std::vector<ChartPlace> chartPlaces(const std::vector<newsroom::ChartEntry>& entries,
+std::vector<ChartPlace> chartPlaces(const std::vector<kit::ChartEntry>& entries,
                                     const std::optional<ChartDay>& dayBefore);
 
-}  // namespace desk
+}  // namespace app

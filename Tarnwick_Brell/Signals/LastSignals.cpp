@@ -1,18 +1,17 @@
 #include "Tarnwick_Brell/Signals/LastSignals.h"
 
-namespace desk {
+namespace app {
 
-TrackerReading<newsroom::SigningStatus> LastSignals::signing(std::string_view device) {
+TrackerReading<kit::SigningStatus> LastSignals::signing(std::string_view device) {
     return answers_.read(signingFile(device));
 }
 
-TrackerReading<std::vector<newsroom::UpdateOffer>> LastSignals::updates() {
+TrackerReading<std::vector<kit::UpdateOffer>> LastSignals::updates() {
     return answers_.read(updatesFile());
 }
 
-TrackerReading<std::vector<newsroom::ChartEntry>> LastSignals::chart(
-    newsroom::AppStoreCharts::Kind kind) {
+TrackerReading<std::vector<kit::ChartEntry>> LastSignals::chart(kit::AppStoreCharts::Kind kind) {
     return answers_.read(chartFile(kind));
 }
 
-}  // namespace desk
+}  // namespace app

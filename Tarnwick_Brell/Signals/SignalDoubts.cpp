@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-namespace desk {
+namespace app {
 
-using newsroom::ChartEntry;
-using newsroom::SignedBuild;
-using newsroom::SigningStatus;
-using newsroom::UpdateOffer;
+using kit::ChartEntry;
+using kit::SignedBuild;
+using kit::SigningStatus;
+using kit::UpdateOffer;
 
 namespace {
 
@@ -57,7 +57,7 @@ std::optional<std::vector<UpdateOffer>> mended(const std::vector<UpdateOffer>& b
         if (!isThere) whole.push_back(offer);
     }
     if (whole.size() == latest.size()) return std::nullopt;
-    std::ranges::stable_sort(whole, newsroom::AppleUpdateCatalog::standsAhead);
+    std::ranges::stable_sort(whole, kit::AppleUpdateCatalog::standsAhead);
     return whole;
 }
 
@@ -66,4 +66,4 @@ std::optional<std::vector<ChartEntry>> mended(const std::vector<ChartEntry>& bef
     return latest.size() < before.size() ? std::optional(before) : std::nullopt;
 }
 
-}  // namespace desk
+}  // namespace app

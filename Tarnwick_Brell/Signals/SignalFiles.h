@@ -3,17 +3,17 @@
 #include <string_view>
 #include <vector>
 
-#include "NewsroomKit/Signals/AppStoreCharts.h"
-#include "NewsroomKit/Signals/AppleUpdateCatalog.h"
-#include "NewsroomKit/Signals/SigningStatus.h"
+#include "NewsroomKit/Trackers/Charts/AppStoreCharts.h"
+#include "NewsroomKit/Trackers/Updates/AppleUpdateCatalog.h"
+#include "NewsroomKit/Trackers/Signing/SigningStatus.h"
 #include "Tarnwick_Brell/Trackers/TrackedFile.h"
 
-namespace desk {
+namespace app {
 
 inline constexpr std::string_view kSigningNames = "signing/";
 
-TrackedFile<newsroom::SigningStatus> signingFile(std::string_view device);
-TrackedFile<std::vector<newsroom::UpdateOffer>> updatesFile();
-TrackedFile<std::vector<newsroom::ChartEntry>> chartFile(newsroom::AppStoreCharts::Kind kind);
+TrackedFile<kit::SigningStatus> signingFile(std::string_view device);
+TrackedFile<std::vector<kit::UpdateOffer>> updatesFile();
+TrackedFile<std::vector<kit::ChartEntry>> chartFile(kit::AppStoreCharts::Kind kind);
 
-}  // namespace desk
+}  // namespace app

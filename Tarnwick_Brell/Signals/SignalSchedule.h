@@ -5,7 +5,7 @@
 
 #include "Tarnwick_Brell/Trackers/RoundSchedule.h"
 
-namespace desk {
+namespace app {
 
 /// What is fetched together.
 enum class SignalRound { signing, updates, charts };
@@ -25,4 +25,4 @@ public:
                         ages, now, std::move(spread)) {}
 };
 
-}  // namespace desk
+}  // namespace app

@@ -1,6 +1,6 @@
 #include "Tarnwick_Brell/Signals/SignalsErrand.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -14,7 +14,7 @@ constexpr std::size_t kMostOfferChanges = 200;
 /// Takes what has not been told, and remembers that it has been. The first look only remembers.
 template <class Change, class History>
 std::vector<Change> untold(LocalStore& store, History& history, std::string_view key,
-                           newsroom::Instant now) {
+                           kit::Instant now) {
     const auto last = history.lastNumber();
     if (store.state().number(key) == last) return {};
     auto transaction = store.transaction();
@@ -28,29 +28,29 @@ std::vector<Change> untold(LocalStore& store, History& history, std::string_view
 
 }  // namespace
 
-SignalsRefresh SignalsStore::Errand::refreshAt(Bench& bench) const {
-    return SignalsRefresh(bench.store, bench.engine.http(), clock_);
+SignalsRefresh SignalsStore::Errand::refreshAt(WorkerContext& context) const {
+    return SignalsRefresh(context.store, context.engine.http(), clock_);
 }
 
 DeskWorker::LongJob SignalsStore::Errand::round(SignalRound round,
                                                 std::vector<std::string> devices) const {
-    return [errand = *this, round, devices = std::move(devices)](Bench& bench) -> Work {
+    return [errand = *this, round, devices = std::move(devices)](WorkerContext& context) -> Work {
         switch (round) {
-            case SignalRound::signing: co_await errand.signing(bench, devices); break;
-            case SignalRound::updates: co_await errand.updates(bench); break;
-            case SignalRound::charts: co_await errand.charts(bench); break;
+            case SignalRound::signing: co_await errand.signing(context, devices); break;
+            case SignalRound::updates: co_await errand.updates(context); break;
+            case SignalRound::charts: co_await errand.charts(context); break;
         }
-        errand.tell([changes = changesIn(bench.store)](SignalsStore& store) {
+        errand.tell([changes = changesIn(context.store)](SignalsStore& store) {
             if (store.takeChanges(changes)) emit store.changed();
         });
-        errand.tellNews(bench.store);
+        errand.tellNews(context.store);
         errand.tell([round](SignalsStore& store) { store.end(round); });
     };
 }
 
 SignalsStore::Errand::Work SignalsStore::Errand::signing(
-    Bench& bench, const std::vector<std::string>& devices) const {
-    auto refresh = refreshAt(bench);
+    WorkerContext& context, const std::vector<std::string>& devices) const {
+    auto refresh = refreshAt(context);
     // One after another: the service is not ours.
     for (const auto& device : devices) {
         auto signing = co_await refresh.signing(device);
@@ -62,8 +62,8 @@ SignalsStore::Errand::Work SignalsStore::Errand::signing(
     }
 }
 
-SignalsStore::Errand::Work SignalsStore::Errand::updates(Bench& bench) const {
-    auto refresh = refreshAt(bench);
+SignalsStore::Errand::Work SignalsStore::Errand::updates(WorkerContext& context) const {
+    auto refresh = refreshAt(context);
     auto updates = co_await refresh.updates();
     tell([reading = std::move(updates)](SignalsStore& store) {
         store.rounds_.note(SignalRound::updates, !reading.error);
@@ -81,12 +81,12 @@ SignalsStore::HeldChart SignalsStore::Errand::withDayBefore(LocalStore& store, K
     return chart;
 }
 
-SignalsStore::Errand::Work SignalsStore::Errand::charts(Bench& bench) const {
-    auto refresh = refreshAt(bench);
-    for (const auto& row : newsroom::enumTable<Kind>) {
+SignalsStore::Errand::Work SignalsStore::Errand::charts(WorkerContext& context) const {
+    auto refresh = refreshAt(context);
+    for (const auto& row : kit::enumTable<Kind>) {
         const auto kind = row.value;
         auto reading = co_await refresh.chart(kind);
-        auto chart = withDayBefore(bench.store, kind, std::move(reading));
+        auto chart = withDayBefore(context.store, kind, std::move(reading));
         tell([kind, chart = std::move(chart)](SignalsStore& store) {
             store.rounds_.note(SignalRound::charts, !chart.reading.error);
             store.held_.charts[kind] = chart;
@@ -116,16 +116,16 @@ void SignalsStore::Errand::tellNews(LocalStore& store) const {
 }
 
 DeskWorker::Job SignalsStore::Errand::stored(std::vector<std::string> devices) const {
-    return [errand = *this, devices = std::move(devices)](Bench& bench) {
-        LastSignals last(bench.store);
-        Held held{.updates = last.updates(), .changes = changesIn(bench.store)};
+    return [errand = *this, devices = std::move(devices)](WorkerContext& context) {
+        LastSignals last(context.store);
+        Held held{.updates = last.updates(), .changes = changesIn(context.store)};
         for (const auto& device : devices) held.signing[device] = last.signing(device);
-        for (const auto& row : newsroom::enumTable<Kind>) {
-            held.charts[row.value] = withDayBefore(bench.store, row.value, last.chart(row.value));
+        for (const auto& row : kit::enumTable<Kind>) {
+            held.charts[row.value] = withDayBefore(context.store, row.value, last.chart(row.value));
         }
         errand.tell([held = std::move(held)](SignalsStore& store) { store.takeStored(held); });
-        errand.tellNews(bench.store);
+        errand.tellNews(context.store);
     };
 }
 
-}  // namespace desk
+}  // namespace app

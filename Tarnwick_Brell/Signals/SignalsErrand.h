@@ -9,7 +9,7 @@
 #include "Tarnwick_Brell/Signals/SignalsRefresh.h"
 #include "Tarnwick_Brell/Signals/SignalsStore.h"
 
-namespace desk {
+namespace app {
 
 /// What the store asks of the worker: runs on the worker's thread, and tells the store what came
 /// by mail. Its jobs may outlive the store.
@@ -30,22 +30,22 @@ public:
     }
 
 private:
-    using Bench = DeskWorker::Bench;
+    using WorkerContext = DeskWorker::WorkerContext;
     using Work = boost::asio::awaitable<void>;
 
-    Work signing(Bench& bench, const std::vector<std::string>& devices) const;
-    Work updates(Bench& bench) const;
-    Work charts(Bench& bench) const;
+    Work signing(WorkerContext& context, const std::vector<std::string>& devices) const;
+    Work updates(WorkerContext& context) const;
+    Work charts(WorkerContext& context) const;
 
     static HeldChart withDayBefore(LocalStore& store, Kind kind, Chart reading);
     static Changes changesIn(LocalStore& store);
-    SignalsRefresh refreshAt(Bench& bench) const;
+    SignalsRefresh refreshAt(WorkerContext& context) const;
     /// Tells what the histories have that has not been told, whoever fetched it.
     void tellNews(LocalStore& store) const;
 
     SignalsStore* store_;  ///< for the main thread only
-    std::shared_ptr<Mailbox> mailbox_;
-    newsroom::FeedClient::Clock clock_;
+    std::shared_ptr<MainThreadQueue> mailbox_;
+    kit::Clock clock_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -2,13 +2,13 @@
 
 #include <utility>
 
-#include "NewsroomKit/Signals/SignalsAPI.h"
+#include "NewsroomKit/Trackers/SignalsAPI.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::Instant;
-using newsroom::SignalsAPI;
-using newsroom::SigningStatus;
+using kit::Instant;
+using kit::SignalsAPI;
+using kit::SigningStatus;
 
 namespace {
 
@@ -17,8 +17,7 @@ constexpr std::size_t kDevicesKept = 200;
 
 }  // namespace
 
-SignalsRefresh::SignalsRefresh(LocalStore& store, newsroom::HTTPClient& http,
-                               TrackedFetch::Clock clock)
+SignalsRefresh::SignalsRefresh(LocalStore& store, kit::HTTPClient& http, kit::Clock clock)
     : store_(store), fetch_(store, http, std::move(clock)) {}
 
 SignalsRefresh::Result<SigningStatus> SignalsRefresh::signing(std::string_view device) {
@@ -30,21 +29,21 @@ SignalsRefresh::Result<SigningStatus> SignalsRefresh::signing(std::string_view d
         });
 }
 
-SignalsRefresh::Result<std::vector<newsroom::UpdateOffer>> SignalsRefresh::updates() {
-    return fetch_.refresh<std::vector<newsroom::UpdateOffer>>(
+SignalsRefresh::Result<std::vector<kit::UpdateOffer>> SignalsRefresh::updates() {
+    return fetch_.refresh<std::vector<kit::UpdateOffer>>(
         updatesFile(), {SignalsAPI::updatesAddress(), SignalsAPI::kByteLimit},
         [this](const auto& before, const auto& offers, Instant now) {
             store_.offers().note(before, offers, now);
         });
 }
 
-SignalsRefresh::Result<std::vector<newsroom::ChartEntry>> SignalsRefresh::chart(
-    newsroom::AppStoreCharts::Kind kind) {
-    return fetch_.refresh<std::vector<newsroom::ChartEntry>>(
+SignalsRefresh::Result<std::vector<kit::ChartEntry>> SignalsRefresh::chart(
+    kit::AppStoreCharts::Kind kind) {
+    return fetch_.refresh<std::vector<kit::ChartEntry>>(
         chartFile(kind), {SignalsAPI::chartAddress(kind), SignalsAPI::kByteLimit},
         [this, kind](const auto&, const auto& entries, Instant now) {
             store_.charts().note(kind, entries, now);
         });
 }
 
-}  // namespace desk
+}  // namespace app

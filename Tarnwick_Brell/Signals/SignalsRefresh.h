@@ -8,7 +8,7 @@
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Trackers/TrackedFetch.h"
 
-namespace desk {
+namespace app {
 
 /// Fetches firmware signing, updates and charts and keeps what came (see TrackedFetch.h), with
 /// what has changed in their histories.
@@ -19,16 +19,16 @@ public:
     template <class T>
     using Result = TrackedFetch::Result<T>;
 
-    SignalsRefresh(LocalStore& store, newsroom::HTTPClient& http, TrackedFetch::Clock clock);
+    SignalsRefresh(LocalStore& store, kit::HTTPClient& http, kit::Clock clock);
 
     /// Each ends with what there is to show; with an error when that is not from this answer.
-    Result<newsroom::SigningStatus> signing(std::string_view device);
-    Result<std::vector<newsroom::UpdateOffer>> updates();
-    Result<std::vector<newsroom::ChartEntry>> chart(newsroom::AppStoreCharts::Kind kind);
+    Result<kit::SigningStatus> signing(std::string_view device);
+    Result<std::vector<kit::UpdateOffer>> updates();
+    Result<std::vector<kit::ChartEntry>> chart(kit::AppStoreCharts::Kind kind);
 
 private:
     LocalStore& store_;
     TrackedFetch fetch_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -5,7 +5,7 @@
 
 #include "Tarnwick_Brell/Signals/SignalsErrand.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -18,15 +18,14 @@ const auto& heldAt(const Map& map, const Key& key) {
 
 }  // namespace
 
-SignalsStore::SignalsStore(DeskWorker& worker, Defaults& defaults,
-                           newsroom::FeedClient::Clock clock)
+SignalsStore::SignalsStore(DeskWorker& worker, Defaults& defaults, kit::Clock clock)
     : worker_(worker),
       defaults_(defaults),
       clock_(std::move(clock)),
       rounds_(clock_, {.beforeLook = [this] { followDevices(); },
                        .begin = [this](SignalRound round) { begin(round); },
                        .changed = [this] { emit refreshChanged(); }}),
-      mailbox_(std::make_shared<Mailbox>()) {}
+      mailbox_(std::make_shared<MainThreadQueue>()) {}
 
 // The worker goes on with what has been asked for; nobody is told any more.
 SignalsStore::~SignalsStore() { mailbox_->close(); }
@@ -84,14 +83,13 @@ void SignalsStore::beginSchedule() {
     SignalSchedule::Ages ages;
     // The oldest counts; what was never fetched is due.
     const auto note = [&](SignalRound round,
-                          const std::vector<std::optional<newsroom::Instant>>& ofAll) {
+                          const std::vector<std::optional<kit::Instant>>& ofAll) {
         const auto oldest = std::ranges::min_element(ofAll);
         if (oldest != ofAll.end() && *oldest) ages.emplace(round, **oldest);
     };
-    std::vector<std::optional<newsroom::Instant>> ofDevices, ofCharts;
+    std::vector<std::optional<kit::Instant>> ofDevices, ofCharts;
     for (const auto& device : asked_) ofDevices.push_back(signing(device).fetchedAt);
-    for (const auto& row : newsroom::enumTable<Kind>)
-        ofCharts.push_back(chart(row.value).fetchedAt);
+    for (const auto& row : kit::enumTable<Kind>) ofCharts.push_back(chart(row.value).fetchedAt);
     note(SignalRound::signing, ofDevices);
     note(SignalRound::updates, {held_.updates.fetchedAt});
     note(SignalRound::charts, ofCharts);
@@ -147,7 +145,7 @@ const SignalsStore::Chart& SignalsStore::chart(Kind kind) const { return heldCha
 
 std::vector<ChartPlace> SignalsStore::chartPlaces(Kind kind) const {
     const auto& [reading, dayBefore] = heldChart(kind);
-    return reading.value ? desk::chartPlaces(*reading.value, dayBefore) : std::vector<ChartPlace>();
+    return reading.value ? app::chartPlaces(*reading.value, dayBefore) : std::vector<ChartPlace>();
 }
 
-}  // namespace desk
+}  // namespace app

@@ -12,27 +12,27 @@
 
 #include "NewsroomKit/Ingestion/FeedClient.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
-#include "Tarnwick_Brell/Desk/Mailbox.h"
+#include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Signals/ChartPlace.h"
 #include "Tarnwick_Brell/Signals/LastSignals.h"
 #include "Tarnwick_Brell/Signals/SignalSchedule.h"
-#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "Tarnwick_Brell/Trackers/Rounds.h"
 
-namespace desk {
+namespace app {
 
 /// What Apple signs, offers and sells best. Lives on the main thread; the worker fetches. What
 /// was last good is shown with its age until something newer comes, over restarts too.
 class SignalsStore : public QObject {
     Q_OBJECT
 public:
-    using Kind = newsroom::AppStoreCharts::Kind;
-    using Signing = TrackerReading<newsroom::SigningStatus>;
-    using Updates = TrackerReading<std::vector<newsroom::UpdateOffer>>;
-    using Chart = TrackerReading<std::vector<newsroom::ChartEntry>>;
+    using Kind = kit::AppStoreCharts::Kind;
+    using Signing = TrackerReading<kit::SigningStatus>;
+    using Updates = TrackerReading<std::vector<kit::UpdateOffer>>;
+    using Chart = TrackerReading<std::vector<kit::ChartEntry>>;
 
     /// The worker must outlive it.
-    SignalsStore(DeskWorker& worker, Defaults& defaults, newsroom::FeedClient::Clock clock);
+    SignalsStore(DeskWorker& worker, Defaults& defaults, kit::Clock clock);
     ~SignalsStore() override;
 
     /// Reads what the library holds and begins to refresh on the timer.
@@ -53,7 +53,7 @@ public:
     const std::vector<OfferChange>& offerChanges() const { return held_.changes.offers; }
 
     bool isRefreshing(SignalRound round) const { return rounds_.isUnderWay(round); }
-    std::optional<newsroom::Instant> lastUpdated() const { return rounds_.lastUpdated(); }
+    std::optional<kit::Instant> lastUpdated() const { return rounds_.lastUpdated(); }
     std::size_t failures() const { return rounds_.failures(); }
 
     // What the user does.
@@ -73,8 +73,8 @@ signals:
 
     /// News, the first seen first: each is told once, over restarts too, and not when it is
     /// older than a day. On the main thread only.
-    void onSigningChanges(const std::vector<desk::SigningChange>& changes);
-    void onOfferChanges(const std::vector<desk::OfferChange>& changes);
+    void onSigningChanges(const std::vector<app::SigningChange>& changes);
+    void onOfferChanges(const std::vector<app::OfferChange>& changes);
 
     void failed(const QString& sentence);
 
@@ -113,12 +113,12 @@ private:
 
     DeskWorker& worker_;
     Defaults& defaults_;
-    newsroom::FeedClient::Clock clock_;
+    kit::Clock clock_;
     Held held_;
     std::vector<std::string> asked_;  ///< at the last look; the setting may change elsewhere
     std::string lastFailure_;
     Rounds<SignalSchedule> rounds_;
-    std::shared_ptr<Mailbox> mailbox_;
+    std::shared_ptr<MainThreadQueue> mailbox_;
 };
 
-}  // namespace desk
+}  // namespace app

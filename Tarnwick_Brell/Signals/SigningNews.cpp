@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <chrono>
 
-#include "NewsroomKit/Signals/DeviceIdentifier.h"
+#include "NewsroomKit/Trackers/Signing/DeviceIdentifier.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -14,8 +14,8 @@ constexpr std::size_t kMostNamed = 3;
 
 std::string systemOf(const SigningChange& change) {
     const bool isMac = change.device.find("Mac") != std::string::npos;
-    const auto platform = isMac ? std::optional<std::string_view>("macOS")
-                                : newsroom::platformOfFamily(change.device);
+    const auto platform =
+        isMac ? std::optional<std::string_view>("macOS") : kit::platformOfFamily(change.device);
     return platform ? std::string(*platform) + " " + change.version : change.version;
 }
 
@@ -66,4 +66,4 @@ std::string sentence(const OfferChange& change) {
            offer.version + " (" + offer.build + ").";
 }
 
-}  // namespace desk
+}  // namespace app

@@ -5,15 +5,15 @@
 
 #include "NewsroomKit/Log/Log.h"
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
-#include "Tarnwick_Brell/Storage/Backups.h"
-#include "Tarnwick_Brell/Storage/LibraryUse.h"
-#include "Tarnwick_Brell/Storage/Schema.h"
-#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Storage/Safety/Backups.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryAccessLock.h"
+#include "Tarnwick_Brell/Storage/Tables/Schema.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::LogCategory;
-using newsroom::LogLevel;
+using kit::LogCategory;
+using kit::LogLevel;
 
 namespace {
 
@@ -40,8 +40,8 @@ std::optional<FileLock> use(const fs::path& file, Database::Access access) {
 /// Every library starts with the built-in newsroom; who removes it has removed it.
 void beginNewsrooms(RecordTable& newsrooms) {
     if (!newsrooms.isUntouched()) return;
-    const auto today = newsroom::NewsroomSpec::builtIn();
-    newsrooms.put(today.id.text(), newsroom::json::serialize(newsroom::encode(today)));
+    const auto today = kit::NewsroomSpec::builtIn();
+    newsrooms.put(today.id.text(), kit::json::serialize(kit::encode(today)));
 }
 
 }  // namespace
@@ -84,8 +84,8 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
             const auto earlier = version();
             Backups(file).makeBeforeMigration();
             migrate(database_);
-            newsroom::log(LogCategory::storage, LogLevel::info,
-                          "the library's tables went from version {} to {}", earlier, version());
+            kit::log(LogCategory::storage, LogLevel::info,
+                     "the library's tables went from version {} to {}", earlier, version());
         } else {
             migrate(database_);
         }
@@ -108,4 +108,4 @@ bool LocalStore::hasForeignChanges() {
     return known != dataVersion_;
 }
 
-}  // namespace desk
+}  // namespace app

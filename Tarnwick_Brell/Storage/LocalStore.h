@@ -2,26 +2,26 @@
 
 #include <filesystem>
 
-#include "Tarnwick_Brell/Storage/BuildHistory.h"
-#include "Tarnwick_Brell/Storage/ChartHistory.h"
-#include "Tarnwick_Brell/Storage/Database.h"
-#include "Tarnwick_Brell/Storage/DeskState.h"
-#include "Tarnwick_Brell/Storage/DurableFiles.h"
-#include "Tarnwick_Brell/Storage/HostPauses.h"
-#include "Tarnwick_Brell/Storage/IncidentLog.h"
-#include "Tarnwick_Brell/Storage/MarkTable.h"
-#include "Tarnwick_Brell/Storage/OfferHistory.h"
-#include "Tarnwick_Brell/Storage/RecordTable.h"
-#include "Tarnwick_Brell/Storage/SearchIndex.h"
-#include "Tarnwick_Brell/Storage/SigningHistory.h"
-#include "Tarnwick_Brell/Storage/SourceTable.h"
-#include "Tarnwick_Brell/Storage/StoryMerge.h"
-#include "Tarnwick_Brell/Storage/StorySearch.h"
-#include "Tarnwick_Brell/Storage/StoryTable.h"
-#include "Tarnwick_Brell/Storage/TrackerCopies.h"
-#include "Tarnwick_Brell/Storage/ValidatorStore.h"
+#include "Tarnwick_Brell/Storage/Histories/BuildHistory.h"
+#include "Tarnwick_Brell/Storage/Histories/ChartHistory.h"
+#include "Tarnwick_Brell/Storage/SQLite/Database.h"
+#include "Tarnwick_Brell/Storage/Tables/DeskState.h"
+#include "Tarnwick_Brell/Storage/Files/DurableFiles.h"
+#include "Tarnwick_Brell/Storage/Tables/HostBackoff.h"
+#include "Tarnwick_Brell/Storage/Histories/IncidentLog.h"
+#include "Tarnwick_Brell/Storage/Tables/MarkTable.h"
+#include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
+#include "Tarnwick_Brell/Storage/Tables/RecordTable.h"
+#include "Tarnwick_Brell/Storage/Tables/SearchIndex.h"
+#include "Tarnwick_Brell/Storage/Histories/SigningHistory.h"
+#include "Tarnwick_Brell/Storage/Tables/SourceTable.h"
+#include "Tarnwick_Brell/Storage/Tables/StoryMerge.h"
+#include "Tarnwick_Brell/Storage/Tables/StorySearch.h"
+#include "Tarnwick_Brell/Storage/Tables/StoryTable.h"
+#include "Tarnwick_Brell/Storage/Histories/TrackerCopies.h"
+#include "Tarnwick_Brell/Storage/Tables/ValidatorStore.h"
 
-namespace desk {
+namespace app {
 
 /// The library: one SQLite file with the stories, the user's sources, their status and the
 /// validators of their last answers. Used by one thread. Throws StoreError.
@@ -46,7 +46,7 @@ public:
     SourceTable& sources() { return sources_; }
     ValidatorStore& validators() { return validators_; }
     DeskState& state() { return state_; }
-    HostPauses& hostPauses() { return hostPauses_; }
+    HostBackoff& hostPauses() { return hostPauses_; }
     RecordTable& newsrooms() { return newsrooms_; }
     RecordTable& beats() { return beats_; }
     TrackerCopies& trackerCopies() { return trackerCopies_; }
@@ -77,7 +77,7 @@ private:
     SourceTable sources_;
     ValidatorStore validators_;
     DeskState state_;
-    HostPauses hostPauses_;
+    HostBackoff hostPauses_;
     RecordTable newsrooms_;
     RecordTable beats_;
     TrackerCopies trackerCopies_;
@@ -89,4 +89,4 @@ private:
     std::int64_t dataVersion_ = 0;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -9,7 +9,7 @@
 #include "Tarnwick_Brell/Trackers/TrackedFile.h"
 #include "Tarnwick_Brell/Trackers/TrackerReading.h"
 
-namespace desk {
+namespace app {
 
 /// The last good answers as the library holds them. A copy that does not read (another version
 /// may have written it) is none.
@@ -40,7 +40,7 @@ std::optional<T> KeptAnswers::copy(const std::string& name, T (*parse)(std::stri
     if (!kept) return std::nullopt;
     try {
         return parse(kept->body);
-    } catch (const newsroom::RecordError&) {
+    } catch (const kit::RecordError&) {
         return std::nullopt;
     }
 }
@@ -58,4 +58,4 @@ TrackerReading<T> KeptAnswers::read(const TrackedFile<T>& file) {
     return reading;
 }
 
-}  // namespace desk
+}  // namespace app

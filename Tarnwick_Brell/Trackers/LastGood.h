@@ -6,23 +6,23 @@
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Trackers/KeptAnswers.h"
 
-namespace desk {
+namespace app {
 
 /// What the library holds of the trackers, without the network.
 class LastGood {
 public:
-    using Services = newsroom::AppleServiceStatus::Services;
+    using Services = kit::AppleServiceStatus::Services;
 
     explicit LastGood(LocalStore& store) : answers_(store) {}
 
-    TrackerReading<Services> status(newsroom::StatusAudience audience);
-    TrackerReading<std::vector<newsroom::PlatformRelease>> releases();
-    TrackerReading<std::vector<newsroom::AppleCalendarEvent>> events();
-    TrackerReading<newsroom::StockQuote> quote(std::string_view symbol, newsroom::QuoteRange range);
-    TrackerReading<std::vector<newsroom::BoardQuote>> board();
+    TrackerReading<Services> status(kit::StatusFeed audience);
+    TrackerReading<std::vector<kit::PlatformRelease>> releases();
+    TrackerReading<std::vector<kit::AppleCalendarEvent>> events();
+    TrackerReading<kit::StockQuote> quote(std::string_view symbol, kit::QuoteRange range);
+    TrackerReading<std::vector<kit::BoardQuote>> board();
 
 private:
     KeptAnswers answers_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -4,7 +4,7 @@
 #include <set>
 #include <string>
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -12,7 +12,7 @@ bool hasRelease(const PlatformRelease& platform) { return platform.current || pl
 
 template <class T>
 std::vector<T> without(std::vector<T> list, const std::set<std::string>& names,
-                       std::string T::*name) {
+                       std::string T::* name) {
     std::erase_if(list, [&](const T& item) { return names.contains(item.*name); });
     return list;
 }
@@ -59,8 +59,8 @@ std::vector<PlatformRelease> completed(std::vector<PlatformRelease> list,
         if (platform.current) place->current = platform.current;
         if (platform.beta) place->beta = platform.beta;
     }
-    std::ranges::sort(list, newsroom::standsBefore, &PlatformRelease::platform);
+    std::ranges::sort(list, kit::standsBefore, &PlatformRelease::platform);
     return list;
 }
 
-}  // namespace desk
+}  // namespace app

@@ -3,17 +3,17 @@
 #include <optional>
 #include <vector>
 
-#include "NewsroomKit/Trackers/AppleCalendarEvent.h"
-#include "NewsroomKit/Trackers/AppleServiceStatus.h"
-#include "NewsroomKit/Trackers/PlatformRelease.h"
+#include "NewsroomKit/Trackers/Events/AppleCalendarEvent.h"
+#include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
+#include "NewsroomKit/Trackers/Releases/PlatformRelease.h"
 
 /// Services of the network answer with lists that are cut short now and then. What is missing
 /// from a list is believed to be gone only when a second answer in a row lacks it.
-namespace desk {
+namespace app {
 
-using newsroom::AppleCalendarEvent;
-using newsroom::AppleServiceStatus;
-using newsroom::PlatformRelease;
+using kit::AppleCalendarEvent;
+using kit::AppleServiceStatus;
+using kit::PlatformRelease;
 
 template <class T>
 bool saysNothing(const std::vector<T>& list) {
@@ -49,4 +49,4 @@ std::optional<std::vector<T>> mended(const std::vector<T>& before, const std::ve
     return completed(latest, lacking);
 }
 
-}  // namespace desk
+}  // namespace app

@@ -12,7 +12,7 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Desk/RefreshCadence.h"
 
-namespace desk {
+namespace app {
 
 /// When which rounds of fetching are due; `R` names them. It goes by the clock that only ever
 /// runs forward; the wall clock tells only that the computer has slept, and how old the copies
@@ -29,7 +29,7 @@ public:
     /// woke at one moment do not ask in step.
     using Spread = std::function<double()>;
     /// When what is shown was fetched; a round without an entry never was.
-    using Ages = std::map<Round, newsroom::Instant>;
+    using Ages = std::map<Round, kit::Instant>;
 
     /// A round for each interval.
     RoundSchedule(const Intervals& intervals, const Ages& ages, Now now, Spread spread);
@@ -54,7 +54,7 @@ private:
         Duration interval{};
         Steady next{};
         Steady ended{};
-        newsroom::Instant endedWall{};
+        kit::Instant endedWall{};
         int failures = 0;  ///< in a row
         bool isUnderWay = false;
         bool isAskedAgain = false;  ///< while it was under way
@@ -178,4 +178,4 @@ std::optional<typename RoundSchedule<R>::Steady> RoundSchedule<R>::next() const 
     return next;
 }
 
-}  // namespace desk
+}  // namespace app

@@ -2,11 +2,11 @@
 
 #include <random>
 
-namespace desk {
+namespace app {
 
 double randomSpread() {
     std::random_device source;
     return std::uniform_real_distribution<double>(-1, 1)(source);
 }
 
-}  // namespace desk
+}  // namespace app

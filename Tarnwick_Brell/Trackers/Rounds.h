@@ -14,7 +14,7 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Desk/RefreshCadence.h"
 
-namespace desk {
+namespace app {
 
 /// A number from -1 to 1.
 double randomSpread();
@@ -25,7 +25,6 @@ template <class Schedule>
 class Rounds {
 public:
     using Round = typename Schedule::Round;
-    using Clock = std::function<newsroom::Instant()>;
 
     struct Outcome {
         std::size_t good = 0;
@@ -38,7 +37,7 @@ public:
         std::function<void()> changed{};
     };
 
-    Rounds(Clock clock, Callbacks callbacks)
+    Rounds(kit::Clock clock, Callbacks callbacks)
         : clock_(std::move(clock)), callbacks_(std::move(callbacks)) {
         timer_.setSingleShot(true);
         QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
@@ -70,8 +69,8 @@ public:
     /// Failed fetches of each round since that round last went wholly well.
     std::size_t failures() const;
     /// The last success of anything.
-    std::optional<newsroom::Instant> lastUpdated() const { return lastUpdated_; }
-    void noteStored(std::optional<newsroom::Instant> fetchedAt) {
+    std::optional<kit::Instant> lastUpdated() const { return lastUpdated_; }
+    void noteStored(std::optional<kit::Instant> fetchedAt) {
         lastUpdated_ = std::max(lastUpdated_, fetchedAt);
     }
 
@@ -79,11 +78,11 @@ private:
     // Often enough to notice that the computer slept, seldom enough to let it idle.
     static constexpr std::chrono::milliseconds kLongestTick = std::chrono::seconds(30);
 
-    Clock clock_;
+    kit::Clock clock_;
     Callbacks callbacks_;
     std::map<Round, Outcome> underWay_;
     std::map<Round, std::size_t> failures_;
-    std::optional<newsroom::Instant> lastUpdated_;
+    std::optional<kit::Instant> lastUpdated_;
     std::optional<Schedule> schedule_;
     QTimer timer_;
 };
@@ -147,4 +146,4 @@ std::size_t Rounds<Schedule>::failures() const {
     return count;
 }
 
-}  // namespace desk
+}  // namespace app

@@ -5,18 +5,18 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Log/Log.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::FetchError;
-using newsroom::HTTPClientError;
-using newsroom::URLError;
+using kit::FetchError;
+using kit::HTTPClientError;
+using kit::URLError;
 
 namespace {
 
 constexpr std::chrono::seconds kLongestPause{3600};
 
 std::string hostOf(const std::string& address) {
-    const auto parsed = newsroom::WebAddress::parse(address);
+    const auto parsed = kit::WebAddress::parse(address);
     return parsed ? parsed->host : std::string();
 }
 
@@ -43,8 +43,8 @@ void TrackedFetch::noteFailure(const std::string& name, std::string error) {
     health.lastAttempt = clock_();
     health.lastError = std::move(error);
     store_.trackerCopies().setHealth(name, health);
-    newsroom::log(newsroom::LogCategory::trackers, newsroom::LogLevel::info, "{}: {}", name,
-                  health.lastError.value_or(""));
+    kit::log(kit::LogCategory::trackers, kit::LogLevel::info, "{}: {}", name,
+             health.lastError.value_or(""));
     transaction.commit();
 }
 
@@ -53,12 +53,12 @@ std::optional<std::string> TrackedFetch::pauseText(const std::string& address) {
     const auto pauses = store_.hostPauses().load(now);
     const auto pause = pauses.find(hostOf(address));
     if (pause == pauses.end()) return std::nullopt;
-    return HostPauses::sentence(pause->second, now);
+    return HostBackoff::sentence(pause->second, now);
 }
 
-void TrackedFetch::leaveAlone(const std::string& address, std::chrono::seconds wanted) {
+void TrackedFetch::backOff(const std::string& address, std::chrono::seconds wanted) {
     if (wanted <= std::chrono::seconds(0)) return;
     store_.hostPauses().set(hostOf(address), clock_() + std::min(wanted, kLongestPause));
 }
 
-}  // namespace desk
+}  // namespace app

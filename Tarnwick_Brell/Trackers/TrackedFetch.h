@@ -11,12 +11,12 @@
 #include <boost/asio/this_coro.hpp>
 
 #include "NewsroomKit/HTTP/HTTPClient.h"
-#include "NewsroomKit/Trackers/BodyFetch.h"
+#include "NewsroomKit/HTTP/BodyFetch.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Trackers/KeptAnswers.h"
 #include "Tarnwick_Brell/Trackers/TrackedFile.h"
 
-namespace desk {
+namespace app {
 
 /// Fetches files and keeps what came, when it is good: the answer itself for the next start,
 /// what its log makes of it. What is not good leaves all that as it was.
@@ -28,7 +28,6 @@ namespace desk {
 /// The object must outlive its coroutines. They throw StoreError.
 class TrackedFetch {
 public:
-    using Clock = std::function<newsroom::Instant()>;
     template <class T>
     using Result = boost::asio::awaitable<TrackerReading<T>>;
 
@@ -41,9 +40,9 @@ public:
     /// before.
     template <class T>
     using Log =
-        std::function<void(const std::optional<T>& before, const T& value, newsroom::Instant now)>;
+        std::function<void(const std::optional<T>& before, const T& value, kit::Instant now)>;
 
-    TrackedFetch(LocalStore& store, newsroom::HTTPClient& http, Clock clock)
+    TrackedFetch(LocalStore& store, kit::HTTPClient& http, kit::Clock clock)
         : store_(store), http_(http), clock_(std::move(clock)), answers_(store) {}
 
     /// Ends with what there is to show; with an error when that is not from this answer.
@@ -56,38 +55,38 @@ private:
     template <class T>
     TrackerReading<T> failed(const TrackedFile<T>& file, const std::string& error);
     template <class T>
-    TrackerReading<T> unblamed(const TrackedFile<T>& file, const std::string& error);
+    TrackerReading<T> cancelled(const TrackedFile<T>& file, const std::string& error);
 
     template <class T>
-    static std::string sentenceFor(const TrackedFile<T>& file, const newsroom::FetchError& error);
+    static std::string sentenceFor(const TrackedFile<T>& file, const kit::FetchError& error);
 
     void noteFailure(const std::string& name, std::string error);
     std::optional<std::string> pauseText(const std::string& address);
-    void leaveAlone(const std::string& address, std::chrono::seconds wanted);
+    void backOff(const std::string& address, std::chrono::seconds wanted);
 
     LocalStore& store_;
-    newsroom::HTTPClient& http_;
-    Clock clock_;
+    kit::HTTPClient& http_;
+    kit::Clock clock_;
     KeptAnswers answers_;
 };
 
 /// The server has no such file.
-bool isAbsence(const newsroom::FetchError& error);
+bool isAbsence(const kit::FetchError& error);
 /// The server's certificate is not trusted.
-bool isDistrust(const newsroom::FetchError& error);
+bool isDistrust(const kit::FetchError& error);
 /// The server is not to blame: the user has no network, or has ended the request.
-bool isOurFault(const newsroom::FetchError& error);
+bool isOurFault(const kit::FetchError& error);
 
 template <class T>
 TrackedFetch::Result<T> TrackedFetch::refresh(TrackedFile<T> file, Request request, Log<T> log) {
     co_await boost::asio::this_coro::throw_if_cancelled(false);
-    if (const auto pause = pauseText(request.address)) co_return unblamed(file, *pause);
+    if (const auto pause = pauseText(request.address)) co_return cancelled(file, *pause);
 
-    const auto fetched = co_await newsroom::fetchBody(http_, request.address, request.byteLimit);
+    const auto fetched = co_await kit::fetchBody(http_, request.address, request.byteLimit);
     if (fetched.body) co_return keep(file, fetched.body.value(), log);
-    if (fetched.record.retryAfter) leaveAlone(request.address, *fetched.record.retryAfter);
+    if (fetched.record.retryAfter) backOff(request.address, *fetched.record.retryAfter);
     const auto& error = fetched.body.error();
-    co_return isOurFault(error) ? unblamed(file, error.description())
+    co_return isOurFault(error) ? cancelled(file, error.description())
                                 : failed(file, sentenceFor(file, error));
 }
 
@@ -97,7 +96,7 @@ TrackerReading<T> TrackedFetch::keep(const TrackedFile<T>& file, const std::stri
     std::optional<T> fresh;
     try {
         fresh = file.parse(body);
-    } catch (const newsroom::RecordError& error) {
+    } catch (const kit::RecordError& error) {
         return failed(file, "The answer does not read (" + std::string(error.what()) + ").");
     }
     if (file.isWanted && !file.isWanted(*fresh)) return failed(file, file.mismatch);
@@ -127,8 +126,7 @@ TrackerReading<T> TrackedFetch::keep(const TrackedFile<T>& file, const std::stri
 }
 
 template <class T>
-std::string TrackedFetch::sentenceFor(const TrackedFile<T>& file,
-                                      const newsroom::FetchError& error) {
+std::string TrackedFetch::sentenceFor(const TrackedFile<T>& file, const kit::FetchError& error) {
     if (isAbsence(error) && !file.absence.empty()) return file.absence;
     if (isDistrust(error) && !file.distrust.empty()) {
         return error.description() + " " + file.distrust;
@@ -144,10 +142,10 @@ TrackerReading<T> TrackedFetch::failed(const TrackedFile<T>& file, const std::st
 
 /// Nothing is held against the tracker.
 template <class T>
-TrackerReading<T> TrackedFetch::unblamed(const TrackedFile<T>& file, const std::string& error) {
+TrackerReading<T> TrackedFetch::cancelled(const TrackedFile<T>& file, const std::string& error) {
     auto reading = answers_.read(file);
     reading.error = file.title + ": " + error;
     return reading;
 }
 
-}  // namespace desk
+}  // namespace app

@@ -5,26 +5,26 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/Trackers/ListDoubts.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::AppleServiceStatus;
-using newsroom::QuoteRange;
-using newsroom::StatusAudience;
-using newsroom::TrackerAPI;
+using kit::AppleServiceStatus;
+using kit::QuoteRange;
+using kit::StatusFeed;
+using kit::TrackerAPI;
 
 namespace {
 
 /// The symbol in the one form that all spellings of it share: services separate the class of a
 /// share with a point, a hyphen or a slash ("BRK.B", "BRK-B", "BRK/B").
 std::string comparable(std::string_view symbol) {
-    auto text = newsroom::lowercasedASCII(symbol);
+    auto text = kit::lowercasedASCII(symbol);
     std::ranges::replace_if(text, [](char c) { return c == '.' || c == '/' || c == ' '; }, '-');
     return text;
 }
 
 }  // namespace
 
-TrackedFile<AppleServiceStatus::Services> statusFile(StatusAudience audience) {
+TrackedFile<AppleServiceStatus::Services> statusFile(StatusFeed audience) {
     const std::string name(rawValue(audience));
     return {.name = "status/" + name,
             .title = "Apple's " + name + " status",
@@ -34,7 +34,7 @@ TrackedFile<AppleServiceStatus::Services> statusFile(StatusAudience audience) {
             .mended = mended};
 }
 
-TrackedFile<std::vector<newsroom::PlatformRelease>> releasesFile() {
+TrackedFile<std::vector<kit::PlatformRelease>> releasesFile() {
     return {.name = "releases",
             .title = "The list of releases",
             .parse = TrackerAPI::parseReleases,
@@ -43,7 +43,7 @@ TrackedFile<std::vector<newsroom::PlatformRelease>> releasesFile() {
             .mended = mended};
 }
 
-TrackedFile<std::vector<newsroom::AppleCalendarEvent>> eventsFile() {
+TrackedFile<std::vector<kit::AppleCalendarEvent>> eventsFile() {
     return {.name = "events",
             .title = "Apple's calendar",
             .parse = TrackerAPI::parseEvents,
@@ -51,20 +51,20 @@ TrackedFile<std::vector<newsroom::AppleCalendarEvent>> eventsFile() {
             .mended = mended};
 }
 
-TrackedFile<newsroom::StockQuote> quoteFile(std::string_view symbol, QuoteRange range) {
+TrackedFile<kit::StockQuote> quoteFile(std::string_view symbol, QuoteRange range) {
     return {
         .name = std::string(kQuoteNames) + std::string(rawValue(range)) + "/" + std::string(symbol),
         .title = "The quote of " + std::string(symbol),
         .parse = TrackerAPI::parseQuote,
         .isWanted =
-            [symbol = comparable(symbol), range](const newsroom::StockQuote& quote) {
+            [symbol = comparable(symbol), range](const kit::StockQuote& quote) {
                 return quote.range == rawValue(range) && comparable(quote.symbol) == symbol;
             },
         .mismatch = "The server answered with another quote.",
         .absence = "The service knows no such symbol."};
 }
 
-TrackedFile<std::vector<newsroom::BoardQuote>> boardFile() {
+TrackedFile<std::vector<kit::BoardQuote>> boardFile() {
     return {.name = "quotes",
             .title = "The board of quotes",
             .parse = TrackerAPI::parseBoard,
@@ -72,4 +72,4 @@ TrackedFile<std::vector<newsroom::BoardQuote>> boardFile() {
             .saysNothing = saysNothing};
 }
 
-}  // namespace desk
+}  // namespace app

@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "NewsroomKit/Trackers/AppleServiceStatus.h"
-#include "NewsroomKit/Trackers/StatusAudience.h"
+#include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
+#include "NewsroomKit/Trackers/Status/StatusFeed.h"
 #include "NewsroomKit/Trackers/TrackerAPI.h"
 
-namespace desk {
+namespace app {
 
 /// Whether an answer without anything in it is an answer.
 enum class Emptiness {
@@ -39,10 +39,10 @@ struct TrackedFile {
 
 inline constexpr std::string_view kQuoteNames = "quote/";
 
-TrackedFile<newsroom::AppleServiceStatus::Services> statusFile(newsroom::StatusAudience audience);
-TrackedFile<std::vector<newsroom::PlatformRelease>> releasesFile();
-TrackedFile<std::vector<newsroom::AppleCalendarEvent>> eventsFile();
-TrackedFile<newsroom::StockQuote> quoteFile(std::string_view symbol, newsroom::QuoteRange range);
-TrackedFile<std::vector<newsroom::BoardQuote>> boardFile();
+TrackedFile<kit::AppleServiceStatus::Services> statusFile(kit::StatusFeed audience);
+TrackedFile<std::vector<kit::PlatformRelease>> releasesFile();
+TrackedFile<std::vector<kit::AppleCalendarEvent>> eventsFile();
+TrackedFile<kit::StockQuote> quoteFile(std::string_view symbol, kit::QuoteRange range);
+TrackedFile<std::vector<kit::BoardQuote>> boardFile();
 
-}  // namespace desk
+}  // namespace app

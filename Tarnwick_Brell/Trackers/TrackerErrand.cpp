@@ -1,10 +1,10 @@
 #include "Tarnwick_Brell/Trackers/TrackerErrand.h"
 
-namespace desk {
+namespace app {
 
 namespace asio = boost::asio;
 
-using newsroom::StatusAudience;
+using kit::StatusFeed;
 
 namespace {
 
@@ -13,26 +13,26 @@ constexpr std::size_t kMostBuilds = 500;
 
 }  // namespace
 
-TrackerRefresh TrackerStore::Errand::refreshAt(Bench& bench) const {
-    return TrackerRefresh(bench.store, bench.engine.http(), clock_, serviceAddress_);
+TrackerRefresh TrackerStore::Errand::refreshAt(WorkerContext& context) const {
+    return TrackerRefresh(context.store, context.engine.http(), clock_, serviceAddress_);
 }
 
 DeskWorker::LongJob TrackerStore::Errand::round(TrackerRound round, QuoteKeys wanted) const {
-    return [errand = *this, round, wanted = std::move(wanted)](Bench& bench) -> Work {
+    return [errand = *this, round, wanted = std::move(wanted)](WorkerContext& context) -> Work {
         switch (round) {
-            case TrackerRound::status: co_await errand.status(bench); break;
-            case TrackerRound::releases: co_await errand.releases(bench); break;
-            case TrackerRound::quotes: co_await errand.quotes(bench, wanted); break;
-            case TrackerRound::board: co_await errand.board(bench); break;
-            case TrackerRound::events: co_await errand.events(bench); break;
+            case TrackerRound::status: co_await errand.status(context); break;
+            case TrackerRound::releases: co_await errand.releases(context); break;
+            case TrackerRound::quotes: co_await errand.quotes(context, wanted); break;
+            case TrackerRound::board: co_await errand.board(context); break;
+            case TrackerRound::events: co_await errand.events(context); break;
         }
         errand.tell([round](TrackerStore& store) { store.end(round); });
     };
 }
 
-TrackerStore::Errand::Work TrackerStore::Errand::status(Bench& bench) const {
-    auto refresh = refreshAt(bench);
-    auto consumer = co_await refresh.status(StatusAudience::consumer);
+TrackerStore::Errand::Work TrackerStore::Errand::status(WorkerContext& context) const {
+    auto refresh = refreshAt(context);
+    auto consumer = co_await refresh.status(StatusFeed::consumer);
     const bool isLoaded = consumer.value.has_value();
     tell([reading = std::move(consumer)](TrackerStore& store) {
         store.held_.consumer = reading;
@@ -41,7 +41,7 @@ TrackerStore::Errand::Work TrackerStore::Errand::status(Bench& bench) const {
     });
     // Problems are looked for once the consumer status is there, and not before.
     if (!isLoaded) co_return;
-    auto developer = co_await refresh.status(StatusAudience::developer);
+    auto developer = co_await refresh.status(StatusFeed::developer);
     tell([reading = std::move(developer)](TrackerStore& store) {
         store.held_.developer = reading;
         store.rounds_.note(TrackerRound::status, !reading.error);
@@ -49,10 +49,10 @@ TrackerStore::Errand::Work TrackerStore::Errand::status(Bench& bench) const {
     });
 }
 
-TrackerStore::Errand::Work TrackerStore::Errand::releases(Bench& bench) const {
-    auto refresh = refreshAt(bench);
+TrackerStore::Errand::Work TrackerStore::Errand::releases(WorkerContext& context) const {
+    auto refresh = refreshAt(context);
     auto releases = co_await refresh.releases();
-    auto builds = bench.store.builds().newest(kMostBuilds);
+    auto builds = context.store.builds().newest(kMostBuilds);
     tell([reading = std::move(releases), builds = std::move(builds)](TrackerStore& store) {
         store.held_.releases = reading;
         store.takeBuilds(builds);
@@ -61,8 +61,8 @@ TrackerStore::Errand::Work TrackerStore::Errand::releases(Bench& bench) const {
     });
 }
 
-TrackerStore::Errand::Work TrackerStore::Errand::events(Bench& bench) const {
-    auto refresh = refreshAt(bench);
+TrackerStore::Errand::Work TrackerStore::Errand::events(WorkerContext& context) const {
+    auto refresh = refreshAt(context);
     auto events = co_await refresh.events();
     tell([reading = std::move(events)](TrackerStore& store) {
         store.held_.events = reading;
@@ -71,8 +71,8 @@ TrackerStore::Errand::Work TrackerStore::Errand::events(Bench& bench) const {
     });
 }
 
-TrackerStore::Errand::Work TrackerStore::Errand::board(Bench& bench) const {
-    auto refresh = refreshAt(bench);
+TrackerStore::Errand::Work TrackerStore::Errand::board(WorkerContext& context) const {
+    auto refresh = refreshAt(context);
     auto board = co_await refresh.board();
     tell([reading = std::move(board)](TrackerStore& store) {
         store.held_.board = reading;
@@ -89,8 +89,9 @@ void TrackerStore::Errand::tellQuote(const QuoteKey& key, Quote quote) const {
     });
 }
 
-TrackerStore::Errand::Work TrackerStore::Errand::quotes(Bench& bench, QuoteKeys keys) const {
-    auto refresh = refreshAt(bench);
+TrackerStore::Errand::Work TrackerStore::Errand::quotes(WorkerContext& context,
+                                                        QuoteKeys keys) const {
+    auto refresh = refreshAt(context);
     for (const auto& key : keys) {
         auto quote = co_await refresh.quote(key.symbol, key.range);
         tellQuote(key, std::move(quote));
@@ -99,12 +100,12 @@ TrackerStore::Errand::Work TrackerStore::Errand::quotes(Bench& bench, QuoteKeys 
 
 DeskWorker::LongJob TrackerStore::Errand::freshQuotes(QuoteKeys keys,
                                                       std::chrono::seconds freshFor) const {
-    return [errand = *this, keys = std::move(keys), freshFor](Bench& bench) -> Work {
-        LastGood lastGood(bench.store);
+    return [errand = *this, keys = std::move(keys), freshFor](WorkerContext& context) -> Work {
+        LastGood lastGood(context.store);
         QuoteKeys old;
         for (const auto& key : keys) {
             auto stored = lastGood.quote(key.symbol, key.range);
-            const auto age = errand.clock_() - stored.fetchedAt.value_or(newsroom::Instant());
+            const auto age = errand.clock_() - stored.fetchedAt.value_or(kit::Instant());
             // A copy from the future was fetched before the clock was set back.
             if (!stored.value || age < std::chrono::seconds(0) || age >= freshFor) {
                 old.push_back(key);
@@ -113,22 +114,22 @@ DeskWorker::LongJob TrackerStore::Errand::freshQuotes(QuoteKeys keys,
                 if (stored.value) store.takeQuote(key, stored);
             });
         }
-        co_await errand.quotes(bench, old);
+        co_await errand.quotes(context, old);
     };
 }
 
 DeskWorker::Job TrackerStore::Errand::stored(QuoteKeys wanted) const {
-    return [errand = *this, wanted = std::move(wanted)](Bench& bench) {
-        LastGood lastGood(bench.store);
-        Held held{.consumer = lastGood.status(StatusAudience::consumer),
-                  .developer = lastGood.status(StatusAudience::developer),
+    return [errand = *this, wanted = std::move(wanted)](WorkerContext& context) {
+        LastGood lastGood(context.store);
+        Held held{.consumer = lastGood.status(StatusFeed::consumer),
+                  .developer = lastGood.status(StatusFeed::developer),
                   .releases = lastGood.releases(),
                   .events = lastGood.events(),
                   .board = lastGood.board(),
-                  .builds = bench.store.builds().newest(kMostBuilds)};
+                  .builds = context.store.builds().newest(kMostBuilds)};
         for (const auto& key : wanted) held.quotes[key] = lastGood.quote(key.symbol, key.range);
         errand.tell([held = std::move(held)](TrackerStore& store) { store.takeStored(held); });
     };
 }
 
-}  // namespace desk
+}  // namespace app

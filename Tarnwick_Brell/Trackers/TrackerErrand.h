@@ -8,7 +8,7 @@
 
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
-namespace desk {
+namespace app {
 
 /// What the store asks of the worker: runs on the worker's thread, and tells the store what came
 /// by mail. Its jobs may outlive the store.
@@ -35,22 +35,22 @@ public:
     }
 
 private:
-    using Bench = DeskWorker::Bench;
+    using WorkerContext = DeskWorker::WorkerContext;
     using Work = boost::asio::awaitable<void>;
 
-    Work status(Bench& bench) const;
-    Work releases(Bench& bench) const;
-    Work quotes(Bench& bench, QuoteKeys keys) const;
-    Work board(Bench& bench) const;
-    Work events(Bench& bench) const;
+    Work status(WorkerContext& context) const;
+    Work releases(WorkerContext& context) const;
+    Work quotes(WorkerContext& context, QuoteKeys keys) const;
+    Work board(WorkerContext& context) const;
+    Work events(WorkerContext& context) const;
 
-    TrackerRefresh refreshAt(Bench& bench) const;
+    TrackerRefresh refreshAt(WorkerContext& context) const;
     void tellQuote(const QuoteKey& key, Quote quote) const;
 
     TrackerStore* store_;  ///< for the main thread only
-    std::shared_ptr<Mailbox> mailbox_;
-    newsroom::FeedClient::Clock clock_;
+    std::shared_ptr<MainThreadQueue> mailbox_;
+    kit::Clock clock_;
     std::string serviceAddress_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -2,12 +2,12 @@
 
 #include <utility>
 
-#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::NewBuilds;
-using newsroom::ServiceProblems;
+using kit::NewBuilds;
+using kit::ServiceProblems;
 
 TrackerNews::TrackerNews(Defaults& defaults)
     : defaults_(defaults),
@@ -20,7 +20,8 @@ void TrackerNews::remember(std::string_view key, const Defaults::Memory& memory)
         isFailing_ = false;
     } catch (const StoreError& error) {
         // The news is told all the same; it may come again after a restart.
-        if (!std::exchange(isFailing_, true) && callbacks.onFailed) callbacks.onFailed(error.what());
+        if (!std::exchange(isFailing_, true) && callbacks.onFailed)
+            callbacks.onFailed(error.what());
     }
 }
 
@@ -43,7 +44,7 @@ void TrackerNews::look(const std::optional<Services>& consumer,
     remember(Defaults::kKnownServiceProblems, *knownProblems_);
 }
 
-void TrackerNews::look(const std::vector<newsroom::PlatformRelease>& releases) {
+void TrackerNews::look(const std::vector<kit::PlatformRelease>& releases) {
     auto found = NewBuilds::look(knownBuilds_, releases);
     for (const auto& build : found.announced) {
         knownBuilds_[build.key()] = build.release.build;
@@ -55,4 +56,4 @@ void TrackerNews::look(const std::vector<newsroom::PlatformRelease>& releases) {
     remember(Defaults::kKnownBuilds, knownBuilds_);
 }
 
-}  // namespace desk
+}  // namespace app

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace desk {
+namespace app {
 
 using namespace std::chrono_literals;
 
@@ -28,4 +28,4 @@ void TrackerSchedule::setMarketOpen(bool open) {
     setInterval(TrackerRound::quotes, open ? 1min : kWhileMarketIsClosed);
 }
 
-}  // namespace desk
+}  // namespace app

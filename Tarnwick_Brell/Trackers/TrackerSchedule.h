@@ -4,7 +4,7 @@
 
 #include "Tarnwick_Brell/Trackers/RoundSchedule.h"
 
-namespace desk {
+namespace app {
 
 /// What is fetched together.
 enum class TrackerRound { status, releases, quotes, board, events };
@@ -21,4 +21,4 @@ public:
     void setMarketOpen(bool open);
 };
 
-}  // namespace desk
+}  // namespace app

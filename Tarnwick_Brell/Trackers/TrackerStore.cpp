@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <utility>
 
-#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 #include "Tarnwick_Brell/Trackers/TrackerErrand.h"
 
-namespace desk {
+namespace app {
 
-using newsroom::Instant;
-using newsroom::QuoteRange;
-using newsroom::StockQuote;
+using kit::Instant;
+using kit::QuoteRange;
+using kit::StockQuote;
 
 namespace {
 
@@ -20,8 +20,7 @@ constexpr std::size_t kMostQuotesHeld = 100;
 
 }  // namespace
 
-TrackerStore::TrackerStore(DeskWorker& worker, Defaults& defaults,
-                           newsroom::FeedClient::Clock clock)
+TrackerStore::TrackerStore(DeskWorker& worker, Defaults& defaults, kit::Clock clock)
     : worker_(worker),
       defaults_(defaults),
       clock_(std::move(clock)),
@@ -29,7 +28,7 @@ TrackerStore::TrackerStore(DeskWorker& worker, Defaults& defaults,
       rounds_(clock_, {.beforeLook = [this] { followWishes(); },
                        .begin = [this](TrackerRound round) { begin(round); },
                        .changed = [this] { emit refreshChanged(); }}),
-      mailbox_(std::make_shared<Mailbox>()) {
+      mailbox_(std::make_shared<MainThreadQueue>()) {
     news_.callbacks = {
         .onServiceProblem = [this](const auto& report) { emit onServiceProblem(report); },
         .onServiceRestored = [this](const auto& service) { emit onServiceRestored(service); },
@@ -255,4 +254,4 @@ std::vector<StockQuote> TrackerStore::yearQuotes() const {
 
 std::optional<Instant> TrackerStore::yearRead() const { return quote(QuoteRange::year).fetchedAt; }
 
-}  // namespace desk
+}  // namespace app

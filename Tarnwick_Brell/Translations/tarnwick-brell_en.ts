@@ -22,7 +22,7 @@
     </message>
 </context>
 <context>
-    <name>desk::BackendPanel</name>
+    <name>app::BackendPanel</name>
     <message numerus="yes">
         <source>For %n models</source>
         <translation>
@@ -32,7 +32,7 @@
     </message>
 </context>
 <context>
-    <name>desk::BriefPanel</name>
+    <name>app::BriefPanel</name>
     <message numerus="yes">
         <source>Apple posted %n times, last: %1</source>
         <translation>
@@ -42,7 +42,7 @@
     </message>
 </context>
 <context>
-    <name>desk::ChartPanel</name>
+    <name>app::ChartPanel</name>
     <message numerus="yes">
         <source>up %n places</source>
         <translation>
@@ -59,7 +59,7 @@
     </message>
 </context>
 <context>
-    <name>desk::ChoiceList</name>
+    <name>app::FilterOptions</name>
     <message numerus="yes">
         <source>%1 and %n more</source>
         <translation>
@@ -69,7 +69,7 @@
     </message>
 </context>
 <context>
-    <name>desk::ClaimsPanel</name>
+    <name>app::ClaimsPanel</name>
     <message numerus="yes">
         <source>%n outlets</source>
         <translation>
@@ -79,7 +79,7 @@
     </message>
 </context>
 <context>
-    <name>desk::CountdownPanel</name>
+    <name>app::CountdownPanel</name>
     <message numerus="yes">
         <source>%n years</source>
         <translation>
@@ -103,7 +103,7 @@
     </message>
 </context>
 <context>
-    <name>desk::CoveragePanel</name>
+    <name>app::CoveragePanel</name>
     <message numerus="yes">
         <source>first %n×</source>
         <translation>
@@ -120,7 +120,7 @@
     </message>
 </context>
 <context>
-    <name>desk::GatheredPanel</name>
+    <name>app::QueryPanelModel</name>
     <message numerus="yes">
         <source>Last %n hours</source>
         <translation>
@@ -144,7 +144,7 @@
     </message>
 </context>
 <context>
-    <name>desk::ReaderModel</name>
+    <name>app::ReaderModel</name>
     <message numerus="yes">
         <source>Also told by %n others</source>
         <translation>
@@ -154,7 +154,7 @@
     </message>
 </context>
 <context>
-    <name>desk::RefreshState</name>
+    <name>app::RefreshStatus</name>
     <message numerus="yes">
         <source>Refreshing, %1 of %n sources</source>
         <translation>
@@ -164,7 +164,7 @@
     </message>
 </context>
 <context>
-    <name>desk::SidebarModel</name>
+    <name>app::SidebarModel</name>
     <message numerus="yes">
         <source>%n stories</source>
         <translation>
@@ -223,7 +223,7 @@
     </message>
 </context>
 <context>
-    <name>desk::StatusPanel</name>
+    <name>app::StatusPanel</name>
     <message numerus="yes">
         <source>%n incidents in 14 days</source>
         <translation>
@@ -233,7 +233,7 @@
     </message>
 </context>
 <context>
-    <name>desk::StoryPanel</name>
+    <name>app::StoryPanel</name>
     <message numerus="yes">
         <source>%n unread</source>
         <translation>
@@ -243,7 +243,7 @@
     </message>
 </context>
 <context>
-    <name>desk::TopStoriesPanel</name>
+    <name>app::TopStoriesPanel</name>
     <message numerus="yes">
         <source>%n outlets</source>
         <translation>
@@ -253,7 +253,7 @@
     </message>
 </context>
 <context>
-    <name>desk::WirePage</name>
+    <name>app::WirePage</name>
     <message numerus="yes">
         <source>%n stories marked as read.</source>
         <translation>

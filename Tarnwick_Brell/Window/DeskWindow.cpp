@@ -16,15 +16,16 @@ extern void qml_register_types_TarnwickBrell_Wire();
 extern void qml_register_types_TarnwickBrell_Newsrooms();
 extern void qml_register_types_TarnwickBrell_Window();
 
-namespace desk {
+namespace app {
 
 namespace {
 
 void nameModules() {
     for (const auto types :
          {&qml_register_types_TarnwickBrell_Models, &qml_register_types_TarnwickBrell_Panels,
-          &qml_register_types_TarnwickBrell_Palette, &qml_register_types_TarnwickBrell_Sidebar, &qml_register_types_TarnwickBrell_Wire,
-          &qml_register_types_TarnwickBrell_Newsrooms, &qml_register_types_TarnwickBrell_Window}) {
+          &qml_register_types_TarnwickBrell_Palette, &qml_register_types_TarnwickBrell_Sidebar,
+          &qml_register_types_TarnwickBrell_Wire, &qml_register_types_TarnwickBrell_Newsrooms,
+          &qml_register_types_TarnwickBrell_Window}) {
         [[maybe_unused]] void (*volatile kept)() = types;
     }
 }
@@ -37,7 +38,8 @@ DeskWindow::DeskWindow(WindowModel& model) : model_(model) {
     QQmlComponent main(&engine_, QUrl(QStringLiteral("qrc:/qt/qml/TarnwickBrell/Window/Main.qml")));
     if (main.isError())
         throw std::runtime_error("The window can't be made. " + main.errorString().toStdString());
-    auto* made = main.createWithInitialProperties({{QStringLiteral("desk"), QVariant::fromValue(&model)}});
+    auto* made =
+        main.createWithInitialProperties({{QStringLiteral("desk"), QVariant::fromValue(&model)}});
     window_.reset(qobject_cast<QQuickWindow*>(made));
     if (!window_) {
         delete made;
@@ -60,4 +62,4 @@ void DeskWindow::raise(const QString& activationToken) {
     window_->requestActivate();
 }
 
-}  // namespace desk
+}  // namespace app

@@ -8,7 +8,7 @@
 
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 
-namespace desk {
+namespace app {
 
 /// The one window: makes it from QML and raises it.
 class DeskWindow : public QObject {
@@ -29,4 +29,4 @@ private:
     std::unique_ptr<QQuickWindow> window_;
 };
 
-}  // namespace desk
+}  // namespace app

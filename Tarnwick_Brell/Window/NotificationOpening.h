@@ -3,9 +3,9 @@
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Notifications/Notification.h"
 
-namespace desk {
+namespace app {
 
 /// Goes to what a notification is about.
 void openTarget(WindowModel& model, const NotificationTarget& target);
 
-}  // namespace desk
+}  // namespace app

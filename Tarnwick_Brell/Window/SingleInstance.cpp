@@ -9,7 +9,7 @@
 
 #include "Tarnwick_Brell/Window/SocketCall.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -108,10 +108,10 @@ void SingleInstance::read(QLocalSocket* socket) {
     socket->disconnectFromServer();
 }
 
-std::string SingleInstance::refusal(const LibraryHeld& held) {
+std::string SingleInstance::refusal(const LibraryInUseError& held) {
     if (held.holder().what == kWhat)
         return std::string(held.what()) + " It does not answer; if it hangs, end it first.";
     return std::string(held.what()) + " End that first, then open the window.";
 }
 
-}  // namespace desk
+}  // namespace app

@@ -10,9 +10,9 @@
 #include <QObject>
 #include <QString>
 
-#include "Tarnwick_Brell/Storage/LibraryLock.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryLock.h"
 
-namespace desk {
+namespace app {
 
 /// A library has one window: a second start asks the first one, over a socket beside the
 /// library, to come to the front. Only this user's processes are spoken to.
@@ -36,7 +36,7 @@ public:
     bool listen();
 
     /// What the user is told when something else than an answering window holds the library.
-    static std::string refusal(const LibraryHeld& held);
+    static std::string refusal(const LibraryInUseError& held);
 
 signals:
     /// A second start wishes so. The token is empty when the desktop gave none.
@@ -55,4 +55,4 @@ private:
 std::vector<std::string> socketAddresses(const std::filesystem::path& library,
                                          const std::optional<std::string>& runtimeFolder);
 
-}  // namespace desk
+}  // namespace app

@@ -8,11 +8,11 @@
 #include <algorithm>
 #include <cstring>
 
-namespace desk {
+namespace app {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using SteadyClock = std::chrono::steady_clock;
 
 constexpr std::size_t kLongestAnswer = 200;
 
@@ -42,11 +42,12 @@ public:
                static_cast<ssize_t>(text.size());
     }
 
-    std::optional<std::string> readLine(Clock::time_point end) {
+    std::optional<std::string> readLine(SteadyClock::time_point end) {
         std::string line;
         while (line.size() < kLongestAnswer) {
             const auto left =
-                std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now()).count();
+                std::chrono::duration_cast<std::chrono::milliseconds>(end - SteadyClock::now())
+                    .count();
             pollfd waiting{.fd = descriptor_, .events = POLLIN, .revents = 0};
             if (left <= 0 || poll(&waiting, 1, static_cast<int>(left)) <= 0) return std::nullopt;
             char c = 0;
@@ -72,11 +73,11 @@ bool isOwnPeer(int descriptor) {
 
 std::optional<std::string> callSocket(const std::string& address, std::string_view line,
                                       std::chrono::milliseconds patience) {
-    const auto end = Clock::now() + patience;
+    const auto end = SteadyClock::now() + patience;
     Connection connection;
     if (!connection.open(address) || !isOwnPeer(connection.descriptor()) || !connection.send(line))
         return std::nullopt;
     return connection.readLine(end);
 }
 
-}  // namespace desk
+}  // namespace app

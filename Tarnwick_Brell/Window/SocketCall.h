@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace desk {
+namespace app {
 
 /// The process at the other end of a connected socket belongs to this user.
 bool isOwnPeer(int descriptor);
@@ -15,4 +15,4 @@ bool isOwnPeer(int descriptor);
 std::optional<std::string> callSocket(const std::string& address, std::string_view line,
                                       std::chrono::milliseconds patience);
 
-}  // namespace desk
+}  // namespace app

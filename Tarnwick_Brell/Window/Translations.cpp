@@ -4,15 +4,16 @@
 #include <QLocale>
 #include <QTranslator>
 
-namespace desk {
+namespace app {
 
 void installTranslations() {
     const auto folder = QStringLiteral(":/translations");
     auto* translator = new QTranslator(QCoreApplication::instance());
-    if (translator->load(QLocale(), QStringLiteral("tarnwick-brell"), QStringLiteral("_"), folder) ||
+    if (translator->load(QLocale(), QStringLiteral("tarnwick-brell"), QStringLiteral("_"),
+                         folder) ||
         translator->load(QStringLiteral("tarnwick-brell_en"), folder)) {
         QCoreApplication::installTranslator(translator);
     }
 }
 
-}  // namespace desk
+}  // namespace app

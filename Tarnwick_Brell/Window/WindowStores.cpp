@@ -2,9 +2,9 @@
 
 #include <utility>
 
-namespace desk {
+namespace app {
 
-WindowModel::Stores windowStores(AppEnvironment& environment, newsroom::FeedClient::Clock clock) {
+WindowModel::Stores windowStores(AppEnvironment& environment, kit::Clock clock) {
     return {.news = environment.newsDesk(),
             .trackers = environment.trackers(),
             .signalsStore = environment.signalsStore(),
@@ -13,4 +13,4 @@ WindowModel::Stores windowStores(AppEnvironment& environment, newsroom::FeedClie
             .clock = std::move(clock)};
 }
 
-}  // namespace desk
+}  // namespace app

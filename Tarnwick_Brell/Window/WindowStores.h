@@ -3,9 +3,9 @@
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 
-namespace desk {
+namespace app {
 
 /// What the window shows of an environment, which must outlive it.
-WindowModel::Stores windowStores(AppEnvironment& environment, newsroom::FeedClient::Clock clock);
+WindowModel::Stores windowStores(AppEnvironment& environment, kit::Clock clock);
 
-}  // namespace desk
+}  // namespace app

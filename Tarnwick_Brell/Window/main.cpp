@@ -14,8 +14,8 @@
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
-#include "Tarnwick_Brell/Shell/Premises.h"
-#include "Tarnwick_Brell/Shell/StopSignals.h"
+#include "Tarnwick_Brell/Shell/LaunchContext.h"
+#include "Tarnwick_Brell/Shell/ShutdownSignals.h"
 #include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/NotificationOpening.h"
@@ -25,11 +25,11 @@
 
 namespace {
 
-using namespace desk;
+using namespace app;
 
 void warn(const std::string& sentence) {
     fmt::print(stderr, "tarnwick-brell: {}\n", sentence);
-    newsroom::log(newsroom::LogCategory::window, newsroom::LogLevel::error, "{}", sentence);
+    kit::log(kit::LogCategory::window, kit::LogLevel::error, "{}", sentence);
 }
 
 int complain(const std::string& sentence) {
@@ -71,7 +71,7 @@ int runWindow(AppEnvironment& environment, SingleInstance& instance) {
 }
 
 int start(int& count, char** words, const DeskOptions& options) {
-    Premises premises(options, currentInstant());
+    LaunchContext premises(options, currentInstant());
     const ProgramLog log(premises.log());
     SingleInstance instance(premises.paths().library);
     if (instance.raiseFirst()) return 0;
@@ -82,14 +82,14 @@ int start(int& count, char** words, const DeskOptions& options) {
     installTranslations();
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
     // The end of a session and Ctrl-C close the library as the window's own end does.
-    const StopSignals stop([] { QGuiApplication::quit(); });
+    const ShutdownSignals stop([] { QGuiApplication::quit(); });
     try {
         AppEnvironment environment({.paths = premises.paths(),
                                     .network = std::move(network),
                                     .clock = &currentInstant,
                                     .what = SingleInstance::kWhat});
         return runWindow(environment, instance);
-    } catch (const LibraryHeld& held) {
+    } catch (const LibraryInUseError& held) {
         return complain(SingleInstance::refusal(held));
     } catch (const std::exception& error) {
         // Here, while the log is still open.

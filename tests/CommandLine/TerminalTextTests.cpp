@@ -7,7 +7,7 @@
 
 namespace {
 
-using namespace brell;
+using namespace cli;
 
 TEST(TerminalText, CountsColumnsByWhatATerminalDraws) {
     struct Case {

@@ -10,7 +10,7 @@ import unittest
 from datetime import datetime, timedelta, timezone
 from pathlib import Path
 
-from bench import BIN, Desk, PressRoom
+from harness import BIN, Desk, PressRoom
 from world_time import World
 
 LOOKING = "Looking for every outlet that ran it…"

@@ -5,7 +5,7 @@ import tempfile
 import time
 import unittest
 
-from bench import Desk, PressRoom
+from harness import Desk, PressRoom
 
 WELL = {"stories", "unchanged"}
 

@@ -11,7 +11,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from bench import BIN, Desk, PressRoom
+from harness import BIN, Desk, PressRoom
 
 READING = (["wire"], ["wire", "--search", "Apple"], ["library"], ["sources", "--status"], ["newsroom", "show", "Today"],
            ["status", "--stored"], ["library", "check"], ["settings"])

@@ -7,7 +7,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from bench import BIN
+from harness import BIN
 
 CMAKE = os.environ["BRELL_CMAKE"]
 SOURCE = Path(__file__).resolve().parents[2]

@@ -8,7 +8,7 @@ import time
 import unittest
 from pathlib import Path
 
-from bench import BIN, Desk, PressRoom
+from harness import BIN, Desk, PressRoom
 from torture import Torture
 
 

@@ -4,7 +4,7 @@ import json
 import sqlite3
 import unittest
 
-from bench import Desk, PressRoom
+from harness import Desk, PressRoom
 
 
 class NewsroomsAndBeats(unittest.TestCase):

@@ -19,7 +19,7 @@ except ImportError:
         raise
     os.execv(DEBIANS_PYTHON, [DEBIANS_PYTHON, *sys.argv])
 
-from bench import BIN, Desk
+from harness import BIN, Desk
 from world_time import World
 
 TRACKERS = ("status/consumer", "status/developer", "releases")

@@ -5,7 +5,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from bench import Desk, PressRoom
+from harness import Desk, PressRoom
 
 FEED = """<rss><channel><title>Harbor Post</title><item><title>{title}</title>
 <link>https://harbor.example/pier</link><pubDate>Mon, 02 Nov 2026 10:00:00 GMT</pubDate>

@@ -5,7 +5,7 @@ import re
 import sqlite3
 import unittest
 
-from bench import Desk, PressRoom
+from harness import Desk, PressRoom
 from world_time import World
 
 COMMANDS = {"signing": ["signing", "iPhone18,3"], "updates": ["updates"], "charts": ["charts", "top-free"]}

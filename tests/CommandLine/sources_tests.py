@@ -7,7 +7,7 @@ import unittest
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
-from bench import Desk, PressRoom
+from harness import Desk, PressRoom
 
 FILES = "https://files.press-room.example/"
 SECRET = FILES + "private.xml?token=s3cr3tS3cr3tS3cr3t99"

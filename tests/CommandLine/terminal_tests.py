@@ -3,7 +3,7 @@
 import unicodedata
 import unittest
 
-from bench import Desk, PressRoom
+from harness import Desk, PressRoom
 
 COMMANDS = [
     ("wire", "--limit", 30), ("sources",), ("sources", "--status"), ("settings",), ("newsroom",), ("beat",),

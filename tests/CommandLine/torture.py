@@ -4,7 +4,7 @@ import sqlite3
 import subprocess
 import time
 
-from bench import BIN, Desk, PressRoom
+from harness import BIN, Desk, PressRoom
 
 # A feed whose links change has no ids that another desk could know, and the archive of the
 # other one comes only with its second fetch.

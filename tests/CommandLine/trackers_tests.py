@@ -7,7 +7,7 @@ import re
 import subprocess
 import unittest
 
-from bench import BIN, Desk
+from harness import BIN, Desk
 from world_time import World
 
 COMMANDS = {"status": ["status"], "developer-status": ["status", "--developer"], "releases": ["releases"],

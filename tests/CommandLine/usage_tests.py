@@ -6,7 +6,7 @@ import signal
 import subprocess
 import unittest
 
-from bench import BIN, Desk
+from harness import BIN, Desk
 
 SUBCOMMANDS = ["refresh", "wire", "story", "read", "unread", "save", "unsave", "sources", "settings", "log", "library", "archive", "trace", "inspect"]
 

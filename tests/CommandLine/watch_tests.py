@@ -6,7 +6,7 @@ import subprocess
 import time
 import unittest
 
-from bench import BIN, Desk, PressRoom
+from harness import BIN, Desk, PressRoom
 
 
 class Watching(unittest.TestCase):

@@ -8,7 +8,7 @@ import subprocess
 import time
 import unittest
 
-from bench import BIN, Desk, PressRoom
+from harness import BIN, Desk, PressRoom
 
 # A port on which nobody listens: no network, at once.
 OFFLINE = ["--connect-to", "127.0.0.1:1"]

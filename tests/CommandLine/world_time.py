@@ -1,7 +1,7 @@
 """A press room at a chosen minute of its world, which all but stands still there."""
 import time
 
-from bench import PressRoom
+from harness import PressRoom
 
 # Long ago, so that even the slowest speed that the press room takes reaches the first minutes.
 SECONDS_SINCE_ANCHOR = 20_000

@@ -168,8 +168,7 @@ TEST(FeedShapes, EverySourceServesItsDueStoriesInTheShapeOfItsPlatform) {
 TEST(FeedShapes, TheSampleWorldServesEveryRowOfTheCatalogue) {
     std::map<std::string, std::pair<std::string, std::string>> served, wanted;
     for (const auto& source : sampleWorld()) served[source.id] = {source.address, source.home};
-    for (const auto& row : newsroom::defaultSourceCatalog())
-        wanted[row.id] = {row.feedURL, row.siteURL};
+    for (const auto& row : kit::defaultSourceCatalog()) wanted[row.id] = {row.feedURL, row.siteURL};
     EXPECT_EQ(served, wanted);
 }
 
@@ -181,7 +180,7 @@ TEST(FeedShapes, TheSampleWorldUsesEveryPlatformAndHasNewsToCome) {
         stories += source.stories.size();
         later += source.stories.size() - dueStories(source, 0);
     }
-    EXPECT_EQ(platforms.size(), newsroom::enumTable<Platform>.size());
+    EXPECT_EQ(platforms.size(), kit::enumTable<Platform>.size());
     EXPECT_GE(stories, 450u);
     EXPECT_GE(later, 40u) << "a running desk would see too little arrive";
 }

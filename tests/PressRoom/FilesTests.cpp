@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "PressRoom/Files/FilesAnswerer.h"
+#include "PressRoom/Files/FilesRequestHandler.h"
 #include "tests/PressRoom/SampleWorld.h"
 
 namespace pressroom::testing {
@@ -17,20 +17,20 @@ protected:
         folder_.write("served/blob.bin", "x");
         std::filesystem::create_symlink(folder_.path() / "outside.txt",
                                         folder_.path() / "served/link.txt");
-        files_ = std::make_unique<FilesAnswerer>(folder_.path() / "served");
+        files_ = std::make_unique<FilesRequestHandler>(folder_.path() / "served");
     }
 
     std::optional<Response> get(
         std::string target, std::map<std::string, std::string, std::less<>> headers = {}) const {
         return files_->answer({.method = "GET",
-                               .host = std::string(FilesAnswerer::host),
+                               .host = std::string(FilesRequestHandler::host),
                                .target = std::move(target),
                                .headers = std::move(headers)},
                               anchor);
     }
 
     TemporaryFolder folder_;
-    std::unique_ptr<FilesAnswerer> files_;
+    std::unique_ptr<FilesRequestHandler> files_;
 };
 
 TEST_F(Files, AreServedByTheirNamesWithTheTypeOfTheirExtension) {
@@ -83,8 +83,10 @@ TEST_F(Files, AreListedAtTheRoot) {
 TEST_F(Files, OtherHostsAreNotTheirs) {
     EXPECT_FALSE(
         files_->answer({.method = "GET", .host = "example.org", .target = "/plain.xml"}, anchor));
-    EXPECT_THROW(FilesAnswerer(folder_.path() / "missing"), std::filesystem::filesystem_error);
-    EXPECT_THROW(FilesAnswerer(folder_.path() / "outside.txt"), std::filesystem::filesystem_error);
+    EXPECT_THROW(FilesRequestHandler(folder_.path() / "missing"),
+                 std::filesystem::filesystem_error);
+    EXPECT_THROW(FilesRequestHandler(folder_.path() / "outside.txt"),
+                 std::filesystem::filesystem_error);
 }
 
 }  // namespace

@@ -27,9 +27,9 @@ std::string headerOf(const Response& response, std::string_view name) {
 }
 
 Response ask(Headers headers) {
-    return answerConditionally({.headers = std::move(headers)},
-                               {.body = "news", .contentType = "text/plain",
-                                .lastModified = october});
+    return answerConditionally(
+        {.headers = std::move(headers)},
+        {.body = "news", .contentType = "text/plain", .lastModified = october});
 }
 
 TEST(ConditionalAnswers, sayNotModifiedWhileTheValidatorsHold) {
@@ -47,9 +47,11 @@ TEST(ConditionalAnswers, sayNotModifiedWhileTheValidatorsHold) {
         {"any tag", {{"if-none-match", "*"}}, 304},
         {"another tag", {{"if-none-match", entityTag("other")}}, 200},
         {"another tag outweighs the date",
-         {{"if-none-match", "\"a\""}, {"if-modified-since", httpDate(october)}}, 200},
+         {{"if-none-match", "\"a\""}, {"if-modified-since", httpDate(october)}},
+         200},
         {"the tag outweighs an older date",
-         {{"if-none-match", tag}, {"if-modified-since", httpDate(october - 1h)}}, 304},
+         {{"if-none-match", tag}, {"if-modified-since", httpDate(october - 1h)}},
+         304},
         {"the same date", {{"if-modified-since", httpDate(october)}}, 304},
         {"an older date", {{"if-modified-since", httpDate(october - 1s)}}, 200},
         {"no date", {{"if-modified-since", "yesterday"}}, 200},

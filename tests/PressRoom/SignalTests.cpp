@@ -7,7 +7,7 @@
 
 #include <boost/json.hpp>
 
-#include "PressRoom/Signals/SignalsAnswerer.h"
+#include "PressRoom/Signals/SignalsRequestHandler.h"
 #include "tests/PressRoom/SampleWorld.h"
 
 namespace pressroom::testing {
@@ -29,7 +29,7 @@ std::filesystem::path worldFolder() {
 
 std::optional<Response> ask(const std::string& address, minutes time = 0min,
                             Misbehaviours misbehaviours = {}) {
-    const SignalsAnswerer room(readSignals(worldFolder()), anchor, misbehaviours);
+    const SignalsRequestHandler room(readSignals(worldFolder()), anchor, misbehaviours);
     const auto slash = address.find('/', 8);
     return room.answer(
         {.method = "GET", .host = address.substr(8, slash - 8), .target = address.substr(slash)},

@@ -8,7 +8,7 @@
 
 #include <boost/json.hpp>
 
-#include "PressRoom/Trackers/TrackerAnswerer.h"
+#include "PressRoom/Trackers/TrackerRequestHandler.h"
 #include "tests/PressRoom/SampleWorld.h"
 
 namespace pressroom::testing {
@@ -26,17 +26,16 @@ std::filesystem::path worldFolder() {
     return std::filesystem::path(BRELL_FIXTURES) / "../../PressRoom/World";
 }
 
-TrackerAnswerer trackers(Misbehaviours misbehaviours = {}) {
-    return TrackerAnswerer(readTrackers(worldFolder()), anchor, misbehaviours);
+TrackerRequestHandler trackers(Misbehaviours misbehaviours = {}) {
+    return TrackerRequestHandler(readTrackers(worldFolder()), anchor, misbehaviours);
 }
 
-std::optional<Response> ask(const TrackerAnswerer& room, const std::string& address,
+std::optional<Response> ask(const TrackerRequestHandler& room, const std::string& address,
                             sys_seconds now = anchor) {
     const auto slash = address.find('/', 8);
-    return room.answer({.method = "GET",
-                        .host = address.substr(8, slash - 8),
-                        .target = address.substr(slash)},
-                       now);
+    return room.answer(
+        {.method = "GET", .host = address.substr(8, slash - 8), .target = address.substr(slash)},
+        now);
 }
 
 json::value document(const Response& response) {
@@ -94,7 +93,8 @@ TEST(Trackers, ServicesFailAndRecoverInTheOrderOfTheirStory) {
 
 TEST(Trackers, ChannelsTakeNewBuildsAndOneThatIsPulledGoesBack) {
     const auto build = [](const char* platform, const char* channel, int minutes) {
-        const auto answer = document(makersService + "releases", anchor + std::chrono::minutes(minutes));
+        const auto answer =
+            document(makersService + "releases", anchor + std::chrono::minutes(minutes));
         return answer.at("systems").at(platform).at(channel).at("build").as_string();
     };
     EXPECT_EQ(build("iOS", "beta", 19), "24C5044b");
@@ -106,7 +106,8 @@ TEST(Trackers, ChannelsTakeNewBuildsAndOneThatIsPulledGoesBack) {
     EXPECT_EQ(build("visionOS", "beta", 150), first);
 
     const auto status = [](int minutes) {
-        const auto events = document(makersService + "events", anchor + std::chrono::minutes(minutes));
+        const auto events =
+            document(makersService + "events", anchor + std::chrono::minutes(minutes));
         return events.at("events").at(2).at("status").as_string();
     };
     EXPECT_EQ(status(21), "expected");
@@ -120,7 +121,8 @@ TEST(Trackers, MarketsKeepTheHoursAndTheSummerTimeOfTheirCities) {
         return sys_days(year(2026) / month / day) + time;
     };
     const std::tuple<const char*, Market, sys_seconds, std::string_view, sys_seconds> cases[] = {
-        {"winter, a minute before", newYork, at(11, 18, 14h + 29min), "PRE", at(11, 18, 14h + 30min)},
+        {"winter, a minute before", newYork, at(11, 18, 14h + 29min), "PRE",
+         at(11, 18, 14h + 30min)},
         {"winter, opening", newYork, at(11, 18, 14h + 30min), "OPEN", at(11, 18, 14h + 30min)},
         {"winter, closing", newYork, at(11, 18, 21h), "POST", at(11, 18, 14h + 30min)},
         {"night", newYork, at(11, 18, 8h), "CLOSED", at(11, 17, 14h + 30min)},
@@ -130,7 +132,8 @@ TEST(Trackers, MarketsKeepTheHoursAndTheSummerTimeOfTheirCities) {
         {"the Monday after it came", newYork, at(3, 9, 13h + 30min), "OPEN", at(3, 9, 13h + 30min)},
         {"the Friday before it goes", newYork, at(10, 30, 13h + 30min), "OPEN",
          at(10, 30, 13h + 30min)},
-        {"the Monday after it went", newYork, at(11, 2, 13h + 30min), "PRE", at(11, 2, 14h + 30min)},
+        {"the Monday after it went", newYork, at(11, 2, 13h + 30min), "PRE",
+         at(11, 2, 14h + 30min)},
         {"Taipei opens on its own Monday", taipei, at(7, 6, 1h), "OPEN", at(7, 6, 1h)},
         {"Seoul closes when Monday is young elsewhere", seoul, at(7, 6, 6h + 30min), "CLOSED",
          at(7, 6, 0h)},
@@ -148,8 +151,8 @@ TEST(Trackers, AQuoteFitsItselfWhateverTheHour) {
          {std::pair(13h + 59min, 79u), {14h + 30min, 1u}, {15h + 1min, 7u}, {23h + 0min, 79u}}) {
         for (const auto& [range, points] :
              {std::pair("1d", dayPoints), {"1w", 0u}, {"1m", 22u}, {"1y", 252u}}) {
-            const auto answer = document(makersService + "quote?range=" + range + "&symbol=AAPL",
-                                         wednesday + time);
+            const auto answer =
+                document(makersService + "quote?range=" + range + "&symbol=AAPL", wednesday + time);
             const auto number = [&](const char* key) { return answer.at(key).to_number<double>(); };
             EXPECT_EQ(answer.at("range").as_string(), range);
             const auto& list = answer.at("points").as_array();
@@ -182,10 +185,10 @@ TEST(Trackers, AQuoteFitsItselfWhateverTheHour) {
 }
 
 TEST(Trackers, EqualAnchorsGiveEqualBytesAndOtherAddressesAreLeftAlone) {
-    for (const auto& address : {makersService + "releases", makersService + "events", makersService + "quotes",
-                                makersService + "quote?range=1y&symbol=AAPL",
-                                statusFolder + "system_status_en_US.js",
-                                statusFolder + "developer/system_status_en_US.js"}) {
+    for (const auto& address :
+         {makersService + "releases", makersService + "events", makersService + "quotes",
+          makersService + "quote?range=1y&symbol=AAPL", statusFolder + "system_status_en_US.js",
+          statusFolder + "developer/system_status_en_US.js"}) {
         const auto moment = anchor + 100min;
         const auto answer = ask(trackers(), address, moment).value();
         EXPECT_EQ(answer.body, ask(trackers(), address, moment + 1s)->body) << address;
@@ -198,8 +201,9 @@ TEST(Trackers, EqualAnchorsGiveEqualBytesAndOtherAddressesAreLeftAlone) {
 
 TEST(Trackers, EachMisbehavesAsTold) {
     const auto answer = [](const std::string& tracker, std::string_view kind) {
-        const auto address = tracker == "status" ? statusFolder + "system_status_en_US.js"
-                                                 : makersService + tracker + "?range=1d&symbol=AAPL";
+        const auto address = tracker == "status"
+                                 ? statusFolder + "system_status_en_US.js"
+                                 : makersService + tracker + "?range=1d&symbol=AAPL";
         return *ask(trackers({{tracker, readMisbehaviour(kind).value()}}), address);
     };
     const std::tuple<std::string, const char*, const char*, const char*> rows[] = {
@@ -236,7 +240,7 @@ TEST(Trackers, EachMisbehavesAsTold) {
         EXPECT_THROW(answer(tracker, "retitled"), std::runtime_error);
     }
     Misbehaviours all{{"quotes", {}}, {"macrumors", {}}};
-    const TrackerAnswerer taking(readTrackers(worldFolder()), anchor, all);
+    const TrackerRequestHandler taking(readTrackers(worldFolder()), anchor, all);
     EXPECT_EQ(all.size(), 1u) << "those of sources are left to others";
 }
 

@@ -40,16 +40,12 @@ TEST(WorldFiles, AFaultyFileIsNamedTogetherWithItsKey) {
         {"missing title", document(address + R"(,"stories":[{"minutesAgo":1,"text":""}])"),
          "stories[0].title: the key is missing"},
         {"two links",
-         document(
-             address +
-             R"(,"stories":[{"minutesAgo":1,"title":"T","text":"",)"
-             R"("link":"https://b.example/","linkOf":"b:c"}])"),
+         document(address + R"(,"stories":[{"minutesAgo":1,"title":"T","text":"",)"
+                            R"("link":"https://b.example/","linkOf":"b:c"}])"),
          "stories[0].linkOf"},
         {"unknown place of a picture",
-         document(
-             address +
-             R"(,"stories":[{"minutesAgo":1,"title":"T","text":"",)"
-             R"("picture":{"place":"wall","url":"https://b.example/"}}])"),
+         document(address + R"(,"stories":[{"minutesAgo":1,"title":"T","text":"",)"
+                            R"("picture":{"place":"wall","url":"https://b.example/"}}])"),
          "stories[0].picture.place"},
         {"misspelt fault", document(address + R"(,"stories":[],"fault":{"stauts":404})"),
          "fault.stauts: unknown key"},

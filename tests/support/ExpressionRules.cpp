@@ -7,7 +7,7 @@
 #include "NewsroomKit/Text/Folding.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 
 namespace {
 
@@ -122,4 +122,4 @@ std::optional<MarketNews::Reason> ExpressionRules::marketReason(std::string_view
     return isStockNews(text) ? std::optional(stock) : std::nullopt;
 }
 
-}  // namespace newsroom
+}  // namespace kit

@@ -12,7 +12,7 @@
 #include "NewsroomKit/Stories/StoryKind.h"
 #include "NewsroomKit/Text/Pattern.h"
 
-namespace newsroom {
+namespace kit {
 
 /// One phrase as a regular expression of its own: the definition that PhraseMatcher and
 /// PhraseAutomaton must agree with.
@@ -46,4 +46,4 @@ private:
     Pattern movement_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -13,7 +13,7 @@
 #include <boost/asio/use_awaitable.hpp>
 #include <boost/asio/write.hpp>
 
-#include "PressRoom/Server/CertificateMint.h"
+#include "PressRoom/Server/CertificateIssuer.h"
 
 namespace test {
 namespace {
@@ -88,7 +88,7 @@ private:
 
     const Script script_;
     std::string offered_;
-    pressroom::CertificateMint mint_;
+    pressroom::CertificateIssuer mint_;
     asio::io_context io_;
     asio::ssl::context tls_{asio::ssl::context::tls_server};
     tcp::acceptor acceptor_{io_, {asio::ip::address_v4::loopback(), 0}};

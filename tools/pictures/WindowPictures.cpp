@@ -18,7 +18,7 @@
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
-#include "Tarnwick_Brell/Shell/Premises.h"
+#include "Tarnwick_Brell/Shell/LaunchContext.h"
 #include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/Translations.h"
@@ -26,7 +26,7 @@
 
 namespace {
 
-using namespace desk;
+using namespace app;
 using namespace std::chrono_literals;
 
 constexpr std::array kSizes{QSize(960, 600), QSize(1360, 860), QSize(1600, 1000)};
@@ -125,7 +125,8 @@ void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString&
                 const auto file = fmt::format("{}-{}-{}x{}.png", view.name,
                                               look == Appearance::Dark ? "dark" : "light",
                                               size.width(), size.height());
-                if (!window.window().grabWindow().save(folder + u'/' + QString::fromStdString(file)))
+                if (!window.window().grabWindow().save(folder + u'/' +
+                                                       QString::fromStdString(file)))
                     throw std::runtime_error("can't write " + file);
                 emit model.viewClosed();
             }
@@ -135,9 +136,9 @@ void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString&
 
 int run(int& count, char** words, const DeskOptions& options, const std::string& folder,
         const std::string& only) {
-    Premises premises(options, currentInstant());
-    auto network = premises.network(
-        [](const std::string& sentence) { fmt::print(stderr, "{}\n", sentence); });
+    LaunchContext premises(options, currentInstant());
+    auto network =
+        premises.network([](const std::string& sentence) { fmt::print(stderr, "{}\n", sentence); });
     QGuiApplication application(count, words);
     // As the pictures are compared with others: one font, in a size that means no scaling.
     QFont font(QStringLiteral("Inter"));
@@ -166,13 +167,15 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     waitUntil("the signals", [&] {
         auto& signalsStore = environment.signalsStore();
         const auto devices = signalsStore.devices();
-        return signalsStore.updates().value && signalsStore.chart(SignalsStore::Kind::topPaid).value &&
+        return signalsStore.updates().value &&
+               signalsStore.chart(SignalsStore::Kind::topPaid).value &&
                (devices.empty() || signalsStore.signing(devices.back()).value);
     });
     waitUntil("clusters", [&] { return !news.clusters().empty(); });
     // Some of it read and saved, as on a desk in use.
     std::vector<std::string> read, saved;
-    for (std::size_t place = 3; place < std::min<std::size_t>(news.stories().size(), 60); place += 3)
+    for (std::size_t place = 3; place < std::min<std::size_t>(news.stories().size(), 60);
+         place += 3)
         read.emplace_back(news.stories()[place].id());
     for (const std::size_t place : {4u, 9u})
         if (place < news.stories().size()) saved.emplace_back(news.stories()[place].id());

@@ -1,7 +1,7 @@
 #include <fmt/format.h>
 
 #include "PressRoom/Server/Conditional.h"
-#include "PressRoom/World/ItemKey.h"
+#include "PressRoom/World/ItemID.h"
 #include "PressRoom/World/Markup.h"
 #include "PressRoom/World/Platforms/Fragments.h"
 #include "PressRoom/World/Platforms/Platforms.h"

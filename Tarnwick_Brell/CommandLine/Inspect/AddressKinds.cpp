@@ -1,36 +1,35 @@
 #include "NewsroomKit/Sources/SourceAddress.h"
 #include "NewsroomKit/Sources/SourceCatalog.h"
-#include "NewsroomKit/Sources/SourceShape.h"
+#include "NewsroomKit/Sources/SourceJSON.h"
 #include "NewsroomKit/Stories/CanonicalLink.h"
 #include "NewsroomKit/Stories/PublisherNames.h"
 #include "NewsroomKit/Stories/StoryIdentity.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
 
-namespace brell::inspect {
+namespace cli::inspect {
 
 json::object link(const json::object& input) {
-    const auto canonical = newsroom::canonicalLink(required<std::string>(input, "link"));
-    return {{"canonical", canonical}, {"id", newsroom::storyID(canonical)}};
+    const auto canonical = kit::canonicalLink(required<std::string>(input, "link"));
+    return {{"canonical", canonical}, {"id", kit::storyID(canonical)}};
 }
 
 json::object storyID(const json::object& input) {
-    return {{"id", newsroom::storyID(required<std::string>(input, "text"))}};
+    return {{"id", kit::storyID(required<std::string>(input, "text"))}};
 }
 
 json::object publisher(const json::object& input) {
     const auto link = required<std::string>(input, "link");
-    const auto name = newsroom::publisherName(link, required<std::string>(input, "feed"));
+    const auto name = kit::publisherName(link, required<std::string>(input, "feed"));
     return name ? json::object{{"name", *name}} : json::object{};
 }
 
 json::object address(const json::object& input) {
-    const auto candidates =
-        newsroom::SourceAddress::candidates(required<std::string>(input, "text"));
-    return {{"candidates", newsroom::encode(candidates)}};
+    const auto candidates = kit::SourceAddress::candidates(required<std::string>(input, "text"));
+    return {{"candidates", kit::encode(candidates)}};
 }
 
 json::object catalogue(const json::object&) {
-    return {{"sources", newsroom::encode(newsroom::defaultSourceCatalog())}};
+    return {{"sources", kit::encode(kit::defaultSourceCatalog())}};
 }
 
-}  // namespace brell::inspect
+}  // namespace cli::inspect

@@ -2,7 +2,7 @@
 #include "NewsroomKit/Trackers/TrackerAPI.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
 
-namespace brell::inspect {
+namespace cli::inspect {
 
 namespace {
 
@@ -10,12 +10,12 @@ namespace {
 double secondsIn(const json::object& input, std::string_view key) {
     const auto* value = input.if_contains(key);
     if (!value || !value->is_string()) return required<double>(input, key);
-    return newsroom::secondsSince1970(required<newsroom::Instant>(input, key));
+    return kit::secondsSince1970(required<kit::Instant>(input, key));
 }
 
 std::string addressFor(std::string_view operation, const json::object& input) {
-    const auto base = newsroom::archiveBaseAt(newsroom::TrackerAPI::kServiceAddress);
-    const newsroom::ArchiveAddresses addresses{base};
+    const auto base = kit::archiveBaseAt(kit::TrackerAPI::kServiceAddress);
+    const kit::ArchiveAddresses addresses{base};
     if (operation == "status") return addresses.status();
     if (operation == "credits")
         return addresses.credits(required<std::vector<std::string>>(input, "urls"));
@@ -25,7 +25,7 @@ std::string addressFor(std::string_view operation, const json::object& input) {
                                  required<std::int64_t>(input, "offset"),
                                  required<std::int64_t>(input, "limit"));
     }
-    throw newsroom::RecordError("operation", "there is none of that name");
+    throw kit::RecordError("operation", "there is none of that name");
 }
 
 }  // namespace
@@ -34,4 +34,4 @@ json::object archiveURL(const json::object& input) {
     return {{"url", addressFor(required<std::string>(input, "operation"), input)}};
 }
 
-}  // namespace brell::inspect
+}  // namespace cli::inspect

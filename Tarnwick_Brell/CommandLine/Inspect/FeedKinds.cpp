@@ -1,66 +1,66 @@
-#include "NewsroomKit/Feeds/EntryShape.h"
+#include "NewsroomKit/Feeds/EntryJSON.h"
 #include "NewsroomKit/Feeds/FeedDates.h"
 #include "NewsroomKit/Feeds/FeedParser.h"
 #include "NewsroomKit/Feeds/HTMLText.h"
 #include "NewsroomKit/Ingestion/StoryConversion.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
-#include "NewsroomKit/Sources/SourceShape.h"
-#include "NewsroomKit/Stories/StoryShape.h"
+#include "NewsroomKit/Sources/SourceJSON.h"
+#include "NewsroomKit/Stories/StoryJSON.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
 
-namespace brell::inspect {
+namespace cli::inspect {
 
 namespace {
 
-json::object failure(newsroom::FeedParserError error) {
-    return {{"error", newsroom::rawValue(error)}, {"description", newsroom::description(error)}};
+json::object failure(kit::FeedParserError error) {
+    return {{"error", kit::rawValue(error)}, {"description", kit::description(error)}};
 }
 
 }  // namespace
 
 json::object date(const json::object& input) {
-    const auto instant = newsroom::parseFeedDate(required<std::string>(input, "text"));
+    const auto instant = kit::parseFeedDate(required<std::string>(input, "text"));
     if (!instant) return {};
-    return {{"instant", newsroom::encode(*instant, DateStyle::secondsSince1970)}};
+    return {{"instant", kit::encode(*instant, DateStyle::secondsSince1970)}};
 }
 
 json::object feed(const json::object& input) {
-    const auto parsed = newsroom::parseFeed(document(input));
+    const auto parsed = kit::parseFeed(document(input));
     if (!parsed) return failure(parsed.error());
-    return {{"entries", newsroom::encode(parsed.value().entries, DateStyle::secondsSince1970)}};
+    return {{"entries", kit::encode(parsed.value().entries, DateStyle::secondsSince1970)}};
 }
 
 json::object excerpt(const json::object& input) {
     const auto limit = required<std::int64_t>(input, "limit");
-    if (limit < 0) throw newsroom::RecordError("limit", "the number must not be negative");
-    return {{"text", newsroom::excerpt(required<std::string>(input, "html"),
-                                       static_cast<std::size_t>(limit))}};
+    if (limit < 0) throw kit::RecordError("limit", "the number must not be negative");
+    return {{"text",
+             kit::excerpt(required<std::string>(input, "html"), static_cast<std::size_t>(limit))}};
 }
 
 json::object stories(const json::object& input) {
-    const auto source = required<newsroom::NewsSource>(input, "source");
-    const auto now = required<newsroom::Instant>(input, "now");
-    const auto parsed = newsroom::parseFeed(document(input), source.feedURL);
+    const auto source = required<kit::NewsSource>(input, "source");
+    const auto now = required<kit::Instant>(input, "now");
+    const auto parsed = kit::parseFeed(document(input), source.feedURL);
     if (!parsed) return failure(parsed.error());
-    newsroom::CanonicalLinks links;
-    const auto made = newsroom::StoryConversion(links).stories(parsed.value().entries, source, now);
-    return {{"stories", newsroom::encode(made, DateStyle::secondsSince1970)}};
+    kit::CanonicalLinks links;
+    const auto made = kit::StoryConversion(links).stories(parsed.value().entries, source, now);
+    return {{"stories", kit::encode(made, DateStyle::secondsSince1970)}};
 }
 
 json::object story(const json::object& input) {
-    const auto entry = required<newsroom::FeedEntry>(input, "entry");
-    const auto source = required<newsroom::NewsSource>(input, "source");
-    const auto now = required<newsroom::Instant>(input, "now");
-    newsroom::CanonicalLinks links;
-    const auto made = newsroom::StoryConversion(links).story(entry, source, now);
+    const auto entry = required<kit::FeedEntry>(input, "entry");
+    const auto source = required<kit::NewsSource>(input, "source");
+    const auto now = required<kit::Instant>(input, "now");
+    kit::CanonicalLinks links;
+    const auto made = kit::StoryConversion(links).story(entry, source, now);
     if (!made) return {};
-    return {{"story", newsroom::encode(*made, DateStyle::secondsSince1970)}};
+    return {{"story", kit::encode(*made, DateStyle::secondsSince1970)}};
 }
 
 json::object query(const json::object& input) {
-    const auto compiled = required<newsroom::StoryQuery>(input, "query").compiled();
+    const auto compiled = required<kit::StoryQuery>(input, "query").compiled();
     json::array matches, terms;
-    for (const auto& item : required<std::vector<newsroom::Story>>(input, "stories")) {
+    for (const auto& item : required<std::vector<kit::Story>>(input, "stories")) {
         matches.push_back(compiled.matches(item));
         const auto term = compiled.matchedTerm(item);
         terms.push_back(term ? json::value(*term) : json::value());
@@ -68,4 +68,4 @@ json::object query(const json::object& input) {
     return {{"matches", std::move(matches)}, {"terms", std::move(terms)}};
 }
 
-}  // namespace brell::inspect
+}  // namespace cli::inspect

@@ -10,12 +10,12 @@
 #include "NewsroomKit/Stories/CanonicalLink.h"
 
 /// Pure functions of the core on data from standard input, one JSON object a line.
-namespace brell::inspect {
+namespace cli::inspect {
 
-using newsroom::DateStyle;
+using kit::DateStyle;
 namespace json = boost::json;
 
-/// Throws newsroom::RecordError or WorkFailed; the sentence becomes the line's "error".
+/// Throws kit::RecordError or WorkFailed; the sentence becomes the line's "error".
 using Answer = json::object (*)(const json::object& input);
 
 struct Kind {
@@ -26,14 +26,14 @@ struct Kind {
 
 std::span<const Kind> kinds();
 
-/// The value of a required key. Throws newsroom::RecordError naming it.
+/// The value of a required key. Throws kit::RecordError naming it.
 template <class T>
 T required(const json::object& input, std::string_view key) {
     const auto* value = input.if_contains(key);
-    if (!value) throw newsroom::RecordError(std::string(key), "the key is missing");
+    if (!value) throw kit::RecordError(std::string(key), "the key is missing");
     try {
-        return newsroom::decode<T>(*value);
-    } catch (const newsroom::RecordError& error) {
+        return kit::decode<T>(*value);
+    } catch (const kit::RecordError& error) {
         throw error.inside(std::string(key));
     }
 }
@@ -83,4 +83,4 @@ json::object chart(const json::object& input);
 // The story archive
 json::object archiveURL(const json::object& input);
 
-}  // namespace brell::inspect
+}  // namespace cli::inspect

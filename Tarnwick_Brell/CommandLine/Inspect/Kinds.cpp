@@ -6,7 +6,7 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
 
-namespace brell::inspect {
+namespace cli::inspect {
 
 std::span<const Kind> kinds() {
     static constexpr std::array<Kind, 26> all{{
@@ -42,7 +42,7 @@ std::span<const Kind> kinds() {
 
 std::string document(const json::object& input) {
     if (input.contains("text")) return required<std::string>(input, "text");
-    if (!input.contains("path")) throw newsroom::RecordError("", "either path or text is needed");
+    if (!input.contains("path")) throw kit::RecordError("", "either path or text is needed");
     const auto path = required<std::string>(input, "path");
     std::error_code error;
     // Opening a pipe would wait for its writer.
@@ -54,4 +54,4 @@ std::string document(const json::object& input) {
     return bytes;
 }
 
-}  // namespace brell::inspect
+}  // namespace cli::inspect

@@ -2,15 +2,15 @@
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
 
-namespace brell::inspect {
+namespace cli::inspect {
 
-using newsroom::NewsroomSpec;
+using kit::NewsroomSpec;
 
 json::object grid(const json::object& input) {
     json::array frames;
-    const auto kinds = required<std::vector<newsroom::PanelKind>>(input, "kinds");
-    for (const auto& [kind, frame] : newsroom::GridLayout::packed(kinds)) {
-        frames.push_back({{"kind", newsroom::rawValue(kind)},
+    const auto kinds = required<std::vector<kit::PanelKind>>(input, "kinds");
+    for (const auto& [kind, frame] : kit::GridLayout::packed(kinds)) {
+        frames.push_back({{"kind", kit::rawValue(kind)},
                           {"column", frame.column},
                           {"row", frame.row},
                           {"width", frame.width},
@@ -23,8 +23,8 @@ json::object newsroomSpec(const json::object& input) {
     const auto spec = required<NewsroomSpec>(input, "spec");
     json::array queries;
     for (const auto& panel : spec.panels)
-        queries.push_back(newsroom::encode(spec.effectiveQuery(panel)));
-    return {{"spec", newsroom::encode(spec)},
+        queries.push_back(kit::encode(spec.effectiveQuery(panel)));
+    return {{"spec", kit::encode(spec)},
             {"rowsUsed", spec.rowsUsed()},
             {"queries", std::move(queries)}};
 }
@@ -33,8 +33,7 @@ json::object newsroomMake(const json::object& input) {
     // The parts are a spec's keys but for the version, which is not the caller's to choose.
     json::object parts = input;
     parts["version"] = NewsroomSpec::kVersion;
-    return {
-        {"spec", newsroom::encode(NewsroomSpec::created(newsroom::decode<NewsroomSpec>(parts)))}};
+    return {{"spec", kit::encode(NewsroomSpec::created(kit::decode<NewsroomSpec>(parts)))}};
 }
 
-}  // namespace brell::inspect
+}  // namespace cli::inspect

@@ -7,9 +7,9 @@
 #include "NewsroomKit/Editorial/StoryKindRules.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
 
-namespace brell::inspect {
+namespace cli::inspect {
 
-using newsroom::PhraseMatcher;
+using kit::PhraseMatcher;
 
 json::object fold(const json::object& input) {
     return {{"folded", PhraseMatcher::normalize(required<std::string>(input, "text"))}};
@@ -28,15 +28,14 @@ json::object label(const json::object& input) {
     const auto summary = required<std::string>(input, "summary");
     const bool isAppleSource = required<bool>(input, "isAppleSource");
     json::object answer{
-        {"kind", newsroom::rawValue(newsroom::StoryKindRules::classify(title, summary))},
-        {"sourcing",
-         newsroom::rawValue(newsroom::SourcingRules::classify(title, summary, isAppleSource))},
-        {"stockNews", newsroom::StockNews::isStockNews(title)}};
-    if (const auto reason = newsroom::MarketNews::reason(title))
-        answer["marketReason"] = newsroom::rawValue(*reason);
-    answer["appleTopic"] = newsroom::AppleTopic::matches(title);
-    answer["appleOnRecord"] = newsroom::AppleOrigin::isAppleOnRecord(title, summary);
+        {"kind", kit::rawValue(kit::StoryKindRules::classify(title, summary))},
+        {"sourcing", kit::rawValue(kit::SourcingRules::classify(title, summary, isAppleSource))},
+        {"stockNews", kit::StockNews::isStockNews(title)}};
+    if (const auto reason = kit::MarketNews::reason(title))
+        answer["marketReason"] = kit::rawValue(*reason);
+    answer["appleTopic"] = kit::AppleTopic::matches(title);
+    answer["appleOnRecord"] = kit::AppleOrigin::isAppleOnRecord(title, summary);
     return answer;
 }
 
-}  // namespace brell::inspect
+}  // namespace cli::inspect

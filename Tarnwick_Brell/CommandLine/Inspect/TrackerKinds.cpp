@@ -1,22 +1,22 @@
 #include <optional>
 
-#include "NewsroomKit/Trackers/NewBuilds.h"
-#include "NewsroomKit/Trackers/ServiceProblems.h"
+#include "NewsroomKit/Trackers/Releases/NewBuilds.h"
+#include "NewsroomKit/Trackers/Status/ServiceProblems.h"
 #include "NewsroomKit/Trackers/TrackerAPI.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
 
-namespace brell::inspect {
+namespace cli::inspect {
 
-using newsroom::AppleServiceStatus;
-using newsroom::NewBuilds;
-using newsroom::ServiceProblems;
-using newsroom::TrackerAPI;
+using kit::AppleServiceStatus;
+using kit::NewBuilds;
+using kit::ServiceProblems;
+using kit::TrackerAPI;
 
 namespace {
 
 template <class Record>
 json::object written(const Record& record) {
-    return newsroom::encode(record, DateStyle::secondsSince1970).get_object();
+    return kit::encode(record, DateStyle::secondsSince1970).get_object();
 }
 
 json::array reports(const std::vector<AppleServiceStatus::Report>& list) {
@@ -46,9 +46,9 @@ std::optional<AppleServiceStatus::Services> givenServices(const json::object& in
 }  // namespace
 
 json::object status(const json::object& input) {
-    const auto since = given<newsroom::Instant>(input, "since");
+    const auto since = given<kit::Instant>(input, "since");
     const auto services = AppleServiceStatus::parse(document(input));
-    json::object answer{{"services", newsroom::encode(services, DateStyle::secondsSince1970)},
+    json::object answer{{"services", kit::encode(services, DateStyle::secondsSince1970)},
                         {"ongoing", reports(AppleServiceStatus::ongoingReports(services))}};
     if (since) answer["recent"] = reports(AppleServiceStatus::recentReports(*since, services));
     return answer;
@@ -60,28 +60,27 @@ json::object problems(const json::object& input) {
                               givenServices(input, "consumer"), givenServices(input, "developer"));
     json::array ids;
     for (const auto& report : look.problems) ids.emplace_back(report.id());
-    json::object answer{{"problems", std::move(ids)},
-                        {"restored", newsroom::encode(look.restored)}};
-    if (look.known) answer["known"] = newsroom::encode(*look.known);
+    json::object answer{{"problems", std::move(ids)}, {"restored", kit::encode(look.restored)}};
+    if (look.known) answer["known"] = kit::encode(*look.known);
     return answer;
 }
 
 json::object releases(const json::object& input) {
     const auto platforms = TrackerAPI::parseReleases(required<std::string>(input, "text"),
-                                                         newsroom::DateForms::textAndNumbers);
+                                                     kit::DateForms::textAndNumbers);
     const auto look = NewBuilds::look(
         given<NewBuilds::Known>(input, "knownBuilds").value_or(NewBuilds::Known()), platforms);
     json::array keys;
     for (const auto& build : look.announced) keys.emplace_back(build.key());
-    return {{"platforms", newsroom::encode(platforms, DateStyle::secondsSince1970)},
+    return {{"platforms", kit::encode(platforms, DateStyle::secondsSince1970)},
             {"announced", std::move(keys)},
-            {"knownBuilds", newsroom::encode(look.known)}};
+            {"knownBuilds", kit::encode(look.known)}};
 }
 
 json::object events(const json::object& input) {
     json::array list;
     const auto calendar = TrackerAPI::parseEvents(required<std::string>(input, "text"),
-                                                  newsroom::DateForms::textAndNumbers);
+                                                  kit::DateForms::textAndNumbers);
     for (const auto& event : calendar) {
         auto object = written(event);
         object["anniversary"] = event.isAnniversary();
@@ -94,9 +93,8 @@ json::object events(const json::object& input) {
 json::object quote(const json::object& input) {
     const auto stock = TrackerAPI::parseQuote(required<std::string>(input, "text"));
     json::object answer{{"open", stock.isOpen()}};
-    if (const auto close = stock.previousClose())
-        answer["previousClose"] = newsroom::encode(*close);
+    if (const auto close = stock.previousClose()) answer["previousClose"] = kit::encode(*close);
     return answer;
 }
 
-}  // namespace brell::inspect
+}  // namespace cli::inspect

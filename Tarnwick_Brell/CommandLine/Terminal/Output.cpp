@@ -10,7 +10,7 @@
 #include <limits>
 #include <system_error>
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -123,4 +123,4 @@ void showProgress(std::string_view text) {
     [[maybe_unused]] const auto written = ::write(STDERR_FILENO, line.data(), line.size());
 }
 
-}  // namespace brell
+}  // namespace cli

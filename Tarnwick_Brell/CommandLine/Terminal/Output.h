@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace brell {
+namespace cli {
 
 /// Standard output does not take what is written to it.
 class OutputError : public std::runtime_error {
@@ -55,4 +55,4 @@ private:
 /// A step of long work, on standard error and only when that is a terminal.
 void showProgress(std::string_view text);
 
-}  // namespace brell
+}  // namespace cli

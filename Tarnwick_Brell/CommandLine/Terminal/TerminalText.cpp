@@ -9,7 +9,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -40,7 +40,7 @@ template <class Visit>
 void eachCodePoint(std::string_view text, Visit visit) {
     std::size_t at = 0;
     while (at < text.size()) {
-        const auto decoded = newsroom::decodeUTF8(text, at);
+        const auto decoded = kit::decodeUTF8(text, at);
         if (!visit(decoded.value, at, at + decoded.length)) return;
         at += decoded.length;
     }
@@ -77,13 +77,13 @@ void eachCharacter(std::string_view text, Visit visit) {
     std::size_t at = 0;
     while (at < text.size()) {
         // A character that follows ASCII may combine with the last letter before it.
-        const auto plain = newsroom::endOfASCII(text, at);
+        const auto plain = kit::endOfASCII(text, at);
         const auto last = plain == text.size() || plain == at ? plain : plain - 1;
         for (; at < last; ++at) {
             if (!visit(std::size_t{1}, at + 1)) return;
         }
         if (at == text.size()) return;
-        const auto character = newsroom::firstCharacters(text.substr(at), 1);
+        const auto character = kit::firstCharacters(text.substr(at), 1);
         at += character.size();
         if (!visit(columnsOfCharacter(character), at)) return;
     }
@@ -94,7 +94,7 @@ void eachCharacter(std::string_view text, Visit visit) {
 std::string printable(std::string_view text) {
     std::string out;
     eachCodePoint(text, [&](char32_t c, std::size_t begin, std::size_t end) {
-        if (newsroom::isWhitespaceOrNewline(c) && c != 0xA0) {
+        if (kit::isWhitespaceOrNewline(c) && c != 0xA0) {
             if (!out.empty() && out.back() != ' ') out += ' ';
         } else if (!isHidden(c)) {
             out += text.substr(begin, end - begin);
@@ -158,7 +158,7 @@ std::string wrapped(std::string_view text, std::size_t width, std::string_view i
     return out;
 }
 
-std::string age(newsroom::Instant then, newsroom::Instant now) {
+std::string age(kit::Instant then, kit::Instant now) {
     using namespace std::chrono;
     const auto passed = now - then;
     if (passed < minutes(1)) return "now";
@@ -173,11 +173,11 @@ std::string age(newsroom::Instant then, newsroom::Instant now) {
                        static_cast<int>(date.year()));
 }
 
-std::string dayAndTime(newsroom::Instant instant) {
-    const auto text = newsroom::iso8601Text(std::chrono::floor<std::chrono::minutes>(instant));
+std::string dayAndTime(kit::Instant instant) {
+    const auto text = kit::iso8601Text(std::chrono::floor<std::chrono::minutes>(instant));
     return text.substr(0, 10) + " " + text.substr(11, 5) + " UTC";
 }
 
-std::string dayText(newsroom::Instant instant) { return newsroom::iso8601Text(instant).substr(0, 10); }
+std::string dayText(kit::Instant instant) { return kit::iso8601Text(instant).substr(0, 10); }
 
-}  // namespace brell
+}  // namespace cli

@@ -7,7 +7,7 @@
 #include "NewsroomKit/Records/Instant.h"
 
 /// Text from feeds, made fit for a terminal's lines.
-namespace brell {
+namespace cli {
 
 /// Without control characters and direction overrides, which could rewrite what the
 /// terminal shows; white space becomes single spaces.
@@ -22,12 +22,12 @@ std::size_t columnsOf(std::string_view text);
 std::string wrapped(std::string_view text, std::size_t width, std::string_view indent);
 
 /// "now", "4 min", "3 h", "2 d", then the day: "2 Nov 2026".
-std::string age(newsroom::Instant then, newsroom::Instant now);
+std::string age(kit::Instant then, kit::Instant now);
 
 /// "2026-11-02 08:30 UTC".
-std::string dayAndTime(newsroom::Instant instant);
+std::string dayAndTime(kit::Instant instant);
 
 /// "2026-11-02", by UTC.
-std::string dayText(newsroom::Instant instant);
+std::string dayText(kit::Instant instant);
 
-}  // namespace brell
+}  // namespace cli

@@ -5,7 +5,7 @@
 
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
-namespace brell {
+namespace cli {
 
 namespace {
 
@@ -111,4 +111,4 @@ void TextTable::print(Output& out) const {
     }
 }
 
-}  // namespace brell
+}  // namespace cli

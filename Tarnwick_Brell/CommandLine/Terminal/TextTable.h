@@ -6,7 +6,7 @@
 
 #include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 
-namespace brell {
+namespace cli {
 
 /// A column of a TextTable, and what becomes of it where the terminal is narrow.
 struct Column {
@@ -56,4 +56,4 @@ private:
     std::vector<Row> rows_;  ///< the headings first
 };
 
-}  // namespace brell
+}  // namespace cli

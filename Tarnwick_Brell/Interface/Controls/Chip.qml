@@ -2,7 +2,7 @@ import QtQuick
 
 /// A filter. At rest it opens its menu when clicked; while `active` it has a cross that emits
 /// `cleared`, as Delete does.
-BareButton {
+PlainButton {
     id: chip
 
     signal cleared
@@ -52,7 +52,7 @@ BareButton {
         event.accepted = true;
     }
 
-    BareButton {
+    PlainButton {
         anchors.right: parent.right
         width: Theme.leastTarget
         height: parent.height

@@ -2,7 +2,7 @@ import QtQuick
 
 /// A button with a word on it. At most one `Primary` in a view; `Quiet` has no outline, for a
 /// second choice; `Danger` stands on a red card.
-BareButton {
+PlainButton {
     id: button
 
     enum Look { Plain, Primary, Quiet, Danger }

@@ -27,7 +27,7 @@ T.Menu {
 
         T.ScrollBar.vertical: ThinScrollBar {}
     }
-    background: MenuGround {}
+    background: MenuBackground {}
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.fade; easing.type: Easing.OutQuad }
     }

@@ -1,7 +1,7 @@
 import QtQuick
 
 /// A button with an icon only. Its `text` is said by screen readers, and shown as the tip.
-BareButton {
+PlainButton {
     id: button
 
     required property string symbol

@@ -8,7 +8,7 @@
 // Written by the build. Naming it keeps the linker from leaving out the module's types.
 extern void qml_register_types_TarnwickBrell_Controls();
 
-namespace desk {
+namespace app {
 
 void installControls(QQmlEngine& engine) {
     [[maybe_unused]] void (*volatile types)() = &qml_register_types_TarnwickBrell_Controls;
@@ -18,4 +18,4 @@ void installControls(QQmlEngine& engine) {
     engine.addImageProvider(QStringLiteral("shadow"), new ShadowImages);
 }
 
-}  // namespace desk
+}  // namespace app

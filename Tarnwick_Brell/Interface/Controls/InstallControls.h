@@ -2,9 +2,9 @@
 
 class QQmlEngine;
 
-namespace desk {
+namespace app {
 
 /// Makes `import TarnwickBrell.Controls` work in the engine, icons and shadows included.
 void installControls(QQmlEngine& engine);
 
-}  // namespace desk
+}  // namespace app

@@ -1,7 +1,7 @@
 import QtQuick
 
 /// A button that looks like a link.
-BareButton {
+PlainButton {
     id: link
 
     property int type: DeskText.SecondaryMedium

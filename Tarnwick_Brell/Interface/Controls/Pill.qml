@@ -1,7 +1,7 @@
 import QtQuick
 
 /// Says that stories have arrived, in the header of their list, and shows them when clicked.
-BareButton {
+PlainButton {
     id: pill
 
     property bool shown: false

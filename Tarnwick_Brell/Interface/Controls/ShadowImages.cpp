@@ -7,7 +7,7 @@
 
 #include <QImage>
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -67,4 +67,4 @@ QImage ShadowImages::requestImage(const QString& id, QSize* size, const QSize&) 
     return image;
 }
 
-}  // namespace desk
+}  // namespace app

@@ -3,7 +3,7 @@
 #include <QQuickImageProvider>
 #include <QString>
 
-namespace desk {
+namespace app {
 
 /// Draws the shadow of a box for "image://shadow/WIDTHxHEIGHT"; the picture reaches
 /// `kExtent` beyond the box on each side.
@@ -15,4 +15,4 @@ public:
     QImage requestImage(const QString& id, QSize* size, const QSize& requestedSize) override;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -46,4 +46,4 @@ QImage SymbolImages::requestImage(const QString& id, QSize* size, const QSize& r
     return image;
 }
 
-}  // namespace desk
+}  // namespace app

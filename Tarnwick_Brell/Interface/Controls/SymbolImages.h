@@ -3,7 +3,7 @@
 #include <QQuickImageProvider>
 #include <QString>
 
-namespace desk {
+namespace app {
 
 /// Draws icons for "image://symbol/NAME/COLOUR" (RRGGBB or AARRGGBB) at the size asked for,
 /// which Qt Quick gives in device pixels. Its pixmap cache keeps them, by address and size.
@@ -17,4 +17,4 @@ public:
     static bool has(const QString& name);
 };
 
-}  // namespace desk
+}  // namespace app

@@ -1,9 +1,9 @@
 import TarnwickBrell.Models
 
 SignalsPanel {
-    required property BackendContent content
+    required property BackendPanelModel content
 
     rows: content.rows
     label: qsTr("Updates that Apple offers")
-    pale: content.state === PanelContent.Stale
+    pale: content.state === PanelModel.Stale
 }

@@ -7,8 +7,8 @@ import TarnwickBrell.Models
 Item {
     id: panel
 
-    required property ChartContent content
-    readonly property bool pale: content.state === PanelContent.Stale
+    required property ChartPanelModel content
+    readonly property bool pale: content.state === PanelModel.Stale
 
     PanelList {
         id: rows
@@ -16,7 +16,7 @@ Item {
         label: panel.content.title
         model: panel.content.rows
 
-        delegate: BareButton {
+        delegate: PlainButton {
             id: row
 
             required property string rank
@@ -56,7 +56,7 @@ Item {
                     color: Theme.text3
                     Accessible.ignored: true
                 }
-                TwoLines {
+                TwoLineText {
                     anchors.left: rank.right
                     anchors.leftMargin: Theme.space3
                     anchors.right: end.left

@@ -8,7 +8,7 @@ import TarnwickBrell.Models
 StoryPanelList {
     id: panel
 
-    required property GatheredPanel content
+    required property QueryPanelModel content
 
     model: content.rows
     onOpened: index => content.open(index)

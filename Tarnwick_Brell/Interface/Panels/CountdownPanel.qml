@@ -7,8 +7,8 @@ import TarnwickBrell.Models
 Item {
     id: panel
 
-    required property CountdownContent content
-    readonly property bool pale: content.state === PanelContent.Stale
+    required property CountdownPanelModel content
+    readonly property bool pale: content.state === PanelModel.Stale
     readonly property color ink: pale ? Theme.text2 : Theme.text1
     readonly property bool hasDates: width >= Theme.dateColumnFrom
 

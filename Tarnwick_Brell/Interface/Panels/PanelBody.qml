@@ -6,21 +6,21 @@ import TarnwickBrell.Models
 Item {
     id: body
 
-    required property PanelContent content
+    required property PanelModel content
 
     readonly property bool isTracker: {
         switch (content.kind) {
-        case PanelContent.Countdown:
-        case PanelContent.Stock:
-        case PanelContent.Software:
-        case PanelContent.Status:
-        case PanelContent.Suppliers:
-        case PanelContent.Backend:
-        case PanelContent.Records:
-        case PanelContent.Releases:
-        case PanelContent.SignedBuilds:
-        case PanelContent.TopFree:
-        case PanelContent.TopPaid:
+        case PanelModel.Countdown:
+        case PanelModel.Stock:
+        case PanelModel.Software:
+        case PanelModel.Status:
+        case PanelModel.Suppliers:
+        case PanelModel.Backend:
+        case PanelModel.Records:
+        case PanelModel.Releases:
+        case PanelModel.SignedBuilds:
+        case PanelModel.TopFree:
+        case PanelModel.TopPaid:
             return true;
         default:
             return false;

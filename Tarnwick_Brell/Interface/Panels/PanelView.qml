@@ -7,21 +7,21 @@ import TarnwickBrell.Models
 PanelCard {
     id: panel
 
-    required property PanelContent content
+    required property PanelModel content
     /// An empty panel offers it where its words can be changed.
     property bool canEdit: false
 
     signal editRequested
 
-    readonly property bool hasContent: content.state === PanelContent.Ready || content.state === PanelContent.Stale
-    readonly property bool hasFailed: content.state === PanelContent.Stale || content.state === PanelContent.Failed
+    readonly property bool hasContent: content.state === PanelModel.Ready || content.state === PanelModel.Stale
+    readonly property bool hasFailed: content.state === PanelModel.Stale || content.state === PanelModel.Failed
     /// Lists run to the lower edge and are cut there; fixed contents keep a distance.
     readonly property bool isList: {
         switch (content.kind) {
-        case PanelContent.Countdown:
-        case PanelContent.Stock:
-        case PanelContent.Software:
-        case PanelContent.Status:
+        case PanelModel.Countdown:
+        case PanelModel.Stock:
+        case PanelModel.Software:
+        case PanelModel.Status:
             return false;
         default:
             return true;
@@ -31,7 +31,7 @@ PanelCard {
     fact: content.fact
     flush: isList && hasContent
 
-    FailureBand {
+    FailureBanner {
         id: failure
         width: parent.width
         visible: panel.hasFailed
@@ -66,13 +66,13 @@ PanelCard {
     }
     PanelSkeleton {
         anchors.fill: parent
-        visible: panel.content.state === PanelContent.Loading
-        figures: panel.content.kind === PanelContent.TopStories
+        visible: panel.content.state === PanelModel.Loading
+        figures: panel.content.kind === PanelModel.TopStories
     }
     EmptyState {
         anchors.centerIn: parent
         width: parent.width
-        visible: panel.content.state === PanelContent.Empty
+        visible: panel.content.state === PanelModel.Empty
         symbol: panel.symbol
         text: panel.content.message
         hint: panel.content.hint

@@ -10,7 +10,7 @@ import TarnwickBrell.Panels
 T.Control {
     id: chart
 
-    required property StockContent content
+    required property StockPanelModel content
     property bool pale: false
 
     /// The point that the keys have reached; -1 before that.
@@ -114,7 +114,7 @@ T.Control {
             Accessible.ignored: true
         }
     }
-    CurveLine {
+    LineChartItem {
         x: plot.x
         y: plot.y - lineWidth / 2
         width: plot.width
@@ -124,7 +124,7 @@ T.Control {
         lineWidth: Theme.chartLine
         fillOpacity: Theme.chartFillOpacity
     }
-    DashLine {
+    DashedLine {
         y: plot.y + Math.round(chart.content.previousClose * plot.height)
         width: plot.width
         visible: chart.content.hasPreviousClose && plot.visible
@@ -142,7 +142,7 @@ T.Control {
             x: Math.round(position * plot.width)
             y: plot.y
 
-            DashLine {
+            DashedLine {
                 y: Math.round(mark.level * plot.height)
                 height: plot.height - y
                 vertical: true

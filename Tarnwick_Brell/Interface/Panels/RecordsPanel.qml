@@ -1,9 +1,9 @@
 import TarnwickBrell.Models
 
 SignalsPanel {
-    required property RecordsContent content
+    required property RecordsPanelModel content
 
     rows: content.rows
     label: qsTr("Changes of signing")
-    pale: content.state === PanelContent.Stale
+    pale: content.state === PanelModel.Stale
 }

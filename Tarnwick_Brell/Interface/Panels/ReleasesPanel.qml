@@ -7,8 +7,8 @@ import TarnwickBrell.Models
 Item {
     id: panel
 
-    required property ReleasesContent content
-    readonly property bool pale: content.state === PanelContent.Stale
+    required property ReleasesPanelModel content
+    readonly property bool pale: content.state === PanelModel.Stale
 
     PanelList {
         id: rows
@@ -16,7 +16,7 @@ Item {
         label: qsTr("Releases")
         model: panel.content.rows
 
-        delegate: BareButton {
+        delegate: PlainButton {
             id: row
 
             required property string title

@@ -49,7 +49,7 @@ Item {
                 width: parent.width
                 height: row.height - y
 
-                TwoLines {
+                TwoLineText {
                     anchors.verticalCenter: parent.verticalCenter
                     width: when.x - Theme.space2
                     first: row.title

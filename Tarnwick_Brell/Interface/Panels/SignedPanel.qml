@@ -1,9 +1,9 @@
 import TarnwickBrell.Models
 
 SignalsPanel {
-    required property SignedContent content
+    required property SignedPanelModel content
 
     rows: content.rows
     label: qsTr("Firmware that is signed")
-    pale: content.state === PanelContent.Stale
+    pale: content.state === PanelModel.Stale
 }

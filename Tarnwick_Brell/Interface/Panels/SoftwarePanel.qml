@@ -8,8 +8,8 @@ import TarnwickBrell.Models
 Item {
     id: panel
 
-    required property SoftwareContent content
-    readonly property bool pale: content.state === PanelContent.Stale
+    required property SoftwarePanelModel content
+    readonly property bool pale: content.state === PanelModel.Stale
     readonly property color ink: pale ? Theme.text2 : Theme.text1
     readonly property bool isWide: width >= Theme.softwareWideFrom
     readonly property bool hasBetas: width >= Theme.softwareBetasFrom
@@ -53,7 +53,7 @@ Item {
                 color: panel.ink
                 Accessible.ignored: true
             }
-            TwoLines {
+            TwoLineText {
                 x: Theme.platformColumn
                 anchors.verticalCenter: parent.verticalCenter
                 width: row.cell - Theme.space1
@@ -61,7 +61,7 @@ Item {
                 second: row.build
                 ink: panel.ink
             }
-            TwoLines {
+            TwoLineText {
                 x: Theme.platformColumn + row.cell
                 anchors.verticalCenter: parent.verticalCenter
                 width: row.cell - Theme.space1

@@ -4,7 +4,7 @@ import TarnwickBrell.Models
 import TarnwickBrell.Panels
 
 /// The way of a price in a row, in the colour of its day.
-CurveLine {
+LineChartItem {
     property int move: PriceMove.Unknown
     /// Of old figures: without colour.
     property bool pale: false

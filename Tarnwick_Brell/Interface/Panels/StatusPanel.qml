@@ -9,8 +9,8 @@ import TarnwickBrell.Models
 Flickable {
     id: panel
 
-    required property StatusContent content
-    readonly property bool pale: content.state === PanelContent.Stale
+    required property StatusPanelModel content
+    readonly property bool pale: content.state === PanelModel.Stale
     readonly property color ink: pale ? Theme.text2 : Theme.text1
     /// Where there is room, without being asked.
     property bool isOpened: height > Theme.recentFrom
@@ -46,13 +46,13 @@ Flickable {
             width: parent.width
             height: Theme.space1
         }
-        UpLine {
+        ServiceCountRow {
             width: parent.width
             text: panel.content.consumer
             status: panel.pale ? StatusMark.Never : panel.content.isConsumerUp ? StatusMark.Up : StatusMark.Issue
             ink: panel.ink
         }
-        UpLine {
+        ServiceCountRow {
             width: parent.width
             text: panel.content.developer
             status: !panel.content.isDeveloperKnown ? StatusMark.Never

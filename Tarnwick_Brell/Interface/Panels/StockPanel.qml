@@ -8,8 +8,8 @@ import TarnwickBrell.Models
 Item {
     id: panel
 
-    required property StockContent content
-    readonly property bool pale: content.state === PanelContent.Stale
+    required property StockPanelModel content
+    readonly property bool pale: content.state === PanelModel.Stale
     readonly property bool isSlim: price.width + ranges.width + Theme.space2 > width
     readonly property bool isNarrow: price.width + change.width + ranges.width + Theme.space2 + Theme.space3 > width
 
@@ -30,7 +30,7 @@ Item {
              : panel.content.move === PriceMove.Up ? Theme.green
              : panel.content.move === PriceMove.Down ? Theme.red : Theme.text2
     }
-    Segmented {
+    SegmentedControl {
         id: ranges
         anchors.right: parent.right
         y: panel.isSlim ? parent.height - height : (price.height - height) / 2

@@ -6,22 +6,22 @@ import TarnwickBrell.Models
 Item {
     id: body
 
-    required property PanelContent content
+    required property PanelModel content
 
     readonly property string file: {
         switch (content.kind) {
-        case PanelContent.Stream:
-        case PanelContent.Apple:
+        case PanelModel.Stream:
+        case PanelModel.Apple:
             return "StreamPanel.qml";
-        case PanelContent.Brief:
+        case PanelModel.Brief:
             return "BriefPanel.qml";
-        case PanelContent.TopStories:
+        case PanelModel.TopStories:
             return "TopStoriesPanel.qml";
-        case PanelContent.Claims:
+        case PanelModel.Claims:
             return "ClaimsPanel.qml";
-        case PanelContent.Coverage:
+        case PanelModel.Coverage:
             return "CoveragePanel.qml";
-        case PanelContent.Scoops:
+        case PanelModel.Scoops:
             return "ScoopsPanel.qml";
         default:
             return "";
@@ -29,15 +29,15 @@ Item {
     }
     readonly property string name: {
         switch (content.kind) {
-        case PanelContent.Brief:
+        case PanelModel.Brief:
             return qsTr("Brief");
-        case PanelContent.TopStories:
+        case PanelModel.TopStories:
             return qsTr("Top stories");
-        case PanelContent.Claims:
+        case PanelModel.Claims:
             return qsTr("Claims");
-        case PanelContent.Coverage:
+        case PanelModel.Coverage:
             return qsTr("Outlets");
-        case PanelContent.Scoops:
+        case PanelModel.Scoops:
             return qsTr("Scoops");
         default:
             return qsTr("Stories");

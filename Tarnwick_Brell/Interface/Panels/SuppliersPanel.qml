@@ -8,8 +8,8 @@ import TarnwickBrell.Models
 Item {
     id: panel
 
-    required property SuppliersContent content
-    readonly property bool pale: content.state === PanelContent.Stale
+    required property SuppliersPanelModel content
+    readonly property bool pale: content.state === PanelModel.Stale
     readonly property color ink: pale ? Theme.text2 : Theme.text1
 
     PanelList {

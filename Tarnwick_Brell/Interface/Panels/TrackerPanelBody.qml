@@ -6,30 +6,30 @@ import TarnwickBrell.Models
 Item {
     id: body
 
-    required property PanelContent content
+    required property PanelModel content
 
     readonly property string file: {
         switch (content.kind) {
-        case PanelContent.Countdown:
+        case PanelModel.Countdown:
             return "CountdownPanel.qml";
-        case PanelContent.Stock:
+        case PanelModel.Stock:
             return "StockPanel.qml";
-        case PanelContent.Software:
+        case PanelModel.Software:
             return "SoftwarePanel.qml";
-        case PanelContent.Status:
+        case PanelModel.Status:
             return "StatusPanel.qml";
-        case PanelContent.Suppliers:
+        case PanelModel.Suppliers:
             return "SuppliersPanel.qml";
-        case PanelContent.Backend:
+        case PanelModel.Backend:
             return "BackendPanel.qml";
-        case PanelContent.Records:
+        case PanelModel.Records:
             return "RecordsPanel.qml";
-        case PanelContent.Releases:
+        case PanelModel.Releases:
             return "ReleasesPanel.qml";
-        case PanelContent.SignedBuilds:
+        case PanelModel.SignedBuilds:
             return "SignedPanel.qml";
-        case PanelContent.TopFree:
-        case PanelContent.TopPaid:
+        case PanelModel.TopFree:
+        case PanelModel.TopPaid:
             return "ChartPanel.qml";
         default:
             return "";

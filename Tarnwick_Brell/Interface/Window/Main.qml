@@ -77,7 +77,7 @@ Window {
                 onSidebarRequested: window.state.sidebarShown = true
                 onLeftForList: wire.focusList()
             }
-            Band {
+            Banner {
                 id: notice
 
                 readonly property bool isTrouble: window.desk.refresh.libraryTrouble !== ""

@@ -6,7 +6,7 @@ import TarnwickBrell.Models
 Row {
     id: corner
 
-    required property RefreshState refresh
+    required property RefreshStatus refresh
 
     spacing: Theme.space2
 

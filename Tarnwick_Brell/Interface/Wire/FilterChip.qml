@@ -8,7 +8,7 @@ import TarnwickBrell.Models
 Chip {
     id: chip
 
-    required property ChoiceList choices
+    required property FilterOptions choices
 
     text: choices.summary
     active: choices.isActive
@@ -71,6 +71,6 @@ Chip {
 
             T.ScrollBar.vertical: ThinScrollBar {}
         }
-        background: MenuGround {}
+        background: MenuBackground {}
     }
 }

@@ -40,7 +40,7 @@ Item {
             color: Theme.text3
             text: block.trace.message
         }
-        FailureBand {
+        FailureBanner {
             width: parent.width
             visible: block.trace.state === TraceModel.Failed
             text: qsTr("The story could not be traced.")

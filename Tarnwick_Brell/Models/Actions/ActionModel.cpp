@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -20,7 +20,7 @@ bool isStep(Action action) {
 ActionModel::ActionModel(QObject* parent) : QObject(parent) {
     std::vector<ActionGroupRow> groups;
     for (const auto group : kActionGroups) {
-        groupRows_.push_back(std::make_unique<RowsModel<ActionRow>>());
+        groupRows_.push_back(std::make_unique<GadgetListModel<ActionRow>>());
         groups.push_back({.title = titleOf(group), .actions = groupRows_.back().get()});
     }
     groups_.setRows(std::move(groups));
@@ -55,8 +55,8 @@ ActionRow ActionModel::rowFor(const ActionEntry& entry) const {
                   .isEnabled = isEnabled(entry),
                   .repeats = isStep(entry.action)};
     const auto& [first, second] = entry.keys;
-    row.keyCaps = desk::keyCaps(first);
-    row.otherKeyCaps = desk::keyCaps(second);
+    row.keyCaps = app::keyCaps(first);
+    row.otherKeyCaps = app::keyCaps(second);
     row.spokenKeys = row.keyCaps.join(u' ');
     if (!second.isEmpty())
         row.spokenKeys = tr("%1 or %2").arg(row.spokenKeys, row.otherKeyCaps.join(u' '));
@@ -90,7 +90,7 @@ const ActionRow& ActionModel::row(Action action) const {
     throw std::logic_error("an action without a row");
 }
 
-void ActionModel::trigger(desk::DeskAction::Value action) {
+void ActionModel::trigger(app::DeskAction::Value action) {
     if (row(action).isEnabled) emit triggered(action);
 }
 
@@ -98,4 +98,4 @@ void ActionModel::triggerStoryRow(int row) {
     if (const auto* wanted = groupRows_.front()->row(row)) trigger(wanted->action);
 }
 
-}  // namespace desk
+}  // namespace app

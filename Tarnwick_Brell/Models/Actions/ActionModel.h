@@ -10,15 +10,15 @@
 #include <qqmlregistration.h>
 
 #include "Tarnwick_Brell/Models/Actions/ActionTable.h"
-#include "Tarnwick_Brell/Models/Rows/RowsModel.h"
+#include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
 
-namespace desk {
+namespace app {
 
 /// One action as views show it.
 struct ActionRow {
     Q_GADGET
     QML_ANONYMOUS
-    Q_PROPERTY(desk::DeskAction::Value action MEMBER action)
+    Q_PROPERTY(app::DeskAction::Value action MEMBER action)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QString symbol MEMBER symbol)
     Q_PROPERTY(QString groupTitle MEMBER groupTitle)
@@ -90,17 +90,17 @@ public:
     const std::vector<ActionRow>& list() const { return rows_.rows(); }
     const ActionRow& row(Action action) const;
 
-    Q_INVOKABLE QString title(desk::DeskAction::Value action) const { return row(action).title; }
-    Q_INVOKABLE QString keyText(desk::DeskAction::Value action) const {
+    Q_INVOKABLE QString title(app::DeskAction::Value action) const { return row(action).title; }
+    Q_INVOKABLE QString keyText(app::DeskAction::Value action) const {
         return row(action).keyText();
     }
     /// Does nothing when the action can't be carried out now.
-    Q_INVOKABLE void trigger(desk::DeskAction::Value action);
+    Q_INVOKABLE void trigger(app::DeskAction::Value action);
     Q_INVOKABLE void triggerStoryRow(int row);
 
 signals:
     void contextChanged();
-    void triggered(desk::DeskAction::Value action);
+    void triggered(app::DeskAction::Value action);
 
 private:
     void look();
@@ -113,9 +113,9 @@ private:
     bool storyIsRead_ = false;
     bool hasArrivals_ = false;
     bool canUndo_ = false;
-    RowsModel<ActionRow> rows_;
-    std::vector<std::unique_ptr<RowsModel<ActionRow>>> groupRows_;  ///< in the groups' order
-    RowsModel<ActionGroupRow> groups_;
+    GadgetListModel<ActionRow> rows_;
+    std::vector<std::unique_ptr<GadgetListModel<ActionRow>>> groupRows_;  ///< in the groups' order
+    GadgetListModel<ActionGroupRow> groups_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -5,7 +5,7 @@
 #include <QCoreApplication>
 #include <QKeySequence>
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -164,7 +164,7 @@ constexpr ActionEntry kActions[]{
      nullptr,
      "checklist",
      {{{"Shift+M"}}}},
-    {DeskAction::UndoMarkAllRead,
+    {DeskAction::Undo,
      work,
      WORDS("Undo the last mark"),
      nullptr,
@@ -275,4 +275,4 @@ QStringList keyCaps(const ActionKey& key) {
     return caps;
 }
 
-}  // namespace desk
+}  // namespace app

@@ -10,7 +10,7 @@
 #include "Tarnwick_Brell/Models/Actions/DeskAction.h"
 
 /// The one list of actions: what menus, shortcuts, the palette and the sheet of keys show.
-namespace desk {
+namespace app {
 
 enum class ActionGroup { thisStory, goTo, work, view };
 inline constexpr std::array kActionGroups{ActionGroup::thisStory, ActionGroup::goTo,
@@ -52,4 +52,4 @@ bool worksInText(const ActionKey& key);
 /// What stands on the caps of the keys: "Ctrl", "F"; "g", "t".
 QStringList keyCaps(const ActionKey& key);
 
-}  // namespace desk
+}  // namespace app

@@ -4,7 +4,7 @@
 #include <qqmlregistration.h>
 
 /// What the user can do in the window, wherever it is asked for: menus, keys, the palette.
-namespace desk::DeskAction {
+namespace app::DeskAction {
 
 Q_NAMESPACE
 QML_ELEMENT
@@ -42,7 +42,7 @@ enum Value {
     Refresh,
     ShowArrivals,
     MarkAllRead,
-    UndoMarkAllRead,
+    Undo,
     ShowPalette,
     ShowKeys,
     Quit,
@@ -55,10 +55,10 @@ enum Value {
 };
 Q_ENUM_NS(Value)
 
-}  // namespace desk::DeskAction
+}  // namespace app::DeskAction
 
-namespace desk {
+namespace app {
 
 using Action = DeskAction::Value;
 
-}  // namespace desk
+}  // namespace app

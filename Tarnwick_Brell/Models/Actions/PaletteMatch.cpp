@@ -10,7 +10,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -20,13 +20,12 @@ public:
     explicit FoldedText(std::string_view text) {
         bool inWord = false;
         for (std::size_t at = 0; at < text.size();) {
-            const auto decoded = newsroom::decodeUTF8(text, at);
+            const auto decoded = kit::decodeUTF8(text, at);
             const auto before = folded_.size();
-            newsroom::appendFolded(text.substr(at, decoded.length), folded_);
+            kit::appendFolded(text.substr(at, decoded.length), folded_);
             // A mark that folding drops belongs to the letter before it.
             if (folded_.size() > before) {
-                const bool isWord =
-                    newsroom::isLetter(decoded.value) || newsroom::isNumber(decoded.value);
+                const bool isWord = kit::isLetter(decoded.value) || kit::isNumber(decoded.value);
                 if (isWord && !inWord) wordStarts_.push_back(before);
                 inWord = isWord;
             }
@@ -36,17 +35,18 @@ public:
         origins_.push_back(text.size());
     }
 
-    struct Place {
+    struct Destination {
         std::size_t at = 0;
         bool isWordStart = false;
     };
-    std::optional<Place> find(std::string_view word) const {
+    std::optional<Destination> find(std::string_view word) const {
         for (const auto start : wordStarts_) {
             if (std::string_view(folded_).substr(start).starts_with(word))
-                return Place{start, true};
+                return Destination{start, true};
         }
         const auto inside = folded_.find(word);
-        return inside == std::string::npos ? std::nullopt : std::optional(Place{inside, false});
+        return inside == std::string::npos ? std::nullopt
+                                           : std::optional(Destination{inside, false});
     }
 
     /// The bytes of the text that folded to these; whole characters.
@@ -92,7 +92,7 @@ QList<PalettePart> cut(std::string_view text,
 PaletteQuery::PaletteQuery(const QString& typed) {
     const auto words = typed.simplified().split(u' ', Qt::SkipEmptyParts);
     for (const auto& word : words) {
-        auto folded = newsroom::fold(word.toStdString());
+        auto folded = kit::fold(word.toStdString());
         if (!folded.empty()) words_.push_back(std::move(folded));
     }
 }
@@ -113,4 +113,4 @@ std::optional<PaletteQuery::Match> PaletteQuery::match(const QString& text) cons
 
 QList<PalettePart> unmatched(const QString& text) { return {{text, false}}; }
 
-}  // namespace desk
+}  // namespace app

@@ -9,7 +9,7 @@
 #include <QString>
 #include <qqmlregistration.h>
 
-namespace desk {
+namespace app {
 
 /// A piece of a row's text: matched letters stand out.
 struct PalettePart {
@@ -48,4 +48,4 @@ private:
 /// Text of which nothing was looked for.
 QList<PalettePart> unmatched(const QString& text);
 
-}  // namespace desk
+}  // namespace app

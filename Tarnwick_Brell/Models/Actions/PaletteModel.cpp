@@ -4,10 +4,10 @@
 
 #include <QPointer>
 
-#include "Tarnwick_Brell/Text/ShownText.h"
-#include "Tarnwick_Brell/Text/TimeText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -30,8 +30,8 @@ QVariantList PaletteRow::partList() const {
     return list;
 }
 
-PaletteModel::PaletteModel(ActionModel& actions, Places places, NewsDesk& desk,
-                           newsroom::FeedClient::Clock clock, QObject* parent)
+PaletteModel::PaletteModel(ActionModel& actions, Places places, NewsDesk& desk, kit::Clock clock,
+                           QObject* parent)
     : QObject(parent),
       actions_(actions),
       findPlaces_(std::move(places)),
@@ -226,4 +226,4 @@ void PaletteModel::runSelected() {
     }
 }
 
-}  // namespace desk
+}  // namespace app

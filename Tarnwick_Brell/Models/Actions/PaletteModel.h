@@ -17,9 +17,9 @@
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Actions/ActionModel.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteMatch.h"
-#include "Tarnwick_Brell/Models/Rows/RowsModel.h"
+#include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
 
-namespace desk {
+namespace app {
 
 /// Somewhere to go to, as the sidebar names it.
 struct PalettePlace {
@@ -82,8 +82,8 @@ public:
     static constexpr std::size_t kMostStories = 6;
 
     /// All must outlive it.
-    PaletteModel(ActionModel& actions, Places places, NewsDesk& desk,
-                 newsroom::FeedClient::Clock clock, QObject* parent = nullptr);
+    PaletteModel(ActionModel& actions, Places places, NewsDesk& desk, kit::Clock clock,
+                 QObject* parent = nullptr);
 
     /// To be called before the palette is shown: no text, and the places of now.
     Q_INVOKABLE void open();
@@ -106,7 +106,7 @@ signals:
     void textChanged();
     void rowsChanged();
     void selectedChanged();
-    void actionWanted(desk::DeskAction::Value action);
+    void actionWanted(app::DeskAction::Value action);
     void placeWanted(const QString& key);
     void storyWanted(const QString& storyID);
     void searchWanted(const QString& text);
@@ -129,14 +129,14 @@ private:
     ActionModel& actions_;
     Places findPlaces_;
     NewsDesk& desk_;
-    newsroom::FeedClient::Clock clock_;
+    kit::Clock clock_;
     QString text_;
     PaletteQuery query_;
     std::vector<PalettePlace> places_;
     std::vector<std::int64_t> stories_;  ///< what the last answered search found
     bool storiesAreOfText_ = true;       ///< and not of a text before
-    RowsModel<PaletteRow> rows_;
+    GadgetListModel<PaletteRow> rows_;
     int selected_ = -1;
 };
 
-}  // namespace desk
+}  // namespace app

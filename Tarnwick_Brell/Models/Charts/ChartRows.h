@@ -6,7 +6,7 @@
 
 /// What stands on and beside a chart. Positions are shares of its width, from the left, and of
 /// its height, from the top.
-namespace desk {
+namespace app {
 
 /// A value on an axis.
 struct ChartTick {
@@ -59,4 +59,4 @@ public:
     bool operator==(const ChartReading&) const = default;
 };
 
-}  // namespace desk
+}  // namespace app

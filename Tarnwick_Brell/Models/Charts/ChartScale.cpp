@@ -5,7 +5,7 @@
 
 #include <QLocale>
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -51,4 +51,4 @@ std::vector<ChartTick> ChartScale::ticks() const {
     return ticks;
 }
 
-}  // namespace desk
+}  // namespace app

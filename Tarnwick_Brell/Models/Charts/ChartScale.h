@@ -4,7 +4,7 @@
 
 #include "Tarnwick_Brell/Models/Charts/ChartRows.h"
 
-namespace desk {
+namespace app {
 
 /// An axis of prices that begins and ends at round values.
 class ChartScale {
@@ -25,4 +25,4 @@ private:
     double last_;
 };
 
-}  // namespace desk
+}  // namespace app

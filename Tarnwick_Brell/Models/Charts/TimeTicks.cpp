@@ -5,16 +5,16 @@
 #include <QDateTime>
 #include <QLocale>
 
-#include "NewsroomKit/Trackers/QuotePlaces.h"
-#include "Tarnwick_Brell/Text/TimeText.h"
+#include "NewsroomKit/Trackers/Market/QuotePlaces.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
 using namespace std::chrono;
-using newsroom::Instant;
-using newsroom::QuoteRange;
+using kit::Instant;
+using kit::QuoteRange;
 
 constexpr double kLeastGap = 0.19;
 
@@ -45,7 +45,7 @@ QString labelOf(Instant time, QuoteRange range) {
 }
 
 /// The full hours of the user's clock in a session.
-std::vector<ChartTick> hours(const newsroom::StockQuote& quote) {
+std::vector<ChartTick> hours(const kit::StockQuote& quote) {
     const auto open = *quote.sessionOpen;
     const duration<double> whole = *quote.sessionClose - open;
     std::vector<ChartTick> ticks;
@@ -65,11 +65,10 @@ std::vector<ChartTick> hours(const newsroom::StockQuote& quote) {
 
 }  // namespace
 
-std::vector<ChartTick> timeTicks(const newsroom::StockQuote& quote,
-                                 const std::vector<double>& places) {
-    const auto range = newsroom::enumFromRaw<QuoteRange>(quote.range).value_or(QuoteRange::month);
+std::vector<ChartTick> timeTicks(const kit::StockQuote& quote, const std::vector<double>& places) {
+    const auto range = kit::enumFromRaw<QuoteRange>(quote.range).value_or(QuoteRange::month);
     std::vector<ChartTick> all;
-    if (newsroom::isWithinSession(quote)) {
+    if (kit::isWithinSession(quote)) {
         all = hours(quote);
     } else {
         for (std::size_t i = 0; i < places.size(); ++i) {
@@ -87,4 +86,4 @@ std::vector<ChartTick> timeTicks(const newsroom::StockQuote& quote,
     return apart;
 }
 
-}  // namespace desk
+}  // namespace app

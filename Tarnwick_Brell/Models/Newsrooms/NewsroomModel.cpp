@@ -4,25 +4,25 @@
 #include <chrono>
 #include <utility>
 
-#include "Tarnwick_Brell/Models/Panels/NewsGatherer.h"
+#include "Tarnwick_Brell/Models/Panels/PanelStoryCollector.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
-#include "Tarnwick_Brell/Text/ShownText.h"
-#include "Tarnwick_Brell/Text/TimeText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
 
-namespace desk {
+namespace app {
 
 using namespace std::chrono_literals;
 
 NewsroomModel::NewsroomModel(const PanelStores& stores, QObject* parent)
     : QAbstractListModel(parent), stores_(stores) {
-    stores_.gatherer = std::make_shared<NewsGatherer>(stores.news, stores.clock);
+    stores_.gatherer = std::make_shared<PanelStoryCollector>(stores.news, stores.clock);
     connect(&minute_, &QTimer::timeout, this, &NewsroomModel::tick);
     minute_.start(30s);
 }
 
 NewsroomModel::~NewsroomModel() = default;
 
-void NewsroomModel::show(const newsroom::NewsroomSpec& spec) {
+void NewsroomModel::show(const kit::NewsroomSpec& spec) {
     if (spec == spec_ && fault_.isEmpty()) return;
     std::vector<Panel> panels;
     for (const auto& panel : spec.panels) {
@@ -43,7 +43,7 @@ void NewsroomModel::show(const newsroom::NewsroomSpec& spec) {
     replace(std::move(panels));
 }
 
-void NewsroomModel::show(const DeskPage& page) {
+void NewsroomModel::show(const BuiltInPage& page) {
     std::vector<Panel> panels;
     for (const auto& panel : page.panels) panels.push_back(make(panel));
     spec_ = {};
@@ -77,24 +77,23 @@ void NewsroomModel::replace(std::vector<Panel> panels) {
     emit specChanged();
 }
 
-NewsroomModel::Panel NewsroomModel::make(const newsroom::PanelSpec& spec,
-                                         const newsroom::StoryQuery& query) {
+NewsroomModel::Panel NewsroomModel::make(const kit::PanelSpec& spec, const kit::StoryQuery& query) {
     return {spec, query, plainText(kindRow(spec.kind).symbol),
             heard(makePanelContent(stores_, spec, query))};
 }
 
-NewsroomModel::Panel NewsroomModel::make(const DeskPage::Panel& panel) {
-    const bool isOfNewsrooms = panel.kind <= PanelContent::kLastOfNewsrooms;
-    newsroom::PanelSpec spec{.title = panel.title.toStdString(), .frame = panel.frame};
-    if (isOfNewsrooms) spec.kind = static_cast<newsroom::PanelKind>(panel.kind);
-    auto content = isOfNewsrooms ? makePanelContent(stores_, spec, {})
-                                 : makePageContent(stores_, panel.kind);
+NewsroomModel::Panel NewsroomModel::make(const BuiltInPage::Panel& panel) {
+    const bool isOfNewsrooms = panel.kind <= PanelModel::kLastOfNewsrooms;
+    kit::PanelSpec spec{.title = panel.title.toStdString(), .frame = panel.frame};
+    if (isOfNewsrooms) spec.kind = static_cast<kit::PanelKind>(panel.kind);
+    auto content =
+        isOfNewsrooms ? makePanelContent(stores_, spec, {}) : makePageContent(stores_, panel.kind);
     return {spec, {}, panel.symbol, heard(std::move(content))};
 }
 
-std::unique_ptr<PanelContent> NewsroomModel::heard(std::unique_ptr<PanelContent> content) {
-    connect(content.get(), &PanelContent::storyWanted, this, &NewsroomModel::storyWanted);
-    connect(content.get(), &PanelContent::linkWanted, this, &NewsroomModel::linkWanted);
+std::unique_ptr<PanelModel> NewsroomModel::heard(std::unique_ptr<PanelModel> content) {
+    connect(content.get(), &PanelModel::storyWanted, this, &NewsroomModel::storyWanted);
+    connect(content.get(), &PanelModel::linkWanted, this, &NewsroomModel::linkWanted);
     return content;
 }
 
@@ -132,8 +131,8 @@ QVariant NewsroomModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> NewsroomModel::roleNames() const {
-    return {{PanelTitle, "title"}, {Symbol, "symbol"}, {Column, "column"}, {Row, "row"},
+    return {{PanelTitle, "title"}, {Symbol, "symbol"}, {Column, "column"},  {Row, "row"},
             {Width, "columns"},    {Height, "rows"},   {Content, "content"}};
 }
 
-}  // namespace desk
+}  // namespace app

@@ -9,13 +9,13 @@
 #include <qqmlregistration.h>
 
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
-#include "Tarnwick_Brell/Models/Newsrooms/DeskPage.h"
-#include "Tarnwick_Brell/Models/Panels/PanelContent.h"
+#include "Tarnwick_Brell/Models/Newsrooms/BuiltInPage.h"
+#include "Tarnwick_Brell/Models/Panels/PanelModel.h"
 
-namespace desk {
+namespace app {
 
-/// The newsroom that is shown, or a page of the desk in its place: a list of its panels, with their places on the grid and what
-/// they say.
+/// The newsroom that is shown, or a page of the desk in its place: a list of its panels, with their
+/// places on the grid and what they say.
 class NewsroomModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -33,8 +33,8 @@ public:
     ~NewsroomModel() override;
 
     /// Panels that stay as they are keep their content.
-    void show(const newsroom::NewsroomSpec& spec);
-    void show(const DeskPage& page);
+    void show(const kit::NewsroomSpec& spec);
+    void show(const BuiltInPage& page);
     /// Instead of one that can't be read.
     void showFault(const QString& name, const QString& fault);
     void clear();
@@ -59,24 +59,24 @@ signals:
 
 private:
     struct Panel {
-        newsroom::PanelSpec spec;
-        newsroom::StoryQuery query;
+        kit::PanelSpec spec;
+        kit::StoryQuery query;
         QString symbol;
-        std::unique_ptr<PanelContent> content;
+        std::unique_ptr<PanelModel> content;
     };
 
-    Panel make(const newsroom::PanelSpec& spec, const newsroom::StoryQuery& query);
-    Panel make(const DeskPage::Panel& panel);
-    std::unique_ptr<PanelContent> heard(std::unique_ptr<PanelContent> content);
+    Panel make(const kit::PanelSpec& spec, const kit::StoryQuery& query);
+    Panel make(const BuiltInPage::Panel& panel);
+    std::unique_ptr<PanelModel> heard(std::unique_ptr<PanelModel> content);
     void replace(std::vector<Panel> panels);
     void tick();
 
     PanelStores stores_;
-    newsroom::NewsroomSpec spec_;  ///< that is shown; nobody's while a page is
+    kit::NewsroomSpec spec_;  ///< that is shown; nobody's while a page is
     QString title_;
     QString fault_;
     std::vector<Panel> panels_;
     QTimer minute_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -5,15 +5,15 @@
 #include <QCoreApplication>
 #include <QStringList>
 
-#include "Tarnwick_Brell/Text/ShownText.h"
-#include "Tarnwick_Brell/Text/TimeText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
-using newsroom::Instant;
-using newsroom::StoryMention;
+using kit::Instant;
+using kit::StoryMention;
 
 constexpr std::size_t kNamedSources = 2;
 constexpr int kTermCharacters = 40;
@@ -51,10 +51,12 @@ QString sourcesText(const std::vector<StoryMention>& outlets, Instant now) {
     return parts.join(QStringLiteral(" · "));
 }
 
-QString termsText(const newsroom::StoryQuery& query) {
+QString termsText(const kit::StoryQuery& query) {
     if (query.anyTerms.empty()) return {};
     const auto first = titleText(query.anyTerms.front(), kTermCharacters);
-    return (query.anyTerms.size() == 1 ? PanelText::tr("“%1”") : PanelText::tr("“%1” or the other words")).arg(first);
+    return (query.anyTerms.size() == 1 ? PanelText::tr("“%1”")
+                                       : PanelText::tr("“%1” or the other words"))
+        .arg(first);
 }
 
 QString spokenRow(const QStringList& parts) {
@@ -65,4 +67,4 @@ QString spokenRow(const QStringList& parts) {
     return spoken.join(QStringLiteral(", "));
 }
 
-}  // namespace desk
+}  // namespace app

@@ -9,18 +9,18 @@
 #include "NewsroomKit/Queries/StoryQuery.h"
 
 /// Stories and outlets in the words of panels.
-namespace desk {
+namespace app {
 
 /// "14 min before MacRumors"; "also MacRumors" where it can't be told who was first.
-QString leadText(const newsroom::StoryMention& first, const newsroom::StoryMention& second);
+QString leadText(const kit::StoryMention& first, const kit::StoryMention& second);
 
 /// "Bloomberg 14:03 · Reuters 14:24 · 4 more"
-QString sourcesText(const std::vector<newsroom::StoryMention>& outlets, newsroom::Instant now);
+QString sourcesText(const std::vector<kit::StoryMention>& outlets, kit::Instant now);
 
 /// "“visionOS”", "“visionOS” or the other words"; empty when the query asks for none.
-QString termsText(const newsroom::StoryQuery& query);
+QString termsText(const kit::StoryQuery& query);
 
 /// What a screen reader says of a row: its parts that are not empty.
 QString spokenRow(const QStringList& parts);
 
-}  // namespace desk
+}  // namespace app

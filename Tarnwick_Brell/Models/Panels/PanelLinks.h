@@ -4,9 +4,9 @@
 
 #include <QString>
 
-#include "Tarnwick_Brell/Text/ShownText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
 
-namespace desk {
+namespace app {
 
 /// A tracker's address as a link, or nothing when it leads anywhere but to a web page.
 inline QString webLink(std::string_view address) {
@@ -14,4 +14,4 @@ inline QString webLink(std::string_view address) {
                                                                              : QString();
 }
 
-}  // namespace desk
+}  // namespace app

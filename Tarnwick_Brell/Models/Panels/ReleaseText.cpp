@@ -5,9 +5,9 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 
-#include "Tarnwick_Brell/Text/ShownText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -32,13 +32,13 @@ QString shortStage(const QString& stage) {
 
 }  // namespace
 
-QString versionText(const newsroom::SoftwareRelease& release) {
+QString versionText(const kit::SoftwareRelease& release) {
     const auto version = titleText(release.version, kLongestStage);
     return (version + u' ' + shortStage(titleText(release.stage, kLongestStage))).trimmed();
 }
 
-bool isNewBuild(const newsroom::SoftwareRelease& release, newsroom::Instant now) {
+bool isNewBuild(const kit::SoftwareRelease& release, kit::Instant now) {
     return now - release.published < kNewFor;
 }
 
-}  // namespace desk
+}  // namespace app

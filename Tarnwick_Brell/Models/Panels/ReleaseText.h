@@ -2,15 +2,15 @@
 
 #include <QString>
 
-#include "NewsroomKit/Trackers/SoftwareRelease.h"
+#include "NewsroomKit/Trackers/Releases/SoftwareRelease.h"
 
 /// Builds in words.
-namespace desk {
+namespace app {
 
 /// "26.6 b1", "26.6 RC", "26.6"; the stage as the service has it when it is another.
-QString versionText(const newsroom::SoftwareRelease& release);
+QString versionText(const kit::SoftwareRelease& release);
 
 /// Published within the last three days.
-bool isNewBuild(const newsroom::SoftwareRelease& release, newsroom::Instant now);
+bool isNewBuild(const kit::SoftwareRelease& release, kit::Instant now);
 
-}  // namespace desk
+}  // namespace app

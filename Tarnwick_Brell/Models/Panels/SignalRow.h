@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QString>
 
-namespace desk {
+namespace app {
 
 /// A line about firmware or updates.
 struct SignalRow {
@@ -24,4 +24,4 @@ public:
     bool operator==(const SignalRow&) const = default;
 };
 
-}  // namespace desk
+}  // namespace app

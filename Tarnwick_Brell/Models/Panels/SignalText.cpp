@@ -7,9 +7,9 @@
 #include <QLocale>
 #include <QStringList>
 
-#include "Tarnwick_Brell/Text/ShownText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -28,9 +28,9 @@ QString buildText(const std::string& version, const std::string& build) {
                                          titleText(build, kLongestBuild));
 }
 
-QString appleDayText(newsroom::Instant day, newsroom::Instant now) {
+QString appleDayText(kit::Instant day, kit::Instant now) {
     // Midnight of New York or of Greenwich: in both cases still that day in Greenwich.
-    const auto date = [](newsroom::Instant instant) {
+    const auto date = [](kit::Instant instant) {
         const auto passed = std::chrono::floor<std::chrono::days>(instant.time_since_epoch());
         return QDate(1970, 1, 1).addDays(passed.count());
     };
@@ -71,4 +71,4 @@ TrackerReading<std::size_t> signingOfAll(const SignalsStore& store) {
     return all;
 }
 
-}  // namespace desk
+}  // namespace app

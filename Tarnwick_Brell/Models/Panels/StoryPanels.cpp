@@ -1,27 +1,27 @@
-#include "Tarnwick_Brell/Models/Panels/BriefPanel.h"
-#include "Tarnwick_Brell/Models/Panels/ClaimsPanel.h"
-#include "Tarnwick_Brell/Models/Panels/CoveragePanel.h"
+#include "Tarnwick_Brell/Models/Panels/BriefPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ClaimsPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/CoveragePanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
-#include "Tarnwick_Brell/Models/Panels/ScoopsPanel.h"
-#include "Tarnwick_Brell/Models/Panels/StoryPanel.h"
-#include "Tarnwick_Brell/Models/Panels/TopStoriesPanel.h"
+#include "Tarnwick_Brell/Models/Panels/ScoopsPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/StoryPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/TopStoriesPanelModel.h"
 
-namespace desk {
+namespace app {
 
-std::unique_ptr<PanelContent> makeStoryPanel(const PanelStores& stores,
-                                             const newsroom::PanelSpec& panel,
-                                             const newsroom::StoryQuery& query) {
-    using newsroom::PanelKind;
+std::unique_ptr<PanelModel> makeStoryPanel(const PanelStores& stores, const kit::PanelSpec& panel,
+                                           const kit::StoryQuery& query) {
+    using kit::PanelKind;
     switch (panel.kind) {
         case PanelKind::stream:
-        case PanelKind::apple: return std::make_unique<StoryPanel>(stores, panel, query);
-        case PanelKind::brief: return std::make_unique<BriefPanel>(stores, panel, query);
-        case PanelKind::topStories: return std::make_unique<TopStoriesPanel>(stores, panel, query);
-        case PanelKind::claims: return std::make_unique<ClaimsPanel>(stores, panel, query);
-        case PanelKind::coverage: return std::make_unique<CoveragePanel>(stores, panel, query);
-        case PanelKind::scoops: return std::make_unique<ScoopsPanel>(stores, panel, query);
+        case PanelKind::apple: return std::make_unique<StoryPanelModel>(stores, panel, query);
+        case PanelKind::brief: return std::make_unique<BriefPanelModel>(stores, panel, query);
+        case PanelKind::topStories:
+            return std::make_unique<TopStoriesPanelModel>(stores, panel, query);
+        case PanelKind::claims: return std::make_unique<ClaimsPanelModel>(stores, panel, query);
+        case PanelKind::coverage: return std::make_unique<CoveragePanelModel>(stores, panel, query);
+        case PanelKind::scoops: return std::make_unique<ScoopsPanelModel>(stores, panel, query);
         default: return nullptr;
     }
 }
 
-}  // namespace desk
+}  // namespace app

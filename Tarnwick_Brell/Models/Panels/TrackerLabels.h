@@ -3,10 +3,10 @@
 #include <QObject>
 #include <qqmlregistration.h>
 
-#include "Tarnwick_Brell/Text/PriceText.h"
+#include "Tarnwick_Brell/Presentation/PriceText.h"
 
 /// What views colour in trackers.
-namespace desk {
+namespace app {
 
 /// Which way a price has gone.
 namespace PriceMove {
@@ -40,4 +40,4 @@ Q_ENUM_NS(Value)
 
 }  // namespace ProblemLevel
 
-}  // namespace desk
+}  // namespace app

@@ -1,36 +1,36 @@
-#include "Tarnwick_Brell/Models/Panels/BackendPanel.h"
-#include "Tarnwick_Brell/Models/Panels/ChartPanel.h"
-#include "Tarnwick_Brell/Models/Panels/CountdownPanel.h"
+#include "Tarnwick_Brell/Models/Panels/BackendPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ChartPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/CountdownPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
-#include "Tarnwick_Brell/Models/Panels/RecordsPanel.h"
-#include "Tarnwick_Brell/Models/Panels/ReleasesPanel.h"
-#include "Tarnwick_Brell/Models/Panels/SignedPanel.h"
-#include "Tarnwick_Brell/Models/Panels/SoftwarePanel.h"
-#include "Tarnwick_Brell/Models/Panels/StatusPanel.h"
-#include "Tarnwick_Brell/Models/Panels/StockPanel.h"
-#include "Tarnwick_Brell/Models/Panels/SuppliersPanel.h"
+#include "Tarnwick_Brell/Models/Panels/RecordsPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ReleasesPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/SignedPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/SoftwarePanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/StatusPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/StockPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/SuppliersPanelModel.h"
 
-namespace desk {
+namespace app {
 
-std::unique_ptr<PanelContent> makeTrackerPanel(const PanelStores& stores,
-                                               const newsroom::PanelSpec& panel) {
-    using newsroom::PanelKind;
+std::unique_ptr<PanelModel> makeTrackerPanel(const PanelStores& stores,
+                                             const kit::PanelSpec& panel) {
+    using kit::PanelKind;
     switch (panel.kind) {
-        case PanelKind::countdown: return std::make_unique<CountdownPanel>(stores, panel);
-        case PanelKind::stock: return std::make_unique<StockPanel>(stores, panel);
-        case PanelKind::software: return std::make_unique<SoftwarePanel>(stores, panel);
-        case PanelKind::status: return std::make_unique<StatusPanel>(stores, panel);
-        case PanelKind::suppliers: return std::make_unique<SuppliersPanel>(stores, panel);
-        case PanelKind::backend: return std::make_unique<BackendPanel>(stores, panel);
-        case PanelKind::records: return std::make_unique<RecordsPanel>(stores, panel);
-        case PanelKind::releases: return std::make_unique<ReleasesPanel>(stores, panel);
+        case PanelKind::countdown: return std::make_unique<CountdownPanelModel>(stores, panel);
+        case PanelKind::stock: return std::make_unique<StockPanelModel>(stores, panel);
+        case PanelKind::software: return std::make_unique<SoftwarePanelModel>(stores, panel);
+        case PanelKind::status: return std::make_unique<StatusPanelModel>(stores, panel);
+        case PanelKind::suppliers: return std::make_unique<SuppliersPanelModel>(stores, panel);
+        case PanelKind::backend: return std::make_unique<BackendPanelModel>(stores, panel);
+        case PanelKind::records: return std::make_unique<RecordsPanelModel>(stores, panel);
+        case PanelKind::releases: return std::make_unique<ReleasesPanelModel>(stores, panel);
         default: return nullptr;
     }
 }
 
-std::unique_ptr<PanelContent> makePageContent(const PanelStores& stores, PanelContent::Kind kind) {
-    if (kind == PanelContent::SignedBuilds) return std::make_unique<SignedPanel>(stores);
-    return std::make_unique<ChartPanel>(stores, kind);
+std::unique_ptr<PanelModel> makePageContent(const PanelStores& stores, PanelModel::Kind kind) {
+    if (kind == PanelModel::SignedBuilds) return std::make_unique<SignedPanelModel>(stores);
+    return std::make_unique<ChartPanelModel>(stores, kind);
 }
 
-}  // namespace desk
+}  // namespace app

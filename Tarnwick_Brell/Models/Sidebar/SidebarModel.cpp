@@ -7,17 +7,17 @@
 #include <QLocale>
 
 #include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
-#include "NewsroomKit/Trackers/AppleServiceStatus.h"
-#include "Tarnwick_Brell/Models/Sidebar/TrackerPlaces.h"
-#include "Tarnwick_Brell/Text/ShownText.h"
+#include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
+#include "Tarnwick_Brell/Models/Sidebar/TrackerPages.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
 using namespace std::chrono_literals;
-using Category = newsroom::NewsSource::Category;
-using Kind = Place::Kind;
+using Category = kit::NewsSource::Category;
+using Kind = Destination::Kind;
 
 constexpr auto kRebuildPause = 60ms;
 
@@ -29,14 +29,14 @@ QString groupKey(Category category) {
 
 int problemsIn(const TrackerReading<TrackerStore::Services>& reading) {
     if (!reading.value) return 0;
-    return static_cast<int>(newsroom::AppleServiceStatus::ongoingReports(*reading.value).size());
+    return static_cast<int>(kit::AppleServiceStatus::ongoingReports(*reading.value).size());
 }
 
 SidebarRow section(const QString& title) {
     return {.kind = SidebarKind::Section, .title = title, .spokenText = title};
 }
 
-SidebarRow itemRow(const Place& place, const QString& title, QString symbol, int count = 0,
+SidebarRow itemRow(const Destination& place, const QString& title, QString symbol, int count = 0,
                    const QString& spokenCount = {}) {
     return {.key = place.key(),
             .title = title,
@@ -76,7 +76,7 @@ SidebarModel::SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStor
     connect(&newsrooms, &NewsroomStore::newsroomsChanged, this, later);
     connect(&newsrooms, &NewsroomStore::beatsChanged, this, later);
     connect(&trackers, &TrackerStore::statusChanged, this, later);
-    connect(&tally_, &UnreadTally::changed, this, later);
+    connect(&tally_, &UnreadCounts::changed, this, later);
     rebuild();
 }
 
@@ -102,7 +102,8 @@ void SidebarModel::addNewsrooms(std::vector<SidebarRow>& rows) const {
     for (const auto& entry : newsrooms_.newsrooms().entries()) {
         const auto symbol = entry.value ? plainText(entry.value->symbol)
                                         : QStringLiteral("exclamationmark.triangle");
-        rows.push_back(itemRow({Kind::newsroom, plainText(entry.id)}, titleText(entry.name), symbol));
+        rows.push_back(
+            itemRow({Kind::newsroom, plainText(entry.id)}, titleText(entry.name), symbol));
     }
 }
 
@@ -122,7 +123,7 @@ void SidebarModel::addBeats(std::vector<SidebarRow>& rows) const {
     if (newsrooms_.beats().entries().empty()) return;
     rows.push_back(section(tr("Beats")));
     for (const auto& entry : newsrooms_.beats().entries()) {
-        const bool isPlain = entry.value && entry.value->symbol == newsroom::NewsroomSymbols::fallback;
+        const bool isPlain = entry.value && entry.value->symbol == kit::NewsroomSymbols::fallback;
         const auto symbol = !entry.value ? QStringLiteral("exclamationmark.triangle")
                             : isPlain    ? QStringLiteral("number")
                                          : plainText(entry.value->symbol);
@@ -134,7 +135,7 @@ void SidebarModel::addBeats(std::vector<SidebarRow>& rows) const {
 
 void SidebarModel::addSources(std::vector<SidebarRow>& rows) const {
     rows.push_back(section(tr("Sources")));
-    for (const auto& category : newsroom::enumTable<Category>) {
+    for (const auto& category : kit::enumTable<Category>) {
         std::vector<SidebarRow> members;
         int unread = 0;
         for (const auto& source : desk_.sources()) {
@@ -157,14 +158,14 @@ void SidebarModel::addSources(std::vector<SidebarRow>& rows) const {
     }
 }
 
-SidebarRow SidebarModel::sourceRow(const newsroom::NewsSource& source) const {
+SidebarRow SidebarModel::sourceRow(const kit::NewsSource& source) const {
     const auto unread = tally_.ofSource(source.id);
     const auto mark = markOf(source.id);
     const auto name = titleText(source.name);
     auto spoken = tr("%1, %2").arg(name, markName(mark));
     if (unread > 0) spoken = tr("%1, %n unread", nullptr, unread).arg(spoken);
     return {.kind = SidebarKind::Source,
-            .key = Place{Kind::source, plainText(source.id)}.key(),
+            .key = Destination{Kind::source, plainText(source.id)}.key(),
             .title = name,
             .count = countText(unread),
             .mark = mark,
@@ -196,7 +197,8 @@ void SidebarModel::addTrackers(std::vector<SidebarRow>& rows) const {
     for (const auto& tracker : trackerPlaces()) {
         int problems = 0;
         if (tracker.id == "status") {
-            problems = problemsIn(trackers_.consumerStatus()) + problemsIn(trackers_.developerStatus());
+            problems =
+                problemsIn(trackers_.consumerStatus()) + problemsIn(trackers_.developerStatus());
         }
         rows.push_back(itemRow({Kind::tracker, plainText(tracker.id)}, titleOf(tracker),
                                plainText(tracker.symbol), problems,
@@ -226,7 +228,7 @@ std::vector<SidebarModel::Destination> SidebarModel::destinations() const {
     addTrackers(rows);
     std::vector<Destination> destinations;
     for (const auto& row : rows) {
-        if (const auto place = Place::fromKey(row.key)) {
+        if (const auto place = Destination::fromKey(row.key)) {
             const auto symbol = row.kind == SidebarKind::Source
                                     ? QStringLiteral("dot.radiowaves.left.and.right")
                                     : row.symbol;
@@ -238,7 +240,8 @@ std::vector<SidebarModel::Destination> SidebarModel::destinations() const {
 
 int SidebarModel::currentRow() const {
     const auto& rows = rows_.rows();
-    const auto row = std::find_if(rows.begin(), rows.end(), [](auto& each) { return each.isCurrent; });
+    const auto row =
+        std::find_if(rows.begin(), rows.end(), [](auto& each) { return each.isCurrent; });
     return row == rows.end() ? -1 : static_cast<int>(row - rows.begin());
 }
 
@@ -247,25 +250,27 @@ void SidebarModel::setCurrent(const QString& key) {
     rebuild();
 }
 
-std::optional<Place> SidebarModel::neighbour(int step) const {
+std::optional<Destination> SidebarModel::neighbour(int step) const {
     const auto& rows = rows_.rows();
     for (int row = currentRow() + step; row >= 0 && row < std::ssize(rows); row += step) {
-        if (const auto place = Place::fromKey(rows[static_cast<std::size_t>(row)].key)) return place;
+        if (const auto place = Destination::fromKey(rows[static_cast<std::size_t>(row)].key))
+            return place;
     }
     return std::nullopt;
 }
 
-std::optional<Place> SidebarModel::item(int n) const {
+std::optional<Destination> SidebarModel::item(int n) const {
     for (const auto& row : rows_.rows()) {
         if (row.kind != SidebarKind::Item) continue;
-        if (--n == 0) return Place::fromKey(row.key);
+        if (--n == 0) return Destination::fromKey(row.key);
     }
     return std::nullopt;
 }
 
 void SidebarModel::activate(const QString& key) {
     const auto& rows = rows_.rows();
-    const auto row = std::find_if(rows.begin(), rows.end(), [&](auto& each) { return each.key == key; });
+    const auto row =
+        std::find_if(rows.begin(), rows.end(), [&](auto& each) { return each.key == key; });
     if (row == rows.end()) return;
     if (row->kind == SidebarKind::Group) {
         setExpanded(key, !row->isExpanded);
@@ -287,7 +292,7 @@ void SidebarModel::setExpanded(const QString& key, bool expanded) {
 
 QStringList SidebarModel::groupsClosedAtFirst() {
     QStringList keys;
-    for (const auto& category : newsroom::enumTable<Category>) {
+    for (const auto& category : kit::enumTable<Category>) {
         const bool isOpen = category.value == Category::press || category.value == Category::custom;
         if (!isOpen) keys.push_back(groupKey(category.value));
     }
@@ -299,4 +304,4 @@ void SidebarModel::setClosedGroups(const QStringList& keys) {
     rebuild();
 }
 
-}  // namespace desk
+}  // namespace app

@@ -13,13 +13,13 @@
 #include <qqmlregistration.h>
 
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
-#include "Tarnwick_Brell/Models/Rows/RowsModel.h"
-#include "Tarnwick_Brell/Models/Sidebar/Place.h"
-#include "Tarnwick_Brell/Models/Sidebar/UnreadTally.h"
+#include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
+#include "Tarnwick_Brell/Models/Sidebar/Destination.h"
+#include "Tarnwick_Brell/Models/Sidebar/UnreadCounts.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
-namespace desk {
+namespace app {
 
 /// How the fetching of a source goes, as its mark shows it.
 namespace SourceMark {
@@ -49,12 +49,12 @@ Q_ENUM_NS(Value)
 
 struct SidebarRow {
     Q_GADGET
-    Q_PROPERTY(desk::SidebarKind::Value kind MEMBER kind)
+    Q_PROPERTY(app::SidebarKind::Value kind MEMBER kind)
     Q_PROPERTY(QString key MEMBER key)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QString symbol MEMBER symbol)
     Q_PROPERTY(QString count MEMBER count)
-    Q_PROPERTY(desk::SourceMark::Value mark MEMBER mark)
+    Q_PROPERTY(app::SourceMark::Value mark MEMBER mark)
     Q_PROPERTY(bool isExpanded MEMBER isExpanded)
     Q_PROPERTY(bool isCurrent MEMBER isCurrent)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
@@ -90,7 +90,7 @@ public:
 
     /// A place that can be opened, for those who list places elsewhere too.
     struct Destination {
-        Place place;
+        Destination place;
         QString title;
         QString symbol;
     };
@@ -107,9 +107,9 @@ public:
     static QStringList groupsClosedAtFirst();
 
     /// The place of the row before or after the current one.
-    std::optional<Place> neighbour(int step) const;
+    std::optional<Destination> neighbour(int step) const;
     /// The place of the n-th item, counted from 1.
-    std::optional<Place> item(int n) const;
+    std::optional<Destination> item(int n) const;
 
     /// A click on a row, by its key: groups open and close, places are gone to.
     Q_INVOKABLE void activate(const QString& key);
@@ -128,7 +128,7 @@ private:
     void addBeats(std::vector<SidebarRow>& rows) const;
     void addSources(std::vector<SidebarRow>& rows) const;
     void addTrackers(std::vector<SidebarRow>& rows) const;
-    SidebarRow sourceRow(const newsroom::NewsSource& source) const;
+    SidebarRow sourceRow(const kit::NewsSource& source) const;
     SourceMark::Value markOf(const std::string& sourceID) const;
     QString hintOf(const std::string& id) const;
     QString footText() const;
@@ -136,12 +136,12 @@ private:
     NewsDesk& desk_;
     NewsroomStore& newsrooms_;
     TrackerStore& trackers_;
-    UnreadTally tally_;
-    RowsModel<SidebarRow> rows_;
+    UnreadCounts tally_;
+    GadgetListModel<SidebarRow> rows_;
     QString current_;
     QStringList closed_;
     QString foot_;
     QTimer soon_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -6,14 +6,14 @@
 #include <QTimer>
 #include <QUrl>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Editorial/LabelReasons.h"
 #include "NewsroomKit/Panels/PanelStory.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
-#include "Tarnwick_Brell/Text/ShownText.h"
-#include "Tarnwick_Brell/Text/TimeText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -26,12 +26,13 @@ constexpr int kReaderTextCharacters = 4000;
 /// label itself stands beside it as a badge.
 QString withoutLabel(const std::string& sentence) {
     auto text = plainText(sentence);
-    if (const auto colon = text.indexOf(QStringLiteral(": ")); colon >= 0) text.remove(0, colon + 2);
+    if (const auto colon = text.indexOf(QStringLiteral(": ")); colon >= 0)
+        text.remove(0, colon + 2);
     if (!text.isEmpty()) text[0] = text[0].toUpper();
     return text;
 }
 
-QString leadText(newsroom::Instant::duration lead) {
+QString leadText(kit::Instant::duration lead) {
     return lead < 1min ? ReaderModel::tr("same time") : u'+' + spanText(lead);
 }
 
@@ -44,13 +45,13 @@ QString openable(const QString& link) {
     return isWeb && !url.host().isEmpty() ? link : QString();
 }
 
-ReaderModel::ReaderModel(NewsDesk& desk, const Defaults& defaults,
-                         newsroom::FeedClient::Clock clock, QObject* parent)
+ReaderModel::ReaderModel(NewsDesk& desk, const Defaults& defaults, kit::Clock clock,
+                         QObject* parent)
     : QObject(parent),
       desk_(desk),
       clock_(std::move(clock)),
       trace_(desk, defaults, clock_),
-      mailbox_(std::make_shared<Mailbox>()) {
+      mailbox_(std::make_shared<MainThreadQueue>()) {
     connect(&desk, &NewsDesk::wireChanged, this, &ReaderModel::follow);
     connect(&desk, &NewsDesk::marksChanged, this, &ReaderModel::marksChanged);
     connect(&desk, &NewsDesk::clustersChanged, this, &ReaderModel::readTimeline);
@@ -109,7 +110,8 @@ void ReaderModel::readCredits() {
             if (credit.url) row.link = openable(plainText(*credit.url));
             if (credit.detail) row.detail = u'“' + titleText(*credit.detail, 60) + u'”';
             if (credit.platform) row.detail = tr("post on %1").arg(titleText(*credit.platform, 30));
-            if (credit.postedAt) row.detail += QStringLiteral(", ") + momentText(*credit.postedAt, clock_());
+            if (credit.postedAt)
+                row.detail += QStringLiteral(", ") + momentText(*credit.postedAt, clock_());
             rows.push_back(std::move(row));
         }
     }
@@ -118,15 +120,16 @@ void ReaderModel::readCredits() {
 
 void ReaderModel::askForWordings() {
     const auto number = stored_->number;
-    const auto read = [this, number, mailbox = mailbox_](DeskWorker::Bench& bench) {
-        auto wordings = bench.store.stories().earlierWordings(number);
+    const auto read = [this, number, mailbox = mailbox_](DeskWorker::WorkerContext& context) {
+        auto wordings = context.store.stories().earlierWordings(number);
         if (wordings.empty()) return;
         mailbox->send([this, number, wordings = std::move(wordings)] {
             if (this->number() != number) return;
             std::vector<WordingRow> rows;
             for (const auto& wording : wordings) {
-                rows.push_back({.until = tr("Until %1").arg(momentText(wording.replacedAt, clock_())),
-                                .title = titleText(wording.title, kReaderTitleCharacters)});
+                rows.push_back(
+                    {.until = tr("Until %1").arg(momentText(wording.replacedAt, clock_())),
+                     .title = titleText(wording.title, kReaderTitleCharacters)});
             }
             wordings_.setRows(std::move(rows));
         });
@@ -146,14 +149,14 @@ void ReaderModel::readTimeline() {
         return std::find(ids.begin(), ids.end(), id) != ids.end();
     });
     if (stored_ && own != clusters.end()) {
-        std::optional<newsroom::Instant> first, second;
+        std::optional<kit::Instant> first, second;
         for (const auto& member : own->storyIDs) {
             const auto* packed = desk_.stories().find(member);
             if (!packed) continue;
             const auto told = packed->unpacked().story;
             TimelineRow row{.storyID = plainText(told.id),
                             .time = momentText(told.publishedAt, clock_()),
-                            .outlet = titleText(newsroom::outletOf(told), 60),
+                            .outlet = titleText(kit::outletOf(told), 60),
                             .title = titleText(told.title, kTitleCharacters),
                             .isFirst = !first,
                             .isThis = told.id == id};
@@ -208,16 +211,16 @@ QString ReaderModel::sourcingLabel() const {
 
 QString ReaderModel::sourcingReason() const {
     if (!stored_) return {};
-    const auto sentence = newsroom::sourcingReason(story());
-    return story().sourcing == newsroom::Sourcing::unlabeled ? plainText(sentence)
-                                                             : withoutLabel(sentence);
+    const auto sentence = kit::sourcingReason(story());
+    return story().sourcing == kit::Sourcing::unlabeled ? plainText(sentence)
+                                                        : withoutLabel(sentence);
 }
 
 QString ReaderModel::kindLabel() const { return stored_ ? kindText(story().kind) : QString(); }
 
 QString ReaderModel::kindReason() const {
-    if (!stored_ || story().kind == newsroom::StoryKind::coverage) return {};
-    return withoutLabel(newsroom::kindReason(story()));
+    if (!stored_ || story().kind == kit::StoryKind::coverage) return {};
+    return withoutLabel(kit::kindReason(story()));
 }
 
 QString ReaderModel::text() const {
@@ -230,7 +233,7 @@ QString ReaderModel::link() const {
 }
 
 QString ReaderModel::shownLink() const {
-    return plainText(newsroom::maskedLogins(link().toStdString()));
+    return plainText(kit::maskedLogins(link().toStdString()));
 }
 
 bool ReaderModel::isRead() const { return stored_ && desk_.isRead(story().id); }
@@ -238,10 +241,10 @@ bool ReaderModel::isSaved() const { return stored_ && desk_.isSaved(story().id);
 
 QString ReaderModel::citation() const {
     if (!stored_) return {};
-    const auto outlet = titleText(newsroom::outletOf(story()));
+    const auto outlet = titleText(kit::outletOf(story()));
     // Always with the year: a citation is read later.
-    const auto date = shortDayText(story().publishedAt, newsroom::Instant{});
+    const auto date = shortDayText(story().publishedAt, kit::Instant{});
     return tr("“%1”, %2, %3, %4").arg(title(), outlet, date, shownLink());
 }
 
-}  // namespace desk
+}  // namespace app

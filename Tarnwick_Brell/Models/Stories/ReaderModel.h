@@ -10,13 +10,13 @@
 #include <QString>
 #include <qqmlregistration.h>
 
-#include "Tarnwick_Brell/Desk/Mailbox.h"
+#include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
-#include "Tarnwick_Brell/Models/Rows/RowsModel.h"
+#include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
 #include "Tarnwick_Brell/Models/Stories/StoryLabels.h"
 #include "Tarnwick_Brell/Models/Stories/TraceModel.h"
 
-namespace desk {
+namespace app {
 
 /// An outlet, account or document that the story credits.
 struct CreditRow {
@@ -81,7 +81,7 @@ class ReaderModel : public QObject {
     Q_PROPERTY(QString destination READ destination NOTIFY storyChanged)
     Q_PROPERTY(QString author READ author NOTIFY storyChanged)
     Q_PROPERTY(QString published READ published NOTIFY timeChanged)
-    Q_PROPERTY(desk::StorySourcing::Value sourcing READ sourcing NOTIFY storyChanged)
+    Q_PROPERTY(app::StorySourcing::Value sourcing READ sourcing NOTIFY storyChanged)
     Q_PROPERTY(QString sourcingLabel READ sourcingLabel NOTIFY storyChanged)
     Q_PROPERTY(QString sourcingReason READ sourcingReason NOTIFY storyChanged)
     Q_PROPERTY(QString kindLabel READ kindLabel NOTIFY storyChanged)
@@ -95,10 +95,10 @@ class ReaderModel : public QObject {
     Q_PROPERTY(QAbstractListModel* timeline READ timeline CONSTANT)
     Q_PROPERTY(QString timelineTitle READ timelineTitle NOTIFY timelineChanged)
     Q_PROPERTY(QString timelineFact READ timelineFact NOTIFY timelineChanged)
-    Q_PROPERTY(desk::TraceModel* trace READ trace CONSTANT)
+    Q_PROPERTY(app::TraceModel* trace READ trace CONSTANT)
 
 public:
-    ReaderModel(NewsDesk& desk, const Defaults& defaults, newsroom::FeedClient::Clock clock,
+    ReaderModel(NewsDesk& desk, const Defaults& defaults, kit::Clock clock,
                 QObject* parent = nullptr);
     ~ReaderModel() override;
 
@@ -143,7 +143,7 @@ signals:
     void timelineChanged();
 
 private:
-    const newsroom::Story& story() const { return stored_->story; }
+    const kit::Story& story() const { return stored_->story; }
     void readStory();
     void readCredits();
     void askForWordings();
@@ -151,18 +151,18 @@ private:
     void follow(const WireChange& change);
 
     NewsDesk& desk_;
-    newsroom::FeedClient::Clock clock_;
+    kit::Clock clock_;
     std::optional<StoredStory> stored_;
-    RowsModel<CreditRow> credits_;
-    RowsModel<WordingRow> wordings_;
-    RowsModel<TimelineRow> timeline_;
+    GadgetListModel<CreditRow> credits_;
+    GadgetListModel<WordingRow> wordings_;
+    GadgetListModel<TimelineRow> timeline_;
     QString timelineTitle_;
     QString timelineFact_;
     TraceModel trace_;
-    std::shared_ptr<Mailbox> mailbox_;
+    std::shared_ptr<MainThreadQueue> mailbox_;
 };
 
 /// The address when the browser may be given it: http or https. Empty otherwise.
 QString openable(const QString& link);
 
-}  // namespace desk
+}  // namespace app

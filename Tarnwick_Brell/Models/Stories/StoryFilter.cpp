@@ -1,6 +1,6 @@
 #include "Tarnwick_Brell/Models/Stories/StoryFilter.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -35,4 +35,4 @@ LiveQuery::Test StoryFilter::test() const {
     };
 }
 
-}  // namespace desk
+}  // namespace app

@@ -6,19 +6,19 @@
 #include "NewsroomKit/Queries/StoryQuery.h"
 #include "Tarnwick_Brell/Desk/LiveQuery.h"
 
-namespace desk {
+namespace app {
 
 /// Which stories a list shows: those of its place, narrowed by what the reader has chosen.
 struct StoryFilter {
     enum class Marks { any, unread, saved };
 
-    newsroom::StoryQuery query{};  ///< of the place: a beat's, a source's, a panel's
+    kit::StoryQuery query{};  ///< of the place: a beat's, a source's, a panel's
     Marks marks = Marks::any;
     bool isAppleOnly = false;
 
     // The reader's choice; an empty set asks for nothing.
-    std::set<newsroom::StoryKind> kinds{};
-    std::set<newsroom::Sourcing> sourcings{};
+    std::set<kit::StoryKind> kinds{};
+    std::set<kit::Sourcing> sourcings{};
     std::set<std::string, std::less<>> sourceIDs{};
     bool showsSetAside = false;  ///< whatever the query says
 
@@ -30,4 +30,4 @@ struct StoryFilter {
     bool operator==(const StoryFilter&) const = default;
 };
 
-}  // namespace desk
+}  // namespace app

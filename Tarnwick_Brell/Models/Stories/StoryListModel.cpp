@@ -6,10 +6,10 @@
 
 #include "Tarnwick_Brell/Models/Stories/StoryLabels.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
-#include "Tarnwick_Brell/Text/ShownText.h"
-#include "Tarnwick_Brell/Text/TimeText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -30,7 +30,7 @@ std::size_t runsOf(const std::vector<std::size_t>& places) {
 
 }  // namespace
 
-StoryListModel::StoryListModel(NewsDesk& desk, newsroom::FeedClient::Clock clock, QObject* parent)
+StoryListModel::StoryListModel(NewsDesk& desk, kit::Clock clock, QObject* parent)
     : QAbstractListModel(parent), desk_(desk), clock_(std::move(clock)), live_(filter_.test()) {
     filling_.setSingleShot(true);
     connect(&filling_, &QTimer::timeout, this, &StoryListModel::fill);
@@ -368,4 +368,4 @@ QHash<int, QByteArray> StoryListModel::roleNames() const {
             {SpokenText, "spokenText"}};
 }
 
-}  // namespace desk
+}  // namespace app

@@ -14,7 +14,7 @@
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Stories/StoryFilter.h"
 
-namespace desk {
+namespace app {
 
 /// Stories of the wire that a filter wants, newest first: a view on the store, which keeps the
 /// stories. Fills itself between frames and follows the wire by real insertions and removals.
@@ -50,7 +50,7 @@ public:
     };
 
     /// Both must outlive it.
-    StoryListModel(NewsDesk& desk, newsroom::FeedClient::Clock clock, QObject* parent = nullptr);
+    StoryListModel(NewsDesk& desk, kit::Clock clock, QObject* parent = nullptr);
 
     void show(const StoryFilter& filter);
     /// Only stories with these numbers, which somebody else has found; in any order.
@@ -105,7 +105,7 @@ private:
     WireChange placesOf(const std::set<std::int64_t>& numbers) const;
 
     NewsDesk& desk_;
-    newsroom::FeedClient::Clock clock_;
+    kit::Clock clock_;
     StoryFilter filter_;
     LiveQuery live_;
     std::optional<std::set<std::int64_t>> found_;  ///< absent: the whole wire counts
@@ -117,4 +117,4 @@ private:
     QTimer minute_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -3,10 +3,10 @@
 #include <QCoreApplication>
 #include <QStringList>
 
-#include "Tarnwick_Brell/Text/ShownText.h"
-#include "Tarnwick_Brell/Text/TimeText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -19,12 +19,12 @@ QString translated(std::string_view label) { return StoryRow::tr(std::string(lab
 
 }  // namespace
 
-QString kindText(newsroom::StoryKind kind) {
-    return kind == newsroom::StoryKind::coverage ? QString() : translated(label(kind));
+QString kindText(kit::StoryKind kind) {
+    return kind == kit::StoryKind::coverage ? QString() : translated(label(kind));
 }
 
-QString sourcingText(newsroom::Sourcing sourcing) {
-    return sourcing == newsroom::Sourcing::unlabeled ? QString() : translated(label(sourcing));
+QString sourcingText(kit::Sourcing sourcing) {
+    return sourcing == kit::Sourcing::unlabeled ? QString() : translated(label(sourcing));
 }
 
 QString destinationText(const PackedStory& story) {
@@ -33,7 +33,7 @@ QString destinationText(const PackedStory& story) {
     return isSame ? QString() : name;
 }
 
-QString spokenText(const PackedStory& story, newsroom::Instant now) {
+QString spokenText(const PackedStory& story, kit::Instant now) {
     QStringList parts;
     if (!story.isRead()) parts << StoryRow::tr("Unread");
     if (story.isSaved()) parts << StoryRow::tr("Saved");
@@ -45,4 +45,4 @@ QString spokenText(const PackedStory& story, newsroom::Instant now) {
     return parts.join(QStringLiteral(", "));
 }
 
-}  // namespace desk
+}  // namespace app

@@ -5,19 +5,19 @@
 #include "Tarnwick_Brell/Desk/PackedStory.h"
 
 /// What a row of the wire says in words.
-namespace desk {
+namespace app {
 
 inline constexpr int kTitleCharacters = 300;
 inline constexpr int kExcerptCharacters = 300;
 
 /// Empty for what needs no label.
-QString kindText(newsroom::StoryKind kind);
-QString sourcingText(newsroom::Sourcing sourcing);
+QString kindText(kit::StoryKind kind);
+QString sourcingText(kit::Sourcing sourcing);
 
 /// The outlet that the link leads to, when it is another than the source.
 QString destinationText(const PackedStory& story);
 
 /// The row as a screen reader says it: marks and labels as words.
-QString spokenText(const PackedStory& story, newsroom::Instant now);
+QString spokenText(const PackedStory& story, kit::Instant now);
 
-}  // namespace desk
+}  // namespace app

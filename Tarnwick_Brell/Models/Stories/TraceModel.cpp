@@ -5,7 +5,7 @@
 
 #include <QStringList>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Archive/ArchiveAddresses.h"
 #include "NewsroomKit/Archive/TraceAPI.h"
 #include "NewsroomKit/Records/RecordError.h"
@@ -13,14 +13,14 @@
 #include "NewsroomKit/Stories/StoryIdentity.h"
 #include "Tarnwick_Brell/Models/Stories/ReaderModel.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
-#include "Tarnwick_Brell/Text/ShownText.h"
-#include "Tarnwick_Brell/Text/TimeText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
-using newsroom::TraceNode;
+using kit::TraceNode;
 
 // Deeper ones are drawn as if they were no deeper, so that the texts keep their room.
 constexpr std::size_t kDeepest = 8;
@@ -36,7 +36,7 @@ QString publisherText(const TraceNode& node) {
     return isSaid ? text : TraceModel::tr("%1 on %2").arg(text, platform);
 }
 
-QString whenText(const TraceNode& node, newsroom::Instant now) {
+QString whenText(const TraceNode& node, kit::Instant now) {
     const bool isKnown = node.precision != TraceNode::Precision::unknown && node.publishedAt;
     if (!isKnown) return TraceModel::tr("Time unknown");
     return node.precision == TraceNode::Precision::day ? namedDayText(*node.publishedAt, now)
@@ -65,13 +65,12 @@ QString spokenOf(const TraceRow& row, const TraceNode* parent) {
 
 }  // namespace
 
-TraceModel::TraceModel(NewsDesk& desk, const Defaults& defaults, newsroom::FeedClient::Clock clock,
-                       QObject* parent)
+TraceModel::TraceModel(NewsDesk& desk, const Defaults& defaults, kit::Clock clock, QObject* parent)
     : QObject(parent),
       desk_(desk),
       defaults_(defaults),
       clock_(std::move(clock)),
-      mailbox_(std::make_shared<Mailbox>()) {
+      mailbox_(std::make_shared<MainThreadQueue>()) {
     connect(&desk, &NewsDesk::wireChanged, this, &TraceModel::readRows);
 }
 
@@ -109,10 +108,10 @@ void TraceModel::start() {
             if (turn == turn_) take(answer);
         });
     };
-    auto job = [base = newsroom::archiveBaseAt(defaults_.serviceAddress()),
+    auto job = [base = kit::archiveBaseAt(defaults_.serviceAddress()),
                 story = address_.toStdString(),
-                tell](DeskWorker::Bench& bench) -> boost::asio::awaitable<void> {
-        const newsroom::TraceAPI api{.base = base, .http = bench.engine.http()};
+                tell](DeskWorker::WorkerContext& context) -> boost::asio::awaitable<void> {
+        const kit::TraceAPI api{.base = base, .http = context.engine.http()};
         const auto trace = co_await api.trace(story);
         if (trace) {
             tell({.result = trace.value()});
@@ -121,7 +120,7 @@ void TraceModel::start() {
         }
     };
     const auto failed = [tell](const std::exception& error) {
-        const bool isAnswer = dynamic_cast<const newsroom::RecordError*>(&error) != nullptr;
+        const bool isAnswer = dynamic_cast<const kit::RecordError*>(&error) != nullptr;
         const std::string fault(error.what());
         tell({.failure = isAnswer ? "The answer does not read (" + fault + ")." : fault});
     };
@@ -165,15 +164,15 @@ void TraceModel::readRows() {
 }
 
 TraceRow TraceModel::row(const TraceNode& node, const TraceNode* parent) const {
-    const auto canonical = newsroom::canonicalLink(node.url);
+    const auto canonical = kit::canonicalLink(node.url);
     TraceRow row{.publisher = publisherText(node),
                  .title = titleText(node.title.value_or(""), kTitleCharacters),
                  .when = whenText(node, clock_()),
                  .reference = referenceText(node, parent),
                  .link = openable(plainText(node.url)),
-                 .isThis = canonical == newsroom::canonicalLink(address_.toStdString())};
-    if (row.title.isEmpty()) row.title = titleText(newsroom::maskedLogins(node.url), kTitleCharacters);
-    const auto* story = desk_.stories().find(newsroom::storyID(canonical));
+                 .isThis = canonical == kit::canonicalLink(address_.toStdString())};
+    if (row.title.isEmpty()) row.title = titleText(kit::maskedLogins(node.url), kTitleCharacters);
+    const auto* story = desk_.stories().find(kit::storyID(canonical));
     if (story) row.storyID = plainText(story->id());
     row.spokenText = spokenOf(row, parent);
     return row;
@@ -184,4 +183,4 @@ void TraceModel::enter(State state) {
     emit stateChanged();
 }
 
-}  // namespace desk
+}  // namespace app

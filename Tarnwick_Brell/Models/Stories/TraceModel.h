@@ -12,12 +12,12 @@
 #include <qqmlregistration.h>
 
 #include "NewsroomKit/Archive/TraceResult.h"
-#include "Tarnwick_Brell/Desk/Mailbox.h"
+#include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
-#include "Tarnwick_Brell/Models/Rows/RowsModel.h"
-#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 
-namespace desk {
+namespace app {
 
 /// An outlet or account that ran the traced story.
 struct TraceRow {
@@ -59,7 +59,7 @@ public:
     enum State { Idle, Running, Ready, Empty, Failed };
     Q_ENUM(State)
 
-    TraceModel(NewsDesk& desk, const Defaults& defaults, newsroom::FeedClient::Clock clock,
+    TraceModel(NewsDesk& desk, const Defaults& defaults, kit::Clock clock,
                QObject* parent = nullptr);
     ~TraceModel() override;
 
@@ -80,7 +80,7 @@ signals:
 
 private:
     struct Answer {
-        std::optional<newsroom::TraceResult> result{};
+        std::optional<kit::TraceResult> result{};
         std::string failure{};
     };
 
@@ -88,20 +88,20 @@ private:
     void cancel();
     void take(const Answer& answer);
     void readRows();
-    TraceRow row(const newsroom::TraceNode& node, const newsroom::TraceNode* parent) const;
+    TraceRow row(const kit::TraceNode& node, const kit::TraceNode* parent) const;
     void enter(State state);
 
     NewsDesk& desk_;
     const Defaults& defaults_;
-    newsroom::FeedClient::Clock clock_;
+    kit::Clock clock_;
     State state_ = Idle;
     QString address_;
     QString failure_;
-    std::vector<newsroom::TraceNode> nodes_;
-    RowsModel<TraceRow> rows_;
+    std::vector<kit::TraceNode> nodes_;
+    GadgetListModel<TraceRow> rows_;
     std::uint64_t turn_ = 0;  ///< answers to earlier questions are dropped
     std::optional<DeskWorker::Ticket> ticket_;
-    std::shared_ptr<Mailbox> mailbox_;
+    std::shared_ptr<MainThreadQueue> mailbox_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -6,34 +6,34 @@
 #include <QGuiApplication>
 
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
-#include "Tarnwick_Brell/Text/ShownText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
 using namespace std::chrono_literals;
-using newsroom::Sourcing;
-using newsroom::StoryKind;
+using kit::Sourcing;
+using kit::StoryKind;
 
 constexpr std::size_t kMostFound = 2000;
 constexpr auto kTypingPause = 60ms;
 constexpr auto kReadingTime = 2s;
 
 template <class E>
-std::vector<ChoiceList::Choice> choicesOf(QString (*name)(E)) {
-    std::vector<ChoiceList::Choice> choices;
-    for (const auto& row : newsroom::enumTable<E>) {
+std::vector<FilterOptions::Choice> choicesOf(QString (*name)(E)) {
+    std::vector<FilterOptions::Choice> choices;
+    for (const auto& row : kit::enumTable<E>) {
         choices.push_back({std::string(row.raw), name(row.value)});
     }
     return choices;
 }
 
 template <class E>
-std::set<E> chosenValues(const ChoiceList& list) {
+std::set<E> chosenValues(const FilterOptions& list) {
     std::set<E> values;
     for (const auto& key : list.chosen()) {
-        if (const auto value = newsroom::enumFromRaw<E>(key)) values.insert(*value);
+        if (const auto value = kit::enumFromRaw<E>(key)) values.insert(*value);
     }
     return values;
 }
@@ -49,7 +49,7 @@ QString sourcingName(Sourcing sourcing) {
 }  // namespace
 
 WirePage::WirePage(NewsDesk& desk, NewsroomStore& newsrooms, const Defaults& defaults,
-                   newsroom::FeedClient::Clock clock, QObject* parent)
+                   kit::Clock clock, QObject* parent)
     : QObject(parent),
       desk_(desk),
       newsrooms_(newsrooms),
@@ -62,7 +62,7 @@ WirePage::WirePage(NewsDesk& desk, NewsroomStore& newsrooms, const Defaults& def
     sourcings_.offer(choicesOf<Sourcing>(&sourcingName));
     offerChoices();
     for (auto* list : {&kinds_, &sourcings_, &sources_}) {
-        connect(list, &ChoiceList::changed, this, &WirePage::refilter);
+        connect(list, &FilterOptions::changed, this, &WirePage::refilter);
     }
     connect(&desk, &NewsDesk::sourcesChanged, this, &WirePage::offerChoices);
     connect(&desk, &NewsDesk::undoChanged, this, &WirePage::undoChanged);
@@ -70,7 +70,7 @@ WirePage::WirePage(NewsDesk& desk, NewsroomStore& newsrooms, const Defaults& def
         if (isSearching()) search();
     });
     connect(&newsrooms, &NewsroomStore::beatsChanged, this, [this] {
-        if (place_.kind == Place::Kind::beat) refilter();
+        if (place_.kind == Destination::Kind::beat) refilter();
         emit placeChanged();
     });
     connect(&list_, &StoryListModel::countChanged, this, &WirePage::findCurrentRow);
@@ -86,7 +86,7 @@ WirePage::WirePage(NewsDesk& desk, NewsroomStore& newsrooms, const Defaults& def
 
 // Which stories.
 
-void WirePage::open(const Place& place) {
+void WirePage::open(const Destination& place) {
     place_ = place;
     searchText_.clear();
     searched_.clear();
@@ -97,12 +97,12 @@ void WirePage::open(const Place& place) {
     emit listBegins();
 }
 
-newsroom::StoryQuery WirePage::placeQuery() const {
+kit::StoryQuery WirePage::placeQuery() const {
     const auto id = place_.id.toStdString();
-    if (place_.kind == Place::Kind::source) return {.sourceIDs = {id}};
-    if (place_.kind != Place::Kind::beat) return {};
+    if (place_.kind == Destination::Kind::source) return {.sourceIDs = {id}};
+    if (place_.kind != Destination::Kind::beat) return {};
     const auto* entry = newsrooms_.beats().find(id);
-    return entry && entry->value ? entry->value->query : newsroom::StoryQuery{};
+    return entry && entry->value ? entry->value->query : kit::StoryQuery{};
 }
 
 StoryFilter WirePage::filter() const {
@@ -111,8 +111,8 @@ StoryFilter WirePage::filter() const {
                        .sourcings = chosenValues<Sourcing>(sourcings_),
                        .sourceIDs = sources_.chosen(),
                        .showsSetAside = showsSetAside_};
-    if (place_.kind == Place::Kind::unread) filter.marks = StoryFilter::Marks::unread;
-    if (place_.kind == Place::Kind::saved) {
+    if (place_.kind == Destination::Kind::unread) filter.marks = StoryFilter::Marks::unread;
+    if (place_.kind == Destination::Kind::saved) {
         filter.marks = StoryFilter::Marks::saved;
         // Whoever saves a review wants to find it.
         filter.showsSetAside = true;
@@ -121,7 +121,7 @@ StoryFilter WirePage::filter() const {
 }
 
 void WirePage::offerChoices() {
-    std::vector<ChoiceList::Choice> choices;
+    std::vector<FilterOptions::Choice> choices;
     for (const auto& source : desk_.sources()) {
         if (desk_.enabledSourceIDs().contains(source.id)) {
             choices.push_back({source.id, titleText(source.name)});
@@ -317,13 +317,13 @@ void WirePage::showArrivals() {
 
 QString WirePage::title() const {
     switch (place_.kind) {
-        case Place::Kind::unread: return tr("Unread");
-        case Place::Kind::saved: return tr("Saved");
-        case Place::Kind::beat: {
+        case Destination::Kind::unread: return tr("Unread");
+        case Destination::Kind::saved: return tr("Saved");
+        case Destination::Kind::beat: {
             const auto* beat = newsrooms_.beats().find(place_.id.toStdString());
             return beat ? titleText(beat->name) : tr("Beat");
         }
-        case Place::Kind::source: {
+        case Destination::Kind::source: {
             const auto& all = desk_.sources();
             const auto id = place_.id.toStdString();
             const auto source = std::find_if(all.begin(), all.end(),
@@ -339,9 +339,7 @@ QString WirePage::unreadText() const {
     return list_.unread() > 0 ? tr("%n unread", nullptr, list_.unread()) : QString();
 }
 
-QString WirePage::arrivalsText() const {
-    return tr("%n new stories", nullptr, list_.arrivals());
-}
+QString WirePage::arrivalsText() const { return tr("%n new stories", nullptr, list_.arrivals()); }
 
 bool WirePage::canClear() const { return isSearching() || filter().isNarrowed(); }
 
@@ -354,10 +352,10 @@ QString WirePage::emptyMessage() const {
     if (!list_.isComplete()) return {};
     if (filter().isNarrowed()) return tr("No story here fits the filters.");
     switch (place_.kind) {
-        case Place::Kind::unread: return tr("Everything is read.");
-        case Place::Kind::saved: return tr("Nothing is saved yet.");
-        case Place::Kind::beat: return tr("No story matches this beat.");
-        case Place::Kind::source: return tr("No story from this source yet.");
+        case Destination::Kind::unread: return tr("Everything is read.");
+        case Destination::Kind::saved: return tr("Nothing is saved yet.");
+        case Destination::Kind::beat: return tr("No story matches this beat.");
+        case Destination::Kind::source: return tr("No story from this source yet.");
         default: return tr("No stories yet.");
     }
 }
@@ -365,10 +363,11 @@ QString WirePage::emptyMessage() const {
 QString WirePage::emptyHint() const {
     if (list_.count() > 0) return {};
     if (isSearching()) return tr("Titles and excerpts of all stories were searched.");
-    if (place_.kind == Place::Kind::saved) return tr("Press s to save the story in the reader.");
+    if (place_.kind == Destination::Kind::saved)
+        return tr("Press s to save the story in the reader.");
     if (desk_.isRefreshing()) return tr("The sources are being asked.");
     if (desk_.lastPassFailed()) return tr("This computer seems to be offline.");
-    if (place_.kind == Place::Kind::source) {
+    if (place_.kind == Destination::Kind::source) {
         const auto& status = desk_.sourceStatus(place_.id.toStdString());
         if (status.lastError) return bodyText(*status.lastError, 200);
         if (!desk_.enabledSourceIDs().contains(place_.id.toStdString())) {
@@ -378,4 +377,4 @@ QString WirePage::emptyHint() const {
     return {};
 }
 
-}  // namespace desk
+}  // namespace app

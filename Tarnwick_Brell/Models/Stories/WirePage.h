@@ -11,13 +11,13 @@
 #include <qqmlregistration.h>
 
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
-#include "Tarnwick_Brell/Models/Sidebar/Place.h"
-#include "Tarnwick_Brell/Models/Stories/ChoiceList.h"
+#include "Tarnwick_Brell/Models/Sidebar/Destination.h"
+#include "Tarnwick_Brell/Models/Stories/FilterOptions.h"
 #include "Tarnwick_Brell/Models/Stories/ReaderModel.h"
 #include "Tarnwick_Brell/Models/Stories/StoryListModel.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
-namespace desk {
+namespace app {
 
 /// The page of a list of stories: which stories, the search and the filters over it, the story
 /// that is chosen, and what the reader does with it.
@@ -26,13 +26,13 @@ class WirePage : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The window has one wire page.")
     Q_PROPERTY(QString title READ title NOTIFY placeChanged)
-    Q_PROPERTY(desk::StoryListModel* list READ list CONSTANT)
-    Q_PROPERTY(desk::ReaderModel* reader READ reader CONSTANT)
+    Q_PROPERTY(app::StoryListModel* list READ list CONSTANT)
+    Q_PROPERTY(app::ReaderModel* reader READ reader CONSTANT)
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchChanged)
     Q_PROPERTY(bool isSearching READ isSearching NOTIFY searchChanged)
-    Q_PROPERTY(desk::ChoiceList* kinds READ kinds CONSTANT)
-    Q_PROPERTY(desk::ChoiceList* sourcings READ sourcings CONSTANT)
-    Q_PROPERTY(desk::ChoiceList* sources READ sources CONSTANT)
+    Q_PROPERTY(app::FilterOptions* kinds READ kinds CONSTANT)
+    Q_PROPERTY(app::FilterOptions* sourcings READ sourcings CONSTANT)
+    Q_PROPERTY(app::FilterOptions* sources READ sources CONSTANT)
     Q_PROPERTY(bool showsSetAside READ showsSetAside WRITE setShowsSetAside NOTIFY filterChanged)
     Q_PROPERTY(int currentRow READ currentRow WRITE setCurrentRow NOTIFY currentRowChanged)
     Q_PROPERTY(bool hasStory READ hasStory NOTIFY currentRowChanged)
@@ -43,12 +43,12 @@ class WirePage : public QObject {
     Q_PROPERTY(bool canClear READ canClear NOTIFY countsChanged)
 
 public:
-    WirePage(NewsDesk& desk, NewsroomStore& newsrooms, const Defaults& defaults,
-             newsroom::FeedClient::Clock clock, QObject* parent = nullptr);
+    WirePage(NewsDesk& desk, NewsroomStore& newsrooms, const Defaults& defaults, kit::Clock clock,
+             QObject* parent = nullptr);
 
     /// The place must be a list of stories. Ends the search; the filters stay.
-    void open(const Place& place);
-    const Place& place() const { return place_; }
+    void open(const Destination& place);
+    const Destination& place() const { return place_; }
     /// Chooses the story where it is in the list, and shows it in the reader anyway.
     void openStory(const QString& storyID);
 
@@ -58,9 +58,9 @@ public:
     const QString& searchText() const { return searchText_; }
     void setSearchText(const QString& text);
     bool isSearching() const { return !searchText_.trimmed().isEmpty(); }
-    ChoiceList* kinds() { return &kinds_; }
-    ChoiceList* sourcings() { return &sourcings_; }
-    ChoiceList* sources() { return &sources_; }
+    FilterOptions* kinds() { return &kinds_; }
+    FilterOptions* sourcings() { return &sourcings_; }
+    FilterOptions* sources() { return &sources_; }
     bool showsSetAside() const { return showsSetAside_; }
     void setShowsSetAside(bool shows);
 
@@ -108,7 +108,7 @@ signals:
 
 private:
     StoryFilter filter() const;
-    newsroom::StoryQuery placeQuery() const;
+    kit::StoryQuery placeQuery() const;
     void offerChoices();
     void refilter();
     void search();
@@ -120,12 +120,12 @@ private:
 
     NewsDesk& desk_;
     NewsroomStore& newsrooms_;
-    Place place_;
+    Destination place_;
     StoryListModel list_;
     ReaderModel reader_;
-    ChoiceList kinds_;
-    ChoiceList sourcings_;
-    ChoiceList sources_;
+    FilterOptions kinds_;
+    FilterOptions sourcings_;
+    FilterOptions sources_;
     bool showsSetAside_ = false;
     QString searchText_;
     QString searched_;                 ///< what the list shows the answer to
@@ -135,4 +135,4 @@ private:
     QTimer reading_;  ///< a story that stays in the reader for so long counts as read
 };
 
-}  // namespace desk
+}  // namespace app

@@ -14,9 +14,9 @@
 #include <QScreen>
 #include <QStringList>
 
-#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -49,7 +49,7 @@ Appearance::Appearance(Defaults& defaults, QDBusConnection bus)
 }
 
 void Appearance::askDesktop() {
-    qDBusRegisterMetaType<DesktopLook::Settings>();
+    qDBusRegisterMetaType<PortalSettings::Settings>();
     // Without it the slot below is not found, as long as nothing else has used the type.
     qRegisterMetaType<QDBusVariant>("QDBusVariant");
     // Of whichever service: naming it would make Qt wait for its owner's name.
@@ -57,11 +57,11 @@ void Appearance::askDesktop() {
                  SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto question =
         QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("ReadAll"));
-    question << QStringList{DesktopLook::kAppearanceGroup, DesktopLook::kInterfaceGroup};
+    question << QStringList{PortalSettings::kAppearanceGroup, PortalSettings::kInterfaceGroup};
     auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
-        const QDBusPendingReply<DesktopLook::Settings> answer(*watcher);
+        const QDBusPendingReply<PortalSettings::Settings> answer(*watcher);
         if (answer.isError()) return;
         desktop_.take(answer.value());
         look();
@@ -108,4 +108,4 @@ void Appearance::look() {
     emit changed();
 }
 
-}  // namespace desk
+}  // namespace app

@@ -6,10 +6,10 @@
 #include <QString>
 #include <qqmlregistration.h>
 
-#include "Tarnwick_Brell/Models/Window/DesktopLook.h"
-#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Models/Window/PortalSettings.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 
-namespace desk {
+namespace app {
 
 /// How the window shall look: light or dark, larger or smaller text, with or without motion,
 /// by the user's setting and the desktop's. The desktop is asked without waiting; without its
@@ -18,7 +18,7 @@ class Appearance : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The window has one appearance.")
-    Q_PROPERTY(desk::Appearance::Choice choice READ choice WRITE setChoice NOTIFY changed)
+    Q_PROPERTY(app::Appearance::Choice choice READ choice WRITE setChoice NOTIFY changed)
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(qreal fontScale READ fontScale NOTIFY changed)
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY changed)
@@ -66,8 +66,8 @@ private:
 
     Defaults& defaults_;
     QDBusConnection bus_;
-    DesktopLook desktop_;
+    PortalSettings desktop_;
     Look now_;
 };
 
-}  // namespace desk
+}  // namespace app

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-namespace desk {
+namespace app {
 
-ReaderPresence::ReaderPresence(newsroom::FeedClient::Clock clock, Left left,
+ReaderPresence::ReaderPresence(kit::Clock clock, Left left,
                                std::chrono::milliseconds longestWithoutFocus)
     : clock_(std::move(clock)), left_(std::move(left)) {
     absence_.setSingleShot(true);
@@ -32,9 +32,9 @@ void ReaderPresence::comeBack() {
     absence_.stop();
 }
 
-void ReaderPresence::leave(newsroom::Instant at) {
+void ReaderPresence::leave(kit::Instant at) {
     absence_.stop();
     if (std::exchange(isHere_, false)) left_(at);
 }
 
-}  // namespace desk
+}  // namespace app

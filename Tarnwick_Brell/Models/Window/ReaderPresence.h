@@ -9,7 +9,7 @@
 
 #include "NewsroomKit/Ingestion/FeedClient.h"
 
-namespace desk {
+namespace app {
 
 /// Notices when the reader leaves the window: when it is hidden or closed, or has been without
 /// the focus for a while. Until the reader is back, later signs of absence change nothing.
@@ -17,11 +17,11 @@ class ReaderPresence : public QObject {
     Q_OBJECT
 public:
     /// Called with the moment at which the reader left.
-    using Left = std::function<void(newsroom::Instant)>;
+    using Left = std::function<void(kit::Instant)>;
 
     static constexpr std::chrono::minutes kLongestWithoutFocus{5};
 
-    ReaderPresence(newsroom::FeedClient::Clock clock, Left left,
+    ReaderPresence(kit::Clock clock, Left left,
                    std::chrono::milliseconds longestWithoutFocus = kLongestWithoutFocus);
 
     void setVisible(bool visible);
@@ -29,13 +29,13 @@ public:
 
 private:
     void comeBack();
-    void leave(newsroom::Instant at);
+    void leave(kit::Instant at);
 
-    newsroom::FeedClient::Clock clock_;
+    kit::Clock clock_;
     Left left_;
     bool isHere_ = false;
-    std::optional<newsroom::Instant> withoutFocusSince_;
+    std::optional<kit::Instant> withoutFocusSince_;
     QTimer absence_;
 };
 
-}  // namespace desk
+}  // namespace app

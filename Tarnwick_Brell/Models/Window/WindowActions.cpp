@@ -3,14 +3,15 @@
 
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 
-namespace desk {
+namespace app {
 
-using Kind = Place::Kind;
+using Kind = Destination::Kind;
 
 void WindowModel::connectActions() {
     connect(&actions_, &ActionModel::triggered, this, &WindowModel::carryOut);
     connect(&palette_, &PaletteModel::actionWanted, &actions_, &ActionModel::trigger);
-    connect(&palette_, &PaletteModel::placeWanted, this, qOverload<const QString&>(&WindowModel::open));
+    connect(&palette_, &PaletteModel::placeWanted, this,
+            qOverload<const QString&>(&WindowModel::open));
     connect(&palette_, &PaletteModel::storyWanted, this, &WindowModel::openStory);
     connect(&palette_, &PaletteModel::searchWanted, this, [this](const QString& text) {
         searchFor(text);
@@ -33,7 +34,7 @@ void WindowModel::lookAtStory() {
     actions_.setProperty("canUndo", wire_.canUndo());
 }
 
-void WindowModel::goTo(const std::optional<Place>& place) {
+void WindowModel::goTo(const std::optional<Destination>& place) {
     if (place) open(*place);
 }
 
@@ -56,10 +57,10 @@ void WindowModel::carryOut(Action action) {
         case DeskAction::NextUnread: wire_.stepUnread(1); break;
         case DeskAction::PreviousUnread: wire_.stepUnread(-1); break;
         case DeskAction::GoToToday: open(home()); break;
-        case DeskAction::GoToWire: open(Place{Kind::all, {}}); break;
-        case DeskAction::GoToUnread: open(Place{Kind::unread, {}}); break;
-        case DeskAction::GoToSaved: open(Place{Kind::saved, {}}); break;
-        case DeskAction::GoToTopStories: open(Place{Kind::topStories, {}}); break;
+        case DeskAction::GoToWire: open(Destination{Kind::all, {}}); break;
+        case DeskAction::GoToUnread: open(Destination{Kind::unread, {}}); break;
+        case DeskAction::GoToSaved: open(Destination{Kind::saved, {}}); break;
+        case DeskAction::GoToTopStories: open(Destination{Kind::topStories, {}}); break;
         case DeskAction::SidebarItem1:
         case DeskAction::SidebarItem2:
         case DeskAction::SidebarItem3:
@@ -74,7 +75,7 @@ void WindowModel::carryOut(Action action) {
         case DeskAction::Refresh: refresh_.refresh(); break;
         case DeskAction::ShowArrivals: wire_.showArrivals(); break;
         case DeskAction::MarkAllRead: wire_.markAllRead(); break;
-        case DeskAction::UndoMarkAllRead: wire_.undo(); break;
+        case DeskAction::Undo: wire_.undo(); break;
         case DeskAction::Quit: QCoreApplication::quit(); break;
         case DeskAction::ToggleSidebar: state_.setSidebarShown(!state_.sidebarShown()); break;
         case DeskAction::MoveReader: state_.moveReader(); break;
@@ -104,4 +105,4 @@ std::vector<PalettePlace> WindowModel::palettePlaces() const {
     return places;
 }
 
-}  // namespace desk
+}  // namespace app

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "Tarnwick_Brell/Models/Sidebar/TrackerPlaces.h"
+#include "Tarnwick_Brell/Models/Sidebar/TrackerPages.h"
 #include "Tarnwick_Brell/Models/Stories/ReaderModel.h"
-#include "Tarnwick_Brell/Text/ShownText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
 
-namespace desk {
+namespace app {
 
-using Kind = Place::Kind;
+using Kind = Destination::Kind;
 
 WindowModel::WindowModel(const Stores& stores)
     : stores_(stores),
@@ -18,15 +18,16 @@ WindowModel::WindowModel(const Stores& stores)
                  .trackers = stores.trackers,
                  .signalsStore = stores.signalsStore,
                  .clock = stores.clock}),
-      refresh_({.news = stores.news,
-                .trackers = stores.trackers,
-                .signalsStore = stores.signalsStore},
-               stores.clock),
-      palette_(actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),
+      refresh_(
+          {.news = stores.news, .trackers = stores.trackers, .signalsStore = stores.signalsStore},
+          stores.clock),
+      palette_(
+          actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),
       appearance_(stores.defaults),
       state_(stores.defaults) {
     if (state_.place().isEmpty()) {
-        for (const auto& group : SidebarModel::groupsClosedAtFirst()) state_.setCollapsed(group, true);
+        for (const auto& group : SidebarModel::groupsClosedAtFirst())
+            state_.setCollapsed(group, true);
     }
     sidebar_.setClosedGroups(state_.collapsedGroups());
     connectPages();
@@ -34,24 +35,26 @@ WindowModel::WindowModel(const Stores& stores)
 }
 
 void WindowModel::connectPages() {
-    connect(&sidebar_, &SidebarModel::placeWanted, this, qOverload<const QString&>(&WindowModel::open));
+    connect(&sidebar_, &SidebarModel::placeWanted, this,
+            qOverload<const QString&>(&WindowModel::open));
     connect(&newsroom_, &NewsroomModel::storyWanted, this, &WindowModel::openStory);
     connect(&newsroom_, &NewsroomModel::linkWanted, this, [this](const QString& link) {
         if (!openable(link).isEmpty()) emit linkWanted(link);
     });
     connect(&wire_, &WirePage::linkWanted, this, &WindowModel::linkWanted);
-    connect(&stores_.newsrooms, &NewsroomStore::newsroomsChanged, this, &WindowModel::newsroomsChanged);
+    connect(&stores_.newsrooms, &NewsroomStore::newsroomsChanged, this,
+            &WindowModel::newsroomsChanged);
     connect(&sidebar_, &SidebarModel::groupToggled, &state_, &WindowState::setCollapsed);
     connect(&wire_, &WirePage::noticed, this, &WindowModel::noticed);
-    connect(&refresh_, &RefreshState::failed, this, &WindowModel::noticed);
+    connect(&refresh_, &RefreshStatus::failed, this, &WindowModel::noticed);
     connect(&appearance_, &Appearance::failed, this, &WindowModel::noticed);
     connect(&state_, &WindowState::failed, this, &WindowModel::noticed);
     connect(&stores_.newsrooms, &NewsroomStore::beatsChanged, this, [this] {
-        if (place_.kind == Kind::beat && !exists(place_)) open(Place{Kind::all, {}});
+        if (place_.kind == Kind::beat && !exists(place_)) open(Destination{Kind::all, {}});
     });
 }
 
-bool WindowModel::exists(const Place& place) const {
+bool WindowModel::exists(const Destination& place) const {
     const auto id = place.id.toStdString();
     switch (place.kind) {
         case Kind::newsroom:
@@ -65,19 +68,20 @@ bool WindowModel::exists(const Place& place) const {
     }
 }
 
-Place WindowModel::home() const {
+Destination WindowModel::home() const {
     const auto& entries = stores_.newsrooms.newsrooms().entries();
     if (entries.empty() && stores_.newsrooms.isLoaded()) return {Kind::all, {}};
-    const auto id = entries.empty() ? std::string(newsroom::NewsroomSpec::kBuiltInID) : entries.front().id;
+    const auto id =
+        entries.empty() ? std::string(kit::NewsroomSpec::kBuiltInID) : entries.front().id;
     return {Kind::newsroom, plainText(id)};
 }
 
 void WindowModel::open(const QString& key) {
-    const auto place = Place::fromKey(key);
+    const auto place = Destination::fromKey(key);
     open(place && exists(*place) ? *place : home());
 }
 
-void WindowModel::open(const Place& place) {
+void WindowModel::open(const Destination& place) {
     const bool isOther = !hasOpened_ || place != place_;
     hasOpened_ = true;
     place_ = place;
@@ -95,7 +99,7 @@ void WindowModel::open(const Place& place) {
 
 void WindowModel::showNewsroom() {
     if (place_.kind == Kind::topStories) {
-        newsroom_.show(pageOf(newsroom::PanelKind::topStories));
+        newsroom_.show(pageOf(kit::PanelKind::topStories));
     } else if (place_.kind == Kind::tracker) {
         const auto id = place_.id.toStdString();
         for (const auto& tracker : trackerPlaces()) {
@@ -118,13 +122,13 @@ void WindowModel::newsroomsChanged() {
 }
 
 void WindowModel::openStory(const QString& storyID) {
-    if (!place_.isStoryList()) open(Place{Kind::all, {}});
+    if (!place_.isStoryList()) open(Destination{Kind::all, {}});
     wire_.openStory(storyID);
 }
 
 void WindowModel::searchFor(const QString& text) {
-    if (!place_.isStoryList()) open(Place{Kind::all, {}});
+    if (!place_.isStoryList()) open(Destination{Kind::all, {}});
     wire_.setSearchText(text);
 }
 
-}  // namespace desk
+}  // namespace app

@@ -10,28 +10,28 @@
 #include "Tarnwick_Brell/Models/Actions/ActionModel.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomModel.h"
-#include "Tarnwick_Brell/Models/Sidebar/Place.h"
+#include "Tarnwick_Brell/Models/Sidebar/Destination.h"
 #include "Tarnwick_Brell/Models/Sidebar/SidebarModel.h"
 #include "Tarnwick_Brell/Models/Stories/WirePage.h"
 #include "Tarnwick_Brell/Models/Window/Appearance.h"
-#include "Tarnwick_Brell/Models/Window/RefreshState.h"
+#include "Tarnwick_Brell/Models/Window/RefreshStatus.h"
 #include "Tarnwick_Brell/Models/Window/WindowState.h"
 
-namespace desk {
+namespace app {
 
 /// Everything that the window shows, and where it is.
 class WindowModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("There is one, made at the start.")
-    Q_PROPERTY(desk::SidebarModel* sidebar READ sidebar CONSTANT)
-    Q_PROPERTY(desk::WirePage* wire READ wire CONSTANT)
-    Q_PROPERTY(desk::NewsroomModel* newsroom READ newsroom CONSTANT)
-    Q_PROPERTY(desk::RefreshState* refresh READ refresh CONSTANT)
-    Q_PROPERTY(desk::ActionModel* actions READ actions CONSTANT)
-    Q_PROPERTY(desk::PaletteModel* palette READ palette CONSTANT)
-    Q_PROPERTY(desk::Appearance* appearance READ appearance CONSTANT)
-    Q_PROPERTY(desk::WindowState* state READ state CONSTANT)
+    Q_PROPERTY(app::SidebarModel* sidebar READ sidebar CONSTANT)
+    Q_PROPERTY(app::WirePage* wire READ wire CONSTANT)
+    Q_PROPERTY(app::NewsroomModel* newsroom READ newsroom CONSTANT)
+    Q_PROPERTY(app::RefreshStatus* refresh READ refresh CONSTANT)
+    Q_PROPERTY(app::ActionModel* actions READ actions CONSTANT)
+    Q_PROPERTY(app::PaletteModel* palette READ palette CONSTANT)
+    Q_PROPERTY(app::Appearance* appearance READ appearance CONSTANT)
+    Q_PROPERTY(app::WindowState* state READ state CONSTANT)
     Q_PROPERTY(View view READ view NOTIFY placeChanged)
     Q_PROPERTY(QString placeKey READ placeKey NOTIFY placeChanged)
 
@@ -45,7 +45,7 @@ public:
         SignalsStore& signalsStore;
         NewsroomStore& newsrooms;
         Defaults& defaults;
-        newsroom::FeedClient::Clock clock;
+        kit::Clock clock;
     };
 
     explicit WindowModel(const Stores& stores);
@@ -53,7 +53,7 @@ public:
     SidebarModel* sidebar() { return &sidebar_; }
     WirePage* wire() { return &wire_; }
     NewsroomModel* newsroom() { return &newsroom_; }
-    RefreshState* refresh() { return &refresh_; }
+    RefreshStatus* refresh() { return &refresh_; }
     ActionModel* actions() { return &actions_; }
     PaletteModel* palette() { return &palette_; }
     Appearance* appearance() { return &appearance_; }
@@ -63,7 +63,7 @@ public:
 
     /// A key that leads nowhere opens the first newsroom.
     Q_INVOKABLE void open(const QString& key);
-    void open(const Place& place);
+    void open(const Destination& place);
     /// Shows the story in the wire's reader.
     Q_INVOKABLE void openStory(const QString& storyID);
     void searchFor(const QString& text);
@@ -71,7 +71,7 @@ public:
 signals:
     void placeChanged();
     /// What only the view can do: the focus, sheets, scrolling.
-    void viewActionWanted(desk::DeskAction::Value action);
+    void viewActionWanted(app::DeskAction::Value action);
     /// Sheets are to be closed.
     void viewClosed();
     /// A sentence for the user.
@@ -84,11 +84,11 @@ private:
     void connectActions();
     void lookAtStory();
     void carryOut(Action action);
-    void goTo(const std::optional<Place>& place);
+    void goTo(const std::optional<Destination>& place);
     void traceStory();
     std::vector<PalettePlace> palettePlaces() const;
-    bool exists(const Place& place) const;
-    Place home() const;
+    bool exists(const Destination& place) const;
+    Destination home() const;
     void showNewsroom();
     void newsroomsChanged();
 
@@ -96,13 +96,13 @@ private:
     SidebarModel sidebar_;
     WirePage wire_;
     NewsroomModel newsroom_;
-    RefreshState refresh_;
+    RefreshStatus refresh_;
     ActionModel actions_;
     PaletteModel palette_;
     Appearance appearance_;
     WindowState state_;
-    Place place_;
+    Destination place_;
     bool hasOpened_ = false;
 };
 
-}  // namespace desk
+}  // namespace app

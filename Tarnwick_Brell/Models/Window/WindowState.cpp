@@ -7,10 +7,10 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include "Tarnwick_Brell/Models/Window/WindowPlace.h"
-#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Models/Window/WindowGeometry.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
-namespace desk {
+namespace app {
 
 namespace {
 
@@ -179,4 +179,4 @@ void WindowState::save() {
     }
 }
 
-}  // namespace desk
+}  // namespace app

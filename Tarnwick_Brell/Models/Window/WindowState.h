@@ -11,9 +11,9 @@
 #include <QWindow>
 #include <qqmlregistration.h>
 
-#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 
-namespace desk {
+namespace app {
 
 /// What the window looked like when it was left: its place, its parts, what it showed. Kept
 /// in the settings file a moment after a change; values there that make no sense count as
@@ -25,7 +25,7 @@ class WindowState : public QObject {
     Q_PROPERTY(int sidebarWidth READ sidebarWidth WRITE setSidebarWidth NOTIFY changed)
     Q_PROPERTY(bool sidebarShown READ sidebarShown WRITE setSidebarShown NOTIFY changed)
     Q_PROPERTY(int listWidth READ listWidth WRITE setListWidth NOTIFY changed)
-    Q_PROPERTY(desk::WindowState::Reader reader READ reader WRITE setReader NOTIFY changed)
+    Q_PROPERTY(app::WindowState::Reader reader READ reader WRITE setReader NOTIFY changed)
     Q_PROPERTY(QString place READ place WRITE setPlace NOTIFY changed)
     Q_PROPERTY(QStringList collapsedGroups READ collapsedGroups NOTIFY changed)
 
@@ -98,4 +98,4 @@ private:
     QTimer saving_;
 };
 
-}  // namespace desk
+}  // namespace app

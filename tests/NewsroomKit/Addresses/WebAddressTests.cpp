@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Addresses/WebAddress.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(WebAddress, WhatAStrictParserRefusesIsEscapedAndEscapesStay) {
@@ -104,4 +104,4 @@ TEST(WebAddress, ASubhostEndsWithADotAndTheDomain) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 #include "NewsroomKit/Archive/ArchiveStatus.h"
 #include "NewsroomKit/Archive/TraceResult.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 std::string page(std::string_view items) {
@@ -37,7 +37,7 @@ TEST(ArchiveAnswers, NumbersAndTruthsReadInEveryFormAndNullIsAbsent) {
             R"({"sources":[{"id":"s","name":"S","listed":"7","stored":null}],"complete":)" +
             std::string(text) + "}");
         EXPECT_EQ(bool(status.complete), truth) << text;
-        EXPECT_EQ(status.sources[0].listed, OpenCount{7});
+        EXPECT_EQ(status.sources[0].listed, LenientInt{7});
         EXPECT_FALSE(status.sources[0].stored || status.sources[0].waiting);
     }
     // Scripting languages write an object without keys as a list without items.
@@ -105,4 +105,4 @@ TEST(ArchiveAnswers, ATraceIsWrittenAsItWasReadAndSaysHowEachNodeRefers) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

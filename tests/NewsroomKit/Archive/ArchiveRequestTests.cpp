@@ -8,9 +8,9 @@
 #include "NewsroomKit/Archive/ArchiveFetch.h"
 #include "NewsroomKit/Archive/StoryArchiveAPI.h"
 #include "NewsroomKit/Archive/TraceAPI.h"
-#include "tests/support/HTTPBench.h"
+#include "tests/support/TestServer.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 namespace asio = boost::asio;
@@ -53,7 +53,7 @@ TEST(ArchiveAddresses, OnlyTheCommasBetweenStoriesStayCommas) {
 }
 
 TEST(StoryArchiveAPI, EachOperationHasItsAddressAndAFailureIsTheClients) {
-    test::HTTPBench bench;
+    test::TestServer bench;
     const StoryArchiveAPI archive{archiveBaseAt("https://desk.example//"), bench.client};
     const TraceAPI tracing{archive.base, bench.client};
     const std::string folder = "/wp-json/tb-archive/v1/";
@@ -82,4 +82,4 @@ TEST(StoryArchiveAPI, EachOperationHasItsAddressAndAFailureIsTheClients) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

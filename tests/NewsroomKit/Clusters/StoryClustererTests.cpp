@@ -5,17 +5,19 @@
 
 #include "NewsroomKit/Clusters/StoryClusterer.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using std::chrono::hours;
 
 constexpr Instant kMorning{std::chrono::sys_days{std::chrono::year{2026} / 11 / 20}};
 
+// clang-format off
 Story story(std::string id, std::string title, int hour = 0) {
     return {.id = id, .link = "https://" + id + ".example/" + id, .title = std::move(title),
             .publishedAt = kMorning + hours(hour), .sourceID = "source of " + id};
 }
+// clang-format on
 
 std::vector<StoryCluster> clustersOf(const std::vector<Story>& stories) {
     StoryClusterer clusterer;
@@ -232,4 +234,4 @@ TEST(StoryClusterer, HostileTitlesAreReadSafelyAndInBoundedTime) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(AppleOrigin, aHeadlineMustBeginWithAppleSpeaking) {
@@ -83,4 +83,4 @@ TEST(AppleOrigin, hostileLengthsNeitherCrashNorHideAStatement) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

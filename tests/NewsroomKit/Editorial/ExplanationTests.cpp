@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(Explanation, saysInASentenceWhyAStoryHasItsKind) {
@@ -48,4 +48,4 @@ TEST(Explanation, saysInASentenceHowAStoryIsSourced) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 #include "NewsroomKit/Editorial/AppleTopic.h"
 #include "NewsroomKit/Editorial/StockNews.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(StockNews, knowsTheSharePriceFromGoodsInStock) {
@@ -102,4 +102,4 @@ TEST(AppleTopic, needsAWholeWord) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Editorial/PhraseTables.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(PhraseMatcher, normalizingFoldsAndMakesPunctuationOrdinary) {
@@ -67,28 +67,17 @@ TEST(PhraseMatcher, boundedPhrasesMatchOnlyAsWholeWords) {
         const char* text;
         bool matches;
     } cases[] = {
-        {"mac", "Mac", true},
-        {"mac", "the mac, finally", true},
-        {"mac", "mac-only", true},
-        {"mac", "_mac_", true},
-        {"mac", "macbook", false},
-        {"mac", "imac", false},
-        {"mac", "mac2", false},
-        {"mac", "½mac", false},
-        {"mac", "macⅧ", false},
-        {"mac", "漢mac字", false},
-        {"mac", "™mac™", true},
-        {"mac", "mac\u0301s mac\u0301", true},
-        {"mac", "macs imac mac", true},
-        {"mac mac", "xmac mac mac", true},
-        {"q4", "q42 q4", true},
-        {"-mac", "imac-mac", false},
-        {"-mac", "i -mac", true},
-        {"straße", "Die STRASSE.", true},
-        {"save $", "Save $200", true},
-        {"% off", "20% offer", true},
-        {"", "anything", false},
-        {"", "", false},
+        {"mac", "Mac", true},           {"mac", "the mac, finally", true},
+        {"mac", "mac-only", true},      {"mac", "_mac_", true},
+        {"mac", "macbook", false},      {"mac", "imac", false},
+        {"mac", "mac2", false},         {"mac", "½mac", false},
+        {"mac", "macⅧ", false},         {"mac", "漢mac字", false},
+        {"mac", "™mac™", true},         {"mac", "mac\u0301s mac\u0301", true},
+        {"mac", "macs imac mac", true}, {"mac mac", "xmac mac mac", true},
+        {"q4", "q42 q4", true},         {"-mac", "imac-mac", false},
+        {"-mac", "i -mac", true},       {"straße", "Die STRASSE.", true},
+        {"save $", "Save $200", true},  {"% off", "20% offer", true},
+        {"", "anything", false},        {"", "", false},
     };
     for (const auto& [phrase, text, matches] : cases) {
         EXPECT_EQ(PhraseMatcher(phrase).matches(PhraseMatcher::normalize(text)), matches)
@@ -125,4 +114,4 @@ TEST(PhraseTables, holdTheNumberOfNamesThatTheRulesCallFor) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

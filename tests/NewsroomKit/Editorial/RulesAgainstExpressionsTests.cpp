@@ -13,7 +13,7 @@
 #include "NewsroomKit/Editorial/StoryLabels.h"
 #include "tests/support/ExpressionRules.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 /// Lines on which phrase rules go wrong: phrases cut, glued to letters, digits and marks,
@@ -53,11 +53,13 @@ private:
         return table[pick(table.size())];
     }
 
+    // clang-format off
     std::string_view glue() {
         static constexpr std::string_view pieces[] = {
             " ", " ", " ", " ", "", "-", ".", ",", "'", "’", "“", "—", "\u00A0", "\n", "\t", "s",
             "X", "9", "é", "e\u0301", "\u0301", "ß", "ﬁ", "½", "９", "Ⅷ", "™", "_", "$", "漢", "ｱ",
             "\u200D", "👩‍👧", "𐐀", "\xFF", "\xE2\x80", "apple ", " shares rose", "Tim Cook "};
+        // clang-format on
         return pieces[pick(std::size(pieces))];
     }
 
@@ -156,4 +158,4 @@ TEST(RulesAgainstExpressions, aMatcherByItselfAgreesWithItsExpression) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

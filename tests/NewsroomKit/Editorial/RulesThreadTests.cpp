@@ -8,7 +8,7 @@
 #include "NewsroomKit/Editorial/MarketNews.h"
 #include "NewsroomKit/Editorial/StoryLabels.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(RulesThread, severalThreadsMayBeTheFirstToUseTheRules) {
@@ -22,7 +22,8 @@ TEST(RulesThread, severalThreadsMayBeTheFirstToUseTheRules) {
         for (std::size_t index = 0; index < threadCount; ++index) {
             threads.emplace_back([&, index] {
                 start.arrive_and_wait();
-                labels[index] = labelStory("“Ünreviewed” Ｍａｃ deals", "Reportedly 👩‍👧", false, true);
+                labels[index] =
+                    labelStory("“Ünreviewed” Ｍａｃ deals", "Reportedly 👩‍👧", false, true);
                 reasons[index] = MarketNews::reason("Apple shares rose");
                 onRecord[index] = AppleOrigin::isAppleOnRecord("Apple says", "");
             });
@@ -37,4 +38,4 @@ TEST(RulesThread, severalThreadsMayBeTheFirstToUseTheRules) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

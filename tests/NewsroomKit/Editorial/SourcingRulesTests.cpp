@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Editorial/EditorialNames.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 struct Case {
@@ -116,4 +116,4 @@ TEST(SourcingRules, theReasonNamesEveryPhraseThatHadASay) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Editorial/PhraseTables.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 struct Case {
@@ -89,4 +89,4 @@ TEST(StoryKindRules, theReasonNamesTheEarliestPhraseOfTheTableAndItsPlace) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

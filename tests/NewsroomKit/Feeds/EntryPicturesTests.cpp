@@ -4,9 +4,9 @@
 #include <string>
 
 #include "NewsroomKit/Feeds/FeedParser.h"
-#include "NewsroomKit/Feeds/FirstPicture.h"
+#include "NewsroomKit/Feeds/ImageExtractor.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 struct PictureCase {
@@ -21,36 +21,48 @@ TEST_P(FirstPictureOfText, IsNoCounterAndNoButton) {
     EXPECT_EQ(firstPicture(GetParam().html, base), GetParam().address) << GetParam().html;
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, FirstPictureOfText, testing::Values(
-    PictureCase{"<img src='https://a.example/1' width='1'>", std::nullopt},
-    PictureCase{"<img height=\"3px\" src=\"https://a.example/1\">", std::nullopt},
-    PictureCase{"<img width=0 src='https://a.example/1'>", std::nullopt},
-    PictureCase{"<img style='border:0;width: 1px' src='https://a.example/1'/>", std::nullopt},
-    PictureCase{"<img src='https://a.example/1' width='1'><img src='https://a.example/2' width=4>",
-                "https://a.example/2"},
-    PictureCase{"<img src='https://a.example/1' width='100%'>", "https://a.example/1"},
-    PictureCase{"<img src='https://a.example/1' data-width='1' style='max-width:1px'>",
-                "https://a.example/1"},
-    PictureCase{"<img alt='width=1' src='https://a.example/1?width=1'>", "https://a.example/1?width=1"},
-    PictureCase{"<img src='https://a.example/1' width='' height=\"auto\">", "https://a.example/1"}));
+INSTANTIATE_TEST_SUITE_P(
+    Sizes, FirstPictureOfText,
+    testing::Values(
+        PictureCase{"<img src='https://a.example/1' width='1'>", std::nullopt},
+        PictureCase{"<img height=\"3px\" src=\"https://a.example/1\">", std::nullopt},
+        PictureCase{"<img width=0 src='https://a.example/1'>", std::nullopt},
+        PictureCase{"<img style='border:0;width: 1px' src='https://a.example/1'/>", std::nullopt},
+        PictureCase{
+            "<img src='https://a.example/1' width='1'><img src='https://a.example/2' width=4>",
+            "https://a.example/2"},
+        PictureCase{"<img src='https://a.example/1' width='100%'>", "https://a.example/1"},
+        PictureCase{"<img src='https://a.example/1' data-width='1' style='max-width:1px'>",
+                    "https://a.example/1"},
+        PictureCase{"<img alt='width=1' src='https://a.example/1?width=1'>",
+                    "https://a.example/1?width=1"},
+        PictureCase{"<img src='https://a.example/1' width='' height=\"auto\">",
+                    "https://a.example/1"}));
 
-INSTANTIATE_TEST_SUITE_P(Addresses, FirstPictureOfText, testing::Values(
-    PictureCase{"<img src='http://feeds.feedburner.com/~ff/Wire?d=yIl2A'>", std::nullopt},
-    PictureCase{"<img src='https://feedpress.me/1.gif'>", std::nullopt},
-    PictureCase{"<img src='http://da.feedsportal.com/r/1/a2.img'>", std::nullopt},
-    PictureCase{"<img src='http://feeds.wordpress.com/1.0/comments/a.wordpress.com/1/'>", std::nullopt},
-    PictureCase{"<img src='http://STATS.wordpress.com/b.gif'>", std::nullopt},
-    PictureCase{"<img src='http://stats.wordpress.com/b.gif?host=a.example'>", std::nullopt},
-    PictureCase{"<img src='https://eu.stats.a.example/b.gif'>", std::nullopt},
-    PictureCase{"<img src='https://a.example/plugins/flattr/Flattr-badge.png'>", std::nullopt},
-    PictureCase{"<img src='https://a.example/pml.png'>", std::nullopt},
-    PictureCase{"<img src='https://a.example/wp-includes/images/smilies/wink.gif'>", std::nullopt},
-    PictureCase{"<a class='s' href='http://www.facebook.com/sharer.php?u=x'>\n<img src='https://a.example/f.png'>"
-                "</a>", std::nullopt},
-    PictureCase{"<a href='https://a.example/'><img src='https://a.example/f.png'></a>",
-                "https://a.example/f.png"},
-    PictureCase{"<img src='https://a.example/season-stats.png'>", "https://a.example/season-stats.png"},
-    PictureCase{"<img src='\n https://a.example/1.jpg '>", "https://a.example/1.jpg"}));
+INSTANTIATE_TEST_SUITE_P(
+    Addresses, FirstPictureOfText,
+    testing::Values(
+        PictureCase{"<img src='http://feeds.feedburner.com/~ff/Wire?d=yIl2A'>", std::nullopt},
+        PictureCase{"<img src='https://feedpress.me/1.gif'>", std::nullopt},
+        PictureCase{"<img src='http://da.feedsportal.com/r/1/a2.img'>", std::nullopt},
+        PictureCase{"<img src='http://feeds.wordpress.com/1.0/comments/a.wordpress.com/1/'>",
+                    std::nullopt},
+        PictureCase{"<img src='http://STATS.wordpress.com/b.gif'>", std::nullopt},
+        PictureCase{"<img src='http://stats.wordpress.com/b.gif?host=a.example'>", std::nullopt},
+        PictureCase{"<img src='https://eu.stats.a.example/b.gif'>", std::nullopt},
+        PictureCase{"<img src='https://a.example/plugins/flattr/Flattr-badge.png'>", std::nullopt},
+        PictureCase{"<img src='https://a.example/pml.png'>", std::nullopt},
+        PictureCase{"<img src='https://a.example/wp-includes/images/smilies/wink.gif'>",
+                    std::nullopt},
+        PictureCase{"<a class='s' href='http://www.facebook.com/sharer.php?u=x'>\n<img "
+                    "src='https://a.example/f.png'>"
+                    "</a>",
+                    std::nullopt},
+        PictureCase{"<a href='https://a.example/'><img src='https://a.example/f.png'></a>",
+                    "https://a.example/f.png"},
+        PictureCase{"<img src='https://a.example/season-stats.png'>",
+                    "https://a.example/season-stats.png"},
+        PictureCase{"<img src='\n https://a.example/1.jpg '>", "https://a.example/1.jpg"}));
 
 TEST(EntryPictures, BesideTheTextAreNoCountersEither) {
     const auto parsed = parseFeed(R"(<rss><channel>
@@ -68,4 +80,4 @@ TEST(EntryPictures, BesideTheTextAreNoCountersEither) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

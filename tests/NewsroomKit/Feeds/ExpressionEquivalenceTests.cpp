@@ -6,13 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "NewsroomKit/Feeds/EmbeddedElements.h"
-#include "NewsroomKit/Feeds/FirstPicture.h"
+#include "NewsroomKit/Feeds/NonTextElements.h"
+#include "NewsroomKit/Feeds/ImageExtractor.h"
 #include "NewsroomKit/Feeds/HTMLEntities.h"
 #include "NewsroomKit/Text/Unicode.h"
 
 // The scanners written by hand against the expressions they stand for.
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr int samples = 20'000;
@@ -26,7 +26,8 @@ public:
         std::string result;
         const auto count = std::uniform_int_distribution<>(0, 14)(random_);
         for (int i = 0; i < count; ++i) {
-            result += pieces_[std::uniform_int_distribution<std::size_t>(0, pieces_.size() - 1)(random_)];
+            result +=
+                pieces_[std::uniform_int_distribution<std::size_t>(0, pieces_.size() - 1)(random_)];
         }
         return result;
     }
@@ -65,13 +66,15 @@ private:
     icu::RegexMatcher matcher_;
 };
 
-TEST(EmbeddedElements, AreExactlyWhatTheExpressionMatches) {
+TEST(NonTextElements, AreExactlyWhatTheExpressionMatches) {
     Expression expression(
         R"((?is)<(script|style|noscript|iframe|object|form|button|select|textarea|figure)[^>]*>.*?(?:</\1\s*>|$))");
+    // clang-format off
     Scribbler scribbler({"<script", "<SCRIPT>", "</script", "</Script>", "</script \t\n>", "<form",
                          "<formula>", "</form>", "</formula>", "<figure class=\"a>b\">", "</figure>",
                          "<figcaption>", "<noscript>", "</noscript>", "<button/>", "</button", ">",
                          "<", "</", "a", "\nb", "<p>", " "});
+    // clang-format on
     for (int i = 0; i < samples; ++i) {
         // A line break that ends the text is white space either way.
         const auto html = scribbler.text() + ".";
@@ -80,11 +83,12 @@ TEST(EmbeddedElements, AreExactlyWhatTheExpressionMatches) {
     }
 }
 
-TEST(FirstPicture, IsTheFirstUsableMatchOfTheExpression) {
+TEST(ImageExtractor, IsTheFirstUsableMatchOfTheExpression) {
     Expression expression(R"(<img[^>]+src=["']([^"']+)["'])");
-    Scribbler scribbler({"<img", "<IMG ", " src=", "SRC=\"", "src='", "\"", "'", ">", "http://a.example/1",
-                         "http://a.example/emoji/1", "http://a.example/pixel?a&amp;b", "https://b?c&amp;d",
-                         "<", " ", "data-src=\"", "x", "\n"});
+    Scribbler scribbler({"<img", "<IMG ", " src=", "SRC=\"", "src='", "\"", "'", ">",
+                         "http://a.example/1", "http://a.example/emoji/1",
+                         "http://a.example/pixel?a&amp;b", "https://b?c&amp;d", "<", " ",
+                         "data-src=\"", "x", "\n"});
     const auto reference = [&](const std::string& html) -> std::optional<std::string> {
         for (const auto& group : expression.firstGroups(html)) {
             const auto decoded = decodedEntities(group);
@@ -108,4 +112,4 @@ TEST(FirstPicture, IsTheFirstUsableMatchOfTheExpression) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

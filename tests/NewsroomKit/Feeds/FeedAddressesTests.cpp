@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Feeds/FeedParser.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr std::string_view feedAddress = "https://harbour.example/feeds/all.xml";
@@ -51,7 +51,8 @@ TEST(FeedAddresses, AreCompletedByTheNearestBaseThatTheDocumentNames) {
         {rss("<a:link xmlns:a='http://www.w3.org/2005/Atom' rel='self' "
              "href='https://pier.example/f.xml'/>",
              link),
-         {}, "https://pier.example/news/1"},
+         {},
+         "https://pier.example/news/1"},
         {rss("<image><link>https://images.example/</link></image>", link), feedAddress,
          "https://harbour.example/news/1"},
         {rss(page, "<link>//quay.example/2</link>"), {}, "https://quay.example/2"},
@@ -62,16 +63,19 @@ TEST(FeedAddresses, AreCompletedByTheNearestBaseThatTheDocumentNames) {
         {rss("", link), {}, "/news/1"},
         {atom("><link href='https://pier.example/b/'/>", atomLink), feedAddress,
          "https://pier.example/b/n/1"},
-        {atom("><link rel='self' href='https://pier.example/b/f'/>", atomLink), {},
+        {atom("><link rel='self' href='https://pier.example/b/f'/>", atomLink),
+         {},
          "https://pier.example/b/n/1"},
         {atom("xml:base='https://quay.example/x/'><link href='https://pier.example/'/>", atomLink),
          feedAddress, "https://quay.example/x/n/1"},
         {atom("xml:base='/deep/'>", atomLink), feedAddress, "https://harbour.example/deep/n/1"},
-        {atom("xml:base='https://quay.example/x/'>", "<link xml:base='y/' href='n/1'/>"), {},
+        {atom("xml:base='https://quay.example/x/'>", "<link xml:base='y/' href='n/1'/>"),
+         {},
          "https://quay.example/x/y/n/1"},
         {atom("xml:base='https://quay.example/x/'>",
               "<content xml:base='https://other.example/'>c</content>" + atomLink),
-         {}, "https://quay.example/x/n/1"},
+         {},
+         "https://quay.example/x/n/1"},
     };
     for (const auto& c : cases) EXPECT_EQ(linkOf(c.document, c.address), c.link) << c.document;
 }
@@ -102,8 +106,7 @@ TEST(FeedAddresses, PicturesAreCompletedAsLinksAre) {
         {"<media:content medium='image' url='//cdn.example/a'/>", "https://cdn.example/a"},
         {"<media:thumbnail url=' a.png '/>", "https://harbour.example/feeds/a.png"},
         {"<itunes:image href='/i.png'/>", "https://harbour.example/i.png"},
-        {"<description>&lt;img src=\"/d.png\"&gt;</description>",
-         "https://harbour.example/d.png"},
+        {"<description>&lt;img src=\"/d.png\"&gt;</description>", "https://harbour.example/d.png"},
         {"<description xml:base='https://pier.example/x/'>&lt;img src=\"d.png\"&gt;</description>",
          "https://pier.example/x/d.png"},
     };
@@ -117,16 +120,18 @@ TEST(FeedAddresses, PicturesAreCompletedAsLinksAre) {
 }
 
 TEST(FeedAddresses, AmpersandsThatWereEscapedTwiceAreDecoded) {
-    for (const std::string_view escaped : {"&amp;amp;", "&amp;amp;amp;", "&amp;#38;", "&amp;#038;"}) {
-        EXPECT_EQ(linkOf(rss("", "<link>https://pier.example/?a=1" + std::string(escaped) +
-                                     "b=2</link>")),
+    for (const std::string_view escaped :
+         {"&amp;amp;", "&amp;amp;amp;", "&amp;#38;", "&amp;#038;"}) {
+        EXPECT_EQ(linkOf(rss(
+                      "", "<link>https://pier.example/?a=1" + std::string(escaped) + "b=2</link>")),
                   "https://pier.example/?a=1&b=2");
     }
 }
 
 TEST(FeedAddresses, AnEpisodeWithoutAPageOfItsOwnLeadsToItsRecording) {
     const auto audio = [](std::string_view name) {
-        return "<enclosure type='audio/mpeg' url='https://cast.example/" + std::string(name) + "'/>";
+        return "<enclosure type='audio/mpeg' url='https://cast.example/" + std::string(name) +
+               "'/>";
     };
     const auto two = [](const std::string& first, const std::string& second) {
         return "<rss><channel><item><title>A</title>" + first + "</item><item><title>B</title>" +
@@ -184,4 +189,4 @@ TEST(FeedAddresses, ADocumentFullOfRelativeAddressesEndsSoon) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

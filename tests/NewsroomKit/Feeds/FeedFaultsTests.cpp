@@ -7,7 +7,7 @@
 
 #include "NewsroomKit/Feeds/FeedParser.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using namespace std::string_literals;
@@ -37,21 +37,28 @@ TEST(FeedFaults, ThatChangeNoMeaningAreForgiven) {
     const std::pair<std::string, std::string_view> cases[] = {
         {" \r\n\t<?xml version=\"1.0\"?>" + withTitle("T"), "T"},
         {"\xEF\xBB\xBF\n<?xml version=\"1.0\"?>" + withTitle("T"), "T"},
-        {withTitle("a\x01\x0B\x1F" "b\0c"s), "abc"},
+        {withTitle("a\x01\x0B\x1F"
+                   "b\0c"s),
+         "abc"},
         {withTitle("a&#0;b&#x1F;c&#xFFFF;d&#xD800;e&#99999999999;f"), "abcdef"},
-        {withTitle("a\xEF\xBF\xBE" "b\xEF\xBF\xBD"), "ab\xEF\xBF\xBD"},
+        {withTitle("a\xEF\xBF\xBE"
+                   "b\xEF\xBF\xBD"),
+         "ab\xEF\xBF\xBD"},
         {withTitle("a&#9;b&#x10FFFD;"), "a\tb\xF4\x8F\xBF\xBD"},
         {withTitle("caf&eacute;&nbsp;&mdash; &euro;1 &amp;eacute;"), "café\u00A0— €1 &eacute;"},
         {withTitle("T") + "\n<!-- served in 3 ms -->\n", "T"},
         {withTitle("T") + "\0\0\0"s, "T"},
-        {"<?xml version=\"1.0\" encoding=\"8859-1\"?>\n<?xml-stylesheet href='a'?>" + withTitle("T"), "T"},
+        {"<?xml version=\"1.0\" encoding=\"8859-1\"?>\n<?xml-stylesheet href='a'?>" +
+             withTitle("T"),
+         "T"},
     };
     for (const auto& [document, title] : cases) EXPECT_EQ(titleOf(document), title) << document;
 }
 
 TEST(FeedFaults, HTMLNamesAreKnownInAttributesToo) {
     const auto parsed = parseFeed(
-        "<feed><entry><title>T</title><link href=\"https://a.example/caf&eacute;&rarr;1\"/></entry></feed>");
+        "<feed><entry><title>T</title><link "
+        "href=\"https://a.example/caf&eacute;&rarr;1\"/></entry></feed>");
     ASSERT_TRUE(parsed.has_value());
     EXPECT_EQ(parsed.value().entries.at(0).link, "https://a.example/café→1");
 }
@@ -61,21 +68,30 @@ TEST(FeedFaults, WrongAndMissingEncodingLabelsAreSeenThrough) {
         return "<?xml version=\"1.0\" encoding=\"" + label + "\"?>" + withTitle(title);
     };
     const std::pair<std::string, std::string_view> cases[] = {
-        {labelled("ISO-8859-1", "Sm\xF8rebr\xF8" "d \x96 \x80" "5"), "Smørebrød – €5"},
+        {labelled("ISO-8859-1",
+                  "Sm\xF8rebr\xF8"
+                  "d \x96 \x80"
+                  "5"),
+         "Smørebrød – €5"},
         {labelled("ISO-8859-1", "Smørebrød"), "Smørebrød"},
         {labelled("windows-1251", "\xCF\xEE\xF0\xF2"), "Порт"},
         {labelled("gb2312", "\xB8\xDB\xBF\xDA"), "港口"},
         {labelled("Shift_JIS", "\x8D\x60"), "港"},
+        // clang-format off
         {labelled("utf-16", "Smørebrød"), "Smørebrød"},
         {labelled("us-ascii", "Smørebrød"), "Smørebrød"},
         {labelled("made-up-8", "Smørebrød"), "Smørebrød"},
         {labelled("made-up-8", "Sm\xF8rebr\xF8" "d"), "Smørebrød"},
         {labelled("../../etc/passwd", "Sm\xF8rebr\xF8" "d"), "Smørebrød"},
         {labelled("utf-8", "Sm\xF8rebr\xF8" "d"), "Smørebrød"},
+        // clang-format on
         {labelled("utf-8", "Smørebrød, kaffe \xC3"), "Smørebrød, kaffe \uFFFD"},
-        {withTitle("Sm\xF8rebr\xF8" "d"), "Smørebrød"},
+        {withTitle("Sm\xF8rebr\xF8"
+                   "d"),
+         "Smørebrød"},
         {"\xFE\xFF" + utf16(withTitle("T"), true), "T"},
-        {"\xFF\xFE" + utf16("<?xml version=\"1.0\" encoding=\"utf-16\"?>" + withTitle("T"), false), "T"},
+        {"\xFF\xFE" + utf16("<?xml version=\"1.0\" encoding=\"utf-16\"?>" + withTitle("T"), false),
+         "T"},
         {utf16(withTitle("T"), true), "T"},
         {utf16(withTitle("T"), false), "T"},
     };
@@ -83,22 +99,26 @@ TEST(FeedFaults, WrongAndMissingEncodingLabelsAreSeenThrough) {
 }
 
 TEST(FeedFaults, DocumentsWithoutAFeedElementAreNoFeeds) {
+    // clang-format off
     const std::string cases[] = {
         "", " \n", "\0\0\0\0"s, "{\"items\": []}", "Not found", "<html><body><p>Sign in</p></body></html>",
         "<!DOCTYPE html><html><head><meta charset=utf-8><title>Sign in</title><body>&nbsp;<br>",
         "<opml version=\"2.0\"><body/></opml>", "\xFF\xD8\xFF\xE0\x00\x10JFIF"s, "<", "\xFF\xFE",
         "<?xml version=\"1.0\"", "<!DOCTYPE rss SYSTEM \"rss.dtd\">",
     };
+    // clang-format on
     for (const auto& document : cases) EXPECT_EQ(titleOf(document), "(notAFeed)") << document;
 }
 
 TEST(FeedFaults, AnythingElseThatIsNotWellFormedIsMalformed) {
     const auto whole = withTitle("T");
+    // clang-format off
     const std::string cases[] = {
         whole.substr(0, whole.size() - 1), whole.substr(0, whole.find("</title>")), "<rss><channel>", "<rss",
         withTitle("a & b <b>"), withTitle("<b>"), whole + "<rss/>", "<rss a='1' a='2'/>",
         "<rss><channel><item a='1' a='2'/></channel></rss>", withTitle("<![CDATA[ "),
     };
+    // clang-format on
     for (const auto& document : cases) EXPECT_EQ(titleOf(document), "(malformed)") << document;
 }
 
@@ -106,14 +126,13 @@ TEST(FeedFaults, AmpersandsThatBeginNoReferenceAreText) {
     const std::pair<std::string, std::string_view> cases[] = {
         {withTitle("Fish & chips"), "Fish & chips"},
         {withTitle("AT&T; R&D, Q&A;"), "AT&T; R&D, Q&A;"},
-        {withTitle("&unheardof; &#xZZ; &# &eacute; &amp; &#233;"),
-         "&unheardof; &#xZZ; &# é & é"},
+        {withTitle("&unheardof; &#xZZ; &# &eacute; &amp; &#233;"), "&unheardof; &#xZZ; &# é & é"},
         {withTitle("a & <![CDATA[b & &c; <]]>&d;"), "a & b & &c; <&d;"},
         {"<rss><!-- & -->" + withTitle("a & b").substr(5), "a & b"},
         {"<rss x='a&b=c'>" + withTitle("T").substr(5), "T"},
-        {"<!DOCTYPE rss [<!ENTITY own 'Quay>'>]>" + withTitle("&own; & &other;"), "Quay> & &other;"},
-        {"<!DOCTYPE rss [<!-- The desk's --><!ENTITY own 'Quay'>]>" +
-             withTitle("&own; & it's"),
+        {"<!DOCTYPE rss [<!ENTITY own 'Quay>'>]>" + withTitle("&own; & &other;"),
+         "Quay> & &other;"},
+        {"<!DOCTYPE rss [<!-- The desk's --><!ENTITY own 'Quay'>]>" + withTitle("&own; & it's"),
          "Quay & it's"},
     };
     for (const auto& [document, title] : cases) EXPECT_EQ(titleOf(document), title) << document;
@@ -187,10 +206,9 @@ TEST(FeedFaults, NoFileIsReadForADocument) {
     const auto path = std::filesystem::path(testing::TempDir()) / "brell-secret.txt";
     std::ofstream(path) << "secret";
     const auto uri = "file://" + path.string();
-    for (const auto& declaration :
-         {"<!DOCTYPE rss [<!ENTITY x SYSTEM \"" + uri + "\">]>",
-          "<!DOCTYPE rss [<!ENTITY % p SYSTEM \"" + uri + "\"> %p;]>",
-          "<!DOCTYPE rss SYSTEM \"" + uri + "\">"}) {
+    for (const auto& declaration : {"<!DOCTYPE rss [<!ENTITY x SYSTEM \"" + uri + "\">]>",
+                                    "<!DOCTYPE rss [<!ENTITY % p SYSTEM \"" + uri + "\"> %p;]>",
+                                    "<!DOCTYPE rss SYSTEM \"" + uri + "\">"}) {
         EXPECT_EQ(titleOf(declaration + withTitle("a&x;b")).find("secret"), std::string::npos);
     }
     std::filesystem::remove(path);
@@ -294,7 +312,8 @@ TEST(FeedFaults, FeedsRichInNamesAndAttributesAreNotTakenForHostile) {
 
 TEST(FeedFaults, AnItemMayHoldThousandsOfPictures) {
     const auto pictures = numbered("<img src=\"https://a.example/", 40'000, ".png\">\n");
-    for (const std::string& html : {"<![CDATA[" + pictures + "]]>", "<![CDATA['" + pictures + "]]>"}) {
+    for (const std::string& html :
+         {"<![CDATA[" + pictures + "]]>", "<![CDATA['" + pictures + "]]>"}) {
         const auto parsed = parseFeed("<rss><channel><item><title>T</title><description>" + html +
                                       "</description></item></channel></rss>");
         ASSERT_TRUE(parsed.has_value());
@@ -312,4 +331,4 @@ TEST(FeedFaults, LongTitlesAndLongAttributesAreKept) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

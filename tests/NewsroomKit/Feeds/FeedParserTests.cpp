@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Feeds/FeedParser.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using Medium = FeedEntry::Medium;
@@ -75,8 +75,8 @@ TEST(FeedParser, ReadsAPrefixThatIsNeverBound) {
 }
 
 TEST(FeedParser, ReadsPlainRSSWhoseRootDeclaresAForeignDefaultNamespace) {
-    for (const std::string uri : {"http://www.w3.org/2005/Atom", "http://search.yahoo.com/mrss/",
-                                  "http://example.org/"}) {
+    for (const std::string uri :
+         {"http://www.w3.org/2005/Atom", "http://search.yahoo.com/mrss/", "http://example.org/"}) {
         const auto entry = onlyEntry("<rss xmlns=\"" + uri +
                                      "\"><channel><item><title>T</title></item></channel></rss>");
         EXPECT_EQ(entry.title, "T") << uri;
@@ -107,12 +107,14 @@ TEST(FeedParser, KeepsTheFirstNonEmptyOfRepeatedElements) {
         {"<image><title>B</title><link>b</link></image><title>A</title>", &FeedEntry::title, "A"},
         {"<title>Fish &amp; <![CDATA[<b>chips</b>]]></title>", &FeedEntry::title,
          "Fish & <b>chips</b>"},
-        {"<title>A</title><description/><description>S</description>", &FeedEntry::summaryHTML, "S"},
+        {"<title>A</title><description/><description>S</description>", &FeedEntry::summaryHTML,
+         "S"},
         {"<title>A</title><description>Tom &amp; <b>J &lt; K</b> too</description>",
          &FeedEntry::summaryHTML, "Tom & <b>J &lt; K</b> too"},
         {"<title>A</title><media:description>M</media:description>", &FeedEntry::summaryHTML, "M"},
         {"<title>A</title><media:description>M</media:description><content:encoded>C"
-         "</content:encoded>", &FeedEntry::summaryHTML, ""},
+         "</content:encoded>",
+         &FeedEntry::summaryHTML, ""},
         {"<title>A</title><item><title>B</title><guid>b</guid></item><guid>a</guid>",
          &FeedEntry::guid, "a"},
         {"<title>A</title><link>\n https://a.example/1 \n</link>", &FeedEntry::link,
@@ -166,8 +168,9 @@ TEST(FeedParser, TakesAuthorAndSummaryOfAPodcastWhenNothingElseNamesThem) {
     EXPECT_EQ(alone.author, "Siv");
     EXPECT_EQ(alone.summaryHTML, "<p>Ropes.</p>");
 
-    const auto last = onlyEntry(rss("<title>T</title>" + podcast +
-                                    "<dc:creator>Tor</dc:creator><content:encoded>C</content:encoded>"));
+    const auto last =
+        onlyEntry(rss("<title>T</title>" + podcast +
+                      "<dc:creator>Tor</dc:creator><content:encoded>C</content:encoded>"));
     EXPECT_EQ(last.author, "Tor");
     EXPECT_EQ(last.summaryHTML, "");
 
@@ -221,7 +224,8 @@ TEST(FeedParser, ChoosesThePictureOfAnEntry) {
          "https://a.example/i"},
         {R"(<description>&lt;IMG class='x' SRC='https://a.example/emoji/1.png'&gt; &lt;img src="https://a.example/pixel.gif"&gt; &lt;img src="data:x"&gt; &lt;img alt="" src="https://a.example/1?a=1&amp;amp;b=2"&gt;</description>)",
          "https://a.example/1?a=1&b=2"},
-        {R"(<description>&lt;img src="https://a.example/emoji/1.png"&gt;</description>)", std::nullopt},
+        {R"(<description>&lt;img src="https://a.example/emoji/1.png"&gt;</description>)",
+         std::nullopt},
     };
     for (const auto& [item, image] : cases) {
         EXPECT_EQ(onlyEntry(rss("<title>T</title>" + std::string(item))).imageURL, image) << item;
@@ -255,4 +259,4 @@ TEST(FeedParser, LeavesAnEntryWithoutAnyTextUntitled) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Feeds/FeedParser.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using Medium = FeedEntry::Medium;
@@ -146,4 +146,4 @@ TEST(FeedShapes, ItemsBesideTheChannelAreRead) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -3,12 +3,12 @@
 #include <chrono>
 #include <string>
 
-#include "NewsroomKit/Feeds/FirstPicture.h"
+#include "NewsroomKit/Feeds/ImageExtractor.h"
 #include "NewsroomKit/Feeds/HTMLEntities.h"
 #include "NewsroomKit/Feeds/HTMLText.h"
 #include "NewsroomKit/Text/Unicode.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using namespace std::string_literals;
@@ -65,21 +65,24 @@ TEST(HTMLText, HeadlinesStandOnOneLine) {
 
 TEST(Excerpt, LeavesOutElementsThatHoldNoProse) {
     EXPECT_EQ(excerpt("<figure><img><figcaption>No</figcaption></figure><p>Yes</p>"
-                      "<SCRIPT>if (a < b) no();</script ><style>p{}</style>So", 420),
+                      "<SCRIPT>if (a < b) no();</script ><style>p{}</style>So",
+                      420),
               "Yes\nSo");
     EXPECT_EQ(excerpt("Before <form action='x'>everything after", 420), "Before");
 }
 
 TEST(Excerpt, LeavesOutWhatTheBlogEngineWroteBelowTheText) {
     const std::pair<std::string_view, std::string_view> cases[] = {
-        {"<p>Text.</p><p>The post <a>The post office</a> appeared first on <a>Site</a>.</p>", "Text."},
+        {"<p>Text.</p><p>The post <a>The post office</a> appeared first on <a>Site</a>.</p>",
+         "Text."},
         {"<p>Text [&#8230;]</p>\n<p>The post A first appeared on B.</p>", "Text […]"},
         {"Text. The post A appeared first on B.", "Text."},
         {"The post went up at noon.", "The post went up at noon."},
         {"Text. The post appeared late.", "Text. The post appeared late."},
         {"<p>Text&hellip; <a>Continue reading <span>&#8220;Title. And more&#8221;</span></a></p>",
          "Text…"},
-        {"<p>Text.</p><p><a>Continue reading</a></p><p>The post A appeared first on B.</p>", "Text."},
+        {"<p>Text.</p><p><a>Continue reading</a></p><p>The post A appeared first on B.</p>",
+         "Text."},
         {"Text. Continue reading →", "Text."},
         {"<a>Continue reading</a> Rest of the text.", "Rest of the text."},
         {"Continue reading the log. It is worth it.", "Continue reading the log. It is worth it."},
@@ -101,33 +104,41 @@ TEST_P(ExcerptEnding, IsLeftOutWhenItIsNoPartOfTheText) {
     EXPECT_EQ(excerpt(GetParam().html, 420, item), GetParam().text) << GetParam().html;
 }
 
-INSTANTIATE_TEST_SUITE_P(Marks, ExcerptEnding, testing::Values(
-    EndingCase{"<p>Text.</p><div><a href='https://blog.example/linked/1'>&nbsp;★&nbsp;</a></div>",
-               "Text."},
-    EndingCase{"<p>Text.</p><p>→</p><p>* * *</p>", "Text."},
-    EndingCase{"<p>★</p>", ""},
-    EndingCase{"<p>Text with ★</p>", "Text with ★"},
-    EndingCase{"<p>Text.</p><p>42</p>", "Text.\n42"},
-    EndingCase{"<p>本文</p>", "本文"}));
+INSTANTIATE_TEST_SUITE_P(
+    Marks, ExcerptEnding,
+    testing::Values(
+        EndingCase{
+            "<p>Text.</p><div><a href='https://blog.example/linked/1'>&nbsp;★&nbsp;</a></div>",
+            "Text."},
+        EndingCase{"<p>Text.</p><p>→</p><p>* * *</p>", "Text."}, EndingCase{"<p>★</p>", ""},
+        EndingCase{"<p>Text with ★</p>", "Text with ★"},
+        EndingCase{"<p>Text.</p><p>42</p>", "Text.\n42"}, EndingCase{"<p>本文</p>", "本文"}));
 
-INSTANTIATE_TEST_SUITE_P(Invitations, ExcerptEnding, testing::Values(
-    EndingCase{"<p>Text.</p><p><a href='x'>Read the full story at The Daily Buoy.</a></p>", "Text."},
-    EndingCase{"<p>Text.</p><p>Read the full story at <a href='x'>The Daily Buoy</a>.</p>", "Text."},
-    EndingCase{"Text. Read the full article here", "Text."},
-    EndingCase{"<p>Text [&#8230;] <a href='x'>Read More &raquo;</a></p>", "Text […]"},
-    EndingCase{"<p>Text.</p><p>Read more</p>", "Text."},
-    EndingCase{"Text. Read more at The Daily Buoy", "Text."},
-    EndingCase{"Text. (more&#8230;)", "Text."},
-    EndingCase{"<p>Text.</p><p><a href='x'>&infin; Permalink</a></p>", "Text."},
-    EndingCase{"<p>Text.</p><p><a href='x'>Weiterlesen</a></p>", "Text."},
-    EndingCase{"<p>Texte…</p><p><a href='x'>Lire la suite de l’article</a></p>", "Texte…"},
-    EndingCase{"<p>Text … <a class='btn more-link' href='x'>Fortsæt <i>Lampen</i></a></p>", "Text …"},
-    EndingCase{"<p>Text.</p><a href='http://www.blog.example/2026/lamp?utm_source=rss'>Tovább</a>",
-               "Text."},
-    EndingCase{"Texto... Leia isto no <a href='https://blog.example/2026/lamp'>Farol</a>",
-               "Texto..."},
-    EndingCase{"<p>Text.</p><p><a href='x'>Read more</a></p><p>★</p>", "Text."}));
+INSTANTIATE_TEST_SUITE_P(
+    Invitations, ExcerptEnding,
+    testing::Values(
+        EndingCase{"<p>Text.</p><p><a href='x'>Read the full story at The Daily Buoy.</a></p>",
+                   "Text."},
+        EndingCase{"<p>Text.</p><p>Read the full story at <a href='x'>The Daily Buoy</a>.</p>",
+                   "Text."},
+        EndingCase{"Text. Read the full article here", "Text."},
+        EndingCase{"<p>Text [&#8230;] <a href='x'>Read More &raquo;</a></p>", "Text […]"},
+        EndingCase{"<p>Text.</p><p>Read more</p>", "Text."},
+        EndingCase{"Text. Read more at The Daily Buoy", "Text."},
+        EndingCase{"Text. (more&#8230;)", "Text."},
+        EndingCase{"<p>Text.</p><p><a href='x'>&infin; Permalink</a></p>", "Text."},
+        EndingCase{"<p>Text.</p><p><a href='x'>Weiterlesen</a></p>", "Text."},
+        EndingCase{"<p>Texte…</p><p><a href='x'>Lire la suite de l’article</a></p>", "Texte…"},
+        EndingCase{"<p>Text … <a class='btn more-link' href='x'>Fortsæt <i>Lampen</i></a></p>",
+                   "Text …"},
+        EndingCase{
+            "<p>Text.</p><a href='http://www.blog.example/2026/lamp?utm_source=rss'>Tovább</a>",
+            "Text."},
+        EndingCase{"Texto... Leia isto no <a href='https://blog.example/2026/lamp'>Farol</a>",
+                   "Texto..."},
+        EndingCase{"<p>Text.</p><p><a href='x'>Read more</a></p><p>★</p>", "Text."}));
 
+// clang-format off
 INSTANTIATE_TEST_SUITE_P(SiteFooters, ExcerptEnding, testing::Values(
     EndingCase{"<p>Text.</p><p>Der Beitrag <a href='https://blog.example/2026/lamp/'>Lampe</a> erschien "
                "zuerst auf <a href='https://blog.example'>Blog</a>.</p>", "Text."},
@@ -136,22 +147,29 @@ INSTANTIATE_TEST_SUITE_P(SiteFooters, ExcerptEnding, testing::Values(
     EndingCase{"Text.<br/><br/>This article, \"<a href='https://blog.example/2026/lamp/'>Lamp</a>\" first "
                "appeared on <a href='https://blog.example'>Blog</a><br/><br/><a href='x'>Discuss this "
                "article</a> in our forums<br/>", "Text."}));
+// clang-format on
 
-INSTANTIATE_TEST_SUITE_P(TextThatStays, ExcerptEnding, testing::Values(
-    EndingCase{"You can read more at the library.", "You can read more at the library."},
-    EndingCase{"<p>One.</p><p>Read more books this year.</p>", "One.\nRead more books this year."},
-    EndingCase{"Some want less. More!", "Some want less. More!"},
-    EndingCase{"<p>One.</p><p>Continue reading the log. It is long.</p>",
-               "One.\nContinue reading the log. It is long."},
-    EndingCase{"<p>Seen at <a href='https://blog.example/2026/lamp/'>the blog</a>.</p>",
-               "Seen at the blog."},
-    EndingCase{"<p><a href='https://blog.example/2026/lamp/'>The lamp</a> is new (via <a "
-               "href='https://x.example/'>X</a>).</p>", "The lamp is new (via X)."},
-    EndingCase{"“We ... are done”, says <a href='https://blog.example/2026/lamp'>the keeper</a>",
-               "“We ... are done”, says the keeper"},
-    EndingCase{"<p>One.</p><p>Photo by <a href='https://pics.example/@ida'>Ida</a> on <a "
-               "href='https://pics.example'>Pics</a></p>", "One.\nPhoto by Ida on Pics"},
-    EndingCase{"<p>One.</p><p>Mail <a href='x'>the desk</a></p>", "One.\nMail the desk"}));
+INSTANTIATE_TEST_SUITE_P(
+    TextThatStays, ExcerptEnding,
+    testing::Values(
+        EndingCase{"You can read more at the library.", "You can read more at the library."},
+        EndingCase{"<p>One.</p><p>Read more books this year.</p>",
+                   "One.\nRead more books this year."},
+        EndingCase{"Some want less. More!", "Some want less. More!"},
+        EndingCase{"<p>One.</p><p>Continue reading the log. It is long.</p>",
+                   "One.\nContinue reading the log. It is long."},
+        EndingCase{"<p>Seen at <a href='https://blog.example/2026/lamp/'>the blog</a>.</p>",
+                   "Seen at the blog."},
+        EndingCase{"<p><a href='https://blog.example/2026/lamp/'>The lamp</a> is new (via <a "
+                   "href='https://x.example/'>X</a>).</p>",
+                   "The lamp is new (via X)."},
+        EndingCase{
+            "“We ... are done”, says <a href='https://blog.example/2026/lamp'>the keeper</a>",
+            "“We ... are done”, says the keeper"},
+        EndingCase{"<p>One.</p><p>Photo by <a href='https://pics.example/@ida'>Ida</a> on <a "
+                   "href='https://pics.example'>Pics</a></p>",
+                   "One.\nPhoto by Ida on Pics"},
+        EndingCase{"<p>One.</p><p>Mail <a href='x'>the desk</a></p>", "One.\nMail the desk"}));
 
 TEST(Excerpt, IsNoneWhenTheTextIsNothingButTheWordsOfLinks) {
     EXPECT_EQ(excerpt("<a href='a'>View downloads</a><a href='b'>View release notes</a>", 420), "");
@@ -161,12 +179,14 @@ TEST(Excerpt, IsNoneWhenTheTextIsNothingButTheWordsOfLinks) {
     EXPECT_NE(excerpt("<a href='a'>" + teaser + "</a>", 420), "") << "a linked text is a text";
 }
 
+// clang-format off
 TEST(Excerpt, LeavesOutASiteFooterInAnyLanguageWithoutKnowingTheItem) {
     EXPECT_EQ(excerpt("<p>Texte.</p><p>L’article <a href='https://b.example/le/phare/'>Phare</a> est apparu en "
                       "premier sur <a href='https://b.example/le'>Le blog</a>.</p>", 420), "Texte.");
     EXPECT_EQ(excerpt("<p>Voir <a href='https://a.example/x'>A</a> et <a href='https://b.example'>B</a>.</p>",
                       420), "Voir A et B.");
 }
+// clang-format on
 
 struct CutCase {
     std::string html;
@@ -192,7 +212,8 @@ TEST(Excerpt, EndsAtTheLastBoundaryThatFits) {
         {"Donaudampfschifffahrt", 6, "Donau…"},
         {"One two", 1, "…"},
         {"One two", 0, ""},
-        {"One👩‍👩‍👧‍👦👩‍👩‍👧‍👦👩‍👩‍👧‍👦 two", 5, "One👩‍👩‍👧‍👦…"},
+        {"One👩‍👩‍👧‍👦👩‍👩‍👧‍👦👩‍👩‍👧‍👦 two", 5,
+         "One👩‍👩‍👧‍👦…"},
         {"e\u0301e\u0301e\u0301e\u0301", 3, "e\u0301e\u0301…"},
         {"港口今天开放。渡轮明天恢复航行", 9, "港口今天开放。…"},
     };
@@ -204,7 +225,8 @@ TEST(Excerpt, EndsAtTheLastBoundaryThatFits) {
 }
 
 TEST(Excerpt, OfALongArticleIsTheSameAsOfItsBeginning) {
-    const auto paragraph = "<p>The ferry left on time, for once, and nobody was there to see it.</p>"s;
+    const auto paragraph =
+        "<p>The ferry left on time, for once, and nobody was there to see it.</p>"s;
     EXPECT_EQ(excerpt(repeated(paragraph, 5'000), 420), excerpt(repeated(paragraph, 20), 420));
 }
 
@@ -214,8 +236,9 @@ TEST(PostTitle, IsTheFirstLineOfTheText) {
         {"<p></p><p>First\nline</p>", "First line"},
         {"First\nsecond &amp; third", "First"},
         {"<script>no()</script>\n", ""},
-        {repeated("0123456789 ", 20), "0123456789 0123456789 0123456789 0123456789 0123456789 "
-                                     "0123456789 0123456789 0123456789 0123456789 0123456789…"},
+        {repeated("0123456789 ", 20),
+         "0123456789 0123456789 0123456789 0123456789 0123456789 "
+         "0123456789 0123456789 0123456789 0123456789 0123456789…"},
     };
     for (const auto& [html, title] : cases) EXPECT_EQ(postTitle(html), title) << html;
 }
@@ -223,10 +246,12 @@ TEST(PostTitle, IsTheFirstLineOfTheText) {
 TEST(HTMLText, HostileTextsAreReadInOnePass) {
     // Far more than one pass takes under a sanitizer, far less than square growth.
     constexpr auto patience = std::chrono::seconds(10);
+    // clang-format off
     for (const std::string_view piece :
          {"<", "<a", "<a href=\"", "<a href='x\">", "<a href='x'>★</a><br>", "a <img src='http://stats.a/' width=", "&", "&#", "<!--", "<![CDATA[", "]]>", "<script",
           "<script>", "<script></script", "</form  ", "The post ", "Continue reading ", "<img",
           "<img src=", "<img src='", "\u0301"}) {
+        // clang-format on
         const auto html = repeated(piece, static_cast<int>(2'000'000 / piece.size()));
         const auto start = std::chrono::steady_clock::now();
         EXPECT_LE(characterCount(excerpt(html, 420)), 420U) << piece;
@@ -240,4 +265,4 @@ TEST(HTMLText, HostileTextsAreReadInOnePass) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

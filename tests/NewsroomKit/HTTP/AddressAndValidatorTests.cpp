@@ -3,9 +3,10 @@
 #include "NewsroomKit/HTTP/PrivateAddress.h"
 #include "NewsroomKit/HTTP/ValidatorTable.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
+// clang-format off
 TEST(PrivateAddress, knowsThisMachineAndItsNetworkInAllSpellings) {
     for (const char* ip :
          {"127.0.0.1", "127.255.255.255", "0.0.0.0", "10.0.0.1", "10.255.255.255", "172.16.0.1",
@@ -14,17 +15,19 @@ TEST(PrivateAddress, knowsThisMachineAndItsNetworkInAllSpellings) {
           "febf::1", "fc00::1", "fdff::1", "fec0::1", "ff02::1", "::ffff:127.0.0.1",
           "::ffff:192.168.1.1", "::10.0.0.1", "64:ff9b::7f00:1", "2002:7f00:1::", "",
           "feeds.example", "127.1"}) {
+        // clang-format on
         EXPECT_TRUE(isPrivateAddress(ip)) << ip;
     }
 }
 
 TEST(PrivateAddress, leavesTheNeighboursOfItsBlocksPublic) {
     for (const char* ip :
-         {"1.1.1.1", "9.255.255.255", "11.0.0.0", "126.255.255.255", "128.0.0.0", "172.15.255.255",
-          "172.32.0.0", "192.167.255.255", "192.169.0.0", "169.253.255.255", "169.255.0.0",
-          "100.63.255.255", "100.128.0.0", "198.17.255.255", "198.20.0.0", "223.255.255.255",
-          "2606:4700::1111", "2001:db8::1", "::ffff:1.1.1.1", "64:ff9b::101:101", "2002:101:101::",
-          "fbff::1", "fe00::1"}) {
+         {"1.1.1.1",         "9.255.255.255",   "11.0.0.0",       "126.255.255.255",
+          "128.0.0.0",       "172.15.255.255",  "172.32.0.0",     "192.167.255.255",
+          "192.169.0.0",     "169.253.255.255", "169.255.0.0",    "100.63.255.255",
+          "100.128.0.0",     "198.17.255.255",  "198.20.0.0",     "223.255.255.255",
+          "2606:4700::1111", "2001:db8::1",     "::ffff:1.1.1.1", "64:ff9b::101:101",
+          "2002:101:101::",  "fbff::1",         "fe00::1"}) {
         EXPECT_FALSE(isPrivateAddress(ip)) << ip;
     }
 }
@@ -69,4 +72,4 @@ TEST(ValidatorTable, importsNoTextThatWouldAddAHeader) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -20,10 +20,10 @@
 #include <boost/asio/strand.hpp>
 #include <boost/asio/thread_pool.hpp>
 
-#include "tests/support/HTTPBench.h"
+#include "tests/support/TestServer.h"
 #include "tests/NewsroomKit/HTTP/NameLookup.h"
 
-namespace newsroom::test {
+namespace kit::test {
 namespace {
 
 namespace asio = boost::asio;
@@ -49,9 +49,8 @@ public:
 
     void cancelAfter(std::chrono::milliseconds delay) {
         timer_.emplace(executor_, delay);
-        timer_->async_wait([this](boost::system::error_code) {
-            signal_.emit(asio::cancellation_type::terminal);
-        });
+        timer_->async_wait(
+            [this](boost::system::error_code) { signal_.emit(asio::cancellation_type::terminal); });
     }
 
     bool finished() const { return finished_; }
@@ -82,7 +81,7 @@ void waitUntil(const std::function<bool()>& condition) {
 }
 
 TEST(Cancellation, endsARequestInFlight) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
     asio::thread_pool pool(1);
     Errand errand(pool.get_executor());
@@ -95,7 +94,7 @@ TEST(Cancellation, endsARequestInFlight) {
 }
 
 TEST(Cancellation, endsARequestThatIsStillQueued) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
     asio::io_context io;
     Errand errand(io.get_executor());
@@ -109,7 +108,7 @@ TEST(Cancellation, endsARequestThatIsStillQueued) {
 TEST(Cancellation, endsThePauseBeforeARetry) {
     auto patient = impatient();
     patient.retryPause = 1h;
-    HTTPBench bench(patient);
+    TestServer bench(patient);
     bench.script.on("feeds.example", "/", {{.status = 503}});
     asio::thread_pool pool(1);
     Errand errand(pool.get_executor());
@@ -122,11 +121,11 @@ TEST(Cancellation, endsThePauseBeforeARetry) {
 }
 
 TEST(CurlTransport, endsEverythingInFlightWhenItGoesWellUnderASecond) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
-    auto transport = std::make_unique<CurlTransport>(CurlTransport::Options{
-        .connectTo = "127.0.0.1:" + std::to_string(bench.server.port()),
-        .caFile = bench.authorityFile()});
+    auto transport = std::make_unique<CurlTransport>(
+        CurlTransport::Options{.connectTo = "127.0.0.1:" + std::to_string(bench.server.port()),
+                               .caFile = bench.authorityFile()});
     HTTPClient client(*transport, impatient());
     asio::thread_pool pool(2);
     std::vector<std::unique_ptr<Errand>> errands;
@@ -143,7 +142,7 @@ TEST(CurlTransport, endsEverythingInFlightWhenItGoesWellUnderASecond) {
 }
 
 TEST(CurlTransport, keepsItsConnections) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/", {{.body = "news"}});
     for (int i = 0; i < 20; ++i) {
         ASSERT_EQ(bench.outcome("https://feeds.example/"), "fresh: news");
@@ -152,7 +151,7 @@ TEST(CurlTransport, keepsItsConnections) {
 }
 
 TEST(CurlTransport, carriesTwoHundredWaitingRequestsOnOneThread) {
-    HTTPBench bench;
+    TestServer bench;
     asio::thread_pool pool(1);
     std::vector<std::unique_ptr<Errand>> errands;
     const auto start = Clock::now();
@@ -170,7 +169,7 @@ TEST(CurlTransport, carriesTwoHundredWaitingRequestsOnOneThread) {
 }
 
 TEST(CurlTransport, answersEveryOneOfManyRequestsCancelledAtRandom) {
-    HTTPBench bench(impatient(), {.threads = 2});
+    TestServer bench(impatient(), {.threads = 2});
     const std::vector<pressroom::Response> answers{
         {.body = "news"},
         {.status = 304},
@@ -202,7 +201,7 @@ TEST(CurlTransport, answersEveryOneOfManyRequestsCancelledAtRandom) {
 
 /// Names really are looked up here, through the stand-in for the system's resolver.
 TEST(NameLookups, thatFailAreToldFromServersThatDo) {
-    HTTPBench bench;
+    TestServer bench;
     CurlTransport transport({.caFile = bench.authorityFile()});
     HTTPClient client(transport, impatient());
     const auto done = exchange(client, "https://unknown.example/");
@@ -212,7 +211,7 @@ TEST(NameLookups, thatFailAreToldFromServersThatDo) {
 
 TEST(NameLookups, thatNeverEndHoldUpNobodyElse) {
     const BlackHole hole("black-hole.example");
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("127.0.0.1", "/", {{.body = "news"}});
     auto configuration = impatient();
     configuration.requestTimeout = 300ms;
@@ -246,4 +245,4 @@ TEST(NameLookups, thatNeverEndHoldUpNobodyElse) {
 }
 
 }  // namespace
-}  // namespace newsroom::test
+}  // namespace kit::test

@@ -7,10 +7,10 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/support/HTTPBench.h"
+#include "tests/support/TestServer.h"
 #include "tests/support/RawTLSServer.h"
 
-namespace newsroom::test {
+namespace kit::test {
 namespace {
 
 using namespace std::chrono_literals;
@@ -83,7 +83,7 @@ TEST(EndlessAnswers, CannotComeAsFramesOfHTTP2WhichIsNotSpoken) {
 }
 
 TEST(EndlessAnswers, HeadersOfAllRedirectsCountTogether) {
-    HTTPBench bench;
+    TestServer bench;
     pressroom::Response onward{.status = 302, .headers = {{"Location", "/"}}};
     for (int i = 0; i < 40; ++i) onward.headers.emplace_back("X-Line", std::string(2000, 'a'));
     bench.script.on("feeds.example", "/", {onward, onward, onward, onward, {.body = "news"}});
@@ -93,4 +93,4 @@ TEST(EndlessAnswers, HeadersOfAllRedirectsCountTogether) {
 }
 
 }  // namespace
-}  // namespace newsroom::test
+}  // namespace kit::test

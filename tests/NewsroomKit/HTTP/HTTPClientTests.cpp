@@ -8,16 +8,16 @@
 #include <vector>
 
 #include "PressRoom/Server/Conditional.h"
-#include "tests/support/HTTPBench.h"
+#include "tests/support/TestServer.h"
 
-namespace newsroom::test {
+namespace kit::test {
 namespace {
 
 using namespace std::chrono_literals;
 using pressroom::Response;
 
 TEST(HTTPClient, refusesAnythingButHTTPSWithoutTraffic) {
-    HTTPBench bench;
+    TestServer bench;
     for (const char* url : {"http://feeds.example/", "file:///etc/passwd", "feeds.example",
                             "HTTP://feeds.example/", "httpss://feeds.example/", "https", ""}) {
         EXPECT_EQ(bench.outcome(url), "The address isn't secure (https).") << url;
@@ -26,18 +26,17 @@ TEST(HTTPClient, refusesAnythingButHTTPSWithoutTraffic) {
 }
 
 TEST(HTTPClient, takesTheSchemeInAnyLetterCase) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/a", {{.body = "news"}});
     EXPECT_EQ(bench.outcome("HttpS://feeds.example/a"), "fresh: news");
 }
 
 TEST(HTTPClient, refusesAddressesThatNamePlacesNobodyCouldAsk) {
-    HTTPBench bench;
-    for (const std::string& url :
-         {std::string("https://"), std::string("https://exa mple/"),
-          std::string("https://feeds.example/\r\nCookie: a"),
-          std::string("https://feeds.example/\0b", 24),
-          "https://x/" + std::string(9'000'000, 'a')}) {
+    TestServer bench;
+    for (const std::string& url : {std::string("https://"), std::string("https://exa mple/"),
+                                   std::string("https://feeds.example/\r\nCookie: a"),
+                                   std::string("https://feeds.example/\0b", 24),
+                                   "https://x/" + std::string(9'000'000, 'a')}) {
         EXPECT_EQ(bench.outcome(url), "The address can't be read.") << url.substr(0, 40);
     }
     EXPECT_EQ(bench.server.connections(), 0U);
@@ -57,7 +56,7 @@ TEST(HTTPClient, acceptsABodyOfExactlyTheLimitAndNotOneByteMore) {
         {"gzipped", {}, true},
     };
     for (const auto& [name, delivery, gzipped] : cases) {
-        HTTPBench bench;
+        TestServer bench;
         Response response{.body = gzipped ? pressroom::gzip(body) : body, .delivery = delivery};
         if (gzipped) response.headers = {{"Content-Encoding", "gzip"}};
         bench.script.on("feeds.example", "/", {response});
@@ -71,7 +70,7 @@ TEST(HTTPClient, acceptsABodyOfExactlyTheLimitAndNotOneByteMore) {
 }
 
 TEST(HTTPClient, failsOnAnAnnouncedLengthOverTheLimitBeforeReading) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/",
                     {{.body = std::string(2000, 'x'),
                       .delivery = {.trickleBytes = 1, .trickleInterval = 20s}}});
@@ -81,7 +80,7 @@ TEST(HTTPClient, failsOnAnAnnouncedLengthOverTheLimitBeforeReading) {
 }
 
 TEST(HTTPClient, stopsAGzipBombAtTheLimitOfItsDecodedBytes) {
-    HTTPBench bench;
+    TestServer bench;
     const auto bomb = pressroom::gzip(std::string(50'000'000, '\0'));
     bench.script.on("feeds.example", "/",
                     {{.headers = {{"Content-Encoding", "gzip"}}, .body = bomb}});
@@ -91,7 +90,7 @@ TEST(HTTPClient, stopsAGzipBombAtTheLimitOfItsDecodedBytes) {
 }
 
 TEST(HTTPClient, judgesTheStatusBeforeTheSizeAndTheSizeBeforeTheEmptiness) {
-    HTTPBench bench;
+    TestServer bench;
     const std::string large(2000, 'x');
     struct Case {
         Response response;
@@ -117,9 +116,10 @@ TEST(HTTPClient, judgesTheStatusBeforeTheSizeAndTheSizeBeforeTheEmptiness) {
 }
 
 TEST(HTTPClient, doesNotWaitForTheBodyOfARefusal) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/",
-                    {{.status = 404, .body = "gone, slowly",
+                    {{.status = 404,
+                      .body = "gone, slowly",
                       .delivery = {.trickleBytes = 1, .trickleInterval = 20s}}});
     const auto done = bench.exchange("https://feeds.example/");
     EXPECT_EQ(outcomeText(done.result), "The server answered 404.");
@@ -144,7 +144,7 @@ TEST(HTTPClient, triesOnceMoreAfterAFailureThatMayPass) {
         {{.body = "ne", .delivery = {.closeAfter = 1}}, 2, "fresh: news"},
     };
     for (const auto& [first, hits, outcome] : cases) {
-        HTTPBench bench;
+        TestServer bench;
         bench.script.on("feeds.example", "/", {first, {.body = "news"}});
         const auto done = bench.exchange("https://feeds.example/");
         EXPECT_EQ(outcomeText(done.result), outcome) << first.status;
@@ -154,14 +154,14 @@ TEST(HTTPClient, triesOnceMoreAfterAFailureThatMayPass) {
 }
 
 TEST(HTTPClient, reportsTheSecondFailureAndTriesNoThirdTime) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/", {{.status = 503}, {.status = 500}, {.body = "late"}});
     EXPECT_EQ(bench.outcome("https://feeds.example/"), "The server answered 500.");
     EXPECT_EQ(bench.server.hits(), 2U);
 }
 
 TEST(HTTPClient, pausesBetweenHalfASecondAndEightTenthsBeforeItTriesAgain) {
-    HTTPBench bench(HTTPClient::Configuration{});
+    TestServer bench(HTTPClient::Configuration{});
     bench.script.on("feeds.example", "/", {{.status = 503}, {.body = "news"}});
     const auto done = bench.exchange("https://feeds.example/");
     EXPECT_EQ(outcomeText(done.result), "fresh: news");
@@ -170,7 +170,7 @@ TEST(HTTPClient, pausesBetweenHalfASecondAndEightTenthsBeforeItTriesAgain) {
 }
 
 TEST(HTTPClient, saysWhoItIsAndWantsNothingStale) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/a?b=c%20d", {{.body = "news"}});
     ASSERT_EQ(bench.outcome("https://feeds.example/a?b=c%20d"), "fresh: news");
     const auto asked = bench.script.requests("feeds.example", "/a?b=c%20d").at(0);
@@ -188,7 +188,7 @@ std::string validatorsOf(const pressroom::Request& request) {
 }
 
 TEST(HTTPClient, asksConditionallyWithThePairOfTheLastAnswerAsAWhole) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/",
                     {{.headers = {{"ETag", "\"1\""}, {"Last-Modified", "Monday"}}, .body = "one"},
                      {.status = 304, .headers = {{"ETag", "\"not kept\""}}},
@@ -208,12 +208,12 @@ TEST(HTTPClient, asksConditionallyWithThePairOfTheLastAnswerAsAWhole) {
     for (const auto& request : bench.script.requests("feeds.example", "/")) {
         sent.push_back(validatorsOf(request));
     }
-    EXPECT_EQ(sent, (std::vector<std::string>{"- -", "\"1\" Monday", "\"1\" Monday",
-                                              "W/\"2\" -", "W/\"2\" -", "- Tuesday", "- -"}));
+    EXPECT_EQ(sent, (std::vector<std::string>{"- -", "\"1\" Monday", "\"1\" Monday", "W/\"2\" -",
+                                              "W/\"2\" -", "- Tuesday", "- -"}));
 }
 
 TEST(HTTPClient, neitherSendsNorStoresValidatorsUnconditionally) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/", {{.headers = {{"ETag", "\"1\""}}, .body = "news"}});
     bench.client.validators().store("https://feeds.example/", {.entityTag = "\"kept\""});
     ASSERT_EQ(bench.outcome("https://feeds.example/", Conditional::no), "fresh: news");
@@ -222,7 +222,7 @@ TEST(HTTPClient, neitherSendsNorStoresValidatorsUnconditionally) {
 }
 
 TEST(HTTPClient, keepsTheStoredPairWhenTheNewBodyIsRefused) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/",
                     {{.headers = {{"ETag", "\"2\""}}, .body = std::string(2000, 'x')},
                      {.headers = {{"ETag", "\"3\""}}},
@@ -233,8 +233,8 @@ TEST(HTTPClient, keepsTheStoredPairWhenTheNewBodyIsRefused) {
 }
 
 TEST(HTTPClient, reportsHowLongTheServerWantsToBeLeftAlone) {
-    const auto inTwoMinutes = std::chrono::floor<std::chrono::seconds>(
-                                  std::chrono::system_clock::now()) + 120s;
+    const auto inTwoMinutes =
+        std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()) + 120s;
     struct Case {
         int status;
         std::string header;
@@ -251,7 +251,7 @@ TEST(HTTPClient, reportsHowLongTheServerWantsToBeLeftAlone) {
         {503, "31536000000", 31'536'000'000s},
         {500, "120", std::nullopt},
     };
-    HTTPBench bench;
+    TestServer bench;
     for (const auto& [status, header, pause] : cases) {
         bench.script.on("feeds.example", "/",
                         {{.status = status, .headers = {{"Retry-After", header}}}});
@@ -278,17 +278,15 @@ TEST(HTTPClient, reportsHowLongTheServerWantsToBeLeftAlone) {
 }
 
 TEST(HTTPClient, countsTheBytesAsTheyWereOnTheWireOverAllAttempts) {
-    HTTPBench bench;
+    TestServer bench;
     const auto packed = pressroom::gzip(std::string(100'000, 'x'));
     bench.script.on("feeds.example", "/",
-                    {{.status = 503},
-                     {.headers = {{"Content-Encoding", "gzip"}}, .body = packed}});
-    const auto record =
-        bench.exchange("https://feeds.example/", Conditional::no, 100'000).record;
+                    {{.status = 503}, {.headers = {{"Content-Encoding", "gzip"}}, .body = packed}});
+    const auto record = bench.exchange("https://feeds.example/", Conditional::no, 100'000).record;
     EXPECT_EQ(record.status, 200);
     EXPECT_GT(record.bytesOnWire, packed.size());
     EXPECT_LT(record.bytesOnWire, packed.size() + 1000);
 }
 
 }  // namespace
-}  // namespace newsroom::test
+}  // namespace kit::test

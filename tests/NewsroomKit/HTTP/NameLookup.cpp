@@ -9,7 +9,7 @@
 #include <dlfcn.h>
 #include <netdb.h>
 
-namespace newsroom::test {
+namespace kit::test {
 namespace {
 
 struct Lookups {
@@ -30,8 +30,7 @@ void stayWhileEndless(std::string_view host) {
     std::unique_lock lock(state.mutex);
     if (state.endless != host) return;
     ++state.visitors;
-    state.changed.wait_for(lock, std::chrono::seconds(30),
-                           [&] { return state.endless != host; });
+    state.changed.wait_for(lock, std::chrono::seconds(30), [&] { return state.endless != host; });
 }
 
 }  // namespace
@@ -53,7 +52,7 @@ int BlackHole::visitors() const {
     return lookups().visitors;
 }
 
-}  // namespace newsroom::test
+}  // namespace kit::test
 
 /// Takes the place of the C library's, for curl too.
 extern "C" int getaddrinfo(const char* node, const char* service, const addrinfo* hints,
@@ -62,13 +61,13 @@ extern "C" int getaddrinfo(const char* node, const char* service, const addrinfo
     using Lookup = int (*)(const char*, const char*, const addrinfo*, addrinfo**);
     static const auto system = reinterpret_cast<Lookup>(dlsym(RTLD_NEXT, "getaddrinfo"));
     if (!host.ends_with(".example")) return system(node, service, hints, result);
-    if (host == newsroom::test::kUnreachableHost) {
+    if (host == kit::test::kUnreachableHost) {
         return system("255.255.255.255", service, hints, result);
     }
-    if (host == newsroom::test::kHalfReachableHost) {
+    if (host == kit::test::kHalfReachableHost) {
         system("127.0.0.1", service, hints, result);
         return system("255.255.255.255", service, hints, &(*result)->ai_next);
     }
-    newsroom::test::stayWhileEndless(host);
+    kit::test::stayWhileEndless(host);
     return EAI_NONAME;
 }

@@ -5,7 +5,7 @@
 
 /// This program's lookups do not reach a name server: names under .example are unknown except for
 /// those below, numeric addresses are read.
-namespace newsroom::test {
+namespace kit::test {
 
 /// Its only address is one that no computer has a way to.
 inline constexpr std::string_view kUnreachableHost = "unreachable.example";
@@ -24,4 +24,4 @@ public:
     int visitors() const;
 };
 
-}  // namespace newsroom::test
+}  // namespace kit::test

@@ -14,9 +14,9 @@
 
 #include "PressRoom/Server/Conditional.h"
 #include "tests/NewsroomKit/HTTP/NameLookup.h"
-#include "tests/support/HTTPBench.h"
+#include "tests/support/TestServer.h"
 
-namespace newsroom::test {
+namespace kit::test {
 namespace {
 
 using namespace std::chrono_literals;
@@ -39,17 +39,21 @@ TEST(NetworkFaults, eachHasASentenceForTheUser) {
         std::string outcome;
     };
     const std::vector<Case> cases{
-        {"closed instead of an answer", {.delivery = {.hangsUp = true}},
+        {"closed instead of an answer",
+         {.delivery = {.hangsUp = true}},
          "The connection was lost."},
-        {"closed in the middle", {.body = "news and more", .delivery = {.closeAfter = 4}},
+        {"closed in the middle",
+         {.body = "news and more", .delivery = {.closeAfter = 4}},
          "The connection was lost."},
         {"closed in the middle of a chunked body",
          {.body = "news", .delivery = {.framing = Framing::chunked, .closeAfter = 4}},
          "The connection was lost."},
         {"announced more than there is",
-         {.body = "news", .delivery = {.announcedLength = 100}}, "The connection was lost."},
+         {.body = "news", .delivery = {.announcedLength = 100}},
+         "The connection was lost."},
         {"announced less than there is",
-         {.body = "news and more", .delivery = {.announcedLength = 4}}, "fresh: news"},
+         {.body = "news and more", .delivery = {.announcedLength = 4}},
+         "fresh: news"},
         {"closed in the middle of the head",
          {.delivery = {.rawBytes = "HTTP/1.1 200 OK\r\nContent-Ty"}},
          "The connection was lost."},
@@ -63,20 +67,23 @@ TEST(NetworkFaults, eachHasASentenceForTheUser) {
          {.delivery = {.rawBytes = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
                                    "4\r\nnews\r\n0\r\nX-Check: 1\r\n"}},
          "The connection was lost."},
-        {"a body without a head", {.delivery = {.rawBytes = "<rss/>"}},
+        {"a body without a head",
+         {.delivery = {.rawBytes = "<rss/>"}},
          "The server didn't answer as a web server."},
-        {"another protocol", {.delivery = {.rawBytes = "SSH-2.0-OpenSSH_9.2\r\n"}},
+        {"another protocol",
+         {.delivery = {.rawBytes = "SSH-2.0-OpenSSH_9.2\r\n"}},
          "The server didn't answer as a web server."},
-        {"an unknown version", {.delivery = {.rawBytes = "HTTP/9.9 200 OK\r\n\r\nnews"}},
+        {"an unknown version",
+         {.delivery = {.rawBytes = "HTTP/9.9 200 OK\r\n\r\nnews"}},
          "The server didn't answer as a web server."},
         {"damaged gzip",
          {.headers = {{"Content-Encoding", "gzip"}}, .body = "this is not gzip at all"},
          "The server's answer can't be decoded."},
-        {"length that is no number", {.delivery = {.rawBytes =
-            "HTTP/1.1 200 OK\r\nContent-Length: lots\r\n\r\nnews"}},
+        {"length that is no number",
+         {.delivery = {.rawBytes = "HTTP/1.1 200 OK\r\nContent-Length: lots\r\n\r\nnews"}},
          "The server's answer makes no sense."},
     };
-    HTTPBench bench;
+    TestServer bench;
     for (const auto& [name, response, outcome] : cases) {
         bench.script.on("feeds.example", "/", {response});
         EXPECT_EQ(bench.outcome("https://feeds.example/"), outcome) << name;
@@ -84,7 +91,7 @@ TEST(NetworkFaults, eachHasASentenceForTheUser) {
 }
 
 TEST(NetworkFaults, aSilentServerTimesOutAfterTheIdleLimitOfEachAttempt) {
-    HTTPBench bench(withTimeouts(200ms, 10s));
+    TestServer bench(withTimeouts(200ms, 10s));
     bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
     const auto done = bench.exchange("https://feeds.example/");
     EXPECT_EQ(outcomeText(done.result), "The server took too long to answer.");
@@ -94,7 +101,7 @@ TEST(NetworkFaults, aSilentServerTimesOutAfterTheIdleLimitOfEachAttempt) {
 }
 
 TEST(NetworkFaults, aPauseInTheBodyTimesOutToo) {
-    HTTPBench bench(withTimeouts(200ms, 10s));
+    TestServer bench(withTimeouts(200ms, 10s));
     bench.script.on("feeds.example", "/",
                     {{.body = "news", .delivery = {.trickleBytes = 1, .trickleInterval = 5s}}});
     const auto done = bench.exchange("https://feeds.example/");
@@ -103,7 +110,7 @@ TEST(NetworkFaults, aPauseInTheBodyTimesOutToo) {
 }
 
 TEST(NetworkFaults, aSlowBodyIsPatientlyReadWhileBytesKeepComing) {
-    HTTPBench bench(withTimeouts(1s, 10s));
+    TestServer bench(withTimeouts(1s, 10s));
     bench.script.on("feeds.example", "/",
                     {{.body = std::string(15, 'x'),
                       .delivery = {.trickleBytes = 1, .trickleInterval = 100ms}}});
@@ -113,12 +120,11 @@ TEST(NetworkFaults, aSlowBodyIsPatientlyReadWhileBytesKeepComing) {
 }
 
 TEST(NetworkFaults, anEndlessTrickleEndsAtTheTotalLimit) {
-    HTTPBench bench(withTimeouts(5s, 300ms));
-    bench.script.on("feeds.example", "/",
-                    {{.body = std::string(900, 'x'),
-                      .delivery = {.framing = Framing::chunked,
-                                   .trickleBytes = 1,
-                                   .trickleInterval = 20ms}}});
+    TestServer bench(withTimeouts(5s, 300ms));
+    bench.script.on(
+        "feeds.example", "/",
+        {{.body = std::string(900, 'x'),
+          .delivery = {.framing = Framing::chunked, .trickleBytes = 1, .trickleInterval = 20ms}}});
     const auto done = bench.exchange("https://feeds.example/");
     EXPECT_EQ(outcomeText(done.result), "The server took too long to answer.");
     EXPECT_GE(done.record.elapsed, 600ms);
@@ -167,7 +173,7 @@ TEST(Redirects, areFollowedOnlyToHTTPSAndNotForever) {
         {"gopher://other.example/", "The address isn't secure (https)."},
         {"https://", "The address can't be read."},
     };
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/loop", {to("/loop")});
     bench.script.on("other.example", "/b", {{.body = "news"}});
     for (const auto& [location, outcome] : cases) {
@@ -178,7 +184,7 @@ TEST(Redirects, areFollowedOnlyToHTTPSAndNotForever) {
 }
 
 TEST(Redirects, takeNoCredentialsAndNoCookiesToAnotherHost) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/",
                     {{.status = 302,
                       .headers = {{"Location", "https://other.example/"},
@@ -209,9 +215,8 @@ TEST(Redirects, reportAPermanentMoveAsFarAsItIsPermanent) {
         {301, 404, std::nullopt},
     };
     for (const auto& [first, second, movedTo] : cases) {
-        HTTPBench bench;
-        bench.script.on("feeds.example", "/a",
-                        {{.status = first, .headers = {{"Location", "b"}}}});
+        TestServer bench;
+        bench.script.on("feeds.example", "/a", {{.status = first, .headers = {{"Location", "b"}}}});
         Response onward{.status = second, .body = "news"};
         if (second >= 300 && second < 400) {
             onward.headers = {{"Location", "https://new.example/c"}};
@@ -265,10 +270,10 @@ TEST(Redirects, leadFromAPublicAddressToAPrivateOneNeither) {
 }
 
 TEST(Trust, isGivenByTheNamedAuthorityToTheNamedHost) {
-    HTTPBench bench(impatient(),
-                    {.certificates = {{"self-signed.example", Certificate::selfSigned},
-                                      {"wrong-name.example", Certificate::wrongName},
-                                      {"private.example", Certificate::privateAuthority}}});
+    TestServer bench(impatient(),
+                     {.certificates = {{"self-signed.example", Certificate::selfSigned},
+                                       {"wrong-name.example", Certificate::wrongName},
+                                       {"private.example", Certificate::privateAuthority}}});
     for (const char* host : {"self-signed.example", "wrong-name.example", "private.example"}) {
         bench.script.on(host, "/", {{.body = "never read"}});
         EXPECT_EQ(bench.outcome(std::string("https://") + host + "/"),
@@ -279,9 +284,8 @@ TEST(Trust, isGivenByTheNamedAuthorityToTheNamedHost) {
 }
 
 TEST(Trust, dependsOnTheDateWhichTheClockMayHaveWrong) {
-    HTTPBench bench(impatient(),
-                    {.certificates = {{"expired.example", Certificate::expired},
-                                      {"early.example", Certificate::notYetValid}}});
+    TestServer bench(impatient(), {.certificates = {{"expired.example", Certificate::expired},
+                                                    {"early.example", Certificate::notYetValid}}});
     EXPECT_EQ(bench.outcome("https://expired.example/"),
               "The server's certificate has expired. Is this computer's clock right?");
     EXPECT_EQ(bench.outcome("https://early.example/"),
@@ -290,26 +294,24 @@ TEST(Trust, dependsOnTheDateWhichTheClockMayHaveWrong) {
 }
 
 TEST(Trust, ofTheSystemDoesNotIncludeThePressRoom) {
-    HTTPBench bench;
+    TestServer bench;
     bench.script.on("feeds.example", "/", {{.body = "news"}});
-    CurlTransport stock(
-        {.connectTo = "127.0.0.1:" + std::to_string(bench.server.port())});
+    CurlTransport stock({.connectTo = "127.0.0.1:" + std::to_string(bench.server.port())});
     HTTPClient client(stock, impatient());
     EXPECT_EQ(outcomeText(exchange(client, "https://feeds.example/").result),
               "The server's certificate isn't trusted.");
 }
 
 TEST(Trust, inAnExtraAuthorityHoldsForItsHostAlone) {
-    HTTPBench bench(impatient(),
-                    {.certificates = {{"updates.example", Certificate::privateAuthority},
-                                      {"imitator.example", Certificate::privateAuthority}}});
+    TestServer bench(impatient(),
+                     {.certificates = {{"updates.example", Certificate::privateAuthority},
+                                       {"imitator.example", Certificate::privateAuthority}}});
     TemporaryFolder folder;
     const auto extra = folder.path() / "private-authority.pem";
     bench.server.writePrivateAuthority(extra);
-    CurlTransport transport(
-        {.connectTo = "127.0.0.1:" + std::to_string(bench.server.port()),
-         .caFile = bench.authorityFile(),
-         .extraAuthorities = {{"Updates.example", extra}}});
+    CurlTransport transport({.connectTo = "127.0.0.1:" + std::to_string(bench.server.port()),
+                             .caFile = bench.authorityFile(),
+                             .extraAuthorities = {{"Updates.example", extra}}});
     HTTPClient client(transport, impatient());
 
     for (const char* host : {"updates.example", "imitator.example", "feeds.example"}) {
@@ -343,4 +345,4 @@ TEST(Trust, isNotStartedWithAFileThatHoldsNoAuthority) {
 }
 
 }  // namespace
-}  // namespace newsroom::test
+}  // namespace kit::test

@@ -5,7 +5,7 @@
 #include "NewsroomKit/Ingestion/CreditExtraction.h"
 #include "NewsroomKit/Ingestion/SocialPosts.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using Kind = SourceCredit::Kind;
@@ -143,4 +143,4 @@ TEST(SocialPost, TellsPlatformAccountAndTimeFromTheAddress) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

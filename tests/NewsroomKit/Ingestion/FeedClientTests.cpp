@@ -12,14 +12,14 @@
 #include <boost/asio/use_future.hpp>
 
 #include "NewsroomKit/Ingestion/FeedClient.h"
-#include "tests/support/HTTPBench.h"
+#include "tests/support/TestServer.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 namespace asio = boost::asio;
 using pressroom::Response;
-using test::HTTPBench;
+using test::TestServer;
 
 std::string feedOf(int items, const std::string& host = "a.example") {
     std::string feed = "<rss><channel><title>Sample feed</title>";
@@ -61,7 +61,7 @@ protected:
         return "unchanged";
     }
 
-    HTTPBench bench_;
+    TestServer bench_;
     CanonicalLinks links_;
     StoryConversion conversion_{links_};
     asio::thread_pool workers_{2};
@@ -125,7 +125,8 @@ TEST_F(FeedClientTest, APageWhoseFeedIsOfNoUseSaysWhichFeedAndWhy) {
         {{"http://site.example/feed"},
          "The page names the feed http://site.example/feed" + middle +
              "The address isn't secure (https)."},
-        {{"/gone?token=hush", "/page"}, opening + "gone?token=…" + middle + "The server answered 404."},
+        {{"/gone?token=hush", "/page"},
+         opening + "gone?token=…" + middle + "The server answered 404."},
         {{"/gone", "/empty", "/page"}, "0 stories of Sample feed"},
         {{"/gone", "/feed"}, "1 stories of Sample feed"},
         {{"/?token=hush"}, "The address didn't return a feed."},
@@ -153,8 +154,9 @@ TEST_F(FeedClientTest, APageLeadsToAPrivateAddressOnlyWhenItLiesAtOneItself) {
     const auto publicURL = "https://127.0.0.1:" + std::to_string(outside.port());
     const auto privateURL = "https://127.0.0.2:" + std::to_string(inside.port());
     const auto pageOf = [](const std::string& feed) {
-        return Response{.body = "<html><title>P - x</title><link rel='alternate' type='rss' href='" +
-                                feed + "'>"};
+        return Response{.body =
+                            "<html><title>P - x</title><link rel='alternate' type='rss' href='" +
+                            feed + "'>"};
     };
     script.on("127.0.0.1", "/", {pageOf(privateURL + "/feed")});
     script.on("127.0.0.1", "/around", {pageOf("/redirect")});
@@ -177,7 +179,8 @@ TEST_F(FeedClientTest, APageLeadsToAPrivateAddressOnlyWhenItLiesAtOneItself) {
     };
     const std::string refusal =
         ", which can't be used. The server redirected to a private network address.";
-    EXPECT_EQ(text(outcome(publicURL + "/")), "The page names the feed " + privateURL + "/feed" + refusal);
+    EXPECT_EQ(text(outcome(publicURL + "/")),
+              "The page names the feed " + privateURL + "/feed" + refusal);
     EXPECT_EQ(text(outcome(publicURL + "/around")),
               "The page names the feed " + publicURL + "/redirect" + refusal);
     EXPECT_EQ(inside.connections(), 0U);
@@ -291,4 +294,4 @@ TEST_F(FeedClientTest, ACancelledPassEndsAtOnceAndAFailingReceiverEndsItToo) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

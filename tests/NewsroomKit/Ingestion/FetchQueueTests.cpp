@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Ingestion/FetchQueue.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 NewsSource at(std::string feed) { return {.id = feed, .feedURL = feed}; }
@@ -37,4 +37,4 @@ TEST(FetchQueue, RedditIsAskedOneAtATimeUnderAllItsNames) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

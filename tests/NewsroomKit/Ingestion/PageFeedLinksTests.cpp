@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Ingestion/PageFeedLinks.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 constexpr const char* kPage = "https://example.com/blog/";
@@ -58,4 +58,4 @@ TEST(PageTitle, IsTakenUpToItsDash) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

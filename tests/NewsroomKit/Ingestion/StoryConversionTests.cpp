@@ -5,7 +5,7 @@
 #include "NewsroomKit/Ingestion/StoryConversion.h"
 #include "NewsroomKit/Stories/StoryIdentity.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using Medium = FeedEntry::Medium;
@@ -154,7 +154,8 @@ TEST_F(StoryConversionTest, TheExcerptLosesALastLineThatLeadsToTheItemAndItsSite
 TEST_F(StoryConversionTest, ASummaryThatRepeatsAListOfLinksIsNone) {
     auto item = entry("Chart 4.1");
     item.summaryHTML = "Get the chartRead the notes";
-    item.contentHTML = "<p><a href='/a'>Get the chart</a></p><p><a href='/b'>Read the notes</a></p>";
+    item.contentHTML =
+        "<p><a href='/a'>Get the chart</a></p><p><a href='/b'>Read the notes</a></p>";
     EXPECT_EQ(convert(item)->summary, "");
     item.contentHTML += "New depths.";
     EXPECT_EQ(convert(item)->summary, "Get the chartRead the notes");
@@ -259,4 +260,4 @@ TEST_F(StoryConversionTest, OnlyPicturesFromTheWebAreKept) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

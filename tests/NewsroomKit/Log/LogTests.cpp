@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 /// Collects what is logged while it lives.
@@ -67,8 +67,8 @@ TEST(Log, ALineReadsBackAsItWasWritten) {
     const auto read = parseLogLine(logLineText(line));
     ASSERT_TRUE(read);
     EXPECT_EQ(logLineText(*read), "2026-11-22T08:30:00.123Z warning feeds a source = 2 items");
-    for (const auto* text : {"", "2026-11-22T08:30:00Z", "yesterday info http x",
-                             "2026-11-22T08:30:00Z info web x"}) {
+    for (const auto* text :
+         {"", "2026-11-22T08:30:00Z", "yesterday info http x", "2026-11-22T08:30:00Z info web x"}) {
         EXPECT_FALSE(parseLogLine(text)) << text;
     }
 }
@@ -86,4 +86,4 @@ TEST(Log, ThreadsWriteWholeLinesOneAtATime) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

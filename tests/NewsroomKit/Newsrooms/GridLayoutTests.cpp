@@ -5,7 +5,7 @@
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 #include "tests/NewsroomKit/Newsrooms/LayoutFaults.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using enum PanelKind;
@@ -79,4 +79,4 @@ TEST(GridLayout, TheBuiltInNewsroomIsTidyAndItsFirstRowIsPacked) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

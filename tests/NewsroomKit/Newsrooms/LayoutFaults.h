@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Newsrooms/PanelPlacement.h"
 
-namespace newsroom {
+namespace kit {
 
 /// What keeps a layout from being tidy, for a failing test's message; empty when nothing does.
 inline std::string faultOf(const Placement& panels) {
@@ -48,4 +48,4 @@ private:
     std::mt19937 engine_;
 };
 
-}  // namespace newsroom
+}  // namespace kit

@@ -7,7 +7,7 @@
 
 namespace {
 
-using namespace newsroom;
+using namespace kit;
 
 NewsroomSpec made() {
     return madeNewsroom("Chips", "bolt",
@@ -42,13 +42,16 @@ TEST(ANewsroomFile, IsRefusedWithTheReason) {
         {"[]", "an object is expected"},
         {std::string(NewsroomLimits::kFileBytes + 1, ' '), "larger than a newsroom can be"},
         {std::string(100'000, '['), ""},
-        {file([](auto& spec) { spec["version"] = 2; }), "version: the newsroom was made by a newer"},
+        {file([](auto& spec) { spec["version"] = 2; }),
+         "version: the newsroom was made by a newer"},
         {file([](auto& spec) { spec["name"] = "  "; }), "name: it is empty"},
         {file([](auto& spec) { spec["name"] = "a\u202Eb"; }), "name: the text holds characters"},
-        {file([](auto& spec) { spec["name"] = std::string(201, 'x'); }), "name: the text is longer"},
+        {file([](auto& spec) { spec["name"] = std::string(201, 'x'); }),
+         "name: the text is longer"},
         {file([&](auto& spec) { panel(spec)["kind"] = "teapot"; }),
          "panels[1].kind: unknown value \"teapot\""},
-        {file([&](auto& spec) { panel(spec).erase("frame"); }), "panels[1].frame: the key is missing"},
+        {file([&](auto& spec) { panel(spec).erase("frame"); }),
+         "panels[1].frame: the key is missing"},
         {file([&](auto& spec) { panel(spec)["title"] = 7; }), "panels[1].title: "},
         {file([](auto& spec) {
              const auto one = spec["panels"].as_array()[0];

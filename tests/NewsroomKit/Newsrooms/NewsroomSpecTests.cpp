@@ -7,7 +7,7 @@
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using Limits = std::numeric_limits<std::int64_t>;
@@ -245,4 +245,4 @@ TEST(NewsroomLimits, ANewsroomFromElsewhereIsRefusedByTheFirstThingThatIsTooMuch
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

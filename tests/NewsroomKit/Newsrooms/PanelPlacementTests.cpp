@@ -6,7 +6,7 @@
 
 #include "tests/NewsroomKit/Newsrooms/LayoutFaults.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using namespace PanelPlacement;
@@ -180,4 +180,4 @@ TEST(PanelPlacement, AnyLayoutIsMadeTidyOnceAndStaysTidyUnderEveryOperation) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

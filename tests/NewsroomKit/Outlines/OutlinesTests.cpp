@@ -7,7 +7,7 @@
 #include "NewsroomKit/Outlines/OutlineParser.h"
 #include "NewsroomKit/Outlines/OutlineWriter.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 std::string opml(const std::string& body) {
@@ -40,25 +40,24 @@ TEST(OutlineParser, TakesSecureFeedsOnceWithTheirFoldersAndTellsWhatItSkips) {
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
     const auto parsed = parseOutlines(bytes);
     ASSERT_TRUE(parsed) << description(parsed.error());
-    const Outlines expected{
-        .title = "Lena's & Tom's feeds",
-        .feeds = {{.title = "Harbour Notes",
-                   .feedURL = "https://harbour.example/feed?b=2&a=1",
-                   .siteURL = "http://harbour.example/"},
-                  {.title = "Café Wire é",
-                   .feedURL = "https://xn--caf-dma.example/feed",
-                   .folders = {"Macs"}},
-                  {.title = "Sole title",
-                   .feedURL = "https://sole.example/atom.xml",
-                   .folders = {"Macs", "Deep & down"}}},
-        .skipped = {{"Again", OutlineRefusal::listed},
-                    {"Plain", OutlineRefusal::notHTTPS},
-                    {"Runs", OutlineRefusal::command},
-                    {"Runs too", OutlineRefusal::command},
-                    {"Script", OutlineRefusal::noWebAddress},
-                    {"Local", OutlineRefusal::noWebAddress},
-                    {"https:///nowhere", OutlineRefusal::noWebAddress},
-                    {"A page", OutlineRefusal::notAFeed}}};
+    const Outlines expected{.title = "Lena's & Tom's feeds",
+                            .feeds = {{.title = "Harbour Notes",
+                                       .feedURL = "https://harbour.example/feed?b=2&a=1",
+                                       .siteURL = "http://harbour.example/"},
+                                      {.title = "Café Wire é",
+                                       .feedURL = "https://xn--caf-dma.example/feed",
+                                       .folders = {"Macs"}},
+                                      {.title = "Sole title",
+                                       .feedURL = "https://sole.example/atom.xml",
+                                       .folders = {"Macs", "Deep & down"}}},
+                            .skipped = {{"Again", OutlineRefusal::listed},
+                                        {"Plain", OutlineRefusal::notHTTPS},
+                                        {"Runs", OutlineRefusal::command},
+                                        {"Runs too", OutlineRefusal::command},
+                                        {"Script", OutlineRefusal::noWebAddress},
+                                        {"Local", OutlineRefusal::noWebAddress},
+                                        {"https:///nowhere", OutlineRefusal::noWebAddress},
+                                        {"A page", OutlineRefusal::notAFeed}}};
     EXPECT_EQ(parsed.value().title, expected.title);
     EXPECT_EQ(parsed.value().feeds, expected.feeds);
     EXPECT_EQ(parsed.value().skipped, expected.skipped);
@@ -67,8 +66,8 @@ TEST(OutlineParser, TakesSecureFeedsOnceWithTheirFoldersAndTellsWhatItSkips) {
 TEST(OutlineParser, RefusesWhatIsHostileHugeOrNoListInShortTime) {
     const std::string feed = "<outline text='a' xmlUrl='https://a.example/'/>";
     const std::string external = "<!DOCTYPE opml SYSTEM 'https://evil.example/opml.dtd'>";
-    const std::string nested = repeated("<outline text='x'>", 1000) + feed +
-                               repeated("</outline>", 1000);
+    const std::string nested =
+        repeated("<outline text='x'>", 1000) + feed + repeated("</outline>", 1000);
     std::string attributes = "<outline ";
     for (int i = 0; i < 300'000; ++i) attributes += "a" + std::to_string(i) + "='' ";
     const struct {
@@ -95,8 +94,8 @@ TEST(OutlineParser, RefusesWhatIsHostileHugeOrNoListInShortTime) {
              opml("<outline text='x'/>"),
          "malformed"},
         {"a document type elsewhere", external + opml(feed), "1 feeds, 0 skipped"},
-        {"outlines a thousand deep", opml(nested + "<outline text='b' xmlUrl='https://b.example/'/>"),
-         "1 feeds, 1 skipped"},
+        {"outlines a thousand deep",
+         opml(nested + "<outline text='b' xmlUrl='https://b.example/'/>"), "1 feeds, 1 skipped"},
         {"elements that never end", "<opml>" + repeated("<a>", 1'000'000), "tooMany"},
         {"attributes without end", opml(attributes + "/>"), "malformed"},
         {"outlines with far too many attributes",
@@ -118,22 +117,27 @@ TEST(OutlineParser, RefusesWhatIsHostileHugeOrNoListInShortTime) {
 TEST(OutlineWriter, WritesWhatItsReaderReadsBackTheSame) {
     const Outlines outlines{
         .title = "Mine & yours",
-        .feeds = {{"One \"two\" & ü", "https://a.example/?x=1&y='2'", "https://a.example/", {"Press"}},
-                  {"Two", "https://b.example/", "", {"Press"}},
-                  {"Three", "https://c.example/", "", {"Press", "Inner"}},
-                  {"Four", "https://d.example/", "http://d.example/", {"Video"}},
-                  {"Five", "https://e.example/", "", {}}}};
+        .feeds = {
+            {"One \"two\" & ü", "https://a.example/?x=1&y='2'", "https://a.example/", {"Press"}},
+            {"Two", "https://b.example/", "", {"Press"}},
+            {"Three", "https://c.example/", "", {"Press", "Inner"}},
+            {"Four", "https://d.example/", "http://d.example/", {"Video"}},
+            {"Five", "https://e.example/", "", {}}}};
     const auto written = writeOutlines(outlines);
     EXPECT_EQ(parseOutlines(written).value(), outlines) << written;
     const auto closed = written.find("</outline>");
     EXPECT_EQ(written.find("<outline text=\"Press\">", closed), std::string::npos)
         << "neighbours share their folder";
 
-    const auto damaged = writeOutlines({.feeds = {{"\x01" "bell\xFF", "", "https://f.example/", {}}}});
+    const auto damaged = writeOutlines({.feeds = {{"\x01"
+                                                   "bell\xFF",
+                                                   "",
+                                                   "https://f.example/",
+                                                   {}}}});
     ASSERT_TRUE(parseOutlines(damaged)) << damaged;
     EXPECT_NE(damaged.find("bell"), std::string::npos);
     EXPECT_EQ(damaged.find("xmlUrl"), std::string::npos);
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

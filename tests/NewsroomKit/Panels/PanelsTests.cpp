@@ -9,7 +9,7 @@
 #include "NewsroomKit/Panels/Scoops.h"
 #include "NewsroomKit/Panels/TopStories.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using namespace std::chrono_literals;
@@ -35,9 +35,8 @@ Instant hoursAgo(double hours) {
 class News {
 public:
     News(std::vector<Told> told, std::vector<std::vector<std::string>> clusters) {
-        std::stable_sort(told.begin(), told.end(), [](const Told& a, const Told& b) {
-            return a.hoursAgo < b.hoursAgo;
-        });
+        std::stable_sort(told.begin(), told.end(),
+                         [](const Told& a, const Told& b) { return a.hoursAgo < b.hoursAgo; });
         for (const Told& t : told) {
             Story& story = all_.emplace_back();
             story.id = t.id;
@@ -65,6 +64,7 @@ std::string names(const std::vector<StoryMention>& mentions) {
     return text;
 }
 
+// clang-format off
 TEST(TopStories, RankByDistinctOutletsThenByRecencyAndEndWithTheirSpan) {
     const News news(
         {{"a1", "Post", 10}, {"a2", "Tide", 9, Sourcing::report}, {"a3", "POST", 1},
@@ -74,6 +74,7 @@ TEST(TopStories, RankByDistinctOutletsThenByRecencyAndEndWithTheirSpan) {
          {"e2", "Tide", 49}, {"f1", "Post", 3}},
         {{"a1", "a2", "a3"}, {"b1", "b2", "b3"}, {"c1", "c2", "elsewhere"}, {"d1", "d2"},
          {"e1", "e2"}, {"elsewhere", "gone"}});
+    // clang-format on
     std::string text;
     for (const auto& story : topStories(news.get())) {
         text += story.first.storyID + ": " + names(story.outlets) + " " +
@@ -96,19 +97,24 @@ TEST(Claims, AreWhatWasSaidBeforeAppleSaidAnything) {
     const Case cases[] = {
         {"a rumor alone", {{"a", "Post", 9, rumor}}, "rumored by Post, 1"},
         {"a rumor and a report",
-         {{"a", "Post", 9, rumor}, {"b", "Tide", 8, report}, {"c", "Dale", 7},
+         {{"a", "Post", 9, rumor},
+          {"b", "Tide", 8, report},
+          {"c", "Dale", 7},
           {"d", "Tide", 6, rumor}},
          "reported by Post, 2"},
-        {"unlabeled news first", {{"a", "Post", 9}, {"b", "Tide", 8, report}},
+        {"unlabeled news first",
+         {{"a", "Post", 9}, {"b", "Tide", 8, report}},
          "reported by Tide, 1"},
         {"Apple's own post later",
-         {{"a", "Post", 9, rumor}, {"b", "Apple", 8, Sourcing::unlabeled, true},
+         {{"a", "Post", 9, rumor},
+          {"b", "Apple", 8, Sourcing::unlabeled, true},
           {"c", "Dale", 7, report}},
          "confirmed by Post, 1, Apple"},
         {"a word on the record, then the deed",
          {{"a", "Post", 9, report}, {"b", "Tide", 8, onRecord}, {"c", "Dale", 7, confirmed}},
          "confirmed by Post, 1, Dale"},
-        {"a denial", {{"a", "Post", 9, report}, {"b", "Tide", 8, onRecord}},
+        {"a denial",
+         {{"a", "Post", 9, report}, {"b", "Tide", 8, onRecord}},
          "answered by Post, 1, Tide"},
         {"Apple first", {{"a", "Apple", 9, confirmed, true}, {"b", "Tide", 8, report}}, "none"},
         {"no claim", {{"a", "Post", 9}, {"b", "Tide", 8}}, "none"},
@@ -130,11 +136,13 @@ TEST(Claims, AreWhatWasSaidBeforeAppleSaidAnything) {
     }
 }
 
+// clang-format off
 TEST(Coverage, CountsStoriesOfEachOutletAndHowOftenItWasFirst) {
     const News news({{"a1", "Post", 10}, {"a2", "Tide", 9}, {"b1", "tide", 8}, {"b2", "Post", 7},
                      {"c1", "Tide", 6}, {"d1", "Dale", 5}, {"d2", "Dale", 4}, {"e1", "Post", 800},
                      {"e2", "Tide", 3}, {"f1", "Abbey", 2}},
-                    {{"a1", "a2"}, {"b1", "b2"}, {"d1", "d2"}, {"e1", "e2"}});
+                  // clang-format on
+                  {{"a1", "a2"}, {"b1", "b2"}, {"d1", "d2"}, {"e1", "e2"}});
     const auto rows = coverage(news.get());
     std::string text;
     for (const auto& row : rows) {
@@ -146,6 +154,7 @@ TEST(Coverage, CountsStoriesOfEachOutletAndHowOftenItWasFirst) {
     EXPECT_EQ(rows[0].last, hoursAgo(3));
 }
 
+// clang-format off
 TEST(Scoops, NameWhoWasFirstOnlyWhereThatCanBeTold) {
     const News news({{"a1", "Post", 10}, {"a2", "Post", 9}, {"a3", "Tide", 8.5}, {"a4", "Dale", 8},
                      {"b1", "Apple", 7, Sourcing::confirmed, true}, {"b2", "Tide", 6},
@@ -155,6 +164,7 @@ TEST(Scoops, NameWhoWasFirstOnlyWhereThatCanBeTold) {
                      {"f1", "Dale", 24 * 8}, {"f2", "Post", 24 * 6}},
                     {{"a1", "a2", "a3", "a4"}, {"b1", "b2"}, {"c1", "c2"}, {"d1", "d2"},
                      {"e1", "e2"}, {"f1", "f2"}});
+    // clang-format on
     const auto found = scoops(news.get());
     ASSERT_EQ(found.size(), 2U);
     EXPECT_EQ(found[0].first.storyID, "e1");
@@ -169,11 +179,13 @@ TEST(Brief, TellsWhatCameSinceTheLastLookTheMostToldFirst) {
     const auto apple = [](std::string id, double hours) {
         return Told{std::move(id), "Apple", hours, Sourcing::confirmed, true};
     };
+    // clang-format off
     const News news({{"old", "Post", 9}, {"a1", "Post", 3}, {"b1", "Dale", 2.5, Sourcing::rumor},
                      {"c1", "Tide", 2, Sourcing::report}, {"a2", "Tide", 1}, apple("n1", 1.5),
                      apple("n2", 0.5), {"lately", "Dale", 12, Sourcing::unlabeled, false, 11},
-                     {"archive", "Dale", 24 * 40, Sourcing::unlabeled, false, 24 * 40 - 1}},
-                    {{"old", "a1", "a2"}});
+                   // clang-format on
+                   {"archive", "Dale", 24 * 40, Sourcing::unlabeled, false, 24 * 40 - 1}},
+                  {{"old", "a1", "a2"}});
     const auto lines = [](const BriefContent& content) {
         std::string text;
         for (const auto& line : briefLines(content)) text += line.text + names(line.sources) + "\n";
@@ -195,4 +207,4 @@ TEST(Brief, TellsWhatCameSinceTheLastLookTheMostToldFirst) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Queries/StoryQuery.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 Story titled(std::string title, std::string summary = "") {
@@ -80,4 +80,4 @@ TEST(StoryQuery, AllKeysAreRequiredWhenReading) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

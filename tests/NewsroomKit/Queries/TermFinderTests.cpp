@@ -6,7 +6,7 @@
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 /// Texts and terms of everything that folding, word boundaries and UTF-8 make difficult.
@@ -16,6 +16,7 @@ public:
 
     std::size_t below(std::size_t count) { return random_() % count; }
 
+    // clang-format off
     std::string text(std::size_t mostPieces) {
         static const std::vector<std::string> pieces{
             "a", "b", "A", "B", "x", "7", "aa", "Ab", "ab", "bA", "mac", "Mac", "18", "iPhone",
@@ -25,6 +26,7 @@ public:
             "–", "\u00A0", "\u2003", "\u2028", "🍎", "👩🏽‍💻", "i️⃣", "苹果", "手机", "ｶﾞ", "ガ",
             "한국", "Мак", "мак", "Й", "שָׁ", std::string(1, '\0'), "\xC3", "\xE2\x80", "\xFF",
             "\xA9"};
+        // clang-format on
         std::string text;
         for (auto left = below(mostPieces + 1); left > 0; --left) {
             text += pieces[below(pieces.size())];
@@ -131,4 +133,4 @@ TEST(CompiledStoryQuery, FindsATermAtEveryPlaceOfATextOfEveryLength) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

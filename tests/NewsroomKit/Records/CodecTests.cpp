@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "NewsroomKit/Records/Codec.h"
-#include "NewsroomKit/Stories/StoryShape.h"
+#include "NewsroomKit/Stories/StoryJSON.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 Instant at(const char* text) { return parseISO8601(text).value(); }
@@ -82,4 +82,4 @@ TEST(Codec, AFaultIsNamedByItsPath) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Records/Instant.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 struct ReadCase {
@@ -72,4 +72,4 @@ TEST(InstantSeconds, ComeBackAsTheyWere) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

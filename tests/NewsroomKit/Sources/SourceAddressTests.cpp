@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Sources/SourceAddress.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(SourceAddress, WhatAPersonTypesLeadsToItsFeed) {
@@ -58,4 +58,4 @@ TEST(SourceAddress, UnusableTextGivesNoCandidates) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

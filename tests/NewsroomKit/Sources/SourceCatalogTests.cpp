@@ -2,12 +2,12 @@
 
 #include <set>
 
-#include "NewsroomKit/Addresses/SecretMasking.h"
+#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/SourceCatalog.h"
-#include "NewsroomKit/Sources/SourceShape.h"
+#include "NewsroomKit/Sources/SourceJSON.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(SourceCatalog, RowsAreDistinctSecureAndReadBack) {
@@ -41,4 +41,4 @@ TEST(SourceCatalog, GoogleNewsRowsSearchTheirOwnSite) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -4,7 +4,7 @@
 
 #include "NewsroomKit/Stories/CanonicalLink.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(CanonicalLink, OneFormForEveryWayOfWritingAnAddress) {
@@ -92,4 +92,4 @@ TEST(CanonicalLinks, AnswersSeveralThreadsAtOnce) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Stories/PublisherNames.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(PublisherName, NamesTheOutletALinkLeavesFor) {
@@ -28,4 +28,4 @@ TEST(PublisherName, NamesTheOutletALinkLeavesFor) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

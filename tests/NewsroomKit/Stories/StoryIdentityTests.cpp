@@ -3,7 +3,7 @@
 #include "NewsroomKit/Stories/Story.h"
 #include "NewsroomKit/Stories/StoryIdentity.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(StoryID, IsFNV1aInHexadecimalWithoutLeadingZeros) {
@@ -46,4 +46,4 @@ TEST(Story, EveryFieldCountsForEqualityAndHash) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -12,7 +12,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 template <class Visit>
@@ -63,7 +63,9 @@ TEST(Folding, invalidBytesBecomeReplacementCharacters) {
         std::string text;
         const char* folded;
     } cases[] = {
-        {"A\xFF""B", "a\uFFFDb"},
+        {"A\xFF"
+         "B",
+         "a\uFFFDb"},
         {"caf\xC3", "caf\uFFFD"},
         {"\xE2\x80", "\uFFFD"},
         {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},
@@ -100,4 +102,4 @@ TEST(Folding, severalThreadsMayFoldTheSameNewScriptAtOnce) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(Pattern, searchesUTF8WithOrWithoutLetterCase) {
@@ -21,7 +21,10 @@ TEST(Pattern, searchesUTF8WithOrWithoutLetterCase) {
         {"^apple’s", Pattern::Letters::ignoringCase, "APPLE’S plan", true},
         {"^apple’s", Pattern::Letters::ignoringCase, "the Apple’s plan", false},
         {"é.x", Pattern::Letters::ignoringCase, "xÉ😀X", true},
-        {"a.b", Pattern::Letters::exact, "a\xFF""b", true},
+        {"a.b", Pattern::Letters::exact,
+         "a\xFF"
+         "b",
+         true},
         {"^$", Pattern::Letters::exact, std::string_view(), true},
     };
     for (const auto& [expression, letters, text, occurs] : cases) {
@@ -41,4 +44,4 @@ TEST(Pattern, aSearchThatRunsAwayEndsWithoutAMatch) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -13,7 +13,7 @@
 
 #include "NewsroomKit/Text/Utf8.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 TEST(Utf8, everyCodePointSurvivesWritingAndReadingInBothDirections) {
@@ -156,7 +156,8 @@ TEST(Unicode, charactersAreWhatTheReaderSees) {
     };
     for (const auto& [text, count] : cases) EXPECT_EQ(characterCount(text), count) << text;
     EXPECT_EQ(firstCharacters("Cafe\u0301 👨‍👩‍👧 x", 4), "Cafe\u0301");
-    EXPECT_EQ(firstCharacters("Cafe\u0301 👨‍👩‍👧 x", 6), "Cafe\u0301 👨‍👩‍👧");
+    EXPECT_EQ(firstCharacters("Cafe\u0301 👨‍👩‍👧 x", 6),
+              "Cafe\u0301 👨‍👩‍👧");
     EXPECT_EQ(firstCharacters("a\r\nb", 2), "a\r\n");
     EXPECT_EQ(firstCharacters("short", 6), "short");
     EXPECT_EQ(firstCharacters("short", 0), "");
@@ -181,9 +182,10 @@ std::vector<std::size_t> boundariesByICU(std::string_view text) {
 TEST(Unicode, theQuickWayOverSimpleCharactersAgreesWithTheLongOne) {
     std::mt19937 random(7);
     constexpr std::string_view pieces[] = {
-        "a", "Z", " ", "\r", "\n", "\r\n", "é", "\u00AD", "©", "“", "—", "…", "\u0301", "\u200D",
-        "\uFE0F", "👩", "🇩", "🏽", "ᄒ", "ᅡ", "ᆫ", "한", "क", "्", "ि", "\u0600", "\u2028", "\xFF",
-        "ж", "\u0483", "Ω", "א", "ع", "漢", "か", "カ", "\u3099", "、", "€", "‼"};
+        "a", "Z",  " ",      "\r",     "\n",     "\r\n",   "é",      "\u00AD", "©",  "“",
+        "—", "…",  "\u0301", "\u200D", "\uFE0F", "👩",     "🇩",      "🏽",     "ᄒ", "ᅡ",
+        "ᆫ", "한", "क",      "्",       "ि",      "\u0600", "\u2028", "\xFF",   "ж",  "\u0483",
+        "Ω", "א",  "ع",      "漢",     "か",     "カ",     "\u3099", "、",     "€",  "‼"};
     for (int round = 0; round < 3000; ++round) {
         std::string text;
         for (auto count = random() % 12; count > 0; --count) {
@@ -199,4 +201,4 @@ TEST(Unicode, theQuickWayOverSimpleCharactersAgreesWithTheLongOne) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

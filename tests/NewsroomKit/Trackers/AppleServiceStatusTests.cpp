@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "NewsroomKit/Trackers/AppleServiceStatus.h"
+#include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using Report = AppleServiceStatus::Report;
@@ -41,19 +41,19 @@ TEST(AppleServiceStatus, WhatTheFileLeavesOutIsFilledInAsPromised) {
                                                                    .started = at(1700000000),
                                                                    .ended = at(1700003600.5),
                                                                    .exactStart = 1700000000}));
-    EXPECT_EQ(services[0].events[1],
-              (AppleServiceStatus::Incident{.kind = "Maintenance",
-                                            .status = "ongoing",
-                                            .message = "Mail rests.",
-                                            .started = at(1700000400.2505),
-                                            .exactStart = 1700000400.2505}));
+    EXPECT_EQ(services[0].events[1], (AppleServiceStatus::Incident{.kind = "Maintenance",
+                                                                   .status = "ongoing",
+                                                                   .message = "Mail rests.",
+                                                                   .started = at(1700000400.2505),
+                                                                   .exactStart = 1700000400.2505}));
     EXPECT_EQ(services[1].events[1],
               (AppleServiceStatus::Incident{.kind = "Issue", .status = "resolved"}));
 }
 
 TEST(AppleServiceStatus, EachServiceReportsOnlyItsFirstOngoingIncident) {
     EXPECT_EQ(ids(AppleServiceStatus::ongoingReports(AppleServiceStatus::parse(kFile))),
-              (std::vector<std::string>{"Orchard Mail|1700000400.2505", "Weather Vane|100000000000000000.0"}));
+              (std::vector<std::string>{"Orchard Mail|1700000400.2505",
+                                        "Weather Vane|100000000000000000.0"}));
 }
 
 TEST(AppleServiceStatus, RecentReportsAreNewestFirstAndNeverOngoing) {
@@ -158,4 +158,4 @@ TEST(AppleServiceStatus, EveryFieldOfAReportMakesAnotherHash) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "NewsroomKit/Trackers/AppleCalendarEvent.h"
-#include "NewsroomKit/Trackers/NewBuilds.h"
-#include "NewsroomKit/Trackers/ServiceProblems.h"
+#include "NewsroomKit/Trackers/Events/AppleCalendarEvent.h"
+#include "NewsroomKit/Trackers/Releases/NewBuilds.h"
+#include "NewsroomKit/Trackers/Status/ServiceProblems.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 using Services = AppleServiceStatus::Services;
@@ -139,4 +139,4 @@ TEST(AppleCalendarEvents, OnlyWhatIsToHappenIsUnderWay) {
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -3,11 +3,11 @@
 #include <boost/asio/co_spawn.hpp>
 #include <boost/asio/io_context.hpp>
 
-#include "NewsroomKit/Trackers/AppleStatusAPI.h"
+#include "NewsroomKit/Trackers/Status/AppleStatusAPI.h"
 #include "NewsroomKit/Trackers/TrackerAPI.h"
-#include "tests/support/HTTPBench.h"
+#include "tests/support/TestServer.h"
 
-namespace newsroom {
+namespace kit {
 namespace {
 
 namespace asio = boost::asio;
@@ -127,7 +127,7 @@ TEST(StockQuote, ItsTimesAreWrittenInTheStyleAskedForAndReadBack) {
 }
 
 TEST(TrackerAPI, SymbolsReachTheServiceUnharmed) {
-    test::HTTPBench bench;
+    test::TestServer bench;
     const TrackerAPI api{.base = TrackerAPI::baseAt("https://desk.example/"), .http = bench.client};
     const std::pair<const char*, const char*> symbols[] = {{"^GSPC", "%5EGSPC"},
                                                            {"BRK.B", "BRK.B"},
@@ -144,9 +144,9 @@ TEST(TrackerAPI, SymbolsReachTheServiceUnharmed) {
 }
 
 TEST(AppleStatusAPI, EachAudienceHasItsFileAndAFailureIsTheClients) {
-    test::HTTPBench bench;
+    test::TestServer bench;
     const AppleStatusAPI api{.http = bench.client};
-    const auto firstService = [&](StatusAudience audience) {
+    const auto firstService = [&](StatusFeed audience) {
         const auto result = outcome(api.fetch(audience));
         return result ? result.value().at(0).name : result.error().description();
     };
@@ -160,14 +160,14 @@ TEST(AppleStatusAPI, EachAudienceHasItsFileAndAFailureIsTheClients) {
                      {.status = 404},
                      {.status = 304},
                      {.body = std::string(AppleStatusAPI::kByteLimit + 1, ' ')}});
-    EXPECT_EQ(firstService(StatusAudience::consumer), "Mail");
-    EXPECT_EQ(firstService(StatusAudience::developer), "Forums");
+    EXPECT_EQ(firstService(StatusFeed::consumer), "Mail");
+    EXPECT_EQ(firstService(StatusFeed::developer), "Forums");
     using Kind = HTTPClientError::Kind;
     for (const auto& error : {HTTPClientError{Kind::status, 404}, HTTPClientError{Kind::empty},
                               HTTPClientError{Kind::tooLarge}}) {
-        EXPECT_EQ(firstService(StatusAudience::developer), description(error));
+        EXPECT_EQ(firstService(StatusFeed::developer), description(error));
     }
 }
 
 }  // namespace
-}  // namespace newsroom
+}  // namespace kit

@@ -6,7 +6,7 @@
 
 #include "Tarnwick_Brell/Desk/LiveQuery.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
@@ -135,4 +135,4 @@ TEST(LiveQuery, TellsOfARevisedStoryWhetherItCameStayedOrLeft) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

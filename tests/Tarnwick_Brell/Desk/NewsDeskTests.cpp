@@ -6,15 +6,15 @@
 
 #include "Tarnwick_Brell/Desk/Announcement.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
-#include "Tarnwick_Brell/Storage/StoreError.h"
-#include "tests/support/app/DeskBench.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
+#include "tests/support/app/TestDesk.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
 using pressroom::Response;
-using test::DeskBench;
+using test::TestDesk;
 
 class NewsDeskTest : public ::testing::Test {
 protected:
@@ -64,7 +64,7 @@ protected:
 
     std::string idAt(std::size_t place) const { return std::string(desk_->stories()[place].id()); }
 
-    DeskBench bench_{{"a.example", "b.example"}};
+    TestDesk bench_{{"a.example", "b.example"}};
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     std::vector<Announcement> announced_;
     std::vector<std::string> failures_;
@@ -73,9 +73,9 @@ protected:
 
 TEST_F(NewsDeskTest, AFirstFetchIsSilentAndLaterNewsIsAnnounced) {
     bench_.serve("a.example",
-                 {DeskBench::feed("a.example", 61, 63), DeskBench::feed("a.example", 61, 65),
-                  DeskBench::feed("a.example", 66, 90)});
-    bench_.serve("b.example", {DeskBench::feed("b.example", 1, 2)});
+                 {TestDesk::feed("a.example", 61, 63), TestDesk::feed("a.example", 61, 65),
+                  TestDesk::feed("a.example", 66, 90)});
+    bench_.serve("b.example", {TestDesk::feed("b.example", 1, 2)});
     open();
     EXPECT_EQ(desk_->sources().size(), 47u);
     EXPECT_EQ(desk_->enabledSourceIDs().size(), 2u);
@@ -102,7 +102,7 @@ TEST_F(NewsDeskTest, AFirstFetchIsSilentAndLaterNewsIsAnnounced) {
 }
 
 TEST_F(NewsDeskTest, MarksHoldAtOnceAreKeptAndAllReadCanBeTakenBack) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 6)});
+    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 6)});
     open();
     refresh();
     const auto first = idAt(0), second = idAt(1), third = idAt(2);
@@ -128,7 +128,7 @@ TEST_F(NewsDeskTest, MarksHoldAtOnceAreKeptAndAllReadCanBeTakenBack) {
 }
 
 TEST_F(NewsDeskTest, EveryProgramTakesBackTheSameLastChangeOfMarks) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 4)});
+    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 4)});
     open();
     refresh();
     LocalStore other(bench_.library(), Database::Access::readWrite);
@@ -161,7 +161,7 @@ TEST_F(NewsDeskTest, NoClockThatLeapsTakesStoriesFromTheWireOrAnnouncesThemAgain
     for (const auto leap : {24h * 800, -24h * 800}) {
         SCOPED_TRACE(leap.count());
         const auto truth = bench_.now();
-        bench_.serve("a.example", {DeskBench::dated(DeskBench::feed("a.example", 60, 99), truth)});
+        bench_.serve("a.example", {TestDesk::dated(TestDesk::feed("a.example", 60, 99), truth)});
         open();
         refresh();
         desk_.reset();
@@ -174,11 +174,11 @@ TEST_F(NewsDeskTest, NoClockThatLeapsTakesStoriesFromTheWireOrAnnouncesThemAgain
         EXPECT_TRUE(desk_->clockSeemsWrong());
         EXPECT_EQ(desk_->stories().size(), 40u);
         desk_->markLeft(bench_.now());
-        bench_.serve("a.example", {DeskBench::dated({.status = 500}, truth)});
+        bench_.serve("a.example", {TestDesk::dated({.status = 500}, truth)});
         refresh();
         EXPECT_EQ(desk_->stories().size(), 40u);
         bench_.pass(-leap);
-        bench_.serve("a.example", {DeskBench::dated(DeskBench::feed("a.example", 60, 99), truth)});
+        bench_.serve("a.example", {TestDesk::dated(TestDesk::feed("a.example", 60, 99), truth)});
         refresh();
         EXPECT_FALSE(desk_->clockSeemsWrong());
         EXPECT_EQ(desk_->stories().size(), 40u);
@@ -191,7 +191,7 @@ TEST_F(NewsDeskTest, NoClockThatLeapsTakesStoriesFromTheWireOrAnnouncesThemAgain
 }
 
 TEST_F(NewsDeskTest, AtTheStartTheClockIsBelievedUpToWhereServersLastConfirmedIt) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 99)});
+    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 99)});
     open();
     refresh();
     EXPECT_EQ(desk_->stories().size(), 99u);
@@ -204,7 +204,7 @@ TEST_F(NewsDeskTest, AtTheStartTheClockIsBelievedUpToWhereServersLastConfirmedIt
 }
 
 TEST_F(NewsDeskTest, AChangeThatCannotBeWrittenIsTakenBackAndTold) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 2)});
+    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 2)});
     open();
     refresh();
     Database(bench_.library(), Database::Access::readWrite).execute("DROP TABLE marks");
@@ -214,19 +214,19 @@ TEST_F(NewsDeskTest, AChangeThatCannotBeWrittenIsTakenBackAndTold) {
 }
 
 TEST_F(NewsDeskTest, WhatAnotherProgramChangesIsFollowed) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 2)});
+    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 2)});
     open();
     refresh();
     const auto id = idAt(1);
     {
         LocalStore other(bench_.library(), Database::Access::readWrite);
         auto transaction = other.transaction();
-        newsroom::Story story{.id = "ff",
-                              .link = "https://c.example/",
-                              .title = "From outside",
-                              .publishedAt = bench_.now(),
-                              .sourceID = "c",
-                              .sourceName = "C"};
+        kit::Story story{.id = "ff",
+                         .link = "https://c.example/",
+                         .title = "From outside",
+                         .publishedAt = bench_.now(),
+                         .sourceID = "c",
+                         .sourceName = "C"};
         other.merging().merge(std::vector{story}, {.seen = bench_.now()},
                               other.state().nextStamp());
         other.sources().setEnabled("b.example", false);
@@ -242,7 +242,7 @@ TEST_F(NewsDeskTest, WhatAnotherProgramChangesIsFollowed) {
 
 TEST_F(NewsDeskTest, APassCanBeCancelledAndADeskClosesWhateverHangs) {
     bench_.serve("a.example", {{.delivery = {.neverAnswers = true}}});
-    bench_.serve("b.example", {DeskBench::feed("b.example", 1, 2)});
+    bench_.serve("b.example", {TestDesk::feed("b.example", 1, 2)});
     open();
     if (!desk_->isRefreshing()) desk_->refreshAll();
     EXPECT_TRUE(until([&] { return desk_->progress().done == 1; }));
@@ -260,12 +260,12 @@ TEST_F(NewsDeskTest, APassCanBeCancelledAndADeskClosesWhateverHangs) {
 }
 
 TEST_F(NewsDeskTest, SourcesAreAddedRenamedSwitchedAndRemoved) {
-    bench_.serve("new.example", {DeskBench::feed("new.example", 1, 2)});
+    bench_.serve("new.example", {TestDesk::feed("new.example", 1, 2)});
     open();
-    std::optional<SourceAdding::Added> added;
+    std::optional<SourceAdder::Added> added;
     desk_->addSource("https://new.example/feed", [&](const auto& result) { added = result; });
     EXPECT_TRUE(until([&] { return added.has_value(); }));
-    const auto source = std::get<newsroom::NewsSource>(*added);
+    const auto source = std::get<kit::NewsSource>(*added);
     EXPECT_TRUE(desk_->enabledSourceIDs().contains(source.id));
     desk_->setEnabled(source.id, false);
     desk_->renameSource(source.id, "Other name");
@@ -282,7 +282,7 @@ TEST_F(NewsDeskTest, SourcesAreAddedRenamedSwitchedAndRemoved) {
 }
 
 TEST_F(NewsDeskTest, OfSearchesInARowOnlyTheLastIsAnswered) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 12)});
+    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 12)});
     open();
     refresh();
     std::vector<std::size_t> answers;
@@ -295,7 +295,7 @@ TEST_F(NewsDeskTest, OfSearchesInARowOnlyTheLastIsAnswered) {
 }
 
 TEST_F(NewsDeskTest, StoriesPastRetentionGoExceptSavedOnes) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 90)});
+    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 90)});
     open();
     refresh();
     EXPECT_EQ(desk_->stories().size(), 90u);
@@ -307,4 +307,4 @@ TEST_F(NewsDeskTest, StoriesPastRetentionGoExceptSavedOnes) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -2,11 +2,11 @@
 
 #include "Tarnwick_Brell/Desk/RefreshCadence.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
-using newsroom::Instant;
+using kit::Instant;
 
 /// A day at the desk: both clocks, looked at every 30 s as the desk does, and the passes that
 /// begin. A pass takes two seconds.
@@ -106,4 +106,4 @@ TEST(RefreshCadence, LivePassesComeEveryMinuteForTwoHoursAtMost) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -7,24 +7,24 @@
 #include <boost/asio/use_future.hpp>
 
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
-#include "tests/support/app/DeskBench.h"
+#include "tests/support/app/TestDesk.h"
 #include "tests/Tarnwick_Brell/Storage/LibraryFile.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 namespace asio = boost::asio;
 using namespace std::chrono_literals;
 using Kind = SourceOutcome::Kind;
 using pressroom::Response;
-using test::DeskBench;
+using test::TestDesk;
 
 class RefreshPassTest : public ::testing::Test {
 protected:
     PassReport refresh(const std::vector<std::string>& hosts, PassScope scope = PassScope::all) {
-        std::vector<newsroom::NewsSource> sources;
+        std::vector<kit::NewsSource> sources;
         for (const auto& host : hosts) {
-            sources.push_back(DeskBench::source(host));
+            sources.push_back(TestDesk::source(host));
             sources.back().minimumInterval = minimumInterval_;
         }
         const PassSettings settings{.scope = scope, .retention = retention_};
@@ -61,10 +61,10 @@ protected:
         return newest.value();
     }
 
-    DeskBench bench_{{}};
+    TestDesk bench_{{}};
     LocalStore store_{bench_.library(), Database::Access::readWrite};
     asio::io_context io_;
-    FetchEngine engine_{bench_.network(), newsroom::Conditional::yes, bench_.clock()};
+    FetchStack engine_{bench_.network(), kit::Conditional::yes, bench_.clock()};
     double minimumInterval_ = 0;
     std::chrono::duration<double> retention_ = 365 * 24h;
 };
@@ -72,8 +72,8 @@ protected:
 const Response kUnreachable{.delivery = {.hangsUp = true}};
 
 TEST_F(RefreshPassTest, NoSourceIsBlamedWhenNoneAnswers) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 2), kUnreachable});
-    bench_.serve("b.example", {DeskBench::feed("b.example", 1, 2), kUnreachable});
+    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 2), kUnreachable});
+    bench_.serve("b.example", {TestDesk::feed("b.example", 1, 2), kUnreachable});
     refresh({"a.example", "b.example"});
     const auto before = store_.sources().statuses();
     bench_.pass(10min);
@@ -83,7 +83,7 @@ TEST_F(RefreshPassTest, NoSourceIsBlamedWhenNoneAnswers) {
     EXPECT_TRUE(of(report, "a.example").error.has_value());
     EXPECT_EQ(store_.sources().statuses(), before);
 
-    bench_.serve("c.example", {DeskBench::feed("c.example", 1, 2)});
+    bench_.serve("c.example", {TestDesk::feed("c.example", 1, 2)});
     const auto other = refresh({"a.example", "b.example", "c.example"});
     EXPECT_FALSE(other.offline);
     const auto health = store_.sources().healths();
@@ -103,7 +103,7 @@ TEST_F(RefreshPassTest, AHostThatAsksForPeaceIsLeftAloneForAsLongAsItSaysButAnHo
          {Case{"600", 12min, true}, Case{"864000", 61min, true}, Case{"0", 1min, false}}) {
         const auto host = "h" + std::to_string(++number) + ".example";
         const Response busy{.status = 429, .headers = {{"Retry-After", retryAfter}}};
-        bench_.serve(host, {busy, busy, DeskBench::feed(host, 1, 1)});
+        bench_.serve(host, {busy, busy, TestDesk::feed(host, 1, 1)});
         EXPECT_EQ(of(refresh({host}), host).kind, Kind::failed) << retryAfter;
         const auto asked = bench_.requestsOf(host);
         bench_.pass(1min);
@@ -119,7 +119,7 @@ TEST_F(RefreshPassTest, AHostThatAsksForPeaceIsLeftAloneForAsLongAsItSaysButAnHo
 }
 
 TEST_F(RefreshPassTest, AFeedThatOnlyEverIsUnchangedComesInFullOnceADay) {
-    const auto feed = DeskBench::feed("a.example", 1, 2);
+    const auto feed = TestDesk::feed("a.example", 1, 2);
     bench_.serve("a.example", {feed, {.status = 304}});
     refresh({"a.example"});
     for (int hour = 1; hour < 24; hour += 8) {
@@ -134,7 +134,7 @@ TEST_F(RefreshPassTest, AFeedThatOnlyEverIsUnchangedComesInFullOnceADay) {
 
 TEST_F(RefreshPassTest, IntervalsHoldThroughClockChangesAndCanBeOverridden) {
     minimumInterval_ = 1800;
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 2)});
+    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 2)});
     refresh({"a.example"});
     bench_.pass(10min);
     EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::notDue);
@@ -146,8 +146,8 @@ TEST_F(RefreshPassTest, IntervalsHoldThroughClockChangesAndCanBeOverridden) {
 
 TEST_F(RefreshPassTest, OldItemsPublishedAnewAreMarkedUnlessTheDeskWasAwayForLong) {
     bench_.serve("a.example",
-                 {DeskBench::feed("a.example", 1, 2), DeskBench::feed("a.example", 1, 60),
-                  DeskBench::feed("a.example", 61, 99), DeskBench::feed("a.example", -99, 0)});
+                 {TestDesk::feed("a.example", 1, 2), TestDesk::feed("a.example", 1, 60),
+                  TestDesk::feed("a.example", 61, 99), TestDesk::feed("a.example", -99, 0)});
     EXPECT_FALSE(of(refresh({"a.example"}), "a.example").merged.bulk);
     const auto second = refresh({"a.example"});
     EXPECT_TRUE(of(second, "a.example").merged.bulk);
@@ -163,7 +163,7 @@ TEST_F(RefreshPassTest, APassWithoutNewsWritesLittleMoreThanTheTimesOfItsSources
     std::vector<std::string> hosts;
     for (int number = 0; number < 60; ++number) {
         hosts.push_back("h" + std::to_string(number) + ".example");
-        bench_.serve(hosts.back(), {DeskBench::feed(hosts.back(), 1, 5), {.status = 304}});
+        bench_.serve(hosts.back(), {TestDesk::feed(hosts.back(), 1, 5), {.status = 304}});
     }
     refresh(hosts);
     const auto validators = store_.validators().load();
@@ -180,12 +180,12 @@ TEST_F(RefreshPassTest, AFeedWithoutStoriesIsNoFailureAndNoFirstFetch) {
     const auto empty = [](const char* tag) {
         return Response{.headers = {{"ETag", tag}}, .body = "<rss><channel></channel></rss>"};
     };
-    const auto three = DeskBench::feed("a.example", 60, 62);
+    const auto three = TestDesk::feed("a.example", 60, 62);
     bench_.serve("a.example", {empty("\"1\""),
                                three,
                                empty("\"2\""),
                                {.status = 304},
-                               DeskBench::feed("a.example", 62, 63)});
+                               TestDesk::feed("a.example", 62, 63)});
     const auto quiet = refresh({"a.example"});
     EXPECT_EQ(of(quiet, "a.example").kind, Kind::stories);
     EXPECT_TRUE(of(quiet, "a.example").isEmpty);
@@ -204,8 +204,8 @@ TEST_F(RefreshPassTest, AFeedWithoutStoriesIsNoFailureAndNoFirstFetch) {
 
 TEST_F(RefreshPassTest, UnchangedAsTheVeryFirstAnswerIsNoFirstFetch) {
     bench_.serve("a.example", {{.status = 304},
-                               DeskBench::feed("a.example", 60, 62),
-                               DeskBench::feed("a.example", 60, 63)});
+                               TestDesk::feed("a.example", 60, 62),
+                               TestDesk::feed("a.example", 60, 63)});
     EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::unchanged);
     refresh({"a.example"});
     EXPECT_EQ(arrivals(), (Arrivals{{Arrival::seeded, 3}}));
@@ -215,7 +215,7 @@ TEST_F(RefreshPassTest, UnchangedAsTheVeryFirstAnswerIsNoFirstFetch) {
 
 TEST_F(RefreshPassTest, WhatComesDaysAfterItsPublicationIsNoNews) {
     bench_.serve("a.example",
-                 {DeskBench::feed("a.example", 98, 99), DeskBench::feed("a.example", 24, 35)});
+                 {TestDesk::feed("a.example", 98, 99), TestDesk::feed("a.example", 24, 35)});
     retention_ = 48h;
     refresh({"a.example"});
     retention_ = 80h;
@@ -225,7 +225,7 @@ TEST_F(RefreshPassTest, WhatComesDaysAfterItsPublicationIsNoNews) {
 }
 
 TEST_F(RefreshPassTest, APauseOfAWrongClockEndsWithinTheHourAndNamingTheSourceOverridesIt) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 1, 1)});
+    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 1)});
     const auto begin = bench_.now();
     store_.hostPauses().set("a.example", begin + 24h * 365);
     EXPECT_EQ(of(refresh({"a.example"}), "a.example").pausedUntil, begin + 1h);
@@ -243,7 +243,7 @@ TEST_F(RefreshPassTest, NoClockThatLeapsLosesOrRepeatsNews) {
         const std::string host = leap > 0h ? "ahead.example" : "behind.example";
         const auto truth = bench_.now();
         const auto answer = [&](int first, int last) {
-            return DeskBench::dated(DeskBench::feed(host, first, last), truth);
+            return TestDesk::dated(TestDesk::feed(host, first, last), truth);
         };
         bench_.serve(host, {answer(60, 62), answer(60, 63), answer(60, 63)});
         retention_ = 60h;
@@ -269,7 +269,7 @@ TEST_F(RefreshPassTest, NoClockThatLeapsLosesOrRepeatsNews) {
 }
 
 TEST_F(RefreshPassTest, APassWithoutAnyAnswerDropsNothing) {
-    bench_.serve("a.example", {DeskBench::feed("a.example", 60, 62), kUnreachable});
+    bench_.serve("a.example", {TestDesk::feed("a.example", 60, 62), kUnreachable});
     bench_.serve("b.example", {kUnreachable});
     refresh({"a.example"});
     bench_.pass(24h * 800);
@@ -294,4 +294,4 @@ TEST_F(RefreshPassTest, StoriesThatShareALinkCountAsOne) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

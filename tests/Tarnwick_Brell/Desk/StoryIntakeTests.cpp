@@ -3,10 +3,10 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/Desk/StoryIntake.h"
 
-namespace desk {
+namespace app {
 namespace {
 
-using newsroom::Story;
+using kit::Story;
 
 std::string repeated(std::string_view piece, std::size_t times) {
     std::string text;
@@ -14,7 +14,7 @@ std::string repeated(std::string_view piece, std::size_t times) {
     return text;
 }
 
-const StoryTimes kAnyTime{newsroom::Instant::min(), newsroom::Instant::max()};
+const StoryTimes kAnyTime{kit::Instant::min(), kit::Instant::max()};
 
 TEST(StoryIntake, TextsAreCutBetweenCharactersAndNothingHasMegabytes) {
     // A family is one character of 25 bytes, and one letter here has a hundred thousand accents.
@@ -38,7 +38,7 @@ TEST(StoryIntake, TextsAreCutBetweenCharactersAndNothingHasMegabytes) {
     for (const auto* text : {&kept[0].summary, &*kept[0].author, &kept[0].credits[0].name,
                              &*kept[0].credits[0].detail, &kept[1].title}) {
         EXPECT_LE(text->size(), 65'536u);
-        EXPECT_TRUE(newsroom::isValidUTF8(*text));
+        EXPECT_TRUE(kit::isValidUTF8(*text));
         EXPECT_TRUE(text->starts_with("e\u0301"));
     }
 }
@@ -60,4 +60,4 @@ TEST(StoryIntake, NamesOfSourcesAreCutToo) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

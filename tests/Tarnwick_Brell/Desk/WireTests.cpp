@@ -5,7 +5,7 @@
 
 #include "Tarnwick_Brell/Desk/Wire.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 StoredStory stored(std::int64_t number, const std::string& title = "T") {
@@ -28,20 +28,20 @@ std::string text(const Wire& wire) {
 }
 
 TEST(PackedStory, EveryFieldComesBack) {
-    StoredStory full{.number = -7, .firstSeen = newsroom::Instant(std::chrono::seconds(9))};
+    StoredStory full{.number = -7, .firstSeen = kit::Instant(std::chrono::seconds(9))};
     full.story = {.id = "1f",
                   .link = "https://a.example/",
                   .title = std::string("nul\0inside", 10),
                   .summary = "",
                   .author = "",
-                  .publishedAt = newsroom::Instant(std::chrono::microseconds(-3)),
+                  .publishedAt = kit::Instant(std::chrono::microseconds(-3)),
                   .imageURL = "https://a.example/p",
                   .sourceID = "a",
                   .sourceName = "A",
                   .destinationName = std::nullopt,
                   .isAppleSource = true,
-                  .kind = newsroom::StoryKind::post,
-                  .sourcing = newsroom::Sourcing::rumor,
+                  .kind = kit::StoryKind::post,
+                  .sourcing = kit::Sourcing::rumor,
                   .wordpressID = 0,
                   .articleLink = "https://b.example/",
                   .credits = {{.name = "B", .detail = "via"}}};
@@ -117,4 +117,4 @@ TEST(Wire, RandomBatchesAgreeWithASortedSet) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

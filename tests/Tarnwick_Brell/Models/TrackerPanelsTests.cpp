@@ -4,28 +4,28 @@
 
 #include <QLocale>
 
-#include "Tarnwick_Brell/Models/Panels/CountdownPanel.h"
+#include "Tarnwick_Brell/Models/Panels/CountdownPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
-#include "Tarnwick_Brell/Models/Panels/ReleasesPanel.h"
-#include "Tarnwick_Brell/Models/Panels/SoftwarePanel.h"
-#include "Tarnwick_Brell/Models/Panels/StatusPanel.h"
-#include "Tarnwick_Brell/Models/Panels/StockPanel.h"
-#include "Tarnwick_Brell/Models/Panels/SuppliersPanel.h"
-#include "tests/support/app/DeskBench.h"
-#include "tests/support/app/TrackerBench.h"
+#include "Tarnwick_Brell/Models/Panels/ReleasesPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/SoftwarePanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/StatusPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/StockPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/SuppliersPanelModel.h"
+#include "tests/support/app/TestDesk.h"
+#include "tests/support/app/TestTrackers.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
 using namespace test;
-using newsroom::AppleCalendarEvent;
-using newsroom::BoardQuote;
-using newsroom::PanelKind;
-using newsroom::PanelSpec;
-using newsroom::SoftwareRelease;
-using newsroom::StockQuote;
+using kit::AppleCalendarEvent;
+using kit::BoardQuote;
+using kit::PanelKind;
+using kit::PanelSpec;
+using kit::SoftwareRelease;
+using kit::StockQuote;
 using pressroom::Response;
 using ::test::until;
 
@@ -65,11 +65,11 @@ protected:
         bench_.http.script.on(kApple, file, {statusAnswer(services)});
     }
     void events(const std::vector<AppleCalendarEvent>& events) {
-        serve("events", {{"events", newsroom::encode(events)}});
+        serve("events", {{"events", kit::encode(events)}});
     }
     void quote(StockQuote quote) {
         quote.symbol = TrackerStore::kShare;
-        serve("quote?range=" + quote.range + "&symbol=AAPL", newsroom::encode(quote));
+        serve("quote?range=" + quote.range + "&symbol=AAPL", kit::encode(quote));
     }
 
     void refresh() {
@@ -83,12 +83,12 @@ protected:
     }
 
     template <class Panel>
-    std::unique_ptr<Panel> panel(PanelKind kind, newsroom::PanelOptions options = {}) {
+    std::unique_ptr<Panel> panel(PanelKind kind, kit::PanelOptions options = {}) {
         auto content = makeTrackerPanel(stores_, {.kind = kind, .options = std::move(options)});
         return std::unique_ptr<Panel>(&dynamic_cast<Panel&>(*content.release()));
     }
 
-    DeskBench bench_{{}};
+    TestDesk bench_{{}};
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     NewsDesk news_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
     TrackerStore trackers_{news_.worker(), defaults_, bench_.clock()};
@@ -116,10 +116,10 @@ TEST_F(TrackerPanelsTest, TheNextFirmDateLeadsAndTheRestFollowsInOrder) {
             {.title = "Lamp in stores", .starts = now - 24h, .status = "released"},
             {.title = "Long over", .starts = now - std::chrono::days(4)},
             {.title = "Spring do", .starts = now + 48h, .window = "March", .status = "rumored"}});
-    auto panel = this->panel<CountdownPanel>(PanelKind::countdown);
-    EXPECT_EQ(panel->state(), PanelContent::Loading);
+    auto panel = this->panel<CountdownPanelModel>(PanelKind::countdown);
+    EXPECT_EQ(panel->state(), PanelModel::Loading);
     refresh();
-    EXPECT_EQ(panel->state(), PanelContent::Ready);
+    EXPECT_EQ(panel->state(), PanelModel::Ready);
     EXPECT_EQ(panel->title(), "Harbour fair");
     EXPECT_EQ(panel->days(), "20 days");
     EXPECT_EQ(panel->time(), "Thu 10 December, 20:00 your time");
@@ -138,16 +138,16 @@ TEST_F(TrackerPanelsTest, TheNextFirmDateLeadsAndTheRestFollowsInOrder) {
     panel->tick();
     EXPECT_EQ(panel->days(), "Today") << "begun, but not over";
 
-    auto narrow = this->panel<CountdownPanel>(PanelKind::countdown, {.eventTerms = {"far"}});
+    auto narrow = this->panel<CountdownPanelModel>(PanelKind::countdown, {.eventTerms = {"far"}});
     EXPECT_EQ(narrow->title(), "Far fair");
     EXPECT_EQ(narrow->rows()->rowCount(), 0);
-    auto none = this->panel<CountdownPanel>(PanelKind::countdown, {.eventTerms = {"circus"}});
-    EXPECT_EQ(none->state(), PanelContent::Empty);
+    auto none = this->panel<CountdownPanelModel>(PanelKind::countdown, {.eventTerms = {"circus"}});
+    EXPECT_EQ(none->state(), PanelModel::Empty);
 }
 
 TEST_F(TrackerPanelsTest, BuildsAreNewForThreeDaysAndHistoryKeepsTheOldOnes) {
     const auto release = [&](const char* version, const char* stage, const char* build,
-                             newsroom::Instant::duration age) {
+                             kit::Instant::duration age) {
         return SoftwareRelease{.version = version,
                                .stage = stage,
                                .build = build,
@@ -155,17 +155,16 @@ TEST_F(TrackerPanelsTest, BuildsAreNewForThreeDaysAndHistoryKeepsTheOldOnes) {
                                .published = bench_.now() - age};
     };
     const auto systems = [&](const SoftwareRelease& beta) {
-        serve("releases",
-              {{"systems",
-                {{"iOS",
-                  {{"public", newsroom::encode(release("26.5", "Release", "A1", 71h))},
-                   {"beta", newsroom::encode(beta)}}},
-                 {"tvOS", {{"public", newsroom::encode(release("26.5", "", "T1", 73h))}}},
-                 {"otherOS", {{"public", newsroom::encode(release("1", "", "O1", 1h))}}}}}});
+        serve("releases", {{"systems",
+                            {{"iOS",
+                              {{"public", kit::encode(release("26.5", "Release", "A1", 71h))},
+                               {"beta", kit::encode(beta)}}},
+                             {"tvOS", {{"public", kit::encode(release("26.5", "", "T1", 73h))}}},
+                             {"otherOS", {{"public", kit::encode(release("1", "", "O1", 1h))}}}}}});
     };
     auto software =
-        panel<SoftwarePanel>(PanelKind::software, {.platforms = {"tvOS", "lostOS", "iOS"}});
-    auto releases = panel<ReleasesPanel>(PanelKind::releases, {.platforms = {"tvOS", "iOS"}});
+        panel<SoftwarePanelModel>(PanelKind::software, {.platforms = {"tvOS", "lostOS", "iOS"}});
+    auto releases = panel<ReleasesPanelModel>(PanelKind::releases, {.platforms = {"tvOS", "iOS"}});
     systems(release("26.6", "Beta", "B1", 200h));
     refresh();
     systems(release("26.6", "Release Candidate 2", "B2", 80h));
@@ -188,7 +187,7 @@ TEST_F(TrackerPanelsTest, BuildsAreNewForThreeDaysAndHistoryKeepsTheOldOnes) {
 }
 
 TEST_F(TrackerPanelsTest, AStaleHalfOfTheStatusSaysFromWhenItIs) {
-    auto panel = this->panel<StatusPanel>(PanelKind::status);
+    auto panel = this->panel<StatusPanelModel>(PanelKind::status);
     refresh();
     EXPECT_EQ(panel->allUp(), "All services are up");
     EXPECT_EQ(panel->developer(), "1 of 1 developer up");
@@ -197,7 +196,7 @@ TEST_F(TrackerPanelsTest, AStaleHalfOfTheStatusSaysFromWhenItIs) {
     status(kConsumer, {"Mail!", "Maps"});
     bench_.http.script.on(kApple, kDeveloper, {{.status = 404}});
     refresh();
-    EXPECT_EQ(panel->state(), PanelContent::Ready);
+    EXPECT_EQ(panel->state(), PanelModel::Ready);
     EXPECT_EQ(panel->allUp(), "");
     EXPECT_EQ(panel->consumer(), "1 of 2 consumer up");
     EXPECT_EQ(panel->developer(), "1 of 1 developer up at 12:00");
@@ -211,7 +210,7 @@ TEST_F(TrackerPanelsTest, AStaleHalfOfTheStatusSaysFromWhenItIs) {
     EXPECT_EQ(panel->allUp(), "") << "nobody knows of the developers'";
     bench_.http.script.on(kApple, kConsumer, {{.status = 404}});
     refresh();
-    EXPECT_EQ(panel->state(), PanelContent::Stale);
+    EXPECT_EQ(panel->state(), PanelModel::Stale);
     EXPECT_EQ(panel->consumer(), "2 of 2 consumer up");
 }
 
@@ -224,7 +223,7 @@ TEST_F(TrackerPanelsTest, ThePriceStaysWhileTheChartOfAnotherRangeComes) {
            .asOf = bench_.now(),
            .points = points(99),
            .range = "1m"});
-    auto panel = this->panel<StockPanel>(PanelKind::stock);
+    auto panel = this->panel<StockPanelModel>(PanelKind::stock);
     refresh();
     EXPECT_EQ(panel->price(), "99.00");
     EXPECT_EQ(panel->change(), "+9.00 (+10.00%)");
@@ -234,31 +233,30 @@ TEST_F(TrackerPanelsTest, ThePriceStaysWhileTheChartOfAnotherRangeComes) {
     bench_.http.script.on(kService, "/wp-json/tb-wire/v1/quote?range=1y&symbol=AAPL",
                           {{.status = 404}});
     panel->choose(3);
-    EXPECT_EQ(panel->state(), PanelContent::Ready);
+    EXPECT_EQ(panel->state(), PanelModel::Ready);
     EXPECT_EQ(panel->price(), "99.00");
     EXPECT_EQ(panel->points().size(), 0) << "a month is not shown as a year";
     EXPECT_EQ(panel->chartMessage(), "Loading…");
     ASSERT_TRUE(until([&] { return panel->chartMessage() != "Loading…"; }));
-    EXPECT_EQ(panel->state(), PanelContent::Ready) << "the price is good";
+    EXPECT_EQ(panel->state(), PanelModel::Ready) << "the price is good";
 
     quote({.price = 98, .points = {{bench_.now(), 98}}, .range = "1d"});
-    auto other = this->panel<StockPanel>(PanelKind::stock, {.stockRange = "1d"});
+    auto other = this->panel<StockPanelModel>(PanelKind::stock, {.stockRange = "1d"});
     ASSERT_TRUE(until([&] { return other->points().size() == 1; }));
     EXPECT_EQ(other->change(), "") << "there is no previous close";
     EXPECT_EQ(other->move(), PriceMove::Unknown);
-    EXPECT_EQ(trackers_.quoteRange(), newsroom::QuoteRange::year)
-        << "a panel that opens sets nothing";
+    EXPECT_EQ(trackers_.quoteRange(), kit::QuoteRange::year) << "a panel that opens sets nothing";
 }
 
 TEST_F(TrackerPanelsTest, TheBoardStandsGroupByGroup) {
     const auto row = [](const char* symbol, const char* group, std::optional<double> previous) {
-        return newsroom::encode(
+        return kit::encode(
             BoardQuote{.symbol = symbol, .group = group, .price = 10, .previousClose = previous});
     };
     serve("quotes", {{"quotes",
                       {row("TIDE", "Glass", 20), row("REEF", "Chips", std::nullopt),
                        row("SAND", "Glass", 10)}}});
-    auto panel = this->panel<SuppliersPanel>(PanelKind::suppliers);
+    auto panel = this->panel<SuppliersPanelModel>(PanelKind::suppliers);
     refresh();
     const auto& rows = panel->rows()->rows();
     ASSERT_EQ(rows.size(), 3u);
@@ -272,4 +270,4 @@ TEST_F(TrackerPanelsTest, TheBoardStandsGroupByGroup) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -5,19 +5,19 @@
 
 namespace {
 
-using namespace desk;
-using newsroom::PanelKind;
-using newsroom::Story;
+using namespace app;
+using kit::PanelKind;
+using kit::Story;
 
 BeatShelf beatsOf(const std::vector<std::pair<std::string, bool>>& termsAndAlerts) {
     BeatShelf shelf;
     for (const auto& [term, alerts] : termsAndAlerts)
-        shelf.put(newsroom::madeBeat(term, "bolt", {.anyTerms = {term}}, alerts));
+        shelf.put(kit::madeBeat(term, "bolt", {.anyTerms = {term}}, alerts));
     return shelf;
 }
 
 NewsroomShelf newsroomOf(PanelKind kind, bool alerts) {
-    auto spec = newsroom::madeNewsroom("Desk", "bolt", std::array{kind}, {});
+    auto spec = kit::madeNewsroom("Desk", "bolt", std::array{kind}, {});
     spec.panels[0].options.alerts = alerts;
     NewsroomShelf shelf;
     shelf.put(spec);
@@ -43,7 +43,7 @@ TEST(BeatsWithAlerts, TellEachStoryOnceUnderTheFirstThatAsksForIt) {
                                   {.title = "chips"},
                                   {.title = "wool"},
                                   {.title = "press note", .isAppleSource = true},
-                                  {.title = "chips on sale", .kind = newsroom::StoryKind::deal}};
+                                  {.title = "chips on sale", .kind = kit::StoryKind::deal}};
     const std::string all = "chips and glass glass chips wool press note chips on sale";
     const struct {
         BeatShelf beats;

@@ -7,12 +7,12 @@
 
 namespace {
 
-using namespace desk;
+using namespace app;
 
-const newsroom::Instant kNow{std::chrono::seconds(1'790'000'000)};
+const kit::Instant kNow{std::chrono::seconds(1'790'000'000)};
 
-newsroom::Beat beat(const std::string& name) {
-    return newsroom::madeBeat(name, "bolt", {.anyTerms = {name}}, false);
+kit::Beat beat(const std::string& name) {
+    return kit::madeBeat(name, "bolt", {.anyTerms = {name}}, false);
 }
 
 class NewsroomStoreTest : public testing::Test {

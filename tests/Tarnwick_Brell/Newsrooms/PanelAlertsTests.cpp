@@ -3,17 +3,17 @@
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "Tarnwick_Brell/Newsrooms/PanelAlerts.h"
 
-namespace desk {
+namespace app {
 namespace {
 
-using newsroom::PanelAlert;
-using newsroom::PanelKind;
+using kit::PanelAlert;
+using kit::PanelKind;
 
 /// Two newsrooms, the second with one panel of that kind.
-NewsroomShelf shelfWith(PanelKind kind, newsroom::PanelOptions options) {
+NewsroomShelf shelfWith(PanelKind kind, kit::PanelOptions options) {
     NewsroomShelf shelf;
-    shelf.put(newsroom::NewsroomSpec::builtIn());
-    auto spec = newsroom::madeNewsroom("Desk", "bolt", std::array{kind}, {});
+    shelf.put(kit::NewsroomSpec::builtIn());
+    auto spec = kit::madeNewsroom("Desk", "bolt", std::array{kind}, {});
     spec.panels[0].options = std::move(options);
     shelf.put(spec);
     return shelf;
@@ -45,4 +45,4 @@ TEST(PanelsWithAlerts, AskForReleasesOfThePlatformsThatTheyShow) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

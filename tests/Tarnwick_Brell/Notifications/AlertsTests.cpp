@@ -3,11 +3,11 @@
 #include "Tarnwick_Brell/Notifications/Alerts.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
-using newsroom::AppleServiceStatus;
-using newsroom::Instant;
+using kit::AppleServiceStatus;
+using kit::Instant;
 using Target = NotificationTarget;
 
 const Target kBeatPage{.kind = Target::Kind::beat, .id = "b"};
@@ -23,16 +23,18 @@ protected:
                              .started = Instant(std::chrono::seconds(1'700'000'000))}};
     }
 
-    static newsroom::NewBuild build() {
-        const newsroom::SoftwareRelease release{
-            .version = "26.2", .build = "23C5044b", .title = "iOS 26.2 beta 3", .url = "https://r/"};
+    static kit::NewBuild build() {
+        const kit::SoftwareRelease release{.version = "26.2",
+                                           .build = "23C5044b",
+                                           .title = "iOS 26.2 beta 3",
+                                           .url = "https://r/"};
         return {.platform = {.platform = "iOS", .beta = release},
-                .channel = newsroom::ReleaseChannel::beta,
+                .channel = kit::ReleaseChannel::beta,
                 .release = release};
     }
 
-    static std::vector<newsroom::Story> stories(int count) {
-        std::vector<newsroom::Story> stories;
+    static std::vector<kit::Story> stories(int count) {
+        std::vector<kit::Story> stories;
         for (int i = 1; i <= count; ++i) {
             const auto number = std::to_string(i);
             stories.push_back({.id = "s" + number,
@@ -67,21 +69,21 @@ TEST_F(AlertsTest, AProblemIsToldInTheWordsOfItsKind) {
     for (const auto& c : cases) {
         posted_.clear();
         alerts_.serviceProblem(report(c.kind, c.message));
-        EXPECT_EQ(posted_, std::vector{(Notification{
-                               .identifier = "status-Harbour Mail|1700000000.0",
-                               .title = c.title,
-                               .body = c.body,
-                               .link = page,
-                               .target = kStatusPage})});
+        EXPECT_EQ(posted_,
+                  std::vector{(Notification{.identifier = "status-Harbour Mail|1700000000.0",
+                                            .title = c.title,
+                                            .body = c.body,
+                                            .link = page,
+                                            .target = kStatusPage})});
     }
     posted_.clear();
     alerts_.serviceRestored("Harbour Mail");
-    EXPECT_EQ(posted_, std::vector{(Notification{
-                           .identifier = "status-ok-Harbour Mail-1800000000.5",
-                           .title = "Harbour Mail is working again",
-                           .body = "Apple's System Status page shows it resolved.",
-                           .link = page,
-                           .target = kStatusPage})});
+    EXPECT_EQ(posted_,
+              std::vector{(Notification{.identifier = "status-ok-Harbour Mail-1800000000.5",
+                                        .title = "Harbour Mail is working again",
+                                        .body = "Apple's System Status page shows it resolved.",
+                                        .link = page,
+                                        .target = kStatusPage})});
 }
 
 TEST_F(AlertsTest, WhatTheUserSwitchesOffIsNotPosted) {
@@ -154,30 +156,30 @@ TEST_F(AlertsTest, ACrowdOfStoriesIsOneNotification) {
     alerts_.stories({.stories = stories(20), .total = 21});
     alerts_.beat("Tides", "b", stories(4), 4, kBeatPage);
     alerts_.newRelease(build());
-    EXPECT_EQ(posted_,
-              (std::vector<Notification>{
-                  {.identifier = "stories",
-                   .title = "21 new stories",
-                   .body = "Story 1\nStory 2\nStory 3\nand 18 more",
-                   .target = Target{.kind = Target::Kind::newStories}},
-                  {.identifier = "beat-b",
-                   .title = "Tides: 4 new stories",
-                   .body = "Story 1\nStory 2\nStory 3\nand 1 more",
-                   .target = kBeatPage},
-                  {.identifier = "release-iOS.beta-23C5044b",
-                   .title = "iOS 26.2 beta 3",
-                   .body = "Build 23C5044b is out.",
-                   .link = "https://r/",
-                   .target = Target{.kind = Target::Kind::tracker, .id = "software"}}}));
+    EXPECT_EQ(posted_, (std::vector<Notification>{
+                           {.identifier = "stories",
+                            .title = "21 new stories",
+                            .body = "Story 1\nStory 2\nStory 3\nand 18 more",
+                            .target = Target{.kind = Target::Kind::newStories}},
+                           {.identifier = "beat-b",
+                            .title = "Tides: 4 new stories",
+                            .body = "Story 1\nStory 2\nStory 3\nand 1 more",
+                            .target = kBeatPage},
+                           {.identifier = "release-iOS.beta-23C5044b",
+                            .title = "iOS 26.2 beta 3",
+                            .body = "Build 23C5044b is out.",
+                            .link = "https://r/",
+                            .target = Target{.kind = Target::Kind::tracker, .id = "software"}}}));
     posted_.clear();
     alerts_.beat("Tides", "b", stories(3), 3, kBeatPage);
     ASSERT_EQ(posted_.size(), 3u);
-    EXPECT_EQ(posted_[0], (Notification{.identifier = "beat-b-s1",
-                                        .title = "Tides: Story 1",
-                                        .body = "Tide Table",
-                                        .link = "https://news/1",
-                                        .target = Target{.kind = Target::Kind::story, .id = "s1"}}));
+    EXPECT_EQ(posted_[0],
+              (Notification{.identifier = "beat-b-s1",
+                            .title = "Tides: Story 1",
+                            .body = "Tide Table",
+                            .link = "https://news/1",
+                            .target = Target{.kind = Target::Kind::story, .id = "s1"}}));
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

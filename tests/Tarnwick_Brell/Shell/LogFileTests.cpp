@@ -10,15 +10,15 @@
 #include "Tarnwick_Brell/Shell/ProgramLog.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
-using newsroom::LogCategory;
-using newsroom::LogLevel;
-using newsroom::LogLevels;
+using kit::LogCategory;
+using kit::LogLevel;
+using kit::LogLevels;
 
-newsroom::LogLine line(int number, LogLevel level = LogLevel::info) {
-    return {.time = newsroom::Instant{} + std::chrono::seconds(number),
+kit::LogLine line(int number, LogLevel level = LogLevel::info) {
+    return {.time = kit::Instant{} + std::chrono::seconds(number),
             .level = level,
             .category = LogCategory::feeds,
             .text = "line " + std::to_string(number)};
@@ -70,9 +70,9 @@ TEST(ProgramLog, WhatQtSaysIsLoggedAsTheWindows) {
     {
         const ProgramLog log({.file = file, .levels = "warning"});
         qWarning("a property is bound twice");
-        newsroom::log(LogCategory::desk, LogLevel::info, "not at this level");
+        kit::log(LogCategory::desk, LogLevel::info, "not at this level");
     }
-    newsroom::log(LogCategory::desk, LogLevel::error, "after its end");
+    kit::log(LogCategory::desk, LogLevel::error, "after its end");
     const auto lines = readLogFile(file, 10, LogLevels::parse("debug"));
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(lines[0].category, LogCategory::window);
@@ -80,4 +80,4 @@ TEST(ProgramLog, WhatQtSaysIsLoggedAsTheWindows) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -5,7 +5,7 @@
 #include <vector>
 
 /// Answers of the signals' servers.
-namespace desk::test {
+namespace app::test {
 
 /// Items separated by commas, made of the words of a list.
 inline std::string joined(const std::string& list, std::string (*item)(const std::string& word)) {
@@ -44,4 +44,4 @@ inline std::string chartBody(const std::string& list) {
     return R"({"feed":{"results":[)" + joined(list, item) + "]}}";
 }
 
-}  // namespace desk::test
+}  // namespace app::test

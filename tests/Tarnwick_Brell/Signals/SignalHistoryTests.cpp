@@ -3,13 +3,13 @@
 #include "Tarnwick_Brell/Signals/ChartPlace.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
-using newsroom::ChartEntry;
-using newsroom::Instant;
-using Kind = newsroom::AppStoreCharts::Kind;
+using kit::ChartEntry;
+using kit::Instant;
+using Kind = kit::AppStoreCharts::Kind;
 
 std::vector<ChartEntry> chart(const std::string& ids) {
     std::vector<ChartEntry> entries;
@@ -71,4 +71,4 @@ TEST_F(ChartHistoryTest, AnAppsRunKeepsItsBestAndLastRankAndOldDaysGo) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -5,14 +5,14 @@
 
 #include "Tarnwick_Brell/Signals/SignalsRefresh.h"
 #include "tests/Tarnwick_Brell/Signals/SignalBodies.h"
-#include "tests/support/HTTPBench.h"
+#include "tests/support/TestServer.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 namespace asio = boost::asio;
 using namespace test;
-using Kind = newsroom::AppStoreCharts::Kind;
+using Kind = kit::AppStoreCharts::Kind;
 
 template <class T>
 asio::awaitable<void> keepResult(SignalsRefresh::Result<T> refresh,
@@ -20,7 +20,7 @@ asio::awaitable<void> keepResult(SignalsRefresh::Result<T> refresh,
     place = co_await std::move(refresh);
 }
 
-std::string listOf(const newsroom::SigningStatus& status) {
+std::string listOf(const kit::SigningStatus& status) {
     std::string text;
     for (const auto& build : status.builds) {
         text += (text.empty() ? "" : " ") + build.version + (build.isSigned ? "+" : "");
@@ -28,13 +28,13 @@ std::string listOf(const newsroom::SigningStatus& status) {
     return text;
 }
 
-std::string listOf(const std::vector<newsroom::UpdateOffer>& offers) {
+std::string listOf(const std::vector<kit::UpdateOffer>& offers) {
     std::string text;
     for (const auto& offer : offers) text += (text.empty() ? "" : " ") + offer.version;
     return text;
 }
 
-std::string listOf(const std::vector<newsroom::ChartEntry>& entries) {
+std::string listOf(const std::vector<kit::ChartEntry>& entries) {
     std::string text;
     for (const auto& entry : entries) text += (text.empty() ? "" : " ") + entry.id;
     return text;
@@ -93,9 +93,9 @@ protected:
         }
     }
 
-    newsroom::test::HTTPBench bench_;
+    kit::test::TestServer bench_;
     LocalStore store_{Database::kInMemory, Database::Access::readWrite};
-    newsroom::Instant now_{std::chrono::hours(1)};
+    kit::Instant now_{std::chrono::hours(1)};
     SignalsRefresh refresh_{store_, bench_.client, [this] { return now_; }};
     LastSignals last_{store_};
     std::int64_t lastSigning_ = 0, lastOffer_ = 0;
@@ -191,4 +191,4 @@ TEST_F(SignalsRefreshTest, AFailureSaysWhatFailedAndLeavesTheLastGood) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

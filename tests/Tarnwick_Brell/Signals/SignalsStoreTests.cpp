@@ -3,17 +3,17 @@
 #include <algorithm>
 
 #include "Tarnwick_Brell/Signals/SignalsStore.h"
-#include "tests/support/app/DeskBench.h"
+#include "tests/support/app/TestDesk.h"
 #include "tests/Tarnwick_Brell/Signals/SignalBodies.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
 using namespace test;
 using ::test::until;
-using Kind = newsroom::AppStoreCharts::Kind;
+using Kind = kit::AppStoreCharts::Kind;
 
 class SignalsStoreTest : public ::testing::Test {
 protected:
@@ -36,7 +36,7 @@ protected:
     }
 
     void charts(const std::string& list) {
-        for (const auto& row : newsroom::enumTable<Kind>) {
+        for (const auto& row : kit::enumTable<Kind>) {
             bench_.http.script.on("rss.marketingtools.apple.com",
                                   "/api/v2/us/apps/" + std::string(row.raw) + "/25/apps.json",
                                   {{.body = chartBody(list)}});
@@ -73,7 +73,7 @@ protected:
 
     using Told = std::vector<std::string>;
 
-    DeskBench bench_{{}};
+    TestDesk bench_{{}};
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     std::unique_ptr<DeskWorker> worker_;
     std::unique_ptr<SignalsStore> store_;
@@ -96,8 +96,8 @@ TEST_F(SignalsStoreTest, NewsIsToldOnceOverRestartsWhoeverFetchedItAndOldNewsIsN
     told_.clear();
     const auto change = [&](const char* version) {
         LocalStore other(bench_.library(), Database::Access::readWrite);
-        const auto before = newsroom::SigningStatus::parse(signingBody(""));
-        const auto now = newsroom::SigningStatus::parse(signingBody(version));
+        const auto before = kit::SigningStatus::parse(signingBody(""));
+        const auto now = kit::SigningStatus::parse(signingBody(version));
         other.signing().note("iPhone17,3", before, now, bench_.now());
     };
     change("8+");
@@ -155,4 +155,4 @@ TEST_F(SignalsStoreTest, AModelThatIsAddedToTheSettingIsAskedForAtOnce) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

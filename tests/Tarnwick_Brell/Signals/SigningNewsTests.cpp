@@ -2,16 +2,15 @@
 
 #include "Tarnwick_Brell/Signals/SigningNews.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
 
 TEST(SigningNews, ABuildIsToldOnceForAllDevicesThatChangedTogether) {
-    const newsroom::Instant now(100h);
+    const kit::Instant now(100h);
     std::vector<SigningChange> changes;
-    const auto add = [&](const char* device, const char* name, bool isSigned,
-                         newsroom::Instant seenAt) {
+    const auto add = [&](const char* device, const char* name, bool isSigned, kit::Instant seenAt) {
         changes.push_back({device, name, "27.1", "24B83", isSigned, seenAt});
     };
     for (const auto* name : {"A", "B", "C", "D"}) add("iPhone17,3", name, false, now);
@@ -33,4 +32,4 @@ TEST(SigningNews, ABuildIsToldOnceForAllDevicesThatChangedTogether) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

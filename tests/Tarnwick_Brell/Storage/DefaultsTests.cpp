@@ -2,10 +2,10 @@
 
 #include <fstream>
 
-#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 TEST(Defaults, NonsenseCountsAsTheKeysRuleSays) {
@@ -41,4 +41,4 @@ TEST(Defaults, NonsenseCountsAsTheKeysRuleSays) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

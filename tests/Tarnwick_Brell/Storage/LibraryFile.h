@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "Tarnwick_Brell/Storage/Database.h"
+#include "Tarnwick_Brell/Storage/SQLite/Database.h"
 
 namespace test {
 
@@ -16,7 +16,7 @@ inline constexpr const char* kCheckSearchIndex =
 class PagesWritten {
 public:
     explicit PagesWritten(const std::filesystem::path& library)
-        : log_(library.string() + "-wal"), reader_(library, desk::Database::Access::readOnly) {
+        : log_(library.string() + "-wal"), reader_(library, app::Database::Access::readOnly) {
         reader_.execute("BEGIN; SELECT count(*) FROM sqlite_schema");
         begin();
     }
@@ -32,7 +32,7 @@ private:
     }
 
     std::filesystem::path log_;
-    desk::Database reader_;
+    app::Database reader_;
     std::int64_t start_ = 0;
 };
 

@@ -8,19 +8,19 @@
 #include <utility>
 #include <vector>
 
-#include "Tarnwick_Brell/Storage/Backups.h"
-#include "Tarnwick_Brell/Storage/LibraryCheck.h"
-#include "Tarnwick_Brell/Storage/LibraryLock.h"
-#include "Tarnwick_Brell/Storage/LibraryRepair.h"
-#include "Tarnwick_Brell/Storage/LibraryRestore.h"
+#include "Tarnwick_Brell/Storage/Safety/Backups.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryCheck.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryLock.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryRepair.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryRestore.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 namespace fs = std::filesystem;
-using newsroom::Instant;
+using kit::Instant;
 using namespace std::chrono_literals;
 using Access = Database::Access;
 
@@ -31,12 +31,12 @@ protected:
     void addStory(const std::string& id) const {
         LocalStore store(library_, Access::readWrite);
         auto transaction = store.transaction();
-        const newsroom::Story story{.id = id,
-                                    .link = "https://a.example/" + id,
-                                    .title = "Title " + id,
-                                    .publishedAt = kNoon,
-                                    .sourceID = "a",
-                                    .sourceName = "A"};
+        const kit::Story story{.id = id,
+                               .link = "https://a.example/" + id,
+                               .title = "Title " + id,
+                               .publishedAt = kNoon,
+                               .sourceID = "a",
+                               .sourceName = "A"};
         store.merging().merge(std::vector{story}, {.seen = kNoon}, store.state().nextStamp());
         transaction.commit();
     }
@@ -65,7 +65,9 @@ protected:
 
 TEST_F(LibrarySafety, BackupsComeOncePerDayAndTheLastThreeStay) {
     EXPECT_FALSE(backups_.makeIfDue(kNoon)) << "there is no library";
-    { LocalStore empty(library_, Access::readWrite); }
+    {
+        LocalStore empty(library_, Access::readWrite);
+    }
     EXPECT_FALSE(backups_.makeIfDue(kNoon)) << "nothing is in it";
     addStory("1");
     for (int hour : {0, 1, 23, 24, 47, 48, 72}) {
@@ -257,8 +259,9 @@ TEST_F(LibrarySafety, TheNewestSoundBackupTakesThePlaceOfADamagedLibrary) {
     for (const auto& backup : backups_.all(kNoon + 24h)) damage(backup.file);
     damage(library_);
     EXPECT_THROW(restoreLibrary(library_, std::nullopt, kNoon), StoreError);
-    EXPECT_EQ(checkLibrary(library_, CheckDepth::full).state, LibraryState::damaged) << "left where it was";
-    ASSERT_TRUE(setLibraryAside(library_, kNoon));
+    EXPECT_EQ(checkLibrary(library_, CheckDepth::full).state, LibraryState::damaged)
+        << "left where it was";
+    ASSERT_TRUE(quarantineLibrary(library_, kNoon));
     EXPECT_EQ(checkLibrary(library_, CheckDepth::full).state, LibraryState::absent);
 }
 
@@ -269,7 +272,7 @@ TEST_F(LibrarySafety, OneDeskHoldsALibraryAndItsDeathIsNoticed) {
         try {
             const LibraryLock second(library_, "the window");
             FAIL() << "two desks hold one library";
-        } catch (const LibraryHeld& held) {
+        } catch (const LibraryInUseError& held) {
             EXPECT_EQ(held.holder(), (LockHolder{getpid(), "brell watch"}));
         }
     }
@@ -286,4 +289,4 @@ TEST_F(LibrarySafety, OneDeskHoldsALibraryAndItsDeathIsNoticed) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

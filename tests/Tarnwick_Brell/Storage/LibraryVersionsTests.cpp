@@ -7,7 +7,7 @@
 #include "tests/Tarnwick_Brell/Storage/LibraryFile.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 std::string fixture(const char* name) {
@@ -32,7 +32,7 @@ TEST(LibraryVersions, ALibraryOfTheFirstVersionComesOverWhole) {
     const auto story = store.stories().findByID("b2", 1).at(0);
     EXPECT_EQ(story.story.credits.at(0).name, "B");
     EXPECT_EQ(story.story.destinationName, "The Verge");
-    EXPECT_EQ(story.firstSeen, newsroom::Instant(std::chrono::seconds(1793613800)));
+    EXPECT_EQ(story.firstSeen, kit::Instant(std::chrono::seconds(1793613800)));
 
     std::string found;
     store.search().each({.search = SearchText::parse("cafe zoe")}, [&](const StoredStory& stored) {
@@ -89,4 +89,4 @@ TEST(LibraryVersions, ALibraryWhoseIndexFollowedEachStoryStaysSearchable) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

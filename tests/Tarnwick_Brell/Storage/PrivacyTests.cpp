@@ -5,26 +5,26 @@
 #include <fstream>
 #include <string>
 
-#include "Tarnwick_Brell/Storage/Backups.h"
-#include "Tarnwick_Brell/Storage/Defaults.h"
-#include "Tarnwick_Brell/Storage/LibraryLock.h"
-#include "Tarnwick_Brell/Storage/LibraryRestore.h"
+#include "Tarnwick_Brell/Storage/Safety/Backups.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryLock.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryRestore.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
-#include "Tarnwick_Brell/Storage/Paths.h"
+#include "Tarnwick_Brell/Storage/Settings/Paths.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr newsroom::Instant kNow = std::chrono::sys_days(std::chrono::year(2026) / 11 / 21);
+constexpr kit::Instant kNow = std::chrono::sys_days(std::chrono::year(2026) / 11 / 21);
 
 /// Every file and folder below `folder` that another user may touch, with itself.
 std::string openToOthers(const fs::path& folder) {
     std::string names;
     const auto look = [&](const fs::path& path) {
-        struct stat found {};
+        struct stat found{};
         if (stat(path.c_str(), &found) == 0 && (found.st_mode & 077) != 0) {
             names += path.filename().string() + " ";
         }
@@ -83,7 +83,9 @@ TEST_F(Privacy, AFolderThatHoldsOtherThingsKeepsItsRightsAndSoDoThey) {
     fs::create_directories(home());
     std::ofstream(home() / "letter.txt") << "to a friend";
     paths_.createFolders();
-    { LocalStore store(paths_.library, Database::Access::readWrite); }
+    {
+        LocalStore store(paths_.library, Database::Access::readWrite);
+    }
     EXPECT_EQ(openToOthers(home()), "desk letter.txt ");
 }
 
@@ -96,4 +98,4 @@ TEST_F(Privacy, AFolderIsMadeThatIsNamedWithoutItsParents) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

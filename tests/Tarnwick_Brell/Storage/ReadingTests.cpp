@@ -4,11 +4,11 @@
 
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
-namespace desk {
+namespace app {
 namespace {
 
-using newsroom::Instant;
-using newsroom::Story;
+using kit::Instant;
+using kit::Story;
 using LastWord = SearchText::LastWord;
 
 Instant at(int second) { return Instant(std::chrono::seconds(second)); }
@@ -251,4 +251,4 @@ TEST_F(Reading, TheLastChangeOfMarksIsTakenBackWhateverItWas) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -4,11 +4,11 @@
 #include "tests/Tarnwick_Brell/Storage/LibraryFile.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
-using newsroom::Instant;
-using newsroom::Story;
+using kit::Instant;
+using kit::Story;
 
 Instant at(int minute) { return Instant(std::chrono::minutes(minute)); }
 
@@ -111,4 +111,4 @@ TEST_F(SearchIndexTest, TheStoriesOfATransactionMakeOnePieceOfTheIndex) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

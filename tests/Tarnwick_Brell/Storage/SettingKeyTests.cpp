@@ -3,10 +3,10 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "Tarnwick_Brell/Storage/Defaults.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 TEST(SettingKey, TakesWhatSuitsItAndSaysWhatElseItNeeds) {
@@ -50,13 +50,14 @@ TEST(SettingKey, TakesWhatSuitsItAndSaysWhatElseItNeeds) {
 TEST(SettingKey, NonsenseInTheFileCountsAsAbsent) {
     const test::TemporaryFolder folder;
     const auto file = folder.path() / "settings.ini";
-    std::ofstream(file) << "[General]\nalertSound=perhaps\nalertReleases=off\nquoteRange=5y\n"
-                           "focusSymbol=\nappearance=3\nserviceAddress=ftp://x/\nknownBuilds=[1, 2]\n";
+    std::ofstream(file)
+        << "[General]\nalertSound=perhaps\nalertReleases=off\nquoteRange=5y\n"
+           "focusSymbol=\nappearance=3\nserviceAddress=ftp://x/\nknownBuilds=[1, 2]\n";
     Defaults defaults(file);
     EXPECT_FALSE(defaults.isOn(SettingKey::kAlertSound));
     EXPECT_FALSE(defaults.isOn(SettingKey::kAlertReleases));
     EXPECT_TRUE(defaults.isOn(SettingKey::kNotifications));
-    EXPECT_EQ(defaults.quoteRange(), newsroom::QuoteRange::month);
+    EXPECT_EQ(defaults.quoteRange(), kit::QuoteRange::month);
     EXPECT_EQ(defaults.focusSymbol(), "AAPL");
     EXPECT_EQ(defaults.appearance(), "system");
     EXPECT_EQ(defaults.serviceAddress(), "https://tarnwick-brell.example/");
@@ -68,4 +69,4 @@ TEST(SettingKey, NonsenseInTheFileCountsAsAbsent) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

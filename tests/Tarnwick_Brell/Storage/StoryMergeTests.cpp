@@ -5,11 +5,11 @@
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
-using newsroom::Instant;
-using newsroom::Story;
+using kit::Instant;
+using kit::Story;
 
 Instant at(int minute) { return Instant(std::chrono::minutes(minute)); }
 
@@ -188,4 +188,4 @@ TEST_F(StoryMergeTest, AnUndatedStoryThatWasDroppedDoesNotComeBackAsNews) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 
 #include "Tarnwick_Brell/Storage/LocalStore.h"
-#include "Tarnwick_Brell/Storage/StoreError.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
-using newsroom::Instant;
-using newsroom::Story;
+using kit::Instant;
+using kit::Story;
 
 Instant at(int second) { return Instant(std::chrono::seconds(second)); }
 
@@ -52,12 +52,11 @@ TEST_F(LibraryTest, EveryFieldComesBackAsItWasKept) {
     full.imageURL = "https://a.example/p.jpg";
     full.destinationName = "B";
     full.isAppleSource = true;
-    full.kind = newsroom::StoryKind::advertisement;
-    full.sourcing = newsroom::Sourcing::onRecord;
+    full.kind = kit::StoryKind::advertisement;
+    full.sourcing = kit::Sourcing::onRecord;
     full.wordpressID = -5;
     full.articleLink = "https://b.example/";
-    full.credits = {
-        {.kind = newsroom::SourceCredit::Kind::apple, .name = "Apple", .postedAt = at(3)}};
+    full.credits = {{.kind = kit::SourceCredit::Kind::apple, .name = "Apple", .postedAt = at(3)}};
     merge({full, story("f2", 50)}, 200);
     EXPECT_EQ(store_.stories().findByID("f1", 2).at(0).story, full);
     EXPECT_EQ(store_.stories().findByID("f1", 2).at(0).firstSeen, at(200));
@@ -71,13 +70,13 @@ TEST_F(LibraryTest, AKnownStoryKeepsIdentityAndTimesAndFollowsItsWording) {
     EXPECT_EQ(merge({story("1", 999)}, 300).revised, 0u) << "another time alone is no revision";
     Story reworded = story("1", 999);
     reworded.title = "Better";
-    reworded.sourcing = newsroom::Sourcing::rumor;
+    reworded.sourcing = kit::Sourcing::rumor;
     const auto count = merge({reworded}, 300);
     EXPECT_EQ(count.added, 0u);
     EXPECT_EQ(count.revised, 1u);
     const auto kept = store_.stories().findByID("1", 1).at(0);
     EXPECT_EQ(kept.story.title, "Better");
-    EXPECT_EQ(kept.story.sourcing, newsroom::Sourcing::rumor);
+    EXPECT_EQ(kept.story.sourcing, kit::Sourcing::rumor);
     EXPECT_EQ(kept.story.publishedAt, at(100));
     EXPECT_EQ(kept.firstSeen, at(200));
 }
@@ -116,4 +115,4 @@ TEST_F(LibraryTest, AReaderSeesTheLibraryWhileAnotherProgramHasItOpen) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -2,19 +2,19 @@
 
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
-namespace desk {
+namespace app {
 namespace {
 
-using newsroom::AppleServiceStatus;
-using newsroom::Instant;
-using newsroom::StatusAudience;
+using kit::AppleServiceStatus;
+using kit::Instant;
+using kit::StatusFeed;
 using Services = AppleServiceStatus::Services;
 using Lines = std::vector<std::string>;
 
 Instant at(int second) { return Instant(std::chrono::seconds(second)); }
 
 std::string text(const std::optional<Instant>& instant) {
-    return instant ? std::to_string(static_cast<int>(newsroom::secondsSince1970(*instant))) : "-";
+    return instant ? std::to_string(static_cast<int>(kit::secondsSince1970(*instant))) : "-";
 }
 
 AppleServiceStatus::Incident incident(const char* status, int started,
@@ -28,8 +28,7 @@ AppleServiceStatus::Incident incident(const char* status, int started,
 
 class TrackerLogsTest : public ::testing::Test {
 protected:
-    void note(int now, const Services& services,
-              StatusAudience audience = StatusAudience::consumer) {
+    void note(int now, const Services& services, StatusFeed audience = StatusFeed::consumer) {
         store_.incidents().note(audience, services, at(now));
     }
 
@@ -62,7 +61,7 @@ TEST_F(TrackerLogsTest, AnIncidentIsLoggedOnceForEachTimeItIsOngoing) {
 
 TEST_F(TrackerLogsTest, AnIncidentEndsWithItsServiceButNotWithThatOfOthers) {
     note(100, {{"Mail", {incident("ongoing", 90)}}});
-    note(200, {{"Mail"}}, StatusAudience::developer);
+    note(200, {{"Mail"}}, StatusFeed::developer);
     note(300, {{"Mail", {incident("ongoing", 90), incident("resolved", 90)}}});
     EXPECT_EQ(log(), (Lines{"Mail slow 90..- seen 100..300..-"}));
     note(400, {{"Maps"}});
@@ -91,9 +90,9 @@ TEST_F(TrackerLogsTest, TheLogIsSearchedForTheTextAsItStands) {
 
 TEST_F(TrackerLogsTest, EachBuildHasItsTimeUntilAnotherTakesItsPlace) {
     const auto note = [&](int now, const char* general, const char* beta) {
-        newsroom::PlatformRelease platform{.platform = "iOS"};
-        if (general) platform.current = newsroom::SoftwareRelease{.build = general};
-        if (beta) platform.beta = newsroom::SoftwareRelease{.build = beta};
+        kit::PlatformRelease platform{.platform = "iOS"};
+        if (general) platform.current = kit::SoftwareRelease{.build = general};
+        if (beta) platform.beta = kit::SoftwareRelease{.build = beta};
         store_.builds().note({platform}, at(now));
     };
     note(1, "A", "B");
@@ -124,4 +123,4 @@ TEST_F(TrackerLogsTest, OnlyTheCopiesAskedForLastStay) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -5,10 +5,10 @@
 #include "Tarnwick_Brell/Trackers/TrackerNews.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
-using newsroom::AppleServiceStatus;
+using kit::AppleServiceStatus;
 using Services = AppleServiceStatus::Services;
 
 /// Services with an ongoing incident each, started so many seconds after 1970.
@@ -18,15 +18,15 @@ Services troubled(const std::vector<std::pair<std::string, int>>& incidents) {
         services.push_back({.name = name,
                             .events = {{.kind = "Outage",
                                         .status = "ongoing",
-                                        .started = newsroom::Instant(std::chrono::seconds(start))}}});
+                                        .started = kit::Instant(std::chrono::seconds(start))}}});
     }
     return services;
 }
 
-std::vector<newsroom::PlatformRelease> releases(std::string general, std::string beta) {
+std::vector<kit::PlatformRelease> releases(std::string general, std::string beta) {
     return {{.platform = "iOS",
-             .current = newsroom::SoftwareRelease{.build = std::move(general)},
-             .beta = newsroom::SoftwareRelease{.build = std::move(beta)}}};
+             .current = kit::SoftwareRelease{.build = std::move(general)},
+             .beta = kit::SoftwareRelease{.build = std::move(beta)}}};
 }
 
 class TrackerNewsTest : public ::testing::Test {
@@ -47,7 +47,8 @@ protected:
     /// With what a restart at this moment would know.
     void tell(const std::string& what) {
         const Defaults other(file_);
-        const auto problems = other.memory(Defaults::kKnownServiceProblems).value_or(Defaults::Memory());
+        const auto problems =
+            other.memory(Defaults::kKnownServiceProblems).value_or(Defaults::Memory());
         const auto builds = other.memory(Defaults::kKnownBuilds).value_or(Defaults::Memory());
         std::string known;
         for (const auto* memory : {&problems, &builds}) {
@@ -78,8 +79,9 @@ TEST_F(TrackerNewsTest, EachProblemIsRememberedJustBeforeItIsTold) {
                             "problem Kiosk [Kiosk|3.0=Kiosk][Mail|1.0=Mail][Maps|2.0=Maps]"}));
     restart();
     news_->look(troubled({{"Mail", 9}, {"Maps", 2}}), Services());
-    EXPECT_EQ(take(), (Told{"problem Mail [Kiosk|3.0=Kiosk][Mail|1.0=Mail][Mail|9.0=Mail][Maps|2.0=Maps]",
-                            "restored Kiosk [Mail|1.0=Mail][Mail|9.0=Mail][Maps|2.0=Maps]"}));
+    EXPECT_EQ(take(),
+              (Told{"problem Mail [Kiosk|3.0=Kiosk][Mail|1.0=Mail][Mail|9.0=Mail][Maps|2.0=Maps]",
+                    "restored Kiosk [Mail|1.0=Mail][Mail|9.0=Mail][Maps|2.0=Maps]"}));
     EXPECT_EQ(news_->knownProblems()->size(), 2u) << "the older incident of Mail is over";
     restart();
     news_->look(Services(), Services());
@@ -125,4 +127,4 @@ TEST_F(TrackerNewsTest, AMemoryThatCanNotBeWrittenIsToldOnceAndHoldsNothingBack)
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -12,15 +12,15 @@
 
 #include "Tarnwick_Brell/Trackers/ListDoubts.h"
 #include "Tarnwick_Brell/Trackers/TrackerRefresh.h"
-#include "tests/support/HTTPBench.h"
+#include "tests/support/TestServer.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 namespace asio = boost::asio;
-using newsroom::Instant;
-using newsroom::QuoteRange;
-using newsroom::StatusAudience;
+using kit::Instant;
+using kit::QuoteRange;
+using kit::StatusFeed;
 using pressroom::Response;
 
 constexpr const char* kService = "desk.example";
@@ -108,8 +108,8 @@ std::string word(const PlatformRelease& platform) {
     return platform.platform + (platform.beta ? "=" + platform.beta->build : "") +
            (platform.current ? "/" + platform.current->build : "");
 }
-std::string word(const newsroom::AppleCalendarEvent& event) { return event.id; }
-std::string word(const newsroom::BoardQuote& quote) { return quote.symbol; }
+std::string word(const kit::AppleCalendarEvent& event) { return event.id; }
+std::string word(const kit::BoardQuote& quote) { return quote.symbol; }
 
 template <class T>
 std::string listOf(const TrackerReading<std::vector<T>>& reading) {
@@ -152,7 +152,7 @@ protected:
 
     std::int64_t failures() { return store_.trackerCopies().health("releases").failures; }
 
-    newsroom::test::HTTPBench bench_;
+    kit::test::TestServer bench_;
     LocalStore store_{Database::kInMemory, Database::Access::readWrite};
     Instant now_{std::chrono::hours(1)};
     TrackerRefresh refresh_{store_, bench_.client, [this] { return now_; },
@@ -185,8 +185,8 @@ TEST_F(TrackerRefreshTest, AListIsNotBelievedToBeShorterBeforeASecondAnswerSaysS
     };
     play(
         "Apple's developer status", statusBody,
-        [&] { return refresh_.status(StatusAudience::developer); },
-        [&] { return lastGood_.status(StatusAudience::developer); },
+        [&] { return refresh_.status(StatusFeed::developer); },
+        [&] { return lastGood_.status(StatusFeed::developer); },
         {{"", "nothing", true},
          {"A B! C", "A B! C"},
          {"C A!", "C A! B!"},
@@ -228,7 +228,7 @@ TEST_F(TrackerRefreshTest, AFailureLeavesTheLastGoodAndIsCountedUntilASuccess) {
         {{.body = "<html>Sign in</html>"}, "The answer does not read (this is not JSON"},
         {{.body = R"({"systems":{"iOS":{"beta":{}}}})"},
          "The answer does not read (systems.iOS.beta.version: the key is missing)."},
-        {{.body = std::string(newsroom::TrackerAPI::kByteLimit + 1, ' ')}, ""},
+        {{.body = std::string(kit::TrackerAPI::kByteLimit + 1, ' ')}, ""},
     };
     std::int64_t count = 0;
     const auto then = now_;
@@ -317,7 +317,7 @@ TEST_F(TrackerRefreshTest, OnlyAWholeAnswerEndsAnIncident) {
         bench_.script.on("www.apple.com", "/support/systemstatus/data/system_status_en_US.js",
                          {std::move(response)});
         now_ += std::chrono::minutes(2);
-        run(refresh_.status(StatusAudience::consumer));
+        run(refresh_.status(StatusFeed::consumer));
         return store_.incidents().find("", 9).at(0).endedSeen;
     };
     EXPECT_FALSE(answer({.body = statusBody("Mail! Maps")}));
@@ -332,4 +332,4 @@ TEST_F(TrackerRefreshTest, OnlyAWholeAnswerEndsAnIncident) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -2,7 +2,7 @@
 
 #include "Tarnwick_Brell/Trackers/TrackerSchedule.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
@@ -43,7 +43,7 @@ protected:
         return 3h;
     }
 
-    TrackerSchedule::Now now_{.wall = newsroom::Instant(1'000'000s),
+    TrackerSchedule::Now now_{.wall = kit::Instant(1'000'000s),
                               .steady = TrackerSchedule::Steady(1'000'000s)};
     double spread_ = 0;
     std::optional<TrackerSchedule> schedule_;
@@ -135,4 +135,4 @@ TEST_F(TrackerScheduleTest, AfterSleepWhatIsOldIsDueSoonAndJumpsOfTheClockBringN
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

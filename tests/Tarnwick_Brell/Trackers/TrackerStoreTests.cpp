@@ -3,18 +3,18 @@
 #include <stdexcept>
 
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
-#include "tests/support/app/DeskBench.h"
-#include "tests/support/app/TrackerBench.h"
+#include "tests/support/app/TestDesk.h"
+#include "tests/support/app/TestTrackers.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
 using namespace test;
-using ::test::until;
-using newsroom::QuoteRange;
+using kit::QuoteRange;
 using pressroom::Response;
+using ::test::until;
 
 constexpr const char* kApple = "www.apple.com";
 constexpr const char* kService = "desk.example";
@@ -100,7 +100,7 @@ protected:
 
     using Told = std::vector<std::string>;
 
-    DeskBench bench_{{}};
+    TestDesk bench_{{}};
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     std::unique_ptr<DeskWorker> worker_;
     std::unique_ptr<TrackerStore> store_;
@@ -197,7 +197,8 @@ TEST_F(TrackerStoreTest, SymbolsAreFetchedWhenTheyAreWantedAndABadOneHoldsNobody
     store_->setFocusSymbol("BRK.B");
     store_->setCompared({"GONE", "TIDE"});
     EXPECT_THROW(store_->setFocusSymbol("no symbol"), std::invalid_argument);
-    ASSERT_TRUE(until([&] { return store_->focusQuote().value && !store_->comparisonQuotes().empty(); }));
+    ASSERT_TRUE(
+        until([&] { return store_->focusQuote().value && !store_->comparisonQuotes().empty(); }));
     EXPECT_EQ(store_->focusQuote().value->price, 30);
     EXPECT_EQ(store_->comparisonQuotes().size(), 1u);
     quote("AAPL", "1m", 12);
@@ -253,4 +254,4 @@ TEST_F(TrackerStoreTest, AStoreThatGoesInTheMiddleOfARoundEndsAtOnce) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -5,14 +5,14 @@
 #include <QQuickItem>
 #include <QTest>
 
-#include "Tarnwick_Brell/Models/Panels/StockPanel.h"
+#include "Tarnwick_Brell/Models/Panels/StockPanelModel.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/NotificationOpening.h"
-#include "tests/support/models/StoryBench.h"
-#include "tests/support/app/TrackerBench.h"
+#include "tests/support/models/TestStories.h"
+#include "tests/support/app/TestTrackers.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace test;
@@ -21,7 +21,7 @@ using ::test::until;
 /// The real window over a desk with twelve stories, driven by keys and clicks.
 class MainJobTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { StoryBench::beGuiApplication(); }
+    static void SetUpTestSuite() { TestStories::beGuiApplication(); }
 
     void SetUp() override {
         for (int i = 1; i <= 12; ++i) {
@@ -37,12 +37,13 @@ protected:
                 {quoteAnswer("AAPL", range, price)});
         }
         bench_.open();
-        model_ = std::make_unique<WindowModel>(WindowModel::Stores{.news = *bench_.news,
-                                                                   .trackers = *bench_.trackers,
-                                                                   .signalsStore = *bench_.signalsStore,
-                                                                   .newsrooms = *bench_.newsrooms,
-                                                                   .defaults = bench_.defaults,
-                                                                   .clock = bench_.desk.clock()});
+        model_ =
+            std::make_unique<WindowModel>(WindowModel::Stores{.news = *bench_.news,
+                                                              .trackers = *bench_.trackers,
+                                                              .signalsStore = *bench_.signalsStore,
+                                                              .newsrooms = *bench_.newsrooms,
+                                                              .defaults = bench_.defaults,
+                                                              .clock = bench_.desk.clock()});
         QObject::connect(model_.get(), &WindowModel::linkWanted,
                          [this](const QString& link) { opened_ << link; });
         model_->open(model_->state()->place());
@@ -101,7 +102,7 @@ protected:
         QTest::mouseClick(&window(), Qt::LeftButton, {}, middle.toPoint());
     }
 
-    StoryBench bench_;
+    TestStories bench_;
     std::unique_ptr<WindowModel> model_;
     std::unique_ptr<DeskWindow> window_;
     QStringList opened_;
@@ -217,7 +218,7 @@ TEST_F(MainJobTest, WhatANotificationIsAboutIsShownInTheWindow) {
         {{.kind = Target::Kind::tracker, .id = "signing"}, "tracker:signing"},
         {{.kind = Target::Kind::tracker, .id = "updates"}, "tracker:updates"},
         {{.kind = Target::Kind::newStories}, "wire:all"},
-        {{.kind = Target::Kind::newsroom, .id = std::string(newsroom::NewsroomSpec::kBuiltInID)},
+        {{.kind = Target::Kind::newsroom, .id = std::string(kit::NewsroomSpec::kBuiltInID)},
          "newsroom:8B3D5F20-0000-4000-8000-00000000A7D1"},
         {{.kind = Target::Kind::beat, .id = "gone"},
          "newsroom:8B3D5F20-0000-4000-8000-00000000A7D1"},
@@ -230,11 +231,12 @@ TEST_F(MainJobTest, WhatANotificationIsAboutIsShownInTheWindow) {
 }
 
 TEST_F(MainJobTest, TheRangeOfTheShareOnTodayIsChosenWithAClick) {
-    StockPanel* stock = nullptr;
+    StockPanelModel* stock = nullptr;
     const auto& today = *model_->newsroom();
     for (int row = 0; row < today.rowCount(); ++row) {
         const auto content = today.index(row).data(today.roleNames().key("content"));
-        if (auto* found = qobject_cast<StockPanel*>(content.value<PanelContent*>())) stock = found;
+        if (auto* found = qobject_cast<StockPanelModel*>(content.value<PanelModel*>()))
+            stock = found;
     }
     ASSERT_NE(stock, nullptr);
     EXPECT_TRUE(until([&] { return stock->price().contains("211"); }));
@@ -244,4 +246,4 @@ TEST_F(MainJobTest, TheRangeOfTheShareOnTodayIsChosenWithAClick) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

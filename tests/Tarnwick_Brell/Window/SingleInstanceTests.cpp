@@ -13,7 +13,7 @@
 #include "tests/support/EventLoop.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
@@ -118,11 +118,11 @@ TEST(SocketAddresses, LongPathsMoveToTheRuntimeFolder) {
 }
 
 TEST_F(SingleInstanceTest, AnotherProgramAtTheLibraryIsNamed) {
-    const LibraryHeld byWatch({.process = 12, .what = "brell watch"});
+    const LibraryInUseError byWatch({.process = 12, .what = "brell watch"});
     EXPECT_EQ(SingleInstance::refusal(byWatch),
               "This library is already open in brell watch (process 12). End that first, then "
               "open the window.");
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -2,16 +2,16 @@
 #include <QLocale>
 #include <gtest/gtest.h>
 
-#include "Tarnwick_Brell/Models/Panels/CoveragePanel.h"
+#include "Tarnwick_Brell/Models/Panels/CoveragePanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/MentionText.h"
 #include "Tarnwick_Brell/Models/Stories/WirePage.h"
-#include "Tarnwick_Brell/Models/Window/RefreshState.h"
+#include "Tarnwick_Brell/Models/Window/RefreshStatus.h"
 #include "Tarnwick_Brell/Window/Translations.h"
 
-namespace desk {
+namespace app {
 namespace {
 
-using newsroom::StoryMention;
+using kit::StoryMention;
 
 // The catalogue's contexts must be those under which the classes look texts up.
 TEST(Translations, OneIsSingularAndMoreArePluralAlsoInALanguageWithoutACatalogue) {
@@ -26,13 +26,13 @@ TEST(Translations, OneIsSingularAndMoreArePluralAlsoInALanguageWithoutACatalogue
     EXPECT_EQ(WirePage::tr("%n new stories", nullptr, 0), QStringLiteral("0 new stories"));
     EXPECT_EQ(WirePage::tr("%n stories marked as read.", nullptr, 21),
               QStringLiteral("21 stories marked as read."));
-    EXPECT_EQ(CoveragePanel::tr("%n stories", nullptr, 1), QStringLiteral("1 story"));
-    EXPECT_EQ(RefreshState::tr("Refreshing, %1 of %n sources", nullptr, 1).arg(0),
+    EXPECT_EQ(CoveragePanelModel::tr("%n stories", nullptr, 1), QStringLiteral("1 story"));
+    EXPECT_EQ(RefreshStatus::tr("Refreshing, %1 of %n sources", nullptr, 1).arg(0),
               QStringLiteral("Refreshing, 0 of 1 source"));
 
     const std::vector<StoryMention> outlets(4, StoryMention{});
-    EXPECT_TRUE(sourcesText(outlets, newsroom::Instant()).endsWith(QStringLiteral("2 more")));
+    EXPECT_TRUE(sourcesText(outlets, kit::Instant()).endsWith(QStringLiteral("2 more")));
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

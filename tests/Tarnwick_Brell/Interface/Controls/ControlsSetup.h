@@ -8,5 +8,5 @@
 class ControlsSetup : public QObject {
     Q_OBJECT
 public slots:
-    void qmlEngineAvailable(QQmlEngine* engine) { desk::installControls(*engine); }
+    void qmlEngineAvailable(QQmlEngine* engine) { app::installControls(*engine); }
 };

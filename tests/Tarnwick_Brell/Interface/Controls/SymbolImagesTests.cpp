@@ -11,7 +11,7 @@ namespace {
 
 QImage drawn(const QString& id, int extent) {
     QSize size;
-    return desk::SymbolImages().requestImage(id, &size, QSize(extent, extent));
+    return app::SymbolImages().requestImage(id, &size, QSize(extent, extent));
 }
 
 QString named(std::string_view name) {
@@ -20,12 +20,12 @@ QString named(std::string_view name) {
 
 TEST(SymbolImages, HaveADrawingForEverySymbolOfPanelKindsAndNewsrooms) {
     const auto fallback = drawn("square.grid.2x2/000000", 32);
-    for (const auto& row : newsroom::enumTable<newsroom::PanelKind>) {
-        EXPECT_TRUE(desk::SymbolImages::has(named(row.symbol))) << row.symbol;
+    for (const auto& row : kit::enumTable<kit::PanelKind>) {
+        EXPECT_TRUE(app::SymbolImages::has(named(row.symbol))) << row.symbol;
         EXPECT_NE(drawn(named(row.symbol) + "/000000", 32), fallback) << row.symbol;
     }
-    for (const auto symbol : newsroom::NewsroomSymbols::all) {
-        EXPECT_TRUE(desk::SymbolImages::has(named(symbol))) << symbol;
+    for (const auto symbol : kit::NewsroomSymbols::all) {
+        EXPECT_TRUE(app::SymbolImages::has(named(symbol))) << symbol;
     }
 }
 

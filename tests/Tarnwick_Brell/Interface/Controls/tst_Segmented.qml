@@ -4,13 +4,13 @@ import TarnwickBrell.Controls
 
 TestCase {
     id: test
-    name: "Segmented"
+    name: "SegmentedControl"
     when: windowShown
     width: 400
     height: 100
     visible: true
 
-    Segmented {
+    SegmentedControl {
         id: ranges
         small: true
         model: ["1D", "1W", "1M", "1Y"]

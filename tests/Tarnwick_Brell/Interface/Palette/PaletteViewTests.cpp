@@ -12,14 +12,14 @@
 
 #include "Tarnwick_Brell/Interface/Controls/InstallControls.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
-#include "tests/support/app/DeskBench.h"
+#include "tests/support/app/TestDesk.h"
 #include "tests/support/EventLoop.h"
 
 // Written by the build. Naming them keeps the linker from leaving out the modules' types.
 extern void qml_register_types_TarnwickBrell_Models();
 extern void qml_register_types_TarnwickBrell_Palette();
 
-namespace desk {
+namespace app {
 namespace {
 
 constexpr const char* kWindow = R"(
@@ -92,7 +92,7 @@ protected:
     bool is(const char* property) const { return window_->property(property).toBool(); }
 
     static inline std::unique_ptr<QGuiApplication> application_;
-    test::DeskBench bench_{{"a.example"}};
+    test::TestDesk bench_{{"a.example"}};
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     NewsDesk desk_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
     ActionModel actions_;
@@ -179,4 +179,4 @@ TEST_F(PaletteViewTest, IsUsedWithTheKeyboardAndKeepsItsTopEdge) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

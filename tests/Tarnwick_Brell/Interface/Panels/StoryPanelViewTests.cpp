@@ -10,21 +10,21 @@
 #include <QTest>
 
 #include "Tarnwick_Brell/Interface/Controls/InstallControls.h"
-#include "Tarnwick_Brell/Models/Panels/GatheredPanel.h"
-#include "tests/support/models/PanelBench.h"
+#include "Tarnwick_Brell/Models/Panels/QueryPanelModel.h"
+#include "tests/support/models/TestPanels.h"
 #include "tests/support/EventLoop.h"
 
 // Written by the build; naming them keeps the linker from leaving out the modules' types.
 extern void qml_register_types_TarnwickBrell_Models();
 extern void qml_register_types_TarnwickBrell_Panels();
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
 using namespace test;
-using newsroom::PanelKind;
-using newsroom::Sourcing;
+using kit::PanelKind;
+using kit::Sourcing;
 
 constexpr const char* kPage = R"(
 import QtQuick
@@ -34,7 +34,7 @@ import TarnwickBrell.Panels
 
 Rectangle {
     id: page
-    required property list<PanelContent> contents
+    required property list<PanelModel> contents
     required property bool dark
     color: Theme.canvas
     Binding { target: Theme; property: "dark"; value: page.dark }
@@ -128,8 +128,8 @@ protected:
     }
 
     static inline std::unique_ptr<QGuiApplication> application_;
-    PanelBench bench_;
-    std::vector<std::unique_ptr<PanelContent>> contents_;
+    TestPanels bench_;
+    std::vector<std::unique_ptr<PanelModel>> contents_;
     std::unique_ptr<QQuickView> view_;
     QStringList warnings_;
 };
@@ -153,7 +153,7 @@ TEST_F(StoryPanelViewTest, EveryPanelIsDrawnInLightAndDarkWithoutAWarning) {
 TEST_F(StoryPanelViewTest, ArrowsMoveThroughAPanelAndEnterOpensItsStory) {
     ASSERT_NO_FATAL_FAILURE(show(false));
     QStringList opened;
-    QObject::connect(contents_[2].get(), &PanelContent::storyWanted,
+    QObject::connect(contents_[2].get(), &PanelModel::storyWanted,
                      [&](const QString& id) { opened << id; });
     list(2)->forceActiveFocus(Qt::TabFocusReason);
     QTest::keyClick(view_.get(), Qt::Key_Down);
@@ -165,4 +165,4 @@ TEST_F(StoryPanelViewTest, ArrowsMoveThroughAPanelAndEnterOpensItsStory) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

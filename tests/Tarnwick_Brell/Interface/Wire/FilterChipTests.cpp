@@ -12,13 +12,13 @@
 #include <QTest>
 
 #include "Tarnwick_Brell/Interface/Controls/InstallControls.h"
-#include "Tarnwick_Brell/Models/Stories/ChoiceList.h"
+#include "Tarnwick_Brell/Models/Stories/FilterOptions.h"
 
 // Written by the build. Naming them keeps the linker from leaving out the modules' types.
 extern void qml_register_types_TarnwickBrell_Models();
 extern void qml_register_types_TarnwickBrell_Wire();
 
-namespace desk {
+namespace app {
 namespace {
 
 constexpr const char* kWindow = R"(
@@ -28,7 +28,7 @@ import TarnwickBrell.Wire
 
 Window {
     id: window
-    required property ChoiceList choices
+    required property FilterOptions choices
     width: 600; height: 400; visible: true
     FilterChip { choices: window.choices; focus: true }
 }
@@ -47,7 +47,7 @@ TEST(FilterChip, AThousandChoicesAreMadeAsTheyComeIntoSightAndAreChosenByKeysAnd
     }
     int count = 0;
     const QGuiApplication application(count, nullptr);
-    ChoiceList choices("Source");
+    FilterOptions choices("Source");
     QQmlEngine engine;
     QObject::connect(&engine, &QQmlEngine::warnings, [](const auto& warnings) {
         for (const auto& warning : warnings) ADD_FAILURE() << warning.toString().toStdString();
@@ -59,7 +59,7 @@ TEST(FilterChip, AThousandChoicesAreMadeAsTheyComeIntoSightAndAreChosenByKeysAnd
         component.createWithInitialProperties({{"choices", QVariant::fromValue(&choices)}})));
     ASSERT_TRUE(window) << component.errorString().toStdString();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    std::vector<ChoiceList::Choice> thousand;
+    std::vector<FilterOptions::Choice> thousand;
     for (int i = 0; i < 1000; ++i) thousand.push_back({std::to_string(i), QString::number(i)});
     choices.offer(thousand);
 
@@ -86,4 +86,4 @@ TEST(FilterChip, AThousandChoicesAreMadeAsTheyComeIntoSightAndAreChosenByKeysAnd
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -8,7 +8,7 @@
 
 #include "Tarnwick_Brell/Models/Actions/ActionModel.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 struct BoundKey {
@@ -94,9 +94,9 @@ TEST(Actions, OnlyWhatCanBeDoneIsDoneAndNamedByWhatItWouldDo) {
     actions.setProperty("storyIsSaved", true);
     EXPECT_EQ(actions.title(DeskAction::ToggleSaved), "Remove story from saved");
     actions.trigger(DeskAction::ToggleSaved);
-    actions.trigger(DeskAction::UndoMarkAllRead);
+    actions.trigger(DeskAction::Undo);
     EXPECT_EQ(done, (std::vector{DeskAction::Refresh, DeskAction::ToggleSaved}));
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
-#include "tests/support/app/DeskBench.h"
+#include "tests/support/app/TestDesk.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 /// "Save [sto]ry"
@@ -54,7 +54,7 @@ protected:
     static void SetUpTestSuite() { ::test::beApplication(); }
 
     void SetUp() override {
-        bench_.serve("a.example", {test::DeskBench::feed("a.example", 1, 9)});
+        bench_.serve("a.example", {test::TestDesk::feed("a.example", 1, 9)});
         desk_.start();
         ASSERT_TRUE(::test::until([&] { return desk_.stories().size() == 9; }));
         palette_.open();
@@ -68,7 +68,7 @@ protected:
         return lines;
     }
 
-    test::DeskBench bench_{{"a.example"}};
+    test::TestDesk bench_{{"a.example"}};
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     NewsDesk desk_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
     ActionModel actions_;
@@ -155,4 +155,4 @@ TEST_F(PaletteModelTest, TheSelectedRowSaysWhatIsWanted) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

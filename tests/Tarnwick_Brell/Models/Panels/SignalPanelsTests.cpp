@@ -5,22 +5,22 @@
 #include <QLocale>
 
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomModel.h"
-#include "Tarnwick_Brell/Models/Panels/BackendPanel.h"
-#include "Tarnwick_Brell/Models/Panels/ChartPanel.h"
+#include "Tarnwick_Brell/Models/Panels/BackendPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ChartPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
-#include "Tarnwick_Brell/Models/Panels/RecordsPanel.h"
-#include "Tarnwick_Brell/Models/Panels/SignedPanel.h"
-#include "Tarnwick_Brell/Models/Sidebar/TrackerPlaces.h"
-#include "tests/support/app/DeskBench.h"
+#include "Tarnwick_Brell/Models/Panels/RecordsPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/SignedPanelModel.h"
+#include "Tarnwick_Brell/Models/Sidebar/TrackerPages.h"
+#include "tests/support/app/TestDesk.h"
 #include "tests/Tarnwick_Brell/Signals/SignalBodies.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
 using namespace test;
-using newsroom::PanelKind;
+using kit::PanelKind;
 using pressroom::Response;
 using ::test::until;
 
@@ -71,7 +71,7 @@ protected:
 
     template <class Panel>
     std::unique_ptr<Panel> panel(PanelKind kind) {
-        newsroom::PanelSpec spec;
+        kit::PanelSpec spec;
         spec.kind = kind;
         auto content = makeTrackerPanel(stores_, spec);
         return std::unique_ptr<Panel>(&dynamic_cast<Panel&>(*content.release()));
@@ -87,7 +87,7 @@ protected:
         return text;
     }
 
-    DeskBench bench_{{}};
+    TestDesk bench_{{}};
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     NewsDesk news_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
     TrackerStore trackers_{news_.worker(), defaults_, bench_.clock()};
@@ -96,10 +96,10 @@ protected:
 };
 
 TEST_F(SignalPanelsTest, RecordsTellOfABuildOnceForAllItsModelsTheLastSeenFirst) {
-    auto records = panel<RecordsPanel>(PanelKind::records);
-    EXPECT_EQ(records->state(), PanelContent::Loading);
+    auto records = panel<RecordsPanelModel>(PanelKind::records);
+    EXPECT_EQ(records->state(), PanelModel::Loading);
     refresh();
-    EXPECT_EQ(records->state(), PanelContent::Empty) << "the first look has no changes";
+    EXPECT_EQ(records->state(), PanelModel::Empty) << "the first look has no changes";
     EXPECT_EQ(records->fact(), "04:00");
 
     for (const auto* device : {"iPhone18,3", "iPhone18,4"})
@@ -110,18 +110,18 @@ TEST_F(SignalPanelsTest, RecordsTellOfABuildOnceForAllItsModelsTheLastSeenFirst)
     signing("iPhone18,4", {.body = signingBody("28+ 27+ 26 25", "Slate 4")});
     bench_.pass(5h);
     refresh();
-    EXPECT_EQ(records->state(), PanelContent::Ready);
+    EXPECT_EQ(records->state(), PanelModel::Ready);
     EXPECT_EQ(text(*records),
               "iOS 28 (B28)|Now signed for Slate 4|now\n"
               "iOS 26 (B26)|No longer signed for iPhone18,3 and iPhone18,4|5 h\n");
-    EXPECT_EQ(text(*panel<RecordsPanel>(PanelKind::records)), text(*records));
+    EXPECT_EQ(text(*panel<RecordsPanelModel>(PanelKind::records)), text(*records));
 
     signing("iPhone18,3", {.status = 404});
     refresh();
-    EXPECT_EQ(records->state(), PanelContent::Ready) << "another model was asked";
+    EXPECT_EQ(records->state(), PanelModel::Ready) << "another model was asked";
     signing("iPhone18,4", {.status = 404});
     refresh();
-    EXPECT_EQ(records->state(), PanelContent::Stale);
+    EXPECT_EQ(records->state(), PanelModel::Stale);
     EXPECT_FALSE(records->hint().isEmpty());
     records->retry();
     EXPECT_TRUE(signals_.isRefreshing(SignalRound::signing));
@@ -129,9 +129,9 @@ TEST_F(SignalPanelsTest, RecordsTellOfABuildOnceForAllItsModelsTheLastSeenFirst)
 
 TEST_F(SignalPanelsTest, WhatIsSignedNowStandsModelByModel) {
     signing("iPhone18,4", {.status = 404});
-    SignedPanel panel(stores_);
+    SignedPanelModel panel(stores_);
     refresh();
-    EXPECT_EQ(panel.state(), PanelContent::Ready);
+    EXPECT_EQ(panel.state(), PanelModel::Ready);
     auto rows = panel.rows()->rows();
     ASSERT_EQ(rows.size(), 3u);
     EXPECT_EQ(rows[0].heading, "Slate 3");
@@ -153,13 +153,13 @@ TEST_F(SignalPanelsTest, WhatIsSignedNowStandsModelByModel) {
 }
 
 TEST_F(SignalPanelsTest, TheCatalogueShowsItsChangesAndTheNewestOfferOfEachPlatform) {
-    auto backend = panel<BackendPanel>(PanelKind::backend);
+    auto backend = panel<BackendPanelModel>(PanelKind::backend);
     updates({.status = 404});
     refresh();
-    EXPECT_EQ(backend->state(), PanelContent::Failed);
+    EXPECT_EQ(backend->state(), PanelModel::Failed);
     updates({.body = updatesBody("26.9")});
     refresh();
-    EXPECT_EQ(backend->state(), PanelContent::Ready);
+    EXPECT_EQ(backend->state(), PanelModel::Ready);
     updates({.body = R"({"PublicAssetSets":{
         "iOS":[{"ProductVersion":"26.9","Build":"B26.9","PostingDate":"2026-11-02",
                 "SupportedDevices":["iPhone17,1"]},
@@ -181,7 +181,7 @@ TEST_F(SignalPanelsTest, TheCatalogueShowsItsChangesAndTheNewestOfferOfEachPlatf
 
 TEST_F(SignalPanelsTest, ThePageOfTheChartsShowsHowAppsMovedSinceTheDayBefore) {
     const auto& places = trackerPlaces();
-    const auto place = std::ranges::find(places, "charts", &TrackerPlace::id);
+    const auto place = std::ranges::find(places, "charts", &TrackerPage::id);
     ASSERT_NE(place, places.end());
     NewsroomModel model(stores_);
     model.show(pageOf(*place));
@@ -189,7 +189,8 @@ TEST_F(SignalPanelsTest, ThePageOfTheChartsShowsHowAppsMovedSinceTheDayBefore) {
     const auto at = [&](int row, NewsroomModel::Role role) {
         return model.data(model.index(row), role);
     };
-    auto* chart = dynamic_cast<ChartPanel*>(at(0, NewsroomModel::Content).value<PanelContent*>());
+    auto* chart =
+        dynamic_cast<ChartPanelModel*>(at(0, NewsroomModel::Content).value<PanelModel*>());
     ASSERT_NE(chart, nullptr);
     EXPECT_EQ(model.title(), "App Store charts");
     EXPECT_EQ(at(1, NewsroomModel::PanelTitle), "Top paid");
@@ -198,7 +199,7 @@ TEST_F(SignalPanelsTest, ThePageOfTheChartsShowsHowAppsMovedSinceTheDayBefore) {
     EXPECT_EQ(model.rowsUsed(), 6);
 
     refresh();
-    EXPECT_EQ(chart->state(), PanelContent::Ready);
+    EXPECT_EQ(chart->state(), PanelModel::Ready);
     EXPECT_EQ(chart->rows()->row(0)->spokenText, "1, n, a") << "there is no day before";
     bench_.pass(24h);
     this->chart("top-free", {.body = R"({"feed":{"results":[
@@ -223,7 +224,7 @@ TEST_F(SignalPanelsTest, ThePageOfTheChartsShowsHowAppsMovedSinceTheDayBefore) {
                      [&](const QString& link) { opened = link; });
     chart->openLink(chart->rows()->row(0)->link);
     EXPECT_EQ(opened, "https://apps.example/c");
-    model.show(newsroom::NewsroomSpec{.panels = {{.kind = PanelKind::records}}});
+    model.show(kit::NewsroomSpec{.panels = {{.kind = PanelKind::records}}});
     EXPECT_EQ(model.rowCount(), 1);
     EXPECT_EQ(at(0, NewsroomModel::Symbol), "doc.text");
 }
@@ -238,14 +239,14 @@ TEST_F(SignalPanelsTest, EveryTrackersPageFillsTheGridWithContentsOfTheirKinds) 
             const auto at = [&](NewsroomModel::Role role) {
                 return model.data(model.index(row), role);
             };
-            EXPECT_EQ(at(NewsroomModel::Content).value<PanelContent*>()->kind(),
+            EXPECT_EQ(at(NewsroomModel::Content).value<PanelModel*>()->kind(),
                       place.panels[static_cast<std::size_t>(row)]);
             EXPECT_EQ(at(NewsroomModel::Column), column) << place.id;
             column += at(NewsroomModel::Width).toInt();
         }
-        EXPECT_EQ(column, newsroom::kGridColumns) << place.id;
+        EXPECT_EQ(column, kit::kGridColumns) << place.id;
     }
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

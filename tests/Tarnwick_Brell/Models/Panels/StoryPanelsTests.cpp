@@ -4,17 +4,17 @@
 #include <thread>
 #include <tuple>
 
-#include "Tarnwick_Brell/Models/Panels/GatheredPanel.h"
-#include "tests/support/models/PanelBench.h"
+#include "Tarnwick_Brell/Models/Panels/QueryPanelModel.h"
+#include "tests/support/models/TestPanels.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
 using namespace test;
-using newsroom::PanelKind;
-using newsroom::Sourcing;
+using kit::PanelKind;
+using kit::Sourcing;
 using ::test::until;
 
 constexpr const char* kHeadset = "Quillmark headset appears in blue factory photos";
@@ -35,7 +35,7 @@ protected:
         EXPECT_EQ(texts.join('|').toStdString(), expected.join('|').toStdString());
     }
 
-    PanelBench bench_;
+    TestPanels bench_;
 };
 
 TEST_F(StoryPanelsTest, ABriefTellsNewsAndTrackerChangesSinceTheLastLookAndOpensThem) {
@@ -62,7 +62,7 @@ TEST_F(StoryPanelsTest, ABriefTellsNewsAndTrackerChangesSinceTheLastLookAndOpens
     }));
 
     const auto brief = bench_.panel(PanelKind::brief);
-    EXPECT_EQ(brief->state(), PanelContent::Ready);
+    EXPECT_EQ(brief->state(), PanelModel::Ready);
     EXPECT_EQ(brief->fact(), "Since 09:12");
     expectTexts(column(*brief, "sentence"),
                 {kHeadset, "Tune Box is having a problem since 11:05.", "A calm week for keyboards",
@@ -72,9 +72,9 @@ TEST_F(StoryPanelsTest, ABriefTellsNewsAndTrackerChangesSinceTheLastLookAndOpens
                  "Lantern 11:00", "Apple Developer Releases 11:02"});
 
     QStringList opened;
-    QObject::connect(brief.get(), &PanelContent::storyWanted, [&](auto id) { opened << id; });
-    QObject::connect(brief.get(), &PanelContent::linkWanted, [&](auto link) { opened << link; });
-    auto& rows = dynamic_cast<GatheredPanel&>(*brief);
+    QObject::connect(brief.get(), &PanelModel::storyWanted, [&](auto id) { opened << id; });
+    QObject::connect(brief.get(), &PanelModel::linkWanted, [&](auto link) { opened << link; });
+    auto& rows = dynamic_cast<QueryPanelModel&>(*brief);
     for (const int row : {0, 3, 99}) rows.open(row);
     ASSERT_EQ(opened.size(), 2);
     EXPECT_NE(bench_.news->stories().find(opened[0].toStdString()), nullptr);
@@ -114,7 +114,7 @@ TEST_F(StoryPanelsTest, APanelWithoutContentSaysWhetherNothingMatchesOrNothingCa
         {PanelKind::brief, "nonesuch", "Nothing new in the last 24 hours."}};
     for (const auto& [kind, term, message] : cases) {
         const auto panel = bench_.panel(kind, {.anyTerms = {term}});
-        EXPECT_EQ(panel->state(), PanelContent::Empty) << message.toStdString();
+        EXPECT_EQ(panel->state(), PanelModel::Empty) << message.toStdString();
         EXPECT_EQ(panel->message().toStdString(), message.toStdString());
     }
 }
@@ -141,13 +141,13 @@ TEST_F(StoryPanelsTest, GatheringGivesWayToTheEventLoopAndStopsWhereTheWireIsToo
     }
     bench_.open();
     for (const auto& [most, found] : {std::pair{1000u, 100u}, std::pair{64u, 64u}}) {
-        NewsGatherer gatherer(*bench_.news, bench_.desk.clock(),
-                              {.debounce = 0ms, .slice = 0ms, .mostStories = most});
+        PanelStoryCollector gatherer(*bench_.news, bench_.desk.clock(),
+                                     {.debounce = 0ms, .slice = 0ms, .mostStories = most});
         std::optional<std::size_t> stories;
-        newsroom::Instant from;
+        kit::Instant from;
         gatherer.add({.earliest = [&] { return bench_.at("00:00"); },
                       .make =
-                          [&](const GatheredNews& gathered) {
+                          [&](const QueryResult& gathered) {
                               return
                                   [&, count = gathered.news.stories.size(), start = gathered.from] {
                                       stories = count;
@@ -169,13 +169,13 @@ TEST_F(StoryPanelsTest, GatheringGivesWayToTheEventLoopAndStopsWhereTheWireIsToo
 TEST_F(StoryPanelsTest, APanelThatGoesWhileItsContentIsMadeIsLeftAlone) {
     tellStories();
     bench_.open();
-    auto gatherer = std::make_shared<NewsGatherer>(*bench_.news, bench_.desk.clock(),
-                                                   NewsGatherer::Pace{.debounce = 0ms});
+    auto gatherer = std::make_shared<PanelStoryCollector>(
+        *bench_.news, bench_.desk.clock(), PanelStoryCollector::Pace{.debounce = 0ms});
     std::atomic<bool> isMade = false, mayGoOn = false;
     bool isTaken = false;
     const auto ticket = gatherer->add({.earliest = [&] { return bench_.at("00:00"); },
                                        .make =
-                                           [&](const GatheredNews&) {
+                                           [&](const QueryResult&) {
                                                isMade = true;
                                                while (!mayGoOn) std::this_thread::yield();
                                                return [&] { isTaken = true; };
@@ -189,4 +189,4 @@ TEST_F(StoryPanelsTest, APanelThatGoesWhileItsContentIsMadeIsLeftAlone) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -2,19 +2,19 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "Tarnwick_Brell/Models/Sidebar/SidebarModel.h"
-#include "tests/support/models/StoryBench.h"
+#include "tests/support/models/TestStories.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace test;
-using newsroom::StoryKind;
-using Kind = Place::Kind;
+using kit::StoryKind;
+using Kind = Destination::Kind;
 using ::test::until;
 
-TEST(Place, IsKnownByItsKeyAgain) {
-    const std::vector<std::pair<Place, QString>> cases{
+TEST(Destination, IsKnownByItsKeyAgain) {
+    const std::vector<std::pair<Destination, QString>> cases{
         {{Kind::newsroom, "8B3D"}, "newsroom:8B3D"},
         {{Kind::all, {}}, "wire:all"},
         {{Kind::unread, {}}, "wire:unread"},
@@ -25,22 +25,22 @@ TEST(Place, IsKnownByItsKeyAgain) {
         {{Kind::tracker, "status"}, "tracker:status"}};
     for (const auto& [place, key] : cases) {
         EXPECT_EQ(place.key(), key);
-        EXPECT_EQ(Place::fromKey(key), place) << key.toStdString();
+        EXPECT_EQ(Destination::fromKey(key), place) << key.toStdString();
     }
     for (const auto* key : {"", "wire", "wire:", "wire:none", ":all", "beat:", "shop:1"}) {
-        EXPECT_EQ(Place::fromKey(key), std::nullopt) << key;
+        EXPECT_EQ(Destination::fromKey(key), std::nullopt) << key;
     }
 }
 
 /// A sidebar with a source, "tide", of which three stories and a deal are there.
 class SidebarModelTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { StoryBench::beGuiApplication(); }
+    static void SetUpTestSuite() { TestStories::beGuiApplication(); }
 
     SidebarModelTest() {
         LocalStore store(bench_.desk.library(), Database::Access::readWrite);
         auto transaction = store.transaction();
-        store.sources().add(DeskBench::source("tide"));
+        store.sources().add(TestDesk::source("tide"));
         transaction.commit();
     }
 
@@ -52,7 +52,8 @@ protected:
         deal.kind = StoryKind::deal;
         bench_.tell(deal);
         bench_.open();
-        sidebar_ = std::make_unique<SidebarModel>(*bench_.news, *bench_.newsrooms, *bench_.trackers);
+        sidebar_ =
+            std::make_unique<SidebarModel>(*bench_.news, *bench_.newsrooms, *bench_.trackers);
     }
 
     QString cell(const QString& key, const char* role) {
@@ -73,7 +74,7 @@ protected:
         return until([&] { return counts() == expected; });
     }
 
-    StoryBench bench_;
+    TestStories bench_;
     std::unique_ptr<SidebarModel> sidebar_;
 };
 
@@ -89,7 +90,7 @@ TEST_F(SidebarModelTest, CountsFollowArrivalsAndMarks) {
     EXPECT_TRUE(until([&] { return cell("source:tide", "hint") != ""; })) << "why it fails";
     EXPECT_EQ(cell("source:tide", "spokenText"), "tide, failing, 3 unread");
 
-    bench_.newsrooms->put(newsroom::madeBeat("Three", "bolt", {.anyTerms = {"Story 3"}}, false));
+    bench_.newsrooms->put(kit::madeBeat("Three", "bolt", {.anyTerms = {"Story 3"}}, false));
     const auto beat = "beat:" + QString::fromStdString(bench_.newsrooms->beats().entries()[0].id);
     EXPECT_TRUE(until([&] { return cell(beat, "count") == "1"; }));
     bench_.come({bench_.story("post", 520, "Again Story 3")});
@@ -103,8 +104,8 @@ TEST_F(SidebarModelTest, StoriesThatShareALinkAndAWrongClockAreTold) {
     for (const char* title : {"One", "Two", "Three", "Four"}) {
         feed += "<item><title>" + std::string(title) + "</title><link>https://tide/</link></item>";
     }
-    bench_.desk.serve("tide", {DeskBench::dated({.body = feed + "</channel></rss>"},
-                                                bench_.desk.now() - std::chrono::hours(48))});
+    bench_.desk.serve("tide", {TestDesk::dated({.body = feed + "</channel></rss>"},
+                                               bench_.desk.now() - std::chrono::hours(48))});
     bench_.news->refreshSource("tide");
     EXPECT_TRUE(until([&] {
         return cell("source:tide", "hint") == "1 story, 3 more share its link";
@@ -133,17 +134,17 @@ TEST_F(SidebarModelTest, GroupsCloseAndPlacesAreStillThereForOthers) {
 
 TEST_F(SidebarModelTest, ItemsAreCountedAndHaveNeighboursWithoutTheLabelsBetween) {
     EXPECT_EQ(sidebar_->item(1)->kind, Kind::newsroom);
-    EXPECT_EQ(sidebar_->item(2), (Place{Kind::all, {}}));
+    EXPECT_EQ(sidebar_->item(2), (Destination{Kind::all, {}}));
     EXPECT_EQ(sidebar_->item(99), std::nullopt);
     sidebar_->setCurrent("wire:all");
     EXPECT_EQ(cell("wire:all", "isCurrent"), "true");
-    EXPECT_EQ(sidebar_->neighbour(1), (Place{Kind::unread, {}}));
+    EXPECT_EQ(sidebar_->neighbour(1), (Destination{Kind::unread, {}}));
     EXPECT_EQ(sidebar_->neighbour(-1)->kind, Kind::newsroom);
     sidebar_->setCurrent("wire:top");
-    EXPECT_EQ(sidebar_->neighbour(1), (Place{Kind::source, "tide"}));
+    EXPECT_EQ(sidebar_->neighbour(1), (Destination{Kind::source, "tide"}));
     sidebar_->setCurrent(sidebar_->item(1)->key());
     EXPECT_EQ(sidebar_->neighbour(-1), std::nullopt);
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -1,32 +1,32 @@
 #include <gtest/gtest.h>
 
 #include "Tarnwick_Brell/Models/Stories/ReaderModel.h"
-#include "tests/support/models/StoryBench.h"
+#include "tests/support/models/TestStories.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace test;
-using newsroom::Sourcing;
-using newsroom::StoryKind;
+using kit::Sourcing;
+using kit::StoryKind;
 using ::test::until;
 
 constexpr const char* kHeadset = "Quillmark headset appears in blue factory photos";
 
 class ReaderModelTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { StoryBench::beGuiApplication(); }
+    static void SetUpTestSuite() { TestStories::beGuiApplication(); }
 
     void open() {
         bench_.open();
         reader_ = std::make_unique<ReaderModel>(*bench_.news, bench_.defaults, bench_.desk.clock());
     }
-    void show(const newsroom::Story& story) {
+    void show(const kit::Story& story) {
         reader_->show(bench_.news->stories().find(story.id)->number());
     }
 
-    StoryBench bench_;
+    TestStories bench_;
     std::unique_ptr<ReaderModel> reader_;
 };
 
@@ -114,4 +114,4 @@ TEST_F(ReaderModelTest, TextFromOutsideIsShortAndCannotTurnWhatStandsAround) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -7,15 +7,15 @@
 #include <QAbstractItemModelTester>
 
 #include "Tarnwick_Brell/Models/Stories/StoryListModel.h"
-#include "tests/support/models/StoryBench.h"
+#include "tests/support/models/TestStories.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace test;
-using newsroom::Sourcing;
-using newsroom::StoryKind;
+using kit::Sourcing;
+using kit::StoryKind;
 using Marks = StoryFilter::Marks;
 using Numbers = std::vector<std::int64_t>;
 
@@ -66,7 +66,7 @@ class RandomDesk {
 public:
     using Wants = std::function<bool(const PackedStory&)>;
 
-    RandomDesk(StoryBench& bench, Wants wants, unsigned seed)
+    RandomDesk(TestStories& bench, Wants wants, unsigned seed)
         : bench_(bench), wants_(std::move(wants)), random_(seed) {}
 
     std::set<std::int64_t> shown, held;
@@ -167,7 +167,7 @@ private:
         }
     }
 
-    StoryBench& bench_;
+    TestStories& bench_;
     Wants wants_;
     std::mt19937 random_;
     bool holds_ = false;
@@ -175,7 +175,7 @@ private:
 
 class StoryListModelTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { StoryBench::beGuiApplication(); }
+    static void SetUpTestSuite() { TestStories::beGuiApplication(); }
 
     void SetUp() override {
         bench_.open();
@@ -187,7 +187,7 @@ protected:
     }
     /// Stories 1 to `count`.
     void comeMany(int count) {
-        std::vector<newsroom::Story> stories;
+        std::vector<kit::Story> stories;
         for (int i = 1; i <= count; ++i) {
             stories.push_back(bench_.story("tide", i, "Story " + std::to_string(i)));
         }
@@ -201,7 +201,7 @@ protected:
         return numbers;
     }
 
-    StoryBench bench_;
+    TestStories bench_;
     std::unique_ptr<StoryListModel> list_;
 };
 
@@ -313,4 +313,4 @@ TEST_F(StoryListModelTest, FiltersNarrowByEveryChoice) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

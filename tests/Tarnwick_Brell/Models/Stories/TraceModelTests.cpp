@@ -2,10 +2,10 @@
 
 #include "NewsroomKit/Archive/ArchiveAddresses.h"
 #include "Tarnwick_Brell/Models/Stories/WirePage.h"
-#include "tests/support/models/StoryBench.h"
+#include "tests/support/models/TestStories.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace test;
@@ -16,17 +16,17 @@ constexpr const char* kHost = "desk.example";
 class Trace : public testing::Test {
 protected:
     Trace() {
-        StoryBench::beGuiApplication();
+        TestStories::beGuiApplication();
         bench_.open();
         bench_.come({bench_.story("lantern", 600, "Orchard opens"),
                      bench_.story("tide", 540, "An orchard is planned")});
         page_ = std::make_unique<WirePage>(*bench_.news, *bench_.newsrooms, bench_.defaults,
                                            bench_.desk.clock());
-        page_->open(Place{Place::Kind::all, {}});
+        page_->open(Destination{Destination::Kind::all, {}});
     }
 
     static std::string target(const std::string& story) {
-        return newsroom::ArchiveAddresses{"/wp-json/tb-archive/v1/"}.trace(story);
+        return kit::ArchiveAddresses{"/wp-json/tb-archive/v1/"}.trace(story);
     }
     void serve(const std::string& story, std::vector<pressroom::Response> answers) {
         bench_.desk.http.script.on(kHost, target(story), std::move(answers));
@@ -47,7 +47,7 @@ protected:
 
     const std::string lantern_ = "https://lantern.example/600";
     const std::string tide_ = "https://tide.example/540";
-    StoryBench bench_;
+    TestStories bench_;
     std::unique_ptr<WirePage> page_;
 };
 
@@ -157,4 +157,4 @@ TEST_F(Trace, AnotherStoryCancelsTheSearchAndItsAnswerIsNeverShown) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -8,20 +8,20 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "Tarnwick_Brell/Models/Stories/WirePage.h"
-#include "tests/support/models/StoryBench.h"
+#include "tests/support/models/TestStories.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace test;
-using Kind = Place::Kind;
+using Kind = Destination::Kind;
 using ::test::until;
 
 /// A page over six stories, "Orchard 6" the newest; a harbour's among them.
 class WirePageTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { StoryBench::beGuiApplication(); }
+    static void SetUpTestSuite() { TestStories::beGuiApplication(); }
 
     void SetUp() override {
         for (int i = 1; i <= 6; ++i) {
@@ -30,7 +30,7 @@ protected:
         }
         bench_.open();
         page_ = std::make_unique<WirePage>(*bench_.news, *bench_.newsrooms, bench_.defaults,
-                                          bench_.desk.clock());
+                                           bench_.desk.clock());
         QObject::connect(page_.get(), &WirePage::linkWanted,
                          [this](const QString& link) { opened_ << link; });
         QObject::connect(page_.get(), &WirePage::noticed,
@@ -38,7 +38,7 @@ protected:
         open({Kind::all, {}});
     }
 
-    void open(const Place& place) {
+    void open(const Destination& place) {
         page_->open(place);
         ASSERT_TRUE(until([&] { return page_->list()->isComplete(); }));
     }
@@ -52,7 +52,7 @@ protected:
     int unread() { return static_cast<int>(bench_.news->stories().unreadCount()); }
 
     const std::string all_ = "Orchard 6|Orchard 5|Orchard 4|Harbour 3|Orchard 2|Orchard 1";
-    StoryBench bench_;
+    TestStories bench_;
     std::unique_ptr<WirePage> page_;
     QStringList opened_, noticed_;
 };
@@ -183,10 +183,10 @@ TEST_F(WirePageTest, APasswordInALinkGoesToTheBrowserAlone) {
 }
 
 TEST_F(WirePageTest, AnEmptyListSaysWhy) {
-    bench_.newsrooms->put(newsroom::madeBeat("Glass", "bolt", {.anyTerms = {"glass"}}, false));
+    bench_.newsrooms->put(kit::madeBeat("Glass", "bolt", {.anyTerms = {"glass"}}, false));
     const auto beat = QString::fromStdString(bench_.newsrooms->beats().entries()[0].id);
     page_->markAllRead();
-    const std::vector<std::pair<Place, QString>> cases{
+    const std::vector<std::pair<Destination, QString>> cases{
         {{Kind::unread, {}}, "Everything is read."},
         {{Kind::saved, {}}, "Nothing is saved yet."},
         {{Kind::beat, beat}, "No story matches this beat."},
@@ -202,4 +202,4 @@ TEST_F(WirePageTest, AnEmptyListSaysWhy) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

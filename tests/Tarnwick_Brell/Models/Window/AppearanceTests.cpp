@@ -8,10 +8,10 @@
 #include <QPalette>
 
 #include "Tarnwick_Brell/Models/Window/Appearance.h"
-#include "tests/support/app/NotificationBench.h"
+#include "tests/support/app/TestNotifications.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 /// The part of the desktop's portal that tells settings.
@@ -19,9 +19,9 @@ class FakePortal : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 public:
-    FakePortal(QDBusConnection bus, DesktopLook::Settings settings)
+    FakePortal(QDBusConnection bus, PortalSettings::Settings settings)
         : settings_(std::move(settings)) {
-        qDBusRegisterMetaType<DesktopLook::Settings>();
+        qDBusRegisterMetaType<PortalSettings::Settings>();
         bus.registerObject("/org/freedesktop/portal/desktop", this,
                            QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
         bus.registerService("org.freedesktop.portal.Desktop");
@@ -34,7 +34,7 @@ signals:
     void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
-    DesktopLook::Settings settings_;
+    PortalSettings::Settings settings_;
 };
 
 class AppearanceTest : public ::testing::Test {
@@ -52,8 +52,8 @@ protected:
 TEST_F(AppearanceTest, FollowsThePortalUntilTheUserDecides) {
     test::PrivateBus bus;
     FakePortal portal(bus.connection(),
-                      {{DesktopLook::kAppearanceGroup, {{"color-scheme", 1u}, {"contrast", 1u}}},
-                       {DesktopLook::kInterfaceGroup, {{"enable-animations", false}}}});
+                      {{PortalSettings::kAppearanceGroup, {{"color-scheme", 1u}, {"contrast", 1u}}},
+                       {PortalSettings::kInterfaceGroup, {{"enable-animations", false}}}});
     Appearance appearance(defaults_, bus.connection());
     EXPECT_FALSE(appearance.isDark()) << "nobody waits for the portal";
     ASSERT_TRUE(::test::until([&] { return appearance.isDark(); }));
@@ -63,11 +63,12 @@ TEST_F(AppearanceTest, FollowsThePortalUntilTheUserDecides) {
     QObject::connect(&appearance, &Appearance::changed, [&] { ++changes; });
     // Again and again: the bus takes the wish to hear of changes when it comes to it.
     ASSERT_TRUE(::test::until([&] {
-        emit portal.SettingChanged(DesktopLook::kAppearanceGroup, "color-scheme", QDBusVariant(2u));
+        emit portal.SettingChanged(PortalSettings::kAppearanceGroup, "color-scheme",
+                                   QDBusVariant(2u));
         return !appearance.isDark();
     }));
     ASSERT_TRUE(::test::until([&] {
-        emit portal.SettingChanged(DesktopLook::kInterfaceGroup, "enable-animations",
+        emit portal.SettingChanged(PortalSettings::kInterfaceGroup, "enable-animations",
                                    QDBusVariant(true));
         return !appearance.reducedMotion();
     }));
@@ -107,18 +108,18 @@ TEST_F(AppearanceTest, TextGrowsWithTheDesktopsFont) {
     for (const auto& [pixels, scale] : cases) EXPECT_NEAR(fontScaleFor(pixels), scale, 1e-9);
 }
 
-TEST(DesktopLook, NonsenseFromThePortalChangesNothing) {
-    DesktopLook look;
-    look.take({{DesktopLook::kAppearanceGroup, {{"color-scheme", "dark"}}},
-               {DesktopLook::kInterfaceGroup, {{"enable-animations", "no"}}},
+TEST(PortalSettings, NonsenseFromThePortalChangesNothing) {
+    PortalSettings look;
+    look.take({{PortalSettings::kAppearanceGroup, {{"color-scheme", "dark"}}},
+               {PortalSettings::kInterfaceGroup, {{"enable-animations", "no"}}},
                {"org.example", {{"color-scheme", 1u}}}});
-    EXPECT_EQ(look, DesktopLook());
-    look.take(DesktopLook::kAppearanceGroup, "color-scheme", 1u);
-    look.take(DesktopLook::kAppearanceGroup, "color-scheme", 7u);
+    EXPECT_EQ(look, PortalSettings());
+    look.take(PortalSettings::kAppearanceGroup, "color-scheme", 1u);
+    look.take(PortalSettings::kAppearanceGroup, "color-scheme", 7u);
     EXPECT_EQ(look.prefersDark, std::nullopt) << "an opinion that is unknown is none";
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app
 
 #include "AppearanceTests.moc"

@@ -5,11 +5,11 @@
 #include "Tarnwick_Brell/Models/Window/ReaderPresence.h"
 #include "tests/support/EventLoop.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 using namespace std::chrono_literals;
-using newsroom::Instant;
+using kit::Instant;
 
 class ReaderPresenceTest : public ::testing::Test {
 protected:
@@ -67,4 +67,4 @@ TEST_F(ReaderPresenceTest, TimeThatTheComputerSleptCounts) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

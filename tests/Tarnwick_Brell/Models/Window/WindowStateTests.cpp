@@ -4,12 +4,12 @@
 
 #include <QGuiApplication>
 
-#include "Tarnwick_Brell/Models/Window/WindowPlace.h"
+#include "Tarnwick_Brell/Models/Window/WindowGeometry.h"
 #include "Tarnwick_Brell/Models/Window/WindowState.h"
 #include "tests/support/EventLoop.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace desk {
+namespace app {
 namespace {
 
 class WindowStateTest : public ::testing::Test {
@@ -89,7 +89,7 @@ TEST_F(WindowStateTest, AFileThatCantBeWrittenIsToldOnce) {
     EXPECT_EQ(state.sidebarWidth(), 310);
 }
 
-TEST(WindowPlace, AWindowStandsOnAScreenThatExists) {
+TEST(WindowGeometry, AWindowStandsOnAScreenThatExists) {
     const QRect laptop(0, 30, 1600, 970), monitor(1600, 0, 2560, 1440);
     struct Case {
         QRect wanted;
@@ -115,4 +115,4 @@ TEST(WindowPlace, AWindowStandsOnAScreenThatExists) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace app

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "NewsroomKit/Clusters/ClusterEntry.h"
+
+namespace kit {
+
+/// How alike the headlines of a set of stories are, by the words they share.
+///
+/// A word weighs by how rare it is, as if kFormerStories had been seen before these N, its
+/// usual share of them holding it:
+///
+///     weight = ln((N + kFormerStories) / (stories with the word + kFormerStories · usual share))
+///
+/// but never less than nothing. The likeness of two headlines is the cosine of the angle
+/// between them: the sum of the squared weights of the words they share, divided by the
+/// product of both headlines' lengths.
+class HeadlineSimilarity {
+public:
+    static constexpr double kFormerStories = 1000;
+
+    /// `entries` must outlive this.
+    explicit HeadlineSimilarity(std::span<const ClusterEntry* const> entries);
+
+    /// From 0 to 1; headlines that share too little to be sure count as 0.
+    double between(std::size_t left, std::size_t right) const;
+
+    /// Two entries, the earlier first, that are alike.
+    struct Pair {
+        std::size_t left;
+        std::size_t right;
+        double likeness;
+    };
+    /// All pairs at least `least` alike and at most `window` apart. The entries must be in
+    /// order of time. Words that more than kTooCommon stories hold lead to no pair by themselves.
+    std::vector<Pair> pairs(double least, Instant::duration window) const;
+    static constexpr std::size_t kTooCommon = 200;
+
+private:
+    /// A word of the whole set, in the order of their weights, heaviest first.
+    struct Word {
+        float weight = 0;
+        std::uint32_t stories = 0;
+        bool telling = false;  ///< no everyday word
+    };
+    struct Headline {
+        std::vector<std::uint32_t> words;  ///< places in words_, ascending: the heaviest first
+        double length = 0;
+    };
+    /// What pairs() looks up of a headline, and what its other words could add.
+    struct Probe {
+        std::span<const std::uint32_t> words;
+        double rest = 0;
+    };
+
+    double squared(std::uint32_t word) const {
+        return static_cast<double>(words_[word].weight) * words_[word].weight;
+    }
+    void countWords();
+    Probe probeOf(const Headline& headline, double least) const;
+
+    std::span<const ClusterEntry* const> entries_;
+    std::vector<Word> words_;
+    std::vector<Headline> headlines_;
+};
+
+}  // namespace kit

@@ -1,0 +1,20 @@
+#include "NewsroomKit/HTTP/BodyFetch.h"
+
+#include <utility>
+#include <variant>
+
+namespace kit {
+
+boost::asio::awaitable<FetchedBody> fetchBody(HTTPClient& http, std::string address,
+                                              std::size_t byteLimit) {
+    auto exchange = co_await http.exchange(std::move(address), Conditional::no, byteLimit);
+    if (!exchange.result) co_return FetchedBody{exchange.result.error(), exchange.record};
+    if (auto* fresh = std::get_if<HTTPClient::Fresh>(&exchange.result.value())) {
+        co_return FetchedBody{std::move(fresh->body), exchange.record};
+    }
+    // "Not modified" is no answer to one who named nothing that could have been modified.
+    co_return FetchedBody{FetchError(HTTPClientError{.kind = HTTPClientError::Kind::empty}),
+                          exchange.record};
+}
+
+}  // namespace kit

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+
+#include "PressRoom/RequestHandler.h"
+#include "PressRoom/Signals/SignalFiles.h"
+#include "PressRoom/Trackers/TrackerFault.h"
+
+namespace pressroom {
+
+/// Serves the device-firmware service, Apple's update catalogue and the App Store's charts.
+///
+/// For the same anchor, the same moment always has the same bytes.
+class SignalsRequestHandler : public RequestHandler {
+public:
+    /// Takes those out of `misbehaviours` that are meant for it: "signing", "updates" and
+    /// "charts". Throws std::runtime_error when one of them can't misbehave in that way.
+    SignalsRequestHandler(SignalFiles files, std::chrono::sys_seconds anchor,
+                          Misbehaviours& misbehaviours);
+
+    std::optional<Response> answer(const Request& request,
+                                   std::chrono::sys_seconds now) const override;
+
+private:
+    std::optional<Response> signing(const Request& request, std::chrono::sys_seconds now) const;
+    std::optional<Response> updates(const Request& request, std::chrono::sys_seconds now) const;
+    std::optional<Response> chart(const Request& request, std::chrono::sys_seconds now) const;
+
+    SignalFiles files_;
+    std::chrono::sys_seconds anchor_;
+    TrackerFaults faults_;
+};
+
+}  // namespace pressroom

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "NewsroomKit/Sources/NewsSource.h"
+#include "Tarnwick_Brell/Storage/Tables/SourceTable.h"
+
+namespace app {
+
+/// All sources of the desk: the catalogue, then the user's own, and which of them are on.
+/// Every change is written at once; when that throws, or its transaction is rolled back,
+/// `reload` brings the roster back to what the library has.
+class SourceRegistry {
+public:
+    explicit SourceRegistry(SourceTable& table);
+
+    /// Reads what other programs may have changed. Pointers into the roster end here, and
+    /// with every change.
+    void reload();
+
+    const std::vector<kit::NewsSource>& sources() const { return sources_; }
+    std::vector<kit::NewsSource> enabledSources() const;
+    bool isEnabled(const kit::NewsSource& source) const;
+
+    /// Null when no source has the id.
+    const kit::NewsSource* find(std::string_view id) const;
+    /// Null when no source has the feed, compared by canonical address.
+    const kit::NewsSource* findByFeed(std::string_view feedURL) const;
+
+    void setEnabled(std::string_view id, bool enabled);
+
+    /// Adds a source of the user's own, switched on, and returns it. Its id is made from the
+    /// name (from the host when that gives none) and differs from all others, also of removed
+    /// sources. A feed that was removed comes back under its old id, which its stories have.
+    kit::NewsSource add(std::string_view name, std::string_view feedURL, std::string_view siteURL);
+
+    /// Both are for the user's own sources; of any other id they change nothing and say false.
+    /// What a removed source has brought stays in the wire.
+    bool rename(std::string_view id, std::string_view name);
+    bool remove(std::string_view id, kit::Instant now);
+
+private:
+    /// Canonical feed addresses. Made when first asked for: most runs of the desk never are.
+    struct Feeds {
+        std::unordered_map<std::string, std::size_t> places{};   ///< in `sources_`
+        std::unordered_map<std::string, std::string> removed{};  ///< ids
+    };
+
+    void index();
+    const Feeds& feeds() const;
+    kit::NewsSource* findOwn(std::string_view id);
+    std::string freshID(std::string_view name, std::string_view host);
+
+    SourceTable& table_;
+    std::vector<kit::NewsSource> sources_;
+    std::vector<kit::NewsSource> removed_;
+    std::map<std::string, bool> switches_;
+    std::unordered_map<std::string, std::size_t> places_;  ///< in `sources_`, by id
+    std::unordered_map<std::string, int> lastNumbers_;     ///< given to ids, by what is before it
+    mutable std::optional<Feeds> feeds_;
+};
+
+}  // namespace app

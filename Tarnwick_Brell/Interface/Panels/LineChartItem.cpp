@@ -1,0 +1,42 @@
+#include "Tarnwick_Brell/Interface/Panels/LineChartItem.h"
+
+#include <QPainter>
+#include <QPolygonF>
+
+namespace app {
+
+LineChartItem::LineChartItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
+    setAntialiasing(true);
+}
+
+void LineChartItem::paint(QPainter* painter) {
+    if (points_.isEmpty()) return;
+    painter->setRenderHint(QPainter::Antialiasing);
+    // A line on the edge would lose half of itself.
+    const double inset = lineWidth_ / 2;
+    QPolygonF line;
+    for (const auto& point : points_) {
+        line << QPointF(point.x() * width(), inset + point.y() * (height() - 2 * inset));
+    }
+    if (line.size() == 1) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(color_);
+        const auto radius = 2 * lineWidth_;
+        painter->drawEllipse(line.first(), radius, radius);
+        return;
+    }
+    if (fillOpacity_ > 0) {
+        auto area = line;
+        area << QPointF(line.last().x(), height()) << QPointF(line.first().x(), height());
+        auto fill = color_;
+        fill.setAlphaF(static_cast<float>(fillOpacity_));
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(fill);
+        painter->drawPolygon(area);
+    }
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(QPen(color_, lineWidth_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->drawPolyline(line);
+}
+
+}  // namespace app

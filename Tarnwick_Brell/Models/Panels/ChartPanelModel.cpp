@@ -1,0 +1,67 @@
+#include "Tarnwick_Brell/Models/Panels/ChartPanelModel.h"
+
+#include <cstdlib>
+
+#include <QLocale>
+
+#include "Tarnwick_Brell/Models/Panels/PanelLinks.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+
+namespace app {
+
+namespace {
+
+constexpr int kLongestName = 80;
+
+QString moveText(const ChartPlace& place) {
+    const auto rise = place.rise();
+    if (!rise) return place.isNew ? ChartPanelModel::tr("new") : QString();
+    if (*rise == 0) return ChartPanelModel::tr("unchanged");
+    const auto places = static_cast<int>(std::abs(*rise));
+    return *rise > 0 ? ChartPanelModel::tr("up %n places", nullptr, places)
+                     : ChartPanelModel::tr("down %n places", nullptr, places);
+}
+
+ChartRow rowOf(const ChartPlace& place) {
+    ChartRow row{.rank = QLocale().toString(static_cast<qlonglong>(place.entry.rank)),
+                 .name = titleText(place.entry.name, kLongestName),
+                 .developer = titleText(place.entry.developer, kLongestName),
+                 .isNew = place.isNew,
+                 .link = place.entry.url ? webLink(*place.entry.url) : QString()};
+    if (const auto rise = place.rise()) {
+        row.move = *rise > 0 ? PriceMove::Up : *rise < 0 ? PriceMove::Down : PriceMove::Flat;
+        const auto places = QLocale().toString(static_cast<qlonglong>(std::abs(*rise)));
+        if (*rise != 0) row.change = (*rise > 0 ? u'+' : u'\u2212') + places;
+    }
+    row.spokenText = ChartPanelModel::tr("%1, %2, %3").arg(row.rank, row.name, row.developer);
+    if (const auto move = moveText(place); !move.isEmpty())
+        row.spokenText += QStringLiteral(", ") + move;
+    return row;
+}
+
+}  // namespace
+
+ChartPanelModel::ChartPanelModel(const PanelStores& stores, Kind kind) : PanelModel(stores, kind) {
+    connect(&signalsStore(), &SignalsStore::changed, this, &ChartPanelModel::look);
+    look();
+}
+
+SignalsStore::Kind ChartPanelModel::chart() const {
+    return kind() == TopFree ? SignalsStore::Kind::topFree : SignalsStore::Kind::topPaid;
+}
+
+QString ChartPanelModel::title() const { return plainText(kit::label(chart())); }
+
+void ChartPanelModel::look() {
+    auto condition = conditionOf(signalsStore().chart(chart()));
+    std::vector<ChartRow> rows;
+    for (const auto& place : signalsStore().chartPlaces(chart())) rows.push_back(rowOf(place));
+    if (condition.state == Ready && rows.empty()) {
+        condition.state = Empty;
+        condition.message = tr("The chart is empty.");
+    }
+    rows_.setRows(std::move(rows));
+    become(std::move(condition));
+}
+
+}  // namespace app

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QAbstractListModel>
+
+#include "NewsroomKit/Trackers/Events/AppleCalendarEvent.h"
+#include "Tarnwick_Brell/Models/Panels/PanelModel.h"
+#include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
+
+namespace app {
+
+/// An event below the next one.
+struct CountdownRow {
+    Q_GADGET
+    Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString badge MEMBER badge)
+    Q_PROPERTY(QString date MEMBER date)
+    Q_PROPERTY(QString days MEMBER days)
+    Q_PROPERTY(bool isReleased MEMBER isReleased)
+    Q_PROPERTY(QString spokenText MEMBER spokenText)
+
+public:
+    QString title{};
+    QString badge{};  ///< of an anniversary: how many years
+    QString date{};   ///< "18 May"; without a date what the service says instead
+    QString days{};   ///< whole days from today; "?" without a date
+    bool isReleased = false;
+    QString spokenText{};
+
+    bool operator==(const CountdownRow&) const = default;
+};
+
+/// The days until the next event of Apple's calendar, then the other events from two days ago
+/// on. An anniversary or a rumor never leads: the one is no news, the other has no date.
+class CountdownPanelModel final : public app::PanelModel {
+    Q_OBJECT
+    QML_NAMED_ELEMENT(CountdownPanelModel)
+    QML_UNCREATABLE("Newsrooms make their panels' contents.")
+    Q_PROPERTY(bool hasNext READ hasNext NOTIFY changed)
+    Q_PROPERTY(QString days READ days NOTIFY changed)
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QString time READ time NOTIFY changed)
+    Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
+
+public:
+    CountdownPanelModel(const PanelStores& stores, const kit::PanelSpec& panel);
+
+    bool hasNext() const { return !title_.isEmpty(); }
+    const QString& days() const { return days_; }  ///< "20 days", "Tomorrow", "Today"
+    const QString& title() const { return title_; }
+    const QString& time() const { return time_; }
+    GadgetListModel<CountdownRow>* rows() { return &rows_; }
+
+    void tick() override { look(); }
+    void retry() override { trackers().refresh(TrackerRound::events); }
+
+private:
+    void look();
+    void lead(const kit::AppleCalendarEvent* event);
+    CountdownRow rowOf(const kit::AppleCalendarEvent& event) const;
+
+    std::vector<std::string> terms_;
+    QString days_;
+    QString title_;
+    QString time_;
+    GadgetListModel<CountdownRow> rows_;
+};
+
+}  // namespace app

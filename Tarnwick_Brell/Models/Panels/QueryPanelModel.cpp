@@ -1,0 +1,76 @@
+#include "Tarnwick_Brell/Models/Panels/QueryPanelModel.h"
+
+#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
+
+namespace app {
+
+namespace {
+
+std::shared_ptr<PanelStoryCollector> gathererOf(const PanelStores& stores) {
+    return stores.gatherer ? stores.gatherer
+                           : std::make_shared<PanelStoryCollector>(stores.news, stores.clock);
+}
+
+}  // namespace
+
+QueryPanelModel::Extent QueryPanelModel::Extent::of(const QueryResult& gathered) {
+    const auto& stories = gathered.news.stories;
+    Extent extent{.now = gathered.news.now, .from = gathered.from, .stories = stories.size()};
+    // The wire goes by publication.
+    if (!stories.empty()) extent.newest = stories.front().story->publishedAt;
+    return extent;
+}
+
+QueryPanelModel::QueryPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
+                                 const kit::StoryQuery& query)
+    : PanelModel(stores, panel), query_(query), gatherer_(gathererOf(stores)) {
+    connect(&news(), &NewsDesk::loadFailed, this,
+            [this](const QString& sentence) { become({.state = Failed, .message = sentence}); });
+}
+
+QueryPanelModel::~QueryPanelModel() { gatherer_->remove(ticket_); }
+
+void QueryPanelModel::tick() { gatherer_->gatherSoon(); }
+
+void QueryPanelModel::follow(std::function<kit::Instant()> earliest,
+                             PanelStoryCollector::Make make) {
+    ticket_ =
+        gatherer_->add({.query = query_, .earliest = std::move(earliest), .make = std::move(make)});
+}
+
+QString QueryPanelModel::spanFact(std::chrono::hours span, const Extent& extent) {
+    if (extent.from > extent.now - span) {
+        return tr("Since %1").arg(momentText(extent.from, extent.now));
+    }
+    const auto hours = static_cast<int>(span.count());
+    return hours <= 48 ? tr("Last %n hours", nullptr, hours)
+                       : tr("Last %n days", nullptr, hours / 24);
+}
+
+QString QueryPanelModel::noStory(const Extent& extent) const {
+    const auto hours = std::chrono::round<std::chrono::hours>(extent.now - extent.from);
+    const auto span = spanText(hours);
+    const auto terms = termsText(query_);
+    return terms.isEmpty() ? tr("No story of the last %1 matches.").arg(span)
+                           : tr("No story of the last %1 mentions %2.").arg(span, terms);
+}
+
+void QueryPanelModel::becomeReady(int rows, const QString& fact, const QString& nothing,
+                                  const Extent& extent) {
+    if (rows > 0) {
+        become({.state = Ready, .fact = fact});
+    } else if (!extent.newest) {
+        become({.state = Empty, .fact = fact, .message = noStory(extent)});
+    } else {
+        const auto count = static_cast<int>(extent.stories);
+        const auto hint = count == 1 ? tr("The only story that matches is from %1.")
+                                     : tr("%n stories match, the newest from %1.", nullptr, count);
+        become({.state = Empty,
+                .fact = fact,
+                .message = nothing,
+                .hint = hint.arg(momentText(*extent.newest, extent.now))});
+    }
+}
+
+}  // namespace app

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <utility>
+
+#include <QAbstractListModel>
+#include <qqmlregistration.h>
+
+#include "Tarnwick_Brell/Models/Panels/PanelStoryCollector.h"
+#include "Tarnwick_Brell/Models/Panels/PanelModel.h"
+
+namespace app {
+
+/// A panel whose rows are made from the recent stories that its query wants.
+class QueryPanelModel : public PanelModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Newsrooms make their panels' contents.")
+    Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
+
+public:
+    ~QueryPanelModel() override;
+
+    virtual QAbstractListModel* rows() = 0;
+    void tick() override;
+    /// Opens what the row tells.
+    Q_INVOKABLE virtual void open(int row) = 0;
+
+protected:
+    /// What a content was made from.
+    struct Extent {
+        kit::Instant now{};
+        kit::Instant from{};
+        std::size_t stories = 0;
+        std::optional<kit::Instant> newest{};
+
+        static Extent of(const QueryResult& gathered);
+    };
+
+    QueryPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
+                    const kit::StoryQuery& query);
+
+    const kit::StoryQuery& query() const { return query_; }
+
+    /// `make` works on the worker's thread; `show` is called with what it returns and with the
+    /// extent.
+    template <class Make, class Show>
+    void gather(std::function<kit::Instant()> earliest, Make make, Show show) {
+        follow(std::move(earliest), [make, show](const QueryResult& gathered) {
+            return [show, content = make(gathered), extent = Extent::of(gathered)] {
+                show(content, extent);
+            };
+        });
+    }
+    template <class Make, class Show>
+    void gather(kit::Instant::duration span, Make make, Show show) {
+        gather([this, span] { return now() - span; }, std::move(make), std::move(show));
+    }
+
+    /// Ready, or empty for lack of `rows`: `nothing` is the sentence that stands where stories
+    /// matched and none gave a row.
+    void becomeReady(int rows, const QString& fact, const QString& nothing, const Extent& extent);
+
+    /// "Last 48 hours", "Last 7 days"; "Since 4 Nov 09:12" when the wire was not read that far.
+    static QString spanFact(std::chrono::hours span, const Extent& extent);
+
+private:
+    void follow(std::function<kit::Instant()> earliest, PanelStoryCollector::Make make);
+    QString noStory(const Extent& extent) const;
+
+    kit::StoryQuery query_;
+    std::shared_ptr<PanelStoryCollector> gatherer_;
+    PanelStoryCollector::Ticket ticket_ = 0;
+};
+
+}  // namespace app

@@ -1,0 +1,51 @@
+#include "Tarnwick_Brell/Models/Panels/RecordsPanelModel.h"
+
+#include <algorithm>
+
+#include "Tarnwick_Brell/Models/Panels/SignalText.h"
+#include "Tarnwick_Brell/Signals/SigningNews.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
+
+namespace app {
+
+namespace {
+
+SignalRow rowOf(const SigningNews& news, kit::Instant now) {
+    SignalRow row{.title = buildText(news.system, news.build),
+                  .detail = (news.isSigned ? RecordsPanelModel::tr("Now signed for %1")
+                                           : RecordsPanelModel::tr("No longer signed for %1"))
+                                .arg(devicesText(news.devices)),
+                  .when = ageText(news.seenAt, now)};
+    row.spokenText = RecordsPanelModel::tr("%1, %2, seen %3")
+                         .arg(row.title, row.detail, agoText(news.seenAt, now));
+    return row;
+}
+
+}  // namespace
+
+RecordsPanelModel::RecordsPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
+    : PanelModel(stores, panel) {
+    connect(&signalsStore(), &SignalsStore::changed, this, &RecordsPanelModel::look);
+    look();
+}
+
+void RecordsPanelModel::look() {
+    std::vector<SignalRow> rows;
+    for (auto& news : signingNews(signalsStore().signingChanges())) {
+        // The last is the one that was asked for first.
+        std::ranges::reverse(news.devices);
+        rows.push_back(rowOf(news, now()));
+    }
+    const auto reading = signingOfAll(signalsStore());
+    auto condition = conditionOf(reading.value || !rows.empty(), reading.fetchedAt, reading.error);
+    if (condition.state == Ready && rows.empty()) {
+        condition.state = Empty;
+        condition.message = tr("No change of signing has been seen yet.");
+        condition.hint = tr("The desk does not read filings and court records yet.");
+    }
+    rows_.setRows(std::move(rows));
+    become(std::move(condition));
+}
+
+}  // namespace app

@@ -1,0 +1,51 @@
+#include "Tarnwick_Brell/Models/Panels/ScoopsPanelModel.h"
+
+#include <algorithm>
+
+#include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
+#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+#include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
+
+namespace app {
+
+namespace {
+
+/// Only where stories are clustered can be told who was first.
+constexpr auto kSpan =
+    std::min<std::chrono::hours>(kit::kScoopsSpan, DeskUpdateBuilder::kClustered);
+
+}  // namespace
+
+ScoopsPanelModel::ScoopsPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
+                                   const kit::StoryQuery& query)
+    : QueryPanelModel(stores, panel, query) {
+    gather(
+        kSpan, [](const auto& gathered) { return kit::scoops(gathered.news); },
+        [this](const auto& scoops, const auto& extent) { show(scoops, extent); });
+}
+
+void ScoopsPanelModel::show(const std::vector<kit::Scoop>& scoops, const Extent& extent) {
+    std::vector<ScoopRow> rows;
+    for (const auto& scoop : scoops) {
+        ScoopRow row{.storyID = plainText(scoop.first.storyID),
+                     .title = titleText(scoop.first.title, kTitleCharacters),
+                     .isRead = scoop.first.isRead,
+                     .outlet = titleText(scoop.first.outlet),
+                     .lead = leadText(scoop.first, scoop.second),
+                     .age = ageText(scoop.first.publishedAt, extent.now)};
+        row.spokenText = spokenRow({row.isRead ? QString() : tr("Unread"), row.title,
+                                    row.outlet + u' ' + row.lead, row.age});
+        rows.push_back(std::move(row));
+    }
+    rows_.setRows(std::move(rows));
+    becomeReady(rows_.rowCount(), spanFact(kSpan, extent),
+                tr("No news that one outlet had before others."), extent);
+}
+
+void ScoopsPanelModel::open(int index) {
+    if (const auto* row = rows_.row(index)) openStory(row->storyID);
+}
+
+}  // namespace app

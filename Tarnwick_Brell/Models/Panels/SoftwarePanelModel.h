@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QAbstractListModel>
+
+#include "NewsroomKit/Trackers/Releases/PlatformRelease.h"
+#include "Tarnwick_Brell/Models/Panels/PanelModel.h"
+#include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
+
+namespace app {
+
+/// What one platform is at.
+struct SoftwareRow {
+    Q_GADGET
+    Q_PROPERTY(QString platform MEMBER platform)
+    Q_PROPERTY(QString version MEMBER version)
+    Q_PROPERTY(QString build MEMBER build)
+    Q_PROPERTY(QString betaVersion MEMBER betaVersion)
+    Q_PROPERTY(QString betaBuild MEMBER betaBuild)
+    Q_PROPERTY(bool hasBeta MEMBER hasBeta)
+    Q_PROPERTY(QString date MEMBER date)
+    Q_PROPERTY(bool isNew MEMBER isNew)
+    Q_PROPERTY(QString spokenText MEMBER spokenText)
+
+public:
+    QString platform{};
+    QString version{};
+    QString build{};
+    QString betaVersion{};  ///< "26.6 b1", or that there is none
+    QString betaBuild{};
+    bool hasBeta = false;
+    QString date{};  ///< of the later of the two builds
+    bool isNew = false;
+    QString spokenText{};
+
+    bool operator==(const SoftwareRow&) const = default;
+};
+
+/// What the panel's platforms are at, in the panel's order. A platform is marked as new when
+/// one of its two builds was published within the last three days.
+class SoftwarePanelModel final : public app::PanelModel {
+    Q_OBJECT
+    QML_NAMED_ELEMENT(SoftwarePanelModel)
+    QML_UNCREATABLE("Newsrooms make their panels' contents.")
+    Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
+
+public:
+    SoftwarePanelModel(const PanelStores& stores, const kit::PanelSpec& panel);
+
+    GadgetListModel<SoftwareRow>* rows() { return &rows_; }
+
+    void tick() override { look(); }
+    void retry() override { trackers().refresh(TrackerRound::releases); }
+
+private:
+    void look();
+    SoftwareRow rowOf(const kit::PlatformRelease& platform) const;
+
+    std::vector<std::string> platforms_;
+    GadgetListModel<SoftwareRow> rows_;
+};
+
+}  // namespace app

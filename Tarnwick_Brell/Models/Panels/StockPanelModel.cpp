@@ -1,0 +1,128 @@
+#include "Tarnwick_Brell/Models/Panels/StockPanelModel.h"
+
+#include "NewsroomKit/Trackers/Events/MarkedEvents.h"
+#include "Tarnwick_Brell/Presentation/PriceText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
+
+namespace app {
+
+namespace {
+
+using kit::QuoteRange;
+using kit::StockQuote;
+
+// A range that the store does not keep fresh by itself.
+constexpr std::chrono::minutes kFreshWhileOpen{2};
+constexpr std::chrono::minutes kFreshWhileClosed{30};
+
+QString marketText(const std::string& state) {
+    if (state == "OPEN") return StockPanelModel::tr("Open");
+    if (state == "CLOSED") return StockPanelModel::tr("Closed");
+    if (state == "PRE") return StockPanelModel::tr("Before hours");
+    if (state == "POST") return StockPanelModel::tr("After hours");
+    constexpr int longest = 20;
+    return titleText(state, longest);
+}
+
+}  // namespace
+
+StockPanelModel::StockPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
+    : PanelModel(stores, panel),
+      terms_(panel.options.eventTerms),
+      range_(kit::enumFromRaw<QuoteRange>(panel.options.stockRange).value_or(QuoteRange::month)) {
+    connect(&trackers(), &TrackerStore::quotesChanged, this, &StockPanelModel::look);
+    connect(&trackers(), &TrackerStore::eventsChanged, this, &StockPanelModel::look);
+    if (range_ != trackers().quoteRange()) trackers().readQuote(range_);
+    look();
+}
+
+QString StockPanelModel::longestPrice() const {
+    QString longest;
+    for (const auto& tick : curve_.prices()) {
+        if (tick.label.size() > longest.size()) longest = tick.label;
+    }
+    return longest;
+}
+
+void StockPanelModel::choose(int range) {
+    if (range < 0 || range >= ranges().size() || range == this->range()) return;
+    range_ = static_cast<QuoteRange>(range);
+    trackers().setQuoteRange(range_);
+    // Which fetches nothing when another panel has changed it to this one before.
+    trackers().readQuote(range_);
+    look();
+}
+
+void StockPanelModel::tick() {
+    if (range_ != trackers().quoteRange())
+        trackers().readQuote(range_, isOpen_ ? kFreshWhileOpen : kFreshWhileClosed);
+    look();
+}
+
+void StockPanelModel::retry() {
+    trackers().refresh(TrackerRound::quotes);
+    if (range_ != trackers().quoteRange()) trackers().readQuote(range_, std::chrono::seconds(0));
+}
+
+const StockPanelModel::Quote& StockPanelModel::newest() const {
+    const auto* newest = &trackers().quote(range_);
+    for (const auto& row : kit::enumTable<QuoteRange>) {
+        const auto& quote = trackers().quote(row.value);
+        if (quote.value && (!newest->value || quote.fetchedAt > newest->fetchedAt)) newest = &quote;
+    }
+    return *newest;
+}
+
+void StockPanelModel::look() {
+    const auto& priced = newest();
+    const auto& charted = trackers().quote(range_);
+    // Without a chart of this range there may still be a price.
+    auto condition = conditionOf(charted.value ? charted : priced);
+    if (priced.value) {
+        showPrice(*priced.value);
+        const auto moment = priced.value->asOf ? priced.value->asOf : priced.fetchedAt;
+        condition.fact = marketText(priced.value->marketState);
+        if (moment) condition.fact += QStringLiteral(", ") + momentText(*moment, now());
+        if (condition.state == Ready && priced.value->stale.value_or(false)) {
+            condition.state = Stale;
+            condition.message = tr("The service itself has only old figures.");
+        }
+    }
+    showChart(charted);
+    become(std::move(condition));
+}
+
+void StockPanelModel::showPrice(const StockQuote& quote) {
+    const auto reference = quote.previousClose();
+    const auto change = changeText(quote.price, reference);
+    price_ = priceText(quote.price);
+    change_ = change.value_or(QString());
+    move_ = change ? moveOf(quote.price, *reference) : PriceMove::Unknown;
+    isOpen_ = quote.isOpen();
+}
+
+void StockPanelModel::showChart(const Quote& quote) {
+    curve_ = {};
+    chartMessage_ = quote.error ? bodyText(*quote.error) : tr("Loading…");
+    spokenChart_ = chartMessage_;
+    if (quote.value) {
+        const auto& events = trackers().events().value;
+        curve_ = QuoteChartData(
+            *quote.value,
+            events ? kit::markedEvents(*events, terms_) : std::vector<kit::AppleCalendarEvent>(),
+            now());
+        chartMessage_ = points().isEmpty() ? tr("No prices of this range.") : QString();
+        const auto first = curve_.reading(0);
+        const auto last = curve_.reading(static_cast<int>(points().size()) - 1);
+        spokenChart_ = points().isEmpty()
+                           ? chartMessage_
+                           : tr("From %1, %2, to %3, %4")
+                                 .arg(first.price, first.moment, last.price, last.moment);
+    }
+    prices_.setRows(curve_.prices());
+    times_.setRows(curve_.times());
+    marks_.setRows(curve_.marks());
+}
+
+}  // namespace app

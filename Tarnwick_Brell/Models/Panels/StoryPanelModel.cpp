@@ -1,0 +1,45 @@
+#include "Tarnwick_Brell/Models/Panels/StoryPanelModel.h"
+
+#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+
+namespace app {
+
+StoryPanelModel::StoryPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
+                                 const kit::StoryQuery& query)
+    : PanelModel(stores, panel), query_(query), stories_(stores.news, stores.clock) {
+    connect(&stories_, &StoryListModel::countChanged, this, &StoryPanelModel::look);
+    connect(&news(), &NewsDesk::loadFailed, this,
+            [this](const QString& sentence) { become({.state = Failed, .message = sentence}); });
+    stories_.show({.query = query, .isAppleOnly = panel.kind == kit::PanelKind::apple});
+}
+
+void StoryPanelModel::look() {
+    if (stories_.count() > 0) {
+        const auto unread = stories_.unread();
+        become({.state = Ready, .fact = unread > 0 ? tr("%n unread", nullptr, unread) : QString()});
+    } else if (!stories_.isComplete()) {
+        become({.state = Loading});
+    } else if (news().stories().size() == 0) {
+        become({.state = Empty,
+                .message = tr("No stories yet."),
+                .hint = tr("They come with the first refresh.")});
+    } else {
+        become({.state = Empty, .message = noStory()});
+    }
+}
+
+QString StoryPanelModel::noStory() const {
+    const auto terms = termsText(query_);
+    if (kind() == Apple) {
+        return terms.isEmpty() ? tr("No post of Apple's matches.")
+                               : tr("No post of Apple's mentions %1.").arg(terms);
+    }
+    return terms.isEmpty() ? tr("No story matches.") : tr("No story mentions %1.").arg(terms);
+}
+
+void StoryPanelModel::open(int row) {
+    const auto index = stories_.index(row);
+    if (index.isValid()) openStory(index.data(StoryListModel::StoryID).toString());
+}
+
+}  // namespace app

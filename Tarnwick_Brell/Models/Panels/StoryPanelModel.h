@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Tarnwick_Brell/Models/Panels/PanelModel.h"
+#include "Tarnwick_Brell/Models/Stories/StoryListModel.h"
+
+namespace app {
+
+/// Matching stories, newest first, live: the stream, and Apple's own posts.
+class StoryPanelModel : public PanelModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Newsrooms make their panels' contents.")
+    Q_PROPERTY(app::StoryListModel* stories READ stories CONSTANT)
+
+public:
+    StoryPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
+                    const kit::StoryQuery& query);
+
+    StoryListModel* stories() { return &stories_; }
+    Q_INVOKABLE void open(int row);
+
+private:
+    void look();
+    QString noStory() const;
+
+    kit::StoryQuery query_;
+    StoryListModel stories_;
+};
+
+}  // namespace app

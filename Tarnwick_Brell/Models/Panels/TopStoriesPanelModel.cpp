@@ -1,0 +1,46 @@
+#include "Tarnwick_Brell/Models/Panels/TopStoriesPanelModel.h"
+
+#include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
+#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+#include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+
+namespace app {
+
+TopStoriesPanelModel::TopStoriesPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
+                                           const kit::StoryQuery& query)
+    : QueryPanelModel(stores, panel, query) {
+    // Covered of late, but told first perhaps before that.
+    gather(
+        DeskUpdateBuilder::kClustered,
+        [](const auto& gathered) { return kit::topStories(gathered.news); },
+        [this](const auto& stories, const auto& extent) { show(stories, extent); });
+}
+
+void TopStoriesPanelModel::show(const std::vector<kit::TopStory>& stories, const Extent& extent) {
+    std::vector<TopStoryRow> rows;
+    for (const auto& story : stories) {
+        TopStoryRow row{.storyID = plainText(story.first.storyID),
+                        .outletCount = QString::number(story.outlets.size()),
+                        .title = titleText(story.first.title, kTitleCharacters),
+                        .isRead = story.unread == 0,
+                        .sourcing = StorySourcing::of(story.sourcing),
+                        .sourcingLabel = sourcingText(story.sourcing),
+                        .outlet = titleText(story.outlets.front().outlet),
+                        .lead = leadText(story.outlets[0], story.outlets[1])};
+        row.spokenText =
+            spokenRow({row.isRead ? QString() : tr("Unread"), row.title,
+                       tr("%n outlets", nullptr, static_cast<int>(story.outlets.size())),
+                       row.sourcingLabel, row.outlet + u' ' + row.lead});
+        rows.push_back(std::move(row));
+    }
+    rows_.setRows(std::move(rows));
+    becomeReady(rows_.rowCount(), spanFact(kit::kTopStoriesSpan, extent),
+                tr("No news that several outlets cover."), extent);
+}
+
+void TopStoriesPanelModel::open(int index) {
+    if (const auto* row = rows_.row(index)) openStory(row->storyID);
+}
+
+}  // namespace app

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+
+#include <QMap>
+#include <QString>
+#include <QVariant>
+#include <QVariantMap>
+
+namespace app {
+
+/// What the desktop's settings, as its portal tells them, say of how windows shall look.
+struct PortalSettings {
+    /// By group, then by key.
+    using Settings = QMap<QString, QVariantMap>;
+
+    static const QString kAppearanceGroup;
+    static const QString kInterfaceGroup;
+
+    std::optional<bool> prefersDark{};  ///< absent: the desktop has no opinion
+    bool isAnimated = true;
+
+    /// Takes a setting over; those of other groups and of unknown types change nothing.
+    void take(const QString& group, const QString& key, const QVariant& value);
+    void take(const Settings& settings);
+
+    bool operator==(const PortalSettings&) const = default;
+};
+
+/// How much larger or smaller than usual the desktop's font is: 1 as long as its size is one
+/// that desktops have by default.
+double fontScaleFor(double pixels);
+
+}  // namespace app

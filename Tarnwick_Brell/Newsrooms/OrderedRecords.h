@@ -1,0 +1,197 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "NewsroomKit/Newsrooms/NewsroomLimits.h"
+#include "NewsroomKit/Newsrooms/UUID.h"
+#include "NewsroomKit/Records/Codec.h"
+#include "NewsroomKit/Text/Folding.h"
+#include "NewsroomKit/Text/Unicode.h"
+#include "Tarnwick_Brell/Newsrooms/RecordChange.h"
+
+namespace app {
+
+/// One record of a shelf. One that can't be read is kept and shown as that.
+template <class T>
+struct RecordEntry {
+    std::string id{};
+    std::string name{};
+    std::optional<T> value{};
+    std::string fault{};   ///< why it can't be read, with the path of the fault
+    std::string record{};  ///< of one that can't be read, as it is stored
+    std::int64_t position = 0;
+
+    bool isReadable() const { return value.has_value(); }
+    bool operator==(const RecordEntry&) const = default;
+};
+
+/// The user's newsrooms or beats, in the user's order: a value that tells, for each change, what
+/// is to be written. T is a record with `id` and `name`.
+template <class T>
+class OrderedRecords {
+public:
+    using Entry = RecordEntry<T>;
+
+    static OrderedRecords read(RecordTable& table) {
+        OrderedRecords shelf;
+        for (auto& row : table.all()) shelf.entries_.push_back(entryOf(std::move(row)));
+        for (auto& row : table.removed()) shelf.removed_.push_back(entryOf(std::move(row)));
+        return shelf;
+    }
+
+    const std::vector<Entry>& entries() const { return entries_; }
+    /// What `restore` can bring back, the last removed first.
+    const std::vector<Entry>& removed() const { return removed_; }
+
+    /// Null when there is none.
+    const Entry* find(std::string_view id) const {
+        const auto found = placeIn(entries_, id);
+        return found == entries_.end() ? nullptr : &*found;
+    }
+
+    /// Those that a person means by `words`: the one with that id, or all with that name, or
+    /// else all whose name differs only as folding does not see.
+    static std::vector<const Entry*> meant(const std::vector<Entry>& entries,
+                                           std::string_view words) {
+        const auto id = kit::UUID::parse(words);
+        auto found = matching(entries, [&](const Entry& entry) {
+            return entry.id == words || (id && entry.id == id->text());
+        });
+        if (found.empty())
+            found = matching(entries, [&](const Entry& entry) { return entry.name == words; });
+        if (!found.empty()) return found;
+        const auto folded = kit::fold(words);
+        return matching(entries,
+                        [&](const Entry& entry) { return kit::fold(entry.name) == folded; });
+    }
+
+    /// `wanted`, or with a number behind it when an entry has that name already; no longer than
+    /// a name may be.
+    std::string freeName(const std::string& wanted) const {
+        auto name = wanted;
+        for (int number = 2; !meant(entries_, name).empty(); ++number) {
+            const auto ending = " " + std::to_string(number);
+            const auto room = kit::NewsroomLimits::kLineCharacters - ending.size();
+            name = std::string(kit::firstCharacters(wanted, room)) + ending;
+        }
+        return name;
+    }
+
+    /// Writes the record in its place, or behind all others when its id is new.
+    RecordChange put(T value) {
+        Entry entry{.id = value.id.text(), .name = value.name, .value = std::move(value)};
+        RecordChange write{.kind = RecordChange::Kind::put,
+                           .id = entry.id,
+                           .record = kit::json::serialize(kit::encode(*entry.value))};
+        const auto place = placeIn(entries_, entry.id);
+        if (place == entries_.end()) {
+            entry.position = lastPosition() + 1;
+            entries_.push_back(std::move(entry));
+        } else {
+            entry.position = place->position;
+            *place = std::move(entry);
+        }
+        return write;
+    }
+
+    /// Nothing when no entry has the id.
+    std::optional<RecordChange> remove(const std::string& id) {
+        const auto place = placeIn(entries_, id);
+        if (place == entries_.end()) return std::nullopt;
+        removed_.insert(removed_.begin(), std::move(*place));
+        entries_.erase(place);
+        return RecordChange{.kind = RecordChange::Kind::remove, .id = id};
+    }
+
+    /// Brings a removed entry back to its place. Nothing when none was removed with the id.
+    std::optional<RecordChange> restore(const std::string& id) {
+        const auto removed = placeIn(removed_, id);
+        if (removed == removed_.end()) return std::nullopt;
+        const auto behind = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+            return entry.position > removed->position;
+        });
+        entries_.insert(behind, std::move(*removed));
+        removed_.erase(removed);
+        return RecordChange{.kind = RecordChange::Kind::restore, .id = id};
+    }
+
+    /// `place` counts from 0 and stops at the end. Nothing when no entry has the id.
+    std::optional<RecordChange> move(const std::string& id, std::size_t place) {
+        const auto from = placeIn(entries_, id);
+        if (from == entries_.end()) return std::nullopt;
+        auto moved = std::move(*from);
+        entries_.erase(from);
+        place = std::min(place, entries_.size());
+        entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(place), std::move(moved));
+        return renumbered();
+    }
+
+    bool operator==(const OrderedRecords&) const = default;
+
+private:
+    static Entry entryOf(RecordTable::Row row) {
+        Entry entry{.id = std::move(row.id), .position = row.position};
+        try {
+            const auto json = kit::parseJSON(row.record);
+            // The name first: what can't be read as a whole may still have one.
+            if (json.is_object()) {
+                const auto* name = json.get_object().if_contains("name");
+                if (name && name->is_string()) entry.name = name->get_string().c_str();
+            }
+            entry.value = kit::decode<T>(json);
+        } catch (const kit::RecordError& error) {
+            entry.fault = error.what();
+            entry.record = std::move(row.record);
+        }
+        if (entry.name.empty()) entry.name = entry.id;
+        return entry;
+    }
+
+    template <class Entries>
+    static auto placeIn(Entries& entries, std::string_view id) {
+        return std::find_if(entries.begin(), entries.end(),
+                            [&](const Entry& entry) { return entry.id == id; });
+    }
+
+    template <class Test>
+    static std::vector<const Entry*> matching(const std::vector<Entry>& entries, Test test) {
+        std::vector<const Entry*> found;
+        for (const auto& entry : entries) {
+            if (test(entry)) found.push_back(&entry);
+        }
+        return found;
+    }
+
+    /// As RecordTable::order does.
+    RecordChange renumbered() {
+        RecordChange write{.kind = RecordChange::Kind::order};
+        const auto count = static_cast<std::int64_t>(entries_.size());
+        for (auto& entry : removed_) entry.position += count;
+        std::int64_t position = 0;
+        for (auto& entry : entries_) {
+            entry.position = ++position;
+            write.order.push_back(entry.id);
+        }
+        return write;
+    }
+
+    std::int64_t lastPosition() const {
+        std::int64_t last = 0;
+        for (const auto* list : {&entries_, &removed_}) {
+            for (const auto& entry : *list) last = std::max(last, entry.position);
+        }
+        return last;
+    }
+
+    std::vector<Entry> entries_;
+    std::vector<Entry> removed_;
+};
+
+}  // namespace app

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "NewsroomKit/Trackers/Charts/AppStoreCharts.h"
+#include "Tarnwick_Brell/Storage/SQLite/Database.h"
+
+namespace app {
+
+/// The places of a chart, by the apps' ids, as they were last seen on a day.
+struct ChartDay {
+    kit::Instant day{};
+    std::map<std::string, std::int64_t> ranks{};
+};
+
+/// An app's time in a chart.
+struct ChartRun {
+    std::string id{};
+    std::string name{};
+    std::string developer{};
+    kit::Instant firstDay{};
+    kit::Instant lastDay{};
+    std::int64_t days = 0;  ///< on which it was seen
+    std::int64_t best = 0;
+    std::int64_t last = 0;  ///< its rank on the last day
+
+    bool operator==(const ChartRun&) const = default;
+};
+
+/// How charts moved from day to day, by UTC: of each day its last look is kept, for a year.
+class ChartHistory {
+public:
+    using Kind = kit::AppStoreCharts::Kind;
+
+    explicit ChartHistory(Database& database) : database_(database) {}
+
+    void note(Kind kind, const std::vector<kit::ChartEntry>& entries, kit::Instant now);
+
+    /// The last day before the one of `now` on which the chart was seen.
+    std::optional<ChartDay> dayBefore(Kind kind, kit::Instant now);
+
+    /// Every app that was seen: those of the last day first, by their rank then.
+    std::vector<ChartRun> runs(Kind kind);
+
+private:
+    Database& database_;
+};
+
+}  // namespace app
+
+template <>
+struct kit::JSONFields<app::ChartRun> {
+    using Run = app::ChartRun;
+    static constexpr auto fields = std::tuple{
+        field("id", &Run::id),
+        field("name", &Run::name),
+        field("developer", &Run::developer),
+        field("firstDay", &Run::firstDay),
+        field("lastDay", &Run::lastDay),
+        field("days", &Run::days),
+        field("best", &Run::best),
+        field("last", &Run::last),
+    };
+};

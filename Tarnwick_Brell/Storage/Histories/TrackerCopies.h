@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Storage/SQLite/Database.h"
+
+namespace app {
+
+struct TrackerCopy {
+    std::string body{};        ///< as it came
+    kit::Instant fetchedAt{};  ///< for the first time; see TrackerHealth::lastSuccess
+
+    bool operator==(const TrackerCopy&) const = default;
+};
+
+struct TrackerHealth {
+    std::int64_t failures = 0;  ///< since the last success
+    std::optional<std::string> lastError{};
+    std::optional<kit::Instant> lastAttempt{};
+    std::optional<kit::Instant> lastSuccess{};
+
+    bool operator==(const TrackerHealth&) const = default;
+};
+
+/// The last good answer of each tracker by name, and how its fetching goes.
+class TrackerCopies {
+public:
+    explicit TrackerCopies(Database& database) : database_(database) {}
+
+    std::optional<TrackerCopy> find(std::string_view name);
+    /// Writes nothing when the body is what is kept already: most answers are.
+    void keep(std::string_view name, const TrackerCopy& copy);
+    void drop(std::string_view name);
+
+    TrackerHealth health(std::string_view name);
+    void setHealth(std::string_view name, const TrackerHealth& health);
+
+    /// Where the answer before is kept: under the name with this behind it.
+    static constexpr std::string_view kBefore = "/before";
+
+    /// Of all names that begin so, only those that were asked for last stay: people look at
+    /// many symbols once.
+    void keepLastAsked(std::string_view prefix, std::size_t count);
+
+private:
+    Database& database_;
+};
+
+}  // namespace app

@@ -1,0 +1,145 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+struct sqlite3_value;
+
+namespace app {
+
+class Database;
+
+/// A prepared statement. Parameters and columns count from 0; bound text must outlive the
+/// next step(). Throws StoreError.
+class Statement {
+public:
+    Statement(Database& database, std::string_view sql);
+
+    Statement& bind(int index, std::string_view text);
+    Statement& bind(int index, std::int64_t number);
+    Statement& bind(int index, std::nullopt_t);
+    Statement& bind(int index, bool) = delete;
+    Statement& bind(int index, const char*) = delete;
+    template <class T>
+    Statement& bind(int index, const std::optional<T>& value) {
+        return value ? bind(index, *value) : bind(index, std::nullopt);
+    }
+
+    /// True while there is a row to read.
+    bool step();
+    /// Runs the statement to its end and makes it ready for the next use.
+    void run();
+    void reset();
+
+    std::string text(int column) const;
+    std::string_view view(int column) const;  ///< as text, valid until the next step
+    std::int64_t number(int column) const;
+    bool isNull(int column) const;
+    std::optional<std::string> optionalText(int column) const;
+    std::optional<std::string_view> optionalView(int column) const;
+    std::optional<std::int64_t> optionalNumber(int column) const;
+
+private:
+    void check(int code) const;
+
+    struct Finalizer {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    Database& database_;
+    std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
+};
+
+/// What SQL hands to a function of ours.
+class SQLValue {
+public:
+    explicit SQLValue(sqlite3_value* value) : value_(value) {}
+    std::int64_t number() const;
+    std::string_view text() const;  ///< valid during the call
+
+private:
+    sqlite3_value* value_;
+};
+
+/// One SQLite file, in WAL mode so that readers never wait for a writer. Used by one thread
+/// at a time.
+class Database {
+public:
+    enum class Access {
+        readWrite,  ///< creates the file when there is none
+        readOnly,   ///< also reads from a folder that may not be written, or on a full disk
+        unshared    ///< makes a file that nobody else knows yet, in one piece without a log
+    };
+
+    /// A library that lasts as long as its object.
+    static constexpr const char* kInMemory = ":memory:";
+
+    /// A temporary file without a name, for unshared use. It goes with its object.
+    static constexpr const char* kScratch = "";
+
+    Database(const std::filesystem::path& file, Access access);
+
+    void execute(const char* sql);
+
+    /// Makes `target`, which is open as unshared, equal to this library as it is now, page by
+    /// page. Others may write meanwhile. Throws StoreError when it is stopped.
+    void copyInto(Database& target, const std::stop_token& stop);
+
+    /// From now on every statement fails once `stop` is asked for.
+    void breakOffWhen(const std::stop_token& stop);
+
+    /// Once the flag is set, other programs are waited for half a second only. It must outlive
+    /// the database.
+    void hurryWhen(const std::atomic<bool>& flag);
+
+    /// A function of one argument for use in SQL. It always answers the same for the same
+    /// argument and doesn't throw.
+    using Function = std::function<std::int64_t(const SQLValue&)>;
+    void define(const char* name, Function function);
+
+    /// Rows changed by the last statement.
+    std::int64_t changes() const;
+    const std::filesystem::path& file() const { return file_; }
+
+private:
+    friend class Statement;
+    [[noreturn]] void fail(int code) const;
+    int open(const std::string& name, int flags);
+    int openForReading();
+    void useWriteAheadLog();
+
+    struct Closer {
+        void operator()(sqlite3* database) const;
+    };
+    std::filesystem::path file_;
+    std::unique_ptr<std::stop_token> stop_;  // SQLite holds its address
+    std::unique_ptr<sqlite3, Closer> handle_;
+    std::optional<std::stop_callback<std::function<void()>>> interruption_;
+};
+
+/// Rolled back unless committed.
+class Transaction {
+public:
+    /// `beforeCommit` is the last that happens in it.
+    explicit Transaction(Database& database, std::function<void()> beforeCommit = {});
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void commit();
+
+private:
+    Database& database_;
+    std::function<void()> beforeCommit_;
+    bool open_ = true;
+};
+
+}  // namespace app

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "NewsroomKit/Records/Instant.h"
+
+/// Instants as the library's columns hold them.
+namespace app {
+
+inline std::int64_t microseconds(kit::Instant instant) {
+    return instant.time_since_epoch().count();
+}
+
+inline kit::Instant instantOf(std::int64_t microsecondsSince1970) {
+    return kit::Instant(std::chrono::microseconds(microsecondsSince1970));
+}
+
+inline std::optional<std::int64_t> microseconds(const std::optional<kit::Instant>& instant) {
+    return instant ? std::optional(microseconds(*instant)) : std::nullopt;
+}
+
+inline std::optional<kit::Instant> instantOf(const std::optional<std::int64_t>& number) {
+    return number ? std::optional(instantOf(*number)) : std::nullopt;
+}
+
+}  // namespace app

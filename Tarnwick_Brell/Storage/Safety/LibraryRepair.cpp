@@ -1,0 +1,111 @@
+#include "Tarnwick_Brell/Storage/Safety/LibraryRepair.h"
+
+#include <string>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "Tarnwick_Brell/Storage/SQLite/Database.h"
+#include "Tarnwick_Brell/Storage/Files/DurableFiles.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryCheck.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryRestore.h"
+#include "Tarnwick_Brell/Storage/Tables/Schema.h"
+#include "Tarnwick_Brell/Storage/Tables/StoryTable.h"
+
+namespace app {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Without those of the search index, which is made anew from the stories.
+std::vector<std::string> tablesOf(Database& database) {
+    Statement rows(database,
+                   "SELECT name FROM sqlite_schema WHERE type = 'table' "
+                   "AND name NOT LIKE 'storySearch%' AND name NOT LIKE 'sqlite_%'");
+    std::vector<std::string> tables;
+    while (rows.step()) tables.push_back(rows.text(0));
+    return tables;
+}
+
+/// A file that goes with its owner.
+struct TemporaryCopy {
+    fs::path file;
+    explicit TemporaryCopy(fs::path name) : file(std::move(name)) { remove(); }
+    ~TemporaryCopy() { remove(); }
+    TemporaryCopy(const TemporaryCopy&) = delete;
+    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
+    void remove() const {
+        std::error_code ignored;
+        fs::remove(file, ignored);
+    }
+};
+
+/// Every page as it is, with what lies in the log: what is attached is opened for writing.
+void copyPages(const fs::path& library, const fs::path& copy) {
+    Database source(library, Database::Access::readOnly);
+    if (isOutdated(source)) {
+        throw StoreError(StoreError::Reason::olderVersion,
+                         "The library " + library.string() +
+                             " is of an older version, which can't be repaired. \"brell library "
+                             "restore\" puts its last good backup in its place.");
+    }
+    Database target(copy, Database::Access::unshared);
+    source.copyInto(target, {});
+}
+
+void copyRows(Database& target, const fs::path& damaged) {
+    const auto name = damaged.string();
+    Statement(target, "ATTACH ? AS damaged").bind(0, name).run();
+    Transaction transaction(target);
+    for (const auto& table : tablesOf(target)) {
+        target.execute(("DELETE FROM " + table).c_str());
+        // The condition keeps SQLite from copying the indexes of equal tables as they are. Of two
+        // rows that a damaged index let in for one, the first stays.
+        target.execute(("INSERT OR IGNORE INTO main." + table + " SELECT * FROM damaged." + table +
+                        " NOT INDEXED WHERE TRUE")
+                           .c_str());
+    }
+    target.execute("INSERT INTO storySearch (storySearch) VALUES ('rebuild')");
+    transaction.commit();
+    target.execute("DETACH damaged");
+}
+
+void requireSoundCopy(Database& target, const fs::path& library) {
+    auto fault = firstFault(target, CheckDepth::full);
+    if (!fault) fault = searchIndexFault(target);
+    if (fault) throw damagedLibrary(library, *fault);
+}
+
+}  // namespace
+
+void copyTables(const fs::path& library, const fs::path& copy) {
+    std::error_code ignored;
+    fs::remove(copy, ignored);
+    try {
+        const TemporaryCopy pages(copy.string() + "-pages");
+        copyPages(library, pages.file);
+        Database target(copy, Database::Access::unshared);
+        migrate(target);
+        copyRows(target, pages.file);
+        requireSoundCopy(target, library);
+    } catch (const StoreError&) {
+        fs::remove(copy, ignored);
+        throw;
+    }
+    makeDurable(copy);
+}
+
+Repair repairLibrary(const fs::path& library, kit::Instant now) {
+    const fs::path copy = library.string() + ".repairing";
+    copyTables(library, copy);
+    Repair repair;
+    repair.stories = [&copy] {
+        Database database(copy, Database::Access::readOnly);
+        return StoryTable(database).count();
+    }();
+    repair.setAside = *putInPlace(copy, library, now);
+    return repair;
+}
+
+}  // namespace app

@@ -1,0 +1,147 @@
+#include "Tarnwick_Brell/Storage/Safety/LibraryRestore.h"
+
+#include <system_error>
+
+#include <fmt/chrono.h>
+
+#include "Tarnwick_Brell/Storage/Safety/Backups.h"
+#include "Tarnwick_Brell/Storage/Files/DurableFiles.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryCheck.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryCopy.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryRepair.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
+
+namespace app {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// What SQLite keeps beside a library that is in use or was broken off.
+constexpr const char* kCompanions[] = {"-wal", "-shm"};
+
+bool isPresent(const fs::path& file) {
+    std::error_code ignored;
+    return fs::symlink_status(file, ignored).type() != fs::file_type::not_found;
+}
+
+bool isAnythingPresent(const fs::path& library) {
+    bool present = isPresent(library);
+    for (const char* ending : kCompanions)
+        present = present || isPresent(library.string() + ending);
+    return present;
+}
+
+/// A name beside the library under which nothing lies yet.
+fs::path freeName(const fs::path& library, kit::Instant now) {
+    const bool isDamaged = checkLibrary(library, CheckDepth::full).state == LibraryState::damaged;
+    const auto* why = isDamaged ? "damaged" : "replaced";
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(now);
+    const auto stem = (library.parent_path() / library.stem()).string();
+    for (int attempt = 1;; ++attempt) {
+        const auto further = attempt == 1 ? "" : fmt::format("-{}", attempt);
+        const fs::path name =
+            fmt::format("{}.{}-{:%Y%m%dT%H%M%SZ}{}.sqlite", stem, why, seconds, further);
+        if (!isAnythingPresent(name)) return name;
+    }
+}
+
+/// A log that stayed behind would be played into the library that comes next.
+void moveCompanions(const fs::path& library, const fs::path& name) {
+    for (const char* ending : kCompanions) {
+        const fs::path companion = library.string() + ending;
+        if (isPresent(companion)) moveIntoPlace(companion, name.string() + ending);
+    }
+}
+
+/// Gives the library a second name, so that there is one in its place at every moment; where
+/// the file system knows no second names, it moves.
+void giveName(const fs::path& library, const fs::path& name) {
+    if (!isPresent(library)) return;
+    std::error_code error;
+    fs::create_hard_link(library, name, error);
+    if (error) moveIntoPlace(library, name);
+}
+
+bool copyIfSound(const fs::path& candidate, const fs::path& copy) {
+    if (checkLibrary(candidate, CheckDepth::full).state != LibraryState::sound) return false;
+    copyLibrary(candidate, copy, CheckDepth::quick);
+    return true;
+}
+
+/// A copy that an earlier version made may have faults in its indexes that it did not look for.
+bool copyIfRepairable(const fs::path& candidate, const fs::path& copy) {
+    if (checkLibrary(candidate, CheckDepth::quick).state != LibraryState::sound) return false;
+    try {
+        copyTables(candidate, copy);
+    } catch (const StoreError& error) {
+        if (error.reason() != StoreError::Reason::damaged &&
+            error.reason() != StoreError::Reason::olderVersion) {
+            throw;
+        }
+        return false;
+    }
+    return true;
+}
+
+/// Copies the first sound backup to `copy`, or the first that can be repaired when none is sound.
+void copyFirstSound(const std::vector<fs::path>& candidates, const fs::path& copy,
+                    Restoration& restoration) {
+    for (const auto attempt : {copyIfSound, copyIfRepairable}) {
+        restoration.unsound.clear();
+        for (const auto& candidate : candidates) {
+            if (attempt(candidate, copy)) {
+                restoration.from = candidate;
+                return;
+            }
+            restoration.unsound.push_back(candidate);
+        }
+    }
+    throw StoreError(StoreError::Reason::damaged,
+                     candidates.size() == 1
+                         ? candidates.front().string() + " is no sound library of this desk."
+                         : "There is no sound backup of the library.");
+}
+
+}  // namespace
+
+Restoration restoreLibrary(const fs::path& library, const std::optional<fs::path>& chosen,
+                           kit::Instant now) {
+    std::vector<fs::path> candidates;
+    if (chosen) {
+        candidates.push_back(*chosen);
+    } else {
+        for (const auto& backup : Backups(library).all(now)) candidates.push_back(backup.file);
+    }
+    Restoration restoration;
+    // 1. The copy is whole, checked and on the disk before anything else is touched.
+    const fs::path copy = library.string() + ".restoring";
+    copyFirstSound(candidates, copy, restoration);
+    // 2. It takes the library's place.
+    restoration.setAside = putInPlace(copy, library, now);
+    return restoration;
+}
+
+std::optional<fs::path> putInPlace(const fs::path& copy, const fs::path& library,
+                                   kit::Instant now) {
+    std::optional<fs::path> setAside;
+    if (isAnythingPresent(library)) {
+        // 1. The old library gets its new name and loses its log.
+        setAside = freeName(library, now);
+        giveName(library, *setAside);
+        moveCompanions(library, *setAside);
+    }
+    // 2. One step puts the copy in its place.
+    moveIntoPlace(copy, library);
+    return setAside;
+}
+
+std::optional<fs::path> quarantineLibrary(const fs::path& library, kit::Instant now) {
+    if (!isAnythingPresent(library)) return std::nullopt;
+    const auto name = freeName(library, now);
+    moveCompanions(library, name);
+    if (isPresent(library)) moveIntoPlace(library, name);
+    return name;
+}
+
+}  // namespace app

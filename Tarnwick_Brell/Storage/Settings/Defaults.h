@@ -1,0 +1,79 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "NewsroomKit/Trackers/Market/StockQuote.h"
+#include "Tarnwick_Brell/Storage/Settings/SettingKey.h"
+
+class QSettings;
+
+namespace app {
+
+/// The user's settings: a key-value file. Reading never fails: a value that makes no sense
+/// counts as its key's rule says. Writing throws StoreError.
+class Defaults {
+public:
+    explicit Defaults(const std::filesystem::path& file);
+    ~Defaults();
+
+    static std::span<const SettingKey> keys() { return SettingKey::all(); }
+    /// Null when there is no such key.
+    static const SettingKey* key(std::string_view name) { return SettingKey::named(name); }
+
+    /// As stored; nothing when absent.
+    std::optional<std::string> text(std::string_view key) const;
+    /// Throws std::invalid_argument with a sentence for the user when the value does not
+    /// suit the key. The empty text removes the key.
+    void set(std::string_view key, std::string_view value);
+
+    /// Reads what other programs may have written.
+    void reload();
+
+    /// Minutes between two automatic passes: 5 when absent or 0, otherwise at least 2.
+    int refreshMinutes() const;
+
+    /// Seconds for which a story is kept: 365 days when absent or no whole number; a number
+    /// below 1 keeps stories for a hundred years.
+    double storyRetention() const;
+
+    /// An authority to trust for the update catalogue's host besides the usual ones.
+    std::optional<std::filesystem::path> updateCatalogueAuthority() const;
+
+    /// The models that firmware signing is asked for.
+    std::vector<std::string> signingDevices() const;
+
+    /// A key that takes "true" or "false".
+    bool isOn(std::string_view key) const;
+
+    kit::QuoteRange quoteRange() const;
+    std::string focusSymbol() const;
+    std::string serviceAddress() const;
+    std::string appearance() const;
+
+    /// What the desk itself remembers between two runs, under keys that are no settings. A
+    /// value that does not read counts as absent.
+    using Memory = std::map<std::string, std::string>;
+    std::optional<Memory> memory(std::string_view key) const;
+    void remember(std::string_view key, const Memory& memory);
+
+    static constexpr std::string_view kKnownServiceProblems = "knownServiceProblems";
+    static constexpr std::string_view kKnownBuilds = "knownBuilds";
+
+private:
+    /// In the form that suits the key, or what holds when the key is absent.
+    std::string suitable(std::string_view key) const;
+    std::optional<long long> wholeNumber(std::string_view key) const;
+    void write();
+
+    std::filesystem::path file_;
+    std::unique_ptr<QSettings> settings_;
+};
+
+}  // namespace app

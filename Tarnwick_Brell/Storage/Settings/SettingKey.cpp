@@ -1,0 +1,173 @@
+#include "Tarnwick_Brell/Storage/Settings/SettingKey.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+
+#include <QString>
+#include <fmt/format.h>
+
+#include "NewsroomKit/Addresses/WebAddress.h"
+#include "NewsroomKit/Log/Log.h"
+#include "NewsroomKit/Trackers/Signing/DeviceIdentifier.h"
+#include "NewsroomKit/Text/ASCII.h"
+#include "NewsroomKit/Text/Unicode.h"
+#include "NewsroomKit/Trackers/Market/StockQuote.h"
+#include "NewsroomKit/Trackers/TrackerAPI.h"
+
+namespace app {
+
+using kit::QuoteRange;
+using kit::rawValue;
+
+namespace {
+
+using Type = SettingKey::Type;
+
+constexpr std::array kQuoteRanges{rawValue(QuoteRange::day), rawValue(QuoteRange::week),
+                                  rawValue(QuoteRange::month), rawValue(QuoteRange::year)};
+
+constexpr std::array<std::string_view, 3> kAppearances{"system", "light", "dark"};
+
+// Of each line that Apple sells, some models: the others of a line are signed alike.
+constexpr std::string_view kCurrentDevices =
+    "iPhone18,3, iPhone18,4, iPhone18,1, iPhone17,5, iPad17,1, iPad15,3, iPad15,7, iPad16,1, "
+    "Mac16,12, Mac17,2";
+
+constexpr std::array kKeys{
+    SettingKey{SettingKey::kRefreshMinutes,
+               "minutes between two automatic refreshes, at least 2",
+               "5",
+               Type::wholeNumber,
+               {},
+               SettingKey::Range{2, 1440}},
+    SettingKey{SettingKey::kStoryRetentionDays,
+               "days for which stories are kept, 0 for ever",
+               "365",
+               Type::wholeNumber,
+               {},
+               SettingKey::Range{0, 36'500}},
+    SettingKey{SettingKey::kNotifications, "whether the desk may show notifications", "true",
+               Type::truthValue},
+    SettingKey{SettingKey::kAlertServiceStatus, "notify when an Apple service fails or returns",
+               "true", Type::truthValue},
+    SettingKey{SettingKey::kAlertReleases, "notify of new builds of Apple's systems", "true",
+               Type::truthValue},
+    SettingKey{SettingKey::kAlertStories, "notify of every new story", "false", Type::truthValue},
+    SettingKey{SettingKey::kAlertSound, "whether notifications sound", "false", Type::truthValue},
+    SettingKey{SettingKey::kFocusSymbol, "the symbol whose quote is followed", "AAPL",
+               Type::symbol},
+    SettingKey{SettingKey::kQuoteRange, "the time that the share's quote covers",
+               rawValue(QuoteRange::month), Type::choice, kQuoteRanges},
+    SettingKey{SettingKey::kServiceAddress, "where releases, calendar and quotes come from",
+               kit::TrackerAPI::kServiceAddress, Type::webAddress},
+    SettingKey{SettingKey::kUpdateCatalogueAuthority,
+               "certificate file to trust for Apple's update catalogue", "", Type::file},
+    SettingKey{SettingKey::kSigningDevices, "models for which firmware signing is followed",
+               kCurrentDevices, Type::deviceList},
+    SettingKey{SettingKey::kAppearance, "whether the window is light, dark or as the desktop is",
+               "system", Type::choice, kAppearances},
+    SettingKey{SettingKey::kLogLevels, "how much the program's log tells, also of one category",
+               "info", Type::logLevels},
+};
+
+constexpr std::size_t kLongestSymbol = 24;
+
+std::optional<std::string> truthValue(std::string_view text) {
+    constexpr std::array<std::string_view, 4> yes{"true", "on", "yes", "1"};
+    constexpr std::array<std::string_view, 4> no{"false", "off", "no", "0"};
+    const auto word = kit::lowercasedASCII(text);
+    if (std::ranges::find(yes, word) != yes.end()) return "true";
+    if (std::ranges::find(no, word) != no.end()) return "false";
+    return std::nullopt;
+}
+
+bool isNumberWithin(const std::optional<SettingKey::Range>& range, std::string_view text) {
+    bool good = false;
+    const auto number =
+        QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toLongLong(&good);
+    return good && (!range || (number >= range->least && number <= range->most));
+}
+
+/// "AAPL", "BRK.B", "^GSPC", "005930.KS", "GBPUSD=X".
+bool isSymbol(std::string_view text) {
+    constexpr std::string_view signs = ".^-=/:";
+    const bool fits = !text.empty() && text.size() <= kLongestSymbol;
+    return fits && std::ranges::all_of(text, [&](char c) {
+               return kit::isASCIIAlphanumeric(c) || signs.find(c) != std::string_view::npos;
+           });
+}
+
+/// Services know symbols in capital letters.
+std::string capitals(std::string_view text) {
+    std::string form(text);
+    for (auto& letter : form) {
+        if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
+    }
+    return form;
+}
+
+/// The client speaks HTTPS only, and the rest of the address is its own to add.
+bool isServiceAddress(std::string_view text) {
+    const auto address = kit::WebAddress::parse(text);
+    return address && address->scheme == "https" && !address->query && !address->fragment;
+}
+
+/// Each of them is a request in every round.
+std::optional<std::string> deviceList(std::string_view text) {
+    constexpr std::size_t kMost = 40;
+    const auto devices = kit::parseDeviceList(text);
+    if (!devices || devices->empty() || devices->size() > kMost) return std::nullopt;
+    return fmt::format("{}", fmt::join(*devices, ", "));
+}
+
+std::string wanted(const SettingKey& key) {
+    switch (key.type) {
+        case Type::wholeNumber:
+            return key.range ? fmt::format("a whole number from {} to {}", key.range->least,
+                                           key.range->most)
+                             : "a whole number";
+        case Type::truthValue: return "\"true\" or \"false\"";
+        case Type::choice: return fmt::format("one of {}", fmt::join(key.choices, ", "));
+        case Type::symbol: return "the symbol of a share or an index";
+        case Type::webAddress: return "an address that begins with https:// and names a host";
+        case Type::file: return "a file that can be read";
+        case Type::deviceList: return "a list of models such as \"iPhone18,3, iPad16,1\"";
+        case Type::logLevels: return "a level such as \"warning\" or \"info,http=debug\"";
+    }
+    throw std::logic_error("a setting without a type");
+}
+
+std::optional<std::string> suitable(const SettingKey& key, std::string_view value) {
+    bool good = false;
+    switch (key.type) {
+        case Type::wholeNumber: good = isNumberWithin(key.range, value); break;
+        case Type::truthValue: return truthValue(value);
+        case Type::choice: good = std::ranges::find(key.choices, value) != key.choices.end(); break;
+        case Type::symbol: return isSymbol(value) ? std::optional(capitals(value)) : std::nullopt;
+        case Type::webAddress: good = isServiceAddress(value); break;
+        case Type::file: good = std::filesystem::is_regular_file(value); break;
+        case Type::deviceList: return deviceList(value);
+        case Type::logLevels: good = kit::LogLevels::complaint(value).empty(); break;
+    }
+    return good ? std::optional(std::string(value)) : std::nullopt;
+}
+
+}  // namespace
+
+std::span<const SettingKey> SettingKey::all() { return kKeys; }
+
+const SettingKey* SettingKey::named(std::string_view name) {
+    const auto found = std::ranges::find(kKeys, name, &SettingKey::name);
+    return found == kKeys.end() ? nullptr : &*found;
+}
+
+std::string SettingKey::stored(std::string_view value) const {
+    if (auto form = suitable(*this, value)) return *std::move(form);
+    throw std::invalid_argument(
+        fmt::format("\"{}\" is not {}, which {} needs.", value, wanted(*this), name));
+}
+
+}  // namespace app

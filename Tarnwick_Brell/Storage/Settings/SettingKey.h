@@ -1,0 +1,60 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace app {
+
+/// One key of the settings: what it means, what holds when it is absent, what it takes.
+struct SettingKey {
+    enum class Type {
+        wholeNumber,
+        truthValue,
+        choice,
+        symbol,
+        webAddress,
+        file,
+        deviceList,
+        logLevels
+    };
+
+    std::string_view name;
+    std::string_view meaning;
+    std::string_view absent;  ///< the value that holds when the key is absent
+    Type type;
+    std::span<const std::string_view> choices{};
+
+    struct Range {
+        long long least;
+        long long most;
+    };
+    std::optional<Range> range{};  ///< of a whole number
+
+    /// Those that the user sets.
+    static std::span<const SettingKey> all();
+    /// Null when there is no such key.
+    static const SettingKey* named(std::string_view name);
+
+    /// The value in the form in which it is stored ("on" as "true", "aapl" as "AAPL"). Throws
+    /// std::invalid_argument with a sentence for the user when it does not suit the key.
+    std::string stored(std::string_view value) const;
+
+    static constexpr std::string_view kRefreshMinutes = "refreshMinutes";
+    static constexpr std::string_view kStoryRetentionDays = "storyRetentionDays";
+    static constexpr std::string_view kUpdateCatalogueAuthority = "updateCatalogueAuthority";
+    static constexpr std::string_view kSigningDevices = "signingDevices";
+    static constexpr std::string_view kNotifications = "notifications";
+    static constexpr std::string_view kAlertServiceStatus = "alertServiceStatus";
+    static constexpr std::string_view kAlertReleases = "alertReleases";
+    static constexpr std::string_view kAlertStories = "alertStories";
+    static constexpr std::string_view kAlertSound = "alertSound";
+    static constexpr std::string_view kQuoteRange = "quoteRange";
+    static constexpr std::string_view kFocusSymbol = "focusSymbol";
+    static constexpr std::string_view kServiceAddress = "serviceAddress";
+    static constexpr std::string_view kAppearance = "appearance";
+    static constexpr std::string_view kLogLevels = "logLevels";
+};
+
+}  // namespace app

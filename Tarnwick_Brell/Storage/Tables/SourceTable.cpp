@@ -1,0 +1,151 @@
+#include "Tarnwick_Brell/Storage/Tables/SourceTable.h"
+
+#include "NewsroomKit/Sources/SourceJSON.h"
+#include "Tarnwick_Brell/Storage/SQLite/Instants.h"
+
+namespace app {
+
+namespace {
+
+std::optional<std::int64_t> column(const std::optional<kit::Instant>& instant) {
+    return instant ? std::optional(microseconds(*instant)) : std::nullopt;
+}
+
+std::optional<kit::Instant> instantAt(const Statement& row, int index) {
+    const auto number = row.optionalNumber(index);
+    return number ? std::optional(instantOf(*number)) : std::nullopt;
+}
+
+std::string recordOf(const kit::NewsSource& source) {
+    return boost::json::serialize(kit::encode(source));
+}
+
+std::vector<kit::NewsSource> records(Statement rows) {
+    std::vector<kit::NewsSource> sources;
+    while (rows.step()) {
+        sources.push_back(kit::decode<kit::NewsSource>(kit::parseJSON(rows.text(0))));
+    }
+    return sources;
+}
+
+}  // namespace
+
+std::vector<kit::NewsSource> SourceTable::customSources() {
+    return records(Statement(
+        database_, "SELECT record FROM customSources WHERE removedAt IS NULL ORDER BY position"));
+}
+
+std::vector<kit::NewsSource> SourceTable::removedSources() {
+    return records(Statement(
+        database_,
+        "SELECT record FROM customSources WHERE removedAt IS NOT NULL ORDER BY position"));
+}
+
+void SourceTable::add(const kit::NewsSource& source) {
+    const auto record = recordOf(source);
+    Statement statement(database_, "INSERT INTO customSources (id, record) VALUES (?, ?)");
+    statement.bind(0, source.id).bind(1, record);
+    statement.run();
+}
+
+void SourceTable::restore(const kit::NewsSource& source) {
+    const auto record = recordOf(source);
+    Statement statement(database_,
+                        "UPDATE customSources SET record = ?2, removedAt = NULL, "
+                        "position = (SELECT max(position) + 1 FROM customSources) WHERE id = ?1");
+    statement.bind(0, source.id).bind(1, record);
+    statement.run();
+}
+
+void SourceTable::update(const kit::NewsSource& source) {
+    const auto record = recordOf(source);
+    Statement statement(database_, "UPDATE customSources SET record = ?2 WHERE id = ?1");
+    statement.bind(0, source.id).bind(1, record);
+    statement.run();
+}
+
+void SourceTable::remove(std::string_view id, kit::Instant now) {
+    Statement bury(database_,
+                   "UPDATE customSources SET removedAt = ?2 WHERE id = ?1 AND removedAt IS NULL");
+    bury.bind(0, id).bind(1, microseconds(now)).run();
+    for (const auto* sql :
+         {"DELETE FROM sourceSwitches WHERE id = ?", "DELETE FROM sourceStatus WHERE id = ?"}) {
+        Statement(database_, sql).bind(0, id).run();
+    }
+}
+
+std::map<std::string, bool> SourceTable::switches() {
+    Statement rows(database_, "SELECT id, enabled FROM sourceSwitches");
+    std::map<std::string, bool> switches;
+    while (rows.step()) switches.emplace(rows.text(0), rows.number(1) != 0);
+    return switches;
+}
+
+void SourceTable::setEnabled(std::string_view id, bool enabled) {
+    Statement statement(database_,
+                        "INSERT OR REPLACE INTO sourceSwitches (id, enabled) VALUES (?, ?)");
+    statement.bind(0, id).bind(1, std::int64_t{enabled});
+    statement.run();
+}
+
+std::map<std::string, SourceStatus> SourceTable::statuses() {
+    Statement rows(database_,
+                   "SELECT id, lastAttempt, lastSuccess, lastError, storyCount FROM sourceStatus");
+    std::map<std::string, SourceStatus> statuses;
+    while (rows.step()) {
+        statuses.emplace(rows.text(0), SourceStatus{.lastAttempt = instantAt(rows, 1),
+                                                    .lastSuccess = instantAt(rows, 2),
+                                                    .lastError = rows.optionalText(3),
+                                                    .storyCount = rows.number(4)});
+    }
+    return statuses;
+}
+
+void SourceTable::setStatus(std::string_view id, const SourceStatus& status) {
+    Statement statement(
+        database_,
+        "INSERT INTO sourceStatus (id, lastAttempt, lastSuccess, lastError, storyCount) "
+        "VALUES (?1, ?2, ?3, ?4, ?5) ON CONFLICT (id) DO UPDATE SET lastAttempt = ?2, "
+        "lastSuccess = ?3, lastError = ?4, storyCount = ?5");
+    statement.bind(0, id).bind(1, column(status.lastAttempt)).bind(2, column(status.lastSuccess));
+    statement.bind(3, status.lastError).bind(4, status.storyCount);
+    statement.run();
+}
+
+std::map<std::string, SourceHealth> SourceTable::healths() {
+    Statement rows(database_,
+                   "SELECT id, failingSince, latency, bytes, lastFullFetch, newestStory, "
+                   "collapsed, collided, movedTo FROM sourceStatus");
+    std::map<std::string, SourceHealth> healths;
+    while (rows.step()) {
+        healths.emplace(rows.text(0), SourceHealth{.failingSince = instantAt(rows, 1),
+                                                   .latency = rows.optionalNumber(2),
+                                                   .bytes = rows.optionalNumber(3),
+                                                   .lastFullFetch = instantAt(rows, 4),
+                                                   .newestStory = instantAt(rows, 5),
+                                                   .collapsed = rows.number(6),
+                                                   .collided = rows.number(7),
+                                                   .movedTo = rows.optionalText(8)});
+    }
+    return healths;
+}
+
+void SourceTable::setHealth(std::string_view id, const SourceHealth& health) {
+    Statement statement(database_,
+                        "UPDATE sourceStatus SET failingSince = ?2, latency = ?3, bytes = ?4, "
+                        "lastFullFetch = ?5, newestStory = ?6, collapsed = ?7, collided = ?8, "
+                        "movedTo = ?9 WHERE id = ?1");
+    statement.bind(0, id).bind(1, column(health.failingSince));
+    statement.bind(2, health.latency).bind(3, health.bytes);
+    statement.bind(4, column(health.lastFullFetch)).bind(5, column(health.newestStory));
+    statement.bind(6, health.collapsed).bind(7, health.collided).bind(8, health.movedTo);
+    statement.run();
+}
+
+bool SourceTable::isRemoved(std::string_view id) {
+    Statement row(database_, "SELECT 1 FROM customSources WHERE id = ? AND removedAt IS NOT NULL");
+    row.bind(0, id);
+    return row.step();
+}
+
+}  // namespace app

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "NewsroomKit/Sources/NewsSource.h"
+#include "Tarnwick_Brell/Storage/Tables/SourceStatus.h"
+#include "Tarnwick_Brell/Storage/SQLite/Database.h"
+
+namespace app {
+
+/// What the library knows about sources beyond the catalogue: the user's own, which ones are
+/// switched on or off, and how their fetching went.
+class SourceTable {
+public:
+    explicit SourceTable(Database& database) : database_(database) {}
+
+    /// In the order in which they were added.
+    std::vector<kit::NewsSource> customSources();
+    /// Those of the user's own that were removed. Their rows stay, so that no other program's
+    /// copy brings them back and their ids never name anything else.
+    std::vector<kit::NewsSource> removedSources();
+
+    bool isRemoved(std::string_view id);
+
+    /// Its id must be new; removed sources keep theirs.
+    void add(const kit::NewsSource& source);
+    /// Brings a removed source back, behind all others.
+    void restore(const kit::NewsSource& source);
+    /// Writes a source of the user's own again, in its place.
+    void update(const kit::NewsSource& source);
+    /// Forgets the source's switch and status with it.
+    void remove(std::string_view id, kit::Instant now);
+
+    /// Only sources that the user has switched are in it.
+    std::map<std::string, bool> switches();
+    void setEnabled(std::string_view id, bool enabled);
+
+    std::map<std::string, SourceStatus> statuses();
+    void setStatus(std::string_view id, const SourceStatus& status);
+
+    std::map<std::string, SourceHealth> healths();
+    /// Of a source that has a status.
+    void setHealth(std::string_view id, const SourceHealth& health);
+
+private:
+    Database& database_;
+};
+
+}  // namespace app

@@ -1,0 +1,166 @@
+#include "Tarnwick_Brell/Storage/Tables/StoryTable.h"
+
+#include <limits>
+
+#include <fmt/format.h>
+
+#include "Tarnwick_Brell/Storage/SQLite/Instants.h"
+#include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
+
+namespace app {
+
+namespace {
+
+constexpr std::string_view kSelection =
+    "SELECT s.id, s.link, s.title, s.summary, s.author, s.publishedAt, s.imageURL, s.sourceID, "
+    "s.sourceName, s.destinationName, s.isAppleSource, s.kind, s.sourcing, s.wordpressID, "
+    "s.articleLink, s.credits, s.firstSeen, s.arrival, s.number, m.readAt, m.savedAt "
+    "FROM stories s LEFT JOIN marks m ON m.number = s.number ";
+
+constexpr std::string_view kUnsaved =
+    "number NOT IN (SELECT number FROM marks WHERE savedAt IS NOT NULL)";
+
+template <class E>
+E enumAt(const Statement& row, int column, E fallback) {
+    return kit::enumFromRaw<E>(row.view(column)).value_or(fallback);
+}
+
+std::optional<kit::Instant> instantAt(const Statement& row, int column) {
+    const auto number = row.optionalNumber(column);
+    return number ? std::optional(instantOf(*number)) : std::nullopt;
+}
+
+std::vector<std::int64_t> numbers(Statement& statement) {
+    std::vector<std::int64_t> all;
+    while (statement.step()) all.push_back(statement.number(0));
+    return all;
+}
+
+}  // namespace
+
+std::string_view StoryTable::selection() { return kSelection; }
+
+StoryView StoryTable::view(const Statement& row) {
+    StoryView story;
+    story.id = row.view(0);
+    story.link = row.view(1);
+    story.title = row.view(2);
+    story.summary = row.view(3);
+    story.author = row.optionalView(4);
+    story.publishedAt = instantOf(row.number(5));
+    story.imageURL = row.optionalView(6);
+    story.sourceID = row.view(7);
+    story.sourceName = row.view(8);
+    story.destinationName = row.optionalView(9);
+    story.isAppleSource = row.number(10) != 0;
+    story.kind = enumAt(row, 11, kit::StoryKind::coverage);
+    story.sourcing = enumAt(row, 12, kit::Sourcing::unlabeled);
+    story.wordpressID = row.optionalNumber(13);
+    story.articleLink = row.optionalView(14);
+    if (const auto credits = row.view(15); credits != "[]") story.credits = credits;
+    story.firstSeen = instantOf(row.number(16));
+    story.arrival = enumAt(row, 17, Arrival::fresh);
+    story.number = row.number(18);
+    story.readAt = instantAt(row, 19);
+    story.savedAt = instantAt(row, 20);
+    return story;
+}
+
+StoredStory StoryTable::read(const Statement& row) { return view(row).stored(); }
+
+void StoryTable::eachInWireOrder(std::optional<kit::Instant> since, const Visitor& visit) {
+    eachViewInWireOrder(since, [&](const StoryView& story) { return visit(story.stored()); });
+}
+
+void StoryTable::eachViewInWireOrder(std::optional<kit::Instant> since,
+                                     const std::function<bool(const StoryView&)>& visit) {
+    Statement rows(database_,
+                   fmt::format("{} WHERE s.number >= ? ORDER BY s.number DESC", kSelection));
+    rows.bind(0, since ? firstStoryNumber(*since) : std::numeric_limits<std::int64_t>::min());
+    while (rows.step()) {
+        if (!visit(view(rows))) break;
+    }
+}
+
+void StoryTable::eachChangedAfter(std::int64_t stamp, const Visitor& visit) {
+    Statement rows(database_,
+                   fmt::format("{} WHERE s.number IN (SELECT number FROM stories WHERE stamp > ?1 "
+                               "UNION SELECT number FROM marks WHERE stamp > ?1)",
+                               kSelection));
+    rows.bind(0, stamp);
+    while (rows.step()) {
+        if (!visit(read(rows))) break;
+    }
+}
+
+std::vector<StoredStory> StoryTable::findByID(std::string_view prefix, std::size_t limit) {
+    // Ids are hexadecimal, so "g" lies behind everything that the prefix begins.
+    Statement rows(
+        database_,
+        fmt::format("{} WHERE s.id >= ?1 AND s.id < ?1 || 'g' ORDER BY s.id LIMIT ?2", kSelection));
+    rows.bind(0, prefix).bind(1, static_cast<std::int64_t>(limit));
+    std::vector<StoredStory> found;
+    while (rows.step()) {
+        found.push_back(read(rows));
+        if (found.back().story.id == prefix) break;
+    }
+    return found;
+}
+
+std::optional<StoredStory> StoryTable::findByNumber(std::int64_t number) {
+    Statement row(database_, fmt::format("{} WHERE s.number = ?", kSelection));
+    row.bind(0, number);
+    return row.step() ? std::optional(read(row)) : std::nullopt;
+}
+
+std::vector<EarlierWording> StoryTable::earlierWordings(std::int64_t number) {
+    Statement rows(database_,
+                   "SELECT w.title, w.replacedAt FROM wordings w JOIN stories s USING (number) "
+                   "WHERE w.number = ? AND w.title <> s.title ORDER BY w.replacedAt");
+    rows.bind(0, number);
+    std::vector<EarlierWording> wordings;
+    while (rows.step()) wordings.push_back({rows.text(0), instantOf(rows.number(1))});
+    return wordings;
+}
+
+std::size_t StoryTable::count() {
+    Statement row(database_, "SELECT count(*) FROM stories");
+    row.step();
+    return static_cast<std::size_t>(row.number(0));
+}
+
+std::vector<std::int64_t> StoryTable::dropPublishedBefore(kit::Instant cutoff, kit::Instant now) {
+    constexpr std::chrono::days season(90);
+    Statement forget(database_, "DELETE FROM departed WHERE lastSeen < ?");
+    forget.bind(0, microseconds(now - season));
+    forget.run();
+    Statement old(database_,
+                  fmt::format("SELECT id, publishedAt, firstSeen FROM stories WHERE number < ? "
+                              "AND {}",
+                              kUnsaved));
+    Statement remember(database_, "INSERT OR REPLACE INTO departed (id, lastSeen) VALUES (?, ?)");
+    old.bind(0, firstStoryNumber(cutoff));
+    while (old.step()) {
+        if (!isUndated(instantOf(old.number(1)), instantOf(old.number(2)))) continue;
+        remember.bind(0, old.view(0)).bind(1, microseconds(now));
+        remember.run();
+    }
+    Statement drop(database_, fmt::format("DELETE FROM stories WHERE number < ? AND {} "
+                                          "RETURNING number",
+                                          kUnsaved));
+    drop.bind(0, firstStoryNumber(cutoff));
+    return numbers(drop);
+}
+
+std::vector<std::int64_t> StoryTable::dropBeyond(std::size_t ceiling) {
+    const auto present = count();
+    if (present <= ceiling) return {};
+    Statement drop(database_,
+                   fmt::format("DELETE FROM stories WHERE number IN (SELECT number FROM stories "
+                               "WHERE {} ORDER BY number LIMIT ?) RETURNING number",
+                               kUnsaved));
+    drop.bind(0, static_cast<std::int64_t>(present - ceiling));
+    return numbers(drop);
+}
+
+}  // namespace app

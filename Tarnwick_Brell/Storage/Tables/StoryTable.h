@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Storage/SQLite/Database.h"
+#include "Tarnwick_Brell/Storage/Tables/StoredStory.h"
+#include "Tarnwick_Brell/Storage/Tables/StoryView.h"
+
+namespace app {
+
+/// A headline that a story no longer has.
+struct EarlierWording {
+    std::string title{};
+    kit::Instant replacedAt{};
+};
+
+/// The stories of the library, for reading and dropping; StoryMerge adds to them.
+class StoryTable {
+public:
+    explicit StoryTable(Database& database) : database_(database) {}
+
+    using Visitor = std::function<bool(const StoredStory&)>;
+
+    /// Stories in the order of the wire (newest first), until `visit` says false.
+    void eachInWireOrder(std::optional<kit::Instant> since, const Visitor& visit);
+
+    /// The same without copies: a view is valid during its visit.
+    void eachViewInWireOrder(std::optional<kit::Instant> since,
+                             const std::function<bool(const StoryView&)>& visit);
+
+    /// Stories that were added or revised, or whose marks changed, after that stamp of
+    /// DeskState; in no order.
+    void eachChangedAfter(std::int64_t stamp, const Visitor& visit);
+
+    /// Stories whose id begins with `prefix`, at most `limit`; an exact id comes alone.
+    std::vector<StoredStory> findByID(std::string_view prefix, std::size_t limit);
+    std::optional<StoredStory> findByNumber(std::int64_t number);
+
+    /// What the story's headline was before, by the first time that each gave way.
+    std::vector<EarlierWording> earlierWordings(std::int64_t number);
+
+    std::size_t count();
+
+    /// Drops what was published before the moment, except what is saved. Returns the numbers
+    /// of what went. Undated stories are remembered for as long as their feed brings them, and
+    /// a season more.
+    std::vector<std::int64_t> dropPublishedBefore(kit::Instant cutoff, kit::Instant now);
+
+    /// Drops the oldest that are not saved until at most `ceiling` stories are left.
+    std::vector<std::int64_t> dropBeyond(std::size_t ceiling);
+
+    /// What a select of whole stories begins with, for rows that `read` understands; stories
+    /// are named "s" in it, their marks "m".
+    static std::string_view selection();
+    static StoredStory read(const Statement& row);
+    static StoryView view(const Statement& row);
+
+private:
+    Database& database_;
+};
+
+}  // namespace app

@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "NewsroomKit/Outlines/OutlineParser.h"
+#include "Tarnwick_Brell/Desk/SourceImport.h"
+#include "Tarnwick_Brell/Desk/SourceRegistry.h"
+#include "Tarnwick_Brell/Desk/SourceSchedule.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
+
+namespace app {
+namespace {
+
+using kit::Instant;
+using kit::NewsSource;
+
+Instant at(int second) { return Instant(std::chrono::seconds(second)); }
+
+class RosterTest : public ::testing::Test {
+protected:
+    std::string ownIDs() const {
+        std::string ids;
+        for (const auto& source : table_.customSources()) ids += source.id + " ";
+        return ids;
+    }
+
+    LocalStore store_{Database::kInMemory, Database::Access::readWrite};
+    SourceTable& table_{store_.sources()};
+    SourceRegistry roster_{table_};
+};
+
+TEST_F(RosterTest, IDsComeFromTheNameAndNeverNameTwoSources) {
+    const struct {
+        const char* name;
+        const char* feed;
+        const char* id;
+    } cases[] = {
+        {"Café & Bar — News!", "https://a.example/1", "cafe-bar-news"},
+        {"cafe bar news", "https://a.example/2", "cafe-bar-news-2"},
+        {"MacRumors", "https://a.example/3", "macrumors-2"},
+        {"日本語", "https://News.Example/4", "news-example"},
+        {"", "https://[::1]/5", "1"},
+        {"A very long name of a source that goes on and on and on", "https://a.example/6",
+         "a-very-long-name-of-a-source-that-goes-on-and-on"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(roster_.add(c.name, c.feed, "").id, c.id) << c.name;
+    EXPECT_EQ(roster_.findByFeed("http://A.example:80/2/?utm_source=x#y")->id, "cafe-bar-news-2");
+    EXPECT_EQ(roster_.findByFeed("https://a.example/7"), nullptr);
+    EXPECT_EQ(roster_.find("news-example")->siteURL, "https://news.example/");
+}
+
+TEST_F(RosterTest, ARemovedSourceStaysAwayKeepsItsIDAndComesBackUnderIt) {
+    roster_.add("One", "https://a.example/1", "");
+    roster_.add("Two", "https://a.example/2", "");
+    roster_.setEnabled("one", false);
+    table_.setStatus("one", {.lastError = "The server answered 404."});
+    EXPECT_TRUE(roster_.remove("one", at(5)));
+    EXPECT_FALSE(roster_.remove("one", at(6))) << "it is gone";
+    EXPECT_FALSE(roster_.remove("macrumors", at(6))) << "the catalogue stays";
+    EXPECT_EQ(ownIDs(), "two ");
+    EXPECT_EQ(roster_.findByFeed("https://a.example/1"), nullptr);
+    EXPECT_EQ(roster_.find("two")->name, "Two") << "the others are still found";
+
+    EXPECT_EQ(roster_.add("One", "https://other.example/", "").id, "one-2")
+        << "its stories still have the id";
+    for (SourceRegistry roster : {roster_, SourceRegistry(table_)}) {
+        auto undone = store_.transaction();
+        EXPECT_EQ(roster.add("One again", "https://A.example/1/", "").id, "one");
+        EXPECT_TRUE(roster.isEnabled(*roster.find("one")));
+        EXPECT_EQ(ownIDs(), "two one-2 one ");
+        EXPECT_FALSE(table_.statuses().contains("one")) << "it starts anew";
+    }
+}
+
+TEST_F(RosterTest, RenamingAndSwitchingOutliveTheRoster) {
+    roster_.add("One", "https://a.example/1", "https://site.example/");
+    EXPECT_TRUE(roster_.rename("one", "Uno"));
+    EXPECT_FALSE(roster_.rename("macrumors", "X"));
+    roster_.setEnabled("one", false);
+    roster_.setEnabled("swift-org", true);
+    const SourceRegistry again(table_);
+    EXPECT_EQ(*again.find("one"), *roster_.find("one"));
+    EXPECT_EQ(again.find("one")->name, "Uno");
+    EXPECT_FALSE(again.isEnabled(*again.find("one")));
+    EXPECT_EQ(again.enabledSources(), roster_.enabledSources());
+    EXPECT_EQ(again.enabledSources().size(), 20u);
+}
+
+TEST_F(RosterTest, AnImportIsShownFirstAndThenAddsWhatIsStillNew) {
+    roster_.add("Mine", "https://mine.example/feed", "");
+    const kit::Outlines outlines{
+        .title = "List",
+        .feeds = {{.title = "Mine too", .feedURL = "https://MINE.example/feed/"},
+                  {.title = "Wired up",
+                   .feedURL = "https://a.example/1",
+                   .siteURL = "https://a.example/"},
+                  {.feedURL = "https://b.example/2", .folders = {"Macs"}}},
+        .skipped = {{"Runs", kit::OutlineRefusal::command}}};
+    const auto preview = previewImport(outlines, roster_);
+    EXPECT_EQ(ownIDs(), "mine ") << "nothing has changed yet";
+    ASSERT_EQ(preview.fresh.size(), 2u);
+    EXPECT_EQ(preview.fresh[1].title, "b.example");
+    ASSERT_EQ(preview.known.size(), 1u);
+    EXPECT_EQ(preview.known[0].source.id, "mine");
+    EXPECT_EQ(preview.refused, outlines.skipped);
+
+    SourceRegistry elsewhere(table_);
+    elsewhere.add("Added meanwhile", "https://a.example/1", "");
+    const auto added = applyImport(preview, store_, roster_);
+    ASSERT_EQ(added.size(), 1u);
+    EXPECT_EQ(added[0].id, "b-example");
+    EXPECT_EQ(ownIDs(), "mine added-meanwhile b-example ");
+
+    const auto own = exportedSources(roster_, ExportScope::own);
+    EXPECT_EQ(own.feeds.size(), 3u);
+    roster_.setEnabled("mine", false);
+    EXPECT_EQ(exportedSources(roster_, ExportScope::subscribed).feeds.size(), 19u + 3u);
+    EXPECT_EQ(exportedSources(roster_, ExportScope::subscribed).feeds[0].folders.at(0), "Apple");
+}
+
+TEST_F(RosterTest, FiveThousandFeedsOfOneNameAreAddedInNoTime) {
+    kit::Outlines outlines;
+    for (std::size_t i = 0; i < kit::outlineLimit; ++i) {
+        outlines.feeds.push_back(
+            {.title = "Blog", .feedURL = "https://a.example/" + std::to_string(i)});
+    }
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(applyImport(previewImport(outlines, roster_), store_, roster_).size(), 5000u);
+    // A fifth of a second, with sanitizers two; comparing each with each would take a minute.
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(8));
+}
+
+TEST(SourceSchedule, TheNextTryIsTheLatestOfWhatHoldsTheSourceBack) {
+    const NewsSource slow{
+        .id = "s", .feedURL = "https://old.reddit.com/r/x/.rss", .minimumInterval = 600};
+    const NewsSource quick{.id = "q", .feedURL = "https://q.example/"};
+    const struct {
+        const char* name;
+        NewsSource source;
+        std::optional<Instant> lastAttempt;
+        Pauses pauses;
+        std::optional<Instant> next;
+    } cases[] = {
+        {"never asked", slow, std::nullopt, {}, std::nullopt},
+        {"no interval", quick, at(900), {}, std::nullopt},
+        {"within its interval", slow, at(900), {}, at(1500)},
+        {"after it", slow, at(400), {}, std::nullopt},
+        {"a clock set back", slow, at(5000), {}, std::nullopt},
+        {"another host pauses", quick, at(900), {{"p.example", at(2000)}}, std::nullopt},
+        {"its host pauses", quick, at(900), {{"q.example", at(2000)}}, at(2000)},
+        {"a pause that is over", quick, at(900), {{"q.example", at(1000)}}, std::nullopt},
+        {"a pause within the interval", slow, at(900), {{"reddit.com", at(1200)}}, at(1500)},
+        {"a pause beyond it", slow, at(900), {{"reddit.com", at(1700)}}, at(1700)},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(nextTry(c.source, {.lastAttempt = c.lastAttempt}, c.pauses, at(1000)), c.next)
+            << c.name;
+    }
+}
+
+}  // namespace
+}  // namespace app
