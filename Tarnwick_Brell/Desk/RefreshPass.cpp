@@ -220,7 +220,7 @@ private:
     bool answered_ = false;
 };
 
-RefreshPass::RefreshPass(LocalStore& store, FetchStack& engine, kit::SteadyClock clock,
+RefreshPass::RefreshPass(LocalStore& store, FetchStack& engine, kit::Clock clock,
                          PassSettings settings, Listener listener)
     : store_(store),
       engine_(engine),
