@@ -217,7 +217,7 @@ QString SidebarModel::footText() const {
     return failing > 0 ? tr("%1, %n failing", nullptr, failing).arg(sources) : sources;
 }
 
-std::vector<SidebarModel::Destination> SidebarModel::destinations() const {
+std::vector<SidebarModel::NamedDestination> SidebarModel::destinations() const {
     std::vector<SidebarRow> rows;
     addNewsrooms(rows);
     addWire(rows);
@@ -226,7 +226,7 @@ std::vector<SidebarModel::Destination> SidebarModel::destinations() const {
         if (desk_.enabledSourceIDs().contains(source.id)) rows.push_back(sourceRow(source));
     }
     addTrackers(rows);
-    std::vector<Destination> destinations;
+    std::vector<NamedDestination> destinations;
     for (const auto& row : rows) {
         if (const auto place = Destination::fromKey(row.key)) {
             const auto symbol = row.kind == SidebarKind::Source

@@ -88,14 +88,14 @@ public:
     SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStore& trackers,
                  QObject* parent = nullptr);
 
-    /// A place that can be opened, for those who list places elsewhere too.
-    struct Destination {
+    /// For lists of destinations elsewhere, such as the palette's.
+    struct NamedDestination {
         Destination place;
         QString title;
         QString symbol;
     };
     /// All that are there, those of closed groups included.
-    std::vector<Destination> destinations() const;
+    std::vector<NamedDestination> destinations() const;
 
     QAbstractListModel* rows() { return &rows_; }
     const QString& foot() const { return foot_; }
