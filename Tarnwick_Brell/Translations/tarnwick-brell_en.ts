@@ -22,7 +22,7 @@
     </message>
 </context>
 <context>
-    <name>app::BackendPanel</name>
+    <name>app::BackendPanelModel</name>
     <message numerus="yes">
         <source>For %n models</source>
         <translation>
@@ -32,7 +32,7 @@
     </message>
 </context>
 <context>
-    <name>app::BriefPanel</name>
+    <name>app::BriefPanelModel</name>
     <message numerus="yes">
         <source>Apple posted %n times, last: %1</source>
         <translation>
@@ -42,7 +42,7 @@
     </message>
 </context>
 <context>
-    <name>app::ChartPanel</name>
+    <name>app::ChartPanelModel</name>
     <message numerus="yes">
         <source>up %n places</source>
         <translation>
@@ -69,7 +69,7 @@
     </message>
 </context>
 <context>
-    <name>app::ClaimsPanel</name>
+    <name>app::ClaimsPanelModel</name>
     <message numerus="yes">
         <source>%n outlets</source>
         <translation>
@@ -79,7 +79,7 @@
     </message>
 </context>
 <context>
-    <name>app::CountdownPanel</name>
+    <name>app::CountdownPanelModel</name>
     <message numerus="yes">
         <source>%n years</source>
         <translation>
@@ -103,7 +103,7 @@
     </message>
 </context>
 <context>
-    <name>app::CoveragePanel</name>
+    <name>app::CoveragePanelModel</name>
     <message numerus="yes">
         <source>first %n×</source>
         <translation>
@@ -223,7 +223,7 @@
     </message>
 </context>
 <context>
-    <name>app::StatusPanel</name>
+    <name>app::StatusPanelModel</name>
     <message numerus="yes">
         <source>%n incidents in 14 days</source>
         <translation>
@@ -233,7 +233,7 @@
     </message>
 </context>
 <context>
-    <name>app::StoryPanel</name>
+    <name>app::StoryPanelModel</name>
     <message numerus="yes">
         <source>%n unread</source>
         <translation>
@@ -243,7 +243,7 @@
     </message>
 </context>
 <context>
-    <name>app::TopStoriesPanel</name>
+    <name>app::TopStoriesPanelModel</name>
     <message numerus="yes">
         <source>%n outlets</source>
         <translation>

@@ -14,7 +14,7 @@ Shape {
     ShapePath {
         strokeColor: Theme.edge
         strokeWidth: Theme.line
-        strokeStyle: ShapePath.DashedLine
+        strokeStyle: ShapePath.DashLine
         dashPattern: line.vertical ? [1, 3] : [2, 3]
         capStyle: ShapePath.FlatCap
         fillColor: "transparent"

@@ -6,7 +6,7 @@ import TarnwickBrell.Models
 StoryPanelList {
     id: panel
 
-    required property StoryPanel content
+    required property StoryPanelModel content
 
     model: content.stories
     onOpened: index => content.open(index)
