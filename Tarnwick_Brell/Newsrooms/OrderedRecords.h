@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -15,10 +15,11 @@
 #include "NewsroomKit/Text/Folding.h"
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/Newsrooms/RecordChange.h"
+#include "Tarnwick_Brell/Storage/Tables/RecordRank.h"
 
 namespace app {
 
-/// One record of a shelf. One that can't be read is kept and shown as that.
+/// One of the user's ordered records. One that can't be read stays as it is stored.
 template <class T>
 struct RecordEntry {
     std::string id{};
@@ -26,24 +27,24 @@ struct RecordEntry {
     std::optional<T> value{};
     std::string fault{};   ///< why it can't be read, with the path of the fault
     std::string record{};  ///< of one that can't be read, as it is stored
-    std::int64_t position = 0;
+    std::string rank{};    ///< see RecordRank.h
 
     bool isReadable() const { return value.has_value(); }
     bool operator==(const RecordEntry&) const = default;
 };
 
-/// The user's newsrooms or beats, in the user's order: a value that tells, for each change, what
-/// is to be written. T is a record with `id` and `name`.
+/// The user's newsrooms or beats, in the user's order. Each change returns what must be written to
+/// their table. T is a record with `id` and `name`.
 template <class T>
 class OrderedRecords {
 public:
     using Entry = RecordEntry<T>;
 
     static OrderedRecords read(RecordTable& table) {
-        OrderedRecords shelf;
-        for (auto& row : table.all()) shelf.entries_.push_back(entryOf(std::move(row)));
-        for (auto& row : table.removed()) shelf.removed_.push_back(entryOf(std::move(row)));
-        return shelf;
+        OrderedRecords records;
+        for (auto& row : table.all()) records.entries_.push_back(entryOf(std::move(row)));
+        for (auto& row : table.removed()) records.removed_.push_back(entryOf(std::move(row)));
+        return records;
     }
 
     const std::vector<Entry>& entries() const { return entries_; }
@@ -87,15 +88,15 @@ public:
     /// Writes the record in its place, or behind all others when its id is new.
     RecordChange put(T value) {
         Entry entry{.id = value.id.text(), .name = value.name, .value = std::move(value)};
-        RecordChange write{.kind = RecordChange::Kind::put,
-                           .id = entry.id,
-                           .record = kit::json::serialize(kit::encode(*entry.value))};
         const auto place = placeIn(entries_, entry.id);
+        entry.rank = place == entries_.end() ? rankBetween(lastRank(), "") : place->rank;
+        RecordChange write{.kind = RecordChange::Kind::put,
+                           .row = {.id = entry.id,
+                                   .record = kit::json::serialize(kit::encode(*entry.value)),
+                                   .rank = entry.rank}};
         if (place == entries_.end()) {
-            entry.position = lastPosition() + 1;
             entries_.push_back(std::move(entry));
         } else {
-            entry.position = place->position;
             *place = std::move(entry);
         }
         return write;
@@ -115,7 +116,7 @@ public:
         const auto removed = placeIn(removed_, id);
         if (removed == removed_.end()) return std::nullopt;
         const auto behind = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
-            return entry.position > removed->position;
+            return std::tie(entry.rank, entry.id) > std::tie(removed->rank, removed->id);
         });
         entries_.insert(behind, std::move(*removed));
         removed_.erase(removed);
@@ -129,15 +130,16 @@ public:
         auto moved = std::move(*from);
         entries_.erase(from);
         place = std::min(place, entries_.size());
-        entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(place), std::move(moved));
-        return renumbered();
+        const auto before = place == 0 ? std::string() : entries_[place - 1].rank;
+        const auto at = entries_.begin() + static_cast<std::ptrdiff_t>(place);
+        return rerank(entries_.insert(at, std::move(moved)), before);
     }
 
     bool operator==(const OrderedRecords&) const = default;
 
 private:
     static Entry entryOf(RecordTable::Row row) {
-        Entry entry{.id = std::move(row.id), .position = row.position};
+        Entry entry{.id = std::move(row.id), .rank = std::move(row.rank)};
         try {
             const auto json = kit::parseJSON(row.record);
             // The name first: what can't be read as a whole may still have one.
@@ -169,23 +171,36 @@ private:
         return found;
     }
 
-    /// As RecordTable::order does.
-    RecordChange renumbered() {
-        RecordChange write{.kind = RecordChange::Kind::order};
-        const auto count = static_cast<std::int64_t>(entries_.size());
-        for (auto& entry : removed_) entry.position += count;
-        std::int64_t position = 0;
-        for (auto& entry : entries_) {
-            entry.position = ++position;
-            write.order.push_back(entry.id);
-        }
+    /// Gives the entry a rank behind `before`, and those behind it that would then stand before
+    /// it because their ranks equal `before`.
+    RecordChange rerank(typename std::vector<Entry>::iterator entry, std::string before) {
+        RecordChange write{.kind = RecordChange::Kind::move};
+        const auto tied = before;
+        do {
+            entry->rank = rankBetween(before, nextRank(before, entry->id));
+            before = entry->rank;
+            write.ranks.emplace_back(entry->id, entry->rank);
+        } while (++entry != entries_.end() && entry->rank <= tied);
         return write;
     }
 
-    std::int64_t lastPosition() const {
-        std::int64_t last = 0;
+    /// The lowest rank above `rank`, also of removed entries, whose places stay theirs. Empty when
+    /// there is none. `except` is the id of an entry that is to lose its rank.
+    std::string nextRank(const std::string& rank, const std::string& except) const {
+        std::string next;
         for (const auto* list : {&entries_, &removed_}) {
-            for (const auto& entry : *list) last = std::max(last, entry.position);
+            for (const auto& entry : *list) {
+                if (entry.id == except || entry.rank <= rank) continue;
+                if (next.empty() || entry.rank < next) next = entry.rank;
+            }
+        }
+        return next;
+    }
+
+    std::string lastRank() const {
+        std::string last;
+        for (const auto* list : {&entries_, &removed_}) {
+            for (const auto& entry : *list) last = std::max(last, entry.rank);
         }
         return last;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "NewsroomKit/Records/Instant.h"
@@ -8,14 +9,16 @@
 
 namespace app {
 
-/// What a change of a shelf asks of its table.
+/// What a change of ordered records writes to their table.
 struct RecordChange {
-    enum class Kind { put, remove, restore, order };
+    enum class Kind { put, remove, restore, move };
 
     Kind kind{};
-    std::string id{};                  ///< of what is put, removed or restored
-    std::string record{};              ///< of what is put
-    std::vector<std::string> order{};  ///< all ids
+    std::string id{};        ///< of what is removed or restored
+    RecordTable::Row row{};  ///< of what is put
+    /// Ids and ranks of what is moved: one record, unless two programs have given others the
+    /// same rank.
+    std::vector<std::pair<std::string, std::string>> ranks{};
 
     /// Throws StoreError.
     void applyTo(RecordTable& table, kit::Instant now) const;

@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "NewsroomKit/Log/Log.h"
-#include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 #include "Tarnwick_Brell/Storage/Safety/Backups.h"
 #include "Tarnwick_Brell/Storage/Safety/LibraryAccessLock.h"
 #include "Tarnwick_Brell/Storage/Tables/Schema.h"
+#include "Tarnwick_Brell/Storage/Tables/UntouchedNewsroom.h"
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
 namespace app {
@@ -37,13 +37,6 @@ std::optional<FileLock> use(const fs::path& file, Database::Access access) {
     return shareLibrary(file);
 }
 
-/// Every library starts with the built-in newsroom; who removes it has removed it.
-void beginNewsrooms(RecordTable& newsrooms) {
-    if (!newsrooms.isUntouched()) return;
-    const auto today = kit::NewsroomSpec::builtIn();
-    newsrooms.put(today.id.text(), kit::json::serialize(kit::encode(today)));
-}
-
 }  // namespace
 
 void LocalStore::begin(const fs::path& file) {
@@ -71,7 +64,7 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       validators_(database_),
       state_(database_),
       hostPauses_(database_),
-      newsrooms_(database_, "newsrooms"),
+      newsrooms_(database_, "newsrooms", &untouchedNewsroom),
       beats_(database_, "beats"),
       trackerCopies_(database_),
       incidents_(database_),
@@ -89,7 +82,6 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
         } else {
             migrate(database_);
         }
-        beginNewsrooms(newsrooms_);
     } else {
         requireCurrentSchema(database_);
     }

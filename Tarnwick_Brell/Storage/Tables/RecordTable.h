@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,40 +9,44 @@
 
 namespace app {
 
-/// Records of the user's own in an order of the user's own, each as JSON text under its id.
-/// The table does not read them. Removed ones stay, hidden, and can come back to their place.
+/// Records of the user's own, each as JSON text under its id, in the order of their ranks (see
+/// RecordRank.h) and of their ids where ranks are equal. The table does not read the records.
+/// Removed ones stay, hidden, and can come back to their place.
 class RecordTable {
 public:
-    /// `table` is a table of the schema with the columns id, position, record and removedAt.
-    RecordTable(Database& database, std::string_view table);
-
     struct Row {
         std::string id;
         std::string record;
-        std::int64_t position = 0;
+        std::string rank;
 
         bool operator==(const Row&) const = default;
     };
 
+    /// A record that every library has without storing it, until the user changes, moves or
+    /// removes it.
+    using BuiltIn = Row (*)();
+
+    /// `table` is a table of the schema with the columns id, rank, record and removedAt.
+    RecordTable(Database& database, std::string_view table, BuiltIn builtIn = nullptr);
+
     std::vector<Row> all();
     /// The last removed first.
     std::vector<Row> removed();
-    /// No record has ever been in it.
-    bool isUntouched();
 
-    /// Writes the record in its place, or behind all others when the id is new.
-    void put(std::string_view id, std::string_view record);
+    /// Writes a new record, or a changed one in its place.
+    void put(const Row& row);
     void remove(std::string_view id, kit::Instant now);
     void restore(std::string_view id);
-    /// These come first, in this order; what is not named follows in the order it had.
-    void order(const std::vector<std::string>& ids);
+    void setRank(std::string_view id, std::string_view rank);
 
 private:
     Statement statement(const std::string& sql);
     std::vector<Row> rows(const std::string& rest);
+    void storeBuiltIn(std::string_view id);
 
     Database& database_;
     std::string table_;
+    BuiltIn builtIn_;
 };
 
 }  // namespace app

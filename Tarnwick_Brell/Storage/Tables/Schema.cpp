@@ -6,15 +6,22 @@
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
+#include "Tarnwick_Brell/Storage/Tables/Version6.h"
 
 namespace app {
 
 namespace {
 
-// Each step leads from the version of its index to the next one. Steps are never changed
-// once released. Instants are microseconds since 1970; enumerations are their raw values.
-constexpr std::array<const char*, 5> kSteps{
-    R"sql(
+/// Leads from one version to the next. Steps are never changed once released.
+struct Step {
+    const char* sql;
+    void (*then)(Database&) = nullptr;  ///< what SQL can't say
+};
+
+// By the version that they start from. Instants are microseconds since 1970; enumerations are
+// their raw values.
+constexpr std::array<Step, 6> kSteps{{
+    {R"sql(
     CREATE TABLE stories (
         number INTEGER PRIMARY KEY,
         id TEXT NOT NULL UNIQUE,
@@ -41,12 +48,12 @@ constexpr std::array<const char*, 5> kSteps{
     CREATE TABLE sourceStatus (id TEXT PRIMARY KEY, lastAttempt INTEGER, lastSuccess INTEGER,
                                lastError TEXT, storyCount INTEGER NOT NULL) WITHOUT ROWID;
     CREATE TABLE validators (url TEXT PRIMARY KEY, entityTag TEXT, lastModified TEXT) WITHOUT ROWID;
-    )sql",
+    )sql"},
 
     // A story's number is its place in the wire (see StoryNumber.h): rows lie on disk in that
     // order, and the full-text index, which answers by number, answers newest first.
     // "stamp" counts the writing transactions, so that a desk finds what another program changed.
-    R"sql(
+    {R"sql(
     CREATE TABLE deskState (key TEXT PRIMARY KEY, value) WITHOUT ROWID;
     INSERT INTO deskState VALUES ('stamp', 1);
 
@@ -131,12 +138,12 @@ constexpr std::array<const char*, 5> kSteps{
     ALTER TABLE sourceStatus ADD COLUMN collided INTEGER NOT NULL DEFAULT 0;
     ALTER TABLE sourceStatus ADD COLUMN movedTo TEXT;
     CREATE TABLE hostPauses (host TEXT PRIMARY KEY, until INTEGER NOT NULL) WITHOUT ROWID;
-    )sql",
+    )sql"},
 
     // Newsrooms and beats are kept as they are written to files: a record that this version
     // can't read stays as it is. Removed ones stay too, for the undo and so that no other
     // program's copy brings them back.
-    R"sql(
+    {R"sql(
     CREATE TABLE newsrooms (id TEXT PRIMARY KEY, position INTEGER NOT NULL,
                             record TEXT NOT NULL, removedAt INTEGER);
     CREATE TABLE beats (id TEXT PRIMARY KEY, position INTEGER NOT NULL,
@@ -170,11 +177,11 @@ constexpr std::array<const char*, 5> kSteps{
                          channel TEXT NOT NULL, build TEXT NOT NULL, record TEXT NOT NULL,
                          firstSeen INTEGER NOT NULL, replacedAt INTEGER);
     CREATE INDEX buildsByChannel ON builds (platform, channel, firstSeen);
-    )sql",
+    )sql"},
 
     // What changed from one look to the next at what Apple signs and offers, for good, and the
     // places in the App Store's charts as they were last seen on each day.
-    R"sql(
+    {R"sql(
     CREATE TABLE signingChanges (number INTEGER PRIMARY KEY, device TEXT NOT NULL,
                                  deviceName TEXT NOT NULL, version TEXT NOT NULL,
                                  build TEXT NOT NULL, signed INTEGER NOT NULL,
@@ -185,18 +192,30 @@ constexpr std::array<const char*, 5> kSteps{
     CREATE TABLE chartRanks (chart TEXT NOT NULL, day INTEGER NOT NULL, rank INTEGER NOT NULL,
                              app TEXT NOT NULL, name TEXT NOT NULL, developer TEXT NOT NULL,
                              PRIMARY KEY (chart, day, rank)) WITHOUT ROWID;
-    )sql",
+    )sql"},
 
     // The desk itself writes new and revised stories into the full-text index, all those of a
     // transaction at once (see SearchIndex.h).
-    R"sql(
+    {R"sql(
     DROP TRIGGER storyAdded;
     DROP TRIGGER storyRevised;
     -- Its pieces become larger and are merged less often. Eight of a size cost a search little.
     INSERT INTO storySearch (storySearch, rank) VALUES ('hashsize', 4194304);
     INSERT INTO storySearch (storySearch, rank) VALUES ('automerge', 8);
+    )sql"},
+
+    // Records have ranks instead of numbers, so that moving one writes one. The newsroom that every
+    // library starts with is no record until the user changes it.
+    {R"sql(
+    ALTER TABLE newsrooms RENAME TO formerNewsrooms;
+    ALTER TABLE beats RENAME TO formerBeats;
+    CREATE TABLE newsrooms (id TEXT PRIMARY KEY, rank TEXT NOT NULL, record TEXT NOT NULL,
+                            removedAt INTEGER);
+    CREATE TABLE beats (id TEXT PRIMARY KEY, rank TEXT NOT NULL, record TEXT NOT NULL,
+                        removedAt INTEGER);
     )sql",
-};
+     &completeVersion6},
+}};
 
 // What the steps need to know about stories and SQL does not.
 void defineStoryFunctions(Database& database) {
@@ -226,7 +245,8 @@ void migrate(Database& database) {
     const auto version = versionOf(database);
     refuseNewer(database, version);
     for (auto step = static_cast<std::size_t>(version); step < kSteps.size(); ++step) {
-        database.execute(kSteps[step]);
+        database.execute(kSteps[step].sql);
+        if (kSteps[step].then) kSteps[step].then(database);
     }
     database.execute(("PRAGMA user_version = " + std::to_string(kSteps.size())).c_str());
     transaction.commit();

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <random>
+
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -53,17 +55,49 @@ TEST_F(ShelfAndTable, KeepTheSameOrderThroughEveryChange) {
     EXPECT_EQ(names(shelf.entries()), "d a b c ") << "back at their places";
 
     write(shelf.remove(b));
-    write(shelf.move(idOf("c"), 99));
+    write(shelf.move(idOf("a"), 99));
     write(shelf.put(beat("e")));
     write(shelf.restore(b));
-    EXPECT_EQ(names(shelf.entries()), "d a c b e ");
+    EXPECT_EQ(names(shelf.entries()), "d b c a e ") << "its place is still before c";
 
     auto changed = *shelf.find(b)->value;
     changed.name = "B";
     write(shelf.put(changed));
-    EXPECT_EQ(names(shelf.entries()), "d a c B e ") << "a changed one keeps its place";
+    EXPECT_EQ(names(shelf.entries()), "d B c a e ") << "a changed one keeps its place";
 
     EXPECT_FALSE(shelf.remove("unknown") || shelf.restore("unknown") || shelf.move("unknown", 0));
+}
+
+TEST_F(ShelfAndTable, KeepTheOrderOfAListThroughManyMovesOfOneRecordEach) {
+    std::vector<std::string> expected;
+    for (int i = 0; i < 40; ++i) {
+        expected.push_back(std::to_string(i));
+        write(shelf.put(beat(expected.back())));
+    }
+    std::minstd_rand random(7);
+    for (int i = 0; i < 300; ++i) {
+        const auto from = random() % expected.size(), to = random() % expected.size();
+        const auto moved = expected[from];
+        expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(from));
+        expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(to), moved);
+        const auto change = shelf.move(idOf(moved), to);
+        ASSERT_EQ(change->ranks.size(), 1u);
+        change->applyTo(store.beats(), kNow);
+    }
+    std::string list;
+    for (const auto& name : expected) list += name + " ";
+    EXPECT_EQ(names(shelf.entries()), list);
+    EXPECT_EQ(BeatShelf::read(store.beats()), shelf);
+}
+
+TEST_F(ShelfAndTable, MoveRecordsApartThatTwoProgramsGaveTheSameRank) {
+    for (const auto* name : {"a", "b", "c", "d"}) write(shelf.put(beat(name)));
+    for (const auto* name : {"a", "b", "c"}) store.beats().setRank(idOf(name), "i");
+    shelf = BeatShelf::read(store.beats());
+    const auto second = shelf.entries()[1].name, third = shelf.entries()[2].name;
+    const auto first = shelf.entries()[0].name;
+    write(shelf.move(idOf("d"), 1));
+    EXPECT_EQ(names(shelf.entries()), first + " d " + second + " " + third + " ");
 }
 
 TEST_F(ShelfAndTable, FindWhatAPersonMeans) {
@@ -91,7 +125,8 @@ TEST_F(ShelfAndTable, KeepWhatCannotBeRead) {
         {"2", "not json", "2", ""},
         {"3", R"([1])", "3", "an object is expected"},
     };
-    for (const auto& row : cases) store.beats().put(row.id, row.record);
+    for (const auto& row : cases)
+        store.beats().put({.id = row.id, .record = row.record, .rank = row.id});
     shelf = BeatShelf::read(store.beats());
     ASSERT_EQ(shelf.entries().size(), std::size(cases));
     for (std::size_t i = 0; i < std::size(cases); ++i) {
@@ -106,26 +141,44 @@ TEST_F(ShelfAndTable, KeepWhatCannotBeRead) {
     write(shelf.restore("2"));
 }
 
-TEST(NewsroomsOfALibrary, StartWithTodayOnce) {
-    const ::test::TemporaryFolder folder;
-    const auto file = folder.path() / "library.db";
-    NewsroomShelf first;
-    {
-        LocalStore store(file, Database::Access::readWrite);
-        first = NewsroomShelf::read(store.newsrooms());
-        ASSERT_EQ(first.entries().size(), 1u);
-        EXPECT_EQ(first.entries()[0].name, "Today");
-        EXPECT_EQ(first.entries()[0].id, kit::NewsroomSpec::kBuiltInID);
+class NewsroomsOfALibrary : public testing::Test {
+protected:
+    NewsroomShelf read() { return NewsroomShelf::read(store.newsrooms()); }
+    void write(const std::optional<RecordChange>& change) {
+        change->applyTo(store.newsrooms(), kNow);
     }
-    {
-        LocalStore again(file, Database::Access::readWrite);
-        auto shelf = NewsroomShelf::read(again.newsrooms());
-        EXPECT_EQ(shelf, first) << "its panels keep their ids";
-        shelf.remove(first.entries()[0].id)->applyTo(again.newsrooms(), kNow);
-    }
-    LocalStore without(file, Database::Access::readWrite);
-    EXPECT_TRUE(NewsroomShelf::read(without.newsrooms()).entries().empty())
-        << "who has removed it does not want it back";
+
+    LocalStore store{Database::kInMemory, Database::Access::readWrite};
+    const std::string today{kit::NewsroomSpec::kBuiltInID};
+};
+
+TEST_F(NewsroomsOfALibrary, StartWithTodayUntilItIsRemoved) {
+    auto shelf = read();
+    ASSERT_EQ(shelf.entries().size(), 1u);
+    EXPECT_EQ(shelf.entries()[0].name, "Today");
+    EXPECT_EQ(shelf.entries()[0].id, today);
+    EXPECT_EQ(read(), shelf) << "its panels have the same ids each time";
+
+    write(shelf.remove(today));
+    EXPECT_EQ(read(), shelf);
+    EXPECT_TRUE(read().entries().empty()) << "who has removed it does not want it back";
+    write(shelf.restore(today));
+    EXPECT_EQ(read(), shelf);
+}
+
+TEST_F(NewsroomsOfALibrary, KeepWhatTheUserMakesOfToday) {
+    auto shelf = read();
+    auto other = kit::NewsroomSpec::created({.id = kit::UUID::random(), .name = "Other"});
+    write(shelf.put(other));
+    EXPECT_EQ(read().entries()[1].name, "Other") << "behind the untouched one";
+    write(shelf.move(today, 1));
+    EXPECT_EQ(read(), shelf);
+    EXPECT_EQ(read().entries()[1].id, today);
+
+    auto changed = *shelf.find(today)->value;
+    changed.panels.pop_back();
+    write(shelf.put(changed));
+    EXPECT_EQ(*read().find(today)->value, changed);
 }
 
 TEST(ANewsroomFromAFile, StandsBesideWhatIsThere) {

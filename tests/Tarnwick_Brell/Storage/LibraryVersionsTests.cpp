@@ -2,7 +2,10 @@
 
 #include <fstream>
 #include <sstream>
+#include <string>
+#include <vector>
 
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "tests/Tarnwick_Brell/Storage/LibraryFile.h"
 #include "tests/support/TemporaryFolder.h"
@@ -15,6 +18,113 @@ std::string fixture(const char* name) {
     std::ostringstream text;
     text << file.rdbuf();
     return text.str();
+}
+
+/// A library as an earlier version left it.
+class EarlierLibrary {
+public:
+    explicit EarlierLibrary(int version) {
+        const auto name = "version-" + std::to_string(version) + ".sql";
+        Database(file_, Database::Access::readWrite).execute(fixture(name.c_str()).c_str());
+    }
+
+    const std::filesystem::path& file() const { return file_; }
+
+    /// The first column of what the statement selects.
+    std::string list(const std::string& sql) const {
+        Database database(file_, Database::Access::readOnly);
+        Statement rows(database, sql);
+        std::string list;
+        while (rows.step()) list += rows.text(0) + " ";
+        return list;
+    }
+
+private:
+    test::TemporaryFolder folder_;
+    std::filesystem::path file_ = folder_.path() / "library.sqlite";
+};
+
+std::string namesOf(const std::vector<RecordTable::Row>& rows) {
+    std::string names;
+    for (const auto& row : rows) {
+        names += kit::parseJSON(row.record).at("name").as_string().c_str() + std::string(" ");
+    }
+    return names;
+}
+
+TEST(LibraryVersions, EveryEarlierVersionComesOverWithWhatTheUserMade) {
+    const struct {
+        int version;
+        const char* stories;
+        const char* read;
+        const char* newsrooms;
+        const char* removedNewsrooms;
+        const char* beats;
+    } cases[] = {
+        {1, "b2 a1 c3 ", "", "Today ", "", ""},
+        {2, "a8e8e5a32fcf6fe b2 a1 c3 ", "b2 ", "Today ", "", ""},
+        {3, "a8e8e5a32fcf6fe b2 a1 c3 ", "b2 ", "Chips Today Later ", "Gone ", "Own Glass "},
+        {4, "a8e8e5a32fcf6fe b2 a1 c3 ", "b2 ", "Chips Today Later ", "Gone ", "Own Glass "},
+        {5, "a8e8e5a32fcf6fe b2 a1 c3 ", "b2 ", "Chips Today Later ", "Gone ", "Own Glass "},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.version);
+        const EarlierLibrary library(c.version);
+        LocalStore store(library.file(), Database::Access::readWrite);
+        std::string stories, read;
+        store.stories().eachInWireOrder(std::nullopt, [&](const StoredStory& stored) {
+            stories += stored.story.id + " ";
+            if (stored.readAt) read += stored.story.id + " ";
+            return true;
+        });
+        EXPECT_EQ(stories, c.stories);
+        EXPECT_EQ(read, c.read);
+        EXPECT_EQ(namesOf(store.newsrooms().all()), c.newsrooms);
+        EXPECT_EQ(namesOf(store.newsrooms().removed()), c.removedNewsrooms);
+        EXPECT_EQ(namesOf(store.beats().all()), c.beats);
+        EXPECT_EQ(store.sources().customSources().size(), 1u);
+        EXPECT_EQ(store.validators().load().size(), 1u);
+        store.search().each({.search = SearchText::parse("lisbon")}, [&](const StoredStory& found) {
+            EXPECT_EQ(found.story.id, "a1");
+            return true;
+        });
+        Database(library.file(), Database::Access::readWrite).execute(test::kCheckSearchIndex);
+    }
+}
+
+TEST(LibraryVersions, TodayIsARecordOnlyWhereTheUserHasChangedIt) {
+    const std::string today = "SELECT id FROM newsrooms WHERE id LIKE '8B3D5F20%'";
+    const struct {
+        const char* change;
+        bool isRecord;
+    } cases[] = {
+        {"", false},
+        {"UPDATE newsrooms SET record = replace(record, '\"newspaper\"', '\"bolt\"')", true},
+        {"UPDATE newsrooms SET record = replace(record, '\"width\":5', '\"width\":4')", true},
+        {"UPDATE newsrooms SET removedAt = 7", true},
+        {"UPDATE newsrooms SET record = '{}'", true},
+    };
+    for (const auto& c : cases) {
+        const EarlierLibrary library(5);
+        Database(library.file(), Database::Access::readWrite).execute(c.change);
+        LocalStore(library.file(), Database::Access::readWrite);
+        EXPECT_EQ(!library.list(today).empty(), c.isRecord) << c.change;
+    }
+}
+
+TEST(LibraryVersions, ALibraryOfALaterVersionIsLeftAlone) {
+    const EarlierLibrary library(5);
+    Database(library.file(), Database::Access::readWrite).execute("PRAGMA user_version = 7");
+    for (const auto access : {Database::Access::readWrite, Database::Access::readOnly}) {
+        try {
+            LocalStore(library.file(), access);
+            ADD_FAILURE() << "it was opened";
+        } catch (const StoreError& error) {
+            EXPECT_EQ(error.reason(), StoreError::Reason::newerVersion);
+            EXPECT_NE(std::string(error.what()).find("newer version"), std::string::npos);
+        }
+    }
+    EXPECT_EQ(library.list("PRAGMA user_version"), "7 ");
 }
 
 TEST(LibraryVersions, ALibraryOfTheFirstVersionComesOverWhole) {
