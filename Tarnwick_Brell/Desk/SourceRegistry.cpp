@@ -7,34 +7,12 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/SourceCatalog.h"
 #include "NewsroomKit/Stories/CanonicalLink.h"
-#include "NewsroomKit/Text/Folding.h"
 #include "Tarnwick_Brell/Desk/StoryIntake.h"
+#include "Tarnwick_Brell/Storage/Tables/SourceID.h"
 
 namespace app {
 
-namespace {
-
 using kit::NewsSource;
-
-constexpr std::size_t kLongestID = 48;
-
-/// "Café & Bar News" becomes "cafe-bar-news"; a name in another script gives nothing.
-std::string slug(std::string_view name) {
-    std::string id;
-    for (const char c : kit::fold(name)) {
-        const bool plain = (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
-        if (plain) {
-            id += c;
-        } else if (!id.empty() && id.back() != '-') {
-            id += '-';
-        }
-        if (id.size() == kLongestID) break;
-    }
-    while (id.ends_with('-')) id.pop_back();
-    return id;
-}
-
-}  // namespace
 
 SourceRegistry::SourceRegistry(SourceTable& table) : table_(table) { reload(); }
 
@@ -99,22 +77,10 @@ void SourceRegistry::setEnabled(std::string_view id, bool enabled) {
     switches_[std::string(id)] = enabled;
 }
 
-std::string SourceRegistry::freshID(std::string_view name, std::string_view host) {
-    std::string base = slug(name);
-    if (base.empty()) base = slug(host);
-    if (base.empty()) base = "source";
-    const auto isTaken = [&](const std::string& id) {
-        return find(id) != nullptr ||
-               std::any_of(removed_.begin(), removed_.end(),
-                           [&](const NewsSource& source) { return source.id == id; });
-    };
-    // Counting goes on where it ended, or a thousand feeds of one name would each count anew.
-    int& number = lastNumbers_[base];
-    std::string id;
-    do {
-        id = ++number == 1 ? base : base + "-" + std::to_string(number);
-    } while (isTaken(id));
-    return id;
+bool SourceRegistry::isTaken(const std::string& id) const {
+    return find(id) != nullptr ||
+           std::any_of(removed_.begin(), removed_.end(),
+                       [&](const NewsSource& source) { return source.id == id; });
 }
 
 NewsSource SourceRegistry::add(std::string_view name, std::string_view feedURL,
@@ -139,7 +105,7 @@ NewsSource SourceRegistry::add(std::string_view name, std::string_view feedURL,
         std::erase_if(removed_, [&](const NewsSource& other) { return other.id == source.id; });
         feeds_->removed.erase(canonical);
     } else {
-        source.id = freshID(source.name, address ? address->host : "");
+        source.id = sourceIDFor(feedURL, [this](const std::string& id) { return isTaken(id); });
         table_.add(source);
     }
     places_.emplace(source.id, sources_.size());

@@ -14,14 +14,14 @@
 namespace app {
 
 /// All sources of the desk: the catalogue, then the user's own, and which of them are on.
-/// Every change is written at once; when that throws, or its transaction is rolled back,
-/// `reload` brings the roster back to what the library has.
+/// Every change is written at once. When that throws, or its transaction is rolled back,
+/// `reload` restores what the library has.
 class SourceRegistry {
 public:
     explicit SourceRegistry(SourceTable& table);
 
-    /// Reads what other programs may have changed. Pointers into the roster end here, and
-    /// with every change.
+    /// Reads what other programs may have changed. Pointers to sources end here, and with every
+    /// change.
     void reload();
 
     const std::vector<kit::NewsSource>& sources() const { return sources_; }
@@ -35,9 +35,9 @@ public:
 
     void setEnabled(std::string_view id, bool enabled);
 
-    /// Adds a source of the user's own, switched on, and returns it. Its id is made from the
-    /// name (from the host when that gives none) and differs from all others, also of removed
-    /// sources. A feed that was removed comes back under its old id, which its stories have.
+    /// Adds a source of the user's own, switched on, and returns it. Its id is made from the feed's
+    /// address (see SourceID.h) and differs from all others, also of removed sources. A feed that
+    /// was removed comes back under its old id, which its stories have.
     kit::NewsSource add(std::string_view name, std::string_view feedURL, std::string_view siteURL);
 
     /// Both are for the user's own sources; of any other id they change nothing and say false.
@@ -55,14 +55,13 @@ private:
     void index();
     const Feeds& feeds() const;
     kit::NewsSource* findOwn(std::string_view id);
-    std::string freshID(std::string_view name, std::string_view host);
+    bool isTaken(const std::string& id) const;
 
     SourceTable& table_;
     std::vector<kit::NewsSource> sources_;
     std::vector<kit::NewsSource> removed_;
     std::map<std::string, bool> switches_;
     std::unordered_map<std::string, std::size_t> places_;  ///< in `sources_`, by id
-    std::unordered_map<std::string, int> lastNumbers_;     ///< given to ids, by what is before it
     mutable std::optional<Feeds> feeds_;
 };
 

@@ -205,7 +205,8 @@ constexpr std::array<Step, 6> kSteps{{
     )sql"},
 
     // Records have ranks instead of numbers, so that moving one writes one. The newsroom that every
-    // library starts with is no record until the user changes it.
+    // library starts with is no record until the user changes it. The ids of the user's own sources
+    // come from their addresses.
     {R"sql(
     ALTER TABLE newsrooms RENAME TO formerNewsrooms;
     ALTER TABLE beats RENAME TO formerBeats;
