@@ -7,7 +7,8 @@ namespace kit {
 
 boost::asio::awaitable<FetchedBody> fetchBody(HTTPClient& http, std::string address,
                                               std::size_t byteLimit) {
-    auto exchange = co_await http.exchange(std::move(address), Conditional::no, byteLimit);
+    HTTPClient::Request request{.url = std::move(address), .byteLimit = byteLimit};
+    auto exchange = co_await http.exchange(std::move(request));
     if (!exchange.result) co_return FetchedBody{exchange.result.error(), exchange.record};
     if (auto* fresh = std::get_if<HTTPClient::Fresh>(&exchange.result.value())) {
         co_return FetchedBody{std::move(fresh->body), exchange.record};

@@ -43,9 +43,9 @@ T info(CURL* easy, CURLINFO what) {
     return value;
 }
 
-std::string part(CURLU* url, CURLUPart which) {
+std::string part(CURLU* url, CURLUPart which, unsigned flags = 0) {
     char* text = nullptr;
-    if (curl_url_get(url, which, &text, 0) != CURLUE_OK) return {};
+    if (curl_url_get(url, which, &text, flags) != CURLUE_OK) return {};
     const std::unique_ptr<char, decltype(&curl_free)> owned(text, curl_free);
     return text;
 }
@@ -58,6 +58,14 @@ std::string resolved(const std::string& base, const std::string& reference) {
         return {};
     }
     return part(url.get(), CURLUPART_URL);
+}
+
+/// Scheme, host and port, which is also there when the address leaves it out.
+std::string originOf(const std::string& address) {
+    const std::unique_ptr<CURLU, CurlDeleter> url(curl_url());
+    if (curl_url_set(url.get(), CURLUPART_URL, address.c_str(), 0) != CURLUE_OK) return {};
+    return part(url.get(), CURLUPART_SCHEME) + "://" + part(url.get(), CURLUPART_HOST) + ":" +
+           part(url.get(), CURLUPART_PORT, CURLU_DEFAULT_PORT);
 }
 
 std::string numericText(const sockaddr* address) {
@@ -94,6 +102,7 @@ CurlTransfer::CurlTransfer(CurlEasy easy, TransportRequest request, const Transf
       rules_(rules),
       seenPublic_(request_.namedInPublic) {
     for (const auto& line : request_.headers) append(headers_, line);
+    setMethod();
     setOptions();
     setCallbacks();
     setAddress();
@@ -125,6 +134,24 @@ void CurlTransfer::setOptions() {
         set(easy, CURLOPT_CONNECT_TO, rules_.connectTo.get());
         set(easy, CURLOPT_PROXY, "");  // whatever the environment says
     }
+}
+
+void CurlTransfer::setMethod() {
+    if (request_.method == HTTPMethod::get) return;
+    CURL* easy = easy_.get();
+    // curl would keep the method where a redirect changes it, so such redirects are left to the
+    // caller.
+    followsRedirects_ = false;
+    // Else curl holds a large body back for a second, in case that the server refuses it.
+    append(headers_, "Expect:");
+    if (request_.method != HTTPMethod::remove || !request_.body.empty()) {
+        set(easy, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request_.body.size()));
+        set(easy, CURLOPT_POSTFIELDS, request_.body.c_str());
+    }
+    // On a kept connection that breaks, curl would send the request once more.
+    if (request_.method == HTTPMethod::post) set(easy, CURLOPT_FRESH_CONNECT, 1L);
+    if (request_.method == HTTPMethod::put) set(easy, CURLOPT_CUSTOMREQUEST, "PUT");
+    if (request_.method == HTTPMethod::remove) set(easy, CURLOPT_CUSTOMREQUEST, "DELETE");
 }
 
 void CurlTransfer::setCallbacks() {
@@ -200,6 +227,27 @@ std::optional<std::chrono::sys_seconds> CurlTransfer::date() const {
 bool CurlTransfer::follows(int status) const {
     return followsRedirects_ && status >= 300 && status <= 399 && status != 304 &&
            !header("Location").value_or("").empty();
+}
+
+std::string CurlTransfer::redirectTo(int status) const {
+    const bool repeats = status == 307 || status == 308;
+    const auto location = header("Location").value_or("");
+    if (request_.method == HTTPMethod::get || location.empty() || !(repeats || status == 303))
+        return {};
+    auto address = resolved(request_.url, std::string(location));
+    // A host's own authority must not speak for another host.
+    if (rules_.authorities.bundleFor(hostName()) != nullptr) return {};
+    if (repeats && originOf(address) != originOf(request_.url)) return {};
+    return address;
+}
+
+ResponseHeaders CurlTransfer::headers() const {
+    ResponseHeaders headers;
+    for (curl_header* each = nullptr;
+         (each = curl_easy_nextheader(easy_.get(), CURLH_HEADER, -1, each)) != nullptr;) {
+        headers.add(each->name, each->value);
+    }
+    return headers;
 }
 
 void CurlTransfer::noteRedirect(int status) {
@@ -285,9 +333,12 @@ std::size_t CurlTransfer::onBody(char* data, std::size_t size, std::size_t count
     return transfer.accept({data, size * count}) ? size * count : 0;
 }
 
-/// Sees what `onBody` does not: the body of a redirect, and one that decodes to nothing.
-int CurlTransfer::onProgress(void* self, curl_off_t, curl_off_t received, curl_off_t, curl_off_t) {
+/// Sees what `onBody` does not: the body of a redirect, one that decodes to nothing, and how much
+/// of a request's body the server has taken.
+int CurlTransfer::onProgress(void* self, curl_off_t, curl_off_t received, curl_off_t,
+                             curl_off_t sent) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
+    if (sent > std::exchange(transfer.bytesSent_, sent)) transfer.lastSign_ = Clock::now();
     if (static_cast<std::size_t>(received) <= transfer.request_.byteLimit + encodingSlack) return 0;
     if (!transfer.failure_) {
         transfer.failure_ = HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
@@ -370,6 +421,8 @@ TransportAnswer CurlTransfer::answer() const {
         answer.retryAfter = std::chrono::seconds(pause);
     }
     answer.date = date();
+    answer.headers = headers();
+    answer.redirectTo = redirectTo(answer.status);
     return answer;
 }
 

@@ -61,6 +61,7 @@ public:
 
 private:
     void setOptions();
+    void setMethod();
     void setCallbacks();
     void setAddress();
     void setTrust();
@@ -69,6 +70,8 @@ private:
     int status() const;
     std::optional<std::chrono::sys_seconds> date() const;
     bool follows(int status) const;
+    std::string redirectTo(int status) const;
+    ResponseHeaders headers() const;
     void noteRedirect(int status);
     bool headComplete();
     bool withinHeaderLimit(std::size_t bytes);
@@ -99,6 +102,7 @@ private:
     bool hasAsked_ = false;        ///< a connection stood, of the last address
     std::size_t headerBytes_ = 0;  ///< of all answers, trailers included
     bool followsRedirects_ = true;
+    curl_off_t bytesSent_ = 0;
     bool hasRoute_ = false;  ///< to one of the addresses tried so far
     bool refusedPrivate_ = false;
     bool seenPublic_;  ///< a peer so far was on the public network

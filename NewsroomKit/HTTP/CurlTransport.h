@@ -14,14 +14,18 @@
 #include <boost/asio/awaitable.hpp>
 
 #include "NewsroomKit/HTTP/HTTPClientError.h"
+#include "NewsroomKit/HTTP/HTTPMethod.h"
 #include "NewsroomKit/HTTP/PrivateAddress.h"
+#include "NewsroomKit/HTTP/ResponseHeaders.h"
 #include "NewsroomKit/HTTP/ValidatorTable.h"
 
 namespace kit {
 
-/// One GET over HTTPS.
+/// One request over HTTPS.
 struct TransportRequest {
     std::string url;
+    HTTPMethod method = HTTPMethod::get;
+    std::string body = {};                          ///< not of a GET
     std::vector<std::string> headers = {};          ///< lines of "Name: value"
     std::size_t byteLimit = 0;                      ///< of the decoded body
     std::chrono::milliseconds idleTimeout{15'000};  ///< without a byte, connecting included
@@ -30,12 +34,17 @@ struct TransportRequest {
     bool namedInPublic = false;
 };
 
-/// What came of it, redirects followed.
+/// What came of it. The redirects of a GET have been followed.
 struct TransportAnswer {
     std::optional<FetchError> failure = {};  ///< a status other than 304 outside 2xx is one
     int status = 0;                          ///< of the last answer; 0 when there was none
     std::string body = {};                   ///< decoded; only when nothing failed
     Validators validators = {};
+    ResponseHeaders headers = {};  ///< of the last answer, also when it is a failure
+    /// Where another method than GET is to be repeated (307, 308) or its result to be fetched
+    /// (303). Empty where that is not allowed: what is repeated stays with the origin that it was
+    /// written for, and of 301 and 302 nobody knows whether the method is meant to stay.
+    std::string redirectTo = {};
     std::uint64_t bytesOnWire = 0;                        ///< headers and encoded body
     std::optional<std::chrono::seconds> retryAfter = {};  ///< of a 429 or 503
     /// Where the server says the address lives now (301, 308), when the answer is good.

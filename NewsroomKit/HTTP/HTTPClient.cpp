@@ -27,6 +27,23 @@ bool isHTTPS(std::string_view url) {
            });
 }
 
+constexpr int kMostRedirects = 10;
+// Without a value curl sends no such header.
+const std::string kContentType = "Content-Type: ";
+
+/// What is to stand in a header must not begin another one.
+std::string inOneLine(std::string text) {
+    std::erase_if(text, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; });
+    return text;
+}
+
+/// The result of a request is fetched with a GET.
+void withoutBody(TransportRequest& request) {
+    request.method = HTTPMethod::get;
+    request.body.clear();
+    std::erase_if(request.headers, [](const auto& line) { return line.starts_with(kContentType); });
+}
+
 /// An address without what names the feed's reader: host and path, no query.
 std::string_view withoutQuery(std::string_view url) { return url.substr(0, url.find('?')); }
 
@@ -50,19 +67,20 @@ HTTPClient::HTTPClient(CurlTransport& transport, Configuration configuration)
 asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::fetch(std::string url,
                                                                    Conditional conditional,
                                                                    std::size_t byteLimit) {
-    auto done = co_await exchange(std::move(url), conditional, byteLimit);
+    Request request{.url = std::move(url), .conditional = conditional, .byteLimit = byteLimit};
+    auto done = co_await exchange(std::move(request));
     co_return std::move(done.result);
 }
 
-asio::awaitable<HTTPClient::Exchange> HTTPClient::exchange(std::string url, Conditional conditional,
-                                                           std::size_t byteLimit, NamedBy namedBy) {
+asio::awaitable<HTTPClient::Exchange> HTTPClient::exchange(Request request) {
     using Kind = HTTPClientError::Kind;
-    Record record;
-    if (!isHTTPS(url)) co_return Exchange{HTTPClientError{.kind = Kind::notHTTPS}, record};
+    Exchange done{HTTPClientError{.kind = Kind::notHTTPS}, {}};
+    if (!isHTTPS(request.url)) co_return done;
 
     const auto start = SteadyClock::now();
-    auto result = co_await attempt(url, conditional, byteLimit, namedBy, record);
-    if (result.has_error() && result.error().isRetryable()) {
+    done.result = co_await attempt(request, done);
+    const bool mayRepeat = request.method != HTTPMethod::post;
+    if (mayRepeat && done.result.has_error() && done.result.error().isRetryable()) {
         // Once cancelled, waiting for anything would throw: ask before each step.
         const auto isCancelled = [](const asio::cancellation_state& state) {
             return state.cancelled() != asio::cancellation_type::none;
@@ -71,25 +89,22 @@ asio::awaitable<HTTPClient::Exchange> HTTPClient::exchange(std::string url, Cond
             co_await pauseBeforeRetry();
         }
         if (isCancelled(co_await asio::this_coro::cancellation_state)) {
-            result = FetchError(URLError::cancelled);
+            done.result = FetchError(URLError::cancelled);
         } else {
-            result = co_await attempt(url, conditional, byteLimit, namedBy, record);
+            done.result = co_await attempt(request, done);
         }
     }
-    record.elapsed =
+    done.record.elapsed =
         std::chrono::duration_cast<std::chrono::microseconds>(SteadyClock::now() - start);
-    logExchange(url, result, record);
-    co_return Exchange{std::move(result), std::move(record)};
+    logExchange(request.url, done.result, done.record);
+    co_return done;
 }
 
-asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::attempt(const std::string& url,
-                                                                     Conditional conditional,
-                                                                     std::size_t byteLimit,
-                                                                     NamedBy namedBy,
-                                                                     Record& record) {
+asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::attempt(const Request& request,
+                                                                     Exchange& exchange) {
+    auto& record = exchange.record;
     ++record.attempts;
-    auto request = requestFor(url, conditional, byteLimit, namedBy);
-    auto answer = co_await transport_.perform(std::move(request));
+    auto answer = co_await performAndFollow(transportRequest(request));
     record.status = answer.status;
     record.bytesOnWire += answer.bytesOnWire;
     // What the first attempt was told still holds when the second one fails in another way.
@@ -97,32 +112,72 @@ asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::attempt(const std::
     record.movedTo = std::move(answer.movedTo);
     record.cameFromPublic = answer.cameFromPublic;
     record.date = answer.date;
+    exchange.headers = std::move(answer.headers);
 
     if (answer.failure) co_return *answer.failure;
     if (answer.status == 304) co_return Result(NotModified{});
+    if (request.method != HTTPMethod::get) co_return Result(Fresh{std::move(answer.body)});
     if (answer.body.empty()) {
         co_return FetchError(HTTPClientError{.kind = HTTPClientError::Kind::empty});
     }
-    if (conditional == Conditional::yes) validators_.store(url, std::move(answer.validators));
+    if (request.conditional == Conditional::yes)
+        validators_.store(request.url, std::move(answer.validators));
     co_return Result(Fresh{std::move(answer.body)});
 }
 
-TransportRequest HTTPClient::requestFor(const std::string& url, Conditional conditional,
-                                        std::size_t byteLimit, NamedBy namedBy) const {
-    TransportRequest request{.url = url,
-                             .byteLimit = byteLimit,
-                             .idleTimeout = configuration_.requestTimeout,
-                             .totalTimeout = configuration_.resourceTimeout,
-                             .namedInPublic = namedBy == NamedBy::publicPage};
-    request.headers = {"User-Agent: " + configuration_.userAgent, "Cache-Control: no-cache"};
-    if (conditional == Conditional::yes) {
-        const auto known = validators_.find(url);
-        if (known.entityTag) request.headers.push_back("If-None-Match: " + *known.entityTag);
-        if (known.lastModified) {
-            request.headers.push_back("If-Modified-Since: " + *known.lastModified);
+/// The transport follows the redirects of a GET itself.
+asio::awaitable<TransportAnswer> HTTPClient::performAndFollow(TransportRequest request) {
+    std::uint64_t bytes = 0;
+    for (int redirects = 0;; ++redirects) {
+        const auto start = SteadyClock::now();
+        auto answer = co_await transport_.perform(request);
+        answer.bytesOnWire = bytes += answer.bytesOnWire;
+        if (answer.redirectTo.empty()) co_return answer;
+        if (redirects == kMostRedirects) {
+            answer.failure = URLError::tooManyRedirects;
+            co_return answer;
+        }
+        if (!isHTTPS(answer.redirectTo)) {
+            answer.failure = HTTPClientError{.kind = HTTPClientError::Kind::notHTTPS};
+            co_return answer;
+        }
+        if (answer.status == 303) withoutBody(request);
+        request.url = std::move(answer.redirectTo);
+        request.namedInPublic = request.namedInPublic || answer.cameFromPublic;
+        request.totalTimeout -=
+            std::chrono::duration_cast<std::chrono::milliseconds>(SteadyClock::now() - start);
+        if (const auto state = co_await asio::this_coro::cancellation_state;
+            state.cancelled() != asio::cancellation_type::none) {
+            answer.failure = URLError::cancelled;
+            co_return answer;
         }
     }
-    return request;
+}
+
+TransportRequest HTTPClient::transportRequest(const Request& request) const {
+    TransportRequest wanted{
+        .url = request.url,
+        .method = request.method,
+        .body = request.body,
+        .byteLimit = request.byteLimit,
+        .idleTimeout = request.timeLimit.value_or(configuration_.requestTimeout),
+        .totalTimeout = request.timeLimit.value_or(configuration_.resourceTimeout),
+        .namedInPublic = request.namedBy == NamedBy::publicPage};
+    wanted.headers = {
+        "User-Agent: " + inOneLine(request.userAgent.value_or(configuration_.userAgent)),
+        "Cache-Control: no-cache"};
+    if (request.method != HTTPMethod::get) {
+        wanted.headers.push_back(kContentType + inOneLine(request.contentType));
+        return wanted;
+    }
+    if (request.conditional == Conditional::yes) {
+        const auto known = validators_.find(request.url);
+        if (known.entityTag) wanted.headers.push_back("If-None-Match: " + *known.entityTag);
+        if (known.lastModified) {
+            wanted.headers.push_back("If-Modified-Since: " + *known.lastModified);
+        }
+    }
+    return wanted;
 }
 
 asio::awaitable<void> HTTPClient::pauseBeforeRetry() const {

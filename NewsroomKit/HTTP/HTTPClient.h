@@ -10,11 +10,14 @@
 #include <boost/asio/awaitable.hpp>
 
 #include "NewsroomKit/HTTP/HTTPClientError.h"
+#include "NewsroomKit/HTTP/HTTPMethod.h"
+#include "NewsroomKit/HTTP/ResponseHeaders.h"
 #include "NewsroomKit/HTTP/ValidatorTable.h"
 
 namespace kit {
 
 class CurlTransport;
+struct TransportAnswer;
 struct TransportRequest;
 
 /// Whether a request tells the server which answer the caller already has.
@@ -26,6 +29,10 @@ enum class NamedBy { user, publicPage };
 /// The gate through which all feeds and web data are fetched: https only, every answer
 /// limited in size, one retry after a transient failure, conditional requests with the
 /// validators of the last answer.
+///
+/// A body is sent to the origin that it is meant for and to no other: a 307 or 308 that leads
+/// elsewhere is a failure. A 303 is followed with a GET, to any https address. A POST is not
+/// retried, because the server may have carried it out.
 ///
 /// Many coroutines may fetch through one client at once, from any thread.
 class HTTPClient {
@@ -39,6 +46,22 @@ public:
         std::chrono::milliseconds retryJitter{300};  ///< at most so much is added to the pause
     };
 
+    struct Request {
+        std::string url;
+        HTTPMethod method = HTTPMethod::get;
+        std::string body = {};
+        std::string contentType = {};  ///< of the body
+        Conditional conditional = Conditional::no;
+        std::size_t byteLimit = 0;  ///< of the answer's body
+        NamedBy namedBy = NamedBy::user;
+        /// Instead of the configuration's. Control characters are left out.
+        std::optional<std::string> userAgent = {};
+        /// Of an attempt as a whole, instead of both times of the configuration: the server may be
+        /// silent for so long.
+        std::optional<std::chrono::milliseconds> timeLimit = {};
+    };
+
+    /// The body may be empty only when the method was not GET.
     struct Fresh {
         std::string body;
     };
@@ -63,6 +86,7 @@ public:
     struct Exchange {
         FetchResult<Result> result;
         Record record;
+        ResponseHeaders headers = {};  ///< of the last answer, also when it is a failure
     };
 
     explicit HTTPClient(CurlTransport& transport) : HTTPClient(transport, Configuration{}) {}
@@ -71,22 +95,17 @@ public:
     boost::asio::awaitable<FetchResult<Result>> fetch(std::string url, Conditional conditional,
                                                       std::size_t byteLimit);
 
-    /// As `fetch`, with the record.
-    boost::asio::awaitable<Exchange> exchange(std::string url, Conditional conditional,
-                                              std::size_t byteLimit,
-                                              NamedBy namedBy = NamedBy::user);
+    /// Any request, with its record.
+    boost::asio::awaitable<Exchange> exchange(Request request);
 
     /// In memory only; whoever wants to keep it between runs exports and imports it.
     ValidatorTable& validators() { return validators_; }
 
 private:
-    TransportRequest requestFor(const std::string& url, Conditional conditional,
-                                std::size_t byteLimit, NamedBy namedBy) const;
+    TransportRequest transportRequest(const Request& request) const;
     boost::asio::awaitable<void> pauseBeforeRetry() const;
-    boost::asio::awaitable<FetchResult<Result>> attempt(const std::string& url,
-                                                        Conditional conditional,
-                                                        std::size_t byteLimit, NamedBy namedBy,
-                                                        Record& record);
+    boost::asio::awaitable<TransportAnswer> performAndFollow(TransportRequest request);
+    boost::asio::awaitable<FetchResult<Result>> attempt(const Request& request, Exchange& exchange);
 
     CurlTransport& transport_;
     Configuration configuration_;

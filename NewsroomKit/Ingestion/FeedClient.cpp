@@ -87,7 +87,9 @@ asio::awaitable<SourceFetch> FeedClient::fetch(NewsSource source) {
 
 asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const NewsSource& source,
                                                    Conditional conditional, NamedBy namedBy) {
-    auto exchange = co_await http_.exchange(address, conditional, kByteLimit, namedBy);
+    HTTPClient::Request request{
+        .url = address, .conditional = conditional, .byteLimit = kByteLimit, .namedBy = namedBy};
+    auto exchange = co_await http_.exchange(std::move(request));
     if (exchange.record.date) clockCheck_.add(clock_(), *exchange.record.date);
     SourceFetch fetch{.outcome = SourceFetch::Unchanged{}, .record = exchange.record};
     if (!exchange.result) {

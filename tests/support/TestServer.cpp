@@ -13,9 +13,8 @@ namespace {
 namespace asio = boost::asio;
 
 asio::awaitable<void> exchangeInto(std::optional<HTTPClient::Exchange>& place, HTTPClient& client,
-                                   std::string url, Conditional conditional,
-                                   std::size_t byteLimit) {
-    place = co_await client.exchange(std::move(url), conditional, byteLimit);
+                                   HTTPClient::Request request) {
+    place = co_await client.exchange(std::move(request));
 }
 
 CurlTransport::Options trusting(const pressroom::Server& server,
@@ -33,16 +32,22 @@ HTTPClient::Configuration impatient() {
             .retryJitter = std::chrono::milliseconds(5)};
 }
 
-HTTPClient::Exchange exchange(HTTPClient& client, std::string url, Conditional conditional,
-                              std::size_t byteLimit) {
+HTTPClient::Exchange exchange(HTTPClient& client, HTTPClient::Request request) {
     asio::io_context io;
     std::optional<HTTPClient::Exchange> done;
-    asio::co_spawn(io, exchangeInto(done, client, std::move(url), conditional, byteLimit),
+    asio::co_spawn(io, exchangeInto(done, client, std::move(request)),
                    [](std::exception_ptr failure) {
                        if (failure) std::rethrow_exception(failure);
                    });
     io.run();
     return std::move(done).value();
+}
+
+HTTPClient::Exchange exchange(HTTPClient& client, std::string url, Conditional conditional,
+                              std::size_t byteLimit) {
+    return exchange(client,
+                    HTTPClient::Request{
+                        .url = std::move(url), .conditional = conditional, .byteLimit = byteLimit});
 }
 
 std::string outcomeText(const FetchResult<HTTPClient::Result>& result) {

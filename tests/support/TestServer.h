@@ -17,6 +17,7 @@ using ::test::TemporaryFolder;
 /// Times short enough for tests.
 HTTPClient::Configuration impatient();
 
+HTTPClient::Exchange exchange(HTTPClient& client, HTTPClient::Request request);
 HTTPClient::Exchange exchange(HTTPClient& client, std::string url,
                               Conditional conditional = Conditional::no,
                               std::size_t byteLimit = 1000);

@@ -60,7 +60,9 @@ public:
 
 private:
     asio::awaitable<void> run(HTTPClient& client, std::string url) {
-        const auto done = co_await client.exchange(std::move(url), Conditional::yes, 1000);
+        HTTPClient::Request request{
+            .url = std::move(url), .conditional = Conditional::yes, .byteLimit = 1000};
+        const auto done = co_await client.exchange(std::move(request));
         outcome_ = outcomeText(done.result);
     }
 
