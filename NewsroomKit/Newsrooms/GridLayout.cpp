@@ -35,7 +35,7 @@ public:
         // 1. A kind is placed once, at its first mention.
         for (const auto kind : wanted) {
             const bool known = std::find(left_.begin(), left_.end(), kind) != left_.end();
-            if (!known && kind != PanelKind::clips) left_.push_back(kind);
+            if (!known && kindRow(kind).isOffered) left_.push_back(kind);
         }
     }
 

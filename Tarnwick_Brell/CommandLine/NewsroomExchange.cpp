@@ -1,6 +1,5 @@
 #include <fmt/format.h>
 
-#include "NewsroomKit/Newsrooms/PanelAlert.h"
 #include "NewsroomKit/Newsrooms/NewsroomFile.h"
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
@@ -19,7 +18,7 @@ namespace {
 
 /// Of what a panel with alerts on tells. Empty when its kind tells of nothing.
 std::string alertText(const kit::NewsroomSpec& spec, const kit::PanelSpec& panel) {
-    switch (alertOf(panel.kind)) {
+    switch (kindRow(panel.kind).alert) {
         case kit::PanelAlert::none: return {};
         case kit::PanelAlert::stories: return queryText(spec.effectiveQuery(panel));
         case kit::PanelAlert::serviceStatus: return "troubles of Apple's services";

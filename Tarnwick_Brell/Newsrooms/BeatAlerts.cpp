@@ -1,7 +1,5 @@
 #include "Tarnwick_Brell/Newsrooms/BeatAlerts.h"
 
-#include "NewsroomKit/Newsrooms/PanelAlert.h"
-
 namespace app {
 
 using kit::PanelAlert;
@@ -21,7 +19,7 @@ BeatAlerts::BeatAlerts(const BeatShelf& beats, const NewsroomShelf& newsrooms) {
 
 void BeatAlerts::watchPanels(const kit::NewsroomSpec& spec) {
     for (const auto& panel : spec.panels) {
-        if (!panel.options.alerts || alertOf(panel.kind) != PanelAlert::stories) continue;
+        if (!panel.options.alerts || kindRow(panel.kind).alert != PanelAlert::stories) continue;
         watches_.push_back({panel.id.text(), spec.name + " – " + panel.title,
                             spec.effectiveQuery(panel).compiled(), panel.kind, spec.id.text()});
     }

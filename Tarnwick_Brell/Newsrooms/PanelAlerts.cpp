@@ -17,7 +17,7 @@ bool anyPanel(const NewsroomShelf& newsrooms, const Predicate& asks) {
 }
 
 bool asksFor(const PanelSpec& panel, PanelAlert alert) {
-    return panel.options.alerts && alertOf(panel.kind) == alert;
+    return panel.options.alerts && kindRow(panel.kind).alert == alert;
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "NewsroomKit/Newsrooms/PanelAlert.h"
+#include "NewsroomKit/Newsrooms/PanelKind.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
 namespace app {

@@ -233,7 +233,7 @@
     </message>
 </context>
 <context>
-    <name>app::StoryPanelModel</name>
+    <name>app::StreamPanelModel</name>
     <message numerus="yes">
         <source>%n unread</source>
         <translation>

@@ -10,6 +10,7 @@ StoryPanelList {
 
     required property QueryPanelModel content
 
+    name: qsTr("Outlets")
     model: content.rows
     delegate: StoryPanelRow {
         id: row

@@ -15,21 +15,10 @@ PanelCard {
 
     readonly property bool hasContent: content.state === PanelModel.Ready || content.state === PanelModel.Stale
     readonly property bool hasFailed: content.state === PanelModel.Stale || content.state === PanelModel.Failed
-    /// Lists run to the lower edge and are cut there; fixed contents keep a distance.
-    readonly property bool isList: {
-        switch (content.kind) {
-        case PanelModel.Countdown:
-        case PanelModel.Stock:
-        case PanelModel.Software:
-        case PanelModel.Status:
-            return false;
-        default:
-            return true;
-        }
-    }
 
     fact: content.fact
-    flush: isList && hasContent
+    // Lists run to the lower edge and are cut there; fixed contents keep a distance.
+    flush: content.isList && hasContent
 
     FailureBanner {
         id: failure
@@ -67,7 +56,7 @@ PanelCard {
     PanelSkeleton {
         anchors.fill: parent
         visible: panel.content.state === PanelModel.Loading
-        figures: panel.content.kind === PanelModel.TopStories
+        figures: panel.content.hasFigures
     }
     EmptyState {
         anchors.centerIn: parent

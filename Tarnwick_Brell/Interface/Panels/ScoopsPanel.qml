@@ -10,6 +10,7 @@ StoryPanelList {
 
     required property QueryPanelModel content
 
+    name: qsTr("Scoops")
     model: content.rows
     onOpened: index => content.open(index)
     delegate: StoryPanelRow {

@@ -1,21 +1,20 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import TarnwickBrell.Controls
+import TarnwickBrell.Models
 
-/// What is new about firmware or updates, under headings: a quiet second line says what it is
-/// about.
+/// Lines about firmware or updates, under headings; a quiet second line gives the detail.
 Item {
     id: panel
 
-    required property var rows
-    required property string label
-    required property bool pale
+    required property SignalsPanelModel content
+    readonly property bool pale: content.state === PanelModel.Stale
 
     PanelList {
         id: list
         anchors.fill: parent
-        label: panel.label
-        model: panel.rows
+        label: panel.content.label
+        model: panel.content.rows
 
         delegate: Item {
             id: row

@@ -6,8 +6,9 @@ import TarnwickBrell.Models
 StoryPanelList {
     id: panel
 
-    required property StoryPanelModel content
+    required property StreamPanelModel content
 
+    name: qsTr("Stories")
     model: content.stories
     onOpened: index => content.open(index)
     delegate: CompactStoryRow {}

@@ -10,6 +10,7 @@ StoryPanelList {
 
     required property QueryPanelModel content
 
+    name: qsTr("Top stories")
     model: content.rows
     onOpened: index => content.open(index)
     delegate: StoryPanelRow {

@@ -79,19 +79,17 @@ void NewsroomModel::replace(std::vector<Panel> panels) {
 
 NewsroomModel::Panel NewsroomModel::make(const kit::PanelSpec& spec, const kit::StoryQuery& query) {
     return {spec, query, plainText(kindRow(spec.kind).symbol),
-            heard(makePanelContent(stores_, spec, query))};
+            connected(makePanelModel(stores_, spec, query))};
 }
 
 NewsroomModel::Panel NewsroomModel::make(const BuiltInPage::Panel& panel) {
-    const bool isOfNewsrooms = panel.kind <= PanelModel::kLastOfNewsrooms;
-    kit::PanelSpec spec{.title = panel.title.toStdString(), .frame = panel.frame};
-    if (isOfNewsrooms) spec.kind = static_cast<kit::PanelKind>(panel.kind);
-    auto content =
-        isOfNewsrooms ? makePanelContent(stores_, spec, {}) : makePageContent(stores_, panel.kind);
-    return {spec, {}, panel.symbol, heard(std::move(content))};
+    return {{.title = panel.title.toStdString(), .frame = panel.frame},
+            {},
+            panel.symbol,
+            connected(makePageModel(stores_, panel.content))};
 }
 
-std::unique_ptr<PanelModel> NewsroomModel::heard(std::unique_ptr<PanelModel> content) {
+std::unique_ptr<PanelModel> NewsroomModel::connected(std::unique_ptr<PanelModel> content) {
     connect(content.get(), &PanelModel::storyWanted, this, &NewsroomModel::storyWanted);
     connect(content.get(), &PanelModel::linkWanted, this, &NewsroomModel::linkWanted);
     return content;

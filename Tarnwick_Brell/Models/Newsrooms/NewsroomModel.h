@@ -67,7 +67,7 @@ private:
 
     Panel make(const kit::PanelSpec& spec, const kit::StoryQuery& query);
     Panel make(const BuiltInPage::Panel& panel);
-    std::unique_ptr<PanelModel> heard(std::unique_ptr<PanelModel> content);
+    std::unique_ptr<PanelModel> connected(std::unique_ptr<PanelModel> content);
     void replace(std::vector<Panel> panels);
     void tick();
 

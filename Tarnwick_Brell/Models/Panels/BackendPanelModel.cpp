@@ -21,7 +21,7 @@ QString titleOf(const kit::UpdateOffer& offer) {
 }  // namespace
 
 BackendPanelModel::BackendPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
-    : PanelModel(stores, panel) {
+    : SignalsPanelModel(stores, panel) {
     connect(&signalsStore(), &SignalsStore::changed, this, &BackendPanelModel::look);
     look();
 }

@@ -41,21 +41,18 @@ ChartRow rowOf(const ChartPlace& place) {
 
 }  // namespace
 
-ChartPanelModel::ChartPanelModel(const PanelStores& stores, Kind kind) : PanelModel(stores, kind) {
+ChartPanelModel::ChartPanelModel(const PanelStores& stores, kit::AppStoreCharts::Kind chart)
+    : PanelModel(stores), chart_(chart) {
     connect(&signalsStore(), &SignalsStore::changed, this, &ChartPanelModel::look);
     look();
 }
 
-SignalsStore::Kind ChartPanelModel::chart() const {
-    return kind() == TopFree ? SignalsStore::Kind::topFree : SignalsStore::Kind::topPaid;
-}
-
-QString ChartPanelModel::title() const { return plainText(kit::label(chart())); }
+QString ChartPanelModel::title() const { return plainText(label(chart_)); }
 
 void ChartPanelModel::look() {
-    auto condition = conditionOf(signalsStore().chart(chart()));
+    auto condition = conditionOf(signalsStore().chart(chart_));
     std::vector<ChartRow> rows;
-    for (const auto& place : signalsStore().chartPlaces(chart())) rows.push_back(rowOf(place));
+    for (const auto& place : signalsStore().chartPlaces(chart_)) rows.push_back(rowOf(place));
     if (condition.state == Ready && rows.empty()) {
         condition.state = Empty;
         condition.message = tr("The chart is empty.");

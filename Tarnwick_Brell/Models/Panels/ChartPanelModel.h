@@ -42,8 +42,7 @@ class ChartPanelModel final : public app::PanelModel {
     Q_PROPERTY(QString title READ title CONSTANT)
 
 public:
-    /// One of the kinds of charts.
-    ChartPanelModel(const PanelStores& stores, Kind kind);
+    ChartPanelModel(const PanelStores& stores, kit::AppStoreCharts::Kind chart);
 
     GadgetListModel<ChartRow>* rows() { return &rows_; }
     QString title() const;
@@ -52,9 +51,9 @@ public:
     void retry() override { signalsStore().refresh(SignalRound::charts); }
 
 private:
-    SignalsStore::Kind chart() const;
     void look();
 
+    kit::AppStoreCharts::Kind chart_;
     GadgetListModel<ChartRow> rows_;
 };
 

@@ -1,35 +1,75 @@
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
 
+#include "Tarnwick_Brell/Models/Panels/BackendPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/BriefPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ChartPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ClaimsPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/CountdownPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/CoveragePanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/RecordsPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ReleasesPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ScoopsPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/SignedPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/SoftwarePanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/StatusPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/StockPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/StreamPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/SuppliersPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/TopStoriesPanelModel.h"
+
 namespace app {
 
 namespace {
 
-/// A kind whose content nothing collects yet: it says so and shows nothing.
-class UncollectedPanel final : public PanelModel {
+/// A panel for which the desk collects nothing yet. It says so and has nothing to draw.
+class UncollectedPanelModel final : public PanelModel {
 public:
-    UncollectedPanel(const PanelStores& stores, const kit::PanelSpec& panel)
+    UncollectedPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
+                          const QString& sentence)
         : PanelModel(stores, panel) {
-        become({.state = Empty, .message = sentence(panel.kind), .hint = {}});
+        become({.state = Empty, .message = sentence});
     }
 
-private:
-    static QString sentence(kit::PanelKind kind) {
-        switch (kind) {
-            case kit::PanelKind::clips: return PanelModel::tr("The desk can't save quotes yet.");
-            case kit::PanelKind::pageWatch:
-                return PanelModel::tr("The desk can't follow Apple's pages yet.");
-            default: return PanelModel::tr("The desk collects nothing for this panel yet.");
-        }
-    }
+    QString file() const override { return {}; }
 };
 
 }  // namespace
 
-std::unique_ptr<PanelModel> makePanelContent(const PanelStores& stores, const kit::PanelSpec& panel,
-                                             const kit::StoryQuery& query) {
-    if (auto content = makeStoryPanel(stores, panel, query)) return content;
-    if (auto content = makeTrackerPanel(stores, panel)) return content;
-    return std::make_unique<UncollectedPanel>(stores, panel);
+std::unique_ptr<PanelModel> makePanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
+                                           const kit::StoryQuery& query) {
+    using kit::PanelKind;
+    // clang-format off
+    switch (panel.kind) {
+        case PanelKind::stream: return std::make_unique<StreamPanelModel>(stores, panel, query);
+        case PanelKind::brief: return std::make_unique<BriefPanelModel>(stores, panel, query);
+        case PanelKind::topStories: return std::make_unique<TopStoriesPanelModel>(stores, panel, query);
+        case PanelKind::countdown: return std::make_unique<CountdownPanelModel>(stores, panel);
+        case PanelKind::claims: return std::make_unique<ClaimsPanelModel>(stores, panel, query);
+        case PanelKind::stock: return std::make_unique<StockPanelModel>(stores, panel);
+        case PanelKind::software: return std::make_unique<SoftwarePanelModel>(stores, panel);
+        case PanelKind::status: return std::make_unique<StatusPanelModel>(stores, panel);
+        case PanelKind::coverage: return std::make_unique<CoveragePanelModel>(stores, panel, query);
+        case PanelKind::clips: return std::make_unique<UncollectedPanelModel>(
+            stores, panel, PanelModel::tr("The desk can't save quotes yet."));
+        case PanelKind::apple: return std::make_unique<StreamPanelModel>(stores, panel, query);
+        case PanelKind::pageWatch: return std::make_unique<UncollectedPanelModel>(
+            stores, panel, PanelModel::tr("The desk can't follow Apple's pages yet."));
+        case PanelKind::scoops: return std::make_unique<ScoopsPanelModel>(stores, panel, query);
+        case PanelKind::suppliers: return std::make_unique<SuppliersPanelModel>(stores, panel);
+        case PanelKind::backend: return std::make_unique<BackendPanelModel>(stores, panel);
+        case PanelKind::records: return std::make_unique<RecordsPanelModel>(stores, panel);
+        case PanelKind::releases: return std::make_unique<ReleasesPanelModel>(stores, panel);
+    }
+    // clang-format on
+    return nullptr;
+}
+
+std::unique_ptr<PanelModel> makePageModel(const PanelStores& stores, const PageContent& content) {
+    if (const auto* kind = std::get_if<kit::PanelKind>(&content))
+        return makePanelModel(stores, {.kind = *kind}, {});
+    if (const auto* chart = std::get_if<kit::AppStoreCharts::Kind>(&content))
+        return std::make_unique<ChartPanelModel>(stores, *chart);
+    return std::make_unique<SignedPanelModel>(stores);
 }
 
 }  // namespace app

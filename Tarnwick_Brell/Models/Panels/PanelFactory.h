@@ -1,25 +1,26 @@
 #pragma once
 
 #include <memory>
+#include <variant>
 
+#include "NewsroomKit/Trackers/Charts/AppStoreCharts.h"
 #include "Tarnwick_Brell/Models/Panels/PanelModel.h"
 
 namespace app {
 
-/// The content of a panel, by its kind. `query` is the one that holds for it: its own or the
-/// newsroom's. Never null.
-std::unique_ptr<PanelModel> makePanelContent(const PanelStores& stores, const kit::PanelSpec& panel,
-                                             const kit::StoryQuery& query);
+/// The builds that Apple signs now.
+struct SignedBuilds {};
 
-/// Panels that show stories of the wire; null for other kinds.
-std::unique_ptr<PanelModel> makeStoryPanel(const PanelStores& stores, const kit::PanelSpec& panel,
+/// What a page of the desk itself shows: the content of a newsroom's panel, or something that only
+/// pages show.
+using PageContent = std::variant<kit::PanelKind, SignedBuilds, kit::AppStoreCharts::Kind>;
+
+/// The model of a panel. `query` is the one that holds for it: its own or the newsroom's. Never
+/// null.
+std::unique_ptr<PanelModel> makePanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
                                            const kit::StoryQuery& query);
 
-/// Panels that show trackers; null for other kinds.
-std::unique_ptr<PanelModel> makeTrackerPanel(const PanelStores& stores,
-                                             const kit::PanelSpec& panel);
-
-/// What only pages of the desk itself show. Never null.
-std::unique_ptr<PanelModel> makePageContent(const PanelStores& stores, PanelModel::Kind kind);
+/// The model of a part of a page. Never null.
+std::unique_ptr<PanelModel> makePageModel(const PanelStores& stores, const PageContent& content);
 
 }  // namespace app

@@ -7,12 +7,16 @@
 
 namespace app {
 
-static_assert(PanelModel::kLastOfNewsrooms == static_cast<int>(kit::PanelKind::releases));
-
 PanelModel::PanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
-    : PanelModel(stores, static_cast<Kind>(panel.kind)) {}
+    : stores_(stores), isList_(kindRow(panel.kind).isList) {}
 
-PanelModel::PanelModel(const PanelStores& stores, Kind kind) : stores_(stores), kind_(kind) {}
+PanelModel::PanelModel(const PanelStores& stores) : stores_(stores) {}
+
+QString PanelModel::file() const {
+    const auto type =
+        QString::fromLatin1(metaObject()->className()).section(QStringLiteral("::"), -1);
+    return type.chopped(QLatin1String("Model").size()) + QStringLiteral(".qml");
+}
 
 void PanelModel::become(Condition condition) {
     state_ = condition.state;

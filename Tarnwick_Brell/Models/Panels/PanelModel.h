@@ -20,55 +20,31 @@ namespace app {
 
 class PanelStoryCollector;
 
-/// What panels show is taken from these.
+/// The stores that panels show, and the clock.
 struct PanelStores {
     NewsDesk& news;
     TrackerStore& trackers;
     SignalsStore& signalsStore;  ///< Qt has taken the word `signals`
     kit::Clock clock;
-    /// Shared by the panels of a newsroom; without one each panel gathers for itself.
+    /// Shared by the panels of a newsroom; a panel without one makes its own.
     std::shared_ptr<PanelStoryCollector> gatherer{};
 };
 
-/// What one panel of a newsroom says; a subclass for each group of kinds. The view shows
+/// What one panel of a newsroom shows; a subclass for each kind of content. The view shows
 /// `state` first: content only counts when it is ready or stale.
 class PanelModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
-    Q_PROPERTY(app::PanelModel::Kind kind READ kind CONSTANT)
+    Q_PROPERTY(QString file READ file CONSTANT)
+    Q_PROPERTY(bool isList READ isList CONSTANT)
+    Q_PROPERTY(bool hasFigures READ hasFigures CONSTANT)
     Q_PROPERTY(app::PanelModel::State state READ state NOTIFY changed)
     Q_PROPERTY(QString fact READ fact NOTIFY changed)
     Q_PROPERTY(QString message READ message NOTIFY changed)
     Q_PROPERTY(QString hint READ hint NOTIFY changed)
 
 public:
-    /// In the order of kit::PanelKind; after those what only pages of the desk itself show.
-    enum Kind {
-        Stream,
-        Brief,
-        TopStories,
-        Countdown,
-        Claims,
-        Stock,
-        Software,
-        Status,
-        Coverage,
-        Clips,
-        Apple,
-        PageWatch,
-        Scoops,
-        Suppliers,
-        Backend,
-        Records,
-        Releases,
-        SignedBuilds,
-        TopFree,
-        TopPaid
-    };
-    Q_ENUM(Kind)
-    static constexpr Kind kLastOfNewsrooms = Releases;
-
     enum State {
         Loading,  ///< nothing is known yet, and something is on its way
         Empty,    ///< `message` says so, `hint` what helps
@@ -79,18 +55,24 @@ public:
     Q_ENUM(State)
 
     PanelModel(const PanelStores& stores, const kit::PanelSpec& panel);
-    PanelModel(const PanelStores& stores, Kind kind);
+    /// For what only the desk's own pages show.
+    explicit PanelModel(const PanelStores& stores);
 
-    Kind kind() const { return kind_; }
+    /// The QML file that shows it, beside PanelBody.qml: StatusPanel.qml for a StatusPanelModel.
+    virtual QString file() const;
+    /// Its rows run to the panel's lower edge and are cut there.
+    bool isList() const { return isList_; }
+    /// A number leads each row.
+    virtual bool hasFigures() const { return false; }
     State state() const { return state_; }
     /// One quiet fact for the header: an age, a range, a count.
     const QString& fact() const { return fact_; }
     const QString& message() const { return message_; }
     const QString& hint() const { return hint_; }
 
-    /// Once a minute: ages move.
+    /// Called twice a minute, because ages move.
     virtual void tick() {}
-    /// What the panel shows is to be fetched again.
+    /// Fetches again what the panel shows.
     Q_INVOKABLE virtual void retry() {}
 
     Q_INVOKABLE void openStory(const QString& storyID) { emit storyWanted(storyID); }
@@ -130,7 +112,7 @@ protected:
 
 private:
     PanelStores stores_;
-    Kind kind_;
+    bool isList_ = true;
     State state_ = Loading;
     QString fact_;
     QString message_;

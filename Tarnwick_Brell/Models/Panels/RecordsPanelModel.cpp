@@ -25,7 +25,7 @@ SignalRow rowOf(const SigningNews& news, kit::Instant now) {
 }  // namespace
 
 RecordsPanelModel::RecordsPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
-    : PanelModel(stores, panel) {
+    : SignalsPanelModel(stores, panel) {
     connect(&signalsStore(), &SignalsStore::changed, this, &RecordsPanelModel::look);
     look();
 }

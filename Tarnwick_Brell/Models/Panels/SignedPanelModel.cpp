@@ -6,7 +6,7 @@
 
 namespace app {
 
-SignedPanelModel::SignedPanelModel(const PanelStores& stores) : PanelModel(stores, SignedBuilds) {
+SignedPanelModel::SignedPanelModel(const PanelStores& stores) : SignalsPanelModel(stores) {
     connect(&signalsStore(), &SignalsStore::changed, this, &SignedPanelModel::look);
     look();
 }

@@ -41,6 +41,7 @@ public:
     TopStoriesPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
                          const kit::StoryQuery& query);
 
+    bool hasFigures() const override { return true; }
     QAbstractListModel* rows() override { return &rows_; }
     void open(int row) override;
 

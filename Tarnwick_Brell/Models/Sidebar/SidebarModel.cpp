@@ -194,7 +194,7 @@ SourceMark::Value SidebarModel::markOf(const std::string& id) const {
 
 void SidebarModel::addTrackers(std::vector<SidebarRow>& rows) const {
     rows.push_back(section(tr("Trackers")));
-    for (const auto& tracker : trackerPlaces()) {
+    for (const auto& tracker : trackerPages()) {
         int problems = 0;
         if (tracker.id == "status") {
             problems =

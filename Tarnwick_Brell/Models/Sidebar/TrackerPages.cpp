@@ -9,38 +9,30 @@ namespace app {
 namespace {
 
 using kit::PanelKind;
-using Kinds = std::vector<PanelModel::Kind>;
+using Chart = kit::AppStoreCharts::Kind;
 
 constexpr std::int64_t kPageRows = 6;
 
 QString translated(const char* text) { return QCoreApplication::translate("TrackerPages", text); }
 
-BuiltInPage::Panel panelOf(PanelModel::Kind kind) {
-    switch (kind) {
-        case PanelModel::SignedBuilds:
-            return {kind, translated(QT_TRANSLATE_NOOP("TrackerPages", "Signed now")),
-                    QStringLiteral("shield")};
-        case PanelModel::TopFree:
-            return {kind, translated(QT_TRANSLATE_NOOP("TrackerPages", "Top free")),
-                    QStringLiteral("list.number")};
-        case PanelModel::TopPaid:
-            return {kind, translated(QT_TRANSLATE_NOOP("TrackerPages", "Top paid")),
-                    QStringLiteral("list.number")};
-        default: break;
-    }
-    const auto& row = kindRow(static_cast<PanelKind>(kind));
-    return {kind, plainText(row.label), plainText(row.symbol)};
+BuiltInPage::Panel panelOf(const PageContent& content) {
+    if (const auto* kind = std::get_if<PanelKind>(&content))
+        return {content, plainText(kindRow(*kind).label), plainText(kindRow(*kind).symbol)};
+    if (const auto* chart = std::get_if<Chart>(&content))
+        return {content, plainText(label(*chart)), QStringLiteral("list.number")};
+    return {content, translated(QT_TRANSLATE_NOOP("TrackerPages", "Signed now")),
+            QStringLiteral("shield")};
 }
 
 /// Side by side over the whole page; the first one takes what is left over.
-BuiltInPage pageOf(const QString& title, const Kinds& kinds) {
+BuiltInPage pageOf(const QString& title, const std::vector<PageContent>& contents) {
     BuiltInPage page{.title = title};
-    const auto count = static_cast<std::int64_t>(kinds.size());
+    const auto count = static_cast<std::int64_t>(contents.size());
     const auto share = kit::kGridColumns / count;
     std::int64_t column = 0;
-    for (const auto kind : kinds) {
+    for (const auto& content : contents) {
         const auto width = column == 0 ? kit::kGridColumns - (count - 1) * share : share;
-        page.panels.push_back(panelOf(kind));
+        page.panels.push_back(panelOf(content));
         page.panels.back().frame = {
             .column = column, .row = 0, .width = width, .height = kPageRows};
         column += width;
@@ -50,44 +42,29 @@ BuiltInPage pageOf(const QString& title, const Kinds& kinds) {
 
 }  // namespace
 
-const std::vector<TrackerPage>& trackerPlaces() {
-    using enum PanelModel::Kind;
-    static const std::vector<TrackerPage> places{
-        {"status",
-         QT_TRANSLATE_NOOP("TrackerPages", "Service status"),
-         "waveform.path.ecg",
-         {Status}},
-        {"software",
-         QT_TRANSLATE_NOOP("TrackerPages", "Software"),
-         "iphone.gen3",
-         {Software, Releases}},
-        {"events", QT_TRANSLATE_NOOP("TrackerPages", "Events"), "calendar", {Countdown}},
-        {"markets",
-         QT_TRANSLATE_NOOP("TrackerPages", "Markets"),
-         "chart.line.uptrend.xyaxis",
-         {Stock, Suppliers}},
-        {"signing",
-         QT_TRANSLATE_NOOP("TrackerPages", "Firmware signing"),
-         "shield",
-         {SignedBuilds, Records}},
-        {"updates",
-         QT_TRANSLATE_NOOP("TrackerPages", "Update catalogue"),
-         "server.rack",
-         {Backend}},
-        {"charts",
-         QT_TRANSLATE_NOOP("TrackerPages", "App Store charts"),
-         "list.number",
-         {TopFree, TopPaid}},
+const std::vector<TrackerPage>& trackerPages() {
+    using enum PanelKind;
+    // clang-format off
+    static const std::vector<TrackerPage> pages{
+        {"status", QT_TRANSLATE_NOOP("TrackerPages", "Service status"), "waveform.path.ecg", {status}},
+        {"software", QT_TRANSLATE_NOOP("TrackerPages", "Software"), "iphone.gen3", {software, releases}},
+        {"events", QT_TRANSLATE_NOOP("TrackerPages", "Events"), "calendar", {countdown}},
+        {"markets", QT_TRANSLATE_NOOP("TrackerPages", "Markets"), "chart.line.uptrend.xyaxis",
+         {stock, suppliers}},
+        {"signing", QT_TRANSLATE_NOOP("TrackerPages", "Firmware signing"), "shield",
+         {SignedBuilds(), records}},
+        {"updates", QT_TRANSLATE_NOOP("TrackerPages", "Update catalogue"), "server.rack", {backend}},
+        {"charts", QT_TRANSLATE_NOOP("TrackerPages", "App Store charts"), "list.number",
+         {Chart::topFree, Chart::topPaid}},
     };
-    return places;
+    // clang-format on
+    return pages;
 }
 
-QString titleOf(const TrackerPage& place) { return translated(place.title); }
+QString titleOf(const TrackerPage& page) { return translated(page.title); }
 
-BuiltInPage pageOf(const TrackerPage& place) { return pageOf(titleOf(place), place.panels); }
+BuiltInPage pageOf(const TrackerPage& page) { return pageOf(titleOf(page), page.panels); }
 
-BuiltInPage pageOf(PanelKind kind) {
-    return pageOf(plainText(kindRow(kind).label), {static_cast<PanelModel::Kind>(kind)});
-}
+BuiltInPage pageOf(PanelKind kind) { return pageOf(plainText(kindRow(kind).label), {kind}); }
 
 }  // namespace app

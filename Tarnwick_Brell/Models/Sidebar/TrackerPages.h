@@ -5,7 +5,6 @@
 
 #include <QString>
 
-#include "NewsroomKit/Newsrooms/PanelKind.h"
 #include "Tarnwick_Brell/Models/Newsrooms/BuiltInPage.h"
 
 namespace app {
@@ -15,16 +14,16 @@ struct TrackerPage {
     std::string_view id;
     const char* title;
     std::string_view symbol;
-    std::vector<PanelModel::Kind> panels;
+    std::vector<PageContent> panels;
 };
 
 /// In the order of the sidebar.
-const std::vector<TrackerPage>& trackerPlaces();
+const std::vector<TrackerPage>& trackerPages();
 
-QString titleOf(const TrackerPage& place);
+QString titleOf(const TrackerPage& page);
 
 /// The page, or the page of one panel kind alone.
-BuiltInPage pageOf(const TrackerPage& place);
+BuiltInPage pageOf(const TrackerPage& page);
 BuiltInPage pageOf(kit::PanelKind kind);
 
 }  // namespace app

@@ -62,7 +62,7 @@ bool WindowModel::exists(const Destination& place) const {
             return !stores_.newsrooms.isLoaded() || stores_.newsrooms.newsrooms().find(id);
         case Kind::beat: return !stores_.newsrooms.isLoaded() || stores_.newsrooms.beats().find(id);
         case Kind::tracker:
-            return std::any_of(trackerPlaces().begin(), trackerPlaces().end(),
+            return std::any_of(trackerPages().begin(), trackerPages().end(),
                                [&](const auto& each) { return each.id == id; });
         default: return true;
     }
@@ -102,7 +102,7 @@ void WindowModel::showNewsroom() {
         newsroom_.show(pageOf(kit::PanelKind::topStories));
     } else if (place_.kind == Kind::tracker) {
         const auto id = place_.id.toStdString();
-        for (const auto& tracker : trackerPlaces()) {
+        for (const auto& tracker : trackerPages()) {
             if (tracker.id == id) newsroom_.show(pageOf(tracker));
         }
     } else if (const auto* entry = stores_.newsrooms.newsrooms().find(place_.id.toStdString())) {

@@ -84,7 +84,7 @@ protected:
 
     template <class Panel>
     std::unique_ptr<Panel> panel(PanelKind kind, kit::PanelOptions options = {}) {
-        auto content = makeTrackerPanel(stores_, {.kind = kind, .options = std::move(options)});
+        auto content = makePanelModel(stores_, {.kind = kind, .options = std::move(options)}, {});
         return std::unique_ptr<Panel>(&dynamic_cast<Panel&>(*content.release()));
     }
 

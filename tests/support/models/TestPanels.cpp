@@ -70,7 +70,7 @@ PanelStores TestPanels::stores() {
 }
 
 std::unique_ptr<PanelModel> TestPanels::panel(kit::PanelKind kind, const kit::StoryQuery& query) {
-    auto made = makePanelContent(stores(), {.kind = kind}, query);
+    auto made = makePanelModel(stores(), {.kind = kind}, query);
     until([&] { return made->state() != PanelModel::Loading; });
     return made;
 }

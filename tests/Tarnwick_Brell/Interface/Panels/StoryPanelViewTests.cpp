@@ -87,7 +87,7 @@ protected:
             contents_.push_back(bench_.panel(kind));
         }
         contents_.push_back(bench_.panel(PanelKind::stream, {.anyTerms = {"nonesuch"}}));
-        contents_.push_back(makePanelContent(bench_.stores(), {.kind = PanelKind::topStories}, {}));
+        contents_.push_back(makePanelModel(bench_.stores(), {.kind = PanelKind::topStories}, {}));
     }
 
     void show(bool dark) {

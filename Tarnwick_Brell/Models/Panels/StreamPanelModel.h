@@ -6,15 +6,15 @@
 namespace app {
 
 /// Matching stories, newest first, live: the stream, and Apple's own posts.
-class StoryPanelModel : public PanelModel {
+class StreamPanelModel final : public PanelModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
     Q_PROPERTY(app::StoryListModel* stories READ stories CONSTANT)
 
 public:
-    StoryPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
-                    const kit::StoryQuery& query);
+    StreamPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
+                     const kit::StoryQuery& query);
 
     StoryListModel* stories() { return &stories_; }
     Q_INVOKABLE void open(int row);
@@ -24,6 +24,7 @@ private:
     QString noStory() const;
 
     kit::StoryQuery query_;
+    bool isAppleOnly_;
     StoryListModel stories_;
 };
 

@@ -1,19 +1,22 @@
-#include "Tarnwick_Brell/Models/Panels/StoryPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/StreamPanelModel.h"
 
 #include "Tarnwick_Brell/Models/Panels/MentionText.h"
 
 namespace app {
 
-StoryPanelModel::StoryPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
-                                 const kit::StoryQuery& query)
-    : PanelModel(stores, panel), query_(query), stories_(stores.news, stores.clock) {
-    connect(&stories_, &StoryListModel::countChanged, this, &StoryPanelModel::look);
+StreamPanelModel::StreamPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
+                                   const kit::StoryQuery& query)
+    : PanelModel(stores, panel),
+      query_(query),
+      isAppleOnly_(panel.kind == kit::PanelKind::apple),
+      stories_(stores.news, stores.clock) {
+    connect(&stories_, &StoryListModel::countChanged, this, &StreamPanelModel::look);
     connect(&news(), &NewsDesk::loadFailed, this,
             [this](const QString& sentence) { become({.state = Failed, .message = sentence}); });
-    stories_.show({.query = query, .isAppleOnly = panel.kind == kit::PanelKind::apple});
+    stories_.show({.query = query, .isAppleOnly = isAppleOnly_});
 }
 
-void StoryPanelModel::look() {
+void StreamPanelModel::look() {
     if (stories_.count() > 0) {
         const auto unread = stories_.unread();
         become({.state = Ready, .fact = unread > 0 ? tr("%n unread", nullptr, unread) : QString()});
@@ -28,16 +31,16 @@ void StoryPanelModel::look() {
     }
 }
 
-QString StoryPanelModel::noStory() const {
+QString StreamPanelModel::noStory() const {
     const auto terms = termsText(query_);
-    if (kind() == Apple) {
+    if (isAppleOnly_) {
         return terms.isEmpty() ? tr("No post of Apple's matches.")
                                : tr("No post of Apple's mentions %1.").arg(terms);
     }
     return terms.isEmpty() ? tr("No story matches.") : tr("No story mentions %1.").arg(terms);
 }
 
-void StoryPanelModel::open(int row) {
+void StreamPanelModel::open(int row) {
     const auto index = stories_.index(row);
     if (index.isValid()) openStory(index.data(StoryListModel::StoryID).toString());
 }
