@@ -6,19 +6,12 @@
 #include <string_view>
 #include <vector>
 
-#include "NewsroomKit/Trackers/Updates/AppleUpdateCatalog.h"
+#include "NewsroomKit/Trackers/Updates/OfferChange.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
 
 namespace app {
 
-/// An update that Apple's catalogue began or ceased to offer.
-struct OfferChange {
-    kit::UpdateOffer offer{};
-    bool isOffered = false;  ///< since then
-    kit::Instant seenAt{};
-
-    bool operator==(const OfferChange&) const = default;
-};
+using kit::OfferChange;
 
 /// Every offer that the desk has seen come or go, for good.
 class OfferHistory {
@@ -45,12 +38,3 @@ private:
 };
 
 }  // namespace app
-
-template <>
-struct kit::JSONFields<app::OfferChange> {
-    static constexpr auto fields = std::tuple{
-        field("offer", &app::OfferChange::offer),
-        field("offered", &app::OfferChange::isOffered),
-        field("seenAt", &app::OfferChange::seenAt),
-    };
-};

@@ -3,26 +3,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
+#include "NewsroomKit/Trackers/Signing/SigningChange.h"
 #include "NewsroomKit/Trackers/Signing/SigningStatus.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
 
 namespace app {
 
-/// A build that Apple began or stopped to sign for a device.
-struct SigningChange {
-    std::string device{};
-    std::string deviceName{};
-    std::string version{};
-    std::string build{};
-    bool isSigned = false;  ///< since then
-    kit::Instant seenAt{};
-
-    bool operator==(const SigningChange&) const = default;
-};
+using kit::SigningChange;
 
 /// Every change of signing that the desk has seen, for good.
 class SigningHistory {
@@ -48,13 +38,3 @@ private:
 };
 
 }  // namespace app
-
-template <>
-struct kit::JSONFields<app::SigningChange> {
-    using Change = app::SigningChange;
-    static constexpr auto fields = std::tuple{
-        field("device", &Change::device),   field("deviceName", &Change::deviceName),
-        field("version", &Change::version), field("build", &Change::build),
-        field("signed", &Change::isSigned), field("seenAt", &Change::seenAt),
-    };
-};
