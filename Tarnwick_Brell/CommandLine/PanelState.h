@@ -9,28 +9,28 @@
 #include "Tarnwick_Brell/CommandLine/PanelHoldings.h"
 #include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
-#include "Tarnwick_Brell/Trackers/TrackerReading.h"
 
 namespace cli {
 
-/// How old what a panel shows is, and why it is no newer.
-template <class T>
-void addState(std::vector<std::string>& lines, PanelHoldings& holdings,
-              const app::TrackerReading<T>& reading, std::string_view what = "") {
+/// Says how old the data of a panel are, and why there are no newer ones. `state` is a
+/// kit::PanelCondition or what a store holds of a tracker.
+template <class State>
+void addState(std::vector<std::string>& lines, PanelHoldings& holdings, const State& state,
+              std::string_view what = "") {
     auto& out = holdings.session().out();
-    if (reading.fetchedAt) {
+    if (state.fetchedAt) {
         lines.push_back(out.dim(
-            fmt::format("{}as of {}", what, distanceText(*reading.fetchedAt, holdings.now()))));
+            fmt::format("{}as of {}", what, distanceText(*state.fetchedAt, holdings.now()))));
     }
-    if (reading.error) lines.push_back(out.dim(printable(*reading.error)));
+    if (state.error) lines.push_back(out.dim(printable(*state.error)));
 }
 
-/// Instead of what has never been fetched.
-template <class T>
-std::vector<std::string> nothingYet(PanelHoldings& holdings, const app::TrackerReading<T>& reading,
+/// The lines of a panel of which nothing has ever been fetched.
+template <class State>
+std::vector<std::string> nothingYet(PanelHoldings& holdings, const State& state,
                                     std::string_view command) {
     std::vector<std::string> lines{fmt::format("Not fetched yet; brell {} does.", command)};
-    addState(lines, holdings, reading);
+    addState(lines, holdings, state);
     return lines;
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "NewsroomKit/Panels/StatusContent.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/StatusText.h"
@@ -16,9 +17,6 @@ namespace {
 using kit::AppleServiceStatus;
 using kit::StatusFeed;
 using Services = AppleServiceStatus::Services;
-
-// As long as the public status page tells what is over.
-constexpr std::chrono::days kRecent{14};
 
 struct StatusOptions {
     bool developer = false;
@@ -41,7 +39,7 @@ boost::json::array reportList(const std::vector<AppleServiceStatus::Report>& rep
 }
 
 int showStatus(Session& session, const StatusOptions& options) {
-    const auto cutOff = session.now() - kRecent;
+    const auto cutOff = session.now() - kit::kRecentIncidents;
     const auto audience = options.audience();
     const auto reading = fetchOrLoad(session, options.stored,
                                      [&](auto& tracker) { return tracker.status(audience); });
@@ -62,7 +60,7 @@ int showStatus(Session& session, const StatusOptions& options) {
              [&](const Services& services) {
                  printStatus(session.out(), audience, services, session.now());
                  if (options.recent) {
-                     printRecentIncidents(session.out(), services, cutOff, session.now());
+                     printRecentIncidents(session.out(), services, session.now());
                  }
              }});
 }

@@ -1,12 +1,11 @@
 #include "Tarnwick_Brell/CommandLine/StatusText.h"
 
 #include <algorithm>
-#include <map>
 #include <string>
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Text/Unicode.h"
+#include "NewsroomKit/Panels/StatusContent.h"
 #include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
@@ -32,11 +31,13 @@ std::string sinceText(const Incident& incident) {
     return incident.started ? dayAndTime(*incident.started) : "not said";
 }
 
+std::string levelText(const std::string& kind) {
+    return std::string(rawValue(kit::problemLevel(kind)));
+}
+
 std::string lastedText(const Incident& incident, Instant now) {
-    if (!incident.started) return "";
-    // The end of what goes on is a plan.
-    const auto end = incident.isOngoing() ? now : incident.ended.value_or(now);
-    return end < *incident.started ? "" : spanText(end - *incident.started);
+    const auto span = kit::lasted(incident, now);
+    return span ? spanText(*span) : "";
 }
 
 void addNotes(TextTable& table, const Incident& incident) {
@@ -64,10 +65,6 @@ std::string seenText(const app::LoggedIncident& incident) {
 
 }  // namespace
 
-std::string incidentKindText(std::string_view kind) {
-    return printable(kit::lowercasedASCII(kind));
-}
-
 void printStatus(Output& out, kit::StatusFeed audience, const Services& services, Instant now) {
     const auto reports = AppleServiceStatus::ongoingReports(services);
     out.line(out.bold(verdict(audience, services.size(), reports.size())));
@@ -78,16 +75,16 @@ void printStatus(Output& out, kit::StatusFeed audience, const Services& services
     for (const auto& service : services) {
         for (const auto& incident : service.events) {
             if (!incident.isOngoing()) continue;
-            table.add({printable(service.name), incidentKindText(incident.kind),
-                       sinceText(incident), lastedText(incident, now)});
+            table.add({printable(service.name), levelText(incident.kind), sinceText(incident),
+                       lastedText(incident, now)});
             addNotes(table, incident);
         }
     }
     table.print(out);
 }
 
-void printRecentIncidents(Output& out, const Services& services, Instant cutOff, Instant now) {
-    const auto reports = AppleServiceStatus::recentReports(cutOff, services);
+void printRecentIncidents(Output& out, const Services& services, Instant now) {
+    const auto reports = AppleServiceStatus::recentReports(now - kit::kRecentIncidents, services);
     out.line();
     if (reports.empty()) {
         out.line("Nothing is over that began in the last 14 days.");
@@ -98,7 +95,7 @@ void printRecentIncidents(Output& out, const Services& services, Instant cutOff,
                      Column::whole("lasted").dropped(2), Column::whole("").dropped(1)});
     for (const auto& [service, incident] : reports) {
         const bool isToCome = incident.started && *incident.started > now;
-        table.add({printable(service), incidentKindText(incident.kind), sinceText(incident),
+        table.add({printable(service), levelText(incident.kind), sinceText(incident),
                    isToCome ? distanceText(*incident.started, now) : lastedText(incident, now),
                    printable(incident.status)});
         addNotes(table, incident);
@@ -115,7 +112,7 @@ void printIncidentLog(Output& out, const std::vector<app::LoggedIncident>& incid
                      Column::whole("lasted").dropped(1)});
     for (const auto& incident : incidents) {
         const auto began = incident.started.value_or(incident.firstSeen);
-        table.add({printable(incident.service), incidentKindText(incident.kind), dayAndTime(began),
+        table.add({printable(incident.service), levelText(incident.kind), dayAndTime(began),
                    lastedText(incident, began)});
         const auto message = printable(incident.message);
         if (!message.empty()) table.addNote(message);

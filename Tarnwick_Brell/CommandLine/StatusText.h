@@ -17,12 +17,9 @@ void printStatus(Output& out, kit::StatusFeed audience,
 
 /// What is over, or to come, of the incidents that began since `cutOff`; newest first.
 void printRecentIncidents(Output& out, const kit::AppleServiceStatus::Services& services,
-                          kit::Instant cutOff, kit::Instant now);
+                          kit::Instant now);
 
 /// As the desk saw them itself, whatever Apple's files still tell.
 void printIncidentLog(Output& out, const std::vector<app::LoggedIncident>& incidents);
-
-/// "outage" or "Outage", as Apple has it, in small letters.
-std::string incidentKindText(std::string_view kind);
 
 }  // namespace cli

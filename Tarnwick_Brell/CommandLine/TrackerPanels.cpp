@@ -1,16 +1,16 @@
 #include "Tarnwick_Brell/CommandLine/TrackerPanels.h"
 
 #include <algorithm>
-#include <set>
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Panels/SoftwareContent.h"
+#include "NewsroomKit/Panels/StatusContent.h"
 #include "NewsroomKit/Trackers/Events/MarkedEvents.h"
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
 #include "Tarnwick_Brell/CommandLine/QuoteText.h"
-#include "Tarnwick_Brell/CommandLine/StatusText.h"
 #include "Tarnwick_Brell/Trackers/LastGood.h"
 
 namespace cli {
@@ -18,7 +18,6 @@ namespace cli {
 namespace {
 
 using Lines = std::vector<std::string>;
-using kit::AppleServiceStatus;
 using kit::Instant;
 using kit::PanelSpec;
 using kit::QuoteRange;
@@ -31,15 +30,21 @@ app::LastGood lastGood(PanelHoldings& holdings) {
     return app::LastGood(holdings.session().storeForReading());
 }
 
-std::set<std::string> platformsOf(const PanelSpec& panel) {
-    return {panel.options.platforms.begin(), panel.options.platforms.end()};
-}
-
 std::string quoteLine(const std::string& symbol, const std::string& name, double price,
                       const std::string& currency, const std::optional<std::string>& change) {
     return fmt::format("{} {} {:>12} {}{}", padTo(printable(symbol), 10),
                        padTo(printable(name), 28), amountText(price), printable(currency),
                        change ? "  " + *change : "");
+}
+
+constexpr std::string_view kNoPlatform = "Nothing is known of these platforms.";
+
+std::string developerText(const std::optional<kit::StatusContent::Tally>& tally, Instant now) {
+    if (!tally) return "Developer services are not known.";
+    if (tally->isCurrent || !tally->fetchedAt)
+        return fmt::format("{} of {} developer services are up.", tally->up, tally->all);
+    return fmt::format("{} of {} developer services were up {}.", tally->up, tally->all,
+                       distanceText(*tally->fetchedAt, now));
 }
 
 }  // namespace
@@ -103,67 +108,62 @@ Lines suppliersLines(PanelHoldings& holdings) {
 }
 
 Lines softwareLines(PanelHoldings& holdings, const PanelSpec& panel) {
-    const auto reading = lastGood(holdings).releases();
-    if (!reading.value) return nothingYet(holdings, reading, "releases");
+    const auto content = kit::softwareContent(kit::fetched(lastGood(holdings).releases()),
+                                              panel.options.platforms, holdings.now());
+    if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "releases");
     Lines lines;
-    const auto wanted = platformsOf(panel);
-    for (const auto& platform : *reading.value) {
-        if (!wanted.contains(platform.platform)) continue;
-        const auto text = [](const std::optional<kit::SoftwareRelease>& release) {
-            return release ? fmt::format("{} ({})", printable(release->version),
-                                         printable(release->build))
-                           : std::string("none");
-        };
-        lines.push_back(fmt::format("{} {} beta {}", padTo(printable(platform.platform), 10),
-                                    padTo(text(platform.current), 20), text(platform.beta)));
+    const auto text = [](const std::optional<kit::SoftwareRelease>& release) {
+        return release
+                   ? fmt::format("{} ({})", printable(release->version), printable(release->build))
+                   : std::string("none");
+    };
+    for (const auto& [platform, latest, isNew] : content.rows) {
+        lines.push_back(fmt::format("{} {} beta {}{}", padTo(printable(platform.platform), 10),
+                                    padTo(text(platform.current), 20), text(platform.beta),
+                                    isNew ? ", new" : ""));
     }
-    if (lines.empty()) lines.emplace_back("Nothing is known of these platforms.");
-    addState(lines, holdings, reading);
+    if (lines.empty()) lines.emplace_back(kNoPlatform);
+    addState(lines, holdings, content.condition);
     return lines;
 }
 
 Lines releasesLines(PanelHoldings& holdings, const PanelSpec& panel) {
-    constexpr std::size_t kEnough = 500;
-    const auto reading = lastGood(holdings).releases();
-    auto builds = holdings.session().storeForReading().builds().newest(kEnough);
-    if (builds.empty()) return nothingYet(holdings, reading, "releases");
-    std::stable_sort(builds.begin(), builds.end(), [](const auto& a, const auto& b) {
-        return a.release.published > b.release.published;
-    });
+    const auto content =
+        kit::releasesContent(kit::fetched(lastGood(holdings).releases()),
+                             holdings.session().storeForReading().builds().newest(kit::kMostBuilds),
+                             panel.options.platforms, holdings.now());
+    if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "releases");
     Lines lines;
-    const auto wanted = platformsOf(panel);
-    for (const auto& build : builds) {
-        if (!wanted.contains(build.platform)) continue;
+    for (const auto& [build, isNew] : content.rows) {
         if (lines.size() == lineCount(panel)) break;
+        const auto& release = build.release;
         lines.push_back(
-            fmt::format("{} {} ({})", padTo(age(build.release.published, holdings.now()), 11),
-                        printable(build.release.title), printable(build.release.build)));
+            fmt::format("{} {} ({}){}", padTo(age(release.published, holdings.now()), 11),
+                        printable(release.title), printable(release.build), isNew ? ", new" : ""));
     }
-    if (lines.empty()) lines.emplace_back("Nothing is known of these platforms.");
-    addState(lines, holdings, reading);
+    if (lines.empty()) lines.emplace_back(kNoPlatform);
+    addState(lines, holdings, content.condition);
     return lines;
 }
 
 Lines statusLines(PanelHoldings& holdings) {
-    const auto consumer = lastGood(holdings).status(kit::StatusFeed::consumer);
-    const auto developer = lastGood(holdings).status(kit::StatusFeed::developer);
-    if (!consumer.value) return nothingYet(holdings, consumer, "status");
+    auto last = lastGood(holdings);
+    const auto content =
+        kit::statusContent(kit::fetched(last.status(kit::StatusFeed::consumer)),
+                           kit::fetched(last.status(kit::StatusFeed::developer)), holdings.now());
+    if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "status");
     Lines lines;
-    std::size_t services = 0;
-    for (const auto* reading : {&consumer, &developer}) {
-        if (!reading->value) continue;
-        services += reading->value->size();
-        for (const auto& report : AppleServiceStatus::ongoingReports(*reading->value)) {
-            lines.push_back(fmt::format(
-                "{}: {}{}{}", printable(report.service), incidentKindText(report.incident.kind),
-                report.incident.started ? " since " + dayAndTime(*report.incident.started) : "",
-                report.incident.message.empty() ? "" : ". " + printable(report.incident.message)));
-        }
+    for (const auto& incident : content.ongoing) {
+        lines.push_back(
+            fmt::format("{}: {}{}{}", printable(incident.service), rawValue(incident.level),
+                        incident.started ? " since " + dayAndTime(*incident.started) : "",
+                        incident.message.empty() ? "" : ". " + printable(incident.message)));
     }
-    if (lines.empty()) lines.push_back(fmt::format("All {} services are up.", services));
-    addState(lines, holdings, consumer);
-    if (developer.error || developer.fetchedAt != consumer.fetchedAt)
-        addState(lines, holdings, developer, "developer services ");
+    if (content.isAllUp()) lines.emplace_back("All services are up.");
+    lines.push_back(fmt::format("{} of {} consumer services are up.", content.consumer->up,
+                                content.consumer->all));
+    lines.push_back(developerText(content.developer, holdings.now()));
+    addState(lines, holdings, content.condition);
     return lines;
 }
 

@@ -5,7 +5,6 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Trackers/Status/AppleStatusAPI.h"
 
 namespace app {
@@ -18,11 +17,6 @@ namespace {
 using Target = NotificationTarget;
 
 constexpr std::size_t kHeadlinesInSummary = 3;
-
-std::string problemWord(std::string_view kind) {
-    const auto word = kit::lowercasedASCII(kind);
-    return word == "outage" || word == "maintenance" ? word : "issue";
-}
 
 std::string headlines(const std::vector<Story>& stories, std::size_t total) {
     const auto shown = std::min(stories.size(), kHeadlinesInSummary);
@@ -59,12 +53,13 @@ void Alerts::post(Notification notification) {
 
 Notification Alerts::ofProblem(const AppleServiceStatus::Report& report) {
     const auto& incident = report.incident;
-    return {.identifier = "status-" + report.id(),
-            .title = report.service + ": " + problemWord(incident.kind),
-            .body = incident.message.empty() ? "Apple's System Status page reports a problem."
-                                             : incident.message,
-            .link = std::string(kit::AppleStatusAPI::kPage),
-            .target = trackerPage("status")};
+    return {
+        .identifier = "status-" + report.id(),
+        .title = report.service + ": " + std::string(rawValue(kit::problemLevel(incident.kind))),
+        .body = incident.message.empty() ? "Apple's System Status page reports a problem."
+                                         : incident.message,
+        .link = std::string(kit::AppleStatusAPI::kPage),
+        .target = trackerPage("status")};
 }
 
 Notification Alerts::ofRecovery(const std::string& service, kit::Instant now) {

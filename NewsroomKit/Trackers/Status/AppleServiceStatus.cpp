@@ -96,6 +96,10 @@ Instant startOf(const Incident& incident) {
 
 }  // namespace
 
+ProblemLevel problemLevel(std::string_view kind) {
+    return enumFromRaw<ProblemLevel>(lowercasedASCII(kind)).value_or(ProblemLevel::issue);
+}
+
 std::string decimalSeconds(double seconds) {
     // Room for any number: up to 309 digits, or as many zeros before the digits of a tiny one.
     std::array<char, 400> buffer;

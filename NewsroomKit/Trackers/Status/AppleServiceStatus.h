@@ -10,6 +10,20 @@
 
 namespace kit {
 
+/// How bad an incident is.
+enum class ProblemLevel { issue, outage, maintenance };
+
+template <>
+inline constexpr std::array<EnumRow<ProblemLevel>, 3> enumTable<ProblemLevel>{{
+    {ProblemLevel::issue, "issue", "Issue"},
+    {ProblemLevel::outage, "outage", "Outage"},
+    {ProblemLevel::maintenance, "maintenance", "Maintenance"},
+}};
+
+/// The level that the file's word for an incident's kind names, in small letters or capitals; any
+/// other word is an issue.
+ProblemLevel problemLevel(std::string_view kind);
+
 /// Which of Apple's services work, as Apple's System Status page has it: services, each with
 /// the incidents of the last weeks.
 struct AppleServiceStatus {

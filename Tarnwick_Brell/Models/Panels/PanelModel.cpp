@@ -7,6 +7,21 @@
 
 namespace app {
 
+namespace {
+
+PanelModel::State stateOf(kit::PanelState state) {
+    switch (state) {
+        case kit::PanelState::loading: return PanelModel::Loading;
+        case kit::PanelState::empty: return PanelModel::Empty;
+        case kit::PanelState::ready: return PanelModel::Ready;
+        case kit::PanelState::stale: return PanelModel::Stale;
+        case kit::PanelState::failed: return PanelModel::Failed;
+    }
+    return PanelModel::Loading;
+}
+
+}  // namespace
+
 PanelModel::PanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
     : stores_(stores), isList_(kindRow(panel.kind).isList) {}
 
@@ -26,22 +41,23 @@ void PanelModel::become(Condition condition) {
     emit changed();
 }
 
+PanelModel::Condition PanelModel::conditionOf(const kit::PanelCondition& condition,
+                                              const QString& nothing) const {
+    Condition worded{.state = stateOf(condition.state)};
+    if (worded.state == Empty) worded.message = nothing;
+    if (condition.error) worded.message = bodyText(*condition.error);
+    if (!condition.fetchedAt || worded.state == Loading || worded.state == Failed) return worded;
+    const auto moment = momentText(*condition.fetchedAt, now());
+    worded.fact = moment;
+    if (worded.state == Stale) {
+        worded.hint = tr("Last good data %1, %2").arg(moment, agoText(*condition.fetchedAt, now()));
+    }
+    return worded;
+}
+
 PanelModel::Condition PanelModel::conditionOf(bool hasValue, std::optional<kit::Instant> fetchedAt,
                                               const std::optional<std::string>& error) const {
-    Condition condition;
-    if (error) condition.message = bodyText(*error);
-    if (!hasValue) {
-        condition.state = error ? Failed : Loading;
-        return condition;
-    }
-    condition.state = error ? Stale : Ready;
-    if (!fetchedAt) return condition;
-    condition.fact = momentText(*fetchedAt, now());
-    if (error) {
-        condition.hint = tr("Last good data %1, %2")
-                             .arg(momentText(*fetchedAt, now()), agoText(*fetchedAt, now()));
-    }
-    return condition;
+    return conditionOf(kit::PanelCondition::of(hasValue, hasValue, fetchedAt, error));
 }
 
 }  // namespace app

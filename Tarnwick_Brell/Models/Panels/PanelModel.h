@@ -10,6 +10,7 @@
 
 #include "NewsroomKit/Ingestion/FeedClient.h"
 #include "NewsroomKit/Newsrooms/PanelSpec.h"
+#include "NewsroomKit/Panels/PanelCondition.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Signals/SignalsStore.h"
@@ -95,6 +96,10 @@ protected:
 
     /// Emits `changed`, also when only the content is another.
     void become(Condition condition);
+
+    /// The condition of a content in words, with the time of its data as the fact. `nothing` is the
+    /// sentence that stands where there are no rows.
+    Condition conditionOf(const kit::PanelCondition& condition, const QString& nothing = {}) const;
 
     /// The condition of a panel whose content is a tracker's reading: loading, failed, stale
     /// or ready, with the age as the fact.

@@ -1,7 +1,5 @@
 #include "Tarnwick_Brell/Models/Panels/ReleaseText.h"
 
-#include <chrono>
-
 #include <QCoreApplication>
 #include <QRegularExpression>
 
@@ -11,7 +9,6 @@ namespace app {
 
 namespace {
 
-constexpr std::chrono::days kNewFor{3};
 constexpr int kLongestStage = 20;
 
 QString shortStage(const QString& stage) {
@@ -35,10 +32,6 @@ QString shortStage(const QString& stage) {
 QString versionText(const kit::SoftwareRelease& release) {
     const auto version = titleText(release.version, kLongestStage);
     return (version + u' ' + shortStage(titleText(release.stage, kLongestStage))).trimmed();
-}
-
-bool isNewBuild(const kit::SoftwareRelease& release, kit::Instant now) {
-    return now - release.published < kNewFor;
 }
 
 }  // namespace app

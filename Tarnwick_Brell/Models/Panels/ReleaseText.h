@@ -10,7 +10,4 @@ namespace app {
 /// "26.6 b1", "26.6 RC", "26.6"; the stage as the service has it when it is another.
 QString versionText(const kit::SoftwareRelease& release);
 
-/// Published within the last three days.
-bool isNewBuild(const kit::SoftwareRelease& release, kit::Instant now);
-
 }  // namespace app

@@ -1,51 +1,43 @@
 #include "Tarnwick_Brell/Models/Panels/ReleasesPanelModel.h"
 
-#include <algorithm>
-
 #include "Tarnwick_Brell/Models/Panels/PanelLinks.h"
-#include "Tarnwick_Brell/Models/Panels/ReleaseText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
 namespace app {
 
-ReleasesPanelModel::ReleasesPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
-    : PanelModel(stores, panel),
-      platforms_(panel.options.platforms.begin(), panel.options.platforms.end()) {
-    connect(&trackers(), &TrackerStore::releasesChanged, this, &ReleasesPanelModel::look);
-    look();
-}
+namespace {
 
-void ReleasesPanelModel::look() {
-    auto builds = trackers().builds();
-    std::erase_if(builds,
-                  [&](const SeenBuild& build) { return !platforms_.contains(build.platform); });
-    std::ranges::stable_sort(builds, std::ranges::greater{},
-                             [](const SeenBuild& build) { return build.release.published; });
-    std::vector<ReleaseRow> rows;
-    for (const auto& build : builds) rows.push_back(rowOf(build));
-    const auto& reading = trackers().releases();
-    auto condition = conditionOf(reading.value || !rows.empty(), reading.fetchedAt, reading.error);
-    if (condition.state == Ready && rows.empty()) {
-        condition.state = Empty;
-        condition.message = tr("Nothing is known of these platforms.");
-    }
-    rows_.setRows(std::move(rows));
-    become(std::move(condition));
-}
-
-ReleaseRow ReleasesPanelModel::rowOf(const SeenBuild& build) const {
-    const auto& release = build.release;
+ReleaseRow rowOf(const kit::ReleasesContent::Row& content, kit::Instant now) {
     constexpr int longestBuild = 20;
-    ReleaseRow row{.age = ageText(release.published, now()),
+    const auto& release = content.build.release;
+    ReleaseRow row{.age = ageText(release.published, now),
                    .title = titleText(release.title),
                    .build = titleText(release.build, longestBuild),
-                   .isBeta = build.channel == kit::ReleaseChannel::beta,
-                   .isNew = isNewBuild(release, now()),
+                   .isBeta = content.build.channel == kit::ReleaseChannel::beta,
+                   .isNew = content.isNew,
                    .link = webLink(release.url)};
-    row.spokenText = (row.isNew ? tr("%1, build %2, %3, new") : tr("%1, build %2, %3"))
-                         .arg(row.title, row.build, agoText(release.published, now()));
+    row.spokenText = (row.isNew ? ReleasesPanelModel::tr("%1, build %2, %3, new")
+                                : ReleasesPanelModel::tr("%1, build %2, %3"))
+                         .arg(row.title, row.build, agoText(release.published, now));
     return row;
+}
+
+}  // namespace
+
+ReleasesPanelModel::ReleasesPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
+    : PanelModel(stores, panel), platforms_(panel.options.platforms) {
+    connect(&trackers(), &TrackerStore::releasesChanged, this, &ReleasesPanelModel::update);
+    update();
+}
+
+void ReleasesPanelModel::update() {
+    const auto content = kit::releasesContent(kit::fetched(trackers().releases()),
+                                              trackers().builds(), platforms_, now());
+    std::vector<ReleaseRow> rows;
+    for (const auto& row : content.rows) rows.push_back(rowOf(row, now()));
+    rows_.setRows(std::move(rows));
+    become(conditionOf(content.condition, tr("Nothing is known of these platforms.")));
 }
 
 }  // namespace app

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <set>
-
 #include <QAbstractListModel>
 
+#include "NewsroomKit/Panels/SoftwareContent.h"
 #include "Tarnwick_Brell/Models/Panels/PanelModel.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
 
@@ -33,7 +32,7 @@ public:
 };
 
 /// Every release and beta of the panel's platforms that the desk has seen, the last published
-/// first. New are those that were published within the last three days.
+/// first.
 class ReleasesPanelModel final : public app::PanelModel {
     Q_OBJECT
     QML_NAMED_ELEMENT(ReleasesPanelModel)
@@ -45,14 +44,13 @@ public:
 
     GadgetListModel<ReleaseRow>* rows() { return &rows_; }
 
-    void tick() override { look(); }
+    void tick() override { update(); }
     void retry() override { trackers().refresh(TrackerRound::releases); }
 
 private:
-    void look();
-    ReleaseRow rowOf(const SeenBuild& build) const;
+    void update();
 
-    std::set<std::string> platforms_;
+    kit::Platforms platforms_;
     GadgetListModel<ReleaseRow> rows_;
 };
 

@@ -2,13 +2,13 @@
 
 #include <QAbstractListModel>
 
-#include "NewsroomKit/Trackers/Releases/PlatformRelease.h"
+#include "NewsroomKit/Panels/SoftwareContent.h"
 #include "Tarnwick_Brell/Models/Panels/PanelModel.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
 
 namespace app {
 
-/// What one platform is at.
+/// The builds of one platform.
 struct SoftwareRow {
     Q_GADGET
     Q_PROPERTY(QString platform MEMBER platform)
@@ -35,8 +35,7 @@ public:
     bool operator==(const SoftwareRow&) const = default;
 };
 
-/// What the panel's platforms are at, in the panel's order. A platform is marked as new when
-/// one of its two builds was published within the last three days.
+/// The builds that the panel's platforms have now.
 class SoftwarePanelModel final : public app::PanelModel {
     Q_OBJECT
     QML_NAMED_ELEMENT(SoftwarePanelModel)
@@ -48,14 +47,13 @@ public:
 
     GadgetListModel<SoftwareRow>* rows() { return &rows_; }
 
-    void tick() override { look(); }
+    void tick() override { update(); }
     void retry() override { trackers().refresh(TrackerRound::releases); }
 
 private:
-    void look();
-    SoftwareRow rowOf(const kit::PlatformRelease& platform) const;
+    void update();
 
-    std::vector<std::string> platforms_;
+    kit::Platforms platforms_;
     GadgetListModel<SoftwareRow> rows_;
 };
 

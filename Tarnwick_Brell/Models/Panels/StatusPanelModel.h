@@ -2,14 +2,14 @@
 
 #include <QAbstractListModel>
 
-#include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
+#include "NewsroomKit/Panels/StatusContent.h"
 #include "Tarnwick_Brell/Models/Panels/PanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/TrackerLabels.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
 
 namespace app {
 
-/// A problem of a service: one that goes on, or one of the last days.
+/// An ongoing or a recent incident of a service.
 struct ProblemRow {
     Q_GADGET
     Q_PROPERTY(QString service MEMBER service)
@@ -32,8 +32,8 @@ public:
     bool operator==(const ProblemRow&) const = default;
 };
 
-/// Whether Apple's services are up, its consumers' and its developers'. The two are two files:
-/// the developers' may be older than the other, and says so then.
+/// Whether Apple's services are up, the consumers' and the developers'. Figures of developer
+/// services that are older than those of the consumers carry their time.
 class StatusPanelModel final : public app::PanelModel {
     Q_OBJECT
     QML_NAMED_ELEMENT(StatusPanelModel)
@@ -55,31 +55,25 @@ public:
     StatusPanelModel(const PanelStores& stores, const kit::PanelSpec& panel);
 
     GadgetListModel<ProblemRow>* problems() { return &problems_; }
-    /// What was over of the last 14 days, the last begun first.
     GadgetListModel<ProblemRow>* recent() { return &recent_; }
     int problemCount() const { return problems_.rowCount(); }
-    /// "All services are up", or nothing when one is not, or one half is not known.
+    /// "All services are up"; empty when one is not, or when one file is missing or old.
     const QString& allUp() const { return allUp_; }
     const QString& consumer() const { return consumer_; }  ///< "58 of 59 consumer up"
     bool isConsumerUp() const { return isConsumerUp_; }
     const QString& developer() const { return developer_; }  ///< "27 of 27 developer up at 11:20"
     bool isDeveloperUp() const { return isDeveloperUp_; }
-    /// As it is now, not as it was when last it could be fetched.
+    /// The figure is of now, not of the last time that the file could be fetched.
     bool isDeveloperKnown() const { return isDeveloperKnown_; }
     int recentCount() const { return recent_.rowCount(); }
     const QString& recentText() const { return recentText_; }  ///< "7 incidents in 14 days"
     const QString& checked() const { return checked_; }        ///< "Checked 14:32"
 
-    void tick() override { look(); }
+    void tick() override { update(); }
     void retry() override { trackers().refresh(TrackerRound::status); }
 
 private:
-    void look();
-    void lookAtDevelopers();
-    std::vector<ProblemRow> ongoing() const;
-    std::vector<ProblemRow> over() const;
-    ProblemRow rowOf(const kit::AppleServiceStatus::Report& report) const;
-    QString lasted(const kit::AppleServiceStatus::Incident& incident) const;
+    void update();
 
     GadgetListModel<ProblemRow> problems_;
     GadgetListModel<ProblemRow> recent_;

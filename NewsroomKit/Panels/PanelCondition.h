@@ -1,0 +1,61 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "NewsroomKit/Records/Instant.h"
+
+namespace kit {
+
+/// A tracked file as the desk holds it: the last good value, when it was fetched, and why there is
+/// no newer one.
+template <class T>
+struct FetchedValue {
+    std::optional<T> value{};
+    std::optional<Instant> fetchedAt{};
+    std::optional<std::string> error{};  ///< a sentence for the user
+};
+
+/// What the desk's stores and its library hold, as the record that contents are made from.
+template <class Held>
+auto fetched(const Held& held) {
+    return FetchedValue<typename decltype(held.value)::value_type>{held.value, held.fetchedAt,
+                                                                   held.error};
+}
+
+enum class PanelState {
+    loading,  ///< nothing is known yet, and nothing has failed
+    empty,
+    ready,
+    stale,  ///< the last good content stays
+    failed  ///< nothing was ever good
+};
+
+/// Whether a panel has something to show, from when that is, and why it is no newer.
+struct PanelCondition {
+    PanelState state = PanelState::loading;
+    std::optional<Instant> fetchedAt{};
+    std::optional<std::string> error{};  ///< of a stale or failed one
+
+    /// There is something to show, were it that there is nothing.
+    bool isKnown() const { return state != PanelState::loading && state != PanelState::failed; }
+
+    /// `isKnown`: something was ever fetched, or is in a history.
+    static PanelCondition of(bool isKnown, bool hasRows, std::optional<Instant> fetchedAt,
+                             std::optional<std::string> error) {
+        const auto state = !isKnown  ? (error ? PanelState::failed : PanelState::loading)
+                           : error   ? PanelState::stale
+                           : hasRows ? PanelState::ready
+                                     : PanelState::empty;
+        return {state, fetchedAt, std::move(error)};
+    }
+    template <class T>
+    static PanelCondition of(const FetchedValue<T>& fetched, bool hasRows) {
+        return of(fetched.value || hasRows, hasRows, fetched.fetchedAt, fetched.error);
+    }
+
+    bool operator==(const PanelCondition&) const = default;
+};
+
+}  // namespace kit

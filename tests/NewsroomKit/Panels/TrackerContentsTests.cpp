@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include "NewsroomKit/Panels/SoftwareContent.h"
+#include "NewsroomKit/Panels/StatusContent.h"
+
+namespace kit {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::days;
+using Services = AppleServiceStatus::Services;
+
+const Instant kNow = std::chrono::sys_days(std::chrono::year(2026) / 11 / 20) + 12h;
+
+TEST(PanelCondition, FollowsFromWhatIsHeldAndWhatFailed) {
+    struct Case {
+        bool isKnown, hasRows, hasFailed;
+        PanelState state;
+    };
+    const Case cases[] = {
+        {false, false, false, PanelState::loading}, {false, false, true, PanelState::failed},
+        {true, true, false, PanelState::ready},     {true, false, false, PanelState::empty},
+        {true, true, true, PanelState::stale},      {true, false, true, PanelState::stale},
+    };
+    for (const auto& c : cases) {
+        const auto error = c.hasFailed ? std::optional<std::string>("No answer.") : std::nullopt;
+        EXPECT_EQ(PanelCondition::of(c.isKnown, c.hasRows, kNow, error).state, c.state)
+            << c.isKnown << c.hasRows << c.hasFailed;
+    }
+}
+
+TEST(StatusContent, TakesALevelOnlyFromItsWholeWord) {
+    for (const auto& [kind, level] : {std::pair{"Outage", ProblemLevel::outage},
+                                      {"MAINTENANCE", ProblemLevel::maintenance},
+                                      {"Partial outage", ProblemLevel::issue},
+                                      {"", ProblemLevel::issue}}) {
+        EXPECT_EQ(problemLevel(kind), level) << kind;
+    }
+}
+
+TEST(StatusContent, ListsOngoingIncidentsAndThoseThatEndedOfLate) {
+    const auto incident = [](const char* status, std::optional<Instant> started,
+                             std::optional<Instant> ended) {
+        return AppleServiceStatus::Incident{
+            .kind = "Outage", .status = status, .started = started, .ended = ended};
+    };
+    const FetchedValue<Services> consumer{
+        .value = Services{{"Mail", {incident("ongoing", kNow - 2h, kNow - 1h)}},
+                          {"Maps", {incident("resolved", kNow - days(14), kNow - days(13))}},
+                          {"Notes", {incident("resolved", kNow - days(14) - 1s, kNow)}},
+                          {"Pay", {incident("resolved", kNow - 1h, std::nullopt)}},
+                          {"News", {incident("upcoming", kNow + 1h, kNow + 2h)}}}};
+    const auto content = statusContent(consumer, {}, kNow);
+    ASSERT_EQ(content.ongoing.size(), 1u);
+    EXPECT_EQ(content.ongoing[0].service, "Mail");
+    EXPECT_EQ(content.ongoing[0].lasted, 2h) << "the end of an ongoing incident is a plan";
+    ASSERT_EQ(content.recent.size(), 2u);
+    EXPECT_EQ(content.recent[0].service, "Pay");
+    EXPECT_EQ(content.recent[0].lasted, std::nullopt) << "nobody says when it ended";
+    EXPECT_EQ(content.recent[1].service, "Maps");
+    EXPECT_EQ(content.recent[1].lasted, days(1));
+}
+
+TEST(StatusContent, CallsAllServicesUpOnlyWhenBothFilesSaySoNow) {
+    const auto file = [](bool isUp, Instant::duration age, bool hasFailed = false) {
+        const auto status = isUp ? "resolved" : "ongoing";
+        return FetchedValue<Services>{
+            .value = Services{{"Kiosk", {{.kind = "Issue", .status = status}}}},
+            .fetchedAt = kNow - age,
+            .error = hasFailed ? std::optional<std::string>("No answer.") : std::nullopt};
+    };
+    struct Case {
+        const char* what;
+        FetchedValue<Services> consumer, developer;
+        bool isAllUp, isDeveloperCurrent;
+    };
+    const Case cases[] = {
+        {"both up", file(true, 1min), file(true, 1min), true, true},
+        {"a little older", file(true, 0min), file(true, 29min), true, true},
+        {"much older", file(true, 0min), file(true, 30min), false, false},
+        {"both old", file(true, 5h), file(true, 5h), true, true},
+        {"developers down", file(true, 1min), file(false, 1min), false, true},
+        {"consumers down", file(false, 1min), file(true, 1min), false, true},
+        {"developers failed", file(true, 1min), file(true, 1min, true), false, false},
+        {"consumers failed", file(true, 1min, true), file(true, 1min), false, true},
+    };
+    for (const auto& c : cases) {
+        const auto content = statusContent(c.consumer, c.developer, kNow);
+        EXPECT_EQ(content.isAllUp(), c.isAllUp) << c.what;
+        EXPECT_EQ(content.developer->isCurrent, c.isDeveloperCurrent) << c.what;
+    }
+    EXPECT_FALSE(statusContent(file(true, 1min), {}, kNow).isAllUp());
+}
+
+SoftwareRelease build(const char* name, Instant::duration age) {
+    return {.build = name, .published = kNow - age};
+}
+
+TEST(SoftwareContent, FollowsThePanelsOrderAndMarksBuildsOfThreeDays) {
+    const FetchedValue<std::vector<PlatformRelease>> releases{
+        .value = {{{.platform = "iOS", .current = build("A1", 71h), .beta = build("B1", 200h)},
+                   {.platform = "tvOS", .current = build("T1", 73h)},
+                   {.platform = "otherOS", .current = build("O1", 1h)}}}};
+    const auto content = softwareContent(releases, {"tvOS", "lostOS", "iOS"}, kNow);
+    ASSERT_EQ(content.rows.size(), 2u);
+    EXPECT_EQ(content.rows[0].platform.platform, "tvOS");
+    EXPECT_FALSE(content.rows[0].isNew);
+    EXPECT_TRUE(content.rows[1].isNew);
+    EXPECT_EQ(content.rows[1].latest, kNow - 71h);
+    EXPECT_EQ(softwareContent(releases, {"lostOS"}, kNow).condition.state, PanelState::empty);
+}
+
+TEST(ReleasesContent, HasThePanelsPlatformsByPublicationAndStaysWithoutAList) {
+    const std::vector<SeenBuild> seen{
+        {.platform = "iOS", .release = build("B1", 200h), .firstSeen = kNow},
+        {.platform = "otherOS", .release = build("O1", 1h)},
+        {.platform = "tvOS", .release = build("T1", 71h)}};
+    const auto content = releasesContent({.error = "No answer."}, seen, {"iOS", "tvOS"}, kNow);
+    ASSERT_EQ(content.rows.size(), 2u);
+    EXPECT_EQ(content.rows[0].build.release.build, "T1");
+    EXPECT_TRUE(content.rows[0].isNew);
+    EXPECT_FALSE(content.rows[1].isNew);
+    EXPECT_EQ(content.condition.state, PanelState::stale) << "the history has something to show";
+}
+
+}  // namespace
+}  // namespace kit
