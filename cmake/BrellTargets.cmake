@@ -25,6 +25,16 @@ brell_precompiled_header(pch_qt ${BRELL_ASYNC_HEADERS}
     <QStringList> <QTimer> <QVariantMap>)
 target_link_libraries(pch_qt PRIVATE Qt6::Core)
 
+# Batches share the cost of headers. The names in the unnamed namespaces of a batch must differ;
+# where they need not, a target stays out with the property UNITY_BUILD, a file with
+# SKIP_UNITY_BUILD_INCLUSION.
+set(CMAKE_UNITY_BUILD ${BRELL_UNITY})
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 10)
+if(BRELL_UNITY AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # It takes every file of a batch for a header.
+  add_compile_options(-Wno-subobject-linkage)
+endif()
+
 # Every source file of the current folder and the folders below it, for the targets that name none.
 function(brell_folder_sources result)
   file(GLOB_RECURSE found RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS *.cpp *.h)
@@ -107,7 +117,7 @@ function(brell_test name)
   target_compile_definitions(${name} PRIVATE
       BRELL_FIXTURES="${CMAKE_SOURCE_DIR}/tests/fixtures")
   add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT} LABELS unit)
 endfunction()
 
 # brell_quick_test(test_controls SOURCES ... USES ...)
@@ -118,6 +128,12 @@ function(brell_quick_test name)
   target_compile_definitions(${name} PRIVATE
       QUICK_TEST_SOURCE_DIR="${CMAKE_CURRENT_SOURCE_DIR}")
   add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES TIMEOUT 120
+  set_tests_properties(${name} PROPERTIES TIMEOUT 120)
+  brell_window_test(${name})
+endfunction()
+
+# A test that draws or asks for a screen runs without one.
+function(brell_window_test name)
+  set_tests_properties(${name} PROPERTIES LABELS window
       ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software")
 endfunction()

@@ -13,12 +13,12 @@ using kit::SigningStatus;
 
 namespace {
 
-using Key = std::pair<std::string, std::string>;
+using BuildKey = std::pair<std::string, std::string>;
 
-Key keyOf(const SignedBuild& build) { return {build.version, build.build}; }
+BuildKey keyOf(const SignedBuild& build) { return {build.version, build.build}; }
 
-std::set<Key> signedBuilds(const SigningStatus& status) {
-    std::set<Key> keys;
+std::set<BuildKey> signedBuilds(const SigningStatus& status) {
+    std::set<BuildKey> keys;
     for (const auto& build : status.builds) {
         if (build.isSigned) keys.insert(keyOf(build));
     }
@@ -45,7 +45,7 @@ void SigningHistory::note(std::string_view device, const std::optional<SigningSt
     if (!before) return;
     const auto were = signedBuilds(*before), are = signedBuilds(status);
     // Each once, even where a list has a build twice.
-    const auto log = [&](const SigningStatus& list, std::set<Key> known, bool isSigned) {
+    const auto log = [&](const SigningStatus& list, std::set<BuildKey> known, bool isSigned) {
         for (const auto& build : list.builds) {
             if (!build.isSigned || !known.insert(keyOf(build)).second) continue;
             add({.device = std::string(device),
