@@ -6,6 +6,16 @@ namespace app {
 
 using kit::Story;
 
+namespace {
+
+/// A story that the user has read before it came, on another computer or before it was dropped, is
+/// no news.
+bool isNews(const StoredStory& stored) {
+    return stored.arrival == Arrival::fresh && !stored.readAt;
+}
+
+}  // namespace
+
 DeskUpdateBuilder::DeskUpdateBuilder(LocalStore& store, kit::Clock clock,
                                      const std::atomic<bool>& isClosing)
     : store_(store), clock_(std::move(clock)), isClosing_(isClosing), roster_(store.sources()) {}
@@ -55,7 +65,7 @@ DeskUpdate DeskUpdateBuilder::kept(CommittedBatch pass) {
         }
     }
     for (const auto& stored : pass.added) {
-        if (stored.arrival == Arrival::fresh) result.news.push_back(stored.number);
+        if (isNews(stored)) result.news.push_back(stored.number);
     }
     cluster(clustered);
     if (!pass.added.empty()) result.lastArrival = clock_();
@@ -92,7 +102,7 @@ std::optional<DeskUpdate> DeskUpdateBuilder::foreignChanges() {
     const auto recent = clock_() - kClustered;
     store_.stories().eachChangedAfter(stamp_, [&](const StoredStory& stored) {
         if (stored.story.publishedAt >= recent) clustered.push_back(stored.story);
-        if (stored.arrival == Arrival::fresh) step.news.push_back(stored.number);
+        if (isNews(stored)) step.news.push_back(stored.number);
         step.stories.push_back(PackedStory::make(stored));
         return true;
     });

@@ -408,7 +408,7 @@ void RefreshPass::finishPass(const kit::ValidatorTable::Entries& validators,
         store_.stories().dropPublishedBefore(*report.droppedBefore, report.ended);
         store_.state().set(DeskState::kClockConfirmed, report.ended);
     }
-    store_.stories().dropBeyond(settings_.ceiling);
+    store_.stories().dropBeyond(settings_.ceiling, report.ended);
     store_.hostPauses().finishPass(report.ended);
     if (settings_.scope == PassScope::all && !report.offline && !report.cancelled) {
         store_.state().set(DeskState::kLastRefresh, report.ended);

@@ -10,6 +10,7 @@
 
 #include "Tarnwick_Brell/Storage/Tables/DeskState.h"
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
+#include "Tarnwick_Brell/Storage/Tables/PendingMarks.h"
 
 namespace app {
 
@@ -240,6 +241,7 @@ std::optional<UndoneChange> MarkTable::undoLastChange() {
         Statement undo(database_, last->mark == Mark::read ? kUndoRead : kUndoSave);
         undo.bind(0, undone.stamp).bind(1, *last->givenAt);
         while (undo.step()) undone.numbers.push_back(undo.number(0));
+        if (last->mark == Mark::read) PendingMarks(database_).removeRead(instantOf(*last->givenAt));
     }
     Statement giveBack(database_, statementFor(last->mark, true));
     for (const auto& [number, moment] : last->taken) {

@@ -36,9 +36,9 @@ struct UndoneChange {
 };
 
 /// Which stories the user has read and saved. The library remembers the user's last change, so
-/// that every program takes the same one back; each change takes the place of the one before.
-/// Every call that changes something is a
-/// transaction of its own and stamps the marks that it changes (see DeskState::nextStamp).
+/// that every program undoes the same one; each change replaces the one before. Every call that
+/// changes something is a transaction of its own and stamps the marks that it changes (see
+/// DeskState::nextStamp).
 class MarkTable {
 public:
     explicit MarkTable(Database& database) : database_(database) {}

@@ -206,7 +206,8 @@ constexpr std::array<Step, 6> kSteps{{
 
     // Records have ranks instead of numbers, so that moving one writes one. The newsroom that every
     // library starts with is no record until the user changes it. The ids of the user's own sources
-    // come from their addresses.
+    // come from their addresses. Marks outlive their stories, and may come before them; "since" is
+    // when a mark lost its story or came without one.
     {R"sql(
     ALTER TABLE newsrooms RENAME TO formerNewsrooms;
     ALTER TABLE beats RENAME TO formerBeats;
@@ -214,6 +215,9 @@ constexpr std::array<Step, 6> kSteps{{
                             removedAt INTEGER);
     CREATE TABLE beats (id TEXT PRIMARY KEY, rank TEXT NOT NULL, record TEXT NOT NULL,
                         removedAt INTEGER);
+    CREATE TABLE pendingMarks (story TEXT PRIMARY KEY, readAt INTEGER, savedAt INTEGER,
+                               since INTEGER NOT NULL) WITHOUT ROWID;
+    CREATE INDEX pendingMarksBySince ON pendingMarks (since);
     )sql",
      &completeVersion6},
 }};

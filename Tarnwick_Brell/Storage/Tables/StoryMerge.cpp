@@ -117,7 +117,8 @@ StoryMerge::StoryMerge(Database& database, SearchIndex& index)
       insert_(database, kInsert),
       revise_(database, kRevise),
       addWording_(database, kAddWording),
-      trimWordings_(database, kTrimWordings) {}
+      trimWordings_(database, kTrimWordings),
+      pendingMarks_(database) {}
 
 Merged StoryMerge::merge(std::span<const Story> stories, const Fetch& fetch, std::int64_t stamp) {
     Merged merged;
@@ -253,7 +254,13 @@ StoredStory StoryMerge::insert(const Story& story, const Fetch& fetch, Arrival a
     insert_.bind(20, kit::rawValue(arrival));
     insert_.run();
     index_.add(number);
-    return {.story = story, .number = number, .firstSeen = fetch.seen, .arrival = arrival};
+    StoredStory added{
+        .story = story, .number = number, .firstSeen = fetch.seen, .arrival = arrival};
+    if (const auto marks = pendingMarks_.apply(story.id, number, stamp)) {
+        added.readAt = marks->readAt;
+        added.savedAt = marks->savedAt;
+    }
+    return added;
 }
 
 std::optional<StoredStory> StoryMerge::revise(const Story& story, const Known& known,

@@ -11,6 +11,7 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Stories/Story.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
+#include "Tarnwick_Brell/Storage/Tables/PendingMarks.h"
 #include "Tarnwick_Brell/Storage/Tables/SearchIndex.h"
 #include "Tarnwick_Brell/Storage/Tables/StoredStory.h"
 
@@ -44,6 +45,7 @@ struct Merged {
 ///   published within the hour, or no link of the whole feed is known any more.
 /// - An undated story that retention has dropped does not come back as news.
 /// - A story that comes more than kNews after its publication is not news.
+/// - A story whose marks are pending (see PendingMarks.h) has them at once.
 class StoryMerge {
 public:
     static constexpr std::chrono::hours kNews{72};
@@ -87,6 +89,7 @@ private:
     Statement revise_;
     Statement addWording_;
     Statement trimWordings_;
+    PendingMarks pendingMarks_;
 };
 
 }  // namespace app

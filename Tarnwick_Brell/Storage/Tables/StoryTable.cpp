@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
+#include "Tarnwick_Brell/Storage/Tables/PendingMarks.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
 
 namespace app {
@@ -129,7 +130,18 @@ std::size_t StoryTable::count() {
     return static_cast<std::size_t>(row.number(0));
 }
 
+/// `condition` selects by `number`, with `parameter` as its only one, "?1".
+std::vector<std::int64_t> StoryTable::drop(const std::string& condition, std::int64_t parameter,
+                                           kit::Instant now) {
+    PendingMarks(database_).keepOf(condition, parameter, now);
+    Statement drop(database_,
+                   fmt::format("DELETE FROM stories WHERE {} RETURNING number", condition));
+    drop.bind(0, parameter);
+    return numbers(drop);
+}
+
 std::vector<std::int64_t> StoryTable::dropPublishedBefore(kit::Instant cutoff, kit::Instant now) {
+    PendingMarks(database_).clean(now);
     constexpr std::chrono::days season(90);
     Statement forget(database_, "DELETE FROM departed WHERE lastSeen < ?");
     forget.bind(0, microseconds(now - season));
@@ -145,22 +157,16 @@ std::vector<std::int64_t> StoryTable::dropPublishedBefore(kit::Instant cutoff, k
         remember.bind(0, old.view(0)).bind(1, microseconds(now));
         remember.run();
     }
-    Statement drop(database_, fmt::format("DELETE FROM stories WHERE number < ? AND {} "
-                                          "RETURNING number",
-                                          kUnsaved));
-    drop.bind(0, firstStoryNumber(cutoff));
-    return numbers(drop);
+    return drop(fmt::format("number < ?1 AND {}", kUnsaved), firstStoryNumber(cutoff), now);
 }
 
-std::vector<std::int64_t> StoryTable::dropBeyond(std::size_t ceiling) {
+std::vector<std::int64_t> StoryTable::dropBeyond(std::size_t ceiling, kit::Instant now) {
     const auto present = count();
     if (present <= ceiling) return {};
-    Statement drop(database_,
-                   fmt::format("DELETE FROM stories WHERE number IN (SELECT number FROM stories "
-                               "WHERE {} ORDER BY number LIMIT ?) RETURNING number",
-                               kUnsaved));
-    drop.bind(0, static_cast<std::int64_t>(present - ceiling));
-    return numbers(drop);
+    return drop(
+        fmt::format("number IN (SELECT number FROM stories WHERE {} ORDER BY number LIMIT ?1)",
+                    kUnsaved),
+        static_cast<std::int64_t>(present - ceiling), now);
 }
 
 }  // namespace app

@@ -50,11 +50,11 @@ public:
 
     /// Drops what was published before the moment, except what is saved. Returns the numbers
     /// of what went. Undated stories are remembered for as long as their feed brings them, and
-    /// a season more.
+    /// a season more. The marks of dropped stories become pending (see PendingMarks.h).
     std::vector<std::int64_t> dropPublishedBefore(kit::Instant cutoff, kit::Instant now);
 
     /// Drops the oldest that are not saved until at most `ceiling` stories are left.
-    std::vector<std::int64_t> dropBeyond(std::size_t ceiling);
+    std::vector<std::int64_t> dropBeyond(std::size_t ceiling, kit::Instant now);
 
     /// What a select of whole stories begins with, for rows that `read` understands; stories
     /// are named "s" in it, their marks "m".
@@ -63,6 +63,9 @@ public:
     static StoryView view(const Statement& row);
 
 private:
+    std::vector<std::int64_t> drop(const std::string& condition, std::int64_t parameter,
+                                   kit::Instant now);
+
     Database& database_;
 };
 

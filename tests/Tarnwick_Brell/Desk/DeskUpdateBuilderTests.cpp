@@ -42,6 +42,10 @@ TEST(DeskUpdateBuilder, AnotherProgramsWriteIsNotTakenForOurOwn) {
     backroom.kept(write(ours, "4"));
     EXPECT_EQ(backroom.foreignChanges()->stories.size(), 2u) << "rather twice than never";
     EXPECT_FALSE(backroom.foreignChanges().has_value());
+
+    Database(bench.library(), Database::Access::readWrite)
+        .execute("INSERT INTO pendingMarks VALUES ('5', 1, NULL, 1)");
+    EXPECT_TRUE(backroom.kept(write(ours, "5")).news.empty()) << "it has been read elsewhere";
 }
 
 }  // namespace

@@ -166,14 +166,64 @@ TEST_F(StoryMergeTest, RetentionAndCeilingSpareWhatIsSaved) {
     fetch(stories, {.seen = at(20)});
     store_.marks().save(std::vector<std::string>{"0", "5"}, at(21));
     EXPECT_EQ(store_.stories().dropPublishedBefore(at(2), at(30)).size(), 1u);
-    EXPECT_EQ(store_.stories().dropBeyond(6).size(), 3u);
+    EXPECT_EQ(store_.stories().dropBeyond(6, at(30)).size(), 3u);
     std::string left;
     store_.stories().eachInWireOrder(std::nullopt, [&](const StoredStory& stored) {
         left += stored.story.id;
         return true;
     });
     EXPECT_EQ(left, "987650");
-    EXPECT_TRUE(store_.stories().dropBeyond(6).empty());
+    EXPECT_TRUE(store_.stories().dropBeyond(6, at(30)).empty());
+}
+
+TEST_F(StoryMergeTest, MarksOutliveTheirStoriesForASeasonAndCountNowhereMeanwhile) {
+    const int day = 24 * 60;
+    const std::vector feed{story("1", "Read", 1), story("2", "Read as well", 2),
+                           story("3", "Unread", 3)};
+    fetch(feed, {.seen = at(5)});
+    store_.marks().markRead(std::vector<std::string>{"1", "2"}, at(7));
+    const auto dropAll = [&](int minute) {
+        store_.stories().dropPublishedBefore(at(2), at(minute));
+        store_.stories().dropBeyond(0, at(minute));
+        EXPECT_EQ(store_.marks().counts().read, 0u);
+    };
+    dropAll(10);
+    const auto back = fetch(feed, {.seen = at(20)});
+    for (const auto& stored : back.added) {
+        EXPECT_EQ(stored.readAt.has_value(), stored.story.id != "3") << stored.story.id;
+        EXPECT_EQ(kept(stored.story.id).readAt, stored.readAt);
+    }
+    EXPECT_EQ(store_.marks().counts().read, 2u);
+    EXPECT_EQ(kept("1").readAt, at(7));
+
+    dropAll(30);
+    store_.stories().dropPublishedBefore(at(2), at(80 * day));
+    fetch({feed[0]}, {.seen = at(80 * day)});
+    store_.stories().dropPublishedBefore(at(0), at(30 + 91 * day));
+    fetch({feed[1]}, {.seen = at(91 * day)});
+    EXPECT_TRUE(kept("1").readAt);
+    EXPECT_FALSE(kept("2").readAt);
+}
+
+TEST_F(StoryMergeTest, AnUndoTakesBackMarksOfDroppedStoriesToo) {
+    const std::vector feed{story("1", "One", 1), story("2", "Two", 2)};
+    fetch(feed, {.seen = at(5)});
+    store_.marks().markAllRead({}, at(7));
+    store_.stories().dropPublishedBefore(at(2), at(10));
+    EXPECT_EQ(store_.marks().undoLastChange()->numbers.size(), 1u);
+    fetch(feed, {.seen = at(20)});
+    EXPECT_FALSE(kept("1").readAt);
+}
+
+TEST_F(StoryMergeTest, AMarkThatComesBeforeItsStoryWaitsForIt) {
+    const int day = 24 * 60;
+    Database(folder_.path() / "library.sqlite", Database::Access::readWrite)
+        .execute("INSERT INTO pendingMarks VALUES ('1', NULL, 420000000, 0)");
+    EXPECT_EQ(store_.marks().counts().saved, 0u);
+    store_.stories().dropPublishedBefore(at(0), at(200 * day));
+    fetch({story("1", "Saved elsewhere", 1)}, {.seen = at(200 * day)});
+    EXPECT_EQ(kept("1").savedAt, at(7)) << "what is saved is never forgotten";
+    EXPECT_TRUE(store_.stories().dropPublishedBefore(at(5), at(200 * day)).empty());
 }
 
 TEST_F(StoryMergeTest, AnUndatedStoryThatWasDroppedDoesNotComeBackAsNews) {
