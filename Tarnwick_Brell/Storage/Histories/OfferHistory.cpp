@@ -29,7 +29,7 @@ OfferHistory::Offers missingIn(const OfferHistory::Offers& others,
     return missing;
 }
 
-std::vector<OfferChange> changesIn(Statement& rows) {
+std::vector<OfferChange> offerChangesIn(Statement& rows) {
     std::vector<OfferChange> changes;
     while (rows.step()) {
         changes.push_back({.offer = kit::decode<UpdateOffer>(kit::parseJSON(rows.text(0))),
@@ -62,7 +62,7 @@ std::vector<OfferChange> OfferHistory::newest(std::size_t most, std::string_view
                    "SELECT record, offered, seenAt FROM offerChanges "
                    "WHERE ?1 = '' OR platform = ?1 ORDER BY number DESC LIMIT ?2");
     rows.bind(0, platform).bind(1, static_cast<std::int64_t>(most));
-    return changesIn(rows);
+    return offerChangesIn(rows);
 }
 
 std::vector<OfferChange> OfferHistory::after(std::int64_t number) {
@@ -70,7 +70,7 @@ std::vector<OfferChange> OfferHistory::after(std::int64_t number) {
                    "SELECT record, offered, seenAt FROM offerChanges "
                    "WHERE number > ? ORDER BY number");
     rows.bind(0, number);
-    return changesIn(rows);
+    return offerChangesIn(rows);
 }
 
 std::int64_t OfferHistory::lastNumber() {

@@ -25,7 +25,7 @@ std::set<BuildKey> signedBuilds(const SigningStatus& status) {
     return keys;
 }
 
-std::vector<SigningChange> changesIn(Statement& rows) {
+std::vector<SigningChange> signingChangesIn(Statement& rows) {
     std::vector<SigningChange> changes;
     while (rows.step()) {
         changes.push_back({.device = rows.text(0),
@@ -75,7 +75,7 @@ std::vector<SigningChange> SigningHistory::newest(std::size_t most, std::string_
                    "SELECT device, deviceName, version, build, signed, seenAt FROM signingChanges "
                    "WHERE ?1 = '' OR device = ?1 ORDER BY number DESC LIMIT ?2");
     rows.bind(0, device).bind(1, static_cast<std::int64_t>(most));
-    return changesIn(rows);
+    return signingChangesIn(rows);
 }
 
 std::vector<SigningChange> SigningHistory::after(std::int64_t number) {
@@ -83,7 +83,7 @@ std::vector<SigningChange> SigningHistory::after(std::int64_t number) {
                    "SELECT device, deviceName, version, build, signed, seenAt FROM signingChanges "
                    "WHERE number > ? ORDER BY number");
     rows.bind(0, number);
-    return changesIn(rows);
+    return signingChangesIn(rows);
 }
 
 std::int64_t SigningHistory::lastNumber() {
