@@ -1,7 +1,11 @@
 #include "Tarnwick_Brell/CommandLine/SignalPanels.h"
 
+#include <algorithm>
+
 #include <fmt/format.h>
 
+#include "NewsroomKit/Panels/BackendContent.h"
+#include "NewsroomKit/Panels/SigningContent.h"
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/Signals/LastSignals.h"
@@ -21,55 +25,51 @@ std::string lineOf(PanelHoldings& holdings, kit::Instant when, const std::string
     return padTo(age(when, holdings.now()), kAgeColumns) + " " + printable(sentence);
 }
 
-/// The reading that was fetched longest ago, of those that were fetched.
-app::TrackerReading<kit::SigningStatus> oldestSigning(PanelHoldings& holdings) {
+std::vector<kit::DeviceSigning> signingOf(PanelHoldings& holdings) {
     app::LastSignals last(holdings.session().storeForReading());
-    app::TrackerReading<kit::SigningStatus> oldest;
-    for (const auto& device : holdings.session().defaults().signingDevices()) {
-        const auto reading = last.signing(device);
-        if (!reading.fetchedAt) continue;
-        if (!oldest.fetchedAt || reading.fetchedAt < oldest.fetchedAt) oldest = reading;
-    }
-    return oldest;
+    std::vector<kit::DeviceSigning> devices;
+    for (const auto& device : holdings.session().defaults().signingDevices())
+        devices.push_back({device, kit::fetched(last.signing(device))});
+    return devices;
 }
 
 }  // namespace
 
 Lines recordsLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
-    const auto reading = oldestSigning(holdings);
     const auto changes =
         holdings.session().storeForReading().signing().newest(lineCount(panel) * kMostDevices);
-    if (!reading.value && changes.empty()) return nothingYet(holdings, reading, "signing");
+    const auto condition = kit::signingCondition(signingOf(holdings), !changes.empty());
+    if (!condition.isKnown()) return nothingYet(holdings, condition, "signing");
     Lines lines;
-    for (const auto& news : app::signingNews(changes)) {
+    for (auto& news : app::signingNews(changes)) {
         if (lines.size() == lineCount(panel)) break;
+        // The model that was asked for first was seen first and comes last.
+        std::ranges::reverse(news.devices);
         lines.push_back(lineOf(holdings, news.seenAt, news.sentence()));
     }
     if (lines.empty()) lines.emplace_back("No change of signing has been seen yet.");
-    addState(lines, holdings, reading, "signing ");
+    addState(lines, holdings, condition, "signing ");
     lines.push_back(
         holdings.session().out().dim("The desk does not read filings and court records yet."));
     return lines;
 }
 
 Lines backendLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
-    const auto reading = app::LastSignals(holdings.session().storeForReading()).updates();
-    const auto changes = holdings.session().storeForReading().offers().newest(lineCount(panel));
-    if (!reading.value && changes.empty()) return nothingYet(holdings, reading, "updates");
+    auto& store = holdings.session().storeForReading();
+    const auto content = kit::backendContent(kit::fetched(app::LastSignals(store).updates()),
+                                             store.offers().newest(lineCount(panel)));
+    if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "updates");
     Lines lines;
-    for (const auto& change : changes) {
+    for (const auto& change : content.changes)
         lines.push_back(lineOf(holdings, change.seenAt, app::sentence(change)));
+    if (lines.empty()) lines.emplace_back("No change has been seen yet.");
+    if (!content.newest.empty()) lines.emplace_back("Newest offers:");
+    for (const auto& offer : content.newest) {
+        lines.push_back(fmt::format("{} {} {} ({})", dayText(offer.posted),
+                                    printable(offer.platform), printable(offer.version),
+                                    printable(offer.build)));
     }
-    if (lines.empty()) {
-        lines.emplace_back("No change has been seen yet. Posted last:");
-        for (const auto& offer : *reading.value) {
-            if (lines.size() == lineCount(panel)) break;
-            lines.push_back(fmt::format("{} {} {} ({})", dayText(offer.posted),
-                                        printable(offer.platform), printable(offer.version),
-                                        printable(offer.build)));
-        }
-    }
-    addState(lines, holdings, reading);
+    addState(lines, holdings, content.condition);
     return lines;
 }
 

@@ -14,13 +14,11 @@ public:
 
     QString label() const override { return tr("Updates that Apple offers"); }
 
-    void tick() override { look(); }
+    void tick() override { update(); }
     void retry() override { signalsStore().refresh(SignalRound::updates); }
 
 private:
-    void look();
-    void addChanges(std::vector<SignalRow>& rows) const;
-    void addOffers(std::vector<SignalRow>& rows) const;
+    void update();
 };
 
 }  // namespace app

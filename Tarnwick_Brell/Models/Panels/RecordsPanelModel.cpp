@@ -37,13 +37,10 @@ void RecordsPanelModel::look() {
         std::ranges::reverse(news.devices);
         rows.push_back(rowOf(news, now()));
     }
-    const auto reading = signingOfAll(signalsStore());
-    auto condition = conditionOf(reading.value || !rows.empty(), reading.fetchedAt, reading.error);
-    if (condition.state == Ready && rows.empty()) {
-        condition.state = Empty;
-        condition.message = tr("No change of signing has been seen yet.");
+    auto condition = conditionOf(kit::signingCondition(signingOf(signalsStore()), !rows.empty()),
+                                 tr("No change of signing has been seen yet."));
+    if (condition.state == Empty)
         condition.hint = tr("The desk does not read filings and court records yet.");
-    }
     rows_.setRows(std::move(rows));
     become(std::move(condition));
 }

@@ -54,21 +54,11 @@ QString devicesText(const std::vector<std::string>& names) {
     return SignalText::tr("%1 and %2").arg(named.join(separator), last);
 }
 
-TrackerReading<std::size_t> signingOfAll(const SignalsStore& store) {
-    TrackerReading<std::size_t> all;
-    std::size_t known = 0;
-    bool hasFailed = true;
-    for (const auto& device : store.devices()) {
-        const auto& reading = store.signing(device);
-        hasFailed = hasFailed && reading.error;
-        if (!all.error) all.error = reading.error;
-        if (!reading.value) continue;
-        ++known;
-        if (!all.fetchedAt || reading.fetchedAt < all.fetchedAt) all.fetchedAt = reading.fetchedAt;
-    }
-    if (!hasFailed) all.error.reset();
-    if (known > 0) all.value = known;
-    return all;
+std::vector<kit::DeviceSigning> signingOf(const SignalsStore& store) {
+    std::vector<kit::DeviceSigning> devices;
+    for (const auto& device : store.devices())
+        devices.push_back({device, kit::fetched(store.signing(device))});
+    return devices;
 }
 
 }  // namespace app

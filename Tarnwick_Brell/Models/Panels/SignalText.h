@@ -1,14 +1,14 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <vector>
 
 #include <QString>
 
+#include "NewsroomKit/Panels/SigningContent.h"
 #include "Tarnwick_Brell/Signals/SignalsStore.h"
 
-/// Firmware, updates and charts in words, and how their readings are taken together.
+/// Firmware and updates in words.
 namespace app {
 
 /// "27.1 (24B83)"
@@ -20,8 +20,7 @@ QString devicesText(const std::vector<std::string>& names);
 /// "3 Nov", with the year when it is another one: a day as Apple has it, the same in all zones.
 QString appleDayText(kit::Instant day, kit::Instant now);
 
-/// All models that are asked for as one reading: as old as the oldest, and with an error only
-/// when none of them could be asked. The value is how many are known.
-TrackerReading<std::size_t> signingOfAll(const SignalsStore& store);
+/// What the store holds of each model whose signing is followed.
+std::vector<kit::DeviceSigning> signingOf(const SignalsStore& store);
 
 }  // namespace app

@@ -6,43 +6,48 @@
 
 namespace app {
 
-SignedPanelModel::SignedPanelModel(const PanelStores& stores) : SignalsPanelModel(stores) {
-    connect(&signalsStore(), &SignalsStore::changed, this, &SignedPanelModel::look);
-    look();
-}
+namespace {
 
-void SignedPanelModel::look() {
+/// The rows of one model; the first carries its name as the heading.
+std::vector<SignalRow> rowsOf(const kit::SigningContent::Device& device, kit::Instant now) {
     std::vector<SignalRow> rows;
-    for (const auto& device : signalsStore().devices()) add(device, rows);
-    rows_.setRows(std::move(rows));
-    become(conditionOf(signingOfAll(signalsStore())));
+    for (const auto& build : device.builds) {
+        rows.push_back({.title = buildText(build.version, build.build),
+                        .when = build.released ? appleDayText(*build.released, now) : QString()});
+    }
+    if (rows.empty()) {
+        rows.push_back({.title = device.isKnown ? SignedPanelModel::tr("Nothing is signed")
+                                                : SignedPanelModel::tr("Not known yet")});
+    }
+    rows[0].heading = titleText(device.name);
+    if (device.error) {
+        const auto error = titleText(*device.error);
+        rows[0].detail = device.fetchedAt ? SignedPanelModel::tr("As of %1. %2")
+                                                .arg(momentText(*device.fetchedAt, now), error)
+                                          : error;
+    }
+    for (auto& row : rows) {
+        row.spokenText =
+            SignedPanelModel::tr("%1: %2 %3").arg(rows[0].heading, row.title, row.detail).trimmed();
+    }
+    return rows;
 }
 
-void SignedPanelModel::add(const std::string& device, std::vector<SignalRow>& rows) const {
-    const auto& [status, fetchedAt, error] = signalsStore().signing(device);
-    const auto first = rows.size();
-    if (status) {
-        for (const auto& build : status->builds) {
-            if (!build.isSigned) continue;
-            rows.push_back(
-                {.title = buildText(build.version, build.build),
-                 .when = build.released ? appleDayText(*build.released, now()) : QString()});
-        }
+}  // namespace
+
+SignedPanelModel::SignedPanelModel(const PanelStores& stores) : SignalsPanelModel(stores) {
+    connect(&signalsStore(), &SignalsStore::changed, this, &SignedPanelModel::update);
+    update();
+}
+
+void SignedPanelModel::update() {
+    const auto content = kit::signingContent(signingOf(signalsStore()));
+    std::vector<SignalRow> rows;
+    for (const auto& device : content.devices) {
+        for (auto& row : rowsOf(device, now())) rows.push_back(std::move(row));
     }
-    if (rows.size() == first) {
-        rows.push_back({.title = status ? tr("Nothing is signed") : tr("Not known yet")});
-    }
-    auto& top = rows[first];
-    top.heading = titleText(status ? status->name : device);
-    if (error) {
-        top.detail = fetchedAt
-                         ? tr("As of %1. %2").arg(momentText(*fetchedAt, now()), titleText(*error))
-                         : titleText(*error);
-    }
-    for (auto row = first; row < rows.size(); ++row) {
-        rows[row].spokenText =
-            tr("%1: %2 %3").arg(top.heading, rows[row].title, rows[row].detail).trimmed();
-    }
+    rows_.setRows(std::move(rows));
+    become(conditionOf(content.condition));
 }
 
 }  // namespace app

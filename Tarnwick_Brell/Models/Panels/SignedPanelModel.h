@@ -13,12 +13,11 @@ public:
 
     QString label() const override { return tr("Firmware that is signed"); }
 
-    void tick() override { look(); }
+    void tick() override { update(); }
     void retry() override { signalsStore().refresh(SignalRound::signing); }
 
 private:
-    void look();
-    void add(const std::string& device, std::vector<SignalRow>& rows) const;
+    void update();
 };
 
 }  // namespace app
