@@ -32,9 +32,9 @@ Answer archiveAnswer(std::string_view body) {
 template <class Answer>
 boost::asio::awaitable<FetchResult<Answer>> fetchArchiveAnswer(HTTPClient& http,
                                                                std::string address) {
-    const auto answer = co_await fetchBody(http, std::move(address), kArchiveByteLimit);
-    if (!answer.body) co_return answer.body.error();
-    co_return archiveAnswer<Answer>(answer.body.value());
+    auto fetched = co_await fetchFile<Answer>(http, std::move(address), kArchiveByteLimit,
+                                              archiveAnswer<Answer>);
+    co_return std::move(fetched.value);
 }
 
 }  // namespace kit

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include <boost/asio/awaitable.hpp>
 
@@ -18,5 +22,28 @@ struct FetchedBody {
 /// in full each time: a tracker's files are small, and its last good copy may be gone.
 boost::asio::awaitable<FetchedBody> fetchBody(HTTPClient& http, std::string address,
                                               std::size_t byteLimit);
+
+/// The parsed answer of a service, with its body for callers who cache it.
+template <class T>
+struct FetchedFile {
+    FetchResult<T> value;
+    std::string body{};                                ///< empty when there is no value
+    std::optional<std::chrono::seconds> retryAfter{};  ///< the pause that the server asks for
+};
+
+/// Throws what `parse` throws when the body is not what it should be.
+template <class T>
+boost::asio::awaitable<FetchedFile<T>> fetchFile(HTTPClient& http, std::string address,
+                                                 std::size_t byteLimit,
+                                                 T (*parse)(std::string_view body)) {
+    auto fetched = co_await fetchBody(http, std::move(address), byteLimit);
+    if (!fetched.body) {
+        co_return FetchedFile<T>{.value = fetched.body.error(),
+                                 .retryAfter = fetched.record.retryAfter};
+    }
+    auto body = std::move(fetched.body).value();
+    auto value = parse(body);
+    co_return FetchedFile<T>{.value = std::move(value), .body = std::move(body)};
+}
 
 }  // namespace kit

@@ -4,7 +4,6 @@
 #include <boost/url/rfc/pchars.hpp>
 
 #include "NewsroomKit/Trackers/SignalHosts.h"
-#include "NewsroomKit/HTTP/BodyFetch.h"
 
 namespace kit {
 
@@ -15,14 +14,6 @@ std::string addressOf(SignalService service) { return "https://" + std::string(h
 /// So that nothing in it becomes part of the address's own syntax; commas stay.
 std::string pathPiece(std::string_view text) {
     return boost::urls::encode(text, boost::urls::pchars);
-}
-
-template <class T>
-boost::asio::awaitable<FetchResult<T>> fetched(HTTPClient& http, std::string address,
-                                               T (*parse)(std::string_view)) {
-    const auto answer = co_await fetchBody(http, std::move(address), SignalsAPI::kByteLimit);
-    if (!answer.body) co_return answer.body.error();
-    co_return parse(answer.body.value());
 }
 
 }  // namespace
@@ -39,18 +30,18 @@ std::string SignalsAPI::chartAddress(AppStoreCharts::Kind kind, std::string_view
            std::string(rawValue(kind)) + "/" + std::to_string(entries) + "/apps.json";
 }
 
-boost::asio::awaitable<FetchResult<SigningStatus>> SignalsAPI::signingStatus(
-    std::string device) const {
-    return fetched(http, signingAddress(device), SigningStatus::parse);
+boost::asio::awaitable<FetchedFile<SigningStatus>> SignalsAPI::signingStatus(
+    std::string_view device) const {
+    return fetchFile(http, signingAddress(device), kByteLimit, SigningStatus::parse);
 }
 
-boost::asio::awaitable<FetchResult<std::vector<UpdateOffer>>> SignalsAPI::updateOffers() const {
-    return fetched(http, updatesAddress(), AppleUpdateCatalog::parse);
+boost::asio::awaitable<FetchedFile<std::vector<UpdateOffer>>> SignalsAPI::updateOffers() const {
+    return fetchFile(http, updatesAddress(), kByteLimit, AppleUpdateCatalog::parse);
 }
 
-boost::asio::awaitable<FetchResult<std::vector<ChartEntry>>> SignalsAPI::chart(
+boost::asio::awaitable<FetchedFile<std::vector<ChartEntry>>> SignalsAPI::chart(
     AppStoreCharts::Kind kind) const {
-    return fetched(http, chartAddress(kind), AppStoreCharts::parse);
+    return fetchFile(http, chartAddress(kind), kByteLimit, AppStoreCharts::parse);
 }
 
 }  // namespace kit

@@ -7,8 +7,6 @@
 #include <boost/url/encode.hpp>
 #include <boost/url/rfc/unreserved_chars.hpp>
 
-#include "NewsroomKit/HTTP/BodyFetch.h"
-
 namespace kit {
 
 namespace urls = boost::urls;
@@ -67,14 +65,6 @@ Response responseIn(std::string_view body, DateForms dates) {
 /// Symbols such as "^GSPC" and "BRK/B" must not become part of the address's own syntax.
 std::string queryValue(std::string_view text) { return urls::encode(text, urls::unreserved_chars); }
 
-template <class T>
-boost::asio::awaitable<FetchResult<T>> fetched(HTTPClient& http, std::string address,
-                                               T (*parse)(std::string_view)) {
-    const auto answer = co_await fetchBody(http, std::move(address), TrackerAPI::kByteLimit);
-    if (!answer.body) co_return answer.body.error();
-    co_return parse(answer.body.value());
-}
-
 }  // namespace
 
 std::string TrackerAPI::baseAt(std::string_view serviceAddress) {
@@ -121,21 +111,23 @@ std::vector<BoardQuote> TrackerAPI::parseBoard(std::string_view body) {
     return responseIn<BoardResponse>(body, DateForms::textAndNumbers).quotes;
 }
 
-boost::asio::awaitable<FetchResult<std::vector<PlatformRelease>>> TrackerAPI::releases() const {
-    return fetched<std::vector<PlatformRelease>>(http, releasesAddress(), parseReleases);
+boost::asio::awaitable<FetchedFile<std::vector<PlatformRelease>>> TrackerAPI::releases() const {
+    return fetchFile<std::vector<PlatformRelease>>(http, releasesAddress(), kByteLimit,
+                                                   parseReleases);
 }
 
-boost::asio::awaitable<FetchResult<std::vector<AppleCalendarEvent>>> TrackerAPI::events() const {
-    return fetched<std::vector<AppleCalendarEvent>>(http, eventsAddress(), parseEvents);
+boost::asio::awaitable<FetchedFile<std::vector<AppleCalendarEvent>>> TrackerAPI::events() const {
+    return fetchFile<std::vector<AppleCalendarEvent>>(http, eventsAddress(), kByteLimit,
+                                                      parseEvents);
 }
 
-boost::asio::awaitable<FetchResult<StockQuote>> TrackerAPI::quote(std::string symbol,
+boost::asio::awaitable<FetchedFile<StockQuote>> TrackerAPI::quote(std::string_view symbol,
                                                                   QuoteRange range) const {
-    return fetched(http, quoteAddress(symbol, range), parseQuote);
+    return fetchFile(http, quoteAddress(symbol, range), kByteLimit, parseQuote);
 }
 
-boost::asio::awaitable<FetchResult<std::vector<BoardQuote>>> TrackerAPI::board() const {
-    return fetched(http, boardAddress(), parseBoard);
+boost::asio::awaitable<FetchedFile<std::vector<BoardQuote>>> TrackerAPI::board() const {
+    return fetchFile(http, boardAddress(), kByteLimit, parseBoard);
 }
 
 }  // namespace kit

@@ -1,7 +1,5 @@
 #include "NewsroomKit/Trackers/Status/AppleStatusAPI.h"
 
-#include "NewsroomKit/HTTP/BodyFetch.h"
-
 namespace kit {
 
 std::string AppleStatusAPI::address(StatusFeed audience) {
@@ -10,11 +8,9 @@ std::string AppleStatusAPI::address(StatusFeed audience) {
     return address += "system_status_en_US.js";
 }
 
-boost::asio::awaitable<FetchResult<AppleServiceStatus::Services>> AppleStatusAPI::fetch(
+boost::asio::awaitable<FetchedFile<AppleServiceStatus::Services>> AppleStatusAPI::fetch(
     StatusFeed audience) const {
-    const auto fetched = co_await fetchBody(http, address(audience), kByteLimit);
-    if (!fetched.body) co_return fetched.body.error();
-    co_return AppleServiceStatus::parse(fetched.body.value());
+    return fetchFile(http, address(audience), kByteLimit, AppleServiceStatus::parse);
 }
 
 }  // namespace kit

@@ -6,13 +6,13 @@
 
 #include <boost/asio/awaitable.hpp>
 
-#include "NewsroomKit/HTTP/HTTPClient.h"
+#include "NewsroomKit/HTTP/BodyFetch.h"
 #include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
 #include "NewsroomKit/Trackers/Status/StatusFeed.h"
 
 namespace kit {
 
-/// Apple's system-status files.
+/// Fetches Apple's two system-status files.
 struct AppleStatusAPI {
     static constexpr std::size_t kByteLimit = 2'097'152;
     /// The page that people read.
@@ -22,9 +22,8 @@ struct AppleStatusAPI {
 
     static std::string address(StatusFeed audience);
 
-    /// Throws RecordError when what came is no status file; parse with
-    /// AppleServiceStatus::parse what fetchBody has brought.
-    boost::asio::awaitable<FetchResult<AppleServiceStatus::Services>> fetch(
+    /// Throws RecordError when the answer is no status file.
+    boost::asio::awaitable<FetchedFile<AppleServiceStatus::Services>> fetch(
         StatusFeed audience) const;
 };
 
