@@ -86,7 +86,7 @@ DeskUpdateBuilder& NewsDesk::backroom() {
     throw StoreError(StoreError::Reason::unreadable, "The library has not been read.");
 }
 
-RefreshCadence::Now NewsDesk::now() const {
+Clocks NewsDesk::now() const {
     return {.wall = clock_(), .steady = std::chrono::steady_clock::now()};
 }
 

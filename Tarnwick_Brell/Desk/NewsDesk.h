@@ -168,7 +168,7 @@ private:
     void dropOldAtStart();
     void dropOld(std::optional<kit::Instant> publishedBefore);
     PassSettings passSettings(PassScope scope) const;
-    RefreshCadence::Now now() const;
+    Clocks now() const;
     void post(DeskWorker::Job job, std::function<void()> undo = {});
     DeskWorker::Failed failure(std::function<void()> undo = {});
     struct MarkChange {

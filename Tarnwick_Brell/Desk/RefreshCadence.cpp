@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Desk/RefreshCadence.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace app {
 
@@ -11,8 +12,6 @@ namespace {
 
 constexpr milliseconds kStartJitter = 3s;
 constexpr milliseconds kWakeUpJitter = 10s;
-// More than timers are late on a busy machine.
-constexpr milliseconds kSleepNoticed = 45s;
 constexpr milliseconds kBetweenPasses = 10s;
 constexpr milliseconds kFirstRetry = 30s;
 
@@ -23,8 +22,8 @@ milliseconds inMilliseconds(auto duration) {
 }  // namespace
 
 RefreshCadence::RefreshCadence(std::chrono::minutes interval,
-                               std::optional<kit::Instant> lastRefresh, Now now, Jitter jitter)
-    : interval_(interval), jitter_(std::move(jitter)), lastLook_(now) {
+                               std::optional<kit::Instant> lastRefresh, Clocks now, Jitter jitter)
+    : interval_(interval), jitter_(std::move(jitter)), lastCheck_(now) {
     const bool isRecent =
         lastRefresh && *lastRefresh <= now.wall && now.wall - *lastRefresh < interval_;
     const auto waited = isRecent ? inMilliseconds(now.wall - *lastRefresh) : interval_;
@@ -33,7 +32,7 @@ RefreshCadence::RefreshCadence(std::chrono::minutes interval,
     earliest_ = now.steady + (isRecent ? 0ms : jitter_(kStartJitter));
 }
 
-void RefreshCadence::goLive(kit::Instant until, Now now) {
+void RefreshCadence::goLive(kit::Instant until, Clocks now) {
     liveUntil_ = std::min(until, now.wall + kLongestLive);
 }
 
@@ -43,13 +42,13 @@ std::optional<kit::Instant> RefreshCadence::liveUntil(kit::Instant now) const {
     return holds ? liveUntil_ : std::nullopt;
 }
 
-void RefreshCadence::passBegan(Now now) {
+void RefreshCadence::passBegan(Clocks now) {
     began_ = now.steady;
     beganWall_ = now.wall;
     wakeUp_.reset();
 }
 
-void RefreshCadence::passEnded(Now now, bool failedAsAWhole) {
+void RefreshCadence::passEnded(Clocks now, bool failedAsAWhole) {
     failures_ = failedAsAWhole ? failures_ + 1 : 0;
     earliest_ = now.steady + kBetweenPasses;
 }
@@ -60,18 +59,16 @@ milliseconds RefreshCadence::pause(kit::Instant wall) const {
     return std::min(usual, kFirstRetry * (1 << std::min(failures_ - 1, 10)));
 }
 
-bool RefreshCadence::isDue(Now now) {
-    const auto wall = inMilliseconds(now.wall - lastLook_.wall);
-    const auto steady = inMilliseconds(now.steady - lastLook_.steady);
-    lastLook_ = now;
-    // What the steady clock missed was sleep, or a wall clock set forward: one pass, soon.
-    if (!wakeUp_ && wall - steady > kSleepNoticed && now.wall - beganWall_ >= pause(now.wall)) {
+bool RefreshCadence::isDue(Clocks now) {
+    const bool slept = hasSlept(std::exchange(lastCheck_, now), now);
+    // One pass catches up, soon.
+    if (!wakeUp_ && slept && now.wall - beganWall_ >= pause(now.wall)) {
         wakeUp_ = now.steady + jitter_(kWakeUpJitter);
     }
     return now.steady >= nextPass(now);
 }
 
-RefreshCadence::Steady RefreshCadence::nextPass(Now now) const {
+Clocks::Steady RefreshCadence::nextPass(Clocks now) const {
     auto next = began_ + pause(now.wall);
     if (wakeUp_) next = std::min(next, *wakeUp_);
     return std::max(next, earliest_);

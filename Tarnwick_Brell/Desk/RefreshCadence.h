@@ -4,7 +4,7 @@
 #include <functional>
 #include <optional>
 
-#include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Desk/Clocks.h"
 
 namespace app {
 
@@ -13,13 +13,6 @@ namespace app {
 /// only that the computer has slept.
 class RefreshCadence {
 public:
-    using Steady = std::chrono::steady_clock::time_point;
-
-    struct Now {
-        kit::Instant wall{};
-        Steady steady{};
-    };
-
     static constexpr std::chrono::seconds kLiveInterval{60};
     static constexpr std::chrono::hours kLongestLive{2};
 
@@ -28,23 +21,23 @@ public:
     using Jitter = std::function<std::chrono::milliseconds(std::chrono::milliseconds)>;
 
     /// `lastRefresh`: of the last run, if any.
-    RefreshCadence(std::chrono::minutes interval, std::optional<kit::Instant> lastRefresh, Now now,
-                   Jitter jitter);
+    RefreshCadence(std::chrono::minutes interval, std::optional<kit::Instant> lastRefresh,
+                   Clocks now, Jitter jitter);
 
     void setInterval(std::chrono::minutes interval) { interval_ = interval; }
     /// Passes come every minute until then, but no longer than two hours from now.
-    void goLive(kit::Instant until, Now now);
+    void goLive(kit::Instant until, Clocks now);
     void endLive() { liveUntil_.reset(); }
     /// Nothing once it is over.
     std::optional<kit::Instant> liveUntil(kit::Instant now) const;
 
-    void passBegan(Now now);
+    void passBegan(Clocks now);
     /// After a pass without a network the next one comes sooner, at growing distances.
-    void passEnded(Now now, bool failedAsAWhole);
+    void passEnded(Clocks now, bool failedAsAWhole);
 
     /// To be called at least every half minute: it notices that the computer slept.
-    bool isDue(Now now);
-    Steady nextPass(Now now) const;
+    bool isDue(Clocks now);
+    Clocks::Steady nextPass(Clocks now) const;
 
 private:
     std::chrono::milliseconds pause(kit::Instant wall) const;
@@ -52,12 +45,12 @@ private:
     std::chrono::milliseconds interval_;
     Jitter jitter_;
     std::optional<kit::Instant> liveUntil_;
-    Now lastLook_;
+    Clocks lastCheck_;
     kit::Instant beganWall_;
-    Steady began_;                  ///< what the cadence counts from
-    Steady earliest_;               ///< not before, whatever the cadence says
-    std::optional<Steady> wakeUp_;  ///< the pass that catches up after a sleep
-    int failures_ = 0;              ///< passes in a row without a network
+    Clocks::Steady began_;                  ///< what the cadence counts from
+    Clocks::Steady earliest_;               ///< not before, whatever the cadence says
+    std::optional<Clocks::Steady> wakeUp_;  ///< the pass that catches up after a sleep
+    int failures_ = 0;                      ///< passes in a row without a network
 };
 
 }  // namespace app

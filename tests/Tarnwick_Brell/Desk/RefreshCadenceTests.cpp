@@ -33,7 +33,7 @@ public:
         return passes;
     }
 
-    RefreshCadence::Now now() const { return {wall, steady}; }
+    Clocks now() const { return {wall, steady}; }
 
     void pass(std::chrono::milliseconds time) {
         wall += time;
@@ -41,7 +41,7 @@ public:
     }
 
     Instant wall{std::chrono::sys_days(std::chrono::year(2026) / 3 / 29)};
-    RefreshCadence::Steady steady{100h};
+    Clocks::Steady steady{100h};
     RefreshCadence cadence;
 };
 
