@@ -27,7 +27,7 @@ void TrackerNews::remember(std::string_view key, const Defaults::Memory& memory)
 
 void TrackerNews::look(const std::optional<Services>& consumer,
                        const std::optional<Services>& developer) {
-    auto found = ServiceProblems::look(knownProblems_, consumer, developer);
+    auto found = ServiceProblems::detect(knownProblems_, consumer, developer);
     for (const auto& report : found.problems) {
         knownProblems_->emplace(report.id(), report.service);
         remember(Defaults::kKnownServiceProblems, *knownProblems_);
@@ -45,7 +45,7 @@ void TrackerNews::look(const std::optional<Services>& consumer,
 }
 
 void TrackerNews::look(const std::vector<kit::PlatformRelease>& releases) {
-    auto found = NewBuilds::look(knownBuilds_, releases);
+    auto found = NewBuilds::detect(knownBuilds_, releases);
     for (const auto& build : found.announced) {
         knownBuilds_[build.key()] = build.release.build;
         remember(Defaults::kKnownBuilds, knownBuilds_);

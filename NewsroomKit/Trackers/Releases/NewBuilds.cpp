@@ -8,8 +8,8 @@ std::string buildKey(std::string_view platform, ReleaseChannel channel) {
 
 std::string NewBuild::key() const { return buildKey(platform.platform, channel); }
 
-NewBuilds NewBuilds::look(Known known, const std::vector<PlatformRelease>& releases) {
-    const bool isFirstLook = known.empty();
+NewBuilds NewBuilds::detect(Known known, const std::vector<PlatformRelease>& releases) {
+    const bool isFirstList = known.empty();
     NewBuilds result{.known = std::move(known)};
     for (const auto& platform : releases) {
         for (const auto channel : {ReleaseChannel::general, ReleaseChannel::beta}) {
@@ -19,7 +19,7 @@ NewBuilds NewBuilds::look(Known known, const std::vector<PlatformRelease>& relea
                 result.known.try_emplace(buildKey(platform.platform, channel), release->build);
             if (isNewKey || entry->second == release->build) continue;
             entry->second = release->build;
-            if (!isFirstLook) result.announced.push_back({platform, channel, *release});
+            if (!isFirstList) result.announced.push_back({platform, channel, *release});
         }
     }
     return result;

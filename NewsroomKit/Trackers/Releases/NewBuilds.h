@@ -18,22 +18,22 @@ struct NewBuild {
     bool operator==(const NewBuild&) const = default;
 };
 
-/// Which builds are new since the last look.
+/// The builds that are new in the latest list of releases.
 struct NewBuilds {
-    /// What is remembered between two looks: the build of each "platform.channel".
+    /// The build of each "platform.channel", to be kept between two calls.
     using Known = std::map<std::string, std::string>;
 
     std::vector<NewBuild> announced{};
-    Known known{};  ///< to be remembered instead
+    Known known{};  ///< to be kept from now on
 
-    /// Only a build that takes another's place is announced, be it an earlier one; the first
-    /// one of a platform's channel is not.
-    static NewBuilds look(Known known, const std::vector<PlatformRelease>& releases);
+    /// A build is announced when it replaces another one, even a later one. The first build of a
+    /// platform's channel is not.
+    static NewBuilds detect(Known known, const std::vector<PlatformRelease>& releases);
 
     bool operator==(const NewBuilds&) const = default;
 };
 
-/// What `platform` and `channel` are remembered under.
+/// The key of a platform's channel among the known builds.
 std::string buildKey(std::string_view platform, ReleaseChannel channel);
 
 }  // namespace kit

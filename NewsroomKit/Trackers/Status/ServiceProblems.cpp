@@ -27,19 +27,19 @@ std::set<std::string> servicesIn(const ServiceProblems::Known& known) {
 
 }  // namespace
 
-ServiceProblems ServiceProblems::look(
+ServiceProblems ServiceProblems::detect(
     std::optional<Known> known, const std::optional<AppleServiceStatus::Services>& consumer,
     const std::optional<AppleServiceStatus::Services>& developer) {
-    // 1. Before Apple has answered, what is remembered holds.
+    // 1. Before Apple has answered, the known problems stay.
     if (!consumer) return {.known = std::move(known)};
-    // 2. What is wrong now, by id. Equal ids are one problem.
+    // 2. The current problems by id. Equal ids are one problem.
     ServiceProblems result{.known = Known()};
     for (auto& report : ongoing(consumer, developer)) {
         const auto id = report.id();
         const bool isFirst = result.known->emplace(id, report.service).second;
         if (known && isFirst && !known->contains(id)) result.problems.push_back(std::move(report));
     }
-    // 3. A service has come back when nothing at all is wrong with it any more.
+    // 3. A service works again when it has no problem at all.
     if (known) {
         const auto affected = servicesIn(*result.known);
         for (const auto& service : servicesIn(*known)) {

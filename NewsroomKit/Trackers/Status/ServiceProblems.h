@@ -9,24 +9,24 @@
 
 namespace kit {
 
-/// Which problems of Apple's services are new since the last look, and which services have
-/// come back.
+/// The problems of Apple's services that are new in the latest statuses, and the services that
+/// work again.
 struct ServiceProblems {
-    /// What is remembered between two looks: the service of each problem, by its report's id.
+    /// The service of each problem by its report's id, to be kept between two calls.
     using Known = std::map<std::string, std::string>;
 
     std::vector<AppleServiceStatus::Report> problems{};  ///< consumer before developer
     std::vector<std::string> restored{};                 ///< services by name, each once
-    std::optional<Known> known{};                        ///< to be remembered instead
+    std::optional<Known> known{};                        ///< to be kept from now on
 
     /// Pass absent lists for what has not loaded yet. Until the consumer status has, nothing
-    /// changes. The first look (`known` absent) only remembers.
+    /// changes. The first call (`known` absent) reports nothing.
     ///
-    /// A developer status that has not loaded counts as one without problems: those that are
-    /// remembered from it are restored.
-    static ServiceProblems look(std::optional<Known> known,
-                                const std::optional<AppleServiceStatus::Services>& consumer,
-                                const std::optional<AppleServiceStatus::Services>& developer);
+    /// A developer status that has not loaded counts as one without problems: those known from
+    /// it are restored.
+    static ServiceProblems detect(std::optional<Known> known,
+                                  const std::optional<AppleServiceStatus::Services>& consumer,
+                                  const std::optional<AppleServiceStatus::Services>& developer);
 
     bool operator==(const ServiceProblems&) const = default;
 };

@@ -56,7 +56,7 @@ json::object status(const json::object& input) {
 
 json::object problems(const json::object& input) {
     const auto look =
-        ServiceProblems::look(given<ServiceProblems::Known>(input, "known"),
+        ServiceProblems::detect(given<ServiceProblems::Known>(input, "known"),
                               givenServices(input, "consumer"), givenServices(input, "developer"));
     json::array ids;
     for (const auto& report : look.problems) ids.emplace_back(report.id());
@@ -68,7 +68,7 @@ json::object problems(const json::object& input) {
 json::object releases(const json::object& input) {
     const auto platforms = TrackerAPI::parseReleases(required<std::string>(input, "text"),
                                                      kit::DateForms::textAndNumbers);
-    const auto look = NewBuilds::look(
+    const auto look = NewBuilds::detect(
         given<NewBuilds::Known>(input, "knownBuilds").value_or(NewBuilds::Known()), platforms);
     json::array keys;
     for (const auto& build : look.announced) keys.emplace_back(build.key());

@@ -72,7 +72,7 @@ TEST(ServiceProblems, OnlyWhatHasChangedSinceTheLastLookIsTold) {
          Known{{"A|m", "A"}}},
     };
     for (const auto& c : cases) {
-        const auto look = ServiceProblems::look(c.known, c.consumer, c.developer);
+        const auto look = ServiceProblems::detect(c.known, c.consumer, c.developer);
         std::vector<std::string> ids;
         for (const auto& report : look.problems) ids.push_back(report.id());
         EXPECT_EQ(ids, c.problems) << c.name;
@@ -114,7 +114,7 @@ TEST(NewBuilds, OnlyABuildInTheTracksOfAnotherIsAnnounced) {
          {{"iOS.public", "1"}, {"iOS.beta", "9"}, {"macOS.public", "4"}, {"macOS.beta", "5"}}},
     };
     for (const auto& c : cases) {
-        const auto look = NewBuilds::look(c.known, c.releases);
+        const auto look = NewBuilds::detect(c.known, c.releases);
         std::vector<std::string> keys;
         for (const auto& build : look.announced) keys.push_back(build.key());
         EXPECT_EQ(keys, c.announced) << c.name;
