@@ -43,7 +43,7 @@ void print(Output& out, const Board& board) {
 
 int runBoard(Session& session, bool isStored) {
     const auto reading =
-        fetchOrLoad(session, isStored, [](auto& tracker) { return tracker.board(); });
+        fetchOrLoad(session, isStored, [](const auto& files) { return files.board(); });
     return showTracker<Board>(
         session, isStored, reading,
         {.json =

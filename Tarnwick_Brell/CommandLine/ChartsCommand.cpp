@@ -5,10 +5,10 @@
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/SignalsConsole.h"
+#include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
-#include "Tarnwick_Brell/Signals/ChartPlace.h"
+#include "Tarnwick_Brell/Trackers/ChartPlace.h"
 
 namespace cli {
 
@@ -80,9 +80,9 @@ void printChart(Session& session, const NamedReading<Entries>& chart) {
 }
 
 int showCharts(Session& session, const ChartsOptions& options) {
-    const auto charts = askSignals<Entries>(
+    const auto charts = fetchOrLoadEach<Entries>(
         session, options.stored, options.kinds(),
-        [](auto& tracker, const std::string& kind) { return tracker.chart(kindNamed(kind)); });
+        [](const auto& files, const std::string& kind) { return files.chart(kindNamed(kind)); });
     requireSome(charts, options.stored);
     auto& out = session.out();
     if (session.options().json) {

@@ -51,7 +51,7 @@ void print(Session& session, Events events) {
 
 int runEvents(Session& session, bool isStored) {
     const auto reading =
-        fetchOrLoad(session, isStored, [](auto& tracker) { return tracker.events(); });
+        fetchOrLoad(session, isStored, [](const auto& files) { return files.events(); });
     return showTracker<Events>(
         session, isStored, reading,
         {.json = eventsObject, .text = [&](const Events& events) { print(session, events); }});

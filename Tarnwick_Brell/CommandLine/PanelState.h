@@ -9,8 +9,15 @@
 #include "Tarnwick_Brell/CommandLine/PanelHoldings.h"
 #include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/Trackers/TrackerCache.h"
 
 namespace cli {
+
+/// The value that the library holds of a tracked file.
+template <class T>
+app::CachedValue<T> cached(PanelHoldings& holdings, const app::TrackedFile<T>& file) {
+    return app::TrackerCache(holdings.session().storeForReading()).read(file);
+}
 
 /// Says how old the data of a panel are, and why there are no newer ones. `state` is a
 /// kit::PanelCondition or what a store holds of a tracker.

@@ -50,7 +50,7 @@ int runQuote(Session& session, const QuoteOptions& options) {
     const auto symbol = options.symbol ? knownForm(*options.symbol) : defaults.focusSymbol();
     const auto range = options.range ? rangeNamed(*options.range) : defaults.quoteRange();
     const auto reading = fetchOrLoad(session, options.stored,
-                                     [&](auto& tracker) { return tracker.quote(symbol, range); });
+                                     [&](const auto& files) { return files.quote(symbol, range); });
     return showTracker<StockQuote>(session, options.stored, reading,
                                    {.json = quoteObject, .text = [&](const StockQuote& quote) {
                                         printQuote(session.out(), quote, session.now());

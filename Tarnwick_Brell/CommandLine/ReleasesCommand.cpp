@@ -44,7 +44,7 @@ void printReleases(Session& session, const Releases& releases) {
 
 int showReleases(Session& session, const ReleasesOptions& options) {
     const auto reading =
-        fetchOrLoad(session, options.stored, [](auto& tracker) { return tracker.releases(); });
+        fetchOrLoad(session, options.stored, [](const auto& files) { return files.releases(); });
     return showTracker<Releases>(
         session, options.stored, reading,
         {.json =

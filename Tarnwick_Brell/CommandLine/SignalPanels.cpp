@@ -8,8 +8,8 @@
 #include "NewsroomKit/Panels/SigningContent.h"
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
-#include "Tarnwick_Brell/Signals/LastSignals.h"
-#include "Tarnwick_Brell/Signals/SigningNews.h"
+#include "Tarnwick_Brell/Trackers/SigningNews.h"
+#include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 
 namespace cli {
 
@@ -26,10 +26,10 @@ std::string lineOf(PanelHoldings& holdings, kit::Instant when, const std::string
 }
 
 std::vector<kit::DeviceSigning> signingOf(PanelHoldings& holdings) {
-    app::LastSignals last(holdings.session().storeForReading());
     std::vector<kit::DeviceSigning> devices;
     for (const auto& device : holdings.session().defaults().signingDevices())
-        devices.push_back({device, kit::fetched(last.signing(device))});
+        devices.push_back(
+            {device, kit::fetched(cached(holdings, app::TrackedFiles().signing(device)))});
     return devices;
 }
 
@@ -56,8 +56,9 @@ Lines recordsLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
 
 Lines backendLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
     auto& store = holdings.session().storeForReading();
-    const auto content = kit::backendContent(kit::fetched(app::LastSignals(store).updates()),
-                                             store.offers().newest(lineCount(panel)));
+    const auto content =
+        kit::backendContent(kit::fetched(cached(holdings, app::TrackedFiles().updates())),
+                            store.offers().newest(lineCount(panel)));
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "updates");
     Lines lines;
     for (const auto& change : content.changes)

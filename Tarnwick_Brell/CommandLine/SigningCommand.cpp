@@ -5,7 +5,7 @@
 #include "NewsroomKit/Trackers/Signing/DeviceIdentifier.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/SignalsConsole.h"
+#include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 
@@ -75,9 +75,9 @@ void printDevice(Output& out, const NamedReading<SigningStatus>& device) {
 int showSigning(Session& session, const SigningOptions& options) {
     const bool isOne = !options.device.empty();
     const auto devices = isOne ? std::vector{options.device} : session.defaults().signingDevices();
-    const auto readings = askSignals<SigningStatus>(
+    const auto readings = fetchOrLoadEach<SigningStatus>(
         session, options.stored, devices,
-        [](auto& tracker, const std::string& device) { return tracker.signing(device); });
+        [](const auto& files, const std::string& device) { return files.signing(device); });
     requireSome(readings, options.stored);
     auto& out = session.out();
     if (session.options().json) {

@@ -42,7 +42,7 @@ int showStatus(Session& session, const StatusOptions& options) {
     const auto cutOff = session.now() - kit::kRecentIncidents;
     const auto audience = options.audience();
     const auto reading = fetchOrLoad(session, options.stored,
-                                     [&](auto& tracker) { return tracker.status(audience); });
+                                     [&](const auto& files) { return files.status(audience); });
     return showTracker<Services>(
         session, options.stored, reading,
         {.json =

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <utility>
@@ -10,7 +11,8 @@
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/CommandLine/BlockingFetcher.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
-#include "Tarnwick_Brell/Trackers/TrackerRefresh.h"
+#include "Tarnwick_Brell/Trackers/TrackedFiles.h"
+#include "Tarnwick_Brell/Trackers/TrackerFetcher.h"
 
 /// What the commands of the trackers have in common.
 namespace cli {
@@ -18,22 +20,23 @@ namespace cli {
 /// Adds --stored.
 arguments::Option addStoredFlag(arguments::Command& command, bool& isStored);
 
-/// Asks the service, or only the library when `isStored`. `ask` takes either; its answer is
-/// kept in the library, as the desk keeps it, but what the desk has announced is its own.
+inline app::TrackedFiles trackedFiles(Session& session) {
+    return {session.defaults().serviceAddress()};
+}
+
+/// Fetches a tracked file into the library, as a desk that stays does, or only loads it when
+/// `isStored`. What the desk has announced stays its own affair.
 ///
-///     const auto releases = fetchOrLoad(session, isStored, [](auto& tracker) { return
-///     tracker.releases(); });
-template <class Ask>
-auto fetchOrLoad(Session& session, bool isStored, Ask ask) {
-    if (isStored) {
-        app::LastGood lastGood(session.storeForReading());
-        return ask(lastGood);
-    }
+///     const auto releases = fetchOrLoad(session, isStored, [](const auto& files) { return
+///     files.releases(); });
+template <class FileOf>
+auto fetchOrLoad(Session& session, bool isStored, FileOf fileOf) {
+    const auto file = fileOf(trackedFiles(session));
+    if (isStored) return app::TrackerCache(session.storeForReading()).read(file);
     BlockingFetcher engine(session.network(), kit::Conditional::no);
     return session.storing([&](app::LocalStore& store) {
-        app::TrackerRefresh refresh(store, engine.http(), &currentInstant,
-                                    session.defaults().serviceAddress());
-        return engine.await(ask(refresh));
+        app::TrackerFetcher fetcher(store, engine.http(), &currentInstant);
+        return engine.await(fetcher.fetch(file));
     });
 }
 
@@ -60,7 +63,7 @@ void addNote(boost::json::object& object, const TrackerNote& note);
 
 /// Prints what there is to show; the exit status.
 template <class T>
-int showTracker(Session& session, bool isStored, const app::TrackerReading<T>& reading,
+int showTracker(Session& session, bool isStored, const app::CachedValue<T>& reading,
                 const TrackerForms<T>& forms) {
     const TrackerNote note{reading.fetchedAt, reading.error};
     if (!reading.value) failWithoutData(isStored, note);
@@ -72,6 +75,81 @@ int showTracker(Session& session, bool isStored, const app::TrackerReading<T>& r
         forms.text(*reading.value);
     }
     return finishTracker(session, isStored, note);
+}
+
+/// One of several files that are shown together.
+template <class T>
+struct NamedReading {
+    std::string name;
+    app::CachedValue<T> reading;
+};
+
+template <class T>
+using NamedReadings = std::vector<NamedReading<T>>;
+
+/// Longer than a server that answers ever takes.
+inline constexpr std::chrono::seconds kSilence{10};
+
+/// Fetches the file of each name, one after another. A server that is silent once is not waited
+/// for again.
+template <class T, class FileOf>
+NamedReadings<T> fetchEach(Session& session, app::LocalStore& store,
+                           const std::vector<std::string>& names, const FileOf& fileOf) {
+    NamedReadings<T> readings;
+    bool isSilent = false;
+    BlockingFetcher engine(session.network(), kit::Conditional::no);
+    app::TrackerFetcher fetcher(store, engine.http(), &currentInstant);
+    for (const auto& name : names) {
+        showProgress("Asking, " + std::to_string(readings.size() + 1) + " of " +
+                     std::to_string(names.size()));
+        const auto file = fileOf(trackedFiles(session), name);
+        if (isSilent) {
+            readings.push_back({name, app::TrackerCache(store).read(file)});
+            readings.back().reading.error = name + ": The server is silent and was not asked.";
+            continue;
+        }
+        const auto begin = currentInstant();
+        readings.push_back({name, engine.await(fetcher.fetch(file))});
+        isSilent = readings.back().reading.error && currentInstant() - begin > kSilence;
+    }
+    showProgress("");
+    return readings;
+}
+
+/// As fetchOrLoad, for the file of each name.
+template <class T, class FileOf>
+NamedReadings<T> fetchOrLoadEach(Session& session, bool isStored,
+                                 const std::vector<std::string>& names, FileOf fileOf) {
+    if (isStored) {
+        NamedReadings<T> readings;
+        app::TrackerCache cache(session.storeForReading());
+        for (const auto& name : names) {
+            readings.push_back({name, cache.read(fileOf(trackedFiles(session), name))});
+        }
+        return readings;
+    }
+    return session.storing(
+        [&](app::LocalStore& store) { return fetchEach<T>(session, store, names, fileOf); });
+}
+
+template <class T>
+std::vector<TrackerNote> notesOf(const NamedReadings<T>& readings) {
+    std::vector<TrackerNote> notes;
+    for (const auto& [name, reading] : readings) {
+        notes.push_back({reading.fetchedAt, reading.error});
+    }
+    return notes;
+}
+
+/// Throws WorkFailed unless there is something to show.
+template <class T>
+void requireSome(const NamedReadings<T>& readings, bool isStored) {
+    TrackerNote failure;
+    for (const auto& [name, reading] : readings) {
+        if (reading.value) return;
+        if (!failure.error) failure.error = reading.error;
+    }
+    failWithoutData(isStored, failure);
 }
 
 }  // namespace cli

@@ -11,7 +11,7 @@
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
 #include "Tarnwick_Brell/CommandLine/QuoteText.h"
-#include "Tarnwick_Brell/Trackers/LastGood.h"
+#include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 
 namespace cli {
 
@@ -22,13 +22,10 @@ using kit::Instant;
 using kit::PanelSpec;
 using kit::QuoteRange;
 
+const app::TrackedFiles kFiles;  // Their names in the cache do not depend on the service.
 constexpr std::string_view kShare = "AAPL";
 constexpr std::chrono::hours kSoon{24};  ///< an event is not over as soon as it has begun
 constexpr std::size_t kDistanceColumns = 12;
-
-app::LastGood lastGood(PanelHoldings& holdings) {
-    return app::LastGood(holdings.session().storeForReading());
-}
 
 std::string quoteLine(const std::string& symbol, const std::string& name, double price,
                       const std::string& currency, const std::optional<std::string>& change) {
@@ -50,7 +47,7 @@ std::string developerText(const std::optional<kit::StatusContent::Tally>& tally,
 }  // namespace
 
 Lines countdownLines(PanelHoldings& holdings, const PanelSpec& panel) {
-    const auto reading = lastGood(holdings).events();
+    const auto reading = cached(holdings, kFiles.events());
     if (!reading.value) return nothingYet(holdings, reading, "events");
     Lines lines;
     for (const auto& event : markedEvents(*reading.value, panel.options.eventTerms)) {
@@ -68,7 +65,7 @@ Lines countdownLines(PanelHoldings& holdings, const PanelSpec& panel) {
 Lines stockLines(PanelHoldings& holdings, const PanelSpec& panel) {
     const auto range =
         kit::enumFromRaw<QuoteRange>(panel.options.stockRange).value_or(QuoteRange::month);
-    const auto reading = lastGood(holdings).quote(kShare, range);
+    const auto reading = cached(holdings, kFiles.quote(kShare, range));
     if (!reading.value) {
         return nothingYet(holdings, reading, fmt::format("quote --range {}", rawValue(range)));
     }
@@ -78,7 +75,7 @@ Lines stockLines(PanelHoldings& holdings, const PanelSpec& panel) {
                             marketText(quote.marketState))};
     for (auto& line : quoteChart(quote, std::min<std::size_t>(holdings.width() - 4, 72)))
         lines.push_back(std::move(line));
-    const auto events = lastGood(holdings).events();
+    const auto events = cached(holdings, kFiles.events());
     if (events.value && !quote.points.empty()) {
         for (const auto& event : markedEvents(*events.value, panel.options.eventTerms)) {
             if (event.starts < quote.points.front().time || event.starts > holdings.now()) continue;
@@ -90,10 +87,10 @@ Lines stockLines(PanelHoldings& holdings, const PanelSpec& panel) {
 }
 
 Lines suppliersLines(PanelHoldings& holdings) {
-    const auto reading = lastGood(holdings).board();
+    const auto reading = cached(holdings, kFiles.board());
     if (!reading.value) return nothingYet(holdings, reading, "board");
     Lines lines;
-    const auto share = lastGood(holdings).quote(kShare, QuoteRange::day);
+    const auto share = cached(holdings, kFiles.quote(kShare, QuoteRange::day));
     if (share.value) {
         lines.push_back(quoteLine(share.value->symbol, share.value->name, share.value->price,
                                   share.value->currency,
@@ -108,7 +105,7 @@ Lines suppliersLines(PanelHoldings& holdings) {
 }
 
 Lines softwareLines(PanelHoldings& holdings, const PanelSpec& panel) {
-    const auto content = kit::softwareContent(kit::fetched(lastGood(holdings).releases()),
+    const auto content = kit::softwareContent(kit::fetched(cached(holdings, kFiles.releases())),
                                               panel.options.platforms, holdings.now());
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "releases");
     Lines lines;
@@ -129,7 +126,7 @@ Lines softwareLines(PanelHoldings& holdings, const PanelSpec& panel) {
 
 Lines releasesLines(PanelHoldings& holdings, const PanelSpec& panel) {
     const auto content =
-        kit::releasesContent(kit::fetched(lastGood(holdings).releases()),
+        kit::releasesContent(kit::fetched(cached(holdings, kFiles.releases())),
                              holdings.session().storeForReading().builds().newest(kit::kMostBuilds),
                              panel.options.platforms, holdings.now());
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "releases");
@@ -147,10 +144,9 @@ Lines releasesLines(PanelHoldings& holdings, const PanelSpec& panel) {
 }
 
 Lines statusLines(PanelHoldings& holdings) {
-    auto last = lastGood(holdings);
-    const auto content =
-        kit::statusContent(kit::fetched(last.status(kit::StatusFeed::consumer)),
-                           kit::fetched(last.status(kit::StatusFeed::developer)), holdings.now());
+    const auto content = kit::statusContent(
+        kit::fetched(cached(holdings, kFiles.status(kit::StatusFeed::consumer))),
+        kit::fetched(cached(holdings, kFiles.status(kit::StatusFeed::developer))), holdings.now());
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "status");
     Lines lines;
     for (const auto& incident : content.ongoing) {

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/SignalsConsole.h"
+#include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 
@@ -49,9 +49,9 @@ void print(Output& out, const Offers& offers, const std::string& platform) {
 }
 
 int showUpdates(Session& session, const UpdatesOptions& options) {
-    auto readings =
-        askSignals<Offers>(session, options.stored, {"updates"},
-                           [](auto& tracker, const std::string&) { return tracker.updates(); });
+    auto readings = fetchOrLoadEach<Offers>(
+        session, options.stored, {"updates"},
+        [](const auto& files, const std::string&) { return files.updates(); });
     auto& reading = readings.front().reading;
     if (reading.value) {
         std::erase_if(*reading.value, [&](const auto& offer) { return !options.wants(offer); });

@@ -19,7 +19,7 @@
 #include "Tarnwick_Brell/CommandLine/StoryRow.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/ShutdownSignals.h"
-#include "Tarnwick_Brell/Signals/SigningNews.h"
+#include "Tarnwick_Brell/Trackers/SigningNews.h"
 
 namespace cli {
 
@@ -37,14 +37,12 @@ public:
         : session_(session),
           desk_(environment.newsDesk()),
           trackers_(environment.trackers()),
-          signals_(environment.signalsStore()),
           notifier_(environment.notifier()),
           wanted_(query.compiled()) {}
 
     void connect() {
         connectDesk();
         connectTrackers();
-        connectSignals();
         QObject::connect(&notifier_, &app::Notifier::linkActivated, &desk_, &Watch::openLink);
     }
 
@@ -92,21 +90,16 @@ private:
                                                {"channel", rawValue(it.channel)},
                                                {"release", kit::encode(it.release)}});
         });
+        QObject::connect(&trackers_, &TrackerStore::onSigningChanges, &desk_,
+                         [this](const auto& changes) { printSigning(changes); });
+        QObject::connect(&trackers_, &TrackerStore::onOfferChanges, &desk_,
+                         [this](const auto& changes) { printOffers(changes); });
     }
 
-    void connectSignals() {
-        using app::SignalsStore;
-        QObject::connect(&signals_, &SignalsStore::refreshChanged, &desk_,
-                         [this] { noteSignals(); });
-        QObject::connect(&signals_, &SignalsStore::onSigningChanges, &desk_,
-                         [this](const auto& changes) { printSigning(changes); });
-        QObject::connect(
-            &signals_, &SignalsStore::onOfferChanges, &desk_, [this](const auto& changes) {
-                for (const auto& it : changes) {
-                    printEvent(app::sentence(it),
-                               {{"event", "offerChange"}, {"change", kit::encode(it)}});
-                }
-            });
+    void printOffers(const std::vector<app::OfferChange>& changes) {
+        for (const auto& it : changes) {
+            printEvent(app::sentence(it), {{"event", "offerChange"}, {"change", kit::encode(it)}});
+        }
     }
 
     /// People read of a build once; each device is a record.
@@ -122,7 +115,7 @@ private:
 
     /// Tells when a tracker begins to fail, and when it works again.
     template <class T>
-    void noteState(const std::string& name, const app::TrackerReading<T>& reading) {
+    void noteState(const std::string& name, const app::CachedValue<T>& reading) {
         const bool wasFailing = failing_.contains(name);
         if (reading.error && failing_.insert(name).second) tell(*reading.error);
         if (!reading.error && wasFailing) {
@@ -139,20 +132,16 @@ private:
         noteState("Apple's calendar", trackers_.events());
         noteState("The board of quotes", trackers_.board());
         noteState("The share's quote", trackers_.quote());
-    }
-
-    void noteSignals() {
-        if (wasOffline_) return;
-        // One server tells of all devices, so what one of them meets stands for all.
-        app::SignalsStore::Signing signing;
-        for (const auto& device : signals_.devices()) {
-            const auto& reading = signals_.signing(device);
+        // All devices share a server, so that the failure of one stands for all.
+        app::CachedValue<kit::SigningStatus> signing;
+        for (const auto& device : trackers_.devices()) {
+            const auto& reading = trackers_.signing(device);
             if (reading.error && !signing.error) signing = reading;
         }
         noteState("Firmware signing", signing);
-        noteState("Apple's update catalogue", signals_.updates());
+        noteState("Apple's update catalogue", trackers_.updates());
         for (const auto& row : kit::enumTable<kit::AppStoreCharts::Kind>) {
-            noteState("The chart \"" + std::string(row.label) + "\"", signals_.chart(row.value));
+            noteState("The chart \"" + std::string(row.label) + "\"", trackers_.chart(row.value));
         }
     }
 
@@ -237,7 +226,6 @@ private:
     Session& session_;
     app::NewsDesk& desk_;
     app::TrackerStore& trackers_;
-    app::SignalsStore& signals_;
     app::Notifier& notifier_;
     kit::CompiledStoryQuery wanted_;
     bool wasOffline_ = false;

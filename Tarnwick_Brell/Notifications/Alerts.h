@@ -12,7 +12,7 @@
 #include "NewsroomKit/Trackers/Releases/NewBuilds.h"
 #include "Tarnwick_Brell/Desk/Announcement.h"
 #include "Tarnwick_Brell/Notifications/Notification.h"
-#include "Tarnwick_Brell/Signals/SigningNews.h"
+#include "Tarnwick_Brell/Trackers/SigningNews.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 
 namespace app {

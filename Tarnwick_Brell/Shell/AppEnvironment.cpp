@@ -25,7 +25,6 @@ AppEnvironment::AppEnvironment(const Options& options)
       defaults_(options.paths.settings),
       newsDesk_(options.paths.library, options.network, defaults_, options.clock),
       trackers_(newsDesk_.worker(), defaults_, options.clock),
-      signals_(newsDesk_.worker(), defaults_, options.clock),
       newsrooms_(newsDesk_.worker(), options.clock),
       notifier_(defaults_),
       alerts_(defaults_, options.clock,
@@ -35,7 +34,6 @@ AppEnvironment::AppEnvironment(const Options& options)
     QObject::connect(&care_, &LibraryMaintenance::libraryDamaged, &newsDesk_,
                      &NewsDesk::libraryDamaged);
     connectTrackers();
-    connectSignals();
     connectNewsrooms();
     connectAlerts();
 }
@@ -65,15 +63,8 @@ void AppEnvironment::connectTrackers() {
                          if (report.cancelled) return;
                          if (std::exchange(wasOffline_, report.offline) && !report.offline) {
                              trackers_.networkIsBack();
-                             signals_.networkIsBack();
                          }
                      });
-}
-
-void AppEnvironment::connectSignals() {
-    QObject::connect(&signals_, &SignalsStore::failed, &newsDesk_, &NewsDesk::failed);
-    QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &signals_,
-                     &SignalsStore::load);
 }
 
 void AppEnvironment::connectNewsrooms() {
@@ -96,56 +87,38 @@ void AppEnvironment::announce(const std::vector<kit::Story>& news) {
     alerts_.stories(Announcement::of(sorted.others));
 }
 
-void AppEnvironment::connectAlerts() {
-    connectTrackerAlerts();
-    connectSignalAlerts();
-}
-
-// With the panels as they are now: another program may have changed them, and at the start they
-// have not been read yet.
-
-void AppEnvironment::connectTrackerAlerts() {
-    const auto asked = [this](PanelAlert alert) {
-        return panelsAskFor(alert, newsrooms_.newsrooms()) ? Alerts::Asked::byPanel
-                                                           : Alerts::Asked::bySettings;
-    };
-    QObject::connect(&trackers_, &TrackerStore::onServiceProblem, &newsrooms_,
-                     [this, asked](const auto& report) {
-                         newsrooms_.load([this, asked, report] {
-                             alerts_.serviceProblem(report, asked(PanelAlert::serviceStatus));
-                         });
-                     });
-    QObject::connect(&trackers_, &TrackerStore::onServiceRestored, &newsrooms_,
-                     [this, asked](const auto& service) {
-                         newsrooms_.load([this, asked, service] {
-                             alerts_.serviceRestored(service, asked(PanelAlert::serviceStatus));
-                         });
-                     });
-    // clang-format off
-    QObject::connect(&trackers_, &TrackerStore::onNewRelease, &newsrooms_, [this](const auto& build) {
-        newsrooms_.load([this, build] {
-            const bool isAsked = panelsAskForRelease(build.platform.platform, newsrooms_.newsrooms());
-            alerts_.newRelease(build, isAsked ? Alerts::Asked::byPanel : Alerts::Asked::bySettings);
-        });
+/// Calls `alert` for each item of news with the panels as they are now: another program may have
+/// changed them, and at the start they have not been loaded yet.
+template <class News, class Alert>
+void AppEnvironment::alertOn(void (TrackerStore::*signal)(const News&), Alert alert) {
+    QObject::connect(&trackers_, signal, &newsrooms_, [this, alert](const News& news) {
+        newsrooms_.load([alert, news] { alert(news); });
     });
 }
-// clang-format on
 
-void AppEnvironment::connectSignalAlerts() {
-    QObject::connect(&signals_, &SignalsStore::onSigningChanges, &newsrooms_,
-                     [this](const auto& changes) {
-                         newsrooms_.load([this, changes] {
-                             if (!panelsAskFor(PanelAlert::signing, newsrooms_.newsrooms())) return;
-                             alerts_.signing(signingNews(changes));
-                         });
-                     });
-    QObject::connect(&signals_, &SignalsStore::onOfferChanges, &newsrooms_,
-                     [this](const auto& changes) {
-                         newsrooms_.load([this, changes] {
-                             if (!panelsAskFor(PanelAlert::updates, newsrooms_.newsrooms())) return;
-                             alerts_.updates(changes);
-                         });
-                     });
+void AppEnvironment::connectAlerts() {
+    const auto isAsked = [this](PanelAlert alert) {
+        return panelsAskFor(alert, newsrooms_.newsrooms());
+    };
+    const auto asked = [](bool byPanel) {
+        return byPanel ? Alerts::Asked::byPanel : Alerts::Asked::bySettings;
+    };
+    alertOn(&TrackerStore::onServiceProblem, [=, this](const auto& report) {
+        alerts_.serviceProblem(report, asked(isAsked(PanelAlert::serviceStatus)));
+    });
+    alertOn(&TrackerStore::onServiceRestored, [=, this](const auto& service) {
+        alerts_.serviceRestored(service, asked(isAsked(PanelAlert::serviceStatus)));
+    });
+    alertOn(&TrackerStore::onNewRelease, [=, this](const auto& build) {
+        const auto& platform = build.platform.platform;
+        alerts_.newRelease(build, asked(panelsAskForRelease(platform, newsrooms_.newsrooms())));
+    });
+    alertOn(&TrackerStore::onSigningChanges, [=, this](const auto& changes) {
+        if (isAsked(PanelAlert::signing)) alerts_.signing(signingNews(changes));
+    });
+    alertOn(&TrackerStore::onOfferChanges, [=, this](const auto& changes) {
+        if (isAsked(PanelAlert::updates)) alerts_.updates(changes);
+    });
 }
 
 const Paths& AppEnvironment::prepared(const Paths& paths) {
@@ -156,7 +129,6 @@ const Paths& AppEnvironment::prepared(const Paths& paths) {
 void AppEnvironment::start() {
     // First, because they read little; the wire takes the worker's thread for longer.
     trackers_.start();
-    signals_.start();
     newsrooms_.load();
     newsDesk_.start();
     // The check reads the whole file; the first view must not wait for the disk because of it.

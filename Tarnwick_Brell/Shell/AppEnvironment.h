@@ -13,7 +13,6 @@
 #include "Tarnwick_Brell/Notifications/Alerts.h"
 #include "Tarnwick_Brell/Notifications/Notifier.h"
 #include "Tarnwick_Brell/Shell/LibraryMaintenance.h"
-#include "Tarnwick_Brell/Signals/SignalsStore.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "Tarnwick_Brell/Storage/Safety/LibraryLock.h"
 #include "Tarnwick_Brell/Storage/Settings/Paths.h"
@@ -41,7 +40,6 @@ public:
     Defaults& defaults() { return defaults_; }
     NewsDesk& newsDesk() { return newsDesk_; }
     TrackerStore& trackers() { return trackers_; }
-    SignalsStore& signalsStore() { return signals_; }
     NewsroomStore& newsrooms() { return newsrooms_; }
     Notifier& notifier() { return notifier_; }
     Alerts& alerts() { return alerts_; }
@@ -49,12 +47,11 @@ public:
 private:
     static const Paths& prepared(const Paths& paths);
     void connectTrackers();
-    void connectSignals();
     void connectNewsrooms();
     void goLiveForEvents();
     void connectAlerts();
-    void connectTrackerAlerts();
-    void connectSignalAlerts();
+    template <class News, class Alert>
+    void alertOn(void (TrackerStore::*signal)(const News&), Alert alert);
     void announce(const std::vector<kit::Story>& news);
 
     kit::Clock clock_;
@@ -62,7 +59,6 @@ private:
     Defaults defaults_;
     NewsDesk newsDesk_;
     TrackerStore trackers_;
-    SignalsStore signals_;
     NewsroomStore newsrooms_;
     Notifier notifier_;
     Alerts alerts_;

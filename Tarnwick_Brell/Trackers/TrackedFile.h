@@ -4,45 +4,59 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
-#include "NewsroomKit/Trackers/Status/StatusFeed.h"
-#include "NewsroomKit/Trackers/TrackerAPI.h"
+#include <boost/asio/awaitable.hpp>
+
+#include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Trackers/Tracker.h"
+
+namespace kit {
+class HTTPClient;
+template <class T>
+struct FetchedFile;
+}  // namespace kit
 
 namespace app {
 
-/// Whether an answer without anything in it is an answer.
-enum class Emptiness {
-    never,       ///< there is always something
-    neverAgain,  ///< not once there has been something
-    always
+class LocalStore;
+
+/// How an answer without any item is treated.
+enum class EmptyAnswer {
+    refused,
+    refusedAfterItems,  ///< accepted until an answer had items
+    accepted
 };
 
-/// A tracker's file as the library keeps it.
+/// One file that the desk tracks: where it comes from, how it is read and how far its answers are
+/// trusted. TrackedFiles has the rows.
 template <class T>
 struct TrackedFile {
-    std::string name;   ///< of its copy and its health
-    std::string title;  ///< in sentences
-    T (*parse)(std::string_view body);
-    Emptiness emptiness = Emptiness::always;
-    bool (*saysNothing)(const T&) = nullptr;  ///< needed unless emptiness is `always`
-    /// The latest answer with what must not be believed to be gone yet; nothing when that is
-    /// nothing. Null for what has no such doubts.
-    std::optional<T> (*mended)(const T& before, const T& latest) = nullptr;
-    /// Whether an answer is one to what was asked. Only quotes have it.
-    std::function<bool(const T&)> isWanted{};
-    std::string mismatch{};  ///< the sentence for one that is not
-    std::string absence{};   ///< what the answer 404 says, when that is known
-    std::string distrust{};  ///< what helps when the server's certificate is not trusted
+    Tracker tracker{};    ///< the one that fetches it
+    std::string name;     ///< its key in the cache
+    std::string title;    ///< its subject in sentences
+    std::string address;  ///< its host is not asked while it wants a pause
+    std::function<boost::asio::awaitable<kit::FetchedFile<T>>(kit::HTTPClient&)> fetch;
+    T (*parse)(std::string_view body);  ///< for the cached copy
+
+    EmptyAnswer emptyAnswer = EmptyAnswer::accepted;
+    bool (*isEmpty)(const T&) = nullptr;  ///< needed unless empty answers are accepted
+    /// The latest answer with what may have been left out of it by mistake (see
+    /// RemovalConfirmation.h); nothing when it is complete. Null when each answer is final.
+    std::optional<T> (*carryOverMissing)(const T& before, const T& latest) = nullptr;
+    /// Whether an answer is the one that was asked for. Null when nothing else can come.
+    std::function<bool(const T&)> isRequested{};
+
+    std::string mismatchText{};   ///< the error for an answer that was not asked for
+    std::string notFoundText{};   ///< the error for status 404, where its meaning is known
+    std::string untrustedHint{};  ///< what helps when the server's certificate is not trusted
+
+    /// Records a good answer in the histories, within the transaction that caches it. `before`
+    /// is the value that was shown until then.
+    std::function<void(LocalStore&, const std::optional<T>& before, const T& value,
+                       kit::Instant now)>
+        record{};
+    /// The tracker's other files are fetched only once this one has a value.
+    bool comesFirst = false;
 };
-
-inline constexpr std::string_view kQuoteNames = "quote/";
-
-TrackedFile<kit::AppleServiceStatus::Services> statusFile(kit::StatusFeed audience);
-TrackedFile<std::vector<kit::PlatformRelease>> releasesFile();
-TrackedFile<std::vector<kit::AppleCalendarEvent>> eventsFile();
-TrackedFile<kit::StockQuote> quoteFile(std::string_view symbol, kit::QuoteRange range);
-TrackedFile<std::vector<kit::BoardQuote>> boardFile();
 
 }  // namespace app

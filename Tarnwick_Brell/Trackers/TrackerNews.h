@@ -11,9 +11,9 @@
 
 namespace app {
 
-/// Tells what is new about Apple's services and systems, each thing once, whatever the number
-/// of restarts: what has been told is remembered in the settings file. Each thing is remembered
-/// just before it is told, so that a crash in between loses that one and repeats none.
+/// Announces what is new about Apple's services and systems, each item once, whatever the number
+/// of restarts: the settings file remembers what has been announced. Each item is remembered just
+/// before it is announced, so that a crash in between loses that one and repeats none.
 class TrackerNews {
 public:
     using Services = kit::AppleServiceStatus::Services;
@@ -22,19 +22,17 @@ public:
         std::function<void(const kit::AppleServiceStatus::Report&)> onServiceProblem{};
         std::function<void(const std::string& service)> onServiceRestored{};
         std::function<void(const kit::NewBuild&)> onNewRelease{};
-        /// The memory can't be written: a sentence, once until it can be again.
+        /// The settings file can't be written: a sentence, once until it can be again.
         std::function<void(const std::string&)> onFailed{};
     };
 
-    explicit TrackerNews(Defaults& defaults);
-
-    Callbacks callbacks;
+    TrackerNews(Defaults& defaults, Callbacks callbacks);
 
     /// Absent: not loaded yet.
-    void look(const std::optional<Services>& consumer, const std::optional<Services>& developer);
-    void look(const std::vector<kit::PlatformRelease>& releases);
+    void update(const std::optional<Services>& consumer, const std::optional<Services>& developer);
+    void update(const std::vector<kit::PlatformRelease>& releases);
 
-    /// Absent before the first look that found a status.
+    /// Absent before the first update with a status.
     const std::optional<kit::ServiceProblems::Known>& knownProblems() const {
         return knownProblems_;
     }
@@ -44,6 +42,7 @@ private:
     void remember(std::string_view key, const Defaults::Memory& memory);
 
     Defaults& defaults_;
+    Callbacks callbacks_;
     std::optional<kit::ServiceProblems::Known> knownProblems_;
     kit::NewBuilds::Known knownBuilds_;
     bool isFailing_ = false;

@@ -1,257 +1,190 @@
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 #include <algorithm>
-#include <utility>
+#include <set>
 
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
-#include "Tarnwick_Brell/Trackers/TrackerErrand.h"
+#include "Tarnwick_Brell/Trackers/TrackerJobs.h"
 
 namespace app {
-
-using kit::Instant;
-using kit::QuoteRange;
-using kit::StockQuote;
-
-namespace {
-
-// Points of a year are days.
-constexpr std::chrono::hours kYearFreshFor{6};
-constexpr std::size_t kMostQuotesHeld = 100;
-
-}  // namespace
 
 TrackerStore::TrackerStore(DeskWorker& worker, Defaults& defaults, kit::Clock clock)
     : worker_(worker),
       defaults_(defaults),
       clock_(std::move(clock)),
-      news_(defaults),
-      rounds_(clock_, {.beforeLook = [this] { followWishes(); },
-                       .begin = [this](TrackerRound round) { begin(round); },
-                       .changed = [this] { emit refreshChanged(); }}),
-      mailbox_(std::make_shared<MainThreadQueue>()) {
-    news_.callbacks = {
-        .onServiceProblem = [this](const auto& report) { emit onServiceProblem(report); },
-        .onServiceRestored = [this](const auto& service) { emit onServiceRestored(service); },
-        .onNewRelease = [this](const auto& build) { emit onNewRelease(build); },
-        .onFailed = [this](const auto& sentence) { fail(sentence); }};
+      news_(defaults,
+            {.onServiceProblem = [this](const auto& report) { emit onServiceProblem(report); },
+             .onServiceRestored = [this](const auto& service) { emit onServiceRestored(service); },
+             .onNewRelease = [this](const auto& build) { emit onNewRelease(build); },
+             .onFailed = [this](const auto& sentence) { fail(sentence); }}),
+      scheduler_(clock_, {.beforePoll = [this] { followSettings(); },
+                          .begin = [this](Tracker tracker) { poll(tracker); },
+                          .changed = [this] { emit refreshChanged(); }}),
+      queue_(std::make_shared<MainThreadQueue>()) {}
+
+// Jobs in flight continue; their results are dropped.
+TrackerStore::~TrackerStore() { queue_->close(); }
+
+TrackerJobs TrackerStore::jobs() { return {*this, queue_, clock_}; }
+
+TrackerStore::Files TrackerStore::filesOf(Tracker tracker) const {
+    const auto all = files();
+    Files list;
+    switch (tracker) {
+        case Tracker::status:
+            return {all.status(kit::StatusFeed::consumer), all.status(kit::StatusFeed::developer)};
+        case Tracker::releases: return {all.releases()};
+        case Tracker::quotes: return quoteFiles(quoteRange());
+        case Tracker::board: return {all.board()};
+        case Tracker::events: return {all.events()};
+        case Tracker::signing:
+            for (const auto& device : devices()) list.emplace_back(all.signing(device));
+            return list;
+        case Tracker::updates: return {all.updates()};
+        case Tracker::charts:
+            for (const auto& row : kit::enumTable<Chart>) list.emplace_back(all.chart(row.value));
+            return list;
+    }
+    return list;
 }
 
-// The worker goes on with what has been asked for; nobody is told any more.
-TrackerStore::~TrackerStore() { mailbox_->close(); }
-
-TrackerStore::Errand TrackerStore::errand() { return {*this, defaults_.serviceAddress()}; }
-
 void TrackerStore::start() {
-    wanted_ = wantedQuotes(quoteRange());
+    polledQuotes_ = namesOf(quoteFiles(quoteRange()));
+    polledDevices_ = devices();
     load();
 }
 
 void TrackerStore::load() {
-    const auto errand = this->errand();
-    worker_.post(errand.stored(wanted_), [errand](const std::exception& error) {
-        errand.tell([sentence = std::string(error.what())](TrackerStore& store) {
+    Files all;
+    for (const auto tracker : kTrackers) {
+        for (auto& file : filesOf(tracker)) all.push_back(std::move(file));
+    }
+    const auto jobs = this->jobs();
+    worker_.post(jobs.load(std::move(all)), [jobs](const std::exception& error) {
+        jobs.send([sentence = std::string(error.what())](TrackerStore& store) {
             store.fail(sentence);
-            store.beginSchedule();
+            store.startPolling();
         });
     });
 }
 
-void TrackerStore::takeStored(Held stored) {
-    bool hasNew = false;
-    const auto takeOver = [&](auto& slot, auto& found) {
-        if (slot.value && found.fetchedAt <= slot.fetchedAt) return false;
-        slot = std::move(found);
-        rounds_.noteStored(slot.fetchedAt);
-        hasNew = true;
-        return true;
-    };
-    const bool hasConsumer = takeOver(held_.consumer, stored.consumer);
-    const bool hasDeveloper = takeOver(held_.developer, stored.developer);
-    if (hasConsumer || hasDeveloper) emit statusChanged();
-    const bool hasBuilds = takeBuilds(std::move(stored.builds));
-    if (takeOver(held_.releases, stored.releases) || hasBuilds) emit releasesChanged();
-    if (takeOver(held_.events, stored.events)) emit eventsChanged();
-    if (takeOver(held_.board, stored.board)) emit boardChanged();
-    bool hasQuote = false;
-    for (auto& [key, quote] : stored.quotes) hasQuote |= takeOver(held_.quotes[key], quote);
-    if (hasQuote) emit quotesChanged();
-    if (hasNew) emit refreshChanged();
-    beginSchedule();
+void TrackerStore::applyLoaded(const std::vector<LoadedFile>& loaded,
+                               const HistoryUpdates& histories) {
+    std::set<Tracker> changed;
+    for (const auto& [tracker, name, cached] : loaded) {
+        if (!values_.setIfNewer(name, cached)) continue;
+        scheduler_.recordCached(cached.fetchedAt);
+        changed.insert(tracker);
+    }
+    for (const auto& [tracker, update] : histories) {
+        if (update(histories_)) changed.insert(tracker);
+    }
+    for (const auto tracker : changed) emitChanged(tracker);
+    if (!changed.empty()) emit refreshChanged();
+    startPolling();
 }
 
-void TrackerStore::beginSchedule() {
-    if (rounds_.haveStarted()) return;
-    TrackerSchedule::Ages ages;
-    const auto note = [&](TrackerRound round, const auto&... readings) {
-        // The oldest counts; what was never fetched is due.
-        const auto oldest = std::min({readings.fetchedAt...});
-        if (oldest) ages.emplace(round, *oldest);
-    };
-    note(TrackerRound::status, held_.consumer, held_.developer);
-    note(TrackerRound::releases, held_.releases);
-    note(TrackerRound::quotes, quote(), focusQuote());
-    note(TrackerRound::board, held_.board);
-    note(TrackerRound::events, held_.events);
-    rounds_.start(ages);
-    noteMarket();
-    rounds_.look();
+void TrackerStore::startPolling() {
+    if (scheduler_.hasStarted()) return;
+    PollSchedule::Ages ages;
+    for (const auto tracker : kTrackers) {
+        std::vector<std::optional<kit::Instant>> times;
+        for (const auto& file : filesOf(tracker)) times.push_back(values_.fetchedAt(file.name));
+        // The oldest file counts; a tracker with a file that was never fetched is due.
+        const auto oldest = std::ranges::min_element(times);
+        if (oldest != times.end() && *oldest) ages.emplace(tracker, **oldest);
+    }
+    scheduler_.start(ages);
+    followMarket();
+    scheduler_.poll();
 }
 
-void TrackerStore::begin(TrackerRound round) {
-    const auto errand = this->errand();
-    const auto failed = [errand, round](const std::exception& error) {
-        errand.tell([round, sentence = std::string(error.what())](TrackerStore& store) {
-            store.rounds_.note(round, false);
-            store.fail(sentence);
-            store.end(round);
+void TrackerStore::poll(Tracker tracker) {
+    const auto jobs = this->jobs();
+    worker_.spawn(
+        jobs.fetch(tracker, filesOf(tracker)), [jobs, tracker](const std::exception& error) {
+            jobs.send([tracker, sentence = std::string(error.what())](TrackerStore& store) {
+                store.scheduler_.recordFetch(tracker, false);
+                store.fail(sentence);
+                store.finish(tracker);
+            });
         });
-    };
-    worker_.spawn(errand.round(round, wanted_), failed);
 }
 
-void TrackerStore::end(TrackerRound round) {
-    if (rounds_.end(round).good > 0) {
+void TrackerStore::applyFetched(const LoadedFile& fetched, const HistoryUpdate& history) {
+    scheduler_.recordFetch(fetched.tracker, !fetched.cached.hasFailed);
+    history(histories_);
+    show(fetched);
+    const bool isNewBoard = fetched.tracker == Tracker::board && !fetched.cached.hasFailed;
+    if (isNewBoard) emit onBoard(board().value.value());
+}
+
+void TrackerStore::show(const LoadedFile& file) {
+    values_.set(file.name, file.cached);
+    if (file.tracker == Tracker::quotes) {
+        limitQuotes(file.name);
+        followMarket();
+    }
+    emitChanged(file.tracker);
+}
+
+void TrackerStore::finish(Tracker tracker) {
+    if (scheduler_.finish(tracker).good > 0) {
         lastFailure_.clear();
-        if (round == TrackerRound::status) {
-            news_.look(held_.consumer.value, held_.developer.value);
-        } else if (round == TrackerRound::releases) {
-            news_.look(*held_.releases.value);
+        if (tracker == Tracker::status) {
+            news_.update(consumerStatus().value, developerStatus().value);
+        } else if (tracker == Tracker::releases) {
+            news_.update(releases().value.value());
         }
     }
     emit refreshChanged();
-    rounds_.look();
+    scheduler_.poll();
+}
+
+void TrackerStore::emitChanged(Tracker tracker) {
+    switch (tracker) {
+        case Tracker::status: emit statusChanged(); break;
+        case Tracker::releases: emit releasesChanged(); break;
+        case Tracker::quotes: emit quotesChanged(); break;
+        case Tracker::board: emit boardChanged(); break;
+        case Tracker::events: emit eventsChanged(); break;
+        case Tracker::signing: emit signingChanged(); break;
+        case Tracker::updates: emit updatesChanged(); break;
+        case Tracker::charts: emit chartsChanged(); break;
+    }
 }
 
 void TrackerStore::fail(const std::string& sentence) {
-    // The same one would come with every round.
+    // The same one would come with every refresh.
     if (std::exchange(lastFailure_, sentence) != sentence) {
         emit failed(QString::fromStdString(sentence));
     }
 }
 
-void TrackerStore::refresh(TrackerRound round) { rounds_.ask(round); }
-
 void TrackerStore::refreshAll() {
-    for (const auto round : kTrackerRounds) refresh(round);
+    for (const auto tracker : kTrackers) refresh(tracker);
 }
 
-void TrackerStore::networkIsBack() { rounds_.networkIsBack(); }
-
-TrackerStore::QuoteKeys TrackerStore::wantedQuotes(QuoteRange range) const {
-    QuoteKeys keys{{std::string(kShare), range}, {focusSymbol(), range}};
-    for (const auto& symbol : compared_) keys.push_back({symbol, range});
-    QuoteKeys once;
-    for (auto& key : keys) {
-        if (std::ranges::find(once, key) == once.end()) once.push_back(std::move(key));
+void TrackerStore::followSettings() {
+    auto quotes = quoteFiles(quoteRange());
+    if (auto names = namesOf(quotes); names != polledQuotes_) {
+        polledQuotes_ = std::move(names);
+        fetchQuotes(std::move(quotes), kQuoteFreshFor);
+        emit quotesChanged();
     }
-    return once;
-}
-
-void TrackerStore::followWishes() {
-    auto wanted = wantedQuotes(quoteRange());
-    if (wanted == wanted_) return;
-    wanted_ = std::move(wanted);
-    fetchQuotes(wanted_, kQuoteFreshFor);
-    emit quotesChanged();
-}
-
-void TrackerStore::fetchQuotes(QuoteKeys keys, std::chrono::seconds freshFor) {
-    const auto errand = this->errand();
-    worker_.spawn(errand.freshQuotes(std::move(keys), freshFor),
-                  [errand](const std::exception& error) {
-                      errand.tell([sentence = std::string(error.what())](TrackerStore& store) {
-                          store.fail(sentence);
-                      });
-                  });
-}
-
-void TrackerStore::takeQuote(const QuoteKey& key, Quote quote) {
-    held_.quotes[key] = std::move(quote);
-    if (held_.quotes.size() > kMostQuotesHeld) {
-        std::erase_if(held_.quotes, [&](const auto& entry) {
-            return entry.first != key && std::ranges::find(wanted_, entry.first) == wanted_.end();
-        });
-    }
-    noteMarket();
-    emit quotesChanged();
-}
-
-// Each look at the library has all that the one before had.
-bool TrackerStore::takeBuilds(std::vector<SeenBuild> builds) {
-    if (builds == held_.builds) return false;
-    held_.builds = std::move(builds);
-    return true;
-}
-
-void TrackerStore::noteMarket() {
-    if (auto* schedule = rounds_.schedule()) {
-        schedule->setMarketOpen(std::ranges::any_of(present(wanted_), &StockQuote::isOpen));
+    if (auto wanted = devices(); wanted != polledDevices_) {
+        polledDevices_ = std::move(wanted);
+        scheduler_.request(Tracker::signing);
+        emit signingChanged();
     }
 }
 
-void TrackerStore::setQuoteRange(QuoteRange range) {
-    try {
-        defaults_.set(SettingKey::kQuoteRange, rawValue(range));
-    } catch (const StoreError& error) {
-        fail(error.what());
-    }
-    followWishes();
+std::vector<ChartPlace> TrackerStore::chartPlaces(Chart kind) const {
+    const auto& entries = chart(kind).value;
+    if (!entries) return {};
+    const auto day = histories_.chartDays.find(kind);
+    return app::chartPlaces(*entries,
+                            day == histories_.chartDays.end() ? std::nullopt : day->second);
 }
-
-void TrackerStore::setFocusSymbol(const std::string& symbol) {
-    try {
-        defaults_.set(SettingKey::kFocusSymbol, symbol);
-    } catch (const StoreError& error) {
-        fail(error.what());
-    }
-    followWishes();
-}
-
-void TrackerStore::setCompared(std::vector<std::string> symbols) {
-    compared_ = std::move(symbols);
-    followWishes();
-}
-
-void TrackerStore::readQuote(QuoteRange range, std::chrono::seconds freshFor) {
-    fetchQuotes({{std::string(kShare), range}}, freshFor);
-}
-
-void TrackerStore::readYear() { fetchQuotes(wantedQuotes(QuoteRange::year), kYearFreshFor); }
-
-const TrackerStore::Quote& TrackerStore::held(const QuoteKey& key) const {
-    static const Quote none;
-    const auto entry = held_.quotes.find(key);
-    return entry == held_.quotes.end() ? none : entry->second;
-}
-
-const TrackerStore::Quote& TrackerStore::quote() const { return quote(quoteRange()); }
-
-const TrackerStore::Quote& TrackerStore::quote(QuoteRange range) const {
-    return held({std::string(kShare), range});
-}
-
-const TrackerStore::Quote& TrackerStore::focusQuote() const {
-    return held({focusSymbol(), quoteRange()});
-}
-
-std::vector<StockQuote> TrackerStore::present(const QuoteKeys& keys) const {
-    std::vector<StockQuote> quotes;
-    for (const auto& key : keys) {
-        if (const auto& quote = held(key).value) quotes.push_back(*quote);
-    }
-    return quotes;
-}
-
-std::vector<StockQuote> TrackerStore::comparisonQuotes() const {
-    QuoteKeys keys;
-    for (const auto& symbol : compared_) keys.push_back({symbol, quoteRange()});
-    return present(keys);
-}
-
-std::vector<StockQuote> TrackerStore::yearQuotes() const {
-    return present(wantedQuotes(QuoteRange::year));
-}
-
-std::optional<Instant> TrackerStore::yearRead() const { return quote(QuoteRange::year).fetchedAt; }
 
 }  // namespace app

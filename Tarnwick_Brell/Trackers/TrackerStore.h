@@ -2,37 +2,41 @@
 
 #include <chrono>
 #include <cstddef>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <QObject>
 #include <QString>
 
-#include "NewsroomKit/Ingestion/FeedClient.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
 #include "Tarnwick_Brell/Desk/MainThreadQueue.h"
-#include "Tarnwick_Brell/Storage/Histories/BuildHistory.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
-#include "Tarnwick_Brell/Trackers/Rounds.h"
+#include "Tarnwick_Brell/Trackers/ChartPlace.h"
+#include "Tarnwick_Brell/Trackers/PollScheduler.h"
+#include "Tarnwick_Brell/Trackers/TrackedFiles.h"
+#include "Tarnwick_Brell/Trackers/TrackerHistories.h"
 #include "Tarnwick_Brell/Trackers/TrackerNews.h"
-#include "Tarnwick_Brell/Trackers/TrackerReading.h"
-#include "Tarnwick_Brell/Trackers/TrackerRefresh.h"
-#include "Tarnwick_Brell/Trackers/TrackerSchedule.h"
+#include "Tarnwick_Brell/Trackers/TrackerValues.h"
 
 namespace app {
 
-/// What the desk tracks beside the news: Apple's services, releases and calendar, quotes. Lives
-/// on the main thread; the worker fetches. What was last good is shown with its age until
-/// something newer comes, over restarts too.
+struct AnyTrackedFile;
+struct LoadedFile;
+class TrackerJobs;
+
+/// What the desk follows beside the news: Apple's services, releases and calendar, quotes,
+/// firmware signing, updates and charts. Lives on the main thread; the worker fetches. The last
+/// good values are shown with their age until newer ones come, over restarts too.
 class TrackerStore : public QObject {
     Q_OBJECT
 public:
     using Services = kit::AppleServiceStatus::Services;
-    using Quote = TrackerReading<kit::StockQuote>;
+    using Quote = CachedValue<kit::StockQuote>;
+    using Chart = kit::AppStoreCharts::Kind;
 
     /// Apple's own share.
     static constexpr std::string_view kShare = "AAPL";
@@ -42,52 +46,82 @@ public:
     TrackerStore(DeskWorker& worker, Defaults& defaults, kit::Clock clock);
     ~TrackerStore() override;
 
-    /// Reads what the library holds and begins to refresh on the timer.
+    /// Loads the values that the library holds and begins to refresh on the timer.
     void start();
 
-    // What is observed.
-    /// The library has been read; before that nothing is refreshed, at wish either.
-    bool isLoaded() const { return rounds_.haveStarted(); }
-    const TrackerReading<Services>& consumerStatus() const { return held_.consumer; }
-    const TrackerReading<Services>& developerStatus() const { return held_.developer; }
-    const TrackerReading<std::vector<kit::PlatformRelease>>& releases() const {
-        return held_.releases;
+    // Shown values. A reference holds until the next signal of its tracker.
+    /// The library has been read. Nothing is fetched before.
+    bool isLoaded() const { return scheduler_.hasStarted(); }
+    const CachedValue<Services>& consumerStatus() const {
+        return values_.of(files().status(kit::StatusFeed::consumer));
     }
-    const TrackerReading<std::vector<kit::AppleCalendarEvent>>& events() const {
-        return held_.events;
+    const CachedValue<Services>& developerStatus() const {
+        return values_.of(files().status(kit::StatusFeed::developer));
     }
-    const TrackerReading<std::vector<kit::BoardQuote>>& board() const { return held_.board; }
-    /// The builds that the desk has seen, the last seen first; releasesChanged tells of new ones.
-    const std::vector<SeenBuild>& builds() const { return held_.builds; }
+    const CachedValue<std::vector<kit::PlatformRelease>>& releases() const {
+        return values_.of(files().releases());
+    }
+    const CachedValue<std::vector<kit::AppleCalendarEvent>>& events() const {
+        return values_.of(files().events());
+    }
+    const CachedValue<std::vector<kit::BoardQuote>>& board() const {
+        return values_.of(files().board());
+    }
+    const CachedValue<kit::SigningStatus>& signing(const std::string& device) const {
+        return values_.of(files().signing(device));
+    }
+    const CachedValue<std::vector<kit::UpdateOffer>>& updates() const {
+        return values_.of(files().updates());
+    }
+    const CachedValue<std::vector<kit::ChartEntry>>& chart(Chart kind) const {
+        return values_.of(files().chart(kind));
+    }
+    /// The chart with the moves of its apps.
+    std::vector<ChartPlace> chartPlaces(Chart kind) const;
 
+    // Histories, the last seen first. They change with the signals of their trackers.
+    const std::vector<SeenBuild>& builds() const { return histories_.builds; }
+    const std::vector<SigningChange>& signingChanges() const { return histories_.signingChanges; }
+    const std::vector<OfferChange>& offerChanges() const { return histories_.offerChanges; }
+
+    /// The devices whose signing status is followed.
+    std::vector<std::string> devices() const { return defaults_.signingDevices(); }
     kit::QuoteRange quoteRange() const { return defaults_.quoteRange(); }
     std::string focusSymbol() const { return defaults_.focusSymbol(); }
     const std::vector<std::string>& compared() const { return compared_; }
     /// The share, and the focus symbol, over quoteRange.
-    const Quote& quote() const;
-    const Quote& focusQuote() const;
+    const Quote& quote() const { return quote(quoteRange()); }
+    const Quote& focusQuote() const {
+        return values_.of(files().quote(focusSymbol(), quoteRange()));
+    }
     /// The share over any range. See readQuote().
-    const Quote& quote(kit::QuoteRange range) const;
-    /// Of the compared symbols over quoteRange: those that are there.
-    std::vector<kit::StockQuote> comparisonQuotes() const;
-    /// The share, the focus and the compared symbols over a year: those that are there. See
-    /// readYear().
-    std::vector<kit::StockQuote> yearQuotes() const;
-    /// When the share's year was last read.
-    std::optional<kit::Instant> yearRead() const;
+    const Quote& quote(kit::QuoteRange range) const {
+        return values_.of(files().quote(kShare, range));
+    }
+    /// Of the compared symbols over quoteRange those that have been fetched.
+    std::vector<kit::StockQuote> comparisonQuotes() const {
+        return quotesOf(compared_, quoteRange());
+    }
+    /// Of the share, the focus and the compared symbols over a year those that have been
+    /// fetched. See readYear().
+    std::vector<kit::StockQuote> yearQuotes() const {
+        return quotesOf(symbols(), kit::QuoteRange::year);
+    }
+    /// When the share's year was last fetched.
+    std::optional<kit::Instant> yearRead() const { return quote(kit::QuoteRange::year).fetchedAt; }
 
-    bool isRefreshing(TrackerRound round) const { return rounds_.isUnderWay(round); }
+    bool isRefreshing(Tracker tracker) const { return scheduler_.isRunning(tracker); }
     /// The last success of anything.
-    std::optional<kit::Instant> lastUpdated() const { return rounds_.lastUpdated(); }
-    /// Failed fetches of each round since that round last went wholly well.
-    std::size_t failures() const { return rounds_.failures(); }
+    std::optional<kit::Instant> lastUpdated() const { return scheduler_.lastUpdated(); }
+    /// Failed fetches of each tracker since its last refresh without failures.
+    std::size_t failures() const { return scheduler_.failures(); }
     const std::optional<kit::ServiceProblems::Known>& knownProblems() const {
         return news_.knownProblems();
     }
     const kit::NewBuilds::Known& knownBuilds() const { return news_.knownBuilds(); }
 
-    // What the user does.
-    void refresh(TrackerRound round);
+    // The user's actions.
+    void refresh(Tracker tracker) { scheduler_.request(tracker); }
     void refreshAll();
     void setQuoteRange(kit::QuoteRange range);
     /// Throws std::invalid_argument with a sentence when it is no symbol.
@@ -95,12 +129,12 @@ public:
     void setCompared(std::vector<std::string> symbols);
     /// Fetches the share over a range when that is missing or older than `freshFor`.
     void readQuote(kit::QuoteRange range, std::chrono::seconds freshFor = kQuoteFreshFor);
-    /// Fetches the quotes of a year that are missing or of another day.
+    /// Fetches the quotes of a year that are missing or some hours old.
     void readYear();
 
     /// The computer was offline and no longer is.
-    void networkIsBack();
-    /// Takes over what another program has fetched into the library.
+    void networkIsBack() { scheduler_.networkIsBack(); }
+    /// Shows what another program has fetched into the library.
     void load();
 
 signals:
@@ -109,67 +143,67 @@ signals:
     void eventsChanged();
     void quotesChanged();
     void boardChanged();
-    /// Which rounds are under way, `failures` and `lastUpdated`.
+    void signingChanged();
+    void updatesChanged();
+    void chartsChanged();
+    /// Which trackers are being refreshed, `failures` and `lastUpdated`.
     void refreshChanged();
 
-    /// News: each is told once, over restarts too. On the main thread only.
+    // News: each item is announced once, over restarts too.
     void onServiceProblem(const kit::AppleServiceStatus::Report& report);
     void onServiceRestored(const std::string& service);
     void onNewRelease(const kit::NewBuild& build);
-    /// A board has been fetched: for those who watch its prices.
+    /// The first seen first; none is older than a day.
+    void onSigningChanges(const std::vector<app::SigningChange>& changes);
+    void onOfferChanges(const std::vector<app::OfferChange>& changes);
+    /// A board has been fetched.
     void onBoard(const std::vector<kit::BoardQuote>& board);
 
     void failed(const QString& sentence);
 
 private:
-    struct QuoteKey {
-        std::string symbol{};
-        kit::QuoteRange range{};
+    friend class TrackerJobs;
 
-        auto operator<=>(const QuoteKey&) const = default;
-    };
-    using QuoteKeys = std::vector<QuoteKey>;
+    using Files = std::vector<AnyTrackedFile>;
+    using HistoryUpdates = std::vector<std::pair<Tracker, HistoryUpdate>>;
 
-    /// Everything that is shown. Quotes of other ranges and symbols stay: people come back.
-    struct Held {
-        TrackerReading<Services> consumer{};
-        TrackerReading<Services> developer{};
-        TrackerReading<std::vector<kit::PlatformRelease>> releases{};
-        TrackerReading<std::vector<kit::AppleCalendarEvent>> events{};
-        TrackerReading<std::vector<kit::BoardQuote>> board{};
-        std::vector<SeenBuild> builds{};
-        std::map<QuoteKey, Quote> quotes{};
-    };
+    TrackedFiles files() const { return {defaults_.serviceAddress()}; }
+    Files filesOf(Tracker tracker) const;
+    TrackerJobs jobs();
 
-    class Errand;  ///< the worker's half
+    /// The share, the focus and the compared symbols, each once.
+    std::vector<std::string> symbols() const;
+    Files quoteFiles(kit::QuoteRange range) const;
+    std::vector<kit::StockQuote> quotesOf(const std::vector<std::string>& symbols,
+                                          kit::QuoteRange range) const;
+    void fetchQuotes(Files quotes, std::chrono::seconds freshFor);
+    void followSettings();
+    void limitQuotes(const std::string& latest);
+    void followMarket();
+    void save(std::string_view setting, std::string_view value);
 
-    Errand errand();
-    const Quote& held(const QuoteKey& key) const;
-    std::vector<kit::StockQuote> present(const QuoteKeys& keys) const;
-    /// The share, the focus and the compared symbols.
-    QuoteKeys wantedQuotes(kit::QuoteRange range) const;
-    void followWishes();
-    void fetchQuotes(QuoteKeys keys, std::chrono::seconds freshFor);
-
-    void beginSchedule();
-    void begin(TrackerRound round);
-    void end(TrackerRound round);
-    void takeStored(Held stored);
-    void takeQuote(const QuoteKey& key, Quote quote);
-    bool takeBuilds(std::vector<SeenBuild> builds);
-    void noteMarket();
+    void startPolling();
+    void poll(Tracker tracker);
+    void finish(Tracker tracker);
+    void applyLoaded(const std::vector<LoadedFile>& loaded, const HistoryUpdates& histories);
+    void applyFetched(const LoadedFile& fetched, const HistoryUpdate& history);
+    void show(const LoadedFile& file);
+    void emitChanged(Tracker tracker);
     void fail(const std::string& sentence);
 
     DeskWorker& worker_;
     Defaults& defaults_;
     kit::Clock clock_;
     TrackerNews news_;
-    Held held_;
+    TrackerValues values_;
+    TrackerHistories histories_;
     std::vector<std::string> compared_;
-    QuoteKeys wanted_;  ///< at the last look; the settings may change elsewhere
+    // At the last poll; the settings may change elsewhere.
+    std::vector<std::string> polledQuotes_;
+    std::vector<std::string> polledDevices_;
     std::string lastFailure_;
-    Rounds<TrackerSchedule> rounds_;
-    std::shared_ptr<MainThreadQueue> mailbox_;
+    PollScheduler scheduler_;
+    std::shared_ptr<MainThreadQueue> queue_;
 };
 
 }  // namespace app

@@ -7,7 +7,6 @@ namespace app {
 WindowModel::Stores windowStores(AppEnvironment& environment, kit::Clock clock) {
     return {.news = environment.newsDesk(),
             .trackers = environment.trackers(),
-            .signalsStore = environment.signalsStore(),
             .newsrooms = environment.newsrooms(),
             .defaults = environment.defaults(),
             .clock = std::move(clock)};

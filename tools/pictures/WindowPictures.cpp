@@ -164,12 +164,11 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
         return trackers.quote().value && trackers.board().value && trackers.releases().value &&
                trackers.events().value && trackers.developerStatus().value;
     });
-    waitUntil("the signals", [&] {
-        auto& signalsStore = environment.signalsStore();
-        const auto devices = signalsStore.devices();
-        return signalsStore.updates().value &&
-               signalsStore.chart(SignalsStore::Kind::topPaid).value &&
-               (devices.empty() || signalsStore.signing(devices.back()).value);
+    waitUntil("firmware, updates and charts", [&] {
+        auto& trackers = environment.trackers();
+        const auto devices = trackers.devices();
+        return trackers.updates().value && trackers.chart(TrackerStore::Chart::topPaid).value &&
+               (devices.empty() || trackers.signing(devices.back()).value);
     });
     waitUntil("clusters", [&] { return !news.clusters().empty(); });
     // Some of it read and saved, as on a desk in use.

@@ -49,13 +49,13 @@ void add(std::vector<SignalRow>& rows, const QString& heading, const std::vector
 
 BackendPanelModel::BackendPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
     : SignalsPanelModel(stores, panel) {
-    connect(&signalsStore(), &SignalsStore::changed, this, &BackendPanelModel::update);
+    connect(&trackers(), &TrackerStore::updatesChanged, this, &BackendPanelModel::update);
     update();
 }
 
 void BackendPanelModel::update() {
     const auto content =
-        kit::backendContent(kit::fetched(signalsStore().updates()), signalsStore().offerChanges());
+        kit::backendContent(kit::fetched(trackers().updates()), trackers().offerChanges());
     std::vector<SignalRow> rows;
     add(rows, tr("Changes"), content.changes, now());
     add(rows, tr("Newest offers"), content.newest, now());

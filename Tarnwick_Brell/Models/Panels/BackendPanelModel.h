@@ -15,7 +15,7 @@ public:
     QString label() const override { return tr("Updates that Apple offers"); }
 
     void tick() override { update(); }
-    void retry() override { signalsStore().refresh(SignalRound::updates); }
+    void retry() override { trackers().refresh(Tracker::updates); }
 
 private:
     void update();

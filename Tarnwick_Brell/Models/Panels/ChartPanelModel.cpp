@@ -43,16 +43,16 @@ ChartRow rowOf(const ChartPlace& place) {
 
 ChartPanelModel::ChartPanelModel(const PanelStores& stores, kit::AppStoreCharts::Kind chart)
     : PanelModel(stores), chart_(chart) {
-    connect(&signalsStore(), &SignalsStore::changed, this, &ChartPanelModel::look);
+    connect(&trackers(), &TrackerStore::chartsChanged, this, &ChartPanelModel::look);
     look();
 }
 
 QString ChartPanelModel::title() const { return plainText(label(chart_)); }
 
 void ChartPanelModel::look() {
-    auto condition = conditionOf(signalsStore().chart(chart_));
+    auto condition = conditionOf(trackers().chart(chart_));
     std::vector<ChartRow> rows;
-    for (const auto& place : signalsStore().chartPlaces(chart_)) rows.push_back(rowOf(place));
+    for (const auto& place : trackers().chartPlaces(chart_)) rows.push_back(rowOf(place));
     if (condition.state == Ready && rows.empty()) {
         condition.state = Empty;
         condition.message = tr("The chart is empty.");

@@ -48,7 +48,7 @@ public:
     QString title() const;
 
     void tick() override { look(); }
-    void retry() override { signalsStore().refresh(SignalRound::charts); }
+    void retry() override { trackers().refresh(Tracker::charts); }
 
 private:
     void look();

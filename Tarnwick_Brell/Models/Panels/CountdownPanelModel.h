@@ -51,7 +51,7 @@ public:
     GadgetListModel<CountdownRow>* rows() { return &rows_; }
 
     void tick() override { look(); }
-    void retry() override { trackers().refresh(TrackerRound::events); }
+    void retry() override { trackers().refresh(Tracker::events); }
 
 private:
     void look();

@@ -13,8 +13,7 @@
 #include "NewsroomKit/Panels/PanelCondition.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
-#include "Tarnwick_Brell/Signals/SignalsStore.h"
-#include "Tarnwick_Brell/Trackers/TrackerReading.h"
+#include "Tarnwick_Brell/Trackers/CachedValue.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 namespace app {
@@ -25,7 +24,6 @@ class PanelStoryCollector;
 struct PanelStores {
     NewsDesk& news;
     TrackerStore& trackers;
-    SignalsStore& signalsStore;  ///< Qt has taken the word `signals`
     kit::Clock clock;
     /// Shared by the panels of a newsroom; a panel without one makes its own.
     std::shared_ptr<PanelStoryCollector> gatherer{};
@@ -104,7 +102,7 @@ protected:
     /// The condition of a panel whose content is a tracker's reading: loading, failed, stale
     /// or ready, with the age as the fact.
     template <class T>
-    Condition conditionOf(const TrackerReading<T>& reading) const {
+    Condition conditionOf(const CachedValue<T>& reading) const {
         return conditionOf(reading.value.has_value(), reading.fetchedAt, reading.error);
     }
     Condition conditionOf(bool hasValue, std::optional<kit::Instant> fetchedAt,
@@ -113,7 +111,6 @@ protected:
     kit::Instant now() const { return stores_.clock(); }
     NewsDesk& news() const { return stores_.news; }
     TrackerStore& trackers() const { return stores_.trackers; }
-    SignalsStore& signalsStore() const { return stores_.signalsStore; }
 
 private:
     PanelStores stores_;

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Tarnwick_Brell/Models/Panels/SignalText.h"
-#include "Tarnwick_Brell/Signals/SigningNews.h"
+#include "Tarnwick_Brell/Trackers/SigningNews.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -26,18 +26,18 @@ SignalRow rowOf(const SigningNews& news, kit::Instant now) {
 
 RecordsPanelModel::RecordsPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
     : SignalsPanelModel(stores, panel) {
-    connect(&signalsStore(), &SignalsStore::changed, this, &RecordsPanelModel::look);
+    connect(&trackers(), &TrackerStore::signingChanged, this, &RecordsPanelModel::look);
     look();
 }
 
 void RecordsPanelModel::look() {
     std::vector<SignalRow> rows;
-    for (auto& news : signingNews(signalsStore().signingChanges())) {
+    for (auto& news : signingNews(trackers().signingChanges())) {
         // The last is the one that was asked for first.
         std::ranges::reverse(news.devices);
         rows.push_back(rowOf(news, now()));
     }
-    auto condition = conditionOf(kit::signingCondition(signingOf(signalsStore()), !rows.empty()),
+    auto condition = conditionOf(kit::signingCondition(signingOf(trackers()), !rows.empty()),
                                  tr("No change of signing has been seen yet."));
     if (condition.state == Empty)
         condition.hint = tr("The desk does not read filings and court records yet.");

@@ -15,7 +15,7 @@ public:
     QString label() const override { return tr("Changes of signing"); }
 
     void tick() override { look(); }
-    void retry() override { signalsStore().refresh(SignalRound::signing); }
+    void retry() override { trackers().refresh(Tracker::signing); }
 
 private:
     void look();

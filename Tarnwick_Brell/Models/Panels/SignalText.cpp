@@ -54,7 +54,7 @@ QString devicesText(const std::vector<std::string>& names) {
     return SignalText::tr("%1 and %2").arg(named.join(separator), last);
 }
 
-std::vector<kit::DeviceSigning> signingOf(const SignalsStore& store) {
+std::vector<kit::DeviceSigning> signingOf(const TrackerStore& store) {
     std::vector<kit::DeviceSigning> devices;
     for (const auto& device : store.devices())
         devices.push_back({device, kit::fetched(store.signing(device))});

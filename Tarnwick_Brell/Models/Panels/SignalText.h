@@ -6,7 +6,7 @@
 #include <QString>
 
 #include "NewsroomKit/Panels/SigningContent.h"
-#include "Tarnwick_Brell/Signals/SignalsStore.h"
+#include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 /// Firmware and updates in words.
 namespace app {
@@ -21,6 +21,6 @@ QString devicesText(const std::vector<std::string>& names);
 QString appleDayText(kit::Instant day, kit::Instant now);
 
 /// What the store holds of each model whose signing is followed.
-std::vector<kit::DeviceSigning> signingOf(const SignalsStore& store);
+std::vector<kit::DeviceSigning> signingOf(const TrackerStore& store);
 
 }  // namespace app

@@ -36,12 +36,12 @@ std::vector<SignalRow> rowsOf(const kit::SigningContent::Device& device, kit::In
 }  // namespace
 
 SignedPanelModel::SignedPanelModel(const PanelStores& stores) : SignalsPanelModel(stores) {
-    connect(&signalsStore(), &SignalsStore::changed, this, &SignedPanelModel::update);
+    connect(&trackers(), &TrackerStore::signingChanged, this, &SignedPanelModel::update);
     update();
 }
 
 void SignedPanelModel::update() {
-    const auto content = kit::signingContent(signingOf(signalsStore()));
+    const auto content = kit::signingContent(signingOf(trackers()));
     std::vector<SignalRow> rows;
     for (const auto& device : content.devices) {
         for (auto& row : rowsOf(device, now())) rows.push_back(std::move(row));

@@ -14,7 +14,7 @@ public:
     QString label() const override { return tr("Firmware that is signed"); }
 
     void tick() override { update(); }
-    void retry() override { signalsStore().refresh(SignalRound::signing); }
+    void retry() override { trackers().refresh(Tracker::signing); }
 
 private:
     void update();

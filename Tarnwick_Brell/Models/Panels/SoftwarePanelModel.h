@@ -48,7 +48,7 @@ public:
     GadgetListModel<SoftwareRow>* rows() { return &rows_; }
 
     void tick() override { update(); }
-    void retry() override { trackers().refresh(TrackerRound::releases); }
+    void retry() override { trackers().refresh(Tracker::releases); }
 
 private:
     void update();

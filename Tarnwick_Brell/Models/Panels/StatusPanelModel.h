@@ -70,7 +70,7 @@ public:
     const QString& checked() const { return checked_; }        ///< "Checked 14:32"
 
     void tick() override { update(); }
-    void retry() override { trackers().refresh(TrackerRound::status); }
+    void retry() override { trackers().refresh(Tracker::status); }
 
 private:
     void update();

@@ -61,7 +61,7 @@ void StockPanelModel::tick() {
 }
 
 void StockPanelModel::retry() {
-    trackers().refresh(TrackerRound::quotes);
+    trackers().refresh(Tracker::quotes);
     if (range_ != trackers().quoteRange()) trackers().readQuote(range_, std::chrono::seconds(0));
 }
 

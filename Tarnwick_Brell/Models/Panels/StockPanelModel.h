@@ -66,7 +66,7 @@ public:
     void retry() override;
 
 private:
-    using Quote = TrackerReading<kit::StockQuote>;
+    using Quote = CachedValue<kit::StockQuote>;
 
     void look();
     void showPrice(const kit::StockQuote& quote);

@@ -55,7 +55,7 @@ public:
     GadgetListModel<SupplierRow>* rows() { return &rows_; }
 
     void tick() override { look(); }
-    void retry() override { trackers().refresh(TrackerRound::board); }
+    void retry() override { trackers().refresh(Tracker::board); }
 
 private:
     void look();

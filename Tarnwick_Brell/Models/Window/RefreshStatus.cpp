@@ -13,7 +13,6 @@ RefreshStatus::RefreshStatus(const Stores& stores, kit::Clock clock, QObject* pa
     : QObject(parent),
       desk_(stores.news),
       trackers_(stores.trackers),
-      signals_(stores.signalsStore),
       clock_(std::move(clock)) {
     connect(&desk_, &NewsDesk::refreshChanged, this, &RefreshStatus::changed);
     connect(&desk_, &NewsDesk::loaded, this, &RefreshStatus::changed);
@@ -59,7 +58,6 @@ QString RefreshStatus::offlineText() const {
 void RefreshStatus::refresh() {
     desk_.refreshAll();
     trackers_.refreshAll();
-    signals_.refreshAll();
 }
 
 }  // namespace app

@@ -7,7 +7,6 @@
 
 #include "NewsroomKit/Ingestion/FeedClient.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
-#include "Tarnwick_Brell/Signals/SignalsStore.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 namespace app {
@@ -28,7 +27,6 @@ public:
     struct Stores {
         NewsDesk& news;
         TrackerStore& trackers;
-        SignalsStore& signalsStore;
     };
 
     RefreshStatus(const Stores& stores, kit::Clock clock, QObject* parent = nullptr);
@@ -43,7 +41,7 @@ public:
     /// Nothing can be kept until something has been done about it.
     const QString& libraryTrouble() const { return libraryTrouble_; }
 
-    /// Fetches everything that the window shows: sources, trackers, signals.
+    /// Fetches everything that the window shows: sources and trackers.
     Q_INVOKABLE void refresh();
 
 signals:
@@ -54,7 +52,6 @@ signals:
 private:
     NewsDesk& desk_;
     TrackerStore& trackers_;
-    SignalsStore& signals_;
     kit::Clock clock_;
     std::optional<kit::Instant> offlineSince_;
     QString libraryTrouble_;

@@ -16,10 +16,9 @@ WindowModel::WindowModel(const Stores& stores)
       wire_(stores.news, stores.newsrooms, stores.defaults, stores.clock),
       newsroom_({.news = stores.news,
                  .trackers = stores.trackers,
-                 .signalsStore = stores.signalsStore,
                  .clock = stores.clock}),
       refresh_(
-          {.news = stores.news, .trackers = stores.trackers, .signalsStore = stores.signalsStore},
+          {.news = stores.news, .trackers = stores.trackers},
           stores.clock),
       palette_(
           actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),

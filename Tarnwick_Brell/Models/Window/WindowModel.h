@@ -42,7 +42,6 @@ public:
     struct Stores {
         NewsDesk& news;
         TrackerStore& trackers;
-        SignalsStore& signalsStore;
         NewsroomStore& newsrooms;
         Defaults& defaults;
         kit::Clock clock;

@@ -77,7 +77,7 @@ protected:
         ASSERT_TRUE(until([&] { return trackers_.isLoaded(); }));
         trackers_.refreshAll();
         ASSERT_TRUE(until([&] {
-            return std::ranges::none_of(kTrackerRounds,
+            return std::ranges::none_of(kTrackers,
                                         [&](auto round) { return trackers_.isRefreshing(round); });
         }));
     }
@@ -92,8 +92,7 @@ protected:
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     NewsDesk news_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
     TrackerStore trackers_{news_.worker(), defaults_, bench_.clock()};
-    SignalsStore signals_{news_.worker(), defaults_, bench_.clock()};
-    PanelStores stores_{news_, trackers_, signals_, bench_.clock()};
+    PanelStores stores_{news_, trackers_, bench_.clock()};
 };
 
 std::string joined(const std::vector<CountdownRow>& rows) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
@@ -13,6 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 using namespace test;
 using kit::QuoteRange;
+using Chart = TrackerStore::Chart;
 using pressroom::Response;
 using ::test::until;
 
@@ -34,6 +36,10 @@ protected:
         serve("events", {eventsAnswer({"Autumn fair"})});
         serve("quotes", {boardAnswer({"TIDE"})});
         quote("AAPL", "1m", 10);
+        defaults_.set("signingDevices", "iPhone17,3");
+        signing("2+ 1");
+        updates("2 1");
+        charts("a b c");
     }
 
     void serve(const std::string& tracker, std::vector<Response> answers) {
@@ -53,16 +59,43 @@ protected:
         bench_.http.script.on(kApple, kDeveloper, {statusAnswer(developer)});
     }
 
+    void signing(const std::string& list, const std::string& device = "iPhone17,3") {
+        bench_.http.script.on("api.ipsw.me", "/v4/device/" + device + "?type=ipsw",
+                              {{.body = signingBody(list)}});
+    }
+
+    void updates(const std::string& list) {
+        bench_.http.script.on("gdmf.apple.com", "/v2/pmv", {{.body = updatesBody(list)}});
+    }
+
+    void charts(const std::string& list) {
+        for (const auto& row : kit::enumTable<Chart>) {
+            bench_.http.script.on("rss.marketingtools.apple.com",
+                                  "/api/v2/us/apps/" + std::string(row.raw) + "/25/apps.json",
+                                  {{.body = chartBody(list)}});
+        }
+    }
+
     void open() {
         close();
         worker_ = std::make_unique<DeskWorker>(bench_.library(), bench_.network(), bench_.clock());
         store_ = std::make_unique<TrackerStore>(*worker_, defaults_, bench_.clock());
-        QObject::connect(store_.get(), &TrackerStore::onServiceProblem,
-                         [this](const auto& report) { told_.push_back("- " + report.service); });
+        QObject::connect(store_.get(), &TrackerStore::onServiceProblem, [this](const auto& report) {
+            announced_.push_back("- " + report.service);
+        });
         QObject::connect(store_.get(), &TrackerStore::onServiceRestored,
-                         [this](const auto& service) { told_.push_back("+ " + service); });
+                         [this](const auto& service) { announced_.push_back("+ " + service); });
         QObject::connect(store_.get(), &TrackerStore::onNewRelease,
-                         [this](const auto& build) { told_.push_back(build.release.build); });
+                         [this](const auto& build) { announced_.push_back(build.release.build); });
+        QObject::connect(store_.get(), &TrackerStore::onSigningChanges,
+                         [this](const auto& changes) {
+                             for (const auto& it : changes)
+                                 announced_.push_back((it.isSigned ? "+" : "-") + it.version);
+                         });
+        QObject::connect(store_.get(), &TrackerStore::onOfferChanges, [this](const auto& changes) {
+            for (const auto& it : changes)
+                announced_.push_back((it.isOffered ? "offer +" : "offer -") + it.offer.version);
+        });
         QObject::connect(store_.get(), &TrackerStore::onBoard,
                          [this](const auto& board) { boards_.push_back(board.at(0).symbol); });
         store_->start();
@@ -80,13 +113,14 @@ protected:
     }
 
     bool isCalm() const {
-        return std::ranges::none_of(kTrackerRounds,
-                                    [&](auto round) { return store_->isRefreshing(round); });
+        return std::ranges::none_of(kTrackers,
+                                    [&](auto tracker) { return store_->isRefreshing(tracker); });
     }
 
     void refresh() {
         store_->refreshAll();
         ASSERT_TRUE(until([&] { return isCalm(); }));
+        std::ranges::sort(announced_);
     }
 
     double price() const {
@@ -98,20 +132,20 @@ protected:
         return bench_.http.script.requests(kService, wire(tracker)).size();
     }
 
-    using Told = std::vector<std::string>;
+    using Announced = std::vector<std::string>;
 
     TestDesk bench_{{}};
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     std::unique_ptr<DeskWorker> worker_;
     std::unique_ptr<TrackerStore> store_;
-    Told told_;
+    Announced announced_;
     std::vector<std::string> boards_;
 };
 
-TEST_F(TrackerStoreTest, TheFirstRunIsSilentAndNewsIsToldOnceOverRestarts) {
+TEST_F(TrackerStoreTest, TheFirstRunIsSilentAndNewsIsAnnouncedOnceOverRestarts) {
     status({"Mail!", "Maps"}, {"Kiosk!"});
     openAndRefresh();
-    EXPECT_EQ(told_, Told());
+    EXPECT_EQ(announced_, Announced());
     EXPECT_EQ(store_->knownProblems()->size(), 2u);
     EXPECT_EQ(store_->lastUpdated(), bench_.now());
     EXPECT_EQ(boards_, std::vector<std::string>{"TIDE"});
@@ -119,15 +153,15 @@ TEST_F(TrackerStoreTest, TheFirstRunIsSilentAndNewsIsToldOnceOverRestarts) {
     status({"Mail!!", "Maps!"}, {"Kiosk!"});
     serve("releases", {releasesAnswer("A", "B2")});
     refresh();
-    std::ranges::sort(told_);
-    EXPECT_EQ(told_, (Told{"- Mail", "- Maps", "B2"}));
+    EXPECT_EQ(announced_, (Announced{"- Mail", "- Maps", "B2"}));
 
-    told_.clear();
+    announced_.clear();
     openAndRefresh();
-    EXPECT_EQ(told_, Told());
+    EXPECT_EQ(announced_, Announced());
     status({"Mail", "Maps!"}, {"Kiosk"});
     refresh();
-    EXPECT_EQ(told_, (Told{"+ Kiosk", "+ Mail"})) << "once for two incidents of one service";
+    EXPECT_EQ(announced_, (Announced{"+ Kiosk", "+ Mail"}))
+        << "once for two incidents of one service";
 }
 
 TEST_F(TrackerStoreTest, WhatWasLastGoodIsShownWithItsAgeWhileNothingCanBeFetched) {
@@ -153,9 +187,9 @@ TEST_F(TrackerStoreTest, WhatWasLastGoodIsShownWithItsAgeWhileNothingCanBeFetche
     EXPECT_EQ(price(), 10);
 
     status({"Mail", "Maps"}, {"Kiosk"});
-    store_->refresh(TrackerRound::status);
+    store_->refresh(Tracker::status);
     ASSERT_TRUE(until([&] { return isCalm(); }));
-    EXPECT_EQ(store_->failures(), 4u) << "those of the other rounds";
+    EXPECT_EQ(store_->failures(), 4u) << "those of the other trackers";
     EXPECT_EQ(store_->consumerStatus().error, std::nullopt);
 }
 
@@ -167,7 +201,7 @@ TEST_F(TrackerStoreTest, TheDeveloperStatusWaitsForTheConsumers) {
     EXPECT_EQ(store_->knownProblems(), std::nullopt);
     status({"Mail"}, {"Kiosk!"});
     refresh();
-    EXPECT_EQ(told_, Told()) << "the developer's problems belong to the first look";
+    EXPECT_EQ(announced_, Announced()) << "the developer's problems belong to the first look";
     EXPECT_EQ(store_->knownProblems()->size(), 1u);
 }
 
@@ -175,7 +209,7 @@ TEST_F(TrackerStoreTest, AnAnswerForARangeThatIsNoLongerWantedDoesNotTakeThePlac
     openAndRefresh();
     quote("AAPL", "1m", 11, 300ms);
     quote("AAPL", "1y", 20);
-    store_->refresh(TrackerRound::quotes);
+    store_->refresh(Tracker::quotes);
     store_->setQuoteRange(QuoteRange::year);
     EXPECT_EQ(price(), 0) << "nothing yet";
     ASSERT_TRUE(until([&] { return price() == 20; }));
@@ -214,7 +248,7 @@ TEST_F(TrackerStoreTest, SymbolsAreFetchedWhenTheyAreWantedAndABadOneHoldsNobody
     quote("AAPL", "1w", 70);
     Defaults(bench_.folder.path() / "settings.ini").set("quoteRange", "1w");
     defaults_.reload();
-    store_->refresh(TrackerRound::events);
+    store_->refresh(Tracker::events);
     EXPECT_TRUE(until([&] { return price() == 70; }));
 }
 
@@ -251,6 +285,57 @@ TEST_F(TrackerStoreTest, AStoreThatGoesInTheMiddleOfARoundEndsAtOnce) {
         worker_.reset();
         EXPECT_LT(std::chrono::steady_clock::now() - begin, 1s);
     }
+}
+
+TEST_F(TrackerStoreTest, ChangesAreAnnouncedOnceWhoeverFetchedThemAndOldOnesNotAtAll) {
+    openAndRefresh();
+    EXPECT_EQ(announced_, Announced()) << "the first look only remembers";
+    signing("3+ 2 1");
+    updates("3 2 1");
+    refresh();
+    EXPECT_EQ(announced_, (Announced{"+3", "offer +3"}));
+    openAndRefresh();
+    EXPECT_EQ(announced_, (Announced{"+3", "-2", "offer +3"})) << "the second answer that says so";
+
+    // Another program looks, and then this desk takes over what it found.
+    announced_.clear();
+    const auto change = [&](const char* version) {
+        LocalStore other(bench_.library(), Database::Access::readWrite);
+        const auto before = kit::SigningStatus::parse(signingBody(""));
+        const auto now = kit::SigningStatus::parse(signingBody(version));
+        other.signing().note("iPhone17,3", before, now, bench_.now());
+    };
+    change("8+");
+    store_->load();
+    EXPECT_TRUE(until([&] { return announced_ == Announced{"+8"}; }));
+    store_.reset();
+    worker_.reset();
+    change("9+");
+    bench_.pass(25h);
+    openAndRefresh();
+    EXPECT_EQ(announced_, Announced{"+8"});
+}
+
+TEST_F(TrackerStoreTest, AChartMovesAgainstTheDayBefore) {
+    openAndRefresh();
+    bench_.pass(24h);
+    charts("c a b");
+    refresh();
+    const auto places = store_->chartPlaces(Chart::topFree);
+    ASSERT_EQ(places.size(), 3u);
+    EXPECT_EQ(places[0].rise(), 2);
+    EXPECT_EQ(places[1].rise(), -1);
+}
+
+TEST_F(TrackerStoreTest, AModelThatIsAddedToTheSettingIsAskedForAtOnce) {
+    openAndRefresh();
+    signing("5+", "iPad16,1");
+    Defaults(bench_.folder.path() / "settings.ini").set("signingDevices", "iPad16,1, iPhone17,3");
+    defaults_.reload();
+    store_->refresh(Tracker::updates);
+    EXPECT_TRUE(until([&] { return store_->signing("iPad16,1").value.has_value(); }));
+    EXPECT_EQ(store_->devices(), (std::vector<std::string>{"iPad16,1", "iPhone17,3"}));
+    EXPECT_EQ(announced_, Announced()) << "a first look at a device is no news";
 }
 
 }  // namespace

@@ -40,7 +40,6 @@ protected:
         model_ =
             std::make_unique<WindowModel>(WindowModel::Stores{.news = *bench_.news,
                                                               .trackers = *bench_.trackers,
-                                                              .signalsStore = *bench_.signalsStore,
                                                               .newsrooms = *bench_.newsrooms,
                                                               .defaults = bench_.defaults,
                                                               .clock = bench_.desk.clock()});

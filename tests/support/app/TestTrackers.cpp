@@ -1,5 +1,8 @@
 #include "tests/support/app/TestTrackers.h"
 
+#include <algorithm>
+#include <sstream>
+
 #include <boost/json.hpp>
 
 #include "NewsroomKit/Trackers/Events/AppleCalendarEvent.h"
@@ -59,6 +62,40 @@ Response eventsAnswer(const std::vector<std::string>& titles) {
 
 Response quoteAnswer(const std::string& symbol, const std::string& range, double price) {
     return answer(kit::encode(kit::StockQuote{.symbol = symbol, .price = price, .range = range}));
+}
+
+std::string joined(const std::string& list,
+                   const std::function<std::string(const std::string& word)>& item) {
+    std::istringstream words(list);
+    std::string text, word;
+    while (words >> word) text += (text.empty() ? "" : ",") + item(word);
+    return text;
+}
+
+std::string signingBody(const std::string& list, const std::string& name) {
+    const auto item = [](const std::string& word) {
+        const bool isSigned = word.ends_with('+');
+        const auto version = word.substr(0, word.size() - (isSigned ? 1 : 0));
+        return R"({"version":")" + version + R"(","buildid":"B)" + version + R"(","signed":)" +
+               (isSigned ? "true}" : "false}");
+    };
+    return R"({"name":")" + name + R"(","firmwares":[)" + joined(list, item) + "]}";
+}
+
+std::string updatesBody(const std::string& list) {
+    const auto item = [](const std::string& word) {
+        return R"({"ProductVersion":")" + word + R"(","Build":"B)" + word +
+               R"(","PostingDate":"2026-11-02","SupportedDevices":["iPhone17,1"]})";
+    };
+    return R"({"PublicAssetSets":{"iOS":[)" + joined(list, item) + "]}}";
+}
+
+std::string chartBody(const std::string& list) {
+    const auto item = [](const std::string& word) {
+        return R"({"id":")" + word +
+               R"(","name":"n","artistName":"a","url":"","artworkUrl100":""})";
+    };
+    return R"({"feed":{"results":[)" + joined(list, item) + "]}}";
 }
 
 }  // namespace app::test

@@ -58,7 +58,6 @@ void TestPanels::serveTrackers(const std::string& status, const std::string& rel
 void TestPanels::open() {
     news = std::make_unique<NewsDesk>(desk.library(), desk.network(), defaults, desk.clock());
     trackers = std::make_unique<TrackerStore>(news->worker(), defaults, desk.clock());
-    signalsStore = std::make_unique<SignalsStore>(news->worker(), defaults, desk.clock());
     news->start();
     trackers->start();
     until([&] { return news->isLoaded() && trackers->isLoaded(); });
@@ -66,7 +65,7 @@ void TestPanels::open() {
 
 PanelStores TestPanels::stores() {
     return {
-        .news = *news, .trackers = *trackers, .signalsStore = *signalsStore, .clock = desk.clock()};
+        .news = *news, .trackers = *trackers, .clock = desk.clock()};
 }
 
 std::unique_ptr<PanelModel> TestPanels::panel(kit::PanelKind kind, const kit::StoryQuery& query) {

@@ -37,7 +37,6 @@ public:
     Defaults defaults{desk.folder.path() / "settings.ini"};
     std::unique_ptr<NewsDesk> news;
     std::unique_ptr<TrackerStore> trackers;
-    std::unique_ptr<SignalsStore> signalsStore;
 };
 
 /// The rows' texts under that name.

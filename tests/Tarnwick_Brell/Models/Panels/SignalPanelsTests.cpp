@@ -12,7 +12,7 @@
 #include "Tarnwick_Brell/Models/Panels/SignedPanelModel.h"
 #include "Tarnwick_Brell/Models/Sidebar/TrackerPages.h"
 #include "tests/support/app/TestDesk.h"
-#include "tests/Tarnwick_Brell/Signals/SignalBodies.h"
+#include "tests/support/app/TestTrackers.h"
 #include "tests/support/EventLoop.h"
 
 namespace app {
@@ -60,12 +60,12 @@ protected:
     }
 
     void refresh() {
-        if (!signals_.isLoaded()) signals_.start();
-        ASSERT_TRUE(until([&] { return signals_.isLoaded(); }));
-        signals_.refreshAll();
+        if (!trackers_.isLoaded()) trackers_.start();
+        ASSERT_TRUE(until([&] { return trackers_.isLoaded(); }));
+        trackers_.refreshAll();
         ASSERT_TRUE(until([&] {
-            return std::ranges::none_of(kSignalRounds,
-                                        [&](auto round) { return signals_.isRefreshing(round); });
+            return std::ranges::none_of(kTrackers,
+                                        [&](auto round) { return trackers_.isRefreshing(round); });
         }));
     }
 
@@ -91,8 +91,7 @@ protected:
     Defaults defaults_{bench_.folder.path() / "settings.ini"};
     NewsDesk news_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
     TrackerStore trackers_{news_.worker(), defaults_, bench_.clock()};
-    SignalsStore signals_{news_.worker(), defaults_, bench_.clock()};
-    PanelStores stores_{news_, trackers_, signals_, bench_.clock()};
+    PanelStores stores_{news_, trackers_, bench_.clock()};
 };
 
 TEST_F(SignalPanelsTest, RecordsTellOfABuildOnceForAllItsModelsTheLastSeenFirst) {
@@ -121,7 +120,7 @@ TEST_F(SignalPanelsTest, RecordsTellOfABuildOnceForAllItsModelsTheLastSeenFirst)
     EXPECT_EQ(records->state(), PanelModel::Stale);
     EXPECT_FALSE(records->hint().isEmpty());
     records->retry();
-    EXPECT_TRUE(signals_.isRefreshing(SignalRound::signing));
+    EXPECT_TRUE(trackers_.isRefreshing(Tracker::signing));
 }
 
 TEST_F(SignalPanelsTest, WhatIsSignedNowStandsModelByModel) {

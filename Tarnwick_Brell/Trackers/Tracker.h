@@ -1,0 +1,31 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+
+namespace app {
+
+/// What the desk follows beside the news. The files of one tracker are fetched together.
+enum class Tracker { status, releases, quotes, board, events, signing, updates, charts };
+
+inline constexpr std::array kTrackers{Tracker::status,  Tracker::releases, Tracker::quotes,
+                                      Tracker::board,   Tracker::events,   Tracker::signing,
+                                      Tracker::updates, Tracker::charts};
+
+/// How often a tracker is fetched. `isMarketOpen` matters for quotes alone.
+constexpr std::chrono::minutes pollInterval(Tracker tracker, bool isMarketOpen = false) {
+    using std::chrono::minutes;
+    switch (tracker) {
+        case Tracker::status: return minutes(2);
+        case Tracker::quotes: return minutes(isMarketOpen ? 1 : 15);
+        case Tracker::releases:
+        case Tracker::board: return minutes(5);
+        case Tracker::events: return minutes(60);
+        case Tracker::signing:
+        case Tracker::updates:
+        case Tracker::charts: return minutes(30);
+    }
+    return minutes(30);
+}
+
+}  // namespace app

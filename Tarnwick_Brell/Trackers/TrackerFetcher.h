@@ -1,0 +1,112 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include <boost/asio/awaitable.hpp>
+#include <boost/asio/this_coro.hpp>
+
+#include "NewsroomKit/HTTP/BodyFetch.h"
+#include "Tarnwick_Brell/Trackers/TrackerCache.h"
+
+namespace app {
+
+/// Fetches tracked files into the library: a good answer goes into the cache and the file's
+/// histories, anything else leaves both as they were.
+///
+/// The object must outlive its coroutines. They throw StoreError.
+class TrackerFetcher {
+public:
+    TrackerFetcher(LocalStore& store, kit::HTTPClient& http, kit::Clock clock)
+        : store_(store), http_(http), clock_(std::move(clock)), cache_(store) {}
+
+    /// The value to show, with an error when it does not come from this answer.
+    template <class T>
+    boost::asio::awaitable<CachedValue<T>> fetch(TrackedFile<T> file);
+
+private:
+    template <class T>
+    CachedValue<T> accept(const TrackedFile<T>& file, const kit::FetchedFile<T>& fetched);
+    template <class T>
+    bool isRefusedAsEmpty(const TrackedFile<T>& file, const T& value);
+    template <class T>
+    CachedValue<T> failed(const TrackedFile<T>& file, const std::string& error);
+    template <class T>
+    CachedValue<T> notAsked(const TrackedFile<T>& file, const std::string& reason);
+
+    void recordFailure(const std::string& name, std::string error);
+    std::optional<std::string> pauseText(const std::string& address);
+    void backOff(const std::string& address, std::chrono::seconds wanted);
+
+    LocalStore& store_;
+    kit::HTTPClient& http_;
+    kit::Clock clock_;
+    TrackerCache cache_;
+};
+
+/// The user has no network, or has cancelled the request: no fault of the server's.
+bool isOurFault(const kit::FetchError& error);
+
+/// A sentence for the user. The texts take the place of the description, or follow it, where the
+/// meaning of an error is known; they may be empty.
+std::string failureText(const kit::FetchError& error, const std::string& notFoundText,
+                        const std::string& untrustedHint);
+
+template <class T>
+boost::asio::awaitable<CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T> file) {
+    co_await boost::asio::this_coro::throw_if_cancelled(false);
+    if (const auto pause = pauseText(file.address)) co_return notAsked(file, *pause);
+    std::optional<kit::FetchedFile<T>> fetched;
+    try {
+        fetched = co_await file.fetch(http_);
+    } catch (const kit::RecordError& error) {
+        co_return failed(file, "The answer does not read (" + std::string(error.what()) + ").");
+    }
+    if (fetched->value) co_return accept(file, *fetched);
+    if (fetched->retryAfter) backOff(file.address, *fetched->retryAfter);
+    const auto& error = fetched->value.error();
+    if (isOurFault(error)) co_return notAsked(file, error.description());
+    co_return failed(file, failureText(error, file.notFoundText, file.untrustedHint));
+}
+
+template <class T>
+CachedValue<T> TrackerFetcher::accept(const TrackedFile<T>& file,
+                                      const kit::FetchedFile<T>& fetched) {
+    const T& latest = fetched.value.value();
+    if (file.isRequested && !file.isRequested(latest)) return failed(file, file.mismatchText);
+    if (isRefusedAsEmpty(file, latest)) return failed(file, "The answer was an empty list.");
+    const auto now = clock_();
+    auto transaction = store_.transaction();
+    const auto before = file.record ? cache_.read(file).value : std::nullopt;
+    cache_.store(file, fetched.body, latest, now);
+    auto cached = cache_.read(file);
+    if (file.record) file.record(store_, before, cached.value.value(), now);
+    transaction.commit();
+    return cached;
+}
+
+template <class T>
+bool TrackerFetcher::isRefusedAsEmpty(const TrackedFile<T>& file, const T& value) {
+    if (file.emptyAnswer == EmptyAnswer::accepted || !file.isEmpty(value)) return false;
+    if (file.emptyAnswer == EmptyAnswer::refused) return true;
+    const auto latest = cache_.latest(file);
+    return latest && !file.isEmpty(*latest);
+}
+
+template <class T>
+CachedValue<T> TrackerFetcher::failed(const TrackedFile<T>& file, const std::string& error) {
+    recordFailure(file.name, file.title + ": " + error);
+    return cache_.read(file);
+}
+
+/// The failure is not counted against the tracker.
+template <class T>
+CachedValue<T> TrackerFetcher::notAsked(const TrackedFile<T>& file, const std::string& reason) {
+    auto cached = cache_.read(file);
+    cached.error = file.title + ": " + reason;
+    return cached;
+}
+
+}  // namespace app

@@ -1,0 +1,82 @@
+#include "Tarnwick_Brell/Trackers/TrackerHistories.h"
+
+#include <chrono>
+#include <string_view>
+#include <utility>
+
+#include "Tarnwick_Brell/Storage/LocalStore.h"
+#include "Tarnwick_Brell/Trackers/TrackedFiles.h"
+
+namespace app {
+
+namespace {
+
+constexpr std::chrono::hours kNewsLasts{24};
+
+// Nobody scrolls back further. A build changes for many devices at once.
+constexpr std::size_t kMostSigningChanges = 2'000;
+constexpr std::size_t kMostOfferChanges = 200;
+
+template <class List>
+HistoryUpdate updating(List TrackerHistories::* list, List loaded) {
+    return [list, loaded = std::move(loaded)](TrackerHistories& histories) {
+        if (histories.*list == loaded) return false;
+        histories.*list = loaded;
+        return true;
+    };
+}
+
+HistoryUpdate updatingChartDays(LocalStore& store) {
+    decltype(TrackerHistories::chartDays) days;
+    for (const auto& row : kit::enumTable<kit::AppStoreCharts::Kind>) {
+        const auto name = TrackedFiles{}.chart(row.value).name;
+        const auto seen = store.trackerCopies().health(name).lastSuccess;
+        if (seen) days[row.value] = store.charts().dayBefore(row.value, *seen);
+    }
+    return [days = std::move(days)](TrackerHistories& histories) {
+        histories.chartDays = days;
+        return false;  // They only change together with the chart.
+    };
+}
+
+template <class Change, class History>
+std::vector<Change> take(LocalStore& store, History& history, std::string_view key,
+                         kit::Instant now) {
+    const auto last = history.lastNumber();
+    if (store.state().number(key) == last) return {};
+    auto transaction = store.transaction();
+    const auto announced = store.state().number(key);
+    auto changes = announced ? history.after(*announced) : std::vector<Change>();
+    store.state().setNumber(key, history.lastNumber());
+    transaction.commit();
+    std::erase_if(changes, [&](const Change& change) { return change.seenAt < now - kNewsLasts; });
+    return changes;
+}
+
+}  // namespace
+
+HistoryUpdate loadHistory(LocalStore& store, Tracker tracker) {
+    using Histories = TrackerHistories;
+    switch (tracker) {
+        case Tracker::releases:
+            return updating(&Histories::builds, store.builds().newest(kit::kMostBuilds));
+        case Tracker::signing:
+            return updating(&Histories::signingChanges,
+                            store.signing().newest(kMostSigningChanges));
+        case Tracker::updates:
+            return updating(&Histories::offerChanges, store.offers().newest(kMostOfferChanges));
+        case Tracker::charts: return updatingChartDays(store);
+        case Tracker::status:
+        case Tracker::quotes:
+        case Tracker::board:
+        case Tracker::events: break;
+    }
+    return [](Histories&) { return false; };
+}
+
+UnannouncedChanges takeUnannounced(LocalStore& store, kit::Instant now) {
+    return {.signing = take<SigningChange>(store, store.signing(), DeskState::kToldSigning, now),
+            .offers = take<OfferChange>(store, store.offers(), DeskState::kToldOffers, now)};
+}
+
+}  // namespace app

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "Tarnwick_Brell/Storage/Histories/BuildHistory.h"
+#include "Tarnwick_Brell/Storage/Histories/ChartHistory.h"
+#include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
+#include "Tarnwick_Brell/Storage/Histories/SigningHistory.h"
+#include "Tarnwick_Brell/Trackers/Tracker.h"
+
+namespace app {
+
+class LocalStore;
+
+/// The ends of the trackers' histories, as far as lists show them; the last seen first.
+struct TrackerHistories {
+    std::vector<SeenBuild> builds{};
+    std::vector<SigningChange> signingChanges{};
+    std::vector<OfferChange> offerChanges{};
+    /// Of each chart the last day before the shown one.
+    std::map<kit::AppStoreCharts::Kind, std::optional<ChartDay>> chartDays{};
+};
+
+/// Moves what it has loaded into the histories; whether that changes them.
+using HistoryUpdate = std::function<bool(TrackerHistories&)>;
+
+/// Loads what is shown of a tracker's history, on the worker's thread.
+HistoryUpdate loadHistory(LocalStore& store, Tracker tracker);
+
+/// Changes that no desk has announced yet.
+struct UnannouncedChanges {
+    std::vector<SigningChange> signing{};
+    std::vector<OfferChange> offers{};
+};
+
+/// Takes the changes that the library has not announced yet, whoever fetched them, and marks them
+/// as announced. Those older than a day are left out: nobody has looked for so long. The first
+/// call for a library only marks.
+UnannouncedChanges takeUnannounced(LocalStore& store, kit::Instant now);
+
+}  // namespace app

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <boost/asio/awaitable.hpp>
+
+#include "Tarnwick_Brell/Desk/DeskWorker.h"
+#include "Tarnwick_Brell/Desk/MainThreadQueue.h"
+#include "Tarnwick_Brell/Trackers/TrackerFetcher.h"
+#include "Tarnwick_Brell/Trackers/TrackerHistories.h"
+#include "Tarnwick_Brell/Trackers/TrackerValues.h"
+
+namespace app {
+
+class TrackerStore;
+
+/// A TrackedFile with its type hidden.
+struct AnyTrackedFile {
+    template <class T>
+    AnyTrackedFile(TrackedFile<T> file);
+
+    Tracker tracker;
+    std::string name;
+    bool comesFirst;
+    std::function<AnyCachedValue(LocalStore&)> load;
+    std::function<boost::asio::awaitable<AnyCachedValue>(TrackerFetcher&)> fetch;
+};
+
+std::vector<std::string> namesOf(const std::vector<AnyTrackedFile>& files);
+
+struct LoadedFile {
+    Tracker tracker;
+    std::string name;
+    AnyCachedValue cached;
+};
+
+/// The jobs that a TrackerStore gives to the worker. They run on the worker's thread, send what
+/// they load and fetch to the store, and may outlive it.
+class TrackerJobs {
+public:
+    using Files = std::vector<AnyTrackedFile>;
+
+    TrackerJobs(TrackerStore& store, std::shared_ptr<MainThreadQueue> queue, kit::Clock clock);
+
+    /// Loads the values of the files, and all histories, from the library.
+    DeskWorker::Job load(Files files) const;
+    /// Fetches the files of a tracker.
+    DeskWorker::LongJob fetch(Tracker tracker, Files files) const;
+    /// Loads the files, and fetches those that are missing or older than `freshFor`.
+    DeskWorker::LongJob fetchStale(Files files, std::chrono::seconds freshFor) const;
+
+    /// The message is dropped when the store is gone.
+    void send(std::function<void(TrackerStore&)> message) const;
+
+private:
+    using WorkerContext = DeskWorker::WorkerContext;
+    using Work = boost::asio::awaitable<void>;
+
+    Work fetchAll(WorkerContext& context, const Files& files) const;
+    void announceChanges(LocalStore& store) const;
+
+    TrackerStore* store_;  ///< for the main thread only
+    std::shared_ptr<MainThreadQueue> queue_;
+    kit::Clock clock_;
+};
+
+template <class T>
+boost::asio::awaitable<AnyCachedValue> fetchAny(TrackerFetcher& fetcher, TrackedFile<T> file) {
+    auto cached = co_await fetcher.fetch(std::move(file));
+    co_return AnyCachedValue(std::move(cached));
+}
+
+template <class T>
+AnyTrackedFile::AnyTrackedFile(TrackedFile<T> file)
+    : tracker(file.tracker),
+      name(file.name),
+      comesFirst(file.comesFirst),
+      load([file](LocalStore& store) { return AnyCachedValue(TrackerCache(store).read(file)); }),
+      fetch([file](TrackerFetcher& fetcher) { return fetchAny(fetcher, file); }) {}
+
+}  // namespace app
