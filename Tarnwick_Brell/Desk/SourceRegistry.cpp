@@ -7,12 +7,43 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Sources/SourceCatalog.h"
 #include "NewsroomKit/Stories/CanonicalLink.h"
+#include "NewsroomKit/Stories/StoryIdentity.h"
+#include "NewsroomKit/Text/Folding.h"
 #include "Tarnwick_Brell/Desk/StoryIntake.h"
-#include "Tarnwick_Brell/Storage/Tables/SourceID.h"
 
 namespace app {
 
 using kit::NewsSource;
+
+namespace {
+
+constexpr std::size_t kLongestName = 39;
+constexpr std::size_t kHashDigits = 8;
+
+/// "Café & Bar News" becomes "cafe-bar-news"; a name in another script gives nothing.
+std::string slug(std::string_view name) {
+    std::string words;
+    for (const char c : kit::fold(name)) {
+        const bool plain = (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
+        if (plain) {
+            words += c;
+        } else if (!words.empty() && words.back() != '-') {
+            words += '-';
+        }
+        if (words.size() == kLongestName) break;
+    }
+    while (words.ends_with('-')) words.pop_back();
+    return words;
+}
+
+/// The last hexadecimal digits of the hash that stories have their ids from.
+std::string hashDigits(std::string_view text) {
+    auto digits = kit::storyID(text);
+    digits.insert(0, kHashDigits, '0');  // The hash is written without leading zeros.
+    return digits.substr(digits.size() - kHashDigits);
+}
+
+}  // namespace
 
 SourceRegistry::SourceRegistry(SourceTable& table) : table_(table) { reload(); }
 
@@ -77,10 +108,20 @@ void SourceRegistry::setEnabled(std::string_view id, bool enabled) {
     switches_[std::string(id)] = enabled;
 }
 
-bool SourceRegistry::isTaken(const std::string& id) const {
-    return find(id) != nullptr ||
-           std::any_of(removed_.begin(), removed_.end(),
-                       [&](const NewsSource& source) { return source.id == id; });
+std::string SourceRegistry::freshID(std::string_view name, std::string_view host,
+                                    std::string hashed) const {
+    const auto isTaken = [&](const std::string& id) {
+        return find(id) != nullptr ||
+               std::any_of(removed_.begin(), removed_.end(),
+                           [&](const NewsSource& source) { return source.id == id; });
+    };
+    std::string words = slug(name);
+    if (words.empty()) words = slug(host);
+    if (words.empty()) words = "source";
+    for (;; hashed += '|') {
+        auto id = words + '-' + hashDigits(hashed);
+        if (!isTaken(id)) return id;
+    }
 }
 
 NewsSource SourceRegistry::add(std::string_view name, std::string_view feedURL,
@@ -105,7 +146,7 @@ NewsSource SourceRegistry::add(std::string_view name, std::string_view feedURL,
         std::erase_if(removed_, [&](const NewsSource& other) { return other.id == source.id; });
         feeds_->removed.erase(canonical);
     } else {
-        source.id = sourceIDFor(feedURL, [this](const std::string& id) { return isTaken(id); });
+        source.id = freshID(source.name, address ? address->host : "", canonical);
         table_.add(source);
     }
     places_.emplace(source.id, sources_.size());

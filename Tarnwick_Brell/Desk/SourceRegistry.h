@@ -35,9 +35,10 @@ public:
 
     void setEnabled(std::string_view id, bool enabled);
 
-    /// Adds a source of the user's own, switched on, and returns it. Its id is made from the feed's
-    /// address (see SourceID.h) and differs from all others, also of removed sources. A feed that
-    /// was removed comes back under its old id, which its stories have.
+    /// Adds a source of the user's own, switched on, and returns it. Its id is made of the name (of
+    /// the host when that gives nothing) and a hash of the canonical feed address, so that
+    /// computers that add the same feed agree; it differs from all others, also of removed sources.
+    /// A feed that was removed comes back under its old id, which its stories have.
     kit::NewsSource add(std::string_view name, std::string_view feedURL, std::string_view siteURL);
 
     /// Both are for the user's own sources; of any other id they change nothing and say false.
@@ -55,7 +56,7 @@ private:
     void index();
     const Feeds& feeds() const;
     kit::NewsSource* findOwn(std::string_view id);
-    bool isTaken(const std::string& id) const;
+    std::string freshID(std::string_view name, std::string_view host, std::string hashed) const;
 
     SourceTable& table_;
     std::vector<kit::NewsSource> sources_;

@@ -132,7 +132,7 @@ class FaultsOfTheNetwork(unittest.TestCase):
         added = desk.json("sources", "add", "files.press-room.example/two words.xml")[0]
         self.assertEqual((added["name"], added["kind"]), ("Café Wire", "custom"))
         cafe = added["id"]
-        self.assertRegex(cafe, r"\Afiles-press-room-example-[0-9a-f]{8}\Z")
+        self.assertRegex(cafe, r"\Acafe-wire-[0-9a-f]{8}\Z")
         for address, text in {
             "https://files.press-room.example/two%20words.xml": "Café Wire is already one of your sources.",
             "@mika": "That doesn't look like a web address or a handle.",

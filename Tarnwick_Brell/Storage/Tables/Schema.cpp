@@ -205,9 +205,8 @@ constexpr std::array<Step, 6> kSteps{{
     )sql"},
 
     // Records have ranks instead of numbers, so that moving one writes one. The newsroom that every
-    // library starts with is no record until the user changes it. The ids of the user's own sources
-    // come from their addresses. Marks outlive their stories, and may come before them; "since" is
-    // when a mark lost its story or came without one.
+    // library starts with is no record until the user changes it. Marks outlive their stories, and
+    // may come before them; "since" is when a mark lost its story or came without one.
     {R"sql(
     ALTER TABLE newsrooms RENAME TO formerNewsrooms;
     ALTER TABLE beats RENAME TO formerBeats;
