@@ -27,11 +27,12 @@ PendingMarks::PendingMarks(Database& database)
     : database_(database), take_(database, kTake), give_(database, kGive) {}
 
 void PendingMarks::keepOf(std::string_view condition, std::int64_t parameter, kit::Instant now) {
+    // In the order of the table: for 300,000 marks that takes a quarter of the time.
     Statement keep(
         database_,
         fmt::format("INSERT OR REPLACE INTO pendingMarks (story, readAt, savedAt, since) "
                     "SELECT id, readAt, savedAt, ?2 FROM stories JOIN marks USING (number) "
-                    "WHERE (readAt IS NOT NULL OR savedAt IS NOT NULL) AND {}",
+                    "WHERE (readAt IS NOT NULL OR savedAt IS NOT NULL) AND {} ORDER BY id",
                     condition));
     keep.bind(0, parameter).bind(1, microseconds(now)).run();
 }
