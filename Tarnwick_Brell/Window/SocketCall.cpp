@@ -71,6 +71,10 @@ bool isOwnPeer(int descriptor) {
            peer.uid == geteuid();
 }
 
+bool takesConnections(const std::string& address) {
+    return !address.empty() && Connection().open(address);
+}
+
 std::optional<std::string> callSocket(const std::string& address, std::string_view line,
                                       std::chrono::milliseconds patience) {
     const auto end = SteadyClock::now() + patience;

@@ -1,5 +1,7 @@
 #include <cstdio>
 #include <exception>
+#include <memory>
+#include <optional>
 #include <string>
 
 #include <QDesktopServices>
@@ -20,6 +22,7 @@
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/NotificationOpening.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
+#include "Tarnwick_Brell/Window/StartFailure.h"
 #include "Tarnwick_Brell/Window/Translations.h"
 #include "Tarnwick_Brell/Window/WindowStores.h"
 
@@ -32,9 +35,27 @@ void warn(const std::string& sentence) {
     kit::log(kit::LogCategory::window, kit::LogLevel::error, "{}", sentence);
 }
 
-int complain(const std::string& sentence) {
-    warn(sentence);
-    return 1;
+std::unique_ptr<QGuiApplication> makeApplication(int& count, char** words) {
+    QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
+    auto application = std::make_unique<QGuiApplication>(count, words);
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnwick-brell.svg")));
+    installTranslations();
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
+    return application;
+}
+
+/// Whoever starts the program from a menu does not read standard error.
+void refuse(const std::exception& error, const Paths& paths, int& count, char** words) {
+    const auto failure = startFailure(error, paths);
+    warn(failure.reason.toStdString());
+    if (!needsFailureWindow()) return;
+    std::unique_ptr<QGuiApplication> application;
+    std::optional<ShutdownSignals> stop;
+    if (!qApp) {
+        application = makeApplication(count, words);
+        stop.emplace([] { QGuiApplication::quit(); });
+    }
+    showStartFailure(failure, paths);
 }
 
 /// Through the desktop's opener; never a shell.
@@ -76,11 +97,7 @@ int start(int& count, char** words, const DeskOptions& options) {
     SingleInstance instance(premises.paths().library);
     if (instance.raiseFirst()) return 0;
     auto network = premises.network(&warn);
-    QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
-    QGuiApplication application(count, words);
-    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnwick-brell.svg")));
-    installTranslations();
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
+    const auto application = makeApplication(count, words);
     // The end of a session and Ctrl-C close the library as the window's own end does.
     const ShutdownSignals stop([] { QGuiApplication::quit(); });
     try {
@@ -89,11 +106,10 @@ int start(int& count, char** words, const DeskOptions& options) {
                                     .clock = &currentInstant,
                                     .what = SingleInstance::kWhat});
         return runWindow(environment, instance);
-    } catch (const LibraryInUseError& held) {
-        return complain(SingleInstance::refusal(held));
     } catch (const std::exception& error) {
         // Here, while the log is still open.
-        return complain(error.what());
+        refuse(error, premises.paths(), count, words);
+        return 1;
     }
 }
 
@@ -111,12 +127,13 @@ int main(int argc, char** argv) {
             return 0;
         }
     } catch (const arguments::UsageError& error) {
-        warn(error.what());
+        refuse(error, Paths::forUser(options.dataDir), argc, argv);
         return 2;
     }
     try {
         return start(argc, argv, options);
     } catch (const std::exception& error) {
-        return complain(error.what());
+        refuse(error, Paths::forUser(options.dataDir), argc, argv);
+        return 1;
     }
 }

@@ -4,6 +4,7 @@ import json
 import os
 import shutil
 import signal
+import sqlite3
 import subprocess
 import time
 import unittest
@@ -83,16 +84,47 @@ class Window(unittest.TestCase):
         self.assert_refused(f"brell watch (process {holder.pid}). End that first")
         holder.terminate()
         holder.wait()
+        library = sqlite3.connect(self.desk.folder / "library.sqlite")
+        library.execute("PRAGMA user_version = 99")
+        library.close()
+        self.assert_refused("written by a newer version")
         with open(self.desk.folder / "library.sqlite", "r+b") as library:
             library.write(b"\xff" * 4096)
         self.assert_refused("brell library restore")
 
-    def assert_refused(self, words, **options):
-        process = self.open(**options)
+    def assert_refused(self, told, words=(), **options):
+        process = self.open(*words, **options)
         _, said = process.communicate(timeout=20)
         self.assertEqual(process.returncode, 1)
         self.assertRegex(said, r"(\A|\n)tarnwick-brell: .*\.\n\Z")
-        self.assertIn(words, said)
+        self.assertIn(told, said)
+
+    def test_a_refusal_is_shown_where_nobody_reads_standard_error(self):
+        if not shutil.which("Xvfb"):
+            self.skipTest("no Xvfb to show a window on")
+        read, write = os.pipe()
+        server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "800x600x24"],
+                                  pass_fds=[write], stderr=subprocess.DEVNULL)
+        self.addCleanup(server.wait)
+        self.addCleanup(server.terminate)
+        os.close(write)
+        with os.fdopen(read) as number:
+            display = ":" + number.readline().strip()
+        for words, status in ((["--demo", "--ca-file", "x"], 1), (["--no-such-option"], 2)):
+            with self.subTest(words=words):
+                process = self.open(*words, QT_QPA_PLATFORM="xcb", DISPLAY=display)
+                with self.assertRaises(subprocess.TimeoutExpired, msg="it does not wait to be read"):
+                    process.wait(timeout=3)
+                process.send_signal(signal.SIGTERM)
+                _, said = process.communicate(timeout=20)
+                self.assertEqual(process.returncode, status)
+                self.assertRegex(said, r"\Atarnwick-brell: .*\n\Z")
+
+    def test_a_refusal_without_a_display_is_a_sentence_and_an_end(self):
+        for display in ({"DISPLAY": ":9876"}, {"DISPLAY": "elsewhere.example:0"}, {"WAYLAND_DISPLAY": "none"}, {}):
+            with self.subTest(**display):
+                changes = {"QT_QPA_PLATFORM": "", "DISPLAY": "", "WAYLAND_DISPLAY": "", **display}
+                self.assert_refused("", words=["--demo", "--ca-file", "x"], **changes)
 
     def test_a_folder_that_can_not_be_written_is_a_sentence_and_an_end(self):
         self.close(self.opened())

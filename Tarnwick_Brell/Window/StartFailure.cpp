@@ -1,0 +1,137 @@
+#include "Tarnwick_Brell/Window/StartFailure.h"
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <QUrl>
+#include <QVariantMap>
+#include <unistd.h>
+
+#include "NewsroomKit/Log/Log.h"
+#include "Tarnwick_Brell/Arguments/Arguments.h"
+#include "Tarnwick_Brell/Interface/Controls/InstallControls.h"
+#include "Tarnwick_Brell/Models/Window/Appearance.h"
+#include "Tarnwick_Brell/Shell/LaunchContext.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryLock.h"
+#include "Tarnwick_Brell/Window/SingleInstance.h"
+#include "Tarnwick_Brell/Window/SocketCall.h"
+
+extern void qml_register_types_TarnwickBrell_Window();
+
+namespace app {
+
+namespace {
+
+struct HelpText {
+    Q_DECLARE_TR_FUNCTIONS(StartFailure)
+};
+
+QString helpFor(StoreError::Reason reason) {
+    switch (reason) {
+        case StoreError::Reason::unreadable:
+        case StoreError::Reason::readOnly:
+            return HelpText::tr("Check that the folder is there and that you may write to it.");
+        case StoreError::Reason::diskFull:
+            return HelpText::tr("Make room on the disk, then open Tarnwick Brell again.");
+        case StoreError::Reason::damaged:
+            return HelpText::tr("Commands in quotation marks are typed in a terminal.");
+        case StoreError::Reason::newerVersion:
+            return HelpText::tr(
+                "Install the version of Tarnwick Brell that wrote it, or a later one.");
+        case StoreError::Reason::olderVersion:
+            return HelpText::tr("Allow writing to the library, then open Tarnwick Brell again.");
+        case StoreError::Reason::busy:
+        case StoreError::Reason::other: return {};
+    }
+    std::abort();
+}
+
+/// "wayland-0" stands below the user's runtime folder, "/run/…" for itself.
+std::string waylandSocket(const std::string& display) {
+    const auto* folder = std::getenv("XDG_RUNTIME_DIR");
+    return display.starts_with('/') || !folder ? display : std::string(folder) + "/" + display;
+}
+
+/// The socket of ":1" or ":1.0"; empty for a display of another computer.
+std::string xSocket(std::string_view display) {
+    if (!display.starts_with(':')) return {};
+    display.remove_prefix(1);
+    return "/tmp/.X11-unix/X" + std::string(display.substr(0, display.find('.')));
+}
+
+bool isOnScreen(std::string_view platform) {
+    return platform.empty() || platform.starts_with("xcb") || platform.starts_with("wayland");
+}
+
+bool hasDisplay() {
+    const auto variable = [](const char* name) {
+        const auto* value = std::getenv(name);
+        return std::string(value ? value : "");
+    };
+    if (!isOnScreen(variable("QT_QPA_PLATFORM"))) return false;
+    const auto wayland = variable("WAYLAND_DISPLAY"), x = variable("DISPLAY");
+    return (!wayland.empty() && takesConnections(waylandSocket(wayland))) ||
+           (!x.empty() && takesConnections(xSocket(x)));
+}
+
+}  // namespace
+
+StartFailure startFailure(const std::exception& error, const Paths& paths) {
+    StartFailure failure{.reason = QString::fromUtf8(error.what())};
+    if (const auto* held = dynamic_cast<const LibraryInUseError*>(&error)) {
+        failure.reason = QString::fromStdString(SingleInstance::refusal(*held));
+    } else if (const auto* store = dynamic_cast<const StoreError*>(&error)) {
+        failure.help = helpFor(store->reason());
+        if (store->reason() != StoreError::Reason::busy)
+            failure.folder = paths.library.parent_path();
+    } else if (dynamic_cast<const arguments::UsageError*>(&error) ||
+               dynamic_cast<const OptionsClash*>(&error)) {
+        failure.help = HelpText::tr("Start Tarnwick Brell with other options, or without any.");
+    } else {
+        failure.help = HelpText::tr("The program's log may say more.");
+        failure.folder = paths.log.parent_path();
+    }
+    std::error_code none;
+    const bool isThere = std::filesystem::is_directory(failure.folder, none);
+    // --data-dir may be relative, which the desktop's file manager is not to resolve.
+    failure.folder = isThere ? std::filesystem::absolute(failure.folder, none) : "";
+    return failure;
+}
+
+bool needsFailureWindow() { return !isatty(STDERR_FILENO) && hasDisplay(); }
+
+void showStartFailure(const StartFailure& failure, const Paths& paths) {
+    // Naming it keeps the linker from leaving out the module's types.
+    [[maybe_unused]] void (*volatile types)() = &qml_register_types_TarnwickBrell_Window;
+    Defaults defaults(paths.settings);
+    Appearance appearance(defaults);
+    QQmlEngine engine;
+    installControls(engine);
+    QQmlComponent component(
+        &engine, QUrl(QStringLiteral("qrc:/qt/qml/TarnwickBrell/Window/StartFailureWindow.qml")));
+    const auto folder = failure.folder.empty()
+                            ? QUrl()
+                            : QUrl::fromLocalFile(QString::fromStdString(failure.folder.string()));
+    const QVariantMap properties{{QStringLiteral("appearance"), QVariant::fromValue(&appearance)},
+                                 {QStringLiteral("reason"), failure.reason},
+                                 {QStringLiteral("help"), failure.help},
+                                 {QStringLiteral("folder"), folder}};
+    const std::unique_ptr<QObject> made(component.createWithInitialProperties(properties));
+    auto* window = qobject_cast<QQuickWindow*>(made.get());
+    if (!window) {
+        kit::log(kit::LogCategory::window, kit::LogLevel::error, "{}",
+                 component.errorString().toStdString());
+        return;
+    }
+    window->show();
+    QGuiApplication::exec();
+}
+
+}  // namespace app
