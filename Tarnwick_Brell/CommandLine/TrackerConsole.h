@@ -14,7 +14,7 @@
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 #include "Tarnwick_Brell/Trackers/TrackerFetcher.h"
 
-/// What the commands of the trackers have in common.
+/// Shared by the commands that show trackers.
 namespace cli {
 
 /// Adds --stored.
@@ -47,21 +47,21 @@ struct TrackerForms {
     std::function<void(const T&)> text;
 };
 
-/// When what is shown came, and what has gone wrong since.
+/// When the shown value was fetched, and what has gone wrong since.
 struct TrackerNote {
     std::optional<kit::Instant> fetchedAt;
     std::optional<std::string> error;
 };
 
-/// The text's last line where it is not obvious when its figures came. Throws WorkFailed when
-/// they were to be fetched and are not from this fetch.
+/// Prints when a stored value was fetched, and returns the exit status. Throws WorkFailed when the
+/// value was to be fetched and does not come from this fetch.
 int finishTracker(Session& session, bool isStored, const TrackerNote& note);
-/// As finishTracker, for several that are shown together.
+/// As finishTracker, for several values that are shown together.
 int endTrackers(Session& session, bool isStored, const std::vector<TrackerNote>& notes);
 [[noreturn]] void failWithoutData(bool isStored, const TrackerNote& note);
 void addNote(boost::json::object& object, const TrackerNote& note);
 
-/// Prints what there is to show; the exit status.
+/// Prints the value, and returns the exit status.
 template <class T>
 int showTracker(Session& session, bool isStored, const app::CachedValue<T>& reading,
                 const TrackerForms<T>& forms) {

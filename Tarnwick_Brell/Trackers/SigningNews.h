@@ -8,13 +8,13 @@
 
 namespace app {
 
-/// Changes of one build at several devices, as people are told of them.
+/// A change of the signing of one build, for all devices that it concerns.
 struct SigningNews {
     std::string system{};  ///< "iOS 27.1"; the version alone where the platform is not known
     std::string build{};
     bool isSigned = false;
     kit::Instant seenAt{};               ///< the first of them
-    std::vector<std::string> devices{};  ///< by the names that people know
+    std::vector<std::string> devices{};  ///< their marketing names
 
     /// "iOS 27.1 (24B83) is no longer signed for iPhone 17 and 2 others."
     std::string sentence() const;
@@ -22,8 +22,8 @@ struct SigningNews {
     bool operator==(const SigningNews&) const = default;
 };
 
-/// Changes that were seen within an hour of each other belong together. In the order in which
-/// they are given.
+/// Groups the changes that were seen within an hour of each other. The groups keep the order of
+/// their first changes.
 std::vector<SigningNews> signingNews(const std::vector<SigningChange>& changes);
 
 /// "Apple's update catalogue now offers macOS 27.1.2 (26B97)."

@@ -11,7 +11,7 @@ from world_time import World
 COMMANDS = {"signing": ["signing", "iPhone18,3"], "updates": ["updates"], "charts": ["charts", "top-free"]}
 
 
-class Signals(unittest.TestCase):
+class Firmware(unittest.TestCase):
     def setUp(self):
         self.world = World()
         self.desk = Desk()
