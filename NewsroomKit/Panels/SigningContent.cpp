@@ -17,8 +17,6 @@ SigningContent::Device deviceOf(const DeviceSigning& held) {
     return device;
 }
 
-}  // namespace
-
 PanelCondition signingCondition(const std::vector<DeviceSigning>& devices, bool hasRows) {
     bool isKnown = hasRows;
     bool haveAllFailed = true;
@@ -35,12 +33,23 @@ PanelCondition signingCondition(const std::vector<DeviceSigning>& devices, bool 
     return PanelCondition::of(isKnown, hasRows, oldest, std::move(error));
 }
 
+}  // namespace
+
 SigningContent signingContent(const std::vector<DeviceSigning>& devices) {
     SigningContent content;
     for (const auto& device : devices) content.devices.push_back(deviceOf(device));
     // A known model has a row even when nothing is signed for it.
     const bool hasRows = std::ranges::any_of(content.devices, &SigningContent::Device::isKnown);
     content.condition = signingCondition(devices, hasRows);
+    return content;
+}
+
+RecordsContent recordsContent(const std::vector<DeviceSigning>& devices,
+                              const std::vector<SigningChange>& changes) {
+    RecordsContent content{.rows = signingNews(changes)};
+    // The model that is asked for first was seen first, and comes last in the changes.
+    for (auto& news : content.rows) std::ranges::reverse(news.devices);
+    content.condition = signingCondition(devices, !content.rows.empty());
     return content;
 }
 

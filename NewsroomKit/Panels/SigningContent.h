@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "NewsroomKit/Panels/PanelCondition.h"
+#include "NewsroomKit/Trackers/Signing/SigningNews.h"
 #include "NewsroomKit/Trackers/Signing/SigningStatus.h"
 
 namespace kit {
@@ -15,11 +16,8 @@ struct DeviceSigning {
     FetchedValue<SigningStatus> signing{};
 };
 
-/// The condition of all models together: as old as the oldest answer, and failed only when none of
-/// them could be asked.
-PanelCondition signingCondition(const std::vector<DeviceSigning>& devices, bool hasRows);
-
-/// The builds that Apple signs now, model by model.
+/// The builds that Apple signs now, model by model. All models together are as old as the oldest
+/// answer, and have failed only when none of them could be asked.
 struct SigningContent {
     struct Device {
         std::string name{};  ///< that people know, or else the identifier
@@ -34,5 +32,16 @@ struct SigningContent {
 };
 
 SigningContent signingContent(const std::vector<DeviceSigning>& devices);
+
+/// Builds that Apple began or stopped to sign, the last seen first. A build counts once, for
+/// however many models it changed.
+struct RecordsContent {
+    PanelCondition condition{};  ///< as that of SigningContent
+    std::vector<SigningNews> rows{};
+};
+
+/// `changes`: the last seen first.
+RecordsContent recordsContent(const std::vector<DeviceSigning>& devices,
+                              const std::vector<SigningChange>& changes);
 
 }  // namespace kit

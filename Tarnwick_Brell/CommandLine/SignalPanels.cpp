@@ -1,14 +1,11 @@
 #include "Tarnwick_Brell/CommandLine/SignalPanels.h"
 
-#include <algorithm>
-
 #include <fmt/format.h>
 
 #include "NewsroomKit/Panels/BackendContent.h"
 #include "NewsroomKit/Panels/SigningContent.h"
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
-#include "Tarnwick_Brell/Trackers/SigningNews.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 
 namespace cli {
@@ -17,7 +14,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// A build counts once, for however many devices it changed.
+// A build is one line, for however many devices it changed.
 constexpr std::size_t kMostDevices = 40;
 
 std::string lineOf(PanelHoldings& holdings, kit::Instant when, const std::string& sentence) {
@@ -36,19 +33,17 @@ std::vector<kit::DeviceSigning> signingOf(PanelHoldings& holdings) {
 }  // namespace
 
 Lines recordsLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
-    const auto changes =
-        holdings.session().storeForReading().signing().newest(lineCount(panel) * kMostDevices);
-    const auto condition = kit::signingCondition(signingOf(holdings), !changes.empty());
-    if (!condition.isKnown()) return nothingYet(holdings, condition, "signing");
+    auto& history = holdings.session().storeForReading().signing();
+    const auto content =
+        kit::recordsContent(signingOf(holdings), history.newest(lineCount(panel) * kMostDevices));
+    if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "signing");
     Lines lines;
-    for (auto& news : app::signingNews(changes)) {
+    for (const auto& news : content.rows) {
         if (lines.size() == lineCount(panel)) break;
-        // The model that was asked for first was seen first and comes last.
-        std::ranges::reverse(news.devices);
         lines.push_back(lineOf(holdings, news.seenAt, news.sentence()));
     }
     if (lines.empty()) lines.emplace_back("No change of signing has been seen yet.");
-    addState(lines, holdings, condition, "signing ");
+    addState(lines, holdings, content.condition, "signing ");
     lines.push_back(
         holdings.session().out().dim("The desk does not read filings and court records yet."));
     return lines;
@@ -62,7 +57,7 @@ Lines backendLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "updates");
     Lines lines;
     for (const auto& change : content.changes)
-        lines.push_back(lineOf(holdings, change.seenAt, app::sentence(change)));
+        lines.push_back(lineOf(holdings, change.seenAt, kit::sentence(change)));
     if (lines.empty()) lines.emplace_back("No change has been seen yet.");
     if (!content.newest.empty()) lines.emplace_back("Newest offers:");
     for (const auto& offer : content.newest) {

@@ -19,7 +19,7 @@
 #include "Tarnwick_Brell/CommandLine/StoryRow.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/ShutdownSignals.h"
-#include "Tarnwick_Brell/Trackers/SigningNews.h"
+#include "NewsroomKit/Trackers/Signing/SigningNews.h"
 
 namespace cli {
 
@@ -98,7 +98,7 @@ private:
 
     void printOffers(const std::vector<app::OfferChange>& changes) {
         for (const auto& it : changes) {
-            printEvent(app::sentence(it), {{"event", "offerChange"}, {"change", kit::encode(it)}});
+            printEvent(kit::sentence(it), {{"event", "offerChange"}, {"change", kit::encode(it)}});
         }
     }
 
@@ -110,7 +110,7 @@ private:
             }
             return;
         }
-        for (const auto& news : app::signingNews(changes)) printEvent(news.sentence(), {});
+        for (const auto& news : kit::signingNews(changes)) printEvent(news.sentence(), {});
     }
 
     /// Tells when a tracker begins to fail, and when it works again.

@@ -104,7 +104,7 @@ void Alerts::postEachOrAll(std::vector<Notification> notifications, Notification
     post(std::move(summary));
 }
 
-void Alerts::signing(const std::vector<SigningNews>& news) {
+void Alerts::signing(const std::vector<kit::SigningNews>& news) {
     std::vector<Notification> notifications;
     for (const auto& one : news) {
         const std::string_view state = one.isSigned ? "signed" : "no longer signed";
@@ -120,7 +120,7 @@ void Alerts::signing(const std::vector<SigningNews>& news) {
                    .target = trackerPage("signing")});
 }
 
-void Alerts::updates(const std::vector<OfferChange>& changes) {
+void Alerts::updates(const std::vector<kit::OfferChange>& changes) {
     std::vector<Notification> notifications;
     for (const auto& change : changes) {
         const auto& offer = change.offer;

@@ -12,7 +12,7 @@
 #include "NewsroomKit/Trackers/Releases/NewBuilds.h"
 #include "Tarnwick_Brell/Desk/Announcement.h"
 #include "Tarnwick_Brell/Notifications/Notification.h"
-#include "Tarnwick_Brell/Trackers/SigningNews.h"
+#include "NewsroomKit/Trackers/Signing/SigningNews.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 
 namespace app {
@@ -37,8 +37,8 @@ public:
     void serviceRestored(const std::string& service, Asked asked = Asked::bySettings);
     void newRelease(const kit::NewBuild& build, Asked asked = Asked::bySettings);
     // No setting is about these: call them when a panel asks.
-    void signing(const std::vector<SigningNews>& news);
-    void updates(const std::vector<OfferChange>& changes);
+    void signing(const std::vector<kit::SigningNews>& news);
+    void updates(const std::vector<kit::OfferChange>& changes);
 
     // Their texts, for whoever tells the user in another way.
     static Notification ofProblem(const kit::AppleServiceStatus::Report& report);

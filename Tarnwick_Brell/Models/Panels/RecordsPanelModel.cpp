@@ -1,9 +1,6 @@
 #include "Tarnwick_Brell/Models/Panels/RecordsPanelModel.h"
 
-#include <algorithm>
-
 #include "Tarnwick_Brell/Models/Panels/SignalText.h"
-#include "Tarnwick_Brell/Trackers/SigningNews.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -11,7 +8,7 @@ namespace app {
 
 namespace {
 
-SignalRow rowOf(const SigningNews& news, kit::Instant now) {
+SignalRow rowOf(const kit::SigningNews& news, kit::Instant now) {
     SignalRow row{.title = buildText(news.system, news.build),
                   .detail = (news.isSigned ? RecordsPanelModel::tr("Now signed for %1")
                                            : RecordsPanelModel::tr("No longer signed for %1"))
@@ -26,22 +23,18 @@ SignalRow rowOf(const SigningNews& news, kit::Instant now) {
 
 RecordsPanelModel::RecordsPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
     : SignalsPanelModel(stores, panel) {
-    connect(&trackers(), &TrackerStore::signingChanged, this, &RecordsPanelModel::look);
-    look();
+    connect(&trackers(), &TrackerStore::signingChanged, this, &RecordsPanelModel::update);
+    update();
 }
 
-void RecordsPanelModel::look() {
+void RecordsPanelModel::update() {
+    const auto content = kit::recordsContent(signingOf(trackers()), trackers().signingChanges());
     std::vector<SignalRow> rows;
-    for (auto& news : signingNews(trackers().signingChanges())) {
-        // The last is the one that was asked for first.
-        std::ranges::reverse(news.devices);
-        rows.push_back(rowOf(news, now()));
-    }
-    auto condition = conditionOf(kit::signingCondition(signingOf(trackers()), !rows.empty()),
-                                 tr("No change of signing has been seen yet."));
+    for (const auto& news : content.rows) rows.push_back(rowOf(news, now()));
+    rows_.setRows(std::move(rows));
+    auto condition = conditionOf(content.condition, tr("No change of signing has been seen yet."));
     if (condition.state == Empty)
         condition.hint = tr("The desk does not read filings and court records yet.");
-    rows_.setRows(std::move(rows));
     become(std::move(condition));
 }
 

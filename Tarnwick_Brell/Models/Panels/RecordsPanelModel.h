@@ -4,8 +4,7 @@
 
 namespace app {
 
-/// Firmware that Apple began or stopped to sign, the last seen first. A build counts once, for
-/// however many models it changed.
+/// Firmware that Apple began or stopped to sign.
 class RecordsPanelModel final : public SignalsPanelModel {
     Q_OBJECT
 
@@ -14,11 +13,11 @@ public:
 
     QString label() const override { return tr("Changes of signing"); }
 
-    void tick() override { look(); }
+    void tick() override { update(); }
     void retry() override { trackers().refresh(Tracker::signing); }
 
 private:
-    void look();
+    void update();
 };
 
 }  // namespace app

@@ -8,22 +8,21 @@ namespace app {
 
 namespace {
 
-constexpr int kLongestBuild = 20;
-
 SoftwareRow rowOf(const kit::SoftwareContent::Row& content, kit::Instant now) {
+    constexpr int longestBuild = 20;
     const auto& [platform, latest, isNew] = content;
-    SoftwareRow row{.platform = titleText(platform.platform, kLongestBuild),
+    SoftwareRow row{.platform = titleText(platform.platform, longestBuild),
                     .version = SoftwarePanelModel::tr("None yet"),
                     .betaVersion = SoftwarePanelModel::tr("No beta"),
                     .hasBeta = platform.beta.has_value(),
                     .isNew = isNew};
     if (platform.current) {
         row.version = versionText(*platform.current);
-        row.build = titleText(platform.current->build, kLongestBuild);
+        row.build = titleText(platform.current->build, longestBuild);
     }
     if (platform.beta) {
         row.betaVersion = versionText(*platform.beta);
-        row.betaBuild = titleText(platform.beta->build, kLongestBuild);
+        row.betaBuild = titleText(platform.beta->build, longestBuild);
     }
     if (latest) row.date = shortDayText(*latest, now);
     row.spokenText = (row.isNew ? SoftwarePanelModel::tr("%1 %2, beta: %3, new, %4")

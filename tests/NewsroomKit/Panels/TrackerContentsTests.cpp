@@ -146,7 +146,10 @@ TEST(SigningContent, IsAsOldAsTheOldestModelAndFailsOnlyWithAllOfThem) {
          {model("a", 1h, true), model("b", 2h, false)},
          PanelState::ready,
          kNoon - 2h},
-        {"both failed", {model("a", 1h, true), model("b", 2h, true)}, PanelState::stale, kNoon - 2h},
+        {"both failed",
+         {model("a", 1h, true), model("b", 2h, true)},
+         PanelState::stale,
+         kNoon - 2h},
         {"one was never known",
          {model("a", {}, true), model("b", 1h, false)},
          PanelState::ready,
@@ -176,6 +179,17 @@ TEST(SigningContent, NamesModelsAndKeepsTheBuildsThatAreSigned) {
     EXPECT_EQ(content.devices[0].builds[0].build, "A");
     EXPECT_EQ(content.devices[1].name, "iPhone18,4");
     EXPECT_FALSE(content.devices[1].isKnown);
+}
+
+TEST(RecordsContent, NamesModelsInTheOrderInWhichTheyAreFollowed) {
+    const auto change = [](const char* device) {
+        return SigningChange{.device = device, .version = "26", .build = "B26", .seenAt = kNoon};
+    };
+    const auto content = recordsContent({}, {change("iPhone18,4"), change("iPhone18,3")});
+    ASSERT_EQ(content.rows.size(), 1u);
+    EXPECT_EQ(content.rows[0].devices, (std::vector<std::string>{"iPhone18,3", "iPhone18,4"}));
+    const std::vector devices{DeviceSigning{.signing = {.value = SigningStatus()}}};
+    EXPECT_EQ(recordsContent(devices, {}).condition.state, PanelState::empty);
 }
 
 TEST(BackendContent, HasTheLatestChangesAndTheNewestOfferOfEachPlatform) {

@@ -127,11 +127,11 @@ TEST_F(AlertsTest, APanelThatAsksIsToldWhateverTheSettingsSay) {
     EXPECT_EQ(posted_.size(), 3u);
     posted_.clear();
 
-    const SigningNews gone{
+    const kit::SigningNews gone{
         .system = "iOS 26.1", .build = "23B85", .isSigned = false, .devices = {"iPhone 17"}};
     alerts_.signing({gone});
-    const OfferChange offer{.offer = {.platform = "macOS", .version = "26.1.1", .build = "25B90"},
-                            .isOffered = true};
+    const kit::OfferChange offer{
+        .offer = {.platform = "macOS", .version = "26.1.1", .build = "25B90"}, .isOffered = true};
     alerts_.updates({offer});
     alerts_.updates(std::vector(4, offer));
     const Target updates{.kind = Target::Kind::tracker, .id = "updates"};

@@ -3,17 +3,17 @@
 #include <string>
 #include <vector>
 
-#include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
-#include "Tarnwick_Brell/Storage/Histories/SigningHistory.h"
+#include "NewsroomKit/Trackers/Signing/SigningChange.h"
+#include "NewsroomKit/Trackers/Updates/OfferChange.h"
 
-namespace app {
+namespace kit {
 
 /// A change of the signing of one build, for all devices that it concerns.
 struct SigningNews {
     std::string system{};  ///< "iOS 27.1"; the version alone where the platform is not known
     std::string build{};
     bool isSigned = false;
-    kit::Instant seenAt{};               ///< the first of them
+    Instant seenAt{};                    ///< the first of them
     std::vector<std::string> devices{};  ///< their marketing names
 
     /// "iOS 27.1 (24B83) is no longer signed for iPhone 17 and 2 others."
@@ -29,4 +29,4 @@ std::vector<SigningNews> signingNews(const std::vector<SigningChange>& changes);
 /// "Apple's update catalogue now offers macOS 27.1.2 (26B97)."
 std::string sentence(const OfferChange& change);
 
-}  // namespace app
+}  // namespace kit

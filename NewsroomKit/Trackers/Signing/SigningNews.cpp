@@ -1,11 +1,11 @@
-#include "Tarnwick_Brell/Trackers/SigningNews.h"
+#include "NewsroomKit/Trackers/Signing/SigningNews.h"
 
 #include <algorithm>
 #include <chrono>
 
 #include "NewsroomKit/Trackers/Signing/DeviceIdentifier.h"
 
-namespace app {
+namespace kit {
 
 namespace {
 
@@ -15,7 +15,7 @@ constexpr std::size_t kMostNamed = 3;
 std::string systemOf(const SigningChange& change) {
     const bool isMac = change.device.find("Mac") != std::string::npos;
     const auto platform =
-        isMac ? std::optional<std::string_view>("macOS") : kit::platformOfFamily(change.device);
+        isMac ? std::optional<std::string_view>("macOS") : platformOfFamily(change.device);
     return platform ? std::string(*platform) + " " + change.version : change.version;
 }
 
@@ -66,4 +66,4 @@ std::string sentence(const OfferChange& change) {
            offer.version + " (" + offer.build + ").";
 }
 
-}  // namespace app
+}  // namespace kit

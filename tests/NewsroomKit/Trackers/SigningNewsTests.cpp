@@ -1,16 +1,16 @@
 #include <gtest/gtest.h>
 
-#include "Tarnwick_Brell/Trackers/SigningNews.h"
+#include "NewsroomKit/Trackers/Signing/SigningNews.h"
 
-namespace app {
+namespace kit {
 namespace {
 
 using namespace std::chrono_literals;
 
 TEST(SigningNews, ABuildIsToldOnceForAllDevicesThatChangedTogether) {
-    const kit::Instant now(100h);
+    const Instant now(100h);
     std::vector<SigningChange> changes;
-    const auto add = [&](const char* device, const char* name, bool isSigned, kit::Instant seenAt) {
+    const auto add = [&](const char* device, const char* name, bool isSigned, Instant seenAt) {
         changes.push_back({device, name, "27.1", "24B83", isSigned, seenAt});
     };
     for (const auto* name : {"A", "B", "C", "D"}) add("iPhone17,3", name, false, now);
@@ -32,4 +32,4 @@ TEST(SigningNews, ABuildIsToldOnceForAllDevicesThatChangedTogether) {
 }
 
 }  // namespace
-}  // namespace app
+}  // namespace kit
