@@ -1,5 +1,6 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include <boost/url/parse.hpp>
@@ -76,6 +77,13 @@ std::optional<WebAddress> WebAddress::parse(std::string_view text) {
     if (!strict) return std::nullopt;
     const auto parsed = boost::urls::parse_uri(*strict);
     return parsed ? fromParsed(*parsed) : std::nullopt;
+}
+
+bool isOpenable(std::string_view address) {
+    const auto isControl = [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; };
+    if (std::ranges::any_of(address, isControl)) return false;
+    const auto parsed = WebAddress::parse(address);
+    return parsed && parsed->isHTTP();
 }
 
 std::vector<std::string> WebAddress::pathPieces() const {

@@ -46,6 +46,11 @@ struct WebAddress {
 /// ones are completed. Nothing when the result is not an address with a host.
 std::optional<std::string> resolvedAddress(std::string_view base, std::string_view reference);
 
+/// Whether the desktop may be asked to open an address: one of the web, with a host and without
+/// control characters. Links come from the network, and whatever opens them would open files and
+/// programs as well.
+bool isOpenable(std::string_view address);
+
 /// `host` is `domain` or one of its sub-hosts. Both in lower case.
 bool isHostOrSubhost(std::string_view host, std::string_view domain);
 

@@ -38,12 +38,8 @@ QDBusMessage busCall(const QString& method) {
     return QDBusMessage::createMethodCall(kBusService, kBusPath, kBusService, method);
 }
 
-/// Empty unless it is an address of the web: links come from the network, and whatever opens
-/// them would open files and programs as well.
-QString openableLink(const std::string& link) {
-    const QUrl url(QString::fromStdString(link), QUrl::StrictMode);
-    const bool isWeb = url.scheme() == u"https" || url.scheme() == u"http";
-    return isWeb && !url.host().isEmpty() ? url.toString(QUrl::FullyEncoded) : QString();
+QString encodedLink(const std::string& link) {
+    return QUrl(openableLink(link)).toString(QUrl::FullyEncoded);
 }
 
 QVariantMap hints(bool withSound, const QString& link) {
@@ -210,7 +206,7 @@ void Notifier::send(const QStringList& capabilities) {
     const auto former = shown_.find(notification.identifier);
     const uint replaced = former == shown_.end() ? 0 : former->second.number;
     const auto body = bodyText(notification.body);
-    const auto link = openableLink(notification.link);
+    const auto link = encodedLink(notification.link);
     const bool isMarkup = capabilities.contains(u"body-markup");
     const bool opens =
         capabilities.contains(u"actions") && (showsTarget(notification.target) || opensLink(link));

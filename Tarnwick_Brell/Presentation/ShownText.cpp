@@ -1,7 +1,10 @@
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 #include <QTextBoundaryFinder>
+
+#include "NewsroomKit/Addresses/WebAddress.h"
 
 namespace app {
 
@@ -27,7 +30,7 @@ QString cut(const QString& text, int longest) {
     // A letter may carry thousands of marks, so that characters alone don't bound the size.
     const qsizetype mostUnits = qsizetype{8} * longest;
     if (text.size() <= longest) return text;
-    // It looks at all that it is given at once, be that a book.
+    // QTextBoundaryFinder scans its whole input up front.
     const auto head = text.left(mostUnits);
     QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, head);
     qsizetype keep = 0;
@@ -43,6 +46,14 @@ QString cut(const QString& text, int longest) {
 
 QString plainText(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QString labelText(std::string_view label, int longest) {
+    return cut(oneLine(QCoreApplication::translate("Label", std::string(label).c_str())), longest);
+}
+
+QString openableLink(std::string_view address) {
+    return kit::isOpenable(address) ? plainText(address) : QString();
 }
 
 QString titleText(std::string_view text, int longest) {

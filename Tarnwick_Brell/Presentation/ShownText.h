@@ -14,6 +14,17 @@ QString titleText(std::string_view text, int longest = 120);
 /// The same, but line breaks stay.
 QString bodyText(std::string_view text, int longest = 500);
 
+/// How much of a headline a row shows, and of a text below it.
+inline constexpr int kTitleCharacters = 300;
+inline constexpr int kExcerptCharacters = 300;
+
+/// The address as it stands, or nothing where it may not be opened.
+QString openableLink(std::string_view address);
+
+/// A label of the core's tables in the user's language; the core knows no translation. A word that
+/// only the service knows is shown as titleText.
+QString labelText(std::string_view label, int longest = 60);
+
 /// As it stands; for what the desk itself made, such as ids.
 QString plainText(std::string_view text);
 

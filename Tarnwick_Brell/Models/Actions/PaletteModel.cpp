@@ -11,8 +11,6 @@ namespace app {
 
 namespace {
 
-constexpr int kTitleCharacters = 160;
-
 void append(std::vector<PaletteRow>& rows, std::vector<std::pair<int, PaletteRow>> ranked) {
     std::ranges::stable_sort(ranked, {}, &std::pair<int, PaletteRow>::first);
     for (auto& [rank, row] : ranked) rows.push_back(std::move(row));

@@ -4,7 +4,6 @@
 
 #include <QLocale>
 
-#include "Tarnwick_Brell/Models/Panels/PanelLinks.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
 namespace app {
@@ -27,7 +26,7 @@ ChartRow rowOf(const ChartPlace& place) {
                  .name = titleText(place.entry.name, kLongestName),
                  .developer = titleText(place.entry.developer, kLongestName),
                  .isNew = place.isNew,
-                 .link = place.entry.url ? webLink(*place.entry.url) : QString()};
+                 .link = place.entry.url ? openableLink(*place.entry.url) : QString()};
     if (const auto rise = place.rise()) {
         row.move = *rise > 0 ? PriceMove::Up : *rise < 0 ? PriceMove::Down : PriceMove::Flat;
         const auto places = QLocale().toString(static_cast<qlonglong>(std::abs(*rise)));

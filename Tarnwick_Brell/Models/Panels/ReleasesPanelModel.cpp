@@ -1,6 +1,5 @@
 #include "Tarnwick_Brell/Models/Panels/ReleasesPanelModel.h"
 
-#include "Tarnwick_Brell/Models/Panels/PanelLinks.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -16,7 +15,7 @@ ReleaseRow rowOf(const kit::ReleasesContent::Row& content, kit::Instant now) {
                    .build = titleText(release.build, longestBuild),
                    .isBeta = content.build.channel == kit::ReleaseChannel::beta,
                    .isNew = content.isNew,
-                   .link = webLink(release.url)};
+                   .link = openableLink(release.url)};
     row.spokenText = (row.isNew ? ReleasesPanelModel::tr("%1, build %2, %3, new")
                                 : ReleasesPanelModel::tr("%1, build %2, %3"))
                          .arg(row.title, row.build, agoText(release.published, now));

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include <QTimer>
-#include <QUrl>
 
 #include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Editorial/LabelReasons.h"
@@ -32,18 +31,12 @@ QString withoutLabel(const std::string& sentence) {
     return text;
 }
 
-QString leadText(kit::Instant::duration lead) {
-    return lead < 1min ? ReaderModel::tr("same time") : u'+' + spanText(lead);
+/// How long after the first outlet another one told it.
+QString delayText(kit::Instant::duration delay) {
+    return delay < 1min ? ReaderModel::tr("same time") : u'+' + spanText(delay);
 }
 
 }  // namespace
-
-QString openable(const QString& link) {
-    const QUrl url(link, QUrl::StrictMode);
-    const auto scheme = url.scheme();
-    const bool isWeb = scheme == QLatin1String("https") || scheme == QLatin1String("http");
-    return isWeb && !url.host().isEmpty() ? link : QString();
-}
 
 ReaderModel::ReaderModel(NewsDesk& desk, const Defaults& defaults, kit::Clock clock,
                          QObject* parent)
@@ -107,7 +100,7 @@ void ReaderModel::readCredits() {
     if (stored_) {
         for (const auto& credit : story().credits) {
             CreditRow row{.name = titleText(credit.name, 80)};
-            if (credit.url) row.link = openable(plainText(*credit.url));
+            if (credit.url) row.link = openableLink(*credit.url);
             if (credit.detail) row.detail = u'“' + titleText(*credit.detail, 60) + u'”';
             if (credit.platform) row.detail = tr("post on %1").arg(titleText(*credit.platform, 30));
             if (credit.postedAt)
@@ -160,7 +153,7 @@ void ReaderModel::readTimeline() {
                             .title = titleText(told.title, kTitleCharacters),
                             .isFirst = !first,
                             .isThis = told.id == id};
-            row.lead = first ? leadText(told.publishedAt - *first) : tr("First");
+            row.lead = first ? delayText(told.publishedAt - *first) : tr("First");
             if (first && !second) second = told.publishedAt;
             if (!first) first = told.publishedAt;
             rows.push_back(std::move(row));
@@ -229,7 +222,7 @@ QString ReaderModel::text() const {
 
 QString ReaderModel::link() const {
     if (!stored_) return {};
-    return openable(plainText(story().articleLink.value_or(story().link)));
+    return openableLink(story().articleLink.value_or(story().link));
 }
 
 QString ReaderModel::shownLink() const {

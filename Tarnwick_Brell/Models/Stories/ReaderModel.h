@@ -162,7 +162,4 @@ private:
     std::shared_ptr<MainThreadQueue> mailbox_;
 };
 
-/// The address when the browser may be given it: http or https. Empty otherwise.
-QString openable(const QString& link);
-
 }  // namespace app

@@ -7,9 +7,6 @@
 /// What a row of the wire says in words.
 namespace app {
 
-inline constexpr int kTitleCharacters = 300;
-inline constexpr int kExcerptCharacters = 300;
-
 /// Empty for what needs no label.
 QString kindText(kit::StoryKind kind);
 QString sourcingText(kit::Sourcing sourcing);

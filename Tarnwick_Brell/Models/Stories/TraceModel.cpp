@@ -169,7 +169,7 @@ TraceRow TraceModel::row(const TraceNode& node, const TraceNode* parent) const {
                  .title = titleText(node.title.value_or(""), kTitleCharacters),
                  .when = whenText(node, clock_()),
                  .reference = referenceText(node, parent),
-                 .link = openable(plainText(node.url)),
+                 .link = openableLink(node.url),
                  .isThis = canonical == kit::canonicalLink(address_.toStdString())};
     if (row.title.isEmpty()) row.title = titleText(kit::maskedLogins(node.url), kTitleCharacters);
     const auto* story = desk_.stories().find(kit::storyID(canonical));

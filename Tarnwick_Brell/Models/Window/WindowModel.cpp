@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "NewsroomKit/Addresses/WebAddress.h"
 #include "Tarnwick_Brell/Models/Sidebar/TrackerPages.h"
-#include "Tarnwick_Brell/Models/Stories/ReaderModel.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
 namespace app {
@@ -38,7 +38,7 @@ void WindowModel::connectPages() {
             qOverload<const QString&>(&WindowModel::open));
     connect(&newsroom_, &NewsroomModel::storyWanted, this, &WindowModel::openStory);
     connect(&newsroom_, &NewsroomModel::linkWanted, this, [this](const QString& link) {
-        if (!openable(link).isEmpty()) emit linkWanted(link);
+        if (kit::isOpenable(link.toStdString())) emit linkWanted(link);
     });
     connect(&wire_, &WirePage::linkWanted, this, &WindowModel::linkWanted);
     connect(&stores_.newsrooms, &NewsroomStore::newsroomsChanged, this,

@@ -33,6 +33,19 @@ TEST(WebAddress, WhatAStrictParserRefusesIsEscapedAndEscapesStay) {
     }
 }
 
+TEST(WebAddress, OnlyAddressesOfTheWebMayBeOpened) {
+    for (const char* text :
+         {"https://a.example/", "HTTP://a.example", "https://a.example/caf\u00e9?q=a b"}) {
+        EXPECT_TRUE(isOpenable(text)) << text;
+    }
+    for (const char* text :
+         {"", "a.example", "https://", "http:/a", "file:///etc/passwd",
+          "javascript:https://a.example/", "ftp://a.example/", "https://a.example/\x1b]8;;",
+          "https://a.example/\n", " https://a.example/"}) {
+        EXPECT_FALSE(isOpenable(text)) << text;
+    }
+}
+
 TEST(WebAddress, TextWithoutSchemeOrHostIsNoAddress) {
     for (const char* text :
          {"", "example.com", "https://", "https:///path", "mailto:a@example.com",
