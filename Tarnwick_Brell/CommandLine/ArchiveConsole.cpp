@@ -4,20 +4,12 @@
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
-namespace {
-
-bool isOfTheWeb(const std::string& text) {
-    const auto address = kit::WebAddress::parse(text);
-    return address && address->isHTTP();
-}
-
-}  // namespace
-
 std::string storyAddress(Session& session, const std::string& word) {
-    if (isOfTheWeb(word)) return word;
+    if (kit::isOpenable(word)) return word;
     if (word.empty() || word.find_first_not_of("0123456789abcdefABCDEF") != word.npos) {
         throw WrongUsage("\"" + word +
                          "\" is neither a web address nor the id of a story. brell wire shows the "
@@ -28,13 +20,11 @@ std::string storyAddress(Session& session, const std::string& word) {
 
 std::string linkText(const std::string& url) {
     const auto text = printable(kit::maskedLogins(url));
-    return isOfTheWeb(url) ? text : "“" + text + "” (no web address)";
+    return kit::isOpenable(url) ? text : "“" + text + "” (no web address)";
 }
 
 std::string publishedText(kit::Instant instant, bool isDayOnly) {
-    constexpr std::size_t lengthOfDay = 10;
-    const auto text = dayAndTime(instant);
-    return isDayOnly ? text.substr(0, lengthOfDay) : text;
+    return isDayOnly ? dayText(instant) : momentText(instant);
 }
 
 }  // namespace cli

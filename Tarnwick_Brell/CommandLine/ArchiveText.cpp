@@ -8,6 +8,7 @@
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -22,7 +23,7 @@ using kit::ServerCredit;
 std::string creditText(const ServerCredit& credit) {
     auto text = printable(credit.name);
     if (credit.platform) text += " on " + printable(*credit.platform);
-    if (credit.postedAt) text += ", " + dayAndTime(*credit.postedAt);
+    if (credit.postedAt) text += ", " + momentText(*credit.postedAt);
     if (credit.detail) text += " (“" + printable(*credit.detail) + "”)";
     return text;
 }

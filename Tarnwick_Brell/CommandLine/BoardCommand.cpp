@@ -7,6 +7,7 @@
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -17,8 +18,8 @@ using Board = std::vector<BoardQuote>;
 
 std::string changeOf(const BoardQuote& row) {
     if (row.changePercent) return percentText(*row.changePercent);
-    if (!row.previousClose || *row.previousClose == 0) return "";
-    return percentText((row.price / *row.previousClose - 1) * 100);
+    const auto change = kit::PriceChange::of(row.price, row.previousClose);
+    return change ? percentText(change->percent) : "";
 }
 
 void print(Output& out, const Board& board) {
@@ -34,7 +35,7 @@ void print(Output& out, const Board& board) {
         if (!previous || previous->group != row.group) table.begin(printable(row.group));
         previous = &row;
         table.add({printable(row.name), printable(row.symbol),
-                   amountText(row.price) + " " + printable(row.currency), changeOf(row),
+                   priceText(row.price) + " " + printable(row.currency), changeOf(row),
                    marketText(row.marketState) + (row.stale.value_or(false) ? ", old" : ""),
                    printable(row.relation)});
     }

@@ -8,6 +8,7 @@
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Trackers/ChartPlace.h"
 
 namespace cli {

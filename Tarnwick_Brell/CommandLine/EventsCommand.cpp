@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
-#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -42,8 +42,8 @@ void print(Session& session, Events events) {
     TextTable table({Column::cut("event", 20), Column::whole("begins"),
                      Column::whole("").dropped(1), Column::cut("status", 10).dropped(2)});
     for (const auto& event : events) {
-        table.add({printable(event.title), dayAndTime(event.starts),
-                   distanceText(event.starts, session.now()), printable(event.status)});
+        table.add({printable(event.title), momentText(event.starts),
+                   agoText(event.starts, session.now()), printable(event.status)});
         table.addNote(noteOf(event));
     }
     table.print(session.out());

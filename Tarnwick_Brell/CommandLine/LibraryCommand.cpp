@@ -8,6 +8,7 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Storage/Safety/Backups.h"
 #include "Tarnwick_Brell/Storage/Safety/LibraryCheck.h"
 #include "Tarnwick_Brell/Storage/Safety/LibraryLock.h"
@@ -38,7 +39,7 @@ void say(Session& session, std::string_view label, std::string_view text) {
 }
 
 std::string when(std::optional<kit::Instant> instant) {
-    return instant ? dayAndTime(*instant) : "never";
+    return instant ? momentText(*instant) : "never";
 }
 
 int showLibrary(Session& session) {

@@ -7,8 +7,8 @@
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/CommandLine/PanelHoldings.h"
-#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Trackers/TrackerCache.h"
 
 namespace cli {
@@ -26,8 +26,8 @@ void addState(std::vector<std::string>& lines, PanelHoldings& holdings, const St
               std::string_view what = "") {
     auto& out = holdings.session().out();
     if (state.fetchedAt) {
-        lines.push_back(out.dim(
-            fmt::format("{}as of {}", what, distanceText(*state.fetchedAt, holdings.now()))));
+        lines.push_back(out.dim(fmt::format("{}as of {}, {}", what, momentText(*state.fetchedAt),
+                                            agoText(*state.fetchedAt, holdings.now()))));
     }
     if (state.error) lines.push_back(out.dim(printable(*state.error)));
 }

@@ -8,6 +8,7 @@
 
 #include "NewsroomKit/Trackers/Market/QuotePlaces.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -100,16 +101,12 @@ void drawCurve(Canvas& canvas, const Scale& scale, const StockQuote& quote) {
 
 /// The left and the right end of the axis, as far apart as the curve is wide.
 std::string axis(const StockQuote& quote, std::size_t columns) {
-    auto left = dayAndTime(quote.points.front().time);
-    auto right = dayAndTime(quote.points.back().time);
-    constexpr std::size_t day = 10, timeAt = 11;
-    if (isOneDay(quote)) {
-        if (kit::isWithinSession(quote)) right = dayAndTime(*quote.sessionClose);
-        right.erase(0, timeAt);
-    } else {
-        left.resize(day);
-        right.resize(day);
-    }
+    const auto& first = quote.points.front().time;
+    const auto& last = quote.points.back().time;
+    const auto left = isOneDay(quote) ? momentText(first) : dayText(first);
+    const auto right = !isOneDay(quote)
+                           ? dayText(last)
+                           : clockText(kit::isWithinSession(quote) ? *quote.sessionClose : last);
     const auto used = left.size() + right.size();
     if (used + 1 > columns) return cutTo(left, columns);
     return left + std::string(columns - used, ' ') + right;
@@ -127,7 +124,7 @@ std::vector<std::string> quoteChart(const StockQuote& quote, std::size_t width) 
         scale.low = std::min(scale.low, *reference);
         scale.high = std::max(scale.high, *reference);
     }
-    const auto top = fmt::format("{:.2f}", scale.high), bottom = fmt::format("{:.2f}", scale.low);
+    const auto top = priceText(scale.high), bottom = priceText(scale.low);
     const auto labels = std::max(top.size(), bottom.size());
     const auto left = labels + 3;
     width = std::min(width, kWidest);

@@ -7,6 +7,7 @@
 
 #include "NewsroomKit/Addresses/URLRedaction.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -48,7 +49,7 @@ std::string outcomeText(const SourceOutcome& outcome) {
         }
         case SourceOutcome::Kind::paused:
             return "not asked: its server wants to be left alone until " +
-                   dayAndTime(*outcome.pausedUntil);
+                   momentText(*outcome.pausedUntil);
         case SourceOutcome::Kind::cancelled: return "cancelled";
     }
     return {};

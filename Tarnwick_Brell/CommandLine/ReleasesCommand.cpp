@@ -4,10 +4,10 @@
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -36,7 +36,7 @@ void printReleases(Session& session, const Releases& releases) {
             if (!release) continue;
             table.add({printable(release->title), printable(platform.platform),
                        channelText(channel), printable(release->build),
-                       distanceText(release->published, session.now())});
+                       agoText(release->published, session.now())});
         }
     }
     table.print(session.out());
@@ -72,8 +72,8 @@ int showHistory(Session& session) {
                      Column::whole("replaced").dropped(2)});
     for (const auto& seen : builds) {
         table.add({printable(seen.release.title), channelText(seen.channel),
-                   printable(seen.release.build), dayAndTime(seen.firstSeen),
-                   seen.replacedAt ? dayAndTime(*seen.replacedAt) : ""});
+                   printable(seen.release.build), momentText(seen.firstSeen),
+                   seen.replacedAt ? momentText(*seen.replacedAt) : ""});
     }
     table.print(out);
     return kDone;

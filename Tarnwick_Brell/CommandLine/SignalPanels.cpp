@@ -6,6 +6,7 @@
 #include "NewsroomKit/Panels/SigningContent.h"
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 
 namespace cli {
@@ -19,7 +20,7 @@ constexpr std::size_t kMostDevices = 40;
 
 std::string lineOf(PanelHoldings& holdings, kit::Instant when, const std::string& sentence) {
     constexpr std::size_t kAgeColumns = 11;
-    return padTo(age(when, holdings.now()), kAgeColumns) + " " + printable(sentence);
+    return padTo(ageText(when, holdings.now()), kAgeColumns) + " " + printable(sentence);
 }
 
 std::vector<kit::DeviceSigning> signingOf(PanelHoldings& holdings) {

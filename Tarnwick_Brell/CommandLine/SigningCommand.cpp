@@ -8,6 +8,7 @@
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -112,7 +113,7 @@ int showHistory(Session& session, const SigningOptions& options) {
     for (const auto& change : changes) {
         table.add({printable(change.deviceName), printable(change.device),
                    printable(change.version), printable(change.build),
-                   change.isSigned ? "now signed" : "no longer signed", dayAndTime(change.seenAt)});
+                   change.isSigned ? "now signed" : "no longer signed", momentText(change.seenAt)});
     }
     table.print(out);
     return kDone;

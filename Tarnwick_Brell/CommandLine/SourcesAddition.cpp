@@ -14,6 +14,7 @@
 #include "Tarnwick_Brell/CommandLine/SourceText.h"
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Desk/SourceAdder.h"
 
 namespace cli {
@@ -42,7 +43,7 @@ void printCheck(Session& session, const app::AddressCheck& check) {
     out.line("site     " + printable(check.siteURL));
     out.line(
         fmt::format("stories  {}{}", storiesOf(check),
-                    check.newestStory ? ", the newest of " + dayAndTime(*check.newestStory) : ""));
+                    check.newestStory ? ", the newest of " + momentText(*check.newestStory) : ""));
     for (const auto& title : check.titles) {
         out.line(cutTo("         " + printable(title), out.width()));
     }

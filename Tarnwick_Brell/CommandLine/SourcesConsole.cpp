@@ -11,6 +11,7 @@
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Desk/SourceRegistry.h"
 #include "Tarnwick_Brell/Desk/SourceSchedule.h"
 
@@ -49,7 +50,7 @@ std::vector<ConsoleRow> consoleRows(app::LocalStore& store, const app::SourceReg
 }
 
 std::string ageOr(const std::optional<Instant>& then, Instant now, std::string_view absent) {
-    return then ? age(*then, now) : std::string(absent);
+    return then ? ageText(*then, now) : std::string(absent);
 }
 
 std::string sizeText(std::int64_t bytes) {
@@ -77,12 +78,12 @@ void addNotes(TextTable& table, const ConsoleRow& row) {
     const auto& [source, enabled, status, health, pausedUntil, nextTry] = row;
     if (status.lastError) {
         const auto since =
-            health.failingSince ? " since " + dayAndTime(*health.failingSince) : std::string();
+            health.failingSince ? " since " + momentText(*health.failingSince) : std::string();
         table.addNote(fmt::format("Failing{}: {}", since, printable(*status.lastError)));
     }
     if (pausedUntil) {
         table.addNote(
-            fmt::format("Its server wants to be left alone until {}.", dayAndTime(*pausedUntil)));
+            fmt::format("Its server wants to be left alone until {}.", momentText(*pausedUntil)));
     }
     if (health.movedTo) {
         table.addNote(fmt::format("Its feed has moved for good to {}",

@@ -9,6 +9,7 @@
 #include "Tarnwick_Brell/CommandLine/SourcesActions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Desk/SourceRegistry.h"
 
 namespace cli {
@@ -25,9 +26,7 @@ std::string statusText(const NewsSource& source, const app::SourceStatus& status
     return fmt::format("{}, {}",
                        isNoneOfApple ? "no stories about Apple"
                                      : storyCountText(status.storyCount, health.collapsed),
-                       *status.lastSuccess + std::chrono::minutes(1) > now
-                           ? "just now"
-                           : age(*status.lastSuccess, now) + " ago");
+                       agoText(*status.lastSuccess, now));
 }
 
 int listAsJSON(Session& session, app::LocalStore& store, const app::SourceRegistry& roster) {

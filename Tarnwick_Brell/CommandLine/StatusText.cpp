@@ -6,9 +6,9 @@
 #include <fmt/format.h>
 
 #include "NewsroomKit/Panels/StatusContent.h"
-#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -28,7 +28,7 @@ std::string verdict(kit::StatusFeed audience, std::size_t all, std::size_t inTro
 }
 
 std::string sinceText(const Incident& incident) {
-    return incident.started ? dayAndTime(*incident.started) : "not said";
+    return incident.started ? momentText(*incident.started) : "not said";
 }
 
 std::string levelText(const std::string& kind) {
@@ -57,10 +57,10 @@ std::string lastedText(const app::LoggedIncident& incident, Instant began) {
 
 /// When the desk itself saw it.
 std::string seenText(const app::LoggedIncident& incident) {
-    const auto first = dayAndTime(incident.firstSeen);
+    const auto first = momentText(incident.firstSeen);
     if (!incident.endedSeen) return "Seen since " + first + ".";
     if (*incident.endedSeen == incident.firstSeen) return "Over when first seen, " + first + ".";
-    return "Seen from " + first + " to " + dayAndTime(*incident.endedSeen) + ".";
+    return "Seen from " + first + " to " + momentText(*incident.endedSeen) + ".";
 }
 
 }  // namespace
@@ -96,7 +96,7 @@ void printRecentIncidents(Output& out, const Services& services, Instant now) {
     for (const auto& [service, incident] : reports) {
         const bool isToCome = incident.started && *incident.started > now;
         table.add({printable(service), levelText(incident.kind), sinceText(incident),
-                   isToCome ? distanceText(*incident.started, now) : lastedText(incident, now),
+                   isToCome ? agoText(*incident.started, now) : lastedText(incident, now),
                    printable(incident.status)});
         addNotes(table, incident);
     }
@@ -112,7 +112,7 @@ void printIncidentLog(Output& out, const std::vector<app::LoggedIncident>& incid
                      Column::whole("lasted").dropped(1)});
     for (const auto& incident : incidents) {
         const auto began = incident.started.value_or(incident.firstSeen);
-        table.add({printable(incident.service), levelText(incident.kind), dayAndTime(began),
+        table.add({printable(incident.service), levelText(incident.kind), momentText(began),
                    lastedText(incident, began)});
         const auto message = printable(incident.message);
         if (!message.empty()) table.addNote(message);

@@ -13,6 +13,7 @@
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -40,7 +41,7 @@ void printCredits(Output& out, const Story& story) {
     for (const auto& credit : story.credits) {
         std::string line = credit.name;
         if (credit.platform) line += " on " + *credit.platform;
-        if (credit.postedAt) line += ", " + dayAndTime(*credit.postedAt);
+        if (credit.postedAt) line += ", " + momentText(*credit.postedAt);
         if (credit.detail) line += " (“" + *credit.detail + "”)";
         if (credit.url) line += "  " + kit::maskedLogins(*credit.url);
         printField(out, "Credits", line);
@@ -63,7 +64,7 @@ void print(Session& session, const app::StoredStory& stored, const Wordings& wor
     out.line(out.bold(out.link(story.link, wrapped(printable(story.title), textWidth(out), ""))));
     for (const auto& wording : wordings) {
         out.line(out.dim(wrapped(
-            "Until " + dayAndTime(wording.replacedAt) + ": “" + printable(wording.title) + "”",
+            "Until " + momentText(wording.replacedAt) + ": “" + printable(wording.title) + "”",
             textWidth(out), "")));
     }
     if (!story.summary.empty()) {
@@ -73,11 +74,12 @@ void print(Session& session, const app::StoredStory& stored, const Wordings& wor
     out.line();
     printField(out, "Outlet", outletLine(story));
     printField(out, "Author", story.author.value_or(""));
-    printField(out, "Published",
-               dayAndTime(story.publishedAt) + " (" + age(story.publishedAt, session.now()) + ")");
-    printField(out, "First seen", dayAndTime(stored.firstSeen) + arrivalNote(stored.arrival));
-    printField(out, "Read", stored.readAt ? dayAndTime(*stored.readAt) : "no");
-    printField(out, "Saved", stored.savedAt ? dayAndTime(*stored.savedAt) : "no");
+    printField(
+        out, "Published",
+        momentText(story.publishedAt) + " (" + agoText(story.publishedAt, session.now()) + ")");
+    printField(out, "First seen", momentText(stored.firstSeen) + arrivalNote(stored.arrival));
+    printField(out, "Read", stored.readAt ? momentText(*stored.readAt) : "no");
+    printField(out, "Saved", stored.savedAt ? momentText(*stored.savedAt) : "no");
     printField(out, "Kind", kindReason(story));
     printField(out, "Sourcing", sourcingReason(story));
     printCredits(out, story);

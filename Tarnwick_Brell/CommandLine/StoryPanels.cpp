@@ -10,9 +10,9 @@
 #include "NewsroomKit/Panels/Scoops.h"
 #include "NewsroomKit/Panels/TopStories.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
-#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -25,12 +25,12 @@ using kit::StoryQuery;
 constexpr std::size_t kAgeColumns = 11;
 constexpr std::size_t kOutletColumns = 22;
 
-std::string ageText(PanelHoldings& holdings, kit::Instant then) {
-    return padTo(age(then, holdings.now()), kAgeColumns);
+std::string ageColumn(PanelHoldings& holdings, kit::Instant then) {
+    return padTo(ageText(then, holdings.now()), kAgeColumns);
 }
 
 std::string storyLine(PanelHoldings& holdings, const kit::Story& story) {
-    return fmt::format("{} {} {}", ageText(holdings, story.publishedAt),
+    return fmt::format("{} {} {}", ageColumn(holdings, story.publishedAt),
                        padTo(outletLine(story), kOutletColumns), printable(story.title));
 }
 
@@ -104,11 +104,11 @@ PanelLines claimsLines(PanelHoldings& holdings, const PanelSpec& panel, const St
         lines.push_back(fmt::format("{} {}", padTo(label(claim.state), kAgeColumns),
                                     printable(claim.first.title)));
         std::string who = fmt::format("    {}, {}", printable(claim.first.outlet),
-                                      distanceText(claim.first.publishedAt, holdings.now()));
+                                      agoText(claim.first.publishedAt, holdings.now()));
         if (claim.outlets > 1) who += fmt::format(", {} outlets", claim.outlets);
         if (claim.answer) {
             who += fmt::format("; {}, {}", printable(claim.answer->outlet),
-                               distanceText(claim.answer->publishedAt, holdings.now()));
+                               agoText(claim.answer->publishedAt, holdings.now()));
         }
         lines.push_back(holdings.session().out().dim(who));
     }
@@ -122,7 +122,7 @@ PanelLines coverageLines(PanelHoldings& holdings, const PanelSpec& panel, const 
         if (lines.size() == lineCount(panel)) break;
         lines.push_back(fmt::format(
             "{} {:>4} {}, last {}{}", padTo(printable(row.outlet), kOutletColumns), row.stories,
-            row.stories == 1 ? "story" : "stories", age(row.last, holdings.now()),
+            row.stories == 1 ? "story" : "stories", ageText(row.last, holdings.now()),
             row.timesFirst > 0 ? fmt::format(", first {}×", row.timesFirst) : ""));
     }
     return orElse(std::move(lines), "No outlet covers it.");
@@ -133,7 +133,7 @@ PanelLines scoopsLines(PanelHoldings& holdings, const PanelSpec& panel, const St
     const MatchedNews matched(holdings, query);
     for (const auto& scoop : kit::scoops(matched.news())) {
         if (lines.size() >= lineCount(panel)) break;
-        lines.push_back(fmt::format("{} {} {}", ageText(holdings, scoop.first.publishedAt),
+        lines.push_back(fmt::format("{} {} {}", ageColumn(holdings, scoop.first.publishedAt),
                                     padTo(printable(scoop.first.outlet), kOutletColumns),
                                     printable(scoop.first.title)));
         lines.push_back(holdings.session().out().dim(fmt::format(

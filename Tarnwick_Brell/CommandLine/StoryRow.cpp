@@ -7,6 +7,7 @@
 #include "NewsroomKit/Addresses/URLRedaction.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -51,7 +52,7 @@ std::string wireLine(const Output& out, const app::StoredStory& stored, kit::Ins
     const auto layout = layoutFor(out.width());
     auto line = fmt::format("{} {} ", out.dim(padTo(story.id.substr(0, kIDColumns), kIDColumns)),
                             marks(stored));
-    if (layout.age > 0) line += padTo(age(story.publishedAt, now), layout.age) + " ";
+    if (layout.age > 0) line += padTo(ageText(story.publishedAt, now), layout.age) + " ";
     if (layout.outlet > 0) line += padTo(outletLine(story), layout.outlet) + " ";
     if (layout.labels > 0) line += out.dim(padTo(labelLine(story), layout.labels)) + " ";
     const auto before = layout.beforeTitle();

@@ -4,15 +4,15 @@
 
 #include "NewsroomKit/Records/Codec.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/DurationText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
 namespace {
 
 std::string cameText(const Session& session, kit::Instant fetchedAt) {
-    return dayAndTime(fetchedAt) + ", " + distanceText(fetchedAt, session.now());
+    return momentText(fetchedAt) + ", " + agoText(fetchedAt, session.now());
 }
 
 }  // namespace

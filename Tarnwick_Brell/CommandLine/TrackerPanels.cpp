@@ -11,6 +11,7 @@
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
 #include "Tarnwick_Brell/CommandLine/QuoteText.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 
 namespace cli {
@@ -27,10 +28,15 @@ constexpr std::string_view kShare = "AAPL";
 constexpr std::chrono::hours kSoon{24};  ///< an event is not over as soon as it has begun
 constexpr std::size_t kDistanceColumns = 12;
 
+std::optional<std::string> changeOf(double price, std::optional<double> reference) {
+    const auto change = kit::PriceChange::of(price, reference);
+    return change ? std::optional(changeText(*change)) : std::nullopt;
+}
+
 std::string quoteLine(const std::string& symbol, const std::string& name, double price,
                       const std::string& currency, const std::optional<std::string>& change) {
     return fmt::format("{} {} {:>12} {}{}", padTo(printable(symbol), 10),
-                       padTo(printable(name), 28), amountText(price), printable(currency),
+                       padTo(printable(name), 28), priceText(price), printable(currency),
                        change ? "  " + *change : "");
 }
 
@@ -41,7 +47,7 @@ std::string developerText(const std::optional<kit::StatusContent::Tally>& tally,
     if (tally->isCurrent || !tally->fetchedAt)
         return fmt::format("{} of {} developer services are up.", tally->up, tally->all);
     return fmt::format("{} of {} developer services were up {}.", tally->up, tally->all,
-                       distanceText(*tally->fetchedAt, now));
+                       agoText(*tally->fetchedAt, now));
 }
 
 }  // namespace
@@ -54,7 +60,7 @@ Lines countdownLines(PanelHoldings& holdings, const PanelSpec& panel) {
         if (event.starts < holdings.now() - kSoon || event.isReleased()) continue;
         if (lines.size() == lineCount(panel)) break;
         lines.push_back(fmt::format(
-            "{} {}{}", padTo(distanceText(event.starts, holdings.now()), kDistanceColumns),
+            "{} {}{}", padTo(agoText(event.starts, holdings.now()), kDistanceColumns),
             printable(event.title), event.window.empty() ? "" : ", " + printable(event.window)));
     }
     if (lines.empty()) lines.emplace_back("No date of Apple's is known.");
@@ -70,8 +76,8 @@ Lines stockLines(PanelHoldings& holdings, const PanelSpec& panel) {
         return nothingYet(holdings, reading, fmt::format("quote --range {}", rawValue(range)));
     }
     const auto& quote = *reading.value;
-    Lines lines{fmt::format("{} {}  {}  {}", amountText(quote.price), printable(quote.currency),
-                            changeText(quote.price, quote.previousClose()).value_or(""),
+    Lines lines{fmt::format("{} {}  {}  {}", priceText(quote.price), printable(quote.currency),
+                            changeOf(quote.price, quote.previousClose()).value_or(""),
                             marketText(quote.marketState))};
     for (auto& line : quoteChart(quote, std::min<std::size_t>(holdings.width() - 4, 72)))
         lines.push_back(std::move(line));
@@ -94,11 +100,11 @@ Lines suppliersLines(PanelHoldings& holdings) {
     if (share.value) {
         lines.push_back(quoteLine(share.value->symbol, share.value->name, share.value->price,
                                   share.value->currency,
-                                  changeText(share.value->price, share.value->previousClose())));
+                                  changeOf(share.value->price, share.value->previousClose())));
     }
     for (const auto& row : *reading.value) {
         lines.push_back(quoteLine(row.symbol, row.name, row.price, row.currency,
-                                  changeText(row.price, row.previousClose)));
+                                  changeOf(row.price, row.previousClose)));
     }
     addState(lines, holdings, reading);
     return lines;
@@ -135,7 +141,7 @@ Lines releasesLines(PanelHoldings& holdings, const PanelSpec& panel) {
         if (lines.size() == lineCount(panel)) break;
         const auto& release = build.release;
         lines.push_back(
-            fmt::format("{} {} ({}){}", padTo(age(release.published, holdings.now()), 11),
+            fmt::format("{} {} ({}){}", padTo(ageText(release.published, holdings.now()), 11),
                         printable(release.title), printable(release.build), isNew ? ", new" : ""));
     }
     if (lines.empty()) lines.emplace_back(kNoPlatform);
@@ -152,7 +158,7 @@ Lines statusLines(PanelHoldings& holdings) {
     for (const auto& incident : content.ongoing) {
         lines.push_back(
             fmt::format("{}: {}{}{}", printable(incident.service), rawValue(incident.level),
-                        incident.started ? " since " + dayAndTime(*incident.started) : "",
+                        incident.started ? " since " + momentText(*incident.started) : "",
                         incident.message.empty() ? "" : ". " + printable(incident.message)));
     }
     if (content.isAllUp()) lines.emplace_back("All services are up.");

@@ -9,6 +9,7 @@
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
 
 namespace cli {
 
@@ -84,7 +85,7 @@ int showHistory(Session& session, const UpdatesOptions& options) {
     for (const auto& change : changes) {
         table.add({systemText(change.offer), printable(change.offer.build),
                    dayText(change.offer.posted), change.isOffered ? "now offered" : "gone",
-                   dayAndTime(change.seenAt)});
+                   momentText(change.seenAt)});
     }
     table.print(out);
     return kDone;

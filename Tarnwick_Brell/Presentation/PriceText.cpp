@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include <QLocale>
-
 namespace app {
 
 namespace {
@@ -11,34 +9,30 @@ namespace {
 constexpr int kDecimals = 2;
 constexpr double kLeastShown = 0.005;
 
-bool canMeasure(double price, std::optional<double> reference) {
-    return reference && *reference != 0 && std::isfinite((price - *reference) / *reference * 100);
-}
-
 }  // namespace
 
-QString priceText(double price) { return QLocale().toString(price, 'f', kDecimals); }
+QString priceText(double price, const Style& style) {
+    return style.locale.toString(price, 'f', kDecimals);
+}
 
 int directionOf(double amount) {
     if (!(std::abs(amount) >= kLeastShown)) return 0;
     return amount > 0 ? 1 : -1;
 }
 
-QString signedText(double amount) {
+QString signedText(double amount, const Style& style) {
     const auto direction = directionOf(amount);
-    if (direction == 0) return priceText(0);
-    return (direction > 0 ? u'+' : QChar(u'\u2212')) + priceText(std::abs(amount));
+    if (direction == 0) return priceText(0, style);
+    return (direction > 0 ? u'+' : QChar(u'\u2212')) + priceText(std::abs(amount), style);
 }
 
-std::optional<QString> percentText(double price, std::optional<double> reference) {
-    if (!canMeasure(price, reference)) return std::nullopt;
-    return signedText((price - *reference) / *reference * 100) + QLocale().percent();
+QString percentText(double percent, const Style& style) {
+    return signedText(percent, style) + style.locale.percent();
 }
 
-std::optional<QString> changeText(double price, std::optional<double> reference) {
-    const auto percent = percentText(price, reference);
-    if (!percent) return std::nullopt;
-    return signedText(price - *reference) + QStringLiteral(" (") + *percent + u')';
+QString changeText(const kit::PriceChange& change, const Style& style) {
+    return signedText(change.amount, style) + QStringLiteral(" (") +
+           percentText(change.percent, style) + u')';
 }
 
 }  // namespace app

@@ -1,23 +1,24 @@
 #pragma once
 
-#include <optional>
-
 #include <QString>
 
-/// Prices and their changes as the window words them: in the user's way to write numbers.
+#include "NewsroomKit/Trackers/Market/PriceChange.h"
+#include "Tarnwick_Brell/Presentation/Style.h"
+
+/// Prices and their changes, in the style's way to write numbers.
 namespace app {
 
 /// "1,234.50"
-QString priceText(double price);
+QString priceText(double price, const Style& style = Style::ofUser());
 
-/// "+1.92", "−2.87", "0.00": with a sign, except for what rounds to nothing.
-QString signedText(double amount);
+/// "+1.92", "−2.87", and "0.00" for what rounds to nothing.
+QString signedText(double amount, const Style& style = Style::ofUser());
 
-/// "+0.70%". Nothing without something to measure the price against.
-std::optional<QString> percentText(double price, std::optional<double> reference);
+/// "+0.70%"
+QString percentText(double percent, const Style& style = Style::ofUser());
 
 /// "+1.92 (+0.70%)"
-std::optional<QString> changeText(double price, std::optional<double> reference);
+QString changeText(const kit::PriceChange& change, const Style& style = Style::ofUser());
 
 /// -1, 0 or 1, as the sign of signedText.
 int directionOf(double amount);

@@ -22,45 +22,59 @@ QDateTime inZone(Instant instant, Qt::TimeSpec zone) {
     return QDateTime::fromMSecsSinceEpoch(milliseconds.count(), zone);
 }
 
-QDateTime local(Instant instant) { return inZone(instant, Qt::LocalTime); }
-
-bool isSameYear(const QDateTime& one, const QDateTime& other) {
-    return one.date().year() == other.date().year();
+QString shortDay(const QDateTime& date, Instant now, const Style& style) {
+    if (style.isPlain) return date.date().toString(Qt::ISODate);
+    const bool isSameYear = date.date().year() == inZone(now, style.zone).date().year();
+    return style.locale.toString(
+        date, isSameYear ? QStringLiteral("d MMM") : QStringLiteral("d MMM yyyy"));
 }
 
-QString shortDay(const QDateTime& date, Instant now) {
-    return QLocale().toString(date, isSameYear(date, local(now)) ? QStringLiteral("d MMM")
-                                                                 : QStringLiteral("d MMM yyyy"));
+/// Late in the evening "3 h" still says more than a date.
+bool isToldInHours(Instant::duration distance, int days) {
+    return distance < hours(12) || days == 0;
 }
 
 }  // namespace
 
-int daysBetween(Instant now, Instant then) {
-    return static_cast<int>(local(now).date().daysTo(local(then).date()));
+int daysBetween(Instant now, Instant then, const Style& style) {
+    const auto today = inZone(now, style.zone).date();
+    return static_cast<int>(today.daysTo(inZone(then, style.zone).date()));
 }
 
-QString ageText(Instant then, Instant now) {
+QString ageText(Instant then, Instant now, const Style& style) {
     const auto passed = now - then;
     if (passed < minutes(1)) return TimeText::tr("now");
     if (passed < hours(1))
         return TimeText::tr("%1 min").arg(duration_cast<minutes>(passed).count());
-    const auto days = -daysBetween(now, then);
-    // Late in the evening "3 h" still says more than a date.
-    if (passed < hours(12) || days == 0)
+    const auto days = daysBetween(now, then, style);
+    if (isToldInHours(passed, days))
         return TimeText::tr("%1 h").arg(duration_cast<hours>(passed).count());
-    if (days == 1) return TimeText::tr("Yesterday");
-    return shortDayText(then, now);
+    if (days == -1) return TimeText::tr("Yesterday");
+    return shortDayText(then, now, style);
 }
 
-QString agoText(Instant then, Instant now) {
-    const auto passed = now - then;
-    if (passed < minutes(1)) return TimeText::tr("just now");
-    const auto age = ageText(then, now);
-    if (passed < hours(1) || -daysBetween(now, then) == 0 || passed < hours(12)) {
-        return TimeText::tr("%1 ago").arg(age);
+QString agoText(Instant then, Instant now, const Style& style) {
+    const bool isAhead = then > now;
+    const auto distance = isAhead ? then - now : now - then;
+    if (distance < minutes(1)) return isAhead ? TimeText::tr("now") : TimeText::tr("just now");
+    if (distance < hours(1)) {
+        const auto text = isAhead ? TimeText::tr("in %1 min") : TimeText::tr("%1 min ago");
+        return text.arg(floor<minutes>(distance).count());
     }
-    return -daysBetween(now, then) == 1 ? TimeText::tr("yesterday")
-                                        : TimeText::tr("on %1").arg(age);
+    const auto days = daysBetween(now, then, style);
+    if (isToldInHours(distance, days)) {
+        const auto text = isAhead ? TimeText::tr("in %1 h") : TimeText::tr("%1 h ago");
+        return text.arg(floor<hours>(distance).count());
+    }
+    return daysAwayText(days);
+}
+
+QString daysAwayText(int days) {
+    if (days == 0) return TimeText::tr("today");
+    if (days == 1) return TimeText::tr("tomorrow");
+    if (days == -1) return TimeText::tr("yesterday");
+    return days > 0 ? TimeText::tr("in %n days", nullptr, days)
+                    : TimeText::tr("%n days ago", nullptr, -days);
 }
 
 QString spanText(Instant::duration span) {
@@ -79,29 +93,38 @@ QString spanText(Instant::duration span) {
                      : TimeText::tr("%1 d %2 h").arg(wholeDays.count()).arg(rest);
 }
 
-/// Some locales, the plain "C" among them, write seconds even in their short form.
-QString clockText(Instant then) {
-    const QLocale locale;
-    auto format = locale.timeFormat(QLocale::ShortFormat);
+QString clockText(Instant then, const Style& style) {
+    const auto time = inZone(then, style.zone).time();
+    if (style.isPlain) return time.toString(QStringLiteral("HH:mm")) + QStringLiteral(" UTC");
+    // Some locales, the plain "C" among them, write seconds even in their short form.
+    auto format = style.locale.timeFormat(QLocale::ShortFormat);
     format.remove(QStringLiteral(":ss"));
-    return locale.toString(local(then).time(), format);
+    return style.locale.toString(time, format);
 }
 
-QString shortDayText(Instant then, Instant now) { return shortDay(local(then), now); }
-
-QString namedDayText(Instant day, Instant now) { return shortDay(inZone(day, Qt::UTC), now); }
-
-QString dayText(Instant then, Instant now) {
-    return QLocale().toString(local(then), QStringLiteral("ddd ")) + shortDayText(then, now);
+QString shortDayText(Instant then, Instant now, const Style& style) {
+    return shortDay(inZone(then, style.zone), now, style);
 }
 
-QString momentText(Instant then, Instant now) {
-    const auto days = daysBetween(now, then);
-    if (days == 0) return clockText(then);
+QString namedDayText(Instant day, Instant now, const Style& style) {
+    return shortDay(inZone(day, Qt::UTC), now, style);
+}
+
+QString dayText(Instant then, Instant now, const Style& style) {
+    const auto day = shortDayText(then, now, style);
+    if (style.isPlain) return day;
+    return style.locale.toString(inZone(then, style.zone), QStringLiteral("ddd ")) + day;
+}
+
+QString momentText(Instant then, Instant now, const Style& style) {
+    const auto clock = clockText(then, style);
+    if (style.isPlain) return shortDayText(then, now, style) + u' ' + clock;
+    const auto days = daysBetween(now, then, style);
+    if (days == 0) return clock;
     const auto day = days == -1  ? TimeText::tr("Yesterday")
                      : days == 1 ? TimeText::tr("Tomorrow")
-                                 : shortDayText(then, now);
-    return day + u' ' + clockText(then);
+                                 : shortDayText(then, now, style);
+    return day + u' ' + clock;
 }
 
 }  // namespace app

@@ -22,6 +22,23 @@
     </message>
 </context>
 <context>
+    <name>TimeText</name>
+    <message numerus="yes">
+        <source>in %n days</source>
+        <translation>
+            <numerusform>in %n day</numerusform>
+            <numerusform>in %n days</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days ago</source>
+        <translation>
+            <numerusform>%n day ago</numerusform>
+            <numerusform>%n days ago</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>app::BackendPanelModel</name>
     <message numerus="yes">
         <source>For %n models</source>
@@ -32,7 +49,7 @@
     </message>
 </context>
 <context>
-    <name>app::BriefPanelModel</name>
+    <name>BriefText</name>
     <message numerus="yes">
         <source>Apple posted %n times, last: %1</source>
         <translation>

@@ -10,6 +10,8 @@
 #include <limits>
 #include <system_error>
 
+#include "NewsroomKit/Addresses/WebAddress.h"
+
 namespace cli {
 
 namespace {
@@ -111,8 +113,7 @@ std::string Output::styled(std::string_view code, std::string_view text) const {
 }
 
 std::string Output::link(std::string_view address, std::string_view text) const {
-    const bool isOfTheWeb = address.starts_with("https://") || address.starts_with("http://");
-    if (!links_ || !isOfTheWeb || !isSafeInEscape(address)) return std::string(text);
+    if (!links_ || !kit::isOpenable(address) || !isSafeInEscape(address)) return std::string(text);
     return "\x1b]8;;" + std::string(address) + "\x1b\\" + std::string(text) + "\x1b]8;;\x1b\\";
 }
 

@@ -2,10 +2,6 @@
 
 #include <unicode/uchar.h>
 
-#include <chrono>
-
-#include <fmt/format.h>
-
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
 
@@ -157,27 +153,5 @@ std::string wrapped(std::string_view text, std::size_t width, std::string_view i
     }
     return out;
 }
-
-std::string age(kit::Instant then, kit::Instant now) {
-    using namespace std::chrono;
-    const auto passed = now - then;
-    if (passed < minutes(1)) return "now";
-    if (passed < hours(1)) return fmt::format("{} min", duration_cast<minutes>(passed).count());
-    if (passed < days(1)) return fmt::format("{} h", duration_cast<hours>(passed).count());
-    if (passed < days(7)) return fmt::format("{} d", duration_cast<days>(passed).count());
-    const year_month_day date(floor<days>(then));
-    constexpr const char* months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                      "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    return fmt::format("{} {} {}", static_cast<unsigned>(date.day()),
-                       months[static_cast<unsigned>(date.month()) - 1],
-                       static_cast<int>(date.year()));
-}
-
-std::string dayAndTime(kit::Instant instant) {
-    const auto text = kit::iso8601Text(std::chrono::floor<std::chrono::minutes>(instant));
-    return text.substr(0, 10) + " " + text.substr(11, 5) + " UTC";
-}
-
-std::string dayText(kit::Instant instant) { return kit::iso8601Text(instant).substr(0, 10); }
 
 }  // namespace cli

@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "NewsroomKit/Records/Instant.h"
-
 /// Text from feeds, made fit for a terminal's lines.
 namespace cli {
 
@@ -20,14 +18,5 @@ std::size_t columnsOf(std::string_view text);
 
 /// `text` in lines of at most `width` columns, each after `indent`.
 std::string wrapped(std::string_view text, std::size_t width, std::string_view indent);
-
-/// "now", "4 min", "3 h", "2 d", then the day: "2 Nov 2026".
-std::string age(kit::Instant then, kit::Instant now);
-
-/// "2026-11-02 08:30 UTC".
-std::string dayAndTime(kit::Instant instant);
-
-/// "2026-11-02", by UTC.
-std::string dayText(kit::Instant instant);
 
 }  // namespace cli

@@ -94,11 +94,10 @@ void StockPanelModel::look() {
 }
 
 void StockPanelModel::showPrice(const StockQuote& quote) {
-    const auto reference = quote.previousClose();
-    const auto change = changeText(quote.price, reference);
+    const auto change = kit::PriceChange::of(quote.price, quote.previousClose());
     price_ = priceText(quote.price);
-    change_ = change.value_or(QString());
-    move_ = change ? moveOf(quote.price, *reference) : PriceMove::Unknown;
+    change_ = change ? changeText(*change) : QString();
+    move_ = moveOf(change);
     isOpen_ = quote.isOpen();
 }
 

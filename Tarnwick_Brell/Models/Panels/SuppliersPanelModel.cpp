@@ -23,10 +23,9 @@ SupplierRow rowOf(const BoardQuote& quote) {
                     .price = priceText(quote.price),
                     .currency = titleText(quote.currency, kLongestSymbol),
                     .line = sparkline(quote.points)};
-    if (const auto percent = percentText(quote.price, quote.previousClose)) {
-        row.change = *percent;
-        row.move = moveOf(quote.price, *quote.previousClose);
-    }
+    const auto change = kit::PriceChange::of(quote.price, quote.previousClose);
+    if (change) row.change = percentText(change->percent);
+    row.move = moveOf(change);
     row.spokenText =
         SuppliersPanelModel::tr("%1, %2 %3, %4")
             .arg(row.name, row.price, row.currency,

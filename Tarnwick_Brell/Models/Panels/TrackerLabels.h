@@ -19,14 +19,10 @@ Q_ENUM_NS(Value)
 
 }  // namespace PriceMove
 
-constexpr PriceMove::Value moveOf(int direction) {
-    return static_cast<PriceMove::Value>(PriceMove::Flat + direction);
-}
-
-static_assert(moveOf(-1) == PriceMove::Down && moveOf(1) == PriceMove::Up);
-
-inline PriceMove::Value moveOf(double price, double reference) {
-    return moveOf(directionOf(price - reference));
+/// The direction of what is shown: a change that rounds to nothing is flat.
+inline PriceMove::Value moveOf(const std::optional<kit::PriceChange>& change) {
+    if (!change) return PriceMove::Unknown;
+    return static_cast<PriceMove::Value>(PriceMove::Flat + directionOf(change->amount));
 }
 
 /// How bad a problem of a service is.

@@ -6,7 +6,6 @@
 #include <QLocale>
 
 #include "Tarnwick_Brell/Models/Charts/QuoteChartData.h"
-#include "Tarnwick_Brell/Presentation/PriceText.h"
 
 namespace app {
 namespace {
@@ -137,20 +136,6 @@ TEST(QuoteChartData, ADaysCurveEndsWhereTheDayHasGotTo) {
     EXPECT_EQ(curve.points().back().x(), 0.5);
     ASSERT_GE(curve.times().size(), 2u);
     EXPECT_GT(curve.times().back().position, 0.5) << "the axis goes on";
-}
-
-TEST(PriceText, ChangesCarryASignAndWhatCannotBeMeasuredIsLeftOut) {
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    const auto change = [](double price, std::optional<double> reference) {
-        return changeText(price, reference).value_or("none").toStdString();
-    };
-    EXPECT_EQ(change(274.86, 272.94), "+1.92 (+0.70%)");
-    EXPECT_EQ(change(1200, 2400), "\u22121,200.00 (\u221250.00%)");
-    EXPECT_EQ(change(10.004, 10), "0.00 (+0.04%)");
-    EXPECT_EQ(change(10, 10), "0.00 (0.00%)");
-    EXPECT_EQ(change(10, std::nullopt), "none");
-    EXPECT_EQ(change(10, 0), "none");
-    EXPECT_EQ(change(1e300, 1e-300), "none");
 }
 
 }  // namespace
