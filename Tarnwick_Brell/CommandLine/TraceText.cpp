@@ -5,109 +5,67 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Stories/CanonicalLink.h"
+#include "NewsroomKit/Panels/TraceContent.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/Presentation/TraceText.h"
 
 namespace cli {
 
 namespace {
 
-using kit::TraceNode;
-using kit::TraceResult;
+using kit::TraceTreeRow;
+using Tree = std::vector<TraceTreeRow>;
 
-// Deeper nodes are drawn as if they were no deeper, so that lines stay readable.
-constexpr std::size_t kDeepest = 8;
-
-struct Branch {
-    const TraceNode* node = nullptr;
-    const TraceNode* parent = nullptr;
-    std::size_t depth = 0;
-    bool isLast = false;  ///< of those that hang below the same node
-};
-
-/// The service's depths may leave steps out; here, each node is at most one below the one
-/// before it.
-std::vector<Branch> branchesOf(const std::vector<TraceNode>& nodes) {
-    std::vector<Branch> branches;
-    std::vector<const TraceNode*> path;
-    for (const auto& node : nodes) {
-        const auto wanted =
-            static_cast<std::size_t>(std::clamp<std::int64_t>(node.depth.value, 0, kDeepest));
-        path.resize(std::min(wanted, path.size()));
-        branches.push_back({&node, path.empty() ? nullptr : path.back(), path.size()});
-        path.push_back(&node);
+/// Of each row, whether no later one stands below the same line.
+std::vector<bool> lastOfTheirLines(const Tree& tree) {
+    std::vector<bool> isLast(tree.size());
+    std::vector<bool> isContinued(kit::kDeepestTrace + 1);
+    for (auto i = tree.size(); i-- > 0;) {
+        const auto depth = static_cast<std::ptrdiff_t>(tree[i].depth);
+        isLast[i] = !isContinued[tree[i].depth];
+        isContinued[tree[i].depth] = true;
+        std::fill(isContinued.begin() + depth + 1, isContinued.end(), false);
     }
-    std::vector<bool> isContinued(kDeepest + 1);
-    for (auto branch = branches.rbegin(); branch != branches.rend(); ++branch) {
-        branch->isLast = !isContinued[branch->depth];
-        isContinued[branch->depth] = true;
-        std::fill(isContinued.begin() + static_cast<std::ptrdiff_t>(branch->depth) + 1,
-                  isContinued.end(), false);
-    }
-    return branches;
+    return isLast;
 }
 
-std::string whoText(const TraceNode& node) {
-    auto text = printable(node.publisher.value_or(""));
-    if (text.empty()) text = "An unknown outlet";
-    return node.platform ? text + " on " + printable(*node.platform) : text;
-}
-
-std::string whenText(const TraceNode& node) {
-    const bool isKnown = node.precision != TraceNode::Precision::unknown && node.publishedAt;
-    if (!isKnown) return "at an unknown time";
-    return publishedText(*node.publishedAt, node.precision == TraceNode::Precision::day);
-}
-
-/// "linked as “according to Bloomberg”". Without the words, the name of what is referred to.
-std::string relationText(const Branch& branch) {
-    const auto& node = *branch.node;
-    auto words = printable(node.note.value_or(""));
-    std::string wording(node.relationWording());
-    if (wording.empty()) {
-        wording = printable(node.relation.value_or(""));
-    } else if (words.empty() && branch.parent) {
-        words = whoText(*branch.parent);
-    }
-    if (words.empty()) return wording;
-    return (wording.empty() ? "" : wording + " ") + "“" + words + "”";
-}
-
-std::string headOf(Output& out, const Branch& branch, const std::string& asked) {
-    const auto& node = *branch.node;
-    auto head = out.bold(whoText(node)) + "  " + whenText(node);
-    const auto relation = relationText(branch);
-    if (!relation.empty()) head += "  " + relation;
-    if (node.readable && !*node.readable) head += "  (its page can't be read)";
-    if (kit::canonicalLink(node.url) == asked) head += "  ← the story you asked about";
+std::string headOf(Output& out, const Tree& tree, const TraceTreeRow& row) {
+    const auto when = row.publishedAt ? publishedText(*row.publishedAt, row.isDayOnly)
+                                      : std::string("at an unknown time");
+    auto head = out.bold(app::outletText(row).toStdString()) + "  " + when;
+    const auto reference = app::referenceText(row, app::parentOf(tree, row));
+    if (!reference.isEmpty()) head += "  " + reference.toStdString();
+    if (!row.isReadable) head += "  (its page can't be read)";
+    if (row.isAsked) head += "  ← the story you asked about";
     return head;
 }
 
-void printBranches(Output& out, const std::vector<Branch>& branches, const std::string& asked) {
+void printTree(Output& out, const Tree& tree) {
     constexpr std::size_t narrowest = 20;
+    const auto isLast = lastOfTheirLines(tree);
     // What stands to the left of the nodes at each depth: the lines of those above that go on.
-    std::vector<std::string> margins(kDeepest + 2);
-    for (const auto& branch : branches) {
-        const auto depth = branch.depth;
-        const bool isRoot = depth == 0;
-        const auto fork = isRoot ? "" : branch.isLast ? "└─ " : "├─ ";
-        const auto trunk = isRoot ? "" : branch.isLast ? "   " : "│  ";
-        margins[depth + 1] = margins[depth] + trunk;
-        const auto indent = margins[depth + 1] + "  ";
-        const auto title = printable(branch.node->title.value_or(""));
+    std::vector<std::string> margins(kit::kDeepestTrace + 2);
+    for (std::size_t i = 0; i < tree.size(); ++i) {
+        const auto& row = tree[i];
+        const bool isRoot = row.depth == 0;
+        const auto fork = isRoot ? "" : isLast[i] ? "└─ " : "├─ ";
+        const auto trunk = isRoot ? "" : isLast[i] ? "   " : "│  ";
+        margins[row.depth + 1] = margins[row.depth] + trunk;
+        const auto indent = margins[row.depth + 1] + "  ";
+        const auto title = printable(row.title);
         const auto room = out.width() - std::min(columnsOf(indent), out.width());
 
         if (isRoot) out.line();
-        out.line(margins[depth] + fork + headOf(out, branch, asked));
+        out.line(margins[row.depth] + fork + headOf(out, tree, row));
         if (!title.empty()) out.line(indent + cutTo(title, std::max(room, narrowest)));
-        out.line(indent + linkText(branch.node->url));
+        out.line(indent + linkText(row.url));
     }
 }
 
 }  // namespace
 
-void printTrace(Output& out, const TraceResult& trace, const std::string& asked) {
+void printTrace(Output& out, const kit::TraceResult& trace, const std::string& asked) {
     const auto searched =
         trace.searched ? fmt::format(" {} sources were searched.", trace.searched->value) : "";
     if (trace.nodes.empty()) {
@@ -116,7 +74,7 @@ void printTrace(Output& out, const TraceResult& trace, const std::string& asked)
     }
     out.line(fmt::format("{} {} it.{}", trace.nodes.size(),
                          trace.nodes.size() == 1 ? "place ran" : "places ran", searched));
-    printBranches(out, branchesOf(trace.nodes), kit::canonicalLink(asked));
+    printTree(out, kit::traceTree(trace.nodes, asked));
 }
 
 }  // namespace cli

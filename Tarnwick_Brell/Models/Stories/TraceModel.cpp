@@ -1,6 +1,5 @@
 #include "Tarnwick_Brell/Models/Stories/TraceModel.h"
 
-#include <algorithm>
 #include <utility>
 
 #include <QStringList>
@@ -11,52 +10,16 @@
 #include "NewsroomKit/Records/RecordError.h"
 #include "NewsroomKit/Stories/CanonicalLink.h"
 #include "NewsroomKit/Stories/StoryIdentity.h"
-#include "Tarnwick_Brell/Models/Stories/ReaderModel.h"
-#include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
-#include "Tarnwick_Brell/Presentation/TimeText.h"
+#include "Tarnwick_Brell/Presentation/TraceText.h"
 
 namespace app {
 
 namespace {
 
-using kit::TraceNode;
-
-// Deeper ones are drawn as if they were no deeper, so that the texts keep their room.
-constexpr std::size_t kDeepest = 8;
-constexpr int kOutletCharacters = 60;
-constexpr int kNoteCharacters = 160;
-
-QString publisherText(const TraceNode& node) {
-    auto text = titleText(node.publisher.value_or(""), kOutletCharacters);
-    if (text.isEmpty()) text = TraceModel::tr("An unknown outlet");
-    const auto platform = titleText(node.platform.value_or(""), 30);
-    // Many a name says it already: "Harbour on Gull".
-    const bool isSaid = text.contains(platform, Qt::CaseInsensitive);
-    return isSaid ? text : TraceModel::tr("%1 on %2").arg(text, platform);
-}
-
-QString whenText(const TraceNode& node, kit::Instant now) {
-    const bool isKnown = node.precision != TraceNode::Precision::unknown && node.publishedAt;
-    if (!isKnown) return TraceModel::tr("Time unknown");
-    return node.precision == TraceNode::Precision::day ? namedDayText(*node.publishedAt, now)
-                                                       : momentText(*node.publishedAt, now);
-}
-
-/// "linked as “according to the Tide”". Without the words, the name of what is referred to.
-QString referenceText(const TraceNode& node, const TraceNode* parent) {
-    auto words = titleText(node.note.value_or(""), kNoteCharacters);
-    const auto wording = node.relationWording();
-    if (wording.empty()) return words.isEmpty() ? words : u'“' + words + u'”';
-    if (words.isEmpty() && parent) words = publisherText(*parent);
-    if (words.isEmpty()) return {};
-    return wording == TraceNode::kLinkedAs ? TraceModel::tr("linked as “%1”").arg(words)
-                                           : TraceModel::tr("named as “%1”").arg(words);
-}
-
-QString spokenOf(const TraceRow& row, const TraceNode* parent) {
+QString spokenOf(const TraceRow& row, const kit::TraceTreeRow* parent) {
     QStringList parts{row.publisher, row.title, row.when};
-    parts << (parent ? TraceModel::tr("after %1").arg(publisherText(*parent))
+    parts << (parent ? TraceModel::tr("after %1").arg(outletText(*parent))
                      : TraceModel::tr("origin"));
     if (!row.reference.isEmpty()) parts << row.reference;
     if (row.isThis) parts << TraceModel::tr("the story in the reader");
@@ -74,7 +37,7 @@ TraceModel::TraceModel(NewsDesk& desk, const Defaults& defaults, kit::Clock cloc
     connect(&desk, &NewsDesk::wireChanged, this, &TraceModel::readRows);
 }
 
-// The worker goes on with what has been asked for; nobody is told any more.
+// A job in flight continues; its result is dropped.
 TraceModel::~TraceModel() { mailbox_->close(); }
 
 void TraceModel::ask(const QString& address) {
@@ -149,30 +112,23 @@ QString TraceModel::message() const {
     }
 }
 
-/// A node hangs below the last one before it that is less deep, however much less.
 void TraceModel::readRows() {
+    const auto tree = kit::traceTree(nodes_, address_.toStdString());
     std::vector<TraceRow> rows;
-    std::vector<const TraceNode*> path;
-    for (const auto& node : nodes_) {
-        while (!path.empty() && path.back()->depth.value >= node.depth.value) path.pop_back();
-        auto shown = row(node, path.empty() ? nullptr : path.back());
-        shown.depth = static_cast<int>(std::min(path.size(), kDeepest));
-        rows.push_back(std::move(shown));
-        path.push_back(&node);
-    }
+    for (const auto& node : tree) rows.push_back(row(node, parentOf(tree, node)));
     rows_.setRows(std::move(rows));
 }
 
-TraceRow TraceModel::row(const TraceNode& node, const TraceNode* parent) const {
-    const auto canonical = kit::canonicalLink(node.url);
-    TraceRow row{.publisher = publisherText(node),
-                 .title = titleText(node.title.value_or(""), kTitleCharacters),
+TraceRow TraceModel::row(const kit::TraceTreeRow& node, const kit::TraceTreeRow* parent) const {
+    TraceRow row{.depth = static_cast<int>(node.depth),
+                 .publisher = outletText(node),
+                 .title = titleText(node.title, kTitleCharacters),
                  .when = whenText(node, clock_()),
                  .reference = referenceText(node, parent),
                  .link = openableLink(node.url),
-                 .isThis = canonical == kit::canonicalLink(address_.toStdString())};
+                 .isThis = node.isAsked};
     if (row.title.isEmpty()) row.title = titleText(kit::maskedLogins(node.url), kTitleCharacters);
-    const auto* story = desk_.stories().find(kit::storyID(canonical));
+    const auto* story = desk_.stories().find(kit::storyID(kit::canonicalLink(node.url)));
     if (story) row.storyID = plainText(story->id());
     row.spokenText = spokenOf(row, parent);
     return row;

@@ -11,7 +11,7 @@
 #include <QString>
 #include <qqmlregistration.h>
 
-#include "NewsroomKit/Archive/TraceResult.h"
+#include "NewsroomKit/Panels/TraceContent.h"
 #include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
@@ -33,7 +33,7 @@ struct TraceRow {
     Q_PROPERTY(bool isThis MEMBER isThis)
 
 public:
-    int depth = 0;  ///< 0 for an origin, 8 at most
+    int depth = 0;  ///< 0 for an origin
     QString publisher{};
     QString title{};
     QString when{};
@@ -88,7 +88,7 @@ private:
     void cancel();
     void take(const Answer& answer);
     void readRows();
-    TraceRow row(const kit::TraceNode& node, const kit::TraceNode* parent) const;
+    TraceRow row(const kit::TraceTreeRow& node, const kit::TraceTreeRow* parent) const;
     void enter(State state);
 
     NewsDesk& desk_;
