@@ -2,8 +2,8 @@
 #include <string>
 #include <vector>
 
+#include "NewsroomKit/Panels/BoardContent.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
-#include "Tarnwick_Brell/CommandLine/QuoteText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
@@ -13,14 +13,7 @@ namespace cli {
 
 namespace {
 
-using kit::BoardQuote;
-using Board = std::vector<BoardQuote>;
-
-std::string changeOf(const BoardQuote& row) {
-    if (row.changePercent) return percentText(*row.changePercent);
-    const auto change = kit::PriceChange::of(row.price, row.previousClose);
-    return change ? percentText(change->percent) : "";
-}
+using Board = std::vector<kit::BoardQuote>;
 
 void print(Output& out, const Board& board) {
     if (board.empty()) {
@@ -30,14 +23,15 @@ void print(Output& out, const Board& board) {
     TextTable table({Column::cut("company"), Column::whole("symbol"), Column::whole("price"),
                      Column::whole("change"), Column::whole("market").dropped(1),
                      Column::cut("relation", 24).dropped(2)});
-    const BoardQuote* previous = nullptr;
-    for (const auto& row : board) {
-        if (!previous || previous->group != row.group) table.begin(printable(row.group));
-        previous = &row;
-        table.add({printable(row.name), printable(row.symbol),
-                   priceText(row.price) + " " + printable(row.currency), changeOf(row),
-                   marketText(row.marketState) + (row.stale.value_or(false) ? ", old" : ""),
-                   printable(row.relation)});
+    for (const auto& group : kit::boardGroups(board)) {
+        table.begin(printable(group.name));
+        for (const auto& [quote, change, market] : group.rows) {
+            table.add({printable(quote.name), printable(quote.symbol),
+                       priceText(quote.price) + " " + printable(quote.currency),
+                       change ? percentText(change->percent) : "",
+                       printable(market) + (quote.stale.value_or(false) ? ", old" : ""),
+                       printable(quote.relation)});
+        }
     }
     table.print(out);
 }

@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Text/Unicode.h"
+#include "NewsroomKit/Panels/QuoteContent.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
@@ -37,23 +37,13 @@ void printFigure(Output& out, std::string_view name, const std::string& text) {
 
 }  // namespace
 
-std::string marketText(std::string_view marketState) {
-    constexpr std::array<std::pair<std::string_view, std::string_view>, 4> texts{
-        {{"OPEN", "open"}, {"CLOSED", "closed"}, {"PRE", "before hours"}, {"POST", "after hours"}}};
-    for (const auto& [state, text] : texts) {
-        if (state == marketState) return std::string(text);
-    }
-    return printable(kit::lowercasedASCII(marketState));
-}
-
 void printQuote(Output& out, const StockQuote& quote, kit::Instant now) {
+    const auto content = kit::quoteContent(quote, std::nullopt);
     const auto previous = quote.previousClose();
-    const auto change = kit::PriceChange::of(quote.price, previous);
-    const auto symbol = printable(quote.symbol);
-    out.line(fmt::format("{}  {}", out.bold(symbol), printable(quote.name)));
+    out.line(fmt::format("{}  {}", out.bold(printable(quote.symbol)), printable(quote.name)));
     out.line(
-        fmt::format("{} {}  {}", out.bold(priceText(quote.price)), printable(quote.currency),
-                    change ? changeText(*change) : "change of the day not known"));
+        fmt::format("{} {}  {}", out.bold(priceText(content.price)), printable(content.currency),
+                    content.change ? changeText(*content.change) : "change of the day not known"));
     out.line();
     const auto chart = quoteChart(quote, out.width());
     for (const auto& line : chart) out.line(line);
@@ -63,11 +53,11 @@ void printQuote(Output& out, const StockQuote& quote, kit::Instant now) {
     printFigure(out, "Day", spreadText(quote.dayLow, quote.dayHigh));
     printFigure(out, "Year", spreadText(quote.yearLow, quote.yearHigh));
     printFigure(out, "Volume", quote.volume ? volumeText(*quote.volume) : "");
-    printFigure(out, "Market", marketText(quote.marketState));
+    printFigure(out, "Market", printable(content.market));
     if (quote.asOf) {
         printFigure(out, "As of", momentText(*quote.asOf) + ", " + agoText(*quote.asOf, now));
     }
-    if (quote.stale.value_or(false)) out.line("The service itself has only old figures.");
+    if (content.isOld) out.line("The service itself has only old figures.");
 }
 
 }  // namespace cli

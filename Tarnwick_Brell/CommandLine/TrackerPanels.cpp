@@ -4,13 +4,15 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Panels/BoardContent.h"
+#include "NewsroomKit/Panels/CountdownContent.h"
+#include "NewsroomKit/Panels/QuoteContent.h"
 #include "NewsroomKit/Panels/SoftwareContent.h"
 #include "NewsroomKit/Panels/StatusContent.h"
 #include "NewsroomKit/Trackers/Events/MarkedEvents.h"
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
-#include "Tarnwick_Brell/CommandLine/QuoteText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 
@@ -25,19 +27,33 @@ using kit::QuoteRange;
 
 const app::TrackedFiles kFiles;  // Their names in the cache do not depend on the service.
 constexpr std::string_view kShare = "AAPL";
-constexpr std::chrono::hours kSoon{24};  ///< an event is not over as soon as it has begun
 constexpr std::size_t kDistanceColumns = 12;
 
-std::optional<std::string> changeOf(double price, std::optional<double> reference) {
-    const auto change = kit::PriceChange::of(price, reference);
-    return change ? std::optional(changeText(*change)) : std::nullopt;
+/// "in 20 days   Harbour fair, 2026-12-10 20:00 UTC"
+std::string countdownLine(const kit::CountdownRow& event) {
+    auto line = padTo(event.starts ? daysAwayText(event.days) : "?", kDistanceColumns) + " " +
+                printable(event.title);
+    const auto when = !event.starts      ? printable(event.window)
+                      : event.isExpected ? "expected around " + dayText(*event.starts)
+                                         : momentText(*event.starts);
+    if (!when.empty()) line += ", " + when;
+    if (event.isReleased) line += ", released";
+    return line;
 }
 
-std::string quoteLine(const std::string& symbol, const std::string& name, double price,
-                      const std::string& currency, const std::optional<std::string>& change) {
-    return fmt::format("{} {} {:>12} {}{}", padTo(printable(symbol), 10),
-                       padTo(printable(name), 28), priceText(price), printable(currency),
-                       change ? "  " + *change : "");
+std::vector<app::CachedValue<kit::StockQuote>> quotesOfAllRanges(PanelHoldings& holdings) {
+    std::vector<app::CachedValue<kit::StockQuote>> quotes;
+    for (const auto& row : kit::enumTable<QuoteRange>)
+        quotes.push_back(cached(holdings, kFiles.quote(kShare, row.value)));
+    return quotes;
+}
+
+std::string boardLine(const kit::BoardRow& row) {
+    const auto& quote = row.quote;
+    return fmt::format("  {} {} {:>12} {}{}", padTo(printable(quote.symbol), 10),
+                       padTo(printable(quote.name), 28), priceText(quote.price),
+                       printable(quote.currency),
+                       row.change ? "  " + percentText(row.change->percent) : "");
 }
 
 constexpr std::string_view kNoPlatform = "Nothing is known of these platforms.";
@@ -55,13 +71,14 @@ std::string developerText(const std::optional<kit::StatusContent::Tally>& tally,
 Lines countdownLines(PanelHoldings& holdings, const PanelSpec& panel) {
     const auto reading = cached(holdings, kFiles.events());
     if (!reading.value) return nothingYet(holdings, reading, "events");
+    const auto content =
+        kit::countdown(*reading.value, panel.options.eventTerms,
+                       [&](Instant then) { return daysBetween(holdings.now(), then); });
     Lines lines;
-    for (const auto& event : markedEvents(*reading.value, panel.options.eventTerms)) {
-        if (event.starts < holdings.now() - kSoon || event.isReleased()) continue;
+    if (content.next) lines.push_back(countdownLine(*content.next));
+    for (const auto& event : content.others) {
         if (lines.size() == lineCount(panel)) break;
-        lines.push_back(fmt::format(
-            "{} {}{}", padTo(agoText(event.starts, holdings.now()), kDistanceColumns),
-            printable(event.title), event.window.empty() ? "" : ", " + printable(event.window)));
+        lines.push_back(countdownLine(event));
     }
     if (lines.empty()) lines.emplace_back("No date of Apple's is known.");
     addState(lines, holdings, reading);
@@ -71,41 +88,48 @@ Lines countdownLines(PanelHoldings& holdings, const PanelSpec& panel) {
 Lines stockLines(PanelHoldings& holdings, const PanelSpec& panel) {
     const auto range =
         kit::enumFromRaw<QuoteRange>(panel.options.stockRange).value_or(QuoteRange::month);
-    const auto reading = cached(holdings, kFiles.quote(kShare, range));
-    if (!reading.value) {
-        return nothingYet(holdings, reading, fmt::format("quote --range {}", rawValue(range)));
-    }
-    const auto& quote = *reading.value;
-    Lines lines{fmt::format("{} {}  {}  {}", priceText(quote.price), printable(quote.currency),
-                            changeOf(quote.price, quote.previousClose()).value_or(""),
-                            marketText(quote.marketState))};
-    for (auto& line : quoteChart(quote, std::min<std::size_t>(holdings.width() - 4, 72)))
-        lines.push_back(std::move(line));
-    const auto events = cached(holdings, kFiles.events());
-    if (events.value && !quote.points.empty()) {
-        for (const auto& event : markedEvents(*events.value, panel.options.eventTerms)) {
-            if (event.starts < quote.points.front().time || event.starts > holdings.now()) continue;
+    const auto quotes = quotesOfAllRanges(holdings);
+    std::vector<kit::QuoteAnswer> answers;
+    for (const auto& reading : quotes)
+        answers.push_back({reading.value ? &*reading.value : nullptr, reading.fetchedAt});
+    const auto& charted = quotes[static_cast<std::size_t>(range)];
+    const auto newest = kit::newestOf(answers);
+    if (!newest)
+        return nothingYet(holdings, charted, fmt::format("quote --range {}", rawValue(range)));
+
+    const auto content = kit::quoteContent(*quotes[*newest].value, quotes[*newest].fetchedAt);
+    Lines lines{fmt::format("{} {}  {}  {}", priceText(content.price), printable(content.currency),
+                            content.change ? changeText(*content.change) : "",
+                            printable(content.market))};
+    if (content.isOld) lines.emplace_back("The service itself has only old figures.");
+    if (charted.value) {
+        for (auto& line :
+             quoteChart(*charted.value, std::min<std::size_t>(holdings.width() - 4, 72)))
+            lines.push_back(std::move(line));
+        const auto events = cached(holdings, kFiles.events());
+        const auto marked = events.value ? markedEvents(*events.value, panel.options.eventTerms)
+                                         : std::vector<kit::AppleCalendarEvent>();
+        for (const auto& event :
+             kit::eventsOnChart(charted.value->points, marked, holdings.now(), daysBetween))
             lines.push_back(fmt::format("{}  {}", dayText(event.starts), printable(event.title)));
-        }
+    } else {
+        lines.push_back(fmt::format(
+            "No prices of this range yet; brell quote --range {} fetches them.", rawValue(range)));
     }
-    addState(lines, holdings, reading);
+    addState(lines, holdings, charted.value ? charted : quotes[*newest]);
     return lines;
 }
 
 Lines suppliersLines(PanelHoldings& holdings) {
     const auto reading = cached(holdings, kFiles.board());
     if (!reading.value) return nothingYet(holdings, reading, "board");
+    const auto share = cached(holdings, kFiles.quote(kShare, QuoteRange::day)).value;
     Lines lines;
-    const auto share = cached(holdings, kFiles.quote(kShare, QuoteRange::day));
-    if (share.value) {
-        lines.push_back(quoteLine(share.value->symbol, share.value->name, share.value->price,
-                                  share.value->currency,
-                                  changeOf(share.value->price, share.value->previousClose())));
+    for (const auto& group : kit::boardGroups(*reading.value, share ? &*share : nullptr)) {
+        lines.push_back(printable(group.name));
+        for (const auto& row : group.rows) lines.push_back(boardLine(row));
     }
-    for (const auto& row : *reading.value) {
-        lines.push_back(quoteLine(row.symbol, row.name, row.price, row.currency,
-                                  changeOf(row.price, row.previousClose)));
-    }
+    if (lines.empty()) lines.emplace_back("The board of suppliers is empty.");
     addState(lines, holdings, reading);
     return lines;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "NewsroomKit/Panels/QuoteContent.h"
 #include "NewsroomKit/Trackers/Market/QuotePlaces.h"
 #include "Tarnwick_Brell/Models/Charts/ChartScale.h"
 #include "Tarnwick_Brell/Models/Charts/TimeTicks.h"
@@ -31,7 +32,7 @@ std::vector<Point> drawable(std::vector<Point> points) {
     if (points.size() <= kMostPoints) return points;
     const auto stride = points.size() / kMostPoints + 1;
     std::vector<Point> some;
-    // Counted from the end: the last point is the one that is news.
+    // Counted from the end: the last point is the current price.
     for (auto left = points.size(); left > 0; left -= std::min(left, stride))
         some.push_back(points[left - 1]);
     std::ranges::reverse(some);
@@ -66,17 +67,14 @@ QuoteChartData::QuoteChartData(StockQuote quote, const std::vector<AppleCalendar
     if (reference) previousClose_ = scale.position(*reference);
     prices_ = scale.ticks();
     times_ = timeTicks(quote_, places);
-    if (std::ranges::is_sorted(quote_.points, {}, &Point::time)) {
-        for (const auto& event : events) placeEvent(event);
-    }
+    const auto days = [](Instant from, Instant to) { return daysBetween(from, to); };
+    for (const auto& event : kit::eventsOnChart(quote_.points, events, now_, days))
+        placeEvent(event);
 }
 
 void QuoteChartData::placeEvent(const AppleCalendarEvent& event) {
     const auto& points = quote_.points;
-    if (event.starts > now_ || event.starts < points.front().time) return;
     const auto after = std::ranges::upper_bound(points, event.starts, {}, &Point::time);
-    // Behind the last point only on its day: a day's price is stamped before the day is over.
-    if (after == points.end() && daysBetween(points.back().time, event.starts) != 0) return;
     const auto right = static_cast<qsizetype>(
         std::min<std::ptrdiff_t>(after - points.begin(), std::ssize(points) - 1));
     const auto left = std::max<qsizetype>(right - 1, 0);

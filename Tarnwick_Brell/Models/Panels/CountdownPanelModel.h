@@ -2,14 +2,14 @@
 
 #include <QAbstractListModel>
 
-#include "NewsroomKit/Trackers/Events/AppleCalendarEvent.h"
+#include "NewsroomKit/Panels/CountdownContent.h"
 #include "Tarnwick_Brell/Models/Panels/PanelModel.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
 
 namespace app {
 
 /// An event below the next one.
-struct CountdownRow {
+struct CountdownEventRow {
     Q_GADGET
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QString badge MEMBER badge)
@@ -26,11 +26,10 @@ public:
     bool isReleased = false;
     QString spokenText{};
 
-    bool operator==(const CountdownRow&) const = default;
+    bool operator==(const CountdownEventRow&) const = default;
 };
 
-/// The days until the next event of Apple's calendar, then the other events from two days ago
-/// on. An anniversary or a rumor never leads: the one is no news, the other has no date.
+/// The days until the next event of Apple's calendar, then the other events.
 class CountdownPanelModel final : public app::PanelModel {
     Q_OBJECT
     QML_NAMED_ELEMENT(CountdownPanelModel)
@@ -48,21 +47,21 @@ public:
     const QString& days() const { return days_; }  ///< "20 days", "Tomorrow", "Today"
     const QString& title() const { return title_; }
     const QString& time() const { return time_; }
-    GadgetListModel<CountdownRow>* rows() { return &rows_; }
+    GadgetListModel<CountdownEventRow>* rows() { return &rows_; }
 
     void tick() override { look(); }
     void retry() override { trackers().refresh(Tracker::events); }
 
 private:
     void look();
-    void lead(const kit::AppleCalendarEvent* event);
-    CountdownRow rowOf(const kit::AppleCalendarEvent& event) const;
+    void setNext(const std::optional<kit::CountdownRow>& event);
+    CountdownEventRow rowOf(const kit::CountdownRow& event) const;
 
     std::vector<std::string> terms_;
     QString days_;
     QString title_;
     QString time_;
-    GadgetListModel<CountdownRow> rows_;
+    GadgetListModel<CountdownEventRow> rows_;
 };
 
 }  // namespace app

@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/Models/Panels/StockPanelModel.h"
 
+#include "NewsroomKit/Panels/QuoteContent.h"
 #include "NewsroomKit/Trackers/Events/MarkedEvents.h"
 #include "Tarnwick_Brell/Presentation/PriceText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -10,20 +11,12 @@ namespace app {
 namespace {
 
 using kit::QuoteRange;
-using kit::StockQuote;
 
 // A range that the store does not keep fresh by itself.
 constexpr std::chrono::minutes kFreshWhileOpen{2};
 constexpr std::chrono::minutes kFreshWhileClosed{30};
 
-QString marketText(const std::string& state) {
-    if (state == "OPEN") return StockPanelModel::tr("Open");
-    if (state == "CLOSED") return StockPanelModel::tr("Closed");
-    if (state == "PRE") return StockPanelModel::tr("Before hours");
-    if (state == "POST") return StockPanelModel::tr("After hours");
-    constexpr int longest = 20;
-    return titleText(state, longest);
-}
+constexpr int kMarketCharacters = 20;
 
 }  // namespace
 
@@ -65,26 +58,26 @@ void StockPanelModel::retry() {
     if (range_ != trackers().quoteRange()) trackers().readQuote(range_, std::chrono::seconds(0));
 }
 
-const StockPanelModel::Quote& StockPanelModel::newest() const {
-    const auto* newest = &trackers().quote(range_);
+void StockPanelModel::look() {
+    std::vector<kit::QuoteAnswer> answers;
     for (const auto& row : kit::enumTable<QuoteRange>) {
         const auto& quote = trackers().quote(row.value);
-        if (quote.value && (!newest->value || quote.fetchedAt > newest->fetchedAt)) newest = &quote;
+        answers.push_back(
+            {.quote = quote.value ? &*quote.value : nullptr, .fetchedAt = quote.fetchedAt});
     }
-    return *newest;
-}
-
-void StockPanelModel::look() {
-    const auto& priced = newest();
+    const auto newest = kit::newestOf(answers);
     const auto& charted = trackers().quote(range_);
     // Without a chart of this range there may still be a price.
+    const auto& priced =
+        newest ? trackers().quote(kit::enumTable<QuoteRange>[*newest].value) : charted;
     auto condition = conditionOf(charted.value ? charted : priced);
     if (priced.value) {
-        showPrice(*priced.value);
-        const auto moment = priced.value->asOf ? priced.value->asOf : priced.fetchedAt;
-        condition.fact = marketText(priced.value->marketState);
-        if (moment) condition.fact += QStringLiteral(", ") + momentText(*moment, now());
-        if (condition.state == Ready && priced.value->stale.value_or(false)) {
+        const auto content = kit::quoteContent(*priced.value, priced.fetchedAt);
+        showPrice(content);
+        condition.fact = labelText(content.market, kMarketCharacters);
+        if (content.pricedAt)
+            condition.fact += QStringLiteral(", ") + momentText(*content.pricedAt, now());
+        if (condition.state == Ready && content.isOld) {
             condition.state = Stale;
             condition.message = tr("The service itself has only old figures.");
         }
@@ -93,12 +86,11 @@ void StockPanelModel::look() {
     become(std::move(condition));
 }
 
-void StockPanelModel::showPrice(const StockQuote& quote) {
-    const auto change = kit::PriceChange::of(quote.price, quote.previousClose());
-    price_ = priceText(quote.price);
-    change_ = change ? changeText(*change) : QString();
-    move_ = moveOf(change);
-    isOpen_ = quote.isOpen();
+void StockPanelModel::showPrice(const kit::QuoteContent& content) {
+    price_ = priceText(content.price);
+    change_ = content.change ? changeText(*content.change) : QString();
+    move_ = moveOf(content.change);
+    isOpen_ = content.isOpen;
 }
 
 void StockPanelModel::showChart(const Quote& quote) {

@@ -10,6 +10,10 @@
 #include "Tarnwick_Brell/Models/Panels/TrackerLabels.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
 
+namespace kit {
+struct QuoteContent;
+}
+
 namespace app {
 
 /// Apple's share: price, change of the day, and a chart over one of four ranges with the
@@ -69,9 +73,8 @@ private:
     using Quote = CachedValue<kit::StockQuote>;
 
     void look();
-    void showPrice(const kit::StockQuote& quote);
+    void showPrice(const kit::QuoteContent& content);
     void showChart(const Quote& quote);
-    const Quote& newest() const;
 
     std::vector<std::string> terms_;
     kit::QuoteRange range_;

@@ -27,7 +27,6 @@ struct SupplierRow {
 
 public:
     QString heading{};  ///< of the group, above its first share
-    QString group{};
     QString symbol{};
     QString name{};
     QString relation{};  ///< how the company relates to Apple

@@ -95,7 +95,7 @@ protected:
     PanelStores stores_{news_, trackers_, bench_.clock()};
 };
 
-std::string joined(const std::vector<CountdownRow>& rows) {
+std::string joined(const std::vector<CountdownEventRow>& rows) {
     std::string text;
     for (const auto& row : rows) {
         text += (row.title + u'|' + row.badge + u'|' + row.date + u'|' + row.days +
