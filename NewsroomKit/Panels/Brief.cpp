@@ -10,6 +10,7 @@ namespace kit {
 namespace {
 
 constexpr std::chrono::hours kWithoutLastLook{24};
+constexpr std::chrono::days kLongestAbsence{30};
 
 std::vector<PanelStory> newStories(const PanelNews& news, Instant since) {
     std::vector<PanelStory> fresh;
@@ -42,15 +43,15 @@ bool leads(const StoryGroup& a, const StoryGroup& b) {
     return a.sourcing() < b.sourcing();
 }
 
-std::string counted(std::size_t count, const std::string& one, const std::string& several) {
-    return std::to_string(count) + " " + (count == 1 ? one : several);
-}
-
 }  // namespace
 
-BriefContent brief(const PanelNews& news, std::optional<Instant> since) {
-    const auto fresh = newStories(news, since.value_or(news.now - kWithoutLastLook));
-    BriefContent content{.since = since, .stories = fresh.size(), .apple = applePosts(fresh)};
+Instant briefStart(std::optional<Instant> lastLook, Instant now) {
+    return std::max(lastLook.value_or(now - kWithoutLastLook), now - kLongestAbsence);
+}
+
+BriefContent brief(const PanelNews& news, std::optional<Instant> lastLook) {
+    const auto fresh = newStories(news, briefStart(lastLook, news.now));
+    BriefContent content{.since = lastLook, .stories = fresh.size(), .apple = applePosts(fresh)};
     std::set<std::string> outlets;
     for (const auto& story : fresh) outlets.insert(outletKey(*story.story));
     content.outlets = outlets.size();
@@ -69,22 +70,16 @@ BriefContent brief(const PanelNews& news, std::optional<Instant> since) {
     return content;
 }
 
-std::vector<BriefLine> briefLines(const BriefContent& content) {
-    const std::string when = content.since ? " since your last look." : " in the last day.";
-    if (content.isEmpty()) return {{.text = "Nothing new" + when}};
-    std::vector<BriefLine> lines;
-    lines.push_back({.text = counted(content.stories, "new story", "new stories") + " from " +
-                             counted(content.outlets, "outlet", "outlets") + when});
-    if (const auto& apple = content.apple) {
-        const auto count = apple->count == 1
-                               ? std::string("Apple posted: ")
-                               : "Apple posted " + std::to_string(apple->count) + " times, last: ";
-        lines.push_back({.text = count + apple->latest.title, .sources = {apple->latest}});
+std::vector<BriefItem> briefItems(const BriefContent& content,
+                                  const std::vector<TrackerChange>& changes) {
+    std::vector<BriefItem> others(changes.begin(), changes.end());
+    if (content.apple) others.emplace_back(*content.apple);
+    std::vector<BriefItem> items;
+    for (std::size_t i = 0; i < std::max(content.topics.size(), others.size()); ++i) {
+        if (i < content.topics.size()) items.emplace_back(content.topics[i]);
+        if (i < others.size()) items.push_back(others[i]);
     }
-    for (const auto& topic : content.topics) {
-        lines.push_back({.text = topic.headline.title, .sources = topic.outlets});
-    }
-    return lines;
+    return items;
 }
 
 }  // namespace kit

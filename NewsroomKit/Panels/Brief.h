@@ -3,10 +3,11 @@
 #include <chrono>
 #include <cstddef>
 #include <optional>
-#include <string>
+#include <variant>
 #include <vector>
 
 #include "NewsroomKit/Panels/PanelStory.h"
+#include "NewsroomKit/Panels/TrackerChanges.h"
 
 namespace kit {
 
@@ -42,21 +43,19 @@ inline constexpr std::size_t kMostTopics = 5;
 /// today brings along from last month is not what changed.
 inline constexpr std::chrono::hours kBriefLateness{24};
 
-/// New is what the desk saw after `since`; without a last look, of the last day. Topics that
-/// more outlets tell come first, then better sourced ones, then newer ones. What only Apple
-/// tells is no topic.
-BriefContent brief(const PanelNews& news, std::optional<Instant> since);
+/// Where a brief begins: at the last look, at most 30 days ago, or a day ago without one.
+Instant briefStart(std::optional<Instant> lastLook, Instant now);
 
-/// A sentence or headline of a brief and the stories it rests on.
-struct BriefLine {
-    std::string text{};
-    std::vector<StoryMention> sources{};
+/// New is what the desk saw after the brief's start. Topics that more outlets tell come first, then
+/// better sourced ones, then newer ones. What only Apple tells is no topic.
+BriefContent brief(const PanelNews& news, std::optional<Instant> lastLook);
 
-    bool operator==(const BriefLine&) const = default;
-};
+/// One sentence of a brief.
+using BriefItem = std::variant<BriefContent::Topic, TrackerChange, BriefContent::ApplePosts>;
 
-/// The brief in words: how much came, Apple's own posts, then a line for each topic. A single
-/// line when nothing is new.
-std::vector<BriefLine> briefLines(const BriefContent& content);
+/// Topics and changes by turns, so that neither stand below all of the others; Apple's posts stand
+/// last among the changes.
+std::vector<BriefItem> briefItems(const BriefContent& content,
+                                  const std::vector<TrackerChange>& changes);
 
 }  // namespace kit

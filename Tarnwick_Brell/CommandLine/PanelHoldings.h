@@ -45,6 +45,7 @@ class MatchedNews {
 public:
     MatchedNews(PanelHoldings& holdings, const kit::StoryQuery& query);
 
+    bool isEmpty() const { return stories_.empty(); }
     kit::PanelNews news() const {
         return {.stories = stories_, .clusters = holdings_.clusters(), .now = holdings_.now()};
     }

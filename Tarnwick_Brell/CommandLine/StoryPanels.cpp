@@ -9,10 +9,15 @@
 #include "NewsroomKit/Panels/Coverage.h"
 #include "NewsroomKit/Panels/Scoops.h"
 #include "NewsroomKit/Panels/TopStories.h"
+#include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
+#include "Tarnwick_Brell/Presentation/BriefText.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
+#include "Tarnwick_Brell/Presentation/MentionText.h"
+#include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 
 namespace cli {
 
@@ -46,39 +51,70 @@ std::string sourcingText(kit::Sourcing sourcing) {
     return text.empty() ? "" : " · " + std::string(text);
 }
 
-/// At least one line, whatever there is.
-PanelLines orElse(PanelLines lines, std::string_view nothing) {
-    if (lines.empty()) lines.emplace_back(nothing);
+/// At least one line: without rows, why there are none.
+PanelLines orEmptyText(PanelLines lines, const MatchedNews& matched, kit::PanelKind kind,
+                       const StoryQuery& query) {
+    if (lines.empty()) {
+        const auto text = matched.isEmpty() ? app::noStoryText(kind, query, kit::kCoverageSpan)
+                                            : app::nothingOfItText(kind);
+        lines.push_back(text.toStdString());
+    }
     return lines;
 }
 
 PanelLines newestLines(PanelHoldings& holdings, const PanelSpec& panel, const StoryQuery& query,
-                       PanelHoldings::Origin origin, std::string_view nothing) {
+                       PanelHoldings::Origin origin) {
     PanelLines lines;
     for (const auto& stored : holdings.newest(query, origin, lineCount(panel)))
         lines.push_back(storyLine(holdings, stored.story));
-    return orElse(std::move(lines), nothing);
+    if (lines.empty()) lines.push_back(app::noStoryText(panel.kind, query).toStdString());
+    return lines;
+}
+
+std::string countLine(const kit::BriefContent& content) {
+    return fmt::format("{} {} from {} {}{}", content.stories,
+                       content.stories == 1 ? "new story" : "new stories", content.outlets,
+                       content.outlets == 1 ? "outlet" : "outlets",
+                       content.since ? " since your last look." : " in the last 24 hours.");
+}
+
+std::vector<kit::TrackerChange> trackerChanges(PanelHoldings& holdings, const StoryQuery& query,
+                                               kit::Instant since) {
+    const app::TrackedFiles files;
+    const auto consumer = cached(holdings, files.status(kit::StatusFeed::consumer));
+    const auto developer = cached(holdings, files.status(kit::StatusFeed::developer));
+    const auto releases = cached(holdings, files.releases());
+    kit::TrackerAnswers answers;
+    if (consumer.value) answers.consumer = {&*consumer.value, consumer.fetchedAt};
+    if (developer.value) answers.developer = {&*developer.value, developer.fetchedAt};
+    if (releases.value) answers.releases = &*releases.value;
+    return kit::trackerChanges(answers, query.compiled(), since);
 }
 
 }  // namespace
 
 PanelLines streamLines(PanelHoldings& holdings, const PanelSpec& panel, const StoryQuery& query) {
-    return newestLines(holdings, panel, query, PanelHoldings::Origin::any, "No story matches.");
+    return newestLines(holdings, panel, query, PanelHoldings::Origin::any);
 }
 
 PanelLines appleLines(PanelHoldings& holdings, const PanelSpec& panel, const StoryQuery& query) {
-    return newestLines(holdings, panel, query, PanelHoldings::Origin::apple,
-                       "No post of Apple's matches.");
+    return newestLines(holdings, panel, query, PanelHoldings::Origin::apple);
 }
 
 PanelLines briefPanelLines(PanelHoldings& holdings, const StoryQuery& query) {
-    PanelLines lines;
+    const auto now = holdings.now();
+    const auto lastLook = holdings.lastLook();
     const MatchedNews matched(holdings, query);
-    for (const auto& line : kit::briefLines(kit::brief(matched.news(), holdings.lastLook()))) {
-        lines.push_back(printable(line.text));
-        if (!line.sources.empty()) {
-            lines.back() += holdings.session().out().dim(" – " + outletsText(line.sources));
-        }
+    const auto content = kit::brief(matched.news(), lastLook);
+    const auto items =
+        kit::briefItems(content, trackerChanges(holdings, query, kit::briefStart(lastLook, now)));
+    if (items.empty()) return {app::nothingNewText(content).toStdString()};
+    PanelLines lines;
+    if (!content.isEmpty()) lines.push_back(countLine(content));
+    for (const auto& item : items) {
+        const auto sources = app::briefSources(item, now, app::Style::plain());
+        lines.push_back(app::briefSentence(item, now, app::Style::plain()).toStdString() +
+                        holdings.session().out().dim(" – " + sources.toStdString()));
     }
     return lines;
 }
@@ -93,7 +129,7 @@ PanelLines topStoriesLines(PanelHoldings& holdings, const PanelSpec& panel,
                                     sourcingText(top.sourcing), printable(top.first.title)));
         lines.push_back(holdings.session().out().dim("    " + outletsText(top.outlets)));
     }
-    return orElse(std::move(lines), "No news that several outlets cover.");
+    return orEmptyText(std::move(lines), matched, panel.kind, query);
 }
 
 PanelLines claimsLines(PanelHoldings& holdings, const PanelSpec& panel, const StoryQuery& query) {
@@ -112,7 +148,7 @@ PanelLines claimsLines(PanelHoldings& holdings, const PanelSpec& panel, const St
         }
         lines.push_back(holdings.session().out().dim(who));
     }
-    return orElse(std::move(lines), "No reports or rumors match.");
+    return orEmptyText(std::move(lines), matched, panel.kind, query);
 }
 
 PanelLines coverageLines(PanelHoldings& holdings, const PanelSpec& panel, const StoryQuery& query) {
@@ -125,7 +161,7 @@ PanelLines coverageLines(PanelHoldings& holdings, const PanelSpec& panel, const 
             row.stories == 1 ? "story" : "stories", ageText(row.last, holdings.now()),
             row.timesFirst > 0 ? fmt::format(", first {}×", row.timesFirst) : ""));
     }
-    return orElse(std::move(lines), "No outlet covers it.");
+    return orEmptyText(std::move(lines), matched, panel.kind, query);
 }
 
 PanelLines scoopsLines(PanelHoldings& holdings, const PanelSpec& panel, const StoryQuery& query) {
@@ -136,10 +172,10 @@ PanelLines scoopsLines(PanelHoldings& holdings, const PanelSpec& panel, const St
         lines.push_back(fmt::format("{} {} {}", ageColumn(holdings, scoop.first.publishedAt),
                                     padTo(printable(scoop.first.outlet), kOutletColumns),
                                     printable(scoop.first.title)));
-        lines.push_back(holdings.session().out().dim(fmt::format(
-            "    {} before {}", spanText(scoop.lead()), printable(scoop.second.outlet))));
+        lines.push_back(holdings.session().out().dim(
+            "    " + app::leadText(scoop.first, scoop.second).toStdString()));
     }
-    return orElse(std::move(lines), "No news that several outlets tell.");
+    return orEmptyText(std::move(lines), matched, panel.kind, query);
 }
 
 }  // namespace cli

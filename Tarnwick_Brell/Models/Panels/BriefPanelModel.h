@@ -36,15 +36,8 @@ public:
     void open(int row) override;
 
 private:
-    /// The last look, or a day ago when there was none.
-    kit::Instant since() const;
     void show();
-    std::vector<BriefRow> newsRows() const;
-    std::vector<BriefRow> otherRows() const;
-    void addProblems(std::vector<BriefRow>& rows) const;
-    void addBuilds(std::vector<BriefRow>& rows) const;
-    void addPosts(std::vector<BriefRow>& rows) const;
-    void addIfWanted(std::vector<BriefRow>& rows, BriefRow row) const;
+    kit::TrackerAnswers trackerAnswers() const;
 
     kit::CompiledStoryQuery wanted_;
     std::optional<kit::BriefContent> content_;  ///< absent until stories were gathered

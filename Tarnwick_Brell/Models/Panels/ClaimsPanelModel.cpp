@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+#include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
@@ -66,8 +66,7 @@ void ClaimsPanelModel::show(const std::vector<Claim>& claims, const Extent& exte
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(kit::kClaimsSpan, extent),
-                tr("Nothing is reported or rumored."), extent);
+    becomeReady(rows_.rowCount(), spanFact(kit::kClaimsSpan, extent), extent);
 }
 
 void ClaimsPanelModel::open(int index) {

@@ -1,6 +1,6 @@
 #include "Tarnwick_Brell/Models/Panels/CoveragePanelModel.h"
 
-#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+#include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -31,8 +31,7 @@ void CoveragePanelModel::show(const std::vector<kit::CoverageRow>& outlets, cons
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(kit::kCoverageSpan, extent), tr("No outlet covers it."),
-                extent);
+    becomeReady(rows_.rowCount(), spanFact(kit::kCoverageSpan, extent), extent);
 }
 
 }  // namespace app

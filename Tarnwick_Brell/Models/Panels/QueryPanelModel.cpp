@@ -1,6 +1,6 @@
 #include "Tarnwick_Brell/Models/Panels/QueryPanelModel.h"
 
-#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
 namespace app {
@@ -24,7 +24,10 @@ QueryPanelModel::Extent QueryPanelModel::Extent::of(const QueryResult& gathered)
 
 QueryPanelModel::QueryPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
                                  const kit::StoryQuery& query)
-    : PanelModel(stores, panel), query_(query), gatherer_(gathererOf(stores)) {
+    : PanelModel(stores, panel),
+      query_(query),
+      panelKind_(panel.kind),
+      gatherer_(gathererOf(stores)) {
     connect(&news(), &NewsDesk::loadFailed, this,
             [this](const QString& sentence) { become({.state = Failed, .message = sentence}); });
 }
@@ -48,27 +51,20 @@ QString QueryPanelModel::spanFact(std::chrono::hours span, const Extent& extent)
                        : tr("Last %n days", nullptr, hours / 24);
 }
 
-QString QueryPanelModel::noStory(const Extent& extent) const {
-    const auto hours = std::chrono::round<std::chrono::hours>(extent.now - extent.from);
-    const auto span = spanText(hours);
-    const auto terms = termsText(query_);
-    return terms.isEmpty() ? tr("No story of the last %1 matches.").arg(span)
-                           : tr("No story of the last %1 mentions %2.").arg(span, terms);
-}
-
-void QueryPanelModel::becomeReady(int rows, const QString& fact, const QString& nothing,
-                                  const Extent& extent) {
+void QueryPanelModel::becomeReady(int rows, const QString& fact, const Extent& extent) {
     if (rows > 0) {
         become({.state = Ready, .fact = fact});
     } else if (!extent.newest) {
-        become({.state = Empty, .fact = fact, .message = noStory(extent)});
+        become({.state = Empty,
+                .fact = fact,
+                .message = noStoryText(panelKind_, query_, extent.now - extent.from)});
     } else {
         const auto count = static_cast<int>(extent.stories);
         const auto hint = count == 1 ? tr("The only story that matches is from %1.")
                                      : tr("%n stories match, the newest from %1.", nullptr, count);
         become({.state = Empty,
                 .fact = fact,
-                .message = nothing,
+                .message = nothingOfItText(panelKind_),
                 .hint = hint.arg(momentText(*extent.newest, extent.now))});
     }
 }

@@ -59,18 +59,17 @@ protected:
         gather([this, span] { return now() - span; }, std::move(make), std::move(show));
     }
 
-    /// Ready, or empty for lack of `rows`: `nothing` is the sentence that stands where stories
-    /// matched and none gave a row.
-    void becomeReady(int rows, const QString& fact, const QString& nothing, const Extent& extent);
+    /// Ready, or empty for lack of `rows`, with the sentence of the panel's kind.
+    void becomeReady(int rows, const QString& fact, const Extent& extent);
 
     /// "Last 48 hours", "Last 7 days"; "Since 4 Nov 09:12" when the wire was not read that far.
     static QString spanFact(std::chrono::hours span, const Extent& extent);
 
 private:
     void follow(std::function<kit::Instant()> earliest, PanelStoryCollector::Make make);
-    QString noStory(const Extent& extent) const;
 
     kit::StoryQuery query_;
+    kit::PanelKind panelKind_;
     std::shared_ptr<PanelStoryCollector> gatherer_;
     PanelStoryCollector::Ticket ticket_ = 0;
 };

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
-#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+#include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
@@ -40,8 +40,7 @@ void ScoopsPanelModel::show(const std::vector<kit::Scoop>& scoops, const Extent&
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(kSpan, extent),
-                tr("No news that one outlet had before others."), extent);
+    becomeReady(rows_.rowCount(), spanFact(kSpan, extent), extent);
 }
 
 void ScoopsPanelModel::open(int index) {

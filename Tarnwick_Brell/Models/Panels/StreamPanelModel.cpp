@@ -1,6 +1,6 @@
 #include "Tarnwick_Brell/Models/Panels/StreamPanelModel.h"
 
-#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
 
 namespace app {
 
@@ -8,12 +8,12 @@ StreamPanelModel::StreamPanelModel(const PanelStores& stores, const kit::PanelSp
                                    const kit::StoryQuery& query)
     : PanelModel(stores, panel),
       query_(query),
-      isAppleOnly_(panel.kind == kit::PanelKind::apple),
+      panelKind_(panel.kind),
       stories_(stores.news, stores.clock) {
     connect(&stories_, &StoryListModel::countChanged, this, &StreamPanelModel::look);
     connect(&news(), &NewsDesk::loadFailed, this,
             [this](const QString& sentence) { become({.state = Failed, .message = sentence}); });
-    stories_.show({.query = query, .isAppleOnly = isAppleOnly_});
+    stories_.show({.query = query, .isAppleOnly = panel.kind == kit::PanelKind::apple});
 }
 
 void StreamPanelModel::look() {
@@ -27,17 +27,8 @@ void StreamPanelModel::look() {
                 .message = tr("No stories yet."),
                 .hint = tr("They come with the first refresh.")});
     } else {
-        become({.state = Empty, .message = noStory()});
+        become({.state = Empty, .message = noStoryText(panelKind_, query_)});
     }
-}
-
-QString StreamPanelModel::noStory() const {
-    const auto terms = termsText(query_);
-    if (isAppleOnly_) {
-        return terms.isEmpty() ? tr("No post of Apple's matches.")
-                               : tr("No post of Apple's mentions %1.").arg(terms);
-    }
-    return terms.isEmpty() ? tr("No story matches.") : tr("No story mentions %1.").arg(terms);
 }
 
 void StreamPanelModel::open(int row) {

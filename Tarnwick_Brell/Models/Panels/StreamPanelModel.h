@@ -21,10 +21,9 @@ public:
 
 private:
     void look();
-    QString noStory() const;
 
     kit::StoryQuery query_;
-    bool isAppleOnly_;
+    kit::PanelKind panelKind_;
     StoryListModel stories_;
 };
 

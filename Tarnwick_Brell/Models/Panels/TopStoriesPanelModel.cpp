@@ -1,7 +1,7 @@
 #include "Tarnwick_Brell/Models/Panels/TopStoriesPanelModel.h"
 
 #include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
-#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+#include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
@@ -35,8 +35,7 @@ void TopStoriesPanelModel::show(const std::vector<kit::TopStory>& stories, const
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(kit::kTopStoriesSpan, extent),
-                tr("No news that several outlets cover."), extent);
+    becomeReady(rows_.rowCount(), spanFact(kit::kTopStoriesSpan, extent), extent);
 }
 
 void TopStoriesPanelModel::open(int index) {

@@ -186,24 +186,63 @@ TEST(Brief, TellsWhatCameSinceTheLastLookTheMostToldFirst) {
                    // clang-format on
                    {"archive", "Dale", 24 * 40, Sourcing::unlabeled, false, 24 * 40 - 1}},
                   {{"old", "a1", "a2"}});
-    const auto lines = [](const BriefContent& content) {
-        std::string text;
-        for (const auto& line : briefLines(content)) text += line.text + names(line.sources) + "\n";
-        return text;
+    const auto text = [](const BriefContent& content) {
+        auto all = std::to_string(content.stories) + " of " + std::to_string(content.outlets);
+        if (content.apple)
+            all +=
+                ", " + std::to_string(content.apple->count) + "x " + content.apple->latest.storyID;
+        for (const auto& topic : content.topics)
+            all += "; " + topic.headline.storyID + " " + names(topic.outlets);
+        return all;
     };
-    EXPECT_EQ(lines(brief(news.get(), hoursAgo(4))),
-              "7 new stories from 4 outlets since your last look.\n"
-              "Apple posted 2 times, last: Title of n2Apple\n"
-              "Title of a1Post,Tide\n"
-              "Title of c1Tide\n"
-              "Title of b1Dale\n"
-              "Title of latelyDale\n");
-    EXPECT_EQ(lines(brief(news.get(), hoursAgo(0.7))),
-              "1 new story from 1 outlet since your last look.\n"
-              "Apple posted: Title of n2Apple\n");
-    EXPECT_EQ(lines(brief(news.get(), kNow)), "Nothing new since your last look.\n");
-    EXPECT_EQ(lines(brief({.now = kNow}, std::nullopt)), "Nothing new in the last day.\n");
+    EXPECT_EQ(text(brief(news.get(), hoursAgo(4))),
+              "7 of 4, 2x n2; a1 Post,Tide; c1 Tide; b1 Dale; lately Dale");
+    EXPECT_EQ(text(brief(news.get(), hoursAgo(0.7))), "1 of 1, 1x n2");
+    EXPECT_EQ(text(brief(news.get(), kNow)), "0 of 0");
+    EXPECT_EQ(text(brief(news.get(), hoursAgo(24 * 300))),
+              text(brief(news.get(), hoursAgo(24 * 30))))
+        << "a long absence is cut to a month";
     EXPECT_EQ(brief(news.get(), std::nullopt).topics.front().headline.storyID, "old");
+}
+
+TEST(Brief, ChangesOfTrackersStandAmongTheTopics) {
+    using Incident = AppleServiceStatus::Incident;
+    const auto problem = [](const char* name, std::optional<double> hours) {
+        Incident incident{.status = "ongoing"};
+        if (hours) incident.started = hoursAgo(*hours);
+        return AppleServiceStatus::Service{.name = name, .events = {incident}};
+    };
+    const AppleServiceStatus::Services services{problem("Tune Box", 1), problem("Old Trouble", 99),
+                                                problem("Undated", std::nullopt)};
+    const std::vector<PlatformRelease> releases{
+        {.platform = "iOS",
+         .current = SoftwareRelease{.title = "iOS 26.5", .published = hoursAgo(99)},
+         .beta = SoftwareRelease{
+             .version = "26.6", .stage = "beta 1", .build = "23G5", .published = hoursAgo(1)}}};
+    const TrackerAnswers answers{.consumer = {&services, kNow}, .releases = &releases};
+    const auto changes = [&](const StoryQuery& query) {
+        return trackerChanges(answers, query.compiled(), hoursAgo(4));
+    };
+    BriefContent content{.topics = {{.headline = {.title = "A"}}, {.headline = {.title = "B"}}},
+                         .apple = BriefContent::ApplePosts{.count = 1}};
+    const auto text = [&](const StoryQuery& query) {
+        std::string all;
+        for (const auto& item : briefItems(content, changes(query))) {
+            if (const auto* topic = std::get_if<BriefContent::Topic>(&item)) {
+                all += topic->headline.title + "; ";
+            } else if (const auto* change = std::get_if<TrackerChange>(&item)) {
+                all += change->subject + "; ";
+            } else {
+                all += "Apple; ";
+            }
+        }
+        return all;
+    };
+    EXPECT_EQ(text({}), "A; Tune Box; B; Undated; iOS 26.6 beta 1; Apple; ");
+    EXPECT_EQ(text({.anyTerms = {"23G5"}}), "A; iOS 26.6 beta 1; B; Apple; ");
+    EXPECT_EQ(text({.sourceIDs = {"somewhere"}}), "A; Apple; B; ") << "trackers are no source";
+    EXPECT_EQ(changes({})[0].seenAt, kNow);
+    EXPECT_TRUE(trackerChanges({}, StoryQuery().compiled(), hoursAgo(4)).empty());
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Tarnwick_Brell/Models/Panels/CoveragePanelModel.h"
-#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+#include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Models/Stories/WirePage.h"
 #include "Tarnwick_Brell/Models/Window/RefreshStatus.h"
 #include "Tarnwick_Brell/Window/Translations.h"

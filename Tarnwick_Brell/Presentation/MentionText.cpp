@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/Models/Panels/MentionText.h"
+#include "Tarnwick_Brell/Presentation/MentionText.h"
 
 #include <chrono>
 
@@ -22,7 +22,7 @@ struct PanelText {
     Q_DECLARE_TR_FUNCTIONS(PanelText)
 };
 
-/// Feeds that give a day only have midnight sharp.
+/// Feeds that give a day without a time have midnight sharp.
 bool isDayOnly(Instant instant) {
     return instant == std::chrono::floor<std::chrono::days>(instant);
 }
@@ -38,12 +38,13 @@ QString leadText(const StoryMention& first, const StoryMention& second) {
     return PanelText::tr("%1 before %2").arg(spanText(lead), outlet);
 }
 
-QString sourcesText(const std::vector<StoryMention>& outlets, Instant now) {
+QString sourcesText(const std::vector<StoryMention>& outlets, Instant now, const Style& style) {
     QStringList parts;
-    // A single one that is left takes no more room than saying so.
+    // A single further outlet takes no more room than "1 more".
     const auto named = outlets.size() == kNamedSources + 1 ? outlets.size() : kNamedSources;
     for (std::size_t i = 0; i < outlets.size() && i < named; ++i) {
-        parts << titleText(outlets[i].outlet) + u' ' + momentText(outlets[i].publishedAt, now);
+        parts << titleText(outlets[i].outlet) + u' ' +
+                     momentText(outlets[i].publishedAt, now, style);
     }
     if (outlets.size() > named) {
         parts << PanelText::tr("%n more", nullptr, static_cast<int>(outlets.size() - named));

@@ -1,0 +1,63 @@
+#include "NewsroomKit/Panels/TrackerChanges.h"
+
+#include "NewsroomKit/Trackers/Status/AppleStatusAPI.h"
+
+namespace kit {
+
+namespace {
+
+bool isWanted(const CompiledStoryQuery& wanted, const TrackerChange& change) {
+    const auto title = change.subject + " " + change.build;
+    return wanted.matches(StoryFacts{.sourcing = Sourcing::confirmed, .title = title});
+}
+
+void addProblems(std::vector<TrackerChange>& changes, const TrackerAnswers::Status& status,
+                 Instant since) {
+    if (!status.services) return;
+    for (const auto& report : AppleServiceStatus::ongoingReports(*status.services)) {
+        const auto& started = report.incident.started;
+        if (started && *started < since) continue;
+        changes.push_back({.kind = TrackerChange::Kind::problem,
+                           .subject = report.service,
+                           .at = started,
+                           .seenAt = status.fetchedAt,
+                           .link = std::string(AppleStatusAPI::kPage)});
+    }
+}
+
+std::string systemName(const std::string& platform, const SoftwareRelease& release) {
+    if (!release.title.empty()) return release.title;
+    std::string name = platform;
+    for (const auto& part : {release.version, release.stage}) {
+        if (!part.empty()) name += " " + part;
+    }
+    return name;
+}
+
+void addBuilds(std::vector<TrackerChange>& changes, const std::vector<PlatformRelease>& releases,
+               Instant since) {
+    for (const auto& platform : releases) {
+        for (const auto* release : {&platform.current, &platform.beta}) {
+            if (!*release || (*release)->published < since) continue;
+            changes.push_back({.kind = TrackerChange::Kind::build,
+                               .subject = systemName(platform.platform, **release),
+                               .build = (*release)->build,
+                               .at = (*release)->published,
+                               .link = (*release)->url});
+        }
+    }
+}
+
+}  // namespace
+
+std::vector<TrackerChange> trackerChanges(const TrackerAnswers& answers,
+                                          const CompiledStoryQuery& wanted, Instant since) {
+    std::vector<TrackerChange> changes;
+    addProblems(changes, answers.consumer, since);
+    addProblems(changes, answers.developer, since);
+    if (answers.releases) addBuilds(changes, *answers.releases, since);
+    std::erase_if(changes, [&](const auto& change) { return !isWanted(wanted, change); });
+    return changes;
+}
+
+}  // namespace kit

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "NewsroomKit/Queries/StoryQuery.h"
+#include "NewsroomKit/Trackers/Releases/PlatformRelease.h"
+#include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
+
+namespace kit {
+
+/// A service that is in trouble, or a system that is out, as briefs report it.
+struct TrackerChange {
+    enum class Kind { problem, build };
+
+    Kind kind = Kind::problem;
+    std::string subject{};            ///< "App Store", "iOS 26.6 beta 1"
+    std::string build{};              ///< "23G5028e"; may be empty
+    std::optional<Instant> at{};      ///< the problem's start, or the release
+    std::optional<Instant> seenAt{};  ///< when the answer that says so came
+    std::string link{};
+
+    bool operator==(const TrackerChange&) const = default;
+};
+
+/// The last good answers of the trackers that briefs report on; null for what never came.
+struct TrackerAnswers {
+    struct Status {
+        const AppleServiceStatus::Services* services = nullptr;
+        std::optional<Instant> fetchedAt{};
+    };
+
+    Status consumer{};
+    Status developer{};
+    const std::vector<PlatformRelease>* releases = nullptr;
+};
+
+/// Ongoing problems that began at `since` or later, or whose start Apple does not give, then builds
+/// published since. The query is asked with the subject and build as a title, as it would be about
+/// a confirmed story of no source.
+std::vector<TrackerChange> trackerChanges(const TrackerAnswers& answers,
+                                          const CompiledStoryQuery& wanted, Instant since);
+
+}  // namespace kit
