@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """Newsrooms and beats from end to end: made, changed, taken away and brought back, shown."""
 import json
+import re
 import sqlite3
 import unittest
 
 from harness import Desk, PressRoom
+from world_time import World
 
 
 class NewsroomsAndBeats(unittest.TestCase):
@@ -116,6 +118,54 @@ class NewsroomsAndBeats(unittest.TestCase):
         self.desk.run("newsroom", "remove", "Chips")
         self.desk.run("newsroom", "restore", "Chips")
         self.assertEqual(self.names(), ["Chips", "Today"])
+
+    # What a panel of each kind says once all has been fetched, line by line as patterns.
+    PANELS = {
+        "stream": [r"^(now|\d+ min|\d+ h|Yesterday|\d{4}-\d\d-\d\d) +\S+.* \S"],
+        "brief": [r"^\d+ new stories from \d+ outlets in the last 24 hours\.$",
+                  r"^\S.* is having a problem since \d{4}-\d\d-\d\d \d\d:\d\d UTC\. – System Status \d{4}-",
+                  r"^iOS 27\.2 beta 3 is out, build 24C5052a\. – Apple Developer Releases \d{4}-"],
+        "topStories": [r"^ ?\d+ outlets", r"^    \S.*, \S"],
+        "countdown": [r"^(today|tomorrow|in \d days) +(Developer session|HomePad in stores).*, \d{4}-\d\d-\d\d \d\d:\d\d UTC$",
+                      r"^(today|yesterday) +Third betas of .*, released$",
+                      r"^as of \d{4}-\d\d-\d\d \d\d:\d\d UTC, just now$"],
+        "claims": [r"^(Rumored|Reported|Apple spoke|Confirmed) +\S", r"^    .+, (.+ ago|yesterday)"],
+        "stock": [r"^[\d,]+\.\d\d USD  [+\u2212]?\d+\.\d\d \([+\u2212]?\d+\.\d\d%\)  "
+                  r"(Open|Closed|Before hours|After hours)$", r" [┤│] "],
+        "software": [r"^iOS +27\.\d"],
+        "status": [r"App Store"],
+        "coverage": [r"^\S.* +\d+ stor(y|ies), last "],
+        "apple": [r"Apple"],
+        "scoops": [r"^    (under a minute|\d+ (min|h|d).*) before \S"],
+        "suppliers": [r"^Apple$", r"^  AAPL +Apple Inc\. +\d+\.\d\d USD  [+\u2212]?\d+\.\d\d%$", r"^Suppliers$",
+                      r"^  2317\.TW +Hon Hai Precision .* TWD"],
+        "backend": [r"\(\w+\)"],
+        "records": [r"signing|signed"],
+        "releases": [r"\(24C5052a\)"],
+    }
+
+    def test_each_kind_of_panel_says_what_it_shows(self):
+        room = World().room(30)
+        self.addCleanup(room.close)
+        self.desk.network = room.network
+        for command in ("refresh", "status", "status --developer", "releases", "events", "quote --range 1m",
+                        "quote --range 1d", "board", "signing", "updates"):
+            self.desk.run(*command.split())
+        self.desk.run("newsroom", "new", "All", "--panels", ",".join(self.PANELS))
+        shown = {panel["kind"]: panel["lines"] for panel in self.desk.json("newsroom", "show", "All")["panels"]}
+        self.assertEqual(set(shown), set(self.PANELS))
+        for kind, patterns in self.PANELS.items():
+            for pattern in patterns:
+                self.assertTrue(any(re.search(pattern, line) for line in shown[kind]), (kind, pattern, shown[kind]))
+        self.assertNotIn("released", shown["countdown"][0], "the next event stands first")
+        names = [line for line in shown["suppliers"] if re.match(r"\S", line)]
+        self.assertEqual(len(names), len(set(names)), "each group stands once")
+
+        empty = Desk(room.network)
+        self.addCleanup(empty.close)
+        empty.run("newsroom", "new", "All", "--panels", ",".join(self.PANELS))
+        for panel in empty.json("newsroom", "show", "All")["panels"]:
+            self.assertRegex(panel["lines"][0], r"^(No|Nothing|Not fetched yet)", panel["kind"])
 
     def test_a_beat_follows_what_it_says(self):
         self.desk.run("refresh")
