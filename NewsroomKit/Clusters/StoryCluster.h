@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,5 +14,8 @@ struct StoryCluster {
 
     bool operator==(const StoryCluster&) const = default;
 };
+
+/// For readers on several threads.
+using SharedClusters = std::shared_ptr<const std::vector<StoryCluster>>;
 
 }  // namespace kit

@@ -61,6 +61,20 @@ void StoryClusterer::forgetBefore(Instant instant) {
     std::erase_if(entries_, [&](const auto& row) { return row.second.publishedAt < instant; });
 }
 
+void StoryClusterer::keepNewest(std::size_t count) {
+    if (entries_.size() <= count) return;
+    using Age = std::pair<Instant, std::string_view>;
+    std::vector<Age> ages;
+    ages.reserve(entries_.size());
+    for (const auto& [id, entry] : entries_) ages.emplace_back(entry.publishedAt, id);
+    const auto oldest = ages.begin() + static_cast<std::ptrdiff_t>(ages.size() - count);
+    std::nth_element(ages.begin(), oldest, ages.end());
+    const auto kept = *oldest;
+    std::erase_if(entries_, [&](const auto& row) {
+        return std::pair<Instant, std::string_view>(row.second.publishedAt, row.first) < kept;
+    });
+}
+
 std::vector<StoryCluster> StoryClusterer::clusters() const {
     // 1. One order for the same stories, whatever way they came in.
     std::vector<const ClusterEntry*> entries;

@@ -32,6 +32,8 @@ public:
     void remove(std::span<const std::string> storyIDs);
     /// Forgets the stories published before `instant`.
     void forgetBefore(Instant instant);
+    /// Forgets the oldest stories beyond `count`; equal times by id.
+    void keepNewest(std::size_t count);
 
     /// Those of at least two stories from at least two sources. The one with the newest story
     /// comes first; equal times by id.

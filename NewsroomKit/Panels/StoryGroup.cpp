@@ -38,7 +38,10 @@ std::vector<StoryGroup> groupStories(const PanelNews& news, Instant earliest) {
         for (const auto& id : news.clusters[i].storyIDs) clusterOf.emplace(id, i);
     }
     std::vector<StoryGroup> groups(news.clusters.size());
+    const Instant oldest =
+        earliest > Instant::min() + kEarlierContext ? earliest - kEarlierContext : Instant::min();
     for (const auto& story : news.stories) {
+        if (story.story->publishedAt < oldest) continue;
         const auto cluster = clusterOf.find(story.story->id);
         auto& group = cluster == clusterOf.end() ? groups.emplace_back() : groups[cluster->second];
         group.stories.push_back(&story);

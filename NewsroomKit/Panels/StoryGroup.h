@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -21,9 +22,13 @@ struct StoryGroup {
     Sourcing sourcing() const;
 };
 
-/// Every story is in exactly one group. Groups whose newest story is older than `earliest` are
-/// left out; of the others the one with the newest story comes first, equal times by id of the
-/// first story.
+/// Stories that were published this long before a panel's span still count as members of its
+/// groups: they show who told the news first.
+inline constexpr std::chrono::hours kEarlierContext{48};
+
+/// Every story is in exactly one group, except those older than `earliest` and its context.
+/// Groups whose newest story is older than `earliest` are left out. The group with the newest
+/// story comes first, equal times by id of the first story.
 std::vector<StoryGroup> groupStories(const PanelNews& news, Instant earliest);
 
 /// The key under which an outlet's name is the same however it is written.

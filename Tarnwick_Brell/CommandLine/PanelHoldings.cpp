@@ -1,8 +1,6 @@
 #include "Tarnwick_Brell/CommandLine/PanelHoldings.h"
 
-#include "NewsroomKit/Clusters/StoryClusterer.h"
-#include "NewsroomKit/Panels/Claims.h"
-#include "NewsroomKit/Panels/Coverage.h"
+#include "NewsroomKit/Panels/RecentClusters.h"
 
 namespace cli {
 
@@ -22,7 +20,7 @@ std::vector<app::StoredStory> PanelHoldings::newest(const kit::StoryQuery& query
 const std::vector<app::StoredStory>& PanelHoldings::recent() {
     if (recent_) return *recent_;
     recent_.emplace();
-    session_.storeForReading().stories().eachInWireOrder(now() - kit::kCoverageSpan,
+    session_.storeForReading().stories().eachInWireOrder(now() - kit::RecentClusters::kSpan,
                                                          [&](const app::StoredStory& stored) {
                                                              recent_->push_back(stored);
                                                              return true;
@@ -32,14 +30,9 @@ const std::vector<app::StoredStory>& PanelHoldings::recent() {
 
 const std::vector<kit::StoryCluster>& PanelHoldings::clusters() {
     if (clusters_) return *clusters_;
-    std::vector<kit::Story> stories;
-    for (const auto& stored : recent()) {
-        if (stored.story.publishedAt < now() - kit::kClaimsSpan) break;
-        stories.push_back(stored.story);
-    }
-    kit::StoryClusterer clusterer;
-    clusterer.add(stories);
-    return clusters_.emplace(clusterer.clusters());
+    kit::RecentClusters clusters;
+    for (const auto& stored : recent()) clusters.add(stored.story, now());
+    return clusters_.emplace(clusters.clusters(now()));
 }
 
 std::optional<kit::Instant> PanelHoldings::lastLook() {

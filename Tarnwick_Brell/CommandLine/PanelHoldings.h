@@ -27,7 +27,7 @@ public:
     std::vector<app::StoredStory> newest(const kit::StoryQuery& query, Origin origin,
                                          std::size_t limit);
 
-    /// The stories of the last month, newest first, and the clusters of those of late.
+    /// The stories of the last month, newest first, and their clusters.
     const std::vector<app::StoredStory>& recent();
     const std::vector<kit::StoryCluster>& clusters();
 

@@ -6,6 +6,7 @@
 #include "NewsroomKit/Panels/Brief.h"
 #include "NewsroomKit/Panels/Claims.h"
 #include "NewsroomKit/Panels/Coverage.h"
+#include "NewsroomKit/Panels/RecentClusters.h"
 #include "NewsroomKit/Panels/Scoops.h"
 #include "NewsroomKit/Panels/TopStories.h"
 
@@ -119,6 +120,12 @@ TEST(Claims, AreWhatWasSaidBeforeAppleSaidAnything) {
         {"Apple first", {{"a", "Apple", 9, confirmed, true}, {"b", "Tide", 8, report}}, "none"},
         {"no claim", {{"a", "Post", 9}, {"b", "Tide", 8}}, "none"},
         {"too old", {{"a", "Post", 24 * 15, rumor}}, "none"},
+        {"Apple first, just before the span",
+         {{"a", "Apple", 24 * 15, confirmed, true}, {"b", "Tide", 24 * 13, report}},
+         "none"},
+        {"older than what counts",
+         {{"a", "Apple", 24 * 17, confirmed, true}, {"b", "Tide", 24 * 13, report}},
+         "reported by Tide, 1"},
     };
     for (const auto& c : cases) {
         std::vector<std::string> ids;
@@ -243,6 +250,27 @@ TEST(Brief, ChangesOfTrackersStandAmongTheTopics) {
     EXPECT_EQ(text({.sourceIDs = {"somewhere"}}), "A; Apple; B; ") << "trackers are no source";
     EXPECT_EQ(changes({})[0].seenAt, kNow);
     EXPECT_TRUE(trackerChanges({}, StoryQuery().compiled(), hoursAgo(4)).empty());
+}
+
+TEST(RecentClusters, ReachAsFarBackAsTheLongestPanel) {
+    const auto story = [](std::string id, std::string source, double hours) {
+        return Story{.id = id,
+                     .link = "https://" + source + ".example/" + id,
+                     .title = "Quillmark headset appears in blue factory photos",
+                     .publishedAt = hoursAgo(hours),
+                     .sourceID = source};
+    };
+    const double day = 24;
+    RecentClusters clusters;
+    EXPECT_FALSE(clusters.hasChanged());
+    for (const double days : {1.0, 13.0, 29.0, 31.0}) {
+        clusters.add(story("a" + std::to_string(days), "post", days * day), kNow);
+        clusters.add(story("b" + std::to_string(days), "tide", days * day - 1), kNow);
+    }
+    EXPECT_TRUE(clusters.hasChanged());
+    EXPECT_EQ(clusters.clusters(kNow).size(), 3u);
+    EXPECT_FALSE(clusters.hasChanged());
+    EXPECT_EQ(clusters.clusters(kNow + 48h).size(), 2u) << "what has become too old is dropped";
 }
 
 }  // namespace

@@ -1,0 +1,18 @@
+#include "NewsroomKit/Panels/RecentClusters.h"
+
+namespace kit {
+
+void RecentClusters::add(const Story& story, Instant now) {
+    if (story.publishedAt < now - kSpan) return;
+    clusterer_.add({&story, 1});
+    hasChanged_ = true;
+}
+
+std::vector<StoryCluster> RecentClusters::clusters(Instant now) {
+    hasChanged_ = false;
+    clusterer_.forgetBefore(now - kSpan);
+    clusterer_.keepNewest(kMostStories);
+    return clusterer_.clusters();
+}
+
+}  // namespace kit

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <vector>
+
+#include "NewsroomKit/Clusters/StoryClusterer.h"
+#include "NewsroomKit/Panels/Coverage.h"
+
+namespace kit {
+
+/// The clusters of all stories that a panel can show. The window and the command line both use
+/// them, so that their panels agree.
+class RecentClusters {
+public:
+    /// The longest span of a panel.
+    static constexpr std::chrono::days kSpan = kCoverageSpan;
+    /// Of more stories only the newest are clustered.
+    static constexpr std::size_t kMostStories = 50'000;
+
+    /// Adds or replaces a story. One that is older than the span is ignored.
+    void add(const Story& story, Instant now);
+
+    /// Whether a story was added since the last call of clusters().
+    bool hasChanged() const { return hasChanged_; }
+
+    /// Drops what is too old and clusters the rest anew.
+    std::vector<StoryCluster> clusters(Instant now);
+
+private:
+    StoryClusterer clusterer_;
+    bool hasChanged_ = false;
+};
+
+}  // namespace kit
