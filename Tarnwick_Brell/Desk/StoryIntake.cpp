@@ -68,8 +68,8 @@ bool isWanted(const Story& story, const NewsSource& source, Instant oldest) {
 
 }  // namespace
 
-std::vector<Story> storiesToKeep(const NewsSource& source, std::vector<Story> stories,
-                                 StoryTimes times) {
+std::vector<Story> storiesToStore(const NewsSource& source, std::vector<Story> stories,
+                                  StoryTimes times) {
     for (auto& story : stories) {
         cutTexts(story);
         story.publishedAt = std::min(story.publishedAt, times.latest);
@@ -85,7 +85,7 @@ std::optional<Instant> newestOf(const std::vector<Story>& stories) {
     return newest;
 }
 
-std::string nameToKeep(std::string_view name) {
+std::string shortenedName(std::string_view name) {
     std::string kept(name);
     cut(kept, kName);
     return kept;

@@ -29,7 +29,7 @@ TEST(StoryIntake, TextsAreCutBetweenCharactersAndNothingHasMegabytes) {
                 .destinationName = repeated("d", 500)};
     story.credits.resize(80, {.name = accents, .detail = accents});
     story.credits[0].url = "https://a.example/" + std::string(1'000'000, 'x');
-    const auto kept = storiesToKeep({}, {story, {.title = accents}}, kAnyTime);
+    const auto kept = storiesToStore({}, {story, {.title = accents}}, kAnyTime);
     EXPECT_EQ(kept[0].title, repeated(family, 2000));
     EXPECT_EQ(kept[0].sourceName.size(), 200u);
     EXPECT_EQ(kept[0].destinationName->size(), 200u);
@@ -47,7 +47,7 @@ TEST(StoryIntake, AStoryThatNoBrowserCouldOpenIsLeftOut) {
     const auto link = [](std::size_t size) {
         return "https://a.example/" + std::string(size, 'x');
     };
-    const auto kept = storiesToKeep(
+    const auto kept = storiesToStore(
         {}, {{.link = link(1'000'000), .title = "No"}, {.link = link(2000), .title = "Yes"}},
         kAnyTime);
     ASSERT_EQ(kept.size(), 1u);
@@ -55,8 +55,8 @@ TEST(StoryIntake, AStoryThatNoBrowserCouldOpenIsLeftOut) {
 }
 
 TEST(StoryIntake, NamesOfSourcesAreCutToo) {
-    EXPECT_EQ(nameToKeep(repeated("ü", 900)), repeated("ü", 200));
-    EXPECT_EQ(nameToKeep("Harbor Wire"), "Harbor Wire");
+    EXPECT_EQ(shortenedName(repeated("ü", 900)), repeated("ü", 200));
+    EXPECT_EQ(shortenedName("Harbor Wire"), "Harbor Wire");
 }
 
 }  // namespace
