@@ -18,6 +18,7 @@
 #include "PressRoom/Server/Server.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Storage/Settings/Paths.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "benchmarks/InventedOutlets.h"
 
 namespace {

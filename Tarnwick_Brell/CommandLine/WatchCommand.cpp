@@ -52,7 +52,7 @@ public:
 private:
     void connectDesk() {
         using app::NewsDesk;
-        QObject::connect(&desk_, &NewsDesk::storiesArrived, &desk_,
+        QObject::connect(&desk_, &NewsDesk::newsStored, &desk_,
                          [this](const auto& numbers) { printStories(numbers); });
         QObject::connect(&desk_, &NewsDesk::refreshChanged, &desk_, [this] { printProgress(); });
         QObject::connect(&desk_, &NewsDesk::passEnded, &desk_, [this](const auto& report) {

@@ -8,7 +8,8 @@
 
 namespace app {
 
-/// News to tell the user of. A crowd is told of as one: then `stories` has the newest only.
+/// Stories to announce. Above kMostOneByOne, one summary is posted and `stories` has only the
+/// newest.
 struct Announcement {
     static constexpr std::size_t kMostOneByOne = 20;
 

@@ -1,15 +1,16 @@
 #include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
 
+#include <memory>
 #include <utility>
+
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
 
-using kit::Story;
-
 namespace {
 
-/// A story that the user has read before it came, on another computer or before it was dropped, is
-/// no news.
+/// A story that the user had read before it came, on another computer or before it was dropped,
+/// is no news.
 bool isNews(const StoredStory& stored) {
     return stored.arrival == Arrival::fresh && !stored.readAt;
 }
@@ -18,141 +19,135 @@ bool isNews(const StoredStory& stored) {
 
 DeskUpdateBuilder::DeskUpdateBuilder(LocalStore& store, kit::Clock clock,
                                      const std::atomic<bool>& isClosing)
-    : store_(store), clock_(std::move(clock)), isClosing_(isClosing), roster_(store.sources()) {}
+    : store_(store), clock_(std::move(clock)), isClosing_(isClosing), registry_(store.sources()) {}
 
-DeskUpdate DeskUpdateBuilder::newest(std::size_t count) {
-    DeskUpdate step;
+DeskUpdate DeskUpdateBuilder::newestStories(std::size_t count) {
+    DeskUpdate update;
     Wire::Batch stories;
     store_.stories().eachViewInWireOrder(std::nullopt, [&](const StoryView& story) {
         stories.push_back(PackedStory::make(story));
         return stories.size() < count;
     });
-    step.wire.emplace().replace(std::move(stories));
-    step.roster = toldRoster_ = rosterState();
-    step.sourceStates = toldStates_ = sourceStates();
-    addTimes(step);
-    return step;
+    update.wire.emplace().replace(std::move(stories));
+    update.sourceList = sentSources_ = registry_.state();
+    update.sourceStates = sentStates_ = readSourceStates();
+    addTimes(update);
+    return update;
 }
 
-DeskUpdate DeskUpdateBuilder::everything() {
-    DeskUpdate step;
-    step.isWholeWire = true;
+DeskUpdate DeskUpdateBuilder::wholeWire() {
+    DeskUpdate update;
+    update.isWholeWire = true;
     Wire::Batch stories;
-    // Before reading: what comes meanwhile is read twice rather than not at all.
+    // Before reading, so that stories that come meanwhile are read twice rather than not at all.
     stamp_ = store_.state().lastStamp();
     store_.hasForeignChanges();
-    const auto recent = clock_() - kClustered;
-    std::vector<Story> clustered;
     store_.stories().eachViewInWireOrder(std::nullopt, [&](const StoryView& story) {
-        if (story.publishedAt >= recent) clustered.push_back(story.stored().story);
         stories.push_back(PackedStory::make(story));
         return !isClosing_;
     });
-    step.wire.emplace().replace(std::move(stories));
-    cluster(clustered);
-    return step;
+    update.wire.emplace().replace(std::move(stories));
+    return update;
 }
 
-DeskUpdate DeskUpdateBuilder::kept(CommittedBatch pass) {
-    DeskUpdate result;
-    if (pass.stamp) noteOwnWrite(*pass.stamp);
-    std::vector<Story> clustered;
-    const auto recent = clock_() - kClustered;
-    for (auto* list : {&pass.added, &pass.revised}) {
+DeskUpdate DeskUpdateBuilder::firstClusters() {
+    const auto now = clock_();
+    std::size_t count = 0;
+    store_.stories().eachInWireOrder(
+        now - kit::RecentClusters::kSpan, [&](const StoredStory& stored) {
+            clusters_.add(stored.story, now);
+            return ++count < kit::RecentClusters::kMostStories && !isClosing_;
+        });
+    DeskUpdate update;
+    addTimes(update);
+    addClusters(update);
+    return update;
+}
+
+DeskUpdate DeskUpdateBuilder::committed(CommittedBatch batch) {
+    DeskUpdate update;
+    if (batch.stamp) recordOwnWrite(*batch.stamp);
+    const auto now = clock_();
+    for (auto* list : {&batch.added, &batch.revised}) {
         for (const auto& stored : *list) {
-            if (stored.story.publishedAt >= recent) clustered.push_back(stored.story);
-            result.stories.push_back(PackedStory::make(stored));
+            clusters_.add(stored.story, now);
+            update.stories.push_back(PackedStory::make(stored));
         }
     }
-    for (const auto& stored : pass.added) {
-        if (isNews(stored)) result.news.push_back(stored.number);
+    for (const auto& stored : batch.added) {
+        if (isNews(stored)) update.news.push_back(stored.number);
     }
-    cluster(clustered);
-    if (!pass.added.empty()) result.lastArrival = clock_();
-    SourceStates states = toldStates_;
-    for (const auto& outcome : pass.outcomes) {
+    if (!batch.added.empty()) update.lastArrival = now;
+    SourceStates states = sentStates_;
+    for (const auto& outcome : batch.outcomes) {
         if (!outcome.status.lastAttempt) continue;
         states.statuses[outcome.source.id] = outcome.status;
         states.healths[outcome.source.id] = outcome.health;
     }
-    if (states != toldStates_) result.sourceStates = toldStates_ = std::move(states);
-    return result;
+    if (states != sentStates_) update.sourceStates = sentStates_ = std::move(states);
+    return update;
 }
 
-DeskUpdate DeskUpdateBuilder::finished() {
-    DeskUpdate step;
-    addTimes(step);
-    if (std::exchange(clustersChanged_, false)) step.clusters = clusters();
-    return step;
+DeskUpdate DeskUpdateBuilder::passEnded() {
+    DeskUpdate update;
+    addTimes(update);
+    if (clusters_.hasChanged()) addClusters(update);
+    return update;
 }
 
-DeskUpdate DeskUpdateBuilder::rosterChanged() {
-    DeskUpdate step;
-    step.roster = toldRoster_ = rosterState();
-    return step;
+DeskUpdate DeskUpdateBuilder::sourceList() {
+    DeskUpdate update;
+    update.sourceList = sentSources_ = registry_.state();
+    return update;
 }
 
 std::optional<DeskUpdate> DeskUpdateBuilder::foreignChanges() {
-    // A look that fails half-way is taken again.
+    // Reading that throws half-way is repeated with the next call.
     hasUnread_ = store_.hasForeignChanges() || hasUnread_;
     if (!hasUnread_) return std::nullopt;
-    DeskUpdate step;
+    DeskUpdate update;
     const auto last = store_.state().lastStamp();
-    std::vector<Story> clustered;
-    const auto recent = clock_() - kClustered;
+    const auto now = clock_();
     store_.stories().eachChangedAfter(stamp_, [&](const StoredStory& stored) {
-        if (stored.story.publishedAt >= recent) clustered.push_back(stored.story);
-        if (isNews(stored)) step.news.push_back(stored.number);
-        step.stories.push_back(PackedStory::make(stored));
+        clusters_.add(stored.story, now);
+        if (isNews(stored)) update.news.push_back(stored.number);
+        update.stories.push_back(PackedStory::make(stored));
         return true;
     });
     stamp_ = last;
-    cluster(clustered);
-    if (std::exchange(clustersChanged_, false)) step.clusters = clusters();
-    roster_.reload();
-    if (auto roster = rosterState(); roster != toldRoster_) {
-        step.roster = toldRoster_ = std::move(roster);
+    if (clusters_.hasChanged()) addClusters(update);
+    registry_.reload();
+    if (auto sources = registry_.state(); sources != sentSources_) {
+        update.sourceList = sentSources_ = std::move(sources);
     }
-    if (auto states = sourceStates(); states != toldStates_) {
-        step.sourceStates = toldStates_ = std::move(states);
+    if (auto states = readSourceStates(); states != sentStates_) {
+        update.sourceStates = sentStates_ = std::move(states);
     }
-    addTimes(step);
+    addTimes(update);
     hasUnread_ = false;
-    return step;
+    return update;
 }
 
-void DeskUpdateBuilder::noteOwnWrite(std::int64_t stamp) {
-    // With another program's write in between both are read again at the next look.
+void DeskUpdateBuilder::recordOwnWrite(std::int64_t stamp) {
+    // With another program's write in between, foreignChanges() reads both again.
     if (stamp == stamp_ + 1) stamp_ = stamp;
 }
 
-SourceListState DeskUpdateBuilder::rosterState() const {
-    SourceListState state{.sources = roster_.sources()};
-    for (const auto& source : roster_.enabledSources()) state.enabled.insert(source.id);
-    return state;
-}
-
-SourceStates DeskUpdateBuilder::sourceStates() {
+SourceStates DeskUpdateBuilder::readSourceStates() {
     return {.statuses = store_.sources().statuses(), .healths = store_.sources().healths()};
 }
 
-void DeskUpdateBuilder::cluster(const std::vector<Story>& stories) {
-    if (stories.empty()) return;
-    clusterer_.add(stories);
-    clustersChanged_ = true;
+void DeskUpdateBuilder::addClusters(DeskUpdate& update) {
+    update.clusters =
+        std::make_shared<const std::vector<kit::StoryCluster>>(clusters_.clusters(clock_()));
 }
 
-std::vector<kit::StoryCluster> DeskUpdateBuilder::clusters() {
-    clusterer_.forgetBefore(clock_() - kClustered);
-    return clusterer_.clusters();
-}
-
-void DeskUpdateBuilder::addTimes(DeskUpdate& step) {
-    step.lastRefresh = store_.state().instant(DeskState::kLastRefresh);
-    step.lastArrival = store_.state().instant(DeskState::kLastArrival);
-    step.newSince = store_.state().instant(DeskState::kNewSince);
-    step.clockConfirmed = store_.state().instant(DeskState::kClockConfirmed);
-    step.canUndo = store_.marks().canUndo();
+void DeskUpdateBuilder::addTimes(DeskUpdate& update) {
+    update.lastRefresh = store_.state().instant(DeskState::kLastRefresh);
+    update.lastArrival = store_.state().instant(DeskState::kLastArrival);
+    update.newSince = store_.state().instant(DeskState::kNewSince);
+    update.clockConfirmed = store_.state().instant(DeskState::kClockConfirmed);
+    update.canUndo = store_.marks().canUndo();
 }
 
 }  // namespace app

@@ -1,104 +1,78 @@
 #pragma once
 
 #include <atomic>
-#include <chrono>
 #include <cstdint>
-#include <map>
-#include <memory>
 #include <optional>
-#include <set>
-#include <string>
 #include <vector>
 
 #include "NewsroomKit/Clusters/StoryCluster.h"
-#include "NewsroomKit/Clusters/StoryClusterer.h"
-#include "NewsroomKit/Ingestion/FeedClient.h"
-#include "NewsroomKit/Sources/NewsSource.h"
-#include "Tarnwick_Brell/Desk/RefreshPass.h"
+#include "NewsroomKit/Panels/RecentClusters.h"
+#include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Desk/PassReport.h"
 #include "Tarnwick_Brell/Desk/SourceRegistry.h"
 #include "Tarnwick_Brell/Desk/Wire.h"
-#include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
 
-struct SourceListState {
-    std::vector<kit::NewsSource> sources{};
-    std::set<std::string, std::less<>> enabled{};
+class LocalStore;
 
-    bool operator==(const SourceListState&) const = default;
-};
-
-struct SourceStates {
-    std::map<std::string, SourceStatus> statuses{};
-    std::map<std::string, SourceHealth> healths{};
-
-    bool operator==(const SourceStates&) const = default;
-};
-
-/// What the main thread is to take over. What is absent has not changed.
+/// Changes that the main thread applies. Absent members are unchanged.
 struct DeskUpdate {
-    std::optional<Wire> wire{};  ///< in place of the one before; indexed here, off the main thread
+    std::optional<Wire> wire{};  ///< replaces the wire; indexed on the worker's thread
     bool isWholeWire = false;
     Wire::Batch stories{};             ///< added or changed
-    std::vector<std::int64_t> news{};  ///< numbers of those stories that came as news
-    std::optional<SourceListState> roster{};
+    std::vector<std::int64_t> news{};  ///< numbers of those stories that arrived as news
+    std::optional<SourceListState> sourceList{};
     std::optional<SourceStates> sourceStates{};
-    std::optional<std::vector<kit::StoryCluster>> clusters{};
+    kit::SharedClusters clusters{};
     std::optional<kit::Instant> lastRefresh{};
     std::optional<kit::Instant> lastArrival{};
     std::optional<kit::Instant> newSince{};
     std::optional<kit::Instant> clockConfirmed{};
-    std::optional<bool> canUndo{};  ///< the library has a change of marks to take back
+    std::optional<bool> canUndo{};  ///< the library has a change of marks that can be undone
 };
 
-/// The worker's half of the desk: it knows what the main thread has been told, and makes the
-/// steps that bring it up to date. Used on the worker's thread only.
+/// Makes the updates that bring the main thread up to date with the library. Remembers what was
+/// sent. Used on the worker's thread only.
 class DeskUpdateBuilder {
 public:
-    /// Stories that are older belong to no cluster: news that is told again after three days is
-    /// told as new.
-    static constexpr std::chrono::hours kClustered{72};
-
-    /// Reading gives up when `isClosing`.
+    /// Reading stops early when `isClosing`.
     DeskUpdateBuilder(LocalStore& store, kit::Clock clock, const std::atomic<bool>& isClosing);
 
-    SourceRegistry& roster() { return roster_; }
+    SourceRegistry& registry() { return registry_; }
 
     /// The newest stories, for the first view.
-    DeskUpdate newest(std::size_t count);
-    /// The whole wire. Its clusters come with finished().
-    DeskUpdate everything();
+    DeskUpdate newestStories(std::size_t count);
+    DeskUpdate wholeWire();
+    /// Clusters and times after wholeWire().
+    DeskUpdate firstClusters();
 
-    DeskUpdate kept(CommittedBatch step);
-    /// After everything() and after a pass: what is worked out from the whole.
-    DeskUpdate finished();
-    /// After a change of the roster.
-    DeskUpdate rosterChanged();
+    DeskUpdate committed(CommittedBatch batch);
+    /// Clusters and times after a pass.
+    DeskUpdate passEnded();
+    /// After a change of the registry.
+    DeskUpdate sourceList();
 
-    /// What other programs have changed in the library since the last look.
+    /// What other programs have changed in the library since the last call.
     std::optional<DeskUpdate> foreignChanges();
 
-    /// To be called after each write of the desk's own, so that it is not taken for another
-    /// program's.
-    void noteOwnWrite(std::int64_t stamp);
+    /// Called after each write of this desk, so that foreignChanges() skips it.
+    void recordOwnWrite(std::int64_t stamp);
 
 private:
-    SourceListState rosterState() const;
-    SourceStates sourceStates();
-    std::vector<kit::StoryCluster> clusters();
-    void cluster(const std::vector<kit::Story>& stories);
-    void addTimes(DeskUpdate& step);
+    SourceStates readSourceStates();
+    void addClusters(DeskUpdate& update);
+    void addTimes(DeskUpdate& update);
 
     LocalStore& store_;
     kit::Clock clock_;
     const std::atomic<bool>& isClosing_;
-    SourceRegistry roster_;
-    kit::StoryClusterer clusterer_;
-    SourceListState toldRoster_;
-    SourceStates toldStates_;
-    std::int64_t stamp_ = 0;  ///< what has been written up to it is known
-    bool clustersChanged_ = false;
-    bool hasUnread_ = false;  ///< of another program's changes
+    SourceRegistry registry_;
+    kit::RecentClusters clusters_;
+    SourceListState sentSources_;
+    SourceStates sentStates_;
+    std::int64_t stamp_ = 0;  ///< everything written up to this stamp was sent
+    bool hasUnread_ = false;  ///< another program's changes are still to be read
 };
 
 }  // namespace app

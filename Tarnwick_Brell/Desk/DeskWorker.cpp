@@ -14,6 +14,9 @@
 #include <boost/asio/post.hpp>
 #include <boost/asio/steady_timer.hpp>
 
+#include "Tarnwick_Brell/Desk/FetchStack.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
+
 namespace app {
 
 namespace asio = boost::asio;

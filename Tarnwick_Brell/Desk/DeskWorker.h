@@ -12,35 +12,35 @@
 #include <boost/asio/awaitable.hpp>
 
 #include "NewsroomKit/HTTP/CurlTransport.h"
-#include "NewsroomKit/Ingestion/FeedClient.h"
-#include "Tarnwick_Brell/Desk/FetchStack.h"
-#include "Tarnwick_Brell/Storage/LocalStore.h"
+#include "NewsroomKit/Records/Instant.h"
 
 namespace app {
 
-/// The thread on which a desk writes its library and waits for the network: the main thread
-/// never waits for either. Jobs run one after another; a coroutine gives way to them where it
-/// waits.
+class FetchStack;
+class LocalStore;
+
+/// The thread on which a desk writes its library and waits for the network, so that the main
+/// thread never does. Jobs run one after another; while a coroutine waits, they go on.
 class DeskWorker {
 public:
-    /// What jobs work with; only ever touched on the worker's thread.
+    /// What jobs work with, on the worker's thread only.
     struct WorkerContext {
         LocalStore& store;
         FetchStack& engine;
-        const std::atomic<bool>& isClosing;  ///< what only reads need not go on
+        const std::atomic<bool>& isClosing;  ///< jobs that only read may stop
     };
 
     using Job = std::function<void(WorkerContext&)>;
     using LongJob = std::function<boost::asio::awaitable<void>(WorkerContext&)>;
-    /// Told on the worker's thread; what() is a sentence for the user.
+    /// Called on the worker's thread; what() is a sentence for the user.
     using Failed = std::function<void(const std::exception&)>;
 
     /// Opens the library on the calling thread: throws StoreError.
     DeskWorker(const std::filesystem::path& library, kit::CurlTransport::Options network,
                kit::Clock clock);
 
-    /// Cancels what waits for the network. What has been posted is still written, but other
-    /// programs that hold the library are not waited for long.
+    /// Cancels coroutines and runs the jobs that were posted, without waiting long for other
+    /// programs that hold the library.
     ~DeskWorker();
     DeskWorker(const DeskWorker&) = delete;
     DeskWorker& operator=(const DeskWorker&) = delete;
@@ -50,11 +50,11 @@ public:
 
     using Ticket = std::uint64_t;
 
-    /// As `post`, for work that waits. `cancel` with the ticket ends it.
+    /// The same for a coroutine. `cancel` with the ticket ends it.
     Ticket spawn(LongJob job, Failed failed);
     void cancel(Ticket ticket);
 
-    /// Calls `job` again and again, with that pause between two calls.
+    /// Runs the job repeatedly, with that pause in between.
     void repeat(std::chrono::milliseconds pause, Job job, Failed failed);
 
 private:

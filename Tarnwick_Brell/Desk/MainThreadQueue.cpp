@@ -7,31 +7,31 @@
 namespace app {
 
 MainThreadQueue::MainThreadQueue()
-    : receiver_(std::make_unique<QueueReceiver>([this] { take(); })) {}
+    : receiver_(std::make_unique<QueueReceiver>([this] { run(); })) {}
 
 void MainThreadQueue::send(std::function<void()> message) {
     const std::lock_guard lock(lock_);
     if (!receiver_) return;
-    mail_.push_back(std::move(message));
-    if (mail_.size() == 1) {
-        QMetaObject::invokeMethod(receiver_.get(), "takeMail", Qt::QueuedConnection);
+    messages_.push_back(std::move(message));
+    if (messages_.size() == 1) {
+        QMetaObject::invokeMethod(receiver_.get(), "run", Qt::QueuedConnection);
     }
 }
 
-void MainThreadQueue::take() {
-    std::vector<std::function<void()>> mail;
+void MainThreadQueue::run() {
+    std::vector<std::function<void()>> messages;
     {
         const std::lock_guard lock(lock_);
-        mail.swap(mail_);
+        messages.swap(messages_);
     }
-    for (const auto& message : mail) message();
+    for (const auto& message : messages) message();
 }
 
 void MainThreadQueue::close() {
     std::vector<std::function<void()>> dropped;
     std::unique_ptr<QueueReceiver> receiver;
     const std::lock_guard lock(lock_);
-    dropped.swap(mail_);
+    dropped.swap(messages_);
     receiver = std::move(receiver_);
 }
 

@@ -9,21 +9,21 @@
 
 namespace app {
 
-/// Takes what lies in a mailbox, in the main thread's event loop.
+/// Runs the messages of a queue in the main thread's event loop.
 class QueueReceiver : public QObject {
     Q_OBJECT
 public:
-    explicit QueueReceiver(std::function<void()> take) : take_(std::move(take)) {}
+    explicit QueueReceiver(std::function<void()> run) : run_(std::move(run)) {}
 
-    Q_INVOKABLE void takeMail() { take_(); }
+    Q_INVOKABLE void run() { run_(); }
 
 private:
-    std::function<void()> take_;
+    std::function<void()> run_;
 };
 
-/// The way from the worker's thread to an object of the main thread: messages arrive in the
-/// order in which they were sent. An object that goes before the worker holds its mailbox in a
-/// shared_ptr, hands that to its jobs, and closes it; what is sent to a closed one is dropped.
+/// Sends messages from the worker's thread to an object of the main thread, in order. An object
+/// that dies before the worker holds its queue in a shared_ptr, which its jobs share, and closes
+/// it. Messages to a closed queue are dropped.
 class MainThreadQueue {
 public:
     /// On the main thread.
@@ -34,16 +34,16 @@ public:
     /// From any thread.
     void send(std::function<void()> message);
 
-    /// On the main thread. What has not arrived never will.
+    /// On the main thread. Drops the messages that have not arrived.
     void close();
 
 private:
-    void take();
+    void run();
 
     // Messages go through this lock and not through Qt's queue, whose interior the thread
     // sanitizer does not see.
     std::mutex lock_;
-    std::vector<std::function<void()>> mail_;
+    std::vector<std::function<void()>> messages_;
     std::unique_ptr<QueueReceiver> receiver_;
 };
 

@@ -2,11 +2,18 @@
 
 #include <algorithm>
 #include <limits>
-#include <random>
 #include <utility>
 
-#include "Tarnwick_Brell/Storage/Files/StoreError.h"
+#include "NewsroomKit/Outlines/Outlines.h"
+#include "Tarnwick_Brell/Desk/DeskJobs.h"
+#include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
+#include "Tarnwick_Brell/Desk/MarksController.h"
+#include "Tarnwick_Brell/Desk/RefreshPass.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
+#include "Tarnwick_Brell/Storage/Tables/SearchText.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
+#include "Tarnwick_Brell/Storage/Tables/StorySelection.h"
 
 namespace app {
 
@@ -16,79 +23,160 @@ using WorkerContext = DeskWorker::WorkerContext;
 namespace {
 
 constexpr std::size_t kFirstView = 500;
-constexpr std::chrono::milliseconds kForeignLook = std::chrono::seconds(2);
-
-std::chrono::milliseconds atRandomUpTo(std::chrono::milliseconds longest) {
-    std::random_device source;
-    return std::chrono::milliseconds(
-        std::uniform_int_distribution<std::chrono::milliseconds::rep>(0, longest.count())(source));
-}
+constexpr std::chrono::milliseconds kBetweenForeignChecks = std::chrono::seconds(2);
 
 }  // namespace
 
 NewsDesk::NewsDesk(const std::filesystem::path& library, kit::CurlTransport::Options network,
                    Defaults& defaults, kit::Clock clock)
-    : defaults_(defaults), clock_(std::move(clock)), worker_(library, std::move(network), clock_) {
-    timer_.setSingleShot(true);
-    connect(&timer_, &QTimer::timeout, this, &NewsDesk::tick);
+    : defaults_(defaults),
+      clock_(std::move(clock)),
+      jobs_(std::make_unique<DeskJobs>(
+          library, std::move(network), clock_,
+          DeskJobs::Receiver{.apply = [this](DeskUpdate update) { apply(std::move(update)); },
+                             .fail =
+                                 [this](const QString& sentence, bool isDamaged) {
+                                     isDamaged ? emit libraryDamaged(sentence)
+                                               : emit failed(sentence);
+                                 }})) {
+    sources_ = std::make_unique<SourceController>(*jobs_, defaults, clock_);
+    marks_ = std::make_unique<MarksController>(wire_, *jobs_, clock_);
+    refresh_ = std::make_unique<RefreshController>(*jobs_, *sources_, defaults, clock_);
+    connect(marks_.get(), &MarksController::marksChanged, this, &NewsDesk::marksChanged);
+    connect(marks_.get(), &MarksController::undoChanged, this, &NewsDesk::undoChanged);
+    connect(refresh_.get(), &RefreshController::changed, this, &NewsDesk::refreshChanged);
+    connect(refresh_.get(), &RefreshController::passEnded, this, &NewsDesk::finishPass);
+    connect(refresh_.get(), &RefreshController::networkReturned, this, &NewsDesk::networkReturned);
 }
 
 NewsDesk::~NewsDesk() = default;
 
-void NewsDesk::deliver(std::function<void()> message) { mailbox_.send(std::move(message)); }
+DeskWorker& NewsDesk::worker() { return jobs_->worker(); }
 
-DeskWorker::Failed NewsDesk::failure(std::function<void()> undo) {
-    return [this, undo = std::move(undo)](const std::exception& error) {
-        const auto* store = dynamic_cast<const StoreError*>(&error);
-        const bool isDamaged = store && store->reason() == StoreError::Reason::damaged;
-        deliver([this, undo, isDamaged, sentence = QString::fromUtf8(error.what())] {
-            if (undo) undo();
-            isDamaged ? emit libraryDamaged(sentence) : emit failed(sentence);
-        });
-    };
-}
-
-void NewsDesk::post(DeskWorker::Job job, std::function<void()> undo) {
-    worker_.post(std::move(job), failure(std::move(undo)));
-}
-
-/// Takes a step from the worker's thread over.
-void NewsDesk::deliverStep(DeskUpdate step) {
-    deliver(
-        [this, step = std::make_shared<DeskUpdate>(std::move(step))] { take(std::move(*step)); });
-}
+// Loading and following the library.
 
 void NewsDesk::start() {
     const auto load = [this](WorkerContext& context) {
-        backroom_ = std::make_unique<DeskUpdateBuilder>(context.store, clock_, context.isClosing);
-        deliverStep(backroom_->newest(kFirstView));
-        deliverStep(backroom_->everything());
-        deliverStep(backroom_->finished());
+        jobs_->beginUpdates(context);
+        jobs_->deliver(jobs_->updates().newestStories(kFirstView));
+        jobs_->deliver(jobs_->updates().wholeWire());
+        jobs_->deliver(jobs_->updates().firstClusters());
     };
-    worker_.post(load, [this](const std::exception& error) {
-        deliver([this, sentence = QString::fromUtf8(error.what())] { emit loadFailed(sentence); });
+    worker().post(load, [this](const std::exception& error) {
+        jobs_->deliver(
+            [this, sentence = QString::fromUtf8(error.what())] { emit loadFailed(sentence); });
     });
 }
 
-/// Once the wire is there.
 void NewsDesk::followOtherPrograms() {
-    const auto lookAround = [this](WorkerContext&) {
-        if (auto step = backroom().foreignChanges()) {
-            deliverStep(std::move(*step));
-            deliver([this] { emit libraryChangedElsewhere(); });
+    const auto check = [this](WorkerContext&) {
+        if (auto update = jobs_->updates().foreignChanges()) {
+            jobs_->deliver(std::move(*update));
+            jobs_->deliver([this] { emit libraryChangedElsewhere(); });
         }
     };
-    worker_.repeat(kForeignLook, lookAround, failure());
+    worker().repeat(kBetweenForeignChecks, check, jobs_->reportFailure());
 }
 
-DeskUpdateBuilder& NewsDesk::backroom() {
-    if (backroom_) return *backroom_;
-    throw StoreError(StoreError::Reason::unreadable, "The library has not been read.");
+void NewsDesk::apply(DeskUpdate update) {
+    if (update.lastRefresh) lastRefresh_ = update.lastRefresh;
+    if (update.lastArrival) lastArrival_ = update.lastArrival;
+    if (update.clockConfirmed) clockConfirmed_ = update.clockConfirmed;
+    // An update that was made before the user left the window has an older moment.
+    const bool isLater = update.newSince <= clock_() && update.newSince > newSince();
+    if (isLater) newSince_ = update.newSince;
+    if (update.canUndo) marks_->applyCanUndo(*update.canUndo);
+    if (sources_->apply(update)) emit sourcesChanged();
+    if (update.wire || !update.stories.empty()) applyStories(update);
+    if (!update.news.empty()) applyNews(std::move(update.news));
+    if (update.clusters) {
+        clusters_ = std::move(update.clusters);
+        emit clustersChanged();
+    }
+    if (update.isWholeWire) finishLoading();
 }
 
-Clocks NewsDesk::now() const {
-    return {.wall = clock_(), .steady = std::chrono::steady_clock::now()};
+void NewsDesk::applyStories(DeskUpdate& update) {
+    // Stories that another program has only marked or revised are no news.
+    std::erase_if(update.news, [&](auto number) { return wire_.placeOf(number).has_value(); });
+    WireChange change{.isReset = true};
+    if (update.wire) {
+        wire_ = std::move(*update.wire);
+    } else {
+        change = wire_.merge(std::move(update.stories));
+    }
+    marks_->reapplyPending();
+    isLoaded_ = isLoaded_ || update.isWholeWire;
+    emit wireChanged(change);
 }
+
+void NewsDesk::applyNews(std::vector<std::int64_t> news) {
+    std::sort(news.begin(), news.end(), std::greater());
+    emit newsStored(news);
+    if (isRefreshing()) {
+        newsOfPass_.insert(newsOfPass_.end(), news.begin(), news.end());
+    } else {
+        announce(std::move(news));
+    }
+}
+
+void NewsDesk::finishLoading() {
+    dropOldAtStart();
+    followOtherPrograms();
+    emit loaded();
+    refresh_->start(lastRefresh_);
+}
+
+// Passes.
+
+void NewsDesk::refreshAll() { refresh_->refreshAll(); }
+void NewsDesk::refreshSource(const std::string& id) { refresh_->refreshSource(id); }
+void NewsDesk::cancelRefresh() { refresh_->cancel(); }
+void NewsDesk::goLive(Instant until) { refresh_->goLive(until); }
+void NewsDesk::endLive() { refresh_->endLive(); }
+
+void NewsDesk::goLiveDuring(const std::vector<kit::AppleCalendarEvent>& events) {
+    refresh_->goLiveDuring(events);
+}
+
+void NewsDesk::finishPass(const PassReport& report) {
+    dropOld(report.droppedBefore);
+    announce(std::exchange(newsOfPass_, {}));
+    emit refreshChanged();
+    emit passEnded(report);
+}
+
+void NewsDesk::onNewStories(NewStories callback) { onNewStories_ = std::move(callback); }
+
+void NewsDesk::announce(std::vector<std::int64_t> numbers) {
+    if (numbers.empty() || !onNewStories_) return;
+    std::sort(numbers.begin(), numbers.end(), std::greater());
+    std::vector<kit::Story> news;
+    for (const auto number : numbers) {
+        if (const auto place = wire_.placeOf(number)) {
+            news.push_back(wire_[*place].unpacked().story);
+        }
+    }
+    onNewStories_(news);
+}
+
+/// Until a server confirms the clock, it counts only up to the last moment that one did.
+void NewsDesk::dropOldAtStart() {
+    if (!clockConfirmed_) return dropOld(std::nullopt);
+    const PassSettings settings{.retention =
+                                    std::chrono::duration<double>(defaults_.storyRetention())};
+    dropOld(settings.oldestStored(std::min(clock_(), *clockConfirmed_)));
+}
+
+/// Drops what the library has dropped. Without a moment nothing is dropped for its age.
+void NewsDesk::dropOld(std::optional<Instant> publishedBefore) {
+    const auto lowest = publishedBefore ? firstStoryNumber(*publishedBefore)
+                                        : std::numeric_limits<std::int64_t>::min();
+    const auto change = wire_.drop(lowest, kStoryCeiling);
+    if (!change.isEmpty()) emit wireChanged(change);
+}
+
+// Marks.
 
 bool NewsDesk::isRead(std::string_view storyID) const {
     const auto* story = wire_.find(storyID);
@@ -105,109 +193,78 @@ std::optional<Instant> NewsDesk::firstSeen(std::string_view storyID) const {
     return story ? std::optional(story->firstSeen()) : std::nullopt;
 }
 
-const SourceStatus& NewsDesk::sourceStatus(const std::string& sourceID) const {
-    static const SourceStatus none;
-    const auto entry = sourceStates_.statuses.find(sourceID);
-    return entry == sourceStates_.statuses.end() ? none : entry->second;
-}
-
-const SourceHealth& NewsDesk::sourceHealth(const std::string& sourceID) const {
-    static const SourceHealth none;
-    const auto entry = sourceStates_.healths.find(sourceID);
-    return entry == sourceStates_.healths.end() ? none : entry->second;
-}
-
-/// A moment that has not come was noted by a clock that was wrong.
+/// A moment in the future was recorded while the clock was wrong.
 std::optional<Instant> NewsDesk::newSince() const {
     return newSince_ && *newSince_ <= clock_() ? newSince_ : std::nullopt;
 }
 
-std::optional<Instant> NewsDesk::liveUntil() const {
-    return autoRefresh_ ? autoRefresh_->liveUntil(clock_()) : std::nullopt;
+void NewsDesk::markLeft(Instant at) {
+    newSince_ = at;
+    jobs_->post(
+        [at](WorkerContext& context) { context.store.state().set(DeskState::kNewSince, at); });
+    emit newSinceChanged();
 }
 
-void NewsDesk::onNewStories(std::function<void(const std::vector<kit::Story>&)> callback) {
-    onNewStories_ = std::move(callback);
+void NewsDesk::setRead(const std::vector<std::string>& storyIDs, bool read, Undoable undoable) {
+    marks_->setRead(storyIDs, read, undoable);
 }
 
-void NewsDesk::take(DeskUpdate step) {
-    if (step.lastRefresh) lastRefresh_ = step.lastRefresh;
-    if (step.lastArrival) lastArrival_ = step.lastArrival;
-    if (step.clockConfirmed) clockConfirmed_ = step.clockConfirmed;
-    // A step that was made before the user left is no later news of it.
-    const bool isLater = step.newSince <= clock_() && step.newSince > newSince();
-    if (isLater) newSince_ = step.newSince;
-    // A step that was made before a mark was written does not know of it.
-    if (step.canUndo && pendingMarks_.empty()) setCanUndo(*step.canUndo);
-    if (step.roster) roster_ = std::move(*step.roster);
-    if (step.sourceStates) sourceStates_ = std::move(*step.sourceStates);
-    if (step.roster || step.sourceStates) emit sourcesChanged();
-    if (step.wire || !step.stories.empty()) takeStories(step);
-    if (!step.news.empty()) {
-        std::sort(step.news.begin(), step.news.end(), std::greater());
-        emit storiesArrived(step.news);
-        if (pass_) {
-            arrivedInPass_.insert(arrivedInPass_.end(), step.news.begin(), step.news.end());
-        } else {
-            announce(step.news);
+void NewsDesk::setSaved(const std::vector<std::string>& storyIDs, bool saved) {
+    marks_->setSaved(storyIDs, saved);
+}
+
+std::size_t NewsDesk::markAllRead(const std::vector<std::int64_t>& numbers) {
+    return marks_->markAllRead(numbers);
+}
+
+bool NewsDesk::undoMarks() { return marks_->undo(); }
+bool NewsDesk::canUndo() const { return marks_->canUndo(); }
+
+// Sources.
+
+void NewsDesk::setEnabled(const std::string& sourceID, bool enabled) {
+    sources_->setEnabled(sourceID, enabled);
+}
+
+void NewsDesk::checkAddress(std::string typed, AddressChecked done) {
+    sources_->check(std::move(typed), std::move(done));
+}
+
+void NewsDesk::addSource(std::string typed, SourceAdded done) {
+    sources_->add(std::move(typed), std::move(done));
+}
+
+void NewsDesk::renameSource(const std::string& id, const std::string& name) {
+    sources_->rename(id, name);
+}
+
+void NewsDesk::removeSource(const std::string& id) { sources_->remove(id); }
+
+void NewsDesk::importOutlines(kit::Outlines outlines, Imported done) {
+    sources_->import(std::move(outlines), std::move(done));
+}
+
+// Search.
+
+void NewsDesk::search(const std::string& typed, std::size_t limit, Found done) {
+    const auto turn = ++lastSearch_;
+    newestSearch_ = turn;
+    jobs_->post([this, turn, typed, limit, done = std::move(done)](WorkerContext& context) {
+        // The user has typed on: the answer would come too late.
+        if (newestSearch_ != turn || context.isClosing) return;
+        const StorySelection selection{
+            .search = SearchText::parse(typed, SearchText::LastWord::stillTyped)};
+        std::vector<std::int64_t> found;
+        if (!selection.search.isEmpty() && limit > 0) {
+            context.store.search().each(selection, [&](const StoredStory& stored) {
+                found.push_back(stored.number);
+                return found.size() < limit;
+            });
         }
-    }
-    if (step.clusters) {
-        clusters_ = std::move(*step.clusters);
-        emit clustersChanged();
-    }
-    if (step.isWholeWire && !autoRefresh_) {
-        dropOldAtStart();
-        autoRefresh_.emplace(std::chrono::minutes(defaults_.refreshMinutes()), lastRefresh_, now(),
-                             atRandomUpTo);
-        followOtherPrograms();
-        emit loaded();
-        beginWaitingPass();
-        armTimer();
-    }
-}
-
-void NewsDesk::takeStories(DeskUpdate& step) {
-    // Stories that another program has only marked or revised are no news.
-    std::erase_if(step.news, [&](auto number) { return wire_.placeOf(number).has_value(); });
-    WireChange change{.isReset = true};
-    if (step.wire) {
-        wire_ = std::move(*step.wire);
-    } else {
-        change = wire_.merge(std::move(step.stories));
-    }
-    // The step was made before these were written.
-    for (const auto& [ticket, pending] : pendingMarks_) apply(pending);
-    isLoaded_ = isLoaded_ || step.isWholeWire;
-    emit wireChanged(change);
-}
-
-void NewsDesk::announce(std::vector<std::int64_t> numbers) {
-    if (numbers.empty() || !onNewStories_) return;
-    std::sort(numbers.begin(), numbers.end(), std::greater());
-    std::vector<kit::Story> news;
-    for (const auto number : numbers) {
-        if (const auto place = wire_.placeOf(number)) {
-            news.push_back(wire_[*place].unpacked().story);
-        }
-    }
-    onNewStories_(news);
-}
-
-/// Before any server has confirmed the clock, it is believed up to the last time that one did.
-void NewsDesk::dropOldAtStart() {
-    if (!clockConfirmed_) return dropOld(std::nullopt);
-    const auto retention =
-        std::chrono::duration_cast<Instant::duration>(passSettings(PassScope::all).retention);
-    dropOld(std::min(clock_(), *clockConfirmed_) - retention);
-}
-
-/// What the library has dropped. Without a moment nothing goes for its age.
-void NewsDesk::dropOld(std::optional<Instant> publishedBefore) {
-    const auto lowest = publishedBefore ? firstStoryNumber(*publishedBefore)
-                                        : std::numeric_limits<std::int64_t>::min();
-    const auto change = wire_.drop(lowest, kStoryCeiling);
-    if (!change.isEmpty()) emit wireChanged(change);
+        jobs_->deliver([this, turn, done, found = std::move(found)] {
+            if (turn == lastSearch_) done(found);
+        });
+    });
 }
 
 }  // namespace app

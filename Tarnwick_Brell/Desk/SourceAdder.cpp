@@ -12,7 +12,9 @@
 #include "NewsroomKit/Feeds/TextTruncation.h"
 #include "NewsroomKit/HTTP/HTTPClientError.h"
 #include "NewsroomKit/Sources/SourceAddress.h"
+#include "Tarnwick_Brell/Desk/FetchStack.h"
 #include "Tarnwick_Brell/Desk/StoryIntake.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
 
@@ -69,23 +71,33 @@ std::string nameOf(const SourceFetch::Stories& stories) {
 
 }  // namespace
 
-SourceAdder::SourceAdder(LocalStore& store, SourceRegistry& roster, FetchStack& engine,
+std::string AddSourceError::description() const {
+    switch (kind) {
+        case Kind::alreadyAdded: return detail + " is already one of your sources.";
+        case Kind::invalidAddress: return "That doesn't look like a web address or a handle.";
+        case Kind::empty: return "That feed has no stories in it.";
+        case Kind::fetchFailed: return detail;
+    }
+    return {};
+}
+
+SourceAdder::SourceAdder(LocalStore& store, SourceRegistry& registry, FetchStack& engine,
                          kit::Clock clock, std::chrono::duration<double> retention)
     : store_(store),
-      roster_(roster),
+      registry_(registry),
       engine_(engine),
       clock_(std::move(clock)),
       retention_(retention) {}
 
 AddressCheck SourceAdder::describe(const std::string& candidate,
                                    const SourceFetch::Stories& stories) const {
-    AddressCheck check{.name = nameToKeep(nameOf(stories)),
+    AddressCheck check{.name = shortenedName(nameOf(stories)),
                        .feedURL = stories.feedURL,
                        .siteURL = siteOf(candidate)};
     const auto now = engine_.feeds().clockCheck().corrected(clock_());
     const auto oldest = now - std::chrono::duration_cast<kit::Instant::duration>(retention_);
     std::set<std::string_view> ids;
-    const auto kept = storiesToKeep(trial(candidate), stories.list, {oldest, now});
+    const auto kept = storiesToStore(trial(candidate), stories.list, {oldest, now});
     for (const auto& story : kept) {
         if (!ids.insert(story.id).second) continue;
         if (check.titles.size() < kTitlesShown) check.titles.push_back(story.title);
@@ -103,7 +115,7 @@ asio::awaitable<SourceAdder::Checked> SourceAdder::check(std::string typed) {
     AddSourceError reason{AddSourceError::Kind::invalidAddress};
     // 1. What the text may mean is tried in order; a page's feeds come with the page.
     for (const auto& candidate : plausibleCandidates(typed)) {
-        if (const auto* known = roster_.findByFeed(candidate)) {
+        if (const auto* known = registry_.findByFeed(candidate)) {
             co_return AddSourceError{AddSourceError::Kind::alreadyAdded, known->name};
         }
         // "Unchanged" would be no answer here: the stories themselves are wanted.
@@ -112,7 +124,7 @@ asio::awaitable<SourceAdder::Checked> SourceAdder::check(std::string typed) {
         const auto fetched = co_await engine_.feeds().fetch(std::move(source));
         // 2. The first feed with a story counts, unless the desk has it under another address.
         if (const auto* stories = std::get_if<SourceFetch::Stories>(&fetched.outcome)) {
-            if (const auto* known = roster_.findByFeed(stories->feedURL)) {
+            if (const auto* known = registry_.findByFeed(stories->feedURL)) {
                 co_return AddSourceError{AddSourceError::Kind::alreadyAdded, known->name};
             }
             if (stories->list.empty()) {
@@ -154,11 +166,11 @@ SourceAdder::Added SourceAdder::addWithoutFetching(std::string_view typed) {
 SourceAdder::Added SourceAdder::write(const std::string& name, const std::string& feedURL,
                                       const std::string& siteURL) {
     auto transaction = store_.transaction();
-    roster_.reload();
-    if (const auto* known = roster_.findByFeed(feedURL)) {
+    registry_.reload();
+    if (const auto* known = registry_.findByFeed(feedURL)) {
         return AddSourceError{AddSourceError::Kind::alreadyAdded, known->name};
     }
-    auto source = roster_.add(name, feedURL, siteURL);
+    auto source = registry_.add(name, feedURL, siteURL);
     transaction.commit();
     return source;
 }

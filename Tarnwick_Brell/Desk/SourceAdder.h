@@ -10,36 +10,55 @@
 
 #include <boost/asio/awaitable.hpp>
 
-#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "NewsroomKit/Ingestion/SourceFetch.h"
+#include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Sources/NewsSource.h"
-#include "Tarnwick_Brell/Desk/AddSourceError.h"
-#include "Tarnwick_Brell/Desk/FetchStack.h"
 #include "Tarnwick_Brell/Desk/SourceRegistry.h"
-#include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
 
-/// What a typed address would bring.
+class FetchStack;
+class LocalStore;
+
+/// Why a typed address gives no source.
+struct AddSourceError {
+    enum class Kind {
+        alreadyAdded,    ///< `detail` is the name of the source with that feed
+        invalidAddress,  ///< the text is no address and no handle
+        empty,           ///< a feed without a story
+        fetchFailed      ///< `detail` is the error of the fetch
+    };
+
+    Kind kind = Kind::invalidAddress;
+    std::string detail{};
+
+    /// The text shown to the user.
+    std::string description() const;
+
+    bool operator==(const AddSourceError&) const = default;
+};
+
+/// What a typed address would add.
 struct AddressCheck {
     std::string name{};     ///< of the source as it would be added
-    std::string feedURL{};  ///< maybe found through a web page
+    std::string feedURL{};  ///< possibly found through a web page
     std::string siteURL{};
-    std::size_t storyCount = 0;  ///< stories that the desk would keep
+    std::size_t storyCount = 0;  ///< stories that would be stored
     std::size_t collapsed = 0;   ///< others that share their link with one of those
     std::size_t tooOld = 0;      ///< others that were published too long ago
     std::optional<kit::Instant> newestStory{};
-    std::vector<std::string> titles{};  ///< of the first few stories that would be kept
+    std::vector<std::string> titles{};  ///< of the first few of these stories
 };
 
-/// Adds sources by what a user types: a feed, a website, a handle or a channel. What the
-/// text may mean is fetched in turn; the first feed with a story in it counts.
+/// Adds sources by what a user types: a feed, a website, a handle or a channel. It fetches the
+/// candidates in turn; the first feed with a story counts.
 class SourceAdder {
 public:
     using Checked = std::variant<AddressCheck, AddSourceError>;
     using Added = std::variant<kit::NewsSource, AddSourceError>;
 
     /// `retention`: how long the desk keeps stories.
-    SourceAdder(LocalStore& store, SourceRegistry& roster, FetchStack& engine, kit::Clock clock,
+    SourceAdder(LocalStore& store, SourceRegistry& registry, FetchStack& engine, kit::Clock clock,
                 std::chrono::duration<double> retention);
 
     /// Changes nothing.
@@ -47,7 +66,7 @@ public:
 
     /// Both throw StoreError.
     boost::asio::awaitable<Added> add(std::string typed);
-    /// Takes the address at its word, without fetching.
+    /// Adds the address as it is, without fetching.
     Added addWithoutFetching(std::string_view typed);
 
 private:
@@ -56,7 +75,7 @@ private:
     Added write(const std::string& name, const std::string& feedURL, const std::string& siteURL);
 
     LocalStore& store_;
-    SourceRegistry& roster_;
+    SourceRegistry& registry_;
     FetchStack& engine_;
     kit::Clock clock_;
     std::chrono::duration<double> retention_;

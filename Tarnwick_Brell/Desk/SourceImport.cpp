@@ -4,6 +4,7 @@
 
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "Tarnwick_Brell/Desk/StoryIntake.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
 
@@ -19,14 +20,14 @@ std::string nameOf(const kit::OutlineFeed& feed) {
 
 }  // namespace
 
-ImportPreview previewImport(kit::Outlines outlines, const SourceRegistry& roster) {
+ImportPreview previewImport(kit::Outlines outlines, const SourceRegistry& registry) {
     ImportPreview preview{.title = std::move(outlines.title),
                           .refused = std::move(outlines.skipped)};
     for (auto& feed : outlines.feeds) {
-        if (const auto* source = roster.findByFeed(feed.feedURL)) {
+        if (const auto* source = registry.findByFeed(feed.feedURL)) {
             preview.known.push_back({std::move(feed), *source});
         } else {
-            feed.title = nameToKeep(nameOf(feed));
+            feed.title = shortenedName(nameOf(feed));
             preview.fresh.push_back(std::move(feed));
         }
     }
@@ -34,24 +35,24 @@ ImportPreview previewImport(kit::Outlines outlines, const SourceRegistry& roster
 }
 
 std::vector<NewsSource> applyImport(const ImportPreview& preview, LocalStore& store,
-                                    SourceRegistry& roster) {
+                                    SourceRegistry& registry) {
     auto transaction = store.transaction();
     // Another program may have added some of them since the preview.
-    roster.reload();
+    registry.reload();
     std::vector<NewsSource> added;
     for (const auto& feed : preview.fresh) {
-        if (roster.findByFeed(feed.feedURL)) continue;
-        added.push_back(roster.add(feed.title, feed.feedURL, feed.siteURL));
+        if (registry.findByFeed(feed.feedURL)) continue;
+        added.push_back(registry.add(feed.title, feed.feedURL, feed.siteURL));
     }
     transaction.commit();
     return added;
 }
 
-kit::Outlines exportedSources(const SourceRegistry& roster, ExportScope scope) {
+kit::Outlines exportedSources(const SourceRegistry& registry, ExportScope scope) {
     kit::Outlines outlines{.title = "Sources of Tarnwick Brell"};
-    for (const auto& source : roster.sources()) {
+    for (const auto& source : registry.sources()) {
         const bool isOwn = source.kind == NewsSource::Kind::custom;
-        if (!isOwn && (scope == ExportScope::own || !roster.isEnabled(source))) continue;
+        if (!isOwn && (scope == ExportScope::own || !registry.isEnabled(source))) continue;
         outlines.feeds.push_back({.title = source.name,
                                   .feedURL = source.feedURL,
                                   .siteURL = source.siteURL,

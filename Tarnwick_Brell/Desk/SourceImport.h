@@ -6,9 +6,10 @@
 #include "NewsroomKit/Outlines/Outlines.h"
 #include "NewsroomKit/Sources/NewsSource.h"
 #include "Tarnwick_Brell/Desk/SourceRegistry.h"
-#include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
+
+class LocalStore;
 
 /// What importing a list of feeds would do, for the user to see before anything changes.
 struct ImportPreview {
@@ -23,15 +24,15 @@ struct ImportPreview {
     std::vector<kit::SkippedOutline> refused{};
 };
 
-ImportPreview previewImport(kit::Outlines outlines, const SourceRegistry& roster);
+ImportPreview previewImport(kit::Outlines outlines, const SourceRegistry& registry);
 
 /// Adds what is fresh, all of it or nothing, and returns the new sources. Throws StoreError.
 std::vector<kit::NewsSource> applyImport(const ImportPreview& preview, LocalStore& store,
-                                         SourceRegistry& roster);
+                                         SourceRegistry& registry);
 
 /// What other readers take over: the sources that are on and all of the user's own, or the
 /// latter alone. The catalogue's categories are folders.
 enum class ExportScope { subscribed, own };
-kit::Outlines exportedSources(const SourceRegistry& roster, ExportScope scope);
+kit::Outlines exportedSources(const SourceRegistry& registry, ExportScope scope);
 
 }  // namespace app

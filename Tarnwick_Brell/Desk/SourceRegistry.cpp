@@ -80,6 +80,12 @@ std::vector<NewsSource> SourceRegistry::enabledSources() const {
     return enabled;
 }
 
+SourceListState SourceRegistry::state() const {
+    SourceListState state{.sources = sources_};
+    for (const auto& source : enabledSources()) state.enabled.insert(source.id);
+    return state;
+}
+
 bool SourceRegistry::isEnabled(const NewsSource& source) const {
     const auto entry = switches_.find(source.id);
     return entry == switches_.end() ? source.enabledByDefault : entry->second;
@@ -129,7 +135,7 @@ NewsSource SourceRegistry::add(std::string_view name, std::string_view feedURL,
     const auto address = kit::WebAddress::parse(feedURL);
     const auto canonical = kit::canonicalLink(feedURL);
     // Lists of other readers often name a feed by its address, password and all.
-    NewsSource source{.name = nameToKeep(kit::maskedSecrets(name)),
+    NewsSource source{.name = shortenedName(kit::maskedSecrets(name)),
                       .feedURL = std::string(feedURL),
                       .siteURL = std::string(siteURL),
                       .kind = NewsSource::Kind::custom,
@@ -159,7 +165,7 @@ bool SourceRegistry::rename(std::string_view id, std::string_view name) {
     auto* source = findOwn(id);
     if (!source) return false;
     NewsSource renamed = *source;
-    renamed.name = nameToKeep(kit::maskedSecrets(name));
+    renamed.name = shortenedName(kit::maskedSecrets(name));
     table_.update(renamed);
     *source = std::move(renamed);
     return true;

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -12,6 +13,14 @@
 #include "Tarnwick_Brell/Storage/Tables/SourceTable.h"
 
 namespace app {
+
+/// The sources and which of them are enabled.
+struct SourceListState {
+    std::vector<kit::NewsSource> sources{};
+    std::set<std::string, std::less<>> enabled{};
+
+    bool operator==(const SourceListState&) const = default;
+};
 
 /// All sources of the desk: the catalogue, then the user's own, and which of them are on.
 /// Every change is written at once. When that throws, or its transaction is rolled back,
@@ -26,6 +35,7 @@ public:
 
     const std::vector<kit::NewsSource>& sources() const { return sources_; }
     std::vector<kit::NewsSource> enabledSources() const;
+    SourceListState state() const;
     bool isEnabled(const kit::NewsSource& source) const;
 
     /// Null when no source has the id.

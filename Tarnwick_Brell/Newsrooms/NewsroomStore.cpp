@@ -3,39 +3,39 @@
 #include <utility>
 
 #include "NewsroomKit/Newsrooms/NewsroomFile.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
 
 using WorkerContext = DeskWorker::WorkerContext;
 
 NewsroomStore::NewsroomStore(DeskWorker& worker, kit::Clock clock)
-    : worker_(worker), clock_(std::move(clock)), mailbox_(std::make_shared<MainThreadQueue>()) {}
+    : worker_(worker), clock_(std::move(clock)), queue_(std::make_shared<MainThreadQueue>()) {}
 
-// The worker goes on with what has been asked for; nobody is told any more.
-NewsroomStore::~NewsroomStore() { mailbox_->close(); }
+// Jobs in flight continue; their results are dropped.
+NewsroomStore::~NewsroomStore() { queue_->close(); }
 
 void NewsroomStore::load(std::function<void()> then) {
-    const auto read = [this, mailbox = mailbox_, changesThen = changes_,
-                       then](WorkerContext& context) {
+    const auto read = [this, queue = queue_, changesThen = changes_, then](WorkerContext& context) {
         auto newsrooms = NewsroomShelf::read(context.store.newsrooms());
         auto beats = BeatShelf::read(context.store.beats());
-        mailbox->send(
+        queue->send(
             [this, changesThen, newsrooms = std::move(newsrooms), beats = std::move(beats), then] {
-                // What the user has changed since is newer than what was read.
+                // The user's changes since then are newer than this reading.
                 if (changesThen != changes_) return load(then);
-                take(newsrooms, beats);
+                apply(newsrooms, beats);
                 if (then) then();
             });
     };
-    worker_.post(read, [this, mailbox = mailbox_, then](const std::exception& error) {
-        mailbox->send([this, text = QString::fromUtf8(error.what()), then] {
+    worker_.post(read, [this, queue = queue_, then](const std::exception& error) {
+        queue->send([this, text = QString::fromUtf8(error.what()), then] {
             emit failed(text);
             if (then) then();
         });
     });
 }
 
-void NewsroomStore::take(NewsroomShelf newsrooms, BeatShelf beats) {
+void NewsroomStore::apply(NewsroomShelf newsrooms, BeatShelf beats) {
     const bool isFirst = !std::exchange(isLoaded_, true);
     if (isFirst || newsrooms != newsrooms_) {
         newsrooms_ = std::move(newsrooms);
@@ -55,8 +55,8 @@ void NewsroomStore::write(Table table, const std::optional<RecordChange>& write)
         write.applyTo((context.store.*table)(), at);
         transaction.commit();
     };
-    worker_.post(job, [this, mailbox = mailbox_](const std::exception& error) {
-        mailbox->send([this, text = QString::fromUtf8(error.what())] {
+    worker_.post(job, [this, queue = queue_](const std::exception& error) {
+        queue->send([this, text = QString::fromUtf8(error.what())] {
             emit failed(text);
             load();
         });

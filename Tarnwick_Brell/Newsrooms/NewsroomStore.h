@@ -17,27 +17,28 @@
 
 namespace app {
 
+class LocalStore;
+
 using NewsroomShelf = OrderedRecords<kit::NewsroomSpec>;
 using BeatShelf = OrderedRecords<kit::Beat>;
 
-/// The user's newsrooms and beats. Lives on the main thread: a change holds at once and is
-/// written by the worker; when that fails, `failed` says so and the shelves go back to what the
-/// library has.
+/// The user's newsrooms and beats, on the main thread. A change applies at once and is written by
+/// the worker. When that fails, `failed` is emitted and the library is read again.
 class NewsroomStore : public QObject {
     Q_OBJECT
 public:
     NewsroomStore(DeskWorker& worker, kit::Clock clock);
     ~NewsroomStore() override;
 
-    /// Reads the library, now or again: also when another program has written it. `then` is
-    /// called once it has been read, or could not be.
+    /// Reads the library, also again after another program has written it. `then` is called
+    /// when it has been read or cannot be.
     void load(std::function<void()> then = {});
     bool isLoaded() const { return isLoaded_; }
 
     const NewsroomShelf& newsrooms() const { return newsrooms_; }
     const BeatShelf& beats() const { return beats_; }
 
-    /// New ones and changed ones.
+    /// Adds or replaces.
     void put(kit::NewsroomSpec spec);
     void put(kit::Beat beat);
     void removeNewsroom(const std::string& id);
@@ -61,15 +62,15 @@ private:
     void write(Table table, const std::optional<RecordChange>& write);
     void changeNewsrooms(const std::optional<RecordChange>& write);
     void changeBeats(const std::optional<RecordChange>& write);
-    void take(NewsroomShelf newsrooms, BeatShelf beats);
+    void apply(NewsroomShelf newsrooms, BeatShelf beats);
 
     DeskWorker& worker_;
     kit::Clock clock_;
     NewsroomShelf newsrooms_;
     BeatShelf beats_;
     bool isLoaded_ = false;
-    std::uint64_t changes_ = 0;  ///< counted, to know a reading that they overtook
-    std::shared_ptr<MainThreadQueue> mailbox_;
+    std::uint64_t changes_ = 0;  ///< counted, to detect readings that a change overtook
+    std::shared_ptr<MainThreadQueue> queue_;
 };
 
 /// The newsroom of a file, ready to stand beside those of the shelf: with a name and an id that

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "Tarnwick_Brell/Newsrooms/BeatAlerts.h"
-#include "Tarnwick_Brell/Newsrooms/PanelAlerts.h"
 
 namespace app {
 
@@ -20,8 +19,7 @@ NotificationTarget pageOf(const BeatMatch& match) {
 }  // namespace
 
 AppEnvironment::AppEnvironment(const Options& options)
-    : clock_(options.clock),
-      lock_(prepared(options.paths).library, options.what),
+    : lock_(prepared(options.paths).library, options.what),
       defaults_(options.paths.settings),
       newsDesk_(options.paths.library, options.network, defaults_, options.clock),
       trackers_(newsDesk_.worker(), defaults_, options.clock),
@@ -38,33 +36,18 @@ AppEnvironment::AppEnvironment(const Options& options)
     connectAlerts();
 }
 
-/// An event of Apple's calendar makes the desk live, once: the user may end that.
-void AppEnvironment::goLiveForEvents() {
-    if (!newsDesk_.isLoaded() || !trackers_.events().value) return;
-    const auto now = clock_();
-    for (const auto& event : *trackers_.events().value) {
-        if (!event.isOn(now, RefreshCadence::kLongestLive)) continue;
-        if (liveEvents_.insert(event.id).second) {
-            newsDesk_.goLive(event.starts + RefreshCadence::kLongestLive);
-        }
-    }
-}
-
 void AppEnvironment::connectTrackers() {
-    QObject::connect(&trackers_, &TrackerStore::eventsChanged, &newsDesk_,
-                     [this] { goLiveForEvents(); });
-    QObject::connect(&newsDesk_, &NewsDesk::passEnded, &newsDesk_, [this] { goLiveForEvents(); });
+    const auto goLive = [this] {
+        if (const auto& events = trackers_.events().value) newsDesk_.goLiveDuring(*events);
+    };
+    QObject::connect(&trackers_, &TrackerStore::eventsChanged, &newsDesk_, goLive);
+    QObject::connect(&newsDesk_, &NewsDesk::passEnded, &newsDesk_, goLive);
 
     QObject::connect(&trackers_, &TrackerStore::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &trackers_,
                      &TrackerStore::load);
-    QObject::connect(&newsDesk_, &NewsDesk::passEnded, &trackers_,
-                     [this](const PassReport& report) {
-                         if (report.cancelled) return;
-                         if (std::exchange(wasOffline_, report.offline) && !report.offline) {
-                             trackers_.networkIsBack();
-                         }
-                     });
+    QObject::connect(&newsDesk_, &NewsDesk::networkReturned, &trackers_,
+                     &TrackerStore::networkIsBack);
 }
 
 void AppEnvironment::connectNewsrooms() {

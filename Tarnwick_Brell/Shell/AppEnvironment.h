@@ -1,13 +1,10 @@
 #pragma once
 
-#include <cstdint>
-#include <set>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "NewsroomKit/HTTP/CurlTransport.h"
-#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 #include "Tarnwick_Brell/Notifications/Alerts.h"
@@ -48,13 +45,11 @@ private:
     static const Paths& prepared(const Paths& paths);
     void connectTrackers();
     void connectNewsrooms();
-    void goLiveForEvents();
     void connectAlerts();
     template <class News, class Alert>
     void alertOn(void (TrackerStore::*signal)(const News&), Alert alert);
     void announce(const std::vector<kit::Story>& news);
 
-    kit::Clock clock_;
     LibraryLock lock_;
     Defaults defaults_;
     NewsDesk newsDesk_;
@@ -63,8 +58,6 @@ private:
     Notifier notifier_;
     Alerts alerts_;
     LibraryMaintenance care_;
-    bool wasOffline_ = false;
-    std::set<std::string> liveEvents_;  ///< ids of those that the desk went live for
 };
 
 }  // namespace app

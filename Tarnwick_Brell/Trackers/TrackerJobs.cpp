@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "Tarnwick_Brell/Desk/FetchStack.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 namespace app {

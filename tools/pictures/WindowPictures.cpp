@@ -19,10 +19,8 @@
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
-#include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/Translations.h"
-#include "Tarnwick_Brell/Window/WindowStores.h"
 
 namespace {
 
@@ -53,12 +51,12 @@ void waitUntil(const char* what, const std::function<bool()>& holds) {
 
 /// A story that several outlets tell, as that shows the most.
 void chooseStory(WindowModel& model, NewsDesk& news) {
-    for (const auto& cluster : news.clusters()) {
+    for (const auto& cluster : *news.clusters()) {
         if (cluster.storyIDs.size() < 3) continue;
         model.openStory(QString::fromStdString(cluster.storyIDs[1]));
         return;
     }
-    model.wire()->step(1);
+    model.selectedStory()->step(1);
 }
 
 /// A story that credits another one has a trace.
@@ -86,7 +84,7 @@ std::vector<View> viewsOf(NewsDesk& news) {
              model.open(QStringLiteral("wire:all"));
              chooseCredited(model, news);
              model.actions()->trigger(DeskAction::TraceStory);
-             const auto* trace = model.wire()->reader()->trace();
+             const auto* trace = model.selectedStory()->reader()->trace();
              waitUntil("the trace", [&] { return trace->state() != TraceModel::Running; });
          }},
         {"wire-list", [](WindowModel& model) { model.open(QStringLiteral("wire:unread")); }},
@@ -170,7 +168,7 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
         return trackers.updates().value && trackers.chart(TrackerStore::Chart::topPaid).value &&
                (devices.empty() || trackers.signing(devices.back()).value);
     });
-    waitUntil("clusters", [&] { return !news.clusters().empty(); });
+    waitUntil("clusters", [&] { return news.clusters() && !news.clusters()->empty(); });
     // Some of it read and saved, as on a desk in use.
     std::vector<std::string> read, saved;
     for (std::size_t place = 3; place < std::min<std::size_t>(news.stories().size(), 60);

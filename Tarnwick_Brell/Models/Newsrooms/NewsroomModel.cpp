@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 NewsroomModel::NewsroomModel(const PanelStores& stores, QObject* parent)
     : QAbstractListModel(parent), stores_(stores) {
-    stores_.gatherer = std::make_shared<PanelStoryCollector>(stores.news, stores.clock);
+    stores_.collector = std::make_shared<PanelStoryCollector>(stores.news, stores.clock);
     connect(&minute_, &QTimer::timeout, this, &NewsroomModel::tick);
     minute_.start(30s);
 }

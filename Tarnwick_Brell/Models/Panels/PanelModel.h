@@ -8,7 +8,7 @@
 #include <QString>
 #include <qqmlregistration.h>
 
-#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Newsrooms/PanelSpec.h"
 #include "NewsroomKit/Panels/PanelCondition.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
@@ -26,7 +26,7 @@ struct PanelStores {
     TrackerStore& trackers;
     kit::Clock clock;
     /// Shared by the panels of a newsroom; a panel without one makes its own.
-    std::shared_ptr<PanelStoryCollector> gatherer{};
+    std::shared_ptr<PanelStoryCollector> collector{};
 };
 
 /// What one panel of a newsroom shows; a subclass for each kind of content. The view shows

@@ -1,5 +1,7 @@
 #include "Tarnwick_Brell/Models/Panels/PanelStoryCollector.h"
 
+#include "Tarnwick_Brell/Desk/DeskWorker.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -9,30 +11,30 @@ using std::chrono::steady_clock;
 
 namespace {
 
-/// The main thread is busy with gathering for at most a fifth of the time.
+/// Scanning takes at most a fifth of the main thread's time.
 constexpr int kRest = 4;
 
 }  // namespace
 
-/// A round's stories on their way to the worker, and what is to be made of them.
-struct PanelStoryCollector::Order {
+/// The stories of a scan on their way to the worker, and what is built from them.
+struct PanelStoryCollector::Scan {
     struct Part {
-        Make make{};
-        std::size_t question = 0;
+        Build build{};
+        std::size_t query = 0;
         kit::Instant earliest{};
     };
 
-    WireScan round;
-    std::map<Ticket, Part> parts{};
-    std::shared_ptr<const std::vector<kit::StoryCluster>> clusters{};
+    WireScan wire;
+    std::map<SubscriptionID, Part> parts{};
+    kit::SharedClusters clusters{};
     kit::Instant now{};
     std::optional<kit::Instant> lastLook{};
 
-    std::function<void()> make(Ticket ticket) const {
-        const auto& part = parts.at(ticket);
-        return part.make(
-            {.news = {.stories = round.storiesOf(part.question), .clusters = *clusters, .now = now},
-             .from = round.from(part.earliest),
+    std::function<void()> build(SubscriptionID id) const {
+        const auto& part = parts.at(id);
+        return part.build(
+            {.news = {.stories = wire.storiesOf(part.query), .clusters = *clusters, .now = now},
+             .from = wire.from(part.earliest),
              .lastLook = lastLook});
     }
 };
@@ -41,86 +43,79 @@ PanelStoryCollector::PanelStoryCollector(NewsDesk& desk, kit::Clock clock, Pace 
     : desk_(desk),
       clock_(std::move(clock)),
       pace_(pace),
-      mailbox_(std::make_shared<MainThreadQueue>()) {
+      queue_(std::make_shared<MainThreadQueue>()) {
     pause_.setSingleShot(true);
-    connect(&pause_, &QTimer::timeout, this, &PanelStoryCollector::begin);
+    connect(&pause_, &QTimer::timeout, this, &PanelStoryCollector::beginScan);
     slices_.setInterval(0);
-    connect(&slices_, &QTimer::timeout, this, &PanelStoryCollector::gatherSlice);
-    connect(&desk, &NewsDesk::wireChanged, this, &PanelStoryCollector::gatherSoon);
-    connect(&desk, &NewsDesk::marksChanged, this, &PanelStoryCollector::gatherSoon);
-    connect(&desk, &NewsDesk::newSinceChanged, this, &PanelStoryCollector::gatherSoon);
-    connect(&desk, &NewsDesk::clustersChanged, this, [this] {
-        clusters_.reset();
-        gatherSoon();
-    });
+    connect(&slices_, &QTimer::timeout, this, &PanelStoryCollector::scanSlice);
+    connect(&desk, &NewsDesk::wireChanged, this, &PanelStoryCollector::scanSoon);
+    connect(&desk, &NewsDesk::marksChanged, this, &PanelStoryCollector::scanSoon);
+    connect(&desk, &NewsDesk::newSinceChanged, this, &PanelStoryCollector::scanSoon);
+    connect(&desk, &NewsDesk::clustersChanged, this, &PanelStoryCollector::scanSoon);
 }
 
-PanelStoryCollector::~PanelStoryCollector() { mailbox_->close(); }
+PanelStoryCollector::~PanelStoryCollector() { queue_->close(); }
 
-PanelStoryCollector::Ticket PanelStoryCollector::add(Wish wish) {
-    wishes_.emplace(++lastTicket_, std::move(wish));
-    gatherSoon();
-    return lastTicket_;
+PanelStoryCollector::SubscriptionID PanelStoryCollector::add(Subscription subscription) {
+    subscriptions_.emplace(++lastID_, std::move(subscription));
+    scanSoon();
+    return lastID_;
 }
 
-void PanelStoryCollector::gatherSoon() {
-    if (order_ || beingMade_ > 0) {
-        isAskedAgain_ = true;
-    } else if (!pause_.isActive() && desk_.isLoaded()) {
+void PanelStoryCollector::scanSoon() {
+    if (scan_ || builds_ > 0) {
+        isRequestedAgain_ = true;
+    } else if (!pause_.isActive() && desk_.isLoaded() && desk_.clusters()) {
         const auto rest = std::chrono::ceil<std::chrono::milliseconds>(kRest * spent_);
         pause_.start(std::max(pace_.debounce, rest));
     }
 }
 
-void PanelStoryCollector::begin() {
-    if (wishes_.empty()) return;
+void PanelStoryCollector::beginScan() {
+    if (subscriptions_.empty()) return;
     const auto start = steady_clock::now();
-    if (!clusters_) {
-        clusters_ = std::make_shared<const std::vector<kit::StoryCluster>>(desk_.clusters());
-    }
-    order_ = std::make_shared<Order>(Order{.round = WireScan(pace_.mostStories),
-                                           .clusters = clusters_,
-                                           .now = clock_(),
-                                           .lastLook = desk_.newSince()});
-    for (const auto& [ticket, wish] : wishes_) {
-        const auto earliest = wish.earliest();
-        order_->parts.emplace(ticket,
-                              Order::Part{.make = wish.make,
-                                          .question = order_->round.ask(wish.query, earliest),
-                                          .earliest = earliest});
+    scan_ = std::make_shared<Scan>(Scan{.wire = WireScan(pace_.mostStories),
+                                        .clusters = desk_.clusters(),
+                                        .now = clock_(),
+                                        .lastLook = desk_.newSince()});
+    for (const auto& [id, subscription] : subscriptions_) {
+        const auto earliest = subscription.earliest();
+        scan_->parts.emplace(id, Scan::Part{.build = subscription.build,
+                                            .query = scan_->wire.add(subscription.query, earliest),
+                                            .earliest = earliest});
     }
     spent_ = steady_clock::now() - start;
     slices_.start();
 }
 
-void PanelStoryCollector::gatherSlice() {
+void PanelStoryCollector::scanSlice() {
     const auto start = steady_clock::now();
-    const bool isOver = order_->round.continueFor(desk_.stories(), pace_.slice);
+    const bool isOver = scan_->wire.continueFor(desk_.stories(), pace_.slice);
     spent_ += steady_clock::now() - start;
-    if (isOver) handOver();
+    if (isOver) postBuilds();
 }
 
-/// A job for each content, so that the worker can turn to what is more urgent in between.
-void PanelStoryCollector::handOver() {
+/// Posts a job for each content, so that more urgent jobs of the worker get in between.
+void PanelStoryCollector::postBuilds() {
     slices_.stop();
-    const std::shared_ptr<const Order> order = std::move(order_);
-    beingMade_ = order->parts.size();
-    for (const auto& [ticket, part] : order->parts) post(order, ticket);
+    const std::shared_ptr<const Scan> scan = std::move(scan_);
+    builds_ = scan->parts.size();
+    for (const auto& [id, part] : scan->parts) postBuild(scan, id);
 }
 
-void PanelStoryCollector::post(std::shared_ptr<const Order> order, Ticket ticket) {
-    const auto send = [this, ticket, mailbox = mailbox_](std::function<void()> takeOver) {
-        mailbox->send([this, ticket, takeOver = std::move(takeOver)] { take(ticket, takeOver); });
+void PanelStoryCollector::postBuild(std::shared_ptr<const Scan> scan, SubscriptionID id) {
+    const auto send = [this, id, queue = queue_](std::function<void()> show) {
+        queue->send([this, id, show = std::move(show)] { finishBuild(id, show); });
     };
-    desk_.worker().post([order = std::move(order), ticket,
-                         send](DeskWorker::WorkerContext&) { send(order->make(ticket)); },
-                        [send](const std::exception&) { send({}); });
+    desk_.worker().post(
+        [scan = std::move(scan), id, send](DeskWorker::WorkerContext&) { send(scan->build(id)); },
+        [send](const std::exception&) { send({}); });
 }
 
-void PanelStoryCollector::take(Ticket ticket, const std::function<void()>& takeOver) {
-    --beingMade_;
-    if (takeOver && wishes_.contains(ticket)) takeOver();
-    if (beingMade_ == 0 && std::exchange(isAskedAgain_, false)) gatherSoon();
+void PanelStoryCollector::finishBuild(SubscriptionID id, const std::function<void()>& show) {
+    --builds_;
+    if (show && subscriptions_.contains(id)) show();
+    if (builds_ == 0 && std::exchange(isRequestedAgain_, false)) scanSoon();
 }
 
 }  // namespace app

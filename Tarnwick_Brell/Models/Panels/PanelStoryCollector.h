@@ -13,8 +13,9 @@
 #include <QTimer>
 
 #include "NewsroomKit/Clusters/StoryCluster.h"
-#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Panels/PanelStory.h"
+#include "NewsroomKit/Panels/RecentClusters.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
 #include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
@@ -22,38 +23,38 @@
 
 namespace app {
 
-/// What the content of a story panel is made from.
+/// The stories that the content of a panel is built from.
 struct QueryResult {
     kit::PanelNews news{};
-    kit::Instant from{};  ///< stories published before that were not looked at
+    kit::Instant from{};  ///< older stories were not scanned
     std::optional<kit::Instant> lastLook{};
 };
 
-/// Takes the recent stories that panels are made from out of the wire, for all panels of a
-/// newsroom at once, and has the contents made on the worker's thread. Begins anew soon after
-/// the wire, its clusters or the marks have changed. The main thread only ever works a few
-/// milliseconds at a time, and keeps no copy of the stories.
+/// Collects the recent stories of the wire for all panels of a newsroom at once, and has their
+/// contents built on the worker's thread. Starts again soon after the wire, its clusters or the
+/// marks have changed. The main thread scans for a few milliseconds at a time and stores no copy
+/// of the stories.
 class PanelStoryCollector : public QObject {
     Q_OBJECT
 public:
-    /// Makes a content, on the worker's thread, and returns what takes it over, which is
-    /// called on the main thread unless the wish has been taken back.
-    using Make = std::function<std::function<void()>(const QueryResult&)>;
+    /// Builds a content on the worker's thread. Returns what shows it, to be called on the main
+    /// thread unless the subscription has been removed.
+    using Build = std::function<std::function<void()>(const QueryResult&)>;
 
-    struct Wish {
+    struct Subscription {
         kit::StoryQuery query{};
-        /// Asked at the beginning of each round.
+        /// Called at the beginning of each scan.
         std::function<kit::Instant()> earliest{};
-        Make make{};
+        Build build{};
     };
-    using Ticket = std::uint64_t;
+    using SubscriptionID = std::uint64_t;
 
     struct Pace {
         std::chrono::milliseconds debounce{300};
-        /// Between two frames, with room for the frame itself.
+        /// Fits between two frames.
         std::chrono::milliseconds slice{6};
-        /// The newest; a wire that is fuller is not gathered as far back.
-        std::size_t mostStories = 50'000;
+        /// With more stories the scan does not reach as far back.
+        std::size_t mostStories = kit::RecentClusters::kMostStories;
     };
 
     /// The desk must outlive it.
@@ -62,34 +63,33 @@ public:
     PanelStoryCollector(NewsDesk& desk, kit::Clock clock, Pace pace);
     ~PanelStoryCollector() override;
 
-    Ticket add(Wish wish);
-    void remove(Ticket ticket) { wishes_.erase(ticket); }
+    SubscriptionID add(Subscription subscription);
+    void remove(SubscriptionID id) { subscriptions_.erase(id); }
 
-    /// Once the pause is over; again after the round under way.
-    void gatherSoon();
+    /// Scans after a pause, and once more after a scan that is under way.
+    void scanSoon();
 
 private:
-    struct Order;
+    struct Scan;
 
-    void begin();
-    void gatherSlice();
-    void handOver();
-    void post(std::shared_ptr<const Order> order, Ticket ticket);
-    void take(Ticket ticket, const std::function<void()>& takeOver);
+    void beginScan();
+    void scanSlice();
+    void postBuilds();
+    void postBuild(std::shared_ptr<const Scan> scan, SubscriptionID id);
+    void finishBuild(SubscriptionID id, const std::function<void()>& show);
 
     NewsDesk& desk_;
     kit::Clock clock_;
     Pace pace_;
-    std::map<Ticket, Wish> wishes_;
-    Ticket lastTicket_ = 0;
-    std::shared_ptr<const std::vector<kit::StoryCluster>> clusters_;
-    std::shared_ptr<Order> order_;  ///< while stories are being gathered
-    std::size_t beingMade_ = 0;     ///< contents, on the worker's thread
-    bool isAskedAgain_ = false;
-    std::chrono::steady_clock::duration spent_{};  ///< by the last round, on the main thread
+    std::map<SubscriptionID, Subscription> subscriptions_;
+    SubscriptionID lastID_ = 0;
+    std::shared_ptr<Scan> scan_;  ///< the scan that is under way
+    std::size_t builds_ = 0;      ///< under way on the worker's thread
+    bool isRequestedAgain_ = false;
+    std::chrono::steady_clock::duration spent_{};  ///< on the main thread, by the last scan
     QTimer pause_;
     QTimer slices_;
-    std::shared_ptr<MainThreadQueue> mailbox_;
+    std::shared_ptr<MainThreadQueue> queue_;
 };
 
 }  // namespace app

@@ -7,16 +7,16 @@ namespace app {
 
 namespace {
 
-std::shared_ptr<PanelStoryCollector> gathererOf(const PanelStores& stores) {
-    return stores.gatherer ? stores.gatherer
-                           : std::make_shared<PanelStoryCollector>(stores.news, stores.clock);
+std::shared_ptr<PanelStoryCollector> collectorOf(const PanelStores& stores) {
+    return stores.collector ? stores.collector
+                            : std::make_shared<PanelStoryCollector>(stores.news, stores.clock);
 }
 
 }  // namespace
 
-QueryPanelModel::Extent QueryPanelModel::Extent::of(const QueryResult& gathered) {
-    const auto& stories = gathered.news.stories;
-    Extent extent{.now = gathered.news.now, .from = gathered.from, .stories = stories.size()};
+QueryPanelModel::Extent QueryPanelModel::Extent::of(const QueryResult& result) {
+    const auto& stories = result.news.stories;
+    Extent extent{.now = result.news.now, .from = result.from, .stories = stories.size()};
     // The wire goes by publication.
     if (!stories.empty()) extent.newest = stories.front().story->publishedAt;
     return extent;
@@ -27,19 +27,19 @@ QueryPanelModel::QueryPanelModel(const PanelStores& stores, const kit::PanelSpec
     : PanelModel(stores, panel),
       query_(query),
       panelKind_(panel.kind),
-      gatherer_(gathererOf(stores)) {
+      collector_(collectorOf(stores)) {
     connect(&news(), &NewsDesk::loadFailed, this,
             [this](const QString& sentence) { become({.state = Failed, .message = sentence}); });
 }
 
-QueryPanelModel::~QueryPanelModel() { gatherer_->remove(ticket_); }
+QueryPanelModel::~QueryPanelModel() { collector_->remove(subscription_); }
 
-void QueryPanelModel::tick() { gatherer_->gatherSoon(); }
+void QueryPanelModel::tick() { collector_->scanSoon(); }
 
 void QueryPanelModel::follow(std::function<kit::Instant()> earliest,
-                             PanelStoryCollector::Make make) {
-    ticket_ =
-        gatherer_->add({.query = query_, .earliest = std::move(earliest), .make = std::move(make)});
+                             PanelStoryCollector::Build build) {
+    subscription_ = collector_->add(
+        {.query = query_, .earliest = std::move(earliest), .build = std::move(build)});
 }
 
 QString QueryPanelModel::spanFact(std::chrono::hours span, const Extent& extent) {

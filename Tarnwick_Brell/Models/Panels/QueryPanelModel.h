@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <functional>
 #include <optional>
@@ -8,6 +9,7 @@
 #include <QAbstractListModel>
 #include <qqmlregistration.h>
 
+#include "NewsroomKit/Panels/StoryGroup.h"
 #include "Tarnwick_Brell/Models/Panels/PanelStoryCollector.h"
 #include "Tarnwick_Brell/Models/Panels/PanelModel.h"
 
@@ -36,7 +38,7 @@ protected:
         std::size_t stories = 0;
         std::optional<kit::Instant> newest{};
 
-        static Extent of(const QueryResult& gathered);
+        static Extent of(const QueryResult& result);
     };
 
     QueryPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
@@ -48,15 +50,20 @@ protected:
     /// extent.
     template <class Make, class Show>
     void gather(std::function<kit::Instant()> earliest, Make make, Show show) {
-        follow(std::move(earliest), [make, show](const QueryResult& gathered) {
-            return [show, content = make(gathered), extent = Extent::of(gathered)] {
+        follow(std::move(earliest), [make, show](const QueryResult& result) {
+            return [show, content = make(result), extent = Extent::of(result)] {
                 show(content, extent);
             };
         });
     }
+    /// The stories of that span, and those before it that its groups may begin with.
     template <class Make, class Show>
     void gather(kit::Instant::duration span, Make make, Show show) {
-        gather([this, span] { return now() - span; }, std::move(make), std::move(show));
+        gather([this, span] { return now() - span - kit::kEarlierContext; }, std::move(make),
+               [span, show = std::move(show)](const auto& content, Extent extent) {
+                   extent.from = std::max(extent.from, extent.now - span);
+                   show(content, extent);
+               });
     }
 
     /// Ready, or empty for lack of `rows`, with the sentence of the panel's kind.
@@ -66,12 +73,12 @@ protected:
     static QString spanFact(std::chrono::hours span, const Extent& extent);
 
 private:
-    void follow(std::function<kit::Instant()> earliest, PanelStoryCollector::Make make);
+    void follow(std::function<kit::Instant()> earliest, PanelStoryCollector::Build build);
 
     kit::StoryQuery query_;
     kit::PanelKind panelKind_;
-    std::shared_ptr<PanelStoryCollector> gatherer_;
-    PanelStoryCollector::Ticket ticket_ = 0;
+    std::shared_ptr<PanelStoryCollector> collector_;
+    PanelStoryCollector::SubscriptionID subscription_ = 0;
 };
 
 }  // namespace app

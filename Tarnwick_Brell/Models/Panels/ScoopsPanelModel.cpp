@@ -1,8 +1,5 @@
 #include "Tarnwick_Brell/Models/Panels/ScoopsPanelModel.h"
 
-#include <algorithm>
-
-#include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
 #include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -10,19 +7,11 @@
 
 namespace app {
 
-namespace {
-
-/// Only where stories are clustered can be told who was first.
-constexpr auto kSpan =
-    std::min<std::chrono::hours>(kit::kScoopsSpan, DeskUpdateBuilder::kClustered);
-
-}  // namespace
-
 ScoopsPanelModel::ScoopsPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
                                    const kit::StoryQuery& query)
     : QueryPanelModel(stores, panel, query) {
     gather(
-        kSpan, [](const auto& gathered) { return kit::scoops(gathered.news); },
+        kit::kScoopsSpan, [](const auto& gathered) { return kit::scoops(gathered.news); },
         [this](const auto& scoops, const auto& extent) { show(scoops, extent); });
 }
 
@@ -40,7 +29,7 @@ void ScoopsPanelModel::show(const std::vector<kit::Scoop>& scoops, const Extent&
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(kSpan, extent), extent);
+    becomeReady(rows_.rowCount(), spanFact(kit::kScoopsSpan, extent), extent);
 }
 
 void ScoopsPanelModel::open(int index) {

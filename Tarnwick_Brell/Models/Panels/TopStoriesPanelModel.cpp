@@ -1,6 +1,5 @@
 #include "Tarnwick_Brell/Models/Panels/TopStoriesPanelModel.h"
 
-#include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
 #include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -10,10 +9,8 @@ namespace app {
 TopStoriesPanelModel::TopStoriesPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
                                            const kit::StoryQuery& query)
     : QueryPanelModel(stores, panel, query) {
-    // Covered of late, but told first perhaps before that.
     gather(
-        DeskUpdateBuilder::kClustered,
-        [](const auto& gathered) { return kit::topStories(gathered.news); },
+        kit::kTopStoriesSpan, [](const auto& gathered) { return kit::topStories(gathered.news); },
         [this](const auto& stories, const auto& extent) { show(stories, extent); });
 }
 

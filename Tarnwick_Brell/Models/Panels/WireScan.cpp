@@ -7,10 +7,10 @@ namespace app {
 
 namespace {
 
-/// How many stories are tested between two looks at the clock.
+/// How many stories are tested before the clock is read again.
 constexpr std::size_t kStride = 64;
 
-/// What panels look at; the rest of the record would be most of the work.
+/// The fields that panels need. Copying whole records would be most of the work.
 kit::Story essentials(const PackedStory& packed) {
     kit::Story story;
     story.id = packed.id();
@@ -28,21 +28,20 @@ kit::Story essentials(const PackedStory& packed) {
 
 }  // namespace
 
-std::size_t WireScan::ask(const kit::StoryQuery& query, kit::Instant earliest) {
-    auto asked = std::find_if(questions_.begin(), questions_.end(),
-                              [&](const auto& question) { return question.query == query; });
-    if (asked == questions_.end()) {
-        questions_.push_back(
-            {.query = query, .earliest = earliest, .test = LiveQuery::test(query)});
-        return questions_.size() - 1;
+std::size_t WireScan::add(const kit::StoryQuery& query, kit::Instant earliest) {
+    auto same = std::find_if(queries_.begin(), queries_.end(),
+                             [&](const auto& each) { return each.query == query; });
+    if (same == queries_.end()) {
+        queries_.push_back({.query = query, .earliest = earliest, .wants = LiveQuery::test(query)});
+        return queries_.size() - 1;
     }
-    asked->earliest = std::min(asked->earliest, earliest);
-    return static_cast<std::size_t>(asked - questions_.begin());
+    same->earliest = std::min(same->earliest, earliest);
+    return static_cast<std::size_t>(same - queries_.begin());
 }
 
 bool WireScan::continueFor(const Wire& wire, std::chrono::steady_clock::duration budget) {
     auto end = kit::Instant::max();
-    for (const auto& question : questions_) end = std::min(end, question.earliest);
+    for (const auto& query : queries_) end = std::min(end, query.earliest);
     const auto over = std::chrono::steady_clock::now() + budget;
     std::size_t place = wire.firstPlaceBelow(untestedBelow_);
     do {
@@ -53,7 +52,7 @@ bool WireScan::continueFor(const Wire& wire, std::chrono::steady_clock::duration
                 cutAt_ = wire[place].publishedAt();
                 return true;
             }
-            look(wire[place]);
+            test(wire[place]);
         }
         if (place == wire.size()) return true;
         untestedBelow_ = wire[place].number() + 1;
@@ -61,12 +60,12 @@ bool WireScan::continueFor(const Wire& wire, std::chrono::steady_clock::duration
     return false;
 }
 
-void WireScan::look(const PackedStory& packed) {
+void WireScan::test(const PackedStory& packed) {
     const kit::Story* story = nullptr;
-    for (auto& question : questions_) {
-        if (packed.publishedAt() < question.earliest || !question.test(packed)) continue;
+    for (auto& query : queries_) {
+        if (packed.publishedAt() < query.earliest || !query.wants(packed)) continue;
         if (!story) story = &stories_.emplace_back(essentials(packed));
-        question.found.push_back(
+        query.found.push_back(
             {.story = story, .firstSeen = packed.firstSeen(), .isRead = packed.isRead()});
     }
 }

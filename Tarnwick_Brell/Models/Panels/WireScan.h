@@ -16,38 +16,38 @@
 
 namespace app {
 
-/// One walk through the wire, newest first, that copies what panels look at from the stories
-/// that one of the queries wants. Changes of the wire in between are no harm: what comes above
-/// the place reached is missing until the next walk.
+/// One scan of the wire, newest first. It copies what panels need of the stories that match one
+/// of the queries. The wire may change in between: stories that come above the place reached are
+/// missing until the next scan.
 class WireScan {
 public:
     explicit WireScan(std::size_t mostStories) : mostStories_(mostStories) {}
 
-    /// Equal queries are tested once. Returns the query's place for `storiesOf`.
-    std::size_t ask(const kit::StoryQuery& query, kit::Instant earliest);
+    /// Equal queries are tested once. Returns the query's index for `storiesOf`.
+    std::size_t add(const kit::StoryQuery& query, kit::Instant earliest);
 
-    /// Returns whether the walk is over.
+    /// Returns whether the scan is over.
     bool continueFor(const Wire& wire, std::chrono::steady_clock::duration budget);
 
-    std::span<const kit::PanelStory> storiesOf(std::size_t question) const {
-        return questions_[question].found;
+    std::span<const kit::PanelStory> storiesOf(std::size_t query) const {
+        return queries_[query].found;
     }
-    /// Stories published after that were all looked at.
+    /// All stories published after this moment were scanned.
     kit::Instant from(kit::Instant earliest) const;
 
 private:
-    struct Question {
+    struct Query {
         kit::StoryQuery query{};
         kit::Instant earliest{};
-        LiveQuery::Test test{};
+        LiveQuery::Test wants{};
         std::vector<kit::PanelStory> found{};
     };
 
-    void look(const PackedStory& story);
+    void test(const PackedStory& story);
 
     std::size_t mostStories_;
-    std::vector<Question> questions_;
-    std::deque<kit::Story> stories_;  ///< in a deque they stay where they are
+    std::vector<Query> queries_;
+    std::deque<kit::Story> stories_;  ///< a deque does not move them
     std::int64_t untestedBelow_ = std::numeric_limits<std::int64_t>::max();
     std::optional<kit::Instant> cutAt_;
 };

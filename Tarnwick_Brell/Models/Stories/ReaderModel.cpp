@@ -11,6 +11,8 @@
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
+#include "Tarnwick_Brell/Desk/DeskWorker.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
 
@@ -44,7 +46,7 @@ ReaderModel::ReaderModel(NewsDesk& desk, const Defaults& defaults, kit::Clock cl
       desk_(desk),
       clock_(std::move(clock)),
       trace_(desk, defaults, clock_),
-      mailbox_(std::make_shared<MainThreadQueue>()) {
+      queue_(std::make_shared<MainThreadQueue>()) {
     connect(&desk, &NewsDesk::wireChanged, this, &ReaderModel::follow);
     connect(&desk, &NewsDesk::marksChanged, this, &ReaderModel::marksChanged);
     connect(&desk, &NewsDesk::clustersChanged, this, &ReaderModel::readTimeline);
@@ -53,7 +55,7 @@ ReaderModel::ReaderModel(NewsDesk& desk, const Defaults& defaults, kit::Clock cl
     minute->start(30s);
 }
 
-ReaderModel::~ReaderModel() { mailbox_->close(); }
+ReaderModel::~ReaderModel() { queue_->close(); }
 
 std::optional<std::int64_t> ReaderModel::number() const {
     return stored_ ? std::optional(stored_->number) : std::nullopt;
@@ -113,10 +115,10 @@ void ReaderModel::readCredits() {
 
 void ReaderModel::askForWordings() {
     const auto number = stored_->number;
-    const auto read = [this, number, mailbox = mailbox_](DeskWorker::WorkerContext& context) {
+    const auto read = [this, number, queue = queue_](DeskWorker::WorkerContext& context) {
         auto wordings = context.store.stories().earlierWordings(number);
         if (wordings.empty()) return;
-        mailbox->send([this, number, wordings = std::move(wordings)] {
+        queue->send([this, number, wordings = std::move(wordings)] {
             if (this->number() != number) return;
             std::vector<WordingRow> rows;
             for (const auto& wording : wordings) {
@@ -135,7 +137,8 @@ void ReaderModel::readTimeline() {
     std::vector<TimelineRow> rows;
     timelineTitle_.clear();
     timelineFact_.clear();
-    const auto& clusters = desk_.clusters();
+    static const std::vector<kit::StoryCluster> none;
+    const auto& clusters = desk_.clusters() ? *desk_.clusters() : none;
     const auto id = stored_ ? story().id : std::string();
     const auto own = std::find_if(clusters.begin(), clusters.end(), [&](const auto& cluster) {
         const auto& ids = cluster.storyIDs;

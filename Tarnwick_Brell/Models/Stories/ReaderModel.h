@@ -159,7 +159,7 @@ private:
     QString timelineTitle_;
     QString timelineFact_;
     TraceModel trace_;
-    std::shared_ptr<MainThreadQueue> mailbox_;
+    std::shared_ptr<MainThreadQueue> queue_;
 };
 
 }  // namespace app

@@ -12,6 +12,8 @@
 #include "NewsroomKit/Stories/StoryIdentity.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TraceText.h"
+#include "Tarnwick_Brell/Desk/DeskWorker.h"
+#include "Tarnwick_Brell/Desk/FetchStack.h"
 
 namespace app {
 
@@ -33,12 +35,12 @@ TraceModel::TraceModel(NewsDesk& desk, const Defaults& defaults, kit::Clock cloc
       desk_(desk),
       defaults_(defaults),
       clock_(std::move(clock)),
-      mailbox_(std::make_shared<MainThreadQueue>()) {
+      queue_(std::make_shared<MainThreadQueue>()) {
     connect(&desk, &NewsDesk::wireChanged, this, &TraceModel::readRows);
 }
 
 // A job in flight continues; its result is dropped.
-TraceModel::~TraceModel() { mailbox_->close(); }
+TraceModel::~TraceModel() { queue_->close(); }
 
 void TraceModel::ask(const QString& address) {
     if (state_ == Running && address == address_) return;
@@ -66,8 +68,8 @@ void TraceModel::cancel() {
 
 void TraceModel::start() {
     cancel();
-    const auto tell = [this, turn = turn_, mailbox = mailbox_](Answer answer) {
-        mailbox->send([this, turn, answer = std::move(answer)] {
+    const auto tell = [this, turn = turn_, queue = queue_](Answer answer) {
+        queue->send([this, turn, answer = std::move(answer)] {
             if (turn == turn_) take(answer);
         });
     };

@@ -101,7 +101,7 @@ private:
     GadgetListModel<TraceRow> rows_;
     std::uint64_t turn_ = 0;  ///< answers to earlier questions are dropped
     std::optional<DeskWorker::Ticket> ticket_;
-    std::shared_ptr<MainThreadQueue> mailbox_;
+    std::shared_ptr<MainThreadQueue> queue_;
 };
 
 }  // namespace app

@@ -7,6 +7,7 @@
 #include "Tarnwick_Brell/Desk/Announcement.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "tests/support/app/TestDesk.h"
 
 namespace app {

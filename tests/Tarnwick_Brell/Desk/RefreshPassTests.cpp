@@ -7,6 +7,8 @@
 #include <boost/asio/use_future.hpp>
 
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
+#include "Tarnwick_Brell/Desk/FetchStack.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "tests/support/app/TestDesk.h"
 #include "tests/Tarnwick_Brell/Storage/LibraryFile.h"
 

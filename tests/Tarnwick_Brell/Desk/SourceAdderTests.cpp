@@ -5,6 +5,8 @@
 #include <boost/asio/use_future.hpp>
 
 #include "Tarnwick_Brell/Desk/SourceAdder.h"
+#include "Tarnwick_Brell/Desk/FetchStack.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "tests/support/TestServer.h"
 
 namespace app {

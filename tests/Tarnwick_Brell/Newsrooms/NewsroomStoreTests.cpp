@@ -2,6 +2,7 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "tests/support/EventLoop.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -5,6 +5,7 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace {
 

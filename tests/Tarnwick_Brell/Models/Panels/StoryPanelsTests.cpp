@@ -4,6 +4,7 @@
 #include <thread>
 #include <tuple>
 
+#include "NewsroomKit/Stories/StoryIdentity.h"
 #include "Tarnwick_Brell/Models/Panels/QueryPanelModel.h"
 #include "tests/support/models/TestPanels.h"
 #include "tests/support/EventLoop.h"
@@ -100,11 +101,31 @@ TEST_F(StoryPanelsTest, PanelsTellWhoCoversTheNewsAndWhoWasFirst) {
     expectTexts(column(*coverage, "firsts"), {"", "first 1×", ""});
 }
 
+TEST_F(StoryPanelsTest, ClaimsMeetTheirAnswerAsFarBackAsThePanelSays) {
+    const auto tellDaysAgo = [&](int days, const std::string& outlet, Sourcing sourcing) {
+        const auto link = "https://" + outlet + ".example/old";
+        bench_.tell({.id = kit::storyID(link),
+                     .link = link,
+                     .title = kHeadset,
+                     .publishedAt = bench_.at("10:00") - std::chrono::days(days),
+                     .sourceID = outlet,
+                     .sourceName = outlet,
+                     .sourcing = sourcing});
+    };
+    tellDaysAgo(10, "Harbour", Sourcing::rumor);
+    tellDaysAgo(9, "Lantern", Sourcing::confirmed);
+    bench_.open();
+    const auto claims = bench_.panel(PanelKind::claims);
+    EXPECT_EQ(claims->fact(), "Last 14 days");
+    expectTexts(column(*claims, "stateLabel"), {"Confirmed"});
+    expectTexts(column(*bench_.panel(PanelKind::coverage), "firsts"), {"first 1×", ""});
+}
+
 TEST_F(StoryPanelsTest, APanelWithoutContentSaysWhetherNothingMatchesOrNothingCameOfIt) {
     bench_.tell("Lantern", "11:00", "A calm week for keyboards");
     bench_.open();
     const std::vector<std::tuple<PanelKind, std::string, QString>> cases{
-        {PanelKind::topStories, "nonesuch", "No story of the last 3 d mentions “nonesuch”."},
+        {PanelKind::topStories, "nonesuch", "No story of the last 2 d mentions “nonesuch”."},
         {PanelKind::coverage, "nonesuch", "No story of the last 30 d mentions “nonesuch”."},
         {PanelKind::stream, "nonesuch", "No story mentions “nonesuch”."},
         {PanelKind::apple, "keyboards", "No post of Apple's mentions “keyboards”."},
@@ -141,19 +162,18 @@ TEST_F(StoryPanelsTest, GatheringGivesWayToTheEventLoopAndStopsWhereTheWireIsToo
     }
     bench_.open();
     for (const auto& [most, found] : {std::pair{1000u, 100u}, std::pair{64u, 64u}}) {
-        PanelStoryCollector gatherer(*bench_.news, bench_.desk.clock(),
-                                     {.debounce = 0ms, .slice = 0ms, .mostStories = most});
+        PanelStoryCollector collector(*bench_.news, bench_.desk.clock(),
+                                      {.debounce = 0ms, .slice = 0ms, .mostStories = most});
         std::optional<std::size_t> stories;
         kit::Instant from;
-        gatherer.add({.earliest = [&] { return bench_.at("00:00"); },
-                      .make =
-                          [&](const QueryResult& gathered) {
-                              return
-                                  [&, count = gathered.news.stories.size(), start = gathered.from] {
-                                      stories = count;
-                                      from = start;
-                                  };
-                          }});
+        collector.add({.earliest = [&] { return bench_.at("00:00"); },
+                       .build =
+                           [&](const QueryResult& result) {
+                               return [&, count = result.news.stories.size(), start = result.from] {
+                                   stories = count;
+                                   from = start;
+                               };
+                           }});
         int turns = 0;
         while (!stories && turns < 10'000) {
             QCoreApplication::processEvents();
@@ -169,20 +189,20 @@ TEST_F(StoryPanelsTest, GatheringGivesWayToTheEventLoopAndStopsWhereTheWireIsToo
 TEST_F(StoryPanelsTest, APanelThatGoesWhileItsContentIsMadeIsLeftAlone) {
     tellStories();
     bench_.open();
-    auto gatherer = std::make_shared<PanelStoryCollector>(
+    auto collector = std::make_shared<PanelStoryCollector>(
         *bench_.news, bench_.desk.clock(), PanelStoryCollector::Pace{.debounce = 0ms});
     std::atomic<bool> isMade = false, mayGoOn = false;
     bool isTaken = false;
-    const auto ticket = gatherer->add({.earliest = [&] { return bench_.at("00:00"); },
-                                       .make =
-                                           [&](const QueryResult&) {
-                                               isMade = true;
-                                               while (!mayGoOn) std::this_thread::yield();
-                                               return [&] { isTaken = true; };
-                                           }});
-    // The worker waits until the wish has been taken back.
+    const auto id = collector->add({.earliest = [&] { return bench_.at("00:00"); },
+                                    .build =
+                                        [&](const QueryResult&) {
+                                            isMade = true;
+                                            while (!mayGoOn) std::this_thread::yield();
+                                            return [&] { isTaken = true; };
+                                        }});
+    // The worker waits until the subscription has been removed.
     while (!isMade) QCoreApplication::processEvents();
-    gatherer->remove(ticket);
+    collector->remove(id);
     mayGoOn = true;
     ::test::runFor(50ms);
     EXPECT_FALSE(isTaken);

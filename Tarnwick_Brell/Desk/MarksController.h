@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <QObject>
+
+#include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Storage/Tables/MarkTable.h"
+
+namespace app {
+
+class DeskJobs;
+class Wire;
+
+/// Changes the read and saved marks. The wire has a change at once and the library soon; a
+/// change that cannot be written is rolled back.
+class MarksController : public QObject {
+    Q_OBJECT
+public:
+    MarksController(Wire& wire, DeskJobs& jobs, kit::Clock clock);
+
+    void setRead(const std::vector<std::string>& storyIDs, bool read, Undoable undoable);
+    void setSaved(const std::vector<std::string>& storyIDs, bool saved);
+    /// Returns how many of these stories were unread.
+    std::size_t markAllRead(const std::vector<std::int64_t>& numbers);
+
+    /// False when there is nothing to undo.
+    bool undo();
+    bool canUndo() const { return canUndo_; }
+
+    /// Applies what an update says about the undo, unless a change is still being written: the
+    /// update was made without it.
+    void applyCanUndo(bool canUndo);
+    /// Applies the changes that are still being written to stories of an update, which was made
+    /// without them.
+    void reapplyPending();
+
+signals:
+    void marksChanged(const std::vector<std::int64_t>& numbers);
+    void undoChanged();
+
+private:
+    struct MarkChange {
+        Mark mark = Mark::read;
+        bool on = false;
+        std::vector<std::int64_t> numbers{};
+    };
+
+    std::vector<std::int64_t> numbersOf(const std::vector<std::string>& storyIDs) const;
+    std::vector<std::int64_t> apply(const MarkChange& change);
+    std::vector<std::int64_t> change(MarkChange asked, Undoable undoable);
+    void rollBack(std::uint64_t id);
+    void setCanUndo(bool canUndo);
+
+    Wire& wire_;
+    DeskJobs& jobs_;
+    kit::Clock clock_;
+    std::optional<MarkChange> lastChange_;  ///< the undoable one, when this desk made it
+    bool canUndo_ = false;
+    std::map<std::uint64_t, MarkChange> pending_;  ///< not yet in the library
+    std::uint64_t lastID_ = 0;
+};
+
+}  // namespace app
