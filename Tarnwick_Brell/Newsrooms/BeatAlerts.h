@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "NewsroomKit/Newsrooms/PanelKind.h"
@@ -10,7 +11,14 @@
 
 namespace app {
 
-/// Stories that one beat, or one panel, tells the user of.
+/// Whether a panel with alerts on, in any newsroom, wants alerts of that kind. For stories
+/// BeatAlerts decides.
+bool panelsAskFor(kit::PanelAlert alert, const NewsroomShelf& newsrooms);
+
+/// The same for releases of a platform, among those that the panel shows.
+bool panelsAskForRelease(std::string_view platform, const NewsroomShelf& newsrooms);
+
+/// Stories that one beat or one panel alerts the user to.
 struct BeatMatch {
     std::string id{};          ///< of the beat or panel
     std::string name{};        ///< what the user calls it
@@ -18,15 +26,15 @@ struct BeatMatch {
     Announcement announcement{};
 };
 
-/// Which of the stories that have arrived the user wants to be told of, and by which beat. A
-/// story that several ask for is told once: beats come before panels, both in the user's order.
+/// Decides which new stories a beat or panel alerts the user to. A story that several want is
+/// alerted once: beats come before panels, both in the user's order.
 class BeatAlerts {
 public:
     BeatAlerts(const BeatShelf& beats, const NewsroomShelf& newsrooms);
 
     struct Sorted {
         std::vector<BeatMatch> matches{};
-        std::vector<kit::Story> others{};  ///< that no beat and no panel asks for
+        std::vector<kit::Story> others{};  ///< that no beat and no panel wants
     };
     /// `news` is newest first.
     Sorted sort(const std::vector<kit::Story>& news) const;

@@ -14,10 +14,34 @@
 #include "NewsroomKit/Records/Codec.h"
 #include "NewsroomKit/Text/Folding.h"
 #include "NewsroomKit/Text/Unicode.h"
-#include "Tarnwick_Brell/Newsrooms/RecordChange.h"
 #include "Tarnwick_Brell/Storage/Tables/RecordRank.h"
+#include "Tarnwick_Brell/Storage/Tables/RecordTable.h"
 
 namespace app {
+
+/// What a change of ordered records writes to their table.
+struct RecordChange {
+    enum class Kind { put, remove, restore, move };
+
+    Kind kind{};
+    std::string id{};        ///< of what is removed or restored
+    RecordTable::Row row{};  ///< of what is put
+    /// Ids and ranks of what is moved: one record, unless two programs have given others the
+    /// same rank.
+    std::vector<std::pair<std::string, std::string>> ranks{};
+
+    /// Throws StoreError.
+    void applyTo(RecordTable& table, kit::Instant now) const {
+        switch (kind) {
+            case Kind::put: return table.put(row);
+            case Kind::remove: return table.remove(id, now);
+            case Kind::restore: return table.restore(id);
+            case Kind::move:
+                for (const auto& [moved, rank] : ranks) table.setRank(moved, rank);
+                return;
+        }
+    }
+};
 
 /// One of the user's ordered records. One that can't be read stays as it is stored.
 template <class T>
@@ -48,7 +72,7 @@ public:
     }
 
     const std::vector<Entry>& entries() const { return entries_; }
-    /// What `restore` can bring back, the last removed first.
+    /// Entries that `restore` can bring back, the last removed first.
     const std::vector<Entry>& removed() const { return removed_; }
 
     /// Null when there is none.
@@ -57,8 +81,8 @@ public:
         return found == entries_.end() ? nullptr : &*found;
     }
 
-    /// Those that a person means by `words`: the one with that id, or all with that name, or
-    /// else all whose name differs only as folding does not see.
+    /// The entries that a person may mean by `words`: the one with that id, or all with that
+    /// name, or else all whose folded name is the same.
     static std::vector<const Entry*> meant(const std::vector<Entry>& entries,
                                            std::string_view words) {
         const auto id = kit::UUID::parse(words);
@@ -73,7 +97,7 @@ public:
                         [&](const Entry& entry) { return kit::fold(entry.name) == folded; });
     }
 
-    /// `wanted`, or with a number behind it when an entry has that name already; no longer than
+    /// `wanted`, with a number appended when an entry has that name already, and no longer than
     /// a name may be.
     std::string freeName(const std::string& wanted) const {
         auto name = wanted;
@@ -85,7 +109,7 @@ public:
         return name;
     }
 
-    /// Writes the record in its place, or behind all others when its id is new.
+    /// Replaces the record with that id, or appends it when the id is new.
     RecordChange put(T value) {
         Entry entry{.id = value.id.text(), .name = value.name, .value = std::move(value)};
         const auto place = placeIn(entries_, entry.id);
@@ -142,7 +166,7 @@ private:
         Entry entry{.id = std::move(row.id), .rank = std::move(row.rank)};
         try {
             const auto json = kit::parseJSON(row.record);
-            // The name first: what can't be read as a whole may still have one.
+            // The name first: an unreadable record may still have one.
             if (json.is_object()) {
                 const auto* name = json.get_object().if_contains("name");
                 if (name && name->is_string()) entry.name = name->get_string().c_str();

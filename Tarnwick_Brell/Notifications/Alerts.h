@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Stories/Story.h"
 #include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
 #include "NewsroomKit/Trackers/Releases/NewBuilds.h"

@@ -6,6 +6,7 @@
 namespace {
 
 using namespace app;
+using kit::PanelAlert;
 using kit::PanelKind;
 using kit::Story;
 
@@ -16,9 +17,9 @@ BeatShelf beatsOf(const std::vector<std::pair<std::string, bool>>& termsAndAlert
     return shelf;
 }
 
-NewsroomShelf newsroomOf(PanelKind kind, bool alerts) {
+NewsroomShelf newsroomOf(PanelKind kind, kit::PanelOptions options) {
     auto spec = kit::madeNewsroom("Desk", "bolt", std::array{kind}, {});
-    spec.panels[0].options.alerts = alerts;
+    spec.panels[0].options = std::move(options);
     NewsroomShelf shelf;
     shelf.put(spec);
     return shelf;
@@ -57,20 +58,20 @@ TEST(BeatsWithAlerts, TellEachStoryOnceUnderTheFirstThatAsksForIt) {
          {},
          "glass: chips and glass glass; others: chips wool press note chips on sale"},
         {beatsOf({{"silk", true}}), {}, " others: " + all},
-        {beatsOf({{"wool", true}}), newsroomOf(PanelKind::stream, true),
+        {beatsOf({{"wool", true}}), newsroomOf(PanelKind::stream, {.alerts = true}),
          "wool: wool;Desk – Latest: chips and glass glass chips press note; others: chips on sale"},
         {{},
-         newsroomOf(PanelKind::apple, true),
+         newsroomOf(PanelKind::apple, {.alerts = true}),
          "Desk – From Apple: press note; others: chips and glass glass chips wool chips on sale"},
-        {{}, newsroomOf(PanelKind::stream, false), " others: " + all},
-        {{}, newsroomOf(PanelKind::stock, true), " others: " + all},
+        {{}, newsroomOf(PanelKind::stream, {.alerts = false}), " others: " + all},
+        {{}, newsroomOf(PanelKind::stock, {.alerts = true}), " others: " + all},
     };
     for (const auto& row : cases)
         EXPECT_EQ(told(BeatAlerts(row.beats, row.newsrooms), news), row.told);
 }
 
 TEST(BeatsWithAlerts, AreToldApartFromPanelsByTheirNewsroom) {
-    const auto newsrooms = newsroomOf(PanelKind::stream, true);
+    const auto newsrooms = newsroomOf(PanelKind::stream, {.alerts = true});
     const auto matches = BeatAlerts(beatsOf({{"chips", true}}), newsrooms)
                              .sort({{.title = "chips"}, {.title = "glass"}})
                              .matches;
@@ -87,6 +88,31 @@ TEST(BeatsWithAlerts, TellACrowdAsOne) {
     EXPECT_TRUE(matches[0].announcement.isSummary());
     EXPECT_EQ(matches[0].announcement.stories.size(), Announcement::kMostOneByOne);
     EXPECT_TRUE(others.empty()) << "those that the summary only counts are told too";
+}
+
+TEST(PanelsWithAlerts, AskForTheNewsOfTheirKind) {
+    const std::pair<PanelKind, PanelAlert> cases[] = {
+        {PanelKind::status, PanelAlert::serviceStatus}, {PanelKind::software, PanelAlert::releases},
+        {PanelKind::releases, PanelAlert::releases},    {PanelKind::records, PanelAlert::signing},
+        {PanelKind::backend, PanelAlert::updates},      {PanelKind::stock, PanelAlert::none},
+    };
+    const PanelAlert all[] = {PanelAlert::serviceStatus, PanelAlert::releases, PanelAlert::signing,
+                              PanelAlert::updates};
+    for (const auto& [kind, alert] : cases) {
+        const auto on = newsroomOf(kind, {.alerts = true});
+        const auto off = newsroomOf(kind, {.alerts = false});
+        for (const auto asked : all) {
+            EXPECT_EQ(panelsAskFor(asked, on), asked == alert) << rawValue(kind);
+            EXPECT_FALSE(panelsAskFor(asked, off)) << rawValue(kind);
+        }
+    }
+}
+
+TEST(PanelsWithAlerts, AskForReleasesOfThePlatformsThatTheyShow) {
+    const auto shelf = newsroomOf(PanelKind::software, {.alerts = true, .platforms = {"tvOS"}});
+    EXPECT_TRUE(panelsAskForRelease("tvOS", shelf));
+    EXPECT_FALSE(panelsAskForRelease("iOS", shelf));
+    EXPECT_FALSE(panelsAskForRelease("tvOS", newsroomOf(PanelKind::status, {.alerts = true})));
 }
 
 }  // namespace
