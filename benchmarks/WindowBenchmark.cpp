@@ -21,10 +21,9 @@
 #include "PressRoom/Server/Server.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
-#include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
+#include "Tarnwick_Brell/Shell/LaunchContext.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
-#include "Tarnwick_Brell/Window/WindowStores.h"
 #include "benchmarks/InventedOutlets.h"
 #include "benchmarks/WindowProbe.h"
 
@@ -114,9 +113,9 @@ private:
         const auto soon = application_.take();
         line("whole wire loaded", waitFor([this] { return news_.isLoaded(); }), "ms");
         line("whole wire in the list",
-             waitFor([this] { return model_.wire()->list()->isComplete(); }), "ms");
-        fmt::print("    ({} stories in the list, {} in the wire)\n", model_.wire()->list()->count(),
-                   news_.stories().size());
+             waitFor([this] { return model_.storyList()->list()->isComplete(); }), "ms");
+        fmt::print("    ({} stories in the list, {} in the wire)\n",
+                   model_.storyList()->list()->count(), news_.stories().size());
         lines("until the first stories", soon);
         lines("from there to the whole wire", application_.take());
         restFor(kRest);
@@ -165,12 +164,12 @@ private:
     /// A letter every 120 ms, as a quick writer types.
     void type(const std::string& word) {
         double slowest = 0, last = 0;
-        auto* page = model_.wire();
+        auto* page = model_.storyList();
         application_.take();
         for (std::size_t length = 1; length <= word.size(); ++length) {
             bool isAnswered = false;
-            const auto answers =
-                QObject::connect(page, &WirePage::listBegins, [&] { isAnswered = true; });
+            const auto answers = QObject::connect(page, &StoryListController::listBegins,
+                                                  [&] { isAnswered = true; });
             const auto begin = Steady::now();
             page->setSearchText(QString::fromStdString(word.substr(0, length)));
             waitFor([&] { return isAnswered; });
@@ -201,14 +200,15 @@ private:
 
     QQuickItem* storyList() {
         for (auto* item : window_.findChildren<QQuickItem*>()) {
-            if (item->property("model").value<QObject*>() == model_.wire()->list()) return item;
+            if (item->property("model").value<QObject*>() == model_.storyList()->list())
+                return item;
         }
         throw std::runtime_error("the window has no list of stories");
     }
 
     void lookAtFrame() {
         ++frames_;
-        if (showsStories_ || model_.wire()->list()->count() == 0) return;
+        if (showsStories_ || model_.storyList()->list()->count() == 0) return;
         const auto* rows = storyList()->property("contentItem").value<QQuickItem*>();
         for (const auto* row : rows->childItems()) {
             showsStories_ |= row->isVisible() && !row->property("title").toString().isEmpty();

@@ -270,7 +270,7 @@
     </message>
 </context>
 <context>
-    <name>app::WirePage</name>
+    <name>app::StoryActions</name>
     <message numerus="yes">
         <source>%n stories marked as read.</source>
         <translation>
@@ -278,6 +278,9 @@
             <numerusform>%n stories marked as read.</numerusform>
         </translation>
     </message>
+</context>
+<context>
+    <name>app::StoryListController</name>
     <message numerus="yes">
         <source>%n found</source>
         <translation>

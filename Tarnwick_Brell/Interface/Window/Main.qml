@@ -101,7 +101,9 @@ Window {
                 height: parent.height - y
                 visible: window.desk.view === WindowModel.Stories
                 focus: visible
-                page: window.desk.wire
+                stories: window.desk.storyList
+                selected: window.desk.selectedStory
+                storyActions: window.desk.storyActions
                 actions: window.desk.actions
                 readerPlace: window.state.reader
                 listWidth: window.state.listWidth
@@ -146,7 +148,7 @@ Window {
         id: toast
     }
     Connections {
-        target: window.desk.wire
+        target: window.desk.storyActions
 
         function onMarked(sentence: string) {
             toast.show(sentence, qsTr("Undo"));
@@ -183,7 +185,7 @@ Window {
         target: toast
 
         function onActed() {
-            window.desk.wire.undo();
+            window.desk.storyActions.undo();
         }
     }
 }

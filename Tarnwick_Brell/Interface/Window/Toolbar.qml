@@ -49,7 +49,7 @@ Item {
         width: corner.x - x - Theme.space3
         height: parent.height
         visible: bar.isWire
-        page: bar.desk.wire
+        stories: bar.desk.storyList
         onLeftForList: bar.leftForList()
     }
     DeskText {

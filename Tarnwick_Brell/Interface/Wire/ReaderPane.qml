@@ -9,9 +9,9 @@ import TarnwickBrell.Panels
 FocusScope {
     id: pane
 
-    required property WirePage page
+    required property ReaderModel reader
+    required property StoryActions storyActions
     required property ActionModel actions
-    readonly property ReaderModel reader: page.reader
 
     signal storyWanted(storyID: string)
     signal linkWanted(link: string)
@@ -57,7 +57,7 @@ FocusScope {
             symbol: "arrow.up.right.square"
             text: qsTr("Open")
             key: pane.actions.keyText(DeskAction.OpenInBrowser)
-            onClicked: pane.page.openInBrowser()
+            onClicked: pane.storyActions.openInBrowser()
         }
         Row {
             anchors.right: parent.right
@@ -71,32 +71,32 @@ FocusScope {
                 text: pane.reader.isSaved ? qsTr("Saved; take back") : qsTr("Save")
                 key: pane.actions.keyText(DeskAction.ToggleSaved)
                 checked: pane.reader.isSaved
-                onClicked: pane.page.toggleSaved()
+                onClicked: pane.storyActions.toggleSaved()
             }
             IconButton {
                 symbol: pane.reader.isRead ? "circle" : "circle.inset.filled"
                 text: pane.reader.isRead ? qsTr("Mark as unread") : qsTr("Mark as read")
                 key: pane.actions.keyText(DeskAction.ToggleRead)
-                onClicked: pane.page.toggleRead()
+                onClicked: pane.storyActions.toggleRead()
             }
             IconButton {
                 symbol: "link"
                 text: qsTr("Copy link")
                 key: pane.actions.keyText(DeskAction.CopyLink)
-                onClicked: pane.page.copyLink()
+                onClicked: pane.storyActions.copyLink()
             }
             IconButton {
                 symbol: "quote.opening"
                 text: qsTr("Copy citation")
                 key: pane.actions.keyText(DeskAction.CopyCitation)
-                onClicked: pane.page.copyCitation()
+                onClicked: pane.storyActions.copyCitation()
             }
             IconButton {
                 symbol: "arrow.triangle.branch"
                 text: qsTr("Trace where the story started")
                 key: pane.actions.keyText(DeskAction.TraceStory)
                 enabled: pane.reader.link !== ""
-                onClicked: pane.page.traceStory()
+                onClicked: pane.storyActions.traceStory()
             }
         }
         Hairline {

@@ -4,18 +4,20 @@ import QtQuick.Templates as T
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// The stories of a place, with their header.
+/// The list of stories with its header.
 FocusScope {
     id: wireList
 
-    required property WirePage page
+    required property StoryListController stories
+    required property SelectedStory selected
+    required property StoryActions storyActions
     required property ActionModel actions
     readonly property alias view: view
 
-    /// Brings the chosen story into sight.
+    /// Scrolls the selected story into view.
     function reveal() {
-        if (page.currentRow >= 0)
-            view.positionViewAtIndex(page.currentRow, ListView.Contain);
+        if (selected.row >= 0)
+            view.positionViewAtIndex(selected.row, ListView.Contain);
     }
 
     Timer {
@@ -42,7 +44,7 @@ FocusScope {
             width: Math.min(implicitWidth, parent.width / 2 - x)
             anchors.verticalCenter: parent.verticalCenter
             type: DeskText.BaseStrong
-            text: wireList.page.isSearching ? qsTr("Search in all stories") : wireList.page.title
+            text: wireList.stories.isSearching ? qsTr("Search in all stories") : wireList.stories.title
             Accessible.role: Accessible.Heading
         }
         DeskText {
@@ -51,15 +53,15 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             type: DeskText.Secondary
             color: Theme.text3
-            text: wireList.page.unreadText
+            text: wireList.stories.unreadText
         }
         Pill {
             anchors.right: parent.right
             anchors.rightMargin: Theme.rowEnd
             anchors.verticalCenter: parent.verticalCenter
-            shown: wireList.page.list.arrivals > 0
-            text: wireList.page.arrivalsText
-            onClicked: wireList.page.showArrivals()
+            shown: wireList.stories.list.arrivals > 0
+            text: wireList.stories.arrivalsText
+            onClicked: wireList.stories.showArrivals()
         }
         Hairline {
             anchors.bottom: parent.bottom
@@ -81,15 +83,15 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
-        model: wireList.page.list
-        currentIndex: wireList.page.currentRow
+        model: wireList.stories.list
+        currentIndex: wireList.selected.row
         Accessible.role: Accessible.List
-        Accessible.name: wireList.page.title
+        Accessible.name: wireList.stories.title
 
-        // Nothing may move while somebody reads; at rest at the top, news comes in by itself.
+        // Nothing moves while somebody reads. At the top, without a story, news appears by itself.
         onHeightChanged: revealing.restart()
-        readonly property bool isRead: wireList.page.hasStory || !atYBeginning
-        onIsReadChanged: wireList.page.list.holdsArrivals = isRead
+        readonly property bool isRead: wireList.selected.hasStory || !atYBeginning
+        onIsReadChanged: wireList.stories.list.holdsArrivals = isRead
 
         delegate: WireRow {
             width: view.width
@@ -97,9 +99,9 @@ FocusScope {
             isCurrent: ListView.isCurrentItem
             onChosen: {
                 view.forceActiveFocus();
-                wireList.page.currentRow = index;
+                wireList.selected.row = index;
             }
-            onOpened: wireList.page.openInBrowser()
+            onOpened: wireList.storyActions.openInBrowser()
             onMenuWanted: (x, y) => {
                 chosen();
                 menu.popup(this, x, y);
@@ -108,10 +110,10 @@ FocusScope {
 
         T.ScrollBar.vertical: ThinScrollBar {}
 
-        Keys.onUpPressed: wireList.page.step(-1)
-        Keys.onDownPressed: wireList.page.step(1)
-        Keys.onReturnPressed: wireList.page.openInBrowser()
-        Keys.onEnterPressed: wireList.page.openInBrowser()
+        Keys.onUpPressed: wireList.selected.step(-1)
+        Keys.onDownPressed: wireList.selected.step(1)
+        Keys.onReturnPressed: wireList.storyActions.openInBrowser()
+        Keys.onEnterPressed: wireList.storyActions.openInBrowser()
         Keys.onPressed: event => {
             event.accepted = true;
             switch (event.key) {
@@ -120,16 +122,16 @@ FocusScope {
                     menu.popup(view.currentItem, Theme.rowText, Theme.rowText);
                 break;
             case Qt.Key_Home:
-                wireList.page.currentRow = 0;
+                wireList.selected.row = 0;
                 break;
             case Qt.Key_End:
-                wireList.page.currentRow = view.count - 1;
+                wireList.selected.row = view.count - 1;
                 break;
             case Qt.Key_PageDown:
-                wireList.page.step(Math.max(1, Math.floor(view.height / Theme.wireRowTall) - 1));
+                wireList.selected.step(Math.max(1, Math.floor(view.height / Theme.wireRowTall) - 1));
                 break;
             case Qt.Key_PageUp:
-                wireList.page.step(-Math.max(1, Math.floor(view.height / Theme.wireRowTall) - 1));
+                wireList.selected.step(-Math.max(1, Math.floor(view.height / Theme.wireRowTall) - 1));
                 break;
             default:
                 event.accepted = false;
@@ -138,12 +140,16 @@ FocusScope {
     }
 
     Connections {
-        target: wireList.page
+        target: wireList.selected
 
-        // Once the list has taken over what has changed.
-        function onCurrentRowChanged() {
+        // After the view has applied the model's changes.
+        function onRowChanged() {
             revealing.restart();
         }
+    }
+    Connections {
+        target: wireList.stories
+
         function onListBegins() {
             view.positionViewAtBeginning();
         }
@@ -156,16 +162,16 @@ FocusScope {
     }
     WireSkeleton {
         anchors.fill: view
-        visible: view.count === 0 && wireList.page.emptyMessage === ""
+        visible: view.count === 0 && wireList.stories.emptyMessage === ""
     }
     EmptyState {
         anchors.centerIn: view
         width: view.width - 2 * Theme.rowText
         visible: view.count === 0 && text !== ""
-        symbol: wireList.page.isSearching ? "magnifyingglass" : "tray"
-        text: wireList.page.emptyMessage
-        hint: wireList.page.emptyHint
-        action: wireList.page.canClear ? qsTr("Show all") : ""
-        onActed: wireList.page.clearAll()
+        symbol: wireList.stories.isSearching ? "magnifyingglass" : "tray"
+        text: wireList.stories.emptyMessage
+        hint: wireList.stories.emptyHint
+        action: wireList.stories.canClear ? qsTr("Show all") : ""
+        onActed: wireList.stories.clearAll()
     }
 }

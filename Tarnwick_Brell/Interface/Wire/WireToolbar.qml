@@ -6,7 +6,7 @@ import TarnwickBrell.Models
 Item {
     id: bar
 
-    required property WirePage page
+    required property StoryListController stories
     readonly property alias searchField: search
 
     signal leftForList
@@ -26,8 +26,8 @@ Item {
             width: Math.max(Theme.searchLeast, Math.min(Theme.searchWidth, bar.width - chips.implicitWidth - 2 * Theme.space3))
             placeholderText: qsTr("Search the wire")
             key: qsTr("Ctrl F")
-            text: bar.page.searchText
-            onTextEdited: bar.page.searchText = text
+            text: bar.stories.searchText
+            onTextEdited: bar.stories.searchText = text
             onEscaped: bar.leftForList()
             Keys.onDownPressed: bar.leftForList()
             Keys.onReturnPressed: bar.leftForList()
@@ -39,30 +39,30 @@ Item {
             spacing: Theme.space2
 
             FilterChip {
-                choices: bar.page.kinds
+                choices: bar.stories.kinds
             }
             FilterChip {
-                choices: bar.page.sourcings
+                choices: bar.stories.sourcings
             }
             FilterChip {
-                choices: bar.page.sources
+                choices: bar.stories.sources
             }
             Chip {
-                text: bar.page.showsSetAside ? qsTr("Set aside: shown") : qsTr("Set aside: hidden")
-                active: bar.page.showsSetAside
-                onClicked: bar.page.showsSetAside = !bar.page.showsSetAside
-                onCleared: bar.page.showsSetAside = false
+                text: bar.stories.showsSetAside ? qsTr("Set aside: shown") : qsTr("Set aside: hidden")
+                active: bar.stories.showsSetAside
+                onClicked: bar.stories.showsSetAside = !bar.stories.showsSetAside
+                onCleared: bar.stories.showsSetAside = false
                 Accessible.description: qsTr("Deals, reviews, roundups, sponsored stories and ads")
             }
         }
     }
 
     Connections {
-        target: bar.page
+        target: bar.stories
 
         function onSearchChanged() {
-            if (search.text !== bar.page.searchText)
-                search.text = bar.page.searchText;
+            if (search.text !== bar.stories.searchText)
+                search.text = bar.stories.searchText;
         }
     }
 }

@@ -6,7 +6,9 @@ import TarnwickBrell.Models
 FocusScope {
     id: wire
 
-    required property WirePage page
+    required property StoryListController stories
+    required property SelectedStory selected
+    required property StoryActions storyActions
     required property ActionModel actions
     property int readerPlace: WindowState.Right
     property int listWidth: Theme.wireWidth
@@ -25,13 +27,15 @@ FocusScope {
     function pageOn() {
         if (reader.visible && reader.pageDown())
             return;
-        page.stepUnread(1);
+        selected.stepUnread(1);
     }
 
     WireList {
         id: list
 
-        page: wire.page
+        stories: wire.stories
+        selected: wire.selected
+        storyActions: wire.storyActions
         actions: wire.actions
         focus: true
         width: wire.besides ? Math.max(Theme.wireLeast, Math.min(wire.listWidth, wire.width - Theme.readerLeast)) : wire.width
@@ -51,14 +55,15 @@ FocusScope {
     ReaderPane {
         id: reader
 
-        page: wire.page
+        reader: wire.selected.reader
+        storyActions: wire.storyActions
         actions: wire.actions
         visible: edge.visible
         x: wire.besides ? list.width + Theme.line : 0
         y: wire.besides ? 0 : list.height + Theme.line
         width: wire.width - x
         height: wire.height - y
-        onStoryWanted: storyID => wire.page.openStory(storyID)
+        onStoryWanted: storyID => wire.selected.open(storyID)
         onLinkWanted: link => wire.linkWanted(link)
     }
     MouseArea {

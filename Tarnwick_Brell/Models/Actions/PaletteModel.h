@@ -13,7 +13,7 @@
 #include <QVariantList>
 #include <qqmlregistration.h>
 
-#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Actions/ActionModel.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteMatch.h"

@@ -10,7 +10,7 @@
 #include <QTimer>
 #include <qqmlregistration.h>
 
-#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Stories/StoryFilter.h"
 

@@ -7,7 +7,7 @@
 #include <QObject>
 #include <QTimer>
 
-#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "NewsroomKit/Records/Instant.h"
 
 namespace app {
 

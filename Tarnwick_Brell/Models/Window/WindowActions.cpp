@@ -1,4 +1,4 @@
-// What the window's actions do.
+// The effects of the window's actions.
 #include <QCoreApplication>
 
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
@@ -8,7 +8,7 @@ namespace app {
 using Kind = Destination::Kind;
 
 void WindowModel::connectActions() {
-    connect(&actions_, &ActionModel::triggered, this, &WindowModel::carryOut);
+    connect(&actions_, &ActionModel::triggered, this, &WindowModel::execute);
     connect(&palette_, &PaletteModel::actionWanted, &actions_, &ActionModel::trigger);
     connect(&palette_, &PaletteModel::placeWanted, this,
             qOverload<const QString&>(&WindowModel::open));
@@ -17,45 +17,46 @@ void WindowModel::connectActions() {
         searchFor(text);
         emit viewActionWanted(DeskAction::Search);
     });
-    connect(&wire_, &WirePage::currentRowChanged, this, &WindowModel::lookAtStory);
-    connect(&wire_, &WirePage::undoChanged, this, &WindowModel::lookAtStory);
-    connect(wire_.reader(), &ReaderModel::marksChanged, this, &WindowModel::lookAtStory);
-    connect(wire_.reader(), &ReaderModel::storyChanged, this, &WindowModel::lookAtStory);
-    connect(wire_.list(), &StoryListModel::arrivalsChanged, this, &WindowModel::lookAtStory);
+    connect(&selected_, &SelectedStory::rowChanged, this, &WindowModel::updateActions);
+    connect(&stores_.news, &NewsDesk::undoChanged, this, &WindowModel::updateActions);
+    const auto* reader = selected_.reader();
+    connect(reader, &ReaderModel::marksChanged, this, &WindowModel::updateActions);
+    connect(reader, &ReaderModel::storyChanged, this, &WindowModel::updateActions);
+    connect(storyList_.list(), &StoryListModel::arrivalsChanged, this, &WindowModel::updateActions);
 }
 
-/// What can be done depends on what is shown.
-void WindowModel::lookAtStory() {
+/// Which actions are available depends on what is shown.
+void WindowModel::updateActions() {
     const bool isList = place_.isStoryList();
-    actions_.setProperty("hasStory", isList && wire_.hasStory());
-    actions_.setProperty("storyIsSaved", wire_.reader()->isSaved());
-    actions_.setProperty("storyIsRead", wire_.reader()->isRead());
-    actions_.setProperty("hasArrivals", isList && wire_.list()->arrivals() > 0);
-    actions_.setProperty("canUndo", wire_.canUndo());
+    actions_.setProperty("hasStory", isList && selected_.hasStory());
+    actions_.setProperty("storyIsSaved", selected_.reader()->isSaved());
+    actions_.setProperty("storyIsRead", selected_.reader()->isRead());
+    actions_.setProperty("hasArrivals", isList && storyList_.list()->arrivals() > 0);
+    actions_.setProperty("canUndo", storyActions_.canUndo());
 }
 
 void WindowModel::goTo(const std::optional<Destination>& place) {
     if (place) open(*place);
 }
 
-/// The trace stands in the reader, so whoever asks for it wants that too.
+/// Shows the reader too, because it contains the trace.
 void WindowModel::traceStory() {
     if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
-    wire_.traceStory();
+    storyActions_.traceStory();
 }
 
-void WindowModel::carryOut(Action action) {
+void WindowModel::execute(Action action) {
     switch (action) {
-        case DeskAction::ToggleSaved: wire_.toggleSaved(); break;
-        case DeskAction::ToggleRead: wire_.toggleRead(); break;
-        case DeskAction::OpenInBrowser: wire_.openInBrowser(); break;
-        case DeskAction::CopyLink: wire_.copyLink(); break;
-        case DeskAction::CopyCitation: wire_.copyCitation(); break;
+        case DeskAction::ToggleSaved: storyActions_.toggleSaved(); break;
+        case DeskAction::ToggleRead: storyActions_.toggleRead(); break;
+        case DeskAction::OpenInBrowser: storyActions_.openInBrowser(); break;
+        case DeskAction::CopyLink: storyActions_.copyLink(); break;
+        case DeskAction::CopyCitation: storyActions_.copyCitation(); break;
         case DeskAction::TraceStory: traceStory(); break;
-        case DeskAction::NextStory: wire_.step(1); break;
-        case DeskAction::PreviousStory: wire_.step(-1); break;
-        case DeskAction::NextUnread: wire_.stepUnread(1); break;
-        case DeskAction::PreviousUnread: wire_.stepUnread(-1); break;
+        case DeskAction::NextStory: selected_.step(1); break;
+        case DeskAction::PreviousStory: selected_.step(-1); break;
+        case DeskAction::NextUnread: selected_.stepUnread(1); break;
+        case DeskAction::PreviousUnread: selected_.stepUnread(-1); break;
         case DeskAction::GoToToday: open(home()); break;
         case DeskAction::GoToWire: open(Destination{Kind::all, {}}); break;
         case DeskAction::GoToUnread: open(Destination{Kind::unread, {}}); break;
@@ -73,9 +74,9 @@ void WindowModel::carryOut(Action action) {
             goTo(sidebar_.item(action - DeskAction::SidebarItem1 + 1));
             break;
         case DeskAction::Refresh: refresh_.refresh(); break;
-        case DeskAction::ShowArrivals: wire_.showArrivals(); break;
-        case DeskAction::MarkAllRead: wire_.markAllRead(); break;
-        case DeskAction::Undo: wire_.undo(); break;
+        case DeskAction::ShowArrivals: storyList_.showArrivals(); break;
+        case DeskAction::MarkAllRead: storyActions_.markAllRead(); break;
+        case DeskAction::Undo: storyActions_.undo(); break;
         case DeskAction::Quit: QCoreApplication::quit(); break;
         case DeskAction::ToggleSidebar: state_.setSidebarShown(!state_.sidebarShown()); break;
         case DeskAction::MoveReader: state_.moveReader(); break;

@@ -13,7 +13,9 @@ using Kind = Destination::Kind;
 WindowModel::WindowModel(const Stores& stores)
     : stores_(stores),
       sidebar_(stores.news, stores.newsrooms, stores.trackers),
-      wire_(stores.news, stores.newsrooms, stores.defaults, stores.clock),
+      storyList_(stores.news, stores.newsrooms, stores.clock),
+      selected_(stores.news, storyList_, stores.defaults, stores.clock),
+      storyActions_(stores.news, *storyList_.list(), selected_),
       newsroom_({.news = stores.news,
                  .trackers = stores.trackers,
                  .clock = stores.clock}),
@@ -40,11 +42,11 @@ void WindowModel::connectPages() {
     connect(&newsroom_, &NewsroomModel::linkWanted, this, [this](const QString& link) {
         if (kit::isOpenable(link.toStdString())) emit linkWanted(link);
     });
-    connect(&wire_, &WirePage::linkWanted, this, &WindowModel::linkWanted);
+    connect(&storyActions_, &StoryActions::linkWanted, this, &WindowModel::linkWanted);
     connect(&stores_.newsrooms, &NewsroomStore::newsroomsChanged, this,
             &WindowModel::newsroomsChanged);
     connect(&sidebar_, &SidebarModel::groupToggled, &state_, &WindowState::setCollapsed);
-    connect(&wire_, &WirePage::noticed, this, &WindowModel::noticed);
+    connect(&storyActions_, &StoryActions::noticed, this, &WindowModel::noticed);
     connect(&refresh_, &RefreshStatus::failed, this, &WindowModel::noticed);
     connect(&appearance_, &Appearance::failed, this, &WindowModel::noticed);
     connect(&state_, &WindowState::failed, this, &WindowModel::noticed);
@@ -85,7 +87,9 @@ void WindowModel::open(const Destination& place) {
     hasOpened_ = true;
     place_ = place;
     if (place.isStoryList()) {
-        if (isOther || wire_.place() != place || wire_.isSearching()) wire_.open(place);
+        if (isOther || storyList_.destination() != place || storyList_.isSearching()) {
+            storyList_.open(place);
+        }
         newsroom_.clear();
     } else if (isOther) {
         showNewsroom();
@@ -93,7 +97,7 @@ void WindowModel::open(const Destination& place) {
     sidebar_.setCurrent(place_.key());
     state_.setPlace(place_.key());
     emit placeChanged();
-    lookAtStory();
+    updateActions();
 }
 
 void WindowModel::showNewsroom() {
@@ -122,12 +126,12 @@ void WindowModel::newsroomsChanged() {
 
 void WindowModel::openStory(const QString& storyID) {
     if (!place_.isStoryList()) open(Destination{Kind::all, {}});
-    wire_.openStory(storyID);
+    selected_.open(storyID);
 }
 
 void WindowModel::searchFor(const QString& text) {
     if (!place_.isStoryList()) open(Destination{Kind::all, {}});
-    wire_.setSearchText(text);
+    storyList_.setSearchText(text);
 }
 
 }  // namespace app

@@ -12,7 +12,9 @@
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomModel.h"
 #include "Tarnwick_Brell/Models/Sidebar/Destination.h"
 #include "Tarnwick_Brell/Models/Sidebar/SidebarModel.h"
-#include "Tarnwick_Brell/Models/Stories/WirePage.h"
+#include "Tarnwick_Brell/Models/Stories/SelectedStory.h"
+#include "Tarnwick_Brell/Models/Stories/StoryActions.h"
+#include "Tarnwick_Brell/Models/Stories/StoryListController.h"
 #include "Tarnwick_Brell/Models/Window/Appearance.h"
 #include "Tarnwick_Brell/Models/Window/RefreshStatus.h"
 #include "Tarnwick_Brell/Models/Window/WindowState.h"
@@ -25,7 +27,9 @@ class WindowModel : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("There is one, made at the start.")
     Q_PROPERTY(app::SidebarModel* sidebar READ sidebar CONSTANT)
-    Q_PROPERTY(app::WirePage* wire READ wire CONSTANT)
+    Q_PROPERTY(app::StoryListController* storyList READ storyList CONSTANT)
+    Q_PROPERTY(app::SelectedStory* selectedStory READ selectedStory CONSTANT)
+    Q_PROPERTY(app::StoryActions* storyActions READ storyActions CONSTANT)
     Q_PROPERTY(app::NewsroomModel* newsroom READ newsroom CONSTANT)
     Q_PROPERTY(app::RefreshStatus* refresh READ refresh CONSTANT)
     Q_PROPERTY(app::ActionModel* actions READ actions CONSTANT)
@@ -50,7 +54,9 @@ public:
     explicit WindowModel(const Stores& stores);
 
     SidebarModel* sidebar() { return &sidebar_; }
-    WirePage* wire() { return &wire_; }
+    StoryListController* storyList() { return &storyList_; }
+    SelectedStory* selectedStory() { return &selected_; }
+    StoryActions* storyActions() { return &storyActions_; }
     NewsroomModel* newsroom() { return &newsroom_; }
     RefreshStatus* refresh() { return &refresh_; }
     ActionModel* actions() { return &actions_; }
@@ -63,7 +69,7 @@ public:
     /// A key that leads nowhere opens the first newsroom.
     Q_INVOKABLE void open(const QString& key);
     void open(const Destination& place);
-    /// Shows the story in the wire's reader.
+    /// Shows the story in the reader.
     Q_INVOKABLE void openStory(const QString& storyID);
     void searchFor(const QString& text);
 
@@ -81,8 +87,8 @@ signals:
 private:
     void connectPages();
     void connectActions();
-    void lookAtStory();
-    void carryOut(Action action);
+    void updateActions();
+    void execute(Action action);
     void goTo(const std::optional<Destination>& place);
     void traceStory();
     std::vector<PalettePlace> palettePlaces() const;
@@ -93,7 +99,9 @@ private:
 
     Stores stores_;
     SidebarModel sidebar_;
-    WirePage wire_;
+    StoryListController storyList_;
+    SelectedStory selected_;
+    StoryActions storyActions_;
     NewsroomModel newsroom_;
     RefreshStatus refresh_;
     ActionModel actions_;

@@ -7,7 +7,6 @@
 
 #include "Tarnwick_Brell/Models/Panels/StockPanelModel.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
-#include "Tarnwick_Brell/Window/NotificationOpening.h"
 #include "tests/support/models/TestStories.h"
 #include "tests/support/app/TestTrackers.h"
 #include "tests/support/EventLoop.h"
@@ -55,8 +54,9 @@ protected:
     }
 
     QQuickWindow& window() { return window_->window(); }
-    WirePage& wire() { return *model_->wire(); }
-    StoryListModel& list() { return *wire().list(); }
+    StoryListController& stories() { return *model_->storyList(); }
+    SelectedStory& selected() { return *model_->selectedStory(); }
+    StoryListModel& list() { return *stories().list(); }
 
     void press(int key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(&window(), static_cast<Qt::Key>(key), modifiers);
@@ -73,9 +73,9 @@ protected:
     bool listHasFocus() {
         auto* item = window().activeFocusItem();
         while (item && !item->inherits("QQuickListView")) item = item->parentItem();
-        return item != nullptr && nameOf(item) == wire().title();
+        return item != nullptr && nameOf(item) == stories().title();
     }
-    std::string currentID() { return wire().reader()->storyID().toStdString(); }
+    std::string currentID() { return selected().reader()->storyID().toStdString(); }
 
     // The window as a screen reader knows it.
 
@@ -113,8 +113,8 @@ TEST_F(MainJobTest, NewsIsReadKeptFoundAndOpenedWithTheKeyboard) {
 
     goToWire();
     type("jj");
-    EXPECT_EQ(wire().currentRow(), 1);
-    EXPECT_EQ(wire().reader()->title(), "Harbour news 11");
+    EXPECT_EQ(selected().row(), 1);
+    EXPECT_EQ(selected().reader()->title(), "Harbour news 11");
     const auto id = currentID();
     EXPECT_NE(named("Unread, Harbour news 11, post, 6 h"), nullptr);
 
@@ -142,7 +142,7 @@ TEST_F(MainJobTest, NewsIsReadKeptFoundAndOpenedWithTheKeyboard) {
 
     type("/");
     press(Qt::Key_Escape);
-    EXPECT_EQ(wire().searchText(), "");
+    EXPECT_EQ(stories().searchText(), "");
     EXPECT_TRUE(until([&] { return list().count() == 12; }));
     press(Qt::Key_Escape);
     EXPECT_TRUE(listHasFocus());
@@ -158,23 +158,23 @@ TEST_F(MainJobTest, ThePaletteAndTheKeysStandOverThePageAndGiveTheFocusBack) {
     ASSERT_TRUE(until([&] { return list().count() == 12; }));
     EXPECT_TRUE(until([&] { return listHasFocus(); })) << "the page that has been opened";
     press(Qt::Key_Down);
-    EXPECT_EQ(wire().currentRow(), 0);
+    EXPECT_EQ(selected().row(), 0);
 
     type("?");
     ASSERT_TRUE(until([&] { return named("Keys") != nullptr; }));
     type("j");
-    EXPECT_EQ(wire().currentRow(), 0) << "the page below has no keys meanwhile";
+    EXPECT_EQ(selected().row(), 0) << "the page below has no keys meanwhile";
     press(Qt::Key_Escape);
     ASSERT_TRUE(until([&] { return named("Keys") == nullptr; }));
     press(Qt::Key_Down);
-    EXPECT_EQ(wire().currentRow(), 1);
+    EXPECT_EQ(selected().row(), 1);
 }
 
 TEST_F(MainJobTest, NewsIsReadKeptAndFilteredWithThePointer) {
     goToWire();
     click("Unread, Harbour news 10, tide, 7 h");
-    EXPECT_EQ(wire().currentRow(), 2);
-    EXPECT_EQ(wire().reader()->title(), "Harbour news 10");
+    EXPECT_EQ(selected().row(), 2);
+    EXPECT_EQ(selected().reader()->title(), "Harbour news 10");
     EXPECT_TRUE(listHasFocus());
     click("Save");
     EXPECT_TRUE(bench_.news->isSaved(currentID()));
@@ -183,14 +183,14 @@ TEST_F(MainJobTest, NewsIsReadKeptAndFilteredWithThePointer) {
 
     click("Kind");
     click("Podcast");
-    EXPECT_TRUE(wire().kinds()->isActive());
-    EXPECT_TRUE(until([&] { return named("No story here fits the filters.") != nullptr; }));
+    EXPECT_TRUE(stories().kinds()->isActive());
+    EXPECT_TRUE(until([&] { return named("No story here matches the filters.") != nullptr; }));
     click("Show all");
     EXPECT_TRUE(until([&] { return list().count() == 12; }));
 
     click("Saved");
     EXPECT_EQ(model_->placeKey(), "wire:saved");
-    EXPECT_TRUE(until([&] { return named("Nothing is saved yet.") != nullptr; }));
+    EXPECT_TRUE(until([&] { return named("You have not saved any stories yet.") != nullptr; }));
 }
 
 TEST_F(MainJobTest, WhatANotificationIsAboutIsShownInTheWindow) {
@@ -200,7 +200,7 @@ TEST_F(MainJobTest, WhatANotificationIsAboutIsShownInTheWindow) {
     openTarget(*model_, {.kind = Target::Kind::story, .id = bench_.idOf("Harbour news 7")});
     window_->raise({});
     EXPECT_EQ(model_->placeKey(), "wire:all");
-    EXPECT_EQ(wire().reader()->title(), "Harbour news 7");
+    EXPECT_EQ(selected().reader()->title(), "Harbour news 7");
     EXPECT_EQ(model_->state()->reader(), WindowState::Right) << "the story can be seen";
     EXPECT_FALSE(window().windowStates() & Qt::WindowMinimized);
 

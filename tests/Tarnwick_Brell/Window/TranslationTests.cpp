@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "Tarnwick_Brell/Models/Panels/CoveragePanelModel.h"
-#include "Tarnwick_Brell/Presentation/MentionText.h"
-#include "Tarnwick_Brell/Models/Stories/WirePage.h"
+#include "Tarnwick_Brell/Models/Stories/StoryActions.h"
 #include "Tarnwick_Brell/Models/Window/RefreshStatus.h"
+#include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Window/Translations.h"
 
 namespace app {
@@ -22,9 +22,10 @@ TEST(Translations, OneIsSingularAndMoreArePluralAlsoInALanguageWithoutACatalogue
     QLocale::setDefault(QLocale(QLocale::Swahili, QLocale::Kenya));
     installTranslations();
 
-    EXPECT_EQ(WirePage::tr("%n new stories", nullptr, 1), QStringLiteral("1 new story"));
-    EXPECT_EQ(WirePage::tr("%n new stories", nullptr, 0), QStringLiteral("0 new stories"));
-    EXPECT_EQ(WirePage::tr("%n stories marked as read.", nullptr, 21),
+    EXPECT_EQ(StoryListController::tr("%n new stories", nullptr, 1), QStringLiteral("1 new story"));
+    EXPECT_EQ(StoryListController::tr("%n new stories", nullptr, 0),
+              QStringLiteral("0 new stories"));
+    EXPECT_EQ(StoryActions::tr("%n stories marked as read.", nullptr, 21),
               QStringLiteral("21 stories marked as read."));
     EXPECT_EQ(CoveragePanelModel::tr("%n stories", nullptr, 1), QStringLiteral("1 story"));
     EXPECT_EQ(RefreshStatus::tr("Refreshing, %1 of %n sources", nullptr, 1).arg(0),

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "NewsroomKit/Archive/ArchiveAddresses.h"
-#include "Tarnwick_Brell/Models/Stories/WirePage.h"
+#include "Tarnwick_Brell/Models/Stories/StoryActions.h"
 #include "tests/support/models/TestStories.h"
 #include "tests/support/EventLoop.h"
 
@@ -20,9 +20,12 @@ protected:
         bench_.open();
         bench_.come({bench_.story("lantern", 600, "Orchard opens"),
                      bench_.story("tide", 540, "An orchard is planned")});
-        page_ = std::make_unique<WirePage>(*bench_.news, *bench_.newsrooms, bench_.defaults,
-                                           bench_.desk.clock());
-        page_->open(Destination{Destination::Kind::all, {}});
+        const auto clock = bench_.desk.clock();
+        stories_ = std::make_unique<StoryListController>(*bench_.news, *bench_.newsrooms, clock);
+        selected_ =
+            std::make_unique<SelectedStory>(*bench_.news, *stories_, bench_.defaults, clock);
+        actions_ = std::make_unique<StoryActions>(*bench_.news, *stories_->list(), *selected_);
+        stories_->open(Destination{Destination::Kind::all, {}});
     }
 
     static std::string target(const std::string& story) {
@@ -35,9 +38,9 @@ protected:
         return bench_.desk.http.script.requests(kHost, target(story)).size();
     }
     void choose(const std::string& title) {
-        page_->openStory(QString::fromStdString(bench_.idOf(title)));
+        selected_->open(QString::fromStdString(bench_.idOf(title)));
     }
-    TraceModel& trace() { return *page_->reader()->trace(); }
+    TraceModel& trace() { return *selected_->reader()->trace(); }
     bool becomes(TraceModel::State state) {
         return until([&] { return trace().state() == state; });
     }
@@ -48,7 +51,9 @@ protected:
     const std::string lantern_ = "https://lantern.example/600";
     const std::string tide_ = "https://tide.example/540";
     TestStories bench_;
-    std::unique_ptr<WirePage> page_;
+    std::unique_ptr<StoryListController> stories_;
+    std::unique_ptr<SelectedStory> selected_;
+    std::unique_ptr<StoryActions> actions_;
 };
 
 std::string answer(const std::string& nodes) { return R"({"url":"","nodes":[)" + nodes + "]}"; }
@@ -76,7 +81,7 @@ TEST_F(Trace, ShowsWhoHadTheStoryFromWhomAndWhatCanBeOpened) {
     choose("Orchard opens");
     qputenv("TZ", "America/Los_Angeles");
     tzset();
-    page_->traceStory();
+    actions_->traceStory();
     EXPECT_EQ(trace().message(), "Looking for every outlet that ran it…");
     ASSERT_TRUE(becomes(TraceModel::Ready));
     EXPECT_EQ(texts("when"), "00:05|19 Nov|Time unknown|Time unknown");
@@ -104,7 +109,7 @@ TEST_F(Trace, DrawsWhatIsVeryDeepNoDeeperThanEight) {
     }
     serve(lantern_, {{.body = answer(nodes)}});
     choose("Orchard opens");
-    page_->traceStory();
+    actions_->traceStory();
     ASSERT_TRUE(becomes(TraceModel::Ready));
     EXPECT_EQ(texts("depth"), "0|1|2|3|4|5|6|7|8|8|8|8");
 }
@@ -115,14 +120,14 @@ TEST_F(Trace, AFailureIsToldBesideWhatIsThereAndCanBeTriedAgain) {
     serve(lantern_,
           {{.status = 404}, {.body = good}, {.body = R"({"nodes":[]})"}, {.body = answer("")}});
     choose("Orchard opens");
-    page_->traceStory();
+    actions_->traceStory();
     ASSERT_TRUE(becomes(TraceModel::Failed));
     EXPECT_EQ(trace().message(), "The server answered 404.");
-    EXPECT_EQ(page_->reader()->title(), "Orchard opens");
+    EXPECT_EQ(selected_->reader()->title(), "Orchard opens");
     trace().retry();
     ASSERT_TRUE(becomes(TraceModel::Ready));
     EXPECT_EQ(texts("title"), "A");
-    page_->traceStory();
+    actions_->traceStory();
     ASSERT_TRUE(becomes(TraceModel::Failed));
     EXPECT_TRUE(trace().message().startsWith("The answer does not read ("))
         << trace().message().toStdString();
@@ -140,12 +145,12 @@ TEST_F(Trace, AnotherStoryCancelsTheSearchAndItsAnswerIsNeverShown) {
     serve(tide_, {{.body = answer(node(0, R"("url":"","title":"Here","precision":"unknown")"))}});
     for (std::size_t asked = 1; asked <= 2; ++asked) {
         choose("Orchard opens");
-        page_->traceStory();
-        page_->traceStory();
+        actions_->traceStory();
+        actions_->traceStory();
         ASSERT_TRUE(until([&] { return requests(lantern_) == asked; }));
         choose("An orchard is planned");
         EXPECT_EQ(trace().state(), TraceModel::Idle);
-        page_->traceStory();
+        actions_->traceStory();
         ASSERT_TRUE(becomes(TraceModel::Ready));
         ::test::runFor(std::chrono::milliseconds(250));
         EXPECT_EQ(texts("title"), "Here");
