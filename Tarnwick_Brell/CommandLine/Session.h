@@ -8,7 +8,6 @@
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/Output.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
-#include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Storage/Settings/Paths.h"

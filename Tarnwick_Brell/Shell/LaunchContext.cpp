@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
 
+#include <chrono>
 #include <fstream>
 #include <utility>
 
@@ -9,6 +10,10 @@
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
 namespace app {
+
+kit::Instant currentInstant() {
+    return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
+}
 
 namespace {
 

@@ -14,6 +14,9 @@
 
 namespace app {
 
+/// The wall clock. Everything else gets its clock from outside.
+kit::Instant currentInstant();
+
 /// Options that make no sense together; what() is a sentence for the user.
 class OptionsClash : public std::runtime_error {
 public:

@@ -9,7 +9,7 @@
 #include <QObject>
 #include <QString>
 
-#include "NewsroomKit/Ingestion/FeedClient.h"
+#include "NewsroomKit/Records/Instant.h"
 
 namespace app {
 

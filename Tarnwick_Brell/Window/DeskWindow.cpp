@@ -1,11 +1,13 @@
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include <QQmlComponent>
 #include <QVariantMap>
 
 #include "Tarnwick_Brell/Interface/Controls/InstallControls.h"
+#include "Tarnwick_Brell/Shell/AppEnvironment.h"
 
 // Written by the build. Naming them keeps the linker from leaving out the modules' types.
 extern void qml_register_types_TarnwickBrell_Models();
@@ -30,7 +32,41 @@ void nameModules() {
     }
 }
 
+/// Opens a list of stories at its beginning, with those that wait behind the pill.
+void openNewest(WindowModel& model, const Destination& place) {
+    model.open(place.key());
+    // A beat that was removed in the meantime leads to the first newsroom.
+    if (model.view() == WindowModel::Stories) model.storyList()->showArrivals();
+}
+
+void openStory(WindowModel& model, const QString& id) {
+    auto& state = *model.state();
+    if (state.reader() == WindowState::Hidden) state.setReader(WindowState::Right);
+    model.openStory(id);
+}
+
 }  // namespace
+
+WindowModel::Stores windowStores(AppEnvironment& environment, kit::Clock clock) {
+    return {.news = environment.newsDesk(),
+            .trackers = environment.trackers(),
+            .newsrooms = environment.newsrooms(),
+            .defaults = environment.defaults(),
+            .clock = std::move(clock)};
+}
+
+void openTarget(WindowModel& model, const NotificationTarget& target) {
+    using Kind = NotificationTarget::Kind;
+    const auto id = QString::fromStdString(target.id);
+    const auto open = [&](Destination::Kind kind) { model.open(Destination{kind, id}.key()); };
+    switch (target.kind) {
+        case Kind::story: return openStory(model, id);
+        case Kind::newStories: return openNewest(model, {Destination::Kind::all, {}});
+        case Kind::beat: return openNewest(model, {Destination::Kind::beat, id});
+        case Kind::newsroom: return open(Destination::Kind::newsroom);
+        case Kind::tracker: return open(Destination::Kind::tracker);
+    }
+}
 
 DeskWindow::DeskWindow(WindowModel& model) : model_(model) {
     nameModules();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include <QObject>
 #include <QPointer>
 #include <QQmlEngine>
@@ -7,8 +9,17 @@
 #include <QString>
 
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
+#include "Tarnwick_Brell/Notifications/Notification.h"
 
 namespace app {
+
+class AppEnvironment;
+
+/// The stores of an environment that the window shows. The environment must outlive it.
+WindowModel::Stores windowStores(AppEnvironment& environment, kit::Clock clock);
+
+/// Shows the subject of a notification.
+void openTarget(WindowModel& model, const NotificationTarget& target);
 
 /// The one window: makes it from QML and raises it.
 class DeskWindow : public QObject {
@@ -20,7 +31,7 @@ public:
 
     QQuickWindow& window() { return *window_; }
     void show();
-    /// To the front, with the right to do so that the desktop gave to another start.
+    /// Brings the window to the front, with the desktop's activation token for doing so.
     void raise(const QString& activationToken);
 
 private:

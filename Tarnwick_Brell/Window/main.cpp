@@ -18,13 +18,10 @@
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
 #include "Tarnwick_Brell/Shell/ShutdownSignals.h"
-#include "Tarnwick_Brell/Shell/WallClock.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
-#include "Tarnwick_Brell/Window/NotificationOpening.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
 #include "Tarnwick_Brell/Window/StartFailure.h"
 #include "Tarnwick_Brell/Window/Translations.h"
-#include "Tarnwick_Brell/Window/WindowStores.h"
 
 namespace {
 
