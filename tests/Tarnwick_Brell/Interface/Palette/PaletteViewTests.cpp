@@ -12,6 +12,7 @@
 
 #include "Tarnwick_Brell/Interface/Controls/InstallControls.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "tests/support/app/TestDesk.h"
 #include "tests/support/EventLoop.h"
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "tests/support/app/TestDesk.h"
 #include "tests/support/EventLoop.h"
 
