@@ -13,24 +13,24 @@ namespace {
 
 constexpr std::string_view kMask = "…";
 constexpr std::string_view kSchemeEnd = "://";
-// Shorter than what services hand out as a key, longer than ids that people pass on.
+// Keys that services issue are longer; ids that people share are shorter.
 constexpr std::size_t kShortestToken = 16;
 // Posts of social networks have numbers of up to twenty digits.
 constexpr std::size_t kLongestNumber = 20;
 
-/// Words of which one in a name makes its value a secret.
+/// A name that contains one of these words has a secret value.
 constexpr std::string_view kSecretWords[] = {
     "apikey",    "auth",       "authorization", "authkey", "bearer",    "credential", "credentials",
     "hmac",      "jsessionid", "jwt",           "key",     "pass",      "passkey",    "passphrase",
     "passwd",    "password",   "phpsessid",     "pw",      "pwd",       "secret",     "session",
     "sessionid", "sid",        "sig",           "sign",    "signature", "token",
 };
-/// For names written together ("accesstoken", "feedkey").
+/// Endings of names that are written without separators ("accesstoken", "feedkey").
 constexpr std::string_view kSecretEndings[] = {"apikey", "authkey", "feedkey",   "password",
                                                "rsskey", "secret",  "sessionid", "token"};
 
-/// Ids that everyone may know although they look random: after this name of a query item or
-/// piece of a path, with this beginning.
+/// Public ids that look random. They come after the query item's name or path segment `after` and
+/// begin with `beginning`.
 struct PublicID {
     std::string_view after;
     std::string_view beginning;
@@ -75,8 +75,8 @@ Letters lettersOf(char c) {
     return c >= 'a' ? Letters::small : Letters::capital;
 }
 
-/// What tells a piece of text without separators from words. The small letters after a capital
-/// are no change of kind: they make a word.
+/// Statistics that distinguish random text from words, for a run without separators. Small letters
+/// after a capital don't count as a change of kind: they form a word.
 struct Piece {
     std::size_t length = 0;
     std::size_t digits = 0;
@@ -106,7 +106,7 @@ struct Piece {
         }
     }
 
-    /// By itself, whatever stands beside it. In every language of news, words have vowels.
+    /// Judges the piece on its own. Words have vowels in every language of the sources.
     bool looksRandom() const {
         if (digits == length) return length > kLongestNumber;
         if (length < kShortestToken) return false;
@@ -124,7 +124,7 @@ bool isUUID(std::string_view text) {
                       [](char c, char form) { return form == '-' ? c == '-' : hexValue(c) >= 0; });
 }
 
-/// Whether nobody would write such a text as words.
+/// True when the text cannot be made of words.
 bool looksRandom(std::string_view text) {
     if (text.size() < kShortestToken) return false;
     if (isUUID(text)) return true;
@@ -136,19 +136,19 @@ bool looksRandom(std::string_view text) {
         const Piece piece(rest.substr(0, static_cast<std::size_t>(end - rest.begin())));
         rest.remove_prefix(std::min(rest.size(), piece.length + 1));
         if (piece.looksRandom()) return true;
-        // 1. A short hash or an article's id behind a slug ends many public addresses.
+        // 1. Many public addresses end in a short hash, or in an article's id after a slug.
         if (piece.isWordOrNumber() || piece.hexadecimal) continue;
         mixed += piece.length;
         digits += piece.digits;
         changes += piece.changes;
     }
-    // 2. "-" and "_" are letters of base 64. There the kind of character changes at two places
-    //    of five, in words run together ("iPhone18ProMaxReview") at one of five.
+    // 2. Base 64 also uses "-" and "_". In it the kind of character changes at about 40 % of all
+    // places, in joined words ("iPhone18ProMaxReview") at about 20 %.
     return mixed >= kShortestToken * 3 / 4 && mixed * 2 >= text.size() && digits > 0 &&
            changes * 10 >= mixed * 3;
 }
 
-/// A secret as it stands, or an escaped address that carries one.
+/// True for a secret and for an escaped address that contains one.
 bool isSecretValue(std::string_view encoded) {
     const std::string value = percentDecoded(encoded);
     if (looksRandom(value)) return true;
@@ -156,7 +156,7 @@ bool isSecretValue(std::string_view encoded) {
            carriesSecret(value);
 }
 
-/// "name=value" of a query, a fragment or behind a ";" of a path.
+/// Appends one "name=value" of a query, a fragment or a path parameter (";").
 void appendItem(std::string_view item, std::string& out) {
     const auto equals = item.find('=');
     const bool named = equals != std::string_view::npos;
@@ -194,8 +194,8 @@ void appendPath(std::string_view path, std::string& out) {
 
 /// `address` begins with its authority.
 void appendAddress(std::string_view address, bool hasScheme, std::string& out) {
-    // 1. User information. Without a scheme it takes a password to tell it from a mail address.
-    //    The host stays: everyone on the way sees it.
+    // 1. User information. Without a scheme only a password distinguishes it from a mail address.
+    // The host stays, because it is visible on the network anyway.
     std::string_view authority = address.substr(0, address.find_first_of("/?#\\"));
     address.remove_prefix(authority.size());
     const auto at = authority.rfind('@');
@@ -214,13 +214,13 @@ void appendAddress(std::string_view address, bool hasScheme, std::string& out) {
                 [&](std::string_view item) { appendItem(item, out); });
 }
 
-/// Where the scheme of "…://" begins that ends at `schemeEnd`.
+/// The start of the scheme whose "://" stands at `schemeEnd`.
 std::size_t schemeStart(std::string_view word, std::size_t schemeEnd) {
     while (schemeEnd > 0 && isASCIIAlphanumeric(word[schemeEnd - 1])) --schemeEnd;
     return schemeEnd;
 }
 
-/// A word may hold several addresses, one behind the other.
+/// Appends one word, which may contain several addresses in a row.
 void appendWord(std::string_view word, std::string& out) {
     // Closing punctuation belongs to the sentence.
     const auto end = word.find_last_not_of(".,:!)]}'") + 1;

@@ -6,10 +6,9 @@
 
 namespace kit {
 
-/// An address in the form that a strict parser takes: characters that may not stand where
-/// they stand are escaped as UTF-8, a lone "%" becomes "%25", existing escapes stay as they
-/// are in either letter case, and a host in another script takes its ASCII form. Nothing
-/// when there is no "scheme://" or the host cannot be brought to ASCII.
+/// The address in a form that a strict parser accepts: forbidden characters are escaped as UTF-8, a
+/// lone "%" becomes "%25", existing escapes stay in either letter case, and an international host
+/// is converted to ASCII. Nothing without a "scheme://" or when the host has no ASCII form.
 std::optional<std::string> strictAddress(std::string_view text);
 
 }  // namespace kit

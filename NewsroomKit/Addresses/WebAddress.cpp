@@ -43,8 +43,8 @@ std::optional<WebAddress> fromParsed(const boost::urls::url_view& view) {
     if (address.scheme.empty() || address.host.empty()) return std::nullopt;
     if (address.host.find('%') != std::string::npos) return std::nullopt;
     if (view.has_userinfo()) address.userInfo = std::string(view.encoded_userinfo());
-    // The parser takes any text after the colon: letters become part of the path, and a
-    // number that no port can have is cut to sixteen bits.
+    // The parser accepts any text after the colon: letters become part of the path, and a number
+    // that is too large for a port is cut to sixteen bits.
     if (view.has_port() && !view.port().empty()) {
         address.port = portNumber(view.port());
         if (!address.port) return std::nullopt;
@@ -68,8 +68,8 @@ void removeStepsAboveRoot(std::string& path) {
 
 std::optional<WebAddress> WebAddress::parse(std::string_view text) {
     if (writtenHostLength(text) > kLongestHost) return std::nullopt;
-    // The parser takes some addresses that fromParsed refuses (a second "@"): the strict form
-    // may still be sound.
+    // The parser accepts some addresses that fromParsed refuses (a second "@"); their strict form
+    // may still be valid.
     if (const auto parsed = boost::urls::parse_uri(text)) {
         if (auto address = fromParsed(*parsed)) return address;
     }
@@ -135,7 +135,7 @@ std::optional<std::string> resolvedAddress(std::string_view base, std::string_vi
         const auto absolute = WebAddress::parse(page->scheme + ":" + std::string(reference));
         return absolute ? std::optional(absolute->text()) : std::nullopt;
     }
-    // Escaping needs an address around the reference; what was put in front goes again.
+    // Escaping needs a complete address, so a placeholder is put in front and removed afterwards.
     constexpr std::string_view stand = "x://x";
     const auto escaped = strictAddress(
         std::string(stand) + (reference.starts_with('/') ? "" : "/") + std::string(reference));

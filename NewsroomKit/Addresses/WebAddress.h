@@ -42,8 +42,8 @@ struct WebAddress {
     std::string text() const;
 };
 
-/// The address that `reference` means on the page at `base`: absolute ones stay, relative
-/// ones are completed. Nothing when the result is not an address with a host.
+/// Resolves `reference` against the page at `base`; absolute addresses stay. Nothing when the
+/// result is not an address with a host.
 std::optional<std::string> resolvedAddress(std::string_view base, std::string_view reference);
 
 /// Whether the desktop may be asked to open an address: one of the web, with a host and without
@@ -54,7 +54,7 @@ bool isOpenable(std::string_view address);
 /// `host` is `domain` or one of its sub-hosts. Both in lower case.
 bool isHostOrSubhost(std::string_view host, std::string_view domain);
 
-/// Bytes of "%41" and the like put in place; anything malformed stays.
+/// Decodes "%41" and the like; malformed escapes stay.
 std::string percentDecoded(std::string_view text);
 
 }  // namespace kit

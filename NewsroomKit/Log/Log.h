@@ -31,7 +31,7 @@ inline constexpr std::array<EnumRow<LogCategory>, 8> enumTable<LogCategory>{{
     {LogCategory::press, "press", "Press room"},
 }};
 
-/// From the gravest on. `off` is a threshold only: no line has it.
+/// From the most severe on. `off` is only a threshold: no line has it.
 enum class LogLevel { off, error, warning, info, debug };
 
 template <>
@@ -43,7 +43,7 @@ inline constexpr std::array<EnumRow<LogLevel>, 5> enumTable<LogLevel>{{
     {LogLevel::debug, "debug", "Debug"},
 }};
 
-/// The least grave level that each category writes.
+/// The least severe level that each category writes.
 class LogLevels {
 public:
     /// Every category at `info`.
@@ -54,7 +54,7 @@ public:
     /// sentence for the user.
     static LogLevels parse(std::string_view text);
 
-    /// What `parse` would say against the text, without the full stop; "" when it reads.
+    /// The message that `parse` would throw, without its full stop; empty when the text is valid.
     static std::string complaint(std::string_view text);
 
     LogLevel of(LogCategory category) const { return levels_[static_cast<std::size_t>(category)]; }
@@ -77,12 +77,12 @@ std::string logLineText(const LogLine& line);
 /// Reads what `logLineText` writes; nothing for other text.
 std::optional<LogLine> parseLogLine(std::string_view text);
 
-/// Receives each line that is written. It is called from any thread, one call at a time.
+/// Receives each line. Called from any thread, one call at a time.
 using LogSink = std::function<void(const LogLine&)>;
 
-/// Sends the log of this process to `sink`; without one nothing is written. The log is the one
-/// thing that every part reaches without being handed it, because every part may have to say why
-/// it failed. Call it before other threads start and, with an empty sink, after they have ended.
+/// Sends the log of this process to `sink`; without one nothing is written. The log is the only
+/// global state, because every part may have to report why it failed. Call this before other
+/// threads start and, with an empty sink, after they have ended.
 void setLog(LogLevels levels, LogSink sink);
 
 bool isLogged(LogCategory category, LogLevel level);

@@ -17,7 +17,7 @@ constexpr Instant endOfInstants = sys_days{std::chrono::year{10'000} / 1 / 1};
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Takes the text apart from its front; every step leaves the rest.
+/// Parses the text from its front; each step leaves the rest.
 class Reader {
 public:
     explicit Reader(std::string_view text) : rest_(text) {}

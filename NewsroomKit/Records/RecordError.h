@@ -5,8 +5,8 @@
 
 namespace kit {
 
-/// A JSON value does not have the shape of the record it should be. `path` leads to the
-/// fault ("panels[2].frame.width"; empty for the value itself); what() is the whole sentence.
+/// A JSON value does not have the form of the expected record. `path` locates the fault
+/// ("panels[2].frame.width"; empty for the value itself); what() is the whole sentence.
 class RecordError : public std::runtime_error {
 public:
     RecordError(std::string path, std::string reason);
@@ -14,7 +14,8 @@ public:
     const std::string& path() const { return path_; }
     const std::string& reason() const { return reason_; }
 
-    /// The same fault seen from the record that holds this one under `step`.
+    /// The same fault, with its path prefixed by `step`, the key under which the outer record holds
+    /// this one.
     RecordError inside(const std::string& step) const;
 
 private:

@@ -9,12 +9,12 @@
 
 #include "NewsroomKit/Records/Codec.h"
 
-/// Web services write dates as ISO 8601 text. A number in such a place is a fault of the service:
-/// nobody knows whether it counts seconds or milliseconds. decode() takes numbers too, because
-/// the command line writes its own records with them.
+/// Web services write dates as ISO 8601 text. A number in such a place is a fault of the service,
+/// because it could count seconds or milliseconds. decode() accepts numbers too, because the
+/// command line writes its own records with them.
 namespace kit {
 
-/// Which forms of a date a reading takes.
+/// The forms of a date that are accepted.
 enum class DateForms { text, textAndNumbers };
 
 /// By default a value holds no dates.
@@ -23,8 +23,8 @@ struct TextDates {
     static void require(const json::value&) {}
 };
 
-/// Throws RecordError with the path of the first date that is a number, as far as the value has
-/// the shape of a T. What has another shape is left to decode().
+/// Throws RecordError with the path of the first date that is a number, as far as the value has the
+/// form of a T. decode() reports any other form.
 template <class T>
 void requireTextDates(const json::value& value) {
     TextDates<T>::require(value);

@@ -20,7 +20,7 @@ constexpr int hexValue(char c) {
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-/// `text` is `lower` in any letter case; `lower` is in lower case already.
+/// True when `text` equals `lower` in any letter case; `lower` is in lower case already.
 constexpr bool equalsLowercase(std::string_view text, std::string_view lower) {
     if (text.size() != lower.size()) return false;
     for (std::size_t i = 0; i < text.size(); ++i) {

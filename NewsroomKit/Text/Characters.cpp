@@ -13,9 +13,9 @@ namespace kit {
 
 namespace {
 
-/// Code points that are a character of their own beside any other of these: the letters of
-/// the common alphabets, ideographs, general punctuation. Everything else (marks, joiners,
-/// emoji, Hangul, Indic letters, a CR that may have its LF) is left to ICU.
+/// True for code points that never combine with one another: letters of common alphabets,
+/// ideographs, general punctuation. Everything else (marks, joiners, emoji, Hangul, Indic letters,
+/// a CR that may have its LF) is left to ICU.
 constexpr bool standsAlone(char32_t c) {
     const auto within = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
     if (c < 0x300) return c != U'\r';
@@ -86,7 +86,7 @@ Walk walk(std::string_view text, std::size_t limit) {
         return simple;
     }
     if (simple.characters > 0) {
-        // What follows may belong to the last character: take that one up again.
+        // What follows may belong to the last character, so go back by one.
         --simple.characters;
         simple.bytes -= decodeUTF8Before(text, simple.bytes).length;
     }

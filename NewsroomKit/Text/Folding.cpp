@@ -31,10 +31,10 @@ icu::UnicodeString withOrdinaryWidth(char32_t codePoint) {
     return ordinary;
 }
 
-/// The marks that make カ to ガ and ハ to パ. They make other letters, not accents.
+/// The marks that turn カ into ガ and ハ into パ. They form other letters and are not accents.
 constexpr bool isKanaVoiceMark(char32_t c) { return c == U'\u3099' || c == U'\u309A'; }
 
-/// Whether the folded character may be one with that before it: a voice mark of kana, half-width
+/// Whether the folded character may combine with the one before it: a kana voice mark, half-width
 /// ones included, or a vowel or final consonant of a Hangul syllable.
 constexpr bool mayJoinPrevious(char32_t c) {
     const auto within = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
@@ -42,9 +42,9 @@ constexpr bool mayJoinPrevious(char32_t c) {
            c == U'\uFF9E' || c == U'\uFF9F';
 }
 
-/// The slow rule for one code point. Folding after widths and before decomposition
-/// leaves nothing that another round would change. What remains after the marks are gone is
-/// composed again, which concerns kana and Hangul alone.
+/// Folds one code point, slowly. The order (width, case folding, decomposition) makes the result
+/// stable under another round. The rest is composed again once the marks are gone, which affects
+/// only kana and Hangul.
 std::string foldCodePoint(char32_t codePoint) {
     icu::UnicodeString folded = withOrdinaryWidth(codePoint).foldCase();
     UErrorCode status = U_ZERO_ERROR;
@@ -83,8 +83,8 @@ private:
     std::string bytes_;
 };
 
-/// Pages are made when a text first needs them and never change afterwards. Two threads
-/// may make the same page; the first to publish it wins.
+/// Pages are built on first use and never change afterwards. Two threads may build the same page;
+/// the first to publish it wins.
 class FoldingTable {
 public:
     ~FoldingTable() {
@@ -112,7 +112,7 @@ FoldingTable& foldingTable() {
     return table;
 }
 
-/// Appends a folded character that may be one with the last of those from `begin` on.
+/// Appends a folded character that may combine with the last character after `begin`.
 void appendJoined(std::string_view folded, std::size_t begin, std::string& out) {
     const char32_t character = decodeUTF8(folded, 0).value;
     if (out.size() > begin) {

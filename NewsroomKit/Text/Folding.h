@@ -11,8 +11,8 @@ namespace kit {
 /// forms made ordinary. Other compatibility characters (™, ½, ﷼) stay, apart from
 /// ligatures that case folding itself spells out (ﬁ becomes "fi").
 ///
-/// Hangul syllables and voiced kana (ガ, パ) are letters of their own: they are composed,
-/// however they are spelled, so that nothing matches a part of one.
+/// Hangul syllables and voiced kana (ガ, パ) count as single letters: they are always composed, so
+/// that nothing matches a part of one.
 ///
 /// Folding the first user-perceived characters of a text gives a prefix of the folded text.
 /// Folding twice changes nothing. Invalid UTF-8 becomes U+FFFD.

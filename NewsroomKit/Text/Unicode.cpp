@@ -38,7 +38,8 @@ icu::UnicodeString caselessForm(std::string_view utf8) {
     const icu::Normalizer2& nfd = *icu::Normalizer2::getNFDInstance(status);
     const auto text = icu::UnicodeString::fromUTF8(
         icu::StringPiece(utf8.data(), static_cast<std::int32_t>(utf8.size())));
-    // Decomposed first: U+0345 folds to a letter, which marks after it would then cross.
+    // Decompose before folding: U+0345 folds to a letter, and later marks would then be ordered
+    // across it.
     return nfd.normalize(nfd.normalize(text, status).foldCase(), status);
 }
 
@@ -109,7 +110,7 @@ bool equalIgnoringCase(std::string_view left, std::string_view right) {
 
 std::optional<std::size_t> prefixLengthIgnoringCase(std::string_view text,
                                                     std::string_view prefix) {
-    // Most texts differ in the first letter already.
+    // Most texts already differ in the first letter.
     const bool plain = !text.empty() && !prefix.empty() && isASCII(text[0]) && isASCII(prefix[0]);
     if (plain && lowercaseASCII(text[0]) != lowercaseASCII(prefix[0])) return std::nullopt;
     const icu::UnicodeString wanted = caselessForm(prefix);
