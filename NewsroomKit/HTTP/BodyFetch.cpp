@@ -13,7 +13,7 @@ boost::asio::awaitable<FetchedBody> fetchBody(HTTPClient& http, std::string addr
     if (auto* fresh = std::get_if<HTTPClient::Fresh>(&exchange.result.value())) {
         co_return FetchedBody{std::move(fresh->body), exchange.record};
     }
-    // "Not modified" is no answer to one who named nothing that could have been modified.
+    // "Not modified" is not a valid answer to an unconditional request.
     co_return FetchedBody{FetchError(HTTPClientError{.kind = HTTPClientError::Kind::empty}),
                           exchange.record};
 }

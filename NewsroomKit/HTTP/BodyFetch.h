@@ -18,8 +18,8 @@ struct FetchedBody {
     HTTPClient::Record record;
 };
 
-/// The whole answer as it came, for callers who keep it and parse it again later. Asked for
-/// in full each time: a tracker's files are small, and its last good copy may be gone.
+/// Fetches a body unparsed, for callers that store it and parse it later. The request is never
+/// conditional: tracked files are small, and the last good copy may be gone.
 boost::asio::awaitable<FetchedBody> fetchBody(HTTPClient& http, std::string address,
                                               std::size_t byteLimit);
 

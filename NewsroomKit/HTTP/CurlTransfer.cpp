@@ -19,10 +19,10 @@ namespace {
 
 constexpr long mostRedirects = 10;
 constexpr std::size_t mostHeaderBytes = 300'000;
-// An encoding makes a body that cannot be compressed a little longer.
+// A content encoding makes an incompressible body slightly longer.
 constexpr std::size_t encodingSlack = 64 * 1024;
 
-// OpenSSL's verdicts on a certificate.
+// OpenSSL's verification results.
 constexpr long certificateNotYetValid = 9;
 constexpr long certificateHasExpired = 10;
 
@@ -50,7 +50,7 @@ std::string part(CURLU* url, CURLUPart which, unsigned flags = 0) {
     return text;
 }
 
-/// Empty when either cannot be read.
+/// Resolves `reference` against `base`. Empty when either is malformed.
 std::string resolved(const std::string& base, const std::string& reference) {
     const std::unique_ptr<CURLU, CurlDeleter> url(curl_url());
     if (curl_url_set(url.get(), CURLUPART_URL, base.c_str(), 0) != CURLUE_OK ||
@@ -60,7 +60,7 @@ std::string resolved(const std::string& base, const std::string& reference) {
     return part(url.get(), CURLUPART_URL);
 }
 
-/// Scheme, host and port, which is also there when the address leaves it out.
+/// Scheme, host and port; the default port is spelled out.
 std::string originOf(const std::string& address) {
     const std::unique_ptr<CURLU, CurlDeleter> url(curl_url());
     if (curl_url_set(url.get(), CURLUPART_URL, address.c_str(), 0) != CURLUE_OK) return {};
@@ -78,7 +78,7 @@ std::string numericText(const sockaddr* address) {
     return text.data();
 }
 
-/// Whether this computer has a way to the address. Sends nothing.
+/// Whether this computer has a route to the address. Sends nothing.
 bool hasRouteTo(const curl_sockaddr& address) {
     const int probe = ::socket(address.family, SOCK_DGRAM | SOCK_CLOEXEC, 0);
     if (probe < 0) return false;
@@ -118,37 +118,35 @@ void CurlTransfer::setOptions() {
     CURL* easy = easy_.get();
     set(easy, CURLOPT_PROTOCOLS_STR, "https");
     set(easy, CURLOPT_REDIR_PROTOCOLS_STR, "https");
-    // curl 7.88 does not return from a call while HTTP/2 frames without content keep coming: no
-    // time limit holds then, and all other transfers wait. At two requests a host, HTTP/2 gains
-    // nothing.
+    // curl 7.88 does not return from a call while empty HTTP/2 frames keep coming: time limits fail
+    // then, and all other transfers wait. At two requests per host, HTTP/2 gains nothing.
     set(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
     set(easy, CURLOPT_ACCEPT_ENCODING, "");  // whatever this curl can decode
     set(easy, CURLOPT_HTTPHEADER, headers_.get());
     set(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     set(easy, CURLOPT_MAXREDIRS, mostRedirects);
     set(easy, CURLOPT_NOSIGNAL, 1L);
-    // Without it, giving up on a name waits until the resolver has given up too, and with
-    // it every other transfer of the thread.
+    // Otherwise, abandoning a name lookup blocks the thread, and so every other transfer, until the
+    // resolver has given up too.
     set(easy, CURLOPT_QUICK_EXIT, 1L);
     if (rules_.connectTo) {
         set(easy, CURLOPT_CONNECT_TO, rules_.connectTo.get());
-        set(easy, CURLOPT_PROXY, "");  // whatever the environment says
+        set(easy, CURLOPT_PROXY, "");  // overrides the environment
     }
 }
 
 void CurlTransfer::setMethod() {
     if (request_.method == HTTPMethod::get) return;
     CURL* easy = easy_.get();
-    // curl would keep the method where a redirect changes it, so such redirects are left to the
-    // caller.
+    // curl would keep the method where a redirect changes it, so the caller follows such redirects.
     followsRedirects_ = false;
-    // Else curl holds a large body back for a second, in case that the server refuses it.
+    // Otherwise curl holds back a large body for a second, in case the server refuses it.
     append(headers_, "Expect:");
     if (request_.method != HTTPMethod::remove || !request_.body.empty()) {
         set(easy, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request_.body.size()));
         set(easy, CURLOPT_POSTFIELDS, request_.body.c_str());
     }
-    // On a kept connection that breaks, curl would send the request once more.
+    // curl would repeat the request when a reused connection breaks.
     if (request_.method == HTTPMethod::post) set(easy, CURLOPT_FRESH_CONNECT, 1L);
     if (request_.method == HTTPMethod::put) set(easy, CURLOPT_CUSTOMREQUEST, "PUT");
     if (request_.method == HTTPMethod::remove) set(easy, CURLOPT_CUSTOMREQUEST, "DELETE");
@@ -169,8 +167,8 @@ void CurlTransfer::setCallbacks() {
     set(easy, CURLOPT_PREREQDATA, this);
 }
 
-/// An address that curl does not take, because of its length, leaves the handle without one:
-/// the transfer then fails by itself, at once.
+/// When curl refuses an address because of its length, the handle has none, and the transfer fails
+/// at once.
 void CurlTransfer::setAddress() {
     const bool isText = request_.url.find('\0') == std::string::npos;
     if (!isText || curl_easy_setopt(easy_.get(), CURLOPT_URL, request_.url.c_str()) != CURLE_OK) {
@@ -182,12 +180,12 @@ void CurlTransfer::setTrust() {
     CURL* easy = easy_.get();
     set(easy, CURLOPT_SSL_VERIFYPEER, 1L);
     set(easy, CURLOPT_SSL_VERIFYHOST, 2L);
-    // The parsed bundle is kept from connection to connection only when it is a single file.
+    // curl caches the parsed bundle between connections only when it is a single file.
     set(easy, CURLOPT_CAPATH, static_cast<char*>(nullptr));
     set(easy, CURLOPT_CAINFO, rules_.authorities.file().c_str());
     const std::string* bundle = rules_.authorities.bundleFor(hostName());
     if (bundle != nullptr) {
-        // A blob leaves the kept bundle alone; a second file would displace it.
+        // A blob does not displace the cached bundle; a second file would.
         curl_blob blob{.data = const_cast<char*>(bundle->data()),
                        .len = bundle->size(),
                        .flags = CURL_BLOB_NOCOPY};
@@ -207,7 +205,7 @@ int CurlTransfer::status() const {
     return static_cast<int>(info<long>(easy_.get(), CURLINFO_RESPONSE_CODE));
 }
 
-/// Of the last answer.
+/// A header of the last answer.
 std::optional<std::string_view> CurlTransfer::header(const char* name) const {
     curl_header* found = nullptr;
     if (curl_easy_header(easy_.get(), name, 0, CURLH_HEADER, -1, &found) != CURLHE_OK) {
@@ -235,7 +233,7 @@ std::string CurlTransfer::redirectTo(int status) const {
     if (request_.method == HTTPMethod::get || location.empty() || !(repeats || status == 303))
         return {};
     auto address = resolved(request_.url, std::string(location));
-    // A host's own authority must not speak for another host.
+    // A host's own authority must not certify another host.
     if (rules_.authorities.bundleFor(hostName()) != nullptr) return {};
     if (repeats && originOf(address) != originOf(request_.url)) return {};
     return address;
@@ -275,7 +273,7 @@ bool CurlTransfer::headComplete() {
         settled_ = header("Location").has_value();
         return !settled_;
     }
-    // Nobody asked for a part of the body.
+    // Partial content was not requested.
     if (code > 299 || code == 206) {
         failure_ = HTTPClientError{.kind = HTTPClientError::Kind::status, .statusCode = code};
         return false;
@@ -333,8 +331,8 @@ std::size_t CurlTransfer::onBody(char* data, std::size_t size, std::size_t count
     return transfer.accept({data, size * count}) ? size * count : 0;
 }
 
-/// Sees what `onBody` does not: the body of a redirect, one that decodes to nothing, and how much
-/// of a request's body the server has taken.
+/// Observes what `onBody` does not: the body of a redirect, a body that decodes to nothing, and how
+/// much of the request's body has been sent.
 int CurlTransfer::onProgress(void* self, curl_off_t, curl_off_t received, curl_off_t,
                              curl_off_t sent) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
@@ -353,7 +351,7 @@ curl_socket_t CurlTransfer::onOpenSocket(void* self, curlsocktype, curl_sockaddr
     return ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
 }
 
-/// Asked before each request, also when a kept connection serves it and no socket is opened.
+/// Called before each request, also on a reused connection, for which no socket is opened.
 int CurlTransfer::onConnected(void* self, char* remoteIP, char*, int, int) {
     auto& transfer = *static_cast<CurlTransfer*>(self);
     transfer.lastSign_ = Clock::now();
@@ -366,21 +364,21 @@ int CurlTransfer::onConnected(void* self, char* remoteIP, char*, int, int) {
 std::optional<FetchError> CurlTransfer::failureOf(CURLcode code) const {
     switch (code) {
         case CURLE_OK:
-            // curl takes a head that ends too early for a whole one.
+            // curl accepts a head that ends too early.
             if (!hasFinalHead_) return URLError::networkConnectionLost;
             return std::nullopt;
         // An address that is not https, or an answer that is not HTTP.
         case CURLE_UNSUPPORTED_PROTOCOL:
             return HTTPClientError{.kind = hasAsked_ ? HTTPClientError::Kind::notHTTP
                                                      : HTTPClientError::Kind::notHTTPS};
-        // A single line of the head that is longer than curl keeps.
+        // A header line is longer than curl's limit.
         case CURLE_OUT_OF_MEMORY: return HTTPClientError{.kind = HTTPClientError::Kind::tooLarge};
         case CURLE_URL_MALFORMAT: return URLError::badURL;
         case CURLE_OPERATION_TIMEDOUT: return URLError::timedOut;
         case CURLE_COULDNT_RESOLVE_HOST: return URLError::cannotFindHost;
         case CURLE_COULDNT_RESOLVE_PROXY: return URLError::dnsLookupFailed;
         case CURLE_COULDNT_CONNECT: {
-            // Of the address tried last: the others may have refused.
+            // The cause belongs to the address tried last; others may have refused the connection.
             const long cause = info<long>(easy_.get(), CURLINFO_OS_ERRNO);
             const bool isOffline = (cause == ENETUNREACH || cause == ENETDOWN) && !hasRoute_;
             return isOffline ? URLError::notConnectedToInternet : URLError::cannotConnectToHost;

@@ -46,17 +46,17 @@ public:
 
     CURL* handle() const { return easy_.get(); }
 
-    /// When the transfer has taken too long as a whole, or the server has been silent for too
-    /// long. The latter moves with every byte.
+    /// The time at which the whole transfer or the server's silence has lasted too long. The latter
+    /// moves with every byte.
     Clock::time_point deadline() const {
         return std::min(endsAt_, lastSign_ + request_.idleTimeout);
     }
 
-    /// The answer, from curl's verdict or from a failure of our own finding.
+    /// The answer, from curl's result or from a failure that this class found.
     TransportAnswer finish(CURLcode code);
     TransportAnswer finish(FetchError failure);
 
-    /// For the next transfer. This one is over.
+    /// Hands the handle to the next transfer. This one is over.
     CurlEasy releaseHandle();
 
 private:
@@ -95,11 +95,11 @@ private:
     Clock::time_point lastSign_ = Clock::now();
     Clock::time_point endsAt_ = lastSign_ + request_.totalTimeout;
     std::string body_;
-    std::optional<FetchError> failure_;  ///< our own verdict; outweighs curl's
-    bool settled_ = false;               ///< the head says it all, the rest is not wanted
+    std::optional<FetchError> failure_;  ///< found by this class; outweighs curl's result
+    bool settled_ = false;               ///< the head decides; the body is not needed
     bool inHead_ = false;
-    bool hasFinalHead_ = false;    ///< of the last answer, and not of a redirect
-    bool hasAsked_ = false;        ///< a connection stood, of the last address
+    bool hasFinalHead_ = false;    ///< the head of the final answer, not of a redirect, is complete
+    bool hasAsked_ = false;        ///< the last address was connected to
     std::size_t headerBytes_ = 0;  ///< of all answers, trailers included
     bool followsRedirects_ = true;
     curl_off_t bytesSent_ = 0;

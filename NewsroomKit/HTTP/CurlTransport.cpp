@@ -26,15 +26,14 @@ namespace {
 
 namespace asio = boost::asio;
 using SteadyClock = CurlTransfer::Clock;
-/// Names a request for as long as the transport lives; never used twice.
+/// Identifies a request for the transport's lifetime; never reused.
 using RequestNumber = std::uint64_t;
 
 constexpr long keptConnections = 300;
 constexpr std::size_t keptHandles = 64;
 constexpr int longestPollMilliseconds = 10'000;
 
-/// Brings an answer back to whoever waits for it, on their executor, which has work to wait
-/// for until then.
+/// Delivers an answer on the waiting coroutine's executor, which counts as having work until then.
 class Completion {
 public:
     template <class Handler>
@@ -56,7 +55,7 @@ private:
         void complete(TransportAnswer answer) override {
             asio::post(executor,
                        [waiting = std::move(handler), result = std::move(answer)]() mutable {
-                           // On the executor that emits cancellations, so none is missed or
+                           // Runs on the executor that emits cancellations, so none is missed or
                            // doubled.
                            if (auto slot = asio::get_associated_cancellation_slot(waiting);
                                slot.is_connected()) {
@@ -71,9 +70,9 @@ private:
                                 asio::execution::outstanding_work.tracked);
         }
 
-        // Counts as work until `post` has returned: the handler may run before that, and be
-        // the last thing its context waits for. A work guard would let go of the work first
-        // and of the executor, which may belong to a strand of the context, second.
+        // Counts as work until `post` has returned: the handler may run before that and may be the
+        // context's last work. A work guard would release the work before the executor, which may
+        // belong to a strand of the context.
         decltype(tracked(std::declval<const Handler&>())) executor;
         Handler handler;
     };
@@ -89,8 +88,8 @@ struct Order {
 
 TransportAnswer cancelledAnswer() { return {.failure = URLError::cancelled}; }
 
-/// What other threads have for curl's thread. Shared with the cancellation slots of those who
-/// wait, which may outlive the transport.
+/// Requests from other threads to curl's thread. Shared with the cancellation slots of waiting
+/// coroutines, which may outlive the transport.
 class Inbox {
 public:
     struct Batch {
@@ -146,14 +145,14 @@ private:
     std::vector<Order> orders_;
     std::vector<RequestNumber> cancellations_;
     bool closed_ = false;
-    bool awake_ = false;  ///< the thread will look before it sleeps again
+    bool awake_ = false;  ///< the thread will check the inbox before it sleeps again
 };
 
 struct MultiDeleter {
     void operator()(CURLM* multi) const { curl_multi_cleanup(multi); }
 };
 
-/// curl counts these; the last one to go frees what curl keeps for the process.
+/// curl counts these; the last one frees curl's process-wide state.
 struct CurlLibrary {
     CurlLibrary() {
         if (curl_global_init(CURL_GLOBAL_DEFAULT) != CURLE_OK) throw std::bad_alloc();
@@ -169,8 +168,8 @@ CurlList connectList(const std::optional<std::string>& connectTo) {
     return list;
 }
 
-/// curl's TLS writes to sockets that the other side may have closed. A blocked SIGPIPE is an
-/// ordinary error; all other signals belong to threads that know what to do.
+/// curl's TLS may write to sockets that the peer has closed. With SIGPIPE blocked this is an
+/// ordinary error. All other signals are handled by other threads.
 void blockSignals() {
     sigset_t all;
     sigfillset(&all);
@@ -254,7 +253,7 @@ private:
         }
     }
 
-    /// A number that is not running has finished meanwhile.
+    /// A request that is not running has finished already.
     void abandon(RequestNumber number, URLError reason) {
         if (!running_.contains(number)) return;
         end(number, [reason](CurlTransfer& transfer) { return transfer.finish(reason); });
@@ -272,8 +271,7 @@ private:
         completion.complete(std::move(answer));
     }
 
-    /// A transfer's deadline may move with every byte it gets; its entry here is only moved when
-    /// it comes up.
+    /// A transfer's deadline may move with every byte; its entry is updated only when it comes due.
     void endOverdueOnes() {
         const auto now = SteadyClock::now();
         while (!deadlines_.empty() && deadlines_.begin()->first <= now) {

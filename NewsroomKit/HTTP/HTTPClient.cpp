@@ -31,20 +31,20 @@ constexpr int kMostRedirects = 10;
 // Without a value curl sends no such header.
 const std::string kContentType = "Content-Type: ";
 
-/// What is to stand in a header must not begin another one.
+/// Keeps a value from starting another header.
 std::string inOneLine(std::string text) {
     std::erase_if(text, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; });
     return text;
 }
 
-/// The result of a request is fetched with a GET.
+/// Turns the request into a GET, which fetches the result after a 303.
 void withoutBody(TransportRequest& request) {
     request.method = HTTPMethod::get;
     request.body.clear();
     std::erase_if(request.headers, [](const auto& line) { return line.starts_with(kContentType); });
 }
 
-/// An address without what names the feed's reader: host and path, no query.
+/// The address for log lines: a query may identify the reader.
 std::string_view withoutQuery(std::string_view url) { return url.substr(0, url.find('?')); }
 
 void logExchange(const std::string& url, const FetchResult<HTTPClient::Result>& result,
@@ -81,7 +81,7 @@ asio::awaitable<HTTPClient::Exchange> HTTPClient::exchange(Request request) {
     done.result = co_await attempt(request, done);
     const bool mayRepeat = request.method != HTTPMethod::post;
     if (mayRepeat && done.result.has_error() && done.result.error().isRetryable()) {
-        // Once cancelled, waiting for anything would throw: ask before each step.
+        // Once cancelled, every wait would throw, so check before each step.
         const auto isCancelled = [](const asio::cancellation_state& state) {
             return state.cancelled() != asio::cancellation_type::none;
         };
@@ -107,7 +107,7 @@ asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::attempt(const Reque
     auto answer = co_await performAndFollow(transportRequest(request));
     record.status = answer.status;
     record.bytesOnWire += answer.bytesOnWire;
-    // What the first attempt was told still holds when the second one fails in another way.
+    // The first attempt's Retry-After still holds when the second attempt fails in another way.
     if (answer.retryAfter || !answer.failure) record.retryAfter = answer.retryAfter;
     record.movedTo = std::move(answer.movedTo);
     record.cameFromPublic = answer.cameFromPublic;

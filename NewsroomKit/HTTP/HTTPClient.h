@@ -23,16 +23,15 @@ struct TransportRequest;
 /// Whether a request tells the server which answer the caller already has.
 enum class Conditional { no, yes };
 
-/// Who named an address: what stands on a public page must not lead to a private address.
+/// Who named an address: one from a public page must not lead to a private address.
 enum class NamedBy { user, publicPage };
 
-/// The gate through which all feeds and web data are fetched: https only, every answer
-/// limited in size, one retry after a transient failure, conditional requests with the
-/// validators of the last answer.
+/// Fetches all feeds and web data: https only, answers limited in size, one retry after a transient
+/// failure, conditional requests with the validators of the last answer.
 ///
-/// A body is sent to the origin that it is meant for and to no other: a 307 or 308 that leads
-/// elsewhere is a failure. A 303 is followed with a GET, to any https address. A POST is not
-/// retried, because the server may have carried it out.
+/// A body is only sent to the origin that it is meant for: a 307 or 308 that leads elsewhere is a
+/// failure. A 303 is followed with a GET, to any https address. A POST is not retried, because the
+/// server may have carried it out.
 ///
 /// Many coroutines may fetch through one client at once, from any thread.
 class HTTPClient {
@@ -43,7 +42,7 @@ public:
         std::string userAgent =
             "TarnwickBrell/1.0 (Macintosh; macOS) +https://tarnwick-brell.example/";
         std::chrono::milliseconds retryPause{500};
-        std::chrono::milliseconds retryJitter{300};  ///< at most so much is added to the pause
+        std::chrono::milliseconds retryJitter{300};  ///< the greatest random addition to the pause
     };
 
     struct Request {
@@ -54,10 +53,10 @@ public:
         Conditional conditional = Conditional::no;
         std::size_t byteLimit = 0;  ///< of the answer's body
         NamedBy namedBy = NamedBy::user;
-        /// Instead of the configuration's. Control characters are left out.
+        /// Replaces the configuration's. Control characters are removed.
         std::optional<std::string> userAgent = {};
-        /// Of an attempt as a whole, instead of both times of the configuration: the server may be
-        /// silent for so long.
+        /// Limits an attempt as a whole and replaces both times of the configuration: the server
+        /// may be silent for this long.
         std::optional<std::chrono::milliseconds> timeLimit = {};
     };
 
@@ -68,18 +67,18 @@ public:
     struct NotModified {};
     using Result = std::variant<Fresh, NotModified>;
 
-    /// What a request cost, for those who keep an eye on their sources.
+    /// Cost and circumstances of a request, for monitoring sources.
     struct Record {
         int attempts = 0;
         int status = 0;                        ///< of the last answer; 0 when there was none
         std::uint64_t bytesOnWire = 0;         ///< of all attempts
         std::chrono::microseconds elapsed{0};  ///< all attempts and the pause between
-        /// How long the server wants to be left alone (429 and 503).
+        /// How long the server asks clients to wait (429 and 503).
         std::optional<std::chrono::seconds> retryAfter = {};
-        /// Where the address has moved for good. For people to decide on; nothing is stored.
+        /// The address that this one has permanently moved to. The user decides; nothing is stored.
         std::optional<std::string> movedTo = {};
-        bool cameFromPublic = false;  ///< a server on the public network had a part in the answer
-        /// When the server made its answer, by its own clock.
+        bool cameFromPublic = false;  ///< a server on the public network was involved
+        /// The time of the answer by the server's clock.
         std::optional<std::chrono::sys_seconds> date = {};
     };
 
@@ -98,7 +97,7 @@ public:
     /// Any request, with its record.
     boost::asio::awaitable<Exchange> exchange(Request request);
 
-    /// In memory only; whoever wants to keep it between runs exports and imports it.
+    /// In memory only; the caller exports and imports it to keep it between runs.
     ValidatorTable& validators() { return validators_; }
 
 private:

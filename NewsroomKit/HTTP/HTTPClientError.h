@@ -8,7 +8,7 @@
 
 namespace kit {
 
-/// What this system itself refuses about an answer.
+/// An answer that this client refuses.
 struct HTTPClientError {
     enum class Kind {
         status,    ///< outside 200 to 299, and not 304
@@ -24,7 +24,7 @@ struct HTTPClientError {
     bool operator==(const HTTPClientError&) const = default;
 };
 
-/// What the network or the platform could not do.
+/// A failure of the network or the platform.
 enum class URLError {
     badURL,
     timedOut,
@@ -67,7 +67,7 @@ private:
     std::variant<HTTPClientError, URLError> cause_;
 };
 
-/// Narrow contracts: asking a failure for its value is undefined, so test it first.
+/// The value of a failure is undefined, so test it first.
 template <class T>
 using FetchResult = boost::outcome_v2::unchecked<T, FetchError>;
 

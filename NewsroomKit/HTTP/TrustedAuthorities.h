@@ -13,14 +13,13 @@ class TrustedAuthorities {
 public:
     using Files = std::map<std::string, std::filesystem::path, std::less<>>;
 
-    /// `file` takes the place of the system's bundle; `extras` are trusted besides it, each
-    /// for one host. Throws std::runtime_error when a file cannot be read or no bundle is
-    /// found.
+    /// `file` replaces the system's bundle; each of `extras` is trusted in addition, for one host.
+    /// Throws std::runtime_error when a file cannot be read or no bundle is found.
     TrustedAuthorities(const std::optional<std::filesystem::path>& file, const Files& extras);
 
     const std::string& file() const { return file_; }
 
-    /// The whole bundle, PEM, of a host that has an extra authority; null for all others.
+    /// The complete PEM bundle of a host with an extra authority; null for all others.
     const std::string* bundleFor(std::string_view host) const;
 
 private:

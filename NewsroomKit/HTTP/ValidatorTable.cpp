@@ -6,7 +6,7 @@
 namespace kit {
 namespace {
 
-// Servers refuse requests whose headers are longer, and then the source would fail for good.
+// Servers refuse requests with longer headers, and the source would then fail permanently.
 constexpr std::size_t kLongestValue = 8 * 1024;
 
 void dropUnlessSendable(std::optional<std::string>& text) {

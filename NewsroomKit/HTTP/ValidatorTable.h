@@ -7,7 +7,7 @@
 
 namespace kit {
 
-/// What a server named its last answer by, to ask later whether it still holds.
+/// The validators of a server's last answer, for conditional requests.
 struct Validators {
     std::optional<std::string> entityTag = {};
     std::optional<std::string> lastModified = {};
@@ -15,23 +15,23 @@ struct Validators {
     bool operator==(const Validators&) const = default;
 };
 
-/// The validators of each address. One task at a time touches the table.
+/// The validators of each address. Not thread-safe.
 class ValidatorTable {
 public:
     using Entries = std::map<std::string, Validators, std::less<>>;
 
     Validators find(const std::string& url) const;
 
-    /// Replaces the pair as a whole: a tag never outlives the date it came with. A text that is
-    /// too long for a header, or would add another one, is left out.
+    /// Replaces the pair as a whole, so that a tag never outlives its date. A value that is too
+    /// long for a header, or would start another one, is left out.
     void store(const std::string& url, Validators validators);
 
     void forget(const std::string& url);
 
     Entries entries() const;
 
-    /// Takes the place of all entries, with the same texts left out: the entries may come from a
-    /// file that something else has edited.
+    /// Replaces all entries and leaves out the same values: the entries may come from a file that
+    /// was edited elsewhere.
     void replace(Entries entries);
 
 private:
