@@ -12,12 +12,12 @@ namespace kit {
 
 namespace {
 
-/// How alike two headlines must be to suggest one cluster, and two groups on average.
+/// The least similarity of two headlines that suggests one cluster, and of two groups on average.
 constexpr double kAlike = 0.48;
 constexpr double kAlikeOnAverage = 0.3;
-/// Stories of one article that a credit ties to, the newest.
+/// A credit ties a story to at most this many stories of the credited article, the newest.
 constexpr std::size_t kCreditedStories = 8;
-/// Of each group only so many members, the earliest, are compared with another group.
+/// At most this many members of each group, the earliest, are compared with another group.
 constexpr std::size_t kComparedMembers = 24;
 
 bool shareAny(const std::vector<std::uint64_t>& left, const std::vector<std::uint64_t>& right) {
@@ -45,8 +45,8 @@ public:
 private:
     using Pair = HeadlineSimilarity::Pair;
 
-    /// Most alike first. Two stories of one source suggest nothing: outlets repeat their
-    /// series' titles.
+    /// The most similar pairs come first. Two stories of one source form no pair, because outlets
+    /// repeat the titles of their series.
     std::vector<Pair> orderedPairs() const {
         auto pairs = likeness_.pairs(kAlike, window_);
         addPairsByAddress(pairs);
@@ -60,16 +60,16 @@ private:
         return pairs;
     }
 
-    /// Whether `credited` is the news that `crediting` passes on. One that credits several
-    /// articles may be a roundup, or credit the background: then the headlines must agree.
+    /// Whether `crediting` relays the news of `credited`. A story that credits several articles may
+    /// be a roundup or credit background, so then the headlines must agree as well.
     bool creditTies(std::size_t crediting, std::size_t credited) const {
         const ClusterEntry& entry = *entries_[crediting];
         return crediting != credited && shareAny(entry.credited, entries_[credited]->articles) &&
                (entry.credited.size() == 1 || likeness_.between(crediting, credited) > 0);
     }
 
-    /// Stories that lead to one article are paired in a chain; one that credits an article
-    /// with those that are it.
+    /// Pairs stories that lead to the same article in a chain, and a story that credits an article
+    /// with the stories that are that article.
     void addPairsByAddress(std::vector<Pair>& pairs) const {
         using Leading = std::pair<std::uint64_t, std::size_t>;  // an article and a story's place
         std::vector<Leading> leading;
@@ -122,12 +122,12 @@ private:
     bool belongTogether(std::size_t left, std::size_t right) const {
         const auto& a = groups_[left];
         const auto& b = groups_[right];
-        // 1. Near in time: from the end of one to the beginning of the other.
+        // 1. The gap between the end of one group and the beginning of the other is small.
         const auto at = [&](std::size_t place) { return entries_[place]->publishedAt; };
         if (at(b.front()) - at(a.back()) > window_ || at(a.front()) - at(b.back()) > window_) {
             return false;
         }
-        // 2. Without contradiction, and alike on average.
+        // 2. No headlines are incompatible, and they are similar on average.
         const std::size_t aCount = std::min(a.size(), kComparedMembers);
         const std::size_t bCount = std::min(b.size(), kComparedMembers);
         double sum = 0;
@@ -141,7 +141,7 @@ private:
         return sum >= kAlikeOnAverage * static_cast<double>(aCount * bCount);
     }
 
-    /// Nothing when the stories cannot tell the same news.
+    /// Nothing when the headlines are incompatible.
     std::optional<double> likenessOf(std::size_t left, std::size_t right) const {
         const ClusterEntry& a = *entries_[left];
         const ClusterEntry& b = *entries_[right];
@@ -156,10 +156,11 @@ private:
     HeadlineSimilarity likeness_;
     std::vector<std::vector<std::size_t>> groups_;  ///< by their first member; empty when joined
     std::vector<std::size_t> groupOf_;
-    /// A group's number, another one whenever it grows.
+    /// The version of each group, which changes whenever the group grows.
     std::vector<std::uint32_t> formOf_;
     std::uint32_t nextForm_ = 0;
-    std::unordered_set<std::uint64_t> refused_;  ///< two groups' numbers when they were tried
+    /// versions of two groups that could not be joined
+    std::unordered_set<std::uint64_t> refused_;
 };
 
 }  // namespace

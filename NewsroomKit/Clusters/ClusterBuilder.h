@@ -9,10 +9,10 @@
 
 namespace kit {
 
-/// Groups of places in `entries` (which must be in order of time), each group in ascending
-/// order, groups of one included. Grows groups from the most alike pairs on: two groups become
-/// one when they are near in time, no member contradicts another, and their members are alike
-/// on average, so that a chain of half-alike headlines does not tie two ends together.
+/// Groups indices of `entries`, which must be in order of time. Each group is ascending; groups of
+/// one are included. Starts with the most similar pairs: two groups are joined when they are close
+/// in time, no two members are incompatible, and their members are similar on average. The average
+/// keeps a chain of half-similar headlines from joining its two ends.
 std::vector<std::vector<std::size_t>> grownGroups(std::span<const ClusterEntry* const> entries,
                                                   Instant::duration window);
 

@@ -9,7 +9,7 @@
 
 namespace kit {
 
-/// What the clustering keeps of a story.
+/// The part of a story that clustering needs.
 struct ClusterEntry {
     std::string storyID{};
     std::string sourceID{};

@@ -15,7 +15,7 @@ namespace kit {
 
 namespace {
 
-// Numbers tell little by themselves: models and counts recur. Full versions do not.
+// Bare numbers say little because model numbers and counts recur. Full versions don't.
 constexpr double kNumberShare = 0.02;
 // "second developer beta of …": how far before the stage its ordinal may stand.
 constexpr std::size_t kOrdinalReach = 4;
@@ -102,7 +102,7 @@ std::optional<Number> numberIn(std::string_view token) {
     return number;
 }
 
-/// "24C5052a": a build says nothing that its version does not, and only some outlets name it.
+/// "24C5052a": a build adds nothing to its version, and only some outlets name it.
 bool isBuild(std::string_view token) {
     const std::size_t digits = countWhile(token, isASCIIDigit);
     if (digits == 0 || digits + 2 > token.size() || !isASCIILetter(token[digits])) return false;
@@ -173,8 +173,8 @@ private:
         headline_.numbers.push_back(value);
         if (!number.prefix.empty()) return note(number.prefix);
         if (at_ > 0) noteNeighbour(at_ - 1, value, 0);
-        // The word after a number is another subject than the same word before one:
-        // in "27.1 beta 2" the beta is 2.
+        // A word after a number is a different subject from the same word before one: in "27.1 beta
+        // 2" the 2 belongs to "beta".
         if (at_ + 1 < tokens_.size()) noteNeighbour(at_ + 1, value, 1);
     }
 
@@ -207,7 +207,7 @@ private:
     Headline headline_;
 };
 
-/// Both lists hold something, and nothing in common.
+/// True when neither list is empty and they share nothing.
 bool disjoint(const std::vector<std::uint64_t>& left, const std::vector<std::uint64_t>& right) {
     if (left.empty() || right.empty()) return false;
     return std::none_of(left.begin(), left.end(), [&](std::uint64_t value) {
@@ -215,7 +215,7 @@ bool disjoint(const std::vector<std::uint64_t>& left, const std::vector<std::uin
     });
 }
 
-/// Some subject has figures in both, none of them in common.
+/// True when some subject has figures in both headlines but shares none of them.
 bool figuresDisagree(const std::vector<Headline::Figure>& left,
                      const std::vector<Headline::Figure>& right) {
     for (const auto& figure : left) {
@@ -239,8 +239,8 @@ Headline readHeadline(std::string_view title) {
 
 bool areIncompatible(const Headline& left, const Headline& right) {
     if (disjoint(left.systems, right.systems) || disjoint(left.devices, right.devices)) return true;
-    // A version in beta is other news than the version itself; without a version "beta" is
-    // a matter of wording.
+    // A beta of a version is different news from the version itself. Without a version, "beta" is
+    // only wording.
     const bool versioned = !left.numbers.empty() && !right.numbers.empty();
     if (versioned && left.stages != right.stages) return true;
     return disjoint(left.numbers, right.numbers) || figuresDisagree(left.figures, right.figures);

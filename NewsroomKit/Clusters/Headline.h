@@ -6,7 +6,7 @@
 
 namespace kit {
 
-/// A headline as far as telling whether another one reports the same news needs it.
+/// The features of a headline that decide whether another one reports the same news.
 struct Headline {
     struct Word {
         std::uint64_t key = 0;
@@ -31,13 +31,13 @@ struct Headline {
     bool operator==(const Headline&) const = default;
 };
 
-/// Only the first kLongestHeadline bytes count: no real headline is longer.
+/// Reads only the first kLongestHeadline bytes; no real headline is longer.
 Headline readHeadline(std::string_view title);
 inline constexpr std::size_t kLongestHeadline = 600;
 
-/// The headlines cannot report the same news, however alike they are: they give different
-/// numbers for the same thing ("beta 2", "beta 3"), share none of their numbers, or name
-/// different systems, devices or stages of a release.
+/// True when the headlines cannot report the same news, however similar they are: they give
+/// different numbers for the same thing ("beta 2", "beta 3"), share none of their numbers, or name
+/// different systems, devices or release stages.
 bool areIncompatible(const Headline& left, const Headline& right);
 
 }  // namespace kit

@@ -9,8 +9,8 @@ namespace kit {
 
 namespace {
 
-// What two headlines must share to be comparable at all: words enough, and among them one that
-// is not everyday language of an Apple desk. A name alone is a subject, not news.
+// Two headlines are comparable only when they share this many words, one of which is not everyday
+// language in Apple news. A shared name alone is a topic, not news.
 constexpr std::size_t kLeastSharedWords = 2;
 constexpr double kLeastSharedWeight = 7.5;
 
@@ -98,9 +98,10 @@ double HeadlineSimilarity::between(std::size_t left, std::size_t right) const {
 
 HeadlineSimilarity::Probe HeadlineSimilarity::probeOf(const Headline& headline,
                                                       double least) const {
-    // By Cauchy's inequality, two headlines that share only words whose squares make up less
-    // than least² of one's squared length are less alike than `least`. So headlines alike
-    // enough share a word among those that are left when the lightest are taken off so far.
+    // By Cauchy's inequality, two headlines are less similar than `least` when the words they share
+    // make up less than least² of one headline's squared length. So headlines that are similar
+    // enough share at least one word that remains after the lightest words up to that bound are
+    // dropped.
     const double spare = least * least * headline.length * headline.length;
     std::size_t count = headline.words.size();
     double rest = 0;
@@ -134,7 +135,7 @@ std::vector<HeadlineSimilarity::Pair> HeadlineSimilarity::pairs(double least,
             }
             holders[word].push_back(right);
         }
-        // 2. Those that could be alike enough, light words included, are compared in full.
+        // 2. Candidates that could reach `least` with their light words are compared in full.
         for (const std::uint32_t left : touched) {
             const double most = shared[left] + std::max(probe.rest, rests[left]);
             shared[left] = 0;

@@ -9,16 +9,16 @@
 
 namespace kit {
 
-/// How alike the headlines of a set of stories are, by the words they share.
+/// The similarity of the headlines of a set of stories, by the words they share.
 ///
-/// A word weighs by how rare it is, as if kFormerStories had been seen before these N, its
-/// usual share of them holding it:
+/// A word's weight grows with its rarity, as if kFormerStories earlier stories had been seen before
+/// these N, of which its usual share contained it:
 ///
 ///     weight = ln((N + kFormerStories) / (stories with the word + kFormerStories · usual share))
 ///
-/// but never less than nothing. The likeness of two headlines is the cosine of the angle
-/// between them: the sum of the squared weights of the words they share, divided by the
-/// product of both headlines' lengths.
+/// but never less than 0. The similarity of two headlines is the cosine of the angle between them:
+/// the sum of the squared weights of the words they share, divided by the product of both
+/// headlines' lengths.
 class HeadlineSimilarity {
 public:
     static constexpr double kFormerStories = 1000;
@@ -29,29 +29,30 @@ public:
     /// From 0 to 1; headlines that share too little to be sure count as 0.
     double between(std::size_t left, std::size_t right) const;
 
-    /// Two entries, the earlier first, that are alike.
+    /// Two similar entries, the earlier first.
     struct Pair {
         std::size_t left;
         std::size_t right;
         double likeness;
     };
-    /// All pairs at least `least` alike and at most `window` apart. The entries must be in
-    /// order of time. Words that more than kTooCommon stories hold lead to no pair by themselves.
+    /// All pairs with a similarity of at least `least` that are at most `window` apart. The entries
+    /// must be in order of time. Words in more than kTooCommon stories never suggest a pair on
+    /// their own.
     std::vector<Pair> pairs(double least, Instant::duration window) const;
     static constexpr std::size_t kTooCommon = 200;
 
 private:
-    /// A word of the whole set, in the order of their weights, heaviest first.
+    /// A word of the whole set; words are ordered by weight, heaviest first.
     struct Word {
         float weight = 0;
         std::uint32_t stories = 0;
-        bool telling = false;  ///< no everyday word
+        bool telling = false;  ///< not an everyday word
     };
     struct Headline {
         std::vector<std::uint32_t> words;  ///< places in words_, ascending: the heaviest first
         double length = 0;
     };
-    /// What pairs() looks up of a headline, and what its other words could add.
+    /// The words of a headline that pairs() looks up, and what its other words could add.
     struct Probe {
         std::span<const std::uint32_t> words;
         double rest = 0;

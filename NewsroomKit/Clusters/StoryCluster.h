@@ -6,7 +6,7 @@
 
 namespace kit {
 
-/// Stories that tell the same news.
+/// Stories that report the same news.
 struct StoryCluster {
     std::string id{};  ///< the leader's id, so that it stays while the leader does
     /// By time of publication, the leader (the earliest) first; equal times by id.

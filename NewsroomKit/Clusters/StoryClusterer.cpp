@@ -12,7 +12,7 @@ namespace kit {
 
 namespace {
 
-/// An outlet's front page is no article: everything credited to the outlet would share it.
+/// An outlet's front page is not an article: every credit of the outlet would share it.
 bool isArticle(std::string_view canonical) {
     const auto host = canonical.find("://");
     if (host == std::string_view::npos) return false;
@@ -76,7 +76,7 @@ void StoryClusterer::keepNewest(std::size_t count) {
 }
 
 std::vector<StoryCluster> StoryClusterer::clusters() const {
-    // 1. One order for the same stories, whatever way they came in.
+    // 1. A fixed order, whatever order the stories were added in.
     std::vector<const ClusterEntry*> entries;
     entries.reserve(entries_.size());
     for (const auto& row : entries_) entries.push_back(&row.second);
@@ -84,7 +84,7 @@ std::vector<StoryCluster> StoryClusterer::clusters() const {
         return std::tie(a->publishedAt, a->storyID) < std::tie(b->publishedAt, b->storyID);
     });
 
-    // 2. Groups that more than one source stands behind.
+    // 2. Groups with more than one source.
     auto groups = grownGroups(entries, kWindow);
     std::erase_if(groups, [&](const auto& group) {
         return std::all_of(group.begin(), group.end(), [&](std::size_t place) {

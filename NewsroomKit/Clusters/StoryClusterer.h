@@ -13,21 +13,20 @@
 
 namespace kit {
 
-/// Finds the stories of the wire that tell the same news. A wrong cluster is worse than a
-/// missing one, so headlines must share rare words and agree in every number, version and
-/// product they name (HeadlineSimilarity.h), or one story must lead to the other's article.
+/// Finds stories that report the same news. A wrong cluster is worse than a missing one, so
+/// headlines must share rare words and agree in every number, version and product they name
+/// (HeadlineSimilarity.h), or one story must lead to the other's article.
 ///
-/// What a story says is read once, when it is added. The clusters are a function of the
-/// stories held, whatever way and order they came in; clusters() works them out anew each
-/// time. Not for several threads at once.
+/// A story is analysed once, when it is added. The clusters depend only on the stories held, not on
+/// the order in which they were added; clusters() computes them anew each time. Not thread-safe.
 class StoryClusterer {
 public:
     /// A story joins others only when it appears at most this long after their newest, or
     /// before their oldest.
     static constexpr std::chrono::hours kWindow{48};
 
-    /// A story that is held already is read anew; of two with one id in `stories` the later
-    /// counts. Kinds that are set aside are not held.
+    /// Replaces stories with the same id; of two in `stories` the later one counts. Kinds that are
+    /// set aside are ignored.
     void add(std::span<const Story> stories);
     void remove(std::span<const std::string> storyIDs);
     /// Forgets the stories published before `instant`.
@@ -35,8 +34,8 @@ public:
     /// Forgets the oldest stories beyond `count`; equal times by id.
     void keepNewest(std::size_t count);
 
-    /// Those of at least two stories from at least two sources. The one with the newest story
-    /// comes first; equal times by id.
+    /// Clusters of at least two stories from at least two sources. The one with the newest story
+    /// comes first; equal times are ordered by id.
     std::vector<StoryCluster> clusters() const;
 
 private:

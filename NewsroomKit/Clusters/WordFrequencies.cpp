@@ -26,7 +26,7 @@ constexpr std::string_view kFunctionWords[] = {
     "this", "those", "through", "to", "too", "under", "until", "up", "us", "very", "via", "vs",
     "was", "we", "were", "what", "when", "where", "which", "while", "who", "whose", "why", "will",
     "with", "without", "would", "yet", "you", "your",
-    // What is left of contractions, whose apostrophe is dropped.
+    // Contractions without their apostrophe.
     "arent", "cant", "didnt", "doesnt", "dont", "heres", "ill", "isnt", "ive", "lets", "theres",
     "thats", "theyre", "wasnt", "weve", "whats", "whos", "wont", "youre", "youve",
 };
@@ -51,7 +51,7 @@ constexpr CommonWord kCommonWords[] = {
     {"beta", 0.04, Role::stage}, {"rc", 0.005, Role::stage},
     {"candidate", 0.005, Role::stage, "rc"}, {"public", 0.01}, {"developer", 0.02},
     {"version", 0.02}, {"update", 0.05}, {"feature", 0.04}, {"fix", 0.01}, {"security", 0.02},
-    // Making something known or available.
+    // Words for announcing or releasing something.
     {"release", 0.08}, {"announce", 0.04, Role::plain, "release"},
     {"available", 0.02, Role::plain, "release"}, {"debut", 0.02, Role::plain, "release"},
     {"introduce", 0.02, Role::plain, "release"}, {"introducing", 0.02, Role::plain, "release"},
@@ -69,7 +69,7 @@ constexpr CommonWord kCommonWords[] = {
     {"add", 0.03}, {"show", 0.02}, {"see", 0.02}, {"look", 0.03}, {"work", 0.02}, {"want", 0.02},
     {"need", 0.02}, {"know", 0.02}, {"help", 0.01}, {"let", 0.02}, {"give", 0.01}, {"go", 0.02},
     {"find", 0.01}, {"try", 0.01}, {"start", 0.02}, {"offer", 0.01}, {"change", 0.01},
-    // The furniture of headlines.
+    // Words that any headline may contain.
     {"new", 0.15}, {"first", 0.04}, {"next", 0.03}, {"last", 0.02}, {"latest", 0.02},
     {"best", 0.03}, {"top", 0.02}, {"big", 0.02}, {"good", 0.01}, {"better", 0.01}, {"old", 0.01},
     {"everything", 0.02}, {"thing", 0.03}, {"way", 0.02}, {"reason", 0.01}, {"tip", 0.01},
@@ -115,7 +115,7 @@ const CommonWord* commonWord(std::string_view stem) {
 }
 
 std::string_view wordStem(std::string_view word) {
-    constexpr std::size_t kShortest = 3;  // what must be left for the rest to be an ending
+    constexpr std::size_t kShortest = 3;  // the least length of a stem
     if (!std::all_of(word.begin(), word.end(), isASCIILetter)) return word;
     const auto drop = [&](std::string_view ending) {
         const bool ends = word.size() >= ending.size() + kShortest && word.ends_with(ending);

@@ -5,10 +5,10 @@
 
 namespace kit {
 
-/// What an Apple desk knows of a word before it has seen any story.
+/// A common word of Apple news, with its usual frequency.
 struct CommonWord {
-    /// Names that a headline does not use for one another. A headline about one system is
-    /// not about another, whatever else they share.
+    /// Names with the same role exclude each other: a headline about one system is not about
+    /// another, whatever else they share.
     enum class Role { plain, system, device, stage };
 
     std::string_view word;  ///< folded
@@ -18,10 +18,10 @@ struct CommonWord {
     std::string_view sense{};
 };
 
-/// Articles, prepositions and the like: no evidence at all.
+/// True for articles, prepositions and the like, which are no evidence.
 bool isFunctionWord(std::string_view folded);
 
-/// The row of a word in any of its regular forms; nothing for words that are not common.
+/// The row of a word in any of its regular forms; null for words that are not common.
 const CommonWord* commonWord(std::string_view stem);
 
 /// The word without its regular endings ("releases", "released" and "releasing" are

@@ -10,7 +10,7 @@ namespace kit {
 struct NewsSource {
     /// Who runs it.
     enum class Kind { apple, publisher, firstParty, custom };
-    /// Which group of the sidebar it belongs to.
+    /// Its group in the sidebar.
     enum class Category {
         apple,
         press,

@@ -6,8 +6,8 @@
 
 namespace kit::SourceAddress {
 
-/// Feed addresses to try, in order, for what a person typed: a feed, a website, a fediverse
-/// or Bluesky handle, or a channel's address. Empty when the text is unusable.
+/// Feed addresses to try, in order, for a typed text: a feed, a website, a fediverse or Bluesky
+/// handle, or a channel's address. Empty when the text is unusable.
 std::vector<std::string> candidates(std::string_view typed);
 
 }  // namespace kit::SourceAddress

@@ -6,7 +6,7 @@
 
 namespace kit {
 
-/// The sources that the desk ships with, in the order of the sidebar.
+/// The built-in sources, in the order of the sidebar.
 std::vector<NewsSource> defaultSourceCatalog();
 
 }  // namespace kit

@@ -12,7 +12,7 @@ namespace kit {
 
 namespace {
 
-// Real links are shorter; a few thousand longer ones would fill the memory.
+// Real links are shorter; caching thousands of longer ones would take too much memory.
 constexpr std::size_t kLongestRemembered = 4096;
 
 bool isDigits(std::string_view text, std::size_t length) {
@@ -20,7 +20,7 @@ bool isDigits(std::string_view text, std::size_t length) {
            std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-/// A picture of an Apple press release leads to the release itself:
+/// Maps a picture of an Apple press release to the release itself:
 /// /newsroom/images/2026/10/slug/tile/name.jpg → /newsroom/2026/10/slug/
 void leadPressPictureToItsRelease(WebAddress& address) {
     const auto pieces = address.pathPieces();
@@ -69,7 +69,7 @@ std::string canonicalOfTrimmed(std::string_view trimmed) {
     address->fragment.reset();
     if (address->port == 80 || address->port == 443) address->port.reset();
 
-    // 3. Apple's corporate site answers under two names.
+    // 3. Apple's corporate site has two host names.
     if (address->host == hosts::kApple || address->host == hosts::kAppleWWW) {
         address->host = hosts::kAppleWWW;
         leadPressPictureToItsRelease(*address);

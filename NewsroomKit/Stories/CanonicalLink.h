@@ -14,8 +14,8 @@ namespace kit {
 /// query sorted. Text that is not an http(s) address comes back trimmed and unchanged.
 std::string canonicalLink(std::string_view text);
 
-/// canonicalLink with a bounded memory of its answers: feeds repeat the same links on every
-/// refresh. The least recently used answer goes first. May be called from any thread.
+/// canonicalLink with a bounded cache, because feeds repeat the same links on every refresh. The
+/// least recently used entry is evicted first. Thread-safe.
 class CanonicalLinks {
 public:
     static constexpr std::size_t kCountLimit = 6000;

@@ -14,7 +14,7 @@ struct Outlet {
     std::string_view domain;
 };
 
-// One domain per outlet. The first row that fits names the link.
+// One domain per outlet. The first row that matches names the link.
 constexpr std::array<Outlet, 29> kOutlets{{
     {"The Wall Street Journal", "wsj.com"},
     {"The New York Times", "nytimes.com"},

@@ -18,10 +18,10 @@ std::optional<std::string> publisherNameOfHosts(std::string linkHost, std::strin
 /// the address has none.
 std::string siteHostOf(std::string_view feedURL);
 
-/// `name` is how a known outlet is called, letter case counting.
+/// True when `name` is a known outlet's name, in this letter case.
 bool isKnownOutletName(std::string_view name);
 
-/// The name of the outlet whose domain `host` is or lies under; nothing when unknown.
+/// The name of the known outlet whose domain contains `host`; nothing when there is none.
 std::optional<std::string_view> knownOutlet(std::string_view host);
 
 }  // namespace kit
