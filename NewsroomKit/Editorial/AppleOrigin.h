@@ -8,14 +8,14 @@
 
 namespace kit {
 
-/// Does a story relay Apple speaking for itself, rather than news of the outlet's own? The
-/// expressions read the text as published, letter case ignored but nothing folded.
+/// Whether a story relays a statement of Apple's own rather than the outlet's news. The expressions
+/// match the published text; they ignore letter case but fold nothing.
 namespace AppleOrigin {
 
 bool isAppleOnRecord(const Story& story);
 bool isAppleOnRecord(std::string_view title, std::string_view summary);
 
-/// Which part of the story has Apple speaking, the headline asked first.
+/// The part of the story that has Apple's statement; the headline is tested first.
 std::optional<RuleHit::Where> explain(std::string_view title, std::string_view summary);
 
 }  // namespace AppleOrigin

@@ -7,11 +7,11 @@
 
 namespace kit {
 
-/// Is this text about Apple at all?
+/// Whether a text is about Apple at all.
 namespace AppleTopic {
 
 bool matches(std::string_view text);
-/// The phrase that makes it so; nothing when it is not.
+/// The phrase that decides it; nothing when the text is not about Apple.
 std::optional<RuleHit> explain(std::string_view text);
 
 }  // namespace AppleTopic

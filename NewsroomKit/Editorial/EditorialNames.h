@@ -3,14 +3,14 @@
 #include <array>
 #include <string_view>
 
-/// The people and the place that the phrase tables name. They change with the news, not
-/// with the rules, so they stand here by themselves; all in lower case, as folded text is.
+/// The people and the place that the phrase tables name. They change with the news, not with the
+/// rules, so they have a file of their own. All are in lower case, like folded text.
 namespace kit::EditorialNames {
 
 inline constexpr std::string_view chiefExecutive = "john ternus";
 
-/// Who speaks for Apple: current and recent senior executives, the first the chief
-/// executive. A nickname follows its bearer's full name.
+/// Current and recent senior executives, who speak for Apple; the first is the chief executive. A
+/// nickname follows the full name.
 inline constexpr auto executives = std::to_array<std::string_view>({
     chiefExecutive,      "tim cook",         "craig federighi", "greg joswiak", "joz",
     "eddy cue",          "johny srouji",     "sabih khan",      "kevan parekh", "deirdre o'brien",
@@ -19,7 +19,7 @@ inline constexpr auto executives = std::to_array<std::string_view>({
     "jeff williams",     "john giannandrea", "alan dye",
 });
 
-/// Executives so well known that a text which names one is about Apple.
+/// Executives so well known that any text naming one is about Apple.
 inline constexpr auto householdNames = std::to_array<std::string_view>({
     chiefExecutive,
     "tim cook",

@@ -13,8 +13,8 @@ namespace {
 using MarketNews::Reason;
 using Where = RuleHit::Where;
 
-/// The first table that matches gives the reason. `Reason::stock` has no table: it is what
-/// remains of the share price's news.
+/// The first table that matches gives the reason. `Reason::stock` has no table: it covers all other
+/// news about the share price.
 constexpr std::pair<PhraseTable, Reason> reasonsInOrder[] = {
     {PhraseTable::marketEarnings, Reason::earnings},
     {PhraseTable::marketAnalysts, Reason::analysts},

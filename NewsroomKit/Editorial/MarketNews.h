@@ -8,7 +8,7 @@
 
 namespace kit {
 
-/// Why did an item move the market?
+/// Why an item moved the market.
 namespace MarketNews {
 
 enum class Reason { earnings, analysts, legal, trade, supply, sales, leadership, deal, stock };

@@ -35,8 +35,8 @@ std::vector<Phrase> allPhrases() {
     return all;
 }
 
-/// The trie of all phrases and, once linked, its complete transition function. State 0 is
-/// the start; a transition to it from the trie's point of view means "none".
+/// The trie of all phrases and, once linked, its complete transition function. State 0 is the
+/// start; in the trie, a transition to it means "none".
 struct Trie {
     explicit Trie(std::size_t width) : classCount(width) { addState(); }
 
@@ -108,7 +108,7 @@ PhraseAutomaton::PhraseAutomaton() {
     for (const Phrase& phrase : all) trie.add(phrase, classes_);
     trie.link();
 
-    // The start stays first; it has no endings because no phrase is empty.
+    // The start state stays first; it has no endings because no phrase is empty.
     std::vector<std::size_t> order(trie.endings.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     // Not the ranges form: clang 14, which builds the fuzz targets, cannot read it.

@@ -10,9 +10,9 @@
 
 namespace kit {
 
-/// Finds the phrases of all tables in one pass over a text (Aho and Corasick's automaton
-/// over the bytes of UTF-8), whatever their number. It gives the answers of one
-/// PhraseMatcher per phrase, some thirty times faster than an expression per phrase.
+/// Finds the phrases of all tables in one pass over a text (Aho and Corasick's automaton over UTF-8
+/// bytes). The results equal those of one PhraseMatcher per phrase, some thirty times faster than
+/// an expression per phrase.
 class PhraseAutomaton {
 public:
     /// A phrase whose last byte was just read.
@@ -25,9 +25,9 @@ public:
 
     PhraseAutomaton();
 
-    /// Calls `visit(ending, end)` for every occurrence of every phrase, `end` being the
-    /// offset after its last byte. Word boundaries are left to the caller, who knows where
-    /// the text that counts begins and ends.
+    /// Calls `visit(ending, end)` for every occurrence of every phrase, `end` being the offset
+    /// after its last byte. The caller checks word boundaries, because it knows where the relevant
+    /// text begins and ends.
     template <class Visit>
     void scan(std::string_view normalizedText, Visit visit) const {
         std::uint32_t row = 0;
@@ -50,8 +50,8 @@ private:
     /// Class of each byte; all bytes that no phrase contains share class 0.
     std::array<std::uint8_t, 256> classes_{};
     std::uint32_t classCount_ = 1;
-    /// One row of `classCount_` transitions for each state; a transition is the offset of
-    /// the next state's row, which spares a multiplication for every byte of text.
+    /// One row of `classCount_` transitions for each state; a transition is the offset of the next
+    /// state's row, which saves a multiplication per byte of text.
     std::vector<std::uint32_t> transitions_;
     /// States at which phrases end come last: from this row on.
     std::uint32_t firstEndingRow_ = 0;
@@ -59,8 +59,7 @@ private:
     std::vector<Ending> endings_;
 };
 
-/// The process's one automaton: built on first use, once even when several threads ask at
-/// the same time, and only read from then on.
+/// The automaton of the process: built once on first use, thread-safe, and read-only afterwards.
 const PhraseAutomaton& phraseAutomaton();
 
 /// The phrases of every table in one normalised text.

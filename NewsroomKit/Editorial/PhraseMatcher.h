@@ -6,9 +6,9 @@
 
 namespace kit {
 
-/// One search phrase, the phrase test that every rule, query and alert shares. A phrase
-/// made of words matches only as whole words ("mac" neither in "macbook" nor in "imac",
-/// but in "mac-only"); a phrase with other punctuation is looked for as it stands.
+/// One search phrase; every rule, query and alert uses this test. A phrase of words matches only
+/// whole words ("mac" neither in "macbook" nor in "imac", but in "mac-only"); a phrase with other
+/// punctuation matches as a plain substring.
 struct PhraseMatcher {
     struct Plain {
         std::string text;

@@ -40,23 +40,23 @@ enum class PhraseTable {
 
 inline constexpr std::size_t phraseTableCount = 25;
 
-/// What people call the table, in the plural: "deal phrases".
+/// The table's name for people, in the plural: "deal phrases".
 std::string_view tableName(PhraseTable table);
 
 /// The table's phrases in their order, already normalised.
 std::span<const std::string_view> phrases(PhraseTable table);
 
-/// Whether the table's phrases are looked for as they stand even where they are words.
+/// Whether the table's phrases match as plain substrings even when they are words.
 constexpr bool isPlainTable(PhraseTable table) { return table == PhraseTable::kindExclusion; }
 
-/// For each table, its earliest phrase that occurs in a text: the answer that testing its
-/// phrases one by one, in order, would give.
+/// For each table, its earliest phrase that occurs in a text, as if its phrases were tested one by
+/// one in order.
 class PhraseHits {
 public:
     std::optional<std::string_view> first(PhraseTable table) const;
     bool has(PhraseTable table) const { return first_[index(table)] != none; }
 
-    /// True when this phrase is earlier in its table than those noted before.
+    /// Records the phrase. True when it is earlier in its table than those recorded before.
     bool note(PhraseTable table, std::uint16_t phraseIndex) {
         auto& first = first_[index(table)];
         if (phraseIndex >= first) return false;

@@ -11,7 +11,7 @@ namespace kit {
 struct RuleHit {
     enum class Where { title, summary, titleAndSummary, source, text };
 
-    std::string_view table;   ///< what people call the table, e.g. "deal phrases"
+    std::string_view table;   ///< the table's name for people, e.g. "deal phrases"
     std::string_view phrase;  ///< as the table has it, normalised; empty for a source
     Where where = Where::title;
 

@@ -9,7 +9,7 @@ namespace {
 
 using Where = RuleHit::Where;
 
-/// The label that the headline alone gives; unlabeled when it leaves the story open.
+/// The label that the headline alone gives; unlabeled when it doesn't decide.
 SourcingDecision fromTitle(const PhraseHits& title, bool rumorsCount) {
     const auto hit = [&](PhraseTable table) { return ruleHit(table, title, Where::title); };
     if (rumorsCount) {

@@ -15,9 +15,9 @@ struct SourcingDecision {
     Sourcing sourcing = Sourcing::unlabeled;
     /// Nothing for an unlabeled story; the source itself for a story from Apple.
     std::optional<RuleHit> why{};
-    /// The verb beside a spokesperson, who counts only when speaking.
+    /// The verb of speaking that a spokesperson needs in order to count.
     std::optional<RuleHit> speech{};
-    /// The phrase that told of a rumor come true and so turned the rumor phrases off.
+    /// The phrase that reports a confirmed rumor and so disables the rumor phrases.
     std::optional<RuleHit> rumorsTurnedOffBy{};
 
     bool operator==(const SourcingDecision&) const = default;
@@ -30,9 +30,9 @@ namespace SourcingRules {
 
 Sourcing classify(std::string_view title, std::string_view summary, bool isAppleSource);
 SourcingDecision explain(std::string_view title, std::string_view summary, bool isAppleSource);
-/// For a story that does not come from a source of Apple's.
+/// Explains a story from any source but Apple's own.
 SourcingDecision explain(const StoryScan& scan);
-/// For a story that does.
+/// Explains a story from one of Apple's own sources.
 SourcingDecision explainAppleSource();
 
 }  // namespace SourcingRules

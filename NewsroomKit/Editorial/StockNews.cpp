@@ -11,7 +11,7 @@ namespace {
 using Where = RuleHit::Where;
 
 bool tellsOfMovement(std::string_view normalizedText) {
-    // Spares nearly every text the expression.
+    // Avoids running the expression on nearly every text.
     if (normalizedText.find("shares ") == std::string_view::npos) return false;
     static const Pattern movement(
         "\\bshares "

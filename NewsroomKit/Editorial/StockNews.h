@@ -16,7 +16,7 @@ struct StockDecision {
     bool operator==(const StockDecision&) const = default;
 };
 
-/// Is this item about Apple's share price?
+/// Whether an item is about Apple's share price.
 namespace StockNews {
 
 bool isStockNews(std::string_view text);

@@ -19,9 +19,9 @@ struct KindDecision {
     bool operator==(const KindDecision&) const = default;
 };
 
-/// What sort of item an article is, from its headline. Business news about deals, reviews
-/// and advertising is recognised by headline and excerpt together and stays coverage.
-/// Only articles are asked about: podcasts, videos and posts have their kind already.
+/// Derives the kind of an article from its headline. Business news about deals, reviews and
+/// advertising is recognised by headline and excerpt together and stays coverage. Only for
+/// articles: podcasts, videos and posts have their kind already.
 namespace StoryKindRules {
 
 StoryKind classify(std::string_view title, std::string_view summary);

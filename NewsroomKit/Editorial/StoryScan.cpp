@@ -12,9 +12,9 @@ namespace {
 
 using Where = RuleHit::Where;
 
-/// The normalised story as one text, "title summary", and where its parts lie in it.
-/// The opening is cut between user-perceived characters, so that, normalised, it is a prefix
-/// of the normalised summary.
+/// The normalised story as one text, "title summary", and the positions of its parts. The opening
+/// is cut between user-perceived characters, so that its normalised form is a prefix of the
+/// normalised summary.
 struct JoinedText {
     std::string text;
     std::size_t titleEnd;
@@ -53,8 +53,8 @@ StoryScan::StoryScan(std::string_view title, std::string_view summary) {
             if (exclusions.note(ending.table, ending.phraseIndex)) exclusionWhere = where;
             return;
         }
-        // The end of each part counts as the end of a text: what follows it in the joined
-        // text must not make a boundary or break one.
+        // The end of each part counts as the end of a text: what follows in the joined text must
+        // neither create nor break a word boundary.
         if (where == Where::title) {
             if (!ending.bounded || standsAsWords(joined.untilTitleEnd(), start, end)) {
                 title_.note(ending.table, ending.phraseIndex);

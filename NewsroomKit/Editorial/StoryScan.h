@@ -11,17 +11,17 @@ namespace kit {
 /// How many user-perceived characters of a summary the sourcing rules read.
 inline constexpr std::size_t openingCharacters = 280;
 
-/// What the phrase tables find in one story: headline and excerpt are normalised once and
-/// read in one pass, and both rule sets decide from the result.
+/// The phrases found in one story. Headline and excerpt are normalised once and scanned in one
+/// pass, and both rule sets decide from the result.
 class StoryScan {
 public:
     StoryScan(std::string_view title, std::string_view summary);
 
-    /// Phrases of the headline by itself.
+    /// Phrases of the headline alone.
     const PhraseHits& title() const { return title_; }
-    /// Phrases of the summary's opening by itself.
+    /// Phrases of the summary's opening alone.
     const PhraseHits& opening() const { return opening_; }
-    /// The earliest kind exclusion in "title summary"; it may span the seam.
+    /// The earliest kind exclusion in "title summary"; it may span both parts.
     const std::optional<RuleHit>& exclusion() const { return exclusion_; }
 
 private:

@@ -10,8 +10,8 @@ namespace kit {
 
 namespace {
 
-/// The normalised forms of nearly all that is not ASCII in Western news: accented letters and
-/// the typographer's punctuation, each ready to be copied.
+/// The normalised forms of nearly all non-ASCII characters in Western news, accented letters and
+/// typographic punctuation, ready to copy.
 class CommonForms {
 public:
     CommonForms() {
@@ -19,8 +19,8 @@ public:
         for (char32_t i = 0; i < kMarks; ++i) forms_[kLetters + i] = formOf(0x2000 + i);
     }
 
-    /// Appends the form of the character at the beginning of `text` and returns its bytes
-    /// there; 0 when it is none of these.
+    /// Appends the form of the first character of `text` and returns that character's length in
+    /// bytes; 0 when it has no form here.
     std::size_t append(std::string_view text, std::string& out) const {
         const auto known = find(text);
         if (known.length > 0) out += forms_[known.place];
@@ -41,7 +41,7 @@ private:
 
     struct Found {
         std::size_t place = 0;
-        std::size_t length = 0;  ///< bytes of the character; 0 when it is none of these
+        std::size_t length = 0;  ///< bytes of the character; 0 when it has no form here
     };
 
     static Found find(std::string_view text) {
@@ -63,9 +63,9 @@ const CommonForms& commonForms() {
     return forms;
 }
 
-/// Bytes at the beginning of `text` up to the next character that is ASCII or has a common form.
-/// They are normalised together, because in other scripts several characters may become one:
-/// half-width kana with their voice marks, the letters of a Hangul syllable.
+/// Length of `text` up to the next character that is ASCII or has a common form. These bytes are
+/// normalised together, because in other scripts several characters may become one: half-width kana
+/// with their voice marks, the letters of a Hangul syllable.
 std::size_t lengthOfOthers(std::string_view text, const CommonForms& forms) {
     std::size_t at = 0;
     do {
@@ -94,7 +94,7 @@ void appendCased(std::string_view text, std::string& out) {
 }
 
 bool isAllASCII(std::string_view text) {
-    // Without a branch for each byte the compiler takes many at once.
+    // Without a branch per byte the compiler can vectorise the loop.
     std::uint8_t bits = 0;
     for (const char byte : text) {
         bits = static_cast<std::uint8_t>(bits | static_cast<std::uint8_t>(byte));

@@ -5,9 +5,8 @@
 
 namespace kit {
 
-/// Appends the text as PhraseMatcher::normalize gives it, but for the letter case of what was
-/// ASCII, for searches that know both cases. In news that is a copy with a few characters
-/// replaced.
+/// Appends the text as PhraseMatcher::normalize gives it, but keeps the letter case of ASCII, for
+/// searches that handle both cases. For most news this is a copy with a few characters replaced.
 void appendCased(std::string_view text, std::string& out);
 
 /// Whether appendCased would change nothing.

@@ -6,7 +6,7 @@ namespace kit {
 
 namespace {
 
-/// Blank terms are dropped: they would match nothing and turn a list into a condition.
+/// Drops blank terms, which match nothing and would make an empty list a condition.
 std::vector<PhraseMatcher> matchersFor(const std::vector<std::string>& terms) {
     std::vector<PhraseMatcher> matchers;
     for (const auto& term : terms) {
@@ -41,7 +41,7 @@ StoryFacts StoryFacts::of(const Story& story) {
 }
 
 bool CompiledStoryQuery::matches(const StoryFacts& story) const {
-    // 1. to 3. The cheap tests come before any text is looked at.
+    // 1. to 3. The cheap tests come before any text is scanned.
     if (!includesSetAside_ && isSetAside(story.kind)) return false;
     if (!sources_.empty() && !sources_.contains(story.sourceID)) return false;
     if (!sourcings_.empty() && !sourcings_.contains(story.sourcing)) return false;

@@ -16,8 +16,8 @@ namespace kit {
 
 class CompiledStoryQuery;
 
-/// Which stories of the wire are wanted, as a person writes it: words and phrases, sources,
-/// sourcing. A list that is empty asks for nothing.
+/// The conditions of a user's query: words and phrases, sources, sourcing. An empty list is no
+/// condition.
 struct StoryQuery {
     std::vector<std::string> anyTerms{};       ///< a story mentions at least one of them
     std::vector<std::string> excludedTerms{};  ///< a story that mentions one never matches
@@ -33,7 +33,7 @@ struct StoryQuery {
     bool operator==(const StoryQuery&) const = default;
 };
 
-/// What a query looks at in a story, wherever the story is kept.
+/// The parts of a story that a query tests, independent of how the story is stored.
 struct StoryFacts {
     StoryKind kind = StoryKind::coverage;
     Sourcing sourcing = Sourcing::unlabeled;
@@ -44,7 +44,7 @@ struct StoryFacts {
     static StoryFacts of(const Story& story);
 };
 
-/// A query made ready to be tested against many stories, by several threads if need be.
+/// A query prepared for testing many stories. Thread-safe.
 class CompiledStoryQuery {
 public:
     explicit CompiledStoryQuery(const StoryQuery& query);
@@ -52,8 +52,8 @@ public:
     bool matches(const StoryFacts& story) const;
     bool matches(const Story& story) const { return matches(StoryFacts::of(story)); }
 
-    /// The first of the any-terms that the story mentions, as it is compared; looks at
-    /// nothing else of the query.
+    /// The first any-term that the story mentions, in its normalised form; ignores the rest of the
+    /// query.
     std::optional<std::string> matchedTerm(const StoryFacts& story) const;
     std::optional<std::string> matchedTerm(const Story& story) const {
         return matchedTerm(StoryFacts::of(story));

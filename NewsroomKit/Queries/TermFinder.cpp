@@ -21,7 +21,7 @@ constexpr std::size_t kPairs = 0x10000;
 constexpr unsigned kSecondHalf = 8;  ///< shift of the bits for second halves
 constexpr std::size_t kBlock = 8;
 
-/// How often a byte stands in news, roughly, in thousandths. For speed only.
+/// The rough frequency of a byte in news, in thousandths. Affects only speed.
 double usualShare(char byte) {
     static constexpr std::string_view letters = "etaoinsrlhcdpumgfwybvkxjqz";
     static constexpr unsigned char shares[] = {98, 73, 68, 63, 62, 60, 54, 53, 37, 36, 29, 30, 27,
@@ -34,8 +34,8 @@ double usualShare(char byte) {
     return static_cast<std::uint8_t>(byte) >= 0xC0 ? 100 : 5;
 }
 
-/// The bytes that can stand at a place of a phrase or beside it: both letter cases, no letter
-/// and no digit beside whole words, anything elsewhere.
+/// The bytes that can occur at a position of a phrase or beside it: both letter cases, neither
+/// letters nor digits beside whole words, anything elsewhere.
 std::string bytesAt(const PhraseMatcher& term, std::ptrdiff_t place) {
     const auto size = std::ssize(term.phrase);
     if (place >= 0 && place < size) {
@@ -58,7 +58,7 @@ double shareAt(const PhraseMatcher& term, std::ptrdiff_t place) {
     return term.isBounded() && (place == -1 || place == size) ? 200 : 1000;
 }
 
-/// Where the first of the two windows begins that together are rarest.
+/// The start of the first of the two windows that together are rarest.
 std::ptrdiff_t bestOffset(const PhraseMatcher& term) {
     const auto share = [&](std::ptrdiff_t offset) {
         double inner = 1;
@@ -78,14 +78,14 @@ std::uint16_t pairAt(const char* bytes) {
     return pair;
 }
 
-/// Makes the table of halves.
+/// Builds the table of halves.
 class HalvesMaker {
 public:
     void mark(const PhraseMatcher& term, std::ptrdiff_t offset, unsigned bits) {
         const auto firsts = bytesAt(term, offset);
         const auto seconds = bytesAt(term, offset + 1);
-        // Halves wholly beside a phrase are tens of thousands of pairs, but few different sets
-        // of them; the sizes tell the sets apart.
+        // Halves wholly outside a phrase are tens of thousands of pairs, but form few different
+        // sets, which their sizes identify.
         const bool isBeside = offset >= std::ssize(term.phrase);
         if (isBeside && !marked_.insert({firsts.size(), seconds.size(), bits}).second) return;
         for (const char first : firsts) {
@@ -103,8 +103,8 @@ private:
     std::set<std::tuple<std::size_t, std::size_t, unsigned>> marked_{};
 };
 
-/// The groups of the windows that begin in a block. All are looked up before one is looked
-/// at: a branch for each would cost more than the look-up.
+/// The groups of the windows that begin in a block. All are looked up before any is tested, because
+/// a branch for each would cost more than the look-up.
 std::uint32_t groupsInBlock(const std::uint16_t* halves, const char* block) {
     std::uint32_t groups = 0;
     std::uint32_t left = halves[pairAt(block)];
@@ -162,8 +162,8 @@ std::optional<std::size_t> TermFinder::firstAny(std::string_view title,
 
 template <class Visit>
 void TermFinder::find(std::string_view title, std::string_view summary, Visit visit) const {
-    // A phrase neither begins nor ends with a space: without a line break it cannot reach
-    // into the seam.
+    // A phrase neither begins nor ends with a space, so without a line break it cannot span title
+    // and summary.
     if (!spansTheSeam_ && isAllASCII(title) && isAllASCII(summary)) {
         if (findIn(title, visit) == Next::goOn) findIn(summary, visit);
         return;
@@ -194,7 +194,7 @@ TermFinder::Next TermFinder::findIn(std::string_view text, Visit& visit) const {
     for (; at + kBlock + kHalf <= text.size(); at += kBlock) {
         if (search(text.data() + at, at) == Next::stop) return Next::stop;
     }
-    // The end again with spaces after it, which bound words as the end does.
+    // Search the end again, padded with spaces, which bound words as the end of the text does.
     constexpr std::size_t kEnd = 2 * kBlock;
     std::array<char, 2 * kEnd> end;
     end.fill(' ');

@@ -12,16 +12,15 @@
 
 namespace kit {
 
-/// Finds a query's terms in stories, all of them in one pass over the texts. The answers are
-/// those of PhraseMatcher::matches for each term on the normalised text
-/// `title + " \n " + summary`, some eight times as fast.
+/// Finds all terms of a query in one pass over a story's texts. The results equal those of
+/// PhraseMatcher::matches for each term on the normalised text `title + "
+///  " + summary`, some eight times as fast.
 ///
-/// A term can only be where one of two windows of four bytes is that overlap in three, cut
-/// from its phrase: whatever the term's place, one of them begins at an even byte. So the text
-/// is looked up two bytes at a time: a table tells for each pair of bytes in which terms'
-/// windows it can be the first half and in which the second. Where both halves agree on a
-/// term, its phrase is compared. Letter case is in the table, so that ASCII texts are searched
-/// as they stand.
+/// Two windows of four bytes that overlap in three are cut from each phrase: wherever a term
+/// occurs, one of its windows begins at an even byte. So the text is scanned two bytes at a time:
+/// for each pair of bytes a table gives the terms in whose windows it can be the first half, and
+/// those in which it can be the second. Where both halves agree on a term, its phrase is compared.
+/// The table covers both letter cases, so that ASCII texts are searched without being normalised.
 class TermFinder {
 public:
     /// No phrase may be empty.
@@ -43,8 +42,8 @@ private:
     };
     enum class Next { goOn, stop };
 
-    /// Calls `visit(term)` for terms that the texts mention, in any order, some several times,
-    /// until it says stop.
+    /// Calls `visit(term)` for each mentioned term, in any order and possibly repeatedly, until it
+    /// asks to stop.
     template <class Visit>
     void find(std::string_view title, std::string_view summary, Visit visit) const;
     template <class Visit>
