@@ -17,7 +17,7 @@ bool shareColumns(const GridFrame& a, const GridFrame& b) {
     return a.column < b.right() && b.column < a.right();
 }
 
-/// Columns under a panel that has been pushed.
+/// Columns below panels that have been pushed down.
 class BlockedColumns {
 public:
     bool holdUp(const GridFrame& frame) {
@@ -72,7 +72,7 @@ Placement DraggedPanel::drop(const GridFrame& wanted, std::int64_t lowest) const
         const bool isAbove =
             frame.bottom() <= wanted.row && before_[index].frame.bottom() <= lowest;
         const bool isInTheWay = shareColumns(frame, wanted) && !isAbove;
-        // What rests on a pushed panel shares a column with it and comes later.
+        // A panel that rests on a pushed one shares a column with it and comes later in the order.
         if (isInTheWay || blocked.holdUp(frame)) {
             blocked.block(frame);
             pushed.push_back(index);
@@ -98,7 +98,7 @@ std::int64_t DraggedPanel::nextRowDown() const {
     for (const auto index : others_) {
         const auto& below = before_[index].frame;
         if (below.row < frame().bottom() || !shareColumns(below, frame())) continue;
-        // Both conditions of drop for staying above must hold.
+        // Both conditions of drop() for staying above must hold.
         const auto swap = std::max(closed_[index].frame.bottom(), below.bottom() - frame().height);
         next = std::min(next.value_or(swap), swap);
     }

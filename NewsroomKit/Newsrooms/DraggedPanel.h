@@ -8,13 +8,13 @@
 
 namespace kit {
 
-/// Indices from the top down, in each row from the left; equals in the list's order.
+/// Indices ordered by row, then column, then position in the list.
 std::vector<std::size_t> readingOrder(const Placement& panels);
 
-/// Lets the panels down in that order, so that gaps close.
+/// Moves the panels up in that order until gaps close.
 void compact(Placement& panels, const std::vector<std::size_t>& order);
 
-/// A tidy layout with one of its panels lifted out.
+/// A tidy layout while one of its panels is dragged.
 class DraggedPanel {
 public:
     DraggedPanel(Placement tidy, std::size_t panel);
@@ -22,8 +22,8 @@ public:
     const PlacedPanel& panel() const { return before_[hand_]; }
     const GridFrame& frame() const { return before_[hand_].frame; }
 
-    /// Panels that reach below `lowest` in the layout with the panel still at its place do
-    /// not stay above it. `wanted` lies within the columns; its row may be any number.
+    /// Places the panel at `wanted`, which lies within the columns and may have any row. Panels
+    /// that reach below `lowest` in the original layout do not stay above it.
     Placement drop(const GridFrame& wanted, std::int64_t lowest) const;
 
     Placement movedTo(std::int64_t column, std::int64_t row) const;
@@ -32,14 +32,14 @@ public:
     /// present row when none would.
     std::int64_t nextRowDown() const;
 
-    /// The layout without it.
+    /// The layout without the dragged panel.
     Placement without() const;
 
 private:
     Placement before_;
     std::size_t hand_;
     std::vector<std::size_t> others_;  ///< in reading order
-    Placement closed_;  ///< closed up without the panel in hand, whose entry means nothing
+    Placement closed_;  ///< compacted without the dragged panel, whose entry is unused
 };
 
 }  // namespace kit

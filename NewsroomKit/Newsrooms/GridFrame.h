@@ -11,15 +11,15 @@ namespace kit {
 /// Columns of a newsroom's grid; its rows grow downwards without limit.
 inline constexpr std::int64_t kGridColumns = 12;
 
-/// Where a panel sits, in cells. A frame from a file can hold any numbers: they stay as
-/// they are until PanelPlacement makes them placeable.
+/// The position and size of a panel in cells. A frame from a file can hold any numbers; they stay
+/// unchanged until PanelPlacement tidies the layout.
 struct GridFrame {
     std::int64_t column = 0;  ///< left edge, from 0
     std::int64_t row = 0;     ///< top edge, from 0
     std::int64_t width = 0;
     std::int64_t height = 0;
 
-    /// The column and the row just past the panel; they stop at the ends of their type.
+    /// The column and row just past the panel; saturating at the limits of the type.
     constexpr std::int64_t right() const { return end(column, width); }
     constexpr std::int64_t bottom() const { return end(row, height); }
 

@@ -32,7 +32,7 @@ Widths topWidths(std::size_t count, bool beginsWithBrief) {
 class Packing {
 public:
     explicit Packing(std::span<const PanelKind> wanted) {
-        // 1. A kind is placed once, at its first mention.
+        // 1. A kind is placed once, at its first occurrence.
         for (const auto kind : wanted) {
             const bool known = std::find(left_.begin(), left_.end(), kind) != left_.end();
             if (!known && kindRow(kind).isOffered) left_.push_back(kind);
@@ -61,7 +61,7 @@ private:
         placed_.push_back({.kind = kind, .frame = frame});
     }
 
-    // 2. What is read first and is low: at most three panels side by side.
+    // 2. The low panels that are read first: at most three side by side.
     void placeTopBand() {
         const bool brief = take(PanelKind::brief);
         auto band = takeFirst(brief ? 2 : 3,
@@ -92,7 +92,7 @@ private:
         return slots;
     }
 
-    // 3. The stories: tall slots that share the whole width.
+    // 3. Panels of stories: tall slots that share the whole width.
     void placeMainBand() {
         const auto slots = takeMainSlots();
         if (slots.empty()) return;
@@ -115,7 +115,7 @@ private:
         top_ += kMainHeight;
     }
 
-    // 4. The rest in rows of at most three; the last of a row takes what is left of it.
+    // 4. The rest, in rows of at most three; the last panel of a row fills it.
     void placeRows() {
         for (std::size_t first = 0; first < left_.size(); first += kPanelsARow) {
             const auto count =

@@ -8,7 +8,7 @@
 
 namespace kit {
 
-/// A panel as far as the grid is concerned.
+/// The kind and frame of a panel.
 struct PlacedPanel {
     PanelKind kind{};
     GridFrame frame{};
@@ -16,11 +16,11 @@ struct PlacedPanel {
     bool operator==(const PlacedPanel&) const = default;
 };
 
-/// Packs a newsroom's first layout from the kinds that are wanted.
+/// Packs the first layout of a newsroom from the wanted kinds.
 namespace GridLayout {
 
-/// A frame for every wanted kind except clips, repeated kinds once. The list is in the order
-/// of placing: the top band, the main band and its stacked column, then the rows below.
+/// A frame for every wanted kind except clips; repeated kinds count once. The list is in the order
+/// of placement: the top band, the main band and its stacked column, then the rows below.
 std::vector<PlacedPanel> packed(std::span<const PanelKind> wanted);
 
 }  // namespace GridLayout

@@ -7,7 +7,7 @@ namespace kit {
 
 namespace {
 
-/// Before the rest is read: of a newer version it may be anything.
+/// Runs before the rest is read, because a newer version may have any form.
 void requireKnownVersion(const json::value& value) {
     if (!value.is_object()) return;
     const auto* version = value.get_object().if_contains("version");

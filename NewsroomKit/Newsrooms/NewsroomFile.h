@@ -5,14 +5,14 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 
-/// Newsrooms as files, for people to exchange: the serialised form, and nothing else.
+/// Newsrooms as files that people exchange: the serialised form, and nothing else.
 namespace kit::NewsroomFile {
 
 std::string write(const NewsroomSpec& spec);
 
-/// What a file from anywhere holds. Its panels are put in order where they overlap or leave the
-/// grid, and it is never the built-in newsroom. Throws RecordError when it is no newsroom, one of
-/// a newer version, or more than NewsroomLimits allows.
+/// Reads an untrusted file. Panels that overlap or leave the grid are tidied, and the result is
+/// never the built-in newsroom. Throws RecordError when the file is not a newsroom, is from a newer
+/// version, or exceeds NewsroomLimits.
 NewsroomSpec read(std::string_view bytes);
 
 }  // namespace kit::NewsroomFile

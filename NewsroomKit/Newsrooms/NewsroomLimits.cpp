@@ -13,7 +13,7 @@ using namespace NewsroomLimits;
 
 bool isControl(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
 
-/// Embeddings, overrides and isolates, which can make a text read as another one.
+/// Embeddings, overrides and isolates, which can disguise a text.
 bool turnsDirection(char32_t c) {
     return (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
 }
@@ -22,7 +22,7 @@ enum class Lines { one, many };
 
 void requireText(const std::string& path, std::string_view text, std::size_t most,
                  Lines lines = Lines::one) {
-    // Written down and read again it would be another text, or none.
+    // Writing and reading it again would change or lose the text.
     if (!isValidUTF8(text)) throw RecordError(path, "the text is not UTF-8");
     // A character can be a long run of marks, so bytes are bounded as well.
     if (text.size() > most * 8 || characterCount(text) > most)
@@ -36,7 +36,7 @@ void requireText(const std::string& path, std::string_view text, std::size_t mos
     }
 }
 
-/// Spaces, and what takes no room at all.
+/// Spaces and characters without width.
 bool isInvisible(char32_t c) {
     return isWhitespaceOrNewline(c) || c == 0xAD || (c >= 0x200B && c <= 0x200F) ||
            (c >= 0x2060 && c <= 0x2064) || c == 0x3164 || c == 0xFEFF;

@@ -29,7 +29,7 @@ NewsroomSpec duplicated(const NewsroomSpec& spec, std::string name) {
     auto copy = spec;
     copy.id = UUID::random();
     copy.name = std::move(name);
-    // There is one built-in newsroom only.
+    // There is only one built-in newsroom.
     if (copy.origin == NewsroomSpec::Origin::builtIn) copy.origin = NewsroomSpec::Origin::manual;
     for (auto& panel : copy.panels) panel.id = UUID::random();
     NewsroomLimits::require(copy);

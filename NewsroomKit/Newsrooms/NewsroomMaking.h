@@ -8,16 +8,16 @@
 
 namespace kit {
 
-/// A newsroom made by hand: a panel for every wanted kind, packed onto the grid. Throws
-/// RecordError as NewsroomLimits::require does.
+/// Creates a newsroom with a panel for every wanted kind, packed onto the grid. Throws RecordError
+/// as NewsroomLimits::require does.
 NewsroomSpec madeNewsroom(std::string name, std::string symbol, std::span<const PanelKind> kinds,
                           StoryQuery focus);
 
-/// The same under another name: a newsroom of its own, with panels of its own. Throws
+/// Copies a newsroom under another name; the copy and its panels have ids of their own. Throws
 /// RecordError as NewsroomLimits::require does.
 NewsroomSpec duplicated(const NewsroomSpec& spec, std::string name);
 
-/// With a fresh id, and with the fallback for a symbol that is not in NewsroomSymbols.
+/// Creates a beat with a fresh id; a symbol that is not in NewsroomSymbols becomes the fallback.
 /// Throws RecordError as NewsroomLimits::require does.
 Beat madeBeat(std::string name, std::string symbol, StoryQuery query, bool alerts);
 

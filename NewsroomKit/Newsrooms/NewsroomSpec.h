@@ -10,9 +10,9 @@
 
 namespace kit {
 
-/// One newsroom, completely: what is saved, exported and shown.
+/// The complete record of a newsroom, as it is stored, exported and shown.
 struct NewsroomSpec {
-    /// How it came to be.
+    /// How it was created.
     enum class Origin { builtIn, described, manual };
 
     static constexpr std::int64_t kVersion = 1;
@@ -23,12 +23,12 @@ struct NewsroomSpec {
     std::string name{};
     std::string symbol{};  ///< one of NewsroomSymbols, or what was stored
     Origin origin = Origin::manual;
-    std::optional<std::string> prompt{};  ///< the words it was planned from
+    std::optional<std::string> prompt{};  ///< the description it was planned from
     StoryQuery focus{};                   ///< for panels without a query of their own
     std::vector<PanelSpec> panels{};      ///< in display and layering order
 
-    /// A new newsroom of these parts: of the present version, and with the fallback for a
-    /// symbol that is not in NewsroomSymbols. Nothing else is looked at.
+    /// Creates a newsroom from these parts: with the current version, and with the fallback for a
+    /// symbol that is not in NewsroomSymbols. Nothing else is checked.
     static NewsroomSpec created(NewsroomSpec parts);
 
     /// "Today", which every library starts with: always the same id, but each call gives its
@@ -37,7 +37,7 @@ struct NewsroomSpec {
 
     const StoryQuery& effectiveQuery(const PanelSpec& panel) const;
 
-    /// The lowest edge of all panels, 0 without panels.
+    /// The lowest edge of all panels; 0 without panels.
     std::int64_t rowsUsed() const;
 
     bool operator==(const NewsroomSpec&) const = default;

@@ -16,7 +16,7 @@ enum class PanelKind {
 };
 // clang-format on
 
-/// What a panel with alerts notifies the user of.
+/// The events that a panel with alerts notifies the user of.
 enum class PanelAlert {
     none,  ///< the option has no effect, and is not offered
     stories,
@@ -31,7 +31,7 @@ struct PanelSize {
     std::int64_t height;
 };
 
-/// All that is fixed for a kind; its row has more columns than those of other enumerations.
+/// The fixed properties of a kind; its row has more columns than those of other enumerations.
 struct PanelKindRow {
     PanelKind value;
     std::string_view raw;
@@ -41,13 +41,14 @@ struct PanelKindRow {
     PanelSize least;  ///< at which the content can be read; GridLayout gives no kind less
     PanelSize usual;  ///< of a panel just added
     PanelAlert alert;
-    bool isList;  ///< rows that run to the panel's lower edge, where they are cut
-    /// When a panel is added. A kind that is not offered shows where a newsroom already holds one.
+    bool isList;  ///< rows run to the panel's lower edge, where they are clipped
+    /// Whether the kind is offered when a panel is added. Existing panels of other kinds still
+    /// show.
     bool isOffered = true;
 };
 
-// Some kinds raise no alerts: a scoop shows only once other outlets follow, when its story is old
-// news; dates and prices are no new items; nothing comes in for pages and clips.
+// Some kinds raise no alerts: a scoop appears only after other outlets follow, when its story is
+// old news; dates and prices are not new items; nothing arrives for pages and clips.
 template <>
 // clang-format off
 inline constexpr std::array<PanelKindRow, 17> enumTable<PanelKind>{{

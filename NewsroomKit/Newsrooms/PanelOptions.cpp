@@ -19,8 +19,7 @@ void decodeGiven(const json::object& object, PanelOptions& options,
 }  // namespace
 
 bool isFollowablePage(std::string_view text) {
-    // Browsers take a backslash for a slash: "https://a.example\@apple.com/" leads them to
-    // a.example.
+    // Browsers treat a backslash as a slash: "https://a.example\@apple.com/" leads to a.example.
     if (text.find('\\') != std::string_view::npos) return false;
     const auto address = WebAddress::parse(text);
     return address && address->scheme == "https" && isHostOrSubhost(address->host, kAppleDomain);

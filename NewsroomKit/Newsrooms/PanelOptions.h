@@ -8,11 +8,11 @@
 
 namespace kit {
 
-/// Settings of a panel; each kind looks at its own. A key that is missing when read takes
-/// the default here.
+/// Settings of a panel; each kind uses its own. A key that is missing when read takes the default
+/// here.
 struct PanelOptions {
     bool alerts = false;                    ///< new matching items raise notifications
-    std::vector<std::string> eventTerms{};  ///< words naming the events that are marked
+    std::vector<std::string> eventTerms{};  ///< words that name the events to mark
     std::string stockRange = "1m";
     std::vector<std::string> platforms{"iOS", "iPadOS", "macOS", "watchOS", "tvOS", "visionOS"};
     std::vector<std::string> pages{};  ///< addresses of Apple's web pages to follow

@@ -11,7 +11,7 @@ namespace kit {
 
 namespace {
 
-/// Size and columns inside their bounds. The row is left alone.
+/// Brings size and columns within their bounds; the row stays.
 void fit(PlacedPanel& panel) {
     const auto& least = kindRow(panel.kind).least;
     auto& frame = panel.frame;
@@ -30,7 +30,7 @@ struct Edges {
     std::int64_t to;
 };
 
-/// Each edge that differs from the present one is taken as near as the other one allows.
+/// Moves each edge that differs as near to the wanted one as the opposite edge allows.
 Edges dragged(Edges edges, Edges wanted, std::int64_t least, std::int64_t greatest,
               std::int64_t end) {
     if (wanted.from != edges.from) {
@@ -75,7 +75,7 @@ Placement PanelPlacement::resized(const Placement& panels, std::size_t panel,
     const auto rows =
         dragged({frame.row, frame.bottom()}, {wanted.row, wanted.bottom()}, least.height,
                 kGreatestHeight, std::numeric_limits<std::int64_t>::max());
-    // A panel that grows or shrinks never changes places with one below it.
+    // A resized panel never changes places with one below it.
     return hand.drop({.column = columns.from,
                       .row = rows.from,
                       .width = columns.to - columns.from,

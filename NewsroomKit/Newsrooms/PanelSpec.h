@@ -16,7 +16,7 @@ struct PanelSpec {
     PanelKind kind{};
     std::string title{};
     GridFrame frame{};
-    std::optional<StoryQuery> query{};  ///< absent: the newsroom's focus, also when that changes
+    std::optional<StoryQuery> query{};  ///< absent: the newsroom's current focus
     PanelOptions options{};
 
     bool operator==(const PanelSpec&) const = default;

@@ -9,9 +9,9 @@
 
 namespace kit {
 
-/// The first free row of each column while panels are let down one after the other, each
-/// onto those before it. Panels without a common column never touch, so only the order of
-/// panels that share one decides the outcome. Frames must lie within the columns.
+/// The first free row of each column while panels are placed one after the other, each below those
+/// before it. Panels without a common column never touch, so only the order of panels that share
+/// one matters. Frames must lie within the columns.
 class Skyline {
 public:
     std::int64_t floorUnder(const GridFrame& frame) {

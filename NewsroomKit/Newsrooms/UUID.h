@@ -13,7 +13,7 @@
 
 namespace kit {
 
-/// Identity of a newsroom or a panel. All zeros until one is given.
+/// Identity of a newsroom or a panel. All zeros by default.
 class UUID {
 public:
     UUID() = default;
