@@ -10,8 +10,8 @@
 namespace kit {
 namespace {
 
-// What real documents stay far below. Completing an address takes some microseconds, so a
-// document that holds little else could keep a thread busy for long.
+// Real documents stay far below this. Completing an address takes some microseconds, so a document
+// full of addresses could keep a thread busy for long.
 constexpr std::size_t longestAddress = 16 * 1024;
 constexpr int mostCalculations = 40'000;
 
@@ -31,7 +31,7 @@ std::string withSchemeAdded(std::string_view address) {
     return (address.starts_with("//") ? "https:" : "") + std::string(address);
 }
 
-/// "&" however often it was escaped.
+/// Decodes "&amp;", however often it was escaped.
 std::string withAmpersandsDecoded(std::string_view address) {
     std::string decoded;
     decoded.reserve(address.size());

@@ -17,24 +17,24 @@ public:
     /// `homePage` is the feed's own page, when an earlier reading has found it.
     AddressBase(std::string_view feedAddress, std::string_view homePage);
 
-    /// The page that the feed names as its own, and the feed's address as the feed gives it.
-    /// The first absolute ones count.
+    /// Offers the page that the feed names as its own, and the feed's address as the feed gives it.
+    /// The first absolute one of each counts.
     void offerHomePage(std::string_view address);
     void offerSelf(std::string_view address);
 
-    /// The address in full, trimmed, with "&amp;" that a second round of escaping left decoded.
-    /// An absolute address and one that cannot be completed stay as they are otherwise.
+    /// The absolute address, trimmed, with "&amp;" from double escaping decoded. Otherwise an
+    /// absolute address, and one that cannot be completed, stays as it is.
     std::string completed(std::string_view address, std::string_view xmlBase);
 
-    /// The absolute address of an element's xml:base, which itself may be relative to
-    /// `outer`; `outer` when `written` does not read.
+    /// The absolute address of an element's xml:base, which may be relative to `outer`; `outer`
+    /// when `written` is not valid.
     std::string nested(std::string_view written, std::string_view outer);
 
-    /// What relative addresses without xml:base refer to; empty when nothing is known.
+    /// The base of relative addresses without xml:base; empty when it is unknown.
     const std::string& document() const;
 
-    /// Whether relative addresses were completed before the document named what they refer
-    /// to: feeds may name their page behind their entries.
+    /// True when relative addresses were completed before the document named their base: feeds may
+    /// name their page after their entries.
     bool cameTooLate() const { return wasUsed_ && usedBase_ != document(); }
 
 private:

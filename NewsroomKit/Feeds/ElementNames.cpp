@@ -77,8 +77,8 @@ constexpr std::array namespaces{
     NamespaceRow{"backend.userland.com/rss2", ""},
 };
 
-/// Only the beginning of a long name, which is then none that is known: names are looked up
-/// so often that their length must not count.
+/// Reads only the beginning of a long name, which then matches no known one: lookups are so
+/// frequent that their cost must not depend on the length.
 std::string_view view(const xmlChar* text) {
     constexpr std::size_t longerThanAnyKnown = 64;
     if (text == nullptr) return {};
@@ -86,7 +86,7 @@ std::string_view view(const xmlChar* text) {
     return {characters, strnlen(characters, longerThanAnyKnown)};
 }
 
-/// Publishers write namespaces with either scheme, in any letter case, and lose the "/".
+/// Publishers write namespaces with either scheme, in any letter case, and without the final "/".
 std::optional<std::string_view> usualPrefix(std::string_view uri) {
     std::string plain = lowercasedASCII(uri);
     if (const auto scheme = plain.find("://"); scheme != std::string::npos) {
@@ -128,8 +128,8 @@ ElementRole ElementNames::lookUp(const xmlChar* localName, const xmlChar* prefix
     auto written = lowercasedASCII(view(prefix));
     const auto usual = usualPrefix(view(uri));
 
-    // 1. In an Atom document Atom's own elements count under any prefix; elsewhere
-    //    "atom:link" must not pass for the channel's or item's link.
+    // 1. In an Atom document Atom's own elements count under any prefix; elsewhere "atom:link" must
+    // not be mistaken for the channel's or item's link.
     if (usual == atomPrefix && (written.empty() || isAtom_ || local == "feed")) {
         const auto role = roleOfName("", local).value_or(ElementRole::none);
         if (role == ElementRole::atomFeed) isAtom_ = true;
@@ -139,8 +139,8 @@ ElementRole ElementNames::lookUp(const xmlChar* localName, const xmlChar* prefix
     // 2. The namespace's usual prefix.
     if (usual) {
         if (const auto role = roleOfName(*usual, local)) return *role;
-        // A default namespace is often declared by mistake on the root of plain RSS, where
-        // nothing but the prefix tells the elements apart. XHTML is never a mistake.
+        // The root of plain RSS often declares a default namespace by mistake, so only the prefix
+        // distinguishes its elements. XHTML is never a mistake.
         if (!written.empty() || *usual == "xhtml") return ElementRole::none;
     }
 

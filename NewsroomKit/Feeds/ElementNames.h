@@ -7,8 +7,8 @@
 
 namespace kit {
 
-/// What an element means to a feed. Elements of different dialects that fill the same field
-/// are the same role.
+/// The meaning of an element in a feed. Elements of different dialects that fill the same field
+/// share a role.
 enum class ElementRole {
     none,
     feed,      ///< root of RSS
@@ -38,9 +38,9 @@ enum class ElementRole {
     videoID,
 };
 
-/// Finds the role of an element from its name and namespace. Documents may bind any prefix
-/// to a known namespace, or use the usual prefix without binding it; letter case does not
-/// count. The strings must be the parser's interned ones: answers are remembered by address.
+/// Finds the role of an element from its name and namespace. Documents may bind any prefix to a
+/// known namespace, or use the usual prefix without binding it; letter case does not count. The
+/// strings must be interned by the parser, because results are cached by address.
 class ElementNames {
 public:
     ElementRole role(const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri);

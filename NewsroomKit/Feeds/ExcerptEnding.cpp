@@ -15,21 +15,21 @@ namespace {
 
 constexpr auto none = std::string_view::npos;
 
-/// What an invitation may be, in bytes of the excerpt.
+/// The greatest length of an invitation to read on, in bytes of the excerpt.
 constexpr std::size_t longestInvitation = 200;
 constexpr std::size_t longestWordsBesideLinks = 80;
-/// A longer link holds the text itself.
+/// A longer link is part of the text itself.
 constexpr std::size_t longestLinkWords = 160;
 
-/// Beginnings that say enough, whatever follows: the name of the outlet or the headline. Folded.
+/// Beginnings of an invitation, whatever follows (the outlet's name or the headline). Folded.
 constexpr std::array<std::string_view, 16> fullStoryWords{
     "read the full ",       "read the rest",    "read the whole ",      "read the complete ",
     "read full article",    "read full story",  "to read this article", "view full coverage",
     "discuss this article", "continue reading", "den ganzen artikel",   "lire la suite",
     "lire l'article",       "continua leyendo", "continua a leggere",   "leia a noticia completa"};
 
-/// Words that are an invitation when nothing but a place follows ("at Example", "»"), or when
-/// they begin a link. Folded.
+/// Words that are an invitation when only a place follows ("at Example", "»"), or at the start of a
+/// link. Folded.
 constexpr std::array<std::string_view, 22> moreWords{
     "read more",  "read on",     "keep reading",   "more",           "permalink",   "weiterlesen",
     "mehr lesen", "zum artikel", "leer mas",       "seguir leyendo", "leggi tutto", "leggi di piu",
@@ -53,7 +53,7 @@ std::size_t firstLetterOrDigit(std::string_view text) {
 
 bool hasLetterOrDigit(std::string_view text) { return firstLetterOrDigit(text) != none; }
 
-/// Where the text before its closing marks ends: behind the last letter or digit.
+/// The end of the text without its closing marks: after the last letter or digit.
 std::size_t endOfWords(std::string_view text) {
     while (!text.empty()) {
         const auto last = decodeUTF8Before(text, text.size());
@@ -63,7 +63,7 @@ std::size_t endOfWords(std::string_view text) {
     return text.size();
 }
 
-/// Folded, with one form of apostrophe and dash, from its first letter to its last.
+/// The text folded, with uniform apostrophes and dashes, from its first letter to its last.
 std::string comparable(std::string_view text) {
     text = text.substr(0, endOfWords(text));
     text.remove_prefix(std::min(firstLetterOrDigit(text), text.size()));
@@ -74,7 +74,7 @@ std::string comparable(std::string_view text) {
     return folded;
 }
 
-/// The address without what two links to one item may differ in.
+/// The address without the parts in which two links to one item may differ.
 std::string_view bareAddress(std::string_view address) {
     address = trimWhitespaceAndNewlines(address);
     if (const auto scheme = address.find("://"); scheme != none) address.remove_prefix(scheme + 3);
@@ -87,8 +87,8 @@ std::string_view bareAddress(std::string_view address) {
     return address;
 }
 
-/// Whether what ends here leaves room for an invitation: the start of a line, or a sentence or
-/// a text that breaks off.
+/// Whether an invitation may follow `before`: at the start of a line, after a sentence, or after a
+/// text that breaks off.
 bool endsBeforeInvitation(std::string_view before) {
     if (before.ends_with('\n')) return true;
     before = trimWhitespaceAndNewlines(before);
@@ -99,7 +99,7 @@ bool endsBeforeInvitation(std::string_view before) {
     return false;
 }
 
-/// Where a text that breaks off ends: behind the last "…", "..." or "[…]"; none without one.
+/// The end of a text that breaks off: after the last "…", "..." or "[…]"; none without one.
 std::size_t endOfBrokenText(std::string_view text) {
     std::size_t last = 0;
     for (const std::string_view mark : {"...", "…", "...]", "…]"}) {
@@ -109,7 +109,7 @@ std::size_t endOfBrokenText(std::string_view text) {
     return last == 0 ? none : last;
 }
 
-/// A small letter goes on with the sentence. A line break ends every one.
+/// A small letter continues the sentence. A line break always ends it.
 bool beginsSentence(std::string_view text) {
     const auto first = text.find_first_not_of(' ');
     return first != none && text[first] != '\n' && (text[first] < 'a' || text[first] > 'z');
@@ -117,8 +117,8 @@ bool beginsSentence(std::string_view text) {
 
 constexpr std::array<std::string_view, 7> sentenceEnds{". ", "! ", "? ", "… ", "] ", "» ", "。"};
 
-/// The last sentence of a line, without the end of the one before. One that is too long for an
-/// invitation may have others before it.
+/// The last sentence of a line. When it is too long for an invitation, the result may include
+/// earlier sentences.
 std::string_view lastSentence(std::string_view line) {
     const auto words = line.substr(0, endOfWords(line));
     const auto from = words.size() - std::min(words.size(), longestInvitation);
@@ -143,7 +143,7 @@ std::string_view beginningAmong(std::string_view text,
     return {};
 }
 
-/// Whether a sentence or what a link says only invites to read on.
+/// Whether a sentence or a link's text is only an invitation to read on.
 bool isInvitation(std::string_view text, bool isLink) {
     if (text.size() > longestInvitation) return false;
     const auto words = comparable(text);
@@ -152,7 +152,7 @@ bool isInvitation(std::string_view text, bool isLink) {
     if (beginning.empty()) return false;
     const auto rest = std::string_view(words).substr(beginning.size());
     if (beginning.find(' ') == none) {
-        // "More" begins too many headlines, and is a sentence of its own in some texts.
+        // "More" begins too many headlines, and is a sentence in some texts.
         return !hasLetterOrDigit(rest) && (isLink || text.find_first_of("([") == 0);
     }
     return isLink || !hasLetterOrDigit(rest) || !beginningAmong(rest, placeWords).empty();
@@ -164,7 +164,7 @@ public:
         : text_(std::move(text)), links_(std::move(links)), itemLink_(bareAddress(itemLink)) {}
 
     std::string cut() && {
-        // Each thing stands there once or twice; the bound is for texts made of nothing else.
+        // Each ending occurs once or twice; the bound is for texts made of nothing else.
         constexpr int mostRounds = 8;
         trimEnd();
         for (int round = 0; round < mostRounds; ++round) {
@@ -190,7 +190,7 @@ private:
         if (!links_.empty()) links_.back().end = std::min(links_.back().end, size);
     }
 
-    /// Removes the text from `at` on and what white space is then at the end.
+    /// Removes the text from `at` on, and trailing white space.
     void dropFrom(std::size_t at) {
         cutAt(at);
         trimEnd();
@@ -207,7 +207,7 @@ private:
         return bareAddress(decodedEntities(tagAttribute(link.tag, "href"))) == itemLink_;
     }
 
-    /// The second link leads to the site or blog on which the first one's page lies.
+    /// Whether the second link leads to the site or blog that contains the first one's page.
     static bool leadsToPageAndSite(const HTMLReader::Link& page, const HTMLReader::Link& site) {
         const auto first = tagAttribute(page.tag, "href");
         const auto second = bareAddress(tagAttribute(site.tag, "href"));
@@ -221,8 +221,8 @@ private:
         if (size < text_.size()) dropFrom(size);
     }
 
-    /// "The post <title> appeared first on <site>." as WordPress closes its excerpts, at the
-    /// start of a line or behind the text.
+    /// Drops "The post <title> appeared first on <site>.", which WordPress adds at the start of a
+    /// line or after the text.
     void dropPostFooter() {
         constexpr std::string_view opening = "The post ";
         auto begin = lastStart(opening);
@@ -249,7 +249,7 @@ private:
         }
     }
 
-    /// The last line of a blog engine in any language: "<title>" erschien zuerst auf <site>.
+    /// Drops the last line of a blog engine in any language: "<title>" erschien zuerst auf <site>.
     void dropSiteFooter() {
         const auto line = lastLine();
         if (links_.size() < 2) return;
@@ -260,14 +260,14 @@ private:
         const auto linked = (first.end - first.begin) + (second.end - second.begin);
         if (text_.size() - line - linked > longestWordsBesideLinks) return;
         const bool hasShape = leadsToPageAndSite(first, second);
-        // Alone the line might be a link blog's whole text, which leads to the item as well.
+        // A single line may be the whole text of a link blog, which also leads to the item.
         if (itemLink_.empty() ? hasShape : leadsToItem(first) && (hasShape || line > 0)) {
             dropFrom(line);
         }
     }
 
-    /// A link at the end that stands for itself and leads on: by its words, by the class that
-    /// WordPress gives it, or because it leads to the item.
+    /// Drops a separate link at the end that leads on: by its words, by WordPress's class for it,
+    /// or because it leads to the item.
     void dropClosingLink() {
         if (links_.empty()) return;
         const auto link = links_.back();
@@ -298,27 +298,27 @@ private:
                (!previous.empty() && endOfBrokenText(previous) == previous.size());
     }
 
-    /// The last sentence, when it only invites to read on.
+    /// Drops the last sentence when it only invites to read on.
     void dropClosingWords() {
         const auto sentence = lastSentence(text().substr(lastLine()));
         if (!isInvitation(sentence, false)) return;
         dropFrom(text_.size() - sentence.size());
     }
 
-    /// "Continue reading <title> →" at the end of the text that is no link, or no longer one.
+    /// Drops "Continue reading <title> →" at the end of the text when it is not a link.
     void dropContinueReading() {
         const auto begin = lastStart("Continue reading");
         if (begin == none) return;
         const auto rest = text().substr(begin);
-        // A sentence or line behind it makes it part of the article.
+        // A sentence or line after it makes it part of the article.
         for (const std::string_view end : {". ", "! ", "? ", "\n"}) {
             if (rest.find(end) != none) return;
         }
         dropFrom(begin);
     }
 
-    /// Both footers begin with a capital letter, which makes looking for them from the front far
-    /// cheaper than for their other words.
+    /// Both footers begin with a capital letter, so searching for it first is far cheaper than
+    /// searching for their other words.
     std::size_t lastStart(std::string_view words) const {
         auto last = none;
         for (auto at = text_.find(words); at != none; at = text_.find(words, at + 1)) {

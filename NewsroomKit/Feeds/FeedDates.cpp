@@ -13,8 +13,8 @@ namespace {
 
 constexpr auto none = std::string_view::npos;
 
-/// What the names of each month begin with, folded: in English, German, French, Spanish, Italian,
-/// Portuguese and Dutch, and the abbreviations that leave letters out.
+/// The folded names of each month in English, German, French, Spanish, Italian, Portuguese and
+/// Dutch, and abbreviations that omit letters.
 constexpr std::array<std::string_view, 12> months{
     "january januar janner janvier enero gennaio janeiro",
     "february februar feber fevrier febrero febbraio fevereiro",
@@ -48,8 +48,8 @@ constexpr std::string_view whiteSpace = " \t\r\n";
 constexpr std::string_view separators = " \t\r\n,.-";
 constexpr std::size_t shortestName = 3;
 
-/// The month, from 1, whose names begin with this word in some language; nothing when there are
-/// two, as for "jui" (juin, juillet).
+/// The month, from 1, that has a name beginning with this word; nothing when there are two, as for
+/// "jui" (juin, juillet).
 std::optional<unsigned> monthNamed(std::string_view word) {
     const auto start = fold(word);
     if (start.size() < shortestName) return std::nullopt;
@@ -93,7 +93,7 @@ public:
 
     std::string_view takeDigits() { return takeWhile(isASCIIDigit); }
 
-    /// "(Central European Time)", which is only there to be read by people.
+    /// Skips "(Central European Time)", which is only for people.
     void skipComment() {
         if (rest_.starts_with('(') && rest_.find(')') == rest_.size() - 1) rest_ = {};
     }
@@ -141,7 +141,7 @@ std::optional<std::chrono::sys_days> existingDay(int year, unsigned month, unsig
     return std::chrono::sys_days{date};
 }
 
-/// "8:30", "08:30:15" or "08:30:15.250"; the fraction is not kept.
+/// Reads "8:30", "08:30:15" or "08:30:15.250"; the fraction is dropped.
 std::optional<std::chrono::seconds> readTime(DateReader& reader) {
     const auto hour = reader.takeShortNumber();
     if (!hour || *hour > 23 || !reader.take(':')) return std::nullopt;
@@ -182,7 +182,7 @@ std::optional<std::chrono::minutes> readOffset(DateReader& reader) {
     return negative ? -offset : offset;
 }
 
-/// A named zone, an offset, or "GMT+02:00"; nothing left to read is UTC.
+/// Reads a named zone, an offset, or "GMT+02:00"; the end of the text means UTC.
 std::optional<std::chrono::minutes> readZone(DateReader& reader) {
     if (reader.atEnd()) return std::chrono::minutes{0};
     if (reader.atSign()) return readOffset(reader);
@@ -195,7 +195,7 @@ std::optional<std::chrono::minutes> readZone(DateReader& reader) {
     return std::nullopt;
 }
 
-/// Nothing outside the years that can be written, which a zone's offset may lead out of.
+/// Nothing outside the years 0001 to 9999, which a zone's offset may lead out of.
 std::optional<Instant> writableInstant(Instant instant) {
     using std::chrono::sys_days;
     constexpr Instant first = sys_days{std::chrono::year{1} / 1 / 1};
@@ -204,7 +204,7 @@ std::optional<Instant> writableInstant(Instant instant) {
     return instant;
 }
 
-/// What is left behind the day: nothing, which is midnight UTC, or a time and its zone.
+/// Reads the rest after the day: nothing, which means midnight UTC, or a time and its zone.
 std::optional<Instant> readRestOfDate(DateReader& reader, std::chrono::sys_days day) {
     if (reader.atEnd()) return writableInstant(day);
     const auto time = readTime(reader);
@@ -217,8 +217,8 @@ std::optional<Instant> readRestOfDate(DateReader& reader, std::chrono::sys_days 
     return reader.atEnd() ? writableInstant(day + *time - *offset) : std::nullopt;
 }
 
-/// The words before the first number: a weekday in any language, the month behind it or alone, or
-/// nothing. Gives the last of them, or nothing when there are too many.
+/// Reads the words before the first number: a weekday in any language, a month, both or neither.
+/// Gives the last of them, or nothing when there are too many.
 std::optional<std::string_view> readLeadingWords(DateReader& reader) {
     constexpr int mostWords = 2;
     std::string_view last;
@@ -231,8 +231,8 @@ std::optional<std::string_view> readLeadingWords(DateReader& reader) {
     return last;
 }
 
-/// The month behind its day, with the separators around it: "Oct", "octobre", "de outubro de".
-/// Nothing is read when there is no word; a word that is no month is month 0.
+/// Reads the month after its day, with the separators around it: "Oct", "octobre", "de outubro de".
+/// Reads nothing when there is no word; an unknown word is month 0.
 std::optional<unsigned> readMonthBehindDay(DateReader& reader) {
     constexpr std::string_view of = "de";
     auto word = reader.takeWord();
@@ -243,7 +243,7 @@ std::optional<unsigned> readMonthBehindDay(DateReader& reader) {
     return monthNamed(word).value_or(0);
 }
 
-/// "08:30:00 GMT 2026" behind "Thu Oct 1", as C and Java write dates.
+/// Reads "08:30:00 GMT 2026" after "Thu Oct 1", as C and Java write dates.
 std::optional<Instant> readTimeAndYear(DateReader& reader, unsigned month, unsigned day) {
     const auto time = readTime(reader);
     if (!time || !reader.skipSpaces()) return std::nullopt;
@@ -256,8 +256,8 @@ std::optional<Instant> readTimeAndYear(DateReader& reader, unsigned month, unsig
     return date ? writableInstant(*date + *time - *offset) : std::nullopt;
 }
 
-/// "Thu, 01 Oct 2026 08:30:00 GMT" and "Oct 1 2026"; only day, month and year must be there.
-/// A word before the day is a weekday when the month stands behind it: "mar, 17 mar 2026".
+/// Reads "Thu, 01 Oct 2026 08:30:00 GMT" and "Oct 1 2026"; only day, month and year are required. A
+/// word before the day is a weekday when the month follows the day: "mar, 17 mar 2026".
 std::optional<Instant> readNamedMonthDate(std::string_view text) {
     DateReader reader(text);
     const auto word = readLeadingWords(reader);
@@ -276,7 +276,7 @@ std::optional<Instant> readNamedMonthDate(std::string_view text) {
     return date ? readRestOfDate(reader, *date) : std::nullopt;
 }
 
-/// "2026-10-01 08:30:00" and "2026/10/1"; only the day must be there.
+/// Reads "2026-10-01 08:30:00" and "2026/10/1"; only the day is required.
 std::optional<Instant> readNumberedDate(std::string_view text) {
     DateReader reader(text);
     const auto year = reader.takeDigits();
@@ -286,7 +286,7 @@ std::optional<Instant> readNumberedDate(std::string_view text) {
     if (!month || !reader.take(separator)) return std::nullopt;
     const auto day = reader.takeShortNumber();
     if (!day) return std::nullopt;
-    // The text is trimmed, so a space promises a time as well as the "T" does.
+    // The text is trimmed, so a space, like the "T", must be followed by a time.
     const bool needsTime = reader.take('T') || reader.skipSpaces();
     if (needsTime == reader.atEnd()) return std::nullopt;
     const auto date = existingDay(*DateReader(year).takeYear(), *month, *day);

@@ -23,8 +23,8 @@ struct Substitute {
     const char* encoding;
 };
 
-/// What these labels mean in practice: supersets that give the same text wherever the
-/// narrower encoding is defined.
+/// Encodings that these labels mean in practice: supersets with the same text wherever the narrower
+/// encoding is defined.
 constexpr std::array substitutes{Substitute{"iso-8859-1", westernEncoding},
                                  Substitute{"latin1", westernEncoding},
                                  Substitute{"iso-8859-9", "windows-1254"},
@@ -67,7 +67,7 @@ Census census(std::string_view text) {
     return result;
 }
 
-/// The text of encoding="…" in the XML declaration, in lower case.
+/// The value of encoding="…" in the XML declaration, in lower case.
 std::string declaredEncoding(std::string_view bytes) {
     const auto begin = bytes.find_first_not_of(std::string_view(" \t\r\n\0", 5));
     if (begin == std::string_view::npos) return {};
@@ -82,7 +82,7 @@ std::string declaredEncoding(std::string_view bytes) {
     return label.size() <= longestLabel ? lowercasedASCII(label) : std::string();
 }
 
-/// A name that the converter table knows; labels never reach the file system.
+/// The name in the converter table for a label; labels never reach the file system.
 std::optional<std::string> encodingOfLabel(const std::string& label) {
     for (const auto& row : substitutes) {
         if (row.label == label) return row.encoding;
@@ -99,7 +99,7 @@ std::optional<std::string> encodingOfLabel(const std::string& label) {
     const char* known = ucnv_getStandardName(label.c_str(), "IANA", &status);
     if (U_FAILURE(status) || known == nullptr) return {};
     const std::string_view name = known;
-    // ASCII with bytes beyond it is no ASCII.
+    // The bytes are not all ASCII, so the label is wrong.
     if (name == "US-ASCII") return {};
     return std::string(name);
 }
@@ -133,7 +133,7 @@ std::string_view converted(std::string_view bytes, const Converter& converter,
     return storage;
 }
 
-/// UTF-16 without a byte-order mark shows in the zero byte beside the first "<".
+/// UTF-16 without a byte-order mark is recognised by the zero byte beside the first "<".
 const char* encodingOfBytes(std::string_view bytes, std::size_t& markLength) {
     UErrorCode status = U_ZERO_ERROR;
     std::int32_t length = 0;
@@ -158,7 +158,7 @@ std::string_view withDamageReplaced(std::string_view text, const Census& counts,
 }  // namespace
 
 std::string_view feedInUTF8(std::string_view bytes, std::string& storage) {
-    // 1. Marks and zero bytes leave no doubt.
+    // 1. Byte-order marks and zero bytes are unambiguous.
     std::size_t markLength = 0;
     if (const char* name = encodingOfBytes(bytes, markLength)) {
         const auto text = bytes.substr(markLength);
@@ -166,12 +166,12 @@ std::string_view feedInUTF8(std::string_view bytes, std::string& storage) {
         return converted(text, Converter(name), storage);
     }
 
-    // 2. Plain ASCII reads the same under every label that remains.
+    // 2. Plain ASCII reads the same under all remaining labels.
     const auto counts = census(bytes);
     const bool isUTF8 = counts.broken == 0;
     if (isUTF8 && counts.sound == 0) return bytes;
 
-    // 3. A label that the bytes do not areIncompatible.
+    // 3. A label that the bytes do not contradict.
     if (const auto encoding = encodingOfLabel(declaredEncoding(bytes))) {
         const Converter converter(encoding->c_str());
         if (converter.handle && !(isUTF8 && converter.readsOneByteACharacter())) {

@@ -8,7 +8,7 @@
 
 namespace kit {
 
-/// One item of a feed as its publisher wrote it, text still in HTML.
+/// One item of a feed as published, with its texts still in HTML.
 struct FeedEntry {
     enum class Medium { article, audio, video, post };
 

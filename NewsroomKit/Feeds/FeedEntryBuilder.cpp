@@ -12,7 +12,7 @@
 namespace kit {
 namespace {
 
-/// Whether "youtu" may be part of the address. Taking one apart costs far more than this look.
+/// Whether "youtu" may be part of the address. Parsing costs far more than this check.
 bool mayNameVideoHost(std::string_view link) {
     for (auto at = link.find_first_of("uU"); at < link.size();
          at = link.find_first_of("uU", at + 1)) {
@@ -43,8 +43,8 @@ std::optional<std::string> chosenImage(const EntryImages& offered, const FeedEnt
     return firstPicture(entry.summaryHTML, base, xmlBase);
 }
 
-/// Permalinks are addresses unless they say otherwise, but many guids that say nothing are
-/// mere names: those count only when they look like a path.
+/// By default a guid is a permalink, but many guids without the attribute are mere names: those
+/// count only when they look like a path.
 bool isRelativePermalink(std::string_view guid, FeedEntryBuilder::Permalink permalink) {
     switch (permalink) {
         case FeedEntryBuilder::Permalink::no: return false;
@@ -54,7 +54,7 @@ bool isRelativePermalink(std::string_view guid, FeedEntryBuilder::Permalink perm
     return guid.starts_with('/') || guid.starts_with("./") || guid.starts_with("../");
 }
 
-/// A recording without a page of its own leads to itself.
+/// An entry without a page of its own links to its recording.
 bool needsRecording(const FeedEntry& entry) {
     return !isWebPage(entry.link.empty() ? entry.guid : entry.link);
 }
@@ -102,7 +102,7 @@ FeedEntry FeedEntryBuilder::finish(AddressBase& base, std::string_view xmlBase) 
     entry.publishedAt = parseFeedDate(date);
     if (!entry.publishedAt) entry.publishedAt = parseFeedDate(revisionDate);
     entry.imageURL = chosenImage(images, entry, base, htmlBase.empty() ? xmlBase : htmlBase);
-    // An address is no name as long as a name is given as well.
+    // An address is not used as the author while a name is given too.
     const bool takesPodcastAuthor =
         author.empty() || (!podcastAuthor.empty() && isOnlyAddresses(author));
     entry.author = optionalText(std::move(takesPodcastAuthor ? podcastAuthor : author));

@@ -10,14 +10,14 @@
 
 namespace kit {
 
-/// An entry while its elements arrive. Texts are raw, addresses in full; where several elements
-/// fill one field, the first that is not empty stays.
+/// An entry while its elements arrive. Texts are raw, addresses absolute; when several elements
+/// fill one field, the first non-empty one counts.
 struct FeedEntryBuilder {
     enum class Permalink { unsaid, yes, no };
 
     std::string title;
     std::string link;
-    std::string atomLink;  ///< a link that is no alternate, for when there is none
+    std::string atomLink;  ///< a link that is not an alternate; the fallback
     std::string summary;
     std::string content;
     std::string date;
@@ -38,7 +38,7 @@ struct FeedEntryBuilder {
     void takeLink(const XMLAttributes& attributes, std::string_view address);
     void takeEnclosure(std::string_view address, std::string_view type);
 
-    /// The finished entry; the draft is used up. `xmlBase` is the entry's own.
+    /// The finished entry. `xmlBase` is the entry's own.
     FeedEntry finish(AddressBase& base, std::string_view xmlBase) &&;
 };
 

@@ -18,26 +18,26 @@ namespace {
 
 constexpr std::size_t chunkSize = 32 * 1024;
 
-// What waits unread may be this long before it is looked at: a start tag or a document type
-// with its declarations, which the library reads only as a whole.
+// Unread input may reach this length before it is checked: a start tag or a document type with its
+// declarations, which the library reads only as a whole.
 constexpr std::ptrdiff_t harmlessLength = 64 * 1024;
 
-// The library compares every attribute of a tag with every other, so the time for a tag grows
-// with the square of their number. In a longer tag they are counted before they are read.
+// The library compares every attribute of a tag with every other, so the time for a tag grows with
+// the square of their number. The attributes of a longer tag are counted first.
 constexpr std::ptrdiff_t mostQuotesInTag = 10'000;
 
-// Element and attribute names, prefixes, namespaces and declared entities: whatever the
-// library keeps for the whole document. Feeds use less than a hundred.
+// Limits element and attribute names, prefixes, namespaces and declared entities, which the library
+// stores for the whole document. Feeds use fewer than a hundred.
 constexpr int mostNames = 10'000;
 
-// Reading in pieces, the library does not keep its own limit of nested elements.
+// When it reads in chunks, the library does not enforce its own limit of nested elements.
 constexpr std::size_t deepestElement = 256;
 
-/// Time that the library has spent on start tags beyond their length, in comparisons.
+/// The work of the library on start tags beyond reading them, in comparisons.
 class TagWork {
 public:
-    /// `inScope` are the namespaces declared by the tag and by all elements around it: every
-    /// prefix, also the empty one, is looked for among them.
+    /// `inScope` counts the namespaces declared by the tag and all elements around it: every
+    /// prefix, including the empty one, is looked up among them.
     void add(int attributes, int namespaces, int inScope) {
         const auto named = static_cast<std::uint64_t>(attributes + namespaces);
         spent_ += named * named + (named + 1) * static_cast<std::uint64_t>(inScope);
@@ -49,7 +49,7 @@ public:
 private:
     // About a quarter of a second; a feed of 6 MB rarely takes a hundredth of it.
     static constexpr std::uint64_t limit = 300'000'000;
-    // A namespace's address is taken apart each time that it is declared.
+    // A namespace's address is parsed each time it is declared.
     static constexpr std::uint64_t declaration = 1'000;
 
     std::uint64_t spent_ = 0;
@@ -77,7 +77,7 @@ public:
         if (!isOver()) xmlParseChunk(context_.get(), nullptr, 0, 1);
     }
 
-    /// The document breaks a rule of XML, but harms nobody.
+    /// The document breaks a rule of XML but is harmless.
     bool isIllFormed() const { return context_->wellFormed == 0 && !isHostile_ && !isComplete(); }
     bool sawFeedElement() const { return delegate_.sawFeedElement(); }
     bool sawElement() const { return delegate_.sawElement(); }
@@ -93,7 +93,7 @@ public:
 private:
     struct FreeContext {
         void operator()(xmlParserCtxtPtr context) const {
-            // Without callbacks for declarations the library keeps a document of its own.
+            // Without callbacks for declarations the library builds a document of its own.
             xmlFreeDoc(context->myDoc);
             context->myDoc = nullptr;
             xmlFreeParserCtxt(context);
@@ -116,8 +116,8 @@ private:
                limit_.isReached() || hasOverlongPart();
     }
 
-    /// A start tag and a document type wait unread until their end has arrived. So does a CDATA
-    /// section, but that costs no more than its length, whatever it holds.
+    /// A start tag or document type waits unread until its end has arrived. So does a CDATA
+    /// section, but its cost never exceeds its length.
     bool hasOverlongPart() {
         const auto* const input = context_->input;
         if (input == nullptr || input->end - input->cur < harmlessLength ||
@@ -147,14 +147,14 @@ private:
     XMLEntities entities_;
     const WorkLimit& limit_;
     TagWork work_;
-    // A chunk is shorter than what is harmless, so one waiting tag never follows another
-    // without a moment in which less waits.
+    // A chunk is shorter than harmlessLength, so between two waiting tags the unread input always
+    // becomes shorter than that.
     std::ptrdiff_t countedLength_ = 0;
     std::ptrdiff_t countedQuotes_ = 0;
     bool isHostile_ = false;
 };
 
-/// Only internal entities are known: no external one and no external subset is ever loaded.
+/// Only internal entities are known; external entities and subsets are never loaded.
 xmlSAXHandler& FeedRun::callbacks() {
     static xmlSAXHandler handler = [] {
         xmlSAXHandler made{};
@@ -182,20 +182,20 @@ xmlSAXHandler& FeedRun::callbacks() {
                              const xmlChar*, xmlChar* value) {
             if (type == XML_INTERNAL_GENERAL_ENTITY) self(run).entities_.declare(name, value);
         };
-        // A name that only an external DTD could explain stays as it is written.
+        // A name that only an external DTD could define stays as it is.
         made.reference = [](void* run, const xmlChar* name) {
             self(run).delegate_.text("&");
             self(run).delegate_.text(reinterpret_cast<const char*>(name));
             self(run).delegate_.text(";");
         };
-        // A default value, once declared, comes back with each of the document's elements, so
-        // that a short document could fill the memory. Feeds have none.
+        // A declared default value is repeated for each element of the document, so that a short
+        // document could exhaust the memory. Feeds have none.
         made.attributeDecl = [](void* run, const xmlChar*, const xmlChar*, int, int,
                                 const xmlChar* defaultValue, xmlEnumerationPtr values) {
             xmlFreeEnumeration(values);
             if (defaultValue != nullptr) self(run).stopAsMalformed();
         };
-        // The library would go on to the end of the chunk, or of a tag of megabytes, and spell out
+        // The library would continue to the end of the chunk, or of a tag of megabytes, and format
         // every further error in it. Nothing could interrupt that.
         made.serror = [](void* run, xmlErrorPtr error) {
             if (error->level == XML_ERR_FATAL) xmlStopParser(self(run).context_.get());
@@ -205,14 +205,14 @@ xmlSAXHandler& FeedRun::callbacks() {
     return handler;
 }
 
-/// Reads a document, once more when that can mend what the first reading met.
+/// Reads a document, and a second time when that can repair what the first reading found.
 class FeedReading {
 public:
     FeedReading(std::string_view document, std::string_view address, const WorkLimit& limit)
         : document_(document), address_(address), limit_(limit) {
         read({});
         if (run_->isIllFormed()) readWithAmpersandsAsText();
-        // The feed names its page behind its entries.
+        // The feed names its page after its entries.
         if (run_->base().cameTooLate()) read(std::string(run_->base().document()));
     }
 

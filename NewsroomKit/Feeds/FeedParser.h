@@ -36,13 +36,12 @@ using ParsedFeedResult = boost::outcome_v2::unchecked<ParsedFeed, FeedParserErro
 /// A feed yields at most this many entries, the first ones in the document.
 inline constexpr std::size_t feedEntryLimit = 150;
 
-/// Reads RSS 2.0, RSS 1.0 and Atom in any encoding. Harmless breaches of XML are forgiven
-/// (see FeedEncoding.h and XMLSanitizer.h, and HTML's entity names are known); any other
-/// error makes the whole feed `malformed`, also after entries that could be read. A document
-/// without a feed element is `notAFeed`. Nothing outside `bytes` is ever read, and time and
-/// memory grow with the size of the document only. What would break that ends the reading as
-/// `malformed`: far more names, attributes or namespaces than feeds use, a long DTD, attributes'
-/// default values, entities that expand to megabytes.
+/// Reads RSS 2.0, RSS 1.0 and Atom in any encoding. Harmless violations of XML are tolerated (see
+/// FeedEncoding.h and XMLSanitizer.h), and HTML's entity names are known; any other error makes the
+/// whole feed `malformed`, also after valid entries. A document without a feed element is
+/// `notAFeed`. Nothing outside `bytes` is ever read, and time and memory grow only with the size of
+/// the document. Whatever would break that is `malformed`: far more names, attributes or namespaces
+/// than feeds use, a long DTD, attributes' default values, entities that expand to megabytes.
 ///
 /// Relative addresses are completed (see AddressBase.h); `address` is where the document was
 /// fetched from, when that is known. A feed whose reading reaches `limit` is `malformed`.

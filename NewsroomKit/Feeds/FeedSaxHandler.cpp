@@ -27,7 +27,7 @@ FeedEntryBuilder::Permalink permalink(const XMLAttributes& attributes) {
     return said.empty() ? FeedEntryBuilder::Permalink::unsaid : FeedEntryBuilder::Permalink::no;
 }
 
-/// What two links have in common that lead to the same page.
+/// The part of a link that is equal for links to the same page.
 std::string_view pageOf(std::string_view link) {
     if (const auto scheme = link.find("://"); scheme != std::string_view::npos) {
         link.remove_prefix(scheme + 3);
@@ -87,7 +87,7 @@ void FeedSaxHandler::startOutside(ElementRole role, ElementRole parent,
     }
 }
 
-/// The feed's own page, and the feed's own address.
+/// Offers the feed's own page and address to the address base.
 void FeedSaxHandler::startFeedLink(ElementRole role, const XMLAttributes& attributes) {
     const auto address = attributes.value("href");
     const auto relation = lowercasedASCII(attributes.value("rel"));
@@ -238,7 +238,7 @@ void FeedSaxHandler::finishEntry() {
     feed_.reachedLimit = feed_.entries.size() == feedEntryLimit;
 }
 
-/// Podcasts link all their episodes to the page of the show, where they would pass for one.
+/// Podcasts may link all episodes to the page of the show, which would collapse them into one.
 void FeedSaxHandler::separateRecordings() {
     std::unordered_map<std::string_view, int> counts;
     for (const auto& entry : feed_.entries) ++counts[pageOf(entry.link)];

@@ -14,8 +14,8 @@
 
 namespace kit {
 
-/// Follows the XML parser through a document and collects the feed. It knows which element
-/// is open, in which field its text belongs, and which parts of an entry are not its own.
+/// Receives the XML parser's events and collects the feed. It tracks the open elements, the field
+/// that text belongs to, and the parts of an entry that belong to another item.
 class FeedSaxHandler {
 public:
     explicit FeedSaxHandler(AddressBase base) : base_(std::move(base)) {}
@@ -31,7 +31,7 @@ public:
     bool sawFeedElement() const { return sawFeedElement_; }
     bool reachedLimit() const { return feed_.reachedLimit; }
 
-    /// The collected feed; the delegate is used up.
+    /// The collected feed.
     ParsedFeed takeFeed() &&;
 
 private:
@@ -64,7 +64,7 @@ private:
     std::vector<XMLBase> xmlBases_;  ///< of the open elements that have one
     // Depths count open elements, from 1; 0 means that there is no such element.
     std::size_t entryDepth_ = 0;
-    std::size_t mutedDepth_ = 0;  ///< element whose descendants say nothing about the entry
+    std::size_t mutedDepth_ = 0;  ///< element whose descendants are ignored
     std::size_t textDepth_ = 0;   ///< element whose text is collected
     std::string text_;
     ElementRole textRole_ = ElementRole::none;

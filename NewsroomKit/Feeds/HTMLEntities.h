@@ -23,7 +23,7 @@ std::optional<CharacterReference> characterReference(std::string_view text);
 /// The character meant by a control code of 128 to 159; any other is itself.
 char32_t withoutWindowsControls(char32_t character);
 
-/// All references decoded once; whatever is none stays.
+/// Decodes all references once; other text stays.
 std::string decodedEntities(std::string_view text);
 
 }  // namespace kit

@@ -13,7 +13,7 @@ namespace {
 
 constexpr auto none = std::string_view::npos;
 
-/// Elements that stand on lines of their own, and those that end one. Sorted.
+/// Elements that have lines of their own or end a line. Sorted.
 constexpr std::array<std::string_view, 34> lineElements{
     "address", "article",  "aside",      "blockquote", "br",     "dd",   "details", "div", "dl",
     "dt",      "fieldset", "figcaption", "figure",     "footer", "h1",   "h2",      "h3",  "h4",
@@ -169,16 +169,16 @@ void HTMLReader::finishLink() {
     links_.push_back(link);
 }
 
-/// Behind the ">" that closes the tag; one inside a quoted value does not count. A quotation
-/// mark without a partner is taken for an ordinary character, so that a publisher's slip
-/// costs one tag and not the rest of the text.
+/// The position after the ">" that closes the tag; one inside a quoted value does not count. An
+/// unmatched quotation mark counts as an ordinary character, so that a publisher's mistake costs
+/// one tag and not the rest of the text.
 std::size_t HTMLReader::tagEnd(std::size_t from) const {
     char previous = 0;
     for (auto at = from; at < html_.size(); ++at) {
         const char c = html_[at];
         if (c == '>') return at + 1;
         if ((c == '"' || c == '\'') && previous == '=') {
-            // Fails at most once for each kind of mark: behind the last one none is met.
+            // Fails at most once for each kind of mark, after the last one of its kind.
             const auto partner = html_.find(c, at + 1);
             if (partner != none) at = partner;
         }

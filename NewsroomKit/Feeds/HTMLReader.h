@@ -14,7 +14,7 @@ namespace kit {
 class HTMLReader {
 public:
     struct Options {
-        /// Links are remembered; those named "Continue reading…" are left out of the text.
+        /// Collects links; those named "Continue reading…" are left out of the text.
         bool readsLinks = false;
         bool keepsLineBreaks = false;  ///< a line break of the source ends a line
         /// Reading stops soon after the text has this many bytes.
@@ -25,15 +25,16 @@ public:
     struct Link {
         std::size_t begin;
         std::size_t end;
-        std::string_view tag;  ///< as tagAttribute wants it
+        std::string_view tag;  ///< as tagAttribute expects it
     };
 
     HTMLReader(std::string_view html, Options options);
 
-    /// Lines separated by "\n". To be called once.
+    /// The text, with lines separated by "
+    /// ". Call it once.
     std::string read();
 
-    /// The links with words among what was read, in order. To be called once, behind read.
+    /// The links with words in the text, in order. Call it once, after read().
     std::vector<Link> takeLinks() { return std::move(links_); }
 
 private:

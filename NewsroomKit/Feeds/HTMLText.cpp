@@ -15,7 +15,7 @@ namespace {
 constexpr auto none = std::string_view::npos;
 constexpr std::size_t postTitleLimit = 120;
 
-/// Bytes of text that hold `limit` user-perceived characters of any living script, and the
+/// Bytes that suffice for `limit` user-perceived characters of any living script, and for the
 /// footers that may begin among them.
 constexpr std::size_t bytesFor(std::size_t limit) {
     constexpr std::size_t bytesOfCharacter = 16;
@@ -44,18 +44,18 @@ std::string postTitle(std::string_view html) {
 }
 
 std::string excerpt(std::string_view html, std::size_t limit, std::string_view itemLink) {
-    // 1. Whole elements that hold no prose.
+    // 1. Drop whole elements without prose.
     std::string storage;
     const auto kept = withoutEmbeddedElements(html, storage);
 
-    // 2. Plain text, as much as can be needed.
+    // 2. Read as much plain text as may be needed.
     HTMLReader reader(kept, {.readsLinks = true, .enough = bytesFor(limit)});
     auto text = reader.read();
 
-    // 3. What a publisher's software wrote below the text.
+    // 3. Drop what the publisher's software wrote below the text.
     text = withoutExcerptEnding(std::move(text), reader.takeLinks(), itemLink);
 
-    // 4. A cut may lay a line open that only divided the text.
+    // 4. After a cut, a line that only divided the text may be the last one.
     auto cut = cutAtBoundary(text, limit);
     if (cut.find('\n') != none) cut.resize(withoutBareLines(cut).size());
     return cut;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr auto none = std::string_view::npos;
 
-/// Counters and share buttons, which stand in every item of a feed; in lower case.
+/// Addresses of counters and share buttons, which are in every item of a feed; in lower case.
 constexpr std::array<std::string_view, 15> addressesOfButtons{
     "/emoji/",      "/smilies/",   "feedburner.com/~",    "feedblitz.com/~", "feedpress.me",
     "feedsportal",  "pheedo.com/", "feeds.wordpress.com", "flattr",          "/pml.png",
@@ -53,14 +53,13 @@ bool hasPixelSize(std::string_view tag) {
     return false;
 }
 
-/// Where share buttons lead to; in lower case.
+/// Addresses that share buttons lead to, in lower case.
 constexpr std::array<std::string_view, 12> shareAddresses{
     "facebook.com/sharer", "facebook.com/share.php", "twitter.com/home?status", "twitter.com/share",
     "twitter.com/intent",  "x.com/intent",           "digg.com/submit",         "del.icio.us/post",
     "reddit.com/submit",   "stumbleupon.com",        "linkedin.com/share",      "addtoany.com"};
 
-/// Whether the tag of a picture, which lies in `html`, stands directly behind that of a link to
-/// a service where the item is to be shared.
+/// Whether the picture's tag, a part of `html`, directly follows the tag of a share link.
 bool isInShareLink(std::string_view html, std::string_view tag) {
     auto before = html.substr(0, static_cast<std::size_t>(tag.data() - html.data()));
     before = before.substr(0, before.rfind('<'));
@@ -79,7 +78,7 @@ public:
 
     struct Picture {
         std::string_view address;  ///< still encoded
-        std::string_view tag;      ///< the inside of its tag
+        std::string_view tag;      ///< the tag without its angle brackets
     };
 
     std::optional<Picture> next() {

@@ -22,7 +22,7 @@ std::string_view embeddedNameAt(std::string_view html, std::size_t at) {
     return {};
 }
 
-/// Where the text goes on behind the closing tag of `name`.
+/// The position after the closing tag of `name`.
 std::size_t endOfElement(std::string_view html, std::size_t from, std::string_view name) {
     for (auto at = html.find("</", from); at != none; at = html.find("</", at + 2)) {
         if (!standsAt(html, at + 2, name)) continue;

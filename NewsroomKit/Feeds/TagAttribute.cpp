@@ -11,7 +11,7 @@ constexpr std::string_view whiteSpace = " \t\n\v\f\r";
 constexpr std::string_view betweenAttributes = " \t\n\v\f\r/\"'";
 constexpr std::string_view behindName = " \t\n\v\f\r/=";
 
-/// Takes what stands before one of the characters, or everything.
+/// Splits off the text before the first of the characters, or everything.
 std::string_view takeUntil(std::string_view& rest, std::string_view characters) {
     const auto taken = rest.substr(0, rest.find_first_of(characters));
     rest.remove_prefix(taken.size());

@@ -33,8 +33,8 @@ bool isSpaceAt(std::string_view text, std::size_t at) {
     return at < text.size() && (text[at] == ' ' || text[at] == '\n');
 }
 
-/// Whether a sentence or line ends where `head` ends and `tail` goes on. "iOS 26.1 vs. " is
-/// followed by a small letter and so is no end.
+/// Whether a sentence or line ends between `head` and `tail`. "iOS 26.1 vs. " is followed by a
+/// small letter and so does not end one.
 bool endsSentence(std::string_view head, std::string_view tail) {
     const auto next = tail.find_first_not_of(" \n");
     if (tail.substr(0, next).find('\n') != std::string_view::npos) return true;
@@ -70,7 +70,7 @@ std::size_t lastWordBoundary(std::string_view text, std::size_t end) {
     return boundary;
 }
 
-/// A head without any space that can be used: another script, or one endless word.
+/// Cuts a head without a usable space: another script, or one very long word.
 std::string cutInsideWord(std::string_view text, std::size_t room) {
     constexpr std::size_t lookahead = 64;
     const auto boundary = lastWordBoundary(text.substr(0, room + lookahead), room);
@@ -83,7 +83,7 @@ std::string cut(std::string_view text, std::size_t limit, Sentences rule) {
     if (limit == 0) return {};
     const auto whole = firstCharacters(text, limit).size();
     if (whole == text.size()) return std::string(text);
-    // One character less, because "…" needs its place.
+    // One character fewer, because "…" counts as one.
     const auto room = firstCharacters(text.substr(0, whole), limit - 1).size();
 
     for (auto at = whole; at > room / 2; --at) {

@@ -6,13 +6,13 @@
 
 namespace kit {
 
-/// Ends work that nobody waits for any longer: the program ends, or the work has taken far more
-/// time than any real feed needs. Long loops ask it between two steps.
+/// Stops work that is no longer wanted: the program ends, or the work has taken far longer than any
+/// real feed needs. Long loops check it between two steps.
 class WorkLimit {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// Work without end.
+    /// No limit.
     WorkLimit() = default;
 
     WorkLimit(std::stop_token stop, Clock::time_point deadline)

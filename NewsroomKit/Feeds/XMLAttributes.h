@@ -7,8 +7,8 @@
 
 namespace kit {
 
-/// The attributes of a start tag as the XML parser hands them out: five pointers each.
-/// Valid only while the tag is being reported.
+/// The attributes of a start tag in the XML parser's form, five pointers each. Valid only during
+/// the parser's callback.
 class XMLAttributes {
 public:
     struct Attribute {

@@ -8,12 +8,12 @@
 namespace kit {
 namespace {
 
-// All that a document's entities may expand to. A feed that spells its name with one uses a
-// few thousand bytes.
+// The total expansion of a document's entities. A feed that writes its name with one uses a few
+// thousand bytes.
 constexpr std::size_t mostExpanded = 2'000'000;
 constexpr std::size_t deepestEntity = 40;
 
-/// Text as an attribute's value would spell it.
+/// Escapes text as in an attribute's value.
 std::string escapedForAttribute(std::string_view text) {
     std::string escaped;
     escaped.reserve(text.size());
@@ -27,7 +27,7 @@ std::string escapedForAttribute(std::string_view text) {
     return escaped;
 }
 
-/// While declarations are read, the library asks for each entity that it has just declared.
+/// While it reads declarations, the library looks up each entity that it has just declared.
 bool readsDeclarations(const xmlParserCtxt& context) {
     return context.instate != XML_PARSER_CONTENT && context.instate != XML_PARSER_ATTRIBUTE_VALUE;
 }
@@ -50,7 +50,7 @@ bool XMLEntities::spend(std::size_t bytes) {
     return !isOverspent_;
 }
 
-/// Null when that would cost too much.
+/// The expanded text; null when it would be too long.
 const std::string* XMLEntities::textOf(Declared& entity, std::size_t depth) {
     if (!entity.text) {
         if (entity.isBeingExpanded || depth > deepestEntity) isOverspent_ = true;
@@ -109,8 +109,8 @@ xmlEntityPtr XMLEntities::find(const xmlParserCtxt& context, const xmlChar* name
     entity_.name = name;
     entity_.content = reinterpret_cast<xmlChar*>(text_.data());
     entity_.length = static_cast<int>(text_.size());
-    // In text a predefined entity is handed over at once, where a general one would get a
-    // parser of its own. In an attribute only the first byte of a predefined one counts.
+    // In text a predefined entity is passed on at once, whereas a general one would get a parser of
+    // its own. In an attribute only the first byte of a predefined one counts.
     entity_.etype = inAttribute ? XML_INTERNAL_GENERAL_ENTITY : XML_INTERNAL_PREDEFINED_ENTITY;
     return &entity_;
 }

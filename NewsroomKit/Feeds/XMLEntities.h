@@ -10,22 +10,23 @@
 
 namespace kit {
 
-/// Serves libxml2's parsers the entities of a document: those that its internal subset declares,
-/// and the names that HTML has and XML has not ("&nbsp;"). A declared entity is served as plain
-/// text, so that the library never parses its value. One object for each parser.
+/// Provides the entities of a document to libxml2: those that its internal subset declares, and
+/// HTML's names that XML lacks ("&nbsp;"). A declared entity is provided as plain text, so that the
+/// library never parses its value. One object per parser.
 class XMLEntities {
 public:
-    /// For the entityDecl callback: an internal general entity. The first of a name counts.
+    /// For the entityDecl callback: an internal general entity. The first declaration of a name
+    /// counts.
     void declare(const xmlChar* name, const xmlChar* value);
 
     /// For the getEntity callback: valid until the next call; null for an unknown name.
     xmlEntityPtr find(const xmlParserCtxt& context, const xmlChar* name);
 
-    /// Whether `name` stands for something, XML's own five names included.
+    /// Whether `name` is an entity, XML's own five included.
     bool knows(std::string_view name) const;
 
-    /// Whether the document wants more text from its entities than any honest one, or declares
-    /// an entity by itself.
+    /// True when the entities of the document expand to more text than any honest document needs,
+    /// or when one refers to itself.
     bool isOverspent() const { return isOverspent_; }
 
 private:
@@ -46,7 +47,7 @@ private:
     std::string text_;
 };
 
-/// Makes libxml2 ready, once for the process, before threads can meet in it.
+/// Initialises libxml2 once per process, before several threads use it.
 void prepareXMLParser();
 
 }  // namespace kit

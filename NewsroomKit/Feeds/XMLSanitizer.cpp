@@ -25,7 +25,7 @@ bool isNoncharacterAt(std::string_view text, std::size_t at) {
     return character == "\xEF\xBF\xBE" || character == "\xEF\xBF\xBF";
 }
 
-/// Length of a reference such as "&#x1F;" that stands for a forbidden character, else 0.
+/// Length of a reference such as "&#x1F;" to a forbidden character, else 0.
 std::size_t forbiddenReferenceLength(std::string_view text, std::size_t at) {
     std::size_t digits = at + 2;
     const bool hexadecimal = digits < text.size() && text[digits] == 'x';
@@ -53,8 +53,8 @@ bool hasNoncharacter(std::string_view text, std::size_t begin, std::size_t end) 
     return false;
 }
 
-/// What a block of text may hold, found without branches so that the compiler turns it into
-/// vector instructions: nearly every feed is clean, and this is all it pays for.
+/// Signs of forbidden characters in a block of text, computed without branches so that the compiler
+/// vectorises the loop: nearly every feed is clean and costs no more than this.
 struct BlockSigns {
     unsigned char forbidden = 0;
     unsigned char reference = 0;
@@ -77,7 +77,7 @@ BlockSigns signsIn(std::string_view text, std::size_t begin, std::size_t end) {
 bool isClean(std::string_view text) {
     constexpr std::size_t blockSize = 1024;
     if (text.empty()) return true;
-    // The last byte has no neighbour to look at.
+    // The last byte has no successor.
     const auto last = text.size() - 1;
     if (isForbiddenByte(text[last])) return false;
     for (std::size_t begin = 0; begin < last; begin += blockSize) {
@@ -111,7 +111,7 @@ std::string_view withoutStart(std::string_view text) {
 std::string_view withoutDeclaration(std::string_view text) {
     constexpr std::string_view opening = "<?xml";
     if (!text.starts_with(opening) || text.size() == opening.size()) return text;
-    // "<?xml-stylesheet" is no declaration.
+    // "<?xml-stylesheet" is not a declaration.
     if (!isSkippedAtStart(text[opening.size()])) return text;
     const auto end = text.find("?>");
     return end == std::string_view::npos ? text : text.substr(end + 2);
@@ -119,13 +119,13 @@ std::string_view withoutDeclaration(std::string_view text) {
 
 constexpr auto none = std::string_view::npos;
 
-/// Where the text goes on behind the first `ending`.
+/// The position after the first `ending`.
 std::size_t behind(std::string_view text, std::string_view ending, std::size_t from) {
     const auto at = text.find(ending, from);
     return at == none ? text.size() : at + ending.size();
 }
 
-/// Behind the comment or instruction at `at`; `at` when neither begins there.
+/// The position after the comment or instruction at `at`; `at` when neither begins there.
 std::size_t behindRemark(std::string_view text, std::size_t at) {
     const auto rest = text.substr(at);
     if (rest.starts_with("<!--")) return behind(text, "-->", at + 4);
@@ -133,8 +133,8 @@ std::size_t behindRemark(std::string_view text, std::size_t at) {
     return at;
 }
 
-/// Behind the document type at `at`, whose declarations may hold any character in quotes. A
-/// comment between them may hold a single quote.
+/// The position after the document type at `at`, whose declarations may contain any character in
+/// quotes. A comment between them may contain a single quote.
 std::size_t behindDocumentType(std::string_view text, std::size_t at) {
     bool inSubset = false;
     for (++at; (at = text.find_first_of("<\"'[]>", at)) != none;) {
@@ -154,7 +154,8 @@ std::size_t behindDocumentType(std::string_view text, std::size_t at) {
     return text.size();
 }
 
-/// Behind the part at `at` in which "&" has no meaning; `at` when no such part begins there.
+/// The position after the part at `at` in which "&" has no meaning; `at` when no such part begins
+/// there.
 std::size_t behindVerbatim(std::string_view text, std::size_t at) {
     const auto rest = text.substr(at);
     if (rest.starts_with("<![CDATA[")) return behind(text, "]]>", at);
