@@ -11,7 +11,7 @@
 #include "NewsroomKit/Records/TextDates.h"
 #include "NewsroomKit/HTTP/BodyFetch.h"
 
-/// How answers of the archive are fetched and read.
+/// Fetches and reads answers of the archive.
 namespace kit {
 
 inline constexpr std::size_t kArchiveByteLimit = 4'194'304;
@@ -19,8 +19,8 @@ inline constexpr std::size_t kArchiveByteLimit = 4'194'304;
 /// Throws RecordError when `body` is not JSON.
 json::value archiveJSON(std::string_view body);
 
-/// The answer, whole or not at all: throws RecordError, which names the place of the fault. Dates
-/// must be text.
+/// Decodes a complete answer, whose dates must be text. Throws RecordError with the path of a
+/// fault.
 template <class Answer>
 Answer archiveAnswer(std::string_view body) {
     const auto value = archiveJSON(body);
@@ -28,7 +28,7 @@ Answer archiveAnswer(std::string_view body) {
     return decode<Answer>(value);
 }
 
-/// What it throws is archiveAnswer's.
+/// Throws what archiveAnswer throws.
 template <class Answer>
 boost::asio::awaitable<FetchResult<Answer>> fetchArchiveAnswer(HTTPClient& http,
                                                                std::string address) {

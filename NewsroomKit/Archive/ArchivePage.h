@@ -8,7 +8,7 @@
 
 namespace kit {
 
-/// A story as the archive keeps it.
+/// A story in the archive.
 struct ArchivedStory {
     std::string source{};  ///< id of the source that published it
     std::string sourceName{};
@@ -17,7 +17,7 @@ struct ArchivedStory {
     Instant publishedAt{};
     std::optional<LenientBool> dayOnly{};  ///< only the day of publishedAt is known; absent: no
     std::optional<std::string> author{};
-    std::optional<std::string> lead{};  ///< how it begins
+    std::optional<std::string> lead{};  ///< the beginning of the article
     std::optional<std::vector<ServerCredit>> credits{};
 
     bool isDayOnly() const { return dayOnly.value_or(LenientBool()).value; }

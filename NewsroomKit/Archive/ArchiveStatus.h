@@ -10,13 +10,13 @@ namespace kit {
 
 /// How complete the archive is. `complete` and `sources` are required.
 struct ArchiveStatus {
-    /// The service's figures for one source. Absent: it does not know.
+    /// The service's figures for one source. Absent figures are unknown.
     struct Source {
         std::string id{};
         std::string name{};
-        std::optional<LenientInt> listed{};   ///< stories that it knows to exist
+        std::optional<LenientInt> listed{};   ///< stories known to exist
         std::optional<LenientInt> stored{};   ///< of these, stories in the archive
-        std::optional<LenientInt> waiting{};  ///< and stories that it has yet to read
+        std::optional<LenientInt> waiting{};  ///< stories not yet read
 
         bool operator==(const Source&) const = default;
     };

@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Records/Codec.h"
 
-/// Values that services behind scripting languages write now one way and now another.
+/// Values whose JSON types vary, because services in scripting languages don't fix them.
 namespace kit {
 
 /// A count: a whole number, or its digits as text. Written as a number.

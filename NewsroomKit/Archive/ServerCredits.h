@@ -8,9 +8,9 @@
 
 namespace kit {
 
-/// An outlet, account or document that an archived story credits, as the service found it.
-/// The same fields as a SourceCredit, but the kind stays text, so that one more of the
-/// service's making does not cost the whole answer.
+/// An outlet, account or document that an archived story credits, as the service found it. Has the
+/// fields of a SourceCredit, but the kind stays text, so that a new kind does not invalidate the
+/// whole answer.
 struct ServerCredit {
     std::string kind{};                     ///< "post", "outlet", "apple", …
     std::optional<std::string> platform{};  ///< social platform of a credited post
@@ -22,12 +22,12 @@ struct ServerCredit {
     bool operator==(const ServerCredit&) const = default;
 };
 
-/// What several stories credit. Both keys are required, and may be empty.
+/// The credits of several stories. Both keys are required and may be empty.
 struct ServerCredits {
-    /// By the address that was asked for. A story without credits has an empty list, one that
-    /// the archive does not know has none.
+    /// By requested address. A story without credits has an empty list; one that the archive does
+    /// not know has no entry.
     LenientMap<std::vector<ServerCredit>> credits{};
-    std::vector<std::string> pending{};  ///< addresses that the service has yet to read
+    std::vector<std::string> pending{};  ///< addresses that the service has not read yet
 
     bool operator==(const ServerCredits&) const = default;
 };

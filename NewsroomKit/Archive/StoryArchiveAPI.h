@@ -14,18 +14,18 @@
 
 namespace kit {
 
-/// The maker's archive of the stories that the desk's sources published. Every answer is taken
-/// whole or not at all: what the operations throw is archiveAnswer's.
+/// The service's archive of stories that the desk's sources published. Operations throw what
+/// archiveAnswer throws; a faulty answer is refused as a whole.
 struct StoryArchiveAPI {
     std::string base;  ///< ends in "/wp-json/tb-archive/v1/"; see archiveBaseAt()
     HTTPClient& http;
 
-    /// Throws UnsendableInstant at the call: nothing is sent.
+    /// Throws UnsendableInstant at once, before anything is sent.
     boost::asio::awaitable<FetchResult<ArchivePage>> stories(ArchivePeriod period,
                                                              std::int64_t offset,
                                                              std::int64_t limit) const;
     boost::asio::awaitable<FetchResult<ArchiveStatus>> status() const;
-    /// Of the stories at these addresses, all in one request.
+    /// The credits of the stories at these addresses, in one request.
     boost::asio::awaitable<FetchResult<ServerCredits>> credits(
         const std::vector<std::string>& stories) const;
 };

@@ -10,12 +10,12 @@
 
 namespace kit {
 
-/// Follows a story back through the outlets that ran it, at the maker's archive.
+/// Traces a story back through the outlets that ran it, with the archive service.
 struct TraceAPI {
     std::string base;  ///< ends in "/wp-json/tb-archive/v1/"; see archiveBaseAt()
     HTTPClient& http;
 
-    /// `story` is its address. What it throws is archiveAnswer's.
+    /// `story` is its address. Throws what archiveAnswer throws.
     boost::asio::awaitable<FetchResult<TraceResult>> trace(std::string_view story) const;
 };
 

@@ -23,13 +23,13 @@ struct TraceNode {
     std::optional<std::string> publisher{};
     std::optional<Instant> publishedAt{};
     Precision precision = Precision::unknown;
-    std::optional<LenientBool> readable{};  ///< the service could read the page; absent: not said
-    /// How it refers to the node that it hangs below: "linked", "named", …
+    std::optional<LenientBool> readable{};  ///< the service could read the page; absent: unknown
+    /// How it refers to its parent node: "linked", "named", …
     std::optional<std::string> relation{};
-    /// 0 for an origin; a node hangs below the last one before it that is less deep.
+    /// 0 for an origin; a node's parent is the last earlier node with a smaller depth.
     LenientInt depth{};
     std::optional<std::string> note{};      ///< the words of the reference
-    std::optional<std::string> platform{};  ///< for a social post
+    std::optional<std::string> platform{};  ///< of a social post
 
     /// kLinkedAs, kNamedAs, or empty when the relation is neither.
     std::string_view relationWording() const;
@@ -42,9 +42,9 @@ struct TraceResult {
     static constexpr std::string_view kWhileItRuns = "Looking for every outlet that ran it…";
 
     std::string url{};                   ///< of the traced story
-    std::optional<std::string> query{};  ///< the words that were looked for
+    std::optional<std::string> query{};  ///< the words that were searched for
     std::vector<TraceNode> nodes{};
-    std::optional<LenientInt> searched{};  ///< sources that were looked through
+    std::optional<LenientInt> searched{};  ///< sources that were searched
 
     bool operator==(const TraceResult&) const = default;
 };

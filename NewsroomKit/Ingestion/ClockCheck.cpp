@@ -10,7 +10,7 @@ void ClockCheck::add(Instant local, std::chrono::sys_seconds server) {
                         difference);
 }
 
-/// The median. Of two middle ones the smaller difference counts: in doubt the clock is right.
+/// The median. Of two middle values the smaller difference counts, in favour of the clock.
 Instant::duration ClockCheck::difference() const {
     if (differences_.empty()) return {};
     const auto upper = differences_[differences_.size() / 2];

@@ -7,19 +7,19 @@
 
 namespace kit {
 
-/// Compares this computer's clock with the dates of the servers' answers. What most servers say
-/// counts, because single servers have wrong clocks too.
+/// Compares this computer's clock with the dates of the servers' answers. The majority counts,
+/// because single servers have wrong clocks too.
 class ClockCheck {
 public:
-    /// Time zones and slow caches make smaller differences.
+    /// Wrong time zones and slow caches cause smaller differences.
     static constexpr std::chrono::hours kTolerance{24};
 
-    /// Forgets all answers. The clock may have been set since.
+    /// Forgets all answers, because the clock may have been changed since.
     void reset() { differences_.clear(); }
 
     void add(Instant local, std::chrono::sys_seconds server);
 
-    /// False as long as no answer had a date.
+    /// False while no answer had a date.
     bool seemsWrong() const;
 
     /// The servers' time when the clock seems wrong, otherwise `local` itself.
@@ -28,7 +28,7 @@ public:
 private:
     Instant::duration difference() const;
 
-    std::vector<Instant::duration> differences_;  ///< how far the clock is ahead; rising
+    std::vector<Instant::duration> differences_;  ///< how far the clock is ahead; ascending
 };
 
 }  // namespace kit

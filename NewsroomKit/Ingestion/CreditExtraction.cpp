@@ -17,10 +17,10 @@ namespace kit {
 
 namespace {
 
-// A link further from its phrase belongs to another thought.
+// A link further from its phrase is unrelated to it.
 constexpr std::size_t kReach = 48;
 
-// Some four thousand words: who broke a story is told by then.
+// About 5,000 words: a text credits its source before that.
 constexpr std::size_t kReadBytes = 32 * 1024;
 
 /// "@name" or "@name@server.example" at the start of `text`.
@@ -98,7 +98,7 @@ public:
 private:
     bool isFull() const { return credits_.size() >= kCreditLimit; }
 
-    /// What stands behind a credit phrase: a link soon after, a handle, or a name.
+    /// Credits what follows a credit phrase: a nearby link, a handle, or a name.
     void creditAfter(const CreditPhrase& phrase) {
         const std::string words = lowercasedASCII(
             std::string_view(linked_.text).substr(phrase.begin, phrase.end - phrase.begin));
@@ -124,15 +124,15 @@ private:
         }
     }
 
-    /// "via HTTPS" and "via Settings" credit nobody: after these phrases a bare name counts
-    /// only when it is an outlet's.
+    /// "via HTTPS" and "via Settings" are not credits: after these phrases a bare name counts only
+    /// when it is an outlet's.
     static bool isNameCredited(std::string_view name, std::string_view phrase) {
         const bool loose = phrase == "via" || phrase == "h/t" || phrase == "credit to";
         return !loose || isKnownOutletName(name);
     }
 
-    /// Without a credit phrase only posts, Apple's documents and known outlets count. Most
-    /// links are none of them, which their host tells without taking them apart.
+    /// Without a credit phrase only posts, Apple's documents and known outlets count. Most links
+    /// are none of these, which their host shows without parsing them.
     void creditLink(const LinkedText::Link& link, std::optional<std::string> phrase) {
         const auto host = hostOf(link.address);
         if (host.empty() || (!siteHost_.empty() && isHostOrSubhost(host, siteHost_))) return;

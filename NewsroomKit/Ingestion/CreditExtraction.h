@@ -7,11 +7,10 @@
 
 namespace kit {
 
-/// The outlets, accounts and Apple documents that an item's HTML credits, its content read
-/// before its summary: what follows a credit phrase ("according to", "first reported by"),
-/// links to social posts, to known outlets and to Apple's own announcements. The item's own
-/// site and name are no credit; each credit is named once, in the order of the text, at most
-/// kCreditLimit of them.
+/// The outlets, accounts and Apple documents that an item's HTML credits, its content read before
+/// its summary: what follows a credit phrase ("according to", "first reported by"), links to social
+/// posts, to known outlets and to Apple's own announcements. The item's own site and name are not
+/// credits. Credits are unique, in the order of the text, and at most kCreditLimit.
 std::vector<SourceCredit> extractCredits(std::string_view contentHTML, std::string_view summaryHTML,
                                          std::string_view siteURL, std::string_view sourceName);
 

@@ -12,7 +12,7 @@ namespace kit {
 
 namespace {
 
-// By first letter, so that few are compared at each word.
+// Sorted by first letter, so that only a few are compared at each word.
 constexpr std::array<std::string_view, 11> kPhrases{"according to",
                                                     "as reported by",
                                                     "credit to",
@@ -25,10 +25,10 @@ constexpr std::array<std::string_view, 11> kPhrases{"according to",
                                                     "spotted by",
                                                     "via"};
 
-/// What a byte, in either letter case, means for finding phrases.
+/// The role of a byte, in either letter case, in finding phrases.
 struct ByteClass {
-    std::uint32_t seconds = 0;  ///< bit n: a phrase goes on with a character whose low bits are n
-    bool mayEndWord = false;    ///< a word may begin behind it
+    std::uint32_t seconds = 0;  ///< bit n: a phrase continues with a character whose low bits are n
+    bool mayEndWord = false;    ///< a word may begin after it
     unsigned char firstPhrase = 0;  ///< range of kPhrases that begin with it
     unsigned char endPhrase = 0;
 };
@@ -63,7 +63,7 @@ bool beginsWord(std::string_view text, std::size_t at) {
     return !isLetter(before) && !isNumber(before);
 }
 
-/// The end of the credit phrase that stands at `at` as whole words; nothing when none does.
+/// The end of the credit phrase at `at`, as whole words; nothing when there is none.
 std::optional<std::size_t> phraseEnd(std::string_view text, std::size_t at) {
     const ByteClass& first = classAt(text, at);
     for (auto i = first.firstPhrase; i < first.endPhrase; ++i) {
@@ -83,7 +83,7 @@ std::size_t wordCharacterAt(std::string_view text, std::size_t at) {
     return isLetter(decoded.value) || isNumber(decoded.value) ? decoded.length : 0;
 }
 
-// Nearly every byte is passed over by one look at it and its neighbours.
+// One check of a byte and its neighbours skips nearly every byte.
 std::vector<CreditPhrase> findCreditPhrases(std::string_view text) {
     std::vector<CreditPhrase> found;
     bool mayBegin = true;

@@ -25,10 +25,10 @@ namespace asio = boost::asio;
 
 namespace {
 
-// A page names its main feed first; what follows are feeds of comments and sections.
+// A page names its main feed first, then feeds of comments and sections.
 constexpr std::size_t kMostLinksTried = 3;
 
-// Even the most tedious document takes a tenth of it.
+// Even the slowest known document takes a tenth of this.
 constexpr std::chrono::seconds kLongestReading{10};
 
 constexpr std::size_t kLongestAddressShown = 120;
@@ -39,7 +39,7 @@ SourceFetch::Failed failedWith(const FetchError& error) {
             .offline = error == FetchError(URLError::notConnectedToInternet)};
 }
 
-/// The user knows the page's address, but not that of the feed which the page names.
+/// The user knows the page's address but not that of the feed it names, so the text includes both.
 SourceFetch::Failed unusable(const std::string& feed, SourceFetch::Failed failed) {
     const auto address = cutAtWord(maskedSecrets(feed), kLongestAddressShown);
     failed.text = "The page names the feed " + address + ", which can't be used. " + failed.text;
@@ -48,7 +48,7 @@ SourceFetch::Failed unusable(const std::string& feed, SourceFetch::Failed failed
 
 }  // namespace
 
-/// What a body turned out to be.
+/// The outcome of reading a body.
 struct FeedClient::Reading {
     std::variant<SourceFetch::Stories, FeedParserError> result = FeedParserError::notAFeed;
     std::vector<std::string> feedLinks = {};  ///< of a web page
@@ -56,8 +56,8 @@ struct FeedClient::Reading {
     bool isAbandoned = false;  ///< the fetch was cancelled meanwhile
 };
 
-/// One pass over many sources: the queue, and an alarm for workers that wait until a host
-/// has room again.
+/// One pass over many sources: the queue, and a timer that wakes workers when a host has a free
+/// slot again.
 struct FeedClient::Pass {
     Pass(std::vector<NewsSource> sources, FetchQueue::Limits limits, Arrival& onArrival,
          Gate& onTurn, const asio::any_io_executor& executor)
@@ -111,7 +111,7 @@ asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const Ne
         co_return fetch;
     }
 
-    // A body that did not parse must come again: a 304 would hide that it was mended.
+    // A body that did not parse must be fetched again: a 304 would hide a correction.
     http_.validators().forget(address);
     if (address == source.feedURL) {
         co_return co_await fetchFeedOf(std::move(reading), source, std::move(fetch.record));
@@ -121,8 +121,8 @@ asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const Ne
     co_return fetch;
 }
 
-/// The first feed with a story among those that a web page names. Without any, an empty feed says
-/// most, then the first failure.
+/// The first feed with a story among those that a web page names. Otherwise an empty feed, else the
+/// first failure.
 asio::awaitable<SourceFetch> FeedClient::fetchFeedOf(Reading page, const NewsSource& source,
                                                      HTTPClient::Record record) {
     const auto namedBy = record.cameFromPublic ? NamedBy::publicPage : NamedBy::user;
@@ -132,7 +132,7 @@ asio::awaitable<SourceFetch> FeedClient::fetchFeedOf(Reading page, const NewsSou
         const auto cancellation = co_await asio::this_coro::cancellation_state;
         if (cancellation.cancelled() != asio::cancellation_type::none) break;
         if (link == source.feedURL) continue;
-        // In full: what another source got from that address is not this one's.
+        // Unconditional: another source's validators for that address do not apply to this one.
         auto linked = co_await fetchFrom(link, source, Conditional::no, namedBy);
         if (auto* stories = std::get_if<SourceFetch::Stories>(&linked.outcome)) {
             stories->pageTitle = page.pageTitle;
@@ -154,8 +154,8 @@ asio::awaitable<SourceFetch> FeedClient::fetchFeedOf(Reading page, const NewsSou
 
 asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const NewsSource& source,
                                                       std::string address, Instant now) {
-    // The cancellation itself would end the coroutine on a thread of the pool, where nobody
-    // could catch it. It only tells the work to stop.
+    // A cancellation would end the coroutine on a pool thread, where nothing could catch it. So it
+    // only asks the work to stop.
     const auto cancellation = co_await asio::this_coro::cancellation_state;
     std::stop_source stop;
     if (cancellation.cancelled() != asio::cancellation_type::none) stop.request_stop();
@@ -175,7 +175,7 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
                 .feedURL = address};
         } else {
             reading.result = parsed.error();
-            // Links inside a feed that is cut off are its stories' and lead to strangers.
+            // Links inside a truncated feed belong to its stories and lead to other sites.
             const bool isPage = parsed.error() == FeedParserError::notAFeed;
             if (isPage) {
                 reading.feedLinks = pageFeedLinks(body, address);
@@ -185,7 +185,7 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
                 reading.feedLinks.resize(kMostLinksTried);
             }
         }
-        // A part of the stories would look as if the feed had dropped the others.
+        // With only some of the stories, the feed would seem to have dropped the others.
         if (limit.isReached()) reading.result = FeedParserError::malformed;
         reading.isAbandoned = stop.stop_requested();
         co_return reading;
@@ -198,7 +198,7 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
 }
 
 asio::awaitable<void> FeedClient::work(Pass& pass) {
-    // What has come when the pass is cancelled still arrives.
+    // Answers received before the pass is cancelled are still delivered.
     co_await asio::this_coro::throw_if_cancelled(false);
     const auto cancellation = co_await asio::this_coro::cancellation_state;
     while (cancellation.cancelled() == asio::cancellation_type::none && !pass.queue.isEmpty()) {

@@ -17,9 +17,9 @@
 
 namespace kit {
 
-/// Fetches sources and makes their stories: request, parse, convert, label. Waiting happens
-/// in coroutines of the caller's executor, which must run one handler at a time; parsing
-/// and converting happen on the worker threads.
+/// Fetches sources and produces their stories: request, parse, convert, label. Coroutines wait on
+/// the caller's executor, which must run one handler at a time; parsing and conversion run on
+/// worker threads.
 class FeedClient {
 public:
     static constexpr std::size_t kByteLimit = 6'291'456;
@@ -30,7 +30,7 @@ public:
         FetchQueue::Limits hostLimits = {};
     };
 
-    /// Called on the caller's executor, once for every source, in the order of their ends.
+    /// Called on the caller's executor, once per source, in the order of completion.
     using Arrival = std::function<void(const NewsSource&, SourceFetch)>;
 
     FeedClient(HTTPClient& http, const StoryConversion& conversion,
@@ -38,14 +38,14 @@ public:
 
     boost::asio::awaitable<SourceFetch> fetch(NewsSource source);
 
-    /// Knows the dates of all answers since it was last reset. For use on the caller's executor.
+    /// Has the dates of all answers since its last reset. For use on the caller's executor.
     ClockCheck& clockCheck() { return clockCheck_; }
 
-    /// Asked on the caller's executor just before a source's turn: false leaves it out, and it
-    /// does not arrive.
+    /// Called on the caller's executor just before a source is fetched: false skips it, and it does
+    /// not arrive.
     using Gate = std::function<bool(const NewsSource&)>;
 
-    /// Ends when every source has arrived, or soon after it is cancelled.
+    /// Completes when every source has arrived, or soon after it is cancelled.
     boost::asio::awaitable<void> fetchAll(std::vector<NewsSource> sources, Arrival arrival,
                                           Gate gate = {});
 

@@ -10,7 +10,7 @@ namespace kit {
 std::string FetchQueue::hostOf(const NewsSource& source) {
     const auto address = WebAddress::parse(source.feedURL);
     if (!address) return {};
-    // One server under many names.
+    // Reddit's many host names share one server.
     return isHostOrSubhost(address->host, hosts::kReddit) ? std::string(hosts::kReddit)
                                                           : address->host;
 }

@@ -11,8 +11,8 @@
 
 namespace kit {
 
-/// The order in which a pass fetches its sources: first come, first served, but never more
-/// than a few requests at once to one host, so that no outlet sees the desk as a crowd.
+/// The order in which a pass fetches its sources: first in, first out, but only a few requests at a
+/// time per host, so that no server is flooded.
 class FetchQueue {
 public:
     struct Limits {
@@ -22,15 +22,15 @@ public:
 
     FetchQueue(std::vector<NewsSource> sources, Limits limits);
 
-    /// The next source whose host has room; it counts as in flight until `finished`.
-    /// Nothing when no source is left, or when all that are left wait for their host.
+    /// The next source whose host has a free slot; it is in flight until `finished`. Nothing when
+    /// no source is left or all remaining ones wait for their host.
     std::optional<NewsSource> take();
 
     void finished(const NewsSource& source);
 
     bool isEmpty() const { return waiting_.empty(); }
 
-    /// The host that the source's limits go by: one name for all of Reddit's.
+    /// The host to which the limits of the source apply; one name for all of Reddit's.
     static std::string hostOf(const NewsSource& source);
 
 private:

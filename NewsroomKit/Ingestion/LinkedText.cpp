@@ -16,7 +16,7 @@ constexpr std::size_t kLongestTag = 4096;
 
 bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f'; }
 
-/// The name at the start of a tag's inside, without the "/" of a closing one.
+/// The name at the start of a tag's content, without the "/" of a closing tag.
 std::string_view tagName(std::string_view inside) {
     if (inside.starts_with('/')) inside.remove_prefix(1);
     std::size_t length = 0;
@@ -103,7 +103,7 @@ private:
         open_.reset();
     }
 
-    /// Behind the next `ending`, given in lower case, or at the end of the text.
+    /// Skips past the next `ending`, given in lower case, or to the end of the text.
     void skipTo(std::string_view ending) {
         for (auto found = html_.find(ending[0], at_); found != std::string_view::npos;
              found = html_.find(ending[0], found + 1)) {
@@ -129,7 +129,7 @@ public:
         skip([](char c) { return isSpace(c) || c == '/'; });
         if (rest_.empty()) return false;
         name_ = take([](char c) { return !isSpace(c) && c != '='; });
-        // A "=" without a name before it would stand still for ever.
+        // Without this, a "=" without a name would loop for ever.
         if (name_.empty()) rest_.remove_prefix(1);
         value_ = {};
         skip(isSpace);
@@ -183,7 +183,7 @@ std::size_t tagEnd(std::string_view html, std::size_t open) {
     auto at = first;
     while ((at = html.find_first_of("\"'>", at)) != std::string_view::npos) {
         if (html[at] == '>') return at;
-        // Only a value is quoted: an apostrophe elsewhere is none of the tag's business.
+        // Only values are quoted; an apostrophe elsewhere has no meaning for the tag.
         const bool isValue = html[html.find_last_not_of(" \t\r\n\f", at - 1)] == '=';
         const auto close = isValue ? html.find(html[at], at + 1) : at;
         if (close == std::string_view::npos) return html.find('>', at);

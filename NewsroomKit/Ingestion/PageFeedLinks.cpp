@@ -13,9 +13,9 @@ namespace kit {
 namespace {
 
 constexpr std::size_t kMostLinks = 20;
-// Looking for the end of a tag that has none takes a while.
+// Searching for the end of an unfinished tag is slow.
 constexpr int kMostUnfinishedTags = 50;
-// The head of a page comes first; what is further away is no head.
+// The head of a page comes first; a head does not reach further than this.
 constexpr std::size_t kHeadBytes = 512 * 1024;
 
 bool hasWord(std::string_view list, std::string_view word) {
@@ -25,14 +25,14 @@ bool hasWord(std::string_view list, std::string_view word) {
     return (at == 0 || list[at - 1] == ' ') && (end == list.size() || list[end] == ' ');
 }
 
-/// The name of a tag, as it stands behind "<", is followed by white space or "/".
+/// Whether the tag at `open` is `name`, followed by white space or "/".
 bool isTag(std::string_view html, std::size_t open, std::string_view name) {
     const auto after = open + 1 + name.size();
     return after < html.size() && equalsLowercase(html.substr(open + 1, name.size()), name) &&
            std::string_view(" \t\n\f\r/").find(html[after]) != std::string_view::npos;
 }
 
-/// The place of the next "<" that opens something outside comments.
+/// The position of the next "<" outside comments.
 std::size_t nextTag(std::string_view html, std::size_t from) {
     auto at = html.find('<', from);
     while (at != std::string_view::npos && html.substr(at, 4) == "<!--") {
@@ -43,7 +43,7 @@ std::size_t nextTag(std::string_view html, std::size_t from) {
     return at;
 }
 
-/// What a "link" element's tag names, if it is a feed.
+/// The feed address of a "link" element's tag; empty for other links.
 std::string feedNamedBy(std::string_view tag) {
     const auto rel = lowercasedASCII(attributeValue(tag, "rel"));
     const auto type = lowercasedASCII(attributeValue(tag, "type"));

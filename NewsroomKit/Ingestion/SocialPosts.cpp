@@ -22,15 +22,15 @@ std::optional<std::uint64_t> wholeNumber(std::string_view digits) {
     return number;
 }
 
-/// A number whose upper bits count milliseconds is a time only in this century so far.
+/// Rejects decoded times outside 2006 to 2099: such numbers don't contain a time.
 std::optional<Instant> plausible(Instant instant) {
     const bool sane = instant > Instant(std::chrono::sys_days(std::chrono::year{2006} / 1 / 1)) &&
                       instant < Instant(std::chrono::sys_days(std::chrono::year{2100} / 1 / 1));
     return sane ? std::optional(instant) : std::nullopt;
 }
 
-// X numbers its posts with the milliseconds since its own epoch above 22 bits. Before
-// November 2010 it just counted them.
+// X's post numbers have the milliseconds since its own epoch above 22 bits. Before November 2010
+// they were a plain count.
 std::optional<Instant> timeOfXPost(std::uint64_t number) {
     constexpr std::int64_t epoch = 1288834974657;
     constexpr std::uint64_t lastCounted = 30'000'000'000;
@@ -38,7 +38,7 @@ std::optional<Instant> timeOfXPost(std::uint64_t number) {
     return plausible(Instant(milliseconds(static_cast<std::int64_t>(number >> 22) + epoch)));
 }
 
-// Mastodon numbers its posts with milliseconds since 1970 above 16 bits.
+// Mastodon's post numbers have the milliseconds since 1970 above 16 bits.
 std::optional<Instant> timeOfMastodonPost(std::uint64_t number) {
     return plausible(Instant(milliseconds(static_cast<std::int64_t>(number >> 16))));
 }
@@ -60,7 +60,7 @@ std::optional<Instant> timeOfBlueskyPost(std::string_view key) {
 }  // namespace
 
 std::optional<SocialPost> socialPost(std::string_view text) {
-    // Every post's address has one of these in its path; most links need no parsing.
+    // The path of every post's address has one of these, so most links need no parsing.
     const bool possible = text.find("/@") != std::string_view::npos ||
                           text.find("/status/") != std::string_view::npos ||
                           text.find("/post/") != std::string_view::npos;

@@ -8,15 +8,15 @@
 
 namespace kit {
 
-/// A post on a social platform, as its address tells.
+/// A post on a social platform, as derived from its address.
 struct SocialPost {
     std::string platform;  ///< "X", "Bluesky", "Mastodon", "Threads"
     std::string account;   ///< "@name", with "@server" where accounts need one
-    /// Read from the post's number where the platform counts time in it.
+    /// Decoded from the post's number where that contains the time.
     std::optional<Instant> postedAt;
 };
 
-/// Nothing when the address is not one of a single post.
+/// Nothing when the address is not that of a single post.
 std::optional<SocialPost> socialPost(std::string_view address);
 
 }  // namespace kit

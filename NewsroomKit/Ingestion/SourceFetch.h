@@ -14,19 +14,20 @@ namespace kit {
 struct SourceFetch {
     struct Stories {
         std::vector<Story> list{};  ///< in the feed's order; none when the feed is empty
-        std::string feedTitle{};    ///< as the feed names itself; empty when it does not
-        std::string feedURL{};      ///< what was read: the source's address, or its page's feed
-        std::string pageTitle{};    ///< of the web page that led to the feed, when one did
+        std::string feedTitle{};    ///< the feed's own title; may be empty
+        /// the address that was read: the source's own, or that of its page's feed
+        std::string feedURL{};
+        std::string pageTitle{};  ///< of the web page that named the feed, if any
     };
     struct Failed {
         std::string text{};  ///< shown to the user
         bool cancelled = false;
-        bool offline = false;  ///< this computer has no network, so the source is not to blame
+        bool offline = false;  ///< this computer has no network, so the source has not failed
     };
     struct Unchanged {};
 
     std::variant<Stories, Failed, Unchanged> outcome = Unchanged{};
-    HTTPClient::Record record{};  ///< of the request that brought it
+    HTTPClient::Record record{};  ///< of the request
 };
 
 }  // namespace kit

@@ -42,8 +42,8 @@ std::string withoutLeadingName(std::string text, std::string_view name) {
     return std::string(trimHorizontalWhitespace(std::string_view(text).substr(at)));
 }
 
-/// Whether the excerpt only has the words of the links that are the whole content: some feeds
-/// write such a list once more as a summary without links.
+/// Whether the content is only links and the excerpt only repeats their words: some feeds repeat
+/// such a list as a summary without links.
 bool repeatsLinks(std::string_view excerptText, const std::string& contentHTML) {
     constexpr std::size_t longestWords = 160;
     constexpr std::size_t longestLinkList = 4096;
@@ -70,7 +70,7 @@ std::string summaryOf(const FeedEntry& entry, const NewsSource& source) {
     return withoutLeadingName(text, source.name);
 }
 
-/// "Headline - Publisher" of a news search; a title that is nothing else keeps it.
+/// Removes the publisher from "Headline - Publisher" of a news search, unless nothing else remains.
 std::string withoutPublisher(std::string title, const std::optional<std::string>& publisher) {
     if (!publisher) return title;
     const std::string ending = " - " + cleanHeadline(*publisher);
@@ -80,7 +80,7 @@ std::string withoutPublisher(std::string title, const std::optional<std::string>
     return headline.empty() ? title : std::string(headline);
 }
 
-/// The arrows and stars with which link blogs mark their entries.
+/// Removes the arrows and stars with which link blogs mark their entries.
 std::string withoutDecorations(std::string_view title) {
     for (const std::string_view ending : {" →", "→", " ★", " ↦", "↦"}) {
         if (title.ends_with(ending)) title.remove_suffix(ending.size());
@@ -93,7 +93,7 @@ std::string withoutDecorations(std::string_view title) {
 std::optional<std::string> authorOf(const FeedEntry& entry, const NewsSource& source) {
     if (!entry.author) return std::nullopt;
     std::string author = cleanHeadline(*entry.author);
-    // "desk@example.com (Jo Writer)" is how RSS wants authors written.
+    // RSS prescribes "desk@example.com (Jo Writer)" for authors.
     const auto open = author.find('(');
     const auto close = open == std::string::npos ? open : author.find(')', open);
     if (author.find('@') != std::string::npos && close != std::string::npos) {
@@ -104,7 +104,7 @@ std::optional<std::string> authorOf(const FeedEntry& entry, const NewsSource& so
     return author;
 }
 
-/// The post number in the guid of the system's own blog: "https://…/?p=1234".
+/// The post number in a guid of the built-in blog: "https://…/?p=1234".
 std::optional<std::int64_t> postNumber(const std::string& guid) {
     const auto question = guid.find('?');
     if (question == std::string::npos || guid.size() > kLongestLink) return std::nullopt;
@@ -120,7 +120,7 @@ std::optional<std::int64_t> postNumber(const std::string& guid) {
     return std::nullopt;
 }
 
-/// The kind that the medium alone gives; nothing for an article, which its words decide.
+/// The kind that the medium alone decides; nothing for articles, whose words decide.
 std::optional<StoryKind> kindOfMedium(const FeedEntry& entry, const NewsSource& source) {
     switch (entry.medium) {
         case FeedEntry::Medium::audio: return StoryKind::podcast;
@@ -149,7 +149,7 @@ std::optional<Story> StoryConversion::convert(const FeedEntry& entry, const News
     Story story;
     const bool isSearch = source.format == NewsSource::Format::googleNews;
 
-    // 1. to 3. An item without a headline or a link that opens is no story.
+    // 1. to 3. An item without a headline or a usable link is not a story.
     const auto& written = entry.link.empty() ? entry.guid : entry.link;
     if (written.size() > kLongestLink) return std::nullopt;
     story.link = links_.of(written);
@@ -161,7 +161,7 @@ std::optional<Story> StoryConversion::convert(const FeedEntry& entry, const News
     story.summary = summaryOf(entry, source);
     story.publishedAt = std::min(entry.publishedAt.value_or(now), now);
 
-    // 6. The headline without its decorations, and the outlet that it leads to.
+    // 6. The headline without its decorations, and the outlet that the link leads to.
     if (isSearch) {
         story.title = withoutPublisher(std::move(story.title), entry.publisher);
     } else {
@@ -170,7 +170,7 @@ std::optional<Story> StoryConversion::convert(const FeedEntry& entry, const News
         story.destinationName = publisherNameOfHosts(address->host, feedHost);
     }
 
-    // 7. A foreign link is a story of the source that points to it.
+    // 7. A link to another site identifies a story of the source that points to it.
     story.id = storyID(story.destinationName ? source.id + "|" + story.link : story.link);
 
     // 8. to 11.

@@ -13,17 +13,17 @@
 
 namespace kit {
 
-/// Makes stories from feed entries; the only place where one becomes the other.
+/// Converts feed entries to stories; the only place that does.
 class StoryConversion {
 public:
     /// `links` is shared by all conversions of the process and must outlive this.
     explicit StoryConversion(CanonicalLinks& links) : links_(links) {}
 
-    /// Nothing when the entry is refused: no headline, no http(s) link with a host, or a link
-    /// longer than any server takes.
+    /// Nothing when the entry is refused: no headline, no http(s) link with a host, or a link that
+    /// is longer than servers accept.
     std::optional<Story> story(const FeedEntry& entry, const NewsSource& source, Instant now) const;
 
-    /// The stories of a whole feed in its order, refused entries left out, and those for which
+    /// The stories of a whole feed in its order, without refused entries and those for which
     /// `limit` leaves no time.
     std::vector<Story> stories(const std::vector<FeedEntry>& entries, const NewsSource& source,
                                Instant now, const WorkLimit& limit = {}) const;

@@ -21,8 +21,7 @@ std::string titleOf(const OutlineAttributes& attributes) {
     return cutAtWord(title, kLongestTitle);
 }
 
-/// Some readers keep programs to run ("|fetch.sh", "exec:…", "filter:…") where others keep
-/// addresses.
+/// Some readers store commands ("|fetch.sh", "exec:…", "filter:…") in place of addresses.
 bool isCommand(std::string_view address) {
     const auto lower = lowercasedASCII(address.substr(0, 8));
     return lower.starts_with('|') || lower.starts_with("exec:") || lower.starts_with("filter:");
@@ -36,7 +35,7 @@ std::optional<OutlineRefusal> refusal(std::string_view address,
     return std::nullopt;
 }
 
-/// Absent rather than wrong: a site's address only leads the user there.
+/// Drops an invalid site address instead of refusing the feed: it is only a link for the user.
 std::string siteOf(std::string_view address) {
     const auto parsed = WebAddress::parse(trimWhitespaceAndNewlines(address));
     return parsed && parsed->isHTTP() ? parsed->text() : std::string();

@@ -11,16 +11,16 @@
 
 namespace kit {
 
-/// The attributes of an outline that mean something, as they are written.
+/// The attributes of an outline that are used, unchanged.
 struct OutlineAttributes {
-    std::string text{};   ///< what its owner calls it
-    std::string title{};  ///< what the feed calls itself
+    std::string text{};   ///< the user's name for it
+    std::string title{};  ///< the feed's own title
     std::string xmlURL{};
     std::string htmlURL{};
     std::string url{};  ///< of a link or an included list
 };
 
-/// Turns the outlines of a document, as they begin and end, into a list of feeds.
+/// Builds a list of feeds from the begin and end events of outlines.
 class OutlineCollector {
 public:
     void begin(const OutlineAttributes& attributes);

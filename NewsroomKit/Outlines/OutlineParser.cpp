@@ -20,12 +20,13 @@ namespace {
 
 constexpr std::size_t kChunkSize = 8 * 1024;
 
-// A start tag waits unread until its end has come, and the library compares each of its
-// attributes with each other: neither may grow with the document.
+// The library buffers a start tag until its end and compares each attribute with every other, so
+// the length of a tag must be limited.
 constexpr std::ptrdiff_t kLongestTag = 64 * 1024;
 constexpr int kMostAttributes = 100;
 
-// Around the outlines there are a dozen elements; what has far more is something else.
+// A list has about a dozen elements besides its outlines; a document with far more is something
+// else.
 constexpr std::size_t kMostElements = 3 * outlineLimit;
 
 std::string_view view(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
@@ -92,7 +93,7 @@ private:
             collector_.begin(attributesOf(count, attributes));
             if (collector_.count() > outlineLimit) stop(OutlineError::tooMany);
         }
-        // The list's own title lies in the head: opml, head, title.
+        // The list's own title is in the head: opml, head, title.
         if (depth_ == 3 && equalsLowercase(name, "title")) title_.emplace();
     }
 
@@ -121,7 +122,7 @@ private:
     XMLEntities entities_;
 };
 
-/// Programs disagree about the letter case ("xmlUrl", "xmlURL", "xmlurl").
+/// Programs write different letter cases ("xmlUrl", "xmlURL", "xmlurl").
 OutlineAttributes OutlineRun::attributesOf(int count, const xmlChar** attributes) {
     OutlineAttributes known;
     for (int i = 0; i < count; ++i) {
@@ -141,14 +142,14 @@ OutlineAttributes OutlineRun::attributesOf(int count, const xmlChar** attributes
     return known;
 }
 
-/// There are no callbacks for declarations on purpose: what a document declares expands to
-/// nothing, and nothing outside it is loaded. Declarations of its own end the reading.
+/// Declarations have no callbacks on purpose, so entities expand to nothing and nothing outside the
+/// document is loaded. An internal subset ends the reading.
 xmlSAXHandler& OutlineRun::callbacks() {
     static xmlSAXHandler handler = [] {
         xmlSAXHandler made{};
         made.initialized = XML_SAX2_MAGIC;
         made.internalSubset = [](void* run, const xmlChar*, const xmlChar*, const xmlChar*) {
-            // The "[" that follows would open them.
+            // A "[" opens an internal subset.
             if (*self(run).context_->input->cur == '[') self(run).stop(OutlineError::malformed);
         };
         made.startElementNs = [](void* run, const xmlChar* name, const xmlChar*, const xmlChar*,

@@ -27,10 +27,10 @@ constexpr std::string_view description(OutlineError error) { return label(error)
 
 using OutlinesResult = boost::outcome_v2::unchecked<Outlines, OutlineError>;
 
-/// Reads OPML in any encoding, as other programs write it. Only https feeds are taken; what
-/// is skipped is told with the reason, folders without a feed are not. Lists that an outline
-/// includes are not followed: nothing outside `bytes` is ever read, no declaration of the
-/// document is obeyed, and time and memory grow with its size only.
+/// Reads OPML in any encoding, as other programs write it. Only https feeds are accepted; other
+/// entries are reported with a reason, except for folders without a feed. Included lists are not
+/// followed: nothing outside `bytes` is ever read, declarations of the document are ignored, and
+/// time and memory grow only with its size.
 OutlinesResult parseOutlines(std::string_view bytes);
 
 }  // namespace kit

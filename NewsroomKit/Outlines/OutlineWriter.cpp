@@ -22,7 +22,7 @@ struct XMLDeleter {
 
 const xmlChar* name(const char* text) { return reinterpret_cast<const xmlChar*>(text); }
 
-/// The library's writer, which escapes; it throws where the library counts errors.
+/// Wraps the library's writer, which escapes, and throws when the library reports an error.
 class Markup {
 public:
     Markup() : buffer_(xmlBufferCreate()), writer_(xmlNewTextWriterMemory(buffer_.get(), 0)) {
@@ -54,7 +54,7 @@ private:
         if (written < 0) throw std::runtime_error("The list of feeds could not be written.");
     }
 
-    /// The library escapes what has a meaning in XML, but not what XML forbids.
+    /// Removes characters that XML forbids; the library only escapes markup characters.
     static std::string clean(std::string_view text) {
         std::string storage;
         return validUTF8(withoutForbiddenCharacters(text, storage));

@@ -6,8 +6,8 @@
 
 namespace kit {
 
-/// The list as OPML 2.0. Feeds that follow each other in one folder share it; one without an
-/// address is written as its name and site alone.
+/// The list as OPML 2.0. Consecutive feeds of one folder share it; one without an address is
+/// written with its name and site only.
 std::string writeOutlines(const Outlines& outlines);
 
 }  // namespace kit

@@ -12,12 +12,12 @@ struct OutlineFeed {
     std::string title{};                 ///< plain text; empty when the list names none
     std::string feedURL{};               ///< https
     std::string siteURL{};               ///< http or https; empty when the list names none
-    std::vector<std::string> folders{};  ///< titles of those it lies in, outermost first
+    std::vector<std::string> folders{};  ///< titles of its folders, outermost first
 
     bool operator==(const OutlineFeed&) const = default;
 };
 
-/// Why an entry of a list is not taken.
+/// Why an entry of a list is refused.
 enum class OutlineRefusal { notHTTPS, noWebAddress, command, listed, notAFeed, tooDeep };
 
 template <>
@@ -31,7 +31,7 @@ inline constexpr std::array<EnumRow<OutlineRefusal>, 6> enumTable<OutlineRefusal
 }};
 
 struct SkippedOutline {
-    std::string text{};  ///< its title, or else its address
+    std::string text{};  ///< its title, or its address when it has none
     OutlineRefusal reason = OutlineRefusal::noWebAddress;
 
     bool operator==(const SkippedOutline&) const = default;
