@@ -17,7 +17,7 @@ struct CommandLine {
     double speed = 1;
     std::int64_t delay = 0;  ///< milliseconds before each answer
     std::int64_t clockAhead =
-        0;  ///< days by which the answers' dates are ahead of this computer's clock
+        0;  ///< days by which the dates of answers are ahead of this computer's clock
     std::optional<std::filesystem::path> authorityDirectory;
     bool privateCatalogue = false;
     bool readyJSON = false;
@@ -26,7 +26,7 @@ struct CommandLine {
     bool log = false;
 };
 
-/// The options, or the exit status after help or a complaint was printed.
+/// The options, or the exit status after help or an error was printed.
 std::variant<CommandLine, int> readCommandLine(int argc, char** argv);
 
 }  // namespace pressroom

@@ -5,7 +5,7 @@
 
 #include "PressRoom/Server/Message.h"
 
-/// What the answers of the maker's own service have in common.
+/// Common parts of the vendor service's answers.
 namespace pressroom {
 
 inline constexpr std::string_view kMakersHost = "tarnwick-brell.example";
@@ -15,7 +15,7 @@ std::string rawQueryItem(const Request& request, std::string_view name);
 /// The same, decoded.
 std::string queryItem(const Request& request, std::string_view name);
 
-/// As the platform behind the service complains.
+/// An error in the form of the platform behind the service.
 Response complaint(int status, std::string_view code, std::string_view message);
 
 }  // namespace pressroom

@@ -4,8 +4,8 @@
 
 namespace pressroom {
 
-/// Where the sample world lies when nobody names another place: beside an installed
-/// program in ../share/tarnwick-brell/world, otherwise in the source tree it was built from.
+/// The default folder of the sample world: for an installed program ../share/tarnwick-brell/world
+/// beside it, otherwise the source tree it was built from.
 std::filesystem::path defaultWorldDirectory();
 
 }  // namespace pressroom

@@ -28,8 +28,8 @@ namespace {
 using namespace pressroom;
 namespace fs = std::filesystem;
 
-/// The folder of the authorities' certificates: the caller's, or one that lasts as long
-/// as the program.
+/// The folder of the authorities' certificates: the caller's, or a temporary one that is removed at
+/// exit.
 class AuthorityFolder {
 public:
     explicit AuthorityFolder(const std::optional<fs::path>& wanted) : isTemporary_(!wanted) {
@@ -60,8 +60,8 @@ private:
     bool isTemporary_;
 };
 
-/// SIGINT and SIGTERM as something to wait for. Made before any thread starts, so that
-/// all of them leave the signals to it.
+/// Waits for SIGINT and SIGTERM. Construct it before any thread starts, so that all threads block
+/// these signals.
 class EndSignals {
 public:
     EndSignals() {
@@ -114,7 +114,7 @@ Handler delayed(Handler handler, std::chrono::milliseconds delay) {
     };
 }
 
-/// Every server says what time it is.
+/// Adds the Date header that every server sends.
 Handler dated(Handler handler, std::chrono::days ahead) {
     return [handler = std::move(handler), ahead](const Request& request) {
         auto response = handler(request);
@@ -145,8 +145,8 @@ void announce(const CommandLine& options, const Server& server, const AuthorityF
     std::cout << "Ctrl+C closes it." << std::endl;
 }
 
-/// Apple's update catalogue has a certificate that systems do not trust; here only when that is
-/// wished for, so that one authority does for the whole world.
+/// Apple's update catalogue has a certificate that systems do not trust. Here that is optional, so
+/// that one authority suffices for the whole world.
 std::map<std::string, Server::Certificate, std::less<>> certificates(const CommandLine& options) {
     if (!options.privateCatalogue) return {};
     return {{"gdmf.apple.com", Server::Certificate::privateAuthority}};

@@ -36,7 +36,7 @@ json::value textOrNull(std::string text) {
     return text.empty() ? json::value(nullptr) : json::value(std::move(text));
 }
 
-/// What stands between the commas that are not part of an address.
+/// Splits at the commas that are not part of an address.
 std::vector<std::string> addressesIn(const Request& request) {
     const auto raw = rawQueryItem(request, "urls");
     std::vector<std::string> addresses;

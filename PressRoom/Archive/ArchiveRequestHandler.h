@@ -8,10 +8,10 @@
 
 namespace pressroom {
 
-/// Serves the maker's archive of the world's stories. Refers to the world.
+/// Serves the archive of the world's stories. The world must outlive it.
 class ArchiveRequestHandler : public RequestHandler {
 public:
-    /// Takes those out of `misbehaviours` that name a part of the archive. Throws
+    /// Removes the entries of `misbehaviours` that name a part of the archive. Throws
     /// std::runtime_error when it can't misbehave in that way.
     ArchiveRequestHandler(const PublishedWorld& world, Misbehaviours& misbehaviours);
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kScheme = "https://";
 
-/// Without the elements in it.
+/// The text without its elements.
 std::string plain(std::string_view markup) {
     std::string text;
     bool isText = true;
@@ -28,7 +28,7 @@ References::References(const PublishedWorld& world) {
     for (const auto& source : world.sources()) {
         for (const auto& item : world.items(source)) items_.emplace(lookupKey(item.page), &item);
     }
-    // What a story links to may be another source's page, which then comes first.
+    // A story may link to a page of another source, which takes precedence.
     for (const auto& source : world.sources()) {
         for (const auto& item : world.items(source)) {
             items_.emplace(lookupKey(item.link), &item);
@@ -61,7 +61,7 @@ void References::readLinks(const Item& item) {
     for (auto at = html.find(kScheme); at != html.npos; at = html.find(kScheme, at + 1)) {
         const auto end = std::min(html.find_first_of("\"< \n", at), html.size());
         const auto rest = html.substr(end);
-        // Posts have their links as text.
+        // Posts show their links as text.
         const bool hasWords = rest.starts_with("\">");
         const auto words = hasWords ? plain(rest.substr(2, rest.find("</a>") - 2)) : "";
         add({.from = &item, .to = find(html.substr(at, end - at)), .words = words});

@@ -9,7 +9,7 @@
 
 namespace pressroom {
 
-/// One story of the world speaks of another, which appeared before it.
+/// One story of the world refers to another, which appeared earlier.
 struct Reference {
     const Item* from = nullptr;
     const Item* to = nullptr;
@@ -17,7 +17,7 @@ struct Reference {
     std::string words = {};  ///< text of the link; may be empty
 };
 
-/// Which stories of the world speak of which. Refers to the world.
+/// Which stories of the world refer to which. The world must outlive it.
 class References {
 public:
     explicit References(const PublishedWorld& world);
@@ -25,7 +25,7 @@ public:
     /// The story with that address, on its own site or in its feed; nullptr when there is none.
     const Item* find(std::string_view address) const;
 
-    /// Each in the order of the text, and one for each other story.
+    /// References in the order of the text, one for each other story.
     std::vector<Reference> of(const Item& item) const { return listOf(of_, item); }
     std::vector<Reference> to(const Item& item) const { return listOf(to_, item); }
 

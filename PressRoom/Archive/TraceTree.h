@@ -11,7 +11,7 @@
 
 namespace pressroom {
 
-/// What the archive calls a story's place of publication.
+/// A story's publisher, as the archive names it.
 struct Outlet {
     std::string name;
     bool isApples = false;
@@ -19,20 +19,20 @@ struct Outlet {
 
 using Outlets = std::map<std::string, Outlet, std::less<>>;  ///< by source id
 
-/// A post's text stands for its title.
+/// The title; for a post, its text.
 std::string archivedTitle(const Item& item);
 /// "post", "apple", or `otherwise`.
 std::string_view archivedKind(const Item& item, const Outlet& outlet, std::string_view otherwise);
 /// "Bluesky", "Mastodon", or null.
 boost::json::value archivedPlatform(const Item& item);
 
-/// Goes from a story up to its origin, and from there down to all who had it from there.
+/// Goes from a story up to its origin, and from there down to all outlets that took it over.
 class TraceTree {
 public:
     TraceTree(const References& references, const Outlets& outlets, std::chrono::sys_seconds now)
         : references_(references), outlets_(outlets), now_(now) {}
 
-    /// The nodes, each after the one that it refers to.
+    /// The nodes; each follows the one that it refers to.
     boost::json::array nodes(const Item& story);
 
 private:

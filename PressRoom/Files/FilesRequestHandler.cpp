@@ -16,7 +16,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// XML goes out without a charset: a captured feed keeps the encoding its prolog names.
+/// XML is served without a charset, so that a captured feed keeps the encoding that its prolog
+/// names.
 std::string contentType(const fs::path& file) {
     const auto extension = file.extension().string();
     if (extension == ".xml" || extension == ".rss" || extension == ".atom" || extension == ".rdf") {
@@ -73,7 +74,7 @@ std::optional<Response> FilesRequestHandler::answer(const Request& request,
     auto name = kit::percentDecoded(request.path());
     name.erase(0, name.find_first_not_of('/'));
     if (name.empty() || request.path() == "/") return index();
-    // A zero byte would end the name early for the system but not for the checks here.
+    // A zero byte would end the name for the system but not for these checks.
     if (name.find('\0') != std::string::npos) return std::nullopt;
 
     std::error_code missing;

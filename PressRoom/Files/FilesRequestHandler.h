@@ -7,9 +7,9 @@
 
 namespace pressroom {
 
-/// Serves the files of one folder, and their list at "/", under a host of their own and every
-/// sub-host of it (a crowd of hosts for measuring). Nothing outside the folder is
-/// ever read, whatever ".." or symbolic link an address goes through.
+/// Serves the files of one folder, and their list at "/", under a host of its own and all its
+/// subdomains (many hosts for benchmarks). Nothing outside the folder is ever read, whatever ".."
+/// or symbolic link an address contains.
 class FilesRequestHandler : public RequestHandler {
 public:
     static constexpr std::string_view host = "files.press-room.example";

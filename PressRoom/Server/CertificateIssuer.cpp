@@ -39,7 +39,7 @@ void setRandomSerial(X509* certificate) {
     ASN1_INTEGER_set_uint64(X509_get_serialNumber(certificate), serial >> 1);
 }
 
-/// In seconds from now. It begins a week ago, so that a clock that is a little off does no harm.
+/// In seconds from now. It begins a week ago to allow for wrong clocks.
 struct Validity {
     long begin = -7 * day;
     long end = 90 * day;
@@ -95,7 +95,7 @@ CertificateIssuer::CertificateIssuer(Kinds kinds)
       leafKey_(makeKey()) {}
 
 void CertificateIssuer::identify(SSL* connection, std::string_view serverName) {
-    // A TLS context per name would cost more than all the rest of a handshake.
+    // A TLS context per name would cost more than the rest of a handshake.
     require(SSL_use_certificate(connection, certificateFor(serverName)) == 1 &&
                 SSL_use_PrivateKey(connection, leafKey_.get()) == 1,
             "use a certificate");
@@ -134,7 +134,7 @@ OpenSSLPtr<X509> CertificateIssuer::mint(const std::string& serverName) const {
     X509_set_issuer_name(leaf.get(), X509_get_subject_name(issuer));
     addExtension(leaf.get(), issuer, NID_basic_constraints, "critical,CA:FALSE");
     addExtension(leaf.get(), issuer, NID_ext_key_usage, "serverAuth");
-    // Tells authorities of the same name, made by different servers, from each other.
+    // Distinguishes authorities of the same name from different servers.
     if (!selfSigned) addExtension(leaf.get(), issuer, NID_authority_key_identifier, "keyid");
     addExtension(leaf.get(), issuer, NID_subject_alt_name,
                  (isAddress(name) ? "IP:" : "DNS:") + name);

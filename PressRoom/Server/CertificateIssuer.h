@@ -22,21 +22,21 @@ struct OpenSSLDeleter {
 template <class T>
 using OpenSSLPtr = std::unique_ptr<T, OpenSSLDeleter>;
 
-/// A key and the certificate that speaks for it.
+/// A key and its certificate.
 struct Identity {
     OpenSSLPtr<EVP_PKEY> key;
     OpenSSLPtr<X509> certificate;
 };
 
-/// Two authorities made at start, and a certificate per server name minted at first use.
+/// Two authorities, created at start, and a certificate per server name, issued at first use.
 class CertificateIssuer {
 public:
     using Kinds = std::map<std::string, Server::Certificate, std::less<>>;
 
     explicit CertificateIssuer(Kinds kinds);
 
-    /// Lets a connection speak for the name it was asked for. Safe from several threads.
-    /// Throws std::runtime_error for names no certificate can hold.
+    /// Sets the connection's certificate to that of `serverName`. Thread-safe. Throws
+    /// std::runtime_error for names that no certificate can hold.
     void identify(SSL* connection, std::string_view serverName);
 
     std::string authorityPEM() const;
@@ -49,7 +49,8 @@ private:
     Kinds kinds_;
     Identity authority_;
     Identity privateAuthority_;
-    OpenSSLPtr<EVP_PKEY> leafKey_;  ///< one for all leaves: minting costs a signature only
+    /// shared by all leaves, so that issuing costs only a signature
+    OpenSSLPtr<EVP_PKEY> leafKey_;
     std::mutex mutex_;
     std::map<std::string, OpenSSLPtr<X509>, std::less<>> certificates_;
 };

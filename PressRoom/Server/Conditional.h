@@ -9,16 +9,16 @@
 
 namespace pressroom {
 
-/// A representation before it is negotiated.
+/// A representation before content negotiation.
 struct Document {
     std::string body;  ///< not encoded
     std::string contentType;
     std::optional<std::chrono::sys_seconds> lastModified = {};
 };
 
-/// Answers a request for `document` as a good web server does: with an ETag made from the
-/// body and a Last-Modified, with 304 when the request's validators still hold
-/// (If-None-Match outweighs If-Modified-Since), and gzipped when the client takes that.
+/// Answers a request for `document` as a good web server does: with an ETag of the body and a
+/// Last-Modified, with 304 when the request's validators still match (If-None-Match takes
+/// precedence over If-Modified-Since), and gzipped when the client accepts that.
 Response answerConditionally(const Request& request, Document document);
 
 /// A weak tag, since the same one is sent for the plain and the gzipped body.

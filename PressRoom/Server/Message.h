@@ -28,36 +28,37 @@ struct Request {
     std::string_view path() const;
 };
 
-/// How an answer travels. The default is a well-behaved server.
+/// How an answer is delivered. The default is a well-behaved server.
 struct Delivery {
     enum class Framing {
         contentLength,
         chunked,
-        untilClose  ///< no length at all: the end of the connection ends the body
+        untilClose  ///< without a length: the end of the connection ends the body
     };
 
     Framing framing = Framing::contentLength;
     std::chrono::milliseconds delay{0};  ///< before the status line
-    /// Announced instead of the true length. More than the body: the connection is closed
-    /// after it. Less: what lies beyond is sent all the same.
+    /// Announced instead of the true length. If it is longer, the connection is closed after the
+    /// body; if it is shorter, the whole body is sent all the same.
     std::optional<std::uint64_t> announcedLength = {};
     std::size_t trickleBytes = 0;                  ///< 0: the body goes out at once
     std::chrono::milliseconds trickleInterval{0};  ///< between two pieces of a trickle
-    std::optional<std::size_t> closeAfter = {};  ///< cut the connection after so many bytes of body
-    bool neverAnswers = false;                   ///< takes the request and stays silent
-    bool hangsUp = false;                        ///< closes the connection instead of answering
-    std::optional<std::string> rawBytes = {};    ///< sent instead of any HTTP, then closed
+    /// closes the connection after this many bytes of body
+    std::optional<std::size_t> closeAfter = {};
+    bool neverAnswers = false;                 ///< accepts the request and stays silent
+    bool hangsUp = false;                      ///< closes the connection instead of answering
+    std::optional<std::string> rawBytes = {};  ///< sent instead of any HTTP, then closed
 };
 
 struct Response {
     int status = 200;
-    /// Content-Length, Transfer-Encoding and Connection are the server's business.
+    /// Without Content-Length, Transfer-Encoding and Connection, which the server sets.
     std::vector<std::pair<std::string, std::string>> headers = {};
     std::string body = {};  ///< already encoded when a Content-Encoding header says so
     Delivery delivery = {};
 };
 
-/// Called on the server's threads, so it must be safe to call from several at once.
+/// Called on the server's threads, several at once, so it must be thread-safe.
 using Handler = std::function<Response(const Request&)>;
 
 }  // namespace pressroom

@@ -12,8 +12,8 @@
 
 namespace pressroom {
 
-/// Answers by a script: each address has a queue of answers, the last of which repeats.
-/// An address without a script is answered 404. Keeps what was asked.
+/// Answers by a script: each address has a queue of answers, the last of which repeats. An address
+/// without a script gets a 404. Records all requests.
 ///
 ///     ScriptedHandler script;
 ///     script.on("feeds.example", "/a", {{.status = 503}, {.body = "<rss/>"}});
@@ -22,7 +22,7 @@ class ScriptedHandler {
 public:
     void on(std::string_view host, std::string_view target, std::vector<Response> answers);
 
-    /// Refers to this object, which must outlive the server.
+    /// The handler refers to this object, which must outlive the server.
     Handler handler();
 
     /// In the order of arrival.

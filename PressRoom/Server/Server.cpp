@@ -116,7 +116,7 @@ asio::awaitable<void> sendTrickle(Stream& stream, std::string_view body, Deliver
     }
 }
 
-/// The ordinary answer goes out in one write, so that it costs one packet when it is small.
+/// Sends an ordinary answer in one write, so that a small one takes one packet.
 asio::awaitable<void> sendAnswer(Stream& stream, const Request& request, const Response& response,
                                  bool closes) {
     const auto& delivery = response.delivery;
@@ -138,13 +138,13 @@ asio::awaitable<void> sendAnswer(Stream& stream, const Request& request, const R
     if (delivery.framing == Framing::chunked && complete) co_await send(stream, "0\r\n\r\n");
 }
 
-/// Returns only by an error: the other side has hung up.
+/// Ends only by an error, when the client hangs up.
 asio::awaitable<void> staySilent(Stream& stream) {
     std::array<char, 1024> ignored{};
     for (;;) co_await stream.async_read_some(asio::buffer(ignored), use_awaitable);
 }
 
-/// Tells the other side that the end of the connection is meant, and is no accident.
+/// Closes TLS properly, so that the client knows the end is intended.
 asio::awaitable<void> sayGoodbye(Stream& stream) {
     boost::system::error_code ignored;
     co_await stream.async_shutdown(asio::redirect_error(use_awaitable, ignored));
@@ -221,7 +221,7 @@ private:
             boost::system::error_code failure;
             tcp::socket socket(asio::make_strand(*io_));
             co_await acceptor.async_accept(socket, asio::redirect_error(use_awaitable, failure));
-            if (failure) {  // out of file descriptors: some will come free
+            if (failure) {  // out of file descriptors: some will be freed
                 co_await pause(std::chrono::milliseconds(10));
                 continue;
             }
@@ -240,7 +240,7 @@ private:
             while (co_await serveOne(stream, buffer)) {
             }
         } catch (const boost::system::system_error&) {
-            // The client hung up or spoke nonsense; its connection is gone with the stream.
+            // The client hung up or sent garbage; the stream closes its connection.
         }
     }
 

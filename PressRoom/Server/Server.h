@@ -12,20 +12,20 @@
 
 namespace pressroom {
 
-/// A loopback HTTPS server that answers for every host name it is asked for. The
-/// certificate of a name is minted at its first use, from an authority made at start.
+/// A loopback HTTPS server that answers for every requested host name. The certificate of a name is
+/// issued at its first use, by an authority created at start.
 ///
 ///     Server server(handler);
 ///     server.writeAuthority(dir / "authority.pem");
 ///     // trust authority.pem, connect every host to 127.0.0.1:server.port()
 class Server {
 public:
-    /// What the certificate of a host is like.
+    /// The kind of certificate of a host.
     enum class Certificate {
         trusted,           ///< signed by the authority
         privateAuthority,  ///< signed by a second authority, for its hosts only
-        expired,           ///< signed by the authority, ran out yesterday
-        notYetValid,       ///< signed by the authority, begins tomorrow
+        expired,           ///< signed by the authority, expired yesterday
+        notYetValid,       ///< signed by the authority, valid from tomorrow
         selfSigned,
         wrongName  ///< signed by the authority for another host
     };
@@ -53,16 +53,15 @@ public:
     void writeAuthority(const std::filesystem::path& file) const;
     void writePrivateAuthority(const std::filesystem::path& file) const;
 
-    /// Requests read so far: of one address, of one host, of all. Counted before the
-    /// handler is asked.
+    /// Requests read so far: of one address, of one host, of all. Counted before the handler runs.
     std::size_t hits(std::string_view host, std::string_view target) const;
     std::size_t hits(std::string_view host) const;
     std::size_t hits() const;
 
-    /// TCP connections accepted so far, whether or not a request came.
+    /// TCP connections accepted so far, with or without a request.
     std::size_t connections() const;
 
-    /// Closes every connection and ends the threads, whatever still waits. Idempotent.
+    /// Closes every connection and ends the threads without waiting for requests. Idempotent.
     void stop();
 
 private:

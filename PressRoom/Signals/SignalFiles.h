@@ -15,7 +15,7 @@ struct WorldFirmware {
     std::string version{};
     std::string build{};
     double minutesAgo = 0;
-    std::optional<double> unsignedMinutesAgo{};  ///< from then on; absent: it stays signed
+    std::optional<double> unsignedMinutesAgo{};  ///< when signing ends; absent: never
 };
 
 /// All devices of one system get the same builds.
@@ -55,7 +55,7 @@ struct WorldApp {
     std::string developer{};
 };
 
-/// The app goes to that rank; those that it passes make room.
+/// The app moves to that rank; those it passes shift by one.
 struct WorldMove {
     double minutesAgo = 0;
     std::string app{};
@@ -64,7 +64,7 @@ struct WorldMove {
 
 struct WorldChart {
     std::string kind{};
-    std::vector<WorldApp> apps{};    ///< by rank; more than are shown
+    std::vector<WorldApp> apps{};    ///< by rank; more than the chart shows
     std::vector<WorldMove> moves{};  ///< oldest first
 };
 

@@ -39,7 +39,7 @@ json::object firmwareOf(const WorldDevice& device, const WorldFirmware& firmware
             {"signed", isSigned}};
 }
 
-/// The apps in the order that the moves until now have given them.
+/// The apps in their order after the moves until now.
 std::vector<WorldApp> ranked(const WorldChart& chart, sys_seconds anchor, sys_seconds now) {
     auto apps = chart.apps;
     for (const auto& move : chart.moves) {

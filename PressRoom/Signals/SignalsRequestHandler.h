@@ -11,11 +11,11 @@ namespace pressroom {
 
 /// Serves the device-firmware service, Apple's update catalogue and the App Store's charts.
 ///
-/// For the same anchor, the same moment always has the same bytes.
+/// Answers depend only on the anchor and the moment.
 class SignalsRequestHandler : public RequestHandler {
 public:
-    /// Takes those out of `misbehaviours` that are meant for it: "signing", "updates" and
-    /// "charts". Throws std::runtime_error when one of them can't misbehave in that way.
+    /// Removes its own entries from `misbehaviours`: "signing", "updates" and "charts". Throws
+    /// std::runtime_error when one of them can't misbehave in that way.
     SignalsRequestHandler(SignalFiles files, std::chrono::sys_seconds anchor,
                           Misbehaviours& misbehaviours);
 

@@ -15,11 +15,11 @@ struct Hours {
     minutes close;
     hours standard;  ///< ahead of UTC in winter
     bool hasSummerTime;
-    minutes preOpen;    ///< equal to `open` where nobody trades before it
-    minutes postClose;  ///< equal to `close` where nobody trades after it
+    minutes preOpen;    ///< equal to `open` without trading before it
+    minutes postClose;  ///< equal to `close` without trading after it
 };
 
-// By Market; on the market's own clocks.
+// Indexed by Market; in the market's local time.
 constexpr std::array<Hours, 3> kHours{{
     {9h + 30min, 16h, -5h, true, 4h, 20h},
     {9h, 13h + 30min, 8h, false, 9h, 13h + 30min},
@@ -37,7 +37,7 @@ local_days dayAt(Market market, sys_seconds now) {
     return local_days(floor<days>(now.time_since_epoch() + offsetAt(market, now)));
 }
 
-/// Clocks change on Sundays, so noon tells the offset of the whole of a trading day.
+/// Clocks change on Sundays, so the offset at noon holds for the whole trading day.
 sys_seconds instant(Market market, local_days day, minutes time) {
     const sys_seconds noon(day.time_since_epoch() + 12h);
     return sys_seconds(day.time_since_epoch() + time - offsetAt(market, noon));

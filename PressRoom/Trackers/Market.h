@@ -18,12 +18,12 @@ struct Session {
     bool operator==(const Session&) const = default;
 };
 
-/// A market as it is at one moment. Every weekday is a trading day: there are no holidays in
-/// the press room's world.
+/// The state of a market at one moment. Every weekday is a trading day: the press room's world has
+/// no holidays.
 struct MarketDay {
     /// "PRE", "OPEN", "POST" or "CLOSED". Only New York trades before and after its hours.
     std::string_view state;
-    /// The one under way, ahead of its opening when the state is "PRE", or the last.
+    /// The current session, the coming one when the state is "PRE", or the last.
     Session session;
 };
 

@@ -22,7 +22,7 @@ std::uint64_t seedOf(std::string_view symbol) {
     return seed;
 }
 
-/// Chance between -1 and 1, the same for the same seed, wave and knot.
+/// A pseudo-random number between -1 and 1, the same for the same seed, wave and knot.
 double knotHeight(std::uint64_t seed, int wave, std::int64_t knot) {
     const auto chance =
         mixed(mixed(seed + static_cast<std::uint64_t>(wave)) ^ static_cast<std::uint64_t>(knot));

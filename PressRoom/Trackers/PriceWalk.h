@@ -6,13 +6,12 @@
 
 namespace pressroom {
 
-/// A price that wanders as prices do, and is nevertheless a plain function of the time: a sum
-/// of waves of chance, from minutes to most of a year long, each as high as a random walk
-/// gets in its length.
+/// A realistic price that is a pure function of time: a sum of pseudo-random waves, from minutes to
+/// most of a year long, each as high as a random walk gets in that time.
 class PriceWalk {
 public:
-    /// Goes through `price` at `anchor`; moves by some `dailySwing` percent in a day. The
-    /// same `symbol` always moves in the same way.
+    /// The price is `price` at `anchor` and moves by about `dailySwing` percent in a day. The same
+    /// `symbol` always moves in the same way.
     PriceWalk(std::string_view symbol, double price, double dailySwing,
               std::chrono::sys_seconds anchor);
 

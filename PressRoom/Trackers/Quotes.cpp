@@ -29,8 +29,7 @@ struct Extremes {
 
 double cents(double amount) { return std::round(amount * 100) / 100; }
 
-/// One symbol at one moment. Prices only move while the market is open, and the service looks
-/// at them once a minute.
+/// One symbol at one moment. Prices move only while the market is open, once a minute.
 class Ticker {
 public:
     Ticker(const WorldQuote& quote, sys_seconds anchor, sys_seconds now)
@@ -40,7 +39,7 @@ public:
           traded_(sessionsUntil(quote.market, now, kSessionsOfYear + 1)),
           asOf_(std::min<sys_seconds>(std::chrono::floor<minutes>(now), traded_.back().close)) {}
 
-    /// The keys that a quote and a row of the board have in common.
+    /// The common keys of a quote and a row of the board.
     json::object figures() const {
         json::object figures{{"symbol", quote_.symbol},
                              {"name", quote_.name},
@@ -123,7 +122,7 @@ private:
     const WorldQuote& quote_;
     PriceWalk walk_;
     MarketDay day_;
-    std::vector<Session> traded_;  ///< those that have begun, oldest first
+    std::vector<Session> traded_;  ///< sessions that have begun, oldest first
     sys_seconds asOf_;
 };
 

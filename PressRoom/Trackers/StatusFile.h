@@ -8,7 +8,7 @@
 
 namespace pressroom {
 
-/// Apple's status file as it stands at `now`; the anchor gives the data's minutes their times.
+/// Apple's status file at `now`; the data's minutes are relative to the anchor.
 boost::json::object statusFile(const WorldStatus& status, std::chrono::sys_seconds anchor,
                                std::chrono::sys_seconds now);
 

@@ -28,7 +28,7 @@ Response served(const Request& request, std::string body, bool isScript) {
                   .contentType = isScript ? "application/javascript" : "application/json"});
 }
 
-/// Lets only the first `keep` entries stand.
+/// Keeps only the first `keep` entries.
 void shorten(json::value& list, std::size_t keep) {
     if (list.is_array()) {
         list.get_array().resize(keep);
@@ -42,7 +42,7 @@ std::size_t length(const json::value& list) {
     return list.is_array() ? list.get_array().size() : list.get_object().size();
 }
 
-/// The first object that has `key`, at whatever depth; nullptr when there is none.
+/// The first object that has `key`, at any depth; nullptr when there is none.
 json::object* holder(json::value& value, std::string_view key) {
     if (auto* object = value.if_object()) {
         if (object->contains(key)) return object;
@@ -89,7 +89,7 @@ Response trackerResponse(const Request& request, const TrackerAnswer& answer) {
     return served(request, answer.text(), answer.isWrapped);
 }
 
-/// Of a tracker that misbehaves in a way that trackers can.
+/// The answer of a misbehaving tracker.
 Response faultyAnswer(const Request& request, TrackerAnswer answer, Misbehaviour misbehaviour) {
     const auto dateKey = answer.dateKey, requiredKey = answer.requiredKey;
     switch (misbehaviour.kind) {

@@ -11,27 +11,27 @@
 
 namespace pressroom {
 
-/// What a tracker answers with, and where in it a fault can be put.
+/// A tracker's answer and the places in it where a fault can be inserted.
 struct TrackerAnswer {
     boost::json::object document;
-    /// The key of its list, or of its object of platforms, wherever that stands.
+    /// The key of its list, or of its object of platforms, at any depth.
     std::string_view list;
-    std::string_view requiredKey;  ///< one that each entry must have
-    std::string_view dateKey;      ///< holds a date wherever it stands
-    /// Apple's file for everybody is a script's call around the object.
+    std::string_view requiredKey;  ///< a required key of each entry
+    std::string_view dateKey;      ///< has a date as its value everywhere
+    /// Apple's consumer file wraps the object in a script's call.
     bool isWrapped = false;
 
     std::string text() const;
 };
 
-/// How some trackers misbehave.
+/// The misbehaviour of some trackers.
 class TrackerFaults {
 public:
-    /// Takes those out of `misbehaviours` that bear one of the names. Throws std::runtime_error
-    /// when a tracker can't misbehave in that way.
+    /// Removes the entries of `misbehaviours` with these names. Throws std::runtime_error when a
+    /// tracker can't misbehave in that way.
     TrackerFaults(const std::vector<std::string_view>& names, Misbehaviours& misbehaviours);
 
-    /// The answer of the tracker of that name, or what its fault makes of it.
+    /// The answer of the tracker of that name, altered by its fault if it has one.
     Response served(std::string_view name, const Request& request, TrackerAnswer answer) const;
 
 private:

@@ -113,8 +113,8 @@ namespace {
 
 using kit::RecordError;
 
-/// Runs `check` on each item under a path such as "services[3]", after seeing that no two
-/// items have the same `name`.
+/// Checks that no two items have the same `name` and runs `check` on each, under a path such as
+/// "services[3]".
 template <class Item, class Check>
 void checkEach(const std::string& key, const std::vector<Item>& items, std::string Item::* name,
                Check check) {

@@ -12,7 +12,7 @@
 /// anchor, negative ones after it; README.md explains every key.
 namespace pressroom {
 
-/// What the status page says of an incident from one moment on.
+/// The status page's entry for an incident from one moment on.
 struct WorldIncidentState {
     double minutesAgo = 0;
     std::optional<std::string> status{};
@@ -36,7 +36,7 @@ struct WorldStatus {
     std::vector<WorldService> services{};
 };
 
-/// A build, from the moment on at which its channel has it.
+/// A build, from the moment on which its channel offers it.
 struct WorldBuild {
     double minutesAgo = 0;
     std::optional<double> publishedMinutesAgo{};
@@ -81,12 +81,12 @@ struct WorldCalendar {
 struct WorldQuote {
     std::string symbol{};
     std::string name{};
-    std::optional<std::string> group{};  ///< on the board when given
+    std::optional<std::string> group{};  ///< if given, the quote is on the board
     std::optional<std::string> relation{};
     std::string currency{};
     Market market = Market::newYork;
     double price = 0;       ///< at the anchor
-    double dailySwing = 0;  ///< percent by which it usually moves in a day
+    double dailySwing = 0;  ///< usual movement in a day, in percent
     double dailyVolume = 0;
     std::optional<bool> withoutPreviousClose{};
     std::optional<bool> stale{};

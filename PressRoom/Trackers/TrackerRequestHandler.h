@@ -9,14 +9,14 @@
 
 namespace pressroom {
 
-/// Serves Apple's two status files with the page that belongs to them, and the maker's service
-/// of releases, events and quotes. Other addresses of those hosts are none of its own.
+/// Serves Apple's two status files with their page, and the vendor's service of releases, events
+/// and quotes. Leaves other addresses of those hosts to other handlers.
 ///
-/// For the same anchor, the same moment always has the same bytes.
+/// Answers depend only on the anchor and the moment.
 class TrackerRequestHandler : public RequestHandler {
 public:
-    /// Takes those out of `misbehaviours` that bear a tracker's name. Throws
-    /// std::runtime_error when a tracker can't misbehave in that way.
+    /// Removes the entries of `misbehaviours` with a tracker's name. Throws std::runtime_error when
+    /// a tracker can't misbehave in that way.
     TrackerRequestHandler(TrackerFiles files, std::chrono::sys_seconds anchor,
                           Misbehaviours& misbehaviours);
 

@@ -8,7 +8,7 @@
 
 #include "PressRoom/Trackers/TrackerFiles.h"
 
-/// What the maker's service answers at `now`; the anchor gives the data's minutes their times.
+/// Answers of the vendor's service at `now`; the data's minutes are relative to the anchor.
 namespace pressroom {
 
 boost::json::object releases(const WorldReleases& releases, std::chrono::sys_seconds anchor,
@@ -17,7 +17,7 @@ boost::json::object releases(const WorldReleases& releases, std::chrono::sys_sec
 boost::json::object events(const WorldCalendar& calendar, std::chrono::sys_seconds anchor,
                            std::chrono::sys_seconds now);
 
-/// `range` is one of "1d", "1w", "1m", "1y"; nothing when it is none.
+/// `range` is one of "1d", "1w", "1m", "1y"; nothing otherwise.
 std::optional<boost::json::object> quote(const WorldQuote& quote, std::string_view range,
                                          std::chrono::sys_seconds anchor,
                                          std::chrono::sys_seconds now);

@@ -10,7 +10,7 @@ inline std::chrono::sys_seconds worldTime(std::chrono::sys_seconds anchor, doubl
     return anchor - std::chrono::seconds(std::llround(minutesAgo * 60));
 }
 
-/// The one of `states`, oldest first, that holds at `now`: nullptr before the first.
+/// The state that holds at `now`, nullptr before the first; `states` are oldest first.
 template <class State>
 const State* stateAt(const std::vector<State>& states, std::chrono::sys_seconds anchor,
                      std::chrono::sys_seconds now) {

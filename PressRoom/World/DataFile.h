@@ -9,7 +9,7 @@
 
 namespace pressroom {
 
-/// The sentence names the file and, when one is at fault, the key.
+/// what() names the file and, where one is at fault, the key.
 class WorldError : public std::runtime_error {
 public:
     WorldError(const std::filesystem::path& file, const std::string& reason);
@@ -18,10 +18,10 @@ public:
 /// Throws WorldError when the file can't be opened.
 std::string contentsOf(const std::filesystem::path& file);
 
-/// What the press room can answer for.
+/// Whether the press room can answer for the address.
 bool isWebAddress(std::string_view text);
 
-/// Runs a check; the RecordError that it throws gets `step` in front of its path.
+/// Runs a check and puts `step` in front of the path of a RecordError that it throws.
 template <class Check>
 void inside(const std::string& step, Check check) {
     try {
@@ -31,8 +31,8 @@ void inside(const std::string& step, Check check) {
     }
 }
 
-/// A misspelt optional key would otherwise be passed over in silence. Looks into the records
-/// that the record holds, too; `value` must have been decoded as a T before.
+/// Refuses unknown keys, because a misspelt optional key would otherwise be ignored silently.
+/// Includes nested records; `value` must have been decoded as a T before.
 template <class T>
 struct KnownKeys {
     static void require(const boost::json::value&) {}
@@ -72,8 +72,8 @@ struct KnownKeys<R> {
     }
 };
 
-/// Reads a file that holds one record, every key of it known, and lets `check` look at it: a
-/// function that throws RecordError. Throws WorldError.
+/// Reads a file with one record, all of whose keys must be known, and runs `check`, which may throw
+/// RecordError. Throws WorldError.
 template <class R, class Check>
 R readDataFile(const std::filesystem::path& file, Check check) {
     try {

@@ -21,7 +21,7 @@ FeedRequestHandler::FeedRequestHandler(const PublishedWorld& world,
             feeds_.emplace(key, &source);
             continue;
         }
-        // A feed asked for by handle is redirected to the account's permanent identifier.
+        // A feed requested by handle redirects to the account's permanent identifier.
         const auto permanent = "https://bsky.app/profile/" + *source.account + "/rss";
         moved_.emplace(key, permanent);
         feeds_.emplace(lookupKey(permanent), &source);

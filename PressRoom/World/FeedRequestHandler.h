@@ -14,8 +14,8 @@ namespace pressroom {
 /// Serves the feeds of the world, with their faults.
 class FeedRequestHandler : public RequestHandler {
 public:
-    /// `world` must outlive it. A source that is named in `misbehaviours` goes wrong in that
-    /// way instead of its own. Throws std::runtime_error when there is no such source.
+    /// `world` must outlive it. An entry of `misbehaviours` replaces the source's own fault. Throws
+    /// std::runtime_error when there is no such source.
     FeedRequestHandler(const PublishedWorld& world, const Misbehaviours& misbehaviours);
 
     std::optional<Response> answer(const Request& request,

@@ -7,11 +7,11 @@
 
 namespace pressroom {
 
-/// The short text by which a platform would name an item: eleven letters on YouTube,
-/// a long number on Mastodon, … Made from `seed` alone.
+/// A platform's short id of an item: eleven letters on YouTube, a long number on Mastodon, …
+/// Derived from `seed` alone.
 std::string itemKey(Platform platform, std::string_view seed);
 
-/// Letters of base 64 as they stand in addresses.
+/// Base 64 with the alphabet for addresses.
 std::string addressBase64(std::string_view bytes);
 
 }  // namespace pressroom

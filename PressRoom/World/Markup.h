@@ -6,10 +6,10 @@
 
 namespace pressroom {
 
-/// Fit for text and for attributes in double quotes, of XML and of HTML.
+/// Escapes for text and for attributes in double quotes, in XML and HTML.
 std::string escaped(std::string_view text);
 
-/// A CDATA section, or as many as a "]]>" inside the text asks for.
+/// A CDATA section, or several when the text contains "]]>".
 std::string cdata(std::string_view text);
 
 /// `<name>escaped text</name>`

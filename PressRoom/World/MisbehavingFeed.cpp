@@ -15,7 +15,7 @@ namespace {
 
 using Kind = MisbehaviourKind;
 
-// Below the six megabytes that readers accept.
+// Below the limit of six megabytes that readers accept.
 constexpr std::size_t hugeSize = 5 * 1024 * 1024;
 constexpr std::size_t republishedItems = 500;
 
@@ -51,7 +51,7 @@ std::vector<FeedItem> usualItems(const Edition& edition) {
     return items;
 }
 
-/// An item that nobody wrote: the same for the same number.
+/// An invented item, the same for the same number.
 FeedItem inventedItem(const Edition& edition, std::string_view folder, std::size_t number) {
     constexpr std::array subjects{"iPad", "Mac", "iPhone", "Watch", "HomePad", "AirPods", "Vision"};
     constexpr std::array turns{"spare parts cost less", "cases arrive in moss green",

@@ -9,14 +9,13 @@
 
 namespace pressroom {
 
-/// Answers for a feed that misbehaves. What it still serves is RSS 2.0, whatever the
-/// platform. Kinds that change from fetch to fetch count the requests, a reader's retries
-/// included, and depend on nothing else. Safe from several threads.
+/// Answers for a feed that misbehaves. It serves RSS 2.0, whatever the platform. Kinds that change
+/// from fetch to fetch depend only on the number of requests, retries included. Thread-safe.
 class MisbehavingFeed {
 public:
     explicit MisbehavingFeed(Misbehaviour misbehaviour) : misbehaviour_(misbehaviour) {}
 
-    /// `edition` is what the feed would hold at `now`.
+    /// `edition` is the feed's normal content at `now`.
     Response answer(const Request& request, const Edition& edition, std::chrono::sys_seconds now);
 
 private:

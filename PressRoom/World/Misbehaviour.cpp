@@ -5,7 +5,7 @@
 namespace pressroom {
 namespace {
 
-/// What holds when no number is given; nothing for kinds that take none.
+/// The default amount; nothing for kinds without one.
 std::optional<std::int64_t> usualAmount(MisbehaviourKind kind) {
     using Kind = MisbehaviourKind;
     if (kind == Kind::busy || kind == Kind::unavailable) return 600;

@@ -10,7 +10,7 @@
 
 namespace pressroom {
 
-/// Ways in which a feed or a tracker can go wrong from the start; README.md tells each.
+/// Ways in which a feed or a tracker can misbehave from the start; README.md describes each.
 enum class MisbehaviourKind {
     silent,
     busy,
@@ -39,8 +39,8 @@ struct Misbehaviour {
     bool operator==(const Misbehaviour&) const = default;
 };
 
-/// Reads "busy", "busy:30", "slow:1500". Nothing when there is no such kind, or when it has a
-/// number that it does not take.
+/// Reads "busy", "busy:30", "slow:1500". Nothing for an unknown kind, or for a number where the
+/// kind has none.
 std::optional<Misbehaviour> readMisbehaviour(std::string_view text);
 
 /// By source id, or by the name of a tracker or of a part of the archive.

@@ -32,7 +32,7 @@ PageRequestHandler::PageRequestHandler(const PublishedWorld& world) : world_(wor
     for (const auto& source : world_.sources()) {
         const auto key = lookupKey(source.home);
         homes_.emplace(key, &source);
-        // The bare host too, unless another source is at home there.
+        // The bare host too, unless it is another source's home.
         homes_.emplace(key.substr(0, key.find('/')), &source);
         for (const auto& item : world_.items(source)) {
             stories_.emplace(lookupKey(item.page), &item);
@@ -40,7 +40,7 @@ PageRequestHandler::PageRequestHandler(const PublishedWorld& world) : world_(wor
                 stories_.emplace(lookupKey(googleNewsLink(item)), &item);
         }
     }
-    // What a story links to may be another source's page, which then comes first.
+    // A story may link to a page of another source, which takes precedence.
     for (const auto& source : world_.sources()) {
         for (const auto& item : world_.items(source)) stories_.emplace(lookupKey(item.link), &item);
     }
@@ -50,7 +50,7 @@ std::optional<Response> PageRequestHandler::answer(const Request& request,
                                                    std::chrono::sys_seconds now) const {
     const auto key = lookupKey(request);
     if (auto response = page(key, now)) return response;
-    // Sites send readers on to their "www." name, as they do in the field.
+    // Sites redirect to their "www." name, as real ones do.
     if (page("www." + key, now))
         return redirect(301, "https://www." + request.host + request.target);
     return std::nullopt;

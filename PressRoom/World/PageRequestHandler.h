@@ -8,8 +8,8 @@
 
 namespace pressroom {
 
-/// Serves web pages: one per story, and the home page of every source, which names its
-/// feed as browsers expect it.
+/// Serves web pages: one per story, and the home page of every source, which names its feed in a
+/// link element.
 class PageRequestHandler : public RequestHandler {
 public:
     /// `world` must outlive it.

@@ -116,7 +116,7 @@ std::string PublishedWorld::resolved(const Item& from, std::string text, Place p
     return text;
 }
 
-/// Needs the pages of all stories, since a story may refer to one of a later file.
+/// Needs the pages of all stories, because a story may refer to one of a later file.
 void PublishedWorld::resolve(Item& item) const {
     const auto& story = *item.story;
     item.link = item.page;

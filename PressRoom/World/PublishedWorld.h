@@ -10,8 +10,8 @@
 
 namespace pressroom {
 
-/// The sample world tied to an anchor: every story has its address and its time. Built
-/// once, then only read. The same world and anchor always give the same items.
+/// The sample world tied to an anchor: every story has its address and its time. Immutable. The
+/// same world and anchor always give the same items.
 class PublishedWorld {
 public:
     /// Throws std::runtime_error when a story refers to one that does not exist, or when
@@ -23,7 +23,7 @@ public:
     const World& sources() const { return world_; }
     std::chrono::sys_seconds anchor() const { return anchor_; }
 
-    /// Of the items of `source`, in the order of its file.
+    /// The items of `source`, in the order of its file.
     const std::vector<Item>& items(const WorldSource& source) const;
 
     Edition edition(const WorldSource& source, std::chrono::sys_seconds now) const;

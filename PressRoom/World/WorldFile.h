@@ -10,7 +10,7 @@
 
 namespace pressroom {
 
-/// The platform a feed is published with: decides the shape of its document.
+/// The platform of a feed, which determines the format of its document.
 enum class Platform {
     wordPress,
     rss,
@@ -28,7 +28,7 @@ enum class Platform {
     reddit
 };
 
-/// Where in an item its picture stands.
+/// Where an item has its picture.
 enum class PicturePlace { mediaContent, mediaThumbnail, enclosure, inText, emojiThenText };
 
 struct WorldPicture {
@@ -42,8 +42,8 @@ struct WorldRevision {
     std::string title;
 };
 
-/// One item as it stands in a data file. Times are minutes before the world's anchor;
-/// negative ones lie after it. README.md explains every key.
+/// One item of a data file. Times are minutes before the world's anchor; negative ones are after
+/// it. README.md explains every key.
 struct WorldStory {
     double minutesAgo = 0;
     std::optional<std::string> title;
@@ -65,7 +65,7 @@ struct WorldStory {
     std::optional<std::int64_t> post;
 };
 
-/// How a feed misbehaves instead of being served.
+/// How a feed misbehaves.
 struct WorldFault {
     std::optional<std::int64_t> status;
     std::optional<std::string> page;
@@ -91,11 +91,11 @@ struct WorldSource {
 
 using World = std::vector<WorldSource>;
 
-/// Reads one data file and checks what can be checked in it alone. Throws WorldError.
+/// Reads and checks one data file on its own. Throws WorldError.
 WorldSource readWorldSource(const std::filesystem::path& file);
 
-/// Reads every `sources/*.json` below `directory`, in the order of their names, and
-/// refuses two sources of one id or one address. Throws WorldError.
+/// Reads every `sources/*.json` below `directory`, ordered by name, and refuses two sources with
+/// the same id or address. Throws WorldError.
 World readWorld(const std::filesystem::path& directory);
 
 }  // namespace pressroom

@@ -13,12 +13,12 @@ namespace pressroom {
 ///     Server server(std::ref(world));
 class WorldHandler {
 public:
-    /// `further` are asked before the world's own answerers. Throws std::runtime_error when
-    /// the stories do not fit together or a source that is to misbehave does not exist.
+    /// `further` are tried before the world's own handlers. Throws std::runtime_error when the
+    /// stories are inconsistent or a misbehaving source does not exist.
     WorldHandler(World world, WorldClock clock, Misbehaviours misbehaviours = {},
                  Answerers further = {});
 
-    /// Safe from several threads.
+    /// Thread-safe.
     Response operator()(const Request& request) const;
 
     const PublishedWorld& world() const { return world_; }

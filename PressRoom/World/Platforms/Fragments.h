@@ -20,8 +20,8 @@ inline constexpr std::string_view dublinCoreNamespace =
 inline constexpr std::string_view atomNamespace = "xmlns:atom=\"http://www.w3.org/2005/Atom\"";
 inline constexpr std::string_view mediaNamespace = "xmlns:media=\"http://search.yahoo.com/mrss/\"";
 
-/// media:content, media:thumbnail or enclosure, as the story wants its picture; empty
-/// when it has none or when it stands in the text.
+/// media:content, media:thumbnail or enclosure, as the story specifies; empty when it has no
+/// picture or has it in the text.
 std::string pictureElement(const Entry& entry);
 
 /// `<link>`, unless the item has only a guid.

@@ -7,7 +7,7 @@
 namespace pressroom {
 namespace {
 
-/// The description inside media:content is the picture's text for the blind, not the post.
+/// The description inside media:content is the picture's alternative text, not the post.
 std::string picture(const Entry& entry) {
     const auto url = entry.pictureURL(PicturePlace::mediaContent);
     if (url.empty()) return {};

@@ -6,13 +6,13 @@
 
 namespace pressroom {
 
-/// A feed document in the shape its platform writes it.
+/// A feed document in the format of its platform.
 std::string renderFeed(const Edition& edition);
 
-/// As servers of the platform label their feeds.
+/// The content type that servers of the platform send.
 std::string feedContentType(Platform platform);
 
-/// What Google News puts into a feed instead of the address of the article.
+/// The link that Google News uses in place of the article's address.
 std::string googleNewsLink(const Item& item);
 
 // One renderer per platform, each in the file of its name.

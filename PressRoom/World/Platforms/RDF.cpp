@@ -7,7 +7,7 @@
 namespace pressroom {
 namespace {
 
-/// RSS 1.0 keeps its items beside the channel, which only lists their addresses.
+/// RSS 1.0 has its items beside the channel, which only lists their addresses.
 std::string channel(const Edition& edition) {
     const auto& source = *edition.source;
     std::string resources;

@@ -7,7 +7,7 @@
 namespace pressroom {
 namespace {
 
-/// The entry links to the discussion; the article it is about stands in the content.
+/// The entry links to the discussion; the content links to the article.
 std::string content(const Entry& entry) {
     const auto user = escaped("https://www.reddit.com/user/" + entry.author());
     return fmt::format(

@@ -7,7 +7,7 @@
 namespace pressroom {
 namespace {
 
-/// WordPress names a post by its number, whatever its address says.
+/// WordPress identifies a post by its number, independent of its address.
 std::string guid(const Entry& entry) {
     const auto& story = entry.story();
     if (story.guidOnly.value_or(false)) {

@@ -42,7 +42,7 @@ std::string entryXML(const Entry& entry) {
     xml += fmt::format("<link rel=\"alternate\" href=\"{}\"/>\n", escaped(entry.item->link));
     xml += author(source);
     if (entry.dated) xml += element("published", isoDate(*entry.dated));
-    // YouTube touches an entry right after it went up: the two dates are never equal.
+    // YouTube updates an entry right after publishing it, so the two dates always differ.
     xml += element("updated", isoDate(entry.updated + std::chrono::seconds(7)));
     return xml + mediaGroup(entry) + "</entry>\n";
 }
