@@ -1,7 +1,7 @@
 import QtQuick
 
-/// A label of a story or a service. Outline says what it is, fill says how firm it is. On a
-/// card that already has the soft fill it is `onSoft`: an outline in the colour of the mark.
+/// A label of a story or a service. An outlined badge names its kind, a filled one its sourcing.
+/// `onSoft` is for cards that already have the soft fill: an outline in the mark's colour.
 Rectangle {
     id: badge
 

@@ -1,7 +1,7 @@
 import QtQuick
 
-/// A filter. At rest it opens its menu when clicked; while `active` it has a cross that emits
-/// `cleared`, as Delete does.
+/// A filter. A click opens its menu; while `active` it has a cross that emits `cleared`, as Delete
+/// does.
 PlainButton {
     id: chip
 

@@ -1,7 +1,7 @@
 import QtQuick
 
-/// A button with a word on it. At most one `Primary` in a view; `Quiet` has no outline, for a
-/// second choice; `Danger` stands on a red card.
+/// A button with text. A view has at most one `Primary`; `Quiet` has no outline and is for a
+/// secondary action; `Danger` is for red cards.
 PlainButton {
     id: button
 
@@ -9,7 +9,7 @@ PlainButton {
 
     property int look: DeskButton.Plain
     property string symbol
-    /// In a sheet's foot buttons are higher.
+    /// Buttons in a sheet's foot are higher.
     property bool inSheet: false
 
     readonly property bool primary: look === DeskButton.Primary

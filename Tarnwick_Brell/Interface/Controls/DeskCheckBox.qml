@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A box to tick, with its words.
+/// A check box with its label.
 T.CheckBox {
     id: box
 

@@ -1,9 +1,9 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A line of text to be typed. `main` is the one field that a sheet is about, `outlined` one
-/// among others on a sheet. `note` and `key` stand at the right; the key only while the field
-/// rests. Where `clearsOnEscape`, Esc empties the field, and leaves it once it is empty.
+/// A text field. `main` is the principal field of a sheet, `outlined` one of several on a sheet.
+/// `note` and `key` are at the right; the key shows only while the field has no focus. With
+/// `clearsOnEscape`, Esc empties the field and, once it is empty, leaves it.
 T.TextField {
     id: field
 
@@ -27,7 +27,7 @@ T.TextField {
     leftPadding: Theme.space3 + (symbol ? Theme.icon + Theme.space2 : 0)
     rightPadding: end + Theme.space1
     verticalAlignment: TextInput.AlignVCenter
-    // A font without a family would become the desktop's font for fields, not the window's.
+    // Without a family Qt would use the desktop's font for fields, not the window's.
     font.family: hint.font.family
     font.pixelSize: hint.font.pixelSize
     renderType: Text.NativeRendering
@@ -36,11 +36,11 @@ T.TextField {
     selectionColor: Theme.accent
     selectedTextColor: Theme.textOnAccent
     selectByMouse: true
-    // At rest a long text shows its beginning.
+    // Without focus a long text shows its beginning.
     autoScroll: activeFocus
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.name: label
-    // Or a shortcut of the window would take the key.
+    // Keeps a shortcut of the window from taking the key.
     Keys.onShortcutOverride: event => event.accepted = clearsOnEscape && event.key === Qt.Key_Escape
     Keys.onEscapePressed: event => {
         event.accepted = clearsOnEscape;

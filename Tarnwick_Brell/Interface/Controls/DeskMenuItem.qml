@@ -1,8 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A row of a menu: its icon or check mark, its words, its key. With a menu inside a menu the
-/// arrow stands where the key would.
+/// A row of a menu: icon or check mark, text and key. A submenu has an arrow in place of the key.
 T.MenuItem {
     id: item
 

@@ -1,7 +1,7 @@
 import QtQuick
 
-/// Plain text in one of the window's sizes. `lines` is the most lines it takes.
-/// In a panel a title has `lineHeight: Theme.panelLine`.
+/// Plain text in one of the window's sizes. `lines` is the greatest number of lines. Titles in
+/// panels set `lineHeight: Theme.panelLine`.
 Text {
     enum Type {
         Meta, MetaMedium, MetaStrong, Secondary, SecondaryMedium, SecondaryStrong, Base, BaseMedium,

@@ -1,7 +1,7 @@
 import QtQuick
 
-/// Says in one sentence that there is nothing, with a fact that helps, one action and at most
-/// one quiet second. `page` is for a whole page, such as the first run.
+/// Says in one sentence that there is nothing, with a helpful fact, one action and at most one
+/// quiet second action. `page` is for a whole page, such as the first run.
 Item {
     id: empty
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// What failed, since when, and another try. The last good data stands below it.
+/// What failed and since when, with a retry button. The last good data is shown below it.
 Rectangle {
     id: band
 

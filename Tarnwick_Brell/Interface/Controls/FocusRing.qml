@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// Stands inside a control and shows round it while the keyboard has it. Rows and fields take
-/// it `inside` their edge.
+/// A child of a control that is drawn around it while it has the keyboard focus. Rows and fields
+/// draw it `inside` their edge.
 Rectangle {
     required property T.Control control
     property real around: Theme.radiusControl

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A separator. Its length comes from whoever places it.
+/// A separator. The parent sets its length.
 Rectangle {
     property bool vertical: false
 

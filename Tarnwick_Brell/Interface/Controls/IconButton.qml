@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A button with an icon only. Its `text` is said by screen readers, and shown as the tip.
+/// A button with only an icon. Its `text` is for screen readers and the tooltip.
 PlainButton {
     id: button
 

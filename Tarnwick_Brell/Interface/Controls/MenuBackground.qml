@@ -1,6 +1,6 @@
 import QtQuick
 
-/// What menus, and lists that look like one, stand on.
+/// The background of menus and of lists that look like menus.
 Rectangle {
     radius: Theme.radiusPanel
     color: Theme.raised

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// Parts the groups of a menu.
+/// Separates the groups of a menu.
 T.MenuSeparator {
     implicitHeight: 2 * Theme.space1 + Theme.line
     verticalPadding: Theme.space1

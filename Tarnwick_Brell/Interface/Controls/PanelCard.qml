@@ -1,7 +1,7 @@
 import QtQuick
 
-/// The frame of a panel. Its children are the body, 12 from the left and right edges; `flush`
-/// lets a list run to the lower edge, where it is cut. `extras` stand left of the fact.
+/// The frame of a panel. Its children form the body, 12 px from the left and right edges; with
+/// `flush` a list runs to the lower edge and is clipped there. `extras` are left of the fact.
 FocusScope {
     id: card
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// Says that stories have arrived, in the header of their list, and shows them when clicked.
+/// Announces new stories in the header of their list and shows them when clicked.
 PlainButton {
     id: pill
 

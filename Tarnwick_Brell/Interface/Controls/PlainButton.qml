@@ -1,14 +1,14 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// What all buttons have in common. A click by the pointer leaves the focus where it is, so that
-/// the keys of the list go on working.
+/// The base of all buttons. A click does not take the focus, so that the keys of the list keep
+/// working.
 T.AbstractButton {
     id: button
 
-    /// Shown after a moment, for a button whose text says less than a person may need.
+    /// Shown after a moment, for a button whose text is not enough.
     property string tip
-    /// The name of the key that does the same.
+    /// The name of the equivalent key.
     property string key
 
     implicitWidth: Math.max(implicitBackgroundWidth, implicitContentWidth + leftPadding + rightPadding)

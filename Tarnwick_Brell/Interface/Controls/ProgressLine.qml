@@ -1,6 +1,6 @@
 import QtQuick
 
-/// How far a pass has come, from 0 to 1, on the lower edge of a bar.
+/// The progress of a pass, from 0 to 1, on the lower edge of a bar.
 Item {
     id: progress
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A field that narrows what is shown as one types.
+/// A field that filters while the user types.
 DeskField {
     symbol: "magnifyingglass"
     clearable: true

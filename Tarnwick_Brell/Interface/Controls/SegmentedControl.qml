@@ -2,8 +2,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 
-/// One choice of a few. It shows `currentIndex` and changes nothing itself: whoever hears
-/// `activated` does. `small` is drawn lower, for panels, and can be hit as well.
+/// A choice of a few values. It shows `currentIndex` and does not change it: the handler of
+/// `activated` does. `small`, for panels, is drawn lower with the same touch area.
 T.Control {
     id: segmented
 
@@ -12,10 +12,10 @@ T.Control {
     property list<string> model
     property int currentIndex: 0
     property bool small: false
-    /// What is chosen here, for screen readers.
+    /// The subject of the choice, for screen readers.
     property string label
 
-    /// What is left above and below the drawn track.
+    /// The margin above and below the drawn track.
     readonly property int spare: small ? (Theme.control - Theme.smallSegmented) / 2 : 0
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding

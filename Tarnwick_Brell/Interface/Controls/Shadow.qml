@@ -1,7 +1,7 @@
 import QtQuick
 
-/// The shadow of the item whose size it has; put it behind that item. Its image grows with
-/// the item only up to a size from which it can be stretched between its corners.
+/// The shadow of an item; place it behind that item, with the same size. Its image grows with the
+/// item up to the size from which it can be stretched between its corners.
 BorderImage {
     id: shadow
 

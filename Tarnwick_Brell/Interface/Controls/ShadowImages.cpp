@@ -12,16 +12,16 @@ namespace app {
 namespace {
 
 struct Layer {
-    double down;   ///< how far the shadow lies below its box
+    double down;   ///< vertical offset of the shadow
     double blur;   ///< twice the standard deviation
-    double black;  ///< how black it is at most
+    double black;  ///< greatest opacity
 };
 constexpr std::array<Layer, 2> kLayers{{{16, 48, 0.18}, {2, 8, 0.10}}};
 
 constexpr int kLargestBox = 4096;
 
-/// How dark a blurred bar from `from` to `to` is at each pixel. The corners of the box are so
-/// much smaller than the blur that the shadow is the product of two of these.
+/// The darkness of a blurred bar from `from` to `to` at each pixel. The corners of the box are much
+/// smaller than the blur, so the shadow is the product of two of these.
 std::vector<double> blurredBar(int pixels, double from, double to, double blur) {
     const double scale = 1.0 / (blur / 2 * std::sqrt(2.0));
     std::vector<double> bar;

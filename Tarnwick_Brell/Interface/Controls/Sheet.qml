@@ -1,9 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A card over the dimmed window that keeps the focus until it is closed, by Esc too. Its
-/// children are the body; `foot` holds the buttons at the right, `footStart` what stands at
-/// the left of them.
+/// A card over the dimmed window that keeps the focus until it is closed, also by Esc. Its children
+/// form the body; `foot` has the buttons at the right, `footStart` the items left of them.
 T.Popup {
     id: sheet
 
@@ -18,7 +17,7 @@ T.Popup {
     property Item before: null
 
     onAboutToShow: before = parent.Window.activeFocusItem
-    // An ApplicationWindow has done so by now.
+    // An ApplicationWindow does this by itself.
     onClosed: {
         const now = parent.Window.activeFocusItem;
         if (before && (!now || now === parent.Window.contentItem))

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// Stands where text will come. `depth` is the row, from 0: rows get weaker downwards.
+/// A placeholder for text. `depth` is the row, from 0: lower rows are fainter.
 Rectangle {
     property int depth: 0
 

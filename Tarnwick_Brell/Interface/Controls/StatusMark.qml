@@ -1,7 +1,7 @@
 import QtQuick
 
-/// How a source or a service stands, by shape as well as by colour, in the middle of a box of
-/// fixed width. `text` is the word that a screen reader says.
+/// The state of a source or service, by shape as well as colour, centred in a box of fixed width.
+/// `text` is for screen readers.
 Item {
     id: mark
 

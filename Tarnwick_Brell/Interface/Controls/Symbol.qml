@@ -8,7 +8,7 @@ Image {
 
     width: size
     height: size
-    // An image provider is asked for this size times the device's pixel ratio.
+    // Qt asks an image provider for this size times the device's pixel ratio.
     sourceSize.width: size
     sourceSize.height: size
     source: name ? "image://symbol/" + name + "/" + color.toString().slice(1) : ""

@@ -34,7 +34,7 @@ QImage SymbolImages::requestImage(const QString& id, QSize* size, const QSize& r
     if (!color.isValid()) color = Qt::black;
     const int extent = requestedSize.width() > 0 ? requestedSize.width() : kDrawnSize;
 
-    // SVG has no colour with transparency: the picture as a whole gets it.
+    // SVG has no translucent colours, so the whole picture becomes translucent.
     auto drawing = drawingOf(id.left(slash));
     drawing.replace("currentColor", color.name().toLatin1());
     QImage image(extent, extent, QImage::Format_ARGB32_Premultiplied);

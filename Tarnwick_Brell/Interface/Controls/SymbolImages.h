@@ -5,8 +5,8 @@
 
 namespace app {
 
-/// Draws icons for "image://symbol/NAME/COLOUR" (RRGGBB or AARRGGBB) at the size asked for,
-/// which Qt Quick gives in device pixels. Its pixmap cache keeps them, by address and size.
+/// Draws icons for "image://symbol/NAME/COLOUR" (RRGGBB or AARRGGBB) at the requested size, which
+/// Qt Quick gives in device pixels and caches by address and size.
 class SymbolImages : public QQuickImageProvider {
 public:
     static constexpr const char* kFallback = "square.grid.2x2";

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A size of text with the line it stands in, both at the given scale.
+/// A text size and its line height, both at the given scale.
 QtObject {
     id: style
 
@@ -17,8 +17,8 @@ QtObject {
     })
     readonly property int lineHeight: Math.round(line * scale)
     readonly property FontMetrics metrics: FontMetrics { font: style.font }
-    /// Puts the text in the middle of its line, on a whole pixel, where Text with a fixed line
-    /// height would leave it at the top.
+    /// Centres the text in its line, on a whole pixel; Text with a fixed line height would leave it
+    /// at the top.
     readonly property real lead: {
         const ascent = Math.round(metrics.ascent);
         const spare = lineHeight - ascent - Math.round(metrics.descent);

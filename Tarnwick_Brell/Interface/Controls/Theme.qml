@@ -1,9 +1,9 @@
 pragma Singleton
 import QtQuick
 
-/// Every colour, size and duration of the window. The window sets the first three
-/// properties; everything else follows from them. Text and what holds text in fixed heights
-/// grow with `fontScale`; spacing and outlines do not.
+/// Every colour, size and duration of the window. The window sets the first three properties;
+/// everything else follows from them. Text and the heights that contain text grow with `fontScale`;
+/// spacing and outlines do not.
 QtObject {
     id: theme
 
@@ -69,7 +69,7 @@ QtObject {
 
     readonly property real disabledOpacity: 0.45
     readonly property real chartFillOpacity: 0.07
-    /// What a row of skeletons loses against the one above it.
+    /// The opacity that each row of skeletons loses against the one above.
     readonly property real skeletonLoss: 0.18
 
     // Type, in the order of DeskText.Type
@@ -256,7 +256,7 @@ QtObject {
     readonly property int releaseAgeColumn: scaled(64)
     readonly property int rankColumn: scaled(24)
 
-    // The shadow of what floats; the extent is that of ShadowImages.
+    // The shadow of floating items; the extent is that of ShadowImages.
     readonly property int shadowExtent: 64
     readonly property int shadowCorner: 48
 
@@ -264,7 +264,7 @@ QtObject {
     readonly property int fade: reducedMotion ? 0 : 120
     readonly property int move: reducedMotion ? 0 : 120
     readonly property int tipDelay: 500
-    /// As soon as what goes on now is done.
+    /// After the current event has been handled.
     readonly property int nextTurn: 0
     readonly property int noticeTime: 6000
 }

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// Lies over the content and is seen while it moves or the pointer is on it.
+/// A scroll bar over the content that is visible while it moves or is under the pointer.
 T.ScrollBar {
     id: bar
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A short text below what it explains, with the key that does the same.
+/// A tooltip below its item, with the equivalent key.
 T.ToolTip {
     id: tip
 

@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A notice at the bottom of the window with at most one action, gone after a while unless
-/// somebody is at it.
+/// A notice at the bottom of the window with at most one action. It closes after a while unless the
+/// pointer is on it or its action has the focus.
 T.Popup {
     id: toast
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// Says that a story has not been read.
+/// Marks an unread story.
 Rectangle {
     implicitWidth: Theme.unreadDot
     implicitHeight: Theme.unreadDot

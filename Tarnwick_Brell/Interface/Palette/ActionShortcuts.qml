@@ -4,21 +4,20 @@ import QtQml
 import QtQuick
 import TarnwickBrell.Models
 
-/// The keys of all actions in the window that this stands in. Keys of the list of stories are
-/// the list's own.
+/// The keys of all actions of the window. The list of stories handles its own keys.
 Instantiator {
     id: all
 
     required property ActionModel actions
-    /// A text field has the focus: only keys that nobody types work.
+    /// A text field has the focus: only keys that are not typed into text work.
     property bool textFocused: false
-    /// Something stands over the window that has keys of its own.
+    /// Something with keys of its own covers the window.
     property bool covered: false
 
     model: actions.rows
     delegate: Shortcut {
         required property int action
-        // Lists of text, as Shortcut takes them.
+        // Lists of text, as Shortcut expects.
         required property var shortcuts
         required property var shortcutsInText
         required property bool isEnabled

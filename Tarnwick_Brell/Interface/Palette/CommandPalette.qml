@@ -5,8 +5,7 @@ import QtQuick.Templates as T
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Every action, place and story under the keyboard. It hangs from one line of the window,
-/// whatever it finds.
+/// Finds every action, place and story by keyboard. Its top edge stays in place, whatever it finds.
 T.Popup {
     id: popup
 
@@ -67,7 +66,7 @@ T.Popup {
         ListView {
             id: rows
 
-            /// With all rows; the list itself only knows those that it has made.
+            /// The height of all rows; the list only knows those that it has created.
             readonly property real wanted: contentHeight + topMargin + bottomMargin
 
             anchors.top: field.bottom
@@ -80,7 +79,7 @@ T.Popup {
             highlightFollowsCurrentItem: true
             highlightMoveDuration: 0
             highlightResizeDuration: 0
-            // All of them: there are few, and their whole height is needed.
+            // Creates all rows: there are few, and their total height is needed.
             cacheBuffer: Theme.paletteRow * count * 2
             model: popup.palette.rows
             currentIndex: popup.palette.selected

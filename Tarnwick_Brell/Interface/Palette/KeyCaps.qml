@@ -17,7 +17,7 @@ Row {
         KeyCap {
             required property string modelData
 
-            // On whole pixels, so that right edges line up.
+            // Rounded to whole pixels, so that right edges line up.
             width: Math.ceil(implicitWidth)
             text: modelData
         }

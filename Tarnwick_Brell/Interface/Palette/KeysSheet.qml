@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// All keys, by what they are for.
+/// All keys, grouped by purpose.
 Sheet {
     id: sheet
 

@@ -3,11 +3,11 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import TarnwickBrell.Controls
 
-/// One line of text whose matched letters stand out, cut at the right when it is too long.
+/// One line of text with its matched letters emphasised, elided at the right.
 Item {
     id: line
 
-    /// Of records with `text` and `isMatch`.
+    /// A list of records with `text` and `isMatch`.
     property var parts
 
     implicitWidth: pieces.implicitWidth

@@ -1,7 +1,7 @@
 import QtQuick
 import TarnwickBrell.Controls
 
-/// What is typed into the palette. Keys that choose among the rows are signals.
+/// The palette's text field. Keys that move among the rows are emitted as signals.
 Item {
     id: field
 

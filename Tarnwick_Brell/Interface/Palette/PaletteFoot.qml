@@ -1,7 +1,7 @@
 import QtQuick
 import TarnwickBrell.Controls
 
-/// How the palette is used, and how much it offers.
+/// The palette's key hints and number of results.
 Item {
     id: foot
 

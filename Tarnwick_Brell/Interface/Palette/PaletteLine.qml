@@ -1,7 +1,7 @@
 import QtQuick
 import TarnwickBrell.Controls
 
-/// One thing that the palette offers, below the title of its group when it is the first.
+/// One result of the palette, with the title of its group above the first.
 Item {
     id: line
 
@@ -79,7 +79,7 @@ Item {
             }
         }
         HoverHandler {
-            // Not when the list moves below a pointer that rests.
+            // Ignores the list moving below a pointer at rest.
             onPointChanged: if (hovered) line.pointed()
         }
         TapHandler {

@@ -3,7 +3,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Apps by their place, and how they moved; each leads to its page in the store.
+/// Apps by rank, with their moves; each opens its page in the store.
 Item {
     id: panel
 

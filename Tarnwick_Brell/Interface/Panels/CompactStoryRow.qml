@@ -1,7 +1,7 @@
 import QtQuick
 import TarnwickBrell.Controls
 
-/// A story in a panel: who and how firm and how old above, the headline below.
+/// A story in a panel: outlet, sourcing and age above, the headline below.
 StoryPanelRow {
     id: row
 

@@ -3,7 +3,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Days until the next event, then the others.
+/// The days until the next event, then the other events.
 Item {
     id: panel
 

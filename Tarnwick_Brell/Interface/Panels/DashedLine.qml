@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Shapes
 import TarnwickBrell.Controls
 
-/// A dashed line, level or upright; its length is the item's.
+/// A dashed line, horizontal or vertical, as long as the item.
 Shape {
     id: line
 
@@ -18,7 +18,7 @@ Shape {
         dashPattern: line.vertical ? [1, 3] : [2, 3]
         capStyle: ShapePath.FlatCap
         fillColor: "transparent"
-        // On the middle of a pixel.
+        // Centred on a pixel.
         startX: line.vertical ? 0.5 : 0
         startY: line.vertical ? 0 : 0.5
 

@@ -12,7 +12,7 @@ LineChartItem::LineChartItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
 void LineChartItem::paint(QPainter* painter) {
     if (points_.isEmpty()) return;
     painter->setRenderHint(QPainter::Antialiasing);
-    // A line on the edge would lose half of itself.
+    // A line on the edge would lose half of its width.
     const double inset = lineWidth_ / 2;
     QPolygonF line;
     for (const auto& point : points_) {

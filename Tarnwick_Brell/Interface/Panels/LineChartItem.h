@@ -8,9 +8,8 @@
 
 namespace app {
 
-/// A line through points that are given as shares of the item's width and height, with a flat
-/// fill below it. Painted, as lines of shapes are only smooth on some machines. A point alone
-/// is a dot.
+/// A line through points given as fractions of the item's width and height, with a flat fill below
+/// it. Painted, because Shape's lines are smooth only on some machines. A single point is a dot.
 class LineChartItem : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT

@@ -1,8 +1,8 @@
 import QtQuick
 import TarnwickBrell.Models
 
-/// The content of a panel, shown by the file that its model names. Loaded by name: a bound component
-/// can't be loaded in Qt 6.4.
+/// The content of a panel, drawn by the file that its model names. Loaded by name, because Qt 6.4
+/// can't load a bound component.
 Loader {
     id: body
 

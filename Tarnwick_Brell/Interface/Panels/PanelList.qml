@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import TarnwickBrell.Controls
 
-/// The rows of a panel. Where they don't fit they scroll, by the arrow keys as well.
+/// The rows of a panel, which scroll when they don't fit, also by the arrow keys.
 ListView {
     id: list
 

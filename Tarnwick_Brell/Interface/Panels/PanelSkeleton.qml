@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import TarnwickBrell.Controls
 
-/// Rows to come, on the geometry of the real ones. `figures` lead them where a number does.
+/// Placeholder rows with the geometry of the real ones. `figures` is for rows that begin with a
+/// number.
 Column {
     id: skeleton
 

@@ -1,6 +1,6 @@
 import TarnwickBrell.Controls
 
-/// A headline in a panel: heavy while the story is unread.
+/// A headline in a panel, semibold while the story is unread.
 DeskText {
     property bool isRead: false
 

@@ -2,13 +2,12 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// A panel: its card, its state, its content. Content that is stale stays below the band that
-/// says so.
+/// A panel: its card, its state, its content. Stale content stays below the banner that says so.
 PanelCard {
     id: panel
 
     required property PanelModel content
-    /// An empty panel offers it where its words can be changed.
+    /// Whether an empty panel offers to edit its words.
     property bool canEdit: false
 
     signal editRequested
@@ -17,7 +16,7 @@ PanelCard {
     readonly property bool hasFailed: content.state === PanelModel.Stale || content.state === PanelModel.Failed
 
     fact: content.fact
-    // Lists run to the lower edge and are cut there; fixed contents keep a distance.
+    // Lists run to the lower edge and are clipped there; fixed contents keep a margin.
     flush: content.isList && hasContent
 
     FailureBanner {

@@ -2,7 +2,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// A problem that goes on.
+/// An ongoing problem.
 Rectangle {
     id: card
 
@@ -12,7 +12,7 @@ Rectangle {
     required property string message
     required property string duration
     required property string spokenText
-    /// Of old data: without colour.
+    /// Without colour, for stale data.
     property bool pale: false
 
     implicitHeight: words.implicitHeight + 2 * Theme.space2

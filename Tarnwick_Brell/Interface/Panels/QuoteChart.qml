@@ -5,22 +5,22 @@ import TarnwickBrell.Controls
 import TarnwickBrell.Models
 import TarnwickBrell.Panels
 
-/// The curve of a quote. The pointer or the arrow keys read a point; what is read stands above
-/// the plot, so that it never covers the curve.
+/// The chart of a quote. The pointer or the arrow keys read a point; the reading is above the plot,
+/// so that it never covers the curve.
 T.Control {
     id: chart
 
     required property StockPanelModel content
     property bool pale: false
 
-    /// The point that the keys have reached; -1 before that.
+    /// The point selected by keys; -1 when none is.
     property int reached: -1
     readonly property int pointed: pointer.hovered
         ? content.nearest((pointer.point.position.x - plot.x) / plot.width) : -1
     readonly property int current: pointed >= 0 ? pointed : activeFocus ? reached : -1
     readonly property bool isRead: current >= 0 && content.points.length > 0
     readonly property chartReading read: {
-        const points = content.points;  // read again when others come
+        const points = content.points;  // the binding depends on it
         return content.reading(points.length > 0 ? current : -1);
     }
 

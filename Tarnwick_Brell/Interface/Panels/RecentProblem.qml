@@ -2,7 +2,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// A problem that is over.
+/// A resolved problem.
 Item {
     id: row
 

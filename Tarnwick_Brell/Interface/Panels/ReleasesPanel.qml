@@ -3,7 +3,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Builds, the last published first; each leads to its page. With little room the build goes.
+/// Builds, newest first; each opens its page. A narrow panel leaves out the build number.
 Item {
     id: panel
 

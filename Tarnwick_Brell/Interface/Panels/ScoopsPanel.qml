@@ -4,7 +4,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Who told the news first, and by how much.
+/// Which outlet was first, and by how much.
 StoryPanelList {
     id: panel
 

@@ -1,7 +1,7 @@
 import QtQuick
 import TarnwickBrell.Controls
 
-/// How many services of one half are up.
+/// How many consumer or developer services are up.
 Item {
     id: line
 

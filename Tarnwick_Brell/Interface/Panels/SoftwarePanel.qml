@@ -3,8 +3,8 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Versions and betas, a row a platform. Where there is no room for both, the New mark stands
-/// in place of the date; where there is still less, only versions and builds stand.
+/// Versions and betas, a row per platform. A narrow panel shows the New mark in place of the date,
+/// a narrower one only versions and builds.
 Item {
     id: panel
 

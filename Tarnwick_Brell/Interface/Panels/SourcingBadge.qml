@@ -1,7 +1,7 @@
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// How firmly a story is sourced; nothing when it has no label.
+/// The sourcing of a story; hidden when it has no label.
 Badge {
     required property int sourcing
 

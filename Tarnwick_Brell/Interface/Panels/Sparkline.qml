@@ -3,10 +3,10 @@ import TarnwickBrell.Controls
 import TarnwickBrell.Models
 import TarnwickBrell.Panels
 
-/// The way of a price in a row, in the colour of its day.
+/// A small price chart in a row, in the colour of the day's change.
 LineChartItem {
     property int move: PriceMove.Unknown
-    /// Of old figures: without colour.
+    /// Without colour, for stale figures.
     property bool pale: false
 
     implicitWidth: Theme.sparklineWidth

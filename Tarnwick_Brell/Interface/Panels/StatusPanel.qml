@@ -4,15 +4,15 @@ import QtQuick.Templates as T
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Problems first and alone in colour, then how many services are up, and on demand what was
-/// over of late.
+/// Problems first, the only part in colour, then how many services are up and, on demand, recently
+/// resolved problems.
 Flickable {
     id: panel
 
     required property StatusPanelModel content
     readonly property bool pale: content.state === PanelModel.Stale
     readonly property color ink: pale ? Theme.text2 : Theme.text1
-    /// Where there is room, without being asked.
+    /// Opens by itself where there is room.
     property bool isOpened: height > Theme.recentFrom
 
     contentHeight: column.implicitHeight

@@ -2,9 +2,8 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Price, change of the day and the chart. Where the change finds no room beside the price it
-/// stands below it, in the place of the chart's reading; where the ranges find none either, they
-/// have a line of their own below the chart.
+/// Price, the day's change and the chart. In a narrow panel the change is below the price, in place
+/// of the chart's reading; in a narrower one the ranges have a line of their own below the chart.
 Item {
     id: panel
 

@@ -1,8 +1,8 @@
 import QtQuick
 import TarnwickBrell.Controls
 
-/// Who tells a story, what and how firm it is, and how old. When it gets narrow the names are
-/// elided, never a badge or the age.
+/// Outlet, kind, sourcing and age of a story. When space is short the names are elided, never a
+/// badge or the age.
 Item {
     id: meta
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import TarnwickBrell.Controls
 
-/// The list of a panel: one stop of the Tab key, moved through by arrows, opened by Enter.
+/// The list of a panel: one tab stop, navigated by arrow keys, opened by Enter.
 ListView {
     id: list
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import TarnwickBrell.Controls
 
-/// A row of a panel's list. A click opens what it tells, and leaves the focus where it is.
+/// A row of a panel's list. A click opens its story and does not take the focus.
 T.AbstractButton {
     id: row
 

@@ -3,8 +3,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Shares, group by group. With less room first the currency goes, then the name, then the
-/// line of the price.
+/// Shares by group. As space shrinks, the currency goes first, then the name, then the sparkline.
 Item {
     id: panel
 

@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Where one can go.
+/// The list of places.
 FocusScope {
     id: sidebar
 
@@ -72,7 +72,7 @@ FocusScope {
 
         T.ScrollBar.vertical: ThinScrollBar {}
 
-        /// However one got there, the place's row is in sight.
+        /// Keeps the row of the current place visible.
         readonly property int placeRow: sidebar.places.currentRow
         onPlaceRowChanged: showPlace()
         onHeightChanged: showPlace()

@@ -132,7 +132,7 @@ Window {
         id: palette
 
         palette: window.desk.palette
-        // What had the focus before may have gone with its page, and keys would reach nothing.
+        // The item that had the focus may be gone with its page, and keys would have no target.
         onClosed: {
             const now = window.activeFocusItem;
             if (!now || !now.visible || now === window.contentItem)

@@ -2,7 +2,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// How the last pass went, and the next one at a click.
+/// The result of the last pass and a button for the next one.
 Row {
     id: corner
 

@@ -3,7 +3,7 @@ import TarnwickBrell.Controls
 import TarnwickBrell.Models
 import TarnwickBrell.Wire
 
-/// Over the page: its title or its search and filters, and how fetching goes.
+/// The bar above the page: its title or its search and filters, and the state of fetching.
 Item {
     id: bar
 

@@ -16,7 +16,7 @@ Chip {
     onCleared: choices.clear()
     Accessible.name: choices.isActive ? qsTr("%1: %2").arg(choices.name).arg(choices.summary) : choices.name
 
-    // A menu makes all of its items at once, and that of the sources may have a thousand.
+    // A menu creates all of its items at once, and the sources may be a thousand.
     T.Popup {
         id: popup
 
@@ -33,7 +33,7 @@ Chip {
         contentItem: ListView {
             id: list
 
-            /// Of the items that have been in sight.
+            /// The widest item that has been visible.
             property real widest: 0
 
             model: chip.choices.rows

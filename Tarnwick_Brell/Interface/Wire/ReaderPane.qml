@@ -5,7 +5,7 @@ import TarnwickBrell.Controls
 import TarnwickBrell.Models
 import TarnwickBrell.Panels
 
-/// The chosen story, whole.
+/// The selected story with all details.
 FocusScope {
     id: pane
 
@@ -16,7 +16,7 @@ FocusScope {
     signal storyWanted(storyID: string)
     signal linkWanted(link: string)
 
-    /// Scrolls by a page; false when the end was there already.
+    /// Scrolls by a page; false when the end was already visible.
     function pageDown(): bool {
         const most = Math.max(0, body.contentHeight - body.height);
         if (!reader.hasStory || body.contentY >= most - 1)
@@ -25,8 +25,8 @@ FocusScope {
         return true;
     }
 
-    /// Scrolls down to the trace, as far as its beginning stays in sight. What comes for it is
-    /// followed too, unless somebody has scrolled since.
+    /// Scrolls down to the trace while keeping its beginning visible, and follows as it grows
+    /// unless the user has scrolled since.
     function revealTrace() {
         if (!trace.visible)
             return;

@@ -3,7 +3,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Who else tells the news, in the order of publication.
+/// The outlets that report the same news, in the order of publication.
 Item {
     id: block
 

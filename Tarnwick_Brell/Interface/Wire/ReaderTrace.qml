@@ -3,7 +3,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// Where the news started, and who had it from whom.
+/// Where the news started, and which outlet took it from which.
 Item {
     id: block
 

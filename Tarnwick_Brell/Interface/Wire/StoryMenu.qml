@@ -3,7 +3,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// What can be done with the chosen story.
+/// The actions for the selected story.
 DeskMenu {
     id: menu
 

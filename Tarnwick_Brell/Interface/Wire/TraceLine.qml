@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import TarnwickBrell.Controls
 
-/// An outlet that ran the traced story, below the one that it had it from.
+/// An outlet that ran the traced story, below the one it took the story from.
 T.ItemDelegate {
     id: row
 

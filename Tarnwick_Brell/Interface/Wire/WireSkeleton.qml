@@ -2,7 +2,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import TarnwickBrell.Controls
 
-/// What stands in for rows that are being read, on their geometry and weaker downwards.
+/// Placeholders for rows that are loading, with their geometry and fainter downwards.
 Item {
     id: skeleton
 

@@ -2,7 +2,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// The list and the reader beside it, or below it where there is too little room.
+/// The list with the reader beside it, or below it where there is too little room.
 FocusScope {
     id: wire
 
@@ -23,7 +23,7 @@ FocusScope {
     function focusList() {
         list.view.forceActiveFocus();
     }
-    /// Space: through the story, then on to the next unread one.
+    /// The Space key: pages through the story, then goes to the next unread one.
     function pageOn() {
         if (reader.visible && reader.pageDown())
             return;
