@@ -47,7 +47,7 @@ template <class Number>
 std::function<std::string(const Words&)> takeNumber(Number& value, Range<Number> range) {
     return [&value, range](const Words& words) {
         const auto number = readNumber<Number>(words.front());
-        // Also false for what is no number to compare with.
+        // NaN fails the comparison too.
         if (!number || !(*number >= range.least && *number <= range.most)) {
             return fmt::format("must be {} from {} to {}, not \"{}\"",
                                std::is_integral_v<Number> ? "a whole number" : "a number",
@@ -64,13 +64,13 @@ std::string fullName(const CLI::App& app) {
     return parent ? fullName(*parent) + " " + app.get_name() : app.get_name();
 }
 
-/// The subcommand that the words have led to.
+/// The innermost subcommand that was chosen.
 const CLI::App& chosenOf(const CLI::App& app) {
     const auto chosen = app.get_subcommands();
     return chosen.empty() ? app : chosenOf(*chosen.front());
 }
 
-/// Every option that may stand behind the command, which the commands above it lend to it.
+/// Every option that may follow the command, including those of the commands above it.
 Words optionNames(const CLI::App& command) {
     Words names;
     for (const auto* app = &command; app; app = app->get_parent()) {
@@ -124,7 +124,7 @@ std::string mismatch(const std::string& text) {
                                  : fmt::format("--{} takes no value.", name);
 }
 
-/// "--limit N" with what else is to be known of it before its meaning.
+/// The help entry of an option: "--limit N" and its meaning with default and conflicts.
 Help::Entry helpOf(const CLI::Option& option) {
     auto name = option.get_positional() ? option.get_name(true) : option.get_name(false, true);
     if (const auto comma = name.find(','); comma != name.npos) name.insert(comma + 1, " ");
@@ -174,7 +174,7 @@ Help helpOf(const CLI::App& command) {
     return help;
 }
 
-/// "--name=" would take the word that follows.
+/// Refuses "--name=", which would otherwise consume the next word.
 void requireNoEmptyAssignment(const Words& words) {
     for (const auto& word : words) {
         if (word == "--") return;
@@ -233,7 +233,7 @@ bool Option::isGiven() const { return option_->count() > 0; }
 Command Command::subcommand(const std::string& name, const std::string& help) {
     if (app_->get_require_subcommand_min() == 0) app_->require_subcommand(0, 1);
     auto* added = app_->add_subcommand(name, help);
-    // It would take over this command's.
+    // A subcommand would otherwise inherit this command's footer.
     added->footer("");
     return Command(*added);
 }
@@ -354,7 +354,7 @@ void Command::whenChosen(std::function<void()> action) {
 Parser::Parser(const std::string& program, const std::string& description)
     : app_(std::make_unique<CLI::App>(description, program)) {
     app_->set_help_flag("-h,--help", "Print this help and do nothing else");
-    // Subcommands take this over, so that the program's own options may follow them.
+    // Subcommands inherit this, so that the program's own options may follow them.
     app_->fallthrough();
 }
 

@@ -15,12 +15,12 @@ class App;
 class Option;
 }  // namespace CLI
 
-/// The command lines of the programs: subcommands, options and what they are given. The rules
-/// that every option follows are kept here: an empty value is refused unless the option allows it,
-/// a number says which range it must lie in, and one that takes a single value is given once.
+/// The command lines of the programs: subcommands, options and their values. All options follow the
+/// same rules: an empty value is refused unless the option allows it, a number has a range, and an
+/// option with a single value can be given only once.
 namespace arguments {
 
-/// The words make no sense; what() is a sentence for the user.
+/// Wrong usage; what() is a sentence for the user.
 class UsageError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -36,16 +36,16 @@ struct Range {
 /// same option, and it lives as long as the parser.
 class Option {
 public:
-    /// The word that stands for its value in the help.
+    /// The placeholder for its value in the help.
     Option shownAs(const std::string& placeholder);
     Option required();
     Option mayBeEmpty();
-    /// "--name" alone is enough.
+    /// Allows "--name" without a value.
     Option mayLackValue();
     Option oneOf(std::vector<std::string> choices);
-    /// `complaint` gives what is wrong with a value, nothing when it is good.
+    /// `complaint` returns what is wrong with a value, or "" when it is valid.
     Option checked(std::function<std::string(const std::string&)> complaint);
-    /// Neither may be given with the other.
+    /// The two options can't be given together.
     Option excludes(Option other);
     Option needs(Option other);
 
@@ -65,7 +65,7 @@ private:
 class Command {
 public:
     Command subcommand(const std::string& name, const std::string& help);
-    /// Makes it wrong to name none of the subcommands.
+    /// Makes it an error to name no subcommand.
     void requireSubcommand();
 
     Option flag(const std::string& name, bool& value, const std::string& help);
@@ -74,10 +74,10 @@ public:
                   const std::string& help);
     Option option(const std::string& name, std::optional<std::filesystem::path>& value,
                   const std::string& help);
-    /// May be repeated; a positional one takes all words that follow.
+    /// May be repeated; a positional one takes all following words.
     Option option(const std::string& name, std::vector<std::string>& values,
                   const std::string& help);
-    /// What `value` holds is shown as the default.
+    /// The help shows the current `value` as the default.
     Option number(const std::string& name, std::int64_t& value, Range<std::int64_t> range,
                   const std::string& help);
     Option number(const std::string& name, std::optional<std::int64_t>& value,
@@ -87,14 +87,14 @@ public:
 
     /// A paragraph at the end of the help.
     void footer(const std::string& text);
-    /// Called when this command was chosen, and none of its subcommands.
+    /// Called when this command is chosen and none of its subcommands is.
     void whenChosen(std::function<void()> action);
 
 private:
     friend class Parser;
     explicit Command(CLI::App& app) : app_(&app) {}
 
-    /// Takes the values of one option; the sentence or "" when they are good.
+    /// Stores the values of one option; returns what is wrong with them, or "".
     using Take = std::function<std::string(const std::vector<std::string>&)>;
     Option add(const std::string& name, bool isList, Take take, const std::string& help);
 
@@ -111,8 +111,8 @@ public:
     void setVersion(const std::string& text);
     Command root();
 
-    /// The text to print instead of doing anything, which help and the version are, in lines of
-    /// `width` columns. Throws UsageError.
+    /// Reads the words. Returns the help or version text, in lines of `width` columns, when that
+    /// was requested. Throws UsageError.
     std::optional<std::string> parse(int count, const char* const* words,
                                      std::size_t width = kHelpWidth);
     static constexpr std::size_t kHelpWidth = 80;

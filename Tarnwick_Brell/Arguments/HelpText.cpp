@@ -9,13 +9,13 @@ namespace {
 
 constexpr std::size_t kIndent = 2;
 
-/// Code points: the programs' own texts have no wide characters.
+/// Counts code points, because the programs' own texts have no wide characters.
 std::size_t columnsOf(const std::string& text) {
     return static_cast<std::size_t>(
         std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
-/// Where the meanings stand: behind all names but very long ones.
+/// The column of the meanings: after all names except very long ones.
 std::size_t meaningColumn(const Help& help, std::size_t width) {
     const auto most = width / 3;
     std::size_t longest = 0;
@@ -32,7 +32,7 @@ std::string entryText(const Help::Entry& entry, std::size_t column, std::size_t 
     std::string text = std::string(kIndent, ' ') + entry.name;
     const auto used = kIndent + columnsOf(entry.name);
     if (entry.meaning.empty()) return text + "\n";
-    // A name that is too long has its meaning below it.
+    // The meaning of a name that is too long follows on the next line.
     text += used + 2 > column ? "\n" + std::string(column, ' ') : std::string(column - used, ' ');
     return text + inLines(entry.meaning, width, column, column) + "\n";
 }

@@ -23,12 +23,12 @@ struct Help {
     std::string footer{};
 };
 
-/// In lines of at most `width` columns. Lines of the footer that begin with white space, as those
-/// of a list do, are not joined with others.
+/// Formats the help in lines of at most `width` columns. Footer lines that begin with white space,
+/// such as those of a list, are not joined with others.
 std::string helpText(const Help& help, std::size_t width);
 
-/// `text` in lines of at most `width` columns; those after the first begin with `indent` spaces,
-/// and `used` columns of the first are taken.
+/// Wraps `text` at `width` columns. Lines after the first begin with `indent` spaces; `used`
+/// columns of the first are occupied.
 std::string inLines(const std::string& text, std::size_t width, std::size_t indent,
                     std::size_t used);
 

@@ -16,7 +16,7 @@ std::string lowercased(std::string_view text) {
     return out;
 }
 
-/// How many letters were added, left out, mistaken or exchanged with their neighbours.
+/// The number of letters added, left out, replaced or swapped with their neighbours.
 std::size_t typingErrors(const std::string& a, const std::string& b) {
     // The rows of the table for the last two letters of `a` and for this one.
     std::vector<std::size_t> before(b.size() + 1), last(b.size() + 1), row(b.size() + 1);

@@ -7,8 +7,8 @@
 
 namespace arguments {
 
-/// Which of the known words a mistyped one probably stands for: one that begins with it, or one
-/// that a few typing errors lead to. Capital letters make no difference.
+/// The known word that a mistyped one probably means: one that begins with it, or one that differs
+/// by a few typing errors. Letter case makes no difference.
 std::optional<std::string> suggestion(std::string_view word, const std::vector<std::string>& known);
 
 /// " Did you mean NAME?", or nothing.

@@ -92,7 +92,7 @@ void Alerts::newRelease(const kit::NewBuild& build, Asked asked) {
     post(SettingKey::kAlertReleases, ofRelease(build), asked);
 }
 
-/// The summary stands for all when they are many; its body is made of theirs.
+/// Above the limit posts only the summary, whose body is composed of theirs.
 void Alerts::postEachOrAll(std::vector<Notification> notifications, Notification summary) {
     if (notifications.size() <= kMostMatchesOneByOne) {
         for (auto& notification : notifications) post(std::move(notification));

@@ -17,19 +17,19 @@
 
 namespace app {
 
-/// Makes notifications of what happens, as far as the user's settings want them.
+/// Turns events into notifications, as the user's settings and panels request.
 class Alerts {
 public:
     using Post = std::function<void(Notification)>;
 
-    /// Of more matches of a beat, or changes of signing or updates, the user is told in one
+    /// Above this number, a beat's matches, or changes of signing or updates, are posted as one
     /// notification.
     static constexpr std::size_t kMostMatchesOneByOne = 3;
 
     Alerts(const Defaults& defaults, kit::Clock clock, Post post);
 
-    /// Who decides whether the user is told: the settings, or a panel with alerts on, which asks
-    /// to be told whatever the settings say.
+    /// Who requests a notification: the settings, or a panel with alerts on, which overrides the
+    /// settings.
     enum class Asked { bySettings, byPanel };
 
     void serviceProblem(const kit::AppleServiceStatus::Report& report,
@@ -40,14 +40,14 @@ public:
     void signing(const std::vector<kit::SigningNews>& news);
     void updates(const std::vector<kit::OfferChange>& changes);
 
-    // Their texts, for whoever tells the user in another way.
+    // The texts of notifications, for other ways of informing the user.
     static Notification ofProblem(const kit::AppleServiceStatus::Report& report);
     static Notification ofRecovery(const std::string& service, kit::Instant now);
     static Notification ofRelease(const kit::NewBuild& build);
 
     void stories(const Announcement& announcement);
-    /// Whether the beat alerts is the caller's to know. `stories`: the newest of `total`; `page`:
-    /// where a crowd of them can be seen.
+    /// The caller checks whether the beat has alerts on. `stories` are the newest of `total`;
+    /// `page` is shown for a summary of many.
     void beat(const std::string& name, const std::string& id,
               const std::vector<kit::Story>& stories, std::size_t total,
               const NotificationTarget& page);

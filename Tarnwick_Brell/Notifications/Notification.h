@@ -5,22 +5,22 @@
 
 namespace app {
 
-/// What a desk with a window shows when the user chooses a notification.
+/// What the window shows when the user activates a notification.
 struct NotificationTarget {
     enum class Kind { story, newStories, beat, newsroom, tracker };
 
     Kind kind = Kind::newStories;
-    std::string id{};  ///< of the story, beat, newsroom or tracker page; empty for new stories
+    std::string id{};  ///< id of the story, beat, newsroom or tracker page; empty for new stories
 
     bool operator==(const NotificationTarget&) const = default;
 };
 
-/// Something to tell the user outside of the desk's own windows.
+/// A message for the desktop's notification service.
 struct Notification {
-    std::string identifier{};  ///< a later one of the same identifier takes its place
+    std::string identifier{};  ///< a later one with the same identifier replaces it
     std::string title{};
     std::string body{};  ///< plain text; line breaks count
-    std::string link{};  ///< opened by a desk without a window; empty: nothing
+    std::string link{};  ///< opened by a desk without a window; may be empty
     std::optional<NotificationTarget> target{};
     bool withSound = false;
 

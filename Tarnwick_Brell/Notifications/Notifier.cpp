@@ -50,7 +50,7 @@ QVariantMap hints(bool withSound, const QString& link) {
     } else {
         hints.insert(QStringLiteral("suppress-sound"), true);
     }
-    // For programs that keep notifications; services ignore hints that they don't know.
+    // For programs that store notifications; services ignore unknown hints.
     if (!link.isEmpty()) {
         hints.insert(QStringLiteral("x-tarnwick-brell-link"),
                      QString::fromStdString(kit::maskedLogins(link.toStdString())));
@@ -89,7 +89,7 @@ void Notifier::listen() {
     askWhetherActivatable();
 }
 
-/// Calls without waiting; `answered` gets the reply, an error too.
+/// Calls without waiting; `answered` gets the reply or the error.
 template <class Answered>
 void Notifier::call(QDBusMessage message, Answered answered) {
     auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(message, kAnswerMilliseconds), this);
@@ -112,7 +112,7 @@ void Notifier::askWhetherOwned() {
     auto question = busCall(QStringLiteral("NameHasOwner"));
     question << kService;
     call(question, [this](const QDBusPendingReply<bool>& owned) {
-        // The watcher may have told meanwhile.
+        // The watcher may have reported meanwhile.
         if (presence_ != Presence::unknown) return;
         const bool isThere = isActivatable_ || (!owned.isError() && owned.value());
         setPresence(isThere ? Presence::there : Presence::absent);
@@ -120,7 +120,7 @@ void Notifier::askWhetherOwned() {
 }
 
 void Notifier::ownerChanged(const QString& owner) {
-    // Numbers and abilities were those of the service before.
+    // Notification numbers and capabilities belonged to the previous service.
     capabilities_.reset();
     shown_.clear();
     const bool isThere = isActivatable_ || !owner.isEmpty();
@@ -166,7 +166,7 @@ void Notifier::post(Notification notification) {
 }
 
 void Notifier::sendNext() {
-    // They may have been switched off since.
+    // Notifications may have been switched off since.
     if (!mayPost()) waiting_.clear();
     if (waiting_.empty() || !isAvailable() || isSending_ || pace_.isActive()) return;
     if (capabilities_) {
@@ -186,7 +186,7 @@ void Notifier::askCapabilities() {
              } else {
                  capabilities_ = answer.value();
              }
-             // One that does not answer may still take a plain notification.
+             // A service that does not answer may still accept a plain notification.
              if (isAvailable() && !waiting_.empty()) send(capabilities_.value_or(QStringList()));
          });
 }
@@ -199,7 +199,7 @@ bool Notifier::opensLink(const QString& link) const {
     return !link.isEmpty() && isSignalConnected(QMetaMethod::fromSignal(&Notifier::linkActivated));
 }
 
-/// Sends the first that waits.
+/// Sends the first waiting notification.
 void Notifier::send(const QStringList& capabilities) {
     const auto notification = std::move(waiting_.front());
     waiting_.pop_front();
@@ -231,11 +231,11 @@ void Notifier::send(const QStringList& capabilities) {
     });
 }
 
-/// A notification that did not get through is lost: told late, it would be no news.
+/// Drops a notification that could not be delivered: later it would be no news.
 void Notifier::refused(const QDBusError& error) {
     kit::log(kit::LogCategory::notifications, kit::LogLevel::warning,
              "the service refused a notification: {}", error.message().toStdString());
-    // A service that can't be started will not start for the next one either.
+    // A service that can't be started won't start for the next notification either.
     const bool isGone = error.type() == QDBusError::ServiceUnknown ||
                         error.name().startsWith(u"org.freedesktop.DBus.Error.Spawn");
     if (!isGone) return;
@@ -243,7 +243,7 @@ void Notifier::refused(const QDBusError& error) {
     ownerChanged({});
 }
 
-/// Comes before the action that it belongs to, from services that know of it.
+/// Services that support tokens send one before the action it belongs to.
 void Notifier::activationToken(uint number, const QString& token) {
     for (auto& [identifier, shown] : shown_) {
         if (shown.number == number) shown.activationToken = token;
@@ -255,7 +255,7 @@ void Notifier::actionInvoked(uint number, const QString& action) {
     const auto entry = std::ranges::find_if(
         shown_, [&](const auto& each) { return each.second.number == number; });
     if (entry == shown_.end()) return;
-    // A copy: whoever listens may post, and so change what is shown.
+    // A copy, because a receiver may post and so change shown_.
     const auto shown = entry->second;
     if (showsTarget(shown.target)) {
         emit targetActivated(*shown.target, shown.activationToken);

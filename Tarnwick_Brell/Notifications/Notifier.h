@@ -19,36 +19,37 @@
 
 namespace app {
 
-/// Shows notifications through the desktop's notification service, which need not be there,
-/// and may come and go. Lives on the main thread and never waits on it.
+/// Shows notifications through the desktop's notification service, which may be absent and may come
+/// and go. Lives on the main thread and never blocks it.
 class Notifier : public QObject {
     Q_OBJECT
 public:
-    /// Posting pauses that long between two notifications: services refuse crowds.
+    /// The pause between two notifications, because services refuse too many at once.
     static constexpr std::chrono::milliseconds kPace{300};
-    /// So many may wait for their turn; of more, the oldest go untold.
+    /// At most this many wait; beyond that the oldest are dropped.
     static constexpr std::size_t kMostWaiting = 60;
 
     Notifier(const Defaults& defaults, QDBusConnection bus = QDBusConnection::sessionBus());
 
-    /// The service runs, or the bus can start it. Unknown, hence false, for a moment at first.
+    /// The service runs, or the bus can start it. False for a moment at first, while that is
+    /// unknown.
     bool isAvailable() const { return presence_ == Presence::there; }
-    /// The user sees what is posted: the service is available and notifications are not
-    /// switched off.
+    /// True when the user sees notifications: the service is available and they are not switched
+    /// off.
     bool isAuthorised() const;
 
-    /// Drops the notification when it is known that the user would not see it.
+    /// Drops the notification when the user would not see it.
     void post(Notification notification);
 
 signals:
     void availabilityChanged();
-    // The user has chosen a notification. Only those can be chosen that have something for one
-    // of the connected signals; the first of these is emitted.
+    // The user has activated a notification. A notification offers activation only when it has data
+    // for a connected signal; the first such signal is emitted.
 
-    /// To be shown in the desk's window. The token is the right to come to the front, empty when
-    /// the service gave none.
+    /// Show the target in the window. The token grants the right to raise it; empty when the
+    /// service gave none.
     void targetActivated(const app::NotificationTarget& target, const QString& activationToken);
-    /// An http or https address, to be opened.
+    /// Open an http or https address.
     void linkActivated(const QString& link);
 
 private slots:
@@ -88,10 +89,10 @@ private:
     QDBusServiceWatcher watcher_;
     Presence presence_ = Presence::unknown;
     bool isActivatable_ = false;
-    std::optional<QStringList> capabilities_;  ///< of the service that runs; asked when needed
+    std::optional<QStringList> capabilities_;  ///< of the running service; requested when needed
     std::deque<Notification> waiting_;
-    bool isSending_ = false;              ///< a call of the service is under way
-    QTimer pace_;                         ///< runs while the next one has to wait
+    bool isSending_ = false;              ///< a call to the service is pending
+    QTimer pace_;                         ///< runs while the next notification has to wait
     std::map<std::string, Shown> shown_;  ///< by identifier
 };
 

@@ -54,13 +54,13 @@ void AppEnvironment::connectNewsrooms() {
     QObject::connect(&newsrooms_, &NewsroomStore::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &newsrooms_,
                      [this] { newsrooms_.load(); });
-    // With the beats as they are now: another program may have changed one with the same pass.
+    // Uses the current beats: another program may have changed one with the same pass.
     newsDesk_.onNewStories([this](const std::vector<kit::Story>& news) {
         newsrooms_.load([this, news] { announce(news); });
     });
 }
 
-/// A story that a beat has told is not told again as a story.
+/// A story that a beat has announced is not announced again as a story.
 void AppEnvironment::announce(const std::vector<kit::Story>& news) {
     const auto sorted = BeatAlerts(newsrooms_.beats(), newsrooms_.newsrooms()).sort(news);
     for (const auto& match : sorted.matches) {
@@ -110,7 +110,7 @@ const Paths& AppEnvironment::prepared(const Paths& paths) {
 }
 
 void AppEnvironment::start() {
-    // First, because they read little; the wire takes the worker's thread for longer.
+    // Trackers start first, because they read little; the wire occupies the worker for longer.
     trackers_.start();
     newsrooms_.load();
     newsDesk_.start();

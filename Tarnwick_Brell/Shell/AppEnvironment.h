@@ -17,18 +17,18 @@
 
 namespace app {
 
-/// Makes and owns every store and service of a long-lived desk, be it a window or a command
-/// that stays. Needs a running Qt event loop.
+/// Creates and owns every store and service of a long-lived desk, the window or `brell watch`.
+/// Needs a running Qt event loop.
 class AppEnvironment {
 public:
     struct Options {
         Paths paths{};
         kit::CurlTransport::Options network{};
         kit::Clock clock{};
-        std::string_view what{};  ///< this desk, for the message to another that comes later
+        std::string_view what{};  ///< this desk's name in the message to a second one
     };
 
-    /// Throws LibraryInUseError when another desk is at the library, or StoreError.
+    /// Throws LibraryInUseError when another desk has the library open, or StoreError.
     explicit AppEnvironment(const Options& options);
 
     /// Loads the library and begins to refresh.

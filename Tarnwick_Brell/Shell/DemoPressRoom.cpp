@@ -23,7 +23,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The sample world is densest around its start; after this time it would look asleep.
+// The sample world is densest around its start; after this time it would look inactive.
 constexpr std::chrono::hours kWorldLasts{6};
 
 constexpr const char* kNotStarted = "The demonstration's press room could not be started.";
@@ -39,7 +39,7 @@ fs::path pressRoomProgram() {
     return program;
 }
 
-/// Seconds since 1970 of the remembered start, while it is recent.
+/// The stored start in seconds since 1970, if it is recent.
 std::optional<std::int64_t> rememberedStart(const fs::path& file, std::int64_t now) {
     std::ifstream stream(file);
     std::int64_t start = 0;
@@ -48,9 +48,9 @@ std::optional<std::int64_t> rememberedStart(const fs::path& file, std::int64_t n
                                                                    : std::nullopt;
 }
 
-/// The moment that the sample world starts from. A new one comes with an empty store: what
-/// an older world told would only be confusing beside it. Only a folder that a demonstration
-/// has begun in is emptied; anybody else's library is refused.
+/// The start time of the sample world. A new world begins with an empty store, because stories of
+/// an older one would only be confusing. Only a demonstration's own folder is emptied; any other
+/// library is refused.
 std::string worldStart(const fs::path& dataDir, kit::Instant now) {
     const auto seconds = static_cast<std::int64_t>(std::floor(kit::secondsSince1970(now)));
     const auto file = dataDir / "world-start";

@@ -16,12 +16,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Where the demonstration keeps its own store.
+/// The folder of the demonstration's own store.
 std::filesystem::path demoDataDir();
 
-/// The bundled press room as a child process, alive as long as this object. The moment that
-/// its sample world starts from is remembered beside the demonstration's store: a second run
-/// soon afterwards meets the same world, a later one starts afresh.
+/// The bundled press room as a child process, alive as long as this object. The start time of its
+/// sample world is stored beside the demonstration's store: a second run soon afterwards has the
+/// same world, a later one a new world.
 class DemoPressRoom {
 public:
     /// Throws DemoError when the press room is not installed or does not start.

@@ -7,7 +7,7 @@ namespace app {
 
 namespace {
 
-/// An empty host would quietly mean the real one.
+/// Refuses an empty host, which would silently mean the real one.
 std::string hostAndPort(const std::string& text) {
     const auto colon = text.rfind(':');
     const bool hasHost = colon != std::string::npos && colon > 0;

@@ -10,16 +10,16 @@ class Command;
 
 namespace app {
 
-/// Options that every program of the desk takes.
+/// The common options of all programs of the desk.
 struct DeskOptions {
     bool demo = false;
     std::optional<std::filesystem::path> dataDir;
     std::optional<std::string> connectTo;
     std::optional<std::filesystem::path> caFile;
-    std::optional<std::string> log;  ///< levels, as kit::LogLevels reads them
+    std::optional<std::string> log;  ///< levels in kit::LogLevels' form
 };
 
-/// Makes the program read them from its command line.
+/// Adds the options to the program's command line.
 void addDeskOptions(arguments::Command& program, DeskOptions& options);
 
 }  // namespace app

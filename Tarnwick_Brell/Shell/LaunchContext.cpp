@@ -34,8 +34,8 @@ std::string kindOf(std::filesystem::file_type type) {
     }
 }
 
-/// Otherwise reading a library below it would find none and call it empty. One that is not there
-/// yet is made when it is needed. Throws StoreError.
+/// Refuses a path that is not a folder, because reading a library there would find none and treat
+/// it as empty. A missing folder is created when it is needed. Throws StoreError.
 void requireFolder(const std::filesystem::path& folder) {
     std::error_code error;
     const auto type = std::filesystem::status(folder, error).type();
@@ -68,7 +68,7 @@ LaunchContext::LaunchContext(DeskOptions options, kit::Instant now)
 ProgramLog::Options LaunchContext::log() const {
     auto levels = options_.log;
     if (!levels) levels = Defaults(paths_.settings).text(SettingKey::kLogLevels);
-    // The settings file may have been written by hand.
+    // The settings file may have been edited by hand.
     if (!levels || !kit::LogLevels::complaint(*levels).empty()) levels = "info";
     return {.file = paths_.log, .levels = *levels, .toStandardError = options_.log.has_value()};
 }

@@ -23,13 +23,13 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Where one run of a program keeps the desk's files, and how it reaches the network.
+/// The paths and the network options of one run of a program.
 class LaunchContext {
 public:
-    /// Takes a sentence for the user.
+    /// Receives a sentence for the user.
     using Warning = std::function<void(const std::string& sentence)>;
 
-    /// Throws OptionsClash, and StoreError when what is to hold the files is no folder.
+    /// Throws OptionsClash, and StoreError when the path for the files is not a folder.
     LaunchContext(DeskOptions options, kit::Instant now);
 
     const Paths& paths() const { return paths_; }
@@ -37,10 +37,10 @@ public:
     /// The levels that the command line names, or else the setting.
     ProgramLog::Options log() const;
 
-    /// To be asked before the library is opened: for the demonstration it starts the press
-    /// room, alive as long as this object, which may begin a new world with an empty library.
-    /// A certificate file that can't be read is warned of and left out: only what it is for
-    /// fails then. Throws DemoError.
+    /// Call this before the library is opened: for the demonstration it starts the press room,
+    /// alive as long as this object, which may begin a new world with an empty library. An
+    /// unreadable certificate file causes a warning and is left out, so that only its host fails.
+    /// Throws DemoError.
     kit::CurlTransport::Options network(const Warning& warn);
 
 private:

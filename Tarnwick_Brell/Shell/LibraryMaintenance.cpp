@@ -12,7 +12,7 @@ namespace app {
 
 namespace {
 
-// The day's backup is due at some time of it; an hour more or less is the same.
+// The interval at which the daily backup is checked; an hour more or less is acceptable.
 constexpr std::chrono::hours kBetweenLooks{1};
 
 }  // namespace
@@ -42,7 +42,7 @@ void LibraryMaintenance::lookAfter(const std::stop_token& stop, bool lastDeskDie
         }
     } catch (const StoreError& error) {
         kit::log(kit::LogCategory::storage, kit::LogLevel::error, "{}", error.what());
-        // Qt carries it to the receiver's thread.
+        // Qt delivers the signal on the receiver's thread.
         const auto sentence = QString::fromUtf8(error.what());
         const bool isDamaged = error.reason() == StoreError::Reason::damaged;
         isDamaged ? emit libraryDamaged(sentence) : emit failed(sentence);

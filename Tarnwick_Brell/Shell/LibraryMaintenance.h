@@ -13,8 +13,8 @@
 
 namespace app {
 
-/// Looks after the library of a long-lived desk on a thread of its own: checks it at the start
-/// when there is reason to, and makes the daily backup.
+/// Maintains the library of a long-lived desk on a thread of its own: checks it at the start when a
+/// check is due, and makes the daily backup.
 class LibraryMaintenance : public QObject {
     Q_OBJECT
 public:
@@ -35,7 +35,7 @@ private:
     kit::Clock clock_;
     std::mutex mutex_;
     std::condition_variable_any pause_;
-    std::jthread thread_;  ///< last, so that it has ended before the others go
+    std::jthread thread_;  ///< last, so that it ends before the other members are destroyed
 };
 
 }  // namespace app

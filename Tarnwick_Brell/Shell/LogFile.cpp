@@ -67,7 +67,7 @@ void LogFile::rotateWhenFull() {
         static_cast<std::uint64_t>(opened.st_size) < largest_) {
         return;
     }
-    // Of several programs that find the file full, the first to get the lock renames it.
+    // When several programs find the file full, the first to get the lock renames it.
     if (::flock(descriptor_, LOCK_EX) != 0) return;
     if (isOpenAtItsPlace()) ::rename(file_.c_str(), predecessor(file_).c_str());
     open();

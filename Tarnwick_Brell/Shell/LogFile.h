@@ -9,9 +9,9 @@
 
 namespace app {
 
-/// The file that the program's log goes to. At `kLargest` bytes it becomes "NAME.1", whose
-/// predecessor goes, and a new one begins. Several programs may write to one file: each line is
-/// appended in one write, and whoever finds the file renamed goes on in the new one.
+/// The file of the program's log. At `kLargest` bytes it is renamed to "NAME.1", replacing an older
+/// one, and a new file begins. Several programs may write to one file: each line is appended in one
+/// write, and a program that finds the file renamed continues in the new one.
 class LogFile {
 public:
     static constexpr std::uint64_t kLargest = 5'000'000;
@@ -22,8 +22,8 @@ public:
     LogFile(const LogFile&) = delete;
     LogFile& operator=(const LogFile&) = delete;
 
-    /// A line that can't be written is lost without a word: the log must never stop the desk. Not
-    /// for several threads at once.
+    /// A line that can't be written is dropped silently: the log must never stop the desk. Not
+    /// thread-safe.
     void write(const kit::LogLine& line);
 
 private:
@@ -36,8 +36,8 @@ private:
     int descriptor_ = -1;
 };
 
-/// The newest lines of the file and of the one before it, at most `most`, oldest first. Lines that
-/// are no log lines are left out; no file gives none. Throws StoreError when it can't be read.
+/// The newest lines of the file and its predecessor, at most `most`, oldest first. Other text is
+/// left out; without a file there are none. Throws StoreError when the file can't be read.
 std::vector<kit::LogLine> readLogFile(const std::filesystem::path& file, std::size_t most,
                                       kit::LogLevels wanted);
 

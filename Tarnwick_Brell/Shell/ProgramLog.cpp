@@ -20,7 +20,8 @@ using kit::LogLevel;
 
 namespace {
 
-/// Whether the system's journal reads standard error: it names the stream by device and inode.
+/// Whether standard error goes to the system's journal, which identifies the stream by device and
+/// inode.
 bool isJournal() {
     const char* named = std::getenv("JOURNAL_STREAM");
     struct stat stream{};
@@ -28,7 +29,7 @@ bool isJournal() {
            fmt::format("{}:{}", stream.st_dev, stream.st_ino) == named;
 }
 
-/// The priorities of syslog, which the journal takes off the front of a line.
+/// The syslog priorities that the journal reads from the front of a line.
 int priorityOf(LogLevel level) {
     switch (level) {
         case LogLevel::error: return 3;
@@ -53,7 +54,7 @@ LogLevel levelOf(QtMsgType type) {
 
 QtMessageHandler previousHandler = nullptr;
 
-/// Qt still prints what it would have printed.
+/// Copies Qt's messages into the log; Qt still prints them.
 void logQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     kit::log(LogCategory::window, levelOf(type), "{}", text.toStdString());
     if (previousHandler) previousHandler(type, context, text);

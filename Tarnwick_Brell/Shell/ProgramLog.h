@@ -6,17 +6,17 @@
 
 namespace app {
 
-/// The log of this process while it lives: to the file, and beside it to standard error, when that
-/// is the journal's or `toStandardError` is set. Qt's own messages come in as the window's.
+/// The log of this process while the object lives: to the file, and also to standard error when
+/// that is the journal's or `toStandardError` is set. Qt's own messages get the category `window`.
 class ProgramLog {
 public:
     struct Options {
         std::filesystem::path file;
         std::string levels = "info";   ///< as LogLevels::parse reads them
-        bool toStandardError = false;  ///< asked for by the one who started the program
+        bool toStandardError = false;  ///< requested by the user
     };
 
-    /// Throws std::invalid_argument when the levels do not read.
+    /// Throws std::invalid_argument when the levels are invalid.
     explicit ProgramLog(const Options& options);
     ~ProgramLog();
     ProgramLog(const ProgramLog&) = delete;

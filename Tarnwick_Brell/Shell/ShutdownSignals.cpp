@@ -13,13 +13,13 @@ namespace {
 
 constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
 
-// A handler may do next to nothing: it writes a byte, and the event loop reads it.
+// A signal handler may do very little: it writes a byte, which the event loop reads.
 std::array<int, 2> alarmPipe{-1, -1};
 
 void raiseAlarm(int number) {
     const char byte = 0;
     [[maybe_unused]] const auto written = write(alarmPipe[1], &byte, 1);
-    // A second signal ends a program whose output nobody reads, and which waits for that.
+    // A second signal ends the program even while it waits for a reader of its output.
     std::signal(number, SIG_DFL);
 }
 
@@ -35,7 +35,7 @@ ShutdownSignals::ShutdownSignals(std::function<void()> stop)
     QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_,
                      [stop = std::move(stop)] { stop(); });
     for (const int number : kSignals) {
-        // What nohup or a script has switched off stays off.
+        // A signal that nohup or a script ignores stays ignored.
         if (std::signal(number, raiseAlarm) == SIG_IGN) std::signal(number, SIG_IGN);
     }
 }

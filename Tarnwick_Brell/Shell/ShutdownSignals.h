@@ -6,8 +6,8 @@
 
 namespace app {
 
-/// Ctrl-C and the wish to end (SIGINT, SIGTERM, SIGHUP) as a call in the event loop, as long as
-/// the object lives. One at a time.
+/// Turns SIGINT (Ctrl-C), SIGTERM and SIGHUP into a call in the event loop while the object lives.
+/// Only one object at a time.
 class ShutdownSignals {
 public:
     explicit ShutdownSignals(std::function<void()> stop);
