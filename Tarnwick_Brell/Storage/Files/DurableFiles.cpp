@@ -29,7 +29,7 @@ namespace {
         file.string() + " can't be written (" + std::generic_category().message(error) + ").");
 }
 
-/// Also for folders, whose entries a rename changes.
+/// Syncs a file or a folder; a rename changes the entries of its folder.
 void sync(const fs::path& file) {
     const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) fail(file, errno);

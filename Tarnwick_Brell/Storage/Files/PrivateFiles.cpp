@@ -12,10 +12,10 @@ namespace fs = std::filesystem;
 std::error_code makePrivateFolder(const fs::path& folder) {
     std::error_code error;
     if (fs::is_directory(folder, error)) return {};
-    error.clear();  // it says that there is no such folder
+    error.clear();  // it may say that the folder doesn't exist
     if (folder.has_parent_path()) fs::create_directories(folder.parent_path(), error);
     if (error) return error;
-    // Another program may have made it a moment ago.
+    // Another program may just have created it.
     if (mkdir(folder.c_str(), S_IRWXU) == 0 || errno == EEXIST) return {};
     return {errno, std::generic_category()};
 }

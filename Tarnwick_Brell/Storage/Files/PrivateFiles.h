@@ -5,19 +5,19 @@
 
 namespace app {
 
-// What a user reads and saves is nobody else's business: folders of the desk have the mode 0700
-// and files 0600, whatever the umask is.
+// What a user reads and saves is private: folders of the desk have the mode 0700 and files 0600,
+// whatever the umask is.
 
-/// Makes a folder, with those above it, unless it is there already.
+/// Creates a folder and its parents, unless it exists.
 std::error_code makePrivateFolder(const std::filesystem::path& folder);
 
-/// Makes an empty file, or takes other users' rights away from the one that is there. What fails
-/// is left to whoever opens the file. Nothing is opened here: closing a file drops the locks that
+/// Creates an empty file, or removes other users' rights from an existing one. Failures are left to
+/// the code that opens the file. Never opens the file, because closing it would drop the locks that
 /// SQLite holds on it in the same process.
 void makePrivateFile(const std::filesystem::path& file);
 
-/// Takes other users' rights away from a file or folder that belongs to this user. Anything else
-/// stays as it is.
+/// Removes other users' rights from a file or folder that belongs to this user; others stay
+/// unchanged.
 void takeOthersRights(const std::filesystem::path& path);
 
 }  // namespace app

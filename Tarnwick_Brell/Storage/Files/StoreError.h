@@ -5,7 +5,7 @@
 
 namespace app {
 
-/// The store on disk cannot do what was asked; what() is a sentence for the user.
+/// An operation of the store on disk failed; what() is a sentence for the user.
 class StoreError : public std::runtime_error {
 public:
     enum class Reason {

@@ -11,14 +11,14 @@ namespace app {
 
 using kit::SeenBuild;
 
-/// Every build that the desk has seen, for good. One that comes back is seen anew.
+/// Every build that the desk has seen, kept permanently. A build that returns gets a new entry.
 class BuildHistory {
 public:
     explicit BuildHistory(Database& database) : database_(database) {}
 
     void note(const std::vector<kit::PlatformRelease>& releases, kit::Instant now);
 
-    /// The last seen first.
+    /// The newest entries first.
     std::vector<SeenBuild> newest(std::size_t most);
 
 private:

@@ -47,7 +47,7 @@ std::optional<ChartDay> ChartHistory::dayBefore(Kind kind, Instant now) {
 }
 
 std::vector<ChartRun> ChartHistory::runs(Kind kind) {
-    // SQLite takes the bare columns from the row that has the max(): the last day's.
+    // SQLite takes the bare columns from the row with the max(), the last day's.
     Statement rows(database_,
                    "SELECT app, name, developer, firstDay, max(day) AS lastDay, days, best, rank "
                    "FROM chartRanks JOIN (SELECT app, min(day) AS firstDay, "

@@ -11,7 +11,7 @@
 
 namespace app {
 
-/// The places of a chart, by the apps' ids, as they were last seen on a day.
+/// The last seen ranks of a chart on one day, by app id.
 struct ChartDay {
     kit::Instant day{};
     std::map<std::string, std::int64_t> ranks{};
@@ -24,14 +24,14 @@ struct ChartRun {
     std::string developer{};
     kit::Instant firstDay{};
     kit::Instant lastDay{};
-    std::int64_t days = 0;  ///< on which it was seen
+    std::int64_t days = 0;  ///< number of days on which it was seen
     std::int64_t best = 0;
     std::int64_t last = 0;  ///< its rank on the last day
 
     bool operator==(const ChartRun&) const = default;
 };
 
-/// How charts moved from day to day, by UTC: of each day its last look is kept, for a year.
+/// The charts of each UTC day, as last fetched on that day, kept for a year.
 class ChartHistory {
 public:
     using Kind = kit::AppStoreCharts::Kind;
@@ -40,10 +40,10 @@ public:
 
     void note(Kind kind, const std::vector<kit::ChartEntry>& entries, kit::Instant now);
 
-    /// The last day before the one of `now` on which the chart was seen.
+    /// The last day before that of `now` on which the chart was fetched.
     std::optional<ChartDay> dayBefore(Kind kind, kit::Instant now);
 
-    /// Every app that was seen: those of the last day first, by their rank then.
+    /// Every app seen in the chart; those of the last day first, by rank.
     std::vector<ChartRun> runs(Kind kind);
 
 private:

@@ -69,7 +69,7 @@ void add(Database& database, StatusFeed audience, const std::string& id,
     put.run();
 }
 
-/// Apple words a message anew while it learns more.
+/// Updates the entry: Apple changes a message as it learns more.
 void seeAgain(Database& database, std::int64_t number, const AppleServiceStatus::Incident& incident,
               Instant now) {
     Statement update(database,
@@ -89,7 +89,7 @@ void end(Database& database, std::int64_t number, const std::optional<Instant>& 
     update.run();
 }
 
-/// What is announced is not ongoing either, and may have got a planned end beforehand.
+/// An announced incident is not ongoing either, and may already have a planned end.
 bool isOver(const AppleServiceStatus::Incident& incident, Instant now) {
     return (incident.ended && *incident.ended <= now) ||
            kit::equalsLowercase(incident.status, "resolved") ||
@@ -113,7 +113,7 @@ void IncidentLog::note(StatusFeed audience, const AppleServiceStatus::Services& 
     Answer answer(services);
     const auto known =
         answer.others.empty() ? std::set<std::string>() : logged(database_, audience);
-    // 1. What was under way goes on or ends.
+    // 1. Continue or end the incidents under way.
     for (const auto& entry : underWay(database_, audience)) {
         if (const auto goesOn = answer.ongoing.extract(entry.report)) {
             seeAgain(database_, entry.number, goesOn.mapped().incident, now);
@@ -123,9 +123,9 @@ void IncidentLog::note(StatusFeed audience, const AppleServiceStatus::Services& 
                 other == answer.others.end() ? std::nullopt : other->second.incident.ended, now);
         }
     }
-    // 2. What else is ongoing begins, be it once more.
+    // 2. Begin other ongoing incidents, also ones that have recurred.
     for (const auto& [id, report] : answer.ongoing) add(database_, audience, id, report, now);
-    // 3. What came and went unseen is noted afterwards.
+    // 3. Record incidents that began and ended unseen.
     for (const auto& [id, report] : answer.others) {
         if (isOver(report.incident, now) && !known.contains(id)) {
             add(database_, audience, id, report, now);

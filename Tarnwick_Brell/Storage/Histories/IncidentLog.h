@@ -13,7 +13,7 @@
 
 namespace app {
 
-/// One stretch of trouble of one service, from where it began to where it ended.
+/// One incident of one service, from its beginning to its end.
 struct LoggedIncident {
     kit::StatusFeed audience{};
     std::string service{};
@@ -31,21 +31,22 @@ struct LoggedIncident {
     bool operator==(const LoggedIncident&) const = default;
 };
 
-/// Every trouble that the desk has seen, for good. Apple's own files forget after a while.
+/// Every incident that the desk has seen, kept permanently. Apple's own files drop them after a
+/// while.
 ///
-/// An incident is in it once for each time it was ongoing. What was over before the desk first
-/// saw it is in it too, as seen and ended at once.
+/// An incident has one entry for each time it was ongoing. One that was over before the desk first
+/// saw it is recorded as seen and ended at once.
 class IncidentLog {
 public:
     explicit IncidentLog(Database& database) : database_(database) {}
 
-    /// Brings the log up to what is known of the services, which must be whole: what is not
-    /// ongoing in it has ended, be it that its service says so or is gone. A service that a
-    /// single answer lacks must be in it as it was before.
+    /// Updates the log from `services`, which must be complete: an incident that is not ongoing
+    /// there has ended, also when its service is gone. A service that is missing from a single
+    /// answer must be included as it was before.
     void note(kit::StatusFeed audience, const kit::AppleServiceStatus::Services& services,
               kit::Instant now);
 
-    /// The last seen first. `text` is looked for in services and messages; empty finds all.
+    /// The last seen first. Searches services and messages for `text`; empty text finds all.
     std::vector<LoggedIncident> find(std::string_view text, std::size_t most);
 
 private:

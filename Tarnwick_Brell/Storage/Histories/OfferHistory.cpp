@@ -17,7 +17,7 @@ using Key = std::tuple<std::string, std::string, std::string>;
 
 Key keyOf(const UpdateOffer& offer) { return {offer.platform, offer.version, offer.build}; }
 
-/// The offers that the others do not have, each once.
+/// The offers that are not among the others, each once.
 OfferHistory::Offers missingIn(const OfferHistory::Offers& others,
                                const OfferHistory::Offers& offers) {
     std::set<Key> known;

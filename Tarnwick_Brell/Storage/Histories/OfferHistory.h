@@ -13,21 +13,21 @@ namespace app {
 
 using kit::OfferChange;
 
-/// Every offer that the desk has seen come or go, for good.
+/// Every offer that the desk has seen appear or disappear, kept permanently.
 class OfferHistory {
 public:
     using Offers = std::vector<kit::UpdateOffer>;
 
     explicit OfferHistory(Database& database) : database_(database) {}
 
-    /// What has changed between two looks, both of which must be whole; the first look is none.
-    /// A build for a platform is one offer, whatever its days and devices.
+    /// Records the changes between two answers, both of which must be complete; the first answer is
+    /// no change. A build for a platform is one offer, whatever its dates and devices.
     void note(const std::optional<Offers>& before, const Offers& offers, kit::Instant now);
 
-    /// The last seen first; of one platform unless it is empty.
+    /// The newest changes first, of one platform unless `platform` is empty.
     std::vector<OfferChange> newest(std::size_t most, std::string_view platform = "");
 
-    /// Those behind the change of that number, the first seen first.
+    /// The changes after the one with that number, oldest first.
     std::vector<OfferChange> after(std::int64_t number);
     std::int64_t lastNumber();  ///< 0 when there is none
 

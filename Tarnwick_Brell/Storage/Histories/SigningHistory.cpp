@@ -44,7 +44,7 @@ void SigningHistory::note(std::string_view device, const std::optional<SigningSt
                           const SigningStatus& status, Instant now) {
     if (!before) return;
     const auto were = signedBuilds(*before), are = signedBuilds(status);
-    // Each once, even where a list has a build twice.
+    // Logs each build once, even if a list has it twice.
     const auto log = [&](const SigningStatus& list, std::set<BuildKey> known, bool isSigned) {
         for (const auto& build : list.builds) {
             if (!build.isSigned || !known.insert(keyOf(build)).second) continue;

@@ -14,20 +14,20 @@ namespace app {
 
 using kit::SigningChange;
 
-/// Every change of signing that the desk has seen, for good.
+/// Every change of signing that the desk has seen, kept permanently.
 class SigningHistory {
 public:
     explicit SigningHistory(Database& database) : database_(database) {}
 
-    /// What has changed between two looks; the first look at a device is none. Both must be
-    /// whole: a signed build that is gone is signed no longer.
+    /// Records the changes between two answers; the first answer for a device is no change. Both
+    /// must be complete: a signed build that is gone is no longer signed.
     void note(std::string_view device, const std::optional<kit::SigningStatus>& before,
               const kit::SigningStatus& status, kit::Instant now);
 
-    /// The last seen first; of one device unless it is empty.
+    /// The newest changes first, of one device unless `device` is empty.
     std::vector<SigningChange> newest(std::size_t most, std::string_view device = "");
 
-    /// Those behind the change of that number, the first seen first.
+    /// The changes after the one with that number, oldest first.
     std::vector<SigningChange> after(std::int64_t number);
     std::int64_t lastNumber();  ///< 0 when there is none
 

@@ -13,7 +13,7 @@ namespace app {
 
 struct TrackerCopy {
     std::string body{};        ///< as it came
-    kit::Instant fetchedAt{};  ///< for the first time; see TrackerHealth::lastSuccess
+    kit::Instant fetchedAt{};  ///< first fetch of this body; see TrackerHealth::lastSuccess
 
     bool operator==(const TrackerCopy&) const = default;
 };
@@ -27,24 +27,24 @@ struct TrackerHealth {
     bool operator==(const TrackerHealth&) const = default;
 };
 
-/// The last good answer of each tracker by name, and how its fetching goes.
+/// The last good answer of each tracker by name, and the health of its fetches.
 class TrackerCopies {
 public:
     explicit TrackerCopies(Database& database) : database_(database) {}
 
     std::optional<TrackerCopy> find(std::string_view name);
-    /// Writes nothing when the body is what is kept already: most answers are.
+    /// Writes nothing when the body is unchanged, as most are.
     void keep(std::string_view name, const TrackerCopy& copy);
     void drop(std::string_view name);
 
     TrackerHealth health(std::string_view name);
     void setHealth(std::string_view name, const TrackerHealth& health);
 
-    /// Where the answer before is kept: under the name with this behind it.
+    /// The suffix of the name under which the previous answer is stored.
     static constexpr std::string_view kBefore = "/before";
 
-    /// Of all names that begin so, only those that were asked for last stay: people look at
-    /// many symbols once.
+    /// Of all names with this prefix, keeps only the last requested ones: users look at many
+    /// symbols once.
     void keepLastAsked(std::string_view prefix, std::size_t count);
 
 private:

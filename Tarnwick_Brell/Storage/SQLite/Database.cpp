@@ -16,13 +16,13 @@ namespace {
 
 constexpr int kBusyMilliseconds = 10'000;
 
-// A transaction whose pages do not fit into the cache (in KB) writes them to the log several
-// times. The log goes into the file only when it has so many pages: each page goes there once,
-// however many transactions have changed it.
+// A transaction whose pages exceed the cache (in KB) writes them to the log several times. The log
+// is copied into the file only at this number of pages, so that a page is copied once, however many
+// transactions have changed it.
 constexpr const char* kForLargeTransactions =
     "PRAGMA cache_size = -24000; PRAGMA wal_autocheckpoint = 16000";
 
-/// SQLite's file addresses: a name with every special character escaped.
+/// A file name as SQLite's URI, with every special character escaped.
 std::string fileAddress(const std::filesystem::path& file, const char* parameters) {
     std::string address = "file:";
     for (const char c : file.string()) {
@@ -79,8 +79,8 @@ StoreError errorFor(int code, const std::filesystem::path& file, int systemError
     }
 }
 
-/// With a log beside it the file alone shows an older state. An attempt to open the library where
-/// there is no room leaves an empty one.
+/// With a log beside it, the file alone has an older state. An empty log doesn't count: a failed
+/// attempt to open the library on a full disk leaves one.
 bool hasLog(const std::filesystem::path& file) {
     std::error_code none;
     const auto size = std::filesystem::file_size(file.string() + "-wal", none);
@@ -107,7 +107,7 @@ void Statement::check(int code) const {
 }
 
 Statement& Statement::bind(int index, std::string_view text) {
-    // A null pointer would bind NULL; the empty text is not nothing.
+    // A null pointer would bind NULL instead of the empty text.
     check(sqlite3_bind_text(statement_.get(), index + 1, text.data() ? text.data() : "",
                             static_cast<int>(text.size()), SQLITE_STATIC));
     return *this;
@@ -173,7 +173,7 @@ std::optional<std::int64_t> Statement::optionalNumber(int column) const {
 void Database::Closer::operator()(sqlite3* database) const { sqlite3_close_v2(database); }
 
 Database::Database(const std::filesystem::path& file, Access access) : file_(file) {
-    // SQLite gives the log and its index the rights of the file.
+    // SQLite gives the log and its index the permissions of the file.
     if (access != Access::readOnly && file != kInMemory && file != kScratch) makePrivateFile(file);
     const int code = access == Access::readOnly
                          ? openForReading()
@@ -184,7 +184,7 @@ Database::Database(const std::filesystem::path& file, Access access) : file_(fil
         execute("PRAGMA synchronous = NORMAL");
         execute(kForLargeTransactions);
     } else if (access == Access::unshared) {
-        // Whoever makes the file throws it away when that breaks off, and syncs it at the end.
+        // The caller deletes an unfinished file and syncs a finished one, so no journal is needed.
         execute("PRAGMA locking_mode = EXCLUSIVE");
         execute("PRAGMA journal_mode = OFF");
         execute("PRAGMA synchronous = OFF");
@@ -197,14 +197,14 @@ int Database::open(const std::string& name, int flags) {
     const int code = sqlite3_open_v2(name.c_str(), &raw,
                                      flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     handle_.reset(raw);
-    // At once: even the first look at a file waits for whoever is just closing it.
+    // Set at once, because even the first access may wait for a program that is closing the file.
     if (code == SQLITE_OK) sqlite3_busy_timeout(raw, kBusyMilliseconds);
     return code;
 }
 
 int Database::openForReading() {
-    // A WAL file needs its shared index beside it. Where that cannot be made, the folder is
-    // read-only or the disk is full, and nobody writes, so the file may be read as it lies.
+    // A WAL file needs its shared index beside it. Where that cannot be created, because the folder
+    // is read-only or the disk is full, nothing writes, so the file may be read as it is.
     const char* const probe = "SELECT count(*) FROM sqlite_schema";
     int code = open(file_.string(), SQLITE_OPEN_READONLY);
     if (code == SQLITE_OK) code = sqlite3_exec(handle_.get(), probe, nullptr, nullptr, nullptr);
@@ -219,7 +219,7 @@ int Database::openForReading() {
 }
 
 void Database::useWriteAheadLog() {
-    // SQLite does not wait its turn for this one change, which every first opening asks for.
+    // SQLite does not wait for this change of mode, which every first opening makes.
     constexpr std::chrono::milliseconds pause(20);
     for (auto waited = pause;; waited += pause) {
         const int code =
@@ -236,8 +236,8 @@ void Database::execute(const char* sql) {
 }
 
 void Database::copyInto(Database& target, const std::stop_token& stop) {
-    // 16 MB a step. Without a transaction round all steps, the copy would begin again whenever
-    // somebody writes.
+    // 16 MB per step. Without a transaction around all steps, the copy would restart at every
+    // write.
     constexpr int pages = 4096;
     execute("BEGIN");
     Statement(*this, "SELECT count(*) FROM sqlite_schema").run();
@@ -251,7 +251,7 @@ void Database::copyInto(Database& target, const std::stop_token& stop) {
     if (kind == SQLITE_CORRUPT || kind == SQLITE_NOTADB) fail(code);
     if (kind == SQLITE_OK) target.fail(SQLITE_INTERRUPT);
     if (code != SQLITE_DONE) target.fail(code);
-    // The copy has taken over that the library keeps a log.
+    // The copy has inherited the library's WAL mode.
     target.execute("PRAGMA journal_mode = DELETE");
 }
 
@@ -262,7 +262,7 @@ void Database::breakOffWhen(const std::stop_token& stop) {
         return static_cast<std::stop_token*>(token)->stop_requested() ? 1 : 0;
     };
     sqlite3_progress_handler(handle_.get(), instructionsBetweenLooks, look, stop_.get());
-    // The check of a whole file is one instruction, which looks for interruptions only.
+    // The check of a whole file is one instruction, which only an interrupt stops.
     interruption_.emplace(stop, [this] { sqlite3_interrupt(handle_.get()); });
 }
 
@@ -307,7 +307,7 @@ void Database::fail(int code) const {
 
 Transaction::Transaction(Database& database, std::function<void()> beforeCommit)
     : database_(database), beforeCommit_(std::move(beforeCommit)) {
-    // Taken for writing at once: a reader that turns writer half-way cannot wait its turn.
+    // Locks for writing at once: a reader that becomes a writer later cannot wait for its turn.
     database_.execute("BEGIN IMMEDIATE");
 }
 
@@ -316,7 +316,7 @@ Transaction::~Transaction() {
     try {
         database_.execute("ROLLBACK");
     } catch (const StoreError&) {
-        // A failed statement may already have rolled back by itself.
+        // A failed statement may already have rolled back.
     }
 }
 

@@ -34,9 +34,9 @@ public:
         return value ? bind(index, *value) : bind(index, std::nullopt);
     }
 
-    /// True while there is a row to read.
+    /// Advances to the next row; false when there is none.
     bool step();
-    /// Runs the statement to its end and makes it ready for the next use.
+    /// Runs the statement to its end and resets it.
     void run();
     void reset();
 
@@ -58,7 +58,7 @@ private:
     std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
 };
 
-/// What SQL hands to a function of ours.
+/// An argument of a function called from SQL.
 class SQLValue {
 public:
     explicit SQLValue(sqlite3_value* value) : value_(value) {}
@@ -75,33 +75,32 @@ class Database {
 public:
     enum class Access {
         readWrite,  ///< creates the file when there is none
-        readOnly,   ///< also reads from a folder that may not be written, or on a full disk
-        unshared    ///< makes a file that nobody else knows yet, in one piece without a log
+        readOnly,   ///< also works in a read-only folder or on a full disk
+        unshared    ///< creates a file for exclusive use, without a log
     };
 
-    /// A library that lasts as long as its object.
+    /// A database in memory.
     static constexpr const char* kInMemory = ":memory:";
 
-    /// A temporary file without a name, for unshared use. It goes with its object.
+    /// A temporary file without a name, for unshared use. It is deleted with its object.
     static constexpr const char* kScratch = "";
 
     Database(const std::filesystem::path& file, Access access);
 
     void execute(const char* sql);
 
-    /// Makes `target`, which is open as unshared, equal to this library as it is now, page by
-    /// page. Others may write meanwhile. Throws StoreError when it is stopped.
+    /// Copies the current state of this library, page by page, into `target`, which is open as
+    /// unshared. Others may write meanwhile. Throws StoreError when it is stopped.
     void copyInto(Database& target, const std::stop_token& stop);
 
-    /// From now on every statement fails once `stop` is asked for.
+    /// From now on every statement fails once a stop is requested.
     void breakOffWhen(const std::stop_token& stop);
 
-    /// Once the flag is set, other programs are waited for half a second only. It must outlive
-    /// the database.
+    /// Once the flag is set, the database waits for other programs only half a second. The flag
+    /// must outlive it.
     void hurryWhen(const std::atomic<bool>& flag);
 
-    /// A function of one argument for use in SQL. It always answers the same for the same
-    /// argument and doesn't throw.
+    /// A function of one argument for use in SQL. It must be pure and must not throw.
     using Function = std::function<std::int64_t(const SQLValue&)>;
     void define(const char* name, Function function);
 
@@ -120,7 +119,7 @@ private:
         void operator()(sqlite3* database) const;
     };
     std::filesystem::path file_;
-    std::unique_ptr<std::stop_token> stop_;  // SQLite holds its address
+    std::unique_ptr<std::stop_token> stop_;  // SQLite stores its address
     std::unique_ptr<sqlite3, Closer> handle_;
     std::optional<std::stop_callback<std::function<void()>>> interruption_;
 };
@@ -128,7 +127,7 @@ private:
 /// Rolled back unless committed.
 class Transaction {
 public:
-    /// `beforeCommit` is the last that happens in it.
+    /// `beforeCommit` runs last within the transaction.
     explicit Transaction(Database& database, std::function<void()> beforeCommit = {});
     ~Transaction();
     Transaction(const Transaction&) = delete;

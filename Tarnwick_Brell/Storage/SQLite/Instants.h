@@ -5,7 +5,7 @@
 
 #include "NewsroomKit/Records/Instant.h"
 
-/// Instants as the library's columns hold them.
+/// Conversion of instants to and from the library's columns.
 namespace app {
 
 inline std::int64_t microseconds(kit::Instant instant) {

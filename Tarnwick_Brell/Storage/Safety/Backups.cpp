@@ -48,7 +48,7 @@ Instant fileTime(const fs::path& file) {
     return std::chrono::floor<std::chrono::microseconds>(fs::file_time_type::clock::to_sys(time));
 }
 
-/// Nothing for what merely lies in the folder.
+/// Nothing for other files in the folder.
 std::optional<Backup> backupIn(const fs::path& file) {
     const auto name = file.filename().string();
     if (!name.starts_with(kBeginning) || !name.ends_with(kEnding)) return std::nullopt;
@@ -97,7 +97,7 @@ std::optional<Backup> Backups::makeIfDue(Instant now, const std::stop_token& sto
     if (!isDue(now) || !hasStories(library_)) return std::nullopt;
     makeFolder(folder_);
     const auto lock = FileLock::take(lockFile(), FileLock::Wait::no);
-    // Another program may have made it just before this one got its turn.
+    // Another program may have made the backup just before this one got the lock.
     if (!lock || !isDue(now)) return std::nullopt;
     try {
         auto backup = write(nameAt(now), CheckDepth::full, stop, onCopied);
@@ -122,7 +122,7 @@ void Backups::makeBeforeMigration() const {
     const auto lock = FileLock::take(lockFile(), FileLock::Wait::untilFree);
     Database database(library_, Database::Access::readOnly);
     const auto version = versionOf(database);
-    // Another program may have migrated the library while this one waited for its turn.
+    // Another program may have migrated the library while this one waited for the lock.
     if (isOutdated(database)) {
         write(fmt::format("{}{}{}", kVersion, version, kEnding), CheckDepth::quick);
     }
@@ -130,7 +130,7 @@ void Backups::makeBeforeMigration() const {
 
 Backup Backups::write(const std::string& name, CheckDepth depth, const std::stop_token& stop,
                       const std::function<void()>& onCopied) const {
-    // A name that no backup has: what a broken-off run leaves behind is no backup.
+    // Not the name of a backup, so an interrupted run leaves none behind.
     const auto unfinished = folder_ / "unfinished";
     copyLibrary(library_, unfinished, depth, stop, onCopied);
     const auto file = folder_ / name;
@@ -146,7 +146,7 @@ void Backups::dropOldest(Instant now) const {
             if (!backup.beforeMigration) days.insert(dayOf(backup));
             continue;
         }
-        // Copies that the user made today don't push yesterday's out.
+        // The user's own copies of today don't displace yesterday's.
         if (days.size() < kKept && days.insert(dayOf(backup)).second) continue;
         std::error_code ignored;
         fs::remove(backup.file, ignored);

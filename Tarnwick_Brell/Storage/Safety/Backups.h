@@ -20,35 +20,32 @@ struct Backup {
     bool beforeMigration = false;
 };
 
-/// Copies of the library in the folder "backups" beside it: the last three, the newest of each
-/// of the last three days that have one, and what the library was before each of its versions.
-/// Each copy has passed a full check before it takes its name, and only then an older one goes.
-/// Where the end of the program cuts that check short, the quick one before it counts.
-/// Has connections of its own, so any thread may ask for a backup; two programs don't make one
-/// at a time. Throws StoreError.
+/// Copies of the library in the folder "backups" beside it: the last three, the newest of each of
+/// the last three days that have one, and one from before each migration. A copy gets its name only
+/// after a full check, and only then is an older one deleted. If the program ends during that
+/// check, the quick check before it counts. Uses connections of its own, so any thread may request
+/// a backup; a lock keeps two programs from making one at the same time. Throws StoreError.
 class Backups {
 public:
     explicit Backups(std::filesystem::path library);
 
-    /// Newest first. What claims to be made after `now` is from before the clock was set back,
-    /// and comes last.
+    /// Newest first. Copies dated after `now` are from before the clock was set back and come last.
     std::vector<Backup> all(kit::Instant now) const;
 
-    /// The daily backup, when it is due and another program is not just making it. There is
-    /// none of a library without stories, and none when it is stopped, which it heeds within
-    /// some tens of milliseconds. `onCopied` is called when the copy has passed the quick check
-    /// and the full one begins.
+    /// Makes the daily backup when it is due and no other program is making it. Nothing for a
+    /// library without stories, or when stopped, which takes some tens of milliseconds. `onCopied`
+    /// is called when the copy has passed the quick check and the full one begins.
     std::optional<Backup> makeIfDue(kit::Instant now, const std::stop_token& stop = {},
                                     const std::function<void()>& onCopied = {}) const;
 
-    /// Waits for another program that is just making one.
+    /// Makes a backup, after waiting for another program that is making one.
     Backup make(kit::Instant now) const;
 
-    /// What the library is before this program changes its tables. It is checked quickly, since
-    /// the user waits for it.
+    /// Backs up the library before its tables change. Only a quick check, because the user is
+    /// waiting.
     void makeBeforeMigration() const;
 
-    /// Whether a day has gone by since the last one.
+    /// True when the last backup is at least a day old.
     bool isDue(kit::Instant now) const;
 
 private:

@@ -7,13 +7,13 @@
 
 namespace app {
 
-/// The right to write in a library, which any number of programs have at once, by means of the
-/// file "library.in-use" beside it. Nothing where that file can't be made: then the library
-/// can't be written either, which its opening tells. Waits for a restore that is under way.
+/// A shared lock for writing in a library, on the file "library.in-use" beside it. Nothing when
+/// that file can't be created: then the library can't be written either, as opening it reports.
+/// Waits for a restore under way.
 std::optional<FileLock> shareLibrary(const std::filesystem::path& library);
 
-/// The right to put another library in its place: nobody writes meanwhile. Waits ten seconds
-/// for those who do; throws StoreError when they go on.
+/// An exclusive lock for replacing the library. Waits ten seconds for programs that are writing,
+/// then throws StoreError.
 FileLock keepLibraryAlone(const std::filesystem::path& library);
 
 }  // namespace app

@@ -13,7 +13,7 @@ constexpr std::chrono::hours kBetweenChecks{24};
 
 constexpr const char* kUnreadable = "SQLite can't read it";
 
-/// Another program's database may be sound as well.
+/// False for a sound database of another program.
 bool isDesk(Database& database) {
     Statement tables(database,
                      "SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND name IN "
@@ -22,7 +22,7 @@ bool isDesk(Database& database) {
     return tables.number(0) == 4;
 }
 
-/// In a copy that nobody else sees, whose file goes with it.
+/// Checks the search index in a private copy, whose file is deleted afterwards.
 void checkSearchIndex(Database& database, LibraryFindings& found, const std::stop_token& stop) {
     Database copy(Database::kScratch, Database::Access::unshared);
     try {
@@ -52,7 +52,7 @@ LibraryFindings findings(const fs::path& library, CheckDepth depth, const std::s
     return found;
 }
 
-/// A clock that was set back makes a check due as well.
+/// A check is also due when the clock was set back.
 bool isCheckDue(const fs::path& library, kit::Instant now) {
     Database database(library, Database::Access::readOnly);
     if (isUnmigrated(database) || isOutdated(database)) return false;
@@ -60,7 +60,7 @@ bool isCheckDue(const fs::path& library, kit::Instant now) {
     return !last || abs(now - *last) > kBetweenChecks;
 }
 
-/// The first version of the library had none.
+/// The first version of the library had no search index.
 bool hasSearchIndex(Database& database) {
     Statement table(database, "SELECT 1 FROM sqlite_schema WHERE name = 'storySearch'");
     return table.step();
@@ -110,7 +110,7 @@ std::optional<std::string> firstFault(Database& database, CheckDepth depth) {
 std::optional<std::string> searchIndexFault(Database& unsharedCopy) {
     if (!hasSearchIndex(unsharedCopy)) return std::nullopt;
     try {
-        // With the rank 1 it is compared with the stories as well.
+        // With rank 1 the index is compared with the stories as well.
         unsharedCopy.execute(
             "INSERT INTO storySearch (storySearch, rank) VALUES ('integrity-check', 1)");
     } catch (const StoreError& error) {

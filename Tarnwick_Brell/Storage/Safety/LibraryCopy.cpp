@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Throws when the copy is damaged. A full check that is stopped has found nothing.
+/// Throws when the copy is damaged. A stopped full check has found nothing.
 void checkIndexes(Database& copy, const fs::path& library, const std::stop_token& stop) {
     try {
         auto fault = firstFault(copy, CheckDepth::full);

@@ -34,7 +34,7 @@ LibraryInUseError::LibraryInUseError(LockHolder holder)
 
 LibraryLock::LibraryLock(const fs::path& library, std::string_view what)
     : lock_(takeFile(lockFile(library))) {
-    // The holder empties the file when it leaves; the kernel lets go of the lock in any case.
+    // The holder empties the file when it ends normally; the kernel releases the lock in any case.
     lastHolderDied_ = lseek(lock_.descriptor(), 0, SEEK_END) > 0;
     write(fmt::format("{} {}\n", getpid(), what));
 }
@@ -48,8 +48,8 @@ FileLock LibraryLock::takeFile(const fs::path& file) {
 }
 
 void LibraryLock::write(std::string_view text) {
-    // What stands in the file is for messages and for lastHolderDied(): where the disk is full,
-    // the lock holds all the same.
+    // The content of the file is only for messages and lastHolderDied(): on a full disk the lock
+    // still works.
     const bool emptied = ftruncate(lock_.descriptor(), 0) == 0;
     if (emptied && pwrite(lock_.descriptor(), text.data(), text.size(), 0) < 0) return;
 }

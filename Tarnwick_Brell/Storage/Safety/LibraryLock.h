@@ -9,15 +9,16 @@
 
 namespace app {
 
-/// A long-lived desk at a library: its process, and what it is for messages ("brell watch").
+/// The long-lived desk that holds a library: its process, and its name for messages ("brell
+/// watch").
 struct LockHolder {
-    int process = 0;  ///< 0 when the holder has not told yet
+    int process = 0;  ///< 0 when the holder has not written it yet
     std::string what{};
 
     bool operator==(const LockHolder&) const = default;
 };
 
-/// Another desk is at the library.
+/// Another desk has the library open.
 class LibraryInUseError : public StoreError {
 public:
     explicit LibraryInUseError(LockHolder holder);
@@ -27,9 +28,8 @@ private:
     LockHolder holder_;
 };
 
-/// The right to be the one long-lived desk of a library, held as long as the object lives, by
-/// means of the file "library.lock" beside it. Commands that open the library for a moment
-/// don't need it: SQLite keeps those apart.
+/// Makes this process the only long-lived desk of a library while the object lives, by locking the
+/// file "library.lock" beside it. Short commands don't need it: SQLite separates their writes.
 class LibraryLock {
 public:
     /// Throws LibraryInUseError, or StoreError when the folder can't be written.
@@ -38,7 +38,7 @@ public:
     LibraryLock(const LibraryLock&) = delete;
     LibraryLock& operator=(const LibraryLock&) = delete;
 
-    /// The desk before this one ended without letting go: a crash, a kill, a power cut.
+    /// The previous desk did not end normally: a crash, a kill, a power cut.
     bool lastHolderDied() const { return lastHolderDied_; }
 
 private:

@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Without those of the search index, which is made anew from the stories.
+/// The tables without those of the search index, which is rebuilt from the stories.
 std::vector<std::string> tablesOf(Database& database) {
     Statement rows(database,
                    "SELECT name FROM sqlite_schema WHERE type = 'table' "
@@ -28,7 +28,7 @@ std::vector<std::string> tablesOf(Database& database) {
     return tables;
 }
 
-/// A file that goes with its owner.
+/// A file that is deleted with its owner.
 struct TemporaryCopy {
     fs::path file;
     explicit TemporaryCopy(fs::path name) : file(std::move(name)) { remove(); }
@@ -41,7 +41,8 @@ struct TemporaryCopy {
     }
 };
 
-/// Every page as it is, with what lies in the log: what is attached is opened for writing.
+/// Copies every page unchanged, including those in the log, because attaching opens the file for
+/// writing.
 void copyPages(const fs::path& library, const fs::path& copy) {
     Database source(library, Database::Access::readOnly);
     if (isOutdated(source)) {
@@ -60,8 +61,8 @@ void copyRows(Database& target, const fs::path& damaged) {
     Transaction transaction(target);
     for (const auto& table : tablesOf(target)) {
         target.execute(("DELETE FROM " + table).c_str());
-        // The condition keeps SQLite from copying the indexes of equal tables as they are. Of two
-        // rows that a damaged index let in for one, the first stays.
+        // The condition keeps SQLite from copying the indexes of identical tables unchanged. Of two
+        // rows that a damaged index admitted for one key, the first stays.
         target.execute(("INSERT OR IGNORE INTO main." + table + " SELECT * FROM damaged." + table +
                         " NOT INDEXED WHERE TRUE")
                            .c_str());

@@ -7,17 +7,17 @@
 namespace app {
 
 struct Repair {
-    std::filesystem::path setAside{};  ///< where the library went that was there
-    std::size_t stories = 0;           ///< in the library that took its place
+    std::filesystem::path setAside{};  ///< the new path of the old library
+    std::size_t stories = 0;           ///< in the repaired library
 };
 
-/// Makes a sound library from the tables of a damaged one: every row is copied into a new file,
-/// whose indexes are made anew. What was there is set aside and never deleted. For whoever has
-/// the library alone (keepLibraryAlone). Throws StoreError, with nothing changed, when a table
-/// itself is damaged or the library is of another version.
+/// Makes a sound library from the tables of a damaged one: copies every row into a new file, whose
+/// indexes are rebuilt. The old library is set aside and never deleted. The caller must hold
+/// keepLibraryAlone(). Throws StoreError, with nothing changed, when a table itself is damaged or
+/// the library is of another version.
 Repair repairLibrary(const std::filesystem::path& library, kit::Instant now);
 
-/// As repairLibrary, into the new file `copy`. Nothing is left of it when this throws.
+/// Like repairLibrary, but into the new file `copy`. Leaves nothing of it when it throws.
 void copyTables(const std::filesystem::path& library, const std::filesystem::path& copy);
 
 }  // namespace app

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// What SQLite keeps beside a library that is in use or was broken off.
+/// SQLite's files beside a library that is in use or was not closed properly.
 constexpr const char* kCompanions[] = {"-wal", "-shm"};
 
 bool isPresent(const fs::path& file) {
@@ -32,7 +32,7 @@ bool isAnythingPresent(const fs::path& library) {
     return present;
 }
 
-/// A name beside the library under which nothing lies yet.
+/// An unused name beside the library.
 fs::path freeName(const fs::path& library, kit::Instant now) {
     const bool isDamaged = checkLibrary(library, CheckDepth::full).state == LibraryState::damaged;
     const auto* why = isDamaged ? "damaged" : "replaced";
@@ -46,7 +46,7 @@ fs::path freeName(const fs::path& library, kit::Instant now) {
     }
 }
 
-/// A log that stayed behind would be played into the library that comes next.
+/// A log left behind would be applied to the next library.
 void moveCompanions(const fs::path& library, const fs::path& name) {
     for (const char* ending : kCompanions) {
         const fs::path companion = library.string() + ending;
@@ -54,8 +54,8 @@ void moveCompanions(const fs::path& library, const fs::path& name) {
     }
 }
 
-/// Gives the library a second name, so that there is one in its place at every moment; where
-/// the file system knows no second names, it moves.
+/// Adds a hard link, so that a library is in place at every moment; moves the file where the file
+/// system has no hard links.
 void giveName(const fs::path& library, const fs::path& name) {
     if (!isPresent(library)) return;
     std::error_code error;
@@ -69,7 +69,7 @@ bool copyIfSound(const fs::path& candidate, const fs::path& copy) {
     return true;
 }
 
-/// A copy that an earlier version made may have faults in its indexes that it did not look for.
+/// A copy from an earlier version may have faults in its indexes, which that version did not check.
 bool copyIfRepairable(const fs::path& candidate, const fs::path& copy) {
     if (checkLibrary(candidate, CheckDepth::quick).state != LibraryState::sound) return false;
     try {
@@ -84,7 +84,7 @@ bool copyIfRepairable(const fs::path& candidate, const fs::path& copy) {
     return true;
 }
 
-/// Copies the first sound backup to `copy`, or the first that can be repaired when none is sound.
+/// Copies the first sound backup to `copy`, or the first repairable one when none is sound.
 void copyFirstSound(const std::vector<fs::path>& candidates, const fs::path& copy,
                     Restoration& restoration) {
     for (const auto attempt : {copyIfSound, copyIfRepairable}) {
@@ -114,10 +114,10 @@ Restoration restoreLibrary(const fs::path& library, const std::optional<fs::path
         for (const auto& backup : Backups(library).all(now)) candidates.push_back(backup.file);
     }
     Restoration restoration;
-    // 1. The copy is whole, checked and on the disk before anything else is touched.
+    // 1. Make a complete copy, checked and flushed to the disk, before touching anything else.
     const fs::path copy = library.string() + ".restoring";
     copyFirstSound(candidates, copy, restoration);
-    // 2. It takes the library's place.
+    // 2. Put it in the library's place.
     restoration.setAside = putInPlace(copy, library, now);
     return restoration;
 }
@@ -126,12 +126,12 @@ std::optional<fs::path> putInPlace(const fs::path& copy, const fs::path& library
                                    kit::Instant now) {
     std::optional<fs::path> setAside;
     if (isAnythingPresent(library)) {
-        // 1. The old library gets its new name and loses its log.
+        // 1. Rename the old library, together with its log.
         setAside = freeName(library, now);
         giveName(library, *setAside);
         moveCompanions(library, *setAside);
     }
-    // 2. One step puts the copy in its place.
+    // 2. Put the copy in its place atomically.
     moveIntoPlace(copy, library);
     return setAside;
 }

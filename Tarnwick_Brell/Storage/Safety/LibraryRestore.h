@@ -9,26 +9,25 @@
 namespace app {
 
 struct Restoration {
-    std::filesystem::path from{};                     ///< the backup that is the library now
-    std::optional<std::filesystem::path> setAside{};  ///< where the library went that was there
+    std::filesystem::path from{};                     ///< the restored backup
+    std::optional<std::filesystem::path> setAside{};  ///< the new path of the old library
     std::vector<std::filesystem::path> unsound{};     ///< newer backups that failed their check
 };
 
-/// Puts a copy of the newest backup that passes its check, or of `chosen`, in the library's
-/// place. What was there, with its log, is set aside under a name of its own and never
-/// deleted. A run that breaks off leaves either library in place, and can be repeated. For
-/// whoever holds the LibraryLock. Throws StoreError when no backup is sound; the library is
-/// then left alone.
+/// Replaces the library by a copy of the newest backup that passes its check, or of `chosen`. The
+/// old library, with its log, is set aside under a new name and never deleted. An interrupted run
+/// leaves either library in place and can be repeated. The caller must hold the LibraryLock. Throws
+/// StoreError, with the library unchanged, when no backup is sound.
 Restoration restoreLibrary(const std::filesystem::path& library,
                            const std::optional<std::filesystem::path>& chosen, kit::Instant now);
 
-/// Sets the library aside, so that the next one that opens it begins an empty one. Nothing
-/// when there is none.
+/// Sets the library aside, so that the next program begins an empty one. Nothing when there is
+/// none.
 std::optional<std::filesystem::path> quarantineLibrary(const std::filesystem::path& library,
                                                        kit::Instant now);
 
-/// Puts `copy`, a sound library of its own beside it, in the library's place, as restoreLibrary
-/// does. Where the old one went, if there was one.
+/// Replaces the library by `copy`, a sound library beside it, as restoreLibrary does. Returns the
+/// new path of the old one, if there was one.
 std::optional<std::filesystem::path> putInPlace(const std::filesystem::path& copy,
                                                 const std::filesystem::path& library,
                                                 kit::Instant now);

@@ -51,12 +51,12 @@ void Defaults::set(std::string_view name, std::string_view value) {
 }
 
 void Defaults::write() {
-    // Qt keeps the rights that the file has.
+    // Qt preserves the permissions of the file.
     makePrivateFolder(file_.parent_path());
     makePrivateFile(file_);
     settings_->sync();
     if (settings_->status() != QSettings::NoError) {
-        // The object would report this failure for ever; what was to be written goes with it.
+        // The object would keep reporting this failure; reopening drops the unwritten change.
         settings_ = open(file_);
         throw StoreError(StoreError::Reason::readOnly,
                          "The settings file " + file_.string() + " can't be written.");
@@ -83,7 +83,7 @@ int Defaults::refreshMinutes() const {
 double Defaults::storyRetention() const {
     const auto days =
         wholeNumber(SettingKey::kStoryRetentionDays).value_or(kRetentionDaysWhenAbsent);
-    // Days beyond a hundred years would leave what an instant can hold.
+    // More than a hundred years would overflow an instant.
     return days < 1 ? kForever : std::min(static_cast<double>(days) * kSecondsPerDay, kForever);
 }
 
@@ -99,7 +99,7 @@ std::string Defaults::suitable(std::string_view name) const {
     try {
         if (const auto value = text(name)) return known->stored(*value);
     } catch (const std::invalid_argument&) {
-        // Written by hand, or by another version of the desk.
+        // The value was edited by hand or written by another version.
     }
     return std::string(known->absent);
 }

@@ -16,8 +16,8 @@ class QSettings;
 
 namespace app {
 
-/// The user's settings: a key-value file. Reading never fails: a value that makes no sense
-/// counts as its key's rule says. Writing throws StoreError.
+/// The user's settings: a key-value file. Reading never fails: an invalid value is replaced
+/// according to its key. Writing throws StoreError.
 class Defaults {
 public:
     explicit Defaults(const std::filesystem::path& file);
@@ -29,27 +29,27 @@ public:
 
     /// As stored; nothing when absent.
     std::optional<std::string> text(std::string_view key) const;
-    /// Throws std::invalid_argument with a sentence for the user when the value does not
-    /// suit the key. The empty text removes the key.
+    /// Throws std::invalid_argument with a sentence for the user when the value is invalid for the
+    /// key. The empty text removes the key.
     void set(std::string_view key, std::string_view value);
 
-    /// Reads what other programs may have written.
+    /// Reads changes by other programs.
     void reload();
 
-    /// Minutes between two automatic passes: 5 when absent or 0, otherwise at least 2.
+    /// Minutes between automatic passes: 5 when absent or 0, otherwise at least 2.
     int refreshMinutes() const;
 
-    /// Seconds for which a story is kept: 365 days when absent or no whole number; a number
-    /// below 1 keeps stories for a hundred years.
+    /// Seconds for which a story is kept: 365 days when absent or not a whole number; a number
+    /// below 1 means a hundred years.
     double storyRetention() const;
 
-    /// An authority to trust for the update catalogue's host besides the usual ones.
+    /// An additional authority for the update catalogue's host.
     std::optional<std::filesystem::path> updateCatalogueAuthority() const;
 
-    /// The models that firmware signing is asked for.
+    /// The models whose firmware signing is tracked.
     std::vector<std::string> signingDevices() const;
 
-    /// A key that takes "true" or "false".
+    /// The value of a key that takes "true" or "false".
     bool isOn(std::string_view key) const;
 
     kit::QuoteRange quoteRange() const;
@@ -57,8 +57,8 @@ public:
     std::string serviceAddress() const;
     std::string appearance() const;
 
-    /// What the desk itself remembers between two runs, under keys that are no settings. A
-    /// value that does not read counts as absent.
+    /// State that the desk stores between runs, under keys that are not settings. An invalid value
+    /// counts as absent.
     using Memory = std::map<std::string, std::string>;
     std::optional<Memory> memory(std::string_view key) const;
     void remember(std::string_view key, const Memory& memory);
@@ -67,7 +67,7 @@ public:
     static constexpr std::string_view kKnownBuilds = "knownBuilds";
 
 private:
-    /// In the form that suits the key, or what holds when the key is absent.
+    /// The value in its stored form, or the key's default.
     std::string suitable(std::string_view key) const;
     std::optional<long long> wholeNumber(std::string_view key) const;
     void write();

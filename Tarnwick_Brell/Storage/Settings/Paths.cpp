@@ -20,7 +20,7 @@ std::filesystem::path baseDirectory(const char* variable, const char* belowHome)
     return std::filesystem::path(home && *home ? home : "/") / belowHome;
 }
 
-/// Whether the desk makes files or folders of this name.
+/// Whether the desk creates files or folders of this name.
 bool isOurs(const std::string& name) {
     return name.starts_with("library.") || name.starts_with("settings.ini") ||
            name.starts_with("program.log") || name == "backups" || name == "demo" ||
@@ -34,8 +34,8 @@ void keepFilesPrivate(const std::filesystem::path& folder) {
     }
 }
 
-/// A folder that somebody chose for the desk and that holds other things, perhaps a home folder,
-/// keeps its rights; the desk's files in it are private all the same.
+/// A folder that the user chose and that contains other things, perhaps a home folder, keeps its
+/// permissions; the desk's files in it are private all the same.
 void keepPrivate(const std::filesystem::path& folder) {
     bool isOursAlone = true;
     std::error_code none;

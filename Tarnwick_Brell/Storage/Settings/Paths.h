@@ -5,17 +5,17 @@
 
 namespace app {
 
-/// Where one user's desk keeps its files.
+/// The locations of one user's files.
 struct Paths {
     std::filesystem::path library;   ///< the SQLite file
     std::filesystem::path settings;  ///< key-value, INI
-    std::filesystem::path log;       ///< lines of text; its folder is made when it is written to
+    std::filesystem::path log;       ///< lines of text; its folder is created on writing
 
-    /// By the XDG base directories, or everything in `dataDir` when one is named.
+    /// In the XDG base directories, or all in `dataDir` if given.
     static Paths forUser(const std::optional<std::filesystem::path>& dataDir);
 
-    /// Makes the folders of both files, for this user alone, and takes other users' rights away
-    /// from what earlier versions made with them. Throws StoreError.
+    /// Creates the folders of library and settings for this user alone, and removes other users'
+    /// rights from files of earlier versions. Throws StoreError.
     void createFolders() const;
 };
 

@@ -31,7 +31,7 @@ constexpr std::array kQuoteRanges{rawValue(QuoteRange::day), rawValue(QuoteRange
 
 constexpr std::array<std::string_view, 3> kAppearances{"system", "light", "dark"};
 
-// Of each line that Apple sells, some models: the others of a line are signed alike.
+// Some models of each product line; the others of a line are signed alike.
 constexpr std::string_view kCurrentDevices =
     "iPhone18,3, iPhone18,4, iPhone18,1, iPhone17,5, iPad17,1, iPad15,3, iPad15,7, iPad16,1, "
     "Mac16,12, Mac17,2";
@@ -100,7 +100,7 @@ bool isSymbol(std::string_view text) {
            });
 }
 
-/// Services know symbols in capital letters.
+/// Services use capital letters for symbols.
 std::string capitals(std::string_view text) {
     std::string form(text);
     for (auto& letter : form) {
@@ -109,13 +109,13 @@ std::string capitals(std::string_view text) {
     return form;
 }
 
-/// The client speaks HTTPS only, and the rest of the address is its own to add.
+/// Only HTTPS is supported, and the client adds the path.
 bool isServiceAddress(std::string_view text) {
     const auto address = kit::WebAddress::parse(text);
     return address && address->scheme == "https" && !address->query && !address->fragment;
 }
 
-/// Each of them is a request in every round.
+/// Limits the number of devices, because each is a request per round.
 std::optional<std::string> deviceList(std::string_view text) {
     constexpr std::size_t kMost = 40;
     const auto devices = kit::parseDeviceList(text);

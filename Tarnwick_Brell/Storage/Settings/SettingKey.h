@@ -7,7 +7,7 @@
 
 namespace app {
 
-/// One key of the settings: what it means, what holds when it is absent, what it takes.
+/// One key of the settings: its meaning, its default, its valid values.
 struct SettingKey {
     enum class Type {
         wholeNumber,
@@ -22,7 +22,7 @@ struct SettingKey {
 
     std::string_view name;
     std::string_view meaning;
-    std::string_view absent;  ///< the value that holds when the key is absent
+    std::string_view absent;  ///< the default
     Type type;
     std::span<const std::string_view> choices{};
 
@@ -32,13 +32,13 @@ struct SettingKey {
     };
     std::optional<Range> range{};  ///< of a whole number
 
-    /// Those that the user sets.
+    /// All settings of the user.
     static std::span<const SettingKey> all();
     /// Null when there is no such key.
     static const SettingKey* named(std::string_view name);
 
-    /// The value in the form in which it is stored ("on" as "true", "aapl" as "AAPL"). Throws
-    /// std::invalid_argument with a sentence for the user when it does not suit the key.
+    /// The value in its stored form ("on" as "true", "aapl" as "AAPL"). Throws
+    /// std::invalid_argument with a sentence for the user when it is invalid for the key.
     std::string stored(std::string_view value) const;
 
     static constexpr std::string_view kRefreshMinutes = "refreshMinutes";
