@@ -8,14 +8,14 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
 
-/// What the commands of the story archive have in common.
+/// Common parts of the story archive's commands.
 namespace cli {
 
-/// The address that a word of the command line means: an address itself, or the id of a story
-/// of the wire. To be asked after the network. Throws WrongUsage and WorkFailed.
+/// The address for an argument, which is an address itself or the id of a story of the wire. Call
+/// it after Session::network(). Throws WrongUsage and WorkFailed.
 std::string storyAddress(Session& session, const std::string& word);
 
-/// An address of an answer as text, marked when it is none of the web.
+/// An address from an answer as text, marked when it is not a web address.
 std::string linkText(const std::string& url);
 
 /// "2026-11-02 08:30 UTC", or the day alone.
@@ -29,7 +29,7 @@ boost::asio::awaitable<Answer> answerOrFailure(
     co_return std::move(result).value();
 }
 
-/// Asks with `ask`, which gets an API and gives what it fetches. Throws WorkFailed.
+/// Runs the request `ask`, which receives an API and returns what it fetches. Throws WorkFailed.
 ///
 ///     askArchive<StoryArchiveAPI>(session, network, [](auto& api) { return api.status(); });
 template <class API, class Ask>

@@ -37,7 +37,7 @@ void addNotes(TextTable& table, const ArchivedStory& story) {
     if (!credits.empty()) table.addNote(credits);
 }
 
-/// Which part of the period this is, and how to see the next.
+/// Which part of the period is shown, and how to see the next one.
 std::string extentText(const ArchivePage& page) {
     const auto count = static_cast<std::int64_t>(page.items.size());
     if (count == 0 && page.total.value <= 0) return "The archive has no story of this period.";

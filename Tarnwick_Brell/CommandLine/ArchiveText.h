@@ -13,7 +13,7 @@ void printArchivePage(Output& out, const kit::ArchivePage& page);
 
 void printArchiveStatus(Output& out, const kit::ArchiveStatus& status);
 
-/// What the archive knows of the stories at `addresses`, in that order.
+/// The archive's credits of the stories at `addresses`, in that order.
 void printServerCredits(Output& out, const std::vector<std::string>& addresses,
                         const kit::ServerCredits& credits);
 

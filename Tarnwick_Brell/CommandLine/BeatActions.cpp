@@ -35,7 +35,7 @@ kit::StoryQuery givenQuery(app::LocalStore& store, const QueryOptions& options) 
     return query;
 }
 
-/// Throws WrongUsage when the beat holds what no beat can.
+/// Throws WrongUsage when the beat exceeds NewsroomLimits.
 void requireSound(const Beat& beat) {
     try {
         kit::NewsroomLimits::require(beat);

@@ -7,7 +7,7 @@
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
 
-/// What `brell beat` and its subcommands do; each gives the exit status.
+/// The actions of `brell beat` and its subcommands; each returns the exit status.
 namespace cli {
 
 struct BeatOptions {
@@ -23,7 +23,7 @@ struct BeatOptions {
 int listBeats(Session& session);
 int newBeat(Session& session, const BeatOptions& options);
 int changeBeat(Session& session, const BeatOptions& options);
-/// What a beat, or a query that is to become one, would have matched lately.
+/// Shows which recent stories a beat, or a query for a new beat, would have matched.
 int tryBeat(Session& session, const BeatOptions& options);
 int moveBeat(Session& session, const BeatOptions& options);
 int removeBeat(Session& session, const BeatOptions& options);

@@ -8,11 +8,11 @@
 
 namespace cli {
 
-/// For each query the stories of the last days that it matches, newest first.
+/// For each query its matches among the stories of the last days, newest first.
 std::vector<std::vector<app::StoredStory>> matchedLately(
     Session& session, const std::vector<kit::StoryQuery>& queries, int days);
 
-/// What a query would have matched, each story with the term that made it match.
+/// Prints a query's matches, each with the term that matched.
 void printMatches(Session& session, const kit::StoryQuery& query,
                   const std::vector<app::StoredStory>& matched, int days);
 

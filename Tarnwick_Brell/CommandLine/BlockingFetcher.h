@@ -11,7 +11,7 @@
 
 namespace cli {
 
-/// Fetching on the calling thread: made only by commands that fetch.
+/// Fetches on the calling thread; only commands that fetch create one.
 class BlockingFetcher {
 public:
     BlockingFetcher(kit::CurlTransport::Options network, kit::Conditional conditional);
@@ -21,7 +21,7 @@ public:
     kit::HTTPClient& http() { return fetching_.http(); }
     kit::FeedClient& feeds() { return fetching_.feeds(); }
 
-    /// Waits for the work and gives its result, or throws what it threw.
+    /// Waits for the work and returns its result, or rethrows its exception.
     template <class T>
     T await(boost::asio::awaitable<T> work) {
         std::optional<T> result;

@@ -7,7 +7,7 @@
 
 namespace cli {
 
-/// What a subcommand does once the command line is read; the exit status.
+/// Runs a subcommand once the command line has been read; returns the exit status.
 using Command = std::function<int(Session&)>;
 
 /// Each adds its subcommand to `app` and, when the user chose it, sets `chosen`.

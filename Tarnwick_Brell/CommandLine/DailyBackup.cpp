@@ -33,11 +33,12 @@ DailyBackup::DailyBackup(std::filesystem::path library, kit::Instant now)
     thread_ = std::jthread([this](const std::stop_token& stop) { make(stop); });
     std::unique_lock lock(mutex_);
     progress_.wait(lock, [this] { return isCopied_ || hasEnded_; });
-    // What the full check finds after the copy is told at the end, even when it has ended by now.
+    // Faults that the full check finds after the copy are reported at the end, even if it has
+    // finished by now.
     if (failure_ && !isCopied_) throwIfDamaged();
 }
 
-/// Without room for a backup the command goes on.
+/// Throws if the library is damaged. The command continues when there is no room for a backup.
 void DailyBackup::throwIfDamaged() {
     try {
         std::rethrow_exception(failure_);

@@ -10,15 +10,15 @@
 
 namespace cli {
 
-/// The day's backup of the library, where it is due, made by a short command. The copy and its
+/// Makes the daily backup of the library, when it is due, in a short command. The copy and its
 /// quick check come before the command's work, so that nothing is written into a damaged library.
-/// The full check runs beside the work. At the command's end it gets a second at most: what it
-/// has not reached by then, the quick check has seen.
+/// The full check runs in parallel with the work. At the end of the command it gets at most one
+/// more second; the quick check covers the rest.
 class DailyBackup {
 public:
     /// Throws app::StoreError when the quick check finds the library damaged.
     DailyBackup(std::filesystem::path library, kit::Instant now);
-    /// Says on standard error why there is no backup, when there is none.
+    /// Reports on standard error why there is no backup, if it failed.
     ~DailyBackup();
     DailyBackup(const DailyBackup&) = delete;
     DailyBackup& operator=(const DailyBackup&) = delete;

@@ -10,13 +10,13 @@ inline constexpr int kDone = 0;
 inline constexpr int kWorkFailed = 1;
 inline constexpr int kWrongUsage = 2;
 
-/// The work failed; what() is the sentence that the user reads.
+/// The work failed; what() is a sentence for the user.
 class WorkFailed : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// The words after a subcommand make no sense together.
+/// The arguments of a subcommand are wrong.
 class WrongUsage : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

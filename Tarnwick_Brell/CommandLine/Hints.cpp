@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::string_view kProgram = "brell ";
 
-/// As a shell reads it as one word.
+/// Quotes the word for a shell.
 std::string quoted(const std::string& word) {
     constexpr std::string_view plain =
         "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789/._-+,:@%=";
@@ -25,7 +25,7 @@ std::string givenOptions(const GlobalOptions& options) {
     return text;
 }
 
-/// Whether a command to type begins at `at`, where "brell " stands.
+/// Whether the "brell " at `at` begins a command for the user to type.
 bool isAdvice(std::string_view sentence, std::size_t at) {
     const bool isWord =
         at == 0 || sentence[at - 1] == ' ' || sentence[at - 1] == '"' || sentence[at - 1] == '\n';

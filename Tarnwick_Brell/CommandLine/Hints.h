@@ -6,9 +6,9 @@
 
 namespace cli {
 
-/// The sentence with --demo and --data-dir, as they were given, in each command of brell that it
-/// advises, so that the advice holds for the same library. "brell watch" is left as it is: it
-/// stands for the program that runs.
+/// Adds the given --demo and --data-dir to each brell command in the sentence, so that the advice
+/// applies to the same library. "brell watch" stays unchanged, because it names the running
+/// program.
 std::string withGivenOptions(const std::string& sentence, const GlobalOptions& options);
 
 }  // namespace cli

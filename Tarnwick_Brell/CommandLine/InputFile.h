@@ -5,8 +5,8 @@
 
 namespace cli {
 
-/// The bytes of a file, "-" for the standard input: at most one more than `limit`, so that a
-/// stream without end ends. Throws WorkFailed.
+/// Reads a file, or standard input for "-": at most one byte more than `limit`, so that an endless
+/// stream ends. Throws WorkFailed.
 std::string readInput(const std::string& file, std::size_t limit);
 
 }  // namespace cli

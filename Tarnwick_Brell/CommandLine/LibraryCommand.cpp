@@ -75,7 +75,7 @@ std::string newerVersion(const fs::path& library) {
            " was written by a newer version of the desk. It was left untouched.";
 }
 
-/// Where the library can't be written, its owner still learns how it is.
+/// Stores the time of the check. A read-only library must not hide the check's result.
 void noteCheck(Session& session) {
     try {
         session.store().state().set(app::kLastCheck, session.now());
@@ -84,7 +84,7 @@ void noteCheck(Session& session) {
     }
 }
 
-/// Throws when there is none that this version can work on.
+/// Throws when there is no library or a newer version wrote it.
 app::LibraryFindings checkedInFull(const fs::path& library) {
     auto found = app::checkLibrary(library, app::CheckDepth::full);
     if (found.state == LibraryState::absent) {

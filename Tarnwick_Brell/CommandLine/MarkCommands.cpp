@@ -19,12 +19,12 @@ using app::Marked;
 using app::MarkTable;
 using IDs = std::vector<std::string>;
 
-/// One of the four marks as the command line talks about it.
+/// The texts of one of the four marks.
 struct MarkVerb {
     const char* name;
     const char* help;
     const char* outcome;  ///< "3 stories …"
-    const char* already;  ///< what a story is that needs no change
+    const char* already;  ///< for stories that need no change
     Marked (*apply)(MarkTable&, const IDs&, kit::Instant);
 };
 

@@ -12,7 +12,7 @@ namespace cli {
 
 namespace {
 
-// More than these nobody reads.
+// The greatest number of similar stories to list.
 constexpr std::size_t kMostCandidates = 10;
 
 std::string candidateLines(const std::vector<app::StoredStory>& stories) {
@@ -25,7 +25,7 @@ std::string candidateLines(const std::vector<app::StoredStory>& stories) {
     return lines;
 }
 
-/// The stories whose ids begin most like `id`, when that says anything.
+/// The stories whose ids share the longest beginning with `id`, if that is long enough.
 std::vector<app::StoredStory> similarStories(app::LocalStore& store, std::string id) {
     constexpr std::size_t shortestBeginning = 4;
     constexpr std::size_t most = 3;

@@ -10,11 +10,11 @@ namespace app {
 class SourceRegistry;
 }
 
-/// What the words of a command line name. Whatever is not there is wrong usage.
+/// Finds stories and sources named on the command line; a missing one is wrong usage.
 namespace cli {
 
-/// The story with that id, or the only one whose id begins so. Throws WrongUsage, which lists the
-/// stories that are meant when there are several.
+/// The story with that id, or the only one whose id begins with it. Throws WrongUsage, which lists
+/// the candidates when there are several.
 app::StoredStory storyNamed(app::LocalStore& store, const std::string& id);
 
 /// Throws WrongUsage.

@@ -23,7 +23,7 @@ using kit::PanelKind;
 
 constexpr std::string_view kNewsroom = "newsroom";
 
-/// Throws WrongUsage for a word that names no kind, and for none at all.
+/// Throws WrongUsage for an unknown kind and for an empty list.
 std::vector<PanelKind> kindsNamed(const std::string& list) {
     const auto offered = kit::offeredPanelKinds();
     std::vector<PanelKind> kinds;

@@ -6,7 +6,7 @@
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
 
-/// What `brell newsroom` and its subcommands do; each gives the exit status.
+/// The actions of `brell newsroom` and its subcommands; each returns the exit status.
 namespace cli {
 
 struct NewsroomOptions {

@@ -16,7 +16,7 @@ using app::NewsroomShelf;
 
 namespace {
 
-/// Of what a panel with alerts on tells. Empty when its kind tells of nothing.
+/// The events that a panel with alerts notifies of. Empty for kinds without alerts.
 std::string alertText(const kit::NewsroomSpec& spec, const kit::PanelSpec& panel) {
     switch (kindRow(panel.kind).alert) {
         case kit::PanelAlert::none: return {};
@@ -30,7 +30,7 @@ std::string alertText(const kit::NewsroomSpec& spec, const kit::PanelSpec& panel
     return {};
 }
 
-/// What a newsroom from elsewhere would do besides showing its panels.
+/// Prints what an imported newsroom would do besides showing its panels.
 void printEffects(Session& session, const kit::NewsroomSpec& spec) {
     for (const auto& panel : spec.panels) {
         const auto title = printable(panel.title);
@@ -46,7 +46,7 @@ void printEffects(Session& session, const kit::NewsroomSpec& spec) {
 
 }  // namespace
 
-/// One that can't be read goes out as it is stored: another version may know it.
+/// A newsroom that can't be read is exported as stored, because another version may read it.
 int exportNewsroom(Session& session, const NewsroomOptions& options) {
     const auto shelf = NewsroomShelf::read(session.storeForReading().newsrooms());
     const auto& entry = named(shelf.entries(), options.name, "newsroom");

@@ -16,7 +16,7 @@ namespace {
 
 using kit::PanelSpec;
 
-/// As the eye goes over the grid.
+/// By row, then by column.
 std::vector<const PanelSpec*> inReadingOrder(const kit::NewsroomSpec& spec) {
     std::vector<const PanelSpec*> panels;
     for (const auto& panel : spec.panels) panels.push_back(&panel);
@@ -35,7 +35,7 @@ void printPanel(Session& session, PanelHoldings& holdings, const kit::NewsroomSp
     out.line(out.bold(heading) + out.dim(fmt::format("  {}", rawValue(panel.kind))));
     for (const auto& line : panelLines(holdings, panel, spec.effectiveQuery(panel))) {
         const auto text = withGivenOptions(line, session.options());
-        // A command to type is not cut.
+        // A command for the user to type is not cut.
         out.line(text == line ? cutTo("  " + line, out.width()) : wrapped(text, out.width(), "  "));
     }
 }

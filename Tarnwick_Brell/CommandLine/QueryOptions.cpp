@@ -41,7 +41,8 @@ void QueryOptions::addTo(arguments::Command& command) {
 
 namespace {
 
-/// A term of which nothing is left to compare would be dropped, and its list ask for nothing.
+/// Refuses terms that are empty once normalised: they would be dropped, and the list would be no
+/// condition.
 void requireWords(const std::vector<std::string>& terms) {
     for (const auto& term : terms) {
         if (kit::PhraseMatcher(term).phrase.empty())

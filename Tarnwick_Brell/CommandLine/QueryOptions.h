@@ -14,7 +14,7 @@ namespace cli {
 /// "iPhone 18, A20" in its pieces.
 std::vector<std::string> separatedByCommas(const std::string& list);
 
-/// The words of a command line that say which stories are wanted.
+/// The options that select stories.
 struct QueryOptions {
     std::string any{};
     std::string exclude{};
@@ -22,13 +22,13 @@ struct QueryOptions {
     std::vector<std::string> sourcings{};
     bool setAside = false;
 
-    /// Must live until the command line has been read.
+    /// Adds the options. This object must live until the command line has been read.
     void addTo(arguments::Command& command);
 
-    /// Whether any of these words was given.
+    /// Whether any of these options was given.
     bool isGiven() const;
 
-    /// Throws WrongUsage. Whether the sources exist is not asked.
+    /// Throws WrongUsage. Does not check that the sources exist.
     kit::StoryQuery query() const;
 };
 

@@ -15,7 +15,7 @@
 
 namespace cli {
 
-/// The record in its serialised form, or what can be said of one that can't be read.
+/// The record in its serialised form, or what is known of one that can't be read.
 template <class T>
 boost::json::value recordOf(const app::RecordEntry<T>& entry) {
     if (entry.value) return kit::encode(*entry.value);
@@ -29,8 +29,8 @@ boost::json::array recordsOf(const app::OrderedRecords<T>& shelf) {
     return records;
 }
 
-/// The entry that the words of a command line mean, by name or id. `what` is "newsroom" or
-/// "beat". Throws WrongUsage when there is none, or more than one.
+/// The entry with that name or id. `what` is "newsroom" or "beat". Throws WrongUsage when there is
+/// none or more than one.
 template <class T>
 const app::RecordEntry<T>& named(const std::vector<app::RecordEntry<T>>& entries,
                                  const std::string& words, std::string_view what) {
@@ -48,7 +48,7 @@ const app::RecordEntry<T>& named(const std::vector<app::RecordEntry<T>>& entries
                                  printable(words), ids));
 }
 
-/// The same among removed ones, of which the last removed counts when several are meant.
+/// The same among removed entries; of several the last removed one counts.
 template <class T>
 const app::RecordEntry<T>& lastRemoved(const std::vector<app::RecordEntry<T>>& removed,
                                        const std::string& words, std::string_view what) {
@@ -73,7 +73,7 @@ void requireFree(const app::OrderedRecords<T>& shelf, const std::string& name,
     throw WrongUsage(fmt::format("There is a {} named {} already.", what, printable(name)));
 }
 
-/// The same for another name of an entry, which may be spelled otherwise than the one it has.
+/// The same for renaming an entry; its own name in another letter case is allowed.
 template <class T>
 void requireFreeFor(const app::OrderedRecords<T>& shelf, const app::RecordEntry<T>& entry,
                     const std::string& name, std::string_view what) {
@@ -97,7 +97,7 @@ inline std::string trimmed(std::string_view name) {
 
 void write(Session& session, app::RecordTable& table, const app::RecordChange& change);
 
-/// Brings a removed entry back, with a number behind its name when that has been taken since.
+/// Restores a removed entry, with a number after its name when that is in use again.
 template <class T>
 app::RecordEntry<T> restored(Session& session, app::RecordTable& table,
                              app::OrderedRecords<T>& shelf, app::RecordEntry<T> entry) {
@@ -110,7 +110,7 @@ app::RecordEntry<T> restored(Session& session, app::RecordTable& table,
     return *shelf.find(entry.id);
 }
 
-/// Writes one change of a shelf.
+/// Writes one change of the records.
 inline void write(Session& session, app::RecordTable& table, const app::RecordChange& change) {
     auto transaction = session.store().transaction();
     change.applyTo(table, session.now());

@@ -40,7 +40,7 @@ std::vector<kit::NewsSource> sourcesFor(const app::SourceRegistry& roster,
     return named;
 }
 
-/// In the order of the roster: arrivals come as the network pleases.
+/// Restores the order of the sources: answers arrive in any order.
 void sortLike(const std::vector<kit::NewsSource>& asked, std::vector<SourceOutcome>& outcomes) {
     std::unordered_map<std::string_view, std::size_t> places;
     for (const auto& source : asked) places.emplace(source.id, places.size());

@@ -5,7 +5,7 @@
 
 namespace cli {
 
-/// A line for each source, then what the pass brought in all.
+/// A line for each source, then the totals of the pass.
 void printReport(Session& session, const app::PassReport& report);
 
 /// {"sources": [{"id", "name", "outcome", "added", "revised", "status"…}], "added": …}

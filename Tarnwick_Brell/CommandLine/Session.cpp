@@ -45,7 +45,7 @@ app::LocalStore& Session::storeForReading() {
         store_ = std::make_unique<app::LocalStore>(paths().library, Access::readOnly);
     } catch (const app::StoreError& error) {
         if (error.reason() != app::StoreError::Reason::olderVersion) throw;
-        // The first command after an update of the program brings the library up to date.
+        // The first command after an update of the program migrates the library.
         isForReading_ = false;
         return store();
     }

@@ -17,8 +17,8 @@ namespace cli {
 
 using app::currentInstant;
 
-/// One run of the command line: its options, its output and the user's store. What a command
-/// does not ask for is not opened.
+/// One run of the command line: its options, its output and the user's store. Everything is opened
+/// only on request.
 class Session {
 public:
     explicit Session(GlobalOptions options);
@@ -27,17 +27,17 @@ public:
     Output& out() { return out_; }
     kit::Instant now() const { return now_; }
     const app::Paths& paths() const { return premises_.paths(); }
-    /// A line of the output that advises a command of brell.
+    /// Prints a line that recommends a brell command.
     void advise(const std::string& sentence);
 
-    /// The library for a command that changes it: to be asked for before anything reads it.
+    /// The library for a command that changes it; request it before anything reads the library.
     /// Throws app::StoreError.
     app::LocalStore& store();
-    /// The library for a command that only reads; an empty one when there is none yet.
+    /// The library for a command that only reads; empty when there is none yet.
     app::LocalStore& storeForReading();
-    /// Gives `work` the library, for a command that shows what it fetches and also stores it.
-    /// Where the library cannot be written, a full disk for example, the user is warned and the
-    /// work is done, once more if need be, with an empty library in memory.
+    /// Runs `work` with the library, for a command that shows what it fetches and also stores it.
+    /// When the library cannot be written, because of a full disk for example, warns the user and
+    /// runs the work, again if necessary, with an empty library in memory.
     template <class Work>
     auto storing(const Work& work) {
         try {
@@ -51,13 +51,12 @@ public:
 
     app::Defaults& defaults();
 
-    /// How to reach the network. To be asked before the store: for the demonstration it
-    /// starts the press room, which may begin a new world with an empty library.
+    /// The network options. Call it before the store is opened: for the demonstration it starts the
+    /// press room, which may begin a new world with an empty library.
     kit::CurlTransport::Options network();
 
 private:
-    /// Throws the error that is being handled again when it tells of anything but a place that
-    /// can't be written.
+    /// Rethrows the current error unless it is about a library that can't be written.
     static void warnNothingStored(const app::StoreError& error);
 
     GlobalOptions options_;

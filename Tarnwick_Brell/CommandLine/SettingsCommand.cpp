@@ -31,13 +31,13 @@ const app::SettingKey& knownKey(const std::string& name) {
                                  arguments::didYouMean(name, known)));
 }
 
-/// What holds, and whether the user said so.
+/// The value in use, and whether it is the default.
 std::string shownValue(const app::SettingKey& key, const std::optional<std::string>& stored) {
     if (stored) return printable(*stored);
     return key.absent.empty() ? std::string("(not set)") : fmt::format("{} (default)", key.absent);
 }
 
-/// In the type that scripts expect of it.
+/// The value in its JSON type.
 boost::json::value typedValue(const app::SettingKey& key, const std::string& text) {
     using Type = app::SettingKey::Type;
     switch (key.type) {
@@ -45,7 +45,7 @@ boost::json::value typedValue(const app::SettingKey& key, const std::string& tex
             std::int64_t number = 0;
             const auto* const end = text.data() + text.size();
             const auto [stop, error] = std::from_chars(text.data(), end, number);
-            // What another program wrote may be no number.
+            // Another program may have written something else.
             if (error != std::errc() || stop != end) return boost::json::value(text);
             return number;
         }
@@ -72,8 +72,8 @@ std::string_view typeName(app::SettingKey::Type type) {
     return "";
 }
 
-/// "value" is what holds, "isSet" whether the user said so. A setting without a default that is
-/// not set has neither "default" nor "value".
+/// "value" is the value in use, "isSet" whether the user set it. A setting that is not set and has
+/// no default has neither "default" nor "value".
 boost::json::object settingRecord(const app::SettingKey& key,
                                   const std::optional<std::string>& stored) {
     boost::json::object record{{"type", typeName(key.type)}, {"meaning", key.meaning}};

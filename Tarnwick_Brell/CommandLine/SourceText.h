@@ -5,8 +5,8 @@
 
 namespace cli {
 
-/// ", 98 more share its link", for a number of stories. `collapsed`: stories of the feed that
-/// share their link with one of those that count; without any it says nothing.
+/// ", 98 more share its link". `collapsed` is the number of the feed's stories that share their
+/// link with a counted one; empty when it is 0.
 std::string collapsedText(std::int64_t stories, std::int64_t collapsed);
 
 /// "12 stories", "1 story, 98 more share its link", "no stories in it".

@@ -6,7 +6,7 @@
 #include "Tarnwick_Brell/CommandLine/Session.h"
 #include "Tarnwick_Brell/Desk/SourceImport.h"
 
-/// What `brell sources` and its subcommands do; each gives the exit status.
+/// The actions of `brell sources` and its subcommands; each returns the exit status.
 namespace cli {
 
 int listSources(Session& session);

@@ -79,7 +79,7 @@ int checkAddress(Session& session, const std::string& address) {
     return kDone;
 }
 
-/// What was added before a failure stays added, and is told.
+/// Sources added before a failure stay added and are reported.
 int addSources(Session& session, const std::vector<std::string>& addresses, bool unchecked) {
     BlockingFetcher engine(session.network(), kit::Conditional::no);
     auto& store = session.store();

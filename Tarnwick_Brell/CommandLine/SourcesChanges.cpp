@@ -61,7 +61,7 @@ int renameSource(Session& session, const std::string& id, const std::string& nam
     return kDone;
 }
 
-/// All of them or none.
+/// Removes all of the sources or none.
 int removeSources(Session& session, const std::vector<std::string>& ids) {
     auto& store = session.store();
     app::SourceRegistry roster(store.sources());

@@ -27,7 +27,7 @@ using Options = std::shared_ptr<SourcesOptions>;
 
 constexpr const char* kIDMeaning = "The source's id, as brell sources lists it";
 
-/// `action` is what the subcommand does with its options.
+/// `action` runs the subcommand with its options.
 template <class Action>
 void setAction(arguments::Command& command, Command& chosen, Options options, Action action) {
     command.whenChosen([&chosen, options, action] {

@@ -22,14 +22,14 @@ namespace {
 using kit::Instant;
 using kit::NewsSource;
 
-/// One source as its keeper sees it.
+/// The fetch statistics of one source.
 struct ConsoleRow {
     const NewsSource& source;
     bool enabled = false;
     app::SourceStatus status{};
     app::SourceHealth health{};
     std::optional<Instant> pausedUntil{};
-    std::optional<Instant> nextTry{};  ///< nothing: with the next pass
+    std::optional<Instant> nextTry{};  ///< absent: with the next pass
 };
 
 std::vector<ConsoleRow> consoleRows(app::LocalStore& store, const app::SourceRegistry& roster,

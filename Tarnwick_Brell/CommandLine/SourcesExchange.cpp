@@ -44,7 +44,7 @@ std::string counted(std::size_t count) {
     return fmt::format("{} {}", count, count == 1 ? "source" : "sources");
 }
 
-/// What stays as it is, and why.
+/// Prints the entries that are not imported, and why.
 void printLeftOut(Session& session, const app::ImportPreview& preview) {
     const auto row = [&](std::string_view name, std::string_view remark) {
         session.out().line(fmt::format(

@@ -27,7 +27,7 @@ constexpr std::size_t kNameColumns = 12;
 
 std::size_t textWidth(const Output& out) { return std::min(out.width(), kWidestText); }
 
-/// Long values go on below themselves; an address or id is one word and stays whole.
+/// Wraps long values; an address or id is one word and stays whole.
 void printField(Output& out, std::string_view name, std::string_view value) {
     if (value.empty()) return;
     const auto lines =

@@ -13,13 +13,13 @@ namespace cli {
 
 namespace {
 
-// Enough of an id to name one story among a hundred thousand.
+// Enough of an id to identify one story among a hundred thousand.
 constexpr std::size_t kIDColumns = 8;
 constexpr std::size_t kMarkColumns = 2;
 constexpr std::size_t kAgeColumns = 11;
 constexpr std::size_t kNarrowestTitle = 12;
 
-/// What stands before the headline; 0 is left out.
+/// The widths of the columns before the headline; 0 omits a column.
 struct Layout {
     std::size_t age = kAgeColumns;
     std::size_t outlet = 24;
@@ -32,7 +32,7 @@ struct Layout {
     }
 };
 
-/// The same for every story of a list, so that its lines stand in columns.
+/// The same for every story of a list, so that columns align.
 Layout layoutFor(std::size_t width) {
     if (width >= 100) return {};
     if (width >= 72) return {.outlet = 16, .labels = 0};

@@ -16,8 +16,7 @@ std::string outletLine(const kit::Story& story);
 /// "Deal", "Report", "Video · Rumor"; empty for unlabeled coverage.
 std::string labelLine(const kit::Story& story);
 
-/// The story in its serialised form with what the library knows of it besides: "read", "saved" and
-/// "firstSeen".
+/// The story in its serialised form with the library's fields: "read", "saved" and "firstSeen".
 boost::json::object storyRecord(const app::StoredStory& stored);
 
 }  // namespace cli

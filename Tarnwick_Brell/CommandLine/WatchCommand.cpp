@@ -30,7 +30,7 @@ struct WatchOptions {
     bool live = false;
 };
 
-/// Prints what a desk brings, as it comes.
+/// Prints a desk's events as they occur.
 class Watch {
 public:
     Watch(Session& session, app::AppEnvironment& environment, const kit::StoryQuery& query)
@@ -46,7 +46,7 @@ public:
         QObject::connect(&notifier_, &app::Notifier::linkActivated, &desk_, &Watch::openLink);
     }
 
-    /// Why the event loop has ended, if not because the user wished so.
+    /// Why the event loop has ended, unless the user ended it.
     const std::exception_ptr& failure() const { return failure_; }
 
 private:
@@ -61,7 +61,7 @@ private:
         });
         QObject::connect(&desk_, &NewsDesk::failed, &desk_,
                          [](const QString& sentence) { tell(sentence.toStdString()); });
-        // Restoring needs the library for itself, so that the desk must not stay at it.
+        // Restoring needs exclusive access to the library, so the desk must end.
         for (const auto signal : {&NewsDesk::libraryDamaged, &NewsDesk::loadFailed}) {
             QObject::connect(&desk_, signal, &desk_,
                              [this](const QString& sentence) { giveUp(sentence.toStdString()); });
@@ -102,7 +102,7 @@ private:
         }
     }
 
-    /// People read of a build once; each device is a record.
+    /// Text names a build once; JSON has a record for each device.
     void printSigning(const std::vector<app::SigningChange>& changes) {
         if (session_.options().json) {
             for (const auto& it : changes) {
@@ -113,7 +113,7 @@ private:
         for (const auto& news : kit::signingNews(changes)) printEvent(news.sentence(), {});
     }
 
-    /// Tells when a tracker begins to fail, and when it works again.
+    /// Reports when a tracker begins to fail and when it works again.
     template <class T>
     void noteState(const std::string& name, const app::CachedValue<T>& reading) {
         const bool wasFailing = failing_.contains(name);
@@ -158,7 +158,7 @@ private:
 
     void printStories(const std::vector<std::int64_t>& numbers) {
         print([&] {
-            // The oldest first: the newest stands at the end, where the eye is.
+            // Oldest first, so that the newest is on the last line.
             for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
                 const auto place = desk_.stories().placeOf(*number);
                 if (place) printStory(desk_.stories()[*place].unpacked());

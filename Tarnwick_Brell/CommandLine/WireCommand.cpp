@@ -40,15 +40,15 @@ app::StorySelection selectionFor(const WireOptions& options, kit::Instant now) {
     return selection;
 }
 
-/// What the beat follows; without one, everything.
+/// The query of the beat; without one, every story.
 kit::StoryQuery beatQuery(app::LocalStore& store, const std::string& name) {
     if (name.empty()) return {};
     const auto shelf = app::BeatShelf::read(store.beats());
     return readable(named(shelf.entries(), name, "beat"), "beat").query;
 }
 
-// What people page through is written when all of it is read: a pager that waits for its reader
-// would keep the library from being tidied. Longer lists are for programs.
+// Lists up to this size are written only after the library has been read: a waiting pager would
+// otherwise block the library's maintenance. Longer lists are for programs.
 constexpr std::size_t kHeldBack = 4 << 20;
 
 /// A story as the wire shows it: a line, a second one with its address, or a record.
@@ -72,7 +72,7 @@ int runWire(Session& session, const WireOptions& options) {
     auto asked = options.query.query();
     requireKnownSources(store, options.query.sources);
     auto followed = beatQuery(store, options.beat);
-    // Either may admit what is set aside.
+    // Either query may include stories that are set aside.
     asked.includesSetAside = followed.includesSetAside =
         options.query.setAside || (!options.beat.empty() && followed.includesSetAside);
     const auto query = asked.compiled();

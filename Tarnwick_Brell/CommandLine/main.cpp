@@ -21,7 +21,7 @@ namespace {
 
 using namespace cli;
 
-/// Each line that begins a sentence begins with "brell: "; what is listed below it is indented.
+/// Lines that begin a sentence begin with "brell: "; lists below them are indented.
 int complain(int status, const std::string& sentence) {
     for (std::size_t begin = 0; begin <= sentence.size();) {
         const auto end = std::min(sentence.find('\n', begin), sentence.size());
@@ -34,14 +34,14 @@ int complain(int status, const std::string& sentence) {
     return status;
 }
 
-/// As other programs end whose reader has left: by the signal, without a word.
+/// Ends silently by SIGPIPE, like other programs whose reader has gone.
 int endWithReader() {
     std::signal(SIGPIPE, SIG_DFL);
     std::raise(SIGPIPE);
     return kWorkFailed;
 }
 
-/// What a file system says, without the words of the C++ library.
+/// A file system's error, without the wording of the C++ library.
 std::string fileSentence(const std::filesystem::filesystem_error& error) {
     return fmt::format("{} can't be used ({}).", error.path1().string(), error.code().message());
 }
@@ -51,7 +51,7 @@ void addGlobalOptions(arguments::Command& app, GlobalOptions& options) {
     app::addDeskOptions(app, options);
 }
 
-/// What was done before a failure is told before the failure is.
+/// Prints pending output before a failure is reported.
 int carryOut(const Command& command, Session& session) {
     try {
         const int status = command(session);
@@ -89,14 +89,14 @@ int attempt(const Command& command, const GlobalOptions& options) {
     }
 }
 
-/// Long lines of a wide terminal are hard to read.
+/// Long lines are hard to read, so the width is limited.
 std::size_t helpWidth() {
     constexpr std::size_t widest = 100;
     const Output out;
     return out.isTerminal() ? std::min(out.width(), widest) : arguments::Parser::kHelpWidth;
 }
 
-/// Help and the version.
+/// Prints help or the version.
 int show(const std::string& text) {
     try {
         Output out;
@@ -113,7 +113,7 @@ int show(const std::string& text) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // A reader that leaves shows as a failed write, so that the library is closed first.
+    // A closed pipe becomes a failed write, so that the library is closed properly.
     std::signal(SIGPIPE, SIG_IGN);
 
     arguments::Parser parser("brell", "A news desk for people who follow Apple closely.");

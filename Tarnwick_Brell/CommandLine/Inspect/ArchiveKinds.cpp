@@ -6,7 +6,7 @@ namespace cli::inspect {
 
 namespace {
 
-/// A number as it is, not as an Instant, which is finite by its making and rounds to microseconds.
+/// The plain number; an Instant is always finite and rounds to microseconds.
 double secondsIn(const json::object& input, std::string_view key) {
     const auto* value = input.if_contains(key);
     if (!value || !value->is_string()) return required<double>(input, key);

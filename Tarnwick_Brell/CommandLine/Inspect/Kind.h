@@ -38,7 +38,7 @@ T required(const json::object& input, std::string_view key) {
     }
 }
 
-/// The document that a line means: its "text", or the file at its "path".
+/// The document of a line: its "text", or the file at its "path".
 std::string document(const json::object& input);
 
 // Text and rules

@@ -30,7 +30,7 @@ json::object newsroomSpec(const json::object& input) {
 }
 
 json::object newsroomMake(const json::object& input) {
-    // The parts are a spec's keys but for the version, which is not the caller's to choose.
+    // The parts have a spec's keys except for the version, which the caller can't choose.
     json::object parts = input;
     parts["version"] = NewsroomSpec::kVersion;
     return {{"spec", kit::encode(NewsroomSpec::created(kit::decode<NewsroomSpec>(parts)))}};

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t kFlushAt = 64 * 1024;
 
-/// COLUMNS is the user's word; without it the terminal is asked.
+/// COLUMNS takes precedence over the terminal's own width.
 std::size_t terminalWidth() {
     constexpr std::size_t usual = 80;
     if (const char* columns = std::getenv("COLUMNS")) {
@@ -42,12 +42,12 @@ std::string_view valueOf(const char* name) {
     return value ? value : "";
 }
 
-/// Terminals that are known to make links of OSC 8. Others may print it as rubbish.
+/// Whether the terminal is known to support OSC 8 links. Others may print garbage.
 bool terminalHasLinks() {
     for (const char* name : {"KITTY_WINDOW_ID", "KONSOLE_VERSION", "WT_SESSION", "DOMTERM"}) {
         if (isSet(name)) return true;
     }
-    // Terminals made with VTE 0.50 and later, GNOME's among them.
+    // Terminals based on VTE 0.50 or later, such as GNOME's.
     constexpr std::size_t digits = 4;
     const auto vte = valueOf("VTE_VERSION");
     if (vte.size() >= digits && vte >= "5000") return true;
@@ -62,7 +62,7 @@ bool terminalHasLinks() {
     return false;
 }
 
-/// Nothing in it ends the escape sequence that it stands in.
+/// True when the link contains nothing that ends the escape sequence.
 bool isSafeInEscape(std::string_view link) {
     return std::ranges::all_of(link, [](char c) { return c > ' ' && c < '\x7f'; });
 }
@@ -119,7 +119,7 @@ std::string Output::link(std::string_view address, std::string_view text) const 
 
 void showProgress(std::string_view text) {
     if (isatty(STDERR_FILENO) != 1) return;
-    // Carriage return and "erase the line", so that one line shows the latest step.
+    // Carriage return and "erase line", so that one line shows the latest step.
     const std::string line = "\r\x1b[K" + std::string(text);
     [[maybe_unused]] const auto written = ::write(STDERR_FILENO, line.data(), line.size());
 }

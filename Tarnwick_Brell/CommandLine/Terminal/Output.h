@@ -7,13 +7,13 @@
 
 namespace cli {
 
-/// Standard output does not take what is written to it.
+/// Writing to standard output failed.
 class OutputError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// The program that read standard output has left, as head does when it has its lines.
+/// The program that reads standard output has ended, as head does after its lines.
 class ReaderGone : public OutputError {
 public:
     ReaderGone() : OutputError("Nobody reads the output any more.") {}
@@ -30,16 +30,16 @@ public:
     void line(std::string_view text = {});
     void flush();
 
-    /// Columns of the terminal: what COLUMNS says, or the terminal itself. Lines for a file or a
-    /// pipe are never cut, so that they do not depend on where brell was started.
+    /// Columns of the terminal, from COLUMNS or the terminal itself. Lines for a file or a pipe are
+    /// never cut, so that they do not depend on where brell was started.
     std::size_t width() const { return width_; }
     bool isTerminal() const { return terminal_; }
 
-    /// `text` in bold or dimmed letters, where colours are wanted and a terminal shows them.
+    /// `text` in bold or dimmed letters, if colours are enabled on a terminal.
     std::string bold(std::string_view text) const { return styled("1", text); }
     std::string dim(std::string_view text) const { return styled("2", text); }
 
-    /// `text` as a link to `address`, where the terminal is known to have such links.
+    /// `text` as a link to `address`, if the terminal is known to support links.
     std::string link(std::string_view address, std::string_view text) const;
 
 private:
@@ -52,7 +52,7 @@ private:
     bool links_ = false;
 };
 
-/// A step of long work, on standard error and only when that is a terminal.
+/// Shows a step of long work on standard error, only when that is a terminal.
 void showProgress(std::string_view text);
 
 }  // namespace cli

@@ -24,7 +24,7 @@ bool isHidden(char32_t c) {
 std::size_t columnsOf(char32_t c) {
     const auto type = u_charType(static_cast<UChar32>(c));
     if (type == U_NON_SPACING_MARK || type == U_ENCLOSING_MARK || type == U_FORMAT_CHAR) return 0;
-    // The vowel and the last consonant of a Korean syllable stand inside its first consonant.
+    // The vowel and final consonant of a Korean syllable share the cell of its first consonant.
     const auto syllable =
         u_getIntPropertyValue(static_cast<UChar32>(c), UCHAR_HANGUL_SYLLABLE_TYPE);
     if (syllable == U_HST_VOWEL_JAMO || syllable == U_HST_TRAILING_JAMO) return 0;
@@ -46,8 +46,8 @@ bool hasProperty(char32_t c, UProperty property) {
     return u_hasBinaryProperty(static_cast<UChar32>(c), property) != 0;
 }
 
-/// Columns of one user-perceived character. Terminals draw an emoji two columns wide, whatever it
-/// is composed of: a family, a flag of two letters, a sign that U+FE0F asks to be drawn as one.
+/// Columns of one user-perceived character. Terminals draw every emoji two columns wide: a family,
+/// a flag of two letters, a sign followed by U+FE0F.
 std::size_t columnsOfCharacter(std::string_view character) {
     std::size_t columns = 0;
     std::size_t flagLetters = 0;
@@ -66,13 +66,13 @@ std::size_t columnsOfCharacter(std::string_view character) {
     return isEmoji || flagLetters == 2 ? 2 : columns;
 }
 
-/// Calls `visit` with the columns of each user-perceived character and where it ends, until it
-/// says false.
+/// Calls `visit` with the columns and the end of each user-perceived character until it returns
+/// false.
 template <class Visit>
 void eachCharacter(std::string_view text, Visit visit) {
     std::size_t at = 0;
     while (at < text.size()) {
-        // A character that follows ASCII may combine with the last letter before it.
+        // A character after ASCII may combine with the last ASCII letter.
         const auto plain = kit::endOfASCII(text, at);
         const auto last = plain == text.size() || plain == at ? plain : plain - 1;
         for (; at < last; ++at) {

@@ -14,7 +14,7 @@ constexpr std::string_view kNoteIndent = "    ";
 constexpr std::size_t kNarrowest = 4;
 constexpr std::size_t kWidestNote = 100;
 
-/// What a row takes, its gaps included.
+/// The width of a row with its gaps.
 std::size_t total(const std::vector<std::size_t>& widths) {
     std::size_t sum = 0;
     for (const auto width : widths) {
@@ -48,12 +48,12 @@ std::vector<std::size_t> TextTable::widths(std::size_t available) const {
             natural[i] = std::max(natural[i], columnsOf(row.cells[i]));
         }
     }
-    // 1. What remains where every column that may be cut is at its least.
+    // 1. Reduce every column that may be cut to its least width.
     auto widths = natural;
     for (std::size_t i = 0; i < widths.size(); ++i) {
         if (columns_[i].isCut) widths[i] = std::min(widths[i], columns_[i].least);
     }
-    // 2. Columns go until that fits.
+    // 2. Drop columns until the rest fits.
     const auto goesLater = [](const Column& a, const Column& b) { return a.dropRank < b.dropRank; };
     auto left = columns_;
     while (total(widths) > available) {
@@ -62,7 +62,7 @@ std::vector<std::size_t> TextTable::widths(std::size_t available) const {
         first->dropRank = 0;
         widths[static_cast<std::size_t>(first - left.begin())] = 0;
     }
-    // 3. Where that was not enough, the widest cut column gives way further.
+    // 3. If that is not enough, narrow the widest cut column further.
     const auto isCut = [&](std::size_t i) { return columns_[i].isCut && widths[i] > 0; };
     while (total(widths) > available) {
         std::size_t widest = widths.size();
@@ -72,7 +72,7 @@ std::vector<std::size_t> TextTable::widths(std::size_t available) const {
         if (widest == widths.size() || widths[widest] <= kNarrowest) break;
         --widths[widest];
     }
-    // 4. Room that is left goes to cut columns, from the left.
+    // 4. Give the remaining space to cut columns, from the left.
     for (std::size_t i = 0; i < widths.size(); ++i) {
         const auto used = total(widths);
         if (isCut(i) && used < available) {

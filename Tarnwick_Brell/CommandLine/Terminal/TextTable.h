@@ -8,16 +8,16 @@
 
 namespace cli {
 
-/// A column of a TextTable, and what becomes of it where the terminal is narrow.
+/// A column of a TextTable and its behaviour in a narrow terminal.
 struct Column {
     std::string heading;
-    bool isCut = false;     ///< its cells may be shortened; others, such as ids, never are
-    int dropRank = 0;       ///< the highest goes first; 0 stays
-    std::size_t least = 0;  ///< columns below which other columns go instead
+    bool isCut = false;     ///< its cells may be shortened, unlike those of ids
+    int dropRank = 0;       ///< the highest is dropped first; 0 is never dropped
+    std::size_t least = 0;  ///< width below which other columns are dropped instead
 
-    /// Stays whole: what one has to type, and what means nothing in part.
+    /// Never cut: for text that the user has to type or that means nothing in part.
     static Column whole(std::string heading) { return {.heading = std::move(heading)}; }
-    /// Prose and names.
+    /// For prose and names.
     static Column cut(std::string heading, std::size_t least = 16) {
         return {.heading = std::move(heading), .isCut = true, .least = least};
     }
@@ -27,16 +27,16 @@ struct Column {
     }
 };
 
-/// Rows of text in columns as wide as their widest cell. Where the terminal is narrower, columns
-/// are cut or left out as each of them says.
+/// Rows of text in columns as wide as their widest cell. In a narrower terminal, columns are cut or
+/// dropped as each specifies.
 class TextTable {
 public:
     explicit TextTable(std::vector<Column> columns);
 
-    /// Begins a group of rows under a title of its own.
+    /// Begins a group of rows with a title.
     void begin(const std::string& title);
     void add(std::vector<std::string> cells);
-    /// A line of its own below the row that was added last.
+    /// Adds a separate line below the last row.
     void addNote(const std::string& note);
 
     void print(Output& out) const;
@@ -48,7 +48,7 @@ private:
         bool isTitle = false;
     };
 
-    /// The width of each column in a terminal of `available` columns; 0 for one that is left out.
+    /// The width of each column in a terminal of `available` columns; 0 for a dropped one.
     std::vector<std::size_t> widths(std::size_t available) const;
     std::string line(const Row& row, const std::vector<std::size_t>& widths) const;
 
