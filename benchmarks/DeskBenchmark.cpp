@@ -1,5 +1,6 @@
-// A desk at a large library: how soon the wire is there, what it weighs, and how long the main
-// thread is kept when a pass brings 2,000 new stories, when all is marked read, and in search.
+// A desk with a large library: how soon the wire is loaded, its memory, and how long the main
+// thread is blocked when a pass brings 2,000 new stories, when all stories are marked as read, and
+// during a search.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -41,7 +42,7 @@ long residentMegabytes() {
     return 0;
 }
 
-/// The longest time for which the event loop did not turn.
+/// Measures the longest time for which the event loop was blocked.
 class Watchdog {
 public:
     Watchdog() {

@@ -12,8 +12,8 @@
 #include "NewsroomKit/Feeds/HTMLText.h"
 #include "NewsroomKit/Ingestion/StoryConversion.h"
 
-// Reads the feeds of the folder that BRELL_FEEDS names, or feeds made up here. The bare
-// pass shows what the XML library alone costs on the same bytes.
+// Reads the feeds of the folder that BRELL_FEEDS names, or generated feeds. The bare pass measures
+// the XML library alone on the same bytes.
 namespace kit {
 namespace {
 
@@ -109,7 +109,7 @@ void ParseFeeds(benchmark::State& state) {
 }
 BENCHMARK(ParseFeeds)->Unit(benchmark::kMillisecond);
 
-/// Everything between the bytes of a feed and its labelled stories.
+/// Measures all steps from the bytes of a feed to its labelled stories.
 void ParseConvertAndLabel(benchmark::State& state) {
     const NewsSource source{.id = "bench",
                             .name = "Bench",

@@ -99,7 +99,7 @@ asio::awaitable<void> fetchInTurn(HTTPClient& client, std::vector<std::string>& 
     }
 }
 
-/// A name is used once, so that every fetch opens a connection.
+/// Each host name is used once, so that every fetch opens a connection.
 std::vector<std::string> freshAddresses(std::size_t count, const char* target) {
     static std::size_t used = 0;
     std::vector<std::string> urls;
@@ -133,7 +133,7 @@ void measure(benchmark::State& state, bool fullBundle, std::size_t sources, std:
     const auto bundle = bundleFile(fullBundle);
     CurlTransport transport({.connectTo = "127.0.0.1:" + server->port(), .caFile = bundle});
     HTTPClient client(transport);
-    // The bundle is parsed once per transport; that is not what is measured here.
+    // The bundle is parsed once per transport, which is not measured here.
     std::size_t failures = fetchAll(client, freshAddresses(1, target), 1);
     for (auto _ : state) failures += fetchAll(client, freshAddresses(sources, target), atOnce);
     if (failures > 0) state.SkipWithError("fetches failed");

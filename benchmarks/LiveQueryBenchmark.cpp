@@ -33,7 +33,7 @@ private:
     std::int64_t number_ = 0;
 };
 
-/// As many live queries as the argument says take over the 200 stories of a pass.
+/// The given number of live queries apply the 200 stories of a pass.
 void followAPass(benchmark::State& state) {
     Arrivals arrivals;
     app::Wire wire;

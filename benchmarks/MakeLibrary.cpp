@@ -1,4 +1,4 @@
-// Makes a library of invented stories as large as a desk of some years holds, for measuring.
+// Creates a library of invented stories, as large as after some years of use, for benchmarks.
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -45,7 +45,7 @@ private:
     std::mt19937_64 engine_;
 };
 
-/// Invented words, of which the word of rank n is used about 1/n as often as the first.
+/// Invented words; the word of rank n is used about 1/n as often as the first.
 class Vocabulary {
 public:
     explicit Vocabulary(Chance& chance) : chance_(chance) {
@@ -127,7 +127,7 @@ public:
         return story;
     }
 
-    /// Of some sources there is much more than of others.
+    /// Chooses a source; some have many more stories than others.
     std::size_t source(std::size_t count) {
         return static_cast<std::size_t>(static_cast<double>(count) * std::pow(chance_.share(), 2));
     }
@@ -178,7 +178,7 @@ void fill(app::LocalStore& store, std::size_t count, std::uint64_t seed, kit::In
     const auto step = std::chrono::microseconds(kSpan) / std::max<std::size_t>(count, 1);
     const auto begin = until - std::chrono::microseconds(kSpan);
     auto merging = store.merging();
-    // From the oldest to the newest, as they would have come.
+    // Oldest first, as they would have arrived.
     for (std::size_t number = 0; number < count;) {
         std::vector<Story> stories;
         kit::Instant published;

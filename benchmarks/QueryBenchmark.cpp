@@ -18,7 +18,7 @@ const std::vector<Story>& library() {
     return stories;
 }
 
-/// Cold: compiling is part of it, and the stories are far more than the caches hold.
+/// Includes compiling, and the stories exceed the processor's caches.
 void queryStories(benchmark::State& state) {
     const auto count = static_cast<std::ptrdiff_t>(state.range(0));
     const auto begin = library().begin();
@@ -34,7 +34,7 @@ void queryStories(benchmark::State& state) {
 }
 BENCHMARK(queryStories)->Arg(200'000)->Arg(200)->Unit(benchmark::kMillisecond);
 
-/// The same by the rule's own words: fold the joined text, ask each term.
+/// The same by definition: fold the joined text and test each term.
 void queryStoriesTermByTerm(benchmark::State& state) {
     std::vector<PhraseMatcher> terms;
     for (const auto& term : benchmarks::twentyTerms().anyTerms) terms.emplace_back(term);
@@ -49,7 +49,7 @@ void queryStoriesTermByTerm(benchmark::State& state) {
 }
 BENCHMARK(queryStoriesTermByTerm)->Unit(benchmark::kMillisecond);
 
-/// What reading the texts costs by itself.
+/// The cost of only reading the texts.
 void readStories(benchmark::State& state) {
     for (auto _ : state) {
         for (const Story& story : library()) {

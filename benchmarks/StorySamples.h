@@ -17,7 +17,7 @@ std::vector<kit::Story> storySamples(std::size_t count, unsigned seed);
 /// 20 terms, of which one story in ten mentions at least one.
 kit::StoryQuery twentyTerms();
 
-/// Two or three terms of a beat, each `which` another choice.
+/// Two or three terms of a beat; each `which` gives another choice.
 kit::StoryQuery beat(std::size_t which);
 
 }  // namespace benchmarks

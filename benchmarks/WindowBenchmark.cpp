@@ -1,6 +1,6 @@
-// The window at a large library: how soon stories are on the screen, how long its thread is
-// kept while a pass brings 2,000 new stories into a list that moves, what it weighs, and what it
-// takes when nobody does anything.
+// The window with a large library: how soon stories are on the screen, how long its thread is
+// blocked while a pass brings 2,000 new stories into a scrolling list, its memory, and its
+// processor time when idle.
 #include <sys/prctl.h>
 #include <unistd.h>
 
@@ -68,7 +68,7 @@ kit::CurlTransport::Options startPressRoom(const std::filesystem::path& folder) 
     if (fork() == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         pressroom::ScriptedHandler script;
-        // Of no earlier run.
+        // Differs from every earlier run.
         const auto round = static_cast<std::size_t>(outlets::now().time_since_epoch().count());
         for (std::size_t i = 0; i < kOutlets; ++i) {
             script.on(outlets::host(i), "/feed",
@@ -161,7 +161,7 @@ private:
         list->setProperty("contentY", 0.0);
     }
 
-    /// A letter every 120 ms, as a quick writer types.
+    /// Types a letter every 120 ms, like a fast typist.
     void type(const std::string& word) {
         double slowest = 0, last = 0;
         auto* page = model_.storyList();
@@ -191,7 +191,7 @@ private:
     void idle() {
         restFor(kRest);
         const auto before = probe::processorMilliseconds();
-        // The heartbeat is the benchmark's own, and takes more than the window.
+        // The heartbeat belongs to the benchmark and uses more time than the window.
         application_.stopHeart();
         restFor(kIdle);
         const auto spent = probe::processorMilliseconds() - before;
@@ -215,7 +215,7 @@ private:
         }
     }
 
-    /// Until it holds; the milliseconds since the process has started.
+    /// Waits until the condition holds; returns the milliseconds since the process started.
     double waitFor(const std::function<bool()>& holds) {
         const auto end = Steady::now() + kPatience;
         while (!holds()) {
@@ -241,7 +241,7 @@ private:
 
 void prepare(const Paths& paths) {
     outlets::makeOnlySources(paths.library, kOutlets);
-    // No pass begins by itself.
+    // Keeps passes from starting automatically.
     LocalStore store(paths.library, Database::Access::readWrite);
     store.state().set(DeskState::kLastRefresh, currentInstant());
 }

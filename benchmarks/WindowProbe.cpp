@@ -73,7 +73,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     const int type = event->type();
     const bool isFrame = type == QEvent::UpdateRequest && receiver->isWindowType();
     if (depth_ > 0 && !isFrame) return QGuiApplication::notify(receiver, event);
-    // Read before: an event may be the end of its receiver.
+    // Read first, because an event may destroy its receiver.
     const std::string name = receiver->metaObject()->className();
     ++depth_;
     const auto begin = Moment::now();

@@ -15,14 +15,14 @@ double milliseconds(Steady::duration time);
 /// Since the system has started this process.
 double sinceProcessStart();
 
-/// A figure of a file of the kernel's like "VmHWM:   1234 kB", in MB.
+/// A figure such as "VmHWM:   1234 kB" from one of the kernel's files, in MB.
 double megabytesIn(const char* file, const std::string& key);
 
-/// Processor time of all threads so far.
+/// The processor time of all threads so far.
 double processorMilliseconds();
 
-/// In milliseconds: the clock on the wall, and what the calling thread has had of a processor,
-/// which tells the window's own work from other programs' where a computer is busy.
+/// In milliseconds: wall-clock time and the calling thread's processor time, which excludes other
+/// programs on a busy computer.
 struct Moment {
     double wall = 0;
     double processor = 0;
@@ -31,11 +31,11 @@ struct Moment {
     Moment operator-(const Moment& other) const {
         return {wall - other.wall, processor - other.processor};
     }
-    /// By the clock on the wall.
+    /// Compares wall-clock times.
     bool operator<(const Moment& other) const { return wall < other.wall; }
 };
 
-/// An application that knows its slowest event and its slowest frame.
+/// An application that records its slowest event and its slowest frame.
 class Application : public QGuiApplication {
 public:
     Application(int& count, char** words);
@@ -52,7 +52,7 @@ public:
     };
     /// Since the last call.
     Slowest take();
-    /// From now on no turns are measured.
+    /// Stops measuring turns of the event loop.
     void stopHeart() { heart_.stop(); }
 
 private:

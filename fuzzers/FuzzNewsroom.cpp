@@ -6,8 +6,7 @@
 #include "NewsroomKit/Newsrooms/NewsroomFile.h"
 #include "NewsroomKit/Newsrooms/PanelPlacement.h"
 
-// Any bytes: a newsroom that is taken in is tidy, reads back as it was written, and its
-// queries compile.
+// Any bytes: an accepted newsroom is tidy, reads back as it was written, and its queries compile.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace kit;
     NewsroomSpec spec;

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Outlines/OutlineParser.h"
 #include "NewsroomKit/Outlines/OutlineWriter.h"
 
-// Any bytes: no crash, only https feeds come out, and what is written reads back the same.
+// Any bytes: no crash, only https feeds are returned, and a written list reads back the same.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     auto parsed = kit::parseOutlines({reinterpret_cast<const char*>(data), size});
     if (!parsed) return 0;

@@ -9,7 +9,7 @@
 
 namespace test {
 
-/// What Qt's objects need in a program without a main function of its own.
+/// Creates the QCoreApplication that Qt's objects need in a program without its own main function.
 inline void beApplication() {
     static int count = 0;
     static QCoreApplication application(count, nullptr);
@@ -22,7 +22,7 @@ inline void runFor(std::chrono::milliseconds time) {
     loop.exec();
 }
 
-/// Runs the event loop until it holds, ten seconds at most.
+/// Runs the event loop until the condition holds, for ten seconds at most.
 inline bool until(const std::function<bool()>& holds) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     while (!holds() && std::chrono::steady_clock::now() < end) {

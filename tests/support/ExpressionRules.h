@@ -26,8 +26,8 @@ private:
     std::optional<Pattern> bounded_;
 };
 
-/// The editorial rules written out step by step over one expression per phrase: slow,
-/// and without anything that could be shared with the real ones but the tables' data.
+/// The editorial rules written out step by step with one expression per phrase: slow, and sharing
+/// only the tables' data with the real ones.
 class ExpressionRules {
 public:
     ExpressionRules();

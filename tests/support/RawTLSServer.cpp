@@ -66,7 +66,7 @@ private:
                 co_await asio::async_write(stream, asio::buffer(script_.endless), use_awaitable);
             }
         } catch (const boost::system::system_error&) {
-            // The client has had enough.
+            // The client has closed the connection.
         }
     }
 

@@ -11,8 +11,8 @@ namespace test {
 class RawTLSServer {
 public:
     struct Script {
-        std::string protocol = "http/1.1";  ///< the only one that the handshake agrees on
-        std::string opening = {};           ///< sent once a request has come
+        std::string protocol = "http/1.1";  ///< the only protocol of the handshake
+        std::string opening = {};           ///< sent once a request has arrived
         std::string endless = {};           ///< sent next, over and over
     };
 

@@ -4,7 +4,7 @@
 
 namespace test {
 
-/// A folder of its own that goes away with its owner.
+/// A temporary folder that is deleted with its owner.
 class TemporaryFolder {
 public:
     TemporaryFolder();

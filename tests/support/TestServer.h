@@ -25,7 +25,7 @@ HTTPClient::Exchange exchange(HTTPClient& client, std::string url,
 /// "fresh: " and the body, "not modified", or the failure's description.
 std::string outcomeText(const FetchResult<HTTPClient::Result>& result);
 
-/// A real TLS server by script and a client whose every connection goes there.
+/// A scripted TLS server and a client that sends every connection to it.
 class TestServer {
 public:
     explicit TestServer(HTTPClient::Configuration configuration = impatient(),
@@ -36,7 +36,7 @@ public:
     std::string outcome(std::string url, Conditional conditional = Conditional::no,
                         std::size_t byteLimit = 1000);
 
-    /// Where the authority of the server is written.
+    /// The certificate file of the server's authority.
     std::filesystem::path authorityFile() const { return folder_.path() / "authority.pem"; }
 
 private:

@@ -49,7 +49,7 @@ void waitUntil(const char* what, const std::function<bool()>& holds) {
     }
 }
 
-/// A story that several outlets tell, as that shows the most.
+/// Selects a story of several outlets, which shows the most.
 void chooseStory(WindowModel& model, NewsDesk& news) {
     for (const auto& cluster : *news.clusters()) {
         if (cluster.storyIDs.size() < 3) continue;
@@ -59,7 +59,7 @@ void chooseStory(WindowModel& model, NewsDesk& news) {
     model.selectedStory()->step(1);
 }
 
-/// A story that credits another one has a trace.
+/// Selects a story that credits another one, because it has a trace.
 void chooseCredited(WindowModel& model, NewsDesk& news) {
     for (std::size_t place = 0; place < news.stories().size(); ++place) {
         const auto story = news.stories()[place].unpacked().story;
@@ -138,7 +138,7 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     auto network =
         premises.network([](const std::string& sentence) { fmt::print(stderr, "{}\n", sentence); });
     QGuiApplication application(count, words);
-    // As the pictures are compared with others: one font, in a size that means no scaling.
+    // A fixed font and size, so that pictures can be compared.
     QFont font(QStringLiteral("Inter"));
     font.setPixelSize(13);
     QGuiApplication::setFont(font);

@@ -13,11 +13,10 @@
 
 namespace app::test {
 
-/// A server by script, a library on disk, and a clock that a test sets.
+/// A scripted server, a library on disk, and a clock that a test sets.
 class TestDesk {
 public:
-    /// The library has only these sources switched on: custom ones, each with its feed at
-    /// https://HOST/feed.
+    /// Only these custom sources are enabled, each with its feed at https://HOST/feed.
     explicit TestDesk(const std::vector<std::string>& hosts);
 
     std::filesystem::path library() const { return folder.path() / "library.sqlite"; }

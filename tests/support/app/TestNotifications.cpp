@@ -30,7 +30,7 @@ uint RecordingService::Notify(const QString&, uint replaced, const QString&, con
 }
 
 PrivateBus::PrivateBus() {
-    // Without folders of services, so that no program of this computer is started.
+    // Without service folders, so that no installed program is started.
     const auto configuration = folder_.path() / "bus.conf";
     std::ofstream(configuration)
         << "<busconfig><type>session</type><listen>unix:dir=" << folder_.path().string()

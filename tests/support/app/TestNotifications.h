@@ -15,7 +15,7 @@
 
 namespace app::test {
 
-/// A notification service that writes down what it is asked to show.
+/// A notification service that records its notifications.
 class RecordingService : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
@@ -51,7 +51,7 @@ private:
     uint lastNumber_ = 0;
 };
 
-/// A message bus that nobody else uses.
+/// A private message bus.
 class PrivateBus {
 public:
     PrivateBus();
@@ -59,9 +59,9 @@ public:
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
 
-    /// A new connection each time; unconnected once the bus has been ended.
+    /// A new connection each time; unconnected once the bus has ended.
     QDBusConnection connection();
-    /// The bus will try to start a notification service that ends at once.
+    /// Makes the bus start a notification service that exits at once.
     void offerBrokenService();
     void end();
 

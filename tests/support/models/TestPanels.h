@@ -14,8 +14,8 @@
 
 namespace app::test {
 
-/// A desk with stories and trackers, for panels. The clock stands at noon, 20 November 2026,
-/// and times are shown in UTC.
+/// A desk with stories and trackers, for panels. The clock is fixed at noon, 20 November 2026, and
+/// times are shown in UTC.
 class TestPanels {
 public:
     TestPanels();
@@ -25,7 +25,7 @@ public:
               kit::Sourcing sourcing = kit::Sourcing::unlabeled);
     void tell(const kit::Story& story);
     void lookedLastAt(const std::string& clock);
-    /// What Apple's status page and the releases say.
+    /// Sets the answers of Apple's status page and the releases.
     void serveTrackers(const std::string& status, const std::string& releases);
 
     /// Opens the stores and reads the library.

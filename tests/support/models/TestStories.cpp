@@ -12,7 +12,7 @@ void TestStories::beGuiApplication() {
     static int count = 1;
     static char name[] = "test";
     static char* arguments[] = {name, nullptr};
-    // Never ended: Qt does not take its end among the program's statics well.
+    // Never destroyed, because Qt cannot be destroyed together with static objects.
     static auto* application = new QGuiApplication(count, arguments);
     Q_UNUSED(application)
 }

@@ -18,11 +18,11 @@ public:
     /// A QGuiApplication, once for the whole program: the clipboard needs one.
     static void beGuiApplication();
 
-    /// With its newsrooms; waits until all has been read.
+    /// Opens the stores with the newsrooms and waits until everything has been read.
     void open();
 
-    /// Changes the wire past the library, which takes seconds to be followed: lists know the
-    /// wire and its signals only.
+    /// Changes the wire without the library, whose changes take seconds to arrive: lists only
+    /// depend on the wire and its signals.
     template <class Change>
     WireChange change(const Change& change) {
         const WireChange changed = change(const_cast<Wire&>(news->stories()));
@@ -32,7 +32,7 @@ public:
     void come(const std::vector<kit::Story>& stories);
     void mark(Mark mark, const std::vector<std::int64_t>& numbers, bool on);
 
-    /// Of `outlet`, published at that minute of the clock's day.
+    /// A story of `outlet`, published at that minute of the clock's day.
     kit::Story story(const std::string& outlet, int minute, const std::string& title) const;
     std::string idOf(const std::string& title) const;
 
