@@ -43,7 +43,7 @@ PlainButton {
         border.color: Theme.border
     }
     Accessible.role: Accessible.ButtonMenu
-    Accessible.description: active ? qsTr("Delete takes this filter away.") : ""
+    Accessible.description: active ? qsTr("Delete removes this filter.") : ""
     Keys.onDeletePressed: if (clearable) cleared()
     Keys.onPressed: event => {
         if (event.key !== Qt.Key_Backspace || !clearable)
@@ -58,7 +58,7 @@ PlainButton {
         height: parent.height
         visible: chip.clearable
         focusPolicy: Qt.NoFocus
-        text: qsTr("Take away: %1").arg(chip.text)
+        text: qsTr("Remove: %1").arg(chip.text)
         onClicked: chip.cleared()
     }
     FocusRing { control: chip }

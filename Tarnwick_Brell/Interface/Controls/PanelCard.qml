@@ -88,7 +88,7 @@ FocusScope {
         width: card.hasMenu ? implicitWidth : 0
         visible: card.hasMenu
         symbol: "ellipsis"
-        text: qsTr("Menu of %1").arg(card.title)
+        text: qsTr("Menu for %1").arg(card.title)
         onClicked: card.menuRequested(menu)
     }
     Item {

@@ -34,7 +34,7 @@ Item {
         anchors.right: parent.right
         y: panel.isSlim ? parent.height - height : (price.height - height) / 2
         small: true
-        label: qsTr("Range of the chart")
+        label: qsTr("Chart range")
         model: panel.content.ranges
         currentIndex: panel.content.range
         onActivated: index => panel.content.choose(index)

@@ -68,7 +68,7 @@ FocusScope {
 
             IconButton {
                 symbol: pane.reader.isSaved ? "bookmark.fill" : "bookmark"
-                text: pane.reader.isSaved ? qsTr("Saved; take back") : qsTr("Save")
+                text: pane.reader.isSaved ? qsTr("Saved; remove the mark") : qsTr("Save")
                 key: pane.actions.keyText(DeskAction.ToggleSaved)
                 checked: pane.reader.isSaved
                 onClicked: pane.storyActions.toggleSaved()
@@ -234,7 +234,7 @@ FocusScope {
                 visible: pane.reader.text === ""
                 type: DeskText.Secondary
                 color: Theme.text3
-                text: qsTr("The feed gives no excerpt of this story.")
+                text: qsTr("The feed has no excerpt of this story.")
             }
             Item {
                 width: Theme.line
@@ -290,7 +290,7 @@ FocusScope {
         width: parent.width - 2 * Theme.readerPadding
         visible: !pane.reader.hasStory
         symbol: "newspaper"
-        text: qsTr("No story is chosen.")
-        hint: qsTr("j and k go through the list, Enter opens a story in the browser, ? shows all keys.")
+        text: qsTr("No story is selected.")
+        hint: qsTr("j and k move through the list, Enter opens a story in the browser, ? shows all keys.")
     }
 }

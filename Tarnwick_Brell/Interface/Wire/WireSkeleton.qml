@@ -8,7 +8,7 @@ Item {
 
     clip: true
     Accessible.role: Accessible.StaticText
-    Accessible.name: qsTr("Reading the stories")
+    Accessible.name: qsTr("Loading stories")
 
     Column {
         width: parent.width
