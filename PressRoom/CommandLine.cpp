@@ -49,36 +49,36 @@ void addPlaces(arguments::Command& program, CommandLine& options) {
 void addTimes(arguments::Command& program, CommandLine& options) {
     program
         .number("--anchor", options.anchor,
-                "moment the world's times count from, in seconds since 1970; the start by default")
+                "reference time of the world in seconds since 1970; by default the start")
         .shownAs("SECONDS");
     program.number("--speed", options.speed, {0.01, 100000.0},
                    "how many times faster than real time the world runs");
     program
         .number("--delay", options.delay, {0, 60000},
-                "milliseconds before each answer, as a far network has them")
+                "delay of each answer in milliseconds, as on a slow network")
         .shownAs("MS");
     program
         .number("--clock-ahead", options.clockAhead, {-36500, 36500},
-                "days by which the answers' dates are ahead of this computer's clock")
+                "days by which the dates of answers are ahead of this computer's clock")
         .shownAs("DAYS");
 }
 
 void addConduct(arguments::Command& program, CommandLine& options,
                 std::vector<std::string>& misbehaving) {
     program.flag("--private-catalogue", options.privateCatalogue,
-                 "certify gdmf.apple.com by the private authority, as in the field");
+                 "certify gdmf.apple.com by the private authority, as in reality");
     program.flag("--ready-json", options.readyJSON,
                  "announce the port and the authorities as one JSON line");
     program.flag("--exit-with-parent", options.exitWithParent, "end when standard input closes");
     program
         .option("--misbehave", misbehaving,
-                "let a source, a tracker (status, developer-status, releases, events, quote, "
+                "make a source, a tracker (status, developer-status, releases, events, quote, "
                 "quotes, signing, updates, charts) or the archive (archive-stories, "
-                "archive-status, archive-credits, archive-trace) go wrong (repeatable); KIND is "
+                "archive-status, archive-credits, archive-trace) misbehave (repeatable); KIND is "
                 "one of those below")
         .shownAs("ID=KIND")
         .checked([](const std::string& text) {
-            return readMisbehaving(text) ? "" : "\"" + text + "\" is no ID=KIND";
+            return readMisbehaving(text) ? "" : "\"" + text + "\" is not ID=KIND";
         });
     program.flag("--log", options.log, "write a line per request to standard error");
     program.footer(

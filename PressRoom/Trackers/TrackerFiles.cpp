@@ -122,7 +122,7 @@ void checkEach(const std::string& key, const std::vector<Item>& items, std::stri
     for (std::size_t i = 0; i < items.size(); ++i) {
         inside(key + "[" + std::to_string(i) + "]", [&] {
             if (!names.insert(items[i].*name).second) {
-                throw RecordError("", "\"" + items[i].*name + "\" stands here twice");
+                throw RecordError("", "\"" + items[i].*name + "\" is listed twice");
             }
             check(items[i]);
         });
@@ -151,7 +151,7 @@ void checkBuilds(const std::string& channel, const std::optional<std::vector<Wor
     requireOldestFirst(channel, *builds);
     for (const auto& build : *builds) {
         if (!isWebAddress(build.url))
-            throw RecordError(channel, build.url + " is no https address");
+            throw RecordError(channel, build.url + " is not an https address");
     }
 }
 

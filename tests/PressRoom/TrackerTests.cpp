@@ -250,7 +250,7 @@ TEST(Trackers, AFaultyFileIsNamedTogetherWithItsKey) {
         {"status.json", R"({"services":[{"name":"A","incidents":[{"states":[],"knd":"x"}]}]})",
          "services[0].incidents[0].knd: unknown key"},
         {"status.json", R"({"services":[{"name":"A"},{"name":"A"}]})",
-         "services[1]: \"A\" stands here twice"},
+         "services[1]: \"A\" is listed twice"},
         {"status.json",
          R"({"services":[{"name":"A","incidents":[{"states":[{"minutesAgo":1},{"minutesAgo":2}]}]}]})",
          "states: the oldest must come first"},
