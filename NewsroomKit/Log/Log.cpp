@@ -50,15 +50,14 @@ std::string rawNames(auto table, std::size_t first) {
 
 LogLevel levelNamed(std::string_view name) {
     if (const auto level = enumFromRaw<LogLevel>(name)) return *level;
-    throw std::invalid_argument(fmt::format("\"{}\" is no level of the log. The levels are {}.",
-                                            name, rawNames(enumTable<LogLevel>, 0)));
+    throw std::invalid_argument(fmt::format("\"{}\" is not a log level. The levels are {}.", name,
+                                            rawNames(enumTable<LogLevel>, 0)));
 }
 
 LogCategory categoryNamed(std::string_view name) {
     if (const auto category = enumFromRaw<LogCategory>(name)) return *category;
-    throw std::invalid_argument(
-        fmt::format("\"{}\" is no category of the log. The categories are {}.", name,
-                    rawNames(enumTable<LogCategory>, 0)));
+    throw std::invalid_argument(fmt::format("\"{}\" is not a log category. The categories are {}.",
+                                            name, rawNames(enumTable<LogCategory>, 0)));
 }
 
 /// The part before `separator`, which is taken off `text` with it.

@@ -35,7 +35,7 @@ void printJSON(Session& session, const Answer& answer) {
 int runStories(Session& session, const ArchiveOptions& options) {
     const auto after = parseWhen(options.after, session.now());
     const auto before = parseWhen(options.before, session.now());
-    if (after >= before) throw WrongUsage("The period ends before it has begun.");
+    if (after >= before) throw WrongUsage("The period ends before it begins.");
     const kit::ArchivePeriod period{kit::secondsSince1970(after), kit::secondsSince1970(before)};
     const auto page =
         askArchive<StoryArchiveAPI>(session, session.network(), [&](const StoryArchiveAPI& api) {
@@ -83,19 +83,18 @@ void addArchiveCommand(arguments::Command& app, Command& chosen) {
 
     auto stories =
         addAction(archive, chosen, options, "stories", "The stories of a period", runStories);
-    stories.option("--after", options->after, "Its beginning: 30min, 6h, 2d, a day or a time")
+    stories.option("--after", options->after, "Start of the period: 30min, 6h, 2d, a day or a time")
         .shownAs("WHEN")
         .required();
-    stories.option("--before", options->before, "Its end, in the same forms")
+    stories.option("--before", options->before, "End of the period, in the same forms")
         .shownAs("WHEN")
         .required();
-    stories.number("--offset", options->offset, {0, 1'000'000'000},
-                   "Leave out so many at the beginning");
-    stories.number("--limit", options->limit, {1, 1'000'000}, "At most so many");
+    stories.number("--offset", options->offset, {0, 1'000'000'000}, "Skip this many stories");
+    stories.number("--limit", options->limit, {1, 1'000'000}, "Show at most this many");
 
     addAction(archive, chosen, options, "status", "How complete the archive is, source by source",
               runStatus);
-    addAction(archive, chosen, options, "credits", "Whom stories credit for their news", runCredits)
+    addAction(archive, chosen, options, "credits", "Whose reporting stories credit", runCredits)
         .option("URL", options->stories,
                 "A story's address, or its id as brell wire shows it; several may follow "
                 "each other")

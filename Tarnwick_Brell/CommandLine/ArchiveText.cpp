@@ -40,9 +40,9 @@ void addNotes(TextTable& table, const ArchivedStory& story) {
 /// Which part of the period is shown, and how to see the next one.
 std::string extentText(const ArchivePage& page) {
     const auto count = static_cast<std::int64_t>(page.items.size());
-    if (count == 0 && page.total.value <= 0) return "The archive has no story of this period.";
+    if (count == 0 && page.total.value <= 0) return "The archive has no stories for this period.";
     if (count == 0) {
-        return fmt::format("The archive has {} stories of this period, none of them at {}.",
+        return fmt::format("The archive has {} stories for this period, none after the first {}.",
                            page.total.value, page.offset.value);
     }
     const auto number = [&](std::size_t at) {
@@ -108,11 +108,11 @@ void printServerCredits(Output& out, const std::vector<std::string>& addresses,
         if (found == credits.credits.end()) {
             const bool isPending =
                 std::ranges::find(credits.pending, address) != credits.pending.end();
-            out.line(isPending ? "  The archive has yet to read it."
+            out.line(isPending ? "  The archive has not read it yet."
                                : "  The archive does not know it.");
             continue;
         }
-        if (found->second.empty()) out.line("  It credits nobody.");
+        if (found->second.empty()) out.line("  It has no credits.");
         for (const auto& credit : found->second) {
             out.line("  " + creditText(credit));
             if (credit.url) out.line("    " + linkText(*credit.url));

@@ -40,7 +40,7 @@ void requireSound(const Beat& beat) {
     try {
         kit::NewsroomLimits::require(beat);
     } catch (const kit::RecordError& error) {
-        throw WrongUsage(fmt::format("That can't be a beat: {}.", error.what()));
+        throw WrongUsage(fmt::format("This is not a valid beat: {}.", error.what()));
     }
 }
 
@@ -57,7 +57,7 @@ void confirm(Session& session, const Beat& beat, std::string_view what) {
     session.out().line(fmt::format("{} {}: {}. It would have matched {} of the last {} days.{}",
                                    what, printable(beat.name), queryText(beat.query),
                                    stories(matched), kDays,
-                                   beat.alerts ? " New ones are announced." : ""));
+                                   beat.alerts ? " New matches raise notifications." : ""));
 }
 
 }  // namespace
@@ -70,7 +70,8 @@ int listBeats(Session& session) {
     }
     if (shelf.entries().empty()) {
         session.advise(
-            "No beats yet. brell beat new NAME --any TERMS makes one, brell beat test tries it.");
+            "No beats yet. brell beat new NAME --any TERMS creates one; brell beat test tries it "
+            "out.");
         return kDone;
     }
     std::vector<kit::StoryQuery> queries;
@@ -102,7 +103,7 @@ int newBeat(Session& session, const BeatOptions& options) {
     try {
         beat = kit::madeBeat(name, options.symbol, query, options.alerts == "on");
     } catch (const kit::RecordError& error) {
-        throw WrongUsage(fmt::format("That can't be a beat: {}.", error.what()));
+        throw WrongUsage(fmt::format("This is not a valid beat: {}.", error.what()));
     }
     put(session, shelf, beat);
     confirm(session, beat, "Added");
@@ -160,7 +161,7 @@ int removeBeat(Session& session, const BeatOptions& options) {
         session.out().line(boost::json::serialize(recordOf(entry)));
     } else {
         session.advise(
-            fmt::format("Removed {0}. brell beat restore brings it back.", printable(entry.name)));
+            fmt::format("Removed {0}. brell beat restore restores it.", printable(entry.name)));
     }
     return kDone;
 }
@@ -175,7 +176,7 @@ int restoreBeat(Session& session, const BeatOptions& options) {
     if (session.options().json) {
         session.out().line(boost::json::serialize(recordOf(entry)));
     } else {
-        session.out().line(fmt::format("{} is back.", printable(entry.name)));
+        session.out().line(fmt::format("{} was restored.", printable(entry.name)));
     }
     return kDone;
 }

@@ -27,7 +27,7 @@ void addName(arguments::Command& command, Options options) {
 void addLooks(arguments::Command& command, Options options) {
     command.option("--symbol", options->symbol, "The icon's name, such as bolt or globe")
         .shownAs("SYMBOL");
-    command.option("--alerts", options->alerts, "Announce its new stories: on or off")
+    command.option("--alerts", options->alerts, "Notify of its new stories: on or off")
         .shownAs("on|off")
         .oneOf({"on", "off"});
 }
@@ -40,7 +40,7 @@ void addBeatCommand(arguments::Command& app, Command& chosen) {
     beats.whenChosen([&chosen] { chosen = listBeats; });
 
     auto make = addAction(beats, chosen, options, "new", "Follow a topic", newBeat);
-    make.option("NAME", options->name, "What to call it").required();
+    make.option("NAME", options->name, "Its name").required();
     options->query.addTo(make);
     addLooks(make, options);
 
@@ -51,8 +51,7 @@ void addBeatCommand(arguments::Command& app, Command& chosen) {
     options->query.addTo(change);
     addLooks(change, options);
 
-    auto rename =
-        addAction(beats, chosen, options, "rename", "Give a beat another name", changeBeat);
+    auto rename = addAction(beats, chosen, options, "rename", "Rename a beat", changeBeat);
     addName(rename, options);
     rename.option("NEW", options->newName, "Its new name").required();
 
@@ -60,16 +59,16 @@ void addBeatCommand(arguments::Command& app, Command& chosen) {
                           "Show what a beat would have matched lately; change nothing", tryBeat);
     test.option("NAME", options->name, "The beat; without it, say what to follow");
     options->query.addTo(test);
-    test.number("--days", options->days, {1, 36'500}, "Look so many days back");
+    test.number("--days", options->days, {1, 36'500}, "How many days to look back");
 
-    auto move = addAction(beats, chosen, options, "move", "Give a beat another place", moveBeat);
+    auto move = addAction(beats, chosen, options, "move", "Move a beat to another place", moveBeat);
     addName(move, options);
     move.number("PLACE", options->place, {1, 1'000'000}, "1 is the first").required();
 
     auto remove = addAction(beats, chosen, options, "remove", "Remove a beat", removeBeat);
     addName(remove, options);
     auto restore =
-        addAction(beats, chosen, options, "restore", "Bring a removed beat back", restoreBeat);
+        addAction(beats, chosen, options, "restore", "Restore a removed beat", restoreBeat);
     restore.option("NAME", options->name, "The beat; without it, the one removed last");
 }
 

@@ -51,8 +51,8 @@ void addInspectCommand(arguments::Command& app, Command& chosen) {
     auto name = std::make_shared<std::string>();
     auto command = app.subcommand(
         "inspect",
-        "Try the desk's rules on data: a JSON object a line from standard input, an answer a line");
-    command.option("KIND", *name, "Which rule to try").required();
+        "Apply the desk's rules to data: one JSON object per line of input, one answer per line");
+    command.option("KIND", *name, "The rule to apply").required();
     command.footer(kindList());
     command.whenChosen([name, &chosen] {
         const auto all = inspect::kinds();

@@ -80,7 +80,7 @@ void noteCheck(Session& session) {
     try {
         session.store().state().set(app::kLastCheck, session.now());
     } catch (const app::StoreError& error) {
-        fmt::print(stderr, "brell: The check could not be noted. {}\n", error.what());
+        fmt::print(stderr, "brell: The time of the check could not be stored. {}\n", error.what());
     }
 }
 
@@ -128,7 +128,8 @@ int repair(Session& session) {
     session.paths().createFolders();
     const app::LibraryLock lock(library, "brell library repair");
     if (checkedInFull(library).state == LibraryState::sound) {
-        throw WorkFailed("The library " + library.string() + " is sound, so it was left as it is.");
+        throw WorkFailed("The library " + library.string() +
+                         " is sound, so it was left unchanged.");
     }
     const auto done = repaired(session);
     if (session.options().json) {
@@ -136,7 +137,7 @@ int repair(Session& session) {
             boost::json::object{{"setAside", done.setAside.string()}, {"stories", done.stories}}));
         return kDone;
     }
-    session.out().line("The library that was there is now " + done.setAside.string() + ".");
+    session.out().line("The old library is now " + done.setAside.string() + ".");
     session.out().line(fmt::format("The library was repaired. Stories in it: {}.", done.stories));
     return kDone;
 }
@@ -170,11 +171,10 @@ void tell(Session& session, const app::Restoration& done) {
         return;
     }
     for (const auto& file : done.unsound) {
-        session.out().line("The backup " + file.string() +
-                           " is damaged itself and was passed over.");
+        session.out().line("The backup " + file.string() + " is damaged too and was skipped.");
     }
     if (done.setAside) {
-        session.out().line("The library that was there is now " + done.setAside->string() + ".");
+        session.out().line("The old library is now " + done.setAside->string() + ".");
     }
     session.out().line(done.from.empty()
                            ? "The desk begins with an empty library."
@@ -193,8 +193,9 @@ app::Restoration restored(const fs::path& library, const RestoreOptions& options
         return app::restoreLibrary(library, options.file, now);
     } catch (const app::StoreError& error) {
         if (options.file || error.reason() != app::StoreError::Reason::damaged) throw;
-        throw WorkFailed(std::string(error.what()) +
-                         " \"brell library restore --empty\" sets it aside and begins anew.");
+        throw WorkFailed(
+            std::string(error.what()) +
+            " \"brell library restore --empty\" sets it aside and begins an empty one.");
     }
 }
 
@@ -207,7 +208,7 @@ int restore(Session& session, const RestoreOptions& options) {
     if (state == LibraryState::newerVersion && !isWished) throw WorkFailed(newerVersion(library));
     if (state == LibraryState::sound && !isWished) {
         throw WorkFailed("The library " + library.string() +
-                         " is sound, so it was left as it is. Name a backup to go back to it.");
+                         " is sound, so it was left unchanged. Name a backup to go back to it.");
     }
     tell(session, restored(library, options, session.now()));
     return kDone;
@@ -217,10 +218,9 @@ int restore(Session& session, const RestoreOptions& options) {
 
 void addLibraryCommand(arguments::Command& app, Command& chosen) {
     auto command = app.subcommand(
-        "library",
-        "Show where the library is and how it does; check, back up, repair or restore it");
+        "library", "Show the library's place and state; check, back up, repair or restore it");
     command.whenChosen([&chosen] { chosen = showLibrary; });
-    command.subcommand("check", "Read the whole library and tell whether it is sound")
+    command.subcommand("check", "Read the whole library and report whether it is sound")
         .whenChosen([&chosen] { chosen = checkNow; });
     command.subcommand("backup", "Copy the library into its folder of backups")
         .whenChosen([&chosen] { chosen = backUpNow; });
@@ -232,7 +232,8 @@ void addLibraryCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<RestoreOptions>();
     auto restoring = command.subcommand(
         "restore", "Set a damaged library aside and put its last good backup in its place");
-    auto file = restoring.option("FILE", options->file, "This backup, whatever the library");
+    auto file =
+        restoring.option("FILE", options->file, "Restore this backup, even over a sound library");
     restoring.flag("--empty", options->empty, "No backup: begin with an empty library")
         .excludes(file);
     restoring.whenChosen([options, &chosen] {

@@ -51,15 +51,15 @@ int showProgramLog(Session& session, const LogOptions& options) {
 
 void addLogCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<LogOptions>();
-    auto command = app.subcommand("log", "What the program itself has done lately");
+    auto command = app.subcommand("log", "Show what the program has done recently");
     command.flag("--program", options->program, "The program's own log, newest lines last")
         .required();
     command
         .option("--level", options->levels,
-                "Only lines this grave: error, warning, info, debug, or for one category "
+                "Only lines of at least this level: error, warning, info, debug, or by category "
                 "\"off,http=debug\"")
         .checked([](const std::string& text) { return kit::LogLevels::complaint(text); });
-    command.number("--limit", options->limit, {1, 100'000}, "At most so many lines");
+    command.number("--limit", options->limit, {1, 100'000}, "Show at most this many lines");
     command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return showProgramLog(session, *options); };
     });

@@ -35,10 +35,10 @@ constexpr MarkVerb kUnread{
     "unread", "Mark stories as unread", "marked as unread", "unread",
     [](MarkTable& marks, const IDs& ids, kit::Instant) { return marks.markUnread(ids); }};
 constexpr MarkVerb kSave{
-    "save", "Save stories: they stay when others get too old", "saved", "saved",
+    "save", "Save stories: they are kept when others get too old", "saved", "saved",
     [](MarkTable& marks, const IDs& ids, kit::Instant now) { return marks.save(ids, now); }};
 constexpr MarkVerb kUnsave{
-    "unsave", "Save stories no longer", "no longer saved", "not saved",
+    "unsave", "Remove stories from the saved ones", "no longer saved", "not saved",
     [](MarkTable& marks, const IDs& ids, kit::Instant) { return marks.unsave(ids); }};
 
 std::string storyCount(std::size_t count) {
@@ -98,7 +98,7 @@ int markAll(Session& session, const ReadOptions& options) {
     const auto changed = store.marks().markAllRead(selection, session.now());
     tell(session, changed,
          changed == 0 ? "No story was unread."
-                      : fmt::format("{} marked as read. brell read --undo takes that back.",
+                      : fmt::format("{} marked as read. brell read --undo undoes this.",
                                     storyCount(changed)));
     return kDone;
 }
@@ -107,7 +107,7 @@ int undoMarks(Session& session) {
     const auto undone = session.store().marks().undoLastChange();
     const auto changed = undone ? undone->numbers.size() : 0;
     if (changed == 0) {
-        tell(session, 0, "There was nothing to take back.");
+        tell(session, 0, "There was nothing to undo.");
         return kDone;
     }
     const bool isRead = undone->mark == app::Mark::read;
@@ -145,7 +145,7 @@ void addReadCommand(arguments::Command& app, Command& chosen) {
         .shownAs("ID")
         .needs(all);
     command.flag("--undo", options->undo,
-                 "Take back the last change of read or saved marks, made here or in the window");
+                 "Undo the last change of read or saved marks, made here or in the window");
     command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runRead(session, *options); };
     });

@@ -37,7 +37,7 @@ std::vector<PanelKind> kindsNamed(const std::string& list) {
         for (const auto one : offered) {
             known += fmt::format("\n  {:<11} {}", rawValue(one), kindRow(one).description);
         }
-        throw WrongUsage(fmt::format("No panel of the kind {} can be added. There are:{}",
+        throw WrongUsage(fmt::format("No panel of the kind {} can be added. The kinds are:{}",
                                      printable(word), known));
     }
     if (kinds.empty()) throw WrongUsage("Name the kinds of the panels: --panels stream,status");
@@ -51,7 +51,7 @@ kit::StoryQuery givenFocus(Session& session, const QueryOptions& options) {
 }
 
 [[noreturn]] void refuse(const kit::RecordError& error) {
-    throw WrongUsage(fmt::format("That can't be a newsroom: {}.", error.what()));
+    throw WrongUsage(fmt::format("This is not a valid newsroom: {}.", error.what()));
 }
 
 NewsroomShelf shelfToChange(Session& session) {
@@ -84,8 +84,8 @@ int listNewsrooms(Session& session) {
     }
     if (shelf.entries().empty()) {
         session.advise(
-            "No newsrooms. brell newsroom new NAME --panels KINDS makes one, brell newsroom "
-            "restore brings a removed one back.");
+            "No newsrooms. brell newsroom new NAME --panels KINDS creates one; brell newsroom "
+            "restore restores a removed one.");
         return kDone;
     }
     TextTable table({Column::whole("newsroom"), Column::whole("panels").dropped(1),
@@ -181,7 +181,7 @@ int removeNewsroom(Session& session, const NewsroomOptions& options) {
     const auto entry = named(shelf.entries(), options.name, kNewsroom);
     write(session, session.store().newsrooms(), *shelf.remove(entry.id));
     tell(session, entry,
-         fmt::format("Removed {}. brell newsroom restore brings it back.", printable(entry.name)));
+         fmt::format("Removed {}. brell newsroom restore restores it.", printable(entry.name)));
     return kDone;
 }
 
@@ -192,7 +192,7 @@ int restoreNewsroom(Session& session, const NewsroomOptions& options) {
         restored(session, session.store().newsrooms(), shelf,
                  options.name.empty() ? shelf.removed().front()
                                       : lastRemoved(shelf.removed(), options.name, kNewsroom));
-    tell(session, entry, fmt::format("{} is back.", printable(entry.name)));
+    tell(session, entry, fmt::format("{} was restored.", printable(entry.name)));
     return kDone;
 }
 

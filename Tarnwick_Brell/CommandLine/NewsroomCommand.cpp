@@ -36,8 +36,8 @@ void addSymbol(arguments::Command& command, Options options) {
 
 void addMaking(arguments::Command& newsrooms, Command& chosen, Options options) {
     auto make = addAction(newsrooms, chosen, options, "new",
-                          "Make a newsroom of panels, laid out on the grid", newNewsroom);
-    make.option("NAME", options->name, "What to call it").required();
+                          "Create a newsroom of panels, laid out on the grid", newNewsroom);
+    make.option("NAME", options->name, "Its name").required();
     make.option("--panels", options->panels,
                 "Kinds of panels, separated by commas, such as stream,status,stock")
         .shownAs("KINDS")
@@ -53,21 +53,21 @@ void addMaking(arguments::Command& newsrooms, Command& chosen, Options options) 
     options->focus.addTo(change);
     addSymbol(change, options);
 
-    auto rename = addNamedAction(newsrooms, chosen, options, "rename",
-                                 "Give a newsroom another name", changeNewsroom);
+    auto rename =
+        addNamedAction(newsrooms, chosen, options, "rename", "Rename a newsroom", changeNewsroom);
     rename.option("NEW", options->newName, "Its new name").required();
 
-    auto duplicate = addNamedAction(newsrooms, chosen, options, "duplicate",
-                                    "Make another newsroom like one", duplicateNewsroom);
-    duplicate.option("NEW", options->newName, "What to call the other one");
+    auto duplicate = addNamedAction(newsrooms, chosen, options, "duplicate", "Copy a newsroom",
+                                    duplicateNewsroom);
+    duplicate.option("NEW", options->newName, "The copy's name");
 }
 
 void addShelving(arguments::Command& newsrooms, Command& chosen, Options options) {
-    auto move = addNamedAction(newsrooms, chosen, options, "move", "Give a newsroom another place",
-                               moveNewsroom);
+    auto move = addNamedAction(newsrooms, chosen, options, "move",
+                               "Move a newsroom to another place", moveNewsroom);
     move.number("PLACE", options->place, {1, 1'000'000}, "1 is the first").required();
     addNamedAction(newsrooms, chosen, options, "remove", "Remove a newsroom", removeNewsroom);
-    auto restore = addAction(newsrooms, chosen, options, "restore", "Bring a removed newsroom back",
+    auto restore = addAction(newsrooms, chosen, options, "restore", "Restore a removed newsroom",
                              restoreNewsroom);
     restore.option("NAME", options->name, "The newsroom; without it, the one removed last");
 }
@@ -78,7 +78,7 @@ void addExchange(arguments::Command& newsrooms, Command& chosen, Options options
     auto import = addAction(newsrooms, chosen, options, "import",
                             "Add a newsroom from a file that was exported", importNewsroom);
     import.option("FILE", options->file, "The file; - reads the standard input").required();
-    import.flag("--preview", options->preview, "Show what would come of it, add nothing");
+    import.flag("--preview", options->preview, "Show the result without adding anything");
 }
 
 }  // namespace

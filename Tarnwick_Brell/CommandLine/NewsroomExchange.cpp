@@ -63,7 +63,7 @@ int importNewsroom(Session& session, const NewsroomOptions& options) {
         spec = app::takenIn(bytes, shelf);
     } catch (const kit::RecordError& error) {
         throw WorkFailed(
-            fmt::format("That is no newsroom that can be taken in: {}.", printable(error.what())));
+            fmt::format("This newsroom can't be imported: {}.", printable(error.what())));
     }
     if (!options.preview) write(session, store.newsrooms(), shelf.put(spec));
     if (session.options().json) {

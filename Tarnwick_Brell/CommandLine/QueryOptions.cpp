@@ -46,7 +46,7 @@ namespace {
 void requireWords(const std::vector<std::string>& terms) {
     for (const auto& term : terms) {
         if (kit::PhraseMatcher(term).phrase.empty())
-            throw WrongUsage("There is nothing to look for in \"" + printable(term) + "\".");
+            throw WrongUsage("There is no word to search for in \"" + printable(term) + "\".");
     }
 }
 

@@ -44,8 +44,8 @@ const app::RecordEntry<T>& named(const std::vector<app::RecordEntry<T>>& entries
     }
     std::string ids;
     for (const auto* entry : meant) ids += "\n  " + printable(entry->id);
-    throw WrongUsage(fmt::format("More than one {} is named {}. Name it by its id:{}", what,
-                                 printable(words), ids));
+    throw WrongUsage(
+        fmt::format("More than one {} is named {}. Use its id:{}", what, printable(words), ids));
 }
 
 /// The same among removed entries; of several the last removed one counts.
@@ -61,7 +61,7 @@ const app::RecordEntry<T>& lastRemoved(const std::vector<app::RecordEntry<T>>& r
 template <class T>
 const T& readable(const app::RecordEntry<T>& entry, std::string_view what) {
     if (entry.value) return *entry.value;
-    throw WorkFailed(fmt::format("The {} {} can't be read ({}). It is kept as it is.", what,
+    throw WorkFailed(fmt::format("The {} {} can't be read ({}). It is kept unchanged.", what,
                                  printable(entry.name), printable(entry.fault)));
 }
 
@@ -88,7 +88,7 @@ inline void requireSymbol(const std::string& symbol) {
     std::string known;
     for (const auto name : kit::NewsroomSymbols::all) known += "\n  " + std::string(name);
     throw WrongUsage(
-        fmt::format("There is no symbol named {}. There are:{}", printable(symbol), known));
+        fmt::format("There is no symbol named {}. The symbols are:{}", printable(symbol), known));
 }
 
 inline std::string trimmed(std::string_view name) {

@@ -77,7 +77,7 @@ int runRefresh(Session& session, const RefreshOptions& options) {
     if (failed > 0 && static_cast<std::size_t>(failed) == outcomes.size()) {
         session.out().flush();
         throw WorkFailed(report.offline ? "No server can be reached: this computer seems to be "
-                                          "offline. No source is blamed for it."
+                                          "offline. No source is marked as failing."
                          : failed == 1  ? "The source could not be refreshed."
                                         : "No source could be refreshed.");
     }
@@ -89,10 +89,10 @@ int runRefresh(Session& session, const RefreshOptions& options) {
 void addRefreshCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<RefreshOptions>();
     auto command =
-        app.subcommand("refresh", "Fetch the enabled sources once and keep their stories");
+        app.subcommand("refresh", "Fetch the enabled sources once and store their stories");
     command
         .option("--source", options->sources,
-                "Only this source, even if it is off; may be repeated")
+                "Only this source, even if it is disabled; may be repeated")
         .shownAs("ID");
     auto conditional = command.flag("--conditional", options->conditional,
                                     "Ask only for what is new (the default)");

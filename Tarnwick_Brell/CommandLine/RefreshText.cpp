@@ -45,7 +45,7 @@ std::string outcomeText(const SourceOutcome& outcome) {
         case SourceOutcome::Kind::failed: return "failed: " + printable(outcome.error.value_or(""));
         case SourceOutcome::Kind::notDue: {
             const auto pause = std::chrono::duration<double>(outcome.source.minimumInterval);
-            return fmt::format("not asked: at most every {:.0f} min", pause.count() / 60);
+            return fmt::format("not fetched: at most every {:.0f} min", pause.count() / 60);
         }
         case SourceOutcome::Kind::paused:
             return "not asked: its server wants to be left alone until " +

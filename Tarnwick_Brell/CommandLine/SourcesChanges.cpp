@@ -82,7 +82,7 @@ int removeSources(Session& session, const std::vector<std::string>& ids) {
     }
     for (const auto& source : removed) {
         session.out().line(
-            fmt::format("Removed {}. What it brought stays in the wire.", printable(source.name)));
+            fmt::format("Removed {}. Its stories stay in the wire.", printable(source.name)));
     }
     return kDone;
 }

@@ -36,7 +36,7 @@ void setAction(arguments::Command& command, Command& chosen, Options options, Ac
 }
 
 void addAdding(arguments::Command& sources, Command& chosen, Options options) {
-    auto check = sources.subcommand("check", "Show what an address would bring, add nothing");
+    auto check = sources.subcommand("check", "Show what an address leads to without adding it");
     check.option("ADDRESS", options->address, "Feed, website, @handle or YouTube channel")
         .required();
     setAction(check, chosen, options, [](Session& session, const SourcesOptions& o) {
@@ -59,15 +59,15 @@ void addChanges(arguments::Command& sources, Command& chosen, Options options) {
     for (const bool enabled : {true, false}) {
         auto change = sources.subcommand(
             enabled ? "enable" : "disable",
-            enabled ? "Fetch these sources from now on" : "Leave these sources out");
+            enabled ? "Fetch these sources from now on" : "Stop fetching these sources");
         change.option("ID", options->ids, kIDMeaning).required();
         setAction(change, chosen, options, [enabled](Session& session, const SourcesOptions& o) {
             return switchSources(session, o.ids, enabled);
         });
     }
-    auto rename = sources.subcommand("rename", "Give a source that you added another name");
+    auto rename = sources.subcommand("rename", "Rename a source that you added");
     rename.option("ID", options->id, kIDMeaning).required();
-    rename.option("NAME", options->name, "Its new name; stories take it with the next fetch")
+    rename.option("NAME", options->name, "Its new name; stories get it with the next fetch")
         .required();
     setAction(rename, chosen, options, [](Session& session, const SourcesOptions& o) {
         return renameSource(session, o.id, o.name);
@@ -82,7 +82,7 @@ void addChanges(arguments::Command& sources, Command& chosen, Options options) {
 void addExchange(arguments::Command& sources, Command& chosen, Options options) {
     auto import = sources.subcommand("import", "Add the feeds of another reader's list (OPML)");
     import.option("FILE", options->file, "The list; - reads the standard input").required();
-    import.flag("--preview", options->preview, "Show what would come of it, add nothing");
+    import.flag("--preview", options->preview, "Show the result without adding anything");
     setAction(import, chosen, options, [](Session& session, const SourcesOptions& o) {
         return importSources(session, o.file, o.preview);
     });
@@ -103,7 +103,7 @@ void addSourcesCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<SourcesOptions>();
     auto command = app.subcommand("sources", "List the sources, or change them");
     command.flag("--status", options->status,
-                 "Show how fetching goes: when, how fast, how much, and when next");
+                 "Show fetch statistics: when, how fast, how much, and when next");
     command.whenChosen(
         [&chosen, options] { chosen = options->status ? showSourceConsole : listSources; });
     addAdding(command, chosen, options);

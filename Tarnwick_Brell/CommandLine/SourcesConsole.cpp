@@ -86,7 +86,7 @@ void addNotes(TextTable& table, const ConsoleRow& row) {
             fmt::format("Its server wants to be left alone until {}.", momentText(*pausedUntil)));
     }
     if (health.movedTo) {
-        table.addNote(fmt::format("Its feed has moved for good to {}",
+        table.addNote(fmt::format("Its feed has moved permanently to {}",
                                   printable(kit::maskedSecrets(*health.movedTo))));
     }
     if (health.collapsed > 0) {

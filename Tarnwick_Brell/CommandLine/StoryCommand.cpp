@@ -52,7 +52,7 @@ std::string arrivalNote(app::Arrival arrival) {
     switch (arrival) {
         case app::Arrival::fresh: return "";
         case app::Arrival::seeded: return " (with the first fetch of its source)";
-        case app::Arrival::bulk: return " (in a crowd, as when an archive is published anew)";
+        case app::Arrival::bulk: return " (with many others, as when an archive is republished)";
         case app::Arrival::late: return " (more than three days after it was published)";
     }
     return "";

@@ -267,15 +267,16 @@ int runWatch(Session& session, const WatchOptions& options) {
 void addWatchCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<WatchOptions>();
     auto command = app.subcommand(
-        "watch", "Stay, refresh on the timer, and print new stories and other events as they come");
+        "watch", "Keep running, refresh on the timer, and print new stories and other events");
     options->query.addTo(command);
     command.flag("--live", options->live, "Refresh every minute for the first two hours");
     command.footer(
-        "Stories of a source's first fetch are taken in without being printed; brell wire lists "
-        "them. Troubles of Apple's services, their ends and new releases are printed too, and "
-        "shown as notifications where the desktop takes them; so are changes of firmware signing "
+        "Stories of a source's first fetch are stored without being printed; brell wire lists "
+        "them. Problems of Apple's services, their ends and new releases are printed too, and "
+        "shown as notifications where the desktop supports them; so are changes of firmware "
+        "signing "
         "and of the update catalogue, as notifications only for panels with alerts. With --json "
-        "each story is a line of its own, "
+        "each story is one line "
         "and each other event one with the key \"event\". Ctrl-C ends it.");
     command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runWatch(session, *options); };

@@ -24,7 +24,7 @@ kit::Instant parseWhen(std::string_view text, kit::Instant now) {
     if (const auto instant = kit::parseISO8601(instantText)) return *instant;
     throw WrongUsage(
         "\"" + std::string(text) +
-        "\" is no time: write 30min, 6h, 2d or 1w for a time ago, a day as 2026-11-02, or "
+        "\" is not a time: write 30min, 6h, 2d or 1w for a time ago, a day as 2026-11-02, or "
         "2026-11-02T08:30:00Z.");
 }
 

@@ -115,8 +115,8 @@ int runWire(Session& session, const WireOptions& options) {
 void addWireCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<WireOptions>();
     auto command = app.subcommand("wire", "List stories of the wire, newest first");
-    auto limit =
-        command.number("--limit", options->limit, {0, 1'000'000'000}, "At most so many stories");
+    auto limit = command.number("--limit", options->limit, {0, 1'000'000'000},
+                                "Show at most this many stories");
     options->query.addTo(command);
     command.option("--beat", options->beat, "Only stories of this beat, by name or id")
         .shownAs("NAME");
@@ -137,7 +137,8 @@ void addWireCommand(arguments::Command& app, Command& chosen) {
         .excludes(count);
     command.footer(
         "Each line: the beginning of the story's id, • when it is unread, ★ when it is saved, its "
-        "age, outlet, labels and headline. A terminal of less than 100 columns has no room for the "
+        "age, outlet, labels and headline. A terminal of fewer than 100 columns has no room for "
+        "the "
         "labels, and headlines are cut; in a file or pipe nothing is. Where the terminal has "
         "links, "
         "headlines are links; NO_COLOR and TERM=dumb turn them off.");

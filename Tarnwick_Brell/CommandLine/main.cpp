@@ -83,7 +83,8 @@ int attempt(const Command& command, const GlobalOptions& options) {
     } catch (const std::bad_alloc&) {
         return fail(kWorkFailed, "There is not enough memory.");
     } catch (const std::logic_error&) {
-        return fail(kWorkFailed, "brell has met a fault of its own. Please report what you did.");
+        return fail(kWorkFailed,
+                    "brell has failed because of an internal error. Please report what you did.");
     } catch (const std::exception& error) {
         return fail(kWorkFailed, error.what());
     }
@@ -148,7 +149,7 @@ int main(int argc, char** argv) {
     addInspectCommand(app, chosen);
     app.footer(
         "Every subcommand has a --help of its own.\n\nExit status: 0 done, 1 the work failed, 2 "
-        "wrong usage, which a story, source, beat or newsroom that is not there is too.");
+        "wrong usage, including a story, source, beat or newsroom that doesn't exist.");
 
     try {
         const auto text = parser.parse(argc, argv, helpWidth());

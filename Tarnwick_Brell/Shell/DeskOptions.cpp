@@ -15,7 +15,7 @@ std::string hostAndPort(const std::string& text) {
     const bool digits = !port.empty() && port.size() <= 5 &&
                         port.find_first_not_of("0123456789") == std::string::npos;
     const bool good = digits && std::stoi(port) >= 1 && std::stoi(port) <= 65535;
-    return good ? "" : "\"" + text + "\" is no HOST:PORT";
+    return good ? "" : "\"" + text + "\" is not HOST:PORT";
 }
 
 }  // namespace

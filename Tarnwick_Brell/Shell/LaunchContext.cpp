@@ -42,11 +42,11 @@ void requireFolder(const std::filesystem::path& folder) {
     using std::filesystem::file_type;
     if (type == file_type::directory || type == file_type::not_found) return;
     const auto reason = error == std::errc::too_many_symbolic_link_levels
-                            ? std::string("its symbolic links lead in a circle")
+                            ? std::string("its symbolic links form a loop")
                         : error ? error.message()
                                 : "it is " + kindOf(type) + ", not a folder";
     throw StoreError(StoreError::Reason::unreadable,
-                     "The desk's data can't be kept in " + folder.string() + ": " + reason + ".");
+                     "The desk's data can't be stored in " + folder.string() + ": " + reason + ".");
 }
 
 bool isReadable(const std::filesystem::path& file) {
@@ -60,7 +60,8 @@ LaunchContext::LaunchContext(DeskOptions options, kit::Instant now)
     : options_(std::move(options)), now_(now), paths_(Paths::forUser(dataDir(options_))) {
     if (options_.demo && (options_.connectTo || options_.caFile)) {
         throw OptionsClash(
-            "--demo brings its own press room, so --connect-to and --ca-file can't go with it.");
+            "--demo uses its own press room, so --connect-to and --ca-file can't be given with "
+            "it.");
     }
     requireFolder(paths_.library.parent_path());
 }

@@ -49,7 +49,7 @@ class Archive(unittest.TestCase):
         for item in following["items"]:
             self.assertIn(item["url"], text)
         beyond = self.desk.run("archive", "stories", *self.period(24), "--offset", 5000).stdout
-        self.assertIn(f"{page['total']} stories of this period, none of them at 5000.", beyond)
+        self.assertIn(f"{page['total']} stories for this period, none after the first 5000.", beyond)
         self.assertIn("no story", self.desk.run("archive", "stories", "--after", "1990-01-01", "--before", "1990-01-02").stdout)
 
     def test_the_status_says_who_has_stories_waiting(self):
@@ -157,7 +157,7 @@ class Archive(unittest.TestCase):
                 (["archive"], 2, "subcommand is missing"),
                 (["archive", "credits"], 2, "URL is missing"),
                 (["archive", "stories", "--after", "2d"], 2, "--before is missing"),
-                (["archive", "stories", "--after", "1d", "--before", "2d"], 2, "ends before it has begun"),
+                (["archive", "stories", "--after", "1d", "--before", "2d"], 2, "ends before it begins"),
                 (["archive", "stories", "--after", "2d", "--before", "1d", "--offset", "-1"], 2, "--offset")):
             self.assertIn(sentence, self.desk.run(*words, status=status).stderr, words)
 

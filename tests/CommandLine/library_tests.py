@@ -152,7 +152,7 @@ class SafetyOfTheLibrary(unittest.TestCase):
         connection.close()
         before = self.library.read_bytes()
         for words in (["library"], ["library", "check"], ["library", "restore"], ["library", "restore", "/dev/null"]):
-            self.assertRegex(self.desk.run(*words, status=1).stderr, "newer version|no sound library")
+            self.assertRegex(self.desk.run(*words, status=1).stderr, "newer version|not a sound library")
         self.assertEqual(self.library.read_bytes(), before)
         self.assertIn("library.replaced-", self.desk.json("library", "restore", backup)["setAside"])
         self.assertGreater(len(self.wire()), 3)

@@ -53,7 +53,7 @@ class NewsroomsAndBeats(unittest.TestCase):
         self.desk.run("newsroom", "remove", "Today")
         self.desk.run("newsroom", "remove", "Silicon")
         self.assertEqual(self.names(), ["Silicon 2"])
-        self.assertIn("Silicon is back", self.desk.run("newsroom", "restore").stdout)
+        self.assertIn("Silicon was restored", self.desk.run("newsroom", "restore").stdout)
         self.desk.run("newsroom", "restore", "today")
         self.assertEqual(self.names(), ["Silicon 2", "Today", "Silicon"])
 
@@ -71,7 +71,7 @@ class NewsroomsAndBeats(unittest.TestCase):
                 (["new", "X", "--panels", "stream", "--symbol", "star"], "square.grid.2x2"),
                 (["new", b"caf\xe9", "--panels", "stream"], "not UTF-8"),
                 (["new", "\u200b", "--panels", "stream"], "name: it is empty"),
-                (["new", "X", "--panels", "stream", "--any", "\u2014"], "nothing to look for"),
+                (["new", "X", "--panels", "stream", "--any", "\u2014"], "no word to search for"),
                 (["duplicate", "Chips", "a\x1bb"], "cannot be shown"),
                 (["rename", "Chips", "today"], "There is a newsroom named today already"),
                 (["change", "Chips"], "Say what to change"),
@@ -112,7 +112,7 @@ class NewsroomsAndBeats(unittest.TestCase):
         self.assertIn("unreadable", listed)
         self.assertIn('panels[0].kind: unknown value "teapot"', listed)
         self.assertIn("unreadable", self.desk.json("newsroom")[1])
-        self.assertIn("kept as it is", self.desk.run("newsroom", "show", "Chips", status=1).stderr)
+        self.assertIn("kept unchanged", self.desk.run("newsroom", "show", "Chips", status=1).stderr)
         self.assertIn('"teapot"', self.desk.run("newsroom", "export", "Chips").stdout)
         self.desk.run("newsroom", "move", "Chips", 1)
         self.desk.run("newsroom", "remove", "Chips")
@@ -191,7 +191,7 @@ class NewsroomsAndBeats(unittest.TestCase):
         self.assertTrue(self.desk.json("beat")[1]["alerts"])
         self.desk.run("beat", "remove", "Deals")
         self.desk.run("beat", "new", " deals ", "--any", "case")
-        self.assertIn("Deals 2 is back", self.desk.run("beat", "restore").stdout)
+        self.assertIn("Deals 2 was restored", self.desk.run("beat", "restore").stdout)
         for words, told in [(["new", "Empty"], "Say which stories"),
                             (["test"], "Say which stories"),
                             (["test", "Deals", "--any", "x"], "not both"),

@@ -87,7 +87,7 @@ class ReadingTheWire(unittest.TestCase):
                       self.desk.run("read", "--all", "--source", "macrumors").stdout)
         self.assertIn("stories are unread again.", self.desk.run("read", "--undo").stdout)
         self.assertEqual(self.ids("--unread"), [id for id in self.wire if id != by_source[0]])
-        self.assertEqual(self.desk.run("read", "--undo").stdout, "There was nothing to take back.\n")
+        self.assertEqual(self.desk.run("read", "--undo").stdout, "There was nothing to undo.\n")
         self.desk.run("save", by_source[0])
         self.assertEqual(self.desk.run("read", "--undo").stdout, "1 story is no longer saved.\n")
 
@@ -103,7 +103,7 @@ class ReadingTheWire(unittest.TestCase):
             ("read", "abc", "--all"): "either --all or --undo",
             ("read", "--all", "--undo"): "either --all or --undo",
             ("read", "abc", "--before", "6h"): "--all",
-            ("read", "--all", "--before", "soon"): "is no time",
+            ("read", "--all", "--before", "soon"): "is not a time",
             ("read", "--all", "--source", "nobody"): "no source with the id nobody",
             ("save",): "ID",
         }.items():

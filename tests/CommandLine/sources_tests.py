@@ -141,7 +141,7 @@ class Sources(unittest.TestCase):
         many = "".join(f"<outline text='a' xmlUrl='https://a.example/{i}'/>" for i in range(5001))
         for content, reason in {
             b"<html><body>Log in</body></html>": "no list of feeds",
-            b"<opml><body><outline text='x'": "damaged or cut off",
+            b"<opml><body><outline text='x'": "damaged or incomplete",
             f"<opml><body>{many}</body></opml>".encode(): "more than 5,000 entries",
             b" " * 5_000_001: "larger than 5 MB",
         }.items():

@@ -32,10 +32,10 @@ class Usage(unittest.TestCase):
             ("wire", "more"): "\"more\" is one word too many",
             ("sources", "frob"): "no subcommand brell sources frob",
             ("beat", "change", "x", "--alerts", "loud"): "--alerts must be on or off",
-            ("wire", "--since", "yesterday"): "is no time",
+            ("wire", "--since", "yesterday"): "is not a time",
             ("wire", "--source", "nobody"): "no source with the id nobody",
-            ("wire", "--connect-to", ""): "no HOST:PORT",
-            ("wire", "--connect-to", "127.0.0.1:99999"): "no HOST:PORT",
+            ("wire", "--connect-to", ""): "not HOST:PORT",
+            ("wire", "--connect-to", "127.0.0.1:99999"): "not HOST:PORT",
             ("wire", "--sourcing", "gossip"): "no sourcing named gossip",
             ("wire", "--demo", "--ca-file", "/x"): "--demo",
             ("refresh", "--source", "nobody"): "no source with the id nobody",
@@ -105,7 +105,7 @@ class Usage(unittest.TestCase):
         os.symlink("loop", folder / "loop")
         (folder / "file").write_text("")
         for place, reason in (("/dev/null", "it is a device"), (folder / "pipe", "it is a pipe"),
-                              (folder / "loop", "lead in a circle"), (folder / "file", "it is a file")):
+                              (folder / "loop", "form a loop"), (folder / "file", "it is a file")):
             for words in (["wire"], ["settings"], ["settings", "refreshMinutes", "7"]):
                 result = subprocess.run([BIN / "brell", "--data-dir", place, *words], capture_output=True, text=True,
                                         timeout=20)
@@ -151,8 +151,8 @@ class Usage(unittest.TestCase):
             self.assertNotIn(secret, json.dumps(lines) + failed.stderr)
         self.assertEqual(self.desk.json("log", "--program", "--level", "off"), [])
         for words, reason in {("log",): "--program is missing",
-                              ("log", "--program", "--level", "loud"): "\"loud\" is no level of the log",
-                              ("wire", "--log", "web=info"): "\"web\" is no category of the log",
+                              ("log", "--program", "--level", "loud"): "\"loud\" is not a log level",
+                              ("wire", "--log", "web=info"): "\"web\" is not a log category",
                               ("settings", "logLevels", "loud"): "not a level"}.items():
             with self.subTest(words):
                 self.assertIn(reason, self.desk.run(*words, status=2).stderr)
