@@ -29,7 +29,7 @@ std::string description(const HTTPClientError& error) {
         case HTTPClientError::Kind::tooLarge:
             return "The response was larger than the safety limit.";
         case HTTPClientError::Kind::empty: return "The server sent nothing.";
-        case HTTPClientError::Kind::notHTTP: return "The server didn't answer as a web server.";
+        case HTTPClientError::Kind::notHTTP: return "The server didn't answer with HTTP.";
     }
     std::abort();
 }
@@ -43,7 +43,8 @@ std::string_view description(URLError error) {
         case URLError::cannotConnectToHost: return "The server can't be reached.";
         case URLError::notConnectedToInternet: return "This computer is offline.";
         case URLError::networkConnectionLost: return "The connection was lost.";
-        case URLError::secureConnectionFailed: return "A secure connection couldn't be made.";
+        case URLError::secureConnectionFailed:
+            return "A secure connection couldn't be established.";
         case URLError::serverCertificateHasBadDate:
             return "The server's certificate has expired. Is this computer's clock right?";
         case URLError::serverCertificateNotYetValid:
@@ -53,7 +54,7 @@ std::string_view description(URLError error) {
         case URLError::redirectToPrivateAddress:
             return "The server redirected to a private network address.";
         case URLError::cannotDecodeContent: return "The server's answer can't be decoded.";
-        case URLError::badServerResponse: return "The server's answer makes no sense.";
+        case URLError::badServerResponse: return "The server's answer is invalid.";
         case URLError::cancelled: return "Cancelled";
     }
     std::abort();

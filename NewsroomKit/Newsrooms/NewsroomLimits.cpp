@@ -32,7 +32,7 @@ void requireText(const std::string& path, std::string_view text, std::size_t mos
         at += decoded.length;
         const bool lineBreak = decoded.value == U'\n' && lines == Lines::many;
         if ((isControl(decoded.value) && !lineBreak) || turnsDirection(decoded.value))
-            throw RecordError(path, "the text holds characters that cannot be shown");
+            throw RecordError(path, "the text contains characters that cannot be shown");
     }
 }
 

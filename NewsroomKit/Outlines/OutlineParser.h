@@ -17,8 +17,8 @@ enum class OutlineError { notOutlines, malformed, tooLarge, tooMany };
 
 template <>
 inline constexpr std::array<EnumRow<OutlineError>, 4> enumTable<OutlineError>{{
-    {OutlineError::notOutlines, "notOutlines", "The file is no list of feeds (OPML)."},
-    {OutlineError::malformed, "malformed", "The list of feeds is damaged or cut off."},
+    {OutlineError::notOutlines, "notOutlines", "The file is not a list of feeds (OPML)."},
+    {OutlineError::malformed, "malformed", "The list of feeds is damaged or incomplete."},
     {OutlineError::tooLarge, "tooLarge", "The file is larger than 5 MB."},
     {OutlineError::tooMany, "tooMany", "The list has more than 5,000 entries."},
 }};

@@ -27,7 +27,7 @@ inline constexpr std::array<EnumRow<OutlineRefusal>, 6> enumTable<OutlineRefusal
     {OutlineRefusal::command, "command", "a command, not an address"},
     {OutlineRefusal::listed, "listed", "twice in the file"},
     {OutlineRefusal::notAFeed, "notAFeed", "a link, not a feed"},
-    {OutlineRefusal::tooDeep, "tooDeep", "nested too deep"},
+    {OutlineRefusal::tooDeep, "tooDeep", "nested too deeply"},
 }};
 
 struct SkippedOutline {

@@ -116,7 +116,7 @@ void Alerts::signing(const std::vector<kit::SigningNews>& news) {
     }
     postEachOrAll(std::move(notifications),
                   {.identifier = "signing",
-                   .title = fmt::format("{} changes of firmware signing", news.size()),
+                   .title = fmt::format("{} firmware signing changes", news.size()),
                    .target = trackerPage("signing")});
 }
 
@@ -133,7 +133,7 @@ void Alerts::updates(const std::vector<kit::OfferChange>& changes) {
     }
     postEachOrAll(std::move(notifications),
                   {.identifier = "updates",
-                   .title = fmt::format("{} changes of the update catalogue", changes.size()),
+                   .title = fmt::format("{} update catalogue changes", changes.size()),
                    .target = trackerPage("updates")});
 }
 

@@ -74,8 +74,8 @@ StoreError errorFor(int code, const std::filesystem::path& file, int systemError
                         " is damaged or is not a library. \"brell library restore\" puts its "
                         "last good backup in its place."};
         default:
-            return {Reason::other, library + " could not do what was asked (SQLite's error " +
-                                       std::to_string(code) + ")."};
+            return {Reason::other,
+                    library + " reported SQLite's error " + std::to_string(code) + ")."};
     }
 }
 

@@ -30,9 +30,9 @@ FileLock keepLibraryAlone(const fs::path& library) {
         if (lock) return *std::move(lock);
         std::this_thread::sleep_for(pause);
     }
-    throw StoreError(StoreError::Reason::busy, "Another program is at work in the library " +
+    throw StoreError(StoreError::Reason::busy, "Another program is writing to the library " +
                                                    library.string() +
-                                                   ". Try again when it has ended.");
+                                                   ". Try again when it has finished.");
 }
 
 }  // namespace app

@@ -99,7 +99,7 @@ void copyFirstSound(const std::vector<fs::path>& candidates, const fs::path& cop
     }
     throw StoreError(StoreError::Reason::damaged,
                      candidates.size() == 1
-                         ? candidates.front().string() + " is no sound library of this desk."
+                         ? candidates.front().string() + " is not a sound library of this desk."
                          : "There is no sound backup of the library.");
 }
 

@@ -79,7 +79,7 @@ TEST(EndlessAnswers, CannotComeAsFramesOfHTTP2WhichIsNotSpoken) {
     RawTLSServer server({.protocol = "h2", .endless = "never sent"});
     Client client({server.authorityPEM()});
     const auto done = exchange(*client.http, server.url());
-    EXPECT_EQ(outcomeText(done.result), "A secure connection couldn't be made.");
+    EXPECT_EQ(outcomeText(done.result), "A secure connection couldn't be established.");
 }
 
 TEST(EndlessAnswers, HeadersOfAllRedirectsCountTogether) {

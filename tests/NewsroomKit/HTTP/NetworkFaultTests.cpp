@@ -69,19 +69,19 @@ TEST(NetworkFaults, eachHasASentenceForTheUser) {
          "The connection was lost."},
         {"a body without a head",
          {.delivery = {.rawBytes = "<rss/>"}},
-         "The server didn't answer as a web server."},
+         "The server didn't answer with HTTP."},
         {"another protocol",
          {.delivery = {.rawBytes = "SSH-2.0-OpenSSH_9.2\r\n"}},
-         "The server didn't answer as a web server."},
+         "The server didn't answer with HTTP."},
         {"an unknown version",
          {.delivery = {.rawBytes = "HTTP/9.9 200 OK\r\n\r\nnews"}},
-         "The server didn't answer as a web server."},
+         "The server didn't answer with HTTP."},
         {"damaged gzip",
          {.headers = {{"Content-Encoding", "gzip"}}, .body = "this is not gzip at all"},
          "The server's answer can't be decoded."},
         {"length that is no number",
          {.delivery = {.rawBytes = "HTTP/1.1 200 OK\r\nContent-Length: lots\r\n\r\nnews"}},
-         "The server's answer makes no sense."},
+         "The server's answer is invalid."},
     };
     TestServer bench;
     for (const auto& [name, response, outcome] : cases) {

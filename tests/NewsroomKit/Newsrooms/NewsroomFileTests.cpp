@@ -45,7 +45,7 @@ TEST(ANewsroomFile, IsRefusedWithTheReason) {
         {file([](auto& spec) { spec["version"] = 2; }),
          "version: the newsroom was made by a newer"},
         {file([](auto& spec) { spec["name"] = "  "; }), "name: it is empty"},
-        {file([](auto& spec) { spec["name"] = "a\u202Eb"; }), "name: the text holds characters"},
+        {file([](auto& spec) { spec["name"] = "a\u202Eb"; }), "name: the text contains characters"},
         {file([](auto& spec) { spec["name"] = std::string(201, 'x'); }),
          "name: the text is longer"},
         {file([&](auto& spec) { panel(spec)["kind"] = "teapot"; }),

@@ -146,7 +146,7 @@ TEST_F(AlertsTest, APanelThatAsksIsToldWhateverTheSettingsSay) {
                             .body = now,
                             .target = updates},
                            {.identifier = "updates",
-                            .title = "4 changes of the update catalogue",
+                            .title = "4 update catalogue changes",
                             .body = now + "\n" + now + "\n" + now + "\nand 1 more",
                             .target = updates}}));
 }
