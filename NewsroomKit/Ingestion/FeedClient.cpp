@@ -202,7 +202,7 @@ asio::awaitable<void> FeedClient::work(Pass& pass) {
     co_await asio::this_coro::throw_if_cancelled(false);
     const auto cancellation = co_await asio::this_coro::cancellation_state;
     while (cancellation.cancelled() == asio::cancellation_type::none && !pass.queue.isEmpty()) {
-        const auto source = pass.queue.take();
+        const auto source = pass.queue.next();
         if (!source) {
             co_await pass.roomMade.async_wait(asio::as_tuple(asio::use_awaitable));
             continue;

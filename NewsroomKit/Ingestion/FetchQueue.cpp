@@ -22,7 +22,7 @@ FetchQueue::FetchQueue(std::vector<NewsSource> sources, Limits limits) : limits_
     }
 }
 
-std::optional<NewsSource> FetchQueue::take() {
+std::optional<NewsSource> FetchQueue::next() {
     const auto next = std::find_if(waiting_.begin(), waiting_.end(),
                                    [&](const Waiting& entry) { return hasRoom(entry.host); });
     if (next == waiting_.end()) return std::nullopt;

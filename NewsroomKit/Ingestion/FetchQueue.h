@@ -24,7 +24,7 @@ public:
 
     /// The next source whose host has a free slot; it is in flight until `finished`. Nothing when
     /// no source is left or all remaining ones wait for their host.
-    std::optional<NewsSource> take();
+    std::optional<NewsSource> next();
 
     void finished(const NewsSource& source);
 

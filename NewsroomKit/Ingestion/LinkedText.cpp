@@ -128,7 +128,7 @@ public:
     bool next() {
         skip([](char c) { return isSpace(c) || c == '/'; });
         if (rest_.empty()) return false;
-        name_ = take([](char c) { return !isSpace(c) && c != '='; });
+        name_ = consume([](char c) { return !isSpace(c) && c != '='; });
         // Without this, a "=" without a name would loop for ever.
         if (name_.empty()) rest_.remove_prefix(1);
         value_ = {};
@@ -145,25 +145,25 @@ public:
 
 private:
     template <class Test>
-    std::string_view take(Test test) {
+    std::string_view consume(Test test) {
         const auto end = std::find_if_not(rest_.begin(), rest_.end(), test);
-        const auto taken = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
-        rest_.remove_prefix(taken.size());
-        return taken;
+        const auto consumed = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
+        rest_.remove_prefix(consumed.size());
+        return consumed;
     }
     template <class Test>
     void skip(Test test) {
-        take(test);
+        consume(test);
     }
 
     void readValue() {
         const char quote = rest_.starts_with('"') ? '"' : rest_.starts_with('\'') ? '\'' : '\0';
         if (quote == '\0') {
-            value_ = take([](char c) { return !isSpace(c); });
+            value_ = consume([](char c) { return !isSpace(c); });
             return;
         }
         rest_.remove_prefix(1);
-        value_ = take([quote](char c) { return c != quote; });
+        value_ = consume([quote](char c) { return c != quote; });
         if (!rest_.empty()) rest_.remove_prefix(1);
     }
 

@@ -15,7 +15,7 @@ struct SourceFetch {
     struct Stories {
         std::vector<Story> list{};  ///< in the feed's order; none when the feed is empty
         std::string feedTitle{};    ///< the feed's own title; may be empty
-        /// the address that was read: the source's own, or that of its page's feed
+        /// The address that was read: the source's own, or that of its page's feed.
         std::string feedURL{};
         std::string pageTitle{};  ///< of the web page that named the feed, if any
     };

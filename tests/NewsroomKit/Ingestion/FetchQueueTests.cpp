@@ -8,7 +8,7 @@ namespace {
 NewsSource at(std::string feed) { return {.id = feed, .feedURL = feed}; }
 
 std::string takenFrom(FetchQueue& queue) {
-    const auto source = queue.take();
+    const auto source = queue.next();
     return source ? source->feedURL : "";
 }
 
