@@ -29,7 +29,7 @@ bool shareAny(const std::vector<std::uint64_t>& left, const std::vector<std::uin
 class ClusterBuilder {
 public:
     ClusterBuilder(std::span<const ClusterEntry* const> entries, Instant::duration window)
-        : entries_(entries), window_(window), likeness_(entries) {}
+        : entries_(entries), window_(window), similarity_(entries) {}
 
     std::vector<std::vector<std::size_t>> groups() {
         for (std::size_t place = 0; place < entries_.size(); ++place) {
@@ -48,13 +48,13 @@ private:
     /// The most similar pairs come first. Two stories of one source form no pair, because outlets
     /// repeat the titles of their series.
     std::vector<Pair> orderedPairs() const {
-        auto pairs = likeness_.pairs(kAlike, window_);
+        auto pairs = similarity_.pairs(kAlike, window_);
         addPairsByAddress(pairs);
         std::erase_if(pairs, [&](const Pair& pair) {
             return entries_[pair.left]->sourceID == entries_[pair.right]->sourceID;
         });
         std::sort(pairs.begin(), pairs.end(), [](const Pair& a, const Pair& b) {
-            if (a.likeness != b.likeness) return a.likeness > b.likeness;
+            if (a.similarity != b.similarity) return a.similarity > b.similarity;
             return a.left != b.left ? a.left < b.left : a.right < b.right;
         });
         return pairs;
@@ -65,7 +65,7 @@ private:
     bool creditTies(std::size_t crediting, std::size_t credited) const {
         const ClusterEntry& entry = *entries_[crediting];
         return crediting != credited && shareAny(entry.credited, entries_[credited]->articles) &&
-               (entry.credited.size() == 1 || likeness_.between(crediting, credited) > 0);
+               (entry.credited.size() == 1 || similarity_.between(crediting, credited) > 0);
     }
 
     /// Pairs stories that lead to the same article in a chain, and a story that credits an article
@@ -133,27 +133,27 @@ private:
         double sum = 0;
         for (std::size_t i = 0; i < aCount; ++i) {
             for (std::size_t j = 0; j < bCount; ++j) {
-                const auto likeness = likenessOf(a[i], b[j]);
-                if (!likeness) return false;
-                sum += *likeness;
+                const auto similarity = similarityOf(a[i], b[j]);
+                if (!similarity) return false;
+                sum += *similarity;
             }
         }
         return sum >= kAlikeOnAverage * static_cast<double>(aCount * bCount);
     }
 
     /// Nothing when the headlines are incompatible.
-    std::optional<double> likenessOf(std::size_t left, std::size_t right) const {
+    std::optional<double> similarityOf(std::size_t left, std::size_t right) const {
         const ClusterEntry& a = *entries_[left];
         const ClusterEntry& b = *entries_[right];
         if (shareAny(a.articles, b.articles)) return 1;
         if (areIncompatible(a.headline, b.headline)) return std::nullopt;
         if (creditTies(left, right) || creditTies(right, left)) return 1;
-        return likeness_.between(left, right);
+        return similarity_.between(left, right);
     }
 
     std::span<const ClusterEntry* const> entries_;
     Instant::duration window_;
-    HeadlineSimilarity likeness_;
+    HeadlineSimilarity similarity_;
     std::vector<std::vector<std::size_t>> groups_;  ///< by their first member; empty when joined
     std::vector<std::size_t> groupOf_;
     /// The version of each group, which changes whenever the group grows.

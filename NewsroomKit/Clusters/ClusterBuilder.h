@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "NewsroomKit/Clusters/ClusterEntry.h"
+#include "NewsroomKit/Clusters/HeadlineSimilarity.h"
 #include "NewsroomKit/Records/Instant.h"
 
 namespace kit {

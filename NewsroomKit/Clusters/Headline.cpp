@@ -165,20 +165,20 @@ private:
         const double share = number.version ? 0 : kNumberShare;
         headline_.words.push_back(
             {.key = keyOf(std::string(number.prefix).append(number.value)), .usualShare = share});
-        const auto note = [&](std::string_view subject) {
+        const auto add = [&](std::string_view subject) {
             headline_.figures.push_back({keyOf(subject), value});
         };
-        if (number.year) return note("(year)");
-        if (price) return note("(price)");
+        if (number.year) return add("(year)");
+        if (price) return add("(price)");
         headline_.numbers.push_back(value);
-        if (!number.prefix.empty()) return note(number.prefix);
-        if (at_ > 0) noteNeighbour(at_ - 1, value, 0);
+        if (!number.prefix.empty()) return add(number.prefix);
+        if (at_ > 0) addNeighbour(at_ - 1, value, 0);
         // A word after a number is a different subject from the same word before one: in "27.1 beta
         // 2" the 2 belongs to "beta".
-        if (at_ + 1 < tokens_.size()) noteNeighbour(at_ + 1, value, 1);
+        if (at_ + 1 < tokens_.size()) addNeighbour(at_ + 1, value, 1);
     }
 
-    void noteNeighbour(std::size_t place, std::uint64_t value, std::uint64_t side) {
+    void addNeighbour(std::size_t place, std::uint64_t value, std::uint64_t side) {
         const std::string_view text = tokens_[place].text;
         if (isFunctionWord(text) || numberIn(text)) return;
         headline_.figures.push_back({keyOf(wordStem(text)) + side, value});

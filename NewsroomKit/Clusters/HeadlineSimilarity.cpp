@@ -40,7 +40,7 @@ void HeadlineSimilarity::countWords() {
             const auto next = static_cast<std::uint32_t>(words_.size());
             const auto [row, isNew] = known.emplace(word.key, next);
             if (isNew) {
-                words_.push_back({.telling = word.usualShare == 0});
+                words_.push_back({.distinctive = word.usualShare == 0});
                 usualShares.push_back(word.usualShare);
             }
             ++words_[row->second].stories;
@@ -79,12 +79,12 @@ double HeadlineSimilarity::between(std::size_t left, std::size_t right) const {
     double squares = 0;
     double weights = 0;
     std::size_t count = 0;
-    bool telling = false;
+    bool distinctive = false;
     for (std::size_t i = 0, j = 0; i < a.size() && j < b.size();) {
         if (a[i] == b[j]) {
             squares += squared(a[i]);
             weights += words_[a[i]].weight;
-            telling = telling || words_[a[i]].telling;
+            distinctive = distinctive || words_[a[i]].distinctive;
             ++count, ++i, ++j;
         } else if (a[i] < b[j]) {
             ++i;
@@ -92,7 +92,7 @@ double HeadlineSimilarity::between(std::size_t left, std::size_t right) const {
             ++j;
         }
     }
-    if (!telling || count < kLeastSharedWords || weights < kLeastSharedWeight) return 0;
+    if (!distinctive || count < kLeastSharedWords || weights < kLeastSharedWeight) return 0;
     return squares / (headlines_[left].length * headlines_[right].length);
 }
 
@@ -140,8 +140,8 @@ std::vector<HeadlineSimilarity::Pair> HeadlineSimilarity::pairs(double least,
             const double most = shared[left] + std::max(probe.rest, rests[left]);
             shared[left] = 0;
             if (most < least * headlines_[right].length * headlines_[left].length) continue;
-            const double likeness = between(left, right);
-            if (likeness >= least) found.push_back({left, right, likeness});
+            const double similarity = between(left, right);
+            if (similarity >= least) found.push_back({left, right, similarity});
         }
         touched.clear();
     }

@@ -3,11 +3,23 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
-#include "NewsroomKit/Clusters/ClusterEntry.h"
+#include "NewsroomKit/Clusters/Headline.h"
+#include "NewsroomKit/Records/Instant.h"
 
 namespace kit {
+
+/// The part of a story that clustering needs.
+struct ClusterEntry {
+    std::string storyID{};
+    std::string sourceID{};
+    Instant publishedAt{};
+    Headline headline{};
+    std::vector<std::uint64_t> articles{};  ///< hashed links of what the story is or leads to
+    std::vector<std::uint64_t> credited{};  ///< hashed links of the articles it credits
+};
 
 /// The similarity of the headlines of a set of stories, by the words they share.
 ///
@@ -33,7 +45,7 @@ public:
     struct Pair {
         std::size_t left;
         std::size_t right;
-        double likeness;
+        double similarity;
     };
     /// All pairs with a similarity of at least `least` that are at most `window` apart. The entries
     /// must be in order of time. Words in more than kTooCommon stories never suggest a pair on
@@ -46,7 +58,7 @@ private:
     struct Word {
         float weight = 0;
         std::uint32_t stories = 0;
-        bool telling = false;  ///< not an everyday word
+        bool distinctive = false;  ///< not an everyday word
     };
     struct Headline {
         std::vector<std::uint32_t> words;  ///< places in words_, ascending: the heaviest first

@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "NewsroomKit/Clusters/ClusterEntry.h"
+#include "NewsroomKit/Clusters/HeadlineSimilarity.h"
 #include "NewsroomKit/Clusters/StoryCluster.h"
 #include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Stories/Story.h"
