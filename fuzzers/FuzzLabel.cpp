@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "NewsroomKit/Editorial/AppleOrigin.h"
-#include "NewsroomKit/Editorial/Explanation.h"
+#include "NewsroomKit/Editorial/LabelReasons.h"
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
 #include "NewsroomKit/Editorial/StoryLabels.h"
 #include "NewsroomKit/Text/Folding.h"

@@ -143,7 +143,7 @@ PhraseHits findPhrases(std::string_view normalizedText) {
     PhraseHits hits;
     phraseAutomaton().scan(normalizedText, [&](const Ending& ending, std::size_t end) {
         if (!ending.bounded || standsAsWords(normalizedText, end - ending.length, end)) {
-            hits.note(ending.table, ending.phraseIndex);
+            hits.record(ending.table, ending.phraseIndex);
         }
     });
     return hits;

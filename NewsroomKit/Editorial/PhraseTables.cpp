@@ -220,4 +220,10 @@ std::optional<std::string_view> PhraseHits::first(PhraseTable table) const {
     return rowOf(table).phrases[first_[index(table)]];
 }
 
+std::optional<RuleHit> ruleHit(PhraseTable table, const PhraseHits& hits, RuleHit::Where where) {
+    const auto phrase = hits.first(table);
+    if (!phrase) return std::nullopt;
+    return RuleHit{.table = tableName(table), .phrase = *phrase, .where = where};
+}
+
 }  // namespace kit

@@ -7,6 +7,8 @@
 #include <span>
 #include <string_view>
 
+#include "NewsroomKit/Records/EnumTable.h"
+
 namespace kit {
 
 /// Every phrase table of the editorial rules.
@@ -57,7 +59,7 @@ public:
     bool has(PhraseTable table) const { return first_[index(table)] != none; }
 
     /// Records the phrase. True when it is earlier in its table than those recorded before.
-    bool note(PhraseTable table, std::uint16_t phraseIndex) {
+    bool record(PhraseTable table, std::uint16_t phraseIndex) {
         auto& first = first_[index(table)];
         if (phraseIndex >= first) return false;
         first = phraseIndex;
@@ -76,5 +78,29 @@ private:
         return empty;
     }();
 };
+
+/// The phrase that decided a rule. Its texts live as long as the process.
+struct RuleHit {
+    enum class Where { title, summary, titleAndSummary, source, text };
+
+    std::string_view table;   ///< the table's name for people, e.g. "deal phrases"
+    std::string_view phrase;  ///< as the table has it, normalised; empty for a source
+    Where where = Where::title;
+
+    bool operator==(const RuleHit&) const = default;
+};
+
+/// titleAndSummary: a phrase that begins in the title and ends in the summary.
+template <>
+inline constexpr std::array<EnumRow<RuleHit::Where>, 5> enumTable<RuleHit::Where>{{
+    {RuleHit::Where::title, "title", "headline"},
+    {RuleHit::Where::summary, "summary", "excerpt"},
+    {RuleHit::Where::titleAndSummary, "titleAndSummary", "headline and excerpt together"},
+    {RuleHit::Where::source, "source", "source"},
+    {RuleHit::Where::text, "text", "text"},
+}};
+
+/// The table's earliest phrase among `hits`; nothing when none occurred.
+std::optional<RuleHit> ruleHit(PhraseTable table, const PhraseHits& hits, RuleHit::Where where);
 
 }  // namespace kit

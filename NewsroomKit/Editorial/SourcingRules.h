@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "NewsroomKit/Editorial/RuleHit.h"
+#include "NewsroomKit/Editorial/PhraseTables.h"
 #include "NewsroomKit/Stories/Sourcing.h"
 
 namespace kit {

@@ -10,7 +10,7 @@ namespace {
 
 using Where = RuleHit::Where;
 
-bool tellsOfMovement(std::string_view normalizedText) {
+bool reportsMovement(std::string_view normalizedText) {
     // Avoids running the expression on nearly every text.
     if (normalizedText.find("shares ") == std::string_view::npos) return false;
     static const Pattern movement(
@@ -41,7 +41,7 @@ StockDecision StockNews::explainNormalized(std::string_view normalizedText,
     if (auto why = ruleHit(PhraseTable::stock, hits, Where::text)) {
         return {.isStockNews = true, .why = why};
     }
-    if (tellsOfMovement(normalizedText)) {
+    if (reportsMovement(normalizedText)) {
         return {.isStockNews = true,
                 .why = RuleHit{"share price movements", "shares", Where::text}};
     }

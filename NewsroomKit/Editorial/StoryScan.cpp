@@ -50,18 +50,18 @@ StoryScan::StoryScan(std::string_view title, std::string_view summary) {
         const std::size_t start = end - ending.length;
         const Where where = joined.whereIs(start, end);
         if (ending.table == PhraseTable::kindExclusion) {
-            if (exclusions.note(ending.table, ending.phraseIndex)) exclusionWhere = where;
+            if (exclusions.record(ending.table, ending.phraseIndex)) exclusionWhere = where;
             return;
         }
         // The end of each part counts as the end of a text: what follows in the joined text must
         // neither create nor break a word boundary.
         if (where == Where::title) {
             if (!ending.bounded || standsAsWords(joined.untilTitleEnd(), start, end)) {
-                title_.note(ending.table, ending.phraseIndex);
+                title_.record(ending.table, ending.phraseIndex);
             }
         } else if (where == Where::summary && end <= joined.openingEnd) {
             if (!ending.bounded || standsAsWords(joined.untilOpeningEnd(), start, end)) {
-                opening_.note(ending.table, ending.phraseIndex);
+                opening_.record(ending.table, ending.phraseIndex);
             }
         }
     };

@@ -1,4 +1,4 @@
-#include "NewsroomKit/Editorial/Explanation.h"
+#include "NewsroomKit/Editorial/LabelReasons.h"
 
 #include <gtest/gtest.h>
 
