@@ -74,7 +74,7 @@ public:
     bool atEnd() const { return rest_.empty(); }
     bool atSign() const { return rest_.starts_with('+') || rest_.starts_with('-'); }
 
-    bool take(char c) {
+    bool consume(char c) {
         if (!rest_.starts_with(c)) return false;
         rest_.remove_prefix(1);
         return true;
@@ -87,11 +87,11 @@ public:
     bool skipSeparators() { return skip(separators); }
 
     /// Letters of any script.
-    std::string_view takeWord() {
-        return takeWhile([](char c) { return isASCIILetter(c) || !isASCII(c); });
+    std::string_view readWord() {
+        return readWhile([](char c) { return isASCIILetter(c) || !isASCII(c); });
     }
 
-    std::string_view takeDigits() { return takeWhile(isASCIIDigit); }
+    std::string_view readDigits() { return readWhile(isASCIIDigit); }
 
     /// Skips "(Central European Time)", which is only for people.
     void skipComment() {
@@ -99,16 +99,16 @@ public:
     }
 
     /// One or two digits.
-    std::optional<unsigned> takeShortNumber() {
-        const auto digits = takeDigits();
+    std::optional<unsigned> readShortNumber() {
+        const auto digits = readDigits();
         if (digits.empty() || digits.size() > 2) return std::nullopt;
         unsigned value = 0;
         for (char c : digits) value = value * 10 + static_cast<unsigned>(c - '0');
         return value;
     }
 
-    std::optional<int> takeYear() {
-        const auto digits = takeDigits();
+    std::optional<int> readYear() {
+        const auto digits = readDigits();
         if (digits.size() != 4 && digits.size() != 2) return std::nullopt;
         int value = 0;
         for (char c : digits) value = value * 10 + (c - '0');
@@ -124,11 +124,11 @@ private:
     }
 
     template <class Predicate>
-    std::string_view takeWhile(Predicate belongs) {
+    std::string_view readWhile(Predicate belongs) {
         const auto end = std::find_if_not(rest_.begin(), rest_.end(), belongs);
-        const auto taken = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
-        rest_.remove_prefix(taken.size());
-        return taken;
+        const auto read = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
+        rest_.remove_prefix(read.size());
+        return read;
     }
 
     std::string_view rest_;
@@ -143,34 +143,34 @@ std::optional<std::chrono::sys_days> existingDay(int year, unsigned month, unsig
 
 /// Reads "8:30", "08:30:15" or "08:30:15.250"; the fraction is dropped.
 std::optional<std::chrono::seconds> readTime(DateReader& reader) {
-    const auto hour = reader.takeShortNumber();
-    if (!hour || *hour > 23 || !reader.take(':')) return std::nullopt;
-    const auto minute = reader.takeShortNumber();
+    const auto hour = reader.readShortNumber();
+    if (!hour || *hour > 23 || !reader.consume(':')) return std::nullopt;
+    const auto minute = reader.readShortNumber();
     if (!minute || *minute > 59) return std::nullopt;
     unsigned second = 0;
-    if (reader.take(':')) {
-        const auto read = reader.takeShortNumber();
+    if (reader.consume(':')) {
+        const auto read = reader.readShortNumber();
         if (!read || *read > 60) return std::nullopt;
         second = *read;
-        if (reader.take('.') && reader.takeDigits().empty()) return std::nullopt;
+        if (reader.consume('.') && reader.readDigits().empty()) return std::nullopt;
     }
     return std::chrono::hours{*hour} + std::chrono::minutes{*minute} + std::chrono::seconds{second};
 }
 
 /// "±hhmm", "±hh:mm" or "±hh".
 std::optional<std::chrono::minutes> readOffset(DateReader& reader) {
-    const bool negative = reader.take('-');
-    if (!negative && !reader.take('+')) return std::nullopt;
-    const auto digits = reader.takeDigits();
+    const bool negative = reader.consume('-');
+    if (!negative && !reader.consume('+')) return std::nullopt;
+    const auto digits = reader.readDigits();
     unsigned hours = 0;
     unsigned minutes = 0;
     if (digits.size() == 4) {
-        hours = *DateReader(digits.substr(0, 2)).takeShortNumber();
-        minutes = *DateReader(digits.substr(2)).takeShortNumber();
+        hours = *DateReader(digits.substr(0, 2)).readShortNumber();
+        minutes = *DateReader(digits.substr(2)).readShortNumber();
     } else if (digits.size() == 2 || digits.size() == 1) {
-        hours = *DateReader(digits).takeShortNumber();
-        if (reader.take(':')) {
-            const auto read = reader.takeShortNumber();
+        hours = *DateReader(digits).readShortNumber();
+        if (reader.consume(':')) {
+            const auto read = reader.readShortNumber();
             if (!read) return std::nullopt;
             minutes = *read;
         }
@@ -186,7 +186,7 @@ std::optional<std::chrono::minutes> readOffset(DateReader& reader) {
 std::optional<std::chrono::minutes> readZone(DateReader& reader) {
     if (reader.atEnd()) return std::chrono::minutes{0};
     if (reader.atSign()) return readOffset(reader);
-    const auto word = reader.takeWord();
+    const auto word = reader.readWord();
     for (const auto& zone : zones) {
         if (!equalsLowercase(word, zone.name)) continue;
         if (zone.offset == 0min && reader.atSign()) return readOffset(reader);
@@ -223,7 +223,7 @@ std::optional<std::string_view> readLeadingWords(DateReader& reader) {
     constexpr int mostWords = 2;
     std::string_view last;
     int count = 0;
-    for (auto word = reader.takeWord(); !word.empty(); word = reader.takeWord()) {
+    for (auto word = reader.readWord(); !word.empty(); word = reader.readWord()) {
         last = word;
         if (++count > mostWords) return std::nullopt;
         reader.skipSeparators();
@@ -235,11 +235,11 @@ std::optional<std::string_view> readLeadingWords(DateReader& reader) {
 /// Reads nothing when there is no word; an unknown word is month 0.
 std::optional<unsigned> readMonthBehindDay(DateReader& reader) {
     constexpr std::string_view of = "de";
-    auto word = reader.takeWord();
+    auto word = reader.readWord();
     if (word.empty()) return std::nullopt;
-    if (equalsLowercase(word, of) && reader.skipSeparators()) word = reader.takeWord();
+    if (equalsLowercase(word, of) && reader.skipSeparators()) word = reader.readWord();
     if (!reader.skipSeparators()) return 0;
-    if (!reader.atDigit() && equalsLowercase(reader.takeWord(), of)) reader.skipSeparators();
+    if (!reader.atDigit() && equalsLowercase(reader.readWord(), of)) reader.skipSeparators();
     return monthNamed(word).value_or(0);
 }
 
@@ -250,7 +250,7 @@ std::optional<Instant> readTimeAndYear(DateReader& reader, unsigned month, unsig
     std::optional<std::chrono::minutes> offset = 0min;
     if (!reader.atDigit()) offset = readZone(reader);
     reader.skipSpaces();
-    const auto year = reader.takeYear();
+    const auto year = reader.readYear();
     if (!offset || !year || !reader.atEnd()) return std::nullopt;
     const auto date = existingDay(*year, month, day);
     return date ? writableInstant(*date + *time - *offset) : std::nullopt;
@@ -262,7 +262,7 @@ std::optional<Instant> readNamedMonthDate(std::string_view text) {
     DateReader reader(text);
     const auto word = readLeadingWords(reader);
     if (!word) return std::nullopt;
-    const auto day = reader.takeShortNumber();
+    const auto day = reader.readShortNumber();
     if (!day || !reader.skipSeparators()) return std::nullopt;
     auto month = readMonthBehindDay(reader);
     if (!month) {
@@ -270,7 +270,7 @@ std::optional<Instant> readNamedMonthDate(std::string_view text) {
         if (!month) return std::nullopt;
         if (reader.atTime()) return readTimeAndYear(reader, *month, *day);
     }
-    const auto year = reader.takeYear();
+    const auto year = reader.readYear();
     if (!year || (!reader.skipSeparators() && !reader.atEnd())) return std::nullopt;
     const auto date = existingDay(*year, *month, *day);
     return date ? readRestOfDate(reader, *date) : std::nullopt;
@@ -279,17 +279,17 @@ std::optional<Instant> readNamedMonthDate(std::string_view text) {
 /// Reads "2026-10-01 08:30:00" and "2026/10/1"; only the day is required.
 std::optional<Instant> readNumberedDate(std::string_view text) {
     DateReader reader(text);
-    const auto year = reader.takeDigits();
-    const char separator = reader.take('/') ? '/' : '-';
-    if (year.size() != 4 || (separator == '-' && !reader.take('-'))) return std::nullopt;
-    const auto month = reader.takeShortNumber();
-    if (!month || !reader.take(separator)) return std::nullopt;
-    const auto day = reader.takeShortNumber();
+    const auto year = reader.readDigits();
+    const char separator = reader.consume('/') ? '/' : '-';
+    if (year.size() != 4 || (separator == '-' && !reader.consume('-'))) return std::nullopt;
+    const auto month = reader.readShortNumber();
+    if (!month || !reader.consume(separator)) return std::nullopt;
+    const auto day = reader.readShortNumber();
     if (!day) return std::nullopt;
     // The text is trimmed, so a space, like the "T", must be followed by a time.
-    const bool needsTime = reader.take('T') || reader.skipSpaces();
+    const bool needsTime = reader.consume('T') || reader.skipSpaces();
     if (needsTime == reader.atEnd()) return std::nullopt;
-    const auto date = existingDay(*DateReader(year).takeYear(), *month, *day);
+    const auto date = existingDay(*DateReader(year).readYear(), *month, *day);
     return date ? readRestOfDate(reader, *date) : std::nullopt;
 }
 

@@ -61,19 +61,19 @@ bool needsRecording(const FeedEntry& entry) {
 
 }  // namespace
 
-void FeedEntryBuilder::takeLink(const XMLAttributes& attributes, std::string_view address) {
+void FeedEntryBuilder::addLink(const XMLAttributes& attributes, std::string_view address) {
     if (address.empty()) return;
     const auto relation = lowercasedASCII(attributes.value("rel"));
     const auto type = attributes.value("type");
     const bool isPage = type.empty() || type.starts_with("text/html");
     const bool isAlternate = relation.empty() || relation == "alternate";
-    if (relation == "enclosure") takeEnclosure(address, type);
+    if (relation == "enclosure") addEnclosure(address, type);
 
     auto& target = isAlternate && isPage ? link : atomLink;
     if (target.empty()) target = address;
 }
 
-void FeedEntryBuilder::takeEnclosure(std::string_view address, std::string_view written) {
+void FeedEntryBuilder::addEnclosure(std::string_view address, std::string_view written) {
     const auto type = lowercasedASCII(trimWhitespaceAndNewlines(written));
     const bool unnamed = type.empty();
     const bool isAudio = unnamed ? isAudioAddress(address) : type.starts_with("audio");

@@ -35,8 +35,8 @@ struct FeedEntryBuilder {
     bool hasAudio = false;
     bool hasVideoID = false;
 
-    void takeLink(const XMLAttributes& attributes, std::string_view address);
-    void takeEnclosure(std::string_view address, std::string_view type);
+    void addLink(const XMLAttributes& attributes, std::string_view address);
+    void addEnclosure(std::string_view address, std::string_view type);
 
     /// The finished entry. `xmlBase` is the entry's own.
     FeedEntry finish(AddressBase& base, std::string_view xmlBase) &&;

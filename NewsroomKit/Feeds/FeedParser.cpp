@@ -84,10 +84,10 @@ public:
     const AddressBase& base() const { return delegate_.base(); }
     const XMLEntities& entities() const { return entities_; }
 
-    std::optional<ParsedFeed> takeFeed() && {
+    std::optional<ParsedFeed> finish() && {
         const bool isSound = context_->wellFormed != 0 && !isHostile_;
         if (!isSound && !isComplete()) return std::nullopt;
-        return std::move(delegate_).takeFeed();
+        return std::move(delegate_).finish();
     }
 
 private:
@@ -221,7 +221,7 @@ public:
             const bool isUnread = !run_->sawElement() && isMeantAsFeed(document_);
             return isUnread ? FeedParserError::malformed : FeedParserError::notAFeed;
         }
-        auto feed = std::move(*run_).takeFeed();
+        auto feed = std::move(*run_).finish();
         if (!feed) return FeedParserError::malformed;
         return std::move(*feed);
     }

@@ -118,11 +118,11 @@ void FeedSaxHandler::startInEntry(ElementRole role, ElementRole parent,
             if (parent == ElementRole::author) beginText(role, attributes);
             break;
         case ElementRole::link:
-            draft_.takeLink(attributes, completed(attributes.value("href")));
+            draft_.addLink(attributes, completed(attributes.value("href")));
             beginText(role, attributes);
             break;
         case ElementRole::enclosure:
-            draft_.takeEnclosure(completed(attributes.value("url")), attributes.value("type"));
+            draft_.addEnclosure(completed(attributes.value("url")), attributes.value("type"));
             break;
         case ElementRole::mediaContent:
             draft_.images.offerMediaContent(attributes, completed(attributes.value("url")));
@@ -251,7 +251,7 @@ void FeedSaxHandler::separateRecordings() {
     for (const auto index : shared) feed_.entries[index].link = std::move(recordings_[index]);
 }
 
-ParsedFeed FeedSaxHandler::takeFeed() && {
+ParsedFeed FeedSaxHandler::finish() && {
     feed_.title = cleanHeadline(feed_.title);
     separateRecordings();
     return std::move(feed_);

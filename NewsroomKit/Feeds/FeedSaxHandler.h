@@ -32,7 +32,7 @@ public:
     bool reachedLimit() const { return feed_.reachedLimit; }
 
     /// The collected feed.
-    ParsedFeed takeFeed() &&;
+    ParsedFeed finish() &&;
 
 private:
     enum class Markup { none, stray, declared };

@@ -1,4 +1,3 @@
-#include "NewsroomKit/Feeds/EntryJSON.h"
 #include "NewsroomKit/Feeds/FeedDates.h"
 #include "NewsroomKit/Feeds/FeedParser.h"
 #include "NewsroomKit/Feeds/HTMLText.h"
@@ -7,6 +6,27 @@
 #include "NewsroomKit/Sources/SourceJSON.h"
 #include "NewsroomKit/Stories/StoryJSON.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
+
+namespace kit {
+
+/// The serialised form of a feed entry: its keys in this order.
+template <>
+struct JSONFields<FeedEntry> {
+    static constexpr auto fields = std::tuple{
+        field("guid", &FeedEntry::guid),
+        field("title", &FeedEntry::title),
+        field("link", &FeedEntry::link),
+        field("summaryHTML", &FeedEntry::summaryHTML),
+        field("contentHTML", &FeedEntry::contentHTML),
+        field("publishedAt", &FeedEntry::publishedAt),
+        field("imageURL", &FeedEntry::imageURL),
+        field("author", &FeedEntry::author),
+        field("publisher", &FeedEntry::publisher),
+        field("medium", &FeedEntry::medium),
+    };
+};
+
+}  // namespace kit
 
 namespace cli::inspect {
 
