@@ -6,14 +6,14 @@
 
 namespace pressroom {
 
-Response answerInTurn(const Answerers& answerers, const Request& request,
+Response answerInTurn(const RequestHandlers& handlers, const Request& request,
                       std::chrono::sys_seconds now) {
     if (request.method != "GET" && request.method != "HEAD") {
         return htmlPage(405, "Method not allowed",
                         "<p>The press room only answers GET and HEAD.</p>");
     }
-    for (const auto& answerer : answerers) {
-        if (auto response = answerer->answer(request, now)) return *std::move(response);
+    for (const auto& handler : handlers) {
+        if (auto response = handler->answer(request, now)) return *std::move(response);
     }
     return htmlPage(404, "Not found",
                     fmt::format("<p>The press room has nothing at https://{}{}</p>",

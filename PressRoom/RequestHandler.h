@@ -21,11 +21,11 @@ public:
                                            std::chrono::sys_seconds now) const = 0;
 };
 
-using Answerers = std::vector<std::unique_ptr<RequestHandler>>;
+using RequestHandlers = std::vector<std::unique_ptr<RequestHandler>>;
 
 /// Tries each handler in turn and returns the first answer. An unknown address gets a small page
 /// with the status 404; methods other than GET and HEAD are refused.
-Response answerInTurn(const Answerers& answerers, const Request& request,
+Response answerInTurn(const RequestHandlers& handlers, const Request& request,
                       std::chrono::sys_seconds now);
 
 /// A small web page. `headLinks` is inserted into its head unchanged.

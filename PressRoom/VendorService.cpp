@@ -23,7 +23,7 @@ std::string queryItem(const Request& request, std::string_view name) {
     return kit::percentDecoded(rawQueryItem(request, name));
 }
 
-Response complaint(int status, std::string_view code, std::string_view message) {
+Response errorAnswer(int status, std::string_view code, std::string_view message) {
     const json::object body{
         {"code", code}, {"message", message}, {"data", json::object{{"status", status}}}};
     return {.status = status,

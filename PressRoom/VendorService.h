@@ -16,6 +16,6 @@ std::string rawQueryItem(const Request& request, std::string_view name);
 std::string queryItem(const Request& request, std::string_view name);
 
 /// An error in the form of the platform behind the service.
-Response complaint(int status, std::string_view code, std::string_view message);
+Response errorAnswer(int status, std::string_view code, std::string_view message);
 
 }  // namespace pressroom

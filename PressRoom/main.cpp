@@ -21,12 +21,23 @@
 #include "PressRoom/Signals/SignalsRequestHandler.h"
 #include "PressRoom/Trackers/TrackerRequestHandler.h"
 #include "PressRoom/World/WorldHandler.h"
-#include "PressRoom/WorldDirectory.h"
 
 namespace {
 
 using namespace pressroom;
 namespace fs = std::filesystem;
+
+/// The default folder of the sample world: for an installed program ../share/tarnwick-brell/world
+/// beside it, otherwise the source tree it was built from.
+fs::path defaultWorldDirectory() {
+    std::error_code unknown;
+    const auto program = fs::read_symlink("/proc/self/exe", unknown);
+    if (!unknown) {
+        const auto installed = program.parent_path().parent_path() / "share/tarnwick-brell/world";
+        if (fs::is_directory(installed)) return installed;
+    }
+    return PRESSROOM_WORLD;
+}
 
 /// The folder of the authorities' certificates: the caller's, or a temporary one that is removed at
 /// exit.
@@ -160,7 +171,7 @@ int run(const CommandLine& options) {
 
     const auto directory = options.world.value_or(defaultWorldDirectory());
     auto misbehaviours = options.misbehaviours;
-    Answerers further;
+    RequestHandlers further;
     further.push_back(
         std::make_unique<TrackerRequestHandler>(readTrackers(directory), anchor, misbehaviours));
     further.push_back(

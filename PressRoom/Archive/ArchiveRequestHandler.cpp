@@ -29,7 +29,7 @@ std::optional<std::int64_t> numberIn(const Request& request, std::string_view na
 }
 
 Response missingItem() {
-    return complaint(400, "rest_missing_callback_param", "A query item is missing or no number.");
+    return errorAnswer(400, "rest_missing_callback_param", "A query item is missing or no number.");
 }
 
 json::value textOrNull(std::string text) {
@@ -72,7 +72,7 @@ std::optional<Response> ArchiveRequestHandler::answer(const Request& request,
     if (path == "status") return status(request, now);
     if (path == "credits") return credits(request, now);
     if (path == "trace") return trace(request, now);
-    return complaint(404, "rest_no_route", "No route was found matching the URL.");
+    return errorAnswer(404, "rest_no_route", "No route was found matching the URL.");
 }
 
 Response ArchiveRequestHandler::stories(const Request& request, sys_seconds now) const {

@@ -44,7 +44,7 @@ bool stillHolds(const Request& request, const Document& document, std::string_vi
     return instant && *document.lastModified <= *instant;
 }
 
-bool takesGzip(const Request& request) {
+bool acceptsGzip(const Request& request) {
     const auto accepted = request.header("accept-encoding");
     return accepted && accepted->find("gzip") != std::string_view::npos;
 }
@@ -63,7 +63,7 @@ Response answerConditionally(const Request& request, Document document) {
         return response;
     }
     response.headers.emplace_back("Content-Type", document.contentType);
-    if (takesGzip(request) && !document.body.empty()) {
+    if (acceptsGzip(request) && !document.body.empty()) {
         response.headers.emplace_back("Content-Encoding", "gzip");
         response.body = gzip(document.body);
     } else {

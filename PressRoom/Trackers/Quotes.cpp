@@ -21,7 +21,7 @@ struct Extremes {
     double low;
     double high;
 
-    void take(double price) {
+    void include(double price) {
         low = std::min(low, price);
         high = std::max(high, price);
     }
@@ -102,14 +102,15 @@ private:
     Extremes dayExtremes() const {
         Extremes extremes{price(), price()};
         for (auto time = day_.session.open; time <= asOf_; time += kDayStep) {
-            extremes.take(walk_.at(time));
+            extremes.include(walk_.at(time));
         }
         return extremes;
     }
 
     Extremes yearExtremes() const {
         auto extremes = hasTradedToday() ? dayExtremes() : Extremes{price(), price()};
-        for (const auto& session : traded_) extremes.take(walk_.at(std::min(session.close, asOf_)));
+        for (const auto& session : traded_)
+            extremes.include(walk_.at(std::min(session.close, asOf_)));
         return extremes;
     }
 

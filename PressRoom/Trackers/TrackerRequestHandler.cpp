@@ -56,7 +56,7 @@ std::optional<Response> TrackerRequestHandler::answer(const Request& request,
                               {board(files_.board, anchor_, now), "quotes", "price", "t"});
     }
     if (path == "quote") return quoteOf(request, now);
-    return complaint(404, "rest_no_route", "No route was found matching the URL.");
+    return errorAnswer(404, "rest_no_route", "No route was found matching the URL.");
 }
 
 Response TrackerRequestHandler::status(bool isDeveloper, const Request& request,
@@ -74,10 +74,10 @@ Response TrackerRequestHandler::quoteOf(const Request& request, sys_seconds now)
     const auto symbol = queryItem(request, "symbol");
     const auto known = std::ranges::find(files_.board.quotes, symbol, &WorldQuote::symbol);
     if (known == files_.board.quotes.end()) {
-        return complaint(404, "tb_wire_unknown_symbol", "There is no such symbol.");
+        return errorAnswer(404, "tb_wire_unknown_symbol", "There is no such symbol.");
     }
     auto document = quote(*known, queryItem(request, "range"), anchor_, now);
-    if (!document) return complaint(400, "tb_wire_unknown_range", "There is no such range.");
+    if (!document) return errorAnswer(400, "tb_wire_unknown_range", "There is no such range.");
     return faults_.served("quote", request, {*std::move(document), "points", "price", "as_of"});
 }
 

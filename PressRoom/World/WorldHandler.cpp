@@ -6,17 +6,17 @@
 namespace pressroom {
 
 WorldHandler::WorldHandler(World world, WorldClock clock, Misbehaviours misbehaviours,
-                           Answerers further)
+                           RequestHandlers further)
     : world_(std::move(world), clock.anchor),
       clock_(std::move(clock)),
-      answerers_(std::move(further)) {
-    answerers_.push_back(std::make_unique<ArchiveRequestHandler>(world_, misbehaviours));
-    answerers_.push_back(std::make_unique<FeedRequestHandler>(world_, misbehaviours));
-    answerers_.push_back(std::make_unique<PageRequestHandler>(world_));
+      handlers_(std::move(further)) {
+    handlers_.push_back(std::make_unique<ArchiveRequestHandler>(world_, misbehaviours));
+    handlers_.push_back(std::make_unique<FeedRequestHandler>(world_, misbehaviours));
+    handlers_.push_back(std::make_unique<PageRequestHandler>(world_));
 }
 
 Response WorldHandler::operator()(const Request& request) const {
-    return answerInTurn(answerers_, request, clock_.now());
+    return answerInTurn(handlers_, request, clock_.now());
 }
 
 }  // namespace pressroom
