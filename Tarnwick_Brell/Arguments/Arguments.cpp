@@ -43,8 +43,16 @@ std::optional<Number> readNumber(const std::string& text) {
     return number;
 }
 
+template <class Value>
+std::function<std::string(const Words&)> storeWord(Value& value) {
+    return [&value](const Words& words) {
+        value = words.front();
+        return std::string();
+    };
+}
+
 template <class Number>
-std::function<std::string(const Words&)> takeNumber(Number& value, Range<Number> range) {
+std::function<std::string(const Words&)> storeNumber(Number& value, Range<Number> range) {
     return [&value, range](const Words& words) {
         const auto number = readNumber<Number>(words.front());
         // NaN fails the comparison too.
@@ -111,14 +119,15 @@ std::string missing(const CLI::App& app, const std::string& what) {
 }
 
 /// "--before needs --all." of "--before requires --all".
-std::string together(const std::string& text, const std::string& verb, const std::string& plain) {
+std::string conflictText(const std::string& text, const std::string& verb,
+                         const std::string& plain) {
     const auto at = text.find(verb);
     if (at == text.npos) return text + ".";
     return text.substr(0, at) + plain + text.substr(at + verb.size()) + ".";
 }
 
 /// "--limit: 1 required N missing", or "json was given a disallowed flag override".
-std::string mismatch(const std::string& text) {
+std::string mismatchText(const std::string& text) {
     const auto name = text.substr(0, text.find_first_of(": "));
     return name.starts_with("-") ? fmt::format("{} needs a value.", name)
                                  : fmt::format("--{} takes no value.", name);
@@ -246,16 +255,16 @@ Option Command::flag(const std::string& name, bool& value, const std::string& he
     return {*option, std::make_shared<Option::Rules>()};
 }
 
-Option Command::add(const std::string& name, bool isList, Take take, const std::string& help) {
+Option Command::add(const std::string& name, bool isList, Store store, const std::string& help) {
     auto rules = std::make_shared<Option::Rules>();
     const auto shown = std::make_shared<std::string>();
     auto* option = app_->add_option(
         name,
-        [rules, shown, isList, take](const Words& words) {
+        [rules, shown, isList, store](const Words& words) {
             if (!isList && words.size() > 1)
                 throw UsageError(fmt::format("{} can be given only once.", *shown));
             for (const auto& word : words) rules->require(*shown, word);
-            const auto complaint = take(words);
+            const auto complaint = store(words);
             if (!complaint.empty()) throw UsageError(fmt::format("{} {}.", *shown, complaint));
             return true;
         },
@@ -273,36 +282,17 @@ Option Command::add(const std::string& name, bool isList, Take take, const std::
 }
 
 Option Command::option(const std::string& name, std::string& value, const std::string& help) {
-    return add(
-        name, false,
-        [&value](const Words& words) {
-            value = words.front();
-            return std::string();
-        },
-        help);
+    return add(name, false, storeWord(value), help);
 }
 
 Option Command::option(const std::string& name, std::optional<std::string>& value,
                        const std::string& help) {
-    return add(
-        name, false,
-        [&value](const Words& words) {
-            value = words.front();
-            return std::string();
-        },
-        help);
+    return add(name, false, storeWord(value), help);
 }
 
 Option Command::option(const std::string& name, std::optional<std::filesystem::path>& value,
                        const std::string& help) {
-    return add(
-               name, false,
-               [&value](const Words& words) {
-                   value = words.front();
-                   return std::string();
-               },
-               help)
-        .shownAs("FILE");
+    return add(name, false, storeWord(value), help).shownAs("FILE");
 }
 
 Option Command::option(const std::string& name, std::vector<std::string>& values,
@@ -318,7 +308,7 @@ Option Command::option(const std::string& name, std::vector<std::string>& values
 
 Option Command::number(const std::string& name, std::int64_t& value, Range<std::int64_t> range,
                        const std::string& help) {
-    const auto added = add(name, false, takeNumber(value, range), help).shownAs("N");
+    const auto added = add(name, false, storeNumber(value, range), help).shownAs("N");
     if (added.option_->nonpositional()) added.option_->default_str(std::to_string(value));
     return added;
 }
@@ -338,7 +328,7 @@ Option Command::number(const std::string& name, std::optional<std::int64_t>& val
 
 Option Command::number(const std::string& name, double& value, Range<double> range,
                        const std::string& help) {
-    const auto added = add(name, false, takeNumber(value, range), help).shownAs("N");
+    const auto added = add(name, false, storeNumber(value, range), help).shownAs("N");
     added.option_->default_str(fmt::format("{}", value));
     return added;
 }
@@ -380,11 +370,11 @@ std::optional<std::string> Parser::parse(int count, const char* const* words, st
     } catch (const CLI::ExtrasError&) {
         throw UsageError(unexpected(*app_, app_->remaining(true).front()));
     } catch (const CLI::ExcludesError& error) {
-        throw UsageError(together(error.what(), " excludes ", " can't be given with "));
+        throw UsageError(conflictText(error.what(), " excludes ", " can't be given with "));
     } catch (const CLI::RequiresError& error) {
-        throw UsageError(together(error.what(), " requires ", " needs "));
+        throw UsageError(conflictText(error.what(), " requires ", " needs "));
     } catch (const CLI::ArgumentMismatch& error) {
-        throw UsageError(mismatch(error.what()));
+        throw UsageError(mismatchText(error.what()));
     } catch (const CLI::ParseError& error) {
         throw UsageError(fmt::format("The command line can't be read ({}).", error.what()));
     }

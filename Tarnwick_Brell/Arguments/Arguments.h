@@ -95,8 +95,8 @@ private:
     explicit Command(CLI::App& app) : app_(&app) {}
 
     /// Stores the values of one option; returns what is wrong with them, or "".
-    using Take = std::function<std::string(const std::vector<std::string>&)>;
-    Option add(const std::string& name, bool isList, Take take, const std::string& help);
+    using Store = std::function<std::string(const std::vector<std::string>&)>;
+    Option add(const std::string& name, bool isList, Store store, const std::string& help);
 
     CLI::App* app_;
 };
