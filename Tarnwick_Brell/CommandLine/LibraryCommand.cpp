@@ -34,7 +34,7 @@ std::string sizeText(std::uintmax_t bytes) {
                              : fmt::format("{:.1f} MB", static_cast<double>(bytes) / 1e6);
 }
 
-void say(Session& session, std::string_view label, std::string_view text) {
+void printField(Session& session, std::string_view label, std::string_view text) {
     session.out().line(fmt::format("{:<13}{}", label, text));
 }
 
@@ -61,12 +61,12 @@ int showLibrary(Session& session) {
         session.out().line(boost::json::serialize(object));
         return kDone;
     }
-    say(session, "library", library.string() + (isThere ? "" : " (none yet)"));
-    say(session, "size", sizeText(bytes));
-    say(session, "stories", std::to_string(store.stories().count()));
-    say(session, "version", std::to_string(store.version()));
-    say(session, "last backup", when(lastBackup));
-    say(session, "last check", when(lastCheck));
+    printField(session, "library", library.string() + (isThere ? "" : " (none yet)"));
+    printField(session, "size", sizeText(bytes));
+    printField(session, "stories", std::to_string(store.stories().count()));
+    printField(session, "version", std::to_string(store.version()));
+    printField(session, "last backup", when(lastBackup));
+    printField(session, "last check", when(lastCheck));
     return kDone;
 }
 
@@ -76,7 +76,7 @@ std::string newerVersion(const fs::path& library) {
 }
 
 /// Stores the time of the check. A read-only library must not hide the check's result.
-void noteCheck(Session& session) {
+void recordCheck(Session& session) {
     try {
         session.store().state().set(app::kLastCheck, session.now());
     } catch (const app::StoreError& error) {
@@ -98,7 +98,7 @@ int checkNow(Session& session) {
     const auto& library = session.paths().library;
     const auto found = checkedInFull(library);
     if (found.state == LibraryState::damaged) throw app::damagedLibrary(library, found.fault);
-    noteCheck(session);
+    recordCheck(session);
     if (session.options().json) {
         boost::json::object object{{"path", library.string()}, {"state", "sound"}};
         if (!found.unchecked.empty()) object["unchecked"] = found.unchecked;
@@ -112,7 +112,7 @@ int checkNow(Session& session) {
 
 app::Repair repaired(Session& session) {
     const auto& library = session.paths().library;
-    const auto alone = app::keepLibraryAlone(library);
+    const auto alone = app::lockLibraryExclusively(library);
     try {
         return app::repairLibrary(library, session.now());
     } catch (const app::StoreError& error) {
@@ -165,7 +165,7 @@ boost::json::object restorationJSON(const app::Restoration& done) {
     return object;
 }
 
-void tell(Session& session, const app::Restoration& done) {
+void printRestoration(Session& session, const app::Restoration& done) {
     if (session.options().json) {
         session.out().line(boost::json::serialize(restorationJSON(done)));
         return;
@@ -183,7 +183,7 @@ void tell(Session& session, const app::Restoration& done) {
 
 app::Restoration restored(const fs::path& library, const RestoreOptions& options,
                           kit::Instant now) {
-    const auto alone = app::keepLibraryAlone(library);
+    const auto alone = app::lockLibraryExclusively(library);
     if (options.empty) {
         const app::Restoration done{.setAside = app::quarantineLibrary(library, now)};
         app::LocalStore::begin(library);
@@ -210,7 +210,7 @@ int restore(Session& session, const RestoreOptions& options) {
         throw WorkFailed("The library " + library.string() +
                          " is sound, so it was left unchanged. Name a backup to go back to it.");
     }
-    tell(session, restored(library, options, session.now()));
+    printRestoration(session, restored(library, options, session.now()));
     return kDone;
 }
 

@@ -53,7 +53,7 @@ void makeFolder(const fs::path& folder) {
     if (const auto error = makePrivateFolder(folder)) fail(folder, error.value());
 }
 
-std::optional<FileLock> FileLock::take(const fs::path& file, Wait wait, Kind kind) {
+std::optional<FileLock> FileLock::acquire(const fs::path& file, Wait wait, Kind kind) {
     const int descriptor = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (descriptor < 0) fail(file, errno);
     FileLock lock(descriptor);

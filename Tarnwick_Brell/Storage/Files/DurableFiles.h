@@ -24,8 +24,8 @@ public:
 
     /// Creates the file when there is none. Nothing when another program holds the lock. Throws
     /// StoreError when the file can't be created or opened for writing.
-    static std::optional<FileLock> take(const std::filesystem::path& file, Wait wait,
-                                        Kind kind = Kind::exclusive);
+    static std::optional<FileLock> acquire(const std::filesystem::path& file, Wait wait,
+                                           Kind kind = Kind::exclusive);
 
     FileLock(FileLock&& other) noexcept;
     FileLock& operator=(FileLock&& other) noexcept;

@@ -22,10 +22,10 @@ std::error_code makePrivateFolder(const fs::path& folder) {
 
 void makePrivateFile(const fs::path& file) {
     const bool made = mknod(file.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0) == 0;
-    if (!made && errno == EEXIST) takeOthersRights(file);
+    if (!made && errno == EEXIST) restrictToOwner(file);
 }
 
-void takeOthersRights(const fs::path& path) {
+void restrictToOwner(const fs::path& path) {
     constexpr mode_t kOthers = S_IRWXG | S_IRWXO;
     struct stat found{};
     if (stat(path.c_str(), &found) != 0 || found.st_uid != geteuid()) return;

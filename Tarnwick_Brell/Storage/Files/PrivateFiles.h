@@ -18,6 +18,6 @@ void makePrivateFile(const std::filesystem::path& file);
 
 /// Removes other users' rights from a file or folder that belongs to this user; others stay
 /// unchanged.
-void takeOthersRights(const std::filesystem::path& path);
+void restrictToOwner(const std::filesystem::path& path);
 
 }  // namespace app

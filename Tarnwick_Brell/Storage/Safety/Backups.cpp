@@ -96,7 +96,7 @@ std::optional<Backup> Backups::makeIfDue(Instant now, const std::stop_token& sto
                                          const std::function<void()>& onCopied) const {
     if (!isDue(now) || !hasStories(library_)) return std::nullopt;
     makeFolder(folder_);
-    const auto lock = FileLock::take(lockFile(), FileLock::Wait::no);
+    const auto lock = FileLock::acquire(lockFile(), FileLock::Wait::no);
     // Another program may have made the backup just before this one got the lock.
     if (!lock || !isDue(now)) return std::nullopt;
     try {
@@ -111,7 +111,7 @@ std::optional<Backup> Backups::makeIfDue(Instant now, const std::stop_token& sto
 
 Backup Backups::make(Instant now) const {
     makeFolder(folder_);
-    const auto lock = FileLock::take(lockFile(), FileLock::Wait::untilFree);
+    const auto lock = FileLock::acquire(lockFile(), FileLock::Wait::untilFree);
     auto backup = write(nameAt(now), CheckDepth::full);
     dropOldest(now);
     return backup;
@@ -119,7 +119,7 @@ Backup Backups::make(Instant now) const {
 
 void Backups::makeBeforeMigration() const {
     makeFolder(folder_);
-    const auto lock = FileLock::take(lockFile(), FileLock::Wait::untilFree);
+    const auto lock = FileLock::acquire(lockFile(), FileLock::Wait::untilFree);
     Database database(library_, Database::Access::readOnly);
     const auto version = versionOf(database);
     // Another program may have migrated the library while this one waited for the lock.

@@ -17,16 +17,17 @@ fs::path useFile(const fs::path& library) { return fs::path(library).replace_ext
 
 std::optional<FileLock> shareLibrary(const fs::path& library) {
     try {
-        return FileLock::take(useFile(library), FileLock::Wait::untilFree, FileLock::Kind::shared);
+        return FileLock::acquire(useFile(library), FileLock::Wait::untilFree,
+                                 FileLock::Kind::shared);
     } catch (const StoreError&) {
         return std::nullopt;
     }
 }
 
-FileLock keepLibraryAlone(const fs::path& library) {
+FileLock lockLibraryExclusively(const fs::path& library) {
     constexpr std::chrono::milliseconds pause(100);
     for (std::chrono::milliseconds waited(0); waited < std::chrono::seconds(10); waited += pause) {
-        auto lock = FileLock::take(useFile(library), FileLock::Wait::no);
+        auto lock = FileLock::acquire(useFile(library), FileLock::Wait::no);
         if (lock) return *std::move(lock);
         std::this_thread::sleep_for(pause);
     }

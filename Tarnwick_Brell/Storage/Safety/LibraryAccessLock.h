@@ -14,6 +14,6 @@ std::optional<FileLock> shareLibrary(const std::filesystem::path& library);
 
 /// An exclusive lock for replacing the library. Waits ten seconds for programs that are writing,
 /// then throws StoreError.
-FileLock keepLibraryAlone(const std::filesystem::path& library);
+FileLock lockLibraryExclusively(const std::filesystem::path& library);
 
 }  // namespace app

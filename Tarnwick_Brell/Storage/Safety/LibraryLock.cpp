@@ -33,7 +33,7 @@ LibraryInUseError::LibraryInUseError(LockHolder holder)
     : StoreError(Reason::busy, sentence(holder)), holder_(std::move(holder)) {}
 
 LibraryLock::LibraryLock(const fs::path& library, std::string_view what)
-    : lock_(takeFile(lockFile(library))) {
+    : lock_(acquire(lockFile(library))) {
     // The holder empties the file when it ends normally; the kernel releases the lock in any case.
     lastHolderDied_ = lseek(lock_.descriptor(), 0, SEEK_END) > 0;
     write(fmt::format("{} {}\n", getpid(), what));
@@ -41,8 +41,8 @@ LibraryLock::LibraryLock(const fs::path& library, std::string_view what)
 
 LibraryLock::~LibraryLock() { write(""); }
 
-FileLock LibraryLock::takeFile(const fs::path& file) {
-    auto lock = FileLock::take(file, FileLock::Wait::no);
+FileLock LibraryLock::acquire(const fs::path& file) {
+    auto lock = FileLock::acquire(file, FileLock::Wait::no);
     if (!lock) throw LibraryInUseError(holderIn(file));
     return *std::move(lock);
 }

@@ -42,7 +42,7 @@ public:
     bool lastHolderDied() const { return lastHolderDied_; }
 
 private:
-    static FileLock takeFile(const std::filesystem::path& file);
+    static FileLock acquire(const std::filesystem::path& file);
     void write(std::string_view text);
 
     FileLock lock_;

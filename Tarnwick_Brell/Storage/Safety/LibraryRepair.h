@@ -13,8 +13,8 @@ struct Repair {
 
 /// Makes a sound library from the tables of a damaged one: copies every row into a new file, whose
 /// indexes are rebuilt. The old library is set aside and never deleted. The caller must hold
-/// keepLibraryAlone(). Throws StoreError, with nothing changed, when a table itself is damaged or
-/// the library is of another version.
+/// lockLibraryExclusively(). Throws StoreError, with nothing changed, when a table itself is
+/// damaged or the library is of another version.
 Repair repairLibrary(const std::filesystem::path& library, kit::Instant now);
 
 /// Like repairLibrary, but into the new file `copy`. Leaves nothing of it when it throws.

@@ -27,16 +27,16 @@ bool isOurs(const std::string& name) {
            name == "world-start";
 }
 
-void keepFilesPrivate(const std::filesystem::path& folder) {
+void restrictFiles(const std::filesystem::path& folder) {
     std::error_code none;
     for (const auto& entry : std::filesystem::directory_iterator(folder, none)) {
-        takeOthersRights(entry.path());
+        restrictToOwner(entry.path());
     }
 }
 
 /// A folder that the user chose and that contains other things, perhaps a home folder, keeps its
 /// permissions; the desk's files in it are private all the same.
-void keepPrivate(const std::filesystem::path& folder) {
+void restrictFolder(const std::filesystem::path& folder) {
     bool isOursAlone = true;
     std::error_code none;
     for (const auto& entry : std::filesystem::directory_iterator(folder, none)) {
@@ -44,10 +44,10 @@ void keepPrivate(const std::filesystem::path& folder) {
             isOursAlone = false;
             continue;
         }
-        takeOthersRights(entry.path());
-        if (entry.path().filename() == "backups") keepFilesPrivate(entry.path());
+        restrictToOwner(entry.path());
+        if (entry.path().filename() == "backups") restrictFiles(entry.path());
     }
-    if (isOursAlone || folder.filename() == kFolder) takeOthersRights(folder);
+    if (isOursAlone || folder.filename() == kFolder) restrictToOwner(folder);
 }
 
 }  // namespace
@@ -69,7 +69,7 @@ void Paths::createFolders() const {
                 StoreError::Reason::readOnly,
                 "The folder " + folder.string() + " can't be made (" + error.message() + ").");
         }
-        keepPrivate(folder);
+        restrictFolder(folder);
     }
 }
 

@@ -151,7 +151,7 @@ std::optional<std::string> suitable(const SettingKey& key, std::string_view valu
         case Type::webAddress: good = isServiceAddress(value); break;
         case Type::file: good = std::filesystem::is_regular_file(value); break;
         case Type::deviceList: return deviceList(value);
-        case Type::logLevels: good = kit::LogLevels::complaint(value).empty(); break;
+        case Type::logLevels: good = kit::LogLevels::parseError(value).empty(); break;
     }
     return good ? std::optional(std::string(value)) : std::nullopt;
 }
