@@ -88,7 +88,7 @@ LogLevels LogLevels::parse(std::string_view text) {
     return levels;
 }
 
-std::string LogLevels::complaint(std::string_view text) {
+std::string LogLevels::parseError(std::string_view text) {
     try {
         parse(text);
         return "";

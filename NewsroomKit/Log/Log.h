@@ -55,7 +55,7 @@ public:
     static LogLevels parse(std::string_view text);
 
     /// The message that `parse` would throw, without its full stop; empty when the text is valid.
-    static std::string complaint(std::string_view text);
+    static std::string parseError(std::string_view text);
 
     LogLevel of(LogCategory category) const { return levels_[static_cast<std::size_t>(category)]; }
 

@@ -8,7 +8,7 @@
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveText.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
-#include "Tarnwick_Brell/CommandLine/When.h"
+#include "Tarnwick_Brell/CommandLine/TimeArgument.h"
 
 namespace cli {
 
@@ -33,8 +33,8 @@ void printJSON(Session& session, const Answer& answer) {
 }
 
 int runStories(Session& session, const ArchiveOptions& options) {
-    const auto after = parseWhen(options.after, session.now());
-    const auto before = parseWhen(options.before, session.now());
+    const auto after = parseTimeArgument(options.after, session.now());
+    const auto before = parseTimeArgument(options.before, session.now());
     if (after >= before) throw WrongUsage("The period ends before it begins.");
     const kit::ArchivePeriod period{kit::secondsSince1970(after), kit::secondsSince1970(before)};
     const auto page =

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "Tarnwick_Brell/CommandLine/BeatMatches.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
-#include "Tarnwick_Brell/CommandLine/QueryText.h"
+#include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
@@ -44,8 +44,8 @@ void requireSound(const Beat& beat) {
     }
 }
 
-void put(Session& session, BeatShelf& shelf, Beat beat) {
-    write(session, session.store().beats(), shelf.put(std::move(beat)));
+void put(Session& session, BeatShelf& records, Beat beat) {
+    write(session, session.store().beats(), records.put(std::move(beat)));
 }
 
 void confirm(Session& session, const Beat& beat, std::string_view what) {
@@ -63,25 +63,25 @@ void confirm(Session& session, const Beat& beat, std::string_view what) {
 }  // namespace
 
 int listBeats(Session& session) {
-    const auto shelf = BeatShelf::read(session.storeForReading().beats());
+    const auto records = BeatShelf::read(session.storeForReading().beats());
     if (session.options().json) {
-        session.out().line(boost::json::serialize(recordsOf(shelf)));
+        session.out().line(boost::json::serialize(recordsOf(records)));
         return kDone;
     }
-    if (shelf.entries().empty()) {
+    if (records.entries().empty()) {
         session.advise(
             "No beats yet. brell beat new NAME --any TERMS creates one; brell beat test tries it "
             "out.");
         return kDone;
     }
     std::vector<kit::StoryQuery> queries;
-    for (const auto& entry : shelf.entries())
+    for (const auto& entry : records.entries())
         queries.push_back(entry.value ? entry.value->query : kit::StoryQuery());
     const auto matched = matchedLately(session, queries, kDays);
     TextTable table({Column::whole("beat"), Column::cut("follows", 20),
                      Column::whole("alerts").dropped(1), Column::whole("7 days")});
-    for (std::size_t i = 0; i < shelf.entries().size(); ++i) {
-        const auto& entry = shelf.entries()[i];
+    for (std::size_t i = 0; i < records.entries().size(); ++i) {
+        const auto& entry = records.entries()[i];
         if (entry.value) {
             table.add({printable(entry.name), queryText(entry.value->query),
                        entry.value->alerts ? "on" : "off", std::to_string(matched[i].size())});
@@ -96,35 +96,35 @@ int listBeats(Session& session) {
 int newBeat(Session& session, const BeatOptions& options) {
     requireSymbol(options.symbol);
     const auto query = givenQuery(session.store(), options.query);
-    auto shelf = BeatShelf::read(session.store().beats());
+    auto records = BeatShelf::read(session.store().beats());
     const auto name = trimmed(options.name);
-    requireFree(shelf, name, kBeat);
+    requireFree(records, name, kBeat);
     Beat beat;
     try {
         beat = kit::madeBeat(name, options.symbol, query, options.alerts == "on");
     } catch (const kit::RecordError& error) {
         throw WrongUsage(fmt::format("This is not a valid beat: {}.", error.what()));
     }
-    put(session, shelf, beat);
+    put(session, records, beat);
     confirm(session, beat, "Added");
     return kDone;
 }
 
 int changeBeat(Session& session, const BeatOptions& options) {
     requireSymbol(options.symbol);
-    auto shelf = BeatShelf::read(session.store().beats());
-    const auto& entry = named(shelf.entries(), options.name, kBeat);
+    auto records = BeatShelf::read(session.store().beats());
+    const auto& entry = named(records.entries(), options.name, kBeat);
     auto beat = readable(entry, kBeat);
     if (!options.newName.empty()) {
         beat.name = trimmed(options.newName);
-        requireFreeFor(shelf, entry, beat.name, kBeat);
+        requireFreeFor(records, entry, beat.name, kBeat);
     }
     if (!options.symbol.empty()) beat.symbol = options.symbol;
     if (!options.alerts.empty()) beat.alerts = options.alerts == "on";
     if (options.query.isGiven()) beat.query = givenQuery(session.store(), options.query);
     if (beat == *entry.value) throw WrongUsage("Say what to change; see brell beat change --help.");
     requireSound(beat);
-    put(session, shelf, beat);
+    put(session, records, beat);
     confirm(session, beat, "Changed");
     return kDone;
 }
@@ -137,8 +137,8 @@ int tryBeat(Session& session, const BeatOptions& options) {
     } else {
         if (options.query.isGiven())
             throw WrongUsage("Name a beat or say what to follow, not both.");
-        const auto shelf = BeatShelf::read(store.beats());
-        query = readable(named(shelf.entries(), options.name, kBeat), kBeat).query;
+        const auto records = BeatShelf::read(store.beats());
+        query = readable(named(records.entries(), options.name, kBeat), kBeat).query;
     }
     const auto matched = matchedLately(session, {query}, static_cast<int>(options.days)).front();
     printMatches(session, query, matched, static_cast<int>(options.days));
@@ -146,17 +146,17 @@ int tryBeat(Session& session, const BeatOptions& options) {
 }
 
 int moveBeat(Session& session, const BeatOptions& options) {
-    auto shelf = BeatShelf::read(session.store().beats());
-    const auto id = named(shelf.entries(), options.name, kBeat).id;
-    const auto change = shelf.move(id, static_cast<std::size_t>(options.place - 1));
+    auto records = BeatShelf::read(session.store().beats());
+    const auto id = named(records.entries(), options.name, kBeat).id;
+    const auto change = records.move(id, static_cast<std::size_t>(options.place - 1));
     write(session, session.store().beats(), *change);
     return listBeats(session);
 }
 
 int removeBeat(Session& session, const BeatOptions& options) {
-    auto shelf = BeatShelf::read(session.store().beats());
-    const auto entry = named(shelf.entries(), options.name, kBeat);
-    write(session, session.store().beats(), *shelf.remove(entry.id));
+    auto records = BeatShelf::read(session.store().beats());
+    const auto entry = named(records.entries(), options.name, kBeat);
+    write(session, session.store().beats(), *records.remove(entry.id));
     if (session.options().json) {
         session.out().line(boost::json::serialize(recordOf(entry)));
     } else {
@@ -167,12 +167,12 @@ int removeBeat(Session& session, const BeatOptions& options) {
 }
 
 int restoreBeat(Session& session, const BeatOptions& options) {
-    auto shelf = BeatShelf::read(session.store().beats());
-    if (shelf.removed().empty()) throw WorkFailed("No beat has been removed.");
+    auto records = BeatShelf::read(session.store().beats());
+    if (records.removed().empty()) throw WorkFailed("No beat has been removed.");
     const auto entry =
-        restored(session, session.store().beats(), shelf,
-                 options.name.empty() ? shelf.removed().front()
-                                      : lastRemoved(shelf.removed(), options.name, kBeat));
+        restored(session, session.store().beats(), records,
+                 options.name.empty() ? records.removed().front()
+                                      : lastRemoved(records.removed(), options.name, kBeat));
     if (session.options().json) {
         session.out().line(boost::json::serialize(recordOf(entry)));
     } else {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
 
 namespace cli {
@@ -8,5 +10,10 @@ namespace cli {
 struct GlobalOptions : app::DeskOptions {
     bool json = false;
 };
+
+/// Adds the given --demo and --data-dir to each brell command in the sentence, so that the advice
+/// applies to the same library. "brell watch" stays unchanged, because it names the running
+/// program.
+std::string withGivenOptions(const std::string& sentence, const GlobalOptions& options);
 
 }  // namespace cli

@@ -58,7 +58,7 @@ void addLogCommand(arguments::Command& app, Command& chosen) {
         .option("--level", options->levels,
                 "Only lines of at least this level: error, warning, info, debug, or by category "
                 "\"off,http=debug\"")
-        .checked([](const std::string& text) { return kit::LogLevels::complaint(text); });
+        .checked([](const std::string& text) { return kit::LogLevels::parseError(text); });
     command.number("--limit", options->limit, {1, 100'000}, "Show at most this many lines");
     command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return showProgramLog(session, *options); };

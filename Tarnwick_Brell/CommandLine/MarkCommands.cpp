@@ -7,9 +7,9 @@
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/Hints.h"
+#include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
-#include "Tarnwick_Brell/CommandLine/When.h"
+#include "Tarnwick_Brell/CommandLine/TimeArgument.h"
 
 namespace cli {
 
@@ -45,7 +45,7 @@ std::string storyCount(std::size_t count) {
     return count == 1 ? "1 story" : fmt::format("{} stories", count);
 }
 
-void tell(Session& session, std::size_t changed, const std::string& sentence) {
+void printOutcome(Session& session, std::size_t changed, const std::string& sentence) {
     const auto count = static_cast<std::uint64_t>(changed);
     session.out().line(session.options().json
                            ? boost::json::serialize(boost::json::object{{"changed", count}})
@@ -77,7 +77,7 @@ int markNamed(Session& session, const MarkVerb& verb, const IDs& names) {
         sentence += fmt::format("{}{} {} {} already.", sentence.empty() ? "" : " ",
                                 storyCount(rest), rest == 1 ? "was" : "were", verb.already);
     }
-    if (!ids.empty() || session.options().json) tell(session, marked.changed, sentence);
+    if (!ids.empty() || session.options().json) printOutcome(session, marked.changed, sentence);
     if (!complaints.empty()) throw WrongUsage(complaints);
     return kDone;
 }
@@ -94,12 +94,13 @@ int markAll(Session& session, const ReadOptions& options) {
     auto& store = session.store();
     requireKnownSources(store, options.sources);
     app::StorySelection selection{.sourceIDs = options.sources};
-    if (!options.before.empty()) selection.before = parseWhen(options.before, session.now());
+    if (!options.before.empty())
+        selection.before = parseTimeArgument(options.before, session.now());
     const auto changed = store.marks().markAllRead(selection, session.now());
-    tell(session, changed,
-         changed == 0 ? "No story was unread."
-                      : fmt::format("{} marked as read. brell read --undo undoes this.",
-                                    storyCount(changed)));
+    printOutcome(session, changed,
+                 changed == 0 ? "No story was unread."
+                              : fmt::format("{} marked as read. brell read --undo undoes this.",
+                                            storyCount(changed)));
     return kDone;
 }
 
@@ -107,14 +108,14 @@ int undoMarks(Session& session) {
     const auto undone = session.store().marks().undoLastChange();
     const auto changed = undone ? undone->numbers.size() : 0;
     if (changed == 0) {
-        tell(session, 0, "There was nothing to undo.");
+        printOutcome(session, 0, "There was nothing to undo.");
         return kDone;
     }
     const bool isRead = undone->mark == app::Mark::read;
     const auto* state = isRead ? (undone->on ? "read again" : "unread again")
                                : (undone->on ? "saved again" : "no longer saved");
-    tell(session, changed,
-         fmt::format("{} {} {}.", storyCount(changed), changed == 1 ? "is" : "are", state));
+    printOutcome(session, changed,
+                 fmt::format("{} {} {}.", storyCount(changed), changed == 1 ? "is" : "are", state));
     return kDone;
 }
 

@@ -57,18 +57,18 @@ app::StoredStory storyNamed(app::LocalStore& store, const std::string& id) {
                                  id, candidateLines(found), hasMore ? "\n  and more" : ""));
 }
 
-const kit::NewsSource& sourceNamed(const app::SourceRegistry& roster, const std::string& id) {
-    if (const auto* source = roster.find(id)) return *source;
+const kit::NewsSource& sourceNamed(const app::SourceRegistry& registry, const std::string& id) {
+    if (const auto* source = registry.find(id)) return *source;
     std::vector<std::string> known;
-    for (const auto& source : roster.sources()) known.push_back(source.id);
+    for (const auto& source : registry.sources()) known.push_back(source.id);
     throw WrongUsage(fmt::format("There is no source with the id {}.{} brell sources lists them.",
                                  id, arguments::didYouMean(id, known)));
 }
 
 void requireKnownSources(app::LocalStore& store, const std::vector<std::string>& ids) {
     if (ids.empty()) return;
-    const app::SourceRegistry roster(store.sources());
-    for (const auto& id : ids) sourceNamed(roster, id);
+    const app::SourceRegistry registry(store.sources());
+    for (const auto& id : ids) sourceNamed(registry, id);
 }
 
 }  // namespace cli

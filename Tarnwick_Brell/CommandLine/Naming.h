@@ -18,7 +18,7 @@ namespace cli {
 app::StoredStory storyNamed(app::LocalStore& store, const std::string& id);
 
 /// Throws WrongUsage.
-const kit::NewsSource& sourceNamed(const app::SourceRegistry& roster, const std::string& id);
+const kit::NewsSource& sourceNamed(const app::SourceRegistry& registry, const std::string& id);
 
 /// Throws WrongUsage unless every id is a source's.
 void requireKnownSources(app::LocalStore& store, const std::vector<std::string>& ids);

@@ -5,10 +5,9 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
-#include "Tarnwick_Brell/CommandLine/Hints.h"
+#include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
-#include "Tarnwick_Brell/CommandLine/NewsroomText.h"
-#include "Tarnwick_Brell/CommandLine/QueryText.h"
+#include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
@@ -54,35 +53,46 @@ kit::StoryQuery givenFocus(Session& session, const QueryOptions& options) {
     throw WrongUsage(fmt::format("This is not a valid newsroom: {}.", error.what()));
 }
 
-NewsroomShelf shelfToChange(Session& session) {
+NewsroomShelf recordsToChange(Session& session) {
     return NewsroomShelf::read(session.store().newsrooms());
 }
 
-void put(Session& session, NewsroomShelf& shelf, NewsroomSpec spec) {
-    write(session, session.store().newsrooms(), shelf.put(std::move(spec)));
+void put(Session& session, NewsroomShelf& records, NewsroomSpec spec) {
+    write(session, session.store().newsrooms(), records.put(std::move(spec)));
 }
 
-void tell(Session& session, const NewsroomShelf::Entry& entry, const std::string& sentence) {
+void printOutcome(Session& session, const NewsroomShelf::Entry& entry,
+                  const std::string& sentence) {
     session.out().line(session.options().json ? boost::json::serialize(recordOf(entry))
                                               : withGivenOptions(sentence, session.options()));
 }
 
-void tell(Session& session, const NewsroomShelf& shelf, const NewsroomSpec& spec,
-          std::string_view what) {
-    tell(session, *shelf.find(spec.id.text()),
-         fmt::format("{} {}: {}, {}.", what, printable(spec.name), panelsText(spec),
-                     queryText(spec.focus)));
+void printOutcome(Session& session, const NewsroomShelf& records, const NewsroomSpec& spec,
+                  std::string_view what) {
+    printOutcome(session, *records.find(spec.id.text()),
+                 fmt::format("{} {}: {}, {}.", what, printable(spec.name), panelsText(spec),
+                             queryText(spec.focus)));
 }
 
 }  // namespace
 
+std::string panelsText(const kit::NewsroomSpec& spec) {
+    if (spec.panels.empty()) return "no panels";
+    std::string text;
+    for (std::size_t i = 0; i < spec.panels.size(); ++i) {
+        if (i > 0) text += i + 1 == spec.panels.size() ? " and " : ", ";
+        text += rawValue(spec.panels[i].kind);
+    }
+    return text;
+}
+
 int listNewsrooms(Session& session) {
-    const auto shelf = NewsroomShelf::read(session.storeForReading().newsrooms());
+    const auto records = NewsroomShelf::read(session.storeForReading().newsrooms());
     if (session.options().json) {
-        session.out().line(boost::json::serialize(recordsOf(shelf)));
+        session.out().line(boost::json::serialize(recordsOf(records)));
         return kDone;
     }
-    if (shelf.entries().empty()) {
+    if (records.entries().empty()) {
         session.advise(
             "No newsrooms. brell newsroom new NAME --panels KINDS creates one; brell newsroom "
             "restore restores a removed one.");
@@ -90,7 +100,7 @@ int listNewsrooms(Session& session) {
     }
     TextTable table({Column::whole("newsroom"), Column::whole("panels").dropped(1),
                      Column::cut("follows", 20)});
-    for (const auto& entry : shelf.entries()) {
+    for (const auto& entry : records.entries()) {
         if (!entry.value) {
             table.add({printable(entry.name), "unreadable", ""});
             table.addNote(printable(entry.fault));
@@ -107,28 +117,28 @@ int newNewsroom(Session& session, const NewsroomOptions& options) {
     requireSymbol(options.symbol);
     const auto kinds = kindsNamed(options.panels);
     auto focus = givenFocus(session, options.focus);
-    auto shelf = shelfToChange(session);
+    auto records = recordsToChange(session);
     const auto name = trimmed(options.name);
-    requireFree(shelf, name, kNewsroom);
+    requireFree(records, name, kNewsroom);
     NewsroomSpec spec;
     try {
         spec = kit::madeNewsroom(name, options.symbol, kinds, std::move(focus));
     } catch (const kit::RecordError& error) {
         refuse(error);
     }
-    put(session, shelf, spec);
-    tell(session, shelf, spec, "Added");
+    put(session, records, spec);
+    printOutcome(session, records, spec, "Added");
     return kDone;
 }
 
 int changeNewsroom(Session& session, const NewsroomOptions& options) {
     requireSymbol(options.symbol);
-    auto shelf = shelfToChange(session);
-    const auto& entry = named(shelf.entries(), options.name, kNewsroom);
+    auto records = recordsToChange(session);
+    const auto& entry = named(records.entries(), options.name, kNewsroom);
     auto spec = readable(entry, kNewsroom);
     if (!options.newName.empty()) {
         const auto name = trimmed(options.newName);
-        requireFreeFor(shelf, entry, name, kNewsroom);
+        requireFreeFor(records, entry, name, kNewsroom);
         spec.name = name;
     }
     if (!options.symbol.empty()) spec.symbol = options.symbol;
@@ -143,19 +153,19 @@ int changeNewsroom(Session& session, const NewsroomOptions& options) {
     } catch (const kit::RecordError& error) {
         refuse(error);
     }
-    put(session, shelf, spec);
-    tell(session, shelf, spec, "Changed");
+    put(session, records, spec);
+    printOutcome(session, records, spec, "Changed");
     return kDone;
 }
 
 int duplicateNewsroom(Session& session, const NewsroomOptions& options) {
-    auto shelf = shelfToChange(session);
-    const auto& spec = readable(named(shelf.entries(), options.name, kNewsroom), kNewsroom);
+    auto records = recordsToChange(session);
+    const auto& spec = readable(named(records.entries(), options.name, kNewsroom), kNewsroom);
     auto name = trimmed(options.newName);
     if (name.empty()) {
-        name = shelf.freeName(spec.name);
+        name = records.freeName(spec.name);
     } else {
-        requireFree(shelf, name, kNewsroom);
+        requireFree(records, name, kNewsroom);
     }
     NewsroomSpec copy;
     try {
@@ -163,36 +173,37 @@ int duplicateNewsroom(Session& session, const NewsroomOptions& options) {
     } catch (const kit::RecordError& error) {
         refuse(error);
     }
-    put(session, shelf, copy);
-    tell(session, shelf, copy, "Added");
+    put(session, records, copy);
+    printOutcome(session, records, copy, "Added");
     return kDone;
 }
 
 int moveNewsroom(Session& session, const NewsroomOptions& options) {
-    auto shelf = shelfToChange(session);
-    const auto id = named(shelf.entries(), options.name, kNewsroom).id;
-    const auto change = shelf.move(id, static_cast<std::size_t>(options.place - 1));
+    auto records = recordsToChange(session);
+    const auto id = named(records.entries(), options.name, kNewsroom).id;
+    const auto change = records.move(id, static_cast<std::size_t>(options.place - 1));
     write(session, session.store().newsrooms(), *change);
     return listNewsrooms(session);
 }
 
 int removeNewsroom(Session& session, const NewsroomOptions& options) {
-    auto shelf = shelfToChange(session);
-    const auto entry = named(shelf.entries(), options.name, kNewsroom);
-    write(session, session.store().newsrooms(), *shelf.remove(entry.id));
-    tell(session, entry,
-         fmt::format("Removed {}. brell newsroom restore restores it.", printable(entry.name)));
+    auto records = recordsToChange(session);
+    const auto entry = named(records.entries(), options.name, kNewsroom);
+    write(session, session.store().newsrooms(), *records.remove(entry.id));
+    printOutcome(
+        session, entry,
+        fmt::format("Removed {}. brell newsroom restore restores it.", printable(entry.name)));
     return kDone;
 }
 
 int restoreNewsroom(Session& session, const NewsroomOptions& options) {
-    auto shelf = shelfToChange(session);
-    if (shelf.removed().empty()) throw WorkFailed("No newsroom has been removed.");
+    auto records = recordsToChange(session);
+    if (records.removed().empty()) throw WorkFailed("No newsroom has been removed.");
     const auto entry =
-        restored(session, session.store().newsrooms(), shelf,
-                 options.name.empty() ? shelf.removed().front()
-                                      : lastRemoved(shelf.removed(), options.name, kNewsroom));
-    tell(session, entry, fmt::format("{} was restored.", printable(entry.name)));
+        restored(session, session.store().newsrooms(), records,
+                 options.name.empty() ? records.removed().front()
+                                      : lastRemoved(records.removed(), options.name, kNewsroom));
+    printOutcome(session, entry, fmt::format("{} was restored.", printable(entry.name)));
     return kDone;
 }
 

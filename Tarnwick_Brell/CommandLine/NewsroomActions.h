@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
 
@@ -31,5 +32,8 @@ int removeNewsroom(Session& session, const NewsroomOptions& options);
 int restoreNewsroom(Session& session, const NewsroomOptions& options);
 int exportNewsroom(Session& session, const NewsroomOptions& options);
 int importNewsroom(Session& session, const NewsroomOptions& options);
+
+/// "stream, status and stock"
+std::string panelsText(const kit::NewsroomSpec& spec);
 
 }  // namespace cli

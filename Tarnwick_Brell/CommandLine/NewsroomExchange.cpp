@@ -5,8 +5,7 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/InputFile.h"
 #include "Tarnwick_Brell/CommandLine/NewsroomActions.h"
-#include "Tarnwick_Brell/CommandLine/NewsroomText.h"
-#include "Tarnwick_Brell/CommandLine/QueryText.h"
+#include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
@@ -48,8 +47,8 @@ void printEffects(Session& session, const kit::NewsroomSpec& spec) {
 
 /// A newsroom that can't be read is exported as stored, because another version may read it.
 int exportNewsroom(Session& session, const NewsroomOptions& options) {
-    const auto shelf = NewsroomShelf::read(session.storeForReading().newsrooms());
-    const auto& entry = named(shelf.entries(), options.name, "newsroom");
+    const auto records = NewsroomShelf::read(session.storeForReading().newsrooms());
+    const auto& entry = named(records.entries(), options.name, "newsroom");
     session.out().write(entry.value ? kit::NewsroomFile::write(*entry.value) : entry.record + "\n");
     return kDone;
 }
@@ -57,15 +56,15 @@ int exportNewsroom(Session& session, const NewsroomOptions& options) {
 int importNewsroom(Session& session, const NewsroomOptions& options) {
     const auto bytes = readInput(options.file, kit::NewsroomLimits::kFileBytes);
     auto& store = options.preview ? session.storeForReading() : session.store();
-    auto shelf = NewsroomShelf::read(store.newsrooms());
+    auto records = NewsroomShelf::read(store.newsrooms());
     kit::NewsroomSpec spec;
     try {
-        spec = app::takenIn(bytes, shelf);
+        spec = app::takenIn(bytes, records);
     } catch (const kit::RecordError& error) {
         throw WorkFailed(
             fmt::format("This newsroom can't be imported: {}.", printable(error.what())));
     }
-    if (!options.preview) write(session, store.newsrooms(), shelf.put(spec));
+    if (!options.preview) write(session, store.newsrooms(), records.put(spec));
     if (session.options().json) {
         session.out().line(boost::json::serialize(kit::encode(spec)));
     } else {

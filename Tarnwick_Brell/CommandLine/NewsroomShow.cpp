@@ -3,10 +3,10 @@
 
 #include <fmt/format.h>
 
-#include "Tarnwick_Brell/CommandLine/Hints.h"
+#include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/NewsroomActions.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
-#include "Tarnwick_Brell/CommandLine/QueryText.h"
+#include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
@@ -57,8 +57,8 @@ boost::json::value recordOf(PanelHoldings& holdings, const kit::NewsroomSpec& sp
 }  // namespace
 
 int showNewsroom(Session& session, const NewsroomOptions& options) {
-    const auto shelf = app::NewsroomShelf::read(session.storeForReading().newsrooms());
-    const auto& spec = readable(named(shelf.entries(), options.name, "newsroom"), "newsroom");
+    const auto records = app::NewsroomShelf::read(session.storeForReading().newsrooms());
+    const auto& spec = readable(named(records.entries(), options.name, "newsroom"), "newsroom");
     PanelHoldings holdings(session);
     if (session.options().json) {
         session.out().line(boost::json::serialize(recordOf(holdings, spec)));

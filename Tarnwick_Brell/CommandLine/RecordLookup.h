@@ -23,9 +23,9 @@ boost::json::value recordOf(const app::RecordEntry<T>& entry) {
 }
 
 template <class T>
-boost::json::array recordsOf(const app::OrderedRecords<T>& shelf) {
+boost::json::array recordsOf(const app::OrderedRecords<T>& ordered) {
     boost::json::array records;
-    for (const auto& entry : shelf.entries()) records.push_back(recordOf(entry));
+    for (const auto& entry : ordered.entries()) records.push_back(recordOf(entry));
     return records;
 }
 
@@ -67,18 +67,18 @@ const T& readable(const app::RecordEntry<T>& entry, std::string_view what) {
 
 /// Throws WrongUsage when an entry has that name already.
 template <class T>
-void requireFree(const app::OrderedRecords<T>& shelf, const std::string& name,
+void requireFree(const app::OrderedRecords<T>& ordered, const std::string& name,
                  std::string_view what) {
-    if (app::OrderedRecords<T>::meant(shelf.entries(), name).empty()) return;
+    if (app::OrderedRecords<T>::meant(ordered.entries(), name).empty()) return;
     throw WrongUsage(fmt::format("There is a {} named {} already.", what, printable(name)));
 }
 
 /// The same for renaming an entry; its own name in another letter case is allowed.
 template <class T>
-void requireFreeFor(const app::OrderedRecords<T>& shelf, const app::RecordEntry<T>& entry,
+void requireFreeFor(const app::OrderedRecords<T>& ordered, const app::RecordEntry<T>& entry,
                     const std::string& name, std::string_view what) {
-    for (const auto* other : app::OrderedRecords<T>::meant(shelf.entries(), name)) {
-        if (other != &entry) requireFree(shelf, name, what);
+    for (const auto* other : app::OrderedRecords<T>::meant(ordered.entries(), name)) {
+        if (other != &entry) requireFree(ordered, name, what);
     }
 }
 
@@ -100,14 +100,14 @@ void write(Session& session, app::RecordTable& table, const app::RecordChange& c
 /// Restores a removed entry, with a number after its name when that is in use again.
 template <class T>
 app::RecordEntry<T> restored(Session& session, app::RecordTable& table,
-                             app::OrderedRecords<T>& shelf, app::RecordEntry<T> entry) {
-    const auto name = shelf.freeName(entry.name);
-    write(session, table, *shelf.restore(entry.id));
+                             app::OrderedRecords<T>& ordered, app::RecordEntry<T> entry) {
+    const auto name = ordered.freeName(entry.name);
+    write(session, table, *ordered.restore(entry.id));
     if (entry.value && name != entry.name) {
         entry.value->name = name;
-        write(session, table, shelf.put(*entry.value));
+        write(session, table, ordered.put(*entry.value));
     }
-    return *shelf.find(entry.id);
+    return *ordered.find(entry.id);
 }
 
 /// Writes one change of the records.

@@ -27,12 +27,12 @@ struct RefreshOptions {
     bool unconditional = false;
 };
 
-std::vector<kit::NewsSource> sourcesFor(const app::SourceRegistry& roster,
+std::vector<kit::NewsSource> sourcesFor(const app::SourceRegistry& registry,
                                         const RefreshOptions& options) {
-    if (options.sources.empty()) return roster.enabledSources();
+    if (options.sources.empty()) return registry.enabledSources();
     std::vector<kit::NewsSource> named;
     for (const auto& id : options.sources) {
-        const auto& source = sourceNamed(roster, id);
+        const auto& source = sourceNamed(registry, id);
         const bool twice = std::any_of(named.begin(), named.end(),
                                        [&](const auto& other) { return other.id == id; });
         if (!twice) named.push_back(source);
@@ -52,8 +52,8 @@ void sortLike(const std::vector<kit::NewsSource>& asked, std::vector<SourceOutco
 int runRefresh(Session& session, const RefreshOptions& options) {
     auto network = session.network();
     auto& store = session.store();
-    const app::SourceRegistry roster(store.sources());
-    const auto asked = sourcesFor(roster, options);
+    const app::SourceRegistry registry(store.sources());
+    const auto asked = sourcesFor(registry, options);
 
     BlockingFetcher engine(std::move(network),
                            options.unconditional ? kit::Conditional::no : kit::Conditional::yes);

@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "Tarnwick_Brell/CommandLine/Hints.h"
+#include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
 

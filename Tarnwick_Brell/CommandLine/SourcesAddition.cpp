@@ -66,8 +66,8 @@ boost::json::object recordOf(const app::AddressCheck& check) {
 int checkAddress(Session& session, const std::string& address) {
     BlockingFetcher engine(session.network(), kit::Conditional::no);
     auto& store = session.storeForReading();
-    app::SourceRegistry roster(store.sources());
-    app::SourceAdder adding(store, roster, engine.fetching(), &currentInstant,
+    app::SourceRegistry registry(store.sources());
+    app::SourceAdder adding(store, registry, engine.fetching(), &currentInstant,
                             std::chrono::duration<double>(session.defaults().storyRetention()));
     const auto checked = engine.await(adding.check(address));
     const auto& check = valueOf(checked);
@@ -83,8 +83,8 @@ int checkAddress(Session& session, const std::string& address) {
 int addSources(Session& session, const std::vector<std::string>& addresses, bool unchecked) {
     BlockingFetcher engine(session.network(), kit::Conditional::no);
     auto& store = session.store();
-    app::SourceRegistry roster(store.sources());
-    app::SourceAdder adding(store, roster, engine.fetching(), &currentInstant,
+    app::SourceRegistry registry(store.sources());
+    app::SourceAdder adding(store, registry, engine.fetching(), &currentInstant,
                             std::chrono::duration<double>(session.defaults().storyRetention()));
     boost::json::array added;
     std::exception_ptr failure;

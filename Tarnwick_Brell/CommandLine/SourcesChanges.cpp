@@ -19,9 +19,9 @@ namespace {
 
 using kit::NewsSource;
 
-const NewsSource& ownSource(const app::SourceRegistry& roster, const std::string& id,
+const NewsSource& ownSource(const app::SourceRegistry& registry, const std::string& id,
                             std::string_view advice) {
-    const auto& source = sourceNamed(roster, id);
+    const auto& source = sourceNamed(registry, id);
     if (source.kind == NewsSource::Kind::custom) return source;
     throw WorkFailed(fmt::format("{} belongs to the catalogue; {}.", source.name, advice));
 }
@@ -30,17 +30,17 @@ const NewsSource& ownSource(const app::SourceRegistry& roster, const std::string
 
 int switchSources(Session& session, const std::vector<std::string>& ids, bool enabled) {
     auto& store = session.store();
-    app::SourceRegistry roster(store.sources());
-    for (const auto& id : ids) sourceNamed(roster, id);
+    app::SourceRegistry registry(store.sources());
+    for (const auto& id : ids) sourceNamed(registry, id);
     auto transaction = store.transaction();
-    for (const auto& id : ids) roster.setEnabled(id, enabled);
+    for (const auto& id : ids) registry.setEnabled(id, enabled);
     transaction.commit();
 
     boost::json::array changed;
     for (const auto& id : ids) {
         changed.push_back({{"id", id}, {"enabled", enabled}});
         if (session.options().json) continue;
-        session.out().line(fmt::format("{} is {}.", printable(sourceNamed(roster, id).name),
+        session.out().line(fmt::format("{} is {}.", printable(sourceNamed(registry, id).name),
                                        enabled ? "on" : "off"));
     }
     if (session.options().json) session.out().line(boost::json::serialize(changed));
@@ -50,11 +50,11 @@ int switchSources(Session& session, const std::vector<std::string>& ids, bool en
 int renameSource(Session& session, const std::string& id, const std::string& name) {
     const auto wanted = printable(kit::trimWhitespaceAndNewlines(name));
     if (wanted.empty()) throw WrongUsage("A source needs a name.");
-    app::SourceRegistry roster(session.store().sources());
-    const auto former = ownSource(roster, id, "its name can't be changed").name;
-    roster.rename(id, wanted);
+    app::SourceRegistry registry(session.store().sources());
+    const auto former = ownSource(registry, id, "its name can't be changed").name;
+    registry.rename(id, wanted);
     if (session.options().json) {
-        session.out().line(boost::json::serialize(kit::encode(sourceNamed(roster, id))));
+        session.out().line(boost::json::serialize(kit::encode(sourceNamed(registry, id))));
     } else {
         session.out().line(fmt::format("{} is now named {}.", printable(former), wanted));
     }
@@ -64,16 +64,16 @@ int renameSource(Session& session, const std::string& id, const std::string& nam
 /// Removes all of the sources or none.
 int removeSources(Session& session, const std::vector<std::string>& ids) {
     auto& store = session.store();
-    app::SourceRegistry roster(store.sources());
+    app::SourceRegistry registry(store.sources());
     std::vector<NewsSource> removed;
     for (const auto& id : ids) {
-        const auto& source = ownSource(roster, id, "disable it instead");
+        const auto& source = ownSource(registry, id, "disable it instead");
         if (std::find(removed.begin(), removed.end(), source) == removed.end()) {
             removed.push_back(source);
         }
     }
     auto transaction = store.transaction();
-    for (const auto& source : removed) roster.remove(source.id, session.now());
+    for (const auto& source : removed) registry.remove(source.id, session.now());
     transaction.commit();
 
     if (session.options().json) {

@@ -32,15 +32,15 @@ struct ConsoleRow {
     std::optional<Instant> nextTry{};  ///< absent: with the next pass
 };
 
-std::vector<ConsoleRow> consoleRows(app::LocalStore& store, const app::SourceRegistry& roster,
+std::vector<ConsoleRow> consoleRows(app::LocalStore& store, const app::SourceRegistry& registry,
                                     Instant now) {
     auto statuses = store.sources().statuses();
     auto healths = store.sources().healths();
     const auto pauses = store.hostPauses().load(now);
     std::vector<ConsoleRow> rows;
-    for (const auto& source : roster.sources()) {
+    for (const auto& source : registry.sources()) {
         rows.push_back({.source = source,
-                        .enabled = roster.isEnabled(source),
+                        .enabled = registry.isEnabled(source),
                         .status = statuses[source.id],
                         .health = healths[source.id],
                         .pausedUntil = app::pauseOf(source, pauses, now),
@@ -144,8 +144,8 @@ void printJSON(Session& session, const std::vector<ConsoleRow>& rows) {
 
 int showSourceConsole(Session& session) {
     auto& store = session.storeForReading();
-    const app::SourceRegistry roster(store.sources());
-    const auto rows = consoleRows(store, roster, session.now());
+    const app::SourceRegistry registry(store.sources());
+    const auto rows = consoleRows(store, registry, session.now());
     session.options().json ? printJSON(session, rows) : printTable(session, rows);
     return kDone;
 }

@@ -83,11 +83,11 @@ int importSources(Session& session, const std::string& file, bool preview) {
     auto parsed = kit::parseOutlines(readInput(file, kit::outlineByteLimit));
     if (!parsed) throw WorkFailed(std::string(description(parsed.error())));
     auto& store = preview ? session.storeForReading() : session.store();
-    app::SourceRegistry roster(store.sources());
-    const auto plan = app::previewImport(std::move(parsed.value()), roster);
+    app::SourceRegistry registry(store.sources());
+    const auto plan = app::previewImport(std::move(parsed.value()), registry);
     if (preview) return showImport(session, plan);
 
-    const auto added = app::applyImport(plan, store, roster);
+    const auto added = app::applyImport(plan, store, registry);
     if (session.options().json) {
         printJSON(session, plan, kit::encode(added).get_array());
         return kDone;
@@ -102,8 +102,8 @@ int importSources(Session& session, const std::string& file, bool preview) {
 }
 
 int exportSources(Session& session, app::ExportScope scope, bool withSecrets) {
-    const app::SourceRegistry roster(session.storeForReading().sources());
-    auto outlines = app::exportedSources(roster, scope);
+    const app::SourceRegistry registry(session.storeForReading().sources());
+    auto outlines = app::exportedSources(registry, scope);
     boost::json::array withheld;
     for (auto& feed : outlines.feeds) {
         if (withSecrets) continue;

@@ -29,13 +29,13 @@ std::string statusText(const NewsSource& source, const app::SourceStatus& status
                        agoText(*status.lastSuccess, now));
 }
 
-int listAsJSON(Session& session, app::LocalStore& store, const app::SourceRegistry& roster) {
+int listAsJSON(Session& session, app::LocalStore& store, const app::SourceRegistry& registry) {
     auto statuses = store.sources().statuses();
     auto healths = store.sources().healths();
     boost::json::array list;
-    for (const auto& source : roster.sources()) {
+    for (const auto& source : registry.sources()) {
         auto record = kit::encode(source).get_object();
-        record["enabled"] = roster.isEnabled(source);
+        record["enabled"] = registry.isEnabled(source);
         record["status"] = kit::encode(statuses[source.id]);
         record["collapsed"] = healths[source.id].collapsed;
         list.push_back(std::move(record));
@@ -48,20 +48,20 @@ int listAsJSON(Session& session, app::LocalStore& store, const app::SourceRegist
 
 int listSources(Session& session) {
     auto& store = session.storeForReading();
-    const app::SourceRegistry roster(store.sources());
-    if (session.options().json) return listAsJSON(session, store, roster);
+    const app::SourceRegistry registry(store.sources());
+    if (session.options().json) return listAsJSON(session, store, registry);
     auto statuses = store.sources().statuses();
     auto healths = store.sources().healths();
     TextTable table({Column::cut("source", 14), Column::whole("id"), Column::whole(""),
                      Column::whole("last fetch").dropped(1)});
     const NewsSource* previous = nullptr;
-    for (const auto& source : roster.sources()) {
+    for (const auto& source : registry.sources()) {
         if (!previous || previous->category != source.category) {
             table.begin(std::string(label(source.category)));
         }
         previous = &source;
         const auto& status = statuses[source.id];
-        table.add({printable(source.name), source.id, roster.isEnabled(source) ? "on" : "off",
+        table.add({printable(source.name), source.id, registry.isEnabled(source) ? "on" : "off",
                    statusText(source, status, healths[source.id], session.now())});
         if (status.lastError) table.addNote(printable(*status.lastError));
     }

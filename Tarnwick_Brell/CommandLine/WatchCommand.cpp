@@ -60,7 +60,7 @@ private:
             noticeClock();
         });
         QObject::connect(&desk_, &NewsDesk::failed, &desk_,
-                         [](const QString& sentence) { tell(sentence.toStdString()); });
+                         [](const QString& sentence) { printNotice(sentence.toStdString()); });
         // Restoring needs exclusive access to the library, so the desk must end.
         for (const auto signal : {&NewsDesk::libraryDamaged, &NewsDesk::loadFailed}) {
             QObject::connect(&desk_, signal, &desk_,
@@ -72,7 +72,7 @@ private:
         using app::Alerts;
         using app::TrackerStore;
         QObject::connect(&trackers_, &TrackerStore::refreshChanged, &desk_,
-                         [this] { noteTrackers(); });
+                         [this] { reportTrackers(); });
         QObject::connect(
             &trackers_, &TrackerStore::onServiceProblem, &desk_, [this](const auto& it) {
                 printEvent(
@@ -115,43 +115,43 @@ private:
 
     /// Reports when a tracker begins to fail and when it works again.
     template <class T>
-    void noteState(const std::string& name, const app::CachedValue<T>& reading) {
+    void reportState(const std::string& name, const app::CachedValue<T>& reading) {
         const bool wasFailing = failing_.contains(name);
-        if (reading.error && failing_.insert(name).second) tell(*reading.error);
+        if (reading.error && failing_.insert(name).second) printNotice(*reading.error);
         if (!reading.error && wasFailing) {
             failing_.erase(name);
-            tell(name + " can be read again.");
+            printNotice(name + " can be read again.");
         }
     }
 
-    void noteTrackers() {
+    void reportTrackers() {
         if (wasOffline_) return;
-        noteState("Apple's consumer status", trackers_.consumerStatus());
-        noteState("Apple's developer status", trackers_.developerStatus());
-        noteState("The list of releases", trackers_.releases());
-        noteState("Apple's calendar", trackers_.events());
-        noteState("The board of quotes", trackers_.board());
-        noteState("The share's quote", trackers_.quote());
+        reportState("Apple's consumer status", trackers_.consumerStatus());
+        reportState("Apple's developer status", trackers_.developerStatus());
+        reportState("The list of releases", trackers_.releases());
+        reportState("Apple's calendar", trackers_.events());
+        reportState("The board of quotes", trackers_.board());
+        reportState("The share's quote", trackers_.quote());
         // All devices share a server, so that the failure of one stands for all.
         app::CachedValue<kit::SigningStatus> signing;
         for (const auto& device : trackers_.devices()) {
             const auto& reading = trackers_.signing(device);
             if (reading.error && !signing.error) signing = reading;
         }
-        noteState("Firmware signing", signing);
-        noteState("Apple's update catalogue", trackers_.updates());
+        reportState("Firmware signing", signing);
+        reportState("Apple's update catalogue", trackers_.updates());
         for (const auto& row : kit::enumTable<kit::AppStoreCharts::Kind>) {
-            noteState("The chart \"" + std::string(row.label) + "\"", trackers_.chart(row.value));
+            reportState("The chart \"" + std::string(row.label) + "\"", trackers_.chart(row.value));
         }
     }
 
     static void openLink(const QString& link) {
         if (QProcess::startDetached("xdg-open", {link})) return;
-        tell("There is no xdg-open to open " + printable(kit::maskedLogins(link.toStdString())) +
-             " with.");
+        printNotice("There is no xdg-open to open " +
+                    printable(kit::maskedLogins(link.toStdString())) + " with.");
     }
 
-    static void tell(const std::string& sentence) {
+    static void printNotice(const std::string& sentence) {
         showProgress("");
         fmt::print(stderr, "brell: {}\n", printable(sentence));
     }
@@ -212,15 +212,15 @@ private:
     void noticeNetwork(const app::PassReport& report) {
         if (report.cancelled || report.offline == wasOffline_) return;
         wasOffline_ = report.offline;
-        tell(report.offline ? "No server can be reached: this computer seems to be offline."
-                            : "The network is back.");
+        printNotice(report.offline ? "No server can be reached: this computer seems to be offline."
+                                   : "The network is back.");
     }
 
     void noticeClock() {
         if (desk_.clockSeemsWrong() == clockSeemedWrong_) return;
         clockSeemedWrong_ = desk_.clockSeemsWrong();
-        tell(clockSeemedWrong_ ? std::string(app::kClockSeemsWrong)
-                               : "This computer's clock agrees with the servers again.");
+        printNotice(clockSeemedWrong_ ? std::string(app::kClockSeemsWrong)
+                                      : "This computer's clock agrees with the servers again.");
     }
 
     Session& session_;

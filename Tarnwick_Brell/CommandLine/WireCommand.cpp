@@ -8,7 +8,7 @@
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
-#include "Tarnwick_Brell/CommandLine/When.h"
+#include "Tarnwick_Brell/CommandLine/TimeArgument.h"
 #include "Tarnwick_Brell/CommandLine/StoryRow.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
@@ -33,7 +33,7 @@ app::StorySelection selectionFor(const WireOptions& options, kit::Instant now) {
                                   .sourceIDs = options.query.sources,
                                   .unread = options.unread,
                                   .saved = options.saved};
-    if (!options.since.empty()) selection.since = parseWhen(options.since, now);
+    if (!options.since.empty()) selection.since = parseTimeArgument(options.since, now);
     if (selection.search.isEmpty() && !options.search.empty()) {
         throw WrongUsage("There is no word to search for in \"" + options.search + "\".");
     }
@@ -43,8 +43,8 @@ app::StorySelection selectionFor(const WireOptions& options, kit::Instant now) {
 /// The query of the beat; without one, every story.
 kit::StoryQuery beatQuery(app::LocalStore& store, const std::string& name) {
     if (name.empty()) return {};
-    const auto shelf = app::BeatShelf::read(store.beats());
-    return readable(named(shelf.entries(), name, "beat"), "beat").query;
+    const auto records = app::BeatShelf::read(store.beats());
+    return readable(named(records.entries(), name, "beat"), "beat").query;
 }
 
 // Lists up to this size are written only after the library has been read: a waiting pager would

@@ -13,7 +13,6 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
-#include "Tarnwick_Brell/CommandLine/Hints.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
 
@@ -22,7 +21,7 @@ namespace {
 using namespace cli;
 
 /// Lines that begin a sentence begin with "brell: "; lists below them are indented.
-int complain(int status, const std::string& sentence) {
+int printError(int status, const std::string& sentence) {
     for (std::size_t begin = 0; begin <= sentence.size();) {
         const auto end = std::min(sentence.find('\n', begin), sentence.size());
         const auto line = sentence.substr(begin, end - begin);
@@ -52,7 +51,7 @@ void addGlobalOptions(arguments::Command& app, GlobalOptions& options) {
 }
 
 /// Prints pending output before a failure is reported.
-int carryOut(const Command& command, Session& session) {
+int execute(const Command& command, Session& session) {
     try {
         const int status = command(session);
         session.out().flush();
@@ -67,11 +66,11 @@ int carryOut(const Command& command, Session& session) {
 
 int attempt(const Command& command, const GlobalOptions& options) {
     const auto fail = [&](int status, const std::string& sentence) {
-        return complain(status, withGivenOptions(sentence, options));
+        return printError(status, withGivenOptions(sentence, options));
     };
     try {
         Session session(options);
-        return carryOut(command, session);
+        return execute(command, session);
     } catch (const ReaderGone&) {
         throw;
     } catch (const WrongUsage& error) {
@@ -107,7 +106,7 @@ int show(const std::string& text) {
     } catch (const ReaderGone&) {
         throw;
     } catch (const OutputError& error) {
-        return complain(kWorkFailed, error.what());
+        return printError(kWorkFailed, error.what());
     }
 }
 
@@ -157,6 +156,6 @@ int main(int argc, char** argv) {
     } catch (const ReaderGone&) {
         return endWithReader();
     } catch (const arguments::UsageError& error) {
-        return complain(kWrongUsage, error.what());
+        return printError(kWrongUsage, error.what());
     }
 }

@@ -36,7 +36,7 @@ void addDeskOptions(arguments::Command& program, DeskOptions& options) {
             "Print the program's log as well: a level (error, warning, info, debug) or levels of "
             "categories (warning,http=debug)")
         .shownAs("LEVELS")
-        .checked([](const std::string& text) { return kit::LogLevels::complaint(text); });
+        .checked([](const std::string& text) { return kit::LogLevels::parseError(text); });
 }
 
 }  // namespace app

@@ -70,7 +70,7 @@ ProgramLog::Options LaunchContext::log() const {
     auto levels = options_.log;
     if (!levels) levels = Defaults(paths_.settings).text(SettingKey::kLogLevels);
     // The settings file may have been edited by hand.
-    if (!levels || !kit::LogLevels::complaint(*levels).empty()) levels = "info";
+    if (!levels || !kit::LogLevels::parseError(*levels).empty()) levels = "info";
     return {.file = paths_.log, .levels = *levels, .toStandardError = options_.log.has_value()};
 }
 

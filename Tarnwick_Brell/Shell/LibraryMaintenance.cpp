@@ -27,13 +27,13 @@ void LibraryMaintenance::start(bool lastDeskDied) {
 
 void LibraryMaintenance::run(const std::stop_token& stop, bool lastDeskDied) {
     while (!stop.stop_requested()) {
-        lookAfter(stop, std::exchange(lastDeskDied, false));
+        maintain(stop, std::exchange(lastDeskDied, false));
         std::unique_lock lock(mutex_);
         pause_.wait_for(lock, stop, kBetweenLooks, [] { return false; });
     }
 }
 
-void LibraryMaintenance::lookAfter(const std::stop_token& stop, bool lastDeskDied) {
+void LibraryMaintenance::maintain(const std::stop_token& stop, bool lastDeskDied) {
     try {
         checkIfDue(library_, lastDeskDied, clock_(), stop);
         if (const auto backup = Backups(library_).makeIfDue(clock_(), stop)) {

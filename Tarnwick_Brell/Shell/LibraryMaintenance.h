@@ -29,7 +29,7 @@ signals:
 
 private:
     void run(const std::stop_token& stop, bool lastDeskDied);
-    void lookAfter(const std::stop_token& stop, bool lastDeskDied);
+    void maintain(const std::stop_token& stop, bool lastDeskDied);
 
     std::filesystem::path library_;
     kit::Clock clock_;

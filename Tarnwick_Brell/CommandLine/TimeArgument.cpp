@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/CommandLine/When.h"
+#include "Tarnwick_Brell/CommandLine/TimeArgument.h"
 
 #include <charconv>
 #include <chrono>
@@ -8,7 +8,7 @@
 
 namespace cli {
 
-kit::Instant parseWhen(std::string_view text, kit::Instant now) {
+kit::Instant parseTimeArgument(std::string_view text, kit::Instant now) {
     using namespace std::chrono;
     int number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);

@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/CommandLine/Hints.h"
+#include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 
 #include <string_view>
 
