@@ -248,7 +248,7 @@ ResponseHeaders CurlTransfer::headers() const {
     return headers;
 }
 
-void CurlTransfer::noteRedirect(int status) {
+void CurlTransfer::recordRedirect(int status) {
     ++redirects_;
     hasAsked_ = false;
     movedForGood_ = movedForGood_ && (status == 301 || status == 308);
@@ -264,7 +264,7 @@ bool CurlTransfer::headComplete() {
     const int code = status();
     if (code < 200) return true;
     if (follows(code)) {
-        noteRedirect(code);
+        recordRedirect(code);
         return true;
     }
     hasFinalHead_ = true;

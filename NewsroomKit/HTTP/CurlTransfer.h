@@ -72,7 +72,7 @@ private:
     bool follows(int status) const;
     std::string redirectTo(int status) const;
     ResponseHeaders headers() const;
-    void noteRedirect(int status);
+    void recordRedirect(int status);
     bool headComplete();
     bool withinHeaderLimit(std::size_t bytes);
     bool accept(std::string_view bytes);

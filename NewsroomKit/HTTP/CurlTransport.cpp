@@ -128,7 +128,7 @@ public:
         wake();
     }
 
-    Batch take() {
+    Batch drain() {
         const std::lock_guard lock(mutex_);
         awake_ = false;
         return {std::exchange(orders_, {}), std::exchange(cancellations_, {}), closed_};
@@ -208,7 +208,7 @@ private:
     void run() {
         blockSignals();
         for (;;) {
-            auto batch = inbox_->take();
+            auto batch = inbox_->drain();
             for (auto& order : batch.orders) start(std::move(order));
             for (const auto number : batch.cancellations) abandon(number, URLError::cancelled);
             if (batch.closed) break;
@@ -223,7 +223,7 @@ private:
 
     void start(Order order) {
         auto transfer =
-            std::make_unique<CurlTransfer>(takeHandle(), std::move(order.request), rules_);
+            std::make_unique<CurlTransfer>(freshHandle(), std::move(order.request), rules_);
         curl_multi_add_handle(multi_.get(), transfer->handle());
         numbers_.emplace(transfer->handle(), order.number);
         const auto deadline = transfer->deadline();
@@ -232,7 +232,7 @@ private:
                          Running{std::move(transfer), std::move(order.completion), deadline});
     }
 
-    CurlEasy takeHandle() {
+    CurlEasy freshHandle() {
         if (handles_.empty()) {
             CurlEasy fresh(curl_easy_init());
             if (!fresh) throw std::bad_alloc();

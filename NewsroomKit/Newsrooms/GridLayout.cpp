@@ -47,14 +47,14 @@ public:
     }
 
 private:
-    bool take(PanelKind kind) { return std::erase(left_, kind) > 0; }
+    bool pick(PanelKind kind) { return std::erase(left_, kind) > 0; }
 
-    std::vector<PanelKind> takeFirst(std::size_t count, std::initializer_list<PanelKind> priority) {
-        std::vector<PanelKind> taken;
+    std::vector<PanelKind> pickFirst(std::size_t count, std::initializer_list<PanelKind> priority) {
+        std::vector<PanelKind> picked;
         for (const auto kind : priority) {
-            if (taken.size() < count && take(kind)) taken.push_back(kind);
+            if (picked.size() < count && pick(kind)) picked.push_back(kind);
         }
-        return taken;
+        return picked;
     }
 
     void place(PanelKind kind, GridFrame frame) {
@@ -63,8 +63,8 @@ private:
 
     // 2. The low panels that are read first: at most three side by side.
     void placeTopBand() {
-        const bool brief = take(PanelKind::brief);
-        auto band = takeFirst(brief ? 2 : 3,
+        const bool brief = pick(PanelKind::brief);
+        auto band = pickFirst(brief ? 2 : 3,
                               {PanelKind::countdown, PanelKind::stock, PanelKind::suppliers});
         if (brief) band.insert(band.begin(), PanelKind::brief);
         if (band.empty()) return;
@@ -77,16 +77,16 @@ private:
         top_ = kTopHeight;
     }
 
-    std::vector<Slot> takeMainSlots() {
+    std::vector<Slot> pickMainSlots() {
         std::vector<Slot> slots;
         const auto add = [&](std::vector<PanelKind> kinds, std::int64_t width) {
             if (!kinds.empty()) slots.push_back({std::move(kinds), width});
         };
-        add(takeFirst(1, {PanelKind::stream}), 4);
-        add(takeFirst(1, {PanelKind::claims, PanelKind::topStories, PanelKind::scoops,
+        add(pickFirst(1, {PanelKind::stream}), 4);
+        add(pickFirst(1, {PanelKind::claims, PanelKind::topStories, PanelKind::scoops,
                           PanelKind::backend}),
             5);
-        add(takeFirst(kStackedPanels, {PanelKind::coverage, PanelKind::software, PanelKind::status,
+        add(pickFirst(kStackedPanels, {PanelKind::coverage, PanelKind::software, PanelKind::status,
                                        PanelKind::apple, PanelKind::records, PanelKind::countdown}),
             3);
         return slots;
@@ -94,7 +94,7 @@ private:
 
     // 3. Panels of stories: tall slots that share the whole width.
     void placeMainBand() {
-        const auto slots = takeMainSlots();
+        const auto slots = pickMainSlots();
         if (slots.empty()) return;
         std::int64_t spare = kGridColumns;
         for (const auto& slot : slots) spare -= slot.width;

@@ -25,13 +25,13 @@ public:
     bool atEnd() const { return rest_.empty(); }
     bool atDigit() const { return !rest_.empty() && isDigit(rest_.front()); }
 
-    bool takeOneOf(std::string_view characters) {
+    bool consumeOneOf(std::string_view characters) {
         if (rest_.empty() || characters.find(rest_.front()) == std::string_view::npos) return false;
         rest_.remove_prefix(1);
         return true;
     }
 
-    std::optional<int> takeNumber(std::size_t digits) {
+    std::optional<int> readNumber(std::size_t digits) {
         if (rest_.size() < digits) return std::nullopt;
         int value = 0;
         for (char c : rest_.substr(0, digits)) {
@@ -43,15 +43,15 @@ public:
     }
 
     /// "±hh:mm", "±hhmm" or "±hh" in minutes.
-    std::optional<int> takeOffset() {
+    std::optional<int> readOffset() {
         const bool negative = rest_.starts_with('-');
-        if (!takeOneOf("+-")) return std::nullopt;
-        const auto hours = takeNumber(2);
+        if (!consumeOneOf("+-")) return std::nullopt;
+        const auto hours = readNumber(2);
         if (!hours || *hours > 23) return std::nullopt;
         int minutes = 0;
-        const bool colon = takeOneOf(":");
+        const bool colon = consumeOneOf(":");
         if (colon || !atEnd()) {
-            const auto read = takeNumber(2);
+            const auto read = readNumber(2);
             if (!read || *read > 59) return std::nullopt;
             minutes = *read;
         }
@@ -60,7 +60,7 @@ public:
     }
 
     /// Digits after the decimal sign; those beyond microseconds are passed over.
-    std::optional<microseconds> takeFraction() {
+    std::optional<microseconds> readFraction() {
         if (!atDigit()) return std::nullopt;
         int value = 0;
         int read = 0;
@@ -78,11 +78,11 @@ private:
 };
 
 std::optional<Instant> readDay(Reader& reader) {
-    const auto year = reader.takeNumber(4);
-    if (!year || *year == 0 || !reader.takeOneOf("-")) return std::nullopt;
-    const auto month = reader.takeNumber(2);
-    if (!month || !reader.takeOneOf("-")) return std::nullopt;
-    const auto day = reader.takeNumber(2);
+    const auto year = reader.readNumber(4);
+    if (!year || *year == 0 || !reader.consumeOneOf("-")) return std::nullopt;
+    const auto month = reader.readNumber(2);
+    if (!month || !reader.consumeOneOf("-")) return std::nullopt;
+    const auto day = reader.readNumber(2);
     if (!day) return std::nullopt;
     const std::chrono::year_month_day date{std::chrono::year{*year},
                                            std::chrono::month{static_cast<unsigned>(*month)},
@@ -92,16 +92,16 @@ std::optional<Instant> readDay(Reader& reader) {
 }
 
 std::optional<microseconds> readTimeOfDay(Reader& reader) {
-    const auto hour = reader.takeNumber(2);
-    if (!hour || *hour > 23 || !reader.takeOneOf(":")) return std::nullopt;
-    const auto minute = reader.takeNumber(2);
-    if (!minute || *minute > 59 || !reader.takeOneOf(":")) return std::nullopt;
-    const auto second = reader.takeNumber(2);
+    const auto hour = reader.readNumber(2);
+    if (!hour || *hour > 23 || !reader.consumeOneOf(":")) return std::nullopt;
+    const auto minute = reader.readNumber(2);
+    if (!minute || *minute > 59 || !reader.consumeOneOf(":")) return std::nullopt;
+    const auto second = reader.readNumber(2);
     if (!second || *second > 60) return std::nullopt;
     microseconds time =
         std::chrono::hours{*hour} + std::chrono::minutes{*minute} + std::chrono::seconds{*second};
-    if (reader.takeOneOf(".,")) {
-        const auto fraction = reader.takeFraction();
+    if (reader.consumeOneOf(".,")) {
+        const auto fraction = reader.readFraction();
         if (!fraction) return std::nullopt;
         time += *fraction;
     }
@@ -158,12 +158,12 @@ std::string iso8601Text(Instant instant) {
 std::optional<Instant> parseISO8601(std::string_view text) {
     Reader reader(text);
     const auto day = readDay(reader);
-    if (!day || !reader.takeOneOf("Tt")) return std::nullopt;
+    if (!day || !reader.consumeOneOf("Tt")) return std::nullopt;
     const auto time = readTimeOfDay(reader);
     if (!time) return std::nullopt;
     Instant instant = *day + *time;
-    if (!reader.atEnd() && !reader.takeOneOf("Zz")) {
-        const auto offset = reader.takeOffset();
+    if (!reader.atEnd() && !reader.consumeOneOf("Zz")) {
+        const auto offset = reader.readOffset();
         if (!offset) return std::nullopt;
         instant -= std::chrono::minutes{*offset};
     }

@@ -22,7 +22,7 @@ bool isDigits(std::string_view text, std::size_t length) {
 
 /// Maps a picture of an Apple press release to the release itself:
 /// /newsroom/images/2026/10/slug/tile/name.jpg → /newsroom/2026/10/slug/
-void leadPressPictureToItsRelease(WebAddress& address) {
+void replacePressPicture(WebAddress& address) {
     const auto pieces = address.pathPieces();
     const bool picture = pieces.size() > 6 && pieces[0] == "newsroom" && pieces[1] == "images" &&
                          isDigits(pieces[2], 4) && isDigits(pieces[3], 2);
@@ -72,7 +72,7 @@ std::string canonicalOfTrimmed(std::string_view trimmed) {
     // 3. Apple's corporate site has two host names.
     if (address->host == hosts::kApple || address->host == hosts::kAppleWWW) {
         address->host = hosts::kAppleWWW;
-        leadPressPictureToItsRelease(*address);
+        replacePressPicture(*address);
     }
 
     // 4. Slashes around the path, 5. the query's order and its tracking items.

@@ -86,7 +86,7 @@ void Notifier::listen() {
     bus_.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
                  SLOT(busGone()));
-    askWhetherActivatable();
+    checkActivatable();
 }
 
 /// Calls without waiting; `answered` gets the reply or the error.
@@ -100,15 +100,15 @@ void Notifier::call(QDBusMessage message, Answered answered) {
             });
 }
 
-void Notifier::askWhetherActivatable() {
+void Notifier::checkActivatable() {
     call(busCall(QStringLiteral("ListActivatableNames")),
          [this](const QDBusPendingReply<QStringList>& names) {
              isActivatable_ = !names.isError() && names.value().contains(kService);
-             askWhetherOwned();
+             checkOwner();
          });
 }
 
-void Notifier::askWhetherOwned() {
+void Notifier::checkOwner() {
     auto question = busCall(QStringLiteral("NameHasOwner"));
     question << kService;
     call(question, [this](const QDBusPendingReply<bool>& owned) {
@@ -172,11 +172,11 @@ void Notifier::sendNext() {
     if (capabilities_) {
         send(*capabilities_);
     } else {
-        askCapabilities();
+        requestCapabilities();
     }
 }
 
-void Notifier::askCapabilities() {
+void Notifier::requestCapabilities() {
     isSending_ = true;
     call(serviceCall(QStringLiteral("GetCapabilities")),
          [this](const QDBusPendingReply<QStringList>& answer) {

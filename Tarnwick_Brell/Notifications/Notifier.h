@@ -70,15 +70,15 @@ private:
     };
 
     void listen();
-    void askWhetherOwned();
-    void askWhetherActivatable();
+    void checkOwner();
+    void checkActivatable();
     void ownerChanged(const QString& owner);
     void setPresence(Presence presence);
     bool mayPost() const;
     bool showsTarget(const std::optional<NotificationTarget>& target) const;
     bool opensLink(const QString& link) const;
     void sendNext();
-    void askCapabilities();
+    void requestCapabilities();
     void send(const QStringList& capabilities);
     void refused(const QDBusError& error);
     template <class Answered>
