@@ -20,7 +20,7 @@ std::string storyAddress(Session& session, const std::string& word) {
 
 std::string linkText(const std::string& url) {
     const auto text = printable(kit::maskedLogins(url));
-    return kit::isOpenable(url) ? text : "“" + text + "” (no web address)";
+    return kit::isOpenable(url) ? text : "“" + text + "” (not a web address)";
 }
 
 std::string publishedText(kit::Instant instant, bool isDayOnly) {

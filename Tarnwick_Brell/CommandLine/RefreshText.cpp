@@ -48,7 +48,7 @@ std::string outcomeText(const SourceOutcome& outcome) {
             return fmt::format("not fetched: at most every {:.0f} min", pause.count() / 60);
         }
         case SourceOutcome::Kind::paused:
-            return "not asked: its server wants to be left alone until " +
+            return "not fetched: its server accepts requests again after " +
                    momentText(*outcome.pausedUntil);
         case SourceOutcome::Kind::cancelled: return "cancelled";
     }

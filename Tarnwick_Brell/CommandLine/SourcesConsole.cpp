@@ -83,7 +83,7 @@ void addNotes(TextTable& table, const ConsoleRow& row) {
     }
     if (pausedUntil) {
         table.addNote(
-            fmt::format("Its server wants to be left alone until {}.", momentText(*pausedUntil)));
+            fmt::format("Its server accepts requests again after {}.", momentText(*pausedUntil)));
     }
     if (health.movedTo) {
         table.addNote(fmt::format("Its feed has moved permanently to {}",

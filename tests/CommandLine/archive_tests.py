@@ -123,7 +123,7 @@ class Archive(unittest.TestCase):
         for steering in ("\x1b", "\u202e", "\r", "\x07"):
             self.assertNotIn(steering, text)
         lines = text.splitlines()
-        self.assertEqual(lines[4], "  “javascript:[2Jevil ” (no web address)")
+        self.assertEqual(lines[4], "  “javascript:[2Jevil ” (not a web address)")
         self.assertEqual(lines[5], "├─ An unknown outlet  at an unknown time  linked as “[2Jevil”")
         self.assertIn("└─ P  2026-01-02", lines)
         self.assertLess(max(map(len, lines)), 120)
