@@ -159,7 +159,7 @@ private:
     /// The version of each group, which changes whenever the group grows.
     std::vector<std::uint32_t> formOf_;
     std::uint32_t nextForm_ = 0;
-    /// versions of two groups that could not be joined
+    /// Versions of two groups that could not be joined.
     std::unordered_set<std::uint64_t> refused_;
 };
 

@@ -49,7 +49,7 @@ private:
     Kinds kinds_;
     Identity authority_;
     Identity privateAuthority_;
-    /// shared by all leaves, so that issuing costs only a signature
+    /// Shared by all leaves, so that issuing costs only a signature.
     OpenSSLPtr<EVP_PKEY> leafKey_;
     std::mutex mutex_;
     std::map<std::string, OpenSSLPtr<X509>, std::less<>> certificates_;

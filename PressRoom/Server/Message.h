@@ -43,7 +43,7 @@ struct Delivery {
     std::optional<std::uint64_t> announcedLength = {};
     std::size_t trickleBytes = 0;                  ///< 0: the body goes out at once
     std::chrono::milliseconds trickleInterval{0};  ///< between two pieces of a trickle
-    /// closes the connection after this many bytes of body
+    /// Closes the connection after this many bytes of body.
     std::optional<std::size_t> closeAfter = {};
     bool neverAnswers = false;                 ///< accepts the request and stays silent
     bool hangsUp = false;                      ///< closes the connection instead of answering
