@@ -18,7 +18,7 @@ std::string storyAddress(Session& session, const std::string& word);
 /// An address from an answer as text, marked when it is not a web address.
 std::string linkText(const std::string& url);
 
-/// "2026-11-02 08:30 UTC", or the day alone.
+/// "2026-11-02 08:30 CET", or the day alone.
 std::string publishedText(kit::Instant instant, bool isDayOnly);
 
 template <class Answer>

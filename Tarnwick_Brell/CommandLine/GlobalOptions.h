@@ -9,6 +9,7 @@ namespace cli {
 /// Options that every subcommand takes.
 struct GlobalOptions : app::DeskOptions {
     bool json = false;
+    bool utc = false;
 };
 
 /// Adds the given --demo and --data-dir to each brell command in the sentence, so that the advice

@@ -4,9 +4,30 @@
 #include <chrono>
 #include <string>
 
+#include <QDateTime>
+
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 
 namespace cli {
+
+namespace {
+
+/// Whether the time says what zone it is in: "Z", "+02:00".
+bool namesZone(std::string_view instantText) {
+    return instantText.find_first_of("Zz+-", instantText.find_first_of("Tt")) !=
+           std::string_view::npos;
+}
+
+/// The moment at which local clocks show what UTC's show at `instant`.
+kit::Instant inLocalZone(kit::Instant instant) {
+    using namespace std::chrono;
+    const auto utc = QDateTime::fromMSecsSinceEpoch(
+        floor<milliseconds>(instant.time_since_epoch()).count(), Qt::UTC);
+    const QDateTime local(utc.date(), utc.time(), Qt::LocalTime);
+    return kit::Instant(milliseconds(local.toMSecsSinceEpoch()));
+}
+
+}  // namespace
 
 kit::Instant parseTimeArgument(std::string_view text, kit::Instant now) {
     using namespace std::chrono;
@@ -20,8 +41,9 @@ kit::Instant parseTimeArgument(std::string_view text, kit::Instant now) {
         if (unit == "w") return now - weeks(number);
     }
     std::string instantText(text);
-    if (instantText.find_first_of("Tt") == std::string::npos) instantText += "T00:00:00Z";
-    if (const auto instant = kit::parseISO8601(instantText)) return *instant;
+    if (instantText.find_first_of("Tt") == std::string::npos) instantText += "T00:00:00";
+    if (const auto instant = kit::parseISO8601(instantText))
+        return namesZone(instantText) ? *instant : inLocalZone(*instant);
     throw WrongUsage(
         "\"" + std::string(text) +
         "\" is not a time: write 30min, 6h, 2d or 1w for a time ago, a day as 2026-11-02, or "

@@ -6,8 +6,8 @@
 
 namespace cli {
 
-/// Parses a time argument: "30min", "6h", "2d", "1w" ago, a day ("2026-11-02", in UTC) or an ISO
-/// 8601 time. Throws WrongUsage.
+/// Parses a time argument: "30min", "6h", "2d", "1w" ago, a day ("2026-11-02") or an ISO 8601
+/// time, both in the local zone unless the time names its own. Throws WrongUsage.
 kit::Instant parseTimeArgument(std::string_view text, kit::Instant now);
 
 }  // namespace cli

@@ -29,7 +29,7 @@ const app::TrackedFiles kFiles;  // Their names in the cache do not depend on th
 constexpr std::string_view kShare = "AAPL";
 constexpr std::size_t kDistanceColumns = 12;
 
-/// "in 20 days   Harbour fair, 2026-12-10 20:00 UTC"
+/// "in 20 days   Harbour fair, 2026-12-10 20:00 CET"
 std::string countdownLine(const kit::CountdownRow& event) {
     auto line = padTo(event.starts ? daysAwayText(event.days) : "?", kDistanceColumns) + " " +
                 printable(event.title);

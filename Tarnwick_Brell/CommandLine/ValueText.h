@@ -6,7 +6,7 @@
 #include "NewsroomKit/Trackers/Market/PriceChange.h"
 
 /// Times, durations and prices as every command prints them: Presentation's texts in the plain
-/// style, so in UTC and English.
+/// style.
 namespace cli {
 
 /// "now", "4 min", "3 h", "Yesterday", "2026-11-02".
@@ -24,13 +24,13 @@ int daysBetween(kit::Instant now, kit::Instant then);
 /// "under a minute", "35 min", "2 h 5 min", "3 d 4 h".
 std::string spanText(kit::Instant::duration span);
 
-/// "2026-11-02 08:30 UTC"
+/// "2026-11-02 08:30 CET"
 std::string momentText(kit::Instant instant);
 
 /// "2026-11-02"
 std::string dayText(kit::Instant instant);
 
-/// "08:30 UTC"
+/// "08:30 CET"
 std::string clockText(kit::Instant instant);
 
 /// "1,234.50"

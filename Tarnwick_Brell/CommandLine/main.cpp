@@ -2,6 +2,8 @@
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <ctime>
 #include <exception>
 #include <filesystem>
 #include <new>
@@ -47,6 +49,7 @@ std::string fileSentence(const std::filesystem::filesystem_error& error) {
 
 void addGlobalOptions(arguments::Command& app, GlobalOptions& options) {
     app.flag("--json", options.json, "Print one JSON value instead of text");
+    app.flag("--utc", options.utc, "Read and print times in UTC instead of the local zone");
     app::addDeskOptions(app, options);
 }
 
@@ -94,6 +97,12 @@ std::size_t helpWidth() {
     constexpr std::size_t widest = 100;
     const Output out;
     return out.isTerminal() ? std::min(out.width(), widest) : arguments::Parser::kHelpWidth;
+}
+
+/// Everything that reads and prints times goes by the zone of the process.
+void useUTC() {
+    setenv("TZ", "UTC", 1);
+    tzset();
 }
 
 /// Prints help or the version.
@@ -152,6 +161,7 @@ int main(int argc, char** argv) {
 
     try {
         const auto text = parser.parse(argc, argv, helpWidth());
+        if (options.utc) useUTC();
         return text ? show(*text) : attempt(chosen, options);
     } catch (const ReaderGone&) {
         return endWithReader();

@@ -94,8 +94,10 @@ QString spanText(Instant::duration span) {
 }
 
 QString clockText(Instant then, const Style& style) {
-    const auto time = inZone(then, style.zone).time();
-    if (style.isPlain) return time.toString(QStringLiteral("HH:mm")) + QStringLiteral(" UTC");
+    const auto date = inZone(then, style.zone);
+    const auto time = date.time();
+    if (style.isPlain)
+        return time.toString(QStringLiteral("HH:mm")) + u' ' + date.timeZoneAbbreviation();
     // Some locales, the plain "C" among them, write seconds even in their short form.
     auto format = style.locale.timeFormat(QLocale::ShortFormat);
     format.remove(QStringLiteral(":ss"));

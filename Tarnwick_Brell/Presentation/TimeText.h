@@ -24,11 +24,11 @@ QString daysAwayText(int days);
 /// "3 d 4 h".
 QString spanText(kit::Instant::duration span);
 
-/// "14:32"; plain "14:32 UTC".
+/// "14:32"; plain "14:32 CET".
 QString clockText(kit::Instant then, const Style& style = Style::ofUser());
 
 /// "14:32" on the same day, "Yesterday 14:32", "16 May 14:32", "16 May 2025 14:32"; plain
-/// "2026-05-16 14:32 UTC".
+/// "2026-05-16 14:32 CET".
 QString momentText(kit::Instant then, kit::Instant now, const Style& style = Style::ofUser());
 
 /// "Tue 19 May", with the year when it is another one; plain "2026-05-19".

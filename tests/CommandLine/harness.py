@@ -11,6 +11,8 @@ import termios
 from pathlib import Path
 
 BIN = Path(os.environ["BRELL_BIN"])
+# Texts with times are the same wherever the tests run.
+os.environ["TZ"] = "UTC"
 
 
 class PressRoom:

@@ -153,6 +153,19 @@ class Sources(unittest.TestCase):
         self.assertIn("Added: 5000 sources.", self.desk.run("sources", "import", "-", stdin=full.encode()).stdout)
         self.assertLess(time.monotonic() - begin, 8)
 
+    def test_times_are_local_or_by_utc_where_they_are_shown_and_typed(self):
+        one = self.desk.json("sources", "add", FILES + "one.xml")[0]["id"]
+        self.desk.run("refresh", "--source", one)
+        # The newest story is of 16:00 UTC, eleven o'clock five hours west of Greenwich.
+        for words, newest, since, found in (((), "11:00 EST", "11:30:00", 0), (("--utc",), "16:00 UTC", "11:30:00", 1),
+                                            ((), "11:00 EST", "16:30:00Z", 0), ((), "11:00 EST", "15:30:00Z", 1)):
+            def run(*command):
+                return self.desk.run(*words, *command, environment={"TZ": "EST5"}).stdout
+            with self.subTest(words=words, since=since):
+                self.assertIn(f"the newest of 2026-11-02 {newest}\n", run("sources", "check", FILES + "two.xml"))
+                count = int(run("wire", "--count", "--source", one, "--since", f"2026-11-02T{since}").split()[0])
+                self.assertEqual(count > 0, found > 0)
+
     def test_the_console_tells_how_each_source_fares(self):
         one = self.desk.json("sources", "add", FILES + "one.xml")[0]["id"]
         gone = self.desk.json("sources", "add", "--unchecked", FILES + "gone.xml")[0]["id"]

@@ -22,9 +22,10 @@ protected:
         setenv("TZ", "Asia/Tokyo", 1);
         tzset();
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+        plain_.zone = Qt::UTC;
     }
 
-    const Style plain_ = Style::plain();
+    Style plain_ = Style::plain();
     const Instant now_ = at("2026-11-20T12:30:00Z");  // half past nine in the evening in Tokyo
 };
 
@@ -84,6 +85,7 @@ TEST_F(Presentation, DaysAreThoseOfTheZoneUnlessTheyHaveNoTime) {
     EXPECT_EQ(namedDayText(midnight, now_), "16 May") << "a day without a time";
     EXPECT_EQ(clockText(evening), "13:00");
     EXPECT_EQ(clockText(evening, plain_), "20:00 UTC");
+    EXPECT_EQ(clockText(evening, Style::plain()), "13:00 PDT") << "the user's zone, named";
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     EXPECT_EQ(dayText(evening, now_), "Sa. 16 Mai");
     EXPECT_EQ(dayText(evening, now_, plain_), "2026-05-16");
