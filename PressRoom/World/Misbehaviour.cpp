@@ -7,9 +7,9 @@ namespace {
 
 /// The default amount; nothing for kinds without one.
 std::optional<std::int64_t> usualAmount(MisbehaviourKind kind) {
-    using Kind = MisbehaviourKind;
-    if (kind == Kind::busy || kind == Kind::unavailable) return 600;
-    return kind == Kind::slow ? std::optional(2000) : std::nullopt;
+    using enum MisbehaviourKind;
+    if (kind == busy || kind == unavailable) return 600;
+    return kind == slow ? std::optional(2000) : std::nullopt;
 }
 
 std::optional<std::int64_t> wholeNumber(std::string_view text) {

@@ -17,7 +17,7 @@ using kit::NewsSource;
 
 namespace {
 
-constexpr std::size_t kLongestName = 39;
+constexpr std::size_t kLongestWords = 39;
 constexpr std::size_t kHashDigits = 8;
 
 /// "Café & Bar News" becomes "cafe-bar-news"; a name in another script gives nothing.
@@ -30,7 +30,7 @@ std::string slug(std::string_view name) {
         } else if (!words.empty() && words.back() != '-') {
             words += '-';
         }
-        if (words.size() == kLongestName) break;
+        if (words.size() == kLongestWords) break;
     }
     while (words.ends_with('-')) words.pop_back();
     return words;
