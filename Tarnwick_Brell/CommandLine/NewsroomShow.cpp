@@ -59,7 +59,7 @@ boost::json::value recordOf(PanelHoldings& holdings, const kit::NewsroomSpec& sp
 int showNewsroom(Session& session, const NewsroomOptions& options) {
     const auto records = app::NewsroomShelf::read(session.storeForReading().newsrooms());
     const auto& spec = readable(named(records.entries(), options.name, "newsroom"), "newsroom");
-    PanelHoldings holdings(session);
+    PanelHoldings holdings(session, session.now());
     if (session.options().json) {
         session.out().line(boost::json::serialize(recordOf(holdings, spec)));
         return kDone;

@@ -17,10 +17,10 @@ class PanelHoldings {
 public:
     enum class Origin { any, apple };
 
-    explicit PanelHoldings(Session& session) : session_(session) {}
+    PanelHoldings(Session& session, kit::Instant now) : session_(session), now_(now) {}
 
     Session& session() { return session_; }
-    kit::Instant now() const { return session_.now(); }
+    kit::Instant now() const { return now_; }
     std::size_t width() const { return session_.out().width(); }
 
     /// The newest stories that the query matches, at most `limit`, however old.
@@ -36,6 +36,7 @@ public:
 
 private:
     Session& session_;
+    kit::Instant now_;
     std::optional<std::vector<app::StoredStory>> recent_;
     std::optional<std::vector<kit::StoryCluster>> clusters_;
 };
