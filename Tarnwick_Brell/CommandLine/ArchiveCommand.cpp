@@ -24,8 +24,8 @@ struct ArchiveOptions {
     std::vector<std::string> stories;
 };
 
-using Options = std::shared_ptr<ArchiveOptions>;
-using Action = int (*)(Session&, const ArchiveOptions&);
+using SharedArchiveOptions = std::shared_ptr<ArchiveOptions>;
+using ArchiveAction = int (*)(Session&, const ArchiveOptions&);
 
 template <class Answer>
 void printJSON(Session& session, const Answer& answer) {
@@ -64,8 +64,9 @@ int runCredits(Session& session, const ArchiveOptions& options) {
     return kDone;
 }
 
-arguments::Command addAction(arguments::Command& archive, Command& chosen, Options options,
-                             const char* name, const char* meaning, Action action) {
+arguments::Command addArchiveAction(arguments::Command& archive, Command& chosen,
+                                    SharedArchiveOptions options, const char* name,
+                                    const char* meaning, ArchiveAction action) {
     auto command = archive.subcommand(name, meaning);
     command.whenChosen([&chosen, options, action] {
         chosen = [options, action](Session& session) { return action(session, *options); };
@@ -81,8 +82,8 @@ void addArchiveCommand(arguments::Command& app, Command& chosen) {
         app.subcommand("archive", "What the desk's sources published, from the story archive");
     archive.requireSubcommand();
 
-    auto stories =
-        addAction(archive, chosen, options, "stories", "The stories of a period", runStories);
+    auto stories = addArchiveAction(archive, chosen, options, "stories", "The stories of a period",
+                                    runStories);
     stories.option("--after", options->after, "Start of the period: 30min, 6h, 2d, a day or a time")
         .shownAs("WHEN")
         .required();
@@ -92,9 +93,10 @@ void addArchiveCommand(arguments::Command& app, Command& chosen) {
     stories.number("--offset", options->offset, {0, 1'000'000'000}, "Skip this many stories");
     stories.number("--limit", options->limit, {1, 1'000'000}, "Show at most this many");
 
-    addAction(archive, chosen, options, "status", "How complete the archive is, source by source",
-              runStatus);
-    addAction(archive, chosen, options, "credits", "Whose reporting stories credit", runCredits)
+    addArchiveAction(archive, chosen, options, "status",
+                     "How complete the archive is, source by source", runStatus);
+    addArchiveAction(archive, chosen, options, "credits", "Whose reporting stories credit",
+                     runCredits)
         .option("URL", options->stories,
                 "A story's address, or its id as brell wire shows it; several may follow "
                 "each other")

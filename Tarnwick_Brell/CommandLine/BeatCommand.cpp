@@ -8,11 +8,12 @@ namespace cli {
 
 namespace {
 
-using Options = std::shared_ptr<BeatOptions>;
-using Action = int (*)(Session&, const BeatOptions&);
+using SharedBeatOptions = std::shared_ptr<BeatOptions>;
+using BeatAction = int (*)(Session&, const BeatOptions&);
 
-arguments::Command addAction(arguments::Command& beats, Command& chosen, Options options,
-                             const char* name, const char* meaning, Action action) {
+arguments::Command addBeatAction(arguments::Command& beats, Command& chosen,
+                                 SharedBeatOptions options, const char* name, const char* meaning,
+                                 BeatAction action) {
     auto command = beats.subcommand(name, meaning);
     command.whenChosen([&chosen, options, action] {
         chosen = [options, action](Session& session) { return action(session, *options); };
@@ -20,11 +21,11 @@ arguments::Command addAction(arguments::Command& beats, Command& chosen, Options
     return command;
 }
 
-void addName(arguments::Command& command, Options options) {
+void addName(arguments::Command& command, SharedBeatOptions options) {
     command.option("NAME", options->name, "The beat's name or id").required();
 }
 
-void addLooks(arguments::Command& command, Options options) {
+void addLooks(arguments::Command& command, SharedBeatOptions options) {
     command.option("--symbol", options->symbol, "The icon's name, such as bolt or globe")
         .shownAs("SYMBOL");
     command.option("--alerts", options->alerts, "Notify of its new stories: on or off")
@@ -39,36 +40,39 @@ void addBeatCommand(arguments::Command& app, Command& chosen) {
     auto beats = app.subcommand("beat", "List the topics that you follow, or change them");
     beats.whenChosen([&chosen] { chosen = listBeats; });
 
-    auto make = addAction(beats, chosen, options, "new", "Follow a topic", newBeat);
+    auto make = addBeatAction(beats, chosen, options, "new", "Follow a topic", newBeat);
     make.option("NAME", options->name, "Its name").required();
     options->query.addTo(make);
     addLooks(make, options);
 
-    auto change = addAction(beats, chosen, options, "change",
-                            "Change a beat; what it follows is replaced as a whole", changeBeat);
+    auto change =
+        addBeatAction(beats, chosen, options, "change",
+                      "Change a beat; what it follows is replaced as a whole", changeBeat);
     addName(change, options);
     change.option("--name", options->newName, "Its new name").shownAs("NAME");
     options->query.addTo(change);
     addLooks(change, options);
 
-    auto rename = addAction(beats, chosen, options, "rename", "Rename a beat", changeBeat);
+    auto rename = addBeatAction(beats, chosen, options, "rename", "Rename a beat", changeBeat);
     addName(rename, options);
     rename.option("NEW", options->newName, "Its new name").required();
 
-    auto test = addAction(beats, chosen, options, "test",
-                          "Show what a beat would have matched lately; change nothing", tryBeat);
+    auto test =
+        addBeatAction(beats, chosen, options, "test",
+                      "Show what a beat would have matched lately; change nothing", tryBeat);
     test.option("NAME", options->name, "The beat; without it, say what to follow");
     options->query.addTo(test);
     test.number("--days", options->days, {1, 36'500}, "How many days to look back");
 
-    auto move = addAction(beats, chosen, options, "move", "Move a beat to another place", moveBeat);
+    auto move =
+        addBeatAction(beats, chosen, options, "move", "Move a beat to another place", moveBeat);
     addName(move, options);
     move.number("PLACE", options->place, {1, 1'000'000}, "1 is the first").required();
 
-    auto remove = addAction(beats, chosen, options, "remove", "Remove a beat", removeBeat);
+    auto remove = addBeatAction(beats, chosen, options, "remove", "Remove a beat", removeBeat);
     addName(remove, options);
     auto restore =
-        addAction(beats, chosen, options, "restore", "Restore a removed beat", restoreBeat);
+        addBeatAction(beats, chosen, options, "restore", "Restore a removed beat", restoreBeat);
     restore.option("NAME", options->name, "The beat; without it, the one removed last");
 }
 

@@ -8,13 +8,14 @@ namespace cli {
 
 namespace {
 
-using Options = std::shared_ptr<NewsroomOptions>;
-using Action = int (*)(Session&, const NewsroomOptions&);
+using SharedNewsroomOptions = std::shared_ptr<NewsroomOptions>;
+using NewsroomAction = int (*)(Session&, const NewsroomOptions&);
 
 constexpr const char* kNameMeaning = "The newsroom's name or id";
 
-arguments::Command addAction(arguments::Command& newsrooms, Command& chosen, Options options,
-                             const char* name, const char* meaning, Action action) {
+arguments::Command addNewsroomAction(arguments::Command& newsrooms, Command& chosen,
+                                     SharedNewsroomOptions options, const char* name,
+                                     const char* meaning, NewsroomAction action) {
     auto command = newsrooms.subcommand(name, meaning);
     command.whenChosen([&chosen, options, action] {
         chosen = [options, action](Session& session) { return action(session, *options); };
@@ -22,21 +23,22 @@ arguments::Command addAction(arguments::Command& newsrooms, Command& chosen, Opt
     return command;
 }
 
-arguments::Command addNamedAction(arguments::Command& newsrooms, Command& chosen, Options options,
-                                  const char* name, const char* meaning, Action action) {
-    auto command = addAction(newsrooms, chosen, options, name, meaning, action);
+arguments::Command addNamedAction(arguments::Command& newsrooms, Command& chosen,
+                                  SharedNewsroomOptions options, const char* name,
+                                  const char* meaning, NewsroomAction action) {
+    auto command = addNewsroomAction(newsrooms, chosen, options, name, meaning, action);
     command.option("NAME", options->name, kNameMeaning).required();
     return command;
 }
 
-void addSymbol(arguments::Command& command, Options options) {
+void addSymbol(arguments::Command& command, SharedNewsroomOptions options) {
     command.option("--symbol", options->symbol, "The icon's name, such as bolt or globe")
         .shownAs("SYMBOL");
 }
 
-void addMaking(arguments::Command& newsrooms, Command& chosen, Options options) {
-    auto make = addAction(newsrooms, chosen, options, "new",
-                          "Create a newsroom of panels, laid out on the grid", newNewsroom);
+void addMaking(arguments::Command& newsrooms, Command& chosen, SharedNewsroomOptions options) {
+    auto make = addNewsroomAction(newsrooms, chosen, options, "new",
+                                  "Create a newsroom of panels, laid out on the grid", newNewsroom);
     make.option("NAME", options->name, "Its name").required();
     make.option("--panels", options->panels,
                 "Kinds of panels, separated by commas, such as stream,status,stock")
@@ -62,21 +64,21 @@ void addMaking(arguments::Command& newsrooms, Command& chosen, Options options) 
     duplicate.option("NEW", options->newName, "The copy's name");
 }
 
-void addShelving(arguments::Command& newsrooms, Command& chosen, Options options) {
+void addShelving(arguments::Command& newsrooms, Command& chosen, SharedNewsroomOptions options) {
     auto move = addNamedAction(newsrooms, chosen, options, "move",
                                "Move a newsroom to another place", moveNewsroom);
     move.number("PLACE", options->place, {1, 1'000'000}, "1 is the first").required();
     addNamedAction(newsrooms, chosen, options, "remove", "Remove a newsroom", removeNewsroom);
-    auto restore = addAction(newsrooms, chosen, options, "restore", "Restore a removed newsroom",
-                             restoreNewsroom);
+    auto restore = addNewsroomAction(newsrooms, chosen, options, "restore",
+                                     "Restore a removed newsroom", restoreNewsroom);
     restore.option("NAME", options->name, "The newsroom; without it, the one removed last");
 }
 
-void addExchange(arguments::Command& newsrooms, Command& chosen, Options options) {
+void addExchange(arguments::Command& newsrooms, Command& chosen, SharedNewsroomOptions options) {
     addNamedAction(newsrooms, chosen, options, "export", "Print a newsroom as a file (JSON)",
                    exportNewsroom);
-    auto import = addAction(newsrooms, chosen, options, "import",
-                            "Add a newsroom from a file that was exported", importNewsroom);
+    auto import = addNewsroomAction(newsrooms, chosen, options, "import",
+                                    "Add a newsroom from a file that was exported", importNewsroom);
     import.option("FILE", options->file, "The file; - reads the standard input").required();
     import.flag("--preview", options->preview, "Show the result without adding anything");
 }

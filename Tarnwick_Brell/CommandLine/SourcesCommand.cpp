@@ -23,19 +23,20 @@ struct SourcesOptions {
     bool withSecrets = false;
 };
 
-using Options = std::shared_ptr<SourcesOptions>;
+using SharedSourcesOptions = std::shared_ptr<SourcesOptions>;
 
 constexpr const char* kIDMeaning = "The source's id, as brell sources lists it";
 
 /// `action` runs the subcommand with its options.
-template <class Action>
-void setAction(arguments::Command& command, Command& chosen, Options options, Action action) {
+template <class SourcesAction>
+void setAction(arguments::Command& command, Command& chosen, SharedSourcesOptions options,
+               SourcesAction action) {
     command.whenChosen([&chosen, options, action] {
         chosen = [options, action](Session& session) { return action(session, *options); };
     });
 }
 
-void addAdding(arguments::Command& sources, Command& chosen, Options options) {
+void addAdding(arguments::Command& sources, Command& chosen, SharedSourcesOptions options) {
     auto check = sources.subcommand("check", "Show what an address leads to without adding it");
     check.option("ADDRESS", options->address, "Feed, website, @handle or YouTube channel")
         .required();
@@ -55,7 +56,7 @@ void addAdding(arguments::Command& sources, Command& chosen, Options options) {
     });
 }
 
-void addChanges(arguments::Command& sources, Command& chosen, Options options) {
+void addChanges(arguments::Command& sources, Command& chosen, SharedSourcesOptions options) {
     for (const bool enabled : {true, false}) {
         auto change = sources.subcommand(
             enabled ? "enable" : "disable",
@@ -79,7 +80,7 @@ void addChanges(arguments::Command& sources, Command& chosen, Options options) {
     });
 }
 
-void addExchange(arguments::Command& sources, Command& chosen, Options options) {
+void addExchange(arguments::Command& sources, Command& chosen, SharedSourcesOptions options) {
     auto import = sources.subcommand("import", "Add the feeds of another reader's list (OPML)");
     import.option("FILE", options->file, "The list; - reads the standard input").required();
     import.flag("--preview", options->preview, "Show the result without adding anything");

@@ -16,12 +16,12 @@ namespace {
 // Enough of an id to identify one story among a hundred thousand.
 constexpr std::size_t kIDColumns = 8;
 constexpr std::size_t kMarkColumns = 2;
-constexpr std::size_t kAgeColumns = 11;
+constexpr std::size_t kRowAgeColumns = 11;
 constexpr std::size_t kNarrowestTitle = 12;
 
 /// The widths of the columns before the headline; 0 omits a column.
 struct Layout {
-    std::size_t age = kAgeColumns;
+    std::size_t age = kRowAgeColumns;
     std::size_t outlet = 24;
     std::size_t labels = 16;
 

@@ -55,9 +55,9 @@ json::object status(const json::object& input) {
 }
 
 json::object problems(const json::object& input) {
-    const auto look =
-        ServiceProblems::detect(given<ServiceProblems::Known>(input, "known"),
-                              givenServices(input, "consumer"), givenServices(input, "developer"));
+    const auto look = ServiceProblems::detect(given<ServiceProblems::Known>(input, "known"),
+                                              givenServices(input, "consumer"),
+                                              givenServices(input, "developer"));
     json::array ids;
     for (const auto& report : look.problems) ids.emplace_back(report.id());
     json::object answer{{"problems", std::move(ids)}, {"restored", kit::encode(look.restored)}};

@@ -10,7 +10,7 @@ namespace app {
 
 namespace {
 
-constexpr int kLongestName = 80;
+constexpr int kLongestAppName = 80;
 
 QString moveText(const ChartPlace& place) {
     const auto rise = place.rise();
@@ -23,8 +23,8 @@ QString moveText(const ChartPlace& place) {
 
 ChartRow rowOf(const ChartPlace& place) {
     ChartRow row{.rank = QLocale().toString(static_cast<qlonglong>(place.entry.rank)),
-                 .name = titleText(place.entry.name, kLongestName),
-                 .developer = titleText(place.entry.developer, kLongestName),
+                 .name = titleText(place.entry.name, kLongestAppName),
+                 .developer = titleText(place.entry.developer, kLongestAppName),
                  .isNew = place.isNew,
                  .link = place.entry.url ? openableLink(*place.entry.url) : QString()};
     if (const auto rise = place.rise()) {

@@ -14,7 +14,7 @@ namespace app {
 namespace {
 
 constexpr int kLongestBuild = 20;
-constexpr int kLongestName = 40;
+constexpr int kLongestDeviceName = 40;
 constexpr std::size_t kMostNamed = 3;
 
 struct SignalText {
@@ -43,7 +43,7 @@ QString devicesText(const std::vector<std::string>& names) {
     const bool areAllNamed = names.size() <= kMostNamed;
     const auto count = areAllNamed ? names.size() : kMostNamed - 1;
     QStringList named;
-    for (std::size_t i = 0; i < count; ++i) named << titleText(names[i], kLongestName);
+    for (std::size_t i = 0; i < count; ++i) named << titleText(names[i], kLongestDeviceName);
     const auto separator = SignalText::tr(", ");
     if (!areAllNamed) {
         return SignalText::tr("%1 and %n others", nullptr, static_cast<int>(names.size() - count))

@@ -10,13 +10,13 @@ namespace app {
 namespace {
 
 constexpr int kLongestSymbol = 12;
-constexpr int kLongestName = 60;
+constexpr int kLongestShareName = 60;
 
 SupplierRow rowOf(const kit::BoardRow& share) {
     const auto& quote = share.quote;
     SupplierRow row{.symbol = titleText(quote.symbol, kLongestSymbol),
-                    .name = titleText(quote.name, kLongestName),
-                    .relation = titleText(quote.relation, kLongestName),
+                    .name = titleText(quote.name, kLongestShareName),
+                    .relation = titleText(quote.relation, kLongestShareName),
                     .price = priceText(quote.price),
                     .currency = titleText(quote.currency, kLongestSymbol),
                     .move = moveOf(share.change),
@@ -48,7 +48,7 @@ void SuppliersPanelModel::look() {
             for (const auto& quote : group.rows) {
                 rows.push_back(rowOf(quote));
                 if (&quote == &group.rows.front())
-                    rows.back().heading = titleText(group.name, kLongestName);
+                    rows.back().heading = titleText(group.name, kLongestShareName);
             }
         }
     }

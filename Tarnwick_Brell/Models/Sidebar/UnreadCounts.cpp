@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kBudget = 4ms;
 constexpr auto kPause = 300ms;
-constexpr std::size_t kStride = 512;
+constexpr std::size_t kCountedAtOnce = 512;
 
 std::size_t firstBelow(const Wire& wire, std::int64_t number) {
     std::size_t low = 0, high = wire.size();
@@ -83,7 +83,7 @@ void UnreadCounts::count() {
     if (counting_) {
         auto place = firstBelow(wire, countedDownTo_);
         do {
-            const auto stop = std::min(place + kStride, wire.size());
+            const auto stop = std::min(place + kCountedAtOnce, wire.size());
             for (; place < stop; ++place) {
                 const auto& story = wire[place];
                 countedDownTo_ = story.number();

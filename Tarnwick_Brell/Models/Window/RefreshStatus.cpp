@@ -10,10 +10,7 @@ namespace app {
 using namespace std::chrono_literals;
 
 RefreshStatus::RefreshStatus(const Stores& stores, kit::Clock clock, QObject* parent)
-    : QObject(parent),
-      desk_(stores.news),
-      trackers_(stores.trackers),
-      clock_(std::move(clock)) {
+    : QObject(parent), desk_(stores.news), trackers_(stores.trackers), clock_(std::move(clock)) {
     connect(&desk_, &NewsDesk::refreshChanged, this, &RefreshStatus::changed);
     connect(&desk_, &NewsDesk::loaded, this, &RefreshStatus::changed);
     connect(&desk_, &NewsDesk::passEnded, this, [this](const PassReport& report) {

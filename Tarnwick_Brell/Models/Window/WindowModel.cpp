@@ -16,12 +16,8 @@ WindowModel::WindowModel(const Stores& stores)
       storyList_(stores.news, stores.newsrooms, stores.clock),
       selected_(stores.news, storyList_, stores.defaults, stores.clock),
       storyActions_(stores.news, *storyList_.list(), selected_),
-      newsroom_({.news = stores.news,
-                 .trackers = stores.trackers,
-                 .clock = stores.clock}),
-      refresh_(
-          {.news = stores.news, .trackers = stores.trackers},
-          stores.clock),
+      newsroom_({.news = stores.news, .trackers = stores.trackers, .clock = stores.clock}),
+      refresh_({.news = stores.news, .trackers = stores.trackers}, stores.clock),
       palette_(
           actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),
       appearance_(stores.defaults),

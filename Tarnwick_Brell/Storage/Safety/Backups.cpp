@@ -22,7 +22,7 @@ using kit::Instant;
 
 namespace {
 
-constexpr std::size_t kKept = 3;
+constexpr std::size_t kBackupsKept = 3;
 constexpr std::chrono::hours kBetweenBackups{24};
 
 constexpr std::string_view kBeginning = "library-";
@@ -142,12 +142,12 @@ void Backups::dropOldest(Instant now) const {
     std::size_t kept = 0;
     std::set<std::chrono::sys_days> days;
     for (const auto& backup : all(now)) {
-        if (backup.beforeMigration || ++kept <= kKept) {
+        if (backup.beforeMigration || ++kept <= kBackupsKept) {
             if (!backup.beforeMigration) days.insert(dayOf(backup));
             continue;
         }
         // The user's own copies of today don't displace yesterday's.
-        if (days.size() < kKept && days.insert(dayOf(backup)).second) continue;
+        if (days.size() < kBackupsKept && days.insert(dayOf(backup)).second) continue;
         std::error_code ignored;
         fs::remove(backup.file, ignored);
     }

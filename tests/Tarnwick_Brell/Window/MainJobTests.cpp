@@ -36,12 +36,11 @@ protected:
                 {quoteAnswer("AAPL", range, price)});
         }
         bench_.open();
-        model_ =
-            std::make_unique<WindowModel>(WindowModel::Stores{.news = *bench_.news,
-                                                              .trackers = *bench_.trackers,
-                                                              .newsrooms = *bench_.newsrooms,
-                                                              .defaults = bench_.defaults,
-                                                              .clock = bench_.desk.clock()});
+        model_ = std::make_unique<WindowModel>(WindowModel::Stores{.news = *bench_.news,
+                                                                   .trackers = *bench_.trackers,
+                                                                   .newsrooms = *bench_.newsrooms,
+                                                                   .defaults = bench_.defaults,
+                                                                   .clock = bench_.desk.clock()});
         QObject::connect(model_.get(), &WindowModel::linkWanted,
                          [this](const QString& link) { opened_ << link; });
         model_->open(model_->state()->place());

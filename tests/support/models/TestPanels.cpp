@@ -64,8 +64,7 @@ void TestPanels::open() {
 }
 
 PanelStores TestPanels::stores() {
-    return {
-        .news = *news, .trackers = *trackers, .clock = desk.clock()};
+    return {.news = *news, .trackers = *trackers, .clock = desk.clock()};
 }
 
 std::unique_ptr<PanelModel> TestPanels::panel(kit::PanelKind kind, const kit::StoryQuery& query) {

@@ -19,14 +19,12 @@ TEST(RefreshStates, RefreshingByHandFetchesTrackersToo) {
     test::TestPanels bench;
     bench.open();
     const auto isCalm = [&] {
-        return !bench.news->isRefreshing() &&
-               std::ranges::none_of(
-                   kTrackers, [&](auto tracker) { return bench.trackers->isRefreshing(tracker); });
+        return !bench.news->isRefreshing() && std::ranges::none_of(kTrackers, [&](auto tracker) {
+            return bench.trackers->isRefreshing(tracker);
+        });
     };
     // The fetches that the stores begin by themselves end within seconds.
-    ASSERT_TRUE(until([&] {
-        return bench.trackers->failures() > 0 && isCalm();
-    }));
+    ASSERT_TRUE(until([&] { return bench.trackers->failures() > 0 && isCalm(); }));
     RefreshStatus state({*bench.news, *bench.trackers}, bench.desk.clock());
     state.refresh();
     EXPECT_TRUE(bench.news->isRefreshing());
