@@ -30,7 +30,7 @@ public:
 };
 
 /// Lines about firmware or updates, under headings. SignalsPanel.qml shows all of its subclasses.
-class SignalsPanelModel : public PanelModel {
+class SignalsPanelModel : public app::PanelModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
