@@ -50,7 +50,7 @@ class Archive(unittest.TestCase):
             self.assertIn(item["url"], text)
         beyond = self.desk.run("archive", "stories", *self.period(24), "--offset", 5000).stdout
         self.assertIn(f"{page['total']} stories for this period, none after the first 5000.", beyond)
-        self.assertIn("no story", self.desk.run("archive", "stories", "--after", "1990-01-01", "--before", "1990-01-02").stdout)
+        self.assertIn("no stories", self.desk.run("archive", "stories", "--after", "1990-01-01", "--before", "1990-01-02").stdout)
 
     def test_the_status_says_who_has_stories_waiting(self):
         self.go_to(1)

@@ -140,7 +140,7 @@ class Sources(unittest.TestCase):
     def test_a_list_that_is_none_is_refused_with_the_reason(self):
         many = "".join(f"<outline text='a' xmlUrl='https://a.example/{i}'/>" for i in range(5001))
         for content, reason in {
-            b"<html><body>Log in</body></html>": "no list of feeds",
+            b"<html><body>Log in</body></html>": "not a list of feeds",
             b"<opml><body><outline text='x'": "damaged or incomplete",
             f"<opml><body>{many}</body></opml>".encode(): "more than 5,000 entries",
             b" " * 5_000_001: "larger than 5 MB",
