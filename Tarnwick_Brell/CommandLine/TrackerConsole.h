@@ -93,11 +93,10 @@ inline constexpr std::chrono::seconds kSilence{10};
 /// Fetches the file of each name, one after another. A server that is silent once is not waited
 /// for again.
 template <class T, class FileOf>
-NamedReadings<T> fetchEach(Session& session, app::LocalStore& store,
+NamedReadings<T> fetchEach(Session& session, BlockingFetcher& engine, app::LocalStore& store,
                            const std::vector<std::string>& names, const FileOf& fileOf) {
     NamedReadings<T> readings;
     bool isSilent = false;
-    BlockingFetcher engine(session.network(), kit::Conditional::no);
     app::TrackerFetcher fetcher(store, engine.http(), &currentInstant);
     for (const auto& name : names) {
         showProgress("Asking, " + std::to_string(readings.size() + 1) + " of " +
@@ -128,8 +127,11 @@ NamedReadings<T> fetchOrLoadEach(Session& session, bool isStored,
         }
         return readings;
     }
-    return session.storing(
-        [&](app::LocalStore& store) { return fetchEach<T>(session, store, names, fileOf); });
+    // Before the store: the demonstration's network comes first.
+    BlockingFetcher engine(session.network(), kit::Conditional::no);
+    return session.storing([&](app::LocalStore& store) {
+        return fetchEach<T>(session, engine, store, names, fileOf);
+    });
 }
 
 template <class T>
