@@ -3,13 +3,13 @@
 #include <string>
 #include <vector>
 
+#include "NewsroomKit/Panels/ChartContent.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
-#include "Tarnwick_Brell/Trackers/ChartPlace.h"
 
 namespace cli {
 
@@ -35,7 +35,7 @@ struct ChartsOptions {
 
 Kind kindNamed(const std::string& name) { return kit::enumFromRaw<Kind>(name).value(); }
 
-std::string moveText(const app::ChartPlace& place) {
+std::string moveText(const kit::ChartContent::Row& place) {
     if (place.isNew) return "new";
     const auto rise = place.rise();
     if (!rise) return "";
@@ -43,7 +43,7 @@ std::string moveText(const app::ChartPlace& place) {
     return (*rise > 0 ? "▲ " : "▼ ") + std::to_string(std::abs(*rise));
 }
 
-std::optional<app::ChartDay> dayBefore(Session& session, const NamedReading<Entries>& chart) {
+std::optional<kit::ChartDay> dayBefore(Session& session, const NamedReading<Entries>& chart) {
     if (!chart.reading.fetchedAt) return std::nullopt;
     return session.storeForReading().charts().dayBefore(kindNamed(chart.name),
                                                         *chart.reading.fetchedAt);
@@ -53,7 +53,8 @@ boost::json::object objectOf(Session& session, const NamedReading<Entries>& char
     boost::json::object object{{"kind", chart.name}};
     if (chart.reading.value) {
         boost::json::array list;
-        for (const auto& place : chartPlaces(*chart.reading.value, dayBefore(session, chart))) {
+        const auto content = chartContent(kit::fetched(chart.reading), dayBefore(session, chart));
+        for (const auto& place : content.rows) {
             auto entry = kit::encode(place.entry).get_object();
             if (place.rankBefore) entry["rankBefore"] = *place.rankBefore;
             if (place.isNew) entry["isNew"] = true;
@@ -73,7 +74,8 @@ void printChart(Session& session, const NamedReading<Entries>& chart) {
     TextTable table({Column::cut("app", 20), Column::whole("rank"),
                      Column::whole(before ? "since " + dayText(before->day) : ""),
                      Column::cut("developer").dropped(1)});
-    for (const auto& place : chartPlaces(*chart.reading.value, before)) {
+    const auto content = chartContent(kit::fetched(chart.reading), before);
+    for (const auto& place : content.rows) {
         table.add({printable(place.entry.name), std::to_string(place.entry.rank), moveText(place),
                    printable(place.entry.developer)});
     }

@@ -179,12 +179,9 @@ void TrackerStore::followSettings() {
     }
 }
 
-std::vector<ChartPlace> TrackerStore::chartPlaces(Chart kind) const {
-    const auto& entries = chart(kind).value;
-    if (!entries) return {};
+std::optional<kit::ChartDay> TrackerStore::chartDayBefore(Chart kind) const {
     const auto day = histories_.chartDays.find(kind);
-    return app::chartPlaces(*entries,
-                            day == histories_.chartDays.end() ? std::nullopt : day->second);
+    return day == histories_.chartDays.end() ? std::nullopt : day->second;
 }
 
 }  // namespace app

@@ -15,7 +15,6 @@
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
 #include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
-#include "Tarnwick_Brell/Trackers/ChartPlace.h"
 #include "Tarnwick_Brell/Trackers/PollScheduler.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 #include "Tarnwick_Brell/Trackers/TrackerHistories.h"
@@ -76,8 +75,8 @@ public:
     const CachedValue<std::vector<kit::ChartEntry>>& chart(Chart kind) const {
         return values_.of(files().chart(kind));
     }
-    /// The chart with the moves of its apps.
-    std::vector<ChartPlace> chartPlaces(Chart kind) const;
+    /// The last day before the chart's on which it was seen.
+    std::optional<kit::ChartDay> chartDayBefore(Chart kind) const;
 
     // Histories, the last seen first. They change with the signals of their trackers.
     const std::vector<SeenBuild>& builds() const { return histories_.builds; }

@@ -4,6 +4,7 @@
 
 #include <QLocale>
 
+#include "NewsroomKit/Panels/ChartContent.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
 namespace app {
@@ -12,7 +13,7 @@ namespace {
 
 constexpr int kLongestAppName = 80;
 
-QString moveText(const ChartPlace& place) {
+QString moveText(const kit::ChartContent::Row& place) {
     const auto rise = place.rise();
     if (!rise) return place.isNew ? ChartPanelModel::tr("new") : QString();
     if (*rise == 0) return ChartPanelModel::tr("unchanged");
@@ -21,7 +22,7 @@ QString moveText(const ChartPlace& place) {
                      : ChartPanelModel::tr("down %n places", nullptr, places);
 }
 
-ChartRow rowOf(const ChartPlace& place) {
+ChartRow rowOf(const kit::ChartContent::Row& place) {
     ChartRow row{.rank = QLocale().toString(static_cast<qlonglong>(place.entry.rank)),
                  .name = titleText(place.entry.name, kLongestAppName),
                  .developer = titleText(place.entry.developer, kLongestAppName),
@@ -42,22 +43,19 @@ ChartRow rowOf(const ChartPlace& place) {
 
 ChartPanelModel::ChartPanelModel(const PanelStores& stores, kit::AppStoreCharts::Kind chart)
     : PanelModel(stores), chart_(chart) {
-    connect(&trackers(), &TrackerStore::chartsChanged, this, &ChartPanelModel::look);
-    look();
+    connect(&trackers(), &TrackerStore::chartsChanged, this, &ChartPanelModel::update);
+    update();
 }
 
 QString ChartPanelModel::title() const { return plainText(label(chart_)); }
 
-void ChartPanelModel::look() {
-    auto condition = conditionOf(trackers().chart(chart_));
+void ChartPanelModel::update() {
+    const auto content = kit::chartContent(kit::fetched(trackers().chart(chart_)),
+                                           trackers().chartDayBefore(chart_));
     std::vector<ChartRow> rows;
-    for (const auto& place : trackers().chartPlaces(chart_)) rows.push_back(rowOf(place));
-    if (condition.state == Ready && rows.empty()) {
-        condition.state = Empty;
-        condition.message = tr("The chart is empty.");
-    }
+    for (const auto& row : content.rows) rows.push_back(rowOf(row));
     rows_.setRows(std::move(rows));
-    become(std::move(condition));
+    become(conditionOf(content.condition, tr("The chart is empty.")));
 }
 
 }  // namespace app

@@ -47,11 +47,11 @@ public:
     GadgetListModel<ChartRow>* rows() { return &rows_; }
     QString title() const;
 
-    void tick() override { look(); }
+    void tick() override { update(); }
     void retry() override { trackers().refresh(Tracker::charts); }
 
 private:
-    void look();
+    void update();
 
     kit::AppStoreCharts::Kind chart_;
     GadgetListModel<ChartRow> rows_;

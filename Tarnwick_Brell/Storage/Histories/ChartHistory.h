@@ -1,21 +1,16 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "NewsroomKit/Trackers/Charts/AppStoreCharts.h"
+#include "NewsroomKit/Panels/ChartContent.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
 
 namespace app {
 
-/// The last seen ranks of a chart on one day, by app id.
-struct ChartDay {
-    kit::Instant day{};
-    std::map<std::string, std::int64_t> ranks{};
-};
+using kit::ChartDay;
 
 /// An app's time in a chart.
 struct ChartRun {

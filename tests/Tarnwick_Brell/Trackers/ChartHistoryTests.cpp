@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "Tarnwick_Brell/Trackers/ChartPlace.h"
+#include "NewsroomKit/Panels/ChartContent.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
@@ -30,7 +30,9 @@ protected:
     /// "b+1 a-1 x!": each with its rise, "!" when it is new.
     std::string moves(const std::string& ids, Instant now) {
         std::string text;
-        for (const auto& place : chartPlaces(chart(ids), charts_.dayBefore(Kind::topFree, now))) {
+        const auto content =
+            kit::chartContent({.value = chart(ids)}, charts_.dayBefore(Kind::topFree, now));
+        for (const auto& place : content.rows) {
             const auto rise = place.rise().value_or(0);
             text += (text.empty() ? "" : " ") + place.entry.id +
                     (rise > 0   ? "+" + std::to_string(rise)
