@@ -74,7 +74,7 @@ Window {
             spacing: Theme.space2
 
             DeskButton {
-                visible: window.folder.toString()
+                visible: String(window.folder) !== ""
                 inSheet: true
                 text: qsTr("Open folder")
                 onClicked: Qt.openUrlExternally(window.folder)
