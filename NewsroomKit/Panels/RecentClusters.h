@@ -6,6 +6,7 @@
 
 #include "NewsroomKit/Clusters/StoryClusterer.h"
 #include "NewsroomKit/Panels/Coverage.h"
+#include "NewsroomKit/Panels/StoryGroup.h"
 
 namespace kit {
 
@@ -13,8 +14,8 @@ namespace kit {
 /// them, so that their panels agree.
 class RecentClusters {
 public:
-    /// The longest span of a panel.
-    static constexpr std::chrono::days kSpan = kCoverageSpan;
+    /// The longest span of a panel, with what its first stories follow on from.
+    static constexpr std::chrono::hours kSpan = kCoverageSpan + kEarlierContext;
     /// Of more stories only the newest are clustered.
     static constexpr std::size_t kMostStories = 50'000;
 
