@@ -12,7 +12,7 @@ constexpr std::size_t kMostChanges = 30;
 
 }  // namespace
 
-BackendContent backendContent(const FetchedValue<std::vector<UpdateOffer>>& updates,
+BackendContent backendContent(const CachedValue<std::vector<UpdateOffer>>& updates,
                               const std::vector<OfferChange>& changes) {
     BackendContent content{.changes = changes};
     if (changes.size() > kMostChanges) content.changes.resize(kMostChanges);

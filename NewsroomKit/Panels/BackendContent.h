@@ -16,7 +16,7 @@ struct BackendContent {
 };
 
 /// `changes`: the last seen first.
-BackendContent backendContent(const FetchedValue<std::vector<UpdateOffer>>& updates,
+BackendContent backendContent(const CachedValue<std::vector<UpdateOffer>>& updates,
                               const std::vector<OfferChange>& changes);
 
 }  // namespace kit

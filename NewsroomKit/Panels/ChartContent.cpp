@@ -15,7 +15,7 @@ ChartContent::Row rowOf(const ChartEntry& entry, const std::optional<ChartDay>& 
 
 }  // namespace
 
-ChartContent chartContent(const FetchedValue<std::vector<ChartEntry>>& chart,
+ChartContent chartContent(const CachedValue<std::vector<ChartEntry>>& chart,
                           const std::optional<ChartDay>& dayBefore) {
     ChartContent content;
     if (chart.value) {

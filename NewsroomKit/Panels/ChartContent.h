@@ -34,7 +34,7 @@ struct ChartContent {
     std::vector<Row> rows{};
 };
 
-ChartContent chartContent(const FetchedValue<std::vector<ChartEntry>>& chart,
+ChartContent chartContent(const CachedValue<std::vector<ChartEntry>>& chart,
                           const std::optional<ChartDay>& dayBefore);
 
 }  // namespace kit

@@ -5,24 +5,9 @@
 #include <utility>
 
 #include "NewsroomKit/Records/Instant.h"
+#include "NewsroomKit/Trackers/CachedValue.h"
 
 namespace kit {
-
-/// A tracked file as the desk holds it: the last good value, when it was fetched, and why there is
-/// no newer one.
-template <class T>
-struct FetchedValue {
-    std::optional<T> value{};
-    std::optional<Instant> fetchedAt{};
-    std::optional<std::string> error{};  ///< a sentence for the user
-};
-
-/// What the desk's stores and its library hold, as the record that contents are made from.
-template <class Held>
-auto fetched(const Held& held) {
-    return FetchedValue<typename decltype(held.value)::value_type>{held.value, held.fetchedAt,
-                                                                   held.error};
-}
 
 enum class PanelState {
     loading,  ///< nothing is known yet, and nothing has failed
@@ -51,8 +36,8 @@ struct PanelCondition {
         return {state, fetchedAt, std::move(error)};
     }
     template <class T>
-    static PanelCondition of(const FetchedValue<T>& fetched, bool hasRows) {
-        return of(fetched.value || hasRows, hasRows, fetched.fetchedAt, fetched.error);
+    static PanelCondition of(const CachedValue<T>& cached, bool hasRows) {
+        return of(cached.value || hasRows, hasRows, cached.fetchedAt, cached.error);
     }
 
     bool operator==(const PanelCondition&) const = default;

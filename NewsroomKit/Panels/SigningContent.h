@@ -13,7 +13,7 @@ namespace kit {
 /// What is held of one of the models whose signing the desk follows.
 struct DeviceSigning {
     std::string device{};  ///< the identifier of the model
-    FetchedValue<SigningStatus> signing{};
+    CachedValue<SigningStatus> signing{};
 };
 
 /// The builds that Apple signs now, model by model. All models together are as old as the oldest

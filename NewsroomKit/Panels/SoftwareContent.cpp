@@ -25,7 +25,7 @@ bool isNewBuild(const SoftwareRelease& release, Instant now) {
     return now - release.published < kNewFor;
 }
 
-SoftwareContent softwareContent(const FetchedValue<std::vector<PlatformRelease>>& releases,
+SoftwareContent softwareContent(const CachedValue<std::vector<PlatformRelease>>& releases,
                                 const Platforms& platforms, Instant now) {
     SoftwareContent content;
     for (const auto& name : platforms) {
@@ -37,7 +37,7 @@ SoftwareContent softwareContent(const FetchedValue<std::vector<PlatformRelease>>
     return content;
 }
 
-ReleasesContent releasesContent(const FetchedValue<std::vector<PlatformRelease>>& releases,
+ReleasesContent releasesContent(const CachedValue<std::vector<PlatformRelease>>& releases,
                                 const std::vector<SeenBuild>& builds, const Platforms& platforms,
                                 Instant now) {
     ReleasesContent content;

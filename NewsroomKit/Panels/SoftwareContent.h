@@ -27,7 +27,7 @@ struct SoftwareContent {
     std::vector<Row> rows{};  ///< in the panel's order
 };
 
-SoftwareContent softwareContent(const FetchedValue<std::vector<PlatformRelease>>& releases,
+SoftwareContent softwareContent(const CachedValue<std::vector<PlatformRelease>>& releases,
                                 const Platforms& platforms, Instant now);
 
 /// Every release and beta of the panel's platforms that the desk has seen.
@@ -41,7 +41,7 @@ struct ReleasesContent {
     std::vector<Row> rows{};  ///< the last published first
 };
 
-ReleasesContent releasesContent(const FetchedValue<std::vector<PlatformRelease>>& releases,
+ReleasesContent releasesContent(const CachedValue<std::vector<PlatformRelease>>& releases,
                                 const std::vector<SeenBuild>& builds, const Platforms& platforms,
                                 Instant now);
 

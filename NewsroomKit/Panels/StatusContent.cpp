@@ -10,7 +10,7 @@ using Report = AppleServiceStatus::Report;
 // Both files are fetched together; only a failure parts them.
 constexpr std::chrono::minutes kApart{30};
 
-std::optional<StatusContent::Tally> tallyOf(const FetchedValue<Services>& file) {
+std::optional<StatusContent::Tally> tallyOf(const CachedValue<Services>& file) {
     if (!file.value) return std::nullopt;
     const auto all = file.value->size();
     return StatusContent::Tally{.up = all - AppleServiceStatus::ongoingReports(*file.value).size(),
@@ -43,8 +43,8 @@ bool StatusContent::isAllUp() const {
            developer->isCurrent && developer->isUp();
 }
 
-StatusContent statusContent(const FetchedValue<Services>& consumer,
-                            const FetchedValue<Services>& developer, Instant now) {
+StatusContent statusContent(const CachedValue<Services>& consumer,
+                            const CachedValue<Services>& developer, Instant now) {
     StatusContent content{.condition = PanelCondition::of(consumer, consumer.value.has_value()),
                           .consumer = tallyOf(consumer),
                           .developer = tallyOf(developer)};

@@ -50,8 +50,8 @@ struct StatusContent {
     bool isAllUp() const;
 };
 
-StatusContent statusContent(const FetchedValue<StatusContent::Services>& consumer,
-                            const FetchedValue<StatusContent::Services>& developer, Instant now);
+StatusContent statusContent(const CachedValue<StatusContent::Services>& consumer,
+                            const CachedValue<StatusContent::Services>& developer, Instant now);
 
 /// How long an incident has gone on, or went on; nothing when Apple does not say.
 std::optional<Instant::duration> lasted(const AppleServiceStatus::Incident& incident, Instant now);

@@ -15,7 +15,7 @@ namespace cli {
 
 /// The value that the library holds of a tracked file.
 template <class T>
-app::CachedValue<T> cached(PanelHoldings& holdings, const app::TrackedFile<T>& file) {
+kit::CachedValue<T> cached(PanelHoldings& holdings, const app::TrackedFile<T>& file) {
     return app::TrackerCache(holdings.session().storeForReading()).read(file);
 }
 

@@ -63,7 +63,7 @@ void addNote(boost::json::object& object, const TrackerNote& note);
 
 /// Prints the value, and returns the exit status.
 template <class T>
-int showTracker(Session& session, bool isStored, const app::CachedValue<T>& reading,
+int showTracker(Session& session, bool isStored, const kit::CachedValue<T>& reading,
                 const TrackerForms<T>& forms) {
     const TrackerNote note{reading.fetchedAt, reading.error};
     if (!reading.value) failWithoutData(isStored, note);
@@ -81,7 +81,7 @@ int showTracker(Session& session, bool isStored, const app::CachedValue<T>& read
 template <class T>
 struct NamedReading {
     std::string name;
-    app::CachedValue<T> reading;
+    kit::CachedValue<T> reading;
 };
 
 template <class T>

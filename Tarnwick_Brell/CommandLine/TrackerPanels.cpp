@@ -26,7 +26,6 @@ using kit::PanelSpec;
 using kit::QuoteRange;
 
 const app::TrackedFiles kFiles;  // Their names in the cache do not depend on the service.
-constexpr std::string_view kShare = "AAPL";
 constexpr std::size_t kDistanceColumns = 12;
 
 /// "in 20 days   Harbour fair, 2026-12-10 20:00 CET"
@@ -41,10 +40,10 @@ std::string countdownLine(const kit::CountdownRow& event) {
     return line;
 }
 
-std::vector<app::CachedValue<kit::StockQuote>> quotesOfAllRanges(PanelHoldings& holdings) {
-    std::vector<app::CachedValue<kit::StockQuote>> quotes;
+std::vector<kit::CachedValue<kit::StockQuote>> quotesOfAllRanges(PanelHoldings& holdings) {
+    std::vector<kit::CachedValue<kit::StockQuote>> quotes;
     for (const auto& row : kit::enumTable<QuoteRange>)
-        quotes.push_back(cached(holdings, kFiles.quote(kShare, row.value)));
+        quotes.push_back(cached(holdings, kFiles.quote(app::TrackedFiles::kShare, row.value)));
     return quotes;
 }
 
@@ -123,7 +122,8 @@ Lines stockLines(PanelHoldings& holdings, const PanelSpec& panel) {
 Lines suppliersLines(PanelHoldings& holdings) {
     const auto reading = cached(holdings, kFiles.board());
     if (!reading.value) return nothingYet(holdings, reading, "board");
-    const auto share = cached(holdings, kFiles.quote(kShare, QuoteRange::day)).value;
+    const auto share =
+        cached(holdings, kFiles.quote(app::TrackedFiles::kShare, QuoteRange::day)).value;
     Lines lines;
     for (const auto& group : kit::boardGroups(*reading.value, share ? &*share : nullptr)) {
         lines.push_back(printable(group.name));
@@ -135,7 +135,7 @@ Lines suppliersLines(PanelHoldings& holdings) {
 }
 
 Lines softwareLines(PanelHoldings& holdings, const PanelSpec& panel) {
-    const auto content = kit::softwareContent(kit::fetched(cached(holdings, kFiles.releases())),
+    const auto content = kit::softwareContent(cached(holdings, kFiles.releases()),
                                               panel.options.platforms, holdings.now());
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "releases");
     Lines lines;
@@ -156,7 +156,7 @@ Lines softwareLines(PanelHoldings& holdings, const PanelSpec& panel) {
 
 Lines releasesLines(PanelHoldings& holdings, const PanelSpec& panel) {
     const auto content =
-        kit::releasesContent(kit::fetched(cached(holdings, kFiles.releases())),
+        kit::releasesContent(cached(holdings, kFiles.releases()),
                              holdings.session().storeForReading().builds().newest(kit::kMostBuilds),
                              panel.options.platforms, holdings.now());
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "releases");
@@ -175,8 +175,8 @@ Lines releasesLines(PanelHoldings& holdings, const PanelSpec& panel) {
 
 Lines statusLines(PanelHoldings& holdings) {
     const auto content = kit::statusContent(
-        kit::fetched(cached(holdings, kFiles.status(kit::StatusFeed::consumer))),
-        kit::fetched(cached(holdings, kFiles.status(kit::StatusFeed::developer))), holdings.now());
+        cached(holdings, kFiles.status(kit::StatusFeed::consumer)),
+        cached(holdings, kFiles.status(kit::StatusFeed::developer)), holdings.now());
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "status");
     Lines lines;
     for (const auto& incident : content.ongoing) {

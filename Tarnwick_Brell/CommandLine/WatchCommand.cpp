@@ -115,7 +115,7 @@ private:
 
     /// Reports when a tracker begins to fail and when it works again.
     template <class T>
-    void reportState(const std::string& name, const app::CachedValue<T>& reading) {
+    void reportState(const std::string& name, const kit::CachedValue<T>& reading) {
         const bool wasFailing = failing_.contains(name);
         if (reading.error && failing_.insert(name).second) printNotice(*reading.error);
         if (!reading.error && wasFailing) {
@@ -133,7 +133,7 @@ private:
         reportState("The board of quotes", trackers_.board());
         reportState("The share's quote", trackers_.quote());
         // All devices share a server, so that the failure of one stands for all.
-        app::CachedValue<kit::SigningStatus> signing;
+        kit::CachedValue<kit::SigningStatus> signing;
         for (const auto& device : trackers_.devices()) {
             const auto& reading = trackers_.signing(device);
             if (reading.error && !signing.error) signing = reading;

@@ -21,6 +21,8 @@ namespace app {
 struct TrackedFiles {
     /// The names of all quotes begin with it.
     static constexpr std::string_view kQuotePrefix = "quote/";
+    /// The symbol of Apple's own share.
+    static constexpr std::string_view kShare = "AAPL";
 
     std::string serviceAddress{};  ///< of the maker's service
 

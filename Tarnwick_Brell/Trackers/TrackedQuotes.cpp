@@ -19,7 +19,7 @@ constexpr std::size_t kMostQuotesShown = 100;
 }  // namespace
 
 std::vector<std::string> TrackerStore::symbols() const {
-    std::vector<std::string> symbols{std::string(kShare)};
+    std::vector<std::string> symbols{std::string(TrackedFiles::kShare)};
     const auto add = [&](const std::string& symbol) {
         if (std::ranges::find(symbols, symbol) == symbols.end()) symbols.push_back(symbol);
     };
@@ -80,7 +80,7 @@ void TrackerStore::setCompared(std::vector<std::string> symbols) {
 }
 
 void TrackerStore::readQuote(QuoteRange range, std::chrono::seconds freshFor) {
-    fetchQuotes({files().quote(kShare, range)}, freshFor);
+    fetchQuotes({files().quote(TrackedFiles::kShare, range)}, freshFor);
 }
 
 void TrackerStore::readYear() { fetchQuotes(quoteFiles(QuoteRange::year), kYearFreshFor); }

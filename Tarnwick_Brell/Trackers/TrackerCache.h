@@ -6,7 +6,7 @@
 
 #include "NewsroomKit/Records/RecordError.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
-#include "Tarnwick_Brell/Trackers/CachedValue.h"
+#include "NewsroomKit/Trackers/CachedValue.h"
 #include "Tarnwick_Brell/Trackers/TrackedFile.h"
 
 namespace app {
@@ -20,7 +20,7 @@ public:
     /// The value to show: the latest answer with what the answer before had and no second answer
     /// has confirmed to be gone.
     template <class T>
-    CachedValue<T> read(const TrackedFile<T>& file);
+    kit::CachedValue<T> read(const TrackedFile<T>& file);
 
     /// The latest answer by itself.
     template <class T>
@@ -57,9 +57,9 @@ std::optional<T> TrackerCache::parsed(const TrackedFile<T>& file, const std::str
 }
 
 template <class T>
-CachedValue<T> TrackerCache::read(const TrackedFile<T>& file) {
+kit::CachedValue<T> TrackerCache::read(const TrackedFile<T>& file) {
     const auto health = copies_.health(file.name);
-    CachedValue<T> cached{.value = latest(file), .error = health.lastError};
+    kit::CachedValue<T> cached{.value = latest(file), .error = health.lastError};
     if (!cached.value) return cached;
     cached.fetchedAt = health.lastSuccess;
     if (!file.carryOverMissing) return cached;

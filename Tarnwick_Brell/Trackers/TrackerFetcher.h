@@ -24,17 +24,17 @@ public:
 
     /// The value to show, with an error when it does not come from this answer.
     template <class T>
-    boost::asio::awaitable<CachedValue<T>> fetch(TrackedFile<T> file);
+    boost::asio::awaitable<kit::CachedValue<T>> fetch(TrackedFile<T> file);
 
 private:
     template <class T>
-    CachedValue<T> accept(const TrackedFile<T>& file, const kit::FetchedFile<T>& fetched);
+    kit::CachedValue<T> accept(const TrackedFile<T>& file, const kit::FetchedFile<T>& fetched);
     template <class T>
     bool isRefusedAsEmpty(const TrackedFile<T>& file, const T& value);
     template <class T>
-    CachedValue<T> failed(const TrackedFile<T>& file, const std::string& error);
+    kit::CachedValue<T> failed(const TrackedFile<T>& file, const std::string& error);
     template <class T>
-    CachedValue<T> notAsked(const TrackedFile<T>& file, const std::string& reason);
+    kit::CachedValue<T> notAsked(const TrackedFile<T>& file, const std::string& reason);
 
     void recordFailure(const std::string& name, std::string error);
     std::optional<std::string> pauseText(const std::string& address);
@@ -55,7 +55,7 @@ std::string failureText(const kit::FetchError& error, const std::string& notFoun
                         const std::string& untrustedHint);
 
 template <class T>
-boost::asio::awaitable<CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T> file) {
+boost::asio::awaitable<kit::CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T> file) {
     co_await boost::asio::this_coro::throw_if_cancelled(false);
     if (const auto pause = pauseText(file.address)) co_return notAsked(file, *pause);
     std::optional<kit::FetchedFile<T>> fetched;
@@ -72,8 +72,8 @@ boost::asio::awaitable<CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T> file
 }
 
 template <class T>
-CachedValue<T> TrackerFetcher::accept(const TrackedFile<T>& file,
-                                      const kit::FetchedFile<T>& fetched) {
+kit::CachedValue<T> TrackerFetcher::accept(const TrackedFile<T>& file,
+                                           const kit::FetchedFile<T>& fetched) {
     const T& latest = fetched.value.value();
     if (file.isRequested && !file.isRequested(latest)) return failed(file, file.mismatchText);
     if (isRefusedAsEmpty(file, latest)) return failed(file, "The answer was an empty list.");
@@ -96,14 +96,15 @@ bool TrackerFetcher::isRefusedAsEmpty(const TrackedFile<T>& file, const T& value
 }
 
 template <class T>
-CachedValue<T> TrackerFetcher::failed(const TrackedFile<T>& file, const std::string& error) {
+kit::CachedValue<T> TrackerFetcher::failed(const TrackedFile<T>& file, const std::string& error) {
     recordFailure(file.name, file.title + ": " + error);
     return cache_.read(file);
 }
 
 /// The failure is not counted against the tracker.
 template <class T>
-CachedValue<T> TrackerFetcher::notAsked(const TrackedFile<T>& file, const std::string& reason) {
+kit::CachedValue<T> TrackerFetcher::notAsked(const TrackedFile<T>& file,
+                                             const std::string& reason) {
     auto cached = cache_.read(file);
     cached.error = file.title + ": " + reason;
     return cached;

@@ -34,11 +34,9 @@ class TrackerStore : public QObject {
     Q_OBJECT
 public:
     using Services = kit::AppleServiceStatus::Services;
-    using Quote = CachedValue<kit::StockQuote>;
+    using Quote = kit::CachedValue<kit::StockQuote>;
     using Chart = kit::AppStoreCharts::Kind;
 
-    /// Apple's own share.
-    static constexpr std::string_view kShare = "AAPL";
     static constexpr std::chrono::seconds kQuoteFreshFor{60};
 
     /// The worker must outlive it.
@@ -51,28 +49,28 @@ public:
     // Shown values. A reference holds until the next signal of its tracker.
     /// The library has been read. Nothing is fetched before.
     bool isLoaded() const { return scheduler_.hasStarted(); }
-    const CachedValue<Services>& consumerStatus() const {
+    const kit::CachedValue<Services>& consumerStatus() const {
         return values_.of(files().status(kit::StatusFeed::consumer));
     }
-    const CachedValue<Services>& developerStatus() const {
+    const kit::CachedValue<Services>& developerStatus() const {
         return values_.of(files().status(kit::StatusFeed::developer));
     }
-    const CachedValue<std::vector<kit::PlatformRelease>>& releases() const {
+    const kit::CachedValue<std::vector<kit::PlatformRelease>>& releases() const {
         return values_.of(files().releases());
     }
-    const CachedValue<std::vector<kit::AppleCalendarEvent>>& events() const {
+    const kit::CachedValue<std::vector<kit::AppleCalendarEvent>>& events() const {
         return values_.of(files().events());
     }
-    const CachedValue<std::vector<kit::BoardQuote>>& board() const {
+    const kit::CachedValue<std::vector<kit::BoardQuote>>& board() const {
         return values_.of(files().board());
     }
-    const CachedValue<kit::SigningStatus>& signing(const std::string& device) const {
+    const kit::CachedValue<kit::SigningStatus>& signing(const std::string& device) const {
         return values_.of(files().signing(device));
     }
-    const CachedValue<std::vector<kit::UpdateOffer>>& updates() const {
+    const kit::CachedValue<std::vector<kit::UpdateOffer>>& updates() const {
         return values_.of(files().updates());
     }
-    const CachedValue<std::vector<kit::ChartEntry>>& chart(Chart kind) const {
+    const kit::CachedValue<std::vector<kit::ChartEntry>>& chart(Chart kind) const {
         return values_.of(files().chart(kind));
     }
     /// The last day before the chart's on which it was seen.
@@ -95,7 +93,7 @@ public:
     }
     /// The share over any range. See readQuote().
     const Quote& quote(kit::QuoteRange range) const {
-        return values_.of(files().quote(kShare, range));
+        return values_.of(files().quote(TrackedFiles::kShare, range));
     }
     /// Of the compared symbols over quoteRange those that have been fetched.
     std::vector<kit::StockQuote> comparisonQuotes() const {

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <utility>
 
-#include "Tarnwick_Brell/Trackers/CachedValue.h"
+#include "NewsroomKit/Trackers/CachedValue.h"
 #include "Tarnwick_Brell/Trackers/TrackedFile.h"
 
 namespace app {
@@ -17,7 +17,7 @@ namespace app {
 /// A CachedValue with its type hidden, so that all trackers are handled alike.
 struct AnyCachedValue {
     template <class T>
-    explicit AnyCachedValue(CachedValue<T> cached)
+    explicit AnyCachedValue(kit::CachedValue<T> cached)
         : hasValue(cached.value.has_value()),
           fetchedAt(cached.fetchedAt),
           hasFailed(cached.error.has_value()),
@@ -34,11 +34,12 @@ class TrackerValues {
 public:
     /// An empty one when nothing has been loaded or fetched yet.
     template <class T>
-    const CachedValue<T>& of(const TrackedFile<T>& file) const {
-        static const CachedValue<T> none;
+    const kit::CachedValue<T>& of(const TrackedFile<T>& file) const {
+        static const kit::CachedValue<T> none;
         const auto entry = values_.find(file.name);
-        return entry == values_.end() ? none
-                                      : std::any_cast<const CachedValue<T>&>(entry->second.value);
+        return entry == values_.end()
+                   ? none
+                   : std::any_cast<const kit::CachedValue<T>&>(entry->second.value);
     }
 
     std::optional<kit::Instant> fetchedAt(const std::string& name) const {

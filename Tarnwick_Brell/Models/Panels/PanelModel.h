@@ -13,7 +13,7 @@
 #include "NewsroomKit/Panels/PanelCondition.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
-#include "Tarnwick_Brell/Trackers/CachedValue.h"
+#include "NewsroomKit/Trackers/CachedValue.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 namespace app {
@@ -102,7 +102,7 @@ protected:
     /// The condition of a panel whose content is a tracker's reading: loading, failed, stale
     /// or ready, with the age as the fact.
     template <class T>
-    Condition conditionOf(const CachedValue<T>& reading) const {
+    Condition conditionOf(const kit::CachedValue<T>& reading) const {
         return conditionOf(reading.value.has_value(), reading.fetchedAt, reading.error);
     }
     Condition conditionOf(bool hasValue, std::optional<kit::Instant> fetchedAt,

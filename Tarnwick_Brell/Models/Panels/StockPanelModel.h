@@ -70,7 +70,7 @@ public:
     void retry() override;
 
 private:
-    using Quote = CachedValue<kit::StockQuote>;
+    using Quote = kit::CachedValue<kit::StockQuote>;
 
     void look();
     void showPrice(const kit::QuoteContent& content);

@@ -27,7 +27,7 @@ QString groupKey(Category category) {
     return QStringLiteral("category:") + plainText(rawValue(category));
 }
 
-int problemsIn(const CachedValue<TrackerStore::Services>& reading) {
+int problemsIn(const kit::CachedValue<TrackerStore::Services>& reading) {
     if (!reading.value) return 0;
     return static_cast<int>(kit::AppleServiceStatus::ongoingReports(*reading.value).size());
 }

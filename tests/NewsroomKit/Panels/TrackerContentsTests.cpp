@@ -46,7 +46,7 @@ TEST(StatusContent, ListsOngoingIncidentsAndThoseThatEndedOfLate) {
         return AppleServiceStatus::Incident{
             .kind = "Outage", .status = status, .started = started, .ended = ended};
     };
-    const FetchedValue<Services> consumer{
+    const CachedValue<Services> consumer{
         .value = Services{{"Mail", {incident("ongoing", kNoon - 2h, kNoon - 1h)}},
                           {"Maps", {incident("resolved", kNoon - days(14), kNoon - days(13))}},
                           {"Notes", {incident("resolved", kNoon - days(14) - 1s, kNoon)}},
@@ -66,14 +66,14 @@ TEST(StatusContent, ListsOngoingIncidentsAndThoseThatEndedOfLate) {
 TEST(StatusContent, CallsAllServicesUpOnlyWhenBothFilesSaySoNow) {
     const auto file = [](bool isUp, Instant::duration age, bool hasFailed = false) {
         const auto status = isUp ? "resolved" : "ongoing";
-        return FetchedValue<Services>{
+        return CachedValue<Services>{
             .value = Services{{"Kiosk", {{.kind = "Issue", .status = status}}}},
             .fetchedAt = kNoon - age,
             .error = hasFailed ? std::optional<std::string>("No answer.") : std::nullopt};
     };
     struct Case {
         const char* what;
-        FetchedValue<Services> consumer, developer;
+        CachedValue<Services> consumer, developer;
         bool isAllUp, isDeveloperCurrent;
     };
     const Case cases[] = {
@@ -99,7 +99,7 @@ SoftwareRelease build(const char* name, Instant::duration age) {
 }
 
 TEST(SoftwareContent, FollowsThePanelsOrderAndMarksBuildsOfThreeDays) {
-    const FetchedValue<std::vector<PlatformRelease>> releases{
+    const CachedValue<std::vector<PlatformRelease>> releases{
         .value = {{{.platform = "iOS", .current = build("A1", 71h), .beta = build("B1", 200h)},
                    {.platform = "tvOS", .current = build("T1", 73h)},
                    {.platform = "otherOS", .current = build("O1", 1h)}}}};
@@ -196,7 +196,7 @@ TEST(BackendContent, HasTheLatestChangesAndTheNewestOfferOfEachPlatform) {
     const auto offer = [](const char* platform, const char* build) {
         return UpdateOffer{.platform = platform, .build = build};
     };
-    const FetchedValue<std::vector<UpdateOffer>> updates{
+    const CachedValue<std::vector<UpdateOffer>> updates{
         .value = {{offer("iOS", "B2"), offer("macOS", "M1"), offer("iOS", "B1")}}};
     const auto content = backendContent(updates, std::vector<OfferChange>(31));
     EXPECT_EQ(content.changes.size(), 30u);

@@ -68,7 +68,7 @@ protected:
         serve("events", {{"events", kit::encode(events)}});
     }
     void quote(StockQuote quote) {
-        quote.symbol = TrackerStore::kShare;
+        quote.symbol = TrackedFiles::kShare;
         serve("quote?range=" + quote.range + "&symbol=AAPL", kit::encode(quote));
     }
 

@@ -114,7 +114,7 @@ std::string wordsOf(const std::vector<T>& items) {
 std::string wordsOf(const kit::SigningStatus& status) { return wordsOf(status.builds); }
 
 template <class T>
-std::string listOf(const CachedValue<T>& cached) {
+std::string listOf(const kit::CachedValue<T>& cached) {
     return cached.value ? wordsOf(*cached.value) : "nothing";
 }
 
@@ -130,16 +130,16 @@ constexpr bool kRefused = true;
 class TrackerFetcherTest : public ::testing::Test {
 protected:
     template <class T>
-    CachedValue<T> fetch(const TrackedFile<T>& file) {
+    kit::CachedValue<T> fetch(const TrackedFile<T>& file) {
         asio::io_context io;
-        CachedValue<T> result;
-        asio::co_spawn(
-            io, fetcher_.fetch(file),
-            asio::bind_cancellation_slot(
-                cancellation_.slot(), [&](const std::exception_ptr& failure, CachedValue<T> value) {
-                    if (failure) std::rethrow_exception(failure);
-                    result = std::move(value);
-                }));
+        kit::CachedValue<T> result;
+        asio::co_spawn(io, fetcher_.fetch(file),
+                       asio::bind_cancellation_slot(
+                           cancellation_.slot(),
+                           [&](const std::exception_ptr& failure, kit::CachedValue<T> value) {
+                               if (failure) std::rethrow_exception(failure);
+                               result = std::move(value);
+                           }));
         if (isCancelled_) {
             asio::post(io, [&] { cancellation_.emit(asio::cancellation_type::terminal); });
         }
@@ -151,7 +151,7 @@ protected:
         bench_.script.on(host, target, {std::move(answer)});
     }
 
-    CachedValue<std::vector<kit::PlatformRelease>> releases(Response answer) {
+    kit::CachedValue<std::vector<kit::PlatformRelease>> releases(Response answer) {
         serve(kServiceHost, kWire + std::string("releases"), std::move(answer));
         return fetch(files_.releases());
     }
@@ -336,7 +336,7 @@ TEST_F(TrackerFetcherTest, ACopyThatDoesNotReadIsNone) {
     store_.trackerCopies().keep("releases", {"<html>", now_});
     store_.trackerCopies().keep("releases/before", {releasesBody("iOS=1"), now_});
     EXPECT_EQ(TrackerCache(store_).read(files_.releases()),
-              (CachedValue<std::vector<kit::PlatformRelease>>()));
+              (kit::CachedValue<std::vector<kit::PlatformRelease>>()));
     EXPECT_EQ(listOf(releases({.body = releasesBody("iOS=2")})), "iOS=2");
 }
 
