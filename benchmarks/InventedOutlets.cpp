@@ -32,14 +32,14 @@ std::string feed(std::size_t outlet, std::size_t round, std::size_t stories) {
 
 void makeOnlySources(const std::filesystem::path& library, std::size_t count) {
     app::LocalStore store(library, app::Database::Access::readWrite);
-    app::SourceRegistry roster(store.sources());
+    app::SourceRegistry registry(store.sources());
     auto transaction = store.transaction();
-    for (const auto& source : roster.sources()) store.sources().setEnabled(source.id, false);
+    for (const auto& source : registry.sources()) store.sources().setEnabled(source.id, false);
     for (std::size_t i = 0; i < count; ++i) {
         kit::NewsSource source{.id = host(i), .name = host(i)};
         source.feedURL = source.siteURL = "https://" + host(i) + "/feed";
         source.enabledByDefault = true;
-        if (!roster.find(source.id)) store.sources().add(source);
+        if (!registry.find(source.id)) store.sources().add(source);
         store.sources().setEnabled(source.id, true);
         store.sources().setStatus(source.id, {.lastSuccess = now()});
     }

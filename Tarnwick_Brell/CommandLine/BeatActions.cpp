@@ -15,7 +15,7 @@ namespace cli {
 
 namespace {
 
-using app::BeatShelf;
+using app::BeatRecords;
 using kit::Beat;
 
 constexpr std::string_view kBeat = "beat";
@@ -44,7 +44,7 @@ void requireSound(const Beat& beat) {
     }
 }
 
-void put(Session& session, BeatShelf& records, Beat beat) {
+void put(Session& session, BeatRecords& records, Beat beat) {
     write(session, session.store().beats(), records.put(std::move(beat)));
 }
 
@@ -63,7 +63,7 @@ void confirm(Session& session, const Beat& beat, std::string_view what) {
 }  // namespace
 
 int listBeats(Session& session) {
-    const auto records = BeatShelf::read(session.storeForReading().beats());
+    const auto records = BeatRecords::read(session.storeForReading().beats());
     if (session.options().json) {
         session.out().line(boost::json::serialize(recordsOf(records)));
         return kDone;
@@ -96,7 +96,7 @@ int listBeats(Session& session) {
 int newBeat(Session& session, const BeatOptions& options) {
     requireSymbol(options.symbol);
     const auto query = givenQuery(session.store(), options.query);
-    auto records = BeatShelf::read(session.store().beats());
+    auto records = BeatRecords::read(session.store().beats());
     const auto name = trimmed(options.name);
     requireFree(records, name, kBeat);
     Beat beat;
@@ -112,7 +112,7 @@ int newBeat(Session& session, const BeatOptions& options) {
 
 int changeBeat(Session& session, const BeatOptions& options) {
     requireSymbol(options.symbol);
-    auto records = BeatShelf::read(session.store().beats());
+    auto records = BeatRecords::read(session.store().beats());
     const auto& entry = named(records.entries(), options.name, kBeat);
     auto beat = readable(entry, kBeat);
     if (!options.newName.empty()) {
@@ -137,7 +137,7 @@ int tryBeat(Session& session, const BeatOptions& options) {
     } else {
         if (options.query.isGiven())
             throw WrongUsage("Name a beat or say what to follow, not both.");
-        const auto records = BeatShelf::read(store.beats());
+        const auto records = BeatRecords::read(store.beats());
         query = readable(named(records.entries(), options.name, kBeat), kBeat).query;
     }
     const auto matched = matchedLately(session, {query}, static_cast<int>(options.days)).front();
@@ -146,7 +146,7 @@ int tryBeat(Session& session, const BeatOptions& options) {
 }
 
 int moveBeat(Session& session, const BeatOptions& options) {
-    auto records = BeatShelf::read(session.store().beats());
+    auto records = BeatRecords::read(session.store().beats());
     const auto id = named(records.entries(), options.name, kBeat).id;
     const auto change = records.move(id, static_cast<std::size_t>(options.place - 1));
     write(session, session.store().beats(), *change);
@@ -154,7 +154,7 @@ int moveBeat(Session& session, const BeatOptions& options) {
 }
 
 int removeBeat(Session& session, const BeatOptions& options) {
-    auto records = BeatShelf::read(session.store().beats());
+    auto records = BeatRecords::read(session.store().beats());
     const auto entry = named(records.entries(), options.name, kBeat);
     write(session, session.store().beats(), *records.remove(entry.id));
     if (session.options().json) {
@@ -167,7 +167,7 @@ int removeBeat(Session& session, const BeatOptions& options) {
 }
 
 int restoreBeat(Session& session, const BeatOptions& options) {
-    auto records = BeatShelf::read(session.store().beats());
+    auto records = BeatRecords::read(session.store().beats());
     if (records.removed().empty()) throw WorkFailed("No beat has been removed.");
     const auto entry =
         restored(session, session.store().beats(), records,

@@ -53,7 +53,7 @@ boost::json::object objectOf(Session& session, const NamedReading<Entries>& char
     boost::json::object object{{"kind", chart.name}};
     if (chart.reading.value) {
         boost::json::array list;
-        const auto content = chartContent(kit::fetched(chart.reading), dayBefore(session, chart));
+        const auto content = chartContent(chart.reading, dayBefore(session, chart));
         for (const auto& place : content.rows) {
             auto entry = kit::encode(place.entry).get_object();
             if (place.rankBefore) entry["rankBefore"] = *place.rankBefore;
@@ -74,7 +74,7 @@ void printChart(Session& session, const NamedReading<Entries>& chart) {
     TextTable table({Column::cut("app", 20), Column::whole("rank"),
                      Column::whole(before ? "since " + dayText(before->day) : ""),
                      Column::cut("developer").dropped(1)});
-    const auto content = chartContent(kit::fetched(chart.reading), before);
+    const auto content = chartContent(chart.reading, before);
     for (const auto& place : content.rows) {
         table.add({printable(place.entry.name), std::to_string(place.entry.rank), moveText(place),
                    printable(place.entry.developer)});

@@ -16,7 +16,7 @@ namespace cli {
 
 namespace {
 
-using app::NewsroomShelf;
+using app::NewsroomRecords;
 using kit::NewsroomSpec;
 using kit::PanelKind;
 
@@ -53,21 +53,21 @@ kit::StoryQuery givenFocus(Session& session, const QueryOptions& options) {
     throw WrongUsage(fmt::format("This is not a valid newsroom: {}.", error.what()));
 }
 
-NewsroomShelf recordsToChange(Session& session) {
-    return NewsroomShelf::read(session.store().newsrooms());
+NewsroomRecords recordsToChange(Session& session) {
+    return NewsroomRecords::read(session.store().newsrooms());
 }
 
-void put(Session& session, NewsroomShelf& records, NewsroomSpec spec) {
+void put(Session& session, NewsroomRecords& records, NewsroomSpec spec) {
     write(session, session.store().newsrooms(), records.put(std::move(spec)));
 }
 
-void printOutcome(Session& session, const NewsroomShelf::Entry& entry,
+void printOutcome(Session& session, const NewsroomRecords::Entry& entry,
                   const std::string& sentence) {
     session.out().line(session.options().json ? boost::json::serialize(recordOf(entry))
                                               : withGivenOptions(sentence, session.options()));
 }
 
-void printOutcome(Session& session, const NewsroomShelf& records, const NewsroomSpec& spec,
+void printOutcome(Session& session, const NewsroomRecords& records, const NewsroomSpec& spec,
                   std::string_view what) {
     printOutcome(session, *records.find(spec.id.text()),
                  fmt::format("{} {}: {}, {}.", what, printable(spec.name), panelsText(spec),
@@ -87,7 +87,7 @@ std::string panelsText(const kit::NewsroomSpec& spec) {
 }
 
 int listNewsrooms(Session& session) {
-    const auto records = NewsroomShelf::read(session.storeForReading().newsrooms());
+    const auto records = NewsroomRecords::read(session.storeForReading().newsrooms());
     if (session.options().json) {
         session.out().line(boost::json::serialize(recordsOf(records)));
         return kDone;

@@ -11,7 +11,7 @@
 
 namespace cli {
 
-using app::NewsroomShelf;
+using app::NewsroomRecords;
 
 namespace {
 
@@ -47,7 +47,7 @@ void printEffects(Session& session, const kit::NewsroomSpec& spec) {
 
 /// A newsroom that can't be read is exported as stored, because another version may read it.
 int exportNewsroom(Session& session, const NewsroomOptions& options) {
-    const auto records = NewsroomShelf::read(session.storeForReading().newsrooms());
+    const auto records = NewsroomRecords::read(session.storeForReading().newsrooms());
     const auto& entry = named(records.entries(), options.name, "newsroom");
     session.out().write(entry.value ? kit::NewsroomFile::write(*entry.value) : entry.record + "\n");
     return kDone;
@@ -56,7 +56,7 @@ int exportNewsroom(Session& session, const NewsroomOptions& options) {
 int importNewsroom(Session& session, const NewsroomOptions& options) {
     const auto bytes = readInput(options.file, kit::NewsroomLimits::kFileBytes);
     auto& store = options.preview ? session.storeForReading() : session.store();
-    auto records = NewsroomShelf::read(store.newsrooms());
+    auto records = NewsroomRecords::read(store.newsrooms());
     kit::NewsroomSpec spec;
     try {
         spec = app::takenIn(bytes, records);

@@ -57,7 +57,7 @@ boost::json::value recordOf(PanelHoldings& holdings, const kit::NewsroomSpec& sp
 }  // namespace
 
 int showNewsroom(Session& session, const NewsroomOptions& options) {
-    const auto records = app::NewsroomShelf::read(session.storeForReading().newsrooms());
+    const auto records = app::NewsroomRecords::read(session.storeForReading().newsrooms());
     const auto& spec = readable(named(records.entries(), options.name, "newsroom"), "newsroom");
     PanelHoldings holdings(session, session.now());
     if (session.options().json) {

@@ -14,8 +14,8 @@ Session::Session(GlobalOptions options)
     : options_(std::move(options)),
       out_(options_.json ? Output::Styles::none : Output::Styles::asTerminalShows),
       now_(currentInstant()),
-      premises_(options_, now_),
-      log_(premises_.log()) {}
+      launch_(options_, now_),
+      log_(launch_.log()) {}
 
 void Session::advise(const std::string& sentence) {
     out_.line(wrapped(withGivenOptions(sentence, options_), out_.width(), ""));
@@ -66,7 +66,7 @@ app::Defaults& Session::defaults() {
 kit::CurlTransport::Options Session::network() {
     if (options_.demo && store_)
         throw std::logic_error("the network must be asked for before the store");
-    return premises_.network(
+    return launch_.network(
         [](const std::string& sentence) { fmt::print(stderr, "brell: {}\n", sentence); });
 }
 

@@ -26,7 +26,7 @@ public:
     const GlobalOptions& options() const { return options_; }
     Output& out() { return out_; }
     kit::Instant now() const { return now_; }
-    const app::Paths& paths() const { return premises_.paths(); }
+    const app::Paths& paths() const { return launch_.paths(); }
     /// Prints a line that recommends a brell command.
     void advise(const std::string& sentence);
 
@@ -62,7 +62,7 @@ private:
     GlobalOptions options_;
     Output out_;
     kit::Instant now_;
-    app::LaunchContext premises_;
+    app::LaunchContext launch_;
     app::ProgramLog log_;
     std::unique_ptr<app::LocalStore> store_;
     bool isForReading_ = false;

@@ -26,8 +26,7 @@ std::string lineOf(PanelHoldings& holdings, kit::Instant when, const std::string
 std::vector<kit::DeviceSigning> signingOf(PanelHoldings& holdings) {
     std::vector<kit::DeviceSigning> devices;
     for (const auto& device : holdings.session().defaults().signingDevices())
-        devices.push_back(
-            {device, kit::fetched(cached(holdings, app::TrackedFiles().signing(device)))});
+        devices.push_back({device, cached(holdings, app::TrackedFiles().signing(device))});
     return devices;
 }
 
@@ -52,9 +51,8 @@ Lines recordsLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
 
 Lines backendLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
     auto& store = holdings.session().storeForReading();
-    const auto content =
-        kit::backendContent(kit::fetched(cached(holdings, app::TrackedFiles().updates())),
-                            store.offers().newest(lineCount(panel)));
+    const auto content = kit::backendContent(cached(holdings, app::TrackedFiles().updates()),
+                                             store.offers().newest(lineCount(panel)));
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "updates");
     Lines lines;
     for (const auto& change : content.changes)

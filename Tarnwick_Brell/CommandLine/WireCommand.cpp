@@ -43,7 +43,7 @@ app::StorySelection selectionFor(const WireOptions& options, kit::Instant now) {
 /// The query of the beat; without one, every story.
 kit::StoryQuery beatQuery(app::LocalStore& store, const std::string& name) {
     if (name.empty()) return {};
-    const auto records = app::BeatShelf::read(store.beats());
+    const auto records = app::BeatRecords::read(store.beats());
     return readable(named(records.entries(), name, "beat"), "beat").query;
 }
 

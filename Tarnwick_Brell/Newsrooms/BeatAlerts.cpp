@@ -12,7 +12,7 @@ using kit::Story;
 namespace {
 
 template <class Predicate>
-bool anyPanel(const NewsroomShelf& newsrooms, const Predicate& asks) {
+bool anyPanel(const NewsroomRecords& newsrooms, const Predicate& asks) {
     return std::ranges::any_of(newsrooms.entries(), [&](const auto& entry) {
         return entry.value && std::ranges::any_of(entry.value->panels, asks);
     });
@@ -24,11 +24,11 @@ bool asksFor(const PanelSpec& panel, PanelAlert alert) {
 
 }  // namespace
 
-bool panelsAskFor(PanelAlert alert, const NewsroomShelf& newsrooms) {
+bool panelsAskFor(PanelAlert alert, const NewsroomRecords& newsrooms) {
     return anyPanel(newsrooms, [&](const PanelSpec& panel) { return asksFor(panel, alert); });
 }
 
-bool panelsAskForRelease(std::string_view platform, const NewsroomShelf& newsrooms) {
+bool panelsAskForRelease(std::string_view platform, const NewsroomRecords& newsrooms) {
     return anyPanel(newsrooms, [&](const PanelSpec& panel) {
         return asksFor(panel, PanelAlert::releases) &&
                std::ranges::find(panel.options.platforms, platform) !=
@@ -36,7 +36,7 @@ bool panelsAskForRelease(std::string_view platform, const NewsroomShelf& newsroo
     });
 }
 
-BeatAlerts::BeatAlerts(const BeatShelf& beats, const NewsroomShelf& newsrooms) {
+BeatAlerts::BeatAlerts(const BeatRecords& beats, const NewsroomRecords& newsrooms) {
     for (const auto& entry : beats.entries()) {
         if (!entry.value || !entry.value->alerts) continue;
         watches_.push_back(

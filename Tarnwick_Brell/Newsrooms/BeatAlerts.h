@@ -13,10 +13,10 @@ namespace app {
 
 /// Whether a panel with alerts on, in any newsroom, wants alerts of that kind. For stories
 /// BeatAlerts decides.
-bool panelsAskFor(kit::PanelAlert alert, const NewsroomShelf& newsrooms);
+bool panelsAskFor(kit::PanelAlert alert, const NewsroomRecords& newsrooms);
 
 /// The same for releases of a platform, among those that the panel shows.
-bool panelsAskForRelease(std::string_view platform, const NewsroomShelf& newsrooms);
+bool panelsAskForRelease(std::string_view platform, const NewsroomRecords& newsrooms);
 
 /// Stories that one beat or one panel alerts the user to.
 struct BeatMatch {
@@ -30,7 +30,7 @@ struct BeatMatch {
 /// alerted once: beats come before panels, both in the user's order.
 class BeatAlerts {
 public:
-    BeatAlerts(const BeatShelf& beats, const NewsroomShelf& newsrooms);
+    BeatAlerts(const BeatRecords& beats, const NewsroomRecords& newsrooms);
 
     struct Sorted {
         std::vector<BeatMatch> matches{};

@@ -17,8 +17,8 @@ NewsroomStore::~NewsroomStore() { queue_->close(); }
 
 void NewsroomStore::load(std::function<void()> then) {
     const auto read = [this, queue = queue_, changesThen = changes_, then](WorkerContext& context) {
-        auto newsrooms = NewsroomShelf::read(context.store.newsrooms());
-        auto beats = BeatShelf::read(context.store.beats());
+        auto newsrooms = NewsroomRecords::read(context.store.newsrooms());
+        auto beats = BeatRecords::read(context.store.beats());
         queue->send(
             [this, changesThen, newsrooms = std::move(newsrooms), beats = std::move(beats), then] {
                 // The user's changes since then are newer than this reading.
@@ -35,7 +35,7 @@ void NewsroomStore::load(std::function<void()> then) {
     });
 }
 
-void NewsroomStore::apply(NewsroomShelf newsrooms, BeatShelf beats) {
+void NewsroomStore::apply(NewsroomRecords newsrooms, BeatRecords beats) {
     const bool isFirst = !std::exchange(isLoaded_, true);
     if (isFirst || newsrooms != newsrooms_) {
         newsrooms_ = std::move(newsrooms);
@@ -105,15 +105,15 @@ kit::NewsroomSpec NewsroomStore::import(std::string_view file) {
     return spec;
 }
 
-kit::NewsroomSpec takenIn(std::string_view file, const NewsroomShelf& shelf) {
+kit::NewsroomSpec takenIn(std::string_view file, const NewsroomRecords& records) {
     auto spec = kit::NewsroomFile::read(file);
-    const auto isTaken = [&](const std::vector<NewsroomShelf::Entry>& entries) {
+    const auto isTaken = [&](const std::vector<NewsroomRecords::Entry>& entries) {
         const auto id = spec.id.text();
         return std::any_of(entries.begin(), entries.end(),
                            [&](const auto& entry) { return entry.id == id; });
     };
-    if (isTaken(shelf.entries()) || isTaken(shelf.removed())) spec.id = kit::UUID::random();
-    spec.name = shelf.freeName(std::string(kit::trimWhitespaceAndNewlines(spec.name)));
+    if (isTaken(records.entries()) || isTaken(records.removed())) spec.id = kit::UUID::random();
+    spec.name = records.freeName(std::string(kit::trimWhitespaceAndNewlines(spec.name)));
     return spec;
 }
 

@@ -19,8 +19,8 @@ namespace app {
 
 class LocalStore;
 
-using NewsroomShelf = OrderedRecords<kit::NewsroomSpec>;
-using BeatShelf = OrderedRecords<kit::Beat>;
+using NewsroomRecords = OrderedRecords<kit::NewsroomSpec>;
+using BeatRecords = OrderedRecords<kit::Beat>;
 
 /// The user's newsrooms and beats, on the main thread. A change applies at once and is written by
 /// the worker. When that fails, `failed` is emitted and the library is read again.
@@ -35,8 +35,8 @@ public:
     void load(std::function<void()> then = {});
     bool isLoaded() const { return isLoaded_; }
 
-    const NewsroomShelf& newsrooms() const { return newsrooms_; }
-    const BeatShelf& beats() const { return beats_; }
+    const NewsroomRecords& newsrooms() const { return newsrooms_; }
+    const BeatRecords& beats() const { return beats_; }
 
     /// Adds or replaces.
     void put(kit::NewsroomSpec spec);
@@ -62,19 +62,19 @@ private:
     void write(Table table, const std::optional<RecordChange>& write);
     void changeNewsrooms(const std::optional<RecordChange>& write);
     void changeBeats(const std::optional<RecordChange>& write);
-    void apply(NewsroomShelf newsrooms, BeatShelf beats);
+    void apply(NewsroomRecords newsrooms, BeatRecords beats);
 
     DeskWorker& worker_;
     kit::Clock clock_;
-    NewsroomShelf newsrooms_;
-    BeatShelf beats_;
+    NewsroomRecords newsrooms_;
+    BeatRecords beats_;
     bool isLoaded_ = false;
     std::uint64_t changes_ = 0;  ///< counted, to detect readings that a change overtook
     std::shared_ptr<MainThreadQueue> queue_;
 };
 
-/// The newsroom of a file, ready to stand beside those of the shelf: with a name and an id that
+/// The newsroom of a file, ready to stand beside those of the records: with a name and an id that
 /// none of them has. Throws RecordError as NewsroomFile::read does.
-kit::NewsroomSpec takenIn(std::string_view file, const NewsroomShelf& shelf);
+kit::NewsroomSpec takenIn(std::string_view file, const NewsroomRecords& records);
 
 }  // namespace app

@@ -89,23 +89,23 @@ int runWindow(AppEnvironment& environment, SingleInstance& instance) {
 }
 
 int start(int& count, char** words, const DeskOptions& options) {
-    LaunchContext premises(options, currentInstant());
-    const ProgramLog log(premises.log());
-    SingleInstance instance(premises.paths().library);
+    LaunchContext launch(options, currentInstant());
+    const ProgramLog log(launch.log());
+    SingleInstance instance(launch.paths().library);
     if (instance.raiseFirst()) return 0;
-    auto network = premises.network(&warn);
+    auto network = launch.network(&warn);
     const auto application = makeApplication(count, words);
     // The end of a session and Ctrl-C close the library as the window's own end does.
     const ShutdownSignals stop([] { QGuiApplication::quit(); });
     try {
-        AppEnvironment environment({.paths = premises.paths(),
+        AppEnvironment environment({.paths = launch.paths(),
                                     .network = std::move(network),
                                     .clock = &currentInstant,
                                     .what = SingleInstance::kWhat});
         return runWindow(environment, instance);
     } catch (const std::exception& error) {
         // Here, while the log is still open.
-        refuse(error, premises.paths(), count, words);
+        refuse(error, launch.paths(), count, words);
         return 1;
     }
 }

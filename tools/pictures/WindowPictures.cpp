@@ -134,9 +134,9 @@ void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString&
 
 int run(int& count, char** words, const DeskOptions& options, const std::string& folder,
         const std::string& only) {
-    LaunchContext premises(options, currentInstant());
+    LaunchContext launch(options, currentInstant());
     auto network =
-        premises.network([](const std::string& sentence) { fmt::print(stderr, "{}\n", sentence); });
+        launch.network([](const std::string& sentence) { fmt::print(stderr, "{}\n", sentence); });
     QGuiApplication application(count, words);
     // A fixed font and size, so that pictures can be compared.
     QFont font(QStringLiteral("Inter"));
@@ -144,7 +144,7 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     QGuiApplication::setFont(font);
     QDir().mkpath(QString::fromStdString(folder));
     installTranslations();
-    AppEnvironment environment({.paths = premises.paths(),
+    AppEnvironment environment({.paths = launch.paths(),
                                 .network = std::move(network),
                                 .clock = &currentInstant,
                                 .what = "the window's pictures"});

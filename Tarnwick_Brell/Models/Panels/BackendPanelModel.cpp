@@ -54,8 +54,7 @@ BackendPanelModel::BackendPanelModel(const PanelStores& stores, const kit::Panel
 }
 
 void BackendPanelModel::update() {
-    const auto content =
-        kit::backendContent(kit::fetched(trackers().updates()), trackers().offerChanges());
+    const auto content = kit::backendContent(trackers().updates(), trackers().offerChanges());
     std::vector<SignalRow> rows;
     add(rows, tr("Changes"), content.changes, now());
     add(rows, tr("Newest offers"), content.newest, now());

@@ -50,8 +50,8 @@ ChartPanelModel::ChartPanelModel(const PanelStores& stores, kit::AppStoreCharts:
 QString ChartPanelModel::title() const { return plainText(label(chart_)); }
 
 void ChartPanelModel::update() {
-    const auto content = kit::chartContent(kit::fetched(trackers().chart(chart_)),
-                                           trackers().chartDayBefore(chart_));
+    const auto content =
+        kit::chartContent(trackers().chart(chart_), trackers().chartDayBefore(chart_));
     std::vector<ChartRow> rows;
     for (const auto& row : content.rows) rows.push_back(rowOf(row));
     rows_.setRows(std::move(rows));

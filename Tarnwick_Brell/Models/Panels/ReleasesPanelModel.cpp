@@ -31,8 +31,8 @@ ReleasesPanelModel::ReleasesPanelModel(const PanelStores& stores, const kit::Pan
 }
 
 void ReleasesPanelModel::update() {
-    const auto content = kit::releasesContent(kit::fetched(trackers().releases()),
-                                              trackers().builds(), platforms_, now());
+    const auto content =
+        kit::releasesContent(trackers().releases(), trackers().builds(), platforms_, now());
     std::vector<ReleaseRow> rows;
     for (const auto& row : content.rows) rows.push_back(rowOf(row, now()));
     rows_.setRows(std::move(rows));

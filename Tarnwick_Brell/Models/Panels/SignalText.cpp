@@ -56,8 +56,7 @@ QString devicesText(const std::vector<std::string>& names) {
 
 std::vector<kit::DeviceSigning> signingOf(const TrackerStore& store) {
     std::vector<kit::DeviceSigning> devices;
-    for (const auto& device : store.devices())
-        devices.push_back({device, kit::fetched(store.signing(device))});
+    for (const auto& device : store.devices()) devices.push_back({device, store.signing(device)});
     return devices;
 }
 

@@ -40,8 +40,7 @@ SoftwarePanelModel::SoftwarePanelModel(const PanelStores& stores, const kit::Pan
 }
 
 void SoftwarePanelModel::update() {
-    const auto content =
-        kit::softwareContent(kit::fetched(trackers().releases()), platforms_, now());
+    const auto content = kit::softwareContent(trackers().releases(), platforms_, now());
     std::vector<SoftwareRow> rows;
     for (const auto& row : content.rows) rows.push_back(rowOf(row, now()));
     rows_.setRows(std::move(rows));

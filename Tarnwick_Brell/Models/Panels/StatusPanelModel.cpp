@@ -48,8 +48,8 @@ StatusPanelModel::StatusPanelModel(const PanelStores& stores, const kit::PanelSp
 }
 
 void StatusPanelModel::update() {
-    const auto content = kit::statusContent(kit::fetched(trackers().consumerStatus()),
-                                            kit::fetched(trackers().developerStatus()), now());
+    const auto content =
+        kit::statusContent(trackers().consumerStatus(), trackers().developerStatus(), now());
     const auto& [consumer, developer] = std::tie(content.consumer, content.developer);
     isConsumerUp_ = consumer && consumer->isUp();
     isDeveloperUp_ = developer && developer->isUp();

@@ -31,9 +31,9 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 /// One fetch that can be cancelled, on an executor that runs one thing at a time.
-class Errand {
+class PendingFetch {
 public:
-    explicit Errand(asio::any_io_executor executor) : executor_(std::move(executor)) {}
+    explicit PendingFetch(asio::any_io_executor executor) : executor_(std::move(executor)) {}
 
     void start(HTTPClient& client, std::string url) {
         asio::co_spawn(executor_, run(client, std::move(url)),
@@ -86,12 +86,12 @@ TEST(Cancellation, endsARequestInFlight) {
     TestServer bench;
     bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
     asio::thread_pool pool(1);
-    Errand errand(pool.get_executor());
-    errand.start(bench.client, "https://feeds.example/");
+    PendingFetch fetch(pool.get_executor());
+    fetch.start(bench.client, "https://feeds.example/");
     waitUntil([&] { return bench.server.hits() == 1; });
-    errand.cancel();
+    fetch.cancel();
     pool.join();
-    EXPECT_EQ(errand.outcome(), "Cancelled");
+    EXPECT_EQ(fetch.outcome(), "Cancelled");
     EXPECT_EQ(bench.server.hits(), 1U);
 }
 
@@ -99,12 +99,12 @@ TEST(Cancellation, endsARequestThatIsStillQueued) {
     TestServer bench;
     bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
     asio::io_context io;
-    Errand errand(io.get_executor());
-    errand.start(bench.client, "https://feeds.example/");
-    errand.cancel();
+    PendingFetch fetch(io.get_executor());
+    fetch.start(bench.client, "https://feeds.example/");
+    fetch.cancel();
     io.run_for(5s);
-    EXPECT_TRUE(errand.finished());
-    EXPECT_EQ(errand.outcome(), "Cancelled");
+    EXPECT_TRUE(fetch.finished());
+    EXPECT_EQ(fetch.outcome(), "Cancelled");
 }
 
 TEST(Cancellation, endsThePauseBeforeARetry) {
@@ -113,12 +113,12 @@ TEST(Cancellation, endsThePauseBeforeARetry) {
     TestServer bench(patient);
     bench.script.on("feeds.example", "/", {{.status = 503}});
     asio::thread_pool pool(1);
-    Errand errand(pool.get_executor());
-    errand.start(bench.client, "https://feeds.example/");
+    PendingFetch fetch(pool.get_executor());
+    fetch.start(bench.client, "https://feeds.example/");
     waitUntil([&] { return bench.server.hits() == 1; });
-    errand.cancelAfter(50ms);
+    fetch.cancelAfter(50ms);
     pool.join();
-    EXPECT_EQ(errand.outcome(), "Cancelled");
+    EXPECT_EQ(fetch.outcome(), "Cancelled");
     EXPECT_EQ(bench.server.hits(), 1U);
 }
 
@@ -130,17 +130,17 @@ TEST(CurlTransport, endsEverythingInFlightWhenItGoesWellUnderASecond) {
                                .caFile = bench.authorityFile()});
     HTTPClient client(*transport, impatient());
     asio::thread_pool pool(2);
-    std::vector<std::unique_ptr<Errand>> errands;
+    std::vector<std::unique_ptr<PendingFetch>> fetches;
     for (int i = 0; i < 50; ++i) {
-        errands.push_back(std::make_unique<Errand>(asio::make_strand(pool)));
-        errands.back()->start(client, "https://feeds.example/");
+        fetches.push_back(std::make_unique<PendingFetch>(asio::make_strand(pool)));
+        fetches.back()->start(client, "https://feeds.example/");
     }
-    waitUntil([&] { return bench.server.hits() == errands.size(); });
+    waitUntil([&] { return bench.server.hits() == fetches.size(); });
     const auto start = Clock::now();
     transport.reset();
     pool.join();
     EXPECT_LT(Clock::now() - start, 500ms);
-    for (const auto& errand : errands) EXPECT_EQ(errand->outcome(), "Cancelled");
+    for (const auto& fetch : fetches) EXPECT_EQ(fetch->outcome(), "Cancelled");
 }
 
 TEST(CurlTransport, keepsItsConnections) {
@@ -155,18 +155,18 @@ TEST(CurlTransport, keepsItsConnections) {
 TEST(CurlTransport, carriesTwoHundredWaitingRequestsOnOneThread) {
     TestServer bench;
     asio::thread_pool pool(1);
-    std::vector<std::unique_ptr<Errand>> errands;
+    std::vector<std::unique_ptr<PendingFetch>> fetches;
     const auto start = Clock::now();
     for (int i = 0; i < 200; ++i) {
         const auto host = "feed-" + std::to_string(i) + ".example";
         bench.script.on(host, "/", {{.body = host, .delivery = {.delay = 2s}}});
-        errands.push_back(std::make_unique<Errand>(asio::make_strand(pool)));
-        errands.back()->start(bench.client, "https://" + host + "/");
+        fetches.push_back(std::make_unique<PendingFetch>(asio::make_strand(pool)));
+        fetches.back()->start(bench.client, "https://" + host + "/");
     }
     pool.join();
     EXPECT_LT(Clock::now() - start, 20s);  // one after the other they would take 400 s
-    for (std::size_t i = 0; i < errands.size(); ++i) {
-        EXPECT_EQ(errands[i]->outcome(), "fresh: feed-" + std::to_string(i) + ".example");
+    for (std::size_t i = 0; i < fetches.size(); ++i) {
+        EXPECT_EQ(fetches[i]->outcome(), "fresh: feed-" + std::to_string(i) + ".example");
     }
 }
 
@@ -186,18 +186,18 @@ TEST(CurlTransport, answersEveryOneOfManyRequestsCancelledAtRandom) {
     std::mt19937 dice(20261121);
     std::uniform_int_distribution<int> milliseconds(0, 150);
     asio::thread_pool pool(3);
-    std::vector<std::unique_ptr<Errand>> errands;
+    std::vector<std::unique_ptr<PendingFetch>> fetches;
     for (std::size_t i = 0; i < 200; ++i) {
         const auto host = "feed-" + std::to_string(i) + ".example";
         bench.script.on(host, "/", {answers[i % answers.size()]});
-        errands.push_back(std::make_unique<Errand>(asio::make_strand(pool)));
-        errands.back()->start(bench.client, "https://" + host + "/");
-        errands.back()->cancelAfter(std::chrono::milliseconds(milliseconds(dice)));
+        fetches.push_back(std::make_unique<PendingFetch>(asio::make_strand(pool)));
+        fetches.back()->start(bench.client, "https://" + host + "/");
+        fetches.back()->cancelAfter(std::chrono::milliseconds(milliseconds(dice)));
     }
     pool.join();
-    for (const auto& errand : errands) {
-        EXPECT_TRUE(errand->finished());
-        EXPECT_TRUE(errand->threw() || !errand->outcome().empty());
+    for (const auto& fetch : fetches) {
+        EXPECT_TRUE(fetch->finished());
+        EXPECT_TRUE(fetch->threw() || !fetch->outcome().empty());
     }
 }
 
@@ -222,9 +222,9 @@ TEST(NameLookups, thatNeverEndHoldUpNobodyElse) {
     HTTPClient client(*transport, configuration);
     HTTPClient patient(*transport, impatient());
     asio::thread_pool pool(1);
-    Errand timedOut(asio::make_strand(pool));
-    Errand cancelled(asio::make_strand(pool));
-    Errand left(asio::make_strand(pool));
+    PendingFetch timedOut(asio::make_strand(pool));
+    PendingFetch cancelled(asio::make_strand(pool));
+    PendingFetch left(asio::make_strand(pool));
     timedOut.start(client, "https://black-hole.example/");
     cancelled.start(patient, "https://black-hole.example/");
     left.start(patient, "https://black-hole.example/");

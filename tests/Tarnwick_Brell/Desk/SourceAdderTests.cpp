@@ -59,12 +59,12 @@ protected:
     kit::test::TestServer bench_;
     asio::io_context io_;
     LocalStore store_{Database::kInMemory, Database::Access::readWrite};
-    SourceRegistry roster_{store_.sources()};
+    SourceRegistry registry_{store_.sources()};
     FetchStack engine_{{.connectTo = "127.0.0.1:" + std::to_string(bench_.server.port()),
                         .caFile = bench_.authorityFile()},
                        kit::Conditional::yes,
                        [this] { return now_; }};
-    SourceAdder adding_{store_, roster_, engine_, [this] { return now_; },
+    SourceAdder adding_{store_, registry_, engine_, [this] { return now_; },
                         std::chrono::hours(24 * 365)};
 };
 
@@ -116,13 +116,14 @@ TEST_F(AddingTest, WhatIsTypedLeadsToASourceOrToTheReasonWhyNot) {
         {"two words", "That doesn't look like a web address or a handle."},
     };
     for (const auto& c : cases) EXPECT_EQ(add(c.typed), c.outcome) << c.typed;
-    EXPECT_EQ(SourceRegistry(store_.sources()).sources(), roster_.sources()) << "all of it is kept";
+    EXPECT_EQ(SourceRegistry(store_.sources()).sources(), registry_.sources())
+        << "all of it is kept";
 }
 
 TEST_F(AddingTest, ACheckTellsWhatWouldComeAndChangesNothing) {
     serve("site.example", "/", page("Site", {"/feed"}));
     serve("site.example", "/feed", feed("The feed", 7));
-    const auto before = roster_.sources();
+    const auto before = registry_.sources();
     const auto checked = await(adding_.check("site.example"));
     const auto& found = std::get<AddressCheck>(checked);
     EXPECT_EQ(found.name, "The feed");
@@ -131,15 +132,15 @@ TEST_F(AddingTest, ACheckTellsWhatWouldComeAndChangesNothing) {
     EXPECT_EQ(found.newestStory, kit::parseISO8601("2026-11-02T16:00:00Z"));
     EXPECT_EQ(found.titles,
               (std::vector<std::string>{"Story 0", "Story 1", "Story 2", "Story 3", "Story 4"}));
-    EXPECT_EQ(roster_.sources(), before);
-    const auto known = await(adding_.check(roster_.find("six-colors")->feedURL));
+    EXPECT_EQ(registry_.sources(), before);
+    const auto known = await(adding_.check(registry_.find("six-colors")->feedURL));
     EXPECT_EQ(std::get<AddSourceError>(known), (AddSourceError{Kind::alreadyAdded, "Six Colors"}));
 }
 
 TEST_F(AddingTest, AFeedThatWasRemovedIsAskedInFullAgain) {
     serve("a.example", "/feed", feed("A", 1));
     add("a.example/feed");
-    ASSERT_TRUE(roster_.remove(roster_.findByFeed("https://a.example/feed")->id, now_));
+    ASSERT_TRUE(registry_.remove(registry_.findByFeed("https://a.example/feed")->id, now_));
     EXPECT_EQ(add("a.example/feed").substr(0, 4), "A at");
     const auto requests = bench_.script.requests("a.example", "/feed");
     EXPECT_FALSE(requests.back().header("if-none-match"));

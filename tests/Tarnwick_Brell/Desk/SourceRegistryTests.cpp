@@ -16,7 +16,7 @@ using kit::NewsSource;
 
 Instant at(int second) { return Instant(std::chrono::seconds(second)); }
 
-class RosterTest : public ::testing::Test {
+class SourceRegistryTest : public ::testing::Test {
 protected:
     std::string ownIDs() const {
         std::string ids;
@@ -26,10 +26,10 @@ protected:
 
     LocalStore store_{Database::kInMemory, Database::Access::readWrite};
     SourceTable& table_{store_.sources()};
-    SourceRegistry roster_{table_};
+    SourceRegistry registry_{table_};
 };
 
-TEST_F(RosterTest, IDsAreMadeOfTheNameAndTheAddress) {
+TEST_F(SourceRegistryTest, IDsAreMadeOfTheNameAndTheAddress) {
     const struct {
         const char* name;
         const char* feed;
@@ -42,58 +42,58 @@ TEST_F(RosterTest, IDsAreMadeOfTheNameAndTheAddress) {
         {"A very long name of a source that goes on and on", "https://bücher.example/6",
          "a-very-long-name-of-a-source-that-goes-20599e18"},
     };
-    for (const auto& c : cases) EXPECT_EQ(roster_.add(c.name, c.feed, "").id, c.id) << c.feed;
-    EXPECT_EQ(roster_.findByFeed("http://A.example:80/1/?utm_source=x#y")->id, cases[0].id);
-    EXPECT_EQ(roster_.findByFeed("https://a.example/7"), nullptr);
-    EXPECT_EQ(roster_.find(cases[0].id)->siteURL, "https://a.example/");
+    for (const auto& c : cases) EXPECT_EQ(registry_.add(c.name, c.feed, "").id, c.id) << c.feed;
+    EXPECT_EQ(registry_.findByFeed("http://A.example:80/1/?utm_source=x#y")->id, cases[0].id);
+    EXPECT_EQ(registry_.findByFeed("https://a.example/7"), nullptr);
+    EXPECT_EQ(registry_.find(cases[0].id)->siteURL, "https://a.example/");
 }
 
-TEST_F(RosterTest, AnIDThatAnotherFeedHasIsNotGivenAgain) {
+TEST_F(SourceRegistryTest, AnIDThatAnotherFeedHasIsNotGivenAgain) {
     const std::string usual = "one-14c5d935";
     table_.add({.id = usual, .name = "Other", .feedURL = "https://other.example/"});
-    roster_.reload();
-    const auto second = roster_.add("One", "https://a.example/1", "").id;
+    registry_.reload();
+    const auto second = registry_.add("One", "https://a.example/1", "").id;
     EXPECT_NE(second, usual);
     EXPECT_EQ(second.size(), usual.size());
 }
 
-TEST_F(RosterTest, ARemovedSourceStaysAwayKeepsItsIDAndComesBackUnderIt) {
-    const auto one = roster_.add("One", "https://a.example/1", "").id;
-    const auto two = roster_.add("Two", "https://a.example/2", "").id;
-    roster_.setEnabled(one, false);
+TEST_F(SourceRegistryTest, ARemovedSourceStaysAwayKeepsItsIDAndComesBackUnderIt) {
+    const auto one = registry_.add("One", "https://a.example/1", "").id;
+    const auto two = registry_.add("Two", "https://a.example/2", "").id;
+    registry_.setEnabled(one, false);
     table_.setStatus(one, {.lastError = "The server answered 404."});
-    EXPECT_TRUE(roster_.remove(one, at(5)));
-    EXPECT_FALSE(roster_.remove(one, at(6))) << "it is gone";
-    EXPECT_FALSE(roster_.remove("macrumors", at(6))) << "the catalogue stays";
+    EXPECT_TRUE(registry_.remove(one, at(5)));
+    EXPECT_FALSE(registry_.remove(one, at(6))) << "it is gone";
+    EXPECT_FALSE(registry_.remove("macrumors", at(6))) << "the catalogue stays";
     EXPECT_EQ(ownIDs(), two + " ");
-    EXPECT_EQ(roster_.findByFeed("https://a.example/1"), nullptr);
-    EXPECT_EQ(roster_.find(two)->name, "Two") << "the others are still found";
+    EXPECT_EQ(registry_.findByFeed("https://a.example/1"), nullptr);
+    EXPECT_EQ(registry_.find(two)->name, "Two") << "the others are still found";
 
-    for (SourceRegistry roster : {roster_, SourceRegistry(table_)}) {
+    for (SourceRegistry registry : {registry_, SourceRegistry(table_)}) {
         auto undone = store_.transaction();
-        EXPECT_EQ(roster.add("One again", "https://A.example/1/", "").id, one);
-        EXPECT_TRUE(roster.isEnabled(*roster.find(one)));
+        EXPECT_EQ(registry.add("One again", "https://A.example/1/", "").id, one);
+        EXPECT_TRUE(registry.isEnabled(*registry.find(one)));
         EXPECT_EQ(ownIDs(), two + " " + one + " ");
         EXPECT_FALSE(table_.statuses().contains(one)) << "it starts anew";
     }
 }
 
-TEST_F(RosterTest, RenamingAndSwitchingOutliveTheRoster) {
-    const auto one = roster_.add("One", "https://a.example/1", "https://site.example/").id;
-    EXPECT_TRUE(roster_.rename(one, "Uno"));
-    EXPECT_FALSE(roster_.rename("macrumors", "X"));
-    roster_.setEnabled(one, false);
-    roster_.setEnabled("swift-org", true);
+TEST_F(SourceRegistryTest, RenamingAndSwitchingOutliveTheRegistry) {
+    const auto one = registry_.add("One", "https://a.example/1", "https://site.example/").id;
+    EXPECT_TRUE(registry_.rename(one, "Uno"));
+    EXPECT_FALSE(registry_.rename("macrumors", "X"));
+    registry_.setEnabled(one, false);
+    registry_.setEnabled("swift-org", true);
     const SourceRegistry again(table_);
-    EXPECT_EQ(*again.find(one), *roster_.find(one));
+    EXPECT_EQ(*again.find(one), *registry_.find(one));
     EXPECT_EQ(again.find(one)->name, "Uno");
     EXPECT_FALSE(again.isEnabled(*again.find(one)));
-    EXPECT_EQ(again.enabledSources(), roster_.enabledSources());
+    EXPECT_EQ(again.enabledSources(), registry_.enabledSources());
     EXPECT_EQ(again.enabledSources().size(), 20u);
 }
 
-TEST_F(RosterTest, AnImportIsShownFirstAndThenAddsWhatIsStillNew) {
-    const auto mine = roster_.add("Mine", "https://mine.example/feed", "").id;
+TEST_F(SourceRegistryTest, AnImportIsShownFirstAndThenAddsWhatIsStillNew) {
+    const auto mine = registry_.add("Mine", "https://mine.example/feed", "").id;
     const kit::Outlines outlines{
         .title = "List",
         .feeds = {{.title = "Mine too", .feedURL = "https://MINE.example/feed/"},
@@ -102,7 +102,7 @@ TEST_F(RosterTest, AnImportIsShownFirstAndThenAddsWhatIsStillNew) {
                    .siteURL = "https://a.example/"},
                   {.feedURL = "https://b.example/2", .folders = {"Macs"}}},
         .skipped = {{"Runs", kit::OutlineRefusal::command}}};
-    const auto preview = previewImport(outlines, roster_);
+    const auto preview = previewImport(outlines, registry_);
     EXPECT_EQ(ownIDs(), mine + " ") << "nothing has changed yet";
     ASSERT_EQ(preview.fresh.size(), 2u);
     EXPECT_EQ(preview.fresh[1].title, "b.example");
@@ -112,26 +112,26 @@ TEST_F(RosterTest, AnImportIsShownFirstAndThenAddsWhatIsStillNew) {
 
     SourceRegistry elsewhere(table_);
     const auto meanwhile = elsewhere.add("Added meanwhile", "https://a.example/1", "").id;
-    const auto added = applyImport(preview, store_, roster_);
+    const auto added = applyImport(preview, store_, registry_);
     ASSERT_EQ(added.size(), 1u);
     EXPECT_EQ(added[0].name, "b.example");
     EXPECT_EQ(ownIDs(), mine + " " + meanwhile + " " + added[0].id + " ");
 
-    const auto own = exportedSources(roster_, ExportScope::own);
+    const auto own = exportedSources(registry_, ExportScope::own);
     EXPECT_EQ(own.feeds.size(), 3u);
-    roster_.setEnabled(mine, false);
-    EXPECT_EQ(exportedSources(roster_, ExportScope::subscribed).feeds.size(), 19u + 3u);
-    EXPECT_EQ(exportedSources(roster_, ExportScope::subscribed).feeds[0].folders.at(0), "Apple");
+    registry_.setEnabled(mine, false);
+    EXPECT_EQ(exportedSources(registry_, ExportScope::subscribed).feeds.size(), 19u + 3u);
+    EXPECT_EQ(exportedSources(registry_, ExportScope::subscribed).feeds[0].folders.at(0), "Apple");
 }
 
-TEST_F(RosterTest, FiveThousandFeedsOfOneHostAreAddedInNoTime) {
+TEST_F(SourceRegistryTest, FiveThousandFeedsOfOneHostAreAddedInNoTime) {
     kit::Outlines outlines;
     for (std::size_t i = 0; i < kit::outlineLimit; ++i) {
         outlines.feeds.push_back(
             {.title = "Blog", .feedURL = "https://a.example/" + std::to_string(i)});
     }
     const auto begin = std::chrono::steady_clock::now();
-    EXPECT_EQ(applyImport(previewImport(outlines, roster_), store_, roster_).size(), 5000u);
+    EXPECT_EQ(applyImport(previewImport(outlines, registry_), store_, registry_).size(), 5000u);
     // A fifth of a second, with sanitizers two; comparing each with each would take a minute.
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(8));
 }

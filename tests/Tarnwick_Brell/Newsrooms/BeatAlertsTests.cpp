@@ -10,19 +10,19 @@ using kit::PanelAlert;
 using kit::PanelKind;
 using kit::Story;
 
-BeatShelf beatsOf(const std::vector<std::pair<std::string, bool>>& termsAndAlerts) {
-    BeatShelf shelf;
+BeatRecords beatsOf(const std::vector<std::pair<std::string, bool>>& termsAndAlerts) {
+    BeatRecords records;
     for (const auto& [term, alerts] : termsAndAlerts)
-        shelf.put(kit::madeBeat(term, "bolt", {.anyTerms = {term}}, alerts));
-    return shelf;
+        records.put(kit::madeBeat(term, "bolt", {.anyTerms = {term}}, alerts));
+    return records;
 }
 
-NewsroomShelf newsroomOf(PanelKind kind, kit::PanelOptions options) {
+NewsroomRecords newsroomOf(PanelKind kind, kit::PanelOptions options) {
     auto spec = kit::madeNewsroom("Desk", "bolt", std::array{kind}, {});
     spec.panels[0].options = std::move(options);
-    NewsroomShelf shelf;
-    shelf.put(spec);
-    return shelf;
+    NewsroomRecords records;
+    records.put(spec);
+    return records;
 }
 
 std::string told(const BeatAlerts& alerts, const std::vector<Story>& news) {
@@ -47,8 +47,8 @@ TEST(BeatsWithAlerts, TellEachStoryOnceUnderTheFirstThatAsksForIt) {
                                   {.title = "chips on sale", .kind = kit::StoryKind::deal}};
     const std::string all = "chips and glass glass chips wool press note chips on sale";
     const struct {
-        BeatShelf beats;
-        NewsroomShelf newsrooms;
+        BeatRecords beats;
+        NewsroomRecords newsrooms;
         std::string told;
     } cases[] = {
         {beatsOf({{"chips", true}, {"glass", true}}),
@@ -109,9 +109,9 @@ TEST(PanelsWithAlerts, AskForTheNewsOfTheirKind) {
 }
 
 TEST(PanelsWithAlerts, AskForReleasesOfThePlatformsThatTheyShow) {
-    const auto shelf = newsroomOf(PanelKind::software, {.alerts = true, .platforms = {"tvOS"}});
-    EXPECT_TRUE(panelsAskForRelease("tvOS", shelf));
-    EXPECT_FALSE(panelsAskForRelease("iOS", shelf));
+    const auto records = newsroomOf(PanelKind::software, {.alerts = true, .platforms = {"tvOS"}});
+    EXPECT_TRUE(panelsAskForRelease("tvOS", records));
+    EXPECT_FALSE(panelsAskForRelease("iOS", records));
     EXPECT_FALSE(panelsAskForRelease("tvOS", newsroomOf(PanelKind::status, {.alerts = true})));
 }
 

@@ -26,9 +26,9 @@ protected:
 
     /// What another program would see.
     LocalStore other() { return LocalStore(library, Database::Access::readWrite); }
-    BeatShelf stored() {
+    BeatRecords stored() {
         auto theirs = other();
-        return BeatShelf::read(theirs.beats());
+        return BeatRecords::read(theirs.beats());
     }
 
     ::test::TemporaryFolder folder;
@@ -60,8 +60,8 @@ TEST_F(NewsroomStoreTest, FollowsAnotherProgramButNotOverWhatTheUserJustChanged)
     ASSERT_TRUE(::test::until([&] { return store.isLoaded(); }));
     {
         auto theirs = other();
-        auto shelf = BeatShelf::read(theirs.beats());
-        shelf.put(beat("theirs")).applyTo(theirs.beats(), kNow);
+        auto records = BeatRecords::read(theirs.beats());
+        records.put(beat("theirs")).applyTo(theirs.beats(), kNow);
     }
     int changes = 0;
     QObject::connect(&store, &NewsroomStore::beatsChanged, [&] { ++changes; });
