@@ -263,7 +263,7 @@ TEST(RecentClusters, ReachAsFarBackAsTheLongestPanel) {
     const double day = 24;
     RecentClusters clusters;
     EXPECT_FALSE(clusters.hasChanged());
-    for (const double days : {1.0, 13.0, 29.0, 31.0}) {
+    for (const double days : {1.0, 13.0, 31.0, 33.0}) {
         clusters.add(story("a" + std::to_string(days), "post", days * day), kNow);
         clusters.add(story("b" + std::to_string(days), "tide", days * day - 1), kNow);
     }
