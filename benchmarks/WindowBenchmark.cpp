@@ -253,7 +253,8 @@ Steady::time_point runWindow(int& count, char** words, const std::filesystem::pa
                                 .network = network,
                                 .clock = &currentInstant,
                                 .what = "the window's benchmark"});
-    WindowModel model(windowStores(environment, &currentInstant));
+    UndoStack undo;
+    WindowModel model(windowStores(environment, undo, &currentInstant));
     model.open(QStringLiteral("wire:all"));
     DeskWindow window(model);
     Bench bench(application, environment.newsDesk(), model, window.window());

@@ -16,6 +16,8 @@ extern void qml_register_types_TarnwickBrell_Palette();
 extern void qml_register_types_TarnwickBrell_Sidebar();
 extern void qml_register_types_TarnwickBrell_Wire();
 extern void qml_register_types_TarnwickBrell_Newsrooms();
+extern void qml_register_types_TarnwickBrell_Pages();
+extern void qml_register_types_TarnwickBrell_Sheets();
 extern void qml_register_types_TarnwickBrell_Window();
 
 namespace app {
@@ -27,6 +29,7 @@ void nameModules() {
          {&qml_register_types_TarnwickBrell_Models, &qml_register_types_TarnwickBrell_Panels,
           &qml_register_types_TarnwickBrell_Palette, &qml_register_types_TarnwickBrell_Sidebar,
           &qml_register_types_TarnwickBrell_Wire, &qml_register_types_TarnwickBrell_Newsrooms,
+          &qml_register_types_TarnwickBrell_Pages, &qml_register_types_TarnwickBrell_Sheets,
           &qml_register_types_TarnwickBrell_Window}) {
         [[maybe_unused]] void (*volatile kept)() = types;
     }
@@ -47,12 +50,13 @@ void openStory(WindowModel& model, const QString& id) {
 
 }  // namespace
 
-WindowModel::Stores windowStores(AppEnvironment& environment, kit::Clock clock) {
+DeskStores windowStores(AppEnvironment& environment, UndoStack& undo, kit::Clock clock) {
     return {.news = environment.newsDesk(),
             .trackers = environment.trackers(),
             .newsrooms = environment.newsrooms(),
             .defaults = environment.defaults(),
-            .clock = std::move(clock)};
+            .clock = std::move(clock),
+            .undo = undo};
 }
 
 void openTarget(WindowModel& model, const NotificationTarget& target) {

@@ -16,7 +16,7 @@ namespace app {
 class AppEnvironment;
 
 /// The stores of an environment that the window shows. The environment must outlive it.
-WindowModel::Stores windowStores(AppEnvironment& environment, kit::Clock clock);
+DeskStores windowStores(AppEnvironment& environment, UndoStack& undo, kit::Clock clock);
 
 /// Shows the subject of a notification.
 void openTarget(WindowModel& model, const NotificationTarget& target);

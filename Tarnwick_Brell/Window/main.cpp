@@ -60,7 +60,8 @@ void openInBrowser(const QString& link) { QDesktopServices::openUrl(QUrl(link));
 
 int runWindow(AppEnvironment& environment, SingleInstance& instance) {
     instance.listen();
-    WindowModel model(windowStores(environment, &currentInstant));
+    UndoStack undo;
+    WindowModel model(windowStores(environment, undo, &currentInstant));
     model.open(model.state()->place());
     DeskWindow window(model);
     QObject::connect(&model, &WindowModel::linkWanted, &openInBrowser);

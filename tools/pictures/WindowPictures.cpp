@@ -149,7 +149,8 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
                                 .clock = &currentInstant,
                                 .what = "the window's pictures"});
     auto& news = environment.newsDesk();
-    WindowModel model(windowStores(environment, &currentInstant));
+    UndoStack undo;
+    WindowModel model(windowStores(environment, undo, &currentInstant));
     model.open(QString());
     DeskWindow window(model);
     window.show();

@@ -3,7 +3,9 @@ import QtQuick.Window
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 import TarnwickBrell.Newsrooms
+import TarnwickBrell.Pages
 import TarnwickBrell.Palette
+import TarnwickBrell.Sheets
 import TarnwickBrell.Sidebar
 import TarnwickBrell.Wire
 
@@ -25,6 +27,8 @@ Window {
     function focusPage() {
         if (wire.visible)
             wire.focusList();
+        else if (pages.visible)
+            pages.forceActiveFocus();
         else
             panels.forceActiveFocus();
     }
@@ -120,13 +124,23 @@ Window {
                 focus: visible
                 newsroom: window.desk.newsroom
             }
+            PageView {
+                id: pages
+
+                y: wire.y
+                width: parent.width
+                height: parent.height - y
+                visible: window.desk.view === WindowModel.Page
+                focus: visible
+                page: window.desk.page
+            }
         }
     }
 
     ActionShortcuts {
         actions: window.desk.actions
         textFocused: window.activeFocusItem instanceof TextInput
-        covered: palette.opened || keys.opened
+        covered: palette.opened || keys.opened || window.desk.sheet !== null
     }
     CommandPalette {
         id: palette
@@ -143,6 +157,9 @@ Window {
         id: keys
 
         actions: window.desk.actions
+    }
+    SheetHost {
+        desk: window.desk
     }
     Toast {
         id: toast

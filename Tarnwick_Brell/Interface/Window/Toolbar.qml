@@ -60,7 +60,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         visible: !bar.isWire
         type: DeskText.Heading
-        text: bar.desk.newsroom.title
+        text: bar.desk.page ? bar.desk.page.title : bar.desk.newsroom.title
         Accessible.role: Accessible.Heading
     }
     DeskText {
@@ -70,7 +70,7 @@ Item {
         visible: !bar.isWire && x + width < pageSearch.x - Theme.space3
         type: DeskText.Secondary
         color: Theme.text3
-        text: bar.desk.newsroom.subtitle
+        text: bar.desk.page ? bar.desk.page.fact : bar.desk.newsroom.subtitle
     }
     SearchField {
         id: pageSearch

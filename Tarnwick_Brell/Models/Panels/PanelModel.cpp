@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "Tarnwick_Brell/Models/Rows/ViewFile.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -27,11 +28,7 @@ PanelModel::PanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
 
 PanelModel::PanelModel(const PanelStores& stores) : stores_(stores) {}
 
-QString PanelModel::file() const {
-    const auto type =
-        QString::fromLatin1(metaObject()->className()).section(QStringLiteral("::"), -1);
-    return type.chopped(QLatin1String("Model").size()) + QStringLiteral(".qml");
-}
+QString PanelModel::file() const { return viewFile(*this); }
 
 void PanelModel::become(Condition condition) {
     state_ = condition.state;

@@ -22,6 +22,7 @@ const std::array kRows{
     Row{Destination::Kind::beat, QLatin1String("beat"), {}},
     Row{Destination::Kind::source, QLatin1String("source"), {}},
     Row{Destination::Kind::tracker, QLatin1String("tracker"), {}},
+    Row{Destination::Kind::page, QLatin1String("page"), {}},
 };
 
 }  // namespace

@@ -6,12 +6,12 @@
 
 namespace app {
 
-/// Where the window can be: a newsroom, a list of stories, a tracker.
+/// Where the window can be: a newsroom, a list of stories, a tracker, another page of the desk.
 struct Destination {
-    enum class Kind { newsroom, all, unread, saved, topStories, beat, source, tracker };
+    enum class Kind { newsroom, all, unread, saved, topStories, beat, source, tracker, page };
 
     Kind kind = Kind::all;
-    QString id{};  ///< of the newsroom, beat, source or tracker
+    QString id{};  ///< of the newsroom, beat, source, tracker or page
 
     bool isStoryList() const {
         return kind == Kind::all || kind == Kind::unread || kind == Kind::saved ||

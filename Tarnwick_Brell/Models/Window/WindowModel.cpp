@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
+#include "Tarnwick_Brell/Models/Pages/PageFactory.h"
+#include "Tarnwick_Brell/Models/Sheets/SheetFactory.h"
 #include "Tarnwick_Brell/Models/Sidebar/TrackerPages.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
@@ -10,7 +12,7 @@ namespace app {
 
 using Kind = Destination::Kind;
 
-WindowModel::WindowModel(const Stores& stores)
+WindowModel::WindowModel(const DeskStores& stores)
     : stores_(stores),
       sidebar_(stores.news, stores.newsrooms, stores.trackers),
       storyList_(stores.news, stores.newsrooms, stores.clock),
@@ -31,12 +33,17 @@ WindowModel::WindowModel(const Stores& stores)
     connectActions();
 }
 
+WindowModel::~WindowModel() = default;
+
 void WindowModel::connectPages() {
     connect(&sidebar_, &SidebarModel::placeWanted, this,
             qOverload<const QString&>(&WindowModel::open));
     connect(&newsroom_, &NewsroomModel::storyWanted, this, &WindowModel::openStory);
     connect(&newsroom_, &NewsroomModel::linkWanted, this, [this](const QString& link) {
         if (kit::isOpenable(link.toStdString())) emit linkWanted(link);
+    });
+    connect(&newsroom_, &NewsroomModel::subtitleChanged, this, [this] {
+        if (page_) page_->tick();
     });
     connect(&storyActions_, &StoryActions::linkWanted, this, &WindowModel::linkWanted);
     connect(&stores_.newsrooms, &NewsroomStore::newsroomsChanged, this,
@@ -61,6 +68,7 @@ bool WindowModel::exists(const Destination& place) const {
         case Kind::tracker:
             return std::any_of(trackerPages().begin(), trackerPages().end(),
                                [&](const auto& each) { return each.id == id; });
+        case Kind::page: return isPage(place);
         default: return true;
     }
 }
@@ -78,14 +86,22 @@ void WindowModel::open(const QString& key) {
     open(place && exists(*place) ? *place : home());
 }
 
+WindowModel::View WindowModel::view() const {
+    if (page_) return Page;
+    return place_.isStoryList() ? Stories : Newsroom;
+}
+
 void WindowModel::open(const Destination& place) {
     const bool isOther = !hasOpened_ || place != place_;
     hasOpened_ = true;
     place_ = place;
+    if (isOther) showPage();
     if (place.isStoryList()) {
         if (isOther || storyList_.destination() != place || storyList_.isSearching()) {
             storyList_.open(place);
         }
+        newsroom_.clear();
+    } else if (page_) {
         newsroom_.clear();
     } else if (isOther) {
         showNewsroom();
@@ -94,6 +110,42 @@ void WindowModel::open(const Destination& place) {
     state_.setPlace(place_.key());
     emit placeChanged();
     updateActions();
+}
+
+/// The view lets go of the old page when it hears of the new place; it ends after that.
+void WindowModel::showPage() {
+    if (page_) page_.release()->deleteLater();
+    page_ = makePage(stores_, place_);
+    if (!page_) return;
+    connect(page_.get(), &PageModel::storyWanted, this, &WindowModel::openStory);
+    connect(page_.get(), &PageModel::linkWanted, this, [this](const QString& link) {
+        if (kit::isOpenable(link.toStdString())) emit linkWanted(link);
+    });
+    connect(page_.get(), &PageModel::placeWanted, this,
+            qOverload<const QString&>(&WindowModel::open));
+    connect(page_.get(), &PageModel::sheetWanted, this, &WindowModel::showSheet);
+    connect(page_.get(), &PageModel::noticed, this, &WindowModel::noticed);
+}
+
+void WindowModel::showSheet(const QString& key) {
+    auto sheet = makeSheet(stores_, key);
+    if (!sheet) return;
+    closeSheet();
+    sheet_ = std::move(sheet);
+    connect(sheet_.get(), &SheetModel::closeWanted, this, &WindowModel::closeSheet);
+    connect(sheet_.get(), &SheetModel::noticed, this, &WindowModel::noticed);
+    connect(sheet_.get(), &SheetModel::placeWanted, this,
+            qOverload<const QString&>(&WindowModel::open));
+    connect(sheet_.get(), &SheetModel::linkWanted, this, [this](const QString& link) {
+        if (kit::isOpenable(link.toStdString())) emit linkWanted(link);
+    });
+    emit sheetChanged();
+}
+
+void WindowModel::closeSheet() {
+    if (!sheet_) return;
+    sheet_.release()->deleteLater();
+    emit sheetChanged();
 }
 
 void WindowModel::showNewsroom() {

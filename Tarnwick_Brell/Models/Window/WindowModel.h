@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -9,7 +10,10 @@
 
 #include "Tarnwick_Brell/Models/Actions/ActionModel.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
+#include "Tarnwick_Brell/Models/DeskStores.h"
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomModel.h"
+#include "Tarnwick_Brell/Models/Pages/PageModel.h"
+#include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
 #include "Tarnwick_Brell/Models/Sidebar/Destination.h"
 #include "Tarnwick_Brell/Models/Sidebar/SidebarModel.h"
 #include "Tarnwick_Brell/Models/Stories/SelectedStory.h"
@@ -17,6 +21,7 @@
 #include "Tarnwick_Brell/Models/Stories/StoryListController.h"
 #include "Tarnwick_Brell/Models/Window/Appearance.h"
 #include "Tarnwick_Brell/Models/Window/RefreshStatus.h"
+#include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 #include "Tarnwick_Brell/Models/Window/WindowState.h"
 
 namespace app {
@@ -36,22 +41,18 @@ class WindowModel : public QObject {
     Q_PROPERTY(app::PaletteModel* palette READ palette CONSTANT)
     Q_PROPERTY(app::Appearance* appearance READ appearance CONSTANT)
     Q_PROPERTY(app::WindowState* state READ state CONSTANT)
+    Q_PROPERTY(app::UndoStack* undo READ undo CONSTANT)
+    Q_PROPERTY(app::PageModel* page READ page NOTIFY placeChanged)
+    Q_PROPERTY(app::SheetModel* sheet READ sheet NOTIFY sheetChanged)
     Q_PROPERTY(View view READ view NOTIFY placeChanged)
     Q_PROPERTY(QString placeKey READ placeKey NOTIFY placeChanged)
 
 public:
-    enum View { Newsroom, Stories };
+    enum View { Newsroom, Stories, Page };
     Q_ENUM(View)
 
-    struct Stores {
-        NewsDesk& news;
-        TrackerStore& trackers;
-        NewsroomStore& newsrooms;
-        Defaults& defaults;
-        kit::Clock clock;
-    };
-
-    explicit WindowModel(const Stores& stores);
+    explicit WindowModel(const DeskStores& stores);
+    ~WindowModel() override;
 
     SidebarModel* sidebar() { return &sidebar_; }
     StoryListController* storyList() { return &storyList_; }
@@ -63,7 +64,12 @@ public:
     PaletteModel* palette() { return &palette_; }
     Appearance* appearance() { return &appearance_; }
     WindowState* state() { return &state_; }
-    View view() const { return place_.isStoryList() ? Stories : Newsroom; }
+    UndoStack* undo() { return &stores_.undo; }
+    /// Null unless the window is at a page.
+    PageModel* page() { return page_.get(); }
+    /// Null unless a sheet is open.
+    SheetModel* sheet() { return sheet_.get(); }
+    View view() const;
     QString placeKey() const { return place_.key(); }
 
     /// A key that leads nowhere opens the first newsroom.
@@ -73,8 +79,13 @@ public:
     Q_INVOKABLE void openStory(const QString& storyID);
     void searchFor(const QString& text);
 
+    /// Opens a sheet in place of the one before; see makeSheet.
+    Q_INVOKABLE void showSheet(const QString& key);
+    Q_INVOKABLE void closeSheet();
+
 signals:
     void placeChanged();
+    void sheetChanged();
     /// What only the view can do: the focus, sheets, scrolling.
     void viewActionWanted(app::DeskAction::Value action);
     /// Sheets are to be closed.
@@ -94,15 +105,18 @@ private:
     std::vector<PalettePlace> palettePlaces() const;
     bool exists(const Destination& place) const;
     Destination home() const;
+    void showPage();
     void showNewsroom();
     void newsroomsChanged();
 
-    Stores stores_;
+    DeskStores stores_;
     SidebarModel sidebar_;
     StoryListController storyList_;
     SelectedStory selected_;
     StoryActions storyActions_;
     NewsroomModel newsroom_;
+    std::unique_ptr<PageModel> page_;
+    std::unique_ptr<SheetModel> sheet_;
     RefreshStatus refresh_;
     ActionModel actions_;
     PaletteModel palette_;

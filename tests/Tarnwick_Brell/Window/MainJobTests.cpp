@@ -36,11 +36,12 @@ protected:
                 {quoteAnswer("AAPL", range, price)});
         }
         bench_.open();
-        model_ = std::make_unique<WindowModel>(WindowModel::Stores{.news = *bench_.news,
-                                                                   .trackers = *bench_.trackers,
-                                                                   .newsrooms = *bench_.newsrooms,
-                                                                   .defaults = bench_.defaults,
-                                                                   .clock = bench_.desk.clock()});
+        model_ = std::make_unique<WindowModel>(DeskStores{.news = *bench_.news,
+                                                          .trackers = *bench_.trackers,
+                                                          .newsrooms = *bench_.newsrooms,
+                                                          .defaults = bench_.defaults,
+                                                          .clock = bench_.desk.clock(),
+                                                          .undo = undo_});
         QObject::connect(model_.get(), &WindowModel::linkWanted,
                          [this](const QString& link) { opened_ << link; });
         model_->open(model_->state()->place());
@@ -101,6 +102,7 @@ protected:
     }
 
     TestStories bench_;
+    UndoStack undo_;
     std::unique_ptr<WindowModel> model_;
     std::unique_ptr<DeskWindow> window_;
     QStringList opened_;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "NewsroomKit/Records/Instant.h"
+
+namespace app {
+
+class Defaults;
+class NewsDesk;
+class NewsroomStore;
+class TrackerStore;
+class UndoStack;
+
+/// The stores that the window shows and changes. They outlive everything in the window.
+struct DeskStores {
+    NewsDesk& news;
+    TrackerStore& trackers;
+    NewsroomStore& newsrooms;
+    Defaults& defaults;
+    kit::Clock clock;
+    UndoStack& undo;
+};
+
+}  // namespace app

@@ -1,0 +1,42 @@
+#include "Tarnwick_Brell/Models/Pages/PageFactory.h"
+
+#include <array>
+#include <string_view>
+
+#include "Tarnwick_Brell/Models/Pages/PageModel.h"
+
+namespace app {
+
+namespace {
+
+using Make = std::unique_ptr<PageModel> (*)(const DeskStores& stores);
+
+struct PageRow {
+    std::string_view key;  ///< of its Destination
+    Make make;
+};
+
+template <class Page>
+std::unique_ptr<PageModel> pageOf(const DeskStores& stores) {
+    return std::make_unique<Page>(stores);
+}
+
+const PageRow* rowOf(const Destination& place) {
+    static constexpr std::array<PageRow, 0> kPages{};
+    const auto key = place.key().toStdString();
+    for (const auto& row : kPages) {
+        if (row.key == key) return &row;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+bool isPage(const Destination& place) { return rowOf(place) != nullptr; }
+
+std::unique_ptr<PageModel> makePage(const DeskStores& stores, const Destination& place) {
+    const auto* row = rowOf(place);
+    return row ? row->make(stores) : nullptr;
+}
+
+}  // namespace app

@@ -1,0 +1,35 @@
+#include "Tarnwick_Brell/Models/Sheets/SheetFactory.h"
+
+#include <array>
+#include <string_view>
+
+#include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
+
+namespace app {
+
+namespace {
+
+using Make = std::unique_ptr<SheetModel> (*)(const DeskStores& stores, const QString& subject);
+
+struct SheetRow {
+    std::string_view name;
+    Make make;
+};
+
+template <class SheetType>
+std::unique_ptr<SheetModel> sheetOf(const DeskStores& stores, const QString& subject) {
+    return std::make_unique<SheetType>(stores, subject);
+}
+
+}  // namespace
+
+std::unique_ptr<SheetModel> makeSheet(const DeskStores& stores, const QString& key) {
+    static constexpr std::array<SheetRow, 0> kSheets{};
+    const auto name = key.section(u':', 0, 0).toStdString();
+    for (const auto& row : kSheets) {
+        if (row.name == name) return row.make(stores, key.section(u':', 1));
+    }
+    return nullptr;
+}
+
+}  // namespace app
