@@ -24,7 +24,7 @@ std::string linkText(const std::string& url) {
 }
 
 std::string publishedText(kit::Instant instant, bool isDayOnly) {
-    return isDayOnly ? dayText(instant) : momentText(instant);
+    return isDayOnly ? namedDayText(instant) : momentText(instant);
 }
 
 }  // namespace cli

@@ -72,7 +72,7 @@ void printChart(Session& session, const NamedReading<Entries>& chart) {
     out.line(out.bold(label(kindNamed(chart.name))));
     const auto before = dayBefore(session, chart);
     TextTable table({Column::cut("app", 20), Column::whole("rank"),
-                     Column::whole(before ? "since " + dayText(before->day) : ""),
+                     Column::whole(before ? "since " + namedDayText(before->day) : ""),
                      Column::cut("developer").dropped(1)});
     const auto content = chartContent(chart.reading, before);
     for (const auto& place : content.rows) {
@@ -115,7 +115,7 @@ void printRuns(Session& session, const std::string& kind, const std::vector<app:
                      Column::whole("last seen").dropped(3), Column::cut("developer").dropped(4)});
     for (const auto& run : runs) {
         table.add({printable(run.name), std::to_string(run.last), std::to_string(run.best),
-                   std::to_string(run.days), dayText(run.firstDay), dayText(run.lastDay),
+                   std::to_string(run.days), namedDayText(run.firstDay), namedDayText(run.lastDay),
                    printable(run.developer)});
     }
     table.print(out);

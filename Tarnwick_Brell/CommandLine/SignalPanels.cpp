@@ -60,7 +60,7 @@ Lines backendLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
     if (lines.empty()) lines.emplace_back("No change has been seen yet.");
     if (!content.newest.empty()) lines.emplace_back("Newest offers:");
     for (const auto& offer : content.newest) {
-        lines.push_back(fmt::format("{} {} {} ({})", dayText(offer.posted),
+        lines.push_back(fmt::format("{} {} {} ({})", namedDayText(offer.posted),
                                     printable(offer.platform), printable(offer.version),
                                     printable(offer.build)));
     }

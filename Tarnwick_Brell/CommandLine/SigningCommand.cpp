@@ -68,7 +68,7 @@ void printDevice(Output& out, const NamedReading<SigningStatus>& device) {
                      Column::whole("released")});
     for (const auto& build : status.builds) {
         table.add({printable(build.version), printable(build.build), build.isSigned ? "yes" : "no",
-                   build.released ? dayText(*build.released) : ""});
+                   build.released ? namedDayText(*build.released) : ""});
     }
     table.print(out);
 }

@@ -42,9 +42,9 @@ void print(Output& out, const Offers& offers, const std::string& platform) {
                      Column::whole("expires").dropped(1), Column::whole("devices").dropped(2),
                      Column::whole("newest").dropped(3)});
     for (const auto& offer : offers) {
-        table.add({systemText(offer), printable(offer.build), dayText(offer.posted),
-                   offer.expires ? dayText(*offer.expires) : "", std::to_string(offer.deviceCount),
-                   printable(offer.newestDevice.value_or(""))});
+        table.add({systemText(offer), printable(offer.build), namedDayText(offer.posted),
+                   offer.expires ? namedDayText(*offer.expires) : "",
+                   std::to_string(offer.deviceCount), printable(offer.newestDevice.value_or(""))});
     }
     table.print(out);
 }
@@ -84,7 +84,7 @@ int showHistory(Session& session, const UpdatesOptions& options) {
                      Column::whole("posted").dropped(1), Column::whole(""), Column::whole("seen")});
     for (const auto& change : changes) {
         table.add({systemText(change.offer), printable(change.offer.build),
-                   dayText(change.offer.posted), change.isOffered ? "now offered" : "gone",
+                   namedDayText(change.offer.posted), change.isOffered ? "now offered" : "gone",
                    momentText(change.seenAt)});
     }
     table.print(out);

@@ -39,6 +39,10 @@ std::string dayText(kit::Instant instant) {
     return app::dayText(instant, instant, style()).toStdString();
 }
 
+std::string namedDayText(kit::Instant day) {
+    return app::namedDayText(day, day, style()).toStdString();
+}
+
 std::string clockText(kit::Instant instant) {
     return app::clockText(instant, style()).toStdString();
 }

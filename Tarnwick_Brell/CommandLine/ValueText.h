@@ -30,6 +30,9 @@ std::string momentText(kit::Instant instant);
 /// "2026-11-02"
 std::string dayText(kit::Instant instant);
 
+/// The same for a day without a time, which is the same in every zone.
+std::string namedDayText(kit::Instant day);
+
 /// "08:30 CET"
 std::string clockText(kit::Instant instant);
 

@@ -37,8 +37,8 @@ QString dayText(kit::Instant then, kit::Instant now, const Style& style = Style:
 /// "16 May", with the year when it is another one; plain "2026-05-16".
 QString shortDayText(kit::Instant then, kit::Instant now, const Style& style = Style::ofUser());
 
-/// As shortDayText, for a day without a time. Records write such a day as its beginning in UTC, so
-/// it is the same day in every zone.
+/// As shortDayText, for a day without a time, the same in every zone. Records write such a day as
+/// its beginning in UTC or in New York, which is still that day in UTC.
 QString namedDayText(kit::Instant day, kit::Instant now, const Style& style = Style::ofUser());
 
 /// Whole days of the calendar from `now` to `then`: 0 today, 1 tomorrow, -1 yesterday.

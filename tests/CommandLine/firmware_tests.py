@@ -49,6 +49,15 @@ class Firmware(unittest.TestCase):
         self.assertRegex(shown, r"iOS 27\.1 \(24B83\) is no longer signed for .* and \d others\.")
         self.assertIn(f"Not fetched yet; brell --data-dir {self.desk.folder} updates does.", shown)
 
+    def test_days_without_a_time_are_the_same_in_all_zones(self):
+        self.go_to(1)
+        self.desk.run("charts")
+        for command in (["signing", "iPhone18,3"], ["updates"], ["charts", "--history"]):
+            days = [re.findall(r"\d{4}-\d\d-\d\d", self.desk.run(*command, environment={"TZ": zone}).stdout)
+                    for zone in ("UTC", "America/Los_Angeles", "Pacific/Auckland")]
+            self.assertTrue(days[0])
+            self.assertEqual(days, [days[0]] * 3, command)
+
     def test_offers_come_and_go_and_the_newest_stands_first(self):
         self.go_to(1)
         first = self.desk.json("updates")["offers"]

@@ -26,10 +26,10 @@ SignalRow rowOf(const kit::UpdateOffer& offer, kit::Instant now) {
     SignalRow row{.title = titleOf(offer),
                   .detail = BackendPanelModel::tr("For %n models", nullptr,
                                                   static_cast<int>(offer.deviceCount)),
-                  .when = appleDayText(offer.posted, now)};
+                  .when = namedDayText(offer.posted, now)};
     if (offer.expires) {
         row.detail = BackendPanelModel::tr("%1, until %2")
-                         .arg(row.detail, appleDayText(*offer.expires, now));
+                         .arg(row.detail, namedDayText(*offer.expires, now));
     }
     row.spokenText =
         BackendPanelModel::tr("%1, %2, posted on %3").arg(row.title, row.detail, row.when);

@@ -1,10 +1,6 @@
 #include "Tarnwick_Brell/Models/Panels/SignalText.h"
 
-#include <chrono>
-
 #include <QCoreApplication>
-#include <QDate>
-#include <QLocale>
 #include <QStringList>
 
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -26,17 +22,6 @@ struct SignalText {
 QString buildText(const std::string& version, const std::string& build) {
     return QStringLiteral("%1 (%2)").arg(titleText(version, kLongestBuild),
                                          titleText(build, kLongestBuild));
-}
-
-QString appleDayText(kit::Instant day, kit::Instant now) {
-    // Midnight of New York or of Greenwich: in both cases still that day in Greenwich.
-    const auto date = [](kit::Instant instant) {
-        const auto passed = std::chrono::floor<std::chrono::days>(instant.time_since_epoch());
-        return QDate(1970, 1, 1).addDays(passed.count());
-    };
-    const auto isThisYear = date(day).year() == date(now).year();
-    return QLocale().toString(date(day),
-                              isThisYear ? QStringLiteral("d MMM") : QStringLiteral("d MMM yyyy"));
 }
 
 QString devicesText(const std::vector<std::string>& names) {

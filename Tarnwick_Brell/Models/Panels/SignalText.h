@@ -17,9 +17,6 @@ QString buildText(const std::string& version, const std::string& build);
 /// "Phone 17, Phone 17 Plus and 4 others"
 QString devicesText(const std::vector<std::string>& names);
 
-/// "3 Nov", with the year when it is another one: a day as Apple has it, the same in all zones.
-QString appleDayText(kit::Instant day, kit::Instant now);
-
 /// What the store holds of each model whose signing is followed.
 std::vector<kit::DeviceSigning> signingOf(const TrackerStore& store);
 

@@ -13,7 +13,7 @@ std::vector<SignalRow> rowsOf(const kit::SigningContent::Device& device, kit::In
     std::vector<SignalRow> rows;
     for (const auto& build : device.builds) {
         rows.push_back({.title = buildText(build.version, build.build),
-                        .when = build.released ? appleDayText(*build.released, now) : QString()});
+                        .when = build.released ? namedDayText(*build.released, now) : QString()});
     }
     if (rows.empty()) {
         rows.push_back({.title = device.isKnown ? SignedPanelModel::tr("Nothing is signed")
