@@ -2,21 +2,41 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace kit {
+
+namespace {
+
+constexpr double kHighestPrice = 1e12;
+
+bool isPrice(double number) { return number > 0 && number < kHighestPrice; }
+
+}  // namespace
 
 std::string marketLabel(std::string_view marketState) {
     const auto known = enumFromRaw<MarketState>(marketState);
     return std::string(known ? label(*known) : marketState);
 }
 
-std::optional<std::size_t> newestOf(std::span<const QuoteAnswer> answers) {
-    std::optional<std::size_t> newest;
-    for (std::size_t i = 0; i < answers.size(); ++i) {
-        if (!answers[i].quote) continue;
-        if (!newest || answers[i].fetchedAt > answers[*newest].fetchedAt) newest = i;
+const CachedValue<StockQuote>* newestOf(const std::vector<const CachedValue<StockQuote>*>& quotes) {
+    const CachedValue<StockQuote>* newest = nullptr;
+    for (const auto* quote : quotes) {
+        if (!quote->value) continue;
+        if (!newest || quote->fetchedAt > newest->fetchedAt) newest = quote;
     }
     return newest;
+}
+
+std::vector<StockQuote::Point> pricedPoints(std::vector<StockQuote::Point> points) {
+    std::erase_if(points, [](const auto& point) { return !isPrice(point.close); });
+    return points;
+}
+
+std::optional<double> referenceOf(const StockQuote& quote) {
+    if (quote.range != rawValue(QuoteRange::day)) return std::nullopt;
+    const auto close = quote.previousClose();
+    return close && isPrice(*close) ? close : std::nullopt;
 }
 
 QuoteContent quoteContent(const StockQuote& quote, std::optional<Instant> fetchedAt) {

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
 #include "NewsroomKit/Records/EnumTable.h"
+#include "NewsroomKit/Trackers/CachedValue.h"
 #include "NewsroomKit/Trackers/Events/AppleCalendarEvent.h"
 #include "NewsroomKit/Trackers/Market/PriceChange.h"
 #include "NewsroomKit/Trackers/Market/StockQuote.h"
@@ -27,12 +26,6 @@ inline constexpr std::array<EnumRow<MarketState>, 4> enumTable<MarketState>{{
 /// The state of a market in words: the table's, or the service's own for one that is not in it.
 std::string marketLabel(std::string_view marketState);
 
-/// A quote that was fetched for a range, if any.
-struct QuoteAnswer {
-    const StockQuote* quote = nullptr;
-    std::optional<Instant> fetchedAt{};
-};
-
 /// What is said of a share beside its chart.
 struct QuoteContent {
     double price = 0;
@@ -46,11 +39,18 @@ struct QuoteContent {
     bool operator==(const QuoteContent&) const = default;
 };
 
-/// The place of the answer that came last and has a quote. A share's price is the same in all of
-/// its ranges.
-std::optional<std::size_t> newestOf(std::span<const QuoteAnswer> answers);
+/// The one of a share's quotes over several ranges that came last; null when none has come. The
+/// price is the same in all ranges.
+const CachedValue<StockQuote>* newestOf(const std::vector<const CachedValue<StockQuote>*>& quotes);
 
 QuoteContent quoteContent(const StockQuote& quote, std::optional<Instant> fetchedAt);
+
+/// The points that a chart can show: services send gaps as zeros, and numbers that are no prices.
+std::vector<StockQuote::Point> pricedPoints(std::vector<StockQuote::Point> points);
+
+/// The previous close as a line across the chart. Only the chart of one day has one: on longer ones
+/// it would be one of the points.
+std::optional<double> referenceOf(const StockQuote& quote);
 
 /// The events that stand on a chart of these points: past ones from the first point to the last
 /// one, or later on the last one's day, because a day's price is stamped before the day is over.

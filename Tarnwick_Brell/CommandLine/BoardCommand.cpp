@@ -4,6 +4,7 @@
 
 #include "NewsroomKit/Panels/BoardContent.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/ShareQuotes.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
@@ -15,7 +16,14 @@ namespace {
 
 using Board = std::vector<kit::BoardQuote>;
 
-void print(Output& out, const Board& board) {
+/// Apple's share is not on the board, and its price may be of another time.
+void addTimeOfShare(TextTable& table, const ShareQuotes::Quote& share) {
+    const auto content = kit::quoteContent(*share.value, share.fetchedAt);
+    if (content.pricedAt) table.addNote("As of " + momentText(*content.pricedAt) + ".");
+}
+
+void print(Session& session, const Board& board) {
+    auto& out = session.out();
     if (board.empty()) {
         out.line("The board is empty.");
         return;
@@ -23,7 +31,10 @@ void print(Output& out, const Board& board) {
     TextTable table({Column::cut("company"), Column::whole("symbol"), Column::whole("price"),
                      Column::whole("change"), Column::whole("market").dropped(1),
                      Column::cut("relation", 24).dropped(2)});
-    for (const auto& group : kit::boardGroups(board)) {
+    const ShareQuotes quotes(session);
+    const auto* share = quotes.newest();
+    const auto groups = kit::boardGroups(board, share ? &*share->value : nullptr);
+    for (const auto& group : groups) {
         table.begin(printable(group.name));
         for (const auto& [quote, change, market] : group.rows) {
             table.add({printable(quote.name), printable(quote.symbol),
@@ -32,6 +43,7 @@ void print(Output& out, const Board& board) {
                        printable(market) + (quote.stale.value_or(false) ? ", old" : ""),
                        printable(quote.relation)});
         }
+        if (share && &group == &groups.front()) addTimeOfShare(table, *share);
     }
     table.print(out);
 }
@@ -43,7 +55,7 @@ int runBoard(Session& session, bool isStored) {
         session, isStored, reading,
         {.json =
              [](const Board& board) { return boost::json::object{{"quotes", kit::encode(board)}}; },
-         .text = [&](const Board& board) { print(session.out(), board); }});
+         .text = [&](const Board& board) { print(session, board); }});
 }
 
 }  // namespace

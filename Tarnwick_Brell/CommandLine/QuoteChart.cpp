@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Panels/QuoteContent.h"
 #include "NewsroomKit/Trackers/Market/QuotePlaces.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
@@ -70,7 +71,7 @@ struct Scale {
     }
 };
 
-bool isOneDay(const StockQuote& quote) { return quote.range == "1d"; }
+bool isOneDay(const StockQuote& quote) { return quote.range == rawValue(kit::QuoteRange::day); }
 
 void drawReference(Canvas& canvas, const Scale& scale, double price) {
     for (std::size_t x = 0; x < canvas.width(); x += 4) canvas.set(x, scale.dot(price));
@@ -114,12 +115,12 @@ std::string axis(const StockQuote& quote, std::size_t columns) {
 
 }  // namespace
 
-std::vector<std::string> quoteChart(const StockQuote& quote, std::size_t width) {
-    const auto& points = quote.points;
-    if (points.size() < 2) return {};
-    const auto [lowest, highest] = std::ranges::minmax(points, {}, &StockQuote::Point::close);
+std::vector<std::string> quoteChart(StockQuote quote, std::size_t width) {
+    const auto reference = kit::referenceOf(quote);
+    quote.points = kit::pricedPoints(std::move(quote.points));
+    if (quote.points.size() < 2) return {};
+    const auto [lowest, highest] = std::ranges::minmax(quote.points, {}, &StockQuote::Point::close);
     Scale scale{lowest.close, highest.close};
-    const auto reference = isOneDay(quote) ? quote.previousClose() : std::nullopt;
     if (reference) {
         scale.low = std::min(scale.low, *reference);
         scale.high = std::max(scale.high, *reference);

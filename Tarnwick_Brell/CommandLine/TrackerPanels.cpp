@@ -13,6 +13,7 @@
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
+#include "Tarnwick_Brell/CommandLine/ShareQuotes.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 
@@ -38,13 +39,6 @@ std::string countdownLine(const kit::CountdownRow& event) {
     if (!when.empty()) line += ", " + when;
     if (event.isReleased) line += ", released";
     return line;
-}
-
-std::vector<kit::CachedValue<kit::StockQuote>> quotesOfAllRanges(PanelHoldings& holdings) {
-    std::vector<kit::CachedValue<kit::StockQuote>> quotes;
-    for (const auto& row : kit::enumTable<QuoteRange>)
-        quotes.push_back(cached(holdings, kFiles.quote(app::TrackedFiles::kShare, row.value)));
-    return quotes;
 }
 
 std::string boardLine(const kit::BoardRow& row) {
@@ -87,19 +81,17 @@ Lines countdownLines(PanelHoldings& holdings, const PanelSpec& panel) {
 Lines stockLines(PanelHoldings& holdings, const PanelSpec& panel) {
     const auto range =
         kit::enumFromRaw<QuoteRange>(panel.options.stockRange).value_or(QuoteRange::month);
-    const auto quotes = quotesOfAllRanges(holdings);
-    std::vector<kit::QuoteAnswer> answers;
-    for (const auto& reading : quotes)
-        answers.push_back({reading.value ? &*reading.value : nullptr, reading.fetchedAt});
-    const auto& charted = quotes[static_cast<std::size_t>(range)];
-    const auto newest = kit::newestOf(answers);
+    const ShareQuotes quotes(holdings.session());
+    const auto& charted = quotes.over(range);
+    const auto* newest = quotes.newest();
     if (!newest)
         return nothingYet(holdings, charted, fmt::format("quote --range {}", rawValue(range)));
 
-    const auto content = kit::quoteContent(*quotes[*newest].value, quotes[*newest].fetchedAt);
-    Lines lines{fmt::format("{} {}  {}  {}", priceText(content.price), printable(content.currency),
-                            content.change ? changeText(*content.change) : "",
-                            printable(content.market))};
+    const auto content = kit::quoteContent(*newest->value, newest->fetchedAt);
+    Lines lines{
+        fmt::format("{} {}  {}  {}{}", priceText(content.price), printable(content.currency),
+                    content.change ? changeText(*content.change) : "", printable(content.market),
+                    content.pricedAt ? ", " + momentText(*content.pricedAt) : "")};
     if (content.isOld) lines.emplace_back("The service itself has only old figures.");
     if (charted.value) {
         for (auto& line :
@@ -115,17 +107,17 @@ Lines stockLines(PanelHoldings& holdings, const PanelSpec& panel) {
         lines.push_back(fmt::format(
             "No prices of this range yet; brell quote --range {} fetches them.", rawValue(range)));
     }
-    addState(lines, holdings, charted.value ? charted : quotes[*newest]);
+    addState(lines, holdings, charted.value ? charted : *newest);
     return lines;
 }
 
 Lines suppliersLines(PanelHoldings& holdings) {
     const auto reading = cached(holdings, kFiles.board());
     if (!reading.value) return nothingYet(holdings, reading, "board");
-    const auto share =
-        cached(holdings, kFiles.quote(app::TrackedFiles::kShare, QuoteRange::day)).value;
+    const ShareQuotes quotes(holdings.session());
+    const auto* share = quotes.newest();
     Lines lines;
-    for (const auto& group : kit::boardGroups(*reading.value, share ? &*share : nullptr)) {
+    for (const auto& group : kit::boardGroups(*reading.value, share ? &*share->value : nullptr)) {
         lines.push_back(printable(group.name));
         for (const auto& row : group.rows) lines.push_back(boardLine(row));
     }

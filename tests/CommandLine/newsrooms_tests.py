@@ -131,7 +131,7 @@ class NewsroomsAndBeats(unittest.TestCase):
                       r"^as of \d{4}-\d\d-\d\d \d\d:\d\d UTC, just now$"],
         "claims": [r"^(Rumored|Reported|Apple spoke|Confirmed) +\S", r"^    .+, (.+ ago|yesterday)"],
         "stock": [r"^[\d,]+\.\d\d USD  [+\u2212]?\d+\.\d\d \([+\u2212]?\d+\.\d\d%\)  "
-                  r"(Open|Closed|Before hours|After hours)$", r" [┤│] "],
+                  r"(Open|Closed|Before hours|After hours), \d{4}-\d\d-\d\d \d\d:\d\d UTC$", r" [┤│] "],
         "software": [r"^iOS +27\.\d"],
         "status": [r"App Store"],
         "coverage": [r"^\S.* +\d+ stor(y|ies), last "],
@@ -149,7 +149,7 @@ class NewsroomsAndBeats(unittest.TestCase):
         self.addCleanup(room.close)
         self.desk.network = room.network
         for command in ("refresh", "status", "status --developer", "releases", "events", "quote --range 1m",
-                        "quote --range 1d", "board", "signing", "updates"):
+                        "board", "signing", "updates"):
             self.desk.run(*command.split())
         self.desk.run("newsroom", "new", "All", "--panels", ",".join(self.PANELS))
         shown = {panel["kind"]: panel["lines"] for panel in self.desk.json("newsroom", "show", "All")["panels"]}

@@ -79,7 +79,10 @@ class Trackers(unittest.TestCase):
         begins = re.findall(r"\d{4}-\d\d-\d\d \d\d:\d\d UTC", self.desk.run("events").stdout)
         self.assertEqual((len(begins), begins), (len(events), sorted(begins)))
         rows = self.desk.json("board")["quotes"]
+        self.assertNotIn("AAPL", self.desk.run("board").stdout)
+        self.desk.run("quote", "--range", "1y")
         text = self.desk.run("board").stdout
+        self.assertRegex(text, r"Apple Inc\. +AAPL +\d+\.\d\d USD.*\n.*As of \d{4}-\d\d-\d\d \d\d:\d\d UTC\.")
         groups = list(dict.fromkeys(row["group"] for row in rows))
         self.assertEqual([line for line in text.splitlines() if line in groups], groups)
         for row in rows:

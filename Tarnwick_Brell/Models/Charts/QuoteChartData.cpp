@@ -21,14 +21,11 @@ using kit::QuoteRange;
 using kit::StockQuote;
 using Point = StockQuote::Point;
 
-constexpr double kHighestPrice = 1e12;
 // More than a screen has pixels across.
 constexpr std::size_t kMostPoints = 4000;
 
-bool isPrice(double number) { return number > 0 && number < kHighestPrice; }
-
 std::vector<Point> drawable(std::vector<Point> points) {
-    std::erase_if(points, [](const Point& point) { return !isPrice(point.close); });
+    points = kit::pricedPoints(std::move(points));
     if (points.size() <= kMostPoints) return points;
     const auto stride = points.size() / kMostPoints + 1;
     std::vector<Point> some;
@@ -56,8 +53,7 @@ QString momentOf(Instant time, const std::string& range, Instant now) {
 QuoteChartData::QuoteChartData(StockQuote quote, const std::vector<AppleCalendarEvent>& events,
                                Instant now)
     : quote_(std::move(quote)), now_(now) {
-    auto reference = quote_.previousClose();
-    if (reference && !isPrice(*reference)) reference.reset();
+    const auto reference = kit::referenceOf(quote_);
     quote_.points = drawable(std::move(quote_.points));
     if (quote_.points.empty()) return;
     const auto scale = scaleOf(quote_.points, reference);

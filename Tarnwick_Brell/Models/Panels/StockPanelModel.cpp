@@ -2,6 +2,7 @@
 
 #include "NewsroomKit/Panels/QuoteContent.h"
 #include "NewsroomKit/Trackers/Events/MarkedEvents.h"
+#include "Tarnwick_Brell/Models/Panels/NewestShare.h"
 #include "Tarnwick_Brell/Presentation/PriceText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
@@ -59,17 +60,10 @@ void StockPanelModel::retry() {
 }
 
 void StockPanelModel::look() {
-    std::vector<kit::QuoteAnswer> answers;
-    for (const auto& row : kit::enumTable<QuoteRange>) {
-        const auto& quote = trackers().quote(row.value);
-        answers.push_back(
-            {.quote = quote.value ? &*quote.value : nullptr, .fetchedAt = quote.fetchedAt});
-    }
-    const auto newest = kit::newestOf(answers);
+    const auto* newest = newestShare(trackers());
     const auto& charted = trackers().quote(range_);
     // Without a chart of this range there may still be a price.
-    const auto& priced =
-        newest ? trackers().quote(kit::enumTable<QuoteRange>[*newest].value) : charted;
+    const auto& priced = newest ? *newest : charted;
     auto condition = conditionOf(charted.value ? charted : priced);
     if (priced.value) {
         const auto content = kit::quoteContent(*priced.value, priced.fetchedAt);

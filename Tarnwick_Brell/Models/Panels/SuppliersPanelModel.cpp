@@ -2,6 +2,7 @@
 
 #include "NewsroomKit/Panels/BoardContent.h"
 #include "Tarnwick_Brell/Models/Charts/QuoteChartData.h"
+#include "Tarnwick_Brell/Models/Panels/NewestShare.h"
 #include "Tarnwick_Brell/Presentation/PriceText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
@@ -43,8 +44,9 @@ void SuppliersPanelModel::look() {
     auto condition = conditionOf(reading);
     std::vector<SupplierRow> rows;
     if (reading.value) {
-        const auto& share = trackers().quote().value;
-        for (const auto& group : kit::boardGroups(*reading.value, share ? &*share : nullptr)) {
+        const auto* share = newestShare(trackers());
+        for (const auto& group :
+             kit::boardGroups(*reading.value, share ? &*share->value : nullptr)) {
             for (const auto& quote : group.rows) {
                 rows.push_back(rowOf(quote));
                 if (&quote == &group.rows.front())

@@ -82,11 +82,11 @@ TEST(CountdownContent, AnAnniversarysTitleSaysHowManyYears) {
 }
 
 TEST(QuoteContent, ThePriceIsTheNewestOfAllRanges) {
-    const StockQuote old{.price = 1}, young{.price = 2};
-    const auto newest = [](std::vector<QuoteAnswer> answers) { return newestOf(answers); };
-    EXPECT_EQ(newest({{&old, kNoon}, {&young, kNoon + 1h}, {nullptr, kNoon + 2h}}), 1U);
-    EXPECT_EQ(newest({{nullptr, kNoon}, {&old, std::nullopt}}), 1U);
-    EXPECT_EQ(newest({{}, {}}), std::nullopt);
+    const CachedValue<StockQuote> old{StockQuote{}, kNoon}, young{StockQuote{}, kNoon + 1h},
+        ageless{StockQuote{}, std::nullopt}, failed{std::nullopt, kNoon + 2h};
+    EXPECT_EQ(newestOf({&old, &young, &failed}), &young);
+    EXPECT_EQ(newestOf({&failed, &ageless}), &ageless);
+    EXPECT_EQ(newestOf({&failed}), nullptr);
 }
 
 TEST(QuoteContent, TheServicesTimeAndStateCountWhereItGivesThem) {

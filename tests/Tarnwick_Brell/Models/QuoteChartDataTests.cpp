@@ -21,7 +21,8 @@ const Instant kNow = kStart + days(60);
 
 /// A point a day.
 StockQuote quoteOf(const std::vector<double>& prices, double previousClose = 0) {
-    StockQuote quote{.serverPreviousClose = previousClose, .range = "1m"};
+    StockQuote quote{.serverPreviousClose = previousClose,
+                     .range = previousClose > 0 ? "1d" : "1m"};
     for (const double price : prices) {
         quote.points.push_back({.time = kStart + days(std::ssize(quote.points)), .close = price});
     }
