@@ -22,9 +22,9 @@ std::vector<CoverageRow> coverage(const PanelNews& news) {
             row.last = isNew ? story.publishedAt : std::max(row.last, story.publishedAt);
         }
         const Story& first = *group.first().story;
-        if (group.outlets.size() > 1 && first.publishedAt >= earliest) {
+        if (group.outlets.size() < 2 || first.publishedAt < earliest) continue;
+        if (leadOf(first.publishedAt, group.outlets[1]->story->publishedAt))
             ++byOutlet[outletKey(first)].timesFirst;
-        }
     }
 
     std::vector<CoverageRow> rows;

@@ -14,8 +14,6 @@ struct Scoop {
     StoryMention second{};  ///< the next outlet's
     std::size_t outlets = 0;
 
-    Instant::duration lead() const { return second.publishedAt - first.publishedAt; }
-
     bool operator==(const Scoop&) const = default;
 };
 

@@ -56,6 +56,15 @@ std::vector<StoryGroup> groupStories(const PanelNews& news, Instant earliest) {
     return groups;
 }
 
+bool isDayOnly(Instant instant) {
+    return instant == std::chrono::floor<std::chrono::days>(instant);
+}
+
+std::optional<Instant::duration> leadOf(Instant first, Instant second) {
+    if (second <= first || isDayOnly(first)) return std::nullopt;
+    return second - first;
+}
+
 std::string outletKey(const Story& story) { return fold(outletOf(story)); }
 
 std::vector<StoryMention> outletMentions(const StoryGroup& group) {

@@ -34,6 +34,13 @@ std::vector<StoryGroup> groupStories(const PanelNews& news, Instant earliest);
 /// The key under which an outlet's name is the same however it is written.
 std::string outletKey(const Story& story);
 
+/// How long before the second outlet the first one told the news. Nothing where times do not say:
+/// they are equal, or the first is midnight sharp, as in feeds that give a day only.
+std::optional<Instant::duration> leadOf(Instant first, Instant second);
+
+/// Feeds that give a day without a time have midnight sharp.
+bool isDayOnly(Instant instant);
+
 /// The mentions of the outlets' first stories.
 std::vector<StoryMention> outletMentions(const StoryGroup& group);
 

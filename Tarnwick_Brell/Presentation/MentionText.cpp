@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QStringList>
 
+#include "NewsroomKit/Panels/StoryGroup.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -22,20 +23,13 @@ struct PanelText {
     Q_DECLARE_TR_FUNCTIONS(PanelText)
 };
 
-/// Feeds that give a day without a time have midnight sharp.
-bool isDayOnly(Instant instant) {
-    return instant == std::chrono::floor<std::chrono::days>(instant);
-}
-
 }  // namespace
 
 QString leadText(const StoryMention& first, const StoryMention& second) {
-    const auto lead = second.publishedAt - first.publishedAt;
+    const auto lead = kit::leadOf(first.publishedAt, second.publishedAt);
     const auto outlet = titleText(second.outlet);
-    if (lead <= Instant::duration::zero() || isDayOnly(first.publishedAt)) {
-        return PanelText::tr("also %1").arg(outlet);
-    }
-    return PanelText::tr("%1 before %2").arg(spanText(lead), outlet);
+    return lead ? PanelText::tr("%1 before %2").arg(spanText(*lead), outlet)
+                : PanelText::tr("also %1").arg(outlet);
 }
 
 QString sourcesText(const std::vector<StoryMention>& outlets, Instant now, const Style& style) {

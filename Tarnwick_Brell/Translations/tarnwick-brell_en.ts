@@ -2,6 +2,23 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>EmptyText</name>
+    <message numerus="yes">
+        <source>%n hours</source>
+        <translation>
+            <numerusform>%n hour</numerusform>
+            <numerusform>%n hours</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days</source>
+        <translation>
+            <numerusform>%n day</numerusform>
+            <numerusform>%n days</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PanelText</name>
     <message numerus="yes">
         <source>%n more</source>
@@ -163,10 +180,10 @@
 <context>
     <name>app::ReaderModel</name>
     <message numerus="yes">
-        <source>Also told by %n others</source>
+        <source>Also covered by %n other outlets</source>
         <translation>
-            <numerusform>Also told by %n other</numerusform>
-            <numerusform>Also told by %n others</numerusform>
+            <numerusform>Also covered by %n other outlet</numerusform>
+            <numerusform>Also covered by %n other outlets</numerusform>
         </translation>
     </message>
 </context>

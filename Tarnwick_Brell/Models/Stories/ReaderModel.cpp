@@ -7,7 +7,7 @@
 
 #include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Editorial/LabelReasons.h"
-#include "NewsroomKit/Panels/PanelStory.h"
+#include "NewsroomKit/Panels/StoryTimeline.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
@@ -133,41 +133,42 @@ void ReaderModel::askForWordings() {
     desk_.worker().post(read, [](const std::exception&) {});
 }
 
-void ReaderModel::readTimeline() {
-    std::vector<TimelineRow> rows;
-    timelineTitle_.clear();
-    timelineFact_.clear();
-    static const std::vector<kit::StoryCluster> none;
-    const auto& clusters = desk_.clusters() ? *desk_.clusters() : none;
-    const auto id = stored_ ? story().id : std::string();
-    const auto own = std::find_if(clusters.begin(), clusters.end(), [&](const auto& cluster) {
-        const auto& ids = cluster.storyIDs;
-        return std::find(ids.begin(), ids.end(), id) != ids.end();
+std::vector<kit::Story> ReaderModel::storiesOfTheSameNews() const {
+    std::vector<kit::Story> stories;
+    if (!stored_ || !desk_.clusters()) return stories;
+    const auto& clusters = *desk_.clusters();
+    const auto own = std::ranges::find_if(clusters, [&](const auto& cluster) {
+        return std::ranges::find(cluster.storyIDs, story().id) != cluster.storyIDs.end();
     });
-    if (stored_ && own != clusters.end()) {
-        std::optional<kit::Instant> first, second;
-        for (const auto& member : own->storyIDs) {
-            const auto* packed = desk_.stories().find(member);
-            if (!packed) continue;
-            const auto told = packed->unpacked().story;
-            TimelineRow row{.storyID = plainText(told.id),
-                            .time = momentText(told.publishedAt, clock_()),
-                            .outlet = titleText(kit::outletOf(told), 60),
-                            .title = titleText(told.title, kTitleCharacters),
-                            .isFirst = !first,
-                            .isThis = told.id == id};
-            row.lead = first ? delayText(told.publishedAt - *first) : tr("First");
-            if (first && !second) second = told.publishedAt;
-            if (!first) first = told.publishedAt;
-            rows.push_back(std::move(row));
-        }
-        const auto others = static_cast<int>(rows.size()) - 1;
-        if (others > 0) timelineTitle_ = tr("Also told by %n others", nullptr, others);
-        if (second && *second - *first >= 1min) {
-            timelineFact_ = tr("%1 led by %2").arg(rows[0].outlet, spanText(*second - *first));
-        }
-        if (others <= 0) rows.clear();
+    if (own == clusters.end()) return stories;
+    for (const auto& id : own->storyIDs) {
+        if (const auto* packed = desk_.stories().find(id))
+            stories.push_back(packed->unpacked().story);
     }
+    return stories;
+}
+
+void ReaderModel::readTimeline() {
+    const auto timeline = kit::storyTimeline(storiesOfTheSameNews());
+    std::vector<TimelineRow> rows;
+    for (const auto& [told, delay] : timeline.rows) {
+        const bool isFirst = rows.empty() && timeline.isFirstKnown;
+        rows.push_back({.storyID = plainText(told.storyID),
+                        .time = momentText(told.publishedAt, clock_()),
+                        .outlet = titleText(told.outlet, 60),
+                        .title = titleText(told.title, kTitleCharacters),
+                        .lead = isFirst ? tr("First")
+                                : delay ? delayText(*delay)
+                                        : QString(),
+                        .isFirst = isFirst,
+                        .isThis = told.storyID == story().id});
+    }
+    const auto others = static_cast<int>(rows.size()) - 1;
+    timelineTitle_ =
+        others > 0 ? tr("Also covered by %n other outlets", nullptr, others) : QString();
+    timelineFact_ = timeline.lead.value_or(0min) >= 1min
+                        ? tr("%1 led by %2").arg(rows[0].outlet, spanText(*timeline.lead))
+                        : QString();
     timeline_.setRows(std::move(rows));
     emit timelineChanged();
 }

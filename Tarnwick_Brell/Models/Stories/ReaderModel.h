@@ -46,7 +46,7 @@ public:
     bool operator==(const WordingRow&) const = default;
 };
 
-/// A story of the cluster, in the order of publication.
+/// An outlet's first story of the news, in the order of publication.
 struct TimelineRow {
     Q_GADGET
     Q_PROPERTY(QString storyID MEMBER storyID)
@@ -63,8 +63,8 @@ public:
     QString outlet{};
     QString title{};
     QString lead{};
-    bool isFirst = false;
-    bool isThis = false;  ///< the one in the reader
+    bool isFirst = false;  ///< as far as times say
+    bool isThis = false;   ///< the one in the reader
 
     bool operator==(const TimelineRow&) const = default;
 };
@@ -147,6 +147,7 @@ private:
     void readStory();
     void readCredits();
     void askForWordings();
+    std::vector<kit::Story> storiesOfTheSameNews() const;
     void readTimeline();
     void follow(const WireChange& change);
 

@@ -8,6 +8,7 @@
 #include "NewsroomKit/Panels/Coverage.h"
 #include "NewsroomKit/Panels/RecentClusters.h"
 #include "NewsroomKit/Panels/Scoops.h"
+#include "NewsroomKit/Panels/StoryTimeline.h"
 #include "NewsroomKit/Panels/TopStories.h"
 
 namespace kit {
@@ -175,11 +176,39 @@ TEST(Scoops, NameWhoWasFirstOnlyWhereThatCanBeTold) {
     const auto found = scoops(news.get());
     ASSERT_EQ(found.size(), 2U);
     EXPECT_EQ(found[0].first.storyID, "e1");
-    EXPECT_EQ(found[0].lead(), 2h);
     EXPECT_EQ(found[1].first.storyID, "a1");
     EXPECT_EQ(found[1].second.storyID, "a3");
-    EXPECT_EQ(found[1].lead(), 90min);
     EXPECT_EQ(found[1].outlets, 3U);
+}
+
+TEST(StoryTimeline, NamesEachOutletOnceAndTheFirstOnlyWhereTimesSaySo) {
+    struct Case {
+        std::vector<std::pair<const char*, double>> told;  ///< by whom, hours after midnight
+        const char* text;
+    };
+    const Case cases[] = {
+        {{{"Post", 1}, {"post", 2}, {"Tide", 3}, {"Post", 4}}, "Post +0 Tide +120 lead 120"},
+        {{{"Post", 1}, {"Post", 2}}, ""},
+        {{{"Post", 0}, {"Tide", 3}}, "Post Tide first unknown"},
+        {{{"Post", 1}, {"Tide", 24}}, "Post +0 Tide lead 1380"},
+        {{{"Post", 1}, {"Tide", 1}}, "Post +0 Tide +0"},
+    };
+    const auto text = [](Instant::duration span) { return std::to_string(span / 1min); };
+    for (const auto& [told, expected] : cases) {
+        std::vector<Story> stories;
+        for (const auto& [outlet, hours] : told) {
+            stories.push_back({.id = std::to_string(stories.size()),
+                               .publishedAt = hoursAgo(15.5 - hours),
+                               .sourceName = outlet});
+        }
+        const auto timeline = storyTimeline(stories);
+        std::string all;
+        for (const auto& [mention, delay] : timeline.rows)
+            all += " " + mention.outlet + (delay ? " +" + text(*delay) : "");
+        if (timeline.lead) all += " lead " + text(*timeline.lead);
+        if (!timeline.rows.empty() && !timeline.isFirstKnown) all += " first unknown";
+        EXPECT_EQ(all.substr(std::min<std::size_t>(1, all.size())), expected);
+    }
 }
 
 TEST(Brief, TellsWhatCameSinceTheLastLookTheMostToldFirst) {
@@ -209,6 +238,7 @@ TEST(Brief, TellsWhatCameSinceTheLastLookTheMostToldFirst) {
     EXPECT_EQ(text(brief(news.get(), hoursAgo(24 * 300))),
               text(brief(news.get(), hoursAgo(24 * 30))))
         << "a long absence is cut to a month";
+    EXPECT_EQ(brief(news.get(), hoursAgo(24 * 300)).since, hoursAgo(24 * 30));
     EXPECT_EQ(brief(news.get(), std::nullopt).topics.front().headline.storyID, "old");
 }
 

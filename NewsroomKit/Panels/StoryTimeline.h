@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "NewsroomKit/Panels/PanelStory.h"
+
+namespace kit {
+
+/// How the news of a cluster came to its outlets.
+struct StoryTimeline {
+    struct Row {
+        StoryMention mention{};  ///< the outlet's first story
+        /// Behind the first outlet; absent where one of the two times is only a day.
+        std::optional<Instant::duration> delay{};
+
+        bool operator==(const Row&) const = default;
+    };
+
+    std::vector<Row> rows{};                  ///< by publication; empty for a single outlet
+    std::optional<Instant::duration> lead{};  ///< of the first outlet before the second
+    bool isFirstKnown = false;                ///< the first outlet's time is more than a day
+};
+
+/// `stories`: those of one cluster.
+StoryTimeline storyTimeline(const std::vector<Story>& stories);
+
+}  // namespace kit
