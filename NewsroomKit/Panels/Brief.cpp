@@ -50,8 +50,10 @@ Instant briefStart(std::optional<Instant> lastLook, Instant now) {
 }
 
 BriefContent brief(const PanelNews& news, std::optional<Instant> lastLook) {
-    const auto fresh = newStories(news, briefStart(lastLook, news.now));
-    BriefContent content{.since = lastLook, .stories = fresh.size(), .apple = applePosts(fresh)};
+    const auto start = briefStart(lastLook, news.now);
+    const auto fresh = newStories(news, start);
+    BriefContent content{.stories = fresh.size(), .apple = applePosts(fresh)};
+    if (lastLook) content.since = start;
     std::set<std::string> outlets;
     for (const auto& story : fresh) outlets.insert(outletKey(*story.story));
     content.outlets = outlets.size();

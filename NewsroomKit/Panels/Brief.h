@@ -28,7 +28,7 @@ struct BriefContent {
         bool operator==(const ApplePosts&) const = default;
     };
 
-    std::optional<Instant> since{};  ///< the last look, when there was one
+    std::optional<Instant> since{};  ///< the brief's start, when there was a last look
     std::size_t stories = 0;         ///< new ones, Apple's own among them
     std::size_t outlets = 0;         ///< they come from
     std::vector<Topic> topics{};
