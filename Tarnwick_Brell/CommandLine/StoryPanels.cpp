@@ -7,6 +7,7 @@
 #include "NewsroomKit/Panels/Brief.h"
 #include "NewsroomKit/Panels/Claims.h"
 #include "NewsroomKit/Panels/Coverage.h"
+#include "NewsroomKit/Panels/PanelSpan.h"
 #include "NewsroomKit/Panels/Scoops.h"
 #include "NewsroomKit/Panels/TopStories.h"
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
@@ -55,7 +56,7 @@ std::string sourcingText(kit::Sourcing sourcing) {
 PanelLines orEmptyText(PanelLines lines, const MatchedNews& matched, kit::PanelKind kind,
                        const StoryQuery& query) {
     if (lines.empty()) {
-        const auto text = matched.isEmpty() ? app::noStoryText(kind, query, kit::kCoverageSpan)
+        const auto text = matched.isEmpty() ? app::noStoryText(kind, query, kit::spanOf(kind))
                                             : app::nothingOfItText(kind);
         lines.push_back(text.toStdString());
     }
@@ -158,7 +159,7 @@ PanelLines coverageLines(PanelHoldings& holdings, const PanelSpec& panel, const 
         if (lines.size() == lineCount(panel)) break;
         lines.push_back(fmt::format(
             "{} {:>4} {}, last {}{}", padTo(printable(row.outlet), kOutletColumns), row.stories,
-            row.stories == 1 ? "story" : "stories", ageText(row.last, holdings.now()),
+            row.stories == 1 ? "story" : "stories", agoText(row.last, holdings.now()),
             row.timesFirst > 0 ? fmt::format(", first {}×", row.timesFirst) : ""));
     }
     return orEmptyText(std::move(lines), matched, panel.kind, query);

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 
 #include "Tarnwick_Brell/Presentation/MentionText.h"
-#include "Tarnwick_Brell/Presentation/TimeText.h"
 
 namespace app {
 
@@ -30,9 +29,11 @@ QString noStoryText(PanelKind kind, const kit::StoryQuery& query,
         return terms.isEmpty() ? EmptyText::tr("No story matches.")
                                : EmptyText::tr("No story mentions %1.").arg(terms);
     }
-    const auto last = spanText(std::chrono::round<std::chrono::hours>(*span));
-    return terms.isEmpty() ? EmptyText::tr("No story of the last %1 matches.").arg(last)
-                           : EmptyText::tr("No story of the last %1 mentions %2.").arg(last, terms);
+    const auto hours = static_cast<int>(std::chrono::round<std::chrono::hours>(*span).count());
+    const auto last = hours <= 48 ? EmptyText::tr("%n hours", nullptr, hours)
+                                  : EmptyText::tr("%n days", nullptr, hours / 24);
+    return terms.isEmpty() ? EmptyText::tr("No story in the last %1 matches.").arg(last)
+                           : EmptyText::tr("No story in the last %1 mentions %2.").arg(last, terms);
 }
 
 QString nothingOfItText(PanelKind kind) {

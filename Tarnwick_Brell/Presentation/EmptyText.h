@@ -11,8 +11,8 @@
 /// What story panels say instead of rows.
 namespace app {
 
-/// No story matches the query: "No story of the last 3 d mentions “visionOS”." Without a span, of
-/// the whole wire; the panel of Apple's own stories speaks of posts.
+/// No story matches the query: "No story in the last 3 days mentions “visionOS”." Without a span,
+/// of the whole wire; the panel of Apple's own stories speaks of posts.
 QString noStoryText(kit::PanelKind kind, const kit::StoryQuery& query,
                     std::optional<kit::Instant::duration> span = {});
 

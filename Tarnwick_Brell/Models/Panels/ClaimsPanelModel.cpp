@@ -28,9 +28,8 @@ StorySourcing::Value firmness(Claim::State state) {
 ClaimsPanelModel::ClaimsPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
                                    const kit::StoryQuery& query)
     : QueryPanelModel(stores, panel, query) {
-    gather(
-        kit::kClaimsSpan, [](const auto& gathered) { return kit::claims(gathered.news); },
-        [this](const auto& claims, const auto& extent) { show(claims, extent); });
+    gather([](const auto& gathered) { return kit::claims(gathered.news); },
+           [this](const auto& claims, const auto& extent) { show(claims, extent); });
 }
 
 QString ClaimsPanelModel::standing(const Claim& claim, kit::Instant now) {
@@ -66,7 +65,7 @@ void ClaimsPanelModel::show(const std::vector<Claim>& claims, const Extent& exte
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(kit::kClaimsSpan, extent), extent);
+    becomeReady(rows_.rowCount(), spanFact(extent), extent);
 }
 
 void ClaimsPanelModel::open(int index) {

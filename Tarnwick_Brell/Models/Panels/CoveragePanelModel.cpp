@@ -9,9 +9,8 @@ namespace app {
 CoveragePanelModel::CoveragePanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
                                        const kit::StoryQuery& query)
     : QueryPanelModel(stores, panel, query) {
-    gather(
-        kit::kCoverageSpan, [](const auto& gathered) { return kit::coverage(gathered.news); },
-        [this](const auto& outlets, const auto& extent) { show(outlets, extent); });
+    gather([](const auto& gathered) { return kit::coverage(gathered.news); },
+           [this](const auto& outlets, const auto& extent) { show(outlets, extent); });
 }
 
 void CoveragePanelModel::show(const std::vector<kit::CoverageRow>& outlets, const Extent& extent) {
@@ -31,7 +30,7 @@ void CoveragePanelModel::show(const std::vector<kit::CoverageRow>& outlets, cons
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(kit::kCoverageSpan, extent), extent);
+    becomeReady(rows_.rowCount(), spanFact(extent), extent);
 }
 
 }  // namespace app

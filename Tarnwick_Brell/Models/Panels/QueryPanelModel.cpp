@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/Models/Panels/QueryPanelModel.h"
 
+#include "NewsroomKit/Panels/PanelSpan.h"
 #include "Tarnwick_Brell/Presentation/EmptyText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -42,11 +43,13 @@ void QueryPanelModel::follow(std::function<kit::Instant()> earliest,
         {.query = query_, .earliest = std::move(earliest), .build = std::move(build)});
 }
 
-QString QueryPanelModel::spanFact(std::chrono::hours span, const Extent& extent) {
-    if (extent.from > extent.now - span) {
+std::chrono::hours QueryPanelModel::span() const { return kit::spanOf(panelKind_).value(); }
+
+QString QueryPanelModel::spanFact(const Extent& extent) const {
+    if (extent.from > extent.now - span()) {
         return tr("Since %1").arg(momentText(extent.from, extent.now));
     }
-    const auto hours = static_cast<int>(span.count());
+    const auto hours = static_cast<int>(span().count());
     return hours <= 48 ? tr("Last %n hours", nullptr, hours)
                        : tr("Last %n days", nullptr, hours / 24);
 }

@@ -56,11 +56,12 @@ protected:
             };
         });
     }
-    /// The stories of that span, and those before it that its groups may begin with.
+    /// The stories of the kind's span, and those before it that its groups may begin with.
     template <class Make, class Show>
-    void gather(kit::Instant::duration span, Make make, Show show) {
-        gather([this, span] { return now() - span - kit::kEarlierContext; }, std::move(make),
-               [span, show = std::move(show)](const auto& content, Extent extent) {
+    void gather(Make make, Show show) {
+        gather([this, span = span()] { return now() - span - kit::kEarlierContext; },
+               std::move(make),
+               [span = span(), show = std::move(show)](const auto& content, Extent extent) {
                    extent.from = std::max(extent.from, extent.now - span);
                    show(content, extent);
                });
@@ -70,9 +71,10 @@ protected:
     void becomeReady(int rows, const QString& fact, const Extent& extent);
 
     /// "Last 48 hours", "Last 7 days"; "Since 4 Nov 09:12" when the wire was not read that far.
-    static QString spanFact(std::chrono::hours span, const Extent& extent);
+    QString spanFact(const Extent& extent) const;
 
 private:
+    std::chrono::hours span() const;
     void follow(std::function<kit::Instant()> earliest, PanelStoryCollector::Build build);
 
     kit::StoryQuery query_;

@@ -10,9 +10,8 @@ namespace app {
 ScoopsPanelModel::ScoopsPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
                                    const kit::StoryQuery& query)
     : QueryPanelModel(stores, panel, query) {
-    gather(
-        kit::kScoopsSpan, [](const auto& gathered) { return kit::scoops(gathered.news); },
-        [this](const auto& scoops, const auto& extent) { show(scoops, extent); });
+    gather([](const auto& gathered) { return kit::scoops(gathered.news); },
+           [this](const auto& scoops, const auto& extent) { show(scoops, extent); });
 }
 
 void ScoopsPanelModel::show(const std::vector<kit::Scoop>& scoops, const Extent& extent) {
@@ -29,7 +28,7 @@ void ScoopsPanelModel::show(const std::vector<kit::Scoop>& scoops, const Extent&
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(kit::kScoopsSpan, extent), extent);
+    becomeReady(rows_.rowCount(), spanFact(extent), extent);
 }
 
 void ScoopsPanelModel::open(int index) {

@@ -9,9 +9,8 @@ namespace app {
 TopStoriesPanelModel::TopStoriesPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
                                            const kit::StoryQuery& query)
     : QueryPanelModel(stores, panel, query) {
-    gather(
-        kit::kTopStoriesSpan, [](const auto& gathered) { return kit::topStories(gathered.news); },
-        [this](const auto& stories, const auto& extent) { show(stories, extent); });
+    gather([](const auto& gathered) { return kit::topStories(gathered.news); },
+           [this](const auto& stories, const auto& extent) { show(stories, extent); });
 }
 
 void TopStoriesPanelModel::show(const std::vector<kit::TopStory>& stories, const Extent& extent) {
@@ -32,7 +31,7 @@ void TopStoriesPanelModel::show(const std::vector<kit::TopStory>& stories, const
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(kit::kTopStoriesSpan, extent), extent);
+    becomeReady(rows_.rowCount(), spanFact(extent), extent);
 }
 
 void TopStoriesPanelModel::open(int index) {

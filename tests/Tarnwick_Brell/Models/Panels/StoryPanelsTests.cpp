@@ -125,8 +125,8 @@ TEST_F(StoryPanelsTest, APanelWithoutContentSaysWhetherNothingMatchesOrNothingCa
     bench_.tell("Lantern", "11:00", "A calm week for keyboards");
     bench_.open();
     const std::vector<std::tuple<PanelKind, std::string, QString>> cases{
-        {PanelKind::topStories, "nonesuch", "No story of the last 2 d mentions “nonesuch”."},
-        {PanelKind::coverage, "nonesuch", "No story of the last 30 d mentions “nonesuch”."},
+        {PanelKind::topStories, "nonesuch", "No story in the last 48 hours mentions “nonesuch”."},
+        {PanelKind::coverage, "nonesuch", "No story in the last 30 days mentions “nonesuch”."},
         {PanelKind::stream, "nonesuch", "No story mentions “nonesuch”."},
         {PanelKind::apple, "keyboards", "No post of Apple's mentions “keyboards”."},
         {PanelKind::topStories, "keyboards", "No news that several outlets cover."},
