@@ -21,10 +21,10 @@ using Incident = AppleServiceStatus::Incident;
 
 std::string verdict(kit::StatusFeed audience, std::size_t all, std::size_t inTrouble) {
     const std::string_view whose =
-        audience == kit::StatusFeed::developer ? "developer services" : "services";
-    if (inTrouble == 0) return fmt::format("All {} {} are up.", all, whose);
-    return fmt::format("{} of {} {} {} trouble.", inTrouble, all, whose,
-                       inTrouble == 1 ? "has" : "have");
+        audience == kit::StatusFeed::developer ? "developer" : "consumer";
+    if (inTrouble == 0) return fmt::format("All {} {} services are up.", all, whose);
+    return fmt::format("{} of {} {} services {}.", inTrouble, all, whose,
+                       inTrouble == 1 ? "has a problem" : "have problems");
 }
 
 std::string sinceText(const Incident& incident) {

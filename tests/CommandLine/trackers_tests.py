@@ -27,10 +27,10 @@ class Trackers(unittest.TestCase):
 
     def test_status_tells_first_whether_all_is_well_and_the_log_keeps_what_was(self):
         self.go_to(5)
-        self.assertEqual(self.desk.run("status").stdout, "All 64 services are up.\n")
+        self.assertEqual(self.desk.run("status").stdout, "All 64 consumer services are up.\n")
         self.go_to(30)
         lines = self.desk.run("status").stdout.splitlines()
-        self.assertEqual(lines[0], "2 of 64 services have trouble.")
+        self.assertEqual(lines[0], "2 of 64 consumer services have problems.")
         rows = [re.split(r"\s{2,}", line)[:2] for line in lines if re.match(r"\S", line)]
         self.assertEqual(rows[2:], [["App Store", "outage"], ["App Store", "issue"], ["Apple Music", "outage"]])
         ongoing = self.desk.json("status")["ongoing"]
