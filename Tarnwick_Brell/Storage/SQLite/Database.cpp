@@ -75,7 +75,7 @@ StoreError errorFor(int code, const std::filesystem::path& file, int systemError
                         "last good backup in its place."};
         default:
             return {Reason::other,
-                    library + " reported SQLite's error " + std::to_string(code) + ")."};
+                    library + " reported SQLite's error " + std::to_string(code) + "."};
     }
 }
 
