@@ -16,14 +16,11 @@ namespace kit {
 
 inline constexpr std::size_t kArchiveByteLimit = 4'194'304;
 
-/// Throws RecordError when `body` is not JSON.
-json::value archiveJSON(std::string_view body);
-
 /// Decodes a complete answer, whose dates must be text. Throws RecordError with the path of a
 /// fault.
 template <class Answer>
 Answer archiveAnswer(std::string_view body) {
-    const auto value = archiveJSON(body);
+    const auto value = parseJSON(body);
     requireTextDates<Answer>(value);
     return decode<Answer>(value);
 }

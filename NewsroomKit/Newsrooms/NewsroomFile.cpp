@@ -24,8 +24,6 @@ std::string NewsroomFile::write(const NewsroomSpec& spec) {
 NewsroomSpec NewsroomFile::read(std::string_view bytes) {
     if (bytes.size() > NewsroomLimits::kFileBytes)
         throw RecordError("", "the file is larger than a newsroom can be");
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-    if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
     const auto value = parseJSON(bytes);
     requireKnownVersion(value);
     auto spec = decode<NewsroomSpec>(value);

@@ -19,6 +19,8 @@ json::value numberValue(double number) {
 }
 
 json::value parseJSON(std::string_view text) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
     boost::system::error_code error;
     json::value value = json::parse(text, error);
     if (error) throw RecordError("", "this is not JSON (" + error.message() + ")");

@@ -55,8 +55,6 @@ namespace {
 
 template <class Response>
 Response responseIn(std::string_view body, DateForms dates) {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (body.starts_with(byteOrderMark)) body.remove_prefix(byteOrderMark.size());
     const auto value = parseJSON(body);
     if (dates == DateForms::text) requireTextDates<Response>(value);
     return decode<Response>(value);

@@ -38,6 +38,7 @@ TEST(Codec, BothDateStylesReadBackEqual) {
     for (auto style : {DateStyle::iso8601, DateStyle::secondsSince1970}) {
         const auto text = json::serialize(encode(story, style));
         EXPECT_EQ(decode<Story>(parseJSON(text)), story) << text;
+        EXPECT_EQ(decode<Story>(parseJSON("\xEF\xBB\xBF" + text)), story) << text;
     }
 }
 
