@@ -15,7 +15,7 @@ struct Validators {
     bool operator==(const Validators&) const = default;
 };
 
-/// The validators of each address. Not thread-safe.
+/// The validators of each address. Thread-safe.
 class ValidatorTable {
 public:
     using Entries = std::map<std::string, Validators, std::less<>>;
