@@ -37,8 +37,6 @@ std::string rankBetween(std::string_view low, std::string_view high) {
         const auto to = digit(high, place, kBase);
         if (to > from + 1) return rank + kDigits[(from + to) / 2];
         rank += kDigits[from];
-        // From here on everything behind `low` is before `high` as well.
-        if (to > from) high = {};
     }
 }
 
