@@ -104,18 +104,27 @@ int markAll(Session& session, const ReadOptions& options) {
     return kDone;
 }
 
-int undoMarks(Session& session) {
-    const auto undone = session.store().marks().undoLastChange();
-    const auto changed = undone ? undone->numbers.size() : 0;
-    if (changed == 0) {
-        printOutcome(session, 0, "There was nothing to undo.");
-        return kDone;
+std::string undoneText(const app::UndoneChange& undone) {
+    const bool isRead = undone.mark == app::Mark::read;
+    const auto* state =
+        isRead ? (undone.on ? "read" : "unread") : (undone.on ? "saved" : "unsaved");
+    std::string text;
+    if (const auto changed = undone.numbers.size(); changed > 0) {
+        const auto again = isRead || undone.on ? fmt::format("{} again", state) : "no longer saved";
+        text = fmt::format("{} {} {}.", storyCount(changed), changed == 1 ? "is" : "are", again);
     }
-    const bool isRead = undone->mark == app::Mark::read;
-    const auto* state = isRead ? (undone->on ? "read again" : "unread again")
-                               : (undone->on ? "saved again" : "no longer saved");
-    printOutcome(session, changed,
-                 fmt::format("{} {} {}.", storyCount(changed), changed == 1 ? "is" : "are", state));
+    if (const auto gone = undone.pendingCount; gone > 0) {
+        text += fmt::format("{}{} no longer in the library will be {} when {}.",
+                            text.empty() ? "" : " ", storyCount(gone), state,
+                            gone == 1 ? "it returns" : "they return");
+    }
+    return text.empty() ? "There was nothing to undo." : text;
+}
+
+int undoMarks(Session& session) {
+    const auto undone =
+        session.store().marks().undoLastChange(session.now()).value_or(app::UndoneChange());
+    printOutcome(session, undone.numbers.size(), undoneText(undone));
     return kDone;
 }
 

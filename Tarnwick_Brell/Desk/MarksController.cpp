@@ -1,6 +1,9 @@
 #include "Tarnwick_Brell/Desk/MarksController.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
+#include <ranges>
 #include <utility>
 
 #include "Tarnwick_Brell/Desk/DeskJobs.h"
@@ -35,26 +38,70 @@ std::vector<std::int64_t> MarksController::change(MarkChange asked, Undoable und
     auto changed = asked.numbers;
     if (changed.empty()) return changed;
     emit marksChanged(changed);
-    const auto id = ++lastID_;
-    const auto write = [this, id, asked, undoable, at = clock_()](WorkerContext& context) {
-        const auto stamp = context.store.marks().set(
-            asked.mark, asked.numbers, asked.on ? std::optional(at) : std::nullopt, undoable);
-        jobs_.updates().recordOwnWrite(stamp);
-        jobs_.deliver([this, id] { pending_.erase(id); });
-    };
+    PendingChange pending{.change = std::move(asked)};
     if (undoable == Undoable::yes) {
-        lastChange_ = asked;
-        setCanUndo(true);
+        pending.undo = UndoState{.isPossible = true, .change = pending.change};
     }
-    pending_.emplace(id, std::move(asked));
-    jobs_.post(write, [this, id] { rollBack(id); });
+    write(std::move(pending), undoable);
     return changed;
 }
 
+void MarksController::write(PendingChange pending, Undoable undoable) {
+    const auto id = ++lastID_;
+    const auto job = [this, id, undoable, change = pending.change,
+                      at = clock_()](WorkerContext& context) {
+        const auto marked = context.store.marks().set(
+            change.mark, change.numbers, change.on ? std::optional(at) : std::nullopt, undoable);
+        jobs_.updates().recordOwnWrite(marked.stamp);
+        jobs_.deliver([this, id, marked] { finish(id, marked); });
+    };
+    pending_.emplace(id, std::move(pending));
+    updateCanUndo();
+    jobs_.post(job, [this, id] { rollBack(id); });
+}
+
+void MarksController::finish(std::uint64_t id, const MarkedNumbers& marked) {
+    auto done = std::move(pending_.extract(id).mapped());
+    const auto isAbsent = [&](std::int64_t number) {
+        return std::ranges::binary_search(marked.absent, number);
+    };
+    if (done.undo && marked.changed > 0) {
+        std::erase_if(done.undo->change->numbers, isAbsent);
+        written_ = std::move(*done.undo);
+    }
+    updateCanUndo();
+    std::erase_if(done.change.numbers, std::not_fn(isAbsent));
+    if (done.change.numbers.empty()) return;
+    emit failed(done.change.numbers.size() == 1
+                    ? QStringLiteral("The story is no longer in the library.")
+                    : QStringLiteral("Some of the stories are no longer in the library."));
+    revert(std::move(done.change));
+}
+
 void MarksController::rollBack(std::uint64_t id) {
-    auto pending = pending_.extract(id);
-    pending.mapped().on = !pending.mapped().on;
-    const auto changed = apply(pending.mapped());
+    auto failed = std::move(pending_.extract(id).mapped());
+    revert(std::move(failed.change));
+    updateCanUndo();
+}
+
+/// Reverts a change that is no longer pending. Where a later one has already done that, the wire
+/// stays, and the later change has nothing left to revert.
+void MarksController::revert(MarkChange change) {
+    std::ranges::sort(change.numbers);
+    for (auto& [id, pending] : pending_) {
+        auto& later = pending.change;
+        if (later.mark != change.mark || later.on == change.on) continue;
+        std::vector<std::int64_t> reverted;
+        std::ranges::sort(later.numbers);
+        std::ranges::set_intersection(change.numbers, later.numbers, std::back_inserter(reverted));
+        const auto isReverted = [&](std::int64_t number) {
+            return std::ranges::binary_search(reverted, number);
+        };
+        std::erase_if(later.numbers, isReverted);
+        std::erase_if(change.numbers, isReverted);
+    }
+    change.on = !change.on;
+    const auto changed = apply(change);
     if (!changed.empty()) emit marksChanged(changed);
 }
 
@@ -72,15 +119,25 @@ std::size_t MarksController::markAllRead(const std::vector<std::int64_t>& number
 }
 
 void MarksController::applyCanUndo(bool canUndo) {
-    if (pending_.empty()) setCanUndo(canUndo);
+    if (!pending_.empty()) return;
+    written_.isPossible = canUndo;
+    if (!canUndo) written_.change.reset();
+    updateCanUndo();
 }
 
 void MarksController::reapplyPending() {
-    for (const auto& [id, change] : pending_) apply(change);
+    for (const auto& [id, pending] : pending_) apply(pending.change);
 }
 
-void MarksController::setCanUndo(bool canUndo) {
-    if (!canUndo) lastChange_.reset();
+const MarksController::UndoState& MarksController::undoState() const {
+    for (const auto& [id, pending] : std::views::reverse(pending_)) {
+        if (pending.undo) return *pending.undo;
+    }
+    return written_;
+}
+
+void MarksController::updateCanUndo() {
+    const bool canUndo = undoState().isPossible;
     if (canUndo == canUndo_) return;
     canUndo_ = canUndo;
     emit undoChanged();
@@ -90,29 +147,44 @@ void MarksController::setCanUndo(bool canUndo) {
 /// another program, that one is undone instead.
 bool MarksController::undo() {
     if (!canUndo_) return false;
-    auto back = lastChange_.value_or(MarkChange());
-    setCanUndo(false);
+    auto back = undoState().change.value_or(MarkChange());
     back.on = !back.on;
     back.numbers = apply(back);
-    std::sort(back.numbers.begin(), back.numbers.end());
+    std::ranges::sort(back.numbers);
     if (!back.numbers.empty()) emit marksChanged(back.numbers);
     const auto id = ++lastID_;
-    const auto undo = [this, id, back](WorkerContext& context) {
-        const auto undone = context.store.marks().undoLastChange();
+    const auto job = [this, id, at = clock_()](WorkerContext& context) {
+        const auto undone = context.store.marks().undoLastChange(at);
         if (undone) jobs_.updates().recordOwnWrite(undone->stamp);
-        const bool isSame = undone && undone->mark == back.mark && undone->on == back.on &&
-                            undone->numbers == back.numbers;
-        if (isSame) return jobs_.deliver([this, id] { pending_.erase(id); });
-        jobs_.deliver([this, id, undone] {
-            rollBack(id);
-            if (!undone) return;
-            emit marksChanged(
-                apply({.mark = undone->mark, .on = undone->on, .numbers = undone->numbers}));
-        });
+        jobs_.deliver([this, id, undone] { applyUndone(id, undone); });
     };
-    pending_.emplace(id, std::move(back));
-    jobs_.post(undo, [this, id] { rollBack(id); });
+    pending_.emplace(id, PendingChange{.change = std::move(back), .undo = UndoState()});
+    updateCanUndo();
+    jobs_.post(job, [this, id] { rollBack(id); });
     return true;
+}
+
+void MarksController::applyUndone(std::uint64_t id, const std::optional<UndoneChange>& undone) {
+    written_ = {};
+    auto& back = pending_.at(id).change;
+    const bool isSame = undone && undone->mark == back.mark && undone->on == back.on &&
+                        undone->numbers == back.numbers;
+    if (isSame) {
+        pending_.erase(id);
+    } else {
+        rollBack(id);
+    }
+    updateCanUndo();
+    if (!undone) return;
+    if (!isSame) {
+        emit marksChanged(
+            apply({.mark = undone->mark, .on = undone->on, .numbers = undone->numbers}));
+    }
+    if (undone->on && undone->pendingCount > 0) {
+        emit failed(
+            QStringLiteral("Stories that are no longer in the library get their marks back "
+                           "if they return."));
+    }
 }
 
 }  // namespace app

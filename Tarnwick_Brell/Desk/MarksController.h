@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <QObject>
+#include <QString>
 
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Storage/Tables/MarkTable.h"
@@ -18,7 +19,7 @@ class DeskJobs;
 class Wire;
 
 /// Changes the read and saved marks. The wire has a change at once and the library soon; a
-/// change that cannot be written is rolled back.
+/// change that cannot be written is rolled back, and so is its undo.
 class MarksController : public QObject {
     Q_OBJECT
 public:
@@ -43,6 +44,8 @@ public:
 signals:
     void marksChanged(const std::vector<std::int64_t>& numbers);
     void undoChanged();
+    /// Another program has dropped stories whose marks were to change.
+    void failed(const QString& sentence);
 
 private:
     struct MarkChange {
@@ -50,19 +53,32 @@ private:
         bool on = false;
         std::vector<std::int64_t> numbers{};
     };
+    struct UndoState {
+        bool isPossible = false;
+        std::optional<MarkChange> change{};  ///< when this desk made it
+    };
+    struct PendingChange {
+        MarkChange change{};
+        std::optional<UndoState> undo{};  ///< after the change; absent when it leaves it
+    };
 
     std::vector<std::int64_t> numbersOf(const std::vector<std::string>& storyIDs) const;
     std::vector<std::int64_t> apply(const MarkChange& change);
     std::vector<std::int64_t> change(MarkChange asked, Undoable undoable);
+    void write(PendingChange pending, Undoable undoable);
+    void finish(std::uint64_t id, const MarkedNumbers& marked);
     void rollBack(std::uint64_t id);
-    void setCanUndo(bool canUndo);
+    void revert(MarkChange change);
+    void applyUndone(std::uint64_t id, const std::optional<UndoneChange>& undone);
+    const UndoState& undoState() const;
+    void updateCanUndo();
 
     Wire& wire_;
     DeskJobs& jobs_;
     kit::Clock clock_;
-    std::optional<MarkChange> lastChange_;  ///< the undoable one, when this desk made it
+    UndoState written_;  ///< the library's
     bool canUndo_ = false;
-    std::map<std::uint64_t, MarkChange> pending_;  ///< not yet in the library
+    std::map<std::uint64_t, PendingChange> pending_;  ///< not yet in the library, oldest first
     std::uint64_t lastID_ = 0;
 };
 

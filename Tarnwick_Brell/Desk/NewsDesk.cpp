@@ -44,6 +44,7 @@ NewsDesk::NewsDesk(const std::filesystem::path& library, kit::CurlTransport::Opt
     refresh_ = std::make_unique<RefreshController>(*jobs_, *sources_, defaults, clock_);
     connect(marks_.get(), &MarksController::marksChanged, this, &NewsDesk::marksChanged);
     connect(marks_.get(), &MarksController::undoChanged, this, &NewsDesk::undoChanged);
+    connect(marks_.get(), &MarksController::failed, this, &NewsDesk::failed);
     connect(refresh_.get(), &RefreshController::changed, this, &NewsDesk::refreshChanged);
     connect(refresh_.get(), &RefreshController::passEnded, this, &NewsDesk::finishPass);
     connect(refresh_.get(), &RefreshController::networkReturned, this, &NewsDesk::networkReturned);

@@ -19,18 +19,22 @@ namespace {
 using kit::Instant;
 
 // The last undoable change as JSON. Given marks are known by their moment, which no other mark
-// of that kind has; of marks that were taken away it has the numbers and former moments.
+// of that kind has; of marks that were taken away it has the former moments and the stories' ids,
+// since a number may be another story's by the time of the undo.
 constexpr std::string_view kLastChange = "lastMarkChange";
 
 // Parameters: the story's number, the stamp, and the moment where there is one. A row stays
-// when its marks go, because its stamp tells other programs that they have gone.
+// when its marks go, because its stamp tells other programs that they have gone. There are no rows
+// without stories: they would count, and pass to the next story that gets the number.
 constexpr std::string_view kMarkRead =
-    "INSERT INTO marks (number, stamp, readAt) VALUES (?, ?, ?) ON CONFLICT (number) DO UPDATE "
+    "INSERT INTO marks (number, stamp, readAt) SELECT number, ?2, ?3 FROM stories "
+    "WHERE number = ?1 ON CONFLICT (number) DO UPDATE "
     "SET readAt = excluded.readAt, stamp = excluded.stamp WHERE readAt IS NULL";
 constexpr std::string_view kMarkUnread =
     "UPDATE marks SET readAt = NULL, stamp = ?2 WHERE number = ?1 AND readAt IS NOT NULL";
 constexpr std::string_view kSave =
-    "INSERT INTO marks (number, stamp, savedAt) VALUES (?, ?, ?) ON CONFLICT (number) DO UPDATE "
+    "INSERT INTO marks (number, stamp, savedAt) SELECT number, ?2, ?3 FROM stories "
+    "WHERE number = ?1 ON CONFLICT (number) DO UPDATE "
     "SET savedAt = excluded.savedAt, stamp = excluded.stamp WHERE savedAt IS NULL";
 constexpr std::string_view kUnsave =
     "UPDATE marks SET savedAt = NULL, stamp = ?2 WHERE number = ?1 AND savedAt IS NOT NULL";
@@ -56,7 +60,7 @@ std::string_view columnOf(Mark mark) { return mark == Mark::read ? "readAt" : "s
 struct LastChange {
     Mark mark = Mark::read;
     std::optional<std::int64_t> givenAt{};  ///< absent when the marks were taken away
-    std::vector<std::pair<std::int64_t, std::int64_t>> taken{};  ///< numbers and former moments
+    std::vector<std::pair<std::string, std::int64_t>> taken{};  ///< ids and former moments
 
     std::string text() const;
     static std::optional<LastChange> read(Database& database);
@@ -69,7 +73,7 @@ std::string LastChange::text() const {
         return boost::json::serialize(record);
     }
     boost::json::array stories;
-    for (const auto& [number, at] : taken) stories.push_back(boost::json::array{number, at});
+    for (const auto& [id, at] : taken) stories.push_back(boost::json::array{id, at});
     record["taken"] = std::move(stories);
     return boost::json::serialize(record);
 }
@@ -85,7 +89,7 @@ std::optional<LastChange> LastChange::read(Database& database) {
     }
     for (const auto& story : record.at("taken").as_array()) {
         const auto& pair = story.as_array();
-        change.taken.emplace_back(pair.at(0).as_int64(), pair.at(1).as_int64());
+        change.taken.emplace_back(pair.at(0).as_string(), pair.at(1).as_int64());
     }
     return change;
 }
@@ -109,9 +113,9 @@ public:
           undoable_(undoable),
           stamp_(DeskState(database).nextStamp()),
           statement_(database, statementFor(mark, at.has_value())),
-          former_(database,
-                  fmt::format("SELECT {0} FROM marks WHERE number = ? AND {0} IS NOT NULL",
-                              columnOf(mark))),
+          former_(database, fmt::format("SELECT id, {0} FROM marks JOIN stories USING (number) "
+                                        "WHERE number = ? AND {0} IS NOT NULL",
+                                        columnOf(mark))),
           change_{.mark = mark} {
         // A mark that can't be undone must not share the moment of the change that can be.
         if (at) change_.givenAt = microseconds(MarkTable(database).unusedMoment(mark, *at));
@@ -121,13 +125,13 @@ public:
 
     /// Whether that changed anything.
     bool mark(std::int64_t number) {
-        const auto former = formerMoment(number);
+        auto former = formerMark(number);
         statement_.bind(0, number).bind(1, stamp_);
         if (change_.givenAt) statement_.bind(2, *change_.givenAt);
         statement_.run();
         if (database_.changes() == 0) return false;
         hasChanged_ = true;
-        if (former) change_.taken.emplace_back(number, *former);
+        if (former) change_.taken.push_back(std::move(*former));
         return true;
     }
 
@@ -137,12 +141,13 @@ public:
     }
 
 private:
-    std::optional<std::int64_t> formerMoment(std::int64_t number) {
+    std::optional<std::pair<std::string, std::int64_t>> formerMark(std::int64_t number) {
         if (change_.givenAt || undoable_ == Undoable::no) return std::nullopt;
         former_.bind(0, number);
-        const auto moment = former_.step() ? former_.optionalNumber(0) : std::nullopt;
+        std::optional<std::pair<std::string, std::int64_t>> mark;
+        if (former_.step()) mark.emplace(former_.text(0), former_.number(1));
         former_.reset();
-        return moment;
+        return mark;
     }
 
     Database& database_;
@@ -189,16 +194,26 @@ Marked MarkTable::change(std::span<const std::string> ids, Mark mark, std::optio
     return marked;
 }
 
-std::int64_t MarkTable::set(Mark mark, std::vector<std::int64_t> numbers, std::optional<Instant> at,
-                            Undoable undoable) {
+MarkedNumbers MarkTable::set(Mark mark, std::vector<std::int64_t> numbers,
+                             std::optional<Instant> at, Undoable undoable) {
     // In the order of the table, so that it is walked once.
     std::sort(numbers.begin(), numbers.end());
     Transaction transaction(database_);
     Writer writer(database_, mark, at, undoable);
-    for (const auto number : numbers) writer.mark(number);
+    Statement exists(database_, "SELECT 1 FROM stories WHERE number = ?");
+    MarkedNumbers marked{.stamp = writer.stamp()};
+    for (const auto number : numbers) {
+        if (writer.mark(number)) {
+            ++marked.changed;
+            continue;
+        }
+        exists.bind(0, number);
+        if (!exists.step()) marked.absent.push_back(number);
+        exists.reset();
+    }
     writer.finish();
     transaction.commit();
-    return writer.stamp();
+    return marked;
 }
 
 Instant MarkTable::unusedMoment(Mark mark, Instant at) {
@@ -231,23 +246,35 @@ std::size_t MarkTable::markAllRead(const StorySelection& selection, Instant at) 
     return changed;
 }
 
-std::optional<UndoneChange> MarkTable::undoLastChange() {
+void MarkTable::removeGiven(Mark mark, std::int64_t moment, UndoneChange& undone) {
+    Statement undo(database_, mark == Mark::read ? kUndoRead : kUndoSave);
+    undo.bind(0, undone.stamp).bind(1, moment);
+    while (undo.step()) undone.numbers.push_back(undo.number(0));
+    if (mark != Mark::read) return;
+    undone.pendingCount = PendingMarks(database_).removeRead(instantOf(moment));
+}
+
+std::optional<UndoneChange> MarkTable::undoLastChange(Instant now) {
     Transaction transaction(database_);
     const auto last = LastChange::read(database_);
     if (!last) return std::nullopt;
     UndoneChange undone{
         .mark = last->mark, .on = !last->givenAt, .stamp = DeskState(database_).nextStamp()};
-    if (last->givenAt) {
-        Statement undo(database_, last->mark == Mark::read ? kUndoRead : kUndoSave);
-        undo.bind(0, undone.stamp).bind(1, *last->givenAt);
-        while (undo.step()) undone.numbers.push_back(undo.number(0));
-        if (last->mark == Mark::read) PendingMarks(database_).removeRead(instantOf(*last->givenAt));
-    }
+    if (last->givenAt) removeGiven(last->mark, *last->givenAt, undone);
+    Statement find(database_, "SELECT number FROM stories WHERE id = ?");
     Statement giveBack(database_, statementFor(last->mark, true));
-    for (const auto& [number, moment] : last->taken) {
-        giveBack.bind(0, number).bind(1, undone.stamp).bind(2, moment);
+    PendingMarks pending(database_);
+    for (const auto& [id, moment] : last->taken) {
+        find.bind(0, id);
+        const auto number = find.step() ? find.optionalNumber(0) : std::nullopt;
+        find.reset();
+        if (!number) {
+            undone.pendingCount += pending.add(id, last->mark, instantOf(moment), now) ? 1 : 0;
+            continue;
+        }
+        giveBack.bind(0, *number).bind(1, undone.stamp).bind(2, moment);
         giveBack.run();
-        if (database_.changes() > 0) undone.numbers.push_back(number);
+        if (database_.changes() > 0) undone.numbers.push_back(*number);
     }
     std::sort(undone.numbers.begin(), undone.numbers.end());
     DeskState(database_).setText(kLastChange, std::nullopt);

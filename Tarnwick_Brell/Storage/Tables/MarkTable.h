@@ -10,11 +10,10 @@
 
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
+#include "Tarnwick_Brell/Storage/Tables/PendingMarks.h"
 #include "Tarnwick_Brell/Storage/Tables/StorySelection.h"
 
 namespace app {
-
-enum class Mark { read, saved };
 
 /// Whether a change of marks takes the place of the one that can be taken back.
 enum class Undoable { no, yes };
@@ -27,11 +26,19 @@ struct Marked {
     bool operator==(const Marked&) const = default;
 };
 
-/// A change of marks that was taken back.
+/// What became of a list of story numbers to be marked.
+struct MarkedNumbers {
+    std::int64_t stamp = 0;
+    std::size_t changed = 0;             ///< the others had the mark already, or are absent
+    std::vector<std::int64_t> absent{};  ///< numbers that no story has, rising
+};
+
+/// A change of marks that was undone.
 struct UndoneChange {
     Mark mark = Mark::read;
     bool on = false;                      ///< the stories have the mark now
     std::vector<std::int64_t> numbers{};  ///< of the stories that changed, rising
+    std::size_t pendingCount = 0;         ///< of stories that are gone; see PendingMarks.h
     std::int64_t stamp = 0;
 };
 
@@ -49,19 +56,18 @@ public:
     Marked save(std::span<const std::string> ids, kit::Instant at);
     Marked unsave(std::span<const std::string> ids);
 
-    /// The same for stories known by number, all of which exist: gives them the mark, or takes
-    /// it away when there is no moment. Fast for very many.
-    /// Returns the stamp of the change.
-    std::int64_t set(Mark mark, std::vector<std::int64_t> numbers, std::optional<kit::Instant> at,
-                     Undoable undoable);
+    /// The same for stories known by number: gives them the mark, or takes it away when there is
+    /// no moment. Fast for very many.
+    MarkedNumbers set(Mark mark, std::vector<std::int64_t> numbers, std::optional<kit::Instant> at,
+                      Undoable undoable);
 
     /// Marks what is selected and unread as read, and says how many stories that were.
     std::size_t markAllRead(const StorySelection& selection, kit::Instant at);
 
-    /// Takes the last undoable change back, but not for stories whose mark has changed since.
-    /// Nothing when there is none: a change can be taken back once, and one that changed
-    /// nothing is none.
-    std::optional<UndoneChange> undoLastChange();
+    /// Undoes the last undoable change, except for stories whose mark has changed since. The marks
+    /// of stories that have been dropped become pending. Nothing when there is no change to undo:
+    /// it can be undone once, and one that changed nothing does not count.
+    std::optional<UndoneChange> undoLastChange(kit::Instant now);
     bool canUndo();
 
     struct Counts {
@@ -74,6 +80,7 @@ private:
     class Writer;
     Marked change(std::span<const std::string> ids, Mark mark, std::optional<kit::Instant> at);
     kit::Instant unusedMoment(Mark mark, kit::Instant at);
+    void removeGiven(Mark mark, std::int64_t moment, UndoneChange& undone);
 
     Database& database_;
 };

@@ -1,7 +1,5 @@
 #include "Tarnwick_Brell/Storage/Tables/PendingMarks.h"
 
-#include <chrono>
-
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
@@ -10,12 +8,19 @@ namespace app {
 
 namespace {
 
-constexpr std::chrono::days kSeason{90};
-
 constexpr std::string_view kTake =
     "DELETE FROM pendingMarks WHERE story = ? RETURNING readAt, savedAt";
 constexpr std::string_view kGive =
-    "INSERT INTO marks (number, stamp, readAt, savedAt) VALUES (?, ?, ?, ?)";
+    "INSERT INTO marks (number, stamp, readAt, savedAt) VALUES (?, ?, ?, ?) ON CONFLICT (number) "
+    "DO UPDATE SET stamp = excluded.stamp, readAt = excluded.readAt, savedAt = excluded.savedAt";
+
+// Parameters: the story's id, the mark's moment, and since when it is pending.
+constexpr std::string_view kAddRead =
+    "INSERT INTO pendingMarks (story, readAt, since) VALUES (?, ?, ?) ON CONFLICT (story) "
+    "DO UPDATE SET readAt = excluded.readAt WHERE readAt IS NULL";
+constexpr std::string_view kAddSaved =
+    "INSERT INTO pendingMarks (story, savedAt, since) VALUES (?, ?, ?) ON CONFLICT (story) "
+    "DO UPDATE SET savedAt = excluded.savedAt WHERE savedAt IS NULL";
 
 std::optional<kit::Instant> instant(std::optional<std::int64_t> number) {
     return number ? std::optional(instantOf(*number)) : std::nullopt;
@@ -26,15 +31,16 @@ std::optional<kit::Instant> instant(std::optional<std::int64_t> number) {
 PendingMarks::PendingMarks(Database& database)
     : database_(database), take_(database, kTake), give_(database, kGive) {}
 
-void PendingMarks::keepOf(std::string_view condition, std::int64_t parameter, kit::Instant now) {
+void PendingMarks::storeMarksOf(std::string_view condition, std::int64_t parameter,
+                                kit::Instant now) {
     // In the order of the table: for 300,000 marks that takes a quarter of the time.
-    Statement keep(
+    Statement insert(
         database_,
         fmt::format("INSERT OR REPLACE INTO pendingMarks (story, readAt, savedAt, since) "
                     "SELECT id, readAt, savedAt, ?2 FROM stories JOIN marks USING (number) "
                     "WHERE (readAt IS NOT NULL OR savedAt IS NOT NULL) AND {} ORDER BY id",
                     condition));
-    keep.bind(0, parameter).bind(1, microseconds(now)).run();
+    insert.bind(0, parameter).bind(1, microseconds(now)).run();
 }
 
 std::optional<PendingMarks::Marks> PendingMarks::apply(std::string_view story, std::int64_t number,
@@ -50,16 +56,28 @@ std::optional<PendingMarks::Marks> PendingMarks::apply(std::string_view story, s
     return Marks{instant(readAt), instant(savedAt)};
 }
 
-void PendingMarks::removeRead(kit::Instant readAt) {
+bool PendingMarks::add(std::string_view story, Mark mark, kit::Instant at, kit::Instant now) {
+    Statement(database_, mark == Mark::read ? kAddRead : kAddSaved)
+        .bind(0, story)
+        .bind(1, microseconds(at))
+        .bind(2, microseconds(now))
+        .run();
+    return database_.changes() > 0;
+}
+
+std::size_t PendingMarks::removeRead(kit::Instant readAt) {
+    std::size_t removed = 0;
     for (const auto* sql : {"DELETE FROM pendingMarks WHERE readAt = ? AND savedAt IS NULL",
                             "UPDATE pendingMarks SET readAt = NULL WHERE readAt = ?"}) {
         Statement(database_, sql).bind(0, microseconds(readAt)).run();
+        removed += static_cast<std::size_t>(database_.changes());
     }
+    return removed;
 }
 
 void PendingMarks::clean(kit::Instant now) {
     Statement(database_, "DELETE FROM pendingMarks WHERE since < ? AND savedAt IS NULL")
-        .bind(0, microseconds(now - kSeason))
+        .bind(0, microseconds(now - kRememberedFor))
         .run();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,10 +12,16 @@
 
 namespace app {
 
+enum class Mark { read, saved };
+
 /// Marks of stories that the library doesn't have, by the ids of the stories: those that were
 /// dropped, and those that have not come yet. They count nowhere until their story arrives.
 class PendingMarks {
 public:
+    /// How long the desk remembers something about a story that it doesn't have: by then no feed
+    /// still has the story.
+    static constexpr std::chrono::days kRememberedFor{90};
+
     explicit PendingMarks(Database& database);
 
     struct Marks {
@@ -21,19 +29,22 @@ public:
         std::optional<kit::Instant> savedAt{};
     };
 
-    /// Keeps the marks of the stories that are about to be dropped. `condition` selects them by
+    /// Stores the marks of the stories that are about to be dropped. `condition` selects them by
     /// `number`, with `parameter` as its only one, "?1".
-    void keepOf(std::string_view condition, std::int64_t parameter, kit::Instant now);
+    void storeMarksOf(std::string_view condition, std::int64_t parameter, kit::Instant now);
 
     /// Gives the story that has just arrived under the number its marks, if any, with the stamp of
     /// the transaction.
     std::optional<Marks> apply(std::string_view story, std::int64_t number, std::int64_t stamp);
 
-    /// Takes back what was marked as read at the moment.
-    void removeRead(kit::Instant readAt);
+    /// Adds a mark of a story that the library doesn't have. False when it is pending already.
+    bool add(std::string_view story, Mark mark, kit::Instant at, kit::Instant now);
 
-    /// Forgets read marks that have been pending for a season: by then no feed still has the story.
-    /// Saved stories were the user's choice and stay known.
+    /// Removes the read marks of that moment and returns how many they were.
+    std::size_t removeRead(kit::Instant readAt);
+
+    /// Removes read marks that have been pending for kRememberedFor. Saved stories were the user's
+    /// choice and stay known.
     void clean(kit::Instant now);
 
 private:

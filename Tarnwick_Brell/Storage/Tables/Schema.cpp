@@ -206,7 +206,8 @@ constexpr std::array<Step, 6> kSteps{{
 
     // Records have ranks instead of numbers, so that moving one writes one. The newsroom that every
     // library starts with is no record until the user changes it. Marks outlive their stories, and
-    // may come before them; "since" is when a mark lost its story or came without one.
+    // may come before them; "since" is when a mark lost its story or came without one. The change
+    // of marks that can be undone names its stories by their ids instead of their numbers.
     {R"sql(
     ALTER TABLE newsrooms RENAME TO formerNewsrooms;
     ALTER TABLE beats RENAME TO formerBeats;
@@ -217,6 +218,12 @@ constexpr std::array<Step, 6> kSteps{{
     CREATE TABLE pendingMarks (story TEXT PRIMARY KEY, readAt INTEGER, savedAt INTEGER,
                                since INTEGER NOT NULL) WITHOUT ROWID;
     CREATE INDEX pendingMarksBySince ON pendingMarks (since);
+    DELETE FROM marks WHERE number NOT IN (SELECT number FROM stories);
+    UPDATE deskState SET value = json_set(value, '$.taken',
+            (SELECT json_group_array(json_array(stories.id, json_extract(mark.value, '$[1]')))
+             FROM json_each(deskState.value, '$.taken') AS mark
+             JOIN stories ON stories.number = json_extract(mark.value, '$[0]')))
+        WHERE key = 'lastMarkChange' AND json_extract(value, '$.taken') IS NOT NULL;
     )sql",
      &completeVersion6},
 }};

@@ -133,7 +133,7 @@ std::size_t StoryTable::count() {
 /// `condition` selects by `number`, with `parameter` as its only one, "?1".
 std::vector<std::int64_t> StoryTable::drop(const std::string& condition, std::int64_t parameter,
                                            kit::Instant now) {
-    PendingMarks(database_).keepOf(condition, parameter, now);
+    PendingMarks(database_).storeMarksOf(condition, parameter, now);
     Statement drop(database_,
                    fmt::format("DELETE FROM stories WHERE {} RETURNING number", condition));
     drop.bind(0, parameter);
@@ -142,9 +142,8 @@ std::vector<std::int64_t> StoryTable::drop(const std::string& condition, std::in
 
 std::vector<std::int64_t> StoryTable::dropPublishedBefore(kit::Instant cutoff, kit::Instant now) {
     PendingMarks(database_).clean(now);
-    constexpr std::chrono::days season(90);
     Statement forget(database_, "DELETE FROM departed WHERE lastSeen < ?");
-    forget.bind(0, microseconds(now - season));
+    forget.bind(0, microseconds(now - PendingMarks::kRememberedFor));
     forget.run();
     Statement old(database_,
                   fmt::format("SELECT id, publishedAt, firstSeen FROM stories WHERE number < ? "

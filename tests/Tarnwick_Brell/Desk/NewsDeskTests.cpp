@@ -63,6 +63,14 @@ protected:
             .at(0);
     }
 
+    std::size_t unreadCount() const {
+        std::size_t count = 0;
+        for (std::size_t i = 0; i < desk_->stories().size(); ++i) {
+            count += desk_->stories()[i].isRead() ? 0 : 1;
+        }
+        return count;
+    }
+
     std::string idAt(std::size_t place) const { return std::string(desk_->stories()[place].id()); }
 
     TestDesk bench_{{"a.example", "b.example"}};
@@ -114,9 +122,9 @@ TEST_F(NewsDeskTest, MarksHoldAtOnceAreKeptAndAllReadCanBeTakenBack) {
     std::vector<std::int64_t> all;
     for (std::size_t i = 0; i < 6; ++i) all.push_back(desk_->stories()[i].number());
     EXPECT_EQ(desk_->markAllRead(all), 5u);
-    EXPECT_EQ(desk_->stories().unreadCount(), 0u);
+    EXPECT_EQ(unreadCount(), 0u);
     EXPECT_TRUE(desk_->undoMarks());
-    EXPECT_EQ(desk_->stories().unreadCount(), 5u);
+    EXPECT_EQ(unreadCount(), 5u);
     EXPECT_FALSE(desk_->undoMarks());
 
     desk_.reset();
@@ -124,7 +132,7 @@ TEST_F(NewsDeskTest, MarksHoldAtOnceAreKeptAndAllReadCanBeTakenBack) {
     EXPECT_TRUE(stored(second).savedAt.has_value());
     EXPECT_FALSE(stored(second).readAt.has_value());
     open();
-    EXPECT_EQ(desk_->stories().unreadCount(), 5u);
+    EXPECT_EQ(unreadCount(), 5u);
     EXPECT_EQ(desk_->stories().savedCount(), 1u);
 }
 
@@ -139,16 +147,15 @@ TEST_F(NewsDeskTest, EveryProgramTakesBackTheSameLastChangeOfMarks) {
     EXPECT_FALSE(desk_->canUndo()) << "what is read by the way is nothing to take back";
     EXPECT_EQ(desk_->markAllRead(all), 3u);
     ASSERT_TRUE(until([&] { return other.marks().canUndo(); }));
-    EXPECT_EQ(other.marks().undoLastChange()->numbers.size(), 3u);
-    EXPECT_TRUE(until([&] { return desk_->stories().unreadCount() == 3; }));
+    EXPECT_EQ(other.marks().undoLastChange(bench_.now())->numbers.size(), 3u);
+    EXPECT_TRUE(until([&] { return unreadCount() == 3; }));
     EXPECT_TRUE(until([&] { return !desk_->canUndo(); }));
 
     desk_->setSaved({idAt(1)}, true);
     ASSERT_TRUE(until([&] { return other.marks().canUndo(); }));
     EXPECT_EQ(other.marks().markAllRead({}, bench_.now()), 3u);
     EXPECT_TRUE(desk_->undoMarks()) << "before this desk has noticed the other's change";
-    EXPECT_TRUE(
-        until([&] { return desk_->isSaved(idAt(1)) && desk_->stories().unreadCount() == 3; }));
+    EXPECT_TRUE(until([&] { return desk_->isSaved(idAt(1)) && unreadCount() == 3; }));
     EXPECT_FALSE(other.marks().canUndo());
 
     desk_->setRead({idAt(0)}, false, Undoable::yes);
@@ -156,6 +163,33 @@ TEST_F(NewsDeskTest, EveryProgramTakesBackTheSameLastChangeOfMarks) {
     open();
     EXPECT_TRUE(desk_->undoMarks()) << "a change of the run before";
     EXPECT_TRUE(until([&] { return desk_->isRead(idAt(0)); }));
+}
+
+TEST_F(NewsDeskTest, AMarkThatCannotBeWrittenIsRolledBackWithItsUndo) {
+    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 3)});
+    open();
+    refresh();
+    const auto first = idAt(0), second = idAt(1), third = idAt(2);
+    desk_->setRead({first}, true, Undoable::yes);
+    LocalStore other(bench_.library(), Database::Access::readWrite);
+    ASSERT_TRUE(until([&] { return other.marks().canUndo(); }));
+    Database(bench_.library(), Database::Access::readWrite)
+        .execute("CREATE TRIGGER refuse BEFORE INSERT ON marks BEGIN SELECT RAISE(ABORT, ''); END");
+    for (const bool saved : {true, false, true}) desk_->setSaved({second}, saved);
+    EXPECT_TRUE(until([&] { return failures_.size() == 2; }));
+    EXPECT_FALSE(desk_->isSaved(second));
+
+    other.stories().dropBeyond(2, bench_.now());
+    failures_.clear();
+    desk_->setSaved({third}, true);
+    EXPECT_TRUE(until([&] { return failures_.size() == 1; }));
+    EXPECT_EQ(failures_.at(0), "The story is no longer in the library.");
+    EXPECT_FALSE(desk_->isSaved(third));
+
+    EXPECT_TRUE(desk_->undoMarks()) << "the last change that was written";
+    EXPECT_FALSE(desk_->isRead(first));
+    EXPECT_TRUE(until([&] { return !other.marks().canUndo(); }));
+    EXPECT_FALSE(desk_->canUndo());
 }
 
 TEST_F(NewsDeskTest, NoClockThatLeapsTakesStoriesFromTheWireOrAnnouncesThemAgain) {

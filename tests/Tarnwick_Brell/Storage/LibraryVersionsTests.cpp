@@ -112,6 +112,19 @@ TEST(LibraryVersions, TodayIsARecordOnlyWhereTheUserHasChangedIt) {
     }
 }
 
+TEST(LibraryVersions, TheLastChangeOfMarksCanStillBeUndone) {
+    const EarlierLibrary library(5);
+    Database(library.file(), Database::Access::readWrite)
+        .execute(
+            "INSERT INTO deskState SELECT 'lastMarkChange', '{\"mark\":\"saved\",\"taken\":[['"
+            " || number || ',5],[7,5]]}' FROM stories WHERE id = 'a1';"
+            "INSERT INTO marks VALUES (7, 5, NULL, 1)");
+    LocalStore store(library.file(), Database::Access::readWrite);
+    EXPECT_EQ(store.marks().counts().read, 1u) << "marks without a story are gone";
+    EXPECT_EQ(store.marks().undoLastChange(kit::Instant())->numbers.size(), 1u);
+    EXPECT_TRUE(store.stories().findByID("a1", 1).at(0).savedAt);
+}
+
 TEST(LibraryVersions, ALibraryOfALaterVersionIsLeftAlone) {
     const EarlierLibrary library(5);
     Database(library.file(), Database::Access::readWrite).execute("PRAGMA user_version = 7");

@@ -62,7 +62,7 @@ protected:
 
     /// "unread: ab", or "nothing".
     std::string undo() {
-        const auto undone = marks().undoLastChange();
+        const auto undone = marks().undoLastChange(at(1000));
         if (!undone) return "nothing";
         std::string text = undone->on ? "" : (undone->mark == Mark::read ? "un" : "not ");
         text += undone->mark == Mark::read ? "read: " : "saved: ";

@@ -210,9 +210,32 @@ TEST_F(StoryMergeTest, AnUndoTakesBackMarksOfDroppedStoriesToo) {
     fetch(feed, {.seen = at(5)});
     store_.marks().markAllRead({}, at(7));
     store_.stories().dropPublishedBefore(at(2), at(10));
-    EXPECT_EQ(store_.marks().undoLastChange()->numbers.size(), 1u);
+    EXPECT_EQ(store_.marks().undoLastChange(at(15))->numbers.size(), 1u);
     fetch(feed, {.seen = at(20)});
     EXPECT_FALSE(kept("1").readAt);
+}
+
+TEST_F(StoryMergeTest, AnUndoneChangeOfADroppedStoryHoldsWhenItReturns) {
+    const std::vector feed{story("1", "One", 1), story("2", "Two", 1)};
+    const std::vector<std::string> first{"1"}, second{"2"};
+    for (const auto mark : {Mark::read, Mark::saved}) {
+        fetch(feed, {.seen = at(5)});
+        store_.marks().markRead(first, at(6));
+        mark == Mark::read ? store_.marks().markRead(second, at(7))
+                           : store_.marks().save(second, at(7));
+        mark == Mark::read ? store_.marks().markUnread(second) : store_.marks().unsave(second);
+        store_.stories().dropPublishedBefore(at(2), at(10));
+        const auto undone = store_.marks().undoLastChange(at(15)).value();
+        EXPECT_TRUE(undone.numbers.empty());
+        EXPECT_EQ(undone.pendingCount, 1u);
+        EXPECT_EQ(store_.marks().counts().read, 0u);
+
+        // The first to return gets the number that the second story had.
+        fetch({feed[1], feed[0]}, {.seen = at(20)});
+        EXPECT_EQ(kept("1").readAt, at(6));
+        EXPECT_EQ(mark == Mark::read ? kept("2").readAt : kept("2").savedAt, at(7));
+        store_.marks().markUnread(second);
+    }
 }
 
 TEST_F(StoryMergeTest, AMarkThatComesBeforeItsStoryWaitsForIt) {
