@@ -35,19 +35,17 @@ std::size_t Wire::firstPlaceBelow(std::int64_t number) const {
 
 void Wire::index(const PackedStory& story) {
     byID_.insert_or_assign(story.id(), const_cast<PackedStory*>(&story));
-    readCount_ += story.isRead() ? 1 : 0;
     savedCount_ += story.isSaved() ? 1 : 0;
 }
 
 void Wire::forget(const PackedStory& story) {
     byID_.erase(story.id());
-    readCount_ -= story.isRead() ? 1 : 0;
     savedCount_ -= story.isSaved() ? 1 : 0;
 }
 
 WireChange Wire::replace(Batch stories) {
     byID_.clear();
-    readCount_ = savedCount_ = 0;
+    savedCount_ = 0;
     stories_ = std::move(stories);
     if (!std::is_sorted(stories_.begin(), stories_.end(), isNewer)) {
         std::sort(stories_.begin(), stories_.end(), isNewer);
@@ -127,9 +125,7 @@ std::vector<std::int64_t> Wire::change(const std::vector<std::int64_t>& numbers,
 }
 
 std::vector<std::int64_t> Wire::setRead(const std::vector<std::int64_t>& numbers, bool read) {
-    auto changed = change(numbers, &PackedStory::isRead, &PackedStory::setRead, read);
-    readCount_ = read ? readCount_ + changed.size() : readCount_ - changed.size();
-    return changed;
+    return change(numbers, &PackedStory::isRead, &PackedStory::setRead, read);
 }
 
 std::vector<std::int64_t> Wire::setSaved(const std::vector<std::int64_t>& numbers, bool saved) {

@@ -42,7 +42,6 @@ public:
     /// Of the first story with a lower number; size() when there is none.
     std::size_t firstPlaceBelow(std::int64_t number) const;
 
-    std::size_t unreadCount() const { return size() - readCount_; }
     std::size_t savedCount() const { return savedCount_; }
 
     /// Puts the stories in place of everything.
@@ -67,7 +66,6 @@ private:
     std::vector<PackedStory::Owner> stories_;  ///< by number, falling
     /// Keys lie in the stories themselves.
     boost::unordered_flat_map<std::string_view, PackedStory*> byID_;
-    std::size_t readCount_ = 0;
     std::size_t savedCount_ = 0;
 };
 

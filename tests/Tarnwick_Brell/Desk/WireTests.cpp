@@ -76,14 +76,13 @@ TEST(Wire, ChangesTellExactlyWhatListsMustDo) {
 TEST(Wire, CountsFollowMarksThroughEveryChange) {
     Wire wire;
     wire.replace(batch({stored(1), stored(2), stored(3)}));
-    EXPECT_EQ(wire.setRead({1, 2, 9}, true), (std::vector<std::int64_t>{1, 2}));
-    EXPECT_EQ(wire.setRead({2, 3}, true), std::vector<std::int64_t>{3});
-    EXPECT_EQ(wire.unreadCount(), 0u);
+    EXPECT_EQ(wire.setSaved({1, 2, 9}, true), (std::vector<std::int64_t>{1, 2}));
+    EXPECT_EQ(wire.setSaved({2, 3}, true), std::vector<std::int64_t>{3});
+    EXPECT_EQ(wire.savedCount(), 3u);
     wire.merge(batch({stored(2), stored(4)}));
-    EXPECT_EQ(wire.unreadCount(), 2u) << "the newer state of 2 is unread";
-    wire.drop(2, 100);
-    EXPECT_EQ(wire.unreadCount(), 2u);
-    EXPECT_EQ(wire.size(), 3u);
+    EXPECT_EQ(wire.savedCount(), 2u) << "the newer state of 2 is not saved";
+    EXPECT_EQ(wire.setSaved({3}, false), std::vector<std::int64_t>{3});
+    EXPECT_EQ(wire.savedCount(), 1u);
 }
 
 TEST(Wire, RandomBatchesAgreeWithASortedSet) {

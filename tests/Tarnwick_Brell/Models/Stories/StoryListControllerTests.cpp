@@ -52,7 +52,12 @@ protected:
     std::string idAt(int row) {
         return stories_->list()->index(row).data(StoryListModel::StoryID).toString().toStdString();
     }
-    int unread() { return static_cast<int>(bench_.news->stories().unreadCount()); }
+    int unread() {
+        const auto& wire = bench_.news->stories();
+        int count = 0;
+        for (std::size_t i = 0; i < wire.size(); ++i) count += wire[i].isRead() ? 0 : 1;
+        return count;
+    }
 
     const std::string all_ = "Orchard 6|Orchard 5|Orchard 4|Harbour 3|Orchard 2|Orchard 1";
     TestStories bench_;
