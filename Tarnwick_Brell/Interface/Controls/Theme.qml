@@ -26,6 +26,8 @@ QtObject {
     readonly property color selected: dark ? "#262440" : "#ECEAFB"
     readonly property color selectedIdle: dark ? "#26262B" : "#EAEAEE"
     readonly property color navSelected: dark ? "#29292E" : "#E4E4E9"
+    /// A half of a sheet or a note inside one; in the dark `field` would vanish there.
+    readonly property color recess: dark ? "#17171A" : "#F2F2F4"
     readonly property color skeleton: dark ? "#26262B" : "#E9E9ED"
     readonly property color scrim: dark ? Qt.rgba(0, 0, 0, 0.58) : Qt.rgba(24 / 255, 24 / 255, 28 / 255, 0.32)
 
@@ -66,6 +68,9 @@ QtObject {
     readonly property color red: dark ? "#F68F88" : "#AE241C"
     readonly property color redSoft: dark ? "#371D1C" : "#FBE8E6"
     readonly property color redMark: dark ? "#EB5F56" : "#D2372D"
+
+    /// The ground of the words that a search, a beat or a rule matched.
+    readonly property color match: dark ? "#4A3D12" : "#FBE9A6"
 
     readonly property real disabledOpacity: 0.45
     readonly property real chartFillOpacity: 0.07
@@ -182,6 +187,11 @@ QtObject {
     readonly property int leastTarget: 28
     readonly property int fieldHeight: scaled(32)
     readonly property int mainFieldHeight: scaled(36)
+    readonly property int wordToken: scaled(24)
+    readonly property int wordTokenLine: scaled(28)
+    readonly property int wordTokenCross: scaled(10)
+    readonly property int wordTokenMostLines: 4
+    readonly property int wordTokenLeastInput: scaled(60)
     readonly property int badge: scaled(16)
     readonly property int badgePadding: 5
     readonly property int badgeGap: 6
@@ -205,6 +215,7 @@ QtObject {
     readonly property int sheetMargin: 24
     readonly property int sheetHeader: scaled(52)
     readonly property int sheetFoot: scaled(60)
+    readonly property int popoverWidth: 320
     readonly property int menuLeast: 180
     readonly property int menuMost: 360
     readonly property int tipMost: 280
