@@ -172,6 +172,17 @@ QtObject {
     readonly property int pickerRowTall: scaled(58)
     readonly property int pickerWidth: 348
 
+    // Pages: a body and at most one pane at its right
+    readonly property int paneLog: 320
+    readonly property int paneTrade: 360
+    readonly property int paneRecordLeast: 380
+    /// A column of names is elided last and is never narrower.
+    readonly property int nameColumnLeast: scaled(120)
+    readonly property int columnGap: 24
+    readonly property int sectionLabel: scaled(28)
+    readonly property int barFieldWidth: scaled(180)
+    readonly property int barFieldLeast: scaled(96)
+
     // Newsrooms
     readonly property int gridColumns: 12
     readonly property int gridPadding: 20
@@ -234,6 +245,11 @@ QtObject {
     readonly property int cellUp: 4
     readonly property int cellIssue: 10
     readonly property int cellOutage: 16
+
+    /// The same over 90 days.
+    readonly property int dayCellWidth: 3
+    readonly property int dayCellGap: 1
+    readonly property int dayCellLine: 1
 
     // Charts
     readonly property real chartLine: 1.5

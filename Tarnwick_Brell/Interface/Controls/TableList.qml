@@ -1,0 +1,77 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// The rows of a page's table or list, chosen with the arrow keys. A list with headings between its
+/// rows overrides `canChoose`.
+ListView {
+    id: list
+
+    property string label
+    readonly property int shownRows: Math.max(1, Math.floor(height / Theme.tableRow) - 1)
+
+    signal opened(row: int)
+
+    function canChoose(row: int): bool {
+        return true;
+    }
+    function nextRow(from: int, by: int): int {
+        let row = from + by;
+        while (row >= 0 && row < count && !canChoose(row))
+            row += by;
+        return row >= 0 && row < count ? row : -1;
+    }
+    function choose(row: int) {
+        if (row < 0)
+            return;
+        currentIndex = row;
+        if (nextRow(row, -1) < 0)
+            positionViewAtBeginning();
+        else
+            positionViewAtIndex(row, ListView.Contain);
+    }
+    /// Goes on by that many rows, as far as there are any.
+    function step(by: int) {
+        let row = currentIndex;
+        for (let left = Math.abs(by); left > 0; --left) {
+            const next = nextRow(row, Math.sign(by));
+            if (next < 0)
+                break;
+            row = next;
+        }
+        choose(row);
+    }
+
+    clip: true
+    focus: true
+    activeFocusOnTab: true
+    boundsBehavior: Flickable.StopAtBounds
+    highlightFollowsCurrentItem: false
+    keyNavigationEnabled: false
+    currentIndex: -1
+    T.ScrollBar.vertical: ThinScrollBar {}
+    Accessible.role: Accessible.List
+    Accessible.name: label
+    Keys.onUpPressed: step(-1)
+    Keys.onDownPressed: step(1)
+    Keys.onReturnPressed: if (currentIndex >= 0) opened(currentIndex)
+    Keys.onEnterPressed: if (currentIndex >= 0) opened(currentIndex)
+    Keys.onPressed: event => {
+        event.accepted = true;
+        switch (event.key) {
+        case Qt.Key_Home:
+            choose(nextRow(-1, 1));
+            break;
+        case Qt.Key_End:
+            choose(nextRow(count, -1));
+            break;
+        case Qt.Key_PageDown:
+            step(shownRows);
+            break;
+        case Qt.Key_PageUp:
+            step(-shownRows);
+            break;
+        default:
+            event.accepted = false;
+        }
+    }
+}
