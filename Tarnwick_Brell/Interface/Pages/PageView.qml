@@ -12,6 +12,13 @@ FocusScope {
     readonly property bool hasContent: page !== null && (page.state === PanelModel.Ready || page.state === PanelModel.Stale)
     readonly property bool hasFailed: page !== null && (page.state === PanelModel.Stale || page.state === PanelModel.Failed)
 
+    function step(by: int) {
+        (body.item as PageBody)?.step(by);
+    }
+    function switchPane() {
+        (body.item as PageBody)?.switchPane();
+    }
+
     onPageChanged: {
         if (page)
             body.setSource(page.file, { content: page });

@@ -80,6 +80,7 @@ Window {
                 sidebarHidden: !window.state.sidebarShown
                 onSidebarRequested: window.state.sidebarShown = true
                 onLeftForList: wire.focusList()
+                onLeftForPage: pages.forceActiveFocus()
             }
             Banner {
                 id: notice
@@ -184,6 +185,15 @@ Window {
                 break;
             case DeskAction.Search:
                 toolbar.search();
+                break;
+            case DeskAction.NextStory:
+                pages.step(1);
+                break;
+            case DeskAction.PreviousStory:
+                pages.step(-1);
+                break;
+            case DeskAction.SwitchPane:
+                pages.switchPane();
                 break;
             case DeskAction.ShowPalette:
                 palette.show();

@@ -1,6 +1,7 @@
 import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
+import TarnwickBrell.Pages
 import TarnwickBrell.Wire
 
 /// The bar above the page: its title or its search and filters, and the state of fetching.
@@ -12,14 +13,18 @@ Item {
 
     signal sidebarRequested
     signal leftForList
+    signal leftForPage
 
     readonly property bool isWire: desk.view === WindowModel.Stories
+    readonly property bool hasPageBar: pageBar.bar !== null
     readonly property int start: sidebarHidden ? show.x + show.width : 0
 
     function search() {
         if (isWire) {
             wireBar.searchField.forceActiveFocus();
             wireBar.searchField.selectAll();
+        } else if (hasPageBar) {
+            pageBar.bar.search();
         } else {
             pageSearch.forceActiveFocus();
         }
@@ -46,7 +51,7 @@ Item {
         id: wireBar
 
         x: bar.start
-        width: corner.x - x - Theme.space3
+        width: live.x - x - Theme.space3
         height: parent.height
         visible: bar.isWire
         stories: bar.desk.storyList
@@ -56,7 +61,7 @@ Item {
         id: title
 
         x: bar.start + Theme.gridPadding
-        width: Math.min(implicitWidth, pageSearch.x - x - Theme.space3)
+        width: bar.hasPageBar ? implicitWidth : Math.min(implicitWidth, pageSearch.x - x - Theme.space3)
         anchors.verticalCenter: parent.verticalCenter
         visible: !bar.isWire
         type: DeskText.Heading
@@ -67,7 +72,7 @@ Item {
         anchors.left: title.right
         anchors.leftMargin: Theme.space3
         anchors.verticalCenter: parent.verticalCenter
-        visible: !bar.isWire && x + width < pageSearch.x - Theme.space3
+        visible: !bar.isWire && !bar.hasPageBar && x + width < pageSearch.x - Theme.space3
         type: DeskText.Secondary
         color: Theme.text3
         text: bar.desk.page ? bar.desk.page.fact : bar.desk.newsroom.subtitle
@@ -75,11 +80,11 @@ Item {
     SearchField {
         id: pageSearch
 
-        anchors.right: corner.left
+        anchors.right: live.left
         anchors.rightMargin: Theme.space4
         anchors.verticalCenter: parent.verticalCenter
         width: Theme.pageSearch
-        visible: !bar.isWire
+        visible: !bar.isWire && !bar.hasPageBar
         placeholderText: qsTr("Search the wire")
         key: qsTr("Ctrl F")
         onTextEdited: {
@@ -91,12 +96,40 @@ Item {
             wireBar.searchField.cursorPosition = words.length;
         }
     }
+    PageBarView {
+        id: pageBar
+
+        anchors.left: title.right
+        anchors.leftMargin: Theme.space4
+        anchors.right: live.left
+        anchors.rightMargin: live.visible ? Theme.space2 : 0
+        height: parent.height
+        visible: bar.hasPageBar
+        page: bar.desk.page
+        onLeftForPage: bar.leftForPage()
+    }
+    Chip {
+        id: live
+
+        anchors.right: corner.left
+        anchors.rightMargin: corner.visible ? Theme.space2 : 0
+        anchors.verticalCenter: parent.verticalCenter
+        width: visible ? implicitWidth : 0
+        visible: bar.desk.refresh.isLive
+        active: true
+        text: bar.desk.refresh.liveText
+        tip: qsTr("Sources are fetched every minute. A click ends it.")
+        onClicked: bar.desk.refresh.endLive()
+        onCleared: bar.desk.refresh.endLive()
+    }
     RefreshCorner {
         id: corner
 
         anchors.right: parent.right
         anchors.rightMargin: Theme.space3
         anchors.verticalCenter: parent.verticalCenter
+        width: visible ? implicitWidth : 0
+        visible: !bar.hasPageBar
         refresh: bar.desk.refresh
     }
     Hairline {

@@ -74,6 +74,8 @@ bool ActionModel::isEnabled(const ActionEntry& entry) const {
         case ActionNeed::story: return hasStory_;
         case ActionNeed::arrivals: return hasArrivals_;
         case ActionNeed::undoable: return canUndo_;
+        case ActionNeed::page: return ofPage_.contains(entry.action);
+        case ActionNeed::live: return isLive_;
     }
     throw std::logic_error("a need of an action that nothing tells of");
 }
@@ -88,6 +90,12 @@ const ActionRow& ActionModel::row(Action action) const {
         if (row.action == action) return row;
     }
     throw std::logic_error("an action without a row");
+}
+
+void ActionModel::setOfPage(const QSet<int>& actions) {
+    if (ofPage_ == actions) return;
+    ofPage_ = actions;
+    emit contextChanged();
 }
 
 void ActionModel::trigger(app::DeskAction::Value action) {

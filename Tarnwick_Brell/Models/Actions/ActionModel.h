@@ -5,6 +5,7 @@
 
 #include <QAbstractListModel>
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <qqmlregistration.h>
@@ -78,6 +79,7 @@ class ActionModel : public QObject {
     Q_PROPERTY(bool storyIsRead MEMBER storyIsRead_ NOTIFY contextChanged)
     Q_PROPERTY(bool hasArrivals MEMBER hasArrivals_ NOTIFY contextChanged)
     Q_PROPERTY(bool canUndo MEMBER canUndo_ NOTIFY contextChanged)
+    Q_PROPERTY(bool isLive MEMBER isLive_ NOTIFY contextChanged)
 
 public:
     explicit ActionModel(QObject* parent = nullptr);
@@ -94,6 +96,8 @@ public:
     Q_INVOKABLE QString keyText(app::DeskAction::Value action) const {
         return row(action).keyText();
     }
+    /// The actions that the page offers now.
+    void setOfPage(const QSet<int>& actions);
     /// Does nothing when the action can't be carried out now.
     Q_INVOKABLE void trigger(app::DeskAction::Value action);
     Q_INVOKABLE void triggerStoryRow(int row);
@@ -113,6 +117,8 @@ private:
     bool storyIsRead_ = false;
     bool hasArrivals_ = false;
     bool canUndo_ = false;
+    bool isLive_ = false;
+    QSet<int> ofPage_;
     GadgetListModel<ActionRow> rows_;
     std::vector<std::unique_ptr<GadgetListModel<ActionRow>>> groupRows_;  ///< in the groups' order
     GadgetListModel<ActionGroupRow> groups_;

@@ -64,6 +64,35 @@ constexpr ActionEntry kActions[]{
      {{{"T"}}},
      ActionNeed::story},
 
+    {DeskAction::CopyRow,
+     thisPage,
+     WORDS("Copy the selected row"),
+     nullptr,
+     "doc.on.doc",
+     {{{"Ctrl+C", true}}},
+     ActionNeed::page},
+    {DeskAction::GoLive,
+     thisPage,
+     WORDS("Go live for the selected event"),
+     nullptr,
+     "bolt",
+     {{{"L"}}},
+     ActionNeed::page},
+    {DeskAction::EndLive,
+     thisPage,
+     WORDS("End the live desk"),
+     nullptr,
+     "pause",
+     {{{"Shift+L"}}},
+     ActionNeed::live},
+    {DeskAction::SaveCalendar,
+     thisPage,
+     WORDS("Save the selected event as a calendar file"),
+     nullptr,
+     "calendar",
+     {{{"I"}}},
+     ActionNeed::page},
+
     {DeskAction::NextStory,
      goTo,
      WORDS("Next story"),
@@ -188,6 +217,12 @@ constexpr ActionEntry kActions[]{
      nullptr,
      "sidebar.left",
      {{{"Ctrl+\\"}}}},
+    {DeskAction::SwitchPane,
+     view,
+     WORDS("To the page's pane, and back"),
+     nullptr,
+     "rectangle.split",
+     {{{"F6"}}}},
     {DeskAction::MoveReader,
      view,
      WORDS("Reader right, below or hidden"),
@@ -236,6 +271,7 @@ QString capOf(QKeyCombination combination) {
 QString titleOf(ActionGroup group) {
     switch (group) {
         case thisStory: return words(QT_TRANSLATE_NOOP("Actions", "This story"));
+        case thisPage: return words(QT_TRANSLATE_NOOP("Actions", "This page"));
         case goTo: return words(QT_TRANSLATE_NOOP("Actions", "Go to"));
         case work: return words(QT_TRANSLATE_NOOP("Actions", "Do"));
         case view: return words(QT_TRANSLATE_NOOP("Actions", "View"));

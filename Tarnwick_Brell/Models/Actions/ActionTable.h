@@ -12,13 +12,14 @@
 /// The one list of actions: what menus, shortcuts, the palette and the sheet of keys show.
 namespace app {
 
-enum class ActionGroup { thisStory, goTo, work, view };
-inline constexpr std::array kActionGroups{ActionGroup::thisStory, ActionGroup::goTo,
-                                          ActionGroup::work, ActionGroup::view};
+enum class ActionGroup { thisStory, thisPage, goTo, work, view };
+inline constexpr std::array kActionGroups{ActionGroup::thisStory, ActionGroup::thisPage,
+                                          ActionGroup::goTo, ActionGroup::work, ActionGroup::view};
 QString titleOf(ActionGroup group);
 
 /// When an action can be carried out, beside the window being in front.
-enum class ActionNeed { nothing, story, arrivals, undoable };
+/// `page`: the page offers it; `live`: sources are fetched every minute.
+enum class ActionNeed { nothing, story, arrivals, undoable, page, live };
 
 /// Keys in QKeySequence's portable form; empty when there is none.
 struct ActionKey {

@@ -37,6 +37,11 @@ enum Value {
     SidebarItem7,
     SidebarItem8,
     SidebarItem9,
+    // This page
+    CopyRow,
+    GoLive,
+    EndLive,
+    SaveCalendar,
     // Do
     Search,
     Refresh,
@@ -48,6 +53,7 @@ enum Value {
     Quit,
     // View
     ToggleSidebar,
+    SwitchPane,  ///< from the list of a page to the pane beside it, and back
     MoveReader,  ///< right, below, hidden, in turn
     UseSystemAppearance,
     UseLightAppearance,

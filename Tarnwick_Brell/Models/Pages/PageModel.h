@@ -3,6 +3,7 @@
 #include <QString>
 #include <qqmlregistration.h>
 
+#include "Tarnwick_Brell/Models/Actions/DeskAction.h"
 #include "Tarnwick_Brell/Models/DeskStores.h"
 #include "Tarnwick_Brell/Models/Panels/PanelModel.h"
 
@@ -16,11 +17,20 @@ class PageModel : public app::PanelModel {
     QML_ELEMENT
     QML_UNCREATABLE("The window makes its pages.")
     Q_PROPERTY(QString title READ title CONSTANT)
+    Q_PROPERTY(QString barFile READ barFile CONSTANT)
 
 public:
     PageModel(const DeskStores& stores, const QString& title);
 
     const QString& title() const { return title_; }
+    /// The QML file of what the page has in the toolbar, which shows `fact` as the age of its data:
+    /// SourcesPageBar.qml for a SourcesPageModel that has one, else empty.
+    QString barFile() const;
+
+    /// Actions of the window that the page offers now, beside moving in its list; `changed` tells
+    /// that they are others.
+    virtual bool offers(Action) const { return false; }
+    virtual void perform(Action) {}
 
 signals:
     /// A sentence for the user.
@@ -31,6 +41,7 @@ signals:
     void placeWanted(const QString& key);
 
 protected:
+    virtual bool hasBar() const { return false; }
     const DeskStores& stores() const { return stores_; }
 
 private:

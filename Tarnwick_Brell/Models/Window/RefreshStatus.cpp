@@ -52,6 +52,16 @@ QString RefreshStatus::offlineText() const {
                          : tr("Offline");
 }
 
+QString RefreshStatus::liveText() const {
+    const auto until = desk_.liveUntil();
+    return until ? tr("Live until %1").arg(momentText(*until, clock_())) : QString();
+}
+
+void RefreshStatus::endLive() {
+    desk_.endLive();
+    emit changed();
+}
+
 void RefreshStatus::refresh() {
     desk_.refreshAll();
     trackers_.refreshAll();

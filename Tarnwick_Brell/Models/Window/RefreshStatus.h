@@ -21,6 +21,8 @@ class RefreshStatus : public QObject {
     Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(bool isOffline READ isOffline NOTIFY changed)
     Q_PROPERTY(QString offlineText READ offlineText NOTIFY changed)
+    Q_PROPERTY(bool isLive READ isLive NOTIFY changed)
+    Q_PROPERTY(QString liveText READ liveText NOTIFY changed)
     Q_PROPERTY(QString libraryTrouble READ libraryTrouble NOTIFY changed)
 
 public:
@@ -40,6 +42,11 @@ public:
     QString offlineText() const;
     /// Nothing can be kept until something has been done about it.
     const QString& libraryTrouble() const { return libraryTrouble_; }
+
+    /// During an event sources are fetched every minute.
+    bool isLive() const { return desk_.liveUntil().has_value(); }
+    QString liveText() const;  ///< "Live until 21:00"
+    Q_INVOKABLE void endLive();
 
     /// Fetches everything that the window shows: sources and trackers.
     Q_INVOKABLE void refresh();

@@ -23,6 +23,7 @@ void WindowModel::connectActions() {
     connect(reader, &ReaderModel::marksChanged, this, &WindowModel::updateActions);
     connect(reader, &ReaderModel::storyChanged, this, &WindowModel::updateActions);
     connect(storyList_.list(), &StoryListModel::arrivalsChanged, this, &WindowModel::updateActions);
+    connect(&refresh_, &RefreshStatus::changed, this, &WindowModel::updateActions);
 }
 
 /// Which actions are available depends on what is shown.
@@ -33,6 +34,13 @@ void WindowModel::updateActions() {
     actions_.setProperty("storyIsRead", selected_.reader()->isRead());
     actions_.setProperty("hasArrivals", isList && storyList_.list()->arrivals() > 0);
     actions_.setProperty("canUndo", storyActions_.canUndo());
+    actions_.setProperty("isLive", refresh_.isLive());
+    QSet<int> ofPage;
+    for (const auto& entry : actionTable()) {
+        if (page_ && entry.need == ActionNeed::page && page_->offers(entry.action))
+            ofPage << entry.action;
+    }
+    actions_.setOfPage(ofPage);
 }
 
 void WindowModel::goTo(const std::optional<Destination>& place) {
@@ -53,8 +61,20 @@ void WindowModel::execute(Action action) {
         case DeskAction::CopyLink: storyActions_.copyLink(); break;
         case DeskAction::CopyCitation: storyActions_.copyCitation(); break;
         case DeskAction::TraceStory: traceStory(); break;
-        case DeskAction::NextStory: selected_.step(1); break;
-        case DeskAction::PreviousStory: selected_.step(-1); break;
+        case DeskAction::NextStory:
+        case DeskAction::PreviousStory:
+            if (page_) {
+                emit viewActionWanted(action);
+            } else {
+                selected_.step(action == DeskAction::NextStory ? 1 : -1);
+            }
+            break;
+        case DeskAction::CopyRow:
+        case DeskAction::GoLive:
+        case DeskAction::SaveCalendar:
+            if (page_) page_->perform(action);
+            break;
+        case DeskAction::EndLive: refresh_.endLive(); break;
         case DeskAction::NextUnread: selected_.stepUnread(1); break;
         case DeskAction::PreviousUnread: selected_.stepUnread(-1); break;
         case DeskAction::GoToToday: open(home()); break;
@@ -85,6 +105,7 @@ void WindowModel::execute(Action action) {
         case DeskAction::UseDarkAppearance: appearance_.setChoice(Appearance::Dark); break;
         case DeskAction::PageOn:
         case DeskAction::Search:
+        case DeskAction::SwitchPane:
         case DeskAction::ShowPalette:
         case DeskAction::ShowKeys: emit viewActionWanted(action); break;
     }

@@ -125,6 +125,7 @@ void WindowModel::showPage() {
             qOverload<const QString&>(&WindowModel::open));
     connect(page_.get(), &PageModel::sheetWanted, this, &WindowModel::showSheet);
     connect(page_.get(), &PageModel::noticed, this, &WindowModel::noticed);
+    connect(page_.get(), &PageModel::changed, this, &WindowModel::updateActions);
 }
 
 void WindowModel::showSheet(const QString& key) {
