@@ -89,14 +89,14 @@ void PhraseMatcher::appendNormalized(std::string_view text, std::string& out) {
     makePunctuationOrdinary(out, start);
 }
 
-bool PhraseMatcher::matches(std::string_view normalizedText) const {
-    if (phrase.empty()) return false;
-    std::size_t at = normalizedText.find(phrase);
-    while (at != std::string_view::npos) {
-        if (!isBounded() || standsAsWords(normalizedText, at, at + phrase.size())) return true;
+std::size_t PhraseMatcher::find(std::string_view normalizedText, std::size_t from) const {
+    if (phrase.empty()) return std::string_view::npos;
+    std::size_t at = normalizedText.find(phrase, from);
+    while (at != std::string_view::npos && isBounded() &&
+           !standsAsWords(normalizedText, at, at + phrase.size())) {
         at = normalizedText.find(phrase, at + 1);
     }
-    return false;
+    return at;
 }
 
 bool standsAsWords(std::string_view text, std::size_t start, std::size_t end) {

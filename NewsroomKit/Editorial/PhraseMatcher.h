@@ -34,7 +34,11 @@ struct PhraseMatcher {
 
     /// Whether the phrase occurs in a text that is normalised already. The empty phrase
     /// occurs nowhere.
-    bool matches(std::string_view normalizedText) const;
+    bool matches(std::string_view normalizedText) const {
+        return find(normalizedText) != std::string_view::npos;
+    }
+    /// The byte from `from` on at which the phrase occurs next; npos when it does not.
+    std::size_t find(std::string_view normalizedText, std::size_t from = 0) const;
 
     bool isBounded() const { return std::holds_alternative<Bounded>(storage); }
 

@@ -57,4 +57,8 @@ std::optional<std::string> CompiledStoryQuery::matchedTerm(const StoryFacts& sto
     return first ? std::optional(any_[*first].phrase) : std::nullopt;
 }
 
+TermMarks CompiledStoryQuery::marks(const StoryFacts& story) const {
+    return termMarks(any_, story.title, story.summary);
+}
+
 }  // namespace kit

@@ -9,6 +9,7 @@
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
 #include "NewsroomKit/Records/Codec.h"
 #include "NewsroomKit/Queries/TermFinder.h"
+#include "NewsroomKit/Queries/TermMarks.h"
 #include "NewsroomKit/Records/RecordHash.h"
 #include "NewsroomKit/Stories/Story.h"
 
@@ -58,6 +59,9 @@ public:
     std::optional<std::string> matchedTerm(const Story& story) const {
         return matchedTerm(StoryFacts::of(story));
     }
+
+    /// Where the any-terms occur in the story, in the same sense.
+    TermMarks marks(const StoryFacts& story) const;
 
 private:
     std::vector<PhraseMatcher> any_;

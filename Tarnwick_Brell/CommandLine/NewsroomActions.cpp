@@ -5,6 +5,7 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
+#include "NewsroomKit/Queries/TermList.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/Naming.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
@@ -26,7 +27,7 @@ constexpr std::string_view kNewsroom = "newsroom";
 std::vector<PanelKind> kindsNamed(const std::string& list) {
     const auto offered = kit::offeredPanelKinds();
     std::vector<PanelKind> kinds;
-    for (const auto& word : separatedByCommas(list)) {
+    for (const auto& word : kit::separatedTerms(list)) {
         const auto kind = kit::enumFromRaw<PanelKind>(word);
         if (kind && std::find(offered.begin(), offered.end(), *kind) != offered.end()) {
             kinds.push_back(*kind);

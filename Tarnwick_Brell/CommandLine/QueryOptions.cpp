@@ -2,25 +2,13 @@
 
 #include <algorithm>
 
+#include "NewsroomKit/Queries/TermList.h"
 #include "NewsroomKit/Stories/Sourcing.h"
-#include "NewsroomKit/Text/Unicode.h"
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 
 namespace cli {
-
-std::vector<std::string> separatedByCommas(const std::string& list) {
-    std::vector<std::string> pieces;
-    for (std::size_t begin = 0; begin <= list.size();) {
-        const auto comma = std::min(list.find(',', begin), list.size());
-        const auto piece =
-            kit::trimWhitespaceAndNewlines(std::string_view(list).substr(begin, comma - begin));
-        if (!piece.empty()) pieces.emplace_back(piece);
-        begin = comma + 1;
-    }
-    return pieces;
-}
 
 bool QueryOptions::isGiven() const {
     return !any.empty() || !exclude.empty() || !sources.empty() || !sourcings.empty() || setAside;
@@ -60,8 +48,8 @@ std::string joined(const std::vector<std::string>& words, const std::string& bet
 }  // namespace
 
 kit::StoryQuery QueryOptions::query() const {
-    kit::StoryQuery query{.anyTerms = separatedByCommas(any),
-                          .excludedTerms = separatedByCommas(exclude),
+    kit::StoryQuery query{.anyTerms = kit::separatedTerms(any),
+                          .excludedTerms = kit::separatedTerms(exclude),
                           .sourceIDs = sources,
                           .includesSetAside = setAside};
     requireWords(query.anyTerms);

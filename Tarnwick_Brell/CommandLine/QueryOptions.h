@@ -11,9 +11,6 @@ class Command;
 
 namespace cli {
 
-/// "iPhone 18, A20" in its pieces.
-std::vector<std::string> separatedByCommas(const std::string& list);
-
 /// The options that select stories.
 struct QueryOptions {
     std::string any{};
