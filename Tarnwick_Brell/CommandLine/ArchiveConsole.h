@@ -34,11 +34,11 @@ boost::asio::awaitable<Answer> answerOrFailure(
 ///     askArchive<StoryArchiveAPI>(session, network, [](auto& api) { return api.status(); });
 template <class API, class Ask>
 auto askArchive(Session& session, kit::CurlTransport::Options network, Ask ask) {
-    BlockingFetcher engine(std::move(network), kit::Conditional::no);
+    BlockingFetcher fetcher(std::move(network), kit::Conditional::no);
     const API api{.base = kit::archiveBaseAt(session.defaults().serviceAddress()),
-                  .http = engine.http()};
+                  .http = fetcher.http()};
     try {
-        return engine.await(answerOrFailure(ask(api)));
+        return fetcher.await(answerOrFailure(ask(api)));
     } catch (const kit::RecordError& error) {
         throw WorkFailed("The answer does not read (" + std::string(error.what()) + ").");
     }

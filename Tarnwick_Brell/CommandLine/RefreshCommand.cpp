@@ -55,17 +55,17 @@ int runRefresh(Session& session, const RefreshOptions& options) {
     const app::SourceRegistry registry(store.sources());
     const auto asked = sourcesFor(registry, options);
 
-    BlockingFetcher engine(std::move(network),
-                           options.unconditional ? kit::Conditional::no : kit::Conditional::yes);
+    BlockingFetcher fetcher(std::move(network),
+                            options.unconditional ? kit::Conditional::no : kit::Conditional::yes);
     const app::PassSettings settings{
         .scope = options.sources.empty() ? app::PassScope::all : app::PassScope::named,
         .retention = std::chrono::duration<double>(session.defaults().storyRetention())};
     const auto progress = [](std::size_t done, std::size_t total) {
         showProgress(fmt::format("{} of {}", done, total));
     };
-    app::RefreshPass pass(store, engine.fetching(), &currentInstant, settings,
+    app::RefreshPass pass(store, fetcher.fetching(), &currentInstant, settings,
                           {.progress = progress});
-    auto report = engine.await(pass.run(asked));
+    auto report = fetcher.await(pass.run(asked));
     showProgress("");
     auto& outcomes = report.outcomes;
 

@@ -64,12 +64,12 @@ boost::json::object recordOf(const app::AddressCheck& check) {
 }  // namespace
 
 int checkAddress(Session& session, const std::string& address) {
-    BlockingFetcher engine(session.network(), kit::Conditional::no);
+    BlockingFetcher fetcher(session.network(), kit::Conditional::no);
     auto& store = session.storeForReading();
     app::SourceRegistry registry(store.sources());
-    app::SourceAdder adding(store, registry, engine.fetching(), &currentInstant,
+    app::SourceAdder adding(store, registry, fetcher.fetching(), &currentInstant,
                             std::chrono::duration<double>(session.defaults().storyRetention()));
-    const auto checked = engine.await(adding.check(address));
+    const auto checked = fetcher.await(adding.check(address));
     const auto& check = valueOf(checked);
     if (session.options().json) {
         session.out().line(boost::json::serialize(recordOf(check)));
@@ -81,17 +81,17 @@ int checkAddress(Session& session, const std::string& address) {
 
 /// Sources added before a failure stay added and are reported.
 int addSources(Session& session, const std::vector<std::string>& addresses, bool unchecked) {
-    BlockingFetcher engine(session.network(), kit::Conditional::no);
+    BlockingFetcher fetcher(session.network(), kit::Conditional::no);
     auto& store = session.store();
     app::SourceRegistry registry(store.sources());
-    app::SourceAdder adding(store, registry, engine.fetching(), &currentInstant,
+    app::SourceAdder adding(store, registry, fetcher.fetching(), &currentInstant,
                             std::chrono::duration<double>(session.defaults().storyRetention()));
     boost::json::array added;
     std::exception_ptr failure;
     for (const auto& address : addresses) {
         try {
             const auto result =
-                unchecked ? adding.addWithoutFetching(address) : engine.await(adding.add(address));
+                unchecked ? adding.addWithoutFetching(address) : fetcher.await(adding.add(address));
             const auto& source = valueOf(result);
             added.push_back(kit::encode(source));
             if (session.options().json) continue;

@@ -33,10 +33,10 @@ template <class FileOf>
 auto fetchOrLoad(Session& session, bool isStored, FileOf fileOf) {
     const auto file = fileOf(trackedFiles(session));
     if (isStored) return app::TrackerCache(session.storeForReading()).read(file);
-    BlockingFetcher engine(session.network(), kit::Conditional::no);
+    BlockingFetcher fetcher(session.network(), kit::Conditional::no);
     return session.storing([&](app::LocalStore& store) {
-        app::TrackerFetcher fetcher(store, engine.http(), &currentInstant);
-        return engine.await(fetcher.fetch(file));
+        app::TrackerFetcher trackerFetcher(store, fetcher.http(), &currentInstant);
+        return fetcher.await(trackerFetcher.fetch(file));
     });
 }
 
@@ -93,11 +93,11 @@ inline constexpr std::chrono::seconds kSilence{10};
 /// Fetches the file of each name, one after another. A server that is silent once is not waited
 /// for again.
 template <class T, class FileOf>
-NamedReadings<T> fetchEach(Session& session, BlockingFetcher& engine, app::LocalStore& store,
+NamedReadings<T> fetchEach(Session& session, BlockingFetcher& fetcher, app::LocalStore& store,
                            const std::vector<std::string>& names, const FileOf& fileOf) {
     NamedReadings<T> readings;
     bool isSilent = false;
-    app::TrackerFetcher fetcher(store, engine.http(), &currentInstant);
+    app::TrackerFetcher trackerFetcher(store, fetcher.http(), &currentInstant);
     for (const auto& name : names) {
         showProgress("Asking, " + std::to_string(readings.size() + 1) + " of " +
                      std::to_string(names.size()));
@@ -108,7 +108,7 @@ NamedReadings<T> fetchEach(Session& session, BlockingFetcher& engine, app::Local
             continue;
         }
         const auto begin = currentInstant();
-        readings.push_back({name, engine.await(fetcher.fetch(file))});
+        readings.push_back({name, fetcher.await(trackerFetcher.fetch(file))});
         isSilent = readings.back().reading.error && currentInstant() - begin > kSilence;
     }
     showProgress("");
@@ -128,9 +128,9 @@ NamedReadings<T> fetchOrLoadEach(Session& session, bool isStored,
         return readings;
     }
     // Before the store: the demonstration's network comes first.
-    BlockingFetcher engine(session.network(), kit::Conditional::no);
+    BlockingFetcher fetcher(session.network(), kit::Conditional::no);
     return session.storing([&](app::LocalStore& store) {
-        return fetchEach<T>(session, engine, store, names, fileOf);
+        return fetchEach<T>(session, fetcher, store, names, fileOf);
     });
 }
 

@@ -26,8 +26,8 @@ struct DeskWorker::Impl {
          kit::Clock clock)
         : guard(asio::make_work_guard(io)),
           store(library, Database::Access::readWrite),
-          engine(std::move(network), kit::Conditional::yes, std::move(clock)),
-          context{store, engine, closing} {
+          stack(std::move(network), kit::Conditional::yes, std::move(clock)),
+          context{store, stack, closing} {
         store.hurryWhen(closing);
     }
 
@@ -46,7 +46,7 @@ struct DeskWorker::Impl {
     asio::io_context io{1};
     asio::executor_work_guard<asio::io_context::executor_type> guard;
     LocalStore store;
-    FetchStack engine;
+    FetchStack stack;
     WorkerContext context;
     /// One for each long job under way. A signal must outlive the coroutine that listens.
     std::map<Ticket, asio::cancellation_signal> cancellations;

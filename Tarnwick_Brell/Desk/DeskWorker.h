@@ -26,7 +26,7 @@ public:
     /// What jobs work with, on the worker's thread only.
     struct WorkerContext {
         LocalStore& store;
-        FetchStack& engine;
+        FetchStack& stack;
         const std::atomic<bool>& isClosing;  ///< jobs that only read may stop
     };
 

@@ -127,7 +127,7 @@ void RefreshController::beginPass(const Request& request) {
         .retention = std::chrono::duration<double>(defaults_.storyRetention())};
     const auto run = [this, listener, settings, sources = std::move(sources)](
                          WorkerContext& context) -> asio::awaitable<void> {
-        RefreshPass pass(context.store, context.engine, clock_, settings, listener);
+        RefreshPass pass(context.store, context.stack, clock_, settings, listener);
         auto report = co_await pass.run(sources);
         jobs_.deliver(jobs_.updates().passEnded());
         jobs_.deliver([this, report = std::move(report)] { endPass(report); });

@@ -59,10 +59,10 @@ bool hasPassed(std::chrono::duration<double> interval, Instant then, Instant now
     return now - then >= interval || now < then;
 }
 
-RefreshPass::RefreshPass(LocalStore& store, FetchStack& engine, kit::Clock clock,
+RefreshPass::RefreshPass(LocalStore& store, FetchStack& stack, kit::Clock clock,
                          PassSettings settings, Listener listener)
     : store_(store),
-      engine_(engine),
+      stack_(stack),
       clock_(std::move(clock)),
       settings_(settings),
       listener_(std::move(listener)),
@@ -75,13 +75,13 @@ asio::awaitable<PassReport> RefreshPass::run(std::vector<NewsSource> sources) {
     co_await asio::this_coro::throw_if_cancelled(false);
     // Each pass reads the validators again: another program may have fetched meanwhile.
     const auto validators = store_.validators().load();
-    engine_.http().validators().replace(validators);
-    auto& clockCheck = engine_.feeds().clockCheck();
+    stack_.http().validators().replace(validators);
+    auto& clockCheck = stack_.feeds().clockCheck();
     clockCheck.reset();
     BatchWriter writer({store_, states_, clockCheck, clock_, settings_, listener_}, sources.size());
     auto due = dueSources(std::move(sources), writer);
     for (const auto& source : due) {
-        if (isFetchedInFull(source)) engine_.http().validators().forget(source.feedURL);
+        if (isFetchedInFull(source)) stack_.http().validators().forget(source.feedURL);
     }
 
     const auto arrived = [&](const NewsSource& source, SourceFetch fetch) {
@@ -94,8 +94,8 @@ asio::awaitable<PassReport> RefreshPass::run(std::vector<NewsSource> sources) {
     };
     const auto gate = [&](const NewsSource& source) { return canFetch(source, writer); };
     const auto executor = co_await asio::this_coro::executor;
-    auto fetching = asio::co_spawn(
-        executor, engine_.feeds().fetchAll(std::move(due), arrived, gate), asio::deferred);
+    auto fetching = asio::co_spawn(executor, stack_.feeds().fetchAll(std::move(due), arrived, gate),
+                                   asio::deferred);
     auto writing = asio::co_spawn(executor, writer.writeRegularly(), asio::deferred);
     const auto [order, fetchFailure, writeFailure] =
         co_await asio::experimental::make_parallel_group(std::move(fetching), std::move(writing))
@@ -163,7 +163,7 @@ void RefreshPass::finishPass(const kit::ValidatorTable::Entries& validators,
                              const PassReport& report) {
     auto transaction = store_.transaction();
     // After the stories: a validator without its stories would answer 304 for ever.
-    store_.validators().save(validators, engine_.http().validators().entries());
+    store_.validators().save(validators, stack_.http().validators().entries());
     if (report.droppedBefore) {
         store_.stories().dropPublishedBefore(*report.droppedBefore, report.ended);
         store_.state().set(DeskState::kClockConfirmed, report.ended);

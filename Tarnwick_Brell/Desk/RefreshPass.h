@@ -56,7 +56,7 @@ public:
         std::function<void(CommittedBatch)> stored{};
     };
 
-    RefreshPass(LocalStore& store, FetchStack& engine, kit::Clock clock, PassSettings settings,
+    RefreshPass(LocalStore& store, FetchStack& stack, kit::Clock clock, PassSettings settings,
                 Listener listener);
     ~RefreshPass();
 
@@ -75,7 +75,7 @@ private:
     void finishPass(const kit::ValidatorTable::Entries& validators, const PassReport& report);
 
     LocalStore& store_;
-    FetchStack& engine_;
+    FetchStack& stack_;
     kit::Clock clock_;
     PassSettings settings_;
     Listener listener_;

@@ -81,11 +81,11 @@ std::string AddSourceError::description() const {
     return {};
 }
 
-SourceAdder::SourceAdder(LocalStore& store, SourceRegistry& registry, FetchStack& engine,
+SourceAdder::SourceAdder(LocalStore& store, SourceRegistry& registry, FetchStack& stack,
                          kit::Clock clock, std::chrono::duration<double> retention)
     : store_(store),
       registry_(registry),
-      engine_(engine),
+      stack_(stack),
       clock_(std::move(clock)),
       retention_(retention) {}
 
@@ -94,7 +94,7 @@ AddressCheck SourceAdder::describe(const std::string& candidate,
     AddressCheck check{.name = shortenedName(nameOf(stories)),
                        .feedURL = stories.feedURL,
                        .siteURL = siteOf(candidate)};
-    const auto now = engine_.feeds().clockCheck().corrected(clock_());
+    const auto now = stack_.feeds().clockCheck().corrected(clock_());
     const auto oldest = now - std::chrono::duration_cast<kit::Instant::duration>(retention_);
     std::set<std::string_view> ids;
     const auto kept = storiesToStore(trial(candidate), stories.list, {oldest, now});
@@ -119,9 +119,9 @@ asio::awaitable<SourceAdder::Checked> SourceAdder::check(std::string typed) {
             co_return AddSourceError{AddSourceError::Kind::alreadyAdded, known->name};
         }
         // "Unchanged" would be no answer here: the stories themselves are wanted.
-        engine_.http().validators().forget(candidate);
+        stack_.http().validators().forget(candidate);
         auto source = trial(candidate);
-        const auto fetched = co_await engine_.feeds().fetch(std::move(source));
+        const auto fetched = co_await stack_.feeds().fetch(std::move(source));
         // 2. The first feed with a story counts, unless the desk has it under another address.
         if (const auto* stories = std::get_if<SourceFetch::Stories>(&fetched.outcome)) {
             if (const auto* known = registry_.findByFeed(stories->feedURL)) {

@@ -58,7 +58,7 @@ public:
     using Added = std::variant<kit::NewsSource, AddSourceError>;
 
     /// `retention`: how long the desk keeps stories.
-    SourceAdder(LocalStore& store, SourceRegistry& registry, FetchStack& engine, kit::Clock clock,
+    SourceAdder(LocalStore& store, SourceRegistry& registry, FetchStack& stack, kit::Clock clock,
                 std::chrono::duration<double> retention);
 
     /// Changes nothing.
@@ -76,7 +76,7 @@ private:
 
     LocalStore& store_;
     SourceRegistry& registry_;
-    FetchStack& engine_;
+    FetchStack& stack_;
     kit::Clock clock_;
     std::chrono::duration<double> retention_;
 };

@@ -84,7 +84,7 @@ void SourceController::check(std::string typed, Checked done) {
     const auto check =
         [this, typed = std::move(typed), done,
          retention = defaults_.storyRetention()](WorkerContext& context) -> asio::awaitable<void> {
-        SourceAdder adder(context.store, jobs_.updates().registry(), context.engine, clock_,
+        SourceAdder adder(context.store, jobs_.updates().registry(), context.stack, clock_,
                           std::chrono::duration<double>(retention));
         auto checked = co_await adder.check(typed);
         jobs_.deliver([done, checked = std::move(checked)] { done(checked); });
@@ -96,7 +96,7 @@ void SourceController::add(std::string typed, Added done) {
     const auto add = [this, typed = std::move(typed), done, retention = defaults_.storyRetention()](
                          WorkerContext& context) -> asio::awaitable<void> {
         auto& updates = jobs_.updates();
-        SourceAdder adder(context.store, updates.registry(), context.engine, clock_,
+        SourceAdder adder(context.store, updates.registry(), context.stack, clock_,
                           std::chrono::duration<double>(retention));
         auto added = co_await adder.add(typed);
         jobs_.deliver(updates.sourceList());

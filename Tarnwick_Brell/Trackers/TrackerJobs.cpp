@@ -64,7 +64,7 @@ DeskWorker::LongJob TrackerJobs::fetchStale(Files files, std::chrono::seconds fr
 
 // One after another: most of the servers are not ours.
 TrackerJobs::Work TrackerJobs::fetchAll(WorkerContext& context, const Files& files) const {
-    TrackerFetcher fetcher(context.store, context.engine.http(), clock_);
+    TrackerFetcher fetcher(context.store, context.stack.http(), clock_);
     for (const auto& file : files) {
         auto cached = co_await file.fetch(fetcher);
         LoadedFile fetched{file.tracker, file.name, std::move(cached)};

@@ -76,7 +76,7 @@ void TraceModel::start() {
     auto job = [base = kit::archiveBaseAt(defaults_.serviceAddress()),
                 story = address_.toStdString(),
                 tell](DeskWorker::WorkerContext& context) -> boost::asio::awaitable<void> {
-        const kit::TraceAPI api{.base = base, .http = context.engine.http()};
+        const kit::TraceAPI api{.base = base, .http = context.stack.http()};
         const auto trace = co_await api.trace(story);
         if (trace) {
             tell({.result = trace.value()});
