@@ -64,7 +64,8 @@ void addMaking(arguments::Command& newsrooms, Command& chosen, SharedNewsroomOpt
     duplicate.option("NEW", options->newName, "The copy's name");
 }
 
-void addShelving(arguments::Command& newsrooms, Command& chosen, SharedNewsroomOptions options) {
+void addMoveAndRemove(arguments::Command& newsrooms, Command& chosen,
+                      SharedNewsroomOptions options) {
     auto move = addNamedAction(newsrooms, chosen, options, "move",
                                "Move a newsroom to another place", moveNewsroom);
     move.number("PLACE", options->place, {1, 1'000'000}, "1 is the first").required();
@@ -92,7 +93,7 @@ void addNewsroomCommand(arguments::Command& app, Command& chosen) {
     addNamedAction(newsrooms, chosen, options, "show", "Show a newsroom's panels as text",
                    showNewsroom);
     addMaking(newsrooms, chosen, options);
-    addShelving(newsrooms, chosen, options);
+    addMoveAndRemove(newsrooms, chosen, options);
     addExchange(newsrooms, chosen, options);
 }
 

@@ -59,7 +59,7 @@ int importNewsroom(Session& session, const NewsroomOptions& options) {
     auto records = NewsroomRecords::read(store.newsrooms());
     kit::NewsroomSpec spec;
     try {
-        spec = app::takenIn(bytes, records);
+        spec = app::importedNewsroom(bytes, records);
     } catch (const kit::RecordError& error) {
         throw WorkFailed(
             fmt::format("This newsroom can't be imported: {}.", printable(error.what())));

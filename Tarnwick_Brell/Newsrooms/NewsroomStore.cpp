@@ -100,12 +100,12 @@ void NewsroomStore::moveBeat(const std::string& id, std::size_t place) {
 }
 
 kit::NewsroomSpec NewsroomStore::import(std::string_view file) {
-    auto spec = takenIn(file, newsrooms_);
+    auto spec = importedNewsroom(file, newsrooms_);
     put(spec);
     return spec;
 }
 
-kit::NewsroomSpec takenIn(std::string_view file, const NewsroomRecords& records) {
+kit::NewsroomSpec importedNewsroom(std::string_view file, const NewsroomRecords& records) {
     auto spec = kit::NewsroomFile::read(file);
     const auto isTaken = [&](const std::vector<NewsroomRecords::Entry>& entries) {
         const auto id = spec.id.text();

@@ -48,7 +48,7 @@ public:
     void restoreBeat(const std::string& id);
     void moveBeat(const std::string& id, std::size_t place);
 
-    /// Takes a newsroom from a file, see takenIn. Throws RecordError.
+    /// Takes a newsroom from a file, see importedNewsroom. Throws RecordError.
     kit::NewsroomSpec import(std::string_view file);
 
 signals:
@@ -75,6 +75,6 @@ private:
 
 /// The newsroom of a file, ready to stand beside those of the records: with a name and an id that
 /// none of them has. Throws RecordError as NewsroomFile::read does.
-kit::NewsroomSpec takenIn(std::string_view file, const NewsroomRecords& records);
+kit::NewsroomSpec importedNewsroom(std::string_view file, const NewsroomRecords& records);
 
 }  // namespace app

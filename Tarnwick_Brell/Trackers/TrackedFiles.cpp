@@ -56,18 +56,19 @@ std::string baseAt(const TrackedFiles& files) { return TrackerAPI::baseAt(files.
 
 TrackedFile<AppleServiceStatus::Services> TrackedFiles::status(kit::StatusFeed audience) const {
     const std::string name(rawValue(audience));
-    return {.tracker = Tracker::status,
-            .name = "status/" + name,
-            .title = "Apple's " + name + " status",
-            .address = AppleStatusAPI::address(audience),
-            .fetch = [audience](HTTPClient& http) { return AppleStatusAPI{http}.fetch(audience); },
-            .parse = AppleServiceStatus::parse,
-            .emptyAnswer = EmptyAnswer::refused,
-            .isEmpty = isEmptyList,
-            .carryOverMissing = carryOverMissing,
-            .record = [audience](LocalStore& store, const auto&, const auto& services,
-                                 Instant now) { store.incidents().note(audience, services, now); },
-            .comesFirst = audience == kit::StatusFeed::consumer};
+    return {
+        .tracker = Tracker::status,
+        .name = "status/" + name,
+        .title = "Apple's " + name + " status",
+        .address = AppleStatusAPI::address(audience),
+        .fetch = [audience](HTTPClient& http) { return AppleStatusAPI{http}.fetch(audience); },
+        .parse = AppleServiceStatus::parse,
+        .emptyAnswer = EmptyAnswer::refused,
+        .isEmpty = isEmptyList,
+        .carryOverMissing = carryOverMissing,
+        .record = [audience](LocalStore& store, const auto&, const auto& services,
+                             Instant now) { store.incidents().record(audience, services, now); },
+        .comesFirst = audience == kit::StatusFeed::consumer};
 }
 
 TrackedFile<std::vector<PlatformRelease>> TrackedFiles::releases() const {
@@ -82,7 +83,7 @@ TrackedFile<std::vector<PlatformRelease>> TrackedFiles::releases() const {
             .isEmpty = hasNoRelease,
             .carryOverMissing = carryOverMissing,
             .record = [](LocalStore& store, const auto&, const auto& releases,
-                         Instant now) { store.builds().note(releases, now); }};
+                         Instant now) { store.builds().record(releases, now); }};
 }
 
 TrackedFile<std::vector<kit::AppleCalendarEvent>> TrackedFiles::events() const {
@@ -99,22 +100,23 @@ TrackedFile<std::vector<kit::AppleCalendarEvent>> TrackedFiles::events() const {
 TrackedFile<StockQuote> TrackedFiles::quote(std::string_view symbol, kit::QuoteRange range) const {
     const auto base = baseAt(*this);
     const std::string name(symbol);
-    return {
-        .tracker = Tracker::quotes,
-        .name = std::string(kQuotePrefix) + std::string(rawValue(range)) + "/" + name,
-        .title = "The quote of " + name,
-        .address = base,
-        .fetch = [base, name,
-                  range](HTTPClient& http) { return TrackerAPI{base, http}.quote(name, range); },
-        .parse = TrackerAPI::parseQuote,
-        .isRequested =
-            [symbol = comparable(symbol), range](const StockQuote& quote) {
-                return quote.range == rawValue(range) && comparable(quote.symbol) == symbol;
-            },
-        .mismatchText = "The server answered with another quote.",
-        .notFoundText = "The service knows no such symbol.",
-        .record = [](LocalStore& store, const auto&, const auto&,
-                     Instant) { store.trackerCopies().keepLastAsked(kQuotePrefix, kMostCopies); }};
+    return {.tracker = Tracker::quotes,
+            .name = std::string(kQuotePrefix) + std::string(rawValue(range)) + "/" + name,
+            .title = "The quote of " + name,
+            .address = base,
+            .fetch = [base, name, range](
+                         HTTPClient& http) { return TrackerAPI{base, http}.quote(name, range); },
+            .parse = TrackerAPI::parseQuote,
+            .isRequested =
+                [symbol = comparable(symbol), range](const StockQuote& quote) {
+                    return quote.range == rawValue(range) && comparable(quote.symbol) == symbol;
+                },
+            .mismatchText = "The server answered with another quote.",
+            .notFoundText = "The service knows no such symbol.",
+            .record =
+                [](LocalStore& store, const auto&, const auto&, Instant) {
+                    store.trackerCopies().dropAllButLatest(kQuotePrefix, kMostCopies);
+                }};
 }
 
 TrackedFile<std::vector<kit::BoardQuote>> TrackedFiles::board() const {
@@ -143,8 +145,8 @@ TrackedFile<SigningStatus> TrackedFiles::signing(std::string_view device) const 
             .notFoundText = "The service knows no such device.",
             .record =
                 [name](LocalStore& store, const auto& before, const auto& status, Instant now) {
-                    store.signing().note(name, before, status, now);
-                    store.trackerCopies().keepLastAsked(kSigningPrefix, kMostCopies);
+                    store.signing().record(name, before, status, now);
+                    store.trackerCopies().dropAllButLatest(kSigningPrefix, kMostCopies);
                 }};
 }
 
@@ -162,7 +164,7 @@ TrackedFile<std::vector<kit::UpdateOffer>> TrackedFiles::updates() const {
                              std::string(SettingKey::kUpdateCatalogueAuthority) +
                              " names a file with that authority's certificate.",
             .record = [](LocalStore& store, const auto& before, const auto& offers,
-                         Instant now) { store.offers().note(before, offers, now); }};
+                         Instant now) { store.offers().record(before, offers, now); }};
 }
 
 TrackedFile<std::vector<kit::ChartEntry>> TrackedFiles::chart(AppStoreCharts::Kind kind) const {
@@ -176,7 +178,7 @@ TrackedFile<std::vector<kit::ChartEntry>> TrackedFiles::chart(AppStoreCharts::Ki
             .isEmpty = isEmptyList,
             .carryOverMissing = carryOverMissing,
             .record = [kind](LocalStore& store, const auto&, const auto& entries,
-                             Instant now) { store.charts().note(kind, entries, now); }};
+                             Instant now) { store.charts().record(kind, entries, now); }};
 }
 
 }  // namespace app

@@ -75,11 +75,11 @@ void TrackerCache::store(const TrackedFile<T>& file, const std::string& body, co
                          kit::Instant now) {
     const auto before = latest(file);
     if (before && file.carryOverMissing && file.carryOverMissing(*before, value)) {
-        copies_.keep(previousName(file.name), copies_.find(file.name).value());
+        copies_.store(previousName(file.name), copies_.find(file.name).value());
     } else {
         copies_.drop(previousName(file.name));
     }
-    copies_.keep(file.name, {body, now});
+    copies_.store(file.name, {body, now});
     copies_.setHealth(file.name, {.lastAttempt = now, .lastSuccess = now});
 }
 

@@ -74,7 +74,7 @@ HistoryUpdate loadHistory(LocalStore& store, Tracker tracker) {
     return [](Histories&) { return false; };
 }
 
-UnannouncedChanges takeUnannounced(LocalStore& store, kit::Instant now) {
+UnannouncedChanges markAnnounced(LocalStore& store, kit::Instant now) {
     return {.signing = take<SigningChange>(store, store.signing(), DeskState::kToldSigning, now),
             .offers = take<OfferChange>(store, store.offers(), DeskState::kToldOffers, now)};
 }

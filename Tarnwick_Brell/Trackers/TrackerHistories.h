@@ -39,6 +39,6 @@ struct UnannouncedChanges {
 /// Takes the changes that the library has not announced yet, whoever fetched them, and marks them
 /// as announced. Those older than a day are left out: nobody has looked for so long. The first
 /// call for a library only marks.
-UnannouncedChanges takeUnannounced(LocalStore& store, kit::Instant now);
+UnannouncedChanges markAnnounced(LocalStore& store, kit::Instant now);
 
 }  // namespace app

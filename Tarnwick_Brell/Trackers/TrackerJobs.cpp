@@ -76,7 +76,7 @@ TrackerJobs::Work TrackerJobs::fetchAll(WorkerContext& context, const Files& fil
 }
 
 void TrackerJobs::announceChanges(LocalStore& store) const {
-    const auto changes = takeUnannounced(store, clock_());
+    const auto changes = markAnnounced(store, clock_());
     if (changes.signing.empty() && changes.offers.empty()) return;
     send([changes](TrackerStore& target) {
         if (!changes.signing.empty()) emit target.onSigningChanges(changes.signing);

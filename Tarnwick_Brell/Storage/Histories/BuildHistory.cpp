@@ -8,17 +8,17 @@ using kit::Instant;
 using kit::ReleaseChannel;
 using kit::SoftwareRelease;
 
-void BuildHistory::note(const std::vector<kit::PlatformRelease>& releases, Instant now) {
+void BuildHistory::record(const std::vector<kit::PlatformRelease>& releases, Instant now) {
     for (const auto& platform : releases) {
         for (const auto channel : {ReleaseChannel::general, ReleaseChannel::beta}) {
             const auto& release = platform.release(channel);
-            if (release) note(platform.platform, channel, *release, now);
+            if (release) record(platform.platform, channel, *release, now);
         }
     }
 }
 
-void BuildHistory::note(const std::string& platform, ReleaseChannel channel,
-                        const SoftwareRelease& release, Instant now) {
+void BuildHistory::record(const std::string& platform, ReleaseChannel channel,
+                          const SoftwareRelease& release, Instant now) {
     Statement current(database_,
                       "SELECT number, build FROM builds "
                       "WHERE platform = ? AND channel = ? AND replacedAt IS NULL");

@@ -16,14 +16,14 @@ class BuildHistory {
 public:
     explicit BuildHistory(Database& database) : database_(database) {}
 
-    void note(const std::vector<kit::PlatformRelease>& releases, kit::Instant now);
+    void record(const std::vector<kit::PlatformRelease>& releases, kit::Instant now);
 
     /// The newest entries first.
     std::vector<SeenBuild> newest(std::size_t most);
 
 private:
-    void note(const std::string& platform, kit::ReleaseChannel channel,
-              const kit::SoftwareRelease& release, kit::Instant now);
+    void record(const std::string& platform, kit::ReleaseChannel channel,
+                const kit::SoftwareRelease& release, kit::Instant now);
 
     Database& database_;
 };

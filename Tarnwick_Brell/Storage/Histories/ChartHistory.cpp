@@ -19,7 +19,7 @@ std::int64_t dayOf(Instant instant) {
 
 }  // namespace
 
-void ChartHistory::note(Kind kind, const std::vector<ChartEntry>& entries, Instant now) {
+void ChartHistory::record(Kind kind, const std::vector<ChartEntry>& entries, Instant now) {
     const auto day = dayOf(now);
     Statement drop(database_, "DELETE FROM chartRanks WHERE chart = ?1 AND (day = ?2 OR day < ?3)");
     drop.bind(0, rawValue(kind)).bind(1, day).bind(2, dayOf(now - kKept)).run();

@@ -33,7 +33,7 @@ public:
 
     explicit ChartHistory(Database& database) : database_(database) {}
 
-    void note(Kind kind, const std::vector<kit::ChartEntry>& entries, kit::Instant now);
+    void record(Kind kind, const std::vector<kit::ChartEntry>& entries, kit::Instant now);
 
     /// The last day before that of `now` on which the chart was fetched.
     std::optional<ChartDay> dayBefore(Kind kind, kit::Instant now);

@@ -108,8 +108,8 @@ std::string containing(std::string_view text) {
 
 }  // namespace
 
-void IncidentLog::note(StatusFeed audience, const AppleServiceStatus::Services& services,
-                       Instant now) {
+void IncidentLog::record(StatusFeed audience, const AppleServiceStatus::Services& services,
+                         Instant now) {
     Answer answer(services);
     const auto known =
         answer.others.empty() ? std::set<std::string>() : logged(database_, audience);

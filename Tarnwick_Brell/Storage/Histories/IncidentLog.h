@@ -43,8 +43,8 @@ public:
     /// Updates the log from `services`, which must be complete: an incident that is not ongoing
     /// there has ended, also when its service is gone. A service that is missing from a single
     /// answer must be included as it was before.
-    void note(kit::StatusFeed audience, const kit::AppleServiceStatus::Services& services,
-              kit::Instant now);
+    void record(kit::StatusFeed audience, const kit::AppleServiceStatus::Services& services,
+                kit::Instant now);
 
     /// The last seen first. Searches services and messages for `text`; empty text finds all.
     std::vector<LoggedIncident> find(std::string_view text, std::size_t most);

@@ -41,7 +41,7 @@ std::vector<OfferChange> offerChangesIn(Statement& rows) {
 
 }  // namespace
 
-void OfferHistory::note(const std::optional<Offers>& before, const Offers& offers, Instant now) {
+void OfferHistory::record(const std::optional<Offers>& before, const Offers& offers, Instant now) {
     if (!before) return;
     for (const auto& offer : missingIn(offers, *before)) add(offer, false, now);
     for (const auto& offer : missingIn(*before, offers)) add(offer, true, now);

@@ -22,7 +22,7 @@ public:
 
     /// Records the changes between two answers, both of which must be complete; the first answer is
     /// no change. A build for a platform is one offer, whatever its dates and devices.
-    void note(const std::optional<Offers>& before, const Offers& offers, kit::Instant now);
+    void record(const std::optional<Offers>& before, const Offers& offers, kit::Instant now);
 
     /// The newest changes first, of one platform unless `platform` is empty.
     std::vector<OfferChange> newest(std::size_t most, std::string_view platform = "");

@@ -40,8 +40,8 @@ std::vector<SigningChange> signingChangesIn(Statement& rows) {
 
 }  // namespace
 
-void SigningHistory::note(std::string_view device, const std::optional<SigningStatus>& before,
-                          const SigningStatus& status, Instant now) {
+void SigningHistory::record(std::string_view device, const std::optional<SigningStatus>& before,
+                            const SigningStatus& status, Instant now) {
     if (!before) return;
     const auto were = signedBuilds(*before), are = signedBuilds(status);
     // Logs each build once, even if a list has it twice.

@@ -21,8 +21,8 @@ public:
 
     /// Records the changes between two answers; the first answer for a device is no change. Both
     /// must be complete: a signed build that is gone is no longer signed.
-    void note(std::string_view device, const std::optional<kit::SigningStatus>& before,
-              const kit::SigningStatus& status, kit::Instant now);
+    void record(std::string_view device, const std::optional<kit::SigningStatus>& before,
+                const kit::SigningStatus& status, kit::Instant now);
 
     /// The newest changes first, of one device unless `device` is empty.
     std::vector<SigningChange> newest(std::size_t most, std::string_view device = "");

@@ -11,7 +11,7 @@ std::optional<TrackerCopy> TrackerCopies::find(std::string_view name) {
     return TrackerCopy{.body = row.text(0), .fetchedAt = instantOf(row.number(1))};
 }
 
-void TrackerCopies::keep(std::string_view name, const TrackerCopy& copy) {
+void TrackerCopies::store(std::string_view name, const TrackerCopy& copy) {
     Statement put(database_,
                   "INSERT INTO trackerCopies (name, body, fetchedAt) VALUES (?1, ?2, ?3) "
                   "ON CONFLICT (name) DO UPDATE SET body = ?2, fetchedAt = ?3 WHERE body <> ?2");
@@ -45,7 +45,7 @@ void TrackerCopies::setHealth(std::string_view name, const TrackerHealth& health
     put.run();
 }
 
-void TrackerCopies::keepLastAsked(std::string_view prefix, std::size_t count) {
+void TrackerCopies::dropAllButLatest(std::string_view prefix, std::size_t count) {
     Statement dropHealth(
         database_,
         "DELETE FROM trackerHealth WHERE name IN (SELECT name FROM trackerHealth "

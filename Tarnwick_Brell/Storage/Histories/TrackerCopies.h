@@ -34,7 +34,7 @@ public:
 
     std::optional<TrackerCopy> find(std::string_view name);
     /// Writes nothing when the body is unchanged, as most are.
-    void keep(std::string_view name, const TrackerCopy& copy);
+    void store(std::string_view name, const TrackerCopy& copy);
     void drop(std::string_view name);
 
     TrackerHealth health(std::string_view name);
@@ -45,7 +45,7 @@ public:
 
     /// Of all names with this prefix, keeps only the last requested ones: users look at many
     /// symbols once.
-    void keepLastAsked(std::string_view prefix, std::size_t count);
+    void dropAllButLatest(std::string_view prefix, std::size_t count);
 
 private:
     Database& database_;

@@ -270,15 +270,15 @@ std::optional<StoredStory> StoryMerge::revise(const Story& story, const Known& k
     revise_.bind(17, stamp).bind(18, known.number);
     revise_.run();
     if (database_.changes() == 0) return std::nullopt;
-    if (known.text.title != story.title) keepWording(known.number, known.text.title, fetch.seen);
+    if (known.text.title != story.title) storeWording(known.number, known.text.title, fetch.seen);
     if (known.text != SearchIndex::Text{story.title, story.summary, story.author}) {
         index_.replace(known.number, known.text);
     }
     return StoryTable(database_).findByNumber(known.number);
 }
 
-void StoryMerge::keepWording(std::int64_t number, const std::string& title,
-                             kit::Instant replacedAt) {
+void StoryMerge::storeWording(std::int64_t number, const std::string& title,
+                              kit::Instant replacedAt) {
     addWording_.bind(0, number).bind(1, title).bind(2, microseconds(replacedAt));
     addWording_.run();
     trimWordings_.bind(0, number).bind(1, kMostWordings);

@@ -76,7 +76,7 @@ private:
                        std::int64_t stamp);
     std::optional<StoredStory> revise(const kit::Story& story, const Known& known,
                                       const Fetch& fetch, std::int64_t stamp);
-    void keepWording(std::int64_t number, const std::string& title, kit::Instant replacedAt);
+    void storeWording(std::int64_t number, const std::string& title, kit::Instant replacedAt);
 
     Database& database_;
     SearchIndex& index_;

@@ -188,14 +188,14 @@ TEST(ANewsroomFromAFile, StandsBesideWhatIsThere) {
     const auto today = kit::NewsroomSpec::builtIn();
     const auto file = kit::json::serialize(kit::encode(today));
     records.put(today);
-    const auto second = takenIn(file, records);
+    const auto second = importedNewsroom(file, records);
     EXPECT_NE(second.id, today.id);
     EXPECT_EQ(second.name, "Today 2");
     EXPECT_EQ(second.origin, kit::NewsroomSpec::Origin::manual);
     EXPECT_EQ(second.panels, today.panels);
 
     records.remove(today.id.text());
-    const auto third = takenIn(file, records);
+    const auto third = importedNewsroom(file, records);
     EXPECT_NE(third.id, today.id) << "the removed one must be able to come back";
     EXPECT_EQ(third.name, "Today");
 }

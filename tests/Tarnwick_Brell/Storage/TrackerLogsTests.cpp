@@ -28,8 +28,8 @@ AppleServiceStatus::Incident incident(const char* status, int started,
 
 class TrackerLogsTest : public ::testing::Test {
 protected:
-    void note(int now, const Services& services, StatusFeed audience = StatusFeed::consumer) {
-        store_.incidents().note(audience, services, at(now));
+    void record(int now, const Services& services, StatusFeed audience = StatusFeed::consumer) {
+        store_.incidents().record(audience, services, at(now));
     }
 
     /// Service, message, Apple's two times, the desk's three.
@@ -47,24 +47,24 @@ protected:
 };
 
 TEST_F(TrackerLogsTest, AnIncidentIsLoggedOnceForEachTimeItIsOngoing) {
-    note(100, {{"Mail", {incident("ongoing", 90)}}, {"Maps"}});
-    note(200, {{"Mail", {incident("ongoing", 90, 500, "slower")}}, {"Maps"}});
+    record(100, {{"Mail", {incident("ongoing", 90)}}, {"Maps"}});
+    record(200, {{"Mail", {incident("ongoing", 90, 500, "slower")}}, {"Maps"}});
     EXPECT_EQ(log(), (Lines{"Mail slower 90..500 seen 100..200..-"}));
-    note(300, {{"Mail", {incident("resolved", 90, 280)}}, {"Maps"}});
-    note(400, {{"Mail", {incident("resolved", 90, 280)}}, {"Maps"}});
+    record(300, {{"Mail", {incident("resolved", 90, 280)}}, {"Maps"}});
+    record(400, {{"Mail", {incident("resolved", 90, 280)}}, {"Maps"}});
     EXPECT_EQ(log(), (Lines{"Mail slower 90..280 seen 100..200..300"}));
-    note(500, {{"Mail", {incident("ongoing", 90)}}, {"Maps"}});
-    note(600, {{"Mail"}, {"Maps"}});
+    record(500, {{"Mail", {incident("ongoing", 90)}}, {"Maps"}});
+    record(600, {{"Mail"}, {"Maps"}});
     EXPECT_EQ(log(), (Lines{"Mail slow 90..- seen 500..500..600",
                             "Mail slower 90..280 seen 100..200..300"}));
 }
 
 TEST_F(TrackerLogsTest, AnIncidentEndsWithItsServiceButNotWithThatOfOthers) {
-    note(100, {{"Mail", {incident("ongoing", 90)}}});
-    note(200, {{"Mail"}}, StatusFeed::developer);
-    note(300, {{"Mail", {incident("ongoing", 90), incident("resolved", 90)}}});
+    record(100, {{"Mail", {incident("ongoing", 90)}}});
+    record(200, {{"Mail"}}, StatusFeed::developer);
+    record(300, {{"Mail", {incident("ongoing", 90), incident("resolved", 90)}}});
     EXPECT_EQ(log(), (Lines{"Mail slow 90..- seen 100..300..-"}));
-    note(400, {{"Maps"}});
+    record(400, {{"Maps"}});
     EXPECT_EQ(log(), (Lines{"Mail slow 90..- seen 100..300..400"}));
 }
 
@@ -73,32 +73,32 @@ TEST_F(TrackerLogsTest, WhatCameAndWentUnseenIsNotedAndWhatIsAnnouncedIsNot) {
         {"Mail", {incident("Resolved", 50), incident("upcoming", 70, 100, "down")}},
         {"Maps",
          {incident("upcoming", 900), incident("upcoming", 80), incident("upcoming", 90, 300)}}};
-    note(100, services);
-    note(200, services);
+    record(100, services);
+    record(200, services);
     EXPECT_EQ(log(), (Lines{"Mail down 70..100 seen 100..100..100",
                             "Mail slow 50..- seen 100..100..100"}));
 }
 
 TEST_F(TrackerLogsTest, TheLogIsSearchedForTheTextAsItStands) {
-    note(100, {{"Mail", {incident("ongoing", 1, {}, "100% of users")}},
-               {"Maps_2", {incident("ongoing", 2, {}, "back\\slash")}},
-               {"Music", {incident("ongoing", 3, {}, "quiet")}}});
+    record(100, {{"Mail", {incident("ongoing", 1, {}, "100% of users")}},
+                 {"Maps_2", {incident("ongoing", 2, {}, "back\\slash")}},
+                 {"Music", {incident("ongoing", 3, {}, "quiet")}}});
     const std::pair<const char*, std::size_t> cases[] = {
         {"", 3}, {"mAi", 1}, {"0%", 1}, {"s_2", 1}, {"k\\s", 1}, {"%", 1}, {"_", 1}, {"a_l", 0}};
     for (const auto& [wanted, count] : cases) EXPECT_EQ(log(wanted).size(), count) << wanted;
 }
 
 TEST_F(TrackerLogsTest, EachBuildHasItsTimeUntilAnotherTakesItsPlace) {
-    const auto note = [&](int now, const char* general, const char* beta) {
+    const auto record = [&](int now, const char* general, const char* beta) {
         kit::PlatformRelease platform{.platform = "iOS"};
         if (general) platform.current = kit::SoftwareRelease{.build = general};
         if (beta) platform.beta = kit::SoftwareRelease{.build = beta};
-        store_.builds().note({platform}, at(now));
+        store_.builds().record({platform}, at(now));
     };
-    note(1, "A", "B");
-    note(2, "A", nullptr);
-    note(3, "C", "B");
-    note(4, "A", "B");
+    record(1, "A", "B");
+    record(2, "A", nullptr);
+    record(3, "C", "B");
+    record(4, "A", "B");
     Lines lines;
     for (const auto& seen : store_.builds().newest(10)) {
         lines.push_back(std::string(rawValue(seen.channel)) + " " + seen.release.build + " " +
@@ -111,11 +111,11 @@ TEST_F(TrackerLogsTest, OnlyTheCopiesAskedForLastStay) {
     auto& copies = store_.trackerCopies();
     for (const int second : {3, 1, 2}) {
         const auto name = "quote/" + std::to_string(second);
-        copies.keep(name, {"{}", at(second)});
+        copies.store(name, {"{}", at(second)});
         copies.setHealth(name, {.lastAttempt = at(second)});
     }
-    copies.keep("quotes", {"{}", at(0)});
-    copies.keepLastAsked("quote/", 2);
+    copies.store("quotes", {"{}", at(0)});
+    copies.dropAllButLatest("quote/", 2);
     for (const auto& [name, stays] :
          {std::pair{"quote/1", false}, {"quote/2", true}, {"quote/3", true}, {"quotes", true}}) {
         EXPECT_EQ(copies.find(name).has_value(), stays) << name;

@@ -48,20 +48,20 @@ protected:
 };
 
 TEST_F(ChartHistoryTest, MovesAreThoseSinceTheLastLookOfTheLastDayBefore) {
-    charts_.note(Kind::topFree, chart("abcd"), at(2, 9h));
+    charts_.record(Kind::topFree, chart("abcd"), at(2, 9h));
     EXPECT_EQ(moves("bacd", at(2, 23h)), "b a c d") << "nothing is known of a day before";
-    charts_.note(Kind::topFree, chart("bacd"), at(2, 23h));
-    charts_.note(Kind::topPaid, chart("zzzz"), at(4, 1h));
+    charts_.record(Kind::topFree, chart("bacd"), at(2, 23h));
+    charts_.record(Kind::topPaid, chart("zzzz"), at(4, 1h));
     EXPECT_EQ(moves("xbda", at(5, 1h)), "x! b-1 d+1 a-2") << "days without a look do not count";
-    charts_.note(Kind::topFree, chart("xbda"), at(5, 1h));
+    charts_.record(Kind::topFree, chart("xbda"), at(5, 1h));
     EXPECT_EQ(moves("xbda", at(5, 2h)), "x! b-1 d+1 a-2");
 }
 
 TEST_F(ChartHistoryTest, AnAppsRunKeepsItsBestAndLastRankAndOldDaysGo) {
-    charts_.note(Kind::topFree, chart("z"), at(1, 0h) - std::chrono::days(400));
-    charts_.note(Kind::topFree, chart("ab"), at(2, 9h));
-    charts_.note(Kind::topFree, chart("cba"), at(3, 9h));
-    charts_.note(Kind::topFree, chart("bc"), at(4, 9h));
+    charts_.record(Kind::topFree, chart("z"), at(1, 0h) - std::chrono::days(400));
+    charts_.record(Kind::topFree, chart("ab"), at(2, 9h));
+    charts_.record(Kind::topFree, chart("cba"), at(3, 9h));
+    charts_.record(Kind::topFree, chart("bc"), at(4, 9h));
     std::string text;
     for (const auto& run : charts_.runs(Kind::topFree)) {
         text += run.id + ":" + std::to_string(run.days) + "/" + std::to_string(run.best) + "/" +

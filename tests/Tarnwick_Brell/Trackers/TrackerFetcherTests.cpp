@@ -333,8 +333,8 @@ TEST_F(TrackerFetcherTest, AServerThatWantsToBeLeftAloneIs) {
 }
 
 TEST_F(TrackerFetcherTest, ACopyThatDoesNotReadIsNone) {
-    store_.trackerCopies().keep("releases", {"<html>", now_});
-    store_.trackerCopies().keep("releases/before", {releasesBody("iOS=1"), now_});
+    store_.trackerCopies().store("releases", {"<html>", now_});
+    store_.trackerCopies().store("releases/before", {releasesBody("iOS=1"), now_});
     EXPECT_EQ(TrackerCache(store_).read(files_.releases()),
               (kit::CachedValue<std::vector<kit::PlatformRelease>>()));
     EXPECT_EQ(listOf(releases({.body = releasesBody("iOS=2")})), "iOS=2");

@@ -258,7 +258,7 @@ TEST_F(TrackerStoreTest, WhatAnotherProgramFetchesIsTakenOver) {
     {
         LocalStore other(bench_.library(), Database::Access::readWrite);
         auto transaction = other.transaction();
-        other.trackerCopies().keep("quotes", {boardAnswer({"REEF"}).body, bench_.now()});
+        other.trackerCopies().store("quotes", {boardAnswer({"REEF"}).body, bench_.now()});
         other.trackerCopies().setHealth("quotes", {.lastSuccess = bench_.now()});
         transaction.commit();
     }
@@ -303,7 +303,7 @@ TEST_F(TrackerStoreTest, ChangesAreAnnouncedOnceWhoeverFetchedThemAndOldOnesNotA
         LocalStore other(bench_.library(), Database::Access::readWrite);
         const auto before = kit::SigningStatus::parse(signingBody(""));
         const auto now = kit::SigningStatus::parse(signingBody(version));
-        other.signing().note("iPhone17,3", before, now, bench_.now());
+        other.signing().record("iPhone17,3", before, now, bench_.now());
     };
     change("8+");
     store_->load();
