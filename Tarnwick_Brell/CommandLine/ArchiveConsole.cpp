@@ -2,7 +2,7 @@
 
 #include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Addresses/WebAddress.h"
-#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/NameLookup.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
 

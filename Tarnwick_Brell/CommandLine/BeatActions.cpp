@@ -5,7 +5,7 @@
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "Tarnwick_Brell/CommandLine/BeatMatches.h"
-#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/NameLookup.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"

@@ -62,7 +62,7 @@ boost::json::object objectOf(Session& session, const NamedReading<Entries>& char
         }
         object["entries"] = std::move(list);
     }
-    addNote(object, {chart.reading.fetchedAt, chart.reading.error});
+    addFetchState(object, {chart.reading.fetchedAt, chart.reading.error});
     return object;
 }
 
@@ -100,7 +100,7 @@ int showCharts(Session& session, const ChartsOptions& options) {
             printChart(session, chart);
         }
     }
-    return endTrackers(session, options.stored, notesOf(charts));
+    return finishTrackers(session, options.stored, fetchStatesOf(charts));
 }
 
 void printRuns(Session& session, const std::string& kind, const std::vector<app::ChartRun>& runs) {

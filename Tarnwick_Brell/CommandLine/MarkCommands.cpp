@@ -8,7 +8,7 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
-#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/NameLookup.h"
 #include "Tarnwick_Brell/CommandLine/TimeArgument.h"
 
 namespace cli {
@@ -55,18 +55,18 @@ void printOutcome(Session& session, std::size_t changed, const std::string& sent
 int markNamed(Session& session, const MarkVerb& verb, const IDs& names) {
     auto& store = session.store();
     IDs ids;
-    std::string complaints;
+    std::string errors;
     for (const auto& name : names) {
         try {
             ids.push_back(storyNamed(store, name).story.id);
         } catch (const WrongUsage& unknown) {
-            complaints += (complaints.empty() ? "" : "\n") + std::string(unknown.what());
+            errors += (errors.empty() ? "" : "\n") + std::string(unknown.what());
         }
     }
     const auto marked = verb.apply(store.marks(), ids, session.now());
     for (const auto& id : marked.unknown) {
-        complaints += (complaints.empty() ? "" : "\n") +
-                      fmt::format("The story {} has just left the wire.", id);
+        errors +=
+            (errors.empty() ? "" : "\n") + fmt::format("The story {} has just left the wire.", id);
     }
     const auto rest = ids.size() - marked.unknown.size() - marked.changed;
     std::string sentence;
@@ -78,7 +78,7 @@ int markNamed(Session& session, const MarkVerb& verb, const IDs& names) {
                                 storyCount(rest), rest == 1 ? "was" : "were", verb.already);
     }
     if (!ids.empty() || session.options().json) printOutcome(session, marked.changed, sentence);
-    if (!complaints.empty()) throw WrongUsage(complaints);
+    if (!errors.empty()) throw WrongUsage(errors);
     return kDone;
 }
 

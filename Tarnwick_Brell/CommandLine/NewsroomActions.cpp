@@ -7,7 +7,7 @@
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "NewsroomKit/Queries/TermList.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
-#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/NameLookup.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/RecordLookup.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"

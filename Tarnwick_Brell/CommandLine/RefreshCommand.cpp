@@ -10,7 +10,7 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/BlockingFetcher.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
-#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/NameLookup.h"
 #include "Tarnwick_Brell/CommandLine/RefreshText.h"
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
 #include "Tarnwick_Brell/Desk/SourceRegistry.h"

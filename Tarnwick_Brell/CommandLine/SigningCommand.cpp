@@ -29,7 +29,7 @@ boost::json::object objectOf(const NamedReading<SigningStatus>& device) {
         object["name"] = status->name;
         object["builds"] = kit::encode(status->builds);
     }
-    addNote(object, {device.reading.fetchedAt, device.reading.error});
+    addFetchState(object, {device.reading.fetchedAt, device.reading.error});
     return object;
 }
 
@@ -91,7 +91,7 @@ int showSigning(Session& session, const SigningOptions& options) {
     } else {
         printOverview(out, readings);
     }
-    return endTrackers(session, options.stored, notesOf(readings));
+    return finishTrackers(session, options.stored, fetchStatesOf(readings));
 }
 
 int showHistory(Session& session, const SigningOptions& options) {

@@ -22,31 +22,31 @@ arguments::Option addStoredFlag(arguments::Command& command, bool& isStored) {
                         "Show what the library holds from the last time; use no network");
 }
 
-void failWithoutData(bool isStored, const TrackerNote& note) {
+void failWithoutData(bool isStored, const FetchState& state) {
     if (isStored) {
         throw WorkFailed("The library holds none of this yet. Without --stored it is fetched." +
-                         (note.error ? " The last try failed: " + *note.error : ""));
+                         (state.error ? " The last try failed: " + *state.error : ""));
     }
-    throw WorkFailed(note.error.value_or("Nothing came."));
+    throw WorkFailed(state.error.value_or("Nothing came."));
 }
 
-void addNote(boost::json::object& object, const TrackerNote& note) {
-    if (note.fetchedAt) object["fetchedAt"] = kit::encode(*note.fetchedAt);
-    if (note.error) object["error"] = *note.error;
+void addFetchState(boost::json::object& object, const FetchState& state) {
+    if (state.fetchedAt) object["fetchedAt"] = kit::encode(*state.fetchedAt);
+    if (state.error) object["error"] = *state.error;
 }
 
-int finishTracker(Session& session, bool isStored, const TrackerNote& note) {
-    return endTrackers(session, isStored, {note});
+int finishTracker(Session& session, bool isStored, const FetchState& state) {
+    return finishTrackers(session, isStored, {state});
 }
 
-int endTrackers(Session& session, bool isStored, const std::vector<TrackerNote>& notes) {
+int finishTrackers(Session& session, bool isStored, const std::vector<FetchState>& states) {
     if (!isStored) {
         std::string sentences;
-        for (const auto& note : notes) {
-            if (!note.error) continue;
-            sentences += (sentences.empty() ? "" : "\n") + *note.error;
-            if (note.fetchedAt) {
-                sentences += " What is shown came " + cameText(session, *note.fetchedAt) + ".";
+        for (const auto& state : states) {
+            if (!state.error) continue;
+            sentences += (sentences.empty() ? "" : "\n") + *state.error;
+            if (state.fetchedAt) {
+                sentences += " What is shown came " + cameText(session, *state.fetchedAt) + ".";
             }
         }
         if (!sentences.empty()) throw WorkFailed(sentences);
@@ -54,14 +54,14 @@ int endTrackers(Session& session, bool isStored, const std::vector<TrackerNote>&
     }
     if (session.options().json) return kDone;
     std::optional<kit::Instant> oldest;
-    for (const auto& [fetchedAt, error] : notes) {
+    for (const auto& [fetchedAt, error] : states) {
         if (fetchedAt) oldest = std::min(oldest.value_or(*fetchedAt), *fetchedAt);
     }
     auto& out = session.out();
     out.line("\n" + out.dim("Fetched " +
                             (oldest ? cameText(session, *oldest) : "at an unknown time") + "."));
-    for (const auto& note : notes) {
-        if (note.error) out.line(out.dim("The last try failed: " + printable(*note.error)));
+    for (const auto& state : states) {
+        if (state.error) out.line(out.dim("The last try failed: " + printable(*state.error)));
     }
     return kDone;
 }

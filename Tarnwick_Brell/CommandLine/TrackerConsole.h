@@ -48,33 +48,33 @@ struct TrackerForms {
 };
 
 /// When the shown value was fetched, and what has gone wrong since.
-struct TrackerNote {
+struct FetchState {
     std::optional<kit::Instant> fetchedAt;
     std::optional<std::string> error;
 };
 
 /// Prints when a stored value was fetched, and returns the exit status. Throws WorkFailed when the
 /// value was to be fetched and does not come from this fetch.
-int finishTracker(Session& session, bool isStored, const TrackerNote& note);
+int finishTracker(Session& session, bool isStored, const FetchState& state);
 /// As finishTracker, for several values that are shown together.
-int endTrackers(Session& session, bool isStored, const std::vector<TrackerNote>& notes);
-[[noreturn]] void failWithoutData(bool isStored, const TrackerNote& note);
-void addNote(boost::json::object& object, const TrackerNote& note);
+int finishTrackers(Session& session, bool isStored, const std::vector<FetchState>& states);
+[[noreturn]] void failWithoutData(bool isStored, const FetchState& state);
+void addFetchState(boost::json::object& object, const FetchState& state);
 
 /// Prints the value, and returns the exit status.
 template <class T>
 int showTracker(Session& session, bool isStored, const kit::CachedValue<T>& reading,
                 const TrackerForms<T>& forms) {
-    const TrackerNote note{reading.fetchedAt, reading.error};
-    if (!reading.value) failWithoutData(isStored, note);
+    const FetchState state{reading.fetchedAt, reading.error};
+    if (!reading.value) failWithoutData(isStored, state);
     if (session.options().json) {
         auto object = forms.json(*reading.value);
-        addNote(object, note);
+        addFetchState(object, state);
         session.out().line(boost::json::serialize(object));
     } else {
         forms.text(*reading.value);
     }
-    return finishTracker(session, isStored, note);
+    return finishTracker(session, isStored, state);
 }
 
 /// One of several files that are shown together.
@@ -135,18 +135,18 @@ NamedReadings<T> fetchOrLoadEach(Session& session, bool isStored,
 }
 
 template <class T>
-std::vector<TrackerNote> notesOf(const NamedReadings<T>& readings) {
-    std::vector<TrackerNote> notes;
+std::vector<FetchState> fetchStatesOf(const NamedReadings<T>& readings) {
+    std::vector<FetchState> states;
     for (const auto& [name, reading] : readings) {
-        notes.push_back({reading.fetchedAt, reading.error});
+        states.push_back({reading.fetchedAt, reading.error});
     }
-    return notes;
+    return states;
 }
 
 /// Throws WorkFailed unless there is something to show.
 template <class T>
 void requireSome(const NamedReadings<T>& readings, bool isStored) {
-    TrackerNote failure;
+    FetchState failure;
     for (const auto& [name, reading] : readings) {
         if (reading.value) return;
         if (!failure.error) failure.error = reading.error;

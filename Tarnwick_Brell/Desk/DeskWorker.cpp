@@ -39,7 +39,7 @@ struct DeskWorker::Impl {
         }
     }
 
-    void spawn(Ticket ticket, LongJob job, Failed failed);
+    void spawn(JobID id, LongJob job, Failed failed);
     void repeat(asio::steady_timer& timer, std::chrono::milliseconds pause, Job job, Failed failed);
 
     std::atomic<bool> closing = false;
@@ -49,28 +49,28 @@ struct DeskWorker::Impl {
     FetchStack stack;
     WorkerContext context;
     /// One for each long job under way. A signal must outlive the coroutine that listens.
-    std::map<Ticket, asio::cancellation_signal> cancellations;
+    std::map<JobID, asio::cancellation_signal> cancellations;
     std::list<asio::steady_timer> timers;
     std::thread thread;
 };
 
-void DeskWorker::Impl::spawn(Ticket ticket, LongJob job, Failed failed) {
+void DeskWorker::Impl::spawn(JobID id, LongJob job, Failed failed) {
     if (closing) return;
-    auto& signal = cancellations[ticket];
+    auto& signal = cancellations[id];
     // The coroutine refers to what the job has captured, so the job lives until it ends.
     auto owned = std::make_shared<LongJob>(std::move(job));
-    asio::co_spawn(io, (*owned)(context),
-                   asio::bind_cancellation_slot(signal.slot(),
-                                                [this, ticket, owned, failed = std::move(failed)](
-                                                    const std::exception_ptr& error) {
-                                                    cancellations.erase(ticket);
-                                                    if (!error) return;
-                                                    try {
-                                                        std::rethrow_exception(error);
-                                                    } catch (const std::exception& failure) {
-                                                        failed(failure);
-                                                    }
-                                                }));
+    asio::co_spawn(
+        io, (*owned)(context),
+        asio::bind_cancellation_slot(signal.slot(), [this, id, owned, failed = std::move(failed)](
+                                                        const std::exception_ptr& error) {
+            cancellations.erase(id);
+            if (!error) return;
+            try {
+                std::rethrow_exception(error);
+            } catch (const std::exception& failure) {
+                failed(failure);
+            }
+        }));
 }
 
 void DeskWorker::Impl::repeat(asio::steady_timer& timer, std::chrono::milliseconds pause, Job job,
@@ -94,7 +94,7 @@ DeskWorker::~DeskWorker() {
     impl_->closing = true;
     asio::post(impl_->io, [this] {
         for (auto& timer : impl_->timers) timer.cancel();
-        for (auto& [ticket, signal] : impl_->cancellations) {
+        for (auto& [id, signal] : impl_->cancellations) {
             signal.emit(asio::cancellation_type::terminal);
         }
         impl_->guard.reset();
@@ -108,18 +108,17 @@ void DeskWorker::post(Job job, Failed failed) {
     });
 }
 
-DeskWorker::Ticket DeskWorker::spawn(LongJob job, Failed failed) {
-    const auto ticket = ++lastTicket_;
-    asio::post(impl_->io,
-               [this, ticket, job = std::move(job), failed = std::move(failed)]() mutable {
-                   impl_->spawn(ticket, std::move(job), std::move(failed));
-               });
-    return ticket;
+DeskWorker::JobID DeskWorker::spawn(LongJob job, Failed failed) {
+    const auto id = ++lastJobID_;
+    asio::post(impl_->io, [this, id, job = std::move(job), failed = std::move(failed)]() mutable {
+        impl_->spawn(id, std::move(job), std::move(failed));
+    });
+    return id;
 }
 
-void DeskWorker::cancel(Ticket ticket) {
-    asio::post(impl_->io, [this, ticket] {
-        const auto entry = impl_->cancellations.find(ticket);
+void DeskWorker::cancel(JobID id) {
+    asio::post(impl_->io, [this, id] {
+        const auto entry = impl_->cancellations.find(id);
         if (entry != impl_->cancellations.end()) {
             entry->second.emit(asio::cancellation_type::terminal);
         }

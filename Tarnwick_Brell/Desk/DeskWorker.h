@@ -48,11 +48,11 @@ public:
     /// `failed` is called when the job throws.
     void post(Job job, Failed failed);
 
-    using Ticket = std::uint64_t;
+    using JobID = std::uint64_t;
 
-    /// The same for a coroutine. `cancel` with the ticket ends it.
-    Ticket spawn(LongJob job, Failed failed);
-    void cancel(Ticket ticket);
+    /// The same for a coroutine. `cancel` with the id ends it.
+    JobID spawn(LongJob job, Failed failed);
+    void cancel(JobID id);
 
     /// Runs the job repeatedly, with that pause in between.
     void repeat(std::chrono::milliseconds pause, Job job, Failed failed);
@@ -60,7 +60,7 @@ public:
 private:
     struct Impl;
     std::unique_ptr<Impl> impl_;
-    Ticket lastTicket_ = 0;
+    JobID lastJobID_ = 0;
 };
 
 }  // namespace app

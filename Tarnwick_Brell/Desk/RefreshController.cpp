@@ -89,7 +89,7 @@ void RefreshController::beginWaitingPass() {
 
 void RefreshController::cancel() {
     waiting_.clear();
-    if (pass_) jobs_.worker().cancel(passTicket_);
+    if (pass_) jobs_.worker().cancel(passJob_);
 }
 
 std::vector<kit::NewsSource> RefreshController::sourcesOf(const Request& request) const {
@@ -133,7 +133,7 @@ void RefreshController::beginPass(const Request& request) {
         jobs_.deliver([this, report = std::move(report)] { endPass(report); });
     };
     // Without a report there was no pass: the library could not be written.
-    passTicket_ =
+    passJob_ =
         jobs_.worker().spawn(run, jobs_.reportFailure([this] { endPass({.cancelled = true}); }));
 }
 

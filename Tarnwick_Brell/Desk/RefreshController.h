@@ -85,7 +85,7 @@ private:
     QTimer timer_;
     std::vector<Request> waiting_;
     std::optional<Progress> pass_;
-    DeskWorker::Ticket passTicket_ = 0;
+    DeskWorker::JobID passJob_ = 0;
     bool isWholePass_ = false;  ///< over all enabled sources, not some that were named
     bool lastPassFailed_ = false;
     bool clockSeemsWrong_ = false;

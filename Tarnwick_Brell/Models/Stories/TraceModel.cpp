@@ -63,7 +63,7 @@ void TraceModel::clear() {
 
 void TraceModel::cancel() {
     ++turn_;
-    if (ticket_) desk_.worker().cancel(*std::exchange(ticket_, std::nullopt));
+    if (job_) desk_.worker().cancel(*std::exchange(job_, std::nullopt));
 }
 
 void TraceModel::start() {
@@ -89,12 +89,12 @@ void TraceModel::start() {
         const std::string fault(error.what());
         tell({.failure = isAnswer ? "The answer does not read (" + fault + ")." : fault});
     };
-    ticket_ = desk_.worker().spawn(std::move(job), failed);
+    job_ = desk_.worker().spawn(std::move(job), failed);
     enter(Running);
 }
 
 void TraceModel::take(const Answer& answer) {
-    ticket_.reset();
+    job_.reset();
     if (!answer.result) {
         failure_ = bodyText(answer.failure);
         enter(Failed);

@@ -100,7 +100,7 @@ private:
     std::vector<kit::TraceNode> nodes_;
     GadgetListModel<TraceRow> rows_;
     std::uint64_t turn_ = 0;  ///< answers to earlier questions are dropped
-    std::optional<DeskWorker::Ticket> ticket_;
+    std::optional<DeskWorker::JobID> job_;
     std::shared_ptr<MainThreadQueue> queue_;
 };
 

@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/CommandLine/Naming.h"
+#include "Tarnwick_Brell/CommandLine/NameLookup.h"
 
 #include <fmt/format.h>
 
