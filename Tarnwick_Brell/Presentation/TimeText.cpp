@@ -30,7 +30,7 @@ QString shortDay(const QDateTime& date, Instant now, const Style& style) {
 }
 
 /// Late in the evening "3 h" still says more than a date.
-bool isToldInHours(Instant::duration distance, int days) {
+bool isShownInHours(Instant::duration distance, int days) {
     return distance < hours(12) || days == 0;
 }
 
@@ -47,7 +47,7 @@ QString ageText(Instant then, Instant now, const Style& style) {
     if (passed < hours(1))
         return TimeText::tr("%1 min").arg(duration_cast<minutes>(passed).count());
     const auto days = daysBetween(now, then, style);
-    if (isToldInHours(passed, days))
+    if (isShownInHours(passed, days))
         return TimeText::tr("%1 h").arg(duration_cast<hours>(passed).count());
     if (days == -1) return TimeText::tr("Yesterday");
     return shortDayText(then, now, style);
@@ -62,7 +62,7 @@ QString agoText(Instant then, Instant now, const Style& style) {
         return text.arg(floor<minutes>(distance).count());
     }
     const auto days = daysBetween(now, then, style);
-    if (isToldInHours(distance, days)) {
+    if (isShownInHours(distance, days)) {
         const auto text = isAhead ? TimeText::tr("in %1 h") : TimeText::tr("%1 h ago");
         return text.arg(floor<hours>(distance).count());
     }

@@ -24,11 +24,11 @@ ActionModel::ActionModel(QObject* parent) : QObject(parent) {
         groups.push_back({.title = titleOf(group), .actions = groupRows_.back().get()});
     }
     groups_.setRows(std::move(groups));
-    connect(this, &ActionModel::contextChanged, this, &ActionModel::look);
-    look();
+    connect(this, &ActionModel::contextChanged, this, &ActionModel::refresh);
+    refresh();
 }
 
-void ActionModel::look() {
+void ActionModel::refresh() {
     std::vector<ActionRow> rows;
     std::vector<std::vector<ActionRow>> byGroup(kActionGroups.size());
     for (const auto& entry : actionTable()) {

@@ -107,7 +107,7 @@ signals:
     void triggered(app::DeskAction::Value action);
 
 private:
-    void look();
+    void refresh();
     bool isEnabled(const ActionEntry& entry) const;
     bool isDone(Action action) const;
     ActionRow rowFor(const ActionEntry& entry) const;

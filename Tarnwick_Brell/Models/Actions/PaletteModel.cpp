@@ -35,7 +35,7 @@ PaletteModel::PaletteModel(ActionModel& actions, Places places, NewsDesk& desk, 
       findPlaces_(std::move(places)),
       desk_(desk),
       clock_(std::move(clock)) {
-    connect(&actions_, &ActionModel::contextChanged, this, &PaletteModel::look);
+    connect(&actions_, &ActionModel::contextChanged, this, &PaletteModel::refresh);
 }
 
 void PaletteModel::open() {
@@ -45,7 +45,7 @@ void PaletteModel::open() {
     stories_.clear();
     storiesAreOfText_ = true;
     selected_ = -1;
-    look();
+    refresh();
     select(0);
     emit textChanged();
 }
@@ -55,7 +55,7 @@ void PaletteModel::setText(const QString& text) {
     text_ = text;
     query_ = PaletteQuery(text);
     storiesAreOfText_ = false;
-    look();
+    refresh();
     select(0);
     searchStories();
     emit textChanged();
@@ -71,11 +71,11 @@ void PaletteModel::searchStories() {
                      if (!self || self->text_ != asked) return;
                      self->stories_ = numbers;
                      self->storiesAreOfText_ = true;
-                     self->look();
+                     self->refresh();
                  });
 }
 
-void PaletteModel::look() {
+void PaletteModel::refresh() {
     std::vector<PaletteRow> rows;
     append(rows, actionsOf(ActionGroup::thisStory));
     auto places = placesFound();

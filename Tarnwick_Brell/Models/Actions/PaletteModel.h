@@ -115,7 +115,7 @@ private:
     /// The row and how well it matches.
     using Ranked = std::pair<int, PaletteRow>;
 
-    void look();
+    void refresh();
     void takeRows(std::vector<PaletteRow> rows);
     std::optional<Ranked> rankedAction(const ActionRow& action) const;
     std::optional<Ranked> rankedPlace(const PalettePlace& place) const;

@@ -59,7 +59,7 @@ void BackendPanelModel::update() {
     add(rows, tr("Changes"), content.changes, now());
     add(rows, tr("Newest offers"), content.newest, now());
     rows_.setRows(std::move(rows));
-    become(conditionOf(content.condition, tr("Apple's update catalogue is empty.")));
+    setCondition(conditionOf(content.condition, tr("Apple's update catalogue is empty.")));
 }
 
 }  // namespace app

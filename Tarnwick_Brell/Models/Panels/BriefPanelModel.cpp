@@ -61,16 +61,16 @@ void BriefPanelModel::show() {
     const auto fact = content_->since ? tr("Since %1").arg(momentText(*content_->since, now()))
                                       : tr("Last 24 hours");
     if (rows_.rowCount() > 0) {
-        become({.state = Ready, .fact = fact});
+        setCondition({.state = Ready, .fact = fact});
         return;
     }
     auto hint = extent_.newest
                     ? tr("The newest story is from %1.").arg(momentText(*extent_.newest, now()))
                     : QString();
-    become({.state = Empty,
-            .fact = fact,
-            .message = nothingNewText(*content_),
-            .hint = std::move(hint)});
+    setCondition({.state = Empty,
+                  .fact = fact,
+                  .message = nothingNewText(*content_),
+                  .hint = std::move(hint)});
 }
 
 void BriefPanelModel::open(int index) {

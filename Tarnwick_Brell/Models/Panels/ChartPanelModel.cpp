@@ -55,7 +55,7 @@ void ChartPanelModel::update() {
     std::vector<ChartRow> rows;
     for (const auto& row : content.rows) rows.push_back(rowOf(row));
     rows_.setRows(std::move(rows));
-    become(conditionOf(content.condition, tr("The chart is empty.")));
+    setCondition(conditionOf(content.condition, tr("The chart is empty.")));
 }
 
 }  // namespace app

@@ -65,7 +65,7 @@ void ClaimsPanelModel::show(const std::vector<Claim>& claims, const Extent& exte
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(extent), extent);
+    setReady(rows_.rowCount(), spanFact(extent), extent);
 }
 
 void ClaimsPanelModel::open(int index) {

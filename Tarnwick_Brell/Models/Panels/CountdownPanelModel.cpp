@@ -33,11 +33,11 @@ QString badgeOf(const kit::CountdownRow& event) {
 
 CountdownPanelModel::CountdownPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
     : PanelModel(stores, panel), terms_(panel.options.eventTerms) {
-    connect(&trackers(), &TrackerStore::eventsChanged, this, &CountdownPanelModel::look);
-    look();
+    connect(&trackers(), &TrackerStore::eventsChanged, this, &CountdownPanelModel::refresh);
+    refresh();
 }
 
-void CountdownPanelModel::look() {
+void CountdownPanelModel::refresh() {
     const auto& reading = trackers().events();
     auto condition = conditionOf(reading);
     kit::CountdownContent content;
@@ -54,7 +54,7 @@ void CountdownPanelModel::look() {
                                            : tr("No date is known of what this panel waits for.");
     }
     rows_.setRows(std::move(rows));
-    become(std::move(condition));
+    setCondition(std::move(condition));
 }
 
 void CountdownPanelModel::setNext(const std::optional<kit::CountdownRow>& event) {

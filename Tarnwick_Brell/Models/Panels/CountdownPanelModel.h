@@ -49,11 +49,11 @@ public:
     const QString& time() const { return time_; }
     GadgetListModel<CountdownEventRow>* rows() { return &rows_; }
 
-    void tick() override { look(); }
+    void tick() override { refresh(); }
     void retry() override { trackers().refresh(Tracker::events); }
 
 private:
-    void look();
+    void refresh();
     void setNext(const std::optional<kit::CountdownRow>& event);
     CountdownEventRow rowOf(const kit::CountdownRow& event) const;
 

@@ -30,7 +30,7 @@ void CoveragePanelModel::show(const std::vector<kit::CoverageRow>& outlets, cons
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(extent), extent);
+    setReady(rows_.rowCount(), spanFact(extent), extent);
 }
 
 }  // namespace app

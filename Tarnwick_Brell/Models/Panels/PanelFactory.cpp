@@ -27,7 +27,7 @@ public:
     UncollectedPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
                           const QString& sentence)
         : PanelModel(stores, panel) {
-        become({.state = Empty, .message = sentence});
+        setCondition({.state = Empty, .message = sentence});
     }
 
     QString file() const override { return {}; }

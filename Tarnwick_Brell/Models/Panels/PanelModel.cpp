@@ -30,7 +30,7 @@ PanelModel::PanelModel(const PanelStores& stores) : stores_(stores) {}
 
 QString PanelModel::file() const { return viewFile(*this); }
 
-void PanelModel::become(Condition condition) {
+void PanelModel::setCondition(Condition condition) {
     state_ = condition.state;
     fact_ = std::move(condition.fact);
     message_ = std::move(condition.message);

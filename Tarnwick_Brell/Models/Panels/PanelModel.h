@@ -93,7 +93,7 @@ protected:
     };
 
     /// Emits `changed`, also when only the content is another.
-    void become(Condition condition);
+    void setCondition(Condition condition);
 
     /// The condition of a content in words, with the time of its data as the fact. `nothing` is the
     /// sentence that stands where there are no rows.

@@ -29,8 +29,9 @@ QueryPanelModel::QueryPanelModel(const PanelStores& stores, const kit::PanelSpec
       query_(query),
       panelKind_(panel.kind),
       collector_(collectorOf(stores)) {
-    connect(&news(), &NewsDesk::loadFailed, this,
-            [this](const QString& sentence) { become({.state = Failed, .message = sentence}); });
+    connect(&news(), &NewsDesk::loadFailed, this, [this](const QString& sentence) {
+        setCondition({.state = Failed, .message = sentence});
+    });
 }
 
 QueryPanelModel::~QueryPanelModel() { collector_->remove(subscription_); }
@@ -54,21 +55,21 @@ QString QueryPanelModel::spanFact(const Extent& extent) const {
                        : tr("Last %n days", nullptr, hours / 24);
 }
 
-void QueryPanelModel::becomeReady(int rows, const QString& fact, const Extent& extent) {
+void QueryPanelModel::setReady(int rows, const QString& fact, const Extent& extent) {
     if (rows > 0) {
-        become({.state = Ready, .fact = fact});
+        setCondition({.state = Ready, .fact = fact});
     } else if (!extent.newest) {
-        become({.state = Empty,
-                .fact = fact,
-                .message = noStoryText(panelKind_, query_, extent.now - extent.from)});
+        setCondition({.state = Empty,
+                      .fact = fact,
+                      .message = noStoryText(panelKind_, query_, extent.now - extent.from)});
     } else {
         const auto count = static_cast<int>(extent.stories);
         const auto hint = count == 1 ? tr("The only story that matches is from %1.")
                                      : tr("%n stories match, the newest from %1.", nullptr, count);
-        become({.state = Empty,
-                .fact = fact,
-                .message = nothingOfItText(panelKind_),
-                .hint = hint.arg(momentText(*extent.newest, extent.now))});
+        setCondition({.state = Empty,
+                      .fact = fact,
+                      .message = nothingOfItText(panelKind_),
+                      .hint = hint.arg(momentText(*extent.newest, extent.now))});
     }
 }
 

@@ -68,7 +68,7 @@ protected:
     }
 
     /// Ready, or empty for lack of `rows`, with the sentence of the panel's kind.
-    void becomeReady(int rows, const QString& fact, const Extent& extent);
+    void setReady(int rows, const QString& fact, const Extent& extent);
 
     /// "Last 48 hours", "Last 7 days"; "Since 4 Nov 09:12" when the wire was not read that far.
     QString spanFact(const Extent& extent) const;

@@ -35,7 +35,7 @@ void RecordsPanelModel::update() {
     auto condition = conditionOf(content.condition, tr("No change of signing has been seen yet."));
     if (condition.state == Empty)
         condition.hint = tr("The desk does not read filings and court records yet.");
-    become(std::move(condition));
+    setCondition(std::move(condition));
 }
 
 }  // namespace app

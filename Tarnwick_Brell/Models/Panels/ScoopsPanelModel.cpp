@@ -28,7 +28,7 @@ void ScoopsPanelModel::show(const std::vector<kit::Scoop>& scoops, const Extent&
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(extent), extent);
+    setReady(rows_.rowCount(), spanFact(extent), extent);
 }
 
 void ScoopsPanelModel::open(int index) {

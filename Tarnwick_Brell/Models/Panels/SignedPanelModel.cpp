@@ -47,7 +47,7 @@ void SignedPanelModel::update() {
         for (auto& row : rowsOf(device, now())) rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    become(conditionOf(content.condition));
+    setCondition(conditionOf(content.condition));
 }
 
 }  // namespace app

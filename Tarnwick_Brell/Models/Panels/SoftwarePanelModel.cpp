@@ -44,7 +44,7 @@ void SoftwarePanelModel::update() {
     std::vector<SoftwareRow> rows;
     for (const auto& row : content.rows) rows.push_back(rowOf(row, now()));
     rows_.setRows(std::move(rows));
-    become(conditionOf(content.condition, tr("Nothing is known of these platforms.")));
+    setCondition(conditionOf(content.condition, tr("Nothing is known of these platforms.")));
 }
 
 }  // namespace app

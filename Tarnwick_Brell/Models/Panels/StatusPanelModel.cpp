@@ -70,7 +70,7 @@ void StatusPanelModel::update() {
     auto condition = conditionOf(content.condition);
     // The foot of the body shows it.
     condition.fact.clear();
-    become(std::move(condition));
+    setCondition(std::move(condition));
 }
 
 }  // namespace app

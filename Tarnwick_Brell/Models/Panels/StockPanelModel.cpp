@@ -25,10 +25,10 @@ StockPanelModel::StockPanelModel(const PanelStores& stores, const kit::PanelSpec
     : PanelModel(stores, panel),
       terms_(panel.options.eventTerms),
       range_(kit::enumFromRaw<QuoteRange>(panel.options.stockRange).value_or(QuoteRange::month)) {
-    connect(&trackers(), &TrackerStore::quotesChanged, this, &StockPanelModel::look);
-    connect(&trackers(), &TrackerStore::eventsChanged, this, &StockPanelModel::look);
+    connect(&trackers(), &TrackerStore::quotesChanged, this, &StockPanelModel::refresh);
+    connect(&trackers(), &TrackerStore::eventsChanged, this, &StockPanelModel::refresh);
     if (range_ != trackers().quoteRange()) trackers().readQuote(range_);
-    look();
+    refresh();
 }
 
 QString StockPanelModel::longestPrice() const {
@@ -45,13 +45,13 @@ void StockPanelModel::choose(int range) {
     trackers().setQuoteRange(range_);
     // Which fetches nothing when another panel has changed it to this one before.
     trackers().readQuote(range_);
-    look();
+    refresh();
 }
 
 void StockPanelModel::tick() {
     if (range_ != trackers().quoteRange())
         trackers().readQuote(range_, isOpen_ ? kFreshWhileOpen : kFreshWhileClosed);
-    look();
+    refresh();
 }
 
 void StockPanelModel::retry() {
@@ -59,7 +59,7 @@ void StockPanelModel::retry() {
     if (range_ != trackers().quoteRange()) trackers().readQuote(range_, std::chrono::seconds(0));
 }
 
-void StockPanelModel::look() {
+void StockPanelModel::refresh() {
     const auto* newest = newestShare(trackers());
     const auto& charted = trackers().quote(range_);
     // Without a chart of this range there may still be a price.
@@ -77,7 +77,7 @@ void StockPanelModel::look() {
         }
     }
     showChart(charted);
-    become(std::move(condition));
+    setCondition(std::move(condition));
 }
 
 void StockPanelModel::showPrice(const kit::QuoteContent& content) {

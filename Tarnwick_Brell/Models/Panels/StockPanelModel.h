@@ -72,7 +72,7 @@ public:
 private:
     using Quote = kit::CachedValue<kit::StockQuote>;
 
-    void look();
+    void refresh();
     void showPrice(const kit::QuoteContent& content);
     void showChart(const Quote& quote);
 

@@ -10,24 +10,26 @@ StreamPanelModel::StreamPanelModel(const PanelStores& stores, const kit::PanelSp
       query_(query),
       panelKind_(panel.kind),
       stories_(stores.news, stores.clock) {
-    connect(&stories_, &StoryListModel::countChanged, this, &StreamPanelModel::look);
-    connect(&news(), &NewsDesk::loadFailed, this,
-            [this](const QString& sentence) { become({.state = Failed, .message = sentence}); });
+    connect(&stories_, &StoryListModel::countChanged, this, &StreamPanelModel::updateCondition);
+    connect(&news(), &NewsDesk::loadFailed, this, [this](const QString& sentence) {
+        setCondition({.state = Failed, .message = sentence});
+    });
     stories_.show({.query = query, .isAppleOnly = panel.kind == kit::PanelKind::apple});
 }
 
-void StreamPanelModel::look() {
+void StreamPanelModel::updateCondition() {
     if (stories_.count() > 0) {
         const auto unread = stories_.unread();
-        become({.state = Ready, .fact = unread > 0 ? tr("%n unread", nullptr, unread) : QString()});
+        setCondition(
+            {.state = Ready, .fact = unread > 0 ? tr("%n unread", nullptr, unread) : QString()});
     } else if (!stories_.isComplete()) {
-        become({.state = Loading});
+        setCondition({.state = Loading});
     } else if (news().stories().size() == 0) {
-        become({.state = Empty,
-                .message = tr("No stories yet."),
-                .hint = tr("They come with the first refresh.")});
+        setCondition({.state = Empty,
+                      .message = tr("No stories yet."),
+                      .hint = tr("They come with the first refresh.")});
     } else {
-        become({.state = Empty, .message = noStoryText(panelKind_, query_)});
+        setCondition({.state = Empty, .message = noStoryText(panelKind_, query_)});
     }
 }
 

@@ -20,7 +20,7 @@ public:
     Q_INVOKABLE void open(int row);
 
 private:
-    void look();
+    void updateCondition();
 
     kit::StoryQuery query_;
     kit::PanelKind panelKind_;

@@ -34,12 +34,12 @@ SupplierRow rowOf(const kit::BoardRow& share) {
 
 SuppliersPanelModel::SuppliersPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
     : PanelModel(stores, panel) {
-    connect(&trackers(), &TrackerStore::boardChanged, this, &SuppliersPanelModel::look);
-    connect(&trackers(), &TrackerStore::quotesChanged, this, &SuppliersPanelModel::look);
-    look();
+    connect(&trackers(), &TrackerStore::boardChanged, this, &SuppliersPanelModel::refresh);
+    connect(&trackers(), &TrackerStore::quotesChanged, this, &SuppliersPanelModel::refresh);
+    refresh();
 }
 
-void SuppliersPanelModel::look() {
+void SuppliersPanelModel::refresh() {
     const auto& reading = trackers().board();
     auto condition = conditionOf(reading);
     std::vector<SupplierRow> rows;
@@ -59,7 +59,7 @@ void SuppliersPanelModel::look() {
         condition.message = tr("The board of suppliers is empty.");
     }
     rows_.setRows(std::move(rows));
-    become(std::move(condition));
+    setCondition(std::move(condition));
 }
 
 }  // namespace app

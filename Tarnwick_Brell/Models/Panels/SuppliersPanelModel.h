@@ -53,11 +53,11 @@ public:
 
     GadgetListModel<SupplierRow>* rows() { return &rows_; }
 
-    void tick() override { look(); }
+    void tick() override { refresh(); }
     void retry() override { trackers().refresh(Tracker::board); }
 
 private:
-    void look();
+    void refresh();
 
     GadgetListModel<SupplierRow> rows_;
 };

@@ -31,7 +31,7 @@ void TopStoriesPanelModel::show(const std::vector<kit::TopStory>& stories, const
         rows.push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    becomeReady(rows_.rowCount(), spanFact(extent), extent);
+    setReady(rows_.rowCount(), spanFact(extent), extent);
 }
 
 void TopStoriesPanelModel::open(int index) {

@@ -44,7 +44,7 @@ double fontPixels() {
 Appearance::Appearance(Defaults& defaults, QDBusConnection bus)
     : defaults_(defaults), bus_(std::move(bus)) {
     qApp->installEventFilter(this);
-    look();
+    refresh();
     if (bus_.isConnected()) askDesktop();
 }
 
@@ -64,20 +64,20 @@ void Appearance::askDesktop() {
         const QDBusPendingReply<PortalSettings::Settings> answer(*watcher);
         if (answer.isError()) return;
         desktop_.take(answer.value());
-        look();
+        refresh();
     });
 }
 
 void Appearance::settingChanged(const QString& group, const QString& key,
                                 const QDBusVariant& value) {
     desktop_.take(group, key, value.variant());
-    look();
+    refresh();
 }
 
 bool Appearance::eventFilter(QObject* watched, QEvent* event) {
     const bool isLook = event->type() == QEvent::ApplicationPaletteChange ||
                         event->type() == QEvent::ApplicationFontChange;
-    if (watched == qApp && isLook) look();
+    if (watched == qApp && isLook) refresh();
     return QObject::eventFilter(watched, event);
 }
 
@@ -90,12 +90,12 @@ void Appearance::setChoice(Choice choice) {
     } catch (const StoreError& error) {
         emit failed(QString::fromUtf8(error.what()));
     }
-    look();
+    refresh();
 }
 
-void Appearance::reload() { look(); }
+void Appearance::reload() { refresh(); }
 
-void Appearance::look() {
+void Appearance::refresh() {
     const auto choices = SettingKey::named(SettingKey::kAppearance)->choices;
     const auto place = std::ranges::find(choices, defaults_.appearance()) - choices.begin();
     Look look{.choice = static_cast<Choice>(place),

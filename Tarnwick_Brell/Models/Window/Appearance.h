@@ -62,7 +62,7 @@ private:
     };
 
     void askDesktop();
-    void look();
+    void refresh();
 
     Defaults& defaults_;
     QDBusConnection bus_;

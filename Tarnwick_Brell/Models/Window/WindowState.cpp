@@ -111,7 +111,7 @@ void WindowState::attach(QWindow* window) {
 
 /// Only before saving: while a window is being maximised, it is large for a moment before it
 /// is told that it is maximised.
-void WindowState::lookAtWindow() {
+void WindowState::updateFrame() {
     if (!window_ || !window_->isVisible()) return;
     const auto shown = window_->windowState();
     if (shown == Qt::WindowMinimized) return;
@@ -122,25 +122,25 @@ void WindowState::lookAtWindow() {
 void WindowState::setSidebarWidth(int width) {
     auto state = now_;
     state.sidebarWidth = std::clamp(width, kLeastSidebar, kMostSidebar);
-    become(state);
+    setState(state);
 }
 
 void WindowState::setSidebarShown(bool shown) {
     auto state = now_;
     state.sidebarShown = shown;
-    become(state);
+    setState(state);
 }
 
 void WindowState::setListWidth(int width) {
     auto state = now_;
     state.listWidth = std::clamp(width, kLeastList, kMostList);
-    become(state);
+    setState(state);
 }
 
 void WindowState::setReader(Reader reader) {
     auto state = now_;
     state.reader = reader;
-    become(state);
+    setState(state);
 }
 
 void WindowState::moveReader() {
@@ -150,17 +150,17 @@ void WindowState::moveReader() {
 void WindowState::setPlace(const QString& key) {
     auto state = now_;
     state.place = key;
-    become(state);
+    setState(state);
 }
 
 void WindowState::setCollapsed(const QString& group, bool collapsed) {
     auto state = now_;
     state.collapsedGroups.removeAll(group);
     if (collapsed) state.collapsedGroups << group;
-    become(state);
+    setState(state);
 }
 
-void WindowState::become(const State& state) {
+void WindowState::setState(const State& state) {
     if (state == now_) return;
     now_ = state;
     saving_.start();
@@ -169,7 +169,7 @@ void WindowState::become(const State& state) {
 
 void WindowState::save() {
     saving_.stop();
-    lookAtWindow();
+    updateFrame();
     if (now_ == kept_) return;
     kept_ = now_;
     try {

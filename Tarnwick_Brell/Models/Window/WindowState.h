@@ -87,8 +87,8 @@ private:
 
     static State read(const Defaults::Memory& memory);
     static Defaults::Memory written(const State& state);
-    void become(const State& state);
-    void lookAtWindow();
+    void setState(const State& state);
+    void updateFrame();
 
     Defaults& defaults_;
     QPointer<QWindow> window_;
