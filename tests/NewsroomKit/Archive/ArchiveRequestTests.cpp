@@ -53,21 +53,21 @@ TEST(ArchiveAddresses, OnlyTheCommasBetweenStoriesStayCommas) {
 }
 
 TEST(StoryArchiveAPI, EachOperationHasItsAddressAndAFailureIsTheClients) {
-    test::TestServer bench;
-    const StoryArchiveAPI archive{archiveBaseAt("https://desk.example//"), bench.client};
-    const TraceAPI tracing{archive.base, bench.client};
+    test::TestServer harness;
+    const StoryArchiveAPI archive{archiveBaseAt("https://desk.example//"), harness.client};
+    const TraceAPI tracing{archive.base, harness.client};
     const std::string folder = "/wp-json/tb-archive/v1/";
     const std::string credits = R"({"credits":{},"pending":[]})";
-    bench.script.on("desk.example", folder + "stories?after=1&before=2&offset=3&limit=4",
-                    {{.body = R"({"total":0,"offset":3,"items":[]})"}});
-    bench.script.on("desk.example", folder + "status",
-                    {{.body = R"({"complete":true,"sources":[]})"}});
-    bench.script.on("desk.example", folder + "credits?urls=a,b",
-                    {{.body = credits + std::string(kArchiveByteLimit - credits.size(), ' ')},
-                     {.body = credits + std::string(kArchiveByteLimit + 1 - credits.size(), ' ')},
-                     {.status = 404}});
-    bench.script.on("desk.example", folder + "trace?url=a",
-                    {{.body = R"({"url":"a","nodes":[]})"}});
+    harness.script.on("desk.example", folder + "stories?after=1&before=2&offset=3&limit=4",
+                      {{.body = R"({"total":0,"offset":3,"items":[]})"}});
+    harness.script.on("desk.example", folder + "status",
+                      {{.body = R"({"complete":true,"sources":[]})"}});
+    harness.script.on("desk.example", folder + "credits?urls=a,b",
+                      {{.body = credits + std::string(kArchiveByteLimit - credits.size(), ' ')},
+                       {.body = credits + std::string(kArchiveByteLimit + 1 - credits.size(), ' ')},
+                       {.status = 404}});
+    harness.script.on("desk.example", folder + "trace?url=a",
+                      {{.body = R"({"url":"a","nodes":[]})"}});
     EXPECT_EQ(outcome(archive.stories({1.5, 2}, 3, 4)), "answer");
     EXPECT_EQ(outcome(archive.status()), "answer");
     EXPECT_EQ(outcome(tracing.trace("a")), "answer");
@@ -77,7 +77,7 @@ TEST(StoryArchiveAPI, EachOperationHasItsAddressAndAFailureIsTheClients) {
          {HTTPClientError{Kind::tooLarge}, HTTPClientError{Kind::status, 404}}) {
         EXPECT_EQ(outcome(archive.credits({"a", "b"})), description(error));
     }
-    const StoryArchiveAPI insecure{archiveBaseAt("http://desk.example"), bench.client};
+    const StoryArchiveAPI insecure{archiveBaseAt("http://desk.example"), harness.client};
     EXPECT_EQ(outcome(insecure.status()), description(HTTPClientError{Kind::notHTTPS}));
 }
 

@@ -83,24 +83,24 @@ void waitUntil(const std::function<bool()>& condition) {
 }
 
 TEST(Cancellation, endsARequestInFlight) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
+    TestServer harness;
+    harness.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
     asio::thread_pool pool(1);
     PendingFetch fetch(pool.get_executor());
-    fetch.start(bench.client, "https://feeds.example/");
-    waitUntil([&] { return bench.server.hits() == 1; });
+    fetch.start(harness.client, "https://feeds.example/");
+    waitUntil([&] { return harness.server.hits() == 1; });
     fetch.cancel();
     pool.join();
     EXPECT_EQ(fetch.outcome(), "Cancelled");
-    EXPECT_EQ(bench.server.hits(), 1U);
+    EXPECT_EQ(harness.server.hits(), 1U);
 }
 
 TEST(Cancellation, endsARequestThatIsStillQueued) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
+    TestServer harness;
+    harness.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
     asio::io_context io;
     PendingFetch fetch(io.get_executor());
-    fetch.start(bench.client, "https://feeds.example/");
+    fetch.start(harness.client, "https://feeds.example/");
     fetch.cancel();
     io.run_for(5s);
     EXPECT_TRUE(fetch.finished());
@@ -110,24 +110,24 @@ TEST(Cancellation, endsARequestThatIsStillQueued) {
 TEST(Cancellation, endsThePauseBeforeARetry) {
     auto patient = impatient();
     patient.retryPause = 1h;
-    TestServer bench(patient);
-    bench.script.on("feeds.example", "/", {{.status = 503}});
+    TestServer harness(patient);
+    harness.script.on("feeds.example", "/", {{.status = 503}});
     asio::thread_pool pool(1);
     PendingFetch fetch(pool.get_executor());
-    fetch.start(bench.client, "https://feeds.example/");
-    waitUntil([&] { return bench.server.hits() == 1; });
+    fetch.start(harness.client, "https://feeds.example/");
+    waitUntil([&] { return harness.server.hits() == 1; });
     fetch.cancelAfter(50ms);
     pool.join();
     EXPECT_EQ(fetch.outcome(), "Cancelled");
-    EXPECT_EQ(bench.server.hits(), 1U);
+    EXPECT_EQ(harness.server.hits(), 1U);
 }
 
 TEST(CurlTransport, endsEverythingInFlightWhenItGoesWellUnderASecond) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
+    TestServer harness;
+    harness.script.on("feeds.example", "/", {{.delivery = {.neverAnswers = true}}});
     auto transport = std::make_unique<CurlTransport>(
-        CurlTransport::Options{.connectTo = "127.0.0.1:" + std::to_string(bench.server.port()),
-                               .caFile = bench.authorityFile()});
+        CurlTransport::Options{.connectTo = "127.0.0.1:" + std::to_string(harness.server.port()),
+                               .caFile = harness.authorityFile()});
     HTTPClient client(*transport, impatient());
     asio::thread_pool pool(2);
     std::vector<std::unique_ptr<PendingFetch>> fetches;
@@ -135,7 +135,7 @@ TEST(CurlTransport, endsEverythingInFlightWhenItGoesWellUnderASecond) {
         fetches.push_back(std::make_unique<PendingFetch>(asio::make_strand(pool)));
         fetches.back()->start(client, "https://feeds.example/");
     }
-    waitUntil([&] { return bench.server.hits() == fetches.size(); });
+    waitUntil([&] { return harness.server.hits() == fetches.size(); });
     const auto start = Clock::now();
     transport.reset();
     pool.join();
@@ -144,24 +144,24 @@ TEST(CurlTransport, endsEverythingInFlightWhenItGoesWellUnderASecond) {
 }
 
 TEST(CurlTransport, keepsItsConnections) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/", {{.body = "news"}});
+    TestServer harness;
+    harness.script.on("feeds.example", "/", {{.body = "news"}});
     for (int i = 0; i < 20; ++i) {
-        ASSERT_EQ(bench.outcome("https://feeds.example/"), "fresh: news");
+        ASSERT_EQ(harness.outcome("https://feeds.example/"), "fresh: news");
     }
-    EXPECT_EQ(bench.server.connections(), 1U);
+    EXPECT_EQ(harness.server.connections(), 1U);
 }
 
 TEST(CurlTransport, carriesTwoHundredWaitingRequestsOnOneThread) {
-    TestServer bench;
+    TestServer harness;
     asio::thread_pool pool(1);
     std::vector<std::unique_ptr<PendingFetch>> fetches;
     const auto start = Clock::now();
     for (int i = 0; i < 200; ++i) {
         const auto host = "feed-" + std::to_string(i) + ".example";
-        bench.script.on(host, "/", {{.body = host, .delivery = {.delay = 2s}}});
+        harness.script.on(host, "/", {{.body = host, .delivery = {.delay = 2s}}});
         fetches.push_back(std::make_unique<PendingFetch>(asio::make_strand(pool)));
-        fetches.back()->start(bench.client, "https://" + host + "/");
+        fetches.back()->start(harness.client, "https://" + host + "/");
     }
     pool.join();
     EXPECT_LT(Clock::now() - start, 20s);  // one after the other they would take 400 s
@@ -171,7 +171,7 @@ TEST(CurlTransport, carriesTwoHundredWaitingRequestsOnOneThread) {
 }
 
 TEST(CurlTransport, answersEveryOneOfManyRequestsCancelledAtRandom) {
-    TestServer bench(impatient(), {.threads = 2});
+    TestServer harness(impatient(), {.threads = 2});
     const std::vector<pressroom::Response> answers{
         {.body = "news"},
         {.status = 304},
@@ -189,9 +189,9 @@ TEST(CurlTransport, answersEveryOneOfManyRequestsCancelledAtRandom) {
     std::vector<std::unique_ptr<PendingFetch>> fetches;
     for (std::size_t i = 0; i < 200; ++i) {
         const auto host = "feed-" + std::to_string(i) + ".example";
-        bench.script.on(host, "/", {answers[i % answers.size()]});
+        harness.script.on(host, "/", {answers[i % answers.size()]});
         fetches.push_back(std::make_unique<PendingFetch>(asio::make_strand(pool)));
-        fetches.back()->start(bench.client, "https://" + host + "/");
+        fetches.back()->start(harness.client, "https://" + host + "/");
         fetches.back()->cancelAfter(std::chrono::milliseconds(milliseconds(dice)));
     }
     pool.join();
@@ -203,8 +203,8 @@ TEST(CurlTransport, answersEveryOneOfManyRequestsCancelledAtRandom) {
 
 /// Names really are looked up here, through the stand-in for the system's resolver.
 TEST(NameLookups, thatFailAreToldFromServersThatDo) {
-    TestServer bench;
-    CurlTransport transport({.caFile = bench.authorityFile()});
+    TestServer harness;
+    CurlTransport transport({.caFile = harness.authorityFile()});
     HTTPClient client(transport, impatient());
     const auto done = exchange(client, "https://unknown.example/");
     EXPECT_EQ(outcomeText(done.result), "The server's name can't be found.");
@@ -213,12 +213,12 @@ TEST(NameLookups, thatFailAreToldFromServersThatDo) {
 
 TEST(NameLookups, thatNeverEndHoldUpNobodyElse) {
     const BlackHole hole("black-hole.example");
-    TestServer bench;
-    bench.script.on("127.0.0.1", "/", {{.body = "news"}});
+    TestServer harness;
+    harness.script.on("127.0.0.1", "/", {{.body = "news"}});
     auto configuration = impatient();
     configuration.requestTimeout = 300ms;
-    std::optional<CurlTransport> transport(std::in_place,
-                                           CurlTransport::Options{.caFile = bench.authorityFile()});
+    std::optional<CurlTransport> transport(
+        std::in_place, CurlTransport::Options{.caFile = harness.authorityFile()});
     HTTPClient client(*transport, configuration);
     HTTPClient patient(*transport, impatient());
     asio::thread_pool pool(1);
@@ -230,7 +230,7 @@ TEST(NameLookups, thatNeverEndHoldUpNobodyElse) {
     left.start(patient, "https://black-hole.example/");
     waitUntil([&] { return hole.visitors() >= 3; });
 
-    const auto url = "https://127.0.0.1:" + std::to_string(bench.server.port()) + "/";
+    const auto url = "https://127.0.0.1:" + std::to_string(harness.server.port()) + "/";
     const auto start = Clock::now();
     while (!timedOut.finished()) {
         ASSERT_EQ(outcomeText(exchange(client, url).result), "fresh: news");

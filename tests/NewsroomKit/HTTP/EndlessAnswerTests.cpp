@@ -83,13 +83,13 @@ TEST(EndlessAnswers, CannotComeAsFramesOfHTTP2WhichIsNotSpoken) {
 }
 
 TEST(EndlessAnswers, HeadersOfAllRedirectsCountTogether) {
-    TestServer bench;
+    TestServer harness;
     pressroom::Response onward{.status = 302, .headers = {{"Location", "/"}}};
     for (int i = 0; i < 40; ++i) onward.headers.emplace_back("X-Line", std::string(2000, 'a'));
-    bench.script.on("feeds.example", "/", {onward, onward, onward, onward, {.body = "news"}});
-    EXPECT_EQ(bench.outcome("https://feeds.example/"), kTooLarge);
-    bench.script.on("feeds.example", "/", {onward, onward, {.body = "news"}});
-    EXPECT_EQ(bench.outcome("https://feeds.example/"), "fresh: news");
+    harness.script.on("feeds.example", "/", {onward, onward, onward, onward, {.body = "news"}});
+    EXPECT_EQ(harness.outcome("https://feeds.example/"), kTooLarge);
+    harness.script.on("feeds.example", "/", {onward, onward, {.body = "news"}});
+    EXPECT_EQ(harness.outcome("https://feeds.example/"), "fresh: news");
 }
 
 }  // namespace

@@ -17,29 +17,29 @@ using namespace std::chrono_literals;
 using pressroom::Response;
 
 TEST(HTTPClient, refusesAnythingButHTTPSWithoutTraffic) {
-    TestServer bench;
+    TestServer harness;
     for (const char* url : {"http://feeds.example/", "file:///etc/passwd", "feeds.example",
                             "HTTP://feeds.example/", "httpss://feeds.example/", "https", ""}) {
-        EXPECT_EQ(bench.outcome(url), "The address isn't secure (https).") << url;
+        EXPECT_EQ(harness.outcome(url), "The address isn't secure (https).") << url;
     }
-    EXPECT_EQ(bench.server.connections(), 0U);
+    EXPECT_EQ(harness.server.connections(), 0U);
 }
 
 TEST(HTTPClient, takesTheSchemeInAnyLetterCase) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/a", {{.body = "news"}});
-    EXPECT_EQ(bench.outcome("HttpS://feeds.example/a"), "fresh: news");
+    TestServer harness;
+    harness.script.on("feeds.example", "/a", {{.body = "news"}});
+    EXPECT_EQ(harness.outcome("HttpS://feeds.example/a"), "fresh: news");
 }
 
 TEST(HTTPClient, refusesAddressesThatNamePlacesNobodyCouldAsk) {
-    TestServer bench;
+    TestServer harness;
     for (const std::string& url : {std::string("https://"), std::string("https://exa mple/"),
                                    std::string("https://feeds.example/\r\nCookie: a"),
                                    std::string("https://feeds.example/\0b", 24),
                                    "https://x/" + std::string(9'000'000, 'a')}) {
-        EXPECT_EQ(bench.outcome(url), "The address can't be read.") << url.substr(0, 40);
+        EXPECT_EQ(harness.outcome(url), "The address can't be read.") << url.substr(0, 40);
     }
-    EXPECT_EQ(bench.server.connections(), 0U);
+    EXPECT_EQ(harness.server.connections(), 0U);
 }
 
 TEST(HTTPClient, acceptsABodyOfExactlyTheLimitAndNotOneByteMore) {
@@ -56,41 +56,41 @@ TEST(HTTPClient, acceptsABodyOfExactlyTheLimitAndNotOneByteMore) {
         {"gzipped", {}, true},
     };
     for (const auto& [name, delivery, gzipped] : cases) {
-        TestServer bench;
+        TestServer harness;
         Response response{.body = gzipped ? pressroom::gzip(body) : body, .delivery = delivery};
         if (gzipped) response.headers = {{"Content-Encoding", "gzip"}};
-        bench.script.on("feeds.example", "/", {response});
-        EXPECT_EQ(bench.outcome("https://feeds.example/", Conditional::no, body.size()),
+        harness.script.on("feeds.example", "/", {response});
+        EXPECT_EQ(harness.outcome("https://feeds.example/", Conditional::no, body.size()),
                   "fresh: " + body)
             << name;
-        EXPECT_EQ(bench.outcome("https://feeds.example/", Conditional::no, body.size() - 1),
+        EXPECT_EQ(harness.outcome("https://feeds.example/", Conditional::no, body.size() - 1),
                   "The response was larger than the safety limit.")
             << name;
     }
 }
 
 TEST(HTTPClient, failsOnAnAnnouncedLengthOverTheLimitBeforeReading) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/",
-                    {{.body = std::string(2000, 'x'),
-                      .delivery = {.trickleBytes = 1, .trickleInterval = 20s}}});
-    const auto done = bench.exchange("https://feeds.example/");
+    TestServer harness;
+    harness.script.on("feeds.example", "/",
+                      {{.body = std::string(2000, 'x'),
+                        .delivery = {.trickleBytes = 1, .trickleInterval = 20s}}});
+    const auto done = harness.exchange("https://feeds.example/");
     EXPECT_EQ(outcomeText(done.result), "The response was larger than the safety limit.");
     EXPECT_LT(done.record.elapsed, 5s);
 }
 
 TEST(HTTPClient, stopsAGzipBombAtTheLimitOfItsDecodedBytes) {
-    TestServer bench;
+    TestServer harness;
     const auto bomb = pressroom::gzip(std::string(50'000'000, '\0'));
-    bench.script.on("feeds.example", "/",
-                    {{.headers = {{"Content-Encoding", "gzip"}}, .body = bomb}});
-    const auto done = bench.exchange("https://feeds.example/", Conditional::no, 1'000'000);
+    harness.script.on("feeds.example", "/",
+                      {{.headers = {{"Content-Encoding", "gzip"}}, .body = bomb}});
+    const auto done = harness.exchange("https://feeds.example/", Conditional::no, 1'000'000);
     EXPECT_EQ(outcomeText(done.result), "The response was larger than the safety limit.");
     EXPECT_LT(done.record.bytesOnWire, 100'000U);
 }
 
 TEST(HTTPClient, judgesTheStatusBeforeTheSizeAndTheSizeBeforeTheEmptiness) {
-    TestServer bench;
+    TestServer harness;
     const std::string large(2000, 'x');
     struct Case {
         Response response;
@@ -110,18 +110,18 @@ TEST(HTTPClient, judgesTheStatusBeforeTheSizeAndTheSizeBeforeTheEmptiness) {
         {{.status = 599}, "The server answered 599."},
     };
     for (const auto& [response, outcome] : cases) {
-        bench.script.on("feeds.example", "/a", {response});
-        EXPECT_EQ(bench.outcome("https://feeds.example/a"), outcome) << response.status;
+        harness.script.on("feeds.example", "/a", {response});
+        EXPECT_EQ(harness.outcome("https://feeds.example/a"), outcome) << response.status;
     }
 }
 
 TEST(HTTPClient, doesNotWaitForTheBodyOfARefusal) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/",
-                    {{.status = 404,
-                      .body = "gone, slowly",
-                      .delivery = {.trickleBytes = 1, .trickleInterval = 20s}}});
-    const auto done = bench.exchange("https://feeds.example/");
+    TestServer harness;
+    harness.script.on("feeds.example", "/",
+                      {{.status = 404,
+                        .body = "gone, slowly",
+                        .delivery = {.trickleBytes = 1, .trickleInterval = 20s}}});
+    const auto done = harness.exchange("https://feeds.example/");
     EXPECT_EQ(outcomeText(done.result), "The server answered 404.");
     EXPECT_LT(done.record.elapsed, 5s);
 }
@@ -144,36 +144,36 @@ TEST(HTTPClient, triesOnceMoreAfterAFailureThatMayPass) {
         {{.body = "ne", .delivery = {.closeAfter = 1}}, 2, "fresh: news"},
     };
     for (const auto& [first, hits, outcome] : cases) {
-        TestServer bench;
-        bench.script.on("feeds.example", "/", {first, {.body = "news"}});
-        const auto done = bench.exchange("https://feeds.example/");
+        TestServer harness;
+        harness.script.on("feeds.example", "/", {first, {.body = "news"}});
+        const auto done = harness.exchange("https://feeds.example/");
         EXPECT_EQ(outcomeText(done.result), outcome) << first.status;
-        EXPECT_EQ(bench.server.hits("feeds.example", "/"), hits) << first.status;
+        EXPECT_EQ(harness.server.hits("feeds.example", "/"), hits) << first.status;
         EXPECT_EQ(done.record.attempts, static_cast<int>(hits)) << first.status;
     }
 }
 
 TEST(HTTPClient, reportsTheSecondFailureAndTriesNoThirdTime) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/", {{.status = 503}, {.status = 500}, {.body = "late"}});
-    EXPECT_EQ(bench.outcome("https://feeds.example/"), "The server answered 500.");
-    EXPECT_EQ(bench.server.hits(), 2U);
+    TestServer harness;
+    harness.script.on("feeds.example", "/", {{.status = 503}, {.status = 500}, {.body = "late"}});
+    EXPECT_EQ(harness.outcome("https://feeds.example/"), "The server answered 500.");
+    EXPECT_EQ(harness.server.hits(), 2U);
 }
 
 TEST(HTTPClient, pausesBetweenHalfASecondAndEightTenthsBeforeItTriesAgain) {
-    TestServer bench(HTTPClient::Configuration{});
-    bench.script.on("feeds.example", "/", {{.status = 503}, {.body = "news"}});
-    const auto done = bench.exchange("https://feeds.example/");
+    TestServer harness(HTTPClient::Configuration{});
+    harness.script.on("feeds.example", "/", {{.status = 503}, {.body = "news"}});
+    const auto done = harness.exchange("https://feeds.example/");
     EXPECT_EQ(outcomeText(done.result), "fresh: news");
     EXPECT_GE(done.record.elapsed, 500ms);
     EXPECT_LT(done.record.elapsed, 5s);
 }
 
 TEST(HTTPClient, saysWhoItIsAndWantsNothingStale) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/a?b=c%20d", {{.body = "news"}});
-    ASSERT_EQ(bench.outcome("https://feeds.example/a?b=c%20d"), "fresh: news");
-    const auto asked = bench.script.requests("feeds.example", "/a?b=c%20d").at(0);
+    TestServer harness;
+    harness.script.on("feeds.example", "/a?b=c%20d", {{.body = "news"}});
+    ASSERT_EQ(harness.outcome("https://feeds.example/a?b=c%20d"), "fresh: news");
+    const auto asked = harness.script.requests("feeds.example", "/a?b=c%20d").at(0);
     EXPECT_EQ(asked.header("user-agent"),
               "TarnwickBrell/1.0 (Macintosh; macOS) +https://tarnwick-brell.example/");
     EXPECT_EQ(asked.header("cache-control"), "no-cache");
@@ -188,24 +188,24 @@ std::string validatorsOf(const pressroom::Request& request) {
 }
 
 TEST(HTTPClient, asksConditionallyWithThePairOfTheLastAnswerAsAWhole) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/",
-                    {{.headers = {{"ETag", "\"1\""}, {"Last-Modified", "Monday"}}, .body = "one"},
-                     {.status = 304, .headers = {{"ETag", "\"not kept\""}}},
-                     {.headers = {{"ETag", "W/\"2\""}}, .body = "two"},
-                     {.status = 404, .headers = {{"ETag", "\"not kept\""}}},
-                     {.headers = {{"Last-Modified", "Tuesday"}}, .body = "three"},
-                     {.body = "four"},
-                     {.body = "five"}});
+    TestServer harness;
+    harness.script.on("feeds.example", "/",
+                      {{.headers = {{"ETag", "\"1\""}, {"Last-Modified", "Monday"}}, .body = "one"},
+                       {.status = 304, .headers = {{"ETag", "\"not kept\""}}},
+                       {.headers = {{"ETag", "W/\"2\""}}, .body = "two"},
+                       {.status = 404, .headers = {{"ETag", "\"not kept\""}}},
+                       {.headers = {{"Last-Modified", "Tuesday"}}, .body = "three"},
+                       {.body = "four"},
+                       {.body = "five"}});
     std::vector<std::string> outcomes;
     for (int i = 0; i < 7; ++i) {
-        outcomes.push_back(bench.outcome("https://feeds.example/", Conditional::yes));
+        outcomes.push_back(harness.outcome("https://feeds.example/", Conditional::yes));
     }
     EXPECT_EQ(outcomes, (std::vector<std::string>{"fresh: one", "not modified", "fresh: two",
                                                   "The server answered 404.", "fresh: three",
                                                   "fresh: four", "fresh: five"}));
     std::vector<std::string> sent;
-    for (const auto& request : bench.script.requests("feeds.example", "/")) {
+    for (const auto& request : harness.script.requests("feeds.example", "/")) {
         sent.push_back(validatorsOf(request));
     }
     EXPECT_EQ(sent, (std::vector<std::string>{"- -", "\"1\" Monday", "\"1\" Monday", "W/\"2\" -",
@@ -213,23 +213,24 @@ TEST(HTTPClient, asksConditionallyWithThePairOfTheLastAnswerAsAWhole) {
 }
 
 TEST(HTTPClient, neitherSendsNorStoresValidatorsUnconditionally) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/", {{.headers = {{"ETag", "\"1\""}}, .body = "news"}});
-    bench.client.validators().store("https://feeds.example/", {.entityTag = "\"kept\""});
-    ASSERT_EQ(bench.outcome("https://feeds.example/", Conditional::no), "fresh: news");
-    EXPECT_EQ(validatorsOf(bench.script.requests("feeds.example", "/").at(0)), "- -");
-    EXPECT_EQ(bench.client.validators().find("https://feeds.example/").entityTag, "\"kept\"");
+    TestServer harness;
+    harness.script.on("feeds.example", "/", {{.headers = {{"ETag", "\"1\""}}, .body = "news"}});
+    harness.client.validators().store("https://feeds.example/", {.entityTag = "\"kept\""});
+    ASSERT_EQ(harness.outcome("https://feeds.example/", Conditional::no), "fresh: news");
+    EXPECT_EQ(validatorsOf(harness.script.requests("feeds.example", "/").at(0)), "- -");
+    EXPECT_EQ(harness.client.validators().find("https://feeds.example/").entityTag, "\"kept\"");
 }
 
 TEST(HTTPClient, keepsTheStoredPairWhenTheNewBodyIsRefused) {
-    TestServer bench;
-    bench.script.on("feeds.example", "/",
-                    {{.headers = {{"ETag", "\"2\""}}, .body = std::string(2000, 'x')},
-                     {.headers = {{"ETag", "\"3\""}}},
-                     {.headers = {{"ETag", "\"4\""}}, .body = "x", .delivery = {.hangsUp = true}}});
-    bench.client.validators().store("https://feeds.example/", {.entityTag = "\"1\""});
-    for (int i = 0; i < 3; ++i) bench.outcome("https://feeds.example/", Conditional::yes);
-    EXPECT_EQ(bench.client.validators().find("https://feeds.example/").entityTag, "\"1\"");
+    TestServer harness;
+    harness.script.on(
+        "feeds.example", "/",
+        {{.headers = {{"ETag", "\"2\""}}, .body = std::string(2000, 'x')},
+         {.headers = {{"ETag", "\"3\""}}},
+         {.headers = {{"ETag", "\"4\""}}, .body = "x", .delivery = {.hangsUp = true}}});
+    harness.client.validators().store("https://feeds.example/", {.entityTag = "\"1\""});
+    for (int i = 0; i < 3; ++i) harness.outcome("https://feeds.example/", Conditional::yes);
+    EXPECT_EQ(harness.client.validators().find("https://feeds.example/").entityTag, "\"1\"");
 }
 
 TEST(HTTPClient, reportsHowLongTheServerWantsToBeLeftAlone) {
@@ -251,11 +252,11 @@ TEST(HTTPClient, reportsHowLongTheServerWantsToBeLeftAlone) {
         {503, "31536000000", 31'536'000'000s},
         {500, "120", std::nullopt},
     };
-    TestServer bench;
+    TestServer harness;
     for (const auto& [status, header, pause] : cases) {
-        bench.script.on("feeds.example", "/",
-                        {{.status = status, .headers = {{"Retry-After", header}}}});
-        const auto record = bench.exchange("https://feeds.example/").record;
+        harness.script.on("feeds.example", "/",
+                          {{.status = status, .headers = {{"Retry-After", header}}}});
+        const auto record = harness.exchange("https://feeds.example/").record;
         EXPECT_EQ(record.retryAfter.has_value(), pause.has_value()) << status << " " << header;
         if (pause && record.retryAfter) {
             EXPECT_LE(std::chrono::abs(*record.retryAfter - *pause), 5s) << header;
@@ -269,20 +270,21 @@ TEST(HTTPClient, reportsHowLongTheServerWantsToBeLeftAlone) {
         {{.body = "news"}, std::nullopt},
     };
     for (const auto& [second, pause] : seconds) {
-        bench.script.on("feeds.example", "/", {pausing, second});
-        EXPECT_EQ(bench.exchange("https://feeds.example/").record.retryAfter, pause)
+        harness.script.on("feeds.example", "/", {pausing, second});
+        EXPECT_EQ(harness.exchange("https://feeds.example/").record.retryAfter, pause)
             << second.status;
     }
-    bench.script.on("feeds.example", "/", {{.status = 429}});
-    EXPECT_EQ(bench.exchange("https://feeds.example/").record.retryAfter, std::nullopt);
+    harness.script.on("feeds.example", "/", {{.status = 429}});
+    EXPECT_EQ(harness.exchange("https://feeds.example/").record.retryAfter, std::nullopt);
 }
 
 TEST(HTTPClient, countsTheBytesAsTheyWereOnTheWireOverAllAttempts) {
-    TestServer bench;
+    TestServer harness;
     const auto packed = pressroom::gzip(std::string(100'000, 'x'));
-    bench.script.on("feeds.example", "/",
-                    {{.status = 503}, {.headers = {{"Content-Encoding", "gzip"}}, .body = packed}});
-    const auto record = bench.exchange("https://feeds.example/", Conditional::no, 100'000).record;
+    harness.script.on(
+        "feeds.example", "/",
+        {{.status = 503}, {.headers = {{"Content-Encoding", "gzip"}}, .body = packed}});
+    const auto record = harness.exchange("https://feeds.example/", Conditional::no, 100'000).record;
     EXPECT_EQ(record.status, 200);
     EXPECT_GT(record.bytesOnWire, packed.size());
     EXPECT_LT(record.bytesOnWire, packed.size() + 1000);

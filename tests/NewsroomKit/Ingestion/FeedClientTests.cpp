@@ -44,7 +44,7 @@ protected:
     }
 
     void serve(const std::string& host, const std::string& target, Response response) {
-        bench_.script.on(host, target, {std::move(response)});
+        harness_.script.on(host, target, {std::move(response)});
     }
 
     void run() {
@@ -61,12 +61,12 @@ protected:
         return "unchanged";
     }
 
-    TestServer bench_;
+    TestServer harness_;
     CanonicalLinks links_;
     StoryConversion conversion_{links_};
     asio::thread_pool workers_{2};
     asio::io_context io_;
-    FeedClient client_{bench_.client,
+    FeedClient client_{harness_.client,
                        conversion_,
                        workers_,
                        [] { return parseISO8601("2026-11-20T12:00:00Z").value(); },
@@ -110,7 +110,7 @@ TEST_F(FeedClientTest, AWebPageLeadsToItsFeed) {
     // A page that names itself, or leads from page to page, ends.
     serve("loop.example", "/", {.body = "<link rel='alternate' type='rss' href='/'>"});
     EXPECT_EQ(text(fetch("https://loop.example/")), "The address didn't return a feed.");
-    EXPECT_EQ(bench_.server.hits("loop.example"), 1u);
+    EXPECT_EQ(harness_.server.hits("loop.example"), 1u);
 }
 
 TEST_F(FeedClientTest, APageWhoseFeedIsOfNoUseSaysWhichFeedAndWhy) {
@@ -232,14 +232,14 @@ TEST_F(FeedClientTest, ABodyThatDidNotParseIsAskedForAgainInFull) {
     serve("a.example", "/feed", tagged(feedOf(1)));
     fetch("https://a.example/feed");
     fetch("https://a.example/feed");
-    auto requests = bench_.script.requests("a.example", "/feed");
+    auto requests = harness_.script.requests("a.example", "/feed");
     ASSERT_EQ(requests.size(), 2u);
     EXPECT_EQ(requests[1].header("if-none-match"), "\"1\"");
 
     serve("a.example", "/feed", tagged("<html>"));
     fetch("https://a.example/feed");
     fetch("https://a.example/feed");
-    requests = bench_.script.requests("a.example", "/feed");
+    requests = harness_.script.requests("a.example", "/feed");
     EXPECT_FALSE(requests.back().header("if-none-match"));
 }
 

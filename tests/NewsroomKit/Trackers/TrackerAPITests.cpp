@@ -129,25 +129,26 @@ TEST(StockQuote, ItsTimesAreWrittenInTheStyleAskedForAndReadBack) {
 }
 
 TEST(TrackerAPI, SymbolsReachTheServiceUnharmed) {
-    test::TestServer bench;
-    const TrackerAPI api{.base = TrackerAPI::baseAt("https://desk.example/"), .http = bench.client};
+    test::TestServer harness;
+    const TrackerAPI api{.base = TrackerAPI::baseAt("https://desk.example/"),
+                         .http = harness.client};
     const std::pair<const char*, const char*> symbols[] = {{"^GSPC", "%5EGSPC"},
                                                            {"BRK.B", "BRK.B"},
                                                            {"005930.KS", "005930.KS"},
                                                            {"EURUSD=X", "EURUSD%3DX"},
                                                            {"a b&c+d/é", "a%20b%26c%2Bd%2F%C3%A9"}};
     for (const auto& [symbol, encoded] : symbols) {
-        bench.script.on("desk.example",
-                        std::string("/wp-json/tb-wire/v1/quote?range=1y&symbol=") + encoded,
-                        {{.body = quote(R"("range":"1y","points":[])")}});
+        harness.script.on("desk.example",
+                          std::string("/wp-json/tb-wire/v1/quote?range=1y&symbol=") + encoded,
+                          {{.body = quote(R"("range":"1y","points":[])")}});
         const auto result = outcome(api.quote(symbol, QuoteRange::year));
         EXPECT_TRUE(result.has_value()) << symbol << ": " << result.error().description();
     }
 }
 
 TEST(AppleStatusAPI, EachAudienceHasItsFileAndAFailureIsTheClients) {
-    test::TestServer bench;
-    const AppleStatusAPI api{.http = bench.client};
+    test::TestServer harness;
+    const AppleStatusAPI api{.http = harness.client};
     const auto firstService = [&](StatusFeed audience) {
         const auto result = outcome(api.fetch(audience));
         return result ? result.value().at(0).name : result.error().description();
@@ -156,12 +157,12 @@ TEST(AppleStatusAPI, EachAudienceHasItsFileAndAFailureIsTheClients) {
     const auto file = [](const std::string& name) {
         return "call({\"services\":[{\"serviceName\":\"" + name + "\",\"events\":[]}]});";
     };
-    bench.script.on("www.apple.com", folder + "system_status_en_US.js", {{.body = file("Mail")}});
-    bench.script.on("www.apple.com", folder + "developer/system_status_en_US.js",
-                    {{.body = file("Forums")},
-                     {.status = 404},
-                     {.status = 304},
-                     {.body = std::string(AppleStatusAPI::kByteLimit + 1, ' ')}});
+    harness.script.on("www.apple.com", folder + "system_status_en_US.js", {{.body = file("Mail")}});
+    harness.script.on("www.apple.com", folder + "developer/system_status_en_US.js",
+                      {{.body = file("Forums")},
+                       {.status = 404},
+                       {.status = 304},
+                       {.body = std::string(AppleStatusAPI::kByteLimit + 1, ' ')}});
     EXPECT_EQ(firstService(StatusFeed::consumer), "Mail");
     EXPECT_EQ(firstService(StatusFeed::developer), "Forums");
     using Kind = HTTPClientError::Kind;
@@ -172,15 +173,15 @@ TEST(AppleStatusAPI, EachAudienceHasItsFileAndAFailureIsTheClients) {
 }
 
 TEST(SignalsAPI, EachIsAskedForAtItsHostAndRefusedAboveSixMebibytes) {
-    test::TestServer bench;
-    const SignalsAPI api{bench.client};
+    test::TestServer harness;
+    const SignalsAPI api{harness.client};
     const std::string device = R"({"name":"iPhone","firmwares":[]})";
-    bench.script.on("api.ipsw.me", "/v4/device/iPhone17,3?type=ipsw", {{.body = device}});
-    bench.script.on("api.ipsw.me", "/v4/device/a%2Fb%3Fc?type=ipsw",
-                    {{.body = device + std::string(SignalsAPI::kByteLimit, ' ')}});
-    bench.script.on("gdmf.apple.com", "/v2/pmv", {{.body = R"({"PublicAssetSets":{}})"}});
-    bench.script.on("rss.marketingtools.apple.com", "/api/v2/us/apps/top-paid/25/apps.json",
-                    {{.body = R"({"feed":{"results":[]}})"}});
+    harness.script.on("api.ipsw.me", "/v4/device/iPhone17,3?type=ipsw", {{.body = device}});
+    harness.script.on("api.ipsw.me", "/v4/device/a%2Fb%3Fc?type=ipsw",
+                      {{.body = device + std::string(SignalsAPI::kByteLimit, ' ')}});
+    harness.script.on("gdmf.apple.com", "/v2/pmv", {{.body = R"({"PublicAssetSets":{}})"}});
+    harness.script.on("rss.marketingtools.apple.com", "/api/v2/us/apps/top-paid/25/apps.json",
+                      {{.body = R"({"feed":{"results":[]}})"}});
     EXPECT_EQ(outcome(api.signingStatus("iPhone17,3")).value().name, "iPhone");
     EXPECT_TRUE(outcome(api.updateOffers()).has_value());
     EXPECT_TRUE(outcome(api.chart(AppStoreCharts::Kind::topPaid)).has_value());

@@ -25,8 +25,8 @@ protected:
     }
 
     void open() {
-        desk_ = std::make_unique<NewsDesk>(bench_.library(), bench_.network(), defaults_,
-                                           bench_.clock());
+        desk_ = std::make_unique<NewsDesk>(harness_.library(), harness_.network(), defaults_,
+                                           harness_.clock());
         desk_->onNewStories(
             [this](const auto& news) { announced_.push_back(Announcement::of(news)); });
         QObject::connect(desk_.get(), &NewsDesk::failed,
@@ -57,7 +57,7 @@ protected:
 
     /// What another program would see.
     StoredStory stored(const std::string& id) {
-        return LocalStore(bench_.library(), Database::Access::readOnly)
+        return LocalStore(harness_.library(), Database::Access::readOnly)
             .stories()
             .findByID(id, 1)
             .at(0);
@@ -73,18 +73,18 @@ protected:
 
     std::string idAt(std::size_t place) const { return std::string(desk_->stories()[place].id()); }
 
-    TestDesk bench_{{"a.example", "b.example"}};
-    Defaults defaults_{bench_.folder.path() / "settings.ini"};
+    TestDesk harness_{{"a.example", "b.example"}};
+    Defaults defaults_{harness_.folder.path() / "settings.ini"};
     std::vector<Announcement> announced_;
     std::vector<std::string> failures_;
     std::unique_ptr<NewsDesk> desk_;
 };
 
 TEST_F(NewsDeskTest, AFirstFetchIsSilentAndLaterNewsIsAnnounced) {
-    bench_.serve("a.example",
-                 {TestDesk::feed("a.example", 61, 63), TestDesk::feed("a.example", 61, 65),
-                  TestDesk::feed("a.example", 66, 90)});
-    bench_.serve("b.example", {TestDesk::feed("b.example", 1, 2)});
+    harness_.serve("a.example",
+                   {TestDesk::feed("a.example", 61, 63), TestDesk::feed("a.example", 61, 65),
+                    TestDesk::feed("a.example", 66, 90)});
+    harness_.serve("b.example", {TestDesk::feed("b.example", 1, 2)});
     open();
     EXPECT_EQ(desk_->sources().size(), 47u);
     EXPECT_EQ(desk_->enabledSourceIDs().size(), 2u);
@@ -93,7 +93,7 @@ TEST_F(NewsDeskTest, AFirstFetchIsSilentAndLaterNewsIsAnnounced) {
     EXPECT_EQ(desk_->stories().size(), 5u);
     EXPECT_TRUE(announced_.empty());
     EXPECT_EQ(desk_->sourceStatus("a.example").storyCount, 3);
-    EXPECT_EQ(desk_->firstSeen(idAt(0)), bench_.now());
+    EXPECT_EQ(desk_->firstSeen(idAt(0)), harness_.now());
 
     refresh();
     ASSERT_EQ(announced_.size(), 1u);
@@ -106,12 +106,12 @@ TEST_F(NewsDeskTest, AFirstFetchIsSilentAndLaterNewsIsAnnounced) {
     EXPECT_EQ(announced_[1].total, 25u);
     EXPECT_EQ(announced_[1].stories.size(), 20u);
     EXPECT_TRUE(announced_[1].isSummary());
-    EXPECT_EQ(desk_->lastArrival(), bench_.now());
+    EXPECT_EQ(desk_->lastArrival(), harness_.now());
     EXPECT_FALSE(desk_->lastPassFailed());
 }
 
 TEST_F(NewsDeskTest, MarksHoldAtOnceAreKeptAndAllReadCanBeTakenBack) {
-    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 6)});
+    harness_.serve("a.example", {TestDesk::feed("a.example", 1, 6)});
     open();
     refresh();
     const auto first = idAt(0), second = idAt(1), third = idAt(2);
@@ -137,23 +137,23 @@ TEST_F(NewsDeskTest, MarksHoldAtOnceAreKeptAndAllReadCanBeTakenBack) {
 }
 
 TEST_F(NewsDeskTest, EveryProgramTakesBackTheSameLastChangeOfMarks) {
-    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 4)});
+    harness_.serve("a.example", {TestDesk::feed("a.example", 1, 4)});
     open();
     refresh();
-    LocalStore other(bench_.library(), Database::Access::readWrite);
+    LocalStore other(harness_.library(), Database::Access::readWrite);
     std::vector<std::int64_t> all;
     for (std::size_t i = 0; i < 4; ++i) all.push_back(desk_->stories()[i].number());
     desk_->setRead({idAt(0)}, true);
     EXPECT_FALSE(desk_->canUndo()) << "what is read by the way is nothing to take back";
     EXPECT_EQ(desk_->markAllRead(all), 3u);
     ASSERT_TRUE(until([&] { return other.marks().canUndo(); }));
-    EXPECT_EQ(other.marks().undoLastChange(bench_.now())->numbers.size(), 3u);
+    EXPECT_EQ(other.marks().undoLastChange(harness_.now())->numbers.size(), 3u);
     EXPECT_TRUE(until([&] { return unreadCount() == 3; }));
     EXPECT_TRUE(until([&] { return !desk_->canUndo(); }));
 
     desk_->setSaved({idAt(1)}, true);
     ASSERT_TRUE(until([&] { return other.marks().canUndo(); }));
-    EXPECT_EQ(other.marks().markAllRead({}, bench_.now()), 3u);
+    EXPECT_EQ(other.marks().markAllRead({}, harness_.now()), 3u);
     EXPECT_TRUE(desk_->undoMarks()) << "before this desk has noticed the other's change";
     EXPECT_TRUE(until([&] { return desk_->isSaved(idAt(1)) && unreadCount() == 3; }));
     EXPECT_FALSE(other.marks().canUndo());
@@ -166,20 +166,20 @@ TEST_F(NewsDeskTest, EveryProgramTakesBackTheSameLastChangeOfMarks) {
 }
 
 TEST_F(NewsDeskTest, AMarkThatCannotBeWrittenIsRolledBackWithItsUndo) {
-    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 3)});
+    harness_.serve("a.example", {TestDesk::feed("a.example", 1, 3)});
     open();
     refresh();
     const auto first = idAt(0), second = idAt(1), third = idAt(2);
     desk_->setRead({first}, true, Undoable::yes);
-    LocalStore other(bench_.library(), Database::Access::readWrite);
+    LocalStore other(harness_.library(), Database::Access::readWrite);
     ASSERT_TRUE(until([&] { return other.marks().canUndo(); }));
-    Database(bench_.library(), Database::Access::readWrite)
+    Database(harness_.library(), Database::Access::readWrite)
         .execute("CREATE TRIGGER refuse BEFORE INSERT ON marks BEGIN SELECT RAISE(ABORT, ''); END");
     for (const bool saved : {true, false, true}) desk_->setSaved({second}, saved);
     EXPECT_TRUE(until([&] { return failures_.size() == 2; }));
     EXPECT_FALSE(desk_->isSaved(second));
 
-    other.stories().dropBeyond(2, bench_.now());
+    other.stories().dropBeyond(2, harness_.now());
     failures_.clear();
     desk_->setSaved({third}, true);
     EXPECT_TRUE(until([&] { return failures_.size() == 1; }));
@@ -195,78 +195,78 @@ TEST_F(NewsDeskTest, AMarkThatCannotBeWrittenIsRolledBackWithItsUndo) {
 TEST_F(NewsDeskTest, NoClockThatLeapsTakesStoriesFromTheWireOrAnnouncesThemAgain) {
     for (const auto leap : {24h * 800, -24h * 800}) {
         SCOPED_TRACE(leap.count());
-        const auto truth = bench_.now();
-        bench_.serve("a.example", {TestDesk::dated(TestDesk::feed("a.example", 60, 99), truth)});
+        const auto truth = harness_.now();
+        harness_.serve("a.example", {TestDesk::dated(TestDesk::feed("a.example", 60, 99), truth)});
         open();
         refresh();
         desk_.reset();
         announced_.clear();
 
-        bench_.pass(leap);
+        harness_.pass(leap);
         open();
         EXPECT_EQ(desk_->stories().size(), 40u) << "at the start, before any server was asked";
         refresh();
         EXPECT_TRUE(desk_->clockSeemsWrong());
         EXPECT_EQ(desk_->stories().size(), 40u);
-        desk_->markLeft(bench_.now());
-        bench_.serve("a.example", {TestDesk::dated({.status = 500}, truth)});
+        desk_->markLeft(harness_.now());
+        harness_.serve("a.example", {TestDesk::dated({.status = 500}, truth)});
         refresh();
         EXPECT_EQ(desk_->stories().size(), 40u);
-        bench_.pass(-leap);
-        bench_.serve("a.example", {TestDesk::dated(TestDesk::feed("a.example", 60, 99), truth)});
+        harness_.pass(-leap);
+        harness_.serve("a.example", {TestDesk::dated(TestDesk::feed("a.example", 60, 99), truth)});
         refresh();
         EXPECT_FALSE(desk_->clockSeemsWrong());
         EXPECT_EQ(desk_->stories().size(), 40u);
         EXPECT_TRUE(announced_.empty());
         desk_.reset();
         open();
-        EXPECT_LE(desk_->newSince(), bench_.now());
+        EXPECT_LE(desk_->newSince(), harness_.now());
         desk_.reset();
     }
 }
 
 TEST_F(NewsDeskTest, AtTheStartTheClockIsBelievedUpToWhereServersLastConfirmedIt) {
-    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 99)});
+    harness_.serve("a.example", {TestDesk::feed("a.example", 1, 99)});
     open();
     refresh();
     EXPECT_EQ(desk_->stories().size(), 99u);
     desk_.reset();
     defaults_.set("storyRetentionDays", "1");
-    bench_.serve("a.example", {{.delivery = {.hangsUp = true}}});
-    bench_.pass(24h * 800);
+    harness_.serve("a.example", {{.delivery = {.hangsUp = true}}});
+    harness_.pass(24h * 800);
     open();
     EXPECT_EQ(desk_->stories().size(), 24u);
 }
 
 TEST_F(NewsDeskTest, AChangeThatCannotBeWrittenIsTakenBackAndTold) {
-    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 2)});
+    harness_.serve("a.example", {TestDesk::feed("a.example", 1, 2)});
     open();
     refresh();
-    Database(bench_.library(), Database::Access::readWrite).execute("DROP TABLE marks");
+    Database(harness_.library(), Database::Access::readWrite).execute("DROP TABLE marks");
     desk_->setRead({idAt(0)}, true);
     EXPECT_TRUE(desk_->isRead(idAt(0)));
     EXPECT_TRUE(until([&] { return !failures_.empty() && !desk_->isRead(idAt(0)); }));
 }
 
 TEST_F(NewsDeskTest, WhatAnotherProgramChangesIsFollowed) {
-    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 2)});
+    harness_.serve("a.example", {TestDesk::feed("a.example", 1, 2)});
     open();
     refresh();
     const auto id = idAt(1);
     {
-        LocalStore other(bench_.library(), Database::Access::readWrite);
+        LocalStore other(harness_.library(), Database::Access::readWrite);
         auto transaction = other.transaction();
         kit::Story story{.id = "ff",
                          .link = "https://c.example/",
                          .title = "From outside",
-                         .publishedAt = bench_.now(),
+                         .publishedAt = harness_.now(),
                          .sourceID = "c",
                          .sourceName = "C"};
-        other.merging().merge(std::vector{story}, {.seen = bench_.now()},
+        other.merging().merge(std::vector{story}, {.seen = harness_.now()},
                               other.state().nextStamp());
         other.sources().setEnabled("b.example", false);
         transaction.commit();
-        other.marks().save(std::vector<std::string>{id}, bench_.now());
+        other.marks().save(std::vector<std::string>{id}, harness_.now());
     }
     EXPECT_TRUE(until([&] { return desk_->isSaved(id); }));
     EXPECT_EQ(desk_->stories()[0].title(), "From outside");
@@ -276,8 +276,8 @@ TEST_F(NewsDeskTest, WhatAnotherProgramChangesIsFollowed) {
 }
 
 TEST_F(NewsDeskTest, APassCanBeCancelledAndADeskClosesWhateverHangs) {
-    bench_.serve("a.example", {{.delivery = {.neverAnswers = true}}});
-    bench_.serve("b.example", {TestDesk::feed("b.example", 1, 2)});
+    harness_.serve("a.example", {{.delivery = {.neverAnswers = true}}});
+    harness_.serve("b.example", {TestDesk::feed("b.example", 1, 2)});
     open();
     if (!desk_->isRefreshing()) desk_->refreshAll();
     EXPECT_TRUE(until([&] { return desk_->progress().done == 1; }));
@@ -295,7 +295,7 @@ TEST_F(NewsDeskTest, APassCanBeCancelledAndADeskClosesWhateverHangs) {
 }
 
 TEST_F(NewsDeskTest, SourcesAreAddedRenamedSwitchedAndRemoved) {
-    bench_.serve("new.example", {TestDesk::feed("new.example", 1, 2)});
+    harness_.serve("new.example", {TestDesk::feed("new.example", 1, 2)});
     open();
     std::optional<SourceAdder::Added> added;
     desk_->addSource("https://new.example/feed", [&](const auto& result) { added = result; });
@@ -317,7 +317,7 @@ TEST_F(NewsDeskTest, SourcesAreAddedRenamedSwitchedAndRemoved) {
 }
 
 TEST_F(NewsDeskTest, OfSearchesInARowOnlyTheLastIsAnswered) {
-    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 12)});
+    harness_.serve("a.example", {TestDesk::feed("a.example", 1, 12)});
     open();
     refresh();
     std::vector<std::size_t> answers;
@@ -330,7 +330,7 @@ TEST_F(NewsDeskTest, OfSearchesInARowOnlyTheLastIsAnswered) {
 }
 
 TEST_F(NewsDeskTest, StoriesPastRetentionGoExceptSavedOnes) {
-    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 90)});
+    harness_.serve("a.example", {TestDesk::feed("a.example", 1, 90)});
     open();
     refresh();
     EXPECT_EQ(desk_->stories().size(), 90u);
@@ -338,7 +338,7 @@ TEST_F(NewsDeskTest, StoriesPastRetentionGoExceptSavedOnes) {
     defaults_.set("storyRetentionDays", "1");
     refresh();
     EXPECT_EQ(desk_->stories().size(), 15u + 1u);
-    EXPECT_EQ(LocalStore(bench_.library(), Database::Access::readOnly).stories().count(), 16u);
+    EXPECT_EQ(LocalStore(harness_.library(), Database::Access::readOnly).stories().count(), 16u);
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ protected:
             sources.back().minimumInterval = minimumInterval_;
         }
         const PassSettings settings{.scope = scope, .retention = retention_};
-        RefreshPass pass(store_, engine_, bench_.clock(), settings, {});
+        RefreshPass pass(store_, engine_, harness_.clock(), settings, {});
         auto report = asio::co_spawn(io_, pass.run(sources), asio::use_future);
         io_.restart();
         io_.run();
@@ -63,10 +63,10 @@ protected:
         return newest.value();
     }
 
-    TestDesk bench_{{}};
-    LocalStore store_{bench_.library(), Database::Access::readWrite};
+    TestDesk harness_{{}};
+    LocalStore store_{harness_.library(), Database::Access::readWrite};
     asio::io_context io_;
-    FetchStack engine_{bench_.network(), kit::Conditional::yes, bench_.clock()};
+    FetchStack engine_{harness_.network(), kit::Conditional::yes, harness_.clock()};
     double minimumInterval_ = 0;
     std::chrono::duration<double> retention_ = 365 * 24h;
 };
@@ -74,22 +74,22 @@ protected:
 const Response kUnreachable{.delivery = {.hangsUp = true}};
 
 TEST_F(RefreshPassTest, NoSourceIsBlamedWhenNoneAnswers) {
-    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 2), kUnreachable});
-    bench_.serve("b.example", {TestDesk::feed("b.example", 1, 2), kUnreachable});
+    harness_.serve("a.example", {TestDesk::feed("a.example", 1, 2), kUnreachable});
+    harness_.serve("b.example", {TestDesk::feed("b.example", 1, 2), kUnreachable});
     refresh({"a.example", "b.example"});
     const auto before = store_.sources().statuses();
-    bench_.pass(10min);
+    harness_.pass(10min);
     const auto report = refresh({"a.example", "b.example"});
     EXPECT_TRUE(report.offline);
     EXPECT_EQ(of(report, "a.example").kind, Kind::failed);
     EXPECT_TRUE(of(report, "a.example").error.has_value());
     EXPECT_EQ(store_.sources().statuses(), before);
 
-    bench_.serve("c.example", {TestDesk::feed("c.example", 1, 2)});
+    harness_.serve("c.example", {TestDesk::feed("c.example", 1, 2)});
     const auto other = refresh({"a.example", "b.example", "c.example"});
     EXPECT_FALSE(other.offline);
     const auto health = store_.sources().healths();
-    EXPECT_EQ(health.at("a.example").failingSince, bench_.now()) << "others were reached";
+    EXPECT_EQ(health.at("a.example").failingSince, harness_.now()) << "others were reached";
     EXPECT_FALSE(health.at("c.example").failingSince.has_value());
     EXPECT_FALSE(refresh({"a.example"}).offline) << "one silent server is no network";
 }
@@ -105,57 +105,57 @@ TEST_F(RefreshPassTest, AHostThatAsksForPeaceIsLeftAloneForAsLongAsItSaysButAnHo
          {Case{"600", 12min, true}, Case{"864000", 61min, true}, Case{"0", 1min, false}}) {
         const auto host = "h" + std::to_string(++number) + ".example";
         const Response busy{.status = 429, .headers = {{"Retry-After", retryAfter}}};
-        bench_.serve(host, {busy, busy, TestDesk::feed(host, 1, 1)});
+        harness_.serve(host, {busy, busy, TestDesk::feed(host, 1, 1)});
         EXPECT_EQ(of(refresh({host}), host).kind, Kind::failed) << retryAfter;
-        const auto asked = bench_.requestsOf(host);
-        bench_.pass(1min);
+        const auto asked = harness_.requestsOf(host);
+        harness_.pass(1min);
         const auto again = refresh({host});
         EXPECT_EQ(of(again, host).kind, isPaused ? Kind::paused : Kind::stories) << retryAfter;
-        EXPECT_EQ(bench_.requestsOf(host), isPaused ? asked : asked + 1) << retryAfter;
+        EXPECT_EQ(harness_.requestsOf(host), isPaused ? asked : asked + 1) << retryAfter;
         if (isPaused) {
-            EXPECT_LE(*of(again, host).pausedUntil, bench_.now() + 1h) << retryAfter;
+            EXPECT_LE(*of(again, host).pausedUntil, harness_.now() + 1h) << retryAfter;
         }
-        bench_.pass(after);
+        harness_.pass(after);
         EXPECT_EQ(of(refresh({host}), host).kind, Kind::stories) << retryAfter;
     }
 }
 
 TEST_F(RefreshPassTest, AFeedThatOnlyEverIsUnchangedComesInFullOnceADay) {
     const auto feed = TestDesk::feed("a.example", 1, 2);
-    bench_.serve("a.example", {feed, {.status = 304}});
+    harness_.serve("a.example", {feed, {.status = 304}});
     refresh({"a.example"});
     for (int hour = 1; hour < 24; hour += 8) {
-        bench_.pass(8h - 1min);
+        harness_.pass(8h - 1min);
         EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::unchanged);
-        EXPECT_TRUE(bench_.lastRequestWasConditional("a.example")) << hour;
+        EXPECT_TRUE(harness_.lastRequestWasConditional("a.example")) << hour;
     }
-    bench_.pass(10min);
+    harness_.pass(10min);
     refresh({"a.example"});
-    EXPECT_FALSE(bench_.lastRequestWasConditional("a.example"));
+    EXPECT_FALSE(harness_.lastRequestWasConditional("a.example"));
 }
 
 TEST_F(RefreshPassTest, IntervalsHoldThroughClockChangesAndCanBeOverridden) {
     minimumInterval_ = 1800;
-    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 2)});
+    harness_.serve("a.example", {TestDesk::feed("a.example", 1, 2)});
     refresh({"a.example"});
-    bench_.pass(10min);
+    harness_.pass(10min);
     EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::notDue);
     EXPECT_EQ(of(refresh({"a.example"}, PassScope::named), "a.example").kind, Kind::stories);
-    bench_.pass(-24h);
+    harness_.pass(-24h);
     EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::stories)
         << "a clock that was set back silences nobody";
 }
 
 TEST_F(RefreshPassTest, OldItemsPublishedAnewAreMarkedUnlessTheDeskWasAwayForLong) {
-    bench_.serve("a.example",
-                 {TestDesk::feed("a.example", 1, 2), TestDesk::feed("a.example", 1, 60),
-                  TestDesk::feed("a.example", 61, 99), TestDesk::feed("a.example", -99, 0)});
+    harness_.serve("a.example",
+                   {TestDesk::feed("a.example", 1, 2), TestDesk::feed("a.example", 1, 60),
+                    TestDesk::feed("a.example", 61, 99), TestDesk::feed("a.example", -99, 0)});
     EXPECT_FALSE(of(refresh({"a.example"}), "a.example").merged.bulk);
     const auto second = refresh({"a.example"});
     EXPECT_TRUE(of(second, "a.example").merged.bulk);
     EXPECT_EQ(of(second, "a.example").merged.added, 58u);
     EXPECT_FALSE(of(refresh({"a.example"}), "a.example").merged.bulk) << "39 are no crowd";
-    bench_.pass(50h);
+    harness_.pass(50h);
     const auto later = refresh({"a.example"});
     EXPECT_EQ(of(later, "a.example").merged.added, 100u);
     EXPECT_FALSE(of(later, "a.example").merged.bulk);
@@ -165,11 +165,11 @@ TEST_F(RefreshPassTest, APassWithoutNewsWritesLittleMoreThanTheTimesOfItsSources
     std::vector<std::string> hosts;
     for (int number = 0; number < 60; ++number) {
         hosts.push_back("h" + std::to_string(number) + ".example");
-        bench_.serve(hosts.back(), {TestDesk::feed(hosts.back(), 1, 5), {.status = 304}});
+        harness_.serve(hosts.back(), {TestDesk::feed(hosts.back(), 1, 5), {.status = 304}});
     }
     refresh(hosts);
     const auto validators = store_.validators().load();
-    ::test::PagesWritten pages(bench_.library());
+    ::test::PagesWritten pages(harness_.library());
     const auto report = refresh(hosts);
     for (const auto& outcome : report.outcomes) EXPECT_EQ(outcome.kind, Kind::unchanged);
     EXPECT_EQ(store_.validators().load(), validators);
@@ -183,19 +183,19 @@ TEST_F(RefreshPassTest, AFeedWithoutStoriesIsNoFailureAndNoFirstFetch) {
         return Response{.headers = {{"ETag", tag}}, .body = "<rss><channel></channel></rss>"};
     };
     const auto three = TestDesk::feed("a.example", 60, 62);
-    bench_.serve("a.example", {empty("\"1\""),
-                               three,
-                               empty("\"2\""),
-                               {.status = 304},
-                               TestDesk::feed("a.example", 62, 63)});
+    harness_.serve("a.example", {empty("\"1\""),
+                                 three,
+                                 empty("\"2\""),
+                                 {.status = 304},
+                                 TestDesk::feed("a.example", 62, 63)});
     const auto quiet = refresh({"a.example"});
     EXPECT_EQ(of(quiet, "a.example").kind, Kind::stories);
     EXPECT_TRUE(of(quiet, "a.example").isEmpty);
     EXPECT_FALSE(of(quiet, "a.example").status.lastError.has_value());
-    EXPECT_EQ(of(quiet, "a.example").status.lastSuccess, bench_.now());
+    EXPECT_EQ(of(quiet, "a.example").status.lastSuccess, harness_.now());
 
     refresh({"a.example"});
-    EXPECT_TRUE(bench_.lastRequestWasConditional("a.example")) << "its validators are kept";
+    EXPECT_TRUE(harness_.lastRequestWasConditional("a.example")) << "its validators are kept";
     EXPECT_EQ(arrivals(), (Arrivals{{Arrival::seeded, 3}}));
     refresh({"a.example"});
     EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::unchanged);
@@ -205,9 +205,9 @@ TEST_F(RefreshPassTest, AFeedWithoutStoriesIsNoFailureAndNoFirstFetch) {
 }
 
 TEST_F(RefreshPassTest, UnchangedAsTheVeryFirstAnswerIsNoFirstFetch) {
-    bench_.serve("a.example", {{.status = 304},
-                               TestDesk::feed("a.example", 60, 62),
-                               TestDesk::feed("a.example", 60, 63)});
+    harness_.serve("a.example", {{.status = 304},
+                                 TestDesk::feed("a.example", 60, 62),
+                                 TestDesk::feed("a.example", 60, 63)});
     EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::unchanged);
     refresh({"a.example"});
     EXPECT_EQ(arrivals(), (Arrivals{{Arrival::seeded, 3}}));
@@ -216,8 +216,8 @@ TEST_F(RefreshPassTest, UnchangedAsTheVeryFirstAnswerIsNoFirstFetch) {
 }
 
 TEST_F(RefreshPassTest, WhatComesDaysAfterItsPublicationIsNoNews) {
-    bench_.serve("a.example",
-                 {TestDesk::feed("a.example", 98, 99), TestDesk::feed("a.example", 24, 35)});
+    harness_.serve("a.example",
+                   {TestDesk::feed("a.example", 98, 99), TestDesk::feed("a.example", 24, 35)});
     retention_ = 48h;
     refresh({"a.example"});
     retention_ = 80h;
@@ -227,15 +227,15 @@ TEST_F(RefreshPassTest, WhatComesDaysAfterItsPublicationIsNoNews) {
 }
 
 TEST_F(RefreshPassTest, APauseOfAWrongClockEndsWithinTheHourAndNamingTheSourceOverridesIt) {
-    bench_.serve("a.example", {TestDesk::feed("a.example", 1, 1)});
-    const auto begin = bench_.now();
+    harness_.serve("a.example", {TestDesk::feed("a.example", 1, 1)});
+    const auto begin = harness_.now();
     store_.hostPauses().set("a.example", begin + 24h * 365);
     EXPECT_EQ(of(refresh({"a.example"}), "a.example").pausedUntil, begin + 1h);
     EXPECT_EQ(of(refresh({"a.example"}, PassScope::named), "a.example").kind, Kind::stories);
-    bench_.pass(30min);
+    harness_.pass(30min);
     EXPECT_EQ(of(refresh({"a.example"}), "a.example").pausedUntil, begin + 1h)
         << "not an hour from now";
-    bench_.pass(31min);
+    harness_.pass(31min);
     EXPECT_EQ(of(refresh({"a.example"}), "a.example").kind, Kind::stories);
 }
 
@@ -243,16 +243,16 @@ TEST_F(RefreshPassTest, NoClockThatLeapsLosesOrRepeatsNews) {
     for (const auto leap : {24h * 800, -24h * 800}) {
         SCOPED_TRACE(leap.count());
         const std::string host = leap > 0h ? "ahead.example" : "behind.example";
-        const auto truth = bench_.now();
+        const auto truth = harness_.now();
         const auto answer = [&](int first, int last) {
             return TestDesk::dated(TestDesk::feed(host, first, last), truth);
         };
-        bench_.serve(host, {answer(60, 62), answer(60, 63), answer(60, 63)});
+        harness_.serve(host, {answer(60, 62), answer(60, 63), answer(60, 63)});
         retention_ = 60h;
         EXPECT_EQ(refresh({host}).droppedBefore, truth - 60h);
         const auto before = store_.stories().count();
 
-        bench_.pass(leap);
+        harness_.pass(leap);
         const auto report = refresh({host});
         EXPECT_TRUE(report.clockSeemsWrong);
         EXPECT_FALSE(report.droppedBefore.has_value());
@@ -261,7 +261,7 @@ TEST_F(RefreshPassTest, NoClockThatLeapsLosesOrRepeatsNews) {
         EXPECT_EQ(newest.story.publishedAt, truth - 37h);
         EXPECT_EQ(newest.arrival, Arrival::fresh);
 
-        bench_.pass(-leap);
+        harness_.pass(-leap);
         const auto back = refresh({host});
         EXPECT_FALSE(back.clockSeemsWrong);
         EXPECT_EQ(back.droppedBefore, truth - 60h);
@@ -271,13 +271,13 @@ TEST_F(RefreshPassTest, NoClockThatLeapsLosesOrRepeatsNews) {
 }
 
 TEST_F(RefreshPassTest, APassWithoutAnyAnswerDropsNothing) {
-    bench_.serve("a.example", {TestDesk::feed("a.example", 60, 62), kUnreachable});
-    bench_.serve("b.example", {kUnreachable});
+    harness_.serve("a.example", {TestDesk::feed("a.example", 60, 62), kUnreachable});
+    harness_.serve("b.example", {kUnreachable});
     refresh({"a.example"});
-    bench_.pass(24h * 800);
+    harness_.pass(24h * 800);
     EXPECT_FALSE(refresh({"a.example", "b.example"}).droppedBefore.has_value());
     EXPECT_EQ(store_.stories().count(), 3u);
-    bench_.serve("a.example", {{.status = 404}});
+    harness_.serve("a.example", {{.status = 404}});
     EXPECT_TRUE(refresh({"a.example"}).droppedBefore.has_value())
         << "a server without a clock answered";
     EXPECT_EQ(store_.stories().count(), 0u);
@@ -289,7 +289,7 @@ TEST_F(RefreshPassTest, StoriesThatShareALinkCountAsOne) {
         feed += "<item><title>Episode " + std::to_string(i) +
                 "</title><link>https://a.example/show</link></item>";
     }
-    bench_.serve("a.example", {{.body = feed + "</channel></rss>"}});
+    harness_.serve("a.example", {{.body = feed + "</channel></rss>"}});
     const auto outcome = of(refresh({"a.example"}), "a.example");
     EXPECT_EQ(outcome.status.storyCount, 1);
     EXPECT_EQ(outcome.health.collapsed, 98);

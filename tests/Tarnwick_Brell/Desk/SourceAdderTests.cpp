@@ -36,7 +36,8 @@ std::string page(const std::string& title, const std::vector<std::string>& feeds
 class AddingTest : public ::testing::Test {
 protected:
     void serve(const std::string& host, const std::string& target, std::string body) {
-        bench_.script.on(host, target, {{.headers = {{"ETag", "\"1\""}}, .body = std::move(body)}});
+        harness_.script.on(host, target,
+                           {{.headers = {{"ETag", "\"1\""}}, .body = std::move(body)}});
     }
 
     template <class T>
@@ -56,12 +57,12 @@ protected:
     }
 
     kit::Instant now_ = kit::parseISO8601("2026-11-20T12:00:00Z").value();
-    kit::test::TestServer bench_;
+    kit::test::TestServer harness_;
     asio::io_context io_;
     LocalStore store_{Database::kInMemory, Database::Access::readWrite};
     SourceRegistry registry_{store_.sources()};
-    FetchStack engine_{{.connectTo = "127.0.0.1:" + std::to_string(bench_.server.port()),
-                        .caFile = bench_.authorityFile()},
+    FetchStack engine_{{.connectTo = "127.0.0.1:" + std::to_string(harness_.server.port()),
+                        .caFile = harness_.authorityFile()},
                        kit::Conditional::yes,
                        [this] { return now_; }};
     SourceAdder adding_{store_, registry_, engine_, [this] { return now_; },
@@ -142,7 +143,7 @@ TEST_F(AddingTest, AFeedThatWasRemovedIsAskedInFullAgain) {
     add("a.example/feed");
     ASSERT_TRUE(registry_.remove(registry_.findByFeed("https://a.example/feed")->id, now_));
     EXPECT_EQ(add("a.example/feed").substr(0, 4), "A at");
-    const auto requests = bench_.script.requests("a.example", "/feed");
+    const auto requests = harness_.script.requests("a.example", "/feed");
     EXPECT_FALSE(requests.back().header("if-none-match"));
 }
 

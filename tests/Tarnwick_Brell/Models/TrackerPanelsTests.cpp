@@ -58,11 +58,11 @@ protected:
     }
 
     void serve(const std::string& tracker, const boost::json::value& answer) {
-        bench_.http.script.on(kService, "/wp-json/tb-wire/v1/" + tracker,
-                              {{.body = boost::json::serialize(answer)}});
+        harness_.http.script.on(kService, "/wp-json/tb-wire/v1/" + tracker,
+                                {{.body = boost::json::serialize(answer)}});
     }
     void status(const char* file, const std::vector<std::string>& services) {
-        bench_.http.script.on(kApple, file, {statusAnswer(services)});
+        harness_.http.script.on(kApple, file, {statusAnswer(services)});
     }
     void events(const std::vector<AppleCalendarEvent>& events) {
         serve("events", {{"events", kit::encode(events)}});
@@ -88,11 +88,11 @@ protected:
         return std::unique_ptr<Panel>(&dynamic_cast<Panel&>(*content.release()));
     }
 
-    TestDesk bench_{{}};
-    Defaults defaults_{bench_.folder.path() / "settings.ini"};
-    NewsDesk news_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
-    TrackerStore trackers_{news_.worker(), defaults_, bench_.clock()};
-    PanelStores stores_{news_, trackers_, bench_.clock()};
+    TestDesk harness_{{}};
+    Defaults defaults_{harness_.folder.path() / "settings.ini"};
+    NewsDesk news_{harness_.library(), harness_.network(), defaults_, harness_.clock()};
+    TrackerStore trackers_{news_.worker(), defaults_, harness_.clock()};
+    PanelStores stores_{news_, trackers_, harness_.clock()};
 };
 
 std::string joined(const std::vector<CountdownEventRow>& rows) {
@@ -106,7 +106,7 @@ std::string joined(const std::vector<CountdownEventRow>& rows) {
 }
 
 TEST_F(TrackerPanelsTest, TheNextFirmDateLeadsAndTheRestFollowsInOrder) {
-    const auto now = bench_.now();
+    const auto now = harness_.now();
     events({{.title = "Far fair", .starts = now + std::chrono::days(52)},
             {.title = "Harbour fair",
              .starts = now + std::chrono::days(20) + 8h,
@@ -133,7 +133,7 @@ TEST_F(TrackerPanelsTest, TheNextFirmDateLeadsAndTheRestFollowsInOrder) {
     EXPECT_EQ(panel->days(), "21 days") << "five in the morning of the next day";
     EXPECT_EQ(panel->time(), "Fri 11 December, 05:00 your time");
 
-    bench_.pass(std::chrono::days(20) + 9h);
+    harness_.pass(std::chrono::days(20) + 9h);
     panel->tick();
     EXPECT_EQ(panel->days(), "Today") << "begun, but not over";
 
@@ -150,7 +150,7 @@ TEST_F(TrackerPanelsTest, BuildsAreShownByTheirVersionsAndStages) {
                                            .stage = stage,
                                            .build = build,
                                            .title = std::string(version) + " " + stage,
-                                           .published = bench_.now() - 71h});
+                                           .published = harness_.now() - 71h});
     };
     serve("releases", {{"systems",
                         {{"iOS", {{"beta", release("26.6", "Release Candidate 2", "B2")}}},
@@ -163,7 +163,7 @@ TEST_F(TrackerPanelsTest, BuildsAreShownByTheirVersionsAndStages) {
     EXPECT_EQ(rows[0].spokenText, "iOS None yet, beta: 26.6 RC 2, new, 17 Nov");
     EXPECT_EQ(rows[1].spokenText, "tvOS 26.5, beta: No beta, new, 17 Nov");
     EXPECT_EQ(releases->rows()->row(0)->build, "T1");
-    bench_.pass(2h);
+    harness_.pass(2h);
     software->tick();
     EXPECT_FALSE(software->rows()->row(0)->isNew);
 }
@@ -174,9 +174,9 @@ TEST_F(TrackerPanelsTest, FiguresOfDeveloperServicesThatAreOldCarryTheirTime) {
     EXPECT_EQ(panel->allUp(), "All services are up");
     EXPECT_EQ(panel->developer(), "1 of 1 developer up");
 
-    bench_.pass(3h);
+    harness_.pass(3h);
     status(kConsumer, {"Mail!", "Maps"});
-    bench_.http.script.on(kApple, kDeveloper, {{.status = 404}});
+    harness_.http.script.on(kApple, kDeveloper, {{.status = 404}});
     refresh();
     EXPECT_EQ(panel->state(), PanelModel::Ready);
     EXPECT_EQ(panel->allUp(), "");
@@ -189,11 +189,12 @@ TEST_F(TrackerPanelsTest, FiguresOfDeveloperServicesThatAreOldCarryTheirTime) {
 
 TEST_F(TrackerPanelsTest, ThePriceStaysWhileTheChartOfAnotherRangeComes) {
     const auto points = [&](double last) {
-        return std::vector<StockQuote::Point>{{bench_.now() - 48h, 90}, {bench_.now() - 24h, last}};
+        return std::vector<StockQuote::Point>{{harness_.now() - 48h, 90},
+                                              {harness_.now() - 24h, last}};
     };
     quote({.price = 99,
            .marketState = "OPEN",
-           .asOf = bench_.now(),
+           .asOf = harness_.now(),
            .points = points(99),
            .range = "1m"});
     auto panel = this->panel<StockPanelModel>(PanelKind::stock);
@@ -203,8 +204,8 @@ TEST_F(TrackerPanelsTest, ThePriceStaysWhileTheChartOfAnotherRangeComes) {
     EXPECT_EQ(panel->fact(), "Open, 12:00");
     EXPECT_EQ(panel->points().size(), 2);
 
-    bench_.http.script.on(kService, "/wp-json/tb-wire/v1/quote?range=1y&symbol=AAPL",
-                          {{.status = 404}});
+    harness_.http.script.on(kService, "/wp-json/tb-wire/v1/quote?range=1y&symbol=AAPL",
+                            {{.status = 404}});
     panel->choose(3);
     EXPECT_EQ(panel->state(), PanelModel::Ready);
     EXPECT_EQ(panel->price(), "99.00");
@@ -213,7 +214,7 @@ TEST_F(TrackerPanelsTest, ThePriceStaysWhileTheChartOfAnotherRangeComes) {
     ASSERT_TRUE(until([&] { return panel->chartMessage() != "Loading…"; }));
     EXPECT_EQ(panel->state(), PanelModel::Ready) << "the price is good";
 
-    quote({.price = 98, .points = {{bench_.now(), 98}}, .range = "1d"});
+    quote({.price = 98, .points = {{harness_.now(), 98}}, .range = "1d"});
     auto other = this->panel<StockPanelModel>(PanelKind::stock, {.stockRange = "1d"});
     ASSERT_TRUE(until([&] { return other->points().size() == 1; }));
     EXPECT_EQ(other->change(), "") << "there is no previous close";

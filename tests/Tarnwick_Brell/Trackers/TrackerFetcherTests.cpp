@@ -148,7 +148,7 @@ protected:
     }
 
     void serve(const std::string& host, const std::string& target, Response answer) {
-        bench_.script.on(host, target, {std::move(answer)});
+        harness_.script.on(host, target, {std::move(answer)});
     }
 
     kit::CachedValue<std::vector<kit::PlatformRelease>> releases(Response answer) {
@@ -192,10 +192,10 @@ protected:
         }
     }
 
-    kit::test::TestServer bench_;
+    kit::test::TestServer harness_;
     LocalStore store_{Database::kInMemory, Database::Access::readWrite};
     Instant now_{std::chrono::hours(1)};
-    TrackerFetcher fetcher_{store_, bench_.client, [this] { return now_; }};
+    TrackerFetcher fetcher_{store_, harness_.client, [this] { return now_; }};
     TrackedFiles files_{std::string("https://") + kServiceHost};
     asio::cancellation_signal cancellation_;
     bool isCancelled_ = false;
@@ -317,7 +317,7 @@ TEST_F(TrackerFetcherTest, AFailureLeavesTheLastGoodAndIsCountedUntilASuccess) {
 
 TEST_F(TrackerFetcherTest, AServerThatWantsToBeLeftAloneIs) {
     const auto asked = [&] {
-        return bench_.script.requests(kServiceHost, kWire + std::string("releases")).size();
+        return harness_.script.requests(kServiceHost, kWire + std::string("releases")).size();
     };
     releases({.status = 429, .headers = {{"Retry-After", "7200"}}});
     const auto before = asked();
@@ -342,10 +342,11 @@ TEST_F(TrackerFetcherTest, ACopyThatDoesNotReadIsNone) {
 
 TEST_F(TrackerFetcherTest, EachSymbolAndRangeHasItsQuote) {
     const auto serve = [&](const char* query, const char* range, const char* symbol = "^gspc") {
-        bench_.script.on(kServiceHost, std::string("/wp-json/tb-wire/v1/quote?") + query,
-                         {{.body = std::string(R"({"name":"n","currency":"USD","price":1,)"
-                                               R"("market_state":"OPEN","points":[],"symbol":")") +
-                                   symbol + R"(","range":")" + range + "\"}"}});
+        harness_.script.on(
+            kServiceHost, std::string("/wp-json/tb-wire/v1/quote?") + query,
+            {{.body = std::string(R"({"name":"n","currency":"USD","price":1,)"
+                                  R"("market_state":"OPEN","points":[],"symbol":")") +
+                      symbol + R"(","range":")" + range + "\"}"}});
     };
     serve("range=1d&symbol=%5EGSPC", "1d");
     serve("range=1y&symbol=%5EGSPC", "1y");
@@ -376,8 +377,8 @@ TEST_F(TrackerFetcherTest, EachSymbolAndRangeHasItsQuote) {
 
 TEST_F(TrackerFetcherTest, OnlyAWholeAnswerEndsAnIncident) {
     const auto answer = [&](Response response) {
-        bench_.script.on("www.apple.com", "/support/systemstatus/data/system_status_en_US.js",
-                         {std::move(response)});
+        harness_.script.on("www.apple.com", "/support/systemstatus/data/system_status_en_US.js",
+                           {std::move(response)});
         now_ += std::chrono::minutes(2);
         fetch(files_.status(StatusFeed::consumer));
         return store_.incidents().find("", 9).at(0).endedSeen;

@@ -43,7 +43,7 @@ protected:
     }
 
     void serve(const std::string& tracker, std::vector<Response> answers) {
-        bench_.http.script.on(kService, wire(tracker), std::move(answers));
+        harness_.http.script.on(kService, wire(tracker), std::move(answers));
     }
 
     void quote(const std::string& symbol, const std::string& range, double price,
@@ -55,31 +55,32 @@ protected:
 
     void status(const std::vector<std::string>& consumer,
                 const std::vector<std::string>& developer) {
-        bench_.http.script.on(kApple, kConsumer, {statusAnswer(consumer)});
-        bench_.http.script.on(kApple, kDeveloper, {statusAnswer(developer)});
+        harness_.http.script.on(kApple, kConsumer, {statusAnswer(consumer)});
+        harness_.http.script.on(kApple, kDeveloper, {statusAnswer(developer)});
     }
 
     void signing(const std::string& list, const std::string& device = "iPhone17,3") {
-        bench_.http.script.on("api.ipsw.me", "/v4/device/" + device + "?type=ipsw",
-                              {{.body = signingBody(list)}});
+        harness_.http.script.on("api.ipsw.me", "/v4/device/" + device + "?type=ipsw",
+                                {{.body = signingBody(list)}});
     }
 
     void updates(const std::string& list) {
-        bench_.http.script.on("gdmf.apple.com", "/v2/pmv", {{.body = updatesBody(list)}});
+        harness_.http.script.on("gdmf.apple.com", "/v2/pmv", {{.body = updatesBody(list)}});
     }
 
     void charts(const std::string& list) {
         for (const auto& row : kit::enumTable<Chart>) {
-            bench_.http.script.on("rss.marketingtools.apple.com",
-                                  "/api/v2/us/apps/" + std::string(row.raw) + "/25/apps.json",
-                                  {{.body = chartBody(list)}});
+            harness_.http.script.on("rss.marketingtools.apple.com",
+                                    "/api/v2/us/apps/" + std::string(row.raw) + "/25/apps.json",
+                                    {{.body = chartBody(list)}});
         }
     }
 
     void open() {
         close();
-        worker_ = std::make_unique<DeskWorker>(bench_.library(), bench_.network(), bench_.clock());
-        store_ = std::make_unique<TrackerStore>(*worker_, defaults_, bench_.clock());
+        worker_ =
+            std::make_unique<DeskWorker>(harness_.library(), harness_.network(), harness_.clock());
+        store_ = std::make_unique<TrackerStore>(*worker_, defaults_, harness_.clock());
         QObject::connect(store_.get(), &TrackerStore::onServiceProblem, [this](const auto& report) {
             announced_.push_back("- " + report.service);
         });
@@ -129,13 +130,13 @@ protected:
     }
 
     std::size_t requests(const std::string& tracker) const {
-        return bench_.http.script.requests(kService, wire(tracker)).size();
+        return harness_.http.script.requests(kService, wire(tracker)).size();
     }
 
     using Announced = std::vector<std::string>;
 
-    TestDesk bench_{{}};
-    Defaults defaults_{bench_.folder.path() / "settings.ini"};
+    TestDesk harness_{{}};
+    Defaults defaults_{harness_.folder.path() / "settings.ini"};
     std::unique_ptr<DeskWorker> worker_;
     std::unique_ptr<TrackerStore> store_;
     Announced announced_;
@@ -147,7 +148,7 @@ TEST_F(TrackerStoreTest, TheFirstRunIsSilentAndNewsIsAnnouncedOnceOverRestarts) 
     openAndRefresh();
     EXPECT_EQ(announced_, Announced());
     EXPECT_EQ(store_->knownProblems()->size(), 2u);
-    EXPECT_EQ(store_->lastUpdated(), bench_.now());
+    EXPECT_EQ(store_->lastUpdated(), harness_.now());
     EXPECT_EQ(boards_, std::vector<std::string>{"TIDE"});
 
     status({"Mail!!", "Maps!"}, {"Kiosk!"});
@@ -166,20 +167,20 @@ TEST_F(TrackerStoreTest, TheFirstRunIsSilentAndNewsIsAnnouncedOnceOverRestarts) 
 
 TEST_F(TrackerStoreTest, WhatWasLastGoodIsShownWithItsAgeWhileNothingCanBeFetched) {
     openAndRefresh();
-    const auto fetched = bench_.now();
-    bench_.pass(20h);
+    const auto fetched = harness_.now();
+    harness_.pass(20h);
     for (const auto* tracker : {"releases", "events", "quotes", "quote?range=1m&symbol=AAPL"}) {
         serve(tracker, {{.status = 404}});
     }
-    bench_.http.script.on(kApple, kConsumer, {{.body = "<html>"}});
+    harness_.http.script.on(kApple, kConsumer, {{.body = "<html>"}});
     open();
     ASSERT_TRUE(until([&] { return store_->isLoaded(); }));
     EXPECT_EQ(store_->releases().fetchedAt, fetched);
     EXPECT_EQ(store_->releases().error, std::nullopt) << "nothing has been tried";
     refresh();
     EXPECT_EQ(store_->failures(), 5u);
-    EXPECT_EQ(store_->developerStatus().fetchedAt, bench_.now()) << "one failing file is one";
-    EXPECT_EQ(store_->lastUpdated(), bench_.now());
+    EXPECT_EQ(store_->developerStatus().fetchedAt, harness_.now()) << "one failing file is one";
+    EXPECT_EQ(store_->lastUpdated(), harness_.now());
     EXPECT_EQ(store_->consumerStatus().fetchedAt, fetched);
     EXPECT_EQ(store_->consumerStatus().value->size(), 2u);
     EXPECT_TRUE(store_->consumerStatus().error.has_value());
@@ -194,10 +195,10 @@ TEST_F(TrackerStoreTest, WhatWasLastGoodIsShownWithItsAgeWhileNothingCanBeFetche
 }
 
 TEST_F(TrackerStoreTest, TheDeveloperStatusWaitsForTheConsumers) {
-    bench_.http.script.on(kApple, kConsumer, {{.status = 404}});
-    bench_.http.script.on(kApple, kDeveloper, {statusAnswer({"Kiosk!"})});
+    harness_.http.script.on(kApple, kConsumer, {{.status = 404}});
+    harness_.http.script.on(kApple, kDeveloper, {statusAnswer({"Kiosk!"})});
     openAndRefresh();
-    EXPECT_TRUE(bench_.http.script.requests(kApple, kDeveloper).empty());
+    EXPECT_TRUE(harness_.http.script.requests(kApple, kDeveloper).empty());
     EXPECT_EQ(store_->knownProblems(), std::nullopt);
     status({"Mail"}, {"Kiosk!"});
     refresh();
@@ -215,13 +216,13 @@ TEST_F(TrackerStoreTest, AnAnswerForARangeThatIsNoLongerWantedDoesNotTakeThePlac
     ASSERT_TRUE(until([&] { return price() == 20; }));
     ASSERT_TRUE(until([&] { return isCalm(); }));
     EXPECT_EQ(price(), 20);
-    EXPECT_EQ(store_->yearRead(), bench_.now());
+    EXPECT_EQ(store_->yearRead(), harness_.now());
     const auto asked = requests("quote?range=1m&symbol=AAPL");
     store_->setQuoteRange(QuoteRange::month);
     EXPECT_EQ(price(), 11) << "it was not thrown away";
     ::test::runFor(100ms);
     EXPECT_EQ(requests("quote?range=1m&symbol=AAPL"), asked) << "it is fresh";
-    EXPECT_EQ(Defaults(bench_.folder.path() / "settings.ini").quoteRange(), QuoteRange::month);
+    EXPECT_EQ(Defaults(harness_.folder.path() / "settings.ini").quoteRange(), QuoteRange::month);
 }
 
 TEST_F(TrackerStoreTest, SymbolsAreFetchedWhenTheyAreWantedAndABadOneHoldsNobodyBack) {
@@ -246,7 +247,7 @@ TEST_F(TrackerStoreTest, SymbolsAreFetchedWhenTheyAreWantedAndABadOneHoldsNobody
     ASSERT_TRUE(until([&] { return store_->yearQuotes().size() == 2; }));
     // Another program changes a setting.
     quote("AAPL", "1w", 70);
-    Defaults(bench_.folder.path() / "settings.ini").set("quoteRange", "1w");
+    Defaults(harness_.folder.path() / "settings.ini").set("quoteRange", "1w");
     defaults_.reload();
     store_->refresh(Tracker::events);
     EXPECT_TRUE(until([&] { return price() == 70; }));
@@ -254,23 +255,23 @@ TEST_F(TrackerStoreTest, SymbolsAreFetchedWhenTheyAreWantedAndABadOneHoldsNobody
 
 TEST_F(TrackerStoreTest, WhatAnotherProgramFetchesIsTakenOver) {
     openAndRefresh();
-    bench_.pass(10s);
+    harness_.pass(10s);
     {
-        LocalStore other(bench_.library(), Database::Access::readWrite);
+        LocalStore other(harness_.library(), Database::Access::readWrite);
         auto transaction = other.transaction();
-        other.trackerCopies().store("quotes", {boardAnswer({"REEF"}).body, bench_.now()});
-        other.trackerCopies().setHealth("quotes", {.lastSuccess = bench_.now()});
+        other.trackerCopies().store("quotes", {boardAnswer({"REEF"}).body, harness_.now()});
+        other.trackerCopies().setHealth("quotes", {.lastSuccess = harness_.now()});
         transaction.commit();
     }
     store_->load();
     ASSERT_TRUE(until([&] { return store_->board().value->at(0).symbol == "REEF"; }));
-    EXPECT_EQ(store_->board().fetchedAt, bench_.now());
+    EXPECT_EQ(store_->board().fetchedAt, harness_.now());
 }
 
 TEST_F(TrackerStoreTest, AStoreThatGoesInTheMiddleOfARoundEndsAtOnce) {
     auto silent = statusAnswer({});
     silent.delivery.neverAnswers = true;
-    bench_.http.script.on(kApple, kConsumer, {silent});
+    harness_.http.script.on(kApple, kConsumer, {silent});
     auto late = releasesAnswer("A", "B");
     late.delivery.delay = 60ms;
     serve("releases", {late});
@@ -300,10 +301,10 @@ TEST_F(TrackerStoreTest, ChangesAreAnnouncedOnceWhoeverFetchedThemAndOldOnesNotA
     // Another program looks, and then this desk takes over what it found.
     announced_.clear();
     const auto change = [&](const char* version) {
-        LocalStore other(bench_.library(), Database::Access::readWrite);
+        LocalStore other(harness_.library(), Database::Access::readWrite);
         const auto before = kit::SigningStatus::parse(signingBody(""));
         const auto now = kit::SigningStatus::parse(signingBody(version));
-        other.signing().record("iPhone17,3", before, now, bench_.now());
+        other.signing().record("iPhone17,3", before, now, harness_.now());
     };
     change("8+");
     store_->load();
@@ -311,14 +312,14 @@ TEST_F(TrackerStoreTest, ChangesAreAnnouncedOnceWhoeverFetchedThemAndOldOnesNotA
     store_.reset();
     worker_.reset();
     change("9+");
-    bench_.pass(25h);
+    harness_.pass(25h);
     openAndRefresh();
     EXPECT_EQ(announced_, Announced{"+8"});
 }
 
 TEST_F(TrackerStoreTest, AChartMovesAgainstTheDayBefore) {
     openAndRefresh();
-    bench_.pass(24h);
+    harness_.pass(24h);
     charts("c a b");
     refresh();
     const auto before = store_->chartDayBefore(Chart::topFree).value();
@@ -328,7 +329,7 @@ TEST_F(TrackerStoreTest, AChartMovesAgainstTheDayBefore) {
 TEST_F(TrackerStoreTest, AModelThatIsAddedToTheSettingIsAskedForAtOnce) {
     openAndRefresh();
     signing("5+", "iPad16,1");
-    Defaults(bench_.folder.path() / "settings.ini").set("signingDevices", "iPad16,1, iPhone17,3");
+    Defaults(harness_.folder.path() / "settings.ini").set("signingDevices", "iPad16,1, iPhone17,3");
     defaults_.reload();
     store_->refresh(Tracker::updates);
     EXPECT_TRUE(until([&] { return store_->signing("iPad16,1").value.has_value(); }));

@@ -24,23 +24,23 @@ protected:
 
     void SetUp() override {
         for (int i = 1; i <= 12; ++i) {
-            bench_.tell(
-                bench_.story(i % 2 == 0 ? "tide" : "post", i * 30,
-                             (i % 4 == 0 ? "Orchard news " : "Harbour news ") + std::to_string(i)));
+            harness_.tell(harness_.story(
+                i % 2 == 0 ? "tide" : "post", i * 30,
+                (i % 4 == 0 ? "Orchard news " : "Harbour news ") + std::to_string(i)));
         }
         for (const char* range : {"1m", "1w"}) {
             const auto price = range[1] == 'm' ? 211.0 : 212.0;
-            bench_.desk.http.script.on(
+            harness_.desk.http.script.on(
                 "desk.example",
                 std::string("/wp-json/tb-wire/v1/quote?range=") + range + "&symbol=AAPL",
                 {quoteAnswer("AAPL", range, price)});
         }
-        bench_.open();
-        model_ = std::make_unique<WindowModel>(DeskStores{.news = *bench_.news,
-                                                          .trackers = *bench_.trackers,
-                                                          .newsrooms = *bench_.newsrooms,
-                                                          .defaults = bench_.defaults,
-                                                          .clock = bench_.desk.clock(),
+        harness_.open();
+        model_ = std::make_unique<WindowModel>(DeskStores{.news = *harness_.news,
+                                                          .trackers = *harness_.trackers,
+                                                          .newsrooms = *harness_.newsrooms,
+                                                          .defaults = harness_.defaults,
+                                                          .clock = harness_.desk.clock(),
                                                           .undo = undo_});
         QObject::connect(model_.get(), &WindowModel::linkWanted,
                          [this](const QString& link) { opened_ << link; });
@@ -101,7 +101,7 @@ protected:
         QTest::mouseClick(&window(), Qt::LeftButton, {}, middle.toPoint());
     }
 
-    TestStories bench_;
+    TestStories harness_;
     UndoStack undo_;
     std::unique_ptr<WindowModel> model_;
     std::unique_ptr<DeskWindow> window_;
@@ -120,26 +120,26 @@ TEST_F(MainJobTest, NewsIsReadKeptFoundAndOpenedWithTheKeyboard) {
     EXPECT_NE(named("Unread, Harbour news 11, post, 6 h"), nullptr);
 
     type("s");
-    EXPECT_TRUE(bench_.news->isSaved(id));
+    EXPECT_TRUE(harness_.news->isSaved(id));
     EXPECT_NE(named("Unread, Saved, Harbour news 11, post, 6 h"), nullptr);
     EXPECT_NE(named("Saved."), nullptr) << "and a notice with which it can be undone";
     type("m");
-    EXPECT_TRUE(bench_.news->isRead(id));
+    EXPECT_TRUE(harness_.news->isRead(id));
     press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_FALSE(bench_.news->isRead(id));
-    EXPECT_TRUE(bench_.news->isSaved(id)) << "only the last mark is taken back";
+    EXPECT_FALSE(harness_.news->isRead(id));
+    EXPECT_TRUE(harness_.news->isSaved(id)) << "only the last mark is taken back";
 
     type("/");
     EXPECT_FALSE(listHasFocus());
     type("orchard");
     EXPECT_TRUE(until([&] { return list().count() == 3; }));
-    EXPECT_FALSE(bench_.news->isRead(id)) << "letters are text there";
+    EXPECT_FALSE(harness_.news->isRead(id)) << "letters are text there";
     press(Qt::Key_Down);
     EXPECT_TRUE(listHasFocus());
     press(Qt::Key_Down);
     press(Qt::Key_Return);
     EXPECT_EQ(opened_, QStringList("https://tide.example/360"));
-    EXPECT_TRUE(bench_.news->isRead(currentID())) << "what has been opened has been read";
+    EXPECT_TRUE(harness_.news->isRead(currentID())) << "what has been opened has been read";
 
     type("/");
     press(Qt::Key_Escape);
@@ -178,9 +178,9 @@ TEST_F(MainJobTest, NewsIsReadKeptAndFilteredWithThePointer) {
     EXPECT_EQ(selected().reader()->title(), "Harbour news 10");
     EXPECT_TRUE(listHasFocus());
     click("Save");
-    EXPECT_TRUE(bench_.news->isSaved(currentID()));
+    EXPECT_TRUE(harness_.news->isSaved(currentID()));
     click("Undo");
-    EXPECT_FALSE(bench_.news->isSaved(currentID()));
+    EXPECT_FALSE(harness_.news->isSaved(currentID()));
 
     click("Kind");
     click("Podcast");
@@ -198,7 +198,7 @@ TEST_F(MainJobTest, WhatANotificationIsAboutIsShownInTheWindow) {
     using Target = NotificationTarget;
     model_->state()->setReader(WindowState::Hidden);
     window().showMinimized();
-    openTarget(*model_, {.kind = Target::Kind::story, .id = bench_.idOf("Harbour news 7")});
+    openTarget(*model_, {.kind = Target::Kind::story, .id = harness_.idOf("Harbour news 7")});
     window_->raise({});
     EXPECT_EQ(model_->placeKey(), "wire:all");
     EXPECT_EQ(selected().reader()->title(), "Harbour news 7");
@@ -206,7 +206,7 @@ TEST_F(MainJobTest, WhatANotificationIsAboutIsShownInTheWindow) {
     EXPECT_FALSE(window().windowStates() & Qt::WindowMinimized);
 
     ASSERT_TRUE(until([&] { return list().count() == 12; }));
-    bench_.come({bench_.story("tide", 700, "Harbour news 13")});
+    harness_.come({harness_.story("tide", 700, "Harbour news 13")});
     EXPECT_EQ(list().arrivals(), 1) << "it waits, since a story is being read";
     openTarget(*model_, {.kind = Target::Kind::newStories});
     EXPECT_EQ(list().arrivals(), 0);

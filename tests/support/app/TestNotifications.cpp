@@ -51,7 +51,7 @@ PrivateBus::~PrivateBus() {
 
 QDBusConnection PrivateBus::connection() {
     static int count = 0;
-    names_.push_back(QString("bench %1").arg(++count));
+    names_.push_back(QString("harness %1").arg(++count));
     return QDBusConnection::connectToBus(address_, names_.back());
 }
 

@@ -93,9 +93,9 @@ protected:
     bool is(const char* property) const { return window_->property(property).toBool(); }
 
     static inline std::unique_ptr<QGuiApplication> application_;
-    test::TestDesk bench_{{"a.example"}};
-    Defaults defaults_{bench_.folder.path() / "settings.ini"};
-    NewsDesk desk_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
+    test::TestDesk harness_{{"a.example"}};
+    Defaults defaults_{harness_.folder.path() / "settings.ini"};
+    NewsDesk desk_{harness_.library(), harness_.network(), defaults_, harness_.clock()};
     ActionModel actions_;
     PaletteModel palette_{actions_,
                           [] {
@@ -104,7 +104,7 @@ protected:
                                   places.push_back({title, title, "tray", "Wire"});
                               return places;
                           },
-                          desk_, bench_.clock()};
+                          desk_, harness_.clock()};
     QQmlEngine engine_;
     std::unique_ptr<QQuickWindow> window_;
     std::vector<Action> triggered_;

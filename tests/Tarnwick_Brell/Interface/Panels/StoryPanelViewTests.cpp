@@ -72,22 +72,22 @@ protected:
         [[maybe_unused]] void (*volatile models)() = &qml_register_types_TarnwickBrell_Models;
         [[maybe_unused]] void (*volatile panels)() = &qml_register_types_TarnwickBrell_Panels;
         const char* headset = "Quillmark headset appears in blue factory photos";
-        bench_.tell("Harbour", "10:00", headset, Sourcing::rumor);
-        bench_.tell("Lantern", "10:14", headset);
-        bench_.tell("Meridian", "10:30", headset, Sourcing::report);
+        harness_.tell("Harbour", "10:00", headset, Sourcing::rumor);
+        harness_.tell("Lantern", "10:14", headset);
+        harness_.tell("Meridian", "10:30", headset, Sourcing::report);
         const char* ruling = "Orchard board says it will appeal the payments ruling in Utrecht";
-        bench_.tell("Meridian", "11:03", ruling, Sourcing::onRecord);
-        bench_.tell("Harbour", "11:10", ruling);
-        bench_.tell("Lantern", "11:40",
-                    "A calm week for keyboards and for everybody who types on them all day long");
-        bench_.open();
-        bench_.news->setRead({std::string(bench_.news->stories()[0].id())}, true);
+        harness_.tell("Meridian", "11:03", ruling, Sourcing::onRecord);
+        harness_.tell("Harbour", "11:10", ruling);
+        harness_.tell("Lantern", "11:40",
+                      "A calm week for keyboards and for everybody who types on them all day long");
+        harness_.open();
+        harness_.news->setRead({std::string(harness_.news->stories()[0].id())}, true);
         for (const auto kind : {PanelKind::stream, PanelKind::brief, PanelKind::topStories,
                                 PanelKind::claims, PanelKind::coverage, PanelKind::scoops}) {
-            contents_.push_back(bench_.panel(kind));
+            contents_.push_back(harness_.panel(kind));
         }
-        contents_.push_back(bench_.panel(PanelKind::stream, {.anyTerms = {"nonesuch"}}));
-        contents_.push_back(makePanelModel(bench_.stores(), {.kind = PanelKind::topStories}, {}));
+        contents_.push_back(harness_.panel(PanelKind::stream, {.anyTerms = {"nonesuch"}}));
+        contents_.push_back(makePanelModel(harness_.stores(), {.kind = PanelKind::topStories}, {}));
     }
 
     void show(bool dark) {
@@ -128,7 +128,7 @@ protected:
     }
 
     static inline std::unique_ptr<QGuiApplication> application_;
-    TestPanels bench_;
+    TestPanels harness_;
     std::vector<std::unique_ptr<PanelModel>> contents_;
     std::unique_ptr<QQuickView> view_;
     QStringList warnings_;
@@ -159,7 +159,7 @@ TEST_F(StoryPanelViewTest, ArrowsMoveThroughAPanelAndEnterOpensItsStory) {
     QTest::keyClick(view_.get(), Qt::Key_Down);
     QTest::keyClick(view_.get(), Qt::Key_Return);
     ASSERT_EQ(opened.size(), 1);
-    const auto* story = bench_.news->stories().find(opened[0].toStdString());
+    const auto* story = harness_.news->stories().find(opened[0].toStdString());
     ASSERT_NE(story, nullptr);
     EXPECT_EQ(story->sourceName(), "Meridian");
 }

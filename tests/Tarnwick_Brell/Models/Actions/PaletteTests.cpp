@@ -55,7 +55,7 @@ protected:
     static void SetUpTestSuite() { ::test::beApplication(); }
 
     void SetUp() override {
-        bench_.serve("a.example", {test::TestDesk::feed("a.example", 1, 9)});
+        harness_.serve("a.example", {test::TestDesk::feed("a.example", 1, 9)});
         desk_.start();
         ASSERT_TRUE(::test::until([&] { return desk_.stories().size() == 9; }));
         palette_.open();
@@ -69,9 +69,9 @@ protected:
         return lines;
     }
 
-    test::TestDesk bench_{{"a.example"}};
-    Defaults defaults_{bench_.folder.path() / "settings.ini"};
-    NewsDesk desk_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
+    test::TestDesk harness_{{"a.example"}};
+    Defaults defaults_{harness_.folder.path() / "settings.ini"};
+    NewsDesk desk_{harness_.library(), harness_.network(), defaults_, harness_.clock()};
     ActionModel actions_;
     PaletteModel palette_{actions_,
                           [] {
@@ -79,7 +79,7 @@ protected:
                                   {"w", "Historic reports", "tray", "Wire"},
                                   {"b", "App Store rules", "number", "Beat"}};
                           },
-                          desk_, bench_.clock()};
+                          desk_, harness_.clock()};
 };
 
 TEST_F(PaletteModelTest, GroupsStandInOneOrderAndWordStartsComeFirst) {

@@ -49,14 +49,14 @@ protected:
     }
 
     void signing(const std::string& device, const Response& answer) {
-        bench_.http.script.on("api.ipsw.me", "/v4/device/" + device + "?type=ipsw", {answer});
+        harness_.http.script.on("api.ipsw.me", "/v4/device/" + device + "?type=ipsw", {answer});
     }
     void updates(const Response& answer) {
-        bench_.http.script.on("gdmf.apple.com", "/v2/pmv", {answer});
+        harness_.http.script.on("gdmf.apple.com", "/v2/pmv", {answer});
     }
     void chart(const std::string& kind, const Response& answer) {
-        bench_.http.script.on("rss.marketingtools.apple.com",
-                              "/api/v2/us/apps/" + kind + "/25/apps.json", {answer});
+        harness_.http.script.on("rss.marketingtools.apple.com",
+                                "/api/v2/us/apps/" + kind + "/25/apps.json", {answer});
     }
 
     void refresh() {
@@ -87,11 +87,11 @@ protected:
         return text;
     }
 
-    TestDesk bench_{{}};
-    Defaults defaults_{bench_.folder.path() / "settings.ini"};
-    NewsDesk news_{bench_.library(), bench_.network(), defaults_, bench_.clock()};
-    TrackerStore trackers_{news_.worker(), defaults_, bench_.clock()};
-    PanelStores stores_{news_, trackers_, bench_.clock()};
+    TestDesk harness_{{}};
+    Defaults defaults_{harness_.folder.path() / "settings.ini"};
+    NewsDesk news_{harness_.library(), harness_.network(), defaults_, harness_.clock()};
+    TrackerStore trackers_{news_.worker(), defaults_, harness_.clock()};
+    PanelStores stores_{news_, trackers_, harness_.clock()};
 };
 
 TEST_F(SignalPanelsTest, RecordsTellOfABuildOnceForAllItsModelsTheLastSeenFirst) {
@@ -104,10 +104,10 @@ TEST_F(SignalPanelsTest, RecordsTellOfABuildOnceForAllItsModelsTheLastSeenFirst)
     for (const auto* device : {"iPhone18,3", "iPhone18,4"})
         signing(device, {.body = signingBody("27+ 26 25", device)});
     refresh();
-    bench_.pass(2h);
+    harness_.pass(2h);
     refresh();
     signing("iPhone18,4", {.body = signingBody("28+ 27+ 26 25", "Slate 4")});
-    bench_.pass(5h);
+    harness_.pass(5h);
     refresh();
     EXPECT_EQ(records->state(), PanelModel::Ready);
     EXPECT_EQ(text(*records),
@@ -140,7 +140,7 @@ TEST_F(SignalPanelsTest, WhatIsSignedNowStandsModelByModel) {
 
     signing("iPhone18,3", {.status = 404});
     signing("iPhone18,4", {.body = signingBody("27", "Slate 4")});
-    bench_.pass(1h);
+    harness_.pass(1h);
     refresh();
     rows = panel.rows()->rows();
     ASSERT_EQ(rows.size(), 3u);
@@ -160,7 +160,7 @@ TEST_F(SignalPanelsTest, TheCatalogueShowsItsChangesAndTheNewestOfferOfEachPlatf
         "macOS":[{"ProductVersion":"26","Build":"M26","PostingDate":"2025-10-01",
                   "SupportedDevices":["J1","J2","J3"]}]}})"});
     refresh();
-    bench_.pass(3h);
+    harness_.pass(3h);
     backend->tick();
     EXPECT_EQ(text(*backend),
               "# Changes\n"
@@ -193,7 +193,7 @@ TEST_F(SignalPanelsTest, ThePageOfTheChartsShowsHowAppsMovedSinceTheDayBefore) {
     refresh();
     EXPECT_EQ(chart->state(), PanelModel::Ready);
     EXPECT_EQ(chart->rows()->row(0)->spokenText, "1, n, a") << "there is no day before";
-    bench_.pass(24h);
+    harness_.pass(24h);
     this->chart("top-free", {.body = R"({"feed":{"results":[
         {"id":"c","name":"Ledger","artistName":"Quill","artworkUrl100":"",
          "url":"https://apps.example/c"},

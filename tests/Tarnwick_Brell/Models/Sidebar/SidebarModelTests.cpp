@@ -38,7 +38,7 @@ protected:
     static void SetUpTestSuite() { TestStories::beGuiApplication(); }
 
     SidebarModelTest() {
-        LocalStore store(bench_.desk.library(), Database::Access::readWrite);
+        LocalStore store(harness_.desk.library(), Database::Access::readWrite);
         auto transaction = store.transaction();
         store.sources().add(TestDesk::source("tide"));
         transaction.commit();
@@ -46,14 +46,14 @@ protected:
 
     void SetUp() override {
         for (int i = 1; i <= 3; ++i) {
-            bench_.tell(bench_.story("tide", i * 60, "Story " + std::to_string(i)));
+            harness_.tell(harness_.story("tide", i * 60, "Story " + std::to_string(i)));
         }
-        auto deal = bench_.story("tide", 300, "Deal");
+        auto deal = harness_.story("tide", 300, "Deal");
         deal.kind = StoryKind::deal;
-        bench_.tell(deal);
-        bench_.open();
+        harness_.tell(deal);
+        harness_.open();
         sidebar_ =
-            std::make_unique<SidebarModel>(*bench_.news, *bench_.newsrooms, *bench_.trackers);
+            std::make_unique<SidebarModel>(*harness_.news, *harness_.newsrooms, *harness_.trackers);
     }
 
     QString cell(const QString& key, const char* role) {
@@ -74,28 +74,28 @@ protected:
         return until([&] { return counts() == expected; });
     }
 
-    TestStories bench_;
+    TestStories harness_;
     std::unique_ptr<SidebarModel> sidebar_;
 };
 
 TEST_F(SidebarModelTest, CountsFollowArrivalsAndMarks) {
     EXPECT_TRUE(countsBecome("3 3 - 3 3")) << counts() << ": a deal is set aside";
-    bench_.come({bench_.story("tide", 500, "Fresh"), bench_.story("post", 510, "Fresh")});
+    harness_.come({harness_.story("tide", 500, "Fresh"), harness_.story("post", 510, "Fresh")});
     EXPECT_TRUE(countsBecome("5 5 - 4 4")) << counts();
-    bench_.news->setRead({bench_.idOf("Story 1")}, true);
-    bench_.news->setSaved({bench_.idOf("Story 2")}, true);
+    harness_.news->setRead({harness_.idOf("Story 1")}, true);
+    harness_.news->setSaved({harness_.idOf("Story 2")}, true);
     EXPECT_TRUE(countsBecome("5 4 1 3 3")) << counts();
     EXPECT_TRUE(cell("source:tide", "spokenText").endsWith(", 3 unread"));
-    bench_.news->refreshSource("tide");  // which nobody serves
+    harness_.news->refreshSource("tide");  // which nobody serves
     EXPECT_TRUE(until([&] { return cell("source:tide", "hint") != ""; })) << "why it fails";
     EXPECT_EQ(cell("source:tide", "spokenText"), "tide, failing, 3 unread");
 
-    bench_.newsrooms->put(kit::madeBeat("Three", "bolt", {.anyTerms = {"Story 3"}}, false));
-    const auto beat = "beat:" + QString::fromStdString(bench_.newsrooms->beats().entries()[0].id);
+    harness_.newsrooms->put(kit::madeBeat("Three", "bolt", {.anyTerms = {"Story 3"}}, false));
+    const auto beat = "beat:" + QString::fromStdString(harness_.newsrooms->beats().entries()[0].id);
     EXPECT_TRUE(until([&] { return cell(beat, "count") == "1"; }));
-    bench_.come({bench_.story("post", 520, "Again Story 3")});
+    harness_.come({harness_.story("post", 520, "Again Story 3")});
     EXPECT_TRUE(until([&] { return cell(beat, "count") == "2"; }));
-    bench_.news->setRead({bench_.idOf("Story 3")}, true);
+    harness_.news->setRead({harness_.idOf("Story 3")}, true);
     EXPECT_TRUE(until([&] { return cell(beat, "count") == "1"; }));
 }
 
@@ -104,9 +104,9 @@ TEST_F(SidebarModelTest, StoriesThatShareALinkAndAWrongClockAreTold) {
     for (const char* title : {"One", "Two", "Three", "Four"}) {
         feed += "<item><title>" + std::string(title) + "</title><link>https://tide/</link></item>";
     }
-    bench_.desk.serve("tide", {TestDesk::dated({.body = feed + "</channel></rss>"},
-                                               bench_.desk.now() - std::chrono::hours(48))});
-    bench_.news->refreshSource("tide");
+    harness_.desk.serve("tide", {TestDesk::dated({.body = feed + "</channel></rss>"},
+                                                 harness_.desk.now() - std::chrono::hours(48))});
+    harness_.news->refreshSource("tide");
     EXPECT_TRUE(until([&] {
         return cell("source:tide", "hint") == "1 story, 3 more share its link";
     })) << cell("source:tide", "hint").toStdString();

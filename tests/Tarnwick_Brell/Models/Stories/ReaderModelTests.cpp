@@ -19,25 +19,26 @@ protected:
     static void SetUpTestSuite() { TestStories::beGuiApplication(); }
 
     void open() {
-        bench_.open();
-        reader_ = std::make_unique<ReaderModel>(*bench_.news, bench_.defaults, bench_.desk.clock());
+        harness_.open();
+        reader_ =
+            std::make_unique<ReaderModel>(*harness_.news, harness_.defaults, harness_.desk.clock());
     }
     void show(const kit::Story& story) {
-        reader_->show(bench_.news->stories().find(story.id)->number());
+        reader_->show(harness_.news->stories().find(story.id)->number());
     }
 
-    TestStories bench_;
+    TestStories harness_;
     std::unique_ptr<ReaderModel> reader_;
 };
 
 TEST_F(ReaderModelTest, TellsTheStoryItsEarlierWordingsAndHowToCiteIt) {
-    const auto story = bench_.story("Harbour", 610, kHeadset);
+    const auto story = harness_.story("Harbour", 610, kHeadset);
     auto before = story;
     before.title = "Headset seen in blue";
-    bench_.tell(before);
-    bench_.tell(story);
-    bench_.tell("Lantern", "10:14", kHeadset);
-    bench_.tell("Meridian", "10:30", kHeadset);
+    harness_.tell(before);
+    harness_.tell(story);
+    harness_.tell("Lantern", "10:14", kHeadset);
+    harness_.tell("Meridian", "10:30", kHeadset);
     open();
     show(story);
     EXPECT_EQ(reader_->title(), kHeadset);
@@ -53,19 +54,19 @@ TEST_F(ReaderModelTest, TellsTheStoryItsEarlierWordingsAndHowToCiteIt) {
 
     auto revised = story;
     revised.title = "Quillmark shows its headset";
-    bench_.come({revised});
+    harness_.come({revised});
     EXPECT_EQ(reader_->title(), "Quillmark shows its headset");
-    bench_.change([](Wire& wire) { return wire.replace({}); });
+    harness_.change([](Wire& wire) { return wire.replace({}); });
     EXPECT_TRUE(reader_->hasStory()) << "it is still being read";
 }
 
 TEST_F(ReaderModelTest, SaysWhyAStoryHasItsLabels) {
     open();
-    auto rumor = bench_.story("tide", 10, "Blue headset reportedly delayed");
+    auto rumor = harness_.story("tide", 10, "Blue headset reportedly delayed");
     rumor.sourcing = Sourcing::report;
-    auto podcast = bench_.story("tide", 20, "Episode 12");
+    auto podcast = harness_.story("tide", 20, "Episode 12");
     podcast.kind = StoryKind::podcast;
-    bench_.come({rumor, podcast});
+    harness_.come({rumor, podcast});
     show(rumor);
     EXPECT_EQ(reader_->sourcingLabel(), "Report");
     EXPECT_EQ(reader_->sourcingReason(), "The headline says “reportedly”.");
@@ -78,19 +79,19 @@ TEST_F(ReaderModelTest, SaysWhyAStoryHasItsLabels) {
 
 TEST_F(ReaderModelTest, FollowsMarksHoweverTheyCome) {
     open();
-    const auto story = bench_.story("tide", 10, "Marked");
-    bench_.come({story});
+    const auto story = harness_.story("tide", 10, "Marked");
+    harness_.come({story});
     show(story);
     int changes = 0;
     QObject::connect(reader_.get(), &ReaderModel::marksChanged, [&] { ++changes; });
-    const auto number = bench_.news->stories()[0].number();
-    bench_.mark(Mark::saved, {number}, true);
+    const auto number = harness_.news->stories()[0].number();
+    harness_.mark(Mark::saved, {number}, true);
     EXPECT_TRUE(reader_->isSaved());
     EXPECT_EQ(changes, 1);
-    bench_.change([&](Wire& wire) {
+    harness_.change([&](Wire& wire) {
         Wire::Batch batch;
         batch.push_back(PackedStory::make(
-            StoredStory{.story = story, .number = number, .readAt = bench_.at("11:00")}));
+            StoredStory{.story = story, .number = number, .readAt = harness_.at("11:00")}));
         return wire.merge(std::move(batch));
     });
     EXPECT_TRUE(reader_->isRead());
@@ -99,10 +100,10 @@ TEST_F(ReaderModelTest, FollowsMarksHoweverTheyCome) {
 
 TEST_F(ReaderModelTest, TextFromOutsideIsShortAndCannotTurnWhatStandsAround) {
     open();
-    const auto endless = bench_.story("tide", 10, std::string(100'000, 'x'));
-    auto turned = bench_.story("\u202Etide", 20, "A\u202Eb\u2066c\u0007d\ne");
+    const auto endless = harness_.story("tide", 10, std::string(100'000, 'x'));
+    auto turned = harness_.story("\u202Etide", 20, "A\u202Eb\u2066c\u0007d\ne");
     turned.author = "\u2067Ann";
-    bench_.come({endless, turned});
+    harness_.come({endless, turned});
     show(endless);
     EXPECT_EQ(reader_->title().size(), 1000);
     EXPECT_TRUE(reader_->title().endsWith(u'…'));

@@ -66,8 +66,8 @@ class RandomDesk {
 public:
     using Wants = std::function<bool(const PackedStory&)>;
 
-    RandomDesk(TestStories& bench, Wants wants, unsigned seed)
-        : bench_(bench), wants_(std::move(wants)), random_(seed) {}
+    RandomDesk(TestStories& harness, Wants wants, unsigned seed)
+        : harness_(harness), wants_(std::move(wants)), random_(seed) {}
 
     std::set<std::int64_t> shown, held;
 
@@ -91,7 +91,7 @@ public:
 private:
     static constexpr int kMost = 400;
 
-    const Wire& wire() const { return bench_.news->stories(); }
+    const Wire& wire() const { return harness_.news->stories(); }
     int below(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
 
     PackedStory::Owner story(std::int64_t number) {
@@ -101,7 +101,7 @@ private:
                       .title = below(3) == 0 ? "An orchard grows" : "A harbour freezes",
                       .sourceName = "Tide " + std::to_string(below(3))},
             .number = number,
-            .readAt = below(3) == 0 ? std::optional(bench_.at("10:00")) : std::nullopt});
+            .readAt = below(3) == 0 ? std::optional(harness_.at("10:00")) : std::nullopt});
     }
 
     /// The wire read anew: as it was from number `lowest` on, and whatever below.
@@ -114,7 +114,7 @@ private:
         for (auto number = lowest - 1; number > 0; --number) {
             if (below(2) == 0) batch.push_back(story(number));
         }
-        bench_.change([&](Wire& wire) { return wire.replace(std::move(batch)); });
+        harness_.change([&](Wire& wire) { return wire.replace(std::move(batch)); });
         shown.clear();
         held.clear();
         for (std::size_t i = 0; i < wire().size(); ++i) {
@@ -124,7 +124,8 @@ private:
 
     void drop() {
         const auto lowest = below(kMost / 4);
-        const auto gone = bench_.change([&](Wire& wire) { return wire.drop(lowest, kMost - 50); });
+        const auto gone =
+            harness_.change([&](Wire& wire) { return wire.drop(lowest, kMost - 50); });
         for (const auto number : gone.removedNumbers) {
             shown.erase(number);
             held.erase(number);
@@ -137,7 +138,7 @@ private:
         for (const auto number : came) {
             if (wire().placeOf(number)) known.insert(number);
         }
-        bench_.change([&](Wire& wire) {
+        harness_.change([&](Wire& wire) {
             Wire::Batch batch;
             for (const auto number : came) batch.push_back(story(number));
             return wire.merge(std::move(batch));
@@ -154,7 +155,7 @@ private:
     void mark(Mark mark) {
         Numbers numbers;
         for (int i = below(40); i >= 0; --i) numbers.push_back(1 + below(kMost));
-        bench_.mark(mark, numbers, below(2) == 0);
+        harness_.mark(mark, numbers, below(2) == 0);
         std::set<std::int64_t> changed(numbers.begin(), numbers.end());
         for (const auto number : held) changed.erase(number);
         show(changed);
@@ -167,7 +168,7 @@ private:
         }
     }
 
-    TestStories& bench_;
+    TestStories& harness_;
     Wants wants_;
     std::mt19937 random_;
     bool holds_ = false;
@@ -178,8 +179,8 @@ protected:
     static void SetUpTestSuite() { TestStories::beGuiApplication(); }
 
     void SetUp() override {
-        bench_.open();
-        list_ = std::make_unique<StoryListModel>(*bench_.news, bench_.desk.clock());
+        harness_.open();
+        list_ = std::make_unique<StoryListModel>(*harness_.news, harness_.desk.clock());
     }
 
     void fill() {
@@ -189,19 +190,19 @@ protected:
     void comeMany(int count) {
         std::vector<kit::Story> stories;
         for (int i = 1; i <= count; ++i) {
-            stories.push_back(bench_.story("tide", i, "Story " + std::to_string(i)));
+            stories.push_back(harness_.story("tide", i, "Story " + std::to_string(i)));
         }
-        bench_.come(stories);
+        harness_.come(stories);
     }
     Numbers all() const {
         Numbers numbers;
-        for (std::size_t i = 0; i < bench_.news->stories().size(); ++i) {
-            numbers.push_back(bench_.news->stories()[i].number());
+        for (std::size_t i = 0; i < harness_.news->stories().size(); ++i) {
+            numbers.push_back(harness_.news->stories()[i].number());
         }
         return numbers;
     }
 
-    TestStories bench_;
+    TestStories harness_;
     std::unique_ptr<StoryListModel> list_;
 };
 
@@ -217,12 +218,12 @@ TEST_F(StoryListModelTest, ViewsKnowEveryRowWhateverChangesInTheWire) {
          [](auto& story) { return story.isSaved() && story.title() == "An orchard grows"; }}};
     unsigned seed = 1;
     for (const auto& [filter, wants] : cases) {
-        list_ = std::make_unique<StoryListModel>(*bench_.news, bench_.desk.clock());
+        list_ = std::make_unique<StoryListModel>(*harness_.news, harness_.desk.clock());
         const QAbstractItemModelTester tester(
             list_.get(), QAbstractItemModelTester::FailureReportingMode::Fatal);
         Mirror view(*list_);
-        RandomDesk random(bench_, wants, seed++);
-        bench_.change([](Wire& wire) { return wire.replace({}); });
+        RandomDesk random(harness_, wants, seed++);
+        harness_.change([](Wire& wire) { return wire.replace({}); });
         list_->show(filter);
         for (int round = 0; round < 400; ++round) {
             random.change(*list_);
@@ -247,11 +248,11 @@ TEST_F(StoryListModelTest, AWireThatIsReadAnewLeavesRowsThatStayAlone) {
     list_->show({});
     fill();
     Mirror view(*list_);
-    bench_.change([&](Wire& wire) {
+    harness_.change([&](Wire& wire) {
         Wire::Batch batch;
         for (std::size_t i = 0; i < wire.size(); ++i) {
             auto story = wire[i].unpacked();
-            if (i == 3) story.readAt = bench_.at("11:00");
+            if (i == 3) story.readAt = harness_.at("11:00");
             batch.push_back(PackedStory::make(story));
         }
         batch.push_back(PackedStory::make(StoredStory{.story = {.id = "old"}, .number = 5}));
@@ -268,28 +269,28 @@ TEST_F(StoryListModelTest, ManyMarksAtOnceKeepRowsAndBringTheStoriesThatAreWante
     comeMany(700);
     list_->show({.marks = Marks::unread});
     fill();
-    bench_.mark(Mark::read, all(), true);
+    harness_.mark(Mark::read, all(), true);
     EXPECT_EQ(list_->count(), 700) << "none leaves";
     EXPECT_EQ(list_->unread(), 0);
     list_->show({.marks = Marks::unread});
     fill();
     EXPECT_EQ(list_->count(), 0);
-    bench_.mark(Mark::read, all(), false);
+    harness_.mark(Mark::read, all(), false);
     EXPECT_EQ(list_->count(), 700) << "as when all is taken back";
     EXPECT_EQ(list_->unread(), 700);
 }
 
 TEST_F(StoryListModelTest, FiltersNarrowByEveryChoice) {
-    auto podcast = bench_.story("tide", 10, "podcast");
+    auto podcast = harness_.story("tide", 10, "podcast");
     podcast.kind = StoryKind::podcast;
-    auto deal = bench_.story("tide", 20, "deal");
+    auto deal = harness_.story("tide", 20, "deal");
     deal.kind = StoryKind::deal;
-    auto rumor = bench_.story("post", 30, "rumor");
+    auto rumor = harness_.story("post", 30, "rumor");
     rumor.sourcing = Sourcing::rumor;
-    auto apple = bench_.story("post", 40, "apple");
+    auto apple = harness_.story("post", 40, "apple");
     apple.isAppleSource = true;
-    bench_.come({podcast, deal, rumor, apple});
-    bench_.mark(Mark::saved, {bench_.news->stories().find(deal.id)->number()}, true);
+    harness_.come({podcast, deal, rumor, apple});
+    harness_.mark(Mark::saved, {harness_.news->stories().find(deal.id)->number()}, true);
 
     const std::vector<std::pair<StoryFilter, QString>> cases{
         {{}, "apple rumor podcast"},

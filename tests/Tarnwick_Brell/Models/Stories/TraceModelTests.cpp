@@ -17,14 +17,15 @@ class Trace : public testing::Test {
 protected:
     Trace() {
         TestStories::beGuiApplication();
-        bench_.open();
-        bench_.come({bench_.story("lantern", 600, "Orchard opens"),
-                     bench_.story("tide", 540, "An orchard is planned")});
-        const auto clock = bench_.desk.clock();
-        stories_ = std::make_unique<StoryListController>(*bench_.news, *bench_.newsrooms, clock);
+        harness_.open();
+        harness_.come({harness_.story("lantern", 600, "Orchard opens"),
+                       harness_.story("tide", 540, "An orchard is planned")});
+        const auto clock = harness_.desk.clock();
+        stories_ =
+            std::make_unique<StoryListController>(*harness_.news, *harness_.newsrooms, clock);
         selected_ =
-            std::make_unique<SelectedStory>(*bench_.news, *stories_, bench_.defaults, clock);
-        actions_ = std::make_unique<StoryActions>(*bench_.news, *stories_->list(), *selected_);
+            std::make_unique<SelectedStory>(*harness_.news, *stories_, harness_.defaults, clock);
+        actions_ = std::make_unique<StoryActions>(*harness_.news, *stories_->list(), *selected_);
         stories_->open(Destination{Destination::Kind::all, {}});
     }
 
@@ -32,13 +33,13 @@ protected:
         return kit::ArchiveAddresses{"/wp-json/tb-archive/v1/"}.trace(story);
     }
     void serve(const std::string& story, std::vector<pressroom::Response> answers) {
-        bench_.desk.http.script.on(kHost, target(story), std::move(answers));
+        harness_.desk.http.script.on(kHost, target(story), std::move(answers));
     }
     std::size_t requests(const std::string& story) {
-        return bench_.desk.http.script.requests(kHost, target(story)).size();
+        return harness_.desk.http.script.requests(kHost, target(story)).size();
     }
     void choose(const std::string& title) {
-        selected_->open(QString::fromStdString(bench_.idOf(title)));
+        selected_->open(QString::fromStdString(harness_.idOf(title)));
     }
     TraceModel& trace() { return *selected_->reader()->trace(); }
     bool becomes(TraceModel::State state) {
@@ -50,7 +51,7 @@ protected:
 
     const std::string lantern_ = "https://lantern.example/600";
     const std::string tide_ = "https://tide.example/540";
-    TestStories bench_;
+    TestStories harness_;
     std::unique_ptr<StoryListController> stories_;
     std::unique_ptr<SelectedStory> selected_;
     std::unique_ptr<StoryActions> actions_;
@@ -94,8 +95,8 @@ TEST_F(Trace, ShowsWhoHadTheStoryFromWhomAndWhatCanBeOpened) {
     EXPECT_EQ(texts("link"),
               "|https://tide.example/540/?utm_source=x|https://lantern.example/600|"
               "https://mole.example/a");
-    EXPECT_EQ(texts("storyID"), "|" + bench_.idOf("An orchard is planned") + "|" +
-                                    bench_.idOf("Orchard opens") + "|");
+    EXPECT_EQ(texts("storyID"), "|" + harness_.idOf("An orchard is planned") + "|" +
+                                    harness_.idOf("Orchard opens") + "|");
     EXPECT_EQ(texts("isThis"), "false|false|true|false");
     EXPECT_EQ(column(*trace().rows(), "spokenText")[2],
               "Lantern, Opens, Time unknown, after Harbour on Gull, "

@@ -16,19 +16,19 @@ TEST(RefreshStates, RefreshingByHandFetchesTrackersToo) {
     // The suites beside this one make it too, whichever runs first.
     static auto* application = qApp ? nullptr : new QGuiApplication(count, nullptr);
     Q_UNUSED(application)
-    test::TestPanels bench;
-    bench.open();
+    test::TestPanels harness;
+    harness.open();
     const auto isCalm = [&] {
-        return !bench.news->isRefreshing() && std::ranges::none_of(kTrackers, [&](auto tracker) {
-            return bench.trackers->isRefreshing(tracker);
+        return !harness.news->isRefreshing() && std::ranges::none_of(kTrackers, [&](auto tracker) {
+            return harness.trackers->isRefreshing(tracker);
         });
     };
     // The fetches that the stores begin by themselves end within seconds.
-    ASSERT_TRUE(until([&] { return bench.trackers->failures() > 0 && isCalm(); }));
-    RefreshStatus state({*bench.news, *bench.trackers}, bench.desk.clock());
+    ASSERT_TRUE(until([&] { return harness.trackers->failures() > 0 && isCalm(); }));
+    RefreshStatus state({*harness.news, *harness.trackers}, harness.desk.clock());
     state.refresh();
-    EXPECT_TRUE(bench.news->isRefreshing());
-    for (const auto tracker : kTrackers) EXPECT_TRUE(bench.trackers->isRefreshing(tracker));
+    EXPECT_TRUE(harness.news->isRefreshing());
+    for (const auto tracker : kTrackers) EXPECT_TRUE(harness.trackers->isRefreshing(tracker));
     ASSERT_TRUE(until(isCalm));
 }
 
