@@ -18,7 +18,7 @@
 #include "PressRoom/Files/FilesRequestHandler.h"
 #include "PressRoom/Server/Conditional.h"
 #include "PressRoom/Server/Server.h"
-#include "PressRoom/Signals/SignalsRequestHandler.h"
+#include "PressRoom/AppleData/AppleDataRequestHandler.h"
 #include "PressRoom/Trackers/TrackerRequestHandler.h"
 #include "PressRoom/World/WorldHandler.h"
 
@@ -175,7 +175,7 @@ int run(const CommandLine& options) {
     further.push_back(
         std::make_unique<TrackerRequestHandler>(readTrackers(directory), anchor, misbehaviours));
     further.push_back(
-        std::make_unique<SignalsRequestHandler>(readSignals(directory), anchor, misbehaviours));
+        std::make_unique<AppleDataRequestHandler>(readAppleData(directory), anchor, misbehaviours));
     if (options.files) further.push_back(std::make_unique<FilesRequestHandler>(*options.files));
     const WorldHandler world(readWorld(directory), {.anchor = anchor, .speed = options.speed},
                              misbehaviours, std::move(further));

@@ -3,13 +3,13 @@
 #include <boost/url/encode.hpp>
 #include <boost/url/rfc/pchars.hpp>
 
-#include "NewsroomKit/Trackers/SignalHosts.h"
+#include "NewsroomKit/Trackers/TrackerHosts.h"
 
 namespace kit {
 
 namespace {
 
-std::string addressOf(SignalService service) { return "https://" + std::string(hostOf(service)); }
+std::string addressOf(TrackerHost service) { return "https://" + std::string(hostOf(service)); }
 
 /// So that nothing in it becomes part of the address's own syntax; commas stay.
 std::string pathPiece(std::string_view text) {
@@ -19,14 +19,14 @@ std::string pathPiece(std::string_view text) {
 }  // namespace
 
 std::string SignalsAPI::signingAddress(std::string_view device) {
-    return addressOf(SignalService::signing) + "/v4/device/" + pathPiece(device) + "?type=ipsw";
+    return addressOf(TrackerHost::signing) + "/v4/device/" + pathPiece(device) + "?type=ipsw";
 }
 
-std::string SignalsAPI::updatesAddress() { return addressOf(SignalService::updates) + "/v2/pmv"; }
+std::string SignalsAPI::updatesAddress() { return addressOf(TrackerHost::updates) + "/v2/pmv"; }
 
 std::string SignalsAPI::chartAddress(AppStoreCharts::Kind kind, std::string_view country,
                                      int entries) {
-    return addressOf(SignalService::charts) + "/api/v2/" + pathPiece(country) + "/apps/" +
+    return addressOf(TrackerHost::charts) + "/api/v2/" + pathPiece(country) + "/apps/" +
            std::string(rawValue(kind)) + "/" + std::to_string(entries) + "/apps.json";
 }
 

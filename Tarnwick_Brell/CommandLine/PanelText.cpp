@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "Tarnwick_Brell/CommandLine/SignalPanels.h"
+#include "Tarnwick_Brell/CommandLine/ChangePanels.h"
 #include "Tarnwick_Brell/CommandLine/StoryPanels.h"
 #include "Tarnwick_Brell/CommandLine/TrackerPanels.h"
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "NewsroomKit/Log/Log.h"
-#include "NewsroomKit/Trackers/SignalHosts.h"
+#include "NewsroomKit/Trackers/TrackerHosts.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
@@ -83,7 +83,7 @@ kit::CurlTransport::Options LaunchContext::network(const Warning& warn) {
         network.caFile = pressRoom_->authority();
     } else if (const auto authority = Defaults(paths_.settings).updateCatalogueAuthority()) {
         if (isReadable(*authority)) {
-            network.extraAuthorities.emplace(hostOf(kit::SignalService::updates), *authority);
+            network.extraAuthorities.emplace(hostOf(kit::TrackerHost::updates), *authority);
         } else {
             warn("The certificate file " + authority->string() + ", which the setting " +
                  std::string(SettingKey::kUpdateCatalogueAuthority) + " names, can't be read.");

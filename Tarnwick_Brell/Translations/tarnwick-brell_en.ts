@@ -29,7 +29,7 @@
     </message>
 </context>
 <context>
-    <name>SignalText</name>
+    <name>ChangeText</name>
     <message numerus="yes">
         <source>%1 and %n others</source>
         <translation>

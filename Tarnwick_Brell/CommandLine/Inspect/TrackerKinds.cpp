@@ -1,5 +1,8 @@
 #include <optional>
 
+#include "NewsroomKit/Trackers/Charts/AppStoreCharts.h"
+#include "NewsroomKit/Trackers/Updates/AppleUpdateCatalog.h"
+#include "NewsroomKit/Trackers/Signing/SigningStatus.h"
 #include "NewsroomKit/Trackers/Releases/NewBuilds.h"
 #include "NewsroomKit/Trackers/Status/ServiceProblems.h"
 #include "NewsroomKit/Trackers/TrackerAPI.h"
@@ -95,6 +98,20 @@ json::object quote(const json::object& input) {
     json::object answer{{"open", stock.isOpen()}};
     if (const auto close = stock.previousClose()) answer["previousClose"] = kit::encode(*close);
     return answer;
+}
+
+json::object signing(const json::object& input) {
+    const auto status = kit::SigningStatus::parse(document(input));
+    return kit::encode(status, DateStyle::secondsSince1970).get_object();
+}
+
+json::object updates(const json::object& input) {
+    const auto offers = kit::AppleUpdateCatalog::parse(document(input));
+    return {{"offers", kit::encode(offers, DateStyle::secondsSince1970)}};
+}
+
+json::object chart(const json::object& input) {
+    return {{"entries", kit::encode(kit::AppStoreCharts::parse(document(input)))}};
 }
 
 }  // namespace cli::inspect

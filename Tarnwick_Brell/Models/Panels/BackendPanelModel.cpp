@@ -1,7 +1,7 @@
 #include "Tarnwick_Brell/Models/Panels/BackendPanelModel.h"
 
 #include "NewsroomKit/Panels/BackendContent.h"
-#include "Tarnwick_Brell/Models/Panels/SignalText.h"
+#include "Tarnwick_Brell/Models/Panels/ChangeText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
 namespace app {
@@ -12,8 +12,8 @@ QString titleOf(const kit::UpdateOffer& offer) {
     return buildText(offer.platform + " " + offer.version, offer.build);
 }
 
-SignalRow rowOf(const kit::OfferChange& change, kit::Instant now) {
-    SignalRow row{.title = titleOf(change.offer),
+ChangeRow rowOf(const kit::OfferChange& change, kit::Instant now) {
+    ChangeRow row{.title = titleOf(change.offer),
                   .detail = change.isOffered ? BackendPanelModel::tr("Now offered")
                                              : BackendPanelModel::tr("No longer offered"),
                   .when = ageText(change.seenAt, now)};
@@ -22,8 +22,8 @@ SignalRow rowOf(const kit::OfferChange& change, kit::Instant now) {
     return row;
 }
 
-SignalRow rowOf(const kit::UpdateOffer& offer, kit::Instant now) {
-    SignalRow row{.title = titleOf(offer),
+ChangeRow rowOf(const kit::UpdateOffer& offer, kit::Instant now) {
+    ChangeRow row{.title = titleOf(offer),
                   .detail = BackendPanelModel::tr("For %n models", nullptr,
                                                   static_cast<int>(offer.deviceCount)),
                   .when = namedDayText(offer.posted, now)};
@@ -37,7 +37,7 @@ SignalRow rowOf(const kit::UpdateOffer& offer, kit::Instant now) {
 }
 
 template <class Part>
-void add(std::vector<SignalRow>& rows, const QString& heading, const std::vector<Part>& parts,
+void add(std::vector<ChangeRow>& rows, const QString& heading, const std::vector<Part>& parts,
          kit::Instant now) {
     for (const auto& part : parts) {
         rows.push_back(rowOf(part, now));
@@ -48,14 +48,14 @@ void add(std::vector<SignalRow>& rows, const QString& heading, const std::vector
 }  // namespace
 
 BackendPanelModel::BackendPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
-    : SignalsPanelModel(stores, panel) {
+    : ChangesPanelModel(stores, panel) {
     connect(&trackers(), &TrackerStore::updatesChanged, this, &BackendPanelModel::update);
     update();
 }
 
 void BackendPanelModel::update() {
     const auto content = kit::backendContent(trackers().updates(), trackers().offerChanges());
-    std::vector<SignalRow> rows;
+    std::vector<ChangeRow> rows;
     add(rows, tr("Changes"), content.changes, now());
     add(rows, tr("Newest offers"), content.newest, now());
     rows_.setRows(std::move(rows));

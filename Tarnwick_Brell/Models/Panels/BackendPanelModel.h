@@ -1,12 +1,12 @@
 #pragma once
 
-#include "Tarnwick_Brell/Models/Panels/SignalsPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ChangesPanelModel.h"
 
 namespace app {
 
 /// What came into Apple's update catalogue and what went, the last seen first, and below it the
 /// newest offer for each platform.
-class BackendPanelModel final : public SignalsPanelModel {
+class BackendPanelModel final : public ChangesPanelModel {
     Q_OBJECT
 
 public:

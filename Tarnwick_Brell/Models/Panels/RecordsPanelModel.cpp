@@ -1,6 +1,6 @@
 #include "Tarnwick_Brell/Models/Panels/RecordsPanelModel.h"
 
-#include "Tarnwick_Brell/Models/Panels/SignalText.h"
+#include "Tarnwick_Brell/Models/Panels/ChangeText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -8,8 +8,8 @@ namespace app {
 
 namespace {
 
-SignalRow rowOf(const kit::SigningNews& news, kit::Instant now) {
-    SignalRow row{.title = buildText(news.system, news.build),
+ChangeRow rowOf(const kit::SigningNews& news, kit::Instant now) {
+    ChangeRow row{.title = buildText(news.system, news.build),
                   .detail = (news.isSigned ? RecordsPanelModel::tr("Now signed for %1")
                                            : RecordsPanelModel::tr("No longer signed for %1"))
                                 .arg(devicesText(news.devices)),
@@ -22,14 +22,14 @@ SignalRow rowOf(const kit::SigningNews& news, kit::Instant now) {
 }  // namespace
 
 RecordsPanelModel::RecordsPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
-    : SignalsPanelModel(stores, panel) {
+    : ChangesPanelModel(stores, panel) {
     connect(&trackers(), &TrackerStore::signingChanged, this, &RecordsPanelModel::update);
     update();
 }
 
 void RecordsPanelModel::update() {
     const auto content = kit::recordsContent(signingOf(trackers()), trackers().signingChanges());
-    std::vector<SignalRow> rows;
+    std::vector<ChangeRow> rows;
     for (const auto& news : content.rows) rows.push_back(rowOf(news, now()));
     rows_.setRows(std::move(rows));
     auto condition = conditionOf(content.condition, tr("No change of signing has been seen yet."));

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "Tarnwick_Brell/Models/Panels/SignalsPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ChangesPanelModel.h"
 
 namespace app {
 
 /// Firmware that Apple began or stopped to sign.
-class RecordsPanelModel final : public SignalsPanelModel {
+class RecordsPanelModel final : public ChangesPanelModel {
     Q_OBJECT
 
 public:

@@ -1,6 +1,6 @@
 #include "Tarnwick_Brell/Models/Panels/SignedPanelModel.h"
 
-#include "Tarnwick_Brell/Models/Panels/SignalText.h"
+#include "Tarnwick_Brell/Models/Panels/ChangeText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -9,8 +9,8 @@ namespace app {
 namespace {
 
 /// The rows of one model; the first carries its name as the heading.
-std::vector<SignalRow> rowsOf(const kit::SigningContent::Device& device, kit::Instant now) {
-    std::vector<SignalRow> rows;
+std::vector<ChangeRow> rowsOf(const kit::SigningContent::Device& device, kit::Instant now) {
+    std::vector<ChangeRow> rows;
     for (const auto& build : device.builds) {
         rows.push_back({.title = buildText(build.version, build.build),
                         .when = build.released ? namedDayText(*build.released, now) : QString()});
@@ -35,14 +35,14 @@ std::vector<SignalRow> rowsOf(const kit::SigningContent::Device& device, kit::In
 
 }  // namespace
 
-SignedPanelModel::SignedPanelModel(const PanelStores& stores) : SignalsPanelModel(stores) {
+SignedPanelModel::SignedPanelModel(const PanelStores& stores) : ChangesPanelModel(stores) {
     connect(&trackers(), &TrackerStore::signingChanged, this, &SignedPanelModel::update);
     update();
 }
 
 void SignedPanelModel::update() {
     const auto content = kit::signingContent(signingOf(trackers()));
-    std::vector<SignalRow> rows;
+    std::vector<ChangeRow> rows;
     for (const auto& device : content.devices) {
         for (auto& row : rowsOf(device, now())) rows.push_back(std::move(row));
     }

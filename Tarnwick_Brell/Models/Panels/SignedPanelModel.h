@@ -1,11 +1,11 @@
 #pragma once
 
-#include "Tarnwick_Brell/Models/Panels/SignalsPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ChangesPanelModel.h"
 
 namespace app {
 
 /// What Apple signs now for each model that is asked for, model by model.
-class SignedPanelModel final : public SignalsPanelModel {
+class SignedPanelModel final : public ChangesPanelModel {
     Q_OBJECT
 
 public:

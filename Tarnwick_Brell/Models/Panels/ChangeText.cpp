@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/Models/Panels/SignalText.h"
+#include "Tarnwick_Brell/Models/Panels/ChangeText.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -13,8 +13,8 @@ constexpr int kLongestBuild = 20;
 constexpr int kLongestDeviceName = 40;
 constexpr std::size_t kMostNamed = 3;
 
-struct SignalText {
-    Q_DECLARE_TR_FUNCTIONS(SignalText)
+struct ChangeText {
+    Q_DECLARE_TR_FUNCTIONS(ChangeText)
 };
 
 }  // namespace
@@ -29,14 +29,14 @@ QString devicesText(const std::vector<std::string>& names) {
     const auto count = areAllNamed ? names.size() : kMostNamed - 1;
     QStringList named;
     for (std::size_t i = 0; i < count; ++i) named << titleText(names[i], kLongestDeviceName);
-    const auto separator = SignalText::tr(", ");
+    const auto separator = ChangeText::tr(", ");
     if (!areAllNamed) {
-        return SignalText::tr("%1 and %n others", nullptr, static_cast<int>(names.size() - count))
+        return ChangeText::tr("%1 and %n others", nullptr, static_cast<int>(names.size() - count))
             .arg(named.join(separator));
     }
     if (named.size() < 2) return named.join(separator);
     const auto last = named.takeLast();
-    return SignalText::tr("%1 and %2").arg(named.join(separator), last);
+    return ChangeText::tr("%1 and %2").arg(named.join(separator), last);
 }
 
 std::vector<kit::DeviceSigning> signingOf(const TrackerStore& store) {

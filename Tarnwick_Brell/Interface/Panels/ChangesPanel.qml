@@ -7,7 +7,7 @@ import TarnwickBrell.Models
 Item {
     id: panel
 
-    required property SignalsPanelModel content
+    required property ChangesPanelModel content
     readonly property bool pale: content.state === PanelModel.Stale
 
     PanelList {

@@ -11,7 +11,7 @@
 namespace app {
 
 /// A line about firmware or updates.
-struct SignalRow {
+struct ChangeRow {
     Q_GADGET
     Q_PROPERTY(QString heading MEMBER heading)
     Q_PROPERTY(QString title MEMBER title)
@@ -26,11 +26,11 @@ public:
     QString when{};
     QString spokenText{};
 
-    bool operator==(const SignalRow&) const = default;
+    bool operator==(const ChangeRow&) const = default;
 };
 
-/// Lines about firmware or updates, under headings. SignalsPanel.qml shows all of its subclasses.
-class SignalsPanelModel : public app::PanelModel {
+/// Lines about firmware or updates, under headings. ChangesPanel.qml shows all of its subclasses.
+class ChangesPanelModel : public app::PanelModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Newsrooms make their panels' contents.")
@@ -40,13 +40,13 @@ class SignalsPanelModel : public app::PanelModel {
 public:
     using PanelModel::PanelModel;
 
-    QString file() const final { return QStringLiteral("SignalsPanel.qml"); }
-    GadgetListModel<SignalRow>* rows() { return &rows_; }
+    QString file() const final { return QStringLiteral("ChangesPanel.qml"); }
+    GadgetListModel<ChangeRow>* rows() { return &rows_; }
     /// Names the list for those who do not see it.
     virtual QString label() const = 0;
 
 protected:
-    GadgetListModel<SignalRow> rows_;
+    GadgetListModel<ChangeRow> rows_;
 };
 
 }  // namespace app

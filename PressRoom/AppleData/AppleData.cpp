@@ -1,4 +1,4 @@
-#include "PressRoom/Signals/SignalFiles.h"
+#include "PressRoom/AppleData/AppleData.h"
 
 #include <algorithm>
 #include <functional>
@@ -120,8 +120,8 @@ void checkCharts(const WorldCharts& charts) {
 
 }  // namespace
 
-SignalFiles readSignals(const std::filesystem::path& directory) {
-    const auto folder = directory / "signals";
+AppleData readAppleData(const std::filesystem::path& directory) {
+    const auto folder = directory / "apple";
     return {.signing = readDataFile<WorldSigning>(folder / "signing.json", checkSigning),
             .updates = readDataFile<WorldUpdates>(folder / "updates.json", checkUpdates),
             .charts = readDataFile<WorldCharts>(folder / "charts.json", checkCharts)};

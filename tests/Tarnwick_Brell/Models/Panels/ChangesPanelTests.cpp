@@ -25,7 +25,7 @@ using pressroom::Response;
 using ::test::until;
 
 /// The clock is at 12:00 UTC on Friday, 20 November 2026.
-class SignalPanelsTest : public ::testing::Test {
+class ChangesPanelTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         ::test::beApplication();
@@ -39,7 +39,7 @@ protected:
         tzset();
     }
 
-    SignalPanelsTest() {
+    ChangesPanelTest() {
         defaults_.set("signingDevices", "iPhone18,3, iPhone18,4");
         signing("iPhone18,3", {.body = signingBody("27+ 26+ 25", "Slate 3")});
         signing("iPhone18,4", {.body = signingBody("27+ 26+ 25", "Slate 4")});
@@ -94,7 +94,7 @@ protected:
     PanelStores stores_{news_, trackers_, harness_.clock()};
 };
 
-TEST_F(SignalPanelsTest, RecordsTellOfABuildOnceForAllItsModelsTheLastSeenFirst) {
+TEST_F(ChangesPanelTest, RecordsTellOfABuildOnceForAllItsModelsTheLastSeenFirst) {
     auto records = panel<RecordsPanelModel>(PanelKind::records);
     EXPECT_EQ(records->state(), PanelModel::Loading);
     refresh();
@@ -123,7 +123,7 @@ TEST_F(SignalPanelsTest, RecordsTellOfABuildOnceForAllItsModelsTheLastSeenFirst)
     EXPECT_TRUE(trackers_.isRefreshing(Tracker::signing));
 }
 
-TEST_F(SignalPanelsTest, WhatIsSignedNowStandsModelByModel) {
+TEST_F(ChangesPanelTest, WhatIsSignedNowStandsModelByModel) {
     signing("iPhone18,4", {.status = 404});
     SignedPanelModel panel(stores_);
     refresh();
@@ -148,7 +148,7 @@ TEST_F(SignalPanelsTest, WhatIsSignedNowStandsModelByModel) {
     EXPECT_EQ(rows[2].title, "Nothing is signed");
 }
 
-TEST_F(SignalPanelsTest, TheCatalogueShowsItsChangesAndTheNewestOfferOfEachPlatform) {
+TEST_F(ChangesPanelTest, TheCatalogueShowsItsChangesAndTheNewestOfferOfEachPlatform) {
     auto backend = panel<BackendPanelModel>(PanelKind::backend);
     updates({.body = updatesBody("26.9")});
     refresh();
@@ -171,7 +171,7 @@ TEST_F(SignalPanelsTest, TheCatalogueShowsItsChangesAndTheNewestOfferOfEachPlatf
               "macOS 26 (M26)|For 3 models|1 Oct 2025\n");
 }
 
-TEST_F(SignalPanelsTest, ThePageOfTheChartsShowsHowAppsMovedSinceTheDayBefore) {
+TEST_F(ChangesPanelTest, ThePageOfTheChartsShowsHowAppsMovedSinceTheDayBefore) {
     const auto& pages = trackerPages();
     const auto page = std::ranges::find(pages, "charts", &TrackerPage::id);
     ASSERT_NE(page, pages.end());
@@ -221,7 +221,7 @@ TEST_F(SignalPanelsTest, ThePageOfTheChartsShowsHowAppsMovedSinceTheDayBefore) {
     EXPECT_EQ(at(0, NewsroomModel::Symbol), "doc.text");
 }
 
-TEST_F(SignalPanelsTest, EveryTrackersPageFillsTheGrid) {
+TEST_F(ChangesPanelTest, EveryTrackersPageFillsTheGrid) {
     NewsroomModel model(stores_);
     for (const auto& page : trackerPages()) {
         model.show(pageOf(page));

@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/CommandLine/SignalPanels.h"
+#include "Tarnwick_Brell/CommandLine/ChangePanels.h"
 
 #include <fmt/format.h>
 

@@ -72,13 +72,13 @@ struct WorldCharts {
     std::vector<WorldChart> charts{};
 };
 
-struct SignalFiles {
+struct AppleData {
     WorldSigning signing;
     WorldUpdates updates;
     WorldCharts charts;
 };
 
-/// Reads the files in the folder `signals` below `directory` and checks them. Throws WorldError.
-SignalFiles readSignals(const std::filesystem::path& directory);
+/// Reads the files in the folder `apple` below `directory` and checks them. Throws WorldError.
+AppleData readAppleData(const std::filesystem::path& directory);
 
 }  // namespace pressroom

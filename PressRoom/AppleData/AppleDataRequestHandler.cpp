@@ -1,4 +1,4 @@
-#include "PressRoom/Signals/SignalsRequestHandler.h"
+#include "PressRoom/AppleData/AppleDataRequestHandler.h"
 
 #include <algorithm>
 #include <charconv>
@@ -69,22 +69,22 @@ json::object resultOf(const WorldApp& app) {
 
 }  // namespace
 
-SignalsRequestHandler::SignalsRequestHandler(SignalFiles files, sys_seconds anchor,
-                                             Misbehaviours& misbehaviours)
+AppleDataRequestHandler::AppleDataRequestHandler(AppleData files, sys_seconds anchor,
+                                                 Misbehaviours& misbehaviours)
     : files_(std::move(files)),
       anchor_(anchor),
       faults_({"signing", "updates", "charts"}, misbehaviours) {}
 
-std::optional<Response> SignalsRequestHandler::answer(const Request& request,
-                                                      sys_seconds now) const {
+std::optional<Response> AppleDataRequestHandler::answer(const Request& request,
+                                                        sys_seconds now) const {
     if (request.host == kSigningHost) return signing(request, now);
     if (request.host == kUpdatesHost) return updates(request, now);
     if (request.host == kChartsHost) return chart(request, now);
     return std::nullopt;
 }
 
-std::optional<Response> SignalsRequestHandler::signing(const Request& request,
-                                                       sys_seconds now) const {
+std::optional<Response> AppleDataRequestHandler::signing(const Request& request,
+                                                         sys_seconds now) const {
     auto path = request.path();
     if (!path.starts_with(kDevices)) return std::nullopt;
     path.remove_prefix(kDevices.size());
@@ -105,8 +105,8 @@ std::optional<Response> SignalsRequestHandler::signing(const Request& request,
                           {std::move(document), "firmwares", "buildid", "releasedate"});
 }
 
-std::optional<Response> SignalsRequestHandler::updates(const Request& request,
-                                                       sys_seconds now) const {
+std::optional<Response> AppleDataRequestHandler::updates(const Request& request,
+                                                         sys_seconds now) const {
     if (request.path() != kUpdates) return std::nullopt;
     json::object sets;
     for (const auto& asset : files_.updates.assets) {
@@ -131,8 +131,8 @@ std::optional<Response> SignalsRequestHandler::updates(const Request& request,
                           {std::move(document), "PublicAssetSets", "Build", "PostingDate"});
 }
 
-std::optional<Response> SignalsRequestHandler::chart(const Request& request,
-                                                     sys_seconds now) const {
+std::optional<Response> AppleDataRequestHandler::chart(const Request& request,
+                                                       sys_seconds now) const {
     auto path = request.path();
     if (!path.starts_with(kCharts) || !path.ends_with(kChartEnd)) return std::nullopt;
     path.remove_prefix(kCharts.size());

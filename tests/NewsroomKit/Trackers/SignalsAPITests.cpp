@@ -108,7 +108,7 @@ TEST(AppStoreCharts, PlacesCountFromOneAndOnlyAddressesAreAddresses) {
                                       .id = "7"}));
 }
 
-TEST(SignalsDecoding, AnAnswerWithAFaultAnywhereIsRefusedWholeAndThePlaceIsNamed) {
+TEST(SignalsAPI, AnAnswerWithAFaultAnywhereIsRefusedWholeAndThePlaceIsNamed) {
     const auto signing = [](std::string body) { return [=] { SigningStatus::parse(body); }; };
     const auto updates = [](std::string sets) {
         return [=] { AppleUpdateCatalog::parse("{\"PublicAssetSets\":" + sets + "}"); };

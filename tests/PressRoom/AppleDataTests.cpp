@@ -7,7 +7,7 @@
 
 #include <boost/json.hpp>
 
-#include "PressRoom/Signals/SignalsRequestHandler.h"
+#include "PressRoom/AppleData/AppleDataRequestHandler.h"
 #include "tests/PressRoom/SampleWorld.h"
 
 namespace pressroom::testing {
@@ -29,7 +29,7 @@ std::filesystem::path worldFolder() {
 
 std::optional<Response> ask(const std::string& address, minutes time = 0min,
                             Misbehaviours misbehaviours = {}) {
-    const SignalsRequestHandler room(readSignals(worldFolder()), anchor, misbehaviours);
+    const AppleDataRequestHandler room(readAppleData(worldFolder()), anchor, misbehaviours);
     const auto slash = address.find('/', 8);
     return room.answer(
         {.method = "GET", .host = address.substr(8, slash - 8), .target = address.substr(slash)},
@@ -40,7 +40,7 @@ json::value document(const std::string& address, minutes time = 0min) {
     return json::parse(ask(address, time)->body);
 }
 
-TEST(Signals, BuildsAreSignedUntilTheirTimeAndOffersComeAndGo) {
+TEST(AppleData, BuildsAreSignedUntilTheirTimeAndOffersComeAndGo) {
     const auto signedBuilds = [](const std::string& address, minutes time) {
         Texts builds;
         const auto answer = document(address, time);
@@ -64,7 +64,7 @@ TEST(Signals, BuildsAreSignedUntilTheirTimeAndOffersComeAndGo) {
     EXPECT_EQ(count("macOS", 95min), count("macOS", 94min) + 1);
 }
 
-TEST(Signals, AppsMoveUpAndDownAndNewOnesComeFromBelow) {
+TEST(AppleData, AppsMoveUpAndDownAndNewOnesComeFromBelow) {
     const auto names = [](minutes time, const std::string& address = topFree) {
         Texts apps;
         const auto answer = document(address, time);
@@ -90,7 +90,7 @@ TEST(Signals, AppsMoveUpAndDownAndNewOnesComeFromBelow) {
         3u);
 }
 
-TEST(Signals, EachMisbehavesAsToldAndOtherAddressesAreLeftAlone) {
+TEST(AppleData, EachMisbehavesAsToldAndOtherAddressesAreLeftAlone) {
     const auto faulty = [](const std::string& address, const char* name, std::string_view kind) {
         return *ask(address, 0min, {{name, readMisbehaviour(kind).value()}});
     };
@@ -119,7 +119,7 @@ TEST(Signals, EachMisbehavesAsToldAndOtherAddressesAreLeftAlone) {
     EXPECT_FALSE(ask("https://www.apple.com/v2/pmv"));
 }
 
-TEST(Signals, AFaultyFileIsNamedTogetherWithItsKey) {
+TEST(AppleData, AFaultyFileIsNamedTogetherWithItsKey) {
     const std::tuple<const char*, const char*, const char*> faults[] = {
         {"signing.json",
          R"({"systems":[],"devices":[{"identifier":"a","name":"b","system":"iOS"}]})",
@@ -133,10 +133,10 @@ TEST(Signals, AFaultyFileIsNamedTogetherWithItsKey) {
     };
     for (const auto& [name, text, expected] : faults) {
         const TemporaryFolder folder;
-        std::filesystem::copy(worldFolder() / "signals", folder.path() / "signals");
-        folder.write(std::string("signals/") + name, text);
+        std::filesystem::copy(worldFolder() / "apple", folder.path() / "apple");
+        folder.write(std::string("apple/") + name, text);
         try {
-            readSignals(folder.path());
+            readAppleData(folder.path());
             ADD_FAILURE() << "no complaint about " << name;
         } catch (const WorldError& error) {
             EXPECT_NE(std::string(error.what()).find(expected), std::string::npos) << error.what();
