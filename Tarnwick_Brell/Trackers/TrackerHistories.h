@@ -36,8 +36,8 @@ struct UnannouncedChanges {
     std::vector<OfferChange> offers{};
 };
 
-/// Takes the changes that the library has not announced yet, whoever fetched them, and marks them
-/// as announced. Those older than a day are left out: nobody has looked for so long. The first
+/// Marks the changes that have not been announced yet, whoever fetched them, as announced, and
+/// returns them. Those older than a day are left out: nobody has looked for so long. The first
 /// call for a library only marks.
 UnannouncedChanges markAnnounced(LocalStore& store, kit::Instant now);
 
