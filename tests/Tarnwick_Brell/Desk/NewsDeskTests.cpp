@@ -173,11 +173,13 @@ TEST_F(NewsDeskTest, AMarkThatCannotBeWrittenIsRolledBackWithItsUndo) {
     desk_->setRead({first}, true, Undoable::yes);
     LocalStore other(harness_.library(), Database::Access::readWrite);
     ASSERT_TRUE(until([&] { return other.marks().canUndo(); }));
-    Database(harness_.library(), Database::Access::readWrite)
-        .execute("CREATE TRIGGER refuse BEFORE INSERT ON marks BEGIN SELECT RAISE(ABORT, ''); END");
-    for (const bool saved : {true, false, true}) desk_->setSaved({second}, saved);
+    Database database(harness_.library(), Database::Access::readWrite);
+    database.execute(
+        "CREATE TRIGGER refuse BEFORE UPDATE ON deskState BEGIN SELECT RAISE(ABORT, ''); END");
+    for (const bool saved : {true, false}) desk_->setSaved({second}, saved);
     EXPECT_TRUE(until([&] { return failures_.size() == 2; }));
     EXPECT_FALSE(desk_->isSaved(second));
+    database.execute("DROP TRIGGER refuse");
 
     other.stories().dropBeyond(2, harness_.now());
     failures_.clear();
