@@ -99,25 +99,47 @@ function(brell_use_pch name async)
   endif()
 endfunction()
 
-# brell_test(test_text [SOURCES ...] USES ... [ASYNC | QT] [TIMEOUT seconds])
-# One GoogleTest program; each of its tests becomes one line of ctest. Fixture files
-# are found through the BRELL_FIXTURES definition.
+# brell_test(test_desk [FOLDERS ...] [SOURCES ...] [USES ...] [TIMEOUT seconds] [ASYNC | QT | WINDOW])
+# A program with the tests of its folder, or of FOLDERS below it, or of SOURCES. WINDOW is for tests
+# that draw, ask for a screen or use the clipboard: they have a QGuiApplication and need no screen.
+# Fixture files are found through the BRELL_FIXTURES definition.
 function(brell_test name)
-  cmake_parse_arguments(T "ASYNC;QT" "TIMEOUT" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(T "ASYNC;QT;WINDOW" "TIMEOUT" "FOLDERS;SOURCES;USES" ${ARGN})
   if(NOT T_TIMEOUT)
     set(T_TIMEOUT 120)
   endif()
+  foreach(folder ${T_FOLDERS})
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp")
+    list(APPEND T_SOURCES ${found})
+  endforeach()
   set(kind "")
-  if(T_QT)
+  set(label unit)
+  set(main GTest::gtest_main)
+  if(T_WINDOW)
+    set(kind QT)
+    set(label window)
+    set(main test_window_main Qt6::Gui)
+  elseif(T_QT)
     set(kind QT)
   elseif(T_ASYNC)
     set(kind ASYNC)
   endif()
-  brell_program(${name} ${kind} SOURCES ${T_SOURCES} USES ${T_USES} GTest::gtest GTest::gtest_main)
+  brell_program(${name} ${kind} SOURCES ${T_SOURCES} USES ${T_USES} GTest::gtest ${main})
   target_compile_definitions(${name} PRIVATE
       BRELL_FIXTURES="${CMAKE_SOURCE_DIR}/tests/fixtures")
   add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT} LABELS unit)
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT} LABELS ${label})
+  if(T_WINDOW)
+    brell_without_screen(${name})
+  endif()
+endfunction()
+
+# Of these folders every source is compiled by itself, since their names collide.
+function(brell_unbatched)
+  foreach(folder ${ARGN})
+    file(GLOB found "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp")
+    set_source_files_properties(${found} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  endforeach()
 endfunction()
 
 # brell_quick_test(test_controls SOURCES ... USES ...)
@@ -129,11 +151,11 @@ function(brell_quick_test name)
       QUICK_TEST_SOURCE_DIR="${CMAKE_CURRENT_SOURCE_DIR}")
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 120)
-  brell_window_test(${name})
+  set_tests_properties(${name} PROPERTIES LABELS window)
+  brell_without_screen(${name})
 endfunction()
 
-# A test that draws or asks for a screen runs without one.
-function(brell_window_test name)
-  set_tests_properties(${name} PROPERTIES LABELS window
+function(brell_without_screen name)
+  set_tests_properties(${name} PROPERTIES
       ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software")
 endfunction()

@@ -11,6 +11,7 @@ namespace test {
 
 /// Creates the QCoreApplication that Qt's objects need in a program without its own main function.
 inline void beApplication() {
+    if (qApp) return;
     static int count = 0;
     static QCoreApplication application(count, nullptr);
 }

@@ -8,6 +8,7 @@
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
+#include "tests/support/EventLoop.h"
 #include "tests/support/app/TestDesk.h"
 
 namespace app {
@@ -19,10 +20,7 @@ using test::TestDesk;
 
 class NewsDeskTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        static int count = 0;
-        static QCoreApplication application(count, nullptr);
-    }
+    static void SetUpTestSuite() { ::test::beApplication(); }
 
     void open() {
         desk_ = std::make_unique<NewsDesk>(harness_.library(), harness_.network(), defaults_,

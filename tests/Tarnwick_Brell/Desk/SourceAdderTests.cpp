@@ -13,7 +13,6 @@ namespace app {
 namespace {
 
 namespace asio = boost::asio;
-using Kind = AddSourceError::Kind;
 
 std::string feed(const std::string& title, int items) {
     std::string text = "<rss><channel><title>" + title + "</title>";
@@ -135,7 +134,8 @@ TEST_F(AddingTest, ACheckTellsWhatWouldComeAndChangesNothing) {
               (std::vector<std::string>{"Story 0", "Story 1", "Story 2", "Story 3", "Story 4"}));
     EXPECT_EQ(registry_.sources(), before);
     const auto known = await(adding_.check(registry_.find("six-colors")->feedURL));
-    EXPECT_EQ(std::get<AddSourceError>(known), (AddSourceError{Kind::alreadyAdded, "Six Colors"}));
+    EXPECT_EQ(std::get<AddSourceError>(known),
+              (AddSourceError{AddSourceError::Kind::alreadyAdded, "Six Colors"}));
 }
 
 TEST_F(AddingTest, AFeedThatWasRemovedIsAskedInFullAgain) {
@@ -176,7 +176,7 @@ TEST_F(AddingTest, WhatAnotherProgramAddedMeanwhileIsNotAddedTwice) {
     elsewhere.add("Theirs", "https://a.example/feed", "");
     EXPECT_EQ(add("a.example/feed"), "Theirs is already one of your sources.");
     EXPECT_EQ(std::get<AddSourceError>(adding_.addWithoutFetching("a.example/feed")),
-              (AddSourceError{Kind::alreadyAdded, "Theirs"}));
+              (AddSourceError{AddSourceError::Kind::alreadyAdded, "Theirs"}));
     EXPECT_EQ(std::get<kit::NewsSource>(adding_.addWithoutFetching("b.example/x%20y")).name,
               "b.example/x y");
 }

@@ -38,7 +38,6 @@ constexpr const char* kDeveloper = "/support/systemstatus/data/developer/system_
 class TrackerPanelsTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        ::test::beApplication();
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
     }
 

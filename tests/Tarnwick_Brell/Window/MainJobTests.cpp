@@ -20,8 +20,6 @@ using ::test::until;
 /// The real window over a desk with twelve stories, driven by keys and clicks.
 class MainJobTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { TestStories::beGuiApplication(); }
-
     void SetUp() override {
         for (int i = 1; i <= 12; ++i) {
             harness_.tell(harness_.story(

@@ -1,21 +1,10 @@
 #include "tests/support/models/TestStories.h"
 
-#include <QGuiApplication>
-
 #include "NewsroomKit/Stories/StoryIdentity.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
 #include "tests/support/EventLoop.h"
 
 namespace app::test {
-
-void TestStories::beGuiApplication() {
-    static int count = 1;
-    static char name[] = "test";
-    static char* arguments[] = {name, nullptr};
-    // Never destroyed, because Qt cannot be destroyed together with static objects.
-    static auto* application = new QGuiApplication(count, arguments);
-    Q_UNUSED(application)
-}
 
 void TestStories::open() {
     TestPanels::open();

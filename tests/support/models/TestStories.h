@@ -15,9 +15,6 @@ namespace app::test {
 /// A desk for the window's lists of stories.
 class TestStories : public TestPanels {
 public:
-    /// A QGuiApplication, once for the whole program: the clipboard needs one.
-    static void beGuiApplication();
-
     /// Opens the stores with the newsrooms and waits until everything has been read.
     void open();
 

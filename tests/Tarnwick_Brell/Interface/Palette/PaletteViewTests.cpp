@@ -56,13 +56,6 @@ Window {
 
 class PaletteViewTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        static int count = 0;
-        application_ = std::make_unique<QGuiApplication>(count, nullptr);
-    }
-    /// Qt does not take its end among the program's statics well.
-    static void TearDownTestSuite() { application_.reset(); }
-
     void SetUp() override {
         for (void (*volatile types)() : {&qml_register_types_TarnwickBrell_Models,
                                          &qml_register_types_TarnwickBrell_Palette}) {
@@ -92,7 +85,6 @@ protected:
     double number(const char* property) const { return window_->property(property).toDouble(); }
     bool is(const char* property) const { return window_->property(property).toBool(); }
 
-    static inline std::unique_ptr<QGuiApplication> application_;
     test::TestDesk harness_{{"a.example"}};
     Defaults defaults_{harness_.folder.path() / "settings.ini"};
     NewsDesk desk_{harness_.library(), harness_.network(), defaults_, harness_.clock()};

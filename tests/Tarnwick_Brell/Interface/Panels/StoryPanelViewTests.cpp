@@ -58,15 +58,7 @@ Rectangle {
 
 class StoryPanelViewTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        static int count = 1;
-        static char name[] = "test";
-        static char* arguments[] = {name, nullptr};
-        application_ = std::make_unique<QGuiApplication>(count, arguments);
-        application_->setFont(QFont(QStringLiteral("Inter")));
-    }
-    /// Qt does not take its end among the program's statics well.
-    static void TearDownTestSuite() { application_.reset(); }
+    static void SetUpTestSuite() { QGuiApplication::setFont(QFont(QStringLiteral("Inter"))); }
 
     StoryPanelViewTest() {
         [[maybe_unused]] void (*volatile models)() = &qml_register_types_TarnwickBrell_Models;
@@ -127,7 +119,6 @@ protected:
         return below(panel, [](QQuickItem* item) { return item->inherits("QQuickListView"); });
     }
 
-    static inline std::unique_ptr<QGuiApplication> application_;
     TestPanels harness_;
     std::vector<std::unique_ptr<PanelModel>> contents_;
     std::unique_ptr<QQuickView> view_;

@@ -45,8 +45,6 @@ TEST(FilterChip, AThousandChoicesAreMadeAsTheyComeIntoSightAndAreChosenByKeysAnd
          {&qml_register_types_TarnwickBrell_Models, &qml_register_types_TarnwickBrell_Wire}) {
         ASSERT_NE(types, nullptr);
     }
-    int count = 0;
-    const QGuiApplication application(count, nullptr);
     FilterOptions choices("Source");
     QQmlEngine engine;
     QObject::connect(&engine, &QQmlEngine::warnings, [](const auto& warnings) {

@@ -52,8 +52,6 @@ TEST(PaletteQuery, FindsWordsWhateverTheirSpellingAndMarksTheirLetters) {
 
 class PaletteModelTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { ::test::beApplication(); }
-
     void SetUp() override {
         harness_.serve("a.example", {test::TestDesk::feed("a.example", 1, 9)});
         desk_.start();

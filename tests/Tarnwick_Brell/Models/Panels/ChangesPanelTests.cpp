@@ -28,7 +28,6 @@ using ::test::until;
 class ChangesPanelTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        ::test::beApplication();
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
         // There it is still the day before when New York's day begins.
         setenv("TZ", "America/Los_Angeles", 1);

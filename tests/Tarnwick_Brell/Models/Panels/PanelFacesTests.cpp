@@ -34,8 +34,6 @@ constexpr Rows kRows[] = {
 /// The window and the command line over one library.
 class PanelFacesTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { ::test::beApplication(); }
-
     PanelFacesTest() {
         [[maybe_unused]] void (*volatile files)() = &qml_register_types_TarnwickBrell_Panels;
         const char* headset = "Quillmark headset appears in blue factory photos";

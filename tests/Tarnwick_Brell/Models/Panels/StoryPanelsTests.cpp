@@ -22,8 +22,6 @@ constexpr const char* kHeadset = "Quillmark headset appears in blue factory phot
 
 class StoryPanelsTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { ::test::beApplication(); }
-
     /// Three outlets tell of the headset, one of something else.
     void tellStories() {
         harness_.tell("Harbour", "10:00", kHeadset, Sourcing::report);

@@ -35,8 +35,6 @@ TEST(Destination, IsKnownByItsKeyAgain) {
 /// A sidebar with a source, "tide", of which three stories and a deal are there.
 class SidebarModelTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { TestStories::beGuiApplication(); }
-
     SidebarModelTest() {
         LocalStore store(harness_.desk.library(), Database::Access::readWrite);
         auto transaction = store.transaction();

@@ -12,12 +12,10 @@ using kit::Sourcing;
 using kit::StoryKind;
 using ::test::until;
 
-constexpr const char* kHeadset = "Quillmark headset appears in blue factory photos";
+constexpr const char* kHeadsetPhotos = "Quillmark headset appears in blue factory photos";
 
 class ReaderModelTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { TestStories::beGuiApplication(); }
-
     void open() {
         harness_.open();
         reader_ =
@@ -32,18 +30,19 @@ protected:
 };
 
 TEST_F(ReaderModelTest, TellsTheStoryItsEarlierWordingsAndHowToCiteIt) {
-    const auto story = harness_.story("Harbour", 610, kHeadset);
+    const auto story = harness_.story("Harbour", 610, kHeadsetPhotos);
     auto before = story;
     before.title = "Headset seen in blue";
     harness_.tell(before);
     harness_.tell(story);
-    harness_.tell("Lantern", "10:14", kHeadset);
-    harness_.tell("Meridian", "10:30", kHeadset);
+    harness_.tell("Lantern", "10:14", kHeadsetPhotos);
+    harness_.tell("Meridian", "10:30", kHeadsetPhotos);
     open();
     show(story);
-    EXPECT_EQ(reader_->title(), kHeadset);
-    EXPECT_EQ(reader_->citation(),
-              QString("“%1”, Harbour, 20 Nov 2026, https://Harbour.example/610").arg(kHeadset));
+    EXPECT_EQ(reader_->title(), kHeadsetPhotos);
+    EXPECT_EQ(
+        reader_->citation(),
+        QString("“%1”, Harbour, 20 Nov 2026, https://Harbour.example/610").arg(kHeadsetPhotos));
     EXPECT_TRUE(until([&] {
         return column(*reader_->wordings(), "title") == QStringList("Headset seen in blue");
     }));

@@ -21,8 +21,6 @@ using ::test::until;
 /// A list of six stories, "Orchard 6" the newest, and what the user does with them.
 class StoryListControllerTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { TestStories::beGuiApplication(); }
-
     void SetUp() override {
         for (int i = 1; i <= 6; ++i) {
             harness_.tell(harness_.story(i % 2 == 0 ? "tide" : "post", i * 60,

@@ -176,8 +176,6 @@ private:
 
 class StoryListModelTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { TestStories::beGuiApplication(); }
-
     void SetUp() override {
         harness_.open();
         list_ = std::make_unique<StoryListModel>(*harness_.news, harness_.desk.clock());

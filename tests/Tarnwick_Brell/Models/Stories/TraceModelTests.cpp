@@ -16,7 +16,6 @@ constexpr const char* kHost = "desk.example";
 class Trace : public testing::Test {
 protected:
     Trace() {
-        TestStories::beGuiApplication();
         harness_.open();
         harness_.come({harness_.story("lantern", 600, "Orchard opens"),
                        harness_.story("tide", 540, "An orchard is planned")});

@@ -39,11 +39,7 @@ private:
 
 class AppearanceTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        static int count = 0;
-        static QGuiApplication application(count, nullptr);
-        QGuiApplication::setPalette(Qt::white);
-    }
+    static void SetUpTestSuite() { QGuiApplication::setPalette(Qt::white); }
 
     ::test::TemporaryFolder folder_;
     Defaults defaults_{folder_.path() / "settings.ini"};

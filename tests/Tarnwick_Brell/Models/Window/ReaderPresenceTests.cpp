@@ -13,12 +13,6 @@ using kit::Instant;
 
 class ReaderPresenceTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        static int count = 0;
-        static QGuiApplication* application = qApp ? nullptr : new QGuiApplication(count, nullptr);
-        Q_UNUSED(application)
-    }
-
     ReaderPresenceTest() {
         presence_.setVisible(true);
         presence_.setFocused(true);

@@ -12,10 +12,6 @@ namespace {
 using ::test::until;
 
 TEST(RefreshStates, RefreshingByHandFetchesTrackersToo) {
-    static int count = 0;
-    // The suites beside this one make it too, whichever runs first.
-    static auto* application = qApp ? nullptr : new QGuiApplication(count, nullptr);
-    Q_UNUSED(application)
     test::TestPanels harness;
     harness.open();
     const auto isCalm = [&] {

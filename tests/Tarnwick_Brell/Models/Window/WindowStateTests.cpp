@@ -14,12 +14,6 @@ namespace {
 
 class WindowStateTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        static int count = 0;
-        static QGuiApplication* application = qApp ? nullptr : new QGuiApplication(count, nullptr);
-        static_cast<void>(application);
-    }
-
     ::test::TemporaryFolder folder_;
     Defaults defaults_{folder_.path() / "settings.ini"};
 };
