@@ -212,6 +212,9 @@ QtObject {
     readonly property int focusRing: 2
     readonly property int focusGap: 2
     readonly property int tickBox: 16
+    readonly property int switchWidth: 28
+    readonly property int switchHeight: 16
+    readonly property int switchKnob: 12
     readonly property int unreadDot: 6
     readonly property int markCircle: 6
     readonly property int markSquare: 7
