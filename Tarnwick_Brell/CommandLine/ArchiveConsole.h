@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "NewsroomKit/Archive/ArchiveAddresses.h"
+#include "NewsroomKit/Records/UnreadableAnswer.h"
 #include "Tarnwick_Brell/CommandLine/BlockingFetcher.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Session.h"
@@ -40,7 +41,7 @@ auto askArchive(Session& session, kit::CurlTransport::Options network, Ask ask) 
     try {
         return fetcher.await(answerOrFailure(ask(api)));
     } catch (const kit::RecordError& error) {
-        throw WorkFailed("The answer does not read (" + std::string(error.what()) + ").");
+        throw WorkFailed(kit::unreadableAnswer(error));
     }
 }
 

@@ -9,6 +9,7 @@
 #include <boost/asio/this_coro.hpp>
 
 #include "NewsroomKit/HTTP/BodyFetch.h"
+#include "NewsroomKit/Records/UnreadableAnswer.h"
 #include "Tarnwick_Brell/Trackers/TrackerCache.h"
 
 namespace app {
@@ -62,7 +63,7 @@ boost::asio::awaitable<kit::CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T>
     try {
         fetched = co_await file.fetch(http_);
     } catch (const kit::RecordError& error) {
-        co_return failed(file, "The answer does not read (" + std::string(error.what()) + ").");
+        co_return failed(file, kit::unreadableAnswer(error));
     }
     if (fetched->value) co_return accept(file, *fetched);
     if (fetched->retryAfter) backOff(file.address, *fetched->retryAfter);

@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+#include "NewsroomKit/Records/UnreadableAnswer.h"
 #include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Archive/ArchiveAddresses.h"
 #include "NewsroomKit/Archive/TraceAPI.h"
@@ -85,9 +86,8 @@ void TraceModel::start() {
         }
     };
     const auto failed = [tell](const std::exception& error) {
-        const bool isAnswer = dynamic_cast<const kit::RecordError*>(&error) != nullptr;
-        const std::string fault(error.what());
-        tell({.failure = isAnswer ? "The answer does not read (" + fault + ")." : fault});
+        const auto* answer = dynamic_cast<const kit::RecordError*>(&error);
+        tell({.failure = answer ? kit::unreadableAnswer(*answer) : std::string(error.what())});
     };
     job_ = desk_.worker().spawn(std::move(job), failed);
     enter(Running);

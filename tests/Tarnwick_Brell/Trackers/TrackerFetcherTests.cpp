@@ -284,9 +284,9 @@ TEST_F(TrackerFetcherTest, AFailureLeavesTheLastGoodAndIsCountedUntilASuccess) {
     const std::pair<Response, std::string> failing[] = {
         {{.status = 404}, "The server answered 404"},
         {{.status = 503}, "The server answered 503"},
-        {{.body = "<html>Sign in</html>"}, "The answer does not read (this is not JSON"},
+        {{.body = "<html>Sign in</html>"}, "The server's answer can't be read (this is not JSON"},
         {{.body = R"({"systems":{"iOS":{"beta":{}}}})"},
-         "The answer does not read (systems.iOS.beta.version: the key is missing)."},
+         "The server's answer can't be read (systems.iOS.beta.version: the key is missing)."},
         {{.body = std::string(kit::TrackerAPI::kByteLimit + 1, ' ')}, ""},
     };
     std::int64_t count = 0;

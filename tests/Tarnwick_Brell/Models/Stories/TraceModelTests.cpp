@@ -129,7 +129,7 @@ TEST_F(Trace, AFailureIsToldBesideWhatIsThereAndCanBeTriedAgain) {
     EXPECT_EQ(texts("title"), "A");
     actions_->traceStory();
     ASSERT_TRUE(becomes(TraceModel::Failed));
-    EXPECT_TRUE(trace().message().startsWith("The answer does not read ("))
+    EXPECT_TRUE(trace().message().startsWith("The server's answer can't be read ("))
         << trace().message().toStdString();
     EXPECT_EQ(texts("title"), "A") << "the last good answer stays";
     trace().retry();
