@@ -19,17 +19,7 @@ std::optional<StatusContent::Tally> tallyOf(const CachedValue<Services>& file) {
                                 .isCurrent = !file.error};
 }
 
-StatusContent::Incident incidentOf(const Report& report, Instant now) {
-    const auto& incident = report.incident;
-    return {.service = report.service,
-            .level = problemLevel(incident.kind),
-            .message = incident.message,
-            .started = incident.started,
-            .lasted = lasted(incident, now)};
-}
-
-}  // namespace
-
+/// How long an incident has gone on, or went on; nothing when Apple does not say.
 std::optional<Instant::duration> lasted(const AppleServiceStatus::Incident& incident, Instant now) {
     if (!incident.started) return std::nullopt;
     // The end of an ongoing incident is a plan.
@@ -37,6 +27,18 @@ std::optional<Instant::duration> lasted(const AppleServiceStatus::Incident& inci
     if (!end || *end <= *incident.started) return std::nullopt;
     return *end - *incident.started;
 }
+
+StatusContent::Incident incidentOf(const Report& report, Instant now) {
+    const auto& incident = report.incident;
+    return {.service = report.service,
+            .level = problemLevel(incident.kind),
+            .message = incident.message,
+            .usersAffected = incident.usersAffected,
+            .started = incident.started,
+            .lasted = lasted(incident, now)};
+}
+
+}  // namespace
 
 bool StatusContent::isAllUp() const {
     return condition.state == PanelState::ready && consumer && consumer->isUp() && developer &&

@@ -23,6 +23,7 @@ struct StatusContent {
         std::string service{};
         ProblemLevel level = ProblemLevel::issue;
         std::string message{};
+        std::optional<std::string> usersAffected{};
         std::optional<Instant> started{};
         std::optional<Instant::duration> lasted{};  ///< so far, or until it was over
 
@@ -52,8 +53,5 @@ struct StatusContent {
 
 StatusContent statusContent(const CachedValue<StatusContent::Services>& consumer,
                             const CachedValue<StatusContent::Services>& developer, Instant now);
-
-/// How long an incident has gone on, or went on; nothing when Apple does not say.
-std::optional<Instant::duration> lasted(const AppleServiceStatus::Incident& incident, Instant now);
 
 }  // namespace kit

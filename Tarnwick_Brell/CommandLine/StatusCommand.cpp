@@ -38,6 +38,12 @@ boost::json::array reportList(const std::vector<AppleServiceStatus::Report>& rep
     return list;
 }
 
+kit::StatusContent contentOf(StatusFeed audience, const kit::CachedValue<Services>& file,
+                             kit::Instant now) {
+    return audience == StatusFeed::consumer ? kit::statusContent(file, {}, now)
+                                            : kit::statusContent({}, file, now);
+}
+
 int showStatus(Session& session, const StatusOptions& options) {
     const auto cutOff = session.now() - kit::kRecentIncidents;
     const auto audience = options.audience();
@@ -57,11 +63,10 @@ int showStatus(Session& session, const StatusOptions& options) {
                  return object;
              },
          .text =
-             [&](const Services& services) {
-                 printStatus(session.out(), audience, services, session.now());
-                 if (options.recent) {
-                     printRecentIncidents(session.out(), services, session.now());
-                 }
+             [&](const Services&) {
+                 const auto content = contentOf(audience, reading, session.now());
+                 printStatus(session.out(), audience, content);
+                 if (options.recent) printRecentIncidents(session.out(), content);
              }});
 }
 
@@ -94,18 +99,19 @@ void addStatusCommand(arguments::Command& app, Command& chosen) {
     command.flag("--developer", options->developer,
                  "The services for developers instead of those for everybody");
     auto recent = command.flag("--recent", options->recent,
-                               "Also what is over that began in the last 14 days");
+                               "Also the incidents of the last 14 days that are over");
     auto log = command
                    .option("--log", options->logText,
-                           "Instead, every trouble that this desk has ever seen, the last "
-                           "first; with TEXT, those with it in service or message")
+                           "Instead, every incident that this desk has ever seen, the newest "
+                           "first; with TEXT, those whose service or message contains it")
                    .shownAs("[TEXT]")
                    .mayLackValue()
                    .excludes(recent);
     addStoredFlag(command, options->stored);
     command.footer(
-        "The log has the troubles of all services, of developers' alone with --developer. It "
-        "grows whenever a status is fetched, here or by a desk that stays (brell watch).");
+        "The log has the incidents of all services, with --developer only those of developer "
+        "services. It grows whenever a status is fetched: by this command, by brell watch or by "
+        "the window.");
     command.whenChosen([options, log, &chosen] {
         options->log = log.isGiven();
         chosen = [options](Session& session) { return runStatus(session, *options); };

@@ -5,7 +5,6 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Panels/StatusContent.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
@@ -14,10 +13,8 @@ namespace cli {
 
 namespace {
 
-using kit::AppleServiceStatus;
 using kit::Instant;
-using Services = AppleServiceStatus::Services;
-using Incident = AppleServiceStatus::Incident;
+using Incident = kit::StatusContent::Incident;
 
 std::string verdict(kit::StatusFeed audience, std::size_t all, std::size_t inTrouble) {
     const std::string_view whose =
@@ -27,30 +24,19 @@ std::string verdict(kit::StatusFeed audience, std::size_t all, std::size_t inTro
                        inTrouble == 1 ? "has a problem" : "have problems");
 }
 
-std::string sinceText(const Incident& incident) {
-    return incident.started ? momentText(*incident.started) : "not said";
-}
-
-std::string levelText(const std::string& kind) {
-    return std::string(rawValue(kit::problemLevel(kind)));
-}
-
-std::string lastedText(const Incident& incident, Instant now) {
-    const auto span = kit::lasted(incident, now);
-    return span ? spanText(*span) : "";
-}
-
-void addNotes(TextTable& table, const Incident& incident) {
+void addIncident(TextTable& table, const Incident& incident) {
+    table.add({printable(incident.service), std::string(rawValue(incident.level)),
+               incident.started ? momentText(*incident.started) : "not known",
+               incident.lasted ? spanText(*incident.lasted) : ""});
     auto note = printable(incident.message);
-    if (incident.usersAffected) {
+    if (incident.usersAffected)
         note += (note.empty() ? "" : " ") + printable(*incident.usersAffected) + ".";
-    }
     if (!note.empty()) table.addNote(note);
 }
 
 /// Apple's end may be one that was planned and missed.
 std::string lastedText(const app::LoggedIncident& incident, Instant began) {
-    if (!incident.endedSeen) return "goes on";
+    if (!incident.endedSeen) return "ongoing";
     const auto end = std::min(incident.ended.value_or(*incident.endedSeen), *incident.endedSeen);
     return spanText(std::max(end - began, Instant::duration(0)));
 }
@@ -65,54 +51,42 @@ std::string seenText(const app::LoggedIncident& incident) {
 
 }  // namespace
 
-void printStatus(Output& out, kit::StatusFeed audience, const Services& services, Instant now) {
-    const auto reports = AppleServiceStatus::ongoingReports(services);
-    out.line(out.bold(verdict(audience, services.size(), reports.size())));
-    if (reports.empty()) return;
+void printStatus(Output& out, kit::StatusFeed audience, const kit::StatusContent& content) {
+    const auto& tally =
+        audience == kit::StatusFeed::developer ? content.developer : content.consumer;
+    out.line(out.bold(verdict(audience, tally->all, tally->all - tally->up)));
+    if (content.ongoing.empty()) return;
     out.line();
     TextTable table({Column::cut("service"), Column::cut("what", 12),
                      Column::whole("since").dropped(1), Column::whole("for")});
-    for (const auto& service : services) {
-        for (const auto& incident : service.events) {
-            if (!incident.isOngoing()) continue;
-            table.add({printable(service.name), levelText(incident.kind), sinceText(incident),
-                       lastedText(incident, now)});
-            addNotes(table, incident);
-        }
-    }
+    for (const auto& incident : content.ongoing) addIncident(table, incident);
     table.print(out);
 }
 
-void printRecentIncidents(Output& out, const Services& services, Instant now) {
-    const auto reports = AppleServiceStatus::recentReports(now - kit::kRecentIncidents, services);
+void printRecentIncidents(Output& out, const kit::StatusContent& content) {
     out.line();
-    if (reports.empty()) {
-        out.line("Nothing is over that began in the last 14 days.");
+    if (content.recent.empty()) {
+        out.line("No incident of the last 14 days has ended.");
         return;
     }
     out.line(out.bold("The last 14 days"));
     TextTable table({Column::cut("service"), Column::cut("what", 12), Column::whole("began"),
-                     Column::whole("lasted").dropped(2), Column::whole("").dropped(1)});
-    for (const auto& [service, incident] : reports) {
-        const bool isToCome = incident.started && *incident.started > now;
-        table.add({printable(service), levelText(incident.kind), sinceText(incident),
-                   isToCome ? agoText(*incident.started, now) : lastedText(incident, now),
-                   printable(incident.status)});
-        addNotes(table, incident);
-    }
+                     Column::whole("lasted").dropped(1)});
+    for (const auto& incident : content.recent) addIncident(table, incident);
     table.print(out);
 }
 
 void printIncidentLog(Output& out, const std::vector<app::LoggedIncident>& incidents) {
     if (incidents.empty()) {
-        out.line("The log has no such trouble.");
+        out.line("The log has no such incident.");
         return;
     }
     TextTable table({Column::cut("service"), Column::cut("what", 12), Column::whole("began"),
                      Column::whole("lasted").dropped(1)});
     for (const auto& incident : incidents) {
         const auto began = incident.started.value_or(incident.firstSeen);
-        table.add({printable(incident.service), levelText(incident.kind), momentText(began),
+        table.add({printable(incident.service),
+                   std::string(rawValue(kit::problemLevel(incident.kind))), momentText(began),
                    lastedText(incident, began)});
         const auto message = printable(incident.message);
         if (!message.empty()) table.addNote(message);
