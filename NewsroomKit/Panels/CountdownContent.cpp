@@ -44,7 +44,14 @@ int yearsIn(const std::string& title) {
     return 0;
 }
 
-CountdownRow rowOf(const AppleCalendarEvent& event, const std::function<int(Instant)>& daysUntil) {
+bool canBeNext(const CountdownRow& row) {
+    return row.starts && !row.isReleased && !row.isAnniversary && row.days >= 0;
+}
+
+}  // namespace
+
+CountdownRow countdownRow(const AppleCalendarEvent& event,
+                          const std::function<int(Instant)>& daysUntil) {
     CountdownRow row{.title = event.title,
                      .window = event.window,
                      .isExpected = event.status == "expected",
@@ -58,18 +65,12 @@ CountdownRow rowOf(const AppleCalendarEvent& event, const std::function<int(Inst
     return row;
 }
 
-bool canBeNext(const CountdownRow& row) {
-    return row.starts && !row.isReleased && !row.isAnniversary && row.days >= 0;
-}
-
-}  // namespace
-
 CountdownContent countdown(const std::vector<AppleCalendarEvent>& events,
                            const std::vector<std::string>& terms,
                            const std::function<int(Instant)>& daysUntil) {
     CountdownContent content;
     for (const auto& event : namedEvents(events, terms)) {
-        auto row = rowOf(event, daysUntil);
+        auto row = countdownRow(event, daysUntil);
         if (row.starts && row.days < -kDaysShownAfter) continue;
         if (!content.next && canBeNext(row)) {
             content.next = std::move(row);

@@ -24,6 +24,10 @@ struct CountdownRow {
     bool operator==(const CountdownRow&) const = default;
 };
 
+/// `daysUntil` says how many days of the reader's calendar lie between today and a moment.
+CountdownRow countdownRow(const AppleCalendarEvent& event,
+                          const std::function<int(Instant)>& daysUntil);
+
 struct CountdownContent {
     /// The next event with a date. Anniversaries, rumored and released ones are never the next.
     std::optional<CountdownRow> next{};
@@ -36,8 +40,7 @@ struct CountdownContent {
 /// How long what is over stays, so that a release of the weekend is still there on Monday.
 inline constexpr int kDaysShownAfter = 2;
 
-/// The events that one of the terms names, or all without terms. `daysUntil` says how many days of
-/// the reader's calendar lie between today and a moment.
+/// The events that one of the terms names, or all without terms.
 CountdownContent countdown(const std::vector<AppleCalendarEvent>& events,
                            const std::vector<std::string>& terms,
                            const std::function<int(Instant)>& daysUntil);

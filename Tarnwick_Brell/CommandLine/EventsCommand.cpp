@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "NewsroomKit/Panels/CountdownContent.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
@@ -33,17 +34,35 @@ std::string noteOf(const AppleCalendarEvent& event) {
     return note + "(" + printable(event.publisher) + ")";
 }
 
+std::string beginText(const kit::CountdownRow& row) {
+    if (!row.starts) return "no date yet";
+    return row.isExpected ? "around " + dayText(*row.starts) : momentText(*row.starts);
+}
+
+std::string distanceText(const kit::CountdownRow& row, kit::Instant now) {
+    if (!row.starts) return "";
+    return row.isExpected ? daysAwayText(row.days) : agoText(*row.starts, now);
+}
+
 void print(Session& session, Events events) {
     if (events.empty()) {
         session.out().line("Apple's calendar is empty.");
         return;
     }
-    std::ranges::stable_sort(events, {}, &AppleCalendarEvent::starts);
+    const auto rowOf = [&](const AppleCalendarEvent& event) {
+        return kit::countdownRow(
+            event, [&](kit::Instant then) { return daysBetween(session.now(), then); });
+    };
+    // What has no date comes last.
+    std::ranges::stable_sort(events, {}, [&](const auto& event) {
+        return rowOf(event).starts.value_or(kit::Instant::max());
+    });
     TextTable table({Column::cut("event", 20), Column::whole("begins"),
                      Column::whole("").dropped(1), Column::cut("status", 10).dropped(2)});
     for (const auto& event : events) {
-        table.add({printable(event.title), momentText(event.starts),
-                   agoText(event.starts, session.now()), printable(event.status)});
+        const auto row = rowOf(event);
+        table.add({printable(event.title), beginText(row), distanceText(row, session.now()),
+                   printable(event.status)});
         table.addNote(noteOf(event));
     }
     table.print(session.out());
