@@ -1,5 +1,6 @@
 #include "NewsroomKit/Panels/TrackerChanges.h"
 
+#include "NewsroomKit/Trackers/Releases/ReleaseTitle.h"
 #include "NewsroomKit/Trackers/Status/AppleStatusAPI.h"
 
 namespace kit {
@@ -25,22 +26,13 @@ void addProblems(std::vector<TrackerChange>& changes, const TrackerAnswers::Stat
     }
 }
 
-std::string systemName(const std::string& platform, const SoftwareRelease& release) {
-    if (!release.title.empty()) return release.title;
-    std::string name = platform;
-    for (const auto& part : {release.version, release.stage}) {
-        if (!part.empty()) name += " " + part;
-    }
-    return name;
-}
-
 void addBuilds(std::vector<TrackerChange>& changes, const std::vector<PlatformRelease>& releases,
                Instant since) {
     for (const auto& platform : releases) {
         for (const auto* release : {&platform.current, &platform.beta}) {
             if (!*release || (*release)->published < since) continue;
             changes.push_back({.kind = TrackerChange::Kind::build,
-                               .subject = systemName(platform.platform, **release),
+                               .subject = titleOf(platform.platform, **release),
                                .build = (*release)->build,
                                .at = (*release)->published,
                                .link = (*release)->url});
@@ -49,6 +41,16 @@ void addBuilds(std::vector<TrackerChange>& changes, const std::vector<PlatformRe
 }
 
 }  // namespace
+
+TrackerAnswers TrackerAnswers::of(const CachedValue<AppleServiceStatus::Services>& consumer,
+                                  const CachedValue<AppleServiceStatus::Services>& developer,
+                                  const CachedValue<std::vector<PlatformRelease>>& releases) {
+    TrackerAnswers answers;
+    if (consumer.value) answers.consumer = {&*consumer.value, consumer.fetchedAt};
+    if (developer.value) answers.developer = {&*developer.value, developer.fetchedAt};
+    if (releases.value) answers.releases = &*releases.value;
+    return answers;
+}
 
 std::vector<TrackerChange> trackerChanges(const TrackerAnswers& answers,
                                           const CompiledStoryQuery& wanted, Instant since) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "NewsroomKit/Queries/StoryQuery.h"
+#include "NewsroomKit/Trackers/CachedValue.h"
 #include "NewsroomKit/Trackers/Releases/PlatformRelease.h"
 #include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
 
@@ -34,6 +35,11 @@ struct TrackerAnswers {
     Status consumer{};
     Status developer{};
     const std::vector<PlatformRelease>* releases = nullptr;
+
+    /// The values must outlive it.
+    static TrackerAnswers of(const CachedValue<AppleServiceStatus::Services>& consumer,
+                             const CachedValue<AppleServiceStatus::Services>& developer,
+                             const CachedValue<std::vector<PlatformRelease>>& releases);
 };
 
 /// Ongoing problems that began at `since` or later, or whose start Apple does not give, then builds

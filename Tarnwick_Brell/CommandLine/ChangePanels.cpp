@@ -7,6 +7,7 @@
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 
 namespace cli {
@@ -42,10 +43,9 @@ Lines recordsLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
         if (lines.size() == lineCount(panel)) break;
         lines.push_back(lineOf(holdings, news.seenAt, news.sentence()));
     }
-    if (lines.empty()) lines.emplace_back("No change of signing has been seen yet.");
+    if (lines.empty()) lines.push_back(app::noRowText(panel.kind).toStdString());
     addState(lines, holdings, content.condition, "signing ");
-    lines.push_back(
-        holdings.session().out().dim("The desk does not read filings and court records yet."));
+    lines.push_back(holdings.session().out().dim(app::gapText(panel.kind).toStdString()));
     return lines;
 }
 
@@ -57,7 +57,8 @@ Lines backendLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
     Lines lines;
     for (const auto& change : content.changes)
         lines.push_back(lineOf(holdings, change.seenAt, kit::sentence(change)));
-    if (lines.empty()) lines.emplace_back("No change has been seen yet.");
+    if (lines.empty() && content.newest.empty())
+        lines.push_back(app::noRowText(panel.kind).toStdString());
     if (!content.newest.empty()) lines.emplace_back("Newest offers:");
     for (const auto& offer : content.newest) {
         lines.push_back(fmt::format("{} {} {} ({})", namedDayText(offer.posted),

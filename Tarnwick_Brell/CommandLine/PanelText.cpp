@@ -5,6 +5,7 @@
 #include "Tarnwick_Brell/CommandLine/ChangePanels.h"
 #include "Tarnwick_Brell/CommandLine/StoryPanels.h"
 #include "Tarnwick_Brell/CommandLine/TrackerPanels.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
 
 namespace cli {
 
@@ -27,11 +28,11 @@ std::vector<std::string> panelLines(PanelHoldings& holdings, const PanelSpec& pa
         case PanelKind::claims: return claimsLines(holdings, panel, query);
         case PanelKind::stock: return stockLines(holdings, panel);
         case PanelKind::software: return softwareLines(holdings, panel);
-        case PanelKind::status: return statusLines(holdings);
+        case PanelKind::status: return statusLines(holdings, panel);
         case PanelKind::coverage: return coverageLines(holdings, panel, query);
-        case PanelKind::clips: return {"No quotes have been saved."};
         case PanelKind::apple: return appleLines(holdings, panel, query);
-        case PanelKind::pageWatch: return {"The desk does not watch web pages yet."};
+        case PanelKind::clips:
+        case PanelKind::pageWatch: return {app::noRowText(panel.kind).toStdString()};
         case PanelKind::scoops: return scoopsLines(holdings, panel, query);
         case PanelKind::suppliers: return suppliersLines(holdings);
         case PanelKind::backend: return backendLines(holdings, panel);

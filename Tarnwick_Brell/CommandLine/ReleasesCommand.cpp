@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "NewsroomKit/Trackers/Releases/ReleaseTitle.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
@@ -34,9 +35,9 @@ void printReleases(Session& session, const Releases& releases) {
         for (const auto channel : {ReleaseChannel::general, ReleaseChannel::beta}) {
             const auto& release = platform.release(channel);
             if (!release) continue;
-            table.add({printable(release->title), printable(platform.platform),
-                       channelText(channel), printable(release->build),
-                       agoText(release->published, session.now())});
+            table.add({printable(kit::titleOf(platform.platform, *release)),
+                       printable(platform.platform), channelText(channel),
+                       printable(release->build), agoText(release->published, session.now())});
         }
     }
     table.print(session.out());
@@ -71,7 +72,7 @@ int showHistory(Session& session) {
                      Column::whole("build"), Column::whole("first seen"),
                      Column::whole("replaced").dropped(2)});
     for (const auto& seen : builds) {
-        table.add({printable(seen.release.title), channelText(seen.channel),
+        table.add({printable(kit::titleOf(seen.platform, seen.release)), channelText(seen.channel),
                    printable(seen.release.build), momentText(seen.firstSeen),
                    seen.replacedAt ? momentText(*seen.replacedAt) : ""});
     }
@@ -83,11 +84,10 @@ int showHistory(Session& session) {
 
 void addReleasesCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<ReleasesOptions>();
-    auto command =
-        app.subcommand("releases", "What Apple's systems are at, for everybody and in beta");
+    auto command = app.subcommand("releases", "The current releases and betas of Apple's systems");
     auto history =
         command.flag("--history", options->history,
-                     "Instead, every build that this desk has ever seen, the last first");
+                     "Instead, every build that this desk has ever seen, the newest first");
     addStoredFlag(command, options->stored).excludes(history);
     command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) {

@@ -57,7 +57,7 @@ PanelLines orEmptyText(PanelLines lines, const MatchedNews& matched, kit::PanelK
                        const StoryQuery& query) {
     if (lines.empty()) {
         const auto text = matched.isEmpty() ? app::noStoryText(kind, query, kit::spanOf(kind))
-                                            : app::nothingOfItText(kind);
+                                            : app::noRowText(kind);
         lines.push_back(text.toStdString());
     }
     return lines;
@@ -85,11 +85,8 @@ std::vector<kit::TrackerChange> trackerChanges(PanelHoldings& holdings, const St
     const auto consumer = cached(holdings, files.status(kit::StatusFeed::consumer));
     const auto developer = cached(holdings, files.status(kit::StatusFeed::developer));
     const auto releases = cached(holdings, files.releases());
-    kit::TrackerAnswers answers;
-    if (consumer.value) answers.consumer = {&*consumer.value, consumer.fetchedAt};
-    if (developer.value) answers.developer = {&*developer.value, developer.fetchedAt};
-    if (releases.value) answers.releases = &*releases.value;
-    return kit::trackerChanges(answers, query.compiled(), since);
+    return kit::trackerChanges(kit::TrackerAnswers::of(consumer, developer, releases),
+                               query.compiled(), since);
 }
 
 }  // namespace

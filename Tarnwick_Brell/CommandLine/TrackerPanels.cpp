@@ -10,11 +10,14 @@
 #include "NewsroomKit/Panels/SoftwareContent.h"
 #include "NewsroomKit/Panels/StatusContent.h"
 #include "NewsroomKit/Trackers/Events/MarkedEvents.h"
+#include "NewsroomKit/Trackers/Releases/ReleaseTitle.h"
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/QuoteChart.h"
 #include "Tarnwick_Brell/CommandLine/ShareQuotes.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
+#include "Tarnwick_Brell/Presentation/ReleaseText.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 
 namespace cli {
@@ -49,7 +52,12 @@ std::string boardLine(const kit::BoardRow& row) {
                        row.change ? "  " + percentText(row.change->percent) : "");
 }
 
-constexpr std::string_view kNoPlatform = "Nothing is known of these platforms.";
+std::string incidentLine(const kit::StatusContent::Incident& incident, std::string_view word) {
+    return fmt::format(
+        "{}: {}{}{}", printable(incident.service), rawValue(incident.level),
+        incident.started ? fmt::format(" {} {}", word, momentText(*incident.started)) : "",
+        incident.message.empty() ? "" : ". " + printable(incident.message));
+}
 
 std::string developerText(const std::optional<kit::StatusContent::Tally>& tally, Instant now) {
     if (!tally) return "Developer services are not known.";
@@ -73,7 +81,7 @@ Lines countdownLines(PanelHoldings& holdings, const PanelSpec& panel) {
         if (lines.size() == lineCount(panel)) break;
         lines.push_back(countdownLine(event));
     }
-    if (lines.empty()) lines.emplace_back("No date of Apple's is known.");
+    if (lines.empty()) lines.push_back(app::noRowText(panel.kind).toStdString());
     addState(lines, holdings, reading);
     return lines;
 }
@@ -121,7 +129,7 @@ Lines suppliersLines(PanelHoldings& holdings) {
         lines.push_back(printable(group.name));
         for (const auto& row : group.rows) lines.push_back(boardLine(row));
     }
-    if (lines.empty()) lines.emplace_back("The board of suppliers is empty.");
+    if (lines.empty()) lines.push_back(app::noRowText(kit::PanelKind::suppliers).toStdString());
     addState(lines, holdings, reading);
     return lines;
 }
@@ -132,16 +140,16 @@ Lines softwareLines(PanelHoldings& holdings, const PanelSpec& panel) {
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "releases");
     Lines lines;
     const auto text = [](const std::optional<kit::SoftwareRelease>& release) {
-        return release
-                   ? fmt::format("{} ({})", printable(release->version), printable(release->build))
-                   : std::string("none");
+        return release ? fmt::format("{} ({})", app::versionText(*release).toStdString(),
+                                     printable(release->build))
+                       : std::string("none");
     };
     for (const auto& [platform, latest, isNew] : content.rows) {
         lines.push_back(fmt::format("{} {} beta {}{}", padTo(printable(platform.platform), 10),
                                     padTo(text(platform.current), 20), text(platform.beta),
                                     isNew ? ", new" : ""));
     }
-    if (lines.empty()) lines.emplace_back(kNoPlatform);
+    if (lines.empty()) lines.push_back(app::noRowText(panel.kind).toStdString());
     addState(lines, holdings, content.condition);
     return lines;
 }
@@ -156,31 +164,36 @@ Lines releasesLines(PanelHoldings& holdings, const PanelSpec& panel) {
     for (const auto& [build, isNew] : content.rows) {
         if (lines.size() == lineCount(panel)) break;
         const auto& release = build.release;
-        lines.push_back(
-            fmt::format("{} {} ({}){}", padTo(ageText(release.published, holdings.now()), 11),
-                        printable(release.title), printable(release.build), isNew ? ", new" : ""));
+        lines.push_back(fmt::format("{} {} ({}){}",
+                                    padTo(ageText(release.published, holdings.now()), 11),
+                                    printable(kit::titleOf(build.platform, release)),
+                                    printable(release.build), isNew ? ", new" : ""));
     }
-    if (lines.empty()) lines.emplace_back(kNoPlatform);
+    if (lines.empty()) lines.push_back(app::noRowText(panel.kind).toStdString());
     addState(lines, holdings, content.condition);
     return lines;
 }
 
-Lines statusLines(PanelHoldings& holdings) {
+Lines statusLines(PanelHoldings& holdings, const PanelSpec& panel) {
     const auto content = kit::statusContent(
         cached(holdings, kFiles.status(kit::StatusFeed::consumer)),
         cached(holdings, kFiles.status(kit::StatusFeed::developer)), holdings.now());
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "status");
     Lines lines;
-    for (const auto& incident : content.ongoing) {
-        lines.push_back(
-            fmt::format("{}: {}{}{}", printable(incident.service), rawValue(incident.level),
-                        incident.started ? " since " + momentText(*incident.started) : "",
-                        incident.message.empty() ? "" : ". " + printable(incident.message)));
-    }
+    for (const auto& incident : content.ongoing) lines.push_back(incidentLine(incident, "since"));
     if (content.isAllUp()) lines.emplace_back("All services are up.");
     lines.push_back(fmt::format("{} of {} consumer services are up.", content.consumer->up,
                                 content.consumer->all));
     lines.push_back(developerText(content.developer, holdings.now()));
+    if (!content.recent.empty()) {
+        lines.push_back(fmt::format("{} {} in 14 days:", content.recent.size(),
+                                    content.recent.size() == 1 ? "incident" : "incidents"));
+    }
+    for (const auto& incident : content.recent) {
+        if (lines.size() >= lineCount(panel)) break;
+        lines.push_back("  " + incidentLine(incident, "from") +
+                        (incident.lasted ? " (" + spanText(*incident.lasted) + ")" : ""));
+    }
     addState(lines, holdings, content.condition);
     return lines;
 }

@@ -14,6 +14,6 @@ std::vector<std::string> stockLines(PanelHoldings& holdings, const kit::PanelSpe
 std::vector<std::string> suppliersLines(PanelHoldings& holdings);
 std::vector<std::string> softwareLines(PanelHoldings& holdings, const kit::PanelSpec& panel);
 std::vector<std::string> releasesLines(PanelHoldings& holdings, const kit::PanelSpec& panel);
-std::vector<std::string> statusLines(PanelHoldings& holdings);
+std::vector<std::string> statusLines(PanelHoldings& holdings, const kit::PanelSpec& panel);
 
 }  // namespace cli

@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Panels/PanelStory.h"
+#include "NewsroomKit/Trackers/Releases/ReleaseTitle.h"
 #include "NewsroomKit/Trackers/Status/AppleStatusAPI.h"
 
 namespace app {
@@ -32,10 +34,6 @@ Target trackerPage(std::string_view id) {
 }
 
 Target storyTarget(const Story& story) { return {.kind = Target::Kind::story, .id = story.id}; }
-
-std::string outlet(const Story& story) {
-    return story.shownDestinationName().value_or(story.sourceName);
-}
 
 }  // namespace
 
@@ -73,8 +71,7 @@ Notification Alerts::ofRecovery(const std::string& service, kit::Instant now) {
 Notification Alerts::ofRelease(const kit::NewBuild& build) {
     const auto& release = build.release;
     return {.identifier = "release-" + build.key() + "-" + release.build,
-            .title = release.title.empty() ? build.platform.platform + " " + release.version
-                                           : release.title,
+            .title = kit::titleOf(build.platform.platform, release),
             .body = fmt::format("Build {} is out.", release.build),
             .link = release.url,
             .target = trackerPage("software")};
@@ -149,7 +146,7 @@ void Alerts::stories(const Announcement& announcement) {
     for (const auto& story : announcement.stories) {
         post(SettingKey::kAlertStories, {.identifier = "story-" + story.id,
                                          .title = story.title,
-                                         .body = outlet(story),
+                                         .body = kit::outletOf(story),
                                          .link = story.link,
                                          .target = storyTarget(story)});
     }
@@ -167,7 +164,7 @@ void Alerts::beat(const std::string& name, const std::string& id, const std::vec
     for (const auto& story : stories) {
         post({.identifier = "beat-" + id + "-" + story.id,
               .title = name + ": " + story.title,
-              .body = outlet(story),
+              .body = kit::outletOf(story),
               .link = story.link,
               .target = storyTarget(story)});
     }

@@ -36,14 +36,33 @@ QString noStoryText(PanelKind kind, const kit::StoryQuery& query,
                            : EmptyText::tr("No story in the last %1 mentions %2.").arg(last, terms);
 }
 
-QString nothingOfItText(PanelKind kind) {
+QString noRowText(PanelKind kind) {
     switch (kind) {
         case PanelKind::topStories: return EmptyText::tr("No news that several outlets cover.");
         case PanelKind::claims: return EmptyText::tr("Nothing is reported or rumored.");
         case PanelKind::coverage: return EmptyText::tr("No outlet covers it.");
         case PanelKind::scoops: return EmptyText::tr("No news that one outlet had before others.");
-        default: return EmptyText::tr("No story matches.");
+        case PanelKind::countdown:
+            return EmptyText::tr("Apple's calendar has no event for this panel.");
+        case PanelKind::software:
+        case PanelKind::releases: return EmptyText::tr("Nothing is known of these platforms.");
+        case PanelKind::clips: return EmptyText::tr("The desk can't save quotes yet.");
+        case PanelKind::pageWatch: return EmptyText::tr("The desk can't follow Apple's pages yet.");
+        case PanelKind::suppliers: return EmptyText::tr("The board of suppliers is empty.");
+        case PanelKind::backend: return EmptyText::tr("Apple's update catalogue is empty.");
+        case PanelKind::records: return EmptyText::tr("No change of signing has been seen yet.");
+        case PanelKind::stream:
+        case PanelKind::apple:
+        case PanelKind::brief:
+        case PanelKind::stock:
+        case PanelKind::status: break;
     }
+    return {};
+}
+
+QString gapText(PanelKind kind) {
+    if (kind != PanelKind::records) return {};
+    return EmptyText::tr("The desk does not read filings and court records yet.");
 }
 
 }  // namespace app

@@ -8,7 +8,7 @@
 #include "NewsroomKit/Queries/StoryQuery.h"
 #include "NewsroomKit/Records/Instant.h"
 
-/// What story panels say instead of rows.
+/// What panels say instead of rows.
 namespace app {
 
 /// No story matches the query: "No story in the last 3 days mentions “visionOS”." Without a span,
@@ -16,7 +16,11 @@ namespace app {
 QString noStoryText(kit::PanelKind kind, const kit::StoryQuery& query,
                     std::optional<kit::Instant::duration> span = {});
 
-/// Stories match, but none gives a row: "No news that several outlets cover."
-QString nothingOfItText(kit::PanelKind kind);
+/// The panel's data are there and give no row: "No news that several outlets cover." Empty for
+/// kinds that always have one, or that other texts speak for.
+QString noRowText(kit::PanelKind kind);
+
+/// Below the text of a panel whose kind the desk serves only in part; mostly empty.
+QString gapText(kit::PanelKind kind);
 
 }  // namespace app

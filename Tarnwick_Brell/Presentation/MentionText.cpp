@@ -48,10 +48,12 @@ QString sourcesText(const std::vector<StoryMention>& outlets, Instant now, const
 
 QString termsText(const kit::StoryQuery& query) {
     if (query.anyTerms.empty()) return {};
-    const auto first = titleText(query.anyTerms.front(), kTermCharacters);
-    return (query.anyTerms.size() == 1 ? PanelText::tr("“%1”")
-                                       : PanelText::tr("“%1” or the other words"))
-        .arg(first);
+    const auto term = [&](std::size_t i) { return titleText(query.anyTerms[i], kTermCharacters); };
+    const auto count = query.anyTerms.size();
+    if (count == 1) return PanelText::tr("“%1”").arg(term(0));
+    if (count == 2) return PanelText::tr("“%1” or “%2”").arg(term(0), term(1));
+    return PanelText::tr("“%1” or %n other terms", nullptr, static_cast<int>(count) - 1)
+        .arg(term(0));
 }
 
 QString spokenRow(const QStringList& parts) {

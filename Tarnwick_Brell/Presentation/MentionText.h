@@ -19,7 +19,7 @@ QString leadText(const kit::StoryMention& first, const kit::StoryMention& second
 QString sourcesText(const std::vector<kit::StoryMention>& outlets, kit::Instant now,
                     const Style& style = Style::ofUser());
 
-/// "“visionOS”", "“visionOS” or the other words"; empty when the query asks for none.
+/// "“visionOS”", "“visionOS” or 2 other terms"; empty when the query asks for none.
 QString termsText(const kit::StoryQuery& query);
 
 /// What a screen reader says of a row: its parts that are not empty.

@@ -21,6 +21,13 @@
 <context>
     <name>PanelText</name>
     <message numerus="yes">
+        <source>“%1” or %n other terms</source>
+        <translation>
+            <numerusform>“%1” or %n other term</numerusform>
+            <numerusform>“%1” or %n other terms</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n more</source>
         <translation>
             <numerusform>%n more</numerusform>

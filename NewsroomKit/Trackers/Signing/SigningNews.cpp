@@ -21,16 +21,19 @@ std::string systemOf(const SigningChange& change) {
 
 /// "A, B and C", "A, B and 4 others".
 std::string listed(const std::vector<std::string>& names) {
-    const bool areAllNamed = names.size() <= kMostNamed;
-    const auto named = areAllNamed ? names.size() - 1 : kMostNamed - 1;
+    const auto named = namedDevices(names.size());
+    const auto others = names.size() - named;
     std::string text = names.front();
-    for (std::size_t i = 1; i < named; ++i) text += ", " + names[i];
-    if (names.size() == 1) return text;
-    return text + " and " +
-           (areAllNamed ? names.back() : std::to_string(names.size() - named) + " others");
+    for (std::size_t i = 1; i < named; ++i)
+        text += (others == 0 && i + 1 == named ? " and " : ", ") + names[i];
+    return others == 0 ? text : text + " and " + std::to_string(others) + " others";
 }
 
 }  // namespace
+
+std::size_t namedDevices(std::size_t devices) {
+    return devices <= kMostNamed ? devices : kMostNamed - 1;
+}
 
 std::string SigningNews::sentence() const {
     return system + " (" + build + ") is " + (isSigned ? "now" : "no longer") + " signed for " +

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,9 @@ struct SigningNews {
 
     bool operator==(const SigningNews&) const = default;
 };
+
+/// How many of so many devices a sentence names before "and 4 others"; all where they are few.
+std::size_t namedDevices(std::size_t devices);
 
 /// Groups the changes that were seen within an hour of each other. The groups keep the order of
 /// their first changes.

@@ -2,6 +2,7 @@
 
 #include "NewsroomKit/Panels/BackendContent.h"
 #include "Tarnwick_Brell/Models/Panels/ChangeText.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
 namespace app {
@@ -59,7 +60,7 @@ void BackendPanelModel::update() {
     add(rows, tr("Changes"), content.changes, now());
     add(rows, tr("Newest offers"), content.newest, now());
     rows_.setRows(std::move(rows));
-    setCondition(conditionOf(content.condition, tr("Apple's update catalogue is empty.")));
+    setCondition(conditionOf(content.condition, noRowText(kit::PanelKind::backend)));
 }
 
 }  // namespace app

@@ -40,21 +40,13 @@ BriefPanelModel::BriefPanelModel(const PanelStores& stores, const kit::PanelSpec
     connect(&trackers(), &TrackerStore::releasesChanged, this, &BriefPanelModel::show);
 }
 
-kit::TrackerAnswers BriefPanelModel::trackerAnswers() const {
-    const auto& consumer = trackers().consumerStatus();
-    const auto& developer = trackers().developerStatus();
-    const auto& releases = trackers().releases();
-    kit::TrackerAnswers answers;
-    if (consumer.value) answers.consumer = {&*consumer.value, consumer.fetchedAt};
-    if (developer.value) answers.developer = {&*developer.value, developer.fetchedAt};
-    if (releases.value) answers.releases = &*releases.value;
-    return answers;
-}
-
 void BriefPanelModel::show() {
     if (!content_) return;
     const auto since = kit::briefStart(news().newSince(), now());
-    const auto changes = kit::trackerChanges(trackerAnswers(), wanted_, since);
+    const auto changes = kit::trackerChanges(
+        kit::TrackerAnswers::of(trackers().consumerStatus(), trackers().developerStatus(),
+                                trackers().releases()),
+        wanted_, since);
     std::vector<BriefRow> rows;
     for (const auto& item : kit::briefItems(*content_, changes)) rows.push_back(rowOf(item, now()));
     rows_.setRows(std::move(rows));

@@ -37,7 +37,6 @@ public:
 
 private:
     void show();
-    kit::TrackerAnswers trackerAnswers() const;
 
     kit::CompiledStoryQuery wanted_;
     std::optional<kit::BriefContent> content_;  ///< absent until stories were gathered

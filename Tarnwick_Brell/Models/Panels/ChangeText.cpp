@@ -11,7 +11,6 @@ namespace {
 
 constexpr int kLongestBuild = 20;
 constexpr int kLongestDeviceName = 40;
-constexpr std::size_t kMostNamed = 3;
 
 struct ChangeText {
     Q_DECLARE_TR_FUNCTIONS(ChangeText)
@@ -25,12 +24,11 @@ QString buildText(const std::string& version, const std::string& build) {
 }
 
 QString devicesText(const std::vector<std::string>& names) {
-    const bool areAllNamed = names.size() <= kMostNamed;
-    const auto count = areAllNamed ? names.size() : kMostNamed - 1;
+    const auto count = kit::namedDevices(names.size());
     QStringList named;
     for (std::size_t i = 0; i < count; ++i) named << titleText(names[i], kLongestDeviceName);
     const auto separator = ChangeText::tr(", ");
-    if (!areAllNamed) {
+    if (count < names.size()) {
         return ChangeText::tr("%1 and %n others", nullptr, static_cast<int>(names.size() - count))
             .arg(named.join(separator));
     }

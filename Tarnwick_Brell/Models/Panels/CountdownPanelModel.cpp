@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QLocale>
 
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -50,8 +51,7 @@ void CountdownPanelModel::refresh() {
     for (const auto& event : content.others) rows.push_back(rowOf(event));
     if (condition.state == Ready && content.isEmpty()) {
         condition.state = Empty;
-        condition.message = terms_.empty() ? tr("No date of Apple's is known.")
-                                           : tr("No date is known of what this panel waits for.");
+        condition.message = noRowText(kit::PanelKind::countdown);
     }
     rows_.setRows(std::move(rows));
     setCondition(std::move(condition));

@@ -16,6 +16,7 @@
 #include "Tarnwick_Brell/Models/Panels/StreamPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/SuppliersPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/TopStoriesPanelModel.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
 
 namespace app {
 
@@ -24,10 +25,9 @@ namespace {
 /// A panel for which the desk collects nothing yet. It says so and has nothing to draw.
 class UncollectedPanelModel final : public PanelModel {
 public:
-    UncollectedPanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
-                          const QString& sentence)
+    UncollectedPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
         : PanelModel(stores, panel) {
-        setCondition({.state = Empty, .message = sentence});
+        setCondition({.state = Empty, .message = noRowText(panel.kind)});
     }
 
     QString file() const override { return {}; }
@@ -49,11 +49,9 @@ std::unique_ptr<PanelModel> makePanelModel(const PanelStores& stores, const kit:
         case PanelKind::software: return std::make_unique<SoftwarePanelModel>(stores, panel);
         case PanelKind::status: return std::make_unique<StatusPanelModel>(stores, panel);
         case PanelKind::coverage: return std::make_unique<CoveragePanelModel>(stores, panel, query);
-        case PanelKind::clips: return std::make_unique<UncollectedPanelModel>(
-            stores, panel, PanelModel::tr("The desk can't save quotes yet."));
+        case PanelKind::clips: return std::make_unique<UncollectedPanelModel>(stores, panel);
         case PanelKind::apple: return std::make_unique<StreamPanelModel>(stores, panel, query);
-        case PanelKind::pageWatch: return std::make_unique<UncollectedPanelModel>(
-            stores, panel, PanelModel::tr("The desk can't follow Apple's pages yet."));
+        case PanelKind::pageWatch: return std::make_unique<UncollectedPanelModel>(stores, panel);
         case PanelKind::scoops: return std::make_unique<ScoopsPanelModel>(stores, panel, query);
         case PanelKind::suppliers: return std::make_unique<SuppliersPanelModel>(stores, panel);
         case PanelKind::backend: return std::make_unique<BackendPanelModel>(stores, panel);

@@ -68,7 +68,7 @@ void QueryPanelModel::setReady(int rows, const QString& fact, const Extent& exte
                                      : tr("%n stories match, the newest from %1.", nullptr, count);
         setCondition({.state = Empty,
                       .fact = fact,
-                      .message = nothingOfItText(panelKind_),
+                      .message = noRowText(panelKind_),
                       .hint = hint.arg(momentText(*extent.newest, extent.now))});
     }
 }

@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Models/Panels/RecordsPanelModel.h"
 
 #include "Tarnwick_Brell/Models/Panels/ChangeText.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -32,9 +33,8 @@ void RecordsPanelModel::update() {
     std::vector<ChangeRow> rows;
     for (const auto& news : content.rows) rows.push_back(rowOf(news, now()));
     rows_.setRows(std::move(rows));
-    auto condition = conditionOf(content.condition, tr("No change of signing has been seen yet."));
-    if (condition.state == Empty)
-        condition.hint = tr("The desk does not read filings and court records yet.");
+    auto condition = conditionOf(content.condition, noRowText(kit::PanelKind::records));
+    if (condition.state == Empty) condition.hint = gapText(kit::PanelKind::records);
     setCondition(std::move(condition));
 }
 

@@ -1,5 +1,7 @@
 #include "Tarnwick_Brell/Models/Panels/ReleasesPanelModel.h"
 
+#include "NewsroomKit/Trackers/Releases/ReleaseTitle.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -11,7 +13,7 @@ ReleaseRow rowOf(const kit::ReleasesContent::Row& content, kit::Instant now) {
     constexpr int longestBuild = 20;
     const auto& release = content.build.release;
     ReleaseRow row{.age = ageText(release.published, now),
-                   .title = titleText(release.title),
+                   .title = titleText(kit::titleOf(content.build.platform, release)),
                    .build = titleText(release.build, longestBuild),
                    .isBeta = content.build.channel == kit::ReleaseChannel::beta,
                    .isNew = content.isNew,
@@ -36,7 +38,7 @@ void ReleasesPanelModel::update() {
     std::vector<ReleaseRow> rows;
     for (const auto& row : content.rows) rows.push_back(rowOf(row, now()));
     rows_.setRows(std::move(rows));
-    setCondition(conditionOf(content.condition, tr("Nothing is known of these platforms.")));
+    setCondition(conditionOf(content.condition, noRowText(kit::PanelKind::releases)));
 }
 
 }  // namespace app

@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Models/Panels/SoftwarePanelModel.h"
 
-#include "Tarnwick_Brell/Models/Panels/ReleaseText.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
+#include "Tarnwick_Brell/Presentation/ReleaseText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -44,7 +45,7 @@ void SoftwarePanelModel::update() {
     std::vector<SoftwareRow> rows;
     for (const auto& row : content.rows) rows.push_back(rowOf(row, now()));
     rows_.setRows(std::move(rows));
-    setCondition(conditionOf(content.condition, tr("Nothing is known of these platforms.")));
+    setCondition(conditionOf(content.condition, noRowText(kit::PanelKind::software)));
 }
 
 }  // namespace app

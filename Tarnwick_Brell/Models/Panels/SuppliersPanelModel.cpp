@@ -3,6 +3,7 @@
 #include "NewsroomKit/Panels/BoardContent.h"
 #include "Tarnwick_Brell/Models/Charts/QuoteChartData.h"
 #include "Tarnwick_Brell/Models/Panels/NewestShare.h"
+#include "Tarnwick_Brell/Presentation/EmptyText.h"
 #include "Tarnwick_Brell/Presentation/PriceText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
@@ -56,7 +57,7 @@ void SuppliersPanelModel::refresh() {
     }
     if (condition.state == Ready && rows.empty()) {
         condition.state = Empty;
-        condition.message = tr("The board of suppliers is empty.");
+        condition.message = noRowText(kit::PanelKind::suppliers);
     }
     rows_.setRows(std::move(rows));
     setCondition(std::move(condition));

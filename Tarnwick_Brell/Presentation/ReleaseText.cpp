@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/Models/Panels/ReleaseText.h"
+#include "Tarnwick_Brell/Presentation/ReleaseText.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>
