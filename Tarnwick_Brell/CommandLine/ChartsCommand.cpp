@@ -151,7 +151,7 @@ void addChartsCommand(arguments::Command& app, Command& chosen) {
     auto command = app.subcommand("charts", "The App Store's charts in the United States");
     command.option("CHART", options->kind, "top-free or top-paid; without it, both");
     auto history = command.flag("--history", options->history,
-                                "Instead, every app of the last year and how it did");
+                                "Instead, every app of the last year with its best and last rank");
     addStoredFlag(command, options->stored).excludes(history);
     command.footer("Moves are those since the last day, by UTC, on which this desk saw the chart.");
     command.whenChosen([options, &chosen] {

@@ -36,7 +36,7 @@ void addState(std::vector<std::string>& lines, PanelHoldings& holdings, const St
 template <class State>
 std::vector<std::string> nothingYet(PanelHoldings& holdings, const State& state,
                                     std::string_view command) {
-    std::vector<std::string> lines{fmt::format("Not fetched yet; brell {} does.", command)};
+    std::vector<std::string> lines{fmt::format("Not fetched yet. brell {} fetches it.", command)};
     addState(lines, holdings, state);
     return lines;
 }

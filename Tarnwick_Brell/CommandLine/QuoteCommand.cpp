@@ -29,7 +29,8 @@ std::string knownForm(std::string symbol) {
     try {
         return app::SettingKey::named(app::SettingKey::kFocusSymbol)->stored(symbol);
     } catch (const std::invalid_argument&) {
-        throw WrongUsage("\"" + symbol + "\" is no symbol of a share or an index, such as AAPL.");
+        throw WrongUsage("\"" + symbol +
+                         "\" is not the symbol of a share or an index. Symbols look like AAPL.");
     }
 }
 

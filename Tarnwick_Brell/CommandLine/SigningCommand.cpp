@@ -104,7 +104,7 @@ int showHistory(Session& session, const SigningOptions& options) {
         return kDone;
     }
     if (changes.empty()) {
-        session.advise("No change has been seen yet. brell signing looks.");
+        session.advise("No change has been seen yet. brell signing checks for changes.");
         return kDone;
     }
     TextTable table({Column::cut("device", 14).dropped(1), Column::whole("model"),
@@ -121,7 +121,8 @@ int showHistory(Session& session, const SigningOptions& options) {
 
 int runSigning(Session& session, const SigningOptions& options) {
     if (!options.device.empty() && !kit::isDeviceIdentifier(options.device)) {
-        throw WrongUsage("\"" + options.device + "\" is no model such as iPhone18,3.");
+        throw WrongUsage("\"" + options.device +
+                         "\" is not a device model. Models look like iPhone18,3.");
     }
     return options.history ? showHistory(session, options) : showSigning(session, options);
 }
@@ -136,10 +137,10 @@ void addSigningCommand(arguments::Command& app, Command& chosen) {
                    "the setting signingDevices names");
     auto history =
         command.flag("--history", options->history,
-                     "Instead, every change that this desk has ever seen, the last first");
+                     "Instead, every change that this desk has ever seen, the newest first");
     addStoredFlag(command, options->stored).excludes(history);
     command.footer(
-        "A build that is gone, or signed no longer, counts as such when a second look says so.");
+        "A build counts as gone or as no longer signed once a second check confirms it.");
     command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runSigning(session, *options); };
     });

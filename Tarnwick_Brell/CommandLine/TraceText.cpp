@@ -69,11 +69,11 @@ void printTrace(Output& out, const kit::TraceResult& trace, const std::string& a
     const auto searched =
         trace.searched ? fmt::format(" {} sources were searched.", trace.searched->value) : "";
     if (trace.nodes.empty()) {
-        out.line("No outlet is known to have run it." + searched);
+        out.line("No outlet is known to have published it." + searched);
         return;
     }
-    out.line(fmt::format("{} {} it.{}", trace.nodes.size(),
-                         trace.nodes.size() == 1 ? "place ran" : "places ran", searched));
+    out.line(fmt::format("{} {} published it.{}", trace.nodes.size(),
+                         trace.nodes.size() == 1 ? "outlet" : "outlets", searched));
     printTree(out, kit::traceTree(trace.nodes, asked));
 }
 

@@ -19,15 +19,15 @@ std::string cameText(const Session& session, kit::Instant fetchedAt) {
 
 arguments::Option addStoredFlag(arguments::Command& command, bool& isStored) {
     return command.flag("--stored", isStored,
-                        "Show what the library holds from the last time; use no network");
+                        "Show what was last fetched, without using the network");
 }
 
 void failWithoutData(bool isStored, const FetchState& state) {
     if (isStored) {
-        throw WorkFailed("The library holds none of this yet. Without --stored it is fetched." +
-                         (state.error ? " The last try failed: " + *state.error : ""));
+        throw WorkFailed("The library has no such data yet. Without --stored they are fetched." +
+                         (state.error ? " The last attempt failed: " + *state.error : ""));
     }
-    throw WorkFailed(state.error.value_or("Nothing came."));
+    throw WorkFailed(state.error.value_or("There was no answer."));
 }
 
 void addFetchState(boost::json::object& object, const FetchState& state) {
@@ -46,7 +46,8 @@ int finishTrackers(Session& session, bool isStored, const std::vector<FetchState
             if (!state.error) continue;
             sentences += (sentences.empty() ? "" : "\n") + *state.error;
             if (state.fetchedAt) {
-                sentences += " What is shown came " + cameText(session, *state.fetchedAt) + ".";
+                sentences +=
+                    " The data shown were fetched " + cameText(session, *state.fetchedAt) + ".";
             }
         }
         if (!sentences.empty()) throw WorkFailed(sentences);
@@ -61,7 +62,7 @@ int finishTrackers(Session& session, bool isStored, const std::vector<FetchState
     out.line("\n" + out.dim("Fetched " +
                             (oldest ? cameText(session, *oldest) : "at an unknown time") + "."));
     for (const auto& state : states) {
-        if (state.error) out.line(out.dim("The last try failed: " + printable(*state.error)));
+        if (state.error) out.line(out.dim("The last attempt failed: " + printable(*state.error)));
     }
     return kDone;
 }

@@ -77,7 +77,7 @@ int showHistory(Session& session, const UpdatesOptions& options) {
         return kDone;
     }
     if (changes.empty()) {
-        session.advise("No change has been seen yet. brell updates looks.");
+        session.advise("No change has been seen yet. brell updates checks for changes.");
         return kDone;
     }
     TextTable table({Column::cut("update", 14), Column::whole("build"),
@@ -96,12 +96,12 @@ int showHistory(Session& session, const UpdatesOptions& options) {
 void addUpdatesCommand(arguments::Command& app, Command& chosen) {
     auto options = std::make_shared<UpdatesOptions>();
     auto command =
-        app.subcommand("updates", "What Apple's update catalogue offers, the latest first");
-    command.option("--platform", options->platform, "Only of this one: iOS, macOS, watchOS, …")
+        app.subcommand("updates", "What Apple's update catalogue offers, the newest first");
+    command.option("--platform", options->platform, "Only of this platform: iOS, macOS, watchOS, …")
         .shownAs("P");
     auto history =
         command.flag("--history", options->history,
-                     "Instead, every offer that this desk has seen come or go, the last first");
+                     "Instead, every offer that this desk has seen come or go, the newest first");
     addStoredFlag(command, options->stored).excludes(history);
     command.footer(
         "The catalogue's host has a certificate of Apple's own authority, which systems do not "

@@ -85,7 +85,7 @@ class Archive(unittest.TestCase):
             "├─ AppleInsider  TIME  linked as “according to Nikkei Asia”",
             "└─ 9to5Mac  TIME  named as “Nikkei Asia”  ← the story you asked about",
             "   └─ r/apple  TIME  linked as “9to5Mac”"])
-        self.assertEqual(lines[0], "4 places ran it. 45 sources were searched.")
+        self.assertEqual(lines[0], "4 outlets published it. 45 sources were searched.")
         self.assertIn("     " + asked, lines)
         nodes = self.desk.json("trace", asked)["nodes"]
         self.assertEqual([(node["depth"], node.get("relation")) for node in nodes],
@@ -140,7 +140,7 @@ class Archive(unittest.TestCase):
         commands = {"archive-stories": ["archive", "stories", *self.period(24)], "archive-status": ["archive", "status"],
                     "archive-credits": ["archive", "credits", asked], "archive-trace": ["trace", asked]}
         # A status and the credits have no dates that could be wrong.
-        for kind, sentence in (("page", "does not read"), ("missing", "404"), ("broken", "does not read"),
+        for kind, sentence in (("page", "can't be read ("), ("missing", "404"), ("broken", "can't be read ("),
                                ("incomplete", "the key is missing"), ("huge", "larger than"), ("undated", "Unreadable date last Tuesday")):
             names = commands if kind != "undated" else ["archive-stories", "archive-trace"]
             self.go_to(1, *(word for name in names for word in ("--misbehave", f"{name}={kind}")))

@@ -47,7 +47,7 @@ class Firmware(unittest.TestCase):
         self.desk.run("newsroom", "new", "Signals", "--panels", "records,backend")
         shown = self.desk.run("newsroom", "show", "Signals").stdout
         self.assertRegex(shown, r"iOS 27\.1 \(24B83\) is no longer signed for .* and \d others\.")
-        self.assertIn(f"Not fetched yet; brell --data-dir {self.desk.folder} updates does.", shown)
+        self.assertIn(f"Not fetched yet. brell --data-dir {self.desk.folder} updates fetches it.", shown)
 
     def test_days_without_a_time_are_the_same_in_all_zones(self):
         self.go_to(1)
@@ -66,7 +66,7 @@ class Firmware(unittest.TestCase):
         self.assertEqual({o["platform"] for o in self.desk.json("updates", "--platform", "ipados")["offers"]}, {"iPadOS"})
         self.assertIn("Nothing is offered for teaOS.", self.desk.run("updates", "--platform", "teaOS").stdout)
         self.desk.run("newsroom", "new", "Catalogue", "--panels", "backend")
-        self.assertIn("No change has been seen yet", self.desk.run("newsroom", "show", "Catalogue").stdout)
+        self.assertIn("Newest offers:", self.desk.run("newsroom", "show", "Catalogue").stdout)
         for _ in range(2):
             self.go_to(97)
             text = self.desk.run("updates").stdout
@@ -102,7 +102,7 @@ class Firmware(unittest.TestCase):
 
     def test_what_fails_leaves_the_last_good_answer_with_its_age(self):
         for command in COMMANDS.values():
-            self.assertIn("holds none", self.desk.run(*command, "--stored", status=1).stderr)
+            self.assertIn("has no such data", self.desk.run(*command, "--stored", status=1).stderr)
         self.go_to(1)
         good = {name: self.desk.json(*command) for name, command in COMMANDS.items()}
         for kind in ("page", "missing", "broken", "incomplete", "huge", "empty"):
@@ -112,7 +112,7 @@ class Firmware(unittest.TestCase):
                 shown = json.loads(failed.stdout)
                 self.assertIn(shown.pop("error"), failed.stderr)
                 self.assertEqual(shown, good[name], (name, kind))
-                self.assertRegex(failed.stderr, r"^brell: .*What is shown came \d{4}-", (name, kind))
+                self.assertRegex(failed.stderr, r"^brell: .*The data shown were fetched \d{4}-", (name, kind))
                 if kind == "incomplete":
                     self.assertRegex(failed.stderr, r"(buildid|Build|artistName): the key is missing")
         self.go_to(1, "--misbehave", "updates=partial", "--misbehave", "signing=partial", "--misbehave", "charts=partial")
@@ -145,7 +145,7 @@ class Firmware(unittest.TestCase):
         self.assertIn("can't be read", self.desk.run("charts").stderr, "only the catalogue needs that file")
 
     def test_words_that_make_no_sense_are_refused(self):
-        for words, sentence in ((["signing", "iPhone 17"], "no model such as"),
+        for words, sentence in ((["signing", "iPhone 17"], "is not a device model"),
                                 (["charts", "top-grossing"], "The charts are top-free and top-paid."),
                                 (["settings", "signingDevices", "iPhone17"], "a list of models")):
             self.assertIn(sentence, self.desk.run(*words, status=2).stderr)
