@@ -16,7 +16,8 @@ namespace {
 using namespace test;
 using kit::PanelKind;
 
-/// The list of a panel's model, and the role that names its rows. Kinds without rows have none.
+/// The list of a panel's model, and the role that names its rows; without a list the property that
+/// names the content.
 struct Rows {
     PanelKind kind;
     const char* list;
@@ -28,7 +29,10 @@ constexpr Rows kRows[] = {
     {PanelKind::claims, "rows", "title"},       {PanelKind::software, "rows", "platform"},
     {PanelKind::status, "problems", "service"}, {PanelKind::coverage, "rows", "outlet"},
     {PanelKind::scoops, "rows", "title"},       {PanelKind::apple, "stories", "title"},
-    {PanelKind::releases, "rows", "build"},
+    {PanelKind::releases, "rows", "build"},     {PanelKind::brief, "rows", "sentence"},
+    {PanelKind::countdown, "rows", "title"},    {PanelKind::stock, nullptr, "price"},
+    {PanelKind::suppliers, "rows", "symbol"},   {PanelKind::backend, "rows", "title"},
+    {PanelKind::records, "rows", "title"},
 };
 
 /// The window and the command line over one library.
@@ -52,18 +56,45 @@ protected:
                     .isAppleSource = true});
         desk_.serveTrackers(statusAnswer({"Mail!", "Maps", "Pay!"}).body,
                             releasesAnswer("24A1", "24B2").body);
+        serve("desk.example", "/wp-json/tb-wire/v1/events",
+              eventsAnswer({"Lamp show", "Harbour fair"}));
+        serve("desk.example", "/wp-json/tb-wire/v1/quotes", boardAnswer({"TIDE", "REEF"}));
+        serve("desk.example", "/wp-json/tb-wire/v1/quote?range=1m&symbol=AAPL",
+              quoteAnswer("AAPL", "1m", 98));
+        serve("gdmf.apple.com", "/v2/pmv", {.body = updatesBody("27")});
+        const std::string phone = "/v4/device/iPhone18,3?type=ipsw";
+        serve("api.ipsw.me", phone, {.body = signingBody("26+ 25")});
         desk_.open();
+        refresh();
+        // What is new in the second answers is a change.
+        serve("gdmf.apple.com", "/v2/pmv", {.body = updatesBody("28 27")});
+        serve("api.ipsw.me", phone, {.body = signingBody("27+ 26+ 25")});
+        refresh();
+    }
+
+    void serve(const std::string& host, const std::string& path,
+               const pressroom::Response& answer) {
+        desk_.desk.http.script.on(host, path, {answer});
+    }
+
+    void refresh() {
         desk_.trackers->refreshAll();
         ::test::until([&] {
-            return desk_.trackers->releases().value && desk_.trackers->consumerStatus().value;
+            return std::ranges::none_of(
+                kTrackers, [&](auto tracker) { return desk_.trackers->isRefreshing(tracker); });
         });
     }
 
     QStringList windowRows(PanelModel& model, const Rows& rows) {
+        if (!rows.list) return {model.property(rows.name).toString()};
         auto* list = model.property(rows.list).value<QAbstractListModel*>();
         const auto role = list->roleNames().key(rows.name);
         QStringList names;
-        for (int i = 0; i < list->rowCount(); ++i) names << list->index(i, 0).data(role).toString();
+        for (int i = 0; i < list->rowCount(); ++i) {
+            // Both write times in their own way.
+            const auto name = list->index(i, 0).data(role).toString();
+            names << name.section(QStringLiteral(" since "), 0, 0);
+        }
         return names;
     }
 
