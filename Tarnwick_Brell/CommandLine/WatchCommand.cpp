@@ -1,6 +1,6 @@
 #include <exception>
 #include <memory>
-#include <set>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -113,36 +113,22 @@ private:
         for (const auto& news : kit::signingNews(changes)) printEvent(news.sentence(), {});
     }
 
-    /// Reports when a tracker begins to fail and when it works again.
-    template <class T>
-    void reportState(const std::string& name, const kit::CachedValue<T>& reading) {
-        const bool wasFailing = failing_.contains(name);
-        if (reading.error && failing_.insert(name).second) printNotice(*reading.error);
-        if (!reading.error && wasFailing) {
-            failing_.erase(name);
-            printNotice(name + " can be read again.");
-        }
-    }
-
+    /// Reports when a tracker begins to fail and when it works again. The files of a tracker share
+    /// a server, so that the failure of one stands for all.
     void reportTrackers() {
         if (wasOffline_) return;
-        reportState("Apple's consumer status", trackers_.consumerStatus());
-        reportState("Apple's developer status", trackers_.developerStatus());
-        reportState("The list of releases", trackers_.releases());
-        reportState("Apple's calendar", trackers_.events());
-        reportState("The board of quotes", trackers_.board());
-        reportState("The share's quote", trackers_.quote());
-        // All devices share a server, so that the failure of one stands for all.
-        kit::CachedValue<kit::SigningStatus> signing;
-        for (const auto& device : trackers_.devices()) {
-            const auto& reading = trackers_.signing(device);
-            if (reading.error && !signing.error) signing = reading;
+        std::map<app::Tracker, app::TrackerStore::FileState> failing;
+        for (auto& file : trackers_.fileStates()) {
+            if (file.error) failing.emplace(file.tracker, std::move(file));
         }
-        reportState("Firmware signing", signing);
-        reportState("Apple's update catalogue", trackers_.updates());
-        for (const auto& row : kit::enumTable<kit::AppStoreCharts::Kind>) {
-            reportState("The chart \"" + std::string(row.label) + "\"", trackers_.chart(row.value));
+        for (const auto& [tracker, file] : failing) {
+            if (failing_.emplace(tracker, file.title).second) printNotice(*file.error);
         }
+        std::erase_if(failing_, [&](const auto& known) {
+            const bool works = !failing.contains(known.first);
+            if (works) printNotice(known.second + " can be read again.");
+            return works;
+        });
     }
 
     static void openLink(const QString& link) {
@@ -230,7 +216,7 @@ private:
     kit::CompiledStoryQuery wanted_;
     bool wasOffline_ = false;
     bool clockSeemedWrong_ = false;
-    std::set<std::string> failing_;  ///< trackers
+    std::map<app::Tracker, std::string> failing_;  ///< with the title of the file that failed
     std::exception_ptr failure_;
 };
 

@@ -25,6 +25,7 @@ struct AnyTrackedFile {
 
     Tracker tracker;
     std::string name;
+    std::string title;
     bool comesFirst;
     std::function<AnyCachedValue(LocalStore&)> load;
     std::function<boost::asio::awaitable<AnyCachedValue>(TrackerFetcher&)> fetch;
@@ -78,6 +79,7 @@ template <class T>
 AnyTrackedFile::AnyTrackedFile(TrackedFile<T> file)
     : tracker(file.tracker),
       name(file.name),
+      title(file.title),
       comesFirst(file.comesFirst),
       load([file](LocalStore& store) { return AnyCachedValue(TrackerCache(store).read(file)); }),
       fetch([file](TrackerFetcher& fetcher) { return fetchAny(fetcher, file); }) {}

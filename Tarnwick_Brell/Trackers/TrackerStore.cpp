@@ -48,6 +48,15 @@ TrackerStore::Files TrackerStore::filesOf(Tracker tracker) const {
     return list;
 }
 
+std::vector<TrackerStore::FileState> TrackerStore::fileStates() const {
+    std::vector<FileState> states;
+    for (const auto tracker : kTrackers) {
+        for (const auto& file : filesOf(tracker))
+            states.push_back({tracker, file.title, values_.error(file.name)});
+    }
+    return states;
+}
+
 void TrackerStore::start() {
     polledQuotes_ = namesOf(quoteFiles(quoteRange()));
     polledDevices_ = devices();
@@ -112,10 +121,10 @@ void TrackerStore::poll(Tracker tracker) {
 }
 
 void TrackerStore::applyFetched(const LoadedFile& fetched, const HistoryUpdate& history) {
-    scheduler_.recordFetch(fetched.tracker, !fetched.cached.hasFailed);
+    scheduler_.recordFetch(fetched.tracker, !fetched.cached.error);
     history(histories_);
     show(fetched);
-    const bool isNewBoard = fetched.tracker == Tracker::board && !fetched.cached.hasFailed;
+    const bool isNewBoard = fetched.tracker == Tracker::board && !fetched.cached.error;
     if (isNewBoard) emit onBoard(board().value.value());
 }
 

@@ -107,6 +107,14 @@ public:
     /// When the share's year was last fetched.
     std::optional<kit::Instant> yearRead() const { return quote(kit::QuoteRange::year).fetchedAt; }
 
+    /// A file that is followed, by its title in sentences, and why it is no newer.
+    struct FileState {
+        Tracker tracker{};
+        std::string title{};
+        std::optional<std::string> error{};
+    };
+    std::vector<FileState> fileStates() const;
+
     bool isRefreshing(Tracker tracker) const { return scheduler_.isRunning(tracker); }
     /// The last success of anything.
     std::optional<kit::Instant> lastUpdated() const { return scheduler_.lastUpdated(); }

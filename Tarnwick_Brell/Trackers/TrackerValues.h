@@ -20,12 +20,12 @@ struct AnyCachedValue {
     explicit AnyCachedValue(kit::CachedValue<T> cached)
         : hasValue(cached.value.has_value()),
           fetchedAt(cached.fetchedAt),
-          hasFailed(cached.error.has_value()),
+          error(cached.error),
           value(std::move(cached)) {}
 
     bool hasValue;
     std::optional<kit::Instant> fetchedAt;
-    bool hasFailed;
+    std::optional<std::string> error;
     std::any value;
 };
 
@@ -45,6 +45,11 @@ public:
     std::optional<kit::Instant> fetchedAt(const std::string& name) const {
         const auto entry = values_.find(name);
         return entry == values_.end() ? std::nullopt : entry->second.fetchedAt;
+    }
+
+    std::optional<std::string> error(const std::string& name) const {
+        const auto entry = values_.find(name);
+        return entry == values_.end() ? std::nullopt : entry->second.error;
     }
 
     void set(const std::string& name, AnyCachedValue value) {
