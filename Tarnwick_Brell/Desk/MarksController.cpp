@@ -15,6 +15,13 @@ namespace app {
 
 using WorkerContext = DeskWorker::WorkerContext;
 
+namespace {
+
+/// As many as the window can undo one after the other.
+constexpr std::size_t kMostOwn = 200;
+
+}  // namespace
+
 MarksController::MarksController(Wire& wire, DeskJobs& jobs, kit::Clock clock)
     : wire_(wire), jobs_(jobs), clock_(std::move(clock)) {}
 
@@ -39,11 +46,30 @@ std::vector<std::int64_t> MarksController::change(MarkChange asked, Undoable und
     if (changed.empty()) return changed;
     emit marksChanged(changed);
     PendingChange pending{.change = std::move(asked)};
-    if (undoable == Undoable::yes) {
+    if (reversesLastOwn(pending.change)) {
+        // Not a change that the library should offer to undo in turn.
+        own_.pop_back();
+        undoable = Undoable::no;
+        pending.undo = UndoState();
+    } else if (undoable == Undoable::yes) {
+        own_.push_back(pending.change);
+        if (own_.size() > kMostOwn) own_.pop_front();
         pending.undo = UndoState{.isPossible = true, .change = pending.change};
     }
     write(std::move(pending), undoable);
     return changed;
+}
+
+bool MarksController::reversesLastOwn(const MarkChange& change) const {
+    if (own_.empty()) return false;
+    const auto& last = own_.back();
+    if (last.mark != change.mark || last.on == change.on) return false;
+    const auto sorted = [](auto numbers) {
+        std::ranges::sort(numbers);
+        return numbers;
+    };
+    return last.numbers.size() == change.numbers.size() &&
+           sorted(last.numbers) == sorted(change.numbers);
 }
 
 void MarksController::write(PendingChange pending, Undoable undoable) {
@@ -66,7 +92,7 @@ void MarksController::finish(std::uint64_t id, const MarkedNumbers& marked) {
         return std::ranges::binary_search(marked.absent, number);
     };
     if (done.undo && marked.changed > 0) {
-        std::erase_if(done.undo->change->numbers, isAbsent);
+        if (done.undo->change) std::erase_if(done.undo->change->numbers, isAbsent);
         written_ = std::move(*done.undo);
     }
     updateCanUndo();
@@ -149,6 +175,7 @@ bool MarksController::undo() {
     if (!canUndo_) return false;
     auto back = undoState().change.value_or(MarkChange());
     back.on = !back.on;
+    if (reversesLastOwn(back)) own_.pop_back();
     back.numbers = apply(back);
     std::ranges::sort(back.numbers);
     if (!back.numbers.empty()) emit marksChanged(back.numbers);

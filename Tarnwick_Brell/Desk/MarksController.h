@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <map>
 #include <optional>
@@ -70,6 +71,7 @@ private:
     void rollBack(std::uint64_t id);
     void revert(MarkChange change);
     void applyUndone(std::uint64_t id, const std::optional<UndoneChange>& undone);
+    bool reversesLastOwn(const MarkChange& change) const;
     const UndoState& undoState() const;
     void updateCanUndo();
 
@@ -78,6 +80,8 @@ private:
     kit::Clock clock_;
     UndoState written_;  ///< the library's
     bool canUndo_ = false;
+    /// The user's changes that have not been undone, the last one at the end.
+    std::deque<MarkChange> own_;
     std::map<std::uint64_t, PendingChange> pending_;  ///< not yet in the library, oldest first
     std::uint64_t lastID_ = 0;
 };

@@ -302,6 +302,13 @@
             <numerusform>%n stories marked as read.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Mark %n stories as read</source>
+        <translation>
+            <numerusform>Mark %n story as read</numerusform>
+            <numerusform>Mark %n stories as read</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>app::StoryListController</name>

@@ -164,12 +164,29 @@ Window {
     }
     Toast {
         id: toast
+
+        /// The action of its button.
+        property int offers: DeskAction.Undo
     }
     Connections {
-        target: window.desk.storyActions
+        target: window.desk.undo
 
-        function onMarked(sentence: string) {
-            toast.show(sentence, qsTr("Undo"));
+        // Its button undoes the last step, which must be the one that it speaks of.
+        function onChanged() {
+            if (toast.action !== "")
+                toast.close();
+        }
+        function onNoticed(notice: string) {
+            toast.offers = DeskAction.Undo;
+            toast.show(notice, qsTr("Undo"));
+        }
+        function onUndone(text: string) {
+            toast.offers = DeskAction.Redo;
+            toast.show(qsTr("Undone: %1.").arg(text), qsTr("Redo"));
+        }
+        function onRedone(text: string) {
+            toast.offers = DeskAction.Undo;
+            toast.show(qsTr("Done again: %1.").arg(text), qsTr("Undo"));
         }
     }
     Connections {
@@ -212,7 +229,7 @@ Window {
         target: toast
 
         function onActed() {
-            window.desk.storyActions.undo();
+            window.desk.actions.trigger(toast.offers);
         }
     }
 }

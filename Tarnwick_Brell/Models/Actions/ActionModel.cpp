@@ -48,7 +48,7 @@ void ActionModel::refresh() {
 
 ActionRow ActionModel::rowFor(const ActionEntry& entry) const {
     ActionRow row{.action = entry.action,
-                  .title = titleOf(entry, isDone(entry.action)),
+                  .title = titleFor(entry),
                   .symbol = QString::fromLatin1(entry.symbol.data(),
                                                 static_cast<qsizetype>(entry.symbol.size())),
                   .groupTitle = titleOf(entry.group),
@@ -76,6 +76,7 @@ bool ActionModel::isEnabled(const ActionEntry& entry) const {
         case ActionNeed::undoable: return canUndo_;
         case ActionNeed::page: return ofPage_.contains(entry.action);
         case ActionNeed::live: return isLive_;
+        case ActionNeed::redoable: return canRedo_;
     }
     throw std::logic_error("a need of an action that nothing tells of");
 }
@@ -83,6 +84,15 @@ bool ActionModel::isEnabled(const ActionEntry& entry) const {
 bool ActionModel::isDone(Action action) const {
     return (action == DeskAction::ToggleSaved && storyIsSaved_) ||
            (action == DeskAction::ToggleRead && storyIsRead_);
+}
+
+/// Undo and redo name the step.
+QString ActionModel::titleFor(const ActionEntry& entry) const {
+    if (entry.action == DeskAction::Undo && !undoText_.isEmpty())
+        return tr("Undo %1").arg(undoText_);
+    if (entry.action == DeskAction::Redo && !redoText_.isEmpty())
+        return tr("Redo %1").arg(redoText_);
+    return titleOf(entry, isDone(entry.action));
 }
 
 const ActionRow& ActionModel::row(Action action) const {

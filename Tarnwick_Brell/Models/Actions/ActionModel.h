@@ -80,6 +80,9 @@ class ActionModel : public QObject {
     Q_PROPERTY(bool hasArrivals MEMBER hasArrivals_ NOTIFY contextChanged)
     Q_PROPERTY(bool canUndo MEMBER canUndo_ NOTIFY contextChanged)
     Q_PROPERTY(bool isLive MEMBER isLive_ NOTIFY contextChanged)
+    Q_PROPERTY(bool canRedo MEMBER canRedo_ NOTIFY contextChanged)
+    Q_PROPERTY(QString undoText MEMBER undoText_ NOTIFY contextChanged)
+    Q_PROPERTY(QString redoText MEMBER redoText_ NOTIFY contextChanged)
 
 public:
     explicit ActionModel(QObject* parent = nullptr);
@@ -110,6 +113,7 @@ private:
     void refresh();
     bool isEnabled(const ActionEntry& entry) const;
     bool isDone(Action action) const;
+    QString titleFor(const ActionEntry& entry) const;
     ActionRow rowFor(const ActionEntry& entry) const;
 
     bool hasStory_ = false;
@@ -119,6 +123,9 @@ private:
     bool canUndo_ = false;
     bool isLive_ = false;
     QSet<int> ofPage_;
+    bool canRedo_ = false;
+    QString undoText_;  ///< the step's name; empty for a mark that is no step of this window
+    QString redoText_;
     GadgetListModel<ActionRow> rows_;
     std::vector<std::unique_ptr<GadgetListModel<ActionRow>>> groupRows_;  ///< in the groups' order
     GadgetListModel<ActionGroupRow> groups_;

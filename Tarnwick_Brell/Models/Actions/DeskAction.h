@@ -48,6 +48,7 @@ enum Value {
     ShowArrivals,
     MarkAllRead,
     Undo,
+    Redo,
     ShowPalette,
     ShowKeys,
     Quit,

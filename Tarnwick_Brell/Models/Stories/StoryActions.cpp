@@ -1,13 +1,41 @@
 #include "Tarnwick_Brell/Models/Stories/StoryActions.h"
 
+#include <utility>
+
 #include <QClipboard>
 #include <QGuiApplication>
 
 namespace app {
 
-StoryActions::StoryActions(NewsDesk& desk, StoryListModel& list, SelectedStory& selected,
-                           QObject* parent)
-    : QObject(parent), desk_(desk), list_(list), selected_(selected), reader_(*selected.reader()) {}
+namespace {
+
+using IDs = std::vector<std::string>;
+
+/// The step of a change that gave these stories the read mark, or took it away. `desk` outlives
+/// the steps.
+UndoStack::Step readStep(NewsDesk& desk, IDs ids, bool read) {
+    return {.undo = [&desk, ids, read] { desk.setRead(ids, !read); },
+            .redo = [&desk, ids, read] { desk.setRead(ids, read, Undoable::yes); }};
+}
+
+UndoStack::Step savedStep(NewsDesk& desk, IDs ids, bool saved) {
+    return {.undo = [&desk, ids, saved] { desk.setSaved(ids, !saved); },
+            .redo = [&desk, ids, saved] { desk.setSaved(ids, saved); }};
+}
+
+}  // namespace
+
+StoryActions::StoryActions(NewsDesk& desk, UndoStack& undo, StoryListModel& list,
+                           SelectedStory& selected, QObject* parent)
+    : QObject(parent),
+      desk_(desk),
+      undo_(undo),
+      list_(list),
+      selected_(selected),
+      reader_(*selected.reader()) {
+    // The story in the reader would be marked as read again.
+    connect(&undo_, &UndoStack::undone, &selected_, &SelectedStory::stopReading);
+}
 
 void StoryActions::openInBrowser() {
     if (!reader_.hasStory()) return;
@@ -24,7 +52,10 @@ void StoryActions::toggleSaved() {
     if (!reader_.hasStory()) return;
     const bool before = reader_.isSaved();
     desk_.setSaved({selected_.id()}, !before);
-    emit marked(before ? tr("No longer saved.") : tr("Saved."));
+    auto step = savedStep(desk_, {selected_.id()}, !before);
+    step.text = before ? tr("Remove story from saved") : tr("Save story");
+    step.notice = before ? tr("No longer saved.") : tr("Saved.");
+    undo_.push(std::move(step));
 }
 
 void StoryActions::toggleRead() {
@@ -32,7 +63,10 @@ void StoryActions::toggleRead() {
     selected_.stopReading();
     const bool before = reader_.isRead();
     desk_.setRead({selected_.id()}, !before, Undoable::yes);
-    emit marked(before ? tr("Marked as unread.") : tr("Marked as read."));
+    auto step = readStep(desk_, {selected_.id()}, !before);
+    step.text = before ? tr("Mark story as unread") : tr("Mark story as read");
+    step.notice = before ? tr("Marked as unread.") : tr("Marked as read.");
+    undo_.push(std::move(step));
 }
 
 void StoryActions::copyLink() {
@@ -62,19 +96,27 @@ void StoryActions::traceStory() {
     reader_.trace()->ask(link);
 }
 
+IDs StoryActions::unreadIDs() const {
+    IDs ids;
+    const auto& wire = desk_.stories();
+    for (const auto number : list_.numbers()) {
+        const auto place = wire.placeOf(number);
+        if (place && !wire[*place].isRead()) ids.emplace_back(wire[*place].id());
+    }
+    return ids;
+}
+
 void StoryActions::markAllRead() {
-    const auto count = desk_.markAllRead(list_.numbers());
-    if (count == 0) {
+    auto ids = unreadIDs();
+    if (desk_.markAllRead(list_.numbers()) == 0) {
         emit noticed(tr("You have read every story in this list."));
         return;
     }
-    emit marked(tr("%n stories marked as read.", nullptr, static_cast<int>(count)));
-}
-
-bool StoryActions::undo() {
-    if (!desk_.undoMarks()) return false;
-    selected_.stopReading();
-    return true;
+    const auto count = static_cast<int>(ids.size());
+    auto step = readStep(desk_, std::move(ids), true);
+    step.text = tr("Mark %n stories as read", nullptr, count);
+    step.notice = tr("%n stories marked as read.", nullptr, count);
+    undo_.push(std::move(step));
 }
 
 }  // namespace app

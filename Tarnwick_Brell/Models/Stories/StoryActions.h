@@ -1,21 +1,26 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include <QObject>
 #include <QString>
 #include <qqmlregistration.h>
 
 #include "Tarnwick_Brell/Models/Stories/SelectedStory.h"
+#include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 
 namespace app {
 
-/// What the user does with the selected story, and with all stories of the list.
+/// What the user does with the selected story, and with all stories of the list. Changes of marks
+/// are steps that can be undone.
 class StoryActions : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The window makes it.")
 
 public:
-    StoryActions(NewsDesk& desk, StoryListModel& list, SelectedStory& selected,
+    StoryActions(NewsDesk& desk, UndoStack& undo, StoryListModel& list, SelectedStory& selected,
                  QObject* parent = nullptr);
 
     Q_INVOKABLE void openInBrowser();
@@ -25,18 +30,16 @@ public:
     Q_INVOKABLE void copyCitation();
     Q_INVOKABLE void traceStory();
     Q_INVOKABLE void markAllRead();
-    /// Undoes the last change of marks. False when there is none.
-    Q_INVOKABLE bool undo();
-    bool canUndo() const { return desk_.canUndo(); }
 
 signals:
-    /// A change of marks that can be undone, as a sentence for the user.
-    void marked(const QString& sentence);
     void noticed(const QString& sentence);
     void linkWanted(const QString& link);
 
 private:
+    std::vector<std::string> unreadIDs() const;
+
     NewsDesk& desk_;
+    UndoStack& undo_;
     StoryListModel& list_;
     SelectedStory& selected_;
     ReaderModel& reader_;

@@ -30,7 +30,11 @@ UndoStack::UndoStack(QObject* parent) : QObject(parent) {
     connect(&stack_, &QUndoStack::indexChanged, this, &UndoStack::changed);
 }
 
-void UndoStack::push(Step step) { stack_.push(new StepCommand(std::move(step))); }
+void UndoStack::push(Step step) {
+    const auto notice = step.notice;
+    stack_.push(new StepCommand(std::move(step)));
+    if (!notice.isEmpty()) emit noticed(notice);
+}
 
 bool UndoStack::undo() {
     if (!canUndo()) return false;

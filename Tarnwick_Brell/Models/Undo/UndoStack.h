@@ -27,6 +27,9 @@ public:
         QString text{};  ///< translated, without "Undo": "Remove panel Latest"
         std::function<void()> undo{};
         std::function<void()> redo{};
+        /// What has been done, as a sentence for the user, shown with a button that undoes it;
+        /// without one nothing is shown.
+        QString notice{};
     };
 
     static constexpr int kMostSteps = 200;
@@ -48,6 +51,8 @@ public:
 
 signals:
     void changed();
+    /// A step with a notice was pushed.
+    void noticed(const QString& notice);
     /// A step was undone, or done again: its text, for a sentence to the user.
     void undone(const QString& text);
     void redone(const QString& text);

@@ -19,6 +19,7 @@ void WindowModel::connectActions() {
     });
     connect(&selected_, &SelectedStory::rowChanged, this, &WindowModel::updateActions);
     connect(&stores_.news, &NewsDesk::undoChanged, this, &WindowModel::updateActions);
+    connect(&stores_.undo, &UndoStack::changed, this, &WindowModel::updateActions);
     const auto* reader = selected_.reader();
     connect(reader, &ReaderModel::marksChanged, this, &WindowModel::updateActions);
     connect(reader, &ReaderModel::storyChanged, this, &WindowModel::updateActions);
@@ -33,7 +34,10 @@ void WindowModel::updateActions() {
     actions_.setProperty("storyIsSaved", selected_.reader()->isSaved());
     actions_.setProperty("storyIsRead", selected_.reader()->isRead());
     actions_.setProperty("hasArrivals", isList && storyList_.list()->arrivals() > 0);
-    actions_.setProperty("canUndo", storyActions_.canUndo());
+    actions_.setProperty("canUndo", stores_.undo.canUndo() || stores_.news.canUndo());
+    actions_.setProperty("canRedo", stores_.undo.canRedo());
+    actions_.setProperty("undoText", stores_.undo.undoText());
+    actions_.setProperty("redoText", stores_.undo.redoText());
     actions_.setProperty("isLive", refresh_.isLive());
     QSet<int> ofPage;
     for (const auto& entry : actionTable()) {
@@ -41,6 +45,12 @@ void WindowModel::updateActions() {
             ofPage << entry.action;
     }
     actions_.setOfPage(ofPage);
+}
+
+/// Without a step, the last mark of an earlier run or of another program is undone.
+void WindowModel::undoLast() {
+    if (stores_.undo.undo() || !stores_.news.undoMarks()) return;
+    selected_.stopReading();
 }
 
 void WindowModel::goTo(const std::optional<Destination>& place) {
@@ -96,7 +106,8 @@ void WindowModel::execute(Action action) {
         case DeskAction::Refresh: refresh_.refresh(); break;
         case DeskAction::ShowArrivals: storyList_.showArrivals(); break;
         case DeskAction::MarkAllRead: storyActions_.markAllRead(); break;
-        case DeskAction::Undo: storyActions_.undo(); break;
+        case DeskAction::Undo: undoLast(); break;
+        case DeskAction::Redo: stores_.undo.redo(); break;
         case DeskAction::Quit: QCoreApplication::quit(); break;
         case DeskAction::ToggleSidebar: state_.setSidebarShown(!state_.sidebarShown()); break;
         case DeskAction::MoveReader: state_.moveReader(); break;

@@ -17,7 +17,7 @@ WindowModel::WindowModel(const DeskStores& stores)
       sidebar_(stores.news, stores.newsrooms, stores.trackers),
       storyList_(stores.news, stores.newsrooms, stores.clock),
       selected_(stores.news, storyList_, stores.defaults, stores.clock),
-      storyActions_(stores.news, *storyList_.list(), selected_),
+      storyActions_(stores.news, stores.undo, *storyList_.list(), selected_),
       newsroom_({.news = stores.news, .trackers = stores.trackers, .clock = stores.clock}),
       refresh_({.news = stores.news, .trackers = stores.trackers}, stores.clock),
       palette_(

@@ -102,6 +102,7 @@ private:
     void execute(Action action);
     void goTo(const std::optional<Destination>& place);
     void traceStory();
+    void undoLast();
     std::vector<PalettePlace> palettePlaces() const;
     bool exists(const Destination& place) const;
     Destination home() const;

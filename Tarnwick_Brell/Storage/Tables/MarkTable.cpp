@@ -98,6 +98,27 @@ void remember(Database& database, const LastChange& change) {
     DeskState(database).setText(kLastChange, change.text());
 }
 
+/// Forgets the last change when undoing it would change no story, as after it has been undone
+/// step by step.
+void forgetSpentChange(Database& database) {
+    const auto last = LastChange::read(database);
+    if (!last) return;
+    const auto column = columnOf(last->mark);
+    bool isLeft = false;
+    if (last->givenAt) {
+        Statement given(database, fmt::format("SELECT 1 FROM marks WHERE {} = ?", column));
+        isLeft = given.bind(0, *last->givenAt).step();
+    }
+    Statement missing(database, fmt::format("SELECT 1 FROM stories LEFT JOIN marks USING (number) "
+                                            "WHERE id = ? AND {} IS NULL",
+                                            column));
+    for (const auto& [id, moment] : last->taken) {
+        isLeft = isLeft || missing.bind(0, id).step();
+        missing.reset();
+    }
+    if (!isLeft) DeskState(database).setText(kLastChange, std::nullopt);
+}
+
 std::string_view statementFor(Mark mark, bool on) {
     if (mark == Mark::read) return on ? kMarkRead : kMarkUnread;
     return on ? kSave : kUnsave;
@@ -212,6 +233,7 @@ MarkedNumbers MarkTable::set(Mark mark, std::vector<std::int64_t> numbers,
         exists.reset();
     }
     writer.finish();
+    if (undoable == Undoable::no) forgetSpentChange(database_);
     transaction.commit();
     return marked;
 }

@@ -96,6 +96,8 @@ TEST(Actions, OnlyWhatCanBeDoneIsDoneAndNamedByWhatItWouldDo) {
     actions.trigger(DeskAction::ToggleSaved);
     actions.trigger(DeskAction::Undo);
     EXPECT_EQ(done, (std::vector{DeskAction::Refresh, DeskAction::ToggleSaved}));
+    actions.setProperty("undoText", "Remove panel Latest");
+    EXPECT_EQ(actions.title(DeskAction::Undo), "Undo Remove panel Latest");
 }
 
 }  // namespace

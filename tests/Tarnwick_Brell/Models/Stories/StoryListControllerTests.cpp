@@ -32,7 +32,8 @@ protected:
             std::make_unique<StoryListController>(*harness_.news, *harness_.newsrooms, clock);
         selected_ =
             std::make_unique<SelectedStory>(*harness_.news, *stories_, harness_.defaults, clock);
-        actions_ = std::make_unique<StoryActions>(*harness_.news, *stories_->list(), *selected_);
+        actions_ =
+            std::make_unique<StoryActions>(*harness_.news, undo_, *stories_->list(), *selected_);
         QObject::connect(actions_.get(), &StoryActions::linkWanted,
                          [this](const QString& link) { opened_ << link; });
         QObject::connect(actions_.get(), &StoryActions::noticed,
@@ -62,6 +63,7 @@ protected:
     TestStories harness_;
     std::unique_ptr<StoryListController> stories_;
     std::unique_ptr<SelectedStory> selected_;
+    UndoStack undo_;
     std::unique_ptr<StoryActions> actions_;
     QStringList opened_, noticed_;
 };
@@ -98,27 +100,60 @@ TEST_F(StoryListControllerTest, OfWhatIsTypedTheNewestIsFoundAndAnEmptiedTextEnd
     EXPECT_EQ(titles(), all_) << "ended before it was asked";
 }
 
-TEST_F(StoryListControllerTest, MarksAreToggledAndTheLastIsTakenBack) {
-    EXPECT_FALSE(actions_->undo());
+TEST_F(StoryListControllerTest, MarksAreUndoneAndRedoneInOneOrderWithOtherChanges) {
     actions_->toggleSaved();
-    EXPECT_FALSE(actions_->canUndo()) << "no story is chosen";
+    EXPECT_FALSE(undo_.canUndo()) << "no story is chosen";
     selected_->setRow(1);
     const auto id = idAt(1);
-    actions_->toggleSaved();
+    bool isThere = false;
     actions_->toggleRead();
-    EXPECT_TRUE(harness_.news->isSaved(id) && harness_.news->isRead(id));
-    EXPECT_TRUE(actions_->undo());
-    EXPECT_TRUE(harness_.news->isSaved(id) && !harness_.news->isRead(id));
-    EXPECT_FALSE(actions_->undo());
-
+    undo_.push({.text = "Remove panel",
+                .undo = [&] { isThere = true; },
+                .redo = [&] { isThere = false; }});
     actions_->markAllRead();
     EXPECT_EQ(unread(), 0);
     EXPECT_EQ(stories_->unreadText(), "");
     actions_->markAllRead();
     EXPECT_EQ(noticed_.size(), 1) << "nothing was left";
-    EXPECT_TRUE(actions_->undo());
+
+    EXPECT_TRUE(undo_.undo());
+    EXPECT_EQ(unread(), 5) << "one had been read before";
+    EXPECT_EQ(undo_.undoText(), "Remove panel");
+    EXPECT_TRUE(undo_.undo());
+    EXPECT_TRUE(isThere && harness_.news->isRead(id));
+    EXPECT_TRUE(undo_.undo());
     EXPECT_EQ(unread(), 6);
-    EXPECT_EQ(stories_->unreadText(), "6 unread");
+    EXPECT_FALSE(undo_.canUndo());
+    EXPECT_TRUE(undo_.redo() && undo_.redo());
+    EXPECT_TRUE(!isThere && harness_.news->isRead(id));
+    actions_->toggleSaved();
+    EXPECT_FALSE(undo_.canRedo()) << "a new change ends what was undone";
+    EXPECT_TRUE(undo_.undo());
+    EXPECT_FALSE(harness_.news->isSaved(id));
+}
+
+TEST_F(StoryListControllerTest, AMarkThatWasUndoneIsNotOfferedAgainByTheLibrary) {
+    selected_->setRow(1);
+    const auto id = idAt(1);
+    actions_->toggleRead();
+    actions_->toggleRead();
+    EXPECT_TRUE(undo_.undo());
+    EXPECT_TRUE(harness_.news->isRead(id));
+    EXPECT_FALSE(harness_.news->canUndo());
+    EXPECT_TRUE(undo_.undo());
+    EXPECT_FALSE(harness_.news->isRead(id));
+    actions_->toggleSaved();
+    std::atomic<bool> libraryOffers = true;
+    EXPECT_TRUE(undo_.undo());
+    harness_.news->worker().post(
+        [&](auto& context) { libraryOffers = context.store.marks().canUndo(); }, [](auto&) {});
+    EXPECT_TRUE(until([&] { return !libraryOffers; })) << "nor to other programs";
+    EXPECT_FALSE(harness_.news->canUndo());
+
+    actions_->toggleRead();
+    harness_.news->setSaved({id}, true);
+    EXPECT_TRUE(undo_.undo());
+    EXPECT_TRUE(harness_.news->canUndo()) << "a later change that is no step";
 }
 
 TEST_F(StoryListControllerTest, AStoryStaysChosenWhenOthersComeBeforeIt) {

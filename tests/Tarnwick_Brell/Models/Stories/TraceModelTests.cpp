@@ -24,7 +24,8 @@ protected:
             std::make_unique<StoryListController>(*harness_.news, *harness_.newsrooms, clock);
         selected_ =
             std::make_unique<SelectedStory>(*harness_.news, *stories_, harness_.defaults, clock);
-        actions_ = std::make_unique<StoryActions>(*harness_.news, *stories_->list(), *selected_);
+        actions_ =
+            std::make_unique<StoryActions>(*harness_.news, undo_, *stories_->list(), *selected_);
         stories_->open(Destination{Destination::Kind::all, {}});
     }
 
@@ -53,6 +54,7 @@ protected:
     TestStories harness_;
     std::unique_ptr<StoryListController> stories_;
     std::unique_ptr<SelectedStory> selected_;
+    UndoStack undo_;
     std::unique_ptr<StoryActions> actions_;
 };
 
