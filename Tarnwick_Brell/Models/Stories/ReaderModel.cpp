@@ -5,9 +5,9 @@
 
 #include <QTimer>
 
-#include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Editorial/LabelReasons.h"
 #include "NewsroomKit/Panels/StoryTimeline.h"
+#include "Tarnwick_Brell/Models/Stories/StoryCitation.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
@@ -31,11 +31,6 @@ QString withoutLabel(const std::string& sentence) {
         text.remove(0, colon + 2);
     if (!text.isEmpty()) text[0] = text[0].toUpper();
     return text;
-}
-
-/// How long after the first outlet another one told it.
-QString delayText(kit::Instant::duration delay) {
-    return delay < 1min ? ReaderModel::tr("same time") : u'+' + spanText(delay);
 }
 
 }  // namespace
@@ -226,22 +221,14 @@ QString ReaderModel::text() const {
 
 QString ReaderModel::link() const {
     if (!stored_) return {};
-    return openableLink(story().articleLink.value_or(story().link));
+    return browserLink(story());
 }
 
-QString ReaderModel::shownLink() const {
-    return plainText(kit::maskedLogins(link().toStdString()));
-}
+QString ReaderModel::shownLink() const { return stored_ ? app::shownLink(story()) : QString(); }
 
 bool ReaderModel::isRead() const { return stored_ && desk_.isRead(story().id); }
 bool ReaderModel::isSaved() const { return stored_ && desk_.isSaved(story().id); }
 
-QString ReaderModel::citation() const {
-    if (!stored_) return {};
-    const auto outlet = titleText(kit::outletOf(story()));
-    // Always with the year: a citation is read later.
-    const auto date = shortDayText(story().publishedAt, kit::Instant{});
-    return tr("“%1”, %2, %3, %4").arg(title(), outlet, date, shownLink());
-}
+QString ReaderModel::citation() const { return stored_ ? citationOf(story()) : QString(); }
 
 }  // namespace app

@@ -5,25 +5,10 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include "Tarnwick_Brell/Models/Stories/MarkSteps.h"
+#include "Tarnwick_Brell/Models/Stories/StoryCitation.h"
+
 namespace app {
-
-namespace {
-
-using IDs = std::vector<std::string>;
-
-/// The step of a change that gave these stories the read mark, or took it away. `desk` outlives
-/// the steps.
-UndoStack::Step readStep(NewsDesk& desk, IDs ids, bool read) {
-    return {.undo = [&desk, ids, read] { desk.setRead(ids, !read); },
-            .redo = [&desk, ids, read] { desk.setRead(ids, read, Undoable::yes); }};
-}
-
-UndoStack::Step savedStep(NewsDesk& desk, IDs ids, bool saved) {
-    return {.undo = [&desk, ids, saved] { desk.setSaved(ids, !saved); },
-            .redo = [&desk, ids, saved] { desk.setSaved(ids, saved); }};
-}
-
-}  // namespace
 
 StoryActions::StoryActions(NewsDesk& desk, UndoStack& undo, StoryListModel& list,
                            SelectedStory& selected, QObject* parent)
@@ -52,10 +37,7 @@ void StoryActions::toggleSaved() {
     if (!reader_.hasStory()) return;
     const bool before = reader_.isSaved();
     desk_.setSaved({selected_.id()}, !before);
-    auto step = savedStep(desk_, {selected_.id()}, !before);
-    step.text = before ? tr("Remove story from saved") : tr("Save story");
-    step.notice = before ? tr("No longer saved.") : tr("Saved.");
-    undo_.push(std::move(step));
+    undo_.push(savedStep(desk_, selected_.id(), !before));
 }
 
 void StoryActions::toggleRead() {
@@ -63,10 +45,7 @@ void StoryActions::toggleRead() {
     selected_.stopReading();
     const bool before = reader_.isRead();
     desk_.setRead({selected_.id()}, !before, Undoable::yes);
-    auto step = readStep(desk_, {selected_.id()}, !before);
-    step.text = before ? tr("Mark story as unread") : tr("Mark story as read");
-    step.notice = before ? tr("Marked as unread.") : tr("Marked as read.");
-    undo_.push(std::move(step));
+    undo_.push(readStep(desk_, {selected_.id()}, !before));
 }
 
 void StoryActions::copyLink() {
@@ -96,8 +75,8 @@ void StoryActions::traceStory() {
     reader_.trace()->ask(link);
 }
 
-IDs StoryActions::unreadIDs() const {
-    IDs ids;
+std::vector<std::string> StoryActions::unreadIDs() const {
+    std::vector<std::string> ids;
     const auto& wire = desk_.stories();
     for (const auto number : list_.numbers()) {
         const auto place = wire.placeOf(number);
@@ -112,11 +91,17 @@ void StoryActions::markAllRead() {
         emit noticed(tr("You have read every story in this list."));
         return;
     }
-    const auto count = static_cast<int>(ids.size());
-    auto step = readStep(desk_, std::move(ids), true);
-    step.text = tr("Mark %n stories as read", nullptr, count);
-    step.notice = tr("%n stories marked as read.", nullptr, count);
-    undo_.push(std::move(step));
+    undo_.push(readStep(desk_, std::move(ids), true));
+}
+
+QVariantMap StoryActions::dragData(const QString& storyID) const {
+    const auto* packed = desk_.stories().find(storyID.toStdString());
+    if (!packed) return {};
+    const auto story = packed->unpacked().story;
+    QVariantMap data{{QStringLiteral("text/plain"), markdownCitationOf(story)}};
+    if (const auto link = shownLink(story); !link.isEmpty())
+        data.insert(QStringLiteral("text/uri-list"), link);
+    return data;
 }
 
 }  // namespace app

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QVariantMap>
 #include <qqmlregistration.h>
 
 #include "Tarnwick_Brell/Models/Stories/SelectedStory.h"
@@ -30,6 +31,8 @@ public:
     Q_INVOKABLE void copyCitation();
     Q_INVOKABLE void traceStory();
     Q_INVOKABLE void markAllRead();
+    /// The story for other programs, by kind of data: its address and a citation in Markdown.
+    Q_INVOKABLE QVariantMap dragData(const QString& storyID) const;
 
 signals:
     void noticed(const QString& sentence);

@@ -1,5 +1,7 @@
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 
+#include <chrono>
+
 #include <QCoreApplication>
 #include <QStringList>
 
@@ -31,6 +33,10 @@ QString destinationText(const PackedStory& story) {
     const auto name = titleText(story.destinationName());
     const bool isSame = name.compare(titleText(story.sourceName()), Qt::CaseInsensitive) == 0;
     return isSame ? QString() : name;
+}
+
+QString delayText(kit::Instant::duration delay) {
+    return delay < std::chrono::minutes(1) ? StoryRow::tr("same time") : u'+' + spanText(delay);
 }
 
 QString spokenText(const PackedStory& story, kit::Instant now) {

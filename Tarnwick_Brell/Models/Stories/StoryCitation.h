@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+#include "NewsroomKit/Stories/Story.h"
+
+/// A story for people and other programs.
+namespace app {
+
+/// What opens in the browser; empty when the link leads nowhere that may be opened.
+QString browserLink(const kit::Story& story);
+/// The same without a password that stands in it.
+QString shownLink(const kit::Story& story);
+
+/// “Headline”, Outlet, 16 May 2026, https://…
+QString citationOf(const kit::Story& story);
+/// The same in Markdown: “[Headline](https://…)”, Outlet, 16 May 2026
+QString markdownCitationOf(const kit::Story& story);
+
+}  // namespace app
