@@ -294,6 +294,16 @@
     </message>
 </context>
 <context>
+    <name>app::ClusterListModel</name>
+    <message numerus="yes">
+        <source>%n in the last hour</source>
+        <translation>
+            <numerusform>%n in the last hour</numerusform>
+            <numerusform>%n in the last hour</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>app::StoryActions</name>
     <message numerus="yes">
         <source>%n stories marked as read.</source>
@@ -312,6 +322,13 @@
 </context>
 <context>
     <name>app::StoryListController</name>
+    <message numerus="yes">
+        <source>%n stories are set aside.</source>
+        <translation>
+            <numerusform>%n story is set aside.</numerusform>
+            <numerusform>%n stories are set aside.</numerusform>
+        </translation>
+    </message>
     <message numerus="yes">
         <source>%n found</source>
         <translation>

@@ -163,6 +163,9 @@ QtObject {
     readonly property int tableHeader: scaled(20)
     readonly property int softwareRow: scaled(33)
     readonly property int topStoriesRow: scaled(64)
+    readonly property int clusterRow: scaled(60)
+    readonly property int clusterText: 80
+    readonly property int clusterTime: scaled(48)
     readonly property int scoopsRow: scaled(46)
     readonly property int paletteRow: scaled(32)
     readonly property int paletteWidth: 640
@@ -296,5 +299,7 @@ QtObject {
     readonly property int tipDelay: 500
     /// After the current event has been handled.
     readonly property int nextTurn: 0
+    /// The pause after which scrolling has ended.
+    readonly property int scrollRest: 300
     readonly property int noticeTime: 6000
 }

@@ -21,6 +21,8 @@ T.ItemDelegate {
 
     property bool keyboardHere: false
 
+    signal menuWanted(x: real, y: real)
+
     readonly property bool isSection: kind === SidebarKind.Section
     readonly property bool isGroup: kind === SidebarKind.Group
     readonly property bool isSource: kind === SidebarKind.Source
@@ -35,6 +37,11 @@ T.ItemDelegate {
     Accessible.description: hint
     Accessible.selected: isCurrent
     Accessible.onPressAction: clicked()
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => item.menuWanted(eventPoint.position.x, eventPoint.position.y)
+    }
 
     background: Rectangle {
         anchors.fill: parent

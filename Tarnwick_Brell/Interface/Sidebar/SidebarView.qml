@@ -9,9 +9,18 @@ FocusScope {
     id: sidebar
 
     required property SidebarModel places
+    required property PlaceMenu placeMenu
 
     signal hideRequested
     signal keysRequested
+    signal resized(width: int)
+
+    /// The menu of the row with the keyboard's focus.
+    function openMenu() {
+        const item = view.currentItem as SidebarItem;
+        if (item)
+            menu.openFor(item, item.key, Theme.space8, item.height / 2);
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -68,6 +77,7 @@ FocusScope {
                 view.currentIndex = index;
                 sidebar.places.activate(key);
             }
+            onMenuWanted: (x, y) => menu.openFor(this, key, x, y)
         }
 
         T.ScrollBar.vertical: ThinScrollBar {}
@@ -147,5 +157,18 @@ FocusScope {
         vertical: true
         anchors.right: parent.right
         height: parent.height
+    }
+    PlaceContextMenu {
+        id: menu
+
+        places: sidebar.placeMenu
+    }
+    MouseArea {
+        x: sidebar.width - Theme.space1
+        width: 2 * Theme.space1
+        height: sidebar.height
+        cursorShape: Qt.SplitHCursor
+        preventStealing: true
+        onPositionChanged: mouse => sidebar.resized(Math.round(x + mouse.x))
     }
 }

@@ -60,8 +60,11 @@ Window {
             height: parent.height
             visible: window.state.sidebarShown
             places: window.desk.sidebar
+            placeMenu: window.desk.placeMenu
+            z: 1
             onKeysRequested: keys.open()
             onHideRequested: window.state.sidebarShown = false
+            onResized: width => window.state.sidebarWidth = width
         }
 
         FocusScope {
@@ -108,12 +111,15 @@ Window {
                 focus: visible
                 stories: window.desk.storyList
                 selected: window.desk.selectedStory
+                clusters: window.desk.clusters
+                readingPlace: window.desk.readingPlace
                 storyActions: window.desk.storyActions
                 actions: window.desk.actions
                 readerPlace: window.state.reader
                 listWidth: window.state.listWidth
                 onListResized: width => window.state.listWidth = width
                 onLinkWanted: link => window.desk.linkWanted(link)
+                onClustersWanted: wanted => window.desk.setClustered(wanted)
             }
             NewsroomView {
                 id: panels
@@ -138,6 +144,23 @@ Window {
         }
     }
 
+    DropArea {
+        id: drop
+
+        anchors.fill: parent
+        keys: ["text/uri-list", "text/plain"]
+        // A story of the window itself stays where it is.
+        onEntered: drag => drag.accepted = !drag.source
+        onDropped: drop => {
+            window.desk.drop(drop.urls, drop.text);
+            drop.accept(Qt.CopyAction);
+        }
+
+        DropHint {
+            anchors.fill: parent
+            visible: drop.containsDrag
+        }
+    }
     ActionShortcuts {
         actions: window.desk.actions
         textFocused: window.activeFocusItem instanceof TextInput
@@ -211,6 +234,12 @@ Window {
                 break;
             case DeskAction.SwitchPane:
                 pages.switchPane();
+                break;
+            case DeskAction.ShowMenu:
+                if (sidebar.activeFocus)
+                    sidebar.openMenu();
+                else if (wire.visible)
+                    wire.openMenu();
                 break;
             case DeskAction.ShowPalette:
                 palette.show();

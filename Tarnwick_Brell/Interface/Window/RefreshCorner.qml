@@ -20,7 +20,14 @@ Row {
         symbol: "arrow.clockwise"
         text: qsTr("Refresh")
         key: "r"
-        enabled: !corner.refresh.isRefreshing
+        visible: !corner.refresh.isRefreshing
         onClicked: corner.refresh.refresh()
+    }
+    IconButton {
+        symbol: "xmark"
+        text: qsTr("Stop refreshing")
+        key: qsTr("Shift R")
+        visible: corner.refresh.isRefreshing
+        onClicked: corner.refresh.stop()
     }
 }

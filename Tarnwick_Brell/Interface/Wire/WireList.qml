@@ -12,12 +12,23 @@ FocusScope {
     required property SelectedStory selected
     required property StoryActions storyActions
     required property ActionModel actions
-    readonly property alias view: view
+    required property ClusterListModel clusters
+    required property ReadingPlace readingPlace
+    readonly property Item view: clusters.isShown ? clusterView : storyView
 
+    signal clustersWanted(wanted: bool)
+
+    /// The menu of the selected story, as the Menu key and Shift+F10 open it.
+    function openMenu() {
+        if (clusters.isShown)
+            clusterView.openMenu();
+        else if (storyView.currentItem)
+            menu.popup(storyView.currentItem, Theme.rowText, Theme.rowText);
+    }
     /// Scrolls the selected story into view.
     function reveal() {
         if (selected.row >= 0)
-            view.positionViewAtIndex(selected.row, ListView.Contain);
+            storyView.positionViewAtIndex(selected.row, ListView.Contain);
     }
 
     Timer {
@@ -25,6 +36,19 @@ FocusScope {
 
         interval: Theme.nextTurn
         onTriggered: wireList.reveal()
+    }
+    Timer {
+        id: scrolled
+
+        interval: Theme.scrollRest
+        onTriggered: wireList.readingPlace.setTopRow(storyView.atYBeginning ? 0 : storyView.indexAt(0, storyView.contentY))
+    }
+    Connections {
+        target: wireList.readingPlace
+
+        function onTopRowWanted(row: int) {
+            storyView.positionViewAtIndex(row, ListView.Beginning);
+        }
     }
     Rectangle {
         anchors.fill: parent
@@ -41,7 +65,7 @@ FocusScope {
             id: title
 
             x: Theme.rowText
-            width: Math.min(implicitWidth, parent.width / 2 - x)
+            width: Math.min(implicitWidth, (shownAs.visible ? shownAs.x : parent.width) / 2 - x)
             anchors.verticalCenter: parent.verticalCenter
             type: DeskText.BaseStrong
             text: wireList.stories.isSearching ? qsTr("Search in all stories") : wireList.stories.title
@@ -51,13 +75,29 @@ FocusScope {
             anchors.left: title.right
             anchors.leftMargin: Theme.space2
             anchors.verticalCenter: parent.verticalCenter
+            visible: x + width < (pill.visible ? pill.x : shownAs.x)
             type: DeskText.Secondary
             color: Theme.text3
             text: wireList.stories.unreadText
         }
-        Pill {
+        SegmentedControl {
+            id: shownAs
+
             anchors.right: parent.right
             anchors.rightMargin: Theme.rowEnd
+            anchors.verticalCenter: parent.verticalCenter
+            visible: !wireList.stories.isSearching
+            small: true
+            label: qsTr("One row for each")
+            model: [qsTr("Stories"), qsTr("Clusters")]
+            currentIndex: wireList.clusters.isShown ? 1 : 0
+            onActivated: index => wireList.clustersWanted(index === 1)
+        }
+        Pill {
+            id: pill
+
+            anchors.right: shownAs.visible ? shownAs.left : parent.right
+            anchors.rightMargin: shownAs.visible ? Theme.space2 : Theme.rowEnd
             anchors.verticalCenter: parent.verticalCenter
             shown: wireList.stories.list.arrivals > 0
             text: wireList.stories.arrivalsText
@@ -70,13 +110,14 @@ FocusScope {
     }
 
     ListView {
-        id: view
+        id: storyView
 
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         width: parent.width
+        visible: !wireList.clusters.isShown
         clip: true
-        focus: true
+        focus: visible
         activeFocusOnTab: true
         reuseItems: true
         cacheBuffer: Math.max(0, height)
@@ -90,15 +131,18 @@ FocusScope {
 
         // Nothing moves while somebody reads. At the top, without a story, news appears by itself.
         onHeightChanged: revealing.restart()
+        onContentYChanged: scrolled.restart()
         readonly property bool isRead: wireList.selected.hasStory || !atYBeginning
-        onIsReadChanged: wireList.stories.list.holdsArrivals = isRead
+        onIsReadChanged: if (visible)
+            wireList.stories.list.holdsArrivals = isRead
 
         delegate: WireRow {
-            width: view.width
-            listFocused: view.activeFocus
+            width: storyView.width
+            storyActions: wireList.storyActions
+            listFocused: storyView.activeFocus
             isCurrent: ListView.isCurrentItem
             onChosen: {
-                view.forceActiveFocus();
+                storyView.forceActiveFocus();
                 wireList.selected.row = index;
             }
             onOpened: wireList.storyActions.openInBrowser()
@@ -117,26 +161,34 @@ FocusScope {
         Keys.onPressed: event => {
             event.accepted = true;
             switch (event.key) {
-            case Qt.Key_Menu:
-                if (view.currentItem)
-                    menu.popup(view.currentItem, Theme.rowText, Theme.rowText);
-                break;
             case Qt.Key_Home:
                 wireList.selected.row = 0;
                 break;
             case Qt.Key_End:
-                wireList.selected.row = view.count - 1;
+                wireList.selected.row = storyView.count - 1;
                 break;
             case Qt.Key_PageDown:
-                wireList.selected.step(Math.max(1, Math.floor(view.height / Theme.wireRowTall) - 1));
+                wireList.selected.step(Math.max(1, Math.floor(storyView.height / Theme.wireRowTall) - 1));
                 break;
             case Qt.Key_PageUp:
-                wireList.selected.step(-Math.max(1, Math.floor(view.height / Theme.wireRowTall) - 1));
+                wireList.selected.step(-Math.max(1, Math.floor(storyView.height / Theme.wireRowTall) - 1));
                 break;
             default:
                 event.accepted = false;
             }
         }
+    }
+
+    WireClusters {
+        id: clusterView
+
+        anchors.fill: storyView
+        visible: wireList.clusters.isShown
+        focus: visible
+        clusters: wireList.clusters
+        stories: wireList.stories
+        storyActions: wireList.storyActions
+        onMenuWanted: (row, x, y) => menu.popup(row, x, y)
     }
 
     Connections {
@@ -151,7 +203,8 @@ FocusScope {
         target: wireList.stories
 
         function onListBegins() {
-            view.positionViewAtBeginning();
+            storyView.positionViewAtBeginning();
+            clusterView.positionViewAtBeginning();
         }
     }
 
@@ -161,13 +214,13 @@ FocusScope {
         actions: wireList.actions
     }
     WireSkeleton {
-        anchors.fill: view
-        visible: view.count === 0 && wireList.stories.emptyMessage === ""
+        anchors.fill: storyView
+        visible: storyView.count === 0 && wireList.stories.emptyMessage === ""
     }
     EmptyState {
-        anchors.centerIn: view
-        width: view.width - 2 * Theme.rowText
-        visible: view.count === 0 && text !== ""
+        anchors.centerIn: storyView
+        width: storyView.width - 2 * Theme.rowText
+        visible: storyView.count === 0 && text !== ""
         symbol: wireList.stories.isSearching ? "magnifyingglass" : "tray"
         text: wireList.stories.emptyMessage
         hint: wireList.stories.emptyHint

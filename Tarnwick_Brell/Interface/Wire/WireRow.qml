@@ -1,13 +1,16 @@
 import QtQuick
 import QtQuick.Templates as T
 import TarnwickBrell.Controls
+import TarnwickBrell.Models
 import TarnwickBrell.Panels
 
 /// One story of the wire.
 T.ItemDelegate {
     id: row
 
+    required property StoryActions storyActions
     required property int index
+    required property string storyID
     required property string source
     required property string destination
     required property string age
@@ -38,6 +41,19 @@ T.ItemDelegate {
     Accessible.selected: isCurrent
     Accessible.onPressAction: chosen()
 
+    Drag.active: dragging.active
+    Drag.dragType: Drag.Automatic
+    Drag.supportedActions: Qt.CopyAction
+    Drag.mimeData: dragging.active ? storyActions.dragData(storyID) : ({})
+
+    // Upwards and downwards the list scrolls.
+    DragHandler {
+        id: dragging
+
+        target: null
+        yAxis.enabled: false
+        acceptedDevices: PointerDevice.Mouse
+    }
     TapHandler {
         acceptedButtons: Qt.RightButton
         onTapped: eventPoint => row.menuWanted(eventPoint.position.x, eventPoint.position.y)

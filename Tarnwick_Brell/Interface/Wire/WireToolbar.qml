@@ -48,7 +48,7 @@ Item {
                 choices: bar.stories.sources
             }
             Chip {
-                text: bar.stories.showsSetAside ? qsTr("Set aside: shown") : qsTr("Set aside: hidden")
+                text: bar.stories.setAsideText
                 active: bar.stories.showsSetAside
                 onClicked: bar.stories.showsSetAside = !bar.stories.showsSetAside
                 onCleared: bar.stories.showsSetAside = false

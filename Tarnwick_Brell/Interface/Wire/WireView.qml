@@ -8,7 +8,9 @@ FocusScope {
 
     required property StoryListController stories
     required property SelectedStory selected
+    required property ClusterListModel clusters
     required property StoryActions storyActions
+    required property ReadingPlace readingPlace
     required property ActionModel actions
     property int readerPlace: WindowState.Right
     property int listWidth: Theme.wireWidth
@@ -16,12 +18,16 @@ FocusScope {
 
     signal linkWanted(link: string)
     signal listResized(width: int)
+    signal clustersWanted(wanted: bool)
 
     readonly property bool besides: readerPlace === WindowState.Right && width - Theme.wireLeast >= Theme.readerLeast
     readonly property bool below: readerPlace !== WindowState.Hidden && !besides
 
     function focusList() {
         list.view.forceActiveFocus();
+    }
+    function openMenu() {
+        list.openMenu();
     }
     /// The Space key: pages through the story, then goes to the next unread one.
     function pageOn() {
@@ -37,7 +43,10 @@ FocusScope {
         selected: wire.selected
         storyActions: wire.storyActions
         actions: wire.actions
+        clusters: wire.clusters
+        readingPlace: wire.readingPlace
         focus: true
+        onClustersWanted: wanted => wire.clustersWanted(wanted)
         width: wire.besides ? Math.max(Theme.wireLeast, Math.min(wire.listWidth, wire.width - Theme.readerLeast)) : wire.width
         height: wire.below ? Math.round(wire.height * 0.5) : wire.height
         Keys.onSpacePressed: wire.pageOn()

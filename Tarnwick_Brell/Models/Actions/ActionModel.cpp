@@ -72,6 +72,8 @@ bool ActionModel::isEnabled(const ActionEntry& entry) const {
     switch (entry.need) {
         case ActionNeed::nothing: return true;
         case ActionNeed::story: return hasStory_;
+        case ActionNeed::storyList: return isStoryList_;
+        case ActionNeed::refreshing: return isRefreshing_;
         case ActionNeed::arrivals: return hasArrivals_;
         case ActionNeed::undoable: return canUndo_;
         case ActionNeed::page: return ofPage_.contains(entry.action);
@@ -83,7 +85,9 @@ bool ActionModel::isEnabled(const ActionEntry& entry) const {
 
 bool ActionModel::isDone(Action action) const {
     return (action == DeskAction::ToggleSaved && storyIsSaved_) ||
-           (action == DeskAction::ToggleRead && storyIsRead_);
+           (action == DeskAction::ToggleRead && storyIsRead_) ||
+           (action == DeskAction::ToggleClusters && showsClusters_) ||
+           (action == DeskAction::ToggleSetAside && showsSetAside_);
 }
 
 /// Undo and redo name the step.

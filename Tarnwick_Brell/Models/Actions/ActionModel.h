@@ -77,6 +77,10 @@ class ActionModel : public QObject {
     Q_PROPERTY(bool hasStory MEMBER hasStory_ NOTIFY contextChanged)
     Q_PROPERTY(bool storyIsSaved MEMBER storyIsSaved_ NOTIFY contextChanged)
     Q_PROPERTY(bool storyIsRead MEMBER storyIsRead_ NOTIFY contextChanged)
+    Q_PROPERTY(bool isStoryList MEMBER isStoryList_ NOTIFY contextChanged)
+    Q_PROPERTY(bool showsClusters MEMBER showsClusters_ NOTIFY contextChanged)
+    Q_PROPERTY(bool showsSetAside MEMBER showsSetAside_ NOTIFY contextChanged)
+    Q_PROPERTY(bool isRefreshing MEMBER isRefreshing_ NOTIFY contextChanged)
     Q_PROPERTY(bool hasArrivals MEMBER hasArrivals_ NOTIFY contextChanged)
     Q_PROPERTY(bool canUndo MEMBER canUndo_ NOTIFY contextChanged)
     Q_PROPERTY(bool isLive MEMBER isLive_ NOTIFY contextChanged)
@@ -119,6 +123,10 @@ private:
     bool hasStory_ = false;
     bool storyIsSaved_ = false;
     bool storyIsRead_ = false;
+    bool isStoryList_ = false;
+    bool showsClusters_ = false;
+    bool showsSetAside_ = false;
+    bool isRefreshing_ = false;
     bool hasArrivals_ = false;
     bool canUndo_ = false;
     bool isLive_ = false;

@@ -19,7 +19,17 @@ QString titleOf(ActionGroup group);
 
 /// When an action can be carried out, beside the window being in front.
 /// `page`: the page offers it; `live`: sources are fetched every minute.
-enum class ActionNeed { nothing, story, arrivals, undoable, redoable, page, live };
+enum class ActionNeed {
+    nothing,
+    story,
+    storyList,
+    arrivals,
+    undoable,
+    redoable,
+    refreshing,
+    page,
+    live
+};
 
 /// Keys in QKeySequence's portable form; empty when there is none.
 struct ActionKey {

@@ -45,16 +45,20 @@ enum Value {
     // Do
     Search,
     Refresh,
+    StopRefresh,
     ShowArrivals,
     MarkAllRead,
     Undo,
     Redo,
+    ShowMenu,  ///< of what is selected
     ShowPalette,
     ShowKeys,
     Quit,
     // View
     ToggleSidebar,
-    SwitchPane,  ///< from the list of a page to the pane beside it, and back
+    SwitchPane,      ///< from the list of a page to the pane beside it, and back
+    ToggleClusters,  ///< stories or clusters
+    ToggleSetAside,
     MoveReader,  ///< right, below, hidden, in turn
     UseSystemAppearance,
     UseLightAppearance,

@@ -100,6 +100,7 @@ public:
     QAbstractListModel* rows() { return &rows_; }
     const QString& foot() const { return foot_; }
     int currentRow() const;
+    int unread() const { return tally_.unread(); }
     void setCurrent(const QString& key);
 
     void setClosedGroups(const QStringList& keys);

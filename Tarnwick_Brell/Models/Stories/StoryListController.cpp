@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <QLocale>
+
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
@@ -50,7 +52,8 @@ StoryListController::StoryListController(NewsDesk& desk, NewsroomStore& newsroom
       search_(desk),
       kinds_(tr("Kind")),
       sourcings_(tr("Sourcing")),
-      sources_(tr("Source")) {
+      sources_(tr("Source")),
+      hidden_(desk) {
     kinds_.offer(choicesOf<StoryKind>(&kindName));
     sourcings_.offer(choicesOf<Sourcing>(&sourcingName));
     updateSources();
@@ -59,6 +62,7 @@ StoryListController::StoryListController(NewsDesk& desk, NewsroomStore& newsroom
     }
     connect(&list_, &StoryListModel::countChanged, this, &StoryListController::countsChanged);
     connect(&list_, &StoryListModel::arrivalsChanged, this, &StoryListController::countsChanged);
+    connect(&hidden_, &SetAsideCount::changed, this, &StoryListController::countsChanged);
     connect(&search_, &SearchController::textChanged, this, &StoryListController::searchChanged);
     connect(&search_, &SearchController::answered, this, &StoryListController::showFound);
     connect(&search_, &SearchController::ended, this, [this] {
@@ -124,6 +128,7 @@ void StoryListController::updateSources() {
 void StoryListController::refilter() {
     if (!isSearching()) {
         list_.show(filter());
+        hidden_.count(filter());
     } else if (search_.isAnswered()) {
         list_.show(filter(), search_.found());
     }
@@ -143,6 +148,7 @@ void StoryListController::showFound(bool isRepeated) {
     } else {
         emit aboutToReplace();
         list_.show(filter(), search_.found());
+        hidden_.clear();
         emit listBegins();
     }
     emit countsChanged();
@@ -185,6 +191,12 @@ QString StoryListController::unreadText() const {
     return list_.unread() > 0 ? tr("%n unread", nullptr, list_.unread()) : QString();
 }
 
+QString StoryListController::setAsideText() const {
+    if (showsSetAside_) return tr("Set aside: shown");
+    return setAside() > 0 ? tr("Set aside: %1 hidden").arg(QLocale().toString(setAside()))
+                          : tr("Set aside: none");
+}
+
 QString StoryListController::arrivalsText() const {
     return tr("%n new stories", nullptr, list_.arrivals());
 }
@@ -210,6 +222,7 @@ QString StoryListController::emptyMessage() const {
 
 QString StoryListController::emptyHint() const {
     if (list_.count() > 0) return {};
+    if (setAside() > 0) return tr("%n stories are set aside.", nullptr, setAside());
     if (isSearching()) return tr("The titles and excerpts of all stories were searched.");
     if (destination_.kind == Destination::Kind::saved)
         return tr("Press s to save the story in the reader.");

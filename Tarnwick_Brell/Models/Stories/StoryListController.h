@@ -8,6 +8,7 @@
 #include "Tarnwick_Brell/Models/Sidebar/Destination.h"
 #include "Tarnwick_Brell/Models/Stories/FilterOptions.h"
 #include "Tarnwick_Brell/Models/Stories/SearchController.h"
+#include "Tarnwick_Brell/Models/Stories/SetAsideCount.h"
 #include "Tarnwick_Brell/Models/Stories/StoryListModel.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
@@ -26,6 +27,8 @@ class StoryListController : public QObject {
     Q_PROPERTY(app::FilterOptions* kinds READ kinds CONSTANT)
     Q_PROPERTY(app::FilterOptions* sourcings READ sourcings CONSTANT)
     Q_PROPERTY(app::FilterOptions* sources READ sources CONSTANT)
+    Q_PROPERTY(int setAside READ setAside NOTIFY countsChanged)
+    Q_PROPERTY(QString setAsideText READ setAsideText NOTIFY countsChanged)
     Q_PROPERTY(bool showsSetAside READ showsSetAside WRITE setShowsSetAside NOTIFY filterChanged)
     Q_PROPERTY(QString unreadText READ unreadText NOTIFY countsChanged)
     Q_PROPERTY(QString arrivalsText READ arrivalsText NOTIFY countsChanged)
@@ -51,6 +54,9 @@ public:
     FilterOptions* sources() { return &sources_; }
     bool showsSetAside() const { return showsSetAside_; }
     void setShowsSetAside(bool shows);
+    /// Stories of this list that are hidden because of their kind.
+    int setAside() const { return hidden_.value(); }
+    QString setAsideText() const;
 
     QString unreadText() const;
     QString arrivalsText() const;
@@ -89,6 +95,7 @@ private:
     FilterOptions sourcings_;
     FilterOptions sources_;
     bool showsSetAside_ = false;
+    SetAsideCount hidden_;
 };
 
 }  // namespace app

@@ -67,4 +67,6 @@ void RefreshStatus::refresh() {
     trackers_.refreshAll();
 }
 
+void RefreshStatus::stop() { desk_.cancelRefresh(); }
+
 }  // namespace app

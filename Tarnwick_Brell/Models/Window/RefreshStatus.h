@@ -50,6 +50,8 @@ public:
 
     /// Fetches everything that the window shows: sources and trackers.
     Q_INVOKABLE void refresh();
+    /// What has been fetched stays.
+    Q_INVOKABLE void stop();
 
 signals:
     void changed();

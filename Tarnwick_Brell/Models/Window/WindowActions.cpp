@@ -23,6 +23,7 @@ void WindowModel::connectActions() {
     const auto* reader = selected_.reader();
     connect(reader, &ReaderModel::marksChanged, this, &WindowModel::updateActions);
     connect(reader, &ReaderModel::storyChanged, this, &WindowModel::updateActions);
+    connect(&storyList_, &StoryListController::filterChanged, this, &WindowModel::updateActions);
     connect(storyList_.list(), &StoryListModel::arrivalsChanged, this, &WindowModel::updateActions);
     connect(&refresh_, &RefreshStatus::changed, this, &WindowModel::updateActions);
 }
@@ -33,6 +34,10 @@ void WindowModel::updateActions() {
     actions_.setProperty("hasStory", isList && selected_.hasStory());
     actions_.setProperty("storyIsSaved", selected_.reader()->isSaved());
     actions_.setProperty("storyIsRead", selected_.reader()->isRead());
+    actions_.setProperty("isStoryList", isList);
+    actions_.setProperty("showsClusters", state_.isClustered(place_.key()));
+    actions_.setProperty("showsSetAside", storyList_.showsSetAside());
+    actions_.setProperty("isRefreshing", refresh_.isRefreshing());
     actions_.setProperty("hasArrivals", isList && storyList_.list()->arrivals() > 0);
     actions_.setProperty("canUndo", stores_.undo.canUndo() || stores_.news.canUndo());
     actions_.setProperty("canRedo", stores_.undo.canRedo());
@@ -51,6 +56,14 @@ void WindowModel::updateActions() {
 void WindowModel::undoLast() {
     if (stores_.undo.undo() || !stores_.news.undoMarks()) return;
     selected_.stopReading();
+}
+
+void WindowModel::step(int by) { clusters_.isShown() ? clusters_.step(by) : selected_.step(by); }
+
+void WindowModel::setClustered(bool clustered) {
+    state_.setClustered(place_.key(), clustered);
+    clusters_.setWanted(clustered);
+    updateActions();
 }
 
 void WindowModel::goTo(const std::optional<Destination>& place) {
@@ -76,7 +89,7 @@ void WindowModel::execute(Action action) {
             if (page_) {
                 emit viewActionWanted(action);
             } else {
-                selected_.step(action == DeskAction::NextStory ? 1 : -1);
+                step(action == DeskAction::NextStory ? 1 : -1);
             }
             break;
         case DeskAction::CopyRow:
@@ -104,12 +117,17 @@ void WindowModel::execute(Action action) {
             goTo(sidebar_.item(action - DeskAction::SidebarItem1 + 1));
             break;
         case DeskAction::Refresh: refresh_.refresh(); break;
+        case DeskAction::StopRefresh: refresh_.stop(); break;
         case DeskAction::ShowArrivals: storyList_.showArrivals(); break;
         case DeskAction::MarkAllRead: storyActions_.markAllRead(); break;
         case DeskAction::Undo: undoLast(); break;
         case DeskAction::Redo: stores_.undo.redo(); break;
         case DeskAction::Quit: QCoreApplication::quit(); break;
         case DeskAction::ToggleSidebar: state_.setSidebarShown(!state_.sidebarShown()); break;
+        case DeskAction::ToggleClusters: setClustered(!state_.isClustered(place_.key())); break;
+        case DeskAction::ToggleSetAside:
+            storyList_.setShowsSetAside(!storyList_.showsSetAside());
+            break;
         case DeskAction::MoveReader: state_.moveReader(); break;
         case DeskAction::UseSystemAppearance: appearance_.setChoice(Appearance::System); break;
         case DeskAction::UseLightAppearance: appearance_.setChoice(Appearance::Light); break;
@@ -117,6 +135,7 @@ void WindowModel::execute(Action action) {
         case DeskAction::PageOn:
         case DeskAction::Search:
         case DeskAction::SwitchPane:
+        case DeskAction::ShowMenu:
         case DeskAction::ShowPalette:
         case DeskAction::ShowKeys: emit viewActionWanted(action); break;
     }

@@ -15,15 +15,18 @@ using Kind = Destination::Kind;
 WindowModel::WindowModel(const DeskStores& stores)
     : stores_(stores),
       sidebar_(stores.news, stores.newsrooms, stores.trackers),
+      placeMenu_(stores),
       storyList_(stores.news, stores.newsrooms, stores.clock),
       selected_(stores.news, storyList_, stores.defaults, stores.clock),
+      clusters_(stores.news, storyList_, selected_, stores.clock),
       storyActions_(stores.news, stores.undo, *storyList_.list(), selected_),
       newsroom_({.news = stores.news, .trackers = stores.trackers, .clock = stores.clock}),
       refresh_({.news = stores.news, .trackers = stores.trackers}, stores.clock),
       palette_(
           actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),
       appearance_(stores.defaults),
-      state_(stores.defaults) {
+      state_(stores.defaults),
+      readingPlace_(stores.news, storyList_, selected_, state_) {
     if (state_.place().isEmpty()) {
         for (const auto& group : SidebarModel::groupsClosedAtFirst())
             state_.setCollapsed(group, true);
@@ -45,6 +48,9 @@ void WindowModel::connectPages() {
     connect(&newsroom_, &NewsroomModel::subtitleChanged, this, [this] {
         if (page_) page_->tick();
     });
+    connect(&placeMenu_, &PlaceMenu::placeWanted, this,
+            qOverload<const QString&>(&WindowModel::open));
+    connect(&placeMenu_, &PlaceMenu::noticed, this, &WindowModel::noticed);
     connect(&storyActions_, &StoryActions::linkWanted, this, &WindowModel::linkWanted);
     connect(&stores_.newsrooms, &NewsroomStore::newsroomsChanged, this,
             &WindowModel::newsroomsChanged);
@@ -106,6 +112,7 @@ void WindowModel::open(const Destination& place) {
     } else if (isOther) {
         showNewsroom();
     }
+    clusters_.setWanted(place.isStoryList() && state_.isClustered(place.key()));
     sidebar_.setCurrent(place_.key());
     state_.setPlace(place_.key());
     emit placeChanged();
@@ -128,9 +135,9 @@ void WindowModel::showPage() {
     connect(page_.get(), &PageModel::changed, this, &WindowModel::updateActions);
 }
 
-void WindowModel::showSheet(const QString& key) {
+bool WindowModel::showSheet(const QString& key) {
     auto sheet = makeSheet(stores_, key);
-    if (!sheet) return;
+    if (!sheet) return false;
     closeSheet();
     sheet_ = std::move(sheet);
     connect(sheet_.get(), &SheetModel::closeWanted, this, &WindowModel::closeSheet);
@@ -141,6 +148,7 @@ void WindowModel::showSheet(const QString& key) {
         if (kit::isOpenable(link.toStdString())) emit linkWanted(link);
     });
     emit sheetChanged();
+    return true;
 }
 
 void WindowModel::closeSheet() {

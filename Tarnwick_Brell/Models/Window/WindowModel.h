@@ -4,8 +4,10 @@
 #include <optional>
 #include <vector>
 
+#include <QList>
 #include <QObject>
 #include <QString>
+#include <QUrl>
 #include <qqmlregistration.h>
 
 #include "Tarnwick_Brell/Models/Actions/ActionModel.h"
@@ -15,11 +17,14 @@
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
 #include "Tarnwick_Brell/Models/Sidebar/Destination.h"
+#include "Tarnwick_Brell/Models/Sidebar/PlaceMenu.h"
 #include "Tarnwick_Brell/Models/Sidebar/SidebarModel.h"
+#include "Tarnwick_Brell/Models/Stories/ClusterListModel.h"
 #include "Tarnwick_Brell/Models/Stories/SelectedStory.h"
 #include "Tarnwick_Brell/Models/Stories/StoryActions.h"
 #include "Tarnwick_Brell/Models/Stories/StoryListController.h"
 #include "Tarnwick_Brell/Models/Window/Appearance.h"
+#include "Tarnwick_Brell/Models/Window/ReadingPlace.h"
 #include "Tarnwick_Brell/Models/Window/RefreshStatus.h"
 #include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 #include "Tarnwick_Brell/Models/Window/WindowState.h"
@@ -33,6 +38,9 @@ class WindowModel : public QObject {
     QML_UNCREATABLE("There is one, made at the start.")
     Q_PROPERTY(app::SidebarModel* sidebar READ sidebar CONSTANT)
     Q_PROPERTY(app::StoryListController* storyList READ storyList CONSTANT)
+    Q_PROPERTY(app::ReadingPlace* readingPlace READ readingPlace CONSTANT)
+    Q_PROPERTY(app::PlaceMenu* placeMenu READ placeMenu CONSTANT)
+    Q_PROPERTY(app::ClusterListModel* clusters READ clusters CONSTANT)
     Q_PROPERTY(app::SelectedStory* selectedStory READ selectedStory CONSTANT)
     Q_PROPERTY(app::StoryActions* storyActions READ storyActions CONSTANT)
     Q_PROPERTY(app::NewsroomModel* newsroom READ newsroom CONSTANT)
@@ -56,6 +64,9 @@ public:
 
     SidebarModel* sidebar() { return &sidebar_; }
     StoryListController* storyList() { return &storyList_; }
+    ReadingPlace* readingPlace() { return &readingPlace_; }
+    PlaceMenu* placeMenu() { return &placeMenu_; }
+    ClusterListModel* clusters() { return &clusters_; }
     SelectedStory* selectedStory() { return &selected_; }
     StoryActions* storyActions() { return &storyActions_; }
     NewsroomModel* newsroom() { return &newsroom_; }
@@ -80,8 +91,13 @@ public:
     void searchFor(const QString& text);
 
     /// Opens a sheet in place of the one before; see makeSheet.
-    Q_INVOKABLE void showSheet(const QString& key);
+    /// False when there is no such sheet.
+    Q_INVOKABLE bool showSheet(const QString& key);
     Q_INVOKABLE void closeSheet();
+    /// What another program dropped on the window: a source to add, a file to import.
+    Q_INVOKABLE void drop(const QList<QUrl>& urls, const QString& text);
+    /// Shows clusters in the list of this place, or stories.
+    Q_INVOKABLE void setClustered(bool clustered);
 
 signals:
     void placeChanged();
@@ -103,6 +119,8 @@ private:
     void goTo(const std::optional<Destination>& place);
     void traceStory();
     void undoLast();
+    void step(int by);
+    void importNewsroom(const std::string& file);
     std::vector<PalettePlace> palettePlaces() const;
     bool exists(const Destination& place) const;
     Destination home() const;
@@ -112,8 +130,10 @@ private:
 
     DeskStores stores_;
     SidebarModel sidebar_;
+    PlaceMenu placeMenu_;
     StoryListController storyList_;
     SelectedStory selected_;
+    ClusterListModel clusters_;
     StoryActions storyActions_;
     NewsroomModel newsroom_;
     std::unique_ptr<PageModel> page_;
@@ -123,6 +143,7 @@ private:
     PaletteModel palette_;
     Appearance appearance_;
     WindowState state_;
+    ReadingPlace readingPlace_;
     Destination place_;
     bool hasOpened_ = false;
 };

@@ -21,7 +21,7 @@ constexpr auto kSavingPause = 800ms;
 // No screen is larger, and sums of such numbers don't overflow.
 constexpr int kFarthest = 100'000;
 constexpr int kLeastSide = 100;
-constexpr QChar kBetweenGroups = u'\n';
+constexpr QChar kBetweenKeys = u'\n';
 
 QString textOf(const Defaults::Memory& memory, const char* key) {
     const auto entry = memory.find(key);
@@ -62,7 +62,11 @@ WindowState::WindowState(Defaults& defaults, QObject* parent)
     connect(&saving_, &QTimer::timeout, this, &WindowState::save);
 }
 
-WindowState::~WindowState() { save(); }
+WindowState::~WindowState() {
+    now_.story.clear();
+    now_.topStory.clear();
+    save();
+}
 
 WindowState::State WindowState::read(const Defaults::Memory& memory) {
     State state{.frame = frameOf(memory),
@@ -70,7 +74,11 @@ WindowState::State WindowState::read(const Defaults::Memory& memory) {
                 .sidebarShown = textOf(memory, "sidebarShown") != u"false",
                 .place = textOf(memory, "place"),
                 .collapsedGroups =
-                    textOf(memory, "collapsedGroups").split(kBetweenGroups, Qt::SkipEmptyParts)};
+                    textOf(memory, "collapsedGroups").split(kBetweenKeys, Qt::SkipEmptyParts),
+                .clusteredPlaces =
+                    textOf(memory, "clusteredPlaces").split(kBetweenKeys, Qt::SkipEmptyParts),
+                .story = textOf(memory, "story"),
+                .topStory = textOf(memory, "topStory")};
     state.sidebarWidth =
         numberOf(memory, "sidebarWidth", kLeastSidebar, kMostSidebar).value_or(kSidebar);
     state.listWidth = numberOf(memory, "listWidth", kLeastList, kMostList).value_or(kList);
@@ -86,7 +94,10 @@ Defaults::Memory WindowState::written(const State& state) {
         {"listWidth", std::to_string(state.listWidth)},
         {"reader", std::to_string(state.reader)},
         {"place", state.place.toStdString()},
-        {"collapsedGroups", state.collapsedGroups.join(kBetweenGroups).toStdString()}};
+        {"collapsedGroups", state.collapsedGroups.join(kBetweenKeys).toStdString()},
+        {"clusteredPlaces", state.clusteredPlaces.join(kBetweenKeys).toStdString()},
+        {"story", state.story.toStdString()},
+        {"topStory", state.topStory.toStdString()}};
     if (state.frame) {
         memory["x"] = std::to_string(state.frame->x());
         memory["y"] = std::to_string(state.frame->y());
@@ -153,10 +164,29 @@ void WindowState::setPlace(const QString& key) {
     setState(state);
 }
 
+void WindowState::setStory(const QString& storyID) {
+    auto state = now_;
+    state.story = storyID;
+    setState(state);
+}
+
+void WindowState::setTopStory(const QString& storyID) {
+    auto state = now_;
+    state.topStory = storyID;
+    setState(state);
+}
+
 void WindowState::setCollapsed(const QString& group, bool collapsed) {
     auto state = now_;
     state.collapsedGroups.removeAll(group);
     if (collapsed) state.collapsedGroups << group;
+    setState(state);
+}
+
+void WindowState::setClustered(const QString& place, bool clustered) {
+    auto state = now_;
+    state.clusteredPlaces.removeAll(place);
+    if (clustered) state.clusteredPlaces << place;
     setState(state);
 }
 

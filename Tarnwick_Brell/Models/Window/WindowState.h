@@ -61,8 +61,17 @@ public:
     /// The sidebar's key of what is shown; empty when nothing was remembered.
     const QString& place() const { return now_.place; }
     void setPlace(const QString& key);
+    /// The story in the reader and the first one to be seen in the list, by their ids. Forgotten
+    /// when the run ends in order.
+    const QString& story() const { return now_.story; }
+    void setStory(const QString& storyID);
+    const QString& topStory() const { return now_.topStory; }
+    void setTopStory(const QString& storyID);
     const QStringList& collapsedGroups() const { return now_.collapsedGroups; }
     Q_INVOKABLE void setCollapsed(const QString& group, bool collapsed);
+    /// Whether the list of this place shows clusters in place of stories.
+    bool isClustered(const QString& place) const { return now_.clusteredPlaces.contains(place); }
+    void setClustered(const QString& place, bool clustered);
 
     /// At once, as when the window closes; a timer does it otherwise.
     Q_INVOKABLE void save();
@@ -81,6 +90,9 @@ private:
         Reader reader = Right;
         QString place{};
         QStringList collapsedGroups{};
+        QStringList clusteredPlaces{};
+        QString story{};
+        QString topStory{};
 
         bool operator==(const State&) const = default;
     };

@@ -29,6 +29,8 @@ TEST_F(WindowStateTest, WhatTheWindowWasIsThereAgain) {
         state.setSidebarWidth(300);
         state.setListWidth(20);
         state.moveReader();
+        state.setClustered("wire:unread", true);
+        state.setStory("https://tide.example/1");
         state.setPlace("beat:ü\n=1");
         state.setCollapsed("Apple press", true);
         state.setCollapsed("Podcasts", true);
@@ -39,6 +41,8 @@ TEST_F(WindowStateTest, WhatTheWindowWasIsThereAgain) {
         state.setSidebarShown(false);
     }
     WindowState again(defaults_);
+    EXPECT_TRUE(again.isClustered("wire:unread"));
+    EXPECT_EQ(again.story(), "") << "a run that ended in order";
     EXPECT_EQ(again.sidebarWidth(), 300);
     EXPECT_EQ(again.listWidth(), WindowState::kLeastList);
     EXPECT_EQ(again.reader(), WindowState::Below);
