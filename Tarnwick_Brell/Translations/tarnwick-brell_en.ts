@@ -304,6 +304,23 @@
     </message>
 </context>
 <context>
+    <name>app::TrayModel</name>
+    <message numerus="yes">
+        <source>%n unread</source>
+        <translation>
+            <numerusform>%n unread</numerusform>
+            <numerusform>%n unread</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n services with problems</source>
+        <translation>
+            <numerusform>%n service with problems</numerusform>
+            <numerusform>%n services with problems</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>app::StoryActions</name>
     <message numerus="yes">
         <source>%n stories marked as read.</source>

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QQmlComponent>
 #include <QVariantMap>
 
@@ -86,9 +88,21 @@ DeskWindow::DeskWindow(WindowModel& model) : model_(model) {
         throw std::runtime_error("The window can't be made. " + main.errorString().toStdString());
     }
     model.state()->attach(window_.get());
+    window_->installEventFilter(this);
+    qApp->installEventFilter(this);
 }
 
 DeskWindow::~DeskWindow() = default;
+
+/// Quitting closes all windows first, and would end there when one stays.
+bool DeskWindow::eventFilter(QObject* object, QEvent* event) {
+    if (object == qApp && event->type() == QEvent::Quit) isQuitting_ = true;
+    const bool isAsked =
+        object == window_.get() && event->type() == QEvent::Close && !isQuitting_ && mayClose_;
+    if (!isAsked || mayClose_()) return false;
+    event->ignore();
+    return true;
+}
 
 void DeskWindow::show() {
     model_.state()->isMaximised() ? window_->showMaximized() : window_->show();

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include <QObject>
 #include <QPointer>
@@ -30,14 +32,20 @@ public:
     ~DeskWindow() override;
 
     QQuickWindow& window() { return *window_; }
+    /// Asked when the user closes the window: false keeps it. Quitting does not ask.
+    void setCloseRule(std::function<bool()> mayClose) { mayClose_ = std::move(mayClose); }
     void show();
     /// Brings the window to the front, with the desktop's activation token for doing so.
     void raise(const QString& activationToken);
+
+    bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     WindowModel& model_;
     QQmlEngine engine_;
     std::unique_ptr<QQuickWindow> window_;
+    std::function<bool()> mayClose_;
+    bool isQuitting_ = false;
 };
 
 }  // namespace app

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QIcon>
@@ -18,6 +19,7 @@
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
 #include "Tarnwick_Brell/Shell/ShutdownSignals.h"
+#include "Tarnwick_Brell/Window/DeskPresence.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
 #include "Tarnwick_Brell/Window/StartFailure.h"
@@ -34,7 +36,8 @@ void warn(const std::string& sentence) {
 
 std::unique_ptr<QGuiApplication> makeApplication(int& count, char** words) {
     QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
-    auto application = std::make_unique<QGuiApplication>(count, words);
+    // The tray's icon and its menu are widgets.
+    auto application = std::make_unique<QApplication>(count, words);
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnwick-brell.svg")));
     installTranslations();
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
@@ -61,7 +64,8 @@ void openInBrowser(const QString& link) { QDesktopServices::openUrl(QUrl(link));
 int runWindow(AppEnvironment& environment, SingleInstance& instance) {
     instance.listen();
     UndoStack undo;
-    WindowModel model(windowStores(environment, undo, &currentInstant));
+    const auto stores = windowStores(environment, undo, &currentInstant);
+    WindowModel model(stores);
     model.open(model.state()->place());
     DeskWindow window(model);
     QObject::connect(&model, &WindowModel::linkWanted, &openInBrowser);
@@ -81,6 +85,7 @@ int runWindow(AppEnvironment& environment, SingleInstance& instance) {
     QObject::connect(
         qGuiApp, &QGuiApplication::applicationStateChanged, &presence,
         [&](Qt::ApplicationState state) { presence.setFocused(state == Qt::ApplicationActive); });
+    DeskPresence desktop(stores, model, window, environment.notifier());
     window.show();
     // The window first: its first frame must not wait for the library.
     QMetaObject::invokeMethod(qApp, [&] { environment.start(); }, Qt::QueuedConnection);

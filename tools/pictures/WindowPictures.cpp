@@ -88,6 +88,21 @@ std::vector<View> viewsOf(NewsDesk& news) {
              waitUntil("the trace", [&] { return trace->state() != TraceModel::Running; });
          }},
         {"wire-list", [](WindowModel& model) { model.open(QStringLiteral("wire:unread")); }},
+        {"clusters",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("wire:unread"));
+             model.setClustered(true);
+             auto& clusters = *model.clusters();
+             waitUntil("the rows of clusters", [&] { return clusters.count() > 3; });
+             for (int row = 0; row < clusters.count(); ++row) {
+                 if (!clusters.index(row).data(ClusterListModel::CanOpen).toBool()) continue;
+                 clusters.choose(row);
+                 clusters.setOpen(row, true);
+                 break;
+             }
+         }},
+        {"close-to-tray",
+         [](WindowModel& model) { model.showSheet(QStringLiteral("close-to-tray")); }},
         {"search", [](WindowModel& model) { model.searchFor(QStringLiteral("iphone")); }},
         {"empty", [](WindowModel& model) { model.open(QStringLiteral("wire:saved")); }},
         {"failing", [](WindowModel& model) { model.open(QStringLiteral("source:webkit")); }},
@@ -127,6 +142,8 @@ void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString&
                                                        QString::fromStdString(file)))
                     throw std::runtime_error("can't write " + file);
                 emit model.viewClosed();
+                model.closeSheet();
+                if (model.clusters()->isShown()) model.setClustered(false);
             }
         }
     }

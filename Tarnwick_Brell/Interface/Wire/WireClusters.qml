@@ -36,6 +36,7 @@ ListView {
     Accessible.role: Accessible.List
     Accessible.name: qsTr("%1, clusters").arg(stories.title)
 
+    onHeightChanged: revealing.restart()
     // Nothing moves while somebody reads, as in the list of stories.
     readonly property bool isRead: visible && (clusters.currentRow >= 0 || !atYBeginning)
     onIsReadChanged: if (visible)

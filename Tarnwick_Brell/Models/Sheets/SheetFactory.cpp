@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/CloseToTraySheetModel.h"
 
 namespace app {
 
@@ -24,7 +24,9 @@ std::unique_ptr<SheetModel> sheetOf(const DeskStores& stores, const QString& sub
 }  // namespace
 
 std::unique_ptr<SheetModel> makeSheet(const DeskStores& stores, const QString& key) {
-    static constexpr std::array<SheetRow, 0> kSheets{};
+    static constexpr std::array kSheets{
+        SheetRow{"close-to-tray", &sheetOf<CloseToTraySheetModel>},
+    };
     const auto name = key.section(u':', 0, 0).toStdString();
     for (const auto& row : kSheets) {
         if (row.name == name) return row.make(stores, key.section(u':', 1));

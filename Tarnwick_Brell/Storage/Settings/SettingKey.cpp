@@ -16,6 +16,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Trackers/Market/StockQuote.h"
 #include "NewsroomKit/Trackers/TrackerAPI.h"
+#include "Tarnwick_Brell/Storage/Settings/TraySetting.h"
 
 namespace app {
 
@@ -28,6 +29,8 @@ using Type = SettingKey::Type;
 
 constexpr std::array kQuoteRanges{rawValue(QuoteRange::day), rawValue(QuoteRange::week),
                                   rawValue(QuoteRange::month), rawValue(QuoteRange::year)};
+
+constexpr std::array<std::string_view, 3> kCloseToTrayChoices{"ask", "yes", "no"};
 
 constexpr std::array<std::string_view, 3> kAppearances{"system", "light", "dark"};
 
@@ -70,6 +73,8 @@ constexpr std::array kKeys{
                kCurrentDevices, Type::deviceList},
     SettingKey{SettingKey::kAppearance, "whether the window is light, dark or as the desktop is",
                "system", Type::choice, kAppearances},
+    SettingKey{kCloseToTray, "whether closing the window leaves the desk in the tray", "ask",
+               Type::choice, kCloseToTrayChoices},
     SettingKey{SettingKey::kLogLevels, "how much the program's log records, overall or by category",
                "info", Type::logLevels},
 };
