@@ -57,20 +57,29 @@ const icu::TimeZone& newYork() {
     return *zone;
 }
 
+enum class Clocks { greenwich, newYork };
+
+/// How far New York's clocks are ahead at a time that `clocks` show.
+milliseconds newYorkOffset(Instant::duration time, Clocks clocks) {
+    std::int32_t standard = 0, summer = 0;
+    UErrorCode error = U_ZERO_ERROR;
+    newYork().getOffset(static_cast<UDate>(duration_cast<milliseconds>(time).count()),
+                        clocks == Clocks::newYork, standard, summer, error);
+    if (U_FAILURE(error)) throw std::runtime_error("New York's clocks are not known.");
+    return milliseconds(standard + summer);
+}
+
 }  // namespace
 
 std::optional<Instant> catalogueDay(std::string_view text) {
     const auto date = dayIn(firstCharacters(text, kDayCharacters));
     if (!date) return std::nullopt;
     const auto midnight = sys_days(*date);
-    constexpr UBool isLocal = true;
-    std::int32_t standard = 0, summer = 0;
-    UErrorCode error = U_ZERO_ERROR;
-    newYork().getOffset(
-        static_cast<UDate>(duration_cast<milliseconds>(midnight.time_since_epoch()).count()),
-        isLocal, standard, summer, error);
-    if (U_FAILURE(error)) return std::nullopt;
-    return midnight - milliseconds(standard + summer);
+    return midnight - newYorkOffset(midnight.time_since_epoch(), Clocks::newYork);
+}
+
+sys_days newYorkDay(Instant instant) {
+    return floor<days>(instant + newYorkOffset(instant.time_since_epoch(), Clocks::greenwich));
 }
 
 }  // namespace kit

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string_view>
 
@@ -10,5 +11,8 @@ namespace kit {
 /// The midnight, on New York's clocks, of the day that stands in the first ten characters
 /// ("2026-03-24"); what follows is passed over. Nothing when that is no day of the calendar.
 std::optional<Instant> catalogueDay(std::string_view text);
+
+/// The day of New York's calendar in which the instant lies.
+std::chrono::sys_days newYorkDay(Instant instant);
 
 }  // namespace kit
