@@ -1,11 +1,13 @@
 #include "NewsroomKit/Panels/ChartContent.h"
 
+#include "NewsroomKit/Panels/AppHistory.h"
+
 namespace kit {
 
 namespace {
 
 ChartContent::Row rowOf(const ChartEntry& entry, const std::optional<ChartDay>& dayBefore) {
-    ChartContent::Row row{.entry = entry};
+    ChartContent::Row row{.entry = entry, .isApples = isApplesApp(entry)};
     if (!dayBefore) return row;
     const auto before = dayBefore->ranks.find(entry.id);
     row.isNew = before == dayBefore->ranks.end();

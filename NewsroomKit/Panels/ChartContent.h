@@ -22,7 +22,8 @@ struct ChartContent {
     struct Row {
         ChartEntry entry{};
         std::optional<std::int64_t> rankBefore{};
-        bool isNew = false;  ///< it was not in the chart on that day
+        bool isNew = false;     ///< it was not in the chart on that day
+        bool isApples = false;  ///< one of Apple's own apps
 
         /// By how many ranks it rose; nothing when that is not known.
         std::optional<std::int64_t> rise() const {
