@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::chrono::hours kNewsLasts{24};
 
+constexpr std::chrono::days kChartDays{90};
+
 // Nobody scrolls back further. A build changes for many devices at once.
 constexpr std::size_t kMostSigningChanges = 2'000;
 constexpr std::size_t kMostOfferChanges = 200;
@@ -27,13 +29,17 @@ HistoryUpdate updating(List TrackerHistories::* list, List loaded) {
 }
 
 HistoryUpdate updatingChartDays(LocalStore& store) {
+    decltype(TrackerHistories::chartDayBefore) before;
     decltype(TrackerHistories::chartDays) days;
     for (const auto& row : kit::enumTable<kit::AppStoreCharts::Kind>) {
         const auto name = TrackedFiles{}.chart(row.value).name;
         const auto seen = store.trackerCopies().health(name).lastSuccess;
-        if (seen) days[row.value] = store.charts().dayBefore(row.value, *seen);
+        if (!seen) continue;
+        before[row.value] = store.charts().dayBefore(row.value, *seen);
+        days[row.value] = store.charts().days(row.value, *seen - kChartDays);
     }
-    return [days = std::move(days)](TrackerHistories& histories) {
+    return [before = std::move(before), days = std::move(days)](TrackerHistories& histories) {
+        histories.chartDayBefore = before;
         histories.chartDays = days;
         return false;  // They only change together with the chart.
     };

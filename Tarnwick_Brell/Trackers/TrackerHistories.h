@@ -21,7 +21,9 @@ struct TrackerHistories {
     std::vector<SigningChange> signingChanges{};
     std::vector<OfferChange> offerChanges{};
     /// Of each chart the last day before the shown one.
-    std::map<kit::AppStoreCharts::Kind, std::optional<ChartDay>> chartDays{};
+    std::map<kit::AppStoreCharts::Kind, std::optional<ChartDay>> chartDayBefore{};
+    /// Of each chart the days of the last three months, the earliest first.
+    std::map<kit::AppStoreCharts::Kind, std::vector<ChartDay>> chartDays{};
 };
 
 /// Moves what it has loaded into the histories; whether that changes them.

@@ -174,6 +174,12 @@ void TrackerStore::refreshAll() {
     for (const auto tracker : kTrackers) refresh(tracker);
 }
 
+void TrackerStore::setDevices(const std::vector<std::string>& devices) {
+    std::string list;
+    for (const auto& device : devices) list += (list.empty() ? "" : ", ") + device;
+    save(SettingKey::kSigningDevices, list);
+}
+
 void TrackerStore::followSettings() {
     auto quotes = quoteFiles(quoteRange());
     if (auto names = namesOf(quotes); names != polledQuotes_) {
@@ -189,8 +195,14 @@ void TrackerStore::followSettings() {
 }
 
 std::optional<kit::ChartDay> TrackerStore::chartDayBefore(Chart kind) const {
-    const auto day = histories_.chartDays.find(kind);
-    return day == histories_.chartDays.end() ? std::nullopt : day->second;
+    const auto day = histories_.chartDayBefore.find(kind);
+    return day == histories_.chartDayBefore.end() ? std::nullopt : day->second;
+}
+
+const std::vector<kit::ChartDay>& TrackerStore::chartDays(Chart kind) const {
+    static const std::vector<kit::ChartDay> none;
+    const auto days = histories_.chartDays.find(kind);
+    return days == histories_.chartDays.end() ? none : days->second;
 }
 
 }  // namespace app

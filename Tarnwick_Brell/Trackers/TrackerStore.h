@@ -76,6 +76,9 @@ public:
     /// The last day before the chart's on which it was seen.
     std::optional<kit::ChartDay> chartDayBefore(Chart kind) const;
 
+    /// Of the last three months the days on which the chart was seen, the earliest first.
+    const std::vector<kit::ChartDay>& chartDays(Chart kind) const;
+
     // Histories, the last seen first. They change with the signals of their trackers.
     const std::vector<SeenBuild>& builds() const { return histories_.builds; }
     const std::vector<SigningChange>& signingChanges() const { return histories_.signingChanges; }
@@ -131,6 +134,9 @@ public:
     void setQuoteRange(kit::QuoteRange range);
     /// Throws std::invalid_argument with a sentence when it is no symbol.
     void setFocusSymbol(const std::string& symbol);
+    /// Throws std::invalid_argument with a sentence when one is no identifier of a model. Without
+    /// any, the setting's default holds.
+    void setDevices(const std::vector<std::string>& devices);
     void setCompared(std::vector<std::string> symbols);
     /// Fetches the share over a range when that is missing or older than `freshFor`.
     void readQuote(kit::QuoteRange range, std::chrono::seconds freshFor = kQuoteFreshFor);

@@ -46,6 +46,20 @@ std::optional<ChartDay> ChartHistory::dayBefore(Kind kind, Instant now) {
     return found;
 }
 
+std::vector<ChartDay> ChartHistory::days(Kind kind, Instant since) {
+    Statement rows(database_,
+                   "SELECT day, app, rank FROM chartRanks WHERE chart = ?1 AND day >= ?2 "
+                   "ORDER BY day");
+    rows.bind(0, rawValue(kind)).bind(1, dayOf(since));
+    std::vector<ChartDay> days;
+    while (rows.step()) {
+        const auto day = instantOf(rows.number(0));
+        if (days.empty() || days.back().day != day) days.push_back({.day = day, .ranks = {}});
+        days.back().ranks.emplace(rows.text(1), rows.number(2));
+    }
+    return days;
+}
+
 std::vector<ChartRun> ChartHistory::runs(Kind kind) {
     // SQLite takes the bare columns from the row with the max(), the last day's.
     Statement rows(database_,

@@ -38,6 +38,9 @@ public:
     /// The last day before that of `now` on which the chart was fetched.
     std::optional<ChartDay> dayBefore(Kind kind, kit::Instant now);
 
+    /// The days from that of `since` on which the chart was fetched, the earliest first.
+    std::vector<ChartDay> days(Kind kind, kit::Instant since);
+
     /// Every app seen in the chart; those of the last day first, by rank.
     std::vector<ChartRun> runs(Kind kind);
 

@@ -62,6 +62,10 @@ TEST_F(ChartHistoryTest, AnAppsRunKeepsItsBestAndLastRankAndOldDaysGo) {
     charts_.record(Kind::topFree, chart("ab"), at(2, 9h));
     charts_.record(Kind::topFree, chart("cba"), at(3, 9h));
     charts_.record(Kind::topFree, chart("bc"), at(4, 9h));
+    const auto days = charts_.days(Kind::topFree, at(3, 23h));
+    ASSERT_EQ(days.size(), 2u) << "the whole day counts";
+    EXPECT_EQ(days[0].ranks, (std::map<std::string, std::int64_t>{{"c", 1}, {"b", 2}, {"a", 3}}));
+    EXPECT_EQ(days[1].day, at(4, 0h));
     std::string text;
     for (const auto& run : charts_.runs(Kind::topFree)) {
         text += run.id + ":" + std::to_string(run.days) + "/" + std::to_string(run.best) + "/" +
