@@ -186,6 +186,43 @@ QtObject {
     readonly property int barFieldWidth: scaled(180)
     readonly property int barFieldLeast: scaled(96)
 
+    // Columns of the update catalogue
+    readonly property int offerPlatformColumn: scaled(100)
+    readonly property int offerVersionColumn: scaled(132)
+    readonly property int offerBuildColumn: scaled(92)
+    readonly property int offerPostedColumn: scaled(92)
+    readonly property int offerExpiryColumn: scaled(108)
+    readonly property int offerDevicesColumn: scaled(64)
+    readonly property int changeSignColumn: 16
+
+    // The signing matrix
+    readonly property int signingDeviceColumn: scaled(264)
+    readonly property int signingDeviceLeast: scaled(168)
+    readonly property int signingColumn: scaled(62)
+    readonly property int signingMark: 16
+    readonly property int signingHeader: scaled(56)
+    readonly property int signingLine: scaled(16)
+    readonly property real signingDash: 2
+
+    // The charts of the App Store
+    readonly property int chartsRow: scaled(44)
+    readonly property int chartsColumnLeast: scaled(280)
+    readonly property int chartsMoveColumn: scaled(44)
+    readonly property int rankCurveWidth: 72
+    readonly property int rankCurveHeight: 20
+    readonly property int rankCurveFrom: scaled(340)
+    readonly property int rankChartHeight: 150
+    readonly property int rankScaleColumn: scaled(30)
+    readonly property int factDayColumn: scaled(84)
+
+    // The page of the markets
+    readonly property int marketSymbolColumn: scaled(76)
+    readonly property int marketPriceColumn: scaled(62)
+    readonly property int marketChangeColumn: scaled(62)
+    readonly property int marketLine: 40
+    readonly property int marketChartLeast: scaled(420)
+    readonly property int legendLine: 16
+
     // Newsrooms
     readonly property int gridColumns: 12
     readonly property int gridPadding: 20
@@ -260,6 +297,8 @@ QtObject {
     // Charts
     readonly property real chartLine: 1.5
     readonly property real sparkline: 1.25
+    readonly property list<real> chartDashes: [5, 3]
+    readonly property list<real> chartDots: [1.5, 2.5]
     readonly property int sparklineWidth: 56
     readonly property int sparklineHeight: 16
     readonly property int chartMark: 7

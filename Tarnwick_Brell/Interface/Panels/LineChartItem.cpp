@@ -35,7 +35,12 @@ void LineChartItem::paint(QPainter* painter) {
         painter->drawPolygon(area);
     }
     painter->setBrush(Qt::NoBrush);
-    painter->setPen(QPen(color_, lineWidth_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    QPen pen(color_, lineWidth_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    if (!dashes_.isEmpty()) {
+        pen.setDashPattern(dashes_);
+        pen.setCapStyle(Qt::FlatCap);
+    }
+    painter->setPen(pen);
     painter->drawPolyline(line);
 }
 

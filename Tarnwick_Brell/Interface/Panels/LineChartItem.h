@@ -16,6 +16,7 @@ class LineChartItem : public QQuickPaintedItem {
     Q_PROPERTY(QList<QPointF> points READ points WRITE setPoints NOTIFY changed)
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY changed)
     Q_PROPERTY(double lineWidth READ lineWidth WRITE setLineWidth NOTIFY changed)
+    Q_PROPERTY(QList<double> dashes READ dashes WRITE setDashes NOTIFY changed)
     Q_PROPERTY(double fillOpacity READ fillOpacity WRITE setFillOpacity NOTIFY changed)
 
 public:
@@ -27,6 +28,9 @@ public:
     void setColor(const QColor& color) { set(color_, color); }
     double lineWidth() const { return lineWidth_; }
     void setLineWidth(double width) { set(lineWidth_, width); }
+    /// The lengths of dashes and gaps, in widths of the line; a solid line without them.
+    const QList<double>& dashes() const { return dashes_; }
+    void setDashes(const QList<double>& dashes) { set(dashes_, dashes); }
     double fillOpacity() const { return fillOpacity_; }
     void setFillOpacity(double opacity) { set(fillOpacity_, opacity); }
 
@@ -47,6 +51,7 @@ private:
     QList<QPointF> points_;
     QColor color_;
     double lineWidth_ = 1;
+    QList<double> dashes_;
     double fillOpacity_ = 0;
 };
 

@@ -10,7 +10,7 @@ import TarnwickBrell.Panels
 T.Control {
     id: chart
 
-    required property StockPanelModel content
+    required property QuoteChartModel content
     property bool pale: false
 
     /// The point selected by keys; -1 when none is.
@@ -32,7 +32,7 @@ T.Control {
     focusPolicy: Qt.TabFocus
     Accessible.role: Accessible.Chart
     Accessible.name: qsTr("Chart")
-    Accessible.description: isRead ? read.spokenText : content.spokenChart
+    Accessible.description: isRead ? read.spokenText : content.spokenText
     Keys.onLeftPressed: step(-1)
     Keys.onRightPressed: step(1)
     Keys.onEscapePressed: event => {
@@ -68,7 +68,7 @@ T.Control {
         visible: text
         type: DeskText.Secondary
         lines: 3
-        text: chart.content.chartMessage
+        text: chart.content.message
         color: Theme.text3
     }
 
@@ -114,6 +114,23 @@ T.Control {
             Accessible.ignored: true
         }
     }
+    Repeater {
+        model: chart.content.lines
+
+        LineChartItem {
+            required property int index
+            required property list<point> line
+
+            x: plot.x
+            y: plot.y - lineWidth / 2
+            width: plot.width
+            height: plot.height + lineWidth
+            points: line
+            color: index === 0 && !chart.pale ? Theme.blueMark : Theme.edge
+            dashes: index === 0 ? Theme.chartDashes : Theme.chartDots
+            lineWidth: Theme.sparkline
+        }
+    }
     LineChartItem {
         x: plot.x
         y: plot.y - lineWidth / 2
@@ -125,9 +142,9 @@ T.Control {
         fillOpacity: Theme.chartFillOpacity
     }
     DashedLine {
-        y: plot.y + Math.round(chart.content.previousClose * plot.height)
+        y: plot.y + Math.round(chart.content.baseline * plot.height)
         width: plot.width
-        visible: chart.content.hasPreviousClose && plot.visible
+        visible: chart.content.hasBaseline && plot.visible
     }
     Repeater {
         model: chart.content.marks
@@ -209,6 +226,13 @@ T.Control {
             DeskText {
                 type: DeskText.Meta
                 text: chart.read.moment
+                color: Theme.textOnTip
+                Accessible.ignored: true
+            }
+            DeskText {
+                visible: text
+                type: DeskText.Meta
+                text: chart.read.change
                 color: Theme.textOnTip
                 Accessible.ignored: true
             }

@@ -46,7 +46,7 @@ Item {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: panel.isSlim ? ranges.height : 0
         width: parent.width
-        content: panel.content
+        content: panel.content.chart
         pale: panel.pale
     }
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
+#include <QPointF>
 #include <QString>
 #include <qqmlregistration.h>
 
@@ -37,6 +39,21 @@ public:
     bool operator==(const ChartMark&) const = default;
 };
 
+/// A symbol that is compared with the one of the chart.
+struct ChartLine {
+    Q_GADGET
+    Q_PROPERTY(QString symbol MEMBER symbol)
+    Q_PROPERTY(QString change MEMBER change)
+    Q_PROPERTY(QList<QPointF> line MEMBER line)
+
+public:
+    QString symbol{};
+    QString change{};  ///< over the range; empty before its prices have come
+    QList<QPointF> line{};
+
+    bool operator==(const ChartLine&) const = default;
+};
+
 /// A point, read.
 struct ChartReading {
     Q_GADGET
@@ -44,6 +61,7 @@ struct ChartReading {
     Q_PROPERTY(double position MEMBER position)
     Q_PROPERTY(double level MEMBER level)
     Q_PROPERTY(QString price MEMBER price)
+    Q_PROPERTY(QString change MEMBER change)
     Q_PROPERTY(QString moment MEMBER moment)
     Q_PROPERTY(QString event MEMBER event)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
@@ -52,6 +70,7 @@ public:
     double position = 0;
     double level = 0;
     QString price{};
+    QString change{};  ///< from the beginning of the range, where symbols are compared
     QString moment{};
     QString event{};  ///< what was marked there
     QString spokenText{};

@@ -12,6 +12,7 @@ namespace {
 constexpr double kSteps = 4;
 constexpr double kFlat = 1e-6;        // of the price: less is no movement, but rounding
 constexpr double kFlatMargin = 0.01;  // of the price
+constexpr double kWholePercents = 100;
 constexpr double kMostDecimals = 6;
 
 /// The smallest of 1, 2 and 5 times a power of ten that is not below it.
@@ -25,9 +26,10 @@ double roundedUp(double step) {
 
 }  // namespace
 
-ChartScale::ChartScale(double low, double high) {
-    if (high - low <= high * kFlat) {
-        const double margin = high * kFlatMargin;
+ChartScale::ChartScale(double low, double high, Unit unit) : unit_(unit) {
+    const double whole = unit == Unit::price ? high : kWholePercents;
+    if (high - low <= whole * kFlat) {
+        const double margin = whole * kFlatMargin;
         low -= margin;
         high += margin;
     }
@@ -45,8 +47,11 @@ std::vector<ChartTick> ChartScale::ticks() const {
     const auto decimals = std::clamp(std::ceil(-std::log10(step_) - kFlat), 0.0, kMostDecimals);
     std::vector<ChartTick> ticks;
     for (double at = last_; at >= first_; --at) {
-        ticks.push_back({.position = position(at * step_),
-                         .label = QLocale().toString(at * step_, 'f', static_cast<int>(decimals))});
+        const double value = at * step_;
+        auto label = QLocale().toString(std::abs(value), 'f', static_cast<int>(decimals));
+        if (unit_ == Unit::percent) label += QLocale().percent();
+        if (at != 0 && unit_ == Unit::percent) label.prepend(at > 0 ? u'+' : u'\u2212');
+        ticks.push_back({.position = position(value), .label = label});
     }
     return ticks;
 }

@@ -6,12 +6,14 @@
 
 namespace app {
 
-/// An axis of prices that begins and ends at round values.
+/// An axis of prices or of percentages that begins and ends at round values.
 class ChartScale {
 public:
-    /// For prices from `low` to `high`, both finite and above 0. Prices that are all the same
-    /// stand in the middle.
-    ChartScale(double low, double high);
+    enum class Unit { price, percent };
+
+    /// For values from `low` to `high`, both finite; prices are above 0. Values that are all the
+    /// same stand in the middle.
+    ChartScale(double low, double high, Unit unit = Unit::price);
 
     /// From 0 at the top to 1 at the bottom.
     double position(double price) const;
@@ -20,6 +22,7 @@ public:
     std::vector<ChartTick> ticks() const;
 
 private:
+    Unit unit_;
     double step_;
     double first_;  ///< the lowest and the highest tick, in steps
     double last_;

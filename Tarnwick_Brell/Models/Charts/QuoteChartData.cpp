@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "NewsroomKit/Panels/PercentSeries.h"
 #include "NewsroomKit/Panels/QuoteContent.h"
 #include "NewsroomKit/Trackers/Market/QuotePlaces.h"
 #include "Tarnwick_Brell/Models/Charts/ChartScale.h"
@@ -21,6 +22,7 @@ using kit::QuoteRange;
 using kit::StockQuote;
 using Point = StockQuote::Point;
 
+constexpr int kLongestLineSymbol = 12;
 // More than a screen has pixels across.
 constexpr std::size_t kMostPoints = 4000;
 
@@ -51,21 +53,70 @@ QString momentOf(Instant time, const std::string& range, Instant now) {
 }  // namespace
 
 QuoteChartData::QuoteChartData(StockQuote quote, const std::vector<AppleCalendarEvent>& events,
-                               Instant now)
+                               Instant now, const std::vector<StockQuote>& compared)
     : quote_(std::move(quote)), now_(now) {
     const auto reference = kit::referenceOf(quote_);
     quote_.points = drawable(std::move(quote_.points));
     if (quote_.points.empty()) return;
-    const auto scale = scaleOf(quote_.points, reference);
-    const auto places = kit::pointPlaces(quote_);
-    for (std::size_t i = 0; i < places.size(); ++i)
-        points_.emplace_back(places[i], scale.position(quote_.points[i].close));
-    if (reference) previousClose_ = scale.position(*reference);
-    prices_ = scale.ticks();
-    times_ = timeTicks(quote_, places);
+    if (compared.empty())
+        placePrices(reference);
+    else
+        placePercents(compared);
+    times_ = timeTicks(quote_, kit::pointPlaces(quote_));
     const auto days = [](Instant from, Instant to) { return daysBetween(from, to); };
     for (const auto& event : kit::eventsOnChart(quote_.points, events, now_, days))
         placeEvent(event);
+}
+
+void QuoteChartData::placePrices(std::optional<double> close) {
+    const auto scale = scaleOf(quote_.points, close);
+    const auto places = kit::pointPlaces(quote_);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        points_.emplace_back(places[i], scale.position(quote_.points[i].close));
+    if (close) baseline_ = scale.position(*close);
+    prices_ = scale.ticks();
+}
+
+void QuoteChartData::placePercents(const std::vector<StockQuote>& compared) {
+    std::ranges::stable_sort(quote_.points, {}, &Point::time);
+    const auto places = kit::pointPlaces(quote_);
+    kit::PercentSeries own;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const auto ratio = quote_.points[i].close / quote_.points.front().close;
+        own.points.push_back({places[i], (ratio - 1) * 100});
+    }
+    std::vector<kit::PercentSeries> others;
+    double low = 0, high = 0;
+    const auto include = [&](const kit::PercentSeries& series) {
+        for (const auto& point : series.points) {
+            low = std::min(low, point.percent);
+            high = std::max(high, point.percent);
+        }
+    };
+    include(own);
+    for (const auto& quote : compared)
+        include(others.emplace_back(kit::percentSeries(quote, quote_)));
+
+    const ChartScale scale(low, high, ChartScale::Unit::percent);
+    const auto placed = [&](const kit::PercentSeries& series) {
+        QList<QPointF> line;
+        for (const auto& point : series.points)
+            line.emplace_back(point.place, scale.position(point.percent));
+        return line;
+    };
+    const auto changeOf = [](const kit::PercentSeries& series) {
+        return series.change() ? percentText(*series.change()) : QString();
+    };
+    points_ = placed(own);
+    for (const auto& point : own.points) percents_.push_back(point.percent);
+    change_ = changeOf(own);
+    for (const auto& series : others) {
+        lines_.push_back({.symbol = titleText(series.symbol, kLongestLineSymbol),
+                          .change = changeOf(series),
+                          .line = placed(series)});
+    }
+    baseline_ = scale.position(0);
+    prices_ = scale.ticks();
 }
 
 void QuoteChartData::placeEvent(const AppleCalendarEvent& event) {
@@ -103,9 +154,12 @@ ChartReading QuoteChartData::reading(int point) const {
                          .level = points_[index].y(),
                          .price = priceText(read.close),
                          .moment = momentOf(read.time, quote_.range, now_)};
+    if (!percents_.empty())
+        reading.change = percentText(percents_[static_cast<std::size_t>(index)]);
     const auto mark = std::ranges::find(marks_, index, &ChartMark::nearest);
     if (mark != marks_.end()) reading.event = mark->title;
     reading.spokenText = reading.price + QStringLiteral(", ") + reading.moment;
+    if (!reading.change.isEmpty()) reading.spokenText += QStringLiteral(", ") + reading.change;
     if (!reading.event.isEmpty()) reading.spokenText += QStringLiteral(", ") + reading.event;
     return reading;
 }

@@ -31,14 +31,6 @@ StockPanelModel::StockPanelModel(const PanelStores& stores, const kit::PanelSpec
     refresh();
 }
 
-QString StockPanelModel::longestPrice() const {
-    QString longest;
-    for (const auto& tick : curve_.prices()) {
-        if (tick.label.size() > longest.size()) longest = tick.label;
-    }
-    return longest;
-}
-
 void StockPanelModel::choose(int range) {
     if (range < 0 || range >= ranges().size() || range == this->range()) return;
     range_ = static_cast<QuoteRange>(range);
@@ -88,26 +80,10 @@ void StockPanelModel::showPrice(const kit::QuoteContent& content) {
 }
 
 void StockPanelModel::showChart(const Quote& quote) {
-    curve_ = {};
-    chartMessage_ = quote.error ? bodyText(*quote.error) : tr("Loading…");
-    spokenChart_ = chartMessage_;
-    if (quote.value) {
-        const auto& events = trackers().events().value;
-        curve_ = QuoteChartData(
-            *quote.value,
-            events ? kit::markedEvents(*events, terms_) : std::vector<kit::AppleCalendarEvent>(),
-            now());
-        chartMessage_ = points().isEmpty() ? tr("No prices of this range.") : QString();
-        const auto first = curve_.reading(0);
-        const auto last = curve_.reading(static_cast<int>(points().size()) - 1);
-        spokenChart_ = points().isEmpty()
-                           ? chartMessage_
-                           : tr("From %1, %2, to %3, %4")
-                                 .arg(first.price, first.moment, last.price, last.moment);
-    }
-    prices_.setRows(curve_.prices());
-    times_.setRows(curve_.times());
-    marks_.setRows(curve_.marks());
+    const auto& events = trackers().events().value;
+    chart_.show(
+        quote, events ? kit::markedEvents(*events, terms_) : std::vector<kit::AppleCalendarEvent>(),
+        now());
 }
 
 }  // namespace app

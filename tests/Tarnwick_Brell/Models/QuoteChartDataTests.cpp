@@ -38,7 +38,7 @@ void expectDrawable(const QuoteChartData& curve, const std::string& what) {
     for (const auto& tick : curve.times()) EXPECT_TRUE(isShare(tick.position)) << what;
     for (const auto& mark : curve.marks())
         EXPECT_TRUE(isShare(mark.position) && isShare(mark.level)) << what;
-    EXPECT_TRUE(isShare(curve.previousClose().value_or(0))) << what;
+    EXPECT_TRUE(isShare(curve.baseline().value_or(0))) << what;
     if (curve.points().isEmpty()) return;
     EXPECT_GE(curve.prices().size(), 2u) << what;
     EXPECT_LE(curve.prices().size(), 7u) << what;
@@ -96,6 +96,21 @@ TEST(QuoteChartData, PricesStandBetweenRoundValues) {
     EXPECT_EQ(labels(quoteOf({260, 275})), "275 270 265 260 ") << "none beyond a price on a tick";
     EXPECT_EQ(labels(quoteOf({270.1, 270.9})), "271.0 270.8 270.6 270.4 270.2 270.0 ");
     EXPECT_EQ(labels(quoteOf({100})), "101.0 100.5 100.0 99.5 99.0 ");
+}
+
+TEST(QuoteChartData, ComparedSymbolsStandInPerCentOfTheirFirstPrices) {
+    auto tide = quoteOf({50, 75, 100});
+    tide.symbol = "TIDE";
+    const QuoteChartData curve(quoteOf({10, 12, 9}), {}, kNow, {tide, quoteOf({})});
+    ASSERT_EQ(curve.lines().size(), 2u);
+    EXPECT_EQ(curve.lines()[0].change, "+100.00%");
+    EXPECT_EQ(curve.lines()[1].change, "") << "its prices have not come";
+    EXPECT_EQ(curve.change(), "\u221210.00%");
+    EXPECT_EQ(curve.reading(1).change, "+20.00%");
+    EXPECT_EQ(curve.points()[0].y(), curve.baseline().value());
+    EXPECT_EQ(curve.lines()[0].line[0].y(), curve.baseline().value());
+    EXPECT_EQ(curve.prices().back().label, "\u221250%");
+    EXPECT_EQ(QuoteChartData(quoteOf({10, 10}), {}, kNow, {quoteOf({})}).points()[1].y(), 0.5);
 }
 
 TEST(QuoteChartData, ReadsTheNearestPointUpToBothEnds) {

@@ -201,21 +201,21 @@ TEST_F(TrackerPanelsTest, ThePriceStaysWhileTheChartOfAnotherRangeComes) {
     EXPECT_EQ(panel->price(), "99.00");
     EXPECT_EQ(panel->change(), "+9.00 (+10.00%)");
     EXPECT_EQ(panel->fact(), "Open, 12:00");
-    EXPECT_EQ(panel->points().size(), 2);
+    EXPECT_EQ(panel->chart()->points().size(), 2);
 
     harness_.http.script.on(kService, "/wp-json/tb-wire/v1/quote?range=1y&symbol=AAPL",
                             {{.status = 404}});
     panel->choose(3);
     EXPECT_EQ(panel->state(), PanelModel::Ready);
     EXPECT_EQ(panel->price(), "99.00");
-    EXPECT_EQ(panel->points().size(), 0) << "a month is not shown as a year";
-    EXPECT_EQ(panel->chartMessage(), "Loading…");
-    ASSERT_TRUE(until([&] { return panel->chartMessage() != "Loading…"; }));
+    EXPECT_EQ(panel->chart()->points().size(), 0) << "a month is not shown as a year";
+    EXPECT_EQ(panel->chart()->message(), "Loading…");
+    ASSERT_TRUE(until([&] { return panel->chart()->message() != "Loading…"; }));
     EXPECT_EQ(panel->state(), PanelModel::Ready) << "the price is good";
 
     quote({.price = 98, .points = {{harness_.now(), 98}}, .range = "1d"});
     auto other = this->panel<StockPanelModel>(PanelKind::stock, {.stockRange = "1d"});
-    ASSERT_TRUE(until([&] { return other->points().size() == 1; }));
+    ASSERT_TRUE(until([&] { return other->chart()->points().size() == 1; }));
     EXPECT_EQ(other->change(), "") << "there is no previous close";
     EXPECT_EQ(other->move(), PriceMove::Unknown);
     EXPECT_EQ(trackers_.quoteRange(), kit::QuoteRange::year) << "a panel that opens sets nothing";

@@ -1,0 +1,38 @@
+#include "Tarnwick_Brell/Models/Charts/QuoteChartModel.h"
+
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+
+namespace app {
+
+QString QuoteChartModel::longestPrice() const {
+    QString longest;
+    for (const auto& tick : curve_.prices()) {
+        if (tick.label.size() > longest.size()) longest = tick.label;
+    }
+    return longest;
+}
+
+void QuoteChartModel::show(const kit::CachedValue<kit::StockQuote>& quote,
+                           const std::vector<kit::AppleCalendarEvent>& events, kit::Instant now,
+                           const std::vector<kit::StockQuote>& compared) {
+    curve_ = {};
+    message_ = quote.error ? bodyText(*quote.error) : tr("Loading…");
+    spokenText_ = message_;
+    if (quote.value) {
+        curve_ = QuoteChartData(*quote.value, events, now, compared);
+        message_ = points().isEmpty() ? tr("No prices of this range.") : QString();
+        const auto first = curve_.reading(0);
+        const auto last = curve_.reading(static_cast<int>(points().size()) - 1);
+        spokenText_ = points().isEmpty()
+                          ? message_
+                          : tr("From %1, %2, to %3, %4")
+                                .arg(first.price, first.moment, last.price, last.moment);
+    }
+    lines_.setRows(curve_.lines());
+    prices_.setRows(curve_.prices());
+    times_.setRows(curve_.times());
+    marks_.setRows(curve_.marks());
+    emit changed();
+}
+
+}  // namespace app
