@@ -368,4 +368,92 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>TrackerChangeText</name>
+    <message numerus="yes">
+        <source>%n in 30 days</source>
+        <translation>
+            <numerusform>%n in 30 days</numerusform>
+            <numerusform>%n in 30 days</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::ChartsPageModel</name>
+    <message numerus="yes">
+        <source>up %n places</source>
+        <translation>
+            <numerusform>up %n place</numerusform>
+            <numerusform>up %n places</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>down %n places</source>
+        <translation>
+            <numerusform>down %n place</numerusform>
+            <numerusform>down %n places</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::MarketsPageModel</name>
+    <message numerus="yes">
+        <source>%n symbols</source>
+        <translation>
+            <numerusform>%n symbol</numerusform>
+            <numerusform>%n symbols</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::SigningDevicesSheetModel</name>
+    <message numerus="yes">
+        <source>%n chosen</source>
+        <translation>
+            <numerusform>%n chosen</numerusform>
+            <numerusform>%n chosen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::SigningPageModel</name>
+    <message numerus="yes">
+        <source>Devices: %n chosen</source>
+        <translation>
+            <numerusform>Devices: %n chosen</numerusform>
+            <numerusform>Devices: %n chosen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n builds are signed</source>
+        <translation>
+            <numerusform>%n build is signed</numerusform>
+            <numerusform>%n builds are signed</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::UpdatesPageModel</name>
+    <message numerus="yes">
+        <source>For %n models</source>
+        <translation>
+            <numerusform>For %n model</numerusform>
+            <numerusform>For %n models</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Came, for %n models</source>
+        <translation>
+            <numerusform>Came, for %n model</numerusform>
+            <numerusform>Came, for %n models</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n offered</source>
+        <translation>
+            <numerusform>%n offered</numerusform>
+            <numerusform>%n offered</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>
