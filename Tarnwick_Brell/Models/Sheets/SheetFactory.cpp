@@ -4,6 +4,8 @@
 #include <string_view>
 
 #include "Tarnwick_Brell/Models/Sheets/CloseToTraySheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/SigningDevicesSheetModel.h"
 
 namespace app {
 
@@ -26,6 +28,7 @@ std::unique_ptr<SheetModel> sheetOf(const DeskStores& stores, const QString& sub
 std::unique_ptr<SheetModel> makeSheet(const DeskStores& stores, const QString& key) {
     static constexpr std::array kSheets{
         SheetRow{"close-to-tray", &sheetOf<CloseToTraySheetModel>},
+        SheetRow{"signing-devices", sheetOf<SigningDevicesSheetModel>},
     };
     const auto name = key.section(u':', 0, 0).toStdString();
     for (const auto& row : kSheets) {
