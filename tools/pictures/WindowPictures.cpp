@@ -15,6 +15,7 @@
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/Arguments/Arguments.h"
+#include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
@@ -110,8 +111,24 @@ std::vector<View> viewsOf(NewsDesk& news) {
         {"status", [](WindowModel& model) { model.open(QStringLiteral("tracker:status")); }},
         {"software", [](WindowModel& model) { model.open(QStringLiteral("tracker:software")); }},
         {"markets", [](WindowModel& model) { model.open(QStringLiteral("tracker:markets")); }},
+        {"markets-compared",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("tracker:markets"));
+             auto& page = dynamic_cast<MarketsPageModel&>(*model.page());
+             page.compareNothing();
+             for (const int row : {1, 3}) page.compareRow(row);
+             waitUntil("the compared quotes", [&] {
+                 const auto& lines = page.chart()->lines()->rows();
+                 return std::ranges::none_of(lines, &QString::isEmpty, &ChartLine::change);
+             });
+         }},
         {"events", [](WindowModel& model) { model.open(QStringLiteral("tracker:events")); }},
         {"signing", [](WindowModel& model) { model.open(QStringLiteral("tracker:signing")); }},
+        {"signing-devices",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("tracker:signing"));
+             model.showSheet(QStringLiteral("signing-devices"));
+         }},
         {"updates", [](WindowModel& model) { model.open(QStringLiteral("tracker:updates")); }},
         {"charts", [](WindowModel& model) { model.open(QStringLiteral("tracker:charts")); }},
         {"palette",

@@ -3,7 +3,11 @@
 #include <array>
 #include <string_view>
 
+#include "Tarnwick_Brell/Models/Pages/ChartsPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
+#include "Tarnwick_Brell/Models/Pages/SigningPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/UpdatesPageModel.h"
 
 namespace app {
 
@@ -22,7 +26,12 @@ std::unique_ptr<PageModel> pageOf(const DeskStores& stores) {
 }
 
 const PageRow* rowOf(const Destination& place) {
-    static constexpr std::array<PageRow, 0> kPages{};
+    static constexpr std::array kPages{
+        PageRow{"tracker:markets", pageOf<MarketsPageModel>},
+        PageRow{"tracker:signing", pageOf<SigningPageModel>},
+        PageRow{"tracker:updates", pageOf<UpdatesPageModel>},
+        PageRow{"tracker:charts", pageOf<ChartsPageModel>},
+    };
     const auto key = place.key().toStdString();
     for (const auto& row : kPages) {
         if (row.key == key) return &row;
