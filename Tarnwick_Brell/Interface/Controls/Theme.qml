@@ -217,7 +217,7 @@ QtObject {
 
     // The page of the markets
     readonly property int marketSymbolColumn: scaled(76)
-    readonly property int marketPriceColumn: scaled(62)
+    readonly property int marketPriceColumn: scaled(72)
     readonly property int marketChangeColumn: scaled(62)
     readonly property int marketLine: 40
     readonly property int marketChartLeast: scaled(420)

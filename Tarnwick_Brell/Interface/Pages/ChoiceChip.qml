@@ -22,10 +22,8 @@ Chip {
     DeskMenu {
         id: menu
 
-        Instantiator {
+        Repeater {
             model: chip.choices
-            onObjectAdded: (index, object) => menu.insertItem(index, object as DeskMenuItem)
-            onObjectRemoved: (index, object) => menu.removeItem(object as DeskMenuItem)
 
             delegate: DeskMenuItem {
                 required property string modelData

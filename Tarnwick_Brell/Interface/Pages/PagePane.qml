@@ -15,15 +15,15 @@ FocusScope {
     default property alias body: bodySlot.data
 
     /// Back to the list.
-    signal left
+    signal backWanted
 
     Accessible.role: Accessible.Grouping
     Accessible.name: title
-    Keys.onEscapePressed: left()
+    Keys.onEscapePressed: backWanted()
     Keys.onLeftPressed: event => {
         event.accepted = standsAlone;
         if (standsAlone)
-            left();
+            backWanted();
     }
 
     Rectangle {
@@ -52,7 +52,7 @@ FocusScope {
             symbol: "chevron.left"
             text: qsTr("Back to the list")
             key: qsTr("Esc")
-            onClicked: pane.left()
+            onClicked: pane.backWanted()
         }
         DeskText {
             id: name

@@ -79,7 +79,7 @@ FocusScope {
     Connections {
         target: split.pane
 
-        function onLeft() {
+        function onBackWanted() {
             split.closePane();
         }
     }

@@ -26,7 +26,8 @@ void RankCurve::paint(QPainter* painter) {
     painter->setPen(QPen(color_, lineWidth_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     // A line on the edge would lose half of its width.
     const double inset = lineWidth_;
-    const double across = levels_.size() > 1 ? (width() - 2 * inset) / (levels_.size() - 1.0) : 0;
+    const auto steps = static_cast<double>(levels_.size() - 1);
+    const double across = steps > 0 ? (width() - 2 * inset) / steps : 0;
     QPolygonF run;
     for (qsizetype day = 0; day < levels_.size(); ++day) {
         if (levels_[day] < 0) {
