@@ -58,8 +58,8 @@ std::set<OfferKey> newOffers(const std::vector<OfferChange>& changes, Instant no
 
 std::optional<int> daysLeft(const UpdateOffer& offer, Instant now) {
     if (!offer.expires) return std::nullopt;
-    const auto days = (newYorkDay(*offer.expires) - newYorkDay(now)).count();
-    return days >= 0 && days <= kSoonDays ? std::optional(static_cast<int>(days)) : std::nullopt;
+    const auto left = (newYorkDay(*offer.expires) - newYorkDay(now)).count();
+    return left >= 0 && left <= kSoonDays ? std::optional(static_cast<int>(left)) : std::nullopt;
 }
 
 void addOffer(std::vector<Group>& groups, CatalogueContent::Row row) {

@@ -7,15 +7,6 @@ namespace app {
 
 namespace {
 
-std::optional<std::int64_t> column(const std::optional<kit::Instant>& instant) {
-    return instant ? std::optional(microseconds(*instant)) : std::nullopt;
-}
-
-std::optional<kit::Instant> instantAt(const Statement& row, int index) {
-    const auto number = row.optionalNumber(index);
-    return number ? std::optional(instantOf(*number)) : std::nullopt;
-}
-
 std::string recordOf(const kit::NewsSource& source) {
     return boost::json::serialize(kit::encode(source));
 }
@@ -93,10 +84,11 @@ std::map<std::string, SourceStatus> SourceTable::statuses() {
                    "SELECT id, lastAttempt, lastSuccess, lastError, storyCount FROM sourceStatus");
     std::map<std::string, SourceStatus> statuses;
     while (rows.step()) {
-        statuses.emplace(rows.text(0), SourceStatus{.lastAttempt = instantAt(rows, 1),
-                                                    .lastSuccess = instantAt(rows, 2),
-                                                    .lastError = rows.optionalText(3),
-                                                    .storyCount = rows.number(4)});
+        statuses.emplace(rows.text(0),
+                         SourceStatus{.lastAttempt = instantOf(rows.optionalNumber(1)),
+                                      .lastSuccess = instantOf(rows.optionalNumber(2)),
+                                      .lastError = rows.optionalText(3),
+                                      .storyCount = rows.number(4)});
     }
     return statuses;
 }
@@ -107,7 +99,9 @@ void SourceTable::setStatus(std::string_view id, const SourceStatus& status) {
         "INSERT INTO sourceStatus (id, lastAttempt, lastSuccess, lastError, storyCount) "
         "VALUES (?1, ?2, ?3, ?4, ?5) ON CONFLICT (id) DO UPDATE SET lastAttempt = ?2, "
         "lastSuccess = ?3, lastError = ?4, storyCount = ?5");
-    statement.bind(0, id).bind(1, column(status.lastAttempt)).bind(2, column(status.lastSuccess));
+    statement.bind(0, id)
+        .bind(1, microseconds(status.lastAttempt))
+        .bind(2, microseconds(status.lastSuccess));
     statement.bind(3, status.lastError).bind(4, status.storyCount);
     statement.run();
 }
@@ -118,14 +112,15 @@ std::map<std::string, SourceHealth> SourceTable::healths() {
                    "collapsed, collided, movedTo FROM sourceStatus");
     std::map<std::string, SourceHealth> healths;
     while (rows.step()) {
-        healths.emplace(rows.text(0), SourceHealth{.failingSince = instantAt(rows, 1),
-                                                   .latency = rows.optionalNumber(2),
-                                                   .bytes = rows.optionalNumber(3),
-                                                   .lastFullFetch = instantAt(rows, 4),
-                                                   .newestStory = instantAt(rows, 5),
-                                                   .collapsed = rows.number(6),
-                                                   .collided = rows.number(7),
-                                                   .movedTo = rows.optionalText(8)});
+        healths.emplace(rows.text(0),
+                        SourceHealth{.failingSince = instantOf(rows.optionalNumber(1)),
+                                     .latency = rows.optionalNumber(2),
+                                     .bytes = rows.optionalNumber(3),
+                                     .lastFullFetch = instantOf(rows.optionalNumber(4)),
+                                     .newestStory = instantOf(rows.optionalNumber(5)),
+                                     .collapsed = rows.number(6),
+                                     .collided = rows.number(7),
+                                     .movedTo = rows.optionalText(8)});
     }
     return healths;
 }
@@ -135,9 +130,9 @@ void SourceTable::setHealth(std::string_view id, const SourceHealth& health) {
                         "UPDATE sourceStatus SET failingSince = ?2, latency = ?3, bytes = ?4, "
                         "lastFullFetch = ?5, newestStory = ?6, collapsed = ?7, collided = ?8, "
                         "movedTo = ?9 WHERE id = ?1");
-    statement.bind(0, id).bind(1, column(health.failingSince));
+    statement.bind(0, id).bind(1, microseconds(health.failingSince));
     statement.bind(2, health.latency).bind(3, health.bytes);
-    statement.bind(4, column(health.lastFullFetch)).bind(5, column(health.newestStory));
+    statement.bind(4, microseconds(health.lastFullFetch)).bind(5, microseconds(health.newestStory));
     statement.bind(6, health.collapsed).bind(7, health.collided).bind(8, health.movedTo);
     statement.run();
 }

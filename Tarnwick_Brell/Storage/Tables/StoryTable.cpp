@@ -26,11 +26,6 @@ E enumAt(const Statement& row, int column, E fallback) {
     return kit::enumFromRaw<E>(row.view(column)).value_or(fallback);
 }
 
-std::optional<kit::Instant> instantAt(const Statement& row, int column) {
-    const auto number = row.optionalNumber(column);
-    return number ? std::optional(instantOf(*number)) : std::nullopt;
-}
-
 std::vector<std::int64_t> numbers(Statement& statement) {
     std::vector<std::int64_t> all;
     while (statement.step()) all.push_back(statement.number(0));
@@ -62,8 +57,8 @@ StoryView StoryTable::view(const Statement& row) {
     story.firstSeen = instantOf(row.number(16));
     story.arrival = enumAt(row, 17, Arrival::fresh);
     story.number = row.number(18);
-    story.readAt = instantAt(row, 19);
-    story.savedAt = instantAt(row, 20);
+    story.readAt = instantOf(row.optionalNumber(19));
+    story.savedAt = instantOf(row.optionalNumber(20));
     return story;
 }
 
