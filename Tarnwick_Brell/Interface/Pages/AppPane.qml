@@ -77,7 +77,7 @@ PagePane {
             FactList {
                 width: parent.width
                 title: qsTr("What happened")
-                nothing: qsTr("No great move in the last three months.")
+                nothing: qsTr("No notable move in the last three months.")
                 facts: pane.content.moves
             }
             FactList {

@@ -18,7 +18,8 @@ FocusScope {
     TableList {
         id: rows
 
-        anchors.fill: parent
+        width: parent.width
+        height: note.y - Theme.space3
         label: qsTr("Shares")
         model: board.content.board
         Component.onCompleted: currentIndex = board.content.chartedRow
@@ -134,20 +135,19 @@ FocusScope {
                 }
             }
         }
-        footer: Item {
-            width: rows.width
-            height: note.height + 2 * Theme.space3
+    }
+    DeskText {
+        id: note
 
-            DeskText {
-                id: note
-                x: Theme.gridPadding
-                y: Theme.space3
-                width: parent.width - 2 * x
-                type: DeskText.Meta
-                lines: 3
-                color: Theme.text3
-                text: board.content.boardMessage || qsTr("Prices as the exchanges give them, never converted.")
-            }
-        }
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.margins: Theme.space3
+        anchors.leftMargin: Theme.gridPadding
+        anchors.rightMargin: Theme.gridPadding
+        type: DeskText.Meta
+        lines: 3
+        color: Theme.text3
+        text: board.content.boardMessage || qsTr("Prices as the exchanges give them, never converted.")
     }
 }

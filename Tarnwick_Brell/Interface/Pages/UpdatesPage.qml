@@ -70,7 +70,7 @@ PageBody {
                 anchors.verticalCenter: parent.verticalCenter
                 type: DeskText.Meta
                 color: Theme.text3
-                text: qsTr("Days are those of New York, as Apple has them. Days of expiry move every night, and nothing is told of that.")
+                text: qsTr("Days are those of New York, as in Apple's catalogue. Expiry dates move every night; these moves are not listed as changes.")
             }
         }
     }

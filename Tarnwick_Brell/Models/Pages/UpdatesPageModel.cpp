@@ -63,7 +63,7 @@ UpdatesPageModel::UpdatesPageModel(const DeskStores& stores)
 }
 
 QString UpdatesPageModel::changesMessage() const {
-    return changes_.rows().empty() ? tr("Nothing has come or gone since the desk first looked.")
+    return changes_.rows().empty() ? tr("Nothing has been added or removed since the first fetch.")
                                    : QString();
 }
 
