@@ -1,15 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QAccessible>
-#include <QQmlEngine>
-#include <QQuickItem>
-#include <QTest>
-
 #include "Tarnwick_Brell/Models/Panels/StockPanelModel.h"
-#include "Tarnwick_Brell/Window/DeskWindow.h"
-#include "tests/support/models/TestStories.h"
+#include "tests/Tarnwick_Brell/Window/WindowJobTest.h"
 #include "tests/support/app/TestTrackers.h"
-#include "tests/support/EventLoop.h"
 
 namespace app {
 namespace {
@@ -17,8 +10,8 @@ namespace {
 using namespace test;
 using ::test::until;
 
-/// The real window over a desk with twelve stories, driven by keys and clicks.
-class MainJobTest : public ::testing::Test {
+/// A desk with twelve stories.
+class MainJobTest : public WindowJobTest {
 protected:
     void SetUp() override {
         for (int i = 1; i <= 12; ++i) {
@@ -33,35 +26,15 @@ protected:
                 std::string("/wp-json/tb-wire/v1/quote?range=") + range + "&symbol=AAPL",
                 {quoteAnswer("AAPL", range, price)});
         }
-        harness_.open();
-        model_ = std::make_unique<WindowModel>(DeskStores{.news = *harness_.news,
-                                                          .trackers = *harness_.trackers,
-                                                          .newsrooms = *harness_.newsrooms,
-                                                          .defaults = harness_.defaults,
-                                                          .clock = harness_.desk.clock(),
-                                                          .undo = undo_});
+        openWindow();
         QObject::connect(model_.get(), &WindowModel::linkWanted,
                          [this](const QString& link) { opened_ << link; });
-        model_->open(model_->state()->place());
-        window_ = std::make_unique<DeskWindow>(*model_);
-        QObject::connect(qmlEngine(&window()), &QQmlEngine::warnings, [](const auto& warnings) {
-            for (const auto& warning : warnings) ADD_FAILURE() << warning.toString().toStdString();
-        });
-        window_->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     }
 
-    QQuickWindow& window() { return window_->window(); }
     StoryListController& stories() { return *model_->storyList(); }
     SelectedStory& selected() { return *model_->selectedStory(); }
     StoryListModel& list() { return *stories().list(); }
 
-    void press(int key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(&window(), static_cast<Qt::Key>(key), modifiers);
-    }
-    void type(const char* text) {
-        for (const char* letter = text; *letter; ++letter) QTest::keyClick(&window(), *letter);
-    }
     void goToWire() {
         type("gw");
         ASSERT_EQ(model_->placeKey().toStdString(), "wire:all");
@@ -75,34 +48,6 @@ protected:
     }
     std::string currentID() { return selected().reader()->storyID().toStdString(); }
 
-    // The window as a screen reader knows it.
-
-    static QString nameOf(QQuickItem* item) {
-        auto* face = QAccessible::queryAccessibleInterface(item);
-        return face ? face->text(QAccessible::Name) : QString();
-    }
-    static QQuickItem* below(QQuickItem* item, const QString& name) {
-        if (!item->isVisible()) return nullptr;
-        if (nameOf(item) == name) return item;
-        for (auto* child : item->childItems()) {
-            if (auto* found = below(child, name)) return found;
-        }
-        return nullptr;
-    }
-    QQuickItem* named(const QString& name) { return below(window().contentItem(), name); }
-
-    /// Once it is there.
-    void click(const QString& name) {
-        ASSERT_TRUE(until([&] { return named(name) != nullptr; })) << name.toStdString();
-        auto* item = named(name);
-        const auto middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
-        QTest::mouseClick(&window(), Qt::LeftButton, {}, middle.toPoint());
-    }
-
-    TestStories harness_;
-    UndoStack undo_;
-    std::unique_ptr<WindowModel> model_;
-    std::unique_ptr<DeskWindow> window_;
     QStringList opened_;
 };
 

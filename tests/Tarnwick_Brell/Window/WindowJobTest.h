@@ -1,0 +1,85 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QTest>
+
+#include "Tarnwick_Brell/Window/DeskWindow.h"
+#include "tests/support/EventLoop.h"
+#include "tests/support/models/TestStories.h"
+
+namespace app::test {
+
+/// The real window over a desk, driven by keys and the pointer. It opens with what the desk has
+/// been told before `openWindow`. A warning of QML fails the test.
+class WindowJobTest : public ::testing::Test {
+protected:
+    void openWindow() {
+        harness_.open();
+        model_ = std::make_unique<WindowModel>(DeskStores{.news = *harness_.news,
+                                                          .trackers = *harness_.trackers,
+                                                          .newsrooms = *harness_.newsrooms,
+                                                          .defaults = harness_.defaults,
+                                                          .clock = harness_.desk.clock(),
+                                                          .undo = undo_});
+        model_->open(model_->state()->place());
+        window_ = std::make_unique<DeskWindow>(*model_);
+        QObject::connect(qmlEngine(&window()), &QQmlEngine::warnings, [](const auto& warnings) {
+            for (const auto& warning : warnings) ADD_FAILURE() << warning.toString().toStdString();
+        });
+        window_->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    }
+
+    QQuickWindow& window() { return window_->window(); }
+
+    void press(int key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(&window(), static_cast<Qt::Key>(key), modifiers);
+    }
+    void type(const char* text) {
+        for (const char* letter = text; *letter; ++letter) QTest::keyClick(&window(), *letter);
+    }
+
+    // The window as a screen reader knows it.
+
+    static QString nameOf(QQuickItem* item) {
+        auto* face = QAccessible::queryAccessibleInterface(item);
+        return face ? face->text(QAccessible::Name) : QString();
+    }
+    static QQuickItem* below(QQuickItem* item, const QString& name) {
+        if (!item->isVisible()) return nullptr;
+        if (nameOf(item) == name) return item;
+        for (auto* child : item->childItems()) {
+            if (auto* found = below(child, name)) return found;
+        }
+        return nullptr;
+    }
+    QQuickItem* named(const QString& name) { return below(window().contentItem(), name); }
+
+    static QPoint middleOf(QQuickItem& item) {
+        return item.mapToScene(QPointF(item.width() / 2, item.height() / 2)).toPoint();
+    }
+    /// Once it is there.
+    void click(const QString& name) {
+        ASSERT_TRUE(::test::until([&] { return named(name) != nullptr; })) << name.toStdString();
+        QTest::mouseClick(&window(), Qt::LeftButton, {}, middleOf(*named(name)));
+    }
+    /// The pointer goes there in steps, as a hand does.
+    void dragTo(QPoint from, QPoint to) {
+        constexpr int kSteps = 8;
+        QTest::mousePress(&window(), Qt::LeftButton, {}, from);
+        for (int i = 1; i <= kSteps; ++i)
+            QTest::mouseMove(&window(), from + (to - from) * i / kSteps);
+        QTest::mouseRelease(&window(), Qt::LeftButton, {}, to);
+    }
+
+    TestStories harness_;
+    UndoStack undo_;
+    std::unique_ptr<WindowModel> model_;
+    std::unique_ptr<DeskWindow> window_;
+};
+
+}  // namespace app::test
