@@ -8,8 +8,19 @@ Loader {
 
     required property PanelModel content
 
-    Component.onCompleted: {
-        if (content.file)
+    property bool isMade: false
+
+    function load() {
+        if (content && content.file)
             setSource(content.file, { content: content });
+        else
+            source = "";
+    }
+
+    onContentChanged: if (isMade)
+        load()
+    Component.onCompleted: {
+        isMade = true;
+        load();
     }
 }

@@ -13,6 +13,21 @@ namespace app {
 
 using namespace std::chrono_literals;
 
+namespace {
+
+/// How far a panel gives way: "2 rows down".
+QString shiftText(const kit::GridFrame& from, const kit::GridFrame& to) {
+    const auto rows = static_cast<int>(to.row - from.row);
+    const auto columns = static_cast<int>(to.column - from.column);
+    if (rows > 0) return NewsroomModel::tr("%n rows down", nullptr, rows);
+    if (rows < 0) return NewsroomModel::tr("%n rows up", nullptr, -rows);
+    if (columns > 0) return NewsroomModel::tr("%n columns right", nullptr, columns);
+    if (columns < 0) return NewsroomModel::tr("%n columns left", nullptr, -columns);
+    return {};
+}
+
+}  // namespace
+
 NewsroomModel::NewsroomModel(const PanelStores& stores, QObject* parent)
     : QAbstractListModel(parent), stores_(stores) {
     stores_.collector = std::make_shared<PanelStoryCollector>(stores.news, stores.clock);
@@ -22,25 +37,30 @@ NewsroomModel::NewsroomModel(const PanelStores& stores, QObject* parent)
 
 NewsroomModel::~NewsroomModel() = default;
 
+/// Untidy layouts, from files or older versions, are shown as they are edited: tidied.
 void NewsroomModel::show(const kit::NewsroomSpec& spec) {
     if (spec == spec_ && fault_.isEmpty()) return;
+    const auto layout = kit::PanelPlacement::tidied(kit::PanelPlacement::of(spec.panels));
     std::vector<Panel> panels;
-    for (const auto& panel : spec.panels) {
+    for (std::size_t i = 0; i < spec.panels.size(); ++i) {
+        const auto& panel = spec.panels[i];
         const auto& query = spec.effectiveQuery(panel);
         const auto known = std::find_if(panels_.begin(), panels_.end(), [&](const Panel& each) {
             return each.content && each.spec.id == panel.id && each.spec.kind == panel.kind &&
                    each.spec.options == panel.options && each.query == query;
         });
-        if (known == panels_.end()) {
-            panels.push_back(make(panel, query));
-        } else {
-            panels.push_back({panel, query, known->symbol, std::move(known->content)});
-        }
+        // The content of a known panel stays with it until the lists are exchanged.
+        auto row = known == panels_.end()
+                       ? make(panel, query)
+                       : Panel{panel, query, {}, {}, known->symbol, std::move(known->content)};
+        row.frame = layout[i].frame;
+        panels.push_back(std::move(row));
     }
+    const bool isSame = spec.id == spec_.id && fault_.isEmpty();
     spec_ = spec;
     title_ = titleText(spec.name);
     fault_.clear();
-    replace(std::move(panels));
+    isSame ? merge(std::move(panels)) : replace(std::move(panels));
 }
 
 void NewsroomModel::show(const BuiltInPage& page) {
@@ -66,6 +86,69 @@ void NewsroomModel::clear() {
     replace({});
 }
 
+/// The rows become those of `panels`, with changes that let a view keep its delegates. Panels
+/// change their order in a list only when another program does it; then the view begins anew.
+void NewsroomModel::merge(std::vector<Panel> panels) {
+    const auto hasID = [](const std::vector<Panel>& list, const kit::UUID& id) {
+        return std::any_of(list.begin(), list.end(),
+                           [&](auto& each) { return each.spec.id == id; });
+    };
+    std::vector<kit::UUID> staying, wanted;
+    for (const auto& panel : panels_)
+        if (hasID(panels, panel.spec.id)) staying.push_back(panel.spec.id);
+    for (const auto& panel : panels)
+        if (hasID(panels_, panel.spec.id)) wanted.push_back(panel.spec.id);
+    if (staying != wanted) return replace(std::move(panels));
+    removeMissing(panels);
+    for (std::size_t i = 0; i < panels.size(); ++i) {
+        const auto row = static_cast<int>(i);
+        if (i < panels_.size() && panels_[i].spec.id == panels[i].spec.id) {
+            std::swap(panels_[i], panels[i]);
+            emit dataChanged(index(row), index(row));
+            if (panels[i].content) panels[i].content.release()->deleteLater();
+        } else {
+            beginInsertRows({}, row, row);
+            panels_.insert(panels_.begin() + row, std::move(panels[i]));
+            endInsertRows();
+        }
+    }
+    emit specChanged();
+}
+
+void NewsroomModel::removeMissing(const std::vector<Panel>& panels) {
+    for (auto row = static_cast<int>(panels_.size()) - 1; row >= 0; --row) {
+        auto& panel = panels_[static_cast<std::size_t>(row)];
+        const bool stays = std::any_of(panels.begin(), panels.end(), [&](const Panel& each) {
+            return each.spec.id == panel.spec.id;
+        });
+        if (stays) continue;
+        beginRemoveRows({}, row, row);
+        auto* content = panel.content.release();
+        panels_.erase(panels_.begin() + row);
+        endRemoveRows();
+        if (content) content->deleteLater();
+    }
+}
+
+void NewsroomModel::preview(const kit::Placement& layout, std::optional<std::size_t> held) {
+    const auto before = kit::PanelPlacement::tidied(kit::PanelPlacement::of(spec_.panels));
+    for (std::size_t i = 0; i < panels_.size() && i < layout.size(); ++i) {
+        auto& panel = panels_[i];
+        const auto& frame = layout[i].frame;
+        const auto shift = held == i ? QString() : shiftText(before[i].frame, frame);
+        if (panel.frame == frame && panel.shift == shift) continue;
+        panel.frame = frame;
+        panel.shift = shift;
+        const auto row = index(static_cast<int>(i));
+        emit dataChanged(row, row, {Column, Row, Width, Height, Place, Shift});
+    }
+    emit specChanged();
+}
+
+void NewsroomModel::endPreview() {
+    preview(kit::PanelPlacement::tidied(kit::PanelPlacement::of(spec_.panels)), std::nullopt);
+}
+
 /// A view must not meet a content that is gone: the old ones end after it has let go.
 void NewsroomModel::replace(std::vector<Panel> panels) {
     beginResetModel();
@@ -78,12 +161,18 @@ void NewsroomModel::replace(std::vector<Panel> panels) {
 }
 
 NewsroomModel::Panel NewsroomModel::make(const kit::PanelSpec& spec, const kit::StoryQuery& query) {
-    return {spec, query, plainText(kindRow(spec.kind).symbol),
+    return {spec,
+            query,
+            spec.frame,
+            {},
+            plainText(kindRow(spec.kind).symbol),
             connected(makePanelModel(stores_, spec, query))};
 }
 
 NewsroomModel::Panel NewsroomModel::make(const BuiltInPage::Panel& panel) {
     return {{.title = panel.title.toStdString(), .frame = panel.frame},
+            {},
+            panel.frame,
             {},
             panel.symbol,
             connected(makePageModel(stores_, panel.content))};
@@ -95,6 +184,14 @@ std::unique_ptr<PanelModel> NewsroomModel::connected(std::unique_ptr<PanelModel>
     return content;
 }
 
+QString NewsroomModel::placeText(const kit::GridFrame& frame) {
+    return tr("Column %1, row %2 · %3 × %4")
+        .arg(frame.column + 1)
+        .arg(frame.row + 1)
+        .arg(frame.width)
+        .arg(frame.height);
+}
+
 void NewsroomModel::tick() {
     for (const auto& panel : panels_) panel.content->tick();
     emit subtitleChanged();
@@ -104,7 +201,7 @@ QString NewsroomModel::subtitle() const { return dayText(stores_.clock(), stores
 
 int NewsroomModel::rowsUsed() const {
     std::int64_t rows = 0;
-    for (const auto& panel : panels_) rows = std::max(rows, panel.spec.frame.bottom());
+    for (const auto& panel : panels_) rows = std::max(rows, panel.frame.bottom());
     return static_cast<int>(rows);
 }
 
@@ -115,7 +212,7 @@ int NewsroomModel::rowCount(const QModelIndex& parent) const {
 QVariant NewsroomModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     const auto& panel = panels_[static_cast<std::size_t>(index.row())];
-    const auto& frame = panel.spec.frame;
+    const auto& frame = panel.frame;
     switch (role) {
         case PanelTitle: return titleText(panel.spec.title);
         case Symbol: return panel.symbol;
@@ -124,13 +221,16 @@ QVariant NewsroomModel::data(const QModelIndex& index, int role) const {
         case Width: return static_cast<int>(frame.width);
         case Height: return static_cast<int>(frame.height);
         case Content: return QVariant::fromValue(panel.content.get());
+        case Place: return placeText(frame);
+        case Shift: return panel.shift;
         default: return {};
     }
 }
 
 QHash<int, QByteArray> NewsroomModel::roleNames() const {
-    return {{PanelTitle, "title"}, {Symbol, "symbol"}, {Column, "column"},  {Row, "row"},
-            {Width, "columns"},    {Height, "rows"},   {Content, "content"}};
+    return {{PanelTitle, "title"}, {Symbol, "symbol"}, {Column, "column"},
+            {Row, "row"},          {Width, "columns"}, {Height, "rows"},
+            {Content, "content"},  {Place, "place"},   {Shift, "shift"}};
 }
 
 }  // namespace app

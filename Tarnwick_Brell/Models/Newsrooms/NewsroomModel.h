@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <QAbstractListModel>
@@ -9,6 +11,7 @@
 #include <qqmlregistration.h>
 
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
+#include "NewsroomKit/Newsrooms/PanelPlacement.h"
 #include "Tarnwick_Brell/Models/Newsrooms/BuiltInPage.h"
 #include "Tarnwick_Brell/Models/Panels/PanelModel.h"
 
@@ -27,17 +30,35 @@ class NewsroomModel : public QAbstractListModel {
     Q_PROPERTY(QString fault READ fault NOTIFY specChanged)
 
 public:
-    enum Role { PanelTitle = Qt::UserRole, Symbol, Column, Row, Width, Height, Content };
+    enum Role {
+        PanelTitle = Qt::UserRole,
+        Symbol,
+        Column,
+        Row,
+        Width,
+        Height,
+        Content,
+        Place,
+        Shift
+    };
 
     explicit NewsroomModel(const PanelStores& stores, QObject* parent = nullptr);
     ~NewsroomModel() override;
 
-    /// Panels that stay as they are keep their content.
+    /// Panels that stay as they are keep their content, and their delegates while the newsroom is
+    /// the same.
     void show(const kit::NewsroomSpec& spec);
+    /// Shows the panels at other places while one of them is dragged, until the next call or
+    /// show(). `held` is the dragged one. Entries beyond the panels are ignored.
+    void preview(const kit::Placement& layout, std::optional<std::size_t> held);
+    void endPreview();
     void show(const BuiltInPage& page);
     /// Instead of one that can't be read.
     void showFault(const QString& name, const QString& fault);
     void clear();
+
+    /// "Column 9, row 1 · 4 × 3", counted from 1.
+    static QString placeText(const kit::GridFrame& frame);
 
     const QString& title() const { return title_; }
     /// The day.
@@ -61,6 +82,8 @@ private:
     struct Panel {
         kit::PanelSpec spec;
         kit::StoryQuery query;
+        kit::GridFrame frame;  ///< where it is shown
+        QString shift;         ///< how far it gives way to a dragged panel
         QString symbol;
         std::unique_ptr<PanelModel> content;
     };
@@ -69,6 +92,8 @@ private:
     Panel make(const BuiltInPage::Panel& panel);
     std::unique_ptr<PanelModel> connected(std::unique_ptr<PanelModel> content);
     void replace(std::vector<Panel> panels);
+    void merge(std::vector<Panel> panels);
+    void removeMissing(const std::vector<Panel>& panels);
     void tick();
 
     PanelStores stores_;
