@@ -1,0 +1,88 @@
+#include "Tarnwick_Brell/Models/Newsrooms/NewsroomSteps.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QCoreApplication>
+
+#include "Tarnwick_Brell/Models/Undo/UndoStack.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+
+namespace app {
+
+namespace {
+
+struct NewsroomStepText {
+    Q_DECLARE_TR_FUNCTIONS(NewsroomSteps)
+};
+
+void putUnlessGone(NewsroomStore& newsrooms, const std::vector<kit::NewsroomSpec>& specs) {
+    for (const auto& spec : specs)
+        if (newsrooms.newsrooms().find(spec.id.text())) newsrooms.put(spec);
+}
+
+std::size_t placeOf(const NewsroomRecords& records, const std::string& id) {
+    const auto& entries = records.entries();
+    const auto found = std::find_if(entries.begin(), entries.end(),
+                                    [&](const auto& entry) { return entry.id == id; });
+    return static_cast<std::size_t>(found - entries.begin());
+}
+
+}  // namespace
+
+void NewsroomSteps::change(kit::NewsroomSpec after, const QString& text) {
+    change(std::vector{std::move(after)}, text);
+}
+
+void NewsroomSteps::change(std::vector<kit::NewsroomSpec> after, const QString& text) {
+    auto& newsrooms = newsrooms_;
+    std::vector<kit::NewsroomSpec> before;
+    for (const auto& spec : after) {
+        const auto* entry = newsrooms.newsrooms().find(spec.id.text());
+        if (!entry || !entry->value) return;
+        before.push_back(*entry->value);
+    }
+    if (before == after) return;
+    putUnlessGone(newsrooms, after);
+    undo_.push({.text = text,
+                .undo = [&newsrooms, before] { putUnlessGone(newsrooms, before); },
+                .redo = [&newsrooms, after] { putUnlessGone(newsrooms, after); }});
+}
+
+void NewsroomSteps::add(kit::NewsroomSpec spec) {
+    auto& newsrooms = newsrooms_;
+    const auto id = spec.id.text();
+    const auto text = NewsroomStepText::tr("Add newsroom %1").arg(titleText(spec.name));
+    newsrooms.put(std::move(spec));
+    undo_.push({.text = text,
+                .undo = [&newsrooms, id] { newsrooms.removeNewsroom(id); },
+                .redo = [&newsrooms, id] { newsrooms.restoreNewsroom(id); }});
+}
+
+void NewsroomSteps::remove(const std::string& id) {
+    auto& newsrooms = newsrooms_;
+    const auto* entry = newsrooms.newsrooms().find(id);
+    if (!entry) return;
+    const auto text = NewsroomStepText::tr("Remove newsroom %1").arg(titleText(entry->name));
+    newsrooms.removeNewsroom(id);
+    undo_.push({.text = text,
+                .undo = [&newsrooms, id] { newsrooms.restoreNewsroom(id); },
+                .redo = [&newsrooms, id] { newsrooms.removeNewsroom(id); }});
+}
+
+void NewsroomSteps::move(const std::string& id, std::size_t place) {
+    auto& newsrooms = newsrooms_;
+    const auto* entry = newsrooms.newsrooms().find(id);
+    if (!entry) return;
+    const auto before = placeOf(newsrooms.newsrooms(), id);
+    place = std::min(place, newsrooms.newsrooms().entries().size() - 1);
+    if (place == before) return;
+    const auto text = NewsroomStepText::tr("Move newsroom %1").arg(titleText(entry->name));
+    newsrooms.moveNewsroom(id, place);
+    undo_.push({.text = text,
+                .undo = [&newsrooms, id, before] { newsrooms.moveNewsroom(id, before); },
+                .redo = [&newsrooms, id, place] { newsrooms.moveNewsroom(id, place); }});
+}
+
+}  // namespace app
