@@ -1,12 +1,12 @@
 #include <fmt/format.h>
 
-#include "NewsroomKit/Newsrooms/NewsroomFile.h"
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/InputFile.h"
 #include "Tarnwick_Brell/CommandLine/NewsroomActions.h"
 #include "Tarnwick_Brell/CommandLine/QueryOptions.h"
 #include "Tarnwick_Brell/CommandLine/RecordLookup.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomExport.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
 namespace cli {
@@ -45,11 +45,10 @@ void printEffects(Session& session, const kit::NewsroomSpec& spec) {
 
 }  // namespace
 
-/// A newsroom that can't be read is exported as stored, because another version may read it.
 int exportNewsroom(Session& session, const NewsroomOptions& options) {
     const auto records = NewsroomRecords::read(session.storeForReading().newsrooms());
     const auto& entry = named(records.entries(), options.name, "newsroom");
-    session.out().write(entry.value ? kit::NewsroomFile::write(*entry.value) : entry.record + "\n");
+    session.out().write(app::exportedFile(entry));
     return kDone;
 }
 

@@ -1,0 +1,145 @@
+#include "Tarnwick_Brell/Models/Newsrooms/NewsroomActions.h"
+
+#include <algorithm>
+#include <optional>
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include "NewsroomKit/Newsrooms/NewsroomLimits.h"
+#include "NewsroomKit/Newsrooms/NewsroomMaking.h"
+#include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
+#include "Tarnwick_Brell/Models/Sidebar/Destination.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomExport.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+
+namespace app {
+
+namespace {
+
+/// Empty for the key of another place.
+std::string newsroomID(const QString& key) {
+    const auto place = Destination::fromKey(key);
+    return place && place->kind == Destination::Kind::newsroom ? place->id.toStdString()
+                                                               : std::string();
+}
+
+std::optional<std::size_t> placeOf(const NewsroomRecords& records, const std::string& id) {
+    const auto& entries = records.entries();
+    const auto found = std::find_if(entries.begin(), entries.end(),
+                                    [&](const auto& entry) { return entry.id == id; });
+    if (found == entries.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - entries.begin());
+}
+
+/// A file of that name that does not exist yet.
+QString freePath(const QDir& folder, QString name) {
+    for (auto& letter : name)
+        if (letter == u'/' || letter == u'\\' || !letter.isPrint()) letter = u' ';
+    name = name.trimmed();
+    while (name.startsWith(u'.')) name.remove(0, 1);
+    if (name.isEmpty()) name = QStringLiteral("newsroom");
+    auto path = folder.filePath(name + QStringLiteral(".json"));
+    for (int number = 2; QFile::exists(path); ++number)
+        path = folder.filePath(QStringLiteral("%1 %2.json").arg(name).arg(number));
+    return path;
+}
+
+}  // namespace
+
+NewsroomActions::NewsroomActions(const DeskStores& stores, QObject* parent)
+    : QObject(parent), stores_(stores), steps_(stores.newsrooms, stores.undo) {}
+
+QStringList NewsroomActions::symbols() const {
+    QStringList symbols;
+    for (const auto symbol : kit::NewsroomSymbols::all) symbols << plainText(symbol);
+    return symbols;
+}
+
+void NewsroomActions::edit(const QString& key, const QString& text,
+                           const std::function<void(kit::NewsroomSpec&)>& change) {
+    const auto* entry = stores_.newsrooms.newsrooms().find(newsroomID(key));
+    if (!entry || !entry->value) return;
+    auto after = *entry->value;
+    change(after);
+    try {
+        kit::NewsroomLimits::require(after);
+        steps_.change(std::move(after), text.arg(titleText(entry->name)));
+    } catch (const kit::RecordError& error) {
+        emit noticed(tr("The newsroom can't be changed so: %1.").arg(bodyText(error.what())));
+    }
+}
+
+void NewsroomActions::rename(const QString& key, const QString& name) {
+    const auto wanted = name.trimmed().toStdString();
+    const auto id = newsroomID(key);
+    if (wanted.empty()) return;
+    const auto taken = NewsroomRecords::meant(stores_.newsrooms.newsrooms().entries(), wanted);
+    const bool isOthers =
+        std::any_of(taken.begin(), taken.end(), [&](const auto* entry) { return entry->id != id; });
+    if (isOthers) {
+        emit noticed(tr("Another newsroom is called %1.").arg(titleText(wanted)));
+        return;
+    }
+    edit(key, tr("Rename newsroom %1"), [&](auto& spec) { spec.name = wanted; });
+}
+
+void NewsroomActions::setSymbol(const QString& key, const QString& symbol) {
+    if (!kit::NewsroomSymbols::contains(symbol.toStdString())) return;
+    edit(key, tr("Change the symbol of %1"),
+         [&](auto& spec) { spec.symbol = symbol.toStdString(); });
+}
+
+void NewsroomActions::moveBy(const QString& key, int steps) {
+    const auto id = newsroomID(key);
+    const auto place = placeOf(stores_.newsrooms.newsrooms(), id);
+    if (!place) return;
+    const auto wanted = static_cast<std::ptrdiff_t>(*place) + steps;
+    steps_.move(id, static_cast<std::size_t>(std::max<std::ptrdiff_t>(0, wanted)));
+}
+
+void NewsroomActions::moveOnto(const QString& key, const QString& other) {
+    const auto place = placeOf(stores_.newsrooms.newsrooms(), newsroomID(other));
+    if (place) steps_.move(newsroomID(key), *place);
+}
+
+void NewsroomActions::openFocus(const QString& key) {
+    emit sheetWanted(QStringLiteral("focus:") + plainText(newsroomID(key)));
+}
+
+void NewsroomActions::duplicate(const QString& key) {
+    const auto& records = stores_.newsrooms.newsrooms();
+    const auto* entry = records.find(newsroomID(key));
+    if (!entry || !entry->value) return;
+    try {
+        auto copy = kit::duplicated(*entry->value, records.freeName(entry->name));
+        const auto place = Destination{Destination::Kind::newsroom, plainText(copy.id.text())};
+        steps_.add(std::move(copy));
+        emit placeWanted(place.key());
+    } catch (const kit::RecordError& error) {
+        emit noticed(tr("The newsroom can't be copied: %1.").arg(bodyText(error.what())));
+    }
+}
+
+void NewsroomActions::exportFile(const QString& key) {
+    const auto* entry = stores_.newsrooms.newsrooms().find(newsroomID(key));
+    if (!entry) return;
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
+    QDir().mkpath(folder.path());
+    const auto path = freePath(folder, titleText(entry->name));
+    QSaveFile file(path);
+    const auto bytes = exportedFile(*entry);
+    const bool isWritten =
+        file.open(QIODevice::WriteOnly) &&
+        file.write(bytes.data(), static_cast<qint64>(bytes.size())) == std::ssize(bytes) &&
+        file.commit();
+    emit noticed(isWritten ? tr("Exported to %1").arg(path)
+                           : tr("%1 can't be written: %2.").arg(path, file.errorString()));
+}
+
+void NewsroomActions::remove(const QString& key) { steps_.remove(newsroomID(key)); }
+
+}  // namespace app
