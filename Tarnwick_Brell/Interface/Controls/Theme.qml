@@ -174,6 +174,7 @@ QtObject {
     readonly property int pickerRow: scaled(44)
     readonly property int pickerRowTall: scaled(58)
     readonly property int pickerWidth: 348
+    readonly property int pickerPreview: scaled(92)
 
     // Pages: a body and at most one pane at its right
     readonly property int paneLog: 320
@@ -228,6 +229,12 @@ QtObject {
     readonly property int gridPadding: 20
     readonly property int gridGap: 12
     readonly property int gridRow: scaled(116)
+    /// A narrower grid can't be edited beside the picker, which lies over it then.
+    readonly property int gridLeast: 560
+    readonly property int handle: 9
+    readonly property int handleLong: 27
+    /// Pixels that a grid scrolls at a time while a panel is held at its edge.
+    readonly property int scrollStep: 12
     readonly property int panelHeader: scaled(36)
     readonly property int panelPadding: 12
 
@@ -266,6 +273,13 @@ QtObject {
     readonly property int scrollLeast: 24
     readonly property int progress: 2
     readonly property int sheetWidth: 680
+    readonly property int smallSheetWidth: 520
+    readonly property int wideSheetWidth: 896
+    /// Of a sheet's width, for what is chosen, beside what comes of it.
+    readonly property real sheetFormShare: 0.55
+    readonly property int newNewsroomHeight: 540
+    readonly property int templateCard: scaled(158)
+    readonly property int planHeight: 220
     readonly property int sheetMargin: 24
     readonly property int sheetHeader: scaled(52)
     readonly property int sheetFoot: scaled(60)
@@ -336,6 +350,7 @@ QtObject {
     readonly property int fade: reducedMotion ? 0 : 120
     readonly property int move: reducedMotion ? 0 : 120
     readonly property int tipDelay: 500
+    readonly property int scrollTick: 16
     /// After the current event has been handled.
     readonly property int nextTurn: 0
     /// The pause after which scrolling has ended.

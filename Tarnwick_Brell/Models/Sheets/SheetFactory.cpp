@@ -6,6 +6,9 @@
 #include "Tarnwick_Brell/Models/Sheets/CloseToTraySheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SigningDevicesSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/FocusSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/NewNewsroomSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/PanelOptionsSheetModel.h"
 
 namespace app {
 
@@ -29,6 +32,9 @@ std::unique_ptr<SheetModel> makeSheet(const DeskStores& stores, const QString& k
     static constexpr std::array kSheets{
         SheetRow{"close-to-tray", &sheetOf<CloseToTraySheetModel>},
         SheetRow{"signing-devices", sheetOf<SigningDevicesSheetModel>},
+        SheetRow{"focus", &sheetOf<FocusSheetModel>},
+        SheetRow{"new-newsroom", &sheetOf<NewNewsroomSheetModel>},
+        SheetRow{"panel", &sheetOf<PanelOptionsSheetModel>},
     };
     const auto name = key.section(u':', 0, 0).toStdString();
     for (const auto& row : kSheets) {
