@@ -456,4 +456,55 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>app::NewNewsroomSheetModel</name>
+    <message numerus="yes">
+        <source>%n panels</source>
+        <translation>
+            <numerusform>%n panel</numerusform>
+            <numerusform>%n panels</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::NewsroomModel</name>
+    <message numerus="yes">
+        <source>%n rows down</source>
+        <translation>
+            <numerusform>%n row down</numerusform>
+            <numerusform>%n rows down</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n rows up</source>
+        <translation>
+            <numerusform>%n row up</numerusform>
+            <numerusform>%n rows up</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n columns right</source>
+        <translation>
+            <numerusform>%n column right</numerusform>
+            <numerusform>%n columns right</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n columns left</source>
+        <translation>
+            <numerusform>%n column left</numerusform>
+            <numerusform>%n columns left</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::QueryCount</name>
+    <message numerus="yes">
+        <source>%n stories in %1 days</source>
+        <translation>
+            <numerusform>%n story in %1 days</numerusform>
+            <numerusform>%n stories in %1 days</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -131,6 +131,28 @@ std::vector<View> viewsOf(NewsDesk& news) {
          }},
         {"updates", [](WindowModel& model) { model.open(QStringLiteral("tracker:updates")); }},
         {"charts", [](WindowModel& model) { model.open(QStringLiteral("tracker:charts")); }},
+        {"newsroom-edit",
+         [](WindowModel& model) {
+             model.open(QStringLiteral(""));
+             model.actions()->trigger(DeskAction::EditNewsroom);
+         }},
+        {"newsroom-drag",
+         [](WindowModel& model) {
+             model.open(QStringLiteral(""));
+             model.actions()->trigger(DeskAction::AddPanel);
+             model.editor()->beginDrag(1, NewsroomEditor::NoEdge);
+             model.editor()->drag(-4, 2);
+         }},
+        {"panel-options",
+         [](WindowModel& model) {
+             model.open(QStringLiteral(""));
+             model.editor()->openOptions(4);
+         }},
+        {"new-newsroom",
+         [](WindowModel& model) {
+             model.open(QStringLiteral(""));
+             model.actions()->trigger(DeskAction::NewNewsroom);
+         }},
         {"palette",
          [&news](WindowModel& model) {
              model.open(QStringLiteral("wire:all"));
@@ -161,6 +183,7 @@ void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString&
                 emit model.viewClosed();
                 model.closeSheet();
                 if (model.clusters()->isShown()) model.setClustered(false);
+                model.editor()->end();
             }
         }
     }

@@ -18,10 +18,14 @@ T.ItemDelegate {
     required property bool isCurrent
     required property string spokenText
     required property string hint
+    required property bool isNewsroom
 
     property bool keyboardHere: false
 
     signal menuWanted(x: real, y: real)
+    /// A newsroom is dragged to another place; `at` in the coordinates of the window.
+    signal pulled(at: point)
+    signal dropped
 
     readonly property bool isSection: kind === SidebarKind.Section
     readonly property bool isGroup: kind === SidebarKind.Group
@@ -108,6 +112,20 @@ T.ItemDelegate {
         }
     }
 
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => item.menuWanted(eventPoint.position.x, eventPoint.position.y)
+    }
+    DragHandler {
+        enabled: item.isNewsroom
+        target: null
+        xAxis.enabled: false
+        grabPermissions: PointerHandler.CanTakeOverFromAnything
+        onCentroidChanged: if (active)
+            item.pulled(centroid.scenePosition)
+        onActiveChanged: if (!active)
+            item.dropped()
+    }
     Tip {
         visible: item.hovered && item.hint !== ""
         text: item.hint

@@ -10,16 +10,24 @@ FocusScope {
 
     required property SidebarModel places
     required property PlaceMenu placeMenu
+    required property NewsroomActions newsrooms
 
     signal hideRequested
     signal keysRequested
+    signal newsroomRequested
     signal resized(width: int)
 
+    function openMenuFor(item: SidebarItem, x: real, y: real) {
+        if (item.isNewsroom)
+            newsroomMenu.openFor(item, item.key, x, y);
+        else
+            menu.openFor(item, item.key, x, y);
+    }
     /// The menu of the row with the keyboard's focus.
     function openMenu() {
         const item = view.currentItem as SidebarItem;
         if (item)
-            menu.openFor(item, item.key, Theme.space8, item.height / 2);
+            openMenuFor(item, Theme.space8, item.height / 2);
     }
 
     Rectangle {
@@ -35,10 +43,20 @@ FocusScope {
 
         DeskText {
             x: Theme.space4
-            width: hide.x - x
+            width: add.x - x
             anchors.verticalCenter: parent.verticalCenter
             type: DeskText.BaseStrong
             text: qsTr("Tarnwick Brell")
+        }
+        IconButton {
+            id: add
+
+            anchors.right: hide.left
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: "plus"
+            text: qsTr("New newsroom")
+            key: qsTr("Ctrl N")
+            onClicked: sidebar.newsroomRequested()
         }
         IconButton {
             id: hide
@@ -71,16 +89,68 @@ FocusScope {
         Accessible.name: qsTr("Places")
 
         delegate: SidebarItem {
+            id: row
+
             width: view.width
             keyboardHere: view.activeFocus && ListView.isCurrentItem
             onClicked: {
                 view.currentIndex = index;
                 sidebar.places.activate(key);
             }
-            onMenuWanted: (x, y) => menu.openFor(this, key, x, y)
+            onMenuWanted: (x, y) => {
+                view.currentIndex = index;
+                sidebar.openMenuFor(row, x, y);
+            }
+            onPulled: at => view.dropRow = view.newsroomRowAt(at)
+            onDropped: {
+                const target = view.itemAtIndex(view.dropRow) as SidebarItem;
+                view.dropRow = -1;
+                if (target)
+                    sidebar.newsrooms.moveOnto(key, target.key);
+            }
         }
 
         T.ScrollBar.vertical: ThinScrollBar {}
+
+        Rectangle {
+            parent: view.contentItem
+            x: Theme.space2
+            y: (view.itemAtIndex(view.dropRow)?.y ?? 0) - height / 2
+            z: 1
+            width: view.width - 2 * x
+            height: Theme.focusRing
+            visible: view.dropRow >= 0
+            color: Theme.accent
+        }
+        NewsroomNameField {
+            id: renaming
+
+            list: view
+            onRenamed: (place, name) => sidebar.newsrooms.rename(place, name)
+        }
+        NewsroomMenu {
+            id: newsroomMenu
+
+            newsrooms: sidebar.newsrooms
+            onRenameWanted: renaming.start(row as SidebarItem)
+            onSymbolWanted: symbols.openFor(row as SidebarItem)
+        }
+        SymbolPicker {
+            id: symbols
+
+            property string place
+
+            function openFor(item: SidebarItem) {
+                place = item.key;
+                current = item.symbol;
+                parent = item;
+                open();
+            }
+
+            symbols: sidebar.newsrooms.symbols
+            current: ""
+            onChosen: name => sidebar.newsrooms.setSymbol(place, name)
+        }
 
         /// Keeps the row of the current place visible.
         readonly property int placeRow: sidebar.places.currentRow
@@ -103,14 +173,47 @@ FocusScope {
             positionViewAtIndex(next, ListView.Contain);
         }
 
-        Keys.onUpPressed: stepBy(-1)
-        Keys.onDownPressed: stepBy(1)
+        Keys.onUpPressed: event => event.modifiers & Qt.AltModifier ? move(-1) : stepBy(-1)
+        Keys.onDownPressed: event => event.modifiers & Qt.AltModifier ? move(1) : stepBy(1)
         Keys.onReturnPressed: activateCurrent()
         Keys.onEnterPressed: activateCurrent()
         Keys.onSpacePressed: activateCurrent()
         Keys.onLeftPressed: expandCurrent(false)
         Keys.onRightPressed: expandCurrent(true)
 
+        Keys.onDeletePressed: {
+            if (newsroom)
+                sidebar.newsrooms.remove(newsroom.key);
+        }
+        Keys.onPressed: event => {
+            event.accepted = newsroom !== null && event.key === Qt.Key_F2;
+            if (event.accepted)
+                renaming.start(newsroom);
+        }
+
+        /// The newsroom of the row with the keyboard, null on other rows.
+        readonly property SidebarItem newsroom: {
+            const item = currentItem as SidebarItem;
+            return item?.isNewsroom ? item : null;
+        }
+        /// Where a dragged newsroom would go, -1 while none is dragged.
+        property int dropRow: -1
+
+        function newsroomRowAt(at: point): int {
+            const here = contentItem.mapFromItem(null, at);
+            const row = indexAt(width / 2, here.y);
+            return (itemAtIndex(row) as SidebarItem)?.isNewsroom ? row : -1;
+        }
+        function move(by: int) {
+            if (!newsroom) {
+                stepBy(by);
+                return;
+            }
+            const next = itemAtIndex(currentIndex + by) as SidebarItem;
+            sidebar.newsrooms.moveBy(newsroom.key, by);
+            if (next?.isNewsroom)
+                currentIndex += by;
+        }
         function activateCurrent() {
             const item = currentItem as SidebarItem;
             if (item)

@@ -62,6 +62,8 @@ Window {
             places: window.desk.sidebar
             placeMenu: window.desk.placeMenu
             z: 1
+            newsrooms: window.desk.newsroomActions
+            onNewsroomRequested: window.desk.actions.trigger(DeskAction.NewNewsroom)
             onKeysRequested: keys.open()
             onHideRequested: window.state.sidebarShown = false
             onResized: width => window.state.sidebarWidth = width
@@ -130,6 +132,8 @@ Window {
                 visible: window.desk.view === WindowModel.Newsroom
                 focus: visible
                 newsroom: window.desk.newsroom
+                editor: window.desk.editor
+                onPanelMenuWanted: panel => window.desk.editor.openOptions(panel)
             }
             PageView {
                 id: pages

@@ -15,6 +15,7 @@ Item {
     signal leftForList
     signal leftForPage
 
+    readonly property bool isEditing: desk.editor.isEditing
     readonly property bool isWire: desk.view === WindowModel.Stories
     readonly property bool hasPageBar: pageBar.bar !== null
     readonly property int start: sidebarHidden ? show.x + show.width : 0
@@ -63,7 +64,7 @@ Item {
         x: bar.start + Theme.gridPadding
         width: bar.hasPageBar ? implicitWidth : Math.min(implicitWidth, pageSearch.x - x - Theme.space3)
         anchors.verticalCenter: parent.verticalCenter
-        visible: !bar.isWire
+        visible: !bar.isWire && !bar.isEditing
         type: DeskText.Heading
         text: bar.desk.page ? bar.desk.page.title : bar.desk.newsroom.title
         Accessible.role: Accessible.Heading
@@ -72,7 +73,7 @@ Item {
         anchors.left: title.right
         anchors.leftMargin: Theme.space3
         anchors.verticalCenter: parent.verticalCenter
-        visible: !bar.isWire && !bar.hasPageBar && x + width < pageSearch.x - Theme.space3
+        visible: !bar.isWire && !bar.hasPageBar && !bar.isEditing && x + width < pageSearch.x - Theme.space3
         type: DeskText.Secondary
         color: Theme.text3
         text: bar.desk.page ? bar.desk.page.fact : bar.desk.newsroom.subtitle
@@ -84,7 +85,7 @@ Item {
         anchors.rightMargin: Theme.space4
         anchors.verticalCenter: parent.verticalCenter
         width: Theme.pageSearch
-        visible: !bar.isWire && !bar.hasPageBar
+        visible: !bar.isWire && !bar.hasPageBar && !bar.isEditing
         placeholderText: qsTr("Search the wire")
         key: qsTr("Ctrl F")
         onTextEdited: {
@@ -115,7 +116,7 @@ Item {
         anchors.rightMargin: corner.visible ? Theme.space2 : 0
         anchors.verticalCenter: parent.verticalCenter
         width: visible ? implicitWidth : 0
-        visible: bar.desk.refresh.isLive
+        visible: bar.desk.refresh.isLive && !bar.isEditing
         active: true
         text: bar.desk.refresh.liveText
         tip: qsTr("Sources are fetched every minute. A click ends it.")
@@ -125,12 +126,33 @@ Item {
     RefreshCorner {
         id: corner
 
+        anchors.right: edit.left
+        anchors.rightMargin: edit.visible ? Theme.space2 : 0
+        anchors.verticalCenter: parent.verticalCenter
+        width: visible ? implicitWidth : 0
+        visible: !bar.hasPageBar && !bar.isEditing
+        refresh: bar.desk.refresh
+    }
+    DeskButton {
+        id: edit
+
         anchors.right: parent.right
         anchors.rightMargin: Theme.space3
         anchors.verticalCenter: parent.verticalCenter
         width: visible ? implicitWidth : 0
-        visible: !bar.hasPageBar
-        refresh: bar.desk.refresh
+        visible: bar.desk.editor.canEdit && !bar.isEditing
+        symbol: "pencil"
+        text: qsTr("Edit")
+        key: "e"
+        onClicked: bar.desk.editor.begin()
+    }
+    EditBar {
+        anchors.fill: parent
+        anchors.leftMargin: bar.start + Theme.gridPadding
+        visible: bar.isEditing
+        editor: bar.desk.editor
+        undo: bar.desk.undo
+        title: bar.desk.newsroom.title
     }
     Hairline {
         anchors.bottom: parent.bottom

@@ -75,6 +75,8 @@ bool ActionModel::isEnabled(const ActionEntry& entry) const {
         case ActionNeed::storyList: return isStoryList_;
         case ActionNeed::refreshing: return isRefreshing_;
         case ActionNeed::arrivals: return hasArrivals_;
+        case ActionNeed::newsroom: return hasNewsroom_;
+        case ActionNeed::editing: return isEditing_;
         case ActionNeed::undoable: return canUndo_;
         case ActionNeed::page: return ofPage_.contains(entry.action);
         case ActionNeed::live: return isLive_;
@@ -86,6 +88,7 @@ bool ActionModel::isEnabled(const ActionEntry& entry) const {
 bool ActionModel::isDone(Action action) const {
     return (action == DeskAction::ToggleSaved && storyIsSaved_) ||
            (action == DeskAction::ToggleRead && storyIsRead_) ||
+           (action == DeskAction::EditNewsroom && isEditing_) ||
            (action == DeskAction::ToggleClusters && showsClusters_) ||
            (action == DeskAction::ToggleSetAside && showsSetAside_);
 }

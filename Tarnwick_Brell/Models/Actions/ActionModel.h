@@ -81,6 +81,8 @@ class ActionModel : public QObject {
     Q_PROPERTY(bool showsClusters MEMBER showsClusters_ NOTIFY contextChanged)
     Q_PROPERTY(bool showsSetAside MEMBER showsSetAside_ NOTIFY contextChanged)
     Q_PROPERTY(bool isRefreshing MEMBER isRefreshing_ NOTIFY contextChanged)
+    Q_PROPERTY(bool hasNewsroom MEMBER hasNewsroom_ NOTIFY contextChanged)
+    Q_PROPERTY(bool isEditing MEMBER isEditing_ NOTIFY contextChanged)
     Q_PROPERTY(bool hasArrivals MEMBER hasArrivals_ NOTIFY contextChanged)
     Q_PROPERTY(bool canUndo MEMBER canUndo_ NOTIFY contextChanged)
     Q_PROPERTY(bool isLive MEMBER isLive_ NOTIFY contextChanged)
@@ -127,6 +129,8 @@ private:
     bool showsClusters_ = false;
     bool showsSetAside_ = false;
     bool isRefreshing_ = false;
+    bool hasNewsroom_ = false;
+    bool isEditing_ = false;
     bool hasArrivals_ = false;
     bool canUndo_ = false;
     bool isLive_ = false;

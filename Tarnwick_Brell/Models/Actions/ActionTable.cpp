@@ -64,6 +64,34 @@ constexpr ActionEntry kActions[]{
      {{{"T"}}},
      ActionNeed::story},
 
+    {DeskAction::EditNewsroom,
+     thisPage,
+     WORDS("Edit this newsroom"),
+     WORDS("Leave the editing of this newsroom"),
+     "pencil",
+     {{{"E"}}},
+     ActionNeed::newsroom},
+    {DeskAction::AddPanel,
+     thisPage,
+     WORDS("Add a panel to this newsroom"),
+     nullptr,
+     "plus",
+     {{{"Shift+A"}}},
+     ActionNeed::newsroom},
+    {DeskAction::ShowPanelOptions,
+     thisPage,
+     WORDS("Options of the selected panel"),
+     nullptr,
+     "slider.horizontal.3",
+     {{{"Alt+Return"}}},
+     ActionNeed::editing},
+    {DeskAction::GiveBackEdits,
+     thisPage,
+     WORDS("Give back all changes of this editing"),
+     nullptr,
+     "arrow.uturn.backward",
+     {{{"Ctrl+Esc"}}},
+     ActionNeed::editing},
     {DeskAction::CopyRow,
      thisPage,
      WORDS("Copy the selected row"),
@@ -168,6 +196,7 @@ constexpr ActionEntry kActions[]{
     goToSidebarItem(DeskAction::SidebarItem8, WORDS("Sidebar item 8"), "Ctrl+8"),
     goToSidebarItem(DeskAction::SidebarItem9, WORDS("Sidebar item 9"), "Ctrl+9"),
 
+    {DeskAction::NewNewsroom, work, WORDS("New newsroom"), nullptr, "plus", {{{"Ctrl+N"}}}},
     {DeskAction::Search,
      work,
      WORDS("Search stories"),
@@ -295,6 +324,7 @@ QString capOf(QKeyCombination combination) {
         case Qt::Key_Down: return QStringLiteral("↓");
         case Qt::Key_Return: return words("Enter");
         case Qt::Key_Space: return words("Space");
+        case Qt::Key_Escape: return words("Esc");
         default: break;
     }
     const auto name = QKeySequence(combination.key()).toString(QKeySequence::NativeText);

@@ -28,7 +28,9 @@ enum class ActionNeed {
     redoable,
     refreshing,
     page,
-    live
+    live,
+    newsroom,
+    editing
 };
 
 /// Keys in QKeySequence's portable form; empty when there is none.

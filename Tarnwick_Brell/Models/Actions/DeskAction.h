@@ -38,11 +38,16 @@ enum Value {
     SidebarItem8,
     SidebarItem9,
     // This page
+    EditNewsroom,
+    AddPanel,
+    ShowPanelOptions,
+    GiveBackEdits,
     CopyRow,
     GoLive,
     EndLive,
     SaveCalendar,
     // Do
+    NewNewsroom,
     Search,
     Refresh,
     StopRefresh,

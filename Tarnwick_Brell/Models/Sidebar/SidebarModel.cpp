@@ -104,6 +104,7 @@ void SidebarModel::addNewsrooms(std::vector<SidebarRow>& rows) const {
                                         : QStringLiteral("exclamationmark.triangle");
         rows.push_back(
             itemRow({Kind::newsroom, plainText(entry.id)}, titleText(entry.name), symbol));
+        rows.back().isNewsroom = true;
     }
 }
 

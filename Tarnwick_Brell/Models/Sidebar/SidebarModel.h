@@ -59,6 +59,7 @@ struct SidebarRow {
     Q_PROPERTY(bool isCurrent MEMBER isCurrent)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
     Q_PROPERTY(QString hint MEMBER hint)
+    Q_PROPERTY(bool isNewsroom MEMBER isNewsroom)
 
 public:
     SidebarKind::Value kind = SidebarKind::Item;
@@ -70,6 +71,7 @@ public:
     bool isExpanded = true;
     bool isCurrent = false;
     QString spokenText{};
+    bool isNewsroom = false;
     QString hint{};  ///< why a source fails, or has fewer stories than its feed
 
     bool operator==(const SidebarRow&) const = default;

@@ -26,12 +26,21 @@ void WindowModel::connectActions() {
     connect(&storyList_, &StoryListController::filterChanged, this, &WindowModel::updateActions);
     connect(storyList_.list(), &StoryListModel::arrivalsChanged, this, &WindowModel::updateActions);
     connect(&refresh_, &RefreshStatus::changed, this, &WindowModel::updateActions);
+    connect(&editor_, &NewsroomEditor::changed, this, &WindowModel::updateActions);
+    connect(&editor_, &NewsroomEditor::noticed, this, &WindowModel::noticed);
+    connect(&newsroomActions_, &NewsroomActions::noticed, this, &WindowModel::noticed);
+    connect(&newsroomActions_, &NewsroomActions::sheetWanted, this, &WindowModel::showSheet);
+    connect(&newsroomActions_, &NewsroomActions::placeWanted, this,
+            qOverload<const QString&>(&WindowModel::open));
+    connect(&editor_, &NewsroomEditor::sheetWanted, this, &WindowModel::showSheet);
 }
 
 /// Which actions are available depends on what is shown.
 void WindowModel::updateActions() {
     const bool isList = place_.isStoryList();
     actions_.setProperty("hasStory", isList && selected_.hasStory());
+    actions_.setProperty("hasNewsroom", editor_.canEdit());
+    actions_.setProperty("isEditing", editor_.isEditing());
     actions_.setProperty("storyIsSaved", selected_.reader()->isSaved());
     actions_.setProperty("storyIsRead", selected_.reader()->isRead());
     actions_.setProperty("isStoryList", isList);
@@ -92,6 +101,14 @@ void WindowModel::execute(Action action) {
                 step(action == DeskAction::NextStory ? 1 : -1);
             }
             break;
+        case DeskAction::EditNewsroom: editor_.isEditing() ? editor_.end() : editor_.begin(); break;
+        case DeskAction::AddPanel:
+            editor_.begin();
+            editor_.setPicking(true);
+            break;
+        case DeskAction::ShowPanelOptions: editor_.openOptions(editor_.selected()); break;
+        case DeskAction::NewNewsroom: showSheet(QStringLiteral("new-newsroom")); break;
+        case DeskAction::GiveBackEdits: editor_.giveBack(); break;
         case DeskAction::CopyRow:
         case DeskAction::GoLive:
         case DeskAction::SaveCalendar:

@@ -21,6 +21,8 @@ WindowModel::WindowModel(const DeskStores& stores)
       clusters_(stores.news, storyList_, selected_, stores.clock),
       storyActions_(stores.news, stores.undo, *storyList_.list(), selected_),
       newsroom_({.news = stores.news, .trackers = stores.trackers, .clock = stores.clock}),
+      editor_(stores, newsroom_),
+      newsroomActions_(stores),
       refresh_({.news = stores.news, .trackers = stores.trackers}, stores.clock),
       palette_(
           actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),
@@ -113,6 +115,7 @@ void WindowModel::open(const Destination& place) {
         showNewsroom();
     }
     clusters_.setWanted(place.isStoryList() && state_.isClustered(place.key()));
+    updateEditor();
     sidebar_.setCurrent(place_.key());
     state_.setPlace(place_.key());
     emit placeChanged();
@@ -178,7 +181,13 @@ void WindowModel::showNewsroom() {
 
 void WindowModel::newsroomsChanged() {
     if (!hasOpened_ || place_.kind != Kind::newsroom) return;
-    exists(place_) ? showNewsroom() : open(home());
+    if (!exists(place_)) return open(home());
+    showNewsroom();
+    updateEditor();
+}
+
+void WindowModel::updateEditor() {
+    editor_.setNewsroom(place_.kind == Kind::newsroom ? place_.id.toStdString() : std::string());
 }
 
 void WindowModel::openStory(const QString& storyID) {

@@ -13,6 +13,8 @@
 #include "Tarnwick_Brell/Models/Actions/ActionModel.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
 #include "Tarnwick_Brell/Models/DeskStores.h"
+#include "Tarnwick_Brell/Models/Newsrooms/NewsroomActions.h"
+#include "Tarnwick_Brell/Models/Newsrooms/NewsroomEditor.h"
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomModel.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
@@ -44,6 +46,8 @@ class WindowModel : public QObject {
     Q_PROPERTY(app::SelectedStory* selectedStory READ selectedStory CONSTANT)
     Q_PROPERTY(app::StoryActions* storyActions READ storyActions CONSTANT)
     Q_PROPERTY(app::NewsroomModel* newsroom READ newsroom CONSTANT)
+    Q_PROPERTY(app::NewsroomEditor* editor READ editor CONSTANT)
+    Q_PROPERTY(app::NewsroomActions* newsroomActions READ newsroomActions CONSTANT)
     Q_PROPERTY(app::RefreshStatus* refresh READ refresh CONSTANT)
     Q_PROPERTY(app::ActionModel* actions READ actions CONSTANT)
     Q_PROPERTY(app::PaletteModel* palette READ palette CONSTANT)
@@ -70,6 +74,8 @@ public:
     SelectedStory* selectedStory() { return &selected_; }
     StoryActions* storyActions() { return &storyActions_; }
     NewsroomModel* newsroom() { return &newsroom_; }
+    NewsroomEditor* editor() { return &editor_; }
+    NewsroomActions* newsroomActions() { return &newsroomActions_; }
     RefreshStatus* refresh() { return &refresh_; }
     ActionModel* actions() { return &actions_; }
     PaletteModel* palette() { return &palette_; }
@@ -126,6 +132,7 @@ private:
     Destination home() const;
     void showPage();
     void showNewsroom();
+    void updateEditor();
     void newsroomsChanged();
 
     DeskStores stores_;
@@ -136,6 +143,8 @@ private:
     ClusterListModel clusters_;
     StoryActions storyActions_;
     NewsroomModel newsroom_;
+    NewsroomEditor editor_;
+    NewsroomActions newsroomActions_;
     std::unique_ptr<PageModel> page_;
     std::unique_ptr<SheetModel> sheet_;
     RefreshStatus refresh_;
