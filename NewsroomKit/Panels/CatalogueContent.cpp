@@ -17,7 +17,7 @@ namespace {
 using Group = CatalogueContent::Group;
 using OfferKey = std::tuple<std::string, std::string, std::string>;
 
-constexpr std::chrono::hours kNewFor{48};
+constexpr std::chrono::hours kNewOfferFor{48};
 constexpr std::chrono::days kLateChanges{30};
 constexpr int kSoonDays = 14;
 
@@ -49,7 +49,7 @@ OfferKey keyOf(const UpdateOffer& offer) { return {offer.platform, offer.version
 std::set<OfferKey> newOffers(const std::vector<OfferChange>& changes, Instant now) {
     std::set<OfferKey> seen, fresh;
     for (const auto& change : changes) {
-        if (change.seenAt < now - kNewFor) break;
+        if (change.seenAt < now - kNewOfferFor) break;
         const auto key = keyOf(change.offer);
         if (seen.insert(key).second && change.isOffered) fresh.insert(key);
     }
