@@ -507,4 +507,31 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>SourceTable</name>
+    <message numerus="yes">
+        <source>Fetched, %n stories</source>
+        <translation>
+            <numerusform>Fetched, %n story</numerusform>
+            <numerusform>Fetched, %n stories</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>At most every %n minutes</source>
+        <translation>
+            <numerusform>At most every minute</numerusform>
+            <numerusform>At most every %n minutes</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::SourcesPageModel</name>
+    <message numerus="yes">
+        <source>%n sources</source>
+        <translation>
+            <numerusform>%n source</numerusform>
+            <numerusform>%n sources</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -108,6 +108,7 @@ std::vector<View> viewsOf(NewsDesk& news) {
         {"empty", [](WindowModel& model) { model.open(QStringLiteral("wire:saved")); }},
         {"failing", [](WindowModel& model) { model.open(QStringLiteral("source:webkit")); }},
         {"top-stories", [](WindowModel& model) { model.open(QStringLiteral("wire:top")); }},
+        {"sources", [](WindowModel& model) { model.open(QStringLiteral("page:sources")); }},
         {"status", [](WindowModel& model) { model.open(QStringLiteral("tracker:status")); }},
         {"software", [](WindowModel& model) { model.open(QStringLiteral("tracker:software")); }},
         {"markets", [](WindowModel& model) { model.open(QStringLiteral("tracker:markets")); }},

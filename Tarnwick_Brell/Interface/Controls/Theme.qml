@@ -245,6 +245,16 @@ QtObject {
     readonly property int leastTarget: 28
     readonly property int fieldHeight: scaled(32)
     readonly property int mainFieldHeight: scaled(36)
+    // Columns of the table of sources
+    readonly property int sourceSwitch: scaled(40)
+    readonly property int sourceName: scaled(150)
+    readonly property int sourceGroup: scaled(92)
+    readonly property int sourceTime: scaled(100)
+    readonly property int sourceNext: scaled(76)
+    readonly property int sourceCount: scaled(52)
+    readonly property int sourceMeasure: scaled(60)
+    readonly property int sourceState: scaled(140)
+
     readonly property int wordToken: scaled(24)
     readonly property int wordTokenLine: scaled(28)
     readonly property int wordTokenCross: scaled(10)

@@ -33,8 +33,10 @@ T.ItemDelegate {
     readonly property bool isFaded: mark === SourceMark.Never
 
     implicitHeight: Theme.sidebarItem + (isSection && index > 0 ? Theme.space2 : 0)
-    enabled: !isSection
-    hoverEnabled: !isSection
+    /// A label that leads to a page.
+    readonly property bool leads: isSection && key !== ""
+    enabled: !isSection || leads
+    hoverEnabled: enabled
     focusPolicy: Qt.NoFocus
     Accessible.role: isSection ? Accessible.Heading : Accessible.TreeItem
     Accessible.name: spokenText
@@ -49,10 +51,11 @@ T.ItemDelegate {
 
     background: Rectangle {
         anchors.fill: parent
+        anchors.topMargin: item.height - Theme.sidebarItem
         anchors.leftMargin: Theme.space2
         anchors.rightMargin: Theme.space2
         radius: Theme.radiusControl
-        color: item.isSection ? "transparent" : item.isCurrent ? Theme.navSelected
+        color: item.isSection && !item.leads ? "transparent" : item.isCurrent ? Theme.navSelected
              : item.down ? Theme.press : item.hovered ? Theme.press : "transparent"
         border.width: item.keyboardHere ? Theme.focusRing : 0
         border.color: Theme.accent
@@ -95,7 +98,7 @@ T.ItemDelegate {
             type: item.isSection ? DeskText.MetaStrong
                 : item.isGroup ? DeskText.BaseMedium
                 : item.isCurrent ? DeskText.BaseMedium : DeskText.Base
-            color: item.isSection || item.isFaded ? Theme.text3 : item.isGroup ? Theme.text2 : Theme.text1
+            color: item.isSection && item.isCurrent ? Theme.text1 : item.isSection || item.isFaded ? Theme.text3 : item.isGroup ? Theme.text2 : Theme.text1
             text: item.title
             Accessible.ignored: true
         }

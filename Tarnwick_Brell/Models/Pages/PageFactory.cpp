@@ -7,6 +7,7 @@
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SigningPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/SourcesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/UpdatesPageModel.h"
 
 namespace app {
@@ -31,6 +32,7 @@ const PageRow* rowOf(const Destination& place) {
         PageRow{"tracker:signing", pageOf<SigningPageModel>},
         PageRow{"tracker:updates", pageOf<UpdatesPageModel>},
         PageRow{"tracker:charts", pageOf<ChartsPageModel>},
+        PageRow{"page:sources", pageOf<SourcesPageModel>},
     };
     const auto key = place.key().toStdString();
     for (const auto& row : kPages) {

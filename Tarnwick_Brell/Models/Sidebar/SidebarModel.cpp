@@ -8,6 +8,7 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
 #include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
+#include "Tarnwick_Brell/Desk/SourceOverview.h"
 #include "Tarnwick_Brell/Models/Sidebar/TrackerPages.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
@@ -135,7 +136,9 @@ void SidebarModel::addBeats(std::vector<SidebarRow>& rows) const {
 }
 
 void SidebarModel::addSources(std::vector<SidebarRow>& rows) const {
-    rows.push_back(section(tr("Sources")));
+    auto sources = section(tr("Sources"));
+    sources.key = Destination{Kind::page, QStringLiteral("sources")}.key();
+    rows.push_back(std::move(sources));
     for (const auto& category : kit::enumTable<Category>) {
         std::vector<SidebarRow> members;
         int unread = 0;
@@ -186,11 +189,13 @@ QString SidebarModel::hintOf(const std::string& id) const {
 }
 
 SourceMark::Value SidebarModel::markOf(const std::string& id) const {
-    const auto& status = desk_.sourceStatus(id);
-    if (status.lastError) return SourceMark::Failing;
-    if (!status.lastSuccess) return SourceMark::Never;
-    const auto& full = desk_.sourceHealth(id).lastFullFetch;
-    return full && *full >= *status.lastSuccess ? SourceMark::Fresh : SourceMark::Unchanged;
+    switch (stateOf(desk_.sourceStatus(id), desk_.sourceHealth(id))) {
+        case SourceState::fresh: return SourceMark::Fresh;
+        case SourceState::unchanged: return SourceMark::Unchanged;
+        case SourceState::failing: return SourceMark::Failing;
+        case SourceState::never: return SourceMark::Never;
+    }
+    return SourceMark::Never;
 }
 
 void SidebarModel::addTrackers(std::vector<SidebarRow>& rows) const {

@@ -1,6 +1,7 @@
 // The effects of the window's actions.
 #include <QCoreApplication>
 
+#include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 
 namespace app {
@@ -112,6 +113,11 @@ void WindowModel::execute(Action action) {
         case DeskAction::CopyRow:
         case DeskAction::GoLive:
         case DeskAction::SaveCalendar:
+        case DeskAction::FetchSource:
+        case DeskAction::SwitchSource:
+        case DeskAction::RenameSource:
+        case DeskAction::RemoveSource:
+        case DeskAction::CopySourceReport:
             if (page_) page_->perform(action);
             break;
         case DeskAction::EndLive: refresh_.endLive(); break;
@@ -122,6 +128,9 @@ void WindowModel::execute(Action action) {
         case DeskAction::GoToUnread: open(Destination{Kind::unread, {}}); break;
         case DeskAction::GoToSaved: open(Destination{Kind::saved, {}}); break;
         case DeskAction::GoToTopStories: open(Destination{Kind::topStories, {}}); break;
+        case DeskAction::GoToSources:
+            open(Destination{Kind::page, QStringLiteral("sources")});
+            break;
         case DeskAction::SidebarItem1:
         case DeskAction::SidebarItem2:
         case DeskAction::SidebarItem3:
