@@ -9,6 +9,7 @@
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Storage/Settings/SettingKey.h"
 #include "Tarnwick_Brell/Trackers/RemovalConfirmation.h"
+#include "Tarnwick_Brell/Trackers/StatusWatch.h"
 
 namespace app {
 
@@ -56,19 +57,21 @@ std::string baseAt(const TrackedFiles& files) { return TrackerAPI::baseAt(files.
 
 TrackedFile<AppleServiceStatus::Services> TrackedFiles::status(kit::StatusFeed audience) const {
     const std::string name(rawValue(audience));
-    return {
-        .tracker = Tracker::status,
-        .name = "status/" + name,
-        .title = "Apple's " + name + " status",
-        .address = AppleStatusAPI::address(audience),
-        .fetch = [audience](HTTPClient& http) { return AppleStatusAPI{http}.fetch(audience); },
-        .parse = AppleServiceStatus::parse,
-        .emptyAnswer = EmptyAnswer::refused,
-        .isEmpty = isEmptyList,
-        .carryOverMissing = carryOverMissing,
-        .record = [audience](LocalStore& store, const auto&, const auto& services,
-                             Instant now) { store.incidents().record(audience, services, now); },
-        .comesFirst = audience == kit::StatusFeed::consumer};
+    return {.tracker = Tracker::status,
+            .name = "status/" + name,
+            .title = "Apple's " + name + " status",
+            .address = AppleStatusAPI::address(audience),
+            .fetch = [audience](HTTPClient& http) { return AppleStatusAPI{http}.fetch(audience); },
+            .parse = AppleServiceStatus::parse,
+            .emptyAnswer = EmptyAnswer::refused,
+            .isEmpty = isEmptyList,
+            .carryOverMissing = carryOverMissing,
+            .record =
+                [audience](LocalStore& store, const auto&, const auto& services, Instant now) {
+                    store.incidents().record(audience, services, now);
+                    extendWatch(store.state(), audience, now);
+                },
+            .comesFirst = audience == kit::StatusFeed::consumer};
 }
 
 TrackedFile<std::vector<PlatformRelease>> TrackedFiles::releases() const {

@@ -1,35 +1,16 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
-#include "NewsroomKit/Records/Codec.h"
 #include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
-#include "NewsroomKit/Trackers/Status/StatusFeed.h"
+#include "NewsroomKit/Trackers/Status/LoggedIncident.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
 
 namespace app {
 
-/// One incident of one service, from its beginning to its end.
-struct LoggedIncident {
-    kit::StatusFeed audience{};
-    std::string service{};
-    std::string report{};  ///< AppleServiceStatus::Report::id()
-    std::string kind{};
-    std::string message{};
-    // Apple's words:
-    std::optional<kit::Instant> started{};
-    std::optional<kit::Instant> ended{};
-    // What the desk saw:
-    kit::Instant firstSeen{};
-    kit::Instant lastSeen{};
-    std::optional<kit::Instant> endedSeen{};
-
-    bool operator==(const LoggedIncident&) const = default;
-};
+using kit::LoggedIncident;
 
 /// Every incident that the desk has seen, kept permanently. Apple's own files drop them after a
 /// while.
@@ -54,15 +35,3 @@ private:
 };
 
 }  // namespace app
-
-template <>
-struct kit::JSONFields<app::LoggedIncident> {
-    using Logged = app::LoggedIncident;
-    static constexpr auto fields = std::tuple{
-        field("audience", &Logged::audience), field("service", &Logged::service),
-        field("report", &Logged::report),     field("kind", &Logged::kind),
-        field("message", &Logged::message),   field("started", &Logged::started),
-        field("ended", &Logged::ended),       field("firstSeen", &Logged::firstSeen),
-        field("lastSeen", &Logged::lastSeen), field("endedSeen", &Logged::endedSeen),
-    };
-};
