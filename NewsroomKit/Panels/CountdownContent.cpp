@@ -44,10 +44,6 @@ int yearsIn(const std::string& title) {
     return 0;
 }
 
-bool canBeNext(const CountdownRow& row) {
-    return row.starts && !row.isReleased && !row.isAnniversary && row.days >= 0;
-}
-
 }  // namespace
 
 CountdownRow countdownRow(const AppleCalendarEvent& event,
@@ -63,6 +59,10 @@ CountdownRow countdownRow(const AppleCalendarEvent& event,
     }
     if (row.isAnniversary) row.years = yearsIn(event.title);
     return row;
+}
+
+bool canBeNext(const CountdownRow& row) {
+    return row.starts && !row.isReleased && !row.isAnniversary && row.days >= 0;
 }
 
 CountdownContent countdown(const std::vector<AppleCalendarEvent>& events,

@@ -27,9 +27,11 @@ struct CountdownRow {
 /// `daysUntil` says how many days of the reader's calendar lie between today and a moment.
 CountdownRow countdownRow(const AppleCalendarEvent& event,
                           const std::function<int(Instant)>& daysUntil);
+/// Anniversaries, rumored and released events are never the next.
+bool canBeNext(const CountdownRow& row);
 
 struct CountdownContent {
-    /// The next event with a date. Anniversaries, rumored and released ones are never the next.
+    /// The first event that can be it.
     std::optional<CountdownRow> next{};
     std::vector<CountdownRow> others{};  ///< the earliest first
 

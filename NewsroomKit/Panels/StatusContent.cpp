@@ -5,7 +5,6 @@ namespace kit {
 namespace {
 
 using Services = StatusContent::Services;
-using Report = AppleServiceStatus::Report;
 
 // Both files are fetched together; only a failure parts them.
 constexpr std::chrono::minutes kApart{30};
@@ -28,7 +27,9 @@ std::optional<Instant::duration> lasted(const AppleServiceStatus::Incident& inci
     return *end - *incident.started;
 }
 
-StatusContent::Incident incidentOf(const Report& report, Instant now) {
+}  // namespace
+
+StatusContent::Incident incidentOf(const AppleServiceStatus::Report& report, Instant now) {
     const auto& incident = report.incident;
     return {.service = report.service,
             .level = problemLevel(incident.kind),
@@ -37,8 +38,6 @@ StatusContent::Incident incidentOf(const Report& report, Instant now) {
             .started = incident.started,
             .lasted = lasted(incident, now)};
 }
-
-}  // namespace
 
 bool StatusContent::isAllUp() const {
     return condition.state == PanelState::ready && consumer && consumer->isUp() && developer &&

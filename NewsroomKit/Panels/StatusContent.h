@@ -54,4 +54,6 @@ struct StatusContent {
 StatusContent statusContent(const CachedValue<StatusContent::Services>& consumer,
                             const CachedValue<StatusContent::Services>& developer, Instant now);
 
+StatusContent::Incident incidentOf(const AppleServiceStatus::Report& report, Instant now);
+
 }  // namespace kit
