@@ -1,7 +1,7 @@
 import QtQuick
 
 /// A label of a story or a service. An outlined badge names its kind, a filled one its sourcing.
-/// `onSoft` is for cards that already have the soft fill: an outline in the mark's colour.
+/// `softGround` is for cards that already have the soft fill: an outline in the mark's colour.
 Rectangle {
     id: badge
 
@@ -9,7 +9,7 @@ Rectangle {
 
     required property string text
     property int kind: Badge.Outline
-    property bool onSoft: false
+    property bool softGround: false
 
     readonly property color fill: {
         switch (kind) {
@@ -44,7 +44,7 @@ Rectangle {
         default: return Theme.border;
         }
     }
-    readonly property bool outlined: onSoft || kind === Badge.Outline
+    readonly property bool outlined: softGround || kind === Badge.Outline
 
     implicitWidth: label.implicitWidth + 2 * Theme.badgePadding
     implicitHeight: Theme.badge

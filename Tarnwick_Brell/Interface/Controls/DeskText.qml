@@ -5,7 +5,7 @@ import QtQuick
 Text {
     enum Type {
         Meta, MetaMedium, MetaStrong, Secondary, SecondaryMedium, SecondaryStrong, Base, BaseMedium,
-        BaseStrong, Heading, Reader, Message, Title, Figure
+        BaseStrong, Heading, Reader, Message, Title, Figure, Countdown
     }
 
     property int type: DeskText.Base

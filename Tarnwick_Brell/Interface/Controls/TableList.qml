@@ -55,23 +55,29 @@ ListView {
     Keys.onDownPressed: step(1)
     Keys.onReturnPressed: if (currentIndex >= 0) opened(currentIndex)
     Keys.onEnterPressed: if (currentIndex >= 0) opened(currentIndex)
-    Keys.onPressed: event => {
-        event.accepted = true;
-        switch (event.key) {
+    Keys.onPressed: event => event.accepted = takesKey(event)
+
+    /// Whether a key was meant for the list; a list with keys of its own overrides it.
+    function takesKey(event: KeyEvent): bool {
+        return movedBy(event.key);
+    }
+
+    /// Whether it is a key that moves the choice.
+    function movedBy(key: int): bool {
+        switch (key) {
         case Qt.Key_Home:
             choose(nextRow(-1, 1));
-            break;
+            return true;
         case Qt.Key_End:
             choose(nextRow(count, -1));
-            break;
+            return true;
         case Qt.Key_PageDown:
             step(shownRows);
-            break;
+            return true;
         case Qt.Key_PageUp:
             step(-shownRows);
-            break;
-        default:
-            event.accepted = false;
+            return true;
         }
+        return false;
     }
 }

@@ -92,7 +92,8 @@ QtObject {
         TextStyle { size: 15; line: 24; scale: theme.fontScale },
         TextStyle { size: 18; line: 24; weight: Font.DemiBold; scale: theme.fontScale },
         TextStyle { size: 24; line: 32; weight: Font.DemiBold; spacing: -0.3; scale: theme.fontScale },
-        TextStyle { size: 24; line: 32; weight: Font.DemiBold; spacing: -0.3; scale: theme.fontScale }
+        TextStyle { size: 24; line: 32; weight: Font.DemiBold; spacing: -0.3; scale: theme.fontScale },
+        TextStyle { size: 48; line: 56; weight: Font.DemiBold; spacing: -0.3; scale: theme.fontScale }
     ]
     /// The line of a 13 px title or sentence inside a panel.
     readonly property int panelLine: scaled(18)
@@ -184,6 +185,35 @@ QtObject {
     readonly property int nameColumnLeast: scaled(120)
     readonly property int columnGap: 24
     readonly property int sectionLabel: scaled(28)
+    readonly property int serviceColumn: scaled(180)
+    readonly property int shareColumn: scaled(80)
+    readonly property int lastIncidentColumn: scaled(117)
+    /// Narrower than this, the days of a service are the last 30.
+    readonly property int daysLeast: 30
+    readonly property int tableTitle: scaled(44)
+    readonly property int calendarPane: scaled(288)
+    readonly property int calendarCell: scaled(12)
+    readonly property int calendarGap: 3
+    readonly property int coverageBar: 8
+    readonly property int coverageWidth: scaled(80)
+    readonly property int coverageShare: scaled(44)
+    readonly property int archiveTime: scaled(92)
+    readonly property list<real> levelOpacities: [0, 0.22, 0.42, 0.66, 1]
+    readonly property int platformCardLeast: scaled(150)
+    readonly property int platformCardHeight: scaled(172)
+    readonly property int cardGap: 12
+    readonly property int releasePlatform: scaled(120)
+    readonly property int releaseVersion: scaled(184)
+    readonly property int releaseBuild: scaled(96)
+    readonly property int releaseChannel: scaled(92)
+    readonly property int releaseAfter: scaled(104)
+    readonly property int releaseSeen: scaled(108)
+    readonly property int eventRow: scaled(52)
+    readonly property int eventDate: scaled(44)
+    readonly property int eventDays: scaled(88)
+    readonly property int nextEvent: scaled(132)
+    readonly property int nextEventDays: scaled(96)
+    readonly property int eventButtons: scaled(116)
     readonly property int barFieldWidth: scaled(180)
     readonly property int barFieldLeast: scaled(96)
 

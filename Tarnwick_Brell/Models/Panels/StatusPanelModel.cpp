@@ -11,15 +11,6 @@ namespace {
 
 using kit::StatusContent;
 
-ProblemLevel::Value levelOf(kit::ProblemLevel level) {
-    switch (level) {
-        case kit::ProblemLevel::issue: return ProblemLevel::Issue;
-        case kit::ProblemLevel::outage: return ProblemLevel::Outage;
-        case kit::ProblemLevel::maintenance: return ProblemLevel::Maintenance;
-    }
-    return ProblemLevel::Issue;
-}
-
 ProblemRow rowOf(const StatusContent::Incident& incident, kit::Instant now) {
     ProblemRow row{.service = titleText(incident.service),
                    .level = levelOf(incident.level),

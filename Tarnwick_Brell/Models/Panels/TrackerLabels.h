@@ -3,6 +3,7 @@
 #include <QObject>
 #include <qqmlregistration.h>
 
+#include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
 #include "Tarnwick_Brell/Presentation/PriceText.h"
 
 /// What views colour in trackers.
@@ -35,5 +36,14 @@ enum Value { Issue, Outage, Maintenance };
 Q_ENUM_NS(Value)
 
 }  // namespace ProblemLevel
+
+inline ProblemLevel::Value levelOf(kit::ProblemLevel level) {
+    switch (level) {
+        case kit::ProblemLevel::issue: return ProblemLevel::Issue;
+        case kit::ProblemLevel::outage: return ProblemLevel::Outage;
+        case kit::ProblemLevel::maintenance: return ProblemLevel::Maintenance;
+    }
+    return ProblemLevel::Issue;
+}
 
 }  // namespace app

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "Tarnwick_Brell/Presentation/PriceText.h"
+#include "Tarnwick_Brell/Presentation/CalendarDays.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
 namespace app {
@@ -132,6 +133,28 @@ TEST_F(Presentation, ChangesCarryASignAndWhatCannotBeMeasuredIsLeftOut) {
     }
     EXPECT_EQ(priceText(1234567.5), "1.234.567,50");
     EXPECT_EQ(priceText(1234567.5, plain_), "1,234,567.50");
+}
+
+TEST_F(Presentation, DaysBeginAtTheReadersMidnightAndAreShorterOrLongerWhenClocksChange) {
+    struct Case {
+        const char *zone, *now, *first, *last, *end;
+        int hours;
+    };
+    const Case cases[] = {
+        {"Asia/Tokyo", "2026-11-20T15:30:00Z", "2026-11-19T15:00:00Z", "2026-11-20T15:00:00Z",
+         "2026-11-21T15:00:00Z", 48},
+        {"Europe/Berlin", "2026-10-25T12:00:00Z", "2026-10-23T22:00:00Z", "2026-10-24T22:00:00Z",
+         "2026-10-25T23:00:00Z", 49},
+        {"America/New_York", "2026-03-08T12:00:00Z", "2026-03-07T05:00:00Z", "2026-03-08T05:00:00Z",
+         "2026-03-09T04:00:00Z", 47},
+    };
+    for (const auto& c : cases) {
+        setenv("TZ", c.zone, 1);
+        tzset();
+        const auto days = lastDays(at(c.now), 2);
+        EXPECT_EQ(days, (std::vector{at(c.first), at(c.last), at(c.end)})) << c.zone;
+        EXPECT_EQ((days.back() - days.front()) / std::chrono::hours(1), c.hours) << c.zone;
+    }
 }
 
 }  // namespace
