@@ -534,4 +534,79 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>app::ArchivePageModel</name>
+    <message numerus="yes">
+        <source>%n stories</source>
+        <translation>
+            <numerusform>%n story</numerusform>
+            <numerusform>%n stories</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::EventsPageModel</name>
+    <message numerus="yes">
+        <source>%n years</source>
+        <translation>
+            <numerusform>%n year</numerusform>
+            <numerusform>%n years</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n stories that day</source>
+        <translation>
+            <numerusform>%n story that day</numerusform>
+            <numerusform>%n stories that day</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::SoftwarePageModel</name>
+    <message numerus="yes">
+        <source>%n days</source>
+        <translation>
+            <numerusform>%n day</numerusform>
+            <numerusform>%n days</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::StatusPageModel</name>
+    <message numerus="yes">
+        <source>%n services without an incident that is known</source>
+        <translation>
+            <numerusform>%n service without an incident that is known</numerusform>
+            <numerusform>%n services without an incident that is known</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n problems</source>
+        <translation>
+            <numerusform>%n problem</numerusform>
+            <numerusform>%n problems</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n more services without an incident that is known</source>
+        <translation>
+            <numerusform>%n more service without an incident that is known</numerusform>
+            <numerusform>%n more services without an incident that is known</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n in 90 days</source>
+        <translation>
+            <numerusform>%n in 90 days</numerusform>
+            <numerusform>%n in 90 days</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days</source>
+        <translation>
+            <numerusform>%n day</numerusform>
+            <numerusform>%n days</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

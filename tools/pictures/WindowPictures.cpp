@@ -15,6 +15,7 @@
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/Arguments/Arguments.h"
+#include "Tarnwick_Brell/Models/Pages/ArchivePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
@@ -22,6 +23,7 @@
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/Translations.h"
+#include "tools/pictures/PastMonths.h"
 
 namespace {
 
@@ -154,6 +156,12 @@ std::vector<View> viewsOf(NewsDesk& news) {
              model.open(QStringLiteral(""));
              model.actions()->trigger(DeskAction::NewNewsroom);
          }},
+        {"archive",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("page:archive"));
+             const auto* page = qobject_cast<ArchivePageModel*>(model.page());
+             waitUntil("the archive", [&] { return !page->isAsking(); });
+         }},
         {"palette",
          [&news](WindowModel& model) {
              model.open(QStringLiteral("wire:all"));
@@ -202,6 +210,10 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
     QGuiApplication::setFont(font);
     QDir().mkpath(QString::fromStdString(folder));
     installTranslations();
+    {
+        LocalStore store(launch.paths().library, Database::Access::readWrite);
+        addPastMonths(store, currentInstant());
+    }
     AppEnvironment environment({.paths = launch.paths(),
                                 .network = std::move(network),
                                 .clock = &currentInstant,

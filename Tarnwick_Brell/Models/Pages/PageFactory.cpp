@@ -3,11 +3,15 @@
 #include <array>
 #include <string_view>
 
+#include "Tarnwick_Brell/Models/Pages/ArchivePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/ChartsPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/EventsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SigningPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/SoftwarePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SourcesPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/StatusPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/UpdatesPageModel.h"
 
 namespace app {
@@ -33,6 +37,10 @@ const PageRow* rowOf(const Destination& place) {
         PageRow{"tracker:updates", pageOf<UpdatesPageModel>},
         PageRow{"tracker:charts", pageOf<ChartsPageModel>},
         PageRow{"page:sources", pageOf<SourcesPageModel>},
+        PageRow{"tracker:status", pageOf<StatusPageModel>},
+        PageRow{"tracker:software", pageOf<SoftwarePageModel>},
+        PageRow{"tracker:events", pageOf<EventsPageModel>},
+        PageRow{"page:archive", pageOf<ArchivePageModel>},
     };
     const auto key = place.key().toStdString();
     for (const auto& row : kPages) {

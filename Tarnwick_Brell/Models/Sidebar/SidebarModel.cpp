@@ -46,6 +46,12 @@ SidebarRow itemRow(const Destination& place, const QString& title, QString symbo
             .spokenText = count > 0 ? title + QStringLiteral(", ") + spokenCount : title};
 }
 
+void addArchive(std::vector<SidebarRow>& rows) {
+    rows.push_back(section(SidebarModel::tr("Archive")));
+    rows.push_back(itemRow({Kind::page, QStringLiteral("archive")},
+                           SidebarModel::tr("Stories by period"), QStringLiteral("clock")));
+}
+
 QString markName(SourceMark::Value mark) {
     switch (mark) {
         case SourceMark::None: return {};
@@ -92,6 +98,7 @@ void SidebarModel::rebuild() {
     addBeats(rows);
     addSources(rows);
     addTrackers(rows);
+    addArchive(rows);
     for (auto& row : rows) row.isCurrent = !row.key.isEmpty() && row.key == current_;
     rows_.setRows(std::move(rows));
     foot_ = footText();
@@ -232,6 +239,7 @@ std::vector<SidebarModel::NamedDestination> SidebarModel::destinations() const {
         if (desk_.enabledSourceIDs().contains(source.id)) rows.push_back(sourceRow(source));
     }
     addTrackers(rows);
+    addArchive(rows);
     std::vector<NamedDestination> destinations;
     for (const auto& row : rows) {
         if (const auto place = Destination::fromKey(row.key)) {
