@@ -5,37 +5,33 @@
 
 namespace app {
 
-LineChartItem::LineChartItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
-    setAntialiasing(true);
-}
-
 void LineChartItem::paint(QPainter* painter) {
     if (points_.isEmpty()) return;
     painter->setRenderHint(QPainter::Antialiasing);
     // A line on the edge would lose half of its width.
-    const double inset = lineWidth_ / 2;
+    const double inset = lineWidth() / 2;
     QPolygonF line;
     for (const auto& point : points_) {
         line << QPointF(point.x() * width(), inset + point.y() * (height() - 2 * inset));
     }
     if (line.size() == 1) {
         painter->setPen(Qt::NoPen);
-        painter->setBrush(color_);
-        const auto radius = 2 * lineWidth_;
+        painter->setBrush(color());
+        const auto radius = 2 * lineWidth();
         painter->drawEllipse(line.first(), radius, radius);
         return;
     }
     if (fillOpacity_ > 0) {
         auto area = line;
         area << QPointF(line.last().x(), height()) << QPointF(line.first().x(), height());
-        auto fill = color_;
+        auto fill = color();
         fill.setAlphaF(static_cast<float>(fillOpacity_));
         painter->setPen(Qt::NoPen);
         painter->setBrush(fill);
         painter->drawPolygon(area);
     }
     painter->setBrush(Qt::NoBrush);
-    QPen pen(color_, lineWidth_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    QPen pen(color(), lineWidth(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     if (!dashes_.isEmpty()) {
         pen.setDashPattern(dashes_);
         pen.setCapStyle(Qt::FlatCap);
