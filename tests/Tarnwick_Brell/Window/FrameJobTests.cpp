@@ -1,13 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <QAccessible>
-#include <QQmlEngine>
-#include <QQuickItem>
-#include <QTest>
-
-#include "Tarnwick_Brell/Window/DeskWindow.h"
-#include "tests/support/models/TestStories.h"
-#include "tests/support/EventLoop.h"
+#include "tests/Tarnwick_Brell/Window/WindowJobTest.h"
 
 namespace app {
 namespace {
@@ -16,58 +9,17 @@ using namespace test;
 using ::test::until;
 
 /// What surrounds the pages: undo, the sidebar, menus, dropping.
-class FrameJobTest : public ::testing::Test {
+class FrameJobTest : public WindowJobTest {
 protected:
     void SetUp() override {
         harness_.tell(
             harness_.story("tide", 60, "Lantern maker opens a harbour office in Larwick"));
         harness_.tell(harness_.story("post", 74, "Lantern maker opens harbour office in Larwick"));
         harness_.tell(harness_.story("tide", 90, "Kelp prices fall for a third week"));
-        harness_.open();
-        model_ = std::make_unique<WindowModel>(DeskStores{.news = *harness_.news,
-                                                          .trackers = *harness_.trackers,
-                                                          .newsrooms = *harness_.newsrooms,
-                                                          .defaults = harness_.defaults,
-                                                          .clock = harness_.desk.clock(),
-                                                          .undo = undo_});
-        QObject::connect(model_.get(), &WindowModel::noticed,
-                         [this](const QString& sentence) { noticed_ << sentence; });
+        openWindow();
         model_->open(QStringLiteral("wire:all"));
-        window_ = std::make_unique<DeskWindow>(*model_);
-        QObject::connect(qmlEngine(&window()), &QQmlEngine::warnings, [](const auto& warnings) {
-            for (const auto& warning : warnings) ADD_FAILURE() << warning.toString().toStdString();
-        });
-        window_->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
         ASSERT_TRUE(until([&] { return model_->storyList()->list()->count() == 3; }));
     }
-
-    QQuickWindow& window() { return window_->window(); }
-    void press(int key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(&window(), static_cast<Qt::Key>(key), modifiers);
-    }
-    static QQuickItem* below(QQuickItem* item, const QString& name) {
-        if (!item->isVisible()) return nullptr;
-        auto* face = QAccessible::queryAccessibleInterface(item);
-        if (face && face->text(QAccessible::Name) == name) return item;
-        for (auto* child : item->childItems()) {
-            if (auto* found = below(child, name)) return found;
-        }
-        return nullptr;
-    }
-    bool isSeen(const QString& name) { return below(window().contentItem(), name) != nullptr; }
-    void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) {
-        ASSERT_TRUE(until([&] { return isSeen(name); })) << name.toStdString();
-        auto* item = below(window().contentItem(), name);
-        const auto middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
-        QTest::mouseClick(&window(), button, {}, middle.toPoint());
-    }
-
-    TestStories harness_;
-    UndoStack undo_;
-    std::unique_ptr<WindowModel> model_;
-    std::unique_ptr<DeskWindow> window_;
-    QStringList noticed_;
 };
 
 TEST_F(FrameJobTest, TheNoticeUndoesItsOwnStepAndTheKeysUndoAndRedo) {
@@ -77,7 +29,7 @@ TEST_F(FrameJobTest, TheNoticeUndoesItsOwnStepAndTheKeysUndoAndRedo) {
     EXPECT_EQ(model_->actions()->title(DeskAction::Undo), "Undo Save story");
     int panels = 1;
     undo_.push({.text = "Remove panel", .undo = [&] { ++panels; }, .redo = [&] { --panels; }});
-    EXPECT_TRUE(until([&] { return !isSeen("Undo"); })) << "the notice about the story has gone";
+    EXPECT_TRUE(until([&] { return !named("Undo"); })) << "the notice about the story has gone";
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(panels, 2);
     EXPECT_TRUE(harness_.news->isSaved(id));

@@ -25,6 +25,8 @@ protected:
                                                           .defaults = harness_.defaults,
                                                           .clock = harness_.desk.clock(),
                                                           .undo = undo_});
+        QObject::connect(model_.get(), &WindowModel::noticed,
+                         [this](const QString& sentence) { noticed_ << sentence; });
         model_->open(model_->state()->place());
         window_ = std::make_unique<DeskWindow>(*model_);
         QObject::connect(qmlEngine(&window()), &QQmlEngine::warnings, [](const auto& warnings) {
@@ -62,10 +64,15 @@ protected:
     static QPoint middleOf(QQuickItem& item) {
         return item.mapToScene(QPointF(item.width() / 2, item.height() / 2)).toPoint();
     }
+    /// What a screen reader says of the item with the focus.
+    QString spokenFocus() {
+        auto* face = QAccessible::queryAccessibleInterface(window().activeFocusItem());
+        return face ? face->text(QAccessible::Description) : QString();
+    }
     /// Once it is there.
-    void click(const QString& name) {
+    void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) {
         ASSERT_TRUE(::test::until([&] { return named(name) != nullptr; })) << name.toStdString();
-        QTest::mouseClick(&window(), Qt::LeftButton, {}, middleOf(*named(name)));
+        QTest::mouseClick(&window(), button, {}, middleOf(*named(name)));
     }
     /// The pointer goes there in steps, as a hand does.
     void dragTo(QPoint from, QPoint to) {
@@ -80,6 +87,7 @@ protected:
     UndoStack undo_;
     std::unique_ptr<WindowModel> model_;
     std::unique_ptr<DeskWindow> window_;
+    QStringList noticed_;  ///< the sentences that the window has shown in passing
 };
 
 }  // namespace app::test
