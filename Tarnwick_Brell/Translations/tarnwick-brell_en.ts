@@ -83,23 +83,6 @@
     </message>
 </context>
 <context>
-    <name>app::ChartPanelModel</name>
-    <message numerus="yes">
-        <source>up %n places</source>
-        <translation>
-            <numerusform>up %n place</numerusform>
-            <numerusform>up %n places</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>down %n places</source>
-        <translation>
-            <numerusform>down %n place</numerusform>
-            <numerusform>down %n places</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
     <name>app::FilterOptions</name>
     <message numerus="yes">
         <source>%1 and %n more</source>

@@ -63,15 +63,6 @@ void NewsroomModel::show(const kit::NewsroomSpec& spec) {
     isSame ? merge(std::move(panels)) : replace(std::move(panels));
 }
 
-void NewsroomModel::show(const BuiltInPage& page) {
-    std::vector<Panel> panels;
-    for (const auto& panel : page.panels) panels.push_back(make(panel));
-    spec_ = {};
-    title_ = page.title;
-    fault_.clear();
-    replace(std::move(panels));
-}
-
 void NewsroomModel::showFault(const QString& name, const QString& fault) {
     clear();
     title_ = name;
@@ -167,15 +158,6 @@ NewsroomModel::Panel NewsroomModel::make(const kit::PanelSpec& spec, const kit::
             {},
             plainText(kindRow(spec.kind).symbol),
             connected(makePanelModel(stores_, spec, query))};
-}
-
-NewsroomModel::Panel NewsroomModel::make(const BuiltInPage::Panel& panel) {
-    return {{.title = panel.title.toStdString(), .frame = panel.frame},
-            {},
-            panel.frame,
-            {},
-            panel.symbol,
-            connected(makePageModel(stores_, panel.content))};
 }
 
 std::unique_ptr<PanelModel> NewsroomModel::connected(std::unique_ptr<PanelModel> content) {

@@ -12,7 +12,6 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
 #include "NewsroomKit/Newsrooms/PanelPlacement.h"
-#include "Tarnwick_Brell/Models/Newsrooms/BuiltInPage.h"
 #include "Tarnwick_Brell/Models/Panels/PanelModel.h"
 
 namespace app {
@@ -52,7 +51,6 @@ public:
     /// show(). `held` is the dragged one. Entries beyond the panels are ignored.
     void preview(const kit::Placement& layout, std::optional<std::size_t> held);
     void endPreview();
-    void show(const BuiltInPage& page);
     /// Instead of one that can't be read.
     void showFault(const QString& name, const QString& fault);
     void clear();
@@ -89,7 +87,6 @@ private:
     };
 
     Panel make(const kit::PanelSpec& spec, const kit::StoryQuery& query);
-    Panel make(const BuiltInPage::Panel& panel);
     std::unique_ptr<PanelModel> connected(std::unique_ptr<PanelModel> content);
     void replace(std::vector<Panel> panels);
     void merge(std::vector<Panel> panels);

@@ -2,14 +2,12 @@
 
 #include "Tarnwick_Brell/Models/Panels/BackendPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/BriefPanelModel.h"
-#include "Tarnwick_Brell/Models/Panels/ChartPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/ClaimsPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/CountdownPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/CoveragePanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/RecordsPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/ReleasesPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/ScoopsPanelModel.h"
-#include "Tarnwick_Brell/Models/Panels/SignedPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/SoftwarePanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/StatusPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/StockPanelModel.h"
@@ -60,14 +58,6 @@ std::unique_ptr<PanelModel> makePanelModel(const PanelStores& stores, const kit:
     }
     // clang-format on
     return nullptr;
-}
-
-std::unique_ptr<PanelModel> makePageModel(const PanelStores& stores, const PageContent& content) {
-    if (const auto* kind = std::get_if<kit::PanelKind>(&content))
-        return makePanelModel(stores, {.kind = *kind}, {});
-    if (const auto* chart = std::get_if<kit::AppStoreCharts::Kind>(&content))
-        return std::make_unique<ChartPanelModel>(stores, *chart);
-    return std::make_unique<SignedPanelModel>(stores);
 }
 
 }  // namespace app

@@ -12,6 +12,21 @@ namespace app {
 
 using Kind = Destination::Kind;
 
+namespace {
+
+constexpr std::int64_t kOnlyPanelRows = 6;
+
+/// A newsroom of the desk's own with that panel alone, over the whole page.
+kit::NewsroomSpec onlyPanel(kit::PanelKind kind) {
+    kit::NewsroomSpec spec{.name = std::string(kindRow(kind).label)};
+    spec.panels.push_back({.kind = kind,
+                           .title = spec.name,
+                           .frame = {.width = kit::kGridColumns, .height = kOnlyPanelRows}});
+    return spec;
+}
+
+}  // namespace
+
 WindowModel::WindowModel(const DeskStores& stores)
     : stores_(stores),
       sidebar_(stores.news, stores.newsrooms, stores.trackers),
@@ -162,12 +177,7 @@ void WindowModel::closeSheet() {
 
 void WindowModel::showNewsroom() {
     if (place_.kind == Kind::topStories) {
-        newsroom_.show(pageOf(kit::PanelKind::topStories));
-    } else if (place_.kind == Kind::tracker) {
-        const auto id = place_.id.toStdString();
-        for (const auto& tracker : trackerPages()) {
-            if (tracker.id == id) newsroom_.show(pageOf(tracker));
-        }
+        newsroom_.show(onlyPanel(kit::PanelKind::topStories));
     } else if (const auto* entry = stores_.newsrooms.newsrooms().find(place_.id.toStdString())) {
         if (entry->value) {
             newsroom_.show(*entry->value);
