@@ -1,4 +1,5 @@
 import QtQuick
+import TarnwickBrell.Controls
 
 /// The days of a service, one cell each, of which one can be read: by the pointer, or by the keys of
 /// the list that sets `reading`. Whoever shows the cells gives the text of that day.

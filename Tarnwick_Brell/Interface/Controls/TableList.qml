@@ -7,6 +7,10 @@ ListView {
     id: list
 
     property string label
+    /// Stand above the first row and below the last, and scroll with them: Qt 6.4 never loads a
+    /// `header` that is bound to its file.
+    property Item head: null
+    property Item foot: null
     readonly property int shownRows: Math.max(1, Math.floor(height / Theme.tableRow) - 1)
 
     signal opened(row: int)
@@ -41,6 +45,8 @@ ListView {
         choose(row);
     }
 
+    topMargin: head ? head.height : 0
+    bottomMargin: foot ? foot.height : 0
     clip: true
     focus: true
     activeFocusOnTab: true
@@ -49,6 +55,33 @@ ListView {
     keyNavigationEnabled: false
     currentIndex: -1
     T.ScrollBar.vertical: ThinScrollBar {}
+    onTopMarginChanged: if (currentIndex < 0) positionViewAtBeginning()
+
+    Binding {
+        target: list.head
+        when: list.head !== null
+        property: "parent"
+        value: list.contentItem
+    }
+    Binding {
+        target: list.head
+        when: list.head !== null
+        property: "y"
+        value: list.originY - list.topMargin
+    }
+    Binding {
+        target: list.foot
+        when: list.foot !== null
+        property: "parent"
+        value: list.contentItem
+    }
+    Binding {
+        target: list.foot
+        when: list.foot !== null
+        property: "y"
+        value: list.originY + list.contentHeight
+    }
+
     Accessible.role: Accessible.List
     Accessible.name: label
     Keys.onUpPressed: step(-1)

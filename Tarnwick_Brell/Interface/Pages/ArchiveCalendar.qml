@@ -10,7 +10,7 @@ FocusScope {
 
     required property ArchivePageModel content
 
-    signal left
+    signal leftForList
 
     Accessible.role: Accessible.Grouping
     Accessible.name: qsTr("Calendar, %1").arg(content.periodText)
@@ -30,8 +30,8 @@ FocusScope {
         Keys.onRightPressed: calendar.content.moveDays(1)
         Keys.onUpPressed: calendar.content.moveDays(-7)
         Keys.onDownPressed: calendar.content.moveDays(7)
-        Keys.onReturnPressed: calendar.left()
-        Keys.onEscapePressed: calendar.left()
+        Keys.onReturnPressed: calendar.leftForList()
+        Keys.onEscapePressed: calendar.leftForList()
         Keys.onPressed: event => {
             event.accepted = true;
             switch (event.key) {

@@ -44,7 +44,7 @@ PageBody {
         height: parent.height
         visible: page.hasCalendar || page.showsCalendar
         content: page.content
-        onLeft: page.switchPane()
+        onLeftForList: page.switchPane()
     }
     Hairline {
         vertical: true

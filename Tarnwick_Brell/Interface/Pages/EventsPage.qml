@@ -32,12 +32,12 @@ PageBody {
         onCurrentIndexChanged: page.content.row = currentIndex
         onOpened: row => page.content.openRow(row)
 
-        header: NextEvent {
+        head: NextEvent {
             width: list.width
             content: page.content
             pale: page.pale
         }
-        footer: Item {
+        foot: Item {
             width: list.width
             height: nothing.visible ? nothing.height + 2 * Theme.space8 : Theme.space5
 

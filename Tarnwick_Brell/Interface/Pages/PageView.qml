@@ -46,7 +46,8 @@ FocusScope {
 
         anchors.fill: parent
         anchors.topMargin: failure.y + failure.height
-        focus: true
+        // Not simply true: what was not visible does not get the active focus back when it is.
+        focus: visible
         visible: view.hasContent
     }
     PanelSkeleton {

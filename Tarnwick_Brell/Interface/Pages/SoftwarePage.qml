@@ -44,7 +44,7 @@ PageBody {
         onCurrentIndexChanged: page.content.row = currentIndex
         onOpened: row => page.content.openRow(row)
 
-        header: Column {
+        head: Column {
             width: list.width
 
             Rectangle {
@@ -116,7 +116,7 @@ PageBody {
                 }
             }
         }
-        footer: Item {
+        foot: Item {
             width: list.width
             height: nothing.visible ? nothing.height + 2 * Theme.space8 : Theme.space5
 

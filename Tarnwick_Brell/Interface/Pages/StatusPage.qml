@@ -59,7 +59,7 @@ PageBody {
             focus: true
             label: qsTr("Services")
             model: page.content.rows
-            header: Item {
+            head: Item {
                 width: list.width
                 height: logButton.visible ? Theme.tableTitle : 0
 
@@ -76,7 +76,7 @@ PageBody {
                     onClicked: split.openPane()
                 }
             }
-            footer: StatusLegend {
+            foot: StatusLegend {
                 width: list.width
             }
             onCurrentIndexChanged: reading = -1

@@ -6,6 +6,7 @@
 
 #include "Tarnwick_Brell/Models/Panels/PanelStoryCollector.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
+#include "Tarnwick_Brell/Models/Rows/EndLater.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -96,7 +97,7 @@ void NewsroomModel::merge(std::vector<Panel> panels) {
         if (i < panels_.size() && panels_[i].spec.id == panels[i].spec.id) {
             std::swap(panels_[i], panels[i]);
             emit dataChanged(index(row), index(row));
-            if (panels[i].content) panels[i].content.release()->deleteLater();
+            endLater(std::move(panels[i].content), *this);
         } else {
             beginInsertRows({}, row, row);
             panels_.insert(panels_.begin() + row, std::move(panels[i]));
@@ -114,10 +115,10 @@ void NewsroomModel::removeMissing(const std::vector<Panel>& panels) {
         });
         if (stays) continue;
         beginRemoveRows({}, row, row);
-        auto* content = panel.content.release();
+        auto content = std::move(panel.content);
         panels_.erase(panels_.begin() + row);
         endRemoveRows();
-        if (content) content->deleteLater();
+        endLater(std::move(content), *this);
     }
 }
 
@@ -145,9 +146,7 @@ void NewsroomModel::replace(std::vector<Panel> panels) {
     beginResetModel();
     std::swap(panels_, panels);
     endResetModel();
-    for (auto& old : panels) {
-        if (old.content) old.content.release()->deleteLater();
-    }
+    for (auto& old : panels) endLater(std::move(old.content), *this);
     emit specChanged();
 }
 

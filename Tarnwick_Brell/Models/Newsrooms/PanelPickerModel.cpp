@@ -5,6 +5,7 @@
 
 #include "NewsroomKit/Newsrooms/PanelSettings.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
+#include "Tarnwick_Brell/Models/Rows/EndLater.h"
 #include "Tarnwick_Brell/Presentation/EmptyText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
@@ -49,7 +50,7 @@ void PanelPickerModel::showPreview() {
     if (isOpen_ && choice && choice->reason.isEmpty())
         preview_ = makePanelModel(stores_, {.kind = choice->kind}, focus_);
     emit currentChanged();
-    if (old) old.release()->deleteLater();
+    endLater(std::move(old), *this);
 }
 
 void PanelPickerModel::add(int row) {

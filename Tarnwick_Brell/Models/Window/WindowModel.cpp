@@ -4,6 +4,7 @@
 
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "Tarnwick_Brell/Models/Pages/PageFactory.h"
+#include "Tarnwick_Brell/Models/Rows/EndLater.h"
 #include "Tarnwick_Brell/Models/Sheets/SheetFactory.h"
 #include "Tarnwick_Brell/Models/Sidebar/TrackerPages.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -139,7 +140,7 @@ void WindowModel::open(const Destination& place) {
 
 /// The view lets go of the old page when it hears of the new place; it ends after that.
 void WindowModel::showPage() {
-    if (page_) page_.release()->deleteLater();
+    endLater(std::move(page_), *this);
     page_ = makePage(stores_, place_);
     if (!page_) return;
     connect(page_.get(), &PageModel::storyWanted, this, &WindowModel::openStory);
@@ -171,7 +172,7 @@ bool WindowModel::showSheet(const QString& key) {
 
 void WindowModel::closeSheet() {
     if (!sheet_) return;
-    sheet_.release()->deleteLater();
+    endLater(std::move(sheet_), *this);
     emit sheetChanged();
 }
 

@@ -35,7 +35,7 @@ protected:
         harness_.defaults.set("signingDevices", "iPhone18,3");
         for (const char* chart : {"top-free", "top-paid"}) {
             script.on("rss.marketingtools.apple.com",
-                      std::string("/api/v2/us/apps/") + chart + "/100/apps.json",
+                      std::string("/api/v2/us/apps/") + chart + "/25/apps.json",
                       {{.body = chartBody(chart[4] == 'f' ? "a b c" : "x y z")}});
         }
         openWindow();
@@ -72,7 +72,8 @@ TEST_F(TrackerPageJobTest, TheDaysOfAServiceAreReadWithTheArrowKeys) {
     EXPECT_EQ(reading(), 89) << "today first";
     press(Qt::Key_Left);
     EXPECT_EQ(reading(), 88);
-    EXPECT_TRUE(page->dayText(row, 88).contains("not watching")) << "never up where nobody looked";
+    EXPECT_TRUE(until([&] { return page->dayText(row, 88).contains("not watching"); }))
+        << "never up where nobody looked: " << page->dayText(row, 88).toStdString();
     press(Qt::Key_Home);
     EXPECT_EQ(reading(), 0);
     press(Qt::Key_End);
@@ -99,6 +100,7 @@ TEST_F(TrackerPageJobTest, AReleaseIsCopiedAndTheDeskGoesLiveAndEndsWithKeys) {
 TEST_F(TrackerPageJobTest, CellsOfTheSigningMatrixAreReadAndDevicesChosenByKeys) {
     auto& page = open<SigningPageModel>("tracker:signing");
     ASSERT_TRUE(until([&] { return page.rows()->rowCount() == 1 && page.columnCount() == 2; }));
+    ASSERT_TRUE(until([&] { return list() != nullptr; }));
     press(Qt::Key_Down);
     press(Qt::Key_Right);
     EXPECT_EQ(spokenFocus(), "Phone, 27.1 (B27.1): Signed");

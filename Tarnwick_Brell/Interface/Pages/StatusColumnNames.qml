@@ -1,0 +1,39 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import TarnwickBrell.Controls
+
+/// The names of the columns above the services.
+TableHeader {
+    id: header
+
+    required property StatusRow row
+
+    ColumnName {
+        x: header.row.columns.nameX
+        text: qsTr("Service")
+    }
+    Repeater {
+        model: header.row.columns.days === header.row.columns.allDays ? header.row.dayNames : [header.row.dayNames[2]]
+
+        ColumnName {
+            required property string modelData
+            required property int index
+
+            x: header.row.columns.cellsX + index * Theme.daysLeast * header.row.columns.pitch
+            text: modelData
+        }
+    }
+    ColumnName {
+        x: header.row.columns.cellsX + header.row.columns.cellsWidth - width
+        text: qsTr("Today")
+    }
+    ColumnName {
+        x: header.row.columns.shareX + Theme.shareColumn - width
+        visible: header.row.columns.hasShare
+        text: header.row.share
+    }
+    ColumnName {
+        x: header.row.columns.lastX
+        text: qsTr("Last incident")
+    }
+}
