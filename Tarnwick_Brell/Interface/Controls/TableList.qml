@@ -24,12 +24,16 @@ ListView {
             row += by;
         return row >= 0 && row < count ? row : -1;
     }
+    /// With the head; positionViewAtBeginning() leaves margins out.
+    function showTop() {
+        contentY = originY - topMargin;
+    }
     function choose(row: int) {
         if (row < 0)
             return;
         currentIndex = row;
         if (nextRow(row, -1) < 0)
-            positionViewAtBeginning();
+            showTop();
         else
             positionViewAtIndex(row, ListView.Contain);
     }
@@ -55,7 +59,7 @@ ListView {
     keyNavigationEnabled: false
     currentIndex: -1
     T.ScrollBar.vertical: ThinScrollBar {}
-    onTopMarginChanged: if (currentIndex < 0) positionViewAtBeginning()
+    onTopMarginChanged: if (currentIndex < 0) showTop()
 
     Binding {
         target: list.head

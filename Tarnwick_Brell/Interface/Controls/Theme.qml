@@ -185,7 +185,7 @@ QtObject {
     readonly property int nameColumnLeast: scaled(120)
     readonly property int columnGap: 24
     readonly property int sectionLabel: scaled(28)
-    readonly property int serviceColumn: scaled(180)
+    readonly property int serviceColumn: scaled(176)
     readonly property int shareColumn: scaled(80)
     readonly property int lastIncidentColumn: scaled(117)
     /// Narrower than this, the days of a service are the last 30.

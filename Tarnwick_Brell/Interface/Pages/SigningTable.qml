@@ -59,7 +59,6 @@ FocusScope {
         anchors.topMargin: header.height
         label: qsTr("Firmware that is signed")
         model: table.content.rows
-        Accessible.description: table.content.spokenCell(currentIndex, table.reached)
         Keys.onLeftPressed: table.reach(table.reached - 1)
         Keys.onRightPressed: table.reach(table.reached + 1)
 
@@ -75,6 +74,11 @@ FocusScope {
             required property int index
 
             width: rows.width
+            // The list gives it the focus while it is the current one.
+            Accessible.role: Accessible.ListItem
+            Accessible.name: spokenText
+            Accessible.description: rows.currentIndex === index ? table.content.spokenCell(index, table.reached) : ""
+            Accessible.focusable: true
 
             SectionLabel {
                 width: parent.width

@@ -60,7 +60,8 @@ PageBody {
 
                     x: Theme.gridPadding
                     y: Theme.gridPadding
-                    columns: most >= repeater.count ? Math.max(1, repeater.count) : Math.max(1, Math.min(3, most))
+                    // Rows of about the same length.
+                    columns: Math.max(1, Math.ceil(repeater.count / Math.ceil(repeater.count / Math.max(1, most))))
                     spacing: Theme.cardGap
 
                     Repeater {

@@ -2,22 +2,28 @@ import QtQuick
 import TarnwickBrell.Controls
 
 /// Shows or hides the services without an incident.
-PlainButton {
-    id: foldButton
+TableRow {
+    id: line
 
     required property StatusRow row
 
-    implicitHeight: Theme.tableRow
-    text: foldButton.row.title
-    onClicked: foldButton.row.activated()
-    Accessible.description: foldButton.row.isOpen ? qsTr("Open") : qsTr("Closed")
+    spokenText: line.row.spokenText
+    listFocused: line.row.listFocused
+    isCurrent: line.row.isCurrent
+    ground: line.row.ground
+    hasLine: false
+    onChosen: {
+        line.row.chosen();
+        line.row.activated();
+    }
+    Accessible.description: line.row.isOpen ? qsTr("Open") : qsTr("Closed")
     contentItem: Item {
         Symbol {
             id: arrow
 
             x: Theme.gridPadding
             anchors.verticalCenter: parent.verticalCenter
-            name: foldButton.row.isOpen ? "chevron.down" : "chevron.right"
+            name: line.row.isOpen ? "chevron.down" : "chevron.right"
             size: Theme.iconInMeta
         }
         DeskText {
@@ -25,13 +31,9 @@ PlainButton {
             width: parent.width - x - Theme.gridPadding
             anchors.verticalCenter: parent.verticalCenter
             type: DeskText.Secondary
-            text: foldButton.row.title
+            text: line.row.title
             color: Theme.text2
             Accessible.ignored: true
         }
-    }
-    FocusRing {
-        control: foldButton
-        inside: true
     }
 }

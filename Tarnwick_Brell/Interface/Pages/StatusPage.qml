@@ -40,7 +40,7 @@ PageBody {
             property int reading: -1
 
             function canChoose(row: int): bool {
-                return page.content.isService(row);
+                return page.content.isService(row) || page.content.isFold(row);
             }
             function read(day: int) {
                 if (currentIndex >= 0)
@@ -80,6 +80,7 @@ PageBody {
                 width: list.width
             }
             onCurrentIndexChanged: reading = -1
+            onOpened: row => page.content.activate(row)
             Keys.onLeftPressed: read(reading < 0 ? places.allDays - 1 : reading - 1)
             Keys.onRightPressed: read(reading < 0 ? places.allDays - 1 : reading + 1)
             Keys.onShortcutOverride: event => event.accepted = reading >= 0 && event.key === Qt.Key_Escape

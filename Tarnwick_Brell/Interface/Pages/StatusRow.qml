@@ -41,6 +41,8 @@ Item {
     z: reading >= 0 ? 1 : 0
     Accessible.role: Accessible.ListItem
     Accessible.name: spokenText
+    Accessible.description: readingText
+    Accessible.focusable: true
 
     Rectangle {
         anchors.fill: parent

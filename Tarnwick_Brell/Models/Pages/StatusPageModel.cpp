@@ -153,6 +153,11 @@ const Page::Service* StatusPageModel::serviceAt(int row) const {
 
 bool StatusPageModel::isService(int row) const { return serviceAt(row) != nullptr; }
 
+bool StatusPageModel::isFold(int row) const {
+    const auto* found = rows_.row(row);
+    return found && found->kind == StatusRowKind::Fold;
+}
+
 QString StatusPageModel::dayText(int row, int day) const {
     const auto* service = serviceAt(row);
     return service && day >= 0

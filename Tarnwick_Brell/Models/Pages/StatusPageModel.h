@@ -44,6 +44,7 @@ public:
     /// What happened to the service of that row on that day, the first being 0.
     Q_INVOKABLE QString dayText(int row, int day) const;
     Q_INVOKABLE bool isService(int row) const;
+    Q_INVOKABLE bool isFold(int row) const;
     /// Opens or closes a fold, or fetches an old table again.
     Q_INVOKABLE void activate(int row);
     Q_INVOKABLE void openApplesPage();

@@ -28,16 +28,15 @@ QString spanOf(std::optional<Instant> from, std::optional<Instant> to) {
     return {};
 }
 
-QString timesOf(const Page::Incident& incident) {
+QString timesOf(const Page::Incident& incident, Instant now) {
     const auto& logged = incident.logged;
     const auto apple =
         spanOf(logged.started, incident.time.isOngoing ? std::nullopt : logged.ended);
     const auto ours = spanOf(logged.firstSeen, logged.endedSeen);
     // It was over when the desk first saw it.
-    const auto seen =
-        logged.endedSeen == logged.firstSeen
-            ? StatusPage::tr("seen %1").arg(momentText(logged.firstSeen, incident.time.begin))
-            : StatusPage::tr("seen %1").arg(ours);
+    const auto seen = logged.endedSeen == logged.firstSeen
+                          ? StatusPage::tr("seen %1").arg(momentText(logged.firstSeen, now))
+                          : StatusPage::tr("seen %1").arg(ours);
     return apple.isEmpty() ? seen : StatusPage::tr("Apple %1 · %2").arg(apple, seen);
 }
 
@@ -92,7 +91,7 @@ std::vector<IncidentLogRow> logRows(const std::vector<Page::Incident>& log, Inst
                            .level = levelOf(incident.level),
                            .levelLabel = levelText(incident.level),
                            .message = bodyText(incident.logged.message),
-                           .times = timesOf(incident)};
+                           .times = timesOf(incident, now)};
         if (time.end > time.begin) row.duration = spanText(time.end - time.begin);
         row.spokenText =
             QStringList{row.title, row.levelLabel, row.duration, row.message, row.times}.join(
