@@ -592,4 +592,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>app::DeskWindows</name>
+    <message numerus="yes">
+        <source>%n windows are open, which is the most.</source>
+        <translation>
+            <numerusform>%n window is open, which is the most.</numerusform>
+            <numerusform>%n windows are open, which is the most.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -20,30 +20,31 @@ constexpr auto kNotifierStarts = 5s;
 
 }  // namespace
 
-DeskPresence::DeskPresence(const DeskStores& stores, WindowModel& model, DeskWindow& window,
-                           Notifier& notifier)
+DeskPresence::DeskPresence(const DeskStores& stores, DeskWindows& windows, Notifier& notifier)
     : defaults_(stores.defaults),
-      model_(model),
-      window_(window),
+      windows_(windows),
       notifier_(notifier),
       tray_(stores),
       icon_(tray_) {
-    const auto raise = [this] { window_.raise({}); };
+    const auto raise = [this] { windows_.raise({}); };
     connect(&icon_, &TrayIcon::openWanted, this, raise);
     connect(&icon_, &TrayIcon::storyWanted, this, [this, raise](const QString& storyID) {
-        openTarget(model_, {.kind = NotificationTarget::Kind::story, .id = storyID.toStdString()});
+        openTarget(windows_.model(),
+                   {.kind = NotificationTarget::Kind::story, .id = storyID.toStdString()});
         raise();
     });
     connect(&icon_, &TrayIcon::statusWanted, this, [this, raise] {
-        openTarget(model_, {.kind = NotificationTarget::Kind::tracker, .id = "status"});
+        openTarget(windows_.model(), {.kind = NotificationTarget::Kind::tracker, .id = "status"});
         raise();
     });
-    connect(&icon_, &TrayIcon::refreshWanted, model_.refresh(), &RefreshStatus::refresh);
+    connect(&icon_, &TrayIcon::refreshWanted, this,
+            [this] { windows_.model().refresh()->refresh(); });
     connect(&icon_, &TrayIcon::quitWanted, qApp, &QCoreApplication::quit);
-    const auto count = [this] { tray_.setUnread(model_.sidebar()->unread()); };
-    connect(model_.sidebar(), &SidebarModel::changed, this, count);
+    auto& first = windows_.first();
+    const auto count = [this, &first] { tray_.setUnread(first.sidebar()->unread()); };
+    connect(first.sidebar(), &SidebarModel::changed, this, count);
     count();
-    window_.setCloseRule([this] { return mayClose(); });
+    windows_.setCloseRule([this] { return mayClose(); });
     connect(&notifier_, &Notifier::availabilityChanged, this, &DeskPresence::checkNotifications);
     QTimer::singleShot(kNotifierStarts, this, &DeskPresence::checkNotifications);
 }
@@ -52,11 +53,10 @@ bool DeskPresence::mayClose() {
     if (!icon_.isShown()) return true;
     switch (closeToTray(defaults_)) {
         case CloseToTray::no: return true;
-        case CloseToTray::ask: return !model_.showSheet(QStringLiteral("close-to-tray"));
+        case CloseToTray::ask: return !windows_.model().showSheet(QStringLiteral("close-to-tray"));
         case CloseToTray::yes: break;
     }
-    model_.state()->save();
-    window_.window().hide();
+    windows_.hide();
     return false;
 }
 
@@ -64,7 +64,7 @@ bool DeskPresence::mayClose() {
 void DeskPresence::checkNotifications() {
     const bool isWanted = defaults_.isOn(SettingKey::kNotifications);
     if (!isWanted || notifier_.isAvailable() || std::exchange(hasSaidUnavailable_, true)) return;
-    emit model_.noticed(
+    emit windows_.model().noticed(
         tr("Notifications can't be shown: this desktop has no notification service."));
 }
 

@@ -4,28 +4,26 @@
 
 #include "Tarnwick_Brell/Models/Window/TrayModel.h"
 #include "Tarnwick_Brell/Notifications/Notifier.h"
-#include "Tarnwick_Brell/Window/DeskWindow.h"
+#include "Tarnwick_Brell/Window/DeskWindows.h"
 #include "Tarnwick_Brell/Window/TrayIcon.h"
 
 namespace app {
 
-/// The desk on the user's desktop beside its window: the icon in the tray, what closing the window
-/// means, and whether notifications can be shown.
+/// The desk on the user's desktop beside its windows: the icon in the tray, what closing the last
+/// window means, and whether notifications can be shown.
 class DeskPresence : public QObject {
     Q_OBJECT
 public:
     /// All must outlive it.
-    DeskPresence(const DeskStores& stores, WindowModel& model, DeskWindow& window,
-                 Notifier& notifier);
+    DeskPresence(const DeskStores& stores, DeskWindows& windows, Notifier& notifier);
 
 private:
-    /// Whether closing the window ends the desk.
+    /// Whether closing the last window ends the desk.
     bool mayClose();
     void checkNotifications();
 
     const Defaults& defaults_;
-    WindowModel& model_;
-    DeskWindow& window_;
+    DeskWindows& windows_;
     Notifier& notifier_;
     TrayModel tray_;
     TrayIcon icon_;

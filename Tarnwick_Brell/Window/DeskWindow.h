@@ -23,7 +23,7 @@ DeskStores windowStores(AppEnvironment& environment, UndoStack& undo, kit::Clock
 /// Shows the subject of a notification.
 void openTarget(WindowModel& model, const NotificationTarget& target);
 
-/// The one window: makes it from QML and raises it.
+/// A window of the desk: makes it from QML and raises it.
 class DeskWindow : public QObject {
     Q_OBJECT
 public:
@@ -34,6 +34,8 @@ public:
     QQuickWindow& window() { return *window_; }
     /// Asked when the user closes the window: false keeps it. Quitting does not ask.
     void setCloseRule(std::function<bool()> mayClose) { mayClose_ = std::move(mayClose); }
+    /// The program is ending, and its windows close with it.
+    bool isQuitting() const { return isQuitting_; }
     void show();
     /// Brings the window to the front, with the desktop's activation token for doing so.
     void raise(const QString& activationToken);

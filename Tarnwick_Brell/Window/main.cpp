@@ -14,13 +14,12 @@
 #include "NewsroomKit/Log/Log.h"
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/Models/Window/ReaderPresence.h"
-#include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
 #include "Tarnwick_Brell/Shell/ShutdownSignals.h"
 #include "Tarnwick_Brell/Window/DeskPresence.h"
-#include "Tarnwick_Brell/Window/DeskWindow.h"
+#include "Tarnwick_Brell/Window/DeskWindows.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
 #include "Tarnwick_Brell/Window/StartFailure.h"
 #include "Tarnwick_Brell/Window/Translations.h"
@@ -65,28 +64,23 @@ int runWindow(AppEnvironment& environment, SingleInstance& instance) {
     instance.listen();
     UndoStack undo;
     const auto stores = windowStores(environment, undo, &currentInstant);
-    WindowModel model(stores);
-    model.open(model.state()->place());
-    DeskWindow window(model);
-    QObject::connect(&model, &WindowModel::linkWanted, &openInBrowser);
-    QObject::connect(&environment.notifier(), &Notifier::targetActivated, &window,
+    DeskWindows windows(stores);
+    QObject::connect(&windows, &DeskWindows::linkWanted, &openInBrowser);
+    QObject::connect(&environment.notifier(), &Notifier::targetActivated, &windows,
                      [&](const NotificationTarget& target, const QString& activationToken) {
-                         openTarget(model, target);
-                         window.raise(activationToken);
+                         openTarget(windows.model(), target);
+                         windows.raise(activationToken);
                      });
-    QObject::connect(&instance, &SingleInstance::raiseWanted, &window, &DeskWindow::raise);
+    QObject::connect(&instance, &SingleInstance::raiseWanted, &windows, &DeskWindows::raise);
     ReaderPresence presence(&currentInstant,
                             [&](auto moment) { environment.newsDesk().markLeft(moment); });
-    QObject::connect(
-        &window.window(), &QWindow::visibilityChanged, &presence,
-        [&](QWindow::Visibility visibility) {
-            presence.setVisible(visibility != QWindow::Hidden && visibility != QWindow::Minimized);
-        });
+    QObject::connect(&windows, &DeskWindows::visibilityChanged, &presence,
+                     [&] { presence.setVisible(windows.isVisible()); });
     QObject::connect(
         qGuiApp, &QGuiApplication::applicationStateChanged, &presence,
         [&](Qt::ApplicationState state) { presence.setFocused(state == Qt::ApplicationActive); });
-    DeskPresence desktop(stores, model, window, environment.notifier());
-    window.show();
+    DeskPresence desktop(stores, windows, environment.notifier());
+    windows.show();
     // The window first: its first frame must not wait for the library.
     QMetaObject::invokeMethod(qApp, [&] { environment.start(); }, Qt::QueuedConnection);
     const int status = QGuiApplication::exec();

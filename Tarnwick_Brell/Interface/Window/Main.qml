@@ -16,12 +16,14 @@ Window {
     required property WindowModel desk
 
     readonly property WindowState state: desk.state
+    readonly property string placeTitle: desk.page ? desk.page.title
+        : desk.view === WindowModel.Stories ? desk.storyList.title : desk.newsroom.title
 
     width: Theme.windowWidth
     height: Theme.windowHeight
     minimumWidth: Theme.windowLeastWidth
     minimumHeight: Theme.windowLeastHeight
-    title: qsTr("Tarnwick Brell")
+    title: qsTr("%1 – Tarnwick Brell").arg(placeTitle)
     color: Theme.canvas
 
     function focusPage() {
@@ -197,6 +199,8 @@ Window {
     }
     Connections {
         target: window.desk.undo
+        // All windows share the steps; the one in front speaks of them.
+        enabled: window.active
 
         // Its button undoes the last step, which must be the one that it speaks of.
         function onChanged() {

@@ -301,6 +301,12 @@ constexpr ActionEntry kActions[]{
      ActionNeed::nothing,
      false},
     {DeskAction::ShowKeys, work, WORDS("Show all keys"), nullptr, "keyboard", {{{"?"}}}},
+    {DeskAction::OpenWindow,
+     work,
+     WORDS("Open this page in another window"),
+     nullptr,
+     "plus.square.on.square",
+     {{{"Ctrl+Shift+O"}}}},
     {DeskAction::Quit, work, WORDS("Quit"), nullptr, "power", {{{"Ctrl+Q"}}}},
 
     {DeskAction::ToggleSidebar,

@@ -64,6 +64,7 @@ enum Value {
     ShowMenu,  ///< of what is selected
     ShowPalette,
     ShowKeys,
+    OpenWindow,
     Quit,
     // View
     ToggleSidebar,

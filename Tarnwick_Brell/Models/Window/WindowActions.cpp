@@ -148,6 +148,7 @@ void WindowModel::execute(Action action) {
         case DeskAction::MarkAllRead: storyActions_.markAllRead(); break;
         case DeskAction::Undo: undoLast(); break;
         case DeskAction::Redo: stores_.undo.redo(); break;
+        case DeskAction::OpenWindow: emit windowWanted(place_.key()); break;
         case DeskAction::Quit: QCoreApplication::quit(); break;
         case DeskAction::ToggleSidebar: state_.setSidebarShown(!state_.sidebarShown()); break;
         case DeskAction::ToggleClusters: setClustered(!state_.isClustered(place_.key())); break;

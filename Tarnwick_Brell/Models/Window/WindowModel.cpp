@@ -28,7 +28,7 @@ kit::NewsroomSpec onlyPanel(kit::PanelKind kind) {
 
 }  // namespace
 
-WindowModel::WindowModel(const DeskStores& stores)
+WindowModel::WindowModel(const DeskStores& stores, int number)
     : stores_(stores),
       sidebar_(stores.news, stores.newsrooms, stores.trackers),
       placeMenu_(stores),
@@ -43,7 +43,7 @@ WindowModel::WindowModel(const DeskStores& stores)
       palette_(
           actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),
       appearance_(stores.defaults),
-      state_(stores.defaults),
+      state_(stores.defaults, number),
       readingPlace_(stores.news, storyList_, selected_, state_) {
     if (state_.place().isEmpty()) {
         for (const auto& group : SidebarModel::groupsClosedAtFirst())

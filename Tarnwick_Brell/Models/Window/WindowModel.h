@@ -33,11 +33,11 @@
 
 namespace app {
 
-/// Everything that the window shows, and where it is.
+/// Everything that a window shows, and where it is.
 class WindowModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("There is one, made at the start.")
+    QML_UNCREATABLE("Every window has one.")
     Q_PROPERTY(app::SidebarModel* sidebar READ sidebar CONSTANT)
     Q_PROPERTY(app::StoryListController* storyList READ storyList CONSTANT)
     Q_PROPERTY(app::ReadingPlace* readingPlace READ readingPlace CONSTANT)
@@ -63,7 +63,8 @@ public:
     enum View { Newsroom, Stories, Page };
     Q_ENUM(View)
 
-    explicit WindowModel(const DeskStores& stores);
+    /// `number` is that of its WindowState.
+    explicit WindowModel(const DeskStores& stores, int number = 1);
     ~WindowModel() override;
 
     SidebarModel* sidebar() { return &sidebar_; }
@@ -116,6 +117,8 @@ signals:
     void noticed(const QString& sentence);
     /// To be opened in the browser: http or https.
     void linkWanted(const QString& link);
+    /// One more window, at that place.
+    void windowWanted(const QString& place);
 
 private:
     void connectPages();

@@ -43,6 +43,11 @@ std::optional<QRect> frameOf(const Defaults::Memory& memory) {
     return QRect(*x, *y, *width, *height);
 }
 
+/// "window" for the first one.
+std::string memoryOf(int number) {
+    return number == 1 ? "window" : "window-" + std::to_string(number);
+}
+
 /// The main screen first.
 QList<QRect> screens() {
     QList<QRect> rects;
@@ -52,10 +57,10 @@ QList<QRect> screens() {
 
 }  // namespace
 
-WindowState::WindowState(Defaults& defaults, QObject* parent)
-    : QObject(parent),
-      defaults_(defaults),
-      now_(read(defaults.memory(kMemory).value_or(Defaults::Memory()))),
+WindowState::WindowState(Defaults& defaults, int number)
+    : defaults_(defaults),
+      memory_(memoryOf(number)),
+      now_(read(defaults.memory(memory_).value_or(Defaults::Memory()))),
       kept_(now_) {
     saving_.setSingleShot(true);
     saving_.setInterval(kSavingPause);
@@ -118,6 +123,16 @@ void WindowState::attach(QWindow* window) {
         connect(window, signal, &saving_, qOverload<>(&QTimer::start));
     }
     connect(window, &QWindow::windowStateChanged, &saving_, qOverload<>(&QTimer::start));
+    // The screen is still in the list while the signal is given.
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &WindowState::returnToScreens,
+            Qt::QueuedConnection);
+}
+
+/// A window whose screen was unplugged comes back into sight.
+void WindowState::returnToScreens() {
+    if (!window_ || window_->windowState() != Qt::WindowNoState) return;
+    const auto place = placeOnScreens(window_->geometry(), window_->minimumSize(), screens());
+    if (place != window_->geometry()) window_->setGeometry(place);
 }
 
 /// Only before saving: while a window is being maximised, it is large for a moment before it
@@ -203,7 +218,7 @@ void WindowState::save() {
     if (now_ == kept_) return;
     kept_ = now_;
     try {
-        defaults_.remember(kMemory, written(now_));
+        defaults_.remember(memory_, written(now_));
     } catch (const StoreError& error) {
         if (!std::exchange(hasFailed_, true)) emit failed(QString::fromUtf8(error.what()));
     }

@@ -21,7 +21,7 @@ namespace app {
 class WindowState : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("The window has one state.")
+    QML_UNCREATABLE("A window has one state.")
     Q_PROPERTY(int sidebarWidth READ sidebarWidth WRITE setSidebarWidth NOTIFY changed)
     Q_PROPERTY(bool sidebarShown READ sidebarShown WRITE setSidebarShown NOTIFY changed)
     Q_PROPERTY(int listWidth READ listWidth WRITE setListWidth NOTIFY changed)
@@ -34,11 +34,11 @@ public:
     enum Reader { Right, Below, Hidden };
     Q_ENUM(Reader)
 
-    static constexpr std::string_view kMemory = "window";
     static constexpr int kLeastSidebar = 200, kSidebar = 240, kMostSidebar = 360;
     static constexpr int kLeastList = 400, kList = 580, kMostList = 4'000;
 
-    explicit WindowState(Defaults& defaults, QObject* parent = nullptr);
+    /// `number` tells the windows apart, from 1; each remembers for itself.
+    explicit WindowState(Defaults& defaults, int number = 1);
     /// Keeps what has not been kept yet.
     ~WindowState() override;
 
@@ -101,8 +101,10 @@ private:
     static Defaults::Memory written(const State& state);
     void setState(const State& state);
     void updateFrame();
+    void returnToScreens();
 
     Defaults& defaults_;
+    std::string memory_;  ///< its name in the settings file
     QPointer<QWindow> window_;
     State now_;
     State kept_;

@@ -57,14 +57,14 @@ TEST_F(WindowStateTest, WhatTheWindowWasIsThereAgain) {
 }
 
 TEST_F(WindowStateTest, NonsenseCountsAsAbsent) {
-    defaults_.remember(WindowState::kMemory, {{"x", "5"},
-                                              {"y", "5"},
-                                              {"width", "-700"},
-                                              {"height", "99999999999"},
-                                              {"sidebarWidth", "3000"},
-                                              {"listWidth", "wide"},
-                                              {"reader", "7"},
-                                              {"sidebarShown", "perhaps"}});
+    defaults_.remember("window", {{"x", "5"},
+                                  {"y", "5"},
+                                  {"width", "-700"},
+                                  {"height", "99999999999"},
+                                  {"sidebarWidth", "3000"},
+                                  {"listWidth", "wide"},
+                                  {"reader", "7"},
+                                  {"sidebarShown", "perhaps"}});
     const WindowState state(defaults_);
     EXPECT_EQ(state.frame(), std::nullopt);
     EXPECT_EQ(state.sidebarWidth(), WindowState::kSidebar);
