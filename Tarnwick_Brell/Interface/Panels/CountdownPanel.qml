@@ -96,11 +96,18 @@ Item {
                 text: row.badge
                 Accessible.ignored: true
             }
+            TextMetrics {
+                id: measure
+
+                font: date.font
+                text: row.date
+            }
             DeskText {
                 id: date
                 anchors.right: end.left
                 anchors.verticalCenter: parent.verticalCenter
-                width: panel.hasDates ? Math.min(implicitWidth, Theme.dateColumnMost) : 0
+                // Measured apart: elided text asks for no more than its own width.
+                width: panel.hasDates ? Math.min(Math.ceil(measure.advanceWidth), Theme.dateColumnMost) : 0
                 visible: panel.hasDates
                 type: DeskText.Meta
                 text: row.date
