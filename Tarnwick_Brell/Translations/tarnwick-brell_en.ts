@@ -602,4 +602,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>app::BoardModel</name>
+    <message numerus="yes">
+        <source>and %n more problems</source>
+        <translation>
+            <numerusform>and %n more problem</numerusform>
+            <numerusform>and %n more problems</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

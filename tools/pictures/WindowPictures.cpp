@@ -162,6 +162,11 @@ std::vector<View> viewsOf(NewsDesk& news) {
              const auto* page = qobject_cast<ArchivePageModel*>(model.page());
              waitUntil("the archive", [&] { return !page->isAsking(); });
          }},
+        {"board",
+         [](WindowModel& model) {
+             model.open(QStringLiteral(""));
+             model.actions()->trigger(DeskAction::ShowBoard);
+         }},
         {"palette",
          [&news](WindowModel& model) {
              model.open(QStringLiteral("wire:all"));
@@ -191,6 +196,7 @@ void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString&
                     throw std::runtime_error("can't write " + file);
                 emit model.viewClosed();
                 model.closeSheet();
+                model.board()->close();
                 if (model.clusters()->isShown()) model.setClustered(false);
                 model.editor()->end();
             }

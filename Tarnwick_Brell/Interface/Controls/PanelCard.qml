@@ -19,20 +19,29 @@ FocusScope {
     property alias extras: extrasRow.data
     property alias menuButton: menu
 
+    /// On the board there is no card, and the panel begins at its edge.
+    readonly property int padding: Theme.board ? 0 : Theme.panelPadding
+
     implicitHeight: Theme.panelHeader + bodySlot.implicitHeight + (flush ? 0 : Theme.panelPadding)
     Accessible.role: Accessible.Grouping
     Accessible.name: title
 
     Rectangle {
         anchors.fill: parent
+        visible: !Theme.board
         radius: Theme.radiusPanel
         color: Theme.surface
         border.width: Theme.line
         border.color: Theme.hairline
     }
+    Hairline {
+        y: Theme.panelHeader - Theme.line
+        width: parent.width
+        visible: Theme.board
+    }
     Row {
         id: start
-        x: Theme.panelPadding
+        x: card.padding
         height: Theme.panelHeader
         spacing: Theme.space2
 
@@ -83,7 +92,7 @@ FocusScope {
     IconButton {
         id: menu
         anchors.right: parent.right
-        anchors.rightMargin: card.hasMenu ? Theme.space1 : Theme.panelPadding - Theme.space1
+        anchors.rightMargin: card.hasMenu ? Theme.space1 : Math.max(0, card.padding - Theme.space1)
         y: (Theme.panelHeader - height) / 2
         width: card.hasMenu ? implicitWidth : 0
         visible: card.hasMenu
@@ -95,8 +104,8 @@ FocusScope {
         id: bodySlot
         anchors.fill: parent
         anchors.topMargin: Theme.panelHeader
-        anchors.leftMargin: Theme.panelPadding
-        anchors.rightMargin: Theme.panelPadding
+        anchors.leftMargin: card.padding
+        anchors.rightMargin: card.padding
         anchors.bottomMargin: card.flush ? Theme.line : Theme.panelPadding
         implicitHeight: childrenRect.height
         clip: true

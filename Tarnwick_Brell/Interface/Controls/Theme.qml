@@ -9,6 +9,8 @@ QtObject {
 
     property bool dark: false
     property real fontScale: 1
+    /// The window is a display on the wall: no cards, nothing scrolls.
+    property bool board: false
     property bool reducedMotion: false
 
     function scaled(pixels: real): int {
@@ -385,6 +387,13 @@ QtObject {
     // The shadow of floating items; the extent is that of ShadowImages.
     readonly property int shadowExtent: 64
     readonly property int shadowCorner: 48
+
+    // A display on the wall, from the distance of which type is read
+    readonly property int boardMargin: 40
+    readonly property int boardGap: 32
+    readonly property int boardIcon: scaled(18)
+    readonly property int boardRowLeast: scaled(72)
+    readonly property real boardScale: 1.5
 
     // Durations in milliseconds
     readonly property int fade: reducedMotion ? 0 : 120

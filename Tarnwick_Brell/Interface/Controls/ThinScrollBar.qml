@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 T.ScrollBar {
     id: bar
 
-    readonly property bool needed: policy === T.ScrollBar.AlwaysOn || active && size < 1
+    readonly property bool needed: !Theme.board && (policy === T.ScrollBar.AlwaysOn || active && size < 1)
 
     implicitWidth: Theme.scrollThumb + 2 * Theme.scrollMargin
     implicitHeight: Theme.scrollThumb + 2 * Theme.scrollMargin

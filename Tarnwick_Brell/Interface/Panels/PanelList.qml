@@ -29,6 +29,9 @@ ListView {
             scroll(event.key === Qt.Key_PageDown ? height : -height);
     }
 
+    WholeRows {
+        list: list
+    }
     Rectangle {
         parent: list
         anchors.fill: parent

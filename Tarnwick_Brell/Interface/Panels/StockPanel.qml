@@ -31,6 +31,7 @@ Item {
     }
     SegmentedControl {
         id: ranges
+        visible: !Theme.board
         anchors.right: parent.right
         y: panel.isSlim ? parent.height - height : (price.height - height) / 2
         small: true

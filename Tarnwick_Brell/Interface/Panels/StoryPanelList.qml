@@ -21,4 +21,8 @@ ListView {
     Accessible.name: name
     Keys.onReturnPressed: opened(currentIndex)
     Keys.onEnterPressed: opened(currentIndex)
+
+    WholeRows {
+        list: list
+    }
 }

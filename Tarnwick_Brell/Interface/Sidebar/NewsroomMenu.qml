@@ -9,6 +9,7 @@ DeskMenu {
     required property NewsroomActions newsrooms
     property string key
     property Item row: null
+    property bool onBoard: true
 
     signal renameWanted
     signal symbolWanted
@@ -16,6 +17,7 @@ DeskMenu {
     function openFor(item: Item, place: string, x: real, y: real) {
         key = place;
         row = item;
+        onBoard = newsrooms.isOnBoard(place);
         popup(item, x, y);
     }
 
@@ -46,6 +48,11 @@ DeskMenu {
         key: qsTr("Alt ↓")
         symbol: "arrow.down"
         onTriggered: menu.newsrooms.moveBy(menu.key, 1)
+    }
+    DeskMenuItem {
+        text: menu.onBoard ? qsTr("Leave out of the board") : qsTr("Show on the board")
+        symbol: menu.onBoard ? "eye.slash" : "eye"
+        onTriggered: menu.newsrooms.setOnBoard(menu.key, !menu.onBoard)
     }
     MenuLine {}
     DeskMenuItem {

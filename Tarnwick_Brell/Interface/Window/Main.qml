@@ -19,6 +19,11 @@ Window {
     readonly property string placeTitle: desk.page ? desk.page.title
         : desk.view === WindowModel.Stories ? desk.storyList.title : desk.newsroom.title
 
+    readonly property BoardModel board: desk.board
+    /// The board's layout is that of the usual window, as large as the screen makes it.
+    readonly property real boardScale: board.isShown
+        ? Theme.boardScale * Math.max(1, Math.min(width / Theme.windowWidth, height / Theme.windowHeight)) : 1
+
     width: Theme.windowWidth
     height: Theme.windowHeight
     minimumWidth: Theme.windowLeastWidth
@@ -43,7 +48,12 @@ Window {
     Binding {
         target: Theme
         property: "fontScale"
-        value: window.desk.appearance.fontScale
+        value: window.desk.appearance.fontScale * window.boardScale
+    }
+    Binding {
+        target: Theme
+        property: "board"
+        value: window.board.isShown
     }
     Binding {
         target: Theme
@@ -53,7 +63,8 @@ Window {
 
     FocusScope {
         anchors.fill: parent
-        focus: true
+        focus: visible
+        visible: !window.board.isShown
 
         SidebarView {
             id: sidebar
@@ -150,6 +161,12 @@ Window {
         }
     }
 
+    BoardView {
+        anchors.fill: parent
+        focus: visible
+        visible: window.board.isShown
+        content: window.board
+    }
     DropArea {
         id: drop
 
@@ -170,7 +187,7 @@ Window {
     ActionShortcuts {
         actions: window.desk.actions
         textFocused: window.activeFocusItem instanceof TextInput
-        covered: palette.opened || keys.opened || window.desk.sheet !== null
+        covered: palette.opened || keys.opened || window.desk.sheet !== null || window.board.isShown
     }
     CommandPalette {
         id: palette
@@ -260,6 +277,22 @@ Window {
         function onViewClosed() {
             palette.close();
             keys.close();
+        }
+    }
+    Connections {
+        /// How the window was before it filled the screen.
+        property int before: Window.Windowed
+
+        target: window.board
+
+        function onShownChanged() {
+            if (window.board.isShown) {
+                before = window.visibility;
+                window.showFullScreen();
+            } else {
+                window.visibility = before;
+                window.focusPage();
+            }
         }
     }
     Connections {

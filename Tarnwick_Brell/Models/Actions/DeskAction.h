@@ -43,6 +43,7 @@ enum Value {
     AddPanel,
     ShowPanelOptions,
     GiveBackEdits,
+    ShowBoard,  ///< the newsroom on a display on the wall
     CopyRow,
     GoLive,
     EndLive,

@@ -11,10 +11,13 @@
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
+#include "Tarnwick_Brell/Models/Newsrooms/BoardNewsrooms.h"
 #include "Tarnwick_Brell/Models/Sidebar/Destination.h"
+#include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomExport.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
 namespace app {
 
@@ -108,6 +111,26 @@ void NewsroomActions::moveOnto(const QString& key, const QString& other) {
 
 void NewsroomActions::openFocus(const QString& key) {
     emit sheetWanted(QStringLiteral("focus:") + plainText(newsroomID(key)));
+}
+
+bool NewsroomActions::isOnBoard(const QString& key) const {
+    return app::isOnBoard(stores_.defaults, newsroomID(key));
+}
+
+void NewsroomActions::setOnBoard(const QString& key, bool on) {
+    const auto id = newsroomID(key);
+    const auto set = [this, id](bool isOn) {
+        try {
+            app::setOnBoard(stores_.defaults, id, isOn);
+        } catch (const StoreError& error) {
+            emit noticed(QString::fromUtf8(error.what()));
+        }
+    };
+    set(on);
+    stores_.undo.push(
+        {.text = on ? tr("Show newsroom on the board") : tr("Leave newsroom out of the board"),
+         .undo = [set, on] { set(!on); },
+         .redo = [set, on] { set(on); }});
 }
 
 void NewsroomActions::duplicate(const QString& key) {

@@ -36,6 +36,9 @@ public:
     Q_INVOKABLE void moveOnto(const QString& key, const QString& other);
     /// Asks for the sheet with its focus.
     Q_INVOKABLE void openFocus(const QString& key);
+    /// Whether the board pages to it; see BoardNewsrooms.h.
+    Q_INVOKABLE bool isOnBoard(const QString& key) const;
+    Q_INVOKABLE void setOnBoard(const QString& key, bool on);
     Q_INVOKABLE void duplicate(const QString& key);
     /// Writes it to a file in the user's folder of downloads.
     Q_INVOKABLE void exportFile(const QString& key);

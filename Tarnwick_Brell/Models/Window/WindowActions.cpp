@@ -109,6 +109,7 @@ void WindowModel::execute(Action action) {
             break;
         case DeskAction::ShowPanelOptions: editor_.openOptions(editor_.selected()); break;
         case DeskAction::NewNewsroom: showSheet(QStringLiteral("new-newsroom")); break;
+        case DeskAction::ShowBoard: board_.show(place_.id.toStdString()); break;
         case DeskAction::GiveBackEdits: editor_.giveBack(); break;
         case DeskAction::CopyRow:
         case DeskAction::GoLive:

@@ -39,6 +39,7 @@ WindowModel::WindowModel(const DeskStores& stores, int number)
       newsroom_({.news = stores.news, .trackers = stores.trackers, .clock = stores.clock}),
       editor_(stores, newsroom_),
       newsroomActions_(stores),
+      board_(stores),
       refresh_({.news = stores.news, .trackers = stores.trackers}, stores.clock),
       palette_(
           actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),

@@ -13,6 +13,7 @@
 #include "Tarnwick_Brell/Models/Actions/ActionModel.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
 #include "Tarnwick_Brell/Models/DeskStores.h"
+#include "Tarnwick_Brell/Models/Newsrooms/BoardModel.h"
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomActions.h"
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomEditor.h"
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomModel.h"
@@ -47,6 +48,7 @@ class WindowModel : public QObject {
     Q_PROPERTY(app::StoryActions* storyActions READ storyActions CONSTANT)
     Q_PROPERTY(app::NewsroomModel* newsroom READ newsroom CONSTANT)
     Q_PROPERTY(app::NewsroomEditor* editor READ editor CONSTANT)
+    Q_PROPERTY(app::BoardModel* board READ board CONSTANT)
     Q_PROPERTY(app::NewsroomActions* newsroomActions READ newsroomActions CONSTANT)
     Q_PROPERTY(app::RefreshStatus* refresh READ refresh CONSTANT)
     Q_PROPERTY(app::ActionModel* actions READ actions CONSTANT)
@@ -76,6 +78,7 @@ public:
     StoryActions* storyActions() { return &storyActions_; }
     NewsroomModel* newsroom() { return &newsroom_; }
     NewsroomEditor* editor() { return &editor_; }
+    BoardModel* board() { return &board_; }
     NewsroomActions* newsroomActions() { return &newsroomActions_; }
     RefreshStatus* refresh() { return &refresh_; }
     ActionModel* actions() { return &actions_; }
@@ -148,6 +151,7 @@ private:
     NewsroomModel newsroom_;
     NewsroomEditor editor_;
     NewsroomActions newsroomActions_;
+    BoardModel board_;
     std::unique_ptr<PageModel> page_;
     std::unique_ptr<SheetModel> sheet_;
     RefreshStatus refresh_;

@@ -207,5 +207,38 @@ TEST_F(NewsroomJobTest, TheOptionsOfAPanelWorkAtOnce) {
     EXPECT_FALSE(spec().panels[0].query.has_value());
 }
 
+TEST_F(NewsroomJobTest, TheBoardPagesThroughTheChosenNewsroomsAndIsLeftWithKeys) {
+    put({kit::PanelKind::stream, kit::PanelKind::status});
+    auto& board = *model_->board();
+    ASSERT_TRUE(until([&] { return model_->newsroom()->rowCount() == 2; }));
+    press(Qt::Key_F11);
+    ASSERT_TRUE(board.isShown());
+    EXPECT_EQ(window().visibility(), QWindow::FullScreen);
+    ASSERT_EQ(board.count(), 2);
+    EXPECT_EQ(board.newsroom()->title(), "Harbour");
+    EXPECT_EQ(board.next(), "Next: Today in 60 s");
+    board.tick();
+    EXPECT_EQ(board.next(), "Next: Today in 59 s");
+    press(Qt::Key_Space);
+    for (int second = 0; second < 100; ++second) board.tick();
+    EXPECT_EQ(board.newsroom()->title(), "Harbour") << "held";
+    press(Qt::Key_Space);
+    for (int second = 0; second < 60; ++second) board.tick();
+    EXPECT_EQ(board.newsroom()->title(), "Today");
+    press(Qt::Key_Left);
+    EXPECT_EQ(board.newsroom()->title(), "Harbour");
+    harness_.newsrooms->removeNewsroom(id_);
+    EXPECT_EQ(board.newsroom()->title(), "Today") << "removed by another window";
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(board.isShown());
+    EXPECT_NE(window().visibility(), QWindow::FullScreen);
+
+    auto& newsrooms = *model_->newsroomActions();
+    newsrooms.setOnBoard(model_->placeKey(), false);
+    EXPECT_FALSE(newsrooms.isOnBoard(model_->placeKey()));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(newsrooms.isOnBoard(model_->placeKey()));
+}
+
 }  // namespace
 }  // namespace app
