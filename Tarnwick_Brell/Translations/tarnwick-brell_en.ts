@@ -481,6 +481,37 @@
     </message>
 </context>
 <context>
+    <name>app::BeatPreviewModel</name>
+    <message numerus="yes">
+        <source>%n stories</source>
+        <translation>
+            <numerusform>%n story</numerusform>
+            <numerusform>%n stories</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add it: %n more stories</source>
+        <translation>
+            <numerusform>Add it: %n more story</numerusform>
+            <numerusform>Add it: %n more stories</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>“%1” alone brings %2 of %n stories.</source>
+        <translation>
+            <numerusform>“%1” alone brings %2 of %n story.</numerusform>
+            <numerusform>“%1” alone brings %2 of %n stories.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n stories in two weeks</source>
+        <translation>
+            <numerusform>%n story in two weeks</numerusform>
+            <numerusform>%n stories in two weeks</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>app::QueryCount</name>
     <message numerus="yes">
         <source>%n stories in %1 days</source>

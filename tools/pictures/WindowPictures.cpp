@@ -17,6 +17,7 @@
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/Models/Pages/ArchivePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
+#include "Tarnwick_Brell/Models/Sheets/BeatSheetModel.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
@@ -174,6 +175,19 @@ std::vector<View> viewsOf(NewsDesk& news) {
              model.actions()->trigger(DeskAction::ShowPalette);
              model.palette()->setText(QStringLiteral("sto"));
          }},
+        {"beat",
+         [&news](WindowModel& model) {
+             model.open(QStringLiteral("wire:all"));
+             chooseStory(model, news);
+             model.actions()->trigger(DeskAction::FollowStory);
+             if (auto* sheet = qobject_cast<BeatSheetModel*>(model.sheet())) {
+                 sheet->addWords(QStringLiteral("iPhone, beta, chip"));
+                 sheet->addExcludedWords(QStringLiteral("case"));
+                 sheet->setTyped(QStringLiteral("update"));
+             }
+             runFor(600ms);
+         }},
+        {"beat-new", [](WindowModel& model) { model.actions()->trigger(DeskAction::NewBeat); }},
         {"keys", [](WindowModel& model) { model.actions()->trigger(DeskAction::ShowKeys); }},
     };
 }

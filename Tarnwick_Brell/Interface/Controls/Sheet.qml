@@ -9,6 +9,8 @@ T.Popup {
     property string title
     property string closeText: qsTr("Close")
     property bool closable: true
+    /// The body reaches the edges of the card.
+    property bool flush: false
     default property alias body: bodySlot.data
     property alias foot: footRow.data
     property alias footStart: footStartRow.data
@@ -31,7 +33,7 @@ T.Popup {
     closePolicy: closable ? T.Popup.CloseOnEscape : T.Popup.NoAutoClose
     margins: Theme.sheetMargin
     implicitWidth: Theme.sheetWidth
-    implicitHeight: header.height + bodySlot.implicitHeight + Theme.space6 + (hasFoot ? footBar.height : 0)
+    implicitHeight: header.height + bodySlot.implicitHeight + (flush ? 0 : Theme.space6) + (hasFoot ? footBar.height : 0)
     width: Math.min(implicitWidth, (parent ? parent.width : implicitWidth) - 2 * margins)
     height: Math.min(implicitHeight, (parent ? parent.height : implicitHeight) - 2 * margins)
 
@@ -71,9 +73,9 @@ T.Popup {
             anchors.bottom: footBar.top
             anchors.left: parent.left
             anchors.right: parent.right
-            anchors.leftMargin: Theme.space6
-            anchors.rightMargin: Theme.space6
-            anchors.bottomMargin: Theme.space6
+            anchors.leftMargin: sheet.flush ? 0 : Theme.space6
+            anchors.rightMargin: anchors.leftMargin
+            anchors.bottomMargin: anchors.leftMargin
             implicitHeight: childrenRect.height
         }
         Item {

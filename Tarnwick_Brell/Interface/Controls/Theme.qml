@@ -316,12 +316,19 @@ QtObject {
     readonly property int progress: 2
     readonly property int sheetWidth: 680
     readonly property int smallSheetWidth: 520
-    readonly property int wideSheetWidth: 896
+    readonly property int wideSheetWidth: 900
     /// Of a sheet's width, for what is chosen, beside what comes of it.
     readonly property real sheetFormShare: 0.55
     readonly property int newNewsroomHeight: 540
     readonly property int templateCard: scaled(158)
     readonly property int planHeight: 220
+    readonly property int beatSheetHeight: 676
+    readonly property int beatForm: 440
+    readonly property int previewBars: scaled(32)
+    readonly property int previewBarGap: 4
+    readonly property int settingsHeight: 740
+    readonly property int settingsSections: 236
+    readonly property int settingControl: 280
     readonly property int sheetMargin: 24
     readonly property int sheetHeader: scaled(52)
     readonly property int sheetFoot: scaled(60)

@@ -19,11 +19,12 @@ T.ItemDelegate {
     required property string spokenText
     required property string hint
     required property bool isNewsroom
+    required property bool isBeat
 
     property bool keyboardHere: false
 
     signal menuWanted(x: real, y: real)
-    /// A newsroom is dragged to another place; `at` in the coordinates of the window.
+    /// A newsroom or beat is dragged to another place; `at` in the coordinates of the window.
     signal pulled(at: point)
     signal dropped
 
@@ -43,11 +44,6 @@ T.ItemDelegate {
     Accessible.description: hint
     Accessible.selected: isCurrent
     Accessible.onPressAction: clicked()
-
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: eventPoint => item.menuWanted(eventPoint.position.x, eventPoint.position.y)
-    }
 
     background: Rectangle {
         anchors.fill: parent
@@ -120,7 +116,7 @@ T.ItemDelegate {
         onTapped: eventPoint => item.menuWanted(eventPoint.position.x, eventPoint.position.y)
     }
     DragHandler {
-        enabled: item.isNewsroom
+        enabled: item.isNewsroom || item.isBeat
         target: null
         xAxis.enabled: false
         grabPermissions: PointerHandler.CanTakeOverFromAnything

@@ -11,6 +11,7 @@ FocusScope {
     required property SidebarModel places
     required property PlaceMenu placeMenu
     required property NewsroomActions newsrooms
+    required property BeatActions beats
 
     signal hideRequested
     signal keysRequested
@@ -20,6 +21,8 @@ FocusScope {
     function openMenuFor(item: SidebarItem, x: real, y: real) {
         if (item.isNewsroom)
             newsroomMenu.openFor(item, item.key, x, y);
+        else if (item.isBeat)
+            beatMenu.openFor(item, x, y);
         else
             menu.openFor(item, item.key, x, y);
     }
@@ -101,11 +104,13 @@ FocusScope {
                 view.currentIndex = index;
                 sidebar.openMenuFor(row, x, y);
             }
-            onPulled: at => view.dropRow = view.newsroomRowAt(at)
+            onPulled: at => view.dropRow = view.dropRowOf(row, at)
             onDropped: {
                 const target = view.itemAtIndex(view.dropRow) as SidebarItem;
                 view.dropRow = -1;
-                if (target)
+                if (target && isBeat)
+                    sidebar.beats.moveOnto(key, target.key);
+                else if (target)
                     sidebar.newsrooms.moveOnto(key, target.key);
             }
         }
@@ -134,6 +139,11 @@ FocusScope {
             newsrooms: sidebar.newsrooms
             onRenameWanted: renaming.start(row as SidebarItem)
             onSymbolWanted: symbols.openFor(row as SidebarItem)
+        }
+        BeatMenu {
+            id: beatMenu
+
+            beats: sidebar.beats
         }
         SymbolPicker {
             id: symbols
@@ -182,36 +192,48 @@ FocusScope {
         Keys.onRightPressed: expandCurrent(true)
 
         Keys.onDeletePressed: {
-            if (newsroom)
-                sidebar.newsrooms.remove(newsroom.key);
+            if (record?.isNewsroom)
+                sidebar.newsrooms.remove(record.key);
+            else if (record)
+                sidebar.beats.remove(record.key);
         }
         Keys.onPressed: event => {
-            event.accepted = newsroom !== null && event.key === Qt.Key_F2;
-            if (event.accepted)
-                renaming.start(newsroom);
+            event.accepted = record !== null && event.key === Qt.Key_F2;
+            if (!event.accepted)
+                return;
+            if (record.isNewsroom)
+                renaming.start(record);
+            else
+                sidebar.beats.edit(record.key);
         }
 
-        /// The newsroom of the row with the keyboard, null on other rows.
-        readonly property SidebarItem newsroom: {
+        /// The newsroom or beat of the row with the keyboard, null on other rows.
+        readonly property SidebarItem record: {
             const item = currentItem as SidebarItem;
-            return item?.isNewsroom ? item : null;
+            return item?.isNewsroom || item?.isBeat ? item : null;
         }
-        /// Where a dragged newsroom would go, -1 while none is dragged.
+        /// Where a dragged newsroom or beat would go, -1 while none is dragged.
         property int dropRow: -1
 
-        function newsroomRowAt(at: point): int {
+        function isSameKind(one: SidebarItem, other: SidebarItem): bool {
+            return one !== null && other !== null && one.isNewsroom === other.isNewsroom && one.isBeat === other.isBeat;
+        }
+        function dropRowOf(dragged: SidebarItem, at: point): int {
             const here = contentItem.mapFromItem(null, at);
             const row = indexAt(width / 2, here.y);
-            return (itemAtIndex(row) as SidebarItem)?.isNewsroom ? row : -1;
+            return isSameKind(dragged, itemAtIndex(row) as SidebarItem) ? row : -1;
         }
         function move(by: int) {
-            if (!newsroom) {
+            if (!record) {
                 stepBy(by);
                 return;
             }
-            const next = itemAtIndex(currentIndex + by) as SidebarItem;
-            sidebar.newsrooms.moveBy(newsroom.key, by);
-            if (next?.isNewsroom)
+            const next = isSameKind(record, itemAtIndex(currentIndex + by) as SidebarItem);
+            if (record.isBeat)
+                sidebar.beats.moveBy(record.key, by);
+            else
+                sidebar.newsrooms.moveBy(record.key, by);
+            if (next)
                 currentIndex += by;
         }
         function activateCurrent() {

@@ -76,6 +76,7 @@ Window {
             placeMenu: window.desk.placeMenu
             z: 1
             newsrooms: window.desk.newsroomActions
+            beats: window.desk.beatActions
             onNewsroomRequested: window.desk.actions.trigger(DeskAction.NewNewsroom)
             onKeysRequested: keys.open()
             onHideRequested: window.state.sidebarShown = false

@@ -1,6 +1,7 @@
 import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
+import TarnwickBrell.Panels
 
 /// The search and the filters over the list.
 Item {

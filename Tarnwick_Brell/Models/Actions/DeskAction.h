@@ -17,6 +17,7 @@ enum Value {
     CopyLink,
     CopyCitation,
     TraceStory,
+    FollowStory,
     // Go to
     NextStory,
     PreviousStory,
@@ -60,6 +61,7 @@ enum Value {
     StopRefresh,
     ShowArrivals,
     MarkAllRead,
+    NewBeat,
     Undo,
     Redo,
     ShowMenu,  ///< of what is selected

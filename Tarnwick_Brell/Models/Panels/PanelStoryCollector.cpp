@@ -74,7 +74,7 @@ void PanelStoryCollector::scanSoon() {
 void PanelStoryCollector::beginScan() {
     if (subscriptions_.empty()) return;
     const auto start = steady_clock::now();
-    scan_ = std::make_shared<Scan>(Scan{.wire = WireScan(pace_.mostStories),
+    scan_ = std::make_shared<Scan>(Scan{.wire = WireScan(pace_.mostStories, pace_.summaries),
                                         .clusters = desk_.clusters(),
                                         .now = clock_(),
                                         .lastLook = desk_.newSince()});

@@ -55,6 +55,7 @@ public:
         std::chrono::milliseconds slice{6};
         /// With more stories the scan does not reach as far back.
         std::size_t mostStories = kit::RecentClusters::kMostStories;
+        WireScan::Summaries summaries = WireScan::Summaries::no;
     };
 
     /// The desk must outlive it.

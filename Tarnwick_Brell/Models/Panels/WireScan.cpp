@@ -64,7 +64,11 @@ void WireScan::test(const PackedStory& packed) {
     const kit::Story* story = nullptr;
     for (auto& query : queries_) {
         if (packed.publishedAt() < query.earliest || !query.wants(packed)) continue;
-        if (!story) story = &stories_.emplace_back(essentials(packed));
+        if (!story) {
+            auto& copy = stories_.emplace_back(essentials(packed));
+            if (summaries_ == Summaries::yes) copy.summary = packed.summary();
+            story = &copy;
+        }
         query.found.push_back(
             {.story = story, .firstSeen = packed.firstSeen(), .isRead = packed.isRead()});
     }

@@ -21,7 +21,11 @@ namespace app {
 /// missing until the next scan.
 class WireScan {
 public:
-    explicit WireScan(std::size_t mostStories) : mostStories_(mostStories) {}
+    /// Summaries are copied on demand only: they are most of a story's text.
+    enum class Summaries { no, yes };
+
+    explicit WireScan(std::size_t mostStories, Summaries summaries = Summaries::no)
+        : mostStories_(mostStories), summaries_(summaries) {}
 
     /// Equal queries are tested once. Returns the query's index for `storiesOf`.
     std::size_t add(const kit::StoryQuery& query, kit::Instant earliest);
@@ -46,6 +50,7 @@ private:
     void test(const PackedStory& story);
 
     std::size_t mostStories_;
+    Summaries summaries_;
     std::vector<Query> queries_;
     std::deque<kit::Story> stories_;  ///< a deque does not move them
     std::int64_t untestedBelow_ = std::numeric_limits<std::int64_t>::max();

@@ -3,12 +3,13 @@
 #include <array>
 #include <string_view>
 
+#include "Tarnwick_Brell/Models/Sheets/BeatSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/CloseToTraySheetModel.h"
-#include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
-#include "Tarnwick_Brell/Models/Sheets/SigningDevicesSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/FocusSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/NewNewsroomSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/PanelOptionsSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/SigningDevicesSheetModel.h"
 
 namespace app {
 
@@ -35,6 +36,8 @@ std::unique_ptr<SheetModel> makeSheet(const DeskStores& stores, const QString& k
         SheetRow{"focus", &sheetOf<FocusSheetModel>},
         SheetRow{"new-newsroom", &sheetOf<NewNewsroomSheetModel>},
         SheetRow{"panel", &sheetOf<PanelOptionsSheetModel>},
+        SheetRow{"beat", &BeatSheetModel::make},
+        SheetRow{"beat-from-story", &BeatSheetModel::makeFromStory},
     };
     const auto name = key.section(u':', 0, 0).toStdString();
     for (const auto& row : kSheets) {

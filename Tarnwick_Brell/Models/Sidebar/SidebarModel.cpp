@@ -139,6 +139,7 @@ void SidebarModel::addBeats(std::vector<SidebarRow>& rows) const {
         const auto unread = tally_.ofBeat(entry.id);
         rows.push_back(itemRow({Kind::beat, plainText(entry.id)}, titleText(entry.name), symbol,
                                unread, tr("%n unread", nullptr, unread)));
+        rows.back().isBeat = true;
     }
 }
 

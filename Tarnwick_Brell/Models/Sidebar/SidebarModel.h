@@ -60,6 +60,7 @@ struct SidebarRow {
     Q_PROPERTY(QString spokenText MEMBER spokenText)
     Q_PROPERTY(QString hint MEMBER hint)
     Q_PROPERTY(bool isNewsroom MEMBER isNewsroom)
+    Q_PROPERTY(bool isBeat MEMBER isBeat)
 
 public:
     SidebarKind::Value kind = SidebarKind::Item;
@@ -72,6 +73,7 @@ public:
     bool isCurrent = false;
     QString spokenText{};
     bool isNewsroom = false;
+    bool isBeat = false;
     QString hint{};  ///< why a source fails, or has fewer stories than its feed
 
     bool operator==(const SidebarRow&) const = default;

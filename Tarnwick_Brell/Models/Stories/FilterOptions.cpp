@@ -17,6 +17,13 @@ void FilterOptions::offer(const std::vector<Choice>& choices) {
     if (chosen() != before) emit changed();
 }
 
+void FilterOptions::choose(const std::set<std::string, std::less<>>& keys) {
+    auto rows = rows_.rows();
+    for (auto& row : rows) row.isChosen = keys.contains(row.key);
+    rows_.setRows(std::move(rows));
+    emit changed();
+}
+
 std::set<std::string, std::less<>> FilterOptions::chosen() const {
     std::set<std::string, std::less<>> keys;
     for (const auto& row : rows_.rows()) {

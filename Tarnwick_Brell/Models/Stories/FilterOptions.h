@@ -45,6 +45,8 @@ public:
     };
     /// What was chosen and is still offered stays chosen.
     void offer(const std::vector<Choice>& choices);
+    /// Chooses these of what is offered and nothing else.
+    void choose(const std::set<std::string, std::less<>>& keys);
 
     const QString& name() const { return name_; }
     /// "Kind", "Podcast", "Podcast and 2 more"

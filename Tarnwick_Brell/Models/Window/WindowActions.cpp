@@ -34,6 +34,7 @@ void WindowModel::connectActions() {
     connect(&newsroomActions_, &NewsroomActions::placeWanted, this,
             qOverload<const QString&>(&WindowModel::open));
     connect(&editor_, &NewsroomEditor::sheetWanted, this, &WindowModel::showSheet);
+    connect(&beatActions_, &BeatActions::sheetWanted, this, &WindowModel::showSheet);
 }
 
 /// Which actions are available depends on what is shown.
@@ -94,6 +95,9 @@ void WindowModel::execute(Action action) {
         case DeskAction::CopyLink: storyActions_.copyLink(); break;
         case DeskAction::CopyCitation: storyActions_.copyCitation(); break;
         case DeskAction::TraceStory: traceStory(); break;
+        case DeskAction::FollowStory:
+            showSheet(QStringLiteral("beat-from-story:") + selected_.reader()->storyID());
+            break;
         case DeskAction::NextStory:
         case DeskAction::PreviousStory:
             if (page_) {
@@ -150,6 +154,7 @@ void WindowModel::execute(Action action) {
         case DeskAction::Undo: undoLast(); break;
         case DeskAction::Redo: stores_.undo.redo(); break;
         case DeskAction::OpenWindow: emit windowWanted(place_.key()); break;
+        case DeskAction::NewBeat: showSheet(QStringLiteral("beat:")); break;
         case DeskAction::Quit: QCoreApplication::quit(); break;
         case DeskAction::ToggleSidebar: state_.setSidebarShown(!state_.sidebarShown()); break;
         case DeskAction::ToggleClusters: setClustered(!state_.isClustered(place_.key())); break;

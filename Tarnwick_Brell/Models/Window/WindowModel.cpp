@@ -40,6 +40,7 @@ WindowModel::WindowModel(const DeskStores& stores, int number)
       editor_(stores, newsroom_),
       newsroomActions_(stores),
       board_(stores),
+      beatActions_(stores),
       refresh_({.news = stores.news, .trackers = stores.trackers}, stores.clock),
       palette_(
           actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),

@@ -14,6 +14,7 @@
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
 #include "Tarnwick_Brell/Models/DeskStores.h"
 #include "Tarnwick_Brell/Models/Newsrooms/BoardModel.h"
+#include "Tarnwick_Brell/Models/Beats/BeatActions.h"
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomActions.h"
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomEditor.h"
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomModel.h"
@@ -50,6 +51,7 @@ class WindowModel : public QObject {
     Q_PROPERTY(app::NewsroomEditor* editor READ editor CONSTANT)
     Q_PROPERTY(app::BoardModel* board READ board CONSTANT)
     Q_PROPERTY(app::NewsroomActions* newsroomActions READ newsroomActions CONSTANT)
+    Q_PROPERTY(app::BeatActions* beatActions READ beatActions CONSTANT)
     Q_PROPERTY(app::RefreshStatus* refresh READ refresh CONSTANT)
     Q_PROPERTY(app::ActionModel* actions READ actions CONSTANT)
     Q_PROPERTY(app::PaletteModel* palette READ palette CONSTANT)
@@ -80,6 +82,7 @@ public:
     NewsroomEditor* editor() { return &editor_; }
     BoardModel* board() { return &board_; }
     NewsroomActions* newsroomActions() { return &newsroomActions_; }
+    BeatActions* beatActions() { return &beatActions_; }
     RefreshStatus* refresh() { return &refresh_; }
     ActionModel* actions() { return &actions_; }
     PaletteModel* palette() { return &palette_; }
@@ -152,6 +155,7 @@ private:
     NewsroomEditor editor_;
     NewsroomActions newsroomActions_;
     BoardModel board_;
+    BeatActions beatActions_;
     std::unique_ptr<PageModel> page_;
     std::unique_ptr<SheetModel> sheet_;
     RefreshStatus refresh_;

@@ -45,6 +45,12 @@ protected:
         for (const char* letter = text; *letter; ++letter) QTest::keyClick(&window(), *letter);
     }
 
+    /// A text field has the focus.
+    bool isTyping() {
+        const auto* item = window().activeFocusItem();
+        return item && item->inherits("QQuickTextInput");
+    }
+
     // The window as a screen reader knows it.
 
     static QString nameOf(QQuickItem* item) {

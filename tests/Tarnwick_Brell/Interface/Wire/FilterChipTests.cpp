@@ -16,7 +16,7 @@
 
 // Written by the build. Naming them keeps the linker from leaving out the modules' types.
 extern void qml_register_types_TarnwickBrell_Models();
-extern void qml_register_types_TarnwickBrell_Wire();
+extern void qml_register_types_TarnwickBrell_Panels();
 
 namespace app {
 namespace {
@@ -24,7 +24,7 @@ namespace {
 constexpr const char* kWindow = R"(
 import QtQuick
 import TarnwickBrell.Models
-import TarnwickBrell.Wire
+import TarnwickBrell.Panels
 
 Window {
     id: window
@@ -42,7 +42,7 @@ int itemsIn(const QQuickItem* item) {
 
 TEST(FilterChip, AThousandChoicesAreMadeAsTheyComeIntoSightAndAreChosenByKeysAndPointer) {
     for (void (*volatile types)() :
-         {&qml_register_types_TarnwickBrell_Models, &qml_register_types_TarnwickBrell_Wire}) {
+         {&qml_register_types_TarnwickBrell_Models, &qml_register_types_TarnwickBrell_Panels}) {
         ASSERT_NE(types, nullptr);
     }
     FilterOptions choices("Source");
