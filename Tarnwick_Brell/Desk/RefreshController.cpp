@@ -36,6 +36,9 @@ RefreshController::RefreshController(DeskJobs& jobs, const SourceController& sou
     : jobs_(jobs), sources_(sources), defaults_(defaults), clock_(std::move(clock)) {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &RefreshController::tick);
+    connect(&defaults_, &Defaults::changed, this, [this] {
+        if (cadence_) tick();
+    });
 }
 
 void RefreshController::start(std::optional<Instant> lastRefresh) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+
 #include "NewsroomKit/Records/Instant.h"
 
 namespace app {
@@ -18,6 +20,7 @@ struct DeskStores {
     Defaults& defaults;
     kit::Clock clock;
     UndoStack& undo;
+    std::filesystem::path library{};  ///< the file that the stores write
 };
 
 }  // namespace app

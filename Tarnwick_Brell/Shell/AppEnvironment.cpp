@@ -19,7 +19,8 @@ NotificationTarget pageOf(const BeatMatch& match) {
 }  // namespace
 
 AppEnvironment::AppEnvironment(const Options& options)
-    : lock_(prepared(options.paths).library, options.what),
+    : library_(options.paths.library),
+      lock_(prepared(options.paths).library, options.what),
       defaults_(options.paths.settings),
       newsDesk_(options.paths.library, options.network, defaults_, options.clock),
       trackers_(newsDesk_.worker(), defaults_, options.clock),

@@ -40,6 +40,7 @@ public:
     NewsroomStore& newsrooms() { return newsrooms_; }
     Notifier& notifier() { return notifier_; }
     Alerts& alerts() { return alerts_; }
+    const std::filesystem::path& library() const { return library_; }
 
 private:
     static const Paths& prepared(const Paths& paths);
@@ -50,6 +51,7 @@ private:
     void alertOn(void (TrackerStore::*signal)(const News&), Alert alert);
     void announce(const std::vector<kit::Story>& news);
 
+    std::filesystem::path library_;
     LibraryLock lock_;
     Defaults defaults_;
     NewsDesk newsDesk_;

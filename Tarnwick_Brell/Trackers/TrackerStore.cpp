@@ -20,7 +20,11 @@ TrackerStore::TrackerStore(DeskWorker& worker, Defaults& defaults, kit::Clock cl
       scheduler_(clock_, {.beforePoll = [this] { followSettings(); },
                           .begin = [this](Tracker tracker) { poll(tracker); },
                           .changed = [this] { emit refreshChanged(); }}),
-      queue_(std::make_shared<MainThreadQueue>()) {}
+      queue_(std::make_shared<MainThreadQueue>()) {
+    connect(&defaults_, &Defaults::changed, this, [this] {
+        if (isLoaded()) followSettings();
+    });
+}
 
 // Jobs in flight continue; their results are dropped.
 TrackerStore::~TrackerStore() { queue_->close(); }

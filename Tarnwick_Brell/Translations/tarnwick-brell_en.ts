@@ -512,6 +512,23 @@
     </message>
 </context>
 <context>
+    <name>SettingFacts</name>
+    <message numerus="yes">
+        <source>%n sources</source>
+        <translation>
+            <numerusform>%n source</numerusform>
+            <numerusform>%n sources</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 · every %n minutes</source>
+        <translation>
+            <numerusform>%1 · every %n minute</numerusform>
+            <numerusform>%1 · every %n minutes</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>app::QueryCount</name>
     <message numerus="yes">
         <source>%n stories in %1 days</source>

@@ -58,7 +58,8 @@ DeskStores windowStores(AppEnvironment& environment, UndoStack& undo, kit::Clock
             .newsrooms = environment.newsrooms(),
             .defaults = environment.defaults(),
             .clock = std::move(clock),
-            .undo = undo};
+            .undo = undo,
+            .library = environment.library()};
 }
 
 void openTarget(WindowModel& model, const NotificationTarget& target) {

@@ -18,6 +18,7 @@
 #include "Tarnwick_Brell/Models/Pages/ArchivePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
 #include "Tarnwick_Brell/Models/Sheets/BeatSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/SettingsSheetModel.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
@@ -73,6 +74,12 @@ void chooseCredited(WindowModel& model, NewsDesk& news) {
         model.openStory(QString::fromStdString(story.id));
         return;
     }
+}
+
+void showSettings(WindowModel& model, int section) {
+    model.open(QStringLiteral("wire:all"));
+    model.actions()->trigger(DeskAction::ShowSettings);
+    if (auto* sheet = qobject_cast<SettingsSheetModel*>(model.sheet())) sheet->setSection(section);
 }
 
 std::vector<View> viewsOf(NewsDesk& news) {
@@ -188,6 +195,12 @@ std::vector<View> viewsOf(NewsDesk& news) {
              runFor(600ms);
          }},
         {"beat-new", [](WindowModel& model) { model.actions()->trigger(DeskAction::NewBeat); }},
+        {"settings", [](WindowModel& model) { showSettings(model, 0); }},
+        {"settings-alerts", [](WindowModel& model) { showSettings(model, 3); }},
+        {"settings-trackers", [](WindowModel& model) { showSettings(model, 4); }},
+        {"settings-library", [](WindowModel& model) { showSettings(model, 5); }},
+        {"settings-privacy", [](WindowModel& model) { showSettings(model, 6); }},
+        {"settings-about", [](WindowModel& model) { showSettings(model, 7); }},
         {"keys", [](WindowModel& model) { model.actions()->trigger(DeskAction::ShowKeys); }},
     };
 }

@@ -62,6 +62,7 @@ enum Value {
     ShowArrivals,
     MarkAllRead,
     NewBeat,
+    ShowSettings,
     Undo,
     Redo,
     ShowMenu,  ///< of what is selected

@@ -8,6 +8,7 @@
 #include "Tarnwick_Brell/Models/Sheets/FocusSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/NewNewsroomSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/PanelOptionsSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/SettingsSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SigningDevicesSheetModel.h"
 
@@ -38,6 +39,7 @@ std::unique_ptr<SheetModel> makeSheet(const DeskStores& stores, const QString& k
         SheetRow{"panel", &sheetOf<PanelOptionsSheetModel>},
         SheetRow{"beat", &BeatSheetModel::make},
         SheetRow{"beat-from-story", &BeatSheetModel::makeFromStory},
+        SheetRow{"settings", &SettingsSheetModel::make},
     };
     const auto name = key.section(u':', 0, 0).toStdString();
     for (const auto& row : kSheets) {

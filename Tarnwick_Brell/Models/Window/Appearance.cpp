@@ -44,6 +44,7 @@ double fontPixels() {
 Appearance::Appearance(Defaults& defaults, QDBusConnection bus)
     : defaults_(defaults), bus_(std::move(bus)) {
     qApp->installEventFilter(this);
+    connect(&defaults_, &Defaults::changed, this, &Appearance::reload);
     refresh();
     if (bus_.isConnected()) askDesktop();
 }

@@ -154,6 +154,7 @@ void WindowModel::execute(Action action) {
         case DeskAction::Undo: undoLast(); break;
         case DeskAction::Redo: stores_.undo.redo(); break;
         case DeskAction::OpenWindow: emit windowWanted(place_.key()); break;
+        case DeskAction::ShowSettings: showSheet(QStringLiteral("settings")); break;
         case DeskAction::NewBeat: showSheet(QStringLiteral("beat:")); break;
         case DeskAction::Quit: QCoreApplication::quit(); break;
         case DeskAction::ToggleSidebar: state_.setSidebarShown(!state_.sidebarShown()); break;

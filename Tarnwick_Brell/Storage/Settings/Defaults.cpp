@@ -48,6 +48,7 @@ void Defaults::set(std::string_view name, std::string_view value) {
         settings_->setValue(qt(name), qt(known->stored(value)));
     }
     write();
+    emit changed(qt(name));
 }
 
 void Defaults::write() {

@@ -9,6 +9,9 @@
 #include <string_view>
 #include <vector>
 
+#include <QObject>
+#include <QString>
+
 #include "NewsroomKit/Trackers/Market/StockQuote.h"
 #include "Tarnwick_Brell/Storage/Settings/SettingKey.h"
 
@@ -18,10 +21,11 @@ namespace app {
 
 /// The user's settings: a key-value file. Reading never fails: an invalid value is replaced
 /// according to its key. Writing throws StoreError.
-class Defaults {
+class Defaults : public QObject {
+    Q_OBJECT
 public:
     explicit Defaults(const std::filesystem::path& file);
-    ~Defaults();
+    ~Defaults() override;
 
     static std::span<const SettingKey> keys() { return SettingKey::all(); }
     /// Null when there is no such key.
@@ -56,6 +60,8 @@ public:
     std::string focusSymbol() const;
     std::string serviceAddress() const;
     std::string appearance() const;
+    /// Where the settings are stored.
+    const std::filesystem::path& file() const { return file_; }
 
     /// State that the desk stores between runs, under keys that are not settings. An invalid value
     /// counts as absent.
@@ -65,6 +71,10 @@ public:
 
     static constexpr std::string_view kKnownServiceProblems = "knownServiceProblems";
     static constexpr std::string_view kKnownBuilds = "knownBuilds";
+
+signals:
+    /// This program has set or removed the value of a setting.
+    void changed(const QString& key);
 
 private:
     /// The value in its stored form, or the key's default.

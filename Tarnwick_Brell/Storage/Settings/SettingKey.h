@@ -20,7 +20,14 @@ struct SettingKey {
         logLevels
     };
 
+    /// Where people look for it.
+    enum class Section { general, appearance, sources, alerts, trackers, library, privacy, about };
+    /// Some values are read once, when the program starts.
+    enum class Effect { atOnce, atNextStart };
+
     std::string_view name;
+    Section section;
+    std::string_view title;
     std::string_view meaning;
     std::string_view absent;  ///< the default
     Type type;
@@ -31,6 +38,7 @@ struct SettingKey {
         long long most;
     };
     std::optional<Range> range{};  ///< of a whole number
+    Effect effect = Effect::atOnce;
 
     /// All settings of the user.
     static std::span<const SettingKey> all();

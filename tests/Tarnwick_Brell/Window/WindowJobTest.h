@@ -75,9 +75,19 @@ protected:
         auto* face = QAccessible::queryAccessibleInterface(window().activeFocusItem());
         return face ? face->text(QAccessible::Description) : QString();
     }
+    /// Items that have just come stand in their places once a frame has been drawn.
+    void waitForFrame() {
+        bool isDrawn = false;
+        QObject context;
+        QObject::connect(&window(), &QQuickWindow::frameSwapped, &context, [&] { isDrawn = true; });
+        window().update();
+        ASSERT_TRUE(::test::until([&] { return isDrawn; }));
+    }
     /// Once it is there.
     void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) {
         ASSERT_TRUE(::test::until([&] { return named(name) != nullptr; })) << name.toStdString();
+        waitForFrame();
+        ASSERT_NE(named(name), nullptr) << name.toStdString();
         QTest::mouseClick(&window(), button, {}, middleOf(*named(name)));
     }
     /// The pointer goes there in steps, as a hand does.

@@ -1,0 +1,104 @@
+import QtQuick
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+
+/// A setting: what it is and does at the left, its control at the right. A changed one can be set
+/// back. A fact has no control.
+Item {
+    id: line
+
+    signal switched(on: bool)
+    signal chosen(choice: int)
+    signal entered(text: string)
+    signal reset
+
+    required property int index
+    required property string title
+    required property string meaning
+    required property string section
+    required property int control
+    required property string value
+    required property bool isOn
+    required property var choices
+    required property int choice
+    required property bool isChanged
+    required property string standard
+    required property string problem
+
+    readonly property string note: problem || (section ? section + " · " : "") + standard
+
+    implicitHeight: Math.max(words.height, controls.height) + 2 * Theme.space2
+
+    Hairline {
+        width: parent.width
+    }
+    Row {
+        id: controls
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.space1
+
+        IconButton {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: line.isChanged
+            symbol: "arrow.uturn.backward"
+            text: qsTr("Back to the default: %1").arg(line.title)
+            onClicked: line.reset()
+        }
+        DeskSwitch {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: line.control === SettingControl.Switch
+            checked: line.isOn
+            Accessible.name: line.title
+            Accessible.description: line.meaning
+            onToggled: line.switched(checked)
+        }
+        SegmentedControl {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: line.control === SettingControl.Choice
+            label: line.title
+            model: line.choices
+            currentIndex: line.choice
+            onActivated: index => line.chosen(index)
+        }
+        DeskField {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: line.control === SettingControl.Text
+            width: Theme.settingControl
+            outlined: true
+            label: line.title
+            text: line.value
+            Accessible.description: line.meaning
+            onEditingFinished: if (text !== line.value)
+                line.entered(text)
+        }
+    }
+    Column {
+        id: words
+
+        anchors.verticalCenter: parent.verticalCenter
+        width: parent.width - controls.width - Theme.space4
+
+        DeskText {
+            width: parent.width
+            type: DeskText.BaseMedium
+            text: line.title
+        }
+        DeskText {
+            width: parent.width
+            type: DeskText.Meta
+            lines: 6
+            color: Theme.text2
+            text: line.meaning
+        }
+        DeskText {
+            width: parent.width
+            visible: text
+            type: DeskText.Meta
+            lines: 3
+            color: line.problem ? Theme.red : Theme.text3
+            text: line.note
+        }
+    }
+}

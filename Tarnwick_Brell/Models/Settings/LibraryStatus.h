@@ -1,0 +1,57 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <thread>
+#include <vector>
+
+#include <QObject>
+#include <QString>
+
+#include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Desk/MainThreadQueue.h"
+#include "Tarnwick_Brell/Storage/Safety/Backups.h"
+
+namespace app {
+
+/// The library's file and its backups. Reads, checks and copies them on a thread of its own, which
+/// ends with this object.
+class LibraryStatus : public QObject {
+    Q_OBJECT
+public:
+    LibraryStatus(std::filesystem::path library, kit::Clock clock);
+    ~LibraryStatus() override;
+
+    const std::filesystem::path& library() const { return library_; }
+    /// Nothing until it has been read.
+    std::optional<std::uintmax_t> size() const { return size_; }
+    const std::vector<Backup>& backups() const { return backups_; }
+    /// What is under way, as a sentence; empty for nothing.
+    const QString& progress() const { return progress_; }
+    /// How the last check or copy ended, as a sentence.
+    const QString& outcome() const { return outcome_; }
+
+    /// Both do nothing while one is under way.
+    void check();
+    void backUp();
+
+signals:
+    void changed();
+
+private:
+    void read();
+    void run(const QString& progress, std::function<QString(const std::stop_token&)> work);
+
+    std::filesystem::path library_;
+    kit::Clock clock_;
+    std::optional<std::uintmax_t> size_;
+    std::vector<Backup> backups_;
+    QString progress_;
+    QString outcome_;
+    std::shared_ptr<MainThreadQueue> queue_;
+    std::jthread thread_;
+};
+
+}  // namespace app

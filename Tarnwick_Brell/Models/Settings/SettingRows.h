@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <qqmlregistration.h>
+
+/// How a setting is changed.
+namespace app::SettingControl {
+
+Q_NAMESPACE
+QML_ELEMENT
+
+/// A fact has no control: it is something that the section says.
+enum Value { Switch, Choice, Text, Fact };
+Q_ENUM_NS(Value)
+
+}  // namespace app::SettingControl
+
+namespace app {
+
+struct SettingSectionRow {
+    Q_GADGET
+    Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString symbol MEMBER symbol)
+
+public:
+    QString title{};
+    QString symbol{};
+
+    bool operator==(const SettingSectionRow&) const = default;
+};
+
+struct SettingRow {
+    Q_GADGET
+    Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString meaning MEMBER meaning)
+    Q_PROPERTY(QString section MEMBER section)
+    Q_PROPERTY(app::SettingControl::Value control MEMBER control)
+    Q_PROPERTY(QString value MEMBER value)
+    Q_PROPERTY(bool isOn MEMBER isOn)
+    Q_PROPERTY(QStringList choices MEMBER choices)
+    Q_PROPERTY(int choice MEMBER choice)
+    Q_PROPERTY(bool isChanged MEMBER isChanged)
+    Q_PROPERTY(QString standard MEMBER standard)
+    Q_PROPERTY(QString problem MEMBER problem)
+
+public:
+    QString title{};
+    QString meaning{};
+    QString section{};  ///< named while searching only
+    SettingControl::Value control = SettingControl::Text;
+    QString value{};
+    bool isOn = false;
+    QStringList choices{};
+    int choice = -1;
+    bool isChanged = false;  ///< not the default
+    QString standard{};      ///< "Default: 5"
+    QString problem{};       ///< why the last input was refused
+    std::string key{};
+
+    bool operator==(const SettingRow&) const = default;
+};
+
+}  // namespace app

@@ -1,0 +1,193 @@
+#include "Tarnwick_Brell/Models/Sheets/SettingsSheetModel.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Models/Actions/PaletteMatch.h"
+#include "Tarnwick_Brell/Models/Settings/SettingChange.h"
+#include "Tarnwick_Brell/Models/Settings/SettingFacts.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Storage/Settings/Defaults.h"
+
+namespace app {
+
+namespace {
+
+using Section = SettingKey::Section;
+using Type = SettingKey::Type;
+
+constexpr int kLongestValue = 2000;
+
+struct SettingSection {
+    Section section;
+    const char* title;
+    const char* symbol;
+};
+
+// clang-format off
+constexpr std::array<SettingSection, 8> kSections{{
+    {Section::general, QT_TRANSLATE_NOOP("app::SettingsSheetModel", "General"), "slider.horizontal.3"},
+    {Section::appearance, QT_TRANSLATE_NOOP("app::SettingsSheetModel", "Appearance"), "sun.max"},
+    {Section::sources, QT_TRANSLATE_NOOP("app::SettingsSheetModel", "Sources"), "globe"},
+    {Section::alerts, QT_TRANSLATE_NOOP("app::SettingsSheetModel", "Alerts"), "bell"},
+    {Section::trackers, QT_TRANSLATE_NOOP("app::SettingsSheetModel", "Trackers"), "waveform.path.ecg"},
+    {Section::library, QT_TRANSLATE_NOOP("app::SettingsSheetModel", "Library"), "archivebox"},
+    {Section::privacy, QT_TRANSLATE_NOOP("app::SettingsSheetModel", "Privacy"), "shield.lefthalf.filled"},
+    {Section::about, QT_TRANSLATE_NOOP("app::SettingsSheetModel", "About"), "info.circle"},
+}};
+// clang-format on
+
+QString titleOf(Section section) {
+    const auto found = std::ranges::find(kSections, section, &SettingSection::section);
+    return SettingsSheetModel::tr(found->title);
+}
+
+/// "minutes between two refreshes" as a sentence.
+QString sentenceOf(std::string_view meaning) {
+    auto text = labelText(meaning, kExcerptCharacters);
+    if (!text.isEmpty()) text[0] = text[0].toUpper();
+    return text + u'.';
+}
+
+QString valueText(const SettingKey& key, const std::string& value) {
+    if (key.type == Type::truthValue)
+        return value == "true" ? SettingsSheetModel::tr("on") : SettingsSheetModel::tr("off");
+    if (key.type == Type::choice) return labelText(value);
+    return titleText(value, kLongestValue);
+}
+
+}  // namespace
+
+std::unique_ptr<SheetModel> SettingsSheetModel::make(const DeskStores& stores, const QString&) {
+    return std::make_unique<SettingsSheetModel>(stores);
+}
+
+SettingsSheetModel::SettingsSheetModel(const DeskStores& stores)
+    : stores_(stores), library_(stores.library, stores.clock) {
+    std::vector<SettingSectionRow> rows;
+    for (const auto& section : kSections)
+        rows.push_back({.title = tr(section.title), .symbol = QString::fromLatin1(section.symbol)});
+    sections_.setRows(std::move(rows));
+    connect(&stores.defaults, &Defaults::changed, this, &SettingsSheetModel::update);
+    connect(&library_, &LibraryStatus::changed, this, &SettingsSheetModel::update);
+    connect(&stores.news, &NewsDesk::sourcesChanged, this, &SettingsSheetModel::update);
+    update();
+}
+
+void SettingsSheetModel::update() {
+    std::vector<SettingRow> rows;
+    for (const auto& key : Defaults::keys()) {
+        if (isWanted(key)) rows.push_back(rowOf(key));
+    }
+    std::ranges::move(factsOfSection(), std::back_inserter(rows));
+    settings_.setRows(std::move(rows));
+    emit changed();
+}
+
+bool SettingsSheetModel::isWanted(const SettingKey& key) const {
+    if (searched_.trimmed().isEmpty())
+        return key.section == kSections[static_cast<std::size_t>(section_)].section;
+    const auto text = QStringList{labelText(key.title), sentenceOf(key.meaning),
+                                  titleOf(key.section), plainText(key.name)};
+    return PaletteQuery(searched_).match(text.join(u' ')).has_value();
+}
+
+SettingRow SettingsSheetModel::rowOf(const SettingKey& key) const {
+    const auto stored = stores_.defaults.text(key.name);
+    const std::string standard(key.absent);
+    const auto value = stored.value_or(standard);
+    SettingRow row{.title = labelText(key.title),
+                   .meaning = sentenceOf(key.meaning),
+                   .value = titleText(value, kLongestValue),
+                   .isOn = value == "true",
+                   .isChanged = value != standard,
+                   .key = std::string(key.name)};
+    if (key.type == Type::truthValue) row.control = SettingControl::Switch;
+    if (key.type == Type::choice) {
+        row.control = SettingControl::Choice;
+        for (const auto choice : key.choices) row.choices << labelText(choice);
+        const auto place = std::ranges::find(key.choices, value);
+        if (place != key.choices.end()) row.choice = static_cast<int>(place - key.choices.begin());
+    }
+    if (key.effect == SettingKey::Effect::atNextStart)
+        row.meaning += u' ' + tr("It takes effect when the program starts again.");
+    row.standard =
+        standard.empty() ? tr("Default: none") : tr("Default: %1").arg(valueText(key, standard));
+    if (!searched_.trimmed().isEmpty()) row.section = titleOf(key.section);
+    if (const auto problem = problems_.find(row.key); problem != problems_.end())
+        row.problem = problem->second;
+    return row;
+}
+
+std::vector<SettingRow> SettingsSheetModel::factsOfSection() const {
+    if (!searched_.trimmed().isEmpty()) return {};
+    switch (kSections[static_cast<std::size_t>(section_)].section) {
+        case Section::library: return libraryFacts(library_, stores_.clock());
+        case Section::privacy: return privacyFacts(stores_);
+        case Section::about: return aboutFacts();
+        default: return {};
+    }
+}
+
+void SettingsSheetModel::setSection(int section) {
+    if (section < 0 || section >= std::ssize(kSections)) return;
+    section_ = section;
+    searched_.clear();
+    update();
+}
+
+void SettingsSheetModel::setSearched(const QString& text) {
+    if (text == searched_) return;
+    searched_ = text;
+    update();
+}
+
+QString SettingsSheetModel::title() const {
+    return searched_.trimmed().isEmpty() ? tr(kSections[static_cast<std::size_t>(section_)].title)
+                                         : tr("Settings found: %1").arg(settings_.rowCount());
+}
+
+bool SettingsSheetModel::isLibrary() const {
+    return searched_.trimmed().isEmpty() &&
+           kSections[static_cast<std::size_t>(section_)].section == Section::library;
+}
+
+QString SettingsSheetModel::changedCount() const {
+    const auto count = std::ranges::count_if(Defaults::keys(), [&](const SettingKey& key) {
+        return stores_.defaults.text(key.name).value_or(std::string(key.absent)) != key.absent;
+    });
+    return tr("Every setting works at once. Changed from the default: %1")
+        .arg(static_cast<int>(count));
+}
+
+void SettingsSheetModel::setValue(int row, const QString& value) {
+    const auto* setting = settings_.row(row);
+    if (!setting || setting->control == SettingControl::Fact) return;
+    const auto name = setting->key;
+    const auto problem =
+        changeSetting(stores_, *Defaults::key(name), value.trimmed().toStdString());
+    if (problem.isEmpty()) {
+        problems_.erase(name);
+    } else {
+        problems_[name] = problem;
+    }
+    update();
+}
+
+void SettingsSheetModel::setOn(int row, bool on) {
+    setValue(row, on ? QStringLiteral("true") : QStringLiteral("false"));
+}
+
+void SettingsSheetModel::choose(int row, int choice) {
+    const auto* setting = settings_.row(row);
+    if (!setting) return;
+    const auto choices = Defaults::key(setting->key)->choices;
+    if (choice >= 0 && choice < std::ssize(choices))
+        setValue(row, plainText(choices[static_cast<std::size_t>(choice)]));
+}
+
+void SettingsSheetModel::reset(int row) { setValue(row, QString()); }
+
+}  // namespace app

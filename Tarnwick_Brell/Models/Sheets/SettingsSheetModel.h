@@ -1,0 +1,74 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "Tarnwick_Brell/Models/DeskStores.h"
+#include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
+#include "Tarnwick_Brell/Models/Settings/LibraryStatus.h"
+#include "Tarnwick_Brell/Models/Settings/SettingRows.h"
+#include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
+
+namespace app {
+
+struct SettingKey;
+
+/// All settings, by section or by what is searched for. Every change works at once and can be
+/// undone.
+class SettingsSheetModel : public app::SheetModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The window makes its sheets.")
+    Q_PROPERTY(QAbstractListModel* sections READ sections CONSTANT)
+    Q_PROPERTY(int section READ section WRITE setSection NOTIFY changed)
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QString searched READ searched WRITE setSearched NOTIFY changed)
+    Q_PROPERTY(QAbstractListModel* settings READ settings CONSTANT)
+    Q_PROPERTY(bool isLibrary READ isLibrary NOTIFY changed)
+    Q_PROPERTY(bool isLibraryBusy READ isLibraryBusy NOTIFY changed)
+    Q_PROPERTY(QString changedCount READ changedCount NOTIFY changed)
+
+public:
+    static std::unique_ptr<SheetModel> make(const DeskStores& stores, const QString& subject);
+
+    explicit SettingsSheetModel(const DeskStores& stores);
+
+    QAbstractListModel* sections() { return &sections_; }
+    int section() const { return section_; }
+    void setSection(int section);
+    QString title() const;
+    const QString& searched() const { return searched_; }
+    void setSearched(const QString& text);
+    QAbstractListModel* settings() { return &settings_; }
+    bool isLibrary() const;
+    bool isLibraryBusy() const { return !library_.progress().isEmpty(); }
+    QString changedCount() const;
+
+    Q_INVOKABLE void setValue(int row, const QString& value);
+    Q_INVOKABLE void setOn(int row, bool on);
+    Q_INVOKABLE void choose(int row, int choice);
+    /// Back to the default.
+    Q_INVOKABLE void reset(int row);
+    Q_INVOKABLE void checkLibrary() { library_.check(); }
+    Q_INVOKABLE void backUpLibrary() { library_.backUp(); }
+
+signals:
+    void changed();
+
+private:
+    void update();
+    bool isWanted(const SettingKey& key) const;
+    SettingRow rowOf(const SettingKey& key) const;
+    std::vector<SettingRow> factsOfSection() const;
+
+    DeskStores stores_;
+    LibraryStatus library_;
+    int section_ = 0;
+    QString searched_;
+    std::map<std::string, QString> problems_;  ///< by key, until the next good value
+    GadgetListModel<SettingSectionRow> sections_;
+    GadgetListModel<SettingRow> settings_;
+};
+
+}  // namespace app
