@@ -33,6 +33,18 @@ class PressRoom:
         self.process.stdout.close()
 
 
+def display(clean_up):
+    """Starts an X server without a screen; `clean_up` takes what ends it. Gives its name."""
+    read, write = os.pipe()
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1400x900x24"],
+                              pass_fds=[write], stderr=subprocess.DEVNULL)
+    clean_up(server.wait)
+    clean_up(server.terminate)
+    os.close(write)
+    with os.fdopen(read) as number:
+        return ":" + number.readline().strip()
+
+
 class Desk:
     """One user's brell: a data folder and the network that it reaches."""
 

@@ -9,7 +9,7 @@ import subprocess
 import time
 import unittest
 
-from harness import BIN, Desk, PressRoom
+from harness import BIN, Desk, PressRoom, display
 
 # A port on which nobody listens: no network, at once.
 OFFLINE = ["--connect-to", "127.0.0.1:1"]
@@ -102,17 +102,10 @@ class Window(unittest.TestCase):
     def test_a_refusal_is_shown_where_nobody_reads_standard_error(self):
         if not shutil.which("Xvfb"):
             self.skipTest("no Xvfb to show a window on")
-        read, write = os.pipe()
-        server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "800x600x24"],
-                                  pass_fds=[write], stderr=subprocess.DEVNULL)
-        self.addCleanup(server.wait)
-        self.addCleanup(server.terminate)
-        os.close(write)
-        with os.fdopen(read) as number:
-            display = ":" + number.readline().strip()
+        screen = display(self.addCleanup)
         for words, status in ((["--demo", "--ca-file", "x"], 1), (["--no-such-option"], 2)):
             with self.subTest(words=words):
-                process = self.open(*words, QT_QPA_PLATFORM="xcb", DISPLAY=display)
+                process = self.open(*words, QT_QPA_PLATFORM="xcb", DISPLAY=screen)
                 with self.assertRaises(subprocess.TimeoutExpired, msg="it does not wait to be read"):
                     process.wait(timeout=3)
                 process.send_signal(signal.SIGTERM)
@@ -121,9 +114,9 @@ class Window(unittest.TestCase):
                 self.assertRegex(said, r"\Atarnwick-brell: .*\n\Z")
 
     def test_a_refusal_without_a_display_is_a_sentence_and_an_end(self):
-        for display in ({"DISPLAY": ":9876"}, {"DISPLAY": "elsewhere.example:0"}, {"WAYLAND_DISPLAY": "none"}, {}):
-            with self.subTest(**display):
-                changes = {"QT_QPA_PLATFORM": "", "DISPLAY": "", "WAYLAND_DISPLAY": "", **display}
+        for screens in ({"DISPLAY": ":9876"}, {"DISPLAY": "elsewhere.example:0"}, {"WAYLAND_DISPLAY": "none"}, {}):
+            with self.subTest(**screens):
+                changes = {"QT_QPA_PLATFORM": "", "DISPLAY": "", "WAYLAND_DISPLAY": "", **screens}
                 self.assert_refused("", words=["--demo", "--ca-file", "x"], **changes)
 
     def test_a_folder_that_can_not_be_written_is_a_sentence_and_an_end(self):

@@ -68,7 +68,7 @@ Item {
             width: Theme.signingColumn
             topPadding: Theme.step3
             Accessible.role: Accessible.ColumnHeader
-            Accessible.name: qsTr("%1, build %2, %3").arg(version).arg(build).arg(released)
+            Accessible.name: qsTr("%1, build %2, %3").arg(build.version).arg(build.build).arg(build.released)
 
             DeskText {
                 width: parent.width

@@ -41,6 +41,7 @@ Item {
     z: reading >= 0 ? 1 : 0
     Accessible.role: Accessible.ListItem
     Accessible.name: spokenText
+    Accessible.ignored: spokenText === ""
     Accessible.description: readingText
     Accessible.focusable: true
 

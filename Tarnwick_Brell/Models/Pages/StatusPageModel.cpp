@@ -67,7 +67,7 @@ void StatusPageModel::update() {
     for (const auto& problem : content_.problems) rows.push_back(problemRow(problem, moment));
     for (const auto& table : content_.tables) addTable(rows, table);
     for (auto& row : rows) {
-        if (row.spokenText.isEmpty()) row.spokenText = row.title + u' ' + row.detail;
+        if (row.spokenText.isEmpty()) row.spokenText = (row.title + u' ' + row.detail).trimmed();
     }
     rows_.setRows(std::move(rows));
     log_.setRows(logRows(content_.log, moment));
