@@ -5,6 +5,9 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QGuiApplication>
+#include <QInputMethodQueryEvent>
+#include <QKeyEvent>
 #include <QQmlComponent>
 #include <QVariantMap>
 
@@ -95,9 +98,37 @@ DeskWindow::DeskWindow(WindowModel& model) : model_(model) {
 
 DeskWindow::~DeskWindow() = default;
 
+/// Where the language runs from right to left the window is mirrored, and the arrow keys with it;
+/// fields for text do that by themselves.
+bool DeskWindow::mirrorsKey(QEvent& event) {
+    const auto type = event.type();
+    const bool isKey =
+        type == QEvent::KeyPress || type == QEvent::KeyRelease || type == QEvent::ShortcutOverride;
+    if (!isKey || !QGuiApplication::isRightToLeft() || isMirroring_) return false;
+    auto& key = static_cast<QKeyEvent&>(event);
+    const bool isLeft = key.key() == Qt::Key_Left;
+    if ((!isLeft && key.key() != Qt::Key_Right) || hasTextFocus()) return false;
+    QKeyEvent other(type, isLeft ? Qt::Key_Right : Qt::Key_Left, key.modifiers(), QString(),
+                    key.isAutoRepeat());
+    isMirroring_ = true;
+    QCoreApplication::sendEvent(window_.get(), &other);
+    isMirroring_ = false;
+    event.setAccepted(other.isAccepted());
+    return true;
+}
+
+bool DeskWindow::hasTextFocus() const {
+    auto* focus = window_->focusObject();
+    if (!focus) return false;
+    QInputMethodQueryEvent question(Qt::ImEnabled);
+    QCoreApplication::sendEvent(focus, &question);
+    return question.value(Qt::ImEnabled).toBool();
+}
+
 /// Quitting closes all windows first, and would end there when one stays.
 bool DeskWindow::eventFilter(QObject* object, QEvent* event) {
     if (object == qApp && event->type() == QEvent::Quit) isQuitting_ = true;
+    if (object == window_.get() && mirrorsKey(*event)) return true;
     const bool isAsked =
         object == window_.get() && event->type() == QEvent::Close && !isQuitting_ && mayClose_;
     if (!isAsked || mayClose_()) return false;

@@ -43,11 +43,15 @@ public:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    bool mirrorsKey(QEvent& event);
+    bool hasTextFocus() const;
+
     WindowModel& model_;
     QQmlEngine engine_;
     std::unique_ptr<QQuickWindow> window_;
     std::function<bool()> mayClose_;
     bool isQuitting_ = false;
+    bool isMirroring_ = false;
 };
 
 }  // namespace app

@@ -4,6 +4,8 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include "Tarnwick_Brell/Window/PseudoTranslator.h"
+
 namespace app {
 
 void installTranslations() {
@@ -14,6 +16,10 @@ void installTranslations() {
         translator->load(QStringLiteral("tarnwick-brell_en"), folder)) {
         QCoreApplication::installTranslator(translator);
     }
+    const auto pseudo = PseudoTranslator::ofEnvironment();
+    if (pseudo == PseudoTranslator::Language::none) return;
+    QCoreApplication::installTranslator(
+        new PseudoTranslator(pseudo, *translator, QCoreApplication::instance()));
 }
 
 }  // namespace app

@@ -19,14 +19,16 @@ T.TextField {
     property bool clearsOnEscape: false
 
     readonly property bool clears: clearable && text
+    readonly property int start: Theme.space3 + (symbol ? Theme.icon + Theme.space2 : 0)
     readonly property int end: clears ? clear.width
         : cap.visible ? cap.width + Theme.space2 : words.visible ? words.width + Theme.space3 : Theme.space3
 
     implicitWidth: Theme.sidebarWidth
     implicitHeight: main ? Theme.mainFieldHeight : Theme.fieldHeight
-    leftPadding: Theme.space3 + (symbol ? Theme.icon + Theme.space2 : 0)
-    rightPadding: end + Theme.space1
+    leftPadding: Theme.mirrored ? end + Theme.space1 : start
+    rightPadding: Theme.mirrored ? start : end + Theme.space1
     verticalAlignment: TextInput.AlignVCenter
+    Component.onCompleted: Theme.flip(field)
     // Without a family Qt would use the desktop's font for fields, not the window's.
     font.family: hint.font.family
     font.pixelSize: hint.font.pixelSize
@@ -76,51 +78,59 @@ T.TextField {
         }
     }
 
-    Symbol {
-        x: Theme.space3
-        anchors.verticalCenter: parent.verticalCenter
-        visible: field.symbol
-        name: field.symbol
-        color: field.activeFocus ? Theme.text1 : Theme.text2
-    }
-    DeskText {
-        id: hint
-        x: field.leftPadding
-        anchors.verticalCenter: parent.verticalCenter
-        width: field.width - field.leftPadding - field.rightPadding
-        visible: !field.text && !field.preeditText
-        text: field.placeholderText
-        color: field.placeholderTextColor
-        Accessible.ignored: true
-    }
-    KeyCap {
-        id: cap
-        anchors.right: parent.right
-        anchors.rightMargin: Theme.space2
-        anchors.verticalCenter: parent.verticalCenter
-        visible: field.key && !field.text && !field.activeFocus
-        text: field.key
-    }
-    DeskText {
-        id: words
-        anchors.right: parent.right
-        anchors.rightMargin: Theme.space2
-        anchors.verticalCenter: parent.verticalCenter
-        visible: field.note && !field.clears && !cap.visible
-        type: DeskText.Meta
-        text: field.note
-        color: Theme.text3
-    }
-    IconButton {
-        id: clear
-        anchors.right: parent.right
-        anchors.rightMargin: Theme.step2
-        anchors.verticalCenter: parent.verticalCenter
-        visible: field.clears
-        focusPolicy: Qt.NoFocus
-        symbol: "xmark"
-        size: Theme.iconInMeta
-        text: qsTr("Clear")
-        onClicked: field.empty()
+    // Mirrored once more, since the field mirrors itself back for the text that is typed.
+    Item {
+        id: parts
+
+        anchors.fill: parent
+        Component.onCompleted: Theme.flip(parts)
+
+        Symbol {
+            x: Theme.space3
+            anchors.verticalCenter: parent.verticalCenter
+            visible: field.symbol
+            name: field.symbol
+            color: field.activeFocus ? Theme.text1 : Theme.text2
+        }
+        DeskText {
+            id: hint
+            x: field.start
+            anchors.verticalCenter: parent.verticalCenter
+            width: field.width - field.start - field.end - Theme.space1
+            visible: !field.text && !field.preeditText
+            text: field.placeholderText
+            color: field.placeholderTextColor
+            Accessible.ignored: true
+        }
+        KeyCap {
+            id: cap
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.space2
+            anchors.verticalCenter: parent.verticalCenter
+            visible: field.key && !field.text && !field.activeFocus
+            text: field.key
+        }
+        DeskText {
+            id: words
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.space2
+            anchors.verticalCenter: parent.verticalCenter
+            visible: field.note && !field.clears && !cap.visible
+            type: DeskText.Meta
+            text: field.note
+            color: Theme.text3
+        }
+        IconButton {
+            id: clear
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.step2
+            anchors.verticalCenter: parent.verticalCenter
+            visible: field.clears
+            focusPolicy: Qt.NoFocus
+            symbol: "xmark"
+            size: Theme.iconInMeta
+            text: qsTr("Clear")
+            onClicked: field.empty()
+        }
     }
 }

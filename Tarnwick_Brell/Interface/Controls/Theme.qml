@@ -1,7 +1,8 @@
 pragma Singleton
 import QtQuick
+import TarnwickBrell.Controls
 
-/// Every colour, size and duration of the window. The window sets the first three properties;
+/// Every colour, size and duration of the window. The window sets the first properties;
 /// everything else follows from them. Text and the heights that contain text grow with `fontScale`;
 /// spacing and outlines do not.
 QtObject {
@@ -12,6 +13,40 @@ QtObject {
     /// The window is a display on the wall: no cards, nothing scrolls.
     property bool board: false
     property bool reducedMotion: false
+    /// Quiet text and lines are as clear as the rest.
+    property bool highContrast: false
+
+    /// The language runs from right to left: the window's root mirrors everything, and what must
+    /// stay legible mirrors itself back.
+    readonly property bool mirrored: Mirroring.isOn
+    readonly property Component flipComponent: Component {
+        Scale {
+            required property Item item
+
+            origin.x: item.width / 2
+            xScale: -1
+        }
+    }
+
+    /// Mirrors the item around its own middle, when the language asks for it.
+    function flip(item: Item) {
+        if (mirrored)
+            Mirroring.transform(item, flipComponent.createObject(item, { item: item }));
+    }
+    /// The same for a symbol, unless it shows a direction.
+    function flipSymbol(symbol: Item, name: string) {
+        if (mirrored && !/left|right|forward|backward|arrow|list|quote/.test(name))
+            flip(symbol);
+    }
+    /// The same for a text, which begins at the other end then.
+    function flipText(text: Text) {
+        if (!mirrored)
+            return;
+        flip(text);
+        // Text that runs from right to left itself is at the right already.
+        if (text.horizontalAlignment !== Text.AlignHCenter && !Mirroring.isRightToLeft(text.text))
+            text.horizontalAlignment = text.horizontalAlignment === Text.AlignRight ? Text.AlignLeft : Text.AlignRight;
+    }
 
     function scaled(pixels: real): int {
         return Math.round(pixels * fontScale);
@@ -34,20 +69,20 @@ QtObject {
     readonly property color scrim: dark ? Qt.rgba(0, 0, 0, 0.58) : Qt.rgba(24 / 255, 24 / 255, 28 / 255, 0.32)
 
     // Lines
-    readonly property color hairline: dark ? "#27272C" : "#E4E4E8"
-    readonly property color border: dark ? "#3B3B43" : "#D2D2D8"
-    readonly property color edge: dark ? "#787883" : "#8A8A94"
+    readonly property color hairline: highContrast ? dark ? "#787883" : "#8A8A94" : dark ? "#27272C" : "#E4E4E8"
+    readonly property color border: highContrast ? dark ? "#B6B6C0" : "#4A4A54" : dark ? "#3B3B43" : "#D2D2D8"
+    readonly property color edge: highContrast ? dark ? "#ECECF0" : "#18181C" : dark ? "#787883" : "#8A8A94"
 
     // Text
-    readonly property color text1: dark ? "#ECECF0" : "#18181C"
-    readonly property color text2: dark ? "#B6B6C0" : "#4A4A54"
-    readonly property color text3: dark ? "#9494A0" : "#64646E"
+    readonly property color text1: highContrast ? dark ? "#FFFFFF" : "#000000" : dark ? "#ECECF0" : "#18181C"
+    readonly property color text2: highContrast ? dark ? "#F0F0F4" : "#18181C" : dark ? "#B6B6C0" : "#4A4A54"
+    readonly property color text3: highContrast ? dark ? "#DCDCE4" : "#2A2A32" : dark ? "#9494A0" : "#64646E"
     readonly property color tip: dark ? "#E6E6EA" : "#26262B"
     readonly property color textOnTip: dark ? "#18181C" : "#F4F4F6"
 
     // The one accent
     readonly property color accent: dark ? "#6A5FE0" : "#5347C7"
-    readonly property color accentText: dark ? "#AAA3FF" : "#5044C2"
+    readonly property color accentText: highContrast ? dark ? "#CFCBFF" : "#32289A" : dark ? "#AAA3FF" : "#5044C2"
     readonly property color accentHover: Qt.darker(accent, 1.08)
     readonly property color accentPress: Qt.darker(accent, 1.18)
     readonly property color textOnAccent: "#FFFFFF"
@@ -56,18 +91,18 @@ QtObject {
     readonly property color accentLine: dark ? "#4B4690" : "#B9B3EE"
 
     // What is known: words and marks
-    readonly property color green: dark ? "#6ACB95" : "#17693C"
+    readonly property color green: highContrast ? dark ? "#A9F0C6" : "#0B4023" : dark ? "#6ACB95" : "#17693C"
     readonly property color greenSoft: dark ? "#172B20" : "#E2F2E8"
     readonly property color greenMark: dark ? "#43B878" : "#2B9A5B"
-    readonly property color blue: dark ? "#7DB8F4" : "#1A5BA3"
+    readonly property color blue: highContrast ? dark ? "#B9DAFF" : "#0D3B70" : dark ? "#7DB8F4" : "#1A5BA3"
     readonly property color blueSoft: dark ? "#17283B" : "#E3EDF9"
     readonly property color blueMark: dark ? "#5A9FE6" : "#3C82CC"
     readonly property color report: dark ? "#D6D6DD" : "#34343C"
     readonly property color reportSoft: dark ? "#2C2C32" : "#E4E4E9"
-    readonly property color amber: dark ? "#E3B15E" : "#835000"
+    readonly property color amber: highContrast ? dark ? "#FFD894" : "#553300" : dark ? "#E3B15E" : "#835000"
     readonly property color amberSoft: dark ? "#302613" : "#FAEFD8"
     readonly property color amberMark: dark ? "#D99A33" : "#C98410"
-    readonly property color red: dark ? "#F68F88" : "#AE241C"
+    readonly property color red: highContrast ? dark ? "#FFBDB8" : "#7D120C" : dark ? "#F68F88" : "#AE241C"
     readonly property color redSoft: dark ? "#371D1C" : "#FBE8E6"
     readonly property color redMark: dark ? "#EB5F56" : "#D2372D"
 

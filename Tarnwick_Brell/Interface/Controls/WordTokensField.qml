@@ -114,6 +114,7 @@ T.Control {
                         field.close();
                     field.edited();
                 }
+                Component.onCompleted: Theme.flip(input)
                 onActiveFocusChanged: if (!activeFocus)
                     field.current = -1
 
@@ -149,15 +150,23 @@ T.Control {
                         field.current = field.words.length - 1;
                 }
 
-                DeskText {
-                    id: hint
+                // Mirrored once more, since the input mirrors itself back for the text that is typed.
+                Item {
+                    id: decoration
 
-                    x: input.leftPadding
-                    anchors.verticalCenter: parent.verticalCenter
-                    visible: field.placeholder && !field.words.length && !input.text && !input.preeditText
-                    text: field.placeholder
-                    color: Theme.text3
-                    Accessible.ignored: true
+                    anchors.fill: parent
+                    Component.onCompleted: Theme.flip(decoration)
+
+                    DeskText {
+                        id: hint
+
+                        x: input.leftPadding
+                        anchors.verticalCenter: parent.verticalCenter
+                        visible: field.placeholder && !field.words.length && !input.text && !input.preeditText
+                        text: field.placeholder
+                        color: Theme.text3
+                        Accessible.ignored: true
+                    }
                 }
             }
         }

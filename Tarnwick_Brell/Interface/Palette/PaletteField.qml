@@ -45,6 +45,7 @@ Item {
         selectedTextColor: Theme.textOnAccent
         maximumLength: 200
         onTextEdited: field.edited(text)
+        Component.onCompleted: Theme.flip(input)
 
         Accessible.role: Accessible.EditableText
         Accessible.name: purpose
@@ -66,16 +67,24 @@ Item {
                 field.moved(steps);
         }
 
-        DeskText {
-            id: hint
+        // Mirrored once more, since the input mirrors itself back for the text that is typed.
+        Item {
+            id: decoration
 
-            anchors.verticalCenter: parent.verticalCenter
-            width: parent.width
-            type: DeskText.Reader
-            color: Theme.text3
-            text: input.purpose
-            visible: input.text === "" && input.preeditText === ""
-            Accessible.ignored: true
+            anchors.fill: parent
+            Component.onCompleted: Theme.flip(decoration)
+
+            DeskText {
+                id: hint
+
+                anchors.verticalCenter: parent.verticalCenter
+                width: parent.width
+                type: DeskText.Reader
+                color: Theme.text3
+                text: input.purpose
+                visible: input.text === "" && input.preeditText === ""
+                Accessible.ignored: true
+            }
         }
     }
     KeyCap {

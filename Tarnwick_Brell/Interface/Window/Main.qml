@@ -31,6 +31,9 @@ Window {
     title: qsTr("%1 – Tarnwick Brell").arg(placeTitle)
     color: Theme.canvas
 
+    // Popups too, which are children of the same item.
+    Component.onCompleted: Theme.flip(contentItem)
+
     function focusPage() {
         if (wire.visible)
             wire.focusList();
@@ -54,6 +57,11 @@ Window {
         target: Theme
         property: "board"
         value: window.board.isShown
+    }
+    Binding {
+        target: Theme
+        property: "highContrast"
+        value: window.desk.appearance.highContrast
     }
     Binding {
         target: Theme

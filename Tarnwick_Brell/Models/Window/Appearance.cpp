@@ -58,7 +58,8 @@ void Appearance::askDesktop() {
                  SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto question =
         QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("ReadAll"));
-    question << QStringList{PortalSettings::kAppearanceGroup, PortalSettings::kInterfaceGroup};
+    question << QStringList{PortalSettings::kAppearanceGroup, PortalSettings::kInterfaceGroup,
+                            PortalSettings::kAccessibilityGroup};
     auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
@@ -101,6 +102,7 @@ void Appearance::refresh() {
     const auto place = std::ranges::find(choices, defaults_.appearance()) - choices.begin();
     Look look{.choice = static_cast<Choice>(place),
               .fontScale = fontScaleFor(fontPixels()),
+              .highContrast = desktop_.asksForContrast || desktop_.isHighContrast,
               .reducedMotion = !desktop_.isAnimated};
     look.isDark = look.choice == System ? desktop_.prefersDark.value_or(paletteIsDark())
                                         : look.choice == Dark;

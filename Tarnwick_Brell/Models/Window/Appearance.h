@@ -21,6 +21,7 @@ class Appearance : public QObject {
     Q_PROPERTY(app::Appearance::Choice choice READ choice WRITE setChoice NOTIFY changed)
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(qreal fontScale READ fontScale NOTIFY changed)
+    Q_PROPERTY(bool highContrast READ highContrast NOTIFY changed)
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY changed)
 
 public:
@@ -35,6 +36,7 @@ public:
     void setChoice(Choice choice);
     bool isDark() const { return now_.isDark; }
     qreal fontScale() const { return now_.fontScale; }
+    bool highContrast() const { return now_.highContrast; }
     bool reducedMotion() const { return now_.reducedMotion; }
 
     /// The setting may have been changed by somebody else.
@@ -56,6 +58,7 @@ private:
         Choice choice = System;
         bool isDark = false;
         qreal fontScale = 1;
+        bool highContrast = false;
         bool reducedMotion = false;
 
         bool operator==(const Look&) const = default;

@@ -8,6 +8,7 @@ namespace {
 
 constexpr uint kDark = 1;
 constexpr uint kLight = 2;
+constexpr uint kHigh = 1;
 
 // 9 and 11 points at 96 dots per inch.
 constexpr double kSmallestUsualPixels = 12;
@@ -20,6 +21,8 @@ constexpr double kMostScale = 2.5;
 
 const QString PortalSettings::kAppearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const QString PortalSettings::kInterfaceGroup = QStringLiteral("org.gnome.desktop.interface");
+const QString PortalSettings::kAccessibilityGroup =
+    QStringLiteral("org.gnome.desktop.a11y.interface");
 
 void PortalSettings::take(const QString& group, const QString& key, const QVariant& value) {
     if (group == kAppearanceGroup && key == u"color-scheme") {
@@ -28,6 +31,13 @@ void PortalSettings::take(const QString& group, const QString& key, const QVaria
         if (!isNumber) return;
         prefersDark =
             scheme == kDark || scheme == kLight ? std::optional(scheme == kDark) : std::nullopt;
+    } else if (group == kAppearanceGroup && key == u"contrast") {
+        bool isNumber = false;
+        const auto contrast = value.toUInt(&isNumber);
+        if (isNumber) asksForContrast = contrast == kHigh;
+    } else if (group == kAccessibilityGroup && key == u"high-contrast" &&
+               value.typeId() == QMetaType::Bool) {
+        isHighContrast = value.toBool();
     } else if (group == kInterfaceGroup && key == u"enable-animations" &&
                value.typeId() == QMetaType::Bool) {
         isAnimated = value.toBool();

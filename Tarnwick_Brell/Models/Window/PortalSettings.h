@@ -16,9 +16,12 @@ struct PortalSettings {
 
     static const QString kAppearanceGroup;
     static const QString kInterfaceGroup;
+    static const QString kAccessibilityGroup;
 
     std::optional<bool> prefersDark{};  ///< absent: the desktop has no opinion
     bool isAnimated = true;
+    bool asksForContrast = false;
+    bool isHighContrast = false;  ///< of desktops whose portal lacks the setting above
 
     /// Takes a setting over; those of other groups and of unknown types change nothing.
     void take(const QString& group, const QString& key, const QVariant& value);

@@ -6,6 +6,7 @@
 #include "Tarnwick_Brell/Models/Stories/StoryActions.h"
 #include "Tarnwick_Brell/Models/Window/RefreshStatus.h"
 #include "Tarnwick_Brell/Presentation/MentionText.h"
+#include "Tarnwick_Brell/Window/PseudoTranslator.h"
 #include "Tarnwick_Brell/Window/Translations.h"
 
 namespace app {
@@ -30,6 +31,25 @@ TEST(Translations, OneIsSingularAndMoreArePluralAlsoInALanguageWithoutACatalogue
     EXPECT_EQ(CoveragePanelModel::tr("%n stories", nullptr, 1), QStringLiteral("1 story"));
     EXPECT_EQ(RefreshStatus::tr("Refreshing, %1 of %n sources", nullptr, 1).arg(0),
               QStringLiteral("Refreshing, 0 of 1 source"));
+
+    const struct {
+        PseudoTranslator::Language language;
+        const char* source;
+        int count;
+        QString shown;
+    } cases[] = {
+        {PseudoTranslator::Language::accented, "Save %1", -1, QStringLiteral("[Šávé %1~~~]")},
+        {PseudoTranslator::Language::mirrored, "Save", -1,
+         QChar(0x202E) + QStringLiteral("[Save]") + QChar(0x202C)},
+        {PseudoTranslator::Language::mirrored, "QT_LAYOUT_DIRECTION", -1, QStringLiteral("RTL")},
+        {PseudoTranslator::Language::accented, "QT_LAYOUT_DIRECTION", -1, QStringLiteral("LTR")},
+    };
+    const QTranslator english;
+    for (const auto& each : cases) {
+        const PseudoTranslator pseudo(each.language, english, nullptr);
+        EXPECT_EQ(pseudo.translate("", each.source, nullptr, each.count), each.shown)
+            << each.source;
+    }
 
     const std::vector<StoryMention> outlets(4, StoryMention{});
     EXPECT_TRUE(sourcesText(outlets, kit::Instant()).endsWith(QStringLiteral("2 more")));

@@ -54,6 +54,7 @@ TEST_F(AppearanceTest, FollowsThePortalUntilTheUserDecides) {
     EXPECT_FALSE(appearance.isDark()) << "nobody waits for the portal";
     ASSERT_TRUE(::test::until([&] { return appearance.isDark(); }));
     EXPECT_TRUE(appearance.reducedMotion());
+    EXPECT_TRUE(appearance.highContrast());
 
     int changes = 0;
     QObject::connect(&appearance, &Appearance::changed, [&] { ++changes; });
@@ -108,6 +109,7 @@ TEST(PortalSettings, NonsenseFromThePortalChangesNothing) {
     PortalSettings look;
     look.take({{PortalSettings::kAppearanceGroup, {{"color-scheme", "dark"}}},
                {PortalSettings::kInterfaceGroup, {{"enable-animations", "no"}}},
+               {PortalSettings::kAccessibilityGroup, {{"high-contrast", "very"}}},
                {"org.example", {{"color-scheme", 1u}}}});
     EXPECT_EQ(look, PortalSettings());
     look.take(PortalSettings::kAppearanceGroup, "color-scheme", 1u);
