@@ -32,7 +32,7 @@ namespace {
 using namespace app;
 using namespace std::chrono_literals;
 
-constexpr std::array kSizes{QSize(960, 600), QSize(1360, 860), QSize(1600, 1000)};
+constexpr std::array kSizes{QSize(960, 600), QSize(1360, 860), QSize(1920, 1080)};
 
 struct View {
     const char* name;
@@ -231,15 +231,21 @@ void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString&
     }
 }
 
-int run(int& count, char** words, const DeskOptions& options, const std::string& folder,
-        const std::string& only) {
+struct Pictures {
+    std::string folder;
+    std::string only;        ///< one view; empty for all
+    std::int64_t text = 13;  ///< the height of the desktop's font, in pixels
+};
+
+int run(int& count, char** words, const DeskOptions& options, const Pictures& pictures) {
+    const auto& [folder, only, text] = pictures;
     LaunchContext launch(options, currentInstant());
     auto network =
         launch.network([](const std::string& sentence) { fmt::print(stderr, "{}\n", sentence); });
     QGuiApplication application(count, words);
     // A fixed font and size, so that pictures can be compared.
     QFont font(QStringLiteral("Inter"));
-    font.setPixelSize(13);
+    font.setPixelSize(static_cast<int>(text));
     QGuiApplication::setFont(font);
     QDir().mkpath(QString::fromStdString(folder));
     installTranslations();
@@ -292,17 +298,19 @@ int run(int& count, char** words, const DeskOptions& options, const std::string&
 int main(int argc, char** argv) {
     arguments::Parser parser("window_pictures", "Draws every view of the window into PNG files.");
     DeskOptions options;
-    std::string folder, only;
+    Pictures pictures;
     auto program = parser.root();
     addDeskOptions(program, options);
-    program.option("FOLDER", folder, "Where they go").required();
-    program.option("--only", only, "One view");
+    program.option("FOLDER", pictures.folder, "Where they go").required();
+    program.option("--only", pictures.only, "One view");
+    program.number("--text", pictures.text, {6, 60},
+                   "The height of the desktop's font, in pixels; 29 is twice the usual size");
     try {
         if (const auto text = parser.parse(argc, argv)) {
             fmt::print("{}", *text);
             return 0;
         }
-        return run(argc, argv, options, folder, only);
+        return run(argc, argv, options, pictures);
     } catch (const arguments::UsageError& error) {
         fmt::print(stderr, "window_pictures: {}\n", error.what());
         return 2;
