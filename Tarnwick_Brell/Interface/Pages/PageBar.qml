@@ -29,26 +29,30 @@ FocusScope {
 
     readonly property real spare: width - filterRow.width - endRow.width
 
-    Row {
-        id: filterRow
+    OverflowRow {
+        width: endRow.x - Theme.space2
+        height: parent.height
 
-        anchors.verticalCenter: parent.verticalCenter
-        spacing: Theme.space2
-    }
-    SearchField {
-        id: field
+        Row {
+            id: filterRow
 
-        anchors.left: filterRow.right
-        anchors.leftMargin: filterRow.width > 0 ? Theme.space2 : 0
-        anchors.verticalCenter: parent.verticalCenter
-        width: Math.max(Theme.barFieldLeast, Math.min(Theme.barFieldWidth, bar.spare - 2 * Theme.space2))
-        visible: bar.fieldHint !== ""
-        placeholderText: bar.fieldHint
-        text: bar.fieldText
-        onTextEdited: bar.fieldEdited(text)
-        onEscaped: bar.leftForPage()
-        Keys.onDownPressed: bar.leftForPage()
-        Keys.onReturnPressed: bar.leftForPage()
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: Theme.space2
+            visible: width > 0
+        }
+        SearchField {
+            id: field
+
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.max(Theme.barFieldLeast, Math.min(Theme.barFieldWidth, bar.spare - 2 * Theme.space2))
+            visible: bar.fieldHint !== ""
+            placeholderText: bar.fieldHint
+            text: bar.fieldText
+            onTextEdited: bar.fieldEdited(text)
+            onEscaped: bar.leftForPage()
+            Keys.onDownPressed: bar.leftForPage()
+            Keys.onReturnPressed: bar.leftForPage()
+        }
     }
     Row {
         id: endRow

@@ -19,6 +19,8 @@ TableHeader {
             required property string modelData
             required property int index
 
+            // Large text leaves room for today alone.
+            visible: 2 * implicitWidth < header.row.columns.cellsWidth
             x: header.row.columns.cellsX + index * Theme.daysLeast * header.row.columns.pitch
             text: modelData
         }

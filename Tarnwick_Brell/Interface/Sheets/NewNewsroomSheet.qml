@@ -187,11 +187,14 @@ Sheet {
                 DeskText {
                     id: focusLabel
 
+                    width: count.x - Theme.space2
                     type: DeskText.MetaStrong
                     color: Theme.text3
                     text: qsTr("Focus: what its panels are about")
                 }
                 DeskText {
+                    id: count
+
                     anchors.right: parent.right
                     type: DeskText.Meta
                     color: Theme.text3

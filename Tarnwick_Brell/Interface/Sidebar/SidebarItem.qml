@@ -87,7 +87,7 @@ T.ItemDelegate {
             Accessible.ignored: true
         }
         DeskText {
-            x: item.isSection ? Theme.space4 : Theme.space8 + Theme.space2
+            x: Theme.space4 + (item.isSection ? 0 : Math.max(Theme.space6, Theme.icon + Theme.space2))
             y: item.isSection ? parent.height - Theme.sidebarItem + (Theme.sidebarItem - height) / 2
                               : (parent.height - height) / 2
             width: counter.x - x - Theme.space2

@@ -14,12 +14,12 @@ Item {
 
     implicitWidth: row.implicitWidth
 
-    Row {
+    OverflowRow {
         id: row
 
         x: Theme.space3
-        anchors.verticalCenter: parent.verticalCenter
-        spacing: Theme.space2
+        width: bar.width - x
+        height: parent.height
 
         SearchField {
             id: search
