@@ -43,6 +43,7 @@ enum Value {
     EditNewsroom,
     AddPanel,
     ShowPanelOptions,
+    DuplicatePanel,
     GiveBackEdits,
     ShowBoard,  ///< the newsroom on a display on the wall
     CopyRow,

@@ -155,6 +155,13 @@ void NewsroomEditor::resizeBy(Direction direction) {
 }
 
 /// The panel after it in reading order, or the one before the last, becomes the selected one.
+void NewsroomEditor::duplicateSelected() {
+    const auto panel = selectedIndex();
+    if (!panel || isDragging()) return;
+    apply([&](const auto& spec) { return kit::PanelEditing::duplicated(spec, *panel); },
+          tr("Duplicate panel %1").arg(titleAt(*panel)));
+}
+
 void NewsroomEditor::removeSelected() {
     const auto panel = selectedIndex();
     if (!panel || isDragging()) return;

@@ -73,6 +73,8 @@ public:
     /// Moves the right or the lower edge by one cell.
     Q_INVOKABLE void resizeBy(app::NewsroomEditor::Direction direction);
     Q_INVOKABLE void removeSelected();
+    /// The copy lies below it.
+    void duplicateSelected();
     void add(kit::PanelKind kind);
 
     /// Asks for the sheet with the options of a panel.

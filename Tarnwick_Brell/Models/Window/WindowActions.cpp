@@ -112,6 +112,7 @@ void WindowModel::execute(Action action) {
             editor_.setPicking(true);
             break;
         case DeskAction::ShowPanelOptions: editor_.openOptions(editor_.selected()); break;
+        case DeskAction::DuplicatePanel: editor_.duplicateSelected(); break;
         case DeskAction::NewNewsroom: showSheet(QStringLiteral("new-newsroom")); break;
         case DeskAction::ShowBoard: board_.show(place_.id.toStdString()); break;
         case DeskAction::GiveBackEdits: editor_.giveBack(); break;
