@@ -88,7 +88,7 @@ T.Control {
             TextInput {
                 id: input
 
-                width: Math.min(list.width, Math.max(Theme.wordTokenLeastInput, hint.visible ? hint.implicitWidth : 0,
+                width: Math.min(list.width, Math.max(Theme.wordTokenLeastInput, hint.visible ? leftPadding + hint.implicitWidth : 0,
                                                      contentWidth + Theme.space2))
                 height: Theme.wordToken
                 leftPadding: Theme.space1
@@ -161,6 +161,7 @@ T.Control {
                         id: hint
 
                         x: input.leftPadding
+                        width: list.width - x
                         anchors.verticalCenter: parent.verticalCenter
                         visible: field.placeholder && !field.words.length && !input.text && !input.preeditText
                         text: field.placeholder

@@ -35,15 +35,37 @@ Flickable {
         FieldLabel {
             text: qsTr("Name")
         }
-        DeskField {
-            id: name
-
+        Item {
             width: parent.width
-            outlined: true
-            label: qsTr("Name")
-            placeholderText: form.content.proposedName
-            text: form.content.name
-            onTextEdited: form.content.name = text
+            height: name.height
+
+            DeskField {
+                id: name
+
+                width: parent.width - symbol.width - Theme.space2
+                outlined: true
+                label: qsTr("Name")
+                placeholderText: form.content.proposedName
+                text: form.content.name
+                onTextEdited: form.content.name = text
+            }
+            IconButton {
+                id: symbol
+
+                anchors.right: parent.right
+                anchors.verticalCenter: name.verticalCenter
+                symbol: form.content.symbol
+                text: qsTr("Choose the symbol")
+                onClicked: symbols.open()
+
+                SymbolPicker {
+                    id: symbols
+
+                    symbols: form.content.symbols
+                    current: form.content.symbol
+                    onChosen: name => form.content.symbol = name
+                }
+            }
         }
         FieldLabel {
             text: qsTr("Words its stories mention, separated by commas")

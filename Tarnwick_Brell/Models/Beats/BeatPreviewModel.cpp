@@ -98,7 +98,9 @@ QString BeatPreviewModel::count() const {
 }
 
 QString BeatPreviewModel::rate() const {
-    if (from_ > now_ - kPreviewSpan) return tr("since %1, and more").arg(momentText(from_, now_));
+    // The scan begins a moment before the result's `now`.
+    if (from_ > now_ - kPreviewSpan + 1h)
+        return tr("since %1, and more").arg(momentText(from_, now_));
     const auto perDay = static_cast<double>(preview_.stories) / kit::BeatPreview::kDays;
     if (perDay < 1) return tr("in %1 days").arg(kit::BeatPreview::kDays);
     return tr("in %1 days, %2 a day")

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
 #include "NewsroomKit/Panels/ProposedTerms.h"
 #include "NewsroomKit/Queries/TermList.h"
 #include "NewsroomKit/Text/Folding.h"
@@ -132,6 +133,20 @@ void BeatSheetModel::setName(const QString& name) {
     beat_.name = name.toStdString();
     problem_ = beatProblem(stores_, finished());
     emit changed();
+}
+
+QString BeatSheetModel::symbol() const { return plainText(beat_.symbol); }
+
+void BeatSheetModel::setSymbol(const QString& symbol) {
+    if (!kit::NewsroomSymbols::contains(symbol.toStdString())) return;
+    beat_.symbol = symbol.toStdString();
+    emit changed();
+}
+
+QStringList BeatSheetModel::symbols() const {
+    QStringList symbols;
+    for (const auto symbol : kit::NewsroomSymbols::all) symbols << plainText(symbol);
+    return symbols;
 }
 
 QString BeatSheetModel::proposedName() const { return titleText(finished().name); }

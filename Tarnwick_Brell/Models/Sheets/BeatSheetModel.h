@@ -19,6 +19,8 @@ class BeatSheetModel : public app::SheetModel {
     QML_UNCREATABLE("The window makes its sheets.")
     Q_PROPERTY(bool isNew READ isNew CONSTANT)
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY changed)
+    Q_PROPERTY(QString symbol READ symbol WRITE setSymbol NOTIFY changed)
+    Q_PROPERTY(QList<QString> symbols READ symbols CONSTANT)
     Q_PROPERTY(QString proposedName READ proposedName NOTIFY changed)
     Q_PROPERTY(QList<QString> words READ words NOTIFY changed)
     Q_PROPERTY(QList<QString> excludedWords READ excludedWords NOTIFY changed)
@@ -41,6 +43,9 @@ public:
     bool isNew() const { return isNew_; }
     QString name() const;
     void setName(const QString& name);
+    QString symbol() const;
+    void setSymbol(const QString& symbol);
+    QStringList symbols() const;
     /// What the beat is called when it is not given a name: after its first word.
     QString proposedName() const;
     QStringList words() const;
