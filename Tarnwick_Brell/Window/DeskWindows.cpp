@@ -58,6 +58,7 @@ DeskWindows::Entry& DeskWindows::add(int number) {
     entry.window = std::make_unique<DeskWindow>(*entry.model);
     auto& window = entry.window->window();
     connect(entry.model.get(), &WindowModel::linkWanted, this, &DeskWindows::linkWanted);
+    connect(entry.model.get(), &WindowModel::restoreWanted, this, &DeskWindows::restoreWanted);
     connect(entry.model.get(), &WindowModel::windowWanted, this, &DeskWindows::openAnother);
     connect(&window, &QWindow::activeChanged, this, [this, number, &window] {
         if (window.isActive()) front_ = number;

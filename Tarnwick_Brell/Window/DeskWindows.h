@@ -44,6 +44,7 @@ public:
 signals:
     /// To be opened in the browser.
     void linkWanted(const QString& link);
+    void restoreWanted(const QString& backup);
     void visibilityChanged();
 
 private:

@@ -20,6 +20,7 @@
 #include "Tarnwick_Brell/Shell/ShutdownSignals.h"
 #include "Tarnwick_Brell/Window/DeskPresence.h"
 #include "Tarnwick_Brell/Window/DeskWindows.h"
+#include "Tarnwick_Brell/Window/RestoreWish.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
 #include "Tarnwick_Brell/Window/StartFailure.h"
 #include "Tarnwick_Brell/Window/Translations.h"
@@ -60,12 +61,16 @@ void refuse(const std::exception& error, const Paths& paths, int& count, char** 
 /// Through the desktop's opener; never a shell.
 void openInBrowser(const QString& link) { QDesktopServices::openUrl(QUrl(link)); }
 
-int runWindow(AppEnvironment& environment, SingleInstance& instance) {
+int runWindow(AppEnvironment& environment, SingleInstance& instance, RestoreWish& wish) {
     instance.listen();
     UndoStack undo;
     const auto stores = windowStores(environment, undo, &currentInstant);
     DeskWindows windows(stores);
     QObject::connect(&windows, &DeskWindows::linkWanted, &openInBrowser);
+    QObject::connect(&windows, &DeskWindows::restoreWanted, &windows, [&](const QString& backup) {
+        wish.backup = backup.toStdString();
+        QGuiApplication::quit();
+    });
     QObject::connect(&environment.notifier(), &Notifier::targetActivated, &windows,
                      [&](const NotificationTarget& target, const QString& activationToken) {
                          openTarget(windows.model(), target);
@@ -81,6 +86,7 @@ int runWindow(AppEnvironment& environment, SingleInstance& instance) {
         [&](Qt::ApplicationState state) { presence.setFocused(state == Qt::ApplicationActive); });
     DeskPresence desktop(stores, windows, environment.notifier());
     windows.show();
+    if (!wish.outcome.isEmpty()) emit windows.model().noticed(wish.outcome);
     // The window first: its first frame must not wait for the library.
     QMetaObject::invokeMethod(qApp, [&] { environment.start(); }, Qt::QueuedConnection);
     const int status = QGuiApplication::exec();
@@ -93,16 +99,24 @@ int start(int& count, char** words, const DeskOptions& options) {
     const ProgramLog log(launch.log());
     SingleInstance instance(launch.paths().library);
     if (instance.raiseFirst()) return 0;
-    auto network = launch.network(&warn);
+    const auto network = launch.network(&warn);
     const auto application = makeApplication(count, words);
     // The end of a session and Ctrl-C close the library as the window's own end does.
     const ShutdownSignals stop([] { QGuiApplication::quit(); });
     try {
-        AppEnvironment environment({.paths = launch.paths(),
-                                    .network = std::move(network),
-                                    .clock = &currentInstant,
-                                    .what = SingleInstance::kWhat});
-        return runWindow(environment, instance);
+        RestoreWish wish;
+        while (true) {
+            int status = 0;
+            {
+                AppEnvironment environment({.paths = launch.paths(),
+                                            .network = network,
+                                            .clock = &currentInstant,
+                                            .what = SingleInstance::kWhat});
+                status = runWindow(environment, instance, wish);
+            }
+            if (!wish.backup) return status;
+            fulfil(wish, launch.paths().library, currentInstant());
+        }
     } catch (const std::exception& error) {
         // Here, while the log is still open.
         refuse(error, launch.paths(), count, words);

@@ -364,6 +364,7 @@ QtObject {
     readonly property int settingsHeight: 740
     readonly property int settingsSections: 236
     readonly property int settingControl: 280
+    readonly property int settingNumber: scaled(96)
     readonly property int sheetMargin: 24
     readonly property int sheetHeader: scaled(52)
     readonly property int sheetFoot: scaled(60)

@@ -11,6 +11,7 @@ Item {
     signal chosen(choice: int)
     signal entered(text: string)
     signal reset
+    signal acted
 
     required property int index
     required property string title
@@ -18,7 +19,9 @@ Item {
     required property string section
     required property int control
     required property string value
+    required property bool isNumber
     required property bool isOn
+    required property string action
     required property var choices
     required property int choice
     required property bool isChanged
@@ -62,10 +65,18 @@ Item {
             currentIndex: line.choice
             onActivated: index => line.chosen(index)
         }
+        DeskButton {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: line.control === SettingControl.Button
+            text: line.action
+            Accessible.name: qsTr("%1: %2").arg(line.title).arg(line.action)
+            Accessible.description: line.meaning
+            onClicked: line.acted()
+        }
         DeskField {
             anchors.verticalCenter: parent.verticalCenter
             visible: line.control === SettingControl.Text
-            width: Theme.settingControl
+            width: line.isNumber ? Theme.settingNumber : Theme.settingControl
             outlined: true
             label: line.title
             text: line.value

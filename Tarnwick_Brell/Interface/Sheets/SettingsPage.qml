@@ -42,6 +42,11 @@ Item {
             text: qsTr("Back up now")
             onClicked: page.content.backUpLibrary()
         }
+        DeskButton {
+            visible: page.content.canCancel
+            text: qsTr("Cancel the check")
+            onClicked: page.content.cancelWork()
+        }
     }
     ListView {
         anchors.top: heading.bottom
@@ -63,6 +68,7 @@ Item {
             onChosen: choice => page.content.choose(index, choice)
             onEntered: text => page.content.setValue(index, text)
             onReset: page.content.reset(index)
+            onActed: page.content.act(index)
         }
     }
 }

@@ -21,9 +21,20 @@ Sheet {
         width: Theme.settingsSections
         height: parent ? parent.height : 0
 
+        // Follows the card's lower left corner.
+        Rectangle {
+            anchors.fill: parent
+            radius: Theme.radiusSheet
+            color: Theme.recess
+        }
         Rectangle {
             anchors.fill: parent
             anchors.bottomMargin: Theme.radiusSheet
+            color: Theme.recess
+        }
+        Rectangle {
+            anchors.fill: parent
+            anchors.leftMargin: Theme.radiusSheet
             color: Theme.recess
         }
         SearchField {
@@ -33,6 +44,7 @@ Sheet {
             y: Theme.space3
             width: parent.width - 2 * x
             placeholderText: qsTr("Search settings")
+            key: qsTr("Ctrl F")
             text: sheet.content.searched
             onTextEdited: sheet.content.searched = text
             Keys.onDownPressed: sections.forceActiveFocus()
@@ -59,7 +71,7 @@ Sheet {
 
             delegate: SettingSection {
                 width: ListView.view.width
-                isCurrent: index === sheet.content.section && !sheet.content.searched
+                isCurrent: index === sheet.content.section && !sheet.content.searched && !sheet.content.showsChanged
                 keyboardHere: sections.activeFocus && ListView.isCurrentItem
                 onClicked: {
                     search.clear();
@@ -70,14 +82,23 @@ Sheet {
         DeskText {
             id: hint
 
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: Theme.space4
+            anchors.bottom: showChanged.top
             x: Theme.space4
             width: parent.width - 2 * x
             type: DeskText.Meta
             lines: 3
             color: Theme.text3
             text: sheet.content.changedCount
+        }
+        LinkText {
+            id: showChanged
+
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: Theme.space3
+            x: Theme.space4
+            type: DeskText.MetaMedium
+            text: qsTr("Show them")
+            onClicked: sheet.content.showsChanged = true
         }
         Hairline {
             vertical: true

@@ -6,6 +6,7 @@
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
+#include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 namespace app {
 
@@ -22,16 +23,16 @@ public:
             std::chrono::ceil<minutes>(std::chrono::duration<double>(source.minimumInterval));
         ++host->sources;
         addInterval(*host, std::max(cadence, least));
-        if (status.lastAttempt && (!host->lastAsked || *status.lastAttempt > *host->lastAsked))
-            host->lastAsked = status.lastAttempt;
+        addTime(*host, status.lastAttempt);
     }
 
     template <class T>
-    void addFile(const TrackedFile<T>& file) {
+    void addFile(const TrackedFile<T>& file, const std::optional<kit::Instant>& fetchedAt) {
         auto* host = hostOf(file.address);
         if (!host) return;
         host->trackers.insert(file.tracker);
         addInterval(*host, pollInterval(file.tracker));
+        addTime(*host, fetchedAt);
     }
 
     std::map<std::string, ContactedHost> take() { return std::move(hosts_); }
@@ -40,6 +41,10 @@ private:
     ContactedHost* hostOf(const std::string& address) {
         const auto parsed = kit::WebAddress::parse(address);
         return parsed ? &hosts_[parsed->host] : nullptr;
+    }
+
+    static void addTime(ContactedHost& host, const std::optional<kit::Instant>& asked) {
+        if (asked && (!host.lastAsked || *asked > *host.lastAsked)) host.lastAsked = asked;
     }
 
     static void addInterval(ContactedHost& host, minutes interval) {
@@ -51,26 +56,30 @@ private:
 
 }  // namespace
 
-std::map<std::string, ContactedHost> contactedHosts(const NewsDesk& news,
-                                                    const Defaults& defaults) {
+std::map<std::string, ContactedHost> contactedHosts(const DeskStores& stores) {
     HostCollector hosts;
+    const auto& news = stores.news;
+    const auto& defaults = stores.defaults;
     for (const auto& source : news.sources()) {
         if (news.enabledSourceIDs().contains(source.id)) {
             hosts.addSource(source, news.sourceStatus(source.id),
                             minutes(defaults.refreshMinutes()));
         }
     }
+    auto& trackers = stores.trackers;
     const TrackedFiles files{defaults.serviceAddress()};
-    hosts.addFile(files.status(kit::StatusFeed::consumer));
-    hosts.addFile(files.status(kit::StatusFeed::developer));
-    hosts.addFile(files.releases());
-    hosts.addFile(files.events());
-    hosts.addFile(files.quote(TrackedFiles::kShare, defaults.quoteRange()));
-    hosts.addFile(files.board());
-    for (const auto& device : defaults.signingDevices()) hosts.addFile(files.signing(device));
-    hosts.addFile(files.updates());
+    hosts.addFile(files.status(kit::StatusFeed::consumer), trackers.consumerStatus().fetchedAt);
+    hosts.addFile(files.status(kit::StatusFeed::developer), trackers.developerStatus().fetchedAt);
+    hosts.addFile(files.releases(), trackers.releases().fetchedAt);
+    hosts.addFile(files.events(), trackers.events().fetchedAt);
+    hosts.addFile(files.quote(TrackedFiles::kShare, defaults.quoteRange()),
+                  trackers.quote().fetchedAt);
+    hosts.addFile(files.board(), trackers.board().fetchedAt);
+    for (const auto& device : defaults.signingDevices())
+        hosts.addFile(files.signing(device), trackers.signing(device).fetchedAt);
+    hosts.addFile(files.updates(), trackers.updates().fetchedAt);
     for (const auto& row : kit::enumTable<kit::AppStoreCharts::Kind>)
-        hosts.addFile(files.chart(row.value));
+        hosts.addFile(files.chart(row.value), trackers.chart(row.value).fetchedAt);
     return hosts.take();
 }
 

@@ -8,22 +8,21 @@
 #include <vector>
 
 #include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Models/DeskStores.h"
 #include "Tarnwick_Brell/Trackers/Tracker.h"
 
 namespace app {
 
-class Defaults;
-class NewsDesk;
-
 /// A computer that the desk asks without being told to each time.
 struct ContactedHost {
-    std::size_t sources = 0;                  ///< feeds fetched from it
-    std::set<Tracker> trackers{};             ///< files fetched from it
-    std::chrono::minutes interval{};          ///< the shortest between two requests
-    std::optional<kit::Instant> lastAsked{};  ///< for a feed
+    std::size_t sources = 0;          ///< feeds fetched from it
+    std::set<Tracker> trackers{};     ///< files fetched from it
+    std::chrono::minutes interval{};  ///< the shortest between two requests
+    std::optional<kit::Instant>
+        lastAsked{};  ///< the last attempt at a feed, or answer to a tracker
 };
 
 /// By host, of the sources that are on and all trackers.
-std::map<std::string, ContactedHost> contactedHosts(const NewsDesk& news, const Defaults& defaults);
+std::map<std::string, ContactedHost> contactedHosts(const DeskStores& stores);
 
 }  // namespace app

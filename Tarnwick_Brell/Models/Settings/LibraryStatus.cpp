@@ -2,6 +2,7 @@
 
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Storage/Safety/LibraryCheck.h"
 
 namespace app {
@@ -43,16 +44,31 @@ void LibraryStatus::read() {
 }
 
 void LibraryStatus::check() {
-    run(tr("Checking the library…"), [library = library_](const std::stop_token& stop) {
-        return outcomeText(checkLibrary(library, CheckDepth::full, stop));
-    });
+    canCancel_ = true;
+    run(tr("Checking the library…"),
+        [library = library_, clock = clock_](const std::stop_token& stop) {
+            const auto found = checkLibrary(library, CheckDepth::full, stop);
+            if (found.state == LibraryState::sound)
+                LocalStore(library, Database::Access::readWrite).state().set(kLastCheck, clock());
+            return outcomeText(found);
+        });
 }
 
 void LibraryStatus::backUp() {
+    canCancel_ = false;
     run(tr("Copying the library…"), [library = library_, clock = clock_](const std::stop_token&) {
         const auto backup = Backups(library).make(clock());
         return tr("Copied to %1.").arg(titleText(backup.file.filename().string()));
     });
+}
+
+LibraryStatus::Files LibraryStatus::filesOf(const fs::path& library, kit::Instant now) {
+    if (!LocalStore::exists(library)) return {};
+    LocalStore store(library, Database::Access::readOnly);
+    return {.size = fs::file_size(library),
+            .stories = store.stories().count(),
+            .lastCheck = store.state().instant(kLastCheck),
+            .backups = Backups(library).all(now)};
 }
 
 /// Every work ends with a look at the files, which it may have changed.
@@ -64,19 +80,20 @@ void LibraryStatus::run(const QString& progress,
     thread_ = std::jthread([this, queue = queue_, library = library_, clock = clock_,
                             work = std::move(work)](const std::stop_token& stop) {
         QString outcome;
-        std::vector<Backup> backups;
+        Files files;
         try {
             outcome = work(stop);
-            backups = Backups(library).all(clock());
         } catch (const StoreError& error) {
-            outcome = titleText(error.what(), kExcerptCharacters);
+            outcome = stop.stop_requested() ? tr("The check was given up.")
+                                            : titleText(error.what(), kExcerptCharacters);
         }
-        std::error_code error;
-        const auto size = fs::file_size(library, error);
-        queue->send([this, outcome, backups = std::move(backups),
-                     size = error ? std::nullopt : std::optional(size)] {
-            size_ = size;
-            backups_ = backups;
+        try {
+            files = filesOf(library, clock());
+        } catch (const std::exception& error) {
+            if (outcome.isEmpty()) outcome = titleText(error.what(), kExcerptCharacters);
+        }
+        queue->send([this, outcome, files = std::move(files)] {
+            files_ = files;
             outcome_ = outcome;
             progress_.clear();
             emit changed();

@@ -26,8 +26,10 @@ public:
 
     const std::filesystem::path& library() const { return library_; }
     /// Nothing until it has been read.
-    std::optional<std::uintmax_t> size() const { return size_; }
-    const std::vector<Backup>& backups() const { return backups_; }
+    std::optional<std::uintmax_t> size() const { return files_.size; }
+    std::optional<std::size_t> stories() const { return files_.stories; }
+    std::optional<kit::Instant> lastCheck() const { return files_.lastCheck; }
+    const std::vector<Backup>& backups() const { return files_.backups; }
     /// What is under way, as a sentence; empty for nothing.
     const QString& progress() const { return progress_; }
     /// How the last check or copy ended, as a sentence.
@@ -36,18 +38,29 @@ public:
     /// Both do nothing while one is under way.
     void check();
     void backUp();
+    /// A check can be given up, a copy is made in one go.
+    bool canCancel() const { return canCancel_ && !progress_.isEmpty(); }
+    void cancel() { thread_.request_stop(); }
 
 signals:
     void changed();
 
 private:
+    struct Files {
+        std::optional<std::uintmax_t> size{};
+        std::optional<std::size_t> stories{};
+        std::optional<kit::Instant> lastCheck{};
+        std::vector<Backup> backups{};
+    };
+
+    static Files filesOf(const std::filesystem::path& library, kit::Instant now);
     void read();
     void run(const QString& progress, std::function<QString(const std::stop_token&)> work);
 
     std::filesystem::path library_;
     kit::Clock clock_;
-    std::optional<std::uintmax_t> size_;
-    std::vector<Backup> backups_;
+    bool canCancel_ = false;
+    Files files_;
     QString progress_;
     QString outcome_;
     std::shared_ptr<MainThreadQueue> queue_;

@@ -7,6 +7,7 @@
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Settings/ContactedHosts.h"
 #include "Tarnwick_Brell/Models/Settings/LibraryStatus.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
@@ -62,33 +63,58 @@ QString pathText(const std::filesystem::path& path) {
 
 }  // namespace
 
-std::vector<SettingRow> libraryFacts(const LibraryStatus& library, kit::Instant now) {
-    std::vector<SettingRow> facts;
-    facts.push_back(fact(SettingFacts::tr("Where"), pathText(library.library())));
-    facts.push_back(fact(SettingFacts::tr("Size"),
-                         library.size()
-                             ? QLocale().formattedDataSize(static_cast<qint64>(*library.size()), 1,
-                                                           QLocale::DataSizeSIFormat)
-                             : SettingFacts::tr("Not read yet")));
-    QStringList backups;
-    for (const auto& backup : library.backups()) {
-        const auto made = momentText(backup.made, now);
-        backups << (backup.beforeMigration ? SettingFacts::tr("%1, before an upgrade").arg(made)
-                                           : made);
+std::vector<SettingRow> alertRows(const NewsroomStore& newsrooms) {
+    std::vector<SettingRow> rows;
+    for (const auto& entry : newsrooms.beats().entries()) {
+        if (!entry.value) continue;
+        rows.push_back({.title = titleText(entry.name),
+                        .meaning = SettingFacts::tr("Notify of new stories of this beat."),
+                        .control = SettingControl::Switch,
+                        .isOn = entry.value->alerts,
+                        .beatID = entry.id});
     }
-    facts.push_back(fact(SettingFacts::tr("Backups"),
-                         backups.isEmpty() ? SettingFacts::tr("None yet. One is made every day.")
-                                           : backups.join(QStringLiteral(" · "))));
-    facts.push_back(
-        fact(SettingFacts::tr("Restore"),
-             SettingFacts::tr("With the window closed, “brell library restore” puts the "
-                              "newest sound backup in the library's place and keeps the "
-                              "old file.")));
+    return rows;
+}
+
+std::vector<SettingRow> libraryRows(const LibraryStatus& library, const std::string& asked,
+                                    kit::Instant now) {
+    std::vector<SettingRow> rows;
     if (!library.progress().isEmpty())
-        facts.push_back(fact(SettingFacts::tr("At work"), library.progress()));
+        rows.push_back(fact(SettingFacts::tr("Under way"), library.progress()));
     if (!library.outcome().isEmpty())
-        facts.push_back(fact(SettingFacts::tr("Result"), library.outcome()));
-    return facts;
+        rows.push_back(fact(SettingFacts::tr("Result"), library.outcome()));
+    const auto unread = SettingFacts::tr("Not read yet");
+    rows.push_back(fact(SettingFacts::tr("Where"), pathText(library.library())));
+    rows.push_back(fact(SettingFacts::tr("Size"),
+                        library.size()
+                            ? QLocale().formattedDataSize(static_cast<qint64>(*library.size()), 1,
+                                                          QLocale::DataSizeSIFormat)
+                            : unread));
+    rows.push_back(fact(SettingFacts::tr("Stories"),
+                        library.stories()
+                            ? QLocale().toString(static_cast<qulonglong>(*library.stories()))
+                            : unread));
+    rows.push_back(fact(SettingFacts::tr("Last check"), library.lastCheck()
+                                                            ? momentText(*library.lastCheck(), now)
+                                                            : SettingFacts::tr("Never")));
+    if (library.backups().empty()) {
+        rows.push_back(fact(SettingFacts::tr("Backups"),
+                            SettingFacts::tr("None yet. One is made every day.")));
+    }
+    for (const auto& backup : library.backups()) {
+        const bool isAsked = backup.file.string() == asked;
+        rows.push_back(
+            {.title = SettingFacts::tr("Backup, %1").arg(momentText(backup.made, now)),
+             .meaning = isAsked ? SettingFacts::tr("The window closes and opens again with this "
+                                                   "backup. The present library stays beside it "
+                                                   "under another name.")
+                        : backup.beforeMigration ? SettingFacts::tr("Made before an upgrade.")
+                                                 : pathText(backup.file.filename()),
+             .control = SettingControl::Button,
+             .action = isAsked ? SettingFacts::tr("Restore now") : SettingFacts::tr("Restore…"),
+             .backup = backup.file.string()});
+    }
+    return rows;
 }
 
 std::vector<SettingRow> privacyFacts(const DeskStores& stores) {
@@ -99,7 +125,7 @@ std::vector<SettingRow> privacyFacts(const DeskStores& stores) {
                               "A story is looked up in the archive when you trace it. "
                               "The library does not count requests.")));
     const auto now = stores.clock();
-    for (const auto& [host, contact] : contactedHosts(stores.news, stores.defaults))
+    for (const auto& [host, contact] : contactedHosts(stores))
         facts.push_back(fact(titleText(host), contactText(contact, now)));
     facts.push_back(
         fact(SettingFacts::tr("Settings are stored in"), pathText(stores.defaults.file())));

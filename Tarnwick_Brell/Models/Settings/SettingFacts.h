@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "Tarnwick_Brell/Models/DeskStores.h"
@@ -9,8 +10,13 @@ namespace app {
 
 class LibraryStatus;
 
-/// Where the library is, how large, how it is backed up and restored.
-std::vector<SettingRow> libraryFacts(const LibraryStatus& library, kit::Instant now);
+/// The beats, with switches for their alerts.
+std::vector<SettingRow> alertRows(const NewsroomStore& newsrooms);
+
+/// Where the library is, how large, and its backups with buttons that restore them. `asked` is the
+/// backup whose restoring has been asked for and waits for a second press.
+std::vector<SettingRow> libraryRows(const LibraryStatus& library, const std::string& asked,
+                                    kit::Instant now);
 
 /// Which computers are asked, why, and how often.
 std::vector<SettingRow> privacyFacts(const DeskStores& stores);

@@ -12,7 +12,7 @@ Q_NAMESPACE
 QML_ELEMENT
 
 /// A fact has no control: it is something that the section says.
-enum Value { Switch, Choice, Text, Fact };
+enum Value { Switch, Choice, Text, Button, Fact };
 Q_ENUM_NS(Value)
 
 }  // namespace app::SettingControl
@@ -38,7 +38,9 @@ struct SettingRow {
     Q_PROPERTY(QString section MEMBER section)
     Q_PROPERTY(app::SettingControl::Value control MEMBER control)
     Q_PROPERTY(QString value MEMBER value)
+    Q_PROPERTY(bool isNumber MEMBER isNumber)
     Q_PROPERTY(bool isOn MEMBER isOn)
+    Q_PROPERTY(QString action MEMBER action)
     Q_PROPERTY(QStringList choices MEMBER choices)
     Q_PROPERTY(int choice MEMBER choice)
     Q_PROPERTY(bool isChanged MEMBER isChanged)
@@ -51,13 +53,17 @@ public:
     QString section{};  ///< named while searching only
     SettingControl::Value control = SettingControl::Text;
     QString value{};
+    bool isNumber = false;  ///< of a text: a short one
     bool isOn = false;
+    QString action{};  ///< of a button
     QStringList choices{};
     int choice = -1;
     bool isChanged = false;  ///< not the default
     QString standard{};      ///< "Default: 5"
     QString problem{};       ///< why the last input was refused
-    std::string key{};
+    std::string key{};       ///< of a setting
+    std::string beatID{};    ///< of the beat whose alerts are switched
+    std::string backup{};    ///< the file that a button restores
 
     bool operator==(const SettingRow&) const = default;
 };

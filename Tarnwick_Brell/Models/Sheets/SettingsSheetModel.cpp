@@ -6,8 +6,11 @@
 
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteMatch.h"
+#include "Tarnwick_Brell/Models/Beats/BeatChanges.h"
+#include "Tarnwick_Brell/Models/Settings/DeskHealth.h"
 #include "Tarnwick_Brell/Models/Settings/SettingChange.h"
 #include "Tarnwick_Brell/Models/Settings/SettingFacts.h"
+#include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 
@@ -44,17 +47,24 @@ QString titleOf(Section section) {
     return SettingsSheetModel::tr(found->title);
 }
 
+QString capitalised(QString text) {
+    if (!text.isEmpty()) text[0] = text[0].toUpper();
+    return text;
+}
+
 /// "minutes between two refreshes" as a sentence.
 QString sentenceOf(std::string_view meaning) {
-    auto text = labelText(meaning, kExcerptCharacters);
-    if (!text.isEmpty()) text[0] = text[0].toUpper();
-    return text + u'.';
+    return capitalised(labelText(meaning, kExcerptCharacters)) + u'.';
+}
+
+bool isChanged(const Defaults& defaults, const SettingKey& key) {
+    return defaults.text(key.name).value_or(std::string(key.absent)) != key.absent;
 }
 
 QString valueText(const SettingKey& key, const std::string& value) {
     if (key.type == Type::truthValue)
         return value == "true" ? SettingsSheetModel::tr("on") : SettingsSheetModel::tr("off");
-    if (key.type == Type::choice) return labelText(value);
+    if (key.type == Type::choice) return capitalised(labelText(value));
     return titleText(value, kLongestValue);
 }
 
@@ -71,6 +81,7 @@ SettingsSheetModel::SettingsSheetModel(const DeskStores& stores)
         rows.push_back({.title = tr(section.title), .symbol = QString::fromLatin1(section.symbol)});
     sections_.setRows(std::move(rows));
     connect(&stores.defaults, &Defaults::changed, this, &SettingsSheetModel::update);
+    connect(&stores.newsrooms, &NewsroomStore::beatsChanged, this, &SettingsSheetModel::update);
     connect(&library_, &LibraryStatus::changed, this, &SettingsSheetModel::update);
     connect(&stores.news, &NewsDesk::sourcesChanged, this, &SettingsSheetModel::update);
     update();
@@ -81,14 +92,14 @@ void SettingsSheetModel::update() {
     for (const auto& key : Defaults::keys()) {
         if (isWanted(key)) rows.push_back(rowOf(key));
     }
-    std::ranges::move(factsOfSection(), std::back_inserter(rows));
+    std::ranges::move(rowsOfSection(), std::back_inserter(rows));
     settings_.setRows(std::move(rows));
     emit changed();
 }
 
 bool SettingsSheetModel::isWanted(const SettingKey& key) const {
-    if (searched_.trimmed().isEmpty())
-        return key.section == kSections[static_cast<std::size_t>(section_)].section;
+    if (showsChanged_) return isChanged(stores_.defaults, key);
+    if (!isMixed()) return key.section == kSections[static_cast<std::size_t>(section_)].section;
     const auto text = QStringList{labelText(key.title), sentenceOf(key.meaning),
                                   titleOf(key.section), plainText(key.name)};
     return PaletteQuery(searched_).match(text.join(u' ')).has_value();
@@ -101,13 +112,14 @@ SettingRow SettingsSheetModel::rowOf(const SettingKey& key) const {
     SettingRow row{.title = labelText(key.title),
                    .meaning = sentenceOf(key.meaning),
                    .value = titleText(value, kLongestValue),
+                   .isNumber = key.type == Type::wholeNumber,
                    .isOn = value == "true",
                    .isChanged = value != standard,
                    .key = std::string(key.name)};
     if (key.type == Type::truthValue) row.control = SettingControl::Switch;
     if (key.type == Type::choice) {
         row.control = SettingControl::Choice;
-        for (const auto choice : key.choices) row.choices << labelText(choice);
+        for (const auto choice : key.choices) row.choices << capitalised(labelText(choice));
         const auto place = std::ranges::find(key.choices, value);
         if (place != key.choices.end()) row.choice = static_cast<int>(place - key.choices.begin());
     }
@@ -115,18 +127,23 @@ SettingRow SettingsSheetModel::rowOf(const SettingKey& key) const {
         row.meaning += u' ' + tr("It takes effect when the program starts again.");
     row.standard =
         standard.empty() ? tr("Default: none") : tr("Default: %1").arg(valueText(key, standard));
-    if (!searched_.trimmed().isEmpty()) row.section = titleOf(key.section);
+    if (isMixed()) row.section = titleOf(key.section);
     if (const auto problem = problems_.find(row.key); problem != problems_.end())
         row.problem = problem->second;
     return row;
 }
 
-std::vector<SettingRow> SettingsSheetModel::factsOfSection() const {
-    if (!searched_.trimmed().isEmpty()) return {};
+std::vector<SettingRow> SettingsSheetModel::rowsOfSection() const {
+    if (isMixed()) return {};
     switch (kSections[static_cast<std::size_t>(section_)].section) {
-        case Section::library: return libraryFacts(library_, stores_.clock());
+        case Section::alerts: return alertRows(stores_.newsrooms);
+        case Section::library: return libraryRows(library_, asked_, stores_.clock());
         case Section::privacy: return privacyFacts(stores_);
-        case Section::about: return aboutFacts();
+        case Section::about: {
+            auto rows = aboutFacts();
+            rows.insert(rows.end(), health_.begin(), health_.end());
+            return rows;
+        }
         default: return {};
     }
 }
@@ -135,36 +152,46 @@ void SettingsSheetModel::setSection(int section) {
     if (section < 0 || section >= std::ssize(kSections)) return;
     section_ = section;
     searched_.clear();
+    showsChanged_ = false;
+    asked_.clear();
+    if (kSections[static_cast<std::size_t>(section)].section == Section::about)
+        health_ = healthFacts(stores_);
+    update();
+}
+
+void SettingsSheetModel::setShowsChanged(bool shows) {
+    searched_.clear();
+    showsChanged_ = shows;
     update();
 }
 
 void SettingsSheetModel::setSearched(const QString& text) {
     if (text == searched_) return;
     searched_ = text;
+    showsChanged_ = false;
     update();
 }
 
 QString SettingsSheetModel::title() const {
-    return searched_.trimmed().isEmpty() ? tr(kSections[static_cast<std::size_t>(section_)].title)
-                                         : tr("Settings found: %1").arg(settings_.rowCount());
+    if (showsChanged_) return tr("Changed from the default");
+    return isMixed() ? tr("Settings found: %1").arg(settings_.rowCount())
+                     : tr(kSections[static_cast<std::size_t>(section_)].title);
 }
 
 bool SettingsSheetModel::isLibrary() const {
-    return searched_.trimmed().isEmpty() &&
-           kSections[static_cast<std::size_t>(section_)].section == Section::library;
+    return !isMixed() && kSections[static_cast<std::size_t>(section_)].section == Section::library;
 }
 
 QString SettingsSheetModel::changedCount() const {
-    const auto count = std::ranges::count_if(Defaults::keys(), [&](const SettingKey& key) {
-        return stores_.defaults.text(key.name).value_or(std::string(key.absent)) != key.absent;
-    });
+    const auto count = std::ranges::count_if(
+        Defaults::keys(), [&](const SettingKey& key) { return isChanged(stores_.defaults, key); });
     return tr("Every setting works at once. Changed from the default: %1")
         .arg(static_cast<int>(count));
 }
 
 void SettingsSheetModel::setValue(int row, const QString& value) {
     const auto* setting = settings_.row(row);
-    if (!setting || setting->control == SettingControl::Fact) return;
+    if (!setting || setting->key.empty()) return;
     const auto name = setting->key;
     const auto problem =
         changeSetting(stores_, *Defaults::key(name), value.trimmed().toStdString());
@@ -177,15 +204,39 @@ void SettingsSheetModel::setValue(int row, const QString& value) {
 }
 
 void SettingsSheetModel::setOn(int row, bool on) {
-    setValue(row, on ? QStringLiteral("true") : QStringLiteral("false"));
+    const auto* setting = settings_.row(row);
+    if (setting && !setting->beatID.empty())
+        setAlerts(std::string(setting->beatID), on);
+    else
+        setValue(row, on ? QStringLiteral("true") : QStringLiteral("false"));
 }
 
 void SettingsSheetModel::choose(int row, int choice) {
     const auto* setting = settings_.row(row);
-    if (!setting) return;
+    if (!setting || setting->key.empty()) return;
     const auto choices = Defaults::key(setting->key)->choices;
     if (choice >= 0 && choice < std::ssize(choices))
         setValue(row, plainText(choices[static_cast<std::size_t>(choice)]));
+}
+
+void SettingsSheetModel::setAlerts(const std::string& beatID, bool on) {
+    const auto* entry = stores_.newsrooms.beats().find(beatID);
+    if (!entry || !entry->value) return;
+    auto beat = *entry->value;
+    beat.alerts = on;
+    putBeat(stores_, beat);
+}
+
+void SettingsSheetModel::act(int row) {
+    const auto* setting = settings_.row(row);
+    if (!setting || setting->backup.empty() || isLibraryBusy()) return;
+    const auto backup = setting->backup;
+    if (backup == asked_) {
+        emit restoreWanted(QString::fromStdString(backup));
+        return;
+    }
+    asked_ = backup;
+    update();
 }
 
 void SettingsSheetModel::reset(int row) { setValue(row, QString()); }

@@ -27,6 +27,8 @@ class SettingsSheetModel : public app::SheetModel {
     Q_PROPERTY(QAbstractListModel* settings READ settings CONSTANT)
     Q_PROPERTY(bool isLibrary READ isLibrary NOTIFY changed)
     Q_PROPERTY(bool isLibraryBusy READ isLibraryBusy NOTIFY changed)
+    Q_PROPERTY(bool canCancel READ canCancel NOTIFY changed)
+    Q_PROPERTY(bool showsChanged READ showsChanged WRITE setShowsChanged NOTIFY changed)
     Q_PROPERTY(QString changedCount READ changedCount NOTIFY changed)
 
 public:
@@ -43,7 +45,12 @@ public:
     QAbstractListModel* settings() { return &settings_; }
     bool isLibrary() const;
     bool isLibraryBusy() const { return !library_.progress().isEmpty(); }
+    /// The work on the library can be given up.
+    bool canCancel() const { return library_.canCancel(); }
     QString changedCount() const;
+    /// Only what is not the default, of all sections.
+    bool showsChanged() const { return showsChanged_; }
+    void setShowsChanged(bool shows);
 
     Q_INVOKABLE void setValue(int row, const QString& value);
     Q_INVOKABLE void setOn(int row, bool on);
@@ -52,6 +59,9 @@ public:
     Q_INVOKABLE void reset(int row);
     Q_INVOKABLE void checkLibrary() { library_.check(); }
     Q_INVOKABLE void backUpLibrary() { library_.backUp(); }
+    Q_INVOKABLE void cancelWork() { library_.cancel(); }
+    /// Restores the backup of a row: the first time it asks, the second time it does.
+    Q_INVOKABLE void act(int row);
 
 signals:
     void changed();
@@ -60,11 +70,17 @@ private:
     void update();
     bool isWanted(const SettingKey& key) const;
     SettingRow rowOf(const SettingKey& key) const;
-    std::vector<SettingRow> factsOfSection() const;
+    std::vector<SettingRow> rowsOfSection() const;
+    /// Settings of several sections are shown.
+    bool isMixed() const { return showsChanged_ || !searched_.trimmed().isEmpty(); }
+    void setAlerts(const std::string& beatID, bool on);
 
     DeskStores stores_;
     LibraryStatus library_;
+    std::vector<SettingRow> health_;  ///< read when the section about the program is opened
     int section_ = 0;
+    bool showsChanged_ = false;
+    std::string asked_;  ///< the backup that a second press restores
     QString searched_;
     std::map<std::string, QString> problems_;  ///< by key, until the next good value
     GadgetListModel<SettingSectionRow> sections_;

@@ -26,6 +26,8 @@ signals:
     void placeWanted(const QString& key);
     /// To be opened in the browser: http or https.
     void linkWanted(const QString& link);
+    /// The library is to be replaced by this backup, which only a desk that is closed can do.
+    void restoreWanted(const QString& backup);
 };
 
 }  // namespace app

@@ -125,6 +125,8 @@ signals:
     void linkWanted(const QString& link);
     /// One more window, at that place.
     void windowWanted(const QString& place);
+    /// The library is to be replaced by this backup.
+    void restoreWanted(const QString& backup);
 
 private:
     void connectPages();

@@ -20,7 +20,7 @@ TEST_F(SettingsJobTest, ASettingIsFoundChangedAtOnceAndUndone) {
     type("dark");
     ASSERT_TRUE(until([&] { return named("Settings found: 1") != nullptr; }));
     EXPECT_FALSE(model_->appearance()->isDark());
-    click("dark");
+    click("Dark");
     EXPECT_TRUE(model_->appearance()->isDark()) << "the open window follows";
     undo_.undo();
     EXPECT_FALSE(model_->appearance()->isDark());
