@@ -24,7 +24,8 @@ protected:
                                                           .newsrooms = *harness_.newsrooms,
                                                           .defaults = harness_.defaults,
                                                           .clock = harness_.desk.clock(),
-                                                          .undo = undo_});
+                                                          .undo = undo_,
+                                                          .library = harness_.desk.library()});
         QObject::connect(model_.get(), &WindowModel::noticed,
                          [this](const QString& sentence) { noticed_ << sentence; });
         model_->open(model_->state()->place());
