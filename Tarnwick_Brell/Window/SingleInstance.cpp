@@ -74,6 +74,7 @@ bool SingleInstance::raiseFirst(std::chrono::milliseconds patience) const {
 }
 
 bool SingleInstance::listen() {
+    if (server_.isListening()) return true;
     for (const auto& address : addresses_) {
         const auto name = QString::fromStdString(address);
         QLocalServer::removeServer(name);

@@ -59,6 +59,7 @@ TEST_F(SingleInstanceTest, ASecondStartRaisesTheFirstAndHandsOverItsRight) {
     follow(first);
     EXPECT_FALSE(start(library_, "early")) << "nobody listens yet";
     ASSERT_TRUE(first.listen());
+    EXPECT_TRUE(first.listen()) << "also when the desk opens again after a restore";
     EXPECT_TRUE(start(library_, "token 1"));
     EXPECT_TRUE(start(folder_.path() / "." / "library.sqlite", ""));
     EXPECT_TRUE(start(library_, "two\nlines"));
