@@ -27,6 +27,7 @@ namespace {
 
 // A page names its main feed first, then feeds of comments and sections.
 constexpr std::size_t kMostLinksTried = 3;
+constexpr std::size_t kMostLinksNamed = 8;
 
 // Even the slowest known document takes a tenth of this.
 constexpr std::chrono::seconds kLongestReading{10};
@@ -56,6 +57,31 @@ struct FeedClient::Reading {
     bool isAbandoned = false;  ///< the fetch was cancelled meanwhile
 };
 
+/// What one address gave.
+struct FeedClient::Answer {
+    SourceFetch fetch;
+    std::optional<Reading> page = {};  ///< when it is no feed; `fetch` has failed then
+
+    FetchAttempt attempt(std::string address) const {
+        using Outcome = FetchAttempt::Outcome;
+        FetchAttempt attempt{
+            .address = std::move(address),
+            .elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(fetch.record.elapsed)};
+        if (page && !page->feedLinks.empty()) {
+            attempt.outcome = Outcome::page;
+            attempt.count = page->feedLinks.size();
+        } else if (const auto* failed = std::get_if<SourceFetch::Failed>(&fetch.outcome)) {
+            attempt.outcome = Outcome::failed;
+            attempt.reason = failed->text;
+        } else {
+            attempt.outcome = Outcome::feed;
+            const auto* stories = std::get_if<SourceFetch::Stories>(&fetch.outcome);
+            attempt.count = stories ? stories->list.size() : 0;
+        }
+        return attempt;
+    }
+};
+
 /// One pass over many sources: the queue, and a timer that wakes workers when a host has a free
 /// slot again.
 struct FeedClient::Pass {
@@ -80,63 +106,86 @@ FeedClient::FeedClient(HTTPClient& http, const StoryConversion& conversion,
       clock_(std::move(clock)),
       options_(options) {}
 
-asio::awaitable<SourceFetch> FeedClient::fetch(NewsSource source) {
+asio::awaitable<SourceFetch> FeedClient::fetch(NewsSource source, FetchWatch watch) {
     co_await asio::this_coro::throw_if_cancelled(false);
-    co_return co_await fetchFrom(source.feedURL, source, options_.conditional, NamedBy::user);
+    auto answer =
+        co_await askWatched(source.feedURL, source, options_.conditional, NamedBy::user, watch);
+    if (!answer.page) co_return std::move(answer.fetch);
+    co_return co_await fetchFeedOf(*std::move(answer.page), source, std::move(answer.fetch.record),
+                                   watch);
 }
 
-asio::awaitable<SourceFetch> FeedClient::fetchFrom(std::string address, const NewsSource& source,
-                                                   Conditional conditional, NamedBy namedBy) {
+asio::awaitable<FeedClient::Answer> FeedClient::askWatched(std::string address,
+                                                           const NewsSource& source,
+                                                           Conditional conditional, NamedBy namedBy,
+                                                           const FetchWatch& watch) {
+    if (watch) watch({.address = address});
+    auto answer = co_await ask(address, source, conditional, namedBy);
+    if (watch) watch(answer.attempt(address));
+    co_return answer;
+}
+
+asio::awaitable<FeedClient::Answer> FeedClient::ask(std::string address, const NewsSource& source,
+                                                    Conditional conditional, NamedBy namedBy) {
     HTTPClient::Request request{
         .url = address, .conditional = conditional, .byteLimit = kByteLimit, .namedBy = namedBy};
     auto exchange = co_await http_.exchange(std::move(request));
     if (exchange.record.date) clockCheck_.add(clock_(), *exchange.record.date);
-    SourceFetch fetch{.outcome = SourceFetch::Unchanged{}, .record = exchange.record};
+    Answer answer{{.outcome = SourceFetch::Unchanged{}, .record = exchange.record}};
+    auto& outcome = answer.fetch.outcome;
     if (!exchange.result) {
-        fetch.outcome = failedWith(exchange.result.error());
-        co_return fetch;
+        outcome = failedWith(exchange.result.error());
+        co_return answer;
     }
     auto* fresh = std::get_if<HTTPClient::Fresh>(&exchange.result.value());
-    if (!fresh) co_return fetch;
+    if (!fresh) co_return answer;
 
     auto reading =
         co_await read(std::move(fresh->body), source, address, clockCheck_.corrected(clock_()));
     if (reading.isAbandoned) {
         http_.validators().forget(address);
-        fetch.outcome = failedWith(FetchError(URLError::cancelled));
-        co_return fetch;
+        outcome = failedWith(FetchError(URLError::cancelled));
+        co_return answer;
     }
     if (auto* stories = std::get_if<SourceFetch::Stories>(&reading.result)) {
-        fetch.outcome = std::move(*stories);
-        co_return fetch;
+        outcome = std::move(*stories);
+        co_return answer;
     }
 
     // A body that did not parse must be fetched again: a 304 would hide a correction.
     http_.validators().forget(address);
-    if (address == source.feedURL) {
-        co_return co_await fetchFeedOf(std::move(reading), source, std::move(fetch.record));
-    }
     const auto error = std::get<FeedParserError>(reading.result);
-    fetch.outcome = SourceFetch::Failed{std::string(description(error))};
-    co_return fetch;
+    outcome = SourceFetch::Failed{std::string(description(error))};
+    answer.page = std::move(reading);
+    co_return answer;
 }
 
 /// The first feed with a story among those that a web page names. Otherwise an empty feed, else the
 /// first failure.
 asio::awaitable<SourceFetch> FeedClient::fetchFeedOf(Reading page, const NewsSource& source,
-                                                     HTTPClient::Record record) {
+                                                     HTTPClient::Record record,
+                                                     const FetchWatch& watch) {
     const auto namedBy = record.cameFromPublic ? NamedBy::publicPage : NamedBy::user;
     std::optional<SourceFetch::Failed> reason;
     std::optional<SourceFetch> empty;
-    for (const auto& link : page.feedLinks) {
+    std::erase(page.feedLinks, source.feedURL);
+    const auto tried = std::min(page.feedLinks.size(), kMostLinksTried);
+    const auto nameOthers = [&](std::size_t from) {
+        for (auto i = from; watch && i < page.feedLinks.size(); ++i)
+            watch({.address = page.feedLinks[i], .outcome = FetchAttempt::Outcome::untried});
+    };
+    for (std::size_t i = 0; i < tried; ++i) {
+        const auto& link = page.feedLinks[i];
         const auto cancellation = co_await asio::this_coro::cancellation_state;
         if (cancellation.cancelled() != asio::cancellation_type::none) break;
-        if (link == source.feedURL) continue;
         // Unconditional: another source's validators for that address do not apply to this one.
-        auto linked = co_await fetchFrom(link, source, Conditional::no, namedBy);
+        auto linked = (co_await askWatched(link, source, Conditional::no, namedBy, watch)).fetch;
         if (auto* stories = std::get_if<SourceFetch::Stories>(&linked.outcome)) {
             stories->pageTitle = page.pageTitle;
-            if (!stories->list.empty()) co_return linked;
+            if (!stories->list.empty()) {
+                nameOthers(i + 1);
+                co_return linked;
+            }
             if (!empty) empty = std::move(linked);
             continue;
         }
@@ -144,6 +193,7 @@ asio::awaitable<SourceFetch> FeedClient::fetchFeedOf(Reading page, const NewsSou
         if (failed && failed->cancelled) co_return linked;
         if (failed && !reason) reason = unusable(link, *failed);
     }
+    nameOthers(tried);
     if (empty) co_return *std::move(empty);
     if (!reason) {
         const auto error = std::get<FeedParserError>(page.result);
@@ -181,8 +231,8 @@ asio::awaitable<FeedClient::Reading> FeedClient::read(std::string body, const Ne
                 reading.feedLinks = pageFeedLinks(body, address);
                 reading.pageTitle = pageTitle(body).value_or("");
             }
-            if (reading.feedLinks.size() > kMostLinksTried) {
-                reading.feedLinks.resize(kMostLinksTried);
+            if (reading.feedLinks.size() > kMostLinksNamed) {
+                reading.feedLinks.resize(kMostLinksNamed);
             }
         }
         // With only some of the stories, the feed would seem to have dropped the others.

@@ -36,7 +36,8 @@ public:
     FeedClient(HTTPClient& http, const StoryConversion& conversion,
                boost::asio::thread_pool& workers, Clock clock, Options options);
 
-    boost::asio::awaitable<SourceFetch> fetch(NewsSource source);
+    /// `watch` is called on the caller's executor.
+    boost::asio::awaitable<SourceFetch> fetch(NewsSource source, FetchWatch watch = {});
 
     /// Has the dates of all answers since its last reset. For use on the caller's executor.
     ClockCheck& clockCheck() { return clockCheck_; }
@@ -51,14 +52,19 @@ public:
 
 private:
     struct Reading;
+    struct Answer;
     struct Pass;
 
     boost::asio::awaitable<Reading> read(std::string body, const NewsSource& source,
                                          std::string address, Instant now);
-    boost::asio::awaitable<SourceFetch> fetchFrom(std::string address, const NewsSource& source,
-                                                  Conditional conditional, NamedBy namedBy);
+    boost::asio::awaitable<Answer> ask(std::string address, const NewsSource& source,
+                                       Conditional conditional, NamedBy namedBy);
+    boost::asio::awaitable<Answer> askWatched(std::string address, const NewsSource& source,
+                                              Conditional conditional, NamedBy namedBy,
+                                              const FetchWatch& watch);
     boost::asio::awaitable<SourceFetch> fetchFeedOf(Reading page, const NewsSource& source,
-                                                    HTTPClient::Record record);
+                                                    HTTPClient::Record record,
+                                                    const FetchWatch& watch);
     boost::asio::awaitable<void> work(Pass& pass);
 
     HTTPClient& http_;

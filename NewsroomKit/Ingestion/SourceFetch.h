@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -29,5 +31,27 @@ struct SourceFetch {
     std::variant<Stories, Failed, Unchanged> outcome = Unchanged{};
     HTTPClient::Record record{};  ///< of the request
 };
+
+/// An address that is asked on the way to a feed, for a user who watches.
+struct FetchAttempt {
+    enum class Outcome {
+        underWay,
+        page,    ///< a web page that names feeds
+        feed,    ///< the first feed with a story is used
+        failed,  ///< for `reason`
+        untried  ///< named by the page, and not needed or not worth another request
+    };
+
+    std::string address{};
+    Outcome outcome = Outcome::underWay;
+    std::size_t count = 0;  ///< of the feeds that the page names, or of the feed's stories
+    std::string reason{};   ///< shown to the user
+    std::chrono::milliseconds elapsed{0};
+
+    bool operator==(const FetchAttempt&) const = default;
+};
+
+/// Called for each address: before it is asked and with its answer.
+using FetchWatch = std::function<void(const FetchAttempt&)>;
 
 }  // namespace kit

@@ -44,19 +44,18 @@ void printCheck(Session& session, const app::AddressCheck& check) {
     out.line(
         fmt::format("stories  {}{}", storiesOf(check),
                     check.newestStory ? ", the newest of " + momentText(*check.newestStory) : ""));
-    for (const auto& title : check.titles) {
-        out.line(cutTo("         " + printable(title), out.width()));
+    for (const auto& story : check.first) {
+        out.line(cutTo("         " + printable(story.title), out.width()));
     }
 }
 
 boost::json::object recordOf(const app::AddressCheck& check) {
-    boost::json::object record{{"name", check.name},
-                               {"feedURL", check.feedURL},
-                               {"siteURL", check.siteURL},
-                               {"storyCount", check.storyCount},
-                               {"collapsed", check.collapsed},
-                               {"tooOld", check.tooOld},
-                               {"titles", kit::encode(check.titles)}};
+    boost::json::array titles;
+    for (const auto& story : check.first) titles.emplace_back(story.title);
+    boost::json::object record{{"name", check.name},           {"feedURL", check.feedURL},
+                               {"siteURL", check.siteURL},     {"storyCount", check.storyCount},
+                               {"collapsed", check.collapsed}, {"tooOld", check.tooOld},
+                               {"titles", std::move(titles)}};
     if (check.newestStory) record["newestStory"] = kit::encode(*check.newestStory);
     return record;
 }

@@ -27,7 +27,7 @@ using kit::WebAddress;
 namespace {
 
 constexpr std::size_t kLongestName = 60;
-constexpr std::size_t kTitlesShown = 5;
+constexpr std::size_t kStoriesShown = 5;
 
 std::string hostOf(const std::string& address) {
     const auto parsed = WebAddress::parse(address);
@@ -100,7 +100,8 @@ AddressCheck SourceAdder::describe(const std::string& candidate,
     const auto kept = storiesToStore(trial(candidate), stories.list, {oldest, now});
     for (const auto& story : kept) {
         if (!ids.insert(story.id).second) continue;
-        if (check.titles.size() < kTitlesShown) check.titles.push_back(story.title);
+        check.aboutApple += isAboutApple(story) ? 1 : 0;
+        if (check.first.size() < kStoriesShown) check.first.push_back(story);
     }
     check.storyCount = ids.size();
     check.collapsed = kept.size() - ids.size();
@@ -111,7 +112,7 @@ AddressCheck SourceAdder::describe(const std::string& candidate,
     return check;
 }
 
-asio::awaitable<SourceAdder::Checked> SourceAdder::check(std::string typed) {
+asio::awaitable<SourceAdder::Checked> SourceAdder::check(std::string typed, kit::FetchWatch watch) {
     AddSourceError reason{AddSourceError::Kind::invalidAddress};
     // 1. What the text may mean is tried in order; a page's feeds come with the page.
     for (const auto& candidate : plausibleCandidates(typed)) {
@@ -121,7 +122,7 @@ asio::awaitable<SourceAdder::Checked> SourceAdder::check(std::string typed) {
         // "Unchanged" would be no answer here: the stories themselves are wanted.
         stack_.http().validators().forget(candidate);
         auto source = trial(candidate);
-        const auto fetched = co_await stack_.feeds().fetch(std::move(source));
+        const auto fetched = co_await stack_.feeds().fetch(std::move(source), watch);
         // 2. The first feed with a story counts, unless the desk has it under another address.
         if (const auto* stories = std::get_if<SourceFetch::Stories>(&fetched.outcome)) {
             if (const auto* known = registry_.findByFeed(stories->feedURL)) {

@@ -47,7 +47,8 @@ struct AddressCheck {
     std::size_t collapsed = 0;   ///< others that share their link with one of those
     std::size_t tooOld = 0;      ///< others that were published too long ago
     std::optional<kit::Instant> newestStory{};
-    std::vector<std::string> titles{};  ///< of the first few of these stories
+    std::size_t aboutApple = 0;       ///< of the stories
+    std::vector<kit::Story> first{};  ///< a few of the stories, in the feed's order
 };
 
 /// Adds sources by what a user types: a feed, a website, a handle or a channel. It fetches the
@@ -61,8 +62,8 @@ public:
     SourceAdder(LocalStore& store, SourceRegistry& registry, FetchStack& stack, kit::Clock clock,
                 std::chrono::duration<double> retention);
 
-    /// Changes nothing.
-    boost::asio::awaitable<Checked> check(std::string typed);
+    /// Changes nothing. `watch` follows the addresses that are asked.
+    boost::asio::awaitable<Checked> check(std::string typed, kit::FetchWatch watch = {});
 
     /// Both throw StoreError.
     boost::asio::awaitable<Added> add(std::string typed);

@@ -62,8 +62,7 @@ void cutTexts(Story& story) {
 
 bool isWanted(const Story& story, const NewsSource& source, Instant oldest) {
     if (story.publishedAt < oldest || story.link.size() > kLinkBytes) return false;
-    return !source.onlyApple || kit::AppleTopic::matches(story.title) ||
-           kit::AppleTopic::matches(story.summary);
+    return !source.onlyApple || isAboutApple(story);
 }
 
 }  // namespace
@@ -77,6 +76,10 @@ std::vector<Story> storiesToStore(const NewsSource& source, std::vector<Story> s
     std::erase_if(stories,
                   [&](const Story& story) { return !isWanted(story, source, times.oldest); });
     return stories;
+}
+
+bool isAboutApple(const Story& story) {
+    return kit::AppleTopic::matches(story.title) || kit::AppleTopic::matches(story.summary);
 }
 
 std::optional<Instant> newestOf(const std::vector<Story>& stories) {

@@ -24,6 +24,8 @@ struct StoryTimes {
 std::vector<kit::Story> storiesToStore(const kit::NewsSource& source,
                                        std::vector<kit::Story> stories, StoryTimes times);
 
+bool isAboutApple(const kit::Story& story);
+
 /// The latest publication time. Absent when there is no story.
 std::optional<kit::Instant> newestOf(const std::vector<kit::Story>& stories);
 
