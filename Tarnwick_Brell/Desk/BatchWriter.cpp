@@ -41,6 +41,18 @@ bool hasAnswer(const SourceFetch& fetch) {
     return !std::holds_alternative<SourceFetch::Failed>(fetch.outcome) || fetch.record.status != 0;
 }
 
+SourceTry tryOf(Kind kind, const MergeCount& merged, const SourceStatus& status, Instant moment) {
+    using Outcome = SourceTry::Outcome;
+    const auto outcome = kind == Kind::failed      ? Outcome::failed
+                         : kind == Kind::unchanged ? Outcome::unchanged
+                         : merged.added > 0        ? Outcome::news
+                                                   : Outcome::full;
+    return {.at = moment,
+            .outcome = outcome,
+            .added = static_cast<std::int64_t>(merged.added),
+            .reason = status.lastError.value_or("")};
+}
+
 }  // namespace
 
 void BatchWriter::skip(const NewsSource& source, Kind kind, std::optional<Instant> pausedUntil) {
@@ -176,6 +188,7 @@ SourceOutcome BatchWriter::store(Arrival arrival, StoryMerge& merging, Committed
     }
     sources.setStatus(source.id, status);
     sources.setHealth(source.id, health);
+    sources.addTry(source.id, tryOf(kind, merged, status, moment));
     auto outcome = outcomeOf(source, kind);
     outcome.error = status.lastError;
     outcome.merged = merged;

@@ -20,7 +20,7 @@ struct Step {
 
 // By the version that they start from. Instants are microseconds since 1970; enumerations are
 // their raw values.
-constexpr std::array<Step, 6> kSteps{{
+constexpr std::array<Step, 7> kSteps{{
     {R"sql(
     CREATE TABLE stories (
         number INTEGER PRIMARY KEY,
@@ -226,6 +226,16 @@ constexpr std::array<Step, 6> kSteps{{
         WHERE key = 'lastMarkChange' AND json_extract(value, '$.taken') IS NOT NULL;
     )sql",
      &completeVersion6},
+
+    // What the user has set for a source in place of what the catalogue says, and how its fetches
+    // of the last days went.
+    {R"sql(
+    CREATE TABLE sourceOptions (id TEXT PRIMARY KEY, onlyApple INTEGER, minimumInterval INTEGER,
+                                notInAll INTEGER NOT NULL) WITHOUT ROWID;
+    CREATE TABLE sourceTries (source TEXT NOT NULL, at INTEGER NOT NULL, outcome TEXT NOT NULL,
+                              added INTEGER NOT NULL, reason TEXT NOT NULL,
+                              PRIMARY KEY (source, at)) WITHOUT ROWID;
+    )sql"},
 }};
 
 // What the steps need to know about stories and SQL does not.

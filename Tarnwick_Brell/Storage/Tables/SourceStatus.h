@@ -6,6 +6,7 @@
 #include <string>
 
 #include "NewsroomKit/Records/Codec.h"
+#include "NewsroomKit/Records/EnumTable.h"
 
 namespace app {
 
@@ -39,7 +40,41 @@ struct SourceHealth {
     bool operator==(const SourceHealth&) const = default;
 };
 
+/// What the user has set for a source in place of what the catalogue says.
+struct SourceOptions {
+    std::optional<bool> onlyApple{};
+    std::optional<double> minimumInterval{};  ///< seconds
+    bool notInAll = false;  ///< its stories are left out of the lists of all and unread stories
+
+    bool operator==(const SourceOptions&) const = default;
+};
+
+/// How one fetch of a source went.
+struct SourceTry {
+    /// `full`: the feed came, and everything in it was known.
+    enum class Outcome { unchanged, full, news, failed };
+
+    kit::Instant at{};
+    Outcome outcome = Outcome::unchanged;
+    std::int64_t added = 0;  ///< new stories
+    std::string reason{};    ///< of a failure, shown to the user
+
+    bool operator==(const SourceTry&) const = default;
+};
+
+/// Tries are kept for so long.
+inline constexpr std::chrono::days kTriesKept{7};
+
 }  // namespace app
+
+template <>
+inline constexpr std::array<kit::EnumRow<app::SourceTry::Outcome>, 4>
+    kit::enumTable<app::SourceTry::Outcome>{{
+        {app::SourceTry::Outcome::unchanged, "unchanged", "Unchanged"},
+        {app::SourceTry::Outcome::full, "full", "Nothing new"},
+        {app::SourceTry::Outcome::news, "news", "New stories"},
+        {app::SourceTry::Outcome::failed, "failed", "Failed"},
+    }};
 
 template <>
 struct kit::JSONFields<app::SourceStatus> {

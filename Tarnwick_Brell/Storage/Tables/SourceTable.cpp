@@ -60,7 +60,8 @@ void SourceTable::remove(std::string_view id, kit::Instant now) {
                    "UPDATE customSources SET removedAt = ?2 WHERE id = ?1 AND removedAt IS NULL");
     bury.bind(0, id).bind(1, microseconds(now)).run();
     for (const auto* sql :
-         {"DELETE FROM sourceSwitches WHERE id = ?", "DELETE FROM sourceStatus WHERE id = ?"}) {
+         {"DELETE FROM sourceSwitches WHERE id = ?", "DELETE FROM sourceStatus WHERE id = ?",
+          "DELETE FROM sourceOptions WHERE id = ?", "DELETE FROM sourceTries WHERE source = ?"}) {
         Statement(database_, sql).bind(0, id).run();
     }
 }
@@ -77,6 +78,64 @@ void SourceTable::setEnabled(std::string_view id, bool enabled) {
                         "INSERT OR REPLACE INTO sourceSwitches (id, enabled) VALUES (?, ?)");
     statement.bind(0, id).bind(1, std::int64_t{enabled});
     statement.run();
+}
+
+SourceTable::Options SourceTable::options() {
+    Statement rows(database_, "SELECT id, onlyApple, minimumInterval, notInAll FROM sourceOptions");
+    Options options;
+    while (rows.step()) {
+        SourceOptions option{.notInAll = rows.number(3) != 0};
+        if (const auto onlyApple = rows.optionalNumber(1)) option.onlyApple = *onlyApple != 0;
+        if (const auto interval = rows.optionalNumber(2))
+            option.minimumInterval = static_cast<double>(*interval);
+        options.emplace(rows.text(0), option);
+    }
+    return options;
+}
+
+void SourceTable::setOptions(std::string_view id, const SourceOptions& options) {
+    if (options == SourceOptions{}) {
+        Statement(database_, "DELETE FROM sourceOptions WHERE id = ?").bind(0, id).run();
+        return;
+    }
+    std::optional<std::int64_t> onlyApple, interval;
+    if (options.onlyApple) onlyApple = *options.onlyApple;
+    if (options.minimumInterval) interval = static_cast<std::int64_t>(*options.minimumInterval);
+    Statement statement(database_,
+                        "INSERT OR REPLACE INTO sourceOptions (id, onlyApple, minimumInterval, "
+                        "notInAll) VALUES (?, ?, ?, ?)");
+    statement.bind(0, id).bind(1, onlyApple).bind(2, interval);
+    statement.bind(3, std::int64_t{options.notInAll}).run();
+}
+
+std::vector<SourceTry> SourceTable::tries(std::string_view id) {
+    Statement rows(database_,
+                   "SELECT at, outcome, added, reason FROM sourceTries WHERE source = ? "
+                   "ORDER BY at");
+    rows.bind(0, id);
+    std::vector<SourceTry> tries;
+    while (rows.step()) {
+        // A word of a newer version is no failure.
+        const auto outcome = kit::enumFromRaw<SourceTry::Outcome>(rows.text(1));
+        tries.push_back({.at = instantOf(rows.number(0)),
+                         .outcome = outcome.value_or(SourceTry::Outcome::full),
+                         .added = rows.number(2),
+                         .reason = rows.text(3)});
+    }
+    return tries;
+}
+
+void SourceTable::addTry(std::string_view id, const SourceTry& attempt) {
+    Statement(database_, "DELETE FROM sourceTries WHERE source = ? AND at < ?")
+        .bind(0, id)
+        .bind(1, microseconds(attempt.at - kTriesKept))
+        .run();
+    const std::string outcome(kit::rawValue(attempt.outcome));
+    Statement statement(database_,
+                        "INSERT OR REPLACE INTO sourceTries (source, at, outcome, added, reason) "
+                        "VALUES (?, ?, ?, ?, ?)");
+    statement.bind(0, id).bind(1, microseconds(attempt.at)).bind(2, outcome);
+    statement.bind(3, attempt.added).bind(4, attempt.reason).run();
 }
 
 std::map<std::string, SourceStatus> SourceTable::statuses() {

@@ -31,12 +31,22 @@ public:
     void restore(const kit::NewsSource& source);
     /// Writes a source of the user's own again, in its place.
     void update(const kit::NewsSource& source);
-    /// Forgets the source's switch and status with it.
+    /// Forgets the source's switch, options, status and tries with it.
     void remove(std::string_view id, kit::Instant now);
 
     /// Only sources that the user has switched are in it.
     std::map<std::string, bool> switches();
     void setEnabled(std::string_view id, bool enabled);
+
+    using Options = std::map<std::string, SourceOptions, std::less<>>;
+    /// Only sources for which something has been set are in it.
+    Options options();
+    void setOptions(std::string_view id, const SourceOptions& options);
+
+    /// Of the last days, the oldest first.
+    std::vector<SourceTry> tries(std::string_view id);
+    /// Drops those that are too old to be kept.
+    void addTry(std::string_view id, const SourceTry& attempt);
 
     std::map<std::string, SourceStatus> statuses();
     void setStatus(std::string_view id, const SourceStatus& status);

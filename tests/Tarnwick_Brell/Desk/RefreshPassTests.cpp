@@ -295,5 +295,26 @@ TEST_F(RefreshPassTest, StoriesThatShareALinkCountAsOne) {
     EXPECT_EQ(outcome.health.collapsed, 98);
 }
 
+TEST_F(RefreshPassTest, EveryFetchIsRememberedForAWeekWithWhatItGave) {
+    harness_.serve("a.example",
+                   {TestDesk::feed("a.example", 1, 2), TestDesk::feed("a.example", 1, 2),
+                    Response{.status = 503}, Response{.status = 404}});
+    const auto tries = [&] {
+        std::string text;
+        for (const auto& each : store_.sources().tries("a.example"))
+            text += std::string(kit::rawValue(each.outcome)) + ' ' + std::to_string(each.added) +
+                    each.reason + '\n';
+        return text;
+    };
+    for (int pass = 0; pass < 3; ++pass) {
+        refresh({"a.example"});
+        harness_.pass(1h);
+    }
+    EXPECT_EQ(tries(), "news 2\nfull 0\nfailed 0The server answered 404.\n");
+    harness_.pass(kTriesKept);
+    refresh({"a.example"});
+    EXPECT_EQ(tries(), "failed 0The server answered 404.\n");
+}
+
 }  // namespace
 }  // namespace app

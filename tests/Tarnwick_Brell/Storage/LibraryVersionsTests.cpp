@@ -66,6 +66,7 @@ TEST(LibraryVersions, EveryEarlierVersionComesOverWithWhatTheUserMade) {
         {3, "a8e8e5a32fcf6fe b2 a1 c3 ", "b2 ", "Chips Today Later ", "Gone ", "Own Glass "},
         {4, "a8e8e5a32fcf6fe b2 a1 c3 ", "b2 ", "Chips Today Later ", "Gone ", "Own Glass "},
         {5, "a8e8e5a32fcf6fe b2 a1 c3 ", "b2 ", "Chips Today Later ", "Gone ", "Own Glass "},
+        {6, "a8e8e5a32fcf6fe b2 a1 c3 ", "b2 ", "Chips Today Later ", "Gone ", "Own Glass "},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.version);
@@ -127,7 +128,7 @@ TEST(LibraryVersions, TheLastChangeOfMarksCanStillBeUndone) {
 
 TEST(LibraryVersions, ALibraryOfALaterVersionIsLeftAlone) {
     const EarlierLibrary library(5);
-    Database(library.file(), Database::Access::readWrite).execute("PRAGMA user_version = 7");
+    Database(library.file(), Database::Access::readWrite).execute("PRAGMA user_version = 8");
     for (const auto access : {Database::Access::readWrite, Database::Access::readOnly}) {
         try {
             LocalStore(library.file(), access);
@@ -137,7 +138,7 @@ TEST(LibraryVersions, ALibraryOfALaterVersionIsLeftAlone) {
             EXPECT_NE(std::string(error.what()).find("newer version"), std::string::npos);
         }
     }
-    EXPECT_EQ(library.list("PRAGMA user_version"), "7 ");
+    EXPECT_EQ(library.list("PRAGMA user_version"), "8 ");
 }
 
 TEST(LibraryVersions, ALibraryOfTheFirstVersionComesOverWhole) {
