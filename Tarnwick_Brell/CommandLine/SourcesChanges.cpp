@@ -73,7 +73,7 @@ int removeSources(Session& session, const std::vector<std::string>& ids) {
         }
     }
     auto transaction = store.transaction();
-    for (const auto& source : removed) registry.remove(source.id, session.now());
+    registry.remove(ids, session.now());
     transaction.commit();
 
     if (session.options().json) {

@@ -103,24 +103,24 @@ int importSources(Session& session, const std::string& file, bool preview) {
 
 int exportSources(Session& session, app::ExportScope scope, bool withSecrets) {
     const app::SourceRegistry registry(session.storeForReading().sources());
-    auto outlines = app::exportedSources(registry, scope);
-    boost::json::array withheld;
-    for (auto& feed : outlines.feeds) {
-        if (withSecrets) continue;
-        feed.title = kit::maskedSecrets(feed.title);
-        if (kit::carriesSecret(feed.siteURL)) feed.siteURL.clear();
-        if (!kit::carriesSecret(feed.feedURL)) continue;
-        feed.feedURL.clear();
-        withheld.emplace_back(feed.title);
+    auto sources = registry.sources();
+    std::erase_if(sources, [&](const auto& source) {
+        return !isInScope(scope, source, registry.isEnabled(source));
+    });
+    const auto [outlines, withheld] =
+        app::exportedSources(sources, withSecrets ? app::Secrets::kept : app::Secrets::withheld);
+    for (const auto& name : withheld) {
         fmt::print(stderr,
                    "brell: Left out the address of {}: it carries a password or key. "
                    "--with-secrets keeps it.\n",
-                   printable(feed.title));
+                   printable(name));
     }
     const auto list = kit::writeOutlines(outlines);
     if (session.options().json) {
-        session.out().line(boost::json::serialize(boost::json::object{
-            {"count", outlines.feeds.size()}, {"withheld", std::move(withheld)}, {"opml", list}}));
+        session.out().line(
+            boost::json::serialize(boost::json::object{{"count", outlines.feeds.size()},
+                                                       {"withheld", kit::encode(withheld)},
+                                                       {"opml", list}}));
     } else {
         session.out().write(list);
     }

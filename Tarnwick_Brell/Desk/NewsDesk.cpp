@@ -227,22 +227,33 @@ void NewsDesk::setEnabled(const std::string& sourceID, bool enabled) {
     sources_->setEnabled(sourceID, enabled);
 }
 
-void NewsDesk::checkAddress(std::string typed, AddressChecked done) {
-    sources_->check(std::move(typed), std::move(done));
+void NewsDesk::setSourceOptions(const std::string& sourceID, const SourceOptions& options) {
+    sources_->setOptions(sourceID, options);
 }
 
-void NewsDesk::addSource(std::string typed, SourceAdded done) {
-    sources_->add(std::move(typed), std::move(done));
+void NewsDesk::readTries(const std::string& sourceID, TriesRead done) {
+    sources_->readTries(sourceID, std::move(done));
 }
+
+std::uint64_t NewsDesk::checkAddress(std::string typed, kit::FetchWatch watch,
+                                     AddressChecked done) {
+    return sources_->check(std::move(typed), std::move(watch), std::move(done));
+}
+
+void NewsDesk::cancelCheck(std::uint64_t check) { sources_->cancelCheck(check); }
 
 void NewsDesk::renameSource(const std::string& id, const std::string& name) {
     sources_->rename(id, name);
 }
 
-void NewsDesk::removeSource(const std::string& id) { sources_->remove(id); }
+void NewsDesk::removeSources(std::vector<std::string> ids) { sources_->remove(std::move(ids)); }
 
-void NewsDesk::importOutlines(kit::Outlines outlines, Imported done) {
-    sources_->import(std::move(outlines), std::move(done));
+void NewsDesk::readOutlines(std::filesystem::path file, ListRead done) {
+    sources_->readList(std::move(file), std::move(done));
+}
+
+void NewsDesk::importOutlines(kit::Outlines outlines, ImportWatch watch, Imported done) {
+    sources_->import(std::move(outlines), std::move(watch), std::move(done));
 }
 
 // Search.

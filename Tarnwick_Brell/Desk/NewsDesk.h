@@ -38,10 +38,11 @@ class MarksController;
 class NewsDesk : public QObject {
     Q_OBJECT
 public:
-    using AddSourceError = app::AddSourceError;
-    using SourceAdded = SourceController::Added;
     using AddressChecked = SourceController::Checked;
+    using ImportWatch = SourceController::ImportWatch;
     using Imported = SourceController::Imported;
+    using ListRead = SourceController::ListRead;
+    using TriesRead = SourceController::TriesRead;
     using Progress = RefreshController::Progress;
     using NewStories = std::function<void(const std::vector<kit::Story>&)>;
     /// Numbers of stories of the wire, newest first.
@@ -73,6 +74,8 @@ public:
     std::optional<kit::Instant> firstSeen(std::string_view storyID) const;
     const SourceStatus& sourceStatus(const std::string& id) const { return sources_->status(id); }
     const SourceHealth& sourceHealth(const std::string& id) const { return sources_->health(id); }
+    /// What the user has set for sources; those for which nothing is set are not in it.
+    const SourceTable::Options& sourceOptions() const { return sources_->options(); }
     std::optional<kit::Instant> lastRefresh() const { return lastRefresh_; }
     std::optional<kit::Instant> lastArrival() const { return lastArrival_; }
     bool isRefreshing() const { return refresh_->isRefreshing(); }
@@ -114,11 +117,19 @@ public:
     bool canUndo() const;
 
     void setEnabled(const std::string& sourceID, bool enabled);
-    void checkAddress(std::string typed, AddressChecked done);
-    void addSource(std::string typed, SourceAdded done);
+    void setSourceOptions(const std::string& sourceID, const SourceOptions& options);
+    /// How the fetches of the source went in the last days, the oldest first.
+    void readTries(const std::string& sourceID, TriesRead done);
+    /// Finds the feed of a typed address and changes nothing. `watch` follows the addresses that
+    /// are asked. `cancelCheck` with what it returns ends it.
+    std::uint64_t checkAddress(std::string typed, kit::FetchWatch watch, AddressChecked done);
+    void cancelCheck(std::uint64_t check);
     void renameSource(const std::string& id, const std::string& name);
-    void removeSource(const std::string& id);
-    void importOutlines(kit::Outlines outlines, Imported done);
+    void removeSources(std::vector<std::string> ids);
+    /// Reads a list of feeds from a file and compares it with the sources.
+    void readOutlines(std::filesystem::path file, ListRead done);
+    /// Adds the feeds that no source has, all of them or none.
+    void importOutlines(kit::Outlines outlines, ImportWatch watch, Imported done);
 
     /// Finds at most `limit` stories. When searches follow each other before an answer, only
     /// the last one is answered.

@@ -29,6 +29,15 @@ std::chrono::milliseconds randomUpTo(std::chrono::milliseconds longest) {
         std::uniform_int_distribution<std::chrono::milliseconds::rep>(0, longest.count())(source));
 }
 
+/// What is set for sources may have changed since the pass was asked for.
+std::vector<kit::NewsSource> asTheyAreNow(std::vector<kit::NewsSource> sources,
+                                          const SourceRegistry& registry) {
+    for (auto& source : sources) {
+        if (const auto* known = registry.find(source.id)) source = *known;
+    }
+    return sources;
+}
+
 }  // namespace
 
 RefreshController::RefreshController(DeskJobs& jobs, const SourceController& sources,
@@ -131,7 +140,7 @@ void RefreshController::beginPass(const Request& request) {
     const auto run = [this, listener, settings, sources = std::move(sources)](
                          WorkerContext& context) -> asio::awaitable<void> {
         RefreshPass pass(context.store, context.stack, clock_, settings, listener);
-        auto report = co_await pass.run(sources);
+        auto report = co_await pass.run(asTheyAreNow(sources, jobs_.updates().registry()));
         jobs_.deliver(jobs_.updates().passEnded());
         jobs_.deliver([this, report = std::move(report)] { endPass(report); });
     };

@@ -6,7 +6,7 @@
 #include "NewsroomKit/Outlines/Outlines.h"
 #include "Tarnwick_Brell/Desk/DeskJobs.h"
 #include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
-#include "Tarnwick_Brell/Desk/SourceImport.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 
 namespace app {
@@ -60,63 +60,94 @@ void SourceController::setEnabled(const std::string& sourceID, bool enabled) {
         jobs_.reportFailure());
 }
 
+void SourceController::setOptions(const std::string& sourceID, const SourceOptions& options) {
+    changeRegistry(
+        [=](WorkerContext&, SourceRegistry& registry) { registry.setOptions(sourceID, options); },
+        jobs_.reportFailure());
+}
+
+void SourceController::readTries(const std::string& sourceID, TriesRead done) {
+    const auto read = [this, sourceID, done = std::move(done)](WorkerContext& context) {
+        auto tries = context.store.sources().tries(sourceID);
+        jobs_.deliver([done, tries = std::move(tries)] { done(tries); });
+    };
+    jobs_.worker().post(read, jobs_.reportFailure());
+}
+
 void SourceController::rename(const std::string& id, const std::string& name) {
     changeRegistry([=](WorkerContext&, SourceRegistry& registry) { registry.rename(id, name); },
                    jobs_.reportFailure());
 }
 
-void SourceController::remove(const std::string& id) {
+void SourceController::remove(std::vector<std::string> ids) {
     changeRegistry(
-        [=, this](WorkerContext&, SourceRegistry& registry) { registry.remove(id, clock_()); },
+        [ids = std::move(ids), this](WorkerContext& context, SourceRegistry& registry) {
+            auto transaction = context.store.transaction();
+            registry.remove(ids, clock_());
+            transaction.commit();
+        },
         jobs_.reportFailure());
 }
 
-void SourceController::import(kit::Outlines outlines, Imported done) {
-    const auto import = [this, outlines = std::move(outlines), done](WorkerContext& context,
-                                                                     SourceRegistry& registry) {
-        auto added = applyImport(previewImport(outlines, registry), context.store, registry);
-        jobs_.deliver([done, added = std::move(added)] { done(added); });
+void SourceController::readList(std::filesystem::path file, ListRead done) {
+    const auto read = [this, file = std::move(file), done](WorkerContext&) {
+        std::variant<ImportPreview, std::string> answer;
+        auto list = readOutlineFile(file);
+        if (auto* sentence = std::get_if<std::string>(&list)) {
+            answer = std::move(*sentence);
+        } else {
+            answer =
+                previewImport(std::get<kit::Outlines>(std::move(list)), jobs_.updates().registry());
+        }
+        jobs_.deliver([done, answer = std::move(answer)] { done(answer); });
     };
-    changeRegistry(import, jobs_.reportFailure([done] { done({}); }));
+    jobs_.worker().post(read, [this, done](const std::exception& error) {
+        jobs_.deliver([done, sentence = std::string(error.what())] { done(sentence); });
+    });
 }
 
-void SourceController::check(std::string typed, Checked done) {
-    const auto check =
-        [this, typed = std::move(typed), done,
-         retention = defaults_.storyRetention()](WorkerContext& context) -> asio::awaitable<void> {
-        SourceAdder adder(context.store, jobs_.updates().registry(), context.stack, clock_,
-                          std::chrono::duration<double>(retention));
-        auto checked = co_await adder.check(typed);
-        jobs_.deliver([done, checked = std::move(checked)] { done(checked); });
-    };
-    jobs_.worker().spawn(check, answerFailure(done));
-}
-
-void SourceController::add(std::string typed, Added done) {
-    const auto add = [this, typed = std::move(typed), done, retention = defaults_.storyRetention()](
-                         WorkerContext& context) -> asio::awaitable<void> {
+void SourceController::import(kit::Outlines outlines, ImportWatch watch, Imported done) {
+    const auto import = [this, outlines = std::move(outlines), watch = std::move(watch),
+                         done](WorkerContext& context) {
+        const auto goesOn = [&](std::size_t count) {
+            if (watch.progress) {
+                jobs_.deliver([progress = watch.progress, count] { progress(count); });
+            }
+            return !watch.stop.stop_requested();
+        };
         auto& updates = jobs_.updates();
-        SourceAdder adder(context.store, updates.registry(), context.stack, clock_,
-                          std::chrono::duration<double>(retention));
-        auto added = co_await adder.add(typed);
+        auto& registry = updates.registry();
+        std::vector<kit::NewsSource> added;
+        try {
+            added = applyImport(previewImport(outlines, registry), context.store, registry, goesOn);
+        } catch (const std::exception&) {
+            registry.reload();
+            throw;
+        }
+        // The list first: whoever hears of new sources may ask for them.
         jobs_.deliver(updates.sourceList());
         jobs_.deliver([done, added = std::move(added)] { done(added); });
     };
-    const auto failed = [this,
-                         answer = answerFailure(std::move(done))](const std::exception& error) {
-        if (jobs_.hasUpdates()) jobs_.updates().registry().reload();
-        answer(error);
-    };
-    jobs_.worker().spawn(add, failed);
+    jobs_.worker().post(import, jobs_.reportFailure([done] { done({}); }));
 }
 
-/// The caller gets the failure's sentence as the answer.
-template <class Done>
-DeskWorker::Failed SourceController::answerFailure(Done done) {
-    return [this, done = std::move(done)](const std::exception& error) {
+DeskWorker::JobID SourceController::check(std::string typed, kit::FetchWatch watch, Checked done) {
+    const auto check =
+        [this, typed = std::move(typed), watch = std::move(watch), done,
+         retention = defaults_.storyRetention()](WorkerContext& context) -> asio::awaitable<void> {
+        SourceAdder adder(context.store, jobs_.updates().registry(), context.stack, clock_,
+                          std::chrono::duration<double>(retention));
+        auto checked = co_await adder.check(typed, [&](const kit::FetchAttempt& attempt) {
+            if (watch) jobs_.deliver([watch, attempt] { watch(attempt); });
+        });
+        jobs_.deliver([done, checked = std::move(checked)] { done(checked); });
+    };
+    return jobs_.worker().spawn(check, [this, done](const std::exception& error) {
         AddSourceError answer{.kind = AddSourceError::Kind::fetchFailed, .detail = error.what()};
         jobs_.deliver([done, answer = std::move(answer)] { done(answer); });
-    };
+    });
 }
+
+void SourceController::cancelCheck(DeskWorker::JobID check) { jobs_.worker().cancel(check); }
 
 }  // namespace app

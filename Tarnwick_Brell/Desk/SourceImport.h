@@ -1,6 +1,10 @@
 #pragma once
 
+#include <cstddef>
+#include <filesystem>
+#include <functional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "NewsroomKit/Outlines/Outlines.h"
@@ -26,13 +30,30 @@ struct ImportPreview {
 
 ImportPreview previewImport(kit::Outlines outlines, const SourceRegistry& registry);
 
+/// Reads a list from a file. On failure: a sentence for the user.
+std::variant<kit::Outlines, std::string> readOutlineFile(const std::filesystem::path& file);
+
+/// Asked now and then with the number of feeds that have been handled: false gives the import up.
+using ImportGoesOn = std::function<bool(std::size_t done)>;
+
 /// Adds what is fresh, all of it or nothing, and returns the new sources. Throws StoreError.
 std::vector<kit::NewsSource> applyImport(const ImportPreview& preview, LocalStore& store,
-                                         SourceRegistry& registry);
+                                         SourceRegistry& registry, const ImportGoesOn& goesOn = {});
 
 /// What other readers take over: the sources that are on and all of the user's own, or the
-/// latter alone. The catalogue's categories are folders.
+/// latter alone.
 enum class ExportScope { subscribed, own };
-kit::Outlines exportedSources(const SourceRegistry& registry, ExportScope scope);
+bool isInScope(ExportScope scope, const kit::NewsSource& source, bool isOn);
+
+enum class Secrets { withheld, kept };
+
+struct ExportedList {
+    kit::Outlines outlines{};
+    std::vector<std::string> withheld{};  ///< names of feeds whose address carries a password
+};
+
+/// These sources as a list; the catalogue's categories are folders. Where secrets are withheld, a
+/// feed whose address carries one is written with its name alone.
+ExportedList exportedSources(const std::vector<kit::NewsSource>& sources, Secrets secrets);
 
 }  // namespace app

@@ -52,7 +52,15 @@ void SourceRegistry::reload() {
     for (auto& source : table_.customSources()) sources_.push_back(std::move(source));
     removed_ = table_.removedSources();
     switches_ = table_.switches();
+    options_ = table_.options();
     index();
+    for (const auto& [id, options] : options_) {
+        const auto place = places_.find(id);
+        if (place == places_.end()) continue;
+        auto& source = sources_[place->second];
+        source.onlyApple = options.onlyApple.value_or(source.onlyApple);
+        source.minimumInterval = options.minimumInterval.value_or(source.minimumInterval);
+    }
 }
 
 void SourceRegistry::index() {
@@ -81,7 +89,7 @@ std::vector<NewsSource> SourceRegistry::enabledSources() const {
 }
 
 SourceListState SourceRegistry::state() const {
-    SourceListState state{.sources = sources_};
+    SourceListState state{.sources = sources_, .options = options_};
     for (const auto& source : enabledSources()) state.enabled.insert(source.id);
     return state;
 }
@@ -112,6 +120,12 @@ NewsSource* SourceRegistry::findOwn(std::string_view id) {
 void SourceRegistry::setEnabled(std::string_view id, bool enabled) {
     table_.setEnabled(id, enabled);
     switches_[std::string(id)] = enabled;
+}
+
+void SourceRegistry::setOptions(std::string_view id, const SourceOptions& options) {
+    table_.setOptions(id, options);
+    // What is no longer set is as in the catalogue again.
+    reload();
 }
 
 std::string SourceRegistry::freshID(std::string_view name, std::string_view host,
@@ -164,22 +178,28 @@ NewsSource SourceRegistry::add(std::string_view name, std::string_view feedURL,
 bool SourceRegistry::rename(std::string_view id, std::string_view name) {
     auto* source = findOwn(id);
     if (!source) return false;
-    NewsSource renamed = *source;
-    renamed.name = shortenedName(kit::maskedSecrets(name));
-    table_.update(renamed);
-    *source = std::move(renamed);
+    // The record stays as it was added: options are kept apart from it.
+    for (auto& record : table_.customSources()) {
+        if (record.id != id) continue;
+        record.name = shortenedName(kit::maskedSecrets(name));
+        table_.update(record);
+        source->name = record.name;
+    }
     return true;
 }
 
-bool SourceRegistry::remove(std::string_view id, kit::Instant now) {
-    auto* source = findOwn(id);
-    if (!source) return false;
-    table_.remove(id, now);
-    switches_.erase(source->id);
-    removed_.push_back(std::move(*source));
-    sources_.erase(sources_.begin() + (source - sources_.data()));
+void SourceRegistry::remove(const std::vector<std::string>& ids, kit::Instant now) {
+    std::set<std::string_view> leaving;
+    for (const auto& id : ids) {
+        const auto* source = findOwn(id);
+        if (!source || !leaving.insert(id).second) continue;
+        table_.remove(id, now);
+        switches_.erase(id);
+        options_.erase(id);
+        removed_.push_back(*source);
+    }
+    std::erase_if(sources_, [&](const auto& source) { return leaving.contains(source.id); });
     index();
-    return true;
 }
 
 }  // namespace app

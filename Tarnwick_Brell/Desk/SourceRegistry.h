@@ -14,15 +14,17 @@
 
 namespace app {
 
-/// The sources and which of them are enabled.
+/// The sources, which of them are enabled, and what the user has set for them.
 struct SourceListState {
     std::vector<kit::NewsSource> sources{};
     std::set<std::string, std::less<>> enabled{};
+    SourceTable::Options options{};
 
     bool operator==(const SourceListState&) const = default;
 };
 
-/// All sources of the desk: the catalogue, then the user's own, and which of them are on.
+/// All sources of the desk: the catalogue, then the user's own, with what the user has set for
+/// them, and which of them are on.
 /// Every change is written at once. When that throws, or its transaction is rolled back,
 /// `reload` restores what the library has.
 class SourceRegistry {
@@ -44,6 +46,7 @@ public:
     const kit::NewsSource* findByFeed(std::string_view feedURL) const;
 
     void setEnabled(std::string_view id, bool enabled);
+    void setOptions(std::string_view id, const SourceOptions& options);
 
     /// Adds a source of the user's own, switched on, and returns it. Its id is made of the name (of
     /// the host when that gives nothing) and a hash of the canonical feed address, so that
@@ -51,10 +54,10 @@ public:
     /// A feed that was removed comes back under its old id, which its stories have.
     kit::NewsSource add(std::string_view name, std::string_view feedURL, std::string_view siteURL);
 
-    /// Both are for the user's own sources; of any other id they change nothing and say false.
-    /// What a removed source has brought stays in the wire.
+    /// Both are for the user's own sources; of any other id they change nothing. `rename` says
+    /// false then. What a removed source has brought stays in the wire.
     bool rename(std::string_view id, std::string_view name);
-    bool remove(std::string_view id, kit::Instant now);
+    void remove(const std::vector<std::string>& ids, kit::Instant now);
 
 private:
     /// Canonical feed addresses. Made when first asked for: most runs of the desk never are.
@@ -72,6 +75,7 @@ private:
     std::vector<kit::NewsSource> sources_;
     std::vector<kit::NewsSource> removed_;
     std::map<std::string, bool> switches_;
+    SourceTable::Options options_;
     std::unordered_map<std::string, std::size_t> places_;  ///< in `sources_`, by id
     mutable std::optional<Feeds> feeds_;
 };

@@ -197,9 +197,9 @@ void SourcesPageModel::removeSelected() {
         kit::Outlines outlines;
         outlines.feeds.push_back(
             {.title = source.name, .feedURL = source.feedURL, .siteURL = source.siteURL});
-        desk.importOutlines(std::move(outlines), [](const auto&) {});
+        desk.importOutlines(std::move(outlines), {}, [](const auto&) {});
     };
-    const auto remove = [&desk, source] { desk.removeSource(source.id); };
+    const auto remove = [&desk, source] { desk.removeSources({source.id}); };
     remove();
     stores().undo.push(
         {.text = tr("Remove %1").arg(titleText(source.name)), .undo = restore, .redo = remove});

@@ -297,23 +297,33 @@ TEST_F(NewsDeskTest, APassCanBeCancelledAndADeskClosesWhateverHangs) {
 TEST_F(NewsDeskTest, SourcesAreAddedRenamedSwitchedAndRemoved) {
     harness_.serve("new.example", {TestDesk::feed("new.example", 1, 2)});
     open();
-    std::optional<SourceAdder::Added> added;
-    desk_->addSource("https://new.example/feed", [&](const auto& result) { added = result; });
-    EXPECT_TRUE(until([&] { return added.has_value(); }));
-    const auto source = std::get<kit::NewsSource>(*added);
+    std::optional<SourceAdder::Checked> checked;
+    std::vector<kit::FetchAttempt::Outcome> watched;
+    desk_->checkAddress(
+        "https://new.example/feed",
+        [&](const auto& attempt) { watched.push_back(attempt.outcome); },
+        [&](const auto& result) { checked = result; });
+    EXPECT_TRUE(until([&] { return checked.has_value(); }));
+    using enum kit::FetchAttempt::Outcome;
+    EXPECT_EQ(watched, (std::vector{underWay, feed}));
+    std::vector<kit::NewsSource> added;
+    const auto& found = std::get<AddressCheck>(*checked);
+    desk_->importOutlines({.feeds = {{.title = found.name, .feedURL = found.feedURL}}}, {},
+                          [&](const auto& result) { added = result; });
+    EXPECT_TRUE(until([&] { return !added.empty(); }));
+    const auto source = added.front();
     EXPECT_TRUE(desk_->enabledSourceIDs().contains(source.id));
     desk_->setEnabled(source.id, false);
     desk_->renameSource(source.id, "Other name");
     EXPECT_TRUE(until([&] { return desk_->sources().back().name == "Other name"; }));
     EXPECT_FALSE(desk_->enabledSourceIDs().contains(source.id));
-    desk_->removeSource(source.id);
+    desk_->removeSources({source.id});
     EXPECT_TRUE(until([&] { return desk_->sources().back().id == "b.example"; }));
 
-    added.reset();
-    desk_->addSource("a.example/feed", [&](const auto& result) { added = result; });
-    EXPECT_TRUE(until([&] { return added.has_value(); }));
-    EXPECT_EQ(std::get<NewsDesk::AddSourceError>(*added).kind,
-              NewsDesk::AddSourceError::Kind::alreadyAdded);
+    checked.reset();
+    desk_->checkAddress("a.example/feed", {}, [&](const auto& result) { checked = result; });
+    EXPECT_TRUE(until([&] { return checked.has_value(); }));
+    EXPECT_EQ(std::get<AddSourceError>(*checked).kind, AddSourceError::Kind::alreadyAdded);
 }
 
 TEST_F(NewsDeskTest, OfSearchesInARowOnlyTheLastIsAnswered) {
