@@ -539,33 +539,6 @@
     </message>
 </context>
 <context>
-    <name>SourceTable</name>
-    <message numerus="yes">
-        <source>Fetched, %n stories</source>
-        <translation>
-            <numerusform>Fetched, %n story</numerusform>
-            <numerusform>Fetched, %n stories</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>At most every %n minutes</source>
-        <translation>
-            <numerusform>At most every minute</numerusform>
-            <numerusform>At most every %n minutes</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>app::SourcesPageModel</name>
-    <message numerus="yes">
-        <source>%n sources</source>
-        <translation>
-            <numerusform>%n source</numerusform>
-            <numerusform>%n sources</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
     <name>app::ArchivePageModel</name>
     <message numerus="yes">
         <source>%n stories</source>
@@ -657,6 +630,123 @@
         <translation>
             <numerusform>and %n more problem</numerusform>
             <numerusform>and %n more problems</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SourceTable</name>
+    <message numerus="yes">
+        <source>Fetched, %n stories</source>
+        <translation>
+            <numerusform>Fetched, %n story</numerusform>
+            <numerusform>Fetched, %n stories</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n fetches failed</source>
+        <translation>
+            <numerusform>%1 of %n fetch failed</numerusform>
+            <numerusform>%1 of %n fetches failed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n times until %2: %1</source>
+        <translation>
+            <numerusform>Once at %2: %1</numerusform>
+            <numerusform>%n times until %2: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sources</source>
+        <translation>
+            <numerusform>%n source</numerusform>
+            <numerusform>%n sources</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Every %n minutes</source>
+        <translation>
+            <numerusform>Every minute</numerusform>
+            <numerusform>Every %n minutes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Every %n hours</source>
+        <translation>
+            <numerusform>Every hour</numerusform>
+            <numerusform>Every %n hours</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n fetches</source>
+        <translation>
+            <numerusform>%1: %n fetch</numerusform>
+            <numerusform>%1: %n fetches</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>, %n new stories</source>
+        <translation>
+            <numerusform>, %n new story</numerusform>
+            <numerusform>, %n new stories</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::AddSourceSheetModel</name>
+    <message numerus="yes">
+        <source>A page, it names %n feeds</source>
+        <translation>
+            <numerusform>A page, it names %n feed</numerusform>
+            <numerusform>A page, it names %n feeds</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>A feed with %n stories</source>
+        <translation>
+            <numerusform>A feed with %n story</numerusform>
+            <numerusform>A feed with %n stories</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::ImportOutlinesSheetModel</name>
+    <message numerus="yes">
+        <source>Import %n sources</source>
+        <translation>
+            <numerusform>Import %n source</numerusform>
+            <numerusform>Import %n sources</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sources have been added.</source>
+        <translation>
+            <numerusform>%n source has been added.</numerusform>
+            <numerusform>%n sources have been added.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::ExportOutlinesSheetModel</name>
+    <message numerus="yes">
+        <source>%n sources</source>
+        <translation>
+            <numerusform>%n source</numerusform>
+            <numerusform>%n sources</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Keep %n addresses that carry a password or key</source>
+        <translation>
+            <numerusform>Keep one address that carries a password or key</numerusform>
+            <numerusform>Keep %n addresses that carry a password or key</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sources have been exported to %1.</source>
+        <translation>
+            <numerusform>%n source has been exported to %1.</numerusform>
+            <numerusform>%n sources have been exported to %1.</numerusform>
         </translation>
     </message>
 </context>

@@ -25,7 +25,8 @@ DeskPresence::DeskPresence(const DeskStores& stores, DeskWindows& windows, Notif
       windows_(windows),
       notifier_(notifier),
       tray_(stores),
-      icon_(tray_) {
+      icon_(tray_),
+      fileDialog_(windows) {
     const auto raise = [this] { windows_.raise({}); };
     connect(&icon_, &TrayIcon::openWanted, this, raise);
     connect(&icon_, &TrayIcon::storyWanted, this, [this, raise](const QString& storyID) {

@@ -5,12 +5,13 @@
 #include "Tarnwick_Brell/Models/Window/TrayModel.h"
 #include "Tarnwick_Brell/Notifications/Notifier.h"
 #include "Tarnwick_Brell/Window/DeskWindows.h"
+#include "Tarnwick_Brell/Window/FileDialog.h"
 #include "Tarnwick_Brell/Window/TrayIcon.h"
 
 namespace app {
 
 /// The desk on the user's desktop beside its windows: the icon in the tray, what closing the last
-/// window means, and whether notifications can be shown.
+/// window means, the file dialog, and whether notifications can be shown.
 class DeskPresence : public QObject {
     Q_OBJECT
 public:
@@ -27,6 +28,7 @@ private:
     Notifier& notifier_;
     TrayModel tray_;
     TrayIcon icon_;
+    FileDialog fileDialog_;
     bool hasSaidUnavailable_ = false;
 };
 

@@ -59,6 +59,9 @@ DeskWindows::Entry& DeskWindows::add(int number) {
     auto& window = entry.window->window();
     connect(entry.model.get(), &WindowModel::linkWanted, this, &DeskWindows::linkWanted);
     connect(entry.model.get(), &WindowModel::restoreWanted, this, &DeskWindows::restoreWanted);
+    connect(
+        entry.model.get(), &WindowModel::fileWanted, this,
+        [this, model = entry.model.get()](const FileWish& wish) { emit fileWanted(model, wish); });
     connect(entry.model.get(), &WindowModel::windowWanted, this, &DeskWindows::openAnother);
     connect(&window, &QWindow::activeChanged, this, [this, number, &window] {
         if (window.isActive()) front_ = number;

@@ -46,6 +46,8 @@ signals:
     void linkWanted(const QString& link);
     void restoreWanted(const QString& backup);
     void visibilityChanged();
+    /// A sheet in that window asks for a file.
+    void fileWanted(app::WindowModel* model, const app::FileWish& wish);
 
 private:
     struct Entry {

@@ -37,6 +37,12 @@ ListView {
         else
             positionViewAtIndex(row, ListView.Contain);
     }
+    /// Ctrl+Enter is for the sheet that the list is in.
+    function enter(event: KeyEvent) {
+        event.accepted = currentIndex >= 0 && !(event.modifiers & Qt.ControlModifier);
+        if (event.accepted)
+            opened(currentIndex);
+    }
     /// Goes on by that many rows, as far as there are any.
     function step(by: int) {
         let row = currentIndex;
@@ -90,8 +96,8 @@ ListView {
     Accessible.name: label
     Keys.onUpPressed: step(-1)
     Keys.onDownPressed: step(1)
-    Keys.onReturnPressed: if (currentIndex >= 0) opened(currentIndex)
-    Keys.onEnterPressed: if (currentIndex >= 0) opened(currentIndex)
+    Keys.onReturnPressed: event => enter(event)
+    Keys.onEnterPressed: event => enter(event)
     Keys.onPressed: event => event.accepted = takesKey(event)
 
     /// Whether a key was meant for the list; a list with keys of its own overrides it.

@@ -315,12 +315,15 @@ QtObject {
     // Columns of the table of sources
     readonly property int sourceSwitch: scaled(40)
     readonly property int sourceName: scaled(150)
+    readonly property int sourceNameMore: scaled(80)
     readonly property int sourceGroup: scaled(92)
     readonly property int sourceTime: scaled(100)
     readonly property int sourceNext: scaled(76)
     readonly property int sourceCount: scaled(52)
     readonly property int sourceMeasure: scaled(60)
     readonly property int sourceState: scaled(140)
+    readonly property int sourceFailureTime: scaled(112)
+    readonly property int sourcesBarFrom: scaled(860)
 
     readonly property int wordToken: scaled(24)
     readonly property int wordTokenLine: scaled(28)
@@ -366,6 +369,9 @@ QtObject {
     readonly property int settingControl: 280
     readonly property int settingNumber: scaled(96)
     readonly property int sheetMargin: 24
+    readonly property int sheetSideColumn: scaled(220)
+    readonly property int attemptTime: scaled(48)
+    readonly property int previewAge: scaled(72)
     readonly property int sheetHeader: scaled(52)
     readonly property int sheetFoot: scaled(60)
     readonly property int popoverWidth: 320

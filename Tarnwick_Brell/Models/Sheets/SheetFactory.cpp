@@ -3,8 +3,13 @@
 #include <array>
 #include <string_view>
 
+#include "Tarnwick_Brell/Models/Sheets/AddSourceSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/BeatSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/CloseToTraySheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/ExportOutlinesSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/ImportOutlinesSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/SigningDevicesSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/FocusSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/NewNewsroomSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/PanelOptionsSheetModel.h"
@@ -32,6 +37,9 @@ std::unique_ptr<SheetModel> sheetOf(const DeskStores& stores, const QString& sub
 
 std::unique_ptr<SheetModel> makeSheet(const DeskStores& stores, const QString& key) {
     static constexpr std::array kSheets{
+        SheetRow{"add-source", &sheetOf<AddSourceSheetModel>},
+        SheetRow{"import-outlines", &sheetOf<ImportOutlinesSheetModel>},
+        SheetRow{"export-outlines", &sheetOf<ExportOutlinesSheetModel>},
         SheetRow{"close-to-tray", &sheetOf<CloseToTraySheetModel>},
         SheetRow{"signing-devices", sheetOf<SigningDevicesSheetModel>},
         SheetRow{"focus", &sheetOf<FocusSheetModel>},

@@ -6,6 +6,14 @@
 
 namespace app {
 
+/// Asks for the desktop's dialog that chooses a file.
+struct FileWish {
+    QString title{};
+    QString filter{};  ///< "Lists of feeds (*.opml *.xml);;All files (*)"
+    QString path{};    ///< that the dialog begins with
+    bool isForWriting = false;
+};
+
 /// What a sheet over the window works on, for as long as it is open. It is drawn by the file of
 /// its name in Interface/Sheets: AddSourceSheet.qml for an AddSourceSheetModel.
 class SheetModel : public QObject {
@@ -16,8 +24,11 @@ class SheetModel : public QObject {
 
 public:
     QString file() const;
+    /// The answer to `fileWanted`: the path of the file that was chosen.
+    virtual void useFile(const QString&) {}
 
 signals:
+    void fileWanted(const app::FileWish& wish);
     /// The work is done, or given up.
     void closeWanted();
     /// A sentence for the user.

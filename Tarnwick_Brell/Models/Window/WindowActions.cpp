@@ -115,6 +115,9 @@ void WindowModel::execute(Action action) {
         case DeskAction::DuplicatePanel: editor_.duplicateSelected(); break;
         case DeskAction::NewNewsroom: showSheet(QStringLiteral("new-newsroom")); break;
         case DeskAction::ShowBoard: board_.show(place_.id.toStdString()); break;
+        case DeskAction::AddSource: showSheet(QStringLiteral("add-source")); break;
+        case DeskAction::ImportOutlines: showSheet(QStringLiteral("import-outlines")); break;
+        case DeskAction::ExportOutlines: showSheet(QStringLiteral("export-outlines")); break;
         case DeskAction::GiveBackEdits: editor_.giveBack(); break;
         case DeskAction::CopyRow:
         case DeskAction::GoLive:
@@ -124,6 +127,10 @@ void WindowModel::execute(Action action) {
         case DeskAction::RenameSource:
         case DeskAction::RemoveSource:
         case DeskAction::CopySourceReport:
+        case DeskAction::ShowSourceStories:
+        case DeskAction::ToggleOnlyApple:
+        case DeskAction::ToggleNotInAll:
+        case DeskAction::SetSourceInterval:
             if (page_) page_->perform(action);
             break;
         case DeskAction::EndLive: refresh_.endLive(); break;

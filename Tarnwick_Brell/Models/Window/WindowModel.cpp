@@ -164,6 +164,7 @@ bool WindowModel::showSheet(const QString& key) {
     connect(sheet_.get(), &SheetModel::closeWanted, this, &WindowModel::closeSheet);
     connect(sheet_.get(), &SheetModel::noticed, this, &WindowModel::noticed);
     connect(sheet_.get(), &SheetModel::restoreWanted, this, &WindowModel::restoreWanted);
+    connect(sheet_.get(), &SheetModel::fileWanted, this, &WindowModel::fileWanted);
     connect(sheet_.get(), &SheetModel::placeWanted, this,
             qOverload<const QString&>(&WindowModel::open));
     connect(sheet_.get(), &SheetModel::linkWanted, this, [this](const QString& link) {
@@ -177,6 +178,10 @@ void WindowModel::closeSheet() {
     if (!sheet_) return;
     endLater(std::move(sheet_), *this);
     emit sheetChanged();
+}
+
+void WindowModel::useFile(const QString& path) {
+    if (sheet_) sheet_->useFile(path);
 }
 
 void WindowModel::showNewsroom() {

@@ -107,6 +107,8 @@ public:
     /// False when there is no such sheet.
     Q_INVOKABLE bool showSheet(const QString& key);
     Q_INVOKABLE void closeSheet();
+    /// The answer to `fileWanted`; the sheet that asked may be gone.
+    void useFile(const QString& path);
     /// What another program dropped on the window: a source to add, a file to import.
     Q_INVOKABLE void drop(const QList<QUrl>& urls, const QString& text);
     /// Shows clusters in the list of this place, or stories.
@@ -115,6 +117,7 @@ public:
 signals:
     void placeChanged();
     void sheetChanged();
+    void fileWanted(const app::FileWish& wish);
     /// What only the view can do: the focus, sheets, scrolling.
     void viewActionWanted(app::DeskAction::Value action);
     /// Sheets are to be closed.
