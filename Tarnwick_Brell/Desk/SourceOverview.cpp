@@ -38,6 +38,16 @@ SortKey keyOf(const SourceLine& line, SourceOrder order) {
     return {};
 }
 
+TrySpan::Kind kindOf(SourceTry::Outcome outcome) {
+    switch (outcome) {
+        case SourceTry::Outcome::unchanged: return TrySpan::Kind::unchanged;
+        case SourceTry::Outcome::full: return TrySpan::Kind::full;
+        case SourceTry::Outcome::news: return TrySpan::Kind::news;
+        case SourceTry::Outcome::failed: return TrySpan::Kind::failed;
+    }
+    return TrySpan::Kind::none;
+}
+
 std::vector<std::string> wordsOf(const std::string& text) {
     std::vector<std::string> words;
     const auto folded = kit::fold(text);
@@ -68,6 +78,14 @@ SourceState stateOf(const SourceStatus& status, const SourceHealth& health) {
     return full && *full >= *status.lastSuccess ? SourceState::fresh : SourceState::unchanged;
 }
 
+std::set<std::string, std::less<>> sourcesNotInAll(const SourceTable::Options& options) {
+    std::set<std::string, std::less<>> ids;
+    for (const auto& [id, option] : options) {
+        if (option.notInAll) ids.insert(id);
+    }
+    return ids;
+}
+
 bool isIn(SourceSubset subset, const SourceLine& line) {
     switch (subset) {
         case SourceSubset::all: return true;
@@ -83,8 +101,10 @@ std::vector<std::size_t> chosenSources(const std::vector<SourceLine>& lines,
     const auto words = wordsOf(choice.words);
     std::vector<std::pair<SortKey, std::size_t>> keyed;
     for (std::size_t place = 0; place < lines.size(); ++place) {
-        if (!isIn(choice.subset, lines[place]) || !hasWords(lines[place], words)) continue;
-        keyed.emplace_back(keyOf(lines[place], choice.order), place);
+        const auto& line = lines[place];
+        if (choice.group && line.source.category != *choice.group) continue;
+        if (!isIn(choice.subset, line) || !hasWords(line, words)) continue;
+        keyed.emplace_back(keyOf(line, choice.order), place);
     }
     std::stable_sort(keyed.begin(), keyed.end(), [&](const auto& left, const auto& right) {
         const auto& [a, b] = std::tie(left.first, right.first);
@@ -96,6 +116,36 @@ std::vector<std::size_t> chosenSources(const std::vector<SourceLine>& lines,
     std::vector<std::size_t> places;
     for (const auto& [key, place] : keyed) places.push_back(place);
     return places;
+}
+
+TryHistory tryHistory(const std::vector<SourceTry>& tries, kit::Instant now) {
+    TryHistory history;
+    const auto begin = now - kTriesKept;
+    for (auto from = begin; from < now; from += kTrySpan) history.spans.push_back({.from = from});
+    bool isRun = false;
+    for (const auto& attempt : tries) {
+        // After the clock was set back, a try may lie in the future.
+        if (attempt.at < begin || attempt.at >= now + kTrySpan) continue;
+        const auto place = static_cast<std::size_t>((attempt.at - begin) / kTrySpan);
+        auto& span = history.spans[std::min(place, history.spans.size() - 1)];
+        ++history.tries;
+        ++span.tries;
+        span.added += attempt.added;
+        span.kind = std::max(span.kind, kindOf(attempt.outcome));
+        const bool isFailure = attempt.outcome == SourceTry::Outcome::failed;
+        if (isFailure) {
+            ++history.failed;
+            ++span.failed;
+            auto& runs = history.failures;
+            if (!isRun || runs.back().reason != attempt.reason)
+                runs.push_back({.from = attempt.at, .reason = attempt.reason});
+            runs.back().to = attempt.at;
+            ++runs.back().tries;
+        }
+        isRun = isFailure;
+    }
+    std::ranges::reverse(history.failures);
+    return history;
 }
 
 }  // namespace app

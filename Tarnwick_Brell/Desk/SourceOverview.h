@@ -1,13 +1,16 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "NewsroomKit/Sources/NewsSource.h"
 #include "Tarnwick_Brell/Storage/Tables/SourceStatus.h"
+#include "Tarnwick_Brell/Storage/Tables/SourceTable.h"
 
 namespace app {
 
@@ -21,6 +24,7 @@ struct SourceLine {
     bool isOn = false;
     SourceStatus status{};
     SourceHealth health{};
+    SourceOptions options{};
     std::optional<kit::Instant> nextTry{};  ///< absent: with the next pass
     std::int64_t recentStories = 0;         ///< of the last `kRecentStoryDays`
 
@@ -37,10 +41,14 @@ enum class SourceSubset { all, on, failing, own };
 
 struct SourceChoice {
     SourceSubset subset = SourceSubset::all;
+    std::optional<kit::NewsSource::Category> group{};
     std::string words{};  ///< all must be in the name, the group or an address, in any case
     SourceOrder order = SourceOrder::attention;
     bool isReversed = false;
 };
+
+/// Sources whose stories are left out of the lists of all and of unread stories.
+std::set<std::string, std::less<>> sourcesNotInAll(const SourceTable::Options& options);
 
 bool isIn(SourceSubset subset, const SourceLine& line);
 
@@ -48,5 +56,41 @@ bool isIn(SourceSubset subset, const SourceLine& line);
 /// also in the reversed order; equal lines stay in their order.
 std::vector<std::size_t> chosenSources(const std::vector<SourceLine>& lines,
                                        const SourceChoice& choice);
+
+/// What the tries of a span of time come to.
+struct TrySpan {
+    /// The word for the most notable one: a failure, then news.
+    enum class Kind { none, unchanged, full, news, failed };
+
+    kit::Instant from{};
+    Kind kind = Kind::none;
+    std::int64_t tries = 0;
+    std::int64_t failed = 0;
+    std::int64_t added = 0;  ///< new stories
+
+    bool operator==(const TrySpan&) const = default;
+};
+
+/// Failures in a row, for the same reason.
+struct FailureRun {
+    kit::Instant from{};
+    kit::Instant to{};
+    std::int64_t tries = 0;
+    std::string reason{};
+
+    bool operator==(const FailureRun&) const = default;
+};
+
+struct TryHistory {
+    std::vector<TrySpan> spans{};  ///< of the days that tries are kept for, the oldest first
+    std::int64_t tries = 0;
+    std::int64_t failed = 0;
+    std::vector<FailureRun> failures{};  ///< the newest first
+};
+
+inline constexpr std::chrono::hours kTrySpan{2};
+
+/// `tries` has the oldest first.
+TryHistory tryHistory(const std::vector<SourceTry>& tries, kit::Instant now);
 
 }  // namespace app

@@ -9,15 +9,20 @@
 
 #include <QDir>
 #include <QEventLoop>
+#include <QFile>
 #include <QFont>
 #include <QGuiApplication>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/Models/Pages/ArchivePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/SourcesPageModel.h"
+#include "Tarnwick_Brell/Models/Sheets/AddSourceSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/BeatSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/ImportOutlinesSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SettingsSheetModel.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
@@ -82,6 +87,23 @@ void showSettings(WindowModel& model, int section) {
     if (auto* sheet = qobject_cast<SettingsSheetModel*>(model.sheet())) sheet->setSection(section);
 }
 
+/// A file with a list of feeds as another reader exports it.
+QString listOfFeeds() {
+    static QTemporaryDir folder;
+    const auto path = folder.filePath(QStringLiteral("harbour.opml"));
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) throw std::runtime_error("can't write the list");
+    file.write("<opml version='2.0'><head><title>Harbour reading</title></head><body>");
+    for (int i = 1; i <= 40; ++i) {
+        file.write(fmt::format("<outline text='Quay notes {0}' "
+                               "xmlUrl='https://quay{0}.example/feed'/>",
+                               i)
+                       .c_str());
+    }
+    file.write("<outline text='Old' xmlUrl='http://old.example/rss'/></body></opml>");
+    return path;
+}
+
 std::vector<View> viewsOf(NewsDesk& news) {
     return {
         {"today", [](WindowModel& model) { model.open(QStringLiteral("")); }},
@@ -119,6 +141,31 @@ std::vector<View> viewsOf(NewsDesk& news) {
         {"failing", [](WindowModel& model) { model.open(QStringLiteral("source:webkit")); }},
         {"top-stories", [](WindowModel& model) { model.open(QStringLiteral("wire:top")); }},
         {"sources", [](WindowModel& model) { model.open(QStringLiteral("page:sources")); }},
+        {"sources-open",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("page:sources"));
+             dynamic_cast<SourcesPageModel&>(*model.page()).open(0);
+         }},
+        {"source-add",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("page:sources"));
+             model.showSheet(QStringLiteral(
+                 "add-source:https://bsky.app/profile/did:plc:n4x8tb3csampleworld3writer"));
+             auto& sheet = dynamic_cast<AddSourceSheetModel&>(*model.sheet());
+             waitUntil("the feed", [&] { return !sheet.isChecking(); });
+         }},
+        {"sources-import",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("page:sources"));
+             model.showSheet(QStringLiteral("import-outlines:") + listOfFeeds());
+             auto& sheet = dynamic_cast<ImportOutlinesSheetModel&>(*model.sheet());
+             waitUntil("the list",
+                       [&] { return sheet.state() == ImportOutlinesSheetModel::Looking; });
+         }},
+        {"sources-import-file",
+         [](WindowModel& model) { model.showSheet(QStringLiteral("import-outlines")); }},
+        {"sources-export",
+         [](WindowModel& model) { model.showSheet(QStringLiteral("export-outlines")); }},
         {"status", [](WindowModel& model) { model.open(QStringLiteral("tracker:status")); }},
         {"software", [](WindowModel& model) { model.open(QStringLiteral("tracker:software")); }},
         {"markets", [](WindowModel& model) { model.open(QStringLiteral("tracker:markets")); }},

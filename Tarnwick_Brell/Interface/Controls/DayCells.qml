@@ -14,6 +14,7 @@ Item {
     property string readingText
     property string label
     property bool pale: false
+    property color issueInk: pale ? Theme.edge : Theme.amberMark
 
     /// The pointer is over that day; -1 when it has left.
     signal pointed(day: int)
@@ -46,7 +47,7 @@ Item {
         unknownColor: Theme.edge
         upColor: Theme.border
         maintenanceColor: cells.pale ? Theme.edge : Theme.blueMark
-        issueColor: cells.pale ? Theme.edge : Theme.amberMark
+        issueColor: cells.issueInk
         outageColor: cells.pale ? Theme.edge : Theme.redMark
     }
     Rectangle {

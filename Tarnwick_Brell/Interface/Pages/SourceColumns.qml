@@ -17,7 +17,7 @@ QtObject {
 
     readonly property real mark: Theme.gridPadding + Theme.sourceSwitch
     readonly property real name: mark + Theme.markBoxSidebar
-    readonly property real nameWidth: Theme.sourceName + Math.max(0, (width - least) / 6)
+    readonly property real nameWidth: Theme.sourceName + Math.min(Theme.sourceNameMore, Math.max(0, (width - least) / 6))
     readonly property real group: name + nameWidth + gap
     readonly property real time: group + (hasGroup ? Theme.sourceGroup + gap : 0)
     readonly property real next: time + Theme.sourceTime + gap
@@ -26,4 +26,7 @@ QtObject {
     readonly property real size: answer + (hasAnswer ? Theme.sourceMeasure : 0) + (hasSize ? gap : 0)
     readonly property real state: size + (hasSize ? Theme.sourceMeasure : 0) + gap
     readonly property real stateWidth: width - state - Theme.gridPadding
+
+    // The two halves of an open row.
+    readonly property real half: (width - name - Theme.gridPadding - Theme.columnGap) / 2
 }

@@ -3,7 +3,7 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// All sources as a table, and what is known of the selected one.
+/// All sources as a table; an open row tells what is known of its source.
 PageBody {
     id: page
 
@@ -12,96 +12,120 @@ PageBody {
     function step(by: int) {
         table.step(by);
     }
+    function openMenu() {
+        if (table.currentItem)
+            menuWanted(table.currentItem, Qt.point(places.name, Theme.tableRow));
+    }
     function switchPane() {
-        split.switchPane();
+        const line = table.currentItem as SourceTableLine;
+        if (!line)
+            return;
+        if (line.hasDetailFocus) {
+            line.focusRow();
+            return;
+        }
+        if (!line.isOpen)
+            content.open(line.index);
+        line.focusDetails();
     }
 
-    PageSplit {
-        id: split
-
+    Rectangle {
         anchors.fill: parent
-        focus: true
-        paneWidth: Theme.paneTrade
-        mainLeast: places.least
-        pane: pane
+        color: Theme.surface
+    }
+    SourceColumns {
+        id: places
 
-        Rectangle {
-            anchors.fill: parent
-            color: Theme.surface
+        width: table.width
+    }
+    SourceTableHeader {
+        id: header
+
+        width: parent.width
+        content: page.content
+        columns: places
+    }
+    TableList {
+        id: table
+
+        y: header.height
+        width: parent.width
+        height: parent.height - y - foot.height
+        label: qsTr("Sources")
+        model: page.content.rows
+        currentIndex: page.content.currentRow
+        onCurrentIndexChanged: page.content.select(currentIndex)
+        onOpened: row => page.content.toggle(row)
+        Keys.onDeletePressed: page.content.perform(DeskAction.RemoveSource)
+        Keys.onRightPressed: page.content.open(currentIndex)
+        Keys.onLeftPressed: page.content.open(-1)
+        Keys.onEscapePressed: page.content.open(-1)
+        Keys.onPressed: event => {
+            if (!event.matches(StandardKey.Copy))
+                return;
+            page.content.perform(DeskAction.CopyRow);
+            event.accepted = true;
         }
-        SourceColumns {
-            id: places
+
+        delegate: SourceTableLine {
+            id: line
 
             width: table.width
-        }
-        SourceTableHeader {
-            id: header
-
-            width: parent.width
-            content: page.content
             columns: places
+            content: page.content
+            listFocused: table.activeFocus
+            isCurrent: ListView.isCurrentItem
+            // A click on the selected row opens it.
+            onChosen: {
+                const wasCurrent = isCurrent && listFocused;
+                table.choose(line.index);
+                line.focusRow();
+                if (wasCurrent)
+                    page.content.toggle(line.index);
+            }
+            onToggled: {
+                table.choose(line.index);
+                line.focusRow();
+                page.content.toggle(line.index);
+            }
+            onSwitched: on => page.content.setEnabled(line.id, on)
+            onMenuWanted: at => {
+                table.choose(line.index);
+                page.menuWanted(line, at);
+            }
+            onHeightChanged: if (isOpen && ListView.isCurrentItem)
+                table.positionViewAtIndex(index, ListView.Contain)
         }
-        TableList {
-            id: table
+    }
+    EmptyState {
+        anchors.centerIn: table
+        visible: table.count === 0
+        text: qsTr("No source matches.")
+        action: qsTr("Show all sources")
+        onActed: {
+            page.content.words = "";
+            page.content.subset = 0;
+            page.content.group = 0;
+        }
+    }
+    Item {
+        id: foot
 
-            y: header.height
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: Theme.sidebarFoot
+
+        Hairline {
             width: parent.width
-            height: parent.height - y - foot.height
-            label: qsTr("Sources")
-            model: page.content.rows
-            currentIndex: page.content.currentRow
-            onCurrentIndexChanged: page.content.select(currentIndex)
-            onOpened: split.openPane()
-            Keys.onDeletePressed: page.content.perform(DeskAction.RemoveSource)
-            Keys.onPressed: event => {
-                if (!event.matches(StandardKey.Copy))
-                    return;
-                page.content.perform(DeskAction.CopyRow);
-                event.accepted = true;
-            }
-
-            delegate: SourceTableLine {
-                id: line
-
-                required property int index
-
-                width: table.width
-                columns: places
-                listFocused: table.activeFocus
-                isCurrent: ListView.isCurrentItem
-                onChosen: {
-                    table.choose(line.index);
-                    table.forceActiveFocus();
-                }
-                onOpened: split.openPane()
-                onSwitched: on => page.content.setEnabled(line.id, on)
-            }
-        }
-        EmptyState {
-            anchors.centerIn: table
-            visible: table.count === 0
-            text: qsTr("No source matches.")
-            action: qsTr("Show all sources")
-            onActed: {
-                page.content.words = "";
-                page.content.subset = 0;
-            }
         }
         DeskText {
-            id: foot
-
             x: Theme.gridPadding
-            anchors.bottom: parent.bottom
-            height: Theme.sidebarFoot
+            width: parent.width - 2 * x
+            anchors.verticalCenter: parent.verticalCenter
             type: DeskText.Meta
             color: Theme.text3
             text: page.content.foot
         }
-    }
-    SourcePane {
-        id: pane
-
-        content: page.content
     }
     Connections {
         target: page.content

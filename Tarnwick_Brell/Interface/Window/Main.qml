@@ -166,6 +166,7 @@ Window {
                 visible: window.desk.view === WindowModel.Page
                 focus: visible
                 page: window.desk.page
+                actions: window.desk.actions
             }
         }
     }
@@ -274,6 +275,8 @@ Window {
                     sidebar.openMenu();
                 else if (wire.visible)
                     wire.openMenu();
+                else if (pages.visible)
+                    pages.openMenu();
                 break;
             case DeskAction.ShowPalette:
                 palette.show();

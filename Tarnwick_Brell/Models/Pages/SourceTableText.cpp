@@ -1,5 +1,9 @@
 #include "Tarnwick_Brell/Models/Pages/SourceTableText.h"
 
+#include <algorithm>
+#include <array>
+#include <chrono>
+
 #include <QCoreApplication>
 #include <QLocale>
 
@@ -10,6 +14,9 @@
 namespace app {
 
 namespace {
+
+/// In seconds. Fetching more often than the desk's pass is not possible.
+constexpr std::array kIntervals{0.0, 900.0, 1800.0, 3600.0, 10800.0, 43200.0, 86400.0};
 
 struct SourceTableWords {
     Q_DECLARE_TR_FUNCTIONS(SourceTable)
@@ -46,6 +53,65 @@ QString sourceGroup(const SourceLine& line) { return labelText(label(line.source
 
 QString sourceFeed(const SourceLine& line) {
     return titleText(kit::maskedSecrets(line.source.feedURL), kTitleCharacters);
+}
+
+QStringList sourceFacts(const SourceLine& line, kit::Instant now) {
+    QStringList facts{SourceTableWords::tr("Feed: %1").arg(sourceFeed(line))};
+    if (line.status.lastAttempt) {
+        facts
+            << SourceTableWords::tr("Last tried %1").arg(momentText(*line.status.lastAttempt, now));
+    }
+    if (line.health.newestStory) {
+        facts << SourceTableWords::tr("Newest story %1")
+                     .arg(momentText(*line.health.newestStory, now));
+    }
+    if (line.health.movedTo) {
+        facts << SourceTableWords::tr("Its feed has moved permanently to %1")
+                     .arg(titleText(kit::maskedSecrets(*line.health.movedTo), kTitleCharacters));
+    }
+    return facts;
+}
+
+QString intervalText(double seconds) {
+    if (seconds <= 0) return SourceTableWords::tr("With every pass");
+    const auto minutes = static_cast<int>(seconds / 60);
+    if (minutes < 60) return SourceTableWords::tr("Every %n minutes", nullptr, minutes);
+    return SourceTableWords::tr("Every %n hours", nullptr, minutes / 60);
+}
+
+void addIntervals(SourceDetail& detail, const SourceLine& line) {
+    const auto& set = line.options.minimumInterval;
+    detail.intervals << (set ? SourceTableWords::tr("As usual")
+                             : intervalText(line.source.minimumInterval));
+    for (const auto seconds : kIntervals) {
+        detail.intervals << intervalText(seconds);
+        if (set == seconds) detail.interval = static_cast<int>(detail.intervals.size()) - 1;
+    }
+}
+
+/// The numbers that DayCells draws: unknown, low, middle, tall.
+int cellKind(TrySpan::Kind kind) {
+    switch (kind) {
+        case TrySpan::Kind::none: return 0;
+        case TrySpan::Kind::unchanged:
+        case TrySpan::Kind::full: return 1;
+        case TrySpan::Kind::news: return 3;
+        case TrySpan::Kind::failed: return 4;
+    }
+    return 0;
+}
+
+/// "18 Nov 14:00 to 16:00: 24 fetches, 2 failed, 5 new stories"
+QString spanText(const TrySpan& span, kit::Instant now) {
+    const auto time = SourceTableWords::tr("%1 to %2")
+                          .arg(momentText(span.from, now), clockText(span.from + kTrySpan));
+    if (span.tries == 0) return SourceTableWords::tr("%1: not fetched").arg(time);
+    auto text =
+        SourceTableWords::tr("%1: %n fetches", nullptr, static_cast<int>(span.tries)).arg(time);
+    if (span.failed > 0) text += SourceTableWords::tr(", %1 failed").arg(span.failed);
+    if (span.added > 0)
+        text += SourceTableWords::tr(", %n new stories", nullptr, static_cast<int>(span.added));
+    return text;
 }
 
 }  // namespace
@@ -88,38 +154,60 @@ SourceTableRow sourceTableRow(const SourceLine& line, kit::Instant now) {
     return row;
 }
 
-SourceDetail sourceDetail(const SourceLine& line, kit::Instant now) {
+SourceDetail sourceDetail(const SourceLine& line, const TryHistory& history, kit::Instant now) {
     SourceDetail detail{.id = plainText(line.source.id),
                         .name = titleText(line.source.name),
                         .isOwn = line.isOwn(),
-                        .isFailing = line.isFailing(),
+                        .onlyApple = line.source.onlyApple,
+                        .notInAll = line.options.notInAll,
                         .stateText = sourceStateText(line, now),
+                        .facts = sourceFacts(line, now),
                         .feedLink = openableLink(line.source.feedURL),
                         .siteLink = openableLink(line.source.siteURL)};
-    auto& facts = detail.facts;
-    facts << SourceTableWords::tr("Feed: %1").arg(sourceFeed(line));
-    if (line.status.lastAttempt) {
-        facts
-            << SourceTableWords::tr("Last tried %1").arg(momentText(*line.status.lastAttempt, now));
+    addIntervals(detail, line);
+    for (const auto& span : history.spans) {
+        detail.spans << cellKind(span.kind);
+        detail.spanTexts << spanText(span, now);
     }
-    if (line.status.lastSuccess) {
-        facts << SourceTableWords::tr("Last success %1")
-                     .arg(momentText(*line.status.lastSuccess, now));
-    }
-    if (line.health.newestStory) {
-        facts << SourceTableWords::tr("Newest story %1")
-                     .arg(momentText(*line.health.newestStory, now));
-    }
-    if (line.source.minimumInterval > 0) {
-        facts << SourceTableWords::tr("At most every %n minutes", nullptr,
-                                      static_cast<int>(line.source.minimumInterval / 60));
-    }
-    if (line.source.onlyApple) facts << SourceTableWords::tr("Only stories about Apple are kept");
-    if (line.health.movedTo) {
-        facts << SourceTableWords::tr("Its feed has moved permanently to %1")
-                     .arg(titleText(kit::maskedSecrets(*line.health.movedTo), kTitleCharacters));
-    }
+    detail.triesText = history.tries == 0 ? SourceTableWords::tr("Not fetched")
+                                          : SourceTableWords::tr("%1 of %n fetches failed", nullptr,
+                                                                 static_cast<int>(history.tries))
+                                                .arg(history.failed);
     return detail;
+}
+
+std::vector<SourceFailureRow> sourceFailures(const TryHistory& history, std::size_t most,
+                                             kit::Instant now) {
+    std::vector<SourceFailureRow> rows;
+    for (const auto& run : history.failures) {
+        if (rows.size() == most) break;
+        const auto reason = titleText(run.reason, kTitleCharacters);
+        rows.push_back({.time = momentText(run.from, now),
+                        .reason = run.tries == 1
+                                      ? reason
+                                      : SourceTableWords::tr("%n times until %2: %1", nullptr,
+                                                             static_cast<int>(run.tries))
+                                            .arg(reason, momentText(run.to, now))});
+    }
+    return rows;
+}
+
+QString sourcesFootText(const std::vector<SourceLine>& lines, kit::Instant now) {
+    const auto on = std::ranges::count_if(lines, &SourceLine::isOn);
+    const auto failing = std::ranges::count_if(lines, &SourceLine::isFailing);
+    const auto answered = std::ranges::count_if(lines, [&](const auto& line) {
+        return line.status.lastSuccess && now - *line.status.lastSuccess <= std::chrono::hours(1);
+    });
+    return SourceTableWords::tr("%n sources", nullptr, static_cast<int>(lines.size())) +
+           SourceTableWords::tr(", %1 on, %2 failing · %3 answered in the last hour")
+               .arg(on)
+               .arg(failing)
+               .arg(answered);
+}
+
+std::optional<double> sourceInterval(int choice) {
+    if (choice <= 0 || choice > static_cast<int>(kIntervals.size())) return std::nullopt;
+    return kIntervals[static_cast<std::size_t>(choice - 1)];
 }
 
 QString sourceReportText(const SourceLine& line, kit::Instant now) {

@@ -6,11 +6,10 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QPointer>
 
-#include "NewsroomKit/Outlines/Outlines.h"
 #include "Tarnwick_Brell/Desk/SourceSchedule.h"
 #include "Tarnwick_Brell/Models/Pages/SourceTableText.h"
-#include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -22,11 +21,13 @@ using namespace std::chrono_literals;
 
 /// A pass reports each source by itself.
 constexpr auto kRereadPause = 200ms;
-constexpr std::size_t kLastStories = 12;
+constexpr std::size_t kLastStories = 4;
+constexpr std::size_t kFailuresShown = 3;
 
 }  // namespace
 
-SourcesPageModel::SourcesPageModel(const DeskStores& stores) : PageModel(stores, tr("Sources")) {
+SourcesPageModel::SourcesPageModel(const DeskStores& stores)
+    : PageModel(stores, tr("Sources")), steps_(stores) {
     soon_.setSingleShot(true);
     soon_.setInterval(kRereadPause);
     connect(&soon_, &QTimer::timeout, this, &SourcesPageModel::update);
@@ -34,6 +35,7 @@ SourcesPageModel::SourcesPageModel(const DeskStores& stores) : PageModel(stores,
         if (!soon_.isActive()) soon_.start();
     };
     connect(&news(), &NewsDesk::sourcesChanged, this, later);
+    connect(&news(), &NewsDesk::sourcesChanged, this, &SourcesPageModel::readHistory);
     connect(&news(), &NewsDesk::wireChanged, this, later);
     connect(&news(), &NewsDesk::marksChanged, this, later);
     update();
@@ -58,6 +60,7 @@ void SourcesPageModel::readLines() {
                           .isOn = news().enabledSourceIDs().contains(source.id),
                           .status = status,
                           .health = news().sourceHealth(source.id),
+                          .options = steps_.optionsOf(source),
                           .nextTry = nextTry(source, status, {}, now()),
                           .recentStories = count == recent.end() ? 0 : count->second});
     }
@@ -67,14 +70,16 @@ void SourcesPageModel::showRows() {
     std::vector<SourceTableRow> rows;
     for (const auto place : chosenSources(lines_, choice_))
         rows.push_back(sourceTableRow(lines_[place], now()));
+    for (auto& row : rows) row.isOpen = row.id == plainText(openID_);
     rows_.setRows(std::move(rows));
     if (currentRow() < 0 && rows_.row(0)) selectedID_ = rows_.row(0)->id.toStdString();
     showDetail();
 }
 
 void SourcesPageModel::showDetail() {
-    const auto* line = selected();
-    detail_ = line ? sourceDetail(*line, now()) : SourceDetail{};
+    const auto* line = lineOf(openID_);
+    detail_ = line ? sourceDetail(*line, history_, now()) : SourceDetail{};
+    failures_.setRows(sourceFailures(history_, kFailuresShown, now()));
     showStories();
     setCondition(
         {.state = lines_.empty() ? Loading : Ready,
@@ -86,7 +91,7 @@ void SourcesPageModel::showStories() {
     const auto& wire = news().stories();
     for (std::size_t place = 0; place < wire.size() && rows.size() < kLastStories; ++place) {
         const auto& story = wire[place];
-        if (story.sourceID() != selectedID_) continue;
+        if (story.sourceID() != openID_) continue;
         rows.push_back({.id = plainText(story.id()),
                         .title = titleText(story.title(), kTitleCharacters),
                         .age = ageText(story.publishedAt(), now()),
@@ -95,18 +100,64 @@ void SourcesPageModel::showStories() {
     lastStories_.setRows(std::move(rows));
 }
 
-const SourceLine* SourcesPageModel::selected() const {
-    const auto line = std::find_if(lines_.begin(), lines_.end(),
-                                   [&](const auto& each) { return each.source.id == selectedID_; });
-    return line == lines_.end() || currentRow() < 0 ? nullptr : &*line;
+const SourceLine* SourcesPageModel::lineOf(const std::string& id) const {
+    const auto line = std::ranges::find(
+        lines_, id, [](const auto& each) -> const std::string& { return each.source.id; });
+    return line == lines_.end() ? nullptr : &*line;
 }
 
-int SourcesPageModel::currentRow() const {
+int SourcesPageModel::rowOf(const std::string& id) const {
     const auto& rows = rows_.rows();
-    const auto id = QString::fromStdString(selectedID_);
-    const auto row =
-        std::find_if(rows.begin(), rows.end(), [&](const auto& each) { return each.id == id; });
+    const auto row = std::ranges::find(rows, plainText(id), &SourceTableRow::id);
     return row == rows.end() ? -1 : static_cast<int>(row - rows.begin());
+}
+
+const SourceLine* SourcesPageModel::selected() const {
+    return currentRow() < 0 ? nullptr : lineOf(selectedID_);
+}
+
+int SourcesPageModel::currentRow() const { return rowOf(selectedID_); }
+
+QList<QString> SourcesPageModel::groups() const {
+    QList<QString> groups{tr("All groups")};
+    for (const auto& row : kit::enumTable<kit::NewsSource::Category>)
+        groups << labelText(row.label);
+    return groups;
+}
+
+int SourcesPageModel::group() const {
+    return choice_.group ? static_cast<int>(*choice_.group) + 1 : 0;
+}
+
+void SourcesPageModel::setGroup(int group) {
+    choice_.group.reset();
+    if (group > 0) choice_.group = static_cast<kit::NewsSource::Category>(group - 1);
+    showRows();
+}
+
+void SourcesPageModel::open(int row) {
+    const auto* wanted = rows_.row(row);
+    openID_ = wanted ? wanted->id.toStdString() : std::string();
+    if (wanted) selectedID_ = openID_;
+    history_ = {};
+    isRenaming_ = false;
+    readHistory();
+    showRows();
+}
+
+void SourcesPageModel::toggle(int row) {
+    const auto* wanted = rows_.row(row);
+    open(wanted && wanted->isOpen ? -1 : row);
+}
+
+void SourcesPageModel::readHistory() {
+    if (openID_.empty()) return;
+    const QPointer<SourcesPageModel> self(this);
+    news().readTries(openID_, [self, mine = ++historyRead_](const auto& tries) {
+        if (!self || self->historyRead_ != mine) return;
+        self->history_ = tryHistory(tries, self->now());
+        self->showDetail();
+    });
 }
 
 QList<QString> SourcesPageModel::subsets() const {
@@ -119,14 +170,7 @@ QList<QString> SourcesPageModel::subsets() const {
             tr("Added %1").arg(count(SourceSubset::own))};
 }
 
-QString SourcesPageModel::foot() const {
-    const auto on =
-        std::count_if(lines_.begin(), lines_.end(), [](const auto& line) { return line.isOn; });
-    const auto failing = std::count_if(lines_.begin(), lines_.end(),
-                                       [](const auto& line) { return line.isFailing(); });
-    return tr("%n sources", nullptr, static_cast<int>(lines_.size())) +
-           tr(", %1 on, %2 failing").arg(on).arg(failing);
-}
+QString SourcesPageModel::foot() const { return sourcesFootText(lines_, now()); }
 
 void SourcesPageModel::setSubset(int subset) {
     choice_.subset = static_cast<SourceSubset>(subset);
@@ -150,21 +194,40 @@ void SourcesPageModel::select(int row) {
     if (!chosen || chosen->id.toStdString() == selectedID_) return;
     selectedID_ = chosen->id.toStdString();
     isRenaming_ = false;
-    showDetail();
+    emit changed();
 }
 
 void SourcesPageModel::setEnabled(const QString& id, bool enabled) {
-    auto& desk = news();
-    const auto source = id.toStdString();
-    const auto line = std::find_if(lines_.begin(), lines_.end(),
-                                   [&](const auto& each) { return each.source.id == source; });
-    if (line == lines_.end() || line->isOn == enabled) return;
-    desk.setEnabled(source, enabled);
-    const auto name = titleText(line->source.name);
-    stores().undo.push(
-        {.text = enabled ? tr("Switch on %1").arg(name) : tr("Switch off %1").arg(name),
-         .undo = [&desk, source, enabled] { desk.setEnabled(source, !enabled); },
-         .redo = [&desk, source, enabled] { desk.setEnabled(source, enabled); }});
+    if (const auto* line = lineOf(id.toStdString())) steps_.setEnabled(line->source, enabled);
+}
+
+void SourcesPageModel::setInterval(int choice) {
+    select(rowOf(openID_));
+    const auto* line = selected();
+    if (!line) return;
+    auto options = steps_.optionsOf(line->source);
+    options.minimumInterval = sourceInterval(choice);
+    steps_.setOptions(line->source, options, tr("Change how often %1 is fetched"));
+}
+
+void SourcesPageModel::setOnlyApple(bool only) {
+    const auto* line = selected();
+    if (!line) return;
+    auto options = steps_.optionsOf(line->source);
+    options.onlyApple = only;
+    steps_.setOptions(
+        line->source, options,
+        only ? tr("Keep only stories about Apple of %1") : tr("Keep all stories of %1"));
+}
+
+void SourcesPageModel::setNotInAll(bool leftOut) {
+    const auto* line = selected();
+    if (!line) return;
+    auto options = steps_.optionsOf(line->source);
+    options.notInAll = leftOut;
+    steps_.setOptions(
+        line->source, options,
+        leftOut ? tr("Leave %1 out of all stories") : tr("Show %1 among all stories"));
 }
 
 void SourcesPageModel::endRenaming() {
@@ -173,37 +236,8 @@ void SourcesPageModel::endRenaming() {
 }
 
 void SourcesPageModel::rename(const QString& name) {
-    const auto* line = selected();
-    const auto after = name.trimmed().toStdString();
-    if (line && line->isOwn() && !after.empty() && after != line->source.name) {
-        auto& desk = news();
-        const auto id = line->source.id;
-        const auto before = line->source.name;
-        desk.renameSource(id, after);
-        stores().undo.push({.text = tr("Rename %1").arg(titleText(before)),
-                            .undo = [&desk, id, before] { desk.renameSource(id, before); },
-                            .redo = [&desk, id, after] { desk.renameSource(id, after); }});
-    }
+    if (const auto* line = selected()) steps_.rename(line->source, name.trimmed());
     endRenaming();
-}
-
-/// The feed comes back under its old id, which its stories have; fetching is not needed for that.
-void SourcesPageModel::removeSelected() {
-    const auto* line = selected();
-    if (!line || !line->isOwn()) return;
-    auto& desk = news();
-    const auto source = line->source;
-    const auto restore = [&desk, source] {
-        kit::Outlines outlines;
-        outlines.feeds.push_back(
-            {.title = source.name, .feedURL = source.feedURL, .siteURL = source.siteURL});
-        desk.importOutlines(std::move(outlines), {}, [](const auto&) {});
-    };
-    const auto remove = [&desk, source] { desk.removeSources({source.id}); };
-    remove();
-    stores().undo.push(
-        {.text = tr("Remove %1").arg(titleText(source.name)), .undo = restore, .redo = remove});
-    emit noticed(tr("%1 was removed. Ctrl+Z brings it back.").arg(titleText(source.name)));
 }
 
 bool SourcesPageModel::offers(Action action) const {
@@ -211,12 +245,21 @@ bool SourcesPageModel::offers(Action action) const {
     switch (action) {
         case DeskAction::CopyRow:
         case DeskAction::FetchSource:
+        case DeskAction::ShowSourceStories:
+        case DeskAction::ToggleOnlyApple:
+        case DeskAction::ToggleNotInAll:
+        case DeskAction::SetSourceInterval:
         case DeskAction::SwitchSource: return line != nullptr;
         case DeskAction::RenameSource:
         case DeskAction::RemoveSource: return line && line->isOwn();
         case DeskAction::CopySourceReport: return !lines_.empty();
         default: return false;
     }
+}
+
+void SourcesPageModel::performOnOpen(Action action) {
+    select(rowOf(openID_));
+    perform(action);
 }
 
 void SourcesPageModel::perform(Action action) {
@@ -229,11 +272,23 @@ void SourcesPageModel::perform(Action action) {
             emit noticed(tr("Fetching %1.").arg(titleText(line->source.name)));
             break;
         case DeskAction::SwitchSource: setEnabled(plainText(line->source.id), !line->isOn); break;
+        case DeskAction::ShowSourceStories:
+            emit placeWanted(QStringLiteral("source:") + plainText(line->source.id));
+            break;
+        case DeskAction::ToggleOnlyApple: setOnlyApple(!line->source.onlyApple); break;
+        case DeskAction::ToggleNotInAll:
+            setNotInAll(!steps_.optionsOf(line->source).notInAll);
+            break;
+        case DeskAction::SetSourceInterval:
+            open(currentRow());
+            emit intervalsWanted();
+            break;
         case DeskAction::RenameSource:
+            open(currentRow());
             isRenaming_ = true;
             emit changed();
             break;
-        case DeskAction::RemoveSource: removeSelected(); break;
+        case DeskAction::RemoveSource: steps_.remove(line->source, line->isOn); break;
         case DeskAction::CopySourceReport: {
             std::vector<const SourceLine*> chosen;
             for (const auto place : chosenSources(lines_, choice_))

@@ -4,6 +4,8 @@
 #include <chrono>
 #include <limits>
 
+#include "Tarnwick_Brell/Desk/SourceOverview.h"
+
 namespace app {
 
 namespace {
@@ -39,7 +41,16 @@ UnreadCounts::UnreadCounts(NewsDesk& desk, NewsroomStore& newsrooms)
     connect(&desk, &NewsDesk::wireChanged, this, &UnreadCounts::followWire);
     connect(&desk, &NewsDesk::marksChanged, &pause_, qOverload<>(&QTimer::start));
     connect(&newsrooms, &NewsroomStore::beatsChanged, this, &UnreadCounts::followBeats);
+    connect(&desk, &NewsDesk::sourcesChanged, this, &UnreadCounts::followSources);
+    followSources();
     followBeats();
+}
+
+void UnreadCounts::followSources() {
+    auto leftOut = sourcesNotInAll(desk_.sourceOptions());
+    if (leftOut == leftOut_) return;
+    leftOut_ = std::move(leftOut);
+    pause_.start();
 }
 
 int UnreadCounts::ofSource(const std::string& id) const {
@@ -88,9 +99,10 @@ void UnreadCounts::count() {
                 const auto& story = wire[place];
                 countedDownTo_ = story.number();
                 if (isSetAside(story.kind())) continue;
-                ++counting_->stories;
+                const int one = leftOut_.contains(story.sourceID()) ? 0 : 1;
+                counting_->stories += one;
                 if (story.isRead()) continue;
-                ++counting_->unread;
+                counting_->unread += one;
                 const auto entry = counting_->bySource.find(story.sourceID());
                 if (entry != counting_->bySource.end()) {
                     ++entry->second;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,7 @@ private:
     };
 
     void followWire(const WireChange& change);
+    void followSources();
     void followBeats();
     void count();
     bool fillBeats();
@@ -53,6 +55,7 @@ private:
     NewsDesk& desk_;
     NewsroomStore& newsrooms_;
     Count counted_;
+    std::set<std::string, std::less<>> leftOut_;  ///< sources that only count for themselves
     std::vector<BeatList> beats_;
     std::optional<Count> counting_;
     std::int64_t countedDownTo_ = 0;  ///< number of the last story counted; places move

@@ -31,6 +31,7 @@ LiveQuery::Test StoryFilter::test() const {
         if (filter.isAppleOnly && !story.isAppleSource()) return false;
         if (!filter.sourcings.empty() && !filter.sourcings.contains(story.sourcing())) return false;
         if (!filter.sourceIDs.empty() && !filter.sourceIDs.contains(story.sourceID())) return false;
+        if (filter.leftOut.contains(story.sourceID())) return false;
         return isPlain || matches(story);
     };
 }

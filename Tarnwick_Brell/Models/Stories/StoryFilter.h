@@ -15,6 +15,7 @@ struct StoryFilter {
     kit::StoryQuery query{};  ///< of the place: a beat's, a source's, a panel's
     Marks marks = Marks::any;
     bool isAppleOnly = false;
+    std::set<std::string, std::less<>> leftOut{};  ///< sources whose stories are not in the list
 
     // The reader's choice; an empty set asks for nothing.
     std::set<kit::StoryKind> kinds{};

@@ -4,6 +4,7 @@
 
 #include <QLocale>
 
+#include "Tarnwick_Brell/Desk/SourceOverview.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
@@ -103,10 +104,10 @@ StoryFilter StoryListController::filter() const {
                        .sourcings = chosenValues<Sourcing>(sourcings_),
                        .sourceIDs = sources_.chosen(),
                        .showsSetAside = showsSetAside_};
-    if (destination_.kind == Destination::Kind::unread) {
-        filter.marks = StoryFilter::Marks::unread;
-    }
-    if (destination_.kind == Destination::Kind::saved) {
+    using enum Destination::Kind;
+    if (destination_.kind == all || destination_.kind == unread) filter.leftOut = leftOut_;
+    if (destination_.kind == unread) filter.marks = StoryFilter::Marks::unread;
+    if (destination_.kind == saved) {
         filter.marks = StoryFilter::Marks::saved;
         // A saved review must stay findable.
         filter.showsSetAside = true;
@@ -123,6 +124,10 @@ void StoryListController::updateSources() {
         }
     }
     sources_.offer(choices);
+    if (auto leftOut = sourcesNotInAll(desk_.sourceOptions()); leftOut != leftOut_) {
+        leftOut_ = std::move(leftOut);
+        refilter();
+    }
 }
 
 void StoryListController::refilter() {

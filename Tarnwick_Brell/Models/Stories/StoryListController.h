@@ -95,6 +95,7 @@ private:
     FilterOptions sourcings_;
     FilterOptions sources_;
     bool showsSetAside_ = false;
+    std::set<std::string, std::less<>> leftOut_;  ///< sources that are not in the list of all
     SetAsideCount hidden_;
 };
 

@@ -53,6 +53,35 @@ TEST_F(SourceOverviewTest, SubsetsAndWordsNarrowTheTable) {
     EXPECT_EQ(shown({.words = "PRESS  tide"}), "Tide ") << "a group's name and a source's";
     EXPECT_EQ(shown({.words = "quay.example"}), "Quay ");
     EXPECT_EQ(shown({.words = "tide pier"}), "");
+    EXPECT_EQ(shown({.group = kit::NewsSource::Category::apple}), "anchor ");
+}
+
+TEST(TryHistory, FailuresInARowAreOneEntryAndASpanTellsItsMostNotableFetch) {
+    using enum SourceTry::Outcome;
+    const auto now = kit::parseISO8601("2026-11-20T12:00:00Z").value();
+    const auto before = [&](int minutes) { return now - std::chrono::minutes(minutes); };
+    const auto history = tryHistory(
+        {
+            {.at = now - std::chrono::days(8), .outcome = failed, .reason = "Long ago."},
+            {.at = before(300), .outcome = news, .added = 2},
+            {.at = before(290), .outcome = unchanged},
+            {.at = before(50), .outcome = failed, .reason = "503."},
+            {.at = before(40), .outcome = failed, .reason = "503."},
+            {.at = before(30), .outcome = failed, .reason = "404."},
+            {.at = before(20), .outcome = full},
+            {.at = before(10), .outcome = failed, .reason = "404."},
+        },
+        now);
+    EXPECT_EQ(history.tries, 7);
+    EXPECT_EQ(history.failed, 4);
+    EXPECT_EQ(history.failures, (std::vector<FailureRun>{{before(10), before(10), 1, "404."},
+                                                         {before(30), before(30), 1, "404."},
+                                                         {before(50), before(40), 2, "503."}}));
+    ASSERT_EQ(history.spans.size(), 84u);
+    using Kind = TrySpan::Kind;
+    EXPECT_EQ(history.spans[83], (TrySpan{before(120), Kind::failed, 5, 4, 0}));
+    EXPECT_EQ(history.spans[82].kind, Kind::none);
+    EXPECT_EQ(history.spans[81], (TrySpan{before(360), Kind::news, 2, 0, 2}));
 }
 
 }  // namespace

@@ -40,18 +40,19 @@ TEST_F(SourcesPageTest, TheWholeCatalogueIsListedAndWhyASourceFailsIsSaid) {
     EXPECT_EQ(names().size(), 46);
     page_->setSubset(static_cast<int>(SourceSubset::failing));
     ASSERT_EQ(names().size(), 1);
+    page_->open(0);
     EXPECT_EQ(page_->detail().stateText, "The server answered 503.");
     EXPECT_TRUE(page_->offers(DeskAction::FetchSource));
 }
 
 TEST_F(SourcesPageTest, ARemovedSourceComesBackUnderItsOldID) {
     page_->setSubset(static_cast<int>(SourceSubset::own));
-    const auto id = page_->detail().id;
+    const auto id = page_->rows()->row(0)->id;
     page_->perform(DeskAction::RemoveSource);
     EXPECT_TRUE(until([&] { return !hasPier(); }));
     ASSERT_TRUE(undo_.undo());
     EXPECT_TRUE(until([&] { return hasPier(); }));
-    EXPECT_EQ(page_->detail().id, id);
+    EXPECT_EQ(page_->rows()->row(0)->id, id);
 }
 
 TEST_F(SourcesPageTest, ASwitchedSourceStaysInTheTableAndTheSwitchIsUndone) {
