@@ -13,7 +13,8 @@ using namespace pressroom;
 template <>
 struct JSONFields<WorldPicture> {
     static constexpr auto fields =
-        std::tuple{field("place", &WorldPicture::place), field("url", &WorldPicture::url)};
+        std::tuple{field("place", &WorldPicture::place), field("url", &WorldPicture::url),
+                   field("missing", &WorldPicture::missing)};
 };
 
 template <>

@@ -34,6 +34,7 @@ enum class PicturePlace { mediaContent, mediaThumbnail, enclosure, inText, emoji
 struct WorldPicture {
     PicturePlace place = PicturePlace::mediaContent;
     std::string url;
+    std::optional<bool> missing = {};  ///< the server does not have it
 };
 
 /// A headline that replaces the earlier one when its time has come.

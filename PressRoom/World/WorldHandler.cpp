@@ -1,6 +1,7 @@
 #include "PressRoom/World/WorldHandler.h"
 
 #include "PressRoom/Archive/ArchiveRequestHandler.h"
+#include "PressRoom/Pictures/PictureRequestHandler.h"
 #include "PressRoom/World/PageRequestHandler.h"
 
 namespace pressroom {
@@ -12,6 +13,7 @@ WorldHandler::WorldHandler(World world, WorldClock clock, Misbehaviours misbehav
       handlers_(std::move(further)) {
     handlers_.push_back(std::make_unique<ArchiveRequestHandler>(world_, misbehaviours));
     handlers_.push_back(std::make_unique<FeedRequestHandler>(world_, misbehaviours));
+    handlers_.push_back(std::make_unique<PictureRequestHandler>(world_.sources()));
     handlers_.push_back(std::make_unique<PageRequestHandler>(world_));
 }
 
