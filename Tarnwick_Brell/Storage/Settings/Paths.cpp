@@ -23,8 +23,8 @@ std::filesystem::path baseDirectory(const char* variable, const char* belowHome)
 /// Whether the desk creates files or folders of this name.
 bool isOurs(const std::string& name) {
     return name.starts_with("library.") || name.starts_with("settings.ini") ||
-           name.starts_with("program.log") || name == "backups" || name == "demo" ||
-           name == "world-start";
+           name.starts_with("program.log") || name == "backups" || name == "pictures" ||
+           name == "demo" || name == "world-start";
 }
 
 void restrictFiles(const std::filesystem::path& folder) {
@@ -57,9 +57,11 @@ Paths Paths::forUser(const std::optional<std::filesystem::path>& dataDir) {
     const auto config = dataDir ? *dataDir : baseDirectory("XDG_CONFIG_HOME", ".config") / kFolder;
     const auto state =
         dataDir ? *dataDir : baseDirectory("XDG_STATE_HOME", ".local/state") / kFolder;
+    const auto cache = dataDir ? *dataDir : baseDirectory("XDG_CACHE_HOME", ".cache") / kFolder;
     return {.library = data / "library.sqlite",
             .settings = config / "settings.ini",
-            .log = state / "program.log"};
+            .log = state / "program.log",
+            .pictures = cache / "pictures"};
 }
 
 void Paths::createFolders() const {

@@ -10,6 +10,7 @@ struct Paths {
     std::filesystem::path library;   ///< the SQLite file
     std::filesystem::path settings;  ///< key-value, INI
     std::filesystem::path log;       ///< lines of text; its folder is created on writing
+    std::filesystem::path pictures;  ///< a folder that may be deleted, created on writing
 
     /// In the XDG base directories, or all in `dataDir` if given.
     static Paths forUser(const std::optional<std::filesystem::path>& dataDir);
