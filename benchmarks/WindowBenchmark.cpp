@@ -20,6 +20,7 @@
 #include "PressRoom/Server/ScriptedHandler.h"
 #include "PressRoom/Server/Server.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
+#include "Tarnwick_Brell/Pictures/PictureLoader.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
@@ -256,7 +257,8 @@ Steady::time_point runWindow(int& count, char** words, const std::filesystem::pa
     UndoStack undo;
     WindowModel model(windowStores(environment, undo, &currentInstant));
     model.open(QStringLiteral("wire:all"));
-    DeskWindow window(model);
+    PictureLoader pictures({.folder = folder / "pictures", .network = network});
+    DeskWindow window(model, pictures);
     Bench bench(application, environment.newsDesk(), model, window.window());
     window.show();
     QMetaObject::invokeMethod(qApp, [&] { environment.start(); }, Qt::QueuedConnection);

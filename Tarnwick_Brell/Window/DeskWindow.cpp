@@ -12,7 +12,9 @@
 #include <QVariantMap>
 
 #include "Tarnwick_Brell/Interface/Controls/InstallControls.h"
+#include "Tarnwick_Brell/Pictures/PictureLoader.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
+#include "Tarnwick_Brell/Window/PictureImages.h"
 
 // Written by the build. Naming them keeps the linker from leaving out the modules' types.
 extern void qml_register_types_TarnwickBrell_Models();
@@ -78,9 +80,10 @@ void openTarget(WindowModel& model, const NotificationTarget& target) {
     }
 }
 
-DeskWindow::DeskWindow(WindowModel& model) : model_(model) {
+DeskWindow::DeskWindow(WindowModel& model, PictureLoader& pictures) : model_(model) {
     nameModules();
     installControls(engine_);
+    installPictures(pictures);
     QQmlComponent main(&engine_, QUrl(QStringLiteral("qrc:/qt/qml/TarnwickBrell/Window/Main.qml")));
     if (main.isError())
         throw std::runtime_error("The window can't be made. " + main.errorString().toStdString());
@@ -123,6 +126,16 @@ bool DeskWindow::hasTextFocus() const {
     QInputMethodQueryEvent question(Qt::ImEnabled);
     QCoreApplication::sendEvent(focus, &question);
     return question.value(Qt::ImEnabled).toBool();
+}
+
+/// Before the views listen to the same signal: they ask for pictures at once.
+void DeskWindow::installPictures(PictureLoader& pictures) {
+    // The engine owns its image providers.
+    engine_.addImageProvider(QStringLiteral("picture"), new PictureImages(pictures));
+    auto& appearance = *model_.appearance();
+    pictures.setOn(appearance.showsPictures());
+    connect(&appearance, &Appearance::changed, this,
+            [&] { pictures.setOn(appearance.showsPictures()); });
 }
 
 /// Quitting closes all windows first, and would end there when one stays.

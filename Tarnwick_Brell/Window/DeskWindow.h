@@ -16,6 +16,7 @@
 namespace app {
 
 class AppEnvironment;
+class PictureLoader;
 
 /// The stores of an environment that the window shows. The environment must outlive it.
 DeskStores windowStores(AppEnvironment& environment, UndoStack& undo, kit::Clock clock);
@@ -27,8 +28,9 @@ void openTarget(WindowModel& model, const NotificationTarget& target);
 class DeskWindow : public QObject {
     Q_OBJECT
 public:
-    /// The model must outlive it. Throws std::runtime_error when the QML does not load.
-    explicit DeskWindow(WindowModel& model);
+    /// Both must outlive it. The loader is on while the model shows pictures. Throws
+    /// std::runtime_error when the QML does not load.
+    DeskWindow(WindowModel& model, PictureLoader& pictures);
     ~DeskWindow() override;
 
     QQuickWindow& window() { return *window_; }
@@ -45,6 +47,7 @@ public:
 private:
     bool mirrorsKey(QEvent& event);
     bool hasTextFocus() const;
+    void installPictures(PictureLoader& pictures);
 
     WindowModel& model_;
     QQmlEngine engine_;

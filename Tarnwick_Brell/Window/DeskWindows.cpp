@@ -40,7 +40,8 @@ QScreen* otherScreen(const QScreen* screen) {
 
 }  // namespace
 
-DeskWindows::DeskWindows(const DeskStores& stores) : stores_(stores) {
+DeskWindows::DeskWindows(const DeskStores& stores, PictureLoader& pictures)
+    : stores_(stores), pictures_(pictures) {
     auto& first = add(kFirst);
     first.model->open(first.model->state()->place());
 }
@@ -55,7 +56,7 @@ DeskWindows::Entry& DeskWindows::add(int number) {
     Entry entry{.number = number,
                 .model = std::make_unique<WindowModel>(stores_, number),
                 .window = nullptr};
-    entry.window = std::make_unique<DeskWindow>(*entry.model);
+    entry.window = std::make_unique<DeskWindow>(*entry.model, pictures_);
     auto& window = entry.window->window();
     connect(entry.model.get(), &WindowModel::linkWanted, this, &DeskWindows::linkWanted);
     connect(entry.model.get(), &WindowModel::restoreWanted, this, &DeskWindows::restoreWanted);

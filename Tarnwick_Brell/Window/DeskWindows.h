@@ -20,9 +20,9 @@ public:
     /// More would cost memory for nothing that screens can show.
     static constexpr int kMost = 8;
 
-    /// Makes the first window; nothing is shown yet. The stores must outlive it. Throws
-    /// std::runtime_error when the QML does not load.
-    explicit DeskWindows(const DeskStores& stores);
+    /// Makes the first window; nothing is shown yet. The stores and the loader must outlive it.
+    /// Throws std::runtime_error when the QML does not load.
+    DeskWindows(const DeskStores& stores, PictureLoader& pictures);
     ~DeskWindows() override;
 
     /// The window that the user was in last, unless it was closed.
@@ -64,6 +64,7 @@ private:
     void remember();
 
     DeskStores stores_;
+    PictureLoader& pictures_;
     std::vector<Entry> entries_;
     int front_ = 1;
     std::function<bool()> mayClose_;

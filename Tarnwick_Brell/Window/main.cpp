@@ -14,6 +14,7 @@
 #include "NewsroomKit/Log/Log.h"
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/Models/Window/ReaderPresence.h"
+#include "Tarnwick_Brell/Pictures/PictureLoader.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
@@ -61,11 +62,14 @@ void refuse(const std::exception& error, const Paths& paths, int& count, char** 
 /// Through the desktop's opener; never a shell.
 void openInBrowser(const QString& link) { QDesktopServices::openUrl(QUrl(link)); }
 
-int runWindow(AppEnvironment& environment, SingleInstance& instance, RestoreWish& wish) {
+int runWindow(AppEnvironment& environment, SingleInstance& instance, PictureLoader& pictures,
+              RestoreWish& wish) {
     instance.listen();
     UndoStack undo;
     const auto stores = windowStores(environment, undo, &currentInstant);
-    DeskWindows windows(stores);
+    DeskWindows windows(stores, pictures);
+    QObject::connect(&environment.newsDesk(), &NewsDesk::networkReturned, &windows,
+                     [&] { pictures.forgetFailures(); });
     QObject::connect(&windows, &DeskWindows::linkWanted, &openInBrowser);
     QObject::connect(&windows, &DeskWindows::restoreWanted, &windows, [&](const QString& backup) {
         wish.backup = backup.toStdString();
@@ -104,6 +108,7 @@ int start(int& count, char** words, const DeskOptions& options) {
     // The end of a session and Ctrl-C close the library as the window's own end does.
     const ShutdownSignals stop([] { QGuiApplication::quit(); });
     try {
+        PictureLoader pictures({.folder = launch.paths().pictures, .network = network});
         RestoreWish wish;
         while (true) {
             int status = 0;
@@ -112,7 +117,7 @@ int start(int& count, char** words, const DeskOptions& options) {
                                             .network = network,
                                             .clock = &currentInstant,
                                             .what = SingleInstance::kWhat});
-                status = runWindow(environment, instance, wish);
+                status = runWindow(environment, instance, pictures, wish);
             }
             if (!wish.backup) return status;
             fulfil(wish, launch.paths().library, currentInstant());

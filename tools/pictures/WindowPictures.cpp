@@ -25,6 +25,8 @@
 #include "Tarnwick_Brell/Models/Sheets/ImportOutlinesSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SettingsSheetModel.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
+#include "Tarnwick_Brell/Pictures/PictureID.h"
+#include "Tarnwick_Brell/Pictures/PictureLoader.h"
 #include "Tarnwick_Brell/Shell/AppEnvironment.h"
 #include "Tarnwick_Brell/Shell/DeskOptions.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
@@ -104,6 +106,15 @@ QString listOfFeeds() {
     return path;
 }
 
+void chooseStoryWithPicture(WindowModel& model, NewsDesk& news) {
+    for (std::size_t place = 0; place < news.stories().size(); ++place) {
+        const auto& story = news.stories()[place];
+        if (pictureID(story.imageURL()).isEmpty()) continue;
+        model.openStory(QString::fromStdString(std::string(story.id())));
+        return;
+    }
+}
+
 std::vector<View> viewsOf(NewsDesk& news) {
     return {
         {"today", [](WindowModel& model) { model.open(QStringLiteral("")); }},
@@ -119,6 +130,24 @@ std::vector<View> viewsOf(NewsDesk& news) {
              model.actions()->trigger(DeskAction::TraceStory);
              const auto* trace = model.selectedStory()->reader()->trace();
              waitUntil("the trace", [&] { return trace->state() != TraceModel::Running; });
+         }},
+        {"wire-pictures",
+         [&news](WindowModel& model) {
+             model.actions()->trigger(DeskAction::TogglePictures);
+             model.open(QStringLiteral("wire:all"));
+             chooseStoryWithPicture(model, news);
+             // The picture follows the size of the window after a pause.
+             runFor(500ms);
+         }},
+        {"today-pictures",
+         [](WindowModel& model) {
+             model.actions()->trigger(DeskAction::TogglePictures);
+             model.open(QStringLiteral(""));
+         }},
+        {"charts-pictures",
+         [](WindowModel& model) {
+             model.actions()->trigger(DeskAction::TogglePictures);
+             model.open(QStringLiteral("tracker:charts"));
          }},
         {"wire-list", [](WindowModel& model) { model.open(QStringLiteral("wire:unread")); }},
         {"clusters",
@@ -269,6 +298,8 @@ void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString&
                                                        QString::fromStdString(file)))
                     throw std::runtime_error("can't write " + file);
                 emit model.viewClosed();
+                if (model.appearance()->showsPictures())
+                    model.actions()->trigger(DeskAction::TogglePictures);
                 model.closeSheet();
                 model.board()->close();
                 if (model.clusters()->isShown()) model.setClustered(false);
@@ -300,6 +331,7 @@ int run(int& count, char** words, const DeskOptions& options, const Pictures& pi
         LocalStore store(launch.paths().library, Database::Access::readWrite);
         addPastMonths(store, currentInstant());
     }
+    PictureLoader loader({.folder = launch.paths().pictures, .network = network});
     AppEnvironment environment({.paths = launch.paths(),
                                 .network = std::move(network),
                                 .clock = &currentInstant,
@@ -308,7 +340,7 @@ int run(int& count, char** words, const DeskOptions& options, const Pictures& pi
     UndoStack undo;
     WindowModel model(windowStores(environment, undo, &currentInstant));
     model.open(QString());
-    DeskWindow window(model);
+    DeskWindow window(model, loader);
     window.show();
     environment.start();
     waitUntil("the library", [&] { return news.isLoaded(); });

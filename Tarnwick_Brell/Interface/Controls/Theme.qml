@@ -13,6 +13,7 @@ QtObject {
     /// The window is a display on the wall: no cards, nothing scrolls.
     property bool board: false
     property bool reducedMotion: false
+    property bool showsPictures: false
     /// Quiet text and lines are as clear as the rest.
     property bool highContrast: false
 
@@ -195,6 +196,11 @@ QtObject {
     readonly property int selectionBar: 3
     readonly property int thumbnailWidth: 72
     readonly property int thumbnailHeight: 48
+    /// In panels: two lines of a headline.
+    readonly property int smallThumbnailWidth: scaled(54)
+    readonly property int smallThumbnailHeight: 2 * panelLine
+    readonly property int smallThumbnailFrom: scaled(300)
+    readonly property int appIcon: 28
     readonly property int compactPaddingTop: 8
     readonly property int compactPaddingBottom: 9
     readonly property int tableRow: scaled(28)

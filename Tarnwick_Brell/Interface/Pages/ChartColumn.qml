@@ -103,6 +103,7 @@ FocusScope {
             required property string rank
             required property string name
             required property string developer
+            required property string artwork
             required property bool isApples
             required property list<real> curve
             required property string change
@@ -129,10 +130,21 @@ FocusScope {
                     color: chart.pale ? Theme.text2 : Theme.text1
                     Accessible.ignored: true
                 }
+                StoryPicture {
+                    id: icon
+                    anchors.left: rank.right
+                    anchors.leftMargin: Theme.space3
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: Theme.appIcon
+                    height: Theme.appIcon
+                    radius: Theme.radiusControl
+                    visible: Theme.showsPictures
+                    picture: visible ? app.artwork : ""
+                }
                 TwoLineText {
                     id: words
-                    anchors.left: rank.right
-                    anchors.leftMargin: Theme.space4
+                    anchors.left: icon.visible ? icon.right : rank.right
+                    anchors.leftMargin: icon.visible ? Theme.space3 : Theme.space4
                     width: curve.x - x - Theme.space3 - (seal.visible ? seal.width + Theme.badgeGap : 0)
                     anchors.verticalCenter: parent.verticalCenter
                     first: app.name

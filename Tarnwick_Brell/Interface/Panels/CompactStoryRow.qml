@@ -1,7 +1,7 @@
 import QtQuick
 import TarnwickBrell.Controls
 
-/// A story in a panel: outlet, sourcing and age above, the headline below.
+/// A story in a panel: outlet, sourcing and age above, the headline below, beside its picture.
 StoryPanelRow {
     id: row
 
@@ -12,15 +12,18 @@ StoryPanelRow {
     required property string sourcingLabel
     required property string age
     required property string title
+    required property string picture
     required property bool isRead
     required property bool isSaved
 
     topPadding: Theme.compactPaddingTop
     bottomPadding: Theme.compactPaddingBottom
-    contentItem: Column {
-        spacing: Theme.step2
+    contentItem: Item {
+        implicitHeight: meta.height + Theme.step2 + Math.max(headline.implicitHeight, thumbnail.visible ? thumbnail.height : 0)
 
         StoryMetaLine {
+            id: meta
+
             width: parent.width
             source: row.source
             destination: row.destination
@@ -32,9 +35,23 @@ StoryPanelRow {
             isSaved: row.isSaved
         }
         PanelTitle {
-            width: parent.width
+            id: headline
+
+            anchors.top: meta.bottom
+            anchors.topMargin: Theme.step2
+            width: parent.width - (thumbnail.visible ? thumbnail.width + Theme.space3 : 0)
             text: row.title
             isRead: row.isRead
+        }
+        StoryPicture {
+            id: thumbnail
+
+            anchors.top: headline.top
+            anchors.right: parent.right
+            width: Theme.smallThumbnailWidth
+            height: Theme.smallThumbnailHeight
+            visible: row.picture !== "" && Theme.showsPictures && row.width >= Theme.smallThumbnailFrom
+            picture: visible ? row.picture : ""
         }
     }
 }

@@ -68,6 +68,11 @@ Window {
         property: "reducedMotion"
         value: window.desk.appearance.reducedMotion
     }
+    Binding {
+        target: Theme
+        property: "showsPictures"
+        value: window.desk.appearance.showsPictures
+    }
 
     FocusScope {
         anchors.fill: parent

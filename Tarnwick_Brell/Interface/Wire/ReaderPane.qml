@@ -222,6 +222,20 @@ FocusScope {
                 width: Theme.line
                 height: Theme.space4
             }
+            StoryPicture {
+                id: picture
+
+                width: parent.width
+                height: Theme.readerPicture
+                visible: pane.reader.picture !== "" && Theme.showsPictures
+                picture: visible ? pane.reader.picture : ""
+                radius: Theme.radiusPanel
+            }
+            Item {
+                width: Theme.line
+                height: Theme.space4
+                visible: picture.visible
+            }
             DeskText {
                 width: parent.width
                 visible: text !== ""

@@ -19,6 +19,7 @@ T.ItemDelegate {
     required property string sourcingLabel
     required property string title
     required property string excerpt
+    required property string picture
     required property bool isRead
     required property bool isSaved
     required property string spokenText
@@ -31,7 +32,7 @@ T.ItemDelegate {
     signal opened
     signal menuWanted(x: real, y: real)
 
-    implicitHeight: text.implicitHeight + Theme.rowPaddingTop + Theme.rowPaddingBottom
+    implicitHeight: Math.max(text.y + text.implicitHeight, thumbnail.visible ? thumbnail.y + thumbnail.height : 0) + Theme.rowPaddingBottom
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     onClicked: chosen()
@@ -85,6 +86,8 @@ T.ItemDelegate {
 
         Column {
             id: text
+
+            readonly property real besidePicture: width - (thumbnail.visible ? thumbnail.width + Theme.space3 : 0)
 
             x: Theme.rowText
             y: Theme.rowPaddingTop
@@ -163,7 +166,7 @@ T.ItemDelegate {
                 height: Theme.step3
             }
             DeskText {
-                width: parent.width
+                width: text.besidePicture
                 type: row.isRead ? DeskText.Base : DeskText.BaseStrong
                 color: row.isRead ? Theme.text2 : Theme.text1
                 lines: 2
@@ -178,12 +181,23 @@ T.ItemDelegate {
                 id: excerptText
 
                 visible: row.excerpt !== ""
-                width: parent.width
+                width: text.besidePicture
                 type: DeskText.Secondary
                 color: row.isRead ? Theme.text3 : Theme.text2
                 lines: 2
                 text: row.excerpt
             }
+        }
+        StoryPicture {
+            id: thumbnail
+
+            // Below the line of names and badges.
+            x: parent.width - width - Theme.rowEnd
+            y: Theme.rowPaddingTop + Theme.badge + 2 * Theme.step3
+            width: Theme.thumbnailWidth
+            height: Theme.thumbnailHeight
+            visible: row.picture !== "" && Theme.showsPictures
+            picture: visible ? row.picture : ""
         }
     }
 }

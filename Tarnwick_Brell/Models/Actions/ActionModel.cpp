@@ -92,7 +92,8 @@ bool ActionModel::isDone(Action action) const {
            (action == DeskAction::ToggleRead && storyIsRead_) ||
            (action == DeskAction::EditNewsroom && isEditing_) ||
            (action == DeskAction::ToggleClusters && showsClusters_) ||
-           (action == DeskAction::ToggleSetAside && showsSetAside_);
+           (action == DeskAction::ToggleSetAside && showsSetAside_) ||
+           (action == DeskAction::TogglePictures && showsPictures_);
 }
 
 /// Undo and redo name the step.

@@ -81,6 +81,7 @@ class ActionModel : public QObject {
     Q_PROPERTY(bool isStoryList MEMBER isStoryList_ NOTIFY contextChanged)
     Q_PROPERTY(bool showsClusters MEMBER showsClusters_ NOTIFY contextChanged)
     Q_PROPERTY(bool showsSetAside MEMBER showsSetAside_ NOTIFY contextChanged)
+    Q_PROPERTY(bool showsPictures MEMBER showsPictures_ NOTIFY contextChanged)
     Q_PROPERTY(bool isRefreshing MEMBER isRefreshing_ NOTIFY contextChanged)
     Q_PROPERTY(bool hasNewsroom MEMBER hasNewsroom_ NOTIFY contextChanged)
     Q_PROPERTY(bool isEditing MEMBER isEditing_ NOTIFY contextChanged)
@@ -132,6 +133,7 @@ private:
     bool isStoryList_ = false;
     bool showsClusters_ = false;
     bool showsSetAside_ = false;
+    bool showsPictures_ = false;
     bool isRefreshing_ = false;
     bool hasNewsroom_ = false;
     bool isEditing_ = false;

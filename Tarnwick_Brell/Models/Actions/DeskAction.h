@@ -84,6 +84,7 @@ enum Value {
     ToggleClusters,  ///< stories or clusters
     ToggleSetAside,
     MoveReader,  ///< right, below, hidden, in turn
+    TogglePictures,
     UseSystemAppearance,
     UseLightAppearance,
     UseDarkAppearance

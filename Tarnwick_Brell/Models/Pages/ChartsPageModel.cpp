@@ -7,6 +7,7 @@
 #include <QLocale>
 
 #include "NewsroomKit/Panels/RowFilter.h"
+#include "Tarnwick_Brell/Pictures/PictureID.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -51,6 +52,7 @@ ChartAppRow appRow(const kit::ChartContent::Row& place, const std::vector<kit::C
                     .rank = number(entry.rank),
                     .name = titleText(entry.name, kLongestApp),
                     .developer = titleText(entry.developer, kLongestApp),
+                    .artwork = pictureID(entry.artwork.value_or(std::string())),
                     .isApples = place.isApples,
                     .curve = curveOf(kit::rankDays(days, entry.id, last, kRowDays), lowest),
                     .isNew = place.isNew};

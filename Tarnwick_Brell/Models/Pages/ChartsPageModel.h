@@ -18,6 +18,7 @@ struct ChartAppRow {
     Q_PROPERTY(QString rank MEMBER rank)
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(QString developer MEMBER developer)
+    Q_PROPERTY(QString artwork MEMBER artwork)
     Q_PROPERTY(bool isApples MEMBER isApples)
     Q_PROPERTY(QList<double> curve MEMBER curve)
     Q_PROPERTY(QString change MEMBER change)
@@ -30,6 +31,7 @@ public:
     QString rank{};
     QString name{};
     QString developer{};
+    QString artwork{};  ///< as StoryPicture has it
     bool isApples = false;
     QList<double> curve{};  ///< of 30 days, as RankCurve has it
     QString change{};       ///< "3" places, since the last day on which the chart was seen

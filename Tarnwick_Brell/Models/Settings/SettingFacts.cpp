@@ -124,6 +124,12 @@ std::vector<SettingRow> privacyFacts(const DeskStores& stores) {
              SettingFacts::tr("Requests for public files, without cookies or an account. "
                               "A story is looked up in the archive when you trace it. "
                               "The library does not count requests.")));
+    facts.push_back(
+        fact(SettingFacts::tr("Pictures"),
+             stores.defaults.isOn(SettingKey::kPictures)
+                 ? SettingFacts::tr("On: each is fetched from the server that its feed names, "
+                                    "when its story comes into view.")
+                 : SettingFacts::tr("Off: no server is asked for a picture.")));
     const auto now = stores.clock();
     for (const auto& [host, contact] : contactedHosts(stores))
         facts.push_back(fact(titleText(host), contactText(contact, now)));

@@ -9,6 +9,7 @@
 #include "NewsroomKit/Panels/StoryTimeline.h"
 #include "Tarnwick_Brell/Models/Stories/StoryCitation.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
+#include "Tarnwick_Brell/Pictures/PictureID.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
@@ -217,6 +218,10 @@ QString ReaderModel::kindReason() const {
 
 QString ReaderModel::text() const {
     return stored_ ? bodyText(story().summary, kReaderTextCharacters) : QString();
+}
+
+QString ReaderModel::picture() const {
+    return stored_ ? pictureID(story().imageURL.value_or(std::string())) : QString();
 }
 
 QString ReaderModel::link() const {

@@ -87,6 +87,7 @@ class ReaderModel : public QObject {
     Q_PROPERTY(QString kindLabel READ kindLabel NOTIFY storyChanged)
     Q_PROPERTY(QString kindReason READ kindReason NOTIFY storyChanged)
     Q_PROPERTY(QString text READ text NOTIFY storyChanged)
+    Q_PROPERTY(QString picture READ picture NOTIFY storyChanged)
     Q_PROPERTY(QString link READ link NOTIFY storyChanged)
     Q_PROPERTY(bool isRead READ isRead NOTIFY marksChanged)
     Q_PROPERTY(bool isSaved READ isSaved NOTIFY marksChanged)
@@ -119,6 +120,7 @@ public:
     QString kindLabel() const;
     QString kindReason() const;
     QString text() const;
+    QString picture() const;
     /// What opens in the browser; empty when the link leads nowhere that may be opened.
     QString link() const;
     /// The same for people and other programs, without a password that stands in it.

@@ -6,6 +6,7 @@
 
 #include "Tarnwick_Brell/Models/Stories/StoryLabels.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
+#include "Tarnwick_Brell/Pictures/PictureID.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -344,7 +345,7 @@ QVariant StoryListModel::data(const QModelIndex& index, int role) const {
         case SourcingLabel: return sourcingText(it->sourcing());
         case Title: return titleText(it->title(), kTitleCharacters);
         case Excerpt: return titleText(it->summary(), kExcerptCharacters);
-        case Picture: return plainText(it->imageURL());
+        case Picture: return pictureID(it->imageURL());
         case IsRead: return it->isRead();
         case IsSaved: return it->isSaved();
         case SpokenText: return spokenText(*it, clock_());

@@ -103,7 +103,8 @@ void Appearance::refresh() {
     Look look{.choice = static_cast<Choice>(place),
               .fontScale = fontScaleFor(fontPixels()),
               .highContrast = desktop_.asksForContrast || desktop_.isHighContrast,
-              .reducedMotion = !desktop_.isAnimated};
+              .reducedMotion = !desktop_.isAnimated,
+              .showsPictures = defaults_.isOn(SettingKey::kPictures)};
     look.isDark = look.choice == System ? desktop_.prefersDark.value_or(paletteIsDark())
                                         : look.choice == Dark;
     if (look == now_) return;

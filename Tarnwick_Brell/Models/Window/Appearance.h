@@ -11,9 +11,9 @@
 
 namespace app {
 
-/// How the window shall look: light or dark, larger or smaller text, with or without motion,
-/// by the user's setting and the desktop's. The desktop is asked without waiting; without its
-/// portal the application's palette decides.
+/// How the window shall look: light or dark, larger or smaller text, with or without motion
+/// and pictures, by the user's setting and the desktop's. The desktop is asked without waiting;
+/// without its portal the application's palette decides.
 class Appearance : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -23,6 +23,7 @@ class Appearance : public QObject {
     Q_PROPERTY(qreal fontScale READ fontScale NOTIFY changed)
     Q_PROPERTY(bool highContrast READ highContrast NOTIFY changed)
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY changed)
+    Q_PROPERTY(bool showsPictures READ showsPictures NOTIFY changed)
 
 public:
     /// In the order of the setting's choices.
@@ -38,6 +39,7 @@ public:
     qreal fontScale() const { return now_.fontScale; }
     bool highContrast() const { return now_.highContrast; }
     bool reducedMotion() const { return now_.reducedMotion; }
+    bool showsPictures() const { return now_.showsPictures; }
 
     /// The setting may have been changed by somebody else.
     Q_INVOKABLE void reload();
@@ -60,6 +62,7 @@ private:
         qreal fontScale = 1;
         bool highContrast = false;
         bool reducedMotion = false;
+        bool showsPictures = false;
 
         bool operator==(const Look&) const = default;
     };

@@ -1,8 +1,10 @@
 // The effects of the window's actions.
 #include <QCoreApplication>
 
+#include "Tarnwick_Brell/Models/Settings/SettingChange.h"
 #include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
+#include "Tarnwick_Brell/Storage/Settings/SettingKey.h"
 
 namespace app {
 
@@ -27,6 +29,7 @@ void WindowModel::connectActions() {
     connect(&storyList_, &StoryListController::filterChanged, this, &WindowModel::updateActions);
     connect(storyList_.list(), &StoryListModel::arrivalsChanged, this, &WindowModel::updateActions);
     connect(&refresh_, &RefreshStatus::changed, this, &WindowModel::updateActions);
+    connect(&appearance_, &Appearance::changed, this, &WindowModel::updateActions);
     connect(&editor_, &NewsroomEditor::changed, this, &WindowModel::updateActions);
     connect(&editor_, &NewsroomEditor::noticed, this, &WindowModel::noticed);
     connect(&newsroomActions_, &NewsroomActions::noticed, this, &WindowModel::noticed);
@@ -48,6 +51,7 @@ void WindowModel::updateActions() {
     actions_.setProperty("isStoryList", isList);
     actions_.setProperty("showsClusters", state_.isClustered(place_.key()));
     actions_.setProperty("showsSetAside", storyList_.showsSetAside());
+    actions_.setProperty("showsPictures", appearance_.showsPictures());
     actions_.setProperty("isRefreshing", refresh_.isRefreshing());
     actions_.setProperty("hasArrivals", isList && storyList_.list()->arrivals() > 0);
     actions_.setProperty("canUndo", stores_.undo.canUndo() || stores_.news.canUndo());
@@ -85,6 +89,13 @@ void WindowModel::goTo(const std::optional<Destination>& place) {
 void WindowModel::traceStory() {
     if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
     storyActions_.traceStory();
+}
+
+void WindowModel::togglePictures() {
+    const auto& key = *SettingKey::named(SettingKey::kPictures);
+    const auto problem =
+        changeSetting(stores_, key, appearance_.showsPictures() ? "false" : "true");
+    if (!problem.isEmpty()) emit noticed(problem);
 }
 
 void WindowModel::execute(Action action) {
@@ -171,6 +182,7 @@ void WindowModel::execute(Action action) {
             storyList_.setShowsSetAside(!storyList_.showsSetAside());
             break;
         case DeskAction::MoveReader: state_.moveReader(); break;
+        case DeskAction::TogglePictures: togglePictures(); break;
         case DeskAction::UseSystemAppearance: appearance_.setChoice(Appearance::System); break;
         case DeskAction::UseLightAppearance: appearance_.setChoice(Appearance::Light); break;
         case DeskAction::UseDarkAppearance: appearance_.setChoice(Appearance::Dark); break;

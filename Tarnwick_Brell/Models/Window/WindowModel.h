@@ -138,6 +138,7 @@ private:
     void execute(Action action);
     void goTo(const std::optional<Destination>& place);
     void traceStory();
+    void togglePictures();
     void undoLast();
     void step(int by);
     void importNewsroom(const std::string& file);

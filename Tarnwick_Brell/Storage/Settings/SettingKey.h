@@ -62,6 +62,7 @@ struct SettingKey {
     static constexpr std::string_view kFocusSymbol = "focusSymbol";
     static constexpr std::string_view kServiceAddress = "serviceAddress";
     static constexpr std::string_view kAppearance = "appearance";
+    static constexpr std::string_view kPictures = "pictures";
     static constexpr std::string_view kLogLevels = "logLevels";
 };
 

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QTest>
 
+#include "Tarnwick_Brell/Pictures/PictureLoader.h"
 #include "Tarnwick_Brell/Window/DeskWindows.h"
 #include "tests/support/EventLoop.h"
 #include "tests/support/models/TestStories.h"
@@ -21,12 +22,13 @@ protected:
         start();
     }
     void start() {
-        windows_ = std::make_unique<DeskWindows>(DeskStores{.news = *harness_.news,
-                                                            .trackers = *harness_.trackers,
-                                                            .newsrooms = *harness_.newsrooms,
-                                                            .defaults = harness_.defaults,
-                                                            .clock = harness_.desk.clock(),
-                                                            .undo = undo_});
+        const DeskStores stores{.news = *harness_.news,
+                                .trackers = *harness_.trackers,
+                                .newsrooms = *harness_.newsrooms,
+                                .defaults = harness_.defaults,
+                                .clock = harness_.desk.clock(),
+                                .undo = undo_};
+        windows_ = std::make_unique<DeskWindows>(stores, pictures_);
         windows_->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&windows_->window().window()));
     }
@@ -47,6 +49,7 @@ protected:
 
     TestStories harness_;
     UndoStack undo_;
+    PictureLoader pictures_{{}};
     std::unique_ptr<DeskWindows> windows_;
 };
 

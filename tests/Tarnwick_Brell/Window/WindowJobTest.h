@@ -7,6 +7,7 @@
 #include <QQuickItem>
 #include <QTest>
 
+#include "Tarnwick_Brell/Pictures/PictureLoader.h"
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "tests/support/EventLoop.h"
 #include "tests/support/models/TestStories.h"
@@ -29,7 +30,7 @@ protected:
         QObject::connect(model_.get(), &WindowModel::noticed,
                          [this](const QString& sentence) { noticed_ << sentence; });
         model_->open(model_->state()->place());
-        window_ = std::make_unique<DeskWindow>(*model_);
+        window_ = std::make_unique<DeskWindow>(*model_, pictures_);
         QObject::connect(qmlEngine(&window()), &QQmlEngine::warnings, [](const auto& warnings) {
             for (const auto& warning : warnings) ADD_FAILURE() << warning.toString().toStdString();
         });
@@ -103,6 +104,8 @@ protected:
     TestStories harness_;
     UndoStack undo_;
     std::unique_ptr<WindowModel> model_;
+    PictureLoader pictures_{
+        {.folder = harness_.desk.folder.path() / "pictures", .network = harness_.desk.network()}};
     std::unique_ptr<DeskWindow> window_;
     QStringList noticed_;  ///< the sentences that the window has shown in passing
 };
