@@ -103,6 +103,7 @@ public:
         weigh();
         pass("a pass, the list at its top");
         scroll();
+        pages();
         for (const char* typed : {"iphone", "outlet 7", "bradenfol", "the"}) type(typed);
         idle();
     }
@@ -160,6 +161,34 @@ private:
         pass("scrolling, with a pass");
         waitFor([&] { return animation.state() == QAbstractAnimation::Stopped; });
         list->setProperty("contentY", 0.0);
+    }
+
+    /// Goes to every place twice: its first frame must not wait, whatever the library holds.
+    void pages() {
+        application_.take();
+        double slowest = 0;
+        std::string slowestPlace;
+        for (int round = 0; round < 2; ++round) {
+            for (const auto& [place, title, symbol] : model_.sidebar()->destinations()) {
+                const auto begin = Steady::now();
+                const auto frame = frames_;
+                model_.open(place.key());
+                window_.update();
+                waitFor([&] { return frames_ > frame; });
+                const auto took = milliseconds(Steady::now() - begin);
+                if (place.kind != Destination::Kind::source && round == 1)
+                    line("  " + place.key().toStdString() + ", to its frame", took, "ms");
+                if (took > slowest) {
+                    slowest = took;
+                    slowestPlace = place.key().toStdString();
+                }
+                restFor(200ms);
+            }
+        }
+        line("slowest place (" + slowestPlace + ")", slowest, "ms", "300");
+        lines("going to every place", application_.take());
+        model_.open(QStringLiteral("wire:all"));
+        restFor(kRest);
     }
 
     /// Types a letter every 120 ms, like a fast typist.
