@@ -3,14 +3,10 @@
 #include <algorithm>
 #include <optional>
 
-#include <QDir>
-#include <QFile>
-#include <QSaveFile>
-#include <QStandardPaths>
-
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
+#include "Tarnwick_Brell/Models/Files/SavedFile.h"
 #include "Tarnwick_Brell/Models/Newsrooms/BoardNewsrooms.h"
 #include "Tarnwick_Brell/Models/Sidebar/Destination.h"
 #include "Tarnwick_Brell/Models/Undo/UndoStack.h"
@@ -36,19 +32,6 @@ std::optional<std::size_t> placeOf(const NewsroomRecords& records, const std::st
                                     [&](const auto& entry) { return entry.id == id; });
     if (found == entries.end()) return std::nullopt;
     return static_cast<std::size_t>(found - entries.begin());
-}
-
-/// A file of that name that does not exist yet.
-QString freePath(const QDir& folder, QString name) {
-    for (auto& letter : name)
-        if (letter == u'/' || letter == u'\\' || !letter.isPrint()) letter = u' ';
-    name = name.trimmed();
-    while (name.startsWith(u'.')) name.remove(0, 1);
-    if (name.isEmpty()) name = QStringLiteral("newsroom");
-    auto path = folder.filePath(name + QStringLiteral(".json"));
-    for (int number = 2; QFile::exists(path); ++number)
-        path = folder.filePath(QStringLiteral("%1 %2.json").arg(name).arg(number));
-    return path;
 }
 
 }  // namespace
@@ -150,17 +133,10 @@ void NewsroomActions::duplicate(const QString& key) {
 void NewsroomActions::exportFile(const QString& key) {
     const auto* entry = stores_.newsrooms.newsrooms().find(newsroomID(key));
     if (!entry) return;
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
-    QDir().mkpath(folder.path());
-    const auto path = freePath(folder, titleText(entry->name));
-    QSaveFile file(path);
     const auto bytes = exportedFile(*entry);
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) &&
-        file.write(bytes.data(), static_cast<qint64>(bytes.size())) == std::ssize(bytes) &&
-        file.commit();
-    emit noticed(isWritten ? tr("Exported to %1").arg(path)
-                           : tr("%1 can't be written: %2.").arg(path, file.errorString()));
+    const auto file = SavedFile::write(titleText(entry->name), QStringLiteral("json"), bytes);
+    emit noticed(file.isSaved() ? tr("Exported to %1").arg(file.path)
+                                : tr("%1 can't be written: %2.").arg(file.path, file.error));
 }
 
 void NewsroomActions::remove(const QString& key) { steps_.remove(newsroomID(key)); }

@@ -1,15 +1,12 @@
 #include "Tarnwick_Brell/Models/Pages/EventsPageModel.h"
 
 #include <QDateTime>
-#include <QDir>
-#include <QFileInfo>
 #include <QLocale>
 #include <QRegularExpression>
-#include <QSaveFile>
-#include <QStandardPaths>
 
 #include "NewsroomKit/Trackers/Events/CalendarFile.h"
 #include "Tarnwick_Brell/Desk/RefreshCadence.h"
+#include "Tarnwick_Brell/Models/Files/SavedFile.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/CalendarDays.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
@@ -39,14 +36,6 @@ QString fileNameOf(const kit::AppleCalendarEvent& event) {
     while (name.startsWith(u'-')) name.remove(0, 1);
     while (name.endsWith(u'-')) name.chop(1);
     return name.isEmpty() ? QStringLiteral("event") : name;
-}
-
-/// A file that is there stays.
-QString freePath(const QDir& folder, const QString& name) {
-    auto path = folder.filePath(name + QStringLiteral(".ics"));
-    for (int copy = 2; QFileInfo::exists(path); ++copy)
-        path = folder.filePath(QStringLiteral("%1-%2.ics").arg(name).arg(copy));
-    return path;
 }
 
 }  // namespace
@@ -212,14 +201,9 @@ void EventsPageModel::saveCalendar() {
     if (!event) return;
     const auto date = dateOf(event->event.starts).toString(QStringLiteral("yyyyMMdd"));
     const auto text = kit::calendarFile(event->event, date.toStdString(), now());
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
-    const auto path = freePath(folder, fileNameOf(event->event));
-    QSaveFile file(path);
-    const bool isSaved = folder.mkpath(QStringLiteral(".")) && file.open(QIODevice::WriteOnly) &&
-                         file.write(text.data(), std::ssize(text)) == std::ssize(text) &&
-                         file.commit();
-    emit noticed(isSaved ? tr("Saved as %1.").arg(QDir::toNativeSeparators(path))
-                         : tr("Can’t save %1: %2").arg(path, file.errorString()));
+    const auto file = SavedFile::write(fileNameOf(event->event), QStringLiteral("ics"), text);
+    emit noticed(file.isSaved() ? tr("Saved as %1.").arg(file.path)
+                                : tr("Can’t save %1: %2").arg(file.path, file.error));
 }
 
 bool EventsPageModel::offers(Action action) const {
