@@ -129,4 +129,12 @@ QString momentText(Instant then, Instant now, const Style& style) {
     return day + u' ' + clock;
 }
 
+QString wholeMomentText(Instant then, const Style& style) {
+    if (style.isPlain) return momentText(then, then, style);
+    const auto date = inZone(then, style.zone);
+    const auto day = style.locale.toString(date, QStringLiteral("d MMM yyyy"));
+    return QStringLiteral("%1, %2 %3")
+        .arg(day, clockText(then, style), date.timeZoneAbbreviation());
+}
+
 }  // namespace app

@@ -64,6 +64,7 @@ DeskWindows::Entry& DeskWindows::add(int number) {
         entry.model.get(), &WindowModel::fileWanted, this,
         [this, model = entry.model.get()](const FileWish& wish) { emit fileWanted(model, wish); });
     connect(entry.model.get(), &WindowModel::windowWanted, this, &DeskWindows::openAnother);
+    connect(entry.model.get(), &WindowModel::printWanted, this, &DeskWindows::printWanted);
     connect(&window, &QWindow::activeChanged, this, [this, number, &window] {
         if (window.isActive()) front_ = number;
     });

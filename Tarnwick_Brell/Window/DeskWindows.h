@@ -48,6 +48,8 @@ signals:
     void visibilityChanged();
     /// A sheet in that window asks for a file.
     void fileWanted(app::WindowModel* model, const app::FileWish& wish);
+    /// The story in the reader of the window in front is to be printed.
+    void printWanted();
 
 private:
     struct Entry {

@@ -24,6 +24,7 @@
 #include "Tarnwick_Brell/Window/RestoreWish.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
 #include "Tarnwick_Brell/Window/StartFailure.h"
+#include "Tarnwick_Brell/Window/StoryPrinter.h"
 #include "Tarnwick_Brell/Window/Translations.h"
 
 namespace {
@@ -37,7 +38,7 @@ void warn(const std::string& sentence) {
 
 std::unique_ptr<QGuiApplication> makeApplication(int& count, char** words) {
     QGuiApplication::setDesktopFileName(QStringLiteral("tarnwick-brell"));
-    // The tray's icon and its menu are widgets.
+    // The tray's icon with its menu, and the dialog for printing, are widgets.
     auto application = std::make_unique<QApplication>(count, words);
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnwick-brell.svg")));
     installTranslations();
@@ -88,6 +89,7 @@ int runWindow(AppEnvironment& environment, SingleInstance& instance, PictureLoad
     QObject::connect(
         qGuiApp, &QGuiApplication::applicationStateChanged, &presence,
         [&](Qt::ApplicationState state) { presence.setFocused(state == Qt::ApplicationActive); });
+    const StoryPrinter printer(windows);
     DeskPresence desktop(stores, windows, environment.notifier());
     windows.show();
     if (!wish.outcome.isEmpty()) emit windows.model().noticed(wish.outcome);

@@ -15,6 +15,7 @@ DOORS = {
     r"CLI/": ["Tarnwick_Brell/Arguments/Arguments.cpp"],
     r"boost/beast": ["PressRoom/Server"],
     r"openssl/": ["PressRoom/Server", "NewsroomKit/HTTP"],
+    r"Q(Application|Menu|SystemTrayIcon|Widget|Dialog|\w*Print\w*)$": ["Tarnwick_Brell/Window"],
     r"Q[A-Z]\w*$|Qt\w+/": ["Tarnwick_Brell", "tests", "benchmarks", "tools"],
 }
 

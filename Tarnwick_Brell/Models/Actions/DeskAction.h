@@ -18,6 +18,8 @@ enum Value {
     CopyCitation,
     TraceStory,
     FollowStory,
+    PrintStory,
+    SaveStoryPDF,
     // Go to
     NextStory,
     PreviousStory,

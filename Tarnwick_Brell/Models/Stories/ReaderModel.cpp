@@ -21,7 +21,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kReaderTitleCharacters = 1000;
 constexpr int kReaderTextCharacters = 4000;
 
 /// "The headline says “reportedly”." out of "Report: the headline says “reportedly”.": the
@@ -67,6 +66,7 @@ void ReaderModel::show(std::optional<std::int64_t> number) {
 }
 
 void ReaderModel::readStory() {
+    earlier_.clear();
     wordings_.setRows({});
     readCredits();
     readTimeline();
@@ -93,20 +93,13 @@ void ReaderModel::follow(const WireChange& change) {
     readStory();
 }
 
+TimeWriter ReaderModel::shortTimes() const {
+    return [now = clock_()](kit::Instant then) { return momentText(then, now); };
+}
+
 void ReaderModel::readCredits() {
-    std::vector<CreditRow> rows;
-    if (stored_) {
-        for (const auto& credit : story().credits) {
-            CreditRow row{.name = titleText(credit.name, 80)};
-            if (credit.url) row.link = openableLink(*credit.url);
-            if (credit.detail) row.detail = u'“' + titleText(*credit.detail, 60) + u'”';
-            if (credit.platform) row.detail = tr("post on %1").arg(titleText(*credit.platform, 30));
-            if (credit.postedAt)
-                row.detail += QStringLiteral(", ") + momentText(*credit.postedAt, clock_());
-            rows.push_back(std::move(row));
-        }
-    }
-    credits_.setRows(std::move(rows));
+    credits_.setRows(stored_ ? creditRows(story().credits, shortTimes())
+                             : std::vector<CreditRow>());
 }
 
 void ReaderModel::askForWordings() {
@@ -114,15 +107,10 @@ void ReaderModel::askForWordings() {
     const auto read = [this, number, queue = queue_](DeskWorker::WorkerContext& context) {
         auto wordings = context.store.stories().earlierWordings(number);
         if (wordings.empty()) return;
-        queue->send([this, number, wordings = std::move(wordings)] {
+        queue->send([this, number, wordings = std::move(wordings)]() mutable {
             if (this->number() != number) return;
-            std::vector<WordingRow> rows;
-            for (const auto& wording : wordings) {
-                rows.push_back(
-                    {.until = tr("Until %1").arg(momentText(wording.replacedAt, clock_())),
-                     .title = titleText(wording.title, kReaderTitleCharacters)});
-            }
-            wordings_.setRows(std::move(rows));
+            earlier_ = std::move(wordings);
+            wordings_.setRows(wordingRows(earlier_, shortTimes()));
         });
     };
     // Without them the story is still complete; that the library is in trouble is told elsewhere.
@@ -146,19 +134,8 @@ std::vector<kit::Story> ReaderModel::storiesOfTheSameNews() const {
 
 void ReaderModel::readTimeline() {
     const auto timeline = kit::storyTimeline(storiesOfTheSameNews());
-    std::vector<TimelineRow> rows;
-    for (const auto& [told, delay] : timeline.rows) {
-        const bool isFirst = rows.empty() && timeline.isFirstKnown;
-        rows.push_back({.storyID = plainText(told.storyID),
-                        .time = momentText(told.publishedAt, clock_()),
-                        .outlet = titleText(told.outlet, 60),
-                        .title = titleText(told.title, kTitleCharacters),
-                        .lead = isFirst ? tr("First")
-                                : delay ? delayText(*delay)
-                                        : QString(),
-                        .isFirst = isFirst,
-                        .isThis = told.storyID == story().id});
-    }
+    auto rows =
+        stored_ ? timelineRows(timeline, story().id, shortTimes()) : std::vector<TimelineRow>();
     const auto others = static_cast<int>(rows.size()) - 1;
     timelineTitle_ =
         others > 0 ? tr("Also covered by %n other outlets", nullptr, others) : QString();
@@ -172,7 +149,7 @@ void ReaderModel::readTimeline() {
 QString ReaderModel::storyID() const { return stored_ ? plainText(story().id) : QString(); }
 
 QString ReaderModel::title() const {
-    return stored_ ? titleText(story().title, kReaderTitleCharacters) : QString();
+    return stored_ ? titleText(story().title, kWholeTitleCharacters) : QString();
 }
 
 QString ReaderModel::source() const { return stored_ ? titleText(story().sourceName) : QString(); }
@@ -235,5 +212,27 @@ bool ReaderModel::isRead() const { return stored_ && desk_.isRead(story().id); }
 bool ReaderModel::isSaved() const { return stored_ && desk_.isSaved(story().id); }
 
 QString ReaderModel::citation() const { return stored_ ? citationOf(story()) : QString(); }
+
+StoryDocument ReaderModel::document() const {
+    const TimeWriter write = [](kit::Instant then) { return wholeMomentText(then); };
+    StoryDocument document{
+        .title = title(),
+        .source = source(),
+        .destination = destination(),
+        .author = author(),
+        .published = wholeMomentText(story().publishedAt),
+        .link = shownLink(),
+        .labels = {plainText(kit::sourcingReason(story()))},
+        .text = text(),
+        .wordings = wordingRows(earlier_, write),
+        .credits = creditRows(story().credits, write),
+        .timelineTitle = timelineTitle_,
+        .timelineFact = timelineFact_,
+        .timeline = timelineRows(kit::storyTimeline(storiesOfTheSameNews()), story().id, write),
+        .made = tr("Tarnwick Brell, %1").arg(wholeMomentText(clock_()))};
+    if (story().kind != kit::StoryKind::coverage)
+        document.labels << plainText(kit::kindReason(story()));
+    return document;
+}
 
 }  // namespace app

@@ -13,61 +13,12 @@
 #include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
+#include "Tarnwick_Brell/Models/Stories/StoryDetails.h"
+#include "Tarnwick_Brell/Models/Stories/StoryDocument.h"
 #include "Tarnwick_Brell/Models/Stories/StoryLabels.h"
 #include "Tarnwick_Brell/Models/Stories/TraceModel.h"
 
 namespace app {
-
-/// An outlet, account or document that the story credits.
-struct CreditRow {
-    Q_GADGET
-    Q_PROPERTY(QString name MEMBER name)
-    Q_PROPERTY(QString link MEMBER link)
-    Q_PROPERTY(QString detail MEMBER detail)
-
-public:
-    QString name{};
-    QString link{};  ///< empty when it can't be opened
-    QString detail{};
-
-    bool operator==(const CreditRow&) const = default;
-};
-
-/// A headline that the story had before.
-struct WordingRow {
-    Q_GADGET
-    Q_PROPERTY(QString until MEMBER until)
-    Q_PROPERTY(QString title MEMBER title)
-
-public:
-    QString until{};
-    QString title{};
-
-    bool operator==(const WordingRow&) const = default;
-};
-
-/// An outlet's first story of the news, in the order of publication.
-struct TimelineRow {
-    Q_GADGET
-    Q_PROPERTY(QString storyID MEMBER storyID)
-    Q_PROPERTY(QString time MEMBER time)
-    Q_PROPERTY(QString outlet MEMBER outlet)
-    Q_PROPERTY(QString title MEMBER title)
-    Q_PROPERTY(QString lead MEMBER lead)
-    Q_PROPERTY(bool isFirst MEMBER isFirst)
-    Q_PROPERTY(bool isThis MEMBER isThis)
-
-public:
-    QString storyID{};
-    QString time{};
-    QString outlet{};
-    QString title{};
-    QString lead{};
-    bool isFirst = false;  ///< as far as times say
-    bool isThis = false;   ///< the one in the reader
-
-    bool operator==(const TimelineRow&) const = default;
-};
 
 /// One story, whole: what the reader pane shows.
 class ReaderModel : public QObject {
@@ -137,6 +88,8 @@ public:
 
     /// “Headline”, Outlet, 16 May 2026, https://…
     QString citation() const;
+    /// The story on paper. There must be one.
+    StoryDocument document() const;
 
 signals:
     void storyChanged();
@@ -150,6 +103,7 @@ private:
     void readCredits();
     void askForWordings();
     std::vector<kit::Story> storiesOfTheSameNews() const;
+    TimeWriter shortTimes() const;
     void readTimeline();
     void follow(const WireChange& change);
 
@@ -157,6 +111,7 @@ private:
     kit::Clock clock_;
     std::optional<StoredStory> stored_;
     GadgetListModel<CreditRow> credits_;
+    std::vector<EarlierWording> earlier_;
     GadgetListModel<WordingRow> wordings_;
     GadgetListModel<TimelineRow> timeline_;
     QString timelineTitle_;

@@ -4,7 +4,9 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLocale>
 
+#include "Tarnwick_Brell/Models/Files/SavedFile.h"
 #include "Tarnwick_Brell/Models/Stories/MarkSteps.h"
 #include "Tarnwick_Brell/Models/Stories/StoryCitation.h"
 
@@ -73,6 +75,15 @@ void StoryActions::traceStory() {
         return;
     }
     reader_.trace()->ask(link);
+}
+
+void StoryActions::savePDF() {
+    if (!reader_.hasStory()) return;
+    const auto document = reader_.document();
+    const auto file = SavedFile::write(document.title, QStringLiteral("pdf"),
+                                       pdfOf(document, paperOf(QLocale())));
+    emit noticed(file.isSaved() ? tr("Saved as %1.").arg(file.path)
+                                : tr("%1 can't be written: %2.").arg(file.path, file.error));
 }
 
 std::vector<std::string> StoryActions::unreadIDs() const {

@@ -30,6 +30,8 @@ public:
     Q_INVOKABLE void copyLink();
     Q_INVOKABLE void copyCitation();
     Q_INVOKABLE void traceStory();
+    /// Writes it into the folder for downloads.
+    void savePDF();
     Q_INVOKABLE void markAllRead();
     /// The story for other programs, by kind of data: its address and a citation in Markdown.
     Q_INVOKABLE QVariantMap dragData(const QString& storyID) const;

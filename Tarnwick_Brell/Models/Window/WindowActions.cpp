@@ -109,6 +109,8 @@ void WindowModel::execute(Action action) {
         case DeskAction::FollowStory:
             showSheet(QStringLiteral("beat-from-story:") + selected_.reader()->storyID());
             break;
+        case DeskAction::PrintStory: emit printWanted(); break;
+        case DeskAction::SaveStoryPDF: storyActions_.savePDF(); break;
         case DeskAction::NextStory:
         case DeskAction::PreviousStory:
             if (page_) {

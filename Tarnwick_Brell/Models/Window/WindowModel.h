@@ -130,6 +130,8 @@ signals:
     void windowWanted(const QString& place);
     /// The library is to be replaced by this backup.
     void restoreWanted(const QString& backup);
+    /// The story in the reader is to be printed.
+    void printWanted();
 
 private:
     void connectPages();

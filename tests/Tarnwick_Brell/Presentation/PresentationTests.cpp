@@ -85,6 +85,8 @@ TEST_F(Presentation, DaysAreThoseOfTheZoneUnlessTheyHaveNoTime) {
     EXPECT_EQ(shortDayText(midnight, now_), "15 May");
     EXPECT_EQ(namedDayText(midnight, now_), "16 May") << "a day without a time";
     EXPECT_EQ(clockText(evening), "13:00");
+    EXPECT_EQ(wholeMomentText(evening), "16 May 2026, 13:00 PDT");
+    EXPECT_EQ(wholeMomentText(evening, plain_), "2026-05-16 20:00 UTC");
     EXPECT_EQ(clockText(evening, plain_), "20:00 UTC");
     EXPECT_EQ(clockText(evening, Style::plain()), "13:00 PDT") << "the user's zone, named";
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
