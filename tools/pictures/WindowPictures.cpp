@@ -246,6 +246,26 @@ std::vector<View> viewsOf(NewsDesk& news) {
              const auto* page = qobject_cast<ArchivePageModel*>(model.page());
              waitUntil("the archive", [&] { return !page->isAsking(); });
          }},
+        {"find",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("wire:all"));
+             model.actions()->trigger(DeskAction::FindInPage);
+             model.find()->setText(QStringLiteral("phone"));
+         }},
+        {"find-table",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("tracker:software"));
+             runFor(100ms);
+             model.actions()->trigger(DeskAction::FindInPage);
+             model.find()->setText(QStringLiteral("beta"));
+         }},
+        {"find-panels",
+         [](WindowModel& model) {
+             model.open(QStringLiteral(""));
+             runFor(100ms);
+             model.actions()->trigger(DeskAction::FindInPage);
+             model.find()->setText(QStringLiteral("phone"));
+         }},
         {"board",
          [](WindowModel& model) {
              model.open(QStringLiteral(""));
@@ -302,6 +322,7 @@ void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString&
                     model.actions()->trigger(DeskAction::TogglePictures);
                 model.closeSheet();
                 model.board()->close();
+                model.find()->close();
                 if (model.clusters()->isShown()) model.setClustered(false);
                 model.editor()->end();
             }

@@ -135,7 +135,7 @@ Window {
 
                 y: notice.y + notice.height
                 width: parent.width
-                height: parent.height - y
+                height: parent.height - y - findBar.height
                 visible: window.desk.view === WindowModel.Stories
                 focus: visible
                 stories: window.desk.storyList
@@ -155,7 +155,7 @@ Window {
 
                 y: wire.y
                 width: parent.width
-                height: parent.height - y
+                height: wire.height
                 visible: window.desk.view === WindowModel.Newsroom
                 focus: visible
                 newsroom: window.desk.newsroom
@@ -167,11 +167,31 @@ Window {
 
                 y: wire.y
                 width: parent.width
-                height: parent.height - y
+                height: wire.height
                 visible: window.desk.view === WindowModel.Page
                 focus: visible
                 page: window.desk.page
                 actions: window.desk.actions
+            }
+            FindMarks {
+                x: wire.x
+                y: wire.y
+                width: wire.width
+                height: wire.height
+                find: window.desk.find
+                page: wire.visible ? wire : panels.visible ? panels : pages
+                detail: wire.visible ? wire.readerPane : null
+                searchesPage: !wire.visible
+                ground: Theme.match
+            }
+            FindBar {
+                id: findBar
+
+                anchors.bottom: parent.bottom
+                width: parent.width
+                find: window.desk.find
+                actions: window.desk.actions
+                onClosed: window.focusPage()
             }
         }
     }
@@ -265,6 +285,9 @@ Window {
                 break;
             case DeskAction.Search:
                 toolbar.search();
+                break;
+            case DeskAction.FindInPage:
+                findBar.begin();
                 break;
             case DeskAction.NextStory:
                 pages.step(1);

@@ -15,6 +15,7 @@ FocusScope {
     property int readerPlace: WindowState.Right
     property int listWidth: Theme.wireWidth
     property int listHeight: Theme.wireLeast
+    readonly property Item readerPane: reader
 
     signal linkWanted(link: string)
     signal listResized(width: int)

@@ -12,6 +12,7 @@ bool isLaterSidebarItem(Action action) {
 
 bool isStep(Action action) {
     return action == DeskAction::NextStory || action == DeskAction::PreviousStory ||
+           action == DeskAction::FindNext || action == DeskAction::FindPrevious ||
            action == DeskAction::NextUnread || action == DeskAction::PreviousUnread;
 }
 

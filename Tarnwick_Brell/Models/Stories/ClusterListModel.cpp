@@ -188,11 +188,16 @@ void ClusterListModel::refresh() {
     if (!rows_.empty()) emit dataChanged(index(0), index(count() - 1));
 }
 
+std::optional<std::int64_t> ClusterListModel::numberAt(int row) const {
+    if (row < 0 || row >= count()) return std::nullopt;
+    return rows_[static_cast<std::size_t>(row)].number;
+}
+
 // What the user does.
 
 void ClusterListModel::choose(int row) {
-    if (row < 0 || row >= count()) return;
-    const auto place = desk_.stories().placeOf(rows_[static_cast<std::size_t>(row)].number);
+    const auto number = numberAt(row);
+    const auto place = number ? desk_.stories().placeOf(*number) : std::nullopt;
     if (!place) return;
     current_ = row;
     selected_.open(plainText(desk_.stories()[*place].id()));

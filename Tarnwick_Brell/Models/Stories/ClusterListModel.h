@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <unordered_map>
@@ -59,6 +60,8 @@ public:
     /// The user wants clusters here, and no search is under way: what it finds are stories.
     bool isShown() const { return isWanted_ && !stories_.isSearching(); }
     void setWanted(bool wanted);
+    /// The story of the row: of a cluster the first one.
+    std::optional<std::int64_t> numberAt(int row) const;
 
     /// Selects the story of the row: of a cluster the first one.
     Q_INVOKABLE void choose(int row);

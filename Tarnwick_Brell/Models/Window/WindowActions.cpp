@@ -119,6 +119,12 @@ void WindowModel::execute(Action action) {
                 step(action == DeskAction::NextStory ? 1 : -1);
             }
             break;
+        case DeskAction::FindInPage:
+            find_.open();
+            emit viewActionWanted(action);
+            break;
+        case DeskAction::FindNext: findNext(1); break;
+        case DeskAction::FindPrevious: findNext(-1); break;
         case DeskAction::EditNewsroom: editor_.isEditing() ? editor_.end() : editor_.begin(); break;
         case DeskAction::AddPanel:
             editor_.begin();

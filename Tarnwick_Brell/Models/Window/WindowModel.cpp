@@ -54,6 +54,7 @@ WindowModel::WindowModel(const DeskStores& stores, int number)
     sidebar_.setClosedGroups(state_.collapsedGroups());
     connectPages();
     connectActions();
+    connectFind();
 }
 
 WindowModel::~WindowModel() = default;

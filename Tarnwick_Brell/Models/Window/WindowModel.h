@@ -28,6 +28,7 @@
 #include "Tarnwick_Brell/Models/Stories/StoryActions.h"
 #include "Tarnwick_Brell/Models/Stories/StoryListController.h"
 #include "Tarnwick_Brell/Models/Window/Appearance.h"
+#include "Tarnwick_Brell/Models/Window/FindInPage.h"
 #include "Tarnwick_Brell/Models/Window/ReadingPlace.h"
 #include "Tarnwick_Brell/Models/Window/RefreshStatus.h"
 #include "Tarnwick_Brell/Models/Undo/UndoStack.h"
@@ -58,6 +59,7 @@ class WindowModel : public QObject {
     Q_PROPERTY(app::Appearance* appearance READ appearance CONSTANT)
     Q_PROPERTY(app::WindowState* state READ state CONSTANT)
     Q_PROPERTY(app::UndoStack* undo READ undo CONSTANT)
+    Q_PROPERTY(app::FindInPage* find READ find CONSTANT)
     Q_PROPERTY(app::PageModel* page READ page NOTIFY placeChanged)
     Q_PROPERTY(app::SheetModel* sheet READ sheet NOTIFY sheetChanged)
     Q_PROPERTY(View view READ view NOTIFY placeChanged)
@@ -89,6 +91,7 @@ public:
     Appearance* appearance() { return &appearance_; }
     WindowState* state() { return &state_; }
     UndoStack* undo() { return &stores_.undo; }
+    FindInPage* find() { return &find_; }
     /// Null unless the window is at a page.
     PageModel* page() { return page_.get(); }
     /// Null unless a sheet is open.
@@ -136,6 +139,7 @@ signals:
 private:
     void connectPages();
     void connectActions();
+    void connectFind();
     void updateActions();
     void execute(Action action);
     void goTo(const std::optional<Destination>& place);
@@ -143,6 +147,9 @@ private:
     void togglePictures();
     void undoLast();
     void step(int by);
+    void findNext(int by);
+    bool mentions(const kit::TermFinder& finder, int row);
+    FindPart storyPart();
     void importNewsroom(const std::string& file);
     std::vector<PalettePlace> palettePlaces() const;
     bool exists(const Destination& place) const;
@@ -172,6 +179,7 @@ private:
     Appearance appearance_;
     WindowState state_;
     ReadingPlace readingPlace_;
+    FindInPage find_;
     Destination place_;
     bool hasOpened_ = false;
 };

@@ -24,6 +24,24 @@ protected:
         type("gw");
         ASSERT_TRUE(until([&] { return model_->storyList()->list()->count() == 9; }));
     }
+
+    void openFind() {
+        press(Qt::Key_G, Qt::ControlModifier);
+        ASSERT_TRUE(until([&] { return isTyping(); }));
+    }
+    static QQuickItem* listBelow(QQuickItem* item, const QString& name) {
+        if (!item->isVisible()) return nullptr;
+        if (item->inherits("QQuickListView") && nameOf(item) == name) return item;
+        for (auto* child : item->childItems()) {
+            if (auto* found = listBelow(child, name)) return found;
+        }
+        return nullptr;
+    }
+    QQuickItem* list(const QString& name) { return listBelow(window().contentItem(), name); }
+    static QString spokenRow(const QQuickItem& list) {
+        auto* row = list.property("currentItem").value<QQuickItem*>();
+        return row ? nameOf(row) : QString();
+    }
 };
 
 TEST_F(ReadingJobTest, TheStoryInTheReaderIsPrintedAndSavedAsPDFWithKeys) {
@@ -47,6 +65,64 @@ TEST_F(ReadingJobTest, TheStoryInTheReaderIsPrintedAndSavedAsPDFWithKeys) {
     EXPECT_EQ(noticed_.back(), "Saved as " + home.filePath("Downloads/Orchard news 9 2.pdf."));
     qputenv("HOME", before);
     if (!settings.isEmpty()) qputenv("XDG_CONFIG_HOME", settings);
+}
+
+TEST_F(ReadingJobTest, WordsAreFoundInTheListWithoutFilteringIt) {
+    auto& find = *model_->find();
+    const auto row = [&] { return model_->selectedStory()->row(); };
+    type("jj");
+    openFind();
+    type("chard n");
+    EXPECT_EQ(find.summary(), "No matches") << "the headlines have a slash there";
+    find.setText("ÓRCHARD");
+    EXPECT_EQ(find.summary(), "2 of 3") << "the first from the chosen row on";
+    EXPECT_EQ(row(), 3);
+    EXPECT_EQ(model_->storyList()->list()->count(), 9);
+
+    const struct {
+        int key;
+        Qt::KeyboardModifiers modifiers;
+        const char* summary;
+        int row;
+    } steps[] = {{Qt::Key_Return, {}, "3 of 3", 6},
+                 {Qt::Key_F3, {}, "1 of 3", 0},
+                 {Qt::Key_F3, Qt::ShiftModifier, "3 of 3", 6},
+                 {Qt::Key_Return, Qt::ShiftModifier, "2 of 3", 3}};
+    for (const auto& step : steps) {
+        press(step.key, step.modifiers);
+        EXPECT_EQ(find.summary(), step.summary);
+        EXPECT_EQ(row(), step.row);
+    }
+    harness_.come({harness_.story("tide", 700, "Orchard: the tenth")});
+    model_->storyList()->showArrivals();
+    EXPECT_TRUE(until([&] { return find.summary() == "3 of 4"; })) << find.summary().toStdString();
+    EXPECT_EQ(row(), 4) << "the choice stays";
+
+    press(Qt::Key_Escape);
+    EXPECT_EQ(named("Find in page"), nullptr);
+    press(Qt::Key_Down);
+    EXPECT_EQ(row(), 5) << "the list has the focus again";
+    press(Qt::Key_F3);
+    EXPECT_EQ(find.summary(), "4 of 4") << "opened again with the last words";
+}
+
+TEST_F(ReadingJobTest, WordsAreFoundInTablesAndPanels) {
+    auto& find = *model_->find();
+    type("gf");
+    ASSERT_TRUE(until([&] { return list("Sources") != nullptr; }));
+    openFind();
+    find.setText("six col");
+    ASSERT_TRUE(find.hasMatches()) << find.summary().toStdString();
+    EXPECT_TRUE(spokenRow(*list("Sources")).startsWith("Six Colors"));
+    press(Qt::Key_Escape);
+
+    type("gt");
+    ASSERT_TRUE(until([&] { return list("Stories") != nullptr; }));
+    list("Stories")->setProperty("currentIndex", 0);
+    openFind();
+    find.setText("orchard/NEWS 3");
+    EXPECT_TRUE(find.hasMatches());
+    EXPECT_TRUE(spokenRow(*list("Stories")).contains("Orchard/news 3"));
 }
 
 }  // namespace
