@@ -11,6 +11,8 @@ ListView {
     /// `header` that is bound to its file.
     property Item head: null
     property Item foot: null
+    /// Enter and the menu open the row.
+    property bool opens: true
     readonly property int shownRows: Math.max(1, Math.floor(height / Theme.tableRow) - 1)
 
     signal opened(row: int)

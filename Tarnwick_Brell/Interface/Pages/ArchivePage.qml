@@ -150,6 +150,7 @@ PageBody {
 
             delegate: ArchiveStoryLine {
                 width: list.width
+                content: page.content
                 listFocused: list.activeFocus
                 isCurrent: ListView.isCurrentItem
                 onChosen: {

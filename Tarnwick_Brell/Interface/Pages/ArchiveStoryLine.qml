@@ -1,5 +1,6 @@
 import QtQuick
 import TarnwickBrell.Controls
+import TarnwickBrell.Models
 
 /// A story of the archive; the bookmark marks one that the library has.
 TableRow {
@@ -10,8 +11,25 @@ TableRow {
     required property string source
     required property string title
     required property bool isInLibrary
+    required property string storyID
+    required property string link
+    required property ArchivePageModel content
 
     implicitHeight: words.implicitHeight + Theme.compactPaddingTop + Theme.compactPaddingBottom
+
+    Drag.active: dragging.active
+    Drag.dragType: Drag.Automatic
+    Drag.supportedActions: Qt.CopyAction
+    Drag.mimeData: dragging.active ? content.dragData(storyID || link) : ({})
+
+    // Upwards and downwards the list scrolls.
+    DragHandler {
+        id: dragging
+
+        target: null
+        yAxis.enabled: false
+        acceptedDevices: PointerDevice.Mouse
+    }
 
     contentItem: Item {
         Column {

@@ -7,6 +7,7 @@ import TarnwickBrell.Controls
 TableList {
     id: list
 
+    opens: false
     property bool pale: false
 
     delegate: Column {

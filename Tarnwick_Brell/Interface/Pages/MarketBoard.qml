@@ -18,6 +18,7 @@ FocusScope {
     TableList {
         id: rows
 
+        opens: false
         width: parent.width
         height: note.y - Theme.space3
         label: qsTr("Shares")

@@ -69,6 +69,7 @@ FocusScope {
     TableList {
         id: rows
 
+        opens: false
         anchors.fill: parent
         anchors.topMargin: header.height
         label: qsTr("Updates that Apple offers")

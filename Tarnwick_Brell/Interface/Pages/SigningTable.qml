@@ -55,6 +55,7 @@ FocusScope {
     TableList {
         id: rows
 
+        opens: false
         anchors.fill: parent
         anchors.topMargin: header.height
         label: qsTr("Firmware that is signed")

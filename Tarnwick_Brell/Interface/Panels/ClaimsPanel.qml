@@ -11,11 +11,13 @@ StoryPanelList {
     required property QueryPanelModel content
 
     name: qsTr("Claims")
+    origin: content
     model: content.rows
     onOpened: index => content.open(index)
     delegate: StoryPanelRow {
         id: row
 
+        required storyID
         required property string outlet
         required property string age
         required property string title

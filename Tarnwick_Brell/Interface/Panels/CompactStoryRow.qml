@@ -5,6 +5,7 @@ import TarnwickBrell.Controls
 StoryPanelRow {
     id: row
 
+    required storyID
     required property string source
     required property string destination
     required property string kindLabel

@@ -11,11 +11,13 @@ StoryPanelList {
     required property QueryPanelModel content
 
     name: qsTr("Scoops")
+    origin: content
     model: content.rows
     onOpened: index => content.open(index)
     delegate: StoryPanelRow {
         id: row
 
+        required storyID
         required property string title
         required property bool isRead
         required property string outlet

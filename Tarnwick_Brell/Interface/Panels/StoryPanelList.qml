@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 import TarnwickBrell.Controls
+import TarnwickBrell.Models
 
 /// The list of a panel: one tab stop, navigated by arrow keys, opened by Enter.
 ListView {
@@ -9,6 +10,9 @@ ListView {
     signal opened(index: int)
 
     required property string name
+    /// Gives the stories of rows that are dragged out.
+    property PanelModel origin: null
+    readonly property bool opens: true
 
     anchors.fill: parent
     activeFocusOnTab: true

@@ -9,6 +9,8 @@ T.AbstractButton {
     required property int index
     required property string spokenText
     property bool opens: true
+    /// Empty where the row is not a story that can be dragged out.
+    property string storyID
     property bool parted: true
     readonly property StoryPanelList list: ListView.view as StoryPanelList
 
@@ -36,9 +38,23 @@ T.AbstractButton {
             border.color: Theme.accent
         }
     }
+    Drag.active: dragging.active
+    Drag.dragType: Drag.Automatic
+    Drag.supportedActions: Qt.CopyAction
+    Drag.mimeData: dragging.active ? list?.origin?.dragData(storyID) ?? ({}) : ({})
     Accessible.role: Accessible.ListItem
     Accessible.name: spokenText
     Accessible.onPressAction: open()
+
+    // Upwards and downwards the list scrolls.
+    DragHandler {
+        id: dragging
+
+        enabled: row.storyID !== ""
+        target: null
+        yAxis.enabled: false
+        acceptedDevices: PointerDevice.Mouse
+    }
 
     function open() {
         if (opens)

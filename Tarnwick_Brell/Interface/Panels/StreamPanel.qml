@@ -9,6 +9,7 @@ StoryPanelList {
     required property StreamPanelModel content
 
     name: qsTr("Stories")
+    origin: content
     model: content.stories
     onOpened: index => content.open(index)
     delegate: CompactStoryRow {}

@@ -7,6 +7,7 @@ import TarnwickBrell.Pages
 import TarnwickBrell.Palette
 import TarnwickBrell.Sheets
 import TarnwickBrell.Sidebar
+import TarnwickBrell.Window
 import TarnwickBrell.Wire
 
 /// The window: places at the left, the page beside them.
@@ -184,6 +185,22 @@ Window {
                 searchesPage: !wire.visible
                 ground: Theme.match
             }
+            RowMenuArea {
+                id: rowArea
+
+                x: wire.x
+                y: wire.y
+                width: wire.width
+                height: wire.height
+                visible: !wire.visible && !window.desk.editor.isEditing
+                page: panels.visible ? panels : pages
+                onMenuWanted: (x, y, facts) => rowMenu.openFor(rowArea, x, y, facts)
+            }
+            RowContextMenu {
+                id: rowMenu
+
+                rowMenu: window.desk.rowMenu
+            }
             FindBar {
                 id: findBar
 
@@ -303,8 +320,8 @@ Window {
                     sidebar.openMenu();
                 else if (wire.visible)
                     wire.openMenu();
-                else if (pages.visible)
-                    pages.openMenu();
+                else if (rowArea.visible)
+                    rowArea.askAtFocus();
                 break;
             case DeskAction.ShowPalette:
                 palette.show();
@@ -333,6 +350,13 @@ Window {
                 window.visibility = before;
                 window.focusPage();
             }
+        }
+    }
+    Connections {
+        target: window.desk.rowMenu
+
+        function onOpenWanted() {
+            rowArea.openRow();
         }
     }
     Connections {

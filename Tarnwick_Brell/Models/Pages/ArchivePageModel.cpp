@@ -8,6 +8,7 @@
 
 #include "NewsroomKit/Stories/CanonicalLink.h"
 #include "NewsroomKit/Stories/StoryIdentity.h"
+#include "Tarnwick_Brell/Models/Stories/StoryCitation.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
@@ -238,6 +239,15 @@ void ArchivePageModel::openRow(int row) {
     } else if (!found->link.isEmpty()) {
         openLink(found->link);
     }
+}
+
+QVariantMap ArchivePageModel::dragData(const QString& story) const {
+    const auto found = std::ranges::find(stories_, story.toStdString(), &kit::ArchivedStory::url);
+    if (found == stories_.end()) return PanelModel::dragData(story);
+    return dragDataOf({.link = found->url,
+                       .title = found->title,
+                       .publishedAt = found->publishedAt,
+                       .sourceName = found->sourceName});
 }
 
 }  // namespace app

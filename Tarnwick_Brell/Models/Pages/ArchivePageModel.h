@@ -22,6 +22,8 @@ struct ArchiveStoryRow {
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(bool isInLibrary MEMBER isInLibrary)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
+    Q_PROPERTY(QString storyID MEMBER storyID)
+    Q_PROPERTY(QString link MEMBER link)
 
 public:
     QString time{};
@@ -29,7 +31,7 @@ public:
     QString title{};
     bool isInLibrary = false;
     QString spokenText{};
-    QString storyID{};
+    QString storyID{};  ///< empty for one that the library does not have
     QString link{};
 
     bool operator==(const ArchiveStoryRow&) const = default;
@@ -116,6 +118,8 @@ public:
     /// The next stories of a long period.
     Q_INVOKABLE void loadMore();
 
+    /// Also by the link of a story that the library does not have.
+    QVariantMap dragData(const QString& story) const override;
     void retry() override;
 
 protected:

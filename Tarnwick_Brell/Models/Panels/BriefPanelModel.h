@@ -10,6 +10,7 @@ namespace app {
 
 struct BriefRow {
     Q_GADGET
+    Q_PROPERTY(QString storyID MEMBER storyID)
     Q_PROPERTY(QString sentence MEMBER sentence)
     Q_PROPERTY(QString sources MEMBER sources)
     Q_PROPERTY(QString spokenText MEMBER spokenText)

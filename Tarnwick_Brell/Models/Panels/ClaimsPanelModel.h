@@ -11,6 +11,7 @@ namespace app {
 
 struct ClaimRow {
     Q_GADGET
+    Q_PROPERTY(QString storyID MEMBER storyID)
     Q_PROPERTY(QString outlet MEMBER outlet)
     Q_PROPERTY(QString age MEMBER age)
     Q_PROPERTY(QString title MEMBER title)

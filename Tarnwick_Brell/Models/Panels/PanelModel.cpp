@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "Tarnwick_Brell/Models/Rows/ViewFile.h"
+#include "Tarnwick_Brell/Models/Stories/StoryCitation.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -27,6 +28,11 @@ PanelModel::PanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
     : stores_(stores), isList_(kindRow(panel.kind).isList) {}
 
 PanelModel::PanelModel(const PanelStores& stores) : stores_(stores) {}
+
+QVariantMap PanelModel::dragData(const QString& storyID) const {
+    const auto* packed = news().stories().find(storyID.toStdString());
+    return packed ? dragDataOf(packed->unpacked().story) : QVariantMap();
+}
 
 QString PanelModel::file() const { return viewFile(*this); }
 

@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QVariantMap>
 #include <qqmlregistration.h>
 
 #include "NewsroomKit/Records/Instant.h"
@@ -76,6 +77,9 @@ public:
 
     Q_INVOKABLE void openStory(const QString& storyID) { emit storyWanted(storyID); }
     Q_INVOKABLE void openLink(const QString& link) { emit linkWanted(link); }
+    /// The story of a row for other programs, by kind of data; empty for one that the desk does not
+    /// have.
+    Q_INVOKABLE virtual QVariantMap dragData(const QString& storyID) const;
 
 signals:
     void changed();

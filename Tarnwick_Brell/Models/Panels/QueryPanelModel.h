@@ -16,7 +16,7 @@
 namespace app {
 
 /// A panel whose rows are made from the recent stories that its query wants.
-class QueryPanelModel : public PanelModel {
+class QueryPanelModel : public app::PanelModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Newsrooms make their panels' contents.")

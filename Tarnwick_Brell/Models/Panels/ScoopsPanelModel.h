@@ -10,6 +10,7 @@ namespace app {
 
 struct ScoopRow {
     Q_GADGET
+    Q_PROPERTY(QString storyID MEMBER storyID)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(bool isRead MEMBER isRead)
     Q_PROPERTY(QString outlet MEMBER outlet)

@@ -6,7 +6,7 @@
 namespace app {
 
 /// Matching stories, newest first, live: the stream, and Apple's own posts.
-class StreamPanelModel final : public PanelModel {
+class StreamPanelModel final : public app::PanelModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Newsrooms make their panels' contents.")

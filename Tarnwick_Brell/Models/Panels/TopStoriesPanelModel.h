@@ -11,6 +11,7 @@ namespace app {
 
 struct TopStoryRow {
     Q_GADGET
+    Q_PROPERTY(QString storyID MEMBER storyID)
     Q_PROPERTY(QString outletCount MEMBER outletCount)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(bool isRead MEMBER isRead)

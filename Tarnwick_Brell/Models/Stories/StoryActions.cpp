@@ -25,21 +25,40 @@ StoryActions::StoryActions(NewsDesk& desk, UndoStack& undo, StoryListModel& list
 }
 
 void StoryActions::openInBrowser() {
-    if (!reader_.hasStory()) return;
-    const auto link = reader_.link();
+    if (reader_.hasStory()) openInBrowser(selected_.id(), reader_.link());
+}
+
+void StoryActions::openInBrowser(const std::string& id, const QString& link) {
     if (link.isEmpty()) {
         emit noticed(tr("This story has no address that a browser can open."));
         return;
     }
-    selected_.markRead();
+    id == selected_.id() ? selected_.markRead() : desk_.setRead({id}, true);
     emit linkWanted(link);
 }
 
+void StoryActions::perform(app::DeskAction::Value action, const QString& storyID) {
+    const auto id = storyID.toStdString();
+    const auto* packed = desk_.stories().find(id);
+    if (!packed) return;
+    const auto story = packed->unpacked().story;
+    switch (action) {
+        case DeskAction::OpenInBrowser: openInBrowser(id, browserLink(story)); break;
+        case DeskAction::ToggleSaved: toggleSaved(id); break;
+        case DeskAction::CopyLink: copyLink(app::shownLink(story)); break;
+        case DeskAction::CopyCitation: copyCitation(citationOf(story)); break;
+        default: break;
+    }
+}
+
 void StoryActions::toggleSaved() {
-    if (!reader_.hasStory()) return;
-    const bool before = reader_.isSaved();
-    desk_.setSaved({selected_.id()}, !before);
-    undo_.push(savedStep(desk_, selected_.id(), !before));
+    if (reader_.hasStory()) toggleSaved(selected_.id());
+}
+
+void StoryActions::toggleSaved(const std::string& id) {
+    const bool before = desk_.isSaved(id);
+    desk_.setSaved({id}, !before);
+    undo_.push(savedStep(desk_, id, !before));
 }
 
 void StoryActions::toggleRead() {
@@ -51,18 +70,24 @@ void StoryActions::toggleRead() {
 }
 
 void StoryActions::copyLink() {
-    if (!reader_.hasStory()) return;
-    if (reader_.link().isEmpty()) {
+    if (reader_.hasStory()) copyLink(reader_.shownLink());
+}
+
+void StoryActions::copyLink(const QString& link) {
+    if (link.isEmpty()) {
         emit noticed(tr("This story has no address to copy."));
         return;
     }
-    QGuiApplication::clipboard()->setText(reader_.shownLink());
+    QGuiApplication::clipboard()->setText(link);
     emit noticed(tr("Link copied."));
 }
 
 void StoryActions::copyCitation() {
-    if (!reader_.hasStory()) return;
-    QGuiApplication::clipboard()->setText(reader_.citation());
+    if (reader_.hasStory()) copyCitation(reader_.citation());
+}
+
+void StoryActions::copyCitation(const QString& citation) {
+    QGuiApplication::clipboard()->setText(citation);
     emit noticed(tr("Citation copied."));
 }
 
@@ -108,11 +133,7 @@ void StoryActions::markAllRead() {
 QVariantMap StoryActions::dragData(const QString& storyID) const {
     const auto* packed = desk_.stories().find(storyID.toStdString());
     if (!packed) return {};
-    const auto story = packed->unpacked().story;
-    QVariantMap data{{QStringLiteral("text/plain"), markdownCitationOf(story)}};
-    if (const auto link = shownLink(story); !link.isEmpty())
-        data.insert(QStringLiteral("text/uri-list"), link);
-    return data;
+    return dragDataOf(packed->unpacked().story);
 }
 
 }  // namespace app

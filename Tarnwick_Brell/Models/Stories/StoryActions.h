@@ -8,6 +8,7 @@
 #include <QVariantMap>
 #include <qqmlregistration.h>
 
+#include "Tarnwick_Brell/Models/Actions/DeskAction.h"
 #include "Tarnwick_Brell/Models/Stories/SelectedStory.h"
 #include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 
@@ -30,6 +31,8 @@ public:
     Q_INVOKABLE void copyLink();
     Q_INVOKABLE void copyCitation();
     Q_INVOKABLE void traceStory();
+    /// Opens, saves or copies a story that another list names.
+    void perform(app::DeskAction::Value action, const QString& storyID);
     /// Writes it into the folder for downloads.
     void savePDF();
     Q_INVOKABLE void markAllRead();
@@ -41,6 +44,10 @@ signals:
     void linkWanted(const QString& link);
 
 private:
+    void openInBrowser(const std::string& id, const QString& link);
+    void toggleSaved(const std::string& id);
+    void copyLink(const QString& link);
+    void copyCitation(const QString& citation);
     std::vector<std::string> unreadIDs() const;
 
     NewsDesk& desk_;

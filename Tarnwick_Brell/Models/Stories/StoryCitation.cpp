@@ -63,4 +63,11 @@ QString markdownCitationOf(const kit::Story& story) {
              markdownText(titleText(kit::outletOf(story))), citedDate(story));
 }
 
+QVariantMap dragDataOf(const kit::Story& story) {
+    QVariantMap data{{QStringLiteral("text/plain"), markdownCitationOf(story)}};
+    if (const auto link = shownLink(story); !link.isEmpty())
+        data.insert(QStringLiteral("text/uri-list"), link);
+    return data;
+}
+
 }  // namespace app

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QVariantMap>
 
 #include "NewsroomKit/Stories/Story.h"
 
@@ -16,5 +17,8 @@ QString shownLink(const kit::Story& story);
 QString citationOf(const kit::Story& story);
 /// The same in Markdown: “[Headline](https://…)”, Outlet, 16 May 2026
 QString markdownCitationOf(const kit::Story& story);
+
+/// What a story that is dragged out gives, by kind of data: its address, its citation in Markdown.
+QVariantMap dragDataOf(const kit::Story& story);
 
 }  // namespace app

@@ -46,7 +46,8 @@ WindowModel::WindowModel(const DeskStores& stores, int number)
           actions_, [this] { return palettePlaces(); }, stores.news, stores.clock),
       appearance_(stores.defaults),
       state_(stores.defaults, number),
-      readingPlace_(stores.news, storyList_, selected_, state_) {
+      readingPlace_(stores.news, storyList_, selected_, state_),
+      rowMenu_(stores.news, storyActions_, actions_) {
     if (state_.place().isEmpty()) {
         for (const auto& group : SidebarModel::groupsClosedAtFirst())
             state_.setCollapsed(group, true);
@@ -77,6 +78,10 @@ void WindowModel::connectPages() {
             &WindowModel::newsroomsChanged);
     connect(&sidebar_, &SidebarModel::groupToggled, &state_, &WindowState::setCollapsed);
     connect(&storyActions_, &StoryActions::noticed, this, &WindowModel::noticed);
+    connect(&rowMenu_, &RowMenu::noticed, this, &WindowModel::noticed);
+    connect(&rowMenu_, &RowMenu::linkWanted, this, [this](const QString& link) {
+        if (kit::isOpenable(link.toStdString())) emit linkWanted(link);
+    });
     connect(&refresh_, &RefreshStatus::failed, this, &WindowModel::noticed);
     connect(&appearance_, &Appearance::failed, this, &WindowModel::noticed);
     connect(&state_, &WindowState::failed, this, &WindowModel::noticed);

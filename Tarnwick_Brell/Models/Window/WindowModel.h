@@ -31,6 +31,7 @@
 #include "Tarnwick_Brell/Models/Window/FindInPage.h"
 #include "Tarnwick_Brell/Models/Window/ReadingPlace.h"
 #include "Tarnwick_Brell/Models/Window/RefreshStatus.h"
+#include "Tarnwick_Brell/Models/Window/RowMenu.h"
 #include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 #include "Tarnwick_Brell/Models/Window/WindowState.h"
 
@@ -60,6 +61,7 @@ class WindowModel : public QObject {
     Q_PROPERTY(app::WindowState* state READ state CONSTANT)
     Q_PROPERTY(app::UndoStack* undo READ undo CONSTANT)
     Q_PROPERTY(app::FindInPage* find READ find CONSTANT)
+    Q_PROPERTY(app::RowMenu* rowMenu READ rowMenu CONSTANT)
     Q_PROPERTY(app::PageModel* page READ page NOTIFY placeChanged)
     Q_PROPERTY(app::SheetModel* sheet READ sheet NOTIFY sheetChanged)
     Q_PROPERTY(View view READ view NOTIFY placeChanged)
@@ -92,6 +94,7 @@ public:
     WindowState* state() { return &state_; }
     UndoStack* undo() { return &stores_.undo; }
     FindInPage* find() { return &find_; }
+    RowMenu* rowMenu() { return &rowMenu_; }
     /// Null unless the window is at a page.
     PageModel* page() { return page_.get(); }
     /// Null unless a sheet is open.
@@ -180,6 +183,7 @@ private:
     WindowState state_;
     ReadingPlace readingPlace_;
     FindInPage find_;
+    RowMenu rowMenu_;
     Destination place_;
     bool hasOpened_ = false;
 };

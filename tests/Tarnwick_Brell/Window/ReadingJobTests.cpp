@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QDir>
+#include <QGuiApplication>
 #include <QTemporaryDir>
 
 #include "tests/Tarnwick_Brell/Window/WindowJobTest.h"
@@ -123,6 +125,20 @@ TEST_F(ReadingJobTest, WordsAreFoundInTablesAndPanels) {
     find.setText("orchard/NEWS 3");
     EXPECT_TRUE(find.hasMatches());
     EXPECT_TRUE(spokenRow(*list("Stories")).contains("Orchard/news 3"));
+}
+
+TEST_F(ReadingJobTest, ARowOfAPanelHasAMenuWithTheButtonAndWithAKey) {
+    type("gt");
+    ASSERT_TRUE(until([&] { return list("Stories") != nullptr; }));
+    list("Stories")->forceActiveFocus();
+    press(Qt::Key_F10, Qt::ShiftModifier);
+    click("Copy the story's link");
+    EXPECT_EQ(noticed_.back(), "Link copied.");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "https://tide.example/270");
+    ASSERT_TRUE(until([&] { return named("Copy the story's link") == nullptr; }));
+    click("Unread, Harbour news 8, tide, 8 h", Qt::RightButton);
+    click("Save story");
+    EXPECT_TRUE(harness_.news->isSaved(harness_.idOf("Harbour news 8")));
 }
 
 }  // namespace
