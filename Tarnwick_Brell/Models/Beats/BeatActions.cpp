@@ -18,7 +18,7 @@ const BeatRecords::Entry* beatOf(const DeskStores& stores, const QString& key) {
     return stores.newsrooms.beats().find(place->id.toStdString());
 }
 
-std::ptrdiff_t placeOf(const DeskStores& stores, const BeatRecords::Entry& entry) {
+std::ptrdiff_t beatPlaceOf(const DeskStores& stores, const BeatRecords::Entry& entry) {
     return &entry - stores.newsrooms.beats().entries().data();
 }
 
@@ -35,7 +35,7 @@ void BeatActions::edit(const QString& key) {
 
 void BeatActions::moveBy(const QString& key, int steps) {
     if (const auto* entry = beatOf(stores_, key)) {
-        const auto wanted = std::max<std::ptrdiff_t>(0, placeOf(stores_, *entry) + steps);
+        const auto wanted = std::max<std::ptrdiff_t>(0, beatPlaceOf(stores_, *entry) + steps);
         moveBeat(stores_, entry->id, static_cast<std::size_t>(wanted));
     }
 }
@@ -44,7 +44,7 @@ void BeatActions::moveOnto(const QString& key, const QString& other) {
     const auto* moved = beatOf(stores_, key);
     const auto* target = beatOf(stores_, other);
     if (moved && target)
-        moveBeat(stores_, moved->id, static_cast<std::size_t>(placeOf(stores_, *target)));
+        moveBeat(stores_, moved->id, static_cast<std::size_t>(beatPlaceOf(stores_, *target)));
 }
 
 void BeatActions::remove(const QString& key) {

@@ -22,7 +22,7 @@ void putUnlessGone(NewsroomStore& newsrooms, const std::vector<kit::NewsroomSpec
         if (newsrooms.newsrooms().find(spec.id.text())) newsrooms.put(spec);
 }
 
-std::size_t placeOf(const NewsroomRecords& records, const std::string& id) {
+std::size_t positionOf(const NewsroomRecords& records, const std::string& id) {
     const auto& entries = records.entries();
     const auto found = std::find_if(entries.begin(), entries.end(),
                                     [&](const auto& entry) { return entry.id == id; });
@@ -75,7 +75,7 @@ void NewsroomSteps::move(const std::string& id, std::size_t place) {
     auto& newsrooms = newsrooms_;
     const auto* entry = newsrooms.newsrooms().find(id);
     if (!entry) return;
-    const auto before = placeOf(newsrooms.newsrooms(), id);
+    const auto before = positionOf(newsrooms.newsrooms(), id);
     place = std::min(place, newsrooms.newsrooms().entries().size() - 1);
     if (place == before) return;
     const auto text = NewsroomStepText::tr("Move newsroom %1").arg(titleText(entry->name));

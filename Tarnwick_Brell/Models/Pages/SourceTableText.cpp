@@ -102,7 +102,7 @@ int cellKind(TrySpan::Kind kind) {
 }
 
 /// "18 Nov 14:00 to 16:00: 24 fetches, 2 failed, 5 new stories"
-QString spanText(const TrySpan& span, kit::Instant now) {
+QString trySpanText(const TrySpan& span, kit::Instant now) {
     const auto time = SourceTableWords::tr("%1 to %2")
                           .arg(momentText(span.from, now), clockText(span.from + kTrySpan));
     if (span.tries == 0) return SourceTableWords::tr("%1: not fetched").arg(time);
@@ -167,7 +167,7 @@ SourceDetail sourceDetail(const SourceLine& line, const TryHistory& history, kit
     addIntervals(detail, line);
     for (const auto& span : history.spans) {
         detail.spans << cellKind(span.kind);
-        detail.spanTexts << spanText(span, now);
+        detail.spanTexts << trySpanText(span, now);
     }
     detail.triesText = history.tries == 0 ? SourceTableWords::tr("Not fetched")
                                           : SourceTableWords::tr("%1 of %n fetches failed", nullptr,

@@ -30,14 +30,14 @@ constexpr const char* kStyle =
     "a { color: #0b4f9e; }";
 
 /// A parenthesis would end the address in the PDF, where Qt writes it as it is.
-QString addressOf(QString link) {
+QString linkAddress(QString link) {
     link.replace(u'(', QStringLiteral("%28")).replace(u')', QStringLiteral("%29"));
     return link.replace(u'\\', QStringLiteral("%5C")).toHtmlEscaped();
 }
 
 QString linked(const QString& link, const QString& text) {
     if (link.isEmpty()) return text.toHtmlEscaped();
-    return QStringLiteral("<a href=\"%1\">%2</a>").arg(addressOf(link), text.toHtmlEscaped());
+    return QStringLiteral("<a href=\"%1\">%2</a>").arg(linkAddress(link), text.toHtmlEscaped());
 }
 
 QString paragraph(const QString& html, bool isQuiet = false) {

@@ -41,7 +41,7 @@ DroppedThing fileOf(const QString& path) {
         Drop::tr("“%1” is neither a list of feeds (OPML) nor a newsroom's file.").arg(name));
 }
 
-DroppedThing addressOf(const QString& address) {
+DroppedThing droppedAddress(const QString& address) {
     if (kit::isOpenable(address.toStdString()))
         return {.kind = DropKind::address, .subject = address};
     return refusal(
@@ -53,12 +53,12 @@ DroppedThing addressOf(const QString& address) {
 
 DroppedThing DroppedThing::of(const QList<QUrl>& urls, const QString& text) {
     if (urls.size() > 1) return refusal(Drop::tr("Drop one thing at a time."));
-    if (urls.isEmpty()) return addressOf(text.trimmed());
+    if (urls.isEmpty()) return droppedAddress(text.trimmed());
     const auto& url = urls.front();
     if (url.isLocalFile()) return fileOf(url.toLocalFile());
     auto address = url;
     if (url.scheme() == u"feed") address.setScheme(QStringLiteral("https"));
-    return addressOf(address.toString(QUrl::FullyEncoded));
+    return droppedAddress(address.toString(QUrl::FullyEncoded));
 }
 
 }  // namespace app
