@@ -60,7 +60,7 @@ Canvas::Distance roundedBox(Point middle, Size size, double radius) {
     };
 }
 
-Canvas::Ink plain(Colour colour) {
+Canvas::Ink inked(Colour colour) {
     return [colour](Point) { return colour; };
 }
 
@@ -115,7 +115,7 @@ Canvas::Ink wallpaper(Dice& dice, Point middle, Size size) {
 }
 
 void drawScreen(Canvas& canvas, Dice& dice, Point middle, Size size, double radius, double frame) {
-    canvas.fill(roundedBox(middle, size, radius), plain({0.12, 0.13, 0.15}));
+    canvas.fill(roundedBox(middle, size, radius), inked({0.12, 0.13, 0.15}));
     const Size screen{size.width - 2 * frame, size.height - 2 * frame};
     canvas.fill(roundedBox(middle, screen, std::max(radius - frame, 3.0)),
                 wallpaper(dice, middle, screen));
@@ -127,13 +127,13 @@ void drawPhones(Canvas& canvas, Dice& dice) {
 
 void drawLaptop(Canvas& canvas, Dice& dice) {
     drawScreen(canvas, dice, {320, 158}, {392, 250}, 14, 11);
-    canvas.fill(roundedBox({320, 292}, {470, 18}, 7), plain({0.82, 0.83, 0.86}));
-    canvas.fill(roundedBox({320, 286}, {74, 8}, 4), plain({0.66, 0.67, 0.71}));
+    canvas.fill(roundedBox({320, 292}, {470, 18}, 7), inked({0.82, 0.83, 0.86}));
+    canvas.fill(roundedBox({320, 286}, {74, 8}, 4), inked({0.66, 0.67, 0.71}));
 }
 
 void drawDisplay(Canvas& canvas, Dice& dice) {
-    canvas.fill(roundedBox({320, 282}, {58, 70}, 4), plain({0.74, 0.75, 0.78}));
-    canvas.fill(roundedBox({320, 316}, {150, 12}, 6), plain({0.82, 0.83, 0.86}));
+    canvas.fill(roundedBox({320, 282}, {58, 70}, 4), inked({0.74, 0.75, 0.78}));
+    canvas.fill(roundedBox({320, 316}, {150, 12}, 6), inked({0.82, 0.83, 0.86}));
     drawScreen(canvas, dice, {320, 152}, {320, 224}, 18, 10);
 }
 
@@ -168,9 +168,9 @@ Bitmap drawnIcon(std::string_view name) {
     const auto outline = roundedBox({50, 50}, {size, size * (0.6 + 0.4 * dice.next())},
                                     shape < 0.5 ? size * 0.3 : 6);
     if (dice.next() < 0.5) {
-        canvas.fill(outline, plain({1, 1, 1}));
+        canvas.fill(outline, inked({1, 1, 1}));
     } else {
-        canvas.fill([&](Point at) { return std::abs(outline(at)) - 5; }, plain({1, 1, 1}));
+        canvas.fill([&](Point at) { return std::abs(outline(at)) - 5; }, inked({1, 1, 1}));
     }
     return canvas.take();
 }

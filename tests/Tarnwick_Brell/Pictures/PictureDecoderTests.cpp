@@ -13,8 +13,10 @@ using test::pictureFile;
 constexpr QSize kPlace(40, 20);
 
 TEST(PictureDecoder, APictureFillsItsPlaceAndHasRoundCorners) {
-    for (const char* format : {"PNG", "JPEG"}) {
-        const auto image = decodePicture(pictureFile(300, 200, format), {kPlace, 0.1});
+    for (const char* format : {"PNG", "JPEG", "WEBP"}) {
+        const auto file = pictureFile(300, 200, format);
+        if (file.empty()) continue;  // Qt lacks the plugin
+        const auto image = decodePicture(file, {kPlace, 0.1});
         ASSERT_EQ(image.size(), kPlace) << format;
         EXPECT_GT(image.pixelColor(20, 10).red(), 250) << format;
         EXPECT_GT(image.pixelColor(0, 10).alpha(), 250) << format;
