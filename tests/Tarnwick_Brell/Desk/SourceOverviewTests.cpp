@@ -78,10 +78,10 @@ TEST(TryHistory, FailuresInARowAreOneEntryAndASpanTellsItsMostNotableFetch) {
                                                          {before(30), before(30), 1, "404."},
                                                          {before(50), before(40), 2, "503."}}));
     ASSERT_EQ(history.spans.size(), 84u);
-    using Kind = TrySpan::Kind;
-    EXPECT_EQ(history.spans[83], (TrySpan{before(120), Kind::failed, 5, 4, 0}));
-    EXPECT_EQ(history.spans[82].kind, Kind::none);
-    EXPECT_EQ(history.spans[81], (TrySpan{before(360), Kind::news, 2, 0, 2}));
+    using Tried = TrySpan::Kind;
+    EXPECT_EQ(history.spans[83], (TrySpan{before(120), Tried::failed, 5, 4, 0}));
+    EXPECT_EQ(history.spans[82].kind, Tried::none);
+    EXPECT_EQ(history.spans[81], (TrySpan{before(360), Tried::news, 2, 0, 2}));
 }
 
 }  // namespace

@@ -9,19 +9,19 @@ namespace app {
 namespace {
 
 TEST(DroppedThings, AreToldByWhatTheyAreAndRefusedWithTheReason) {
-    using Kind = DroppedThing::Kind;
+    using Thing = DroppedThing::Kind;
     struct Case {
         const char* name;
         const char* content;
-        Kind kind;
+        Thing kind;
         const char* reason;
     };
     const Case cases[] = {
-        {"feeds.xml", "<?xml version=\"1.0\"?>\n<OPML version=\"2.0\"/>", Kind::outlines, ""},
-        {"room.json", "\xEF\xBB\xBF{\"name\": 1}", Kind::newsroom, ""},
-        {"news.opml", "<rss version=\"2.0\"/>", Kind::refused,
+        {"feeds.xml", "<?xml version=\"1.0\"?>\n<OPML version=\"2.0\"/>", Thing::outlines, ""},
+        {"room.json", "\xEF\xBB\xBF{\"name\": 1}", Thing::newsroom, ""},
+        {"news.opml", "<rss version=\"2.0\"/>", Thing::refused,
          "“news.opml” is a feed's file. Drop the feed's address."},
-        {"photo.png", "\x89PNG", Kind::refused,
+        {"photo.png", "\x89PNG", Thing::refused,
          "“photo.png” is neither a list of feeds (OPML) nor a newsroom's file."},
     };
     ::test::TemporaryFolder folder;
