@@ -72,7 +72,7 @@ std::string calendarFile(const AppleCalendarEvent& event, const std::string& day
     add(isWholeDay(event) ? "DTSTART;VALUE=DATE:" + day : "DTSTART:" + utcText(event.starts));
     add("SUMMARY:" + escaped(event.title));
     if (!event.window.empty()) add("DESCRIPTION:" + escaped(event.window));
-    const bool isAddress = event.source.starts_with("https://") && escaped(event.source).size();
+    const bool isAddress = event.source.starts_with("https://");
     // An address is a value of its own type: its commas and semicolons stay.
     if (isAddress && event.source.find_first_of("\r\n") == std::string::npos)
         add("URL:" + event.source);

@@ -42,7 +42,11 @@ protected:
     QQuickItem* list(const QString& name) { return listBelow(window().contentItem(), name); }
     static QString spokenRow(const QQuickItem& list) {
         auto* row = list.property("currentItem").value<QQuickItem*>();
-        return row ? nameOf(row) : QString();
+        if (!row || !nameOf(row).isEmpty()) return row ? nameOf(row) : QString();
+        // A row that opens in place is within an item that stands for both.
+        for (auto* part : row->childItems())
+            if (!nameOf(part).isEmpty()) return nameOf(part);
+        return {};
     }
 };
 
