@@ -128,14 +128,13 @@ bool DeskWindow::hasTextFocus() const {
     return question.value(Qt::ImEnabled).toBool();
 }
 
-/// Before the views listen to the same signal: they ask for pictures at once.
 void DeskWindow::installPictures(PictureLoader& pictures) {
     // The engine owns its image providers.
     engine_.addImageProvider(QStringLiteral("picture"), new PictureImages(pictures));
     auto& appearance = *model_.appearance();
     pictures.setOn(appearance.showsPictures());
-    connect(&appearance, &Appearance::changed, this,
-            [&] { pictures.setOn(appearance.showsPictures()); });
+    connect(&appearance, &Appearance::picturesSwitched, this,
+            [&pictures](bool on) { pictures.setOn(on); });
 }
 
 /// Quitting closes all windows first, and would end there when one stays.

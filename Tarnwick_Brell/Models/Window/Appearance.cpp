@@ -108,6 +108,7 @@ void Appearance::refresh() {
     look.isDark = look.choice == System ? desktop_.prefersDark.value_or(paletteIsDark())
                                         : look.choice == Dark;
     if (look == now_) return;
+    if (look.showsPictures != now_.showsPictures) emit picturesSwitched(look.showsPictures);
     now_ = look;
     emit changed();
 }

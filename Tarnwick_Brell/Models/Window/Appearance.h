@@ -47,6 +47,9 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
+    /// Before `changed`: bindings of QML hear of a signal before all others, and ask for pictures
+    /// at once.
+    void picturesSwitched(bool on);
     void changed();
     /// The setting can't be kept; a sentence for the user.
     void failed(const QString& sentence);
