@@ -18,8 +18,6 @@ T.ItemDelegate {
 
     signal chosen
     signal opened
-    /// The right button was clicked there.
-    signal menuWanted(at: point)
 
     implicitHeight: Theme.tableRow
     hoverEnabled: true
@@ -30,11 +28,6 @@ T.ItemDelegate {
     Accessible.name: spokenText
     Accessible.selected: isCurrent
     Accessible.onPressAction: chosen()
-
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: eventPoint => row.menuWanted(eventPoint.position)
-    }
 
     background: Rectangle {
         color: row.isCurrent ? (row.listFocused ? Theme.selected : Theme.selectedIdle)

@@ -8,13 +8,6 @@ FocusScope {
     /// j and k: the next and the previous row.
     function step(by: int) {
     }
-    /// What can be done with the selected row is to be shown, at that point of the item.
-    signal menuWanted(item: Item, at: point)
-
-    /// Shift+F10: the same, at the selected row.
-    function openMenu() {
-        menuWanted(this, Qt.point(0, 0));
-    }
     /// F6: to the pane, and back to the list.
     function switchPane() {
     }

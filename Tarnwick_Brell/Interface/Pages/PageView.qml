@@ -8,7 +8,6 @@ FocusScope {
     id: view
 
     required property PageModel page
-    required property ActionModel actions
 
     readonly property bool hasContent: page !== null && (page.state === PanelModel.Ready || page.state === PanelModel.Stale)
     readonly property bool hasFailed: page !== null && (page.state === PanelModel.Stale || page.state === PanelModel.Failed)
@@ -18,9 +17,6 @@ FocusScope {
     }
     function switchPane() {
         (body.item as PageBody)?.switchPane();
-    }
-    function openMenu() {
-        (body.item as PageBody)?.openMenu();
     }
 
     onPageChanged: {
@@ -53,19 +49,6 @@ FocusScope {
         // Not simply true: what was not visible does not get the active focus back when it is.
         focus: visible
         visible: view.hasContent
-    }
-    PageMenu {
-        id: menu
-
-        actions: view.actions
-    }
-    Connections {
-        target: body.item as PageBody
-
-        function onMenuWanted(item: Item, at: point) {
-            if (menu.count > 0)
-                menu.popup(item, at.x, at.y);
-        }
     }
     PanelSkeleton {
         anchors.fill: parent

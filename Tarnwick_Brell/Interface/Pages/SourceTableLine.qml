@@ -43,7 +43,6 @@ FocusScope {
     signal chosen
     signal toggled
     signal switched(on: bool)
-    signal menuWanted(at: point)
 
     function showDetails() {
         if (isOpen)
@@ -74,7 +73,6 @@ FocusScope {
         hasLine: !item.isOpen
         onChosen: item.chosen()
         onOpened: item.toggled()
-        onMenuWanted: at => item.menuWanted(at)
         contentItem: Item {
             DeskSwitch {
                 x: Theme.gridPadding

@@ -12,10 +12,6 @@ PageBody {
     function step(by: int) {
         table.step(by);
     }
-    function openMenu() {
-        if (table.currentItem)
-            menuWanted(table.currentItem, Qt.point(places.name, Theme.tableRow));
-    }
     function switchPane() {
         const line = table.currentItem as SourceTableLine;
         if (!line)
@@ -89,10 +85,6 @@ PageBody {
                 page.content.toggle(line.index);
             }
             onSwitched: on => page.content.setEnabled(line.id, on)
-            onMenuWanted: at => {
-                table.choose(line.index);
-                page.menuWanted(line, at);
-            }
             onHeightChanged: if (isOpen && ListView.isCurrentItem)
                 table.positionViewAtIndex(index, ListView.Contain)
         }

@@ -172,7 +172,6 @@ Window {
                 visible: window.desk.view === WindowModel.Page
                 focus: visible
                 page: window.desk.page
-                actions: window.desk.actions
             }
             FindMarks {
                 x: wire.x

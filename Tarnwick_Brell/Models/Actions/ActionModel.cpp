@@ -30,12 +30,11 @@ ActionModel::ActionModel(QObject* parent) : QObject(parent) {
 }
 
 void ActionModel::refresh() {
-    std::vector<ActionRow> rows, ofPage;
+    std::vector<ActionRow> rows;
     std::vector<std::vector<ActionRow>> byGroup(kActionGroups.size());
     for (const auto& entry : actionTable()) {
         auto row = rowFor(entry);
         rows.push_back(row);
-        if (entry.need == ActionNeed::page && row.isEnabled) ofPage.push_back(row);
         if (isLaterSidebarItem(entry.action)) continue;
         if (entry.action == DeskAction::SidebarItem1) {
             row.title = tr("Sidebar items 1 to 9");
@@ -45,7 +44,6 @@ void ActionModel::refresh() {
         byGroup[static_cast<std::size_t>(entry.group)].push_back(std::move(row));
     }
     rows_.setRows(std::move(rows));
-    pageRows_.setRows(std::move(ofPage));
     for (std::size_t i = 0; i < byGroup.size(); ++i) groupRows_[i]->setRows(std::move(byGroup[i]));
 }
 
@@ -121,10 +119,6 @@ void ActionModel::setOfPage(const QSet<int>& actions) {
 
 void ActionModel::trigger(app::DeskAction::Value action) {
     if (row(action).isEnabled) emit triggered(action);
-}
-
-void ActionModel::triggerPageRow(int row) {
-    if (const auto* wanted = pageRows_.row(row)) trigger(wanted->action);
 }
 
 void ActionModel::triggerStoryRow(int row) {

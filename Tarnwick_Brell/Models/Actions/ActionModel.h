@@ -74,7 +74,6 @@ class ActionModel : public QObject {
     Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
     Q_PROPERTY(QAbstractListModel* groups READ groups CONSTANT)
     Q_PROPERTY(QAbstractListModel* storyRows READ storyRows CONSTANT)
-    Q_PROPERTY(QAbstractListModel* pageRows READ pageRows CONSTANT)
     Q_PROPERTY(bool hasStory MEMBER hasStory_ NOTIFY contextChanged)
     Q_PROPERTY(bool storyIsSaved MEMBER storyIsSaved_ NOTIFY contextChanged)
     Q_PROPERTY(bool storyIsRead MEMBER storyIsRead_ NOTIFY contextChanged)
@@ -100,8 +99,6 @@ public:
     QAbstractListModel* groups() { return &groups_; }
     /// What can be done with the story, for its menu.
     QAbstractListModel* storyRows() { return groupRows_.front().get(); }
-    /// What can be done now with what is selected on the page, for its menu.
-    QAbstractListModel* pageRows() { return &pageRows_; }
     const std::vector<ActionRow>& list() const { return rows_.rows(); }
     const ActionRow& row(Action action) const;
 
@@ -114,7 +111,6 @@ public:
     /// Does nothing when the action can't be carried out now.
     Q_INVOKABLE void trigger(app::DeskAction::Value action);
     Q_INVOKABLE void triggerStoryRow(int row);
-    Q_INVOKABLE void triggerPageRow(int row);
 
 signals:
     void contextChanged();
@@ -145,7 +141,6 @@ private:
     QString undoText_;  ///< the step's name; empty for a mark that is no step of this window
     QString redoText_;
     GadgetListModel<ActionRow> rows_;
-    GadgetListModel<ActionRow> pageRows_;
     std::vector<std::unique_ptr<GadgetListModel<ActionRow>>> groupRows_;  ///< in the groups' order
     GadgetListModel<ActionGroupRow> groups_;
 };
