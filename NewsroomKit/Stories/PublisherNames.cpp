@@ -2,50 +2,66 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
+#include "NewsroomKit/Outlets/Outlet.h"
+#include "NewsroomKit/Sources/PlatformHosts.h"
 
 namespace kit {
 
 namespace {
 
-struct Outlet {
+struct NamedDomain {
     std::string_view name;
     std::string_view domain;
 };
 
-// One domain per outlet. The first row that matches names the link.
-constexpr std::array<Outlet, 29> kOutlets{{
-    {"The Wall Street Journal", "wsj.com"},
-    {"The New York Times", "nytimes.com"},
-    {"Bloomberg", "bloomberg.com"},
-    {"The Information", "theinformation.com"},
-    {"Reuters", "reuters.com"},
-    {"Financial Times", "ft.com"},
-    {"CNBC", "cnbc.com"},
-    {"Ars Technica", "arstechnica.com"},
-    {"The Atlantic", "theatlantic.com"},
-    {"9to5Mac", "9to5mac.com"},
-    {"MacRumors", "macrumors.com"},
-    {"The Verge", "theverge.com"},
-    {"Apple", "apple.com"},
-    {"MacStories", "macstories.net"},
-    {"Six Colors", "sixcolors.com"},
-    {"Daring Fireball", "daringfireball.net"},
-    {"AppleInsider", "appleinsider.com"},
-    {"Macworld", "macworld.com"},
-    {"TidBITS", "tidbits.com"},
-    {"TechCrunch", "techcrunch.com"},
-    {"Engadget", "engadget.com"},
-    {"Wired", "wired.com"},
-    {"Axios", "axios.com"},
-    {"Tarnwick Brell", "tarnwick-brell.example"},
-    {"YouTube", "youtube.com"},
+// Links are named after these and by their host otherwise, so that a longer table of outlets does
+// not change what stories are called. The first that matches names the link.
+constexpr std::array<std::string_view, 24> kNamedOutlets{"The Wall Street Journal",
+                                                         "The New York Times",
+                                                         "Bloomberg",
+                                                         "The Information",
+                                                         "Reuters",
+                                                         "Financial Times",
+                                                         "CNBC",
+                                                         "Ars Technica",
+                                                         "The Atlantic",
+                                                         "9to5Mac",
+                                                         "MacRumors",
+                                                         "The Verge",
+                                                         "Apple",
+                                                         "MacStories",
+                                                         "Six Colors",
+                                                         "Daring Fireball",
+                                                         "AppleInsider",
+                                                         "Macworld",
+                                                         "TidBITS",
+                                                         "TechCrunch",
+                                                         "Engadget",
+                                                         "Wired",
+                                                         "Axios",
+                                                         "Tarnwick Brell"};
+constexpr std::array<NamedDomain, 5> kNamedPlatforms{{
+    {"YouTube", hosts::kYouTube},
     {"X", "x.com"},
-    {"Bluesky", "bsky.app"},
+    {"Bluesky", hosts::kBluesky},
     {"Mastodon", "mastodon.social"},
     {"GitHub", "github.com"},
 }};
+
+const std::vector<NamedDomain>& namedDomains() {
+    static const auto domains = [] {
+        std::vector<NamedDomain> made;
+        for (const auto name : kNamedOutlets) {
+            if (const Outlet* outlet = outletNamed(name)) made.push_back({name, mainHost(*outlet)});
+        }
+        made.insert(made.end(), kNamedPlatforms.begin(), kNamedPlatforms.end());
+        return made;
+    }();
+    return domains;
+}
 
 constexpr std::string_view kWWW = "www.";
 
@@ -63,15 +79,16 @@ void eraseEvery(std::string& text, std::string_view part) {
 }  // namespace
 
 std::optional<std::string_view> knownOutlet(std::string_view host) {
-    for (const auto& outlet : kOutlets) {
-        if (isHostOrSubhost(host, outlet.domain)) return outlet.name;
+    for (const auto& [name, domain] : namedDomains()) {
+        if (isHostOrSubhost(host, domain)) return name;
     }
     return std::nullopt;
 }
 
 bool isKnownOutletName(std::string_view name) {
-    return std::any_of(kOutlets.begin(), kOutlets.end(),
-                       [&](const Outlet& outlet) { return outlet.name == name; });
+    const auto& domains = namedDomains();
+    return std::any_of(domains.begin(), domains.end(),
+                       [&](const NamedDomain& row) { return row.name == name; });
 }
 
 std::string siteHostOf(std::string_view feedURL) {
