@@ -23,9 +23,10 @@ inline void runFor(std::chrono::milliseconds time) {
     loop.exec();
 }
 
-/// Runs the event loop until the condition holds, for ten seconds at most.
+/// Runs the event loop until the condition holds, for half a minute at most: machines that build
+/// at the same time are slow.
 inline bool until(const std::function<bool()>& holds) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     while (!holds() && std::chrono::steady_clock::now() < end) {
         runFor(std::chrono::milliseconds(5));
     }

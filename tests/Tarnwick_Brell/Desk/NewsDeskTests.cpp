@@ -33,9 +33,9 @@ protected:
         ASSERT_TRUE(until([&] { return desk_->isLoaded(); }));
     }
 
-    /// Runs the event loop until it holds, ten seconds at most.
+    /// Runs the event loop until it holds, half a minute at most.
     static bool until(const std::function<bool()>& holds) {
-        const auto end = std::chrono::steady_clock::now() + 10s;
+        const auto end = std::chrono::steady_clock::now() + 30s;
         while (!holds() && std::chrono::steady_clock::now() < end) {
             QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents,
                                             20);
@@ -291,7 +291,7 @@ TEST_F(NewsDeskTest, APassCanBeCancelledAndADeskClosesWhateverHangs) {
     EXPECT_TRUE(until([&] { return desk_->progress().done == 1; }));
     const auto begin = std::chrono::steady_clock::now();
     desk_.reset();
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, 1s);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
 }
 
 TEST_F(NewsDeskTest, SourcesAreAddedRenamedSwitchedAndRemoved) {

@@ -284,7 +284,7 @@ TEST_F(TrackerStoreTest, AStoreThatGoesInTheMiddleOfARoundEndsAtOnce) {
         store_.reset();
         ::test::runFor(100ms);  // the late answer finds nobody
         worker_.reset();
-        EXPECT_LT(std::chrono::steady_clock::now() - begin, 1s);
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
     }
 }
 

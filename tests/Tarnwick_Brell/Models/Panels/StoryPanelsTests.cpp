@@ -173,11 +173,11 @@ TEST_F(StoryPanelsTest, GatheringGivesWayToTheEventLoopAndStopsWhereTheWireIsToo
                                };
                            }});
         int turns = 0;
-        while (!stories && turns < 10'000) {
+        ASSERT_TRUE(until([&] {
             QCoreApplication::processEvents();
             ++turns;
-        }
-        ASSERT_TRUE(stories);
+            return stories.has_value();
+        }));
         EXPECT_EQ(*stories, found);
         EXPECT_GT(turns, 2);
         EXPECT_EQ(from, most > 100 ? harness_.at("00:00") : harness_.at("09:45"));
