@@ -25,10 +25,10 @@ T.TextField {
 
     implicitWidth: Theme.sidebarWidth
     implicitHeight: main ? Theme.mainFieldHeight : Theme.fieldHeight
-    leftPadding: Theme.mirrored ? end + Theme.space1 : start
-    rightPadding: Theme.mirrored ? start : end + Theme.space1
+    leftPadding: Mirror.isOn ? end + Theme.space1 : start
+    rightPadding: Mirror.isOn ? start : end + Theme.space1
     verticalAlignment: TextInput.AlignVCenter
-    Component.onCompleted: Theme.flip(field)
+    Component.onCompleted: Mirror.flip(field)
     // Without a family Qt would use the desktop's font for fields, not the window's.
     font.family: hint.font.family
     font.pixelSize: hint.font.pixelSize
@@ -83,7 +83,7 @@ T.TextField {
         id: parts
 
         anchors.fill: parent
-        Component.onCompleted: Theme.flip(parts)
+        Component.onCompleted: Mirror.flip(parts)
 
         Symbol {
             x: Theme.space3

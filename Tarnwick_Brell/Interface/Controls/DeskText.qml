@@ -25,7 +25,7 @@ Text {
     wrapMode: lines > 1 ? Text.Wrap : Text.NoWrap
     maximumLineCount: lines
     Accessible.role: Accessible.StaticText
-    Component.onCompleted: Theme.flipText(this)
+    Component.onCompleted: Mirror.flipText(this)
     Accessible.name: text
     Accessible.ignored: text === ""
 }

@@ -18,7 +18,7 @@ Item {
     Accessible.ignored: true
     Component.onCompleted: {
         ask();
-        Theme.flip(image);
+        Mirror.flip(image);
     }
     onWidthChanged: resized.restart()
 

@@ -13,5 +13,5 @@ Image {
     sourceSize.height: size
     source: name ? "image://symbol/" + name + "/" + color.toString().slice(1) : ""
     Accessible.ignored: true
-    Component.onCompleted: Theme.flipSymbol(this, name)
+    Component.onCompleted: Mirror.flipSymbol(this, name)
 }

@@ -1,6 +1,5 @@
 pragma Singleton
 import QtQuick
-import TarnwickBrell.Controls
 
 /// Every colour, size and duration of the window. The window sets the first properties;
 /// everything else follows from them. Text and the heights that contain text grow with `fontScale`;
@@ -16,38 +15,6 @@ QtObject {
     property bool showsPictures: false
     /// Quiet text and lines are as clear as the rest.
     property bool highContrast: false
-
-    /// The language runs from right to left: the window's root mirrors everything, and what must
-    /// stay legible mirrors itself back.
-    readonly property bool mirrored: Mirroring.isOn
-    readonly property Component flipComponent: Component {
-        Scale {
-            required property Item item
-
-            origin.x: item.width / 2
-            xScale: -1
-        }
-    }
-
-    /// Mirrors the item around its own middle, when the language asks for it.
-    function flip(item: Item) {
-        if (mirrored)
-            Mirroring.transform(item, flipComponent.createObject(item, { item: item }));
-    }
-    /// The same for a symbol, unless it shows a direction.
-    function flipSymbol(symbol: Item, name: string) {
-        if (mirrored && !/left|right|forward|backward|arrow|list|quote/.test(name))
-            flip(symbol);
-    }
-    /// The same for a text, which begins at the other end then.
-    function flipText(text: Text) {
-        if (!mirrored)
-            return;
-        flip(text);
-        // Text that runs from right to left itself is at the right already.
-        if (text.horizontalAlignment !== Text.AlignHCenter && !Mirroring.isRightToLeft(text.text))
-            text.horizontalAlignment = text.horizontalAlignment === Text.AlignRight ? Text.AlignLeft : Text.AlignRight;
-    }
 
     function scaled(pixels: real): int {
         return Math.round(pixels * fontScale);

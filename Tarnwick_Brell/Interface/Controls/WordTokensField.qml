@@ -114,7 +114,7 @@ T.Control {
                         field.close();
                     field.edited();
                 }
-                Component.onCompleted: Theme.flip(input)
+                Component.onCompleted: Mirror.flip(input)
                 onActiveFocusChanged: if (!activeFocus)
                     field.current = -1
 
@@ -155,7 +155,7 @@ T.Control {
                     id: decoration
 
                     anchors.fill: parent
-                    Component.onCompleted: Theme.flip(decoration)
+                    Component.onCompleted: Mirror.flip(decoration)
 
                     DeskText {
                         id: hint

@@ -45,7 +45,7 @@ Item {
         selectedTextColor: Theme.textOnAccent
         maximumLength: 200
         onTextEdited: field.edited(text)
-        Component.onCompleted: Theme.flip(input)
+        Component.onCompleted: Mirror.flip(input)
 
         Accessible.role: Accessible.EditableText
         Accessible.name: purpose
@@ -72,7 +72,7 @@ Item {
             id: decoration
 
             anchors.fill: parent
-            Component.onCompleted: Theme.flip(decoration)
+            Component.onCompleted: Mirror.flip(decoration)
 
             DeskText {
                 id: hint

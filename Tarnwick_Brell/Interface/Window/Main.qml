@@ -33,7 +33,7 @@ Window {
     color: Theme.canvas
 
     // Popups too, which are children of the same item.
-    Component.onCompleted: Theme.flip(contentItem)
+    Component.onCompleted: Mirror.flip(contentItem)
 
     function focusPage() {
         if (wire.visible)
