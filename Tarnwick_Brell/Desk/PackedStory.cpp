@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Desk/PackedStory.h"
 
 #include <cstring>
+#include <limits>
 #include <new>
 #include <string>
 
@@ -59,18 +60,23 @@ PackedStory::Owner PackedStory::make(const StoryView& story) {
 
     std::size_t size = 0;
     for (const auto& text : texts) size += text ? text->size() : 0;
-    void* const memory = ::operator new(sizeof(PackedStory) + size);
+    const bool isLong = size > std::numeric_limits<std::uint16_t>::max();
+    std::size_t end = isLong ? sizeof(LongEnds) : 0;
+    void* const memory = ::operator new(sizeof(PackedStory) + end + size);
     Owner packed(::new (memory) PackedStory());
-    char* at = static_cast<char*>(memory) + sizeof(PackedStory);
-    std::uint32_t end = 0;
+    packed->isLong_ = isLong;
+    char* const bytes = static_cast<char*>(memory) + sizeof(PackedStory);
+    LongEnds ends{};
     for (std::size_t i = 0; i < kTexts; ++i) {
         if (texts[i]) {
-            if (!texts[i]->empty()) std::memcpy(at + end, texts[i]->data(), texts[i]->size());
-            end += static_cast<std::uint32_t>(texts[i]->size());
+            if (!texts[i]->empty()) std::memcpy(bytes + end, texts[i]->data(), texts[i]->size());
+            end += texts[i]->size();
             packed->present_ = static_cast<std::uint16_t>(packed->present_ | 1u << i);
         }
-        packed->ends_[i] = end;
+        ends[i] = static_cast<std::uint32_t>(end);
     }
+    if (isLong) std::memcpy(bytes, ends.data(), sizeof ends);
+    for (std::size_t i = 0; i < kTexts; ++i) packed->ends_[i] = static_cast<std::uint16_t>(ends[i]);
     packed->number_ = story.number;
     packed->publishedAt_ = story.publishedAt;
     packed->firstSeen_ = story.firstSeen;
@@ -87,8 +93,16 @@ PackedStory::Owner PackedStory::make(const StoryView& story) {
 
 std::string_view PackedStory::text(Text which) const {
     const auto index = static_cast<std::size_t>(which);
-    const std::uint32_t begin = index == 0 ? 0 : ends_[index - 1];
-    return {bytes() + begin, ends_[index] - begin};
+    const std::size_t first = isLong_ ? sizeof(LongEnds) : 0;
+    const std::size_t begin = index == 0 ? first : endOf(index - 1);
+    return {bytes() + begin, endOf(index) - begin};
+}
+
+std::size_t PackedStory::endOf(std::size_t index) const {
+    if (!isLong_) return ends_[index];
+    LongEnds ends;
+    std::memcpy(ends.data(), bytes(), sizeof ends);
+    return ends[index];
 }
 
 StoredStory PackedStory::unpacked() const {

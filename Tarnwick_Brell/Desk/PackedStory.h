@@ -61,18 +61,25 @@ private:
 
     PackedStory() = default;
     std::string_view text(Text which) const;
+    std::size_t endOf(std::size_t index) const;
     bool has(Text which) const { return (present_ >> static_cast<unsigned>(which) & 1u) != 0; }
     const char* bytes() const { return reinterpret_cast<const char*>(this + 1); }
+
+    using ShortEnds = std::array<std::uint16_t, kTexts>;
+    using LongEnds = std::array<std::uint32_t, kTexts>;
 
     std::int64_t number_ = 0;
     kit::Instant publishedAt_{};
     kit::Instant firstSeen_{};
     std::int64_t wordpressID_ = 0;
-    std::array<std::uint32_t, kTexts> ends_{};  ///< of each text in the bytes behind this object
-    std::uint16_t present_ = 0;                 ///< one bit for each text that is not absent
+    /// Of each text in the bytes behind this object. Texts of more than 64 KB have no place here:
+    /// their ends are the first of these bytes, as LongEnds.
+    ShortEnds ends_{};
+    std::uint16_t present_ = 0;  ///< one bit for each text that is not absent
     kit::StoryKind kind_{};
     kit::Sourcing sourcing_{};
     Arrival arrival_{};
+    bool isLong_ = false;
     bool isAppleSource_ = false;
     bool hasWordpressID_ = false;
     bool isRead_ = false;

@@ -15,7 +15,7 @@ bool isNewer(const PackedStory::Owner& a, const PackedStory::Owner& b) {
 
 const PackedStory* Wire::find(std::string_view id) const {
     const auto found = byID_.find(id);
-    return found == byID_.end() ? nullptr : found->second;
+    return found == byID_.end() ? nullptr : *found;
 }
 
 std::optional<std::size_t> Wire::placeOf(std::int64_t number) const {
@@ -34,7 +34,8 @@ std::size_t Wire::firstPlaceBelow(std::int64_t number) const {
 }
 
 void Wire::index(const PackedStory& story) {
-    byID_.insert_or_assign(story.id(), const_cast<PackedStory*>(&story));
+    byID_.erase(story.id());
+    byID_.insert(&story);
     savedCount_ += story.isSaved() ? 1 : 0;
 }
 

@@ -6,7 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include <boost/unordered/unordered_flat_map.hpp>
+#include <boost/container_hash/hash.hpp>
+#include <boost/unordered/unordered_flat_set.hpp>
 
 #include "Tarnwick_Brell/Desk/PackedStory.h"
 
@@ -57,6 +58,21 @@ public:
     std::vector<std::int64_t> setSaved(const std::vector<std::int64_t>& numbers, bool saved);
 
 private:
+    /// The ids lie in the stories themselves: a table of them would be as large as the titles.
+    struct IDHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view id) const {
+            return boost::hash<std::string_view>{}(id);
+        }
+        std::size_t operator()(const PackedStory* story) const { return (*this)(story->id()); }
+    };
+    struct EqualIDs {
+        using is_transparent = void;
+        static std::string_view idOf(std::string_view id) { return id; }
+        static std::string_view idOf(const PackedStory* story) { return story->id(); }
+        bool operator()(const auto& a, const auto& b) const { return idOf(a) == idOf(b); }
+    };
+
     std::vector<std::int64_t> change(const std::vector<std::int64_t>& numbers,
                                      bool (PackedStory::*has)() const,
                                      void (PackedStory::*set)(bool), bool on);
@@ -64,8 +80,7 @@ private:
     void forget(const PackedStory& story);
 
     std::vector<PackedStory::Owner> stories_;  ///< by number, falling
-    /// Keys lie in the stories themselves.
-    boost::unordered_flat_map<std::string_view, PackedStory*> byID_;
+    boost::unordered_flat_set<const PackedStory*, IDHash, EqualIDs> byID_;
     std::size_t savedCount_ = 0;
 };
 

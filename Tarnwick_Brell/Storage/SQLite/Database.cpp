@@ -7,6 +7,8 @@
 #include <thread>
 #include <utility>
 
+#include <fmt/format.h>
+
 #include "Tarnwick_Brell/Storage/Files/PrivateFiles.h"
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
@@ -303,6 +305,21 @@ std::int64_t Database::changes() const { return sqlite3_changes64(handle_.get())
 
 void Database::fail(int code) const {
     throw errorFor(code, file_, handle_ ? sqlite3_system_errno(handle_.get()) : 0);
+}
+
+ReadOnce::ReadOnce(Database& database) : database_(database) {
+    Statement size(database_, "PRAGMA cache_size");
+    size.step();
+    cacheSize_ = size.number(0);
+    database_.execute("PRAGMA cache_size = -2000");
+}
+
+ReadOnce::~ReadOnce() {
+    try {
+        database_.execute(fmt::format("PRAGMA cache_size = {}", cacheSize_).c_str());
+    } catch (const StoreError&) {
+        // A database that is being closed keeps the smaller cache.
+    }
 }
 
 Transaction::Transaction(Database& database, std::function<void()> beforeCommit)

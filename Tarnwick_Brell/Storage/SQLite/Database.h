@@ -124,6 +124,20 @@ private:
     std::optional<std::stop_callback<std::function<void()>>> interruption_;
 };
 
+/// While it lives, the pages of the database that are read replace each other after two megabytes:
+/// whoever reads a large table once needs none of them again.
+class ReadOnce {
+public:
+    explicit ReadOnce(Database& database);
+    ~ReadOnce();
+    ReadOnce(const ReadOnce&) = delete;
+    ReadOnce& operator=(const ReadOnce&) = delete;
+
+private:
+    Database& database_;
+    std::int64_t cacheSize_;
+};
+
 /// Rolled back unless committed.
 class Transaction {
 public:

@@ -70,6 +70,7 @@ void StoryTable::eachInWireOrder(std::optional<kit::Instant> since, const Visito
 
 void StoryTable::eachViewInWireOrder(std::optional<kit::Instant> since,
                                      const std::function<bool(const StoryView&)>& visit) {
+    const ReadOnce once(database_);
     Statement rows(database_,
                    fmt::format("{} WHERE s.number >= ? ORDER BY s.number DESC", kSelection));
     rows.bind(0, since ? firstStoryNumber(*since) : std::numeric_limits<std::int64_t>::min());

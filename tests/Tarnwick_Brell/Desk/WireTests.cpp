@@ -46,12 +46,16 @@ TEST(PackedStory, EveryFieldComesBack) {
                   .articleLink = "https://b.example/",
                   .credits = {{.name = "B", .detail = "via"}}};
     full.arrival = Arrival::bulk;
-    const auto packed = PackedStory::make(full);
-    const auto back = packed->unpacked();
-    EXPECT_EQ(back.story, full.story);
-    EXPECT_EQ(back.number, -7);
-    EXPECT_EQ(back.firstSeen, full.firstSeen);
-    EXPECT_EQ(back.arrival, Arrival::bulk);
+    // Around the size from which the places of texts take more than 16 bits.
+    for (const std::size_t size : {0u, 65'000u, 65'473u, 65'474u, 65'475u, 200'000u}) {
+        full.story.summary = std::string(size, 's');
+        const auto packed = PackedStory::make(full);
+        const auto back = packed->unpacked();
+        EXPECT_EQ(back.story, full.story) << size;
+        EXPECT_EQ(back.number, -7);
+        EXPECT_EQ(back.firstSeen, full.firstSeen);
+        EXPECT_EQ(back.arrival, Arrival::bulk);
+    }
 }
 
 TEST(Wire, ChangesTellExactlyWhatListsMustDo) {
