@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -36,6 +37,14 @@ T required(const json::object& input, std::string_view key) {
     } catch (const kit::RecordError& error) {
         throw error.inside(std::string(key));
     }
+}
+
+/// The value of an optional key; null counts as absent.
+template <class T>
+std::optional<T> optional(const json::object& input, std::string_view key) {
+    const auto* value = input.if_contains(key);
+    if (!value || value->is_null()) return std::nullopt;
+    return required<T>(input, key);
 }
 
 /// The document of a line: its "text", or the file at its "path".
@@ -79,6 +88,11 @@ json::object quote(const json::object& input);
 json::object signing(const json::object& input);
 json::object updates(const json::object& input);
 json::object chart(const json::object& input);
+
+// Who had the news, and what became of it
+json::object attribution(const json::object& input);
+json::object ledger(const json::object& input);
+json::object timeline(const json::object& input);
 
 // The story archive
 json::object archiveURL(const json::object& input);

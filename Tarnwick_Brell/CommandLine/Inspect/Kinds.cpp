@@ -9,7 +9,7 @@
 namespace cli::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 26> all{{
+    static constexpr std::array<Kind, 29> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -35,6 +35,9 @@ std::span<const Kind> kinds() {
         {"signing", "path or text", signing},
         {"updates", "path or text", updates},
         {"chart", "path or text", chart},
+        {"attribution", "stories; archive, trace, corrections", attribution},
+        {"ledger", "stories, now; clusters, corrections", ledger},
+        {"timeline", "stories; signals, corrections", timeline},
         {"archive-url", "operation; after, before, offset, limit, or urls, or url", archiveURL},
     }};
     return all;
