@@ -10,7 +10,7 @@ import unittest
 from datetime import datetime, timedelta, timezone
 from pathlib import Path
 
-from harness import BIN, Desk, PressRoom
+from harness import BIN, Desk, PressRoom, written_to
 from world_time import World
 
 LOOKING = "Looking for every outlet that ran it…"
@@ -99,9 +99,7 @@ class Archive(unittest.TestCase):
         command = [BIN / "brell", "--data-dir", self.desk.folder, *self.desk.network, "trace", "https://nobody.example/"]
         subprocess.run(command, stdout=subprocess.DEVNULL, stderr=theirs, check=True)
         os.close(theirs)
-        written = os.read(ours, 65536).decode("utf-8")
-        os.close(ours)
-        self.assertEqual(written, f"\r\x1b[K{LOOKING}\r\x1b[K")
+        self.assertEqual(written_to(ours), f"\r\x1b[K{LOOKING}\r\x1b[K")
 
     def test_what_the_service_says_cannot_steer_the_terminal_or_break_the_tree(self):
         folder = tempfile.TemporaryDirectory(prefix="brell-test-")

@@ -15,6 +15,21 @@ BIN = Path(os.environ["BRELL_BIN"])
 os.environ["TZ"] = "UTC"
 
 
+def written_to(controller):
+    """All that has been written to a terminal whose other end is closed by now or will be."""
+    written = b""
+    while True:
+        try:
+            part = os.read(controller, 65536)
+        except OSError:  # how Linux tells that the other end is closed
+            break
+        if not part:
+            break
+        written += part
+    os.close(controller)
+    return written.decode("utf-8")
+
+
 class PressRoom:
     """A running press room; `network` are the options that lead brell to it. What it writes
     to standard error goes to the file `log`."""
@@ -65,18 +80,9 @@ class Desk:
         process = subprocess.Popen([BIN / "brell", "--data-dir", self.folder, *self.network, *map(str, words)],
                                    stdout=terminal, stderr=subprocess.DEVNULL, env=variables)
         os.close(terminal)
-        written = b""
-        while True:
-            try:
-                part = os.read(controller, 65536)
-            except OSError:  # how Linux tells that the other end is closed
-                break
-            if not part:
-                break
-            written += part
-        os.close(controller)
+        written = written_to(controller)
         process.wait(timeout=120)
-        return written.decode("utf-8").replace("\r\n", "\n")
+        return written.replace("\r\n", "\n")
 
     def run(self, *words, stdin=None, status=0, environment=None, **options):
         environment = {**os.environ, "NO_COLOR": "1", **(environment or {})}
