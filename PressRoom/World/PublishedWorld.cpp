@@ -70,11 +70,11 @@ PublishedWorld::PublishedWorld(World world, std::chrono::sys_seconds anchor)
         std::set<std::string> taken;
         for (const auto& story : source.stories) {
             items.push_back(publish(source, story));
-            const auto& page = items.back().page;
-            if (!taken.insert(page).second) {
-                throw std::runtime_error(source.id + ": two stories have the page " + page);
+            const auto& item = items.back();
+            if (!taken.insert(item.page).second) {
+                throw std::runtime_error(source.id + ": two stories have the page " + item.page);
             }
-            pages_[source.id + ":" + slug(story)] = page;
+            pages_[source.id + ":" + slug(story)] = {item.page, item.appears};
         }
     }
     for (auto& [id, items] : items_) {
@@ -96,10 +96,11 @@ Item PublishedWorld::publish(const WorldSource& source, const WorldStory& story)
 
 std::string PublishedWorld::reference(const Item& from, std::string_view name) const {
     const auto found = pages_.find(name);
-    if (found != pages_.end()) return found->second;
-    throw std::runtime_error(
-        fmt::format("{}: the story \"{}\" refers to \"{}\", which does not exist", from.source->id,
-                    slug(*from.story), name));
+    const bool exists = found != pages_.end();
+    if (exists && found->second.appears <= from.appears) return found->second.address;
+    throw std::runtime_error(fmt::format("{}: the story \"{}\" refers to \"{}\", which {}",
+                                         from.source->id, slug(*from.story), name,
+                                         exists ? "comes later" : "does not exist"));
 }
 
 std::string PublishedWorld::resolved(const Item& from, std::string text, Place place) const {

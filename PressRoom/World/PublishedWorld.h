@@ -32,6 +32,10 @@ public:
 
 private:
     enum class Place { plainText, markup };
+    struct Page {
+        std::string address;
+        std::chrono::sys_seconds appears;
+    };
 
     Item publish(const WorldSource& source, const WorldStory& story) const;
     std::string reference(const Item& from, std::string_view name) const;
@@ -41,7 +45,7 @@ private:
     World world_;
     std::chrono::sys_seconds anchor_;
     std::map<std::string, std::vector<Item>, std::less<>> items_;  ///< by source id
-    std::map<std::string, std::string, std::less<>> pages_;        ///< by "source:slug"
+    std::map<std::string, Page, std::less<>> pages_;               ///< by "source:slug"
 };
 
 /// "Apple’s “New” iPad: 5% Off" → "apples-new-ipad-5-off"

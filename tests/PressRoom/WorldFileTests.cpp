@@ -82,6 +82,10 @@ TEST(WorldFiles, StoriesThatDoNotFitTogetherAreRefused) {
         PublishedWorld(readWorld(folder.path()), anchor);
     };
     EXPECT_NO_THROW(publish(R"([{"minutesAgo":1,"title":"T","text":"{link:a:t}"}])"));
+    EXPECT_THROW(publish(R"([{"minutesAgo":2,"title":"T","text":"{link:a:u}"},)"
+                         R"({"minutesAgo":1,"title":"U","text":""}])"),
+                 std::runtime_error)
+        << "nobody links to a story that is yet to come";
     EXPECT_THROW(publish(R"([{"minutesAgo":1,"title":"T","text":"","linkOf":"a:missing"}])"),
                  std::runtime_error);
     EXPECT_THROW(publish(R"([{"minutesAgo":1,"title":"T","text":"{link:a:missing}"}])"),
