@@ -36,7 +36,7 @@ ClusterEntry entryOf(const Story& story) {
     addArticle(entry.articles, story.link);
     if (story.articleLink) addArticle(entry.articles, canonicalLink(*story.articleLink));
     for (const SourceCredit& credit : story.credits) {
-        if (credit.url) addArticle(entry.credited, canonicalLink(*credit.url));
+        if (credit.url && credit.detail) addArticle(entry.credited, canonicalLink(*credit.url));
     }
     return entry;
 }

@@ -8,9 +8,17 @@
 namespace kit {
 
 /// The outlets, accounts and Apple documents that an item's HTML credits, its content read before
-/// its summary: what follows a credit phrase ("according to", "first reported by"), links to social
-/// posts, to known outlets and to Apple's own announcements. The item's own site and name are not
-/// credits. Credits are unique, in the order of the text, and at most kCreditLimit.
+/// its summary.
+///
+/// A credit with a `detail` is cited: the text says in these words where its news comes from
+/// ("according to", "first reported by", "told"). Links to articles of known outlets, to posts of
+/// theirs and their reporters and to Apple's announcements that no words explain have no `detail`.
+/// Names after a phrase count when the table of outlets has them, when a link to a publisher stands
+/// with them, or when they are an outlet's beyond doubt ("the newspaper X"): persons, companies and
+/// courts are sources, not outlets. The item's own site, name and accounts are not credits.
+///
+/// Credits are unique, in the order of the text, and at most kCreditLimit, cited ones first to
+/// count.
 std::vector<SourceCredit> extractCredits(std::string_view contentHTML, std::string_view summaryHTML,
                                          std::string_view siteURL, std::string_view sourceName);
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 
 #include "NewsroomKit/Text/ASCII.h"
@@ -12,18 +13,62 @@ namespace kit {
 
 namespace {
 
-// Sorted by first letter, so that only a few are compared at each word.
-constexpr std::array<std::string_view, 11> kPhrases{"according to",
-                                                    "as reported by",
-                                                    "credit to",
-                                                    "first reported by",
-                                                    "first spotted by",
-                                                    "h/t",
-                                                    "hat tip to",
-                                                    "originally reported by",
-                                                    "reported by",
-                                                    "spotted by",
-                                                    "via"};
+struct PhraseRow {
+    std::string_view text;
+    CreditRole role;
+};
+
+// Sorted by first letter, so that only a few are compared at each word. A phrase that begins with
+// another one stands before it.
+constexpr PhraseRow kPhrases[] = {
+    {"according to", CreditRole::source},
+    {"as reported by", CreditRole::origin},
+    {"cites", CreditRole::source},
+    {"citing", CreditRole::source},
+    {"credit to", CreditRole::origin},
+    {"first reported by", CreditRole::origin},
+    {"first spotted by", CreditRole::origin},
+    {"h/t", CreditRole::origin},
+    {"hat tip to", CreditRole::origin},
+    {"hat tip", CreditRole::origin},
+    {"interview with", CreditRole::source},
+    {"notes", CreditRole::statement},
+    {"obtained by", CreditRole::source},
+    {"originally reported by", CreditRole::origin},
+    {"per", CreditRole::source},
+    {"points out", CreditRole::statement},
+    {"posted", CreditRole::post},
+    {"report by", CreditRole::source},
+    {"report for", CreditRole::source},
+    {"report from", CreditRole::source},
+    {"report in", CreditRole::source},
+    {"reported by", CreditRole::origin},
+    {"reported", CreditRole::report},
+    {"reporting for", CreditRole::writing},
+    {"reporting", CreditRole::report},
+    {"reports from", CreditRole::source},
+    {"reports via", CreditRole::source},
+    {"reports", CreditRole::report},
+    {"reveals", CreditRole::statement},
+    {"reviewed by", CreditRole::source},
+    {"says", CreditRole::statement},
+    {"seen by", CreditRole::source},
+    {"shared", CreditRole::post},
+    {"source:", CreditRole::source},
+    {"sources:", CreditRole::source},
+    {"spotted by", CreditRole::origin},
+    {"told", CreditRole::source},
+    {"tweeted", CreditRole::post},
+    {"tweets", CreditRole::post},
+    {"via", CreditRole::via},
+    {"viewed by", CreditRole::source},
+    {"writes for", CreditRole::writing},
+    {"writes in", CreditRole::writing},
+    {"writes", CreditRole::statement},
+    {"writing at", CreditRole::writing},
+    {"writing for", CreditRole::writing},
+    {"writing in", CreditRole::writing},
+};
 
 /// The role of a byte, in either letter case, in finding phrases.
 struct ByteClass {
@@ -43,11 +88,11 @@ constexpr auto kByteClasses = [] {
         const auto c = static_cast<char>(byte);
         ByteClass& entry = classes[byte];
         entry.mayEndWord = !isASCIIAlphanumeric(c);
-        for (unsigned char i = 0; i < kPhrases.size(); ++i) {
-            if (kPhrases[i][0] != lowercaseASCII(c)) continue;
+        for (unsigned char i = 0; i < std::size(kPhrases); ++i) {
+            if (kPhrases[i].text[0] != lowercaseASCII(c)) continue;
             if (entry.endPhrase == 0) entry.firstPhrase = i;
             entry.endPhrase = static_cast<unsigned char>(i + 1);
-            entry.seconds |= secondBit(kPhrases[i][1]);
+            entry.seconds |= secondBit(kPhrases[i].text[1]);
         }
     }
     return classes;
@@ -63,13 +108,15 @@ bool beginsWord(std::string_view text, std::size_t at) {
     return !isLetter(before) && !isNumber(before);
 }
 
-/// The end of the credit phrase at `at`, as whole words; nothing when there is none.
-std::optional<std::size_t> phraseEnd(std::string_view text, std::size_t at) {
+/// The credit phrase at `at`, as whole words; nothing when there is none.
+std::optional<CreditPhrase> phraseAt(std::string_view text, std::size_t at) {
     const ByteClass& first = classAt(text, at);
     for (auto i = first.firstPhrase; i < first.endPhrase; ++i) {
-        const auto end = at + kPhrases[i].size();
-        const bool same = equalsLowercase(text.substr(at, kPhrases[i].size()), kPhrases[i]);
-        if (same && wordCharacterAt(text, end) == 0 && beginsWord(text, at)) return end;
+        const auto& [words, role] = kPhrases[i];
+        const auto end = at + words.size();
+        const bool same = equalsLowercase(text.substr(at, words.size()), words);
+        const bool whole = words.back() == ':' || wordCharacterAt(text, end) == 0;
+        if (same && whole && beginsWord(text, at)) return CreditPhrase{at, end, role};
     }
     return std::nullopt;
 }
@@ -90,9 +137,9 @@ std::vector<CreditPhrase> findCreditPhrases(std::string_view text) {
     for (std::size_t at = 0; at + 1 < text.size(); ++at) {
         const ByteClass& byte = classAt(text, at);
         if (mayBegin && (byte.seconds & secondBit(text[at + 1])) != 0) {
-            if (const auto end = phraseEnd(text, at)) {
-                found.push_back({at, *end});
-                at = *end - 1;
+            if (const auto phrase = phraseAt(text, at)) {
+                found.push_back(*phrase);
+                at = phrase->end - 1;
             }
         }
         mayBegin = classAt(text, at).mayEndWord;

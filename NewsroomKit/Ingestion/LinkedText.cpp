@@ -4,9 +4,11 @@
 #include <array>
 #include <optional>
 #include <span>
+#include <utility>
 
 #include "NewsroomKit/Feeds/HTMLEntities.h"
 #include "NewsroomKit/Text/ASCII.h"
+#include "NewsroomKit/Text/Unicode.h"
 
 namespace kit {
 
@@ -33,6 +35,15 @@ constexpr std::array<std::string_view, 18> kBlocks{"p",  "br", "div", "li", "ul"
                                                    "h1", "h2", "h3",  "h4", "h5",    "h6",
                                                    "tr", "td", "th",  "hr", "table", "blockquote"};
 
+/// Characters that are read as their plain forms.
+constexpr std::array<std::pair<std::string_view, char>, 5> kPlainForms{{
+    {"\u00A0", ' '},
+    {"\u2019", '\''},
+    {"\u2018", '\''},
+    {"\u201C", '"'},
+    {"\u201D", '"'},
+}};
+
 class Reader {
 public:
     void read(std::string_view html) {
@@ -53,11 +64,32 @@ public:
 
 private:
     void appendText(std::string_view raw) {
-        if (raw.find('&') == std::string_view::npos) {
+        if (raw.find_first_of("&\xC2\xE2\n\r\t") == std::string_view::npos) {
             result_.text += raw;
-        } else {
-            result_.text += decodedEntities(raw);
+            return;
         }
+        const std::string decoded = decodedEntities(raw);
+        for (std::size_t at = 0; at < decoded.size();) at += appendPlain(decoded, at);
+    }
+
+    /// Appends the character at `at` in its plain form; returns its length.
+    std::size_t appendPlain(std::string_view text, std::size_t at) {
+        const auto rest = text.substr(at);
+        for (const auto& [written, plain] : kPlainForms) {
+            if (!rest.starts_with(written)) continue;
+            result_.text += plain;
+            return written.size();
+        }
+        // Lines of HTML end anywhere; an empty line separates paragraphs of plain text.
+        if (isSpace(text[at])) {
+            const auto end = std::min(rest.find_first_not_of(" \t\r\n\f"), rest.size());
+            const auto space = rest.substr(0, end);
+            const bool paragraph = std::count(space.begin(), space.end(), '\n') > 1;
+            result_.text += paragraph ? '\n' : ' ';
+            return end;
+        }
+        result_.text += text[at];
+        return 1;
     }
 
     void markup() {
@@ -173,6 +205,18 @@ private:
 };
 
 }  // namespace
+
+// Most links are of no interest, which their host shows without parsing them.
+std::string linkHost(std::string_view address) {
+    const auto begin = address.find("://");
+    if (begin == std::string_view::npos) return {};
+    auto authority = address.substr(begin + 3);
+    authority = authority.substr(0, authority.find_first_of("/?#"));
+    if (const auto at = authority.rfind('@'); at != std::string_view::npos) {
+        authority.remove_prefix(at + 1);
+    }
+    return lowercasedASCII(authority.substr(0, authority.find(':')));
+}
 
 std::size_t tagEnd(std::string_view html, std::size_t open) {
     html = html.substr(0, open + kLongestTag);

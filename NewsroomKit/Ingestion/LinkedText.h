@@ -9,7 +9,8 @@
 namespace kit {
 
 /// The text of a piece of HTML with its links, for finding what it refers to. Not for display:
-/// white space and characters stay as they are, block elements and <br> become line breaks.
+/// white space is one space, quotation marks and apostrophes have their typewriter forms, block
+/// elements, <br> and empty lines become line breaks.
 struct LinkedText {
     struct Link {
         std::size_t begin = 0;  ///< first byte of the link's words in `text`
@@ -24,6 +25,9 @@ struct LinkedText {
 /// Reads the pieces in order, with a space between them. Comments, scripts and styles are left out.
 /// A "<" that begins no tag is text.
 LinkedText linkedText(std::span<const std::string_view> pieces);
+
+/// The host of an http(s) address as it is written, in lower case; empty when there is none.
+std::string linkHost(std::string_view address);
 
 /// The position of the ">" of the tag whose "<" is at `open`, ignoring quoted values; npos when no
 /// tag begins there or it is absurdly long, so that many unfinished tags cost no more than one.

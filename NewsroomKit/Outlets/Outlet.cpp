@@ -4,7 +4,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "NewsroomKit/Outlets/OutletFields.h"
+#include "NewsroomKit/Outlets/OutletNames.h"
 #include "NewsroomKit/Text/Folding.h"
 #include "NewsroomKit/Text/Unicode.h"
 
@@ -28,9 +28,8 @@ struct OutletIndex {
 };
 
 void addAccounts(OutletMap& map, std::string_view accounts, const Outlet& outlet) {
-    forEachOutletField(accounts, ' ', [&](std::string_view account) {
-        map.emplace(lowercasedASCII(account), &outlet);
-    });
+    forEachPart(accounts, ' ',
+                [&](std::string_view account) { map.emplace(lowercasedASCII(account), &outlet); });
 }
 
 const OutletIndex& outletIndex() {
@@ -38,10 +37,10 @@ const OutletIndex& outletIndex() {
         OutletIndex made;
         for (const Outlet& outlet : knownOutlets()) {
             made.byName.emplace(foldedOutletName(outlet.name), &outlet);
-            forEachOutletField(outlet.aliases, '|', [&](std::string_view alias) {
+            forEachPart(outlet.aliases, '|', [&](std::string_view alias) {
                 made.byName.emplace(foldedOutletName(alias), &outlet);
             });
-            forEachOutletField(outlet.hosts, ' ', [&](std::string_view host) {
+            forEachPart(outlet.hosts, ' ', [&](std::string_view host) {
                 made.byHost.emplace(std::string(host), &outlet);
             });
             addAccounts(made.byAccount, outlet.accounts, outlet);

@@ -17,6 +17,16 @@ struct Outlet {
     bool isApple = false;          ///< Apple publishes it
 };
 
+/// Calls `use` with each of the parts of a list in a row.
+template <class Use>
+void forEachPart(std::string_view list, char separator, Use use) {
+    while (!list.empty()) {
+        const auto end = list.find(separator);
+        use(list.substr(0, end));
+        list = end == std::string_view::npos ? std::string_view() : list.substr(end + 1);
+    }
+}
+
 /// All known outlets.
 std::span<const Outlet> knownOutlets();
 

@@ -83,6 +83,13 @@ constexpr Outlet kOutlets[] = {
     {"Slate", "", "slate.com", "X:Slate", "", "Graham Holdings"},
     {"BuzzFeed News", "BuzzFeed", "buzzfeednews.com buzzfeed.com", "X:BuzzFeedNews", "", ""},
     {"HuffPost", "The Huffington Post|Huffington Post", "huffpost.com huffingtonpost.com", "X:HuffPost", "", "BuzzFeed"},
+    {"CBC News", "CBC", "cbc.ca", "X:CBCNews", "", ""},
+    {"ESPN", "", "espn.com espn.go.com", "X:espn", "", "Disney"},
+    {"U.S. News & World Report", "US News|U.S. News", "usnews.com", "X:usnews", "", ""},
+    {"The Baltimore Sun", "Baltimore Sun", "baltimoresun.com", "X:baltimoresun", "", ""},
+    {"The Salt Lake Tribune", "Salt Lake Tribune", "sltrib.com", "X:sltrib", "", ""},
+    {"The San Francisco Standard", "San Francisco Standard|SF Standard", "sfstandard.com", "X:sfstandard", "", ""},
+    {"Atlas Obscura", "", "atlasobscura.com", "X:atlasobscura", "", ""},
     {"Mother Jones", "", "motherjones.com", "X:MotherJones", "", ""},
 
     // Film and music
@@ -106,6 +113,7 @@ constexpr Outlet kOutlets[] = {
     {"The Register", "El Reg", "theregister.com theregister.co.uk", "X:TheRegister", "", "Situation Publishing"},
 
     // Europe
+    {"ZDF", "", "zdf.de", "X:ZDFheute", "", ""},
     {"Le Monde", "", "lemonde.fr", "X:lemondefr", "", ""},
     {"Le Figaro", "", "lefigaro.fr", "X:Le_Figaro", "", ""},
     {"Les Echos", "", "lesechos.fr", "X:LesEchos", "", "LVMH"},
@@ -151,6 +159,7 @@ constexpr Outlet kOutlets[] = {
     {"The Straits Times", "Straits Times", "straitstimes.com", "X:straits_times", "", "SPH Media"},
     {"Mac Otakara", "Macotakara", "macotakara.jp", "X:macotakara", "", ""},
     {"The Japan Times", "Japan Times", "japantimes.co.jp", "X:japantimes", "", ""},
+    {"Sankei Shimbun", "The Sankei Shimbun|Sankei", "sankei.com", "X:Sankei_news", "", ""},
     {"Kyodo News", "Kyodo", "kyodonews.net", "X:kyodo_english", "", ""},
     {"NHK", "", "nhk.or.jp", "X:NHKWORLD_News", "", ""},
     {"The Economic Times", "Economic Times|ET Telecom", "economictimes.com economictimes.indiatimes.com", "X:EconomicTimes", "", "The Times Group"},
@@ -161,6 +170,7 @@ constexpr Outlet kOutlets[] = {
     {"Australian Financial Review", "The Australian Financial Review|AFR", "afr.com", "X:FinancialReview", "", "Nine"},
     {"Globes", "", "globes.co.il", "X:GlobesEnglish", "", ""},
     {"Calcalist", "CTech", "calcalistech.com calcalist.co.il", "X:calcalist", "", "Yedioth Ahronoth"},
+    {"Ynet", "Ynetnews", "ynetnews.com ynet.co.il", "X:ynetnews", "", "Yedioth Ahronoth"},
     {"Haaretz", "", "haaretz.com", "X:haaretzcom", "", ""},
 
     // Technology
@@ -231,6 +241,8 @@ constexpr Outlet kOutlets[] = {
     {"Techmeme", "", "techmeme.com", "X:Techmeme Mastodon:Techmeme@techhub.social", "X:gaberivera", ""},
     {"Slashdot", "", "slashdot.org", "X:slashdot", "", ""},
     {"Hacker News", "", "news.ycombinator.com", "X:newsycombinator", "", "Y Combinator"},
+    {"eWeek", "", "eweek.com", "X:eWEEKNews", "", "TechnologyAdvice"},
+    {"GameSpot", "", "gamespot.com", "X:gamespot", "", ""},
     {"Kotaku", "", "kotaku.com", "X:Kotaku", "", "Keleops"},
     {"Polygon", "", "polygon.com", "X:Polygon", "", "Valnet"},
     {"IGN", "", "ign.com", "X:IGN", "", "Ziff Davis"},
@@ -241,6 +253,8 @@ constexpr Outlet kOutlets[] = {
     {"InsideEVs", "", "insideevs.com", "X:InsideEVs", "", "Motorsport Network"},
     {"UploadVR", "Upload VR", "uploadvr.com", "X:UploadVR", "X:Heaney555", ""},
     {"Road to VR", "", "roadtovr.com", "X:RtoVR", "", ""},
+    {"Science News", "ScienceNews", "sciencenews.org", "X:ScienceNews", "", "Society for Science"},
+    {"Space.com", "", "space.com", "X:SPACEdotcom", "", "Future"},
     {"Nature", "", "nature.com", "X:Nature", "", "Springer Nature"},
     {"New Scientist", "", "newscientist.com", "X:newscientist", "", "DMGT"},
 

@@ -76,20 +76,14 @@ void eraseEvery(std::string& text, std::string_view part) {
     }
 }
 
-}  // namespace
-
-std::optional<std::string_view> knownOutlet(std::string_view host) {
+std::optional<std::string_view> domainName(std::string_view host) {
     for (const auto& [name, domain] : namedDomains()) {
         if (isHostOrSubhost(host, domain)) return name;
     }
     return std::nullopt;
 }
 
-bool isKnownOutletName(std::string_view name) {
-    const auto& domains = namedDomains();
-    return std::any_of(domains.begin(), domains.end(),
-                       [&](const NamedDomain& row) { return row.name == name; });
-}
+}  // namespace
 
 std::string siteHostOf(std::string_view feedURL) {
     std::string host = hostOf(feedURL);
@@ -110,7 +104,7 @@ std::optional<std::string> publisherNameOfHosts(std::string linkHost, std::strin
     if (!feedHost.empty() && isHostOrSubhost(linkHost, feedHost)) return std::nullopt;
 
     // 4. and 5.
-    if (const auto known = knownOutlet(linkHost)) return std::string(*known);
+    if (const auto known = domainName(linkHost)) return std::string(*known);
     return linkHost;
 }
 

@@ -18,10 +18,4 @@ std::optional<std::string> publisherNameOfHosts(std::string linkHost, std::strin
 /// the address has none.
 std::string siteHostOf(std::string_view feedURL);
 
-/// True when `name` is a known outlet's name, in this letter case.
-bool isKnownOutletName(std::string_view name);
-
-/// The name of the known outlet whose domain contains `host`; nothing when there is none.
-std::optional<std::string_view> knownOutlet(std::string_view host);
-
 }  // namespace kit

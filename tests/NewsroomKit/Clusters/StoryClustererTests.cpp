@@ -151,17 +151,17 @@ TEST(StoryClusterer, AddressesTieStoriesWhoseHeadlinesShareNothing) {
         article.link = c.link;
         Story other = story("b", "Hearth at last");
         if (c.articleLink) other.articleLink = c.articleLink;
-        if (c.credit) other.credits.push_back({.name = "A", .url = c.credit});
+        if (c.credit) other.credits.push_back({.name = "A", .url = c.credit, .detail = "via"});
         EXPECT_EQ(clustersOf({article, other}).size(), c.together ? 1u : 0u)
             << (c.articleLink ? c.articleLink : c.credit);
     }
     Story roundup = story("b", "Today on the desk");
     for (const char* credited : {"https://a.example/a", "https://a.example/b"}) {
-        roundup.credits.push_back({.name = "A", .url = credited});
+        roundup.credits.push_back({.name = "A", .url = credited, .detail = "via"});
     }
     EXPECT_EQ(clustersOf({story("a", "The kitchen computer arrives"), roundup}).size(), 0u);
     Story third = story("b", "iOS 27.1 beta 3 is out");
-    third.credits.push_back({.name = "A", .url = "https://a.example/a"});
+    third.credits.push_back({.name = "A", .url = "https://a.example/a", .detail = "via"});
     EXPECT_EQ(clustersOf({story("a", "iOS 27.1 beta 2 is out"), third}).size(), 0u)
         << "credits the story of the beta before";
 }

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "NewsroomKit/Outlets/Outlet.h"
-#include "NewsroomKit/Outlets/OutletFields.h"
+#include "NewsroomKit/Outlets/OutletNames.h"
 #include "NewsroomKit/Text/Folding.h"
 
 namespace kit {
@@ -22,10 +22,10 @@ TEST(OutletTable, NoNameHostOrAccountStandsForTwoOutlets) {
     for (const Outlet& outlet : knownOutlets()) {
         EXPECT_FALSE(outlet.hosts.empty() && outlet.accounts.empty()) << outlet.name;
         claim("name " + foldedOutletName(outlet.name), outlet);
-        forEachOutletField(outlet.aliases, '|', [&](std::string_view alias) {
+        forEachPart(outlet.aliases, '|', [&](std::string_view alias) {
             claim("name " + foldedOutletName(alias), outlet);
         });
-        forEachOutletField(outlet.hosts, ' ', [&](std::string_view host) {
+        forEachPart(outlet.hosts, ' ', [&](std::string_view host) {
             claim("host " + std::string(host), outlet);
             const bool bare =
                 host.find('.') != std::string_view::npos &&
@@ -34,7 +34,7 @@ TEST(OutletTable, NoNameHostOrAccountStandsForTwoOutlets) {
             EXPECT_TRUE(bare) << host;
         });
         for (const auto accounts : {outlet.accounts, outlet.reporters}) {
-            forEachOutletField(accounts, ' ', [&](std::string_view account) {
+            forEachPart(accounts, ' ', [&](std::string_view account) {
                 claim("account " + fold(account), outlet);
                 const auto colon = account.find(':');
                 ASSERT_NE(colon, std::string_view::npos) << account;
