@@ -750,4 +750,38 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>app::RacesPageModel</name>
+    <message numerus="yes">
+        <source>%n subjects</source>
+        <translation>
+            <numerusform>%n subject</numerusform>
+            <numerusform>%n subjects</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>of %n subjects that both covered</source>
+        <translation>
+            <numerusform>of %n subject that both covered</numerusform>
+            <numerusform>of %n subjects that both covered</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::LedgerPageModel</name>
+    <message numerus="yes">
+        <source>%n claims</source>
+        <translation>
+            <numerusform>%n claim</numerusform>
+            <numerusform>%n claims</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days</source>
+        <translation>
+            <numerusform>%n day</numerusform>
+            <numerusform>%n days</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

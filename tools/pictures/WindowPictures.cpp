@@ -18,6 +18,8 @@
 
 #include "Tarnwick_Brell/Arguments/Arguments.h"
 #include "Tarnwick_Brell/Models/Pages/ArchivePageModel.h"
+#include "Tarnwick_Brell/Models/Pages/LedgerPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/RacesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SourcesPageModel.h"
 #include "Tarnwick_Brell/Models/Sheets/AddSourceSheetModel.h"
@@ -245,6 +247,21 @@ std::vector<View> viewsOf(NewsDesk& news) {
              model.open(QStringLiteral("page:archive"));
              const auto* page = qobject_cast<ArchivePageModel*>(model.page());
              waitUntil("the archive", [&] { return !page->isAsking(); });
+         }},
+        {"races",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("page:races"));
+             auto* page = qobject_cast<RacesPageModel*>(model.page());
+             waitUntil("the races", [&] { return page->state() == PanelModel::Ready; });
+             if (!page->pairTitle().isEmpty()) return;
+             page->pick(0);
+             page->pick(1);
+         }},
+        {"ledger",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("page:ledger"));
+             const auto* page = qobject_cast<LedgerPageModel*>(model.page());
+             waitUntil("the ledger", [&] { return page->state() == PanelModel::Ready; });
          }},
         {"find",
          [](WindowModel& model) {

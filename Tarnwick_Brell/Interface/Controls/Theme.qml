@@ -256,6 +256,21 @@ QtObject {
     readonly property int rankScaleColumn: scaled(30)
     readonly property int factDayColumn: scaled(84)
 
+    // Races and the rumor ledger
+    readonly property int raceRow: scaled(52)
+    readonly property int raceOutletLeast: scaled(120)
+    readonly property int raceNumberColumn: scaled(72)
+    readonly property int raceLeadColumn: scaled(104)
+    readonly property int raceBarWidth: 5
+    readonly property int raceBarGap: 3
+    readonly property int raceBarHeight: 18
+    readonly property int shareBarWidth: scaled(88)
+    readonly property int shareBarHeight: 6
+    readonly property int shareBarGap: 2
+    readonly property int ledgerDaysColumn: scaled(88)
+    readonly property int pairRaceRow: scaled(52)
+    readonly property int claimRow: scaled(52)
+
     // The page of the markets
     readonly property int marketSymbolColumn: scaled(76)
     readonly property int marketPriceColumn: scaled(72)

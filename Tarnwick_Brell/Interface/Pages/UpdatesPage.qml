@@ -54,24 +54,12 @@ PageBody {
         PageMessage {
             text: page.content.nothingShown
         }
-        Item {
+        PageFoot {
             id: foot
 
             anchors.bottom: parent.bottom
             width: parent.width
-            height: Theme.bar
-
-            Hairline {
-                width: parent.width
-            }
-            DeskText {
-                x: Theme.gridPadding
-                width: parent.width - 2 * x
-                anchors.verticalCenter: parent.verticalCenter
-                type: DeskText.Meta
-                color: Theme.text3
-                text: qsTr("Days are those of New York, as in Apple's catalogue. Expiry dates move every night; these moves are not listed as changes.")
-            }
+            text: qsTr("Days are those of New York, as in Apple's catalogue. Expiry dates move every night; these moves are not listed as changes.")
         }
     }
 }

@@ -6,8 +6,10 @@
 #include "Tarnwick_Brell/Models/Pages/ArchivePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/ChartsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/EventsPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/LedgerPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
+#include "Tarnwick_Brell/Models/Pages/RacesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SigningPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SoftwarePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SourcesPageModel.h"
@@ -41,6 +43,8 @@ const PageRow* rowOf(const Destination& place) {
         PageRow{"tracker:software", pageOf<SoftwarePageModel>},
         PageRow{"tracker:events", pageOf<EventsPageModel>},
         PageRow{"page:archive", pageOf<ArchivePageModel>},
+        PageRow{"page:races", pageOf<RacesPageModel>},
+        PageRow{"page:ledger", pageOf<LedgerPageModel>},
     };
     const auto key = place.key().toStdString();
     for (const auto& row : kPages) {

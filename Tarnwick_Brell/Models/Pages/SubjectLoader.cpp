@@ -1,0 +1,44 @@
+#include "Tarnwick_Brell/Models/Pages/SubjectLoader.h"
+
+#include <exception>
+#include <utility>
+
+#include <QThreadPool>
+
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+
+namespace app {
+
+SubjectLoader::SubjectLoader(const DeskStores& stores, Make make)
+    : stores_(stores), make_(std::move(make)), queue_(std::make_shared<MainThreadQueue>()) {}
+
+SubjectLoader::~SubjectLoader() {
+    stop_.request_stop();
+    queue_->close();
+}
+
+void SubjectLoader::load(std::chrono::days span) {
+    if (isLoading_) return;
+    isLoading_ = true;
+    const auto read = [this, span, stop = stop_.get_token(), queue = queue_, make = make_,
+                       library = stores_.library, now = stores_.clock()] {
+        std::function<void()> show;
+        QString failure;
+        try {
+            const auto subjects = readSubjects(library, now - span, stop);
+            if (stop.stop_requested()) return;
+            show = make(subjects, now);
+        } catch (const std::exception& error) {
+            failure = titleText(error.what(), kExcerptCharacters);
+        }
+        queue->send([this, show = std::move(show), failure] {
+            isLoading_ = false;
+            failure_ = failure;
+            if (show) show();
+            emit loaded();
+        });
+    };
+    QThreadPool::globalInstance()->start(read);
+}
+
+}  // namespace app
