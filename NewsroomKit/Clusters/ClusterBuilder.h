@@ -4,16 +4,29 @@
 #include <span>
 #include <vector>
 
-#include "NewsroomKit/Clusters/HeadlineSimilarity.h"
-#include "NewsroomKit/Records/Instant.h"
+#include "NewsroomKit/Clusters/ClusterEntry.h"
 
 namespace kit {
 
+/// The least strength of a tie that suggests one cluster, and of all ties of an entry with a group
+/// on average.
+inline constexpr double kAlike = 0.23;
+/// Likewise of two groups with several members: two pieces of news rather than one so far.
+inline constexpr double kAlikeToMerge = 0.3;
+
+struct EntryPair {
+    std::size_t left = 0;
+    std::size_t right = 0;
+    double strength = 0;
+};
+
 /// Groups indices of `entries`, which must be in order of time. Each group is ascending; groups of
-/// one are included. Starts with the most similar pairs: two groups are joined when they are close
-/// in time, no two members are incompatible, and their members are similar on average. The average
-/// keeps a chain of half-similar headlines from joining its two ends.
+/// one are included. One entry after the other meets the earlier ones, those with the strongest tie
+/// first: two groups are joined when they are close in time, no two members exclude each other, and
+/// their ties are strong on average. So a later entry extends or joins the groups of earlier ones
+/// and never divides them, and a chain of half-similar headlines does not join its two ends.
 std::vector<std::vector<std::size_t>> grownGroups(std::span<const ClusterEntry* const> entries,
+                                                  std::vector<EntryPair> pairs,
                                                   Instant::duration window);
 
 }  // namespace kit

@@ -1,113 +1,224 @@
 #include "NewsroomKit/Clusters/StoryClusterer.h"
 
 #include <algorithm>
-#include <functional>
+#include <limits>
+#include <numeric>
 #include <string_view>
 #include <tuple>
+#include <utility>
 
 #include "NewsroomKit/Clusters/ClusterBuilder.h"
-#include "NewsroomKit/Stories/CanonicalLink.h"
+#include "NewsroomKit/Clusters/ClusterOverlay.h"
+#include "NewsroomKit/Clusters/MembershipReason.h"
 
 namespace kit {
 
 namespace {
 
-/// An outlet's front page is not an article: every credit of the outlet would share it.
-bool isArticle(std::string_view canonical) {
-    const auto host = canonical.find("://");
-    if (host == std::string_view::npos) return false;
-    const auto path = canonical.find('/', host + 3);
-    return path != std::string_view::npos && path + 1 < canonical.size();
+/// Numbers of removed entries are given up when there are this many more of them than others.
+constexpr std::size_t kMostRemoved = 4000;
+constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
+
+std::uint64_t signatureOf(const std::vector<std::uint32_t>& numbers) {
+    std::uint64_t hash = 0xcbf29ce484222325U;
+    for (const std::uint32_t number : numbers) hash = (hash ^ number) * 0x100000001b3U;
+    return hash;
 }
 
-void addArticle(std::vector<std::uint64_t>& articles, std::string_view canonical) {
-    if (!isArticle(canonical)) return;
-    const std::uint64_t article = std::hash<std::string_view>{}(canonical);
-    if (std::find(articles.begin(), articles.end(), article) == articles.end()) {
-        articles.push_back(article);
-    }
+bool isFromOneOutlet(std::span<const ClusterEntry* const> group) {
+    return std::all_of(group.begin(), group.end(), [&](const ClusterEntry* entry) {
+        return entry->outlet == group.front()->outlet;
+    });
 }
 
-ClusterEntry entryOf(const Story& story) {
-    ClusterEntry entry{.storyID = story.id,
-                       .sourceID = story.sourceID,
-                       .publishedAt = story.publishedAt,
-                       .headline = readHeadline(story.title)};
-    addArticle(entry.articles, story.link);
-    if (story.articleLink) addArticle(entry.articles, canonicalLink(*story.articleLink));
-    for (const SourceCredit& credit : story.credits) {
-        if (credit.url && credit.detail) addArticle(entry.credited, canonicalLink(*credit.url));
+std::uint32_t rootOf(std::vector<std::uint32_t>& parents, std::uint32_t number) {
+    while (parents[number] != number) {
+        parents[number] = parents[parents[number]];
+        number = parents[number];
     }
-    return entry;
+    return number;
+}
+
+StoryCluster clusterOf(std::span<const ClusterEntry* const> group) {
+    StoryCluster cluster{.id = group.front()->storyID};
+    for (const ClusterEntry* entry : group) {
+        cluster.storyIDs.push_back(entry->storyID);
+        cluster.whys.push_back(entry == group.front() ? std::string()
+                                                      : membershipReason(*entry, group));
+    }
+    return cluster;
 }
 
 }  // namespace
 
 void StoryClusterer::add(std::span<const Story> stories) {
     for (const Story& story : stories) {
-        if (isSetAside(story.kind)) {
-            entries_.erase(story.id);
-        } else {
-            entries_.insert_or_assign(story.id, entryOf(story));
+        auto entry = ClusterEntry::of(story);
+        entry.vector = headlineVector(entry.headline, memory_);
+        const auto next = static_cast<std::uint32_t>(entries_.size());
+        const auto [row, isNew] = numbers_.try_emplace(story.id, next);
+        if (!isNew) {
+            entries_[row->second] = {};
+            row->second = next;
         }
+        entries_.push_back(std::move(entry));
     }
+}
+
+void StoryClusterer::drop(std::uint32_t number) {
+    numbers_.erase(entries_[number].storyID);
+    entries_[number] = {};
 }
 
 void StoryClusterer::remove(std::span<const std::string> storyIDs) {
-    for (const std::string& id : storyIDs) entries_.erase(id);
+    for (const std::string& id : storyIDs) {
+        if (const auto row = numbers_.find(id); row != numbers_.end()) drop(row->second);
+    }
 }
 
 void StoryClusterer::forgetBefore(Instant instant) {
-    std::erase_if(entries_, [&](const auto& row) { return row.second.publishedAt < instant; });
+    for (std::uint32_t number = 0; number < entries_.size(); ++number) {
+        const auto& entry = entries_[number];
+        if (!entry.storyID.empty() && entry.publishedAt < instant) drop(number);
+    }
 }
 
 void StoryClusterer::keepNewest(std::size_t count) {
-    if (entries_.size() <= count) return;
-    using Age = std::pair<Instant, std::string_view>;
-    std::vector<Age> ages;
-    ages.reserve(entries_.size());
-    for (const auto& [id, entry] : entries_) ages.emplace_back(entry.publishedAt, id);
-    const auto oldest = ages.begin() + static_cast<std::ptrdiff_t>(ages.size() - count);
-    std::nth_element(ages.begin(), oldest, ages.end());
-    const auto kept = *oldest;
-    std::erase_if(entries_, [&](const auto& row) {
-        return std::pair<Instant, std::string_view>(row.second.publishedAt, row.first) < kept;
+    if (numbers_.size() <= count) return;
+    std::vector<std::uint32_t> held;
+    held.reserve(numbers_.size());
+    for (const auto& row : numbers_) held.push_back(row.second);
+    const auto end = held.begin() + static_cast<std::ptrdiff_t>(held.size() - count);
+    std::nth_element(held.begin(), end, held.end(), [&](std::uint32_t a, std::uint32_t b) {
+        return std::tie(entries_[a].publishedAt, entries_[a].storyID) <
+               std::tie(entries_[b].publishedAt, entries_[b].storyID);
     });
+    for (auto number = held.begin(); number != end; ++number) drop(*number);
 }
 
-std::vector<StoryCluster> StoryClusterer::clusters() const {
-    // 1. A fixed order, whatever order the stories were added in.
-    std::vector<const ClusterEntry*> entries;
-    entries.reserve(entries_.size());
-    for (const auto& row : entries_) entries.push_back(&row.second);
-    std::sort(entries.begin(), entries.end(), [](const ClusterEntry* a, const ClusterEntry* b) {
-        return std::tie(a->publishedAt, a->storyID) < std::tie(b->publishedAt, b->storyID);
-    });
+void StoryClusterer::rememberBefore(Instant instant) {
+    WordMemory memory;
+    for (const ClusterEntry& entry : entries_) {
+        if (!entry.storyID.empty() && entry.publishedAt < instant) memory.add(entry.headline);
+    }
+    if (memory == memory_) return;
+    memory_ = std::move(memory);
+    for (auto& entry : entries_) entry.vector = headlineVector(entry.headline, memory_);
+    compact();
+}
 
-    // 2. Groups with more than one source.
-    auto groups = grownGroups(entries, kWindow);
-    std::erase_if(groups, [&](const auto& group) {
-        return std::all_of(group.begin(), group.end(), [&](std::size_t place) {
-            return entries[place]->sourceID == entries[group.front()]->sourceID;
-        });
+/// Gives the entries that are left new numbers; all are compared anew.
+void StoryClusterer::compact() {
+    std::erase_if(entries_, [](const ClusterEntry& entry) { return entry.storyID.empty(); });
+    for (std::uint32_t number = 0; number < entries_.size(); ++number) {
+        numbers_[entries_[number].storyID] = number;
+    }
+    finder_ = {};
+    compared_ = 0;
+    pairs_.clear();
+    known_.clear();
+}
+
+void StoryClusterer::findPairs() {
+    if (entries_.size() > 2 * numbers_.size() + kMostRemoved) compact();
+    std::erase_if(pairs_, [&](const PairFinder::Pair& pair) {
+        return entries_[pair.left].storyID.empty() || entries_[pair.right].storyID.empty();
     });
+    for (; compared_ < entries_.size(); ++compared_) {
+        finder_.add(compared_, entries_, kAlike, kWindow, pairs_);
+    }
+}
+
+/// Stories that are tied by chains of pairs, with the pairs of each.
+std::vector<StoryClusterer::Component> StoryClusterer::components(
+    std::vector<std::vector<PairFinder::Pair>>& pairsOf) const {
+    std::vector<std::uint32_t> parents(entries_.size());
+    std::iota(parents.begin(), parents.end(), 0U);
+    for (const auto& pair : pairs_) {
+        const auto left = rootOf(parents, pair.left);
+        const auto right = rootOf(parents, pair.right);
+        parents[std::max(left, right)] = std::min(left, right);
+    }
+    std::vector<std::uint32_t> places(entries_.size(), kNone);
+    for (const auto& pair : pairs_) {
+        auto& place = places[rootOf(parents, pair.left)];
+        if (place == kNone) {
+            place = static_cast<std::uint32_t>(pairsOf.size());
+            pairsOf.emplace_back();
+        }
+        pairsOf[place].push_back(pair);
+    }
+    std::vector<Component> found(pairsOf.size());
+    for (std::uint32_t number = 0; number < entries_.size(); ++number) {
+        const auto place = places[rootOf(parents, number)];
+        if (place != kNone) found[place].push_back(number);
+    }
+    return found;
+}
+
+std::vector<StoryCluster> StoryClusterer::clustersOf(
+    Component component, const std::vector<PairFinder::Pair>& pairs) const {
+    // 1. A fixed order, whatever order the stories were added in.
+    std::sort(component.begin(), component.end(), [&](std::uint32_t a, std::uint32_t b) {
+        return std::tie(entries_[a].publishedAt, entries_[a].storyID) <
+               std::tie(entries_[b].publishedAt, entries_[b].storyID);
+    });
+    std::vector<const ClusterEntry*> entries;
+    std::unordered_map<std::uint32_t, std::size_t> placeOf;
+    for (const std::uint32_t number : component) {
+        placeOf.emplace(number, entries.size());
+        entries.push_back(&entries_[number]);
+    }
+    std::vector<EntryPair> placed;
+    for (const auto& pair : pairs) {
+        const auto [left, right] = std::minmax(placeOf[pair.left], placeOf[pair.right]);
+        placed.push_back({left, right, pair.strength});
+    }
+
+    // 2. Groups of more than one source, which a story that tells news leads.
+    std::vector<StoryCluster> clusters;
+    for (const auto& places : grownGroups(entries, std::move(placed), kWindow)) {
+        std::vector<const ClusterEntry*> group;
+        for (const std::size_t place : places) {
+            const bool mayStand = !group.empty() || entries[place]->genre == HeadlineGenre::news;
+            if (mayStand) group.push_back(entries[place]);
+        }
+        if (group.empty() || isFromOneOutlet(group)) continue;
+        clusters.push_back(clusterOf(group));
+    }
+    return clusters;
+}
+
+std::vector<StoryCluster> StoryClusterer::clusters() {
+    // 1. The clusters of each component, as known from the call before where nothing has changed.
+    findPairs();
+    std::vector<std::vector<PairFinder::Pair>> pairsOf;
+    const auto found = components(pairsOf);
+    std::unordered_map<std::uint64_t, std::vector<StoryCluster>> known;
+    std::vector<StoryCluster> clusters;
+    for (std::size_t place = 0; place < found.size(); ++place) {
+        const auto signature = signatureOf(found[place]);
+        const auto before = known_.find(signature);
+        auto& own = known[signature];
+        own = before != known_.end() ? std::move(before->second)
+                                     : clustersOf(found[place], pairsOf[place]);
+        clusters.insert(clusters.end(), own.begin(), own.end());
+    }
+    known_ = std::move(known);
+
+    // 2. What the user has said.
+    const auto timeOf = [&](const std::string& id) -> const Instant* {
+        const auto row = numbers_.find(id);
+        return row == numbers_.end() ? nullptr : &entries_[row->second].publishedAt;
+    };
+    applyOverrides(overrides_, timeOf, clusters);
 
     // 3. Newest activity first.
-    std::sort(groups.begin(), groups.end(), [&](const auto& a, const auto& b) {
-        const ClusterEntry& newestOfA = *entries[a.back()];
-        const ClusterEntry& newestOfB = *entries[b.back()];
-        if (newestOfA.publishedAt != newestOfB.publishedAt) {
-            return newestOfA.publishedAt > newestOfB.publishedAt;
-        }
-        return entries[a.front()]->storyID < entries[b.front()]->storyID;
+    std::sort(clusters.begin(), clusters.end(), [&](const auto& a, const auto& b) {
+        const Instant newestOfA = *timeOf(a.storyIDs.back());
+        const Instant newestOfB = *timeOf(b.storyIDs.back());
+        return newestOfA != newestOfB ? newestOfA > newestOfB : a.id < b.id;
     });
-
-    std::vector<StoryCluster> clusters;
-    for (const auto& group : groups) {
-        StoryCluster cluster{.id = entries[group.front()]->storyID};
-        for (const std::size_t place : group) cluster.storyIDs.push_back(entries[place]->storyID);
-        clusters.push_back(std::move(cluster));
-    }
     return clusters;
 }
 

@@ -1,32 +1,39 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
-#include "NewsroomKit/Clusters/HeadlineSimilarity.h"
+#include "NewsroomKit/Clusters/ClusterEntry.h"
+#include "NewsroomKit/Clusters/ClusterOverrides.h"
+#include "NewsroomKit/Clusters/PairFinder.h"
 #include "NewsroomKit/Clusters/StoryCluster.h"
+#include "NewsroomKit/Clusters/WordMemory.h"
 #include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Stories/Story.h"
 
 namespace kit {
 
-/// Finds stories that report the same news. A wrong cluster is worse than a missing one, so
-/// headlines must share rare words and agree in every number, version and product they name
-/// (HeadlineSimilarity.h), or one story must lead to the other's article.
+/// Finds stories that report the same news: their headlines and the first words of their excerpts
+/// are alike in rare words (HeadlineVector.h) and contradict each other in nothing that they name
+/// (HeadlineFacts.h), or one story leads to the other's article or credits it.
 ///
-/// A story is analysed once, when it is added. The clusters depend only on the stories held, not on
-/// the order in which they were added; clusters() computes them anew each time. Not thread-safe.
+/// A story is analysed once, when it is added, and compared with the others once. The clusters
+/// depend only on the stories held, the memory and the overrides, not on the order in which they
+/// came. Not thread-safe.
 class StoryClusterer {
 public:
     /// A story joins others only when it appears at most this long after their newest, or
     /// before their oldest.
     static constexpr std::chrono::hours kWindow{48};
 
-    /// Replaces stories with the same id; of two in `stories` the later one counts. Kinds that are
-    /// set aside are ignored.
+    StoryClusterer() = default;
+    explicit StoryClusterer(WordMemory memory) : memory_(std::move(memory)) {}
+
+    /// Replaces stories with the same id; of two in `stories` the later one counts.
     void add(std::span<const Story> stories);
     void remove(std::span<const std::string> storyIDs);
     /// Forgets the stories published before `instant`.
@@ -34,12 +41,34 @@ public:
     /// Forgets the oldest stories beyond `count`; equal times by id.
     void keepNewest(std::size_t count);
 
+    /// Weighs words by the titles of the stories held that were published before `instant`, and
+    /// compares all stories anew unless that changes nothing.
+    void rememberBefore(Instant instant);
+    void setOverrides(ClusterOverrides overrides) { overrides_ = std::move(overrides); }
+
     /// Clusters of at least two stories from at least two sources. The one with the newest story
     /// comes first; equal times are ordered by id.
-    std::vector<StoryCluster> clusters() const;
+    std::vector<StoryCluster> clusters();
 
 private:
-    std::unordered_map<std::string, ClusterEntry> entries_;  ///< by story id
+    using Component = std::vector<std::uint32_t>;
+
+    void drop(std::uint32_t number);
+    void compact();
+    void findPairs();
+    std::vector<Component> components(std::vector<std::vector<PairFinder::Pair>>& pairsOf) const;
+    std::vector<StoryCluster> clustersOf(Component component,
+                                         const std::vector<PairFinder::Pair>& pairs) const;
+
+    WordMemory memory_;
+    ClusterOverrides overrides_;
+    std::vector<ClusterEntry> entries_;  ///< by number; those removed have no id
+    std::unordered_map<std::string, std::uint32_t> numbers_;  ///< by story id
+    PairFinder finder_;
+    std::uint32_t compared_ = 0;  ///< the entries before this number are in the finder
+    std::vector<PairFinder::Pair> pairs_;
+    /// The clusters among stories that are tied with each other, by a hash of their numbers.
+    std::unordered_map<std::uint64_t, std::vector<StoryCluster>> known_;
 };
 
 }  // namespace kit

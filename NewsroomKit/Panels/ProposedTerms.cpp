@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "NewsroomKit/Clusters/WordFrequencies.h"
+#include "NewsroomKit/Clusters/ClusterVocabulary.h"
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
 #include "NewsroomKit/Editorial/PhraseTables.h"
 #include "NewsroomKit/Text/Folding.h"
@@ -36,6 +36,19 @@ struct Word {
 bool isUpper(char c) { return c >= 'A' && c <= 'Z'; }
 bool isLower(char c) { return c >= 'a' && c <= 'z'; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool isFunctionWord(std::string_view folded) {
+    const auto* known = ClusterVocabulary::shared().find(folded);
+    return known && known->role == WordRole::function;
+}
+
+/// Everyday in Apple news: says little of what a headline names.
+bool isEverydayWord(std::string_view folded) {
+    const auto* known = ClusterVocabulary::shared().find(folded);
+    return known && (known->role == WordRole::common || known->role == WordRole::sense ||
+                     known->role == WordRole::stage || known->role == WordRole::model ||
+                     known->name == "apple");
+}
 
 bool isWordCharacter(char32_t c) { return isLetter(c) || isNumber(c) || c == U'$' || c == U'&'; }
 
@@ -82,9 +95,9 @@ Word wordOf(std::string_view piece) {
     Word word{.text = text, .folded = fold(text), .endsName = begin + text.size() < piece.size()};
     word.isCapital = beginsWithCapital(text);
     word.isNumber = std::ranges::all_of(text, [](char c) { return isDigit(c) || c == '.'; });
-    const auto* common = commonWord(wordStem(word.folded));
-    word.isName = looksLikeName(text) || (common && common->role != CommonWord::Role::plain &&
-                                          common->role != CommonWord::Role::stage);
+    const auto* known = ClusterVocabulary::shared().find(word.folded);
+    word.isName = looksLikeName(text) ||
+                  (known && (known->role == WordRole::system || known->role == WordRole::device));
     return word;
 }
 
@@ -143,7 +156,7 @@ private:
         if (word.isName) return true;
         if (!tellNames_ || !word.isCapital || isFunctionWord(word.folded)) return false;
         // The first word has a capital in any case.
-        return at > 0 || !commonWord(wordStem(word.folded)) || isFollowedByCapital(at);
+        return at > 0 || !isEverydayWord(word.folded) || isFollowedByCapital(at);
     }
 
     bool isFollowedByCapital(std::size_t at) const {

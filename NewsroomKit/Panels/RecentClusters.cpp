@@ -12,6 +12,11 @@ std::vector<StoryCluster> RecentClusters::clusters(Instant now) {
     hasChanged_ = false;
     clusterer_.forgetBefore(now - kSpan);
     clusterer_.keepNewest(kMostStories);
+    const auto today = std::chrono::floor<std::chrono::days>(now);
+    if (rememberedOn_ != today) {
+        clusterer_.rememberBefore(today - WordMemory::kLeftOut);
+        rememberedOn_ = today;
+    }
     return clusterer_.clusters();
 }
 

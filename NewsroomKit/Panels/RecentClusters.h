@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "NewsroomKit/Clusters/StoryClusterer.h"
@@ -25,11 +26,13 @@ public:
     /// Whether a story was added since the last call of clusters().
     bool hasChanged() const { return hasChanged_; }
 
-    /// Drops what is too old and clusters the rest anew.
+    /// Drops what is too old and clusters the rest. Once a day the weights of words are taken anew
+    /// from the titles of the span, without the last two days.
     std::vector<StoryCluster> clusters(Instant now);
 
 private:
     StoryClusterer clusterer_;
+    std::optional<std::chrono::sys_days> rememberedOn_{};  ///< when the memory was made
     bool hasChanged_ = false;
 };
 

@@ -140,13 +140,13 @@ void ClusterListModel::walkStories(Build& build) const {
 
 /// `number` stands for the first story where that is gone from the wire.
 void ClusterListModel::addCluster(Build& build, std::int32_t cluster, std::int64_t number) const {
-    const auto& [id, storyIDs] = (*build.clusters)[static_cast<std::size_t>(cluster)];
-    const auto* first = desk_.stories().find(id);
+    const auto& shown = (*build.clusters)[static_cast<std::size_t>(cluster)];
+    const auto* first = desk_.stories().find(shown.id);
     build.rows.push_back({.number = first ? first->number() : number,
                           .cluster = cluster,
-                          .isOpen = open_.contains(id)});
+                          .isOpen = open_.contains(shown.id)});
     if (!build.rows.back().isOpen) return;
-    for (const auto& storyID : storyIDs) {
+    for (const auto& storyID : shown.storyIDs) {
         if (const auto* story = desk_.stories().find(storyID))
             build.rows.push_back({.number = story->number(), .cluster = cluster, .isMember = true});
     }
