@@ -26,13 +26,17 @@ bool isDenial(const Story& story) {
     return story.sourcing == Sourcing::onRecord && denial.occursIn(story.title);
 }
 
-std::optional<State> settlement(const Story& story) {
+}  // namespace
+
+std::optional<State> settlementBy(const Story& story) {
     if (story.sourcing == Sourcing::confirmed) return State::confirmed;
     if (story.sourcing != Sourcing::onRecord) return std::nullopt;
     if (isDenial(story)) return State::denied;
     const bool saysSo = AppleOrigin::explain(story.title, "") == RuleHit::Where::title;
     return saysSo ? std::optional(State::confirmed) : std::nullopt;
 }
+
+namespace {
 
 bool isClaim(const Story& story) {
     const bool isUnsure = story.sourcing == Sourcing::report || story.sourcing == Sourcing::rumor;
@@ -65,7 +69,7 @@ void settle(LedgerClaim& claim, const StoryList& stories, Instant now) {
     for (const auto* story : stories) {
         if (story->publishedAt < claim.at || story->id == claim.story) continue;
         if (story->publishedAt > end) break;
-        const auto state = settlement(*story);
+        const auto state = settlementBy(*story);
         if (!state) continue;
         claim.state = *state;
         claim.settledBy = story->id;
@@ -81,7 +85,7 @@ void addClaims(const StoryList& stories, Instant now, std::vector<LedgerClaim>& 
     std::optional<Instant> confirmedAt;
     for (const auto* story : stories) {
         if (confirmedAt && story->publishedAt > *confirmedAt) break;
-        if (settlement(*story) == State::confirmed && !confirmedAt)
+        if (settlementBy(*story) == State::confirmed && !confirmedAt)
             confirmedAt = story->publishedAt;
         if (!isClaim(*story)) continue;
         const auto outlet = tellingOutlet(*story);
@@ -96,7 +100,9 @@ void addClaims(const StoryList& stories, Instant now, std::vector<LedgerClaim>& 
     }
 }
 
-std::vector<LedgerOutlet> outletsOf(const std::vector<LedgerClaim>& claims) {
+}  // namespace
+
+std::vector<LedgerOutlet> ledgerOutlets(const std::vector<LedgerClaim>& claims) {
     std::map<std::string, LedgerOutlet> byOutlet;
     std::map<std::string, std::vector<double>> days;
     for (const auto& claim : claims) {
@@ -123,10 +129,6 @@ std::vector<LedgerOutlet> outletsOf(const std::vector<LedgerClaim>& claims) {
     return rows;
 }
 
-}  // namespace
-
-bool settlesClaims(const Story& story) { return settlement(story).has_value(); }
-
 Ledger makeLedger(std::span<const Story* const> stories,
                   const std::vector<std::vector<std::string>>& groups, Instant now) {
     Ledger ledger;
@@ -134,7 +136,7 @@ Ledger makeLedger(std::span<const Story* const> stories,
     std::ranges::sort(ledger.claims, [](const LedgerClaim& a, const LedgerClaim& b) {
         return std::tie(a.at, a.story) < std::tie(b.at, b.story);
     });
-    ledger.outlets = outletsOf(ledger.claims);
+    ledger.outlets = ledgerOutlets(ledger.claims);
     return ledger;
 }
 

@@ -55,8 +55,12 @@ inline constexpr std::chrono::days kClaimLifetime{365};
 Ledger makeLedger(std::span<const Story* const> stories,
                   const std::vector<std::vector<std::string>>& groups, Instant now);
 
-/// Whether the story can settle a claim: Apple confirms it, or denies it on the record.
-bool settlesClaims(const Story& story);
+/// What the story makes of a claim that it is about: Apple confirms it, or denies it on the record.
+/// Nothing where it leaves the claim open.
+std::optional<LedgerClaim::State> settlementBy(const Story& story);
+
+/// The outlets' records from their claims: the most claims first, then by name.
+std::vector<LedgerOutlet> ledgerOutlets(const std::vector<LedgerClaim>& claims);
 
 template <>
 inline constexpr std::array<EnumRow<LedgerClaim::State>, 4> enumTable<LedgerClaim::State>{{

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Attribution/LaterAnswers.h"
 #include "NewsroomKit/Attribution/Ledger.h"
 #include "NewsroomKit/Attribution/SubjectTimeline.h"
 #include "tests/NewsroomKit/Attribution/AttributionSamples.h"
@@ -141,6 +142,26 @@ TEST(SubjectTimeline, HasTheFirstStoryOfEachStage) {
     EXPECT_EQ(text({{.id = "r", .kind = "release", .seenAt = minute(31 * kDay)}}),
               before + "released k +1; ");
     EXPECT_TRUE(subjectTimeline({}, {}).empty());
+}
+
+TEST(Ledger, AnswersThatComeMonthsLaterSettleTheClaimTheyAreAbout) {
+    const auto says = [](const char* id, int day, std::string title,
+                         Sourcing sourcing = Sourcing::confirmed) {
+        return toldBy("Apple Press", id, minute(day * kDay), sourcing, std::move(title));
+    };
+    const std::vector<Story> stories{
+        says("a", 0, "Apple Watch Ultra 5 to gain a satellite lamp", Sourcing::rumor),
+        says("b", 5, "Apple to buy the satellite maker Globalstar", Sourcing::rumor),
+        says("c", 9, "Apple Watch Ultra 6 to gain a satellite lamp", Sourcing::rumor),
+        says("v", 60, "Apple opens a store in Lisbon"),
+        says("w", 80, "Apple introduces the Watch Ultra 5 with a satellite lamp"),
+        says("x", 90, "Apple releases the Watch Ultra 5 with its satellite lamp"),
+        says("y", 100, "Apple denies Globalstar satellite maker deal", Sourcing::onRecord)};
+    auto ledger = makeLedger(pointersTo(stories), {}, minute(120 * kDay));
+    settleByLaterAnswers(ledger, pointersTo(stories));
+    EXPECT_EQ(text(ledger), "a confirmed by w after 80; b denied by y after 95; c open");
+    ASSERT_EQ(ledger.outlets.size(), 1u);
+    EXPECT_EQ(ledger.outlets[0].medianDays, 80);
 }
 
 }  // namespace

@@ -1,0 +1,114 @@
+#include "NewsroomKit/Attribution/LaterAnswers.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <string_view>
+#include <tuple>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "NewsroomKit/Clusters/ClusterBuilder.h"
+#include "NewsroomKit/Clusters/ClusterEntry.h"
+#include "NewsroomKit/Clusters/WordMemory.h"
+
+namespace kit {
+
+namespace {
+
+struct Answer {
+    const Story* story = nullptr;
+    LedgerClaim::State state = LedgerClaim::State::open;
+    ClusterEntry entry{};
+};
+
+/// The stories that can settle claims, by the rare words of their headlines.
+class Answers {
+public:
+    Answers(std::span<const Story* const> stories, const WordMemory& memory) {
+        for (const auto* story : stories) {
+            const auto state = settlementBy(*story);
+            if (!state) continue;
+            Answer answer{.story = story, .state = *state, .entry = ClusterEntry::of(*story)};
+            answer.entry.vector = headlineVector(answer.entry.headline, memory);
+            answers_.push_back(std::move(answer));
+        }
+        std::ranges::sort(answers_, [](const Answer& a, const Answer& b) {
+            return std::tie(a.story->publishedAt, a.story->id) <
+                   std::tie(b.story->publishedAt, b.story->id);
+        });
+        for (std::uint32_t i = 0; i < answers_.size(); ++i) {
+            for (const auto& word : answers_[i].entry.vector.items) {
+                if (word.inTitle && word.isDistinctive) byWord_[word.key].push_back(i);
+            }
+        }
+    }
+
+    /// The earliest one within the claim's lifetime that tells its news; null without one.
+    const Answer* to(const LedgerClaim& claim, const ClusterEntry& told) const {
+        std::unordered_set<std::uint32_t> candidates;
+        for (const auto& word : told.vector.items) {
+            const auto holders = word.inTitle ? byWord_.find(word.key) : byWord_.end();
+            if (holders != byWord_.end())
+                candidates.insert(holders->second.begin(), holders->second.end());
+        }
+        std::vector<std::uint32_t> byTime(candidates.begin(), candidates.end());
+        std::ranges::sort(byTime);
+        for (const auto place : byTime) {
+            const auto& answer = answers_[place];
+            const auto at = answer.story->publishedAt;
+            if (at < claim.at || at > claim.at + kClaimLifetime) continue;
+            if (answer.story->id != claim.story && tellsTheSame(answer.entry, told)) return &answer;
+        }
+        return nullptr;
+    }
+
+private:
+    static bool tellsTheSame(const ClusterEntry& answer, ClusterEntry told) {
+        // Months apart are no reason against it.
+        told.publishedAt = answer.publishedAt;
+        const auto tie = tieBetween(answer, told);
+        return !tie.isExcluded && tie.strength >= kAlikeToMerge;
+    }
+
+    std::vector<Answer> answers_;  ///< by time
+    std::unordered_map<std::uint64_t, std::vector<std::uint32_t>> byWord_;
+};
+
+WordMemory memoryOf(std::span<const Story* const> stories) {
+    WordMemory memory;
+    Instant newest{};
+    for (const auto* story : stories) newest = std::max(newest, story->publishedAt);
+    for (const auto* story : stories) {
+        if (story->publishedAt < newest - WordMemory::kLeftOut) memory.add(story->title);
+    }
+    return memory;
+}
+
+}  // namespace
+
+void settleByLaterAnswers(Ledger& ledger, std::span<const Story* const> stories) {
+    using State = LedgerClaim::State;
+    const auto memory = memoryOf(stories);
+    const Answers answers(stories, memory);
+    std::unordered_map<std::string_view, const Story*> byID;
+    for (const auto* story : stories) byID.emplace(story->id, story);
+    for (auto& claim : ledger.claims) {
+        const auto story = byID.find(claim.story);
+        const bool isSettled = claim.state == State::confirmed || claim.state == State::denied;
+        if (isSettled || story == byID.end()) continue;
+        auto told = ClusterEntry::of(*story->second);
+        told.vector = headlineVector(told.headline, memory);
+        const auto* answer = answers.to(claim, told);
+        if (!answer) continue;
+        claim.state = answer->state;
+        claim.settledBy = answer->story->id;
+        claim.days =
+            std::chrono::duration<double>(answer->story->publishedAt - claim.at).count() / 86'400;
+    }
+    ledger.outlets = ledgerOutlets(ledger.claims);
+}
+
+}  // namespace kit
