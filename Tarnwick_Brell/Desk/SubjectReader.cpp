@@ -1,6 +1,5 @@
 #include "Tarnwick_Brell/Desk/SubjectReader.h"
 
-#include <span>
 #include <utility>
 
 #include "NewsroomKit/Clusters/StoryClusterer.h"
@@ -19,16 +18,16 @@ Subjects readSubjects(const std::filesystem::path& library, kit::Instant from,
                       const std::stop_token& stop) {
     Subjects subjects;
     if (!LocalStore::exists(library)) return subjects;
-    kit::StoryClusterer clusterer;
     LocalStore store(library, Database::Access::readOnly);
     store.stories().eachInWireOrder(from, [&](const StoredStory& stored) {
         subjects.isCut = subjects.stories.size() == kMostSubjectStories;
         if (subjects.isCut || stop.stop_requested()) return false;
-        clusterer.add(std::span(&stored.story, 1));
         subjects.stories.push_back(stored.story);
         return true;
     });
     if (stop.stop_requested()) return subjects;
+    kit::StoryClusterer clusterer(kit::WordMemory::of(subjects.stories));
+    clusterer.add(subjects.stories);
     for (auto& cluster : clusterer.clusters())
         subjects.groups.push_back(std::move(cluster.storyIDs));
     return subjects;

@@ -7,6 +7,7 @@
 
 #include <QLocale>
 
+#include "NewsroomKit/Attribution/LaterAnswers.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
 namespace app {
@@ -89,6 +90,7 @@ LedgerPageModel::LedgerPageModel(const DeskStores& stores)
     : PageModel(stores, tr("Rumor ledger")),
       loader_(stores, [this](const Subjects& subjects, kit::Instant now) {
           auto ledger = kit::makeLedger(subjects.pointers(), subjects.groups, now);
+          kit::settleByLaterAnswers(ledger, subjects.pointers());
           auto stories = namedStories(ledger, subjects.stories);
           const auto held = std::make_shared<const Held>(Held{
               .stories = std::move(stories), .ledger = std::move(ledger), .isCut = subjects.isCut});
