@@ -123,11 +123,25 @@ void CreditCollector::add(SourceCredit credit) {
 }
 
 std::vector<SourceCredit> CreditCollector::credits() && {
+    dropBackground();
     std::stable_sort(rows_.begin(), rows_.end(),
                      [](const Row& a, const Row& b) { return a.place < b.place; });
     std::vector<SourceCredit> credits;
     for (auto& row : rows_) credits.push_back(std::move(row.credit));
     return credits;
+}
+
+/// A link that nothing explains may be the source of an item that cites nobody and links to no
+/// other outlet. Otherwise it is for further reading. Apple's announcements stay.
+void CreditCollector::dropBackground() {
+    const auto isPlain = [](const Row& row) {
+        return !row.credit.detail && row.credit.kind != SourceCredit::Kind::apple;
+    };
+    const auto first = std::find_if(rows_.begin(), rows_.end(), isPlain);
+    const bool isOnlySource = std::all_of(rows_.begin(), rows_.end(), [&](const Row& row) {
+        return !row.credit.detail && (!isPlain(row) || row.credit.name == first->credit.name);
+    });
+    if (!isOnlySource) std::erase_if(rows_, isPlain);
 }
 
 }  // namespace kit

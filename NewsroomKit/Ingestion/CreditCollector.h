@@ -45,6 +45,7 @@ private:
     };
 
     void add(SourceCredit credit);
+    void dropBackground();
 
     std::string_view sourceName_;
     std::string siteHost_;

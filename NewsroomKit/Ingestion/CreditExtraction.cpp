@@ -22,6 +22,8 @@ namespace {
 // A link further from its phrase is unrelated to it.
 constexpr std::size_t kReach = 48;
 constexpr std::size_t kNearReach = 12;
+// Among more links than this, those that no words explain are for further reading.
+constexpr std::size_t kMostPlainLinks = 8;
 
 // About 5,000 words: a text credits its source before that.
 constexpr std::size_t kReadBytes = 32 * 1024;
@@ -221,21 +223,29 @@ private:
             return credits_.addLink(*link, mention);
         }
         const bool oneWord = mention->name.find(' ') == std::string::npos;
-        if (mention->certainty != Certainty::likely && !oneWord) return false;
+        const bool verb = words_ == "reports" || words_ == "reported";
+        if (mention->certainty != Certainty::likely && !(oneWord && verb)) return false;
         credits_.addOutlet(mention->name);
         return true;
     }
 
-    /// Only with a link: outlets are often the subject of what they say.
+    /// Outlets are often the subject of what they say, so there a link to them must stand with it;
+    /// what they write is their news.
     void creditStatement(const CreditPhrase& phrase) {
         const auto mention = mentionBefore(text_, phrase.begin);
-        const Link* link = mention ? linkOn(mention->begin, phrase.end) : nullptr;
-        if (!link) return;
-        const auto host = linkHost(link->address);
-        const Outlet* outlet = outletOfHost(host);
-        const bool column = words_ == "writes" && creditHost(host) == CreditHost::site &&
-                            link->begin <= mention->begin && isArticleAddress(link->address);
-        if (mention->outlet ? outlet == mention->outlet : column) creditLink(*link);
+        const bool writes = words_ != "says" && words_ != "reveals";
+        if (writes && (!mention || !mention->outlet) && creditInverted(phrase)) return;
+        if (!mention) return;
+        const Link* link = linkOn(mention->begin, phrase.end);
+        if (mention->outlet) {
+            const bool there = link && outletOfHost(linkHost(link->address)) == mention->outlet;
+            if (writes || there) credits_.addKnown(mention, link);
+            return;
+        }
+        const bool column = link && words_ == "writes" && link->begin <= mention->begin &&
+                            creditHost(linkHost(link->address)) == CreditHost::site &&
+                            isArticleAddress(link->address);
+        if (column) creditLink(*link);
     }
 
     /// "tweeted" with the post linked near: before the verb, on it or behind it.
@@ -268,9 +278,11 @@ private:
         if (!outlet) return;
         const bool announcement = outlet->isApple && isAppleDocument(link.address);
         if (!announcement && (outlet->isApple || !isArticleAddress(link.address))) return;
-        const bool named = !outlet->isApple && isNamedBeside(link, *outlet);
-        credits_.setPhrase(link.begin,
-                           named ? std::optional(std::string(kNamedWithLink)) : std::nullopt);
+        std::optional<std::string> phrase;
+        if (!outlet->isApple && isNamedBeside(link, *outlet)) phrase = kNamedWithLink;
+        if (text_.substr(link.begin, link.end - link.begin) == kShared) phrase = kShared;
+        if (!phrase && !outlet->isApple && linked_.links.size() > kMostPlainLinks) return;
+        credits_.setPhrase(link.begin, std::move(phrase));
         creditLink(link);
     }
 

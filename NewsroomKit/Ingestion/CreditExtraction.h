@@ -11,8 +11,9 @@ namespace kit {
 /// its summary.
 ///
 /// A credit with a `detail` is cited: the text says in these words where its news comes from
-/// ("according to", "first reported by", "told"). Links to articles of known outlets, to posts of
-/// theirs and their reporters and to Apple's announcements that no words explain have no `detail`.
+/// ("according to", "first reported by", "told"). Without `detail` are links to Apple's
+/// announcements that no words explain and, in an item that cites nobody, those to the articles and
+/// posts of a single outlet, which may be its source.
 /// Names after a phrase count when the table of outlets has them, when a link to a publisher stands
 /// with them, or when they are an outlet's beyond doubt ("the newspaper X"): persons, companies and
 /// courts are sources, not outlets. The item's own site, name and accounts are not credits.

@@ -65,9 +65,9 @@ constexpr HostRow kHosts[] = {
 };
 
 // Words in the path of pages that gather or sell instead of telling news.
-constexpr std::array<std::string_view, 16> kGatheringWords{
+constexpr std::array<std::string_view, 15> kGatheringWords{
     "buyers-guide", "buying-guide", "buyersguide", "guide", "guides", "deals", "tag", "tags",
-    "topic", "topics", "category", "author", "authors", "search", "newsletters", "roundup"};
+    "topic", "topics", "category", "author", "authors", "search", "roundup"};
 // clang-format on
 
 constexpr std::size_t kFewestHyphens = 3;
@@ -115,6 +115,9 @@ bool isArticleAddress(std::string_view text) {
         }
     }
     const auto& last = pieces.back();
+    for (const std::string_view file : {".jpg", ".jpeg", ".png", ".gif", ".webp", ".mp4", ".pdf"}) {
+        if (last.ends_with(file)) return false;
+    }
     const auto hyphens =
         std::count(last.begin(), last.end(), '-') + std::count(last.begin(), last.end(), '_');
     const auto digits = std::count_if(last.begin(), last.end(), isASCIIDigit);

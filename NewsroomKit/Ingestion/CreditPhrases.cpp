@@ -22,6 +22,8 @@ struct PhraseRow {
 // another one stands before it.
 constexpr PhraseRow kPhrases[] = {
     {"according to", CreditRole::source},
+    {"article for", CreditRole::source},
+    {"article in", CreditRole::source},
     {"as reported by", CreditRole::origin},
     {"cites", CreditRole::source},
     {"citing", CreditRole::source},
@@ -36,6 +38,8 @@ constexpr PhraseRow kPhrases[] = {
     {"obtained by", CreditRole::source},
     {"originally reported by", CreditRole::origin},
     {"per", CreditRole::source},
+    {"piece for", CreditRole::source},
+    {"piece in", CreditRole::source},
     {"points out", CreditRole::statement},
     {"posted", CreditRole::post},
     {"report by", CreditRole::source},
@@ -65,6 +69,7 @@ constexpr PhraseRow kPhrases[] = {
     {"writes for", CreditRole::writing},
     {"writes in", CreditRole::writing},
     {"writes", CreditRole::statement},
+    {"wrote", CreditRole::statement},
     {"writing at", CreditRole::writing},
     {"writing for", CreditRole::writing},
     {"writing in", CreditRole::writing},
