@@ -8,6 +8,11 @@ namespace pressroom {
 
 Response answerInTurn(const RequestHandlers& handlers, const Request& request,
                       std::chrono::sys_seconds now) {
+    if (request.method == "POST") {
+        for (const auto& handler : handlers) {
+            if (auto response = handler->answerForm(request, now)) return *std::move(response);
+        }
+    }
     if (request.method != "GET" && request.method != "HEAD") {
         return htmlPage(405, "Method not allowed",
                         "<p>The press room only answers GET and HEAD.</p>");

@@ -19,12 +19,17 @@ public:
     /// Nothing for an address of other handlers. `now` is the world's time.
     virtual std::optional<Response> answer(const Request& request,
                                            std::chrono::sys_seconds now) const = 0;
+
+    /// The same for a form that is posted. Few handlers have one.
+    virtual std::optional<Response> answerForm(const Request&, std::chrono::sys_seconds) const {
+        return std::nullopt;
+    }
 };
 
 using RequestHandlers = std::vector<std::unique_ptr<RequestHandler>>;
 
 /// Tries each handler in turn and returns the first answer. An unknown address gets a small page
-/// with the status 404; methods other than GET and HEAD are refused.
+/// with the status 404. Posted forms that no handler takes and other methods are refused.
 Response answerInTurn(const RequestHandlers& handlers, const Request& request,
                       std::chrono::sys_seconds now);
 

@@ -36,8 +36,6 @@ PageRequestHandler::PageRequestHandler(const PublishedWorld& world) : world_(wor
         homes_.emplace(key.substr(0, key.find('/')), &source);
         for (const auto& item : world_.items(source)) {
             stories_.emplace(lookupKey(item.page), &item);
-            if (source.platform == Platform::googleNews)
-                stories_.emplace(lookupKey(googleNewsLink(item)), &item);
         }
     }
     // A story may link to a page of another source, which takes precedence.

@@ -3,6 +3,7 @@
 #include "PressRoom/Archive/ArchiveRequestHandler.h"
 #include "PressRoom/Pictures/PictureRequestHandler.h"
 #include "PressRoom/World/PageRequestHandler.h"
+#include "PressRoom/World/RedirectRequestHandler.h"
 
 namespace pressroom {
 
@@ -14,6 +15,7 @@ WorldHandler::WorldHandler(World world, WorldClock clock, Misbehaviours misbehav
     handlers_.push_back(std::make_unique<ArchiveRequestHandler>(world_, misbehaviours));
     handlers_.push_back(std::make_unique<FeedRequestHandler>(world_, misbehaviours));
     handlers_.push_back(std::make_unique<PictureRequestHandler>(world_.sources()));
+    handlers_.push_back(std::make_unique<RedirectRequestHandler>(world_));
     handlers_.push_back(std::make_unique<PageRequestHandler>(world_));
 }
 

@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "NewsroomKit/Links/RedirectLink.h"
+#include "NewsroomKit/Links/RedirectPage.h"
+#include "NewsroomKit/Stories/CanonicalLink.h"
 #include "PressRoom/World/Address.h"
+#include "PressRoom/World/Platforms/Platforms.h"
 #include "tests/PressRoom/SampleWorld.h"
 
 namespace pressroom::testing {
@@ -42,6 +46,36 @@ TEST(Pages, AStoryThatIsNotDueHasNoPageYet) {
     EXPECT_EQ(world.get(page).status, 200);
     page.append("?utm_source=x&fbclid=1");
     EXPECT_EQ(world.get(page).status, 200) << "tracking items name no other page";
+}
+
+TEST(Pages, ARedirectLinkTellsItsArticleToASignedRequestOnly) {
+    const SteeredWorld world(sampleWorld());
+    const auto& published = world.handler().world();
+    std::size_t opaque = 0;
+    for (const auto& source : published.sources()) {
+        if (source.platform != Platform::googleNews) continue;
+        for (const auto& item : published.items(source)) {
+            const auto link = googleNewsLink(item);
+            const auto identifier = kit::redirectIdentifier(link).value();
+            if (const auto address = kit::addressInIdentifier(identifier)) {
+                EXPECT_EQ(address, item.link);
+                continue;
+            }
+            ++opaque;
+            if (item.appears > anchor) continue;
+            auto signature = kit::readRedirectPage(world.get(link).body).signature.value();
+            const auto ask = [&] {
+                return world.handler()({.method = "POST",
+                                        .host = "news.google.com",
+                                        .target = "/_/DotsSplashUi/data/batchexecute",
+                                        .body = kit::batchRequestBody(signature)});
+            };
+            EXPECT_EQ(kit::articleInBatchAnswer(ask().body), kit::canonicalLink(item.link));
+            signature.timestamp = "1";
+            EXPECT_EQ(ask().status, 400);
+        }
+    }
+    EXPECT_GT(opaque, 0u);
 }
 
 TEST(Pages, ABareHostSendsReadersToItsWwwName) {

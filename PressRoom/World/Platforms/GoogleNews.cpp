@@ -1,3 +1,5 @@
+#include <numeric>
+
 #include <fmt/format.h>
 
 #include "PressRoom/Server/Conditional.h"
@@ -9,8 +11,19 @@
 namespace pressroom {
 namespace {
 
+/// The length of a text as one or two bytes of seven bits each.
+std::string lengthBytes(std::size_t length) {
+    if (length < 0x80) return {static_cast<char>(length)};
+    return {static_cast<char>((length & 0x7f) | 0x80), static_cast<char>(length >> 7)};
+}
+
+/// As on the real host, identifiers of the older form hold the article's address, those of the
+/// newer form don't.
 std::string opaqueID(const Item& item) {
-    return "CBMi" + addressBase64(static_cast<char>(item.link.size() & 0x7f) + item.link);
+    const bool isOpaque = std::accumulate(item.link.begin(), item.link.end(), 0) % 2 != 0;
+    const auto content =
+        isOpaque ? "AU_yqL" + std::string(item.link.rbegin(), item.link.rend()) : item.link;
+    return "CBMi" + addressBase64(lengthBytes(content.size()) + content);
 }
 
 std::string item(const Entry& entry) {
