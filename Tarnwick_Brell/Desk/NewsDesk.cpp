@@ -7,6 +7,7 @@
 #include "NewsroomKit/Outlines/Outlines.h"
 #include "Tarnwick_Brell/Desk/DeskJobs.h"
 #include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
+#include "Tarnwick_Brell/Desk/LinkResolver.h"
 #include "Tarnwick_Brell/Desk/MarksController.h"
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
@@ -23,6 +24,8 @@ using WorkerContext = DeskWorker::WorkerContext;
 namespace {
 
 constexpr std::size_t kFirstView = 500;
+// An hour's requests; the newest clusters come first.
+constexpr std::size_t kMostClustered = 60;
 constexpr std::chrono::milliseconds kBetweenForeignChecks = std::chrono::seconds(2);
 
 }  // namespace
@@ -42,6 +45,7 @@ NewsDesk::NewsDesk(const std::filesystem::path& library, kit::CurlTransport::Opt
     sources_ = std::make_unique<SourceController>(*jobs_, defaults, clock_);
     marks_ = std::make_unique<MarksController>(wire_, *jobs_, clock_);
     refresh_ = std::make_unique<RefreshController>(*jobs_, *sources_, defaults, clock_);
+    links_ = std::make_unique<LinkResolver>(*jobs_, clock_);
     connect(marks_.get(), &MarksController::marksChanged, this, &NewsDesk::marksChanged);
     connect(marks_.get(), &MarksController::undoChanged, this, &NewsDesk::undoChanged);
     connect(marks_.get(), &MarksController::failed, this, &NewsDesk::failed);
@@ -93,6 +97,7 @@ void NewsDesk::apply(DeskUpdate update) {
     if (update.clusters) {
         clusters_ = std::move(update.clusters);
         emit clustersChanged();
+        resolveClustered();
     }
     if (update.isWholeWire) finishLoading();
 }
@@ -208,10 +213,15 @@ void NewsDesk::markLeft(Instant at) {
 
 void NewsDesk::setRead(const std::vector<std::string>& storyIDs, bool read, Undoable undoable) {
     marks_->setRead(storyIDs, read, undoable);
+    // One story is read by someone, many are only marked.
+    if (read && storyIDs.size() == 1) {
+        links_->want(redirected(storyIDs), LinkResolver::Urgency::soon);
+    }
 }
 
 void NewsDesk::setSaved(const std::vector<std::string>& storyIDs, bool saved) {
     marks_->setSaved(storyIDs, saved);
+    if (saved) links_->want(redirected(storyIDs), LinkResolver::Urgency::soon);
 }
 
 std::size_t NewsDesk::markAllRead(const std::vector<std::int64_t>& numbers) {
@@ -220,6 +230,28 @@ std::size_t NewsDesk::markAllRead(const std::vector<std::int64_t>& numbers) {
 
 bool NewsDesk::undoMarks() { return marks_->undo(); }
 bool NewsDesk::canUndo() const { return marks_->canUndo(); }
+
+// Redirect links.
+
+std::vector<std::string> NewsDesk::redirected(const std::vector<std::string>& storyIDs) const {
+    std::vector<std::string> needing;
+    for (const auto& id : storyIDs) {
+        const auto* story = wire_.find(id);
+        if (story && story->unpacked().story.needsArticleLink()) needing.push_back(id);
+    }
+    return needing;
+}
+
+/// Clusters and who was first depend on the articles of their stories.
+void NewsDesk::resolveClustered() {
+    std::vector<std::string> needing;
+    for (const auto& cluster : *clusters_) {
+        if (needing.size() >= kMostClustered) break;
+        const auto more = redirected(cluster.storyIDs);
+        needing.insert(needing.end(), more.begin(), more.end());
+    }
+    links_->want(std::move(needing), LinkResolver::Urgency::later);
+}
 
 // Sources.
 

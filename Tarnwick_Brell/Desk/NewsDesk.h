@@ -28,6 +28,7 @@ namespace app {
 
 class DeskJobs;
 struct DeskUpdate;
+class LinkResolver;
 class MarksController;
 
 /// The main store: the wire with the user's marks, and the façade of the controllers that
@@ -170,6 +171,8 @@ private:
     void dropOldAtStart();
     void dropOld(std::optional<kit::Instant> publishedBefore);
     void followOtherPrograms();
+    std::vector<std::string> redirected(const std::vector<std::string>& storyIDs) const;
+    void resolveClustered();
 
     const Defaults& defaults_;
     kit::Clock clock_;
@@ -187,6 +190,7 @@ private:
     std::unique_ptr<SourceController> sources_;
     std::unique_ptr<MarksController> marks_;
     std::unique_ptr<RefreshController> refresh_;
+    std::unique_ptr<LinkResolver> links_;
     /// Last, so that it ends first: its jobs refer to the others.
     std::unique_ptr<DeskJobs> jobs_;
 };

@@ -120,6 +120,24 @@ std::vector<EarlierWording> StoryTable::earlierWordings(std::int64_t number) {
     return wordings;
 }
 
+std::vector<std::string> StoryTable::linksOfHeadline(std::string_view title, kit::Instant around,
+                                                     kit::Instant::duration span) {
+    Statement rows(database_,
+                   "SELECT coalesce(articleLink, link) FROM stories WHERE titleKey = ?1 AND "
+                   "publishedAt BETWEEN ?2 AND ?3 ORDER BY number LIMIT 20");
+    rows.bind(0, titleKey(title)).bind(1, microseconds(around - span));
+    rows.bind(2, microseconds(around + span));
+    std::vector<std::string> links;
+    while (rows.step()) links.push_back(rows.text(0));
+    return links;
+}
+
+void StoryTable::setArticleLink(std::int64_t number, std::string_view link, std::int64_t stamp) {
+    Statement put(database_, "UPDATE stories SET articleLink = ?2, stamp = ?3 WHERE number = ?1");
+    put.bind(0, number).bind(1, link).bind(2, stamp);
+    put.run();
+}
+
 std::size_t StoryTable::count() {
     Statement row(database_, "SELECT count(*) FROM stories");
     row.step();

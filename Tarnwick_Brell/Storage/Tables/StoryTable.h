@@ -21,7 +21,7 @@ struct EarlierWording {
     kit::Instant replacedAt{};
 };
 
-/// The stories of the library, for reading and dropping; StoryMerge adds to them.
+/// The stories of the library; StoryMerge adds to them.
 class StoryTable {
 public:
     explicit StoryTable(Database& database) : database_(database) {}
@@ -45,6 +45,15 @@ public:
 
     /// What the story's headline was before, by the first time that each gave way.
     std::vector<EarlierWording> earlierWordings(std::int64_t number);
+
+    /// Links of stories with that headline which were published within `span` of `around`, a
+    /// story's article before its own link.
+    std::vector<std::string> linksOfHeadline(std::string_view title, kit::Instant around,
+                                             kit::Instant::duration span);
+
+    /// Stores the article behind a story's redirect link. `stamp` is DeskState's for the
+    /// transaction.
+    void setArticleLink(std::int64_t number, std::string_view link, std::int64_t stamp);
 
     std::size_t count();
 
