@@ -91,6 +91,7 @@ json::object chart(const json::object& input);
 
 // Who had the news, and what became of it
 json::object attribution(const json::object& input);
+json::object clusters(const json::object& input);
 json::object ledger(const json::object& input);
 json::object timeline(const json::object& input);
 

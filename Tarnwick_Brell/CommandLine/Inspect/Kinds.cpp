@@ -9,7 +9,7 @@
 namespace cli::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 29> all{{
+    static constexpr std::array<Kind, 30> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -36,6 +36,7 @@ std::span<const Kind> kinds() {
         {"updates", "path or text", updates},
         {"chart", "path or text", chart},
         {"attribution", "stories; archive, trace, corrections", attribution},
+        {"clusters", "stories; memory, corrections", clusters},
         {"ledger", "stories, now; clusters, corrections", ledger},
         {"timeline", "stories; signals, corrections", timeline},
         {"archive-url", "operation; after, before, offset, limit, or urls, or url", archiveURL},
