@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <map>
 
 #include "NewsroomKit/Clusters/ClusterVocabulary.h"
 #include "NewsroomKit/Editorial/PhraseMatcher.h"
@@ -19,6 +21,11 @@ constexpr std::size_t kLongestTitle = 600;
 constexpr std::string_view kCompany = "apple";
 
 constexpr std::size_t kMostWords = 4;  ///< in one term
+
+/// Fewer headlines are a coincidence.
+constexpr std::size_t kLeastHeadlines = 3;
+constexpr std::size_t kMostHeadlines = 4000;
+constexpr std::size_t kMostAdditions = 6;
 
 /// Words that belong to the product name before them.
 constexpr std::array<std::string_view, 8> kModelWords{"air", "max",    "mini",   "plus",
@@ -207,6 +214,30 @@ private:
 std::vector<std::string> proposedTerms(std::string_view title) {
     const auto text = validUTF8(firstCharacters(title, kLongestTitle));
     return TermProposer(text).terms();
+}
+
+std::vector<ProposedTerm> proposedTerms(std::span<const PanelStory> stories,
+                                        const StoryQuery& query) {
+    std::map<std::string, ProposedTerm> found;  // by folded term, spelt as in the newest headline
+    for (const auto& story : stories.first(std::min(stories.size(), kMostHeadlines))) {
+        for (auto& term : proposedTerms(story.story->title)) {
+            auto& entry = found[fold(term)];
+            if (entry.stories++ == 0) entry.term = std::move(term);
+        }
+    }
+    std::vector<PhraseMatcher> known;
+    for (const auto& term : query.anyTerms) known.emplace_back(term);
+    for (const auto& term : query.excludedTerms) known.emplace_back(term);
+    std::vector<ProposedTerm> terms;
+    for (auto& [key, entry] : found) {
+        const auto text = PhraseMatcher::normalize(entry.term);
+        if (entry.stories >= kLeastHeadlines &&
+            std::ranges::none_of(known, [&](const auto& each) { return each.matches(text); }))
+            terms.push_back(std::move(entry));
+    }
+    std::ranges::stable_sort(terms, std::greater{}, &ProposedTerm::stories);
+    if (terms.size() > kMostAdditions) terms.resize(kMostAdditions);
+    return terms;
 }
 
 }  // namespace kit

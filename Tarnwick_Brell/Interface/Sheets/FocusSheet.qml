@@ -44,6 +44,11 @@ Sheet {
             onAdded: text => sheet.content.addWords(text)
             onRemoved: index => sheet.content.removeWord(index)
         }
+        ProposedWords {
+            width: parent.width
+            words: sheet.content.proposedWords
+            onChosen: word => sheet.content.addWords(word)
+        }
         DeskText {
             width: parent.width
             type: DeskText.Secondary

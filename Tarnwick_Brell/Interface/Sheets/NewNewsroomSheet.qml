@@ -25,6 +25,7 @@ Sheet {
         SegmentedControl {
             id: ways
 
+            raised: true
             label: qsTr("Made from")
             model: [qsTr("From kinds"), qsTr("Template"), qsTr("From a file")]
             currentIndex: sheet.content.way
@@ -208,6 +209,11 @@ Sheet {
                 words: sheet.content.words
                 onAdded: text => sheet.content.addWords(text)
                 onRemoved: index => sheet.content.removeWord(index)
+            }
+            ProposedWords {
+                width: parent.width
+                words: sheet.content.proposedWords
+                onChosen: word => sheet.content.addWords(word)
             }
             DeskText {
                 type: DeskText.MetaStrong

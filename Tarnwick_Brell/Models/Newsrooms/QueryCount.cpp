@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+
 namespace app {
 
 namespace {
@@ -26,9 +28,11 @@ void QueryCount::setQuery(const kit::StoryQuery& query) {
     subscription_ = collector_.add(
         {.query = query,
          .earliest = [this] { return clock_() - std::chrono::hours(24 * kCountedDays); },
-         .build = [this](const QueryResult& result) -> std::function<void()> {
-             return [this, count = static_cast<int>(result.news.stories.size())] {
+         .build = [this, query](const QueryResult& result) -> std::function<void()> {
+             return [this, count = static_cast<int>(result.news.stories.size()),
+                     proposed = kit::proposedTerms(result.news.stories, query)] {
                  stories_ = count;
+                 proposed_ = proposed;
                  emit changed();
              };
          }});
@@ -38,6 +42,12 @@ QString QueryCount::text() const {
     if (!stories_) return {};
     //: %1 is a number of days.
     return tr("%n stories in %1 days", nullptr, *stories_).arg(kCountedDays);
+}
+
+QStringList QueryCount::proposedWords() const {
+    QStringList words;
+    for (const auto& [term, stories] : proposed_) words << titleText(term);
+    return words;
 }
 
 }  // namespace app

@@ -24,6 +24,7 @@ class FocusSheetModel final : public app::SheetModel {
     Q_PROPERTY(QString name READ name NOTIFY changed)
     Q_PROPERTY(QList<QString> words READ words NOTIFY changed)
     Q_PROPERTY(QString countText READ countText NOTIFY countChanged)
+    Q_PROPERTY(QList<QString> proposedWords READ proposedWords NOTIFY countChanged)
 
 public:
     FocusSheetModel(const DeskStores& stores, const QString& subject);
@@ -33,6 +34,7 @@ public:
     Q_INVOKABLE void addWords(const QString& text);
     Q_INVOKABLE void removeWord(int index);
     QString countText() const { return count_.text(); }
+    QStringList proposedWords() const { return count_.proposedWords(); }
 
 signals:
     void changed();

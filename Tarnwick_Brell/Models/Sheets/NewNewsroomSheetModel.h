@@ -80,6 +80,7 @@ class NewNewsroomSheetModel final : public app::SheetModel {
     Q_PROPERTY(QString symbol READ symbol WRITE setSymbol NOTIFY changed)
     Q_PROPERTY(QList<QString> words READ words NOTIFY changed)
     Q_PROPERTY(QString countText READ countText NOTIFY countChanged)
+    Q_PROPERTY(QList<QString> proposedWords READ proposedWords NOTIFY countChanged)
     Q_PROPERTY(QAbstractListModel* plan READ plan CONSTANT)
     Q_PROPERTY(QString planText READ planText NOTIFY changed)
     Q_PROPERTY(int planRows READ planRows NOTIFY changed)
@@ -114,6 +115,7 @@ public:
     Q_INVOKABLE void addWords(const QString& text);
     Q_INVOKABLE void removeWord(int index);
     QString countText() const { return count_.text(); }
+    QStringList proposedWords() const { return count_.proposedWords(); }
 
     QAbstractListModel* plan() { return &plan_; }
     QString planText() const;

@@ -29,6 +29,23 @@ TEST(ProposedTerms, NamesOfAHeadlineAreProposedWhateverItsStyle) {
     for (const auto& [title, terms] : cases) EXPECT_EQ(proposedTerms(title), terms) << title;
 }
 
+TEST(ProposedTerms, NamesThatSeveralHeadlinesShareAreProposedToAQuery) {
+    const char* titles[] = {
+        "TSMC to build A20 chips in Arizona", "A20 chips slip at TSMC",      "What the A20 means",
+        "TSMC raises prices of the a20",      "Why iPhone 18 needs the A20", "iPhone 18 and TSMC",
+        "Arizona once, iPhone 18 again"};
+    std::deque<Story> stories;
+    std::vector<PanelStory> wire;
+    for (const auto* title : titles)
+        wire.push_back({.story = &stories.emplace_back(Story{.title = title})});
+    const std::pair<StoryQuery, std::vector<ProposedTerm>> cases[] = {
+        {{}, {{"A20", 4}, {"TSMC", 4}, {"iPhone 18", 3}}},
+        {{.anyTerms = {"iphone"}}, {{"A20", 4}, {"TSMC", 4}}},
+        {{.anyTerms = {"iphone"}, .excludedTerms = {"tsmc"}}, {{"A20", 4}}},
+    };
+    for (const auto& [query, terms] : cases) EXPECT_EQ(proposedTerms(wire, query), terms);
+}
+
 class BeatPreviewTest : public ::testing::Test {
 protected:
     void tell(std::string title, Instant::duration age, std::string summary = {}) {
