@@ -17,6 +17,7 @@ struct SourcesOptions {
     std::string id;
     std::string name;
     std::string file;
+    SourceWishes wishes;
     bool unchecked = false;
     bool preview = false;
     bool own = false;
@@ -80,6 +81,22 @@ void addChanges(arguments::Command& sources, Command& chosen, SharedSourcesOptio
     });
 }
 
+void addSetting(arguments::Command& sources, Command& chosen, SharedSourcesOptions options) {
+    auto set = sources.subcommand("set", "Set how sources are fetched and where they are shown");
+    set.option("ID", options->ids, kIDMeaning).required();
+    set.option("--only-apple", options->wishes.onlyApple, "Keep only stories about Apple")
+        .oneOf({"yes", "no", "usual"});
+    set.option("--in-all", options->wishes.inAll, "Show their stories among all stories")
+        .oneOf({"yes", "no"});
+    set.option("--interval", options->wishes.interval,
+               "The least minutes between two fetches; \"usual\" is the catalogue's")
+        .shownAs("MINUTES")
+        .checked(intervalComplaint);
+    setAction(set, chosen, options, [](Session& session, const SourcesOptions& o) {
+        return setSourceOptions(session, o.ids, o.wishes);
+    });
+}
+
 void addExchange(arguments::Command& sources, Command& chosen, SharedSourcesOptions options) {
     auto import = sources.subcommand("import", "Add the feeds of another reader's list (OPML)");
     import.option("FILE", options->file, "The list; - reads the standard input").required();
@@ -109,6 +126,7 @@ void addSourcesCommand(arguments::Command& app, Command& chosen) {
         [&chosen, options] { chosen = options->status ? showSourceConsole : listSources; });
     addAdding(command, chosen, options);
     addChanges(command, chosen, options);
+    addSetting(command, chosen, options);
     addExchange(command, chosen, options);
 }
 

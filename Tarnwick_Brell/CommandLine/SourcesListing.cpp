@@ -32,9 +32,12 @@ std::string statusText(const NewsSource& source, const app::SourceStatus& status
 int listAsJSON(Session& session, app::LocalStore& store, const app::SourceRegistry& registry) {
     auto statuses = store.sources().statuses();
     auto healths = store.sources().healths();
+    const auto options = store.sources().options();
     boost::json::array list;
     for (const auto& source : registry.sources()) {
         auto record = kit::encode(source).get_object();
+        const auto set = options.find(source.id);
+        record["notInAll"] = set != options.end() && set->second.notInAll;
         record["enabled"] = registry.isEnabled(source);
         record["status"] = kit::encode(statuses[source.id]);
         record["collapsed"] = healths[source.id].collapsed;

@@ -89,6 +89,20 @@ class Sources(unittest.TestCase):
         self.assertTrue(own(self.desk)[one]["enabled"])
         self.assertEqual(own(self.desk)[one]["status"], {"storyCount": 0})
 
+    def test_how_a_source_is_fetched_and_shown_can_be_set_and_set_back(self):
+        one = self.desk.json("sources", "add", FILES + "one.xml")[0]["id"]
+        before = own(self.desk)[one]
+        self.assertEqual(
+            self.desk.run("sources", "set", one, "--only-apple", "yes", "--in-all", "no", "--interval", "90").stdout,
+            "Café Wire: only stories about Apple, not in All, at most every 90 min.\n")
+        now = own(self.desk)[one]
+        self.assertEqual((now["onlyApple"], now["notInAll"], now["minimumInterval"]), (True, True, 5400))
+        for words, text in ((("--interval", "-5"), "whole number"), (("--in-all", "usual"), "usual"), ((), "Name what")):
+            self.assertIn(text, self.desk.run("sources", "set", one, *words, status=2).stderr)
+        self.assertEqual(own(self.desk)[one], now)
+        self.desk.run("sources", "set", one, "--only-apple", "usual", "--in-all", "yes", "--interval", "usual")
+        self.assertEqual(own(self.desk)[one], before)
+
     def test_a_list_is_previewed_imported_and_exported_again(self):
         one = self.desk.json("sources", "add", FILES + "one.xml")[0]["id"]
         body = "".join(f'<outline text="{text}" xmlUrl="{url}"/>' for text, url in (
