@@ -3,7 +3,8 @@ import QtQuick
 import QtQuick.Templates as T
 
 /// A choice of a few values. It shows `currentIndex` and does not change it: the handler of
-/// `activated` does. `small`, for panels, is drawn lower with the same touch area.
+/// `activated` does. `small`, for panels, is drawn lower with the same touch area. `raised`, for
+/// sheets, has a track that stands out from their ground in the dark.
 T.Control {
     id: segmented
 
@@ -12,6 +13,7 @@ T.Control {
     property list<string> model
     property int currentIndex: 0
     property bool small: false
+    property bool raised: false
     /// The subject of the choice, for screen readers.
     property string label
 
@@ -81,7 +83,7 @@ T.Control {
             width: parent.width
             height: parent.height - 2 * y
             radius: Theme.radiusControl
-            color: Theme.field
+            color: segmented.raised ? Theme.press : Theme.field
 
             FocusRing { control: segmented }
         }

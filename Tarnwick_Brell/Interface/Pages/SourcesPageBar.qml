@@ -71,7 +71,6 @@ PageBar {
         onActivated: index => bar.content.subset = index
     }
     ChoiceChip {
-        visible: bar.isWide
         label: qsTr("Group")
         choices: bar.content.groups
         current: bar.content.group

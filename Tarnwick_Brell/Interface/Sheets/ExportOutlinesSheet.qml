@@ -50,6 +50,7 @@ Sheet {
         SegmentedControl {
             id: choices
 
+            raised: true
             label: qsTr("Which sources are exported")
             model: sheet.content.choices
             currentIndex: sheet.content.choice

@@ -116,6 +116,7 @@ Sheet {
             SegmentedControl {
                 id: parts
 
+                raised: true
                 anchors.verticalCenter: parent.verticalCenter
                 label: qsTr("Which entries are shown")
                 model: sheet.content.parts

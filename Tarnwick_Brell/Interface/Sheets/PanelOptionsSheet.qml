@@ -82,6 +82,7 @@ Sheet {
                     }
                 }
                 SegmentedControl {
+                    raised: true
                     label: qsTr("Stories")
                     model: [qsTr("The newsroom's focus"), qsTr("Its own words")]
                     currentIndex: sheet.content.hasOwnQuery ? 1 : 0
@@ -116,6 +117,7 @@ Sheet {
                     text: qsTr("Range")
                 }
                 SegmentedControl {
+                    raised: true
                     label: qsTr("Range")
                     model: sheet.content.ranges
                     currentIndex: sheet.content.range

@@ -58,6 +58,7 @@ Item {
             onToggled: line.switched(checked)
         }
         SegmentedControl {
+            raised: true
             anchors.verticalCenter: parent.verticalCenter
             visible: line.control === SettingControl.Choice
             label: line.title
