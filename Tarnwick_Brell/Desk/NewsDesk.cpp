@@ -267,6 +267,10 @@ void NewsDesk::readTries(const std::string& sourceID, TriesRead done) {
     sources_->readTries(sourceID, std::move(done));
 }
 
+void NewsDesk::countTries(TriesCounted done) { sources_->countTries(std::move(done)); }
+
+void NewsDesk::readPauses(PausesRead done) { sources_->readPauses(std::move(done)); }
+
 std::uint64_t NewsDesk::checkAddress(std::string typed, kit::FetchWatch watch,
                                      AddressChecked done) {
     return sources_->check(std::move(typed), std::move(watch), std::move(done));

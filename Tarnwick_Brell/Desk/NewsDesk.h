@@ -44,6 +44,8 @@ public:
     using Imported = SourceController::Imported;
     using ListRead = SourceController::ListRead;
     using TriesRead = SourceController::TriesRead;
+    using TriesCounted = SourceController::TriesCounted;
+    using PausesRead = SourceController::PausesRead;
     using Progress = RefreshController::Progress;
     using NewStories = std::function<void(const std::vector<kit::Story>&)>;
     /// Numbers of stories of the wire, newest first.
@@ -121,6 +123,10 @@ public:
     void setSourceOptions(const std::string& sourceID, const SourceOptions& options);
     /// How the fetches of the source went in the last days, the oldest first.
     void readTries(const std::string& sourceID, TriesRead done);
+    /// How often each source was fetched in these days, by its id.
+    void countTries(TriesCounted done);
+    /// Which hosts want to be left alone, and until when.
+    void readPauses(PausesRead done);
     /// Finds the feed of a typed address and changes nothing. `watch` follows the addresses that
     /// are asked. `cancelCheck` with what it returns ends it.
     std::uint64_t checkAddress(std::string typed, kit::FetchWatch watch, AddressChecked done);

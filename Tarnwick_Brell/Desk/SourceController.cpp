@@ -74,6 +74,22 @@ void SourceController::readTries(const std::string& sourceID, TriesRead done) {
     jobs_.worker().post(read, jobs_.reportFailure());
 }
 
+void SourceController::countTries(TriesCounted done) {
+    const auto count = [this, done = std::move(done)](WorkerContext& context) {
+        auto counts = context.store.sources().tryCounts(clock_() - kTriesKept);
+        jobs_.deliver([done, counts = std::move(counts)] { done(counts); });
+    };
+    jobs_.worker().post(count, jobs_.reportFailure());
+}
+
+void SourceController::readPauses(PausesRead done) {
+    const auto read = [this, done = std::move(done)](WorkerContext& context) {
+        auto pauses = context.store.hostPauses().load(clock_());
+        jobs_.deliver([done, pauses = std::move(pauses)] { done(pauses); });
+    };
+    jobs_.worker().post(read, jobs_.reportFailure());
+}
+
 void SourceController::rename(const std::string& id, const std::string& name) {
     changeRegistry([=](WorkerContext&, SourceRegistry& registry) { registry.rename(id, name); },
                    jobs_.reportFailure());

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <set>
 #include <stop_token>
 #include <string>
@@ -16,6 +17,7 @@
 #include "Tarnwick_Brell/Desk/SourceAdder.h"
 #include "Tarnwick_Brell/Desk/SourceImport.h"
 #include "Tarnwick_Brell/Desk/SourceRegistry.h"
+#include "Tarnwick_Brell/Desk/SourceSchedule.h"
 
 namespace app {
 
@@ -31,6 +33,8 @@ public:
     using Checked = std::function<void(const SourceAdder::Checked&)>;
     using Imported = std::function<void(const std::vector<kit::NewsSource>&)>;
     using TriesRead = std::function<void(const std::vector<SourceTry>&)>;
+    using TriesCounted = std::function<void(const std::map<std::string, std::int64_t>&)>;
+    using PausesRead = std::function<void(const Pauses&)>;
     using ListRead = std::function<void(const std::variant<ImportPreview, std::string>&)>;
 
     /// Follows an import and can give it up.
@@ -52,6 +56,8 @@ public:
     void setEnabled(const std::string& sourceID, bool enabled);
     void setOptions(const std::string& sourceID, const SourceOptions& options);
     void readTries(const std::string& sourceID, TriesRead done);
+    void countTries(TriesCounted done);
+    void readPauses(PausesRead done);
     void rename(const std::string& id, const std::string& name);
     void remove(std::vector<std::string> ids);
     /// `cancelCheck` with what it returns ends it without an answer.

@@ -514,6 +514,13 @@
 <context>
     <name>SettingFacts</name>
     <message numerus="yes">
+        <source> · fetched %n times in 7 days</source>
+        <translation>
+            <numerusform> · fetched once in 7 days</numerusform>
+            <numerusform> · fetched %n times in 7 days</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n sources</source>
         <translation>
             <numerusform>%n source</numerusform>

@@ -8,7 +8,6 @@
 #include <QGuiApplication>
 #include <QPointer>
 
-#include "Tarnwick_Brell/Desk/SourceSchedule.h"
 #include "Tarnwick_Brell/Models/Pages/SourceTableText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
@@ -36,9 +35,11 @@ SourcesPageModel::SourcesPageModel(const DeskStores& stores)
     };
     connect(&news(), &NewsDesk::sourcesChanged, this, later);
     connect(&news(), &NewsDesk::sourcesChanged, this, &SourcesPageModel::readHistory);
+    connect(&news(), &NewsDesk::sourcesChanged, this, &SourcesPageModel::readPauses);
     connect(&news(), &NewsDesk::wireChanged, this, later);
     connect(&news(), &NewsDesk::marksChanged, this, later);
     update();
+    readPauses();
 }
 
 void SourcesPageModel::update() {
@@ -61,7 +62,7 @@ void SourcesPageModel::readLines() {
                           .status = status,
                           .health = news().sourceHealth(source.id),
                           .options = steps_.optionsOf(source),
-                          .nextTry = nextTry(source, status, {}, now()),
+                          .nextTry = nextTry(source, status, pauses_, now()),
                           .recentStories = count == recent.end() ? 0 : count->second});
     }
 }
@@ -157,6 +158,15 @@ void SourcesPageModel::readHistory() {
         if (!self || self->historyRead_ != mine) return;
         self->history_ = tryHistory(tries, self->now());
         self->showDetail();
+    });
+}
+
+void SourcesPageModel::readPauses() {
+    const QPointer<SourcesPageModel> self(this);
+    news().readPauses([self](const auto& pauses) {
+        if (!self || self->pauses_ == pauses) return;
+        self->pauses_ = pauses;
+        self->update();
     });
 }
 

@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include "Tarnwick_Brell/Desk/SourceOverview.h"
+#include "Tarnwick_Brell/Desk/SourceSchedule.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SourceSteps.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
@@ -201,6 +202,7 @@ private:
     int rowOf(const std::string& id) const;
     void update();
     void readHistory();
+    void readPauses();
     void readLines();
     void showRows();
     void showDetail();
@@ -210,6 +212,7 @@ private:
 
     SourceSteps steps_;
     std::vector<SourceLine> lines_;
+    Pauses pauses_;
     SourceChoice choice_;
     std::string selectedID_;
     std::string openID_;

@@ -16,12 +16,14 @@ using std::chrono::minutes;
 
 class HostCollector {
 public:
-    void addSource(const kit::NewsSource& source, const SourceStatus& status, minutes cadence) {
+    void addSource(const kit::NewsSource& source, const SourceStatus& status, minutes cadence,
+                   std::int64_t fetches) {
         auto* host = hostOf(source.feedURL);
         if (!host) return;
         const auto least =
             std::chrono::ceil<minutes>(std::chrono::duration<double>(source.minimumInterval));
         ++host->sources;
+        host->fetches += fetches;
         addInterval(*host, std::max(cadence, least));
         addTime(*host, status.lastAttempt);
     }
@@ -56,15 +58,16 @@ private:
 
 }  // namespace
 
-std::map<std::string, ContactedHost> contactedHosts(const DeskStores& stores) {
+std::map<std::string, ContactedHost> contactedHosts(const DeskStores& stores,
+                                                    const FetchCounts& fetches) {
     HostCollector hosts;
     const auto& news = stores.news;
     const auto& defaults = stores.defaults;
     for (const auto& source : news.sources()) {
-        if (news.enabledSourceIDs().contains(source.id)) {
-            hosts.addSource(source, news.sourceStatus(source.id),
-                            minutes(defaults.refreshMinutes()));
-        }
+        if (!news.enabledSourceIDs().contains(source.id)) continue;
+        const auto count = fetches.find(source.id);
+        hosts.addSource(source, news.sourceStatus(source.id), minutes(defaults.refreshMinutes()),
+                        count == fetches.end() ? 0 : count->second);
     }
     auto& trackers = stores.trackers;
     const TrackedFiles files{defaults.serviceAddress()};

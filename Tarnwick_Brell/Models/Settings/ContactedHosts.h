@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <set>
@@ -18,11 +19,16 @@ struct ContactedHost {
     std::size_t sources = 0;          ///< feeds fetched from it
     std::set<Tracker> trackers{};     ///< files fetched from it
     std::chrono::minutes interval{};  ///< the shortest between two requests
-    std::optional<kit::Instant>
-        lastAsked{};  ///< the last attempt at a feed, or answer to a tracker
+    /// The last attempt at a feed, or answer to a tracker.
+    std::optional<kit::Instant> lastAsked{};
+    std::int64_t fetches = 0;  ///< of feeds
 };
 
+/// How often each source was fetched, by its id.
+using FetchCounts = std::map<std::string, std::int64_t>;
+
 /// By host, of the sources that are on and all trackers.
-std::map<std::string, ContactedHost> contactedHosts(const DeskStores& stores);
+std::map<std::string, ContactedHost> contactedHosts(const DeskStores& stores,
+                                                    const FetchCounts& fetches);
 
 }  // namespace app

@@ -48,6 +48,9 @@ QString contactText(const ContactedHost& host, kit::Instant now) {
     auto text =
         SettingFacts::tr("%1 · every %n minutes", nullptr, static_cast<int>(host.interval.count()))
             .arg(reasonText(host));
+    if (host.fetches > 0)
+        text += SettingFacts::tr(" · fetched %n times in 7 days", nullptr,
+                                 static_cast<int>(host.fetches));
     if (host.lastAsked)
         text = SettingFacts::tr("%1 · last asked %2").arg(text, momentText(*host.lastAsked, now));
     return text;
@@ -117,13 +120,12 @@ std::vector<SettingRow> libraryRows(const LibraryStatus& library, const std::str
     return rows;
 }
 
-std::vector<SettingRow> privacyFacts(const DeskStores& stores) {
+std::vector<SettingRow> privacyFacts(const DeskStores& stores, const FetchCounts& fetches) {
     std::vector<SettingRow> facts;
     facts.push_back(
         fact(SettingFacts::tr("What is sent"),
              SettingFacts::tr("Requests for public files, without cookies or an account. "
-                              "A story is looked up in the archive when you trace it. "
-                              "The library does not count requests.")));
+                              "A story is looked up in the archive when you trace it.")));
     facts.push_back(
         fact(SettingFacts::tr("Pictures"),
              stores.defaults.isOn(SettingKey::kPictures)
@@ -131,8 +133,12 @@ std::vector<SettingRow> privacyFacts(const DeskStores& stores) {
                                     "when its story comes into view.")
                  : SettingFacts::tr("Off: no server is asked for a picture.")));
     const auto now = stores.clock();
-    for (const auto& [host, contact] : contactedHosts(stores))
+    for (const auto& [host, contact] : contactedHosts(stores, fetches))
         facts.push_back(fact(titleText(host), contactText(contact, now)));
+    facts.push_back(fact(SettingFacts::tr("Counts"),
+                         SettingFacts::tr("Fetches of feeds are counted for seven days, in the "
+                                          "library on this computer. Those of trackers, pictures "
+                                          "and the archive are not counted.")));
     facts.push_back(
         fact(SettingFacts::tr("Settings are stored in"), pathText(stores.defaults.file())));
     return facts;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "Tarnwick_Brell/Models/DeskStores.h"
+#include "Tarnwick_Brell/Models/Settings/ContactedHosts.h"
 #include "Tarnwick_Brell/Models/Settings/SettingRows.h"
 
 namespace app {
@@ -19,7 +20,7 @@ std::vector<SettingRow> libraryRows(const LibraryStatus& library, const std::str
                                     kit::Instant now);
 
 /// Which computers are asked, why, and how often.
-std::vector<SettingRow> privacyFacts(const DeskStores& stores);
+std::vector<SettingRow> privacyFacts(const DeskStores& stores, const FetchCounts& fetches);
 
 /// The version, the licence, what the program is made with.
 std::vector<SettingRow> aboutFacts();

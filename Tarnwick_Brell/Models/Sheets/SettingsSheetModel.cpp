@@ -4,6 +4,8 @@
 #include <array>
 #include <iterator>
 
+#include <QPointer>
+
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteMatch.h"
 #include "Tarnwick_Brell/Models/Beats/BeatChanges.h"
@@ -138,7 +140,7 @@ std::vector<SettingRow> SettingsSheetModel::rowsOfSection() const {
     switch (kSections[static_cast<std::size_t>(section_)].section) {
         case Section::alerts: return alertRows(stores_.newsrooms);
         case Section::library: return libraryRows(library_, asked_, stores_.clock());
-        case Section::privacy: return privacyFacts(stores_);
+        case Section::privacy: return privacyFacts(stores_, fetches_);
         case Section::about: {
             auto rows = aboutFacts();
             rows.insert(rows.end(), health_.begin(), health_.end());
@@ -156,7 +158,17 @@ void SettingsSheetModel::setSection(int section) {
     asked_.clear();
     if (kSections[static_cast<std::size_t>(section)].section == Section::about)
         health_ = healthFacts(stores_);
+    if (kSections[static_cast<std::size_t>(section)].section == Section::privacy) countFetches();
     update();
+}
+
+void SettingsSheetModel::countFetches() {
+    const QPointer<SettingsSheetModel> self(this);
+    stores_.news.countTries([self](const auto& fetches) {
+        if (!self) return;
+        self->fetches_ = fetches;
+        self->update();
+    });
 }
 
 void SettingsSheetModel::setShowsChanged(bool shows) {

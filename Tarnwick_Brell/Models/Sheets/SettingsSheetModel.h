@@ -6,6 +6,7 @@
 
 #include "Tarnwick_Brell/Models/DeskStores.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
+#include "Tarnwick_Brell/Models/Settings/ContactedHosts.h"
 #include "Tarnwick_Brell/Models/Settings/LibraryStatus.h"
 #include "Tarnwick_Brell/Models/Settings/SettingRows.h"
 #include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
@@ -68,6 +69,7 @@ signals:
 
 private:
     void update();
+    void countFetches();
     bool isWanted(const SettingKey& key) const;
     SettingRow rowOf(const SettingKey& key) const;
     std::vector<SettingRow> rowsOfSection() const;
@@ -78,6 +80,7 @@ private:
     DeskStores stores_;
     LibraryStatus library_;
     std::vector<SettingRow> health_;  ///< read when the section about the program is opened
+    FetchCounts fetches_;             ///< read when the section about privacy is opened
     int section_ = 0;
     bool showsChanged_ = false;
     std::string asked_;  ///< the backup that a second press restores

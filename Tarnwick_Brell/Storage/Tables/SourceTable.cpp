@@ -125,6 +125,15 @@ std::vector<SourceTry> SourceTable::tries(std::string_view id) {
     return tries;
 }
 
+std::map<std::string, std::int64_t> SourceTable::tryCounts(kit::Instant from) {
+    Statement rows(database_,
+                   "SELECT source, COUNT(*) FROM sourceTries WHERE at >= ? GROUP BY source");
+    rows.bind(0, microseconds(from));
+    std::map<std::string, std::int64_t> counts;
+    while (rows.step()) counts.emplace(rows.text(0), rows.number(1));
+    return counts;
+}
+
 void SourceTable::addTry(std::string_view id, const SourceTry& attempt) {
     Statement(database_, "DELETE FROM sourceTries WHERE source = ? AND at < ?")
         .bind(0, id)

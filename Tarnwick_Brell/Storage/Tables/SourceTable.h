@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
@@ -45,6 +46,8 @@ public:
 
     /// Of the last days, the oldest first.
     std::vector<SourceTry> tries(std::string_view id);
+    /// How many there are of each source; none are of sources that were never tried.
+    std::map<std::string, std::int64_t> tryCounts(kit::Instant from);
     /// Drops those that are too old to be kept.
     void addTry(std::string_view id, const SourceTry& attempt);
 
