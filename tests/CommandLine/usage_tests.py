@@ -2,9 +2,11 @@
 """What the command line says to wrong words, broken input and an output that is gone."""
 import json
 import os
+import shlex
 import signal
 import subprocess
 import unittest
+from pathlib import Path
 
 from harness import BIN, Desk
 
@@ -121,6 +123,27 @@ class Usage(unittest.TestCase):
         result = subprocess.run([BIN / "brell", "wire", "--demo", "--source", "x"], capture_output=True, text=True,
                                 env={**os.environ, "XDG_DATA_HOME": str(place), "XDG_CONFIG_HOME": str(place)})
         self.assertIn("brell --demo sources lists", result.stderr)
+
+    def test_the_desktop_starts_the_desk_as_long_as_its_entry_says_so(self):
+        config = self.desk.folder / 'c "o$n%f'
+        environment = {"XDG_CONFIG_HOME": str(config)}
+        setting = lambda *value: self.desk.run("settings", "startWithDesktop", *value, environment=environment).stdout
+        self.assertEqual(setting(), "false\n")
+        setting("on")
+        self.assertEqual(setting(), "true\n")
+        entry = config / "autostart" / "tarnwick-brell.desktop"
+        line = next(line for line in entry.read_text().splitlines() if line.startswith("Exec="))
+        program, *words = shlex.split(line[5:].replace("\\\\", "\\").replace("%%", "%"))
+        self.assertEqual(Path(program).name, "tarnwick-brell")
+        self.assertEqual(words, ["--data-dir", str(self.desk.folder)])
+        text = entry.read_text()
+        entry.write_text(text + "Hidden=true\n")
+        self.assertEqual(setting(), "false\n", "switched off by the desktop")
+        entry.write_text(text.replace("--data-dir", "--data-dir /elsewhere"))
+        self.assertEqual(setting(), "false\n", "it starts another desk")
+        setting("on")
+        setting("")
+        self.assertFalse(entry.exists())
 
     def test_settings_are_kept_and_go_back_to_their_defaults(self):
         self.desk.run("settings", "refreshMinutes", "12")

@@ -9,6 +9,8 @@ QtObject {
 
     property bool dark: false
     property real fontScale: 1
+    /// The room of rows: -1 is compact, 1 is roomy.
+    property int density: 0
     /// The window is a display on the wall: no cards, nothing scrolls.
     property bool board: false
     property bool reducedMotion: false
@@ -18,6 +20,10 @@ QtObject {
 
     function scaled(pixels: real): int {
         return Math.round(pixels * fontScale);
+    }
+    /// The height of a row, which is never smaller than a target of the pointer.
+    function row(pixels: real, step = rowStep): int {
+        return Math.max(leastTarget, scaled(pixels) + density * step);
     }
 
     // Grounds
@@ -133,7 +139,7 @@ QtObject {
     readonly property int sidebarWidth: 240
     readonly property int sidebarLeast: 200
     readonly property int sidebarMost: 360
-    readonly property int sidebarItem: scaled(28)
+    readonly property int sidebarItem: row(28)
     readonly property int sidebarFoot: scaled(40)
     readonly property int wireWidth: 580
     readonly property int wireLeast: 400
@@ -148,11 +154,13 @@ QtObject {
     readonly property int bar: scaled(36)
 
     // Rows. A wire row is its paddings, a meta line and lines of text.
-    readonly property int rowPaddingTop: 9
-    readonly property int rowPaddingBottom: 10
+    readonly property int rowStep: 3
+    readonly property int excerptLines: density < 0 ? 1 : 2
+    readonly property int rowPaddingTop: 9 + density * rowStep
+    readonly property int rowPaddingBottom: 10 + density * rowStep
     readonly property int rowText: 24
     readonly property int rowEnd: 16
-    readonly property int wireRowTall: scaled(91)
+    readonly property int wireRowTall: scaled(91) + density * 2 * rowStep - (excerptLines < 2 ? scaled(16) : 0)
     readonly property int ageColumn: scaled(44)
     readonly property int timelineTime: scaled(36)
     readonly property int timelineMark: scaled(31)
@@ -168,16 +176,16 @@ QtObject {
     readonly property int smallThumbnailHeight: 2 * panelLine
     readonly property int smallThumbnailFrom: scaled(300)
     readonly property int appIcon: 28
-    readonly property int compactPaddingTop: 8
-    readonly property int compactPaddingBottom: 9
-    readonly property int tableRow: scaled(28)
+    readonly property int compactPaddingTop: 8 + density * rowStep
+    readonly property int compactPaddingBottom: 9 + density * rowStep
+    readonly property int tableRow: row(28)
     readonly property int tableHeader: scaled(20)
     readonly property int softwareRow: scaled(33)
-    readonly property int topStoriesRow: scaled(64)
-    readonly property int clusterRow: scaled(60)
+    readonly property int topStoriesRow: row(64, 2 * rowStep)
+    readonly property int clusterRow: row(60, 2 * rowStep)
     readonly property int clusterText: 80
     readonly property int clusterTime: scaled(48)
-    readonly property int scoopsRow: scaled(46)
+    readonly property int scoopsRow: row(46)
     readonly property int paletteRow: scaled(32)
     readonly property int paletteWidth: 640
     readonly property int paletteTop: 104
@@ -218,7 +226,7 @@ QtObject {
     readonly property int releaseChannel: scaled(92)
     readonly property int releaseAfter: scaled(104)
     readonly property int releaseSeen: scaled(108)
-    readonly property int eventRow: scaled(52)
+    readonly property int eventRow: row(52)
     readonly property int eventDate: scaled(44)
     readonly property int eventDays: scaled(88)
     readonly property int nextEvent: scaled(132)
@@ -246,7 +254,7 @@ QtObject {
     readonly property real signingDash: 2
 
     // The charts of the App Store
-    readonly property int chartsRow: scaled(44)
+    readonly property int chartsRow: row(44)
     readonly property int chartsColumnLeast: scaled(280)
     readonly property int chartsMoveColumn: scaled(44)
     readonly property int rankCurveWidth: 72

@@ -56,6 +56,11 @@ Window {
     }
     Binding {
         target: Theme
+        property: "density"
+        value: window.desk.appearance.density
+    }
+    Binding {
+        target: Theme
         property: "board"
         value: window.board.isShown
     }

@@ -184,7 +184,7 @@ T.ItemDelegate {
                 width: text.besidePicture
                 type: DeskText.Secondary
                 color: row.isRead ? Theme.text3 : Theme.text2
-                lines: 2
+                lines: Theme.excerptLines
                 text: row.excerpt
             }
         }

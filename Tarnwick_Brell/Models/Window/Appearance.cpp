@@ -1,7 +1,6 @@
 #include "Tarnwick_Brell/Models/Window/Appearance.h"
 
-#include <algorithm>
-#include <iterator>
+#include <utility>
 
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -98,10 +97,9 @@ void Appearance::setChoice(Choice choice) {
 void Appearance::reload() { refresh(); }
 
 void Appearance::refresh() {
-    const auto choices = SettingKey::named(SettingKey::kAppearance)->choices;
-    const auto place = std::ranges::find(choices, defaults_.appearance()) - choices.begin();
-    Look look{.choice = static_cast<Choice>(place),
-              .fontScale = fontScaleFor(fontPixels()),
+    Look look{.choice = static_cast<Choice>(defaults_.choice(SettingKey::kAppearance)),
+              .fontScale = fontScaleFor(fontPixels(), defaults_.textSize()),
+              .density = defaults_.choice(SettingKey::kDensity) - 1,
               .highContrast = desktop_.asksForContrast || desktop_.isHighContrast,
               .reducedMotion = !desktop_.isAnimated,
               .showsPictures = defaults_.isOn(SettingKey::kPictures)};

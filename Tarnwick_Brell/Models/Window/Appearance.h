@@ -21,6 +21,7 @@ class Appearance : public QObject {
     Q_PROPERTY(app::Appearance::Choice choice READ choice WRITE setChoice NOTIFY changed)
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(qreal fontScale READ fontScale NOTIFY changed)
+    Q_PROPERTY(int density READ density NOTIFY changed)
     Q_PROPERTY(bool highContrast READ highContrast NOTIFY changed)
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY changed)
     Q_PROPERTY(bool showsPictures READ showsPictures NOTIFY changed)
@@ -37,6 +38,8 @@ public:
     void setChoice(Choice choice);
     bool isDark() const { return now_.isDark; }
     qreal fontScale() const { return now_.fontScale; }
+    /// How much room rows have: -1, 0 or 1.
+    int density() const { return now_.density; }
     bool highContrast() const { return now_.highContrast; }
     bool reducedMotion() const { return now_.reducedMotion; }
     bool showsPictures() const { return now_.showsPictures; }
@@ -63,6 +66,7 @@ private:
         Choice choice = System;
         bool isDark = false;
         qreal fontScale = 1;
+        int density = 0;
         bool highContrast = false;
         bool reducedMotion = false;
         bool showsPictures = false;

@@ -51,11 +51,11 @@ void PortalSettings::take(const Settings& settings) {
     }
 }
 
-double fontScaleFor(double pixels) {
+double fontScaleFor(double pixels, int textSize) {
     double scale = 1;
     if (pixels < kSmallestUsualPixels) scale = pixels / kSmallestUsualPixels;
     if (pixels > kLargestUsualPixels) scale = pixels / kLargestUsualPixels;
-    return std::clamp(scale, kLeastScale, kMostScale);
+    return std::clamp(scale * textSize / 100, kLeastScale, kMostScale);
 }
 
 }  // namespace app

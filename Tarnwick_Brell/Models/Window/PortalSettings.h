@@ -30,8 +30,8 @@ struct PortalSettings {
     bool operator==(const PortalSettings&) const = default;
 };
 
-/// How much larger or smaller than usual the desktop's font is: 1 as long as its size is one
-/// that desktops have by default.
-double fontScaleFor(double pixels);
+/// How much larger or smaller than designed text is: 1 as long as the desktop's font has a size
+/// that desktops have by default, and the user's `textSize` is 100 per cent.
+double fontScaleFor(double pixels, int textSize);
 
 }  // namespace app

@@ -8,6 +8,7 @@
 #include <QScreen>
 
 #include "Tarnwick_Brell/Models/Window/WindowGeometry.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
 
 namespace app {
@@ -61,10 +62,12 @@ WindowState::WindowState(Defaults& defaults, int number)
     : defaults_(defaults),
       memory_(memoryOf(number)),
       now_(read(defaults.memory(memory_).value_or(Defaults::Memory()))),
-      kept_(now_) {
+      kept_(now_),
+      reader_(static_cast<Reader>(defaults.choice(SettingKey::kReaderPlace))) {
     saving_.setSingleShot(true);
     saving_.setInterval(kSavingPause);
     connect(&saving_, &QTimer::timeout, this, &WindowState::save);
+    connect(&defaults_, &Defaults::changed, this, &WindowState::readReader);
 }
 
 WindowState::~WindowState() {
@@ -87,7 +90,6 @@ WindowState::State WindowState::read(const Defaults::Memory& memory) {
     state.sidebarWidth =
         numberOf(memory, "sidebarWidth", kLeastSidebar, kMostSidebar).value_or(kSidebar);
     state.listWidth = numberOf(memory, "listWidth", kLeastList, kMostList).value_or(kList);
-    state.reader = static_cast<Reader>(numberOf(memory, "reader", Right, Hidden).value_or(Right));
     return state;
 }
 
@@ -97,7 +99,6 @@ Defaults::Memory WindowState::written(const State& state) {
         {"sidebarWidth", std::to_string(state.sidebarWidth)},
         {"sidebarShown", state.sidebarShown ? "true" : "false"},
         {"listWidth", std::to_string(state.listWidth)},
-        {"reader", std::to_string(state.reader)},
         {"place", state.place.toStdString()},
         {"collapsedGroups", state.collapsedGroups.join(kBetweenKeys).toStdString()},
         {"clusteredPlaces", state.clusteredPlaces.join(kBetweenKeys).toStdString()},
@@ -164,13 +165,27 @@ void WindowState::setListWidth(int width) {
 }
 
 void WindowState::setReader(Reader reader) {
-    auto state = now_;
-    state.reader = reader;
-    setState(state);
+    if (reader == reader_) return;
+    const auto& key = *SettingKey::named(SettingKey::kReaderPlace);
+    try {
+        defaults_.set(key.name, key.choices[static_cast<std::size_t>(reader)]);
+    } catch (const StoreError& error) {
+        // It moves all the same, for this run.
+        reader_ = reader;
+        emit changed();
+        fail(QString::fromUtf8(error.what()));
+    }
+}
+
+void WindowState::readReader(const QString& key) {
+    const auto reader = static_cast<Reader>(defaults_.choice(SettingKey::kReaderPlace));
+    if (key != plainText(SettingKey::kReaderPlace) || reader == reader_) return;
+    reader_ = reader;
+    emit changed();
 }
 
 void WindowState::moveReader() {
-    setReader(now_.reader == Hidden ? Right : static_cast<Reader>(now_.reader + 1));
+    setReader(reader_ == Hidden ? Right : static_cast<Reader>(reader_ + 1));
 }
 
 void WindowState::setPlace(const QString& key) {
@@ -220,8 +235,12 @@ void WindowState::save() {
     try {
         defaults_.remember(memory_, written(now_));
     } catch (const StoreError& error) {
-        if (!std::exchange(hasFailed_, true)) emit failed(QString::fromUtf8(error.what()));
+        fail(QString::fromUtf8(error.what()));
     }
+}
+
+void WindowState::fail(const QString& sentence) {
+    if (!std::exchange(hasFailed_, true)) emit failed(sentence);
 }
 
 }  // namespace app

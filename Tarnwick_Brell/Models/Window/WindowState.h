@@ -30,7 +30,7 @@ class WindowState : public QObject {
     Q_PROPERTY(QStringList collapsedGroups READ collapsedGroups NOTIFY changed)
 
 public:
-    /// Where the reader stands.
+    /// Where the reader stands, in the order of the setting's choices.
     enum Reader { Right, Below, Hidden };
     Q_ENUM(Reader)
 
@@ -54,7 +54,8 @@ public:
     void setSidebarShown(bool shown);
     int listWidth() const { return now_.listWidth; }
     void setListWidth(int width);
-    Reader reader() const { return now_.reader; }
+    Reader reader() const { return reader_; }
+    /// For all windows, as the setting.
     void setReader(Reader reader);
     /// The next place in turn: right, below, hidden.
     Q_INVOKABLE void moveReader();
@@ -87,7 +88,6 @@ private:
         int sidebarWidth = kSidebar;
         bool sidebarShown = true;
         int listWidth = kList;
-        Reader reader = Right;
         QString place{};
         QStringList collapsedGroups{};
         QStringList clusteredPlaces{};
@@ -102,12 +102,15 @@ private:
     void setState(const State& state);
     void updateFrame();
     void returnToScreens();
+    void readReader(const QString& key);
+    void fail(const QString& sentence);
 
     Defaults& defaults_;
     std::string memory_;  ///< its name in the settings file
     QPointer<QWindow> window_;
     State now_;
     State kept_;
+    Reader reader_;
     bool hasFailed_ = false;
     QTimer saving_;
 };

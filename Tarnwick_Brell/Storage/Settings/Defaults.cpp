@@ -30,11 +30,14 @@ std::unique_ptr<QSettings> open(const std::filesystem::path& file) {
 
 }  // namespace
 
-Defaults::Defaults(const std::filesystem::path& file) : file_(file), settings_(open(file)) {}
+Defaults::Defaults(const std::filesystem::path& file)
+    : file_(file), autostart_(file), settings_(open(file)) {}
 
 Defaults::~Defaults() = default;
 
 std::optional<std::string> Defaults::text(std::string_view key) const {
+    if (key == SettingKey::kStartWithDesktop)
+        return autostart_.isOn() ? std::optional<std::string>("true") : std::nullopt;
     const auto value = settings_->value(qt(key));
     return value.isValid() ? std::optional(value.toString().toStdString()) : std::nullopt;
 }
@@ -42,12 +45,16 @@ std::optional<std::string> Defaults::text(std::string_view key) const {
 void Defaults::set(std::string_view name, std::string_view value) {
     const auto* known = key(name);
     if (!known) throw std::invalid_argument("There is no setting named " + std::string(name) + ".");
-    if (value.empty()) {
-        settings_->remove(qt(name));
+    const auto stored = value.empty() ? std::string() : known->stored(value);
+    if (name == SettingKey::kStartWithDesktop) {
+        autostart_.set(stored == "true");
     } else {
-        settings_->setValue(qt(name), qt(known->stored(value)));
+        if (stored.empty())
+            settings_->remove(qt(name));
+        else
+            settings_->setValue(qt(name), qt(stored));
+        write();
     }
-    write();
     emit changed(qt(name));
 }
 
@@ -119,7 +126,13 @@ std::string Defaults::focusSymbol() const { return suitable(SettingKey::kFocusSy
 
 std::string Defaults::serviceAddress() const { return suitable(SettingKey::kServiceAddress); }
 
-std::string Defaults::appearance() const { return suitable(SettingKey::kAppearance); }
+int Defaults::choice(std::string_view name) const {
+    const auto value = suitable(name);
+    const auto choices = key(name)->choices;
+    return static_cast<int>(std::ranges::find(choices, value) - choices.begin());
+}
+
+int Defaults::textSize() const { return std::stoi(suitable(SettingKey::kTextSize)); }
 
 std::optional<Defaults::Memory> Defaults::memory(std::string_view key) const {
     const auto stored = text(key);

@@ -13,6 +13,7 @@
 #include <QString>
 
 #include "NewsroomKit/Trackers/Market/StockQuote.h"
+#include "Tarnwick_Brell/Storage/Settings/Autostart.h"
 #include "Tarnwick_Brell/Storage/Settings/SettingKey.h"
 
 class QSettings;
@@ -59,7 +60,10 @@ public:
     kit::QuoteRange quoteRange() const;
     std::string focusSymbol() const;
     std::string serviceAddress() const;
-    std::string appearance() const;
+    /// The place of the value in the key's choices.
+    int choice(std::string_view key) const;
+    /// In per cent of the desktop's.
+    int textSize() const;
     /// Where the settings are stored.
     const std::filesystem::path& file() const { return file_; }
 
@@ -83,6 +87,7 @@ private:
     void write();
 
     std::filesystem::path file_;
+    Autostart autostart_;
     std::unique_ptr<QSettings> settings_;
 };
 

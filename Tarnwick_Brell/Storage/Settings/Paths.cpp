@@ -52,9 +52,11 @@ void restrictFolder(const std::filesystem::path& folder) {
 
 }  // namespace
 
+std::filesystem::path configFolder() { return baseDirectory("XDG_CONFIG_HOME", ".config"); }
+
 Paths Paths::forUser(const std::optional<std::filesystem::path>& dataDir) {
     const auto data = dataDir ? *dataDir : baseDirectory("XDG_DATA_HOME", ".local/share") / kFolder;
-    const auto config = dataDir ? *dataDir : baseDirectory("XDG_CONFIG_HOME", ".config") / kFolder;
+    const auto config = dataDir ? *dataDir : configFolder() / kFolder;
     const auto state =
         dataDir ? *dataDir : baseDirectory("XDG_STATE_HOME", ".local/state") / kFolder;
     const auto cache = dataDir ? *dataDir : baseDirectory("XDG_CACHE_HOME", ".cache") / kFolder;

@@ -20,4 +20,7 @@ struct Paths {
     void createFolders() const;
 };
 
+/// The folder of all programs' settings, by XDG.
+std::filesystem::path configFolder();
+
 }  // namespace app

@@ -34,6 +34,8 @@ constexpr std::array kQuoteRanges{rawValue(QuoteRange::day), rawValue(QuoteRange
 constexpr std::array<std::string_view, 3> kCloseToTrayChoices{"ask", "yes", "no"};
 
 constexpr std::array<std::string_view, 3> kAppearances{"system", "light", "dark"};
+constexpr std::array<std::string_view, 3> kDensities{"compact", "standard", "roomy"};
+constexpr std::array<std::string_view, 3> kReaderPlaces{"right", "below", "hidden"};
 
 // Some models of each product line; the others of a line are signed alike.
 constexpr std::string_view kCurrentDevices =
@@ -89,8 +91,24 @@ constexpr std::array kKeys{
     SettingKey{SettingKey::kAppearance, Section::appearance, "Light or dark",
                "whether the window is light, dark or as the desktop is", "system", Type::choice,
                kAppearances},
+    SettingKey{SettingKey::kTextSize,
+               Section::appearance,
+               "Text size",
+               "size of all text, in per cent of the desktop's",
+               "100",
+               Type::wholeNumber,
+               {},
+               SettingKey::Range{75, 250}},
+    SettingKey{SettingKey::kDensity, Section::appearance, "Density",
+               "how much room each row of a list has", "standard", Type::choice, kDensities},
+    SettingKey{SettingKey::kReaderPlace, Section::appearance, "Reader",
+               "where the chosen story is shown beside the list", "right", Type::choice,
+               kReaderPlaces},
     SettingKey{SettingKey::kPictures, Section::appearance, "Pictures",
                "whether pictures are fetched from their publishers and shown", "false",
+               Type::truthValue},
+    SettingKey{SettingKey::kStartWithDesktop, Section::general, "Start with the desktop",
+               "whether the window opens when a session of the desktop begins", "false",
                Type::truthValue},
     SettingKey{kCloseToTray, Section::general, "Closing the window",
                "whether closing the window leaves the desk in the tray", "ask", Type::choice,

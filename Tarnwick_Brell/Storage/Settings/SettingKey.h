@@ -62,7 +62,11 @@ struct SettingKey {
     static constexpr std::string_view kFocusSymbol = "focusSymbol";
     static constexpr std::string_view kServiceAddress = "serviceAddress";
     static constexpr std::string_view kAppearance = "appearance";
+    static constexpr std::string_view kTextSize = "textSize";
+    static constexpr std::string_view kDensity = "density";
+    static constexpr std::string_view kReaderPlace = "readerPlace";
     static constexpr std::string_view kPictures = "pictures";
+    static constexpr std::string_view kStartWithDesktop = "startWithDesktop";
     static constexpr std::string_view kLogLevels = "logLevels";
 };
 

@@ -59,7 +59,7 @@ TEST(SettingKey, NonsenseInTheFileCountsAsAbsent) {
     EXPECT_TRUE(defaults.isOn(SettingKey::kNotifications));
     EXPECT_EQ(defaults.quoteRange(), kit::QuoteRange::month);
     EXPECT_EQ(defaults.focusSymbol(), "AAPL");
-    EXPECT_EQ(defaults.appearance(), "system");
+    EXPECT_EQ(defaults.choice(SettingKey::kAppearance), 0);
     EXPECT_EQ(defaults.serviceAddress(), "https://tarnwick-brell.example/");
     EXPECT_EQ(defaults.memory(Defaults::kKnownBuilds), std::nullopt);
 

@@ -73,7 +73,7 @@ TEST_F(AppearanceTest, FollowsThePortalUntilTheUserDecides) {
 
     appearance.setChoice(Appearance::Dark);
     EXPECT_TRUE(appearance.isDark());
-    EXPECT_EQ(Defaults(folder_.path() / "settings.ini").appearance(), "dark");
+    EXPECT_EQ(Defaults(folder_.path() / "settings.ini").text(SettingKey::kAppearance), "dark");
     defaults_.set(SettingKey::kAppearance, "");
     appearance.reload();
     EXPECT_FALSE(appearance.isDark());
@@ -102,7 +102,11 @@ TEST_F(AppearanceTest, TextGrowsWithTheDesktopsFont) {
     EXPECT_NEAR(appearance.fontScale(), 1.5, 0.01);
     const std::pair<double, double> cases[] = {
         {12, 1}, {14.7, 1}, {9.6, 0.8}, {0, 0.75}, {900, 2.5}};
-    for (const auto& [pixels, scale] : cases) EXPECT_NEAR(fontScaleFor(pixels), scale, 1e-9);
+    for (const auto& [pixels, scale] : cases) EXPECT_NEAR(fontScaleFor(pixels, 100), scale, 1e-9);
+    defaults_.set(SettingKey::kTextSize, "120");
+    EXPECT_NEAR(appearance.fontScale(), 1.8, 0.01);
+    defaults_.set(SettingKey::kDensity, "compact");
+    EXPECT_EQ(appearance.density(), -1);
 }
 
 TEST(PortalSettings, NonsenseFromThePortalChangesNothing) {

@@ -56,6 +56,15 @@ TEST_F(WindowStateTest, WhatTheWindowWasIsThereAgain) {
     EXPECT_EQ(window.windowState(), Qt::WindowMaximized);
 }
 
+TEST_F(WindowStateTest, TheReaderStandsWhereTheSettingSaysInEveryWindow) {
+    WindowState one(defaults_, 1), two(defaults_, 2);
+    one.moveReader();
+    EXPECT_EQ(two.reader(), WindowState::Below);
+    EXPECT_EQ(defaults_.text(SettingKey::kReaderPlace), "below");
+    defaults_.set(SettingKey::kReaderPlace, "hidden");
+    EXPECT_EQ(one.reader(), WindowState::Hidden);
+}
+
 TEST_F(WindowStateTest, NonsenseCountsAsAbsent) {
     defaults_.remember("window", {{"x", "5"},
                                   {"y", "5"},
@@ -63,13 +72,11 @@ TEST_F(WindowStateTest, NonsenseCountsAsAbsent) {
                                   {"height", "99999999999"},
                                   {"sidebarWidth", "3000"},
                                   {"listWidth", "wide"},
-                                  {"reader", "7"},
                                   {"sidebarShown", "perhaps"}});
     const WindowState state(defaults_);
     EXPECT_EQ(state.frame(), std::nullopt);
     EXPECT_EQ(state.sidebarWidth(), WindowState::kSidebar);
     EXPECT_EQ(state.listWidth(), WindowState::kList);
-    EXPECT_EQ(state.reader(), WindowState::Right);
     EXPECT_TRUE(state.sidebarShown());
 }
 
