@@ -81,6 +81,13 @@ public:
         return found == entries_.end() ? nullptr : &*found;
     }
 
+    /// Its place among the entries; nothing when there is none.
+    std::optional<std::size_t> placeOf(std::string_view id) const {
+        const auto found = placeIn(entries_, id);
+        if (found == entries_.end()) return std::nullopt;
+        return static_cast<std::size_t>(found - entries_.begin());
+    }
+
     /// The entries that a person may mean by `words`: the one with that id, or all with that
     /// name, or else all whose folded name is the same.
     static std::vector<const Entry*> meant(const std::vector<Entry>& entries,

@@ -11,15 +11,11 @@ namespace app {
 
 namespace {
 
-/// Null for the key of another place.
-const BeatRecords::Entry* beatOf(const DeskStores& stores, const QString& key) {
+/// Empty for the key of another place.
+std::string beatIDOf(const QString& key) {
     const auto place = Destination::fromKey(key);
-    if (!place || place->kind != Destination::Kind::beat) return nullptr;
-    return stores.newsrooms.beats().find(place->id.toStdString());
-}
-
-std::ptrdiff_t beatPlaceOf(const DeskStores& stores, const BeatRecords::Entry& entry) {
-    return &entry - stores.newsrooms.beats().entries().data();
+    return place && place->kind == Destination::Kind::beat ? place->id.toStdString()
+                                                           : std::string();
 }
 
 }  // namespace
@@ -28,27 +24,24 @@ BeatActions::BeatActions(const DeskStores& stores, QObject* parent)
     : QObject(parent), stores_(stores) {}
 
 void BeatActions::edit(const QString& key) {
-    const auto* entry = beatOf(stores_, key);
+    const auto* entry = stores_.newsrooms.beats().find(beatIDOf(key));
     if (entry && entry->isReadable())
         emit sheetWanted(QStringLiteral("beat:") + QString::fromStdString(entry->id));
 }
 
 void BeatActions::moveBy(const QString& key, int steps) {
-    if (const auto* entry = beatOf(stores_, key)) {
-        const auto wanted = std::max<std::ptrdiff_t>(0, beatPlaceOf(stores_, *entry) + steps);
-        moveBeat(stores_, entry->id, static_cast<std::size_t>(wanted));
-    }
+    const auto id = beatIDOf(key);
+    const auto place = stores_.newsrooms.beats().placeOf(id);
+    if (!place) return;
+    const auto wanted = static_cast<std::ptrdiff_t>(*place) + steps;
+    moveBeat(stores_, id, static_cast<std::size_t>(std::max<std::ptrdiff_t>(0, wanted)));
 }
 
 void BeatActions::moveOnto(const QString& key, const QString& other) {
-    const auto* moved = beatOf(stores_, key);
-    const auto* target = beatOf(stores_, other);
-    if (moved && target)
-        moveBeat(stores_, moved->id, static_cast<std::size_t>(beatPlaceOf(stores_, *target)));
+    const auto place = stores_.newsrooms.beats().placeOf(beatIDOf(other));
+    if (place) moveBeat(stores_, beatIDOf(key), *place);
 }
 
-void BeatActions::remove(const QString& key) {
-    if (const auto* entry = beatOf(stores_, key)) removeBeat(stores_, std::string(entry->id));
-}
+void BeatActions::remove(const QString& key) { removeBeat(stores_, beatIDOf(key)); }
 
 }  // namespace app

@@ -72,12 +72,11 @@ void removeBeat(const DeskStores& stores, const std::string& id) {
 void moveBeat(const DeskStores& stores, const std::string& id, std::size_t place) {
     auto& newsrooms = stores.newsrooms;
     const auto& entries = newsrooms.beats().entries();
-    const auto* entry = newsrooms.beats().find(id);
-    if (!entry) return;
-    const auto before = static_cast<std::size_t>(entry - entries.data());
+    const auto from = newsrooms.beats().placeOf(id);
     place = std::min(place, entries.size() - 1);
-    if (place == before) return;
-    const auto text = BeatChanges::tr("Move beat %1").arg(titleText(entry->name));
+    if (!from || place == *from) return;
+    const auto before = *from;
+    const auto text = BeatChanges::tr("Move beat %1").arg(titleText(entries[before].name));
     newsrooms.moveBeat(id, place);
     stores.undo.push({.text = text,
                       .undo = [&newsrooms, id, before] { newsrooms.moveBeat(id, before); },

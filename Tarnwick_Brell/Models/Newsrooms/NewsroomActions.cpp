@@ -1,7 +1,6 @@
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomActions.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "NewsroomKit/Newsrooms/NewsroomLimits.h"
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
@@ -26,12 +25,12 @@ std::string newsroomID(const QString& key) {
                                                                : std::string();
 }
 
-std::optional<std::size_t> placeOf(const NewsroomRecords& records, const std::string& id) {
-    const auto& entries = records.entries();
-    const auto found = std::find_if(entries.begin(), entries.end(),
-                                    [&](const auto& entry) { return entry.id == id; });
-    if (found == entries.end()) return std::nullopt;
-    return static_cast<std::size_t>(found - entries.begin());
+/// The disk can refuse now what it took before; the next change will say so.
+void putOnBoard(Defaults& defaults, const std::string& id, bool on) {
+    try {
+        setOnBoard(defaults, id, on);
+    } catch (const StoreError&) {
+    }
 }
 
 }  // namespace
@@ -81,14 +80,14 @@ void NewsroomActions::setSymbol(const QString& key, const QString& symbol) {
 
 void NewsroomActions::moveBy(const QString& key, int steps) {
     const auto id = newsroomID(key);
-    const auto place = placeOf(stores_.newsrooms.newsrooms(), id);
+    const auto place = stores_.newsrooms.newsrooms().placeOf(id);
     if (!place) return;
     const auto wanted = static_cast<std::ptrdiff_t>(*place) + steps;
     steps_.move(id, static_cast<std::size_t>(std::max<std::ptrdiff_t>(0, wanted)));
 }
 
 void NewsroomActions::moveOnto(const QString& key, const QString& other) {
-    const auto place = placeOf(stores_.newsrooms.newsrooms(), newsroomID(other));
+    const auto place = stores_.newsrooms.newsrooms().placeOf(newsroomID(other));
     if (place) steps_.move(newsroomID(key), *place);
 }
 
@@ -102,18 +101,17 @@ bool NewsroomActions::isOnBoard(const QString& key) const {
 
 void NewsroomActions::setOnBoard(const QString& key, bool on) {
     const auto id = newsroomID(key);
-    const auto set = [this, id](bool isOn) {
-        try {
-            app::setOnBoard(stores_.defaults, id, isOn);
-        } catch (const StoreError& error) {
-            emit noticed(QString::fromUtf8(error.what()));
-        }
-    };
-    set(on);
+    auto& defaults = stores_.defaults;
+    try {
+        app::setOnBoard(defaults, id, on);
+    } catch (const StoreError& error) {
+        emit noticed(QString::fromUtf8(error.what()));
+        return;
+    }
     stores_.undo.push(
         {.text = on ? tr("Show newsroom on the board") : tr("Leave newsroom out of the board"),
-         .undo = [set, on] { set(!on); },
-         .redo = [set, on] { set(on); }});
+         .undo = [&defaults, id, on] { putOnBoard(defaults, id, !on); },
+         .redo = [&defaults, id, on] { putOnBoard(defaults, id, on); }});
 }
 
 void NewsroomActions::duplicate(const QString& key) {

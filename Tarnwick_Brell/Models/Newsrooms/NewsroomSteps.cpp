@@ -22,13 +22,6 @@ void putUnlessGone(NewsroomStore& newsrooms, const std::vector<kit::NewsroomSpec
         if (newsrooms.newsrooms().find(spec.id.text())) newsrooms.put(spec);
 }
 
-std::size_t positionOf(const NewsroomRecords& records, const std::string& id) {
-    const auto& entries = records.entries();
-    const auto found = std::find_if(entries.begin(), entries.end(),
-                                    [&](const auto& entry) { return entry.id == id; });
-    return static_cast<std::size_t>(found - entries.begin());
-}
-
 }  // namespace
 
 void NewsroomSteps::change(kit::NewsroomSpec after, const QString& text) {
@@ -73,12 +66,12 @@ void NewsroomSteps::remove(const std::string& id) {
 
 void NewsroomSteps::move(const std::string& id, std::size_t place) {
     auto& newsrooms = newsrooms_;
-    const auto* entry = newsrooms.newsrooms().find(id);
-    if (!entry) return;
-    const auto before = positionOf(newsrooms.newsrooms(), id);
-    place = std::min(place, newsrooms.newsrooms().entries().size() - 1);
-    if (place == before) return;
-    const auto text = NewsroomStepText::tr("Move newsroom %1").arg(titleText(entry->name));
+    const auto& entries = newsrooms.newsrooms().entries();
+    const auto from = newsrooms.newsrooms().placeOf(id);
+    place = std::min(place, entries.size() - 1);
+    if (!from || place == *from) return;
+    const auto before = *from;
+    const auto text = NewsroomStepText::tr("Move newsroom %1").arg(titleText(entries[before].name));
     newsrooms.moveNewsroom(id, place);
     undo_.push({.text = text,
                 .undo = [&newsrooms, id, before] { newsrooms.moveNewsroom(id, before); },

@@ -23,7 +23,7 @@ SourceOptions SourceSteps::optionsOf(const kit::NewsSource& source) const {
     return entry == options.end() ? SourceOptions{} : entry->second;
 }
 
-void SourceSteps::setEnabled(const kit::NewsSource& source, bool enabled) {
+void SourceSteps::setEnabled(const kit::NewsSource& source, bool enabled, const QString& notice) {
     auto& desk = stores_.news;
     if (desk.enabledSourceIDs().contains(source.id) == enabled) return;
     desk.setEnabled(source.id, enabled);
@@ -31,7 +31,8 @@ void SourceSteps::setEnabled(const kit::NewsSource& source, bool enabled) {
     stores_.undo.push({.text = enabled ? SourceStep::tr("Switch on %1").arg(name)
                                        : SourceStep::tr("Switch off %1").arg(name),
                        .undo = [&desk, id = source.id, enabled] { desk.setEnabled(id, !enabled); },
-                       .redo = [&desk, id = source.id, enabled] { desk.setEnabled(id, enabled); }});
+                       .redo = [&desk, id = source.id, enabled] { desk.setEnabled(id, enabled); },
+                       .notice = notice.isEmpty() ? notice : notice.arg(name)});
 }
 
 void SourceSteps::setOptions(const kit::NewsSource& source, const SourceOptions& options,

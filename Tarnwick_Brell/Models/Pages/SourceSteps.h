@@ -16,7 +16,8 @@ public:
     /// What is set for the source now, which lines of a table may not show yet.
     SourceOptions optionsOf(const kit::NewsSource& source) const;
 
-    void setEnabled(const kit::NewsSource& source, bool enabled);
+    /// `notice`, with the source's name for %1, where nothing else shows that it was done.
+    void setEnabled(const kit::NewsSource& source, bool enabled, const QString& notice = {});
     /// `step` names the change, with the source's name for %1.
     void setOptions(const kit::NewsSource& source, const SourceOptions& options,
                     const QString& step);

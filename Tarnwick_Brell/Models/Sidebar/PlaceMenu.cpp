@@ -11,6 +11,7 @@
 
 #include "NewsroomKit/Addresses/URLRedaction.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Models/Pages/SourceSteps.h"
 #include "Tarnwick_Brell/Models/Stories/MarkSteps.h"
 #include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -106,13 +107,7 @@ void PlaceMenu::switchOff(const std::string& id) {
     const auto& sources = stores_.news.sources();
     const auto source = std::ranges::find(sources, id, &kit::NewsSource::id);
     if (source == sources.end()) return;
-    const auto name = titleText(source->name);
-    auto& news = stores_.news;
-    news.setEnabled(id, false);
-    stores_.undo.push({.text = tr("Switch off %1").arg(name),
-                       .undo = [&news, id] { news.setEnabled(id, true); },
-                       .redo = [&news, id] { news.setEnabled(id, false); },
-                       .notice = tr("%1 is switched off.").arg(name)});
+    SourceSteps(stores_).setEnabled(*source, false, tr("%1 is switched off."));
 }
 
 }  // namespace app
