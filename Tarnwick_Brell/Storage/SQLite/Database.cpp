@@ -237,7 +237,8 @@ void Database::execute(const char* sql) {
     if (code != SQLITE_OK) fail(code);
 }
 
-void Database::copyInto(Database& target, const std::stop_token& stop) {
+void Database::copyInto(Database& target, const std::stop_token& stop,
+                        const std::function<void(double)>& progress) {
     // 16 MB per step. Without a transaction around all steps, the copy would restart at every
     // write.
     constexpr int pages = 4096;
@@ -246,7 +247,12 @@ void Database::copyInto(Database& target, const std::stop_token& stop) {
     auto* backup = sqlite3_backup_init(target.handle_.get(), "main", handle_.get(), "main");
     if (!backup) target.fail(sqlite3_errcode(target.handle_.get()));
     int code = SQLITE_OK;
-    while (code == SQLITE_OK && !stop.stop_requested()) code = sqlite3_backup_step(backup, pages);
+    while (code == SQLITE_OK && !stop.stop_requested()) {
+        code = sqlite3_backup_step(backup, pages);
+        const auto all = static_cast<double>(sqlite3_backup_pagecount(backup));
+        if (progress && all > 0)
+            progress(1 - static_cast<double>(sqlite3_backup_remaining(backup)) / all);
+    }
     sqlite3_backup_finish(backup);
     execute("ROLLBACK");
     const int kind = code & 0xff;

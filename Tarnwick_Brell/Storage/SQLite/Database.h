@@ -90,8 +90,10 @@ public:
     void execute(const char* sql);
 
     /// Copies the current state of this library, page by page, into `target`, which is open as
-    /// unshared. Others may write meanwhile. Throws StoreError when it is stopped.
-    void copyInto(Database& target, const std::stop_token& stop);
+    /// unshared. Others may write meanwhile. `progress` hears what share of the pages is copied.
+    /// Throws StoreError when it is stopped.
+    void copyInto(Database& target, const std::stop_token& stop,
+                  const std::function<void(double)>& progress = {});
 
     /// From now on every statement fails once a stop is requested.
     void breakOffWhen(const std::stop_token& stop);

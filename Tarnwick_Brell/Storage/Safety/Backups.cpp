@@ -100,7 +100,7 @@ std::optional<Backup> Backups::makeIfDue(Instant now, const std::stop_token& sto
     // Another program may have made the backup just before this one got the lock.
     if (!lock || !isDue(now)) return std::nullopt;
     try {
-        auto backup = write(nameAt(now), CheckDepth::full, stop, onCopied);
+        auto backup = write(nameAt(now), CheckDepth::full, {.stop = stop}, onCopied);
         dropOldest(now);
         return backup;
     } catch (const StoreError&) {
@@ -109,10 +109,10 @@ std::optional<Backup> Backups::makeIfDue(Instant now, const std::stop_token& sto
     }
 }
 
-Backup Backups::make(Instant now) const {
+Backup Backups::make(Instant now, const WorkWatch& watch) const {
     makeFolder(folder_);
     const auto lock = FileLock::acquire(lockFile(), FileLock::Wait::untilFree);
-    auto backup = write(nameAt(now), CheckDepth::full);
+    auto backup = write(nameAt(now), CheckDepth::full, watch);
     dropOldest(now);
     return backup;
 }
@@ -128,11 +128,11 @@ void Backups::makeBeforeMigration() const {
     }
 }
 
-Backup Backups::write(const std::string& name, CheckDepth depth, const std::stop_token& stop,
+Backup Backups::write(const std::string& name, CheckDepth depth, const WorkWatch& watch,
                       const std::function<void()>& onCopied) const {
     // Not the name of a backup, so an interrupted run leaves none behind.
     const auto unfinished = folder_ / "unfinished";
-    copyLibrary(library_, unfinished, depth, stop, onCopied);
+    copyLibrary(library_, unfinished, depth, watch, onCopied);
     const auto file = folder_ / name;
     moveIntoPlace(unfinished, file);
     return *backupIn(file);

@@ -10,6 +10,7 @@
 
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Storage/Safety/LibraryCheck.h"
+#include "Tarnwick_Brell/Storage/Safety/WorkWatch.h"
 
 namespace app {
 
@@ -38,8 +39,9 @@ public:
     std::optional<Backup> makeIfDue(kit::Instant now, const std::stop_token& stop = {},
                                     const std::function<void()>& onCopied = {}) const;
 
-    /// Makes a backup, after waiting for another program that is making one.
-    Backup make(kit::Instant now) const;
+    /// Makes a backup, after waiting for another program that is making one. Throws StoreError when
+    /// it is stopped before the copy has passed the quick check; later the copy counts.
+    Backup make(kit::Instant now, const WorkWatch& watch = {}) const;
 
     /// Backs up the library before its tables change. Only a quick check, because the user is
     /// waiting.
@@ -49,7 +51,7 @@ public:
     bool isDue(kit::Instant now) const;
 
 private:
-    Backup write(const std::string& name, CheckDepth depth, const std::stop_token& stop = {},
+    Backup write(const std::string& name, CheckDepth depth, const WorkWatch& watch = {},
                  const std::function<void()>& onCopied = {}) const;
     void dropOldest(kit::Instant now) const;
     std::filesystem::path lockFile() const { return folder_ / "lock"; }

@@ -27,7 +27,7 @@ void checkIndexes(Database& copy, const fs::path& library, const std::stop_token
 }  // namespace
 
 void copyLibrary(const fs::path& library, const fs::path& copy, CheckDepth depth,
-                 const std::stop_token& stop, const std::function<void()>& onCopied) {
+                 const WorkWatch& watch, const std::function<void()>& onCopied) {
     const auto removeCopy = [&copy] {
         std::error_code ignored;
         fs::remove(copy, ignored);
@@ -36,13 +36,13 @@ void copyLibrary(const fs::path& library, const fs::path& copy, CheckDepth depth
     try {
         Database source(library, Database::Access::readOnly);
         Database target(copy, Database::Access::unshared);
-        source.copyInto(target, stop);
-        target.breakOffWhen(stop);
+        source.copyInto(target, watch.stop, watch.progress);
+        target.breakOffWhen(watch.stop);
         if (const auto fault = firstFault(target, CheckDepth::quick)) {
             throw damagedLibrary(library, *fault);
         }
         if (onCopied) onCopied();
-        if (depth == CheckDepth::full) checkIndexes(target, library, stop);
+        if (depth == CheckDepth::full) checkIndexes(target, library, watch.stop);
     } catch (const StoreError&) {
         removeCopy();
         throw;

@@ -2,9 +2,9 @@
 
 #include <filesystem>
 #include <functional>
-#include <stop_token>
 
 #include "Tarnwick_Brell/Storage/Safety/LibraryCheck.h"
+#include "Tarnwick_Brell/Storage/Safety/WorkWatch.h"
 
 namespace app {
 
@@ -14,7 +14,7 @@ namespace app {
 /// the library, is damaged. A full check that is stopped after the quick one leaves the copy.
 /// `onCopied` is called between the two.
 void copyLibrary(const std::filesystem::path& library, const std::filesystem::path& copy,
-                 CheckDepth depth, const std::stop_token& stop = {},
+                 CheckDepth depth, const WorkWatch& watch = {},
                  const std::function<void()>& onCopied = {});
 
 }  // namespace app

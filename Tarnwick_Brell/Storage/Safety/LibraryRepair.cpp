@@ -10,6 +10,7 @@
 #include "Tarnwick_Brell/Storage/Safety/LibraryCheck.h"
 #include "Tarnwick_Brell/Storage/Safety/LibraryRestore.h"
 #include "Tarnwick_Brell/Storage/Tables/Schema.h"
+#include "Tarnwick_Brell/Storage/Tables/SourceTable.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryTable.h"
 
 namespace app {
@@ -43,7 +44,7 @@ struct TemporaryCopy {
 
 /// Copies every page unchanged, including those in the log, because attaching opens the file for
 /// writing.
-void copyPages(const fs::path& library, const fs::path& copy) {
+void copyPages(const fs::path& library, const fs::path& copy, const WorkWatch& watch) {
     Database source(library, Database::Access::readOnly);
     if (isOutdated(source)) {
         throw StoreError(StoreError::Reason::olderVersion,
@@ -52,7 +53,7 @@ void copyPages(const fs::path& library, const fs::path& copy) {
                              "restore\" puts its last good backup in its place.");
     }
     Database target(copy, Database::Access::unshared);
-    source.copyInto(target, {});
+    source.copyInto(target, watch.stop, watch.progress);
 }
 
 void copyRows(Database& target, const fs::path& damaged) {
@@ -80,13 +81,14 @@ void requireSoundCopy(Database& target, const fs::path& library) {
 
 }  // namespace
 
-void copyTables(const fs::path& library, const fs::path& copy) {
+void copyTables(const fs::path& library, const fs::path& copy, const WorkWatch& watch) {
     std::error_code ignored;
     fs::remove(copy, ignored);
     try {
         const TemporaryCopy pages(copy.string() + "-pages");
-        copyPages(library, pages.file);
+        copyPages(library, pages.file, watch);
         Database target(copy, Database::Access::unshared);
+        target.breakOffWhen(watch.stop);
         migrate(target);
         copyRows(target, pages.file);
         requireSoundCopy(target, library);
@@ -97,15 +99,31 @@ void copyTables(const fs::path& library, const fs::path& copy) {
     makeDurable(copy);
 }
 
-Repair repairLibrary(const fs::path& library, kit::Instant now) {
+RepairPreview previewRepair(const fs::path& library, const WorkWatch& watch) {
+    const TemporaryCopy copy(library.string() + ".preview");
+    copyTables(library, copy.file, watch);
+    Database database(copy.file, Database::Access::readOnly);
+    const auto count = [&](const char* rows) {
+        Statement statement(database, std::string("SELECT count(*) FROM ") + rows);
+        statement.step();
+        return static_cast<std::size_t>(statement.number(0));
+    };
+    return {.stories = StoryTable(database).count(),
+            .saved = count("marks WHERE savedAt IS NOT NULL"),
+            .newsrooms = count("newsrooms WHERE removedAt IS NULL"),
+            .beats = count("beats WHERE removedAt IS NULL"),
+            .ownSources = SourceTable(database).customSources().size()};
+}
+
+Repair repairLibrary(const fs::path& library, kit::Instant now, const WorkWatch& watch) {
     const fs::path copy = library.string() + ".repairing";
-    copyTables(library, copy);
+    copyTables(library, copy, watch);
     Repair repair;
     repair.stories = [&copy] {
         Database database(copy, Database::Access::readOnly);
         return StoryTable(database).count();
     }();
-    repair.setAside = *putInPlace(copy, library, now);
+    repair.setAside = *putInPlace(copy, library, now, watch.stop);
     return repair;
 }
 

@@ -63,17 +63,19 @@ void giveName(const fs::path& library, const fs::path& name) {
     if (error) moveIntoPlace(library, name);
 }
 
-bool copyIfSound(const fs::path& candidate, const fs::path& copy) {
-    if (checkLibrary(candidate, CheckDepth::full).state != LibraryState::sound) return false;
-    copyLibrary(candidate, copy, CheckDepth::quick);
+bool copyIfSound(const fs::path& candidate, const fs::path& copy, const WorkWatch& watch) {
+    if (checkLibrary(candidate, CheckDepth::full, watch.stop).state != LibraryState::sound)
+        return false;
+    copyLibrary(candidate, copy, CheckDepth::quick, watch);
     return true;
 }
 
 /// A copy from an earlier version may have faults in its indexes, which that version did not check.
-bool copyIfRepairable(const fs::path& candidate, const fs::path& copy) {
-    if (checkLibrary(candidate, CheckDepth::quick).state != LibraryState::sound) return false;
+bool copyIfRepairable(const fs::path& candidate, const fs::path& copy, const WorkWatch& watch) {
+    if (checkLibrary(candidate, CheckDepth::quick, watch.stop).state != LibraryState::sound)
+        return false;
     try {
-        copyTables(candidate, copy);
+        copyTables(candidate, copy, watch);
     } catch (const StoreError& error) {
         if (error.reason() != StoreError::Reason::damaged &&
             error.reason() != StoreError::Reason::olderVersion) {
@@ -86,11 +88,11 @@ bool copyIfRepairable(const fs::path& candidate, const fs::path& copy) {
 
 /// Copies the first sound backup to `copy`, or the first repairable one when none is sound.
 void copyFirstSound(const std::vector<fs::path>& candidates, const fs::path& copy,
-                    Restoration& restoration) {
+                    Restoration& restoration, const WorkWatch& watch) {
     for (const auto attempt : {copyIfSound, copyIfRepairable}) {
         restoration.unsound.clear();
         for (const auto& candidate : candidates) {
-            if (attempt(candidate, copy)) {
+            if (attempt(candidate, copy, watch)) {
                 restoration.from = candidate;
                 return;
             }
@@ -106,7 +108,7 @@ void copyFirstSound(const std::vector<fs::path>& candidates, const fs::path& cop
 }  // namespace
 
 Restoration restoreLibrary(const fs::path& library, const std::optional<fs::path>& chosen,
-                           kit::Instant now) {
+                           kit::Instant now, const WorkWatch& watch) {
     std::vector<fs::path> candidates;
     if (chosen) {
         candidates.push_back(*chosen);
@@ -116,14 +118,19 @@ Restoration restoreLibrary(const fs::path& library, const std::optional<fs::path
     Restoration restoration;
     // 1. Make a complete copy, checked and flushed to the disk, before touching anything else.
     const fs::path copy = library.string() + ".restoring";
-    copyFirstSound(candidates, copy, restoration);
+    copyFirstSound(candidates, copy, restoration, watch);
     // 2. Put it in the library's place.
-    restoration.setAside = putInPlace(copy, library, now);
+    restoration.setAside = putInPlace(copy, library, now, watch.stop);
     return restoration;
 }
 
-std::optional<fs::path> putInPlace(const fs::path& copy, const fs::path& library,
-                                   kit::Instant now) {
+std::optional<fs::path> putInPlace(const fs::path& copy, const fs::path& library, kit::Instant now,
+                                   const std::stop_token& stop) {
+    if (stop.stop_requested()) {
+        std::error_code ignored;
+        fs::remove(copy, ignored);
+        throw StoreError(StoreError::Reason::other, "The work on the library was given up.");
+    }
     std::optional<fs::path> setAside;
     if (isAnythingPresent(library)) {
         // 1. Rename the old library, together with its log.

@@ -168,6 +168,8 @@ TEST_F(LibrarySafety, AFullCheckFindsWhatIndexesLackAndARepairMakesThemAnew) {
         EXPECT_THROW(backups_.makeIfDue(kNoon), StoreError);
         EXPECT_TRUE(names(kNoon).empty());
 
+        EXPECT_EQ(previewRepair(library_, {}).stories, 2u);
+        EXPECT_FALSE(fs::exists(library_.string() + ".preview"));
         const auto repair = repairLibrary(library_, kNoon);
         EXPECT_EQ(checkLibrary(library_, CheckDepth::full).state, LibraryState::sound);
         EXPECT_EQ(repair.stories, 2u);
@@ -215,6 +217,20 @@ TEST_F(LibrarySafety, ABackupThatAQuickCheckOnceLetThroughIsRepairedWhenThereIsN
     EXPECT_EQ(restoreLibrary(library_, std::nullopt, kNoon + 2h).from, faulty);
     EXPECT_EQ(checkLibrary(library_, CheckDepth::full).state, LibraryState::sound);
     EXPECT_EQ(stories(library_), 2u);
+}
+
+TEST_F(LibrarySafety, WorkThatIsGivenUpChangesNothing) {
+    addStory("1");
+    const auto backup = backups_.make(kNoon).file;
+    addStory("2");
+    std::stop_source stop;
+    WorkWatch watch{.stop = stop.get_token(), .progress = [&](double) { stop.request_stop(); }};
+    EXPECT_THROW(repairLibrary(library_, kNoon, watch), StoreError);
+    EXPECT_THROW(restoreLibrary(library_, backup, kNoon, watch), StoreError);
+    EXPECT_EQ(names(kNoon).size(), 1u);
+    EXPECT_EQ(stories(library_), 2u);
+    for (const auto& file : fs::directory_iterator(library_.parent_path()))
+        EXPECT_FALSE(file.path().filename().string().starts_with("library.sqlite.re")) << file;
 }
 
 TEST_F(LibrarySafety, ADeskChecksAtItsStartAfterABreakOrADay) {
