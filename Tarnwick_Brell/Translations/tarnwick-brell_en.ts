@@ -512,6 +512,44 @@
     </message>
 </context>
 <context>
+    <name>LibraryText</name>
+    <message numerus="yes">
+        <source>%n stories</source>
+        <translation>
+            <numerusform>%n story</numerusform>
+            <numerusform>%n stories</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n saved</source>
+        <translation>
+            <numerusform>%n saved</numerusform>
+            <numerusform>%n saved</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n newsrooms</source>
+        <translation>
+            <numerusform>%n newsroom</numerusform>
+            <numerusform>%n newsrooms</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n beats</source>
+        <translation>
+            <numerusform>%n beat</numerusform>
+            <numerusform>%n beats</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sources of your own</source>
+        <translation>
+            <numerusform>%n source of your own</numerusform>
+            <numerusform>%n sources of your own</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>SettingFacts</name>
     <message numerus="yes">
         <source> · fetched %n times in 7 days</source>

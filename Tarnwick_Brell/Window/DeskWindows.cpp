@@ -59,7 +59,8 @@ DeskWindows::Entry& DeskWindows::add(int number) {
     entry.window = std::make_unique<DeskWindow>(*entry.model, pictures_);
     auto& window = entry.window->window();
     connect(entry.model.get(), &WindowModel::linkWanted, this, &DeskWindows::linkWanted);
-    connect(entry.model.get(), &WindowModel::restoreWanted, this, &DeskWindows::restoreWanted);
+    connect(entry.model.get(), &WindowModel::libraryWorkWanted, this,
+            &DeskWindows::libraryWorkWanted);
     connect(
         entry.model.get(), &WindowModel::fileWanted, this,
         [this, model = entry.model.get()](const FileWish& wish) { emit fileWanted(model, wish); });

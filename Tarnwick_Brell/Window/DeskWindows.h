@@ -44,7 +44,7 @@ public:
 signals:
     /// To be opened in the browser.
     void linkWanted(const QString& link);
-    void restoreWanted(const QString& backup);
+    void libraryWorkWanted(const app::LibraryWork& work);
     void visibilityChanged();
     /// A sheet in that window asks for a file.
     void fileWanted(app::WindowModel* model, const app::FileWish& wish);

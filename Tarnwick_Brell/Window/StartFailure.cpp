@@ -1,29 +1,21 @@
 #include "Tarnwick_Brell/Window/StartFailure.h"
 
 #include <cstdlib>
-#include <memory>
 #include <string>
 #include <string_view>
 
 #include <QCoreApplication>
 #include <QGuiApplication>
-#include <QQmlComponent>
-#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QUrl>
-#include <QVariantMap>
 #include <unistd.h>
 
-#include "NewsroomKit/Log/Log.h"
 #include "Tarnwick_Brell/Arguments/Arguments.h"
-#include "Tarnwick_Brell/Interface/Controls/InstallControls.h"
-#include "Tarnwick_Brell/Models/Window/Appearance.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
 #include "Tarnwick_Brell/Storage/Safety/LibraryLock.h"
+#include "Tarnwick_Brell/Window/NoticeWindow.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
 #include "Tarnwick_Brell/Window/SocketCall.h"
-
-extern void qml_register_types_TarnwickBrell_Window();
 
 namespace app {
 
@@ -41,7 +33,10 @@ QString helpFor(StoreError::Reason reason) {
         case StoreError::Reason::diskFull:
             return HelpText::tr("Make room on the disk, then open Tarnwick Brell again.");
         case StoreError::Reason::damaged:
-            return HelpText::tr("Commands in quotation marks are typed in a terminal.");
+            return HelpText::tr(
+                "A repair copies what can be read into a new library; you will see what it keeps "
+                "before it is made. A backup may be older. Either way the damaged library stays "
+                "beside the new one.");
         case StoreError::Reason::newerVersion:
             return HelpText::tr(
                 "Install the version of Tarnwick Brell that wrote it, or a later one.");
@@ -89,6 +84,7 @@ StartFailure startFailure(const std::exception& error, const Paths& paths) {
         failure.reason = QString::fromStdString(SingleInstance::refusal(*held));
     } else if (const auto* store = dynamic_cast<const StoreError*>(&error)) {
         failure.help = helpFor(store->reason());
+        failure.isLibraryDamaged = store->reason() == StoreError::Reason::damaged;
         if (store->reason() != StoreError::Reason::busy)
             failure.folder = paths.library.parent_path();
     } else if (dynamic_cast<const arguments::UsageError*>(&error) ||
@@ -107,31 +103,22 @@ StartFailure startFailure(const std::exception& error, const Paths& paths) {
 
 bool needsFailureWindow() { return !isatty(STDERR_FILENO) && hasDisplay(); }
 
-void showStartFailure(const StartFailure& failure, const Paths& paths) {
-    // Naming it keeps the linker from leaving out the module's types.
-    [[maybe_unused]] void (*volatile types)() = &qml_register_types_TarnwickBrell_Window;
-    Defaults defaults(paths.settings);
-    Appearance appearance(defaults);
-    QQmlEngine engine;
-    installControls(engine);
-    QQmlComponent component(
-        &engine, QUrl(QStringLiteral("qrc:/qt/qml/TarnwickBrell/Window/StartFailureWindow.qml")));
+std::optional<LibraryWork> showStartFailure(const StartFailure& failure, const Paths& paths) {
     const auto folder = failure.folder.empty()
                             ? QUrl()
                             : QUrl::fromLocalFile(QString::fromStdString(failure.folder.string()));
-    const QVariantMap properties{{QStringLiteral("appearance"), QVariant::fromValue(&appearance)},
-                                 {QStringLiteral("reason"), failure.reason},
-                                 {QStringLiteral("help"), failure.help},
-                                 {QStringLiteral("folder"), folder}};
-    const std::unique_ptr<QObject> made(component.createWithInitialProperties(properties));
-    auto* window = qobject_cast<QQuickWindow*>(made.get());
-    if (!window) {
-        kit::log(kit::LogCategory::window, kit::LogLevel::error, "{}",
-                 component.errorString().toStdString());
-        return;
-    }
-    window->show();
+    NoticeWindow notice(paths.settings, QStringLiteral("StartFailureWindow"),
+                        {{QStringLiteral("reason"), failure.reason},
+                         {QStringLiteral("help"), failure.help},
+                         {QStringLiteral("folder"), folder},
+                         {QStringLiteral("isLibraryDamaged"), failure.isLibraryDamaged}});
+    if (!notice.window()) return std::nullopt;
+    notice.window()->show();
     QGuiApplication::exec();
+    const auto wish = notice.window()->property("wish").toString();
+    if (wish == u"repair") return LibraryWork{.kind = LibraryWork::Kind::repair};
+    if (wish == u"restore") return LibraryWork{.kind = LibraryWork::Kind::restore};
+    return std::nullopt;
 }
 
 }  // namespace app

@@ -2,9 +2,11 @@
 
 #include <exception>
 #include <filesystem>
+#include <optional>
 
 #include <QString>
 
+#include "Tarnwick_Brell/Storage/Safety/LibraryWork.h"
 #include "Tarnwick_Brell/Storage/Settings/Paths.h"
 
 namespace app {
@@ -14,6 +16,7 @@ struct StartFailure {
     QString reason{};                ///< the text that also goes to standard error
     QString help{};                  ///< a sentence; empty where the reason says what helps
     std::filesystem::path folder{};  ///< to be looked into; empty where that does not help
+    bool isLibraryDamaged = false;
 };
 
 StartFailure startFailure(const std::exception& error, const Paths& paths);
@@ -23,7 +26,8 @@ StartFailure startFailure(const std::exception& error, const Paths& paths);
 bool needsFailureWindow();
 
 /// Shows the failure in a small window until it is closed. Needs an application object. Where
-/// there can't be such a window, standard error has to do.
-void showStartFailure(const StartFailure& failure, const Paths& paths);
+/// there can't be such a window, standard error has to do. Returns what the user wants done with a
+/// damaged library before the program starts again.
+std::optional<LibraryWork> showStartFailure(const StartFailure& failure, const Paths& paths);
 
 }  // namespace app

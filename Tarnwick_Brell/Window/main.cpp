@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QUrl>
@@ -21,7 +22,7 @@
 #include "Tarnwick_Brell/Shell/ShutdownSignals.h"
 #include "Tarnwick_Brell/Window/DeskPresence.h"
 #include "Tarnwick_Brell/Window/DeskWindows.h"
-#include "Tarnwick_Brell/Window/RestoreWish.h"
+#include "Tarnwick_Brell/Window/LibraryWish.h"
 #include "Tarnwick_Brell/Window/SingleInstance.h"
 #include "Tarnwick_Brell/Window/StartFailure.h"
 #include "Tarnwick_Brell/Window/StoryPrinter.h"
@@ -43,28 +44,34 @@ std::unique_ptr<QGuiApplication> makeApplication(int& count, char** words) {
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnwick-brell.svg")));
     installTranslations();
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
+    // The window could only show boxes for it.
+    if (QFontDatabase::families().isEmpty())
+        warn("No font is installed, so texts can't be shown. Install one, such as fonts-inter.");
     return application;
 }
 
-/// Whoever starts the program from a menu does not read standard error.
-void refuse(const std::exception& error, const Paths& paths, int& count, char** words) {
-    const auto failure = startFailure(error, paths);
+/// Whoever starts the program from a menu does not read standard error. `tried` is how an attempt
+/// to help ended. Returns what the user wants done before the program starts again.
+std::optional<LibraryWork> refuse(const std::exception& error, const Paths& paths, int& count,
+                                  char** words, const QString& tried = {}) {
+    auto failure = startFailure(error, paths);
     warn(failure.reason.toStdString());
-    if (!needsFailureWindow()) return;
+    if (!tried.isEmpty()) failure.help = tried;
+    if (!needsFailureWindow()) return std::nullopt;
     std::unique_ptr<QGuiApplication> application;
     std::optional<ShutdownSignals> stop;
     if (!qApp) {
         application = makeApplication(count, words);
         stop.emplace([] { QGuiApplication::quit(); });
     }
-    showStartFailure(failure, paths);
+    return showStartFailure(failure, paths);
 }
 
 /// Through the desktop's opener; never a shell.
 void openInBrowser(const QString& link) { QDesktopServices::openUrl(QUrl(link)); }
 
 int runWindow(AppEnvironment& environment, SingleInstance& instance, PictureLoader& pictures,
-              RestoreWish& wish) {
+              LibraryWish& wish) {
     instance.listen();
     UndoStack undo;
     const auto stores = windowStores(environment, undo, &currentInstant);
@@ -72,10 +79,11 @@ int runWindow(AppEnvironment& environment, SingleInstance& instance, PictureLoad
     QObject::connect(&environment.newsDesk(), &NewsDesk::networkReturned, &windows,
                      [&] { pictures.forgetFailures(); });
     QObject::connect(&windows, &DeskWindows::linkWanted, &openInBrowser);
-    QObject::connect(&windows, &DeskWindows::restoreWanted, &windows, [&](const QString& backup) {
-        wish.backup = backup.toStdString();
-        QGuiApplication::quit();
-    });
+    QObject::connect(&windows, &DeskWindows::libraryWorkWanted, &windows,
+                     [&](const LibraryWork& work) {
+                         wish.work = work;
+                         QGuiApplication::quit();
+                     });
     QObject::connect(&environment.notifier(), &Notifier::targetActivated, &windows,
                      [&](const NotificationTarget& target, const QString& activationToken) {
                          openTarget(windows.model(), target);
@@ -109,25 +117,21 @@ int start(int& count, char** words, const DeskOptions& options) {
     const auto application = makeApplication(count, words);
     // The end of a session and Ctrl-C close the library as the window's own end does.
     const ShutdownSignals stop([] { QGuiApplication::quit(); });
-    try {
-        PictureLoader pictures({.folder = launch.paths().pictures, .network = network});
-        RestoreWish wish;
-        while (true) {
-            int status = 0;
-            {
-                AppEnvironment environment({.paths = launch.paths(),
-                                            .network = network,
-                                            .clock = &currentInstant,
-                                            .what = SingleInstance::kWhat});
-                status = runWindow(environment, instance, pictures, wish);
-            }
-            if (!wish.backup) return status;
-            fulfil(wish, launch.paths().library, currentInstant());
+    PictureLoader pictures({.folder = launch.paths().pictures, .network = network});
+    LibraryWish wish;
+    while (true) {
+        int status = 1;
+        try {
+            AppEnvironment environment({.paths = launch.paths(),
+                                        .network = network,
+                                        .clock = &currentInstant,
+                                        .what = SingleInstance::kWhat});
+            status = runWindow(environment, instance, pictures, wish);
+        } catch (const std::exception& error) {
+            // Here, while the log is still open.
+            wish.work = refuse(error, launch.paths(), count, words, wish.outcome);
         }
-    } catch (const std::exception& error) {
-        // Here, while the log is still open.
-        refuse(error, launch.paths(), count, words);
-        return 1;
+        if (!wish.work || !fulfil(wish, launch.paths(), &currentInstant)) return status;
     }
 }
 

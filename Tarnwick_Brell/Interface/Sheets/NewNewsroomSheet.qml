@@ -222,7 +222,7 @@ Sheet {
             }
             GridPlan {
                 width: parent.width
-                height: Theme.planHeight
+                height: Math.max(0, Math.min(Theme.planHeight, body.height - y))
                 visible: sheet.content.canMake
                 panels: sheet.content.plan
                 rowsUsed: sheet.content.planRows

@@ -43,10 +43,17 @@ Item {
             onClicked: page.content.backUpLibrary()
         }
         DeskButton {
-            visible: page.content.canCancel
-            text: qsTr("Cancel the check")
+            visible: page.content.isLibraryBusy
+            text: qsTr("Cancel")
             onClicked: page.content.cancelWork()
         }
+    }
+    ProgressLine {
+        anchors.bottom: work.top
+        x: heading.x
+        width: heading.width
+        running: page.content.isLibrary && page.content.isLibraryBusy
+        value: page.content.libraryShare
     }
     ListView {
         anchors.top: heading.bottom

@@ -133,8 +133,13 @@ Window {
                 symbol: isTrouble ? "exclamationmark.triangle" : "wifi.slash"
                 symbolColor: isTrouble ? Theme.red : Theme.text2
                 text: isTrouble ? window.desk.refresh.libraryTrouble : window.desk.refresh.offlineText
-                action: isTrouble ? "" : qsTr("Try now")
-                onActed: window.desk.refresh.refresh()
+                action: isTrouble ? qsTr("Check, repair or restore") : qsTr("Try now")
+                onActed: {
+                    if (isTrouble)
+                        window.desk.showSheet("settings:library");
+                    else
+                        window.desk.refresh.refresh();
+                }
             }
             WireView {
                 id: wire

@@ -12,6 +12,9 @@ Window {
     required property string help
     /// Where "Open folder" leads to; empty without that button.
     required property url folder
+    required property bool isLibraryDamaged
+    /// What the user wants done before the next start: "repair" or "restore".
+    property string wish
 
     title: qsTr("Tarnwick Brell")
     color: Theme.canvas
@@ -78,6 +81,24 @@ Window {
                 inSheet: true
                 text: qsTr("Open folder")
                 onClicked: Qt.openUrlExternally(window.folder)
+            }
+            DeskButton {
+                visible: window.isLibraryDamaged
+                inSheet: true
+                text: qsTr("Restore the last backup")
+                onClicked: {
+                    window.wish = "restore";
+                    window.close();
+                }
+            }
+            DeskButton {
+                visible: window.isLibraryDamaged
+                inSheet: true
+                text: qsTr("Repair…")
+                onClicked: {
+                    window.wish = "repair";
+                    window.close();
+                }
             }
             DeskButton {
                 inSheet: true

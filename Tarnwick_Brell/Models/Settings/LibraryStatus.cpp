@@ -1,9 +1,11 @@
 #include "Tarnwick_Brell/Models/Settings/LibraryStatus.h"
 
+#include "Tarnwick_Brell/Models/Settings/LibraryText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Storage/Safety/LibraryCheck.h"
+#include "Tarnwick_Brell/Storage/Safety/LibraryRepair.h"
 
 namespace app {
 
@@ -40,26 +42,39 @@ LibraryStatus::LibraryStatus(fs::path library, kit::Clock clock)
 LibraryStatus::~LibraryStatus() { queue_->close(); }
 
 void LibraryStatus::read() {
-    run({}, [](const std::stop_token&) { return QString(); });
+    run({}, {}, [](const WorkWatch&) { return Result(); });
+}
+
+LibraryStatus::Result LibraryStatus::checked(const fs::path& library, kit::Instant now,
+                                             const WorkWatch& watch) {
+    const auto found = checkLibrary(library, CheckDepth::full, watch.stop);
+    Result result{.outcome = outcomeText(found)};
+    if (found.state == LibraryState::sound) {
+        LocalStore(library, Database::Access::readWrite).state().set(kLastCheck, now);
+    } else if (found.state == LibraryState::damaged) {
+        try {
+            result.repair = repairText(previewRepair(library, watch));
+        } catch (const StoreError&) {
+            if (watch.stop.stop_requested()) throw;
+            result.outcome += u' ' + tr("It can't be repaired, so only a backup helps.");
+        }
+    }
+    return result;
 }
 
 void LibraryStatus::check() {
-    canCancel_ = true;
-    run(tr("Checking the library…"),
-        [library = library_, clock = clock_](const std::stop_token& stop) {
-            const auto found = checkLibrary(library, CheckDepth::full, stop);
-            if (found.state == LibraryState::sound)
-                LocalStore(library, Database::Access::readWrite).state().set(kLastCheck, clock());
-            return outcomeText(found);
+    run(tr("Checking the library…"), tr("The check was given up."),
+        [library = library_, clock = clock_](const WorkWatch& watch) {
+            return checked(library, clock(), watch);
         });
 }
 
 void LibraryStatus::backUp() {
-    canCancel_ = false;
-    run(tr("Copying the library…"), [library = library_, clock = clock_](const std::stop_token&) {
-        const auto backup = Backups(library).make(clock());
-        return tr("Copied to %1.").arg(titleText(backup.file.filename().string()));
-    });
+    run(tr("Copying the library and checking the copy…"), tr("The backup was given up."),
+        [library = library_, clock = clock_](const WorkWatch& watch) {
+            const auto backup = Backups(library).make(clock(), watch);
+            return Result{tr("Copied to %1.").arg(titleText(backup.file.filename().string())), {}};
+        });
 }
 
 LibraryStatus::Files LibraryStatus::filesOf(const fs::path& library, kit::Instant now) {
@@ -72,27 +87,36 @@ LibraryStatus::Files LibraryStatus::filesOf(const fs::path& library, kit::Instan
 }
 
 /// Every work ends with a look at the files, which it may have changed.
-void LibraryStatus::run(const QString& progress,
-                        std::function<QString(const std::stop_token&)> work) {
+void LibraryStatus::run(const QString& progress, const QString& givenUp, Work work) {
     if (!progress_.isEmpty()) return;
     progress_ = progress;
+    share_ = 0;
     outcome_.clear();
-    thread_ = std::jthread([this, queue = queue_, library = library_, clock = clock_,
+    thread_ = std::jthread([this, queue = queue_, library = library_, clock = clock_, givenUp,
                             work = std::move(work)](const std::stop_token& stop) {
-        QString outcome;
+        Result result;
         Files files;
+        const auto report = [this, queue](double share) {
+            queue->send([this, share] {
+                share_ = share;
+                emit changed();
+            });
+        };
         try {
-            outcome = work(stop);
+            result = work({.stop = stop, .progress = report});
         } catch (const StoreError& error) {
-            outcome = stop.stop_requested() ? tr("The check was given up.")
-                                            : titleText(error.what(), kExcerptCharacters);
+            result.outcome =
+                stop.stop_requested() ? givenUp : titleText(error.what(), kExcerptCharacters);
         }
         try {
             files = filesOf(library, clock());
         } catch (const std::exception& error) {
-            if (outcome.isEmpty()) outcome = titleText(error.what(), kExcerptCharacters);
+            if (result.outcome.isEmpty())
+                result.outcome = titleText(error.what(), kExcerptCharacters);
+            files.backups = Backups(library).all(clock());
         }
-        queue->send([this, outcome, files = std::move(files)] {
+        files.repair = result.repair;
+        queue->send([this, outcome = result.outcome, files = std::move(files)] {
             files_ = files;
             outcome_ = outcome;
             progress_.clear();

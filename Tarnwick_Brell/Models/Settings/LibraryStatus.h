@@ -13,6 +13,7 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Storage/Safety/Backups.h"
+#include "Tarnwick_Brell/Storage/Safety/WorkWatch.h"
 
 namespace app {
 
@@ -34,12 +35,14 @@ public:
     const QString& progress() const { return progress_; }
     /// How the last check or copy ended, as a sentence.
     const QString& outcome() const { return outcome_; }
+    /// What a repair would keep, as a sentence; empty unless a check has found that it helps.
+    const QString& repair() const { return files_.repair; }
+    /// Of the copying that is under way, from 0 to 1.
+    double share() const { return share_; }
 
     /// Both do nothing while one is under way.
     void check();
     void backUp();
-    /// A check can be given up, a copy is made in one go.
-    bool canCancel() const { return canCancel_ && !progress_.isEmpty(); }
     void cancel() { thread_.request_stop(); }
 
 signals:
@@ -51,15 +54,23 @@ private:
         std::optional<std::size_t> stories{};
         std::optional<kit::Instant> lastCheck{};
         std::vector<Backup> backups{};
+        QString repair{};
     };
+    struct Result {
+        QString outcome{};
+        QString repair{};
+    };
+    using Work = std::function<Result(const WorkWatch&)>;
 
     static Files filesOf(const std::filesystem::path& library, kit::Instant now);
     void read();
-    void run(const QString& progress, std::function<QString(const std::stop_token&)> work);
+    void run(const QString& progress, const QString& givenUp, Work work);
+    static Result checked(const std::filesystem::path& library, kit::Instant now,
+                          const WorkWatch& watch);
 
     std::filesystem::path library_;
     kit::Clock clock_;
-    bool canCancel_ = false;
+    double share_ = 0;
     Files files_;
     QString progress_;
     QString outcome_;

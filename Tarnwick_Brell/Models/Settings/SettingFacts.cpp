@@ -64,6 +64,43 @@ QString pathText(const std::filesystem::path& path) {
     return titleText(path.string(), kLongestPath);
 }
 
+SettingRow workRow(const LibraryWork& work, bool isAsked) {
+    const bool repairs = work.kind == LibraryWork::Kind::repair;
+    SettingRow row{.control = SettingControl::Button, .work = work};
+    if (repairs)
+        row.action = isAsked ? SettingFacts::tr("Repair now") : SettingFacts::tr("Repair…");
+    else
+        row.action = isAsked ? SettingFacts::tr("Restore now") : SettingFacts::tr("Restore…");
+    return row;
+}
+
+SettingRow repairRow(const QString& kept, const std::optional<LibraryWork>& asked) {
+    const LibraryWork work{.kind = LibraryWork::Kind::repair, .isConfirmed = true};
+    auto row = workRow(work, asked == work);
+    row.title = SettingFacts::tr("Repair");
+    row.meaning = asked == work ? SettingFacts::tr(
+                                      "The window closes and opens again with the "
+                                      "repaired library.")
+                                : kept;
+    return row;
+}
+
+SettingRow backupRow(const Backup& backup, const std::optional<LibraryWork>& asked,
+                     kit::Instant now) {
+    const LibraryWork work{.kind = LibraryWork::Kind::restore, .backup = backup.file};
+    auto row = workRow(work, asked == work);
+    row.title = SettingFacts::tr("Backup, %1").arg(momentText(backup.made, now));
+    if (asked == work) {
+        row.meaning = SettingFacts::tr(
+            "The window closes and opens again with this backup. The "
+            "present library stays beside it under another name.");
+    } else {
+        row.meaning = backup.beforeMigration ? SettingFacts::tr("Made before an upgrade.")
+                                             : pathText(backup.file.filename());
+    }
+    return row;
+}
+
 }  // namespace
 
 std::vector<SettingRow> alertRows(const NewsroomStore& newsrooms) {
@@ -79,13 +116,14 @@ std::vector<SettingRow> alertRows(const NewsroomStore& newsrooms) {
     return rows;
 }
 
-std::vector<SettingRow> libraryRows(const LibraryStatus& library, const std::string& asked,
-                                    kit::Instant now) {
+std::vector<SettingRow> libraryRows(const LibraryStatus& library,
+                                    const std::optional<LibraryWork>& asked, kit::Instant now) {
     std::vector<SettingRow> rows;
     if (!library.progress().isEmpty())
         rows.push_back(fact(SettingFacts::tr("Under way"), library.progress()));
     if (!library.outcome().isEmpty())
         rows.push_back(fact(SettingFacts::tr("Result"), library.outcome()));
+    if (!library.repair().isEmpty()) rows.push_back(repairRow(library.repair(), asked));
     const auto unread = SettingFacts::tr("Not read yet");
     rows.push_back(fact(SettingFacts::tr("Where"), pathText(library.library())));
     rows.push_back(fact(SettingFacts::tr("Size"),
@@ -104,19 +142,7 @@ std::vector<SettingRow> libraryRows(const LibraryStatus& library, const std::str
         rows.push_back(fact(SettingFacts::tr("Backups"),
                             SettingFacts::tr("None yet. One is made every day.")));
     }
-    for (const auto& backup : library.backups()) {
-        const bool isAsked = backup.file.string() == asked;
-        rows.push_back(
-            {.title = SettingFacts::tr("Backup, %1").arg(momentText(backup.made, now)),
-             .meaning = isAsked ? SettingFacts::tr("The window closes and opens again with this "
-                                                   "backup. The present library stays beside it "
-                                                   "under another name.")
-                        : backup.beforeMigration ? SettingFacts::tr("Made before an upgrade.")
-                                                 : pathText(backup.file.filename()),
-             .control = SettingControl::Button,
-             .action = isAsked ? SettingFacts::tr("Restore now") : SettingFacts::tr("Restore…"),
-             .backup = backup.file.string()});
-    }
+    for (const auto& backup : library.backups()) rows.push_back(backupRow(backup, asked, now));
     return rows;
 }
 

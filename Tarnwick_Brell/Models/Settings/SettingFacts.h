@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include <optional>
 #include <vector>
 
 #include "Tarnwick_Brell/Models/DeskStores.h"
@@ -14,10 +14,10 @@ class LibraryStatus;
 /// The beats, with switches for their alerts.
 std::vector<SettingRow> alertRows(const NewsroomStore& newsrooms);
 
-/// Where the library is, how large, and its backups with buttons that restore them. `asked` is the
-/// backup whose restoring has been asked for and waits for a second press.
-std::vector<SettingRow> libraryRows(const LibraryStatus& library, const std::string& asked,
-                                    kit::Instant now);
+/// Where the library is, how large, and its backups with buttons that restore them; a damaged one
+/// can be repaired. `asked` is the work that has been asked for and waits for a second press.
+std::vector<SettingRow> libraryRows(const LibraryStatus& library,
+                                    const std::optional<LibraryWork>& asked, kit::Instant now);
 
 /// Which computers are asked, why, and how often.
 std::vector<SettingRow> privacyFacts(const DeskStores& stores, const FetchCounts& fetches);

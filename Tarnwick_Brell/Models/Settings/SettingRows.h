@@ -1,9 +1,14 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include <QObject>
 #include <QString>
 #include <QStringList>
 #include <qqmlregistration.h>
+
+#include "Tarnwick_Brell/Storage/Safety/LibraryWork.h"
 
 /// How a setting is changed.
 namespace app::SettingControl {
@@ -58,12 +63,12 @@ public:
     QString action{};  ///< of a button
     QStringList choices{};
     int choice = -1;
-    bool isChanged = false;  ///< not the default
-    QString standard{};      ///< "Default: 5"
-    QString problem{};       ///< why the last input was refused
-    std::string key{};       ///< of a setting
-    std::string beatID{};    ///< of the beat whose alerts are switched
-    std::string backup{};    ///< the file that a button restores
+    bool isChanged = false;             ///< not the default
+    QString standard{};                 ///< "Default: 5"
+    QString problem{};                  ///< why the last input was refused
+    std::string key{};                  ///< of a setting
+    std::string beatID{};               ///< of the beat whose alerts are switched
+    std::optional<LibraryWork> work{};  ///< of a button
 
     bool operator==(const SettingRow&) const = default;
 };

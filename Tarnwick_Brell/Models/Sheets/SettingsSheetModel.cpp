@@ -72,8 +72,15 @@ QString valueText(const SettingKey& key, const std::string& value) {
 
 }  // namespace
 
-std::unique_ptr<SheetModel> SettingsSheetModel::make(const DeskStores& stores, const QString&) {
-    return std::make_unique<SettingsSheetModel>(stores);
+std::unique_ptr<SheetModel> SettingsSheetModel::make(const DeskStores& stores,
+                                                     const QString& subject) {
+    auto sheet = std::make_unique<SettingsSheetModel>(stores);
+    if (subject == u"library") {
+        const auto place = std::ranges::find(kSections, Section::library, &SettingSection::section);
+        sheet->setSection(static_cast<int>(place - kSections.begin()));
+        sheet->checkLibrary();
+    }
+    return sheet;
 }
 
 SettingsSheetModel::SettingsSheetModel(const DeskStores& stores)
@@ -155,7 +162,7 @@ void SettingsSheetModel::setSection(int section) {
     section_ = section;
     searched_.clear();
     showsChanged_ = false;
-    asked_.clear();
+    asked_.reset();
     if (kSections[static_cast<std::size_t>(section)].section == Section::about)
         health_ = healthFacts(stores_);
     if (kSections[static_cast<std::size_t>(section)].section == Section::privacy) countFetches();
@@ -241,13 +248,13 @@ void SettingsSheetModel::setAlerts(const std::string& beatID, bool on) {
 
 void SettingsSheetModel::act(int row) {
     const auto* setting = settings_.row(row);
-    if (!setting || setting->backup.empty() || isLibraryBusy()) return;
-    const auto backup = setting->backup;
-    if (backup == asked_) {
-        emit restoreWanted(QString::fromStdString(backup));
+    if (!setting || !setting->work || isLibraryBusy()) return;
+    const auto work = *setting->work;
+    if (work == asked_) {
+        emit libraryWorkWanted(work);
         return;
     }
-    asked_ = backup;
+    asked_ = work;
     update();
 }
 

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "Tarnwick_Brell/Models/DeskStores.h"
@@ -28,11 +29,12 @@ class SettingsSheetModel : public app::SheetModel {
     Q_PROPERTY(QAbstractListModel* settings READ settings CONSTANT)
     Q_PROPERTY(bool isLibrary READ isLibrary NOTIFY changed)
     Q_PROPERTY(bool isLibraryBusy READ isLibraryBusy NOTIFY changed)
-    Q_PROPERTY(bool canCancel READ canCancel NOTIFY changed)
+    Q_PROPERTY(double libraryShare READ libraryShare NOTIFY changed)
     Q_PROPERTY(bool showsChanged READ showsChanged WRITE setShowsChanged NOTIFY changed)
     Q_PROPERTY(QString changedCount READ changedCount NOTIFY changed)
 
 public:
+    /// With the subject "library" the library is checked at once.
     static std::unique_ptr<SheetModel> make(const DeskStores& stores, const QString& subject);
 
     explicit SettingsSheetModel(const DeskStores& stores);
@@ -46,8 +48,8 @@ public:
     QAbstractListModel* settings() { return &settings_; }
     bool isLibrary() const;
     bool isLibraryBusy() const { return !library_.progress().isEmpty(); }
-    /// The work on the library can be given up.
-    bool canCancel() const { return library_.canCancel(); }
+    /// Of the copying that is under way, from 0 to 1.
+    double libraryShare() const { return library_.share(); }
     QString changedCount() const;
     /// Only what is not the default, of all sections.
     bool showsChanged() const { return showsChanged_; }
@@ -61,7 +63,7 @@ public:
     Q_INVOKABLE void checkLibrary() { library_.check(); }
     Q_INVOKABLE void backUpLibrary() { library_.backUp(); }
     Q_INVOKABLE void cancelWork() { library_.cancel(); }
-    /// Restores the backup of a row: the first time it asks, the second time it does.
+    /// Does the work of a row: the first time it asks, the second time it does.
     Q_INVOKABLE void act(int row);
 
 signals:
@@ -83,7 +85,7 @@ private:
     FetchCounts fetches_;             ///< read when the section about privacy is opened
     int section_ = 0;
     bool showsChanged_ = false;
-    std::string asked_;  ///< the backup that a second press restores
+    std::optional<LibraryWork> asked_;  ///< what a second press does
     QString searched_;
     std::map<std::string, QString> problems_;  ///< by key, until the next good value
     GadgetListModel<SettingSectionRow> sections_;

@@ -4,6 +4,8 @@
 #include <QString>
 #include <qqmlregistration.h>
 
+#include "Tarnwick_Brell/Storage/Safety/LibraryWork.h"
+
 namespace app {
 
 /// Asks for the desktop's dialog that chooses a file.
@@ -37,8 +39,8 @@ signals:
     void placeWanted(const QString& key);
     /// To be opened in the browser: http or https.
     void linkWanted(const QString& link);
-    /// The library is to be replaced by this backup, which only a desk that is closed can do.
-    void restoreWanted(const QString& backup);
+    /// Only a desk that is closed can do it.
+    void libraryWorkWanted(const app::LibraryWork& work);
 };
 
 }  // namespace app

@@ -169,7 +169,7 @@ bool WindowModel::showSheet(const QString& key) {
     sheet_ = std::move(sheet);
     connect(sheet_.get(), &SheetModel::closeWanted, this, &WindowModel::closeSheet);
     connect(sheet_.get(), &SheetModel::noticed, this, &WindowModel::noticed);
-    connect(sheet_.get(), &SheetModel::restoreWanted, this, &WindowModel::restoreWanted);
+    connect(sheet_.get(), &SheetModel::libraryWorkWanted, this, &WindowModel::libraryWorkWanted);
     connect(sheet_.get(), &SheetModel::fileWanted, this, &WindowModel::fileWanted);
     connect(sheet_.get(), &SheetModel::placeWanted, this,
             qOverload<const QString&>(&WindowModel::open));

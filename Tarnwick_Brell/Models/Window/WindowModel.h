@@ -134,8 +134,8 @@ signals:
     void linkWanted(const QString& link);
     /// One more window, at that place.
     void windowWanted(const QString& place);
-    /// The library is to be replaced by this backup.
-    void restoreWanted(const QString& backup);
+    /// Only a desk that is closed can do it.
+    void libraryWorkWanted(const app::LibraryWork& work);
     /// The story in the reader is to be printed.
     void printWanted();
 
