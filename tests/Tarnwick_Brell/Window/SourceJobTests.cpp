@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QGuiApplication>
 
+#include "Tarnwick_Brell/Models/Pages/SourcesPageModel.h"
+#include "Tarnwick_Brell/Models/Sheets/ExportOutlinesSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/ImportOutlinesSheetModel.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "tests/Tarnwick_Brell/Window/WindowJobTest.h"
@@ -112,6 +114,44 @@ TEST_F(SourceJobTest, AListOfFeedsIsLookedAtPickedFromImportedAndTakenBack) {
     EXPECT_TRUE(until([&] { return !has("Kelp Weekly"); }));
 }
 
+TEST_F(SourceJobTest, PickedSourcesAreExportedToAListThatIsImportedAgain) {
+    const auto path = QString::fromStdString((harness_.desk.folder.path() / "out.opml").string());
+    const auto exported = [&] {
+        QFile list(path);
+        return list.open(QIODevice::ReadOnly) ? list.readAll() : QByteArray();
+    };
+    press(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_TRUE(isFocused("Sources to export"));
+    // The pointer chooses which, and leaves one group out.
+    click("Added by you");
+    EXPECT_TRUE(until([&] { return named("1 sources") != nullptr; }));
+    click("File");
+    ASSERT_TRUE(isFocused("File"));
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(path.toUtf8().constData());
+    press(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(until([&] { return model_->sheet() == nullptr; }));
+    EXPECT_TRUE(exported().contains("https://pier.example/feed")) << exported().toStdString();
+    EXPECT_EQ(exported().count("xmlUrl"), 1);
+
+    // By keys alone: everything, then without the first group.
+    press(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_TRUE(isFocused("Sources to export"));
+    press(Qt::Key_Home);
+    press(Qt::Key_Space);
+    auto& sheet = dynamic_cast<ExportOutlinesSheetModel&>(*model_->sheet());
+    sheet.setPath(path);
+    ASSERT_TRUE(until([&] { return named("Replace the file") != nullptr; }));
+    press(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(until([&] { return model_->sheet() == nullptr; }));
+    EXPECT_GT(exported().count("xmlUrl"), 5);
+
+    harness_.news->removeSources({"pier.example"});
+    ASSERT_TRUE(until([&] { return !has("pier.example"); }));
+    model_->showSheet("import-outlines:" + path);
+    ASSERT_TRUE(until([&] { return named("New 1") != nullptr; })) << "the others are known";
+}
+
 TEST_F(SourceJobTest, TheLargestListIsShownInFewRowsAndSearched) {
     QByteArray text = "<opml><body>";
     for (int i = 0; i < 5000; ++i) {
@@ -190,6 +230,27 @@ TEST_F(SourceJobTest, OptionsOfASourceWorkAtOnceAndAreUndone) {
     EXPECT_TRUE(until([&] { return named("Every 3 hours") == nullptr; })) << "the menu closes";
     for (int step = 0; step < 3; ++step) press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(until([&] { return options() == SourceOptions{}; }));
+}
+
+TEST_F(SourceJobTest, WhatAHostAskedForAndHowOftenItWasAskedIsSaid) {
+    ASSERT_TRUE(
+        until([&] { return harness_.news->sourceStatus("pier.example").lastError.has_value(); }));
+    LocalStore(harness_.desk.library(), Database::Access::readWrite)
+        .hostPauses()
+        .set("pier.example", harness_.desk.clock()() + std::chrono::minutes(20));
+    harness_.news->setSourceOptions("pier.example", {.notInAll = true});
+    const auto& rows = dynamic_cast<SourcesPageModel&>(*model_->page()).rows()->rows();
+    EXPECT_TRUE(until([&] {
+        const auto row = std::ranges::find(rows, "pier.example", &SourceTableRow::name);
+        return row != rows.end() && row->nextTry == "12:20";
+    }));
+    press(Qt::Key_Comma, Qt::ControlModifier);
+    click("Privacy");
+    EXPECT_TRUE(until([&] {
+        return named(
+                   "1 sources · every 5 minutes · fetched 1 times in 7 days · last asked 12:00") !=
+               nullptr;
+    }));
 }
 
 TEST_F(SourceJobTest, StoriesOfASourceThatIsNotInAllStayInItsOwnList) {
