@@ -73,11 +73,17 @@ T.Control {
     }
 
     Repeater {
+        id: prices
+
+        /// Where the plot is low only every second price is written, or fewer.
+        readonly property int written: Math.max(1, Math.ceil(count * Theme.scaled(16) / Math.max(1, plot.height)))
+
         model: chart.content.prices
 
         Item {
             id: price
 
+            required property int index
             required property real position
             required property string label
 
@@ -90,6 +96,7 @@ T.Control {
             DeskText {
                 anchors.right: parent.right
                 y: -height / 2
+                visible: price.index % prices.written === 0
                 type: DeskText.Meta
                 text: price.label
                 color: Theme.text3
