@@ -309,6 +309,7 @@ std::vector<View> viewsOf(NewsDesk& news) {
          }},
         {"beat-new", [](WindowModel& model) { model.actions()->trigger(DeskAction::NewBeat); }},
         {"settings", [](WindowModel& model) { showSettings(model, 0); }},
+        {"settings-appearance", [](WindowModel& model) { showSettings(model, 1); }},
         {"settings-alerts", [](WindowModel& model) { showSettings(model, 3); }},
         {"settings-trackers", [](WindowModel& model) { showSettings(model, 4); }},
         {"settings-library", [](WindowModel& model) { showSettings(model, 5); }},
