@@ -6,7 +6,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QFontDatabase>
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QUrl>
@@ -44,8 +44,8 @@ std::unique_ptr<QGuiApplication> makeApplication(int& count, char** words) {
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnwick-brell.svg")));
     installTranslations();
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Brell"));
-    // The window could only show boxes for it.
-    if (QFontDatabase::families().isEmpty())
+    // The window can show boxes only. Names of families are there even without a font.
+    if (!QFontMetrics(QGuiApplication::font()).inFont(u'A'))
         warn("No font is installed, so texts can't be shown. Install one, such as fonts-inter.");
     return application;
 }
