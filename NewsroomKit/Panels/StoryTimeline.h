@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "NewsroomKit/Panels/PanelStory.h"
@@ -13,6 +14,7 @@ struct StoryTimeline {
         StoryMention mention{};  ///< the outlet's first story
         /// Behind the first outlet; absent where one of the two times is only a day.
         std::optional<Instant::duration> delay{};
+        std::string why{};  ///< why it tells this news; empty for the cluster's leader
 
         bool operator==(const Row&) const = default;
     };
@@ -22,7 +24,13 @@ struct StoryTimeline {
     bool isFirstKnown = false;                ///< the first outlet's time is more than a day
 };
 
-/// `stories`: those of one cluster.
-StoryTimeline storyTimeline(const std::vector<Story>& stories);
+/// A story with the reason why it belongs to its cluster.
+struct ClusterMember {
+    Story story{};
+    std::string why{};
+};
+
+/// `members`: those of one cluster.
+StoryTimeline storyTimeline(const std::vector<ClusterMember>& members);
 
 }  // namespace kit

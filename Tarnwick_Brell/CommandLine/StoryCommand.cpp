@@ -7,10 +7,12 @@
 
 #include "NewsroomKit/Addresses/URLRedaction.h"
 #include "NewsroomKit/Editorial/LabelReasons.h"
+#include "NewsroomKit/Panels/RecentClusters.h"
 #include "NewsroomKit/Stories/StoryJSON.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/NameLookup.h"
+#include "Tarnwick_Brell/CommandLine/PanelHoldings.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
@@ -58,6 +60,33 @@ std::string arrivalNote(app::Arrival arrival) {
     return "";
 }
 
+/// The cluster that panels and the window show the story in.
+struct OwnCluster {
+    kit::StoryCluster cluster{};  ///< without stories when there is none
+    std::string why{};            ///< empty for the leader
+
+    bool exists() const { return !cluster.storyIDs.empty(); }
+};
+
+OwnCluster clusterHolding(Session& session, const Story& story) {
+    PanelHoldings holdings(session, session.now());
+    if (story.publishedAt < holdings.now() - kit::RecentClusters::kSpan) return {};
+    for (const auto& cluster : holdings.clusters()) {
+        const auto& ids = cluster.storyIDs;
+        const auto own = std::find(ids.begin(), ids.end(), story.id);
+        if (own == ids.end()) continue;
+        return {cluster, cluster.whys[static_cast<std::size_t>(own - ids.begin())]};
+    }
+    return {};
+}
+
+std::string clusterText(const OwnCluster& own) {
+    if (!own.exists()) return "";
+    const auto count = own.cluster.storyIDs.size();
+    return own.why.empty() ? fmt::format("The first of {} stories of the same news.", count)
+                           : fmt::format("One of {} stories of the same news. {}", count, own.why);
+}
+
 void print(Session& session, const app::StoredStory& stored, const Wordings& wordings) {
     const Story& story = stored.story;
     Output& out = session.out();
@@ -82,6 +111,7 @@ void print(Session& session, const app::StoredStory& stored, const Wordings& wor
     printField(out, "Saved", stored.savedAt ? momentText(*stored.savedAt) : "no");
     printField(out, "Kind", kindReason(story));
     printField(out, "Sourcing", sourcingReason(story));
+    printField(out, "Cluster", clusterText(clusterHolding(session, story)));
     printCredits(out, story);
     printField(out, "Link", kit::maskedLogins(story.link));
     printField(out, "Article", kit::maskedLogins(story.articleLink.value_or("")));
@@ -103,6 +133,12 @@ void printJSON(Session& session, const app::StoredStory& stored, const Wordings&
     }
     object["why"] = {{"kind", kindReason(stored.story)},
                      {"sourcing", sourcingReason(stored.story)}};
+    if (const auto own = clusterHolding(session, stored.story); own.exists()) {
+        auto& cluster = object["cluster"].emplace_object();
+        cluster["id"] = own.cluster.id;
+        cluster["stories"] = kit::encode(own.cluster.storyIDs);
+        if (!own.why.empty()) cluster["why"] = own.why;
+    }
     session.out().line(boost::json::serialize(object));
 }
 

@@ -10,6 +10,7 @@ T.ItemDelegate {
     required property string outlet
     required property string title
     required property string lead
+    required property string why
     required property bool isFirst
     required property bool isThis
     property bool isLast: false
@@ -19,7 +20,13 @@ T.ItemDelegate {
     focusPolicy: Qt.TabFocus
     Accessible.role: Accessible.ListItem
     Accessible.name: qsTr("%1, %2: %3, %4").arg(time).arg(outlet).arg(title).arg(lead)
+    Accessible.description: why
     Keys.onReturnPressed: clicked()
+
+    Tip {
+        text: row.why
+        visible: row.why.length > 0 && (row.hovered || row.visualFocus)
+    }
 
     background: Rectangle {
         radius: Theme.radiusBadge

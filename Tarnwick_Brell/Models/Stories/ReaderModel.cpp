@@ -6,7 +6,6 @@
 #include <QTimer>
 
 #include "NewsroomKit/Editorial/LabelReasons.h"
-#include "NewsroomKit/Panels/StoryTimeline.h"
 #include "Tarnwick_Brell/Models/Stories/StoryCitation.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Pictures/PictureID.h"
@@ -117,23 +116,23 @@ void ReaderModel::askForWordings() {
     desk_.worker().post(read, [](const std::exception&) {});
 }
 
-std::vector<kit::Story> ReaderModel::storiesOfTheSameNews() const {
-    std::vector<kit::Story> stories;
-    if (!stored_ || !desk_.clusters()) return stories;
+std::vector<kit::ClusterMember> ReaderModel::membersOfCluster() const {
+    std::vector<kit::ClusterMember> members;
+    if (!stored_ || !desk_.clusters()) return members;
     const auto& clusters = *desk_.clusters();
     const auto own = std::ranges::find_if(clusters, [&](const auto& cluster) {
         return std::ranges::find(cluster.storyIDs, story().id) != cluster.storyIDs.end();
     });
-    if (own == clusters.end()) return stories;
-    for (const auto& id : own->storyIDs) {
-        if (const auto* packed = desk_.stories().find(id))
-            stories.push_back(packed->unpacked().story);
+    if (own == clusters.end()) return members;
+    for (std::size_t place = 0; place < own->storyIDs.size(); ++place) {
+        if (const auto* packed = desk_.stories().find(own->storyIDs[place]))
+            members.push_back({.story = packed->unpacked().story, .why = own->whys[place]});
     }
-    return stories;
+    return members;
 }
 
 void ReaderModel::readTimeline() {
-    const auto timeline = kit::storyTimeline(storiesOfTheSameNews());
+    const auto timeline = kit::storyTimeline(membersOfCluster());
     auto rows =
         stored_ ? timelineRows(timeline, story().id, shortTimes()) : std::vector<TimelineRow>();
     const auto others = static_cast<int>(rows.size()) - 1;
@@ -228,7 +227,7 @@ StoryDocument ReaderModel::document() const {
         .credits = creditRows(story().credits, write),
         .timelineTitle = timelineTitle_,
         .timelineFact = timelineFact_,
-        .timeline = timelineRows(kit::storyTimeline(storiesOfTheSameNews()), story().id, write),
+        .timeline = timelineRows(kit::storyTimeline(membersOfCluster()), story().id, write),
         .made = tr("Tarnwick Brell, %1").arg(wholeMomentText(clock_()))};
     if (story().kind != kit::StoryKind::coverage)
         document.labels << plainText(kit::kindReason(story()));

@@ -102,7 +102,7 @@ private:
     void readStory();
     void readCredits();
     void askForWordings();
-    std::vector<kit::Story> storiesOfTheSameNews() const;
+    std::vector<kit::ClusterMember> membersOfCluster() const;
     TimeWriter shortTimes() const;
     void readTimeline();
     void follow(const WireChange& change);

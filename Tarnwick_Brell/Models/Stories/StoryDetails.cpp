@@ -44,7 +44,7 @@ std::vector<WordingRow> wordingRows(const std::vector<EarlierWording>& wordings,
 std::vector<TimelineRow> timelineRows(const kit::StoryTimeline& timeline,
                                       const std::string& storyID, const TimeWriter& write) {
     std::vector<TimelineRow> rows;
-    for (const auto& [told, delay] : timeline.rows) {
+    for (const auto& [told, delay, why] : timeline.rows) {
         const bool isFirst = rows.empty() && timeline.isFirstKnown;
         rows.push_back({.storyID = plainText(told.storyID),
                         .time = write(told.publishedAt),
@@ -53,6 +53,7 @@ std::vector<TimelineRow> timelineRows(const kit::StoryTimeline& timeline,
                         .lead = isFirst ? StoryDetails::tr("First")
                                 : delay ? delayText(*delay)
                                         : QString(),
+                        .why = plainText(why),
                         .isFirst = isFirst,
                         .isThis = told.storyID == storyID});
     }

@@ -49,6 +49,7 @@ struct TimelineRow {
     Q_PROPERTY(QString outlet MEMBER outlet)
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QString lead MEMBER lead)
+    Q_PROPERTY(QString why MEMBER why)
     Q_PROPERTY(bool isFirst MEMBER isFirst)
     Q_PROPERTY(bool isThis MEMBER isThis)
 
@@ -58,6 +59,7 @@ public:
     QString outlet{};
     QString title{};
     QString lead{};
+    QString why{};         ///< it is thought to tell the same news; empty for the cluster's leader
     bool isFirst = false;  ///< as far as times say
     bool isThis = false;   ///< the story itself
 

@@ -195,16 +195,19 @@ TEST(StoryTimeline, NamesEachOutletOnceAndTheFirstOnlyWhereTimesSaySo) {
     };
     const auto text = [](Instant::duration span) { return std::to_string(span / 1min); };
     for (const auto& [told, expected] : cases) {
-        std::vector<Story> stories;
+        std::vector<ClusterMember> members;
         for (const auto& [outlet, hours] : told) {
-            stories.push_back({.id = std::to_string(stories.size()),
-                               .publishedAt = hoursAgo(15.5 - hours),
-                               .sourceName = outlet});
+            members.push_back({.story = {.id = std::to_string(members.size()),
+                                         .publishedAt = hoursAgo(15.5 - hours),
+                                         .sourceName = outlet},
+                               .why = "because of " + std::to_string(members.size())});
         }
-        const auto timeline = storyTimeline(stories);
+        const auto timeline = storyTimeline(members);
         std::string all;
-        for (const auto& [mention, delay] : timeline.rows)
+        for (const auto& [mention, delay, why] : timeline.rows) {
+            EXPECT_EQ(why, "because of " + mention.storyID);
             all += " " + mention.outlet + (delay ? " +" + text(*delay) : "");
+        }
         if (timeline.lead) all += " lead " + text(*timeline.lead);
         if (!timeline.rows.empty() && !timeline.isFirstKnown) all += " first unknown";
         EXPECT_EQ(all.substr(std::min<std::size_t>(1, all.size())), expected);
