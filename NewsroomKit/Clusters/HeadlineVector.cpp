@@ -11,7 +11,9 @@ namespace {
 constexpr float kExcerptShare = 0.5F;
 // How much of a title's word is covered by the same word in the other's excerpt.
 constexpr double kExcerptCover = 0.8;
-// A shared name alone is a topic, not news, and so is one with words that any headline may contain.
+// A shared name alone is a topic, not news, and so are names together with words that any headline
+// may contain. One rare word alone may be a chance; the second one must weigh at least this much.
+constexpr double kTellingWeight = 1.8;
 constexpr float kEveryday = 0.025F;
 constexpr double kLeastDistinctiveWeight = 2.9;
 constexpr double kLeastSharedWeight = 6.0;
@@ -63,7 +65,7 @@ SharedWords sharedWords(const HeadlineVector& left, const HeadlineVector& right)
         if (other->inTitle) rightCovered += square * (item.inTitle ? 1 : kExcerptCover);
         shared.weight += item.weight * fields;
         if (item.isDistinctive) shared.distinctive += item.weight * fields;
-        ++shared.count;
+        if (item.weight * fields >= kTellingWeight) ++shared.count;
     }
     shared.ofTitles = ratio(titles, std::sqrt(double(left.titleSquares) * right.titleSquares));
     shared.ofAll = ratio(all, std::sqrt(double(left.allSquares) * right.allSquares));

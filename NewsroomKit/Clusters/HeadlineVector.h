@@ -31,7 +31,7 @@ struct SharedWords {
     double rightCovered = 0;
     double weight = 0;       ///< sum of the weights of the shared words
     double distinctive = 0;  ///< of which that of the distinctive ones
-    unsigned count = 0;
+    unsigned count = 0;      ///< of the shared words that tell something
 };
 SharedWords sharedWords(const HeadlineVector& left, const HeadlineVector& right);
 
