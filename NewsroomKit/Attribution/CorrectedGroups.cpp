@@ -26,8 +26,11 @@ public:
         }
     }
 
-    void part(const std::string& leaving, const std::string& staying,
+    /// `stories`: the one that leaves, and from whom; alone, from everybody.
+    void part(const std::vector<std::string>& stories,
               const std::vector<std::vector<std::string>>& joined) {
+        const auto& leaving = stories.front();
+        const auto& staying = stories.back();
         if (!groupOf_.contains(leaving) || !groupOf_.contains(staying)) return;
         if (groupOf(leaving) != groupOf(staying)) return;
         const auto together = std::ranges::find_if(
@@ -68,8 +71,7 @@ std::vector<std::vector<std::string>> correctedGroups(std::vector<std::vector<st
                                                       const CorrectionOverlay& overlay) {
     GroupEditor editor(std::move(groups));
     for (const auto& ids : overlay.joined()) editor.join(ids);
-    for (const auto& [leaving, staying] : overlay.apart())
-        editor.part(leaving, staying, overlay.joined());
+    for (const auto& stories : overlay.apart()) editor.part(stories, overlay.joined());
     return std::move(editor).groups();
 }
 

@@ -58,8 +58,8 @@ void requireSound(const Correction& correction) {
     }
     const bool differ =
         std::ranges::any_of(stories, [&](const auto& s) { return s != stories[0]; });
-    const bool isRelation =
-        correction.kind == Correction::Kind::same || correction.kind == Correction::Kind::notSame;
+    const bool isRelation = correction.kind == Correction::Kind::same ||
+                            (correction.kind == Correction::Kind::notSame && stories.size() > 1);
     if (isRelation && !differ) throw RecordError("stories", "at least two stories are needed");
     requireInstead(correction);
 }

@@ -14,7 +14,7 @@ namespace kit {
 /// What the user says a rule got wrong about some stories.
 struct Correction {
     enum class Kind {
-        notSame,  ///< the first story does not tell the news of the others
+        notSame,  ///< the first story tells other news than the others; one alone, of its own
         same,     ///< the stories tell the same news
         first,    ///< an outlet had the news of these stories first
         credit,   ///< these stories do not credit that outlet, or another one instead

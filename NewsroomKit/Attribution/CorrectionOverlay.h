@@ -8,7 +8,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "NewsroomKit/Attribution/Correction.h"
@@ -50,8 +49,9 @@ public:
     /// Stories that tell the same news: groups without a common story, none with two stories that
     /// are apart.
     const std::vector<std::vector<std::string>>& joined() const { return joined_; }
-    /// Pairs that tell different news: the story that was split off, then the other one.
-    const std::vector<std::pair<std::string, std::string>>& apart() const { return apart_; }
+    /// Stories that tell different news: the one that was split off, then another one; alone, it
+    /// tells the news of no other.
+    const std::vector<std::vector<std::string>>& apart() const { return apart_; }
 
     /// Corrections of which nothing remains, because later ones say otherwise.
     const std::set<std::string, std::less<>>& overruled() const { return overruled_; }
@@ -70,7 +70,7 @@ private:
     std::vector<First> firsts_;  ///< the oldest first
     std::map<std::string, std::size_t, std::less<>> firstOfStory_;
     std::vector<std::vector<std::string>> joined_;
-    std::vector<std::pair<std::string, std::string>> apart_;
+    std::vector<std::vector<std::string>> apart_;
     std::set<std::string, std::less<>> overruled_;
 };
 

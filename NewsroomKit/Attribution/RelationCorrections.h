@@ -4,7 +4,6 @@
 #include <set>
 #include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "NewsroomKit/Attribution/Correction.h"
@@ -14,7 +13,7 @@ namespace kit {
 /// What the corrections say about which stories tell the same news, free of contradictions.
 struct StoryRelations {
     std::vector<std::vector<std::string>> joined{};
-    std::vector<std::pair<std::string, std::string>> apart{};
+    std::vector<std::vector<std::string>> apart{};   ///< see CorrectionOverlay::apart()
     std::set<std::string, std::less<>> overruled{};  ///< ids of corrections without any effect
 };
 

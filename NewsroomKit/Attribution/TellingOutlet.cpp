@@ -33,7 +33,11 @@ std::string shownHost(std::string_view link) {
 }
 
 bool isThroughGoogleNews(const Story& story) {
-    const auto address = WebAddress::parse(story.link);
+    constexpr std::string_view scheme = "https://";
+    const std::string_view link = story.link;
+    if (!link.starts_with(scheme) || !link.substr(scheme.size()).starts_with(hosts::kGoogleNews))
+        return false;
+    const auto address = WebAddress::parse(link);
     return address && address->host == hosts::kGoogleNews;
 }
 
@@ -100,8 +104,10 @@ std::string tellingOutlet(const Story& story) {
     if (socialPost(story.link)) {
         if (const auto* outlet = outletAt(story.link)) return shownName(*outlet);
     }
-    return story.sourceName;
+    return std::string(trimWhitespaceAndNewlines(story.sourceName));
 }
+
+std::string tellingOutletKey(const Story& story) { return fold(tellingOutlet(story)); }
 
 std::string outletOfPage(std::string_view name, std::string_view url) {
     if (const auto* outlet = outletNamed(name)) return shownName(*outlet);

@@ -20,6 +20,9 @@ std::string outletKey(std::string_view name);
 /// linker's; an account's posts are those of the outlet it belongs to; Apple's sources are Apple.
 std::string tellingOutlet(const Story& story);
 
+/// Its key.
+std::string tellingOutletKey(const Story& story);
+
 /// The outlet behind an address that a service answered with, `name` being the service's own word
 /// for it.
 std::string outletOfPage(std::string_view name, std::string_view url);
