@@ -56,8 +56,9 @@ std::int64_t LocalStore::version() { return versionOf(database_); }
 LocalStore::LocalStore(const fs::path& file, Database::Access access)
     : use_(use(file, access)),
       database_(file, access),
-      stories_(database_),
-      search_(database_),
+      corrections_(database_),
+      stories_(database_, corrections_),
+      search_(database_, stories_),
       searchIndex_(database_),
       marks_(database_),
       sources_(database_),

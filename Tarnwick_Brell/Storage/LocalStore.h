@@ -5,6 +5,7 @@
 #include "Tarnwick_Brell/Storage/Histories/BuildHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/ChartHistory.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
+#include "Tarnwick_Brell/Storage/Tables/CorrectionTable.h"
 #include "Tarnwick_Brell/Storage/Tables/DeskState.h"
 #include "Tarnwick_Brell/Storage/Files/DurableFiles.h"
 #include "Tarnwick_Brell/Storage/Tables/HostBackoff.h"
@@ -38,6 +39,7 @@ public:
     /// Begins an empty library, whatever backups there are.
     static void begin(const std::filesystem::path& file);
 
+    CorrectionTable& corrections() { return corrections_; }
     StoryTable& stories() { return stories_; }
     /// Made when it is asked for: its statements need a library that may be written.
     [[nodiscard]] StoryMerge merging() { return StoryMerge(database_, searchIndex_); }
@@ -70,6 +72,7 @@ public:
 private:
     std::optional<FileLock> use_;
     Database database_;
+    CorrectionTable corrections_;
     StoryTable stories_;
     StorySearch search_;
     SearchIndex searchIndex_;

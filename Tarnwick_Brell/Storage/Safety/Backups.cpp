@@ -65,7 +65,7 @@ std::chrono::sys_days dayOf(const Backup& backup) {
 bool hasStories(const fs::path& library) {
     if (!fs::exists(library)) return false;
     Database database(library, Database::Access::readOnly);
-    return !isUnmigrated(database) && StoryTable(database).count() > 0;
+    return !isUnmigrated(database) && StoryTable::countIn(database) > 0;
 }
 
 }  // namespace

@@ -121,7 +121,7 @@ Repair repairLibrary(const fs::path& library, kit::Instant now, const WorkWatch&
     Repair repair;
     repair.stories = [&copy] {
         Database database(copy, Database::Access::readOnly);
-        return StoryTable(database).count();
+        return StoryTable::countIn(database);
     }();
     repair.setAside = *putInPlace(copy, library, now, watch.stop);
     return repair;

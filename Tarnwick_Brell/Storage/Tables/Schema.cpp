@@ -20,7 +20,7 @@ struct Step {
 
 // By the version that they start from. Instants are microseconds since 1970; enumerations are
 // their raw values.
-constexpr std::array<Step, 7> kSteps{{
+constexpr std::array<Step, 8> kSteps{{
     {R"sql(
     CREATE TABLE stories (
         number INTEGER PRIMARY KEY,
@@ -235,6 +235,13 @@ constexpr std::array<Step, 7> kSteps{{
     CREATE TABLE sourceTries (source TEXT NOT NULL, at INTEGER NOT NULL, outcome TEXT NOT NULL,
                               added INTEGER NOT NULL, reason TEXT NOT NULL,
                               PRIMARY KEY (source, at)) WITHOUT ROWID;
+    )sql"},
+
+    // What the user says the rules got wrong. Undone ones stay, so that no other program's copy
+    // brings them back.
+    {R"sql(
+    CREATE TABLE corrections (id TEXT PRIMARY KEY, rank TEXT NOT NULL, record TEXT NOT NULL,
+                              removedAt INTEGER);
     )sql"},
 }};
 

@@ -274,7 +274,7 @@ std::optional<StoredStory> StoryMerge::revise(const Story& story, const Known& k
     if (known.text != SearchIndex::Text{story.title, story.summary, story.author}) {
         index_.replace(known.number, known.text);
     }
-    return StoryTable(database_).findByNumber(known.number);
+    return StoryTable::uncorrectedIn(database_, known.number);
 }
 
 void StoryMerge::storeWording(std::int64_t number, const std::string& title,

@@ -10,7 +10,7 @@ void StorySearch::each(const StorySelection& selection, const StoryTable::Visito
                                           clause.sql(), clause.number()));
     clause.bind(rows, 0);
     while (rows.step()) {
-        if (!visit(StoryTable::read(rows))) break;
+        if (!visit(stories_.read(rows))) break;
     }
 }
 

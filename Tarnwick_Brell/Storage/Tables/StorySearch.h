@@ -9,7 +9,7 @@ namespace app {
 /// Finds stories of the library: in their text, by their marks, their source and their time.
 class StorySearch {
 public:
-    explicit StorySearch(Database& database) : database_(database) {}
+    StorySearch(Database& database, StoryTable& stories) : database_(database), stories_(stories) {}
 
     /// The selected stories, newest first, until `visit` says false. They are found as they
     /// are visited, so that the first ones come at once however many there are.
@@ -17,6 +17,7 @@ public:
 
 private:
     Database& database_;
+    StoryTable& stories_;
 };
 
 }  // namespace app

@@ -4,7 +4,9 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Stories/StoryJSON.h"
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
+#include "Tarnwick_Brell/Storage/Tables/CorrectionTable.h"
 #include "Tarnwick_Brell/Storage/Tables/PendingMarks.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
 
@@ -24,6 +26,16 @@ constexpr std::string_view kUnsaved =
 template <class E>
 E enumAt(const Statement& row, int column, E fallback) {
     return kit::enumFromRaw<E>(row.view(column)).value_or(fallback);
+}
+
+/// `credits` holds the corrected ones while the view is in use.
+void correct(StoryView& view, const kit::CorrectionOverlay& overlay, std::string& credits) {
+    auto story = view.stored().story;
+    overlay.applyTo(story);
+    view.kind = story.kind;
+    view.sourcing = story.sourcing;
+    credits = story.credits.empty() ? "" : boost::json::serialize(kit::encode(story.credits));
+    view.credits = credits;
 }
 
 std::vector<std::int64_t> numbers(Statement& statement) {
@@ -62,7 +74,11 @@ StoryView StoryTable::view(const Statement& row) {
     return story;
 }
 
-StoredStory StoryTable::read(const Statement& row) { return view(row).stored(); }
+StoredStory StoryTable::read(const Statement& row) {
+    auto stored = view(row).stored();
+    corrections_.overlay()->applyTo(stored.story);
+    return stored;
+}
 
 void StoryTable::eachInWireOrder(std::optional<kit::Instant> since, const Visitor& visit) {
     eachViewInWireOrder(since, [&](const StoryView& story) { return visit(story.stored()); });
@@ -74,8 +90,12 @@ void StoryTable::eachViewInWireOrder(std::optional<kit::Instant> since,
     Statement rows(database_,
                    fmt::format("{} WHERE s.number >= ? ORDER BY s.number DESC", kSelection));
     rows.bind(0, since ? firstStoryNumber(*since) : std::numeric_limits<std::int64_t>::min());
+    const auto overlay = corrections_.overlay();
+    std::string credits;
     while (rows.step()) {
-        if (!visit(view(rows))) break;
+        auto story = view(rows);
+        if (overlay->changes(story.id)) correct(story, *overlay, credits);
+        if (!visit(story)) break;
     }
 }
 
@@ -110,6 +130,12 @@ std::optional<StoredStory> StoryTable::findByNumber(std::int64_t number) {
     return row.step() ? std::optional(read(row)) : std::nullopt;
 }
 
+std::optional<StoredStory> StoryTable::uncorrectedIn(Database& database, std::int64_t number) {
+    Statement row(database, fmt::format("{} WHERE s.number = ?", kSelection));
+    row.bind(0, number);
+    return row.step() ? std::optional(view(row).stored()) : std::nullopt;
+}
+
 std::vector<EarlierWording> StoryTable::earlierWordings(std::int64_t number) {
     Statement rows(database_,
                    "SELECT w.title, w.replacedAt FROM wordings w JOIN stories s USING (number) "
@@ -138,8 +164,8 @@ void StoryTable::setArticleLink(std::int64_t number, std::string_view link, std:
     put.run();
 }
 
-std::size_t StoryTable::count() {
-    Statement row(database_, "SELECT count(*) FROM stories");
+std::size_t StoryTable::countIn(Database& database) {
+    Statement row(database, "SELECT count(*) FROM stories");
     row.step();
     return static_cast<std::size_t>(row.number(0));
 }

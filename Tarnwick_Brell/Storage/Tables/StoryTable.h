@@ -21,10 +21,14 @@ struct EarlierWording {
     kit::Instant replacedAt{};
 };
 
-/// The stories of the library; StoryMerge adds to them.
+class CorrectionTable;
+
+/// The stories of the library; StoryMerge adds to them. Whoever reads one here has it with the
+/// user's corrections; the rows keep what the rules say.
 class StoryTable {
 public:
-    explicit StoryTable(Database& database) : database_(database) {}
+    StoryTable(Database& database, CorrectionTable& corrections)
+        : database_(database), corrections_(corrections) {}
 
     using Visitor = std::function<bool(const StoredStory&)>;
 
@@ -55,7 +59,8 @@ public:
     /// transaction.
     void setArticleLink(std::int64_t number, std::string_view link, std::int64_t stamp);
 
-    std::size_t count();
+    static std::size_t countIn(Database& database);
+    std::size_t count() { return countIn(database_); }
 
     /// Drops what was published before the moment, except what is saved. Returns the numbers
     /// of what went. Undated stories are remembered for as long as their feed brings them, and
@@ -65,17 +70,25 @@ public:
     /// Drops the oldest that are not saved until at most `ceiling` stories are left.
     std::vector<std::int64_t> dropBeyond(std::size_t ceiling, kit::Instant now);
 
+    /// What the rules say of a story, without the user's corrections.
+    static std::optional<StoredStory> uncorrectedIn(Database& database, std::int64_t number);
+    std::optional<StoredStory> uncorrected(std::int64_t number) {
+        return uncorrectedIn(database_, number);
+    }
+
     /// What a select of whole stories begins with, for rows that `read` understands; stories
     /// are named "s" in it, their marks "m".
     static std::string_view selection();
-    static StoredStory read(const Statement& row);
-    static StoryView view(const Statement& row);
+    StoredStory read(const Statement& row);
 
 private:
     std::vector<std::int64_t> drop(const std::string& condition, std::int64_t parameter,
                                    kit::Instant now);
 
+    static StoryView view(const Statement& row);
+
     Database& database_;
+    CorrectionTable& corrections_;
 };
 
 }  // namespace app
