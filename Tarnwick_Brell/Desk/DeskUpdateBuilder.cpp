@@ -29,6 +29,7 @@ DeskUpdate DeskUpdateBuilder::newestStories(std::size_t count) {
         return stories.size() < count;
     });
     update.wire.emplace().replace(std::move(stories));
+    addCorrections(update);
     update.sourceList = sentSources_ = registry_.state();
     update.sourceStates = sentStates_ = readSourceStates();
     addTimes(update);
@@ -68,8 +69,10 @@ DeskUpdate DeskUpdateBuilder::committed(CommittedBatch batch) {
     DeskUpdate update;
     if (batch.stamp) recordOwnWrite(*batch.stamp);
     const auto now = clock_();
+    const auto overlay = store_.corrections().overlay();
     for (auto* list : {&batch.added, &batch.revised}) {
-        for (const auto& stored : *list) {
+        for (auto& stored : *list) {
+            overlay->applyTo(stored.story);
             clusters_.add(stored.story, now);
             update.stories.push_back(PackedStory::make(stored));
         }
@@ -95,6 +98,19 @@ DeskUpdate DeskUpdateBuilder::passEnded() {
     return update;
 }
 
+DeskUpdate DeskUpdateBuilder::corrected(std::int64_t stamp) {
+    DeskUpdate update;
+    addCorrections(update);
+    store_.stories().eachChangedAfter(stamp - 1, [&](const StoredStory& stored) {
+        clusters_.add(stored.story, clock_());
+        update.stories.push_back(PackedStory::make(stored));
+        return true;
+    });
+    recordOwnWrite(stamp);
+    addClusters(update);
+    return update;
+}
+
 DeskUpdate DeskUpdateBuilder::sourceList() {
     DeskUpdate update;
     update.sourceList = sentSources_ = registry_.state();
@@ -108,6 +124,8 @@ std::optional<DeskUpdate> DeskUpdateBuilder::foreignChanges() {
     DeskUpdate update;
     const auto last = store_.state().lastStamp();
     const auto now = clock_();
+    store_.corrections().reload();
+    addCorrections(update);
     store_.stories().eachChangedAfter(stamp_, [&](const StoredStory& stored) {
         clusters_.add(stored.story, now);
         if (isNews(stored)) update.news.push_back(stored.number);
@@ -135,6 +153,13 @@ void DeskUpdateBuilder::recordOwnWrite(std::int64_t stamp) {
 
 SourceStates DeskUpdateBuilder::readSourceStates() {
     return {.statuses = store_.sources().statuses(), .healths = store_.sources().healths()};
+}
+
+void DeskUpdateBuilder::addCorrections(DeskUpdate& update) {
+    CorrectionState state{.all = store_.corrections().all(),
+                          .overlay = store_.corrections().overlay()};
+    if (sentCorrections_.overlay && state == sentCorrections_) return;
+    update.corrections = sentCorrections_ = std::move(state);
 }
 
 void DeskUpdateBuilder::addClusters(DeskUpdate& update) {

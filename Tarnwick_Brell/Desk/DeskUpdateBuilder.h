@@ -8,6 +8,7 @@
 #include "NewsroomKit/Clusters/StoryCluster.h"
 #include "NewsroomKit/Panels/RecentClusters.h"
 #include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Desk/Corrections.h"
 #include "Tarnwick_Brell/Desk/PassReport.h"
 #include "Tarnwick_Brell/Desk/SourceRegistry.h"
 #include "Tarnwick_Brell/Desk/Wire.h"
@@ -24,6 +25,7 @@ struct DeskUpdate {
     std::vector<std::int64_t> news{};  ///< numbers of those stories that arrived as news
     std::optional<SourceListState> sourceList{};
     std::optional<SourceStates> sourceStates{};
+    std::optional<CorrectionState> corrections{};
     kit::SharedClusters clusters{};
     std::optional<kit::Instant> lastRefresh{};
     std::optional<kit::Instant> lastArrival{};
@@ -50,6 +52,8 @@ public:
     DeskUpdate committed(CommittedBatch batch);
     /// Clusters and times after a pass.
     DeskUpdate passEnded();
+    /// The corrections, and the stories and clusters that they change, after that write.
+    DeskUpdate corrected(std::int64_t stamp);
     /// After a change of the registry.
     DeskUpdate sourceList();
 
@@ -61,6 +65,7 @@ public:
 
 private:
     SourceStates readSourceStates();
+    void addCorrections(DeskUpdate& update);
     void addClusters(DeskUpdate& update);
     void addTimes(DeskUpdate& update);
 
@@ -71,6 +76,7 @@ private:
     kit::RecentClusters clusters_;
     SourceListState sentSources_;
     SourceStates sentStates_;
+    CorrectionState sentCorrections_;
     std::int64_t stamp_ = 0;  ///< everything written up to this stamp was sent
     bool hasUnread_ = false;  ///< another program's changes are still to be read
 };

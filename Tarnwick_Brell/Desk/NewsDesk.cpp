@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "NewsroomKit/Outlines/Outlines.h"
+#include "Tarnwick_Brell/Desk/Corrections.h"
 #include "Tarnwick_Brell/Desk/DeskJobs.h"
 #include "Tarnwick_Brell/Desk/DeskUpdateBuilder.h"
 #include "Tarnwick_Brell/Desk/LinkResolver.h"
@@ -46,6 +47,7 @@ NewsDesk::NewsDesk(const std::filesystem::path& library, kit::CurlTransport::Opt
     marks_ = std::make_unique<MarksController>(wire_, *jobs_, clock_);
     refresh_ = std::make_unique<RefreshController>(*jobs_, *sources_, defaults, clock_);
     links_ = std::make_unique<LinkResolver>(*jobs_, clock_);
+    corrections_ = std::make_unique<Corrections>(*jobs_, clock_);
     connect(marks_.get(), &MarksController::marksChanged, this, &NewsDesk::marksChanged);
     connect(marks_.get(), &MarksController::undoChanged, this, &NewsDesk::undoChanged);
     connect(marks_.get(), &MarksController::failed, this, &NewsDesk::failed);
@@ -92,6 +94,7 @@ void NewsDesk::apply(DeskUpdate update) {
     if (isLater) newSince_ = update.newSince;
     if (update.canUndo) marks_->applyCanUndo(*update.canUndo);
     if (sources_->apply(update)) emit sourcesChanged();
+    if (update.corrections) corrections_->apply(std::move(*update.corrections));
     if (update.wire || !update.stories.empty()) applyStories(update);
     if (!update.news.empty()) applyNews(std::move(update.news));
     if (update.clusters) {

@@ -26,6 +26,7 @@
 
 namespace app {
 
+class Corrections;
 class DeskJobs;
 struct DeskUpdate;
 class LinkResolver;
@@ -58,6 +59,11 @@ public:
 
     /// Loads the wire and begins to refresh on the timer.
     void start();
+
+    /// What the user says the rules got wrong. The stories and clusters of the desk have it
+    /// already.
+    Corrections& corrections() { return *corrections_; }
+    const Corrections& corrections() const { return *corrections_; }
 
     /// For the other stores, which share its library and its network.
     DeskWorker& worker();
@@ -197,6 +203,7 @@ private:
     std::unique_ptr<MarksController> marks_;
     std::unique_ptr<RefreshController> refresh_;
     std::unique_ptr<LinkResolver> links_;
+    std::unique_ptr<Corrections> corrections_;
     /// Last, so that it ends first: its jobs refer to the others.
     std::unique_ptr<DeskJobs> jobs_;
 };

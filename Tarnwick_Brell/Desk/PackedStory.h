@@ -33,6 +33,7 @@ public:
     kit::Instant publishedAt() const { return publishedAt_; }
     kit::Instant firstSeen() const { return firstSeen_; }
     std::string_view id() const { return text(Text::id); }
+    std::string_view link() const { return text(Text::link); }
     std::string_view title() const { return text(Text::title); }
     std::string_view summary() const { return text(Text::summary); }
     std::string_view sourceID() const { return text(Text::sourceID); }
