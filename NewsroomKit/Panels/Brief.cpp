@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "NewsroomKit/Attribution/TellingOutlet.h"
 #include "NewsroomKit/Panels/StoryGroup.h"
 
 namespace kit {
@@ -55,7 +56,7 @@ BriefContent brief(const PanelNews& news, std::optional<Instant> lastLook) {
     BriefContent content{.stories = fresh.size(), .apple = applePosts(fresh)};
     if (lastLook) content.since = start;
     std::set<std::string> outlets;
-    for (const auto& story : fresh) outlets.insert(outletKey(*story.story));
+    for (const auto& story : fresh) outlets.insert(tellingOutletKey(*story.story));
     content.outlets = outlets.size();
 
     auto groups = groupStories({.stories = fresh, .clusters = news.clusters, .now = news.now},

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "NewsroomKit/Attribution/Attribution.h"
 #include "NewsroomKit/Panels/PanelStory.h"
 
 namespace kit {
@@ -15,6 +16,7 @@ struct ClusterSummary {
         StoryMention mention{};
         /// Behind the first story; absent where one of the two times is only a day.
         std::optional<Instant::duration> delay{};
+        bool isFirst = false;  ///< it is known to be the first
 
         bool operator==(const Member&) const = default;
     };
@@ -24,13 +26,14 @@ struct ClusterSummary {
     Sourcing sourcing = Sourcing::unlabeled;  ///< the firmest of all its stories
     Instant newest{};
     std::size_t unread = 0;
-    std::size_t lastHour = 0;   ///< stories published in the hour before now
-    bool isFirstKnown = false;  ///< the first story's time is more than a day
+    std::size_t lastHour = 0;  ///< stories published in the hour before now
+    Attribution attribution{};
 
     bool operator==(const ClusterSummary&) const = default;
 };
 
 /// `stories`: those of one cluster, at least one, in any order.
-ClusterSummary clusterSummary(std::span<const PanelStory> stories, Instant now);
+ClusterSummary clusterSummary(std::span<const PanelStory> stories, Instant now,
+                              const CorrectionOverlay* corrections = nullptr);
 
 }  // namespace kit

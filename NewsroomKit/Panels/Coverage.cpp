@@ -4,6 +4,7 @@
 #include <map>
 #include <tuple>
 
+#include "NewsroomKit/Attribution/TellingOutlet.h"
 #include "NewsroomKit/Panels/StoryGroup.h"
 
 namespace kit {
@@ -15,16 +16,18 @@ std::vector<CoverageRow> coverage(const PanelNews& news) {
         for (const auto* member : group.stories) {
             const Story& story = *member->story;
             if (story.publishedAt < earliest) continue;
-            auto& row = byOutlet[outletKey(story)];
+            auto& row = byOutlet[tellingOutletKey(story)];
             const bool isNew = row.stories++ == 0;
-            if (isNew) row.outlet = outletOf(story);
+            if (isNew) row.outlet = tellingOutlet(story);
             row.first = isNew ? story.publishedAt : std::min(row.first, story.publishedAt);
             row.last = isNew ? story.publishedAt : std::max(row.last, story.publishedAt);
         }
-        const Story& first = *group.first().story;
-        if (group.outlets.size() < 2 || first.publishedAt < earliest) continue;
-        if (leadOf(first.publishedAt, group.outlets[1]->story->publishedAt))
-            ++byOutlet[outletKey(first)].timesFirst;
+        if (group.outlets.size() < 2 || group.first().story->publishedAt < earliest) continue;
+        const auto attribution = attributionOf(group, news);
+        if (!attribution.first || attribution.confidence == Attribution::Confidence::unclear)
+            continue;
+        const auto first = byOutlet.find(outletKey(*attribution.first));
+        if (first != byOutlet.end()) ++first->second.timesFirst;
     }
 
     std::vector<CoverageRow> rows;

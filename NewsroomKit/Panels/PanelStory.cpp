@@ -1,11 +1,13 @@
 #include "NewsroomKit/Panels/PanelStory.h"
 
+#include "NewsroomKit/Attribution/TellingOutlet.h"
+
 namespace kit {
 
 StoryMention StoryMention::of(const PanelStory& story) {
     return {.storyID = story.story->id,
             .title = story.story->title,
-            .outlet = outletOf(*story.story),
+            .outlet = tellingOutlet(*story.story),
             .publishedAt = story.story->publishedAt,
             .sourcing = story.story->sourcing,
             .isRead = story.isRead};

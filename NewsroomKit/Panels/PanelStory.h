@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 
+#include "NewsroomKit/Attribution/CorrectionOverlay.h"
 #include "NewsroomKit/Clusters/StoryCluster.h"
 #include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Stories/Story.h"
@@ -22,13 +23,15 @@ struct PanelNews {
     std::span<const PanelStory> stories{};     ///< those that match the panel's query
     std::span<const StoryCluster> clusters{};  ///< of all stories
     Instant now{};
+    /// The user's word on who was first; labels and clusters have theirs already. Null for none.
+    const CorrectionOverlay* corrections = nullptr;
 };
 
 /// A story named in a panel: enough to show it and to open it.
 struct StoryMention {
     std::string storyID{};
     std::string title{};
-    std::string outlet{};
+    std::string outlet{};  ///< whose own words it is, see tellingOutlet()
     Instant publishedAt{};
     Sourcing sourcing = Sourcing::unlabeled;
     bool isRead = false;
@@ -38,7 +41,7 @@ struct StoryMention {
     bool operator==(const StoryMention&) const = default;
 };
 
-/// The outlet that tells the news: the one that the link leads to, else the source itself.
+/// The outlet that the story's link leads to, else the source itself.
 std::string outletOf(const Story& story);
 
 }  // namespace kit

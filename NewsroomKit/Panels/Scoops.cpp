@@ -2,27 +2,41 @@
 
 #include <algorithm>
 
+#include "NewsroomKit/Attribution/TellingOutlet.h"
 #include "NewsroomKit/Panels/StoryGroup.h"
 
 namespace kit {
 
-std::vector<Scoop> scoops(const PanelNews& news) {
-    const Instant earliest = news.now - kScoopsSpan;
+namespace {
+
+const PanelStory& shownStory(const StoryGroup& group, const Attribution& attribution) {
+    for (const auto* story : group.stories) {
+        if (attribution.story == story->story->id) return *story;
+    }
+    return group.first();
+}
+
+}  // namespace
+
+std::vector<Scoop> scoops(const PanelNews& news, std::chrono::days span, std::size_t most) {
+    const Instant earliest = news.now - span;
     std::vector<Scoop> scoops;
     for (const auto& group : groupStories(news, earliest)) {
         if (group.outlets.size() < 2) continue;
-        const Story& first = *group.first().story;
-        if (first.isAppleSource || first.publishedAt < earliest) continue;
-        const auto& second = *group.outlets[1];
-        if (!leadOf(first.publishedAt, second.story->publishedAt)) continue;
-        scoops.push_back({.first = StoryMention::of(*group.outlets[0]),
-                          .second = StoryMention::of(second),
-                          .outlets = group.outlets.size()});
+        auto attribution = attributionOf(group, news);
+        if (!attribution.scoop) continue;
+        const auto& story = shownStory(group, attribution);
+        const auto first = outletKey(*attribution.first);
+        const auto others = std::ranges::count_if(group.outlets, [&](const auto* outlet) {
+            return tellingOutletKey(*outlet->story) != first;
+        });
+        Scoop scoop{.story = StoryMention::of(story),
+                    .attribution = std::move(attribution),
+                    .followers = static_cast<std::size_t>(others)};
+        if (scoop.at() >= earliest) scoops.push_back(std::move(scoop));
     }
-    std::stable_sort(scoops.begin(), scoops.end(), [](const Scoop& a, const Scoop& b) {
-        return a.first.publishedAt > b.first.publishedAt;
-    });
-    if (scoops.size() > kMostScoops) scoops.resize(kMostScoops);
+    std::ranges::stable_sort(scoops, std::ranges::greater{}, &Scoop::at);
+    if (scoops.size() > most) scoops.resize(most);
     return scoops;
 }
 

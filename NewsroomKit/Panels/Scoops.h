@@ -4,15 +4,20 @@
 #include <cstddef>
 #include <vector>
 
+#include "NewsroomKit/Attribution/Attribution.h"
 #include "NewsroomKit/Panels/PanelStory.h"
 
 namespace kit {
 
-/// News that one outlet told before the others.
+/// News that one outlet told before the others, and that Apple had not told.
 struct Scoop {
-    StoryMention first{};
-    StoryMention second{};  ///< the next outlet's
-    std::size_t outlets = 0;
+    /// The first outlet's story; where that is not on the wire, the earliest one of the others.
+    StoryMention story{};
+    Attribution attribution{};
+    std::size_t followers = 0;  ///< outlets
+
+    /// When it was told, as far as that is known.
+    Instant at() const { return attribution.at.value_or(story.publishedAt); }
 
     bool operator==(const Scoop&) const = default;
 };
@@ -20,9 +25,8 @@ struct Scoop {
 inline constexpr std::size_t kMostScoops = 20;
 inline constexpr std::chrono::days kScoopsSpan{7};
 
-/// The latest scoop comes first. News that Apple itself told first is an announcement, not a
-/// scoop; where the first two outlets share a time, nobody was first. Nor can it be told
-/// where the first story is dated at midnight sharp, as feeds do that give a day only.
-std::vector<Scoop> scoops(const PanelNews& news);
+/// The latest scoops of that span before now, the latest first.
+std::vector<Scoop> scoops(const PanelNews& news, std::chrono::days span = kScoopsSpan,
+                          std::size_t most = kMostScoops);
 
 }  // namespace kit

@@ -5,7 +5,7 @@
 #include <tuple>
 #include <unordered_map>
 
-#include "NewsroomKit/Text/Folding.h"
+#include "NewsroomKit/Attribution/TellingOutlet.h"
 
 namespace kit {
 
@@ -20,7 +20,7 @@ void order(StoryGroup& group) {
     std::sort(group.stories.begin(), group.stories.end(), isEarlier);
     std::set<std::string> seen;
     for (const auto* story : group.stories) {
-        if (seen.insert(outletKey(*story->story)).second) group.outlets.push_back(story);
+        if (seen.insert(tellingOutletKey(*story->story)).second) group.outlets.push_back(story);
     }
 }
 
@@ -56,16 +56,16 @@ std::vector<StoryGroup> groupStories(const PanelNews& news, Instant earliest) {
     return groups;
 }
 
-bool isDayOnly(Instant instant) {
-    return instant == std::chrono::floor<std::chrono::days>(instant);
+Attribution attributionOf(const StoryGroup& group, const PanelNews& news) {
+    std::vector<const Story*> stories;
+    for (const auto* member : group.stories) stories.push_back(member->story);
+    return attributionOf({.stories = stories, .corrections = news.corrections});
 }
 
-std::optional<Instant::duration> leadOf(Instant first, Instant second) {
-    if (second <= first || isDayOnly(first)) return std::nullopt;
-    return second - first;
+bool isKnownFirst(const Attribution& attribution, const Story& story) {
+    return attribution.confidence != Attribution::Confidence::unclear &&
+           attribution.story == story.id;
 }
-
-std::string outletKey(const Story& story) { return fold(outletOf(story)); }
 
 std::vector<StoryMention> outletMentions(const StoryGroup& group) {
     std::vector<StoryMention> mentions;

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "NewsroomKit/Attribution/Attribution.h"
 #include "NewsroomKit/Panels/PanelStory.h"
 
 namespace kit {
@@ -12,8 +13,8 @@ namespace kit {
 struct StoryGroup {
     /// By time of publication, the earliest first; equal times by id. Never empty.
     std::vector<const PanelStory*> stories{};
-    /// The first story of each outlet, in the same order. Names that differ in letter case,
-    /// accents or width only are one outlet.
+    /// The first story of each outlet, in the same order. Whoever links to another outlet's article
+    /// is an outlet of its own.
     std::vector<const PanelStory*> outlets{};
 
     const PanelStory& first() const { return *stories.front(); }
@@ -31,15 +32,11 @@ inline constexpr std::chrono::hours kEarlierContext{48};
 /// story comes first, equal times by id of the first story.
 std::vector<StoryGroup> groupStories(const PanelNews& news, Instant earliest);
 
-/// The key under which an outlet's name is the same however it is written.
-std::string outletKey(const Story& story);
+/// Who was first with the news of the group.
+Attribution attributionOf(const StoryGroup& group, const PanelNews& news);
 
-/// How long before the second outlet the first one told the news. Nothing where times do not say:
-/// they are equal, or the first is midnight sharp, as in feeds that give a day only.
-std::optional<Instant::duration> leadOf(Instant first, Instant second);
-
-/// Feeds that give a day without a time have midnight sharp.
-bool isDayOnly(Instant instant);
+/// The story is the one with which the first outlet was first, and that is not only a guess.
+bool isKnownFirst(const Attribution& attribution, const Story& story);
 
 /// The mentions of the outlets' first stories.
 std::vector<StoryMention> outletMentions(const StoryGroup& group);

@@ -7,7 +7,8 @@
 
 namespace kit {
 
-StoryTimeline storyTimeline(const std::vector<ClusterMember>& members) {
+StoryTimeline storyTimeline(const std::vector<ClusterMember>& members,
+                            const CorrectionOverlay* corrections) {
     std::vector<PanelStory> stories;
     StoryCluster cluster;
     std::map<const Story*, const std::string*> whys;
@@ -16,18 +17,17 @@ StoryTimeline storyTimeline(const std::vector<ClusterMember>& members) {
         cluster.storyIDs.push_back(member.story.id);
         whys.emplace(&member.story, &member.why);
     }
-    const auto groups =
-        groupStories({.stories = stories, .clusters = {&cluster, 1}}, Instant::min());
+    const PanelNews news{.stories = stories, .clusters = {&cluster, 1}, .corrections = corrections};
+    const auto groups = groupStories(news, Instant::min());
     if (groups.empty() || groups.front().outlets.size() < 2) return {};
-    const auto& outlets = groups.front().outlets;
-    const auto first = outlets[0]->story->publishedAt;
-    StoryTimeline timeline{.lead = leadOf(first, outlets[1]->story->publishedAt),
-                           .isFirstKnown = !isDayOnly(first)};
-    for (const auto* outlet : outlets) {
+    StoryTimeline timeline{.attribution = attributionOf(groups.front(), news)};
+    const auto first = groups.front().first().story->publishedAt;
+    for (const auto* outlet : groups.front().outlets) {
         const auto then = outlet->story->publishedAt;
-        timeline.rows.push_back(
-            {.mention = StoryMention::of(*outlet), .why = *whys.at(outlet->story)});
-        if (!isDayOnly(first) && !isDayOnly(then)) timeline.rows.back().delay = then - first;
+        timeline.rows.push_back({.mention = StoryMention::of(*outlet),
+                                 .isFirst = isKnownFirst(timeline.attribution, *outlet->story),
+                                 .why = *whys.at(outlet->story)});
+        if (!isDayStamp(first) && !isDayStamp(then)) timeline.rows.back().delay = then - first;
     }
     return timeline;
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "NewsroomKit/Attribution/Attribution.h"
 #include "NewsroomKit/Panels/PanelStory.h"
 
 namespace kit {
@@ -14,14 +15,14 @@ struct StoryTimeline {
         StoryMention mention{};  ///< the outlet's first story
         /// Behind the first outlet; absent where one of the two times is only a day.
         std::optional<Instant::duration> delay{};
-        std::string why{};  ///< why it tells this news; empty for the cluster's leader
+        bool isFirst = false;  ///< it is known to be the first
+        std::string why{};     ///< why it tells this news; empty for the cluster's leader
 
         bool operator==(const Row&) const = default;
     };
 
-    std::vector<Row> rows{};                  ///< by publication; empty for a single outlet
-    std::optional<Instant::duration> lead{};  ///< of the first outlet before the second
-    bool isFirstKnown = false;                ///< the first outlet's time is more than a day
+    std::vector<Row> rows{};  ///< by publication; empty for a single outlet
+    Attribution attribution{};
 };
 
 /// A story with the reason why it belongs to its cluster.
@@ -31,6 +32,7 @@ struct ClusterMember {
 };
 
 /// `members`: those of one cluster.
-StoryTimeline storyTimeline(const std::vector<ClusterMember>& members);
+StoryTimeline storyTimeline(const std::vector<ClusterMember>& members,
+                            const CorrectionOverlay* corrections = nullptr);
 
 }  // namespace kit

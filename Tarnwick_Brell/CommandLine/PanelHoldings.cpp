@@ -35,6 +35,10 @@ const std::vector<kit::StoryCluster>& PanelHoldings::clusters() {
     return clusters_.emplace(clusters.clusters(now()));
 }
 
+const kit::CorrectionOverlay* PanelHoldings::corrections() {
+    return session_.storeForReading().corrections().overlay().get();
+}
+
 std::optional<kit::Instant> PanelHoldings::lastLook() {
     return session_.storeForReading().state().instant(app::DeskState::kNewSince);
 }

@@ -31,6 +31,8 @@ public:
     const std::vector<app::StoredStory>& recent();
     const std::vector<kit::StoryCluster>& clusters();
 
+    const kit::CorrectionOverlay* corrections();
+
     /// When the user last left the window, if ever.
     std::optional<kit::Instant> lastLook();
 
@@ -48,7 +50,10 @@ public:
 
     bool isEmpty() const { return stories_.empty(); }
     kit::PanelNews news() const {
-        return {.stories = stories_, .clusters = holdings_.clusters(), .now = holdings_.now()};
+        return {.stories = stories_,
+                .clusters = holdings_.clusters(),
+                .now = holdings_.now(),
+                .corrections = holdings_.corrections()};
     }
 
 private:

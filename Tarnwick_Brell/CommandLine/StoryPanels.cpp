@@ -167,11 +167,11 @@ PanelLines scoopsLines(PanelHoldings& holdings, const PanelSpec& panel, const St
     const MatchedNews matched(holdings, query);
     for (const auto& scoop : kit::scoops(matched.news())) {
         if (lines.size() >= lineCount(panel)) break;
-        lines.push_back(fmt::format("{} {} {}", ageColumn(holdings, scoop.first.publishedAt),
-                                    padTo(printable(scoop.first.outlet), kOutletColumns),
-                                    printable(scoop.first.title)));
+        lines.push_back(fmt::format("{} {} {}", ageColumn(holdings, scoop.at()),
+                                    padTo(printable(*scoop.attribution.first), kOutletColumns),
+                                    printable(scoop.story.title)));
         lines.push_back(holdings.session().out().dim(
-            "    " + app::leadText(scoop.first, scoop.second).toStdString()));
+            "    " + app::leadText(scoop.attribution, {}).toStdString()));
     }
     return orEmptyText(std::move(lines), matched, panel.kind, query);
 }

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QStringList>
 
-#include "NewsroomKit/Panels/StoryGroup.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
@@ -13,11 +12,16 @@ namespace app {
 
 namespace {
 
+using kit::Attribution;
 using kit::Instant;
 using kit::StoryMention;
 
 constexpr std::size_t kNamedSources = 2;
 constexpr int kTermCharacters = 40;
+
+bool isKnown(const Attribution& attribution) {
+    return attribution.first && attribution.confidence != Attribution::Confidence::unclear;
+}
 
 struct PanelText {
     Q_DECLARE_TR_FUNCTIONS(PanelText)
@@ -25,11 +29,28 @@ struct PanelText {
 
 }  // namespace
 
-QString leadText(const StoryMention& first, const StoryMention& second) {
-    const auto lead = kit::leadOf(first.publishedAt, second.publishedAt);
-    const auto outlet = titleText(second.outlet);
-    return lead ? PanelText::tr("%1 before %2").arg(spanText(*lead), outlet)
-                : PanelText::tr("also %1").arg(outlet);
+QString leaderText(const Attribution& attribution, const std::vector<StoryMention>& outlets) {
+    if (isKnown(attribution)) return titleText(*attribution.first);
+    return outlets.empty() ? QString() : titleText(outlets.front().outlet);
+}
+
+QString leadText(const Attribution& attribution, const std::vector<StoryMention>& outlets) {
+    if (!isKnown(attribution)) {
+        return outlets.size() > 1 ? PanelText::tr("also %1").arg(titleText(outlets[1].outlet))
+                                  : QString();
+    }
+    if (attribution.lead && attribution.second) {
+        return PanelText::tr("%1 before %2")
+            .arg(spanText(std::chrono::seconds(*attribution.lead)), titleText(*attribution.second));
+    }
+    if (attribution.basis == Attribution::Basis::correction)
+        return PanelText::tr("corrected by you");
+    if (attribution.creditedBy > 0) {
+        return PanelText::tr("credited by %n outlets", nullptr,
+                             static_cast<int>(attribution.creditedBy));
+    }
+    return attribution.second ? PanelText::tr("before %1").arg(titleText(*attribution.second))
+                              : QString();
 }
 
 QString sourcesText(const std::vector<StoryMention>& outlets, Instant now, const Style& style) {

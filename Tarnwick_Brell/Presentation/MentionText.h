@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "NewsroomKit/Attribution/Attribution.h"
 #include "NewsroomKit/Panels/PanelStory.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
 #include "Tarnwick_Brell/Presentation/Style.h"
@@ -12,8 +13,14 @@
 /// Stories and outlets in the words of panels.
 namespace app {
 
-/// "14 min before MacRumors"; "also MacRumors" where times do not say who was first.
-QString leadText(const kit::StoryMention& first, const kit::StoryMention& second);
+/// "Bloomberg": who was first; the outlet of the earliest story where that is not known.
+QString leaderText(const kit::Attribution& attribution,
+                   const std::vector<kit::StoryMention>& outlets);
+
+/// What follows the leader: "14 min before MacRumors", "credited by 4 outlets"; "also MacRumors"
+/// where it is not known who was first. `outlets` are those that told the news, by time.
+QString leadText(const kit::Attribution& attribution,
+                 const std::vector<kit::StoryMention>& outlets);
 
 /// "Bloomberg 14:03 · Reuters 14:24 · 4 more"
 QString sourcesText(const std::vector<kit::StoryMention>& outlets, kit::Instant now,

@@ -21,6 +21,13 @@
 <context>
     <name>PanelText</name>
     <message numerus="yes">
+        <source>credited by %n outlets</source>
+        <translation>
+            <numerusform>credited by %n outlet</numerusform>
+            <numerusform>credited by %n outlets</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>“%1” or %n other terms</source>
         <translation>
             <numerusform>“%1” or %n other term</numerusform>

@@ -17,7 +17,8 @@ StorySourcing::Value firmness(Claim::State state) {
     switch (state) {
         case Claim::State::rumored: return StorySourcing::Rumor;
         case Claim::State::reported: return StorySourcing::Report;
-        case Claim::State::answered: return StorySourcing::OnRecord;
+        case Claim::State::answered:
+        case Claim::State::denied: return StorySourcing::OnRecord;
         case Claim::State::confirmed: return StorySourcing::Confirmed;
     }
     return StorySourcing::Unlabeled;
@@ -39,6 +40,7 @@ QString ClaimsPanelModel::standing(const Claim& claim, kit::Instant now) {
         const auto outlet = titleText(claim.answer->outlet);
         const auto moment = momentText(claim.answer->publishedAt, now);
         parts << (claim.state == Claim::State::confirmed ? tr("confirmed: %1 %2")
+                  : claim.state == Claim::State::denied  ? tr("denied: %1 %2")
                                                          : tr("Apple's word: %1 %2"))
                      .arg(outlet, moment);
     } else {

@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/Models/Panels/PanelStoryCollector.h"
 
+#include "Tarnwick_Brell/Desk/Corrections.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
 
 #include <algorithm>
@@ -29,13 +30,16 @@ struct PanelStoryCollector::Scan {
     kit::SharedClusters clusters{};
     kit::Instant now{};
     std::optional<kit::Instant> lastLook{};
+    std::shared_ptr<const kit::CorrectionOverlay> corrections{};
 
     std::function<void()> build(SubscriptionID id) const {
         const auto& part = parts.at(id);
-        return part.build(
-            {.news = {.stories = wire.storiesOf(part.query), .clusters = *clusters, .now = now},
-             .from = wire.from(part.earliest),
-             .lastLook = lastLook});
+        return part.build({.news = {.stories = wire.storiesOf(part.query),
+                                    .clusters = *clusters,
+                                    .now = now,
+                                    .corrections = corrections.get()},
+                           .from = wire.from(part.earliest),
+                           .lastLook = lastLook});
     }
 };
 
@@ -74,10 +78,12 @@ void PanelStoryCollector::scanSoon() {
 void PanelStoryCollector::beginScan() {
     if (subscriptions_.empty()) return;
     const auto start = steady_clock::now();
-    scan_ = std::make_shared<Scan>(Scan{.wire = WireScan(pace_.mostStories, pace_.summaries),
-                                        .clusters = desk_.clusters(),
-                                        .now = clock_(),
-                                        .lastLook = desk_.newSince()});
+    scan_ = std::make_shared<Scan>(
+        Scan{.wire = WireScan(pace_.mostStories, pace_.summaries, desk_.clusters()),
+             .clusters = desk_.clusters(),
+             .now = clock_(),
+             .lastLook = desk_.newSince(),
+             .corrections = desk_.corrections().overlay()});
     for (const auto& [id, subscription] : subscriptions_) {
         const auto earliest = subscription.earliest();
         scan_->parts.emplace(id, Scan::Part{.build = subscription.build,

@@ -17,12 +17,12 @@ ScoopsPanelModel::ScoopsPanelModel(const PanelStores& stores, const kit::PanelSp
 void ScoopsPanelModel::show(const std::vector<kit::Scoop>& scoops, const Extent& extent) {
     std::vector<ScoopRow> rows;
     for (const auto& scoop : scoops) {
-        ScoopRow row{.storyID = plainText(scoop.first.storyID),
-                     .title = titleText(scoop.first.title, kTitleCharacters),
-                     .isRead = scoop.first.isRead,
-                     .outlet = titleText(scoop.first.outlet),
-                     .lead = leadText(scoop.first, scoop.second),
-                     .age = ageText(scoop.first.publishedAt, extent.now)};
+        ScoopRow row{.storyID = plainText(scoop.story.storyID),
+                     .title = titleText(scoop.story.title, kTitleCharacters),
+                     .isRead = scoop.story.isRead,
+                     .outlet = leaderText(scoop.attribution, {}),
+                     .lead = leadText(scoop.attribution, {}),
+                     .age = ageText(scoop.at(), extent.now)};
         row.spokenText = spokenRow({row.isRead ? QString() : tr("Unread"), row.title,
                                     row.outlet + u' ' + row.lead, row.age});
         rows.push_back(std::move(row));

@@ -22,8 +22,8 @@ void TopStoriesPanelModel::show(const std::vector<kit::TopStory>& stories, const
                         .isRead = story.unread == 0,
                         .sourcing = StorySourcing::of(story.sourcing),
                         .sourcingLabel = sourcingText(story.sourcing),
-                        .outlet = titleText(story.outlets.front().outlet),
-                        .lead = leadText(story.outlets[0], story.outlets[1])};
+                        .outlet = leaderText(story.attribution, story.outlets),
+                        .lead = leadText(story.attribution, story.outlets)};
         row.spokenText =
             spokenRow({row.isRead ? QString() : tr("Unread"), row.title,
                        tr("%n outlets", nullptr, static_cast<int>(story.outlets.size())),

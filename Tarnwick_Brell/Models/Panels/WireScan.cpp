@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace app {
 
@@ -14,6 +15,7 @@ constexpr std::size_t kStride = 64;
 kit::Story essentials(const PackedStory& packed) {
     kit::Story story;
     story.id = packed.id();
+    story.link = packed.link();
     story.title = packed.title();
     story.publishedAt = packed.publishedAt();
     story.sourceName = packed.sourceName();
@@ -27,6 +29,13 @@ kit::Story essentials(const PackedStory& packed) {
 }
 
 }  // namespace
+
+WireScan::WireScan(std::size_t mostStories, Summaries summaries, kit::SharedClusters clusters)
+    : mostStories_(mostStories), summaries_(summaries), clusters_(std::move(clusters)) {
+    if (!clusters_) return;
+    for (const auto& cluster : *clusters_)
+        clustered_.insert(cluster.storyIDs.begin(), cluster.storyIDs.end());
+}
 
 std::size_t WireScan::add(const kit::StoryQuery& query, kit::Instant earliest) {
     auto same = std::find_if(queries_.begin(), queries_.end(),
@@ -60,12 +69,20 @@ bool WireScan::continueFor(const Wire& wire, std::chrono::steady_clock::duration
     return false;
 }
 
+/// Who was first depends on links, credits and summaries, and what is a claim on the credits.
+bool WireScan::needsWholeStory(const PackedStory& story) const {
+    const auto sourcing = story.sourcing();
+    return sourcing == kit::Sourcing::report || sourcing == kit::Sourcing::rumor ||
+           clustered_.contains(story.id());
+}
+
 void WireScan::test(const PackedStory& packed) {
     const kit::Story* story = nullptr;
     for (auto& query : queries_) {
         if (packed.publishedAt() < query.earliest || !query.wants(packed)) continue;
         if (!story) {
-            auto& copy = stories_.emplace_back(essentials(packed));
+            auto& copy = stories_.emplace_back(needsWholeStory(packed) ? packed.unpacked().story
+                                                                       : essentials(packed));
             if (summaries_ == Summaries::yes) copy.summary = packed.summary();
             story = &copy;
         }

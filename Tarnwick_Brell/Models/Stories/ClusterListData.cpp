@@ -1,6 +1,7 @@
 // What the rows of the list of clusters show.
 #include <algorithm>
 
+#include "Tarnwick_Brell/Desk/Corrections.h"
 #include "Tarnwick_Brell/Models/Stories/ClusterListModel.h"
 #include "Tarnwick_Brell/Models/Stories/StoryLabels.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
@@ -29,7 +30,9 @@ const kit::ClusterSummary& ClusterListModel::summaryOf(const Row& row) const {
         stories.push_back({.story = &each.story,
                            .firstSeen = each.firstSeen,
                            .isRead = desk_.isRead(each.story.id)});
-    return summaries_.emplace(key, kit::clusterSummary(stories, clock_())).first->second;
+    return summaries_
+        .emplace(key, kit::clusterSummary(stories, clock_(), desk_.corrections().overlay().get()))
+        .first->second;
 }
 
 const kit::ClusterSummary::Member& ClusterListModel::memberOf(const Row& row) const {
@@ -69,9 +72,10 @@ QVariant ClusterListModel::clusterData(const Row& row, int role) const {
         case IsRead: return summary.unread == 0;
         case OutletCount: return QString::number(outlets);
         case OutletLabel: return outlets == 1 ? tr("outlet") : tr("outlets");
-        case Outlet: return titleText(first.outlet);
-        case Lead:
-            return outlets > 1 ? leadText(summary.outlets[0], summary.outlets[1]) : QString();
+        case Outlet:
+            return outlets > 1 ? leaderText(summary.attribution, summary.outlets)
+                               : titleText(first.outlet);
+        case Lead: return outlets > 1 ? leadText(summary.attribution, summary.outlets) : QString();
         case Sourcing: return StorySourcing::of(summary.sourcing);
         case SourcingLabel: return sourcingText(summary.sourcing);
         case Time: return ageText(summary.newest, clock_());
@@ -85,9 +89,7 @@ QVariant ClusterListModel::clusterData(const Row& row, int role) const {
 }
 
 QVariant ClusterListModel::memberData(const Row& row, int role) const {
-    const auto& summary = summaryOf(row);
-    const auto& [story, delay] = memberOf(row);
-    const bool isFirst = summary.isFirstKnown && &story == &summary.stories.front().mention;
+    const auto& [story, delay, isFirst] = memberOf(row);
     switch (role) {
         case StoryID: return plainText(story.storyID);
         case Title: return titleText(story.title, kTitleCharacters);

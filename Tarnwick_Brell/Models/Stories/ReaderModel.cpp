@@ -6,6 +6,8 @@
 #include <QTimer>
 
 #include "NewsroomKit/Editorial/LabelReasons.h"
+#include "NewsroomKit/Panels/StoryTimeline.h"
+#include "Tarnwick_Brell/Desk/Corrections.h"
 #include "Tarnwick_Brell/Models/Stories/StoryCitation.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Pictures/PictureID.h"
@@ -132,15 +134,18 @@ std::vector<kit::ClusterMember> ReaderModel::membersOfCluster() const {
 }
 
 void ReaderModel::readTimeline() {
-    const auto timeline = kit::storyTimeline(membersOfCluster());
+    const auto timeline =
+        kit::storyTimeline(membersOfCluster(), desk_.corrections().overlay().get());
     auto rows =
         stored_ ? timelineRows(timeline, story().id, shortTimes()) : std::vector<TimelineRow>();
     const auto others = static_cast<int>(rows.size()) - 1;
     timelineTitle_ =
         others > 0 ? tr("Also covered by %n other outlets", nullptr, others) : QString();
-    timelineFact_ = timeline.lead.value_or(0min) >= 1min
-                        ? tr("%1 led by %2").arg(rows[0].outlet, spanText(*timeline.lead))
-                        : QString();
+    const std::chrono::seconds lead(timeline.attribution.lead.value_or(0));
+    timelineFact_ =
+        lead >= 1min
+            ? tr("%1 led by %2").arg(titleText(*timeline.attribution.first), spanText(lead))
+            : QString();
     timeline_.setRows(std::move(rows));
     emit timelineChanged();
 }
@@ -227,7 +232,9 @@ StoryDocument ReaderModel::document() const {
         .credits = creditRows(story().credits, write),
         .timelineTitle = timelineTitle_,
         .timelineFact = timelineFact_,
-        .timeline = timelineRows(kit::storyTimeline(membersOfCluster()), story().id, write),
+        .timeline = timelineRows(
+            kit::storyTimeline(membersOfCluster(), desk_.corrections().overlay().get()), story().id,
+            write),
         .made = tr("Tarnwick Brell, %1").arg(wholeMomentText(clock_()))};
     if (story().kind != kit::StoryKind::coverage)
         document.labels << plainText(kit::kindReason(story()));

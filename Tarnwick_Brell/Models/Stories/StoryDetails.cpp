@@ -44,8 +44,7 @@ std::vector<WordingRow> wordingRows(const std::vector<EarlierWording>& wordings,
 std::vector<TimelineRow> timelineRows(const kit::StoryTimeline& timeline,
                                       const std::string& storyID, const TimeWriter& write) {
     std::vector<TimelineRow> rows;
-    for (const auto& [told, delay, why] : timeline.rows) {
-        const bool isFirst = rows.empty() && timeline.isFirstKnown;
+    for (const auto& [told, delay, isFirst, why] : timeline.rows) {
         rows.push_back({.storyID = plainText(told.storyID),
                         .time = write(told.publishedAt),
                         .outlet = titleText(told.outlet, 60),

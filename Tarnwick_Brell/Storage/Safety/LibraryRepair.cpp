@@ -108,7 +108,7 @@ RepairPreview previewRepair(const fs::path& library, const WorkWatch& watch) {
         statement.step();
         return static_cast<std::size_t>(statement.number(0));
     };
-    return {.stories = StoryTable(database).count(),
+    return {.stories = StoryTable::countIn(database),
             .saved = count("marks WHERE savedAt IS NOT NULL"),
             .newsrooms = count("newsrooms WHERE removedAt IS NULL"),
             .beats = count("beats WHERE removedAt IS NULL"),

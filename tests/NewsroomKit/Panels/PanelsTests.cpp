@@ -42,7 +42,7 @@ public:
         for (const Told& t : told) {
             Story& story = all_.emplace_back();
             story.id = t.id;
-            story.title = "Title of " + t.id;
+            story.title = "Apple title of " + t.id;
             story.sourceName = t.outlet;
             story.publishedAt = hoursAgo(t.hoursAgo);
             story.sourcing = t.sourcing;
@@ -67,7 +67,7 @@ std::string names(const std::vector<StoryMention>& mentions) {
 }
 
 // clang-format off
-TEST(TopStories, RankByDistinctOutletsThenByRecencyAndEndWithTheirSpan) {
+TEST(TopStories, RankByOutletsFirmnessAndFreshnessAndEndWithTheirSpan) {
     const News news(
         {{"a1", "Post", 10}, {"a2", "Tide", 9, Sourcing::report}, {"a3", "POST", 1},
          {"b1", "Post", 12, Sourcing::rumor}, {"b2", "Dale", 11},
@@ -83,8 +83,8 @@ TEST(TopStories, RankByDistinctOutletsThenByRecencyAndEndWithTheirSpan) {
                 std::string(rawValue(story.sourcing)) + " " + std::to_string(story.unread) + "\n";
     }
     EXPECT_EQ(text,
-              "b1: Post,Dale,Tide report 3\n"
               "a1: Post,Tide report 3\n"
+              "b1: Post,Dale,Links report 3\n"
               "c1: Post,Dale unlabeled 2\n");
 }
 
@@ -108,14 +108,12 @@ TEST(Claims, AreWhatWasSaidBeforeAppleSaidAnything) {
          {{"a", "Post", 9}, {"b", "Tide", 8, report}},
          "reported by Tide, 1"},
         {"Apple's own post later",
-         {{"a", "Post", 9, rumor},
-          {"b", "Apple", 8, Sourcing::unlabeled, true},
-          {"c", "Dale", 7, report}},
+         {{"a", "Post", 9, rumor}, {"b", "Apple", 8, confirmed, true}, {"c", "Dale", 7, report}},
          "confirmed by Post, 1, Apple"},
         {"a word on the record, then the deed",
          {{"a", "Post", 9, report}, {"b", "Tide", 8, onRecord}, {"c", "Dale", 7, confirmed}},
          "confirmed by Post, 1, Dale"},
-        {"a denial",
+        {"a word on the record",
          {{"a", "Post", 9, report}, {"b", "Tide", 8, onRecord}},
          "answered by Post, 1, Tide"},
         {"Apple first", {{"a", "Apple", 9, confirmed, true}, {"b", "Tide", 8, report}}, "none"},
@@ -175,10 +173,10 @@ TEST(Scoops, NameWhoWasFirstOnlyWhereThatCanBeTold) {
     // clang-format on
     const auto found = scoops(news.get());
     ASSERT_EQ(found.size(), 2U);
-    EXPECT_EQ(found[0].first.storyID, "e1");
-    EXPECT_EQ(found[1].first.storyID, "a1");
-    EXPECT_EQ(found[1].second.storyID, "a3");
-    EXPECT_EQ(found[1].outlets, 3U);
+    EXPECT_EQ(found[0].story.storyID, "e1");
+    EXPECT_EQ(found[1].story.storyID, "a1");
+    EXPECT_EQ(found[1].attribution.second, "Tide");
+    EXPECT_EQ(found[1].followers, 2U);
 }
 
 TEST(StoryTimeline, NamesEachOutletOnceAndTheFirstOnlyWhereTimesSaySo) {
@@ -190,8 +188,8 @@ TEST(StoryTimeline, NamesEachOutletOnceAndTheFirstOnlyWhereTimesSaySo) {
         {{{"Post", 1}, {"post", 2}, {"Tide", 3}, {"Post", 4}}, "Post +0 Tide +120 lead 120"},
         {{{"Post", 1}, {"Post", 2}}, ""},
         {{{"Post", 0}, {"Tide", 3}}, "Post Tide first unknown"},
-        {{{"Post", 1}, {"Tide", 24}}, "Post +0 Tide lead 1380"},
-        {{{"Post", 1}, {"Tide", 1}}, "Post +0 Tide +0"},
+        {{{"Post", 1}, {"Tide", 24}}, "Post +0 Tide"},
+        {{{"Post", 1}, {"Tide", 1}}, "Post +0 Tide +0 first unknown"},
     };
     const auto text = [](Instant::duration span) { return std::to_string(span / 1min); };
     for (const auto& [told, expected] : cases) {
@@ -204,12 +202,13 @@ TEST(StoryTimeline, NamesEachOutletOnceAndTheFirstOnlyWhereTimesSaySo) {
         }
         const auto timeline = storyTimeline(members);
         std::string all;
-        for (const auto& [mention, delay, why] : timeline.rows) {
+        for (const auto& [mention, delay, isFirst, why] : timeline.rows) {
             EXPECT_EQ(why, "because of " + mention.storyID);
             all += " " + mention.outlet + (delay ? " +" + text(*delay) : "");
         }
-        if (timeline.lead) all += " lead " + text(*timeline.lead);
-        if (!timeline.rows.empty() && !timeline.isFirstKnown) all += " first unknown";
+        if (const auto lead = timeline.attribution.lead)
+            all += " lead " + text(std::chrono::seconds(*lead));
+        if (!timeline.rows.empty() && !timeline.rows.front().isFirst) all += " first unknown";
         EXPECT_EQ(all.substr(std::min<std::size_t>(1, all.size())), expected);
     }
 }
