@@ -151,6 +151,13 @@ int main(int argc, char** argv) {
     addChartsCommand(app, chosen);
     addArchiveCommand(app, chosen);
     addTraceCommand(app, chosen);
+    addTopCommand(app, chosen);
+    addScoopsCommand(app, chosen);
+    addRacesCommand(app, chosen);
+    addLedgerCommand(app, chosen);
+    addTimelineCommand(app, chosen);
+    addCoverageCommand(app, chosen);
+    addCorrectCommand(app, chosen);
     addSettingsCommand(app, chosen);
     addLogCommand(app, chosen);
     addLibraryCommand(app, chosen);

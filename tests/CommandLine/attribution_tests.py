@@ -1,7 +1,7 @@
 """Who had news first, what became of claims, and the user's corrections, through brell."""
 import unittest
 
-from harness import Desk
+from harness import Desk, PressRoom
 
 START = 1794316043
 
@@ -59,6 +59,83 @@ class InspectTests(unittest.TestCase):
             {"stage": "confirmed", "story": "y", "at": START + 864000, "days": 10},
             {"stage": "released", "signal": "r|1", "at": START + 950400, "days": 1}])
         self.assertIn("signals[0]", timeless["error"])
+
+
+class SampleWorldTests(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.room = PressRoom()
+        cls.addClassCleanup(cls.room.close)
+        cls.desk = Desk(cls.room.network)
+        cls.addClassCleanup(cls.desk.close)
+        cls.desk.run("refresh")
+
+    def test_panels_pages_and_commands_name_the_same_first_outlets(self):
+        top = self.desk.json("top")
+        self.assertEqual([story["score"] for story in top], sorted((story["score"] for story in top), reverse=True))
+        production = next(story for story in top if "Production Run" in story["story"]["title"])
+        self.assertEqual(production["attribution"]["first"], "Bloomberg")
+        self.assertEqual(production["attribution"]["confidence"], "stated")
+        scoops = self.desk.json("scoops")
+        self.assertIn(production["story"]["id"], [scoop["story"]["id"] for scoop in scoops])
+        for scoop in scoops:
+            self.assertTrue(scoop["attribution"]["scoop"])
+            self.assertNotEqual(scoop["attribution"]["first"], "Apple")
+        records = {record["outlet"]: record for record in self.desk.json("races")}
+        self.assertGreaterEqual(records["Bloomberg"]["led"], 1)
+        pair = self.desk.json("races", "bloomberg", "Macrumors")
+        self.assertEqual([side["outlet"] for side in pair["outlets"]], ["Bloomberg", "MacRumors"])
+        self.assertEqual(sum(side["led"] for side in pair["outlets"]),
+                         sum("leader" in race for race in pair["races"]))
+        self.desk.run("races", "Bloomberg", status=2)
+
+    def test_the_ledger_and_timelines_link_to_their_stories(self):
+        ids = {story["id"] for story in self.desk.json("wire", "--limit", 1000, "--set-aside")}
+        ledger = self.desk.json("ledger", "--limit", 1000)
+        self.assertTrue(ledger["claims"])
+        for claim in ledger["claims"]:
+            self.assertIn(claim["story"], ids)
+        for outlet in ledger["outlets"]:
+            self.assertEqual(outlet["claims"], sum(claim["outlet"] == outlet["outlet"] for claim in ledger["claims"]))
+        timeline = self.desk.json("timeline", "ios 27.1.1")
+        self.assertEqual(timeline["stages"][-1]["stage"], "released")
+        self.desk.run("beat", "new", "Updates", "--any", "ios 27.1.1")
+        self.assertEqual(self.desk.json("timeline", "--beat", "updates"), timeline)
+        self.desk.run("timeline", status=2)
+
+    def test_coverage_merges_the_wire_with_the_archive(self):
+        story = next(s for s in self.desk.json("top") if "Production Run" in s["story"]["title"])["story"]["id"]
+        found = self.desk.json("coverage", story)
+        self.assertGreaterEqual(found["outlets"], found["here"])
+        self.assertEqual(len({item["url"] for item in found["items"]}), len(found["items"]))
+        here = self.desk.json("coverage", story, "--wire-only")
+        self.assertEqual(here["here"], here["outlets"])
+        self.assertTrue({item["url"] for item in here["items"]} <= {item["url"] for item in found["items"]})
+
+    def test_corrections_are_made_listed_undone_and_exported(self):
+        scoop = self.desk.json("scoops")[0]
+        story = scoop["story"]["id"]
+        label = self.desk.json("correct", "label", story[:10], "--sourcing", "confirmed", "--note", "seen")
+        shown = self.desk.json("story", story)
+        self.assertEqual((shown["sourcing"], shown["corrected"]), ("confirmed", True))
+        self.assertIn("corrected by you", shown["why"]["sourcing"])
+        self.assertIn(story, [s["id"] for s in self.desk.json("wire", "--limit", 1000, "--sourcing", "confirmed")])
+        self.assertNotIn(story, [s["story"]["id"] for s in self.desk.json("scoops")])
+        first = self.desk.json("correct", "first", story, "--outlet", "wsj", "--link", "https://www.wsj.com/a")
+        top = next(s for s in self.desk.json("top") if s["story"]["id"] == story)
+        self.assertEqual(top["attribution"]["first"], "The Wall Street Journal")
+        self.assertEqual(self.desk.json("correct"), [label, first])
+        self.assertEqual(self.desk.json("correct", "export"), [label, first])
+        for correction in (label, first):
+            self.desk.run("correct", "undo", correction["id"][:8])
+        self.assertEqual(self.desk.json("story", story)["why"]["sourcing"].count("corrected"), 0)
+        self.assertEqual(self.desk.json("scoops")[0]["attribution"], scoop["attribution"])
+        self.desk.run("correct", "redo", label["id"])
+        self.assertEqual(self.desk.json("story", story)["sourcing"], "confirmed")
+        self.desk.run("correct", "undo", label["id"])
+        self.desk.run("correct", "undo", label["id"], status=2)
+        self.desk.run("correct", "label", story, status=2)
+        self.desk.run("correct", "same", story, status=2)
 
 
 if __name__ == "__main__":

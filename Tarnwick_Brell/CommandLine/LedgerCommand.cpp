@@ -1,0 +1,109 @@
+#include <algorithm>
+#include <memory>
+#include <string>
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Panels/LedgerRows.h"
+#include "NewsroomKit/Attribution/TellingOutlet.h"
+#include "Tarnwick_Brell/CommandLine/AnalysisText.h"
+#include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
+#include "Tarnwick_Brell/CommandLine/ValueText.h"
+
+namespace cli {
+
+namespace {
+
+struct LedgerOptions {
+    AnalysisOptions analysis{.days = 730, .limit = 50};
+    std::string outlet{};
+    std::string state{};
+};
+
+/// Leaves the claims that the options ask for.
+std::vector<kit::LedgerRow> chosenRows(std::vector<kit::LedgerRow> rows,
+                                       const LedgerOptions& options) {
+    const auto outlet = kit::outletKey(options.outlet);
+    std::erase_if(rows, [&](const kit::LedgerRow& row) {
+        if (!options.state.empty() && rawValue(row.claim.state) != options.state) return true;
+        return !options.outlet.empty() && kit::outletKey(row.claim.outlet) != outlet;
+    });
+    rows.resize(std::min(rows.size(), static_cast<std::size_t>(options.analysis.limit)));
+    return rows;
+}
+
+void printLedgerRecords(Session& session, const kit::Ledger& ledger,
+                        const std::vector<kit::LedgerRow>& rows) {
+    boost::json::array claims;
+    for (const auto& row : rows) {
+        auto record = kit::encode(row.claim).as_object();
+        record["title"] = row.story.title;
+        claims.push_back(std::move(record));
+    }
+    printValue(session, boost::json::object{{"claims", std::move(claims)},
+                                            {"outlets", kit::encode(ledger.outlets)}});
+}
+
+std::string settledText(const kit::LedgerRow& row) {
+    if (!row.settledBy) return "";
+    return fmt::format("{}, after {:.1f} days", printable(row.settledBy->outlet), *row.claim.days);
+}
+
+int runLedger(Session& session, const LedgerOptions& options) {
+    const AnalysedNews analysed(session, options.analysis.query,
+                                std::chrono::days(options.analysis.days));
+    const auto ledger = kit::makeLedger(analysed.news());
+    const auto rows = chosenRows(kit::ledgerRows(ledger, analysed.news()), options);
+    if (session.options().json) {
+        printLedgerRecords(session, ledger, rows);
+        return kDone;
+    }
+    if (ledger.claims.empty()) {
+        session.advise("No reports or rumors about Apple in the library.");
+        return kDone;
+    }
+    TextTable outlets({Column::whole("outlet"), Column::whole("claims"), Column::whole("confirmed"),
+                       Column::whole("denied"), Column::whole("open"), Column::whole("expired"),
+                       Column::whole("median days")});
+    for (const auto& row : ledger.outlets) {
+        outlets.add({printable(row.outlet), std::to_string(row.claims),
+                     std::to_string(row.confirmed), std::to_string(row.denied),
+                     std::to_string(row.open), std::to_string(row.expired),
+                     row.medianDays ? fmt::format("{:.1f}", *row.medianDays) : "–"});
+    }
+    outlets.print(session.out());
+    session.out().line();
+    TextTable claims({Column::whole("when"), Column::whole("state"), Column::whole("outlet"),
+                      Column::cut("claim", 30), Column::cut("settled by").dropped(1),
+                      Column::whole("story")});
+    for (const auto& row : rows) {
+        claims.add({ageText(row.claim.at, session.now()), std::string(label(row.claim.state)),
+                    printable(row.claim.outlet), printable(row.story.title), settledText(row),
+                    row.claim.story});
+    }
+    claims.print(session.out());
+    return kDone;
+}
+
+}  // namespace
+
+void addLedgerCommand(arguments::Command& app, Command& chosen) {
+    auto options = std::make_shared<LedgerOptions>();
+    auto command = app.subcommand("ledger", "What became of reports and rumors, outlet by outlet");
+    options->analysis.query.addTo(command);
+    command.option("--outlet", options->outlet, "Only this outlet's claims").shownAs("NAME");
+    command.option("--state", options->state, "Only claims that are open, confirmed, and so on")
+        .oneOf({"open", "confirmed", "denied", "expired"});
+    command.number("--days", options->analysis.days, {1, 36'500}, "How many days to look back");
+    command.number("--limit", options->analysis.limit, {1, 100'000},
+                   "Show at most this many claims");
+    command.footer("A claim is followed until Apple confirms or denies it, or for 365 days.");
+    command.whenChosen([options, &chosen] {
+        chosen = [options](Session& session) { return runLedger(session, *options); };
+    });
+}
+
+}  // namespace cli
