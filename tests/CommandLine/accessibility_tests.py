@@ -146,7 +146,7 @@ class Accessibility(unittest.TestCase):
 
     def test_every_page_is_told_by_names_and_roles(self):
         pages = ("Today", "Top stories", "Service status", "Software", "Events", "Markets", "Firmware signing",
-                 "Update catalogue", "App Store charts", "Stories by period", "Saved")
+                 "Update catalogue", "App Store charts", "Stories by period", "Races", "Rumor ledger", "Saved")
         for page in pages:
             with self.subTest(page):
                 self.open(page)
