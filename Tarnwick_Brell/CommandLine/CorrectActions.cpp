@@ -22,7 +22,7 @@ namespace cli {
 namespace {
 
 using kit::Correction;
-using Kind = Correction::Kind;
+using CorrectionKind = Correction::Kind;
 
 std::optional<std::string> given(const std::string& text) {
     return text.empty() ? std::nullopt : std::optional(text);
@@ -33,11 +33,12 @@ std::optional<E> givenEnum(const std::string& raw) {
     return raw.empty() ? std::nullopt : kit::enumFromRaw<E>(raw);
 }
 
-Correction::Instead insteadOf(Session& session, Kind kind, const CorrectOptions& options) {
+Correction::Instead insteadOf(Session& session, CorrectionKind kind,
+                              const CorrectOptions& options) {
     switch (kind) {
-        case Kind::notSame:
-        case Kind::same: return {};
-        case Kind::first: {
+        case CorrectionKind::notSame:
+        case CorrectionKind::same: return {};
+        case CorrectionKind::first: {
             if (!kit::isOpenable(options.link))
                 throw WrongUsage("The link must be the address of a page of the web.");
             Correction::Instead instead{.outlet = kit::shownOutletName(options.outlet),
@@ -45,8 +46,8 @@ Correction::Instead insteadOf(Session& session, Kind kind, const CorrectOptions&
             if (!options.at.empty()) instead.at = parseTimeArgument(options.at, session.now());
             return instead;
         }
-        case Kind::credit: return {.name = options.name, .by = given(options.by)};
-        case Kind::label:
+        case CorrectionKind::credit: return {.name = options.name, .by = given(options.by)};
+        case CorrectionKind::label:
             return {.kind = givenEnum<kit::StoryKind>(options.kind),
                     .sourcing = givenEnum<kit::Sourcing>(options.sourcing)};
     }
@@ -120,7 +121,7 @@ int exportCorrections(Session& session) {
     return kDone;
 }
 
-int makeCorrection(Session& session, Kind kind, const CorrectOptions& options) {
+int makeCorrection(Session& session, CorrectionKind kind, const CorrectOptions& options) {
     auto& store = session.store();
     Correction correction{.id = kit::UUID::random().text(),
                           .kind = kind,

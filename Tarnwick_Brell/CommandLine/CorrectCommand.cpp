@@ -9,7 +9,7 @@ namespace cli {
 
 namespace {
 
-using Kind = kit::Correction::Kind;
+using CorrectionKind = kit::Correction::Kind;
 using SharedCorrectOptions = std::shared_ptr<CorrectOptions>;
 
 template <class E>
@@ -21,7 +21,7 @@ std::vector<std::string> rawValues() {
 
 /// A subcommand that makes a correction of some stories.
 arguments::Command addMaking(arguments::Command& correct, Command& chosen,
-                             SharedCorrectOptions options, Kind kind, const char* name,
+                             SharedCorrectOptions options, CorrectionKind kind, const char* name,
                              const char* meaning, const char* stories) {
     auto command = correct.subcommand(name, meaning);
     command.option("ID", options->stories, stories).required();
@@ -36,13 +36,13 @@ arguments::Command addMaking(arguments::Command& correct, Command& chosen,
 
 void addMakings(arguments::Command& correct, Command& chosen, SharedCorrectOptions options) {
     constexpr auto several = "The story's id, or the ids of several";
-    addMaking(correct, chosen, options, Kind::notSame, "not-same",
+    addMaking(correct, chosen, options, CorrectionKind::notSame, "not-same",
               "A story tells other news than the others",
               "The story, then those whose news it is not; alone it tells news of its own");
-    addMaking(correct, chosen, options, Kind::same, "same", "Stories tell the same news",
+    addMaking(correct, chosen, options, CorrectionKind::same, "same", "Stories tell the same news",
               "The stories' ids, two at least");
 
-    auto first = addMaking(correct, chosen, options, Kind::first, "first",
+    auto first = addMaking(correct, chosen, options, CorrectionKind::first, "first",
                            "An outlet had the news of a story first", several);
     first.option("--outlet", options->outlet, "The outlet's name").shownAs("NAME").required();
     first.option("--link", options->link, "The address of its article, as the proof")
@@ -51,12 +51,12 @@ void addMakings(arguments::Command& correct, Command& chosen, SharedCorrectOptio
     first.option("--at", options->at, "When it was published: 30min, 6h, 2d, a day or a time")
         .shownAs("WHEN");
 
-    auto credit = addMaking(correct, chosen, options, Kind::credit, "credit",
+    auto credit = addMaking(correct, chosen, options, CorrectionKind::credit, "credit",
                             "A story does not credit that outlet", several);
     credit.option("--name", options->name, "The credited outlet").shownAs("NAME").required();
     credit.option("--by", options->by, "Who is credited instead").shownAs("NAME");
 
-    auto label = addMaking(correct, chosen, options, Kind::label, "label",
+    auto label = addMaking(correct, chosen, options, CorrectionKind::label, "label",
                            "A story is of another kind, or sourced otherwise", several);
     label.option("--kind", options->kind, "What sort of item it is")
         .shownAs("KIND")

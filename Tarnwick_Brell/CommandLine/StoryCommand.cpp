@@ -87,97 +87,95 @@ std::string clusterText(const OwnCluster& own) {
                            : fmt::format("One of {} stories of the same news. {}", count, own.why);
 }
 
-void print(Session& session, const app::StoredStory& stored, const Wordings& wordings) {
-    /// What the rules say, and what the user says instead.
-    struct LabelAnswers {
-        bool isCorrected = false;  // the others set it
-        std::string kind;
-        std::string sourcing;
+/// What the rules say, and what the user says instead.
+struct LabelAnswers {
+    bool isCorrected = false;  // the others set it
+    std::string kind;
+    std::string sourcing;
 
-        LabelAnswers(const Story& rules, const Story& shown)
-            : kind(corrected(kindReason(rules), rules.kind, shown.kind)),
-              sourcing(corrected(sourcingReason(rules), rules.sourcing, shown.sourcing)) {}
+    LabelAnswers(const Story& rules, const Story& shown)
+        : kind(corrected(kindReason(rules), rules.kind, shown.kind)),
+          sourcing(corrected(sourcingReason(rules), rules.sourcing, shown.sourcing)) {}
 
-    private:
-        template <class E>
-        std::string corrected(std::string reason, E rules, E shown) {
-            if (rules == shown) return reason;
-            isCorrected = true;
-            const auto name = [](E value) {
-                return kit::label(value).empty() ? "Unlabeled" : kit::label(value);
-            };
-            return fmt::format("{} → {}, corrected by you. {}", name(rules), name(shown), reason);
-        }
-    };
+private:
+    template <class E>
+    std::string corrected(std::string reason, E rules, E shown) {
+        if (rules == shown) return reason;
+        isCorrected = true;
+        const auto name = [](E value) {
+            return kit::label(value).empty() ? "Unlabeled" : kit::label(value);
+        };
+        return fmt::format("{} → {}, corrected by you. {}", name(rules), name(shown), reason);
+    }
+};
 
-    void print(Session & session, const app::StoredStory& stored, const LabelAnswers& why,
-               const Wordings& wordings) {
-        const Story& story = stored.story;
-        Output& out = session.out();
-        out.line(
-            out.bold(out.link(story.link, wrapped(printable(story.title), textWidth(out), ""))));
-        for (const auto& wording : wordings) {
-            out.line(out.dim(wrapped(
-                "Until " + momentText(wording.replacedAt) + ": “" + printable(wording.title) + "”",
-                textWidth(out), "")));
-        }
-        if (!story.summary.empty()) {
-            out.line();
-            out.line(wrapped(printable(story.summary), textWidth(out), ""));
-        }
+void print(Session& session, const app::StoredStory& stored, const LabelAnswers& why,
+           const Wordings& wordings) {
+    const Story& story = stored.story;
+    Output& out = session.out();
+    out.line(out.bold(out.link(story.link, wrapped(printable(story.title), textWidth(out), ""))));
+    for (const auto& wording : wordings) {
+        out.line(out.dim(wrapped(
+            "Until " + momentText(wording.replacedAt) + ": “" + printable(wording.title) + "”",
+            textWidth(out), "")));
+    }
+    if (!story.summary.empty()) {
         out.line();
-        printField(out, "Outlet", outletLine(story));
-        printField(out, "Author", story.author.value_or(""));
-        printField(
-            out, "Published",
-            momentText(story.publishedAt) + " (" + agoText(story.publishedAt, session.now()) + ")");
-        printField(out, "First seen", momentText(stored.firstSeen) + arrivalNote(stored.arrival));
-        printField(out, "Read", stored.readAt ? momentText(*stored.readAt) : "no");
-        printField(out, "Saved", stored.savedAt ? momentText(*stored.savedAt) : "no");
-        printField(out, "Kind", why.kind);
-        printField(out, "Sourcing", why.sourcing);
-        printField(out, "Cluster", clusterText(clusterHolding(session, story)));
-        printCredits(out, story);
-        printField(out, "Link", kit::maskedLogins(story.link));
-        printField(out, "Article", kit::maskedLogins(story.articleLink.value_or("")));
-        printField(out, "Picture", kit::maskedLogins(story.imageURL.value_or("")));
-        if (story.wordpressID) printField(out, "Post number", std::to_string(*story.wordpressID));
-        printField(out, "Source id", story.sourceID);
-        printField(out, "Story id", story.id);
+        out.line(wrapped(printable(story.summary), textWidth(out), ""));
     }
+    out.line();
+    printField(out, "Outlet", outletLine(story));
+    printField(out, "Author", story.author.value_or(""));
+    printField(
+        out, "Published",
+        momentText(story.publishedAt) + " (" + agoText(story.publishedAt, session.now()) + ")");
+    printField(out, "First seen", momentText(stored.firstSeen) + arrivalNote(stored.arrival));
+    printField(out, "Read", stored.readAt ? momentText(*stored.readAt) : "no");
+    printField(out, "Saved", stored.savedAt ? momentText(*stored.savedAt) : "no");
+    printField(out, "Kind", why.kind);
+    printField(out, "Sourcing", why.sourcing);
+    printField(out, "Cluster", clusterText(clusterHolding(session, story)));
+    printCredits(out, story);
+    printField(out, "Link", kit::maskedLogins(story.link));
+    printField(out, "Article", kit::maskedLogins(story.articleLink.value_or("")));
+    printField(out, "Picture", kit::maskedLogins(story.imageURL.value_or("")));
+    if (story.wordpressID) printField(out, "Post number", std::to_string(*story.wordpressID));
+    printField(out, "Source id", story.sourceID);
+    printField(out, "Story id", story.id);
+}
 
-    void printJSON(Session & session, const app::StoredStory& stored, const LabelAnswers& why,
-                   const Wordings& wordings) {
-        auto object = storyRecord(stored);
-        object["arrival"] = kit::encode(stored.arrival);
-        if (stored.readAt) object["readAt"] = kit::encode(*stored.readAt);
-        if (stored.savedAt) object["savedAt"] = kit::encode(*stored.savedAt);
-        auto& earlier = object["earlierTitles"].emplace_array();
-        for (const auto& wording : wordings) {
-            earlier.push_back(
-                {{"title", wording.title}, {"replacedAt", kit::encode(wording.replacedAt)}});
-        }
-        object["why"] = {{"kind", why.kind}, {"sourcing", why.sourcing}};
-        object["corrected"] = why.isCorrected;
-        if (const auto own = clusterHolding(session, stored.story); own.exists()) {
-            auto& cluster = object["cluster"].emplace_object();
-            cluster["id"] = own.cluster.id;
-            cluster["stories"] = kit::encode(own.cluster.storyIDs);
-            if (!own.why.empty()) cluster["why"] = own.why;
-        }
-        session.out().line(boost::json::serialize(object));
+void printJSON(Session& session, const app::StoredStory& stored, const LabelAnswers& why,
+               const Wordings& wordings) {
+    auto object = storyRecord(stored);
+    object["arrival"] = kit::encode(stored.arrival);
+    if (stored.readAt) object["readAt"] = kit::encode(*stored.readAt);
+    if (stored.savedAt) object["savedAt"] = kit::encode(*stored.savedAt);
+    auto& earlier = object["earlierTitles"].emplace_array();
+    for (const auto& wording : wordings) {
+        earlier.push_back(
+            {{"title", wording.title}, {"replacedAt", kit::encode(wording.replacedAt)}});
     }
+    object["why"] = {{"kind", why.kind}, {"sourcing", why.sourcing}};
+    object["corrected"] = why.isCorrected;
+    if (const auto own = clusterHolding(session, stored.story); own.exists()) {
+        auto& cluster = object["cluster"].emplace_object();
+        cluster["id"] = own.cluster.id;
+        cluster["stories"] = kit::encode(own.cluster.storyIDs);
+        if (!own.why.empty()) cluster["why"] = own.why;
+    }
+    session.out().line(boost::json::serialize(object));
+}
 
-    int runStory(Session & session, const std::string& id) {
-        auto& store = session.storeForReading();
-        const auto stored = storyNamed(store, id);
-        const auto wordings = store.stories().earlierWordings(stored.number);
-        const auto rules = store.stories().uncorrected(stored.number).value_or(stored);
-        const LabelAnswers why(rules.story, stored.story);
-        session.options().json ? printJSON(session, stored, why, wordings)
-                               : print(session, stored, why, wordings);
-        return kDone;
-    }
+int runStory(Session& session, const std::string& id) {
+    auto& store = session.storeForReading();
+    const auto stored = storyNamed(store, id);
+    const auto wordings = store.stories().earlierWordings(stored.number);
+    const auto rules = store.stories().uncorrected(stored.number).value_or(stored);
+    const LabelAnswers why(rules.story, stored.story);
+    session.options().json ? printJSON(session, stored, why, wordings)
+                           : print(session, stored, why, wordings);
+    return kDone;
+}
 
 }  // namespace
 

@@ -36,9 +36,7 @@ std::vector<kit::Correction> relationsIn(const json::object& input) {
 
 kit::ClusterOverrides overridesIn(const json::object& input) {
     const kit::CorrectionOverlay overlay(relationsIn(input));
-    kit::ClusterOverrides overrides{.joined = overlay.joined()};
-    for (const auto& [split, other] : overlay.apart()) overrides.apart.push_back({split, other});
-    return overrides;
+    return {.joined = overlay.joined(), .apart = overlay.apart()};
 }
 
 kit::WordMemory memoryIn(const json::object& input, const std::vector<kit::Story>& stories) {
