@@ -39,9 +39,9 @@ TEST(ProposedTerms, NamesThatSeveralHeadlinesShareAreProposedToAQuery) {
     for (const auto* title : titles)
         wire.push_back({.story = &stories.emplace_back(Story{.title = title})});
     const std::pair<StoryQuery, std::vector<ProposedTerm>> cases[] = {
-        {{}, {{"A20", 4}, {"TSMC", 4}, {"iPhone 18", 3}}},
-        {{.anyTerms = {"iphone"}}, {{"A20", 4}, {"TSMC", 4}}},
-        {{.anyTerms = {"iphone"}, .excludedTerms = {"tsmc"}}, {{"A20", 4}}},
+        {{}, {{"A20", 5}, {"TSMC", 4}, {"iPhone 18", 3}}},
+        {{.anyTerms = {"iphone"}}, {{"A20", 5}, {"TSMC", 4}}},
+        {{.anyTerms = {"iphone"}, .excludedTerms = {"tsmc"}}, {{"A20", 5}}},
     };
     for (const auto& [query, terms] : cases) EXPECT_EQ(proposedTerms(wire, query), terms);
 }

@@ -63,7 +63,7 @@ protected:
     StoryPanelViewTest() {
         [[maybe_unused]] void (*volatile models)() = &qml_register_types_TarnwickBrell_Models;
         [[maybe_unused]] void (*volatile panels)() = &qml_register_types_TarnwickBrell_Panels;
-        const char* headset = "Quillmark headset appears in blue factory photos";
+        const char* headset = "Apple's Quillmark headset appears in blue factory photos";
         harness_.tell("Harbour", "10:00", headset, Sourcing::rumor);
         harness_.tell("Lantern", "10:14", headset);
         harness_.tell("Meridian", "10:30", headset, Sourcing::report);
@@ -152,7 +152,7 @@ TEST_F(StoryPanelViewTest, ArrowsMoveThroughAPanelAndEnterOpensItsStory) {
     ASSERT_EQ(opened.size(), 1);
     const auto* story = harness_.news->stories().find(opened[0].toStdString());
     ASSERT_NE(story, nullptr);
-    EXPECT_EQ(story->sourceName(), "Meridian");
+    EXPECT_EQ(story->sourceName(), "Harbour") << "what is on the record comes before a rumor";
 }
 
 }  // namespace

@@ -40,7 +40,7 @@ class PanelFacesTest : public ::testing::Test {
 protected:
     PanelFacesTest() {
         [[maybe_unused]] void (*volatile files)() = &qml_register_types_TarnwickBrell_Panels;
-        const char* headset = "Quillmark headset appears in blue factory photos";
+        const char* headset = "Apple's Quillmark headset appears in blue factory photos";
         desk_.tell("Harbour", "10:00", headset, kit::Sourcing::rumor);
         desk_.tell("Lantern", "10:14", headset);
         desk_.tell("Meridian", "10:30", headset, kit::Sourcing::report);

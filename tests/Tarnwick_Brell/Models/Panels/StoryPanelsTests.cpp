@@ -18,7 +18,7 @@ using kit::PanelKind;
 using kit::Sourcing;
 using ::test::until;
 
-constexpr const char* kHeadset = "Quillmark headset appears in blue factory photos";
+constexpr const char* kHeadset = "Apple's Quillmark headset appears in blue factory photos";
 
 class StoryPanelsTest : public ::testing::Test {
 protected:
