@@ -8,6 +8,11 @@ void RecentClusters::add(const Story& story, Instant now) {
     hasChanged_ = true;
 }
 
+void RecentClusters::setCorrections(const CorrectionOverlay& corrections) {
+    clusterer_.setOverrides({.joined = corrections.joined(), .apart = corrections.apart()});
+    hasChanged_ = true;
+}
+
 std::vector<StoryCluster> RecentClusters::clusters(Instant now) {
     hasChanged_ = false;
     clusterer_.forgetBefore(now - kSpan);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "NewsroomKit/Attribution/CorrectionOverlay.h"
 #include "NewsroomKit/Clusters/StoryClusterer.h"
 #include "NewsroomKit/Panels/Coverage.h"
 #include "NewsroomKit/Panels/StoryGroup.h"
@@ -22,6 +23,9 @@ public:
 
     /// Adds or replaces a story. One that is older than the span is ignored.
     void add(const Story& story, Instant now);
+
+    /// Lays what the user says of stories that tell the same news, or do not, over the rules.
+    void setCorrections(const CorrectionOverlay& corrections);
 
     /// Whether a story was added since the last call of clusters().
     bool hasChanged() const { return hasChanged_; }

@@ -32,6 +32,7 @@ const std::vector<kit::StoryCluster>& PanelHoldings::clusters() {
     if (clusters_) return *clusters_;
     kit::RecentClusters clusters;
     for (const auto& stored : recent()) clusters.add(stored.story, now());
+    clusters.setCorrections(*corrections());
     return clusters_.emplace(clusters.clusters(now()));
 }
 

@@ -163,6 +163,7 @@ void DeskUpdateBuilder::addCorrections(DeskUpdate& update) {
 }
 
 void DeskUpdateBuilder::addClusters(DeskUpdate& update) {
+    clusters_.setCorrections(*store_.corrections().overlay());
     update.clusters =
         std::make_shared<const std::vector<kit::StoryCluster>>(clusters_.clusters(clock_()));
 }
