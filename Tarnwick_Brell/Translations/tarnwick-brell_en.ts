@@ -836,4 +836,162 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>app::TopStoriesPageModel</name>
+    <message numerus="yes">
+        <source>%n outlets</source>
+        <translation>
+            <numerusform>%n outlet</numerusform>
+            <numerusform>%n outlets</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n in the last hour</source>
+        <translation>
+            <numerusform>%n in the last hour</numerusform>
+            <numerusform>%n in the last hour</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n subjects of 48 h, %1</source>
+        <translation>
+            <numerusform>%n subject of 48 h, %1</numerusform>
+            <numerusform>%n subjects of 48 h, %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n stories</source>
+        <translation>
+            <numerusform>%n story</numerusform>
+            <numerusform>%n stories</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n followed</source>
+        <translation>
+            <numerusform>%n followed</numerusform>
+            <numerusform>%n followed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>first %n times</source>
+        <translation>
+            <numerusform>first once</numerusform>
+            <numerusform>first %n times</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n others</source>
+        <translation>
+            <numerusform>%n other</numerusform>
+            <numerusform>%n others</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>TimelineRows</name>
+    <message numerus="yes">
+        <source>%n stories</source>
+        <translation>
+            <numerusform>%n story</numerusform>
+            <numerusform>%n stories</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n claims</source>
+        <translation>
+            <numerusform>%n claim</numerusform>
+            <numerusform>%n claims</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n confirmed</source>
+        <translation>
+            <numerusform>%n confirmed</numerusform>
+            <numerusform>%n confirmed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n denied</source>
+        <translation>
+            <numerusform>%n denied</numerusform>
+            <numerusform>%n denied</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>TimelineWords</name>
+    <message numerus="yes">
+        <source>%n days</source>
+        <translation>
+            <numerusform>%n day</numerusform>
+            <numerusform>%n days</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n outlets</source>
+        <translation>
+            <numerusform>%n outlet</numerusform>
+            <numerusform>%n outlets</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>first of %n</source>
+        <translation>
+            <numerusform>first of %n</numerusform>
+            <numerusform>first of %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n stories</source>
+        <translation>
+            <numerusform>%n story</numerusform>
+            <numerusform>%n stories</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::CoverageModel</name>
+    <message numerus="yes">
+        <source>%1, %n of them here</source>
+        <translation>
+            <numerusform>%1, %n of them here</numerusform>
+            <numerusform>%1, %n of them here</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Covered by %n outlets</source>
+        <translation>
+            <numerusform>Covered by %n outlet</numerusform>
+            <numerusform>Covered by %n outlets</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::CorrectionSheetModel</name>
+    <message numerus="yes">
+        <source>It stands with %n other stories that tell the same news.</source>
+        <translation>
+            <numerusform>It stands with %n other story that tells the same news.</numerusform>
+            <numerusform>It stands with %n other stories that tell the same news.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::CorrectionsPageModel</name>
+    <message numerus="yes">
+        <source>%1, and %n more</source>
+        <translation>
+            <numerusform>%1, and %n more</numerusform>
+            <numerusform>%1, and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n corrections</source>
+        <translation>
+            <numerusform>%n correction</numerusform>
+            <numerusform>%n corrections</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -235,6 +235,14 @@ QtObject {
     readonly property int barFieldWidth: scaled(180)
     readonly property int barFieldLeast: scaled(96)
 
+    // Top stories and who had them first
+    readonly property int topStoriesTime: scaled(48)
+    readonly property int topStoriesOutlet: scaled(108)
+    readonly property int firstWithItRow: scaled(50)
+    readonly property int firstsRow: scaled(24)
+    readonly property int firstsName: scaled(92)
+
+
     // Columns of the update catalogue
     readonly property int offerPlatformColumn: scaled(100)
     readonly property int offerVersionColumn: scaled(132)

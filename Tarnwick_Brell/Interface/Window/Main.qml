@@ -44,6 +44,13 @@ Window {
             panels.forceActiveFocus();
     }
 
+    /// The item that had the focus may be gone with its page or sheet, and keys would have no target.
+    function keepFocus() {
+        const now = activeFocusItem;
+        if (!now || !now.visible || now === contentItem)
+            focusPage();
+    }
+
     Binding {
         target: Theme
         property: "dark"
@@ -254,12 +261,7 @@ Window {
         id: palette
 
         palette: window.desk.palette
-        // The item that had the focus may be gone with its page, and keys would have no target.
-        onClosed: {
-            const now = window.activeFocusItem;
-            if (!now || !now.visible || now === window.contentItem)
-                window.focusPage();
-        }
+        onClosed: window.keepFocus()
     }
     KeysSheet {
         id: keys
@@ -303,6 +305,10 @@ Window {
 
         function onNoticed(sentence: string) {
             toast.show(sentence, "");
+        }
+        function onSheetChanged() {
+            if (!window.desk.sheet)
+                Qt.callLater(window.keepFocus);
         }
         function onViewActionWanted(action: int) {
             switch (action) {

@@ -36,6 +36,8 @@ FocusScope {
         revealedAt = body.contentY;
     }
 
+    }
+
     property real revealedAt: -1
 
     Rectangle {
@@ -90,6 +92,7 @@ FocusScope {
                 text: qsTr("Copy citation")
                 key: pane.actions.keyText(DeskAction.CopyCitation)
                 onClicked: pane.storyActions.copyCitation()
+            }
             }
             IconButton {
                 symbol: "arrow.triangle.branch"
@@ -280,6 +283,7 @@ FocusScope {
 
         interval: Theme.nextTurn
         onTriggered: pane.revealTrace()
+    }
     }
     Connections {
         target: pane.reader.trace

@@ -74,6 +74,7 @@ bool ActionModel::isEnabled(const ActionEntry& entry) const {
         case ActionNeed::nothing: return true;
         case ActionNeed::story: return hasStory_;
         case ActionNeed::storyList: return isStoryList_;
+        case ActionNeed::clusters: return hasClusters_;
         case ActionNeed::refreshing: return isRefreshing_;
         case ActionNeed::arrivals: return hasArrivals_;
         case ActionNeed::newsroom: return hasNewsroom_;

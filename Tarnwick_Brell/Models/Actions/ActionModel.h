@@ -78,6 +78,7 @@ class ActionModel : public QObject {
     Q_PROPERTY(bool storyIsSaved MEMBER storyIsSaved_ NOTIFY contextChanged)
     Q_PROPERTY(bool storyIsRead MEMBER storyIsRead_ NOTIFY contextChanged)
     Q_PROPERTY(bool isStoryList MEMBER isStoryList_ NOTIFY contextChanged)
+    Q_PROPERTY(bool hasClusters MEMBER hasClusters_ NOTIFY contextChanged)
     Q_PROPERTY(bool showsClusters MEMBER showsClusters_ NOTIFY contextChanged)
     Q_PROPERTY(bool showsSetAside MEMBER showsSetAside_ NOTIFY contextChanged)
     Q_PROPERTY(bool showsPictures MEMBER showsPictures_ NOTIFY contextChanged)
@@ -127,6 +128,7 @@ private:
     bool storyIsSaved_ = false;
     bool storyIsRead_ = false;
     bool isStoryList_ = false;
+    bool hasClusters_ = false;
     bool showsClusters_ = false;
     bool showsSetAside_ = false;
     bool showsPictures_ = false;

@@ -94,7 +94,7 @@ constexpr ActionEntry kActions[]{
 
     {DeskAction::ToggleSidebar, view, WORDS("Show or hide the sidebar"), nullptr, "sidebar.left", {{{"Ctrl+\\"}}}},
     {DeskAction::SwitchPane, view, WORDS("To the page's pane, and back"), nullptr, "rectangle.split", {{{"F6"}}}},
-    {DeskAction::ToggleClusters, view, WORDS("Show clusters in place of stories"), WORDS("Show stories in place of clusters"), "rectangle.stack", {{{"Shift+C"}}}, ActionNeed::storyList},
+    {DeskAction::ToggleClusters, view, WORDS("Show clusters in place of stories"), WORDS("Show stories in place of clusters"), "rectangle.stack", {{{"Shift+C"}}}, ActionNeed::clusters},
     {DeskAction::ToggleSetAside, view, WORDS("Show stories that are set aside"), WORDS("Hide stories that are set aside"), "eye", {{{"Shift+S"}}}, ActionNeed::storyList},
     {DeskAction::MoveReader, view, WORDS("Reader right, below or hidden"), nullptr, "sidebar.right", {{{"V"}}}},
     {DeskAction::TogglePictures, view, WORDS("Show pictures, fetched from their publishers"), WORDS("Hide pictures"), "photo", {{{"Shift+P"}}}},

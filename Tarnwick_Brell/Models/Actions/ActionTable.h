@@ -18,11 +18,13 @@ inline constexpr std::array kActionGroups{ActionGroup::thisStory, ActionGroup::t
 QString titleOf(ActionGroup group);
 
 /// When an action can be carried out, beside the window being in front.
-/// `page`: the page offers it; `live`: sources are fetched every minute.
+/// `page`: the page offers it; `clusters`: the list can show clusters; `live`: sources are fetched
+/// every minute.
 enum class ActionNeed {
     nothing,
     story,
     storyList,
+    clusters,
     arrivals,
     undoable,
     redoable,

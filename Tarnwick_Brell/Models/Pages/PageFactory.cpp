@@ -14,6 +14,7 @@
 #include "Tarnwick_Brell/Models/Pages/SoftwarePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SourcesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/StatusPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/TopStoriesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/UpdatesPageModel.h"
 
 namespace app {
@@ -45,6 +46,7 @@ const PageRow* rowOf(const Destination& place) {
         PageRow{"page:archive", pageOf<ArchivePageModel>},
         PageRow{"page:races", pageOf<RacesPageModel>},
         PageRow{"page:ledger", pageOf<LedgerPageModel>},
+        PageRow{"wire:top", pageOf<TopStoriesPageModel>},
     };
     const auto key = place.key().toStdString();
     for (const auto& row : kPages) {

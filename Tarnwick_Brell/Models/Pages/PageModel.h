@@ -32,11 +32,17 @@ public:
     virtual bool offers(Action) const { return false; }
     virtual void perform(Action) {}
 
+    /// Its list shows clusters or stories, whichever the user wants at this place.
+    virtual bool hasClusters() const { return false; }
+    virtual void setClustered(bool) {}
+
 signals:
     /// A sentence for the user.
     void noticed(const QString& sentence);
     /// The page asks for a sheet; see SheetModel.
     void sheetWanted(const QString& key);
+    /// The user switches between clusters and stories.
+    void clustersWanted(bool wanted);
     /// The page leads elsewhere: a key of `Destination`.
     void placeWanted(const QString& key);
 

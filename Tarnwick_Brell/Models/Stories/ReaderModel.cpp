@@ -190,6 +190,7 @@ QString ReaderModel::sourcingReason() const {
                                                         : withoutLabel(sentence);
 }
 
+
 QString ReaderModel::kindLabel() const { return stored_ ? kindText(story().kind) : QString(); }
 
 QString ReaderModel::kindReason() const {
@@ -211,6 +212,7 @@ QString ReaderModel::link() const {
 }
 
 QString ReaderModel::shownLink() const { return stored_ ? app::shownLink(story()) : QString(); }
+
 
 bool ReaderModel::isRead() const { return stored_ && desk_.isRead(story().id); }
 bool ReaderModel::isSaved() const { return stored_ && desk_.isSaved(story().id); }

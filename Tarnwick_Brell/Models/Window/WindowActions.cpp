@@ -38,6 +38,8 @@ void WindowModel::connectActions() {
             qOverload<const QString&>(&WindowModel::open));
     connect(&editor_, &NewsroomEditor::sheetWanted, this, &WindowModel::showSheet);
     connect(&beatActions_, &BeatActions::sheetWanted, this, &WindowModel::showSheet);
+    connect(&beatActions_, &BeatActions::placeWanted, this,
+            qOverload<const QString&>(&WindowModel::open));
 }
 
 /// Which actions are available depends on what is shown.
@@ -49,6 +51,7 @@ void WindowModel::updateActions() {
     actions_.setProperty("storyIsSaved", selected_.reader()->isSaved());
     actions_.setProperty("storyIsRead", selected_.reader()->isRead());
     actions_.setProperty("isStoryList", isList);
+    actions_.setProperty("hasClusters", isList || (page_ && page_->hasClusters()));
     actions_.setProperty("showsClusters", state_.isClustered(place_.key()));
     actions_.setProperty("showsSetAside", storyList_.showsSetAside());
     actions_.setProperty("showsPictures", appearance_.showsPictures());
@@ -77,7 +80,11 @@ void WindowModel::step(int by) { clusters_.isShown() ? clusters_.step(by) : sele
 
 void WindowModel::setClustered(bool clustered) {
     state_.setClustered(place_.key(), clustered);
-    clusters_.setWanted(clustered);
+    if (page_) {
+        page_->setClustered(clustered);
+    } else {
+        clusters_.setWanted(clustered);
+    }
     updateActions();
 }
 
@@ -89,6 +96,8 @@ void WindowModel::goTo(const std::optional<Destination>& place) {
 void WindowModel::traceStory() {
     if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
     storyActions_.traceStory();
+}
+
 }
 
 void WindowModel::togglePictures() {
@@ -108,6 +117,9 @@ void WindowModel::execute(Action action) {
         case DeskAction::TraceStory: traceStory(); break;
         case DeskAction::FollowStory:
             showSheet(QStringLiteral("beat-from-story:") + selected_.reader()->storyID());
+            break;
+            break;
+            break;
             break;
         case DeskAction::PrintStory: emit printWanted(); break;
         case DeskAction::SaveStoryPDF: storyActions_.savePDF(); break;
@@ -163,6 +175,7 @@ void WindowModel::execute(Action action) {
         case DeskAction::GoToSources:
             open(Destination{Kind::page, QStringLiteral("sources")});
             break;
+            break;
         case DeskAction::SidebarItem1:
         case DeskAction::SidebarItem2:
         case DeskAction::SidebarItem3:
@@ -212,6 +225,7 @@ std::vector<PalettePlace> WindowModel::palettePlaces() const {
             case Kind::beat: kind = tr("Beat"); break;
             case Kind::source: kind = tr("Source"); break;
             case Kind::tracker: kind = tr("Tracker"); break;
+            case Kind::page: kind = tr("Archive"); break;
             default: kind = tr("Wire"); break;
         }
         places.push_back({place.key(), title, symbol, kind});

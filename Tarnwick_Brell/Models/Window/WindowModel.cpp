@@ -13,20 +13,7 @@ namespace app {
 
 using Kind = Destination::Kind;
 
-namespace {
-
-constexpr std::int64_t kOnlyPanelRows = 6;
-
-/// A newsroom of the desk's own with that panel alone, over the whole page.
-kit::NewsroomSpec onlyPanel(kit::PanelKind kind) {
-    kit::NewsroomSpec spec{.name = std::string(kindRow(kind).label)};
-    spec.panels.push_back({.kind = kind,
-                           .title = spec.name,
-                           .frame = {.width = kit::kGridColumns, .height = kOnlyPanelRows}});
-    return spec;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 WindowModel::WindowModel(const DeskStores& stores, int number)
     : stores_(stores),
@@ -158,6 +145,8 @@ void WindowModel::showPage() {
     connect(page_.get(), &PageModel::placeWanted, this,
             qOverload<const QString&>(&WindowModel::open));
     connect(page_.get(), &PageModel::sheetWanted, this, &WindowModel::showSheet);
+    connect(page_.get(), &PageModel::clustersWanted, this, &WindowModel::setClustered);
+    page_->setClustered(state_.isClustered(place_.key()));
     connect(page_.get(), &PageModel::noticed, this, &WindowModel::noticed);
     connect(page_.get(), &PageModel::changed, this, &WindowModel::updateActions);
 }
@@ -191,9 +180,7 @@ void WindowModel::useFile(const QString& path) {
 }
 
 void WindowModel::showNewsroom() {
-    if (place_.kind == Kind::topStories) {
-        newsroom_.show(onlyPanel(kit::PanelKind::topStories));
-    } else if (const auto* entry = stores_.newsrooms.newsrooms().find(place_.id.toStdString())) {
+    if (const auto* entry = stores_.newsrooms.newsrooms().find(place_.id.toStdString())) {
         if (entry->value) {
             newsroom_.show(*entry->value);
         } else {

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include "Tarnwick_Brell/Models/Sidebar/Destination.h"
 #include "Tarnwick_Brell/Models/Window/WindowGeometry.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
@@ -85,6 +86,8 @@ WindowState::State WindowState::read(const Defaults::Memory& memory) {
                     textOf(memory, "collapsedGroups").split(kBetweenKeys, Qt::SkipEmptyParts),
                 .clusteredPlaces =
                     textOf(memory, "clusteredPlaces").split(kBetweenKeys, Qt::SkipEmptyParts),
+                .unclusteredPlaces =
+                    textOf(memory, "unclusteredPlaces").split(kBetweenKeys, Qt::SkipEmptyParts),
                 .story = textOf(memory, "story"),
                 .topStory = textOf(memory, "topStory")};
     state.sidebarWidth =
@@ -102,6 +105,7 @@ Defaults::Memory WindowState::written(const State& state) {
         {"place", state.place.toStdString()},
         {"collapsedGroups", state.collapsedGroups.join(kBetweenKeys).toStdString()},
         {"clusteredPlaces", state.clusteredPlaces.join(kBetweenKeys).toStdString()},
+        {"unclusteredPlaces", state.unclusteredPlaces.join(kBetweenKeys).toStdString()},
         {"story", state.story.toStdString()},
         {"topStory", state.topStory.toStdString()}};
     if (state.frame) {
@@ -213,10 +217,17 @@ void WindowState::setCollapsed(const QString& group, bool collapsed) {
     setState(state);
 }
 
+bool WindowState::isClustered(const QString& place) const {
+    if (now_.clusteredPlaces.contains(place)) return true;
+    return place == Destination{Destination::Kind::topStories, {}}.key() &&
+           !now_.unclusteredPlaces.contains(place);
+}
+
 void WindowState::setClustered(const QString& place, bool clustered) {
     auto state = now_;
     state.clusteredPlaces.removeAll(place);
-    if (clustered) state.clusteredPlaces << place;
+    state.unclusteredPlaces.removeAll(place);
+    (clustered ? state.clusteredPlaces : state.unclusteredPlaces) << place;
     setState(state);
 }
 

@@ -71,7 +71,7 @@ public:
     const QStringList& collapsedGroups() const { return now_.collapsedGroups; }
     Q_INVOKABLE void setCollapsed(const QString& group, bool collapsed);
     /// Whether the list of this place shows clusters in place of stories.
-    bool isClustered(const QString& place) const { return now_.clusteredPlaces.contains(place); }
+    bool isClustered(const QString& place) const;
     void setClustered(const QString& place, bool clustered);
 
     /// At once, as when the window closes; a timer does it otherwise.
@@ -91,6 +91,7 @@ private:
         QString place{};
         QStringList collapsedGroups{};
         QStringList clusteredPlaces{};
+        QStringList unclusteredPlaces{};  ///< that show stories because the user wants them
         QString story{};
         QString topStory{};
 
