@@ -242,6 +242,19 @@ QtObject {
     readonly property int firstsRow: scaled(24)
     readonly property int firstsName: scaled(92)
 
+    // The timeline of a subject
+    readonly property int timelineLaneName: scaled(100)
+    readonly property int timelineEnd: scaled(40)
+    readonly property int timelineLine: scaled(24)
+    readonly property int timelineStages: scaled(112)
+    readonly property int timelineBars: scaled(24)
+    readonly property int timelineStep: scaled(56)
+    readonly property int timelineDate: scaled(68)
+    readonly property int timelineBadge: scaled(104)
+    readonly property int timelineClaimant: scaled(112)
+    readonly property int timelineOutcome: scaled(168)
+    readonly property int timelineListLeast: scaled(480)
+    readonly property int timelineSubjectMost: scaled(260)
 
     // Columns of the update catalogue
     readonly property int offerPlatformColumn: scaled(100)

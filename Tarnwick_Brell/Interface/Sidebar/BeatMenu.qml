@@ -20,6 +20,11 @@ DeskMenu {
         onTriggered: menu.beats.edit(menu.key)
     }
     DeskMenuItem {
+        text: qsTr("Show the timeline")
+        symbol: "chart.bar.xaxis"
+        onTriggered: menu.beats.showTimeline(menu.key)
+    }
+    DeskMenuItem {
         text: qsTr("Move up")
         key: qsTr("Alt ↑")
         symbol: "arrow.up"

@@ -26,6 +26,7 @@ constexpr ActionEntry kActions[]{
     {DeskAction::CopyCitation, thisStory, WORDS("Copy a citation of the story"), nullptr, "quote.opening", {{{"Y"}}}, ActionNeed::story},
     {DeskAction::TraceStory, thisStory, WORDS("Trace where the story started"), nullptr, "arrow.triangle.branch", {{{"T"}}}, ActionNeed::story},
     {DeskAction::FollowStory, thisStory, WORDS("Follow this"), nullptr, "number", {{{"B"}}}, ActionNeed::story},
+    {DeskAction::ShowTimeline, thisStory, WORDS("Show the timeline"), nullptr, "chart.bar.xaxis", {{{"Shift+T"}}}, ActionNeed::story},
     {DeskAction::PrintStory, thisStory, WORDS("Print story"), nullptr, "printer", {{{"Ctrl+P"}}}, ActionNeed::story},
     {DeskAction::SaveStoryPDF, thisStory, WORDS("Save story as PDF"), nullptr, "square.and.arrow.down", {{{"Ctrl+Shift+P"}}}, ActionNeed::story},
 
@@ -48,6 +49,8 @@ constexpr ActionEntry kActions[]{
     {DeskAction::ToggleOnlyApple, thisPage, WORDS("Keep only stories about Apple of the selected source, or all"), nullptr, "line.3.horizontal.decrease", {{{"Alt+A"}}}, ActionNeed::page},
     {DeskAction::ToggleNotInAll, thisPage, WORDS("Leave the selected source out of the list of all stories, or not"), nullptr, "eye.slash", {{{"Alt+X"}}}, ActionNeed::page},
     {DeskAction::SetSourceInterval, thisPage, WORDS("Choose how often the selected source is fetched"), nullptr, "clock", {{{"Alt+I"}}}, ActionNeed::page},
+    {DeskAction::ExportMarkdown, thisPage, WORDS("Export this page as Markdown"), nullptr, "square.and.arrow.up", {{{"Shift+E"}}}, ActionNeed::page},
+    {DeskAction::ExportJSON, thisPage, WORDS("Export this page as JSON"), nullptr, "square.and.arrow.up", {{{"Shift+J"}}}, ActionNeed::page},
 
     {DeskAction::NextStory, goTo, WORDS("Next story"), nullptr, "arrow.down", {{{"J"}, {"Down", true}}}},
     {DeskAction::PreviousStory, goTo, WORDS("Previous story"), nullptr, "arrow.up", {{{"K"}, {"Up", true}}}},

@@ -18,6 +18,7 @@ enum Value {
     CopyCitation,
     TraceStory,
     FollowStory,
+    ShowTimeline,
     PrintStory,
     SaveStoryPDF,
     // Go to
@@ -61,6 +62,8 @@ enum Value {
     ToggleOnlyApple,
     ToggleNotInAll,
     SetSourceInterval,
+    ExportMarkdown,
+    ExportJSON,
     // Do
     NewNewsroom,
     AddSource,

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "Tarnwick_Brell/Models/Beats/BeatChanges.h"
+#include "Tarnwick_Brell/Models/Pages/TimelineSubject.h"
 #include "Tarnwick_Brell/Models/Sidebar/Destination.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
@@ -27,6 +28,11 @@ void BeatActions::edit(const QString& key) {
     const auto* entry = stores_.newsrooms.beats().find(beatIDOf(key));
     if (entry && entry->isReadable())
         emit sheetWanted(QStringLiteral("beat:") + QString::fromStdString(entry->id));
+}
+
+void BeatActions::showTimeline(const QString& key) {
+    const auto id = beatIDOf(key);
+    if (!id.empty()) emit placeWanted(TimelineSubject::ofBeat(id).place().key());
 }
 
 void BeatActions::moveBy(const QString& key, int steps) {

@@ -20,6 +20,8 @@ public:
 
     /// Asks for its sheet.
     Q_INVOKABLE void edit(const QString& key);
+    /// Leads to the timeline of its stories.
+    Q_INVOKABLE void showTimeline(const QString& key);
     /// Moves it up or down in the user's order.
     Q_INVOKABLE void moveBy(const QString& key, int steps);
     /// Moves it to the place of another one.
@@ -28,6 +30,7 @@ public:
 
 signals:
     void sheetWanted(const QString& key);
+    void placeWanted(const QString& key);
 
 private:
     DeskStores stores_;

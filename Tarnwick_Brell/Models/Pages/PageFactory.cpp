@@ -14,6 +14,7 @@
 #include "Tarnwick_Brell/Models/Pages/SoftwarePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SourcesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/StatusPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/TimelinePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/TopStoriesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/UpdatesPageModel.h"
 
@@ -57,9 +58,17 @@ const PageRow* rowOf(const Destination& place) {
 
 }  // namespace
 
-bool isPage(const Destination& place) { return rowOf(place) != nullptr; }
+bool isPage(const Destination& place) {
+    return rowOf(place) != nullptr || TimelineSubject::isPlace(place);
+}
+
+QString sidebarKey(const Destination& place) {
+    return (TimelineSubject::isPlace(place) ? TimelineSubject().place() : place).key();
+}
 
 std::unique_ptr<PageModel> makePage(const DeskStores& stores, const Destination& place) {
+    if (TimelineSubject::isPlace(place))
+        return std::make_unique<TimelinePageModel>(stores, TimelineSubject::of(place));
     const auto* row = rowOf(place);
     return row ? row->make(stores) : nullptr;
 }

@@ -50,6 +50,8 @@ void addArchive(std::vector<SidebarRow>& rows) {
     rows.push_back(section(SidebarModel::tr("Archive")));
     rows.push_back(itemRow({Kind::page, QStringLiteral("archive")},
                            SidebarModel::tr("Stories by period"), QStringLiteral("clock")));
+    rows.push_back(itemRow({Kind::page, QStringLiteral("timeline")}, SidebarModel::tr("Timelines"),
+                           QStringLiteral("chart.bar.xaxis")));
     rows.push_back(itemRow({Kind::page, QStringLiteral("races")}, SidebarModel::tr("Races"),
                            QStringLiteral("flag.pattern.checkered")));
     rows.push_back(itemRow({Kind::page, QStringLiteral("ledger")}, SidebarModel::tr("Rumor ledger"),

@@ -1,6 +1,7 @@
 // The effects of the window's actions.
 #include <QCoreApplication>
 
+#include "Tarnwick_Brell/Models/Pages/TimelineSubject.h"
 #include "Tarnwick_Brell/Models/Settings/SettingChange.h"
 #include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
@@ -118,6 +119,8 @@ void WindowModel::execute(Action action) {
         case DeskAction::FollowStory:
             showSheet(QStringLiteral("beat-from-story:") + selected_.reader()->storyID());
             break;
+        case DeskAction::ShowTimeline:
+            open(TimelineSubject::ofNews(selected_.reader()->storyID().toStdString()).place());
             break;
             break;
             break;

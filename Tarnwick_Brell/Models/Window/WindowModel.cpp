@@ -127,7 +127,7 @@ void WindowModel::open(const Destination& place) {
     }
     clusters_.setWanted(place.isStoryList() && state_.isClustered(place.key()));
     updateEditor();
-    sidebar_.setCurrent(place_.key());
+    sidebar_.setCurrent(sidebarKey(place_));
     state_.setPlace(place_.key());
     emit placeChanged();
     updateActions();
