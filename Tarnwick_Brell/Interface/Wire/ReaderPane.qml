@@ -36,6 +36,12 @@ FocusScope {
         revealedAt = body.contentY;
     }
 
+    /// The same for the list of who else ran it.
+    function revealCoverage() {
+        if (!coverage.visible)
+            return;
+        const top = content.y + coverage.y;
+        body.contentY = Math.max(body.contentY, Math.min(top, top + coverage.height + Theme.readerPadding - body.height));
     }
 
     property real revealedAt: -1
@@ -93,6 +99,11 @@ FocusScope {
                 key: pane.actions.keyText(DeskAction.CopyCitation)
                 onClicked: pane.storyActions.copyCitation()
             }
+            IconButton {
+                symbol: "newspaper"
+                text: qsTr("Find who else ran it")
+                key: pane.actions.keyText(DeskAction.FindCoverage)
+                onClicked: pane.actions.trigger(DeskAction.FindCoverage)
             }
             IconButton {
                 symbol: "arrow.triangle.branch"
@@ -262,8 +273,17 @@ FocusScope {
                 credits: pane.reader.credits
                 onLinkWanted: link => pane.linkWanted(link)
             }
+            ReaderCoverage {
+                id: coverage
+
+                width: parent.width
+                coverage: pane.reader.coverage
+                onStoryWanted: storyID => pane.storyWanted(storyID)
+                onLinkWanted: link => pane.linkWanted(link)
+            }
             ReaderTimeline {
                 width: parent.width
+                visible: reader.timelineTitle !== "" && !coverage.visible
                 reader: pane.reader
                 onStoryWanted: storyID => pane.storyWanted(storyID)
             }
@@ -284,6 +304,18 @@ FocusScope {
         interval: Theme.nextTurn
         onTriggered: pane.revealTrace()
     }
+    Timer {
+        id: revealCovered
+
+        interval: Theme.nextTurn
+        onTriggered: pane.revealCoverage()
+    }
+    Connections {
+        target: pane.reader.coverage
+
+        function onStateChanged() {
+            revealCovered.start();
+        }
     }
     Connections {
         target: pane.reader.trace

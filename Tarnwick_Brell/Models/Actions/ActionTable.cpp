@@ -27,6 +27,7 @@ constexpr ActionEntry kActions[]{
     {DeskAction::TraceStory, thisStory, WORDS("Trace where the story started"), nullptr, "arrow.triangle.branch", {{{"T"}}}, ActionNeed::story},
     {DeskAction::FollowStory, thisStory, WORDS("Follow this"), nullptr, "number", {{{"B"}}}, ActionNeed::story},
     {DeskAction::ShowTimeline, thisStory, WORDS("Show the timeline"), nullptr, "chart.bar.xaxis", {{{"Shift+T"}}}, ActionNeed::story},
+    {DeskAction::FindCoverage, thisStory, WORDS("Find who else ran it"), nullptr, "newspaper", {{{"F"}}}, ActionNeed::story},
     {DeskAction::PrintStory, thisStory, WORDS("Print story"), nullptr, "printer", {{{"Ctrl+P"}}}, ActionNeed::story},
     {DeskAction::SaveStoryPDF, thisStory, WORDS("Save story as PDF"), nullptr, "square.and.arrow.down", {{{"Ctrl+Shift+P"}}}, ActionNeed::story},
 

@@ -19,6 +19,7 @@ enum Value {
     TraceStory,
     FollowStory,
     ShowTimeline,
+    FindCoverage,
     PrintStory,
     SaveStoryPDF,
     // Go to

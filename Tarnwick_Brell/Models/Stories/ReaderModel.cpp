@@ -42,6 +42,7 @@ ReaderModel::ReaderModel(NewsDesk& desk, const Defaults& defaults, kit::Clock cl
       desk_(desk),
       clock_(std::move(clock)),
       trace_(desk, defaults, clock_),
+      coverage_(desk, defaults, clock_),
       queue_(std::make_shared<MainThreadQueue>()) {
     connect(&desk, &NewsDesk::wireChanged, this, &ReaderModel::follow);
     connect(&desk, &NewsDesk::marksChanged, this, &ReaderModel::marksChanged);
@@ -61,6 +62,7 @@ void ReaderModel::show(std::optional<std::int64_t> number) {
     if (number == this->number()) return;
     const auto place = number ? desk_.stories().placeOf(*number) : std::nullopt;
     trace_.clear();
+    coverage_.clear();
     stored_.reset();
     if (place) stored_ = desk_.stories()[*place].unpacked();
     readStory();
@@ -213,6 +215,13 @@ QString ReaderModel::link() const {
 
 QString ReaderModel::shownLink() const { return stored_ ? app::shownLink(story()) : QString(); }
 
+void ReaderModel::findCoverage() {
+    if (!stored_) return;
+    std::vector<kit::Story> stories;
+    for (auto& member : membersOfCluster()) stories.push_back(std::move(member.story));
+    if (stories.empty()) stories.push_back(story());
+    coverage_.ask(story().id, std::move(stories));
+}
 
 bool ReaderModel::isRead() const { return stored_ && desk_.isRead(story().id); }
 bool ReaderModel::isSaved() const { return stored_ && desk_.isSaved(story().id); }

@@ -13,6 +13,7 @@
 #include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
+#include "Tarnwick_Brell/Models/Stories/CoverageModel.h"
 #include "Tarnwick_Brell/Models/Stories/StoryDetails.h"
 #include "Tarnwick_Brell/Models/Stories/StoryDocument.h"
 #include "Tarnwick_Brell/Models/Stories/StoryLabels.h"
@@ -48,6 +49,7 @@ class ReaderModel : public QObject {
     Q_PROPERTY(QString timelineTitle READ timelineTitle NOTIFY timelineChanged)
     Q_PROPERTY(QString timelineFact READ timelineFact NOTIFY timelineChanged)
     Q_PROPERTY(app::TraceModel* trace READ trace CONSTANT)
+    Q_PROPERTY(app::CoverageModel* coverage READ coverage CONSTANT)
 
 public:
     ReaderModel(NewsDesk& desk, const Defaults& defaults, kit::Clock clock,
@@ -85,6 +87,9 @@ public:
     const QString& timelineFact() const { return timelineFact_; }
     /// Of the story in the reader; another story begins without one.
     TraceModel* trace() { return &trace_; }
+    /// Of the story in the reader, from when the user asks for it.
+    CoverageModel* coverage() { return &coverage_; }
+    void findCoverage();
 
     /// “Headline”, Outlet, 16 May 2026, https://…
     QString citation() const;
@@ -117,6 +122,7 @@ private:
     QString timelineTitle_;
     QString timelineFact_;
     TraceModel trace_;
+    CoverageModel coverage_;
     std::shared_ptr<MainThreadQueue> queue_;
 };
 

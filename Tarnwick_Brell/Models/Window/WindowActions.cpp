@@ -122,6 +122,9 @@ void WindowModel::execute(Action action) {
         case DeskAction::ShowTimeline:
             open(TimelineSubject::ofNews(selected_.reader()->storyID().toStdString()).place());
             break;
+        case DeskAction::FindCoverage:
+            if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
+            selected_.reader()->findCoverage();
             break;
             break;
         case DeskAction::PrintStory: emit printWanted(); break;
