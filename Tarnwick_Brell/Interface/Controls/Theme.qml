@@ -255,6 +255,7 @@ QtObject {
     readonly property int timelineOutcome: scaled(168)
     readonly property int timelineListLeast: scaled(480)
     readonly property int timelineSubjectMost: scaled(260)
+    readonly property int correctionMatches: scaled(172)
 
     // Columns of the update catalogue
     readonly property int offerPlatformColumn: scaled(100)

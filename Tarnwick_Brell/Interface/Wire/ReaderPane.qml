@@ -215,7 +215,9 @@ FocusScope {
             ReaderReason {
                 width: parent.width
                 visible: pane.reader.sourcingReason !== ""
-                reason: pane.reader.sourcingReason
+                reason: pane.reader.correctedText || pane.reader.sourcingReason
+                action: qsTr("Correct…")
+                onActed: pane.actions.trigger(DeskAction.CorrectStory)
 
                 SourcingBadge {
                     sourcing: pane.reader.sourcing

@@ -28,6 +28,8 @@ constexpr ActionEntry kActions[]{
     {DeskAction::FollowStory, thisStory, WORDS("Follow this"), nullptr, "number", {{{"B"}}}, ActionNeed::story},
     {DeskAction::ShowTimeline, thisStory, WORDS("Show the timeline"), nullptr, "chart.bar.xaxis", {{{"Shift+T"}}}, ActionNeed::story},
     {DeskAction::FindCoverage, thisStory, WORDS("Find who else ran it"), nullptr, "newspaper", {{{"F"}}}, ActionNeed::story},
+    {DeskAction::CorrectStory, thisStory, WORDS("Correct what the desk made of it"), nullptr, "checkmark.seal", {{{"Shift+K"}}}, ActionNeed::story},
+    {DeskAction::SplitStory, thisStory, WORDS("Not the same news as the others"), nullptr, "scissors", {{{"Shift+N"}}}, ActionNeed::story},
     {DeskAction::PrintStory, thisStory, WORDS("Print story"), nullptr, "printer", {{{"Ctrl+P"}}}, ActionNeed::story},
     {DeskAction::SaveStoryPDF, thisStory, WORDS("Save story as PDF"), nullptr, "square.and.arrow.down", {{{"Ctrl+Shift+P"}}}, ActionNeed::story},
 
@@ -52,6 +54,7 @@ constexpr ActionEntry kActions[]{
     {DeskAction::SetSourceInterval, thisPage, WORDS("Choose how often the selected source is fetched"), nullptr, "clock", {{{"Alt+I"}}}, ActionNeed::page},
     {DeskAction::ExportMarkdown, thisPage, WORDS("Export this page as Markdown"), nullptr, "square.and.arrow.up", {{{"Shift+E"}}}, ActionNeed::page},
     {DeskAction::ExportJSON, thisPage, WORDS("Export this page as JSON"), nullptr, "square.and.arrow.up", {{{"Shift+J"}}}, ActionNeed::page},
+    {DeskAction::RemoveCorrection, thisPage, WORDS("Take the selected correction back"), nullptr, "arrow.uturn.backward", {{{"Backspace", true}}}, ActionNeed::page},
 
     {DeskAction::NextStory, goTo, WORDS("Next story"), nullptr, "arrow.down", {{{"J"}, {"Down", true}}}},
     {DeskAction::PreviousStory, goTo, WORDS("Previous story"), nullptr, "arrow.up", {{{"K"}, {"Up", true}}}},
@@ -64,6 +67,7 @@ constexpr ActionEntry kActions[]{
     {DeskAction::GoToSaved, goTo, WORDS("Saved stories"), nullptr, "bookmark", {{{"G, S"}}}, ActionNeed::nothing, false},
     {DeskAction::GoToTopStories, goTo, WORDS("Top stories"), nullptr, "flame", {{{"G, O"}}}, ActionNeed::nothing, false},
     {DeskAction::GoToSources, goTo, WORDS("Sources"), nullptr, "dot.radiowaves.left.and.right", {{{"G, F"}}}},
+    {DeskAction::GoToCorrections, goTo, WORDS("Corrections"), nullptr, "checkmark.seal", {{{"G, C"}}}, ActionNeed::nothing, false},
     goToSidebarItem(DeskAction::SidebarItem1, WORDS("Sidebar item 1"), "Ctrl+1"),
     goToSidebarItem(DeskAction::SidebarItem2, WORDS("Sidebar item 2"), "Ctrl+2"),
     goToSidebarItem(DeskAction::SidebarItem3, WORDS("Sidebar item 3"), "Ctrl+3"),

@@ -20,6 +20,8 @@ enum Value {
     FollowStory,
     ShowTimeline,
     FindCoverage,
+    CorrectStory,
+    SplitStory,
     PrintStory,
     SaveStoryPDF,
     // Go to
@@ -34,6 +36,7 @@ enum Value {
     GoToSaved,
     GoToTopStories,
     GoToSources,
+    GoToCorrections,
     SidebarItem1,
     SidebarItem2,
     SidebarItem3,
@@ -65,6 +68,7 @@ enum Value {
     SetSourceInterval,
     ExportMarkdown,
     ExportJSON,
+    RemoveCorrection,
     // Do
     NewNewsroom,
     AddSource,

@@ -5,6 +5,7 @@
 
 #include "Tarnwick_Brell/Models/Pages/ArchivePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/ChartsPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/CorrectionsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/EventsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/LedgerPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
@@ -48,6 +49,7 @@ const PageRow* rowOf(const Destination& place) {
         PageRow{"page:races", pageOf<RacesPageModel>},
         PageRow{"page:ledger", pageOf<LedgerPageModel>},
         PageRow{"wire:top", pageOf<TopStoriesPageModel>},
+        PageRow{"page:corrections", pageOf<CorrectionsPageModel>},
     };
     const auto key = place.key().toStdString();
     for (const auto& row : kPages) {

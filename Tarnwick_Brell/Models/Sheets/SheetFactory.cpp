@@ -6,6 +6,7 @@
 #include "Tarnwick_Brell/Models/Sheets/AddSourceSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/BeatSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/CloseToTraySheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/CorrectionSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/ExportOutlinesSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/ImportOutlinesSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
@@ -47,6 +48,7 @@ std::unique_ptr<SheetModel> makeSheet(const DeskStores& stores, const QString& k
         SheetRow{"panel", &sheetOf<PanelOptionsSheetModel>},
         SheetRow{"beat", &BeatSheetModel::make},
         SheetRow{"beat-from-story", &BeatSheetModel::makeFromStory},
+        SheetRow{"correct", &sheetOf<CorrectionSheetModel>},
         SheetRow{"settings", &SettingsSheetModel::make},
     };
     const auto name = key.section(u':', 0, 0).toStdString();

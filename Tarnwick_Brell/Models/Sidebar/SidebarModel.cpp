@@ -56,6 +56,8 @@ void addArchive(std::vector<SidebarRow>& rows) {
                            QStringLiteral("flag.pattern.checkered")));
     rows.push_back(itemRow({Kind::page, QStringLiteral("ledger")}, SidebarModel::tr("Rumor ledger"),
                            QStringLiteral("checklist")));
+    rows.push_back(itemRow({Kind::page, QStringLiteral("corrections")},
+                           SidebarModel::tr("Corrections"), QStringLiteral("checkmark.seal")));
 }
 
 QString markName(SourceMark::Value mark) {

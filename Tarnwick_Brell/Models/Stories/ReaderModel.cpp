@@ -8,6 +8,7 @@
 #include "NewsroomKit/Editorial/LabelReasons.h"
 #include "NewsroomKit/Panels/StoryTimeline.h"
 #include "Tarnwick_Brell/Desk/Corrections.h"
+#include "Tarnwick_Brell/Models/Stories/CorrectedLabel.h"
 #include "Tarnwick_Brell/Models/Stories/StoryCitation.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Pictures/PictureID.h"
@@ -192,6 +193,10 @@ QString ReaderModel::sourcingReason() const {
                                                         : withoutLabel(sentence);
 }
 
+QString ReaderModel::correctedText() const {
+    const auto* label = stored_ ? desk_.corrections().overlay()->labelOf(story().id) : nullptr;
+    return label ? correctedLabelText(story(), *label) : QString();
+}
 
 QString ReaderModel::kindLabel() const { return stored_ ? kindText(story().kind) : QString(); }
 

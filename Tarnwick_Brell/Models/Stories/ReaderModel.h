@@ -36,6 +36,7 @@ class ReaderModel : public QObject {
     Q_PROPERTY(app::StorySourcing::Value sourcing READ sourcing NOTIFY storyChanged)
     Q_PROPERTY(QString sourcingLabel READ sourcingLabel NOTIFY storyChanged)
     Q_PROPERTY(QString sourcingReason READ sourcingReason NOTIFY storyChanged)
+    Q_PROPERTY(QString correctedText READ correctedText NOTIFY storyChanged)
     Q_PROPERTY(QString kindLabel READ kindLabel NOTIFY storyChanged)
     Q_PROPERTY(QString kindReason READ kindReason NOTIFY storyChanged)
     Q_PROPERTY(QString text READ text NOTIFY storyChanged)
@@ -70,6 +71,8 @@ public:
     StorySourcing::Value sourcing() const;
     QString sourcingLabel() const;
     QString sourcingReason() const;
+    /// "Report → Confirmed, corrected by you"; empty when the labels are those of the rules.
+    QString correctedText() const;
     QString kindLabel() const;
     QString kindReason() const;
     QString text() const;

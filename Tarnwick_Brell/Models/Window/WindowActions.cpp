@@ -3,6 +3,7 @@
 
 #include "Tarnwick_Brell/Models/Pages/TimelineSubject.h"
 #include "Tarnwick_Brell/Models/Settings/SettingChange.h"
+#include "Tarnwick_Brell/Models/Stories/CorrectionSteps.h"
 #include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Storage/Settings/SettingKey.h"
@@ -99,6 +100,9 @@ void WindowModel::traceStory() {
     storyActions_.traceStory();
 }
 
+void WindowModel::splitStory() {
+    const auto problem = splitOff(stores_, selected_.reader()->storyID().toStdString());
+    if (!problem.isEmpty()) emit noticed(problem);
 }
 
 void WindowModel::togglePictures() {
@@ -126,7 +130,10 @@ void WindowModel::execute(Action action) {
             if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
             selected_.reader()->findCoverage();
             break;
+        case DeskAction::CorrectStory:
+            showSheet(QStringLiteral("correct:") + selected_.reader()->storyID());
             break;
+        case DeskAction::SplitStory: splitStory(); break;
         case DeskAction::PrintStory: emit printWanted(); break;
         case DeskAction::SaveStoryPDF: storyActions_.savePDF(); break;
         case DeskAction::NextStory:
@@ -168,6 +175,9 @@ void WindowModel::execute(Action action) {
         case DeskAction::ToggleOnlyApple:
         case DeskAction::ToggleNotInAll:
         case DeskAction::SetSourceInterval:
+        case DeskAction::ExportMarkdown:
+        case DeskAction::ExportJSON:
+        case DeskAction::RemoveCorrection:
             if (page_) page_->perform(action);
             break;
         case DeskAction::EndLive: refresh_.endLive(); break;
@@ -181,6 +191,8 @@ void WindowModel::execute(Action action) {
         case DeskAction::GoToSources:
             open(Destination{Kind::page, QStringLiteral("sources")});
             break;
+        case DeskAction::GoToCorrections:
+            open(Destination{Kind::page, QStringLiteral("corrections")});
             break;
         case DeskAction::SidebarItem1:
         case DeskAction::SidebarItem2:

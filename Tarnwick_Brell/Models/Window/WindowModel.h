@@ -147,6 +147,7 @@ private:
     void execute(Action action);
     void goTo(const std::optional<Destination>& place);
     void traceStory();
+    void splitStory();
     void togglePictures();
     void undoLast();
     void step(int by);
