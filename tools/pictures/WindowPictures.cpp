@@ -2,18 +2,16 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <functional>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <QDir>
-#include <QEventLoop>
 #include <QFile>
 #include <QFont>
 #include <QGuiApplication>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <fmt/format.h>
 
 #include "Tarnwick_Brell/Arguments/Arguments.h"
@@ -35,43 +33,16 @@
 #include "Tarnwick_Brell/Window/DeskWindow.h"
 #include "Tarnwick_Brell/Window/Translations.h"
 #include "tools/pictures/PastMonths.h"
+#include "tools/pictures/PictureView.h"
+#include "tools/pictures/SubjectViews.h"
 
 namespace {
 
 using namespace app;
+using namespace pictures;
 using namespace std::chrono_literals;
 
 constexpr std::array kSizes{QSize(960, 600), QSize(1360, 860), QSize(1920, 1080)};
-
-struct View {
-    const char* name;
-    std::function<void(WindowModel&)> open;
-};
-
-void runFor(std::chrono::milliseconds time) {
-    QEventLoop loop;
-    QTimer::singleShot(time, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-void waitUntil(const char* what, const std::function<bool()>& holds) {
-    const auto end = std::chrono::steady_clock::now() + 60s;
-    while (!holds()) {
-        if (std::chrono::steady_clock::now() > end)
-            throw std::runtime_error(std::string("waited in vain: ") + what);
-        runFor(20ms);
-    }
-}
-
-/// Selects a story of several outlets, which shows the most.
-void chooseStory(WindowModel& model, NewsDesk& news) {
-    for (const auto& cluster : *news.clusters()) {
-        if (cluster.storyIDs.size() < 3) continue;
-        model.openStory(QString::fromStdString(cluster.storyIDs[1]));
-        return;
-    }
-    model.selectedStory()->step(1);
-}
 
 /// Selects a story that credits another one, because it has a trace.
 void chooseCredited(WindowModel& model, NewsDesk& news) {
@@ -118,7 +89,7 @@ void chooseStoryWithPicture(WindowModel& model, NewsDesk& news) {
 }
 
 std::vector<View> viewsOf(NewsDesk& news) {
-    return {
+    std::vector<View> views{
         {"today", [](WindowModel& model) { model.open(QStringLiteral("")); }},
         {"wire",
          [&news](WindowModel& model) {
@@ -170,7 +141,6 @@ std::vector<View> viewsOf(NewsDesk& news) {
         {"search", [](WindowModel& model) { model.searchFor(QStringLiteral("iphone")); }},
         {"empty", [](WindowModel& model) { model.open(QStringLiteral("wire:saved")); }},
         {"failing", [](WindowModel& model) { model.open(QStringLiteral("source:webkit")); }},
-        {"top-stories", [](WindowModel& model) { model.open(QStringLiteral("wire:top")); }},
         {"sources", [](WindowModel& model) { model.open(QStringLiteral("page:sources")); }},
         {"sources-open",
          [](WindowModel& model) {
@@ -317,6 +287,8 @@ std::vector<View> viewsOf(NewsDesk& news) {
         {"settings-about", [](WindowModel& model) { showSettings(model, 7); }},
         {"keys", [](WindowModel& model) { model.actions()->trigger(DeskAction::ShowKeys); }},
     };
+    std::ranges::move(subjectViews(news), std::back_inserter(views));
+    return views;
 }
 
 void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString& folder,

@@ -1,0 +1,70 @@
+#include "tools/pictures/SubjectViews.h"
+
+#include "Tarnwick_Brell/Desk/Corrections.h"
+
+namespace pictures {
+
+using namespace app;
+using namespace std::chrono_literals;
+
+std::vector<View> subjectViews(NewsDesk& news) {
+    return {
+        {"top-stories",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("wire:top"));
+             waitUntil("the top stories",
+                       [&] { return model.page()->state() != PanelModel::Loading; });
+         }},
+        {"top-stories-list",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("wire:top"));
+             model.setClustered(false);
+             waitUntil("the top stories",
+                       [&] { return model.page()->state() != PanelModel::Loading; });
+             runFor(200ms);
+             model.setClustered(true);
+         }},
+        {"timeline",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("page:timeline/words/iOS, MacBook, App Store"));
+             waitUntil("the timeline",
+                       [&] { return model.page()->state() != PanelModel::Loading; });
+         }},
+        {"timeline-news",
+         [&news](WindowModel& model) {
+             model.open(QStringLiteral("wire:all"));
+             chooseStory(model, news);
+             model.actions()->trigger(DeskAction::ShowTimeline);
+         }},
+        {"timeline-empty", [](WindowModel& model) { model.open(QStringLiteral("page:timeline")); }},
+        {"correct",
+         [&news](WindowModel& model) {
+             model.open(QStringLiteral("wire:all"));
+             chooseStory(model, news);
+             model.actions()->trigger(DeskAction::CorrectStory);
+         }},
+        {"corrections",
+         [&news](WindowModel& model) {
+             if (news.corrections().all().empty()) {
+                 model.open(QStringLiteral("wire:all"));
+                 chooseStory(model, news);
+                 const auto id = model.selectedStory()->reader()->storyID().toStdString();
+                 news.corrections().add({.kind = kit::Correction::Kind::label,
+                                         .stories = {id},
+                                         .instead = {{.sourcing = kit::Sourcing::confirmed}}});
+                 waitUntil("the correction", [&] { return !news.corrections().all().empty(); });
+             }
+             model.open(QStringLiteral("page:corrections"));
+         }},
+        {"coverage",
+         [&news](WindowModel& model) {
+             model.open(QStringLiteral("wire:all"));
+             chooseStory(model, news);
+             model.actions()->trigger(DeskAction::FindCoverage);
+             const auto* coverage = model.selectedStory()->reader()->coverage();
+             waitUntil("the archive", [&] { return coverage->state() != CoverageModel::Running; });
+         }},
+    };
+}
+
+}  // namespace pictures
