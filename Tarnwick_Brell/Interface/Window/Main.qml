@@ -268,6 +268,13 @@ Window {
 
         actions: window.desk.actions
     }
+    // A sheet that ends its own work takes the focus with it.
+    Timer {
+        id: focusing
+
+        interval: Theme.nextTurn
+        onTriggered: window.keepFocus()
+    }
     SheetHost {
         desk: window.desk
     }
@@ -308,7 +315,7 @@ Window {
         }
         function onSheetChanged() {
             if (!window.desk.sheet)
-                Qt.callLater(window.keepFocus);
+                focusing.restart();
         }
         function onViewActionWanted(action: int) {
             switch (action) {
