@@ -39,6 +39,10 @@ AnalysedNews::AnalysedNews(Session& session, const kit::StoryQuery& query, kit::
         return all_.size() < kMostStories;
     };
     session.storeForReading().stories().eachInWireOrder(since, add);
+    // The weights of words and the user's word are the same as for panels.
+    clusterer.rememberBefore(std::chrono::floor<std::chrono::days>(now_) -
+                             kit::WordMemory::kLeftOut);
+    clusterer.setOverrides({.joined = corrections_->joined(), .apart = corrections_->apart()});
     clusters_ = clusterer.clusters();
 }
 

@@ -134,6 +134,21 @@ class SampleWorldTests(unittest.TestCase):
         self.assertEqual(self.desk.json("story", story)["sourcing"], "confirmed")
         self.desk.run("correct", "undo", label["id"])
         self.desk.run("correct", "undo", label["id"], status=2)
+
+    def test_stories_are_split_off_and_joined(self):
+        before = next(s for s in self.desk.json("top") if "Production Run" in s["story"]["title"])
+        leaving = before["outlets"][-1]["id"]
+        split = self.desk.json("correct", "not-same", leaving)
+        outlets = lambda: [o["id"] for s in self.desk.json("top") for o in s["outlets"]]
+        self.assertNotIn(leaving, outlets())
+        joined = self.desk.json("correct", "same", before["story"]["id"], leaving)
+        self.assertIn(leaving, outlets())
+        self.assertIn("overruled", self.desk.run("correct").stdout)
+        for correction in (split, joined):
+            self.desk.run("correct", "undo", correction["id"])
+
+    def test_corrections_need_what_they_are_about(self):
+        story = self.desk.json("scoops")[0]["story"]["id"]
         self.desk.run("correct", "label", story, status=2)
         self.desk.run("correct", "same", story, status=2)
 
