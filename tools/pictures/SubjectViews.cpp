@@ -5,13 +5,13 @@
 namespace pictures {
 
 using namespace app;
-using namespace std::chrono_literals;
 
 std::vector<View> subjectViews(NewsDesk& news) {
     return {
         {"top-stories",
          [](WindowModel& model) {
              model.open(QStringLiteral("wire:top"));
+             model.setClustered(true);
              waitUntil("the top stories",
                        [&] { return model.page()->state() != PanelModel::Loading; });
          }},
@@ -21,8 +21,6 @@ std::vector<View> subjectViews(NewsDesk& news) {
              model.setClustered(false);
              waitUntil("the top stories",
                        [&] { return model.page()->state() != PanelModel::Loading; });
-             runFor(200ms);
-             model.setClustered(true);
          }},
         {"timeline",
          [](WindowModel& model) {

@@ -73,11 +73,12 @@ Item {
         contentItem: Loader {
             id: body
 
+            // Of `part` itself: what is bound to it may still be that of the row before.
             function show() {
-                if (line.isSentence)
+                if (line.part === TopStoriesPageModel.Sentence)
                     source = "";
                 else
-                    setSource(line.isSubject ? "TopStoriesSubject.qml" : "TopStoriesMember.qml", { line: line });
+                    setSource(line.part === TopStoriesPageModel.Subject ? "TopStoriesSubject.qml" : "TopStoriesMember.qml", { line: line });
             }
 
             Component.onCompleted: show()

@@ -69,6 +69,10 @@ TEST_F(SubjectJobTest, TopStoriesOpenToTheirTimelinesAndRememberHowTheyAreShown)
 
     press(Qt::Key_C, Qt::ShiftModifier);
     EXPECT_EQ(column(*top->rows(), "outlet"), QStringList({"gull", "tide", "post"}));
+    EXPECT_TRUE(until([&] { return named("outlets") == nullptr; }));
+    press(Qt::Key_C, Qt::ShiftModifier);
+    EXPECT_TRUE(until([&] { return named("outlets") != nullptr; })) << "rows that stay change too";
+    press(Qt::Key_C, Qt::ShiftModifier);
     type("gwgo");
     ASSERT_TRUE(until([&] { return isReady(); }));
     EXPECT_FALSE(page<TopStoriesPageModel>().showsClusters());
