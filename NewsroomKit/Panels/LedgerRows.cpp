@@ -4,6 +4,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "NewsroomKit/Attribution/LaterAnswers.h"
+
 namespace kit {
 
 std::vector<LedgerRow> ledgerRows(const Ledger& ledger, const PanelNews& news) {
@@ -24,7 +26,9 @@ Ledger makeLedger(const PanelNews& news) {
     for (const auto& story : news.stories) stories.push_back(story.story);
     std::vector<std::vector<std::string>> groups;
     for (const auto& cluster : news.clusters) groups.push_back(cluster.storyIDs);
-    return makeLedger(stories, groups, news.now);
+    auto ledger = makeLedger(stories, groups, news.now);
+    settleByLaterAnswers(ledger, stories);
+    return ledger;
 }
 
 }  // namespace kit

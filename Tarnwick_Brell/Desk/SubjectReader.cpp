@@ -28,6 +28,9 @@ Subjects readSubjects(const std::filesystem::path& library, kit::Instant from,
     if (stop.stop_requested()) return subjects;
     kit::StoryClusterer clusterer(kit::WordMemory::of(subjects.stories));
     clusterer.add(subjects.stories);
+    subjects.corrections = store.corrections().overlay();
+    clusterer.setOverrides(
+        {.joined = subjects.corrections->joined(), .apart = subjects.corrections->apart()});
     for (auto& cluster : clusterer.clusters())
         subjects.groups.push_back(std::move(cluster.storyIDs));
     return subjects;

@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <memory>
 #include <stop_token>
 #include <string>
 #include <vector>
 
+#include "NewsroomKit/Attribution/CorrectionOverlay.h"
 #include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Stories/Story.h"
 
@@ -13,8 +15,9 @@ namespace app {
 
 /// The stories of a long time and which of them tell the same news.
 struct Subjects {
-    std::vector<kit::Story> stories{};               ///< newest first
+    std::vector<kit::Story> stories{};               ///< newest first, with the user's corrections
     std::vector<std::vector<std::string>> groups{};  ///< ids, of two stories or more
+    std::shared_ptr<const kit::CorrectionOverlay> corrections{};
     /// The library has older stories of that time, which were left out.
     bool isCut = false;
 

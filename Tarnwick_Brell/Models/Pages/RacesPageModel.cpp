@@ -99,7 +99,7 @@ RacesPageModel::RacesPageModel(const DeskStores& stores)
     : PageModel(stores, tr("Races")),
       loader_(stores, [this](const Subjects& subjects, kit::Instant) {
           auto races = std::make_shared<const std::vector<kit::Race>>(
-              kit::racesOf(subjects.pointers(), subjects.groups, nullptr));
+              kit::racesOf(subjects.pointers(), subjects.groups, subjects.corrections.get()));
           return [this, races = std::move(races), isCut = subjects.isCut] {
               held_ = races;
               isCut_ = isCut;
