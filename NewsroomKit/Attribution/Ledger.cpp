@@ -9,6 +9,7 @@
 #include "NewsroomKit/Attribution/Median.h"
 #include "NewsroomKit/Attribution/Telling.h"
 #include "NewsroomKit/Attribution/TellingOutlet.h"
+#include "NewsroomKit/Clusters/HeadlineGenre.h"
 #include "NewsroomKit/Editorial/AppleOrigin.h"
 #include "NewsroomKit/Editorial/AppleTopic.h"
 #include "NewsroomKit/Text/Pattern.h"
@@ -41,7 +42,7 @@ namespace {
 bool isClaim(const Story& story) {
     const bool isUnsure = story.sourcing == Sourcing::report || story.sourcing == Sourcing::rumor;
     return isUnsure && !story.isAppleSource && AppleTopic::matches(story.title) &&
-           isFirstHand(story);
+           headlineGenre(story.title, story.kind) == HeadlineGenre::news && isFirstHand(story);
 }
 
 /// The stories of each group, and each story of no group by itself, by time.

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <tuple>
 
+#include "NewsroomKit/Clusters/HeadlineGenre.h"
 #include "NewsroomKit/Text/Pattern.h"
 
 namespace kit {
@@ -51,8 +52,12 @@ std::optional<TimelineStage> released(std::span<const Story* const> stories,
 std::vector<TimelineStage> subjectTimeline(std::span<const Story* const> stories,
                                            std::span<const TimelineSignal> changes) {
     const auto sourced = [&](Stage stage, Sourcing sourcing) {
-        return earliest(stage, stories,
-                        [sourcing](const Story& story) { return story.sourcing == sourcing; });
+        // A roundup of rumors is not the first of them.
+        const bool needsNews = sourcing == Sourcing::rumor || sourcing == Sourcing::report;
+        return earliest(stage, stories, [sourcing, needsNews](const Story& story) {
+            if (story.sourcing != sourcing) return false;
+            return !needsNews || headlineGenre(story.title, story.kind) == HeadlineGenre::news;
+        });
     };
     const auto confirmed = sourced(Stage::confirmed, Sourcing::confirmed);
     std::vector<TimelineStage> stages;

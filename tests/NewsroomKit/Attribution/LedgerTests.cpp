@@ -41,6 +41,11 @@ TEST(Ledger, FollowsAClaimUntilItIsSettledOrAYearHasPassed) {
     };
     const Case cases[] = {
         {"alone", {rumor}, kDay, "a open"},
+        {"a roundup",
+         {toldBy("MacRumors", "a", minute(0), Sourcing::rumor,
+                 "Top Stories: Apple Watch Rumors, Lamp Reviews, and More")},
+         kDay,
+         ""},
         {"a minute before a year", {rumor}, 365 * kDay - 1, "a open"},
         {"a year", {rumor}, 365 * kDay, "a expired"},
         {"confirmed",

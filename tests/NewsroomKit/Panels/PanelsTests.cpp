@@ -167,9 +167,10 @@ TEST(Scoops, NameWhoWasFirstOnlyWhereThatCanBeTold) {
                      {"c1", "Post", 5}, {"c2", "Tide", 5},
                      {"d1", "Dale", 15.5}, {"d2", "Tide", 3},
                      {"e1", "Dale", 4}, {"e2", "Post", 2},
-                     {"f1", "Dale", 24 * 8}, {"f2", "Post", 24 * 6}},
+                     {"f1", "Dale", 24 * 8}, {"f2", "Post", 24 * 6},
+                     {"g1", "Tide", 40}, {"g2", "Dale", 20}},
                     {{"a1", "a2", "a3", "a4"}, {"b1", "b2"}, {"c1", "c2"}, {"d1", "d2"},
-                     {"e1", "e2"}, {"f1", "f2"}});
+                     {"e1", "e2"}, {"f1", "f2"}, {"g1", "g2"}});
     // clang-format on
     const auto found = scoops(news.get());
     ASSERT_EQ(found.size(), 2U);

@@ -23,7 +23,7 @@ public:
         for (const char* part : {"a", "b"}) {
             Story& story = all_.emplace_back();
             story.id = number + part;
-            story.title = "Told as " + number;
+            story.title = "Apple news " + number;
             story.sourceName = *part == 'a' ? outlet : "Echo";
             story.link = "https://" + story.id + ".example/";
             story.publishedAt = kToday - ago + (*part == 'a' ? 0min : 4min);

@@ -19,7 +19,7 @@ using ::test::until;
 class SubjectJobTest : public WindowJobTest {
 protected:
     void SetUp() override {
-        const char* news = "Quay Foundry picks Porthaven for its second glass plant";
+        const char* news = "Quay Foundry picks Porthaven for its second Apple plant";
         harness_.tell("post", "09:02", news, kit::Sourcing::report);
         harness_.tell("tide", "09:16", news, kit::Sourcing::report);
         harness_.tell("gull", "09:40", news);
