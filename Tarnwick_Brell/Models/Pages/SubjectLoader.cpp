@@ -3,11 +3,24 @@
 #include <exception>
 #include <utility>
 
+#include <QThread>
 #include <QThreadPool>
 
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
 namespace app {
+
+namespace {
+
+/// Not Qt's own pool: Qt converts images there, and a frame would wait for our work.
+QThreadPool& subjectThread() {
+    static QThreadPool pool;
+    pool.setMaxThreadCount(1);
+    pool.setThreadPriority(QThread::LowPriority);
+    return pool;
+}
+
+}  // namespace
 
 SubjectLoader::SubjectLoader(const DeskStores& stores, Make make)
     : stores_(stores), make_(std::move(make)), queue_(std::make_shared<MainThreadQueue>()) {}
@@ -38,7 +51,7 @@ void SubjectLoader::load(std::chrono::days span) {
             emit loaded();
         });
     };
-    QThreadPool::globalInstance()->start(read);
+    subjectThread().start(read);
 }
 
 }  // namespace app

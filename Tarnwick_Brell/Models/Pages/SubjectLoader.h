@@ -15,7 +15,8 @@
 namespace app {
 
 /// Reads the subjects of a long time for a page, and has the page's records made from them, on a
-/// thread of Qt's pool. A page that is left does not wait for it: what it makes is dropped.
+/// thread that all these pages share. A page that is left does not wait for it: what it makes is
+/// dropped.
 class SubjectLoader : public QObject {
     Q_OBJECT
 public:
