@@ -13,7 +13,7 @@
 #include "Tarnwick_Brell/Desk/RefreshPass.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
-#include "Tarnwick_Brell/Storage/Tables/SearchText.h"
+#include "Tarnwick_Brell/Storage/SQLite/SearchText.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
 #include "Tarnwick_Brell/Storage/Tables/StorySelection.h"
 

@@ -72,7 +72,8 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       builds_(database_),
       signing_(database_),
       offers_(database_),
-      charts_(database_) {
+      charts_(database_),
+      signalLog_(database_) {
     if (access == Database::Access::readWrite) {
         if (isOutdated(database_)) {
             const auto earlier = version();

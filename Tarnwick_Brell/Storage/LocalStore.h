@@ -14,6 +14,7 @@
 #include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
 #include "Tarnwick_Brell/Storage/Tables/RecordTable.h"
 #include "Tarnwick_Brell/Storage/Tables/SearchIndex.h"
+#include "Tarnwick_Brell/Storage/Histories/SignalLog.h"
 #include "Tarnwick_Brell/Storage/Histories/SigningHistory.h"
 #include "Tarnwick_Brell/Storage/Tables/SourceTable.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryMerge.h"
@@ -57,6 +58,7 @@ public:
     SigningHistory& signing() { return signing_; }
     OfferHistory& offers() { return offers_; }
     ChartHistory& charts() { return charts_; }
+    SignalLog& signalLog() { return signalLog_; }
 
     std::int64_t version();
 
@@ -89,6 +91,7 @@ private:
     SigningHistory signing_;
     OfferHistory offers_;
     ChartHistory charts_;
+    SignalLog signalLog_;
     std::int64_t dataVersion_ = 0;
 };
 

@@ -60,11 +60,25 @@ bool isCheckDue(const fs::path& library, kit::Instant now) {
     return !last || abs(now - *last) > kBetweenChecks;
 }
 
-/// The first version of the library had no search index.
-bool hasSearchIndex(Database& database) {
-    Statement table(database, "SELECT 1 FROM sqlite_schema WHERE name = 'storySearch'");
+/// Earlier versions of the library lack search indexes.
+bool hasSearchIndex(Database& database, std::string_view name) {
+    Statement table(database, "SELECT 1 FROM sqlite_schema WHERE name = ?");
+    table.bind(0, name);
     return table.step();
 }
+
+struct SearchIndexRow {
+    const char* name;
+    const char* check;  ///< with rank 1 the index is compared with its table as well
+    const char* fault;
+};
+
+constexpr SearchIndexRow kSearchIndexes[]{
+    {"storySearch", "INSERT INTO storySearch (storySearch, rank) VALUES ('integrity-check', 1)",
+     "the search index does not fit the stories"},
+    {"signalSearch", "INSERT INTO signalSearch (signalSearch, rank) VALUES ('integrity-check', 1)",
+     "the search index does not fit the log"},
+};
 
 }  // namespace
 
@@ -108,14 +122,14 @@ std::optional<std::string> firstFault(Database& database, CheckDepth depth) {
 }
 
 std::optional<std::string> searchIndexFault(Database& unsharedCopy) {
-    if (!hasSearchIndex(unsharedCopy)) return std::nullopt;
-    try {
-        // With rank 1 the index is compared with the stories as well.
-        unsharedCopy.execute(
-            "INSERT INTO storySearch (storySearch, rank) VALUES ('integrity-check', 1)");
-    } catch (const StoreError& error) {
-        if (error.reason() != StoreError::Reason::damaged) throw;
-        return "the search index does not fit the stories";
+    for (const auto& index : kSearchIndexes) {
+        if (!hasSearchIndex(unsharedCopy, index.name)) continue;
+        try {
+            unsharedCopy.execute(index.check);
+        } catch (const StoreError& error) {
+            if (error.reason() != StoreError::Reason::damaged) throw;
+            return index.fault;
+        }
     }
     return std::nullopt;
 }

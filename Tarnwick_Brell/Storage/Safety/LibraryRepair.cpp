@@ -19,11 +19,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The tables without those of the search index, which is rebuilt from the stories.
+/// The tables without those of the search indexes, which are rebuilt from the others.
 std::vector<std::string> tablesOf(Database& database) {
     Statement rows(database,
                    "SELECT name FROM sqlite_schema WHERE type = 'table' "
-                   "AND name NOT LIKE 'storySearch%' AND name NOT LIKE 'sqlite_%'");
+                   "AND name NOT LIKE 'storySearch%' AND name NOT LIKE 'signalSearch%' "
+                   "AND name NOT LIKE 'sqlite_%'");
     std::vector<std::string> tables;
     while (rows.step()) tables.push_back(rows.text(0));
     return tables;
@@ -68,7 +69,9 @@ void copyRows(Database& target, const fs::path& damaged) {
                         " NOT INDEXED WHERE TRUE")
                            .c_str());
     }
-    target.execute("INSERT INTO storySearch (storySearch) VALUES ('rebuild')");
+    target.execute(
+        "INSERT INTO storySearch (storySearch) VALUES ('rebuild');"
+        "INSERT INTO signalSearch (signalSearch) VALUES ('rebuild')");
     transaction.commit();
     target.execute("DETACH damaged");
 }

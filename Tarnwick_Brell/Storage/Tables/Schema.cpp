@@ -7,6 +7,7 @@
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
 #include "Tarnwick_Brell/Storage/Tables/Version6.h"
+#include "Tarnwick_Brell/Storage/Tables/Version9.h"
 
 namespace app {
 
@@ -20,7 +21,7 @@ struct Step {
 
 // By the version that they start from. Instants are microseconds since 1970; enumerations are
 // their raw values.
-constexpr std::array<Step, 8> kSteps{{
+constexpr std::array<Step, 9> kSteps{{
     {R"sql(
     CREATE TABLE stories (
         number INTEGER PRIMARY KEY,
@@ -243,6 +244,9 @@ constexpr std::array<Step, 8> kSteps{{
     CREATE TABLE corrections (id TEXT PRIMARY KEY, rank TEXT NOT NULL, record TEXT NOT NULL,
                               removedAt INTEGER);
     )sql"},
+
+    // The log of signals, and records.
+    {"", &completeVersion9},
 }};
 
 // What the steps need to know about stories and SQL does not.

@@ -7,7 +7,7 @@
 
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
-#include "Tarnwick_Brell/Storage/Tables/SearchText.h"
+#include "Tarnwick_Brell/Storage/SQLite/SearchText.h"
 
 namespace app {
 

@@ -154,7 +154,11 @@ constexpr std::pair<const char*, const char*> kIndexFaults[]{
      "INSERT INTO storySearch (storySearch, rowid, title, summary, author) "
      "SELECT 'delete', number, title, summary, author FROM stories WHERE id = '1'"},
     {"a headline that changed behind the search index",
-     "UPDATE stories SET title = 'Other' WHERE id = '1'"}};
+     "UPDATE stories SET title = 'Other' WHERE id = '1'"},
+    {"a signal that the search index lacks",
+     "INSERT INTO signals (id, kind, subject, title, detail, dayOnly, seenAt, weight, evidence) "
+     "VALUES ('s', 'page', 'Terms', 'Terms changed.', '', 0, 1, 'major', '{}');"
+     "INSERT INTO signalSearch (signalSearch) VALUES ('delete-all')"}};
 
 TEST_F(LibrarySafety, AFullCheckFindsWhatIndexesLackAndARepairMakesThemAnew) {
     for (const auto& [what, sql] : kIndexFaults) {

@@ -128,7 +128,7 @@ TEST(LibraryVersions, TheLastChangeOfMarksCanStillBeUndone) {
 
 TEST(LibraryVersions, ALibraryOfALaterVersionIsLeftAlone) {
     const EarlierLibrary library(5);
-    Database(library.file(), Database::Access::readWrite).execute("PRAGMA user_version = 9");
+    Database(library.file(), Database::Access::readWrite).execute("PRAGMA user_version = 10");
     for (const auto access : {Database::Access::readWrite, Database::Access::readOnly}) {
         try {
             LocalStore(library.file(), access);
@@ -138,7 +138,7 @@ TEST(LibraryVersions, ALibraryOfALaterVersionIsLeftAlone) {
             EXPECT_NE(std::string(error.what()).find("newer version"), std::string::npos);
         }
     }
-    EXPECT_EQ(library.list("PRAGMA user_version"), "9 ");
+    EXPECT_EQ(library.list("PRAGMA user_version"), "10 ");
 }
 
 TEST(LibraryVersions, ALibraryOfTheFirstVersionComesOverWhole) {

@@ -23,10 +23,14 @@ struct SearchText {
     /// Whether the last word is there in full, or may be the beginning of a longer one.
     enum class LastWord { complete, stillTyped };
 
+    /// Whether the searched index has authors; `author:` is text where it has none.
+    enum class Authors { indexed, none };
+
     std::string wanted{};    ///< an expression that stories must match; empty: all do
     std::string unwanted{};  ///< an expression that stories must not match; empty: none does
 
-    static SearchText parse(std::string_view typed, LastWord lastWord = LastWord::complete);
+    static SearchText parse(std::string_view typed, LastWord lastWord = LastWord::complete,
+                            Authors authors = Authors::indexed);
 
     bool isEmpty() const { return wanted.empty() && unwanted.empty(); }
 

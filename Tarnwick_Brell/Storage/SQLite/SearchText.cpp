@@ -1,4 +1,4 @@
-#include "Tarnwick_Brell/Storage/Tables/SearchText.h"
+#include "Tarnwick_Brell/Storage/SQLite/SearchText.h"
 
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Text/Utf8.h"
@@ -54,7 +54,8 @@ struct Term {
 
 class TermReader {
 public:
-    explicit TermReader(std::string_view typed) : typed_(typed) {}
+    TermReader(std::string_view typed, SearchText::Authors authors)
+        : typed_(typed), authors_(authors) {}
 
     /// False at the end of the text.
     bool next(Term& term) {
@@ -65,7 +66,7 @@ public:
             term.isUnwanted = true;
             skip();
         }
-        readAuthorMark(term);
+        if (authors_ == SearchText::Authors::indexed) readAuthorMark(term);
         const bool quoted = hasMore() && isQuote(peek().value);
         if (quoted) {
             skip();
@@ -110,6 +111,7 @@ private:
     }
 
     std::string_view typed_;
+    SearchText::Authors authors_;
     std::size_t at_ = 0;
 };
 
@@ -120,10 +122,10 @@ void append(std::string& expression, std::string_view combiner, const Term& term
 
 }  // namespace
 
-SearchText SearchText::parse(std::string_view typed, LastWord lastWord) {
+SearchText SearchText::parse(std::string_view typed, LastWord lastWord, Authors authors) {
     SearchText search;
     const auto text = kit::validUTF8(bounded(typed));
-    TermReader reader(text);
+    TermReader reader(text, authors);
     for (Term term; reader.next(term);) {
         if (!hasIndexedCharacter(term.text)) continue;
         if (term.isUnwanted) {

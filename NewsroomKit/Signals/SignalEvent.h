@@ -1,0 +1,66 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "NewsroomKit/Signals/Signal.h"
+
+namespace kit {
+
+/// What can happen, as far as it decides how much a signal matters.
+enum class SignalEvent {
+    publicRelease,
+    betaRelease,
+    serviceOutage,
+    serviceIssue,
+    serviceMaintenance,
+    serviceRestored,
+    signingEnded,
+    signingBegan,
+    updateOffered,
+    updateWithdrawn,
+    chartLeader,
+    chartTopTen,
+};
+
+struct SignalEventRow {
+    SignalEvent value;
+    SignalKind kind;
+    SignalWeight weight;
+};
+
+/// The one table of weights, in the order of the events.
+inline constexpr std::array kSignalEvents{
+    SignalEventRow{SignalEvent::publicRelease, SignalKind::release, SignalWeight::major},
+    SignalEventRow{SignalEvent::betaRelease, SignalKind::release, SignalWeight::notable},
+    SignalEventRow{SignalEvent::serviceOutage, SignalKind::service, SignalWeight::major},
+    SignalEventRow{SignalEvent::serviceIssue, SignalKind::service, SignalWeight::notable},
+    SignalEventRow{SignalEvent::serviceMaintenance, SignalKind::service, SignalWeight::routine},
+    SignalEventRow{SignalEvent::serviceRestored, SignalKind::service, SignalWeight::notable},
+    SignalEventRow{SignalEvent::signingEnded, SignalKind::signing, SignalWeight::notable},
+    SignalEventRow{SignalEvent::signingBegan, SignalKind::signing, SignalWeight::routine},
+    SignalEventRow{SignalEvent::updateOffered, SignalKind::update, SignalWeight::notable},
+    SignalEventRow{SignalEvent::updateWithdrawn, SignalKind::update, SignalWeight::notable},
+    SignalEventRow{SignalEvent::chartLeader, SignalKind::chart, SignalWeight::notable},
+    SignalEventRow{SignalEvent::chartTopTen, SignalKind::chart, SignalWeight::routine},
+};
+
+static_assert(
+    [] {
+        for (std::size_t i = 0; i < kSignalEvents.size(); ++i) {
+            if (kSignalEvents[i].value != static_cast<SignalEvent>(i)) return false;
+        }
+        return true;
+    }(),
+    "the rows stand in the order of the events");
+
+/// A signal with the event's kind and weight; the producer fills in the rest.
+inline Signal signalOf(SignalEvent event) {
+    const auto& row = kSignalEvents[static_cast<std::size_t>(event)];
+    Signal signal;
+    signal.kind = row.kind;
+    signal.weight = row.weight;
+    return signal;
+}
+
+}  // namespace kit

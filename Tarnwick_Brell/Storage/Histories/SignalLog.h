@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "NewsroomKit/Signals/Signal.h"
+#include "Tarnwick_Brell/Storage/SQLite/Database.h"
+#include "Tarnwick_Brell/Storage/SQLite/SearchText.h"
+
+namespace app {
+
+/// Which signals are wanted.
+struct SignalSelection {
+    std::vector<kit::SignalKind> kinds{};  ///< none: all
+    kit::SignalWeight leastWeight = kit::SignalWeight::routine;
+    SearchText search{};                   ///< in titles, details and subjects
+    std::optional<kit::Instant> since{};   ///< seen at or after
+    std::optional<kit::Instant> until{};   ///< seen before
+    std::optional<std::int64_t> before{};  ///< logged before the one with that number
+
+    bool operator==(const SignalSelection&) const = default;
+};
+
+struct LoggedSignal {
+    std::int64_t number = 0;  ///< rises as signals are logged
+    kit::Signal signal{};
+
+    bool operator==(const LoggedSignal&) const = default;
+};
+
+/// Everything that happened outside the wire, kept permanently.
+class SignalLog {
+public:
+    explicit SignalLog(Database& database) : database_(database) {}
+
+    /// Logs the signals whose ids are not in the log yet, and returns these.
+    std::vector<kit::Signal> add(std::span<const kit::Signal> added);
+
+    /// The last logged first.
+    std::vector<LoggedSignal> newest(std::size_t most, const SignalSelection& selection = {});
+
+    /// The signals after the one with that number, in the order of the log.
+    std::vector<LoggedSignal> after(std::int64_t number);
+    std::int64_t lastNumber();  ///< 0 when there is none
+
+private:
+    Database& database_;
+};
+
+}  // namespace app

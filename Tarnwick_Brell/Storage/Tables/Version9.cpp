@@ -1,0 +1,39 @@
+#include "Tarnwick_Brell/Storage/Tables/Version9.h"
+
+namespace app {
+
+namespace {
+
+// The log of signals, for good. Numbers rise as signals are logged, rows are never changed. The
+// index also holds kind and weight, so that what is searched for in a few kinds is found without
+// reading the others.
+constexpr const char* kSignalTables = R"sql(
+    CREATE TABLE IF NOT EXISTS signals (
+        number INTEGER PRIMARY KEY,
+        id TEXT NOT NULL UNIQUE,
+        kind TEXT NOT NULL,
+        subject TEXT NOT NULL,
+        title TEXT NOT NULL,
+        detail TEXT NOT NULL,
+        link TEXT,
+        happenedAt INTEGER,
+        dayOnly INTEGER NOT NULL,
+        seenAt INTEGER NOT NULL,
+        weight TEXT NOT NULL,
+        evidence TEXT NOT NULL
+    );
+    CREATE INDEX IF NOT EXISTS signalsByTime ON signals (seenAt);
+    CREATE VIRTUAL TABLE IF NOT EXISTS signalSearch USING fts5(
+        title, detail, subject, kind, weight, content='signals', content_rowid='number',
+        columnsize=0, tokenize='unicode61 remove_diacritics 2');
+    CREATE TRIGGER IF NOT EXISTS signalAdded AFTER INSERT ON signals BEGIN
+        INSERT INTO signalSearch (rowid, title, detail, subject, kind, weight)
+            VALUES (new.number, new.title, new.detail, new.subject, new.kind, new.weight);
+    END;
+)sql";
+
+}  // namespace
+
+void completeVersion9(Database& database) { database.execute(kSignalTables); }
+
+}  // namespace app
