@@ -14,8 +14,9 @@ namespace {
 
 class ClusterOverlay {
 public:
-    ClusterOverlay(const StoryTimes& timeOf, std::vector<StoryCluster>& clusters)
-        : timeOf_(timeOf), clusters_(clusters) {
+    ClusterOverlay(const ClusterOverrides& overrides, const StoryTimes& timeOf,
+                   std::vector<StoryCluster>& clusters)
+        : overrides_(overrides), timeOf_(timeOf), clusters_(clusters) {
         for (std::size_t place = 0; place < clusters.size(); ++place) {
             for (const auto& id : clusters[place].storyIDs) placeOf_.emplace(id, place);
         }
@@ -46,21 +47,22 @@ public:
     void separate(const ClusterOverrides::StoryIDs& stories) {
         const auto split = placeOf_.find(stories.front());
         if (split == placeOf_.end()) return;
-        const auto isWithOther = [&](const std::string& id) {
-            const auto other = placeOf_.find(id);
-            return id != stories.front() && other != placeOf_.end() &&
-                   other->second == split->second;
+        const std::size_t from = split->second;
+        const auto isThere = [&](const std::string& id) {
+            const auto known = placeOf_.find(id);
+            return known != placeOf_.end() && known->second == from;
         };
-        if (stories.size() > 1 && std::none_of(stories.begin(), stories.end(), isWithOther)) return;
-        auto& cluster = clusters_[split->second];
-        const auto at = std::find(cluster.storyIDs.begin(), cluster.storyIDs.end(), split->first);
-        cluster.whys.erase(cluster.whys.begin() + (at - cluster.storyIDs.begin()));
-        cluster.storyIDs.erase(at);
-        if (!cluster.storyIDs.empty()) {
-            cluster.id = cluster.storyIDs.front();
-            cluster.whys.front().clear();
+        if (stories.size() > 1 && std::none_of(stories.begin() + 1, stories.end(), isThere)) return;
+        const std::size_t target = clusters_.size();
+        clusters_.emplace_back();
+        moveTo(target, stories.front());
+        if (stories.size() > 1) {
+            for (const auto& id : joinedWith(stories.front())) {
+                if (isThere(id)) moveTo(target, id);
+            }
         }
-        placeOf_.erase(split);
+        sortByTime(clusters_[target]);
+        makeFirstLead(clusters_[from]);
     }
 
     void finish() {
@@ -72,6 +74,22 @@ private:
         clusters_[target].storyIDs.push_back(id);
         clusters_[target].whys.push_back(std::move(why));
         placeOf_[id] = target;
+    }
+
+    void moveTo(std::size_t target, const std::string& id) {
+        auto& cluster = clusters_[placeOf_.at(id)];
+        const auto at = std::find(cluster.storyIDs.begin(), cluster.storyIDs.end(), id);
+        cluster.whys.erase(cluster.whys.begin() + (at - cluster.storyIDs.begin()));
+        cluster.storyIDs.erase(at);
+        append(target, id, kJoinedByUser);
+    }
+
+    /// The stories that the user has joined with this one.
+    ClusterOverrides::StoryIDs joinedWith(const std::string& id) const {
+        for (const auto& stories : overrides_.joined) {
+            if (std::find(stories.begin(), stories.end(), id) != stories.end()) return stories;
+        }
+        return {};
     }
 
     void merge(std::size_t from, std::size_t target) {
@@ -96,13 +114,17 @@ private:
             const auto& why = cluster.whys[place];
             sorted.whys.push_back(why.empty() ? kJoinedByUser : why);
         }
-        if (!sorted.storyIDs.empty()) {
-            sorted.id = sorted.storyIDs.front();
-            sorted.whys.front().clear();
-        }
+        makeFirstLead(sorted);
         cluster = std::move(sorted);
     }
 
+    static void makeFirstLead(StoryCluster& cluster) {
+        if (cluster.storyIDs.empty()) return;
+        cluster.id = cluster.storyIDs.front();
+        cluster.whys.front().clear();
+    }
+
+    const ClusterOverrides& overrides_;
     const StoryTimes& timeOf_;
     std::vector<StoryCluster>& clusters_;
     std::unordered_map<std::string, std::size_t> placeOf_;
@@ -113,7 +135,7 @@ private:
 void applyOverrides(const ClusterOverrides& overrides, const StoryTimes& timeOf,
                     std::vector<StoryCluster>& clusters) {
     if (overrides.isEmpty()) return;
-    ClusterOverlay overlay(timeOf, clusters);
+    ClusterOverlay overlay(overrides, timeOf, clusters);
     for (const auto& stories : overrides.joined) overlay.join(stories);
     for (const auto& stories : overrides.apart) {
         if (!stories.empty()) overlay.separate(stories);

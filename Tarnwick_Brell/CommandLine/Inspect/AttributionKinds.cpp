@@ -1,9 +1,14 @@
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "NewsroomKit/Attribution/Attribution.h"
-#include "NewsroomKit/Attribution/CorrectedGroups.h"
+#include "NewsroomKit/Attribution/CorrectionOverlay.h"
 #include "NewsroomKit/Attribution/Ledger.h"
 #include "NewsroomKit/Attribution/SubjectTimeline.h"
+#include "NewsroomKit/Clusters/ClusterOverlay.h"
 #include "NewsroomKit/Clusters/StoryClusterer.h"
 #include "NewsroomKit/Stories/StoryJSON.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
@@ -32,18 +37,46 @@ struct CorrectedStories {
 };
 
 using Groups = std::vector<std::vector<std::string>>;
+using StoriesByID = std::unordered_map<std::string, const kit::Story*>;
 
-/// The groups as given, or the clusters of the stories.
+/// The given groups as clusters of known stories, each of which is in the first that names it.
+std::vector<kit::StoryCluster> clustersOf(const Groups& groups, const StoriesByID& byID) {
+    std::set<std::string> placed;
+    std::vector<kit::StoryCluster> clusters;
+    for (const auto& group : groups) {
+        kit::StoryCluster cluster;
+        for (const auto& id : group) {
+            if (byID.contains(id) && placed.insert(id).second) cluster.storyIDs.push_back(id);
+        }
+        cluster.whys.resize(cluster.storyIDs.size());
+        clusters.push_back(std::move(cluster));
+    }
+    return clusters;
+}
+
+/// The groups as given, or the clusters of the stories, with what the corrections say.
 Groups groupsOf(const json::object& input, const CorrectedStories& corrected) {
-    Groups groups;
-    if (auto given = optional<Groups>(input, "clusters")) {
-        groups = std::move(*given);
+    const kit::ClusterOverrides overrides{.joined = corrected.overlay.joined(),
+                                          .apart = corrected.overlay.apart()};
+    std::vector<kit::StoryCluster> clusters;
+    if (const auto given = optional<Groups>(input, "clusters")) {
+        StoriesByID byID;
+        for (const auto& story : corrected.stories) byID.emplace(story.id, &story);
+        clusters = clustersOf(*given, byID);
+        const auto timeOf = [&](const std::string& id) {
+            const auto known = byID.find(id);
+            return known == byID.end() ? nullptr : &known->second->publishedAt;
+        };
+        kit::applyOverrides(overrides, timeOf, clusters);
     } else {
         kit::StoryClusterer clusterer;
         clusterer.add(corrected.stories);
-        for (const auto& cluster : clusterer.clusters()) groups.push_back(cluster.storyIDs);
+        clusterer.setOverrides(overrides);
+        clusters = clusterer.clusters();
     }
-    return kit::correctedGroups(std::move(groups), corrected.overlay);
+    Groups groups;
+    for (const auto& cluster : clusters) groups.push_back(cluster.storyIDs);
+    return groups;
 }
 
 template <class T>

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "NewsroomKit/Attribution/CorrectedGroups.h"
+#include "NewsroomKit/Attribution/CorrectionOverlay.h"
+#include "NewsroomKit/Clusters/ClusterOverlay.h"
 #include "NewsroomKit/Stories/StoryJSON.h"
 #include "tests/NewsroomKit/Attribution/AttributionSamples.h"
 
@@ -52,10 +53,10 @@ TEST(CorrectionOverlay, NeverJoinsWhatALaterCorrectionKeepsApart) {
         {"a chain of joins",
          {made(1, Kind::same, {"a", "c"}), made(2, Kind::same, {"c", "e"})},
          "abcdef"},
-        {"a story that is split off", {made(1, Kind::notSame, {"b", "a"})}, "a cd ef b"},
+        {"a story that is split off", {made(1, Kind::notSame, {"b", "a"})}, "cd ef"},
         {"alone, whatever was joined before",
          {made(1, Kind::same, {"e", "c"}), made(2, Kind::notSame, {"e"})},
-         "ab cd f e, overruled c1"},
+         "ab cd, overruled c1"},
         {"apart, then joined",
          {made(1, Kind::notSame, {"a", "b"}), made(2, Kind::same, {"a", "b"})},
          "ab cd ef, overruled c1"},
@@ -66,15 +67,24 @@ TEST(CorrectionOverlay, NeverJoinsWhatALaterCorrectionKeepsApart) {
         {"equally late: the later in the list",
          {made(1, Kind::same, {"a", "c"}), made(1, Kind::notSame, {"a", "c"})},
          "ab cd ef, overruled c1"},
-        {"stories that are not there", {made(1, Kind::same, {"x", "y"})}, "ab cd ef xy"},
+        {"stories that are not there", {made(1, Kind::same, {"x", "y"})}, "ab cd ef"},
+    };
+    const Instant times[]{minute(1), minute(2), minute(3), minute(4), minute(5), minute(6)};
+    const StoryTimes timeOf = [&](const std::string& id) {
+        return id < "g" ? &times[id[0] - 'a'] : nullptr;
     };
     for (auto c : cases) {
         const CorrectionOverlay overlay(c.corrections);
         std::string text;
-        for (auto group : correctedGroups({{"a", "b"}, {"c", "d"}, {"e", "f", "a"}}, overlay)) {
-            std::ranges::sort(group);
+        std::vector<StoryCluster> clusters;
+        for (const char* ids : {"ab", "cd", "ef"}) {
+            clusters.push_back(
+                {.id = {ids[0]}, .storyIDs = {{ids[0]}, {ids[1]}}, .whys = {"", ""}});
+        }
+        applyOverrides({.joined = overlay.joined(), .apart = overlay.apart()}, timeOf, clusters);
+        for (const auto& cluster : clusters) {
             text += (text.empty() ? "" : " ");
-            for (const auto& id : group) text += id;
+            for (const auto& id : cluster.storyIDs) text += id;
         }
         for (const auto& id : overlay.overruled()) text += ", overruled " + id;
         EXPECT_EQ(text, c.expected) << c.what;

@@ -48,6 +48,9 @@ TEST(ClusterOverrides, TheUsersWordIsLaidOverTheRules) {
     EXPECT_EQ(clustersWith({.joined = {{"a", "gone"}, {"gone", "gone too"}}, .apart = {{"gone"}}}),
               (Found{{"a", "b", "c"}}))
         << "stories that have vanished are skipped";
+    EXPECT_EQ(clustersWith({.joined = {{"a", "x"}}, .apart = {{"a", "b"}}}),
+              (Found{{"a", "x"}, {"b", "c"}}))
+        << "what is joined leaves together";
     // A cycle of joins is one cluster.
     EXPECT_EQ(clustersWith({.joined = {{"a", "x"}, {"x", "far"}, {"far", "a"}}}),
               (Found{{"a", "b", "c", "x", "far"}}));
