@@ -27,7 +27,9 @@ struct Answer {
 /// The stories that can settle claims, by the rare words of their headlines.
 class Answers {
 public:
-    Answers(std::span<const Story* const> stories, const WordMemory& memory) {
+    Answers(std::span<const Story* const> stories, const WordMemory& memory,
+            const CorrectionOverlay* corrections)
+        : corrections_(corrections) {
         for (const auto* story : stories) {
             const auto state = settlementBy(*story);
             if (!state) continue;
@@ -60,12 +62,26 @@ public:
             const auto& answer = answers_[place];
             const auto at = answer.story->publishedAt;
             if (at < claim.at || at > claim.at + kClaimLifetime) continue;
-            if (answer.story->id != claim.story && tellsTheSame(answer.entry, told)) return &answer;
+            if (answer.story->id == claim.story || areApart(answer.story->id, claim.story))
+                continue;
+            if (tellsTheSame(answer.entry, told)) return &answer;
         }
         return nullptr;
     }
 
 private:
+    bool areApart(const std::string& one, const std::string& other) const {
+        if (!corrections_) return false;
+        return std::ranges::any_of(corrections_->apart(), [&](const auto& ids) {
+            const auto names = [&](const auto& id) {
+                return std::ranges::find(ids, id) != ids.end();
+            };
+            // One that is split off alone tells the news of no other.
+            return ids.size() == 1 ? ids.front() == one || ids.front() == other
+                                   : names(one) && names(other);
+        });
+    }
+
     static bool tellsTheSame(const ClusterEntry& answer, ClusterEntry told) {
         // Months apart are no reason against it.
         told.publishedAt = answer.publishedAt;
@@ -73,6 +89,7 @@ private:
         return !tie.isExcluded && tie.strength >= kAlikeToMerge;
     }
 
+    const CorrectionOverlay* corrections_;
     std::vector<Answer> answers_;  ///< by time
     std::unordered_map<std::uint64_t, std::vector<std::uint32_t>> byWord_;
 };
@@ -89,10 +106,11 @@ WordMemory memoryOf(std::span<const Story* const> stories) {
 
 }  // namespace
 
-void settleByLaterAnswers(Ledger& ledger, std::span<const Story* const> stories) {
+void settleByLaterAnswers(Ledger& ledger, std::span<const Story* const> stories,
+                          const CorrectionOverlay* corrections) {
     using State = LedgerClaim::State;
     const auto memory = memoryOf(stories);
-    const Answers answers(stories, memory);
+    const Answers answers(stories, memory, corrections);
     std::unordered_map<std::string_view, const Story*> byID;
     for (const auto* story : stories) byID.emplace(story->id, story);
     for (auto& claim : ledger.claims) {

@@ -1,29 +1,42 @@
 #include "NewsroomKit/Panels/LedgerContent.h"
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
+
+#include "NewsroomKit/Attribution/LaterAnswers.h"
+#include "NewsroomKit/Attribution/TellingOutlet.h"
 
 namespace kit {
 
-LedgerContent ledgerContent(const Ledger& ledger, std::span<const Story* const> stories,
-                            const LedgerFilter& filter) {
-    std::unordered_map<std::string_view, const Story*> byID;
-    for (const auto* story : stories) byID.emplace(story->id, story);
-    const auto titleOf = [&](const std::string& id) {
-        const auto found = byID.find(id);
-        return found == byID.end() ? std::string() : found->second->title;
-    };
-    LedgerContent content{.total = static_cast<std::int64_t>(ledger.claims.size())};
+LedgerRecord ledgerOf(const PanelNews& news) {
+    const auto stories = storiesOf(news);
+    auto ledger = makeLedger(stories, groupsOf(news), news.now);
+    settleByLaterAnswers(ledger, stories, news.corrections);
+    std::unordered_map<std::string_view, const PanelStory*> byID;
+    for (const auto& story : news.stories) byID.emplace(story.story->id, &story);
+    LedgerRecord record{.outlets = std::move(ledger.outlets)};
+    for (auto& claim : ledger.claims) {
+        auto& row = record.claims.emplace_back();
+        row.story = StoryMention::of(*byID.at(claim.story));
+        if (claim.settledBy) row.settledBy = StoryMention::of(*byID.at(*claim.settledBy));
+        row.claim = std::move(claim);
+    }
+    std::ranges::reverse(record.claims);
+    return record;
+}
+
+LedgerContent ledgerContent(const LedgerRecord& ledger, const LedgerFilter& filter) {
+    LedgerContent content;
     for (const auto& outlet : ledger.outlets)
         (outlet.claims < kLeastClaims ? content.lesser : content.outlets).push_back(outlet);
-    for (auto claim = ledger.claims.rbegin(); claim != ledger.claims.rend(); ++claim) {
-        if (!filter.outlet.empty() && claim->outlet != filter.outlet) continue;
-        if (filter.state && claim->state != *filter.state) continue;
-        content.claims.push_back(
-            {.claim = *claim,
-             .title = titleOf(claim->story),
-             .settledTitle = claim->settledBy ? titleOf(*claim->settledBy) : ""});
-    }
+    const auto outlet = outletKey(filter.outlet);
+    std::ranges::copy_if(ledger.claims, std::back_inserter(content.claims),
+                         [&](const LedgerRow& row) {
+                             if (filter.state && row.claim.state != *filter.state) return false;
+                             return filter.outlet.empty() || outletKey(row.claim.outlet) == outlet;
+                         });
     return content;
 }
 

@@ -7,25 +7,34 @@
 #include <vector>
 
 #include "NewsroomKit/Attribution/Ledger.h"
-#include "NewsroomKit/Records/Instant.h"
+#include "NewsroomKit/Panels/PanelStory.h"
 
 namespace kit {
 
-/// What the page of the rumor ledger shows: the record of each outlet and its claims.
+/// A claim of the ledger with the stories that it stands on.
+struct LedgerRow {
+    LedgerClaim claim{};
+    StoryMention story{};
+    std::optional<StoryMention> settledBy{};
+
+    bool operator==(const LedgerRow&) const = default;
+};
+
+/// The ledger of some stories, which it does not need any more.
+struct LedgerRecord {
+    std::vector<LedgerOutlet> outlets{};  ///< the most claims first, then by name
+    std::vector<LedgerRow> claims{};      ///< the latest first
+};
+
+/// Settles claims by their clusters and by later answers, however old the stories are.
+LedgerRecord ledgerOf(const PanelNews& news);
+
+/// What is shown of a ledger: the record of each outlet and the claims that are wanted.
 struct LedgerContent {
-    struct Claim {
-        LedgerClaim claim{};
-        std::string title{};         ///< of the outlet's story
-        std::string settledTitle{};  ///< of the story that settled it; empty while none has
-
-        bool operator==(const Claim&) const = default;
-    };
-
     std::vector<LedgerOutlet> outlets{};
     /// Outlets with fewer claims than kLeastClaims, for which a share would say nothing.
     std::vector<LedgerOutlet> lesser{};
-    std::vector<Claim> claims{};  ///< that the filter wants, the latest first
-    std::int64_t total = 0;
+    std::vector<LedgerRow> claims{};  ///< that the filter wants, the latest first
 
     bool operator==(const LedgerContent&) const = default;
 };
@@ -33,12 +42,10 @@ struct LedgerContent {
 inline constexpr std::int64_t kLeastClaims = 10;
 
 struct LedgerFilter {
-    std::string outlet{};  ///< empty for all
+    std::string outlet{};  ///< however it is written; empty for all
     std::optional<LedgerClaim::State> state{};
 };
 
-/// Claims whose stories are not among `stories` are shown without a title.
-LedgerContent ledgerContent(const Ledger& ledger, std::span<const Story* const> stories,
-                            const LedgerFilter& filter);
+LedgerContent ledgerContent(const LedgerRecord& ledger, const LedgerFilter& filter);
 
 }  // namespace kit

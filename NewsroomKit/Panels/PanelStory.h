@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 #include "NewsroomKit/Attribution/CorrectionOverlay.h"
 #include "NewsroomKit/Clusters/StoryCluster.h"
@@ -26,6 +27,10 @@ struct PanelNews {
     /// The user's word on who was first; labels and clusters have theirs already. Null for none.
     const CorrectionOverlay* corrections = nullptr;
 };
+
+std::vector<const Story*> storiesOf(const PanelNews& news);
+/// The ids of the stories of each cluster.
+std::vector<std::vector<std::string>> groupsOf(const PanelNews& news);
 
 /// A story named in a panel: enough to show it and to open it.
 struct StoryMention {

@@ -28,6 +28,10 @@ std::vector<double> barsOf(const RaceRecord& record, Instant from, Instant::dura
 
 }  // namespace
 
+std::vector<Race> racesOf(const PanelNews& news) {
+    return racesOf(storiesOf(news), groupsOf(news), news.corrections);
+}
+
 RacesContent racesContent(std::span<const Race> races, const RacesFilter& filter, Instant now) {
     const Instant from = now - filter.span;
     std::vector<Race> wanted;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "NewsroomKit/Attribution/Races.h"
+#include "NewsroomKit/Panels/PanelStory.h"
 #include "NewsroomKit/Records/Instant.h"
 
 namespace kit {
@@ -39,6 +40,9 @@ struct RacesFilter {
 
 inline constexpr std::size_t kRaceBars = 26;
 inline constexpr std::chrono::hours kFullRaceBar{2};
+
+/// The races among these stories, by their clusters.
+std::vector<Race> racesOf(const PanelNews& news);
 
 /// Outlets of a single race are left out unless they led it.
 RacesContent racesContent(std::span<const Race> races, const RacesFilter& filter, Instant now);

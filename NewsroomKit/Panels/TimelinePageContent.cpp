@@ -79,7 +79,7 @@ TimelinePage timelinePage(const PanelNews& news, std::vector<TimelineSignal> cha
         if (at && *at >= page.from && *at <= page.to) page.releases.push_back(std::move(signal));
     }
     addBars(page, news);
-    page.claims = ledgerRows(makeLedger(news), news);
+    page.claims = ledgerOf(news).claims;
     const auto count = [&](LedgerClaim::State state) {
         return static_cast<std::size_t>(std::ranges::count_if(
             page.claims, [state](const LedgerRow& row) { return row.claim.state == state; }));

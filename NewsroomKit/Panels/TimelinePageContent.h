@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "NewsroomKit/Attribution/Attribution.h"
-#include "NewsroomKit/Panels/LedgerRows.h"
+#include "NewsroomKit/Panels/LedgerContent.h"
 #include "NewsroomKit/Panels/TimelineContent.h"
 #include "NewsroomKit/Trackers/Releases/SeenBuild.h"
 

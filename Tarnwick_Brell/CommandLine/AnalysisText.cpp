@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "NewsroomKit/Clusters/StoryClusterer.h"
 #include "NewsroomKit/Panels/StoryGroup.h"
 #include "Tarnwick_Brell/CommandLine/NameLookup.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
@@ -19,35 +18,12 @@ kit::StoryQuery checkedQuery(Session& session, const QueryOptions& options) {
 
 }  // namespace
 
-// Stories of somewhat earlier show who told the first news of the span.
-AnalysedNews::AnalysedNews(Session& session, const QueryOptions& options, std::chrono::days span)
-    : AnalysedNews(session, checkedQuery(session, options),
-                   session.now() - span - kit::kEarlierContext) {}
-
-AnalysedNews::AnalysedNews(Session& session, const kit::StoryQuery& query, kit::Instant since)
-    : corrections_(session.storeForReading().corrections().overlay().get()), now_(session.now()) {
-    const auto compiled = query.compiled();
-    kit::StoryClusterer clusterer;
-    const auto add = [&](const app::StoredStory& stored) {
-        const auto& story = all_.emplace_back(stored.story);
-        clusterer.add({&story, 1});
-        if (compiled.matches(story)) {
-            stories_.push_back({.story = &story,
-                                .firstSeen = stored.firstSeen,
-                                .isRead = stored.readAt.has_value()});
-        }
-        return all_.size() < kMostStories;
-    };
-    session.storeForReading().stories().eachInWireOrder(since, add);
-    // The weights of words and the user's word are the same as for panels.
-    clusterer.rememberBefore(std::chrono::floor<std::chrono::days>(now_) -
-                             kit::WordMemory::kLeftOut);
-    clusterer.setOverrides({.joined = corrections_->joined(), .apart = corrections_->apart()});
-    clusters_ = clusterer.clusters();
-}
-
-kit::PanelNews AnalysedNews::news() const {
-    return {.stories = stories_, .clusters = clusters_, .now = now_, .corrections = corrections_};
+app::Subjects subjectsOf(Session& session, const QueryOptions& options, std::chrono::days span) {
+    // Stories of somewhat earlier show who told the first news of the span.
+    return {session.storeForReading(),
+            {.query = checkedQuery(session, options),
+             .from = session.now() - span - kit::kEarlierContext,
+             .now = session.now()}};
 }
 
 boost::json::object mentionRecord(const kit::StoryMention& story) {

@@ -37,13 +37,16 @@ constexpr std::size_t kMostArchived = 5'000;
 
 /// The stories on the wire that tell the same news as the named one, which is among them.
 std::vector<kit::Story> sameNews(Session& session, const app::StoredStory& named) {
-    const AnalysedNews analysed(session, kit::StoryQuery{.includesSetAside = true},
-                                named.story.publishedAt - 2 * kit::kCoverageMargin);
+    const app::Subjects subjects(session.storeForReading(),
+                                 {.query = {.includesSetAside = true},
+                                  .from = named.story.publishedAt - 2 * kit::kCoverageMargin,
+                                  .now = session.now()});
+    const auto news = subjects.news();
     std::vector<kit::Story> stories;
-    for (const auto& cluster : analysed.news().clusters) {
+    for (const auto& cluster : news.clusters) {
         const std::set<std::string_view> ids(cluster.storyIDs.begin(), cluster.storyIDs.end());
         if (!ids.contains(named.story.id)) continue;
-        for (const auto& story : analysed.news().stories) {
+        for (const auto& story : news.stories) {
             if (ids.contains(story.story->id)) stories.push_back(*story.story);
         }
     }

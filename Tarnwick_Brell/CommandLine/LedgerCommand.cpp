@@ -4,8 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Panels/LedgerRows.h"
-#include "NewsroomKit/Attribution/TellingOutlet.h"
+#include "NewsroomKit/Panels/LedgerContent.h"
 #include "Tarnwick_Brell/CommandLine/AnalysisText.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
@@ -23,19 +22,14 @@ struct LedgerOptions {
     std::string state{};
 };
 
-/// Leaves the claims that the options ask for.
-std::vector<kit::LedgerRow> chosenRows(std::vector<kit::LedgerRow> rows,
-                                       const LedgerOptions& options) {
-    const auto outlet = kit::outletKey(options.outlet);
-    std::erase_if(rows, [&](const kit::LedgerRow& row) {
-        if (!options.state.empty() && rawValue(row.claim.state) != options.state) return true;
-        return !options.outlet.empty() && kit::outletKey(row.claim.outlet) != outlet;
-    });
-    rows.resize(std::min(rows.size(), static_cast<std::size_t>(options.analysis.limit)));
-    return rows;
+kit::LedgerFilter filterOf(const LedgerOptions& options) {
+    kit::LedgerFilter filter{.outlet = options.outlet};
+    if (!options.state.empty())
+        filter.state = kit::enumFromRaw<kit::LedgerClaim::State>(options.state);
+    return filter;
 }
 
-void printLedgerRecords(Session& session, const kit::Ledger& ledger,
+void printLedgerRecords(Session& session, const std::vector<kit::LedgerOutlet>& outlets,
                         const std::vector<kit::LedgerRow>& rows) {
     boost::json::array claims;
     for (const auto& row : rows) {
@@ -44,7 +38,7 @@ void printLedgerRecords(Session& session, const kit::Ledger& ledger,
         claims.push_back(std::move(record));
     }
     printValue(session, boost::json::object{{"claims", std::move(claims)},
-                                            {"outlets", kit::encode(ledger.outlets)}});
+                                            {"outlets", kit::encode(outlets)}});
 }
 
 std::string settledText(const kit::LedgerRow& row) {
@@ -53,12 +47,13 @@ std::string settledText(const kit::LedgerRow& row) {
 }
 
 int runLedger(Session& session, const LedgerOptions& options) {
-    const AnalysedNews analysed(session, options.analysis.query,
-                                std::chrono::days(options.analysis.days));
-    const auto ledger = kit::makeLedger(analysed.news());
-    const auto rows = chosenRows(kit::ledgerRows(ledger, analysed.news()), options);
+    const auto subjects =
+        subjectsOf(session, options.analysis.query, std::chrono::days(options.analysis.days));
+    const auto ledger = kit::ledgerOf(subjects.news());
+    auto rows = kit::ledgerContent(ledger, filterOf(options)).claims;
+    rows.resize(std::min(rows.size(), static_cast<std::size_t>(options.analysis.limit)));
     if (session.options().json) {
-        printLedgerRecords(session, ledger, rows);
+        printLedgerRecords(session, ledger.outlets, rows);
         return kDone;
     }
     if (ledger.claims.empty()) {

@@ -5,7 +5,7 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Attribution/Races.h"
+#include "NewsroomKit/Panels/RacesContent.h"
 #include "Tarnwick_Brell/CommandLine/AnalysisText.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
@@ -21,8 +21,6 @@ struct RacesOptions {
     AnalysisOptions analysis{.days = 30, .limit = 20};
     std::vector<std::string> outlets{};
 };
-
-using kit::Race;
 
 /// "report 3, rumor 1"
 std::string bySourcingText(const kit::RaceRecord& record) {
@@ -42,19 +40,19 @@ boost::json::object raceRecord(const kit::RaceRecord& record) {
     return encoded;
 }
 
-void printRecords(Session& session, const std::vector<kit::RaceRecord>& records,
+void printRecords(Session& session, const std::vector<kit::RacesContent::Row>& rows,
                   std::int64_t days) {
     if (session.options().json) {
         boost::json::array encoded;
-        for (const auto& record : records) encoded.push_back(raceRecord(record));
+        for (const auto& row : rows) encoded.push_back(raceRecord(row.record));
         return printValue(session, std::move(encoded));
     }
-    if (records.empty()) {
+    if (rows.empty()) {
         return session.advise(fmt::format("No news of several outlets in the last {} days.", days));
     }
     TextTable table({Column::whole("outlet"), Column::whole("led"), Column::whole("of"),
                      Column::whole("median lead"), Column::cut("led by sourcing").dropped(1)});
-    for (const auto& record : records) {
+    for (const auto& [record, bars] : rows) {
         table.add({printable(record.outlet), std::to_string(record.led),
                    std::to_string(record.subjects), leadColumn(record.medianLead),
                    bySourcingText(record)});
@@ -91,29 +89,19 @@ void printPair(Session& session, const kit::RacePair& pair) {
     table.print(session.out());
 }
 
-/// The races whose subject began within the span.
-std::vector<Race> racesSince(const kit::PanelNews& news, kit::Instant earliest) {
-    std::vector<const kit::Story*> stories;
-    for (const auto& story : news.stories) stories.push_back(story.story);
-    std::vector<std::vector<std::string>> groups;
-    for (const auto& cluster : news.clusters) groups.push_back(cluster.storyIDs);
-    auto races = kit::racesOf(stories, groups, news.corrections);
-    std::erase_if(races, [&](const Race& race) { return race.at < earliest; });
-    return races;
-}
-
 int runRaces(Session& session, const RacesOptions& options) {
     if (options.outlets.size() == 1 || options.outlets.size() > 2)
         throw WrongUsage("Name two outlets, or none for a table of all.");
     const std::chrono::days span(options.analysis.days);
-    const AnalysedNews analysed(session, options.analysis.query, span);
-    const auto races = racesSince(analysed.news(), session.now() - span);
-    if (options.outlets.empty()) {
-        auto records = kit::raceRecords(races);
-        records.resize(std::min(records.size(), static_cast<std::size_t>(options.analysis.limit)));
-        printRecords(session, records, options.analysis.days);
+    const auto subjects = subjectsOf(session, options.analysis.query, span);
+    auto content = kit::racesContent(kit::racesOf(subjects.news()),
+                                     {.span = span, .picked = options.outlets}, session.now());
+    if (content.pair) {
+        printPair(session, *content.pair);
     } else {
-        printPair(session, kit::racePair(races, options.outlets[0], options.outlets[1]));
+        auto& rows = content.rows;
+        rows.resize(std::min(rows.size(), static_cast<std::size_t>(options.analysis.limit)));
+        printRecords(session, rows, options.analysis.days);
     }
     return kDone;
 }

@@ -17,8 +17,8 @@ namespace {
 
 int runScoops(Session& session, const AnalysisOptions& options) {
     const std::chrono::days span(options.days);
-    const AnalysedNews analysed(session, options.query, span);
-    const auto scoops = kit::scoops(analysed.news(), span, static_cast<std::size_t>(options.limit));
+    const auto subjects = subjectsOf(session, options.query, span);
+    const auto scoops = kit::scoops(subjects.news(), span, static_cast<std::size_t>(options.limit));
     if (session.options().json) {
         boost::json::array records;
         for (const auto& scoop : scoops) {

@@ -76,10 +76,13 @@ void printStages(Session& session, const kit::TimelineContent& content) {
 
 int runTimeline(Session& session, const TimelineOptions& options) {
     const auto query = subjectQuery(session, options);
-    const AnalysedNews analysed(session, query, session.now() - std::chrono::days(options.days));
+    const app::Subjects subjects(session.storeForReading(),
+                                 {.query = query,
+                                  .from = session.now() - std::chrono::days(options.days),
+                                  .now = session.now()});
     const auto builds = session.storeForReading().builds().newest(kit::kMostBuilds);
     const auto content =
-        kit::timelineContent(analysed.news().stories, kit::buildSignals(builds, query));
+        kit::timelineContent(subjects.news().stories, kit::buildSignals(builds, query));
     if (session.options().json) {
         printTimelineRecords(session, content);
     } else if (options.exported) {

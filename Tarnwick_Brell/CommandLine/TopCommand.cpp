@@ -38,9 +38,9 @@ std::string whoColumn(const TopStory& top) {
 }
 
 int runTop(Session& session, const AnalysisOptions& options) {
-    const AnalysedNews analysed(session, options.query,
-                                std::chrono::ceil<std::chrono::days>(kit::kTopStoriesSpan));
-    auto top = kit::topStories(analysed.news());
+    const auto subjects = subjectsOf(session, options.query,
+                                     std::chrono::ceil<std::chrono::days>(kit::kTopStoriesSpan));
+    auto top = kit::topStories(subjects.news());
     top.resize(std::min(top.size(), static_cast<std::size_t>(options.limit)));
     if (session.options().json) {
         boost::json::array records;

@@ -1,39 +1,41 @@
 #include "Tarnwick_Brell/Desk/SubjectReader.h"
 
-#include <utility>
+#include <chrono>
 
 #include "NewsroomKit/Clusters/StoryClusterer.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
 
-std::vector<const kit::Story*> Subjects::pointers() const {
-    std::vector<const kit::Story*> pointers;
-    pointers.reserve(stories.size());
-    for (const auto& story : stories) pointers.push_back(&story);
-    return pointers;
-}
-
-Subjects readSubjects(const std::filesystem::path& library, kit::Instant from,
-                      const std::stop_token& stop) {
-    Subjects subjects;
-    if (!LocalStore::exists(library)) return subjects;
-    LocalStore store(library, Database::Access::readOnly);
-    store.stories().eachInWireOrder(from, [&](const StoredStory& stored) {
-        subjects.isCut = subjects.stories.size() == kMostSubjectStories;
-        if (subjects.isCut || stop.stop_requested()) return false;
-        subjects.stories.push_back(stored.story);
+Subjects::Subjects(LocalStore& store, const Scope& scope, const std::stop_token& stop)
+    : corrections_(store.corrections().overlay()), now_(scope.now) {
+    const auto compiled = scope.query.compiled();
+    kit::StoryClusterer clusterer;
+    store.stories().eachInWireOrder(scope.from, [&](const StoredStory& stored) {
+        isCut_ = all_.size() == kMostStories;
+        if (isCut_ || stop.stop_requested()) return false;
+        const auto& story = all_.emplace_back(stored.story);
+        clusterer.add({&story, 1});
+        if (compiled.matches(story)) {
+            selected_.push_back({.story = &story,
+                                 .firstSeen = stored.firstSeen,
+                                 .isRead = stored.readAt.has_value()});
+        }
         return true;
     });
-    if (stop.stop_requested()) return subjects;
-    kit::StoryClusterer clusterer(kit::WordMemory::of(subjects.stories));
-    clusterer.add(subjects.stories);
-    subjects.corrections = store.corrections().overlay();
-    clusterer.setOverrides(
-        {.joined = subjects.corrections->joined(), .apart = subjects.corrections->apart()});
-    for (auto& cluster : clusterer.clusters())
-        subjects.groups.push_back(std::move(cluster.storyIDs));
-    return subjects;
+    if (stop.stop_requested()) return;
+    // The weights of words and the user's word are those of the clusters in memory.
+    clusterer.rememberBefore(std::chrono::floor<std::chrono::days>(now_) -
+                             kit::WordMemory::kLeftOut);
+    clusterer.setOverrides({.joined = corrections_->joined(), .apart = corrections_->apart()});
+    clusters_ = clusterer.clusters();
+}
+
+kit::PanelNews Subjects::news() const {
+    return {.stories = selected_,
+            .clusters = clusters_,
+            .now = now_,
+            .corrections = corrections_.get()};
 }
 
 }  // namespace app

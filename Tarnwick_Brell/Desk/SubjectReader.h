@@ -1,35 +1,50 @@
 #pragma once
 
 #include <cstddef>
-#include <filesystem>
+#include <deque>
 #include <memory>
 #include <stop_token>
-#include <string>
 #include <vector>
 
-#include "NewsroomKit/Attribution/CorrectionOverlay.h"
+#include "NewsroomKit/Panels/PanelStory.h"
+#include "NewsroomKit/Queries/StoryQuery.h"
 #include "NewsroomKit/Records/Instant.h"
-#include "NewsroomKit/Stories/Story.h"
 
 namespace app {
 
-/// The stories of a long time and which of them tell the same news.
-struct Subjects {
-    std::vector<kit::Story> stories{};               ///< newest first, with the user's corrections
-    std::vector<std::vector<std::string>> groups{};  ///< ids, of two stories or more
-    std::shared_ptr<const kit::CorrectionOverlay> corrections{};
+class LocalStore;
+
+/// The stories of a long time that a query selects, and which of all stories of that time tell the
+/// same news, for what looks further back than the clusters in memory: races, the rumor ledger, the
+/// commands. The window and the command line both read them here, so that they agree.
+class Subjects {
+public:
+    struct Scope {
+        kit::StoryQuery query{};
+        kit::Instant from{};
+        kit::Instant now{};
+    };
+
+    /// Of more stories only the newest are read.
+    static constexpr std::size_t kMostStories = 50'000;
+
+    /// May take seconds. Ends early, with some of the stories and no clusters, when it is stopped.
+    /// Throws StoreError.
+    Subjects(LocalStore& store, const Scope& scope, const std::stop_token& stop = {});
+    Subjects(const Subjects&) = delete;
+    Subjects& operator=(const Subjects&) = delete;
+
+    kit::PanelNews news() const;
     /// The library has older stories of that time, which were left out.
-    bool isCut = false;
+    bool isCut() const { return isCut_; }
 
-    std::vector<const kit::Story*> pointers() const;
+private:
+    std::deque<kit::Story> all_;
+    std::vector<kit::PanelStory> selected_;
+    std::vector<kit::StoryCluster> clusters_;
+    std::shared_ptr<const kit::CorrectionOverlay> corrections_;
+    kit::Instant now_;
+    bool isCut_ = false;
 };
-
-/// Of more stories only the newest are read.
-inline constexpr std::size_t kMostSubjectStories = 50'000;
-
-/// Reads the stories published since `from` on a connection of its own, which may take seconds: not
-/// for the main thread. Gives what it has when it is stopped. Throws StoreError.
-Subjects readSubjects(const std::filesystem::path& library, kit::Instant from,
-                      const std::stop_token& stop = {});
 
 }  // namespace app

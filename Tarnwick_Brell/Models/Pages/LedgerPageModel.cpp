@@ -1,13 +1,10 @@
 #include "Tarnwick_Brell/Models/Pages/LedgerPageModel.h"
 
 #include <cmath>
-#include <set>
-#include <string_view>
 #include <utility>
 
 #include <QLocale>
 
-#include "NewsroomKit/Attribution/LaterAnswers.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
 namespace app {
@@ -56,45 +53,28 @@ QString stateText(const kit::LedgerClaim& claim) {
     return {};
 }
 
-LedgerClaimRow claimRow(const kit::LedgerContent::Claim& claim, kit::Instant now) {
-    LedgerClaimRow row{.title = titleText(claim.title, kTitleCharacters),
+LedgerClaimRow claimRow(const kit::LedgerRow& claim, kit::Instant now) {
+    LedgerClaimRow row{.title = titleText(claim.story.title, kTitleCharacters),
                        .detail = LedgerPageModel::tr("%1 · %2").arg(
                            titleText(claim.claim.outlet), shortDayText(claim.claim.at, now)),
                        .state = stateText(claim.claim),
                        .tone = static_cast<int>(claim.claim.state),
                        .storyID = plainText(claim.claim.story)};
     row.spokenText = LedgerPageModel::tr("%1. %2. %3").arg(row.title, row.detail, row.state);
-    if (!claim.settledTitle.empty())
-        row.spokenText += LedgerPageModel::tr(" by: %1").arg(titleText(claim.settledTitle));
+    if (claim.settledBy)
+        row.spokenText += LedgerPageModel::tr(" by: %1").arg(titleText(claim.settledBy->title));
     return row;
-}
-
-/// Of very many stories only those that the ledger names are held.
-std::vector<kit::Story> namedStories(const kit::Ledger& ledger,
-                                     const std::vector<kit::Story>& stories) {
-    std::set<std::string_view> named;
-    for (const auto& claim : ledger.claims) {
-        named.insert(claim.story);
-        if (claim.settledBy) named.insert(*claim.settledBy);
-    }
-    std::vector<kit::Story> held;
-    for (const auto& story : stories) {
-        if (named.contains(story.id)) held.push_back(story);
-    }
-    return held;
 }
 
 }  // namespace
 
 LedgerPageModel::LedgerPageModel(const DeskStores& stores)
-    : PageModel(stores, tr("Rumor ledger")),
-      loader_(stores, [this](const Subjects& subjects, kit::Instant now) {
-          auto ledger = kit::makeLedger(subjects.pointers(), subjects.groups, now);
-          kit::settleByLaterAnswers(ledger, subjects.pointers());
-          auto stories = namedStories(ledger, subjects.stories);
-          const auto held = std::make_shared<const Held>(Held{
-              .stories = std::move(stories), .ledger = std::move(ledger), .isCut = subjects.isCut});
-          return [this, held] { held_ = held; };
+    : PageModel(stores, tr("Rumor ledger")), loader_(stores, [this](const Subjects& subjects) {
+          auto held = std::make_shared<const kit::LedgerRecord>(kit::ledgerOf(subjects.news()));
+          return [this, held = std::move(held), isCut = subjects.isCut()] {
+              held_ = held;
+              isCut_ = isCut;
+          };
       }) {
     connect(&loader_, &SubjectLoader::loaded, this, &LedgerPageModel::update);
     load();
@@ -142,9 +122,7 @@ void LedgerPageModel::update() {
                                : Condition{.state = Loading});
         return;
     }
-    std::vector<const kit::Story*> stories;
-    for (const auto& story : held_->stories) stories.push_back(&story);
-    const auto content = kit::ledgerContent(held_->ledger, stories, filter_);
+    const auto content = kit::ledgerContent(*held_, filter_);
     std::vector<LedgerOutletRow> outlets;
     outletNames_.clear();
     for (const auto* list : {&content.outlets, &content.lesser}) {
@@ -162,9 +140,9 @@ void LedgerPageModel::update() {
     claims_.setRows(std::move(claims));
     claimsFact_ = numberOf(std::ssize(content.claims));
     nothingShown_ = content.claims.empty() ? tr("No claim matches the filter.") : QString();
-    auto fact = tr("%n claims", nullptr, static_cast<int>(content.total));
-    if (held_->isCut) fact = tr("%1; older stories are too many").arg(fact);
-    const bool isEmpty = content.total == 0;
+    auto fact = tr("%n claims", nullptr, static_cast<int>(held_->claims.size()));
+    if (isCut_) fact = tr("%1; older stories are too many").arg(fact);
+    const bool isEmpty = held_->claims.empty();
     setCondition({.state = isEmpty ? Empty : Ready,
                   .fact = fact,
                   .message = isEmpty

@@ -104,16 +104,11 @@ protected:
     bool hasBar() const override { return true; }
 
 private:
-    struct Held {
-        std::vector<kit::Story> stories{};  ///< those that the ledger names
-        kit::Ledger ledger{};
-        bool isCut = false;
-    };
-
     void load();
     void update();
 
-    std::shared_ptr<const Held> held_;
+    std::shared_ptr<const kit::LedgerRecord> held_;
+    bool isCut_ = false;
     int state_ = 0;
     kit::LedgerFilter filter_;
     GadgetListModel<LedgerOutletRow> outlets_;

@@ -96,11 +96,10 @@ QString medianText(const kit::RacePair& pair, std::size_t which) {
 }  // namespace
 
 RacesPageModel::RacesPageModel(const DeskStores& stores)
-    : PageModel(stores, tr("Races")),
-      loader_(stores, [this](const Subjects& subjects, kit::Instant) {
-          auto races = std::make_shared<const std::vector<kit::Race>>(
-              kit::racesOf(subjects.pointers(), subjects.groups, subjects.corrections.get()));
-          return [this, races = std::move(races), isCut = subjects.isCut] {
+    : PageModel(stores, tr("Races")), loader_(stores, [this](const Subjects& subjects) {
+          auto races =
+              std::make_shared<const std::vector<kit::Race>>(kit::racesOf(subjects.news()));
+          return [this, races = std::move(races), isCut = subjects.isCut()] {
               held_ = races;
               isCut_ = isCut;
           };

@@ -7,6 +7,7 @@
 #include <QThreadPool>
 
 #include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
 
@@ -38,9 +39,10 @@ void SubjectLoader::load(std::chrono::days span) {
         std::function<void()> show;
         QString failure;
         try {
-            const auto subjects = readSubjects(library, now - span, stop);
+            LocalStore store(library, Database::Access::readOnly);
+            const Subjects subjects(store, {.from = now - span, .now = now}, stop);
             if (stop.stop_requested()) return;
-            show = make(subjects, now);
+            show = make(subjects);
         } catch (const std::exception& error) {
             failure = titleText(error.what(), kExcerptCharacters);
         }

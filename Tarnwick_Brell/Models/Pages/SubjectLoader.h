@@ -22,7 +22,7 @@ class SubjectLoader : public QObject {
 public:
     /// Called on the thread, when the page may be gone: it must use nothing of it. Returns what
     /// shows the records, which is called on the main thread while the page is there.
-    using Make = std::function<std::function<void()>(const Subjects&, kit::Instant now)>;
+    using Make = std::function<std::function<void()>(const Subjects&)>;
 
     SubjectLoader(const DeskStores& stores, Make make);
     ~SubjectLoader() override;

@@ -163,10 +163,18 @@ TEST(Ledger, AnswersThatComeMonthsLaterSettleTheClaimTheyAreAbout) {
         says("x", 90, "Apple releases the Watch Ultra 5 with its satellite lamp"),
         says("y", 100, "Apple denies Globalstar satellite maker deal", Sourcing::onRecord)};
     auto ledger = makeLedger(pointersTo(stories), {}, minute(120 * kDay));
-    settleByLaterAnswers(ledger, pointersTo(stories));
+    const auto claims = ledger;
+    settleByLaterAnswers(ledger, pointersTo(stories), nullptr);
     EXPECT_EQ(text(ledger), "a confirmed by w after 80; b denied by y after 95; c open");
     ASSERT_EQ(ledger.outlets.size(), 1u);
     EXPECT_EQ(ledger.outlets[0].medianDays, 80);
+
+    const Correction wrong[]{{.id = "1", .kind = Correction::Kind::notSame, .stories = {"w", "a"}},
+                             {.id = "2", .kind = Correction::Kind::notSame, .stories = {"y"}}};
+    const CorrectionOverlay overlay(wrong);
+    ledger = claims;
+    settleByLaterAnswers(ledger, pointersTo(stories), &overlay);
+    EXPECT_EQ(text(ledger), "a confirmed by x after 90; b open; c open") << "as the user says";
 }
 
 }  // namespace

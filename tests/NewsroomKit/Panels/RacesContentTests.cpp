@@ -70,16 +70,18 @@ TEST(LedgerContent, FewClaimsMakeNoSharesAndTheFilterKeepsTheLatestFirst) {
     for (int i = 0; i < 10; ++i)
         stories.push_back(toldBy("MacRumors", "m" + std::to_string(i), minute(i)));
     stories.push_back(toldBy("Wired", "w", minute(20)));
-    const auto ledger = makeLedger(pointersTo(stories), {}, minute(100));
-    const auto all = ledgerContent(ledger, pointersTo(stories), {});
+    std::vector<PanelStory> shown;
+    for (const auto& story : stories) shown.push_back({.story = &story});
+    const auto ledger = ledgerOf({.stories = shown, .now = minute(100)});
+    const auto all = ledgerContent(ledger, {});
     ASSERT_EQ(all.outlets.size(), 1u);
     EXPECT_EQ(all.outlets[0].outlet, "MacRumors");
     ASSERT_EQ(all.lesser.size(), 1u);
     EXPECT_EQ(all.claims.size(), 11u);
     EXPECT_EQ(all.claims.front().claim.story, "w");
-    EXPECT_EQ(all.claims.front().title, stories.back().title);
-    EXPECT_EQ(ledgerContent(ledger, {}, {.outlet = "MacRumors"}).claims.size(), 10u);
-    EXPECT_EQ(ledgerContent(ledger, {}, {.state = LedgerClaim::State::denied}).claims.size(), 0u);
+    EXPECT_EQ(all.claims.front().story.title, stories.back().title);
+    EXPECT_EQ(ledgerContent(ledger, {.outlet = "macrumors"}).claims.size(), 10u);
+    EXPECT_EQ(ledgerContent(ledger, {.state = LedgerClaim::State::denied}).claims.size(), 0u);
 }
 
 }  // namespace
