@@ -84,6 +84,9 @@ struct Signal {
     bool operator==(const Signal&) const = default;
 };
 
+/// "2026-11-21", the day in UTC: ids of what can happen again on another day end with it.
+std::string signalDay(Instant instant);
+
 template <>
 struct Codec<json::object> {
     static json::value encode(const json::object& object, DateStyle) { return object; }

@@ -15,12 +15,15 @@ enum class SignalEvent {
     serviceIssue,
     serviceMaintenance,
     serviceRestored,
+    servicePastProblem,  ///< over when it was first seen
     signingEnded,
     signingBegan,
     updateOffered,
     updateWithdrawn,
+    updateReplaced,  ///< another build of the platform came in the same answer
     chartLeader,
     chartTopTen,
+    chartTopTenOfApple,
 };
 
 struct SignalEventRow {
@@ -37,12 +40,15 @@ inline constexpr std::array kSignalEvents{
     SignalEventRow{SignalEvent::serviceIssue, SignalKind::service, SignalWeight::notable},
     SignalEventRow{SignalEvent::serviceMaintenance, SignalKind::service, SignalWeight::routine},
     SignalEventRow{SignalEvent::serviceRestored, SignalKind::service, SignalWeight::notable},
+    SignalEventRow{SignalEvent::servicePastProblem, SignalKind::service, SignalWeight::routine},
     SignalEventRow{SignalEvent::signingEnded, SignalKind::signing, SignalWeight::notable},
     SignalEventRow{SignalEvent::signingBegan, SignalKind::signing, SignalWeight::routine},
     SignalEventRow{SignalEvent::updateOffered, SignalKind::update, SignalWeight::notable},
     SignalEventRow{SignalEvent::updateWithdrawn, SignalKind::update, SignalWeight::notable},
+    SignalEventRow{SignalEvent::updateReplaced, SignalKind::update, SignalWeight::routine},
     SignalEventRow{SignalEvent::chartLeader, SignalKind::chart, SignalWeight::notable},
     SignalEventRow{SignalEvent::chartTopTen, SignalKind::chart, SignalWeight::routine},
+    SignalEventRow{SignalEvent::chartTopTenOfApple, SignalKind::chart, SignalWeight::notable},
 };
 
 static_assert(
@@ -54,7 +60,7 @@ static_assert(
     }(),
     "the rows stand in the order of the events");
 
-/// A signal with the event's kind and weight; the producer fills in the rest.
+/// A signal with the event's kind and weight; its producer sets the rest.
 inline Signal signalOf(SignalEvent event) {
     const auto& row = kSignalEvents[static_cast<std::size_t>(event)];
     Signal signal;

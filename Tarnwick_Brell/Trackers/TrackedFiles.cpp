@@ -3,9 +3,14 @@
 #include <algorithm>
 
 #include "NewsroomKit/Text/Unicode.h"
+#include "NewsroomKit/Trackers/Charts/ChartSignals.h"
+#include "NewsroomKit/Trackers/Releases/ReleaseSignals.h"
 #include "NewsroomKit/Trackers/SignalsAPI.h"
+#include "NewsroomKit/Trackers/Signing/SigningSignals.h"
 #include "NewsroomKit/Trackers/Status/AppleStatusAPI.h"
+#include "NewsroomKit/Trackers/Status/ServiceSignals.h"
 #include "NewsroomKit/Trackers/TrackerAPI.h"
+#include "NewsroomKit/Trackers/Updates/OfferSignals.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Storage/Settings/SettingKey.h"
 #include "Tarnwick_Brell/Trackers/RemovalConfirmation.h"
@@ -57,21 +62,23 @@ std::string baseAt(const TrackedFiles& files) { return TrackerAPI::baseAt(files.
 
 TrackedFile<AppleServiceStatus::Services> TrackedFiles::status(kit::StatusFeed audience) const {
     const std::string name(rawValue(audience));
-    return {.tracker = Tracker::status,
-            .name = "status/" + name,
-            .title = "Apple's " + name + " status",
-            .address = AppleStatusAPI::address(audience),
-            .fetch = [audience](HTTPClient& http) { return AppleStatusAPI{http}.fetch(audience); },
-            .parse = AppleServiceStatus::parse,
-            .emptyAnswer = EmptyAnswer::refused,
-            .isEmpty = isEmptyList,
-            .carryOverMissing = carryOverMissing,
-            .record =
-                [audience](LocalStore& store, const auto&, const auto& services, Instant now) {
-                    store.incidents().record(audience, services, now);
-                    extendWatch(store.state(), audience, now);
-                },
-            .comesFirst = audience == kit::StatusFeed::consumer};
+    return {
+        .tracker = Tracker::status,
+        .name = "status/" + name,
+        .title = "Apple's " + name + " status",
+        .address = AppleStatusAPI::address(audience),
+        .fetch = [audience](HTTPClient& http) { return AppleStatusAPI{http}.fetch(audience); },
+        .parse = AppleServiceStatus::parse,
+        .emptyAnswer = EmptyAnswer::refused,
+        .isEmpty = isEmptyList,
+        .carryOverMissing = carryOverMissing,
+        .record =
+            [audience](LocalStore& store, const auto& before, const auto& services, Instant now) {
+                store.incidents().record(audience, services, now);
+                store.signalLog().add(kit::signalsOf(before, services, audience, now));
+                extendWatch(store.state(), audience, now);
+            },
+        .comesFirst = audience == kit::StatusFeed::consumer};
 }
 
 TrackedFile<std::vector<PlatformRelease>> TrackedFiles::releases() const {
@@ -85,8 +92,11 @@ TrackedFile<std::vector<PlatformRelease>> TrackedFiles::releases() const {
             .emptyAnswer = EmptyAnswer::refused,
             .isEmpty = hasNoRelease,
             .carryOverMissing = carryOverMissing,
-            .record = [](LocalStore& store, const auto&, const auto& releases,
-                         Instant now) { store.builds().record(releases, now); }};
+            .record =
+                [](LocalStore& store, const auto& before, const auto& releases, Instant now) {
+                    store.builds().record(releases, now);
+                    store.signalLog().add(kit::signalsOf(before, releases, now));
+                }};
 }
 
 TrackedFile<std::vector<kit::AppleCalendarEvent>> TrackedFiles::events() const {
@@ -148,7 +158,9 @@ TrackedFile<SigningStatus> TrackedFiles::signing(std::string_view device) const 
             .notFoundText = "The service knows no such device.",
             .record =
                 [name](LocalStore& store, const auto& before, const auto& status, Instant now) {
-                    store.signing().record(name, before, status, now);
+                    const auto changes = kit::signingChanges(name, before, status, now);
+                    store.signing().add(changes);
+                    store.signalLog().add(kit::signalsOf(changes));
                     store.trackerCopies().dropAllButLatest(kSigningPrefix, kMostCopies);
                 }};
 }
@@ -166,8 +178,12 @@ TrackedFile<std::vector<kit::UpdateOffer>> TrackedFiles::updates() const {
             .untrustedHint = "Apple's own authority has issued it; the setting " +
                              std::string(SettingKey::kUpdateCatalogueAuthority) +
                              " names a file with that authority's certificate.",
-            .record = [](LocalStore& store, const auto& before, const auto& offers,
-                         Instant now) { store.offers().record(before, offers, now); }};
+            .record =
+                [](LocalStore& store, const auto& before, const auto& offers, Instant now) {
+                    const auto changes = kit::offerChanges(before, offers, now);
+                    store.offers().add(changes);
+                    store.signalLog().add(kit::signalsOf(changes));
+                }};
 }
 
 TrackedFile<std::vector<kit::ChartEntry>> TrackedFiles::chart(AppStoreCharts::Kind kind) const {
@@ -180,8 +196,11 @@ TrackedFile<std::vector<kit::ChartEntry>> TrackedFiles::chart(AppStoreCharts::Ki
             .emptyAnswer = EmptyAnswer::refused,
             .isEmpty = isEmptyList,
             .carryOverMissing = carryOverMissing,
-            .record = [kind](LocalStore& store, const auto&, const auto& entries,
-                             Instant now) { store.charts().record(kind, entries, now); }};
+            .record =
+                [kind](LocalStore& store, const auto& before, const auto& entries, Instant now) {
+                    store.charts().record(kind, entries, now);
+                    store.signalLog().add(kit::signalsOf(kind, before, entries, now));
+                }};
 }
 
 }  // namespace app

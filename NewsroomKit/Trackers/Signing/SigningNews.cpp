@@ -35,9 +35,9 @@ std::size_t namedDevices(std::size_t devices) {
     return devices <= kMostNamed ? devices : kMostNamed - 1;
 }
 
-std::string SigningNews::sentence() const {
+std::string SigningNews::title() const {
     return system + " (" + build + ") is " + (isSigned ? "now" : "no longer") + " signed for " +
-           listed(devices) + ".";
+           listed(devices);
 }
 
 std::vector<SigningNews> signingNews(const std::vector<SigningChange>& changes) {
@@ -62,11 +62,11 @@ std::vector<SigningNews> signingNews(const std::vector<SigningChange>& changes) 
     return news;
 }
 
-std::string sentence(const OfferChange& change) {
+std::string titleOf(const OfferChange& change) {
     const auto& offer = change.offer;
     return std::string("Apple's update catalogue ") +
            (change.isOffered ? "now offers " : "no longer offers ") + offer.platform + " " +
-           offer.version + " (" + offer.build + ").";
+           offer.version + " (" + offer.build + ")";
 }
 
 }  // namespace kit

@@ -17,8 +17,9 @@ struct SigningNews {
     Instant seenAt{};                    ///< the first of them
     std::vector<std::string> devices{};  ///< their marketing names
 
-    /// "iOS 27.1 (24B83) is no longer signed for iPhone 17 and 2 others."
-    std::string sentence() const;
+    /// "iOS 27.1 (24B83) is no longer signed for iPhone 17 and 2 others"
+    std::string title() const;
+    std::string sentence() const { return title() + "."; }
 
     bool operator==(const SigningNews&) const = default;
 };
@@ -30,7 +31,8 @@ std::size_t namedDevices(std::size_t devices);
 /// their first changes.
 std::vector<SigningNews> signingNews(const std::vector<SigningChange>& changes);
 
-/// "Apple's update catalogue now offers macOS 27.1.2 (26B97)."
-std::string sentence(const OfferChange& change);
+/// "Apple's update catalogue now offers macOS 27.1.2 (26B97)"
+std::string titleOf(const OfferChange& change);
+inline std::string sentence(const OfferChange& change) { return titleOf(change) + "."; }
 
 }  // namespace kit

@@ -3,7 +3,7 @@
 #include <map>
 #include <set>
 
-#include "NewsroomKit/Text/ASCII.h"
+#include "NewsroomKit/Trackers/Status/ServiceSignals.h"
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
 
 namespace app {
@@ -87,13 +87,6 @@ void end(Database& database, std::int64_t number, const std::optional<Instant>& 
                      "WHERE number = ?1");
     update.bind(0, number).bind(1, microseconds(ended)).bind(2, microseconds(now));
     update.run();
-}
-
-/// An announced incident is not ongoing either, and may already have a planned end.
-bool isOver(const AppleServiceStatus::Incident& incident, Instant now) {
-    return (incident.ended && *incident.ended <= now) ||
-           kit::equalsLowercase(incident.status, "resolved") ||
-           kit::equalsLowercase(incident.status, "completed");
 }
 
 /// For LIKE, with "\" as the escape.

@@ -1,33 +1,12 @@
 #include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
 
-#include <set>
-#include <string>
-#include <tuple>
-
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
 
 namespace app {
 
-using kit::Instant;
 using kit::UpdateOffer;
 
 namespace {
-
-using Key = std::tuple<std::string, std::string, std::string>;
-
-Key keyOf(const UpdateOffer& offer) { return {offer.platform, offer.version, offer.build}; }
-
-/// The offers that are not among the others, each once.
-OfferHistory::Offers missingIn(const OfferHistory::Offers& others,
-                               const OfferHistory::Offers& offers) {
-    std::set<Key> known;
-    for (const auto& offer : others) known.insert(keyOf(offer));
-    OfferHistory::Offers missing;
-    for (const auto& offer : offers) {
-        if (known.insert(keyOf(offer)).second) missing.push_back(offer);
-    }
-    return missing;
-}
 
 std::vector<OfferChange> offerChangesIn(Statement& rows) {
     std::vector<OfferChange> changes;
@@ -41,20 +20,17 @@ std::vector<OfferChange> offerChangesIn(Statement& rows) {
 
 }  // namespace
 
-void OfferHistory::record(const std::optional<Offers>& before, const Offers& offers, Instant now) {
-    if (!before) return;
-    for (const auto& offer : missingIn(offers, *before)) add(offer, false, now);
-    for (const auto& offer : missingIn(*before, offers)) add(offer, true, now);
-}
-
-void OfferHistory::add(const UpdateOffer& offer, bool isOffered, Instant now) {
-    const auto record = boost::json::serialize(kit::encode(offer));
+void OfferHistory::add(std::span<const OfferChange> changes) {
+    if (changes.empty()) return;
     Statement put(database_,
                   "INSERT INTO offerChanges (platform, record, offered, seenAt) "
                   "VALUES (?, ?, ?, ?)");
-    put.bind(0, offer.platform).bind(1, record).bind(2, std::int64_t{isOffered});
-    put.bind(3, microseconds(now));
-    put.run();
+    for (const auto& change : changes) {
+        const auto record = boost::json::serialize(kit::encode(change.offer));
+        put.bind(0, change.offer.platform).bind(1, record);
+        put.bind(2, std::int64_t{change.isOffered}).bind(3, microseconds(change.seenAt));
+        put.run();
+    }
 }
 
 std::vector<OfferChange> OfferHistory::newest(std::size_t most, std::string_view platform) {

@@ -1,29 +1,10 @@
 #include "Tarnwick_Brell/Storage/Histories/SigningHistory.h"
 
-#include <set>
-#include <utility>
-
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
 
 namespace app {
 
-using kit::Instant;
-using kit::SignedBuild;
-using kit::SigningStatus;
-
 namespace {
-
-using BuildKey = std::pair<std::string, std::string>;
-
-BuildKey keyOf(const SignedBuild& build) { return {build.version, build.build}; }
-
-std::set<BuildKey> signedBuilds(const SigningStatus& status) {
-    std::set<BuildKey> keys;
-    for (const auto& build : status.builds) {
-        if (build.isSigned) keys.insert(keyOf(build));
-    }
-    return keys;
-}
 
 std::vector<SigningChange> signingChangesIn(Statement& rows) {
     std::vector<SigningChange> changes;
@@ -40,34 +21,17 @@ std::vector<SigningChange> signingChangesIn(Statement& rows) {
 
 }  // namespace
 
-void SigningHistory::record(std::string_view device, const std::optional<SigningStatus>& before,
-                            const SigningStatus& status, Instant now) {
-    if (!before) return;
-    const auto were = signedBuilds(*before), are = signedBuilds(status);
-    // Logs each build once, even if a list has it twice.
-    const auto log = [&](const SigningStatus& list, std::set<BuildKey> known, bool isSigned) {
-        for (const auto& build : list.builds) {
-            if (!build.isSigned || !known.insert(keyOf(build)).second) continue;
-            add({.device = std::string(device),
-                 .deviceName = status.name,
-                 .version = build.version,
-                 .build = build.build,
-                 .isSigned = isSigned,
-                 .seenAt = now});
-        }
-    };
-    log(*before, are, false);
-    log(status, were, true);
-}
-
-void SigningHistory::add(const SigningChange& change) {
+void SigningHistory::add(std::span<const SigningChange> changes) {
+    if (changes.empty()) return;
     Statement put(database_,
                   "INSERT INTO signingChanges (device, deviceName, version, build, signed, seenAt) "
                   "VALUES (?, ?, ?, ?, ?, ?)");
-    put.bind(0, change.device).bind(1, change.deviceName).bind(2, change.version);
-    put.bind(3, change.build).bind(4, std::int64_t{change.isSigned});
-    put.bind(5, microseconds(change.seenAt));
-    put.run();
+    for (const auto& change : changes) {
+        put.bind(0, change.device).bind(1, change.deviceName).bind(2, change.version);
+        put.bind(3, change.build).bind(4, std::int64_t{change.isSigned});
+        put.bind(5, microseconds(change.seenAt));
+        put.run();
+    }
 }
 
 std::vector<SigningChange> SigningHistory::newest(std::size_t most, std::string_view device) {

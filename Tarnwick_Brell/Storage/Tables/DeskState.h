@@ -25,6 +25,9 @@ public:
     static constexpr std::string_view kToldSigning = "toldSigning";
     static constexpr std::string_view kToldOffers = "toldOffers";
 
+    /// The last signal that was in the log when the user last looked at it.
+    static constexpr std::string_view kLookedAtSignal = "lookedAtSignal";
+
     std::optional<kit::Instant> instant(std::string_view key);
     void set(std::string_view key, std::optional<kit::Instant> value);
 

@@ -1,5 +1,7 @@
 #include "Tarnwick_Brell/Storage/Tables/Version9.h"
 
+#include "Tarnwick_Brell/Storage/Tables/PastSignals.h"
+
 namespace app {
 
 namespace {
@@ -34,6 +36,9 @@ constexpr const char* kSignalTables = R"sql(
 
 }  // namespace
 
-void completeVersion9(Database& database) { database.execute(kSignalTables); }
+void completeVersion9(Database& database) {
+    database.execute(kSignalTables);
+    logPast(database);
+}
 
 }  // namespace app

@@ -126,6 +126,29 @@ TEST(LibraryVersions, TheLastChangeOfMarksCanStillBeUndone) {
     EXPECT_TRUE(store.stories().findByID("a1", 1).at(0).savedAt);
 }
 
+TEST(LibraryVersions, ThePastIsLoggedOnceAndCountsAsSeen) {
+    const EarlierLibrary library(6);
+    Database(library.file(), Database::Access::readWrite)
+        .execute(
+            "INSERT INTO signingChanges VALUES (1, 'iPad9,1', 'Pad', '27', 'A', 0, 5000000);"
+            "INSERT INTO offerChanges VALUES (1, 'iOS', 'unreadable', 1, 6000000);"
+            "INSERT INTO serviceIncidents VALUES "
+            "(70, 'consumer', 'Mail', 'Mail|1.0', 'Outage', 'Down', 1000000, 8000000, 4000000, "
+            " 7000000, 9000000)");
+    for (int run = 0; run < 2; ++run) {
+        LocalStore store(library.file(), Database::Access::readWrite);
+        std::string titles;
+        for (const auto& [number, signal] : store.signalLog().newest(50)) {
+            if (signal.subject == "Mail" || signal.subject == "iPad9,1")
+                titles += signal.title + "; ";
+        }
+        EXPECT_EQ(titles,
+                  "Mail works again after a moment; iPadOS 27 (A) is no longer signed for Pad; "
+                  "Mail has an outage; ");
+        EXPECT_EQ(store.state().number(DeskState::kLookedAtSignal), store.signalLog().lastNumber());
+    }
+}
+
 TEST(LibraryVersions, ALibraryOfALaterVersionIsLeftAlone) {
     const EarlierLibrary library(5);
     Database(library.file(), Database::Access::readWrite).execute("PRAGMA user_version = 10");

@@ -1,5 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
+#include "NewsroomKit/Trackers/Releases/ReleaseSignals.h"
+#include "NewsroomKit/Trackers/Status/ServiceSignals.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
@@ -24,6 +29,16 @@ AppleServiceStatus::Incident incident(const char* status, int started,
             .message = message,
             .started = at(started),
             .ended = ended ? std::optional(at(*ended)) : std::nullopt};
+}
+
+/// What signals of trackers and of histories have in common, in the order of their ids.
+Lines told(const std::vector<kit::Signal>& all) {
+    Lines lines;
+    for (const auto& signal : all)
+        lines.push_back(signal.id + " " + signal.title + " " + text(signal.happenedAt) + " seen " +
+                        text(signal.seenAt) + " " + std::string(rawValue(signal.weight)));
+    std::ranges::sort(lines);
+    return lines;
 }
 
 class TrackerLogsTest : public ::testing::Test {
@@ -105,6 +120,38 @@ TEST_F(TrackerLogsTest, EachBuildHasItsTimeUntilAnotherTakesItsPlace) {
                         text(seen.firstSeen) + ".." + text(seen.replacedAt));
     }
     EXPECT_EQ(lines, (Lines{"public A 4..-", "public C 3..4", "beta B 1..-", "public A 1..3"}));
+}
+
+TEST_F(TrackerLogsTest, APastReadFromHistoriesIsWhatTheTrackersLogged) {
+    const std::vector<Services> statuses{
+        {{"Mail"}, {"Maps"}},
+        {{"Mail", {incident("ongoing", 90)}}, {"Maps", {incident("resolved", 50, 60)}}},
+        {{"Mail", {incident("resolved", 90, 280), incident("ongoing", 95)}}, {"Maps"}},
+        {{"Mail"}, {"Maps"}}};
+    const auto release = [](const char* build) {
+        return std::vector{kit::PlatformRelease{.platform = "iOS",
+                                                .current = kit::SoftwareRelease{.build = build}}};
+    };
+    const std::vector releases{release("A"), release("B"), release("B"), release("C")};
+    std::vector<kit::Signal> logged;
+    for (int i = 0; i < 4; ++i) {
+        const auto at = [i](const auto& answers) { return answers[static_cast<std::size_t>(i)]; };
+        const auto now = Instant(std::chrono::hours(30 * (i + 1)));
+        store_.incidents().record(StatusFeed::consumer, at(statuses), now);
+        store_.builds().record(at(releases), now);
+        if (i == 0) continue;
+        const auto before = [i](const auto& answers) {
+            return std::optional(answers[static_cast<std::size_t>(i - 1)]);
+        };
+        std::ranges::move(kit::signalsOf(before(statuses), at(statuses), StatusFeed::consumer, now),
+                          std::back_inserter(logged));
+        std::ranges::move(kit::signalsOf(before(releases), at(releases), now),
+                          std::back_inserter(logged));
+    }
+    auto past = kit::pastSignals(store_.incidents().find("", 99));
+    std::ranges::move(kit::pastSignals(store_.builds().newest(99)), std::back_inserter(past));
+    EXPECT_EQ(told(past), told(logged));
+    EXPECT_EQ(logged.size(), 7u);
 }
 
 TEST_F(TrackerLogsTest, OnlyTheCopiesAskedForLastStay) {

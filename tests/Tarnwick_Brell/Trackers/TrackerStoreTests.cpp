@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "NewsroomKit/Trackers/Signing/SigningSignals.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 #include "tests/support/app/TestDesk.h"
 #include "tests/support/app/TestTrackers.h"
@@ -304,7 +305,7 @@ TEST_F(TrackerStoreTest, ChangesAreAnnouncedOnceWhoeverFetchedThemAndOldOnesNotA
         LocalStore other(harness_.library(), Database::Access::readWrite);
         const auto before = kit::SigningStatus::parse(signingBody(""));
         const auto now = kit::SigningStatus::parse(signingBody(version));
-        other.signing().record("iPhone17,3", before, now, harness_.now());
+        other.signing().add(kit::signingChanges("iPhone17,3", before, now, harness_.now()));
     };
     change("8+");
     store_->load();
