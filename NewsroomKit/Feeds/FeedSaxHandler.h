@@ -10,26 +10,26 @@
 #include "NewsroomKit/Feeds/ElementNames.h"
 #include "NewsroomKit/Feeds/FeedEntryBuilder.h"
 #include "NewsroomKit/Feeds/FeedParser.h"
-#include "NewsroomKit/Feeds/XMLAttributes.h"
+#include "NewsroomKit/Feeds/XMLRun.h"
 
 namespace kit {
 
 /// Receives the XML parser's events and collects the feed. It tracks the open elements, the field
 /// that text belongs to, and the parts of an entry that belong to another item.
-class FeedSaxHandler {
+class FeedSaxHandler final : public XMLSink {
 public:
     explicit FeedSaxHandler(AddressBase base) : base_(std::move(base)) {}
 
     void startElement(const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri,
-                      const XMLAttributes& attributes);
-    void endElement(const xmlChar* localName);
-    void text(std::string_view characters);
+                      const XMLAttributes& attributes) override;
+    void endElement(const xmlChar* localName) override;
+    void text(std::string_view characters) override;
 
-    std::size_t depth() const { return open_.size(); }
+    std::size_t depth() const override { return open_.size(); }
+    bool isComplete() const override { return feed_.reachedLimit; }
     const AddressBase& base() const { return base_; }
     bool sawElement() const { return sawElement_; }
     bool sawFeedElement() const { return sawFeedElement_; }
-    bool reachedLimit() const { return feed_.reachedLimit; }
 
     /// The collected feed.
     ParsedFeed finish() &&;
