@@ -28,32 +28,38 @@ void takeItems(XMLElement& parent, FeedTree& feed) {
 
 }  // namespace
 
+std::optional<FeedTree> feedTree(XMLElement root) {
+    FeedTree feed;
+    if (equalsLowercase(root.name, "feed")) {
+        feed.isAtom = true;
+        takeItems(root, feed);
+        feed.channel = std::move(root);
+        return feed;
+    }
+    if (!equalsLowercase(root.name, "rss") && !equalsLowercase(root.name, "rdf")) {
+        return std::nullopt;
+    }
+    // RSS 1.0 has its items beside the channel.
+    takeItems(root, feed);
+    const auto channel = std::ranges::find_if(root.children, [](const XMLElement& child) {
+        return equalsLowercase(child.name, "channel");
+    });
+    if (channel != root.children.end()) {
+        takeItems(*channel, feed);
+        feed.channel = std::move(*channel);
+    }
+    return feed;
+}
+
 boost::outcome_v2::unchecked<FeedTree, FeedParserError> parseFeedTree(std::string_view bytes,
                                                                       const WorkLimit& limit) {
     auto root = parseXMLTree(bytes, limit);
     if (!root) {
         return isMeantAsFeed(bytes) ? FeedParserError::malformed : FeedParserError::notAFeed;
     }
-    FeedTree feed;
-    if (equalsLowercase(root->name, "feed")) {
-        feed.isAtom = true;
-        takeItems(*root, feed);
-        feed.channel = std::move(*root);
-        return feed;
-    }
-    if (!equalsLowercase(root->name, "rss") && !equalsLowercase(root->name, "rdf")) {
-        return FeedParserError::notAFeed;
-    }
-    // RSS 1.0 has its items beside the channel.
-    takeItems(*root, feed);
-    const auto channel = std::ranges::find_if(root->children, [](const XMLElement& child) {
-        return equalsLowercase(child.name, "channel");
-    });
-    if (channel != root->children.end()) {
-        takeItems(*channel, feed);
-        feed.channel = std::move(*channel);
-    }
-    return feed;
+    auto feed = feedTree(std::move(*root));
+    if (!feed) return FeedParserError::notAFeed;
+    return std::move(*feed);
 }
 
 std::string_view pageLink(const XMLElement& item) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -25,6 +26,9 @@ inline constexpr std::size_t feedTreeItemLimit = 10'000;
 
 boost::outcome_v2::unchecked<FeedTree, FeedParserError> parseFeedTree(std::string_view bytes,
                                                                       const WorkLimit& limit = {});
+
+/// The feed in a document that has been read. Nothing when its root is not a feed's.
+std::optional<FeedTree> feedTree(XMLElement root);
 
 /// The link of an item or a feed to a page: the text of RSS's element, or the address of Atom's
 /// that has no relation or is the "alternate". Empty when there is none.

@@ -95,6 +95,10 @@ json::object clusters(const json::object& input);
 json::object ledger(const json::object& input);
 json::object timeline(const json::object& input);
 
+// Courts and press releases
+json::object docket(const json::object& input);
+json::object press(const json::object& input);
+
 // The story archive
 json::object archiveURL(const json::object& input);
 

@@ -9,7 +9,7 @@
 namespace cli::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 30> all{{
+    static constexpr std::array<Kind, 32> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -39,6 +39,8 @@ std::span<const Kind> kinds() {
         {"clusters", "stories; memory, corrections", clusters},
         {"ledger", "stories, now; clusters, corrections", ledger},
         {"timeline", "stories; signals, corrections", timeline},
+        {"docket", "path or text", docket},
+        {"press", "path or text", press},
         {"archive-url", "operation; after, before, offset, limit, or urls, or url", archiveURL},
     }};
     return all;
