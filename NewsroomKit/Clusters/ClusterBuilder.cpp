@@ -29,6 +29,8 @@ public:
             if (a.right != b.right) return a.right < b.right;
             return a.strength != b.strength ? a.strength > b.strength : a.left < b.left;
         });
+        known_.reserve(2 * pairs.size());
+        for (const auto& pair : pairs) known_.emplace(keyOf(pair.left, pair.right), pair.strength);
         for (const auto& pair : pairs) join(groupOf_[pair.left], groupOf_[pair.right]);
         std::erase_if(groups_, [](const auto& group) { return group.empty(); });
         return std::move(groups_);
@@ -77,11 +79,13 @@ private:
         return sum >= (isMerging ? kAlikeToMerge : kAlike) * static_cast<double>(aCount * bCount);
     }
 
+    static std::uint64_t keyOf(std::size_t left, std::size_t right) {
+        return std::uint64_t{std::min(left, right)} << 32 | std::max(left, right);
+    }
+
     /// Nothing when the two exclude each other.
     std::optional<double> strengthOf(std::size_t left, std::size_t right) {
-        const std::uint64_t key =
-            std::uint64_t{std::min(left, right)} << 32 | std::max(left, right);
-        const auto [row, isNew] = known_.try_emplace(key);
+        const auto [row, isNew] = known_.try_emplace(keyOf(left, right));
         if (isNew) {
             const auto tie = tieBetween(*entries_[left], *entries_[right]);
             if (!tie.isExcluded) row->second = tie.strength;

@@ -25,12 +25,6 @@ std::uint64_t signatureOf(const std::vector<std::uint32_t>& numbers) {
     return hash;
 }
 
-bool isFromOneOutlet(std::span<const ClusterEntry* const> group) {
-    return std::all_of(group.begin(), group.end(), [&](const ClusterEntry* entry) {
-        return entry->outlet == group.front()->outlet;
-    });
-}
-
 std::uint32_t rootOf(std::vector<std::uint32_t>& parents, std::uint32_t number) {
     while (parents[number] != number) {
         parents[number] = parents[parents[number]];
@@ -39,7 +33,7 @@ std::uint32_t rootOf(std::vector<std::uint32_t>& parents, std::uint32_t number) 
     return number;
 }
 
-StoryCluster clusterOf(std::span<const ClusterEntry* const> group) {
+StoryCluster explainedCluster(std::span<const ClusterEntry* const> group) {
     StoryCluster cluster{.id = group.front()->storyID};
     for (const ClusterEntry* entry : group) {
         cluster.storyIDs.push_back(entry->storyID);
@@ -116,7 +110,8 @@ void StoryClusterer::compact() {
     finder_ = {};
     compared_ = 0;
     pairs_.clear();
-    known_.clear();
+    groups_.clear();
+    held_.clear();
 }
 
 void StoryClusterer::findPairs() {
@@ -156,7 +151,8 @@ std::vector<StoryClusterer::Component> StoryClusterer::components(
     return found;
 }
 
-std::vector<StoryCluster> StoryClusterer::clustersOf(
+/// The groups of a component that stand as clusters, by the numbers of their stories.
+std::vector<StoryClusterer::Component> StoryClusterer::groupsOf(
     Component component, const std::vector<PairFinder::Pair>& pairs) const {
     // 1. A fixed order, whatever order the stories were added in.
     std::sort(component.begin(), component.end(), [&](std::uint32_t a, std::uint32_t b) {
@@ -176,35 +172,71 @@ std::vector<StoryCluster> StoryClusterer::clustersOf(
     }
 
     // 2. Groups of more than one source, which a story that tells news leads.
-    std::vector<StoryCluster> clusters;
+    std::vector<Component> groups;
     for (const auto& places : grownGroups(entries, std::move(placed), kWindow)) {
-        std::vector<const ClusterEntry*> group;
+        Component group;
         for (const std::size_t place : places) {
             const bool mayStand = !group.empty() || entries[place]->genre == HeadlineGenre::news;
-            if (mayStand) group.push_back(entries[place]);
+            if (mayStand) group.push_back(component[place]);
         }
-        if (group.empty() || isFromOneOutlet(group)) continue;
-        clusters.push_back(clusterOf(group));
+        if (!isFromOneOutlet(group)) groups.push_back(std::move(group));
     }
-    return clusters;
+    return groups;
 }
 
-std::vector<StoryCluster> StoryClusterer::clusters() {
-    // 1. The clusters of each component, as known from the call before where nothing has changed.
+bool StoryClusterer::isFromOneOutlet(const Component& group) const {
+    return std::all_of(group.begin(), group.end(), [&](std::uint32_t number) {
+        return entries_[number].outlet == entries_[group.front()].outlet;
+    });
+}
+
+StoryClusterer::HeldCluster StoryClusterer::clusterOf(const Component& group) const {
+    std::vector<const ClusterEntry*> entries;
+    for (const std::uint32_t number : group) entries.push_back(&entries_[number]);
+    return {.cluster = explainedCluster(entries), .newest = entries.back()->publishedAt};
+}
+
+void StoryClusterer::findGroups() {
     findPairs();
     std::vector<std::vector<PairFinder::Pair>> pairsOf;
     const auto found = components(pairsOf);
-    std::unordered_map<std::uint64_t, std::vector<StoryCluster>> known;
-    std::vector<StoryCluster> clusters;
+    std::unordered_map<std::uint64_t, std::vector<std::uint64_t>> groupsOfComponent;
+    std::unordered_map<std::uint64_t, HeldCluster> held;
     for (std::size_t place = 0; place < found.size(); ++place) {
         const auto signature = signatureOf(found[place]);
-        const auto before = known_.find(signature);
-        auto& own = known[signature];
-        own = before != known_.end() ? std::move(before->second)
-                                     : clustersOf(found[place], pairsOf[place]);
-        clusters.insert(clusters.end(), own.begin(), own.end());
+        auto& groups = groupsOfComponent[signature];
+        if (const auto before = groups_.find(signature); before != groups_.end()) {
+            groups = std::move(before->second);
+            for (const auto group : groups) held.insert(held_.extract(group));
+            continue;
+        }
+        for (const auto& group : groupsOf(found[place], pairsOf[place])) {
+            const auto own = groups.emplace_back(signatureOf(group));
+            auto before = held_.extract(own);
+            if (before) {
+                held.insert(std::move(before));
+            } else {
+                held.emplace(own, clusterOf(group));
+            }
+        }
     }
-    known_ = std::move(known);
+    groups_ = std::move(groupsOfComponent);
+    held_ = std::move(held);
+}
+
+std::vector<StoryCluster> StoryClusterer::clusters() {
+    // 1. What the rules say, the newest activity first.
+    findGroups();
+    std::vector<const HeldCluster*> byTime;
+    byTime.reserve(held_.size());
+    for (const auto& row : held_) byTime.push_back(&row.second);
+    std::sort(byTime.begin(), byTime.end(), [](const auto* a, const auto* b) {
+        return a->newest != b->newest ? a->newest > b->newest : a->cluster.id < b->cluster.id;
+    });
+    std::vector<StoryCluster> clusters;
+    clusters.reserve(byTime.size());
+    for (const auto* held : byTime) clusters.push_back(held->cluster);
+    if (overrides_.isEmpty()) return clusters;
 
     // 2. What the user has said.
     const auto timeOf = [&](const std::string& id) -> const Instant* {
@@ -212,8 +244,6 @@ std::vector<StoryCluster> StoryClusterer::clusters() {
         return row == numbers_.end() ? nullptr : &entries_[row->second].publishedAt;
     };
     applyOverrides(overrides_, timeOf, clusters);
-
-    // 3. Newest activity first.
     std::sort(clusters.begin(), clusters.end(), [&](const auto& a, const auto& b) {
         const Instant newestOfA = *timeOf(a.storyIDs.back());
         const Instant newestOfB = *timeOf(b.storyIDs.back());

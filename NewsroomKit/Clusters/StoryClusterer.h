@@ -53,12 +53,20 @@ public:
 private:
     using Component = std::vector<std::uint32_t>;
 
+    struct HeldCluster {
+        StoryCluster cluster{};
+        Instant newest{};
+    };
+
     void drop(std::uint32_t number);
     void compact();
     void findPairs();
     std::vector<Component> components(std::vector<std::vector<PairFinder::Pair>>& pairsOf) const;
-    std::vector<StoryCluster> clustersOf(Component component,
-                                         const std::vector<PairFinder::Pair>& pairs) const;
+    std::vector<Component> groupsOf(Component component,
+                                    const std::vector<PairFinder::Pair>& pairs) const;
+    bool isFromOneOutlet(const Component& group) const;
+    HeldCluster clusterOf(const Component& group) const;
+    void findGroups();
 
     WordMemory memory_;
     ClusterOverrides overrides_;
@@ -67,8 +75,9 @@ private:
     PairFinder finder_;
     std::uint32_t compared_ = 0;  ///< the entries before this number are in the finder
     std::vector<PairFinder::Pair> pairs_;
-    /// The clusters among stories that are tied with each other, by a hash of their numbers.
-    std::unordered_map<std::uint64_t, std::vector<StoryCluster>> known_;
+    // As last found, to be used again where nothing has changed. Keys are hashes of numbers.
+    std::unordered_map<std::uint64_t, std::vector<std::uint64_t>> groups_;  ///< by component
+    std::unordered_map<std::uint64_t, HeldCluster> held_;                   ///< by group
 };
 
 }  // namespace kit
