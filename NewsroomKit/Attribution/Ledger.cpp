@@ -39,9 +39,19 @@ std::optional<State> settlementBy(const Story& story) {
 
 namespace {
 
+/// Courts are no matter of rumors, and what leaks data or is sued over has not leaked as news.
+bool isOfCourtsOrLeakedData(const std::string& title) {
+    static const Pattern pattern(
+        R"(\b(?:judge|jury|court|lawsuits?|sues|sued|verdict)\b|)"
+        R"(\bleak(?:s|ed|ing)? (?:nothing|no|passwords?|credentials|(?:\w+ )?data|case)\b)",
+        Pattern::Letters::ignoringCase);
+    return pattern.occursIn(title);
+}
+
 bool isClaim(const Story& story) {
     const bool isUnsure = story.sourcing == Sourcing::report || story.sourcing == Sourcing::rumor;
     return isUnsure && !story.isAppleSource && AppleTopic::matches(story.title) &&
+           !isOfCourtsOrLeakedData(story.title) &&
            headlineGenre(story.title, story.kind) == HeadlineGenre::news && isFirstHand(story);
 }
 

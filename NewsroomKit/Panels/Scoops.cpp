@@ -26,9 +26,9 @@ bool isFollowed(const Attribution& attribution, std::size_t followers) {
            *attribution.lead <= longest.count();
 }
 
-/// A roundup of other news and news of other companies are nobody's scoop here.
+/// A review, a roundup of other news and news of other companies are nobody's scoop here.
 bool canBeScoop(const Story& story) {
-    return AppleTopic::matches(story.title) &&
+    return AppleTopic::matches(story.title) && story.kind != StoryKind::review &&
            headlineGenre(story.title, story.kind) == HeadlineGenre::news;
 }
 

@@ -41,6 +41,16 @@ TEST(Ledger, FollowsAClaimUntilItIsSettledOrAYearHasPassed) {
     };
     const Case cases[] = {
         {"alone", {rumor}, kDay, "a open"},
+        {"a ruling",
+         {toldBy("Reuters", "a", minute(0), Sourcing::report,
+                 "Judge tosses lawsuit accusing Apple of collusion")},
+         kDay,
+         ""},
+        {"leaked data",
+         {toldBy("Wired", "a", minute(0), Sourcing::rumor,
+                 "macOS flaw leaks passwords of Apple IDs")},
+         kDay,
+         ""},
         {"a roundup",
          {toldBy("MacRumors", "a", minute(0), Sourcing::rumor,
                  "Top Stories: Apple Watch Rumors, Lamp Reviews, and More")},
