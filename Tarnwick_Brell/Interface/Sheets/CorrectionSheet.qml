@@ -69,6 +69,14 @@ Sheet {
             visible: sheet.part === 3
             content: sheet.content
         }
+        DeskField {
+            width: parent.width
+            outlined: true
+            label: qsTr("A note, for the list of corrections")
+            placeholderText: qsTr("Note (optional)")
+            text: sheet.content.note
+            onTextEdited: sheet.content.note = text
+        }
         DeskText {
             width: parent.width
             visible: text

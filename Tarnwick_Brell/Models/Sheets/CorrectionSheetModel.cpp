@@ -119,6 +119,11 @@ void CorrectionSheetModel::setBy(const QString& by) {
     emit changed();
 }
 
+void CorrectionSheetModel::setNote(const QString& note) {
+    note_ = note;
+    emit changed();
+}
+
 bool CorrectionSheetModel::canBeFirst() const {
     return !trimmedText(outlet_).empty() && kit::isOpenable(trimmedText(link_));
 }
@@ -127,8 +132,15 @@ void CorrectionSheetModel::make(Kind kind, std::optional<kit::Correction::Instea
                                 std::vector<std::string> more) {
     std::vector<std::string> stories{story_.id};
     std::ranges::move(more, std::back_inserter(stories));
-    end(makeCorrection(
-        stores_, {.kind = kind, .stories = std::move(stories), .instead = std::move(instead)}));
+    end(makeCorrection(stores_, {.kind = kind,
+                                 .stories = std::move(stories),
+                                 .instead = std::move(instead),
+                                 .note = writtenNote()}));
+}
+
+std::optional<std::string> CorrectionSheetModel::writtenNote() const {
+    auto note = trimmedText(note_);
+    return note.empty() ? std::nullopt : std::optional(std::move(note));
 }
 
 void CorrectionSheetModel::end(const QString& problem) {
@@ -147,7 +159,7 @@ void CorrectionSheetModel::chooseKind(int kind) {
     make(Kind::label, kit::Correction::Instead{.kind = static_cast<kit::StoryKind>(kind)});
 }
 
-void CorrectionSheetModel::split() { end(splitOff(stores_, story_.id)); }
+void CorrectionSheetModel::split() { end(splitOff(stores_, story_.id, writtenNote())); }
 
 void CorrectionSheetModel::join(int match) {
     if (const auto* row = matches_.row(match)) make(Kind::same, std::nullopt, {row->id});

@@ -57,6 +57,7 @@ class CorrectionSheetModel final : public app::SheetModel {
     Q_PROPERTY(QList<QString> credits READ credits CONSTANT)
     Q_PROPERTY(int credit READ credit WRITE setCredit NOTIFY changed)
     Q_PROPERTY(QString by READ by WRITE setBy NOTIFY changed)
+    Q_PROPERTY(QString note READ note WRITE setNote NOTIFY changed)
     Q_PROPERTY(QString failure READ failure NOTIFY changed)
 
 public:
@@ -85,6 +86,9 @@ public:
     void setCredit(int credit);
     const QString& by() const { return by_; }
     void setBy(const QString& by);
+    /// Why; may be empty.
+    const QString& note() const { return note_; }
+    void setNote(const QString& note);
     const QString& failure() const { return failure_; }
 
     Q_INVOKABLE void chooseSourcing(int sourcing);
@@ -100,6 +104,7 @@ signals:
 private:
     void make(kit::Correction::Kind kind, std::optional<kit::Correction::Instead> instead,
               std::vector<std::string> more = {});
+    std::optional<std::string> writtenNote() const;
     void end(const QString& problem);
 
     DeskStores stores_;
@@ -108,6 +113,7 @@ private:
     QString words_;
     QString outlet_;
     QString link_;
+    QString note_;
     int credit_ = 0;
     QString by_;
     QString failure_;

@@ -59,12 +59,14 @@ std::vector<std::string> othersOfSameNews(const DeskStores& stores, const std::s
     return {};
 }
 
-QString splitOff(const DeskStores& stores, const std::string& storyID) {
+QString splitOff(const DeskStores& stores, const std::string& storyID,
+                 std::optional<std::string> note) {
     auto ids = othersOfSameNews(stores, storyID);
     if (ids.empty()) return CorrectionSteps::tr("No other story tells the same news.");
     ids.insert(ids.begin(), storyID);
-    return makeCorrection(stores,
-                          {.kind = kit::Correction::Kind::notSame, .stories = std::move(ids)});
+    return makeCorrection(stores, {.kind = kit::Correction::Kind::notSame,
+                                   .stories = std::move(ids),
+                                   .note = std::move(note)});
 }
 
 }  // namespace app

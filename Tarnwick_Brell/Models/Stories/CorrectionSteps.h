@@ -21,6 +21,7 @@ void removeCorrection(const DeskStores& stores, const kit::Correction& correctio
 std::vector<std::string> othersOfSameNews(const DeskStores& stores, const std::string& storyID);
 
 /// The story tells other news than the rest of its cluster. Returns why that cannot be said.
-QString splitOff(const DeskStores& stores, const std::string& storyID);
+QString splitOff(const DeskStores& stores, const std::string& storyID,
+                 std::optional<std::string> note = {});
 
 }  // namespace app

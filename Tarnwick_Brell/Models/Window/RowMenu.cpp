@@ -37,12 +37,19 @@ void RowMenu::addStory(const QString& storyID) {
     const bool isSaved = desk_.isSaved(storyID.toStdString());
     for (const auto action : {DeskAction::OpenInBrowser, DeskAction::ToggleSaved,
                               DeskAction::CopyLink, DeskAction::CopyCitation}) {
-        const auto& entry = entryOf(action);
-        add({.title = titleOf(entry, isSaved && action == DeskAction::ToggleSaved),
-             .symbol = QString::fromLatin1(entry.symbol.data(),
-                                           static_cast<qsizetype>(entry.symbol.size()))},
-            [this, action, storyID] { stories_.perform(action, storyID); });
+        addAction(action, isSaved && action == DeskAction::ToggleSaved,
+                  [this, action, storyID] { stories_.perform(action, storyID); });
     }
+    addAction(DeskAction::ShowTimeline, false, [this, storyID] { emit timelineWanted(storyID); });
+    addAction(DeskAction::CorrectStory, false, [this, storyID] { emit correctionWanted(storyID); });
+}
+
+void RowMenu::addAction(DeskAction::Value action, bool isUndone, std::function<void()> run) {
+    const auto& entry = entryOf(action);
+    add({.title = titleOf(entry, isUndone),
+         .symbol =
+             QString::fromLatin1(entry.symbol.data(), static_cast<qsizetype>(entry.symbol.size()))},
+        std::move(run));
 }
 
 void RowMenu::addLink(const QString& link) {

@@ -52,12 +52,15 @@ public:
 signals:
     void openWanted();
     void linkWanted(const QString& link);
+    void timelineWanted(const QString& storyID);
+    void correctionWanted(const QString& storyID);
     /// A sentence for the user.
     void noticed(const QString& sentence);
 
 private:
     void add(RowMenuRow row, std::function<void()> run);
     void addStory(const QString& storyID);
+    void addAction(DeskAction::Value action, bool isUndone, std::function<void()> run);
     void addLink(const QString& link);
     void addPageActions();
     void copy(const QString& text, const QString& notice);

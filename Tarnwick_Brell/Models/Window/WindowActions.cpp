@@ -105,6 +105,14 @@ void WindowModel::splitStory() {
     if (!problem.isEmpty()) emit noticed(problem);
 }
 
+void WindowModel::openTimelineOf(const QString& storyID) {
+    open(TimelineSubject::ofNews(storyID.toStdString()).place());
+}
+
+void WindowModel::correctStory(const QString& storyID) {
+    showSheet(QStringLiteral("correct:") + storyID);
+}
+
 void WindowModel::togglePictures() {
     const auto& key = *SettingKey::named(SettingKey::kPictures);
     const auto problem =
@@ -123,16 +131,12 @@ void WindowModel::execute(Action action) {
         case DeskAction::FollowStory:
             showSheet(QStringLiteral("beat-from-story:") + selected_.reader()->storyID());
             break;
-        case DeskAction::ShowTimeline:
-            open(TimelineSubject::ofNews(selected_.reader()->storyID().toStdString()).place());
-            break;
+        case DeskAction::ShowTimeline: openTimelineOf(selected_.reader()->storyID()); break;
         case DeskAction::FindCoverage:
             if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
             selected_.reader()->findCoverage();
             break;
-        case DeskAction::CorrectStory:
-            showSheet(QStringLiteral("correct:") + selected_.reader()->storyID());
-            break;
+        case DeskAction::CorrectStory: correctStory(selected_.reader()->storyID()); break;
         case DeskAction::SplitStory: splitStory(); break;
         case DeskAction::PrintStory: emit printWanted(); break;
         case DeskAction::SaveStoryPDF: storyActions_.savePDF(); break;

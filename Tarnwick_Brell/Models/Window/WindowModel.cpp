@@ -69,6 +69,8 @@ void WindowModel::connectPages() {
     connect(&rowMenu_, &RowMenu::linkWanted, this, [this](const QString& link) {
         if (kit::isOpenable(link.toStdString())) emit linkWanted(link);
     });
+    connect(&rowMenu_, &RowMenu::timelineWanted, this, &WindowModel::openTimelineOf);
+    connect(&rowMenu_, &RowMenu::correctionWanted, this, &WindowModel::correctStory);
     connect(&refresh_, &RefreshStatus::failed, this, &WindowModel::noticed);
     connect(&appearance_, &Appearance::failed, this, &WindowModel::noticed);
     connect(&state_, &WindowState::failed, this, &WindowModel::noticed);

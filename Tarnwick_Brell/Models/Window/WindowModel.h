@@ -148,6 +148,8 @@ private:
     void goTo(const std::optional<Destination>& place);
     void traceStory();
     void splitStory();
+    void openTimelineOf(const QString& storyID);
+    void correctStory(const QString& storyID);
     void togglePictures();
     void undoLast();
     void step(int by);

@@ -102,14 +102,19 @@ TEST_F(SubjectJobTest, TheTimelineOfAStorysNewsIsShownAndExportedWithKeys) {
 
 TEST_F(SubjectJobTest, ALabelIsCorrectedUndoneAndTakenBackFromTheList) {
     choose("tide");
-    press(Qt::Key_K, Qt::ShiftModifier);
+    auto& menu = *model_->rowMenu();
+    ASSERT_TRUE(menu.show({{"storyID", reader().storyID()}}));
+    menu.run(static_cast<int>(column(*menu.rows(), "title")
+                                  .indexOf("Correct what the desk made of it")));
     ASSERT_TRUE(until([&] { return model_->sheet() != nullptr; }));
+    model_->sheet()->setProperty("note", " Seen in the newsroom ");
     waitForFrame();
     press(Qt::Key_1);
     ASSERT_TRUE(until([&] { return reader().sourcing() == StorySourcing::Confirmed; }));
     EXPECT_EQ(reader().correctedText(), "No label → Confirmed, corrected by you")
         << "the rules read no report in this headline";
     EXPECT_EQ(model_->sheet(), nullptr);
+    EXPECT_EQ(harness_.news->corrections().all().at(0).note, "Seen in the newsroom");
 
     press(Qt::Key_Z, Qt::ControlModifier);
     ASSERT_TRUE(until([&] { return reader().sourcing() == StorySourcing::Report; }));
