@@ -1,6 +1,7 @@
 #include "NewsroomKit/Attribution/LaterAnswers.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <string_view>
@@ -12,6 +13,7 @@
 
 #include "NewsroomKit/Clusters/ClusterBuilder.h"
 #include "NewsroomKit/Clusters/ClusterEntry.h"
+#include "NewsroomKit/Clusters/MembershipReason.h"
 #include "NewsroomKit/Clusters/WordMemory.h"
 
 namespace kit {
@@ -23,6 +25,16 @@ struct Answer {
     LedgerClaim::State state = LedgerClaim::State::open;
     ClusterEntry entry{};
 };
+
+bool areApart(const CorrectionOverlay* corrections, const std::string& one,
+              const std::string& other) {
+    if (!corrections) return false;
+    return std::ranges::any_of(corrections->apart(), [&](const auto& ids) {
+        const auto names = [&](const auto& id) { return std::ranges::find(ids, id) != ids.end(); };
+        // One that is split off alone tells the news of no other.
+        return ids.size() == 1 ? names(one) || names(other) : names(one) && names(other);
+    });
+}
 
 /// The stories that can settle claims, by the rare words of their headlines.
 class Answers {
@@ -62,7 +74,8 @@ public:
             const auto& answer = answers_[place];
             const auto at = answer.story->publishedAt;
             if (at < claim.at || at > claim.at + kClaimLifetime) continue;
-            if (answer.story->id == claim.story || areApart(answer.story->id, claim.story))
+            if (answer.story->id == claim.story ||
+                areApart(corrections_, answer.story->id, claim.story))
                 continue;
             if (tellsTheSame(answer.entry, told)) return &answer;
         }
@@ -70,18 +83,6 @@ public:
     }
 
 private:
-    bool areApart(const std::string& one, const std::string& other) const {
-        if (!corrections_) return false;
-        return std::ranges::any_of(corrections_->apart(), [&](const auto& ids) {
-            const auto names = [&](const auto& id) {
-                return std::ranges::find(ids, id) != ids.end();
-            };
-            // One that is split off alone tells the news of no other.
-            return ids.size() == 1 ? ids.front() == one || ids.front() == other
-                                   : names(one) && names(other);
-        });
-    }
-
     static bool tellsTheSame(const ClusterEntry& answer, ClusterEntry told) {
         // Months apart are no reason against it.
         told.publishedAt = answer.publishedAt;
@@ -104,27 +105,53 @@ WordMemory memoryOf(std::span<const Story* const> stories) {
     return memory;
 }
 
+void settle(LedgerClaim& claim, const Story& story, LedgerClaim::State state, std::string why) {
+    claim.state = state;
+    claim.settledBy = story.id;
+    claim.days = std::chrono::duration<double>(story.publishedAt - claim.at).count() / 86'400;
+    claim.why = std::move(why);
+}
+
+using StoriesByID = std::unordered_map<std::string_view, const Story*>;
+
+void settleAsKnown(LedgerClaim& claim, const ClaimAnswer& known, const StoriesByID& byID,
+                   const CorrectionOverlay* corrections) {
+    const auto story = byID.find(known.story);
+    if (story == byID.end() || areApart(corrections, known.story, known.claim)) return;
+    const auto& answer = *story->second;
+    const bool isInTime =
+        answer.publishedAt >= claim.at && answer.publishedAt <= claim.at + kClaimLifetime;
+    const auto state = settlementBy(answer);
+    if (state && isInTime) settle(claim, answer, *state, known.why);
+}
+
 }  // namespace
 
 void settleByLaterAnswers(Ledger& ledger, std::span<const Story* const> stories,
-                          const CorrectionOverlay* corrections) {
+                          const CorrectionOverlay* corrections,
+                          std::span<const ClaimAnswer> known) {
     using State = LedgerClaim::State;
     const auto memory = memoryOf(stories);
     const Answers answers(stories, memory, corrections);
-    std::unordered_map<std::string_view, const Story*> byID;
+    StoriesByID byID;
     for (const auto* story : stories) byID.emplace(story->id, story);
+    std::unordered_map<std::string_view, const ClaimAnswer*> knownByClaim;
+    for (const auto& answer : known) knownByClaim.emplace(answer.claim, &answer);
     for (auto& claim : ledger.claims) {
         const auto story = byID.find(claim.story);
-        const bool isSettled = claim.state == State::confirmed || claim.state == State::denied;
-        if (isSettled || story == byID.end()) continue;
+        const auto isSettled = [&] {
+            return claim.state == State::confirmed || claim.state == State::denied;
+        };
+        if (isSettled() || story == byID.end()) continue;
+        const auto before = knownByClaim.find(claim.story);
+        if (before != knownByClaim.end()) settleAsKnown(claim, *before->second, byID, corrections);
+        if (isSettled()) continue;
         auto told = ClusterEntry::of(*story->second);
         told.vector = headlineVector(told.headline, memory);
         const auto* answer = answers.to(claim, told);
         if (!answer) continue;
-        claim.state = answer->state;
-        claim.settledBy = answer->story->id;
-        claim.days =
-            std::chrono::duration<double>(answer->story->publishedAt - claim.at).count() / 86'400;
+        const std::array<const ClusterEntry*, 2> both{&told, &answer->entry};
+        settle(claim, *answer->story, answer->state, membershipReason(told, both));
     }
     ledger.outlets = ledgerOutlets(ledger.claims);
 }

@@ -84,6 +84,7 @@ void settle(LedgerClaim& claim, const StoryList& stories, Instant now) {
         if (!state) continue;
         claim.state = *state;
         claim.settledBy = story->id;
+        claim.why = "One of the stories that tell the same news.";
         claim.days = std::chrono::duration<double>(story->publishedAt - claim.at).count() / 86'400;
         return;
     }

@@ -23,6 +23,7 @@ struct LedgerClaim {
     State state = State::open;
     std::optional<std::string> settledBy{};  ///< id of the story that confirms or denies it
     std::optional<double> days{};            ///< until then
+    std::string why{};  ///< how that story tells the claim's news; empty while none settles it
 
     bool operator==(const LedgerClaim&) const = default;
 };

@@ -5,7 +5,6 @@
 #include <unordered_map>
 #include <utility>
 
-#include "NewsroomKit/Attribution/LaterAnswers.h"
 #include "NewsroomKit/Attribution/TellingOutlet.h"
 
 namespace kit {
@@ -13,7 +12,7 @@ namespace kit {
 LedgerRecord ledgerOf(const PanelNews& news) {
     const auto stories = storiesOf(news);
     auto ledger = makeLedger(stories, groupsOf(news), news.now);
-    settleByLaterAnswers(ledger, stories, news.corrections);
+    settleByLaterAnswers(ledger, stories, news.corrections, news.answers);
     std::unordered_map<std::string_view, const PanelStory*> byID;
     for (const auto& story : news.stories) byID.emplace(story.story->id, &story);
     LedgerRecord record{.outlets = std::move(ledger.outlets)};
@@ -25,6 +24,16 @@ LedgerRecord ledgerOf(const PanelNews& news) {
     }
     std::ranges::reverse(record.claims);
     return record;
+}
+
+std::vector<ClaimAnswer> LedgerRecord::answers() const {
+    std::vector<ClaimAnswer> answers;
+    for (const auto& row : claims) {
+        const auto& claim = row.claim;
+        if (claim.settledBy)
+            answers.push_back({.claim = claim.story, .story = *claim.settledBy, .why = claim.why});
+    }
+    return answers;
 }
 
 LedgerContent ledgerContent(const LedgerRecord& ledger, const LedgerFilter& filter) {

@@ -24,6 +24,9 @@ struct LedgerRow {
 struct LedgerRecord {
     std::vector<LedgerOutlet> outlets{};  ///< the most claims first, then by name
     std::vector<LedgerRow> claims{};      ///< the latest first
+
+    /// What settled them.
+    std::vector<ClaimAnswer> answers() const;
 };
 
 /// Settles claims by their clusters and by later answers, however old the stories are.

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "NewsroomKit/Attribution/CorrectionOverlay.h"
+#include "NewsroomKit/Attribution/LaterAnswers.h"
 #include "NewsroomKit/Clusters/StoryCluster.h"
 #include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Stories/Story.h"
@@ -26,6 +27,8 @@ struct PanelNews {
     Instant now{};
     /// The user's word on who was first; labels and clusters have theirs already. Null for none.
     const CorrectionOverlay* corrections = nullptr;
+    /// What has settled claims before.
+    std::span<const ClaimAnswer> answers{};
 };
 
 std::vector<const Story*> storiesOf(const PanelNews& news);

@@ -35,6 +35,7 @@ void printLedgerRecords(Session& session, const std::vector<kit::LedgerOutlet>& 
     for (const auto& row : rows) {
         auto record = kit::encode(row.claim).as_object();
         record["title"] = row.story.title;
+        if (row.claim.settledBy) record["why"] = row.claim.why;
         claims.push_back(std::move(record));
     }
     printValue(session, boost::json::object{{"claims", std::move(claims)},

@@ -3,12 +3,15 @@
 #include <chrono>
 
 #include "NewsroomKit/Clusters/StoryClusterer.h"
+#include "Tarnwick_Brell/Desk/DeskWorker.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
 
 Subjects::Subjects(LocalStore& store, const Scope& scope, const std::stop_token& stop)
-    : corrections_(store.corrections().overlay()), now_(scope.now) {
+    : corrections_(store.corrections().overlay()),
+      answers_(store.claimAnswers().all()),
+      now_(scope.now) {
     const auto compiled = scope.query.compiled();
     kit::StoryClusterer clusterer;
     store.stories().eachInWireOrder(scope.from, [&](const StoredStory& stored) {
@@ -35,7 +38,19 @@ kit::PanelNews Subjects::news() const {
     return {.stories = selected_,
             .clusters = clusters_,
             .now = now_,
-            .corrections = corrections_.get()};
+            .corrections = corrections_.get(),
+            .answers = answers_};
+}
+
+void keepAnswers(DeskWorker& worker, std::vector<kit::ClaimAnswer> answers) {
+    if (answers.empty()) return;
+    worker.post(
+        [answers = std::move(answers)](DeskWorker::WorkerContext& context) {
+            auto transaction = context.store.transaction();
+            context.store.claimAnswers().keep(answers);
+            transaction.commit();
+        },
+        [](const std::exception&) {});
 }
 
 }  // namespace app

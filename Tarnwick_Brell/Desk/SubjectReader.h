@@ -12,6 +12,7 @@
 
 namespace app {
 
+class DeskWorker;
 class LocalStore;
 
 /// The stories of a long time that a query selects, and which of all stories of that time tell the
@@ -43,8 +44,12 @@ private:
     std::vector<kit::PanelStory> selected_;
     std::vector<kit::StoryCluster> clusters_;
     std::shared_ptr<const kit::CorrectionOverlay> corrections_;
+    std::vector<kit::ClaimAnswer> answers_;
     kit::Instant now_;
     bool isCut_ = false;
 };
+
+/// Keeps what has settled claims. When it can't be written, it is found again the next time.
+void keepAnswers(DeskWorker& worker, std::vector<kit::ClaimAnswer> answers);
 
 }  // namespace app

@@ -5,6 +5,7 @@
 #include "Tarnwick_Brell/Storage/Histories/BuildHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/ChartHistory.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
+#include "Tarnwick_Brell/Storage/Tables/ClaimAnswerTable.h"
 #include "Tarnwick_Brell/Storage/Tables/CorrectionTable.h"
 #include "Tarnwick_Brell/Storage/Tables/DeskState.h"
 #include "Tarnwick_Brell/Storage/Files/DurableFiles.h"
@@ -41,6 +42,7 @@ public:
     static void begin(const std::filesystem::path& file);
 
     CorrectionTable& corrections() { return corrections_; }
+    ClaimAnswerTable& claimAnswers() { return claimAnswers_; }
     StoryTable& stories() { return stories_; }
     /// Made when it is asked for: its statements need a library that may be written.
     [[nodiscard]] StoryMerge merging() { return StoryMerge(database_, searchIndex_); }
@@ -75,6 +77,7 @@ private:
     std::optional<FileLock> use_;
     Database database_;
     CorrectionTable corrections_;
+    ClaimAnswerTable claimAnswers_;
     StoryTable stories_;
     StorySearch search_;
     SearchIndex searchIndex_;

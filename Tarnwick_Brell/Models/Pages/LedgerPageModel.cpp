@@ -62,7 +62,8 @@ LedgerClaimRow claimRow(const kit::LedgerRow& claim, kit::Instant now) {
                        .storyID = plainText(claim.claim.story)};
     row.spokenText = LedgerPageModel::tr("%1. %2. %3").arg(row.title, row.detail, row.state);
     if (claim.settledBy)
-        row.spokenText += LedgerPageModel::tr(" by: %1").arg(titleText(claim.settledBy->title));
+        row.spokenText += LedgerPageModel::tr(" by: %1 (%2)")
+                              .arg(titleText(claim.settledBy->title), titleText(claim.claim.why));
     return row;
 }
 
@@ -74,6 +75,7 @@ LedgerPageModel::LedgerPageModel(const DeskStores& stores)
           return [this, held = std::move(held), isCut = subjects.isCut()] {
               held_ = held;
               isCut_ = isCut;
+              keepAnswers(this->stores().news.worker(), held->answers());
           };
       }) {
     connect(&loader_, &SubjectLoader::loaded, this, &LedgerPageModel::update);

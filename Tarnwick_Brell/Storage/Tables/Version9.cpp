@@ -34,10 +34,20 @@ constexpr const char* kSignalTables = R"sql(
     END;
 )sql";
 
+// By the stories' ids, which need not be in the library any more.
+constexpr const char* kClaimAnswers = R"sql(
+    CREATE TABLE IF NOT EXISTS claimAnswers (
+        claim TEXT PRIMARY KEY,
+        story TEXT NOT NULL,
+        why TEXT NOT NULL
+    ) WITHOUT ROWID;
+)sql";
+
 }  // namespace
 
 void completeVersion9(Database& database) {
     database.execute(kSignalTables);
+    database.execute(kClaimAnswers);
     logPast(database);
 }
 

@@ -185,6 +185,14 @@ TEST(Ledger, AnswersThatComeMonthsLaterSettleTheClaimTheyAreAbout) {
     ledger = claims;
     settleByLaterAnswers(ledger, pointersTo(stories), &overlay);
     EXPECT_EQ(text(ledger), "a confirmed by x after 90; b open; c open") << "as the user says";
+
+    const ClaimAnswer known[]{{.claim = "b", .story = "v", .why = "kept"},
+                              {.claim = "a", .story = "w", .why = "kept"},
+                              {.claim = "c", .story = "gone", .why = "kept"}};
+    ledger = claims;
+    settleByLaterAnswers(ledger, pointersTo(stories), &overlay, known);
+    EXPECT_EQ(text(ledger), "a confirmed by x after 90; b confirmed by v after 55; c open")
+        << "as before, but for what the user says";
 }
 
 }  // namespace

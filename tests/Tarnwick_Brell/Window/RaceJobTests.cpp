@@ -64,5 +64,14 @@ TEST_F(RaceJobTest, TheLedgerListsTheClaimsOfTheOutletThatIsChosen) {
     EXPECT_EQ(page.nothingShown(), "No claim matches the filter.");
 }
 
+TEST_F(RaceJobTest, WhatHasSettledAClaimIsKept) {
+    harness_.tell("Apple Newsroom", "11:31", "Apple unveils a lighter Vision headset without a fan",
+                  kit::Sourcing::confirmed);
+    open<LedgerPageModel>("page:ledger");
+    LocalStore store(harness_.desk.library(), Database::Access::readOnly);
+    ASSERT_TRUE(until([&] { return store.claimAnswers().all().size() == 2; }));
+    EXPECT_FALSE(store.claimAnswers().all().front().why.empty());
+}
+
 }  // namespace
 }  // namespace app
