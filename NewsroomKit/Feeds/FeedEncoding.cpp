@@ -158,6 +158,11 @@ std::string_view withDamageReplaced(std::string_view text, const Census& counts,
 }  // namespace
 
 std::string_view feedInUTF8(std::string_view bytes, std::string& storage) {
+    return labelledInUTF8(bytes, declaredEncoding(bytes), storage);
+}
+
+std::string_view labelledInUTF8(std::string_view bytes, const std::string& label,
+                                std::string& storage) {
     // 1. Byte-order marks and zero bytes are unambiguous.
     std::size_t markLength = 0;
     if (const char* name = encodingOfBytes(bytes, markLength)) {
@@ -172,7 +177,7 @@ std::string_view feedInUTF8(std::string_view bytes, std::string& storage) {
     if (isUTF8 && counts.sound == 0) return bytes;
 
     // 3. A label that the bytes do not contradict.
-    if (const auto encoding = encodingOfLabel(declaredEncoding(bytes))) {
+    if (const auto encoding = encodingOfLabel(label)) {
         const Converter converter(encoding->c_str());
         if (converter.handle && !(isUTF8 && converter.readsOneByteACharacter())) {
             return converted(bytes, converter, storage);

@@ -15,4 +15,8 @@ namespace kit {
 /// otherwise.
 std::string_view feedInUTF8(std::string_view bytes, std::string& storage);
 
+/// The same for bytes whose label was found elsewhere, in lower case; empty when there is none.
+std::string_view labelledInUTF8(std::string_view bytes, const std::string& label,
+                                std::string& storage);
+
 }  // namespace kit
