@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <unicode/bytestream.h>
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
@@ -125,6 +126,17 @@ std::optional<std::size_t> prefixLengthIgnoringCase(std::string_view text,
     }
     if (matched != wanted.length()) return std::nullopt;
     return length;
+}
+
+void composeAccents(std::string& text) {
+    if (endOfASCII(text, 0) == text.size()) return;
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status);
+    if (U_FAILURE(status) || nfc->isNormalizedUTF8(text, status)) return;
+    std::string composed;
+    icu::StringByteSink<std::string> sink(&composed);
+    nfc->normalizeUTF8(0, text, sink, nullptr, status);
+    if (U_SUCCESS(status)) text = std::move(composed);
 }
 
 }  // namespace kit

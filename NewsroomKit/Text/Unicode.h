@@ -20,6 +20,9 @@ bool isWhitespaceOrNewline(char32_t codePoint);
 std::string validUTF8(std::string_view text);
 bool isValidUTF8(std::string_view text);
 
+/// The text with letters and their accents joined (normalisation form C), in place.
+void composeAccents(std::string& text);
+
 std::string_view trimWhitespaceAndNewlines(std::string_view text);
 std::string_view trimHorizontalWhitespace(std::string_view text);
 

@@ -10,7 +10,7 @@ FREE = {"PressRoom", "tests", "benchmarks", "fuzzers"}
 # Header prefix -> the only folders that may include it.
 DOORS = {
     r"curl/": ["NewsroomKit/HTTP", "tests"],
-    r"libxml/": ["NewsroomKit/Feeds", "NewsroomKit/Outlines", "tests", "benchmarks"],
+    r"libxml/": ["NewsroomKit/Feeds", "NewsroomKit/Outlines", "NewsroomKit/Pages", "tests", "benchmarks"],
     r"sqlite3\.h": ["Tarnwick_Brell/Storage"],
     r"CLI/": ["Tarnwick_Brell/Arguments/Arguments.cpp"],
     r"boost/beast": ["PressRoom/Server"],
