@@ -99,6 +99,10 @@ json::object timeline(const json::object& input);
 json::object docket(const json::object& input);
 json::object press(const json::object& input);
 
+// Watched pages
+json::object page(const json::object& input);
+json::object pageDiff(const json::object& input);
+
 // The story archive
 json::object archiveURL(const json::object& input);
 

@@ -9,7 +9,7 @@
 namespace cli::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 32> all{{
+    static constexpr std::array<Kind, 34> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -41,6 +41,8 @@ std::span<const Kind> kinds() {
         {"timeline", "stories; signals, corrections", timeline},
         {"docket", "path or text", docket},
         {"press", "path or text", press},
+        {"page", "html, path or text; url, contentType, status", page},
+        {"pagediff", "before, after (HTML; url), or beforeText, afterText (lines)", pageDiff},
         {"archive-url", "operation; after, before, offset, limit, or urls, or url", archiveURL},
     }};
     return all;
