@@ -24,6 +24,11 @@ enum class SignalEvent {
     chartLeader,
     chartTopTen,
     chartTopTenOfApple,
+    docketEntry,  ///< of a kind that matters
+    docketRoutine,
+    docketReadable,  ///< a stub that got its text
+    pressRelease,
+    pressReleaseOfApple,
 };
 
 struct SignalEventRow {
@@ -49,6 +54,12 @@ inline constexpr std::array kSignalEvents{
     SignalEventRow{SignalEvent::chartLeader, SignalKind::chart, SignalWeight::notable},
     SignalEventRow{SignalEvent::chartTopTen, SignalKind::chart, SignalWeight::routine},
     SignalEventRow{SignalEvent::chartTopTenOfApple, SignalKind::chart, SignalWeight::notable},
+    SignalEventRow{SignalEvent::docketEntry, SignalKind::docket, SignalWeight::notable},
+    SignalEventRow{SignalEvent::docketRoutine, SignalKind::docket, SignalWeight::routine},
+    SignalEventRow{SignalEvent::docketReadable, SignalKind::docket, SignalWeight::routine},
+    SignalEventRow{SignalEvent::pressRelease, SignalKind::pressRelease, SignalWeight::routine},
+    SignalEventRow{SignalEvent::pressReleaseOfApple, SignalKind::pressRelease,
+                   SignalWeight::notable},
 };
 
 static_assert(

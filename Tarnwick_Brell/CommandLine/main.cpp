@@ -147,6 +147,8 @@ int main(int argc, char** argv) {
     addQuoteCommand(app, chosen);
     addBoardCommand(app, chosen);
     addSigningCommand(app, chosen);
+    addCourtCommand(app, chosen);
+    addPressCommand(app, chosen);
     addUpdatesCommand(app, chosen);
     addChartsCommand(app, chosen);
     addArchiveCommand(app, chosen);

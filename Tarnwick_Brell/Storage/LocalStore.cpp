@@ -74,7 +74,9 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       signing_(database_),
       offers_(database_),
       charts_(database_),
-      signalLog_(database_) {
+      signalLog_(database_),
+      docketEntries_(database_, "docketEntries"),
+      pressReleases_(database_, "pressReleases") {
     if (access == Database::Access::readWrite) {
         if (isOutdated(database_)) {
             const auto earlier = version();

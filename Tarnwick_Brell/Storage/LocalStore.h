@@ -13,6 +13,7 @@
 #include "Tarnwick_Brell/Storage/Histories/IncidentLog.h"
 #include "Tarnwick_Brell/Storage/Tables/MarkTable.h"
 #include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
+#include "Tarnwick_Brell/Storage/Histories/RecordHistory.h"
 #include "Tarnwick_Brell/Storage/Tables/RecordTable.h"
 #include "Tarnwick_Brell/Storage/Tables/SearchIndex.h"
 #include "Tarnwick_Brell/Storage/Histories/SignalLog.h"
@@ -61,6 +62,8 @@ public:
     OfferHistory& offers() { return offers_; }
     ChartHistory& charts() { return charts_; }
     SignalLog& signalLog() { return signalLog_; }
+    RecordHistory& docketEntries() { return docketEntries_; }
+    RecordHistory& pressReleases() { return pressReleases_; }
 
     std::int64_t version();
 
@@ -95,6 +98,8 @@ private:
     OfferHistory offers_;
     ChartHistory charts_;
     SignalLog signalLog_;
+    RecordHistory docketEntries_;
+    RecordHistory pressReleases_;
     std::int64_t dataVersion_ = 0;
 };
 

@@ -6,11 +6,22 @@
 namespace app {
 
 /// What the desk follows beside the news. The files of one tracker are fetched together.
-enum class Tracker { status, releases, quotes, board, events, signing, updates, charts };
+enum class Tracker {
+    status,
+    releases,
+    quotes,
+    board,
+    events,
+    signing,
+    updates,
+    charts,
+    court,
+    press
+};
 
-inline constexpr std::array kTrackers{Tracker::status,  Tracker::releases, Tracker::quotes,
-                                      Tracker::board,   Tracker::events,   Tracker::signing,
-                                      Tracker::updates, Tracker::charts};
+inline constexpr std::array kTrackers{
+    Tracker::status,  Tracker::releases, Tracker::quotes, Tracker::board, Tracker::events,
+    Tracker::signing, Tracker::updates,  Tracker::charts, Tracker::court, Tracker::press};
 
 /// How often a tracker is fetched. `isMarketOpen` matters for quotes alone.
 constexpr std::chrono::minutes pollInterval(Tracker tracker, bool isMarketOpen = false) {
@@ -24,6 +35,8 @@ constexpr std::chrono::minutes pollInterval(Tracker tracker, bool isMarketOpen =
         case Tracker::signing:
         case Tracker::updates:
         case Tracker::charts: return minutes(30);
+        case Tracker::court: return minutes(10);
+        case Tracker::press: return minutes(20);
     }
     return minutes(30);
 }

@@ -75,7 +75,9 @@ HistoryUpdate loadHistory(LocalStore& store, Tracker tracker) {
         case Tracker::status:
         case Tracker::quotes:
         case Tracker::board:
-        case Tracker::events: break;
+        case Tracker::events:
+        case Tracker::court:
+        case Tracker::press: break;
     }
     return [](Histories&) { return false; };
 }

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
+#include "Tarnwick_Brell/Trackers/TrackedRecords.h"
 #include "Tarnwick_Brell/Trackers/TrackerJobs.h"
 
 namespace app {
@@ -47,6 +48,14 @@ TrackerStore::Files TrackerStore::filesOf(Tracker tracker) const {
         case Tracker::updates: return {all.updates()};
         case Tracker::charts:
             for (const auto& row : kit::enumTable<Chart>) list.emplace_back(all.chart(row.value));
+            return list;
+        case Tracker::court:
+            for (auto& file : docketFiles(FollowedFeeds(defaults_)))
+                list.emplace_back(std::move(file));
+            return list;
+        case Tracker::press:
+            for (auto& file : pressFiles(FollowedFeeds(defaults_), all.serviceAddress))
+                list.emplace_back(std::move(file));
             return list;
     }
     return list;
@@ -164,6 +173,8 @@ void TrackerStore::emitChanged(Tracker tracker) {
         case Tracker::signing: emit signingChanged(); break;
         case Tracker::updates: emit updatesChanged(); break;
         case Tracker::charts: emit chartsChanged(); break;
+        case Tracker::court: emit courtChanged(); break;
+        case Tracker::press: emit pressChanged(); break;
     }
 }
 

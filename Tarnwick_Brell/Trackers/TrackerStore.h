@@ -73,6 +73,11 @@ public:
     const kit::CachedValue<std::vector<kit::ChartEntry>>& chart(Chart kind) const {
         return values_.of(files().chart(kind));
     }
+    /// Of any file that is followed, as those of courts and wires.
+    template <class T>
+    const kit::CachedValue<T>& valueOf(const TrackedFile<T>& file) const {
+        return values_.of(file);
+    }
     /// The last day before the chart's on which it was seen.
     std::optional<kit::ChartDay> chartDayBefore(Chart kind) const;
 
@@ -157,6 +162,8 @@ signals:
     void signingChanged();
     void updatesChanged();
     void chartsChanged();
+    void courtChanged();
+    void pressChanged();
     /// Which trackers are being refreshed, `failures` and `lastUpdated`.
     void refreshChanged();
 

@@ -43,11 +43,32 @@ constexpr const char* kClaimAnswers = R"sql(
     ) WITHOUT ROWID;
 )sql";
 
+// What followed feeds of courts and companies have listed, for good; see RecordHistory.
+constexpr const char* kFeedRecordTables = R"sql(
+    CREATE TABLE IF NOT EXISTS docketEntries (
+        key TEXT PRIMARY KEY,
+        feed TEXT NOT NULL,
+        happenedAt INTEGER,
+        firstSeen INTEGER NOT NULL,
+        record TEXT NOT NULL
+    );
+    CREATE INDEX IF NOT EXISTS docketEntriesByFeed ON docketEntries (feed);
+    CREATE TABLE IF NOT EXISTS pressReleases (
+        key TEXT PRIMARY KEY,
+        feed TEXT NOT NULL,
+        happenedAt INTEGER,
+        firstSeen INTEGER NOT NULL,
+        record TEXT NOT NULL
+    );
+    CREATE INDEX IF NOT EXISTS pressReleasesByFeed ON pressReleases (feed);
+)sql";
+
 }  // namespace
 
 void completeVersion9(Database& database) {
     database.execute(kSignalTables);
     database.execute(kClaimAnswers);
+    database.execute(kFeedRecordTables);
     logPast(database);
 }
 

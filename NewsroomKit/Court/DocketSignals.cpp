@@ -1,0 +1,123 @@
+#include "NewsroomKit/Court/DocketSignals.h"
+
+#include <algorithm>
+#include <chrono>
+#include <unordered_map>
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Signals/SignalEvent.h"
+#include "NewsroomKit/Text/Pattern.h"
+#include "NewsroomKit/Text/Unicode.h"
+
+namespace kit {
+namespace {
+
+// CourtListener's feeds have so many entries at most.
+constexpr std::size_t kFullFeed = 30;
+constexpr int kSilentWorkingDays = 3;
+
+/// An entry that is older than all known ones of a full list was pushed out of it earlier.
+std::optional<Instant> oldestInFullList(std::span<const DocketEntry> known) {
+    if (known.size() < kFullFeed) return std::nullopt;
+    std::optional<Instant> oldest;
+    for (const auto& entry : known) {
+        if (entry.date && (!oldest || *entry.date < *oldest)) oldest = entry.date;
+    }
+    return oldest;
+}
+
+std::string entryName(const DocketEntry& entry) {
+    auto name = entry.caseName.value_or(entry.caseNumber.value_or("A case"));
+    if (entry.number) name += fmt::format(", entry {}", *entry.number);
+    return name;
+}
+
+Signal docketSignal(const DocketChange& change, std::string_view readAt, Instant now) {
+    const auto& entry = change.entry;
+    const bool isReadable = change.what == DocketChange::What::readable;
+    const bool matters = entry.weight == DocketWeight::matters;
+    auto signal = signalOf(isReadable ? SignalEvent::docketReadable
+                           : matters  ? SignalEvent::docketEntry
+                                      : SignalEvent::docketRoutine);
+    signal.id = "docket|" + entry.key + (isReadable ? "|readable" : "");
+    signal.subject = entry.caseName.value_or(entry.caseNumber.value_or(""));
+    const auto what = entry.kind.empty() ? std::string("new entry") : entry.kind;
+    signal.title = isReadable ? fmt::format("{}: now readable: {}.", entryName(entry), what)
+                              : fmt::format("{}: {}.", entryName(entry), what);
+    signal.detail = entry.text;
+    signal.link = entry.link;
+    signal.happenedAt = entry.date;
+    signal.dayOnly = entry.dayOnly;
+    signal.seenAt = now;
+    signal.evidence = {{"readAt", readAt}, {"after", entry.text}};
+    return signal;
+}
+
+}  // namespace
+
+bool isStub(const DocketEntry& entry) {
+    return entry.text.empty() || equalIgnoringCase(entry.text, entry.kind);
+}
+
+std::vector<DocketChange> docketChanges(std::span<const DocketEntry> known,
+                                        const DocketSheet& sheet) {
+    std::unordered_map<std::string_view, const DocketEntry*> byKey;
+    for (const auto& entry : known) byKey.emplace(entry.key, &entry);
+    const auto oldest = oldestInFullList(known);
+    std::vector<DocketChange> changes;
+    for (const auto& entry : sheet.entries) {
+        const auto before = byKey.find(entry.key);
+        if (before == byKey.end()) {
+            const bool isEarlier = oldest && entry.date && *entry.date < *oldest;
+            changes.push_back(
+                {isEarlier ? DocketChange::What::earlier : DocketChange::What::added, entry});
+        } else if (isStub(*before->second) && !isStub(entry)) {
+            changes.push_back({DocketChange::What::readable, entry});
+        } else if (*before->second != entry && (isStub(*before->second) || !isStub(entry))) {
+            changes.push_back({DocketChange::What::corrected, entry});
+        }
+    }
+    return changes;
+}
+
+std::vector<Signal> signalsOf(std::span<const DocketChange> changes, std::string_view readAt,
+                              Instant now) {
+    std::vector<Signal> signals;
+    for (const auto& change : changes) {
+        const bool isNews =
+            change.what == DocketChange::What::added || change.what == DocketChange::What::readable;
+        if (isNews) signals.push_back(docketSignal(change, readAt, now));
+    }
+    return signals;
+}
+
+bool namesApple(std::string_view caseName) {
+    static const Pattern party(
+        R"((^|\bv\. |\bin re:? |\band )apple(, inc|,? inc\.?| computer| distribution| operations)?)"
+        R"((,| et al|\.| v\.|$| and ))",
+        Pattern::Letters::ignoringCase);
+    return party.occursIn(caseName);
+}
+
+std::optional<Instant> silentSince(const DocketSheet& courtFeed, Instant now) {
+    auto last = courtFeed.built;
+    if (!last) {
+        for (const auto& entry : courtFeed.entries) {
+            if (entry.date && (!last || *entry.date > *last)) last = entry.date;
+        }
+    }
+    if (!last) return std::nullopt;
+    using std::chrono::days;
+    int workingDays = 0;
+    const auto today = std::chrono::floor<days>(now);
+    // More than two weeks back nothing changes the answer.
+    const auto first = std::max(std::chrono::floor<days>(*last), today - days(14));
+    for (auto day = first + days(1); day <= today; day += days(1)) {
+        const std::chrono::weekday weekday(day);
+        if (weekday != std::chrono::Saturday && weekday != std::chrono::Sunday) ++workingDays;
+    }
+    return workingDays > kSilentWorkingDays ? last : std::nullopt;
+}
+
+}  // namespace kit

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "NewsroomKit/Court/DocketSheet.h"
+#include "NewsroomKit/Signals/Signal.h"
+
+namespace kit {
+
+/// What a new answer adds to the entries that are known.
+struct DocketChange {
+    enum class What {
+        added,
+        earlier,   ///< new, but older than all of a full list: it has only come into view
+        readable,  ///< was a stub, and now has a text
+        corrected  ///< differs in another way
+    };
+
+    What what{};
+    DocketEntry entry{};
+
+    bool operator==(const DocketChange&) const = default;
+};
+
+/// The entries of `sheet` that are not among the known ones, or differ from them, in its order.
+std::vector<DocketChange> docketChanges(std::span<const DocketEntry> known,
+                                        const DocketSheet& sheet);
+
+/// Whether the entry says no more than its kind.
+bool isStub(const DocketEntry& entry);
+
+/// New entries and those that became readable, each told once. `readAt` is the address of the
+/// feed.
+std::vector<Signal> signalsOf(std::span<const DocketChange> changes, std::string_view readAt,
+                              Instant now);
+
+/// Whether the name of a case has Apple as a party: "Oak v. Apple Inc.", but not "Oak v. Apple
+/// Valley".
+bool namesApple(std::string_view caseName);
+
+/// Since when a court's own feed has had nothing new, if that is more than three working days:
+/// such feeds stop without an error. CourtListener's feeds are silent as long as their cases are.
+std::optional<Instant> silentSince(const DocketSheet& courtFeed, Instant now);
+
+}  // namespace kit

@@ -1,0 +1,130 @@
+#!/usr/bin/env python3
+"""Dockets and press releases against the press room, in and out of order."""
+import os
+import signal
+import sqlite3
+import subprocess
+import time
+import unittest
+
+from harness import BIN, Desk
+from world_time import World
+
+CASE, OTHER = "https://www.courtlistener.com/docket/70410111/low-water-games-llc-v-apple-inc/", "70410222"
+COURT = "https://ecf.cand.uscourts.gov/cgi-bin/rss_outside.pl"
+
+
+class Court(unittest.TestCase):
+    def setUp(self):
+        self.world = World()
+        self.desk = Desk()
+        self.addCleanup(self.desk.close)
+
+    def go_to(self, minute, *options):
+        room = self.world.room(minute, *options)
+        self.addCleanup(room.close)
+        self.desk.network = room.network
+
+    def told(self, kind):
+        library = sqlite3.connect(next(self.desk.folder.rglob("library*")))
+        rows = library.execute("SELECT title FROM signals WHERE kind = ? ORDER BY number", (kind,)).fetchall()
+        library.close()
+        return [row[0] for row in rows]
+
+    def test_entries_are_told_once_and_none_on_the_first_look(self):
+        self.assertIn("No case is followed yet", self.desk.run("court").stdout + self.desk.run("court").stderr)
+        self.go_to(1)
+        self.desk.run("court", "follow", CASE, "--note", "First test of the new store rules")
+        self.desk.run("court", "follow", OTHER)
+        text = self.desk.run("court").stdout
+        self.assertIn("First test of the new store rules", text)
+        self.assertRegex(text, r"\d{4}-\d\d-\d\d .*Low Water.* 26 +OPPOSITION/RESPONSE re 18 MOTION.*PACER, paid")
+        self.assertRegex(text, r" 18 +MOTION to Dismiss the Complaint.*free")
+        self.assertIn("lacks the entries 3-8, 10-17, 19-25", text)
+        self.assertIn("3 routine entries are left out; --all shows them.", text)
+        self.assertIn("Notice of Appearance", self.desk.run("court", "--all", "--stored").stdout.replace("NOTICE", "Notice"))
+        self.assertEqual(self.told("docket"), [])
+        for minute in (40, 80, 80, 100, 300, 300):
+            self.go_to(minute)
+            self.desk.run("court")
+        self.assertEqual(self.told("docket"), [
+            "Low Water Games LLC v. Apple Inc., entry 31: Order on Motion.",
+            "STATE OF TIDEMARK et al v. APPLE INC., entry 90: ORDER denying 80 Motion to Compel.",
+            "STATE OF TIDEMARK et al v. APPLE INC., entry 89: OPINION.",
+            "Low Water Games LLC v. Apple Inc., entry 31: now readable: ORDER granting in part 18 Motion to Dismiss.",
+            "Low Water Games LLC v. Apple Inc.: Minute Entry for proceedings."])
+        entries = self.desk.json("court", "--case", OTHER, "--stored")["entries"]
+        self.assertEqual([(e["number"], e["paid"], e["dayOnly"]) for e in entries], [("90", True, True), ("89", False, True)])
+        self.desk.run("court", "unfollow", OTHER)
+        self.assertEqual([f["feed"] for f in self.desk.json("court", "--stored")["feeds"]], ["docket/70410111"])
+        self.assertIn("isn't followed", self.desk.run("court", "note", OTHER, "x", status=2).stderr)
+        self.assertIn("names no docket", self.desk.run("court", "follow", "Apple", status=2).stderr)
+
+    def test_a_courts_own_feed_gives_apples_entries_and_says_what_it_leaves_out(self):
+        self.go_to(1)
+        self.desk.run("court", "add", COURT, "--name", "Northern California")
+        self.assertNotIn("Oak", self.desk.run("court").stdout)
+        self.go_to(61)
+        text = self.desk.run("court").stdout
+        self.assertIn("Docket entries of type: answer,cmp,order,motion.", text)
+        self.assertRegex(text, r"Low Water Games LLC v.* 31 +Order on Motion and ~Util - Set/Reset Deadlines +PACER, paid")
+        self.assertEqual(self.told("docket"), ["Low Water Games LLC v. Apple Inc., entry 31: Order on Motion."])
+        feed = self.desk.json("court")["feeds"][0]
+        self.assertEqual((feed["partial"], "silentSince" in feed), (True, False))
+
+    def test_what_fails_leaves_the_last_good_answer_and_tells_nothing(self):
+        self.go_to(1)
+        self.desk.run("court", "follow", CASE)
+        good = self.desk.json("court", "--all")["entries"]
+        self.desk.run("board")
+        self.desk.run("press")
+        for kind in ("page", "missing", "broken", "huge", "empty"):
+            self.go_to(70, "--misbehave", f"court={kind}", "--misbehave", f"press={kind}")
+            failed = self.desk.run("court", status=1)
+            self.assertRegex(failed.stderr, r"^brell: The docket 70410111: .*The data shown were fetched \d{4}-", kind)
+            self.assertEqual(self.desk.json("court", "--all", "--stored")["entries"], good, kind)
+            if kind != "empty":
+                self.assertIn("GlobeNewswire: ", self.desk.run("press", status=1).stderr, kind)
+        self.assertEqual((self.told("docket"), self.told("pressRelease")), ([], []))
+        self.go_to(70)
+        self.desk.run("court")
+        self.desk.run("press")
+        self.assertEqual(len(self.told("docket")), 1, "what came meanwhile is told once")
+        self.assertEqual(self.told("pressRelease"), ["Broadcom Inc.: Broadcom Names a New Head of Radio Chips."])
+
+    def test_a_desk_that_is_killed_loses_and_repeats_nothing(self):
+        self.go_to(1)
+        self.desk.run("court", "follow", CASE)
+        self.desk.run("court")
+        self.go_to(120)
+        for delay in (0.02, 0.05, 0.1, 0.2, 0.4):
+            process = subprocess.Popen([BIN / "brell", "--data-dir", self.desk.folder, *self.desk.network, "court"],
+                                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            time.sleep(delay)
+            os.kill(process.pid, signal.SIGKILL)
+            process.wait()
+        self.desk.run("court")
+        titles = self.told("docket")
+        self.assertEqual(len(titles), len(set(titles)))
+        self.assertTrue(any("entry 31" in title for title in titles), titles)
+
+    def test_releases_of_the_boards_companies_are_told_once_whichever_wire_has_them(self):
+        self.go_to(1)
+        self.desk.run("board")
+        text = self.desk.run("press").stdout
+        self.assertIn("Corning to Expand Glass Works", text)
+        self.assertNotIn("Fig Bakeries", text)
+        for minute in (70, 310, 310):
+            self.go_to(minute)
+            shown = self.desk.json("press")
+        self.assertEqual(self.told("pressRelease"), [
+            "Broadcom Inc.: Broadcom Names a New Head of Radio Chips.",
+            "Apple Inc.: Apple and Corning Extend Their Agreement on Cover Glass."])
+        self.assertEqual([f["dropped"] for f in shown["feeds"] if f["feed"] == "press/globenewswire"], [1])
+        self.assertEqual(shown["releases"][0]["symbol"], "AAPL")
+        self.desk.run("press", "add", "https://feed.businesswire.com/rss/home/?rss=x")
+        self.assertIn("The channel you requested is unavailable.", self.desk.run("press", status=1).stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()
