@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "NewsroomKit/Addresses/WebAddress.h"
+#include "NewsroomKit/PressWires/WireFeeds.h"
 #include "NewsroomKit/Trackers/Signing/SigningSignals.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 #include "tests/support/app/TestDesk.h"
@@ -41,6 +43,12 @@ protected:
         signing("2+ 1");
         updates("2 1");
         charts("a b c");
+        for (const auto& wire : kit::kWireFeeds) {
+            const auto address = kit::WebAddress::parse(wire.address).value();
+            harness_.http.script.on(
+                address.host, address.path,
+                {{.body = "<rss><channel><title>Wire</title></channel></rss>"}});
+        }
     }
 
     void serve(const std::string& tracker, std::vector<Response> answers) {
