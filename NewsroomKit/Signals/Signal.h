@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -82,6 +83,14 @@ struct Signal {
     json::object evidence{};
 
     bool operator==(const Signal&) const = default;
+};
+
+/// A signal in its place in the log.
+struct LoggedSignal {
+    std::int64_t number = 0;  ///< rises as signals are logged
+    Signal signal{};
+
+    bool operator==(const LoggedSignal&) const = default;
 };
 
 /// "2026-11-21", the day in UTC: ids of what can happen again on another day end with it.

@@ -94,6 +94,23 @@ private:
                          [this](const auto& changes) { printSigning(changes); });
         QObject::connect(&trackers_, &TrackerStore::onOfferChanges, &desk_,
                          [this](const auto& changes) { printOffers(changes); });
+        QObject::connect(&trackers_, &TrackerStore::onSignals, &desk_,
+                         [this](const auto& logged) { printSignals(logged); });
+    }
+
+    /// Those that have no event of their own.
+    void printSignals(const std::vector<kit::Signal>& logged) {
+        for (const auto& signal : logged) {
+            switch (signal.kind) {
+                case kit::SignalKind::release:
+                case kit::SignalKind::service:
+                case kit::SignalKind::signing:
+                case kit::SignalKind::update: continue;
+                default: break;
+            }
+            printEvent(signal.title + ".",
+                       {{"event", "signal"}, {"signal", kit::encode(signal)}});
+        }
     }
 
     void printOffers(const std::vector<app::OfferChange>& changes) {

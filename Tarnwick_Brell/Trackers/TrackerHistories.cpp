@@ -45,6 +45,15 @@ HistoryUpdate updatingChartDays(LocalStore& store) {
     };
 }
 
+// Panels show a few.
+constexpr std::size_t kMostPanelSignals = 100;
+
+const kit::Signal& signalOf(const kit::LoggedSignal& logged) { return logged.signal; }
+template <class Change>
+const Change& signalOf(const Change& change) {
+    return change;
+}
+
 template <class Change, class History>
 std::vector<Change> take(LocalStore& store, History& history, std::string_view key,
                          kit::Instant now) {
@@ -52,7 +61,10 @@ std::vector<Change> take(LocalStore& store, History& history, std::string_view k
     if (store.state().number(key) == last) return {};
     auto transaction = store.transaction();
     const auto announced = store.state().number(key);
-    auto changes = announced ? history.after(*announced) : std::vector<Change>();
+    std::vector<Change> changes;
+    if (announced) {
+        for (auto& change : history.after(*announced)) changes.push_back(signalOf(change));
+    }
     store.state().setNumber(key, history.lastNumber());
     transaction.commit();
     std::erase_if(changes, [&](const Change& change) { return change.seenAt < now - kNewsLasts; });
@@ -84,7 +96,23 @@ HistoryUpdate loadHistory(LocalStore& store, Tracker tracker) {
 
 UnannouncedChanges markAnnounced(LocalStore& store, kit::Instant now) {
     return {.signing = take<SigningChange>(store, store.signing(), DeskState::kToldSigning, now),
-            .offers = take<OfferChange>(store, store.offers(), DeskState::kToldOffers, now)};
+            .offers = take<OfferChange>(store, store.offers(), DeskState::kToldOffers, now),
+            .logged = take<kit::Signal>(store, store.signalLog(), DeskState::kToldSignals, now)};
+}
+
+LogState loadLogState(LocalStore& store) {
+    using enum kit::SignalKind;
+    auto& log = store.signalLog();
+    const auto lookedAt = store.state().number(DeskState::kLookedAtSignal).value_or(0);
+    const auto notable = [&](std::vector<kit::SignalKind> kinds) {
+        return log.newest(kMostPanelSignals,
+                          {.kinds = std::move(kinds), .leastWeight = kit::SignalWeight::notable});
+    };
+    return {.last = log.lastNumber(),
+            .lookedAt = lookedAt,
+            .unseen = log.countAfter(lookedAt),
+            .records = notable({filing, insiderTrade, docket, pressRelease}),
+            .findings = notable({backend, page})};
 }
 
 }  // namespace app

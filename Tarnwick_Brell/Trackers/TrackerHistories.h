@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
@@ -8,6 +9,7 @@
 #include "Tarnwick_Brell/Storage/Histories/BuildHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/ChartHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
+#include "NewsroomKit/Signals/Signal.h"
 #include "Tarnwick_Brell/Storage/Histories/SigningHistory.h"
 #include "Tarnwick_Brell/Trackers/Tracker.h"
 
@@ -26,6 +28,21 @@ struct TrackerHistories {
     std::map<kit::AppStoreCharts::Kind, std::vector<ChartDay>> chartDays{};
 };
 
+/// How far the log of signals goes, and what panels show of it.
+struct LogState {
+    std::int64_t last = 0;      ///< number of the last signal
+    std::int64_t lookedAt = 0;  ///< the last one when the user last looked at the log
+    std::int64_t unseen = 0;    ///< signals after that
+    /// Notable filings, trades, court entries and press releases, the last logged first.
+    std::vector<kit::LoggedSignal> records{};
+    /// Findings on Apple's servers and pages, in the same way.
+    std::vector<kit::LoggedSignal> findings{};
+
+    bool operator==(const LogState&) const = default;
+};
+
+LogState loadLogState(LocalStore& store);
+
 /// Moves what it has loaded into the histories; whether that changes them.
 using HistoryUpdate = std::function<bool(TrackerHistories&)>;
 
@@ -36,6 +53,9 @@ HistoryUpdate loadHistory(LocalStore& store, Tracker tracker);
 struct UnannouncedChanges {
     std::vector<SigningChange> signing{};
     std::vector<OfferChange> offers{};
+    std::vector<kit::Signal> logged{};
+
+    bool isEmpty() const { return signing.empty() && offers.empty() && logged.empty(); }
 };
 
 /// Marks the changes that have not been announced yet, whoever fetched them, as announced, and

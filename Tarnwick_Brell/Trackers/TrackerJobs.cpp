@@ -77,11 +77,25 @@ TrackerJobs::Work TrackerJobs::fetchAll(WorkerContext& context, const Files& fil
 
 void TrackerJobs::announceChanges(LocalStore& store) const {
     const auto changes = markAnnounced(store, clock_());
-    if (changes.signing.empty() && changes.offers.empty()) return;
+    sendLogState(store);
+    if (changes.isEmpty()) return;
     send([changes](TrackerStore& target) {
         if (!changes.signing.empty()) emit target.onSigningChanges(changes.signing);
         if (!changes.offers.empty()) emit target.onOfferChanges(changes.offers);
+        if (!changes.logged.empty()) emit target.onSignals(changes.logged);
     });
+}
+
+void TrackerJobs::sendLogState(LocalStore& store) const {
+    send([log = loadLogState(store)](TrackerStore& target) { target.applyLogState(log); });
+}
+
+DeskWorker::Job TrackerJobs::markLogLookedAt() const {
+    return [jobs = *this](WorkerContext& context) {
+        auto& store = context.store;
+        store.state().setNumber(DeskState::kLookedAtSignal, store.signalLog().lastNumber());
+        jobs.sendLogState(store);
+    };
 }
 
 }  // namespace app

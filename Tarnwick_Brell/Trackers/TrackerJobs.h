@@ -54,6 +54,9 @@ public:
     /// Loads the files, and fetches those that are missing or older than `freshFor`.
     DeskWorker::LongJob fetchStale(Files files, std::chrono::seconds freshFor) const;
 
+    /// Marks the whole log as looked at.
+    DeskWorker::Job markLogLookedAt() const;
+
     /// The message is dropped when the store is gone.
     void send(std::function<void(TrackerStore&)> message) const;
 
@@ -63,6 +66,7 @@ private:
 
     Work fetchAll(WorkerContext& context, const Files& files) const;
     void announceChanges(LocalStore& store) const;
+    void sendLogState(LocalStore& store) const;
 
     TrackerStore* store_;  ///< for the main thread only
     std::shared_ptr<MainThreadQueue> queue_;

@@ -106,6 +106,21 @@ void TrackerStore::applyLoaded(const std::vector<LoadedFile>& loaded,
     startPolling();
 }
 
+void TrackerStore::applyLogState(const LogState& log) {
+    if (log_ == log) return;
+    log_ = log;
+    emit logChanged();
+}
+
+void TrackerStore::markLogLookedAt() {
+    if (log_.unseen == 0) return;
+    const auto jobs = this->jobs();
+    worker_.post(jobs.markLogLookedAt(), [jobs](const std::exception& error) {
+        jobs.send(
+            [sentence = std::string(error.what())](TrackerStore& store) { store.fail(sentence); });
+    });
+}
+
 void TrackerStore::startPolling() {
     if (scheduler_.hasStarted()) return;
     PollSchedule::Ages ages;

@@ -89,6 +89,9 @@ public:
     const std::vector<SigningChange>& signingChanges() const { return histories_.signingChanges; }
     const std::vector<OfferChange>& offerChanges() const { return histories_.offerChanges; }
 
+    /// The log of signals.
+    const LogState& log() const { return log_; }
+
     /// The devices whose signing status is followed.
     std::vector<std::string> devices() const { return defaults_.signingDevices(); }
     kit::QuoteRange quoteRange() const { return defaults_.quoteRange(); }
@@ -148,6 +151,9 @@ public:
     /// Fetches the quotes of a year that are missing or some hours old.
     void readYear();
 
+    /// The user looks at the log.
+    void markLogLookedAt();
+
     /// The computer was offline and no longer is.
     void networkIsBack() { scheduler_.networkIsBack(); }
     /// Shows what another program has fetched into the library.
@@ -164,6 +170,7 @@ signals:
     void chartsChanged();
     void courtChanged();
     void pressChanged();
+    void logChanged();
     /// Which trackers are being refreshed, `failures` and `lastUpdated`.
     void refreshChanged();
 
@@ -174,6 +181,8 @@ signals:
     /// The first seen first; none is older than a day.
     void onSigningChanges(const std::vector<app::SigningChange>& changes);
     void onOfferChanges(const std::vector<app::OfferChange>& changes);
+    /// Everything that was logged, these among it, in the order of the log.
+    void onSignals(const std::vector<kit::Signal>& logged);
     /// A board has been fetched.
     void onBoard(const std::vector<kit::BoardQuote>& board);
 
@@ -205,6 +214,7 @@ private:
     void finish(Tracker tracker);
     void applyLoaded(const std::vector<LoadedFile>& loaded, const HistoryUpdates& histories);
     void applyFetched(const LoadedFile& fetched, const HistoryUpdate& history);
+    void applyLogState(const LogState& log);
     void show(const LoadedFile& file);
     void emitChanged(Tracker tracker);
     void fail(const std::string& sentence);
@@ -215,6 +225,7 @@ private:
     TrackerNews news_;
     TrackerValues values_;
     TrackerHistories histories_;
+    LogState log_;
     std::vector<std::string> compared_;
     // At the last poll; the settings may change elsewhere.
     std::vector<std::string> polledQuotes_;

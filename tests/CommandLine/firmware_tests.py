@@ -32,6 +32,7 @@ class Firmware(unittest.TestCase):
         self.assertEqual((phone["name"], phone["builds"][1]["build"], phone["builds"][1]["signed"]),
                          ("iPhone 17", "24B83", True))
         self.assertEqual(self.desk.json("signing", "--history"), [])
+        self.assertEqual(self.desk.json("log"), [], "the first answer is no change")
         for look in (1, 2):
             self.go_to(42)
             text = self.desk.run("signing", "iPhone18,3").stdout
@@ -44,6 +45,14 @@ class Firmware(unittest.TestCase):
         self.desk.run("signing")
         changes = self.desk.json("signing", "--history")
         self.assertEqual({(c["build"], c["signed"]) for c in changes}, {("24B83", False)})
+        logged = self.desk.json("log")
+        self.assertEqual(sorted(s["subject"] for s in logged), sorted(c["device"] for c in changes), "each once")
+        self.assertEqual({(s["kind"], s["weight"], s["evidence"]["build"]) for s in logged}, {("signing", "notable", "24B83")})
+        text = self.desk.run("log", "--kind", "signing", "--search", "longer 24B83", "--since", "1d").stdout
+        self.assertRegex(text, r"(?m)^\d{4}-.* Firmware signing +notable +iOS 27\.1 \(24B83\) is no longer signed for .* others$")
+        self.assertEqual(len(re.findall(r" iOS 27", text)), 1, "one line for all devices of a system")
+        self.assertEqual(self.desk.json("log", "--weight", "major"), [])
+        self.assertIn("Nothing in the log matches.", self.desk.run("log", "--search", "-signed").stdout)
         self.desk.run("newsroom", "new", "Signals", "--panels", "records,backend")
         shown = self.desk.run("newsroom", "show", "Signals").stdout
         self.assertRegex(shown, r"iOS 27\.1 \(24B83\) is no longer signed for .* and \d others\.")

@@ -173,7 +173,9 @@ class Usage(unittest.TestCase):
         for secret in ("word", "0123456789abcdef01"):
             self.assertNotIn(secret, json.dumps(lines) + failed.stderr)
         self.assertEqual(self.desk.json("log", "--program", "--level", "off"), [])
-        for words, reason in {("log",): "--program is missing",
+        for words, reason in {("log", "--level", "off"): "--program",
+                              ("log", "--kind", "weather"): "weather",
+                              ("log", "--search", "…"): "no word to search for",
                               ("log", "--program", "--level", "loud"): "\"loud\" is not a log level",
                               ("wire", "--log", "web=info"): "\"web\" is not a log category",
                               ("settings", "logLevels", "loud"): "not a level"}.items():

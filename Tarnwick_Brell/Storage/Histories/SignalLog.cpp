@@ -103,17 +103,19 @@ std::vector<LoggedSignal> SignalLog::newest(std::size_t most, const SignalSelect
     if (!match.empty()) sql += " AND f.signalSearch MATCH :match";
     if (selection.before) sql += fmt::format(" AND {} < :before", number);
     // Numbers rise with time unless the clock is set back. The bounds spare reading all rows that
-    // lie outside.
+    // lie outside; left to itself SQLite would look for them in the rows.
     if (selection.since) {
         sql += fmt::format(
             " AND s.seenAt >= :since "
-            "AND {} >= (SELECT min(number) FROM signals WHERE seenAt >= :since)",
+            "AND {} >= (SELECT min(number) FROM signals INDEXED BY signalsByTime "
+            "WHERE seenAt >= :since)",
             number);
     }
     if (selection.until) {
         sql += fmt::format(
             " AND s.seenAt < :until "
-            "AND {} <= (SELECT max(number) FROM signals WHERE seenAt < :until)",
+            "AND {} <= (SELECT max(number) FROM signals INDEXED BY signalsByTime "
+            "WHERE seenAt < :until)",
             number);
     }
     sql += fmt::format(" ORDER BY {} DESC LIMIT :most", number);
@@ -139,6 +141,19 @@ std::int64_t SignalLog::lastNumber() {
     Statement row(database_, "SELECT coalesce(max(number), 0) FROM signals");
     row.step();
     return row.number(0);
+}
+
+std::int64_t SignalLog::countAfter(std::int64_t number) {
+    Statement row(database_, "SELECT count(*) FROM signals WHERE number > ?");
+    row.bind(0, number);
+    row.step();
+    return row.number(0);
+}
+
+std::optional<kit::Instant> SignalLog::begin() {
+    Statement row(database_, "SELECT min(seenAt) FROM signals");
+    row.step();
+    return instantOf(row.optionalNumber(0));
 }
 
 }  // namespace app

@@ -13,6 +13,8 @@
 
 namespace app {
 
+using kit::LoggedSignal;
+
 /// Which signals are wanted.
 struct SignalSelection {
     std::vector<kit::SignalKind> kinds{};  ///< none: all
@@ -23,13 +25,6 @@ struct SignalSelection {
     std::optional<std::int64_t> before{};  ///< logged before the one with that number
 
     bool operator==(const SignalSelection&) const = default;
-};
-
-struct LoggedSignal {
-    std::int64_t number = 0;  ///< rises as signals are logged
-    kit::Signal signal{};
-
-    bool operator==(const LoggedSignal&) const = default;
 };
 
 /// Everything that happened outside the wire, kept permanently.
@@ -46,6 +41,9 @@ public:
     /// The signals after the one with that number, in the order of the log.
     std::vector<LoggedSignal> after(std::int64_t number);
     std::int64_t lastNumber();  ///< 0 when there is none
+
+    std::int64_t countAfter(std::int64_t number);
+    std::optional<kit::Instant> begin();  ///< when the first one was seen
 
 private:
     Database& database_;

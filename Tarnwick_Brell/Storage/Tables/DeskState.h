@@ -21,8 +21,9 @@ public:
     /// When servers last agreed with this computer's clock.
     static constexpr std::string_view kClockConfirmed = "clockConfirmed";
 
-    /// The last change of signing, and of offers, that has been told.
+    /// The last change of signing, and of offers, and the last signal, that has been told.
     static constexpr std::string_view kToldSigning = "toldSigning";
+    static constexpr std::string_view kToldSignals = "toldSignals";
     static constexpr std::string_view kToldOffers = "toldOffers";
 
     /// The last signal that was in the log when the user last looked at it.
