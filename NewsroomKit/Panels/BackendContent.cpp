@@ -13,8 +13,12 @@ constexpr std::size_t kMostChanges = 30;
 }  // namespace
 
 BackendContent backendContent(const CachedValue<std::vector<UpdateOffer>>& updates,
-                              const std::vector<OfferChange>& changes) {
+                              const std::vector<OfferChange>& changes,
+                              const std::vector<LoggedSignal>& findings) {
     BackendContent content{.changes = changes};
+    for (const auto& logged : findings) {
+        if (content.findings.size() < kMostChanges) content.findings.push_back(logged.signal);
+    }
     if (changes.size() > kMostChanges) content.changes.resize(kMostChanges);
     std::set<std::string> platforms;
     if (updates.value) {
@@ -23,7 +27,8 @@ BackendContent backendContent(const CachedValue<std::vector<UpdateOffer>>& updat
             if (platforms.insert(offer.platform).second) content.newest.push_back(offer);
         }
     }
-    const bool hasRows = !content.changes.empty() || !content.newest.empty();
+    const bool hasRows =
+        !content.findings.empty() || !content.changes.empty() || !content.newest.empty();
     content.condition = PanelCondition::of(updates, hasRows);
     return content;
 }

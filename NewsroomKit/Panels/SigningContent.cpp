@@ -44,11 +44,24 @@ SigningContent signingContent(const std::vector<DeviceSigning>& devices) {
     return content;
 }
 
-RecordsContent recordsContent(const std::vector<DeviceSigning>& devices,
-                              const std::vector<SigningChange>& changes) {
-    RecordsContent content{.rows = signingNews(changes)};
+std::vector<SigningNews> signingNewsRows(const std::vector<SigningChange>& changes) {
+    auto rows = signingNews(changes);
     // The model that is asked for first was seen first, and comes last in the changes.
-    for (auto& news : content.rows) std::ranges::reverse(news.devices);
+    for (auto& news : rows) std::ranges::reverse(news.devices);
+    return rows;
+}
+
+RecordsContent recordsContent(const std::vector<DeviceSigning>& devices,
+                              const std::vector<SigningChange>& changes,
+                              const std::vector<LoggedSignal>& records) {
+    RecordsContent content{.hasRecords = !records.empty()};
+    for (auto& news : signingNewsRows(changes)) {
+        const auto seenAt = news.seenAt;
+        content.rows.push_back({.seenAt = seenAt, .signing = std::move(news)});
+    }
+    for (const auto& logged : records)
+        content.rows.push_back({.seenAt = logged.signal.seenAt, .record = logged.signal});
+    std::ranges::stable_sort(content.rows, std::ranges::greater{}, &RecordsRow::seenAt);
     content.condition = signingCondition(devices, !content.rows.empty());
     return content;
 }

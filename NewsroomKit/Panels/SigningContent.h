@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "NewsroomKit/Panels/PanelCondition.h"
+#include "NewsroomKit/Signals/Signal.h"
 #include "NewsroomKit/Trackers/Signing/SigningNews.h"
 #include "NewsroomKit/Trackers/Signing/SigningStatus.h"
 
@@ -33,15 +34,28 @@ struct SigningContent {
 
 SigningContent signingContent(const std::vector<DeviceSigning>& devices);
 
-/// Builds that Apple began or stopped to sign, the last seen first. A build counts once, for
-/// however many models it changed.
-struct RecordsContent {
-    PanelCondition condition{};  ///< as that of SigningContent
-    std::vector<SigningNews> rows{};
+/// The changes of signing by build, each with its models in the order in which they are asked for.
+/// `changes`: the last seen first.
+std::vector<SigningNews> signingNewsRows(const std::vector<SigningChange>& changes);
+
+/// A change of signing, or a record: a filing, a trade, an entry of a court, a press release.
+struct RecordsRow {
+    Instant seenAt{};
+    std::optional<SigningNews> signing{};
+    std::optional<Signal> record{};
 };
 
-/// `changes`: the last seen first.
+/// What is on record, the last seen first. A build that Apple began or stopped to sign counts once,
+/// for however many models it changed.
+struct RecordsContent {
+    PanelCondition condition{};  ///< as that of SigningContent
+    std::vector<RecordsRow> rows{};
+    bool hasRecords = false;  ///< beside changes of signing
+};
+
+/// `changes` and `records`: the last seen first.
 RecordsContent recordsContent(const std::vector<DeviceSigning>& devices,
-                              const std::vector<SigningChange>& changes);
+                              const std::vector<SigningChange>& changes,
+                              const std::vector<LoggedSignal>& records = {});
 
 }  // namespace kit

@@ -175,8 +175,8 @@ DeviceFamily familyOf(std::string_view device) {
 SigningMatrix signingMatrix(const std::vector<DeviceSigning>& devices,
                             const std::vector<SigningChange>& changes, const SigningFilter& filter,
                             Instant now) {
-    const auto records = recordsContent(devices, changes);
-    SigningMatrix matrix{.condition = signingContent(devices).condition, .changes = records.rows};
+    SigningMatrix matrix{.condition = signingContent(devices).condition,
+                         .changes = signingNewsRows(changes)};
     matrix.lateChanges = static_cast<std::size_t>(std::ranges::count_if(
         matrix.changes,
         [&](const SigningNews& news) { return news.seenAt >= now - kLateSigning; }));

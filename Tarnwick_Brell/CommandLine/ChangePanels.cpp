@@ -9,6 +9,7 @@
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Presentation/EmptyText.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
+#include "Tarnwick_Brell/Trackers/TrackerHistories.h"
 
 namespace cli {
 
@@ -34,27 +35,33 @@ std::vector<kit::DeviceSigning> signingOf(PanelHoldings& holdings) {
 }  // namespace
 
 Lines recordsLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
-    auto& history = holdings.session().storeForReading().signing();
-    const auto content =
-        kit::recordsContent(signingOf(holdings), history.newest(lineCount(panel) * kMostDevices));
+    auto& store = holdings.session().storeForReading();
+    const auto content = kit::recordsContent(
+        signingOf(holdings), store.signing().newest(lineCount(panel) * kMostDevices),
+        app::loadLogState(store).records);
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "signing");
     Lines lines;
-    for (const auto& news : content.rows) {
+    for (const auto& row : content.rows) {
         if (lines.size() == lineCount(panel)) break;
-        lines.push_back(lineOf(holdings, news.seenAt, news.sentence()));
+        const auto title = row.signing ? row.signing->title() : row.record->title;
+        lines.push_back(lineOf(holdings, row.seenAt, title + "."));
     }
     if (lines.empty()) lines.push_back(app::noRowText(panel.kind).toStdString());
     addState(lines, holdings, content.condition, "signing ");
-    lines.push_back(holdings.session().out().dim(app::gapText(panel.kind).toStdString()));
+    if (!content.hasRecords)
+        lines.push_back(holdings.session().out().dim(app::gapText(panel.kind).toStdString()));
     return lines;
 }
 
 Lines backendLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
     auto& store = holdings.session().storeForReading();
     const auto content = kit::backendContent(cached(holdings, app::TrackedFiles().updates()),
-                                             store.offers().newest(lineCount(panel)));
+                                             store.offers().newest(lineCount(panel)),
+                                             app::loadLogState(store).findings);
     if (!content.condition.isKnown()) return nothingYet(holdings, content.condition, "updates");
     Lines lines;
+    for (const auto& finding : content.findings)
+        lines.push_back(lineOf(holdings, finding.seenAt, finding.title + "."));
     for (const auto& change : content.changes)
         lines.push_back(lineOf(holdings, change.seenAt, kit::sentence(change)));
     if (lines.empty() && content.newest.empty())

@@ -3,6 +3,7 @@
 #include "NewsroomKit/Panels/BackendContent.h"
 #include "Tarnwick_Brell/Models/Panels/ChangeText.h"
 #include "Tarnwick_Brell/Presentation/EmptyText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 
 namespace app {
@@ -20,6 +21,15 @@ ChangeRow rowOf(const kit::OfferChange& change, kit::Instant now) {
                   .when = ageText(change.seenAt, now)};
     row.spokenText = BackendPanelModel::tr("%1, %2, seen %3")
                          .arg(row.title, row.detail, agoText(change.seenAt, now));
+    return row;
+}
+
+ChangeRow rowOf(const kit::Signal& finding, kit::Instant now) {
+    ChangeRow row{.title = titleText(finding.title, kTitleCharacters),
+                  .detail = titleText(finding.detail),
+                  .when = ageText(finding.seenAt, now)};
+    row.spokenText = BackendPanelModel::tr("%1, %2, seen %3")
+                         .arg(row.title, row.detail, agoText(finding.seenAt, now));
     return row;
 }
 
@@ -51,12 +61,15 @@ void add(std::vector<ChangeRow>& rows, const QString& heading, const std::vector
 BackendPanelModel::BackendPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
     : ChangesPanelModel(stores, panel) {
     connect(&trackers(), &TrackerStore::updatesChanged, this, &BackendPanelModel::update);
+    connect(&trackers(), &TrackerStore::logChanged, this, &BackendPanelModel::update);
     update();
 }
 
 void BackendPanelModel::update() {
-    const auto content = kit::backendContent(trackers().updates(), trackers().offerChanges());
+    const auto content = kit::backendContent(trackers().updates(), trackers().offerChanges(),
+                                             trackers().log().findings);
     std::vector<ChangeRow> rows;
+    add(rows, tr("Findings"), content.findings, now());
     add(rows, tr("Changes"), content.changes, now());
     add(rows, tr("Newest offers"), content.newest, now());
     rows_.setRows(std::move(rows));

@@ -4,14 +4,15 @@
 
 namespace app {
 
-/// Firmware that Apple began or stopped to sign.
+/// Firmware that Apple began or stopped to sign, filings, trades, entries of courts, press
+/// releases.
 class RecordsPanelModel final : public ChangesPanelModel {
     Q_OBJECT
 
 public:
     RecordsPanelModel(const PanelStores& stores, const kit::PanelSpec& panel);
 
-    QString label() const override { return tr("Changes of signing"); }
+    QString label() const override { return tr("Records"); }
 
     void tick() override { update(); }
     void retry() override { trackers().refresh(Tracker::signing); }

@@ -185,9 +185,16 @@ TEST(RecordsContent, NamesModelsInTheOrderInWhichTheyAreFollowed) {
     const auto change = [](const char* device) {
         return SigningChange{.device = device, .version = "26", .build = "B26", .seenAt = kNoon};
     };
-    const auto content = recordsContent({}, {change("iPhone18,4"), change("iPhone18,3")});
-    ASSERT_EQ(content.rows.size(), 1u);
-    EXPECT_EQ(content.rows[0].devices, (std::vector<std::string>{"iPhone18,3", "iPhone18,4"}));
+    const auto record = [](const char* title, Instant seenAt) {
+        return LoggedSignal{.signal = {.title = title, .seenAt = seenAt}};
+    };
+    const auto content =
+        recordsContent({}, {change("iPhone18,4"), change("iPhone18,3")},
+                       {record("8-K", kNoon + 1min), record("Order", kNoon - 1min)});
+    ASSERT_EQ(content.rows.size(), 3u);
+    EXPECT_EQ(content.rows[0].record->title + content.rows[2].record->title, "8-KOrder");
+    EXPECT_EQ(content.rows[1].signing->devices,
+              (std::vector<std::string>{"iPhone18,3", "iPhone18,4"}));
     const std::vector devices{DeviceSigning{.signing = {.value = SigningStatus()}}};
     EXPECT_EQ(recordsContent(devices, {}).condition.state, PanelState::empty);
 }
