@@ -69,6 +69,24 @@ std::vector<TimelineSignal> buildSignals(std::span<const SeenBuild> builds,
     return found;
 }
 
+std::vector<TimelineSignal> loggedSignals(std::span<const LoggedSignal> log,
+                                          const StoryQuery& query) {
+    std::vector<TimelineSignal> found;
+    if (query.anyTerms.empty()) return found;
+    const auto compiled = query.compiled();
+    for (const auto& [number, signal] : log) {
+        const auto said = signal.title + " " + signal.subject;
+        if (signal.kind == SignalKind::release || !compiled.matchedTerm(StoryFacts{.title = said}))
+            continue;
+        found.push_back({.id = signal.id,
+                         .kind = std::string(rawValue(signal.kind)),
+                         .title = signal.title,
+                         .happenedAt = signal.happenedAt,
+                         .seenAt = signal.seenAt});
+    }
+    return found;
+}
+
 std::string exportedTimeline(const TimelineContent& content) {
     std::string text;
     for (const auto& row : content.stages) {

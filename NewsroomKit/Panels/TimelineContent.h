@@ -9,6 +9,7 @@
 #include "NewsroomKit/Attribution/SubjectTimeline.h"
 #include "NewsroomKit/Panels/PanelStory.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
+#include "NewsroomKit/Signals/Signal.h"
 #include "NewsroomKit/Trackers/Releases/SeenBuild.h"
 
 namespace kit {
@@ -41,6 +42,11 @@ TimelineContent timelineContent(std::span<const PanelStory> stories,
 /// without terms means none.
 std::vector<TimelineSignal> buildSignals(std::span<const SeenBuild> builds,
                                          const StoryQuery& query);
+
+/// Of logged signals those that a query means, but for releases: builds stand for these. A query
+/// without terms means none.
+std::vector<TimelineSignal> loggedSignals(std::span<const LoggedSignal> log,
+                                          const StoryQuery& query);
 
 /// The stages as lines of text for a file: day, stage, outlet, headline, separated by tabs.
 std::string exportedTimeline(const TimelineContent& content);

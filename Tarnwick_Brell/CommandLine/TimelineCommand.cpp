@@ -1,5 +1,8 @@
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -74,15 +77,26 @@ void printStages(Session& session, const kit::TimelineContent& content) {
     }
 }
 
+/// The builds and logged signals of the subject.
+std::vector<kit::TimelineSignal> changesOf(app::LocalStore& store, const kit::StoryQuery& query) {
+    // More than anybody reads.
+    constexpr std::size_t kMostLogged = 2'000;
+    auto changes = kit::buildSignals(store.builds().newest(kit::kMostBuilds), query);
+    const app::SignalSelection selection{.search = app::SearchText::anyOf(query.anyTerms)};
+    if (selection.search.isEmpty()) return changes;
+    const auto log = store.signalLog().newest(kMostLogged, selection);
+    std::ranges::move(kit::loggedSignals(log, query), std::back_inserter(changes));
+    return changes;
+}
+
 int runTimeline(Session& session, const TimelineOptions& options) {
     const auto query = subjectQuery(session, options);
     const app::Subjects subjects(session.storeForReading(),
                                  {.query = query,
                                   .from = session.now() - std::chrono::days(options.days),
                                   .now = session.now()});
-    const auto builds = session.storeForReading().builds().newest(kit::kMostBuilds);
     const auto content =
-        kit::timelineContent(subjects.news().stories, kit::buildSignals(builds, query));
+        kit::timelineContent(subjects.news().stories, changesOf(session.storeForReading(), query));
     if (session.options().json) {
         printTimelineRecords(session, content);
     } else if (options.exported) {

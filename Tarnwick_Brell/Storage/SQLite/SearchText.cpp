@@ -140,4 +140,14 @@ SearchText SearchText::parse(std::string_view typed, LastWord lastWord, Authors 
     return search;
 }
 
+SearchText SearchText::anyOf(const std::vector<std::string>& phrases) {
+    SearchText search;
+    for (const auto& phrase : phrases) {
+        Term term{.text = kit::validUTF8(bounded(phrase))};
+        std::erase_if(term.text, [](char c) { return c == '"' || c == '\0'; });
+        if (hasIndexedCharacter(term.text)) append(search.wanted, " OR ", term);
+    }
+    return search;
+}
+
 }  // namespace app

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace app {
 
@@ -31,6 +32,9 @@ struct SearchText {
 
     static SearchText parse(std::string_view typed, LastWord lastWord = LastWord::complete,
                             Authors authors = Authors::indexed);
+
+    /// What has one of these phrases in it, word for word.
+    static SearchText anyOf(const std::vector<std::string>& phrases);
 
     bool isEmpty() const { return wanted.empty() && unwanted.empty(); }
 
