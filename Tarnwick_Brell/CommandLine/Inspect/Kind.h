@@ -103,6 +103,11 @@ json::object press(const json::object& input);
 json::object page(const json::object& input);
 json::object pageDiff(const json::object& input);
 
+// Filings and insiders
+json::object filings(const json::object& input);
+json::object ownership(const json::object& input);
+json::object notice(const json::object& input);
+
 // The story archive
 json::object archiveURL(const json::object& input);
 

@@ -9,7 +9,7 @@
 namespace cli::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 34> all{{
+    static constexpr std::array<Kind, 37> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -39,6 +39,9 @@ std::span<const Kind> kinds() {
         {"clusters", "stories; memory, corrections", clusters},
         {"ledger", "stories, now; clusters, corrections", ledger},
         {"timeline", "stories; signals, corrections", timeline},
+        {"filings", "path or text", filings},
+        {"ownership", "path or text; filed", ownership},
+        {"notice", "path or text", notice},
         {"docket", "path or text", docket},
         {"press", "path or text", press},
         {"page", "html, path or text; url, contentType, status", page},
