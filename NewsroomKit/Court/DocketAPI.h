@@ -21,11 +21,17 @@ struct DocketAPI {
     /// CourtListener's feed of a docket, which needs no key.
     static std::string feedAddress(std::int64_t docket);
 
+    /// CourtListener's search for cases with Apple as a party, the newest first.
+    static std::string searchAddress();
+
     /// Throws RecordError when the body has no docket entries in it.
     static DocketSheet parse(std::string_view body);
 
     /// Throws what parse throws.
     boost::asio::awaitable<FetchedFile<DocketSheet>> sheet(std::string address) const;
+
+    /// Asks the search with the token of a user's account. Throws what parse throws.
+    boost::asio::awaitable<FetchedFile<DocketSheet>> search(std::string token) const;
 };
 
 }  // namespace kit

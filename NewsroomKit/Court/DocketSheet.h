@@ -78,6 +78,24 @@ struct CourtCase {
     bool operator==(const CourtCase&) const = default;
 };
 
+template <>
+struct JSONFields<CourtCase> {
+    static constexpr auto fields = std::tuple{
+        field("docket", &CourtCase::docket),
+        field("court", &CourtCase::court),
+        field("courtName", &CourtCase::courtName),
+        field("number", &CourtCase::number),
+        field("name", &CourtCase::name),
+        field("filed", &CourtCase::filed),
+        field("terminated", &CourtCase::terminated),
+        field("cause", &CourtCase::cause),
+        field("nature", &CourtCase::nature),
+        field("judge", &CourtCase::judge),
+        field("parties", &CourtCase::parties),
+        field("link", &CourtCase::link),
+    };
+};
+
 /// What a court's feed, CourtListener or an archived docket lists.
 struct DocketSheet {
     std::optional<std::string> scope{};  ///< what a court's feed carries, in its own words

@@ -5,9 +5,8 @@
 
 namespace kit {
 
-boost::asio::awaitable<FetchedBody> fetchBody(HTTPClient& http, std::string address,
-                                              std::size_t byteLimit) {
-    HTTPClient::Request request{.url = std::move(address), .byteLimit = byteLimit};
+boost::asio::awaitable<FetchedBody> fetchBody(HTTPClient& http, HTTPClient::Request request) {
+    request.conditional = Conditional::no;
     auto exchange = co_await http.exchange(std::move(request));
     if (!exchange.result) co_return FetchedBody{exchange.result.error(), exchange.record};
     if (auto* fresh = std::get_if<HTTPClient::Fresh>(&exchange.result.value())) {

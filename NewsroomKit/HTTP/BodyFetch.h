@@ -20,8 +20,7 @@ struct FetchedBody {
 
 /// Fetches a body unparsed, for callers that store it and parse it later. The request is never
 /// conditional: tracked files are small, and the last good copy may be gone.
-boost::asio::awaitable<FetchedBody> fetchBody(HTTPClient& http, std::string address,
-                                              std::size_t byteLimit);
+boost::asio::awaitable<FetchedBody> fetchBody(HTTPClient& http, HTTPClient::Request request);
 
 /// The parsed answer of a service, with its body for callers who cache it.
 template <class T>
@@ -33,10 +32,9 @@ struct FetchedFile {
 
 /// Throws what `parse` throws when the body is not what it should be.
 template <class T>
-boost::asio::awaitable<FetchedFile<T>> fetchFile(HTTPClient& http, std::string address,
-                                                 std::size_t byteLimit,
+boost::asio::awaitable<FetchedFile<T>> fetchFile(HTTPClient& http, HTTPClient::Request request,
                                                  T (*parse)(std::string_view body)) {
-    auto fetched = co_await fetchBody(http, std::move(address), byteLimit);
+    auto fetched = co_await fetchBody(http, std::move(request));
     if (!fetched.body) {
         co_return FetchedFile<T>{.value = fetched.body.error(),
                                  .retryAfter = fetched.record.retryAfter};
@@ -44,6 +42,15 @@ boost::asio::awaitable<FetchedFile<T>> fetchFile(HTTPClient& http, std::string a
     auto body = std::move(fetched.body).value();
     auto value = parse(body);
     co_return FetchedFile<T>{.value = std::move(value), .body = std::move(body)};
+}
+
+/// The same for an address that anyone may ask for.
+template <class T>
+boost::asio::awaitable<FetchedFile<T>> fetchFile(HTTPClient& http, std::string address,
+                                                 std::size_t byteLimit,
+                                                 T (*parse)(std::string_view body)) {
+    return fetchFile(http, HTTPClient::Request{.url = std::move(address), .byteLimit = byteLimit},
+                     parse);
 }
 
 }  // namespace kit

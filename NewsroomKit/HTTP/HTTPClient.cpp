@@ -166,6 +166,8 @@ TransportRequest HTTPClient::transportRequest(const Request& request) const {
     wanted.headers = {
         "User-Agent: " + inOneLine(request.userAgent.value_or(configuration_.userAgent)),
         "Cache-Control: no-cache"};
+    if (!request.authorization.empty())
+        wanted.headers.push_back("Authorization: " + inOneLine(request.authorization));
     if (request.method != HTTPMethod::get) {
         wanted.headers.push_back(kContentType + inOneLine(request.contentType));
         return wanted;

@@ -50,6 +50,8 @@ public:
         HTTPMethod method = HTTPMethod::get;
         std::string body = {};
         std::string contentType = {};  ///< of the body
+        /// The value of the Authorization header, which stays with the origin; empty for none.
+        std::string authorization = {};
         Conditional conditional = Conditional::no;
         std::size_t byteLimit = 0;  ///< of the answer's body
         NamedBy namedBy = NamedBy::user;

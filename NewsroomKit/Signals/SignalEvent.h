@@ -26,6 +26,7 @@ enum class SignalEvent {
     chartTopTenOfApple,
     docketEntry,  ///< of a kind that matters
     docketRoutine,
+    docketNewCase,   ///< with Apple as a party
     docketReadable,  ///< a stub that got its text
     pressRelease,
     pressReleaseOfApple,
@@ -56,6 +57,7 @@ inline constexpr std::array kSignalEvents{
     SignalEventRow{SignalEvent::chartTopTenOfApple, SignalKind::chart, SignalWeight::notable},
     SignalEventRow{SignalEvent::docketEntry, SignalKind::docket, SignalWeight::notable},
     SignalEventRow{SignalEvent::docketRoutine, SignalKind::docket, SignalWeight::routine},
+    SignalEventRow{SignalEvent::docketNewCase, SignalKind::docket, SignalWeight::notable},
     SignalEventRow{SignalEvent::docketReadable, SignalKind::docket, SignalWeight::routine},
     SignalEventRow{SignalEvent::pressRelease, SignalKind::pressRelease, SignalWeight::routine},
     SignalEventRow{SignalEvent::pressReleaseOfApple, SignalKind::pressRelease,

@@ -4,6 +4,7 @@
 #include <ranges>
 #include <vector>
 
+#include <boost/json.hpp>
 #include <fmt/format.h>
 
 #include "PressRoom/Trackers/WorldTime.h"
@@ -12,6 +13,7 @@
 namespace pressroom {
 namespace {
 
+namespace json = boost::json;
 using std::chrono::sys_seconds;
 
 constexpr std::size_t kDocketFeedItems = 30;
@@ -128,6 +130,40 @@ std::string docketDocument(const WorldDocket& docket, sys_seconds anchor, sys_se
         "xml:lang=\"en-us\">{}<link href=\"https://www.courtlistener.com/\" rel=\"alternate\"/>"
         "<updated>{}</updated>{}</feed>\n",
         element("title", "Docket updates for " + caseTitle(docket)), updated, items);
+}
+
+std::string searchDocument(const WorldDockets& world, sys_seconds anchor, sys_seconds now) {
+    std::vector<const WorldDocket*> begun;
+    for (const auto& docket : world.dockets) {
+        if (worldTime(anchor, docket.entries.front().minutesAgo) <= now) begun.push_back(&docket);
+    }
+    std::ranges::stable_sort(
+        begun, {}, [](const WorldDocket* docket) { return docket->entries.front().minutesAgo; });
+    json::array results;
+    for (const auto* docket : begun) {
+        const auto filed = worldTime(anchor, docket->entries.front().minutesAgo);
+        results.push_back(
+            {{"docket_id", std::stoll(docket->docket)},
+             {"court_id", docket->court},
+             {"court", "District Court, " + docket->court},
+             {"docketNumber", docket->number},
+             {"caseName", docket->name},
+             {"dateFiled", pacificMidnight(filed).substr(0, 10)},
+             {"dateTerminated", nullptr},
+             {"cause", docket->cause},
+             {"suitNature", ""},
+             {"assignedTo", "M. Ferrow"},
+             {"party", json::value_from(docket->parties)},
+             {"docket_absolute_url", fmt::format("/docket/{}/{}/", docket->docket, docket->slug)},
+             {"meta", json::object{{"more_docs", false}}},
+             {"recap_documents", json::array{}}});
+    }
+    const auto count = results.size();
+    return json::serialize(json::object{{"count", count},
+                                        {"document_count", 0},
+                                        {"next", nullptr},
+                                        {"previous", nullptr},
+                                        {"results", std::move(results)}});
 }
 
 bool hasCourt(const WorldDockets& world, std::string_view court) {

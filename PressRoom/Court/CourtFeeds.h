@@ -17,6 +17,10 @@ std::string docketDocument(const WorldDocket& docket, std::chrono::sys_seconds a
 std::string courtDocument(const WorldDockets& world, std::string_view court,
                           std::chrono::sys_seconds anchor, std::chrono::sys_seconds now);
 
+/// CourtListener's answer to a search for cases, the newest first.
+std::string searchDocument(const WorldDockets& world, std::chrono::sys_seconds anchor,
+                           std::chrono::sys_seconds now);
+
 bool hasCourt(const WorldDockets& world, std::string_view court);
 
 /// The newest twenty releases of a wire. One whose channel is unknown has no title.

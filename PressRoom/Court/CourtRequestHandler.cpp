@@ -18,6 +18,8 @@ using std::chrono::sys_seconds;
 constexpr std::array<std::string_view, 3> kNames{"court", "court-feeds", "press"};
 constexpr std::array kFaults{Kind::silent,  Kind::busy,  Kind::unavailable, Kind::page,
                              Kind::missing, Kind::empty, Kind::huge,        Kind::broken};
+// No other is accepted.
+constexpr std::string_view kAcceptedToken = "Token 0123456789abcdef";
 constexpr std::size_t kHugeFeed = 9 * 1024 * 1024;
 
 /// The feed without its items.
@@ -82,11 +84,21 @@ std::optional<Response> CourtRequestHandler::answer(const Request& request, sys_
 
 std::optional<Response> CourtRequestHandler::docketFeed(const Request& request,
                                                         sys_seconds now) const {
+    if (request.path() == "/api/rest/v4/search/") return search(request, now);
     for (const auto& docket : world_.dockets.dockets) {
         if (request.path() != fmt::format("/docket/{}/feed/", docket.docket)) continue;
         return served("court", request, docketDocument(docket, anchor_, now));
     }
     return std::nullopt;
+}
+
+Response CourtRequestHandler::search(const Request& request, sys_seconds now) const {
+    if (request.header("authorization") != kAcceptedToken) {
+        return {.status = 401,
+                .headers = {{"Content-Type", "application/json"}},
+                .body = R"({"detail":"Invalid token."})"};
+    }
+    return served("court", request, searchDocument(world_.dockets, anchor_, now));
 }
 
 std::optional<Response> CourtRequestHandler::courtFeed(const Request& request,

@@ -26,6 +26,7 @@ public:
 
 private:
     std::optional<Response> docketFeed(const Request& request, std::chrono::sys_seconds now) const;
+    Response search(const Request& request, std::chrono::sys_seconds now) const;
     std::optional<Response> courtFeed(const Request& request, std::chrono::sys_seconds now) const;
     std::optional<Response> wire(const Request& request, std::chrono::sys_seconds now) const;
     Response served(std::string_view name, const Request& request, std::string feed) const;

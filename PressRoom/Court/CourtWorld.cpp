@@ -27,6 +27,7 @@ struct JSONFields<WorldDocket> {
         field("docket", &WorldDocket::docket),  field("court", &WorldDocket::court),
         field("slug", &WorldDocket::slug),      field("number", &WorldDocket::number),
         field("name", &WorldDocket::name),      field("pacerCase", &WorldDocket::pacerCase),
+        field("cause", &WorldDocket::cause),    field("parties", &WorldDocket::parties),
         field("entries", &WorldDocket::entries)};
 };
 
@@ -60,6 +61,7 @@ void checkDockets(const WorldDockets& world) {
     for (const auto& docket : world.dockets) {
         inside(docket.docket, [&] {
             const auto& entries = docket.entries;
+            if (entries.empty()) throw kit::RecordError("entries", "there are none");
             if (!std::ranges::is_sorted(entries, std::greater{}, &WorldDocketEntry::minutesAgo))
                 throw kit::RecordError("entries", "the oldest must come first");
             for (const auto& entry : entries) {

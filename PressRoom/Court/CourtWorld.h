@@ -25,7 +25,9 @@ struct WorldDocket {
     std::string number{};
     std::string name{};
     std::string pacerCase{};
-    std::vector<WorldDocketEntry> entries{};  ///< oldest first
+    std::string cause{};
+    std::vector<std::string> parties{};
+    std::vector<WorldDocketEntry> entries{};  ///< oldest first; the case begins with it
 };
 
 struct WorldDockets {

@@ -16,6 +16,7 @@ struct CourtOptions {
     std::string note;
     std::optional<std::string> since;
     bool all = false;
+    bool newCases = false;
     bool stored = false;
 };
 
@@ -25,6 +26,8 @@ std::int64_t docketIn(const std::string& text);
 /// The address of a feed that the user names. Throws WrongUsage.
 std::string feedAddressIn(const std::string& text);
 
+/// The cases that the search has found.
+int showNewCases(Session& session, const CourtOptions& options);
 int followCase(Session& session, const CourtOptions& options);
 int unfollowCase(Session& session, const CourtOptions& options);
 int noteCase(Session& session, const CourtOptions& options);

@@ -225,12 +225,17 @@ void addCourtCommand(arguments::Command& app, Command& chosen) {
     auto court = app.subcommand("court", "New entries on the dockets of the cases that you follow");
     court.option("--case", options->docket, "Only this case, also one that isn't followed")
         .shownAs("CASE");
+    court.flag("--new", options->newCases,
+               "New cases with Apple as a party; needs the setting courtListenerToken");
     court.flag("--all", options->all, "Routine entries too");
     court.option("--since", options->since, "Only entries since then: 6h, 2d, 2026-11-02")
         .shownAs("WHEN");
     addStoredFlag(court, options->stored);
     court.whenChosen([options, &chosen] {
-        chosen = [options](Session& session) { return showCourt(session, *options); };
+        chosen = [options](Session& session) {
+            return options->newCases ? showNewCases(session, *options)
+                                     : showCourt(session, *options);
+        };
     });
     auto follow = addCourtAction(court, chosen, options, "follow", "Follow a case", followCase);
     addCase(follow, options);

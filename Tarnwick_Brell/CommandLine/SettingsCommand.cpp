@@ -33,7 +33,7 @@ const app::SettingKey& knownKey(const std::string& name) {
 
 /// The value in use, and whether it is the default.
 std::string shownValue(const app::SettingKey& key, const std::optional<std::string>& stored) {
-    if (stored) return printable(*stored);
+    if (stored) return printable(key.shown(*stored));
     return key.absent.empty() ? std::string("(not set)") : fmt::format("{} (default)", key.absent);
 }
 
@@ -53,7 +53,7 @@ boost::json::value typedValue(const app::SettingKey& key, const std::string& tex
         case Type::deviceList:
             return boost::json::value_from(
                 kit::parseDeviceList(text).value_or(std::vector<std::string>{}));
-        default: return boost::json::value(text);
+        default: return boost::json::value(key.shown(text));
     }
 }
 
@@ -68,6 +68,7 @@ std::string_view typeName(app::SettingKey::Type type) {
         case Type::webAddress: return "address";
         case Type::file: return "file";
         case Type::logLevels: return "levels";
+        case Type::secret: return "secret";
     }
     return "";
 }
@@ -117,7 +118,7 @@ int showSetting(Session& session, const std::string& name) {
     session.out().line(
         session.options().json
             ? boost::json::serialize(text.empty() ? boost::json::value() : typedValue(key, text))
-            : text);
+            : key.shown(text));
     return kDone;
 }
 

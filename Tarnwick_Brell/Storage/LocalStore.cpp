@@ -76,6 +76,7 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       charts_(database_),
       signalLog_(database_),
       docketEntries_(database_, "docketEntries"),
+      courtCases_(database_, "courtCases"),
       pressReleases_(database_, "pressReleases") {
     if (access == Database::Access::readWrite) {
         if (isOutdated(database_)) {

@@ -63,6 +63,7 @@ public:
     ChartHistory& charts() { return charts_; }
     SignalLog& signalLog() { return signalLog_; }
     RecordHistory& docketEntries() { return docketEntries_; }
+    RecordHistory& courtCases() { return courtCases_; }
     RecordHistory& pressReleases() { return pressReleases_; }
 
     std::int64_t version();
@@ -99,6 +100,7 @@ private:
     ChartHistory charts_;
     SignalLog signalLog_;
     RecordHistory docketEntries_;
+    RecordHistory courtCases_;
     RecordHistory pressReleases_;
     std::int64_t dataVersion_ = 0;
 };

@@ -32,6 +32,8 @@ std::vector<FollowedCase> FollowedFeeds::cases() const {
     return cases;
 }
 
+std::string FollowedFeeds::courtListenerToken() const { return defaults_.courtListenerToken(); }
+
 std::vector<AddedFeed> FollowedFeeds::feeds(std::string_view key) const {
     std::vector<AddedFeed> feeds;
     for (const auto& [address, name] : defaults_.memory(key).value_or(Defaults::Memory()))

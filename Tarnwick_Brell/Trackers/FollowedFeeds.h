@@ -33,6 +33,8 @@ public:
 
     /// In the order of their numbers.
     std::vector<FollowedCase> cases() const;
+    /// Empty when there is none.
+    std::string courtListenerToken() const;
     std::vector<AddedFeed> courtFeeds() const;
     std::vector<AddedFeed> pressFeeds() const;
 

@@ -76,8 +76,8 @@ PollScheduler::Outcome PollScheduler::finish(Tracker tracker) {
     const auto outcome = running_[tracker];
     running_.erase(tracker);
     if (outcome.bad == 0) failures_.erase(tracker);
-    // One bad fetch among several must not slow the others down.
-    schedule_->ended(tracker, now(), outcome.good > 0);
+    // One bad fetch among several must not slow the others down, and no file is no failure.
+    schedule_->ended(tracker, now(), outcome.good > 0 || outcome.bad == 0);
     return outcome;
 }
 

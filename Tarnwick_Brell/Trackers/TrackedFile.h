@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -49,6 +50,16 @@ struct TrackedFile {
     std::string mismatchText{};   ///< the error for an answer that was not asked for
     std::string notFoundText{};   ///< the error for status 404, where its meaning is known
     std::string untrustedHint{};  ///< what helps when the server's certificate is not trusted
+
+    /// It is not asked for again earlier, whoever wants it: services count requests by the day.
+    std::chrono::minutes leastInterval{0};
+    /// Its host is left alone for as long as any host is after it has forbidden a request (403): a
+    /// firewall that is asked on locks readers out.
+    bool pausesWhenForbidden = false;
+    /// A digest of what the request identifies itself with. One that the server has refused (401)
+    /// is not offered again.
+    std::string credential{};
+    std::string refusedText{};  ///< the error then
 
     /// Records a good answer in the histories, within the transaction that caches it. `before`
     /// is the value that was shown until then.

@@ -4,17 +4,21 @@
 #include <set>
 #include <utility>
 
+#include "NewsroomKit/Court/CaseSearch.h"
 #include "NewsroomKit/Court/DocketAPI.h"
 #include "NewsroomKit/Court/DocketSignals.h"
 #include "NewsroomKit/PressWires/PressAPI.h"
 #include "NewsroomKit/PressWires/PressSignals.h"
 #include "NewsroomKit/PressWires/WireFeeds.h"
+#include "NewsroomKit/Stories/StoryIdentity.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
+#include "Tarnwick_Brell/Storage/Settings/SettingKey.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 #include "Tarnwick_Brell/Trackers/TrackerCache.h"
 
 namespace app {
 
+using kit::CourtCase;
 using kit::DocketEntry;
 using kit::DocketSheet;
 using kit::HTTPClient;
@@ -111,6 +115,22 @@ void recordReleases(LocalStore& store, const FeedOrigin& feed,
     store.signalLog().add(kit::signalsOf(news, feed.address, now));
 }
 
+void recordCases(LocalStore& store, const FeedOrigin& feed, bool isFirst, const DocketSheet& sheet,
+                 Instant now) {
+    std::vector<CourtCase> added;
+    for (const auto& found : sheet.cases) {
+        const auto key = std::to_string(found.docket);
+        if (!kit::hasAppleAsParty(found) || store.courtCases().has(key)) continue;
+        store.courtCases().put({.key = key,
+                                .feed = feed.name,
+                                .happenedAt = found.filed,
+                                .firstSeen = now,
+                                .record = boost::json::serialize(kit::encode(found))});
+        added.push_back(found);
+    }
+    if (!isFirst) store.signalLog().add(kit::signalsOf(added, feed.address, now));
+}
+
 TrackedFile<PressSheet> pressFile(FeedOrigin origin, const std::string& title) {
     return {.tracker = Tracker::press,
             .name = origin.name,
@@ -141,6 +161,7 @@ TrackedFile<DocketSheet> docketFile(std::int64_t docket) {
     file.emptyAnswer = EmptyAnswer::refusedAfterItems;
     file.isEmpty = [](const DocketSheet& sheet) { return sheet.entries.empty(); };
     file.notFoundText = "CourtListener knows no such docket.";
+    file.pausesWhenForbidden = true;
     file.record = [origin](LocalStore& store, const auto& before, const auto& sheet, Instant now) {
         recordDockets(store, origin, !before, sheet, now);
     };
@@ -157,10 +178,27 @@ TrackedFile<DocketSheet> courtFeedFile(const AddedFeed& feed) {
     return file;
 }
 
+TrackedFile<DocketSheet> caseSearchFile(const std::string& token) {
+    const FeedOrigin origin{"court/search", kit::DocketAPI::searchAddress()};
+    auto file = sheetFile(origin, "The search for new cases");
+    file.fetch = [token](HTTPClient& http) { return kit::DocketAPI{http}.search(token); };
+    file.leastInterval = std::chrono::minutes(30);
+    file.pausesWhenForbidden = true;
+    file.credential = kit::storyID(token);
+    file.refusedText = "CourtListener refuses the token. It isn't asked again until the setting " +
+                       std::string(SettingKey::kCourtListenerToken) + " has another one.";
+    file.record = [origin](LocalStore& store, const auto& before, const auto& sheet, Instant now) {
+        recordCases(store, origin, !before, sheet, now);
+    };
+    return file;
+}
+
 std::vector<TrackedFile<DocketSheet>> docketFiles(const FollowedFeeds& followed) {
     std::vector<TrackedFile<DocketSheet>> files;
     for (const auto& one : followed.cases()) files.push_back(docketFile(one.docket));
     for (const auto& feed : followed.courtFeeds()) files.push_back(courtFeedFile(feed));
+    if (const auto token = followed.courtListenerToken(); !token.empty())
+        files.push_back(caseSearchFile(token));
     return files;
 }
 
@@ -203,6 +241,15 @@ std::vector<SeenEntry> seenEntries(const std::vector<HistoricRecord>& records) {
     for (const auto& row : records) {
         if (auto entry = recordIn<DocketEntry>(row))
             seen.push_back({std::move(*entry), row.feed, row.firstSeen});
+    }
+    return seen;
+}
+
+std::vector<SeenCase> seenCases(const std::vector<HistoricRecord>& records) {
+    std::vector<SeenCase> seen;
+    for (const auto& row : records) {
+        if (auto found = recordIn<CourtCase>(row))
+            seen.push_back({std::move(*found), row.firstSeen});
     }
     return seen;
 }

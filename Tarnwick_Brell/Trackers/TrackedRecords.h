@@ -23,7 +23,11 @@ TrackedFile<kit::DocketSheet> docketFile(std::int64_t docket);
 /// hundreds of entries an hour.
 TrackedFile<kit::DocketSheet> courtFeedFile(const AddedFeed& feed);
 
-/// Every file of dockets that is followed.
+/// CourtListener's search for new cases, with the token of the user's account there. It allows
+/// 125 requests a day; this is at most 48.
+TrackedFile<kit::DocketSheet> caseSearchFile(const std::string& token);
+
+/// Every file of dockets that is followed; the search where there is a token.
 std::vector<TrackedFile<kit::DocketSheet>> docketFiles(const FollowedFeeds& followed);
 
 /// Every feed of press releases that is followed: the wires', of which only the releases of Apple
@@ -39,6 +43,12 @@ struct SeenEntry {
     kit::Instant firstSeen{};
 };
 
+/// A case as the library holds it.
+struct SeenCase {
+    kit::CourtCase found{};
+    kit::Instant firstSeen{};
+};
+
 /// A press release as the library holds it.
 struct SeenRelease {
     kit::PressRelease release{};
@@ -48,6 +58,7 @@ struct SeenRelease {
 
 /// Those that can't be parsed, because another version wrote them, are left out.
 std::vector<SeenEntry> seenEntries(const std::vector<HistoricRecord>& records);
+std::vector<SeenCase> seenCases(const std::vector<HistoricRecord>& records);
 std::vector<SeenRelease> seenReleases(const std::vector<HistoricRecord>& records);
 
 }  // namespace app

@@ -25,10 +25,14 @@ bool isOurFault(const FetchError& error) {
            error == FetchError(URLError::notConnectedToInternet);
 }
 
+bool hasStatus(const FetchError& error, int status) {
+    return error ==
+           FetchError(HTTPClientError{.kind = HTTPClientError::Kind::status, .statusCode = status});
+}
+
 std::string failureText(const FetchError& error, const std::string& notFoundText,
                         const std::string& untrustedHint) {
-    constexpr HTTPClientError notFound{.kind = HTTPClientError::Kind::status, .statusCode = 404};
-    if (error == FetchError(notFound) && !notFoundText.empty()) return notFoundText;
+    if (hasStatus(error, 404) && !notFoundText.empty()) return notFoundText;
     const bool isUntrusted = error == FetchError(URLError::serverCertificateUntrusted);
     if (isUntrusted && !untrustedHint.empty()) return error.description() + " " + untrustedHint;
     return error.description();
@@ -52,6 +56,21 @@ std::optional<std::string> TrackerFetcher::pauseText(const std::string& address)
     const auto pause = pauses.find(hostOf(address));
     if (pause == pauses.end()) return std::nullopt;
     return HostBackoff::sentence(pause->second, now);
+}
+
+bool TrackerFetcher::wasAskedWithin(const std::string& name, std::chrono::minutes interval) {
+    if (interval == std::chrono::minutes(0)) return false;
+    const auto last = store_.trackerCopies().health(name).lastAttempt;
+    // One in the future was before the clock was set back.
+    return last && *last <= clock_() && clock_() - *last < interval;
+}
+
+bool TrackerFetcher::isRefused(const std::string& name, const std::string& credential) {
+    return !credential.empty() && store_.state().text("refused/" + name) == credential;
+}
+
+void TrackerFetcher::setRefused(const std::string& name, const std::string& credential) {
+    store_.state().setText("refused/" + name, credential);
 }
 
 void TrackerFetcher::backOff(const std::string& address, std::chrono::seconds wanted) {

@@ -39,6 +39,9 @@ private:
 
     void recordFailure(const std::string& name, std::string error);
     std::optional<std::string> pauseText(const std::string& address);
+    bool wasAskedWithin(const std::string& name, std::chrono::minutes interval);
+    bool isRefused(const std::string& name, const std::string& credential);
+    void setRefused(const std::string& name, const std::string& credential);
     void backOff(const std::string& address, std::chrono::seconds wanted);
 
     LocalStore& store_;
@@ -50,6 +53,9 @@ private:
 /// The user has no network, or has cancelled the request: no fault of the server's.
 bool isOurFault(const kit::FetchError& error);
 
+/// Whether the answer had this status.
+bool hasStatus(const kit::FetchError& error, int status);
+
 /// A sentence for the user. The texts take the place of the description, or follow it, where the
 /// meaning of an error is known; they may be empty.
 std::string failureText(const kit::FetchError& error, const std::string& notFoundText,
@@ -59,6 +65,8 @@ template <class T>
 boost::asio::awaitable<kit::CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T> file) {
     co_await boost::asio::this_coro::throw_if_cancelled(false);
     if (const auto pause = pauseText(file.address)) co_return notAsked(file, *pause);
+    if (isRefused(file.name, file.credential)) co_return notAsked(file, file.refusedText);
+    if (wasAskedWithin(file.name, file.leastInterval)) co_return cache_.read(file);
     std::optional<kit::FetchedFile<T>> fetched;
     try {
         fetched = co_await file.fetch(http_);
@@ -69,6 +77,13 @@ boost::asio::awaitable<kit::CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T>
     if (fetched->retryAfter) backOff(file.address, *fetched->retryAfter);
     const auto& error = fetched->value.error();
     if (isOurFault(error)) co_return notAsked(file, error.description());
+    if (file.pausesWhenForbidden && hasStatus(error, 403))
+        backOff(file.address, HostBackoff::kLongest);
+    if (!file.credential.empty() && hasStatus(error, 401)) {
+        // The next credential is not to wait for the least interval.
+        setRefused(file.name, file.credential);
+        co_return notAsked(file, file.refusedText);
+    }
     co_return failed(file, failureText(error, file.notFoundText, file.untrustedHint));
 }
 

@@ -92,6 +92,39 @@ class Court(unittest.TestCase):
         self.assertEqual(len(self.told("docket")), 1, "what came meanwhile is told once")
         self.assertEqual(self.told("pressRelease"), ["Broadcom Inc.: Broadcom Names a New Head of Radio Chips."])
 
+    def test_new_cases_are_found_with_a_token_that_is_never_shown(self):
+        self.go_to(1)
+        self.assertIn("settings courtListenerToken TOKEN", self.desk.run("court", "--new", status=1).stderr)
+        self.desk.run("settings", "courtListenerToken", "fedcba98")
+        self.assertIn("CourtListener refuses the token.", self.desk.run("court", "--new", status=1).stderr)
+        quiet = self.world.room(1, "--log", log=(log := open(self.desk.folder / "requests", "wb+")))
+        self.addCleanup(quiet.close)
+        self.desk.network = [*quiet.network]
+        self.assertIn("CourtListener refuses the token.", self.desk.run("court", "--new", status=1).stderr)
+        self.assertEqual(log.seek(0, os.SEEK_END), 0, "a refused token is not offered again")
+        log.close()
+        self.desk.run("settings", "courtListenerToken", "0123456789abcdef")
+        self.go_to(1)
+        text = self.desk.run("court", "--new").stdout
+        self.assertRegex(text, r"Low Water Games LLC v\. .* 70410111 ")
+        self.assertNotIn("Oak", text)
+        self.assertEqual(self.told("docket"), [])
+        self.go_to(100)
+        self.desk.run("court", "--new")
+        self.assertEqual(self.told("docket"), [], "it was asked within the last half hour")
+        library = sqlite3.connect(next(self.desk.folder.rglob("library*")))
+        with library:
+            library.execute("UPDATE trackerHealth SET lastAttempt = lastAttempt - 3600000000")
+        library.close()
+        for _ in range(2):
+            self.desk.run("court", "--new")
+        self.assertEqual(self.told("docket"), ["A new case: Ash Displays Ltd v. Apple Inc. (District Court, txwd)."])
+        shown = self.desk.run("settings").stdout + self.desk.run("settings", "courtListenerToken").stdout
+        shown += self.desk.run("settings", "--json").stdout + self.desk.run("log", "--program", "--level", "debug").stdout
+        self.assertIn("••••••••", shown)
+        self.assertNotIn("0123456789abcdef", shown)
+        self.assertEqual(next(self.desk.folder.rglob("*.ini"), next(self.desk.folder.rglob("settings*"))).stat().st_mode & 0o77, 0)
+
     def test_a_desk_that_is_killed_loses_and_repeats_nothing(self):
         self.go_to(1)
         self.desk.run("court", "follow", CASE)

@@ -67,7 +67,7 @@ QString valueText(const SettingKey& key, const std::string& value) {
     if (key.type == Type::truthValue)
         return value == "true" ? SettingsSheetModel::tr("on") : SettingsSheetModel::tr("off");
     if (key.type == Type::choice) return capitalised(labelText(value));
-    return titleText(value, kLongestValue);
+    return titleText(key.shown(value), kLongestValue);
 }
 
 }  // namespace
@@ -120,7 +120,7 @@ SettingRow SettingsSheetModel::rowOf(const SettingKey& key) const {
     const auto value = stored.value_or(standard);
     SettingRow row{.title = labelText(key.title),
                    .meaning = sentenceOf(key.meaning),
-                   .value = titleText(value, kLongestValue),
+                   .value = titleText(key.shown(value), kLongestValue),
                    .isNumber = key.type == Type::wholeNumber,
                    .isOn = value == "true",
                    .isChanged = value != standard,

@@ -112,6 +112,10 @@ std::string Defaults::suitable(std::string_view name) const {
     return std::string(known->absent);
 }
 
+std::string Defaults::courtListenerToken() const {
+    return suitable(SettingKey::kCourtListenerToken);
+}
+
 std::vector<std::string> Defaults::signingDevices() const {
     return kit::parseDeviceList(suitable(SettingKey::kSigningDevices)).value();
 }

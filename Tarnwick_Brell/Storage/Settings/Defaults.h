@@ -51,6 +51,9 @@ public:
     /// An additional authority for the update catalogue's host.
     std::optional<std::filesystem::path> updateCatalogueAuthority() const;
 
+    /// Of the user's account at CourtListener; empty when there is none.
+    std::string courtListenerToken() const;
+
     /// The models whose firmware signing is tracked.
     std::vector<std::string> signingDevices() const;
 

@@ -77,6 +77,9 @@ constexpr std::array kKeys{
     SettingKey{SettingKey::kServiceAddress, Section::sources, "Service address",
                "the service for releases, calendar and quotes", kit::TrackerAPI::kServiceAddress,
                Type::webAddress},
+    SettingKey{SettingKey::kCourtListenerToken, Section::trackers, "Token for CourtListener",
+               "token of your account at CourtListener, with which new cases are searched for", "",
+               Type::secret},
     SettingKey{SettingKey::kUpdateCatalogueAuthority,
                Section::trackers,
                "Certificate of the update catalogue",
@@ -187,6 +190,7 @@ std::string wanted(const SettingKey& key) {
         case Type::file: return "a file that can be read";
         case Type::deviceList: return "a list of models such as \"iPhone18,3, iPad16,1\"";
         case Type::logLevels: return "a level such as \"warning\" or \"info,http=debug\"";
+        case Type::secret: return "letters and digits without blanks";
     }
     throw std::logic_error("a setting without a type");
 }
@@ -202,6 +206,7 @@ std::optional<std::string> suitable(const SettingKey& key, std::string_view valu
         case Type::file: good = std::filesystem::is_regular_file(value); break;
         case Type::deviceList: return deviceList(value);
         case Type::logLevels: good = kit::LogLevels::parseError(value).empty(); break;
+        case Type::secret: good = std::ranges::all_of(value, kit::isASCIIAlphanumeric); break;
     }
     return good ? std::optional(std::string(value)) : std::nullopt;
 }
@@ -213,6 +218,10 @@ std::span<const SettingKey> SettingKey::all() { return kKeys; }
 const SettingKey* SettingKey::named(std::string_view name) {
     const auto found = std::ranges::find(kKeys, name, &SettingKey::name);
     return found == kKeys.end() ? nullptr : &*found;
+}
+
+std::string SettingKey::shown(std::string_view value) const {
+    return type == Type::secret && !value.empty() ? "••••••••" : std::string(value);
 }
 
 std::string SettingKey::stored(std::string_view value) const {

@@ -17,7 +17,8 @@ struct SettingKey {
         webAddress,
         file,
         deviceList,
-        logLevels
+        logLevels,
+        secret  ///< never shown
     };
 
     /// Where people look for it.
@@ -68,6 +69,10 @@ struct SettingKey {
     static constexpr std::string_view kPictures = "pictures";
     static constexpr std::string_view kStartWithDesktop = "startWithDesktop";
     static constexpr std::string_view kLogLevels = "logLevels";
+    static constexpr std::string_view kCourtListenerToken = "courtListenerToken";
+
+    /// What is shown of a stored value: of a secret no more than that there is one.
+    std::string shown(std::string_view value) const;
 };
 
 }  // namespace app

@@ -53,6 +53,14 @@ constexpr const char* kFeedRecordTables = R"sql(
         record TEXT NOT NULL
     );
     CREATE INDEX IF NOT EXISTS docketEntriesByFeed ON docketEntries (feed);
+    CREATE TABLE IF NOT EXISTS courtCases (
+        key TEXT PRIMARY KEY,
+        feed TEXT NOT NULL,
+        happenedAt INTEGER,
+        firstSeen INTEGER NOT NULL,
+        record TEXT NOT NULL
+    );
+    CREATE INDEX IF NOT EXISTS courtCasesByFeed ON courtCases (feed);
     CREATE TABLE IF NOT EXISTS pressReleases (
         key TEXT PRIMARY KEY,
         feed TEXT NOT NULL,
