@@ -27,7 +27,8 @@ std::optional<std::string> dayText(std::string_view year, std::string_view month
     const auto y = wholeNumber(year);
     const auto m = wholeNumber(month);
     const auto d = wholeNumber(day);
-    if (!y || !m || !d || *m < 1 || *d < 1) return std::nullopt;
+    // Instants begin with the year 1.
+    if (!y || !m || !d || *y < 1 || *m < 1 || *d < 1) return std::nullopt;
     const std::chrono::year_month_day date{std::chrono::year(*y),
                                            std::chrono::month(static_cast<unsigned>(*m)),
                                            std::chrono::day(static_cast<unsigned>(*d))};

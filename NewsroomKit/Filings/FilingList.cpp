@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::string_view amendmentMark = "/A";
 
+// Ten have been seen.
+constexpr std::size_t mostParties = 200;
+
 bool isAmendment(const Filing& filing) { return filing.form.ends_with(amendmentMark); }
 
 std::string_view baseForm(const Filing& filing) {
@@ -41,6 +44,7 @@ std::vector<Filing> merged(std::vector<Filing> listed) {
         }
         auto& parties = filings[place->second].parties;
         for (auto& party : filing.parties) {
+            if (parties.size() == mostParties) break;
             if (std::ranges::find(parties, party) == parties.end()) parties.push_back(party);
         }
     }
@@ -57,11 +61,15 @@ void linkAmendments(std::vector<Filing>& filings) {
     }
     for (auto& filing : filings) {
         if (!isAmendment(filing) || !filing.period || !filing.accepted) continue;
-        for (const auto* earlier : related[{baseForm(filing), *filing.period}]) {
-            if (*earlier->accepted >= *filing.accepted || !shareParty(filing, *earlier)) continue;
-            filing.amends = earlier->accession;
-            break;
-        }
+        const auto& candidates = related[{baseForm(filing), *filing.period}];
+        const auto isNotEarlier = [&](const Filing* candidate) {
+            return *candidate->accepted >= *filing.accepted;
+        };
+        const auto earlier = std::ranges::partition_point(candidates, isNotEarlier);
+        const auto original = std::find_if(earlier, candidates.end(), [&](const Filing* candidate) {
+            return shareParty(filing, *candidate);
+        });
+        if (original != candidates.end()) filing.amends = (*original)->accession;
     }
 }
 

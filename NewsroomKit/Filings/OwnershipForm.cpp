@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <map>
+#include <tuple>
 
 #include "NewsroomKit/Filings/FilingForms.h"
 #include "NewsroomKit/Filings/OwnershipWords.h"
@@ -200,28 +202,28 @@ TradingPlan planOf(const XMLElement& root, const OwnershipForm& form) {
 std::vector<TradeSum> sumsOf(const std::vector<Trade>& trades) {
     std::vector<TradeSum> sums;
     std::vector<double> pricedShares;
+    std::map<std::tuple<std::string, std::optional<bool>, std::string, std::optional<bool>>,
+             std::size_t>
+        places;
     for (const auto& trade : trades) {
-        const auto same = [&](const TradeSum& sum) {
-            return sum.code == trade.code && sum.acquired == trade.acquired &&
-                   sum.security == trade.security && sum.direct == trade.direct;
-        };
-        auto place = std::ranges::find_if(sums, same);
-        if (place == sums.end()) {
+        const auto [known, isNew] = places.try_emplace(
+            {trade.code, trade.acquired, trade.security, trade.direct}, sums.size());
+        if (isNew) {
             sums.push_back({.code = trade.code,
                             .acquired = trade.acquired,
                             .security = trade.security,
                             .direct = trade.direct});
             pricedShares.push_back(0);
-            place = sums.end() - 1;
         }
+        auto& sum = sums[known->second];
         const double shares = trade.shares.value_or(0);
-        place->shares += shares;
-        if (trade.value) place->value = place->value.value_or(0) + *trade.value;
+        sum.shares += shares;
+        if (trade.value) sum.value = sum.value.value_or(0) + *trade.value;
         if (trade.price.value_or(0) <= 0 || shares <= 0) continue;
-        auto& priced = pricedShares[static_cast<std::size_t>(place - sums.begin())];
-        const double before = place->averagePrice.value_or(0) * priced;
+        auto& priced = pricedShares[known->second];
+        const double before = sum.averagePrice.value_or(0) * priced;
         priced += shares;
-        place->averagePrice = (before + shares * *trade.price) / priced;
+        sum.averagePrice = (before + shares * *trade.price) / priced;
     }
     return sums;
 }

@@ -15,6 +15,9 @@
 namespace kit {
 namespace {
 
+// A sentence with more is no longer read.
+constexpr std::size_t mostActs = 6;
+
 constexpr std::array<std::string_view, 12> monthNames{
     "January", "February", "March",     "April",   "May",      "June",
     "July",    "August",   "September", "October", "November", "December"};
@@ -144,10 +147,14 @@ std::string ownershipSentence(const OwnershipForm& form) {
     const auto who = ownersInWords(form);
     std::string acts;
     bool hasDecision = false;
-    for (std::size_t i = 0; i < form.summary.size(); ++i) {
+    const auto shown = std::min(form.summary.size(), mostActs);
+    for (std::size_t i = 0; i < shown; ++i) {
         if (i > 0) acts += i + 1 == form.summary.size() ? " and " : ", ";
         acts += actOf(form, form.summary[i]);
         hasDecision = hasDecision || isDecision(form.summary[i].code);
+    }
+    if (shown < form.summary.size()) {
+        acts += fmt::format(" and more ({} kinds of trades)", form.summary.size());
     }
     std::string sentence;
     if (!acts.empty()) {

@@ -82,14 +82,15 @@ TEST(Ownership, SaysOfAPlanOnlyWhatBoxOrNotesSay) {
 }
 
 TEST(Ownership, MendsImpossibleDatesAndCountsBusinessDays) {
-    const auto rows = trade("S", "1", "", "2035-11-18") + trade("S", "1", "", "0022-11-18") +
-                      trade("S", "1", "", "2026-11-20-05:00");
+    const auto rows = trade("S", "1", "", "2035-11-18") + trade("S", "1", "", "0000-11-18") +
+                      trade("S", "1", "", "0022-11-18") + trade("S", "1", "", "2026-11-20-05:00");
     const auto unfiled = read(form(rows));
     EXPECT_EQ(unfiled.trades[0].date, "2026-11-18");
     EXPECT_EQ(unfiled.trades[0].dateAsFiled, "2035-11-18");
-    EXPECT_EQ(unfiled.trades[1].date, "2026-11-18");
-    EXPECT_EQ(unfiled.trades[2].date, "2026-11-20");
-    EXPECT_EQ(unfiled.trades[2].dateAsFiled, std::nullopt);
+    EXPECT_EQ(unfiled.trades[1].date, std::nullopt);
+    EXPECT_EQ(unfiled.trades[2].date, "2026-11-18");
+    EXPECT_EQ(unfiled.trades[3].date, "2026-11-20");
+    EXPECT_EQ(unfiled.trades[3].dateAsFiled, std::nullopt);
     EXPECT_EQ(unfiled.late, std::nullopt);
     // Friday to Tuesday are two business days.
     EXPECT_EQ(read(form(trade("S", "1", "", "2026-11-20")), "2026-11-24").late, false);
