@@ -99,9 +99,10 @@ json::object timeline(const json::object& input);
 json::object docket(const json::object& input);
 json::object press(const json::object& input);
 
-// Watched pages
+// Watched pages and files
 json::object page(const json::object& input);
 json::object pageDiff(const json::object& input);
+json::object backend(const json::object& input);
 
 // Filings and insiders
 json::object filings(const json::object& input);

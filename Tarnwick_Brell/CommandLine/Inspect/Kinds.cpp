@@ -9,7 +9,7 @@
 namespace cli::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 37> all{{
+    static constexpr std::array<Kind, 38> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -46,6 +46,7 @@ std::span<const Kind> kinds() {
         {"press", "path or text", press},
         {"page", "html, path or text; url, contentType, status", page},
         {"pagediff", "before, after (HTML; url), or beforeText, afterText (lines)", pageDiff},
+        {"backend", "source, before, after, or beforeBase64, afterBase64", backend},
         {"archive-url", "operation; after, before, offset, limit, or urls, or url", archiveURL},
     }};
     return all;
