@@ -104,8 +104,8 @@ TEST_F(SubjectJobTest, ALabelIsCorrectedUndoneAndTakenBackFromTheList) {
     choose("tide");
     auto& menu = *model_->rowMenu();
     ASSERT_TRUE(menu.show({{"storyID", reader().storyID()}}));
-    menu.run(static_cast<int>(column(*menu.rows(), "title")
-                                  .indexOf("Correct what the desk made of it")));
+    menu.run(static_cast<int>(
+        column(*menu.rows(), "title").indexOf("Correct what the desk made of it")));
     ASSERT_TRUE(until([&] { return model_->sheet() != nullptr; }));
     model_->sheet()->setProperty("note", " Seen in the newsroom ");
     waitForFrame();
