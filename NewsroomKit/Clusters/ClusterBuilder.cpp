@@ -88,7 +88,7 @@ private:
         const auto [row, isNew] = known_.try_emplace(keyOf(left, right));
         if (isNew) {
             const auto tie = tieBetween(*entries_[left], *entries_[right]);
-            if (!tie.isExcluded) row->second = tie.strength;
+            if (!tie.isExcluded) row->second = tie.likeness;
         }
         return row->second;
     }

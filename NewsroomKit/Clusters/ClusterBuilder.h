@@ -10,9 +10,9 @@ namespace kit {
 
 /// The least strength of a tie that suggests one cluster, and of all ties of an entry with a group
 /// on average.
-inline constexpr double kAlike = 0.23;
+inline constexpr double kAlike = 0.22;
 /// Likewise of two groups with several members: two pieces of news rather than one so far.
-inline constexpr double kAlikeToMerge = 0.3;
+inline constexpr double kAlikeToMerge = 0.35;
 
 struct EntryPair {
     std::size_t left = 0;

@@ -16,6 +16,7 @@ namespace {
 // alike: a newsletter with five pieces of news is one article.
 constexpr double kSharedOriginBonus = 0.25;
 constexpr double kLeastWithSharedOrigin = 0.08;
+constexpr double kSameEventBonus = 0.12;
 constexpr double kOtherNameShare = 0.3;
 constexpr double kCompanionShare = 0.75;
 // How much likeness two stories lose that are as far apart as the window is wide.
@@ -50,15 +51,33 @@ bool citesArticle(const ClusterEntry& teller, const ClusterEntry& origin) {
     return isOfOneArticle && shareAny(teller.cited, origin.articles);
 }
 
-double wordStrength(const ClusterEntry& left, const ClusterEntry& right) {
-    double strength = similarity(left.vector, right.vector);
-    if (differInNames(left.headline.facts, right.headline.facts)) strength *= kOtherNameShare;
+bool standsAlone(const ClusterEntry& entry) {
+    return entry.genre == HeadlineGenre::opinion || entry.genre == HeadlineGenre::guide;
+}
+
+/// How much of their likeness two stories keep that name other things or are far apart.
+double keptShare(const ClusterEntry& left, const ClusterEntry& right) {
+    double share = 1;
+    if (differInNames(left.headline.facts, right.headline.facts)) share *= kOtherNameShare;
     if (left.genre != HeadlineGenre::news || right.genre != HeadlineGenre::news) {
-        strength *= kCompanionShare;
+        share *= kCompanionShare;
     }
     const auto apart = std::chrono::abs(left.publishedAt - right.publishedAt);
     const double windows = std::min(1.0, std::chrono::duration<double>(apart) / kWindow);
-    return strength * (1 - kLossOverWindow * windows);
+    return share * (1 - kLossOverWindow * windows);
+}
+
+/// By the words alone, before it is reduced.
+EntryTie wordTie(const ClusterEntry& left, const ClusterEntry& right) {
+    const auto shared = sharedWords(left.vector, right.vector);
+    EntryTie tie{.likeness = likeness(shared)};
+    if (tellOfSameEvent(left.headline.facts, right.headline.facts)) {
+        tie.likeness = std::min(1.0, tie.likeness + kSameEventBonus);
+        tie.strength = tie.likeness;
+    } else if (isTelling(shared)) {
+        tie.strength = tie.likeness;
+    }
+    return tie;
 }
 
 }  // namespace
@@ -81,23 +100,32 @@ ClusterEntry ClusterEntry::of(const Story& story) {
     return entry;
 }
 
+double wordStrength(const ClusterEntry& left, const ClusterEntry& right) {
+    return wordTie(left, right).strength;
+}
+
 EntryTie tieBetween(const ClusterEntry& left, const ClusterEntry& right) {
     using Kind = EntryTie::Kind;
-    if (shareAny(left.articles, right.articles)) return {.kind = Kind::sameArticle, .strength = 1};
-    const bool isOpinion =
-        left.genre == HeadlineGenre::opinion || right.genre == HeadlineGenre::opinion;
-    if (isOpinion || contradict(left.headline.facts, right.headline.facts)) {
+    constexpr double kSure = 1;
+    if (shareAny(left.articles, right.articles))
+        return {.kind = Kind::sameArticle, .strength = kSure, .likeness = kSure};
+    if (standsAlone(left) || standsAlone(right) ||
+        contradict(left.headline.facts, right.headline.facts)) {
         return {.isExcluded = true};
     }
-    if (citesArticle(left, right) || citesArticle(right, left)) {
-        return {.kind = Kind::cites, .strength = 1};
+    if (citesArticle(left, right) || citesArticle(right, left))
+        return {.kind = Kind::cites, .strength = kSure, .likeness = kSure};
+    auto tie = wordTie(left, right);
+    const double kept = keptShare(left, right);
+    tie.strength *= kept;
+    tie.likeness *= kept;
+    if (tie.likeness >= kLeastWithSharedOrigin && shareAny(left.cited, right.cited)) {
+        tie.kind = Kind::sharedOrigin;
+        tie.strength = tie.likeness = std::min(1.0, tie.likeness + kSharedOriginBonus);
+    } else if (tie.strength > 0) {
+        tie.kind = Kind::words;
     }
-    const double strength = wordStrength(left, right);
-    if (strength >= kLeastWithSharedOrigin && shareAny(left.cited, right.cited)) {
-        return {.kind = Kind::sharedOrigin,
-                .strength = std::min(1.0, strength + kSharedOriginBonus)};
-    }
-    return {.kind = strength > 0 ? Kind::words : Kind::none, .strength = strength};
+    return tie;
 }
 
 }  // namespace kit

@@ -33,9 +33,12 @@ struct ClusterEntry {
 struct EntryTie {
     enum class Kind : std::uint8_t { none, words, sharedOrigin, cites, sameArticle };
     Kind kind = Kind::none;
-    double strength = 0;      ///< from 0 to 1
+    double strength = 0;      ///< from 0 to 1; 0 when what they share tells nothing
+    double likeness = 0;      ///< at least the strength: of their words, telling or not
     bool isExcluded = false;  ///< the two cannot tell the same news
 };
+/// The strength that words alone give a tie, at most.
+double wordStrength(const ClusterEntry& left, const ClusterEntry& right);
 EntryTie tieBetween(const ClusterEntry& left, const ClusterEntry& right);
 
 }  // namespace kit

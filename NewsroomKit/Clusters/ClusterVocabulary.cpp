@@ -14,10 +14,11 @@ namespace kit {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, WordRole>, 13> kRoleNames{{
+constexpr std::array<std::pair<std::string_view, WordRole>, 14> kRoleNames{{
     {"function", WordRole::function},
     {"common", WordRole::common},
     {"sense", WordRole::sense},
+    {"event", WordRole::event},
     {"company", WordRole::company},
     {"system", WordRole::system},
     {"device", WordRole::device},

@@ -14,6 +14,7 @@ enum class WordRole : std::uint8_t {
     function,
     common,
     sense,
+    event,  ///< a sense: something that happens to somebody
     company,
     system,
     device,

@@ -16,7 +16,8 @@ void addWords(const HeadlineParts& parts, bool inTitle, std::vector<Headline::Wo
         words.push_back({.key = part.key,
                          .usualShare = static_cast<float>(part.share),
                          .inTitle = inTitle,
-                         .isTopic = part.isTopic()});
+                         .isTopic = part.isTopic(),
+                         .isCommon = part.isCommon()});
     }
 }
 

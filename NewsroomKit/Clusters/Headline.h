@@ -15,7 +15,8 @@ struct Headline {
         std::uint64_t key = 0;
         float usualShare = 0;  ///< of all headlines that hold it, as known beforehand
         bool inTitle = false;
-        bool isTopic = false;  ///< names what the news is about rather than what has happened
+        bool isTopic = false;   ///< names what the news is about rather than what has happened
+        bool isCommon = false;  ///< everyday language
         bool operator==(const Word&) const = default;
     };
 

@@ -35,6 +35,12 @@ void sortDistinct(List& list) {
     list.erase(std::unique(list.begin(), list.end()), list.end());
 }
 
+bool isParty(const HeadlinePart& part) {
+    static const auto apple = nameKey("apple");
+    if (part.is(WordRole::company)) return part.key != apple;
+    return part.is(WordRole::service) || part.is(WordRole::person) || part.is(WordRole::place);
+}
+
 /// Chips and the like are named by a letter and a number.
 bool isNamePrefix(std::string_view prefix) { return prefix.size() == 1; }
 
@@ -56,6 +62,12 @@ HeadlineFacts HeadlineFactReader::read() {
     sortDistinct(facts_.stages);
     sortDistinct(facts_.places);
     sortDistinct(facts_.services);
+    static const auto pull = nameKey("pull");
+    facts_.isWithdrawn =
+        std::find(facts_.events.begin(), facts_.events.end(), pull) != facts_.events.end();
+    sortDistinct(facts_.events);
+    addProductsAsParties();
+    sortDistinct(facts_.parties);
     return std::move(facts_);
 }
 
@@ -75,6 +87,14 @@ void HeadlineFactReader::readNamed(std::size_t at) {
     if (part.is(WordRole::stage)) addStage(at);
     if (part.is(WordRole::place)) facts_.places.push_back(part.key);
     if (part.is(WordRole::service)) facts_.services.push_back(part.key);
+    if (part.is(WordRole::event)) facts_.events.push_back(part.key);
+    if (isParty(part)) facts_.parties.push_back(part.key);
+}
+
+void HeadlineFactReader::addProductsAsParties() {
+    for (const auto& product : facts_.products) {
+        if (const auto key = productKey(product); key != 0) facts_.parties.push_back(key);
+    }
 }
 
 void HeadlineFactReader::addSystem(std::size_t at) {

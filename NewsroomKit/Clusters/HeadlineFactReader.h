@@ -19,6 +19,7 @@ public:
 private:
     void readNamed(std::size_t at);
     void readNumber(std::size_t at);
+    void addProductsAsParties();
     void addSystem(std::size_t at);
     void addProduct(std::size_t at);
     bool addModel(std::size_t at, HeadlineFacts::Product& product) const;

@@ -18,11 +18,14 @@ constexpr double kComparable = 2;
 constexpr double kExact = 1e-9;
 
 /// True when neither list is empty and they share nothing.
-bool disjoint(const std::vector<std::uint64_t>& left, const std::vector<std::uint64_t>& right) {
-    if (left.empty() || right.empty()) return false;
-    return std::none_of(left.begin(), left.end(), [&](std::uint64_t value) {
+bool haveCommon(const std::vector<std::uint64_t>& left, const std::vector<std::uint64_t>& right) {
+    return std::any_of(left.begin(), left.end(), [&](std::uint64_t value) {
         return std::binary_search(right.begin(), right.end(), value);
     });
+}
+
+bool disjoint(const std::vector<std::uint64_t>& left, const std::vector<std::uint64_t>& right) {
+    return !left.empty() && !right.empty() && !haveCommon(left, right);
 }
 
 bool haveOneSubject(const Figure& left, const Figure& right) {
@@ -87,10 +90,16 @@ bool productsDisagree(const std::vector<Product>& left, const std::vector<Produc
 }  // namespace
 
 bool contradict(const HeadlineFacts& left, const HeadlineFacts& right) {
+    const bool areOfSystems = !left.systems.empty() && !right.systems.empty();
+    if (areOfSystems && left.isWithdrawn != right.isWithdrawn) return true;
     return disjoint(left.systems, right.systems) || disjoint(left.stages, right.stages) ||
            disjoint(left.audiences, right.audiences) ||
            productsDisagree(left.products, right.products) ||
            figuresDisagree(left.figures, right.figures);
+}
+
+bool tellOfSameEvent(const HeadlineFacts& left, const HeadlineFacts& right) {
+    return haveCommon(left.events, right.events) && haveCommon(left.parties, right.parties);
 }
 
 bool differInNames(const HeadlineFacts& left, const HeadlineFacts& right) {

@@ -33,6 +33,9 @@ struct HeadlineFacts {
     std::vector<std::uint64_t> audiences{};  ///< developers, the public
     std::vector<std::uint64_t> places{};     ///< countries and unions
     std::vector<std::uint64_t> services{};   ///< of Apple
+    std::vector<std::uint64_t> events{};     ///< an outage, a fine, a departure …
+    bool isWithdrawn = false;                ///< of a release: it is offered no longer
+    std::vector<std::uint64_t> parties{};    ///< to whom or what that may have happened, but Apple
 
     bool operator==(const HeadlineFacts&) const = default;
 };
@@ -44,5 +47,8 @@ bool contradict(const HeadlineFacts& left, const HeadlineFacts& right);
 
 /// True when both name places, or services, but not one in common.
 bool differInNames(const HeadlineFacts& left, const HeadlineFacts& right);
+
+/// True when both tell of an event of one kind, and name a party in common.
+bool tellOfSameEvent(const HeadlineFacts& left, const HeadlineFacts& right);
 
 }  // namespace kit

@@ -26,10 +26,30 @@ constexpr std::string_view kOpinionParts[] = {
     "apple needs to ", "is the wrong kind", "it's time for apple",
 };
 
-constexpr std::string_view kCompanionStarts[] = {
-    "top stories",
+constexpr std::string_view kGuideStarts[] = {
     "how to ",
     "how and when to ",
+    "how you can ",
+    "here's how to ",
+    "tip:",
+    "tips:",
+    "everything new ",
+    "all the new ",
+    "all new features",
+    "here's everything new",
+    "here's what's new",
+    "what's new in ",
+    "hidden features",
+    "first look:",
+};
+
+constexpr std::string_view kGuideParts[] = {
+    " features:",      "features in ios", "features you",   "every new feature", "every change",
+    "tips and tricks", "how to ",         "things to know", "things you",
+};
+
+constexpr std::string_view kCompanionStarts[] = {
+    "top stories",
     "where to watch",
     "what to watch",
     "best ",
@@ -42,7 +62,6 @@ constexpr std::string_view kCompanionStarts[] = {
     "live updates",
     "everything apple announced",
     "everything announced",
-    "everything new ",
     "week in review",
     "this week in",
     "weekly ",
@@ -57,8 +76,6 @@ constexpr std::string_view kCompanionStarts[] = {
     "quiz:",
     "recap:",
     "roundup:",
-    "tip:",
-    "tips:",
     "what time ",
     "links:",
     "rumor roundup",
@@ -114,6 +131,9 @@ HeadlineGenre headlineGenre(std::string_view title, StoryKind kind) {
     }
     if (beginsWithAny(text, kOpinionStarts) || holdsAny(text, kOpinionParts)) {
         return HeadlineGenre::opinion;
+    }
+    if (beginsWithAny(text, kGuideStarts) || holdsAny(text, kGuideParts)) {
+        return HeadlineGenre::guide;
     }
     const bool isCompanionKind = kind == StoryKind::roundup || kind == StoryKind::podcast ||
                                  kind == StoryKind::sponsored || kind == StoryKind::advertisement;

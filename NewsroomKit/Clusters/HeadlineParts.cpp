@@ -25,6 +25,7 @@ bool HeadlinePart::isTopic() const {
         case WordRole::function:
         case WordRole::common:
         case WordRole::sense:
+        case WordRole::event:
         case WordRole::company:
         case WordRole::stage:
         case WordRole::audience:

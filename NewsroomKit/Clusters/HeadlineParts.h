@@ -33,6 +33,12 @@ struct HeadlinePart {
     bool is(WordRole role) const { return known && known->role == role; }
     /// Names what the news is about rather than what has happened.
     bool isTopic() const;
+    static constexpr double kCommonShare = 0.01;
+    /// Everyday language, or said of every beta.
+    bool isCommon() const {
+        return (is(WordRole::common) && share >= kCommonShare) || is(WordRole::audience) ||
+               is(WordRole::stage);
+    }
     /// Function words and builds are none.
     bool isEvidence() const { return !isBuild && !is(WordRole::function); }
 };

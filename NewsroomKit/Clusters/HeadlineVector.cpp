@@ -14,15 +14,17 @@ constexpr double kExcerptCover = 0.8;
 // A shared name alone is a topic, not news, and so are names together with words that any headline
 // may contain. One rare word alone may be a chance; the second one must weigh at least this much.
 constexpr double kTellingWeight = 1.8;
-constexpr float kEveryday = 0.025F;
+// A distinctive word that has no other one beside it weighs at least as much.
+constexpr double kRareWord = 4.0;
+constexpr float kEveryday = 0.04F;
 constexpr double kLeastDistinctiveWeight = 2.9;
-constexpr double kLeastSharedWeight = 6.0;
+constexpr double kLeastSharedWeight = 9.0;
 // Less is enough where a short title says hardly anything else: "iCloud is down again".
 constexpr double kMostlyCovered = 0.7;
 constexpr double kLeastOfShortTitle = 4.5;
 
 // Names of products and companies recur with every piece of news about them.
-constexpr float kTopicShare = 0.65F;
+constexpr float kTopicShare = 0.8F;
 
 double ratio(double part, double whole) { return whole > 0 ? part / whole : 0; }
 
@@ -35,10 +37,11 @@ HeadlineVector headlineVector(const Headline& headline, const WordMemory& memory
         const auto rarity = static_cast<float>(memory.weight(word.key, word.usualShare));
         const float weight = word.isTopic ? rarity * kTopicShare : rarity;
         const float counted = word.inTitle ? weight : weight * kExcerptShare;
-        vector.items.push_back({.key = word.key,
-                                .weight = weight,
-                                .inTitle = word.inTitle,
-                                .isDistinctive = !word.isTopic && word.usualShare < kEveryday});
+        vector.items.push_back(
+            {.key = word.key,
+             .weight = weight,
+             .inTitle = word.inTitle,
+             .isDistinctive = !word.isTopic && !word.isCommon && word.usualShare < kEveryday});
         if (word.inTitle) vector.titleSquares += weight * weight;
         vector.allSquares += counted * counted;
     }
@@ -64,7 +67,10 @@ SharedWords sharedWords(const HeadlineVector& left, const HeadlineVector& right)
         if (item.inTitle) leftCovered += square * (other->inTitle ? 1 : kExcerptCover);
         if (other->inTitle) rightCovered += square * (item.inTitle ? 1 : kExcerptCover);
         shared.weight += item.weight * fields;
-        if (item.isDistinctive) shared.distinctive += item.weight * fields;
+        if (item.isDistinctive) {
+            shared.distinctive += item.weight * fields;
+            if (item.weight * fields >= kTellingWeight) ++shared.distinctiveCount;
+        }
         if (item.weight * fields >= kTellingWeight) ++shared.count;
     }
     shared.ofTitles = ratio(titles, std::sqrt(double(left.titleSquares) * right.titleSquares));
@@ -74,12 +80,15 @@ SharedWords sharedWords(const HeadlineVector& left, const HeadlineVector& right)
     return shared;
 }
 
-double similarity(const HeadlineVector& left, const HeadlineVector& right) {
-    const auto shared = sharedWords(left, right);
+bool isTelling(const SharedWords& shared) {
     const double covered = std::max(shared.leftCovered, shared.rightCovered);
     const bool isShortTitle = covered >= kMostlyCovered && shared.weight >= kLeastOfShortTitle;
-    if (shared.distinctive < kLeastDistinctiveWeight) return 0;
-    if (shared.count < 2 || (shared.weight < kLeastSharedWeight && !isShortTitle)) return 0;
+    const bool isNamed = shared.distinctiveCount >= 2 || shared.distinctive >= kRareWord;
+    return isNamed && shared.distinctive >= kLeastDistinctiveWeight && shared.count >= 2 &&
+           (shared.weight >= kLeastSharedWeight || isShortTitle);
+}
+
+double likeness(const SharedWords& shared) {
     return 0.5 * shared.ofAll + 0.25 * (shared.leftCovered + shared.rightCovered);
 }
 

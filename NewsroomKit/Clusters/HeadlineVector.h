@@ -32,10 +32,13 @@ struct SharedWords {
     double weight = 0;       ///< sum of the weights of the shared words
     double distinctive = 0;  ///< of which that of the distinctive ones
     unsigned count = 0;      ///< of the shared words that tell something
+    unsigned distinctiveCount = 0;
 };
 SharedWords sharedWords(const HeadlineVector& left, const HeadlineVector& right);
 
-/// From 0 to 1. Headlines that share too little to be sure count as 0.
-double similarity(const HeadlineVector& left, const HeadlineVector& right);
+/// From 0 to 1.
+double likeness(const SharedWords& shared);
+/// Whether what they share is more than a topic or everyday language.
+bool isTelling(const SharedWords& shared);
 
 }  // namespace kit

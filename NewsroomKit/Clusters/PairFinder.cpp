@@ -18,6 +18,7 @@ constexpr float kHeavy = 2.5F;
 constexpr float kLeastProbedWeight = 4.2F;
 constexpr float kWeightInExcerpt = 0.6F;
 constexpr float kSameAddress = 100;
+constexpr float kSameEvent = kLeastProbedWeight;
 /// Of the stories with one word at most the last ones added are candidates; more is a flood.
 constexpr std::size_t kMostHolders = 1500;
 
@@ -35,6 +36,15 @@ Items weightiest(const HeadlineVector& vector, bool inTitle, std::size_t most, s
     items.erase(end, items.end());
     while (items.size() > least && items.back().weight < kHeavy) items.pop_back();
     return items;
+}
+
+std::vector<std::uint64_t> eventKeys(const HeadlineFacts& facts) {
+    constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15U;
+    std::vector<std::uint64_t> keys;
+    for (const auto event : facts.events) {
+        for (const auto party : facts.parties) keys.push_back(event * kSpread + party);
+    }
+    return keys;
 }
 
 }  // namespace
@@ -75,7 +85,11 @@ void PairFinder::add(std::uint32_t number, const std::vector<ClusterEntry>& entr
         }
     }
 
-    // 3. Those that are close enough, in time too.
+    // 3. Stories that tell of the same event.
+    const auto events = eventKeys(entry.headline.facts);
+    for (const auto event : events) probe(eventHolders_, event, kSameEvent);
+
+    // 4. Those that are close enough, in time too.
     for (const std::uint32_t other : candidates_) {
         const float weight = std::exchange(shared_[other], 0.0F);
         if (weight < kLeastProbedWeight) continue;
@@ -83,7 +97,7 @@ void PairFinder::add(std::uint32_t number, const std::vector<ClusterEntry>& entr
         if (known.storyID.empty() || known.outlet == entry.outlet) continue;
         if (std::chrono::abs(known.publishedAt - entry.publishedAt) > window) continue;
         const bool isByWords = weight < kSameAddress;
-        if (isByWords && similarity(known.vector, entry.vector) < least) continue;
+        if (isByWords && wordStrength(known, entry) < least) continue;
         const auto tie = tieBetween(known, entry);
         if (tie.isExcluded || tie.strength < least) continue;
         pairs.push_back(
@@ -94,6 +108,7 @@ void PairFinder::add(std::uint32_t number, const std::vector<ClusterEntry>& entr
     for (const auto& word : titleWords) titleHolders_[word.key].push_back(number);
     for (const auto& word : excerptWords) excerptHolders_[word.key].push_back(number);
     for (const auto article : entry.articles) articleHolders_[article].push_back(number);
+    for (const auto event : events) eventHolders_[event].push_back(number);
     for (const auto article : entry.cited) citing_[article].push_back(number);
 }
 

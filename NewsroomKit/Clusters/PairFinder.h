@@ -37,6 +37,7 @@ private:
     Holders excerptHolders_;
     Holders articleHolders_;
     Holders citing_;
+    Holders eventHolders_;       ///< by an event and its party
     std::vector<float> shared_;  ///< by entry: the weight of the probed words that it shares
     std::vector<std::uint32_t> candidates_;
 };

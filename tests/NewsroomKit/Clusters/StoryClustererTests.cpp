@@ -55,6 +55,19 @@ TEST(StoryClusterer, HeadlinesOfTheSameNewsBelongTogetherAndNoOthers) {
         {true, "EU fines Apple €870m in Quillwork case",
          "Apple to pay €870 million penalty in Brussels over Quillwork"},
         {true, "iPhone 19 event for September 8", "September 8 event for iPhone 19"},
+        // One event of one party, whatever else is said.
+        {true, "Apple Music outage hits listeners across several countries",
+         "Apple Music down: subscribers complain that songs refuse to play"},
+        {true, "AirPods Pro 3 Get New Firmware Update",
+         "New firmware 9A345 arriving on AirPods Pro 3"},
+        {false, "Apple Music outage hits listeners", "App Store down: shoppers complain"},
+        // A withdrawn release, and what a release can do, are other news than the release.
+        {false, "Apple releases iOS 27.2 beta 2", "Apple pulls iOS 27.2 beta 2"},
+        {false, "iOS 27.2 beta 2 (24C5037e)", "Here's everything new in iOS 27.2 beta 2"},
+        // Everyday words and one name are no news.
+        {false, "Streaming inflation: Apple joins rivals with another increase",
+         "Another designer joins Apple from a rival"},
+        {false, "Ternus talks about Tim Cook in a new interview", "Inside Tim Cook's new life"},
         // Versions and numbers differ.
         {false, "Apple releases iOS 27.1 beta 2", "Apple releases iOS 27.1 beta 3"},
         {false, "Apple seeds second beta of iOS 27.1", "Apple seeds third beta of iOS 27.1"},
