@@ -197,6 +197,13 @@
 <context>
     <name>app::SidebarModel</name>
     <message numerus="yes">
+        <source>%n new</source>
+        <translation>
+            <numerusform>%n new</numerusform>
+            <numerusform>%n new</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n stories</source>
         <translation>
             <numerusform>%n story</numerusform>
@@ -991,6 +998,40 @@
         <translation>
             <numerusform>%n correction</numerusform>
             <numerusform>%n corrections</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ActivityText</name>
+    <message numerus="yes">
+        <source>%n devices</source>
+        <translation>
+            <numerusform>%n device</numerusform>
+            <numerusform>%n devices</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::ActivityPageModel</name>
+    <message numerus="yes">
+        <source>%n entries</source>
+        <translation>
+            <numerusform>%n entry</numerusform>
+            <numerusform>%n entries</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n since your last look</source>
+        <translation>
+            <numerusform>%n since your last look</numerusform>
+            <numerusform>%n since your last look</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 to %2, %3 of %n stories share its words</source>
+        <translation>
+            <numerusform>%1 to %2, %3 of %n story shares its words</numerusform>
+            <numerusform>%1 to %2, %3 of %n stories share its words</numerusform>
         </translation>
     </message>
 </context>

@@ -1,0 +1,155 @@
+#include "Tarnwick_Brell/Models/Pages/ActivityLines.h"
+
+#include <algorithm>
+
+#include <QCoreApplication>
+#include <QLocale>
+
+#include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
+#include "Tarnwick_Brell/Presentation/MentionText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
+
+namespace app {
+
+namespace {
+
+struct ActivityText {
+    Q_DECLARE_TR_FUNCTIONS(ActivityText)
+};
+
+constexpr int kSubjectCharacters = 60;
+constexpr int kChangeCharacters = 80;
+// Sources and the desk rarely agree to the minute.
+constexpr std::chrono::minutes kSameTime{2};
+
+QString sourceTime(const kit::Signal& signal, kit::Instant now) {
+    if (!signal.happenedAt) return {};
+    if (signal.dayOnly)
+        return ActivityText::tr("dated %1").arg(namedDayText(*signal.happenedAt, now));
+    if (abs(signal.seenAt - *signal.happenedAt) < kSameTime) return {};
+    return ActivityText::tr("source’s time %1").arg(momentText(*signal.happenedAt, now));
+}
+
+QString weightBadge(const kit::Signal& signal) {
+    return signal.weight == kit::SignalWeight::major ? labelText(label(signal.weight)) : QString();
+}
+
+ActivityLine lineOf(const kit::ActivityRow& row, kit::Instant now) {
+    const auto& signal = row.logged.signal;
+    ActivityLine line{.time = clockText(signal.seenAt),
+                      .symbol = plainText(symbol(signal.kind)),
+                      .title = titleText(row.title, kTitleCharacters),
+                      .detail = signalDetail(row, now),
+                      .badge = weightBadge(signal),
+                      .isNew = row.isNew,
+                      .link = openableLink(signal.link.value_or(std::string()))};
+    line.spokenText = spokenRow({row.isNew ? ActivityText::tr("New") : QString(), line.title,
+                                 line.badge, line.detail, momentText(signal.seenAt, now)});
+    return line;
+}
+
+ActivityWireLine storyLine(const kit::StoryMention& story, bool isShared) {
+    ActivityWireLine line{.time = clockText(story.publishedAt),
+                          .outlet = titleText(story.outlet, kSubjectCharacters),
+                          .title = titleText(story.title, kTitleCharacters),
+                          .sourcing = StorySourcing::of(story.sourcing),
+                          .sourcingLabel = sourcingText(story.sourcing),
+                          .storyID = plainText(story.storyID),
+                          .isShared = isShared};
+    line.spokenText = spokenRow({line.time, line.outlet, line.title, line.sourcingLabel});
+    return line;
+}
+
+}  // namespace
+
+QString signalKindText(kit::SignalKind kind) { return labelText(label(kind)); }
+
+QString placeOf(kit::SignalKind kind) {
+    using enum kit::SignalKind;
+    switch (kind) {
+        case release: return QStringLiteral("tracker:software");
+        case service: return QStringLiteral("tracker:status");
+        case signing: return QStringLiteral("tracker:signing");
+        case update: return QStringLiteral("tracker:updates");
+        case chart: return QStringLiteral("tracker:charts");
+        case price: return QStringLiteral("tracker:markets");
+        case filing:
+        case insiderTrade:
+        case docket:
+        case pressRelease:
+        case page:
+        case backend: break;
+    }
+    return {};
+}
+
+QString signalDetail(const kit::ActivityRow& row, kit::Instant now) {
+    const auto& signal = row.logged.signal;
+    QStringList parts{signalKindText(signal.kind), sourceTime(signal, now)};
+    if (row.devices.size() > 1) {
+        parts << ActivityText::tr("%n devices", nullptr, static_cast<int>(row.devices.size()));
+    } else {
+        parts << titleText(signal.detail, kSubjectCharacters);
+    }
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(" · "));
+}
+
+QString signalChange(const kit::Signal& signal) {
+    const auto text = [&](std::string_view key) {
+        const auto* value = signal.evidence.if_contains(key);
+        if (!value) return QString();
+        if (value->is_string())
+            return titleText(std::string(value->get_string()), kChangeCharacters);
+        return value->is_int64() ? QLocale().toString(value->get_int64()) : QString();
+    };
+    const auto before = text("before"), after = text("after");
+    return before.isEmpty() || after.isEmpty() ? QString()
+                                               : ActivityText::tr("%1 → %2").arg(before, after);
+}
+
+std::vector<ActivityLine> activityLines(const std::vector<kit::ActivityRow>& rows,
+                                        kit::Instant now) {
+    std::vector<ActivityLine> lines;
+    std::size_t top = 0;
+    int count = 0;
+    for (const auto& row : rows) {
+        const auto seen = row.logged.signal.seenAt;
+        const auto days = daysBetween(now, seen);
+        auto day = days == 0 || days == -1 ? daysAwayText(days) : dayText(seen, now);
+        day[0] = day[0].toUpper();
+        lines.push_back(lineOf(row, now));
+        if (lines.size() == 1 || day != lines[top].heading) {
+            top = lines.size() - 1;
+            count = 0;
+            lines[top].heading = day;
+        }
+        lines[top].headingFact = QLocale().toString(++count);
+    }
+    return lines;
+}
+
+std::vector<ActivityWireLine> activityWireLines(const kit::ActivityWire& wire,
+                                                const kit::ActivityRow& chosen) {
+    std::vector<ActivityWireLine> lines;
+    const auto& signal = chosen.logged.signal;
+    for (const auto& story : wire.shared) lines.push_back(storyLine(story, true));
+    const auto place =
+        std::ranges::upper_bound(wire.shared, signal.seenAt, {}, &kit::StoryMention::publishedAt);
+    ActivityWireLine own{.time = clockText(signal.seenAt),
+                         .outlet = ActivityText::tr("The desk"),
+                         .title = titleText(chosen.title, kTitleCharacters),
+                         .isSignal = true,
+                         .isShared = true};
+    own.spokenText = spokenRow({own.time, own.outlet, own.title});
+    lines.insert(lines.begin() + (place - wire.shared.begin()), std::move(own));
+    for (const auto& story : wire.others) {
+        lines.push_back(storyLine(story, false));
+        if (&story == &wire.others.front())
+            lines.back().heading = ActivityText::tr("Other stories");
+    }
+    return lines;
+}
+
+}  // namespace app

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <QString>
+
+#include "NewsroomKit/Panels/ActivityContent.h"
+#include "Tarnwick_Brell/Models/Pages/ActivityPageModel.h"
+
+/// The log of signals in words.
+namespace app {
+
+/// In the user's language: "Firmware signing".
+QString signalKindText(kit::SignalKind kind);
+
+/// The key of the desk's own page of what happened; empty when there is none.
+QString placeOf(kit::SignalKind kind);
+
+/// Kind, the source's time where it gives one, and the detail: "Software · source’s time 15:38".
+QString signalDetail(const kit::ActivityRow& row, kit::Instant now);
+
+/// "signed → not signed"; empty when the evidence does not say.
+QString signalChange(const kit::Signal& signal);
+
+/// The log under its days.
+std::vector<ActivityLine> activityLines(const std::vector<kit::ActivityRow>& rows,
+                                        kit::Instant now);
+
+/// The stories that share words with the signal, the signal among them, and below them the others.
+std::vector<ActivityWireLine> activityWireLines(const kit::ActivityWire& wire,
+                                                const kit::ActivityRow& chosen);
+
+}  // namespace app
