@@ -35,6 +35,11 @@ std::vector<View> subjectViews(NewsDesk& news) {
              model.actions()->trigger(DeskAction::ShowTimeline);
          }},
         {"timeline-empty", [](WindowModel& model) { model.open(QStringLiteral("page:timeline")); }},
+        {"activity",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("page:activity"));
+             waitUntil("the log", [&] { return model.page()->state() != PanelModel::Loading; });
+         }},
         {"correct",
          [&news](WindowModel& model) {
              model.open(QStringLiteral("wire:all"));

@@ -235,6 +235,12 @@ QtObject {
     readonly property int barFieldWidth: scaled(180)
     readonly property int barFieldLeast: scaled(96)
 
+    // The log of what happened outside the wire
+    readonly property int logList: 620
+    readonly property int logRow: row(54)
+    readonly property int logTime: scaled(44)
+    readonly property int logSymbol: scaled(28)
+
     // Top stories and who had them first
     readonly property int topStoriesTime: scaled(48)
     readonly property int topStoriesOutlet: scaled(108)

@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "Tarnwick_Brell/Models/Pages/ActivityPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/ArchivePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/ChartsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/CorrectionsPageModel.h"
@@ -45,6 +46,7 @@ const PageRow* rowOf(const Destination& place) {
         PageRow{"tracker:status", pageOf<StatusPageModel>},
         PageRow{"tracker:software", pageOf<SoftwarePageModel>},
         PageRow{"tracker:events", pageOf<EventsPageModel>},
+        PageRow{"page:activity", pageOf<ActivityPageModel>},
         PageRow{"page:archive", pageOf<ArchivePageModel>},
         PageRow{"page:races", pageOf<RacesPageModel>},
         PageRow{"page:ledger", pageOf<LedgerPageModel>},

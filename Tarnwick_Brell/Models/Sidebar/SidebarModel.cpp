@@ -91,6 +91,7 @@ SidebarModel::SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStor
     connect(&newsrooms, &NewsroomStore::newsroomsChanged, this, later);
     connect(&newsrooms, &NewsroomStore::beatsChanged, this, later);
     connect(&trackers, &TrackerStore::statusChanged, this, later);
+    connect(&trackers, &TrackerStore::logChanged, this, later);
     connect(&tally_, &UnreadCounts::changed, this, later);
     rebuild();
 }
@@ -134,6 +135,9 @@ void SidebarModel::addWire(std::vector<SidebarRow>& rows) const {
     add(Kind::unread, tr("Unread"), QStringLiteral("circle.inset.filled"), tally_.unread());
     add(Kind::saved, tr("Saved"), QStringLiteral("bookmark"), tally_.saved());
     rows.push_back(itemRow({Kind::topStories, {}}, tr("Top stories"), QStringLiteral("flame")));
+    const auto unseen = static_cast<int>(trackers_.log().unseen);
+    rows.push_back(itemRow({Kind::page, QStringLiteral("activity")}, tr("Activity"),
+                           QStringLiteral("list.bullet"), unseen, tr("%n new", nullptr, unseen)));
 }
 
 void SidebarModel::addBeats(std::vector<SidebarRow>& rows) const {

@@ -247,7 +247,9 @@ std::vector<PalettePlace> WindowModel::palettePlaces() const {
             case Kind::beat: kind = tr("Beat"); break;
             case Kind::source: kind = tr("Source"); break;
             case Kind::tracker: kind = tr("Tracker"); break;
-            case Kind::page: kind = tr("Archive"); break;
+            case Kind::page:
+                kind = place.id == QStringLiteral("activity") ? tr("Wire") : tr("Archive");
+                break;
             default: kind = tr("Wire"); break;
         }
         places.push_back({place.key(), title, symbol, kind});

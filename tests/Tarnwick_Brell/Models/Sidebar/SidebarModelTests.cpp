@@ -139,6 +139,8 @@ TEST_F(SidebarModelTest, ItemsAreCountedAndHaveNeighboursWithoutTheLabelsBetween
     EXPECT_EQ(sidebar_->neighbour(1), (Destination{Kind::unread, {}}));
     EXPECT_EQ(sidebar_->neighbour(-1)->kind, Kind::newsroom);
     sidebar_->setCurrent("wire:top");
+    EXPECT_EQ(sidebar_->neighbour(1), (Destination{Kind::page, "activity"}));
+    sidebar_->setCurrent("page:activity");
     EXPECT_EQ(sidebar_->neighbour(1), (Destination{Kind::page, "sources"}));
     sidebar_->setCurrent("page:sources");
     EXPECT_EQ(sidebar_->neighbour(1), (Destination{Kind::source, "tide"}));
