@@ -3,13 +3,13 @@ import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// The releases that a timeline's subject names.
+/// What the desk saw change about a timeline's subject: releases, and what the log has of it.
 PagePane {
     id: pane
 
     required property TimelinePageModel content
 
-    title: qsTr("Releases of the same subject")
+    title: qsTr("Changes of the same subject")
     fact: list.count > 0 ? "" + list.count : ""
 
     TableList {
@@ -33,7 +33,7 @@ PagePane {
         anchors.centerIn: parent
         width: parent.width - 2 * Theme.gridPadding
         visible: list.count === 0
-        text: qsTr("No release names this subject.")
-        hint: qsTr("Of all that the desk watches, only releases are matched with subjects so far.")
+        text: qsTr("Nothing in the log names this subject.")
+        hint: qsTr("Releases and what else the desk logs stand here when their titles name it.")
     }
 }

@@ -112,7 +112,7 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             type: DeskText.Meta
             color: Theme.text2
-            text: qsTr("Releases")
+            text: qsTr("Changes")
         }
         Hairline {
             x: chart.start

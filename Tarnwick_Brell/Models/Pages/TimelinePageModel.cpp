@@ -20,6 +20,8 @@ using namespace std::chrono_literals;
 namespace json = boost::json;
 
 constexpr auto kTypingPause = 350ms;
+// More than anybody reads.
+constexpr std::size_t kMostLogged = 500;
 
 QString fileNameOf(const QString& subject) {
     static const QRegularExpression others(QStringLiteral("[^A-Za-z0-9]+"));
@@ -43,7 +45,18 @@ json::object timelineRecord(const kit::TimelinePage& content, const QString& sub
 
 TimelinePageModel::TimelinePageModel(const DeskStores& stores, const TimelineSubject& subject)
     : PageModel(stores, tr("Timeline")),
-      collector_(std::make_shared<PanelStoryCollector>(news(), stores.clock)) {
+      collector_(std::make_shared<PanelStoryCollector>(news(), stores.clock)),
+      log_(stores.library) {
+    connect(&log_, &LogLoader::loaded, this, [this](const LogPage& page) {
+        auto found = kit::loggedSignals(page.found, logQuery_);
+        if (found == logged_) return;
+        logged_ = std::move(found);
+        read();
+    });
+    connect(&trackers(), &TrackerStore::logChanged, this, [this] {
+        hasLogGrown_ = true;
+        readLog();
+    });
     typed_.setSingleShot(true);
     typed_.setInterval(kTypingPause);
     connect(&typed_, &QTimer::timeout, this,
@@ -84,6 +97,7 @@ void TimelinePageModel::follow() {
     unfollow();
     content_.reset();
     query_ = subject_.query(stores());
+    readLog();
     const bool needsScan =
         isWide_ || (!isNews() && subject_.kind != TimelineSubject::Kind::none && !query_.isEmpty());
     if (needsScan) {
@@ -92,8 +106,7 @@ void TimelinePageModel::follow() {
             collector_->add({.query = query_,
                              .earliest = [] { return kit::Instant::min(); },
                              .build =
-                                 [this, changes = kit::buildSignals(trackers().builds(), query_)](
-                                     const QueryResult& result) {
+                                 [this, changes = changes()](const QueryResult& result) {
                                      return [this, content = kit::timelinePage(
                                                        result.news, changes)] { show(content); };
                                  }});
@@ -107,6 +120,22 @@ void TimelinePageModel::follow() {
                       .hint = tr("Type its words above, choose a beat, or press Shift+T on a "
                                  "story.")});
     }
+}
+
+/// Off the main thread; what was read of another subject is dropped.
+void TimelinePageModel::readLog() {
+    if (query_ == logQuery_ && !hasLogGrown_) return;
+    if (query_ != logQuery_) logged_.clear();
+    logQuery_ = query_;
+    hasLogGrown_ = false;
+    const auto search = SearchText::anyOf(query_.anyTerms);
+    if (!search.isEmpty()) log_.load({.search = search}, kMostLogged);
+}
+
+std::vector<kit::TimelineSignal> TimelinePageModel::changes() const {
+    auto all = kit::buildSignals(trackers().builds(), query_);
+    all.insert(all.end(), logged_.begin(), logged_.end());
+    return all;
 }
 
 void TimelinePageModel::read() {

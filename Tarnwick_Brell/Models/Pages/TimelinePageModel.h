@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include "NewsroomKit/Panels/TimelinePageContent.h"
+#include "Tarnwick_Brell/Models/Pages/LogLoader.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
 #include "Tarnwick_Brell/Models/Pages/TimelinePageRows.h"
 #include "Tarnwick_Brell/Models/Pages/TimelineSubject.h"
@@ -89,6 +90,8 @@ private:
     void unfollow();
     void read();
     void readNews();
+    void readLog();
+    std::vector<kit::TimelineSignal> changes() const;
     void show(const Content& content);
     void save(const QString& suffix, const std::string& text);
 
@@ -101,6 +104,10 @@ private:
     std::optional<PanelStoryCollector::SubscriptionID> subscription_;
     std::optional<Content> content_;
     QString barsName_;
+    LogLoader log_;
+    kit::StoryQuery logQuery_;  ///< that the log was read for
+    bool hasLogGrown_ = false;  ///< since then
+    std::vector<kit::TimelineSignal> logged_;
     GadgetListModel<SubjectTimelineRow> rows_;
     GadgetListModel<TimelineStageMark> stages_;
     GadgetListModel<TimelineBar> bars_;

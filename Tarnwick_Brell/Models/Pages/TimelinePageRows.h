@@ -94,7 +94,7 @@ struct TimelineReleaseRow {
 
 public:
     double place = 0;
-    bool isRelease = false;  ///< else a beta
+    bool isRelease = false;  ///< else a beta, or another change
     QString date{};
     QString title{};
     QString spokenText{};
