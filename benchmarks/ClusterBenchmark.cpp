@@ -22,7 +22,7 @@ namespace {
 using test::LabelledHeadlines;
 
 LabelledHeadlines readSet(const char* name) {
-    return LabelledHeadlines::read(std::string(BRELL_FIXTURES) + "/clusters/" + name + ".txt");
+    return LabelledHeadlines::read(fmt::format("{}/clusters/{}.txt", BRELL_FIXTURES, name));
 }
 
 baselines::Parts clusteredParts(const LabelledHeadlines& labelled) {

@@ -108,8 +108,7 @@ private:
                 case kit::SignalKind::update: continue;
                 default: break;
             }
-            printEvent(signal.title + ".",
-                       {{"event", "signal"}, {"signal", kit::encode(signal)}});
+            printEvent(signal.title + ".", {{"event", "signal"}, {"signal", kit::encode(signal)}});
         }
     }
 

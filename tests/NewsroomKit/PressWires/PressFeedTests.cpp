@@ -16,7 +16,7 @@ std::string wire(std::string_view title, std::string_view inside) {
         title, inside);
 }
 
-PressSheet sheet(std::string_view document) {
+PressSheet pressSheet(std::string_view document) {
     auto parsed = parsePress(document);
     EXPECT_TRUE(parsed.has_value()) << document;
     return parsed ? std::move(parsed).value() : PressSheet{};
@@ -42,7 +42,7 @@ TEST(PressWires, FindCompanyAndSymbolWhereEachWirePutsThem) {
          "FIGG", "OTCQB"},
     };
     for (const auto& row : cases) {
-        const auto read = sheet(wire("Wire", "<item>" + row.item + "</item>"));
+        const auto read = pressSheet(wire("Wire", "<item>" + row.item + "</item>"));
         ASSERT_EQ(read.releases.size(), 1U);
         EXPECT_EQ(read.releases[0].company, row.company) << row.item;
         EXPECT_EQ(read.releases[0].symbol, row.symbol) << row.item;
@@ -51,7 +51,7 @@ TEST(PressWires, FindCompanyAndSymbolWhereEachWirePutsThem) {
 }
 
 TEST(PressWires, DropNoticesOfLawFirmsAlone) {
-    const auto read = sheet(wire(
+    const auto read = pressSheet(wire(
         "Wire",
         "<item><title>INVESTOR ALERT: Ash LLP</title></item>"
         "<item><title>Ash Law Firm Encourages Pear Investors to Act</title></item>"
