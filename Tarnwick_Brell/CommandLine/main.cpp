@@ -16,6 +16,7 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
+#include "Tarnwick_Brell/CommandLine/TextCommand.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
 
 namespace {
@@ -158,6 +159,7 @@ int main(int argc, char** argv) {
     addRacesCommand(app, chosen);
     addLedgerCommand(app, chosen);
     addTimelineCommand(app, chosen);
+    addTextCommand(app, chosen);
     addCoverageCommand(app, chosen);
     addCorrectCommand(app, chosen);
     addSettingsCommand(app, chosen);

@@ -10,7 +10,7 @@ from pathlib import Path
 
 from harness import BIN, Desk
 
-SUBCOMMANDS = ["refresh", "wire", "story", "read", "unread", "save", "unsave", "sources", "settings", "log", "library", "archive", "trace", "top", "scoops", "races", "ledger", "timeline", "coverage", "correct", "inspect"]
+SUBCOMMANDS = ["refresh", "wire", "story", "read", "unread", "save", "unsave", "sources", "settings", "log", "library", "archive", "trace", "top", "scoops", "races", "ledger", "timeline", "coverage", "correct", "text", "inspect"]
 
 
 class Usage(unittest.TestCase):

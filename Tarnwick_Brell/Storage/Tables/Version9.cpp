@@ -71,9 +71,26 @@ constexpr const char* kFeedRecordTables = R"sql(
     CREATE INDEX IF NOT EXISTS pressReleasesByFeed ON pressReleases (feed);
 )sql";
 
+// The text of stories' pages for some weeks, as it is and as it was before it last changed.
+constexpr const char* kArticleTables = R"sql(
+    CREATE TABLE IF NOT EXISTS articles (
+        number INTEGER PRIMARY KEY,
+        story TEXT NOT NULL UNIQUE,
+        url TEXT NOT NULL,
+        fetchedAt INTEGER NOT NULL,
+        record TEXT NOT NULL,
+        earlierAt INTEGER,
+        earlier TEXT
+    );
+    CREATE INDEX IF NOT EXISTS articlesByTime ON articles (fetchedAt);
+    CREATE VIRTUAL TABLE IF NOT EXISTS articleSearch USING fts5(
+        title, text, tokenize='unicode61 remove_diacritics 2');
+)sql";
+
 }  // namespace
 
 void completeVersion9(Database& database) {
+    database.execute(kArticleTables);
     database.execute(kSignalTables);
     database.execute(kClaimAnswers);
     database.execute(kFeedRecordTables);

@@ -1,0 +1,49 @@
+#include "Tarnwick_Brell/Desk/ArticleFetch.h"
+
+#include <algorithm>
+#include <utility>
+#include <variant>
+
+#include "NewsroomKit/HTTP/HTTPClient.h"
+
+namespace app {
+
+namespace {
+
+/// A refusal that the server's status tells is named as one.
+std::string articleFailure(const kit::HTTPClient::Exchange& exchange) {
+    const auto problem = kit::problemOf({.bytes = "<p>",
+                                         .url = {},
+                                         .contentType = {},
+                                         .status = std::max(exchange.record.status, 200)});
+    if (problem == kit::PageProblem::blocked) return std::string(kit::description(*problem));
+    return exchange.result.error().description();
+}
+
+}  // namespace
+
+boost::asio::awaitable<FetchedArticle> fetchArticle(kit::HTTPClient& http, std::string address) {
+    kit::HTTPClient::Request request;
+    request.url = address;
+    request.byteLimit = kit::longestPage;
+    request.namedBy = kit::NamedBy::publicPage;
+    const auto exchange = co_await http.exchange(std::move(request));
+    FetchedArticle fetched;
+    if (!exchange.result) {
+        fetched.failure = articleFailure(exchange);
+        co_return fetched;
+    }
+    const auto* fresh = std::get_if<kit::HTTPClient::Fresh>(&exchange.result.value());
+    auto article =
+        kit::readArticle({.bytes = fresh ? std::string_view(fresh->body) : std::string_view(),
+                          .url = address,
+                          .contentType = exchange.headers.find("content-type").value_or("")});
+    if (article) {
+        fetched.article = std::move(article).value();
+    } else {
+        fetched.failure = kit::description(article.error());
+    }
+    co_return fetched;
+}
+
+}  // namespace app
