@@ -22,6 +22,8 @@ constexpr double kLeastSharedWeight = 9.0;
 // Less is enough where a short title says hardly anything else: "iCloud is down again".
 constexpr double kMostlyCovered = 0.7;
 constexpr double kLeastOfShortTitle = 4.5;
+// Titles of which each says most of the other need nothing rare.
+constexpr unsigned kLeastOfSameTitle = 3;
 
 // Names of products and companies recur with every piece of news about them.
 constexpr float kTopicShare = 0.8F;
@@ -83,6 +85,10 @@ SharedWords sharedWords(const HeadlineVector& left, const HeadlineVector& right)
 bool isTelling(const SharedWords& shared) {
     const double covered = std::max(shared.leftCovered, shared.rightCovered);
     const bool isShortTitle = covered >= kMostlyCovered && shared.weight >= kLeastOfShortTitle;
+    if (shared.count >= kLeastOfSameTitle &&
+        std::min(shared.leftCovered, shared.rightCovered) >= kMostlyCovered) {
+        return true;
+    }
     const bool isNamed = shared.distinctiveCount >= 2 || shared.distinctive >= kRareWord;
     return isNamed && shared.distinctive >= kLeastDistinctiveWeight && shared.count >= 2 &&
            (shared.weight >= kLeastSharedWeight || isShortTitle);

@@ -30,7 +30,7 @@ bool isWordByte(char c) {
 }
 
 /// The folded words of a text; a version such as "27.1.1" is one. The possessive's "s" is left out.
-WordSet wordsOf(std::string_view text) {
+WordSet tellingWords(std::string_view text) {
     const auto folded = fold(text);
     WordSet words;
     std::string word;
@@ -56,7 +56,7 @@ WordSet wordsOf(std::string_view text) {
 bool sharesWords(const WordSet& wanted, const Story& story) {
     constexpr std::size_t kMany = 3;
     if (wanted.empty()) return false;
-    const auto words = wordsOf(story.title);
+    const auto words = tellingWords(story.title);
     const auto common = std::ranges::count_if(
         wanted, [&](const std::string& word) { return words.contains(word); });
     return common >= (wanted.size() >= kMany ? 2 : 1);
@@ -99,7 +99,7 @@ std::vector<ActivityRow> activityRows(std::span<const LoggedSignal> log, std::in
 
 ActivityWire wireAround(const Signal& signal, std::span<const PanelStory> stories) {
     ActivityWire wire{.from = signal.seenAt - kWireAround, .to = signal.seenAt + kWireAround};
-    const auto words = wordsOf(signal.title);
+    const auto words = tellingWords(signal.title);
     for (const auto& story : stories) {
         const auto at = story.story->publishedAt;
         if (at < wire.from || at > wire.to) continue;

@@ -34,7 +34,7 @@ bool isExchange(std::string_view text) {
 
 std::optional<ListedSymbol> listedSymbol(std::string_view text) {
     const auto colon = text.find(':');
-    if (colon == std::string_view::npos || colon > kLongestExchange) return std::nullopt;
+    if (colon > kLongestExchange) return std::nullopt;
     const auto exchange = trimWhitespaceAndNewlines(text.substr(0, colon));
     auto symbol = trimWhitespaceAndNewlines(text.substr(colon + 1));
     // "NYSE: BRK.A, BRK.B" names two classes of one share.

@@ -55,6 +55,8 @@ TEST(StoryClusterer, HeadlinesOfTheSameNewsBelongTogetherAndNoOthers) {
         {true, "EU fines Apple €870m in Quillwork case",
          "Apple to pay €870 million penalty in Brussels over Quillwork"},
         {true, "iPhone 19 event for September 8", "September 8 event for iPhone 19"},
+        {true, "Apple tests a lighter Vision headset without a fan",
+         "Apple tests a lighter Vision headset without a fan"},
         // One event of one party, whatever else is said.
         {true, "Apple Music outage hits listeners across several countries",
          "Apple Music down: subscribers complain that songs refuse to play"},
