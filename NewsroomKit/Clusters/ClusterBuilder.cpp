@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <optional>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -16,8 +14,9 @@ constexpr std::size_t kComparedMembers = 24;
 
 class ClusterBuilder {
 public:
-    ClusterBuilder(std::span<const ClusterEntry* const> entries, Instant::duration window)
-        : entries_(entries), window_(window) {}
+    ClusterBuilder(std::span<const ClusterEntry* const> entries,
+                   std::span<const std::uint32_t> numbers, Instant::duration window, PairMemo& memo)
+        : entries_(entries), numbers_(numbers), window_(window), memo_(memo) {}
 
     std::vector<std::vector<std::size_t>> groups(std::vector<EntryPair> pairs) {
         for (std::size_t place = 0; place < entries_.size(); ++place) {
@@ -29,8 +28,6 @@ public:
             if (a.right != b.right) return a.right < b.right;
             return a.strength != b.strength ? a.strength > b.strength : a.left < b.left;
         });
-        known_.reserve(2 * pairs.size());
-        for (const auto& pair : pairs) known_.emplace(keyOf(pair.left, pair.right), pair.strength);
         for (const auto& pair : pairs) join(groupOf_[pair.left], groupOf_[pair.right]);
         std::erase_if(groups_, [](const auto& group) { return group.empty(); });
         return std::move(groups_);
@@ -67,34 +64,32 @@ private:
         // 2. No members exclude each other, and the ties are strong on average.
         const std::size_t aCount = std::min(a.size(), kComparedMembers);
         const std::size_t bCount = std::min(b.size(), kComparedMembers);
-        double sum = 0;
+        const bool isMerging = a.size() > 1 && b.size() > 1;
+        const auto pairs = static_cast<double>(aCount * bCount);
+        // How much the pairs may still fall short of their greatest strength.
+        double slack = pairs * (1 - (isMerging ? kAlikeToMerge : kAlike));
         for (std::size_t i = 0; i < aCount; ++i) {
             for (std::size_t j = 0; j < bCount; ++j) {
                 const auto strength = strengthOf(a[i], b[j]);
-                if (!strength) return false;
-                sum += *strength;
+                if (strength == PairMemo::kExcluded) return false;
+                slack -= 1 - static_cast<double>(strength);
+                if (slack < 0) return false;
             }
         }
-        const bool isMerging = a.size() > 1 && b.size() > 1;
-        return sum >= (isMerging ? kAlikeToMerge : kAlike) * static_cast<double>(aCount * bCount);
+        return true;
     }
 
-    static std::uint64_t keyOf(std::size_t left, std::size_t right) {
-        return std::uint64_t{std::min(left, right)} << 32 | std::max(left, right);
-    }
-
-    /// Nothing when the two exclude each other.
-    std::optional<double> strengthOf(std::size_t left, std::size_t right) {
-        const auto [row, isNew] = known_.try_emplace(keyOf(left, right));
-        if (isNew) {
+    float strengthOf(std::size_t left, std::size_t right) {
+        return memo_.of(numbers_[left], numbers_[right], [&] {
             const auto tie = tieBetween(*entries_[left], *entries_[right]);
-            if (!tie.isExcluded) row->second = tie.likeness;
-        }
-        return row->second;
+            return tie.isExcluded ? PairMemo::kExcluded : static_cast<float>(tie.likeness);
+        });
     }
 
     std::span<const ClusterEntry* const> entries_;
+    std::span<const std::uint32_t> numbers_;
     Instant::duration window_;
+    PairMemo& memo_;
     std::vector<std::vector<std::size_t>> groups_;  ///< by their first member; empty when joined
     std::vector<std::size_t> groupOf_;
     /// The version of each group, which changes whenever the group grows.
@@ -102,15 +97,15 @@ private:
     std::uint32_t nextForm_ = 0;
     /// Versions of two groups that could not be joined.
     std::unordered_set<std::uint64_t> refused_;
-    std::unordered_map<std::uint64_t, std::optional<double>> known_;  ///< by both places
 };
 
 }  // namespace
 
 std::vector<std::vector<std::size_t>> grownGroups(std::span<const ClusterEntry* const> entries,
+                                                  std::span<const std::uint32_t> numbers,
                                                   std::vector<EntryPair> pairs,
-                                                  Instant::duration window) {
-    return ClusterBuilder(entries, window).groups(std::move(pairs));
+                                                  Instant::duration window, PairMemo& memo) {
+    return ClusterBuilder(entries, numbers, window, memo).groups(std::move(pairs));
 }
 
 }  // namespace kit

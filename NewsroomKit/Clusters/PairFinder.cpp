@@ -15,7 +15,7 @@ constexpr std::size_t kProbedExcerptWords = 3;
 constexpr std::size_t kLeastProbedWords = 4;
 constexpr float kHeavy = 2.5F;
 /// Candidates share at least so much of what is probed; less never makes a pair.
-constexpr float kLeastProbedWeight = 4.2F;
+constexpr float kLeastProbedWeight = 5.0F;
 constexpr float kWeightInExcerpt = 0.6F;
 constexpr float kSameAddress = 100;
 constexpr float kSameEvent = kLeastProbedWeight;

@@ -112,6 +112,7 @@ void StoryClusterer::compact() {
     pairs_.clear();
     groups_.clear();
     held_.clear();
+    memo_.clear();
 }
 
 void StoryClusterer::findPairs() {
@@ -153,7 +154,7 @@ std::vector<StoryClusterer::Component> StoryClusterer::components(
 
 /// The groups of a component that stand as clusters, by the numbers of their stories.
 std::vector<StoryClusterer::Component> StoryClusterer::groupsOf(
-    Component component, const std::vector<PairFinder::Pair>& pairs) const {
+    Component component, const std::vector<PairFinder::Pair>& pairs) {
     // 1. A fixed order, whatever order the stories were added in.
     std::sort(component.begin(), component.end(), [&](std::uint32_t a, std::uint32_t b) {
         return std::tie(entries_[a].publishedAt, entries_[a].storyID) <
@@ -173,7 +174,7 @@ std::vector<StoryClusterer::Component> StoryClusterer::groupsOf(
 
     // 2. Groups of more than one source, which a story that tells news leads.
     std::vector<Component> groups;
-    for (const auto& places : grownGroups(entries, std::move(placed), kWindow)) {
+    for (const auto& places : grownGroups(entries, component, std::move(placed), kWindow, memo_)) {
         Component group;
         for (const std::size_t place : places) {
             const bool mayStand = !group.empty() || entries[place]->genre == HeadlineGenre::news;

@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "NewsroomKit/Clusters/ClusterBuilder.h"
 #include "NewsroomKit/Clusters/ClusterEntry.h"
 #include "NewsroomKit/Clusters/ClusterOverrides.h"
 #include "NewsroomKit/Clusters/PairFinder.h"
@@ -63,7 +64,7 @@ private:
     void findPairs();
     std::vector<Component> components(std::vector<std::vector<PairFinder::Pair>>& pairsOf) const;
     std::vector<Component> groupsOf(Component component,
-                                    const std::vector<PairFinder::Pair>& pairs) const;
+                                    const std::vector<PairFinder::Pair>& pairs);
     bool isFromOneOutlet(const Component& group) const;
     HeldCluster clusterOf(const Component& group) const;
     void findGroups();
@@ -75,6 +76,7 @@ private:
     PairFinder finder_;
     std::uint32_t compared_ = 0;  ///< the entries before this number are in the finder
     std::vector<PairFinder::Pair> pairs_;
+    PairMemo memo_;
     // As last found, to be used again where nothing has changed. Keys are hashes of numbers.
     std::unordered_map<std::uint64_t, std::vector<std::uint64_t>> groups_;  ///< by component
     std::unordered_map<std::uint64_t, HeldCluster> held_;                   ///< by group

@@ -62,7 +62,7 @@ QString noRowText(PanelKind kind) {
 
 QString gapText(PanelKind kind) {
     if (kind != PanelKind::records) return {};
-    return EmptyText::tr("The desk does not read filings and court records yet.");
+    return EmptyText::tr("The desk does not read filings yet.");
 }
 
 }  // namespace app
