@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include <QAccessible>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -88,9 +90,15 @@ protected:
     /// Once it is there.
     void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) {
         ASSERT_TRUE(::test::until([&] { return named(name) != nullptr; })) << name.toStdString();
-        waitForFrame();
-        ASSERT_NE(named(name), nullptr) << name.toStdString();
-        QTest::mouseClick(&window(), button, {}, middleOf(*named(name)));
+        // What is still being laid out would not be where the click goes.
+        constexpr int kMostFrames = 100;
+        QPoint middle;
+        for (int frame = 0; frame < kMostFrames; ++frame) {
+            waitForFrame();
+            ASSERT_NE(named(name), nullptr) << name.toStdString();
+            if (std::exchange(middle, middleOf(*named(name))) == middle) break;
+        }
+        QTest::mouseClick(&window(), button, {}, middle);
     }
     /// The pointer goes there in steps, as a hand does.
     void dragTo(QPoint from, QPoint to) {
