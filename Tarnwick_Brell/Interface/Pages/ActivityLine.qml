@@ -23,7 +23,7 @@ Item {
     signal chosen
     signal opened
 
-    implicitHeight: day.height + Theme.logRow
+    implicitHeight: day.height + PageSizes.logRow
 
     SectionLabel {
         id: day
@@ -39,8 +39,8 @@ Item {
     TableRow {
         y: day.height
         width: parent.width
-        height: Theme.logRow
-        start: Theme.rowText + Theme.logTime + Theme.logSymbol
+        height: PageSizes.logRow
+        start: Theme.rowText + PageSizes.logTime + PageSizes.logSymbol
         end: Theme.rowEnd
         spokenText: line.spokenText
         listFocused: line.listFocused
@@ -64,7 +64,7 @@ Item {
                 Accessible.ignored: true
             }
             Symbol {
-                x: Theme.rowText + Theme.logTime
+                x: Theme.rowText + PageSizes.logTime
                 anchors.verticalCenter: title.verticalCenter
                 name: line.symbol
                 color: Theme.text2
@@ -72,7 +72,7 @@ Item {
             DeskText {
                 id: title
 
-                x: Theme.rowText + Theme.logTime + Theme.logSymbol
+                x: Theme.rowText + PageSizes.logTime + PageSizes.logSymbol
                 y: Theme.space2
                 width: (badge.visible ? badge.x - Theme.space2 : parent.width - Theme.rowEnd) - x
                 type: line.isNew ? DeskText.BaseStrong : DeskText.Base

@@ -22,7 +22,7 @@ PageBody {
 
         anchors.fill: parent
         focus: true
-        paneWidth: Math.max(Theme.paneRecordLeast, width - Theme.logList)
+        paneWidth: Math.max(PageSizes.paneRecordLeast, width - PageSizes.logList)
         pane: wire
 
         Rectangle {

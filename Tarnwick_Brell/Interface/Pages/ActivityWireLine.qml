@@ -51,7 +51,7 @@ Item {
                 id: time
 
                 x: Theme.rowText
-                width: Theme.logTime
+                width: PageSizes.logTime
                 anchors.verticalCenter: parent.verticalCenter
                 type: DeskText.Meta
                 color: Theme.text3
@@ -62,7 +62,7 @@ Item {
                 id: mark
 
                 anchors.left: time.right
-                width: Theme.logSymbol
+                width: PageSizes.logSymbol
                 height: parent.height
 
                 Hairline {

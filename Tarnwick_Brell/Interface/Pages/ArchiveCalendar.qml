@@ -59,7 +59,7 @@ FocusScope {
 
             Grid {
                 columns: 2
-                columnSpacing: Theme.columnGap
+                columnSpacing: PageSizes.columnGap
                 rowSpacing: Theme.space4
 
                 Repeater {

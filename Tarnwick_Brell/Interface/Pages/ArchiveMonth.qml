@@ -17,7 +17,7 @@ Column {
     required property ArchivePageModel content
     property bool focused: false
 
-    readonly property int pitch: Theme.calendarCell + Theme.calendarGap
+    readonly property int pitch: PageSizes.calendarCell + PageSizes.calendarGap
     readonly property int daysOfWeek: 7
 
     spacing: Theme.space1
@@ -45,8 +45,8 @@ Column {
 
                 x: ((month.offset + index) % month.daysOfWeek) * month.pitch
                 y: Math.floor((month.offset + index) / month.daysOfWeek) * month.pitch
-                width: Theme.calendarCell
-                height: Theme.calendarCell
+                width: PageSizes.calendarCell
+                height: PageSizes.calendarCell
                 radius: Theme.radiusBar
                 color: level < 0 ? "transparent" : Theme.press
                 border.width: chosen ? Theme.focusRing : level < 0 ? Theme.line : 0
@@ -61,7 +61,7 @@ Column {
                     radius: parent.radius
                     visible: cell.level > 0
                     color: Theme.accent
-                    opacity: Theme.levelOpacities[Math.max(0, cell.level)]
+                    opacity: PageSizes.levelOpacities[Math.max(0, cell.level)]
                 }
             }
         }

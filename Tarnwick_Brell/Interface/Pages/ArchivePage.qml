@@ -10,7 +10,7 @@ PageBody {
 
     required property ArchivePageModel content
 
-    readonly property bool hasCalendar: width - Theme.calendarPane - Theme.line >= Theme.wireLeast
+    readonly property bool hasCalendar: width - PageSizes.calendarPane - Theme.line >= Theme.wireLeast
     /// The calendar stands in place of the list, where there is no room for both.
     property bool showsCalendar: false
 
@@ -40,7 +40,7 @@ PageBody {
     ArchiveCalendar {
         id: calendar
 
-        width: page.hasCalendar ? Theme.calendarPane : parent.width
+        width: page.hasCalendar ? PageSizes.calendarPane : parent.width
         height: parent.height
         visible: page.hasCalendar || page.showsCalendar
         content: page.content

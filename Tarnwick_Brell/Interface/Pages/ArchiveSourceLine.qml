@@ -26,8 +26,8 @@ Item {
 
         anchors.right: value.left
         anchors.verticalCenter: parent.verticalCenter
-        width: Theme.coverageWidth
-        height: Theme.coverageBar
+        width: PageSizes.coverageWidth
+        height: PageSizes.coverageBar
         radius: Theme.radiusBar
         color: Theme.press
 
@@ -43,7 +43,7 @@ Item {
 
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        width: Theme.coverageShare
+        width: PageSizes.coverageShare
         horizontalAlignment: Text.AlignRight
         type: DeskText.Secondary
         text: line.shareText

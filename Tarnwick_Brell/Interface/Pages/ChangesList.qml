@@ -34,7 +34,7 @@ TableList {
 
             width: parent.width
             height: words.height + 2 * Theme.space2
-            start: Theme.gridPadding + Theme.changeSignColumn
+            start: Theme.gridPadding + PageSizes.changeSignColumn
             spokenText: entry.spokenText
             isCurrent: entry.index === list.currentIndex && list.activeFocus
             listFocused: list.activeFocus

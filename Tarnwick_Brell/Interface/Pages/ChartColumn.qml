@@ -84,7 +84,7 @@ FocusScope {
     TableList {
         id: list
 
-        readonly property bool hasCurve: width >= Theme.rankCurveFrom
+        readonly property bool hasCurve: width >= PageSizes.rankCurveFrom
 
         anchors.fill: parent
         anchors.topMargin: header.height
@@ -112,7 +112,7 @@ FocusScope {
             required property int index
 
             width: list.width
-            implicitHeight: Theme.chartsRow
+            implicitHeight: PageSizes.chartsRow
             isCurrent: index === list.currentIndex
             listFocused: list.activeFocus
             onChosen: chart.enter(index)
@@ -164,8 +164,8 @@ FocusScope {
                     id: curve
                     x: end.x - (list.hasCurve ? width + Theme.space3 : 0)
                     anchors.verticalCenter: parent.verticalCenter
-                    width: Theme.rankCurveWidth
-                    height: Theme.rankCurveHeight
+                    width: PageSizes.rankCurveWidth
+                    height: PageSizes.rankCurveHeight
                     visible: list.hasCurve
                     levels: app.curve
                     lineWidth: Theme.sparkline
@@ -175,7 +175,7 @@ FocusScope {
                     id: end
                     anchors.right: parent.right
                     anchors.rightMargin: Theme.gridPadding
-                    width: Theme.chartsMoveColumn
+                    width: PageSizes.chartsMoveColumn
                     height: parent.height
 
                     Badge {

@@ -27,7 +27,7 @@ PageBody {
 
         anchors.fill: parent
         focus: true
-        mainLeast: 2 * Theme.chartsColumnLeast
+        mainLeast: 2 * PageSizes.chartsColumnLeast
         pane: AppPane {
             content: page.content
             pale: page.pale

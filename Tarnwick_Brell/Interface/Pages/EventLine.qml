@@ -26,7 +26,7 @@ Item {
 
     readonly property color ink: pale || isPast ? Theme.text2 : Theme.text1
 
-    implicitHeight: isHeading ? Theme.sectionLabel : Theme.eventRow
+    implicitHeight: isHeading ? Theme.sectionLabel : PageSizes.eventRow
 
     SectionLabel {
         width: parent.width
@@ -35,9 +35,9 @@ Item {
     }
     TableRow {
         width: parent.width
-        height: Theme.eventRow
+        height: PageSizes.eventRow
         visible: !line.isHeading
-        start: Theme.gridPadding + Theme.eventDate + Theme.space4
+        start: Theme.gridPadding + PageSizes.eventDate + Theme.space4
         spokenText: line.spokenText
         listFocused: line.listFocused
         isCurrent: line.isCurrent
@@ -47,7 +47,7 @@ Item {
         contentItem: Item {
             Column {
                 x: Theme.gridPadding
-                width: Theme.eventDate
+                width: PageSizes.eventDate
                 anchors.verticalCenter: parent.verticalCenter
 
                 DeskText {
@@ -69,7 +69,7 @@ Item {
                 }
             }
             Column {
-                x: Theme.gridPadding + Theme.eventDate + Theme.space4
+                x: Theme.gridPadding + PageSizes.eventDate + Theme.space4
                 width: end.x - x - Theme.space3
                 anchors.verticalCenter: parent.verticalCenter
 

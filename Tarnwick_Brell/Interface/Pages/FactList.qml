@@ -53,7 +53,7 @@ Column {
             contentItem: Item {
                 DeskText {
                     id: when
-                    width: list.canChoose ? Theme.rankScaleColumn : Theme.factDayColumn
+                    width: list.canChoose ? PageSizes.rankScaleColumn : PageSizes.factDayColumn
                     anchors.verticalCenter: parent.verticalCenter
                     type: list.canChoose ? DeskText.SecondaryStrong : DeskText.Secondary
                     color: list.canChoose ? Theme.text1 : Theme.text3

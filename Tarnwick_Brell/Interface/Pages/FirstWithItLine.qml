@@ -12,7 +12,7 @@ TableRow {
     required property string followed
     required property string lead
 
-    implicitHeight: Theme.firstWithItRow
+    implicitHeight: PageSizes.firstWithItRow
     contentItem: Item {
         DeskText {
             id: headline

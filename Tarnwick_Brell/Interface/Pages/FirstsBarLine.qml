@@ -10,7 +10,7 @@ Item {
     required property double fraction
     required property string spokenText
 
-    implicitHeight: Theme.firstsRow
+    implicitHeight: PageSizes.firstsRow
     Accessible.role: Accessible.StaticText
     Accessible.name: spokenText
 
@@ -18,7 +18,7 @@ Item {
         id: name
 
         x: Theme.gridPadding
-        width: Theme.firstsName
+        width: PageSizes.firstsName
         anchors.verticalCenter: parent.verticalCenter
         type: DeskText.Secondary
         text: line.outlet

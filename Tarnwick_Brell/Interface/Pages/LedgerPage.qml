@@ -23,7 +23,7 @@ PageBody {
         anchors.fill: parent
         focus: true
         mainLeast: table.columnsLeast
-        paneWidth: Theme.paneTrade
+        paneWidth: PageSizes.paneTrade
         pane: PagePane {
             title: page.content.claimsTitle
             fact: page.content.claimsFact
@@ -51,7 +51,7 @@ PageBody {
                     required property int index
 
                     width: claims.width
-                    implicitHeight: Theme.claimRow
+                    implicitHeight: PageSizes.claimRow
                     isCurrent: index === claims.currentIndex
                     listFocused: claims.activeFocus
                     onChosen: {

@@ -11,12 +11,12 @@ FocusScope {
     required property LedgerPageModel content
     required property PageSplit split
 
-    readonly property int columnsLeast: 2 * Theme.gridPadding + Theme.raceOutletLeast + 5 * Theme.raceNumberColumn
-    readonly property bool hasShares: width >= columnsLeast + Theme.shareBarWidth + Theme.columnGap
-    readonly property bool hasDays: width >= columnsLeast + Theme.shareBarWidth + Theme.ledgerDaysColumn + 2 * Theme.columnGap
-    readonly property int daysX: width - Theme.gridPadding - (hasDays ? Theme.ledgerDaysColumn : 0)
-    readonly property int sharesX: daysX - (hasDays ? Theme.columnGap : 0) - (hasShares ? Theme.shareBarWidth : 0)
-    readonly property int numbersX: sharesX - (hasShares ? Theme.columnGap : 0) - 5 * Theme.raceNumberColumn
+    readonly property int columnsLeast: 2 * Theme.gridPadding + PageSizes.raceOutletLeast + 5 * PageSizes.raceNumberColumn
+    readonly property bool hasShares: width >= columnsLeast + PageSizes.shareBarWidth + PageSizes.columnGap
+    readonly property bool hasDays: width >= columnsLeast + PageSizes.shareBarWidth + PageSizes.ledgerDaysColumn + 2 * PageSizes.columnGap
+    readonly property int daysX: width - Theme.gridPadding - (hasDays ? PageSizes.ledgerDaysColumn : 0)
+    readonly property int sharesX: daysX - (hasDays ? PageSizes.columnGap : 0) - (hasShares ? PageSizes.shareBarWidth : 0)
+    readonly property int numbersX: sharesX - (hasShares ? PageSizes.columnGap : 0) - 5 * PageSizes.raceNumberColumn
     readonly property list<color> inks: [Theme.greenMark, Theme.redMark, Theme.accentLine, Theme.edge]
     readonly property list<string> names: [qsTr("Claims"), qsTr("Confirmed"), qsTr("Denied"), qsTr("Open"), qsTr("Expired")]
 
@@ -41,15 +41,15 @@ FocusScope {
                 required property string modelData
                 required property int index
 
-                x: table.numbersX + index * Theme.raceNumberColumn
-                width: Theme.raceNumberColumn
+                x: table.numbersX + index * PageSizes.raceNumberColumn
+                width: PageSizes.raceNumberColumn
                 horizontalAlignment: Text.AlignRight
                 text: modelData
             }
         }
         ColumnName {
             x: table.daysX
-            width: Theme.ledgerDaysColumn
+            width: PageSizes.ledgerDaysColumn
             horizontalAlignment: Text.AlignRight
             visible: table.hasDays
             text: qsTr("Median time")
@@ -109,8 +109,8 @@ FocusScope {
                         required property string modelData
                         required property int index
 
-                        x: table.numbersX + index * Theme.raceNumberColumn
-                        width: Theme.raceNumberColumn
+                        x: table.numbersX + index * PageSizes.raceNumberColumn
+                        width: PageSizes.raceNumberColumn
                         anchors.verticalCenter: parent.verticalCenter
                         horizontalAlignment: Text.AlignRight
                         type: index === 0 ? DeskText.BaseStrong : DeskText.Base
@@ -121,7 +121,7 @@ FocusScope {
                 }
                 ShareBar {
                     x: table.sharesX
-                    width: Theme.shareBarWidth
+                    width: PageSizes.shareBarWidth
                     anchors.verticalCenter: parent.verticalCenter
                     visible: table.hasShares
                     shares: entry.shares
@@ -129,7 +129,7 @@ FocusScope {
                 }
                 DeskText {
                     x: table.daysX
-                    width: Theme.ledgerDaysColumn
+                    width: PageSizes.ledgerDaysColumn
                     anchors.verticalCenter: parent.verticalCenter
                     horizontalAlignment: Text.AlignRight
                     visible: table.hasDays

@@ -15,7 +15,7 @@ Row {
 
     LineChartItem {
         anchors.verticalCenter: parent.verticalCenter
-        width: Theme.legendLine
+        width: PageSizes.legendLine
         height: Theme.space1
         points: [Qt.point(0, 0.5), Qt.point(1, 0.5)]
         color: entry.line

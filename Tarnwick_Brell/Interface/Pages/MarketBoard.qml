@@ -74,7 +74,7 @@ FocusScope {
                     DeskText {
                         id: symbol
                         x: Theme.gridPadding
-                        width: Theme.marketSymbolColumn - Theme.space1
+                        width: PageSizes.marketSymbolColumn - Theme.space1
                         anchors.verticalCenter: parent.verticalCenter
                         type: entry.isCharted ? DeskText.SecondaryStrong : DeskText.SecondaryMedium
                         text: entry.symbol
@@ -82,7 +82,7 @@ FocusScope {
                         Accessible.ignored: true
                     }
                     DeskText {
-                        x: Theme.gridPadding + Theme.marketSymbolColumn
+                        x: Theme.gridPadding + PageSizes.marketSymbolColumn
                         width: compared.x - x - Theme.space1
                         anchors.verticalCenter: parent.verticalCenter
                         type: DeskText.Secondary
@@ -103,7 +103,7 @@ FocusScope {
                         id: spark
                         anchors.right: price.left
                         anchors.verticalCenter: parent.verticalCenter
-                        width: Theme.marketLine
+                        width: PageSizes.marketLine
                         points: entry.line
                         move: entry.move
                         pale: entry.pale
@@ -112,7 +112,7 @@ FocusScope {
                         id: price
                         anchors.right: change.left
                         anchors.verticalCenter: parent.verticalCenter
-                        width: Theme.marketPriceColumn
+                        width: PageSizes.marketPriceColumn
                         horizontalAlignment: Text.AlignRight
                         type: DeskText.Secondary
                         text: entry.price
@@ -124,7 +124,7 @@ FocusScope {
                         anchors.right: parent.right
                         anchors.rightMargin: Theme.gridPadding
                         anchors.verticalCenter: parent.verticalCenter
-                        width: Theme.marketChangeColumn
+                        width: PageSizes.marketChangeColumn
                         horizontalAlignment: Text.AlignRight
                         type: DeskText.SecondaryMedium
                         text: entry.isOld ? qsTr("old") : entry.change

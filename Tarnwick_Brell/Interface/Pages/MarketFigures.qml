@@ -8,7 +8,7 @@ Flow {
 
     required property var figures
 
-    spacing: Theme.columnGap
+    spacing: PageSizes.columnGap
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Figures")
 

@@ -13,7 +13,7 @@ Item {
     required property PageSplit split
     property bool pale: false
 
-    readonly property bool isNarrow: figures.width + legend.width + board.width + Theme.columnGap > width
+    readonly property bool isNarrow: figures.width + legend.width + board.width + PageSizes.columnGap > width
 
     implicitHeight: figures.height + (legend.visible && isNarrow ? legend.height : 0)
 

@@ -22,8 +22,8 @@ PageBody {
 
         anchors.fill: parent
         focus: true
-        paneWidth: Theme.paneTrade
-        mainLeast: Theme.marketChartLeast
+        paneWidth: PageSizes.paneTrade
+        mainLeast: PageSizes.marketChartLeast
         pane: PagePane {
             title: qsTr("Board")
             fact: page.content.boardFact

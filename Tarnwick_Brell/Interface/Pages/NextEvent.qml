@@ -9,7 +9,7 @@ Rectangle {
     required property EventsPageModel content
     property bool pale: false
 
-    implicitHeight: content.hasNext ? Math.max(Theme.nextEvent, words.implicitHeight + 2 * Theme.gridPadding) : 0
+    implicitHeight: content.hasNext ? Math.max(PageSizes.nextEvent, words.implicitHeight + 2 * Theme.gridPadding) : 0
     visible: content.hasNext
     color: Theme.canvas
 
@@ -18,7 +18,7 @@ Rectangle {
 
         x: Theme.gridPadding
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.max(Theme.nextEventDays, days.implicitWidth + Theme.space4)
+        width: Math.max(PageSizes.nextEventDays, days.implicitWidth + Theme.space4)
 
         DeskText {
             id: days

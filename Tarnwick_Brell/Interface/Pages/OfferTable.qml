@@ -12,15 +12,15 @@ FocusScope {
     required property PageSplit split
     property bool pale: false
 
-    readonly property int columnsLeast: Theme.gridPadding * 2 + Theme.offerPlatformColumn + Theme.offerVersionColumn
-                                        + Theme.offerBuildColumn + Theme.offerExpiryColumn
-    readonly property bool hasPosted: width >= columnsLeast + Theme.offerPostedColumn
-    readonly property bool hasDevices: width >= columnsLeast + Theme.offerPostedColumn + Theme.offerDevicesColumn
-    readonly property int versionX: Theme.gridPadding + Theme.offerPlatformColumn
-    readonly property int buildX: versionX + Theme.offerVersionColumn
-    readonly property int postedX: buildX + Theme.offerBuildColumn
-    readonly property int expiresX: postedX + (hasPosted ? Theme.offerPostedColumn : 0)
-    readonly property int devicesX: expiresX + Theme.offerExpiryColumn
+    readonly property int columnsLeast: Theme.gridPadding * 2 + PageSizes.offerPlatformColumn + PageSizes.offerVersionColumn
+                                        + PageSizes.offerBuildColumn + PageSizes.offerExpiryColumn
+    readonly property bool hasPosted: width >= columnsLeast + PageSizes.offerPostedColumn
+    readonly property bool hasDevices: width >= columnsLeast + PageSizes.offerPostedColumn + PageSizes.offerDevicesColumn
+    readonly property int versionX: Theme.gridPadding + PageSizes.offerPlatformColumn
+    readonly property int buildX: versionX + PageSizes.offerVersionColumn
+    readonly property int postedX: buildX + PageSizes.offerBuildColumn
+    readonly property int expiresX: postedX + (hasPosted ? PageSizes.offerPostedColumn : 0)
+    readonly property int devicesX: expiresX + PageSizes.offerExpiryColumn
 
     function step(by: int) {
         rows.step(by);
@@ -54,7 +54,7 @@ FocusScope {
         }
         ColumnName {
             x: table.devicesX
-            width: Theme.offerDevicesColumn
+            width: PageSizes.offerDevicesColumn
             horizontalAlignment: Text.AlignRight
             visible: table.hasDevices
             text: qsTr("Devices")
@@ -123,7 +123,7 @@ FocusScope {
                     DeskText {
                         id: version
                         x: table.versionX
-                        width: Math.min(implicitWidth, Theme.offerVersionColumn - Theme.space2)
+                        width: Math.min(implicitWidth, PageSizes.offerVersionColumn - Theme.space2)
                         anchors.verticalCenter: parent.verticalCenter
                         type: entry.isNew ? DeskText.SecondaryStrong : DeskText.Secondary
                         text: entry.version
@@ -141,7 +141,7 @@ FocusScope {
                     }
                     DeskText {
                         x: table.buildX
-                        width: Theme.offerBuildColumn - Theme.space2
+                        width: PageSizes.offerBuildColumn - Theme.space2
                         anchors.verticalCenter: parent.verticalCenter
                         type: DeskText.Secondary
                         text: entry.build
@@ -167,7 +167,7 @@ FocusScope {
                     }
                     DeskText {
                         x: table.devicesX
-                        width: Theme.offerDevicesColumn
+                        width: PageSizes.offerDevicesColumn
                         horizontalAlignment: Text.AlignRight
                         anchors.verticalCenter: parent.verticalCenter
                         visible: table.hasDevices

@@ -44,7 +44,7 @@ FocusScope {
             id: field
 
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.max(Theme.barFieldLeast, Math.min(Theme.barFieldWidth, bar.spare - 2 * Theme.space2))
+            width: Math.max(PageSizes.barFieldLeast, Math.min(Theme.barFieldWidth, bar.spare - 2 * Theme.space2))
             visible: bar.fieldHint !== ""
             placeholderText: bar.fieldHint
             text: bar.fieldText

@@ -8,7 +8,7 @@ FocusScope {
 
     default property alias main: mainSlot.data
     required property PagePane pane
-    property int paneWidth: Theme.paneLog
+    property int paneWidth: PageSizes.paneLog
     property int mainLeast: Theme.wireLeast
 
     readonly property bool isBeside: width - paneWidth - Theme.line >= mainLeast

@@ -23,7 +23,7 @@ PlainButton {
     readonly property var symbols: ({ iOS: "iphone.gen3", iPadOS: "square.grid.2x2", macOS: "macbook", watchOS: "applewatch", tvOS: "play", visionOS: "vision.pro" })
     readonly property color ink: pale ? Theme.text2 : Theme.text1
 
-    implicitHeight: Theme.platformCardHeight
+    implicitHeight: PageSizes.platformCardHeight
     text: spokenText
     checkable: false
     Accessible.checkable: true

@@ -8,10 +8,10 @@ Item {
 
     required property list<double> bars
 
-    readonly property int pitch: Theme.raceBarWidth + Theme.raceBarGap
+    readonly property int pitch: PageSizes.raceBarWidth + PageSizes.raceBarGap
 
-    implicitWidth: bars.length * pitch - Theme.raceBarGap
-    implicitHeight: 2 * Theme.raceBarHeight
+    implicitWidth: bars.length * pitch - PageSizes.raceBarGap
+    implicitHeight: 2 * PageSizes.raceBarHeight
     Accessible.ignored: true
 
     Repeater {
@@ -22,15 +22,15 @@ Item {
             required property int index
 
             x: index * chart.pitch
-            y: modelData > 0 ? Theme.raceBarHeight - height : Theme.raceBarHeight
-            width: Theme.raceBarWidth
-            height: modelData === 0 ? 0 : Math.max(Theme.step2, Math.abs(modelData) * Theme.raceBarHeight)
+            y: modelData > 0 ? PageSizes.raceBarHeight - height : PageSizes.raceBarHeight
+            width: PageSizes.raceBarWidth
+            height: modelData === 0 ? 0 : Math.max(Theme.step2, Math.abs(modelData) * PageSizes.raceBarHeight)
             radius: Theme.step1
             color: modelData > 0 ? Theme.accent : Theme.edge
         }
     }
     Hairline {
-        y: Theme.raceBarHeight
+        y: PageSizes.raceBarHeight
         width: parent.width
     }
 }

@@ -10,16 +10,16 @@ FocusScope {
     required property RacesPageModel content
     required property PageSplit split
 
-    readonly property int barsWidth: 26 * (Theme.raceBarWidth + Theme.raceBarGap)
-    readonly property int columnsLeast: 2 * Theme.gridPadding + Theme.raceOutletLeast + 2 * Theme.raceNumberColumn
-                                        + Theme.raceLeadColumn
-    readonly property bool hasBars: width >= columnsLeast + barsWidth + Theme.columnGap
-    readonly property bool hasShares: width >= columnsLeast + barsWidth + Theme.shareBarWidth + 2 * Theme.columnGap
-    readonly property int sharesX: width - Theme.gridPadding - (hasShares ? Theme.shareBarWidth : 0)
-    readonly property int barsX: sharesX - (hasShares ? Theme.columnGap : 0) - (hasBars ? barsWidth : 0)
-    readonly property int leadX: barsX - (hasBars ? Theme.columnGap : 0) - Theme.raceLeadColumn
-    readonly property int ledX: leadX - Theme.raceNumberColumn
-    readonly property int subjectsX: ledX - Theme.raceNumberColumn
+    readonly property int barsWidth: 26 * (PageSizes.raceBarWidth + PageSizes.raceBarGap)
+    readonly property int columnsLeast: 2 * Theme.gridPadding + PageSizes.raceOutletLeast + 2 * PageSizes.raceNumberColumn
+                                        + PageSizes.raceLeadColumn
+    readonly property bool hasBars: width >= columnsLeast + barsWidth + PageSizes.columnGap
+    readonly property bool hasShares: width >= columnsLeast + barsWidth + PageSizes.shareBarWidth + 2 * PageSizes.columnGap
+    readonly property int sharesX: width - Theme.gridPadding - (hasShares ? PageSizes.shareBarWidth : 0)
+    readonly property int barsX: sharesX - (hasShares ? PageSizes.columnGap : 0) - (hasBars ? barsWidth : 0)
+    readonly property int leadX: barsX - (hasBars ? PageSizes.columnGap : 0) - PageSizes.raceLeadColumn
+    readonly property int ledX: leadX - PageSizes.raceNumberColumn
+    readonly property int subjectsX: ledX - PageSizes.raceNumberColumn
     readonly property list<color> inks: [Theme.greenMark, Theme.blueMark, Theme.report, Theme.amberMark, Theme.edge]
 
     function step(by: int) {
@@ -38,19 +38,19 @@ FocusScope {
         }
         ColumnName {
             x: table.subjectsX
-            width: Theme.raceNumberColumn
+            width: PageSizes.raceNumberColumn
             horizontalAlignment: Text.AlignRight
             text: qsTr("Subjects")
         }
         ColumnName {
             x: table.ledX
-            width: Theme.raceNumberColumn
+            width: PageSizes.raceNumberColumn
             horizontalAlignment: Text.AlignRight
             text: qsTr("Led")
         }
         ColumnName {
             x: table.leadX
-            width: Theme.raceLeadColumn
+            width: PageSizes.raceLeadColumn
             horizontalAlignment: Text.AlignRight
             text: qsTr("Median lead")
         }
@@ -94,7 +94,7 @@ FocusScope {
             required property int index
 
             width: rows.width
-            implicitHeight: Theme.raceRow
+            implicitHeight: PageSizes.raceRow
             isCurrent: index === rows.currentIndex
             listFocused: rows.activeFocus
             ground: isPicked ? Theme.accentSoft : Theme.surface
@@ -117,7 +117,7 @@ FocusScope {
                 }
                 DeskText {
                     x: table.subjectsX
-                    width: Theme.raceNumberColumn
+                    width: PageSizes.raceNumberColumn
                     anchors.verticalCenter: parent.verticalCenter
                     horizontalAlignment: Text.AlignRight
                     color: Theme.text2
@@ -126,7 +126,7 @@ FocusScope {
                 }
                 DeskText {
                     x: table.ledX
-                    width: Theme.raceNumberColumn
+                    width: PageSizes.raceNumberColumn
                     anchors.verticalCenter: parent.verticalCenter
                     horizontalAlignment: Text.AlignRight
                     type: DeskText.BaseStrong
@@ -135,7 +135,7 @@ FocusScope {
                 }
                 DeskText {
                     x: table.leadX
-                    width: Theme.raceLeadColumn
+                    width: PageSizes.raceLeadColumn
                     anchors.verticalCenter: parent.verticalCenter
                     horizontalAlignment: Text.AlignRight
                     color: entry.isAhead ? Theme.green : Theme.text2
@@ -150,7 +150,7 @@ FocusScope {
                 }
                 ShareBar {
                     x: table.sharesX
-                    width: Theme.shareBarWidth
+                    width: PageSizes.shareBarWidth
                     anchors.verticalCenter: parent.verticalCenter
                     visible: table.hasShares
                     shares: entry.shares

@@ -83,7 +83,7 @@ PageBody {
                     required property int index
 
                     width: races.width
-                    implicitHeight: Theme.pairRaceRow
+                    implicitHeight: PageSizes.pairRaceRow
                     isCurrent: index === races.currentIndex
                     listFocused: races.activeFocus
                     onChosen: {

@@ -28,7 +28,7 @@ T.Control {
         reached = Math.max(0, Math.min(days - 1, (reached < 0 ? days - 1 - by : reached) + by));
     }
 
-    implicitHeight: Theme.rankChartHeight + Theme.chartTip + Theme.space6
+    implicitHeight: PageSizes.rankChartHeight + Theme.chartTip + Theme.space6
     focusPolicy: Qt.TabFocus
     Accessible.role: Accessible.Chart
     Accessible.name: qsTr("Ranks of three months")
@@ -51,8 +51,8 @@ T.Control {
     Item {
         id: plot
         y: Theme.chartTip + Theme.space1
-        width: chart.width - Theme.rankScaleColumn
-        height: Theme.rankChartHeight
+        width: chart.width - PageSizes.rankScaleColumn
+        height: PageSizes.rankChartHeight
 
         Repeater {
             model: chart.content.scale

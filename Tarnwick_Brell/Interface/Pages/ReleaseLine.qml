@@ -48,7 +48,7 @@ Item {
         contentItem: Item {
             DeskText {
                 x: line.columns.start
-                width: Theme.releasePlatform - Theme.space2
+                width: PageSizes.releasePlatform - Theme.space2
                 anchors.verticalCenter: parent.verticalCenter
                 type: DeskText.SecondaryMedium
                 text: line.platform
@@ -59,7 +59,7 @@ Item {
                 id: version
 
                 x: line.columns.versionX
-                width: Math.min(implicitWidth, Theme.releaseVersion - Theme.space2 - fresh.width)
+                width: Math.min(implicitWidth, PageSizes.releaseVersion - Theme.space2 - fresh.width)
                 anchors.verticalCenter: parent.verticalCenter
                 type: line.isNew ? DeskText.SecondaryStrong : DeskText.Secondary
                 text: line.version
@@ -80,7 +80,7 @@ Item {
             }
             DeskText {
                 x: line.columns.buildX
-                width: Theme.releaseBuild - Theme.space2
+                width: PageSizes.releaseBuild - Theme.space2
                 anchors.verticalCenter: parent.verticalCenter
                 type: DeskText.Secondary
                 text: line.build
@@ -105,7 +105,7 @@ Item {
             }
             DeskText {
                 x: line.columns.afterX
-                width: Theme.releaseAfter
+                width: PageSizes.releaseAfter
                 anchors.verticalCenter: parent.verticalCenter
                 visible: line.columns.hasAfter
                 horizontalAlignment: Text.AlignRight
@@ -146,7 +146,7 @@ Item {
             }
             DeskText {
                 x: line.columns.seenX
-                width: Theme.releaseSeen
+                width: PageSizes.releaseSeen
                 anchors.verticalCenter: parent.verticalCenter
                 visible: line.columns.hasSeen
                 horizontalAlignment: Text.AlignRight

@@ -7,15 +7,15 @@ QtObject {
     required property real width
     readonly property real start: Theme.gridPadding
     readonly property real inner: width - 2 * start
-    readonly property real fixed: Theme.lastIncidentColumn + Theme.columnGap + Theme.serviceColumn
+    readonly property real fixed: PageSizes.lastIncidentColumn + PageSizes.columnGap + PageSizes.serviceColumn
     readonly property int pitch: Theme.dayCellWidth + Theme.dayCellGap
     readonly property int allDays: 90
 
-    readonly property bool hasShare: inner >= fixed + allDays * pitch + Theme.shareColumn
-    readonly property int days: hasShare || inner >= fixed + allDays * pitch ? allDays : Theme.daysLeast
+    readonly property bool hasShare: inner >= fixed + allDays * pitch + PageSizes.shareColumn
+    readonly property int days: hasShare || inner >= fixed + allDays * pitch ? allDays : PageSizes.daysLeast
     readonly property real cellsWidth: days * pitch - Theme.dayCellGap
-    readonly property real lastX: start + inner - Theme.lastIncidentColumn
-    readonly property real shareX: lastX - Theme.columnGap - (hasShare ? Theme.shareColumn : 0)
+    readonly property real lastX: start + inner - PageSizes.lastIncidentColumn
+    readonly property real shareX: lastX - PageSizes.columnGap - (hasShare ? PageSizes.shareColumn : 0)
     readonly property real cellsX: shareX - cellsWidth
     readonly property real nameX: start
     readonly property real nameWidth: cellsX - nameX - Theme.space3

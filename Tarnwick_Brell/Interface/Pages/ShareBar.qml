@@ -9,7 +9,7 @@ Row {
     required property list<double> shares
     required property list<color> inks
 
-    spacing: Theme.shareBarGap
+    spacing: PageSizes.shareBarGap
     Accessible.ignored: true
 
     Repeater {
@@ -20,8 +20,8 @@ Row {
             required property int index
 
             visible: modelData > 0
-            width: Math.max(Theme.step2, modelData * bar.width - Theme.shareBarGap)
-            height: Theme.shareBarHeight
+            width: Math.max(Theme.step2, modelData * bar.width - PageSizes.shareBarGap)
+            height: PageSizes.shareBarHeight
             radius: Theme.radiusBar
             color: bar.inks[index]
         }

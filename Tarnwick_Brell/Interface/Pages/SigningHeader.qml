@@ -15,7 +15,7 @@ Item {
 
     signal scrolled(by: int)
 
-    implicitHeight: Theme.signingHeader
+    implicitHeight: PageSizes.signingHeader
 
     ColumnName {
         x: Theme.gridPadding
@@ -47,12 +47,12 @@ Item {
         id: builds
 
         x: header.cellsX
-        width: header.columnsShown * Theme.signingColumn
+        width: header.columnsShown * PageSizes.signingColumn
         height: parent.height
         orientation: ListView.Horizontal
         interactive: false
         clip: true
-        contentX: originX + header.first * Theme.signingColumn
+        contentX: originX + header.first * PageSizes.signingColumn
         model: header.content.columns
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Builds")
@@ -65,7 +65,7 @@ Item {
             required property bool isSigned
             required property string build
 
-            width: Theme.signingColumn
+            width: PageSizes.signingColumn
             topPadding: Theme.step3
             Accessible.role: Accessible.ColumnHeader
             Accessible.name: qsTr("%1, build %2, %3").arg(build.version).arg(build.build).arg(build.released)

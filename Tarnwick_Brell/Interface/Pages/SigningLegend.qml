@@ -19,7 +19,7 @@ Item {
     Row {
         x: Theme.gridPadding
         anchors.verticalCenter: parent.verticalCenter
-        spacing: Theme.columnGap
+        spacing: PageSizes.columnGap
 
         Repeater {
             model: legend.marks

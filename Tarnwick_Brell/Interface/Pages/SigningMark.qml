@@ -14,8 +14,8 @@ Item {
     readonly property bool isSigned: mark === SigningCell.Signed
     readonly property bool isStopped: mark === SigningCell.Stopped
 
-    implicitWidth: Theme.signingMark
-    implicitHeight: Theme.signingMark
+    implicitWidth: PageSizes.signingMark
+    implicitHeight: PageSizes.signingMark
 
     Rectangle {
         anchors.fill: parent
@@ -40,7 +40,7 @@ Item {
             strokeColor: Theme.edge
             strokeWidth: Theme.line
             strokeStyle: ShapePath.DashLine
-            dashPattern: [Theme.signingDash, Theme.signingDash]
+            dashPattern: [PageSizes.signingDash, PageSizes.signingDash]
             fillColor: "transparent"
             // Centred on a pixel.
             startX: 0.5

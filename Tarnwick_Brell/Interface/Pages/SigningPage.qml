@@ -21,7 +21,7 @@ PageBody {
 
         anchors.fill: parent
         focus: true
-        mainLeast: Theme.signingDeviceLeast + 5 * Theme.signingColumn
+        mainLeast: PageSizes.signingDeviceLeast + 5 * PageSizes.signingColumn
         pane: PagePane {
             title: qsTr("Changes")
             fact: page.content.changesFact

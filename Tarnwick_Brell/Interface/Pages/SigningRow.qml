@@ -57,8 +57,8 @@ TableRow {
                 readonly property int column: device.first + index
                 readonly property bool isRead: column === device.reached
 
-                x: device.cellsX + index * Theme.signingColumn
-                width: Theme.signingColumn
+                x: device.cellsX + index * PageSizes.signingColumn
+                width: PageSizes.signingColumn
                 height: device.height
                 Accessible.role: Accessible.Cell
                 Accessible.name: device.content.spokenCell(device.row, column)
@@ -92,8 +92,8 @@ TableRow {
             }
         }
         Item {
-            x: device.cellsX + (device.told - device.first) * Theme.signingColumn
-            width: Theme.signingColumn
+            x: device.cellsX + (device.told - device.first) * PageSizes.signingColumn
+            width: PageSizes.signingColumn
             height: parent.height
 
             Tip {

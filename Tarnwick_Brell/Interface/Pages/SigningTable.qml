@@ -12,10 +12,10 @@ FocusScope {
     required property PageSplit split
     property bool pale: false
 
-    readonly property int deviceColumn: width >= Theme.signingDeviceColumn + 6 * Theme.signingColumn
-        ? Theme.signingDeviceColumn : Theme.signingDeviceLeast
+    readonly property int deviceColumn: width >= PageSizes.signingDeviceColumn + 6 * PageSizes.signingColumn
+        ? PageSizes.signingDeviceColumn : PageSizes.signingDeviceLeast
     readonly property int columnCount: content.columnCount
-    readonly property int columnsShown: Math.max(1, Math.min(columnCount, Math.floor((width - deviceColumn - 2 * Theme.gridPadding) / Theme.signingColumn)))
+    readonly property int columnsShown: Math.max(1, Math.min(columnCount, Math.floor((width - deviceColumn - 2 * Theme.gridPadding) / PageSizes.signingColumn)))
     readonly property int lastFirst: Math.max(0, columnCount - columnsShown)
     /// The column at the left.
     property int first: 0

@@ -7,17 +7,17 @@ QtObject {
     required property real width
     readonly property real start: Theme.gridPadding
     readonly property real inner: width - 2 * start
-    readonly property real base: Theme.releasePlatform + Theme.releaseVersion + Theme.releaseBuild + Theme.releaseChannel
+    readonly property real base: PageSizes.releasePlatform + PageSizes.releaseVersion + PageSizes.releaseBuild + PageSizes.releaseChannel
 
-    readonly property bool hasSeen: inner >= base + Theme.releaseSeen
-    readonly property bool hasTitle: inner >= base + Theme.releaseSeen + Theme.nameColumnLeast
-    readonly property bool hasAfter: inner >= base + Theme.releaseSeen + Theme.releaseAfter + Theme.columnGap + Theme.nameColumnLeast
+    readonly property bool hasSeen: inner >= base + PageSizes.releaseSeen
+    readonly property bool hasTitle: inner >= base + PageSizes.releaseSeen + PageSizes.nameColumnLeast
+    readonly property bool hasAfter: inner >= base + PageSizes.releaseSeen + PageSizes.releaseAfter + PageSizes.columnGap + PageSizes.nameColumnLeast
 
-    readonly property real versionX: start + Theme.releasePlatform
-    readonly property real buildX: versionX + Theme.releaseVersion
-    readonly property real channelX: buildX + Theme.releaseBuild
-    readonly property real afterX: channelX + Theme.releaseChannel
-    readonly property real titleX: afterX + (hasAfter ? Theme.releaseAfter + Theme.space8 : 0)
-    readonly property real seenX: start + inner - Theme.releaseSeen
+    readonly property real versionX: start + PageSizes.releasePlatform
+    readonly property real buildX: versionX + PageSizes.releaseVersion
+    readonly property real channelX: buildX + PageSizes.releaseBuild
+    readonly property real afterX: channelX + PageSizes.releaseChannel
+    readonly property real titleX: afterX + (hasAfter ? PageSizes.releaseAfter + Theme.space8 : 0)
+    readonly property real seenX: start + inner - PageSizes.releaseSeen
     readonly property real titleWidth: seenX - titleX - Theme.space3
 }

@@ -56,13 +56,13 @@ PageBody {
                     id: tiles
 
                     readonly property real inner: parent.width - 2 * Theme.gridPadding
-                    readonly property int most: Math.floor((inner + Theme.cardGap) / (Theme.platformCardLeast + Theme.cardGap))
+                    readonly property int most: Math.floor((inner + PageSizes.cardGap) / (PageSizes.platformCardLeast + PageSizes.cardGap))
 
                     x: Theme.gridPadding
                     y: Theme.gridPadding
                     // Rows of about the same length.
                     columns: Math.max(1, Math.ceil(repeater.count / Math.ceil(repeater.count / Math.max(1, most))))
-                    spacing: Theme.cardGap
+                    spacing: PageSizes.cardGap
 
                     Repeater {
                         id: repeater
@@ -70,7 +70,7 @@ PageBody {
                         model: page.content.cards
 
                         PlatformTile {
-                            width: Math.floor((tiles.inner - (tiles.columns - 1) * Theme.cardGap) / tiles.columns)
+                            width: Math.floor((tiles.inner - (tiles.columns - 1) * PageSizes.cardGap) / tiles.columns)
                             pale: page.pale
                             onClicked: page.content.toggleCard(index)
                         }
@@ -101,7 +101,7 @@ PageBody {
                     text: qsTr("Channel")
                 }
                 ColumnName {
-                    x: places.afterX + Theme.releaseAfter - width
+                    x: places.afterX + PageSizes.releaseAfter - width
                     visible: places.hasAfter
                     text: qsTr("After")
                 }
@@ -111,7 +111,7 @@ PageBody {
                     text: qsTr("What it says")
                 }
                 ColumnName {
-                    x: places.seenX + Theme.releaseSeen - width
+                    x: places.seenX + PageSizes.releaseSeen - width
                     visible: places.hasSeen
                     text: qsTr("Seen")
                 }

@@ -28,5 +28,5 @@ QtObject {
     readonly property real stateWidth: width - state - Theme.gridPadding
 
     // The two halves of an open row.
-    readonly property real half: (width - name - Theme.gridPadding - Theme.columnGap) / 2
+    readonly property real half: (width - name - Theme.gridPadding - PageSizes.columnGap) / 2
 }

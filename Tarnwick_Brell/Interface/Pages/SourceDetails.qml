@@ -39,7 +39,7 @@ FocusScope {
     SourceNews {
         id: news
 
-        x: facts.x + facts.width + Theme.columnGap
+        x: facts.x + facts.width + PageSizes.columnGap
         y: Theme.space3
         width: details.columns.half
         content: details.content

@@ -21,7 +21,7 @@ TableHeader {
 
             // Large text leaves room for today alone.
             visible: 2 * implicitWidth < header.row.columns.cellsWidth
-            x: header.row.columns.cellsX + index * Theme.daysLeast * header.row.columns.pitch
+            x: header.row.columns.cellsX + index * PageSizes.daysLeast * header.row.columns.pitch
             text: modelData
         }
     }
@@ -30,7 +30,7 @@ TableHeader {
         text: qsTr("Today")
     }
     ColumnName {
-        x: header.row.columns.shareX + Theme.shareColumn - width
+        x: header.row.columns.shareX + PageSizes.shareColumn - width
         visible: header.row.columns.hasShare
         text: header.row.share
     }

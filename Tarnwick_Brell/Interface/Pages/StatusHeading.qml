@@ -7,7 +7,7 @@ Item {
 
     required property StatusRow row
 
-    implicitHeight: Theme.tableTitle
+    implicitHeight: PageSizes.tableTitle
 
     DeskText {
         id: headingTitle

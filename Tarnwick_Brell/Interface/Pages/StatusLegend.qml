@@ -8,7 +8,7 @@ Item {
 
     readonly property list<string> names: [qsTr("No data"), qsTr("Up"), qsTr("Maintenance"), qsTr("Issue"), qsTr("Outage")]
 
-    implicitHeight: Theme.tableTitle
+    implicitHeight: PageSizes.tableTitle
     Accessible.ignored: true
 
     Row {

@@ -61,7 +61,7 @@ PageBody {
             model: page.content.rows
             head: Item {
                 width: list.width
-                height: logButton.visible ? Theme.tableTitle : 0
+                height: logButton.visible ? PageSizes.tableTitle : 0
 
                 DeskButton {
                     id: logButton

@@ -48,7 +48,7 @@ TableRow {
         }
         DeskText {
             x: line.row.columns.shareX
-            width: Theme.shareColumn
+            width: PageSizes.shareColumn
             visible: line.row.columns.hasShare
             anchors.verticalCenter: parent.verticalCenter
             horizontalAlignment: Text.AlignRight
@@ -71,7 +71,7 @@ TableRow {
         }
         DeskText {
             x: badge.x + (badge.visible ? badge.width + Theme.badgeGap : 0)
-            width: line.row.columns.lastX + Theme.lastIncidentColumn - x
+            width: line.row.columns.lastX + PageSizes.lastIncidentColumn - x
             anchors.verticalCenter: parent.verticalCenter
             type: DeskText.Secondary
             text: line.row.last

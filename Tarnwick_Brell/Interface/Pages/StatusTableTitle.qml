@@ -7,7 +7,7 @@ Item {
 
     required property StatusRow row
 
-    implicitHeight: Theme.tableTitle
+    implicitHeight: PageSizes.tableTitle
 
     DeskText {
         id: tableTitle
@@ -46,7 +46,7 @@ Item {
         anchors.right: retry.left
         anchors.rightMargin: Theme.space3
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.min(implicitWidth, retry.x - tableDetail.x - tableDetail.width - Theme.columnGap - Theme.icon)
+        width: Math.min(implicitWidth, retry.x - tableDetail.x - tableDetail.width - PageSizes.columnGap - Theme.icon)
         type: DeskText.Secondary
         text: line.row.warning
         color: Theme.amber

@@ -29,7 +29,7 @@ Item {
     signal chosen
     signal opened
 
-    implicitHeight: isHeading ? Theme.tableTitle : isStep ? Theme.timelineStep : Theme.tableRow
+    implicitHeight: isHeading ? PageSizes.tableTitle : isStep ? PageSizes.timelineStep : Theme.tableRow
 
     Item {
         anchors.fill: parent
@@ -74,7 +74,7 @@ Item {
 
                 x: Theme.gridPadding
                 y: line.isStep ? Theme.space2 : (parent.height - height) / 2
-                width: Theme.timelineDate
+                width: PageSizes.timelineDate
                 type: DeskText.Secondary
                 color: Theme.text2
                 text: line.date
@@ -98,7 +98,7 @@ Item {
                 id: title
 
                 anchors.left: date.right
-                anchors.leftMargin: line.isStep ? Theme.timelineBadge : 0
+                anchors.leftMargin: line.isStep ? PageSizes.timelineBadge : 0
                 y: line.isStep ? Theme.space2 - Theme.step2 : (parent.height - height) / 2
                 width: (line.isStep ? days.x : who.x) - x - Theme.space3
                 type: line.isStep ? DeskText.BaseMedium : DeskText.Secondary
@@ -108,10 +108,10 @@ Item {
             DeskText {
                 id: who
 
-                x: line.isStep ? title.x : parent.width - Theme.gridPadding - Theme.timelineOutcome - width - Theme.space3
+                x: line.isStep ? title.x : parent.width - Theme.gridPadding - PageSizes.timelineOutcome - width - Theme.space3
                 anchors.top: line.isStep ? title.bottom : parent.top
                 anchors.topMargin: line.isStep ? 0 : (parent.height - height) / 2
-                width: line.isStep ? Math.min(implicitWidth, title.width / 2) : Theme.timelineClaimant
+                width: line.isStep ? Math.min(implicitWidth, title.width / 2) : PageSizes.timelineClaimant
                 type: line.isStep ? DeskText.MetaMedium : DeskText.Secondary
                 color: Theme.text2
                 text: line.outlet
@@ -133,7 +133,7 @@ Item {
                 anchors.right: parent.right
                 anchors.rightMargin: Theme.gridPadding
                 y: line.isStep ? Theme.space2 : (parent.height - height) / 2
-                width: line.isStep ? implicitWidth : Theme.timelineOutcome
+                width: line.isStep ? implicitWidth : PageSizes.timelineOutcome
                 horizontalAlignment: Text.AlignRight
                 type: line.isStep ? DeskText.Secondary : DeskText.SecondaryMedium
                 color: line.outcome === 1 ? Theme.green : line.outcome === 2 ? Theme.red : Theme.text2

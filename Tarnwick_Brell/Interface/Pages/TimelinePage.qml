@@ -44,7 +44,7 @@ PageBody {
         height: parent.height - y
         focus: true
         pane: releases
-        mainLeast: Theme.timelineListLeast
+        mainLeast: PageSizes.timelineListLeast
 
         TableList {
             id: list
@@ -68,7 +68,7 @@ PageBody {
 
             head: Item {
                 width: list.width
-                height: link.visible ? Theme.tableTitle : 0
+                height: link.visible ? PageSizes.tableTitle : 0
 
                 PaneLink {
                     id: link

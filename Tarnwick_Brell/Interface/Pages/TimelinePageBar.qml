@@ -16,7 +16,7 @@ PageBar {
     Chip {
         id: news
 
-        width: Math.min(implicitWidth, Theme.timelineSubjectMost)
+        width: Math.min(implicitWidth, PageSizes.timelineSubjectMost)
         visible: bar.content.isNews
         active: true
         text: qsTr("News: %1").arg(bar.content.subjectName)

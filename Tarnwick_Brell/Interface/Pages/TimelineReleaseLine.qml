@@ -13,7 +13,7 @@ TableRow {
     contentItem: Item {
         DeskText {
             x: Theme.gridPadding
-            width: Theme.timelineDate
+            width: PageSizes.timelineDate
             anchors.verticalCenter: parent.verticalCenter
             type: DeskText.Secondary
             color: Theme.text3
@@ -21,7 +21,7 @@ TableRow {
             Accessible.ignored: true
         }
         DeskText {
-            x: Theme.gridPadding + Theme.timelineDate
+            x: Theme.gridPadding + PageSizes.timelineDate
             width: parent.width - x - Theme.gridPadding
             anchors.verticalCenter: parent.verticalCenter
             type: line.isRelease ? DeskText.SecondaryStrong : DeskText.Secondary

@@ -14,8 +14,8 @@ Item {
 
     signal chosen(stage: int)
 
-    readonly property int start: Theme.gridPadding + Theme.timelineLaneName
-    readonly property real span: width - start - Theme.timelineEnd
+    readonly property int start: Theme.gridPadding + PageSizes.timelineLaneName
+    readonly property real span: width - start - PageSizes.timelineEnd
 
     implicitHeight: axis.y + axis.height + Theme.space3
     Accessible.role: Accessible.Grouping
@@ -26,11 +26,11 @@ Item {
 
         y: Theme.space5
         width: parent.width
-        height: Theme.timelineStages
+        height: PageSizes.timelineStages
 
         Hairline {
             x: chart.start
-            y: Theme.timelineLine
+            y: PageSizes.timelineLine
             width: chart.span
         }
         Repeater {
@@ -49,11 +49,11 @@ Item {
 
         anchors.top: stages.bottom
         width: parent.width
-        height: Theme.timelineBars
+        height: PageSizes.timelineBars
 
         DeskText {
             x: Theme.gridPadding
-            width: Theme.timelineLaneName - Theme.space2
+            width: PageSizes.timelineLaneName - Theme.space2
             anchors.verticalCenter: parent.verticalCenter
             type: DeskText.Meta
             color: Theme.text2
@@ -108,7 +108,7 @@ Item {
 
         DeskText {
             x: Theme.gridPadding
-            width: Theme.timelineLaneName - Theme.space2
+            width: PageSizes.timelineLaneName - Theme.space2
             anchors.verticalCenter: parent.verticalCenter
             type: DeskText.Meta
             color: Theme.text2

@@ -38,7 +38,7 @@ Item {
 
     Rectangle {
         x: point.from
-        y: Theme.timelineLine - Theme.line
+        y: PageSizes.timelineLine - Theme.line
         width: point.middle - point.from
         height: Theme.step3
         color: point.ink
@@ -53,7 +53,7 @@ Item {
     }
     Rectangle {
         x: point.middle - width / 2
-        y: Theme.timelineLine - height / 2
+        y: PageSizes.timelineLine - height / 2
         width: point.isCurrent ? Theme.space4 : Theme.space3
         height: width
         radius: width / 2
@@ -67,7 +67,7 @@ Item {
         readonly property real wanted: point.middle - width / 2
 
         x: Math.max(Theme.gridPadding, Math.min(point.width - width - Theme.space2, wanted))
-        y: Theme.timelineLine + Theme.space3 + (point.index % 2 === 1 && point.isNear ? height : 0)
+        y: PageSizes.timelineLine + Theme.space3 + (point.index % 2 === 1 && point.isNear ? height : 0)
 
         DeskText {
             anchors.horizontalCenter: parent.horizontalCenter
@@ -88,7 +88,7 @@ Item {
 
     PlainButton {
         x: point.middle - width / 2
-        y: Theme.timelineLine - height / 2
+        y: PageSizes.timelineLine - height / 2
         width: Theme.leastTarget
         height: Theme.leastTarget
         focusPolicy: Qt.NoFocus

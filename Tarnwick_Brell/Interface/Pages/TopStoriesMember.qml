@@ -19,7 +19,7 @@ Item {
 
         x: Theme.clusterText
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.max(Theme.topStoriesTime, implicitWidth)
+        width: Math.max(PageSizes.topStoriesTime, implicitWidth)
         type: DeskText.Meta
         color: Theme.text3
         text: member.line.time
@@ -56,7 +56,7 @@ Item {
 
         anchors.left: marks.right
         anchors.verticalCenter: parent.verticalCenter
-        width: Theme.topStoriesOutlet
+        width: PageSizes.topStoriesOutlet
         type: member.line.isRead ? DeskText.SecondaryMedium : DeskText.SecondaryStrong
         color: Theme.text1
         text: member.line.outlet
