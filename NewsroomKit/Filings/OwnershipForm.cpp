@@ -199,7 +199,9 @@ TradingPlan planOf(const XMLElement& root, const OwnershipForm& form) {
     return box ? TradingPlan::no : TradingPlan::unknown;
 }
 
-std::vector<TradeSum> sumsOf(const std::vector<Trade>& trades) {
+}  // namespace
+
+std::vector<TradeSum> sumsOf(std::span<const Trade> trades) {
     std::vector<TradeSum> sums;
     std::vector<double> pricedShares;
     std::map<std::tuple<std::string, std::optional<bool>, std::string, std::optional<bool>>,
@@ -227,8 +229,6 @@ std::vector<TradeSum> sumsOf(const std::vector<Trade>& trades) {
     }
     return sums;
 }
-
-}  // namespace
 
 OwnershipResult parseOwnership(std::string_view bytes, const std::optional<std::string>& filed) {
     const auto document = formDocument(bytes, "ownershipDocument");

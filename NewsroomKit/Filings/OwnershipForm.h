@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -136,6 +137,10 @@ using OwnershipResult = boost::outcome_v2::unchecked<OwnershipForm, FilingsError
 /// it is known: dates behind it cannot be right, and it tells which trades were reported late.
 OwnershipResult parseOwnership(std::string_view bytes,
                                const std::optional<std::string>& filed = std::nullopt);
+
+/// The trades added up by code, direction, security and kind of ownership, in the order of the
+/// first of each.
+std::vector<TradeSum> sumsOf(std::span<const Trade> trades);
 
 /// The day in a note that says when a plan under Rule 10b5-1 was adopted, as "2021-08-16".
 std::optional<std::string> planAdoption(const OwnershipForm& form);

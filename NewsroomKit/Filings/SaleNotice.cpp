@@ -1,6 +1,11 @@
 #include "NewsroomKit/Filings/SaleNotice.h"
 
+#include <cmath>
+
+#include <fmt/format.h>
+
 #include "NewsroomKit/Filings/FilingForms.h"
+#include "NewsroomKit/Filings/OwnershipWords.h"
 
 namespace kit {
 namespace {
@@ -66,6 +71,20 @@ SaleNoticeResult parseSaleNotice(std::string_view bytes) {
     notice.remarks = noticeText(*form, "remarks");
     if (notice.issuer.cik == 0) return FilingsError::malformed;
     return notice;
+}
+
+std::string noticeSentence(const SaleNotice& notice) {
+    std::string sentence = notice.person.empty() ? "An insider" : notice.person;
+    sentence += " will sell";
+    if (notice.shares) sentence += fmt::format(" {} shares", amountInWords(*notice.shares));
+    if (notice.value) {
+        sentence += fmt::format(" for about ${}", amountInWords(std::round(*notice.value)));
+    }
+    if (notice.saleDate) sentence += " around " + dayInWords(*notice.saleDate);
+    if (!notice.planDates.empty()) {
+        sentence += " under a plan adopted on " + dayInWords(notice.planDates.front());
+    }
+    return sentence + ".";
 }
 
 }  // namespace kit

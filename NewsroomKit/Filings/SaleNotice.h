@@ -47,6 +47,9 @@ using SaleNoticeResult = boost::outcome_v2::unchecked<SaleNotice, FilingsError>;
 
 SaleNoticeResult parseSaleNotice(std::string_view bytes);
 
+/// "Jane Doe will sell 34,821 shares for about $10,900,000 around 24 November 2026."
+std::string noticeSentence(const SaleNotice& notice);
+
 template <>
 struct JSONFields<NoticeIssuer> {
     static constexpr auto fields =

@@ -180,7 +180,8 @@ bool CurlTransfer::headComplete() {
         return !settled_;
     }
     // Partial content was not requested.
-    if (code > 299 || code == 206) {
+    const bool isReadable = code == request_.readableStatus;
+    if ((code > 299 && !isReadable) || code == 206) {
         failure_ = HTTPClientError{.kind = HTTPClientError::Kind::status, .statusCode = code};
         return false;
     }

@@ -32,6 +32,7 @@ struct TransportRequest {
     std::chrono::milliseconds totalTimeout{30'000};
     /// The address comes from a public page, so it must not lead to a private one.
     bool namedInPublic = false;
+    int readableStatus = 0;  ///< outside of 2xx, but with a body that is wanted
 };
 
 /// The outcome of a request. Redirects of a GET have been followed.

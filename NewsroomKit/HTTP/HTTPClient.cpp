@@ -162,7 +162,8 @@ TransportRequest HTTPClient::transportRequest(const Request& request) const {
         .byteLimit = request.byteLimit,
         .idleTimeout = request.timeLimit.value_or(configuration_.requestTimeout),
         .totalTimeout = request.timeLimit.value_or(configuration_.resourceTimeout),
-        .namedInPublic = request.namedBy == NamedBy::publicPage};
+        .namedInPublic = request.namedBy == NamedBy::publicPage,
+        .readableStatus = request.readableStatus};
     wanted.headers = {
         "User-Agent: " + inOneLine(request.userAgent.value_or(configuration_.userAgent)),
         "Cache-Control: no-cache"};

@@ -57,6 +57,9 @@ public:
         NamedBy namedBy = NamedBy::user;
         /// Replaces the configuration's. Control characters are removed.
         std::optional<std::string> userAgent = {};
+        /// A status outside of 2xx whose body is an answer, too: some services say why they refuse
+        /// a request in a page only. The record has the status.
+        int readableStatus = 0;
         /// Limits an attempt as a whole and replaces both times of the configuration: the server
         /// may be silent for this long.
         std::optional<std::chrono::milliseconds> timeLimit = {};

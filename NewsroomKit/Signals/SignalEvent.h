@@ -30,6 +30,12 @@ enum class SignalEvent {
     docketReadable,  ///< a stub that got its text
     pressRelease,
     pressReleaseOfApple,
+    filingMajor,
+    filingNotable,
+    filingRoutine,
+    saleNotice,
+    insiderDecision,  ///< bought, sold, gave away
+    insiderRoutine,   ///< grants, vesting, tax
 };
 
 struct SignalEventRow {
@@ -62,6 +68,12 @@ inline constexpr std::array kSignalEvents{
     SignalEventRow{SignalEvent::pressRelease, SignalKind::pressRelease, SignalWeight::routine},
     SignalEventRow{SignalEvent::pressReleaseOfApple, SignalKind::pressRelease,
                    SignalWeight::notable},
+    SignalEventRow{SignalEvent::filingMajor, SignalKind::filing, SignalWeight::major},
+    SignalEventRow{SignalEvent::filingNotable, SignalKind::filing, SignalWeight::notable},
+    SignalEventRow{SignalEvent::filingRoutine, SignalKind::filing, SignalWeight::routine},
+    SignalEventRow{SignalEvent::saleNotice, SignalKind::insiderTrade, SignalWeight::notable},
+    SignalEventRow{SignalEvent::insiderDecision, SignalKind::insiderTrade, SignalWeight::notable},
+    SignalEventRow{SignalEvent::insiderRoutine, SignalKind::insiderTrade, SignalWeight::routine},
 };
 
 static_assert(

@@ -23,6 +23,8 @@ void addEventsCommand(arguments::Command& app, Command& chosen);
 void addQuoteCommand(arguments::Command& app, Command& chosen);
 void addBoardCommand(arguments::Command& app, Command& chosen);
 void addSigningCommand(arguments::Command& app, Command& chosen);
+void addFilingsCommand(arguments::Command& app, Command& chosen);
+void addInsidersCommand(arguments::Command& app, Command& chosen);
 void addCourtCommand(arguments::Command& app, Command& chosen);
 void addPressCommand(arguments::Command& app, Command& chosen);
 void addUpdatesCommand(arguments::Command& app, Command& chosen);

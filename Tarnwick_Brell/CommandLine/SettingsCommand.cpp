@@ -69,6 +69,7 @@ std::string_view typeName(app::SettingKey::Type type) {
         case Type::file: return "file";
         case Type::logLevels: return "levels";
         case Type::secret: return "secret";
+        case Type::mailAddress: return "mail address";
     }
     return "";
 }

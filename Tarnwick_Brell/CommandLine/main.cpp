@@ -148,6 +148,8 @@ int main(int argc, char** argv) {
     addQuoteCommand(app, chosen);
     addBoardCommand(app, chosen);
     addSigningCommand(app, chosen);
+    addFilingsCommand(app, chosen);
+    addInsidersCommand(app, chosen);
     addCourtCommand(app, chosen);
     addPressCommand(app, chosen);
     addUpdatesCommand(app, chosen);

@@ -75,6 +75,7 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       offers_(database_),
       charts_(database_),
       signalLog_(database_),
+      filings_(database_, "filings"),
       docketEntries_(database_, "docketEntries"),
       courtCases_(database_, "courtCases"),
       pressReleases_(database_, "pressReleases") {

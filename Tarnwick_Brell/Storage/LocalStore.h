@@ -62,6 +62,7 @@ public:
     OfferHistory& offers() { return offers_; }
     ChartHistory& charts() { return charts_; }
     SignalLog& signalLog() { return signalLog_; }
+    RecordHistory& filings() { return filings_; }
     RecordHistory& docketEntries() { return docketEntries_; }
     RecordHistory& courtCases() { return courtCases_; }
     RecordHistory& pressReleases() { return pressReleases_; }
@@ -99,6 +100,7 @@ private:
     OfferHistory offers_;
     ChartHistory charts_;
     SignalLog signalLog_;
+    RecordHistory filings_;
     RecordHistory docketEntries_;
     RecordHistory courtCases_;
     RecordHistory pressReleases_;

@@ -66,6 +66,10 @@ struct TrackedFile {
     std::function<void(LocalStore&, const std::optional<T>& before, const T& value,
                        kit::Instant now)>
         record{};
+    /// Fetches what a recorded answer refers to, as the forms that filings consist of. What it
+    /// can't have now is left for the next time.
+    std::function<boost::asio::awaitable<void>(LocalStore&, kit::HTTPClient&, kit::Clock)>
+        complete{};
     /// The tracker's other files are fetched only once this one has a value.
     bool comesFirst = false;
 };

@@ -15,13 +15,15 @@ enum class Tracker {
     signing,
     updates,
     charts,
+    filings,
     court,
     press
 };
 
-inline constexpr std::array kTrackers{
-    Tracker::status,  Tracker::releases, Tracker::quotes, Tracker::board, Tracker::events,
-    Tracker::signing, Tracker::updates,  Tracker::charts, Tracker::court, Tracker::press};
+inline constexpr std::array kTrackers{Tracker::status,  Tracker::releases, Tracker::quotes,
+                                      Tracker::board,   Tracker::events,   Tracker::signing,
+                                      Tracker::updates, Tracker::charts,   Tracker::filings,
+                                      Tracker::court,   Tracker::press};
 
 /// How often a tracker is fetched. `isMarketOpen` matters for quotes alone.
 constexpr std::chrono::minutes pollInterval(Tracker tracker, bool isMarketOpen = false) {
@@ -35,10 +37,16 @@ constexpr std::chrono::minutes pollInterval(Tracker tracker, bool isMarketOpen =
         case Tracker::signing:
         case Tracker::updates:
         case Tracker::charts: return minutes(30);
+        case Tracker::filings: return minutes(30);
         case Tracker::court: return minutes(10);
         case Tracker::press: return minutes(20);
     }
     return minutes(30);
+}
+
+/// Companies file after New York's close: from 20:00 to 24:00 UTC.
+constexpr std::chrono::minutes filingsInterval(std::chrono::hours sinceMidnightUTC) {
+    return std::chrono::minutes(sinceMidnightUTC >= std::chrono::hours(20) ? 5 : 30);
 }
 
 }  // namespace app

@@ -73,7 +73,11 @@ boost::asio::awaitable<kit::CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T>
     } catch (const kit::RecordError& error) {
         co_return failed(file, kit::unreadableAnswer(error));
     }
-    if (fetched->value) co_return accept(file, *fetched);
+    if (fetched->value) {
+        auto cached = accept(file, *fetched);
+        if (file.complete && !cached.error) co_await file.complete(store_, http_, clock_);
+        co_return cached;
+    }
     if (fetched->retryAfter) backOff(file.address, *fetched->retryAfter);
     const auto& error = fetched->value.error();
     if (isOurFault(error)) co_return notAsked(file, error.description());

@@ -88,6 +88,7 @@ HistoryUpdate loadHistory(LocalStore& store, Tracker tracker) {
         case Tracker::quotes:
         case Tracker::board:
         case Tracker::events:
+        case Tracker::filings:
         case Tracker::court:
         case Tracker::press: break;
     }

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
+#include "Tarnwick_Brell/Trackers/TrackedFilings.h"
 #include "Tarnwick_Brell/Trackers/TrackedRecords.h"
 #include "Tarnwick_Brell/Trackers/TrackerJobs.h"
 
@@ -49,6 +50,10 @@ TrackerStore::Files TrackerStore::filesOf(Tracker tracker) const {
         case Tracker::charts:
             for (const auto& row : kit::enumTable<Chart>) list.emplace_back(all.chart(row.value));
             return list;
+        case Tracker::filings:
+            for (auto& file : filingFiles(defaults_.contactAddress()))
+                list.emplace_back(std::move(file));
+            return list;
         case Tracker::court:
             for (auto& file : docketFiles(FollowedFeeds(defaults_)))
                 list.emplace_back(std::move(file));
@@ -73,6 +78,7 @@ std::vector<TrackerStore::FileState> TrackerStore::fileStates() const {
 void TrackerStore::start() {
     polledQuotes_ = namesOf(quoteFiles(quoteRange()));
     polledDevices_ = devices();
+    polledContact_ = defaults_.contactAddress();
     load();
 }
 
@@ -188,6 +194,7 @@ void TrackerStore::emitChanged(Tracker tracker) {
         case Tracker::signing: emit signingChanged(); break;
         case Tracker::updates: emit updatesChanged(); break;
         case Tracker::charts: emit chartsChanged(); break;
+        case Tracker::filings: emit filingsChanged(); break;
         case Tracker::court: emit courtChanged(); break;
         case Tracker::press: emit pressChanged(); break;
     }
@@ -211,6 +218,15 @@ void TrackerStore::setDevices(const std::vector<std::string>& devices) {
 }
 
 void TrackerStore::followSettings() {
+    const auto now = clock_();
+    scheduler_.setInterval(Tracker::filings,
+                           filingsInterval(std::chrono::floor<std::chrono::hours>(
+                               now - std::chrono::floor<std::chrono::days>(now))));
+    if (auto contact = defaults_.contactAddress(); contact != polledContact_) {
+        polledContact_ = std::move(contact);
+        scheduler_.request(Tracker::filings);
+        emit filingsChanged();
+    }
     auto quotes = quoteFiles(quoteRange());
     if (auto names = namesOf(quotes); names != polledQuotes_) {
         polledQuotes_ = std::move(names);

@@ -168,6 +168,7 @@ signals:
     void signingChanged();
     void updatesChanged();
     void chartsChanged();
+    void filingsChanged();
     void courtChanged();
     void pressChanged();
     void logChanged();
@@ -230,6 +231,7 @@ private:
     // At the last poll; the settings may change elsewhere.
     std::vector<std::string> polledQuotes_;
     std::vector<std::string> polledDevices_;
+    std::string polledContact_;
     std::string lastFailure_;
     PollScheduler scheduler_;
     std::shared_ptr<MainThreadQueue> queue_;

@@ -7,6 +7,7 @@
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
+#include "Tarnwick_Brell/Trackers/TrackedFilings.h"
 #include "Tarnwick_Brell/Trackers/TrackedRecords.h"
 
 namespace app {
@@ -84,6 +85,8 @@ std::map<std::string, ContactedHost> contactedHosts(const DeskStores& stores,
     hosts.addFile(files.updates(), trackers.updates().fetchedAt);
     for (const auto& row : kit::enumTable<kit::AppStoreCharts::Kind>)
         hosts.addFile(files.chart(row.value), trackers.chart(row.value).fetchedAt);
+    for (const auto& file : filingFiles(defaults.contactAddress()))
+        hosts.addFile(file, trackers.valueOf(file).fetchedAt);
     const FollowedFeeds followed(stores.defaults);
     for (const auto& file : docketFiles(followed))
         hosts.addFile(file, trackers.valueOf(file).fetchedAt);

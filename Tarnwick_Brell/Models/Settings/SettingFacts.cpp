@@ -32,6 +32,7 @@ QString trackerName(Tracker tracker) {
         case Tracker::signing: return SettingFacts::tr("firmware signing");
         case Tracker::updates: return SettingFacts::tr("the update catalogue");
         case Tracker::charts: return SettingFacts::tr("App Store charts");
+        case Tracker::filings: return SettingFacts::tr("filings at the SEC");
         case Tracker::court: return SettingFacts::tr("court dockets");
         case Tracker::press: return SettingFacts::tr("press releases");
     }

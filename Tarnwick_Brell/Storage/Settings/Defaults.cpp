@@ -112,6 +112,8 @@ std::string Defaults::suitable(std::string_view name) const {
     return std::string(known->absent);
 }
 
+std::string Defaults::contactAddress() const { return suitable(SettingKey::kContactAddress); }
+
 std::string Defaults::courtListenerToken() const {
     return suitable(SettingKey::kCourtListenerToken);
 }

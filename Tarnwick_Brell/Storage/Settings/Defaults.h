@@ -51,6 +51,9 @@ public:
     /// An additional authority for the update catalogue's host.
     std::optional<std::filesystem::path> updateCatalogueAuthority() const;
 
+    /// The mail address that the SEC is given; empty when there is none.
+    std::string contactAddress() const;
+
     /// Of the user's account at CourtListener; empty when there is none.
     std::string courtListenerToken() const;
 

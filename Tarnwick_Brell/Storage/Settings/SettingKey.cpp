@@ -77,6 +77,10 @@ constexpr std::array kKeys{
     SettingKey{SettingKey::kServiceAddress, Section::sources, "Service address",
                "the service for releases, calendar and quotes", kit::TrackerAPI::kServiceAddress,
                Type::webAddress},
+    SettingKey{SettingKey::kContactAddress, Section::trackers, "Mail address for the SEC",
+               "your mail address, which the SEC asks every program to name; filings are followed "
+               "once it is set",
+               "", Type::mailAddress},
     SettingKey{SettingKey::kCourtListenerToken, Section::trackers, "Token for CourtListener",
                "token of your account at CourtListener, with which new cases are searched for", "",
                Type::secret},
@@ -169,6 +173,17 @@ bool isServiceAddress(std::string_view text) {
     return address && address->scheme == "https" && !address->query && !address->fragment;
 }
 
+/// It becomes part of a header's line.
+bool isMailAddress(std::string_view text) {
+    constexpr std::size_t longest = 100;
+    const auto at = text.find('@');
+    const bool isPlain = std::ranges::all_of(
+        text, [](char c) { return c > ' ' && c < 0x7F && c != '(' && c != ')' && c != ','; });
+    return isPlain && text.size() <= longest && at > 0 && at != std::string_view::npos &&
+           text.find('@', at + 1) == std::string_view::npos &&
+           text.find('.', at + 2) != std::string_view::npos && !text.ends_with('.');
+}
+
 /// Limits the number of devices, because each is a request per round.
 std::optional<std::string> deviceList(std::string_view text) {
     constexpr std::size_t kMost = 40;
@@ -191,6 +206,7 @@ std::string wanted(const SettingKey& key) {
         case Type::deviceList: return "a list of models such as \"iPhone18,3, iPad16,1\"";
         case Type::logLevels: return "a level such as \"warning\" or \"info,http=debug\"";
         case Type::secret: return "letters and digits without blanks";
+        case Type::mailAddress: return "a mail address";
     }
     throw std::logic_error("a setting without a type");
 }
@@ -206,6 +222,7 @@ std::optional<std::string> suitable(const SettingKey& key, std::string_view valu
         case Type::file: good = std::filesystem::is_regular_file(value); break;
         case Type::deviceList: return deviceList(value);
         case Type::logLevels: good = kit::LogLevels::parseError(value).empty(); break;
+        case Type::mailAddress: good = isMailAddress(value); break;
         case Type::secret: good = std::ranges::all_of(value, kit::isASCIIAlphanumeric); break;
     }
     return good ? std::optional(std::string(value)) : std::nullopt;

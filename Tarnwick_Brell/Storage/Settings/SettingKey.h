@@ -18,7 +18,8 @@ struct SettingKey {
         file,
         deviceList,
         logLevels,
-        secret  ///< never shown
+        secret,  ///< never shown
+        mailAddress
     };
 
     /// Where people look for it.
@@ -70,6 +71,7 @@ struct SettingKey {
     static constexpr std::string_view kStartWithDesktop = "startWithDesktop";
     static constexpr std::string_view kLogLevels = "logLevels";
     static constexpr std::string_view kCourtListenerToken = "courtListenerToken";
+    static constexpr std::string_view kContactAddress = "contactAddress";
 
     /// What is shown of a stored value: of a secret no more than that there is one.
     std::string shown(std::string_view value) const;

@@ -61,6 +61,14 @@ constexpr const char* kFeedRecordTables = R"sql(
         record TEXT NOT NULL
     );
     CREATE INDEX IF NOT EXISTS courtCasesByFeed ON courtCases (feed);
+    CREATE TABLE IF NOT EXISTS filings (
+        key TEXT PRIMARY KEY,
+        feed TEXT NOT NULL,
+        happenedAt INTEGER,
+        firstSeen INTEGER NOT NULL,
+        record TEXT NOT NULL
+    );
+    CREATE INDEX IF NOT EXISTS filingsByFeed ON filings (feed);
     CREATE TABLE IF NOT EXISTS pressReleases (
         key TEXT PRIMARY KEY,
         feed TEXT NOT NULL,

@@ -1,0 +1,77 @@
+#include "NewsroomKit/Filings/FollowedFiling.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include "NewsroomKit/Filings/FormWords.h"
+#include "NewsroomKit/Filings/OwnershipWords.h"
+#include "NewsroomKit/Filings/TradeCode.h"
+#include "NewsroomKit/Signals/SignalEvent.h"
+
+namespace kit {
+namespace {
+
+SignalEvent eventOf(SignalWeight weight) {
+    switch (weight) {
+        case SignalWeight::major: return SignalEvent::filingMajor;
+        case SignalWeight::notable: return SignalEvent::filingNotable;
+        case SignalWeight::routine: break;
+    }
+    return SignalEvent::filingRoutine;
+}
+
+SignalEvent eventOf(const FollowedFiling& followed) {
+    if (followed.notice) return SignalEvent::saleNotice;
+    if (!followed.trades) return eventOf(filingWeight(followed.filing));
+    const bool decides = std::ranges::any_of(
+        followed.trades->trades, [](const Trade& trade) { return isDecision(trade.code); });
+    return decides ? SignalEvent::insiderDecision : SignalEvent::insiderRoutine;
+}
+
+std::string titleOf(const FollowedFiling& followed, std::string_view company) {
+    if (followed.trades) return fmt::format("{}: {}", company, followed.trades->sentence);
+    if (followed.notice) return fmt::format("{}: {}", company, noticeSentence(*followed.notice));
+    return fmt::format("{}: {} (form {}).", company, filingWords(followed.filing),
+                       followed.filing.form);
+}
+
+std::string itemsInWords(const Filing& filing) {
+    std::string text;
+    for (const auto& code : filing.items) {
+        const auto words = itemWords(code);
+        if (words.empty()) continue;
+        text += fmt::format("{}{}: {}", text.empty() ? "" : "; ", code, words);
+    }
+    return text;
+}
+
+}  // namespace
+
+bool isOfOwnShares(const FollowedFiling& followed) {
+    if (followed.trades) return followed.trades->issuer.cik == followed.company;
+    if (followed.notice) return followed.notice->issuer.cik == followed.company;
+    return true;
+}
+
+Signal signalOf(const FollowedFiling& followed, Instant now) {
+    const auto& filing = followed.filing;
+    const auto* const company = filingCompany(followed.company);
+    auto signal = signalOf(eventOf(followed));
+    signal.id = "filing|" + filing.accession;
+    signal.subject =
+        company == nullptr ? std::to_string(followed.company) : std::string(company->name);
+    signal.title = titleOf(followed, signal.subject);
+    signal.detail = itemsInWords(filing);
+    signal.link = filing.indexURL;
+    signal.happenedAt = filing.accepted;
+    signal.seenAt = now;
+    signal.evidence = {{"before", nullptr},
+                       {"after", filing.form},
+                       {"accession", filing.accession},
+                       {"filed", filing.filed}};
+    if (filing.indexURL) signal.evidence["readAt"] = *filing.indexURL;
+    return signal;
+}
+
+}  // namespace kit
