@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Backend/ManagedBuild.h"
 #include "NewsroomKit/Backend/RecordDiff.h"
 #include "NewsroomKit/Text/Unicode.h"
 
@@ -11,8 +12,6 @@ namespace {
 
 /// More records of one kind are told in one sentence.
 constexpr std::size_t mostSentences = 40;
-/// A site map from which so many addresses come or go was made anew.
-constexpr std::size_t rebuiltSiteMap = 200;
 constexpr std::size_t longestName = 300;
 
 std::string shortened(std::string_view text) {
@@ -22,25 +21,9 @@ std::string shortened(std::string_view text) {
     return begin.size() == text.size() ? shown : shown + "…";
 }
 
-/// "AssetSets macOS 26.6.2 25G83" in parts.
-struct ManagedVersion {
-    std::string_view platform;
-    std::string_view version;
-    std::string_view build;
-};
-
-ManagedVersion managedVersion(std::string_view key) {
-    const auto platform = std::min(key.find(' '), key.size() - 1) + 1;
-    const auto version = std::min(key.find(' ', platform), key.size() - 1) + 1;
-    const auto build = key.rfind(' ');
-    if (build == std::string_view::npos || build < version) return {key, {}, {}};
-    return {key.substr(platform, version - platform - 1), key.substr(version, build - version),
-            key.substr(build + 1)};
-}
-
 std::string addedSentence(WatchedSource source, const WatchedRecord& record) {
     if (source == WatchedSource::gdmf) {
-        const auto row = managedVersion(record.key);
+        const auto row = managedBuild(record.key);
         return fmt::format("Build {} of {} {} appeared in {}.", row.build, row.platform,
                            row.version, label(source));
     }
@@ -52,7 +35,7 @@ std::string addedSentence(WatchedSource source, const WatchedRecord& record) {
 
 std::string removedSentence(WatchedSource source, const WatchedRecord& record) {
     if (source == WatchedSource::gdmf) {
-        const auto row = managedVersion(record.key);
+        const auto row = managedBuild(record.key);
         return fmt::format("{} {} ({}) left {}.", row.platform, row.version, row.build,
                            label(source));
     }
@@ -84,8 +67,7 @@ void addSentence(std::vector<std::string>& sentences, std::string sentence) {
 }  // namespace
 
 std::vector<std::string> findingSentences(WatchedSource source, const RecordDiff& diff) {
-    if (source == WatchedSource::sitemap &&
-        diff.added.size() + diff.removed.size() > rebuiltSiteMap) {
+    if (isRebuilt(source, diff)) {
         return {fmt::format("The site map was rebuilt: {} addresses are new, {} are gone.",
                             diff.added.size(), diff.removed.size())};
     }

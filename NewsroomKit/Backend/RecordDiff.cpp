@@ -5,6 +5,8 @@
 namespace kit {
 namespace {
 
+constexpr std::size_t rebuiltAddresses = 200;
+
 std::optional<std::string> valueOf(const WatchedRecord& record, const std::string& field) {
     const auto found = record.fields.find(field);
     if (found == record.fields.end()) return std::nullopt;
@@ -39,6 +41,11 @@ RecordDiff compareRecords(const std::vector<WatchedRecord>& before,
         }
     }
     return diff;
+}
+
+bool isRebuilt(WatchedSource source, const RecordDiff& diff) {
+    return source == WatchedSource::sitemap &&
+           diff.added.size() + diff.removed.size() > rebuiltAddresses;
 }
 
 }  // namespace kit

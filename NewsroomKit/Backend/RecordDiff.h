@@ -14,6 +14,8 @@ struct FieldChange {
     std::string field;
     std::optional<std::string> before;
     std::optional<std::string> after;
+
+    bool operator==(const FieldChange&) const = default;
 };
 
 /// What two states of a watched file differ in: sorted by key, changes by field too.
@@ -33,6 +35,9 @@ struct JSONFields<FieldChange> {
 /// Both sides as readWatchedRecords returns them.
 RecordDiff compareRecords(const std::vector<WatchedRecord>& before,
                           const std::vector<WatchedRecord>& after);
+
+/// Whether it is a site map with so many other addresses that it was made anew.
+bool isRebuilt(WatchedSource source, const RecordDiff& diff);
 
 /// What was found and where, as facts: a sentence for each record or, where there are many of a
 /// kind, one for all.

@@ -36,6 +36,9 @@ enum class SignalEvent {
     saleNotice,
     insiderDecision,  ///< bought, sold, gave away
     insiderRoutine,   ///< grants, vesting, tax
+    backendFinding,
+    backendRemoval,     ///< of what was there for long
+    backendIdentifier,  ///< of a device that no file has named before
 };
 
 struct SignalEventRow {
@@ -74,6 +77,9 @@ inline constexpr std::array kSignalEvents{
     SignalEventRow{SignalEvent::saleNotice, SignalKind::insiderTrade, SignalWeight::notable},
     SignalEventRow{SignalEvent::insiderDecision, SignalKind::insiderTrade, SignalWeight::notable},
     SignalEventRow{SignalEvent::insiderRoutine, SignalKind::insiderTrade, SignalWeight::routine},
+    SignalEventRow{SignalEvent::backendFinding, SignalKind::backend, SignalWeight::notable},
+    SignalEventRow{SignalEvent::backendRemoval, SignalKind::backend, SignalWeight::routine},
+    SignalEventRow{SignalEvent::backendIdentifier, SignalKind::backend, SignalWeight::major},
 };
 
 static_assert(
