@@ -19,6 +19,7 @@
 #include "PressRoom/Server/Conditional.h"
 #include "PressRoom/Server/Server.h"
 #include "PressRoom/AppleData/AppleDataRequestHandler.h"
+#include "PressRoom/Backend/BackendRequestHandler.h"
 #include "PressRoom/Court/CourtRequestHandler.h"
 #include "PressRoom/Trackers/TrackerRequestHandler.h"
 #include "PressRoom/World/WorldHandler.h"
@@ -179,6 +180,8 @@ int run(const CommandLine& options) {
         std::make_unique<AppleDataRequestHandler>(readAppleData(directory), anchor, misbehaviours));
     further.push_back(
         std::make_unique<CourtRequestHandler>(readCourtWorld(directory), anchor, misbehaviours));
+    further.push_back(
+        std::make_unique<BackendRequestHandler>(readPublicFiles(directory), anchor, misbehaviours));
     if (options.files) further.push_back(std::make_unique<FilesRequestHandler>(*options.files));
     const WorldHandler world(readWorld(directory), {.anchor = anchor, .speed = options.speed},
                              misbehaviours, std::move(further));

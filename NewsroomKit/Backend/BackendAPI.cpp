@@ -24,8 +24,8 @@ WatchedAnswer BackendAPI::parse(std::string_view body) {
 }
 
 boost::asio::awaitable<FetchedFile<WatchedAnswer>> BackendAPI::file(const WatchedFile& file) const {
-    auto fetched = co_await fetchBody(
-        http, HTTPClient::Request{.url = std::string(file.address), .byteLimit = kByteLimit});
+    HTTPClient::Request request{.url = std::string(file.address), .byteLimit = kByteLimit};
+    auto fetched = co_await fetchBody(http, std::move(request));
     if (!fetched.body) {
         co_return FetchedFile<WatchedAnswer>{.value = fetched.body.error(),
                                              .retryAfter = fetched.record.retryAfter};

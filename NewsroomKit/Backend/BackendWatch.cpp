@@ -123,6 +123,23 @@ std::vector<RecordChange> repeatedChanges(const WatchState& state,
     return repeated;
 }
 
+/// Whether entries that are gone may only have other names in every answer: of the last poll's
+/// arrivals some are gone again, and as many others came.
+bool mayBeRenamed(const WatchState& state, const std::vector<RecordChange>& changes,
+                  const std::vector<RecordChange>& repeated) {
+    const auto arrivals = [&](const std::vector<RecordChange>& from,
+                              const std::vector<RecordChange>& unless) {
+        return std::ranges::count_if(from, [&](const RecordChange& change) {
+            return change.after &&
+                   !std::ranges::binary_search(unless, change.key, {}, &RecordChange::key);
+        });
+    };
+    const auto gone =
+        std::ranges::count_if(repeated, [](const RecordChange& change) { return !change.after; });
+    return gone > 0 && arrivals(state.pending, changes) > 0 &&
+           arrivals(changes, state.pending) >= gone;
+}
+
 void dropRepeated(const std::vector<RecordChange>& repeated, std::vector<RecordChange>& changes) {
     auto next = repeated.begin();
     std::erase_if(changes, [&](const RecordChange& change) {
@@ -256,7 +273,9 @@ WatchPoll pollWatchedFile(const WatchedFile& file, WatchState state, Records lat
         dropMuted(state, latest);
     }
     auto changes = changesBetween(state.confirmed, latest);
-    const auto repeated = repeatedChanges(state, changes);
+    auto repeated = repeatedChanges(state, changes);
+    if (mayBeRenamed(state, changes, repeated))
+        std::erase_if(repeated, [](const RecordChange& change) { return !change.after; });
     WatchPoll poll;
     if (!repeated.empty()) {
         const auto before = std::exchange(state.confirmed, applied(state.confirmed, repeated));

@@ -48,7 +48,9 @@ struct JSONFields<WorldAsset> {
 
 template <>
 struct JSONFields<WorldUpdates> {
-    static constexpr auto fields = std::tuple{field("assets", &WorldUpdates::assets)};
+    static constexpr auto fields =
+        std::tuple{field("assets", &WorldUpdates::assets), field("managed", &WorldUpdates::managed),
+                   field("improvements", &WorldUpdates::improvements)};
 };
 
 template <>

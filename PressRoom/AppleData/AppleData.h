@@ -47,6 +47,8 @@ struct WorldAsset {
 
 struct WorldUpdates {
     std::vector<WorldAsset> assets{};
+    std::vector<WorldAsset> managed{};       ///< for managed devices
+    std::vector<WorldAsset> improvements{};  ///< background security improvements
 };
 
 struct WorldApp {

@@ -39,6 +39,33 @@ json::object firmwareOf(const WorldDevice& device, const WorldFirmware& firmware
             {"signed", isSigned}};
 }
 
+/// The sets of the catalogue. Their order, and each night the day on which they expire, are others.
+json::object assetSets(const std::vector<WorldAsset>& assets, sys_seconds anchor, sys_seconds now) {
+    json::object sets;
+    for (const auto& asset : assets) {
+        const auto posted = worldTime(anchor, asset.minutesAgo);
+        const bool isGone = asset.goneMinutesAgo && now >= worldTime(anchor, *asset.goneMinutesAgo);
+        if (posted > now || isGone) continue;
+        json::object entry{{"ProductVersion", asset.version},
+                           {"Build", asset.build},
+                           {"PostingDate", day(posted)},
+                           {"SupportedDevices", json::value_from(asset.devices)}};
+        if (asset.expiresInDays) {
+            const std::chrono::days days(std::lround(*asset.expiresInDays));
+            entry["ExpirationDate"] = day(anchor + days);
+        }
+        auto& list = sets[asset.set];
+        if (!list.is_array()) list.emplace_array();
+        list.get_array().push_back(std::move(entry));
+    }
+    for (auto& set : sets) {
+        auto& list = set.value().get_array();
+        const auto first = now.time_since_epoch().count() % static_cast<long>(list.size());
+        std::ranges::rotate(list, list.begin() + first);
+    }
+    return sets;
+}
+
 /// The apps in their order after the moves until now.
 std::vector<WorldApp> ranked(const WorldChart& chart, sys_seconds anchor, sys_seconds now) {
     auto apps = chart.apps;
@@ -108,29 +135,19 @@ std::optional<Response> AppleDataRequestHandler::signing(const Request& request,
 std::optional<Response> AppleDataRequestHandler::updates(const Request& request,
                                                          sys_seconds now) const {
     if (request.path() != kUpdates) return std::nullopt;
-    json::object sets;
-    for (const auto& asset : files_.updates.assets) {
-        const auto posted = worldTime(anchor_, asset.minutesAgo);
-        const bool isGone =
-            asset.goneMinutesAgo && now >= worldTime(anchor_, *asset.goneMinutesAgo);
-        if (posted > now || isGone) continue;
-        json::object entry{{"ProductVersion", asset.version},
-                           {"Build", asset.build},
-                           {"PostingDate", day(posted)},
-                           {"SupportedDevices", json::value_from(asset.devices)}};
-        if (asset.expiresInDays) {
-            const std::chrono::days days(std::lround(*asset.expiresInDays));
-            entry["ExpirationDate"] = day(anchor_ + days);
-        }
-        auto& list = sets[asset.set];
-        if (!list.is_array()) list.emplace_array();
-        list.get_array().push_back(std::move(entry));
-    }
-    json::object document{{"PublicAssetSets", std::move(sets)}, {"AssetSets", json::object{}}};
+    // Sets and what is in them change places from answer to answer.
+    json::object document;
+    const auto turn = now.time_since_epoch().count();
+    const auto add = [&](const char* name, const std::vector<WorldAsset>& assets) {
+        document[name] = assetSets(assets, anchor_, now);
+    };
+    if (turn % 2 == 0) add("PublicBackgroundSecurityImprovements", files_.updates.improvements);
+    add("PublicAssetSets", files_.updates.assets);
+    add("AssetSets", files_.updates.managed);
+    if (turn % 2 == 1) add("PublicBackgroundSecurityImprovements", files_.updates.improvements);
     return faults_.served("updates", request,
                           {std::move(document), "PublicAssetSets", "Build", "PostingDate"});
 }
-
 std::optional<Response> AppleDataRequestHandler::chart(const Request& request,
                                                        sys_seconds now) const {
     auto path = request.path();

@@ -27,6 +27,7 @@ void addFilingsCommand(arguments::Command& app, Command& chosen);
 void addInsidersCommand(arguments::Command& app, Command& chosen);
 void addCourtCommand(arguments::Command& app, Command& chosen);
 void addPressCommand(arguments::Command& app, Command& chosen);
+void addBackendCommand(arguments::Command& app, Command& chosen);
 void addUpdatesCommand(arguments::Command& app, Command& chosen);
 void addChartsCommand(arguments::Command& app, Command& chosen);
 void addArchiveCommand(arguments::Command& app, Command& chosen);

@@ -152,6 +152,7 @@ int main(int argc, char** argv) {
     addInsidersCommand(app, chosen);
     addCourtCommand(app, chosen);
     addPressCommand(app, chosen);
+    addBackendCommand(app, chosen);
     addUpdatesCommand(app, chosen);
     addChartsCommand(app, chosen);
     addArchiveCommand(app, chosen);

@@ -78,7 +78,8 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       filings_(database_, "filings"),
       docketEntries_(database_, "docketEntries"),
       courtCases_(database_, "courtCases"),
-      pressReleases_(database_, "pressReleases") {
+      pressReleases_(database_, "pressReleases"),
+      findings_(database_) {
     if (access == Database::Access::readWrite) {
         if (isOutdated(database_)) {
             const auto earlier = version();

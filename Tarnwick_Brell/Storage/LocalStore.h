@@ -10,6 +10,7 @@
 #include "Tarnwick_Brell/Storage/Tables/DeskState.h"
 #include "Tarnwick_Brell/Storage/Files/DurableFiles.h"
 #include "Tarnwick_Brell/Storage/Tables/HostBackoff.h"
+#include "Tarnwick_Brell/Storage/Histories/FindingHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/IncidentLog.h"
 #include "Tarnwick_Brell/Storage/Tables/MarkTable.h"
 #include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
@@ -66,6 +67,7 @@ public:
     RecordHistory& docketEntries() { return docketEntries_; }
     RecordHistory& courtCases() { return courtCases_; }
     RecordHistory& pressReleases() { return pressReleases_; }
+    FindingHistory& findings() { return findings_; }
 
     std::int64_t version();
 
@@ -104,6 +106,7 @@ private:
     RecordHistory docketEntries_;
     RecordHistory courtCases_;
     RecordHistory pressReleases_;
+    FindingHistory findings_;
     std::int64_t dataVersion_ = 0;
 };
 

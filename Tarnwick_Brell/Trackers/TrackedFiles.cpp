@@ -60,6 +60,12 @@ std::string baseAt(const TrackedFiles& files) { return TrackerAPI::baseAt(files.
 
 }  // namespace
 
+std::string TrackedFiles::catalogueAuthorityHint() {
+    return "Apple's own authority has issued it; the setting " +
+           std::string(SettingKey::kUpdateCatalogueAuthority) +
+           " names a file with that authority's certificate.";
+}
+
 TrackedFile<AppleServiceStatus::Services> TrackedFiles::status(kit::StatusFeed audience) const {
     const std::string name(rawValue(audience));
     return {
@@ -175,9 +181,7 @@ TrackedFile<std::vector<kit::UpdateOffer>> TrackedFiles::updates() const {
             .emptyAnswer = EmptyAnswer::refused,
             .isEmpty = isEmptyList,
             .carryOverMissing = carryOverMissing,
-            .untrustedHint = "Apple's own authority has issued it; the setting " +
-                             std::string(SettingKey::kUpdateCatalogueAuthority) +
-                             " names a file with that authority's certificate.",
+            .untrustedHint = catalogueAuthorityHint(),
             .record =
                 [](LocalStore& store, const auto& before, const auto& offers, Instant now) {
                     const auto changes = kit::offerChanges(before, offers, now);

@@ -24,6 +24,9 @@ struct TrackedFiles {
     /// The symbol of Apple's own share.
     static constexpr std::string_view kShare = "AAPL";
 
+    /// What helps when the certificate of the update catalogue's host is not trusted.
+    static std::string catalogueAuthorityHint();
+
     std::string serviceAddress{};  ///< of the maker's service
 
     TrackedFile<kit::AppleServiceStatus::Services> status(kit::StatusFeed audience) const;

@@ -17,13 +17,14 @@ enum class Tracker {
     charts,
     filings,
     court,
-    press
+    press,
+    backend
 };
 
 inline constexpr std::array kTrackers{Tracker::status,  Tracker::releases, Tracker::quotes,
                                       Tracker::board,   Tracker::events,   Tracker::signing,
                                       Tracker::updates, Tracker::charts,   Tracker::filings,
-                                      Tracker::court,   Tracker::press};
+                                      Tracker::court,   Tracker::press,    Tracker::backend};
 
 /// How often a tracker is fetched. `isMarketOpen` matters for quotes alone.
 constexpr std::chrono::minutes pollInterval(Tracker tracker, bool isMarketOpen = false) {
@@ -40,6 +41,8 @@ constexpr std::chrono::minutes pollInterval(Tracker tracker, bool isMarketOpen =
         case Tracker::filings: return minutes(30);
         case Tracker::court: return minutes(10);
         case Tracker::press: return minutes(20);
+        // Most of its files wait for longer.
+        case Tracker::backend: return minutes(10);
     }
     return minutes(30);
 }

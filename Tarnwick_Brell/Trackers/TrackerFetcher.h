@@ -102,7 +102,9 @@ kit::CachedValue<T> TrackerFetcher::accept(const TrackedFile<T>& file,
     const auto before = file.record ? cache_.read(file).value : std::nullopt;
     cache_.store(file, fetched.body, latest, now);
     auto cached = cache_.read(file);
-    if (file.record) file.record(store_, before, cached.value.value(), now);
+    // The cached copy of an answer may say less than the answer.
+    const T& shown = file.carryOverMissing ? *cached.value : latest;
+    if (file.record) file.record(store_, before, shown, now);
     transaction.commit();
     return cached;
 }

@@ -18,6 +18,7 @@ constexpr std::chrono::days kChartDays{90};
 // Nobody scrolls back further. A build changes for many devices at once.
 constexpr std::size_t kMostSigningChanges = 2'000;
 constexpr std::size_t kMostOfferChanges = 200;
+constexpr std::size_t kMostFindings = 300;
 
 template <class List>
 HistoryUpdate updating(List TrackerHistories::* list, List loaded) {
@@ -84,6 +85,8 @@ HistoryUpdate loadHistory(LocalStore& store, Tracker tracker) {
         case Tracker::updates:
             return updating(&Histories::offerChanges, store.offers().newest(kMostOfferChanges));
         case Tracker::charts: return updatingChartDays(store);
+        case Tracker::backend:
+            return updating(&Histories::backendFindings, store.findings().newest(kMostFindings));
         case Tracker::status:
         case Tracker::quotes:
         case Tracker::board:

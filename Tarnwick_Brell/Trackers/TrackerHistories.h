@@ -8,6 +8,7 @@
 
 #include "Tarnwick_Brell/Storage/Histories/BuildHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/ChartHistory.h"
+#include "Tarnwick_Brell/Storage/Histories/FindingHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
 #include "NewsroomKit/Signals/Signal.h"
 #include "Tarnwick_Brell/Storage/Histories/SigningHistory.h"
@@ -22,6 +23,7 @@ struct TrackerHistories {
     std::vector<SeenBuild> builds{};
     std::vector<SigningChange> signingChanges{};
     std::vector<OfferChange> offerChanges{};
+    std::vector<StoredFinding> backendFindings{};
     /// Of each chart the last day before the shown one.
     std::map<kit::AppStoreCharts::Kind, std::optional<ChartDay>> chartDayBefore{};
     /// Of each chart the days of the last three months, the earliest first.

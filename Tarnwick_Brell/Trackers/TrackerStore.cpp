@@ -4,6 +4,7 @@
 #include <set>
 
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
+#include "Tarnwick_Brell/Trackers/TrackedBackend.h"
 #include "Tarnwick_Brell/Trackers/TrackedFilings.h"
 #include "Tarnwick_Brell/Trackers/TrackedRecords.h"
 #include "Tarnwick_Brell/Trackers/TrackerJobs.h"
@@ -61,6 +62,9 @@ TrackerStore::Files TrackerStore::filesOf(Tracker tracker) const {
         case Tracker::press:
             for (auto& file : pressFiles(FollowedFeeds(defaults_), all.serviceAddress))
                 list.emplace_back(std::move(file));
+            return list;
+        case Tracker::backend:
+            for (auto& file : backendFiles()) list.emplace_back(std::move(file));
             return list;
     }
     return list;
@@ -197,6 +201,7 @@ void TrackerStore::emitChanged(Tracker tracker) {
         case Tracker::filings: emit filingsChanged(); break;
         case Tracker::court: emit courtChanged(); break;
         case Tracker::press: emit pressChanged(); break;
+        case Tracker::backend: emit backendChanged(); break;
     }
 }
 

@@ -88,6 +88,8 @@ public:
     const std::vector<SeenBuild>& builds() const { return histories_.builds; }
     const std::vector<SigningChange>& signingChanges() const { return histories_.signingChanges; }
     const std::vector<OfferChange>& offerChanges() const { return histories_.offerChanges; }
+    /// What was found in the watched files.
+    const std::vector<StoredFinding>& backendFindings() const { return histories_.backendFindings; }
 
     /// The log of signals.
     const LogState& log() const { return log_; }
@@ -171,6 +173,7 @@ signals:
     void filingsChanged();
     void courtChanged();
     void pressChanged();
+    void backendChanged();
     void logChanged();
     /// Which trackers are being refreshed, `failures` and `lastUpdated`.
     void refreshChanged();

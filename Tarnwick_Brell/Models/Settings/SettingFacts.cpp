@@ -35,6 +35,7 @@ QString trackerName(Tracker tracker) {
         case Tracker::filings: return SettingFacts::tr("filings at the SEC");
         case Tracker::court: return SettingFacts::tr("court dockets");
         case Tracker::press: return SettingFacts::tr("press releases");
+        case Tracker::backend: return SettingFacts::tr("Apple's public files");
     }
     return {};
 }

@@ -115,6 +115,12 @@ Statement& Statement::bind(int index, std::string_view text) {
     return *this;
 }
 
+Statement& Statement::bindBytes(int index, std::string_view bytes) {
+    check(sqlite3_bind_blob(statement_.get(), index + 1, bytes.data() ? bytes.data() : "",
+                            static_cast<int>(bytes.size()), SQLITE_STATIC));
+    return *this;
+}
+
 Statement& Statement::bind(int index, std::int64_t number) {
     check(sqlite3_bind_int64(statement_.get(), index + 1, number));
     return *this;

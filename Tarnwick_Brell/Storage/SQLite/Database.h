@@ -27,6 +27,8 @@ public:
     Statement& bind(int index, std::string_view text);
     Statement& bind(int index, std::int64_t number);
     Statement& bind(int index, std::nullopt_t);
+    /// Bytes that are no text, which must outlive the next step() too.
+    Statement& bindBytes(int index, std::string_view bytes);
     Statement& bind(int index, bool) = delete;
     Statement& bind(int index, const char*) = delete;
     template <class T>

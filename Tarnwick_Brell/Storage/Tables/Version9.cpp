@@ -79,6 +79,31 @@ constexpr const char* kFeedRecordTables = R"sql(
     CREATE INDEX IF NOT EXISTS pressReleasesByFeed ON pressReleases (feed);
 )sql";
 
+// The watch of Apple's public files; see FindingHistory. States, and what a watch remembers, are
+// compressed.
+constexpr const char* kBackendTables = R"sql(
+    CREATE TABLE IF NOT EXISTS backendWatches (
+        file TEXT PRIMARY KEY,
+        state BLOB NOT NULL,
+        body BLOB NOT NULL,
+        earlierBody BLOB NOT NULL
+    );
+    CREATE TABLE IF NOT EXISTS backendStates (
+        number INTEGER PRIMARY KEY,
+        file TEXT NOT NULL,
+        body BLOB NOT NULL
+    );
+    CREATE INDEX IF NOT EXISTS backendStatesByFile ON backendStates (file);
+    CREATE TABLE IF NOT EXISTS backendFindings (
+        number INTEGER PRIMARY KEY,
+        file TEXT NOT NULL,
+        seenAt INTEGER NOT NULL,
+        record TEXT NOT NULL,
+        beforeState INTEGER,
+        afterState INTEGER
+    );
+)sql";
+
 // The text of stories' pages for some weeks, as it is and as it was before it last changed.
 constexpr const char* kArticleTables = R"sql(
     CREATE TABLE IF NOT EXISTS articles (
@@ -102,6 +127,7 @@ void completeVersion9(Database& database) {
     database.execute(kSignalTables);
     database.execute(kClaimAnswers);
     database.execute(kFeedRecordTables);
+    database.execute(kBackendTables);
     logPast(database);
 }
 

@@ -112,6 +112,21 @@ TEST(BackendWatch, mutes_what_changes_in_most_of_the_first_polls) {
     EXPECT_EQ(told, "Setting \"limit\" changed, 4 → 6 [1 value]\n");
 }
 
+TEST(BackendWatch, does_not_take_entries_with_other_names_each_time_for_gone) {
+    Watched file("newsroom-map");
+    const auto page = [](const std::string& name) {
+        return "<url><loc>https://s.example/" + name + "</loc></url>";
+    };
+    std::string told;
+    for (const auto* name : {"1", "2", "3", "4", "5"})
+        told += file.poll("<urlset>" + page("a?v=" + std::string(name)) + page("b") + "</urlset>");
+    EXPECT_EQ(told, "");
+    // What is gone besides is told all the same.
+    for (const auto* name : {"6", "7"})
+        told += file.poll("<urlset>" + page("a?v=" + std::string(name)) + "</urlset>");
+    EXPECT_NE(told.find("s.example/b"), told.npos) << told;
+}
+
 TEST(BackendWatch, titles_are_facts_in_a_few_words) {
     const auto map = [](int first, int count) {
         std::string text = "<urlset>";

@@ -75,7 +75,7 @@ TEST_F(PollScheduleTest, EachTrackerHasItsIntervalAndVariesByATenth) {
 TEST_F(PollScheduleTest, WhatTheLastRunFetchedIsNotFetchedAgainBeforeItsTime) {
     start({{status, now_.wall - 30s}, {releases, now_.wall - 2h}, {board, now_.wall + 1h}});
     EXPECT_EQ(due(), (Trackers{releases, quotes, board, events, signing, updates, charts, filings,
-                               court, press}));
+                               court, press, backend}));
     EXPECT_EQ(wait(status), 90s);
 }
 

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
+#include "NewsroomKit/Backend/WatchedFile.h"
 #include "NewsroomKit/PressWires/WireFeeds.h"
 #include "NewsroomKit/Trackers/Signing/SigningSignals.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
@@ -48,6 +49,21 @@ protected:
             harness_.http.script.on(
                 address.host, address.path,
                 {{.body = "<rss><channel><title>Wire</title></channel></rss>"}});
+        }
+        for (const auto& file : kit::watchedFiles()) {
+            const auto address = kit::WebAddress::parse(file.address).value();
+            if (file.source != kit::WatchedSource::gdmf)
+                harness_.http.script.on(address.host, address.path, {{.body = watchedBody(file)}});
+        }
+    }
+
+    static std::string watchedBody(const kit::WatchedFile& file) {
+        switch (file.source) {
+            case kit::WatchedSource::robots: return "User-agent: *";
+            case kit::WatchedSource::sitemap: return "<urlset/>";
+            case kit::WatchedSource::assets: return R"({"Assets":[]})";
+            case kit::WatchedSource::catalogue: return R"({"Products":{}})";
+            default: return "{}";
         }
     }
 
