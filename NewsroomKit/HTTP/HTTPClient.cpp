@@ -104,6 +104,7 @@ asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::attempt(const Reque
                                                                      Exchange& exchange) {
     auto& record = exchange.record;
     ++record.attempts;
+    if (configuration_.isPaced && request.pace.count() > 0) co_await waitForTurn(request.pace);
     auto answer = co_await performAndFollow(transportRequest(request));
     record.status = answer.status;
     record.bytesOnWire += answer.bytesOnWire;
@@ -181,6 +182,23 @@ TransportRequest HTTPClient::transportRequest(const Request& request) const {
         }
     }
     return wanted;
+}
+
+/// Once cancelled, a wait would throw.
+asio::awaitable<void> HTTPClient::waitForTurn(std::chrono::milliseconds pace) {
+    if (const auto state = co_await asio::this_coro::cancellation_state;
+        state.cancelled() != asio::cancellation_type::none) {
+        co_return;
+    }
+    asio::steady_timer timer(co_await asio::this_coro::executor);
+    {
+        const std::lock_guard lock(turnMutex_);
+        const auto turn = std::max(SteadyClock::now(), nextTurn_);
+        nextTurn_ = turn + pace;
+        timer.expires_at(turn);
+    }
+    boost::system::error_code stoppedEarly;
+    co_await timer.async_wait(asio::redirect_error(asio::use_awaitable, stoppedEarly));
 }
 
 asio::awaitable<void> HTTPClient::pauseBeforeRetry() const {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <variant>
@@ -43,6 +44,7 @@ public:
             "TarnwickBrell/1.0 (Macintosh; macOS) +https://tarnwick-brell.example/";
         std::chrono::milliseconds retryPause{500};
         std::chrono::milliseconds retryJitter{300};  ///< the greatest random addition to the pause
+        bool isPaced = true;  ///< false for a server of the user's own, which is not spared
     };
 
     struct Request {
@@ -60,6 +62,8 @@ public:
         /// A status outside of 2xx whose body is an answer, too: some services say why they refuse
         /// a request in a page only. The record has the status.
         int readableStatus = 0;
+        /// Its attempts begin at least this long after the client's last attempt with a pace.
+        std::chrono::milliseconds pace{0};
         /// Limits an attempt as a whole and replaces both times of the configuration: the server
         /// may be silent for this long.
         std::optional<std::chrono::milliseconds> timeLimit = {};
@@ -108,12 +112,15 @@ public:
 private:
     TransportRequest transportRequest(const Request& request) const;
     boost::asio::awaitable<void> pauseBeforeRetry() const;
+    boost::asio::awaitable<void> waitForTurn(std::chrono::milliseconds pace);
     boost::asio::awaitable<TransportAnswer> performAndFollow(TransportRequest request);
     boost::asio::awaitable<FetchResult<Result>> attempt(const Request& request, Exchange& exchange);
 
     CurlTransport& transport_;
     Configuration configuration_;
     ValidatorTable validators_;
+    std::mutex turnMutex_;
+    std::chrono::steady_clock::time_point nextTurn_{};
 };
 
 }  // namespace kit

@@ -13,8 +13,9 @@ FetchStack::FetchStack(kit::CurlTransport::Options network, kit::Conditional con
                        kit::Clock clock)
     : workers_(kWorkers),
       conversion_(links_),
+      isPaced_(!network.connectTo),
       transport_(std::move(network)),
-      http_(transport_),
+      http_(transport_, {.isPaced = isPaced_}),
       feeds_(http_, conversion_, workers_, std::move(clock), {.conditional = conditional}),
       conditional_(conditional) {}
 

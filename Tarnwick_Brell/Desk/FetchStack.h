@@ -24,6 +24,7 @@ private:
     boost::asio::thread_pool workers_;
     kit::CanonicalLinks links_;
     kit::StoryConversion conversion_;
+    bool isPaced_;  ///< a press room is not spared
     kit::CurlTransport transport_;
     kit::HTTPClient http_;
     kit::FeedClient feeds_;

@@ -278,6 +278,23 @@ TEST(HTTPClient, reportsHowLongTheServerWantsToBeLeftAlone) {
     EXPECT_EQ(harness.exchange("https://feeds.example/").record.retryAfter, std::nullopt);
 }
 
+TEST(HTTPClient, keepsAttemptsWithAPaceApartRetriesToo) {
+    const auto secondsFor = [](bool isPaced, std::chrono::milliseconds pace) {
+        auto configuration = impatient();
+        configuration.isPaced = isPaced;
+        TestServer harness(configuration);
+        harness.script.on("feeds.example", "/", {{.status = 500}, {.body = "news"}});
+        const auto begin = std::chrono::steady_clock::now();
+        for (int request = 0; request < 2; ++request) {
+            exchange(harness.client,
+                     {.url = "https://feeds.example/", .byteLimit = 100, .pace = pace});
+        }
+        return std::chrono::steady_clock::now() - begin;
+    };
+    EXPECT_GE(secondsFor(true, 200ms), 400ms) << "three attempts";
+    EXPECT_LT(secondsFor(false, 1h), 60s);
+}
+
 TEST(HTTPClient, countsTheBytesAsTheyWereOnTheWireOverAllAttempts) {
     TestServer harness;
     const auto packed = pressroom::gzip(std::string(100'000, 'x'));
