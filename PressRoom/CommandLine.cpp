@@ -73,8 +73,9 @@ void addConduct(arguments::Command& program, CommandLine& options,
     program
         .option("--misbehave", misbehaving,
                 "make a source, a tracker (status, developer-status, releases, events, quote, "
-                "quotes, signing, updates, charts, court, court-feeds, press) or the archive "
-                "(archive-stories, "
+                "quotes, signing, updates, charts, filings, filings-archive, court, court-feeds, "
+                "press) or "
+                "the archive (archive-stories, "
                 "archive-status, archive-credits, archive-trace) misbehave (repeatable); KIND is "
                 "one of those below")
         .shownAs("ID=KIND")

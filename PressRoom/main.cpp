@@ -21,6 +21,7 @@
 #include "PressRoom/AppleData/AppleDataRequestHandler.h"
 #include "PressRoom/Backend/BackendRequestHandler.h"
 #include "PressRoom/Court/CourtRequestHandler.h"
+#include "PressRoom/Filings/FilingsRequestHandler.h"
 #include "PressRoom/Trackers/TrackerRequestHandler.h"
 #include "PressRoom/World/WorldHandler.h"
 
@@ -182,6 +183,8 @@ int run(const CommandLine& options) {
         std::make_unique<CourtRequestHandler>(readCourtWorld(directory), anchor, misbehaviours));
     further.push_back(
         std::make_unique<BackendRequestHandler>(readPublicFiles(directory), anchor, misbehaviours));
+    further.push_back(std::make_unique<FilingsRequestHandler>(readFilingsWorld(directory), anchor,
+                                                              misbehaviours));
     if (options.files) further.push_back(std::make_unique<FilesRequestHandler>(*options.files));
     const WorldHandler world(readWorld(directory), {.anchor = anchor, .speed = options.speed},
                              misbehaviours, std::move(further));

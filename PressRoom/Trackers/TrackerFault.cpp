@@ -16,8 +16,9 @@ namespace {
 namespace json = boost::json;
 using Kind = MisbehaviourKind;
 
-constexpr std::array kOnlyOfFeeds{Kind::rotating, Kind::retitled, Kind::samelink, Kind::republished,
-                                  Kind::future};
+constexpr std::array kOnlyOfFeeds{Kind::rotating,    Kind::retitled, Kind::samelink,
+                                  Kind::republished, Kind::future,   Kind::undeclared,
+                                  Kind::threshold};
 
 // Above what any reader of trackers should accept.
 constexpr std::size_t kHugeSize = 7 * 1024 * 1024;
@@ -123,7 +124,9 @@ Response faultyAnswer(const Request& request, TrackerAnswer answer, Misbehaviour
         case Kind::retitled:
         case Kind::samelink:
         case Kind::republished:
-        case Kind::future: break;
+        case Kind::future:
+        case Kind::undeclared:
+        case Kind::threshold: break;
     }
     return trackerResponse(request, answer);
 }

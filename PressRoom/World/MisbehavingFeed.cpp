@@ -196,6 +196,8 @@ Response MisbehavingFeed::answer(const Request& request, const Edition& edition,
         case Kind::republished: return serve(withArchive(items, edition, fetch, now));
         case Kind::undated: return serve(undated(items));
         case Kind::future: return serve(toCome(items, now));
+        case Kind::undeclared:
+        case Kind::threshold: return htmlPage(403, "Forbidden", "<p>You may not read this.</p>");
     }
     return {};
 }

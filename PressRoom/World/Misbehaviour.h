@@ -28,7 +28,9 @@ enum class MisbehaviourKind {
     samelink,
     republished,
     undated,
-    future
+    future,
+    undeclared,
+    threshold
 };
 
 struct Misbehaviour {
@@ -49,7 +51,7 @@ using Misbehaviours = std::map<std::string, Misbehaviour, std::less<>>;
 }  // namespace pressroom
 
 template <>
-inline constexpr std::array<kit::EnumRow<pressroom::MisbehaviourKind>, 17>
+inline constexpr std::array<kit::EnumRow<pressroom::MisbehaviourKind>, 19>
     kit::enumTable<pressroom::MisbehaviourKind>{{
         {pressroom::MisbehaviourKind::silent, "silent", "takes requests and never answers"},
         {pressroom::MisbehaviourKind::busy, "busy", "429 with Retry-After"},
@@ -68,4 +70,7 @@ inline constexpr std::array<kit::EnumRow<pressroom::MisbehaviourKind>, 17>
         {pressroom::MisbehaviourKind::republished, "republished", "its archive as news"},
         {pressroom::MisbehaviourKind::undated, "undated", "no dates, or unreadable ones"},
         {pressroom::MisbehaviourKind::future, "future", "dates in the future"},
+        {pressroom::MisbehaviourKind::undeclared, "undeclared",
+         "403 for programs that name no mail address"},
+        {pressroom::MisbehaviourKind::threshold, "threshold", "403 after too many requests"},
     }};
