@@ -30,7 +30,8 @@ struct DocketAPI {
     /// Throws what parse throws.
     boost::asio::awaitable<FetchedFile<DocketSheet>> sheet(std::string address) const;
 
-    /// Asks the search with the token of a user's account. Throws what parse throws.
+    /// Asks the search with the token of a user's account, for two pages of results at most: it
+    /// counts requests by the day. Throws what parse throws.
     boost::asio::awaitable<FetchedFile<DocketSheet>> search(std::string token) const;
 };
 

@@ -33,6 +33,15 @@ std::string entryName(const DocketEntry& entry) {
     return name;
 }
 
+/// "26-cv-04101" from "4:26-cv-04101-ABC"; numbers of other shapes stay whole.
+std::string plainCaseNumber(std::string_view number) {
+    number = number.substr(number.find(':') + 1);
+    std::size_t end = 0;
+    for (int part = 0; part < 3 && end != std::string_view::npos; ++part)
+        end = number.find('-', end + (part > 0 ? 1 : 0));
+    return lowercasedASCII(number.substr(0, end));
+}
+
 Signal docketSignal(const DocketChange& change, std::string_view readAt, Instant now) {
     const auto& entry = change.entry;
     const bool isReadable = change.what == DocketChange::What::readable;
@@ -55,6 +64,33 @@ Signal docketSignal(const DocketChange& change, std::string_view readAt, Instant
 }
 
 }  // namespace
+
+std::optional<std::string> entryIdentity(const DocketEntry& entry) {
+    if (!entry.court || !entry.caseNumber || !entry.number) return std::nullopt;
+    return fmt::format("{}|{}|{}", lowercasedASCII(*entry.court),
+                       plainCaseNumber(*entry.caseNumber), *entry.number);
+}
+
+std::vector<DocketChange> newBeside(std::span<const DocketChange> changes,
+                                    std::span<const DocketEntry> elsewhere) {
+    std::unordered_map<std::string, bool> isStubThere;
+    for (const auto& entry : elsewhere) {
+        if (const auto identity = entryIdentity(entry))
+            isStubThere.try_emplace(*identity, true).first->second &= isStub(entry);
+    }
+    std::vector<DocketChange> news;
+    for (auto change : changes) {
+        const auto identity = entryIdentity(change.entry);
+        const auto there = identity ? isStubThere.find(*identity) : isStubThere.end();
+        if (there != isStubThere.end()) {
+            if (!there->second || isStub(change.entry)) continue;
+            if (change.what == DocketChange::What::added)
+                change.what = DocketChange::What::readable;
+        }
+        news.push_back(std::move(change));
+    }
+    return news;
+}
 
 bool isStub(const DocketEntry& entry) {
     return entry.text.empty() || equalIgnoringCase(entry.text, entry.kind);

@@ -30,6 +30,16 @@ struct DocketChange {
 std::vector<DocketChange> docketChanges(std::span<const DocketEntry> known,
                                         const DocketSheet& sheet);
 
+/// What makes an entry the same one in CourtListener's feed and in the court's own: the court, the
+/// number of the case without its office and its judge, the number of the entry. Nothing for
+/// entries without one of them.
+std::optional<std::string> entryIdentity(const DocketEntry& entry);
+
+/// The changes that are news although other feeds have listed the entries in `elsewhere`: those
+/// that they lack, and texts of entries that are stubs there.
+std::vector<DocketChange> newBeside(std::span<const DocketChange> changes,
+                                    std::span<const DocketEntry> elsewhere);
+
 /// Whether the entry says no more than its kind.
 bool isStub(const DocketEntry& entry);
 

@@ -5,8 +5,8 @@
 
 #include "NewsroomKit/Signals/SignalEvent.h"
 #include "NewsroomKit/Text/Folding.h"
-#include "NewsroomKit/Text/ASCII.h"
 #include "NewsroomKit/Text/Unicode.h"
+#include "NewsroomKit/Text/Utf8.h"
 
 namespace kit {
 namespace {
@@ -14,13 +14,16 @@ namespace {
 /// The folded words of a text, separated by single spaces, without punctuation.
 std::string foldedWords(std::string_view text) {
     std::string words;
-    for (const char c : fold(text)) {
-        const bool isWord = isASCIIAlphanumeric(c) || static_cast<unsigned char>(c) >= 0x80;
-        if (isWord) {
-            words += c;
+    const auto folded = fold(text);
+    for (std::size_t at = 0; at < folded.size();) {
+        const auto [character, length, valid] = decodeUTF8(folded, at);
+        // Wires write quotation marks and dashes in ways of their own.
+        if (isLetter(character) || isNumber(character)) {
+            words += folded.substr(at, length);
         } else if (!words.empty() && words.back() != ' ') {
             words += ' ';
         }
+        at += length;
     }
     if (words.ends_with(' ')) words.pop_back();
     return words;

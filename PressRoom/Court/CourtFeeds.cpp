@@ -18,6 +18,7 @@ using std::chrono::sys_seconds;
 
 constexpr std::size_t kDocketFeedItems = 30;
 constexpr std::size_t kWireItems = 20;
+constexpr std::size_t kResultsOnPage = 2;
 constexpr std::chrono::hours kCourtLooksBack{24};
 constexpr std::chrono::minutes kCourtBuilds{20};
 
@@ -132,7 +133,8 @@ std::string docketDocument(const WorldDocket& docket, sys_seconds anchor, sys_se
         element("title", "Docket updates for " + caseTitle(docket)), updated, items);
 }
 
-std::string searchDocument(const WorldDockets& world, sys_seconds anchor, sys_seconds now) {
+std::string searchDocument(const WorldDockets& world, std::size_t page, sys_seconds anchor,
+                           sys_seconds now) {
     std::vector<const WorldDocket*> begun;
     for (const auto& docket : world.dockets) {
         if (worldTime(anchor, docket.entries.front().minutesAgo) <= now) begun.push_back(&docket);
@@ -159,9 +161,17 @@ std::string searchDocument(const WorldDockets& world, sys_seconds anchor, sys_se
              {"recap_documents", json::array{}}});
     }
     const auto count = results.size();
+    const auto begin = std::min((page - 1) * kResultsOnPage, count);
+    const auto end = std::min(begin + kResultsOnPage, count);
+    json::value next;
+    if (end < count)
+        next = fmt::format("https://www.courtlistener.com/api/rest/v4/search/?type=r&cursor={}",
+                           page + 1);
+    results.erase(results.begin() + static_cast<std::ptrdiff_t>(end), results.end());
+    results.erase(results.begin(), results.begin() + static_cast<std::ptrdiff_t>(begin));
     return json::serialize(json::object{{"count", count},
                                         {"document_count", 0},
-                                        {"next", nullptr},
+                                        {"next", next},
                                         {"previous", nullptr},
                                         {"results", std::move(results)}});
 }

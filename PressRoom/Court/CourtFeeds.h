@@ -18,8 +18,8 @@ std::string courtDocument(const WorldDockets& world, std::string_view court,
                           std::chrono::sys_seconds anchor, std::chrono::sys_seconds now);
 
 /// CourtListener's answer to a search for cases, the newest first.
-std::string searchDocument(const WorldDockets& world, std::chrono::sys_seconds anchor,
-                           std::chrono::sys_seconds now);
+std::string searchDocument(const WorldDockets& world, std::size_t page,
+                           std::chrono::sys_seconds anchor, std::chrono::sys_seconds now);
 
 bool hasCourt(const WorldDockets& world, std::string_view court);
 

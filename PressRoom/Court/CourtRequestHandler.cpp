@@ -39,6 +39,15 @@ Response refusedFor(int status, std::int64_t seconds) {
     return response;
 }
 
+/// The search says in words how long it wants to be spared.
+Response throttled(std::int64_t seconds) {
+    return {
+        .status = 429,
+        .headers = {{"Content-Type", "application/json"}},
+        .body = fmt::format(
+            R"({{"detail":"Request was throttled. Expected available in {} seconds."}})", seconds)};
+}
+
 Response feedResponse(const Request& request, std::string feed) {
     return answerConditionally(request, {.body = std::move(feed), .contentType = "text/xml"});
 }
@@ -98,7 +107,11 @@ Response CourtRequestHandler::search(const Request& request, sys_seconds now) co
                 .headers = {{"Content-Type", "application/json"}},
                 .body = R"({"detail":"Invalid token."})"};
     }
-    return served("court", request, searchDocument(world_.dockets, anchor_, now));
+    const auto fault = misbehaviours_.find("court");
+    if (fault != misbehaviours_.end() && fault->second.kind == Kind::busy)
+        return throttled(fault->second.amount);
+    const std::size_t page = request.target.find("cursor=2") == std::string::npos ? 1 : 2;
+    return served("court", request, searchDocument(world_.dockets, page, anchor_, now));
 }
 
 std::optional<Response> CourtRequestHandler::courtFeed(const Request& request,

@@ -7,6 +7,7 @@
 #include "NewsroomKit/Court/CaseSearch.h"
 #include "NewsroomKit/Court/DocketAPI.h"
 #include "NewsroomKit/Court/DocketSignals.h"
+#include "NewsroomKit/Filings/FilingCompany.h"
 #include "NewsroomKit/PressWires/PressAPI.h"
 #include "NewsroomKit/PressWires/PressSignals.h"
 #include "NewsroomKit/PressWires/WireFeeds.h"
@@ -46,6 +47,19 @@ std::vector<DocketEntry> knownEntries(LocalStore& store, const std::string& feed
     return known;
 }
 
+/// What other feeds have listed, if that is needed to see what is new.
+std::vector<DocketEntry> entriesElsewhere(LocalStore& store, const std::string& feed,
+                                          const std::vector<kit::DocketChange>& changes) {
+    constexpr std::size_t most = 5'000;
+    std::vector<DocketEntry> entries;
+    if (changes.empty()) return entries;
+    for (const auto& row : store.docketEntries().newest(most)) {
+        if (row.feed == feed) continue;
+        if (auto entry = recordIn<DocketEntry>(row)) entries.push_back(std::move(*entry));
+    }
+    return entries;
+}
+
 /// Where a sheet comes from.
 struct FeedOrigin {
     std::string name;  ///< of the tracked file
@@ -66,7 +80,8 @@ void recordDockets(LocalStore& store, const FeedOrigin& feed, bool isFirst,
                                    .record = boost::json::serialize(kit::encode(entry))});
     }
     if (isFirst && known.empty()) return;
-    store.signalLog().add(kit::signalsOf(changes, feed.address, now));
+    const auto news = kit::newBeside(changes, entriesElsewhere(store, feed.name, changes));
+    store.signalLog().add(kit::signalsOf(news, feed.address, now));
 }
 
 /// The sheet was made at the same moment as the one before.
@@ -81,10 +96,13 @@ DocketSheet casesOfApple(DocketSheet sheet) {
     return sheet;
 }
 
-/// Apple, and the companies on the board that was last fetched.
+/// Those whose filings are followed, and the companies on the board that was last fetched, which
+/// may never have been.
 std::vector<PressCompany> followedCompanies(LocalStore& store, const std::string& serviceAddress) {
-    std::vector<PressCompany> companies{
-        {.symbol = std::string(TrackedFiles::kShare), .name = "Apple"}};
+    std::vector<PressCompany> companies;
+    for (const auto& company : kit::filingCompanies)
+        companies.push_back(
+            {.symbol = std::string(company.symbol), .name = std::string(company.name)});
     const auto board = TrackerCache(store).latest(TrackedFiles{serviceAddress}.board());
     for (const auto& quote : board.value_or(std::vector<kit::BoardQuote>())) {
         companies.push_back({.symbol = quote.symbol, .name = quote.name});
