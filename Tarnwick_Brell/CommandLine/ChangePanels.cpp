@@ -43,13 +43,14 @@ Lines recordsLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
     Lines lines;
     for (const auto& row : content.rows) {
         if (lines.size() == lineCount(panel)) break;
-        const auto title = row.signing ? row.signing->title() : row.record->title;
-        lines.push_back(lineOf(holdings, row.seenAt, title + "."));
+        lines.push_back(lineOf(holdings, row.seenAt,
+                               row.signing ? row.signing->title() + "." : row.record->title));
     }
     if (lines.empty()) lines.push_back(app::noRowText(panel.kind).toStdString());
     addState(lines, holdings, content.condition, "signing ");
-    if (!content.hasRecords)
-        lines.push_back(holdings.session().out().dim(app::gapText(panel.kind).toStdString()));
+    auto& session = holdings.session();
+    if (!content.hasRecords && session.defaults().contactAddress().empty())
+        lines.push_back(session.out().dim(app::noContactText().toStdString()));
     return lines;
 }
 

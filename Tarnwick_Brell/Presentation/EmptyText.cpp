@@ -50,7 +50,8 @@ QString noRowText(PanelKind kind) {
         case PanelKind::pageWatch: return EmptyText::tr("The desk can't follow Apple's pages yet.");
         case PanelKind::suppliers: return EmptyText::tr("The board of suppliers is empty.");
         case PanelKind::backend: return EmptyText::tr("Apple's update catalogue is empty.");
-        case PanelKind::records: return EmptyText::tr("No change of signing has been seen yet.");
+        case PanelKind::records:
+            return EmptyText::tr("No filing, court entry or change of signing has been seen yet.");
         case PanelKind::stream:
         case PanelKind::apple:
         case PanelKind::brief:
@@ -60,9 +61,8 @@ QString noRowText(PanelKind kind) {
     return {};
 }
 
-QString gapText(PanelKind kind) {
-    if (kind != PanelKind::records) return {};
-    return EmptyText::tr("The desk does not read filings yet.");
+QString noContactText() {
+    return EmptyText::tr("Filings are followed once the setting contactAddress has your address.");
 }
 
 }  // namespace app

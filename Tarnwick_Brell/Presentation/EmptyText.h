@@ -20,7 +20,7 @@ QString noStoryText(kit::PanelKind kind, const kit::StoryQuery& query,
 /// kinds that always have one, or that other texts speak for.
 QString noRowText(kit::PanelKind kind);
 
-/// Below the text of a panel whose kind the desk serves only in part; mostly empty.
-QString gapText(kit::PanelKind kind);
+/// Why no filings are followed as long as the user has set no mail address for the SEC.
+QString noContactText();
 
 }  // namespace app

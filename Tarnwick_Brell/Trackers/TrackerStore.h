@@ -138,6 +138,9 @@ public:
     }
     const kit::NewBuilds::Known& knownBuilds() const { return news_.knownBuilds(); }
 
+    /// Whether the user has set the mail address that the SEC asks for.
+    bool followsFilings() const { return !polledContact_.empty(); }
+
     // The user's actions.
     void refresh(Tracker tracker) { scheduler_.request(tracker); }
     void refreshAll();

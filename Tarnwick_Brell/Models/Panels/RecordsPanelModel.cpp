@@ -35,6 +35,7 @@ RecordsPanelModel::RecordsPanelModel(const PanelStores& stores, const kit::Panel
     : ChangesPanelModel(stores, panel) {
     connect(&trackers(), &TrackerStore::signingChanged, this, &RecordsPanelModel::update);
     connect(&trackers(), &TrackerStore::logChanged, this, &RecordsPanelModel::update);
+    connect(&trackers(), &TrackerStore::filingsChanged, this, &RecordsPanelModel::update);
     update();
 }
 
@@ -46,7 +47,7 @@ void RecordsPanelModel::update() {
         rows.push_back(row.signing ? rowOf(*row.signing, now()) : rowOf(*row.record, now()));
     rows_.setRows(std::move(rows));
     auto condition = conditionOf(content.condition, noRowText(kit::PanelKind::records));
-    if (condition.state == Empty) condition.hint = gapText(kit::PanelKind::records);
+    if (condition.state == Empty && !trackers().followsFilings()) condition.hint = noContactText();
     setCondition(std::move(condition));
 }
 
