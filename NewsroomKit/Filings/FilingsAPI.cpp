@@ -3,10 +3,6 @@
 #include <chrono>
 #include <utility>
 
-#include <boost/asio/redirect_error.hpp>
-#include <boost/asio/steady_timer.hpp>
-#include <boost/asio/this_coro.hpp>
-#include <boost/asio/use_awaitable.hpp>
 #include <fmt/format.h>
 
 #include "NewsroomKit/Filings/FilingForms.h"
@@ -22,7 +18,7 @@ constexpr int unauthorized = 401;
 constexpr int tooManyRequests = 429;
 
 // Ten requests a second are allowed for all programs of a network together.
-constexpr std::chrono::seconds pauseBefore{1};
+constexpr std::chrono::seconds betweenRequests{1};
 // After that the SEC answers again when the rate has stayed low.
 constexpr std::chrono::minutes throttled{10};
 
@@ -30,22 +26,15 @@ FetchError statusError(int status) {
     return HTTPClientError{.kind = HTTPClientError::Kind::status, .statusCode = status};
 }
 
-asio::awaitable<void> pause() {
-    asio::steady_timer timer(co_await asio::this_coro::executor);
-    timer.expires_after(pauseBefore);
-    boost::system::error_code stoppedEarly;
-    co_await timer.async_wait(asio::redirect_error(asio::use_awaitable, stoppedEarly));
-}
-
 // The coroutines own what they work with: the caller's object may be gone before they run.
 
 asio::awaitable<FetchedBody> fetchedPage(HTTPClient& http, std::string contact,
                                          std::string address) {
-    co_await pause();
     HTTPClient::Request request{.url = std::move(address),
                                 .byteLimit = FilingsAPI::kByteLimit,
                                 .userAgent = "TarnwickBrell/1.0 " + contact,
-                                .readableStatus = forbidden};
+                                .readableStatus = forbidden,
+                                .pace = betweenRequests};
     auto answer = co_await fetchBody(http, std::move(request));
     if (!answer.body) co_return answer;
     const auto refusal = refusalInPage(answer.body.value());
@@ -82,6 +71,10 @@ std::string FilingsAPI::feedAddress(std::int64_t cik) {
         cik);
 }
 
+std::string FilingsAPI::listAddress(std::int64_t cik) {
+    return fmt::format("https://data.sec.gov/submissions/CIK{:010}.json", cik);
+}
+
 std::string FilingsAPI::submissionAddress(std::int64_t cik, std::string_view accession) {
     return documentAddress(cik, accession, std::string(accession) + ".txt");
 }
@@ -96,9 +89,17 @@ asio::awaitable<FetchedFile<std::vector<Filing>>> FilingsAPI::companyFeed(std::i
     return fetchedFeed(http, contact, feedAddress(cik));
 }
 
+asio::awaitable<FetchedFile<std::vector<Filing>>> FilingsAPI::companyList(std::int64_t cik) const {
+    return fetchedFeed(http, contact, listAddress(cik));
+}
+
 asio::awaitable<FetchedBody> FilingsAPI::submission(std::int64_t cik,
                                                     std::string_view accession) const {
     return fetchedPage(http, contact, submissionAddress(cik, accession));
+}
+
+asio::awaitable<FetchedBody> FilingsAPI::document(std::string address) const {
+    return fetchedPage(http, contact, std::move(address));
 }
 
 }  // namespace kit

@@ -22,17 +22,25 @@ struct FilingsAPI {
     std::string contact;  ///< the user's mail address
 
     static std::string feedAddress(std::int64_t cik);
+    static std::string listAddress(std::int64_t cik);
     /// A filing with all of its documents, as text.
     static std::string submissionAddress(std::int64_t cik, std::string_view accession);
 
     /// Throws RecordError.
     static std::vector<Filing> parse(std::string_view body);
 
-    /// The newest filings of a company. A refusal of the address is status 401, one of too many
-    /// requests 429, whatever status the SEC gives its page.
+    // A refusal of the mail address is status 401, one of too many requests 429, whatever status
+    // the SEC gives its page.
+
+    /// The newest 40 filings of a company.
     boost::asio::awaitable<FetchedFile<std::vector<Filing>>> companyFeed(std::int64_t cik) const;
+    /// The last thousand or so with their periods. It may be hours behind the feed; letters come
+    /// into it under old dates.
+    boost::asio::awaitable<FetchedFile<std::vector<Filing>>> companyList(std::int64_t cik) const;
     boost::asio::awaitable<FetchedBody> submission(std::int64_t cik,
                                                    std::string_view accession) const;
+    /// A page of the archive.
+    boost::asio::awaitable<FetchedBody> document(std::string address) const;
 };
 
 }  // namespace kit

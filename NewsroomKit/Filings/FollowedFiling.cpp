@@ -48,11 +48,35 @@ std::string itemsInWords(const Filing& filing) {
 
 }  // namespace
 
+bool hasPressExhibit(const Filing& filing) {
+    return filing.form.starts_with("8-K") || filing.form.starts_with("6-K");
+}
+
+FilingText beginOf(FilingText text) {
+    constexpr std::size_t most = 25;
+    constexpr std::size_t longest = 240;
+    if (text.lines.size() > most) text.lines.resize(most);
+    std::erase_if(text.lines, [](const std::string& line) { return line.size() > longest; });
+    return text;
+}
+
+bool addDetail(Filing& filing, const Filing& listed) {
+    const auto before = filing;
+    if (!filing.period) filing.period = listed.period;
+    if (filing.items.empty()) filing.items = listed.items;
+    if (!filing.amends) filing.amends = listed.amends;
+    if (!filing.primaryDocument) filing.primaryDocument = listed.primaryDocument;
+    if (!filing.documentURL) filing.documentURL = listed.documentURL;
+    return filing != before;
+}
+
 bool isOfOwnShares(const FollowedFiling& followed) {
     if (followed.trades) return followed.trades->issuer.cik == followed.company;
     if (followed.notice) return followed.notice->issuer.cik == followed.company;
     return true;
 }
+
+SignalWeight weightOf(const FollowedFiling& followed) { return signalOf(eventOf(followed)).weight; }
 
 Signal signalOf(const FollowedFiling& followed, Instant now) {
     const auto& filing = followed.filing;

@@ -61,6 +61,15 @@ struct FormGroup {
     std::string firstDay{};
 };
 
+/// Numbers of shares that forms report as sold in all, also those that were corrected later.
+std::vector<double> sharesSold(const OwnershipForm& form) {
+    std::vector<double> sold;
+    for (const auto& sum : sumsOf(form.trades)) {
+        if (sum.code == "S") sold.push_back(sum.shares);
+    }
+    return sold;
+}
+
 using Owner = std::pair<std::int64_t, std::int64_t>;  // company and person
 
 Owner ownerOf(const FollowedFiling& followed) {
@@ -144,12 +153,24 @@ InsiderRow rowOf(const FormGroup& group) {
     return row;
 }
 
-bool announces(const SaleNotice& notice, const InsiderRow& row, std::string_view company) {
-    if (row.notice || row.company != company || !notice.saleDate || !notice.shares) return false;
+/// Whether the row is the sale that the notice announced. The number of shares is that of the row
+/// or of one of the person's forms, which an amendment may have corrected since.
+bool announces(const SaleNotice& notice, const InsiderRow& row,
+               const std::vector<FollowedFiling>& filings) {
+    if (row.notice || !notice.saleDate || !notice.shares) return false;
     if (!areWithin(row.firstDay, *notice.saleDate, noticeBefore)) return false;
     if (nameWords(notice.person) != nameWords(row.person)) return false;
-    return std::ranges::any_of(row.sums, [&](const TradeSum& sum) {
-        return sum.code == "S" && sum.shares == *notice.shares;
+    const auto isNumber = [&](double shares) { return shares == *notice.shares; };
+    if (std::ranges::any_of(row.sums, [&](const TradeSum& sum) {
+            return sum.code == "S" && isNumber(sum.shares);
+        })) {
+        return true;
+    }
+    return std::ranges::any_of(filings, [&](const FollowedFiling& followed) {
+        return followed.trades && !followed.trades->owners.empty() &&
+               followed.trades->owners.front().name == row.person &&
+               areWithin(firstTradeDay(*followed.trades), row.firstDay, together) &&
+               std::ranges::any_of(sharesSold(*followed.trades), isNumber);
     });
 }
 
@@ -180,8 +201,9 @@ void addNotices(const std::vector<FollowedFiling>& filings, const InsiderFilter&
         const auto* const company = filingCompany(followed.company);
         const std::string name = company ? std::string(company->name) : std::string();
         const auto deeds = std::span(rows).first(done);
-        const auto deed = std::ranges::find_if(
-            deeds, [&](const InsiderRow& row) { return announces(*followed.notice, row, name); });
+        const auto deed = std::ranges::find_if(deeds, [&](const InsiderRow& row) {
+            return row.company == name && announces(*followed.notice, row, filings);
+        });
         if (deed == deeds.end()) {
             rows.push_back(rowOf(followed, name));
             continue;

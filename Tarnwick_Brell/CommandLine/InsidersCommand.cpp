@@ -6,6 +6,7 @@
 
 #include "NewsroomKit/Filings/OwnershipWords.h"
 #include "NewsroomKit/Filings/TradeCode.h"
+#include "NewsroomKit/Panels/FilingsContent.h"
 #include "NewsroomKit/Panels/InsidersContent.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/FilingConsole.h"
@@ -46,12 +47,6 @@ std::string planText(const kit::InsiderRow& row) {
     return std::string(kit::label(row.plan));
 }
 
-std::string verbOf(const kit::TradeSum& sum) {
-    const auto* const code = kit::tradeCode(sum.code);
-    if (code == nullptr) return "code " + printable(sum.code);
-    return std::string(sum.acquired.value_or(false) ? code->acquired : code->disposed);
-}
-
 void addRows(TextTable& table, const kit::InsiderRow& row, bool showsRoutine) {
     const auto holding =
         row.shareOfHolding ? fmt::format("{:.0f} %", *row.shareOfHolding) : std::string();
@@ -63,12 +58,13 @@ void addRows(TextTable& table, const kit::InsiderRow& row, bool showsRoutine) {
     for (const auto& sum : row.sums) {
         const bool isDecision = kit::isDecision(sum.code);
         if (!isDecision && !showsRoutine) continue;
-        table.add(
-            {row.lastDay, row.company, printable(row.person),
-             verbOf(sum) + (row.notice ? ", as announced" : "") + (row.isLate ? ", late" : ""),
-             kit::amountInWords(sum.shares), sum.averagePrice ? priceText(*sum.averagePrice) : "",
-             sum.value ? priceText(*sum.value) : "", isDecision ? holding : "",
-             isDecision ? planText(row) : ""});
+        table.add({row.lastDay, row.company, printable(row.person),
+                   printable(kit::tradeVerb(sum.code, sum.acquired)) +
+                       (row.notice ? ", as announced" : "") + (row.isLate ? ", late" : ""),
+                   kit::amountInWords(sum.shares),
+                   sum.averagePrice ? priceText(*sum.averagePrice) : "",
+                   sum.value ? priceText(*sum.value) : "", isDecision ? holding : "",
+                   isDecision ? planText(row) : ""});
     }
 }
 
@@ -92,7 +88,7 @@ void printInsiders(Output& out, const kit::InsidersContent& content, bool showsR
 int showInsiders(Session& session, const InsidersOptions& options) {
     kit::InsiderFilter filter{.includesRoutine = options.all, .company = options.company};
     if (options.since) filter.since = dayText(parseTimeArgument(*options.since, session.now()));
-    const auto view = readFilings(session, options.stored);
+    const auto view = readFilings(session, options.stored, options.company);
     const auto content = kit::insidersContent(view.filings, filter);
     if (session.options().json) {
         boost::json::array rows;

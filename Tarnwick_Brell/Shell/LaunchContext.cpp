@@ -17,6 +17,8 @@ kit::Instant currentInstant() {
 
 namespace {
 
+constexpr std::string_view kDemoContact = "reader@example.org";
+
 std::optional<std::filesystem::path> dataDir(const DeskOptions& options) {
     if (options.dataDir || !options.demo) return options.dataDir;
     return demoDataDir();
@@ -81,6 +83,10 @@ kit::CurlTransport::Options LaunchContext::network(const Warning& warn) {
             pressRoom_ = std::make_unique<DemoPressRoom>(paths_.library.parent_path(), now_);
         network.connectTo = pressRoom_->address();
         network.caFile = pressRoom_->authority();
+        // The press room's filings are for programs that name an address, as the SEC's are.
+        Defaults settings(paths_.settings);
+        if (settings.contactAddress().empty())
+            settings.set(SettingKey::kContactAddress, kDemoContact);
     } else if (const auto authority = Defaults(paths_.settings).updateCatalogueAuthority()) {
         if (isReadable(*authority)) {
             network.extraAuthorities.emplace(hostOf(kit::TrackerHost::updates), *authority);

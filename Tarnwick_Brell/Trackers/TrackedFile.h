@@ -28,6 +28,12 @@ enum class EmptyAnswer {
     accepted
 };
 
+/// Why a server can't be asked further: 401 or 429 in the status, and the pause that it wants.
+struct ServerRefusal {
+    int status = 0;  ///< 0: there is none
+    std::chrono::seconds pause{0};
+};
+
 /// One file that the desk tracks: where it comes from, how it is read and how far its answers are
 /// trusted. TrackedFiles has the rows.
 template <class T>
@@ -56,8 +62,8 @@ struct TrackedFile {
     /// Its host is left alone for as long as any host is after it has forbidden a request (403): a
     /// firewall that is asked on locks readers out.
     bool pausesWhenForbidden = false;
-    /// A digest of what the request identifies itself with. One that the server has refused (401)
-    /// is not offered again.
+    /// A digest of what the request identifies itself with. One that the host has refused (401) for
+    /// any file is not offered again.
     std::string credential{};
     std::string refusedText{};  ///< the error then
 
@@ -68,7 +74,7 @@ struct TrackedFile {
         record{};
     /// Fetches what a recorded answer refers to, as the forms that filings consist of. What it
     /// can't have now is left for the next time.
-    std::function<boost::asio::awaitable<void>(LocalStore&, kit::HTTPClient&, kit::Clock)>
+    std::function<boost::asio::awaitable<ServerRefusal>(LocalStore&, kit::HTTPClient&, kit::Clock)>
         complete{};
     /// The tracker's other files are fetched only once this one has a value.
     bool comesFirst = false;

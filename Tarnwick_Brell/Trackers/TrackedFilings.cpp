@@ -4,146 +4,170 @@
 
 #include <boost/json.hpp>
 
+#include "NewsroomKit/Filings/FilingForms.h"
 #include "NewsroomKit/Filings/FilingsAPI.h"
-#include "NewsroomKit/Filings/FormWords.h"
+#include "NewsroomKit/Records/RecordError.h"
 #include "NewsroomKit/Stories/StoryIdentity.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
 #include "Tarnwick_Brell/Storage/Settings/SettingKey.h"
+#include "Tarnwick_Brell/Trackers/FilingCompletion.h"
+#include "Tarnwick_Brell/Trackers/FilingRecords.h"
 
 namespace app {
 
 using kit::Filing;
 using kit::FilingCompany;
+using kit::FilingDocument;
 using kit::FilingsAPI;
+using kit::FilingText;
 using kit::FollowedFiling;
 using kit::HTTPClient;
 using kit::Instant;
 
 namespace {
 
-// A request each, a second apart; the others follow with the next poll.
-constexpr std::size_t kMostFormsAtOnce = 8;
+using Filings = std::vector<Filing>;
+using FilingDocuments = std::vector<FilingDocument>;
 
-std::string fileNameOf(std::int64_t company) {
-    return std::string(kFilingPrefix) + std::to_string(company);
+const std::string kAddressRefused =
+    "The SEC refuses requests with this mail address. It isn't asked again until the setting " +
+    std::string(SettingKey::kContactAddress) + " has another one.";
+
+/// A feed is asked for 40 filings of one company; more, or others, are no answer to that.
+bool isFeedOf(std::int64_t company, const Filings& filings) {
+    constexpr std::size_t most = 100;
+    return filings.size() <= most && std::ranges::all_of(filings, [&](const Filing& filing) {
+               return std::ranges::any_of(filing.parties, [&](const kit::FilingParty& party) {
+                   return party.cik == company;
+               });
+           });
 }
 
-/// Two companies may list one filing.
-std::string keyOf(const FollowedFiling& followed) {
-    return followed.filing.accession + "|" + std::to_string(followed.company);
-}
-
-void putFiling(LocalStore& store, const FollowedFiling& followed) {
-    store.filings().put({.key = keyOf(followed),
-                         .feed = fileNameOf(followed.company),
-                         .happenedAt = followed.filing.accepted,
-                         .firstSeen = followed.seenAt,
-                         .record = boost::json::serialize(kit::encode(followed))});
-}
-
-/// A form of insiders is told once it has been read.
-void tell(LocalStore& store, const FollowedFiling& followed, Instant now) {
-    if (!followed.isNews || followed.awaitsForm || !kit::isOfOwnShares(followed)) return;
-    const std::vector<kit::Signal> told{kit::signalOf(followed, now)};
-    store.signalLog().add(told);
-}
-
-/// New is what has a new number: letters are published weeks later under old dates. Nothing is
-/// told of the first look at a company.
-void recordFilings(LocalStore& store, std::int64_t company, const std::vector<Filing>& filings,
-                   Instant now) {
-    const bool isFirst = store.filings().ofFeed(fileNameOf(company)).empty();
-    for (const auto& filing : filings) {
-        const FollowedFiling followed{
-            .company = company,
-            .filing = filing,
-            .seenAt = now,
-            .isNews = !isFirst,
-            .awaitsForm = kit::isOwnershipForm(filing.form) || kit::isSaleNotice(filing.form)};
-        if (store.filings().has(keyOf(followed))) continue;
-        putFiling(store, followed);
-        tell(store, followed, now);
-    }
-}
-
-void readForm(FollowedFiling& followed, std::string_view submission) {
-    followed.awaitsForm = false;
-    if (kit::isSaleNotice(followed.filing.form)) {
-        if (auto notice = kit::parseSaleNotice(submission)) followed.notice = notice.value();
-    } else if (auto form = kit::parseOwnership(submission, followed.filing.filed)) {
-        followed.trades = form.value();
-    }
-}
-
-/// Whether the server will never have the file.
-bool isGone(const kit::FetchError& error) {
-    return error == kit::FetchError(kit::HTTPClientError{.kind = kit::HTTPClientError::Kind::status,
-                                                         .statusCode = 404});
-}
-
-boost::asio::awaitable<void> fetchForms(LocalStore& store, FilingsAPI api, std::int64_t company,
-                                        kit::Clock clock) {
-    auto waiting = followedFilings(store.filings().ofFeed(fileNameOf(company)));
-    std::erase_if(waiting, [](const FollowedFiling& followed) { return !followed.awaitsForm; });
-    std::ranges::sort(waiting, [](const FollowedFiling& one, const FollowedFiling& other) {
-        return one.filing.accepted > other.filing.accepted;
-    });
-    if (waiting.size() > kMostFormsAtOnce) waiting.resize(kMostFormsAtOnce);
-    for (auto& followed : waiting) {
-        const auto fetched = co_await api.submission(company, followed.filing.accession);
-        if (!fetched.body && !isGone(fetched.body.error())) co_return;
-        readForm(followed, fetched.body ? std::string_view(fetched.body.value()) : "");
-        auto transaction = store.transaction();
-        putFiling(store, followed);
-        tell(store, followed, clock());
-        transaction.commit();
-    }
-}
-
-TrackedFile<std::vector<Filing>> filingFile(const FilingCompany& company,
-                                            const std::string& contact) {
+TrackedFile<Filings> filingFile(const FilingCompany& company, const std::string& contact) {
     const auto cik = company.cik;
     return {.tracker = Tracker::filings,
-            .name = fileNameOf(cik),
+            .name = filingFileName(cik),
             .title = "The filings of " + std::string(company.name),
             .address = FilingsAPI::feedAddress(cik),
             .fetch = [cik, contact](
                          HTTPClient& http) { return FilingsAPI{http, contact}.companyFeed(cik); },
             .parse = FilingsAPI::parse,
             .emptyAnswer = EmptyAnswer::refusedAfterItems,
-            .isEmpty = [](const std::vector<Filing>& filings) { return filings.empty(); },
+            .isEmpty = [](const Filings& filings) { return filings.empty(); },
+            .isRequested = [cik](const Filings& filings) { return isFeedOf(cik, filings); },
+            .mismatchText = "The SEC sent another list than that of this company.",
             .credential = kit::storyID(contact),
-            .refusedText =
-                "The SEC refuses requests with this mail address. It isn't asked again "
-                "until the setting " +
-                std::string(SettingKey::kContactAddress) + " has another one.",
+            .refusedText = kAddressRefused,
             .record = [cik](LocalStore& store, const auto&, const auto& filings,
-                            Instant now) { recordFilings(store, cik, filings, now); },
+                            Instant now) { recordFilingFeed(store, cik, filings, now); },
             .complete =
                 [cik, contact](LocalStore& store, HTTPClient& http, kit::Clock clock) {
-                    return fetchForms(store, FilingsAPI{http, contact}, cik, std::move(clock));
+                    return completeFilings(store, FilingsAPI{http, contact}, cik, std::move(clock));
                 }};
+}
+
+FilingDocuments parsedDocuments(std::string_view page) {
+    auto documents = kit::parseFilingDocuments(page);
+    if (!documents) throw kit::RecordError("", std::string(description(documents.error())));
+    return std::move(documents).value();
+}
+
+FilingText storedText(std::string_view text) {
+    return kit::decode<FilingText>(kit::parseJSON(text));
+}
+
+boost::asio::awaitable<kit::FetchedFile<FilingDocuments>> fetchedDocuments(HTTPClient& http,
+                                                                           std::string contact,
+                                                                           std::string address) {
+    const FilingsAPI api{http, std::move(contact)};
+    auto page = co_await api.document(std::move(address));
+    if (!page.body) {
+        co_return kit::FetchedFile<FilingDocuments>{.value = page.body.error(),
+                                                    .retryAfter = page.record.retryAfter};
+    }
+    auto body = std::move(page.body).value();
+    auto documents = parsedDocuments(body);
+    co_return kit::FetchedFile<FilingDocuments>{.value = std::move(documents),
+                                                .body = std::move(body)};
+}
+
+/// The text is stored instead of the document, which is many times as large.
+boost::asio::awaitable<kit::FetchedFile<FilingText>> fetchedText(HTTPClient& http,
+                                                                 std::string contact,
+                                                                 std::string address) {
+    const FilingsAPI api{http, std::move(contact)};
+    auto document = co_await api.document(address);
+    if (!document.body) {
+        co_return kit::FetchedFile<FilingText>{.value = document.body.error(),
+                                               .retryAfter = document.record.retryAfter};
+    }
+    auto text = kit::readFilingText(document.body.value(), address);
+    auto body = boost::json::serialize(kit::encode(text));
+    co_return kit::FetchedFile<FilingText>{.value = std::move(text), .body = std::move(body)};
+}
+
+/// Changes what is known of a filing, which may have grown since `followed` was read.
+template <class Change>
+void changeFiling(LocalStore& store, const FollowedFiling& followed, Change change) {
+    for (auto& known : filingsOf(store, followed.company)) {
+        if (known.filing.accession != followed.filing.accession) continue;
+        change(known);
+        putFiling(store, known);
+    }
 }
 
 }  // namespace
 
-std::vector<TrackedFile<std::vector<Filing>>> filingFiles(const std::string& contact) {
-    std::vector<TrackedFile<std::vector<Filing>>> files;
+std::vector<TrackedFile<Filings>> filingFiles(const std::string& contact) {
+    std::vector<TrackedFile<Filings>> files;
     if (contact.empty()) return files;
     for (const auto& company : kit::filingCompanies) files.push_back(filingFile(company, contact));
     return files;
 }
 
-std::vector<FollowedFiling> followedFilings(const std::vector<HistoricRecord>& records) {
-    std::vector<FollowedFiling> filings;
-    for (const auto& row : records) {
-        try {
-            filings.push_back(kit::decode<FollowedFiling>(kit::parseJSON(row.record)));
-        } catch (const kit::RecordError&) {
-            continue;
-        }
-    }
-    return filings;
+TrackedFile<FilingDocuments> filingPageFile(const FollowedFiling& followed,
+                                            const std::string& contact) {
+    const auto& accession = followed.filing.accession;
+    const auto address = kit::indexAddress(followed.company, accession);
+    return {.tracker = Tracker::filings,
+            .name = "filingPage/" + accession,
+            .title = "The documents of filing " + accession,
+            .address = address,
+            .fetch = [contact, address](
+                         HTTPClient& http) { return fetchedDocuments(http, contact, address); },
+            .parse = parsedDocuments,
+            .credential = kit::storyID(contact),
+            .refusedText = kAddressRefused,
+            .record =
+                [followed](LocalStore& store, const auto&, const auto& documents, Instant) {
+                    changeFiling(store, followed, [&](FollowedFiling& known) {
+                        known.documents = documents;
+                        known.awaitsDocuments =
+                            known.awaitsDocuments && isPressExhibit(documents.front());
+                    });
+                }};
+}
+
+TrackedFile<FilingText> filingTextFile(const FollowedFiling& followed,
+                                       const FilingDocument& document, const std::string& contact) {
+    return {.tracker = Tracker::filings,
+            .name = "filingText/" + document.url,
+            .title = document.type + " of filing " + followed.filing.accession,
+            .address = document.url,
+            .fetch = [contact, address = document.url](
+                         HTTPClient& http) { return fetchedText(http, contact, address); },
+            .parse = storedText,
+            .credential = kit::storyID(contact),
+            .refusedText = kAddressRefused,
+            .record =
+                [followed, document](LocalStore& store, const auto&, const auto& text, Instant) {
+                    if (!isPressExhibit(document)) return;
+                    changeFiling(store, followed, [&](FollowedFiling& known) {
+                        known.awaitsDocuments = false;
+                        if (!known.release || known.release->url == text.url)
+                            known.release = beginOf(text);
+                    });
+                }};
 }
 
 }  // namespace app

@@ -1,16 +1,14 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "NewsroomKit/Filings/FollowedFiling.h"
-#include "Tarnwick_Brell/Storage/Histories/RecordHistory.h"
 #include "Tarnwick_Brell/Trackers/TrackedFile.h"
 
 namespace app {
-
-/// The names of the files of filings begin with it.
-inline constexpr std::string_view kFilingPrefix = "filings/";
 
 /// What is said until the user has set an address.
 inline constexpr std::string_view kNoContactAddress =
@@ -20,8 +18,13 @@ inline constexpr std::string_view kNoContactAddress =
 /// The feed of each company that files. Nothing is asked without the user's mail address.
 std::vector<TrackedFile<std::vector<kit::Filing>>> filingFiles(const std::string& contact);
 
-/// Filings as the library holds them. Those that can't be parsed, because another version wrote
-/// them, are left out.
-std::vector<kit::FollowedFiling> followedFilings(const std::vector<HistoricRecord>& records);
+/// The page that lists a filing's documents, which become part of what is known of it.
+TrackedFile<std::vector<kit::FilingDocument>> filingPageFile(const kit::FollowedFiling& followed,
+                                                             const std::string& contact);
+
+/// The text of one of its documents.
+TrackedFile<kit::FilingText> filingTextFile(const kit::FollowedFiling& followed,
+                                            const kit::FilingDocument& document,
+                                            const std::string& contact);
 
 }  // namespace app

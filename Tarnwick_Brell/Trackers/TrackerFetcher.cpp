@@ -65,12 +65,12 @@ bool TrackerFetcher::wasAskedWithin(const std::string& name, std::chrono::minute
     return last && *last <= clock_() && clock_() - *last < interval;
 }
 
-bool TrackerFetcher::isRefused(const std::string& name, const std::string& credential) {
-    return !credential.empty() && store_.state().text("refused/" + name) == credential;
+bool TrackerFetcher::isRefused(const std::string& address, const std::string& credential) {
+    return !credential.empty() && store_.state().text("refused/" + hostOf(address)) == credential;
 }
 
-void TrackerFetcher::setRefused(const std::string& name, const std::string& credential) {
-    store_.state().setText("refused/" + name, credential);
+void TrackerFetcher::setRefused(const std::string& address, const std::string& credential) {
+    store_.state().setText("refused/" + hostOf(address), credential);
 }
 
 void TrackerFetcher::backOff(const std::string& address, std::chrono::seconds wanted) {

@@ -35,13 +35,13 @@ private:
     template <class T>
     kit::CachedValue<T> failed(const TrackedFile<T>& file, const std::string& error);
     template <class T>
-    kit::CachedValue<T> notAsked(const TrackedFile<T>& file, const std::string& reason);
+    kit::CachedValue<T> notAsked(const TrackedFile<T>& file, const std::string& sentence);
 
     void recordFailure(const std::string& name, std::string error);
     std::optional<std::string> pauseText(const std::string& address);
     bool wasAskedWithin(const std::string& name, std::chrono::minutes interval);
-    bool isRefused(const std::string& name, const std::string& credential);
-    void setRefused(const std::string& name, const std::string& credential);
+    bool isRefused(const std::string& address, const std::string& credential);
+    void setRefused(const std::string& address, const std::string& credential);
     void backOff(const std::string& address, std::chrono::seconds wanted);
 
     LocalStore& store_;
@@ -64,8 +64,9 @@ std::string failureText(const kit::FetchError& error, const std::string& notFoun
 template <class T>
 boost::asio::awaitable<kit::CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T> file) {
     co_await boost::asio::this_coro::throw_if_cancelled(false);
-    if (const auto pause = pauseText(file.address)) co_return notAsked(file, *pause);
-    if (isRefused(file.name, file.credential)) co_return notAsked(file, file.refusedText);
+    if (const auto pause = pauseText(file.address))
+        co_return notAsked(file, file.title + ": " + *pause);
+    if (isRefused(file.address, file.credential)) co_return notAsked(file, file.refusedText);
     if (wasAskedWithin(file.name, file.leastInterval)) co_return cache_.read(file);
     std::optional<kit::FetchedFile<T>> fetched;
     try {
@@ -75,17 +76,21 @@ boost::asio::awaitable<kit::CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T>
     }
     if (fetched->value) {
         auto cached = accept(file, *fetched);
-        if (file.complete && !cached.error) co_await file.complete(store_, http_, clock_);
+        if (file.complete && !cached.error) {
+            const auto refusal = co_await file.complete(store_, http_, clock_);
+            backOff(file.address, refusal.pause);
+            if (refusal.status == 401) setRefused(file.address, file.credential);
+        }
         co_return cached;
     }
     if (fetched->retryAfter) backOff(file.address, *fetched->retryAfter);
     const auto& error = fetched->value.error();
-    if (isOurFault(error)) co_return notAsked(file, error.description());
+    if (isOurFault(error)) co_return notAsked(file, file.title + ": " + error.description());
     if (file.pausesWhenForbidden && hasStatus(error, 403))
         backOff(file.address, HostBackoff::kLongest);
     if (!file.credential.empty() && hasStatus(error, 401)) {
         // The next credential is not to wait for the least interval.
-        setRefused(file.name, file.credential);
+        setRefused(file.address, file.credential);
         co_return notAsked(file, file.refusedText);
     }
     co_return failed(file, failureText(error, file.notFoundText, file.untrustedHint));
@@ -126,9 +131,9 @@ kit::CachedValue<T> TrackerFetcher::failed(const TrackedFile<T>& file, const std
 /// The failure is not counted against the tracker.
 template <class T>
 kit::CachedValue<T> TrackerFetcher::notAsked(const TrackedFile<T>& file,
-                                             const std::string& reason) {
+                                             const std::string& sentence) {
     auto cached = cache_.read(file);
-    cached.error = file.title + ": " + reason;
+    cached.error = sentence;
     return cached;
 }
 

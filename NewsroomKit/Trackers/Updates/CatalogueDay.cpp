@@ -82,4 +82,9 @@ sys_days newYorkDay(Instant instant) {
     return floor<days>(instant + newYorkOffset(instant.time_since_epoch(), Clocks::greenwich));
 }
 
+minutes newYorkClock(Instant instant) {
+    const auto shown = instant + newYorkOffset(instant.time_since_epoch(), Clocks::greenwich);
+    return floor<minutes>(shown - floor<days>(shown));
+}
+
 }  // namespace kit

@@ -15,4 +15,7 @@ std::optional<Instant> catalogueDay(std::string_view text);
 /// The day of New York's calendar in which the instant lies.
 std::chrono::sys_days newYorkDay(Instant instant);
 
+/// What New York's clocks show then, since midnight.
+std::chrono::minutes newYorkClock(Instant instant);
+
 }  // namespace kit
