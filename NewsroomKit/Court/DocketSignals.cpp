@@ -42,6 +42,35 @@ std::string plainCaseNumber(std::string_view number) {
     return lowercasedASCII(number.substr(0, end));
 }
 
+/// What another feed has of an entry.
+enum class Elsewhere { absent, stub, text };
+
+/// Whether the entries are stubs wherever they are listed.
+std::unordered_map<std::string, bool> stubsByIdentity(std::span<const DocketEntry> entries) {
+    std::unordered_map<std::string, bool> stubs;
+    for (const auto& entry : entries) {
+        if (const auto identity = entryIdentity(entry)) {
+            auto& isStubThere = stubs.try_emplace(*identity, true).first->second;
+            isStubThere = isStubThere && isStub(entry);
+        }
+    }
+    return stubs;
+}
+
+std::size_t countAlike(const DocketEntry& entry, std::span<const DocketEntry> entries) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        entries, [&](const DocketEntry& other) { return areAlike(entry, other); }));
+}
+
+Elsewhere alikeElsewhere(const DocketEntry& entry, std::size_t before,
+                         std::span<const DocketEntry> entries) {
+    if (countAlike(entry, entries) <= before) return Elsewhere::absent;
+    const bool hasText = std::ranges::any_of(entries, [&](const DocketEntry& other) {
+        return areAlike(entry, other) && !isStub(other);
+    });
+    return hasText ? Elsewhere::text : Elsewhere::stub;
+}
+
 Signal docketSignal(const DocketChange& change, std::string_view readAt, Instant now) {
     const auto& entry = change.entry;
     const bool isReadable = change.what == DocketChange::What::readable;
@@ -71,19 +100,36 @@ std::optional<std::string> entryIdentity(const DocketEntry& entry) {
                        plainCaseNumber(*entry.caseNumber), *entry.number);
 }
 
+bool areAlike(const DocketEntry& one, const DocketEntry& other) {
+    constexpr std::chrono::hours apart{36};
+    if (one.number || other.number || one.court != other.court) return false;
+    if (!one.caseNumber || !other.caseNumber || !one.date || !other.date) return false;
+    if (plainCaseNumber(*one.caseNumber) != plainCaseNumber(*other.caseNumber)) return false;
+    if (*one.date - *other.date > apart || *other.date - *one.date > apart) return false;
+    const auto kind = lowercasedASCII(one.kind);
+    const auto otherKind = lowercasedASCII(other.kind);
+    return kind.starts_with(otherKind) || otherKind.starts_with(kind);
+}
+
 std::vector<DocketChange> newBeside(std::span<const DocketChange> changes,
+                                    std::span<const DocketEntry> known,
                                     std::span<const DocketEntry> elsewhere) {
-    std::unordered_map<std::string, bool> isStubThere;
-    for (const auto& entry : elsewhere) {
-        if (const auto identity = entryIdentity(entry))
-            isStubThere.try_emplace(*identity, true).first->second &= isStub(entry);
-    }
+    const auto numbered = stubsByIdentity(elsewhere);
+    std::vector<DocketEntry> listed(known.begin(), known.end());
     std::vector<DocketChange> news;
     for (auto change : changes) {
         const auto identity = entryIdentity(change.entry);
-        const auto there = identity ? isStubThere.find(*identity) : isStubThere.end();
-        if (there != isStubThere.end()) {
-            if (!there->second || isStub(change.entry)) continue;
+        auto there = Elsewhere::absent;
+        if (!identity) {
+            // Of several alike on one day, each stands for one that the other feed has.
+            there = alikeElsewhere(change.entry, countAlike(change.entry, listed), elsewhere);
+            if (change.what == DocketChange::What::added) listed.push_back(change.entry);
+        } else if (const auto found = numbered.find(*identity); found != numbered.end()) {
+            there = found->second ? Elsewhere::stub : Elsewhere::text;
+        }
+        if (there == Elsewhere::text) continue;
+        if (there == Elsewhere::stub) {
+            if (isStub(change.entry)) continue;
             if (change.what == DocketChange::What::added)
                 change.what = DocketChange::What::readable;
         }
@@ -92,8 +138,12 @@ std::vector<DocketChange> newBeside(std::span<const DocketChange> changes,
     return news;
 }
 
+bool isOfCourtsFeed(const DocketEntry& entry) {
+    return entry.key.find(".uscourts.gov/") != std::string::npos;
+}
+
 bool isStub(const DocketEntry& entry) {
-    return entry.text.empty() || equalIgnoringCase(entry.text, entry.kind);
+    return entry.text.empty() || isOfCourtsFeed(entry) || equalIgnoringCase(entry.text, entry.kind);
 }
 
 std::vector<DocketChange> docketChanges(std::span<const DocketEntry> known,

@@ -35,13 +35,20 @@ std::vector<DocketChange> docketChanges(std::span<const DocketEntry> known,
 /// entries without one of them.
 std::optional<std::string> entryIdentity(const DocketEntry& entry);
 
+/// Whether entries without a number can be the same one: of one case, a day and a half apart at
+/// most, one's kind the begin of the other's.
+bool areAlike(const DocketEntry& one, const DocketEntry& other);
+
 /// The changes that are news although other feeds have listed the entries in `elsewhere`: those
-/// that they lack, and texts of entries that are stubs there.
+/// that they lack, and texts of entries that are stubs there. `known` are this feed's.
 std::vector<DocketChange> newBeside(std::span<const DocketChange> changes,
+                                    std::span<const DocketEntry> known,
                                     std::span<const DocketEntry> elsewhere);
 
-/// Whether the entry says no more than its kind.
+/// Whether the entry says no more than its kind. Those of courts' own feeds never do: they name
+/// events.
 bool isStub(const DocketEntry& entry);
+bool isOfCourtsFeed(const DocketEntry& entry);
 
 /// New entries and those that became readable, each told once. `readAt` is the address of the
 /// feed.

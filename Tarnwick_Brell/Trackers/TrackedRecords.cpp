@@ -80,7 +80,7 @@ void recordDockets(LocalStore& store, const FeedOrigin& feed, bool isFirst,
                                    .record = boost::json::serialize(kit::encode(entry))});
     }
     if (isFirst && known.empty()) return;
-    const auto news = kit::newBeside(changes, entriesElsewhere(store, feed.name, changes));
+    const auto news = kit::newBeside(changes, known, entriesElsewhere(store, feed.name, changes));
     store.signalLog().add(kit::signalsOf(news, feed.address, now));
 }
 

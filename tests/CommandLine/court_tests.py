@@ -31,6 +31,12 @@ class Court(unittest.TestCase):
         library.close()
         return [row[0] for row in rows]
 
+    def move_back(self, column):
+        library = sqlite3.connect(next(self.desk.folder.rglob("library*")))
+        with library:
+            library.execute(f"UPDATE {column} - 3600000000")
+        library.close()
+
     def test_entries_are_told_once_and_none_on_the_first_look(self):
         self.assertIn("No case is followed yet", self.desk.run("court").stdout + self.desk.run("court").stderr)
         self.go_to(1)
@@ -72,6 +78,18 @@ class Court(unittest.TestCase):
         feed = self.desk.json("court")["feeds"][0]
         self.assertEqual((feed["partial"], "silentSince" in feed), (True, False))
 
+    def test_an_entry_of_a_docket_and_of_its_courts_feed_is_told_once(self):
+        self.go_to(1)
+        self.desk.run("court", "follow", CASE)
+        self.desk.run("court", "add", COURT, "--name", "Northern California")
+        self.desk.run("court")
+        for minute in (61, 61, 100, 100):
+            self.go_to(minute)
+            self.desk.run("court")
+        self.assertEqual(self.told("docket"), [
+            "Low Water Games LLC v. Apple Inc., entry 31: Order on Motion.",
+            "Low Water Games LLC v. Apple Inc., entry 31: now readable: ORDER granting in part 18 Motion to Dismiss."])
+
     def test_what_fails_leaves_the_last_good_answer_and_tells_nothing(self):
         self.go_to(1)
         self.desk.run("court", "follow", CASE)
@@ -105,17 +123,21 @@ class Court(unittest.TestCase):
         log.close()
         self.desk.run("settings", "courtListenerToken", "0123456789abcdef")
         self.go_to(1)
+        self.go_to(1, "--misbehave", "court=busy:150")
+        self.assertIn("Too many requests", self.desk.run("court", "--new", status=1).stderr.replace("429", "Too many requests"))
+        self.move_back("trackerHealth SET lastAttempt = lastAttempt")
+        self.assertIn("Try again in 3 min.", self.desk.run("court", "--new", status=1).stderr)
+        self.move_back("trackerHealth SET lastAttempt = lastAttempt")
+        self.move_back("hostPauses SET until = until")
+        self.go_to(1)
         text = self.desk.run("court", "--new").stdout
-        self.assertRegex(text, r"Low Water Games LLC v\. .* 70410111 ")
+        self.assertRegex(text, r"Low Water Games LLC v\. .* 70410111 ", "it is on the second page")
         self.assertNotIn("Oak", text)
         self.assertEqual(self.told("docket"), [])
         self.go_to(100)
         self.desk.run("court", "--new")
         self.assertEqual(self.told("docket"), [], "it was asked within the last half hour")
-        library = sqlite3.connect(next(self.desk.folder.rglob("library*")))
-        with library:
-            library.execute("UPDATE trackerHealth SET lastAttempt = lastAttempt - 3600000000")
-        library.close()
+        self.move_back("trackerHealth SET lastAttempt = lastAttempt")
         for _ in range(2):
             self.desk.run("court", "--new")
         self.assertEqual(self.told("docket"), ["A new case: Ash Displays Ltd v. Apple Inc. (District Court, txwd)."])
