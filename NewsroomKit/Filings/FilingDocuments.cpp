@@ -68,8 +68,10 @@ std::optional<FilingDocument> documentInRow(const PageTree& page, PageTree::Inde
 bool isFormality(std::string_view line) {
     constexpr std::size_t fewestWords = 4;
     constexpr std::size_t longest = 240;
-    constexpr std::array starts{"exhibit", "ex-",    "document",         "for immediate", "contact",
-                                "phone",   "p.o. b", "united states se", "form ",         "item "};
+    constexpr std::array starts{
+        "exhibit", "ex-",    "document",         "for immediate",       "contact",
+        "phone",   "p.o. b", "united states se", "securities and exch", "form ",
+        "item "};
     const auto words = static_cast<std::size_t>(std::ranges::count(line, ' ')) + 1;
     if (words < fewestWords || line.size() > longest || isASCIIDigit(line.front())) return true;
     const auto lower = lowercasedASCII(line);

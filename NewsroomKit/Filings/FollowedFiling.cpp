@@ -32,8 +32,10 @@ SignalEvent eventOf(const FollowedFiling& followed) {
 std::string titleOf(const FollowedFiling& followed, std::string_view company) {
     if (followed.trades) return fmt::format("{}: {}", company, followed.trades->sentence);
     if (followed.notice) return fmt::format("{}: {}", company, noticeSentence(*followed.notice));
-    return fmt::format("{}: {} (form {}).", company, filingWords(followed.filing),
-                       followed.filing.form);
+    auto words = filingWords(followed.filing);
+    if (followed.release && !followed.release->title.empty())
+        words += ": " + followed.release->title;
+    return fmt::format("{}: {} (form {}).", company, words, followed.filing.form);
 }
 
 std::string itemsInWords(const Filing& filing) {

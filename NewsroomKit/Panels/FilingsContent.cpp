@@ -118,6 +118,13 @@ bool isSameText(const FollowedFiling& filing, const PressRelease& release) {
     });
 }
 
+const FollowedFiling* filingOf(const std::vector<FollowedFiling>& filings,
+                               const PressRelease& release) {
+    const auto found = std::ranges::find_if(
+        filings, [&](const FollowedFiling& filing) { return isSameText(filing, release); });
+    return found == filings.end() ? nullptr : &*found;
+}
+
 bool isCompanyNamed(std::int64_t cik, std::string_view words) {
     if (words.empty()) return true;
     const auto* const company = filingCompany(cik);

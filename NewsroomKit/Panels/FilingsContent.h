@@ -94,4 +94,8 @@ std::optional<FilingRecord> filingRecord(const std::vector<FollowedFiling>& fili
 /// day, under the same title.
 bool isSameText(const FollowedFiling& filing, const PressRelease& release);
 
+/// The filing with the text of a press release; null when there is none.
+const FollowedFiling* filingOf(const std::vector<FollowedFiling>& filings,
+                               const PressRelease& release);
+
 }  // namespace kit

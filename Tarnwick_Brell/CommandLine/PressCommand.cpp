@@ -1,10 +1,12 @@
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "NewsroomKit/Addresses/URLRedaction.h"
+#include "NewsroomKit/Panels/FilingsContent.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/CourtActions.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
@@ -13,6 +15,7 @@
 #include "Tarnwick_Brell/CommandLine/TimeArgument.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
+#include "Tarnwick_Brell/Trackers/FilingRecords.h"
 #include "Tarnwick_Brell/Trackers/TrackedRecords.h"
 
 namespace cli {
@@ -34,7 +37,16 @@ struct PressOptions {
 struct PressView {
     NamedReadings<PressSheet> readings;
     std::vector<app::SeenRelease> releases;
+    std::vector<kit::FollowedFiling> filings;  ///< which may have the same texts
 };
+
+/// Those that releases since then can have the texts of.
+std::vector<kit::FollowedFiling> filingsIn(app::LocalStore& store,
+                                           std::optional<kit::Instant> since) {
+    constexpr std::size_t most = 2'000;
+    if (since) *since -= std::chrono::days(1);
+    return app::followedFilings(store.filings().newest(most, {}, since));
+}
 
 PressView readPress(Session& session, const PressOptions& options,
                     std::optional<kit::Instant> since) {
@@ -50,12 +62,13 @@ PressView readPress(Session& session, const PressOptions& options,
     };
     if (options.stored) {
         auto readings = fetchOrLoadEach<PressSheet>(session, true, names, fileOf);
-        return {std::move(readings), releasesIn(session.storeForReading())};
+        auto& store = session.storeForReading();
+        return {std::move(readings), releasesIn(store), filingsIn(store, since)};
     }
     BlockingFetcher fetcher(session.network(), kit::Conditional::no);
     return session.storing([&](app::LocalStore& store) {
         auto readings = fetchEach<PressSheet>(session, fetcher, store, names, fileOf);
-        return PressView{std::move(readings), releasesIn(store)};
+        return PressView{std::move(readings), releasesIn(store), filingsIn(store, since)};
     });
 }
 
@@ -69,24 +82,28 @@ boost::json::object pressFeedObject(const NamedReading<PressSheet>& file) {
     return object;
 }
 
-boost::json::object releaseObject(const app::SeenRelease& seen) {
+boost::json::object releaseObject(const PressView& view, const app::SeenRelease& seen) {
     auto object = kit::encode(seen.release).get_object();
     object["feed"] = seen.feed;
     object["firstSeen"] = kit::encode(seen.firstSeen);
+    if (const auto* const filing = kit::filingOf(view.filings, seen.release))
+        object["filing"] = filing->filing.accession;
     return object;
 }
 
-void printPress(Session& session, const std::vector<app::SeenRelease>& releases) {
-    if (releases.empty()) {
-        session.out().line("No release of Apple or of a company on the board has been seen yet.");
+void printPress(Session& session, const PressView& view) {
+    if (view.releases.empty()) {
+        session.out().line(
+            "No release of Apple or of a company that is followed has been seen yet.");
         return;
     }
-    TextTable table(
-        {Column::whole("published"), Column::cut("company", 12), Column::cut("release", 24)});
-    for (const auto& [release, feed, firstSeen] : releases) {
+    TextTable table({Column::whole("published"), Column::cut("company", 12),
+                     Column::cut("release", 24), Column::whole("also filed").dropped(1)});
+    for (const auto& [release, feed, firstSeen] : view.releases) {
+        const auto* const filing = kit::filingOf(view.filings, release);
         table.add({momentText(release.published.value_or(firstSeen)),
                    printable(release.company.value_or(release.symbol.value_or(""))),
-                   printable(release.title)});
+                   printable(release.title), filing ? printable(filing->filing.form) : ""});
     }
     table.print(session.out());
 }
@@ -99,11 +116,11 @@ int showPress(Session& session, const PressOptions& options) {
     if (session.options().json) {
         boost::json::array feeds, releases;
         for (const auto& file : view.readings) feeds.push_back(pressFeedObject(file));
-        for (const auto& seen : view.releases) releases.push_back(releaseObject(seen));
+        for (const auto& seen : view.releases) releases.push_back(releaseObject(view, seen));
         session.out().line(boost::json::serialize(
             boost::json::object{{"feeds", std::move(feeds)}, {"releases", std::move(releases)}}));
     } else {
-        printPress(session, view.releases);
+        printPress(session, view);
     }
     return finishTrackers(session, options.stored, fetchStatesOf(view.readings));
 }

@@ -25,6 +25,8 @@ constexpr std::size_t kMostForms = 8;
 constexpr std::size_t kMostOldForms = 2;
 constexpr std::size_t kMostExhibits = 4;
 constexpr std::chrono::days kExhibitWanted{3};
+// A desk that was ended in between tells of it when it runs again.
+constexpr std::chrono::days kEventTold{30};
 
 /// Nothing when the answer is there, or never will be.
 std::optional<ServerRefusal> refusalIn(const kit::FetchError& error,
@@ -98,6 +100,7 @@ awaitable<void> readExhibits(LocalStore& store, FilingsAPI api, std::int64_t com
     std::erase_if(filings, [&](const FollowedFiling& followed) {
         return !followed.awaitsDocuments || clock() - followed.seenAt > kExhibitWanted;
     });
+    std::ranges::stable_partition(filings, &FollowedFiling::isNews);
     if (filings.size() > kMostExhibits) filings.resize(kMostExhibits);
     for (const auto& followed : filings) {
         auto pageFile = filingPageFile(followed, api.contact);
@@ -108,18 +111,37 @@ awaitable<void> readExhibits(LocalStore& store, FilingsAPI api, std::int64_t com
     }
 }
 
+/// With the titles of their press releases, or without those that can't be had now. The log
+/// ignores what it has.
+void tellEvents(LocalStore& store, std::int64_t company, kit::Instant now) {
+    auto events = filingsOf(store, company);
+    std::erase_if(events, [&](const FollowedFiling& followed) {
+        return !followed.isNews || !kit::hasPressExhibit(followed.filing) ||
+               now - followed.seenAt > kEventTold;
+    });
+    if (events.empty()) return;
+    auto transaction = store.transaction();
+    for (const auto& followed : events) tellFiling(store, followed, now);
+    transaction.commit();
+}
+
+/// Whether the server wants to be asked nothing more, whatever it is.
+bool endsRound(const std::optional<ServerRefusal>& refusal) {
+    return refusal && (refusal->status != 0 || refusal->pause.count() > 0);
+}
+
 }  // namespace
 
 awaitable<ServerRefusal> completeFilings(LocalStore& store, FilingsAPI api, std::int64_t company,
                                          kit::Clock clock) {
-    if (isFilingListDue(store, company, filingsOf(store, company), clock())) {
-        const auto refusal = co_await readList(store, api, company, clock);
-        if (refusal) co_return *refusal;
-    }
-    const auto refusal = co_await readForms(store, api, company, clock);
-    if (refusal) co_return *refusal;
     co_await readExhibits(store, api, company, clock);
-    co_return ServerRefusal{};
+    tellEvents(store, company, clock());
+    const auto forms = co_await readForms(store, api, company, clock);
+    if (endsRound(forms)) co_return *forms;
+    if (!isFilingListDue(store, company, filingsOf(store, company), clock()))
+        co_return ServerRefusal{};
+    const auto list = co_await readList(store, api, company, clock);
+    co_return list.value_or(ServerRefusal{});
 }
 
 }  // namespace app

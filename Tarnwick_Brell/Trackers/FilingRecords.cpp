@@ -107,7 +107,7 @@ void recordFilingFeed(LocalStore& store, std::int64_t company, const std::vector
             continue;
         }
         putFiling(store, followed);
-        tellFiling(store, followed, now);
+        if (!followed.awaitsDocuments) tellFiling(store, followed, now);
     }
     if (!isFirst) wantListAfterGap(store, company, known, filings);
 }
@@ -132,7 +132,7 @@ void recordFilingList(LocalStore& store, std::int64_t company, const std::vector
                                       .awaitsForm = !isFirst && isInsidersForm(filing),
                                       .awaitsDocuments = !isFirst && kit::hasPressExhibit(filing)};
         putFiling(store, followed);
-        tellFiling(store, followed, now);
+        if (!followed.awaitsDocuments) tellFiling(store, followed, now);
     }
     store.state().set(listKey(company), now);
 }

@@ -25,7 +25,8 @@ std::vector<kit::FollowedFiling> filingsOf(LocalStore& store, std::int64_t compa
 /// Stores a filing, in place of what was known of it.
 void putFiling(LocalStore& store, const kit::FollowedFiling& followed);
 
-/// Logs the signal of a filing that is news. A form of insiders is told once it has been read.
+/// Logs the signal of a filing that is news, once. A form of insiders is told once it has been
+/// read.
 void tellFiling(LocalStore& store, const kit::FollowedFiling& followed, kit::Instant now);
 
 /// Records the newest filings of a company. New is what has a new accession number; nothing is

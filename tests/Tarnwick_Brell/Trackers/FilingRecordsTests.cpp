@@ -73,7 +73,7 @@ TEST_F(FilingRecords, AFeedWithoutAnyKnownFilingHasLeftSomeOut) {
     for (int number = 10; number < 50; ++number) many.push_back(filing(number));
     recordFilingFeed(store_, kit::appleCIK, many, begin + minutes(5));
     EXPECT_TRUE(isListDue(begin + minutes(5)));
-    many.push_back(filing(5, "8-K"));
+    many.push_back(filing(5, "10-K"));
     recordFilingList(store_, kit::appleCIK, many, begin + minutes(6));
     EXPECT_EQ(told().size(), 41U);
 }
