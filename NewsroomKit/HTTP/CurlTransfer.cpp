@@ -321,6 +321,7 @@ TransportAnswer CurlTransfer::answer() const {
     TransportAnswer answer{.status = status(),
                            .bytesOnWire = static_cast<std::uint64_t>(bodyBytes + headBytes),
                            .cameFromPublic = seenPublic_};
+    if (const char* url = info<const char*>(easy, CURLINFO_EFFECTIVE_URL)) answer.url = url;
     const auto pause = info<curl_off_t>(easy, CURLINFO_RETRY_AFTER);
     if ((answer.status == 429 || answer.status == 503) && pause > 0) {
         answer.retryAfter = std::chrono::seconds(pause);

@@ -39,6 +39,7 @@ struct TransportRequest {
 struct TransportAnswer {
     std::optional<FetchError> failure = {};  ///< a status other than 304 outside 2xx is one
     int status = 0;                          ///< of the last answer; 0 when there was none
+    std::string url = {};                    ///< where the last answer came from
     std::string body = {};                   ///< decoded; only when nothing failed
     Validators validators = {};
     ResponseHeaders headers = {};  ///< of the last answer, also when it is a failure

@@ -107,6 +107,7 @@ asio::awaitable<FetchResult<HTTPClient::Result>> HTTPClient::attempt(const Reque
     if (configuration_.isPaced && request.pace.count() > 0) co_await waitForTurn(request.pace);
     auto answer = co_await performAndFollow(transportRequest(request));
     record.status = answer.status;
+    record.url = std::move(answer.url);
     record.bytesOnWire += answer.bytesOnWire;
     // The first attempt's Retry-After still holds when the second attempt fails in another way.
     if (answer.retryAfter || !answer.failure) record.retryAfter = answer.retryAfter;

@@ -80,6 +80,7 @@ public:
     struct Record {
         int attempts = 0;
         int status = 0;                        ///< of the last answer; 0 when there was none
+        std::string url = {};                  ///< where the last answer came from
         std::uint64_t bytesOnWire = 0;         ///< of all attempts
         std::chrono::microseconds elapsed{0};  ///< all attempts and the pause between
         /// How long the server asks clients to wait (429 and 503).
