@@ -39,6 +39,9 @@ enum class SignalEvent {
     backendFinding,
     backendRemoval,     ///< of what was there for long
     backendIdentifier,  ///< of a device that no file has named before
+    pageChanged,
+    pageReturned,    ///< to an earlier text
+    pageUnreadable,  ///< several looks in a row have failed
 };
 
 struct SignalEventRow {
@@ -80,6 +83,9 @@ inline constexpr std::array kSignalEvents{
     SignalEventRow{SignalEvent::backendFinding, SignalKind::backend, SignalWeight::notable},
     SignalEventRow{SignalEvent::backendRemoval, SignalKind::backend, SignalWeight::routine},
     SignalEventRow{SignalEvent::backendIdentifier, SignalKind::backend, SignalWeight::major},
+    SignalEventRow{SignalEvent::pageChanged, SignalKind::page, SignalWeight::notable},
+    SignalEventRow{SignalEvent::pageReturned, SignalKind::page, SignalWeight::notable},
+    SignalEventRow{SignalEvent::pageUnreadable, SignalKind::page, SignalWeight::routine},
 };
 
 static_assert(
