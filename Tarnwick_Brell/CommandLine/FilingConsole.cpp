@@ -16,10 +16,6 @@ namespace {
 using Filings = std::vector<kit::Filing>;
 using FilingFile = app::TrackedFile<Filings>;
 
-// Ten companies file some thousand documents a year.
-constexpr std::size_t kMostFilings = 20'000;
-constexpr std::size_t kMostReleases = 2'000;
-
 std::vector<FilingFile> filesNamed(const std::string& company, const std::string& contact) {
     auto files = app::filingFiles(contact);
     std::erase_if(files, [&](const FilingFile& file) {
@@ -47,14 +43,23 @@ std::vector<FetchState> statesOf(const std::vector<FilingFile>& files,
 }
 
 FilingView viewOf(app::LocalStore& store, std::vector<FetchState> states) {
-    FilingView view{
-        std::move(states), app::followedFilings(store.filings().newest(kMostFilings)), {}};
-    for (auto& seen : app::seenReleases(store.pressReleases().newest(kMostReleases)))
-        view.releases.push_back(std::move(seen.release));
+    auto view = storedFilings(store);
+    view.states = std::move(states);
     return view;
 }
 
 }  // namespace
+
+FilingView storedFilings(app::LocalStore& store) {
+    // Ten companies file some thousand documents a year.
+    constexpr std::size_t mostFilings = 20'000;
+    constexpr std::size_t mostReleases = 2'000;
+    FilingView view;
+    view.filings = app::followedFilings(store.filings().newest(mostFilings));
+    for (auto& seen : app::seenReleases(store.pressReleases().newest(mostReleases)))
+        view.releases.push_back(std::move(seen.release));
+    return view;
+}
 
 std::string requiredContact(Session& session) {
     auto contact = session.defaults().contactAddress();

@@ -16,6 +16,9 @@ struct FilingView {
     std::vector<kit::PressRelease> releases;  ///< of wires, which may carry the same texts
 };
 
+/// All that the library holds, without states.
+FilingView storedFilings(app::LocalStore& store);
+
 /// Fetches the feeds of the companies that `company` names, or only loads what they have listed.
 /// Throws WorkFailed when the SEC may not be asked, or when nothing has ever been fetched.
 FilingView readFilings(Session& session, bool isStored, const std::string& company);

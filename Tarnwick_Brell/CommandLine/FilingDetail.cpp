@@ -13,9 +13,7 @@
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Presentation/FilingText.h"
-#include "Tarnwick_Brell/Trackers/FilingRecords.h"
 #include "Tarnwick_Brell/Trackers/TrackedFilings.h"
-#include "Tarnwick_Brell/Trackers/TrackedRecords.h"
 
 namespace cli {
 
@@ -27,8 +25,6 @@ using kit::FilingText;
 using kit::FollowedFiling;
 
 constexpr std::size_t kWidestFiling = 88;
-constexpr std::size_t kMostFilings = 20'000;
-constexpr std::size_t kMostReleases = 2'000;
 
 struct ReadFiling {
     FilingRecord record;
@@ -44,28 +40,19 @@ const FilingDocument* documentOf(const std::vector<FilingDocument>& documents,
     return found == documents.end() ? nullptr : &*found;
 }
 
-FollowedFiling requiredFiling(app::LocalStore& store, const std::string& accession) {
-    for (auto& followed : app::followedFilings(store.filings().newest(kMostFilings))) {
-        if (followed.filing.accession == accession) return std::move(followed);
+FollowedFiling requiredFiling(const FilingView& view, const std::string& accession) {
+    for (const auto& followed : view.filings) {
+        if (followed.filing.accession == accession) return followed;
     }
     throw WorkFailed("No filing with the number " + accession +
                      " has been seen. brell filings --json shows the numbers.");
-}
-
-FilingRecord recordOf(app::LocalStore& store, const std::string& accession) {
-    std::vector<kit::PressRelease> releases;
-    for (auto& seen : app::seenReleases(store.pressReleases().newest(kMostReleases)))
-        releases.push_back(std::move(seen.release));
-    return kit::filingRecord(app::followedFilings(store.filings().newest(kMostFilings)), accession,
-                             releases)
-        .value();
 }
 
 /// `get` fetches a file, or only loads it.
 template <class Get>
 ReadFiling readFiling(app::LocalStore& store, const FilingDetailOptions& options,
                       const std::string& contact, const Get& get) {
-    const auto followed = requiredFiling(store, options.accession);
+    const auto followed = requiredFiling(storedFilings(store), options.accession);
     ReadFiling read;
     const auto page = get(app::filingPageFile(followed, contact));
     read.failure = page.error;
@@ -76,7 +63,8 @@ ReadFiling readFiling(app::LocalStore& store, const FilingDetailOptions& options
     } else if (!options.document.empty() && !documents.empty()) {
         throw WorkFailed("The filing has no document " + options.document + ".");
     }
-    read.record = recordOf(store, options.accession);
+    const auto view = storedFilings(store);
+    read.record = kit::filingRecord(view.filings, options.accession, view.releases).value();
     return read;
 }
 
