@@ -144,7 +144,6 @@ std::vector<FilingRow> filingRows(const std::vector<FollowedFiling>& filings,
     for (const auto& followed : filings) {
         if (!isWanted(followed, filter)) continue;
         auto row = filingRow(followed, releases);
-        if (filter.isWeighty && row.weight == SignalWeight::routine) continue;
         row.isAmended = amended.contains(followed.filing.accession);
         rows.push_back(std::move(row));
     }

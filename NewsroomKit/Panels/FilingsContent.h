@@ -32,7 +32,6 @@ struct FilingFilter {
     std::string company{};  ///< a part of its name, or its symbol; empty for all
     std::string form{};     ///< exactly, or without "/A"; empty for all
     std::optional<Instant> since{};
-    bool isWeighty = false;  ///< without routine ones
 };
 
 /// The last accepted first.

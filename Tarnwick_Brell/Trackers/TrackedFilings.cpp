@@ -125,6 +125,8 @@ std::vector<TrackedFile<Filings>> filingFiles(const std::string& contact) {
     return files;
 }
 
+std::string filingListAddress() { return FilingsAPI::listAddress(kit::appleCIK); }
+
 TrackedFile<FilingDocuments> filingPageFile(const FollowedFiling& followed,
                                             const std::string& contact) {
     const auto& accession = followed.filing.accession;

@@ -18,6 +18,9 @@ inline constexpr std::string_view kNoContactAddress =
 /// The feed of each company that files. Nothing is asked without the user's mail address.
 std::vector<TrackedFile<std::vector<kit::Filing>>> filingFiles(const std::string& contact);
 
+/// The list of one of the companies, which is read once a day. Its host is not that of the feeds.
+std::string filingListAddress();
+
 /// The page that lists a filing's documents, which become part of what is known of it.
 TrackedFile<std::vector<kit::FilingDocument>> filingPageFile(const kit::FollowedFiling& followed,
                                                              const std::string& contact);

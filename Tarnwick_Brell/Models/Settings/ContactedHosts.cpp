@@ -39,6 +39,14 @@ public:
         addTime(*host, fetchedAt);
     }
 
+    /// What a tracker asks besides its files.
+    void addAddress(const std::string& address, Tracker tracker, minutes interval) {
+        auto* host = hostOf(address);
+        if (!host) return;
+        host->trackers.insert(tracker);
+        addInterval(*host, interval);
+    }
+
     std::map<std::string, ContactedHost> take() { return std::move(hosts_); }
 
 private:
@@ -87,6 +95,8 @@ std::map<std::string, ContactedHost> contactedHosts(const DeskStores& stores,
         hosts.addFile(files.chart(row.value), trackers.chart(row.value).fetchedAt);
     for (const auto& file : filingFiles(defaults.contactAddress()))
         hosts.addFile(file, trackers.valueOf(file).fetchedAt);
+    if (!defaults.contactAddress().empty())
+        hosts.addAddress(filingListAddress(), Tracker::filings, std::chrono::days(1));
     const FollowedFeeds followed(stores.defaults);
     for (const auto& file : docketFiles(followed))
         hosts.addFile(file, trackers.valueOf(file).fetchedAt);
