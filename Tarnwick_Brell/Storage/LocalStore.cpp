@@ -79,7 +79,9 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       docketEntries_(database_, "docketEntries"),
       courtCases_(database_, "courtCases"),
       pressReleases_(database_, "pressReleases"),
-      findings_(database_) {
+      findings_(database_),
+      followedPages_(database_, "followedPages"),
+      pages_(database_) {
     if (access == Database::Access::readWrite) {
         if (isOutdated(database_)) {
             const auto earlier = version();

@@ -14,6 +14,7 @@
 #include "Tarnwick_Brell/Storage/Histories/IncidentLog.h"
 #include "Tarnwick_Brell/Storage/Tables/MarkTable.h"
 #include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
+#include "Tarnwick_Brell/Storage/Histories/PageHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/RecordHistory.h"
 #include "Tarnwick_Brell/Storage/Tables/RecordTable.h"
 #include "Tarnwick_Brell/Storage/Tables/SearchIndex.h"
@@ -68,6 +69,8 @@ public:
     RecordHistory& courtCases() { return courtCases_; }
     RecordHistory& pressReleases() { return pressReleases_; }
     FindingHistory& findings() { return findings_; }
+    RecordTable& followedPages() { return followedPages_; }
+    PageHistory& pages() { return pages_; }
 
     std::int64_t version();
 
@@ -107,6 +110,8 @@ private:
     RecordHistory courtCases_;
     RecordHistory pressReleases_;
     FindingHistory findings_;
+    RecordTable followedPages_;
+    PageHistory pages_;
     std::int64_t dataVersion_ = 0;
 };
 

@@ -104,6 +104,35 @@ constexpr const char* kBackendTables = R"sql(
     );
 )sql";
 
+// Pages that the user follows, what their watch remembers, and the texts that they had. Pages that
+// only panels follow have no record of their own. See PageHistory.
+constexpr const char* kPageTables = R"sql(
+    CREATE TABLE IF NOT EXISTS followedPages (
+        id TEXT PRIMARY KEY,
+        rank TEXT NOT NULL,
+        record TEXT NOT NULL,
+        removedAt INTEGER
+    );
+    CREATE TABLE IF NOT EXISTS pageWatches (
+        address TEXT PRIMARY KEY,
+        state BLOB NOT NULL,
+        blocks BLOB NOT NULL,
+        candidate BLOB NOT NULL,
+        lookedAt INTEGER NOT NULL,
+        nextLook INTEGER NOT NULL
+    );
+    CREATE TABLE IF NOT EXISTS pageRevisions (
+        number INTEGER PRIMARY KEY,
+        address TEXT NOT NULL,
+        seenAt INTEGER NOT NULL,
+        isChange INTEGER NOT NULL,
+        record TEXT NOT NULL,
+        blocks BLOB NOT NULL,
+        html BLOB NOT NULL
+    );
+    CREATE INDEX IF NOT EXISTS pageRevisionsByPage ON pageRevisions (address, number);
+)sql";
+
 // The text of stories' pages for some weeks, as it is and as it was before it last changed.
 constexpr const char* kArticleTables = R"sql(
     CREATE TABLE IF NOT EXISTS articles (
@@ -128,6 +157,7 @@ void completeVersion9(Database& database) {
     database.execute(kClaimAnswers);
     database.execute(kFeedRecordTables);
     database.execute(kBackendTables);
+    database.execute(kPageTables);
     logPast(database);
 }
 
