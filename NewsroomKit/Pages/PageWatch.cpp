@@ -22,6 +22,8 @@ constexpr std::size_t mostLengths = 5;
 constexpr double leastTextLeft = 0.4;
 /// Servers are known to send old copies for two days, now and then.
 constexpr std::chrono::hours beliefTime{24};
+/// Looks that people ask for within a minute don't make a failure last.
+constexpr std::chrono::hours failureTime{1};
 /// So many fetches in a row that all differ show that a page differs each time.
 constexpr std::int64_t fetchesToLearn = 3;
 /// What differs between fetches further apart may be a change.
@@ -117,7 +119,9 @@ private:
         state_.miss = miss;
         auto outcome = ofKind(Kind::unreadable);
         outcome.miss = miss;
-        outcome.isFailureNews = state_.misses == kMissesToTell;
+        // The log takes the signal of one failure once.
+        outcome.isFailureNews = state_.misses >= kMissesToTell &&
+                                visit_.at - state_.missedSince.value_or(visit_.at) >= failureTime;
         return outcome;
     }
 

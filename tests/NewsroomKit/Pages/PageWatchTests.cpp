@@ -88,9 +88,11 @@ TEST(PageWatch, tells_only_what_two_looks_agree_on) {
         {{{0, must}, {30, fresh}, {34, fresh}, {60, must}, {900, must}, {1500, must}, {1530, must}},
          "baseline, candidate, changed!, doubted, doubted, returned!, same"},
         {{{0, must}, {30, old}, {34, old}, {60, must}}, "baseline, doubted, doubted, same"},
-        // What can't be read changes nothing, and is told once.
+        // What can't be read changes nothing, and is told once it lasts; the log drops repeats.
         {{{0, must}, {30, wall}, {60, wall}, {90, wall}, {120, wall}, {150, wall}, {180, must}},
-         "baseline, blocked, blocked, blocked, blocked!, blocked, same"},
+         "baseline, blocked, blocked, blocked, blocked!, blocked!, same"},
+        {{{0, must}, {30, wall}, {31, wall}, {32, wall}, {33, wall}},
+         "baseline, blocked, blocked, blocked, blocked"},
         {{{0, must}, {30, "<p>x", "https://orchard.example/rules", 503}, {60, part}},
          "baseline, blocked, tooShort"},
         {{{0, must + must + must}, {30, must}, {900, must}, {1500, must}},
