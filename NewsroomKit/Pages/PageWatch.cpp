@@ -13,7 +13,7 @@
 namespace kit {
 namespace {
 
-using Kind = PageOutcome::Kind;
+using OutcomeKind = PageOutcome::Kind;
 using std::chrono::minutes;
 
 constexpr std::size_t mostEarlierStates = 8;
@@ -51,7 +51,7 @@ std::int64_t median(std::vector<std::int64_t> numbers) {
     return *middle;
 }
 
-PageOutcome ofKind(Kind kind) {
+PageOutcome ofKind(OutcomeKind kind) {
     PageOutcome outcome;
     outcome.kind = kind;
     return outcome;
@@ -84,16 +84,17 @@ public:
         if (keys_.key == state_.key) return unchanged();
         if (keys_.orderKey == state_.orderKey) return reordered();
         // 3. What is rather a server's mistake has to stay for a day.
-        if (isShrunk()) return isBelieved() ? accept(Kind::changed) : missed(PageMiss::shrunk);
+        if (isShrunk())
+            return isBelieved() ? accept(OutcomeKind::changed) : missed(PageMiss::shrunk);
         if (const auto* earlier = earlierState()) {
-            if (!isBelieved()) return ofKind(Kind::doubted);
+            if (!isBelieved()) return ofKind(OutcomeKind::doubted);
             const auto seenAt = earlier->seenAt;
-            auto outcome = accept(Kind::returned);
+            auto outcome = accept(OutcomeKind::returned);
             outcome.earlierSeenAt = seenAt;
             return outcome;
         }
         if (day_ && state_.statedDay && *day_ < *state_.statedDay)
-            return isBelieved() ? accept(Kind::changed) : ofKind(Kind::doubted);
+            return isBelieved() ? accept(OutcomeKind::changed) : ofKind(OutcomeKind::doubted);
         state_.doubted.reset();
         // 4. Anything else has to be seen twice in a row.
         return confirm();
@@ -117,7 +118,7 @@ private:
     PageOutcome missed(PageMiss miss) {
         if (state_.misses++ == 0) state_.missedSince = visit_.at;
         state_.miss = miss;
-        auto outcome = ofKind(Kind::unreadable);
+        auto outcome = ofKind(OutcomeKind::unreadable);
         outcome.miss = miss;
         // The log takes the signal of one failure once.
         outcome.isFailureNews = state_.misses >= kMissesToTell &&
@@ -165,18 +166,18 @@ private:
     PageOutcome beginAnew() {
         becomeCurrent();
         state_.seenAt = visit_.at;
-        return ofKind(Kind::baseline);
+        return ofKind(OutcomeKind::baseline);
     }
 
     PageOutcome unchanged() {
         settle();
-        return ofKind(Kind::unchanged);
+        return ofKind(OutcomeKind::unchanged);
     }
 
     PageOutcome reordered() {
         rememberCurrent();
         becomeCurrent();
-        return ofKind(Kind::order);
+        return ofKind(OutcomeKind::order);
     }
 
     bool isShrunk() const {
@@ -206,7 +207,7 @@ private:
         if (state_.earlier.size() > mostEarlierStates) state_.earlier.pop_back();
     }
 
-    PageOutcome accept(Kind kind) {
+    PageOutcome accept(OutcomeKind kind) {
         PageOutcome outcome;
         outcome.kind = kind;
         outcome.before = withoutVolatile(watch_.blocks, state_.volatileBlocks);
@@ -225,14 +226,14 @@ private:
 
     PageOutcome confirm() {
         auto& candidate = state_.candidate;
-        if (candidate && candidate->key == keys_.key) return accept(Kind::changed);
+        if (candidate && candidate->key == keys_.key) return accept(OutcomeKind::changed);
         // A page that differs each time has been read, but not understood.
         if (state_.miss != PageMiss::unstable) clearMisses();
         const bool isClose = candidate && visit_.at - candidate->lastSeen <= closeFetches;
         if (isClose && candidate->fetches + 1 >= fetchesToLearn) return learn();
         setCandidate(candidate ? candidate->firstSeen : visit_.at,
                      isClose ? candidate->fetches + 1 : 1);
-        return ofKind(Kind::candidate);
+        return ofKind(OutcomeKind::candidate);
     }
 
     void setCandidate(Instant firstSeen, std::int64_t fetches) {
@@ -256,7 +257,7 @@ private:
         } else {
             setCandidate(firstSeen, 1);
         }
-        return ofKind(Kind::learned);
+        return ofKind(OutcomeKind::learned);
     }
 
     PageWatch& watch_;
