@@ -16,8 +16,6 @@
 namespace kit {
 namespace {
 
-using std::chrono::days;
-
 std::string filingRowWords(const FollowedFiling& followed) {
     if (followed.trades) {
         const auto& form = *followed.trades;
@@ -40,7 +38,8 @@ void addAcceptance(FilingRow& row) {
     const auto clock = newYorkClock(*filing.accepted).count();
     row.acceptedClock = fmt::format("{:02}:{:02}", clock / 60, clock % 60);
     if (const auto dated = parseISO8601(filing.filed + "T00:00:00Z")) {
-        const auto off = std::chrono::floor<days>(*dated) - newYorkDay(*filing.accepted);
+        const auto off =
+            std::chrono::floor<std::chrono::days>(*dated) - newYorkDay(*filing.accepted);
         row.daysOff = static_cast<int>(off.count());
     }
 }
@@ -107,7 +106,7 @@ bool isSameText(const FollowedFiling& filing, const PressRelease& release) {
     const auto& accepted = filing.filing.accepted;
     if (company == nullptr || !filing.release || !release.published || !accepted) return false;
     const auto apart = *accepted - *release.published;
-    if (apart > days(1) || apart < -days(1)) return false;
+    if (apart > std::chrono::days(1) || apart < -std::chrono::days(1)) return false;
     const std::array companies{
         PressCompany{std::string(company->symbol), std::string(company->name)}};
     if (!isOfCompany(release, companies)) return false;

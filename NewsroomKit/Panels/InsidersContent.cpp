@@ -12,19 +12,18 @@
 namespace kit {
 namespace {
 
-using std::chrono::days;
 using std::chrono::sys_days;
 
-constexpr days together{3};
-constexpr days noticeBefore{5};
+constexpr std::chrono::days together{3};
+constexpr std::chrono::days noticeBefore{5};
 
 /// The days of forms are valid when they are present.
 std::optional<sys_days> dayNumberOf(const std::string& day) {
     const auto instant = parseISO8601(day + "T00:00:00Z");
-    return instant ? std::optional(std::chrono::floor<days>(*instant)) : std::nullopt;
+    return instant ? std::optional(std::chrono::floor<std::chrono::days>(*instant)) : std::nullopt;
 }
 
-bool areWithin(const std::string& one, const std::string& other, days most) {
+bool areWithin(const std::string& one, const std::string& other, std::chrono::days most) {
     const auto first = dayNumberOf(one);
     const auto second = dayNumberOf(other);
     return first && second && *second - *first <= most && *first - *second <= most;

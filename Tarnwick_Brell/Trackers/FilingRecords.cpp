@@ -15,17 +15,16 @@ namespace app {
 using kit::Filing;
 using kit::FollowedFiling;
 using kit::Instant;
-using std::chrono::days;
 
 namespace {
 
-constexpr days kListReach{400};
+constexpr std::chrono::days kListReach{400};
 constexpr std::chrono::hours kListInterval{24};
 constexpr std::chrono::minutes kDetailInterval{30};
 // A list that lags for longer than that will not have the detail at all.
-constexpr days kDetailWanted{2};
+constexpr std::chrono::days kDetailWanted{2};
 // Of filings that were there at the first look, the texts of these are read all the same.
-constexpr days kRecent{3};
+constexpr std::chrono::days kRecent{3};
 
 /// Two companies may list one filing.
 std::string filingKey(const FollowedFiling& followed) {
