@@ -92,8 +92,10 @@ boost::asio::awaitable<FetchedFile<DocketSheet>> searchedSheet(HTTPClient& http,
 
 }  // namespace
 
-std::string DocketAPI::feedAddress(std::int64_t docket) {
-    return fmt::format("{}/docket/{}/feed/", courtListenerSite, docket);
+std::string DocketAPI::feedAddress(std::int64_t docket) { return docketAddress(docket) + "feed/"; }
+
+std::string DocketAPI::docketAddress(std::int64_t docket) {
+    return fmt::format("{}/docket/{}/", courtListenerSite, docket);
 }
 
 std::string DocketAPI::searchAddress() {

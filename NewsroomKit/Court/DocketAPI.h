@@ -20,6 +20,8 @@ struct DocketAPI {
 
     /// CourtListener's feed of a docket, which needs no key.
     static std::string feedAddress(std::int64_t docket);
+    /// The page of a docket for people to read.
+    static std::string docketAddress(std::int64_t docket);
 
     /// CourtListener's search for cases with Apple as a party, the newest first.
     static std::string searchAddress();

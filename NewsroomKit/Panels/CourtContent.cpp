@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <functional>
 #include <set>
 #include <tuple>
 
@@ -43,6 +44,52 @@ CourtContent courtContent(std::vector<CourtItem> items, const CourtFilter& filte
     }
     std::ranges::stable_sort(content.items, isFiledLater);
     return content;
+}
+
+namespace {
+
+void addToCase(CourtCaseRow& row, const CourtItem& item, std::optional<Instant> lookedAt) {
+    const auto& entry = item.entry;
+    const auto filed = entry.date.value_or(item.firstSeen);
+    const bool matters = entry.weight == DocketWeight::matters;
+    ++row.entries;
+    row.matters += matters;
+    row.unseen += matters && lookedAt && item.firstSeen > *lookedAt;
+    if (row.name.empty()) row.name = entry.caseName.value_or("");
+    if (row.court.empty()) row.court = entry.court.value_or("");
+    if (row.number.empty()) row.number = entry.caseNumber.value_or("");
+    if (row.latest && *row.latest >= filed) return;
+    row.latest = filed;
+    row.dayOnly = entry.date && entry.dayOnly;
+}
+
+}  // namespace
+
+std::vector<CourtCaseRow> courtCaseRows(std::span<const FollowedDocket> followed,
+                                        std::span<const CourtItem> items,
+                                        std::span<const CourtCase> cases,
+                                        std::optional<Instant> lookedAt) {
+    std::vector<CourtCaseRow> rows;
+    for (const auto& docket : followed) {
+        CourtCaseRow row{.followed = docket};
+        const auto found = std::ranges::find(cases, docket.docket, &CourtCase::docket);
+        if (docket.docket != 0 && found != cases.end()) {
+            row.found = *found;
+            row.name = found->name;
+            row.court = found->court;
+            row.number = found->number;
+        }
+        for (const auto& item : items) {
+            if (item.feed == docket.feed) addToCase(row, item, lookedAt);
+        }
+        if (docket.docket == 0) {  // Entries of many cases.
+            row.name = docket.name;
+            row.number.clear();
+        }
+        rows.push_back(std::move(row));
+    }
+    std::ranges::stable_sort(rows, std::ranges::greater(), &CourtCaseRow::latest);
+    return rows;
 }
 
 std::string missingNumbers(const std::vector<DocketEntry>& entries) {

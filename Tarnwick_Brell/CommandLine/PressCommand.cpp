@@ -3,10 +3,11 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "NewsroomKit/Addresses/URLRedaction.h"
-#include "NewsroomKit/Panels/FilingsContent.h"
+#include "NewsroomKit/Panels/PressContent.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/CourtActions.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
@@ -22,6 +23,7 @@ namespace cli {
 
 namespace {
 
+using kit::PressRow;
 using kit::PressSheet;
 using PressFile = app::TrackedFile<PressSheet>;
 
@@ -36,8 +38,7 @@ struct PressOptions {
 
 struct PressView {
     NamedReadings<PressSheet> readings;
-    std::vector<app::SeenRelease> releases;
-    std::vector<kit::FollowedFiling> filings;  ///< which may have the same texts
+    std::vector<PressRow> rows;
 };
 
 /// Those that releases since then can have the texts of.
@@ -57,18 +58,21 @@ PressView readPress(Session& session, const PressOptions& options,
     const auto fileOf = [&](const app::TrackedFiles&, const std::string& name) {
         return *std::ranges::find(files, name, &PressFile::name);
     };
-    const auto releasesIn = [&](app::LocalStore& store) {
-        return app::seenReleases(store.pressReleases().newest(kMostReleases, {}, since));
+    const auto rowsIn = [&](app::LocalStore& store) {
+        std::vector<kit::PressItem> items;
+        for (auto& [release, feed, firstSeen] :
+             app::seenReleases(store.pressReleases().newest(kMostReleases, {}, since)))
+            items.push_back({std::move(release), std::move(feed), firstSeen});
+        return kit::pressRows(std::move(items), filingsIn(store, since), {.since = since});
     };
     if (options.stored) {
         auto readings = fetchOrLoadEach<PressSheet>(session, true, names, fileOf);
-        auto& store = session.storeForReading();
-        return {std::move(readings), releasesIn(store), filingsIn(store, since)};
+        return {std::move(readings), rowsIn(session.storeForReading())};
     }
     BlockingFetcher fetcher(session.network(), kit::Conditional::no);
     return session.storing([&](app::LocalStore& store) {
         auto readings = fetchEach<PressSheet>(session, fetcher, store, names, fileOf);
-        return PressView{std::move(readings), releasesIn(store), filingsIn(store, since)};
+        return PressView{std::move(readings), rowsIn(store)};
     });
 }
 
@@ -82,28 +86,27 @@ boost::json::object pressFeedObject(const NamedReading<PressSheet>& file) {
     return object;
 }
 
-boost::json::object releaseObject(const PressView& view, const app::SeenRelease& seen) {
-    auto object = kit::encode(seen.release).get_object();
-    object["feed"] = seen.feed;
-    object["firstSeen"] = kit::encode(seen.firstSeen);
-    if (const auto* const filing = kit::filingOf(view.filings, seen.release))
-        object["filing"] = filing->filing.accession;
+boost::json::object releaseObject(const PressRow& row) {
+    auto object = kit::encode(row.item.release).get_object();
+    object["feed"] = row.item.feed;
+    object["firstSeen"] = kit::encode(row.item.firstSeen);
+    if (row.filing) object["filing"] = row.filing->accession;
     return object;
 }
 
 void printPress(Session& session, const PressView& view) {
-    if (view.releases.empty()) {
+    if (view.rows.empty()) {
         session.out().line(
             "No release of Apple or of a company that is followed has been seen yet.");
         return;
     }
     TextTable table({Column::whole("published"), Column::cut("company", 12),
                      Column::cut("release", 24), Column::whole("also filed").dropped(1)});
-    for (const auto& [release, feed, firstSeen] : view.releases) {
-        const auto* const filing = kit::filingOf(view.filings, release);
-        table.add({momentText(release.published.value_or(firstSeen)),
-                   printable(release.company.value_or(release.symbol.value_or(""))),
-                   printable(release.title), filing ? printable(filing->filing.form) : ""});
+    for (const auto& row : view.rows) {
+        const auto& release = row.item.release;
+        table.add({momentText(release.published.value_or(row.item.firstSeen)),
+                   printable(row.company), printable(release.title),
+                   row.filing ? printable(row.filing->form) : ""});
     }
     table.print(session.out());
 }
@@ -116,7 +119,7 @@ int showPress(Session& session, const PressOptions& options) {
     if (session.options().json) {
         boost::json::array feeds, releases;
         for (const auto& file : view.readings) feeds.push_back(pressFeedObject(file));
-        for (const auto& seen : view.releases) releases.push_back(releaseObject(view, seen));
+        for (const auto& row : view.rows) releases.push_back(releaseObject(row));
         session.out().line(boost::json::serialize(
             boost::json::object{{"feeds", std::move(feeds)}, {"releases", std::move(releases)}}));
     } else {

@@ -34,14 +34,12 @@ TrackerStore::Files TrackerStore::quoteFiles(QuoteRange range) const {
     return quotes;
 }
 
-void TrackerStore::fetchQuotes(Files quotes, std::chrono::seconds freshFor) {
+void TrackerStore::fetchStale(Files files, std::chrono::seconds freshFor) {
     const auto jobs = this->jobs();
-    worker_.spawn(jobs.fetchStale(std::move(quotes), freshFor),
-                  [jobs](const std::exception& error) {
-                      jobs.send([sentence = std::string(error.what())](TrackerStore& store) {
-                          store.fail(sentence);
-                      });
-                  });
+    worker_.spawn(jobs.fetchStale(std::move(files), freshFor), [jobs](const std::exception& error) {
+        jobs.send(
+            [sentence = std::string(error.what())](TrackerStore& store) { store.fail(sentence); });
+    });
 }
 
 /// Quotes of other ranges and symbols stay for a while: people come back to them.
@@ -80,10 +78,10 @@ void TrackerStore::setCompared(std::vector<std::string> symbols) {
 }
 
 void TrackerStore::readQuote(QuoteRange range, std::chrono::seconds freshFor) {
-    fetchQuotes({files().quote(TrackedFiles::kShare, range)}, freshFor);
+    fetchStale({files().quote(TrackedFiles::kShare, range)}, freshFor);
 }
 
-void TrackerStore::readYear() { fetchQuotes(quoteFiles(QuoteRange::year), kYearFreshFor); }
+void TrackerStore::readYear() { fetchStale(quoteFiles(QuoteRange::year), kYearFreshFor); }
 
 std::vector<StockQuote> TrackerStore::quotesOf(const std::vector<std::string>& symbols,
                                                QuoteRange range) const {

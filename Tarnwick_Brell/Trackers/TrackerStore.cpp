@@ -235,7 +235,7 @@ void TrackerStore::followSettings() {
     auto quotes = quoteFiles(quoteRange());
     if (auto names = namesOf(quotes); names != polledQuotes_) {
         polledQuotes_ = std::move(names);
-        fetchQuotes(std::move(quotes), kQuoteFreshFor);
+        fetchStale(std::move(quotes), kQuoteFreshFor);
         emit quotesChanged();
     }
     if (auto wanted = devices(); wanted != polledDevices_) {
@@ -243,6 +243,17 @@ void TrackerStore::followSettings() {
         scheduler_.request(Tracker::signing);
         emit signingChanged();
     }
+}
+
+const kit::CachedValue<kit::FilingText>& TrackerStore::filingText(
+    const kit::FollowedFiling& filing, const kit::FilingDocument& document) const {
+    return values_.of(filingTextFile(filing, document, defaults_.contactAddress()));
+}
+
+void TrackerStore::readFilingText(const kit::FollowedFiling& filing,
+                                  const kit::FilingDocument& document) {
+    constexpr std::chrono::hours kForGood{24 * 365 * 10};
+    fetchStale({filingTextFile(filing, document, defaults_.contactAddress())}, kForGood);
 }
 
 std::optional<kit::ChartDay> TrackerStore::chartDayBefore(Chart kind) const {

@@ -12,6 +12,7 @@
 #include <QObject>
 #include <QString>
 
+#include "NewsroomKit/Filings/FollowedFiling.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
 #include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
@@ -156,6 +157,12 @@ public:
     /// Fetches the quotes of a year that are missing or some hours old.
     void readYear();
 
+    /// The text of a document that a filing consists of. See readFilingText().
+    const kit::CachedValue<kit::FilingText>& filingText(const kit::FollowedFiling& filing,
+                                                        const kit::FilingDocument& document) const;
+    /// Fetches it unless the library has it: documents do not change.
+    void readFilingText(const kit::FollowedFiling& filing, const kit::FilingDocument& document);
+
     /// The user looks at the log.
     void markLogLookedAt();
 
@@ -210,7 +217,8 @@ private:
     Files quoteFiles(kit::QuoteRange range) const;
     std::vector<kit::StockQuote> quotesOf(const std::vector<std::string>& symbols,
                                           kit::QuoteRange range) const;
-    void fetchQuotes(Files quotes, std::chrono::seconds freshFor);
+    /// Fetches those that are missing or older than `freshFor`.
+    void fetchStale(Files files, std::chrono::seconds freshFor);
     void followSettings();
     void limitQuotes(const std::string& latest);
     void followMarket();

@@ -1035,4 +1035,31 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>CourtLineText</name>
+    <message numerus="yes">
+        <source>%n new</source>
+        <translation>
+            <numerusform>%n new</numerusform>
+            <numerusform>%n new</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n routine entries are left out.</source>
+        <translation>
+            <numerusform>%n routine entry is left out.</numerusform>
+            <numerusform>%n routine entries are left out.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::RecordsPageModel</name>
+    <message numerus="yes">
+        <source>And %n more.</source>
+        <translation>
+            <numerusform>And %n more.</numerusform>
+            <numerusform>And %n more.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -1,10 +1,22 @@
 #include "tools/pictures/SubjectViews.h"
 
 #include "Tarnwick_Brell/Desk/Corrections.h"
+#include "Tarnwick_Brell/Models/Pages/RecordsPageModel.h"
 
 namespace pictures {
 
 using namespace app;
+
+namespace {
+
+void openRecords(WindowModel& model, RecordsPageModel::Tab tab) {
+    model.open(QStringLiteral("tracker:records"));
+    auto& page = dynamic_cast<RecordsPageModel&>(*model.page());
+    waitUntil("the records", [&] { return page.state() != PanelModel::Loading; });
+    page.setTab(tab);
+}
+
+}  // namespace
 
 std::vector<View> subjectViews(NewsDesk& news) {
     return {
@@ -40,6 +52,10 @@ std::vector<View> subjectViews(NewsDesk& news) {
              model.open(QStringLiteral("page:activity"));
              waitUntil("the log", [&] { return model.page()->state() != PanelModel::Loading; });
          }},
+        {"filings", [](WindowModel& model) { openRecords(model, RecordsPageModel::Filings); }},
+        {"insiders", [](WindowModel& model) { openRecords(model, RecordsPageModel::Insiders); }},
+        {"court", [](WindowModel& model) { openRecords(model, RecordsPageModel::Court); }},
+        {"press", [](WindowModel& model) { openRecords(model, RecordsPageModel::Press); }},
         {"correct",
          [&news](WindowModel& model) {
              model.open(QStringLiteral("wire:all"));

@@ -48,6 +48,30 @@ QtObject {
     readonly property int logTime: Theme.scaled(44)
     readonly property int logSymbol: Theme.scaled(28)
 
+    // Filings, trades of insiders, courts and press releases
+    readonly property int paneRecordMost: 480
+    readonly property int recordBadge: Theme.scaled(96)
+    readonly property int recordCompany: Theme.scaled(88)
+    readonly property int recordWhen: Theme.scaled(124)
+    readonly property int insiderPersonLeast: Theme.scaled(120)
+    readonly property int insiderDid: Theme.scaled(112)
+    readonly property int insiderShares: Theme.scaled(72)
+    readonly property int insiderAverage: Theme.scaled(62)
+    readonly property int insiderValue: Theme.scaled(80)
+    readonly property int insiderHolding: Theme.scaled(68)
+    readonly property int insiderPlan: Theme.scaled(108)
+    readonly property int insiderDay: Theme.scaled(60)
+    readonly property int insiderNote: Theme.scaled(20)
+    readonly property int caseList: 340
+    readonly property int docketLeast: 420
+    readonly property int entryRow: Theme.row(36)
+    readonly property int entryDay: Theme.scaled(64)
+    readonly property int entryNumber: Theme.scaled(32)
+    readonly property int entryKind: Theme.scaled(104)
+    readonly property int sheetLead: Theme.scaled(96)
+    readonly property int sheetExhibit: Theme.scaled(48)
+    readonly property int sheetParagraphLines: 60
+
     // Top stories and who had them first
     readonly property int topStoriesTime: Theme.scaled(48)
     readonly property int topStoriesOutlet: Theme.scaled(108)

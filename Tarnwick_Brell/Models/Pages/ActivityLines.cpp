@@ -77,7 +77,7 @@ QString placeOf(kit::SignalKind kind) {
         case filing:
         case insiderTrade:
         case docket:
-        case pressRelease:
+        case pressRelease: return QStringLiteral("tracker:records");
         case page:
         case backend: break;
     }

@@ -1,28 +1,25 @@
 #pragma once
 
-#include <atomic>
-#include <cstdint>
+#include <cstddef>
 #include <filesystem>
-#include <memory>
 
 #include <QObject>
 #include <QString>
 
 #include "Tarnwick_Brell/Desk/LogReader.h"
-#include "Tarnwick_Brell/Desk/MainThreadQueue.h"
+#include "Tarnwick_Brell/Models/Pages/LibraryReading.h"
 
 namespace app {
 
-/// Reads the log of signals for a page on a thread of its own. The newest request wins: what was
-/// asked for before it is dropped.
+/// Reads the log of signals for a page. The newest request wins: what was asked for before it is
+/// dropped.
 class LogLoader : public QObject {
     Q_OBJECT
 public:
     explicit LogLoader(std::filesystem::path library);
-    ~LogLoader() override;
 
     void load(const SignalSelection& selection, std::size_t most);
-    bool isLoading() const { return isLoading_; }
+    bool isLoading() const { return reading_.isLoading(); }
 
 signals:
     void loaded(const app::LogPage& page, const app::SignalSelection& selection);
@@ -31,9 +28,7 @@ signals:
 
 private:
     std::filesystem::path library_;
-    bool isLoading_ = false;
-    std::shared_ptr<std::atomic<std::uint64_t>> newest_;
-    std::shared_ptr<MainThreadQueue> queue_;
+    LibraryReading<LogPage> reading_;
 };
 
 }  // namespace app

@@ -12,6 +12,7 @@
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
 #include "Tarnwick_Brell/Models/Pages/RacesPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/RecordsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SigningPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SoftwarePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SourcesPageModel.h"
@@ -42,6 +43,7 @@ const PageRow* rowOf(const Destination& place) {
         PageRow{"tracker:signing", pageOf<SigningPageModel>},
         PageRow{"tracker:updates", pageOf<UpdatesPageModel>},
         PageRow{"tracker:charts", pageOf<ChartsPageModel>},
+        PageRow{"tracker:records", pageOf<RecordsPageModel>},
         PageRow{"page:sources", pageOf<SourcesPageModel>},
         PageRow{"tracker:status", pageOf<StatusPageModel>},
         PageRow{"tracker:software", pageOf<SoftwarePageModel>},

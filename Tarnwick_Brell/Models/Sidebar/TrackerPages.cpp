@@ -14,6 +14,7 @@ const std::vector<TrackerPage>& trackerPages() {
         {"signing", QT_TRANSLATE_NOOP("TrackerPages", "Firmware signing"), "shield"},
         {"updates", QT_TRANSLATE_NOOP("TrackerPages", "Update catalogue"), "server.rack"},
         {"charts", QT_TRANSLATE_NOOP("TrackerPages", "App Store charts"), "list.number"},
+        {"records", QT_TRANSLATE_NOOP("TrackerPages", "Filings & court"), "doc.text"},
     };
     // clang-format on
     return pages;
