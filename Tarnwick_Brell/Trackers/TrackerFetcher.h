@@ -27,6 +27,14 @@ public:
     template <class T>
     boost::asio::awaitable<kit::CachedValue<T>> fetch(TrackedFile<T> file);
 
+    // For what is fetched beside tracked files, with the same care for hosts.
+    LocalStore& store() { return store_; }
+    kit::HTTPClient& http() { return http_; }
+    kit::Instant now() const { return clock_(); }
+    /// Why the host is not to be asked now.
+    std::optional<std::string> pauseText(const std::string& address);
+    void backOff(const std::string& address, std::chrono::seconds wanted);
+
 private:
     template <class T>
     kit::CachedValue<T> accept(const TrackedFile<T>& file, const kit::FetchedFile<T>& fetched);
@@ -38,11 +46,9 @@ private:
     kit::CachedValue<T> notAsked(const TrackedFile<T>& file, const std::string& sentence);
 
     void recordFailure(const std::string& name, std::string error);
-    std::optional<std::string> pauseText(const std::string& address);
     bool wasAskedWithin(const std::string& name, std::chrono::minutes interval);
     bool isRefused(const std::string& address, const std::string& credential);
     void setRefused(const std::string& address, const std::string& credential);
-    void backOff(const std::string& address, std::chrono::seconds wanted);
 
     LocalStore& store_;
     kit::HTTPClient& http_;
