@@ -16,6 +16,7 @@
 
 #include "PressRoom/CommandLine.h"
 #include "PressRoom/Files/FilesRequestHandler.h"
+#include "PressRoom/Pages/PagesRequestHandler.h"
 #include "PressRoom/Server/Conditional.h"
 #include "PressRoom/Server/Server.h"
 #include "PressRoom/AppleData/AppleDataRequestHandler.h"
@@ -183,6 +184,7 @@ int run(const CommandLine& options) {
         std::make_unique<CourtRequestHandler>(readCourtWorld(directory), anchor, misbehaviours));
     further.push_back(
         std::make_unique<BackendRequestHandler>(readPublicFiles(directory), anchor, misbehaviours));
+    further.push_back(std::make_unique<PagesRequestHandler>(readWebPages(directory), anchor));
     further.push_back(std::make_unique<FilingsRequestHandler>(readFilingsWorld(directory), anchor,
                                                               misbehaviours));
     if (options.files) further.push_back(std::make_unique<FilesRequestHandler>(*options.files));
