@@ -3,11 +3,13 @@
 #include <fmt/format.h>
 
 #include "NewsroomKit/Panels/BackendContent.h"
+#include "NewsroomKit/Panels/PagesContent.h"
 #include "NewsroomKit/Panels/SigningContent.h"
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Presentation/EmptyText.h"
+#include "Tarnwick_Brell/Trackers/FollowedPages.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 #include "Tarnwick_Brell/Trackers/TrackerHistories.h"
 
@@ -74,6 +76,21 @@ Lines backendLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
                                     printable(offer.build)));
     }
     addState(lines, holdings, content.condition);
+    return lines;
+}
+
+Lines pageWatchLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
+    const auto pages = app::followedPages(holdings.session().storeForReading());
+    Lines lines;
+    for (const auto& row : kit::pageRows(pages, panel.options.pages, holdings.now())) {
+        if (lines.size() == lineCount(panel)) break;
+        const auto when = row.changedAt ? row.changedAt : row.lookedAt;
+        const auto what = row.state == kit::PageRow::State::failing ? row.problem
+                          : row.changedAt                           ? row.sentence
+                                                                    : std::string(label(row.state));
+        lines.push_back(lineOf(holdings, when.value_or(holdings.now()), row.name + ": " + what));
+    }
+    if (lines.empty()) lines.push_back(app::noRowText(panel.kind).toStdString());
     return lines;
 }
 

@@ -26,6 +26,7 @@ void addSigningCommand(arguments::Command& app, Command& chosen);
 void addFilingsCommand(arguments::Command& app, Command& chosen);
 void addInsidersCommand(arguments::Command& app, Command& chosen);
 void addCourtCommand(arguments::Command& app, Command& chosen);
+void addPagesCommand(arguments::Command& app, Command& chosen);
 void addPressCommand(arguments::Command& app, Command& chosen);
 void addBackendCommand(arguments::Command& app, Command& chosen);
 void addUpdatesCommand(arguments::Command& app, Command& chosen);

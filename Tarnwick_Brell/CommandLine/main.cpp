@@ -151,6 +151,7 @@ int main(int argc, char** argv) {
     addFilingsCommand(app, chosen);
     addInsidersCommand(app, chosen);
     addCourtCommand(app, chosen);
+    addPagesCommand(app, chosen);
     addPressCommand(app, chosen);
     addBackendCommand(app, chosen);
     addUpdatesCommand(app, chosen);
