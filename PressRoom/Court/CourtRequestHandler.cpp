@@ -15,9 +15,9 @@ namespace {
 using Kind = MisbehaviourKind;
 using std::chrono::sys_seconds;
 
-constexpr std::array<std::string_view, 3> kNames{"court", "court-feeds", "press"};
-constexpr std::array kFaults{Kind::silent,  Kind::busy,  Kind::unavailable, Kind::page,
-                             Kind::missing, Kind::empty, Kind::huge,        Kind::broken};
+constexpr std::array<std::string_view, 3> kCourtParts{"court", "court-feeds", "press"};
+constexpr std::array kCourtFaults{Kind::silent,  Kind::busy,  Kind::unavailable, Kind::page,
+                                  Kind::missing, Kind::empty, Kind::huge,        Kind::broken};
 // No other is accepted.
 constexpr std::string_view kAcceptedToken = "Token 0123456789abcdef";
 constexpr std::size_t kHugeFeed = 9 * 1024 * 1024;
@@ -57,10 +57,10 @@ Response feedResponse(const Request& request, std::string feed) {
 CourtRequestHandler::CourtRequestHandler(CourtWorld world, sys_seconds anchor,
                                          Misbehaviours& misbehaviours)
     : world_(std::move(world)), anchor_(anchor) {
-    for (const auto name : kNames) {
+    for (const auto name : kCourtParts) {
         const auto found = misbehaviours.find(name);
         if (found == misbehaviours.end()) continue;
-        if (std::ranges::find(kFaults, found->second.kind) == kFaults.end()) {
+        if (std::ranges::find(kCourtFaults, found->second.kind) == kCourtFaults.end()) {
             throw std::runtime_error(fmt::format("{} can't misbehave as \"{}\"", name,
                                                  kit::rawValue(found->second.kind)));
         }
