@@ -338,6 +338,7 @@ std::string durationText(std::int64_t minutes) {
     const auto text = [](std::int64_t count, const char* unit) {
         return fmt::format("{} {}{}", count, unit, count == 1 ? "" : "s");
     };
+    if (minutes < 1) return "less than a minute";
     if (minutes < 2 * hour) return text(minutes, "minute");
     return minutes < 2 * day ? text(minutes / hour, "hour") : text(minutes / day, "day");
 }

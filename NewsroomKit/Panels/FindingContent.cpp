@@ -11,6 +11,8 @@ namespace {
 constexpr std::size_t kMostLines = 400;
 constexpr std::size_t kLongestLine = 400;
 constexpr std::size_t kLinesAround = 2;
+/// Lists with so many items have a line for each.
+constexpr std::size_t kLeastItems = 3;
 /// A longer line is no line that somebody wrote.
 constexpr std::size_t kLongestWrittenLine = 2'000;
 
@@ -28,12 +30,6 @@ void addGap(StateLines& lines) {
         lines.push_back({.text = "…", .isGap = true});
 }
 
-void addEntry(StateLines& lines, const WatchedRecord& record) {
-    addLine(lines, record.key, true);
-    for (const auto& [name, value] : record.fields)
-        addLine(lines, "  " + name + ": " + value, true);
-}
-
 std::vector<std::string> itemsOf(const std::string& value) {
     std::vector<std::string> items;
     std::size_t begin = 0;
@@ -43,6 +39,17 @@ std::vector<std::string> itemsOf(const std::string& value) {
         begin = end + 2;
     }
     return items;
+}
+
+void addEntry(StateLines& lines, const WatchedRecord& record) {
+    addLine(lines, record.key, true);
+    for (const auto& [name, value] : record.fields) {
+        const auto items = itemsOf(value);
+        const bool isList = items.size() >= kLeastItems;
+        addLine(lines, "  " + name + ":" + (isList ? "" : " " + value), true);
+        if (!isList) continue;
+        for (const auto& item : items) addLine(lines, "    " + item, true);
+    }
 }
 
 /// A list in the state beside another one: its own items, and some around them.
@@ -71,7 +78,7 @@ void addValue(StateLines& lines, const FieldChange& change, const std::optional<
     if (!value) return;
     const auto items = itemsOf(*value);
     const auto others = itemsOf(other.value_or(""));
-    if (!other || items.size() + others.size() < 4)
+    if (!other || items.size() + others.size() < kLeastItems)
         return addLine(lines, "  " + change.field + ": " + *value, true);
     addLine(lines, "  " + change.field + ":", false);
     addItems(lines, items, others);

@@ -19,10 +19,10 @@ namespace {
 using Kind = MisbehaviourKind;
 using std::chrono::sys_seconds;
 
-constexpr std::array kFaults{Kind::silent, Kind::page,   Kind::missing, Kind::busy,
-                             Kind::empty,  Kind::broken, Kind::huge,    Kind::rotating};
+constexpr std::array kBackendFaults{Kind::silent, Kind::page,   Kind::missing, Kind::busy,
+                                    Kind::empty,  Kind::broken, Kind::huge,    Kind::rotating};
 // More than any reader should unfold.
-constexpr std::size_t kHugeDepth = 1'000'000;
+constexpr std::size_t kHugeNesting = 1'000'000;
 
 std::string replaced(std::string text, std::string_view what, const std::string& with) {
     for (auto at = text.find(what); at != text.npos; at = text.find(what, at + with.size()))
@@ -44,7 +44,7 @@ BackendRequestHandler::BackendRequestHandler(WorldPublicFiles files, sys_seconds
     const auto found = misbehaviours.find("backend");
     if (found == misbehaviours.end()) return;
     misbehaviour_ = found->second;
-    if (std::ranges::find(kFaults, misbehaviour_->kind) == kFaults.end()) {
+    if (std::ranges::find(kBackendFaults, misbehaviour_->kind) == kBackendFaults.end()) {
         throw std::runtime_error(
             fmt::format("backend can't misbehave as \"{}\"", kit::rawValue(misbehaviour_->kind)));
     }
@@ -95,7 +95,7 @@ std::optional<Response> BackendRequestHandler::answer(const Request& request,
             }
             case Kind::empty: body.clear(); break;
             case Kind::broken: body.resize(file->head.size() / 2); break;
-            case Kind::huge: body = std::string(kHugeDepth, '['); break;
+            case Kind::huge: body = std::string(kHugeNesting, '['); break;
             default: break;
         }
     }

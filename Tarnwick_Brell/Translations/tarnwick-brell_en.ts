@@ -1062,4 +1062,38 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>app::BackendPageModel</name>
+    <message numerus="yes">
+        <source>%n files</source>
+        <translation>
+            <numerusform>%n file</numerusform>
+            <numerusform>%n files</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n findings</source>
+        <translation>
+            <numerusform>%n finding</numerusform>
+            <numerusform>%n findings</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>BackendRows</name>
+    <message numerus="yes">
+        <source>%n entries</source>
+        <translation>
+            <numerusform>%n entry</numerusform>
+            <numerusform>%n entries</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The file is asked for every %n minutes.</source>
+        <translation>
+            <numerusform>The file is asked for every minute.</numerusform>
+            <numerusform>The file is asked for every %n minutes.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

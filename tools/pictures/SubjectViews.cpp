@@ -56,6 +56,12 @@ std::vector<View> subjectViews(NewsDesk& news) {
         {"insiders", [](WindowModel& model) { openRecords(model, RecordsPageModel::Insiders); }},
         {"court", [](WindowModel& model) { openRecords(model, RecordsPageModel::Court); }},
         {"press", [](WindowModel& model) { openRecords(model, RecordsPageModel::Press); }},
+        {"back-end",
+         [](WindowModel& model) {
+             model.open(QStringLiteral("tracker:backend"));
+             waitUntil("the findings",
+                       [&] { return model.page()->state() != PanelModel::Loading; });
+         }},
         {"correct",
          [&news](WindowModel& model) {
              model.open(QStringLiteral("wire:all"));

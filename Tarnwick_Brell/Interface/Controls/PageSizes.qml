@@ -93,6 +93,21 @@ QtObject {
     readonly property int timelineListLeast: Theme.scaled(480)
     readonly property int timelineSubjectMost: Theme.scaled(260)
 
+    // Findings in Apple's public files
+    readonly property int findingList: 480
+    readonly property int findingPaneLeast: 480
+    readonly property int findingRow: Theme.row(54)
+    readonly property int findingNode: Theme.scaled(77)
+    readonly property int findingText: Theme.scaled(96)
+    readonly property int timelineNode: 7
+    readonly property int codeLine: Theme.scaled(20)
+    readonly property int codeNumber: Theme.scaled(36)
+    readonly property int codeSign: Theme.scaled(12)
+    readonly property font codeFont: Qt.font({
+        family: "monospace",
+        pixelSize: Theme.scaled(11)
+    })
+
     // Columns of the update catalogue
     readonly property int offerPlatformColumn: Theme.scaled(100)
     readonly property int offerVersionColumn: Theme.scaled(132)

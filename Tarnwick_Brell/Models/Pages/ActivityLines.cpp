@@ -78,8 +78,8 @@ QString placeOf(kit::SignalKind kind) {
         case insiderTrade:
         case docket:
         case pressRelease: return QStringLiteral("tracker:records");
-        case page:
-        case backend: break;
+        case page: break;
+        case backend: return QStringLiteral("tracker:backend");
     }
     return {};
 }

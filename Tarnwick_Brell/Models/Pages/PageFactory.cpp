@@ -5,6 +5,7 @@
 
 #include "Tarnwick_Brell/Models/Pages/ActivityPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/ArchivePageModel.h"
+#include "Tarnwick_Brell/Models/Pages/BackendPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/ChartsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/CorrectionsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/EventsPageModel.h"
@@ -44,6 +45,7 @@ const PageRow* rowOf(const Destination& place) {
         PageRow{"tracker:updates", pageOf<UpdatesPageModel>},
         PageRow{"tracker:charts", pageOf<ChartsPageModel>},
         PageRow{"tracker:records", pageOf<RecordsPageModel>},
+        PageRow{"tracker:backend", pageOf<BackendPageModel>},
         PageRow{"page:sources", pageOf<SourcesPageModel>},
         PageRow{"tracker:status", pageOf<StatusPageModel>},
         PageRow{"tracker:software", pageOf<SoftwarePageModel>},

@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Storage/Histories/FindingHistory.h"
 
 #include <limits>
+#include <ranges>
 
 #include "Tarnwick_Brell/Storage/SQLite/Compression.h"
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
@@ -58,7 +59,8 @@ void FindingHistory::add(std::string_view file, const kit::WatchPoll& poll,
         Statement put(database_,
                       "INSERT INTO backendFindings (file, seenAt, record, beforeState, afterState) "
                       "VALUES (?, ?, ?, ?, ?)");
-        for (const auto& finding : poll.findings) {
+        // The first weighs most and is to stand on top of what was found with it.
+        for (const auto& finding : std::views::reverse(poll.findings)) {
             const auto record = boost::json::serialize(kit::encode(finding));
             put.bind(0, file).bind(1, microseconds(finding.seenAt)).bind(2, record);
             put.bind(3, before).bind(4, after);
