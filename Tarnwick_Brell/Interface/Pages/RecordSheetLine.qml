@@ -25,7 +25,7 @@ PlainButton {
 
     signal acted
 
-    implicitHeight: isText ? words.height + Theme.space2 : Math.max(isHeading ? Theme.sectionLabel + Theme.space2 : Theme.tableRow, words.height + Theme.space2)
+    implicitHeight: isText ? words.height + Theme.space2 : Math.max(isHeading ? Theme.sectionLabel + Theme.space2 : Theme.tableRow, words.height + Theme.space2, lead.height + Theme.space2)
     enabled: acts
     opacity: 1
     focusPolicy: Qt.NoFocus
@@ -58,10 +58,13 @@ PlainButton {
             color: Theme.text3
         }
         DeskText {
+            id: lead
+
             x: Theme.rowText + (line.isDocument ? Theme.space5 : 0)
             y: words.y
             width: line.textX - (line.isDocument ? Theme.space5 : 0) - Theme.space2
             visible: width > 0
+            lines: 2
             type: line.isDocument || line.kind === SheetLineKind.Row ? DeskText.SecondaryStrong : DeskText.Secondary
             color: line.isDocument || line.kind === SheetLineKind.Row ? Theme.text1 : Theme.text3
             text: line.lead

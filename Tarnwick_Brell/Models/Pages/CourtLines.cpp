@@ -15,6 +15,7 @@ struct CourtLineText {
 };
 
 constexpr int kLongestCaseWord = 80;
+constexpr int kLongestKind = 16;  // of a badge
 
 QString filedText(std::optional<kit::Instant> filed, bool dayOnly, kit::Instant now) {
     if (!filed) return {};
@@ -56,7 +57,7 @@ EntryLine entryLine(const kit::CourtItem& item, std::optional<kit::Instant> look
         .day = entry.date ? filedText(entry.date, entry.dayOnly, now)
                           : shortDayText(item.firstSeen, now),
         .number = titleText(entry.number.value_or(""), kLongestCaseWord),
-        .kind = titleText(entry.kind, kLongestCaseWord),
+        .kind = titleText(entry.kind, kLongestKind),
         .text = titleText(entry.text.empty() ? entry.kind : entry.text, kTitleCharacters),
         .isNew = lookedAt && item.firstSeen > *lookedAt,
         .link = openableLink(entry.documentLink.value_or(entry.link.value_or("")))};
