@@ -270,6 +270,11 @@ FocusScope {
                 width: Theme.line
                 height: Theme.space4
             }
+            ReaderArticle {
+                width: parent.width
+                article: pane.reader.article
+                onLinkWanted: link => pane.linkWanted(link)
+            }
             ReaderCredits {
                 width: parent.width
                 credits: pane.reader.credits

@@ -28,6 +28,7 @@ constexpr ActionEntry kActions[]{
     {DeskAction::FollowStory, thisStory, WORDS("Follow this"), nullptr, "number", {{{"B"}}}, ActionNeed::story},
     {DeskAction::ShowTimeline, thisStory, WORDS("Show the timeline"), nullptr, "chart.bar.xaxis", {{{"Shift+T"}}}, ActionNeed::story},
     {DeskAction::FindCoverage, thisStory, WORDS("Find who else ran it"), nullptr, "newspaper", {{{"F"}}}, ActionNeed::story},
+    {DeskAction::ReadArticle, thisStory, WORDS("Read the text of its page"), nullptr, "doc.text", {{{"A"}}}, ActionNeed::story},
     {DeskAction::CorrectStory, thisStory, WORDS("Correct what the desk made of it"), nullptr, "checkmark.seal", {{{"Shift+K"}}}, ActionNeed::story},
     {DeskAction::SplitStory, thisStory, WORDS("Not the same news as the others"), nullptr, "scissors", {{{"Shift+N"}}}, ActionNeed::story},
     {DeskAction::PrintStory, thisStory, WORDS("Print story"), nullptr, "printer", {{{"Ctrl+P"}}}, ActionNeed::story},

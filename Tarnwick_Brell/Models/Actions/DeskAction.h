@@ -20,6 +20,7 @@ enum Value {
     FollowStory,
     ShowTimeline,
     FindCoverage,
+    ReadArticle,
     CorrectStory,
     SplitStory,
     PrintStory,

@@ -44,6 +44,7 @@ ReaderModel::ReaderModel(NewsDesk& desk, const Defaults& defaults, kit::Clock cl
       clock_(std::move(clock)),
       trace_(desk, defaults, clock_),
       coverage_(desk, defaults, clock_),
+      article_(desk, clock_),
       queue_(std::make_shared<MainThreadQueue>()) {
     connect(&desk, &NewsDesk::wireChanged, this, &ReaderModel::follow);
     connect(&desk, &NewsDesk::marksChanged, this, &ReaderModel::marksChanged);
@@ -64,6 +65,7 @@ void ReaderModel::show(std::optional<std::int64_t> number) {
     const auto place = number ? desk_.stories().placeOf(*number) : std::nullopt;
     trace_.clear();
     coverage_.clear();
+    article_.clear();
     stored_.reset();
     if (place) stored_ = desk_.stories()[*place].unpacked();
     readStory();
@@ -219,6 +221,10 @@ QString ReaderModel::link() const {
 }
 
 QString ReaderModel::shownLink() const { return stored_ ? app::shownLink(story()) : QString(); }
+
+void ReaderModel::toggleArticle() {
+    if (stored_) article_.toggle(story());
+}
 
 void ReaderModel::findCoverage() {
     if (!stored_) return;

@@ -13,6 +13,7 @@
 #include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
+#include "Tarnwick_Brell/Models/Stories/ArticleModel.h"
 #include "Tarnwick_Brell/Models/Stories/CoverageModel.h"
 #include "Tarnwick_Brell/Models/Stories/StoryDetails.h"
 #include "Tarnwick_Brell/Models/Stories/StoryDocument.h"
@@ -51,6 +52,7 @@ class ReaderModel : public QObject {
     Q_PROPERTY(QString timelineFact READ timelineFact NOTIFY timelineChanged)
     Q_PROPERTY(app::TraceModel* trace READ trace CONSTANT)
     Q_PROPERTY(app::CoverageModel* coverage READ coverage CONSTANT)
+    Q_PROPERTY(app::ArticleModel* article READ article CONSTANT)
 
 public:
     ReaderModel(NewsDesk& desk, const Defaults& defaults, kit::Clock clock,
@@ -93,6 +95,9 @@ public:
     /// Of the story in the reader, from when the user asks for it.
     CoverageModel* coverage() { return &coverage_; }
     void findCoverage();
+    /// The text of its page, from when the user asks for it.
+    ArticleModel* article() { return &article_; }
+    void toggleArticle();
 
     /// “Headline”, Outlet, 16 May 2026, https://…
     QString citation() const;
@@ -126,6 +131,7 @@ private:
     QString timelineFact_;
     TraceModel trace_;
     CoverageModel coverage_;
+    ArticleModel article_;
     std::shared_ptr<MainThreadQueue> queue_;
 };
 

@@ -136,6 +136,10 @@ void WindowModel::execute(Action action) {
             if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
             selected_.reader()->findCoverage();
             break;
+        case DeskAction::ReadArticle:
+            if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
+            selected_.reader()->toggleArticle();
+            break;
         case DeskAction::CorrectStory: correctStory(selected_.reader()->storyID()); break;
         case DeskAction::SplitStory: splitStory(); break;
         case DeskAction::PrintStory: emit printWanted(); break;
