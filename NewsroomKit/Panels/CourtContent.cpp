@@ -3,10 +3,15 @@
 #include <algorithm>
 #include <charconv>
 #include <functional>
+#include <optional>
 #include <set>
 #include <tuple>
+#include <unordered_map>
+#include <utility>
 
 #include <fmt/format.h>
+
+#include "NewsroomKit/Court/DocketSignals.h"
 
 namespace kit {
 namespace {
@@ -29,11 +34,63 @@ bool isFiledLater(const CourtItem& left, const CourtItem& right) {
     return order(left) > order(right);
 }
 
+/// Finds the items that are the same entry in another feed.
+class SameEntries {
+public:
+    /// The place of the same entry among those that were added; nothing for a new one. Entries
+    /// without a number pair once.
+    std::optional<std::size_t> placeOf(const CourtItem& item, const std::vector<CourtItem>& items) {
+        if (const auto identity = entryIdentity(item.entry)) {
+            const auto [found, isNew] = numbered_.try_emplace(*identity, items.size());
+            return isNew ? std::nullopt : std::optional(found->second);
+        }
+        if (item.entry.number) return std::nullopt;
+        const auto pair = std::ranges::find_if(alone_, [&](std::size_t place) {
+            const auto& other = items[place].entry;
+            return isOfCourtsFeed(item.entry) != isOfCourtsFeed(other) &&
+                   areAlike(item.entry, other);
+        });
+        if (pair == alone_.end()) {
+            alone_.push_back(items.size());
+            return std::nullopt;
+        }
+        const auto place = *pair;
+        alone_.erase(pair);
+        return place;
+    }
+
+private:
+    std::unordered_map<std::string, std::size_t> numbered_;
+    std::vector<std::size_t> alone_;  ///< without a number and without a pair
+};
+
+/// An entry that CourtListener and the court's own feed both list becomes one, with the text that
+/// says more.
+std::vector<CourtItem> withoutDoubles(std::vector<CourtItem> items) {
+    const bool hasBoth = std::ranges::any_of(
+        items, [](const CourtItem& item) { return isOfCourtsFeed(item.entry); });
+    if (!hasBoth) return items;
+    std::vector<CourtItem> kept;
+    SameEntries same;
+    for (auto& item : items) {
+        const auto place = same.placeOf(item, kept);
+        if (!place) {
+            kept.push_back(std::move(item));
+            continue;
+        }
+        auto& other = kept[*place];
+        if (isStub(other.entry) && !isStub(item.entry)) std::swap(other, item);
+        other.firstSeen = std::min(other.firstSeen, item.firstSeen);
+        if (other.note.empty()) other.note = item.note;
+    }
+    return kept;
+}
+
 }  // namespace
 
 CourtContent courtContent(std::vector<CourtItem> items, const CourtFilter& filter) {
     CourtContent content;
-    for (auto& item : items) {
+    for (auto& item : withoutDoubles(std::move(items))) {
         const auto latest = std::max(item.entry.date.value_or(item.firstSeen), item.firstSeen);
         if (filter.since && latest < *filter.since) continue;
         if (!filter.includesRoutine && item.entry.weight == DocketWeight::routine) {

@@ -78,7 +78,7 @@ class Court(unittest.TestCase):
         feed = self.desk.json("court")["feeds"][0]
         self.assertEqual((feed["partial"], "silentSince" in feed), (True, False))
 
-    def test_an_entry_of_a_docket_and_of_its_courts_feed_is_told_once(self):
+    def test_an_entry_of_a_docket_and_of_its_courts_feed_is_told_and_shown_once(self):
         self.go_to(1)
         self.desk.run("court", "follow", CASE)
         self.desk.run("court", "add", COURT, "--name", "Northern California")
@@ -89,6 +89,9 @@ class Court(unittest.TestCase):
         self.assertEqual(self.told("docket"), [
             "Low Water Games LLC v. Apple Inc., entry 31: Order on Motion.",
             "Low Water Games LLC v. Apple Inc., entry 31: now readable: ORDER granting in part 18 Motion to Dismiss."])
+        shown = [e["text"] for e in self.desk.json("court", "--stored")["entries"] if e.get("number") == "31"]
+        self.assertEqual(len(shown), 1, shown)
+        self.assertTrue(shown[0].startswith("ORDER granting in part"))
 
     def test_what_fails_leaves_the_last_good_answer_and_tells_nothing(self):
         self.go_to(1)
