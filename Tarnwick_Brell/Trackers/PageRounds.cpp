@@ -13,7 +13,7 @@
 #include "NewsroomKit/Pages/PageReader.h"
 #include "NewsroomKit/Pages/PageSignals.h"
 #include "Tarnwick_Brell/Trackers/FollowedPages.h"
-#include "Tarnwick_Brell/Storage/LocalStore.h"
+#include "Tarnwick_Brell/Trackers/TrackerJobs.h"
 
 namespace app {
 
@@ -183,6 +183,44 @@ std::optional<PageOutcome> PageRounds::record(const FollowedPage& page, PageVisi
     }
     transaction.commit();
     return outcome;
+}
+
+namespace {
+
+asio::awaitable<AnyCachedValue> pageRound(TrackerFetcher& fetcher) {
+    kit::CachedValue<std::size_t> round;
+    PageRounds rounds(fetcher);
+    auto due = PageRounds::duePages(fetcher.store(), fetcher.now());
+    const auto visited = co_await rounds.visit(std::move(due));
+    std::size_t read = 0;
+    std::string failure;
+    for (const auto& one : visited) {
+        const bool isRead = one.outcome && !one.outcome->miss;
+        read += isRead ? 1 : 0;
+        if (!isRead && failure.empty()) {
+            failure = one.page.name + ": " +
+                      (one.outcome ? std::string(label(*one.outcome->miss)) : one.reason);
+        }
+    }
+    round.value = read;
+    round.fetchedAt = fetcher.now();
+    if (read == 0 && !failure.empty()) round.error = std::move(failure);
+    co_return AnyCachedValue(std::move(round));
+}
+
+}  // namespace
+
+AnyTrackedFile pagesFile(kit::Clock clock) {
+    AnyTrackedFile file;
+    file.tracker = Tracker::pages;
+    file.name = "pages";
+    file.title = "The followed pages";
+    file.load = [](LocalStore&) { return AnyCachedValue(kit::CachedValue<std::size_t>()); };
+    file.fetch = pageRound;
+    file.isDue = [clock = std::move(clock)](LocalStore& store) {
+        return !PageRounds::duePages(store, clock()).empty();
+    };
+    return file;
 }
 
 }  // namespace app

@@ -12,6 +12,8 @@
 
 namespace app {
 
+struct AnyTrackedFile;
+
 /// What came of asking for a page.
 struct VisitedPage {
     kit::FollowedPage page;
@@ -41,5 +43,8 @@ private:
     TrackerFetcher& fetcher_;
     std::map<std::string, std::chrono::steady_clock::time_point> lastAsked_;
 };
+
+/// The round of all pages that are due, among the files of the trackers.
+AnyTrackedFile pagesFile(kit::Clock clock);
 
 }  // namespace app

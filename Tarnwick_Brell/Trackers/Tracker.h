@@ -18,13 +18,14 @@ enum class Tracker {
     filings,
     court,
     press,
-    backend
+    backend,
+    pages
 };
 
-inline constexpr std::array kTrackers{Tracker::status,  Tracker::releases, Tracker::quotes,
-                                      Tracker::board,   Tracker::events,   Tracker::signing,
-                                      Tracker::updates, Tracker::charts,   Tracker::filings,
-                                      Tracker::court,   Tracker::press,    Tracker::backend};
+inline constexpr std::array kTrackers{
+    Tracker::status,  Tracker::releases, Tracker::quotes, Tracker::board,   Tracker::events,
+    Tracker::signing, Tracker::updates,  Tracker::charts, Tracker::filings, Tracker::court,
+    Tracker::press,   Tracker::backend,  Tracker::pages};
 
 /// How often a tracker is fetched. `isMarketOpen` matters for quotes alone.
 constexpr std::chrono::minutes pollInterval(Tracker tracker, bool isMarketOpen = false) {
@@ -43,6 +44,8 @@ constexpr std::chrono::minutes pollInterval(Tracker tracker, bool isMarketOpen =
         case Tracker::press: return minutes(20);
         // Most of its files wait for longer.
         case Tracker::backend: return minutes(10);
+        // Each page has a time of its own, and a change is confirmed within minutes.
+        case Tracker::pages: return minutes(1);
     }
     return minutes(30);
 }

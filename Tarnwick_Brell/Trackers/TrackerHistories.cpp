@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Tarnwick_Brell/Storage/LocalStore.h"
+#include "Tarnwick_Brell/Trackers/FollowedPages.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 
 namespace app {
@@ -87,6 +88,7 @@ HistoryUpdate loadHistory(LocalStore& store, Tracker tracker) {
         case Tracker::charts: return updatingChartDays(store);
         case Tracker::backend:
             return updating(&Histories::backendFindings, store.findings().newest(kMostFindings));
+        case Tracker::pages: return updating(&Histories::pages, followedPages(store));
         case Tracker::status:
         case Tracker::quotes:
         case Tracker::board:

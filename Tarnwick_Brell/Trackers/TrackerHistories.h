@@ -10,6 +10,7 @@
 #include "Tarnwick_Brell/Storage/Histories/ChartHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/FindingHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
+#include "NewsroomKit/Pages/FollowedPage.h"
 #include "NewsroomKit/Signals/Signal.h"
 #include "Tarnwick_Brell/Storage/Histories/SigningHistory.h"
 #include "Tarnwick_Brell/Trackers/Tracker.h"
@@ -24,6 +25,7 @@ struct TrackerHistories {
     std::vector<SigningChange> signingChanges{};
     std::vector<OfferChange> offerChanges{};
     std::vector<StoredFinding> backendFindings{};
+    std::vector<kit::PageStatus> pages{};
     /// Of each chart the last day before the shown one.
     std::map<kit::AppStoreCharts::Kind, std::optional<ChartDay>> chartDayBefore{};
     /// Of each chart the days of the last three months, the earliest first.

@@ -66,6 +66,7 @@ DeskWorker::LongJob TrackerJobs::fetchStale(Files files, std::chrono::seconds fr
 TrackerJobs::Work TrackerJobs::fetchAll(WorkerContext& context, const Files& files) const {
     TrackerFetcher fetcher(context.store, context.stack.http(), clock_);
     for (const auto& file : files) {
+        if (file.isDue && !file.isDue(context.store)) continue;
         auto cached = co_await file.fetch(fetcher);
         LoadedFile fetched{file.tracker, file.name, std::move(cached)};
         const bool stops = file.comesFirst && !fetched.cached.hasValue;

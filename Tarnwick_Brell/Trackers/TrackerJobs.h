@@ -20,15 +20,18 @@ class TrackerStore;
 
 /// A TrackedFile with its type hidden.
 struct AnyTrackedFile {
+    AnyTrackedFile() = default;
     template <class T>
     AnyTrackedFile(TrackedFile<T> file);
 
-    Tracker tracker;
-    std::string name;
-    std::string title;
-    bool comesFirst;
-    std::function<AnyCachedValue(LocalStore&)> load;
-    std::function<boost::asio::awaitable<AnyCachedValue>(TrackerFetcher&)> fetch;
+    Tracker tracker{};
+    std::string name{};
+    std::string title{};
+    bool comesFirst = false;
+    std::function<AnyCachedValue(LocalStore&)> load{};
+    std::function<boost::asio::awaitable<AnyCachedValue>(TrackerFetcher&)> fetch{};
+    /// Null when it is due whenever its tracker is.
+    std::function<bool(LocalStore&)> isDue{};
 };
 
 std::vector<std::string> namesOf(const std::vector<AnyTrackedFile>& files);

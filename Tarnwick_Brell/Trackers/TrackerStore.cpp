@@ -4,6 +4,7 @@
 #include <set>
 
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
+#include "Tarnwick_Brell/Trackers/PageRounds.h"
 #include "Tarnwick_Brell/Trackers/TrackedBackend.h"
 #include "Tarnwick_Brell/Trackers/TrackedFilings.h"
 #include "Tarnwick_Brell/Trackers/TrackedRecords.h"
@@ -66,6 +67,7 @@ TrackerStore::Files TrackerStore::filesOf(Tracker tracker) const {
         case Tracker::backend:
             for (auto& file : backendFiles()) list.emplace_back(std::move(file));
             return list;
+        case Tracker::pages: return {pagesFile(clock_)};
     }
     return list;
 }
@@ -202,6 +204,7 @@ void TrackerStore::emitChanged(Tracker tracker) {
         case Tracker::court: emit courtChanged(); break;
         case Tracker::press: emit pressChanged(); break;
         case Tracker::backend: emit backendChanged(); break;
+        case Tracker::pages: emit pagesChanged(); break;
     }
 }
 

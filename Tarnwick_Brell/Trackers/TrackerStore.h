@@ -92,6 +92,9 @@ public:
     /// What was found in the watched files.
     const std::vector<StoredFinding>& backendFindings() const { return histories_.backendFindings; }
 
+    /// The followed pages in the user's order, then those that only panels follow.
+    const std::vector<kit::PageStatus>& pages() const { return histories_.pages; }
+
     /// The log of signals.
     const LogState& log() const { return log_; }
 
@@ -184,6 +187,7 @@ signals:
     void courtChanged();
     void pressChanged();
     void backendChanged();
+    void pagesChanged();
     void logChanged();
     /// Which trackers are being refreshed, `failures` and `lastUpdated`.
     void refreshChanged();

@@ -5,6 +5,7 @@
 #include "Tarnwick_Brell/Models/Panels/ClaimsPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/CountdownPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/CoveragePanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/PageWatchPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/RecordsPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/ReleasesPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/ScoopsPanelModel.h"
@@ -49,7 +50,7 @@ std::unique_ptr<PanelModel> makePanelModel(const PanelStores& stores, const kit:
         case PanelKind::coverage: return std::make_unique<CoveragePanelModel>(stores, panel, query);
         case PanelKind::clips: return std::make_unique<UncollectedPanelModel>(stores, panel);
         case PanelKind::apple: return std::make_unique<StreamPanelModel>(stores, panel, query);
-        case PanelKind::pageWatch: return std::make_unique<UncollectedPanelModel>(stores, panel);
+        case PanelKind::pageWatch: return std::make_unique<PageWatchPanelModel>(stores, panel);
         case PanelKind::scoops: return std::make_unique<ScoopsPanelModel>(stores, panel, query);
         case PanelKind::suppliers: return std::make_unique<SuppliersPanelModel>(stores, panel);
         case PanelKind::backend: return std::make_unique<BackendPanelModel>(stores, panel);

@@ -36,6 +36,7 @@ QString trackerName(Tracker tracker) {
         case Tracker::court: return SettingFacts::tr("court dockets");
         case Tracker::press: return SettingFacts::tr("press releases");
         case Tracker::backend: return SettingFacts::tr("Apple's public files");
+        case Tracker::pages: return SettingFacts::tr("Followed pages");
     }
     return {};
 }

@@ -75,7 +75,7 @@ TEST_F(PollScheduleTest, EachTrackerHasItsIntervalAndVariesByATenth) {
 TEST_F(PollScheduleTest, WhatTheLastRunFetchedIsNotFetchedAgainBeforeItsTime) {
     start({{status, now_.wall - 30s}, {releases, now_.wall - 2h}, {board, now_.wall + 1h}});
     EXPECT_EQ(due(), (Trackers{releases, quotes, board, events, signing, updates, charts, filings,
-                               court, press, backend}));
+                               court, press, backend, pages}));
     EXPECT_EQ(wait(status), 90s);
 }
 
@@ -126,7 +126,8 @@ TEST_F(PollScheduleTest, AfterSleepWhatIsOldIsDueSoonAndJumpsOfTheClockBringNoSt
     EXPECT_EQ(due(), Trackers());
     EXPECT_EQ(schedule_->next(), now_.steady + 10s);
     pass(10s);
-    EXPECT_EQ(due(), (Trackers{status, releases, board})) << "neither quotes nor events are old";
+    EXPECT_EQ(due(), (Trackers{status, releases, board, pages}))
+        << "neither quotes nor events are old";
     runAll();
     now_.wall -= 24h;
     EXPECT_EQ(due(), Trackers());
