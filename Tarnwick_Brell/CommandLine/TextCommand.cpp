@@ -31,16 +31,6 @@ using kit::PageBlock;
 
 constexpr std::size_t kWidestArticle = 88;
 
-/// The texts of articles, over a connection of their own: only this command reads them. The
-/// library must have been opened before, which brings its tables up to date.
-struct ArticleLibrary {
-    ArticleLibrary(const Session& session, app::Database::Access access)
-        : database(session.paths().library, access), articles(database) {}
-
-    app::Database database;
-    app::ArticleTable articles;
-};
-
 struct TextOptions {
     std::optional<std::string> id;
     bool isStored = false;
@@ -142,8 +132,7 @@ void printArticleJSON(Session& session, const StoredArticle& stored, const kit::
 StoredArticle articleOf(Session& session, const TextOptions& options, const kit::Story& story,
                         std::optional<kit::CurlTransport::Options> network) {
     if (!network) {
-        auto stored =
-            ArticleLibrary(session, app::Database::Access::readOnly).articles.find(story.id);
+        auto stored = session.storeForReading().articles().find(story.id);
         if (!stored) {
             throw WorkFailed("No text of this story is stored. brell text " + *options.id +
                              " fetches it.");
@@ -152,19 +141,19 @@ StoredArticle articleOf(Session& session, const TextOptions& options, const kit:
     }
     const auto address = story.articleLink.value_or(story.link);
     const auto article = fetchedArticle(std::move(*network), address);
-    ArticleLibrary library(session, app::Database::Access::readWrite);
-    app::Transaction transaction(library.database);
-    library.articles.put(story.id, address, article, session.now());
-    transaction.commit();
-    return library.articles.find(story.id).value();
+    return session.storing([&](app::LocalStore& store) {
+        auto transaction = store.transaction();
+        store.articles().put(story.id, address, article, session.now());
+        transaction.commit();
+        return store.articles().find(story.id).value();
+    });
 }
 
 /// Lists the stories whose stored text has the words.
 int runTextSearch(Session& session, const std::vector<std::string>& words) {
     auto& store = session.storeForReading();
     boost::json::array list;
-    ArticleLibrary library(session, app::Database::Access::readOnly);
-    for (const auto& id : library.articles.search(words)) {
+    for (const auto& id : store.articles().search(words)) {
         for (const auto& stored : store.stories().findByID(id, 1)) {
             if (session.options().json) {
                 list.push_back(storyRecord(stored));

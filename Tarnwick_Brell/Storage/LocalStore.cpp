@@ -58,6 +58,7 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       database_(file, access),
       corrections_(database_),
       claimAnswers_(database_),
+      articles_(database_),
       stories_(database_, corrections_),
       search_(database_, stories_),
       searchIndex_(database_),

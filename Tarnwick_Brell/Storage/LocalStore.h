@@ -5,6 +5,7 @@
 #include "Tarnwick_Brell/Storage/Histories/BuildHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/ChartHistory.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
+#include "Tarnwick_Brell/Storage/Tables/ArticleTable.h"
 #include "Tarnwick_Brell/Storage/Tables/ClaimAnswerTable.h"
 #include "Tarnwick_Brell/Storage/Tables/CorrectionTable.h"
 #include "Tarnwick_Brell/Storage/Tables/DeskState.h"
@@ -46,6 +47,7 @@ public:
 
     CorrectionTable& corrections() { return corrections_; }
     ClaimAnswerTable& claimAnswers() { return claimAnswers_; }
+    ArticleTable& articles() { return articles_; }
     StoryTable& stories() { return stories_; }
     /// Made when it is asked for: its statements need a library that may be written.
     [[nodiscard]] StoryMerge merging() { return StoryMerge(database_, searchIndex_); }
@@ -88,6 +90,7 @@ private:
     Database database_;
     CorrectionTable corrections_;
     ClaimAnswerTable claimAnswers_;
+    ArticleTable articles_;
     StoryTable stories_;
     StorySearch search_;
     SearchIndex searchIndex_;

@@ -50,6 +50,25 @@ protected:
     }
 };
 
+TEST_F(ReadingJobTest, TheTextOfAPageIsReadInTheReaderAndHiddenAgain) {
+    const QUrl link(model_->selectedStory()->reader()->link());
+    std::string body = "<html><body><nav>Menu</nav><article><h1>Harbour news</h1>";
+    for (int i = 0; i < 6; ++i)
+        body += "<p>The tide came in at noon, and the keeper of the light wrote it down.</p>";
+    harness_.desk.http.script.on(link.host().toStdString(), link.path().toStdString(),
+                                 {{.status = 404}, {.body = body + "</article></body></html>"}});
+    auto& article = *model_->selectedStory()->reader()->article();
+    press(Qt::Key_A);
+    ASSERT_TRUE(until([&] { return article.state() == ArticleModel::Failed; }));
+    EXPECT_FALSE(article.message().isEmpty());
+    article.retry();
+    ASSERT_TRUE(until([&] { return article.state() == ArticleModel::Ready; }));
+    EXPECT_TRUE(article.text().contains("keeper of the light"));
+    EXPECT_FALSE(article.text().contains("Menu"));
+    press(Qt::Key_A);
+    EXPECT_EQ(article.state(), ArticleModel::Idle);
+}
+
 TEST_F(ReadingJobTest, TheStoryInTheReaderIsPrintedAndSavedAsPDFWithKeys) {
     const QTemporaryDir home;
     const auto before = qgetenv("HOME"), settings = qgetenv("XDG_CONFIG_HOME");
