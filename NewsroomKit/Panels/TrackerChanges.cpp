@@ -1,5 +1,7 @@
 #include "NewsroomKit/Panels/TrackerChanges.h"
 
+#include <utility>
+
 #include "NewsroomKit/Trackers/Releases/ReleaseTitle.h"
 #include "NewsroomKit/Trackers/Status/AppleStatusAPI.h"
 
@@ -40,6 +42,22 @@ void addBuilds(std::vector<TrackerChange>& changes, const std::vector<PlatformRe
     }
 }
 
+std::vector<TrackerChange> loggedChanges(std::span<const LoggedSignal> logged,
+                                         const CompiledStoryQuery& wanted, Instant since) {
+    std::vector<TrackerChange> changes;
+    for (const auto& [number, signal] : logged) {
+        if (signal.seenAt < since || changes.size() == kMostLoggedChanges) break;
+        TrackerChange change{.kind = TrackerChange::Kind::logged,
+                             .subject = signal.title,
+                             .at = signal.happenedAt,
+                             .seenAt = signal.seenAt,
+                             .signal = signal.kind,
+                             .link = signal.link.value_or("")};
+        if (isWanted(wanted, change)) changes.push_back(std::move(change));
+    }
+    return changes;
+}
+
 }  // namespace
 
 TrackerAnswers TrackerAnswers::of(const CachedValue<AppleServiceStatus::Services>& consumer,
@@ -59,6 +77,10 @@ std::vector<TrackerChange> trackerChanges(const TrackerAnswers& answers,
     addProblems(changes, answers.developer, since);
     if (answers.releases) addBuilds(changes, *answers.releases, since);
     std::erase_if(changes, [&](const auto& change) { return !isWanted(wanted, change); });
+    for (const auto logged : {answers.records, answers.findings}) {
+        for (auto& change : loggedChanges(logged, wanted, since))
+            changes.push_back(std::move(change));
+    }
     return changes;
 }
 

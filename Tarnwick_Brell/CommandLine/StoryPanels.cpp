@@ -19,6 +19,7 @@
 #include "Tarnwick_Brell/Presentation/EmptyText.h"
 #include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
+#include "Tarnwick_Brell/Trackers/TrackerHistories.h"
 
 namespace cli {
 
@@ -85,8 +86,11 @@ std::vector<kit::TrackerChange> trackerChanges(PanelHoldings& holdings, const St
     const auto consumer = cached(holdings, files.status(kit::StatusFeed::consumer));
     const auto developer = cached(holdings, files.status(kit::StatusFeed::developer));
     const auto releases = cached(holdings, files.releases());
-    return kit::trackerChanges(kit::TrackerAnswers::of(consumer, developer, releases),
-                               query.compiled(), since);
+    const auto log = app::loadLogState(holdings.session().storeForReading());
+    auto answers = kit::TrackerAnswers::of(consumer, developer, releases);
+    answers.records = log.records;
+    answers.findings = log.findings;
+    return kit::trackerChanges(answers, query.compiled(), since);
 }
 
 }  // namespace

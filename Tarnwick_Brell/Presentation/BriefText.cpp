@@ -31,6 +31,7 @@ QString sentenceOf(const BriefContent::ApplePosts& posts, Instant, const Style&)
 }
 
 QString sentenceOf(const TrackerChange& change, Instant now, const Style& style) {
+    if (change.kind == Kind::logged) return titleText(change.subject, kTitleCharacters);
     const auto subject = titleText(change.subject);
     if (change.kind == Kind::problem) {
         return change.at ? BriefText::tr("%1 is having a problem since %2.")
@@ -51,9 +52,10 @@ QString sourcesOf(const BriefContent::ApplePosts& posts, Instant now, const Styl
 }
 
 QString sourcesOf(const TrackerChange& change, Instant now, const Style& style) {
-    const auto name = change.kind == Kind::problem ? BriefText::tr("System Status")
-                                                   : BriefText::tr("Apple Developer Releases");
-    const auto time = change.kind == Kind::problem ? change.seenAt : change.at;
+    const auto name = change.kind == Kind::problem  ? BriefText::tr("System Status")
+                      : change.kind == Kind::logged ? labelText(label(change.signal))
+                                                    : BriefText::tr("Apple Developer Releases");
+    const auto time = change.kind == Kind::build ? change.at : change.seenAt;
     return time ? name + u' ' + momentText(*time, now, style) : name;
 }
 

@@ -38,15 +38,17 @@ BriefPanelModel::BriefPanelModel(const PanelStores& stores, const kit::PanelSpec
            });
     connect(&trackers(), &TrackerStore::statusChanged, this, &BriefPanelModel::show);
     connect(&trackers(), &TrackerStore::releasesChanged, this, &BriefPanelModel::show);
+    connect(&trackers(), &TrackerStore::logChanged, this, &BriefPanelModel::show);
 }
 
 void BriefPanelModel::show() {
     if (!content_) return;
     const auto since = kit::briefStart(news().newSince(), now());
-    const auto changes = kit::trackerChanges(
-        kit::TrackerAnswers::of(trackers().consumerStatus(), trackers().developerStatus(),
-                                trackers().releases()),
-        wanted_, since);
+    auto answers = kit::TrackerAnswers::of(trackers().consumerStatus(),
+                                           trackers().developerStatus(), trackers().releases());
+    answers.records = trackers().log().records;
+    answers.findings = trackers().log().findings;
+    const auto changes = kit::trackerChanges(answers, wanted_, since);
     std::vector<BriefRow> rows;
     for (const auto& item : kit::briefItems(*content_, changes)) rows.push_back(rowOf(item, now()));
     rows_.setRows(std::move(rows));

@@ -26,18 +26,18 @@ constexpr int kLongestBlock = 20'000;
 constexpr int kLongestSentence = 600;
 
 QString articleText(const kit::Article& article) {
-    using Kind = kit::PageBlock::Kind;
+    using BlockKind = kit::PageBlock::Kind;
     QString text;
     std::size_t bytes = 0;
-    auto last = Kind::row;
+    auto last = BlockKind::row;
     for (const auto& block : article.blocks) {
-        const bool isList = block.kind == Kind::item || block.kind == Kind::row;
+        const bool isList = block.kind == BlockKind::item || block.kind == BlockKind::row;
         if (!text.isEmpty()) text += isList && last == block.kind ? u"\n" : u"\n\n";
-        if (block.kind == Kind::item) text += QStringLiteral("• ");
-        if (block.kind == Kind::quote) text += QStringLiteral("“");
-        text += block.kind == Kind::code ? bodyText(block.text, kLongestBlock)
-                                         : titleText(block.text, kLongestBlock);
-        if (block.kind == Kind::quote) text += QStringLiteral("”");
+        if (block.kind == BlockKind::item) text += QStringLiteral("• ");
+        if (block.kind == BlockKind::quote) text += QStringLiteral("“");
+        text += block.kind == BlockKind::code ? bodyText(block.text, kLongestBlock)
+                                              : titleText(block.text, kLongestBlock);
+        if (block.kind == BlockKind::quote) text += QStringLiteral("”");
         last = block.kind;
         bytes += block.text.size();
         if (bytes > kMostArticleBytes) return text + QStringLiteral("…");

@@ -259,7 +259,15 @@ TEST(Brief, ChangesOfTrackersStandAmongTheTopics) {
          .current = SoftwareRelease{.title = "iOS 26.5", .published = hoursAgo(99)},
          .beta = SoftwareRelease{
              .version = "26.6", .stage = "beta 1", .build = "23G5", .published = hoursAgo(1)}}};
-    const TrackerAnswers answers{.consumer = {&services, kNow}, .releases = &releases};
+    const auto logged = [](const char* title, double hours) {
+        return LoggedSignal{.signal = {.title = title, .seenAt = hoursAgo(hours)}};
+    };
+    const std::vector records{logged("Glassworks filed a form.", 1), logged("Long ago.", 99)};
+    const std::vector findings{logged("A path is blocked.", 2)};
+    const TrackerAnswers answers{.consumer = {&services, kNow},
+                                 .releases = &releases,
+                                 .records = records,
+                                 .findings = findings};
     const auto changes = [&](const StoryQuery& query) {
         return trackerChanges(answers, query.compiled(), hoursAgo(4));
     };
@@ -278,7 +286,10 @@ TEST(Brief, ChangesOfTrackersStandAmongTheTopics) {
         }
         return all;
     };
-    EXPECT_EQ(text({}), "A; Tune Box; B; Undated; iOS 26.6 beta 1; Apple; ");
+    EXPECT_EQ(text({}),
+              "A; Tune Box; B; Undated; iOS 26.6 beta 1; Glassworks filed a form.; "
+              "A path is blocked.; Apple; ");
+    EXPECT_EQ(text({.anyTerms = {"Glassworks"}}), "A; Glassworks filed a form.; B; Apple; ");
     EXPECT_EQ(text({.anyTerms = {"23G5"}}), "A; iOS 26.6 beta 1; B; Apple; ");
     EXPECT_EQ(text({.sourceIDs = {"somewhere"}}), "A; Apple; B; ") << "trackers are no source";
     EXPECT_EQ(changes({})[0].seenAt, kNow);

@@ -51,6 +51,8 @@ protected:
 };
 
 TEST_F(ReadingJobTest, TheTextOfAPageIsReadInTheReaderAndHiddenAgain) {
+    press(Qt::Key_J);
+    ASSERT_TRUE(until([&] { return !model_->selectedStory()->reader()->link().isEmpty(); }));
     const QUrl link(model_->selectedStory()->reader()->link());
     std::string body = "<html><body><nav>Menu</nav><article><h1>Harbour news</h1>";
     for (int i = 0; i < 6; ++i)
