@@ -52,6 +52,7 @@ std::vector<View> subjectViews(NewsDesk& news) {
              model.open(QStringLiteral("page:activity"));
              waitUntil("the log", [&] { return model.page()->state() != PanelModel::Loading; });
          }},
+        {"pages", [](WindowModel& model) { model.open(QStringLiteral("tracker:pages")); }},
         {"filings", [](WindowModel& model) { openRecords(model, RecordsPageModel::Filings); }},
         {"insiders", [](WindowModel& model) { openRecords(model, RecordsPageModel::Insiders); }},
         {"court", [](WindowModel& model) { openRecords(model, RecordsPageModel::Court); }},

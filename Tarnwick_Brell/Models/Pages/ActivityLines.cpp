@@ -78,7 +78,7 @@ QString placeOf(kit::SignalKind kind) {
         case insiderTrade:
         case docket:
         case pressRelease: return QStringLiteral("tracker:records");
-        case page: break;
+        case page: return QStringLiteral("tracker:pages");
         case backend: return QStringLiteral("tracker:backend");
     }
     return {};

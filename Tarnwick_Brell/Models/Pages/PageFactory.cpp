@@ -12,6 +12,7 @@
 #include "Tarnwick_Brell/Models/Pages/LedgerPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
+#include "Tarnwick_Brell/Models/Pages/PagesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/RacesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/RecordsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SigningPageModel.h"
@@ -45,6 +46,7 @@ const PageRow* rowOf(const Destination& place) {
         PageRow{"tracker:updates", pageOf<UpdatesPageModel>},
         PageRow{"tracker:charts", pageOf<ChartsPageModel>},
         PageRow{"tracker:records", pageOf<RecordsPageModel>},
+        PageRow{"tracker:pages", pageOf<PagesPageModel>},
         PageRow{"tracker:backend", pageOf<BackendPageModel>},
         PageRow{"page:sources", pageOf<SourcesPageModel>},
         PageRow{"tracker:status", pageOf<StatusPageModel>},

@@ -15,6 +15,7 @@ const std::vector<TrackerPage>& trackerPages() {
         {"updates", QT_TRANSLATE_NOOP("TrackerPages", "Update catalogue"), "server.rack"},
         {"charts", QT_TRANSLATE_NOOP("TrackerPages", "App Store charts"), "list.number"},
         {"records", QT_TRANSLATE_NOOP("TrackerPages", "Filings & court"), "doc.text"},
+        {"pages", QT_TRANSLATE_NOOP("TrackerPages", "Pages"), "doc.text.magnifyingglass"},
         {"backend", QT_TRANSLATE_NOOP("TrackerPages", "Back end"), "arrow.triangle.branch"},
     };
     // clang-format on

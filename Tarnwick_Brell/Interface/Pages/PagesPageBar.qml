@@ -1,0 +1,7 @@
+import TarnwickBrell.Models
+
+PageBar {
+    required property PagesPageModel content
+
+    page: content
+}

@@ -1,0 +1,152 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <QAbstractListModel>
+#include <QStringList>
+
+#include "NewsroomKit/Panels/PagesContent.h"
+#include "Tarnwick_Brell/Desk/MainThreadQueue.h"
+#include "Tarnwick_Brell/Models/Pages/LibraryReading.h"
+#include "Tarnwick_Brell/Models/Pages/PageModel.h"
+#include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
+
+namespace app {
+
+/// A followed page, or one that is suggested.
+struct FollowedPageLine {
+    Q_GADGET
+    Q_PROPERTY(QString heading MEMBER heading)
+    Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(QString address MEMBER address)
+    Q_PROPERTY(QString when MEMBER when)
+    Q_PROPERTY(QString fact MEMBER fact)
+    Q_PROPERTY(bool isFailing MEMBER isFailing)
+    Q_PROPERTY(bool isNew MEMBER isNew)
+    Q_PROPERTY(bool isSuggested MEMBER isSuggested)
+    Q_PROPERTY(QString spokenText MEMBER spokenText)
+
+public:
+    QString heading{};  ///< above the first suggested page
+    QString name{};
+    QString address{};
+    QString when{};  ///< of the last change
+    QString fact{};  ///< what changed, or why the page could not be read
+    bool isFailing = false;
+    bool isNew = false;
+    bool isSuggested = false;
+    QString spokenText{};
+
+    bool operator==(const FollowedPageLine&) const = default;
+};
+
+/// A change between two revisions.
+struct PageChangeLine {
+    Q_GADGET
+    Q_PROPERTY(QString group MEMBER group)
+    Q_PROPERTY(QString headings MEMBER headings)
+    Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(QString spokenText MEMBER spokenText)
+
+public:
+    QString group{};     ///< above the first small edit and the first link
+    QString headings{};  ///< under which it stands on the page
+    QString text{};
+    QString spokenText{};
+
+    bool operator==(const PageChangeLine&) const = default;
+};
+
+/// The pages that are followed, and of the chosen one what changed between any two revisions.
+class PagesPageModel final : public app::PageModel {
+    Q_OBJECT
+    QML_NAMED_ELEMENT(PagesPageModel)
+    QML_UNCREATABLE("The window makes its pages.")
+    Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
+    Q_PROPERTY(int row READ row WRITE setRow NOTIFY changed)
+    Q_PROPERTY(QString chosenName READ chosenName NOTIFY changed)
+    Q_PROPERTY(QString chosenAddress READ chosenAddress NOTIFY changed)
+    Q_PROPERTY(QString chosenFact READ chosenFact NOTIFY changed)
+    Q_PROPERTY(QString problem READ problem NOTIFY changed)
+    Q_PROPERTY(bool isFollowed READ isFollowed NOTIFY changed)
+    Q_PROPERTY(bool isSuggested READ isSuggested NOTIFY changed)
+    Q_PROPERTY(QList<QString> revisions READ revisions NOTIFY changed)
+    Q_PROPERTY(int earlier READ earlier WRITE setEarlier NOTIFY changed)
+    Q_PROPERTY(int later READ later WRITE setLater NOTIFY changed)
+    Q_PROPERTY(QString summary READ summary NOTIFY changed)
+    Q_PROPERTY(QAbstractListModel* changes READ changes CONSTANT)
+
+public:
+    explicit PagesPageModel(const DeskStores& stores);
+    ~PagesPageModel() override;
+
+    QAbstractListModel* rows() { return &rows_; }
+    int row() const { return row_; }
+    void setRow(int row);
+    QString chosenName() const;
+    QString chosenAddress() const;
+    /// "Noticed 14:32, last seen unchanged 14:02. Next look in 12 min."
+    const QString& chosenFact() const { return chosenFact_; }
+    /// Why the page could not be read the last time.
+    const QString& problem() const { return problem_; }
+    bool isFollowed() const;
+    bool isSuggested() const;
+    /// Those that are kept, the last one first.
+    const QStringList& revisions() const { return revisionNames_; }
+    // Places in `revisions`; -1 while there are not two.
+    int earlier() const { return earlier_; }
+    void setEarlier(int place);
+    int later() const { return later_; }
+    void setLater(int place);
+    /// "9 changes", or why there are none to show.
+    const QString& summary() const { return summary_; }
+    QAbstractListModel* changes() { return &changes_; }
+
+    /// Any page of https. An address that is none is refused with a notice.
+    Q_INVOKABLE void addPage(const QString& address);
+    Q_INVOKABLE void followSuggested();
+    Q_INVOKABLE void removePage();
+    Q_INVOKABLE void openRow(int row);
+
+    void tick() override { update(); }
+    void retry() override;
+
+protected:
+    bool hasBar() const override { return true; }
+
+private:
+    struct Compared {
+        std::vector<kit::PageRevision> revisions{};
+        int earlier = -1;
+        int later = -1;
+        std::optional<kit::PageComparison> comparison{};
+    };
+
+    void update();
+    void showChosen();
+    void compare(int earlier, int later);
+    void show(const Compared& compared);
+    void follow(const kit::FollowedPage& page);
+    void pushStep(const kit::FollowedPage& page, bool follows, const QString& step,
+                  const QString& notice);
+    const kit::PageRow* chosen() const;
+    std::size_t suggestedPlace() const;
+
+    std::vector<kit::PageRow> followed_;
+    std::vector<kit::SuggestedPage> suggested_;
+    GadgetListModel<FollowedPageLine> rows_;
+    int row_ = -1;
+    std::string chosenKey_;  ///< its address
+    QString chosenFact_, problem_, summary_;
+    QStringList revisionNames_;
+    int earlier_ = -1;
+    int later_ = -1;
+    GadgetListModel<PageChangeLine> changes_;
+    LibraryReading<Compared> reading_;
+    std::shared_ptr<MainThreadQueue> queue_;
+};
+
+}  // namespace app
