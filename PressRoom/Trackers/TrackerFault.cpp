@@ -59,11 +59,15 @@ json::object* holder(json::value& value, std::string_view key) {
     return nullptr;
 }
 
-/// The document with one key's entry changed.
+/// The document with one key's entry changed: in its list where that has the key, as other members
+/// may stand before it and nobody may read them.
 template <class Change>
 TrackerAnswer changed(TrackerAnswer answer, std::string_view key, Change change) {
     json::value value(std::move(answer.document));
-    if (auto* object = holder(value, key)) change(*object);
+    auto* list = value.get_object().if_contains(answer.list);
+    auto* object = list ? holder(*list, key) : nullptr;
+    if (!object) object = holder(value, key);
+    if (object) change(*object);
     answer.document = std::move(value.get_object());
     return answer;
 }
