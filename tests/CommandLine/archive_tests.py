@@ -10,23 +10,13 @@ import unittest
 from datetime import datetime, timedelta, timezone
 from pathlib import Path
 
-from harness import BIN, Desk, PressRoom, written_to
-from world_time import World
+from harness import BIN, PressRoom, written_to
+from world_time import WorldTest
 
 LOOKING = "Looking for every outlet that ran it…"
 
 
-class Archive(unittest.TestCase):
-    def setUp(self):
-        self.world = World()
-        self.desk = Desk()
-        self.addCleanup(self.desk.close)
-
-    def go_to(self, minute, *options):
-        room = self.world.room(minute, *options)
-        self.addCleanup(room.close)
-        self.desk.network = room.network
-
+class Archive(WorldTest):
     def period(self, hours):
         """The options for so many hours before the world's anchor."""
         anchor = datetime.fromtimestamp(self.world.anchor, timezone.utc)

@@ -1,14 +1,9 @@
 #!/usr/bin/env python3
 """The watch of Apple's public files against the press room's, hour by hour of its world."""
 import os
-import signal
-import sqlite3
-import subprocess
-import time
 import unittest
 
-from harness import BIN, Desk
-from world_time import World
+from world_time import WorldTest
 
 # What a day of the world has, in its order, with the minute of each: every one is told once, and nothing else is.
 TRUE_CHANGES = [
@@ -30,47 +25,22 @@ TRUE_CHANGES = [
 ]
 
 
-class Backend(unittest.TestCase):
-    def setUp(self):
-        self.world = World()
-        self.desk = Desk()
-        self.addCleanup(self.desk.close)
-
-    def go_to(self, minute, *options):
-        room = self.world.room(minute, *options)
-        self.addCleanup(room.close)
-        self.desk.network = room.network
-
-    def write(self, statement):
-        library = sqlite3.connect(next(self.desk.folder.rglob("library*")))
-        with library:
-            rows = library.execute(statement).fetchall()
-        library.close()
-        return rows
-
-    def told(self):
-        rows = self.write("SELECT title FROM signals WHERE kind = 'backend' ORDER BY number")
-        return [row[0] for row in rows]
-
+class Backend(WorldTest):
     def poll(self, *options, status=0):
         """Asks although the files were asked for a moment ago."""
         if any(self.desk.folder.rglob("library*")):
-            self.write("UPDATE trackerHealth SET lastAttempt = lastAttempt - 3600000000")
+            self.rows("UPDATE trackerHealth SET lastAttempt = lastAttempt - 3600000000")
         return self.desk.run("backend", *options, status=status)
 
     def kill_one(self, delay):
-        self.write("UPDATE trackerHealth SET lastAttempt = lastAttempt - 3600000000")
-        process = subprocess.Popen([BIN / "brell", "--data-dir", self.desk.folder, *self.desk.network, "backend"],
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        time.sleep(delay)
-        os.kill(process.pid, signal.SIGKILL)
-        process.wait()
+        self.rows("UPDATE trackerHealth SET lastAttempt = lastAttempt - 3600000000")
+        self.kill(delay, "backend")
 
     def test_every_change_of_a_day_is_told_once_and_nothing_else(self):
         self.go_to(1)
         for _ in range(8):
             self.poll()
-        self.assertEqual(self.told(), [])
+        self.assertEqual(self.told("backend"), [])
         text = self.desk.run("backend", "--stored").stdout
         self.assertIn("Nothing has changed since the first look", text)
         self.assertIn("Settings of Siri: muted, as it changes all the time: requestToken.", text)
@@ -79,7 +49,7 @@ class Backend(unittest.TestCase):
             self.kill_one(0.05 + minute % 7 / 20)
             self.poll()
             self.poll()
-        told = self.told()
+        told = self.told("backend")
         for change in TRUE_CHANGES:
             self.assertEqual(len([t for t in told if t.startswith(change)]), 1, (change, told))
         self.assertEqual(len(told), len(TRUE_CHANGES), told)
@@ -123,7 +93,7 @@ class Backend(unittest.TestCase):
         self.go_to(1)
         self.poll()
         self.poll()
-        self.assertEqual(self.told(), [])
+        self.assertEqual(self.told("backend"), [])
         self.assertEqual(self.desk.json("backend", "--stored")["findings"], [])
 
     def test_a_file_is_not_asked_for_twice_within_its_interval(self):

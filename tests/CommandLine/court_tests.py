@@ -1,41 +1,17 @@
 #!/usr/bin/env python3
 """Dockets and press releases against the press room, in and out of order."""
 import os
-import signal
-import sqlite3
-import subprocess
-import time
 import unittest
 
-from harness import BIN, Desk
-from world_time import World
+from world_time import WorldTest
 
 CASE, OTHER = "https://www.courtlistener.com/docket/70410111/low-water-games-llc-v-apple-inc/", "70410222"
 COURT = "https://ecf.cand.uscourts.gov/cgi-bin/rss_outside.pl"
 
 
-class Court(unittest.TestCase):
-    def setUp(self):
-        self.world = World()
-        self.desk = Desk()
-        self.addCleanup(self.desk.close)
-
-    def go_to(self, minute, *options):
-        room = self.world.room(minute, *options)
-        self.addCleanup(room.close)
-        self.desk.network = room.network
-
-    def told(self, kind):
-        library = sqlite3.connect(next(self.desk.folder.rglob("library*")))
-        rows = library.execute("SELECT title FROM signals WHERE kind = ? ORDER BY number", (kind,)).fetchall()
-        library.close()
-        return [row[0] for row in rows]
-
+class Court(WorldTest):
     def move_back(self, column):
-        library = sqlite3.connect(next(self.desk.folder.rglob("library*")))
-        with library:
-            library.execute(f"UPDATE {column} - 3600000000")
-        library.close()
+        self.rows(f"UPDATE {column} - 3600000000")
 
     def test_entries_are_told_once_and_none_on_the_first_look(self):
         self.assertIn("No case is followed yet", self.desk.run("court").stdout + self.desk.run("court").stderr)
@@ -156,11 +132,7 @@ class Court(unittest.TestCase):
         self.desk.run("court")
         self.go_to(120)
         for delay in (0.02, 0.05, 0.1, 0.2, 0.4):
-            process = subprocess.Popen([BIN / "brell", "--data-dir", self.desk.folder, *self.desk.network, "court"],
-                                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            time.sleep(delay)
-            os.kill(process.pid, signal.SIGKILL)
-            process.wait()
+            self.kill(delay, "court")
         self.desk.run("court")
         titles = self.told("docket")
         self.assertEqual(len(titles), len(set(titles)))

@@ -1,14 +1,9 @@
 #!/usr/bin/env python3
 """Filings and insiders' trades against the press room, in and out of order."""
 import os
-import signal
-import sqlite3
-import subprocess
-import time
 import unittest
 
-from harness import BIN, Desk
-from world_time import World
+from world_time import WorldTest
 
 TOLD = [
     "Apple: Maren K. Tolliver will sell 24,000 shares for about $7,512,000 around",
@@ -28,34 +23,14 @@ TOLD = [
     "Apple: Quarterly report (form 10-Q)."]
 
 
-class Filings(unittest.TestCase):
-    def setUp(self):
-        self.world = World()
-        self.desk = Desk()
-        self.addCleanup(self.desk.close)
-
-    def go_to(self, minute, *options, **named):
-        room = self.world.room(minute, *options, **named)
-        self.addCleanup(room.close)
-        self.desk.network = room.network
-
+class Filings(WorldTest):
     def begin(self, minute=1):
         self.go_to(minute)
         self.desk.run("settings", "contactAddress", "reader@example.org")
         self.desk.run("filings")
 
-    def rows(self, statement, *values):
-        library = sqlite3.connect(next(self.desk.folder.rglob("library*")))
-        with library:
-            found = library.execute(statement, values).fetchall()
-        library.close()
-        return found
-
-    def told(self):
-        return [row[0] for row in self.rows("SELECT title FROM signals WHERE kind IN ('filing', 'insiderTrade') ORDER BY number")]
-
     def assert_told(self, expected):
-        told = self.told()
+        told = self.told("filing", "insiderTrade")
         for beginning in expected:
             self.assertEqual(sum(title.startswith(beginning) for title in told), 1, f"{beginning} among {told}")
         self.assertEqual(len(told), len(expected), told)
@@ -76,7 +51,7 @@ class Filings(unittest.TestCase):
             self.assertEqual(len(log.readlines()), 1, "one refusal stops the feeds of all companies")
         self.desk.run("settings", "contactAddress", "reader@example.org")
         self.desk.run("filings")
-        self.assertEqual(self.told(), [], "nothing is told of the first look")
+        self.assertEqual(self.told("filing", "insiderTrade"), [], "nothing is told of the first look")
 
     def test_too_many_requests_are_followed_by_ten_minutes_of_silence(self):
         self.begin()
@@ -150,8 +125,8 @@ class Filings(unittest.TestCase):
         self.go_to(140, "--misbehave", "filings-archive=unavailable")
         self.desk.run("filings")
         self.rows("DELETE FROM hostPauses")
-        self.assertFalse([title for title in self.told() if "Tolliver" in title], "forms are told once they are read")
-        self.assertEqual(len(self.told()), 2, "events are told without the titles of their press releases")
+        self.assertFalse([title for title in self.told("filing", "insiderTrade") if "Tolliver" in title], "forms are told once they are read")
+        self.assertEqual(len(self.told("filing", "insiderTrade")), 2, "events are told without the titles of their press releases")
         self.go_to(140)
         self.desk.run("filings")
         self.assert_told([TOLD[0], "Broadcom: Departure or appointment of directors or officers (form 8-K).", *TOLD[2:4]])
@@ -160,11 +135,7 @@ class Filings(unittest.TestCase):
         self.begin()
         self.go_to(450)
         for delay in (0.02, 0.05, 0.1, 0.15, 0.2, 0.3, 0.5):
-            process = subprocess.Popen([BIN / "brell", "--data-dir", self.desk.folder, *self.desk.network, "filings"],
-                                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            time.sleep(delay)
-            os.kill(process.pid, signal.SIGKILL)
-            process.wait()
+            self.kill(delay, "filings")
         self.desk.run("filings")
         self.assert_told(TOLD[:7])
 

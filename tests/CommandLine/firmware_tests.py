@@ -2,26 +2,15 @@
 """Firmware signing, the update catalogue and the charts against the press room, in and out of order."""
 import json
 import re
-import sqlite3
 import unittest
 
-from harness import Desk, PressRoom
-from world_time import World
+from harness import PressRoom
+from world_time import WorldTest
 
 COMMANDS = {"signing": ["signing", "iPhone18,3"], "updates": ["updates"], "charts": ["charts", "top-free"]}
 
 
-class Firmware(unittest.TestCase):
-    def setUp(self):
-        self.world = World()
-        self.desk = Desk()
-        self.addCleanup(self.desk.close)
-
-    def go_to(self, minute, *options):
-        room = self.world.room(minute, *options)
-        self.addCleanup(room.close)
-        self.desk.network = room.network
-
+class Firmware(WorldTest):
     def test_a_build_is_signed_no_longer_once_a_second_look_says_so(self):
         self.go_to(1)
         overview = self.desk.json("signing")["devices"]
@@ -93,10 +82,7 @@ class Firmware(unittest.TestCase):
         self.assertEqual([(c["kind"], [e["rank"] for e in c["entries"]]) for c in charts],
                          [("top-free", list(range(1, 26))), ("top-paid", list(range(1, 26)))])
         self.assertNotIn("rankBefore", charts[0]["entries"][0], "nothing is known of a day before")
-        library = sqlite3.connect(next(self.desk.folder.rglob("library*")))
-        with library:
-            library.execute("UPDATE chartRanks SET day = day - 86400000000")
-        library.close()
+        self.rows("UPDATE chartRanks SET day = day - 86400000000")
         self.go_to(60)
         entries = self.desk.json("charts", "top-free")["entries"]
         self.assertEqual([(e["name"], e.get("rankBefore")) for e in entries[:2]], [("Tidal Notes", 5), ("Pebble Chat", 1)])

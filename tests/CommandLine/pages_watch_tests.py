@@ -1,14 +1,10 @@
 #!/usr/bin/env python3
 """Followed pages against the press room's, hour by hour of its world."""
-import os
-import signal
-import sqlite3
 import subprocess
-import time
 import unittest
 
-from harness import BIN, Desk
-from world_time import World
+from harness import BIN
+from world_time import WorldTest
 
 GUIDELINES = "https://developer.apple.com/app-store/review/guidelines/"
 PRIVACY = "https://www.apple.com/legal/privacy/"
@@ -22,34 +18,18 @@ TRUE_CHANGES = [
 ]
 
 
-class PagesWatch(unittest.TestCase):
-    def setUp(self):
-        self.world = World()
-        self.desk = Desk()
-        self.addCleanup(self.desk.close)
-
-    def go_to(self, minute):
-        room = self.world.room(minute)
-        self.addCleanup(room.close)
-        self.desk.network = room.network
-
+class PagesWatch(WorldTest):
     def check(self, *page):
         """Looks now; whether a page could be read does not matter here."""
         return subprocess.run([BIN / "brell", "--data-dir", self.desk.folder, *self.desk.network, "pages", "check", *page],
                               capture_output=True, text=True, check=False).stdout
-
-    def told(self):
-        library = sqlite3.connect(next(self.desk.folder.rglob("library*")))
-        rows = library.execute("SELECT title FROM signals WHERE kind = 'page' ORDER BY number").fetchall()
-        library.close()
-        return [row[0] for row in rows]
 
     def follow(self):
         for page in (GUIDELINES, PRIVACY, SECURITY):
             self.desk.run("pages", "add", page)
 
     def assert_true_changes(self):
-        titles = self.told()
+        titles = self.told("page")
         self.assertEqual(len(titles), len(TRUE_CHANGES), titles)
         for title, (name, beginning) in zip(titles, TRUE_CHANGES):
             self.assertTrue(title.startswith(name + ": " + beginning), title)
@@ -85,7 +65,7 @@ class PagesWatch(unittest.TestCase):
         for minute, words in faults.items():
             self.go_to(minute)
             self.assertIn(words, self.desk.run("pages", "check", "Rules", status=1).stderr)
-        self.assertEqual(self.told(), [], "an hour of failures would be told")
+        self.assertEqual(self.told("page"), [], "an hour of failures would be told")
         self.assertEqual(self.desk.json("pages", "--stored")["pages"][0]["state"], "failing")
 
     def test_a_desk_that_is_killed_loses_and_repeats_nothing(self):
@@ -95,14 +75,10 @@ class PagesWatch(unittest.TestCase):
             self.check()
         self.go_to(225)
         for delay in (0.05, 0.1, 0.15, 0.2, 0.3, 0.4):
-            process = subprocess.Popen([BIN / "brell", "--data-dir", self.desk.folder, *self.desk.network, "pages", "check"],
-                                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            time.sleep(delay)
-            os.kill(process.pid, signal.SIGKILL)
-            process.wait()
+            self.kill(delay, "pages", "check")
         for _ in range(5):
             self.check()
-        self.assertEqual(sorted(title.split(":")[0] for title in self.told()), sorted(name for name, _ in TRUE_CHANGES))
+        self.assertEqual(sorted(title.split(":")[0] for title in self.told("page")), sorted(name for name, _ in TRUE_CHANGES))
 
     def test_pages_are_followed_by_name_or_address_until_they_are_removed(self):
         self.assertIn("no https address", self.desk.run("pages", "add", "http://a.example/", status=2).stderr)

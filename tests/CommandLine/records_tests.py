@@ -1,17 +1,12 @@
 #!/usr/bin/env python3
 """Filings, trades, court entries and press releases over two days of the press room's world."""
 import json
-import os
 import random
-import signal
-import sqlite3
-import subprocess
 import unittest
 from collections import Counter
 from pathlib import Path
 
-from harness import BIN, Desk
-from world_time import World
+from world_time import WorldTest
 
 WORLD = Path(__file__).resolve().parents[2] / "PressRoom" / "World"
 DOCKETS = ("70410111", "70410222")
@@ -50,31 +45,15 @@ def releases_to_tell():
                    if comes_later(release) and "Law Firm" not in release["title"])
 
 
-class Records(unittest.TestCase):
-    def told(self, kinds):
-        library = sqlite3.connect(next(self.desk.folder.rglob("library*")))
-        rows = library.execute(f"SELECT id, title, subject FROM signals WHERE kind IN ({','.join('?' * len(kinds))})", kinds).fetchall()
-        library.close()
-        return rows
-
-    def kill_at_any_moment(self, command):
-        process = subprocess.Popen([BIN / "brell", "--data-dir", self.desk.folder, *self.desk.network, command],
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        try:
-            process.wait(timeout=self.random.uniform(0.005, 0.25))
-        except subprocess.TimeoutExpired:
-            os.kill(process.pid, signal.SIGKILL)
-            process.wait()
+class Records(WorldTest):
+    def signals_of(self, *kinds):
+        places = ",".join("?" * len(kinds))
+        return self.rows(f"SELECT id, title, subject FROM signals WHERE kind IN ({places})", *kinds)
 
     def test_all_that_happens_in_two_days_is_told_once_whenever_the_desk_is_killed(self):
-        self.random = random.Random(20261122)
-        self.desk = Desk()
-        self.addCleanup(self.desk.close)
-        place = World()
+        moments = random.Random(20261122)
         for step, minute in enumerate((1, 61, 100, 300, 640, 720, 1010, 1490, 1700, 2300, TWO_DAYS, TWO_DAYS)):
-            room = place.room(minute)
-            self.addCleanup(room.close)
-            self.desk.network = room.network
+            self.go_to(minute)
             if step == 0:
                 self.desk.run("settings", "contactAddress", "reader@example.org")
                 for docket in DOCKETS:
@@ -82,19 +61,19 @@ class Records(unittest.TestCase):
                 self.desk.run("court", "add", COURT)
             for command in COMMANDS:
                 for _ in range(2):
-                    self.kill_at_any_moment(command)
+                    self.kill(moments.uniform(0.005, 0.25), command)
                 self.desk.run(command)
             if step == 0:
-                self.assertEqual(self.told(("filing", "insiderTrade", "docket", "pressRelease")), [], "the first look")
+                self.assertEqual(self.signals_of("filing", "insiderTrade", "docket", "pressRelease"), [], "the first look")
         names = {"Apple": 320193, "Broadcom": 1730168, "Corning": 24741}
-        told = Counter((names[subject], int(key.rsplit("-", 1)[1])) for key, _, subject in self.told(("filing", "insiderTrade")))
+        told = Counter((names[subject], int(key.rsplit("-", 1)[1])) for key, _, subject in self.signals_of("filing", "insiderTrade"))
         self.assertEqual(told, filings_to_tell())
         told = Counter()
-        for _, title, subject in self.told(("docket",)):
+        for _, title, subject in self.signals_of("docket"):
             number = title.split(", entry ")[1].split(":")[0] if ", entry " in title else None
             told[subject, int(number) if number else None] += 1
         self.assertEqual(told, entries_to_tell())
-        told = Counter(title.split(": ", 1)[1].rstrip(".") for _, title, _ in self.told(("pressRelease",)))
+        told = Counter(title.split(": ", 1)[1].rstrip(".") for _, title, _ in self.signals_of("pressRelease"))
         self.assertEqual(told, releases_to_tell())
         self.assertTrue(all((filings_to_tell(), entries_to_tell(), releases_to_tell())))
 

@@ -7,24 +7,14 @@ import re
 import subprocess
 import unittest
 
-from harness import BIN, Desk
-from world_time import World
+from harness import BIN
+from world_time import WorldTest
 
 COMMANDS = {"status": ["status"], "developer-status": ["status", "--developer"], "releases": ["releases"],
             "events": ["events"], "quote": ["quote"], "quotes": ["board"]}
 
 
-class Trackers(unittest.TestCase):
-    def setUp(self):
-        self.world = World()
-        self.desk = Desk()
-        self.addCleanup(self.desk.close)
-
-    def go_to(self, minute, *options):
-        room = self.world.room(minute, *options)
-        self.addCleanup(room.close)
-        self.desk.network = room.network
-
+class Trackers(WorldTest):
     def test_status_tells_first_whether_all_is_well_and_the_log_keeps_what_was(self):
         self.go_to(5)
         self.assertEqual(self.desk.run("status").stdout, "All 64 consumer services are up.\n")
