@@ -84,6 +84,11 @@ struct Pipe {
 
 fs::path demoDataDir() { return Paths::forUser(std::nullopt).library.parent_path() / "demo"; }
 
+void claimForDemo(const fs::path& dataDir, kit::Instant now) {
+    std::error_code ignored;
+    if (!fs::exists(Paths::forUser(dataDir).library, ignored)) worldStart(dataDir, now);
+}
+
 DemoPressRoom::DemoPressRoom(const fs::path& dataDir, kit::Instant now) {
     start(pressRoomProgram(), worldStart(dataDir, now));
 }

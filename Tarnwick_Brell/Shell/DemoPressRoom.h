@@ -19,6 +19,10 @@ public:
 /// The folder of the demonstration's own store.
 std::filesystem::path demoDataDir();
 
+/// Marks a folder without a library as the demonstration's, so that whatever is stored there first
+/// belongs to it. Does nothing when there is a library.
+void claimForDemo(const std::filesystem::path& dataDir, kit::Instant now);
+
 /// The bundled press room as a child process, alive as long as this object. The start time of its
 /// sample world is stored beside the demonstration's store: a second run soon afterwards has the
 /// same world, a later one a new world.

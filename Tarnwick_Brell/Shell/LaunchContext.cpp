@@ -65,7 +65,9 @@ LaunchContext::LaunchContext(DeskOptions options, kit::Instant now)
             "--demo uses its own press room, so --connect-to and --ca-file can't be given with "
             "it.");
     }
-    requireFolder(paths_.library.parent_path());
+    const auto folder = paths_.library.parent_path();
+    requireFolder(folder);
+    if (options_.demo) claimForDemo(folder, now_);
 }
 
 ProgramLog::Options LaunchContext::log() const {

@@ -203,6 +203,13 @@ class FaultsOfTheStore(unittest.TestCase):
             self.assertEqual(len(ids), len(set(ids)))
             self.assertGreater(len(ids), 200)
 
+    def test_what_a_demonstration_stores_first_is_its_own(self):
+        desk = Desk(["--demo"])
+        self.addCleanup(desk.close)
+        desk.run("beat", "new", "Tide", "--any", "tide")
+        desk.run("status")
+        self.assertIn("Tide", desk.run("beat").stdout)
+
     def test_a_demonstration_leaves_other_libraries_alone(self):
         self.desk.run("sources", "disable", "macrumors")
         before = self.library.read_bytes()
