@@ -32,6 +32,7 @@ void addBackendCommand(arguments::Command& app, Command& chosen);
 void addUpdatesCommand(arguments::Command& app, Command& chosen);
 void addChartsCommand(arguments::Command& app, Command& chosen);
 void addArchiveCommand(arguments::Command& app, Command& chosen);
+void addTextCommand(arguments::Command& app, Command& chosen);
 void addTraceCommand(arguments::Command& app, Command& chosen);
 void addTopCommand(arguments::Command& app, Command& chosen);
 void addScoopsCommand(arguments::Command& app, Command& chosen);

@@ -12,7 +12,7 @@
 #include "NewsroomKit/Pages/PageDiff.h"
 #include "NewsroomKit/Stories/StoryJSON.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
-#include "Tarnwick_Brell/CommandLine/TextCommand.h"
+#include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/NameLookup.h"
 #include "Tarnwick_Brell/CommandLine/StoryRow.h"
 #include "Tarnwick_Brell/CommandLine/StoryText.h"

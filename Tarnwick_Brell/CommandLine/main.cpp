@@ -16,7 +16,6 @@
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
-#include "Tarnwick_Brell/CommandLine/TextCommand.h"
 #include "Tarnwick_Brell/Shell/LaunchContext.h"
 
 namespace {

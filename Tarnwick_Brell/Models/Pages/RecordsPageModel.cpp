@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "Tarnwick_Brell/Models/Pages/CourtLines.h"
 #include "Tarnwick_Brell/Models/Pages/RecordLines.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"

@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "Tarnwick_Brell/Models/Pages/CourtLines.h"
 #include "Tarnwick_Brell/Models/Pages/RecordsPageModel.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
