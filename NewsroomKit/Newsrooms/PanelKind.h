@@ -22,8 +22,9 @@ enum class PanelAlert {
     stories,
     serviceStatus,
     releases,
-    signing,
-    updates
+    records,
+    backend,
+    pages
 };
 
 struct PanelSize {
@@ -48,7 +49,7 @@ struct PanelKindRow {
 };
 
 // Some kinds raise no alerts: a scoop appears only after other outlets follow, when its story is
-// old news; dates and prices are not new items; nothing arrives for pages and clips.
+// old news; dates and prices are not new items; nothing arrives for clips.
 template <>
 // clang-format off
 inline constexpr std::array<PanelKindRow, 17> enumTable<PanelKind>{{
@@ -75,15 +76,15 @@ inline constexpr std::array<PanelKindRow, 17> enumTable<PanelKind>{{
     {PanelKind::apple, "apple", "From Apple", "checkmark.seal",
      "Newsroom, Developer and Support posts", {3, 2}, {4, 3}, PanelAlert::stories, true},
     {PanelKind::pageWatch, "pageWatch", "Page watch", "doc.text.magnifyingglass",
-     "Tells you when an Apple web page changes, and what changed", {3, 2}, {4, 3}, PanelAlert::none, true},
+     "Tells you when an Apple web page changes, and what changed", {3, 2}, {4, 3}, PanelAlert::pages, true},
     {PanelKind::scoops, "scoops", "Scoops", "flag.pattern.checkered",
      "Who broke the latest stories first, and by how much", {3, 3}, {5, 4}, PanelAlert::none, true},
     {PanelKind::suppliers, "suppliers", "Suppliers", "building.2",
      "Apple's share price beside its suppliers' and partners'", {3, 2}, {4, 3}, PanelAlert::none, true},
     {PanelKind::backend, "backend", "Back end", "server.rack",
-     "The latest changes found on Apple's servers and websites", {3, 3}, {5, 4}, PanelAlert::updates, true},
+     "The latest changes found on Apple's servers and websites", {3, 3}, {5, 4}, PanelAlert::backend, true},
     {PanelKind::records, "records", "Records", "doc.text",
-     "New SEC filings, court entries and signing changes", {3, 2}, {4, 3}, PanelAlert::signing, true},
+     "New SEC filings, court entries and signing changes", {3, 2}, {4, 3}, PanelAlert::records, true},
     {PanelKind::releases, "releases", "Releases", "shippingbox",
      "Every release and beta Apple announced lately", {3, 2}, {4, 3}, PanelAlert::releases, true},
 }};

@@ -23,8 +23,10 @@ std::string alertText(const kit::NewsroomSpec& spec, const kit::PanelSpec& panel
         case kit::PanelAlert::serviceStatus: return "troubles of Apple's services";
         case kit::PanelAlert::releases:
             return fmt::format("new builds of {}", fmt::join(panel.options.platforms, ", "));
-        case kit::PanelAlert::signing: return "changes of firmware signing";
-        case kit::PanelAlert::updates: return "changes of the update catalogue";
+        case kit::PanelAlert::records: return "filings, court entries and firmware signing";
+        case kit::PanelAlert::backend:
+            return "changes of the update catalogue and other files of Apple";
+        case kit::PanelAlert::pages: return "changes of web pages";
     }
     return {};
 }

@@ -98,10 +98,10 @@ void AppEnvironment::connectAlerts() {
         alerts_.newRelease(build, asked(panelsAskForRelease(platform, newsrooms_.newsrooms())));
     });
     alertOn(&TrackerStore::onSigningChanges, [=, this](const auto& changes) {
-        if (isAsked(PanelAlert::signing)) alerts_.signing(signingNews(changes));
+        if (isAsked(PanelAlert::records)) alerts_.signing(signingNews(changes));
     });
     alertOn(&TrackerStore::onOfferChanges, [=, this](const auto& changes) {
-        if (isAsked(PanelAlert::updates)) alerts_.updates(changes);
+        if (isAsked(PanelAlert::backend)) alerts_.updates(changes);
     });
 }
 

@@ -93,11 +93,12 @@ TEST(BeatsWithAlerts, TellACrowdAsOne) {
 TEST(PanelsWithAlerts, AskForTheNewsOfTheirKind) {
     const std::pair<PanelKind, PanelAlert> cases[] = {
         {PanelKind::status, PanelAlert::serviceStatus}, {PanelKind::software, PanelAlert::releases},
-        {PanelKind::releases, PanelAlert::releases},    {PanelKind::records, PanelAlert::signing},
-        {PanelKind::backend, PanelAlert::updates},      {PanelKind::stock, PanelAlert::none},
+        {PanelKind::releases, PanelAlert::releases},    {PanelKind::records, PanelAlert::records},
+        {PanelKind::backend, PanelAlert::backend},      {PanelKind::pageWatch, PanelAlert::pages},
+        {PanelKind::stock, PanelAlert::none},
     };
-    const PanelAlert all[] = {PanelAlert::serviceStatus, PanelAlert::releases, PanelAlert::signing,
-                              PanelAlert::updates};
+    const PanelAlert all[] = {PanelAlert::serviceStatus, PanelAlert::releases, PanelAlert::records,
+                              PanelAlert::backend, PanelAlert::pages};
     for (const auto& [kind, alert] : cases) {
         const auto on = newsroomOf(kind, {.alerts = true});
         const auto off = newsroomOf(kind, {.alerts = false});
