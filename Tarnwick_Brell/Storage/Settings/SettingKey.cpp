@@ -5,8 +5,11 @@
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
+#include <vector>
 
 #include <QString>
+#include <QStringList>
+#include <QTime>
 #include <fmt/format.h>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
@@ -69,6 +72,17 @@ constexpr std::array kKeys{
                "notify of every new story", "false", Type::truthValue},
     SettingKey{SettingKey::kAlertSound, Section::alerts, "Sound",
                "whether notifications play a sound", "false", Type::truthValue},
+    SettingKey{SettingKey::kQuietHours, Section::alerts, "Quiet hours",
+               "whether what comes at certain hours is told as one summary at their end", "false",
+               Type::truthValue},
+    SettingKey{SettingKey::kQuietFrom, Section::alerts, "Quiet from",
+               "when quiet hours begin, by this computer's clock", "22:30", Type::timeOfDay},
+    SettingKey{SettingKey::kQuietTo, Section::alerts, "Quiet to",
+               "when quiet hours end; a time before their beginning is one of the next day",
+               "07:00", Type::timeOfDay},
+    SettingKey{SettingKey::kQuietWeekdays, Section::alerts, "Quiet on",
+               "days on which quiet hours begin", "mon, tue, wed, thu, fri, sat, sun",
+               Type::weekdays},
     SettingKey{SettingKey::kFocusSymbol, Section::trackers, "Followed symbol",
                "the symbol whose quote is followed", "AAPL", Type::symbol},
     SettingKey{SettingKey::kQuoteRange, Section::trackers, "Period of quotes",
@@ -192,6 +206,34 @@ std::optional<std::string> deviceList(std::string_view text) {
     return fmt::format("{}", fmt::join(*devices, ", "));
 }
 
+/// "7:00" as "07:00".
+std::optional<std::string> timeOfDay(std::string_view text) {
+    const auto time = QTime::fromString(QString::fromUtf8(text.data(), std::ssize(text)), u"H:mm");
+    return time.isValid() ? std::optional(time.toString(u"HH:mm").toStdString()) : std::nullopt;
+}
+
+/// "Sun,Monday" as "mon, sun".
+std::optional<std::string> weekdayList(std::string_view text) {
+    constexpr std::array<std::string_view, 7> names{"monday", "tuesday",  "wednesday", "thursday",
+                                                    "friday", "saturday", "sunday"};
+    constexpr std::size_t shortest = 3;
+    std::array<bool, 7> isNamed{};
+    const auto words = QString::fromUtf8(text.data(), std::ssize(text)).toLower().split(u',');
+    for (const auto& part : words) {
+        const auto word = part.trimmed().toStdString();
+        const auto day = std::ranges::find_if(names, [&](std::string_view name) {
+            return word.size() >= shortest && name.starts_with(word);
+        });
+        if (day == names.end()) return std::nullopt;
+        isNamed[static_cast<std::size_t>(day - names.begin())] = true;
+    }
+    std::vector<std::string_view> named;
+    for (std::size_t day = 0; day < names.size(); ++day) {
+        if (isNamed[day]) named.push_back(names[day].substr(0, shortest));
+    }
+    return fmt::format("{}", fmt::join(named, ", "));
+}
+
 std::string wanted(const SettingKey& key) {
     switch (key.type) {
         case Type::wholeNumber:
@@ -207,6 +249,8 @@ std::string wanted(const SettingKey& key) {
         case Type::logLevels: return "a level such as \"warning\" or \"info,http=debug\"";
         case Type::secret: return "letters and digits without blanks";
         case Type::mailAddress: return "a mail address";
+        case Type::timeOfDay: return "a time of day such as \"22:30\"";
+        case Type::weekdays: return "a list of days such as \"mon, tue\"";
     }
     throw std::logic_error("a setting without a type");
 }
@@ -221,6 +265,8 @@ std::optional<std::string> suitable(const SettingKey& key, std::string_view valu
         case Type::webAddress: good = isServiceAddress(value); break;
         case Type::file: good = std::filesystem::is_regular_file(value); break;
         case Type::deviceList: return deviceList(value);
+        case Type::timeOfDay: return timeOfDay(value);
+        case Type::weekdays: return weekdayList(value);
         case Type::logLevels: good = kit::LogLevels::parseError(value).empty(); break;
         case Type::mailAddress: good = isMailAddress(value); break;
         case Type::secret: good = std::ranges::all_of(value, kit::isASCIIAlphanumeric); break;

@@ -19,7 +19,9 @@ struct SettingKey {
         deviceList,
         logLevels,
         secret,  ///< never shown
-        mailAddress
+        mailAddress,
+        timeOfDay,  ///< "22:30"
+        weekdays    ///< "mon, tue"
     };
 
     /// Where people look for it.
@@ -60,6 +62,10 @@ struct SettingKey {
     static constexpr std::string_view kAlertReleases = "alertReleases";
     static constexpr std::string_view kAlertStories = "alertStories";
     static constexpr std::string_view kAlertSound = "alertSound";
+    static constexpr std::string_view kQuietHours = "quietHours";
+    static constexpr std::string_view kQuietFrom = "quietFrom";
+    static constexpr std::string_view kQuietTo = "quietTo";
+    static constexpr std::string_view kQuietWeekdays = "quietWeekdays";
     static constexpr std::string_view kQuoteRange = "quoteRange";
     static constexpr std::string_view kFocusSymbol = "focusSymbol";
     static constexpr std::string_view kServiceAddress = "serviceAddress";

@@ -34,6 +34,13 @@ TEST(SettingKey, TakesWhatSuitsItAndSaysWhatElseItNeeds) {
         {"serviceAddress", "http://press.example/", "", "https://"},
         {"serviceAddress", "https://press.example/?q=1", "", "https://"},
         {"serviceAddress", "press.example", "", "https://"},
+        {"quietFrom", "7:00", "07:00"},
+        {"quietFrom", "00:00", "00:00"},
+        {"quietFrom", "24:00", "", "\"22:30\""},
+        {"quietFrom", "22", "", "\"22:30\""},
+        {"quietWeekdays", "Sunday, MON,sun", "mon, sun"},
+        {"quietWeekdays", "mo", "", "\"mon, tue\""},
+        {"quietWeekdays", "mon,", "", "\"mon, tue\""},
     };
     for (const auto& c : cases) {
         const auto& key = *SettingKey::named(c.key);
