@@ -82,7 +82,9 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       pressReleases_(database_, "pressReleases"),
       findings_(database_),
       followedPages_(database_, "followedPages"),
-      pages_(database_) {
+      pages_(database_),
+      alertRules_(database_, "alertRules"),
+      alerts_(database_) {
     if (access == Database::Access::readWrite) {
         if (isOutdated(database_)) {
             const auto earlier = version();

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "Tarnwick_Brell/Storage/Histories/AlertHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/BuildHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/ChartHistory.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
@@ -73,6 +74,8 @@ public:
     FindingHistory& findings() { return findings_; }
     RecordTable& followedPages() { return followedPages_; }
     PageHistory& pages() { return pages_; }
+    RecordTable& alertRules() { return alertRules_; }
+    AlertHistory& alerts() { return alerts_; }
 
     std::int64_t version();
 
@@ -115,6 +118,8 @@ private:
     FindingHistory findings_;
     RecordTable followedPages_;
     PageHistory pages_;
+    RecordTable alertRules_;
+    AlertHistory alerts_;
     std::int64_t dataVersion_ = 0;
 };
 

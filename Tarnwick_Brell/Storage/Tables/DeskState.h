@@ -29,6 +29,11 @@ public:
     /// The last signal that was in the log when the user last looked at it.
     static constexpr std::string_view kLookedAtSignal = "lookedAtSignal";
 
+    /// What the delivery of alerts remembers: what is held back, what has been told.
+    static constexpr std::string_view kAlertDelivery = "alertDelivery";
+    /// The last alert that was in the history when the user last looked at it.
+    static constexpr std::string_view kLookedAtAlert = "lookedAtAlert";
+
     std::optional<kit::Instant> instant(std::string_view key);
     void set(std::string_view key, std::optional<kit::Instant> value);
 

@@ -149,6 +149,31 @@ constexpr const char* kArticleTables = R"sql(
         title, text, tokenize='unicode61 remove_diacritics 2');
 )sql";
 
+// What the user wants to be told of, and what that has matched in the last months. See
+// AlertHistory.
+constexpr const char* kAlertTables = R"sql(
+    CREATE TABLE IF NOT EXISTS alertRules (
+        id TEXT PRIMARY KEY,
+        rank TEXT NOT NULL,
+        record TEXT NOT NULL,
+        removedAt INTEGER
+    );
+    CREATE TABLE IF NOT EXISTS alerts (
+        number INTEGER PRIMARY KEY,
+        rule TEXT NOT NULL,
+        ruleName TEXT NOT NULL,
+        event TEXT NOT NULL,
+        title TEXT NOT NULL,
+        link TEXT NOT NULL,
+        words TEXT NOT NULL,
+        matchedAt INTEGER NOT NULL,
+        toldAt INTEGER,
+        outcome TEXT NOT NULL,
+        UNIQUE (rule, event)
+    );
+    CREATE INDEX IF NOT EXISTS alertsByTime ON alerts (matchedAt);
+)sql";
+
 }  // namespace
 
 void completeVersion9(Database& database) {
@@ -158,6 +183,7 @@ void completeVersion9(Database& database) {
     database.execute(kFeedRecordTables);
     database.execute(kBackendTables);
     database.execute(kPageTables);
+    database.execute(kAlertTables);
     logPast(database);
 }
 
