@@ -57,7 +57,10 @@ struct RecordEntry {
     bool operator==(const RecordEntry&) const = default;
 };
 
-/// The user's newsrooms or beats, in the user's order. Each change returns what must be written to
+inline std::string recordIDText(const kit::UUID& id) { return id.text(); }
+inline const std::string& recordIDText(const std::string& id) { return id; }
+
+/// The user's newsrooms, beats or rules, in the user's order. Each change returns what must be written to
 /// their table. T is a record with `id` and `name`.
 template <class T>
 class OrderedRecords {
@@ -118,7 +121,7 @@ public:
 
     /// Replaces the record with that id, or appends it when the id is new.
     RecordChange put(T value) {
-        Entry entry{.id = value.id.text(), .name = value.name, .value = std::move(value)};
+        Entry entry{.id = recordIDText(value.id), .name = value.name, .value = std::move(value)};
         const auto place = placeIn(entries_, entry.id);
         entry.rank = place == entries_.end() ? rankBetween(lastRank(), "") : place->rank;
         RecordChange write{.kind = RecordChange::Kind::put,
