@@ -102,7 +102,9 @@ std::vector<AppleCalendarEvent> TrackerAPI::parseEvents(std::string_view body) {
 }
 
 StockQuote TrackerAPI::parseQuote(std::string_view body) {
-    return responseIn<StockQuote>(body, DateForms::textAndNumbers);
+    auto quote = responseIn<StockQuote>(body, DateForms::textAndNumbers);
+    if (!quote.hasFinitePrices()) throw RecordError("", "a price is not a finite number");
+    return quote;
 }
 
 std::vector<BoardQuote> TrackerAPI::parseBoard(std::string_view body) {

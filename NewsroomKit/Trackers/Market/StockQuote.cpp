@@ -1,6 +1,7 @@
 #include "NewsroomKit/Trackers/Market/StockQuote.h"
 
 #include <algorithm>
+#include <cmath>
 #include <ranges>
 
 namespace kit {
@@ -29,6 +30,14 @@ std::optional<double> StockQuote::previousClose() const {
     // 4. Days: the newest point is today's, unless today has not traded yet.
     const bool isYesterdays = sessionOpen && points.back().time < *sessionOpen;
     return points[points.size() - (isYesterdays ? 1 : 2)].close;
+}
+
+bool StockQuote::hasFinitePrices() const {
+    const auto isFinite = [](const std::optional<double>& figure) {
+        return !figure || std::isfinite(*figure);
+    };
+    return std::isfinite(price) && isFinite(serverPreviousClose) && isFinite(dayHigh) &&
+           isFinite(dayLow) && isFinite(yearHigh) && isFinite(yearLow);
 }
 
 }  // namespace kit

@@ -52,6 +52,9 @@ struct StockQuote {
     /// otherwise the last close before the current session that the points tell.
     std::optional<double> previousClose() const;
 
+    /// Whether the figures beside the points are numbers that can be reckoned with.
+    bool hasFinitePrices() const;
+
     bool operator==(const StockQuote&) const = default;
 };
 

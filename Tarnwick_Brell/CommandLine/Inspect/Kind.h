@@ -104,6 +104,9 @@ json::object page(const json::object& input);
 json::object pageDiff(const json::object& input);
 json::object backend(const json::object& input);
 
+// Prices
+json::object price(const json::object& input);
+
 // Filings and insiders
 json::object filings(const json::object& input);
 json::object ownership(const json::object& input);
