@@ -70,6 +70,8 @@ std::string_view typeName(app::SettingKey::Type type) {
         case Type::logLevels: return "levels";
         case Type::secret: return "secret";
         case Type::mailAddress: return "mail address";
+        case Type::timeOfDay: return "time of day";
+        case Type::weekdays: return "weekdays";
     }
     return "";
 }

@@ -7,33 +7,69 @@ namespace app {
 using kit::PanelAlert;
 using kit::PanelKind;
 using kit::PanelSpec;
+using kit::SignalKind;
 using kit::Story;
 
 namespace {
 
-template <class Predicate>
-bool anyPanel(const NewsroomRecords& newsrooms, const Predicate& asks) {
-    return std::ranges::any_of(newsrooms.entries(), [&](const auto& entry) {
-        return entry.value && std::ranges::any_of(entry.value->panels, asks);
-    });
+std::string panelName(const kit::NewsroomSpec& spec, const PanelSpec& panel) {
+    return spec.name + " – " + panel.title;
 }
 
-bool asksFor(const PanelSpec& panel, PanelAlert alert) {
-    return panel.options.alerts && kindRow(panel.kind).alert == alert;
+template <class Predicate>
+std::optional<AlertingPanel> firstPanel(const NewsroomRecords& newsrooms, const Predicate& asks) {
+    for (const auto& entry : newsrooms.entries()) {
+        if (!entry.value) continue;
+        for (const auto& panel : entry.value->panels) {
+            if (panel.options.alerts && asks(panel))
+                return AlertingPanel{panel.id.text(), panelName(*entry.value, panel)};
+        }
+    }
+    return std::nullopt;
+}
+
+bool showsPage(const PanelSpec& panel, const kit::Signal& signal) {
+    const auto& pages = panel.options.pages;
+    return signal.kind == SignalKind::page &&
+           (pages.empty() || std::ranges::find(pages, signal.link) != pages.end());
+}
+
+/// What a panel of that kind shows of the log. Changes of signing and of the update catalogue have
+/// notifications of their own.
+bool showsSignal(const PanelSpec& panel, const kit::Signal& signal) {
+    switch (kindRow(panel.kind).alert) {
+        case PanelAlert::records:
+            return signal.kind == SignalKind::filing || signal.kind == SignalKind::insiderTrade ||
+                   signal.kind == SignalKind::docket || signal.kind == SignalKind::pressRelease;
+        case PanelAlert::backend:
+            return signal.kind == SignalKind::backend || signal.kind == SignalKind::page;
+        case PanelAlert::pages: return showsPage(panel, signal);
+        default: return false;
+    }
 }
 
 }  // namespace
 
-bool panelsAskFor(PanelAlert alert, const NewsroomRecords& newsrooms) {
-    return anyPanel(newsrooms, [&](const PanelSpec& panel) { return asksFor(panel, alert); });
+std::optional<AlertingPanel> panelAskingFor(PanelAlert alert, const NewsroomRecords& newsrooms) {
+    return firstPanel(newsrooms,
+                      [&](const PanelSpec& panel) { return kindRow(panel.kind).alert == alert; });
 }
 
-bool panelsAskForRelease(std::string_view platform, const NewsroomRecords& newsrooms) {
-    return anyPanel(newsrooms, [&](const PanelSpec& panel) {
-        return asksFor(panel, PanelAlert::releases) &&
-               std::ranges::find(panel.options.platforms, platform) !=
-                   panel.options.platforms.end();
+std::optional<AlertingPanel> panelAskingForRelease(std::string_view platform,
+                                                   const NewsroomRecords& newsrooms) {
+    return firstPanel(newsrooms, [&](const PanelSpec& panel) {
+        const auto& platforms = panel.options.platforms;
+        return kindRow(panel.kind).alert == PanelAlert::releases &&
+               std::ranges::find(platforms, platform) != platforms.end();
     });
+}
+
+std::optional<AlertingPanel> panelAskingForSignal(const kit::Signal& signal,
+                                                  const NewsroomRecords& newsrooms) {
+    // Panels show what is notable.
+    if (signal.weight < kit::SignalWeight::notable) return std::nullopt;
+    return firstPanel(newsrooms,
+                      [&](const PanelSpec& panel) { return showsSignal(panel, signal); });
 }
 
 BeatAlerts::BeatAlerts(const BeatRecords& beats, const NewsroomRecords& newsrooms) {
@@ -50,7 +86,7 @@ BeatAlerts::BeatAlerts(const BeatRecords& beats, const NewsroomRecords& newsroom
 void BeatAlerts::watchPanels(const kit::NewsroomSpec& spec) {
     for (const auto& panel : spec.panels) {
         if (!panel.options.alerts || kindRow(panel.kind).alert != PanelAlert::stories) continue;
-        watches_.push_back({panel.id.text(), spec.name + " – " + panel.title,
+        watches_.push_back({panel.id.text(), panelName(spec, panel),
                             spec.effectiveQuery(panel).compiled(), panel.kind, spec.id.text()});
     }
 }

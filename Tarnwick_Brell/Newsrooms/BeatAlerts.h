@@ -1,22 +1,38 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "NewsroomKit/Newsrooms/PanelKind.h"
 #include "NewsroomKit/Queries/StoryQuery.h"
+#include "NewsroomKit/Signals/Signal.h"
 #include "Tarnwick_Brell/Desk/Announcement.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 
 namespace app {
 
-/// Whether a panel with alerts on, in any newsroom, wants alerts of that kind. For stories
+/// A panel with alerts on.
+struct AlertingPanel {
+    std::string id{};
+    std::string name{};  ///< "Desk – Status", after its newsroom
+
+    bool operator==(const AlertingPanel&) const = default;
+};
+
+/// The first panel with alerts on, in any newsroom, that wants alerts of that kind. For stories
 /// BeatAlerts decides.
-bool panelsAskFor(kit::PanelAlert alert, const NewsroomRecords& newsrooms);
+std::optional<AlertingPanel> panelAskingFor(kit::PanelAlert alert,
+                                            const NewsroomRecords& newsrooms);
 
 /// The same for releases of a platform, among those that the panel shows.
-bool panelsAskForRelease(std::string_view platform, const NewsroomRecords& newsrooms);
+std::optional<AlertingPanel> panelAskingForRelease(std::string_view platform,
+                                                   const NewsroomRecords& newsrooms);
+
+/// The first panel with alerts on that shows the signal among records, findings or followed pages.
+std::optional<AlertingPanel> panelAskingForSignal(const kit::Signal& signal,
+                                                  const NewsroomRecords& newsrooms);
 
 /// Stories that one beat or one panel alerts the user to.
 struct BeatMatch {

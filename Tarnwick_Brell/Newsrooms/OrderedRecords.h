@@ -60,8 +60,8 @@ struct RecordEntry {
 inline std::string recordIDText(const kit::UUID& id) { return id.text(); }
 inline const std::string& recordIDText(const std::string& id) { return id; }
 
-/// The user's newsrooms, beats or rules, in the user's order. Each change returns what must be written to
-/// their table. T is a record with `id` and `name`.
+/// The user's newsrooms, beats or rules, in the user's order. Each change returns what must be
+/// written to their table. T is a record with `id` and `name`.
 template <class T>
 class OrderedRecords {
 public:

@@ -40,13 +40,18 @@ Target storyTarget(const Story& story) { return {.kind = Target::Kind::story, .i
 Alerts::Alerts(const Defaults& defaults, kit::Clock clock, Post post)
     : defaults_(defaults), clock_(std::move(clock)), post_(std::move(post)) {}
 
-void Alerts::post(std::string_view setting, Notification notification, Asked asked) {
-    if (asked == Asked::byPanel || defaults_.isOn(setting)) post(std::move(notification));
+void Alerts::postBySetting(std::string_view setting, std::string event, Notification notification,
+                           const Asker& panel) {
+    if (panel) return post(*panel, std::move(event), std::move(notification));
+    if (!defaults_.isOn(setting)) return;
+    const AlertAsker asker{.id = fmt::format("setting|{}", setting),
+                           .name = std::string(SettingKey::named(setting)->title)};
+    post(asker, std::move(event), std::move(notification));
 }
 
-void Alerts::post(Notification notification) {
+void Alerts::post(const AlertAsker& asker, std::string event, Notification notification) {
     notification.withSound = defaults_.isOn(SettingKey::kAlertSound);
-    post_(std::move(notification));
+    post_({.asker = asker, .event = std::move(event), .notification = std::move(notification)});
 }
 
 Notification Alerts::ofProblem(const AppleServiceStatus::Report& report) {
@@ -77,31 +82,61 @@ Notification Alerts::ofRelease(const kit::NewBuild& build) {
             .target = trackerPage("software")};
 }
 
-void Alerts::serviceProblem(const AppleServiceStatus::Report& report, Asked asked) {
-    post(SettingKey::kAlertServiceStatus, ofProblem(report), asked);
+Notification Alerts::ofSignal(const kit::Signal& signal) {
+    return {.identifier = "signal-" + signal.id,
+            .title = signal.title,
+            .body = signal.detail,
+            .link = signal.link.value_or(""),
+            .target = Target{.kind = Target::Kind::page, .id = "activity"}};
 }
 
-void Alerts::serviceRestored(const std::string& service, Asked asked) {
-    post(SettingKey::kAlertServiceStatus, ofRecovery(service, clock_()), asked);
+Notification Alerts::ofStory(const Story& story) {
+    return {.identifier = "story-" + story.id,
+            .title = story.title,
+            .body = kit::outletOf(story),
+            .link = story.link,
+            .target = storyTarget(story)};
 }
 
-void Alerts::newRelease(const kit::NewBuild& build, Asked asked) {
-    post(SettingKey::kAlertReleases, ofRelease(build), asked);
+void Alerts::serviceProblem(const AppleServiceStatus::Report& report, const Asker& panel) {
+    auto notification = ofProblem(report);
+    postBySetting(SettingKey::kAlertServiceStatus, notification.identifier, notification, panel);
 }
 
-/// Above the limit posts only the summary, whose body is composed of theirs.
-void Alerts::postEachOrAll(std::vector<Notification> notifications, Notification summary) {
+void Alerts::serviceRestored(const std::string& service, const Asker& panel) {
+    auto notification = ofRecovery(service, clock_());
+    postBySetting(SettingKey::kAlertServiceStatus, notification.identifier, notification, panel);
+}
+
+void Alerts::newRelease(const kit::NewBuild& build, const Asker& panel) {
+    auto notification = ofRelease(build);
+    postBySetting(SettingKey::kAlertReleases, notification.identifier, notification, panel);
+}
+
+void Alerts::signal(const kit::Signal& signal, const AlertAsker& panel) {
+    post(panel, "signal|" + signal.id, ofSignal(signal));
+}
+
+/// Above the limit posts only the summary, whose body is composed of theirs. What changes back and
+/// forth is new each time, so the moment is part of the event.
+void Alerts::postEachOrAll(const AlertAsker& asker, std::vector<Notification> notifications,
+                           Notification summary) {
+    const auto eventOf = [now = clock_()](const Notification& notification) {
+        return fmt::format("{}|{}", notification.identifier, kit::decimalSeconds(now));
+    };
     if (notifications.size() <= kMostMatchesOneByOne) {
-        for (auto& notification : notifications) post(std::move(notification));
+        for (auto& notification : notifications)
+            post(asker, eventOf(notification), std::move(notification));
         return;
     }
     for (std::size_t i = 0; i < kHeadlinesInSummary; ++i)
         summary.body += notifications[i].body + "\n";
     summary.body += fmt::format("and {} more", notifications.size() - kHeadlinesInSummary);
-    post(std::move(summary));
+    const auto event = eventOf(summary);
+    post(asker, event, std::move(summary));
 }
 
-void Alerts::signing(const std::vector<kit::SigningNews>& news) {
+void Alerts::signing(const std::vector<kit::SigningNews>& news, const AlertAsker& panel) {
     std::vector<Notification> notifications;
     for (const auto& one : news) {
         const std::string_view state = one.isSigned ? "signed" : "no longer signed";
@@ -111,13 +146,13 @@ void Alerts::signing(const std::vector<kit::SigningNews>& news) {
              .body = one.sentence(),
              .target = trackerPage("signing")});
     }
-    postEachOrAll(std::move(notifications),
+    postEachOrAll(panel, std::move(notifications),
                   {.identifier = "signing",
                    .title = fmt::format("{} firmware signing changes", news.size()),
                    .target = trackerPage("signing")});
 }
 
-void Alerts::updates(const std::vector<kit::OfferChange>& changes) {
+void Alerts::updates(const std::vector<kit::OfferChange>& changes, const AlertAsker& panel) {
     std::vector<Notification> notifications;
     for (const auto& change : changes) {
         const auto& offer = change.offer;
@@ -128,7 +163,7 @@ void Alerts::updates(const std::vector<kit::OfferChange>& changes) {
              .body = sentence(change),
              .target = trackerPage("updates")});
     }
-    postEachOrAll(std::move(notifications),
+    postEachOrAll(panel, std::move(notifications),
                   {.identifier = "updates",
                    .title = fmt::format("{} update catalogue changes", changes.size()),
                    .target = trackerPage("updates")});
@@ -136,37 +171,33 @@ void Alerts::updates(const std::vector<kit::OfferChange>& changes) {
 
 void Alerts::stories(const Announcement& announcement) {
     if (announcement.isSummary()) {
-        post(SettingKey::kAlertStories,
-             {.identifier = "stories",
-              .title = fmt::format("{} new stories", announcement.total),
-              .body = headlines(announcement.stories, announcement.total),
-              .target = Target{.kind = Target::Kind::newStories}});
+        postBySetting(SettingKey::kAlertStories, "stories|" + announcement.stories.front().id,
+                      {.identifier = "stories",
+                       .title = fmt::format("{} new stories", announcement.total),
+                       .body = headlines(announcement.stories, announcement.total),
+                       .target = Target{.kind = Target::Kind::newStories}});
         return;
     }
-    for (const auto& story : announcement.stories) {
-        post(SettingKey::kAlertStories, {.identifier = "story-" + story.id,
-                                         .title = story.title,
-                                         .body = kit::outletOf(story),
-                                         .link = story.link,
-                                         .target = storyTarget(story)});
-    }
+    for (const auto& story : announcement.stories)
+        postBySetting(SettingKey::kAlertStories, "story|" + story.id, ofStory(story));
 }
 
-void Alerts::beat(const std::string& name, const std::string& id, const std::vector<Story>& stories,
+void Alerts::beat(const AlertAsker& beat, const std::string& id, const std::vector<Story>& stories,
                   std::size_t total, const Target& page) {
+    const auto identifier = "beat-" + id;
     if (total > kMostMatchesOneByOne) {
-        post({.identifier = "beat-" + id,
-              .title = fmt::format("{}: {} new stories", name, total),
+        post(beat, "stories|" + stories.front().id,
+             {.identifier = identifier,
+              .title = fmt::format("{}: {} new stories", beat.name, total),
               .body = headlines(stories, total),
               .target = page});
         return;
     }
     for (const auto& story : stories) {
-        post({.identifier = "beat-" + id + "-" + story.id,
-              .title = name + ": " + story.title,
-              .body = kit::outletOf(story),
-              .link = story.link,
-              .target = storyTarget(story)});
+        auto notification = ofStory(story);
+        notification.identifier = identifier + "-" + story.id;
+        notification.title = beat.name + ": " + story.title;
+        post(beat, "story|" + story.id, std::move(notification));
     }
 }
 

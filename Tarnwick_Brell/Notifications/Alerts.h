@@ -2,11 +2,13 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "NewsroomKit/Records/Instant.h"
+#include "NewsroomKit/Signals/Signal.h"
 #include "NewsroomKit/Stories/Story.h"
 #include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
 #include "NewsroomKit/Trackers/Releases/NewBuilds.h"
@@ -17,10 +19,27 @@
 
 namespace app {
 
+/// Who wants to be told of an event: a setting, a beat or a panel.
+struct AlertAsker {
+    std::string id{};    ///< "setting|alertReleases", "beat|" or "panel|" with its id
+    std::string name{};  ///< what the user calls it
+
+    bool operator==(const AlertAsker&) const = default;
+};
+
+/// The notification of an event, which its asker wants once.
+struct AskedNotification {
+    AlertAsker asker{};
+    std::string event{};  ///< "story|" with its id; for others made from what happened
+    Notification notification{};
+
+    bool operator==(const AskedNotification&) const = default;
+};
+
 /// Turns events into notifications, as the user's settings and panels request.
 class Alerts {
 public:
-    using Post = std::function<void(Notification)>;
+    using Post = std::function<void(AskedNotification)>;
 
     /// Above this number, a beat's matches, or changes of signing or updates, are posted as one
     /// notification.
@@ -28,34 +47,36 @@ public:
 
     Alerts(const Defaults& defaults, kit::Clock clock, Post post);
 
-    /// Who requests a notification: the settings, or a panel with alerts on, which overrides the
-    /// settings.
-    enum class Asked { bySettings, byPanel };
+    using Asker = std::optional<AlertAsker>;
 
-    void serviceProblem(const kit::AppleServiceStatus::Report& report,
-                        Asked asked = Asked::bySettings);
-    void serviceRestored(const std::string& service, Asked asked = Asked::bySettings);
-    void newRelease(const kit::NewBuild& build, Asked asked = Asked::bySettings);
+    // A panel with alerts on overrides the settings; without one the settings decide.
+    void serviceProblem(const kit::AppleServiceStatus::Report& report, const Asker& panel = {});
+    void serviceRestored(const std::string& service, const Asker& panel = {});
+    void newRelease(const kit::NewBuild& build, const Asker& panel = {});
     // No setting is about these: call them when a panel asks.
-    void signing(const std::vector<kit::SigningNews>& news);
-    void updates(const std::vector<kit::OfferChange>& changes);
+    void signing(const std::vector<kit::SigningNews>& news, const AlertAsker& panel);
+    void updates(const std::vector<kit::OfferChange>& changes, const AlertAsker& panel);
+    void signal(const kit::Signal& signal, const AlertAsker& panel);
 
     // The texts of notifications, for other ways of informing the user.
     static Notification ofProblem(const kit::AppleServiceStatus::Report& report);
     static Notification ofRecovery(const std::string& service, kit::Instant now);
     static Notification ofRelease(const kit::NewBuild& build);
+    static Notification ofSignal(const kit::Signal& signal);
+    static Notification ofStory(const kit::Story& story);
 
     void stories(const Announcement& announcement);
-    /// The caller checks whether the beat has alerts on. `stories` are the newest of `total`;
-    /// `page` is shown for a summary of many.
-    void beat(const std::string& name, const std::string& id,
-              const std::vector<kit::Story>& stories, std::size_t total,
-              const NotificationTarget& page);
+    /// Of a beat or a panel: the caller checks whether it has alerts on. `stories` are the newest
+    /// of `total`; `page` is shown for a summary of many.
+    void beat(const AlertAsker& beat, const std::string& id, const std::vector<kit::Story>& stories,
+              std::size_t total, const NotificationTarget& page);
 
 private:
-    void post(std::string_view setting, Notification notification, Asked asked = Asked::bySettings);
-    void post(Notification notification);
-    void postEachOrAll(std::vector<Notification> notifications, Notification summary);
+    void postBySetting(std::string_view setting, std::string event, Notification notification,
+                       const Asker& panel = {});
+    void post(const AlertAsker& asker, std::string event, Notification notification);
+    void postEachOrAll(const AlertAsker& asker, std::vector<Notification> notifications,
+                       Notification summary);
 
     const Defaults& defaults_;
     kit::Clock clock_;

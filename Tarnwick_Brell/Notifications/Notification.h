@@ -7,10 +7,10 @@ namespace app {
 
 /// What the window shows when the user activates a notification.
 struct NotificationTarget {
-    enum class Kind { story, newStories, beat, newsroom, tracker };
+    enum class Kind { story, newStories, beat, newsroom, tracker, page };
 
     Kind kind = Kind::newStories;
-    std::string id{};  ///< id of the story, beat, newsroom or tracker page; empty for new stories
+    std::string id{};  ///< of the story, beat, newsroom, tracker or page; empty for new stories
 
     bool operator==(const NotificationTarget&) const = default;
 };

@@ -16,6 +16,16 @@ NotificationTarget pageOf(const BeatMatch& match) {
     return {.kind = Kind::newsroom, .id = match.newsroomID};
 }
 
+AlertAsker askerOf(const BeatMatch& match) {
+    const std::string_view kind = match.newsroomID.empty() ? "beat|" : "panel|";
+    return {.id = std::string(kind) + match.id, .name = match.name};
+}
+
+Alerts::Asker askerOf(const std::optional<AlertingPanel>& panel) {
+    if (!panel) return std::nullopt;
+    return AlertAsker{.id = "panel|" + panel->id, .name = panel->name};
+}
+
 }  // namespace
 
 AppEnvironment::AppEnvironment(const Options& options)
@@ -27,7 +37,7 @@ AppEnvironment::AppEnvironment(const Options& options)
       newsrooms_(newsDesk_.worker(), options.clock),
       notifier_(defaults_),
       alerts_(defaults_, options.clock,
-              [this](Notification alert) { notifier_.post(std::move(alert)); }),
+              [this](AskedNotification asked) { notifier_.post(std::move(asked.notification)); }),
       care_(options.paths.library, options.clock) {
     QObject::connect(&care_, &LibraryMaintenance::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&care_, &LibraryMaintenance::libraryDamaged, &newsDesk_,
@@ -66,7 +76,7 @@ void AppEnvironment::announce(const std::vector<kit::Story>& news) {
     const auto sorted = BeatAlerts(newsrooms_.beats(), newsrooms_.newsrooms()).sort(news);
     for (const auto& match : sorted.matches) {
         const auto& told = match.announcement;
-        alerts_.beat(match.name, match.id, told.stories, told.total, pageOf(match));
+        alerts_.beat(askerOf(match), match.id, told.stories, told.total, pageOf(match));
     }
     alerts_.stories(Announcement::of(sorted.others));
 }
@@ -81,27 +91,31 @@ void AppEnvironment::alertOn(void (TrackerStore::*signal)(const News&), Alert al
 }
 
 void AppEnvironment::connectAlerts() {
-    const auto isAsked = [this](PanelAlert alert) {
-        return panelsAskFor(alert, newsrooms_.newsrooms());
-    };
-    const auto asked = [](bool byPanel) {
-        return byPanel ? Alerts::Asked::byPanel : Alerts::Asked::bySettings;
+    const auto panelFor = [this](PanelAlert alert) {
+        return askerOf(panelAskingFor(alert, newsrooms_.newsrooms()));
     };
     alertOn(&TrackerStore::onServiceProblem, [=, this](const auto& report) {
-        alerts_.serviceProblem(report, asked(isAsked(PanelAlert::serviceStatus)));
+        alerts_.serviceProblem(report, panelFor(PanelAlert::serviceStatus));
     });
     alertOn(&TrackerStore::onServiceRestored, [=, this](const auto& service) {
-        alerts_.serviceRestored(service, asked(isAsked(PanelAlert::serviceStatus)));
+        alerts_.serviceRestored(service, panelFor(PanelAlert::serviceStatus));
     });
-    alertOn(&TrackerStore::onNewRelease, [=, this](const auto& build) {
+    alertOn(&TrackerStore::onNewRelease, [this](const auto& build) {
         const auto& platform = build.platform.platform;
-        alerts_.newRelease(build, asked(panelsAskForRelease(platform, newsrooms_.newsrooms())));
+        alerts_.newRelease(build, askerOf(panelAskingForRelease(platform, newsrooms_.newsrooms())));
     });
     alertOn(&TrackerStore::onSigningChanges, [=, this](const auto& changes) {
-        if (isAsked(PanelAlert::records)) alerts_.signing(signingNews(changes));
+        if (const auto panel = panelFor(PanelAlert::records))
+            alerts_.signing(signingNews(changes), *panel);
     });
     alertOn(&TrackerStore::onOfferChanges, [=, this](const auto& changes) {
-        if (isAsked(PanelAlert::backend)) alerts_.updates(changes);
+        if (const auto panel = panelFor(PanelAlert::backend)) alerts_.updates(changes, *panel);
+    });
+    alertOn(&TrackerStore::onSignals, [this](const auto& logged) {
+        for (const auto& signal : logged) {
+            if (const auto panel = askerOf(panelAskingForSignal(signal, newsrooms_.newsrooms())))
+                alerts_.signal(signal, *panel);
+        }
     });
 }
 

@@ -77,6 +77,7 @@ void openTarget(WindowModel& model, const NotificationTarget& target) {
         case Kind::beat: return openNewest(model, {Destination::Kind::beat, id});
         case Kind::newsroom: return open(Destination::Kind::newsroom);
         case Kind::tracker: return open(Destination::Kind::tracker);
+        case Kind::page: return open(Destination::Kind::page);
     }
 }
 

@@ -220,8 +220,9 @@ class Notifications(dbusmock.DBusTestCase):
                 (16, []),
                 (30, ["Apple Music: outage", "iOS 27.2 beta 3"]),
                 (42, ["Apple Music is working again"]),
-                (42, ["iOS 27.1 is no longer signed", "iPadOS 27.1 is no longer signed"])):
-            # What is no longer signed is told once two answers say so.
+                (42, ["Build 24C5046c of iOS 27.2 appeared.", "iOS 27.1 is no longer signed",
+                      "iPadOS 27.1 is no longer signed", "robots.txt blocks /home/get-started."])):
+            # What is no longer signed, and what Apple's files say, is told once two answers say so.
             sent, _ = self.watch_at(minute, len(titles), "signing")
             self.assertEqual(sorted(str(call[3]) for call in sent), titles, f"minute {minute}")
 

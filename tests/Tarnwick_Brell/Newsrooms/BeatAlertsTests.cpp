@@ -103,17 +103,54 @@ TEST(PanelsWithAlerts, AskForTheNewsOfTheirKind) {
         const auto on = newsroomOf(kind, {.alerts = true});
         const auto off = newsroomOf(kind, {.alerts = false});
         for (const auto asked : all) {
-            EXPECT_EQ(panelsAskFor(asked, on), asked == alert) << rawValue(kind);
-            EXPECT_FALSE(panelsAskFor(asked, off)) << rawValue(kind);
+            EXPECT_EQ(panelAskingFor(asked, on).has_value(), asked == alert) << rawValue(kind);
+            EXPECT_FALSE(panelAskingFor(asked, off)) << rawValue(kind);
         }
     }
 }
 
 TEST(PanelsWithAlerts, AskForReleasesOfThePlatformsThatTheyShow) {
     const auto records = newsroomOf(PanelKind::software, {.alerts = true, .platforms = {"tvOS"}});
-    EXPECT_TRUE(panelsAskForRelease("tvOS", records));
-    EXPECT_FALSE(panelsAskForRelease("iOS", records));
-    EXPECT_FALSE(panelsAskForRelease("tvOS", newsroomOf(PanelKind::status, {.alerts = true})));
+    EXPECT_TRUE(panelAskingForRelease("tvOS", records));
+    EXPECT_FALSE(panelAskingForRelease("iOS", records));
+    EXPECT_FALSE(panelAskingForRelease("tvOS", newsroomOf(PanelKind::status, {.alerts = true})));
+}
+
+TEST(PanelsWithAlerts, AskForTheSignalsThatTheyShow) {
+    using kit::SignalKind;
+    const std::string followed = "https://www.apple.com/legal/";
+    const kit::Signal page{
+        .kind = SignalKind::page, .link = followed, .weight = kit::SignalWeight::notable};
+    auto other = page;
+    other.link = "https://www.apple.com/privacy/";
+    auto routine = page;
+    routine.weight = kit::SignalWeight::routine;
+    auto filing = page;
+    filing.kind = SignalKind::filing;
+    auto signing = page;
+    signing.kind = SignalKind::signing;
+    const struct {
+        PanelKind kind;
+        std::vector<std::string> pages;
+        const kit::Signal& signal;
+        bool isAsked;
+    } cases[] = {
+        {PanelKind::pageWatch, {followed}, page, true},
+        {PanelKind::pageWatch, {followed}, other, false},
+        {PanelKind::pageWatch, {}, other, true},
+        {PanelKind::pageWatch, {followed}, routine, false},
+        {PanelKind::pageWatch, {}, filing, false},
+        {PanelKind::records, {}, filing, true},
+        {PanelKind::records, {}, signing, false},
+        {PanelKind::backend, {}, page, true},
+        {PanelKind::backend, {}, filing, false},
+        {PanelKind::status, {}, page, false},
+    };
+    for (const auto& c : cases) {
+        const auto panel = newsroomOf(c.kind, {.alerts = true, .pages = c.pages});
+        EXPECT_EQ(panelAskingForSignal(c.signal, panel).has_value(), c.isAsked)
+            << rawValue(c.kind) << " " << rawValue(c.signal.kind);
+    }
 }
 
 }  // namespace

@@ -48,8 +48,12 @@ protected:
     ::test::TemporaryFolder folder_;
     Defaults defaults_{folder_.path() / "settings.ini"};
     std::vector<Notification> posted_;
+    std::string askers_;
     Alerts alerts_{defaults_, [] { return Instant(std::chrono::milliseconds(1'800'000'000'500)); },
-                   [this](Notification notification) { posted_.push_back(notification); }};
+                   [this](const AskedNotification& asked) {
+                       askers_ += asked.asker.id + " " + asked.event + ";";
+                       posted_.push_back(asked.notification);
+                   }};
 };
 
 TEST_F(AlertsTest, AProblemIsToldInTheWordsOfItsKind) {
@@ -105,7 +109,7 @@ TEST_F(AlertsTest, WhatTheUserSwitchesOffIsNotPosted) {
         alerts_.serviceProblem(report("Outage", "x"));
         alerts_.newRelease(build());
         alerts_.stories({.stories = stories(1), .total = 1});
-        alerts_.beat("Beat", "b", stories(1), 1, kBeatPage);
+        alerts_.beat({"beat|b", "Beat"}, "b", stories(1), 1, kBeatPage);
         std::string identifiers;
         for (const auto& notification : posted_) identifiers += notification.identifier + " ";
         EXPECT_EQ(identifiers, c.posted) << c.setting;
@@ -121,19 +125,23 @@ TEST_F(AlertsTest, WhatTheUserSwitchesOffIsNotPosted) {
 TEST_F(AlertsTest, APanelThatAsksIsToldWhateverTheSettingsSay) {
     defaults_.set("alertServiceStatus", "false");
     defaults_.set("alertReleases", "false");
-    alerts_.serviceProblem(report("Outage", "x"), Alerts::Asked::byPanel);
-    alerts_.serviceRestored("Harbour Mail", Alerts::Asked::byPanel);
-    alerts_.newRelease(build(), Alerts::Asked::byPanel);
-    EXPECT_EQ(posted_.size(), 3u);
+    const AlertAsker panel{"panel|p", "Desk – Status"};
+    alerts_.serviceProblem(report("Outage", "x"), panel);
+    alerts_.serviceRestored("Harbour Mail", panel);
+    alerts_.newRelease(build(), panel);
+    EXPECT_EQ(
+        askers_,
+        "panel|p status-Harbour Mail|1700000000.0;panel|p status-ok-Harbour Mail-1800000000.5;"
+        "panel|p release-iOS.beta-23C5044b;");
     posted_.clear();
 
     const kit::SigningNews gone{
         .system = "iOS 26.1", .build = "23B85", .isSigned = false, .devices = {"iPhone 17"}};
-    alerts_.signing({gone});
+    alerts_.signing({gone}, panel);
     const kit::OfferChange offer{
         .offer = {.platform = "macOS", .version = "26.1.1", .build = "25B90"}, .isOffered = true};
-    alerts_.updates({offer});
-    alerts_.updates(std::vector(4, offer));
+    alerts_.updates({offer}, panel);
+    alerts_.updates(std::vector(4, offer), panel);
     const Target updates{.kind = Target::Kind::tracker, .id = "updates"};
     const std::string now = "Apple's update catalogue now offers macOS 26.1.1 (25B90).";
     EXPECT_EQ(posted_, (std::vector<Notification>{
@@ -154,7 +162,7 @@ TEST_F(AlertsTest, APanelThatAsksIsToldWhateverTheSettingsSay) {
 TEST_F(AlertsTest, ACrowdOfStoriesIsOneNotification) {
     defaults_.set("alertStories", "true");
     alerts_.stories({.stories = stories(20), .total = 21});
-    alerts_.beat("Tides", "b", stories(4), 4, kBeatPage);
+    alerts_.beat({"beat|b", "Tides"}, "b", stories(4), 4, kBeatPage);
     alerts_.newRelease(build());
     EXPECT_EQ(posted_, (std::vector<Notification>{
                            {.identifier = "stories",
@@ -171,7 +179,11 @@ TEST_F(AlertsTest, ACrowdOfStoriesIsOneNotification) {
                             .link = "https://r/",
                             .target = Target{.kind = Target::Kind::tracker, .id = "software"}}}));
     posted_.clear();
-    alerts_.beat("Tides", "b", stories(3), 3, kBeatPage);
+    askers_.clear();
+    alerts_.beat({"beat|b", "Tides"}, "b", stories(4), 4, kBeatPage);
+    EXPECT_EQ(askers_, "beat|b stories|s1;") << "the next crowd is another event";
+    posted_.clear();
+    alerts_.beat({"beat|b", "Tides"}, "b", stories(3), 3, kBeatPage);
     ASSERT_EQ(posted_.size(), 3u);
     EXPECT_EQ(posted_[0],
               (Notification{.identifier = "beat-b-s1",

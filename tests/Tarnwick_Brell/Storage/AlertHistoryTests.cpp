@@ -25,8 +25,8 @@ protected:
     std::string outcomes() {
         std::string text;
         for (const auto& alert : history_.newest(100)) {
-            text +=
-                alert.rule + "/" + alert.event + " " + std::string(kit::rawValue(alert.outcome)) + ";";
+            text += alert.rule + "/" + alert.event + " " +
+                    std::string(kit::rawValue(alert.outcome)) + ";";
         }
         return text;
     }
