@@ -104,7 +104,8 @@ json::object page(const json::object& input);
 json::object pageDiff(const json::object& input);
 json::object backend(const json::object& input);
 
-// Prices
+// Alerts and prices
+json::object alert(const json::object& input);
 json::object price(const json::object& input);
 
 // Filings and insiders

@@ -9,7 +9,7 @@
 namespace cli::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 39> all{{
+    static constexpr std::array<Kind, 40> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -39,6 +39,7 @@ std::span<const Kind> kinds() {
         {"clusters", "stories; memory, corrections", clusters},
         {"ledger", "stories, now; clusters, corrections", ledger},
         {"timeline", "stories; signals, corrections", timeline},
+        {"alert", "rule, events; quietHours, quietUntil, until", alert},
         {"price", "rule, quotes", price},
         {"filings", "path or text", filings},
         {"ownership", "path or text; filed", ownership},
