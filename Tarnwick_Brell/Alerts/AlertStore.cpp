@@ -24,21 +24,26 @@ AlertStore::AlertStore(DeskWorker& worker, kit::Clock clock)
 AlertStore::~AlertStore() { queue_->close(); }
 
 void AlertStore::load(std::function<void()> then) {
-    const auto read = [this, queue = queue_, changesThen = changes_, then,
+    const auto read = [this, queue = queue_, changesThen = changes_, then, isFirst = !isLoaded_,
                        now = clock_()](WorkerContext& context) {
         auto rules = AlertRuleRecords::read(context.store.alertRules());
         auto log = readAlertLog(context.store, now);
-        auto delivery = context.store.state().text(DeskState::kAlertDelivery).value_or("");
-        queue->send([this, changesThen, then, rules = std::move(rules), log = std::move(log),
-                     delivery = std::move(delivery)] {
+        Memory memory;
+        if (isFirst) {
+            memory = {
+                .delivery = context.store.state().text(DeskState::kAlertDelivery).value_or(""),
+                .matched = context.store.alerts().matched()};
+        }
+        queue->send([this, isFirst, changesThen, then, rules = std::move(rules),
+                     log = std::move(log), memory = std::move(memory)] {
             // What has changed here since then is newer than this reading.
             if (changesThen != changes_) return load(then);
-            const bool isFirst = !std::exchange(isLoaded_, true);
-            const bool areRulesNew = isFirst || rules != rules_;
+            const bool isUnread = !std::exchange(isLoaded_, true);
+            const bool areRulesNew = isUnread || rules != rules_;
             rules_ = rules;
             log_ = log;
             // Only this program delivers: what it remembers itself is never older.
-            if (isFirst) delivery_ = delivery;
+            if (isUnread && isFirst) memory_ = memory;
             if (areRulesNew) emit rulesChanged();
             emit logChanged();
             if (then) then();
@@ -96,7 +101,6 @@ void AlertStore::change(const std::optional<RecordChange>& change) {
 }
 
 void AlertStore::record(Outcome outcome) {
-    delivery_ = outcome.delivery;
     write([outcome = std::move(outcome), at = clock_()](WorkerContext& context) {
         auto transaction = context.store.transaction();
         auto& history = context.store.alerts();

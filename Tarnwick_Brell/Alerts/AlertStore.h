@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QObject>
@@ -70,8 +71,14 @@ public:
         std::string delivery{};
     };
     void record(Outcome outcome);
-    /// What was last recorded as remembered by the delivery; empty when there is nothing.
-    const std::string& delivery() const { return delivery_; }
+
+    /// What the delivery remembered when the library was first read.
+    struct Memory {
+        std::string delivery{};  ///< empty when there is nothing
+        std::vector<std::pair<std::string, std::string>> matched{};  ///< rules and events
+    };
+    /// Taken once, by the delivery.
+    Memory takeMemory() { return std::exchange(memory_, {}); }
 
     /// The user looks at the history.
     void markLookedAt();
@@ -91,7 +98,7 @@ private:
     kit::Clock clock_;
     AlertRuleRecords rules_;
     AlertLog log_;
-    std::string delivery_;
+    Memory memory_;
     bool isLoaded_ = false;
     std::uint64_t changes_ = 0;  ///< counted, to detect readings that a change overtook
     std::shared_ptr<MainThreadQueue> queue_;

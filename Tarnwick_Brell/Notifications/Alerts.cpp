@@ -100,40 +100,44 @@ Notification Alerts::ofStory(const Story& story) {
 
 void Alerts::serviceProblem(const AppleServiceStatus::Report& report, const Asker& panel) {
     auto notification = ofProblem(report);
-    postBySetting(SettingKey::kAlertServiceStatus, notification.identifier, notification, panel);
+    postBySetting(SettingKey::kAlertServiceStatus, eventNow(notification), notification, panel);
 }
 
 void Alerts::serviceRestored(const std::string& service, const Asker& panel) {
     auto notification = ofRecovery(service, clock_());
-    postBySetting(SettingKey::kAlertServiceStatus, notification.identifier, notification, panel);
+    postBySetting(SettingKey::kAlertServiceStatus, eventNow(notification), notification, panel);
 }
 
 void Alerts::newRelease(const kit::NewBuild& build, const Asker& panel) {
     auto notification = ofRelease(build);
-    postBySetting(SettingKey::kAlertReleases, notification.identifier, notification, panel);
+    postBySetting(SettingKey::kAlertReleases, eventNow(notification), notification, panel);
 }
 
 void Alerts::signal(const kit::Signal& signal, const AlertAsker& panel) {
     post(panel, "signal|" + signal.id, ofSignal(signal));
 }
 
-/// Above the limit posts only the summary, whose body is composed of theirs. What changes back and
-/// forth is new each time, so the moment is part of the event.
+/// What is told when it changes may change back, and again: an incident may be reopened. Each time
+/// is another event, so the moment is part of it.
+std::string Alerts::eventNow(const Notification& notification) const {
+    return fmt::format("{}|{}", notification.identifier, kit::decimalSeconds(clock_()));
+}
+
+/// Above the limit posts only the summary, whose body is composed of theirs.
 void Alerts::postEachOrAll(const AlertAsker& asker, std::vector<Notification> notifications,
                            Notification summary) {
-    const auto eventOf = [now = clock_()](const Notification& notification) {
-        return fmt::format("{}|{}", notification.identifier, kit::decimalSeconds(now));
-    };
     if (notifications.size() <= kMostMatchesOneByOne) {
-        for (auto& notification : notifications)
-            post(asker, eventOf(notification), std::move(notification));
+        for (auto& notification : notifications) {
+            auto event = eventNow(notification);
+            post(asker, std::move(event), std::move(notification));
+        }
         return;
     }
     for (std::size_t i = 0; i < kHeadlinesInSummary; ++i)
         summary.body += notifications[i].body + "\n";
     summary.body += fmt::format("and {} more", notifications.size() - kHeadlinesInSummary);
-    const auto event = eventOf(summary);
-    post(asker, event, std::move(summary));
+    auto event = eventNow(summary);
+    post(asker, std::move(event), std::move(summary));
 }
 
 void Alerts::signing(const std::vector<kit::SigningNews>& news, const AlertAsker& panel) {

@@ -75,6 +75,7 @@ private:
     void postBySetting(std::string_view setting, std::string event, Notification notification,
                        const Asker& panel = {});
     void post(const AlertAsker& asker, std::string event, Notification notification);
+    std::string eventNow(const Notification& notification) const;
     void postEachOrAll(const AlertAsker& asker, std::vector<Notification> notifications,
                        Notification summary);
 

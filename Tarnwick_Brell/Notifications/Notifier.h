@@ -24,8 +24,9 @@ namespace app {
 class Notifier : public QObject {
     Q_OBJECT
 public:
-    /// The pause between two notifications, because services refuse too many at once.
-    static constexpr std::chrono::milliseconds kPace{300};
+    /// The pause between two notifications: at most three a second, because services refuse too
+    /// many at once.
+    static constexpr std::chrono::milliseconds kPace{340};
     /// At most this many wait; beyond that the oldest are dropped.
     static constexpr std::size_t kMostWaiting = 60;
 

@@ -36,8 +36,11 @@ AppEnvironment::AppEnvironment(const Options& options)
       trackers_(newsDesk_.worker(), defaults_, options.clock),
       newsrooms_(newsDesk_.worker(), options.clock),
       notifier_(defaults_),
+      alertStore_(newsDesk_.worker(), options.clock),
+      alertDesk_({alertStore_, newsDesk_, newsrooms_, defaults_, options.clock},
+                 [this](Notification told) { notifier_.post(std::move(told)); }),
       alerts_(defaults_, options.clock,
-              [this](AskedNotification asked) { notifier_.post(std::move(asked.notification)); }),
+              [this](AskedNotification asked) { alertDesk_.take(std::move(asked)); }),
       care_(options.paths.library, options.clock) {
     QObject::connect(&care_, &LibraryMaintenance::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&care_, &LibraryMaintenance::libraryDamaged, &newsDesk_,
@@ -65,6 +68,9 @@ void AppEnvironment::connectNewsrooms() {
     QObject::connect(&newsrooms_, &NewsroomStore::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &newsrooms_,
                      [this] { newsrooms_.load(); });
+    QObject::connect(&alertStore_, &AlertStore::failed, &newsDesk_, &NewsDesk::failed);
+    QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &alertStore_,
+                     [this] { alertStore_.load(); });
     // Uses the current beats: another program may have changed one with the same pass.
     newsDesk_.onNewStories([this](const std::vector<kit::Story>& news) {
         newsrooms_.load([this, news] { announce(news); });
@@ -79,6 +85,7 @@ void AppEnvironment::announce(const std::vector<kit::Story>& news) {
         alerts_.beat(askerOf(match), match.id, told.stories, told.total, pageOf(match));
     }
     alerts_.stories(Announcement::of(sorted.others));
+    alertDesk_.takeStories(news);
 }
 
 /// Calls `alert` for each item of news with the panels as they are now: another program may have
@@ -112,6 +119,7 @@ void AppEnvironment::connectAlerts() {
         if (const auto panel = panelFor(PanelAlert::backend)) alerts_.updates(changes, *panel);
     });
     alertOn(&TrackerStore::onSignals, [this](const auto& logged) {
+        alertDesk_.takeSignals(logged);
         for (const auto& signal : logged) {
             if (const auto panel = askerOf(panelAskingForSignal(signal, newsrooms_.newsrooms())))
                 alerts_.signal(signal, *panel);
@@ -128,6 +136,7 @@ void AppEnvironment::start() {
     // Trackers start first, because they read little; the wire occupies the worker for longer.
     trackers_.start();
     newsrooms_.load();
+    alertStore_.load();
     newsDesk_.start();
     // The check reads the whole file; the first view must not wait for the disk because of it.
     QObject::connect(&newsDesk_, &NewsDesk::loaded, &care_,

@@ -5,6 +5,8 @@
 
 #include "NewsroomKit/HTTP/CurlTransport.h"
 #include "NewsroomKit/Records/Instant.h"
+#include "Tarnwick_Brell/Alerts/AlertDesk.h"
+#include "Tarnwick_Brell/Alerts/AlertStore.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 #include "Tarnwick_Brell/Notifications/Alerts.h"
@@ -39,7 +41,7 @@ public:
     TrackerStore& trackers() { return trackers_; }
     NewsroomStore& newsrooms() { return newsrooms_; }
     Notifier& notifier() { return notifier_; }
-    Alerts& alerts() { return alerts_; }
+    AlertStore& alertStore() { return alertStore_; }
     const std::filesystem::path& library() const { return library_; }
 
 private:
@@ -58,6 +60,8 @@ private:
     TrackerStore trackers_;
     NewsroomStore newsrooms_;
     Notifier notifier_;
+    AlertStore alertStore_;
+    AlertDesk alertDesk_;
     Alerts alerts_;
     LibraryMaintenance care_;
 };

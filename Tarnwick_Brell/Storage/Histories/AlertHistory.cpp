@@ -56,6 +56,13 @@ void AlertHistory::dropBefore(kit::Instant matchedAt) {
     drop.run();
 }
 
+std::vector<std::pair<std::string, std::string>> AlertHistory::matched() {
+    Statement rows(database_, "SELECT rule, event FROM alerts");
+    std::vector<std::pair<std::string, std::string>> found;
+    while (rows.step()) found.emplace_back(rows.text(0), rows.text(1));
+    return found;
+}
+
 std::vector<StoredAlert> AlertHistory::newest(std::size_t most, std::string_view rule) {
     Statement rows(database_,
                    "SELECT number, rule, ruleName, event, title, link, words, matchedAt, toldAt, "

@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "NewsroomKit/Records/EnumTable.h"
@@ -55,6 +56,9 @@ public:
     /// What was held has been told.
     void settle(std::string_view rule, std::string_view event, kit::Instant toldAt);
     void dropBefore(kit::Instant matchedAt);
+
+    /// The rules and events of all alerts.
+    std::vector<std::pair<std::string, std::string>> matched();
 
     /// The last stored first; of one rule unless `rule` is empty.
     std::vector<StoredAlert> newest(std::size_t most, std::string_view rule = {});

@@ -60,6 +60,9 @@ public:
     /// The models whose firmware signing is tracked.
     std::vector<std::string> signingDevices() const;
 
+    /// The value in its stored form, or the key's default.
+    std::string value(std::string_view key) const { return suitable(key); }
+
     /// The value of a key that takes "true" or "false".
     bool isOn(std::string_view key) const;
 
@@ -81,13 +84,13 @@ public:
 
     static constexpr std::string_view kKnownServiceProblems = "knownServiceProblems";
     static constexpr std::string_view kKnownBuilds = "knownBuilds";
+    static constexpr std::string_view kQuietUntil = "quietUntil";
 
 signals:
     /// This program has set or removed the value of a setting.
     void changed(const QString& key);
 
 private:
-    /// The value in its stored form, or the key's default.
     std::string suitable(std::string_view key) const;
     std::optional<long long> wholeNumber(std::string_view key) const;
     void write();
