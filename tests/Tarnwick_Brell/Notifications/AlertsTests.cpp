@@ -129,9 +129,8 @@ TEST_F(AlertsTest, APanelThatAsksIsToldWhateverTheSettingsSay) {
     alerts_.serviceProblem(report("Outage", "x"), panel);
     alerts_.serviceRestored("Harbour Mail", panel);
     alerts_.newRelease(build(), panel);
-    EXPECT_EQ(
-        askers_,
-        "panel|p status-Harbour Mail|1700000000.0|1800000000.5;"
+    EXPECT_EQ(askers_,
+              "panel|p status-Harbour Mail|1700000000.0|1800000000.5;"
               "panel|p status-ok-Harbour Mail-1800000000.5|1800000000.5;"
               "panel|p release-iOS.beta-23C5044b|1800000000.5;");
     posted_.clear();
