@@ -333,6 +333,17 @@ Option Command::number(const std::string& name, double& value, Range<double> ran
     return added;
 }
 
+Option Command::number(const std::string& name, std::optional<double>& value, Range<double> range,
+                       const std::string& help) {
+    const auto store = [&value, range](const Words& words) {
+        double number = 0;
+        auto complaint = storeNumber(number, range)(words);
+        if (complaint.empty()) value = number;
+        return complaint;
+    };
+    return add(name, false, store, help).shownAs("N");
+}
+
 void Command::footer(const std::string& text) { app_->footer(text); }
 
 void Command::whenChosen(std::function<void()> action) {

@@ -84,6 +84,8 @@ public:
                   const std::string& help);
     Option number(const std::string& name, double& value, Range<double> range,
                   const std::string& help);
+    Option number(const std::string& name, std::optional<double>& value, Range<double> range,
+                  const std::string& help);
 
     /// A paragraph at the end of the help.
     void footer(const std::string& text);

@@ -43,6 +43,7 @@ void addCoverageCommand(arguments::Command& app, Command& chosen);
 void addCorrectCommand(arguments::Command& app, Command& chosen);
 void addSettingsCommand(arguments::Command& app, Command& chosen);
 void addNewsroomCommand(arguments::Command& app, Command& chosen);
+void addAlertsCommand(arguments::Command& app, Command& chosen);
 void addBeatCommand(arguments::Command& app, Command& chosen);
 void addLogCommand(arguments::Command& app, Command& chosen);
 void addLibraryCommand(arguments::Command& app, Command& chosen);

@@ -141,6 +141,7 @@ int main(int argc, char** argv) {
     addSourcesCommand(app, chosen);
     addNewsroomCommand(app, chosen);
     addBeatCommand(app, chosen);
+    addAlertsCommand(app, chosen);
     addStatusCommand(app, chosen);
     addReleasesCommand(app, chosen);
     addEventsCommand(app, chosen);
