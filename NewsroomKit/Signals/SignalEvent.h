@@ -42,6 +42,7 @@ enum class SignalEvent {
     pageChanged,
     pageReturned,    ///< to an earlier text
     pageUnreadable,  ///< several looks in a row have failed
+    priceMove,       ///< unusually far in a day
 };
 
 struct SignalEventRow {
@@ -86,6 +87,7 @@ inline constexpr std::array kSignalEvents{
     SignalEventRow{SignalEvent::pageChanged, SignalKind::page, SignalWeight::notable},
     SignalEventRow{SignalEvent::pageReturned, SignalKind::page, SignalWeight::notable},
     SignalEventRow{SignalEvent::pageUnreadable, SignalKind::page, SignalWeight::routine},
+    SignalEventRow{SignalEvent::priceMove, SignalKind::price, SignalWeight::notable},
 };
 
 static_assert(

@@ -2,12 +2,9 @@
 
 #include <charconv>
 #include <chrono>
-#include <memory>
-#include <stdexcept>
-
-#include <unicode/timezone.h>
 
 #include "NewsroomKit/Text/ASCII.h"
+#include "NewsroomKit/Text/TimeZone.h"
 #include "NewsroomKit/Text/Unicode.h"
 
 namespace kit {
@@ -46,27 +43,9 @@ std::optional<year_month_day> dayIn(std::string_view text) {
     return date.ok() ? std::optional(date) : std::nullopt;
 }
 
-const icu::TimeZone& newYork() {
-    static const auto zone = [] {
-        std::unique_ptr<icu::TimeZone> made(icu::TimeZone::createTimeZone("America/New_York"));
-        if (!made || *made == icu::TimeZone::getUnknown()) {
-            throw std::runtime_error("The Unicode library has no time zones.");
-        }
-        return made;
-    }();
-    return *zone;
-}
-
-enum class Clocks { greenwich, newYork };
-
-/// How far New York's clocks are ahead at a time that `clocks` show.
-milliseconds newYorkOffset(Instant::duration time, Clocks clocks) {
-    std::int32_t standard = 0, summer = 0;
-    UErrorCode error = U_ZERO_ERROR;
-    newYork().getOffset(static_cast<UDate>(duration_cast<milliseconds>(time).count()),
-                        clocks == Clocks::newYork, standard, summer, error);
-    if (U_FAILURE(error)) throw std::runtime_error("New York's clocks are not known.");
-    return milliseconds(standard + summer);
+const TimeZone& newYork() {
+    static const TimeZone zone("America/New_York");
+    return zone;
 }
 
 }  // namespace
@@ -74,16 +53,15 @@ milliseconds newYorkOffset(Instant::duration time, Clocks clocks) {
 std::optional<Instant> catalogueDay(std::string_view text) {
     const auto date = dayIn(firstCharacters(text, kDayCharacters));
     if (!date) return std::nullopt;
-    const auto midnight = sys_days(*date);
-    return midnight - newYorkOffset(midnight.time_since_epoch(), Clocks::newYork);
+    return newYork().firstOf(local_days(*date));
 }
 
 sys_days newYorkDay(Instant instant) {
-    return floor<days>(instant + newYorkOffset(instant.time_since_epoch(), Clocks::greenwich));
+    return sys_days(floor<days>(newYork().shownAt(instant)).time_since_epoch());
 }
 
 minutes newYorkClock(Instant instant) {
-    const auto shown = instant + newYorkOffset(instant.time_since_epoch(), Clocks::greenwich);
+    const auto shown = newYork().shownAt(instant);
     return floor<minutes>(shown - floor<days>(shown));
 }
 

@@ -107,6 +107,7 @@ json::object backend(const json::object& input);
 // Alerts and prices
 json::object alert(const json::object& input);
 json::object price(const json::object& input);
+json::object moves(const json::object& input);
 
 // Filings and insiders
 json::object filings(const json::object& input);

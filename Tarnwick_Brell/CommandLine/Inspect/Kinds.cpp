@@ -9,7 +9,7 @@
 namespace cli::inspect {
 
 std::span<const Kind> kinds() {
-    static constexpr std::array<Kind, 40> all{{
+    static constexpr std::array<Kind, 41> all{{
         {"fold", "text", fold},
         {"phrase", "phrase, text", phrase},
         {"link", "link", link},
@@ -41,6 +41,7 @@ std::span<const Kind> kinds() {
         {"timeline", "stories; signals, corrections", timeline},
         {"alert", "rule, events; quietHours, quietUntil, until", alert},
         {"price", "rule, quotes", price},
+        {"moves", "quote, stories; zone", moves},
         {"filings", "path or text", filings},
         {"ownership", "path or text; filed", ownership},
         {"notice", "path or text", notice},

@@ -1,8 +1,12 @@
 #include <cmath>
 #include <optional>
+#include <stdexcept>
 #include <utility>
 
+#include "NewsroomKit/Clusters/StoryClusterer.h"
+#include "NewsroomKit/Markets/PriceMoves.h"
 #include "NewsroomKit/Markets/PriceWatch.h"
+#include "NewsroomKit/Stories/StoryJSON.h"
 #include "Tarnwick_Brell/CommandLine/Inspect/Kind.h"
 
 namespace cli::inspect {
@@ -46,6 +50,14 @@ json::object encoded(const kit::PriceFiring& firing, std::size_t index) {
     return object;
 }
 
+kit::TimeZone zoneNamed(const std::string& name) {
+    try {
+        return kit::TimeZone(name);
+    } catch (const std::invalid_argument& error) {
+        throw kit::RecordError("zone", error.what());
+    }
+}
+
 }  // namespace
 
 json::object price(const json::object& input) {
@@ -75,6 +87,17 @@ json::object price(const json::object& input) {
         list.push_back(json::object{{"index", index}, {"why", kit::encode(fault)}});
     }
     return {{"fired", std::move(fired)}, {"state", std::move(answer)}};
+}
+
+json::object moves(const json::object& input) {
+    const auto quote = required<kit::StockQuote>(input, "quote");
+    const auto stories = required<std::vector<kit::Story>>(input, "stories");
+    const auto zone = zoneNamed(optional<std::string>(input, "zone").value_or(kit::kExchangeZone));
+    kit::StoryClusterer clusterer(kit::WordMemory::of(stories));
+    clusterer.add(stories);
+    auto found = kit::priceMoves(quote, zone);
+    kit::addReasons(found, quote, stories, clusterer.clusters());
+    return {{"moves", kit::encode(found)}};
 }
 
 }  // namespace cli::inspect
