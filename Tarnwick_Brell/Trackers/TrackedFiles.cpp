@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "NewsroomKit/Markets/PriceMoves.h"
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Trackers/Charts/ChartSignals.h"
 #include "NewsroomKit/Trackers/Releases/ReleaseSignals.h"
@@ -136,6 +137,16 @@ TrackedFile<StockQuote> TrackedFiles::quote(std::string_view symbol, kit::QuoteR
                 [](LocalStore& store, const auto&, const auto&, Instant) {
                     store.trackerCopies().dropAllButLatest(kQuotePrefix, kMostCopies);
                 }};
+}
+
+TrackedFile<StockQuote> TrackedFiles::followedYear(std::string_view symbol) const {
+    auto file = quote(symbol, kit::QuoteRange::year);
+    file.record = [record = file.record, address = file.address](
+                      LocalStore& store, const auto& before, const auto& year, Instant now) {
+        record(store, before, year, now);
+        store.signalLog().add(kit::signalsOf(before, year, address, now));
+    };
+    return file;
 }
 
 TrackedFile<std::vector<kit::BoardQuote>> TrackedFiles::board() const {

@@ -33,6 +33,8 @@ struct TrackedFiles {
     TrackedFile<std::vector<kit::PlatformRelease>> releases() const;
     TrackedFile<std::vector<kit::AppleCalendarEvent>> events() const;
     TrackedFile<kit::StockQuote> quote(std::string_view symbol, kit::QuoteRange range) const;
+    /// The quote over a year of a symbol that is followed: unusual moves of its price are logged.
+    TrackedFile<kit::StockQuote> followedYear(std::string_view symbol) const;
     TrackedFile<std::vector<kit::BoardQuote>> board() const;
     TrackedFile<kit::SigningStatus> signing(std::string_view device) const;
     TrackedFile<std::vector<kit::UpdateOffer>> updates() const;

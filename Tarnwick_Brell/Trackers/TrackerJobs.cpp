@@ -76,6 +76,25 @@ TrackerJobs::Work TrackerJobs::fetchAll(WorkerContext& context, const Files& fil
     }
 }
 
+DeskWorker::LongJob TrackerJobs::checkSymbol(
+    TrackedFile<kit::StockQuote> file, std::function<void(const SymbolAnswer&)> answer) const {
+    return [jobs = *this, file = std::move(file),
+            answer = std::move(answer)](WorkerContext& context) -> Work {
+        SymbolAnswer found;
+        TrackerFetcher fetcher(context.store, context.stack.http(), jobs.clock_);
+        const auto cached = co_await fetcher.fetch(file);
+        if (!cached.error && cached.value) {
+            found = {.kind = SymbolAnswer::Kind::known,
+                     .symbol = cached.value->symbol,
+                     .name = cached.value->name};
+        } else {
+            found.error = cached.error.value_or("");
+            if (found.error.ends_with(file.notFoundText)) found.kind = SymbolAnswer::Kind::unknown;
+        }
+        jobs.send([answer, found = std::move(found)](TrackerStore&) { answer(found); });
+    };
+}
+
 void TrackerJobs::announceChanges(LocalStore& store) const {
     const auto changes = markAnnounced(store, clock_());
     sendLogState(store);

@@ -8,6 +8,7 @@
 
 #include <boost/asio/awaitable.hpp>
 
+#include "NewsroomKit/Trackers/Market/StockQuote.h"
 #include "Tarnwick_Brell/Desk/DeskWorker.h"
 #include "Tarnwick_Brell/Desk/MainThreadQueue.h"
 #include "Tarnwick_Brell/Trackers/TrackerFetcher.h"
@@ -17,6 +18,7 @@
 namespace app {
 
 class TrackerStore;
+struct SymbolAnswer;
 
 /// A TrackedFile with its type hidden.
 struct AnyTrackedFile {
@@ -56,6 +58,10 @@ public:
     DeskWorker::LongJob fetch(Tracker tracker, Files files) const;
     /// Loads the files, and fetches those that are missing or older than `freshFor`.
     DeskWorker::LongJob fetchStale(Files files, std::chrono::seconds freshFor) const;
+
+    /// Fetches a quote to find out whether its symbol is known.
+    DeskWorker::LongJob checkSymbol(TrackedFile<kit::StockQuote> file,
+                                    std::function<void(const SymbolAnswer&)> answer) const;
 
     /// Marks the whole log as looked at.
     DeskWorker::Job markLogLookedAt() const;

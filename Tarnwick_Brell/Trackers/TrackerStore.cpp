@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 
 #include "Tarnwick_Brell/Storage/Files/StoreError.h"
@@ -42,7 +43,10 @@ TrackerStore::Files TrackerStore::filesOf(Tracker tracker) const {
         case Tracker::status:
             return {all.status(kit::StatusFeed::consumer), all.status(kit::StatusFeed::developer)};
         case Tracker::releases: return {all.releases()};
-        case Tracker::quotes: return quoteFiles(quoteRange());
+        case Tracker::quotes:
+            list = quoteFiles(quoteRange());
+            std::ranges::move(yearFiles(), std::back_inserter(list));
+            return list;
         case Tracker::board: return {all.board()};
         case Tracker::events: return {all.events()};
         case Tracker::signing:
@@ -138,7 +142,10 @@ void TrackerStore::startPolling() {
     PollSchedule::Ages ages;
     for (const auto tracker : kTrackers) {
         std::vector<std::optional<kit::Instant>> times;
-        for (const auto& file : filesOf(tracker)) times.push_back(values_.fetchedAt(file.name));
+        for (const auto& file : filesOf(tracker)) {
+            const bool isDaily = tracker == Tracker::quotes && file.isDue;
+            if (!isDaily) times.push_back(values_.fetchedAt(file.name));
+        }
         // The oldest file counts; a tracker with a file that was never fetched is due.
         const auto oldest = std::ranges::min_element(times);
         if (oldest != times.end() && *oldest) ages.emplace(tracker, **oldest);
@@ -164,6 +171,7 @@ void TrackerStore::applyFetched(const LoadedFile& fetched, const HistoryUpdate& 
     scheduler_.recordFetch(fetched.tracker, !fetched.cached.error);
     history(histories_);
     show(fetched);
+    if (fetched.tracker == Tracker::quotes) announceQuote(fetched);
     const bool isNewBoard = fetched.tracker == Tracker::board && !fetched.cached.error;
     if (isNewBoard) emit onBoard(board().value.value());
 }

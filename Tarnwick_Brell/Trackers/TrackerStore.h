@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,6 +28,15 @@ namespace app {
 struct AnyTrackedFile;
 struct LoadedFile;
 class TrackerJobs;
+
+/// What the service says of a symbol.
+struct SymbolAnswer {
+    enum class Kind { known, unknown, noAnswer };
+    Kind kind = Kind::noAnswer;
+    std::string symbol{};  ///< as the service writes it
+    std::string name{};    ///< of the company or the index
+    std::string error{};   ///< a sentence, unless it is known
+};
 
 /// What the desk follows beside the news: Apple's services, releases and calendar, quotes,
 /// firmware signing, updates and charts. Lives on the main thread; the worker fetches. The last
@@ -155,6 +165,10 @@ public:
     /// any, the setting's default holds.
     void setDevices(const std::vector<std::string>& devices);
     void setCompared(std::vector<std::string> symbols);
+    /// Symbols whose every quote is wanted, as those of alerts on prices: see onQuote.
+    void setWatchedSymbols(std::vector<std::string> symbols);
+    /// Asks the service whether it knows a symbol; `answer` is called unless the store goes first.
+    void checkSymbol(const std::string& symbol, std::function<void(const SymbolAnswer&)> answer);
     /// Fetches the share over a range when that is missing or older than `freshFor`.
     void readQuote(kit::QuoteRange range, std::chrono::seconds freshFor = kQuoteFreshFor);
     /// Fetches the quotes of a year that are missing or some hours old.
@@ -201,6 +215,8 @@ signals:
     void onOfferChanges(const std::vector<app::OfferChange>& changes);
     /// Everything that was logged, these among it, in the order of the log.
     void onSignals(const std::vector<kit::Signal>& logged);
+    /// A quote has been fetched, of whatever range; its symbol is the one that was asked for.
+    void onQuote(const kit::StockQuote& quote, kit::Instant seenAt);
     /// A board has been fetched.
     void onBoard(const std::vector<kit::BoardQuote>& board);
 
@@ -216,15 +232,17 @@ private:
     Files filesOf(Tracker tracker) const;
     TrackerJobs jobs();
 
-    /// The share, the focus and the compared symbols, each once.
+    /// The share, the focus, the compared and the watched symbols, each once.
     std::vector<std::string> symbols() const;
     Files quoteFiles(kit::QuoteRange range) const;
+    Files yearFiles() const;
     std::vector<kit::StockQuote> quotesOf(const std::vector<std::string>& symbols,
                                           kit::QuoteRange range) const;
     /// Fetches those that are missing or older than `freshFor`.
     void fetchStale(Files files, std::chrono::seconds freshFor);
     void followSettings();
     void limitQuotes(const std::string& latest);
+    void announceQuote(const LoadedFile& fetched);
     void followMarket();
     void save(std::string_view setting, std::string_view value);
 
@@ -246,6 +264,7 @@ private:
     TrackerHistories histories_;
     LogState log_;
     std::vector<std::string> compared_;
+    std::vector<std::string> watched_;
     // At the last poll; the settings may change elsewhere.
     std::vector<std::string> polledQuotes_;
     std::vector<std::string> polledDevices_;

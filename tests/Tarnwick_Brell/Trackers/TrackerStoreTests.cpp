@@ -40,6 +40,7 @@ protected:
         serve("events", {eventsAnswer({"Autumn fair"})});
         serve("quotes", {boardAnswer({"TIDE"})});
         quote("AAPL", "1m", 10);
+        quote("AAPL", "1y", 10);
         defaults_.set("signingDevices", "iPhone17,3");
         signing("2+ 1");
         updates("2 1");
@@ -234,14 +235,13 @@ TEST_F(TrackerStoreTest, TheDeveloperStatusWaitsForTheConsumers) {
 TEST_F(TrackerStoreTest, AnAnswerForARangeThatIsNoLongerWantedDoesNotTakeThePlaceOfAnother) {
     openAndRefresh();
     quote("AAPL", "1m", 11, 300ms);
-    quote("AAPL", "1y", 20);
+    quote("AAPL", "1w", 20);
     store_->refresh(Tracker::quotes);
-    store_->setQuoteRange(QuoteRange::year);
+    store_->setQuoteRange(QuoteRange::week);
     EXPECT_EQ(price(), 0) << "nothing yet";
     ASSERT_TRUE(until([&] { return price() == 20; }));
     ASSERT_TRUE(until([&] { return isCalm(); }));
     EXPECT_EQ(price(), 20);
-    EXPECT_EQ(store_->yearRead(), harness_.now());
     const auto asked = requests("quote?range=1m&symbol=AAPL");
     store_->setQuoteRange(QuoteRange::month);
     EXPECT_EQ(price(), 11) << "it was not thrown away";
@@ -276,6 +276,80 @@ TEST_F(TrackerStoreTest, SymbolsAreFetchedWhenTheyAreWantedAndABadOneHoldsNobody
     defaults_.reload();
     store_->refresh(Tracker::events);
     EXPECT_TRUE(until([&] { return price() == 70; }));
+}
+
+TEST_F(TrackerStoreTest, EveryQuoteOfAWatchedSymbolIsHandedOnUnderTheNameItWasAskedFor) {
+    openAndRefresh();
+    std::vector<std::pair<std::string, double>> seen;
+    QObject::connect(store_.get(), &TrackerStore::onQuote,
+                     [&](const kit::StockQuote& quote, kit::Instant at) {
+                         EXPECT_EQ(at, harness_.now());
+                         if (quote.symbol != "AAPL") seen.emplace_back(quote.symbol, quote.price);
+                     });
+    const auto sees = [&](double price) {
+        return until(
+            [&] { return !seen.empty() && seen.back() == std::pair{std::string("BRK.B"), price}; });
+    };
+    auto written = quoteAnswer("BRK-B", "1m", 30);
+    serve("quote?range=1m&symbol=BRK.B", {written});
+    store_->setWatchedSymbols({"BRK.B"});
+    EXPECT_TRUE(sees(30)) << "at once";
+    quote("BRK.B", "1m", 31);
+    refresh();
+    EXPECT_TRUE(sees(31)) << "and at the trackers' cadence";
+    store_->setWatchedSymbols({});
+    quote("BRK.B", "1m", 32);
+    refresh();
+    EXPECT_EQ(seen.back().second, 31);
+}
+
+TEST_F(TrackerStoreTest, ASymbolIsCheckedWithTheService) {
+    openAndRefresh();
+    quote("TIDE", "1d", 40);
+    auto busy = quoteAnswer("BUSY", "1d", 1);
+    busy.status = 500;
+    serve("quote?range=1d&symbol=BUSY", {busy});
+    const auto answer = [&](const std::string& symbol) {
+        std::optional<SymbolAnswer> found;
+        store_->checkSymbol(symbol, [&](const SymbolAnswer& given) { found = given; });
+        EXPECT_TRUE(until([&] { return found.has_value(); })) << symbol;
+        return found.value_or(SymbolAnswer());
+    };
+    EXPECT_EQ(answer("TIDE").kind, SymbolAnswer::Kind::known);
+    EXPECT_EQ(answer("TIDE").symbol, "TIDE");
+    EXPECT_EQ(answer("GONE").kind, SymbolAnswer::Kind::unknown);
+    EXPECT_EQ(answer("BUSY").kind, SymbolAnswer::Kind::noAnswer);
+    EXPECT_FALSE(answer("BUSY").error.empty());
+}
+
+TEST_F(TrackerStoreTest, TheYearIsFetchedOnceADayAndItsUnusualMovesAreLogged) {
+    const auto year = [&](const std::vector<double>& closes) {
+        kit::StockQuote quote{
+            .symbol = "AAPL", .name = "Apple", .price = closes.back(), .range = "1y"};
+        const auto today = std::chrono::floor<std::chrono::days>(harness_.now());
+        for (std::size_t i = 0; i < closes.size(); ++i) {
+            quote.points.push_back({today - std::chrono::days(closes.size() - i), closes[i]});
+        }
+        auto answer = quoteAnswer("AAPL", "1y", closes.back());
+        answer.body = boost::json::serialize(kit::encode(quote));
+        serve("quote?range=1y&symbol=AAPL", {answer});
+    };
+    std::vector<std::string> told;
+    year({100, 104, 104, 104, 104});
+    openAndRefresh();
+    QObject::connect(store_.get(), &TrackerStore::onSignals, [&](const auto& logged) {
+        for (const auto& each : logged) told.push_back(each.subject);
+    });
+    const auto asked = requests("quote?range=1y&symbol=AAPL");
+    EXPECT_EQ(asked, 1u);
+    year({100, 104, 104, 104, 104, 99});
+    refresh();
+    EXPECT_EQ(requests("quote?range=1y&symbol=AAPL"), asked) << "nothing has closed since";
+    harness_.pass(25h);
+    refresh();
+    EXPECT_EQ(requests("quote?range=1y&symbol=AAPL"), asked + 1);
+    EXPECT_EQ(store_->yearRead(), harness_.now());
+    EXPECT_TRUE(until([&] { return told == std::vector<std::string>{"AAPL"}; }));
 }
 
 TEST_F(TrackerStoreTest, WhatAnotherProgramFetchesIsTakenOver) {
