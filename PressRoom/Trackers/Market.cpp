@@ -20,10 +20,11 @@ struct Hours {
 };
 
 // Indexed by Market; in the market's local time.
-constexpr std::array<Hours, 3> kHours{{
+constexpr std::array<Hours, 4> kHours{{
     {9h + 30min, 16h, -5h, true, 4h, 20h},
     {9h, 13h + 30min, 8h, false, 9h, 13h + 30min},
     {9h, 15h + 30min, 9h, false, 9h, 15h + 30min},
+    {0min, 24h, 0h, false, 0min, 24h},
 }};
 
 const Hours& hoursOf(Market market) { return kHours[static_cast<std::size_t>(market)]; }
@@ -45,7 +46,8 @@ sys_seconds instant(Market market, local_days day, minutes time) {
 
 std::optional<Session> sessionOn(Market market, local_days day) {
     const weekday name(day);
-    if (name == Saturday || name == Sunday) return std::nullopt;
+    const bool isWeekend = name == Saturday || name == Sunday;
+    if (isWeekend && market != Market::always) return std::nullopt;
     const auto& clock = hoursOf(market);
     return Session{instant(market, day, clock.open), instant(market, day, clock.close)};
 }

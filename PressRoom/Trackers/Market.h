@@ -8,7 +8,8 @@
 
 namespace pressroom {
 
-enum class Market { newYork, taipei, seoul };
+/// `always` is a market for tests: each day of Greenwich is a session.
+enum class Market { newYork, taipei, seoul, always };
 
 /// One day's trading.
 struct Session {
@@ -42,8 +43,9 @@ inline constexpr std::chrono::hours kPacificStandard{-8};
 }  // namespace pressroom
 
 template <>
-inline constexpr std::array<kit::EnumRow<pressroom::Market>, 3> kit::enumTable<pressroom::Market>{{
+inline constexpr std::array<kit::EnumRow<pressroom::Market>, 4> kit::enumTable<pressroom::Market>{{
     {pressroom::Market::newYork, "newYork", "New York"},
     {pressroom::Market::taipei, "taipei", "Taipei"},
     {pressroom::Market::seoul, "seoul", "Seoul"},
+    {pressroom::Market::always, "always", "Always"},
 }};

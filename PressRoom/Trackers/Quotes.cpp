@@ -29,6 +29,21 @@ struct Extremes {
 
 double cents(double amount) { return std::round(amount * 100) / 100; }
 
+/// The steps that hold at that moment, in one.
+WorldPriceStep stepAt(const WorldQuote& quote, sys_seconds anchor, sys_seconds now) {
+    WorldPriceStep sum;
+    const double minute = std::chrono::duration<double, std::ratio<60>>(now - anchor).count();
+    for (const auto& step : quote.steps.value_or(std::vector<WorldPriceStep>())) {
+        if (minute < step.minute || (step.until && minute >= *step.until)) continue;
+        if (step.factor) sum.factor = *step.factor;
+        if (step.split) sum.split = *step.split;
+        if (step.currency) sum.currency = step.currency;
+        if (step.stale) sum.stale = step.stale;
+        if (step.minutesAhead) sum.minutesAhead = step.minutesAhead;
+    }
+    return sum;
+}
+
 /// One symbol at one moment. Prices move only while the market is open, once a minute.
 class Ticker {
 public:
@@ -37,14 +52,15 @@ public:
           walk_(quote.symbol, quote.price, quote.dailySwing, anchor),
           day_(marketDay(quote.market, now)),
           traded_(sessionsUntil(quote.market, now, kSessionsOfYear + 1)),
-          asOf_(std::min<sys_seconds>(std::chrono::floor<minutes>(now), traded_.back().close)) {}
+          asOf_(std::min<sys_seconds>(std::chrono::floor<minutes>(now), traded_.back().close)),
+          step_(stepAt(quote, anchor, now)) {}
 
     /// The common keys of a quote and a row of the board.
     json::object figures() const {
         json::object figures{{"symbol", quote_.symbol},
                              {"name", quote_.name},
-                             {"currency", quote_.currency},
-                             {"price", price()},
+                             {"currency", step_.currency.value_or(quote_.currency)},
+                             {"price", cents(price() * step_.factor.value_or(1))},
                              {"market_state", day_.state}};
         if (!quote_.withoutPreviousClose.value_or(false)) figures["previous_close"] = reference();
         if (hasTradedToday()) {
@@ -56,18 +72,20 @@ public:
         const auto [low, high] = yearExtremes();
         figures["year_high"] = high;
         figures["year_low"] = low;
-        if (quote_.stale) figures["stale"] = *quote_.stale;
+        if (const auto stale = step_.stale ? step_.stale : quote_.stale) figures["stale"] = *stale;
         return figures;
     }
 
     const Session& session() const { return day_.session; }
-    sys_seconds asOf() const { return asOf_; }
-    double price() const { return walk_.at(asOf_); }
+    sys_seconds asOf() const {
+        return asOf_ + minutes(std::lround(step_.minutesAhead.value_or(0)));
+    }
+    double price() const { return at(asOf_); }
 
     /// The last price of the session before the current one.
     double reference() const {
         const auto& before = hasTradedToday() ? traded_[traded_.size() - 2] : traded_.back();
-        return walk_.at(before.close);
+        return at(before.close);
     }
 
     json::array pointsWithinDays(std::size_t sessions, minutes step) const {
@@ -88,6 +106,10 @@ public:
     }
 
 private:
+    double at(sys_seconds time) const {
+        return step_.split ? cents(walk_.at(time) / *step_.split) : walk_.at(time);
+    }
+
     bool hasTradedToday() const { return day_.session == traded_.back(); }
 
     std::vector<Session> last(std::size_t count) const {
@@ -95,22 +117,20 @@ private:
     }
 
     void add(json::array& points, sys_seconds time, sys_seconds priced) const {
-        points.push_back(
-            json::object{{"t", time.time_since_epoch().count()}, {"c", walk_.at(priced)}});
+        points.push_back(json::object{{"t", time.time_since_epoch().count()}, {"c", at(priced)}});
     }
 
     Extremes dayExtremes() const {
         Extremes extremes{price(), price()};
         for (auto time = day_.session.open; time <= asOf_; time += kDayStep) {
-            extremes.include(walk_.at(time));
+            extremes.include(at(time));
         }
         return extremes;
     }
 
     Extremes yearExtremes() const {
         auto extremes = hasTradedToday() ? dayExtremes() : Extremes{price(), price()};
-        for (const auto& session : traded_)
-            extremes.include(walk_.at(std::min(session.close, asOf_)));
+        for (const auto& session : traded_) extremes.include(at(std::min(session.close, asOf_)));
         return extremes;
     }
 
@@ -125,6 +145,7 @@ private:
     MarketDay day_;
     std::vector<Session> traded_;  ///< sessions that have begun, oldest first
     sys_seconds asOf_;
+    WorldPriceStep step_;
 };
 
 std::optional<json::array> pointsOf(const Ticker& ticker, std::string_view range) {

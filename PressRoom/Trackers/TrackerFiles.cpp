@@ -86,6 +86,17 @@ struct JSONFields<WorldCalendar> {
 };
 
 template <>
+struct JSONFields<WorldPriceStep> {
+    static constexpr auto fields = std::tuple{field("minute", &WorldPriceStep::minute),
+                                              field("until", &WorldPriceStep::until),
+                                              field("factor", &WorldPriceStep::factor),
+                                              field("split", &WorldPriceStep::split),
+                                              field("currency", &WorldPriceStep::currency),
+                                              field("stale", &WorldPriceStep::stale),
+                                              field("minutesAhead", &WorldPriceStep::minutesAhead)};
+};
+
+template <>
 struct JSONFields<WorldQuote> {
     static constexpr auto fields =
         std::tuple{field("symbol", &WorldQuote::symbol),
@@ -98,7 +109,8 @@ struct JSONFields<WorldQuote> {
                    field("dailySwing", &WorldQuote::dailySwing),
                    field("dailyVolume", &WorldQuote::dailyVolume),
                    field("withoutPreviousClose", &WorldQuote::withoutPreviousClose),
-                   field("stale", &WorldQuote::stale)};
+                   field("stale", &WorldQuote::stale),
+                   field("steps", &WorldQuote::steps)};
 };
 
 template <>
@@ -173,6 +185,9 @@ void checkBoard(const WorldBoard& board) {
         if (!(quote.price > 0)) throw RecordError("price", "not above zero");
         if (quote.group.has_value() != quote.relation.has_value()) {
             throw RecordError("relation", "goes with \"group\", and only with it");
+        }
+        for (const auto& step : quote.steps.value_or(std::vector<WorldPriceStep>())) {
+            if (step.split && !(*step.split > 0)) throw RecordError("steps", "a split of nothing");
         }
     });
 }

@@ -78,6 +78,17 @@ struct WorldCalendar {
     std::vector<WorldEvent> events{};
 };
 
+/// A time in which a quote is not what its walk says, as services have them.
+struct WorldPriceStep {
+    double minute = 0;  ///< after the anchor
+    std::optional<double> until{};
+    std::optional<double> factor{};  ///< of the current price alone: points and extremes stay
+    std::optional<double> split{};   ///< all prices are divided by it
+    std::optional<std::string> currency{};
+    std::optional<bool> stale{};
+    std::optional<double> minutesAhead{};  ///< of the price's time
+};
+
 struct WorldQuote {
     std::string symbol{};
     std::string name{};
@@ -90,6 +101,7 @@ struct WorldQuote {
     double dailyVolume = 0;
     std::optional<bool> withoutPreviousClose{};
     std::optional<bool> stale{};
+    std::optional<std::vector<WorldPriceStep>> steps{};
 };
 
 struct WorldBoard {

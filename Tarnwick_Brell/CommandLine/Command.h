@@ -21,6 +21,7 @@ void addStatusCommand(arguments::Command& app, Command& chosen);
 void addReleasesCommand(arguments::Command& app, Command& chosen);
 void addEventsCommand(arguments::Command& app, Command& chosen);
 void addQuoteCommand(arguments::Command& app, Command& chosen);
+void addMovesCommand(arguments::Command& app, Command& chosen);
 void addBoardCommand(arguments::Command& app, Command& chosen);
 void addSigningCommand(arguments::Command& app, Command& chosen);
 void addFilingsCommand(arguments::Command& app, Command& chosen);

@@ -1,10 +1,10 @@
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
-#include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/QuoteComparison.h"
+#include "Tarnwick_Brell/CommandLine/QuoteOptions.h"
 #include "Tarnwick_Brell/CommandLine/QuoteText.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
 
@@ -18,26 +18,9 @@ using kit::StockQuote;
 struct QuoteOptions {
     std::optional<std::string> symbol;
     std::optional<std::string> range;
+    std::string compared;
     bool stored = false;
 };
-
-/// Services know symbols in capital letters.
-std::string knownForm(std::string symbol) {
-    for (auto& letter : symbol) {
-        if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
-    }
-    try {
-        return app::SettingKey::named(app::SettingKey::kFocusSymbol)->stored(symbol);
-    } catch (const std::invalid_argument&) {
-        throw WrongUsage("\"" + symbol +
-                         "\" is not the symbol of a share or an index. Symbols look like AAPL.");
-    }
-}
-
-QuoteRange rangeNamed(const std::string& name) {
-    if (const auto range = kit::enumFromRaw<QuoteRange>(name)) return *range;
-    throw WrongUsage("There is no range named " + name + ". The ranges are 1d, 1w, 1m and 1y.");
-}
 
 boost::json::object quoteObject(const StockQuote& quote) {
     auto object = kit::encode(quote).get_object();
@@ -48,8 +31,11 @@ boost::json::object quoteObject(const StockQuote& quote) {
 
 int runQuote(Session& session, const QuoteOptions& options) {
     const auto& defaults = session.defaults();
-    const auto symbol = options.symbol ? knownForm(*options.symbol) : defaults.focusSymbol();
+    const auto symbol = options.symbol ? knownSymbol(*options.symbol) : defaults.focusSymbol();
     const auto range = options.range ? rangeNamed(*options.range) : defaults.quoteRange();
+    if (!options.compared.empty()) {
+        return runComparison(session, options.stored, range, symbol, options.compared);
+    }
     const auto reading = fetchOrLoad(session, options.stored,
                                      [&](const auto& files) { return files.quote(symbol, range); });
     return showTracker<StockQuote>(session, options.stored, reading,
@@ -70,6 +56,11 @@ void addQuoteCommand(arguments::Command& app, Command& chosen) {
                 "A day, a week, a month or a year: 1d, 1w, 1m, 1y; the setting quoteRange by "
                 "default")
         .shownAs("RANGE");
+    command
+        .option("--compare", options->compared,
+                "Changes beside those of up to six other symbols, in per cent from the beginning "
+                "of the range")
+        .shownAs("SYMBOL,…");
     addStoredFlag(command, options->stored);
     command.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return runQuote(session, *options); };

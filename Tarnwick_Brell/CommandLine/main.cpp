@@ -146,6 +146,7 @@ int main(int argc, char** argv) {
     addReleasesCommand(app, chosen);
     addEventsCommand(app, chosen);
     addQuoteCommand(app, chosen);
+    addMovesCommand(app, chosen);
     addBoardCommand(app, chosen);
     addSigningCommand(app, chosen);
     addFilingsCommand(app, chosen);
