@@ -34,4 +34,12 @@ PageKeys pageKeys(const std::vector<PageBlock>& blocks) {
     return keys;
 }
 
+std::string linksKey(const std::vector<PageBlock>& blocks) {
+    std::vector<std::string> targets;
+    for (const auto& block : blocks) {
+        for (const auto& link : block.links) targets.push_back(comparedText(link.url));
+    }
+    return keyOf(targets);
+}
+
 }  // namespace kit

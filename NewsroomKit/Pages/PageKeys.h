@@ -17,4 +17,7 @@ struct PageKeys {
 
 PageKeys pageKeys(const std::vector<PageBlock>& blocks);
 
+/// Of where the links of the blocks lead, in order.
+std::string linksKey(const std::vector<PageBlock>& blocks);
+
 }  // namespace kit

@@ -29,8 +29,13 @@ std::string dayText(Instant instant) {
                        static_cast<int>(day.year()));
 }
 
-void describe(Signal& signal, const PageOutcome& outcome) {
-    const auto summary = pageSummary(outcome.before, outcome.after);
+SignalEvent eventOf(const PageOutcome& outcome, const PageSummary& summary) {
+    if (outcome.isFailureNews) return SignalEvent::pageUnreadable;
+    if (outcome.kind == PageOutcome::Kind::returned) return SignalEvent::pageReturned;
+    return summary.changes.empty() ? SignalEvent::pageEdited : SignalEvent::pageChanged;
+}
+
+void describe(Signal& signal, const PageOutcome& outcome, const PageSummary& summary) {
     std::size_t said = 0;
     for (const auto* list : {&summary.changes, &summary.smallEdits, &summary.links}) {
         for (const auto& change : *list) {
@@ -54,10 +59,8 @@ std::optional<Signal> signalOf(const PageOutcome& outcome, const PageWatchState&
     using Kind = PageOutcome::Kind;
     const bool isChange = outcome.kind == Kind::changed || outcome.kind == Kind::returned;
     if (!isChange && !outcome.isFailureNews) return std::nullopt;
-    auto event = SignalEvent::pageChanged;
-    if (outcome.kind == Kind::returned) event = SignalEvent::pageReturned;
-    if (outcome.isFailureNews) event = SignalEvent::pageUnreadable;
-    auto signal = signalOf(event);
+    const auto summary = pageSummary(outcome.before, outcome.after);
+    auto signal = signalOf(eventOf(outcome, summary));
     signal.subject = name;
     signal.link = address;
     signal.seenAt = now;
@@ -75,7 +78,7 @@ std::optional<Signal> signalOf(const PageOutcome& outcome, const PageWatchState&
     if (outcome.kind == Kind::returned)
         signal.title += fmt::format("went back to the text of {}. ",
                                     dayText(outcome.earlierSeenAt.value_or(outcome.seenAt)));
-    describe(signal, outcome);
+    describe(signal, outcome, summary);
     signal.title = cutTitle(signal.title);
     signal.evidence["noticed"] = secondsSince1970(outcome.seenAt);
     signal.evidence["lastUnchanged"] = secondsSince1970(outcome.unchangedAt);

@@ -94,7 +94,8 @@ std::string changeCountText(const PageSummary& summary) {
     if (!summary.changes.empty()) return counted(summary.changes.size(), "change", "changes");
     if (!summary.smallEdits.empty())
         return counted(summary.smallEdits.size(), "small edit", "small edits");
-    if (!summary.links.empty()) return counted(summary.links.size(), "link", "links");
+    if (!summary.links.empty())
+        return counted(summary.links.size(), "link leads elsewhere", "links lead elsewhere");
     return counted(summary.moved, "block moved", "blocks moved");
 }
 
@@ -104,6 +105,8 @@ std::string summarySentence(const PageSummary& summary) {
         return fmt::format("{}. {}", changeCountText(summary), summary.changes.front().sentence);
     if (!summary.smallEdits.empty())
         return fmt::format("{}. {}", changeCountText(summary), summary.smallEdits.front().sentence);
+    if (!summary.links.empty())
+        return fmt::format("{}. {}", changeCountText(summary), summary.links.front().sentence);
     return changeCountText(summary) + ".";
 }
 

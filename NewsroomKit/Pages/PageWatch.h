@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -76,13 +77,16 @@ struct PageWatchState {
     std::int64_t rules = 0;  ///< version of the rules the current revision was read with; 0: none
     std::string key;         ///< of the current revision
     std::string orderKey;
+    std::string linksKey;
     Instant seenAt{};       ///< when the current revision was first seen
     Instant unchangedAt{};  ///< when it was last seen
     std::optional<Instant> statedDay{};
     std::string host;
     std::string language;
-    std::vector<PageStateKey> earlier;    ///< the last eight states, the latest first
-    std::optional<PageStateKey> doubted;  ///< must stay for a day before it is believed
+    std::vector<PageStateKey> earlier;       ///< the last eight states, the latest first
+    std::vector<PageStateKey> earlierLinks;  ///< the last eight, by where their links led
+    bool hasVaryingLinks = false;            ///< which lead elsewhere at each fetch
+    std::optional<PageStateKey> doubted;     ///< must stay for a day before it is believed
     std::optional<PageCandidate> candidate;
     std::vector<VolatileBlock> volatileBlocks;
     std::vector<std::int64_t> lengths;  ///< of the last five texts
@@ -140,6 +144,14 @@ void applyRules(PageWatch& watch, const PageVisit& stored);
 /// Reads what was volatile as text from now on, which is no change of the page.
 void forgetVolatile(PageWatch& watch, std::string_view place);
 
+/// Leaves the block out again, which is no change of the page either.
+void restoreVolatile(PageWatch& watch, const VolatileBlock& block);
+
+/// What is left out has changed: finds the keys of the earlier states anew, so that a return to one
+/// of them is still seen. `texts` are those that are kept; of a state without a text the key stays.
+void updateEarlierKeys(PageWatchState& state, const std::vector<VolatileBlock>& leftOutBefore,
+                       std::span<const std::vector<PageBlock>> texts);
+
 /// `spread` is between -1 and 1.
 Instant nextLook(const PageWatchState& state, Instant lookedAt, std::chrono::minutes interval,
                  double spread);
@@ -163,12 +175,15 @@ struct JSONFields<PageWatchState> {
         field("rules", &PageWatchState::rules),
         field("key", &PageWatchState::key),
         field("orderKey", &PageWatchState::orderKey),
+        field("linksKey", &PageWatchState::linksKey),
         field("seenAt", &PageWatchState::seenAt),
         field("unchangedAt", &PageWatchState::unchangedAt),
         field("statedDay", &PageWatchState::statedDay),
         field("host", &PageWatchState::host),
         field("language", &PageWatchState::language),
         field("earlier", &PageWatchState::earlier),
+        field("earlierLinks", &PageWatchState::earlierLinks),
+        field("varyingLinks", &PageWatchState::hasVaryingLinks),
         field("doubted", &PageWatchState::doubted),
         field("candidate", &PageWatchState::candidate),
         field("volatileBlocks", &PageWatchState::volatileBlocks),

@@ -40,6 +40,7 @@ enum class SignalEvent {
     backendRemoval,     ///< of what was there for long
     backendIdentifier,  ///< of a device that no file has named before
     pageChanged,
+    pageEdited,      ///< in punctuation, or where links lead
     pageReturned,    ///< to an earlier text
     pageUnreadable,  ///< several looks in a row have failed
     priceMove,       ///< unusually far in a day
@@ -85,6 +86,7 @@ inline constexpr std::array kSignalEvents{
     SignalEventRow{SignalEvent::backendRemoval, SignalKind::backend, SignalWeight::routine},
     SignalEventRow{SignalEvent::backendIdentifier, SignalKind::backend, SignalWeight::major},
     SignalEventRow{SignalEvent::pageChanged, SignalKind::page, SignalWeight::notable},
+    SignalEventRow{SignalEvent::pageEdited, SignalKind::page, SignalWeight::routine},
     SignalEventRow{SignalEvent::pageReturned, SignalKind::page, SignalWeight::notable},
     SignalEventRow{SignalEvent::pageUnreadable, SignalKind::page, SignalWeight::routine},
     SignalEventRow{SignalEvent::priceMove, SignalKind::price, SignalWeight::notable},

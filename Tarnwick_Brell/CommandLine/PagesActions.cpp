@@ -135,10 +135,7 @@ int unmutePage(Session& session, const PagesOptions& options) {
         if (index >= muted.size())
             throw WrongUsage(fmt::format("The page has {} parts that are left out.", muted.size()));
         auto transaction = store.transaction();
-        auto& pages = store.pages();
-        auto watch = pages.watch(status.page.address);
-        kit::forgetVolatile(watch, muted[index].place);
-        pages.storeState(status.page.address, watch.state, pages.looks(status.page.address));
+        app::comparePart(store, status.page.address, muted[index]);
         transaction.commit();
         return kDone;
     });

@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Trackers/FollowedPages.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
@@ -17,6 +18,8 @@ namespace {
 
 // More than are kept.
 constexpr std::size_t kAllRevisions = 1'000;
+/// Those among which the states lie that a page may return to.
+constexpr std::size_t kLastRevisions = 24;
 
 std::vector<FollowedPage> pagesOfUser(LocalStore& store) {
     std::vector<FollowedPage> pages;
@@ -109,6 +112,39 @@ std::optional<kit::PageComparison> comparedRevisions(LocalStore& store, std::str
     const auto left = pages.state(address).value_or(kit::PageWatchState()).volatileBlocks;
     return kit::pageComparison(kit::withoutVolatile(pages.blocks(before), left),
                                kit::withoutVolatile(pages.blocks(after), left));
+}
+
+namespace {
+
+void changeParts(LocalStore& store, std::string_view address,
+                 const std::function<void(kit::PageWatch&)>& change) {
+    auto& pages = store.pages();
+    auto watch = pages.watch(address);
+    const auto before = watch.state.volatileBlocks;
+    change(watch);
+    if (watch.state.volatileBlocks == before) return;
+    updateEarlierKeys(store, address, watch.state, before);
+    pages.storeState(address, watch.state, pages.looks(address));
+    pages.storeTexts(address, watch);
+}
+
+}  // namespace
+
+void comparePart(LocalStore& store, std::string_view address, const kit::VolatileBlock& part) {
+    changeParts(store, address,
+                [&](kit::PageWatch& watch) { kit::forgetVolatile(watch, part.place); });
+}
+
+void leaveOutPart(LocalStore& store, std::string_view address, const kit::VolatileBlock& part) {
+    changeParts(store, address, [&](kit::PageWatch& watch) { kit::restoreVolatile(watch, part); });
+}
+
+void updateEarlierKeys(LocalStore& store, std::string_view address, kit::PageWatchState& state,
+                       const std::vector<kit::VolatileBlock>& leftOutBefore) {
+    std::vector<std::vector<kit::PageBlock>> texts;
+    for (const auto& revision : store.pages().revisions(address, kLastRevisions))
+        texts.push_back(store.pages().blocks(revision.number));
+    kit::updateEarlierKeys(state, leftOutBefore, texts);
 }
 
 std::string pageNameFor(const std::string& address) {

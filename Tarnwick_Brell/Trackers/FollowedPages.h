@@ -30,6 +30,15 @@ void unfollowPage(LocalStore& store, std::string_view id, kit::Instant now);
 std::optional<kit::PageComparison> comparedRevisions(LocalStore& store, std::string_view address,
                                                      std::int64_t one, std::int64_t other);
 
+/// Compares a part of the page again that was left out, since it differed at each look, or leaves
+/// it out again. The next look finds no change by that. Call these within a transaction.
+void comparePart(LocalStore& store, std::string_view address, const kit::VolatileBlock& part);
+void leaveOutPart(LocalStore& store, std::string_view address, const kit::VolatileBlock& part);
+
+/// What is left out of the page has changed.
+void updateEarlierKeys(LocalStore& store, std::string_view address, kit::PageWatchState& state,
+                       const std::vector<kit::VolatileBlock>& leftOutBefore);
+
 /// What a page is called until the user names it.
 std::string pageNameFor(const std::string& address);
 

@@ -172,7 +172,10 @@ std::optional<PageOutcome> PageRounds::record(const FollowedPage& page, PageVisi
     if (visit.isNotModified && watch.state.key != expectedKey) return std::nullopt;
     const auto stored = pages.state(page.address);
     const bool hasNewRules = stored && stored->rules != watch.state.rules;
+    const auto leftOutBefore = watch.state.volatileBlocks;
     const auto outcome = kit::applyVisit(watch, visit);
+    if (watch.state.volatileBlocks != leftOutBefore)
+        updateEarlierKeys(store, page.address, watch.state, leftOutBefore);
     const auto next = kit::nextLook(watch.state, visit.at, intervalOf(page), pageSpread());
     pages.storeState(page.address, watch.state, {.last = visit.at, .next = next});
     if (hasNewRules || hasNewTexts(outcome.kind)) pages.storeTexts(page.address, watch);

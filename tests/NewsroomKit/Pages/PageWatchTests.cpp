@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "NewsroomKit/Pages/PageKeys.h"
 #include "NewsroomKit/Pages/PageSignals.h"
 
 namespace kit {
@@ -140,6 +141,81 @@ TEST(PageWatch, leaves_out_what_differs_at_each_fetch_but_not_real_changes) {
     };
     EXPECT_EQ(outcomes({{0, noise(1)}, {30, noise(2)}, {34, noise(3)}, {38, noise(4)}}),
               "baseline, candidate, candidate, unstable");
+}
+
+TEST(PageWatch, tells_that_links_lead_elsewhere_unless_they_do_at_each_fetch) {
+    const auto page = [](const std::string& target) {
+        return rules("must") + "<p>See the <a href='/" + target + "'>list of trees</a>.</p>";
+    };
+    EXPECT_EQ(outcomes({{0, page("trees")}, {30, page("woods")}, {34, page("woods")}, {64, ""}}),
+              "baseline, candidate, changed!, same");
+    EXPECT_EQ(outcomes({{0, page("trees")},
+                        {30, page("woods")},
+                        {34, page("woods")},
+                        {60, page("trees")},
+                        {90, page("woods")},
+                        {120, page("trees")},
+                        {1600, page("trees")}}),
+              "baseline, candidate, changed!, doubted, same, doubted, changed!")
+        << "old copies of servers have old links";
+    EXPECT_EQ(outcomes({{0, page("a1")},
+                        {30, page("b2")},
+                        {34, page("c3")},
+                        {38, page("d4")},
+                        {60, page("e5")},
+                        {90, page("f6")}}),
+              "baseline, candidate, candidate, learned, same, same");
+    PageWatch watch;
+    PageOutcome outcome;
+    int minute = 0;
+    for (const auto* target : {"trees", "woods", "woods"}) {
+        const auto html = page(target);
+        outcome = applyVisit(watch, {.at = start + minutes(minute += 3),
+                                     .bytes = html,
+                                     .url = "https://orchard.example/rules"});
+    }
+    const auto signal = signalOf(outcome, watch.state, "Rules", "https://orchard.example/", start);
+    ASSERT_TRUE(signal);
+    EXPECT_EQ(signal->title,
+              "Rules: 1 link leads elsewhere. Links changed in \"Fruit\": \"list of trees\" led to "
+              "https://orchard.example/trees and now leads to https://orchard.example/woods");
+    EXPECT_EQ(signal->weight, SignalWeight::routine);
+}
+
+TEST(PageWatch, knows_earlier_texts_when_other_parts_are_left_out) {
+    const auto block = [](const std::string& text) {
+        return PageBlock{PageBlock::Kind::paragraph, {}, {}, text, {}};
+    };
+    const auto text = [&](const std::string& verb, const std::string& advert) {
+        return std::vector{block("Rules"), block("Growers " + verb + " sell pears."),
+                           block("The end."), block(advert)};
+    };
+    const std::vector texts{text("may", "Advert two"), text("must", "Advert one")};
+    PageWatch watch;
+    watch.blocks = texts.front();
+    watch.state.rules = 1;
+    watch.state.key = pageKeys(texts.front()).key;
+    watch.state.earlier = {{pageKeys(texts.back()).key, start}, {"of a text that is gone", start}};
+    const auto learned = learnedVolatile(text("may", "Advert two"), text("may", "Advert 3"), {});
+    ASSERT_TRUE(learned);
+    watch.state.volatileBlocks = *learned;
+    updateEarlierKeys(watch.state, {}, texts);
+    const auto keyOf = [&](const std::string& advert) {
+        return pageKeys(withoutVolatile(text("must", advert), watch.state.volatileBlocks)).key;
+    };
+    EXPECT_EQ(watch.state.earlier.front().key, keyOf("Advert 99"));
+    EXPECT_EQ(watch.state.earlier.back().key, "of a text that is gone");
+
+    // Compared again, and left out again before the next look and after it.
+    auto restored = watch;
+    forgetVolatile(restored, learned->front().place);
+    updateEarlierKeys(restored.state, *learned, texts);
+    EXPECT_EQ(restored.state.earlier.front().key, pageKeys(texts.back()).key);
+    restored.state.rules = 1;
+    restoreVolatile(restored, learned->front());
+    EXPECT_EQ(restored.state.volatileBlocks, *learned);
+    EXPECT_EQ(restored.state.key,
+              pageKeys(withoutVolatile(text("may", "Advert 100"), *learned)).key);
 }
 
 TEST(PageWatch, reads_a_revision_again_with_other_rules_in_silence) {
