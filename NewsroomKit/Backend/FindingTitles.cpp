@@ -5,147 +5,17 @@
 
 #include <fmt/format.h>
 
-#include "NewsroomKit/Backend/BackendFinding.h"
-#include "NewsroomKit/Backend/ManagedBuild.h"
-#include "NewsroomKit/Text/Unicode.h"
-#include "NewsroomKit/Trackers/Signing/DeviceIdentifier.h"
+#include "NewsroomKit/Backend/FindingParts.h"
 
 namespace kit {
 namespace {
 
-using Records = std::vector<WatchedRecord>;
 using Findings = std::vector<BackendFinding>;
 
-constexpr std::size_t kMostEntriesKept = 500;
 constexpr std::size_t kMostNamesInTitle = 3;
-constexpr std::size_t kLongestTitleName = 80;
-constexpr std::string_view kPublicSet = "PublicAssetSets ";
-constexpr std::string_view kDevices = "SupportedDevices";
-
-std::string titleName(std::string_view text) {
-    const auto begin = firstCharacters(text, kLongestTitleName);
-    std::string name(begin);
-    std::ranges::replace(name, '\n', ' ');
-    return begin.size() == text.size() ? name : name + "…";
-}
-
-std::string counted(std::size_t count, std::string_view one, std::string_view many) {
-    return fmt::format("{} {}", count, count == 1 ? one : many);
-}
 
 std::string namesIn(const std::vector<std::string>& names) {
     return fmt::format("{}", fmt::join(names, ", "));
-}
-
-/// How the entries of a source are called.
-struct EntryNoun {
-    std::string_view one;
-    std::string_view many;
-};
-
-EntryNoun nounOf(WatchedSource source) {
-    switch (source) {
-        case WatchedSource::gdmf: return {"build", "builds"};
-        case WatchedSource::assets: return {"asset", "assets"};
-        case WatchedSource::catalogue: return {"product", "products"};
-        case WatchedSource::configuration: return {"setting", "settings"};
-        case WatchedSource::aasa: return {"path", "paths"};
-        case WatchedSource::robots: return {"line", "lines"};
-        case WatchedSource::sitemap: return {"address", "addresses"};
-        case WatchedSource::json:
-        case WatchedSource::plist: break;
-    }
-    return {"entry", "entries"};
-}
-
-BackendFinding findingWith(const WatchedFile& file, FindingKind kind, std::string title,
-                           Records records) {
-    const auto noun = nounOf(file.source);
-    BackendFinding finding{.file = std::string(file.id), .kind = kind, .title = std::move(title)};
-    finding.extent = fmt::format("{}{}", kind == FindingKind::removed ? "−" : "+",
-                                 counted(records.size(), noun.one, noun.many));
-    if (records.size() > kMostEntriesKept) records.resize(kMostEntriesKept);
-    (kind == FindingKind::removed ? finding.removed : finding.added) = std::move(records);
-    return finding;
-}
-
-// Managed versions
-
-std::set<std::string> publicBuilds(const Records& records) {
-    std::set<std::string> builds;
-    for (const auto& record : records) {
-        if (record.key.starts_with(kPublicSet)) builds.emplace(managedBuild(record.key).build);
-    }
-    return builds;
-}
-
-/// The set "iOS" also has builds of other systems, which their devices tell apart.
-std::string_view systemOf(const ManagedBuild& build, std::string_view devices) {
-    if (build.platform != "iOS") return build.platform;
-    if (devices.starts_with("AudioAccessory")) return "HomePod software";
-    return platformOfFamily(devices.substr(0, devices.find(','))).value_or(build.platform);
-}
-
-std::string systemName(const ManagedBuild& build, std::string_view devices) {
-    return titleName(fmt::format("{} {}", systemOf(build, devices), build.version));
-}
-
-std::string_view devicesOf(const WatchedRecord& record) {
-    const auto field = record.fields.find(std::string(kDevices));
-    return field == record.fields.end() ? std::string_view() : field->second;
-}
-
-std::string buildTitle(const WatchedRecord& record, FindingKind kind) {
-    const auto build = managedBuild(record.key);
-    const bool isImprovement = build.set.find("BackgroundSecurity") != std::string_view::npos;
-    const auto name = titleName(build.build);
-    if (build.version.empty()) {
-        return fmt::format("\"{}\" {}", name,
-                           kind == FindingKind::removed ? "is gone" : "appeared");
-    }
-    const auto system = systemName(build, devicesOf(record));
-    if (kind == FindingKind::removed) return fmt::format("{} ({}) left the list", system, name);
-    return fmt::format("{} {} of {} appeared",
-                       isImprovement ? "Background security improvement" : "Build", name, system);
-}
-
-/// The same build stands in several sets and for several platforms.
-void addBuilds(const WatchedFile& file, const Records& records, FindingKind kind,
-               const std::set<std::string>& trackedBuilds, Findings& findings) {
-    std::map<std::string, Records> byBuild;
-    for (const auto& record : records) {
-        const std::string build(managedBuild(record.key).build);
-        if (!trackedBuilds.contains(build)) byBuild[build].push_back(record);
-    }
-    for (auto& [name, list] : byBuild) {
-        auto title = buildTitle(list.front(), kind);
-        findings.push_back(findingWith(file, kind, std::move(title), std::move(list)));
-    }
-}
-
-Findings managedFindings(const WatchedFile& file, const RecordDiff& diff, const Records& before,
-                         const Records& after) {
-    Findings findings;
-    addBuilds(file, diff.added, FindingKind::added, publicBuilds(after), findings);
-    addBuilds(file, diff.removed, FindingKind::removed, publicBuilds(before), findings);
-    std::map<std::string, std::vector<FieldChange>> byBuild;
-    for (const auto& change : diff.changed)
-        byBuild[std::string(managedBuild(change.key).build)].push_back(change);
-    for (auto& [name, changes] : byBuild) {
-        const auto build = managedBuild(changes.front().key);
-        const bool isOfDevices = std::ranges::all_of(
-            changes, [](const auto& change) { return change.field == kDevices; });
-        findings.push_back(
-            {.file = std::string(file.id),
-             .kind = FindingKind::changed,
-             .title = fmt::format(
-                 "{} of build {} of {} changed", isOfDevices ? "The devices" : "The entry",
-                 titleName(name),
-                 systemName(build, isOfDevices ? changes.front().after.value_or("") : "")),
-             .extent = counted(changes.size(), "entry", "entries"),
-             .changed = std::move(changes)});
-    }
-    return findings;
 }
 
 // robots.txt
@@ -161,7 +31,7 @@ std::pair<std::string, std::string> robotsRule(const std::string& key) {
 
 std::string robotsTitle(const std::string& name, const std::set<std::string>& values, bool isNew) {
     const auto count = values.size();
-    const auto first = titleName(*values.begin());
+    const auto first = findingName(*values.begin());
     if (name == "Disallow") {
         const auto verb = isNew ? "blocks" : "no longer blocks";
         return count == 1 ? fmt::format("robots.txt {} {}", verb, first)
@@ -172,14 +42,14 @@ std::string robotsTitle(const std::string& name, const std::set<std::string>& va
         return count == 1 ? fmt::format("robots.txt {} the site map {}", verb, first)
                           : fmt::format("robots.txt {} {} site maps", verb, count);
     }
-    const auto rules = count == 1 ? fmt::format("\"{}: {}\"", titleName(name), first)
-                                  : fmt::format("{} rules \"{}\"", count, titleName(name));
+    const auto rules = count == 1 ? fmt::format("\"{}: {}\"", findingName(name), first)
+                                  : fmt::format("{} rules \"{}\"", count, findingName(name));
     return fmt::format("robots.txt {} {}", isNew ? "has" : "no longer has", rules);
 }
 
-void addRobots(const WatchedFile& file, const Records& records, FindingKind kind,
+void addRobots(const WatchedFile& file, const WatchedRecords& records, FindingKind kind,
                Findings& findings) {
-    std::map<std::string, std::pair<std::set<std::string>, Records>> byRule;
+    std::map<std::string, std::pair<std::set<std::string>, WatchedRecords>> byRule;
     for (const auto& record : records) {
         const auto [name, value] = robotsRule(record.key);
         byRule[name].first.insert(value);
@@ -187,7 +57,7 @@ void addRobots(const WatchedFile& file, const Records& records, FindingKind kind
     }
     for (auto& [name, rules] : byRule) {
         auto title = robotsTitle(name, rules.first, kind == FindingKind::added);
-        findings.push_back(findingWith(file, kind, std::move(title), std::move(rules.second)));
+        findings.push_back(findingOfEntries(file, kind, std::move(title), std::move(rules.second)));
     }
 }
 
@@ -206,17 +76,17 @@ std::string packageName(const WatchedRecord& record) {
 }
 
 std::string entryName(WatchedSource source, const WatchedRecord& record) {
-    if (source == WatchedSource::catalogue) return titleName(packageName(record));
+    if (source == WatchedSource::catalogue) return findingName(packageName(record));
     if (source == WatchedSource::aasa)
-        return titleName(record.key.substr(record.key.rfind(' ') + 1));
+        return findingName(record.key.substr(record.key.rfind(' ') + 1));
     if (source == WatchedSource::sitemap) {
         const auto host = record.key.find("://");
-        return titleName(host == record.key.npos ? record.key : record.key.substr(host + 3));
+        return findingName(host == record.key.npos ? record.key : record.key.substr(host + 3));
     }
-    return titleName(record.key);
+    return findingName(record.key);
 }
 
-std::string entriesTitle(const WatchedFile& file, const Records& records, bool isNew) {
+std::string entriesTitle(const WatchedFile& file, const WatchedRecords& records, bool isNew) {
     std::vector<std::string> names;
     for (const auto& record : records) {
         const auto name = entryName(file.source, record);
@@ -232,7 +102,7 @@ std::string entriesTitle(const WatchedFile& file, const Records& records, bool i
                    ? fmt::format("Setting \"{}\" {}", names[0], verb)
                    : fmt::format("{} {}", names[0], verb);
     }
-    const auto count = counted(records.size(), noun.one, noun.many);
+    const auto count = countedEntries(records.size(), noun.one, noun.many);
     const auto list = names.size() <= kMostNamesInTitle ? ": " + namesIn(names) : std::string();
     return isNew ? fmt::format("{} appeared{}", count, list)
                  : fmt::format("{} are gone{}", count, list);
@@ -242,8 +112,8 @@ std::string changesTitle(const WatchedFile& file, const std::vector<FieldChange>
     if (changes.size() > 1) return fmt::format("{} values changed", changes.size());
     const auto& change = changes.front();
     const bool isSetting = change.field == "value";
-    const auto name = isSetting ? fmt::format("Setting \"{}\"", titleName(change.key))
-                                : fmt::format("\"{}\" of {}", titleName(change.field),
+    const auto name = isSetting ? fmt::format("Setting \"{}\"", findingName(change.key))
+                                : fmt::format("\"{}\" of {}", findingName(change.field),
                                               entryName(file.source, {change.key, {}}));
     constexpr std::size_t shortValue = 24;
     const bool isShort = change.before && change.after && change.before->size() <= shortValue &&
@@ -255,39 +125,40 @@ std::string changesTitle(const WatchedFile& file, const std::vector<FieldChange>
 Findings entryFindings(const WatchedFile& file, const RecordDiff& diff) {
     Findings findings;
     if (!diff.added.empty()) {
-        findings.push_back(findingWith(file, FindingKind::added,
-                                       entriesTitle(file, diff.added, true), diff.added));
+        findings.push_back(findingOfEntries(file, FindingKind::added,
+                                            entriesTitle(file, diff.added, true), diff.added));
     }
     if (!diff.removed.empty()) {
-        findings.push_back(findingWith(file, FindingKind::removed,
-                                       entriesTitle(file, diff.removed, false), diff.removed));
+        findings.push_back(findingOfEntries(file, FindingKind::removed,
+                                            entriesTitle(file, diff.removed, false), diff.removed));
     }
     if (!diff.changed.empty()) {
         auto changes = diff.changed;
-        if (changes.size() > kMostEntriesKept) changes.resize(kMostEntriesKept);
+        if (changes.size() > kMostFindingEntries) changes.resize(kMostFindingEntries);
         findings.push_back({.file = std::string(file.id),
                             .kind = FindingKind::changed,
                             .title = changesTitle(file, diff.changed),
-                            .extent = counted(diff.changed.size(), "value", "values"),
+                            .extent = countedEntries(diff.changed.size(), "value", "values"),
                             .changed = std::move(changes)});
     }
     return findings;
 }
 
 BackendFinding rebuiltFinding(const WatchedFile& file, const RecordDiff& diff) {
-    auto finding = findingWith(file, FindingKind::rebuilt,
-                               fmt::format("The site map was rebuilt, {} new",
-                                           counted(diff.added.size(), "address", "addresses")),
-                               diff.added);
+    auto finding =
+        findingOfEntries(file, FindingKind::rebuilt,
+                         fmt::format("The site map was rebuilt, {} new",
+                                     countedEntries(diff.added.size(), "address", "addresses")),
+                         diff.added);
     finding.removed = diff.removed;
-    if (finding.removed.size() > kMostEntriesKept) finding.removed.resize(kMostEntriesKept);
+    if (finding.removed.size() > kMostFindingEntries) finding.removed.resize(kMostFindingEntries);
     finding.extent = fmt::format("+{} −{} addresses", diff.added.size(), diff.removed.size());
     finding.isTold = false;
     return finding;
 }
 
 bool namesDevice(const std::map<std::string, std::string>& fields, const std::string& identifier) {
-    const auto field = fields.find(std::string(kDevices));
+    const auto field = fields.find(std::string(kDevicesOfBuild));
     if (field == fields.end()) return false;
     return (", " + field->second + ", ").find(", " + identifier + ", ") != std::string::npos;
 }
@@ -298,7 +169,7 @@ BackendFinding identifierFinding(const WatchedFile& file, const RecordDiff& diff
     BackendFinding finding{
         .file = std::string(file.id),
         .kind = FindingKind::identifier,
-        .title = fmt::format("An identifier not seen before: {}", titleName(identifier)),
+        .title = fmt::format("An identifier not seen before: {}", findingName(identifier)),
         .extent = "+1 identifier"};
     for (const auto& record : diff.added) {
         if (namesDevice(record.fields, identifier)) finding.added.push_back(record);
@@ -313,7 +184,7 @@ BackendFinding identifierFinding(const WatchedFile& file, const RecordDiff& diff
 }  // namespace
 
 std::vector<BackendFinding> findingsOf(const WatchedFile& file, const RecordDiff& diff,
-                                       const Records& before, const Records& after,
+                                       const WatchedRecords& before, const WatchedRecords& after,
                                        const std::vector<std::string>& identifiers) {
     if (isRebuilt(file.source, diff)) return {rebuiltFinding(file, diff)};
     Findings findings;
