@@ -23,7 +23,8 @@ WatchedAnswer BackendAPI::parse(std::string_view body) {
     return decode<WatchedAnswer>(parseJSON(body));
 }
 
-boost::asio::awaitable<FetchedFile<WatchedAnswer>> BackendAPI::file(const WatchedFile& file) const {
+boost::asio::awaitable<FetchedFile<WatchedAnswer>> BackendAPI::file(HTTPClient& http,
+                                                                    const WatchedFile& file) {
     HTTPClient::Request request{.url = std::string(file.address), .byteLimit = kByteLimit};
     auto fetched = co_await fetchBody(http, std::move(request));
     if (!fetched.body) {

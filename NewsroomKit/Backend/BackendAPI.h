@@ -31,13 +31,13 @@ struct BackendAPI {
     /// Catalogues of installers have some megabytes.
     static constexpr std::size_t kByteLimit = 67'108'864;
 
-    HTTPClient& http;
-
     /// The cached copy. Throws RecordError.
     static WatchedAnswer parse(std::string_view body);
 
-    /// Its body is the copy for the cache. Throws RecordError when the file can't be read.
-    boost::asio::awaitable<FetchedFile<WatchedAnswer>> file(const WatchedFile& file) const;
+    /// Its body is the copy for the cache. Both arguments must outlive the coroutine. Throws
+    /// RecordError when the file can't be read.
+    static boost::asio::awaitable<FetchedFile<WatchedAnswer>> file(HTTPClient& http,
+                                                                   const WatchedFile& file);
 };
 
 }  // namespace kit

@@ -32,7 +32,7 @@ TrackedFile<WatchedAnswer> backendFile(const WatchedFile& file) {
             .name = "backend/" + std::string(file.id),
             .title = std::string(file.name),
             .address = std::string(file.address),
-            .fetch = [&file](kit::HTTPClient& http) { return kit::BackendAPI{http}.file(file); },
+            .fetch = [&file](kit::HTTPClient& http) { return kit::BackendAPI::file(http, file); },
             .parse = kit::BackendAPI::parse,
             .emptyAnswer = EmptyAnswer::refusedAfterItems,
             .isEmpty = [](const WatchedAnswer& answer) { return answer.entries == 0; },
