@@ -1,5 +1,7 @@
 #include "NewsroomKit/Pages/PageDiff.h"
 
+#include <algorithm>
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -101,6 +103,27 @@ TEST(PageDiff, compares_long_pages_that_have_nothing_in_common) {
     const auto diff = comparePages(markdownBlocks(before), markdownBlocks(after));
     EXPECT_EQ(diff.verdict, PageDiff::Verdict::changed);
     EXPECT_FALSE(diff.changes.empty());
+}
+
+TEST(PageDiff, compares_hostile_pages_in_bounded_time) {
+    Lines few, fewer, shuffled, sorted;
+    for (int i = 0; i < 50'000; ++i) {
+        few.push_back(i % 2 ? "yes" : "no");
+        fewer.push_back(i % 3 ? "no" : "yes");
+    }
+    for (int i = 0; i < 50'000; ++i) {
+        sorted.push_back("line " + std::to_string(i));
+        shuffled.push_back("line " + std::to_string(i * 7'919 % 50'000));
+    }
+    shuffled.push_back("one more");
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(comparePages(markdownBlocks(few), markdownBlocks(fewer)).verdict,
+              PageDiff::Verdict::changed);
+    const auto diff = comparePages(markdownBlocks(sorted), markdownBlocks(shuffled));
+    EXPECT_TRUE(std::ranges::all_of(diff.changes, [](const PageChange& change) {
+        return change.kind == PageChange::Kind::moved || change.words == 2;
+    })) << "lines that stand elsewhere have only moved";
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 }  // namespace
