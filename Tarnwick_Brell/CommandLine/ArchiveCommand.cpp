@@ -8,6 +8,7 @@
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/ArchiveText.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Subcommands.h"
 #include "Tarnwick_Brell/CommandLine/TimeArgument.h"
 
 namespace cli {
@@ -25,7 +26,6 @@ struct ArchiveOptions {
 };
 
 using SharedArchiveOptions = std::shared_ptr<ArchiveOptions>;
-using ArchiveAction = int (*)(Session&, const ArchiveOptions&);
 
 template <class Answer>
 void printJSON(Session& session, const Answer& answer) {
@@ -64,16 +64,6 @@ int runCredits(Session& session, const ArchiveOptions& options) {
     return kDone;
 }
 
-arguments::Command addArchiveAction(arguments::Command& archive, Command& chosen,
-                                    SharedArchiveOptions options, const char* name,
-                                    const char* meaning, ArchiveAction action) {
-    auto command = archive.subcommand(name, meaning);
-    command.whenChosen([&chosen, options, action] {
-        chosen = [options, action](Session& session) { return action(session, *options); };
-    });
-    return command;
-}
-
 }  // namespace
 
 void addArchiveCommand(arguments::Command& app, Command& chosen) {
@@ -82,8 +72,8 @@ void addArchiveCommand(arguments::Command& app, Command& chosen) {
         app.subcommand("archive", "What the desk's sources published, from the story archive");
     archive.requireSubcommand();
 
-    auto stories = addArchiveAction(archive, chosen, options, "stories", "The stories of a period",
-                                    runStories);
+    auto stories =
+        addAction(archive, chosen, options, "stories", "The stories of a period", runStories);
     stories.option("--after", options->after, "Start of the period: 30min, 6h, 2d, a day or a time")
         .shownAs("WHEN")
         .required();
@@ -93,10 +83,9 @@ void addArchiveCommand(arguments::Command& app, Command& chosen) {
     stories.number("--offset", options->offset, {0, 1'000'000'000}, "Skip this many stories");
     stories.number("--limit", options->limit, {1, 1'000'000}, "Show at most this many");
 
-    addArchiveAction(archive, chosen, options, "status",
-                     "How complete the archive is, source by source", runStatus);
-    addArchiveAction(archive, chosen, options, "credits", "Whose reporting stories credit",
-                     runCredits)
+    addAction(archive, chosen, options, "status", "How complete the archive is, source by source",
+              runStatus);
+    addAction(archive, chosen, options, "credits", "Whose reporting stories credit", runCredits)
         .option("URL", options->stories,
                 "A story's address, or its id as brell wire shows it; several may follow "
                 "each other")

@@ -3,23 +3,13 @@
 
 #include "Tarnwick_Brell/CommandLine/BeatActions.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
+#include "Tarnwick_Brell/CommandLine/Subcommands.h"
 
 namespace cli {
 
 namespace {
 
 using SharedBeatOptions = std::shared_ptr<BeatOptions>;
-using BeatAction = int (*)(Session&, const BeatOptions&);
-
-arguments::Command addBeatAction(arguments::Command& beats, Command& chosen,
-                                 SharedBeatOptions options, const char* name, const char* meaning,
-                                 BeatAction action) {
-    auto command = beats.subcommand(name, meaning);
-    command.whenChosen([&chosen, options, action] {
-        chosen = [options, action](Session& session) { return action(session, *options); };
-    });
-    return command;
-}
 
 void addName(arguments::Command& command, SharedBeatOptions options) {
     command.option("NAME", options->name, "The beat's name or id").required();
@@ -40,39 +30,36 @@ void addBeatCommand(arguments::Command& app, Command& chosen) {
     auto beats = app.subcommand("beat", "List the topics that you follow, or change them");
     beats.whenChosen([&chosen] { chosen = listBeats; });
 
-    auto make = addBeatAction(beats, chosen, options, "new", "Follow a topic", newBeat);
+    auto make = addAction(beats, chosen, options, "new", "Follow a topic", newBeat);
     make.option("NAME", options->name, "Its name").required();
     options->query.addTo(make);
     addLooks(make, options);
 
-    auto change =
-        addBeatAction(beats, chosen, options, "change",
-                      "Change a beat; what it follows is replaced as a whole", changeBeat);
+    auto change = addAction(beats, chosen, options, "change",
+                            "Change a beat; what it follows is replaced as a whole", changeBeat);
     addName(change, options);
     change.option("--name", options->newName, "Its new name").shownAs("NAME");
     options->query.addTo(change);
     addLooks(change, options);
 
-    auto rename = addBeatAction(beats, chosen, options, "rename", "Rename a beat", changeBeat);
+    auto rename = addAction(beats, chosen, options, "rename", "Rename a beat", changeBeat);
     addName(rename, options);
     rename.option("NEW", options->newName, "Its new name").required();
 
-    auto test =
-        addBeatAction(beats, chosen, options, "test",
-                      "Show what a beat would have matched lately; change nothing", tryBeat);
+    auto test = addAction(beats, chosen, options, "test",
+                          "Show what a beat would have matched lately; change nothing", tryBeat);
     test.option("NAME", options->name, "The beat; without it, say what to follow");
     options->query.addTo(test);
     test.number("--days", options->days, {1, 36'500}, "How many days to look back");
 
-    auto move =
-        addBeatAction(beats, chosen, options, "move", "Move a beat to another place", moveBeat);
+    auto move = addAction(beats, chosen, options, "move", "Move a beat to another place", moveBeat);
     addName(move, options);
     move.number("PLACE", options->place, {1, 1'000'000}, "1 is the first").required();
 
-    auto remove = addBeatAction(beats, chosen, options, "remove", "Remove a beat", removeBeat);
+    auto remove = addAction(beats, chosen, options, "remove", "Remove a beat", removeBeat);
     addName(remove, options);
     auto restore =
-        addBeatAction(beats, chosen, options, "restore", "Restore a removed beat", restoreBeat);
+        addAction(beats, chosen, options, "restore", "Restore a removed beat", restoreBeat);
     restore.option("NAME", options->name, "The beat; without it, the one removed last");
 }
 

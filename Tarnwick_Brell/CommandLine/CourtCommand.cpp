@@ -12,6 +12,7 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/CourtActions.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/Subcommands.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/TimeArgument.h"
@@ -194,18 +195,7 @@ int showCourt(Session& session, const CourtOptions& options) {
     return finishTrackers(session, options.stored, fetchStatesOf(view.readings));
 }
 
-using CourtAction = int (*)(Session&, const CourtOptions&);
 using SharedCourtOptions = std::shared_ptr<CourtOptions>;
-
-arguments::Command addCourtAction(arguments::Command& court, Command& chosen,
-                                  const SharedCourtOptions& options, const char* name,
-                                  const char* meaning, CourtAction action) {
-    auto command = court.subcommand(name, meaning);
-    command.whenChosen([&chosen, options, action] {
-        chosen = [options, action](Session& session) { return action(session, *options); };
-    });
-    return command;
-}
 
 void addCase(arguments::Command& command, const SharedCourtOptions& options) {
     command
@@ -237,23 +227,21 @@ void addCourtCommand(arguments::Command& app, Command& chosen) {
                                      : showCourt(session, *options);
         };
     });
-    auto follow = addCourtAction(court, chosen, options, "follow", "Follow a case", followCase);
+    auto follow = addAction(court, chosen, options, "follow", "Follow a case", followCase);
     addCase(follow, options);
     follow.option("--note", options->note, "Why you follow it").shownAs("TEXT");
     auto unfollow =
-        addCourtAction(court, chosen, options, "unfollow", "Follow a case no longer", unfollowCase);
+        addAction(court, chosen, options, "unfollow", "Follow a case no longer", unfollowCase);
     addCase(unfollow, options);
-    auto note =
-        addCourtAction(court, chosen, options, "note", "Say why you follow a case", noteCase);
+    auto note = addAction(court, chosen, options, "note", "Say why you follow a case", noteCase);
     addCase(note, options);
     note.option("TEXT", options->note, "Why you follow it").required();
-    auto add =
-        addCourtAction(court, chosen, options, "add",
-                       "Add a court's own feed, of which Apple's cases are shown", addCourtFeed);
+    auto add = addAction(court, chosen, options, "add",
+                         "Add a court's own feed, of which Apple's cases are shown", addCourtFeed);
     addFeedAddress(add, options);
     add.option("--name", options->name, "The court's name").shownAs("NAME");
     auto remove =
-        addCourtAction(court, chosen, options, "remove", "Remove a court's feed", removeCourtFeed);
+        addAction(court, chosen, options, "remove", "Remove a court's feed", removeCourtFeed);
     addFeedAddress(remove, options);
 }
 
