@@ -12,6 +12,8 @@ namespace kit {
 namespace {
 
 constexpr std::chrono::hours changeIsNew{24};
+/// Of what stays the same so many words are shown beside each change.
+constexpr std::size_t wordsBesideChange = 16;
 
 PageRow::State stateOf(const PageStatus& page) {
     if (!page.lookedAt) return PageRow::State::waiting;
@@ -29,7 +31,7 @@ PageRow rowOfPage(const PageStatus& page, Instant now) {
     row.state = stateOf(page);
     row.lookedAt = page.lookedAt;
     row.nextLook = page.nextLook;
-    row.leftOut = page.state.volatileBlocks.size();
+    row.leftOut = page.state.volatileBlocks;
     row.misses = static_cast<std::size_t>(page.state.misses);
     row.failingSince = page.state.missedSince;
     if (page.state.miss) row.problem = label(*page.state.miss);
@@ -47,6 +49,15 @@ void addRun(std::vector<PageRun>& runs, PageRun::Kind kind,
     if (!words.empty()) runs.push_back({kind, fmt::format("{}", fmt::join(words, " "))});
 }
 
+/// Words that stay the same, without the middle of many. Those after the last change lose their
+/// end.
+void addSame(std::vector<PageRun>& runs, std::span<const std::string_view> words, bool isLast) {
+    if (words.size() <= 2 * wordsBesideChange) return addRun(runs, PageRun::Kind::same, words);
+    auto text = fmt::format("{} …", fmt::join(words.first(wordsBesideChange), " "));
+    if (!isLast) text += fmt::format(" {}", fmt::join(words.last(wordsBesideChange), " "));
+    runs.push_back({PageRun::Kind::same, std::move(text)});
+}
+
 std::vector<PageRun> runsOfWords(std::string_view before, std::string_view after) {
     const auto diff = compareWords(before, after);
     std::vector<PageRun> runs;
@@ -58,14 +69,14 @@ std::vector<PageRun> runsOfWords(std::string_view before, std::string_view after
     const std::span<const std::string_view> old(diff.before), fresh(diff.after);
     std::size_t at = 0;
     for (const auto& change : diff.changes) {
-        addRun(runs, PageRun::Kind::same, fresh.subspan(at, change.afterBegin - at));
+        addSame(runs, fresh.subspan(at, change.afterBegin - at), false);
         addRun(runs, PageRun::Kind::removed,
                old.subspan(change.beforeBegin, change.beforeEnd - change.beforeBegin));
         addRun(runs, PageRun::Kind::added,
                fresh.subspan(change.afterBegin, change.afterEnd - change.afterBegin));
         at = change.afterEnd;
     }
-    addRun(runs, PageRun::Kind::same, fresh.subspan(at));
+    addSame(runs, fresh.subspan(at), true);
     return runs;
 }
 

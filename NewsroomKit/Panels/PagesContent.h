@@ -35,7 +35,7 @@ struct PageRow {
     std::optional<Instant> failingSince{};
     std::optional<Instant> lookedAt{};
     std::optional<Instant> nextLook{};
-    std::size_t leftOut = 0;  ///< blocks that differ at each fetch
+    std::vector<VolatileBlock> leftOut{};  ///< since they differ at each fetch
 
     bool operator==(const PageRow&) const = default;
 };
@@ -61,10 +61,17 @@ struct PageRun {
     enum class Kind { same, removed, added };
 
     Kind kind = Kind::same;
-    std::string text;  ///< words parted by spaces
+    std::string text;  ///< words parted by spaces; "…" for the middle of many that are the same
 
     bool operator==(const PageRun&) const = default;
 };
+
+template <>
+inline constexpr std::array<EnumRow<PageRun::Kind>, 3> enumTable<PageRun::Kind>{{
+    {PageRun::Kind::same, "same", "Unchanged"},
+    {PageRun::Kind::removed, "removed", "Removed"},
+    {PageRun::Kind::added, "added", "Added"},
+}};
 
 /// A change, word by word.
 struct PageChangeRow {

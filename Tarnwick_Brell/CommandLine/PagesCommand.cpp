@@ -9,7 +9,9 @@
 #include "Tarnwick_Brell/CommandLine/ArchiveConsole.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/PageChangeText.h"
 #include "Tarnwick_Brell/CommandLine/PagesActions.h"
+#include "Tarnwick_Brell/CommandLine/Subcommands.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/TrackerConsole.h"
@@ -23,13 +25,12 @@ namespace {
 using kit::PageRow;
 
 constexpr std::size_t kShownRevisions = 1'000;
-constexpr std::size_t kWidestChange = 100;
 
 boost::json::object pageObject(const PageRow& row) {
     boost::json::object object{{"address", row.address},
                                {"name", row.name},
                                {"state", kit::rawValue(row.state)},
-                               {"leftOut", row.leftOut}};
+                               {"leftOut", row.leftOut.size()}};
     if (!row.id.empty()) object["id"] = row.id;
     const auto addTime = [&](const char* key, const std::optional<kit::Instant>& time) {
         if (time) object[key] = kit::encode(*time);
@@ -111,23 +112,6 @@ std::string noticedText(const kit::PageRevision& revision) {
     return text;
 }
 
-void printPageChanges(Output& out, const std::vector<kit::PageChangeRow>& changes) {
-    const auto width = std::min(out.width(), kWidestChange);
-    for (const auto& change : changes) {
-        out.line();
-        if (!change.headings.empty())
-            out.line(out.dim(printable(fmt::format("{}", fmt::join(change.headings, " › ")))));
-        out.line(wrapped(printable(change.sentence), width, ""));
-    }
-}
-
-boost::json::object changeObject(const kit::PageChangeRow& change) {
-    return {{"kind", kit::rawValue(change.kind)},
-            {"headings", kit::encode(change.headings)},
-            {"words", change.words},
-            {"sentence", change.sentence}};
-}
-
 }  // namespace
 
 int showPage(Session& session, const PagesOptions& options) {
@@ -201,18 +185,7 @@ int diffPage(Session& session, const PagesOptions& options) {
 
 namespace {
 
-using PagesAction = int (*)(Session&, const PagesOptions&);
 using SharedPagesOptions = std::shared_ptr<PagesOptions>;
-
-arguments::Command addPagesAction(arguments::Command& pages, Command& chosen,
-                                  const SharedPagesOptions& options, const char* name,
-                                  const char* meaning, PagesAction action) {
-    auto command = pages.subcommand(name, meaning);
-    command.whenChosen([&chosen, options, action] {
-        chosen = [options, action](Session& session) { return action(session, *options); };
-    });
-    return command;
-}
 
 arguments::Option addPageName(arguments::Command& command, const SharedPagesOptions& options) {
     return command.option("PAGE", options->page, "Its name or address");
@@ -227,27 +200,27 @@ void addPagesCommand(arguments::Command& app, Command& chosen) {
     pages.whenChosen([options, &chosen] {
         chosen = [options](Session& session) { return listPages(session, *options); };
     });
-    auto add = addPagesAction(pages, chosen, options, "add", "Follow a page", addPage);
+    auto add = addAction(pages, chosen, options, "add", "Follow a page", addPage);
     add.option("ADDRESS", options->page, "The address of the page, of https");
     add.option("--name", options->name, "What you call it").shownAs("NAME");
     add.flag("--urgent", options->urgent, "Look every 10 minutes instead of every 30");
     add.flag("--suggested", options->suggested, "Follow the pages of Apple's that many watch");
     auto remove =
-        addPagesAction(pages, chosen, options, "remove", "Follow a page no longer", removePage);
+        addAction(pages, chosen, options, "remove", "Follow a page no longer", removePage);
     addPageName(remove, options).required();
-    auto show = addPagesAction(pages, chosen, options, "show",
-                               "The texts that a page had, a line each", showPage);
+    auto show = addAction(pages, chosen, options, "show", "The texts that a page had, a line each",
+                          showPage);
     addPageName(show, options).required();
-    auto diff = addPagesAction(pages, chosen, options, "diff",
-                               "What changed between two texts of a page", diffPage);
+    auto diff = addAction(pages, chosen, options, "diff",
+                          "What changed between two texts of a page", diffPage);
     addPageName(diff, options).required();
     diff.number("FROM", options->from, "The number of a text; the last but one without it");
     diff.number("TO", options->to, "The number of a later one; the last without it");
     diff.flag("--in-order", options->inOrder, "As in the page instead of the heaviest first");
-    auto check = addPagesAction(pages, chosen, options, "check", "Look at pages now", checkPages);
+    auto check = addAction(pages, chosen, options, "check", "Look at pages now", checkPages);
     addPageName(check, options);
-    auto unmute = addPagesAction(pages, chosen, options, "unmute",
-                                 "Compare a part again that was left out", unmutePage);
+    auto unmute = addAction(pages, chosen, options, "unmute",
+                            "Compare a part again that was left out", unmutePage);
     addPageName(unmute, options).required();
     unmute.number("NUMBER", options->muted, {1, 1'000}, "The part's number in brell pages show")
         .required();

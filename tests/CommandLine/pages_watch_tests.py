@@ -46,7 +46,11 @@ class PagesWatch(WorldTest):
         diff = self.desk.json("pages", "diff", GUIDELINES)
         self.assertEqual([change["headings"] for change in diff["changes"]][0], ["App Review Guidelines", "2.5 Software requirements"])
         self.assertIn('"must use the" became "may use an"', diff["changes"][0]["sentence"])
+        runs = diff["changes"][0]["runs"]
+        self.assertEqual([run["text"] for run in runs if run["kind"] != "same"][:2], ["must use the", "may use an"])
         text = self.desk.run("pages", "diff", GUIDELINES).stdout
+        self.assertIn("[-must use the-] {+may use an+}", " ".join(text.split()))
+        self.assertNotIn("\033", text, "colours are for terminals")
         self.assertRegex(text, r"Noticed .*, last seen unchanged .*\. The page's own date: ")
         rows = {row["address"]: row for row in self.desk.json("pages", "--stored")["pages"]}
         self.assertEqual([rows[page]["state"] for page in (GUIDELINES, PRIVACY, SECURITY)], ["changed"] * 3)

@@ -38,6 +38,9 @@ public:
     /// `text` in bold or dimmed letters, if colours are enabled on a terminal.
     std::string bold(std::string_view text) const { return styled("1", text); }
     std::string dim(std::string_view text) const { return styled("2", text); }
+    // The same in colours, for what a mark or a sign says already.
+    std::string red(std::string_view text) const { return styled("31", text); }
+    std::string green(std::string_view text) const { return styled("32", text); }
 
     /// `text` as a link to `address`, if the terminal is known to support links.
     std::string link(std::string_view address, std::string_view text) const;

@@ -173,9 +173,9 @@ void PagesPageModel::showChosen() {
     if (page->lookedAt) facts << tr("Looked at %1.").arg(momentText(*page->lookedAt, now()));
     if (page->nextLook && *page->nextLook > now())
         facts << tr("Next look %1.").arg(agoText(*page->nextLook, now()));
-    if (page->leftOut > 0)
+    if (!page->leftOut.empty())
         facts << tr("%n parts that differ at each look are left out.", nullptr,
-                    static_cast<int>(page->leftOut));
+                    static_cast<int>(page->leftOut.size()));
     chosenFact_ = facts.join(u' ');
     problem_ = titleText(page->problem, kExcerptCharacters);
     compare(earlier_, later_);
