@@ -260,6 +260,10 @@ TEST(Gaps, AreJudgedByTheFirstOpenPriceOfASession) {
          kGap3,
          {Quoted(100, 0min).from(100), Quoted(104, 1min).from(100)},
          "armed"},
+        {"made in this session, while the service calls it closed",
+         kGap3,
+         {Quoted(100, 1min).from(100).state("CLOSED"), Quoted(104, 5min).from(100)},
+         "armed"},
         {"no previous close", kGap3, {yesterday, {104, 0min, 1}}, "noReference"},
     });
 }
