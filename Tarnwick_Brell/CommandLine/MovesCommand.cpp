@@ -60,7 +60,7 @@ boost::json::object movesObject(const StockQuote& quote, const std::vector<MoveR
     return {{"symbol", quote.symbol}, {"name", quote.name}, {"moves", std::move(moves)}};
 }
 
-void addRows(TextTable& table, const MoveRow& row) {
+void addMove(TextTable& table, const MoveRow& row) {
     const auto usual = row.timesUsual ? fmt::format("{:.1f}", *row.timesUsual) : "";
     const auto change = percentText(row.move.change);
     if (row.reasons.empty()) {
@@ -90,7 +90,7 @@ void printMoves(Session& session, const StockQuote& quote, const std::vector<Mov
                      Column::whole("times usual").dropped(3), Column::whole("reason"),
                      Column::cut("headline", 24), Column::cut("first").dropped(2),
                      Column::whole("story").dropped(1)});
-    for (const auto& row : rows) addRows(table, row);
+    for (const auto& row : rows) addMove(table, row);
     table.print(out);
 }
 

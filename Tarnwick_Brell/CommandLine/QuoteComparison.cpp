@@ -18,7 +18,7 @@ namespace {
 
 using kit::PercentSeries;
 using kit::StockQuote;
-using Readings = NamedReadings<StockQuote>;
+using QuoteReadings = NamedReadings<StockQuote>;
 
 constexpr std::size_t kMostOthers = 6;
 
@@ -38,7 +38,7 @@ std::vector<std::string> comparedSymbols(const std::string& symbol, const std::s
 }
 
 /// A symbol whose quote did not come has no points.
-std::vector<PercentSeries> seriesOf(const Readings& readings) {
+std::vector<PercentSeries> seriesOf(const QuoteReadings& readings) {
     std::vector<PercentSeries> all;
     for (const auto& [name, reading] : readings) {
         all.push_back(reading.value ? kit::percentSeries(*reading.value, *readings[0].reading.value)
@@ -63,7 +63,7 @@ boost::json::object seriesRecord(const PercentSeries& series,
     return record;
 }
 
-void printComparison(Output& out, const Readings& readings,
+void printComparison(Output& out, const QuoteReadings& readings,
                      const std::vector<PercentSeries>& series) {
     TextTable table({Column::whole("symbol"), Column::cut("company").dropped(2),
                      Column::whole("change"), Column::whole("lowest").dropped(1),
