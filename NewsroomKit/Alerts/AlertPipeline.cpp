@@ -31,7 +31,19 @@ bool AlertPipeline::isNew(const AlertMatch& match) const {
            });
 }
 
+/// One quiet time may end within another: the end of the last one.
 std::optional<Instant> AlertPipeline::quietEnd(const AlertDelivery& delivery, Instant at) const {
+    auto end = nextQuietEnd(delivery, at);
+    while (end) {
+        const auto later = nextQuietEnd(delivery, *end);
+        if (!later) break;
+        end = later;
+    }
+    return end;
+}
+
+std::optional<Instant> AlertPipeline::nextQuietEnd(const AlertDelivery& delivery,
+                                                   Instant at) const {
     std::optional<Instant> end;
     if (quiet_.until && at < *quiet_.until) end = quiet_.until;
     if (delivery.respectsQuietHours && quiet_.hours) {
@@ -68,6 +80,8 @@ std::optional<AlertPipeline::Hold> AlertPipeline::holdOf(const AlertMatch& match
 }
 
 void AlertPipeline::hold(AlertMatch match, Hold hold, Instant at) {
+    match.sameAs.clear();  // has served, and would be stored with the state
+    nextDue_ = std::min(nextDue_.value_or(hold.until), hold.until);
     state_.held.push_back(
         {.match = std::move(match), .why = hold.why, .since = at, .until = hold.until});
 }
@@ -99,14 +113,14 @@ std::vector<AlertTelling> AlertPipeline::take(AlertMatch match) {
 std::vector<AlertTelling> AlertPipeline::advance(Instant now) {
     followClock(now);
     std::vector<AlertTelling> told;
-    for (auto due = nextDue(); due && *due <= now; due = nextDue())
-        std::ranges::move(tellDue(*due), std::back_inserter(told));
+    while (nextDue_ && *nextDue_ <= now)
+        std::ranges::move(tellDue(*nextDue_), std::back_inserter(told));
     return told;
 }
 
-std::optional<Instant> AlertPipeline::nextDue() const {
+void AlertPipeline::findNextDue() {
     const auto first = std::ranges::min_element(state_.held, {}, &HeldAlert::until);
-    return first == state_.held.end() ? std::nullopt : std::optional(first->until);
+    nextDue_ = first == state_.held.end() ? std::nullopt : std::optional(first->until);
 }
 
 AlertTelling AlertPipeline::summaryOf(std::vector<AlertMatch> matches, Instant at) {
@@ -123,6 +137,7 @@ std::vector<AlertTelling> AlertPipeline::tellDue(Instant at) {
     std::vector<HeldAlert> due(std::make_move_iterator(rest.begin()),
                                std::make_move_iterator(rest.end()));
     state_.held.erase(rest.begin(), rest.end());
+    findNextDue();
 
     std::vector<AlertMatch> together;
     std::vector<std::pair<std::string, std::vector<AlertMatch>>> byRule;
@@ -152,6 +167,9 @@ std::vector<AlertTelling> AlertPipeline::tellDue(Instant at) {
 
 /// Moves what lies in a future that is to come again: the clock has been set back.
 void AlertPipeline::followClock(Instant now) {
+    const bool wasSetBack = !clock_ || now < *clock_;
+    clock_ = now;
+    if (!wasSetBack) return;
     for (auto& rule : state_.rules) {
         if (rule.lastTold && *rule.lastTold > now) rule.lastTold = now;
     }
@@ -161,10 +179,14 @@ void AlertPipeline::followClock(Instant now) {
         held.since = now;
     }
     if (state_.hourBegan && *state_.hourBegan > now) state_.hourBegan = now;
+    findNextDue();
 }
 
 void AlertPipeline::dropHeld(std::string_view rule) {
     std::erase_if(state_.held, [&](const HeldAlert& held) { return held.match.rule == rule; });
+    findNextDue();
+    const auto known = std::ranges::find(state_.rules, rule, &State::Rule::id);
+    if (known != state_.rules.end()) known->isUsedUp = false;
 }
 
 }  // namespace kit

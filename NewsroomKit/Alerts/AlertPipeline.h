@@ -96,7 +96,7 @@ public:
     };
 
     AlertPipeline() = default;
-    explicit AlertPipeline(State state) : state_(std::move(state)) {}
+    explicit AlertPipeline(State state) : state_(std::move(state)) { findNextDue(); }
 
     void setQuiet(AlertQuiet quiet) { quiet_ = std::move(quiet); }
 
@@ -110,9 +110,10 @@ public:
 
     /// What has become due.
     std::vector<AlertTelling> advance(Instant now);
-    std::optional<Instant> nextDue() const;
+    std::optional<Instant> nextDue() const { return nextDue_; }
 
-    /// Drops what is held for it: the user has removed it or switched it off.
+    /// The user has removed the rule or switched it off: drops what is held for it. When it is
+    /// switched on again it is not used up.
     void dropHeld(std::string_view rule);
 
     const State& state() const { return state_; }
@@ -127,6 +128,7 @@ private:
     State::Rule& ruleState(std::string_view id);
     bool isNew(const AlertMatch& match) const;
     std::optional<Instant> quietEnd(const AlertDelivery& delivery, Instant at) const;
+    std::optional<Instant> nextQuietEnd(const AlertDelivery& delivery, Instant at) const;
     std::optional<Instant> capEnd(Instant at);
     std::optional<Hold> holdOf(const AlertMatch& match);
     void hold(AlertMatch match, Hold hold, Instant at);
@@ -134,8 +136,11 @@ private:
     AlertTelling summaryOf(std::vector<AlertMatch> matches, Instant at);
     std::vector<AlertTelling> tellDue(Instant at);
     void followClock(Instant now);
+    void findNextDue();
 
     State state_;
+    std::optional<Instant> nextDue_;  ///< the earliest end of what is held
+    std::optional<Instant> clock_;    ///< as given last in this run
     AlertQuiet quiet_;
     std::map<std::string, std::set<std::string, std::less<>>, std::less<>> matched_;
 };

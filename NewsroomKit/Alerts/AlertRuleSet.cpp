@@ -101,6 +101,7 @@ bool AlertRuleSet::hasEnoughOutlets(const Rule& rule, const Story& story,
     for (const auto* member : clusterOf(story)) {
         if (member->id == story.id) continue;
         match.sameAs.push_back(alertKey(*member));
+        if (std::ssize(outlets) >= least) continue;
         if (wants(rule, *member, mentionsOf(*member))) outlets.insert(tellingOutletKey(*member));
     }
     return std::ssize(outlets) >= least;

@@ -129,6 +129,43 @@ TEST(AlertPipelines, NeitherRepeatNorBlockWhenTheClockIsSetBack) {
               "29 summary b;30 summary c;");
 }
 
+TEST(AlertPipelines, HoldUntilTheLastOfSeveralQuietTimesEnds) {
+    const auto midnight = Instant(std::chrono::sys_days(std::chrono::days(20'000)));
+    AlertPipeline pipeline;
+    pipeline.setQuiet(
+        {.hours = QuietHours{.from = hours(22), .to = hours(7)}, .until = midnight - hours(1)});
+    pipeline.take(match("r", "a", midnight - hours(4)));
+    pipeline.take(match("r", "b", midnight - hours(3), {.respectsQuietHours = false}));
+    ASSERT_EQ(pipeline.held().size(), 2u);
+    EXPECT_EQ(pipeline.held()[0].until, midnight + hours(7));
+    EXPECT_EQ(pipeline.nextDue(), midnight - hours(1));
+}
+
+TEST(AlertPipelines, ObserveTheMinutesOfARuleInItsSummaryOfAnHourToo) {
+    const AlertDelivery slow{.minutes = 45};
+    AlertPipeline pipeline;
+    for (int i = 0; i < 20; ++i) pipeline.take(match("s", std::to_string(i), minute(0)));
+    EXPECT_EQ(told(pipeline,
+                   {match("r", "a", minute(10), slow), match("r", "b", minute(61), slow),
+                    match("t", "c", minute(62))},
+                   minute(300)),
+              "60 summary a;62 notified c;105 summary b;");
+}
+
+TEST(AlertPipelines, UseARuleUpAnewOnceItHasBeenSwitchedOff) {
+    const AlertDelivery once{.once = true};
+    AlertPipeline pipeline;
+    pipeline.setQuiet({.until = minute(5)});
+    EXPECT_EQ(told(pipeline, {match("r", "a", minute(0), once), match("r", "b", minute(9), once)},
+                   minute(10)),
+              "5 summary a;")
+        << "what is held uses the rule up";
+    pipeline.dropHeld("r");
+    EXPECT_EQ(told(pipeline, {match("r", "a", minute(11), once), match("r", "c", minute(12), once)},
+                   minute(20)),
+              "12 notified c;");
+}
+
 TEST(AlertPipelines, DropWhatIsHeldForARuleThatIsGone) {
     AlertPipeline pipeline;
     pipeline.setQuiet({.until = minute(60)});
