@@ -12,11 +12,12 @@ namespace kit {
 
 namespace {
 
+/// Why the match that was taken last is held.
 std::optional<HeldAlert::Why> whyHeld(const AlertPipeline& pipeline, const AlertMatch& match) {
-    for (const auto& held : pipeline.held()) {
-        if (held.match.rule == match.rule && held.match.event == match.event) return held.why;
-    }
-    return std::nullopt;
+    if (pipeline.held().empty()) return std::nullopt;
+    const auto& last = pipeline.held().back();
+    const bool isHeld = last.match.rule == match.rule && last.match.event == match.event;
+    return isHeld ? std::optional(last.why) : std::nullopt;
 }
 
 void count(Rehearsal::Count& count, const std::optional<HeldAlert::Why>& why) {
@@ -78,12 +79,13 @@ Rehearsal rehearse(const AlertRule& rule, const AlertRuleSet::QueryOfBeat& query
     tried.on = true;
     auto run = runAlerts({tried}, queryOfBeat, events, clusters, quiet, now);
     const auto tellings = tellingsOf(run);
+    const auto since = now - std::chrono::days(static_cast<int>(days));
     Rehearsal rehearsal{.total = run.matches.size(), .perDay = std::vector<std::size_t>(days)};
     for (const auto& match : run.matches) {
         count(rehearsal.count, match.why);
-        const auto ago = std::chrono::floor<std::chrono::days>(now - match.match.at).count();
-        if (ago >= 0 && std::cmp_less(ago, days))
-            ++rehearsal.perDay[days - 1 - static_cast<std::size_t>(ago)];
+        const auto day = std::chrono::floor<std::chrono::days>(match.match.at - since).count();
+        if (days == 0 || day < 0 || match.match.at > now) continue;
+        ++rehearsal.perDay[std::min(static_cast<std::size_t>(day), days - 1)];
     }
     for (auto match = run.matches.rbegin();
          match != run.matches.rend() && rehearsal.told.size() < Rehearsal::kMostShown; ++match) {
