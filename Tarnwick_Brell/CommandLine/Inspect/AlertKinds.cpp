@@ -57,6 +57,17 @@ std::vector<kit::AlertEvent> alertEventsIn(const json::object& input) {
     return events;
 }
 
+/// The rule, which must be one that events alone are enough for.
+kit::AlertRule eventRuleIn(const json::object& input) {
+    auto rule = required<kit::AlertRule>(input, "rule");
+    const auto* stories = std::get_if<kit::StoriesTrigger>(&rule.trigger);
+    if (stories && stories->beat)
+        throw kit::RecordError("rule.trigger.beat", "a query is expected, there are no beats here");
+    if (std::holds_alternative<kit::PriceTrigger>(rule.trigger))
+        throw kit::RecordError("rule.trigger.kind", "stories or signals are expected");
+    return rule;
+}
+
 std::vector<kit::StoryCluster> clustersOf(const std::vector<kit::AlertEvent>& events) {
     std::vector<kit::Story> stories;
     for (const auto& event : events) {
@@ -89,7 +100,7 @@ json::object heldRecord(const kit::HeldAlert& held, const Places& places) {
 }  // namespace
 
 json::object alert(const json::object& input) {
-    const auto rule = required<kit::AlertRule>(input, "rule");
+    const auto rule = eventRuleIn(input);
     const auto events = alertEventsIn(input);
     const kit::AlertQuiet quiet{.hours = optional<kit::QuietHours>(input, "quietHours"),
                                 .until = optional<kit::Instant>(input, "quietUntil")};
