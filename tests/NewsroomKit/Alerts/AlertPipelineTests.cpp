@@ -134,10 +134,13 @@ TEST(AlertPipelines, HoldUntilTheLastOfSeveralQuietTimesEnds) {
     AlertPipeline pipeline;
     pipeline.setQuiet(
         {.hours = QuietHours{.from = hours(22), .to = hours(7)}, .until = midnight - hours(1)});
-    pipeline.take(match("r", "a", midnight - hours(4)));
+    auto one = match("r", "a", midnight - hours(4));
+    one.sameAs = {"x", "y"};
+    pipeline.take(one);
     pipeline.take(match("r", "b", midnight - hours(3), {.respectsQuietHours = false}));
     ASSERT_EQ(pipeline.held().size(), 2u);
     EXPECT_EQ(pipeline.held()[0].until, midnight + hours(7));
+    EXPECT_TRUE(pipeline.held()[0].match.sameAs.empty()) << "would be stored";
     EXPECT_EQ(pipeline.nextDue(), midnight - hours(1));
 }
 
