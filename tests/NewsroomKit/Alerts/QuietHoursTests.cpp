@@ -18,21 +18,21 @@ QuietHours night(std::string_view from, std::string_view to, std::string_view zo
 TEST(QuietHoursOfANight, BeginWithTheirFirstMinuteAndEndBeforeTheirLast) {
     const auto day = 2026y / November / 20;
     const auto seven = utc(2026y / November / 21, 7, 0);
-    const auto hours = night("22:00", "07:00");
-    EXPECT_EQ(hours.endAfter(utc(day, 21, 59)), std::nullopt);
-    EXPECT_EQ(hours.endAfter(utc(day, 22, 0)), seven);
-    EXPECT_EQ(hours.endAfter(utc(2026y / November / 21, 6, 59)), seven);
-    EXPECT_EQ(hours.endAfter(seven), std::nullopt);
+    const auto quiet = night("22:00", "07:00");
+    EXPECT_EQ(quiet.endAfter(utc(day, 21, 59)), std::nullopt);
+    EXPECT_EQ(quiet.endAfter(utc(day, 22, 0)), seven);
+    EXPECT_EQ(quiet.endAfter(utc(2026y / November / 21, 6, 59)), seven);
+    EXPECT_EQ(quiet.endAfter(seven), std::nullopt);
     EXPECT_EQ(night("09:00", "17:00").endAfter(utc(day, 12, 0)), utc(day, 17, 0));
     EXPECT_EQ(night("09:00", "09:00").endAfter(utc(day, 9, 0)), std::nullopt);
 }
 
 TEST(QuietHoursOfANight, BelongToTheDayOnWhichTheyBegin) {
-    auto hours = night("22:00", "07:00");
-    hours.weekdays = {5};  // Friday, 20 November 2026
-    EXPECT_TRUE(hours.endAfter(utc(2026y / November / 21, 3, 0)));
-    EXPECT_FALSE(hours.endAfter(utc(2026y / November / 20, 3, 0)));
-    EXPECT_FALSE(hours.endAfter(utc(2026y / November / 21, 23, 0)));
+    auto quiet = night("22:00", "07:00");
+    quiet.weekdays = {5};  // Friday, 20 November 2026
+    EXPECT_TRUE(quiet.endAfter(utc(2026y / November / 21, 3, 0)));
+    EXPECT_FALSE(quiet.endAfter(utc(2026y / November / 20, 3, 0)));
+    EXPECT_FALSE(quiet.endAfter(utc(2026y / November / 21, 23, 0)));
 }
 
 TEST(QuietHoursOfANight, AreAsLongAsTheyCanBeWhereClocksAreChanged) {
