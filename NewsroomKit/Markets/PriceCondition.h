@@ -33,7 +33,7 @@ inline constexpr std::array<EnumRow<PriceCondition::Kind>, 7> enumTable<PriceCon
     {PriceCondition::Kind::above, "above", "Rises above"},
     {PriceCondition::Kind::below, "below", "Falls below"},
     {PriceCondition::Kind::dayMove, "dayMove", "Moves in a day"},
-    {PriceCondition::Kind::move, "move", "Moves within minutes"},
+    {PriceCondition::Kind::move, "move", "Moves in minutes"},
     {PriceCondition::Kind::yearHigh, "yearHigh", "New high of the year"},
     {PriceCondition::Kind::yearLow, "yearLow", "New low of the year"},
     {PriceCondition::Kind::gap, "gap", "Opens with a gap"},

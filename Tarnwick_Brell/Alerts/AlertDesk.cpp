@@ -76,6 +76,7 @@ void AlertDesk::prepareRules() {
                      "what was held back can't be read: {}", error.what());
         }
         for (const auto& [rule, event] : memory.matched) pipeline_.remember(rule, event);
+        prices_.restore(memory.prices);
         due_.start();
     }
     const auto queryOf = [this](const std::string& id) -> std::optional<kit::StoryQuery> {
@@ -96,6 +97,8 @@ void AlertDesk::prepareRules() {
     }
     known_ = std::move(known);
     rules_ = std::make_unique<kit::AlertRuleSet>(rules, queryOf);
+    prices_.setRules(rules);
+    emit symbolsWanted(prices_.symbols());
     for (const auto& work : std::exchange(waiting_, {})) work();
 }
 
@@ -115,6 +118,30 @@ void AlertDesk::takeStories(const std::vector<kit::Story>& news) {
 void AlertDesk::takeSignals(const std::vector<kit::Signal>& logged) {
     whenLoaded([this, logged] {
         for (const auto& signal : logged) takeEvent({.at = stores_.clock(), .subject = signal});
+        store();
+    });
+}
+
+void AlertDesk::takeQuote(const kit::StockQuote& quote, kit::Instant seenAt) {
+    whenLoaded([this, quote, seenAt] {
+        for (const auto& [rule, firing] : prices_.see(quote, seenAt)) {
+            const auto now = stores_.clock();
+            const auto event = fmt::format("price|{}|{}", rule.id, kit::decimalSeconds(now));
+            take({.match = {.rule = rule.id,
+                            .event = event,
+                            .title = firing.sentence,
+                            .at = now,
+                            .delivery = rule.delivery},
+                  .ruleName = rule.name,
+                  .notification = {
+                      .identifier = fmt::format("rule-{}", event),
+                      .title = firing.sentence,
+                      .body = rule.name,
+                      .target = NotificationTarget{.kind = NotificationTarget::Kind::tracker,
+                                                   .id = "markets"},
+                      .withSound = rule.delivery.sound}});
+        }
+        outcome_.prices = prices_.state();
         store();
     });
 }
@@ -230,7 +257,12 @@ void AlertDesk::tellWhatIsDue() {
 }
 
 void AlertDesk::store() {
-    if (outcome_.matched.empty() && outcome_.settled.empty()) return;
+    if (outcome_.matched.empty() && outcome_.settled.empty() &&
+        outcome_.prices.value_or(storedPrices_) == storedPrices_) {
+        outcome_ = {};
+        return;
+    }
+    storedPrices_ = outcome_.prices.value_or(storedPrices_);
     outcome_.delivery = kit::json::serialize(kit::encode(pipeline_.state()));
     stores_.alerts.record(std::exchange(outcome_, {}));
 }

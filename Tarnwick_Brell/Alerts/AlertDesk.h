@@ -15,6 +15,7 @@
 #include "NewsroomKit/Alerts/AlertRuleSet.h"
 #include "NewsroomKit/Stories/Story.h"
 #include "Tarnwick_Brell/Alerts/AlertStore.h"
+#include "Tarnwick_Brell/Alerts/PriceRules.h"
 #include "Tarnwick_Brell/Notifications/Alerts.h"
 
 namespace app {
@@ -44,8 +45,14 @@ public:
     void takeStories(const std::vector<kit::Story>& news);
     /// What has been logged as news.
     void takeSignals(const std::vector<kit::Signal>& logged);
+    /// A quote that was fetched at that moment.
+    void takeQuote(const kit::StockQuote& quote, kit::Instant seenAt);
     /// What a setting, a beat or a panel asks for.
     void take(AskedNotification asked);
+
+signals:
+    /// The symbols of the rules on prices that are on.
+    void symbolsWanted(const std::vector<std::string>& symbols);
 
 private:
     /// A match with what is shown if it is told at once.
@@ -71,13 +78,15 @@ private:
     Stores stores_;
     Post post_;
     kit::AlertPipeline pipeline_;
+    PriceRules prices_;
     std::unique_ptr<kit::AlertRuleSet> rules_;
     std::map<std::string, kit::AlertRule, std::less<>> known_;    ///< the rules, by id
     std::map<std::string, kit::Instant, std::less<>> changedAt_;  ///< of rules, in this run
     std::map<std::string, std::string, std::less<>> askers_;      ///< names, by id
-    std::deque<kit::AlertEvent> recent_;          ///< stories that may still join a cluster
-    std::deque<kit::Story> members_;              ///< of the cluster that is being looked at
-    AlertStore::Outcome outcome_;                 ///< not stored yet
+    std::deque<kit::AlertEvent> recent_;  ///< stories that may still join a cluster
+    std::deque<kit::Story> members_;      ///< of the cluster that is being looked at
+    AlertStore::Outcome outcome_;         ///< not stored yet
+    std::string storedPrices_;
     std::vector<std::function<void()>> waiting_;  ///< for the store
     QTimer due_;
 };

@@ -32,6 +32,7 @@ void AlertStore::load(std::function<void()> then) {
         if (isFirst) {
             memory = {
                 .delivery = context.store.state().text(DeskState::kAlertDelivery).value_or(""),
+                .prices = context.store.state().text(DeskState::kPriceRules).value_or(""),
                 .matched = context.store.alerts().matched()};
         }
         queue->send([this, isFirst, changesThen, then, rules = std::move(rules),
@@ -110,6 +111,7 @@ void AlertStore::record(Outcome outcome) {
         }
         history.dropBefore(at - AlertHistory::kKept);
         context.store.state().setText(DeskState::kAlertDelivery, outcome.delivery);
+        if (outcome.prices) context.store.state().setText(DeskState::kPriceRules, *outcome.prices);
         transaction.commit();
     });
     readLog();

@@ -69,12 +69,15 @@ public:
         std::vector<StoredAlert> matched{};
         std::vector<StoredAlert> settled{};  ///< rule, event and toldAt count
         std::string delivery{};
+        std::optional<std::string>
+            prices{};  ///< what the rules on prices remember, if that changed
     };
     void record(Outcome outcome);
 
     /// What the delivery remembered when the library was first read.
     struct Memory {
         std::string delivery{};  ///< empty when there is nothing
+        std::string prices{};
         std::vector<std::pair<std::string, std::string>> matched{};  ///< rules and events
     };
     /// Taken once, by the delivery.

@@ -73,9 +73,14 @@ void printRehearsal(Session& session, const kit::AlertRule& rule, std::size_t da
         return entry && entry->value ? std::optional(entry->value->query) : std::nullopt;
     };
     const auto* stories = std::get_if<kit::StoriesTrigger>(&rule.trigger);
-    const auto beat = stories && stories->beat ? queryOf(*stories->beat) : std::nullopt;
     const auto since = session.now() - std::chrono::days(static_cast<int>(days));
-    const auto events = app::pastEvents(store, rule.trigger, beat ? &*beat : nullptr, since);
+    std::vector<kit::AlertEvent> events;
+    if (!stories) {
+        events = app::pastSignals(store, since);
+    } else if (const auto query =
+                   stories->beat ? queryOf(*stories->beat) : std::optional(stories->query)) {
+        events = app::pastStories(store, since, &*query);
+    }
     PanelHoldings holdings(session, session.now());
     const auto clusters =
         countsOutlets(rule) ? holdings.clusters() : std::vector<kit::StoryCluster>();

@@ -6,6 +6,7 @@
 
 namespace app {
 
+class AlertStore;
 class Defaults;
 class NewsDesk;
 class NewsroomStore;
@@ -17,6 +18,7 @@ struct DeskStores {
     NewsDesk& news;
     TrackerStore& trackers;
     NewsroomStore& newsrooms;
+    AlertStore& alerts;
     Defaults& defaults;
     kit::Clock clock;
     UndoStack& undo;

@@ -118,6 +118,9 @@ void AppEnvironment::connectAlerts() {
     alertOn(&TrackerStore::onOfferChanges, [=, this](const auto& changes) {
         if (const auto panel = panelFor(PanelAlert::backend)) alerts_.updates(changes, *panel);
     });
+    QObject::connect(&alertDesk_, &AlertDesk::symbolsWanted, &trackers_,
+                     &TrackerStore::setWatchedSymbols);
+    QObject::connect(&trackers_, &TrackerStore::onQuote, &alertDesk_, &AlertDesk::takeQuote);
     alertOn(&TrackerStore::onSignals, [this](const auto& logged) {
         alertDesk_.takeSignals(logged);
         for (const auto& signal : logged) {

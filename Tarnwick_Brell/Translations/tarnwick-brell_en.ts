@@ -495,6 +495,16 @@
     </message>
 </context>
 <context>
+    <name>app::RehearsalModel</name>
+    <message numerus="yes">
+        <source>%n times</source>
+        <translation>
+            <numerusform>Once</numerusform>
+            <numerusform>%n times</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>app::BeatPreviewModel</name>
     <message numerus="yes">
         <source>%n stories</source>
@@ -565,6 +575,13 @@
 </context>
 <context>
     <name>SettingFacts</name>
+    <message numerus="yes">
+        <source>%n matches in 14 days</source>
+        <translation>
+            <numerusform>%n match in 14 days</numerusform>
+            <numerusform>%n matches in 14 days</numerusform>
+        </translation>
+    </message>
     <message numerus="yes">
         <source> · fetched %n times in 7 days</source>
         <translation>

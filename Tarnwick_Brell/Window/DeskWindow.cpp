@@ -61,6 +61,7 @@ DeskStores windowStores(AppEnvironment& environment, UndoStack& undo, kit::Clock
     return {.news = environment.newsDesk(),
             .trackers = environment.trackers(),
             .newsrooms = environment.newsrooms(),
+            .alerts = environment.alertStore(),
             .defaults = environment.defaults(),
             .clock = std::move(clock),
             .undo = undo,

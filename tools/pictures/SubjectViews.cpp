@@ -2,6 +2,8 @@
 
 #include "Tarnwick_Brell/Desk/Corrections.h"
 #include "Tarnwick_Brell/Models/Pages/RecordsPageModel.h"
+#include "Tarnwick_Brell/Models/Sheets/AlertRuleSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/SettingsSheetModel.h"
 
 namespace pictures {
 
@@ -14,6 +16,16 @@ void openRecords(WindowModel& model, RecordsPageModel::Tab tab) {
     auto& page = dynamic_cast<RecordsPageModel&>(*model.page());
     waitUntil("the records", [&] { return page.state() != PanelModel::Loading; });
     page.setTab(tab);
+}
+
+AlertRuleSheetModel& openRule(WindowModel& model) {
+    model.open(QStringLiteral("wire:all"));
+    model.showSheet(QStringLiteral("alert-rule:"));
+    return dynamic_cast<AlertRuleSheetModel&>(*model.sheet());
+}
+
+void waitForRehearsal(AlertRuleSheetModel& sheet) {
+    waitUntil("the rehearsal", [&] { return sheet.rehearsal()->isReady(); });
 }
 
 }  // namespace
@@ -51,6 +63,40 @@ std::vector<View> subjectViews(NewsDesk& news) {
          [](WindowModel& model) {
              model.open(QStringLiteral("page:activity"));
              waitUntil("the log", [&] { return model.page()->state() != PanelModel::Loading; });
+         }},
+        {"alert-rule",
+         [](WindowModel& model) {
+             auto& sheet = openRule(model);
+             sheet.setName(QStringLiteral("App Store and fees"));
+             sheet.addWords(QStringLiteral("app store, fees, iPad"));
+             sheet.addExcludedWords(QStringLiteral("podcast"));
+             sheet.setPause(2);
+             waitForRehearsal(sheet);
+         }},
+        {"alert-signals",
+         [](WindowModel& model) {
+             auto& sheet = openRule(model);
+             sheet.setName(QStringLiteral("Notable changes"));
+             sheet.setTrigger(AlertRuleSheetModel::Signals);
+             sheet.setLeast(1);
+             waitForRehearsal(sheet);
+         }},
+        {"alert-price",
+         [](WindowModel& model) {
+             auto& sheet = openRule(model);
+             sheet.setName(QStringLiteral("Apple above 300"));
+             sheet.setTrigger(AlertRuleSheetModel::Price);
+             sheet.setFigure(QStringLiteral("300"));
+             waitUntil("the answer", [&] { return !sheet.rehearsal()->problem().isEmpty(); });
+         }},
+        {"settings-alerts",
+         [](WindowModel& model) {
+             openRule(model).addWords(QStringLiteral("app store"));
+             dynamic_cast<AlertRuleSheetModel&>(*model.sheet())
+                 .setName(QStringLiteral("App Store"));
+             dynamic_cast<AlertRuleSheetModel&>(*model.sheet()).save();
+             model.showSheet(QStringLiteral("settings"));
+             dynamic_cast<SettingsSheetModel&>(*model.sheet()).setSection(3);
          }},
         {"pages", [](WindowModel& model) { model.open(QStringLiteral("tracker:pages")); }},
         {"filings", [](WindowModel& model) { openRecords(model, RecordsPageModel::Filings); }},

@@ -271,6 +271,9 @@ QtObject {
     readonly property int planHeight: 220
     readonly property int beatSheetHeight: 676
     readonly property int beatForm: 440
+    readonly property int ruleSheetWidth: 920
+    readonly property int ruleSheetHeight: 700
+    readonly property int ruleForm: 472
     readonly property int previewBars: scaled(32)
     readonly property int previewBarGap: 4
     readonly property int settingsHeight: 740

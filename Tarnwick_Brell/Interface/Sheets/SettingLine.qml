@@ -68,7 +68,7 @@ Item {
         }
         DeskButton {
             anchors.verticalCenter: parent.verticalCenter
-            visible: line.control === SettingControl.Button
+            visible: line.action
             text: line.action
             Accessible.name: qsTr("%1: %2").arg(line.title).arg(line.action)
             Accessible.description: line.meaning

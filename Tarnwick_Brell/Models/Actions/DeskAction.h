@@ -18,6 +18,7 @@ enum Value {
     CopyCitation,
     TraceStory,
     FollowStory,
+    AlertOnStory,  ///< a rule on what its headline names
     ShowTimeline,
     FindCoverage,
     ReadArticle,
@@ -84,6 +85,10 @@ enum Value {
     ShowArrivals,
     MarkAllRead,
     NewBeat,
+    NewAlertRule,
+    QuietForAnHour,
+    QuietUntilMorning,
+    EndQuiet,
     ShowSettings,
     Undo,
     Redo,

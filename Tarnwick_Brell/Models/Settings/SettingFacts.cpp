@@ -4,7 +4,9 @@
 #include <QLocale>
 #include <QSysInfo>
 
+#include "Tarnwick_Brell/Alerts/AlertStore.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Models/Alerts/RuleChanges.h"
 #include "Tarnwick_Brell/Models/Settings/ContactedHosts.h"
 #include "Tarnwick_Brell/Models/Settings/LibraryStatus.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
@@ -69,6 +71,14 @@ QString pathText(const std::filesystem::path& path) {
     return titleText(path.string(), kLongestPath);
 }
 
+/// "Last told today 15:26, 11 matches in 14 days"
+QString toldText(const AlertHistory::RuleCount& count, kit::Instant now) {
+    const auto matches =
+        SettingFacts::tr("%n matches in 14 days", nullptr, static_cast<int>(count.matches));
+    if (!count.lastTold) return SettingFacts::tr("Never told yet, %1").arg(matches);
+    return SettingFacts::tr("Last told %1, %2").arg(momentText(*count.lastTold, now), matches);
+}
+
 SettingRow workRow(const LibraryWork& work, bool isAsked) {
     const bool repairs = work.kind == LibraryWork::Kind::repair;
     SettingRow row{.control = SettingControl::Button, .work = work};
@@ -108,9 +118,35 @@ SettingRow backupRow(const Backup& backup, const std::optional<LibraryWork>& ask
 
 }  // namespace
 
-std::vector<SettingRow> alertRows(const NewsroomStore& newsrooms) {
+std::vector<SettingRow> alertRows(const DeskStores& stores) {
     std::vector<SettingRow> rows;
-    for (const auto& entry : newsrooms.beats().entries()) {
+    const auto now = stores.clock();
+    const auto& counts = stores.alerts.log().counts;
+    for (const auto& entry : stores.alerts.rules().entries()) {
+        SettingRow row{.title = titleText(entry.name),
+                       .control = SettingControl::Switch,
+                       .isOn = entry.value && entry.value->on,
+                       .ruleID = entry.id};
+        if (entry.value) {
+            row.meaning = ruleText(stores, *entry.value);
+            row.action = SettingFacts::tr("Edit…");
+            row.sheet = QStringLiteral("alert-rule:") + QString::fromStdString(entry.id);
+        } else {
+            row.meaning = SettingFacts::tr("It can't be read and is kept as it is.");
+            row.control = SettingControl::Fact;
+        }
+        const auto count = counts.find(entry.id);
+        row.standard =
+            toldText(count == counts.end() ? AlertHistory::RuleCount() : count->second, now);
+        rows.push_back(std::move(row));
+    }
+    rows.push_back({.title = SettingFacts::tr("Alert rules"),
+                    .meaning = SettingFacts::tr("Be told of stories, of what is logged, or of a "
+                                                "price, and try it on the past first."),
+                    .control = SettingControl::Button,
+                    .action = SettingFacts::tr("New rule…"),
+                    .sheet = QStringLiteral("alert-rule:")});
+    for (const auto& entry : stores.newsrooms.beats().entries()) {
         if (!entry.value) continue;
         rows.push_back({.title = titleText(entry.name),
                         .meaning = SettingFacts::tr("Notify of new stories of this beat."),

@@ -11,8 +11,8 @@ namespace app {
 
 class LibraryStatus;
 
-/// The beats, with switches for their alerts.
-std::vector<SettingRow> alertRows(const NewsroomStore& newsrooms);
+/// The rules of alerts, and the beats, with switches.
+std::vector<SettingRow> alertRows(const DeskStores& stores);
 
 /// Where the library is, how large, and its backups with buttons that restore them; a damaged one
 /// can be repaired. `asked` is the work that has been asked for and waits for a second press.

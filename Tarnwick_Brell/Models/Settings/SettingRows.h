@@ -68,6 +68,8 @@ public:
     QString problem{};                  ///< why the last input was refused
     std::string key{};                  ///< of a setting
     std::string beatID{};               ///< of the beat whose alerts are switched
+    std::string ruleID{};               ///< of the rule that is switched
+    QString sheet{};                    ///< that the button opens
     std::optional<LibraryWork> work{};  ///< of a button
 
     bool operator==(const SettingRow&) const = default;

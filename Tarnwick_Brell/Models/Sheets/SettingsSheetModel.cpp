@@ -6,8 +6,10 @@
 
 #include <QPointer>
 
+#include "Tarnwick_Brell/Alerts/AlertStore.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteMatch.h"
+#include "Tarnwick_Brell/Models/Alerts/RuleChanges.h"
 #include "Tarnwick_Brell/Models/Beats/BeatChanges.h"
 #include "Tarnwick_Brell/Models/Settings/DeskHealth.h"
 #include "Tarnwick_Brell/Models/Settings/SettingChange.h"
@@ -91,6 +93,8 @@ SettingsSheetModel::SettingsSheetModel(const DeskStores& stores)
     sections_.setRows(std::move(rows));
     connect(&stores.defaults, &Defaults::changed, this, &SettingsSheetModel::update);
     connect(&stores.newsrooms, &NewsroomStore::beatsChanged, this, &SettingsSheetModel::update);
+    connect(&stores.alerts, &AlertStore::rulesChanged, this, &SettingsSheetModel::update);
+    connect(&stores.alerts, &AlertStore::logChanged, this, &SettingsSheetModel::update);
     connect(&library_, &LibraryStatus::changed, this, &SettingsSheetModel::update);
     connect(&stores.news, &NewsDesk::sourcesChanged, this, &SettingsSheetModel::update);
     update();
@@ -145,7 +149,7 @@ SettingRow SettingsSheetModel::rowOf(const SettingKey& key) const {
 std::vector<SettingRow> SettingsSheetModel::rowsOfSection() const {
     if (isMixed()) return {};
     switch (kSections[static_cast<std::size_t>(section_)].section) {
-        case Section::alerts: return alertRows(stores_.newsrooms);
+        case Section::alerts: return alertRows(stores_);
         case Section::library: return libraryRows(library_, asked_, stores_.clock());
         case Section::privacy: return privacyFacts(stores_, fetches_);
         case Section::about: {
@@ -226,6 +230,8 @@ void SettingsSheetModel::setOn(int row, bool on) {
     const auto* setting = settings_.row(row);
     if (setting && !setting->beatID.empty())
         setAlerts(std::string(setting->beatID), on);
+    else if (setting && !setting->ruleID.empty())
+        switchRule(std::string(setting->ruleID), on);
     else
         setValue(row, on ? QStringLiteral("true") : QStringLiteral("false"));
 }
@@ -246,8 +252,20 @@ void SettingsSheetModel::setAlerts(const std::string& beatID, bool on) {
     putBeat(stores_, beat);
 }
 
+void SettingsSheetModel::switchRule(const std::string& ruleID, bool on) {
+    const auto* entry = stores_.alerts.rules().find(ruleID);
+    if (!entry || !entry->value) return;
+    auto rule = *entry->value;
+    rule.on = on;
+    putRule(stores_, rule);
+}
+
 void SettingsSheetModel::act(int row) {
     const auto* setting = settings_.row(row);
+    if (setting && !setting->sheet.isEmpty()) {
+        emit sheetWanted(setting->sheet);
+        return;
+    }
     if (!setting || !setting->work || isLibraryBusy()) return;
     const auto work = *setting->work;
     if (work == asked_) {

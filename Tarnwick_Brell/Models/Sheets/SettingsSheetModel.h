@@ -78,6 +78,7 @@ private:
     /// Settings of several sections are shown.
     bool isMixed() const { return showsChanged_ || !searched_.trimmed().isEmpty(); }
     void setAlerts(const std::string& beatID, bool on);
+    void switchRule(const std::string& ruleID, bool on);
 
     DeskStores stores_;
     LibraryStatus library_;

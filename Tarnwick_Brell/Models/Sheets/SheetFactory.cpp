@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "Tarnwick_Brell/Models/Sheets/AddSourceSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/AlertRuleSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/BeatSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/CloseToTraySheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/CorrectionSheetModel.h"
@@ -15,8 +16,6 @@
 #include "Tarnwick_Brell/Models/Sheets/NewNewsroomSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/PanelOptionsSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SettingsSheetModel.h"
-#include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
-#include "Tarnwick_Brell/Models/Sheets/SigningDevicesSheetModel.h"
 
 namespace app {
 
@@ -49,6 +48,9 @@ std::unique_ptr<SheetModel> makeSheet(const DeskStores& stores, const QString& k
         SheetRow{"beat", &BeatSheetModel::make},
         SheetRow{"beat-from-story", &BeatSheetModel::makeFromStory},
         SheetRow{"correct", &sheetOf<CorrectionSheetModel>},
+        SheetRow{"alert-rule", &AlertRuleSheetModel::make},
+        SheetRow{"alert-from-story", &AlertRuleSheetModel::makeFromStory},
+        SheetRow{"alert-from-words", &AlertRuleSheetModel::makeFromWords},
         SheetRow{"settings", &SettingsSheetModel::make},
     };
     const auto name = key.section(u':', 0, 0).toStdString();

@@ -37,6 +37,8 @@ signals:
     void noticed(const QString& sentence);
     /// What the sheet made is to be shown: a key of `Destination`.
     void placeWanted(const QString& key);
+    /// Another sheet is to take this one's place: a key of `makeSheet`.
+    void sheetWanted(const QString& key);
     /// To be opened in the browser: http or https.
     void linkWanted(const QString& link);
     /// Only a desk that is closed can do it.

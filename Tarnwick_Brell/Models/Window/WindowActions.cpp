@@ -1,6 +1,7 @@
 // The effects of the window's actions.
 #include <QCoreApplication>
 
+#include "Tarnwick_Brell/Models/Alerts/QuietActions.h"
 #include "Tarnwick_Brell/Models/Pages/TimelineSubject.h"
 #include "Tarnwick_Brell/Models/Settings/SettingChange.h"
 #include "Tarnwick_Brell/Models/Stories/CorrectionSteps.h"
@@ -131,6 +132,9 @@ void WindowModel::execute(Action action) {
         case DeskAction::FollowStory:
             showSheet(QStringLiteral("beat-from-story:") + selected_.reader()->storyID());
             break;
+        case DeskAction::AlertOnStory:
+            showSheet(QStringLiteral("alert-from-story:") + selected_.reader()->storyID());
+            break;
         case DeskAction::ShowTimeline: openTimelineOf(selected_.reader()->storyID()); break;
         case DeskAction::FindCoverage:
             if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
@@ -222,6 +226,10 @@ void WindowModel::execute(Action action) {
         case DeskAction::OpenWindow: emit windowWanted(place_.key()); break;
         case DeskAction::ShowSettings: showSheet(QStringLiteral("settings")); break;
         case DeskAction::NewBeat: showSheet(QStringLiteral("beat:")); break;
+        case DeskAction::NewAlertRule: showSheet(QStringLiteral("alert-rule:")); break;
+        case DeskAction::QuietForAnHour: emit noticed(quietForAnHour(stores_)); break;
+        case DeskAction::QuietUntilMorning: emit noticed(quietUntilMorning(stores_)); break;
+        case DeskAction::EndQuiet: emit noticed(endQuiet(stores_)); break;
         case DeskAction::Quit: QCoreApplication::quit(); break;
         case DeskAction::ToggleSidebar: state_.setSidebarShown(!state_.sidebarShown()); break;
         case DeskAction::ToggleClusters: setClustered(!state_.isClustered(place_.key())); break;

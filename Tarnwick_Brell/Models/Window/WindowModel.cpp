@@ -162,6 +162,8 @@ bool WindowModel::showSheet(const QString& key) {
     connect(sheet_.get(), &SheetModel::noticed, this, &WindowModel::noticed);
     connect(sheet_.get(), &SheetModel::libraryWorkWanted, this, &WindowModel::libraryWorkWanted);
     connect(sheet_.get(), &SheetModel::fileWanted, this, &WindowModel::fileWanted);
+    connect(sheet_.get(), &SheetModel::sheetWanted, this, &WindowModel::showSheet,
+            Qt::QueuedConnection);
     connect(sheet_.get(), &SheetModel::placeWanted, this,
             qOverload<const QString&>(&WindowModel::open));
     connect(sheet_.get(), &SheetModel::linkWanted, this, [this](const QString& link) {

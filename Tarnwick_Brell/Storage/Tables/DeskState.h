@@ -31,6 +31,8 @@ public:
 
     /// What the delivery of alerts remembers: what is held back, what has been told.
     static constexpr std::string_view kAlertDelivery = "alertDelivery";
+    /// What rules on prices have seen.
+    static constexpr std::string_view kPriceRules = "priceRules";
     /// The last alert that was in the history when the user last looked at it.
     static constexpr std::string_view kLookedAtAlert = "lookedAtAlert";
 

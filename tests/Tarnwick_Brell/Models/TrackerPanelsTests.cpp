@@ -203,12 +203,12 @@ TEST_F(TrackerPanelsTest, ThePriceStaysWhileTheChartOfAnotherRangeComes) {
     EXPECT_EQ(panel->fact(), "Open, 12:00");
     EXPECT_EQ(panel->chart()->points().size(), 2);
 
-    harness_.http.script.on(kService, "/wp-json/tb-wire/v1/quote?range=1y&symbol=AAPL",
+    harness_.http.script.on(kService, "/wp-json/tb-wire/v1/quote?range=1w&symbol=AAPL",
                             {{.status = 404}});
-    panel->choose(3);
+    panel->choose(1);
     EXPECT_EQ(panel->state(), PanelModel::Ready);
     EXPECT_EQ(panel->price(), "99.00");
-    EXPECT_EQ(panel->chart()->points().size(), 0) << "a month is not shown as a year";
+    EXPECT_EQ(panel->chart()->points().size(), 0) << "a month is not shown as a week";
     EXPECT_EQ(panel->chart()->message(), "Loading…");
     ASSERT_TRUE(until([&] { return panel->chart()->message() != "Loading…"; }));
     EXPECT_EQ(panel->state(), PanelModel::Ready) << "the price is good";
@@ -218,7 +218,7 @@ TEST_F(TrackerPanelsTest, ThePriceStaysWhileTheChartOfAnotherRangeComes) {
     ASSERT_TRUE(until([&] { return other->chart()->points().size() == 1; }));
     EXPECT_EQ(other->change(), "") << "there is no previous close";
     EXPECT_EQ(other->move(), PriceMove::Unknown);
-    EXPECT_EQ(trackers_.quoteRange(), kit::QuoteRange::year) << "a panel that opens sets nothing";
+    EXPECT_EQ(trackers_.quoteRange(), kit::QuoteRange::week) << "a panel that opens sets nothing";
 }
 
 TEST_F(TrackerPanelsTest, TheBoardStandsGroupByGroup) {

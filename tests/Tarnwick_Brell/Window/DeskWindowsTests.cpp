@@ -25,6 +25,7 @@ protected:
         const DeskStores stores{.news = *harness_.news,
                                 .trackers = *harness_.trackers,
                                 .newsrooms = *harness_.newsrooms,
+                                .alerts = *harness_.alerts,
                                 .defaults = harness_.defaults,
                                 .clock = harness_.desk.clock(),
                                 .undo = undo_};

@@ -25,6 +25,7 @@ protected:
         model_ = std::make_unique<WindowModel>(DeskStores{.news = *harness_.news,
                                                           .trackers = *harness_.trackers,
                                                           .newsrooms = *harness_.newsrooms,
+                                                          .alerts = *harness_.alerts,
                                                           .defaults = harness_.defaults,
                                                           .clock = harness_.desk.clock(),
                                                           .undo = undo_,

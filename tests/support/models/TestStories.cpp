@@ -9,8 +9,10 @@ namespace app::test {
 void TestStories::open() {
     TestPanels::open();
     newsrooms = std::make_unique<NewsroomStore>(news->worker(), desk.clock());
+    alerts = std::make_unique<AlertStore>(news->worker(), desk.clock());
     newsrooms->load();
-    ::test::until([&] { return newsrooms->isLoaded(); });
+    alerts->load();
+    ::test::until([&] { return newsrooms->isLoaded() && alerts->isLoaded(); });
 }
 
 void TestStories::come(const std::vector<kit::Story>& stories) {

@@ -7,6 +7,7 @@
 #include <QAbstractItemModel>
 #include <QStringList>
 
+#include "Tarnwick_Brell/Alerts/AlertStore.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 #include "tests/support/models/TestPanels.h"
 
@@ -34,6 +35,7 @@ public:
     std::string idOf(const std::string& title) const;
 
     std::unique_ptr<NewsroomStore> newsrooms;
+    std::unique_ptr<AlertStore> alerts;
 };
 
 QStringList column(const QAbstractItemModel& model, const char* role);

@@ -23,6 +23,7 @@ protected:
         page_ = std::make_unique<SourcesPageModel>(DeskStores{.news = *harness_.news,
                                                               .trackers = *harness_.trackers,
                                                               .newsrooms = *harness_.newsrooms,
+                                                              .alerts = *harness_.alerts,
                                                               .defaults = harness_.defaults,
                                                               .clock = harness_.desk.clock(),
                                                               .undo = undo_});
