@@ -2,12 +2,14 @@
 """What the user of a desk that stays is told, over a message bus of its own: each thing once."""
 import json
 import os
+import re
 import signal
 import sqlite3
 import subprocess
 import sys
 import time
 import unittest
+from datetime import datetime, timedelta
 
 DEBIANS_PYTHON = "/usr/bin/python3"
 try:
@@ -66,6 +68,17 @@ class Notifications(dbusmock.DBusTestCase):
         with library:
             library.execute("UPDATE trackerHealth SET lastAttempt = lastAttempt - ?, lastSuccess = lastSuccess - ?", (day, day))
             library.execute("UPDATE trackerCopies SET fetchedAt = fetchedAt - ?", (day,))
+        library.close()
+
+    def let_minutes_pass(self, minutes):
+        """For what is held back: as if the desk had held it for so long already."""
+        library = sqlite3.connect(self.desk.folder / "library.sqlite")
+        (held,) = library.execute("SELECT value FROM deskState WHERE key = 'alertDelivery'").fetchone()
+        earlier = re.sub(r"\d{4}-\d\d-\d\dT[0-9:.]+Z",
+                         lambda time: (datetime.fromisoformat(time[0].replace("Z", "+00:00"))
+                                       - timedelta(minutes=minutes)).isoformat().replace("+00:00", "Z"), held)
+        with library:
+            library.execute("UPDATE deskState SET value = ? WHERE key = 'alertDelivery'", (earlier,))
         library.close()
 
     def panels_with_alerts(self, *kinds):
@@ -225,6 +238,28 @@ class Notifications(dbusmock.DBusTestCase):
             # What is no longer signed, and what Apple's files say, is told once two answers say so.
             sent, _ = self.watch_at(minute, len(titles), "signing")
             self.assertEqual(sorted(str(call[3]) for call in sent), titles, f"minute {minute}")
+
+    def test_rules_are_told_once_held_back_and_kept_for_the_next_run(self):
+        self.desk.run("alerts", "off", "new builds")
+        self.desk.run("alerts", "new", "Betas", "--kind", "release", "--words", "beta", "--minutes", "240")
+        self.desk.run("alerts", "new", "Outages", "--kind", "service", "--least-weight", "major", "--quiet")
+        self.desk.run("alerts", "new", "Silent", "--kind", "release", "--off")
+        self.assertEqual(self.watch_at(16, 0)[0], [], "what is there at first is no news")
+        sent, _ = self.watch_at(30, 2)
+        told = sorted(str(call[3]) for call in sent)
+        self.assertEqual(len(told), 2, told)
+        self.assertEqual(told[0], "Apple Music: outage")
+        self.assertTrue(told[1].startswith("Betas: "), told)
+        history = json.loads(self.desk.run("alerts", "history", "--json").stdout)
+        how = sorted((alert["ruleName"], alert["how"]) for alert in history)
+        self.assertEqual(how, [("Betas", "held")] * 3 + [("Betas", "notified"), ("Outages", "quiet"),
+                                                         ("Service problems and recoveries", "notified")])
+        self.assertEqual(self.watch_at(30, 0)[0], [], "a restart tells nothing again")
+        self.let_minutes_pass(241)
+        sent, _ = self.watch_at(30, 1)
+        self.assertEqual([str(call[3]) for call in sent], ["Betas: 3 alerts"])
+        history = json.loads(self.desk.run("alerts", "history", "Betas", "--json").stdout)
+        self.assertEqual([alert["how"] for alert in history], ["summarised"] * 3 + ["notified"])
 
 
 if __name__ == "__main__":
