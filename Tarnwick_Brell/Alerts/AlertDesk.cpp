@@ -91,15 +91,27 @@ void AlertDesk::prepareRules() {
         if (rules_ && isChanged) changedAt_[rule.id] = stores_.clock();
         known.emplace(rule.id, rule);
     }
-    for (const auto& [id, rule] : known_) {
-        const auto now = known.find(id);
-        if (now == known.end() || !now->second.on) pipeline_.dropHeld(id);
-    }
     known_ = std::move(known);
+    dropHeldOfStopped();
     rules_ = std::make_unique<kit::AlertRuleSet>(rules, queryOf);
     prices_.setRules(rules);
     emit symbolsWanted(prices_.symbols());
     for (const auto& work : std::exchange(waiting_, {})) work();
+}
+
+/// What is held for rules that have been removed or switched off, also before this run.
+void AlertDesk::dropHeldOfStopped() {
+    std::set<std::string> stopped;
+    for (const auto& held : pipeline_.held()) {
+        const auto& rule = held.match.rule;
+        const auto known = known_.find(rule);
+        const bool isBuiltIn = rule.find('|') != std::string::npos;
+        if (!isBuiltIn && (known == known_.end() || !known->second.on)) stopped.insert(rule);
+    }
+    for (const auto& [id, rule] : known_) {
+        if (!rule.on) stopped.insert(id);
+    }
+    for (const auto& rule : stopped) pipeline_.dropHeld(rule);
 }
 
 void AlertDesk::takeStories(const std::vector<kit::Story>& news) {

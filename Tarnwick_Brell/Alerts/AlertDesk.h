@@ -64,6 +64,7 @@ private:
 
     void whenLoaded(std::function<void()> work);
     void prepareRules();
+    void dropHeldOfStopped();
     void followClusters();
     void takeEvent(const kit::AlertEvent& event);
     std::vector<const kit::Story*> clusterOf(const kit::Story& story);

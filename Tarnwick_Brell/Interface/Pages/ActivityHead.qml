@@ -59,6 +59,36 @@ Column {
         color: Theme.text2
         text: head.content.chosenChange
     }
+    DeskText {
+        width: head.textWidth
+        visible: text
+        lines: 3
+        type: DeskText.Secondary
+        color: Theme.text2
+        text: head.content.why.text
+    }
+    Flow {
+        width: head.textWidth
+        visible: head.content.why.hasRule
+        spacing: Theme.space3
+
+        LinkText {
+            type: DeskText.SecondaryMedium
+            text: qsTr("Edit the rule")
+            onClicked: head.content.why.editRule()
+        }
+        LinkText {
+            visible: text
+            type: DeskText.SecondaryMedium
+            text: head.content.why.lessText
+            onClicked: head.content.why.lessOfThis()
+        }
+        LinkText {
+            type: DeskText.SecondaryMedium
+            text: qsTr("Turn the rule off")
+            onClicked: head.content.why.turnOff()
+        }
+    }
     Hairline {
         width: head.textWidth
     }

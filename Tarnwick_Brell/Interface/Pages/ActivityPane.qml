@@ -17,12 +17,20 @@ PagePane {
         text: pane.content.chosenLink ? qsTr("Open at the source") : qsTr("Open the desk’s page")
         onClicked: pane.content.openRow(pane.content.row)
     }
-    tools: IconButton {
-        visible: pane.hasRow && pane.content.chosenLink !== "" && pane.content.chosenPlace !== ""
-        symbol: "rectangle.stack"
-        text: qsTr("Open the desk’s page")
-        onClicked: pane.content.openPlace()
-    }
+    tools: [
+        IconButton {
+            visible: pane.hasRow
+            symbol: "bell"
+            text: qsTr("Tell me about this")
+            onClicked: pane.content.alertOnSubject()
+        },
+        IconButton {
+            visible: pane.hasRow && pane.content.chosenLink !== "" && pane.content.chosenPlace !== ""
+            symbol: "rectangle.stack"
+            text: qsTr("Open the desk’s page")
+            onClicked: pane.content.openPlace()
+        }
+    ]
 
     PageMessage {
         visible: !pane.hasRow

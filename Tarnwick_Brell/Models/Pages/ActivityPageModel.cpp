@@ -6,6 +6,7 @@
 
 #include <QLocale>
 
+#include "NewsroomKit/Alerts/AlertEvent.h"
 #include "Tarnwick_Brell/Models/Pages/ActivityLines.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
@@ -23,7 +24,8 @@ constexpr std::size_t kMostWireStories = 2'000;
 }  // namespace
 
 ActivityPageModel::ActivityPageModel(const DeskStores& stores)
-    : PageModel(stores, tr("Activity")), loader_(stores.library) {
+    : PageModel(stores, tr("Activity")), loader_(stores.library), why_(stores) {
+    connect(&why_, &WhyToldModel::sheetWanted, this, &ActivityPageModel::sheetWanted);
     connect(&loader_, &LogLoader::loaded, this, &ActivityPageModel::show);
     connect(&loader_, &LogLoader::failed, this, [this](const QString& sentence) {
         setCondition({.state = isRead_ ? Stale : Failed, .message = sentence});
@@ -120,6 +122,7 @@ void ActivityPageModel::showChosen() {
     wireSentence_.clear();
     if (row_ < 0) {
         wireLines_.setRows({});
+        why_.setEvent({});
         emit changed();
         return;
     }
@@ -137,6 +140,7 @@ void ActivityPageModel::showChosen() {
                .change = signalChange(signal),
                .link = openableLink(signal.link.value_or(std::string())),
                .place = placeOf(signal.kind)};
+    why_.setEvent(kit::alertKey(signal));
     showWire(row);
     emit changed();
 }
@@ -229,6 +233,12 @@ void ActivityPageModel::openRow(int row) {
     } else {
         openPlace();
     }
+}
+
+void ActivityPageModel::alertOnSubject() {
+    if (row_ < 0) return;
+    const auto& signal = content_[static_cast<std::size_t>(row_)].logged.signal;
+    emit sheetWanted(QStringLiteral("alert-from-words:") + plainText(signal.subject));
 }
 
 void ActivityPageModel::openPlace() {

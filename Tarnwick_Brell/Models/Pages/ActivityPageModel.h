@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include "NewsroomKit/Panels/ActivityContent.h"
+#include "Tarnwick_Brell/Models/Alerts/WhyToldModel.h"
 #include "Tarnwick_Brell/Models/Pages/LogLoader.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
@@ -98,6 +99,7 @@ class ActivityPageModel final : public app::PageModel {
     Q_PROPERTY(QString chosenChange READ chosenChange NOTIFY changed)
     Q_PROPERTY(QString chosenLink READ chosenLink NOTIFY changed)
     Q_PROPERTY(QString chosenPlace READ chosenPlace NOTIFY changed)
+    Q_PROPERTY(app::WhyToldModel* why READ why CONSTANT)
     Q_PROPERTY(QString wireFact READ wireFact NOTIFY changed)
     Q_PROPERTY(QString wireSentence READ wireSentence NOTIFY changed)
 
@@ -134,12 +136,16 @@ public:
     const QString& chosenLink() const { return chosen_.link; }
     /// The desk's own page of its kind; empty when there is none.
     const QString& chosenPlace() const { return chosen_.place; }
+    /// Which rule told of the chosen line.
+    WhyToldModel* why() { return &why_; }
     const QString& wireFact() const { return wireFact_; }
     const QString& wireSentence() const { return wireSentence_; }
 
     /// Its link, else the desk's page.
     Q_INVOKABLE void openRow(int row);
     Q_INVOKABLE void openPlace();
+    /// A new rule on what the chosen line is about.
+    Q_INVOKABLE void alertOnSubject();
     Q_INVOKABLE void openWireRow(int row);
     /// The end of the list is in sight.
     Q_INVOKABLE void loadMore();
@@ -185,6 +191,7 @@ private:
     int weight_ = 0;
     int row_ = -1;
     Chosen chosen_;
+    WhyToldModel why_;
     QString nothingShown_;
     QString wireFact_;
     QString wireSentence_;

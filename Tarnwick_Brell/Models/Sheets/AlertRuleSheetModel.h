@@ -129,6 +129,7 @@ private:
     const std::vector<std::string>& listOf(bool excluded) const;
     void readKinds();
     void readFigures();
+    void checkSymbol();
     void update();
     kit::AlertRule finished() const;
     template <class Member, class Value>
@@ -142,6 +143,7 @@ private:
     std::string typed_;
     QString figure_;
     QString within_;
+    QString symbolProblem_;  ///< what the service says of the symbol; empty when it knows it
     QString problem_;
 };
 
