@@ -1115,12 +1115,5 @@
 </context>
 <context>
     <name>app::PagesPageModel</name>
-    <message numerus="yes">
-        <source>%n parts that differ at each look are left out.</source>
-        <translation>
-            <numerusform>%n part that differs at each look is left out.</numerusform>
-            <numerusform>%n parts that differ at each look are left out.</numerusform>
-        </translation>
-    </message>
 </context>
 </TS>

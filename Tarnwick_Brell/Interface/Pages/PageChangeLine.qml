@@ -1,19 +1,27 @@
 import QtQuick
 import TarnwickBrell.Controls
 
-/// A change in a sentence, below the headings under which it stands on the page.
+/// A change below the headings under which it stands on the page: what was removed is struck out,
+/// what was added is underlined, both in colours of their own. Or a part that is left out.
 Item {
     id: line
 
     required property int index
     required property string group
     required property string headings
-    required property string text
+    required property string markedText
+    required property int leftOutPlace
     required property string spokenText
 
     property bool isCurrent: false
 
-    implicitHeight: title.height + path.height + words.height + Theme.space4
+    /// The part is to be compared again.
+    signal compared
+
+    readonly property string marks: `<style>ins { color: ${Theme.green}; background-color: ${Theme.greenSoft}; }`
+        + `del { color: ${Theme.red}; background-color: ${Theme.redSoft}; }</style>`
+
+    implicitHeight: title.height + path.height + Math.max(words.height, again.visible ? again.height : 0) + Theme.space4
     Accessible.role: Accessible.StaticText
     Accessible.name: spokenText
 
@@ -48,11 +56,24 @@ Item {
 
         x: Theme.rowText
         anchors.top: path.bottom
-        width: parent.width - 2 * x
+        width: (again.visible ? again.x - Theme.space2 : parent.width - x) - x
         lines: PageSizes.sheetParagraphLines
         type: DeskText.Reader
-        text: line.text
+        color: line.leftOutPlace < 0 ? Theme.text1 : Theme.text2
+        textFormat: Text.RichText
+        text: line.marks + line.markedText
         Accessible.ignored: true
+    }
+    DeskButton {
+        id: again
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.rowText
+        anchors.top: path.bottom
+        visible: line.leftOutPlace >= 0
+        text: qsTr("Compare again")
+        Accessible.description: line.spokenText
+        onClicked: line.compared()
     }
     Hairline {
         x: Theme.rowText

@@ -109,6 +109,7 @@ PagePane {
         delegate: PageChangeLine {
             width: list.width
             isCurrent: ListView.isCurrentItem && list.activeFocus
+            onCompared: pane.content.comparePart(leftOutPlace)
         }
     }
 }

@@ -57,6 +57,10 @@ constexpr ActionEntry kActions[]{
     {DeskAction::ExportMarkdown, thisPage, WORDS("Export this page as Markdown"), nullptr, "square.and.arrow.up", {{{"Shift+E"}}}, ActionNeed::page},
     {DeskAction::ExportJSON, thisPage, WORDS("Export this page as JSON"), nullptr, "square.and.arrow.up", {{{"Shift+J"}}}, ActionNeed::page},
     {DeskAction::RemoveCorrection, thisPage, WORDS("Take the selected correction back"), nullptr, "arrow.uturn.backward", {{{"Backspace", true}}}, ActionNeed::page},
+    {DeskAction::ShowEarlierText, thisPage, WORDS("Show what an earlier text of the page changed"), nullptr, "chevron.left", {{{"["}}}, ActionNeed::page},
+    {DeskAction::ShowLaterText, thisPage, WORDS("Show what a later text of the page changed"), nullptr, "chevron.right", {{{"]"}}}, ActionNeed::page},
+    {DeskAction::CompareWithEarlierText, thisPage, WORDS("Compare with an earlier text of the page"), nullptr, "chevron.left", {{{"{"}}}, ActionNeed::page},
+    {DeskAction::CompareWithLaterText, thisPage, WORDS("Compare with a later text of the page"), nullptr, "chevron.right", {{{"}"}}}, ActionNeed::page},
 
     {DeskAction::NextStory, goTo, WORDS("Next story"), nullptr, "arrow.down", {{{"J"}, {"Down", true}}}},
     {DeskAction::PreviousStory, goTo, WORDS("Previous story"), nullptr, "arrow.up", {{{"K"}, {"Up", true}}}},

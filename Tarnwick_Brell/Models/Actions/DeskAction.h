@@ -71,6 +71,10 @@ enum Value {
     ExportMarkdown,
     ExportJSON,
     RemoveCorrection,
+    ShowEarlierText,  ///< of the page that is followed
+    ShowLaterText,
+    CompareWithEarlierText,
+    CompareWithLaterText,
     // Do
     NewNewsroom,
     AddSource,

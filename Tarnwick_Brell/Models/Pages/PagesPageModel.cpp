@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "NewsroomKit/Newsrooms/UUID.h"
-#include "Tarnwick_Brell/Models/Undo/UndoStack.h"
-#include "Tarnwick_Brell/Presentation/MentionText.h"
+#include "Tarnwick_Brell/Models/Pages/PagesPageRows.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
 #include "Tarnwick_Brell/Storage/LocalStore.h"
@@ -15,68 +13,7 @@ namespace app {
 
 namespace {
 
-constexpr int kLongestPageName = 120;
-constexpr int kLongestChange = 2'000;
 constexpr std::size_t kMostRevisions = 200;
-// A redesign can change everything; the list is for reading.
-constexpr std::size_t kMostShownChanges = 300;
-
-QString stateText(const kit::PageRow& row) {
-    if (!row.problem.empty()) return titleText(row.problem, kLongestPageName);
-    if (row.state == kit::PageRow::State::changed && !row.change.empty())
-        return titleText(row.change, kLongestPageName);
-    return labelText(label(row.state));
-}
-
-FollowedPageLine pageLine(const kit::PageRow& row, kit::Instant now) {
-    FollowedPageLine line{.name = titleText(row.name, kLongestPageName),
-                          .address = titleText(row.address, kLongestPageName),
-                          .when = row.changedAt ? ageText(*row.changedAt, now) : QString(),
-                          .fact = stateText(row),
-                          .isFailing = !row.problem.empty(),
-                          .isNew = row.isNew};
-    line.spokenText = spokenRow({line.isNew ? PagesPageModel::tr("New") : QString(), line.name,
-                                 line.fact, line.when, line.address});
-    return line;
-}
-
-void addChanges(std::vector<PageChangeLine>& lines, const std::vector<kit::PageChangeRow>& changes,
-                const QString& group) {
-    bool isFirst = true;
-    for (const auto& change : changes) {
-        if (lines.size() == kMostShownChanges) return;
-        QStringList headings;
-        for (const auto& heading : change.headings) headings << titleText(heading);
-        PageChangeLine line{.group = isFirst ? group : QString(),
-                            .headings = headings.join(QStringLiteral(" › ")),
-                            .text = titleText(change.sentence, kLongestChange)};
-        line.spokenText = spokenRow({line.group, line.text});
-        lines.push_back(std::move(line));
-        isFirst = false;
-    }
-}
-
-/// The worker changes the library; then the desk reads it again and looks at what is due. Without a
-/// page, as when a step is undone later, the timer does.
-void changePages(NewsDesk& news, TrackerStore& trackers,
-                 const std::shared_ptr<MainThreadQueue>& queue,
-                 std::function<void(LocalStore&)> change) {
-    news.worker().post(
-        [&trackers, queue, change = std::move(change)](DeskWorker::WorkerContext& context) {
-            auto transaction = context.store.transaction();
-            change(context.store);
-            transaction.commit();
-            queue->send([&trackers] {
-                trackers.load();
-                trackers.refresh(Tracker::pages);
-            });
-        },
-        [&trackers, queue](const std::exception& error) {
-            queue->send([&trackers, sentence = titleText(error.what(), kExcerptCharacters)] {
-                emit trackers.failed(sentence);
-            });
-        });
-}
 
 }  // namespace
 
@@ -97,14 +34,10 @@ void PagesPageModel::update() {
                followed_.end();
     });
     std::vector<FollowedPageLine> lines;
-    for (const auto& row : followed_) lines.push_back(pageLine(row, now()));
+    for (const auto& row : followed_) lines.push_back(followedPageLine(row, now()));
     for (const auto& page : suggested_) {
-        FollowedPageLine line{.heading = &page == &suggested_.front() ? tr("Suggested") : QString(),
-                              .name = titleText(page.name, kLongestPageName),
-                              .address = titleText(page.address, kLongestPageName),
-                              .isSuggested = true};
-        line.spokenText = spokenRow({tr("Suggested"), line.name, line.address});
-        lines.push_back(std::move(line));
+        lines.push_back(suggestedPageLine(page));
+        if (&page == &suggested_.front()) lines.back().heading = tr("Suggested");
     }
     rows_.setRows(std::move(lines));
     const auto keyOf = [&](std::size_t place) {
@@ -173,9 +106,6 @@ void PagesPageModel::showChosen() {
     if (page->lookedAt) facts << tr("Looked at %1.").arg(momentText(*page->lookedAt, now()));
     if (page->nextLook && *page->nextLook > now())
         facts << tr("Next look %1.").arg(agoText(*page->nextLook, now()));
-    if (!page->leftOut.empty())
-        facts << tr("%n parts that differ at each look are left out.", nullptr,
-                    static_cast<int>(page->leftOut.size()));
     chosenFact_ = facts.join(u' ');
     problem_ = titleText(page->problem, kExcerptCharacters);
     compare(earlier_, later_);
@@ -218,13 +148,14 @@ void PagesPageModel::show(const Compared& compared) {
     if (compared.comparison) {
         const auto& comparison = *compared.comparison;
         summary_ = titleText(kit::changeCountText(comparison.summary), kLongestPageName);
-        addChanges(lines, comparison.changes, {});
-        addChanges(lines, comparison.small, tr("Small edits"));
-        addChanges(lines, comparison.links, tr("Links that lead elsewhere"));
+        addChangeLines(lines, comparison.changes, {});
+        addChangeLines(lines, comparison.small, tr("Small edits"));
+        addChangeLines(lines, comparison.links, tr("Links that lead elsewhere"));
     } else {
         summary_ = compared.revisions.empty() ? tr("The page has not been read yet.")
                                               : tr("It has not changed since the first look.");
     }
+    if (const auto* page = chosen()) addLeftOutLines(lines, page->leftOut);
     changes_.setRows(std::move(lines));
     emit changed();
 }
@@ -239,74 +170,37 @@ void PagesPageModel::setLater(int place) {
     compare(earlier_, place);
 }
 
+std::pair<int, int> PagesPageModel::placesAfter(Action action) const {
+    const bool areNeighbours = earlier_ == later_ + 1;
+    switch (action) {
+        // The two stay neighbours, so that each change can be read in turn.
+        case DeskAction::ShowEarlierText:
+            return {areNeighbours ? earlier_ + 1 : earlier_, later_ + 1};
+        case DeskAction::ShowLaterText: return {areNeighbours ? later_ : earlier_, later_ - 1};
+        case DeskAction::CompareWithEarlierText: return {earlier_ + 1, later_};
+        case DeskAction::CompareWithLaterText: return {earlier_ - 1, later_};
+        default: return {-1, -1};
+    }
+}
+
+bool PagesPageModel::offers(Action action) const {
+    const auto [earlier, later] = placesAfter(action);
+    return chosen() && later_ >= 0 && later >= 0 && earlier > later &&
+           earlier < revisionNames_.size();
+}
+
+void PagesPageModel::perform(Action action) {
+    if (!offers(action)) return;
+    const auto [earlier, later] = placesAfter(action);
+    compare(earlier, later);
+}
+
 void PagesPageModel::retry() { trackers().refresh(Tracker::pages); }
 
 void PagesPageModel::openRow(int row) {
     setRow(row);
     const auto* line = rows_.row(row);
     if (line) openLink(line->address);
-}
-
-/// Follows a page or no longer does, as a step that can be undone.
-void PagesPageModel::pushStep(const kit::FollowedPage& page, bool follows, const QString& step,
-                              const QString& notice) {
-    const auto set = [&news = news(), &trackers = trackers(), queue = queue_, page,
-                      clock = stores().clock](bool isFollowed) {
-        return [&news, &trackers, queue, page, clock, isFollowed] {
-            changePages(news, trackers, queue, [page, isFollowed, now = clock()](auto& store) {
-                if (isFollowed) {
-                    followPage(store, page);
-                } else {
-                    unfollowPage(store, page.id, now);
-                }
-            });
-        };
-    };
-    set(follows)();
-    stores().undo.push(
-        {.text = step, .undo = set(!follows), .redo = set(follows), .notice = notice});
-}
-
-void PagesPageModel::follow(const kit::FollowedPage& page) {
-    chosenKey_ = page.address;
-    pushStep(page, true, tr("Follow a page"),
-             tr("%1 is followed.").arg(titleText(page.name, kLongestPageName)));
-}
-
-void PagesPageModel::addPage(const QString& text) {
-    const auto address = pageAddressIn(text.trimmed().toStdString());
-    if (!address) {
-        emit noticed(tr("That is no address of a page: it begins with https://"));
-        return;
-    }
-    if (std::ranges::find(followed_, *address, &kit::PageRow::address) != followed_.end()) {
-        emit noticed(tr("The page is followed already."));
-        return;
-    }
-    follow({.id = kit::UUID::random().text(),
-            .address = *address,
-            .name = pageNameFor(*address),
-            .added = now()});
-}
-
-void PagesPageModel::followSuggested() {
-    if (!isSuggested()) return;
-    const auto& page = suggested_[suggestedPlace()];
-    follow({.id = kit::UUID::random().text(),
-            .address = std::string(page.address),
-            .name = std::string(page.name),
-            .added = now()});
-}
-
-void PagesPageModel::removePage() {
-    if (!isFollowed()) return;
-    const auto& statuses = trackers().pages();
-    const auto found = std::ranges::find_if(
-        statuses, [&](const kit::PageStatus& status) { return status.page.id == chosen()->id; });
-    if (found == statuses.end()) return;
-    pushStep(found->page, false, tr("Unfollow a page"),
-             tr("%1 is no longer followed. What was seen of it stays.")
-                 .arg(titleText(found->page.name, kLongestPageName)));
 }
 
 }  // namespace app

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QAbstractListModel>
@@ -43,18 +44,20 @@ public:
     bool operator==(const FollowedPageLine&) const = default;
 };
 
-/// A change between two revisions.
+/// A change between two revisions, or a part of the page that is left out.
 struct PageChangeLine {
     Q_GADGET
     Q_PROPERTY(QString group MEMBER group)
     Q_PROPERTY(QString headings MEMBER headings)
-    Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(QString markedText MEMBER markedText)
+    Q_PROPERTY(int leftOutPlace MEMBER leftOutPlace)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
 
 public:
-    QString group{};     ///< above the first small edit and the first link
-    QString headings{};  ///< under which it stands on the page
-    QString text{};
+    QString group{};        ///< above the first small edit, the first link, the first part left out
+    QString headings{};     ///< under which it stands on the page
+    QString markedText{};   ///< rich text, with the elements ins and del
+    int leftOutPlace = -1;  ///< of a part that is left out, among them
     QString spokenText{};
 
     bool operator==(const PageChangeLine&) const = default;
@@ -110,7 +113,11 @@ public:
     Q_INVOKABLE void followSuggested();
     Q_INVOKABLE void removePage();
     Q_INVOKABLE void openRow(int row);
+    /// Compares a part again that is left out, since it differed at each look.
+    Q_INVOKABLE void comparePart(int leftOutPlace);
 
+    bool offers(Action action) const override;
+    void perform(Action action) override;
     void tick() override { update(); }
     void retry() override;
 
@@ -132,6 +139,8 @@ private:
     void follow(const kit::FollowedPage& page);
     void pushStep(const kit::FollowedPage& page, bool follows, const QString& step,
                   const QString& notice);
+    /// The places to compare after the action, the earlier text first.
+    std::pair<int, int> placesAfter(Action action) const;
     const kit::PageRow* chosen() const;
     std::size_t suggestedPlace() const;
 

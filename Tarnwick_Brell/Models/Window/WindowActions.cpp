@@ -190,6 +190,10 @@ void WindowModel::execute(Action action) {
         case DeskAction::ExportMarkdown:
         case DeskAction::ExportJSON:
         case DeskAction::RemoveCorrection:
+        case DeskAction::ShowEarlierText:
+        case DeskAction::ShowLaterText:
+        case DeskAction::CompareWithEarlierText:
+        case DeskAction::CompareWithLaterText:
             if (page_) page_->perform(action);
             break;
         case DeskAction::EndLive: refresh_.endLive(); break;

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "NewsroomKit/Pages/PageKeys.h"
 #include "Tarnwick_Brell/Models/Pages/PagesPageModel.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
+#include "Tarnwick_Brell/Trackers/FollowedPages.h"
 #include "tests/Tarnwick_Brell/Window/WindowJobTest.h"
 
 namespace app {
@@ -37,6 +40,74 @@ TEST_F(PagesJobTest, APageIsFollowedUnfollowedAndTheStepIsUndone) {
     ASSERT_TRUE(until([&] { return !isShown("App Store Review Guidelines"); }));
     EXPECT_TRUE(undo_.undo());
     EXPECT_TRUE(until([&] { return isShown("App Store Review Guidelines"); }));
+}
+
+/// A page of which three texts are kept, and a part of which is left out.
+class PageTextsJobTest : public WindowJobTest {
+protected:
+    static constexpr const char* kAddress = "https://tide.example/table";
+
+    void SetUp() override {
+        LocalStore store(harness_.desk.library(), Database::Access::readWrite);
+        auto transaction = store.transaction();
+        followPage(store, {.id = "tide", .address = kAddress, .name = "Tide table"});
+        kit::PageWatch watch;
+        watch.state.rules = 1;
+        watch.state.volatileBlocks = {{.place = "text/0/0", .sample = "Wave <b>17</b> of today"}};
+        for (const char* boats : {"one", "two", "three"}) {
+            kit::PageBlock block;
+            block.text = "The harbour has room for " + std::string(boats) +
+                         " boats & their <crews>, no more.";
+            watch.blocks = {block};
+            watch.state.key = kit::pageKeys(watch.blocks).key;
+            kit::PageRevision revision;
+            revision.address = kAddress;
+            revision.kind = kit::PageRevision::Kind::changed;
+            revision.seenAt = revision.confirmedAt = harness_.at("11:59");
+            store.pages().add(revision, watch.blocks, "<p>");
+        }
+        store.pages().storeState(kAddress, watch.state,
+                                 {.last = harness_.at("11:59"), .next = harness_.at("12:30")});
+        store.pages().storeTexts(kAddress, watch);
+        transaction.commit();
+        openWindow();
+        model_->open(QStringLiteral("tracker:pages"));
+        ASSERT_TRUE(until([&] { return shown(0, "markedText").contains("three"); }));
+    }
+    PagesPageModel& page() { return dynamic_cast<PagesPageModel&>(*model_->page()); }
+    QString shown(int row, const char* member) {
+        const auto roles = page().changes()->roleNames();
+        return page().changes()->index(row, 0).data(roles.key(member)).toString();
+    }
+    bool shows(const char* words) {
+        return until([&] { return shown(0, "markedText").contains(QString::fromUtf8(words)); });
+    }
+};
+
+TEST_F(PageTextsJobTest, ChangesAreMarkedWordByWordAndReadTextByText) {
+    EXPECT_EQ(shown(0, "markedText"),
+              "The harbour has room for <del>two</del> <ins>three</ins> boats &amp; their "
+              "&lt;crews&gt;, no more.");
+    EXPECT_TRUE(shown(0, "spokenText").contains("\"two\" became \"three\""));
+    type("]");
+    type("[");
+    EXPECT_TRUE(shows("<del>one</del> <ins>two</ins>"));
+    type("}");
+    type("]");
+    EXPECT_TRUE(shows("<del>two</del> <ins>three</ins>"));
+    type("{");
+    EXPECT_TRUE(shows("<del>one</del> <ins>three</ins>"));
+}
+
+TEST_F(PageTextsJobTest, APartThatIsLeftOutIsComparedAgainAndTheStepIsUndone) {
+    EXPECT_EQ(shown(1, "markedText"), "Wave &lt;b&gt;17&lt;/b&gt; of today");
+    const auto leavesOut = [&](int parts) {
+        return until([&] { return page().changes()->rowCount() == 1 + parts; });
+    };
+    click(QStringLiteral("Compare again"));
+    EXPECT_TRUE(leavesOut(0));
+    EXPECT_TRUE(undo_.undo());
+    EXPECT_TRUE(leavesOut(1));
 }
 
 }  // namespace

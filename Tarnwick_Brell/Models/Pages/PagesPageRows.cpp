@@ -1,0 +1,107 @@
+#include "Tarnwick_Brell/Models/Pages/PagesPageRows.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include "Tarnwick_Brell/Presentation/MentionText.h"
+#include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
+
+namespace app {
+
+namespace {
+
+struct PagesPageRows {
+    Q_DECLARE_TR_FUNCTIONS(PagesPageRows)
+};
+
+constexpr int kLongestChange = 2'000;
+/// A redesign can change everything; the list is for reading.
+constexpr std::size_t kMostShownChanges = 300;
+
+QString pageStateText(const kit::PageRow& row) {
+    if (!row.problem.empty()) return titleText(row.problem, kLongestPageName);
+    if (row.state == kit::PageRow::State::changed && !row.change.empty())
+        return titleText(row.change, kLongestPageName);
+    return labelText(label(row.state));
+}
+
+QString markedRun(const kit::PageRun& run, int longest) {
+    const auto text = titleText(run.text, longest).toHtmlEscaped();
+    switch (run.kind) {
+        case kit::PageRun::Kind::removed: return QStringLiteral("<del>%1</del>").arg(text);
+        case kit::PageRun::Kind::added: return QStringLiteral("<ins>%1</ins>").arg(text);
+        case kit::PageRun::Kind::same: break;
+    }
+    return text;
+}
+
+QString markedChange(const kit::PageChangeRow& change) {
+    if (change.runs.empty()) return titleText(change.sentence, kLongestChange).toHtmlEscaped();
+    QStringList parts;
+    int left = 2 * kLongestChange;
+    for (const auto& run : change.runs) {
+        parts << markedRun(run, std::min(left, kLongestChange));
+        left -= static_cast<int>(std::min<std::size_t>(run.text.size(), kLongestChange));
+        if (left <= 0) {
+            parts << QStringLiteral("…");
+            break;
+        }
+    }
+    return parts.join(u' ');
+}
+
+}  // namespace
+
+FollowedPageLine followedPageLine(const kit::PageRow& row, kit::Instant now) {
+    FollowedPageLine line{.name = titleText(row.name, kLongestPageName),
+                          .address = titleText(row.address, kLongestPageName),
+                          .when = row.changedAt ? ageText(*row.changedAt, now) : QString(),
+                          .fact = pageStateText(row),
+                          .isFailing = !row.problem.empty(),
+                          .isNew = row.isNew};
+    line.spokenText = spokenRow({line.isNew ? PagesPageRows::tr("New") : QString(), line.name,
+                                 line.fact, line.when, line.address});
+    return line;
+}
+
+FollowedPageLine suggestedPageLine(const kit::SuggestedPage& page) {
+    FollowedPageLine line{.name = titleText(page.name, kLongestPageName),
+                          .address = titleText(page.address, kLongestPageName),
+                          .isSuggested = true};
+    line.spokenText = spokenRow({PagesPageRows::tr("Suggested"), line.name, line.address});
+    return line;
+}
+
+void addChangeLines(std::vector<PageChangeLine>& lines,
+                    const std::vector<kit::PageChangeRow>& changes, const QString& group) {
+    bool isFirst = true;
+    for (const auto& change : changes) {
+        if (lines.size() == kMostShownChanges) return;
+        QStringList headings;
+        for (const auto& heading : change.headings) headings << titleText(heading);
+        PageChangeLine line{.group = isFirst ? group : QString(),
+                            .headings = headings.join(QStringLiteral(" › ")),
+                            .markedText = markedChange(change)};
+        line.spokenText = spokenRow({line.group, titleText(change.sentence, kLongestChange)});
+        lines.push_back(std::move(line));
+        isFirst = false;
+    }
+}
+
+void addLeftOutLines(std::vector<PageChangeLine>& lines,
+                     const std::vector<kit::VolatileBlock>& leftOut) {
+    for (std::size_t place = 0; place < leftOut.size(); ++place) {
+        const auto sample = titleText(leftOut[place].sample, kLongestPageName);
+        PageChangeLine line{.markedText = sample.toHtmlEscaped(),
+                            .leftOutPlace = static_cast<int>(place)};
+        if (place == 0) line.group = PagesPageRows::tr("Left out, as it differs at each look");
+        line.spokenText = spokenRow({PagesPageRows::tr("Left out: %1").arg(sample)});
+        lines.push_back(std::move(line));
+    }
+}
+
+}  // namespace app
