@@ -1,8 +1,10 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
-/// The polls that bear the finding out, and the button that copies it.
+/// The polls that bear the finding out, the button that copies it, and the stories of that hour
+/// that share its words.
 Column {
     id: foot
 
@@ -41,5 +43,37 @@ Column {
         symbol: "doc.on.doc"
         text: qsTr("Copy lines, address and times")
         onClicked: foot.content.copyChosen()
+    }
+    DeskText {
+        topPadding: Theme.space3
+        type: DeskText.MetaStrong
+        color: Theme.text2
+        text: qsTr("Seen together with")
+        Accessible.role: Accessible.Heading
+    }
+    DeskText {
+        width: foot.textWidth
+        lines: 2
+        type: DeskText.Secondary
+        color: Theme.text3
+        text: foot.content.wireSentence
+    }
+    Column {
+        width: foot.textWidth
+
+        Repeater {
+            // A few at most.
+            model: foot.content.wire
+
+            ActivityWireLine {
+                width: foot.textWidth
+                activeFocusOnTab: true
+                listFocused: activeFocus
+                isCurrent: activeFocus
+                onChosen: forceActiveFocus()
+                onOpened: foot.content.openWireRow(index)
+                Keys.onReturnPressed: foot.content.openWireRow(index)
+            }
+        }
     }
 }

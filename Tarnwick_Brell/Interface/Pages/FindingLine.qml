@@ -14,6 +14,7 @@ Item {
     required property string badge
     required property bool isFailing
     required property bool isQuiet
+    required property bool isNew
     required property bool hasNode
     required property string link
     required property string spokenText
@@ -61,9 +62,9 @@ Item {
                 width: PageSizes.timelineNode
                 height: width
                 radius: width / 2
-                color: line.isQuiet ? Theme.surface : Theme.accentText
+                color: line.isNew ? Theme.accentText : Theme.surface
                 border.width: Theme.markRing
-                border.color: line.isQuiet ? Theme.edge : Theme.accentText
+                border.color: line.isNew ? Theme.accentText : Theme.edge
             }
             DeskText {
                 width: PageSizes.findingNode - Theme.space3
@@ -80,7 +81,8 @@ Item {
                 x: PageSizes.findingText
                 y: Theme.space2
                 width: (badge.visible ? badge.x - Theme.space2 : parent.width - Theme.rowEnd) - x
-                color: line.isQuiet ? Theme.text2 : Theme.text1
+                type: line.isNew ? DeskText.BaseStrong : DeskText.Base
+                color: line.isNew || !line.hasNode ? Theme.text1 : Theme.text2
                 text: line.title
                 Accessible.ignored: true
             }

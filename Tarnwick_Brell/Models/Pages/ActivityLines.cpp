@@ -1,6 +1,7 @@
 #include "Tarnwick_Brell/Models/Pages/ActivityLines.h"
 
 #include <algorithm>
+#include <deque>
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -9,10 +10,14 @@
 #include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
+#include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
 
 namespace app {
 
 namespace {
+
+/// Of very many stories in an hour only the newest are looked through.
+constexpr std::size_t kMostWireStories = 2'000;
 
 struct ActivityText {
     Q_DECLARE_TR_FUNCTIONS(ActivityText)
@@ -150,6 +155,33 @@ std::vector<ActivityWireLine> activityWireLines(const kit::ActivityWire& wire,
             lines.back().heading = ActivityText::tr("Other stories");
     }
     return lines;
+}
+
+QString wireLeadText(const kit::ActivityWire& wire) {
+    if (!wire.lead) return ActivityText::tr("No story of these two hours shares its words.");
+    if (*wire.lead >= std::chrono::minutes(1))
+        return ActivityText::tr("The desk saw it %1 before the first story.")
+            .arg(spanText(*wire.lead));
+    if (*wire.lead <= -std::chrono::minutes(1))
+        return ActivityText::tr("The first story came %1 before the desk saw it.")
+            .arg(spanText(-*wire.lead));
+    return ActivityText::tr("The desk and the first story had it in the same minute.");
+}
+
+kit::ActivityWire wireOf(const NewsDesk& news, const kit::Signal& signal) {
+    const auto& wire = news.stories();
+    std::deque<kit::Story> stories;  // A deque does not move them.
+    std::vector<kit::PanelStory> mentioned;
+    const auto last = firstStoryNumber(signal.seenAt + kit::kWireAround + std::chrono::seconds(1));
+    for (auto place = wire.firstPlaceBelow(last);
+         place < wire.size() && stories.size() < kMostWireStories; ++place) {
+        const auto& packed = wire[place];
+        if (packed.publishedAt() < signal.seenAt - kit::kWireAround) break;
+        stories.push_back(packed.unpacked().story);
+        mentioned.push_back(
+            {.story = &stories.back(), .firstSeen = packed.firstSeen(), .isRead = packed.isRead()});
+    }
+    return kit::wireAround(signal, mentioned);
 }
 
 }  // namespace app

@@ -31,4 +31,10 @@ std::vector<ActivityLine> activityLines(const std::vector<kit::ActivityRow>& row
 std::vector<ActivityWireLine> activityWireLines(const kit::ActivityWire& wire,
                                                 const kit::ActivityRow& chosen);
 
+/// "The desk saw it 76 min before the first story."
+QString wireLeadText(const kit::ActivityWire& wire);
+
+/// The desk's wire around the signal.
+kit::ActivityWire wireOf(const NewsDesk& news, const kit::Signal& signal);
+
 }  // namespace app

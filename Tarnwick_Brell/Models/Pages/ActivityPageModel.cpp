@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <deque>
 
 #include <QLocale>
 
@@ -10,7 +9,6 @@
 #include "Tarnwick_Brell/Models/Pages/ActivityLines.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
-#include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
 
 namespace app {
 
@@ -18,8 +16,6 @@ namespace {
 
 constexpr std::size_t kLogPage = 200;
 constexpr std::array kPeriods{std::chrono::days(1), std::chrono::days(7), std::chrono::days(30)};
-/// Of very many stories in an hour only the newest are looked through.
-constexpr std::size_t kMostWireStories = 2'000;
 
 }  // namespace
 
@@ -146,37 +142,14 @@ void ActivityPageModel::showChosen() {
 }
 
 void ActivityPageModel::showWire(const kit::ActivityRow& chosen) {
-    const auto& signal = chosen.logged.signal;
-    const auto& wire = news().stories();
-    std::deque<kit::Story> stories;  // A deque does not move them.
-    std::vector<kit::PanelStory> mentioned;
-    const auto last = firstStoryNumber(signal.seenAt + kit::kWireAround + std::chrono::seconds(1));
-    for (auto place = wire.firstPlaceBelow(last);
-         place < wire.size() && stories.size() < kMostWireStories; ++place) {
-        const auto& packed = wire[place];
-        if (packed.publishedAt() < signal.seenAt - kit::kWireAround) break;
-        stories.push_back(packed.unpacked().story);
-        mentioned.push_back(
-            {.story = &stories.back(), .firstSeen = packed.firstSeen(), .isRead = packed.isRead()});
-    }
-    const auto content = kit::wireAround(signal, mentioned);
+    const auto content = wireOf(news(), chosen.logged.signal);
     wireLines_.setRows(activityWireLines(content, chosen));
     const auto shared = static_cast<int>(content.shared.size());
     const auto total = static_cast<int>(content.total());
     wireFact_ =
         tr("%1 to %2, %3 of %n stories share its words", nullptr, total)
             .arg(clockText(content.from), clockText(content.to), QLocale().toString(shared));
-    if (!content.lead) {
-        wireSentence_ = tr("No story of these two hours shares its words.");
-    } else if (*content.lead >= std::chrono::minutes(1)) {
-        wireSentence_ =
-            tr("The desk saw it %1 before the first story.").arg(spanText(*content.lead));
-    } else if (*content.lead <= -std::chrono::minutes(1)) {
-        wireSentence_ =
-            tr("The first story came %1 before the desk saw it.").arg(spanText(-*content.lead));
-    } else {
-        wireSentence_ = tr("The desk and the first story had it in the same minute.");
-    }
+    wireSentence_ = wireLeadText(content);
 }
 
 void ActivityPageModel::setWords(const QString& words) {

@@ -1,10 +1,14 @@
 #include "Tarnwick_Brell/Models/Pages/BackendPageModel.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <string_view>
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLocale>
 
+#include "Tarnwick_Brell/Models/Pages/ActivityLines.h"
 #include "Tarnwick_Brell/Models/Pages/BackendPageRows.h"
 #include "Tarnwick_Brell/Presentation/FindingText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -13,8 +17,21 @@
 
 namespace app {
 
+namespace {
+
+constexpr std::string_view kFindingLookKey = "backendLookedAt";
+constexpr const char* kFindingNumber = "finding";
+/// More than are read beside a finding.
+constexpr std::size_t kMostWireLines = 8;
+
+}  // namespace
+
 BackendPageModel::BackendPageModel(const DeskStores& stores)
     : PageModel(stores, tr("Back end")), loader_(stores.library) {
+    if (const auto memory = stores.defaults.memory(kFindingLookKey)) {
+        const auto found = memory->find(kFindingNumber);
+        if (found != memory->end()) lookedAt_ = remembered_ = std::atoll(found->second.c_str());
+    }
     connect(&loader_, &FindingStatesLoader::loaded, this,
             [this](std::int64_t, const FindingStates& states) {
                 if (!showsSent_ || !hasFinding()) return;
@@ -67,7 +84,10 @@ void BackendPageModel::showFindings() {
     for (const auto& stored : trackers().backendFindings()) {
         if (kit::matches(stored.finding, filter)) found_.push_back(stored);
     }
-    rows_.setRows(findingLines(found_, now()));
+    newRows_ = static_cast<int>(std::ranges::count_if(
+        found_, [this](const auto& stored) { return stored.number > lookedAt_; }));
+    rows_.setRows(findingLines(found_, lookedAt_, now()));
+    look();
     nothingShown_.clear();
     if (!found_.empty()) return;
     nothingShown_ = trackers().backendFindings().empty()
@@ -88,7 +108,42 @@ void BackendPageModel::showFiles() {
 
 QString BackendPageModel::countText() const {
     if (showsFiles_) return tr("%n files", nullptr, static_cast<int>(rows_.rowCount()));
-    return tr("%n findings", nullptr, static_cast<int>(found_.size()));
+    const auto count = tr("%n findings", nullptr, static_cast<int>(found_.size()));
+    if (newRows_ == 0) return count;
+    return tr("%1 new, %2").arg(QLocale().toString(newRows_), count);
+}
+
+/// What was new when the page was opened stays marked until it is left.
+void BackendPageModel::look() {
+    std::int64_t last = remembered_;
+    for (const auto& stored : trackers().backendFindings()) last = std::max(last, stored.number);
+    if (last == remembered_) return;
+    remembered_ = last;
+    stores().defaults.remember(kFindingLookKey, {{kFindingNumber, std::to_string(last)}});
+}
+
+/// The stories around the finding, as beside a line of the log.
+void BackendPageModel::showWire() {
+    wire_.setRows({});
+    wireSentence_.clear();
+    if (!hasFinding()) return;
+    const auto& finding = found_[static_cast<std::size_t>(row_)].finding;
+    kit::Signal signal;
+    signal.kind = kit::SignalKind::backend;
+    signal.title = finding.title;
+    signal.seenAt = finding.seenAt;
+    const auto around = wireOf(news(), signal);
+    wireSentence_ = wireLeadText(around);
+    auto lines = activityWireLines({.shared = around.shared},
+                                   {.logged = {.signal = signal}, .title = signal.title});
+    std::erase_if(lines, &ActivityWireLine::isSignal);
+    if (lines.size() > kMostWireLines) lines.resize(kMostWireLines);
+    wire_.setRows(std::move(lines));
+}
+
+void BackendPageModel::openWireRow(int row) {
+    const auto* line = wire_.row(row);
+    if (line && !line->storyID.isEmpty()) openStory(line->storyID);
 }
 
 void BackendPageModel::choose(std::optional<std::int64_t> number) {
@@ -121,6 +176,7 @@ void BackendPageModel::showFile() {
 void BackendPageModel::showChosen() {
     chosen_ = {};
     sides_ = {};
+    showWire();
     if (!hasFinding()) return showLines(sides_);
     const auto& stored = found_[static_cast<std::size_t>(row_)];
     const auto& finding = stored.finding;

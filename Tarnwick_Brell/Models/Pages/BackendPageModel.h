@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include "NewsroomKit/Panels/FindingContent.h"
+#include "Tarnwick_Brell/Models/Pages/ActivityPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/FindingStatesLoader.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
@@ -26,6 +27,7 @@ struct FindingLine {
     Q_PROPERTY(QString badge MEMBER badge)
     Q_PROPERTY(bool isFailing MEMBER isFailing)
     Q_PROPERTY(bool isQuiet MEMBER isQuiet)
+    Q_PROPERTY(bool isNew MEMBER isNew)
     Q_PROPERTY(bool hasNode MEMBER hasNode)
     Q_PROPERTY(QString link MEMBER link)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
@@ -39,6 +41,7 @@ public:
     QString badge{};
     bool isFailing = false;
     bool isQuiet = false;  ///< it was not told
+    bool isNew = false;    ///< found since the last look
     bool hasNode = false;  ///< it stands on the timeline
     QString link{};
     QString spokenText{};
@@ -94,6 +97,8 @@ class BackendPageModel final : public app::PageModel {
     Q_PROPERTY(QString chosenPolls READ chosenPolls NOTIFY changed)
     Q_PROPERTY(QString beforeTitle READ beforeTitle NOTIFY changed)
     Q_PROPERTY(QString afterTitle READ afterTitle NOTIFY changed)
+    Q_PROPERTY(QAbstractListModel* wire READ wire CONSTANT)
+    Q_PROPERTY(QString wireSentence READ wireSentence NOTIFY changed)
     Q_PROPERTY(QString noLines READ noLines NOTIFY changed)
 
 public:
@@ -131,10 +136,15 @@ public:
     /// Instead of lines.
     const QString& noLines() const { return noLines_; }
 
+    /// The stories of that hour that share words with the finding.
+    QAbstractListModel* wire() { return &wire_; }
+    const QString& wireSentence() const { return wireSentence_; }
+
     /// The file's address.
     Q_INVOKABLE void openRow(int row);
     /// The lines, the address and both times.
     Q_INVOKABLE void copyChosen();
+    Q_INVOKABLE void openWireRow(int row);
 
     bool offers(Action action) const override;
     void perform(Action action) override;
@@ -163,6 +173,8 @@ private:
     void choose(std::optional<std::int64_t> number);
     void showChosen();
     void showFile();
+    void showWire();
+    void look();
     void showLines(const kit::FindingSides& sides);
 
     FindingStatesLoader loader_;
@@ -178,6 +190,11 @@ private:
     QString noLines_;
     GadgetListModel<FindingLine> rows_;
     GadgetListModel<StateRow> lines_;
+    GadgetListModel<ActivityWireLine> wire_;
+    QString wireSentence_;
+    std::int64_t lookedAt_ = 0;    ///< the last finding of the last look before the page was opened
+    std::int64_t remembered_ = 0;  ///< the last finding, as it is stored for the next look
+    int newRows_ = 0;
 };
 
 }  // namespace app

@@ -22,18 +22,20 @@ QString findingBadge(const kit::BackendFinding& finding) {
     return finding.isTold ? QString() : BackendRows::tr("Not told");
 }
 
-FindingLine findingLine(const kit::BackendFinding& finding, kit::Instant now) {
+FindingLine findingLine(const kit::BackendFinding& finding, bool isNew, kit::Instant now) {
     FindingLine line{.time = clockText(finding.seenAt),
                      .title = titleText(finding.title, kTitleCharacters),
                      .extent = titleText(finding.extent),
                      .badge = findingBadge(finding),
                      .isQuiet = !finding.isTold,
+                     .isNew = isNew,
                      .hasNode = true};
     if (const auto* file = kit::watchedFile(finding.file)) {
         line.detail = plainText(file->name);
         line.link = openableLink(file->address);
     }
     QStringList spoken{line.title, line.detail, line.extent};
+    if (isNew) spoken.prepend(BackendRows::tr("New"));
     if (!line.badge.isEmpty()) spoken << line.badge;
     spoken << BackendRows::tr("seen %1").arg(momentText(finding.seenAt, now));
     line.spokenText = spoken.join(QStringLiteral(", "));
@@ -46,7 +48,8 @@ QString stateNumber(const kit::StateLine& line) {
 
 }  // namespace
 
-std::vector<FindingLine> findingLines(const std::vector<StoredFinding>& found, kit::Instant now) {
+std::vector<FindingLine> findingLines(const std::vector<StoredFinding>& found,
+                                      std::int64_t lookedAt, kit::Instant now) {
     std::vector<FindingLine> lines;
     QString last;
     for (const auto& stored : found) {
@@ -54,7 +57,7 @@ std::vector<FindingLine> findingLines(const std::vector<StoredFinding>& found, k
         const auto days = daysBetween(now, seen);
         auto day = days == 0 || days == -1 ? daysAwayText(days) : dayText(seen, now);
         day[0] = day[0].toUpper();
-        lines.push_back(findingLine(stored.finding, now));
+        lines.push_back(findingLine(stored.finding, stored.number > lookedAt, now));
         if (day != last) lines.back().heading = day;
         last = day;
     }

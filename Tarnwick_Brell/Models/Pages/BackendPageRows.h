@@ -11,7 +11,9 @@
 /// What the page of findings shows, as texts.
 namespace app {
 
-std::vector<FindingLine> findingLines(const std::vector<StoredFinding>& found, kit::Instant now);
+/// `lookedAt`: the last finding of the last look.
+std::vector<FindingLine> findingLines(const std::vector<StoredFinding>& found,
+                                      std::int64_t lookedAt, kit::Instant now);
 
 FindingLine watchedFileLine(const kit::WatchedFile& file,
                             const kit::CachedValue<kit::WatchedAnswer>& answer, kit::Instant now);

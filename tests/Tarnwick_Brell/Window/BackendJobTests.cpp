@@ -24,6 +24,7 @@ protected:
         for (const char* clock : {"10:31", "10:41"}) poll(store, "siri", clock, R"({"limit":6})");
         for (const char* clock : {"10:35", "10:45"})
             poll(store, "robots", clock, "User-agent: *\nDisallow: /a\nDisallow: /home\n");
+        harness_.tell("Harbour", "10:50", "Apple blocks home pages in robots.txt");
         openWindow();
         model_->open(QStringLiteral("tracker:backend"));
     }
@@ -70,6 +71,26 @@ TEST_F(BackendJobTest, AFindingIsReadWithBothItsStatesAndCopied) {
                      [&](const QString& link) { opened = link; });
     press(Qt::Key_Return);
     EXPECT_TRUE(opened.endsWith("siri-1.0.plist")) << opened.toStdString();
+}
+
+TEST_F(BackendJobTest, FindingsAreNewUntilThePageIsLeftAndStandBesideTheStoriesOfTheirHour) {
+    const auto member = [&](int row, const char* name) {
+        const auto roles = page().rows()->roleNames();
+        return page().rows()->index(row, 0).data(roles.key(name));
+    };
+    ASSERT_TRUE(until([&] { return page().rows()->rowCount() == 2; }));
+    EXPECT_TRUE(member(0, "isNew").toBool());
+    EXPECT_TRUE(member(1, "isNew").toBool());
+    EXPECT_TRUE(page().countText().startsWith("2 new")) << page().countText().toStdString();
+    ASSERT_EQ(page().wire()->rowCount(), 1) << page().wireSentence().toStdString();
+    const auto roles = page().wire()->roleNames();
+    EXPECT_EQ(page().wire()->index(0, 0).data(roles.key("title")).toString(),
+              "Apple blocks home pages in robots.txt");
+    EXPECT_EQ(page().wireSentence(), "The desk saw it 15 min before the first story.");
+    model_->open(QStringLiteral("wire"));
+    model_->open(QStringLiteral("tracker:backend"));
+    ASSERT_TRUE(until([&] { return page().rows()->rowCount() == 2; }));
+    EXPECT_FALSE(member(0, "isNew").toBool());
 }
 
 TEST_F(BackendJobTest, FindingsAreFilteredAndTheFilesListed) {
