@@ -9,7 +9,7 @@ Item {
     required property int index
     required property string group
     required property string headings
-    required property string markedText
+    required property var words
     required property int leftOutPlace
     required property string spokenText
 
@@ -18,10 +18,7 @@ Item {
     /// The part is to be compared again.
     signal compared
 
-    readonly property string marks: `<style>ins { color: ${Theme.green}; background-color: ${Theme.greenSoft}; }`
-        + `del { color: ${Theme.red}; background-color: ${Theme.redSoft}; }</style>`
-
-    implicitHeight: title.height + path.height + Math.max(words.height, again.visible ? again.height : 0) + Theme.space4
+    implicitHeight: title.height + path.height + Math.max(words.height, again.visible ? again.height : 0) + Theme.space4 + Theme.space2
     Accessible.role: Accessible.StaticText
     Accessible.name: spokenText
 
@@ -51,18 +48,15 @@ Item {
         text: line.headings
         Accessible.ignored: true
     }
-    DeskText {
+    MarkedWords {
         id: words
 
         x: Theme.rowText
         anchors.top: path.bottom
+        anchors.topMargin: Theme.space1
         width: (again.visible ? again.x - Theme.space2 : parent.width - x) - x
-        lines: PageSizes.sheetParagraphLines
-        type: DeskText.Reader
+        words: line.words
         color: line.leftOutPlace < 0 ? Theme.text1 : Theme.text2
-        textFormat: Text.RichText
-        text: line.marks + line.markedText
-        Accessible.ignored: true
     }
     DeskButton {
         id: again

@@ -8,6 +8,7 @@
 
 #include <QAbstractListModel>
 #include <QStringList>
+#include <QVariantList>
 
 #include "NewsroomKit/Panels/PagesContent.h"
 #include "Tarnwick_Brell/Desk/MainThreadQueue.h"
@@ -49,14 +50,14 @@ struct PageChangeLine {
     Q_GADGET
     Q_PROPERTY(QString group MEMBER group)
     Q_PROPERTY(QString headings MEMBER headings)
-    Q_PROPERTY(QString markedText MEMBER markedText)
+    Q_PROPERTY(QVariantList words MEMBER words)
     Q_PROPERTY(int leftOutPlace MEMBER leftOutPlace)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
 
 public:
     QString group{};        ///< above the first small edit, the first link, the first part left out
     QString headings{};     ///< under which it stands on the page
-    QString markedText{};   ///< rich text, with the elements ins and del
+    QVariantList words{};   ///< each with `text`, `isRemoved` and `isAdded`
     int leftOutPlace = -1;  ///< of a part that is left out, among them
     QString spokenText{};
 

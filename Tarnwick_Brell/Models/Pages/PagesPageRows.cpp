@@ -1,10 +1,10 @@
 #include "Tarnwick_Brell/Models/Pages/PagesPageRows.h"
 
-#include <algorithm>
 #include <utility>
 
 #include <QCoreApplication>
 #include <QStringList>
+#include <QVariantMap>
 
 #include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -21,6 +21,8 @@ struct PagesPageRows {
 constexpr int kLongestChange = 2'000;
 /// A redesign can change everything; the list is for reading.
 constexpr std::size_t kMostShownChanges = 300;
+/// Each is an item of its own.
+constexpr qsizetype kMostShownWords = 400;
 
 QString pageStateText(const kit::PageRow& row) {
     if (!row.problem.empty()) return titleText(row.problem, kLongestPageName);
@@ -29,29 +31,25 @@ QString pageStateText(const kit::PageRow& row) {
     return labelText(label(row.state));
 }
 
-QString markedRun(const kit::PageRun& run, int longest) {
-    const auto text = titleText(run.text, longest).toHtmlEscaped();
-    switch (run.kind) {
-        case kit::PageRun::Kind::removed: return QStringLiteral("<del>%1</del>").arg(text);
-        case kit::PageRun::Kind::added: return QStringLiteral("<ins>%1</ins>").arg(text);
-        case kit::PageRun::Kind::same: break;
+void addWords(QVariantList& words, const QString& text, kit::PageRun::Kind kind) {
+    for (const auto& word : text.split(u' ', Qt::SkipEmptyParts)) {
+        words << QVariantMap{{QStringLiteral("text"), word},
+                             {QStringLiteral("isRemoved"), kind == kit::PageRun::Kind::removed},
+                             {QStringLiteral("isAdded"), kind == kit::PageRun::Kind::added}};
     }
-    return text;
 }
 
-QString markedChange(const kit::PageChangeRow& change) {
-    if (change.runs.empty()) return titleText(change.sentence, kLongestChange).toHtmlEscaped();
-    QStringList parts;
-    int left = 2 * kLongestChange;
+QVariantList wordsOfChange(const kit::PageChangeRow& change) {
+    QVariantList words;
     for (const auto& run : change.runs) {
-        parts << markedRun(run, std::min(left, kLongestChange));
-        left -= static_cast<int>(std::min<std::size_t>(run.text.size(), kLongestChange));
-        if (left <= 0) {
-            parts << QStringLiteral("…");
-            break;
-        }
+        addWords(words, titleText(run.text, kLongestChange), run.kind);
+        if (words.size() < kMostShownWords) continue;
+        addWords(words, QStringLiteral("…"), kit::PageRun::Kind::same);
+        break;
     }
-    return parts.join(u' ');
+    if (change.runs.empty())
+        addWords(words, titleText(change.sentence, kLongestChange), kit::PageRun::Kind::same);
+    return words;
 }
 
 }  // namespace
@@ -85,7 +83,7 @@ void addChangeLines(std::vector<PageChangeLine>& lines,
         for (const auto& heading : change.headings) headings << titleText(heading);
         PageChangeLine line{.group = isFirst ? group : QString(),
                             .headings = headings.join(QStringLiteral(" › ")),
-                            .markedText = markedChange(change)};
+                            .words = wordsOfChange(change)};
         line.spokenText = spokenRow({line.group, titleText(change.sentence, kLongestChange)});
         lines.push_back(std::move(line));
         isFirst = false;
@@ -96,8 +94,8 @@ void addLeftOutLines(std::vector<PageChangeLine>& lines,
                      const std::vector<kit::VolatileBlock>& leftOut) {
     for (std::size_t place = 0; place < leftOut.size(); ++place) {
         const auto sample = titleText(leftOut[place].sample, kLongestPageName);
-        PageChangeLine line{.markedText = sample.toHtmlEscaped(),
-                            .leftOutPlace = static_cast<int>(place)};
+        PageChangeLine line{.leftOutPlace = static_cast<int>(place)};
+        addWords(line.words, sample, kit::PageRun::Kind::same);
         if (place == 0) line.group = PagesPageRows::tr("Left out, as it differs at each look");
         line.spokenText = spokenRow({PagesPageRows::tr("Left out: %1").arg(sample)});
         lines.push_back(std::move(line));
