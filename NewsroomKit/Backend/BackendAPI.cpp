@@ -1,6 +1,7 @@
 #include "NewsroomKit/Backend/BackendAPI.h"
 
 #include <utility>
+#include <variant>
 
 #include <fmt/format.h>
 
@@ -17,6 +18,13 @@ WatchedAnswer answerFrom(const WatchedFile& file, std::string body) {
     return answer;
 }
 
+Validators validatorsIn(const ResponseHeaders& headers) {
+    Validators validators;
+    if (const auto tag = headers.find("etag")) validators.entityTag = *tag;
+    if (const auto date = headers.find("last-modified")) validators.lastModified = *date;
+    return validators;
+}
+
 }  // namespace
 
 WatchedAnswer BackendAPI::parse(std::string_view body) {
@@ -24,14 +32,23 @@ WatchedAnswer BackendAPI::parse(std::string_view body) {
 }
 
 boost::asio::awaitable<FetchedFile<WatchedAnswer>> BackendAPI::file(HTTPClient& http,
-                                                                    const WatchedFile& file) {
-    HTTPClient::Request request{.url = std::string(file.address), .byteLimit = kByteLimit};
-    auto fetched = co_await fetchBody(http, std::move(request));
-    if (!fetched.body) {
-        co_return FetchedFile<WatchedAnswer>{.value = fetched.body.error(),
-                                             .retryAfter = fetched.record.retryAfter};
+                                                                    const WatchedFile& file,
+                                                                    Validators known) {
+    using Kind = HTTPClientError::Kind;
+    HTTPClient::Request request{
+        .url = std::string(file.address), .validators = known, .byteLimit = kByteLimit};
+    auto exchange = co_await http.exchange(std::move(request));
+    if (!exchange.result) {
+        co_return FetchedFile<WatchedAnswer>{.value = exchange.result.error(),
+                                             .retryAfter = exchange.record.retryAfter};
     }
-    auto answer = answerFrom(file, std::move(fetched.body).value());
+    auto* fresh = std::get_if<HTTPClient::Fresh>(&exchange.result.value());
+    if (!fresh && known == Validators{})
+        co_return FetchedFile<WatchedAnswer>{.value =
+                                                 FetchError(HTTPClientError{.kind = Kind::empty})};
+    if (!fresh) co_return FetchedFile<WatchedAnswer>{.value = WatchedAnswer(), .isUnchanged = true};
+    auto answer = answerFrom(file, std::move(fresh->body));
+    answer.validators = validatorsIn(exchange.headers);
     auto copy = json::serialize(encode(answer));
     co_return FetchedFile<WatchedAnswer>{.value = std::move(answer), .body = std::move(copy)};
 }

@@ -17,6 +17,7 @@ struct WatchedAnswer {
     std::int64_t bytes = 0;
     std::shared_ptr<const std::string> body{};  ///< as sent; null in the cached copy
     std::shared_ptr<const std::vector<WatchedRecord>> records{};
+    Validators validators{};
 
     bool operator==(const WatchedAnswer&) const = default;
 };
@@ -34,10 +35,12 @@ struct BackendAPI {
     /// The cached copy. Throws RecordError.
     static WatchedAnswer parse(std::string_view body);
 
-    /// Its body is the copy for the cache. Both arguments must outlive the coroutine. Throws
-    /// RecordError when the file can't be read.
+    /// Its body is the copy for the cache. `known` are the validators of the answer that the
+    /// caller has, if it wants none that is the same. The client and the file must outlive the
+    /// coroutine. Throws RecordError when the file can't be read.
     static boost::asio::awaitable<FetchedFile<WatchedAnswer>> file(HTTPClient& http,
-                                                                   const WatchedFile& file);
+                                                                   const WatchedFile& file,
+                                                                   Validators known);
 };
 
 }  // namespace kit

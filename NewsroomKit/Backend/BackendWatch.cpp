@@ -293,4 +293,14 @@ WatchPoll pollWatchedFile(const WatchedFile& file, WatchState state, Records lat
     return poll;
 }
 
+bool mayBeConditional(const WatchState& state) {
+    return state.polls > 0 && state.rules == kReadingRules && state.pending.empty();
+}
+
+WatchState unchangedAt(Instant now, WatchState state) {
+    if (++state.polls == kLearningPolls) state.changes.clear();
+    state.pollBefore = std::exchange(state.lastPoll, now);
+    return state;
+}
+
 }  // namespace kit

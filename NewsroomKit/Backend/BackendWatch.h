@@ -39,6 +39,8 @@ struct WatchState {
     std::vector<KnownState> states{};               ///< the latest last
     std::vector<std::string> identifiers{};         ///< of all devices ever named; sorted
     bool isReturnTold = false;                      ///< since a state came that was not known
+    std::optional<std::string> entityTag{};         ///< of the last answer
+    std::optional<std::string> lastModified{};
 
     bool operator==(const WatchState&) const = default;
 };
@@ -70,6 +72,8 @@ struct JSONFields<WatchState> {
         field("states", &WatchState::states),
         field("identifiers", &WatchState::identifiers),
         field("isReturnTold", &WatchState::isReturnTold),
+        field("entityTag", &WatchState::entityTag),
+        field("lastModified", &WatchState::lastModified),
     };
 };
 
@@ -83,5 +87,12 @@ struct WatchPoll {
 /// one after the rules of reading have changed.
 WatchPoll pollWatchedFile(const WatchedFile& file, WatchState state,
                           std::vector<WatchedRecord> latest, Instant now);
+
+/// Whether the next poll may be answered with "not modified": not while a change waits to be
+/// confirmed, since a cache that repeats itself confirms nothing.
+bool mayBeConditional(const WatchState& state);
+
+/// The state after a poll that was answered so.
+WatchState unchangedAt(Instant now, WatchState state);
 
 }  // namespace kit

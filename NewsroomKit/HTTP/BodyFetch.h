@@ -19,7 +19,7 @@ struct FetchedBody {
 };
 
 /// Fetches a body unparsed, for callers that store it and parse it later. The request is never
-/// conditional: tracked files are small, and the last good copy may be gone.
+/// conditional: most tracked files are small, and the last good copy may be gone.
 boost::asio::awaitable<FetchedBody> fetchBody(HTTPClient& http, HTTPClient::Request request);
 
 /// The parsed answer of a service, with its body for callers who cache it.
@@ -28,6 +28,9 @@ struct FetchedFile {
     FetchResult<T> value;
     std::string body{};                                ///< empty when there is no value
     std::optional<std::chrono::seconds> retryAfter{};  ///< the pause that the server asks for
+    /// The server says that the caller has the answer already. There is no body then, and no
+    /// meaning in the value.
+    bool isUnchanged = false;
 };
 
 /// Throws what `parse` throws when the body is not what it should be.

@@ -175,13 +175,10 @@ TransportRequest HTTPClient::transportRequest(const Request& request) const {
         wanted.headers.push_back(kContentType + inOneLine(request.contentType));
         return wanted;
     }
-    if (request.conditional == Conditional::yes) {
-        const auto known = validators_.find(request.url);
-        if (known.entityTag) wanted.headers.push_back("If-None-Match: " + *known.entityTag);
-        if (known.lastModified) {
-            wanted.headers.push_back("If-Modified-Since: " + *known.lastModified);
-        }
-    }
+    const auto known = request.conditional == Conditional::yes ? validators_.find(request.url)
+                                                               : sendable(request.validators);
+    if (known.entityTag) wanted.headers.push_back("If-None-Match: " + *known.entityTag);
+    if (known.lastModified) wanted.headers.push_back("If-Modified-Since: " + *known.lastModified);
     return wanted;
 }
 

@@ -55,6 +55,9 @@ public:
         /// The value of the Authorization header, which stays with the origin; empty for none.
         std::string authorization = {};
         Conditional conditional = Conditional::no;
+        /// Of the answer that the caller holds, for a request that isn't conditional by the
+        /// client's own table.
+        Validators validators = {};
         std::size_t byteLimit = 0;  ///< of the answer's body
         NamedBy namedBy = NamedBy::user;
         /// Replaces the configuration's. Control characters are removed.

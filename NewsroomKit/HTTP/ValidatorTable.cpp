@@ -16,12 +16,13 @@ void dropUnlessSendable(std::optional<std::string>& text) {
     }
 }
 
-void dropUnlessSendable(Validators& validators) {
+}  // namespace
+
+Validators sendable(Validators validators) {
     dropUnlessSendable(validators.entityTag);
     dropUnlessSendable(validators.lastModified);
+    return validators;
 }
-
-}  // namespace
 
 Validators ValidatorTable::find(const std::string& url) const {
     const std::lock_guard lock(mutex_);
@@ -30,7 +31,7 @@ Validators ValidatorTable::find(const std::string& url) const {
 }
 
 void ValidatorTable::store(const std::string& url, Validators validators) {
-    dropUnlessSendable(validators);
+    validators = sendable(std::move(validators));
     const std::lock_guard lock(mutex_);
     if (validators == Validators{}) {
         entries_.erase(url);
@@ -50,7 +51,7 @@ ValidatorTable::Entries ValidatorTable::entries() const {
 }
 
 void ValidatorTable::replace(Entries entries) {
-    for (auto& [url, validators] : entries) dropUnlessSendable(validators);
+    for (auto& [url, validators] : entries) validators = sendable(std::move(validators));
     std::erase_if(entries, [](const auto& entry) { return entry.second == Validators{}; });
     const std::lock_guard lock(mutex_);
     entries_ = std::move(entries);

@@ -15,6 +15,10 @@ struct Validators {
     bool operator==(const Validators&) const = default;
 };
 
+/// Without a value that is too long for a header, or would start another one: servers are not
+/// trusted with it, nor is the file that it was stored in.
+Validators sendable(Validators validators);
+
 /// The validators of each address. Thread-safe.
 class ValidatorTable {
 public:
@@ -22,8 +26,8 @@ public:
 
     Validators find(const std::string& url) const;
 
-    /// Replaces the pair as a whole, so that a tag never outlives its date. A value that is too
-    /// long for a header, or would start another one, is left out.
+    /// Replaces the pair as a whole, so that a tag never outlives its date. What isn't sendable
+    /// is left out.
     void store(const std::string& url, Validators validators);
 
     void forget(const std::string& url);

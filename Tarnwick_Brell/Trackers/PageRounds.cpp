@@ -143,15 +143,9 @@ asio::awaitable<VisitedPage> PageRounds::visit(FollowedPage page) {
     }
     co_await leaveHostAlone(page.address);
     const auto state = fetcher_.store().pages().state(page.address).value_or(kit::PageWatchState());
-    auto& http = fetcher_.http();
     HTTPClient::Request request{.url = page.address, .byteLimit = kit::longestPage};
-    if (mayBeConditional(state)) {
-        request.conditional = kit::Conditional::yes;
-        http.validators().store(page.address, {state.entityTag, state.lastModified});
-    }
-    const auto exchange = co_await http.exchange(std::move(request));
-    // The table is for feeds, and is stored as a whole.
-    http.validators().forget(page.address);
+    if (mayBeConditional(state)) request.validators = {state.entityTag, state.lastModified};
+    const auto exchange = co_await fetcher_.http().exchange(std::move(request));
     if (exchange.record.retryAfter) fetcher_.backOff(page.address, *exchange.record.retryAfter);
     if (!exchange.result && isOurFault(exchange.result.error())) {
         visited.reason = exchange.result.error().description();

@@ -19,31 +19,57 @@ void recordPoll(LocalStore& store, const WatchedFile& file, const WatchedAnswer&
                 kit::Instant now) {
     if (!answer.records || !answer.body) return;
     auto& history = store.findings();
-    const auto poll = kit::pollWatchedFile(file, history.watch(file.id).value_or(kit::WatchState()),
-                                           *answer.records, now);
+    auto poll = kit::pollWatchedFile(file, history.watch(file.id).value_or(kit::WatchState()),
+                                     *answer.records, now);
+    poll.state.entityTag = answer.validators.entityTag;
+    poll.state.lastModified = answer.validators.lastModified;
     history.add(file.id, poll, *answer.body);
     store.signalLog().add(kit::signalsOf(poll.findings));
+}
+
+kit::Validators validatorsOfLast(LocalStore& store, const WatchedFile& file) {
+    const auto state = store.findings().watch(file.id);
+    if (!state || !kit::mayBeConditional(*state)) return {};
+    return {state->entityTag, state->lastModified};
+}
+
+void recordUnchanged(LocalStore& store, const WatchedFile& file, kit::Instant now) {
+    auto& history = store.findings();
+    if (auto state = history.watch(file.id))
+        history.setWatch(file.id, kit::unchangedAt(now, std::move(*state)));
+}
+
+ConditionalFetch<WatchedAnswer> conditionalFetch(const WatchedFile& file) {
+    return {.validators = [&file](LocalStore& store) { return validatorsOfLast(store, file); },
+            .fetch =
+                [&file](kit::HTTPClient& http, kit::Validators known) {
+                    return kit::BackendAPI::file(http, file, std::move(known));
+                },
+            .recordUnchanged = [&file](LocalStore& store,
+                                       kit::Instant now) { recordUnchanged(store, file, now); }};
 }
 
 }  // namespace
 
 TrackedFile<WatchedAnswer> backendFile(const WatchedFile& file) {
-    return {.tracker = Tracker::backend,
-            .name = "backend/" + std::string(file.id),
-            .title = std::string(file.name),
-            .address = std::string(file.address),
-            .fetch = [&file](kit::HTTPClient& http) { return kit::BackendAPI::file(http, file); },
-            .parse = kit::BackendAPI::parse,
-            .emptyAnswer = EmptyAnswer::refusedAfterItems,
-            .isEmpty = [](const WatchedAnswer& answer) { return answer.entries == 0; },
-            .notFoundText = "Apple no longer has this file.",
-            .untrustedHint = file.source == kit::WatchedSource::gdmf
-                                 ? TrackedFiles::catalogueAuthorityHint()
-                                 : std::string(),
-            .leastInterval = file.interval - kIntervalSlack,
-            .pausesWhenForbidden = true,
-            .record = [&file](LocalStore& store, const auto&, const auto& answer,
-                              kit::Instant now) { recordPoll(store, file, answer, now); }};
+    return {
+        .tracker = Tracker::backend,
+        .name = "backend/" + std::string(file.id),
+        .title = std::string(file.name),
+        .address = std::string(file.address),
+        .fetch = [&file](kit::HTTPClient& http) { return kit::BackendAPI::file(http, file, {}); },
+        .parse = kit::BackendAPI::parse,
+        .conditional = conditionalFetch(file),
+        .emptyAnswer = EmptyAnswer::refusedAfterItems,
+        .isEmpty = [](const WatchedAnswer& answer) { return answer.entries == 0; },
+        .notFoundText = "Apple no longer has this file.",
+        .untrustedHint = file.source == kit::WatchedSource::gdmf
+                             ? TrackedFiles::catalogueAuthorityHint()
+                             : std::string(),
+        .leastInterval = file.interval - kIntervalSlack,
+        .pausesWhenForbidden = true,
+        .record = [&file](LocalStore& store, const auto&, const auto& answer,
+                          kit::Instant now) { recordPoll(store, file, answer, now); }};
 }
 
 std::vector<TrackedFile<WatchedAnswer>> backendFiles() {

@@ -8,6 +8,7 @@
 
 #include <boost/asio/awaitable.hpp>
 
+#include "NewsroomKit/HTTP/ValidatorTable.h"
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Trackers/Tracker.h"
 
@@ -34,6 +35,17 @@ struct ServerRefusal {
     std::chrono::seconds pause{0};
 };
 
+/// How a file is asked for by those who have its last answer.
+template <class T>
+struct ConditionalFetch {
+    /// Of the last answer; none when a full answer is wanted.
+    std::function<kit::Validators(LocalStore&)> validators{};
+    std::function<boost::asio::awaitable<kit::FetchedFile<T>>(kit::HTTPClient&, kit::Validators)>
+        fetch{};
+    /// Records that the last answer still holds, within a transaction.
+    std::function<void(LocalStore&, kit::Instant now)> recordUnchanged{};
+};
+
 /// One file that the desk tracks: where it comes from, how it is read and how far its answers are
 /// trusted. TrackedFiles has the rows.
 template <class T>
@@ -44,6 +56,8 @@ struct TrackedFile {
     std::string address;  ///< its host is not asked while it wants a pause
     std::function<boost::asio::awaitable<kit::FetchedFile<T>>(kit::HTTPClient&)> fetch;
     T (*parse)(std::string_view body);  ///< for the cached copy
+    /// Takes the place of `fetch` once there is a copy.
+    std::optional<ConditionalFetch<T>> conditional{};
 
     EmptyAnswer emptyAnswer = EmptyAnswer::accepted;
     bool (*isEmpty)(const T&) = nullptr;  ///< needed unless empty answers are accepted

@@ -28,6 +28,12 @@ public:
         return parsed(file, file.name);
     }
 
+    /// The latest answer still holds. Call it within a transaction.
+    template <class T>
+    void confirm(const TrackedFile<T>& file, kit::Instant now) {
+        copies_.setHealth(file.name, {.lastAttempt = now, .lastSuccess = now});
+    }
+
     /// Replaces the latest answer, and clears the errors. Call it within a transaction.
     template <class T>
     void store(const TrackedFile<T>& file, const std::string& body, const T& value,
@@ -80,7 +86,7 @@ void TrackerCache::store(const TrackedFile<T>& file, const std::string& body, co
         copies_.drop(previousName(file.name));
     }
     copies_.store(file.name, {body, now});
-    copies_.setHealth(file.name, {.lastAttempt = now, .lastSuccess = now});
+    confirm(file, now);
 }
 
 }  // namespace app

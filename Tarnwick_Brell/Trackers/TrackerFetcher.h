@@ -37,6 +37,10 @@ public:
 
 private:
     template <class T>
+    boost::asio::awaitable<kit::FetchedFile<T>> ask(const TrackedFile<T>& file);
+    template <class T>
+    kit::CachedValue<T> unchanged(const TrackedFile<T>& file);
+    template <class T>
     kit::CachedValue<T> accept(const TrackedFile<T>& file, const kit::FetchedFile<T>& fetched);
     template <class T>
     bool isRefusedAsEmpty(const TrackedFile<T>& file, const T& value);
@@ -76,10 +80,11 @@ boost::asio::awaitable<kit::CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T>
     if (wasAskedWithin(file.name, file.leastInterval)) co_return cache_.read(file);
     std::optional<kit::FetchedFile<T>> fetched;
     try {
-        fetched = co_await file.fetch(http_);
+        fetched = co_await ask(file);
     } catch (const kit::RecordError& error) {
         co_return failed(file, kit::unreadableAnswer(error));
     }
+    if (fetched->isUnchanged) co_return unchanged(file);
     if (fetched->value) {
         auto cached = accept(file, *fetched);
         if (file.complete && !cached.error) {
@@ -100,6 +105,23 @@ boost::asio::awaitable<kit::CachedValue<T>> TrackerFetcher::fetch(TrackedFile<T>
         co_return notAsked(file, file.refusedText);
     }
     co_return failed(file, failureText(error, file.notFoundText, file.untrustedHint));
+}
+
+template <class T>
+boost::asio::awaitable<kit::FetchedFile<T>> TrackerFetcher::ask(const TrackedFile<T>& file) {
+    const bool isKnown = file.conditional && cache_.latest(file);
+    if (!isKnown) co_return co_await file.fetch(http_);
+    co_return co_await file.conditional->fetch(http_, file.conditional->validators(store_));
+}
+
+template <class T>
+kit::CachedValue<T> TrackerFetcher::unchanged(const TrackedFile<T>& file) {
+    const auto now = clock_();
+    auto transaction = store_.transaction();
+    cache_.confirm(file, now);
+    file.conditional->recordUnchanged(store_, now);
+    transaction.commit();
+    return cache_.read(file);
 }
 
 template <class T>

@@ -75,6 +75,13 @@ void FindingHistory::add(std::string_view file, const kit::WatchPoll& poll,
     put.run();
 }
 
+void FindingHistory::setWatch(std::string_view file, const kit::WatchState& state) {
+    const auto bytes = compressed(boost::json::serialize(kit::encode(state)));
+    Statement put(database_, "UPDATE backendWatches SET state = ? WHERE file = ?");
+    put.bindBytes(0, bytes).bind(1, file);
+    put.run();
+}
+
 std::optional<std::int64_t> FindingHistory::keepState(std::string_view file,
                                                       std::string_view bytes) {
     if (bytes.empty()) return std::nullopt;

@@ -36,6 +36,10 @@ public:
     /// transaction.
     void add(std::string_view file, const kit::WatchPoll& poll, const std::string& body);
 
+    /// Stores what the watch remembers after a poll that brought no new answer. Call it within a
+    /// transaction.
+    void setWatch(std::string_view file, const kit::WatchState& state);
+
     /// The last found first; of one file unless `file` is empty.
     std::vector<StoredFinding> newest(std::size_t most, std::string_view file = {},
                                       std::optional<kit::Instant> since = {});

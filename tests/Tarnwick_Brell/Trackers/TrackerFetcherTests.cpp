@@ -9,6 +9,7 @@
 #include <boost/asio/post.hpp>
 
 #include "NewsroomKit/Trackers/TrackerAPI.h"
+#include "Tarnwick_Brell/Trackers/TrackedBackend.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 #include "Tarnwick_Brell/Trackers/TrackerFetcher.h"
 #include "tests/support/TestServer.h"
@@ -392,6 +393,37 @@ TEST_F(TrackerFetcherTest, OnlyAWholeAnswerEndsAnIncident) {
     EXPECT_EQ(answer({.body = without}), now_) << "a service that is gone for good";
     EXPECT_FALSE(answer({.body = statusBody("Mail! Maps")}));
     EXPECT_EQ(answer({.body = body}), now_);
+}
+
+TEST_F(TrackerFetcherTest, AWatchedFileIsAskedForAgainOnlyIfItHasChangedUnlessAChangeWaits) {
+    const auto file = backendFile(*kit::watchedFile("robots"));
+    const std::string host = "www.apple.com", target = "/robots.txt";
+    const auto poll = [&](Response answer) {
+        now_ += std::chrono::minutes(31);
+        serve(host, target, std::move(answer));
+        const auto cached = fetch(file);
+        const auto asked = harness_.script.requests(host, target).back().header("if-none-match");
+        return std::string(asked.value_or("-")) + " " + cached.error.value_or("good") + " " +
+               std::to_string(cached.value ? cached.value->entries : 0) +
+               (cached.fetchedAt == now_ ? "" : " (old)");
+    };
+    const auto robots = [](const std::string& paths, const std::string& tag) {
+        return Response{.headers = {{"ETag", tag}}, .body = "User-agent: *\nDisallow: /" + paths};
+    };
+    EXPECT_EQ(poll(robots("a", "\"1\"")), "- good 1");
+    EXPECT_EQ(poll({.status = 304}), "\"1\" good 1");
+    EXPECT_EQ(poll({.status = 304}), "\"1\" good 1");
+    const auto lastSeenWithout = now_;
+    EXPECT_EQ(poll(robots("a\nDisallow: /b", "\"2\"")), "\"1\" good 2");
+    EXPECT_EQ(poll({.status = 304}), "- robots.txt of apple.com: The server sent nothing. 2 (old)")
+        << "nobody asked for less than the file";
+    EXPECT_EQ(poll(robots("a\nDisallow: /b", "\"2\"")), "- good 2");
+    const auto found = store_.findings().newest(9);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].finding.notSeenAt, lastSeenWithout);
+    EXPECT_TRUE(found[0].before && found[0].after) << "both states";
+    EXPECT_EQ(poll({.status = 304}), "\"2\" good 2");
+    EXPECT_EQ(store_.findings().newest(9).size(), 1U);
 }
 
 }  // namespace
