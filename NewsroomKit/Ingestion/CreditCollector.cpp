@@ -12,6 +12,21 @@ namespace kit {
 
 namespace {
 
+/// A link that nothing explains may be the source of an item that cites nobody and links to no
+/// other outlet. Otherwise it is for further reading. Apple's announcements stay.
+template <class Row, class CreditOf>
+void dropBackground(std::vector<Row>& rows, CreditOf creditOf) {
+    const auto isPlain = [&](const Row& row) {
+        return !creditOf(row).detail && creditOf(row).kind != SourceCredit::Kind::apple;
+    };
+    const auto first = std::ranges::find_if(rows, isPlain);
+    const bool isOnlySource = std::ranges::all_of(rows, [&](const Row& row) {
+        return !creditOf(row).detail &&
+               (!isPlain(row) || creditOf(row).name == creditOf(*first).name);
+    });
+    if (!isOnlySource) std::erase_if(rows, isPlain);
+}
+
 std::string_view withoutWWW(std::string_view host) {
     return host.starts_with("www.") ? host.substr(4) : host;
 }
@@ -123,7 +138,8 @@ void CreditCollector::add(SourceCredit credit) {
 }
 
 std::vector<SourceCredit> CreditCollector::credits() && {
-    dropBackground();
+    dropBackground(
+        rows_, [](const Row& row) -> auto& { return row.credit; });
     std::stable_sort(rows_.begin(), rows_.end(),
                      [](const Row& a, const Row& b) { return a.place < b.place; });
     std::vector<SourceCredit> credits;
@@ -131,17 +147,23 @@ std::vector<SourceCredit> CreditCollector::credits() && {
     return credits;
 }
 
-/// A link that nothing explains may be the source of an item that cites nobody and links to no
-/// other outlet. Otherwise it is for further reading. Apple's announcements stay.
-void CreditCollector::dropBackground() {
-    const auto isPlain = [](const Row& row) {
-        return !row.credit.detail && row.credit.kind != SourceCredit::Kind::apple;
-    };
-    const auto first = std::find_if(rows_.begin(), rows_.end(), isPlain);
-    const bool isOnlySource = std::all_of(rows_.begin(), rows_.end(), [&](const Row& row) {
-        return !row.credit.detail && (!isPlain(row) || row.credit.name == first->credit.name);
-    });
-    if (!isOnlySource) std::erase_if(rows_, isPlain);
+std::vector<SourceCredit> joinedCredits(std::vector<SourceCredit> ofFeed,
+                                        const std::vector<SourceCredit>& ofPage) {
+    auto credits = std::move(ofFeed);
+    for (const auto& credit : ofPage) {
+        const auto known = std::ranges::find_if(credits, [&](const SourceCredit& other) {
+            return other.kind == credit.kind && equalIgnoringCase(other.name, credit.name);
+        });
+        if (known == credits.end()) {
+            if (credits.size() < kCreditLimit) credits.push_back(credit);
+            continue;
+        }
+        if (!known->url) known->url = credit.url;
+        if (!known->detail) known->detail = credit.detail;
+    }
+    dropBackground(
+        credits, [](const SourceCredit& credit) -> auto& { return credit; });
+    return credits;
 }
 
 }  // namespace kit

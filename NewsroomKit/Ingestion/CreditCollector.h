@@ -45,7 +45,6 @@ private:
     };
 
     void add(SourceCredit credit);
-    void dropBackground();
 
     std::string_view sourceName_;
     std::string siteHost_;

@@ -23,6 +23,11 @@ namespace kit {
 std::vector<SourceCredit> extractCredits(std::string_view contentHTML, std::string_view summaryHTML,
                                          std::string_view siteURL, std::string_view sourceName);
 
+/// The credits of a feed's entry and of its page as one list, the feed's first: each once, and
+/// background only where neither cites anybody.
+std::vector<SourceCredit> joinedCredits(std::vector<SourceCredit> ofFeed,
+                                        const std::vector<SourceCredit>& ofPage);
+
 inline constexpr std::size_t kCreditLimit = 24;
 
 }  // namespace kit

@@ -7,7 +7,6 @@
 #include <fmt/format.h>
 
 #include "NewsroomKit/Addresses/URLRedaction.h"
-#include "NewsroomKit/Ingestion/CreditExtraction.h"
 #include "NewsroomKit/Pages/ArticleText.h"
 #include "NewsroomKit/Pages/PageDiff.h"
 #include "NewsroomKit/Stories/StoryJSON.h"
@@ -45,12 +44,15 @@ kit::Article fetchedArticle(kit::CurlTransport::Options network, const std::stri
     return std::move(*fetched.article);
 }
 
-std::vector<kit::SourceCredit> creditsIn(Session& session, const kit::Story& story,
-                                         const kit::Article& article) {
+std::string siteOf(Session& session, const kit::Story& story) {
     const app::SourceRegistry registry(session.storeForReading().sources());
     const auto* source = registry.find(story.sourceID);
-    return kit::extractCredits(kit::articleHTML(article), "", source ? source->siteURL : story.link,
-                               story.sourceName);
+    return source ? source->siteURL : std::string();
+}
+
+std::vector<kit::SourceCredit> creditsIn(Session& session, const kit::Story& story,
+                                         const kit::Article& article) {
+    return app::creditsIn(article, story, siteOf(session, story));
 }
 
 void printBlock(Output& out, const PageBlock& block) {
@@ -141,10 +143,9 @@ StoredArticle articleOf(Session& session, const TextOptions& options, const kit:
     }
     const auto address = story.articleLink.value_or(story.link);
     const auto article = fetchedArticle(std::move(*network), address);
+    const auto site = siteOf(session, story);
     return session.storing([&](app::LocalStore& store) {
-        auto transaction = store.transaction();
-        store.articles().put(story.id, address, article, session.now());
-        transaction.commit();
+        app::storeArticle(store, story, site, article, session.now());
         return store.articles().find(story.id).value();
     });
 }

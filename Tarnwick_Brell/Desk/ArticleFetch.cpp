@@ -5,6 +5,8 @@
 #include <variant>
 
 #include "NewsroomKit/HTTP/HTTPClient.h"
+#include "NewsroomKit/Ingestion/CreditExtraction.h"
+#include "Tarnwick_Brell/Storage/LocalStore.h"
 
 namespace app {
 
@@ -44,6 +46,27 @@ boost::asio::awaitable<FetchedArticle> fetchArticle(kit::HTTPClient& http, std::
         fetched.failure = kit::description(article.error());
     }
     co_return fetched;
+}
+
+std::vector<kit::SourceCredit> creditsIn(const kit::Article& article, const kit::Story& story,
+                                         std::string_view siteURL) {
+    return kit::extractCredits(kit::articleHTML(article), "",
+                               siteURL.empty() ? std::string_view(story.link) : siteURL,
+                               story.sourceName);
+}
+
+std::optional<CommittedBatch> storeArticle(LocalStore& store, const kit::Story& story,
+                                           std::string_view siteURL, const kit::Article& article,
+                                           kit::Instant now) {
+    auto transaction = store.transaction();
+    store.articles().put(story.id, story.articleLink.value_or(story.link), article, now);
+    CommittedBatch batch{.stamp = store.state().nextStamp()};
+    auto revised =
+        store.stories().addCredits(story.id, creditsIn(article, story, siteURL), *batch.stamp);
+    transaction.commit();
+    if (!revised) return std::nullopt;
+    batch.revised.push_back(std::move(*revised));
+    return batch;
 }
 
 }  // namespace app

@@ -60,6 +60,10 @@ NewsDesk::~NewsDesk() = default;
 
 DeskWorker& NewsDesk::worker() { return jobs_->worker(); }
 
+void NewsDesk::deliver(CommittedBatch batch) {
+    jobs_->deliver(jobs_->updates().committed(std::move(batch)));
+}
+
 // Loading and following the library.
 
 void NewsDesk::start() {

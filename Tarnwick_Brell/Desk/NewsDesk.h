@@ -67,6 +67,8 @@ public:
 
     /// For the other stores, which share its library and its network.
     DeskWorker& worker();
+    /// On the worker's thread: follows what another store has changed in stories.
+    void deliver(CommittedBatch batch);
 
     // What is observed.
     const std::vector<kit::NewsSource>& sources() const { return sources_->sources(); }

@@ -25,9 +25,9 @@ class Text(unittest.TestCase):
         self.desk = Desk(room.network)
         self.addCleanup(self.desk.close)
         self.desk.run("sources", "add", "https://files.press-room.example/feed.xml")
-        source = next(s["id"] for s in self.desk.json("sources") if "press-room" in s["feedURL"])
-        self.desk.run("refresh", "--source", source)
-        self.story = self.desk.json("wire", "--source", source)[0]["id"]
+        self.source = next(s["id"] for s in self.desk.json("sources") if "press-room" in s["feedURL"])
+        self.desk.run("refresh", "--source", self.source)
+        self.story = self.desk.json("wire", "--source", self.source)[0]["id"]
 
     def write(self, weeks, head=""):
         (self.folder / "pears.html").write_text(
@@ -44,6 +44,8 @@ class Text(unittest.TestCase):
         self.assertEqual([link["url"] for link in text["links"]], ["https://www.macrumors.com/2026/11/01/spring/"])
         self.assertEqual([credit["name"] for credit in text["credits"]], ["MacRumors"])
         self.assertFalse(text["paywalled"])
+        self.desk.run("refresh", "--source", self.source)
+        self.assertEqual([credit["name"] for credit in self.desk.json("story", self.story)["credits"]], ["MacRumors"])
         (self.folder / "pears.html").unlink()
         self.assertEqual(self.desk.json("text", self.story, "--stored"), text)
         self.desk.run("text", self.story, status=1)

@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/Models/Stories/ArticleModel.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 #include <vector>
@@ -53,6 +54,13 @@ QString changeSentences(const StoredArticle& stored) {
     return sentences.join(u'\n');
 }
 
+/// Of the story's source; empty when the user has removed it.
+std::string siteOf(const NewsDesk& desk, const std::string& sourceID) {
+    const auto& sources = desk.sources();
+    const auto source = std::ranges::find(sources, sourceID, &kit::NewsSource::id);
+    return source == sources.end() ? std::string() : source->siteURL;
+}
+
 }  // namespace
 
 ArticleModel::ArticleModel(NewsDesk& desk, kit::Clock clock, QObject* parent)
@@ -65,10 +73,9 @@ ArticleModel::ArticleModel(NewsDesk& desk, kit::Clock clock, QObject* parent)
 ArticleModel::~ArticleModel() { queue_->close(); }
 
 void ArticleModel::toggle(const kit::Story& story) {
-    if (storyID_ == story.id && state_ == Ready) return clear();
-    if (storyID_ == story.id && state_ == Running) return;
-    storyID_ = story.id;
-    address_ = story.articleLink.value_or(story.link);
+    if (story_.id == story.id && state_ == Ready) return clear();
+    if (story_.id == story.id && state_ == Running) return;
+    story_ = story;
     start();
 }
 
@@ -100,19 +107,20 @@ void ArticleModel::start() {
             if (turn == turn_) show(stored, failure);
         });
     };
-    auto job = [id = storyID_, address = address_, clock = clock_,
+    auto job = [story = story_, site = siteOf(desk_, story_.sourceID), clock = clock_,
+                desk = &desk_,
                 send](DeskWorker::WorkerContext& context) -> boost::asio::awaitable<void> {
-        auto stored = context.store.articles().find(id);
+        auto stored = context.store.articles().find(story.id);
         if (stored && clock() - stored->fetchedAt < kFreshArticle && stored->fetchedAt <= clock()) {
             send(std::move(stored), {});
             co_return;
         }
-        auto fetched = co_await fetchArticle(context.stack.http(), address);
+        auto fetched =
+            co_await fetchArticle(context.stack.http(), story.articleLink.value_or(story.link));
         if (fetched.article) {
-            auto transaction = context.store.transaction();
-            context.store.articles().put(id, address, *fetched.article, clock());
-            transaction.commit();
-            stored = context.store.articles().find(id);
+            auto revised = storeArticle(context.store, story, site, *fetched.article, clock());
+            if (revised) desk->deliver(std::move(*revised));
+            stored = context.store.articles().find(story.id);
         }
         send(std::move(stored), fetched.failure);
     };

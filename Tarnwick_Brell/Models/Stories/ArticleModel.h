@@ -82,8 +82,7 @@ private:
     NewsDesk& desk_;
     kit::Clock clock_;
     State state_ = Idle;
-    std::string storyID_;
-    std::string address_;
+    kit::Story story_;
     QString title_;
     QString notice_;
     QString text_;

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "NewsroomKit/Stories/StoryJSON.h"
+#include "NewsroomKit/Ingestion/CreditExtraction.h"
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryTable.h"
@@ -56,10 +56,6 @@ constexpr std::string_view kTrimWordings =
     "DELETE FROM wordings WHERE number = ?1 AND title IN (SELECT title FROM wordings "
     "WHERE number = ?1 ORDER BY replacedAt LIMIT 1 OFFSET 1) "
     "AND (SELECT count(*) FROM wordings WHERE number = ?1) > ?2";
-
-std::string creditsText(const Story& story) {
-    return story.credits.empty() ? "[]" : boost::json::serialize(kit::encode(story.credits));
-}
 
 void bindStory(Statement& statement, const Story& story, const std::string& credits) {
     statement.bind(0, story.id).bind(1, story.link).bind(2, story.title).bind(3, story.summary);
@@ -118,7 +114,8 @@ StoryMerge::StoryMerge(Database& database, SearchIndex& index)
       revise_(database, kRevise),
       addWording_(database, kAddWording),
       trimWordings_(database, kTrimWordings),
-      pendingMarks_(database) {}
+      pendingMarks_(database),
+      articleCredits_(database) {}
 
 Merged StoryMerge::merge(std::span<const Story> stories, const Fetch& fetch, std::int64_t stamp) {
     Merged merged;
@@ -247,7 +244,7 @@ std::int64_t StoryMerge::freeNumber(const Story& story) {
 
 StoredStory StoryMerge::insert(const Story& story, const Fetch& fetch, Arrival arrival,
                                std::int64_t stamp) {
-    const auto credits = creditsText(story);
+    const auto credits = StoryTable::creditsText(story.credits);
     const auto number = freeNumber(story);
     bindStory(insert_, story, credits);
     insert_.bind(17, stamp).bind(18, number).bind(19, microseconds(fetch.seen));
@@ -265,7 +262,9 @@ StoredStory StoryMerge::insert(const Story& story, const Fetch& fetch, Arrival a
 
 std::optional<StoredStory> StoryMerge::revise(const Story& story, const Known& known,
                                               const Fetch& fetch, std::int64_t stamp) {
-    const auto credits = creditsText(story);
+    const auto ofPage = articleCredits_.find(story.id);
+    const auto credits = StoryTable::creditsText(
+        ofPage.empty() ? story.credits : kit::joinedCredits(story.credits, ofPage));
     bindStory(revise_, story, credits);
     revise_.bind(17, stamp).bind(18, known.number);
     revise_.run();

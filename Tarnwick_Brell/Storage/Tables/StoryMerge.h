@@ -11,6 +11,7 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "NewsroomKit/Stories/Story.h"
 #include "Tarnwick_Brell/Storage/SQLite/Database.h"
+#include "Tarnwick_Brell/Storage/Tables/ArticleCredits.h"
 #include "Tarnwick_Brell/Storage/Tables/PendingMarks.h"
 #include "Tarnwick_Brell/Storage/Tables/SearchIndex.h"
 #include "Tarnwick_Brell/Storage/Tables/StoredStory.h"
@@ -90,6 +91,7 @@ private:
     Statement addWording_;
     Statement trimWordings_;
     PendingMarks pendingMarks_;
+    ArticleCredits articleCredits_;
 };
 
 }  // namespace app

@@ -4,8 +4,10 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Ingestion/CreditExtraction.h"
 #include "NewsroomKit/Stories/StoryJSON.h"
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
+#include "Tarnwick_Brell/Storage/Tables/ArticleCredits.h"
 #include "Tarnwick_Brell/Storage/Tables/CorrectionTable.h"
 #include "Tarnwick_Brell/Storage/Tables/PendingMarks.h"
 #include "Tarnwick_Brell/Storage/Tables/StoryNumber.h"
@@ -162,6 +164,28 @@ void StoryTable::setArticleLink(std::int64_t number, std::string_view link, std:
     Statement put(database_, "UPDATE stories SET articleLink = ?2, stamp = ?3 WHERE number = ?1");
     put.bind(0, number).bind(1, link).bind(2, stamp);
     put.run();
+}
+
+std::optional<StoredStory> StoryTable::addCredits(std::string_view storyID,
+                                                  const std::vector<kit::SourceCredit>& ofPage,
+                                                  std::int64_t stamp) {
+    ArticleCredits(database_).put(storyID, ofPage);
+    Statement row(database_, "SELECT number FROM stories WHERE id = ?");
+    row.bind(0, storyID);
+    if (!row.step()) return std::nullopt;
+    auto stored = uncorrected(row.number(0));
+    if (!stored) return std::nullopt;
+    auto credits = kit::joinedCredits(stored->story.credits, ofPage);
+    if (credits == stored->story.credits) return std::nullopt;
+    stored->story.credits = std::move(credits);
+    const auto text = creditsText(stored->story.credits);
+    Statement put(database_, "UPDATE stories SET credits = ?2, stamp = ?3 WHERE number = ?1");
+    put.bind(0, stored->number).bind(1, text).bind(2, stamp).run();
+    return stored;
+}
+
+std::string StoryTable::creditsText(const std::vector<kit::SourceCredit>& credits) {
+    return credits.empty() ? "[]" : boost::json::serialize(kit::encode(credits));
 }
 
 std::size_t StoryTable::countIn(Database& database) {

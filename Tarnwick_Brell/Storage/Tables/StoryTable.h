@@ -59,6 +59,15 @@ public:
     /// transaction.
     void setArticleLink(std::int64_t number, std::string_view link, std::int64_t stamp);
 
+    /// Stores what the page of a story credits beside its feed. The story when that changed it,
+    /// without the user's corrections. `stamp` is DeskState's for the transaction.
+    std::optional<StoredStory> addCredits(std::string_view storyID,
+                                          const std::vector<kit::SourceCredit>& ofPage,
+                                          std::int64_t stamp);
+
+    /// As the column holds them.
+    static std::string creditsText(const std::vector<kit::SourceCredit>& credits);
+
     static std::size_t countIn(Database& database);
     std::size_t count() { return countIn(database_); }
 

@@ -147,6 +147,13 @@ constexpr const char* kArticleTables = R"sql(
     CREATE INDEX IF NOT EXISTS articlesByTime ON articles (fetchedAt);
     CREATE VIRTUAL TABLE IF NOT EXISTS articleSearch USING fts5(
         title, text, tokenize='unicode61 remove_diacritics 2');
+    CREATE TABLE IF NOT EXISTS articleCredits (
+        story TEXT PRIMARY KEY,
+        credits TEXT NOT NULL
+    ) WITHOUT ROWID;
+    CREATE TRIGGER IF NOT EXISTS articleCreditsDropped AFTER DELETE ON stories BEGIN
+        DELETE FROM articleCredits WHERE story = old.id;
+    END;
 )sql";
 
 // What the user wants to be told of, and what that has matched in the last months. See

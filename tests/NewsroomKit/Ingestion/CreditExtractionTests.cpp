@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include <chrono>
 #include <span>
 
@@ -209,6 +211,34 @@ TEST(SocialPost, TellsPlatformAccountAndTimeFromTheAddress) {
         EXPECT_EQ(post->postedAt ? iso8601Text(*post->postedAt).substr(0, 10) : "", c.day)
             << c.address;
     }
+}
+
+TEST(CreditExtractionTest, APageAddsToWhatItsFeedCredits) {
+    const auto list = [](const std::string& words) {
+        // "Name" is background, "Name*" is cited, "Name@" has a link, "apple" is Apple's.
+        std::vector<SourceCredit> credits;
+        std::istringstream stream(words);
+        for (std::string word; stream >> word;) {
+            SourceCredit credit{.name = word.substr(0, word.find_first_of("*@"))};
+            if (credit.name == "apple") credit.kind = SourceCredit::Kind::apple;
+            if (word.find('*') != word.npos) credit.detail = "reported by";
+            if (word.find('@') != word.npos) credit.url = "https://a.example/1";
+            credits.push_back(std::move(credit));
+        }
+        return credits;
+    };
+    const char* const cases[][3] = {
+        {"Harbor*", "", "Harbor*"},
+        {"", "Harbor*@", "Harbor*@"},
+        {"Harbor*", "harbor*@ Quay*", "Harbor*@ Quay*"},
+        {"Harbor@", "Quay*", "Quay*"},
+        {"Harbor@ apple@", "Quay*", "apple@ Quay*"},
+        {"Harbor@", "Harbor*", "Harbor*@"},
+        {"Harbor@", "Quay@", ""},
+        {"Harbor*", "Quay@", "Harbor*"},
+    };
+    for (const auto& [feed, page, joined] : cases)
+        EXPECT_EQ(joinedCredits(list(feed), list(page)), list(joined)) << feed << " + " << page;
 }
 
 }  // namespace

@@ -260,5 +260,39 @@ TEST_F(StoryMergeTest, AnUndatedStoryThatWasDroppedDoesNotComeBackAsNews) {
     EXPECT_EQ(fetch({story("1", "Undated", 92 * day)}, {.seen = at(92 * day)}).count.added, 1u);
 }
 
+TEST_F(StoryMergeTest, WhatAPageCreditsStaysWithItsStoryThroughLaterFetches) {
+    Story ours = story("1", "Ours", 1);
+    ours.credits = {{.name = "Harbor Post", .detail = "according to"}};
+    fetch({ours}, {.seen = at(5)});
+    const std::vector<kit::SourceCredit> ofPage{{.name = "Quay Times", .detail = "reported by"}};
+    const auto add = [&](const std::string& id) {
+        auto transaction = store_.transaction();
+        const auto stamp = store_.state().nextStamp();
+        const auto revised = store_.stories().addCredits(id, ofPage, stamp);
+        transaction.commit();
+        return revised.has_value();
+    };
+    const auto names = [&] {
+        std::string text;
+        for (const auto& credit : kept("1").story.credits) text += credit.name + ";";
+        return text;
+    };
+    EXPECT_TRUE(add("1"));
+    EXPECT_FALSE(add("1")) << "the same again";
+    EXPECT_FALSE(add("2")) << "no such story";
+    EXPECT_EQ(names(), "Harbor Post;Quay Times;");
+    EXPECT_EQ(fetch({ours}, {.seen = at(6)}).count.revised, 0U);
+    ours.credits = {};
+    EXPECT_EQ(fetch({ours}, {.seen = at(7)}).count.revised, 1U);
+    EXPECT_EQ(names(), "Quay Times;") << "only the feed has taken its credit back";
+    {
+        auto transaction = store_.transaction();
+        store_.stories().dropPublishedBefore(at(2), at(8));
+        transaction.commit();
+    }
+    fetch({ours}, {.seen = at(9)});
+    EXPECT_EQ(names(), "") << "they went with the story";
+}
+
 }  // namespace
 }  // namespace app
