@@ -138,8 +138,7 @@ void CreditCollector::add(SourceCredit credit) {
 }
 
 std::vector<SourceCredit> CreditCollector::credits() && {
-    dropBackground(
-        rows_, [](const Row& row) -> auto& { return row.credit; });
+    dropBackground(rows_, [](const Row& row) -> auto& { return row.credit; });
     std::stable_sort(rows_.begin(), rows_.end(),
                      [](const Row& a, const Row& b) { return a.place < b.place; });
     std::vector<SourceCredit> credits;
@@ -161,8 +160,7 @@ std::vector<SourceCredit> joinedCredits(std::vector<SourceCredit> ofFeed,
         if (!known->url) known->url = credit.url;
         if (!known->detail) known->detail = credit.detail;
     }
-    dropBackground(
-        credits, [](const SourceCredit& credit) -> auto& { return credit; });
+    dropBackground(credits, [](const SourceCredit& credit) -> auto& { return credit; });
     return credits;
 }
 
