@@ -7,6 +7,12 @@ find_package(ICU 72 REQUIRED COMPONENTS i18n uc data)
 find_package(SQLite3 3.40 REQUIRED)
 find_package(fmt 9 REQUIRED)
 find_package(CLI11 REQUIRED)
+# Debian 12's configuration file of md4c names a library of another package and fails without it.
+find_path(MD4C_INCLUDE_DIR md4c.h REQUIRED)
+find_library(MD4C_LIBRARY md4c REQUIRED)
+add_library(md4c::md4c UNKNOWN IMPORTED)
+set_target_properties(md4c::md4c PROPERTIES
+  IMPORTED_LOCATION "${MD4C_LIBRARY}" INTERFACE_INCLUDE_DIRECTORIES "${MD4C_INCLUDE_DIR}")
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Network PrintSupport Qml Quick QuickControls2 Svg Widgets)
 if(BRELL_TESTS)
   find_package(GTest REQUIRED)
