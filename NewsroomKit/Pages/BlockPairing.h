@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "NewsroomKit/Pages/PageBlock.h"
-#include "NewsroomKit/Pages/SequenceDiff.h"
+#include "NewsroomKit/Text/SequenceDiff.h"
 
 namespace kit {
 

@@ -9,7 +9,7 @@
 #include "NewsroomKit/Pages/BlockPairing.h"
 #include "NewsroomKit/Pages/ChangeSentence.h"
 #include "NewsroomKit/Pages/PageNoise.h"
-#include "NewsroomKit/Pages/SequenceDiff.h"
+#include "NewsroomKit/Text/SequenceDiff.h"
 #include "NewsroomKit/Pages/WordDiff.h"
 
 namespace kit {

@@ -5,7 +5,7 @@
 #include <unordered_map>
 
 #include "NewsroomKit/Pages/PageNoise.h"
-#include "NewsroomKit/Pages/SequenceDiff.h"
+#include "NewsroomKit/Text/SequenceDiff.h"
 
 namespace kit {
 namespace {

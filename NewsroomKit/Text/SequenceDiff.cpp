@@ -1,4 +1,4 @@
-#include "NewsroomKit/Pages/SequenceDiff.h"
+#include "NewsroomKit/Text/SequenceDiff.h"
 
 #include <algorithm>
 #include <unordered_map>
