@@ -1,0 +1,90 @@
+#include "BrellSharedSync/Merge.h"
+
+#include <algorithm>
+
+namespace shared {
+namespace {
+
+std::string_view fieldOf(std::string_view name) { return name.substr(0, name.find('/')); }
+
+bool tellsOfRemoval(std::string_view name) { return name == kGone || name.ends_with("/gone"); }
+
+/// Whether `a` wins over `b` of equal stamps.
+bool isGreater(const Cell& a, const Cell& b) {
+    return canonicalText(a.value) > canonicalText(b.value);
+}
+
+Cell mergeCells(FieldRule rule, std::string_view name, const Cell& a, const Cell& b) {
+    if (a == b) return a;
+    const bool isLater = a.stamp == b.stamp ? isGreater(a, b) : a.stamp > b.stamp;
+    const bool wins = rule == FieldRule::first && a.stamp != b.stamp ? !isLater : isLater;
+    Cell merged = wins ? a : b;
+    const Cell& other = wins ? b : a;
+    addStamps(merged.saw, other.saw);
+    if (rule == FieldRule::text && other.stamp != merged.stamp) {
+        addStamps(merged.saw, {other.stamp});
+    }
+    if (!tellsOfRemoval(name)) forgetEarliest(merged.saw);
+    return merged;
+}
+
+bool isGoneBut(const FieldSet& fields, const Cell* gone, const auto& isEdit) {
+    if (!gone || gone->value != json::value(true)) return false;
+    return std::ranges::none_of(fields.cells(), [&](const auto& item) {
+        return isEdit(item.first) && !contains(gone->saw, item.second.stamp);
+    });
+}
+
+void removeAll(FieldSet& fields, std::string_view goneName, std::string_view prefix,
+               const Author& author) {
+    Cell removal{fields.next(author), true, {}};
+    if (const auto* old = fields.find(goneName)) removal.saw = old->saw;
+    std::vector<Stamp> seen;
+    for (const auto& [name, cell] : fields.cells()) {
+        if (name.starts_with(prefix) && name != goneName) seen.push_back(cell.stamp);
+    }
+    addStamps(removal.saw, seen);
+    fields.put(goneName, std::move(removal));
+}
+
+}  // namespace
+
+FieldSet merge(const RecordKind& kind, const FieldSet& a, const FieldSet& b) {
+    FieldSet merged = a;
+    for (const auto& [name, cell] : b.cells()) {
+        const auto* own = a.find(name);
+        merged.put(name, own ? mergeCells(kind.ruleOf(fieldOf(name)), name, *own, cell) : cell);
+    }
+    return merged;
+}
+
+bool isGone(const RecordKind& kind, const FieldSet& fields) {
+    // What was seen first is no edit: an earlier version of it may come at any time.
+    return isGoneBut(fields, fields.find(kGone), [&](std::string_view name) {
+        return kind.comesBack && name != kGone && kind.ruleOf(fieldOf(name)) != FieldRule::first;
+    });
+}
+
+bool isEntryGone(const FieldSet& fields, std::string_view entry) {
+    const auto prefix = std::string(entry) + "/";
+    const auto goneName = prefix + std::string(kGone);
+    return isGoneBut(fields, fields.find(goneName), [&](std::string_view name) {
+        return name.starts_with(prefix) && name != goneName;
+    });
+}
+
+void remove(FieldSet& fields, const Author& author) { removeAll(fields, kGone, "", author); }
+
+void removeEntry(FieldSet& fields, std::string_view entry, const Author& author) {
+    const auto prefix = std::string(entry) + "/";
+    removeAll(fields, prefix + std::string(kGone), prefix, author);
+}
+
+void bringBack(FieldSet& fields, const Author& author) {
+    auto cell = fields.find(kGone) ? *fields.find(kGone) : Cell{};
+    cell.stamp = fields.next(author);
+    cell.value = false;
+    fields.put(kGone, std::move(cell));
+}
+
+}  // namespace shared
