@@ -23,12 +23,7 @@ constexpr std::array<std::string_view, 14> heavyWords{
 constexpr std::size_t heaviest = 1'000;
 
 bool isHeavy(std::string_view word) {
-    const auto folded = lowercasedASCII(word);
-    std::string_view letters = folded;
-    while (!letters.empty() && !isASCIIAlphanumeric(letters.back())) letters.remove_suffix(1);
-    while (!letters.empty() && !isASCIIAlphanumeric(letters.front())) letters.remove_prefix(1);
-    if (std::ranges::find(heavyWords, letters) != heavyWords.end()) return true;
-    return std::ranges::any_of(word, isASCIIDigit);
+    return turnsRules(word) || std::ranges::any_of(word, isASCIIDigit);
 }
 
 template <class Words>
@@ -58,6 +53,14 @@ std::string counted(std::size_t count, std::string_view one, std::string_view ma
 }
 
 }  // namespace
+
+bool turnsRules(std::string_view word) {
+    const auto folded = lowercasedASCII(word);
+    std::string_view letters = folded;
+    while (!letters.empty() && !isASCIIAlphanumeric(letters.back())) letters.remove_suffix(1);
+    while (!letters.empty() && !isASCIIAlphanumeric(letters.front())) letters.remove_prefix(1);
+    return std::ranges::find(heavyWords, letters) != heavyWords.end();
+}
 
 PageSummary pageSummary(const std::vector<PageBlock>& before, const std::vector<PageBlock>& after) {
     using Kind = PageChange::Kind;

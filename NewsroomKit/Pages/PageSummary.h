@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "NewsroomKit/Pages/PageDiff.h"
@@ -22,6 +23,9 @@ struct PageSummary {
 };
 
 PageSummary pageSummary(const std::vector<PageBlock>& before, const std::vector<PageBlock>& after);
+
+/// Whether the word turns a rule round, however short the change: "not", "must", "may", "only".
+bool turnsRules(std::string_view word);
 
 /// "9 changes", "1 change", "Only the date", "3 small edits".
 std::string changeCountText(const PageSummary& summary);

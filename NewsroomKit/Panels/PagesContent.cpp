@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
+#include <map>
 #include <string_view>
 
 #include <fmt/format.h>
 
 #include "NewsroomKit/Pages/WordDiff.h"
+#include "NewsroomKit/Panels/RowFilter.h"
 
 namespace kit {
 namespace {
@@ -58,8 +61,14 @@ void addSame(std::vector<PageRun>& runs, std::span<const std::string_view> words
     runs.push_back({PageRun::Kind::same, std::move(text)});
 }
 
-std::vector<PageRun> runsOfWords(std::string_view before, std::string_view after) {
-    const auto diff = compareWords(before, after);
+enum class SameWords { shortened, whole };
+
+std::vector<PageRun> runsOfWords(const WordDiff& diff, SameWords same) {
+    const auto add = [&](std::vector<PageRun>& runs, std::span<const std::string_view> words,
+                         bool isLast) {
+        if (same == SameWords::whole) return addRun(runs, PageRun::Kind::same, words);
+        addSame(runs, words, isLast);
+    };
     std::vector<PageRun> runs;
     if (diff.isRewritten) {
         addRun(runs, PageRun::Kind::removed, diff.before);
@@ -69,19 +78,46 @@ std::vector<PageRun> runsOfWords(std::string_view before, std::string_view after
     const std::span<const std::string_view> old(diff.before), fresh(diff.after);
     std::size_t at = 0;
     for (const auto& change : diff.changes) {
-        addSame(runs, fresh.subspan(at, change.afterBegin - at), false);
+        add(runs, fresh.subspan(at, change.afterBegin - at), false);
         addRun(runs, PageRun::Kind::removed,
                old.subspan(change.beforeBegin, change.beforeEnd - change.beforeBegin));
         addRun(runs, PageRun::Kind::added,
                fresh.subspan(change.afterBegin, change.afterEnd - change.afterBegin));
         at = change.afterEnd;
     }
-    addSame(runs, fresh.subspan(at), true);
+    add(runs, fresh.subspan(at), true);
     return runs;
 }
 
+/// "must → may" of the first words that were replaced and turn a rule round.
+std::string turnIn(const WordDiff& diff) {
+    constexpr std::size_t mostWords = 3;
+    if (diff.isRewritten) return {};
+    for (const auto& change : diff.changes) {
+        const auto old = std::span(diff.before)
+                             .subspan(change.beforeBegin, change.beforeEnd - change.beforeBegin);
+        const auto fresh =
+            std::span(diff.after).subspan(change.afterBegin, change.afterEnd - change.afterBegin);
+        const bool isShort =
+            !old.empty() && !fresh.empty() && old.size() <= mostWords && fresh.size() <= mostWords;
+        if (!isShort) continue;
+        if (std::ranges::any_of(old, turnsRules) || std::ranges::any_of(fresh, turnsRules))
+            return fmt::format("{} → {}", fmt::join(old, " "), fmt::join(fresh, " "));
+    }
+    return {};
+}
+
+void addWordChanges(PageChangeRow& row, std::string_view before, std::string_view after,
+                    SameWords same) {
+    const auto diff = compareWords(before, after);
+    row.runs = runsOfWords(diff, same);
+    row.edits = diff.changes.size();
+    row.turn = turnIn(diff);
+}
+
 PageChangeRow rowOfChange(const PageChange& change, const std::vector<PageBlock>& before,
-                          const std::vector<PageBlock>& after) {
+                          const std::vector<PageBlock>& after,
+                          SameWords same = SameWords::shortened) {
     const auto& block = change.after ? after[*change.after] : before[change.before.value()];
     PageChangeRow row;
     row.kind = change.kind;
@@ -91,7 +127,7 @@ PageChangeRow rowOfChange(const PageChange& change, const std::vector<PageBlock>
     row.sentence = change.sentence;
     switch (change.kind) {
         case PageChange::Kind::changed:
-            row.runs = runsOfWords(before[*change.before].text, block.text);
+            addWordChanges(row, before[*change.before].text, block.text, same);
             break;
         case PageChange::Kind::added: row.runs = {{PageRun::Kind::added, block.text}}; break;
         case PageChange::Kind::removed: row.runs = {{PageRun::Kind::removed, block.text}}; break;
@@ -99,6 +135,28 @@ PageChangeRow rowOfChange(const PageChange& change, const std::vector<PageBlock>
         case PageChange::Kind::links: break;
     }
     return row;
+}
+
+/// Where the blocks of the earlier text stand in the later one, by their places in both. Blocks
+/// that no change names follow one another in the same order in both.
+std::map<std::size_t, std::size_t> placesInLaterText(const PageDiff& diff, std::size_t before,
+                                                     std::size_t after) {
+    std::map<std::size_t, std::size_t> places;
+    std::vector<bool> isOld(before), isFresh(after);
+    for (const auto& change : diff.changes) {
+        if (change.before) isOld[*change.before] = true;
+        if (change.after) isFresh[*change.after] = true;
+        if (change.before && change.after && change.kind != PageChange::Kind::moved)
+            places[*change.before] = *change.after;
+    }
+    std::size_t to = 0;
+    for (std::size_t from = 0; from < before; ++from) {
+        if (isOld[from]) continue;
+        while (to < after && isFresh[to]) ++to;
+        if (to == after) break;
+        places[from] = to++;
+    }
+    return places;
 }
 
 }  // namespace
@@ -120,6 +178,24 @@ std::vector<PageRow> pageRows(std::span<const PageStatus> pages,
     return rows;
 }
 
+bool isIn(PageSubset subset, const PageRow& row) {
+    switch (subset) {
+        case PageSubset::all: return true;
+        case PageSubset::changed: return row.isNew;
+        case PageSubset::failing: return !row.problem.empty();
+    }
+    return true;
+}
+
+std::vector<PageRow> filteredPages(std::vector<PageRow> rows, PageSubset subset,
+                                   std::string_view words) {
+    const RowFilter filter(words);
+    std::erase_if(rows, [&](const PageRow& row) {
+        return !isIn(subset, row) || !filter.matches({row.name, row.address, row.sentence});
+    });
+    return rows;
+}
+
 PageComparison pageComparison(const std::vector<PageBlock>& before,
                               const std::vector<PageBlock>& after) {
     PageComparison comparison;
@@ -137,6 +213,55 @@ PageComparison pageComparison(const std::vector<PageBlock>& before,
 std::vector<PageChangeRow> inPageOrder(std::vector<PageChangeRow> changes) {
     std::ranges::stable_sort(changes, {}, &PageChangeRow::place);
     return changes;
+}
+
+std::vector<PageChangeRow> filteredChanges(std::vector<PageChangeRow> changes,
+                                           PageChangeFilter filter) {
+    if (filter == PageChangeFilter::all) return changes;
+    const auto wanted =
+        filter == PageChangeFilter::additions ? PageRun::Kind::added : PageRun::Kind::removed;
+    std::erase_if(changes, [&](const PageChangeRow& change) {
+        return std::ranges::find(change.runs, wanted, &PageRun::kind) == change.runs.end();
+    });
+    return changes;
+}
+
+std::vector<PageChangeRow> wholeText(const std::vector<PageBlock>& before,
+                                     const std::vector<PageBlock>& after) {
+    const auto diff = comparePages(before, after);
+    const auto places = placesInLaterText(diff, before.size(), after.size());
+    // The rows behind each block of the later text; those of index 0 stand before the first one.
+    std::vector<std::vector<PageChangeRow>> rows(after.size() + 1);
+    for (std::size_t place = 0; place < after.size(); ++place) {
+        PageChangeRow row;
+        row.headings = after[place].headings;
+        row.place = place;
+        row.runs = {{PageRun::Kind::same, after[place].text}};
+        rows[place + 1].push_back(std::move(row));
+    }
+    std::size_t behind = 0;
+    auto next = places.begin();
+    const auto rowBehind = [&](std::size_t earlierPlace) {
+        for (; next != places.end() && next->first < earlierPlace; ++next)
+            behind = next->second + 1;
+        return behind;
+    };
+    auto changes = diff.changes;
+    std::erase_if(changes, [](const PageChange& change) {
+        return change.kind == PageChange::Kind::moved || change.kind == PageChange::Kind::links;
+    });
+    for (const auto& change : changes) {
+        if (change.after)
+            rows[*change.after + 1][0] = rowOfChange(change, before, after, SameWords::whole);
+    }
+    std::ranges::stable_sort(changes, {}, &PageChange::before);
+    for (const auto& change : changes) {
+        if (!change.after)
+            rows[rowBehind(*change.before)].push_back(rowOfChange(change, before, after));
+    }
+    std::vector<PageChangeRow> text;
+    for (auto& group : rows) std::ranges::move(group, std::back_inserter(text));
+    return text;
 }
 
 }  // namespace kit

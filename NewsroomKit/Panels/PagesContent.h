@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "NewsroomKit/Pages/FollowedPage.h"
@@ -56,6 +57,24 @@ std::vector<PageRow> pageRows(std::span<const PageStatus> pages, Instant now);
 std::vector<PageRow> pageRows(std::span<const PageStatus> pages,
                               std::span<const std::string> addresses, Instant now);
 
+/// Which followed pages a list has.
+enum class PageSubset { all, changed, failing };
+
+template <>
+inline constexpr std::array<EnumRow<PageSubset>, 3> enumTable<PageSubset>{{
+    {PageSubset::all, "all", "All"},
+    {PageSubset::changed, "changed", "Changed"},
+    {PageSubset::failing, "failing", "Failing"},
+}};
+
+/// Whether the page is one of them: a page that changed within the last day, or could not be read.
+bool isIn(PageSubset subset, const PageRow& row);
+
+/// The pages with all of these words in their name, their address or their last change, whatever
+/// the letter case.
+std::vector<PageRow> filteredPages(std::vector<PageRow> rows, PageSubset subset,
+                                   std::string_view words);
+
 /// A part of a text that both revisions have, or one of them.
 struct PageRun {
     enum class Kind { same, removed, added };
@@ -81,6 +100,9 @@ struct PageChangeRow {
     std::size_t words = 0;
     std::string sentence;
     std::vector<PageRun> runs;  ///< empty for links
+    std::size_t edits = 0;      ///< passages that changed
+    /// "must → may", where words were replaced that turn a rule round; empty otherwise.
+    std::string turn;
 };
 
 /// Two revisions of a page.
@@ -96,5 +118,24 @@ PageComparison pageComparison(const std::vector<PageBlock>& before,
 
 /// The changes as they stand in the page.
 std::vector<PageChangeRow> inPageOrder(std::vector<PageChangeRow> changes);
+
+/// Which changes are shown.
+enum class PageChangeFilter { all, additions, removals };
+
+template <>
+inline constexpr std::array<EnumRow<PageChangeFilter>, 3> enumTable<PageChangeFilter>{{
+    {PageChangeFilter::all, "all", "All changes"},
+    {PageChangeFilter::additions, "additions", "Additions"},
+    {PageChangeFilter::removals, "removals", "Removals"},
+}};
+
+/// The changes that add words, or that take some away.
+std::vector<PageChangeRow> filteredChanges(std::vector<PageChangeRow> changes,
+                                           PageChangeFilter filter);
+
+/// The whole later text, block by block, with what changed in it and what was removed where it
+/// stood.
+std::vector<PageChangeRow> wholeText(const std::vector<PageBlock>& before,
+                                     const std::vector<PageBlock>& after);
 
 }  // namespace kit

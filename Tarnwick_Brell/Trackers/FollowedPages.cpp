@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 #include "NewsroomKit/Addresses/WebAddress.h"
 #include "NewsroomKit/Newsrooms/NewsroomSpec.h"
@@ -100,8 +101,13 @@ void unfollowPage(LocalStore& store, std::string_view id, kit::Instant now) {
     store.followedPages().remove(id, now);
 }
 
-std::optional<kit::PageComparison> comparedRevisions(LocalStore& store, std::string_view address,
-                                                     std::int64_t one, std::int64_t other) {
+namespace {
+
+using Blocks = std::vector<kit::PageBlock>;
+
+/// The texts of two revisions without what is left out, the earlier one first.
+std::optional<std::pair<Blocks, Blocks>> textsOf(LocalStore& store, std::string_view address,
+                                                 std::int64_t one, std::int64_t other) {
     const auto [before, after] = std::minmax(one, other);
     auto& pages = store.pages();
     const auto known = pages.revisions(address, kAllRevisions);
@@ -110,8 +116,25 @@ std::optional<kit::PageComparison> comparedRevisions(LocalStore& store, std::str
             return std::nullopt;
     }
     const auto left = pages.state(address).value_or(kit::PageWatchState()).volatileBlocks;
-    return kit::pageComparison(kit::withoutVolatile(pages.blocks(before), left),
-                               kit::withoutVolatile(pages.blocks(after), left));
+    return std::pair{kit::withoutVolatile(pages.blocks(before), left),
+                     kit::withoutVolatile(pages.blocks(after), left)};
+}
+
+}  // namespace
+
+std::optional<kit::PageComparison> comparedRevisions(LocalStore& store, std::string_view address,
+                                                     std::int64_t one, std::int64_t other) {
+    const auto texts = textsOf(store, address, one, other);
+    if (!texts) return std::nullopt;
+    return kit::pageComparison(texts->first, texts->second);
+}
+
+std::optional<std::vector<kit::PageChangeRow>> wholeRevision(LocalStore& store,
+                                                             std::string_view address,
+                                                             std::int64_t one, std::int64_t other) {
+    const auto texts = textsOf(store, address, one, other);
+    if (!texts) return std::nullopt;
+    return kit::wholeText(texts->first, texts->second);
 }
 
 namespace {

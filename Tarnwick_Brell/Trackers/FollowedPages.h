@@ -30,6 +30,12 @@ void unfollowPage(LocalStore& store, std::string_view id, kit::Instant now);
 std::optional<kit::PageComparison> comparedRevisions(LocalStore& store, std::string_view address,
                                                      std::int64_t one, std::int64_t other);
 
+/// The whole text of the later of two revisions, with what changed in it; nothing unless both are
+/// kept and of one page.
+std::optional<std::vector<kit::PageChangeRow>> wholeRevision(LocalStore& store,
+                                                             std::string_view address,
+                                                             std::int64_t one, std::int64_t other);
+
 /// Compares a part of the page again that was left out, since it differed at each look, or leaves
 /// it out again. The next look finds no change by that. Call these within a transaction.
 void comparePart(LocalStore& store, std::string_view address, const kit::VolatileBlock& part);
