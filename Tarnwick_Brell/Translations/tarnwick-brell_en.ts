@@ -1114,6 +1114,16 @@
     </message>
 </context>
 <context>
+    <name>PagesPageRows</name>
+    <message numerus="yes">
+        <source>%n edits</source>
+        <translation>
+            <numerusform>%n edit</numerusform>
+            <numerusform>%n edits</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>app::PagesPageModel</name>
 </context>
 </TS>

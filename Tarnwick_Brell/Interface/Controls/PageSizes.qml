@@ -65,6 +65,8 @@ QtObject {
     readonly property int caseList: 340
     readonly property int docketLeast: 420
     readonly property int entryRow: Theme.row(36)
+    readonly property int revisionPoint: 8
+    readonly property int revisionStrip: 24
     readonly property int entryDay: Theme.scaled(64)
     readonly property int entryNumber: Theme.scaled(32)
     readonly property int entryKind: Theme.scaled(104)

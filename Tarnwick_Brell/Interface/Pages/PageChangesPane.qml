@@ -9,6 +9,7 @@ PagePane {
 
     required property PagesPageModel content
     readonly property bool hasRow: content.row >= 0
+    readonly property bool hasComparison: content.revisions.length > 1
 
     lead: DeskButton {
         visible: pane.hasRow
@@ -29,6 +30,13 @@ PagePane {
             visible: pane.content.isFollowed
             text: qsTr("Unfollow")
             onClicked: pane.content.removePage()
+        }
+        SegmentedControl {
+            visible: pane.hasComparison
+            label: qsTr("How the changes are shown")
+            model: [qsTr("Changes"), qsTr("Side by side"), qsTr("Full text")]
+            currentIndex: pane.content.view
+            onActivated: index => pane.content.view = index
         }
     }
 
@@ -81,8 +89,13 @@ PagePane {
                 color: Theme.red
                 text: pane.content.problem
             }
+            RevisionStrip {
+                width: parent.textWidth
+                visible: pane.content.revisions.length > 2
+                content: pane.content
+            }
             Row {
-                visible: pane.content.revisions.length > 1
+                visible: pane.hasComparison
                 spacing: Theme.space2
 
                 RevisionChip {
@@ -98,12 +111,41 @@ PagePane {
                     onChosen: place => pane.content.later = place
                 }
             }
-            DeskText {
+            Item {
                 width: parent.textWidth
-                visible: text
-                lines: 2
-                type: DeskText.BaseStrong
-                text: pane.content.summary
+                height: Math.max(summary.height, choices.visible ? choices.height : 0)
+
+                DeskText {
+                    id: summary
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: choices.visible ? choices.x - Theme.space2 : parent.width
+                    lines: 2
+                    type: DeskText.BaseStrong
+                    text: pane.content.summary
+                }
+                Row {
+                    id: choices
+
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: pane.hasComparison && pane.content.view !== ChangesView.FullText
+                    spacing: Theme.space2
+
+                    ChoiceChip {
+                        label: pane.content.filters[0]
+                        choices: pane.content.filters
+                        current: pane.content.filter
+                        onChosen: place => pane.content.filter = place
+                    }
+                    SegmentedControl {
+                        small: true
+                        label: qsTr("Order of the changes")
+                        model: [qsTr("Heaviest first"), qsTr("As in the page")]
+                        currentIndex: pane.content.inPageOrder ? 1 : 0
+                        onActivated: index => pane.content.inPageOrder = index === 1
+                    }
+                }
             }
         }
         delegate: PageChangeLine {

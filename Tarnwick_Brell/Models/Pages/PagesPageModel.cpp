@@ -1,7 +1,10 @@
 #include "Tarnwick_Brell/Models/Pages/PagesPageModel.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
+
+#include <QLocale>
 
 #include "Tarnwick_Brell/Models/Pages/PagesPageRows.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -13,7 +16,13 @@ namespace app {
 
 namespace {
 
-constexpr std::size_t kMostRevisions = 200;
+/// "Changed 2"
+QString countedSubset(const std::vector<kit::PageRow>& pages,
+                      const kit::EnumRow<kit::PageSubset>& subset) {
+    const auto count = std::ranges::count_if(
+        pages, [&](const kit::PageRow& page) { return kit::isIn(subset.value, page); });
+    return QStringLiteral("%1 %2").arg(labelText(subset.label), QLocale().toString(count));
+}
 
 }  // namespace
 
@@ -27,11 +36,16 @@ PagesPageModel::PagesPageModel(const DeskStores& stores)
 PagesPageModel::~PagesPageModel() { queue_->close(); }
 
 void PagesPageModel::update() {
-    followed_ = kit::pageRows(trackers().pages(), now());
+    pages_ = kit::pageRows(trackers().pages(), now());
+    subsetNames_.clear();
+    for (const auto& row : kit::enumTable<kit::PageSubset>)
+        subsetNames_ << countedSubset(pages_, row);
+    followed_ = kit::filteredPages(pages_, subset_, words_.toStdString());
     suggested_.assign(kit::kSuggestedPages.begin(), kit::kSuggestedPages.end());
+    const bool isFiltered = subset_ != kit::PageSubset::all || !words_.trimmed().isEmpty();
     std::erase_if(suggested_, [&](const kit::SuggestedPage& page) {
-        return std::ranges::find(followed_, page.address, &kit::PageRow::address) !=
-               followed_.end();
+        return isFiltered ||
+               std::ranges::find(pages_, page.address, &kit::PageRow::address) != pages_.end();
     });
     std::vector<FollowedPageLine> lines;
     for (const auto& row : followed_) lines.push_back(followedPageLine(row, now()));
@@ -48,7 +62,9 @@ void PagesPageModel::update() {
     for (std::size_t place = 0; place < rows_.rows().size(); ++place) {
         if (keyOf(place) == chosenKey_) row_ = static_cast<int>(place);
     }
-    if (row_ >= 0) chosenKey_ = keyOf(static_cast<std::size_t>(row_));
+    const auto key = row_ >= 0 ? keyOf(static_cast<std::size_t>(row_)) : std::string();
+    if (key != chosenKey_) forgetComparison();
+    chosenKey_ = key;
     showChosen();
     setCondition({.state = trackers().isLoaded() ? Ready : Loading});
 }
@@ -58,11 +74,31 @@ void PagesPageModel::setRow(int row) {
     row_ = row;
     const auto* page = chosen();
     chosenKey_ = page ? page->address : std::string(suggested_[suggestedPlace()].address);
+    forgetComparison();
+    showChosen();
+    emit changed();
+}
+
+void PagesPageModel::forgetComparison() {
     earlier_ = later_ = -1;
     revisionNames_.clear();
     summary_.clear();
+    compared_ = {};
+    points_.setRows({});
     changes_.setRows({});
-    showChosen();
+}
+
+void PagesPageModel::setSubset(int subset) {
+    if (subset < 0 || subset >= std::ssize(kit::enumTable<kit::PageSubset>)) return;
+    subset_ = static_cast<kit::PageSubset>(subset);
+    update();
+    emit changed();
+}
+
+void PagesPageModel::setWords(const QString& words) {
+    if (words == words_) return;
+    words_ = words;
+    update();
     emit changed();
 }
 
@@ -109,65 +145,6 @@ void PagesPageModel::showChosen() {
     chosenFact_ = facts.join(u' ');
     problem_ = titleText(page->problem, kExcerptCharacters);
     compare(earlier_, later_);
-}
-
-/// Reads the revisions again, and compares two of them: the last two unless the user chose others.
-void PagesPageModel::compare(int earlier, int later) {
-    const auto read = [library = stores().library, address = chosen()->address, earlier, later] {
-        LocalStore store(library, Database::Access::readOnly);
-        Compared compared{.revisions = store.pages().revisions(address, kMostRevisions)};
-        const auto count = static_cast<int>(compared.revisions.size());
-        if (count < 2) return compared;
-        const bool isChosen = earlier >= 0 && later >= 0 && earlier < count && later < count;
-        compared.earlier = isChosen ? earlier : 1;
-        compared.later = isChosen ? later : 0;
-        const auto numberAt = [&](int place) {
-            return compared.revisions[static_cast<std::size_t>(place)].number;
-        };
-        compared.comparison =
-            comparedRevisions(store, address, numberAt(compared.earlier), numberAt(compared.later));
-        return compared;
-    };
-    reading_.start(
-        read, [this](const Compared& compared) { show(compared); },
-        [this](const QString& sentence) {
-            summary_ = sentence;
-            emit changed();
-        });
-}
-
-void PagesPageModel::show(const Compared& compared) {
-    earlier_ = compared.earlier;
-    later_ = compared.later;
-    revisionNames_.clear();
-    for (const auto& revision : compared.revisions) {
-        revisionNames_ << tr("%1, %2").arg(momentText(revision.seenAt, now()),
-                                           labelText(label(revision.kind)));
-    }
-    std::vector<PageChangeLine> lines;
-    if (compared.comparison) {
-        const auto& comparison = *compared.comparison;
-        summary_ = titleText(kit::changeCountText(comparison.summary), kLongestPageName);
-        addChangeLines(lines, comparison.changes, {});
-        addChangeLines(lines, comparison.small, tr("Small edits"));
-        addChangeLines(lines, comparison.links, tr("Links that lead elsewhere"));
-    } else {
-        summary_ = compared.revisions.empty() ? tr("The page has not been read yet.")
-                                              : tr("It has not changed since the first look.");
-    }
-    if (const auto* page = chosen()) addLeftOutLines(lines, page->leftOut);
-    changes_.setRows(std::move(lines));
-    emit changed();
-}
-
-void PagesPageModel::setEarlier(int place) {
-    if (place == earlier_ || place < 0 || place >= revisionNames_.size() || !chosen()) return;
-    compare(place, later_);
-}
-
-void PagesPageModel::setLater(int place) {
-    if (place == later_ || place < 0 || place >= revisionNames_.size() || !chosen()) return;
-    compare(earlier_, place);
 }
 
 std::pair<int, int> PagesPageModel::placesAfter(Action action) const {

@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/Models/Pages/PagesPageRows.h"
 
+#include <optional>
 #include <utility>
 
 #include <QCoreApplication>
@@ -19,10 +20,12 @@ struct PagesPageRows {
 };
 
 constexpr int kLongestChange = 2'000;
+constexpr int kLongestBlock = 20'000;
 /// A redesign can change everything; the list is for reading.
 constexpr std::size_t kMostShownChanges = 300;
-/// Each is an item of its own.
+// Each word is an item of its own.
 constexpr qsizetype kMostShownWords = 400;
+constexpr qsizetype kMostWordsOfBlock = 2'000;
 
 QString pageStateText(const kit::PageRow& row) {
     if (!row.problem.empty()) return titleText(row.problem, kLongestPageName);
@@ -39,17 +42,27 @@ void addWords(QVariantList& words, const QString& text, kit::PageRun::Kind kind)
     }
 }
 
-QVariantList wordsOfChange(const kit::PageChangeRow& change) {
+/// The words of a change but for those of the runs that are `leftOut`.
+QVariantList wordsOfChange(const kit::PageChangeRow& change, qsizetype most,
+                           std::optional<kit::PageRun::Kind> leftOut = {}) {
     QVariantList words;
     for (const auto& run : change.runs) {
-        addWords(words, titleText(run.text, kLongestChange), run.kind);
-        if (words.size() < kMostShownWords) continue;
+        if (run.kind == leftOut) continue;
+        addWords(words, titleText(run.text, kLongestBlock), run.kind);
+        if (words.size() < most) continue;
+        words.resize(most);
         addWords(words, QStringLiteral("…"), kit::PageRun::Kind::same);
         break;
     }
     if (change.runs.empty())
         addWords(words, titleText(change.sentence, kLongestChange), kit::PageRun::Kind::same);
     return words;
+}
+
+QString extentText(const kit::PageChangeRow& change) {
+    if (change.kind != kit::PageChange::Kind::changed) return labelText(label(change.kind));
+    const auto edits = static_cast<int>(change.edits);
+    return edits > 0 ? PagesPageRows::tr("%n edits", nullptr, edits) : QString();
 }
 
 }  // namespace
@@ -75,18 +88,38 @@ FollowedPageLine suggestedPageLine(const kit::SuggestedPage& page) {
 }
 
 void addChangeLines(std::vector<PageChangeLine>& lines,
-                    const std::vector<kit::PageChangeRow>& changes, const QString& group) {
+                    const std::vector<kit::PageChangeRow>& changes, const QString& group,
+                    ChangesView::Value view) {
+    const bool isSplit = view == ChangesView::SideBySide;
+    using Kind = kit::PageRun::Kind;
     bool isFirst = true;
     for (const auto& change : changes) {
         if (lines.size() == kMostShownChanges) return;
         QStringList headings;
         for (const auto& heading : change.headings) headings << titleText(heading);
-        PageChangeLine line{.group = isFirst ? group : QString(),
-                            .headings = headings.join(QStringLiteral(" › ")),
-                            .words = wordsOfChange(change)};
+        PageChangeLine line{
+            .group = isFirst ? group : QString(),
+            .headings = headings.join(QStringLiteral(" › ")),
+            .words = wordsOfChange(change, kMostShownWords,
+                                   isSplit ? std::optional(Kind::removed) : std::nullopt),
+            .turn = titleText(change.turn),
+            .extent = extentText(change)};
+        if (isSplit && !change.runs.empty())
+            line.wordsBefore = wordsOfChange(change, kMostShownWords, Kind::added);
         line.spokenText = spokenRow({line.group, titleText(change.sentence, kLongestChange)});
         lines.push_back(std::move(line));
         isFirst = false;
+    }
+}
+
+void addTextLines(std::vector<PageChangeLine>& lines, const std::vector<kit::PageChangeRow>& text) {
+    for (const auto& block : text) {
+        PageChangeLine line{.words = wordsOfChange(block, kMostWordsOfBlock)};
+        QStringList spoken;
+        for (const auto& run : block.runs) spoken << titleText(run.text, kLongestChange);
+        line.spokenText =
+            block.sentence.empty() ? spoken.join(u' ') : titleText(block.sentence, kLongestChange);
+        lines.push_back(std::move(line));
     }
 }
 

@@ -16,7 +16,10 @@ FollowedPageLine suggestedPageLine(const kit::SuggestedPage& page);
 
 /// `group` stands above the first of them.
 void addChangeLines(std::vector<PageChangeLine>& lines,
-                    const std::vector<kit::PageChangeRow>& changes, const QString& group);
+                    const std::vector<kit::PageChangeRow>& changes, const QString& group,
+                    ChangesView::Value view);
+/// The whole text; headings are blocks of it.
+void addTextLines(std::vector<PageChangeLine>& lines, const std::vector<kit::PageChangeRow>& text);
 void addLeftOutLines(std::vector<PageChangeLine>& lines,
                      const std::vector<kit::VolatileBlock>& leftOut);
 

@@ -71,7 +71,7 @@ void PagesPageModel::addPage(const QString& text) {
         emit noticed(tr("That is no address of a page: it begins with https://"));
         return;
     }
-    if (std::ranges::find(followed_, *address, &kit::PageRow::address) != followed_.end()) {
+    if (std::ranges::find(pages_, *address, &kit::PageRow::address) != pages_.end()) {
         emit noticed(tr("The page is followed already."));
         return;
     }

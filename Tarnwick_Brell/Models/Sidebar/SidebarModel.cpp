@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 #include <QCoreApplication>
 #include <QLocale>
 
 #include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
+#include "NewsroomKit/Panels/PagesContent.h"
 #include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
 #include "Tarnwick_Brell/Desk/SourceOverview.h"
 #include "Tarnwick_Brell/Models/Sidebar/TrackerPages.h"
@@ -75,11 +77,12 @@ QString markName(SourceMark::Value mark) {
 }  // namespace
 
 SidebarModel::SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStore& trackers,
-                           QObject* parent)
+                           kit::Clock clock, QObject* parent)
     : QObject(parent),
       desk_(desk),
       newsrooms_(newsrooms),
       trackers_(trackers),
+      clock_(std::move(clock)),
       tally_(desk, newsrooms) {
     soon_.setSingleShot(true);
     soon_.setInterval(kRebuildPause);
@@ -92,6 +95,7 @@ SidebarModel::SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStor
     connect(&newsrooms, &NewsroomStore::beatsChanged, this, later);
     connect(&trackers, &TrackerStore::statusChanged, this, later);
     connect(&trackers, &TrackerStore::logChanged, this, later);
+    connect(&trackers, &TrackerStore::pagesChanged, this, later);
     connect(&tally_, &UnreadCounts::changed, this, later);
     rebuild();
 }
@@ -221,15 +225,24 @@ SourceMark::Value SidebarModel::markOf(const std::string& id) const {
 void SidebarModel::addTrackers(std::vector<SidebarRow>& rows) const {
     rows.push_back(section(tr("Trackers")));
     for (const auto& tracker : trackerPages()) {
-        int problems = 0;
+        int count = 0;
+        QString spoken;
         if (tracker.id == "status") {
-            problems =
+            count =
                 problemsIn(trackers_.consumerStatus()) + problemsIn(trackers_.developerStatus());
+            spoken = tr("%n problems", nullptr, count);
+        } else if (tracker.id == "pages") {
+            count = changedPages();
+            spoken = tr("%n new", nullptr, count);
         }
         rows.push_back(itemRow({Kind::tracker, plainText(tracker.id)}, titleOf(tracker),
-                               plainText(tracker.symbol), problems,
-                               tr("%n problems", nullptr, problems)));
+                               plainText(tracker.symbol), count, spoken));
     }
+}
+
+int SidebarModel::changedPages() const {
+    const auto pages = kit::pageRows(trackers_.pages(), clock_());
+    return static_cast<int>(std::ranges::count_if(pages, &kit::PageRow::isNew));
 }
 
 QString SidebarModel::footText() const {

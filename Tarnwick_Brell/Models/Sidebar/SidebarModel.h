@@ -89,7 +89,7 @@ class SidebarModel : public QObject {
     Q_PROPERTY(int currentRow READ currentRow NOTIFY changed)
 
 public:
-    SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStore& trackers,
+    SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStore& trackers, kit::Clock clock,
                  QObject* parent = nullptr);
 
     /// For lists of destinations elsewhere, such as the palette's.
@@ -136,11 +136,13 @@ private:
     SidebarRow sourceRow(const kit::NewsSource& source) const;
     SourceMark::Value markOf(const std::string& sourceID) const;
     QString hintOf(const std::string& id) const;
+    int changedPages() const;
     QString footText() const;
 
     NewsDesk& desk_;
     NewsroomStore& newsrooms_;
     TrackerStore& trackers_;
+    kit::Clock clock_;
     UnreadCounts tally_;
     GadgetListModel<SidebarRow> rows_;
     QString current_;

@@ -17,7 +17,7 @@ namespace {}  // namespace
 
 WindowModel::WindowModel(const DeskStores& stores, int number)
     : stores_(stores),
-      sidebar_(stores.news, stores.newsrooms, stores.trackers),
+      sidebar_(stores.news, stores.newsrooms, stores.trackers, stores.clock),
       placeMenu_(stores),
       storyList_(stores.news, stores.newsrooms, stores.clock),
       selected_(stores.news, storyList_, stores.defaults, stores.clock),

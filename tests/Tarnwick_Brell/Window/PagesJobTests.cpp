@@ -80,9 +80,9 @@ protected:
         return page().changes()->index(row, 0).data(roles.key(name));
     }
     /// "room for -two- +three+ boats"
-    QString marked(int row) {
+    QString marked(int row, const char* list = "words") {
         QStringList words;
-        for (const auto& word : member(row, "words").toList()) {
+        for (const auto& word : member(row, list).toList()) {
             const auto parts = word.toMap();
             const QString mark = parts["isRemoved"].toBool() ? "-"
                                  : parts["isAdded"].toBool() ? "+"
@@ -118,6 +118,31 @@ TEST_F(PageTextsJobTest, APartThatIsLeftOutIsComparedAgainAndTheStepIsUndone) {
     EXPECT_TRUE(leavesOut(0));
     EXPECT_TRUE(undo_.undo());
     EXPECT_TRUE(leavesOut(1));
+}
+
+TEST_F(PageTextsJobTest, ChangesStandSideBySideOrInTheWholeTextAndAreFiltered) {
+    click(QStringLiteral("Side by side"));
+    EXPECT_EQ(marked(0), "The harbour has room for +three+ boats & their <crews>, no more.");
+    EXPECT_EQ(marked(0, "wordsBefore"),
+              "The harbour has room for -two- boats & their <crews>, no more.");
+    click(QStringLiteral("Full text"));
+    EXPECT_TRUE(shows("-two- +three+"));
+    EXPECT_EQ(page().changes()->rowCount(), 1) << "without what is left out";
+    click(QStringLiteral("Changes"));
+    EXPECT_TRUE(until([&] { return page().changes()->rowCount() == 2; }));
+    const auto pages = [&] { return page().rows()->rowCount(); };
+    const auto all = pages();
+    page().setWords(QStringLiteral("TIDE"));
+    EXPECT_EQ(pages(), 1) << "suggested pages are not searched";
+    page().setWords(QStringLiteral("ebb"));
+    EXPECT_EQ(pages(), 0);
+    EXPECT_EQ(page().changes()->rowCount(), 0) << "no page is chosen";
+    page().setWords({});
+    EXPECT_EQ(pages(), all);
+    EXPECT_TRUE(shows("-two- +three+"));
+    EXPECT_EQ(page().subsets(), QStringList({"All 1", "Changed 1", "Failing 0"}));
+    click(QStringLiteral("Failing 0"));
+    EXPECT_EQ(pages(), 0);
 }
 
 }  // namespace
