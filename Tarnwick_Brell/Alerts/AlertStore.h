@@ -32,7 +32,7 @@ struct AlertLog {
 
     std::vector<StoredAlert> newest{};                                     ///< at most kMostShown
     std::map<std::string, AlertHistory::RuleCount, std::less<>> counts{};  ///< of kCounted
-    std::int64_t untold = 0;  ///< of those that came after the last look without a notification
+    std::int64_t untold = 0;  ///< see AlertHistory::countUntoldAfter, since the last look
 
     bool operator==(const AlertLog&) const = default;
 };

@@ -112,6 +112,13 @@ QString namedDayText(Instant day, Instant now, const Style& style) {
     return shortDay(inZone(day, Qt::UTC), now, style);
 }
 
+QString dayHeadingText(kit::Instant day, kit::Instant now) {
+    const auto days = daysBetween(now, day);
+    auto text = days == 0 || days == -1 ? daysAwayText(days) : dayText(day, now);
+    text[0] = text[0].toUpper();
+    return text;
+}
+
 QString dayText(Instant then, Instant now, const Style& style) {
     const auto day = shortDayText(then, now, style);
     if (style.isPlain) return day;

@@ -34,6 +34,9 @@ QString momentText(kit::Instant then, kit::Instant now, const Style& style = Sty
 /// "16 May 2025, 14:32 CET", for what is read elsewhere and later; plain "2025-05-16 14:32 CET".
 QString wholeMomentText(kit::Instant then, const Style& style = Style::ofUser());
 
+/// The same above what happened on that day: "Today", "Yesterday", "Tue 19 May".
+QString dayHeadingText(kit::Instant day, kit::Instant now);
+
 /// "Tue 19 May", with the year when it is another one; plain "2026-05-19".
 QString dayText(kit::Instant then, kit::Instant now, const Style& style = Style::ofUser());
 

@@ -1031,6 +1031,13 @@
 <context>
     <name>app::ActivityPageModel</name>
     <message numerus="yes">
+        <source>%n more by your rules</source>
+        <translation>
+            <numerusform>%n more by your rules</numerusform>
+            <numerusform>%n more by your rules</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n entries</source>
         <translation>
             <numerusform>%n entry</numerusform>
@@ -1110,6 +1117,30 @@
         <translation>
             <numerusform>The file is asked for every minute.</numerusform>
             <numerusform>The file is asked for every %n minutes.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::AlertHistorySheetModel</name>
+    <message numerus="yes">
+        <source>Nothing was told in the last %n days.</source>
+        <translation>
+            <numerusform>Nothing was told in the last %n day.</numerusform>
+            <numerusform>Nothing was told in the last %n days.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The last %n of them</source>
+        <translation>
+            <numerusform>The last %n of them</numerusform>
+            <numerusform>The last %n of them</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Kept for %n days</source>
+        <translation>
+            <numerusform>Kept for %n day</numerusform>
+            <numerusform>Kept for %n days</numerusform>
         </translation>
     </message>
 </context>

@@ -56,9 +56,23 @@ void TrayIcon::fill() {
                 &TrayIcon::statusWanted);
     }
     menu_->addSeparator();
+    addQuiet();
     connect(menu_->addAction(tr("Refresh")), &QAction::triggered, this, &TrayIcon::refreshWanted);
     connect(menu_->addAction(tr("Open")), &QAction::triggered, this, &TrayIcon::openWanted);
     connect(menu_->addAction(tr("Quit")), &QAction::triggered, this, &TrayIcon::quitWanted);
+}
+
+void TrayIcon::addQuiet() {
+    const auto add = [&](const QString& text, TrayModel::Quiet choice) {
+        connect(menu_->addAction(menuText(text)), &QAction::triggered, this,
+                [this, choice] { model_.setQuiet(choice); });
+    };
+    add(tr("Quiet for an hour"), TrayModel::Quiet::forAnHour);
+    add(tr("Quiet until tomorrow, 7:00"), TrayModel::Quiet::untilMorning);
+    // It may be over before the menu is filled again.
+    if (const auto quiet = model_.quietText(); !quiet.isEmpty())
+        add(tr("%1: end it now").arg(quiet), TrayModel::Quiet::end);
+    menu_->addSeparator();
 }
 
 }  // namespace app

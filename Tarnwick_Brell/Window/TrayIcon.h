@@ -32,6 +32,7 @@ signals:
 private:
     void showWhenPossible();
     void fill();
+    void addQuiet();
 
     TrayModel& model_;
     std::unique_ptr<QMenu> menu_;

@@ -98,6 +98,8 @@ std::vector<View> subjectViews(NewsDesk& news) {
              model.showSheet(QStringLiteral("settings"));
              dynamic_cast<SettingsSheetModel&>(*model.sheet()).setSection(3);
          }},
+        {"alert-history",
+         [](WindowModel& model) { model.showSheet(QStringLiteral("alert-history")); }},
         {"pages", [](WindowModel& model) { model.open(QStringLiteral("tracker:pages")); }},
         {"filings", [](WindowModel& model) { openRecords(model, RecordsPageModel::Filings); }},
         {"insiders", [](WindowModel& model) { openRecords(model, RecordsPageModel::Insiders); }},

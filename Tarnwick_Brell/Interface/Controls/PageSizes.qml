@@ -66,6 +66,7 @@ QtObject {
     readonly property int docketLeast: 420
     readonly property int entryRow: Theme.row(36)
     readonly property int revisionPoint: 8
+    readonly property int historySheet: 720
     readonly property int revisionStrip: 24
     readonly property int entryDay: Theme.scaled(64)
     readonly property int entryNumber: Theme.scaled(32)

@@ -14,6 +14,8 @@ Item {
     required property string detail
     required property string badge
     required property bool isNew
+    required property string told
+    required property string toldSymbol
     required property string link
     required property string spokenText
 
@@ -90,10 +92,32 @@ Item {
                 text: line.badge
                 Accessible.ignored: true
             }
+            Row {
+                id: told
+
+                anchors.right: parent.right
+                anchors.rightMargin: Theme.rowEnd
+                anchors.top: title.bottom
+                visible: line.told
+                spacing: Theme.space1
+
+                Symbol {
+                    anchors.verticalCenter: parent.verticalCenter
+                    name: line.toldSymbol
+                    size: Theme.iconInMeta
+                    color: Theme.text3
+                }
+                DeskText {
+                    type: DeskText.Meta
+                    color: Theme.text3
+                    text: line.told
+                    Accessible.ignored: true
+                }
+            }
             DeskText {
                 anchors.left: title.left
                 anchors.top: title.bottom
-                width: parent.width - x - Theme.rowEnd
+                width: (told.visible ? told.x - Theme.space2 : parent.width - Theme.rowEnd) - x
                 type: DeskText.Meta
                 color: Theme.text3
                 text: line.detail

@@ -36,12 +36,21 @@ PageBody {
             height: Theme.listHeader
 
             DeskText {
+                id: count
+
                 x: Theme.rowText
                 width: Math.min(implicitWidth, weights.x - x - Theme.space2)
                 anchors.verticalCenter: parent.verticalCenter
                 type: DeskText.Secondary
                 color: Theme.text3
                 text: page.content.countText
+            }
+            LinkText {
+                x: count.x + count.width + Theme.space3
+                anchors.verticalCenter: parent.verticalCenter
+                visible: text && x + width < weights.x
+                text: page.content.untoldText
+                onClicked: page.content.showHistory()
             }
             SegmentedControl {
                 id: weights

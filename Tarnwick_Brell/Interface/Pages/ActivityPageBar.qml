@@ -1,4 +1,5 @@
 import QtQuick
+import TarnwickBrell.Controls
 import TarnwickBrell.Models
 
 /// The kinds and the period that the log is searched in.
@@ -11,6 +12,14 @@ PageBar {
     fieldText: content.words
     fieldHint: qsTr("Search the log")
     onFieldEdited: text => content.words = text
+    buttons: [
+        DeskButton {
+            symbol: "bell"
+            text: qsTr("Alerts")
+            tip: qsTr("What was told, what was not, and why")
+            onClicked: bar.content.showHistory()
+        }
+    ]
 
     ChoiceChip {
         label: qsTr("Kind")

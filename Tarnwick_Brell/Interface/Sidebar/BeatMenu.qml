@@ -25,6 +25,11 @@ DeskMenu {
         onTriggered: menu.beats.showTimeline(menu.key)
     }
     DeskMenuItem {
+        text: qsTr("Tell me about this")
+        symbol: "bell"
+        onTriggered: menu.beats.makeAlert(menu.key)
+    }
+    DeskMenuItem {
         text: qsTr("Move up")
         key: qsTr("Alt ↑")
         symbol: "arrow.up"

@@ -4,6 +4,18 @@
 
 namespace app {
 
+namespace {
+
+/// What the row is about: a service, a platform, a company, a device, a page.
+QString subjectOf(const PageList& list, int row) {
+    for (const char* role : {"subject", "platform", "company", "name"}) {
+        if (auto subject = list.text(row, role); !subject.isEmpty()) return subject;
+    }
+    return {};
+}
+
+}  // namespace
+
 RowMenuArea::RowMenuArea(QQuickItem* parent) : QQuickItem(parent) {
     setAcceptedMouseButtons(Qt::RightButton);
 }
@@ -41,6 +53,9 @@ void RowMenuArea::ask(const PageList& list, int row, QPointF at) {
     QVariantMap facts{{QStringLiteral("opens"), list.item()->property("opens").toBool()}};
     for (const char* role : {"storyID", "link", "spokenText"})
         facts.insert(QString::fromLatin1(role), list.text(row, role));
+    facts.insert(QStringLiteral("subject"), subjectOf(list, row));
+    if (!list.text(row, "price").isEmpty())
+        facts.insert(QStringLiteral("quote"), list.text(row, "symbol"));
     emit menuWanted(at.x(), at.y(), facts);
 }
 

@@ -30,6 +30,12 @@ void BeatActions::edit(const QString& key) {
         emit sheetWanted(QStringLiteral("beat:") + QString::fromStdString(entry->id));
 }
 
+void BeatActions::makeAlert(const QString& key) {
+    const auto id = beatIDOf(key);
+    if (!id.empty())
+        emit sheetWanted(QStringLiteral("alert-from-beat:") + QString::fromStdString(id));
+}
+
 void BeatActions::showTimeline(const QString& key) {
     const auto id = beatIDOf(key);
     if (!id.empty()) emit placeWanted(TimelineSubject::ofBeat(id).place().key());

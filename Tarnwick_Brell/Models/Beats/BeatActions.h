@@ -20,6 +20,8 @@ public:
 
     /// Asks for its sheet.
     Q_INVOKABLE void edit(const QString& key);
+    /// Asks for the sheet of a new rule on its stories.
+    Q_INVOKABLE void makeAlert(const QString& key);
     /// Leads to the timeline of its stories.
     Q_INVOKABLE void showTimeline(const QString& key);
     /// Moves it up or down in the user's order.

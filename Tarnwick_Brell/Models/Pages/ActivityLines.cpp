@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QLocale>
 
+#include "NewsroomKit/Alerts/AlertEvent.h"
+#include "Tarnwick_Brell/Models/Alerts/AlertOutcomeText.h"
 #include "Tarnwick_Brell/Models/Stories/StoryRowText.h"
 #include "Tarnwick_Brell/Presentation/MentionText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -40,7 +42,8 @@ QString weightBadge(const kit::Signal& signal) {
     return signal.weight == kit::SignalWeight::major ? labelText(label(signal.weight)) : QString();
 }
 
-ActivityLine lineOf(const kit::ActivityRow& row, kit::Instant now) {
+ActivityLine lineOf(const kit::ActivityRow& row, const std::vector<StoredAlert>& alerts,
+                    kit::Instant now) {
     const auto& signal = row.logged.signal;
     ActivityLine line{.time = clockText(signal.seenAt),
                       .symbol = plainText(symbol(signal.kind)),
@@ -49,8 +52,14 @@ ActivityLine lineOf(const kit::ActivityRow& row, kit::Instant now) {
                       .badge = weightBadge(signal),
                       .isNew = row.isNew,
                       .link = openableLink(signal.link.value_or(std::string()))};
-    line.spokenText = spokenRow({row.isNew ? ActivityText::tr("New") : QString(), line.title,
-                                 line.badge, line.detail, momentText(signal.seenAt, now)});
+    const auto alert = std::ranges::find(alerts, kit::alertKey(signal), &StoredAlert::event);
+    if (alert != alerts.end()) {
+        line.told = alertOutcomeText(*alert);
+        line.toldSymbol = alertOutcomeSymbol(alert->outcome);
+    }
+    line.spokenText =
+        spokenRow({row.isNew ? ActivityText::tr("New") : QString(), line.title, line.badge,
+                   line.detail, line.told, momentText(signal.seenAt, now)});
     return line;
 }
 
@@ -115,16 +124,14 @@ QString signalChange(const kit::Signal& signal) {
 }
 
 std::vector<ActivityLine> activityLines(const std::vector<kit::ActivityRow>& rows,
-                                        kit::Instant now) {
+                                        const std::vector<StoredAlert>& alerts, kit::Instant now) {
     std::vector<ActivityLine> lines;
     std::size_t top = 0;
     int count = 0;
     for (const auto& row : rows) {
         const auto seen = row.logged.signal.seenAt;
-        const auto days = daysBetween(now, seen);
-        auto day = days == 0 || days == -1 ? daysAwayText(days) : dayText(seen, now);
-        day[0] = day[0].toUpper();
-        lines.push_back(lineOf(row, now));
+        const auto day = dayHeadingText(seen, now);
+        lines.push_back(lineOf(row, alerts, now));
         if (lines.size() == 1 || day != lines[top].heading) {
             top = lines.size() - 1;
             count = 0;

@@ -7,6 +7,7 @@
 
 #include "NewsroomKit/Panels/ActivityContent.h"
 #include "Tarnwick_Brell/Models/Pages/ActivityPageModel.h"
+#include "Tarnwick_Brell/Storage/Histories/AlertHistory.h"
 
 /// The log of signals in words.
 namespace app {
@@ -23,9 +24,9 @@ QString signalDetail(const kit::ActivityRow& row, kit::Instant now);
 /// "signed → not signed"; empty when the evidence does not say.
 QString signalChange(const kit::Signal& signal);
 
-/// The log under its days.
+/// The log under its days, each line with how it was told by the last of the alerts.
 std::vector<ActivityLine> activityLines(const std::vector<kit::ActivityRow>& rows,
-                                        kit::Instant now);
+                                        const std::vector<StoredAlert>& alerts, kit::Instant now);
 
 /// The stories that share words with the signal, the signal among them, and below them the others.
 std::vector<ActivityWireLine> activityWireLines(const kit::ActivityWire& wire,

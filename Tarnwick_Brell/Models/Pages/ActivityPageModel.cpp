@@ -6,6 +6,7 @@
 #include <QLocale>
 
 #include "NewsroomKit/Alerts/AlertEvent.h"
+#include "Tarnwick_Brell/Alerts/AlertStore.h"
 #include "Tarnwick_Brell/Models/Pages/ActivityLines.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 #include "Tarnwick_Brell/Presentation/TimeText.h"
@@ -28,6 +29,10 @@ ActivityPageModel::ActivityPageModel(const DeskStores& stores)
     });
     connect(&trackers(), &TrackerStore::logChanged, this, [this] {
         if (!lookedAt_ || trackers().log().last != total_) reload();
+    });
+    connect(&stores.alerts, &AlertStore::logChanged, this, [this] {
+        update();
+        emit changed();
     });
     reload();
 }
@@ -77,7 +82,7 @@ void ActivityPageModel::show(const LogPage& page, const SignalSelection& selecti
 void ActivityPageModel::update() {
     content_ = kit::activityRows(log_, lookedAt_.value_or(total_));
     newRows_ = static_cast<int>(std::ranges::count_if(content_, &kit::ActivityRow::isNew));
-    lines_.setRows(activityLines(content_, now()));
+    lines_.setRows(activityLines(content_, stores().alerts.log().newest, now()));
     nothingShown_ = content_.empty() ? tr("Nothing in the log matches.") : QString();
     if (total_ == 0) {
         setCondition({.state = Empty,
@@ -97,6 +102,13 @@ QString ActivityPageModel::countText() const {
     return newRows_ > 0 ? tr("%n since your last look", nullptr, newRows_)
                         : tr("Nothing new since your last look");
 }
+
+QString ActivityPageModel::untoldText() const {
+    const auto untold = static_cast<int>(stores().alerts.log().untold);
+    return untold > 0 ? tr("%n more by your rules", nullptr, untold) : QString();
+}
+
+void ActivityPageModel::showHistory() { emit sheetWanted(QStringLiteral("alert-history")); }
 
 void ActivityPageModel::choose(std::optional<std::int64_t> number) {
     const auto found = std::ranges::find_if(

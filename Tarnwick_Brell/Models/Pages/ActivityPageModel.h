@@ -27,6 +27,8 @@ struct ActivityLine {
     Q_PROPERTY(QString detail MEMBER detail)
     Q_PROPERTY(QString badge MEMBER badge)
     Q_PROPERTY(bool isNew MEMBER isNew)
+    Q_PROPERTY(QString told MEMBER told)
+    Q_PROPERTY(QString toldSymbol MEMBER toldSymbol)
     Q_PROPERTY(QString link MEMBER link)
     Q_PROPERTY(QString spokenText MEMBER spokenText)
 
@@ -39,6 +41,8 @@ public:
     QString detail{};
     QString badge{};
     bool isNew = false;
+    QString told{};  ///< how it was told, if it was
+    QString toldSymbol{};
     QString link{};
     QString spokenText{};
 
@@ -99,6 +103,7 @@ class ActivityPageModel final : public app::PageModel {
     Q_PROPERTY(QString chosenChange READ chosenChange NOTIFY changed)
     Q_PROPERTY(QString chosenLink READ chosenLink NOTIFY changed)
     Q_PROPERTY(QString chosenPlace READ chosenPlace NOTIFY changed)
+    Q_PROPERTY(QString untoldText READ untoldText NOTIFY changed)
     Q_PROPERTY(app::WhyToldModel* why READ why CONSTANT)
     Q_PROPERTY(QString wireFact READ wireFact NOTIFY changed)
     Q_PROPERTY(QString wireSentence READ wireSentence NOTIFY changed)
@@ -136,6 +141,9 @@ public:
     const QString& chosenLink() const { return chosen_.link; }
     /// The desk's own page of its kind; empty when there is none.
     const QString& chosenPlace() const { return chosen_.place; }
+    /// What rules have matched in stories and prices since the last look, without a notification.
+    QString untoldText() const;
+    Q_INVOKABLE void showHistory();
     /// Which rule told of the chosen line.
     WhyToldModel* why() { return &why_; }
     const QString& wireFact() const { return wireFact_; }

@@ -53,10 +53,7 @@ std::vector<FindingLine> findingLines(const std::vector<StoredFinding>& found,
     std::vector<FindingLine> lines;
     QString last;
     for (const auto& stored : found) {
-        const auto seen = stored.finding.seenAt;
-        const auto days = daysBetween(now, seen);
-        auto day = days == 0 || days == -1 ? daysAwayText(days) : dayText(seen, now);
-        day[0] = day[0].toUpper();
+        const auto day = dayHeadingText(stored.finding.seenAt, now);
         lines.push_back(findingLine(stored.finding, stored.number > lookedAt, now));
         if (day != last) lines.back().heading = day;
         last = day;

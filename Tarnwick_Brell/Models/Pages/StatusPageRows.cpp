@@ -105,6 +105,7 @@ StatusPageRow problemRow(const Page::Problem& problem, Instant now) {
     const auto& incident = problem.incident;
     StatusPageRow row{.kind = StatusRowKind::Problem,
                       .title = titleText(incident.service),
+                      .subject = titleText(incident.service),
                       .message = bodyText(incident.message),
                       .isUp = false,
                       .level = levelOf(incident.level),
@@ -128,6 +129,7 @@ StatusPageRow problemRow(const Page::Problem& problem, Instant now) {
 StatusPageRow serviceRow(const Page::Service& service, Instant now) {
     StatusPageRow row{.kind = StatusRowKind::Service,
                       .title = titleText(service.name),
+                      .subject = titleText(service.name),
                       .isUp = !service.problem,
                       .share = shareText(service.share),
                       .last = lastText(service, now)};

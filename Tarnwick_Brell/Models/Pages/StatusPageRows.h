@@ -26,6 +26,7 @@ struct StatusPageRow {
     Q_GADGET
     Q_PROPERTY(app::StatusRowKind::Value kind MEMBER kind)
     Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString subject MEMBER subject)
     Q_PROPERTY(QString detail MEMBER detail)
     Q_PROPERTY(QString warning MEMBER warning)
     Q_PROPERTY(QString message MEMBER message)
@@ -43,6 +44,7 @@ struct StatusPageRow {
 public:
     StatusRowKind::Value kind = StatusRowKind::Heading;
     QString title{};    ///< of a service, a problem or a table
+    QString subject{};  ///< the service
     QString detail{};   ///< "63 of 64 up"; of a problem how long it has gone on
     QString warning{};  ///< of a table: why it is old
     QString message{};  ///< Apple's words

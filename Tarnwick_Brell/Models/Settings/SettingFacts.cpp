@@ -146,6 +146,12 @@ std::vector<SettingRow> alertRows(const DeskStores& stores) {
                     .control = SettingControl::Button,
                     .action = SettingFacts::tr("New rule…"),
                     .sheet = QStringLiteral("alert-rule:")});
+    rows.push_back({.title = SettingFacts::tr("What was told"),
+                    .meaning = SettingFacts::tr("What was told in the last 90 days, what was not, "
+                                                "and by which rule."),
+                    .control = SettingControl::Button,
+                    .action = SettingFacts::tr("History…"),
+                    .sheet = QStringLiteral("alert-history")});
     for (const auto& entry : stores.newsrooms.beats().entries()) {
         if (!entry.value) continue;
         rows.push_back({.title = titleText(entry.name),

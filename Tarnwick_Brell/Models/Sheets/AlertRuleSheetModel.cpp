@@ -71,7 +71,25 @@ std::unique_ptr<SheetModel> AlertRuleSheetModel::makeFromStory(const DeskStores&
 std::unique_ptr<SheetModel> AlertRuleSheetModel::makeFromWords(const DeskStores& stores,
                                                                const QString& words) {
     auto rule = emptyRule();
-    rule.trigger = kit::SignalsTrigger{.words = kit::separatedTerms(words.toStdString())};
+    // One term: names of companies and devices have commas of their own.
+    rule.trigger = kit::SignalsTrigger{.words = {words.toStdString()}};
+    return std::make_unique<AlertRuleSheetModel>(stores, std::move(rule), true);
+}
+
+std::unique_ptr<SheetModel> AlertRuleSheetModel::makeFromBeat(const DeskStores& stores,
+                                                              const QString& beatID) {
+    const auto* entry = stores.newsrooms.beats().find(beatID.toStdString());
+    if (!entry || !entry->value) return nullptr;
+    auto rule = emptyRule();
+    rule.name = entry->name;
+    rule.trigger = kit::StoriesTrigger{.beat = entry->id};
+    return std::make_unique<AlertRuleSheetModel>(stores, std::move(rule), true);
+}
+
+std::unique_ptr<SheetModel> AlertRuleSheetModel::makeFromQuote(const DeskStores& stores,
+                                                               const QString& symbol) {
+    auto rule = emptyRule();
+    rule.trigger = kit::PriceTrigger{.symbol = symbol.toStdString()};
     return std::make_unique<AlertRuleSheetModel>(stores, std::move(rule), true);
 }
 

@@ -61,6 +61,12 @@ public:
     static std::unique_ptr<SheetModel> makeFromWords(const DeskStores& stores,
                                                      const QString& words);
 
+    /// A new rule on the stories of a beat, or on the price of a symbol.
+    static std::unique_ptr<SheetModel> makeFromBeat(const DeskStores& stores,
+                                                    const QString& beatID);
+    static std::unique_ptr<SheetModel> makeFromQuote(const DeskStores& stores,
+                                                     const QString& symbol);
+
     AlertRuleSheetModel(const DeskStores& stores, kit::AlertRule rule, bool isNew);
 
     bool isNew() const { return isNew_; }

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "Tarnwick_Brell/Models/Sheets/AddSourceSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/AlertHistorySheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/AlertRuleSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/BeatSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/CloseToTraySheetModel.h"
@@ -51,6 +52,9 @@ std::unique_ptr<SheetModel> makeSheet(const DeskStores& stores, const QString& k
         SheetRow{"alert-rule", &AlertRuleSheetModel::make},
         SheetRow{"alert-from-story", &AlertRuleSheetModel::makeFromStory},
         SheetRow{"alert-from-words", &AlertRuleSheetModel::makeFromWords},
+        SheetRow{"alert-from-beat", &AlertRuleSheetModel::makeFromBeat},
+        SheetRow{"alert-from-quote", &AlertRuleSheetModel::makeFromQuote},
+        SheetRow{"alert-history", &sheetOf<AlertHistorySheetModel>},
         SheetRow{"settings", &SettingsSheetModel::make},
     };
     const auto name = key.section(u':', 0, 0).toStdString();

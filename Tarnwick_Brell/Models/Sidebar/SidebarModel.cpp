@@ -10,6 +10,7 @@
 #include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
 #include "NewsroomKit/Panels/PagesContent.h"
 #include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
+#include "Tarnwick_Brell/Alerts/AlertStore.h"
 #include "Tarnwick_Brell/Desk/SourceOverview.h"
 #include "Tarnwick_Brell/Models/Sidebar/TrackerPages.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -77,11 +78,12 @@ QString markName(SourceMark::Value mark) {
 }  // namespace
 
 SidebarModel::SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStore& trackers,
-                           kit::Clock clock, QObject* parent)
+                           AlertStore& alerts, kit::Clock clock, QObject* parent)
     : QObject(parent),
       desk_(desk),
       newsrooms_(newsrooms),
       trackers_(trackers),
+      alerts_(alerts),
       clock_(std::move(clock)),
       tally_(desk, newsrooms) {
     soon_.setSingleShot(true);
@@ -96,6 +98,7 @@ SidebarModel::SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStor
     connect(&trackers, &TrackerStore::statusChanged, this, later);
     connect(&trackers, &TrackerStore::logChanged, this, later);
     connect(&trackers, &TrackerStore::pagesChanged, this, later);
+    connect(&alerts, &AlertStore::logChanged, this, later);
     connect(&tally_, &UnreadCounts::changed, this, later);
     rebuild();
 }
@@ -139,7 +142,7 @@ void SidebarModel::addWire(std::vector<SidebarRow>& rows) const {
     add(Kind::unread, tr("Unread"), QStringLiteral("circle.inset.filled"), tally_.unread());
     add(Kind::saved, tr("Saved"), QStringLiteral("bookmark"), tally_.saved());
     rows.push_back(itemRow({Kind::topStories, {}}, tr("Top stories"), QStringLiteral("flame")));
-    const auto unseen = static_cast<int>(trackers_.log().unseen);
+    const auto unseen = static_cast<int>(trackers_.log().unseen + alerts_.log().untold);
     rows.push_back(itemRow({Kind::page, QStringLiteral("activity")}, tr("Activity"),
                            QStringLiteral("list.bullet"), unseen, tr("%n new", nullptr, unseen)));
 }

@@ -21,6 +21,8 @@
 
 namespace app {
 
+class AlertStore;
+
 /// How the fetching of a source goes, as its mark shows it.
 namespace SourceMark {
 
@@ -89,8 +91,8 @@ class SidebarModel : public QObject {
     Q_PROPERTY(int currentRow READ currentRow NOTIFY changed)
 
 public:
-    SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStore& trackers, kit::Clock clock,
-                 QObject* parent = nullptr);
+    SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStore& trackers,
+                 AlertStore& alerts, kit::Clock clock, QObject* parent = nullptr);
 
     /// For lists of destinations elsewhere, such as the palette's.
     struct NamedDestination {
@@ -142,6 +144,7 @@ private:
     NewsDesk& desk_;
     NewsroomStore& newsrooms_;
     TrackerStore& trackers_;
+    AlertStore& alerts_;
     kit::Clock clock_;
     UnreadCounts tally_;
     GadgetListModel<SidebarRow> rows_;

@@ -24,6 +24,7 @@ bool RowMenu::show(const QVariantMap& facts) {
     } else if (!fact("link").isEmpty()) {
         addLink(fact("link"));
     }
+    addAlert(fact("quote"), fact("subject"));
     addPageActions();
     const auto text = fact("spokenText");
     if (!text.isEmpty() && !actions_.row(DeskAction::CopyRow).isEnabled)
@@ -57,6 +58,13 @@ void RowMenu::addLink(const QString& link) {
         [this, link] { emit linkWanted(link); });
     add({.title = tr("Copy the link"), .symbol = QStringLiteral("link")},
         [this, link] { copy(link, tr("Link copied.")); });
+}
+
+void RowMenu::addAlert(const QString& quote, const QString& subject) {
+    if (quote.isEmpty() && subject.isEmpty()) return;
+    const auto sheet = quote.isEmpty() ? QStringLiteral("alert-from-words:") + subject
+                                       : QStringLiteral("alert-from-quote:") + quote;
+    addAction(DeskAction::AlertOnStory, false, [this, sheet] { emit sheetWanted(sheet); });
 }
 
 void RowMenu::addPageActions() {

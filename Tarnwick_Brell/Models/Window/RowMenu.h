@@ -44,8 +44,9 @@ public:
             QObject* parent = nullptr);
 
     QAbstractListModel* rows() { return &rows_; }
-    /// Fills the menu from what the row says of itself: `storyID`, `link`, `spokenText`, and
-    /// whether it `opens`. False when nothing can be done.
+    /// Fills the menu from what the row says of itself: `storyID`, `link`, `spokenText`, the
+    /// symbol of its `quote` or its `subject`, and whether it `opens`. False when nothing can be
+    /// done.
     Q_INVOKABLE bool show(const QVariantMap& facts);
     Q_INVOKABLE void run(int row);
 
@@ -54,6 +55,8 @@ signals:
     void linkWanted(const QString& link);
     void timelineWanted(const QString& storyID);
     void correctionWanted(const QString& storyID);
+    /// A key of `makeSheet`.
+    void sheetWanted(const QString& key);
     /// A sentence for the user.
     void noticed(const QString& sentence);
 
@@ -62,6 +65,8 @@ private:
     void addStory(const QString& storyID);
     void addAction(DeskAction::Value action, bool isUndone, std::function<void()> run);
     void addLink(const QString& link);
+    /// A new rule on the quote, else on what is logged of the subject.
+    void addAlert(const QString& quote, const QString& subject);
     void addPageActions();
     void copy(const QString& text, const QString& notice);
 

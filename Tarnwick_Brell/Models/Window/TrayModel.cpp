@@ -3,8 +3,11 @@
 #include <chrono>
 
 #include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
+#include "Tarnwick_Brell/Alerts/QuietSettings.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Models/Alerts/QuietActions.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
+#include "Tarnwick_Brell/Presentation/TimeText.h"
 #include "Tarnwick_Brell/Trackers/TrackerStore.h"
 
 namespace app {
@@ -61,11 +64,27 @@ void TrayModel::look() {
     emit changed();
 }
 
+QString TrayModel::quietText() const {
+    const auto until = quietUntil(stores_.defaults, stores_.clock());
+    if (!until) return {};
+    return tr("Quiet until %1").arg(momentText(*until, stores_.clock()));
+}
+
+void TrayModel::setQuiet(Quiet quiet) {
+    switch (quiet) {
+        case Quiet::forAnHour: quietForAnHour(stores_); break;
+        case Quiet::untilMorning: quietUntilMorning(stores_); break;
+        case Quiet::end: endQuiet(stores_); break;
+    }
+    emit changed();
+}
+
 QString TrayModel::tip() const {
     QStringList parts{tr("Tarnwick Brell")};
     if (unread_ > 0) parts << tr("%n unread", nullptr, unread_);
     if (!problems_.isEmpty())
         parts << tr("%n services with problems", nullptr, static_cast<int>(problems_.size()));
+    if (const auto quiet = quietText(); !quiet.isEmpty()) parts << quiet;
     return parts.join(QStringLiteral(", "));
 }
 

@@ -32,6 +32,11 @@ public:
     const std::vector<Entry>& stories() const { return entries_; }
     const QStringList& problems() const { return problems_; }
 
+    /// "Quiet until 17:00" by the user's word; empty when notifications are shown.
+    QString quietText() const;
+    enum class Quiet { forAnHour, untilMorning, end };
+    void setQuiet(Quiet quiet);
+
 signals:
     void changed();
 

@@ -17,7 +17,7 @@ namespace {}  // namespace
 
 WindowModel::WindowModel(const DeskStores& stores, int number)
     : stores_(stores),
-      sidebar_(stores.news, stores.newsrooms, stores.trackers, stores.clock),
+      sidebar_(stores.news, stores.newsrooms, stores.trackers, stores.alerts, stores.clock),
       placeMenu_(stores),
       storyList_(stores.news, stores.newsrooms, stores.clock),
       selected_(stores.news, storyList_, stores.defaults, stores.clock),
@@ -71,6 +71,7 @@ void WindowModel::connectPages() {
     });
     connect(&rowMenu_, &RowMenu::timelineWanted, this, &WindowModel::openTimelineOf);
     connect(&rowMenu_, &RowMenu::correctionWanted, this, &WindowModel::correctStory);
+    connect(&rowMenu_, &RowMenu::sheetWanted, this, &WindowModel::showSheet);
     connect(&refresh_, &RefreshStatus::failed, this, &WindowModel::noticed);
     connect(&appearance_, &Appearance::failed, this, &WindowModel::noticed);
     connect(&state_, &WindowState::failed, this, &WindowModel::noticed);

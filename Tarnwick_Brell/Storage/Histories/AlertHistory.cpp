@@ -82,7 +82,8 @@ std::int64_t AlertHistory::lastNumber() {
 
 std::int64_t AlertHistory::countUntoldAfter(std::int64_t number) {
     Statement row(database_,
-                  "SELECT count(*) FROM alerts WHERE number > ? AND outcome IN ('quiet', 'held')");
+                  "SELECT count(*) FROM alerts WHERE number > ? AND outcome IN ('quiet', 'held') "
+                  "AND event NOT LIKE 'signal|%'");
     row.bind(0, number);
     row.step();
     return row.number(0);

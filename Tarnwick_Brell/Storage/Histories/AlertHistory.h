@@ -63,7 +63,8 @@ public:
     /// The last stored first; of one rule unless `rule` is empty.
     std::vector<StoredAlert> newest(std::size_t most, std::string_view rule = {});
     std::int64_t lastNumber();  ///< 0 when there is none
-    /// Those that no notification was shown of.
+    /// Those of stories and prices that no notification was shown of. What is logged is counted
+    /// with the log.
     std::int64_t countUntoldAfter(std::int64_t number);
 
     struct RuleCount {

@@ -50,8 +50,9 @@ protected:
         deal.kind = StoryKind::deal;
         harness_.tell(deal);
         harness_.open();
-        sidebar_ = std::make_unique<SidebarModel>(*harness_.news, *harness_.newsrooms,
-                                                  *harness_.trackers, harness_.desk.clock());
+        sidebar_ =
+            std::make_unique<SidebarModel>(*harness_.news, *harness_.newsrooms, *harness_.trackers,
+                                           *harness_.alerts, harness_.desk.clock());
     }
 
     QString cell(const QString& key, const char* role) {
