@@ -149,11 +149,12 @@ CitedWork citedWork(const Clip& clip) {
 }
 
 CitedWork citedWork(const SavedStory& story, const SavedText* text) {
+    const bool isImportedLink = story.sourceID.empty();
     return {.title = story.title,
             .link = story.articleLink.value_or(story.link),
             .outlet = story.destinationName.value_or(story.sourceName),
             .author = story.author,
-            .publishedAt = story.publishedAt,
+            .publishedAt = isImportedLink ? std::nullopt : std::optional(story.publishedAt),
             .accessedAt = text ? text->fetchedAt : story.savedAt};
 }
 

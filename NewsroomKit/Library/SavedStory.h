@@ -17,7 +17,7 @@ struct SavedStory {
     std::string excerpt{};
     std::optional<std::string> author{};
     Instant publishedAt{};
-    std::string sourceID{};
+    std::string sourceID{};  ///< empty for an imported link, whose publishedAt is when it was saved
     std::string sourceName{};
     std::optional<std::string> destinationName{};
     std::optional<std::string> imageURL{};

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <chrono>
+#include <ctime>
 
 #include "NewsroomKit/Library/Note.h"
 #include "NewsroomKit/Library/NoteText.h"
@@ -79,9 +79,9 @@ TEST(NoteText, StaysQuickAndBoundedOnHostileText) {
     for (const std::string_view part :
          {"[", "[a](", "> ", "- ", "*a **b_", "`a``", "https://a.b/(", "a@", "<", "&#", "- > 1. ",
           "[a]: b\n", "*a**b\n", "\xe2\x80"}) {
-        const auto begun = std::chrono::steady_clock::now();
+        const auto begun = std::clock();
         const auto blocks = noteBlocks(repeated(part));
-        EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(2)) << part;
+        EXPECT_LT(std::clock() - begun, CLOCKS_PER_SEC) << part;
         for (const auto& block : blocks) {
             ASSERT_LE(block.quoteDepth, kDeepestNoteBlock);
             ASSERT_LE(block.listDepth, kDeepestNoteBlock);
