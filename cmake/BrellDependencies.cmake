@@ -6,6 +6,7 @@ find_package(LibXml2 REQUIRED)
 find_package(ICU 72 REQUIRED COMPONENTS i18n uc data)
 find_package(SQLite3 3.40 REQUIRED)
 find_package(fmt 9 REQUIRED)
+find_package(ZLIB REQUIRED)
 find_package(CLI11 REQUIRED)
 # Debian 12's configuration file of md4c names a library of another package and fails without it.
 find_path(MD4C_INCLUDE_DIR md4c.h REQUIRED)

@@ -11,10 +11,11 @@ FREE = {"PressRoom", "tests", "benchmarks", "fuzzers"}
 DOORS = {
     r"curl/": ["NewsroomKit/HTTP", "tests"],
     r"libxml/": ["NewsroomKit/Feeds", "NewsroomKit/Outlines", "NewsroomKit/Pages", "tests", "benchmarks"],
+    r"md4c\.h": ["NewsroomKit/Library"],
     r"sqlite3\.h": ["Tarnwick_Brell/Storage"],
     r"CLI/": ["Tarnwick_Brell/Arguments/Arguments.cpp"],
     r"boost/beast": ["PressRoom/Server"],
-    r"openssl/": ["PressRoom/Server", "NewsroomKit/HTTP"],
+    r"openssl/": ["PressRoom/Server", "NewsroomKit/HTTP", "NewsroomKit/Library"],
     r"Q(Application|Menu|SystemTrayIcon|Widget|Dialog|\w*Print\w*)$": ["Tarnwick_Brell/Window"],
     r"Q[A-Z]\w*$|Qt\w+/": ["Tarnwick_Brell", "tests", "benchmarks", "tools"],
 }
