@@ -1,5 +1,6 @@
 """Rules of alerts: made, tried on the past, switched and removed."""
 import json
+import sqlite3
 import unittest
 
 from world_time import WorldTest
@@ -59,6 +60,23 @@ class AlertRules(WorldTest):
                 self.assertIn(complaint, self.alerts(*words, code=2))
         self.assertIn("Every word that is wanted is left out, too.",
                       self.alerts("new", "Contrary", "--any", "m6 chip", "--exclude", "m6"))
+
+    def test_ten_thousand_rules_of_a_foreign_library_are_kept_and_no_more_are_added(self):
+        self.alerts("new", "Chips", "--any", "m6")
+        record = json.loads(self.rows("SELECT record FROM alertRules")[0][0])
+        library = sqlite3.connect(next(self.desk.folder.rglob("library*.sqlite")))
+        with library:
+            library.executemany("INSERT INTO alertRules (id, rank, record) VALUES (?, ?, ?)", (
+                (f"r{i}", f"z{i:06}", json.dumps(dict(record, id=f"r{i}", name=f"Rule {i}")) if i % 100 else "{")
+                for i in range(10_000)))
+        library.close()
+        self.assertIn("There are 200 rules already", self.alerts("new", "One more", "--any", "m7", code=1))
+        self.assertGreaterEqual(len(self.rules()), 9_901)
+        self.alerts("remove", "Rule 9999")
+        self.assertNotIn("Rule 9999", self.rules())
+        self.go_to(1)
+        self.desk.run("refresh")
+        self.assertEqual(self.rows("SELECT count(*) FROM alertRules")[0][0], 10_001)
 
     def test_a_rule_is_tried_on_what_the_library_holds(self):
         self.go_to(30)
