@@ -32,13 +32,27 @@ kit::AlertQuiet quietOf(const Defaults& defaults) {
                           .to = timeOf(defaults, SettingKey::kQuietTo),
                           .weekdays = {},
                           .zone = kit::TimeZone::here()};
-    const auto named = defaults.value(SettingKey::kQuietWeekdays);
-    for (std::size_t day = 0; day < kWeekdays.size(); ++day) {
-        if (named.find(kWeekdays[day]) != std::string::npos)
-            hours.weekdays.push_back(static_cast<std::int64_t>(day) + 1);
+    const auto days = weekdaysNamed(defaults.value(SettingKey::kQuietWeekdays));
+    for (std::size_t day = 0; day < days.size(); ++day) {
+        if (days[day]) hours.weekdays.push_back(static_cast<std::int64_t>(day) + 1);
     }
     quiet.hours = std::move(hours);
     return quiet;
+}
+
+std::array<bool, 7> weekdaysNamed(std::string_view text) {
+    std::array<bool, 7> days{};
+    for (std::size_t day = 0; day < days.size(); ++day)
+        days[day] = text.find(kWeekdays[day]) != std::string_view::npos;
+    return days;
+}
+
+std::string weekdaysText(const std::array<bool, 7>& days) {
+    std::string text;
+    for (std::size_t day = 0; day < days.size(); ++day) {
+        if (days[day]) text += (text.empty() ? "" : ", ") + std::string(kWeekdays[day]);
+    }
+    return text;
 }
 
 std::optional<kit::Instant> quietUntil(const Defaults& defaults, kit::Instant now) {

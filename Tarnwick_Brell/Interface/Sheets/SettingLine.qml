@@ -9,6 +9,7 @@ Item {
 
     signal switched(on: bool)
     signal chosen(choice: int)
+    signal dayToggled(day: int)
     signal entered(text: string)
     signal reset
     signal acted
@@ -24,22 +25,32 @@ Item {
     required property string action
     required property var choices
     required property int choice
+    required property list<bool> days
+    required property list<real> band
     required property bool isChanged
     required property string standard
     required property string problem
 
     readonly property string note: problem || (section ? section + " · " : "") + standard
 
-    implicitHeight: Math.max(words.height, controls.height) + 2 * Theme.space2
+    implicitHeight: Math.max(words.height, controls.height) + (band.visible ? band.height : 0) + 2 * Theme.space2
 
     Hairline {
         width: parent.width
+    }
+    QuietBand {
+        id: band
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        visible: line.band.length > 0
+        times: line.band
     }
     Row {
         id: controls
 
         anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
+        anchors.verticalCenter: words.verticalCenter
         spacing: Theme.space1
 
         IconButton {
@@ -66,6 +77,14 @@ Item {
             currentIndex: line.choice
             onActivated: index => line.chosen(index)
         }
+        DayChips {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: line.control === SettingControl.Days
+            label: line.title
+            names: line.control === SettingControl.Days ? line.choices : []
+            days: line.days
+            onToggled: day => line.dayToggled(day)
+        }
         DeskButton {
             anchors.verticalCenter: parent.verticalCenter
             visible: line.action
@@ -90,6 +109,7 @@ Item {
         id: words
 
         anchors.verticalCenter: parent.verticalCenter
+        anchors.verticalCenterOffset: band.visible ? -band.height / 2 : 0
         width: parent.width - controls.width - Theme.space4
 
         DeskText {

@@ -73,6 +73,7 @@ Item {
             width: ListView.view.width
             onSwitched: on => page.content.setOn(index, on)
             onChosen: choice => page.content.choose(index, choice)
+            onDayToggled: day => page.content.toggleDay(index, day)
             onEntered: text => page.content.setValue(index, text)
             onReset: page.content.reset(index)
             onActed: page.content.act(index)

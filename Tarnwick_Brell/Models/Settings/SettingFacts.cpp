@@ -5,6 +5,7 @@
 #include <QSysInfo>
 
 #include "Tarnwick_Brell/Alerts/AlertStore.h"
+#include "Tarnwick_Brell/Alerts/QuietSettings.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Alerts/RuleChanges.h"
 #include "Tarnwick_Brell/Models/Settings/ContactedHosts.h"
@@ -117,6 +118,17 @@ SettingRow backupRow(const Backup& backup, const std::optional<LibraryWork>& ask
 }
 
 }  // namespace
+
+QList<qreal> quietBand(const Defaults& defaults, kit::Instant now) {
+    const auto quiet = quietOf(defaults);
+    if (!quiet.hours) return {};
+    const auto part = [](auto time) {
+        return std::chrono::duration<qreal>(time) / std::chrono::hours(24);
+    };
+    const auto shown = quiet.hours->zone.shownAt(now);
+    const auto sinceMidnight = shown - std::chrono::floor<std::chrono::days>(shown);
+    return {part(quiet.hours->from), part(quiet.hours->to), part(sinceMidnight)};
+}
 
 std::vector<SettingRow> alertRows(const DeskStores& stores) {
     std::vector<SettingRow> rows;

@@ -11,6 +11,9 @@ namespace app {
 
 class LibraryStatus;
 
+/// When quiet hours begin and end, and this moment, as parts of a day of this computer's clock.
+QList<qreal> quietBand(const Defaults& defaults, kit::Instant now);
+
 /// The rules of alerts, and the beats, with switches.
 std::vector<SettingRow> alertRows(const DeskStores& stores);
 

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -17,7 +18,7 @@ Q_NAMESPACE
 QML_ELEMENT
 
 /// A fact has no control: it is something that the section says.
-enum Value { Switch, Choice, Text, Button, Fact };
+enum Value { Switch, Choice, Days, Text, Button, Fact };
 Q_ENUM_NS(Value)
 
 }  // namespace app::SettingControl
@@ -48,6 +49,8 @@ struct SettingRow {
     Q_PROPERTY(QString action MEMBER action)
     Q_PROPERTY(QStringList choices MEMBER choices)
     Q_PROPERTY(int choice MEMBER choice)
+    Q_PROPERTY(QList<bool> days MEMBER days)
+    Q_PROPERTY(QList<qreal> band MEMBER band)
     Q_PROPERTY(bool isChanged MEMBER isChanged)
     Q_PROPERTY(QString standard MEMBER standard)
     Q_PROPERTY(QString problem MEMBER problem)
@@ -63,6 +66,9 @@ public:
     QString action{};  ///< of a button
     QStringList choices{};
     int choice = -1;
+    QList<bool> days{};  ///< which of the weekdays in `choices` are chosen
+    /// Quiet hours: their beginning, their end and this moment as parts of a day; empty when off.
+    QList<qreal> band{};
     bool isChanged = false;             ///< not the default
     QString standard{};                 ///< "Default: 5"
     QString problem{};                  ///< why the last input was refused

@@ -4,9 +4,11 @@
 #include <array>
 #include <iterator>
 
+#include <QLocale>
 #include <QPointer>
 
 #include "Tarnwick_Brell/Alerts/AlertStore.h"
+#include "Tarnwick_Brell/Alerts/QuietSettings.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteMatch.h"
 #include "Tarnwick_Brell/Models/Alerts/RuleChanges.h"
@@ -136,6 +138,14 @@ SettingRow SettingsSheetModel::rowOf(const SettingKey& key) const {
         const auto place = std::ranges::find(key.choices, value);
         if (place != key.choices.end()) row.choice = static_cast<int>(place - key.choices.begin());
     }
+    if (key.type == Type::weekdays) {
+        row.control = SettingControl::Days;
+        for (int day = 1; day <= 7; ++day)
+            row.choices << QLocale().standaloneDayName(day, QLocale::ShortFormat);
+        for (const auto day : weekdaysNamed(value)) row.days << day;
+    }
+    if (key.name == SettingKey::kQuietHours && row.isOn)
+        row.band = quietBand(stores_.defaults, stores_.clock());
     if (key.effect == SettingKey::Effect::atNextStart)
         row.meaning += u' ' + tr("It takes effect when the program starts again.");
     row.standard =
@@ -242,6 +252,16 @@ void SettingsSheetModel::choose(int row, int choice) {
     const auto choices = Defaults::key(setting->key)->choices;
     if (choice >= 0 && choice < std::ssize(choices))
         setValue(row, plainText(choices[static_cast<std::size_t>(choice)]));
+}
+
+void SettingsSheetModel::toggleDay(int row, int day) {
+    const auto* setting = settings_.row(row);
+    if (!setting || setting->control != SettingControl::Days) return;
+    auto days = weekdaysNamed(stores_.defaults.value(setting->key));
+    if (day < 0 || day >= std::ssize(days)) return;
+    auto& isChosen = days[static_cast<std::size_t>(day)];
+    isChosen = !isChosen;
+    setValue(row, plainText(weekdaysText(days)));
 }
 
 void SettingsSheetModel::setAlerts(const std::string& beatID, bool on) {

@@ -57,6 +57,8 @@ public:
 
     Q_INVOKABLE void setValue(int row, const QString& value);
     Q_INVOKABLE void setOn(int row, bool on);
+    /// Of the weekdays that a setting names.
+    Q_INVOKABLE void toggleDay(int row, int day);
     Q_INVOKABLE void choose(int row, int choice);
     /// Back to the default.
     Q_INVOKABLE void reset(int row);

@@ -42,6 +42,23 @@ protected:
     }
 };
 
+TEST_F(SettingsJobTest, QuietHoursAreDrawnOnTheirDayAndTheirWeekdaysChosenOneByOne) {
+    harness_.defaults.set(SettingKey::kQuietHours, "true");
+    EXPECT_EQ(quietBand(harness_.defaults, harness_.at("00:00")).size(), 3);
+    EXPECT_EQ(quietBand(harness_.defaults, harness_.at("00:00")).at(0), 22.5 / 24);
+    EXPECT_EQ(quietBand(harness_.defaults, harness_.at("00:00")).at(1), 7.0 / 24);
+    press(Qt::Key_Comma, Qt::ControlModifier);
+    ASSERT_TRUE(until([&] { return named("Search settings") != nullptr && isTyping(); }));
+    type("quietweekdays");
+    click("Mon");
+    EXPECT_EQ(harness_.defaults.value(SettingKey::kQuietWeekdays), "tue, wed, thu, fri, sat, sun");
+    click("Sun");
+    click("Mon");
+    EXPECT_EQ(harness_.defaults.value(SettingKey::kQuietWeekdays), "mon, tue, wed, thu, fri, sat");
+    undo_.undo();
+    EXPECT_EQ(harness_.defaults.value(SettingKey::kQuietWeekdays), "tue, wed, thu, fri, sat");
+}
+
 TEST_F(SettingsJobTest, ASettingIsFoundChangedAtOnceAndUndone) {
     press(Qt::Key_Comma, Qt::ControlModifier);
     ASSERT_TRUE(until([&] { return named("Search settings") != nullptr && isTyping(); }));
