@@ -182,6 +182,11 @@ void AlertPipeline::followClock(Instant now) {
     findNextDue();
 }
 
+void AlertPipeline::resume(Instant now) {
+    for (auto& held : state_.held) held.until = std::max(held.until, now);
+    findNextDue();
+}
+
 void AlertPipeline::dropHeld(std::string_view rule) {
     std::erase_if(state_.held, [&](const HeldAlert& held) { return held.match.rule == rule; });
     findNextDue();

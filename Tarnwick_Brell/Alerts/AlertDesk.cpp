@@ -24,6 +24,8 @@ namespace {
 
 /// Clocks jump and computers sleep, so what is due is looked for instead of waited for.
 constexpr auto kLookForDue = 5s;
+/// Nobody has looked for so long.
+constexpr auto kAsleep = 2min;
 
 constexpr std::chrono::hours kJoinsFor{72};
 constexpr std::size_t kMostRecent = 2'000;
@@ -226,10 +228,17 @@ AlertDesk::Candidate AlertDesk::candidateOf(AlertMatch match, const AlertEvent& 
         .match = std::move(match), .ruleName = rule.name, .notification = std::move(notification)};
 }
 
+/// For telling now, by the settings as they are and after any sleep.
+void AlertDesk::beReady() {
+    pipeline_.setQuiet(quietOf(stores_.defaults));
+    const auto now = stores_.clock();
+    if (const auto due = pipeline_.nextDue(); due && now - *due > kAsleep) pipeline_.resume(now);
+}
+
 void AlertDesk::take(Candidate candidate) {
     const auto& match = candidate.match;
     const bool wasMatched = pipeline_.hasMatched(match.rule, match.event);
-    pipeline_.setQuiet(quietOf(stores_.defaults));
+    beReady();
     const auto told = pipeline_.take(match);
     if (!wasMatched && pipeline_.hasMatched(match.rule, match.event)) {
         outcome_.matched.push_back({.rule = match.rule,
@@ -263,7 +272,7 @@ void AlertDesk::tell(const std::vector<AlertTelling>& told, const Candidate* can
 
 void AlertDesk::tellWhatIsDue() {
     if (!pipeline_.nextDue()) return;
-    pipeline_.setQuiet(quietOf(stores_.defaults));
+    beReady();
     tell(pipeline_.advance(stores_.clock()), nullptr);
     store();
 }

@@ -71,6 +71,7 @@ private:
     Candidate candidateOf(kit::AlertMatch match, const kit::AlertEvent& event) const;
     void take(Candidate candidate);
     void tell(const std::vector<kit::AlertTelling>& told, const Candidate* candidate);
+    void beReady();
     void tellWhatIsDue();
     void store();
     Notification summaryOf(const kit::AlertTelling& telling) const;

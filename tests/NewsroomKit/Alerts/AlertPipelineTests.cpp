@@ -108,6 +108,22 @@ TEST(AlertPipelines, TellNoMoreThanTwentyAnHourAndTheRestTogether) {
     EXPECT_EQ(text(pipeline.take(match("r", "next", minute(60)))), "60 notified next;");
 }
 
+TEST(AlertPipelines, KeepToTheQuietHoursInWhichTheComputerWakes) {
+    const auto midnight = Instant(std::chrono::sys_days(std::chrono::days(20'000)));
+    const AlertDelivery slow{.minutes = 30};
+    AlertPipeline pipeline;
+    pipeline.setQuiet({.hours = QuietHours{.from = hours(22), .to = hours(7)}});
+    pipeline.take(match("r", "a", midnight - hours(3), slow));
+    pipeline.take(match("r", "b", midnight - hours(3) + minutes(1), slow));
+    // Asleep from then until three, while "b" became due.
+    pipeline.resume(midnight + hours(3));
+    EXPECT_TRUE(pipeline.advance(midnight + hours(3)).empty());
+    EXPECT_TRUE(pipeline.take(match("s", "c", midnight + hours(4))).empty());
+    const auto told = pipeline.advance(midnight + hours(7));
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].matches.size(), 2U);
+}
+
 TEST(AlertPipelines, EndRulesByTimeAndByUse) {
     AlertPipeline pipeline;
     const AlertDelivery ending{.minutes = 30, .expires = minute(10)}, once{.once = true};
