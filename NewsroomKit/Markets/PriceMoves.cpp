@@ -26,22 +26,13 @@ struct DailyPrice {
     double change = 0;  ///< from the price before; in per cent
 };
 
-/// The day of a point. Services stamp days with the opening of the session, or with midnight in
-/// Greenwich, whatever the place of the exchange.
-std::chrono::local_days dayOfPoint(Instant time, const TimeZone& zone) {
-    if (time == std::chrono::floor<days>(time)) {
-        return std::chrono::local_days(std::chrono::floor<days>(time.time_since_epoch()));
-    }
-    return std::chrono::floor<days>(zone.shownAt(time));
-}
-
 std::vector<DailyPrice> dailyPrices(const StockQuote& quote, const TimeZone& zone) {
     std::vector<DailyPrice> prices;
     for (const auto& point : quote.points) {
         if (!(point.close > 0) || !std::isfinite(point.close)) continue;
         if (quote.asOf && point.time > *quote.asOf + kFutureOfPoints) continue;
         if (!prices.empty() && point.time <= prices.back().point.time) continue;
-        prices.push_back({.point = point, .day = dayOfPoint(point.time, zone)});
+        prices.push_back({.point = point, .day = dayOfPrice(point.time, zone)});
     }
     for (std::size_t i = 1; i < prices.size(); ++i) {
         const auto change = PriceChange::of(prices[i].point.close, prices[i - 1].point.close);
@@ -93,6 +84,13 @@ std::string exchangeZone(std::string_view symbol) {
         if (symbol.ends_with(row.ending)) return std::string(row.zone);
     }
     return kExchangeZone;
+}
+
+std::chrono::local_days dayOfPrice(Instant time, const TimeZone& exchange) {
+    if (time == std::chrono::floor<days>(time)) {
+        return std::chrono::local_days(std::chrono::floor<days>(time.time_since_epoch()));
+    }
+    return std::chrono::floor<days>(exchange.shownAt(time));
 }
 
 std::vector<PriceMove> priceMoves(const StockQuote& quote, const TimeZone& zone) {

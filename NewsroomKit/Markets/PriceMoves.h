@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <span>
 #include <string>
@@ -49,6 +50,10 @@ inline constexpr const char* kExchangeZone = "America/New_York";
 /// The time zone of the exchange that a symbol names at its end, as "2330.TW" does; else New
 /// York's.
 std::string exchangeZone(std::string_view symbol);
+
+/// The day of a price. Services stamp days with the opening of the session, or with midnight in
+/// Greenwich, whatever the place of the exchange.
+std::chrono::local_days dayOfPrice(Instant time, const TimeZone& exchange);
 
 /// The moves of a quote with daily points, the newest first, without reasons.
 std::vector<PriceMove> priceMoves(const StockQuote& quote, const TimeZone& zone);

@@ -58,6 +58,17 @@ MoveReasonRow reasonRow(const MoveReason& reason, const StoriesByID& byID,
 
 }  // namespace
 
+Instant movesFrom(QuoteRange range, Instant now) {
+    using std::chrono::days;
+    switch (range) {
+        case QuoteRange::day: return now - days(1);
+        case QuoteRange::week: return now - days(7);
+        case QuoteRange::month: return now - days(31);
+        case QuoteRange::year: break;
+    }
+    return now - days(366);
+}
+
 std::vector<PriceMove> recentMoves(const StockQuote& year, Instant from) {
     auto moves = priceMoves(year, TimeZone(exchangeZone(year.symbol)));
     std::erase_if(moves, [&](const PriceMove& move) { return move.closeOfDay < from; });

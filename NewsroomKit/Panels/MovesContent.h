@@ -34,6 +34,9 @@ struct MoveRow {
     bool operator==(const MoveRow&) const = default;
 };
 
+/// From when on the moves of a chart's range count.
+Instant movesFrom(QuoteRange range, Instant now);
+
 /// The moves of a quote over a year that count from `from` on, for which stories are wanted.
 std::vector<PriceMove> recentMoves(const StockQuote& year, Instant from);
 

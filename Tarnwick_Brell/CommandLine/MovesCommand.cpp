@@ -1,4 +1,3 @@
-#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,16 +26,6 @@ struct MovesOptions {
     std::optional<std::string> range;
     bool stored = false;
 };
-
-std::chrono::days daysOf(QuoteRange range) {
-    switch (range) {
-        case QuoteRange::day: return std::chrono::days(1);
-        case QuoteRange::week: return std::chrono::days(7);
-        case QuoteRange::month: return std::chrono::days(31);
-        case QuoteRange::year: break;
-    }
-    return std::chrono::days(366);
-}
 
 boost::json::object moveRecord(const MoveRow& row) {
     auto record = kit::encode(row.move).get_object();
@@ -98,7 +87,7 @@ int runMoves(Session& session, const MovesOptions& options) {
     const auto symbol =
         options.symbol ? knownSymbol(*options.symbol) : session.defaults().focusSymbol();
     const auto range = options.range ? rangeNamed(*options.range) : QuoteRange::year;
-    const auto from = session.now() - daysOf(range);
+    const auto from = kit::movesFrom(range, session.now());
     const auto reading = fetchOrLoad(session, options.stored, [&](const auto& files) {
         return files.quote(symbol, QuoteRange::year);
     });
