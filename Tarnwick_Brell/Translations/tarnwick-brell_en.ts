@@ -1157,4 +1157,21 @@
 <context>
     <name>app::PagesPageModel</name>
 </context>
+<context>
+    <name>MoveTexts</name>
+    <message numerus="yes">
+        <source>and %n more, first %1</source>
+        <translation>
+            <numerusform>and %n more, first %1</numerusform>
+            <numerusform>and %n more, first %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n stories of that day name %1, none gives a reason for the shares.</source>
+        <translation>
+            <numerusform>%n story of that day names %1, without a reason for the shares.</numerusform>
+            <numerusform>%n stories of that day name %1, none gives a reason for the shares.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -162,4 +162,11 @@ QtObject {
     readonly property int marketLine: 40
     readonly property int marketChartLeast: Theme.scaled(420)
     readonly property int legendLine: 16
+    readonly property int marketChartHeight: Theme.scaled(200)
+    /// Of the page's height below the price.
+    readonly property real marketChartShare: 0.42
+    readonly property int marketMoveRow: Theme.row(54)
+    readonly property int marketLetterColumn: Theme.scaled(28)
+    readonly property int marketDayColumn: Theme.scaled(84)
+    readonly property int marketMoveColumn: Theme.scaled(72)
 }

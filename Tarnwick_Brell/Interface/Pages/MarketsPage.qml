@@ -56,22 +56,32 @@ PageBody {
 
             anchors.top: head.bottom
             anchors.topMargin: Theme.space2
-            anchors.bottom: figures.top
-            anchors.bottomMargin: Theme.space4
             x: Theme.gridPadding
             width: parent.width - 2 * x
+            height: Math.max(PageSizes.marketChartHeight, (split.height - y) * PageSizes.marketChartShare)
             focus: true
             content: page.content.chart
             pale: page.pale
+            onMoveChosen: letter => moves.show(page.content.moveLine(letter))
+            onLevelSet: (rule, price) => page.content.setLevel(rule, price)
         }
         MarketFigures {
             id: figures
 
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: Theme.space4
+            anchors.top: chart.bottom
+            anchors.topMargin: Theme.space3
             x: Theme.gridPadding
             width: parent.width - 2 * x
             figures: page.content.figures
+        }
+        MarketMoves {
+            id: moves
+
+            anchors.top: figures.bottom
+            anchors.topMargin: Theme.space3
+            anchors.bottom: parent.bottom
+            width: parent.width
+            content: page.content
         }
     }
 }

@@ -24,6 +24,11 @@ T.Control {
         return content.reading(points.length > 0 ? current : -1);
     }
 
+    /// The letter of a move was clicked.
+    signal moveChosen(letter: string)
+    /// The user has set the price of a rule.
+    signal levelSet(rule: string, price: double)
+
     function step(by: int) {
         const last = content.points.length - 1;
         reached = Math.max(0, Math.min(last, (reached < 0 ? last + (by < 0 ? 1 : 0) : reached) + by));
@@ -154,6 +159,19 @@ T.Control {
         visible: chart.content.hasBaseline && plot.visible
     }
     Repeater {
+        model: chart.content.levels
+
+        ChartLevelLine {
+            id: levelLine
+
+            content: chart.content
+            area: plot
+            scaleWidth: chart.width - plot.width
+            visible: plot.visible
+            onLevelSet: price => chart.levelSet(levelLine.rule, price)
+        }
+    }
+    Repeater {
         model: chart.content.marks
 
         Item {
@@ -161,7 +179,10 @@ T.Control {
 
             required property real position
             required property real level
-            required property string title
+            required property string events
+            required property string letter
+            required property bool rises
+            required property string spokenText
 
             x: Math.round(position * plot.width)
             y: plot.y
@@ -169,6 +190,7 @@ T.Control {
             DashedLine {
                 y: Math.round(mark.level * plot.height)
                 height: plot.height - y
+                visible: mark.events
                 vertical: true
             }
             Rectangle {
@@ -177,12 +199,36 @@ T.Control {
                 width: Theme.chartMark
                 height: width
                 radius: width / 2
+                visible: mark.events
                 antialiasing: true
                 color: Theme.surface
                 border.width: Theme.markRing
                 border.color: Theme.edge
                 Accessible.role: Accessible.StaticText
-                Accessible.name: mark.title
+                Accessible.name: mark.events
+            }
+            Rectangle {
+                x: -(width - Theme.line) / 2
+                y: Math.round(mark.level * plot.height - height / 2)
+                width: Theme.chartMark
+                height: width
+                radius: width / 2
+                visible: mark.letter
+                antialiasing: true
+                color: chart.pale ? Theme.edge : Theme.accentText
+            }
+            ChartMoveMark {
+                readonly property real middle: mark.level * plot.height
+
+                // On the other side where it would leave the plot.
+                readonly property bool isAbove: mark.rises ? middle >= height : middle + height > plot.height
+
+                x: -width / 2
+                y: Math.round(isAbove ? middle - height - Theme.space1 : middle + Theme.space1)
+                visible: mark.letter
+                letter: mark.letter
+                spokenText: mark.spokenText
+                onClicked: chart.moveChosen(mark.letter)
             }
         }
     }
@@ -244,7 +290,7 @@ T.Control {
                 Accessible.ignored: true
             }
             DeskText {
-                width: Math.min(implicitWidth, Theme.chartEventMost)
+                width: Math.min(implicitWidth, Math.max(Theme.chartEventMost, chart.width / 2))
                 visible: text
                 type: DeskText.Meta
                 text: chart.read.event

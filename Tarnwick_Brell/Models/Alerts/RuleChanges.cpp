@@ -41,14 +41,14 @@ QString ruleProblem(const DeskStores& stores, const kit::AlertRule& rule) {
     return {};
 }
 
-void putRule(const DeskStores& stores, const kit::AlertRule& rule) {
+void putRule(const DeskStores& stores, const kit::AlertRule& rule, const QString& notice) {
     auto& alerts = stores.alerts;
     const auto id = rule.id;
     const auto* entry = alerts.rules().find(id);
     const auto before = entry ? entry->value : std::nullopt;
     const auto text = before ? RuleChanges::tr("Change rule %1") : RuleChanges::tr("New rule %1");
     alerts.put(rule);
-    UndoStack::Step step{.text = text.arg(titleText(rule.name))};
+    UndoStack::Step step{.text = text.arg(titleText(rule.name)), .notice = notice};
     if (before) {
         step.undo = [&alerts, before] { alerts.put(*before); };
         step.redo = [&alerts, rule] { alerts.put(rule); };

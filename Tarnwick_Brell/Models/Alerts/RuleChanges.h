@@ -12,8 +12,9 @@ namespace app {
 /// Why the rule can't be stored, as a sentence. Empty when it can.
 QString ruleProblem(const DeskStores& stores, const kit::AlertRule& rule);
 
-/// Adds the rule or replaces the one with its id, so that it can be undone.
-void putRule(const DeskStores& stores, const kit::AlertRule& rule);
+/// Adds the rule or replaces the one with its id, so that it can be undone. The user is shown the
+/// notice, unless it is empty.
+void putRule(const DeskStores& stores, const kit::AlertRule& rule, const QString& notice = {});
 
 /// Removes the rule, so that it can be undone.
 void removeRule(const DeskStores& stores, const std::string& id);

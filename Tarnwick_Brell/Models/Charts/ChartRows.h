@@ -23,20 +23,47 @@ public:
     bool operator==(const ChartTick&) const = default;
 };
 
-/// An event on the axis of times.
+/// What is marked at a point: events, a move of the price, or both.
 struct ChartMark {
     Q_GADGET
     Q_PROPERTY(double position MEMBER position)
     Q_PROPERTY(double level MEMBER level)
-    Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString events MEMBER events)
+    Q_PROPERTY(QString letter MEMBER letter)
+    Q_PROPERTY(bool rises MEMBER rises)
+    Q_PROPERTY(QString spokenText MEMBER spokenText)
 
 public:
     double position = 0;
     double level = 0;  ///< of the curve there
-    QString title{};
-    int nearest = 0;  ///< the point beside it
+    QString events{};  ///< what they are; empty without any
+    QString letter{};  ///< of the move; empty without one
+    bool rises = false;
+    QString spokenText{};  ///< what all of it is, with the reason that was reported
+    int point = 0;
 
     bool operator==(const ChartMark&) const = default;
+};
+
+/// A rule on the price, as a line across the chart.
+struct ChartLevel {
+    Q_GADGET
+    Q_PROPERTY(QString rule MEMBER rule)
+    Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(double price MEMBER price)
+    Q_PROPERTY(double position MEMBER position)
+    Q_PROPERTY(int side MEMBER side)
+    Q_PROPERTY(bool isOn MEMBER isOn)
+
+public:
+    QString rule{};  ///< its id
+    QString name{};
+    double price = 0;
+    double position = 0;
+    int side = 0;  ///< 1 for one above the chart, which stands at its upper edge; -1 below
+    bool isOn = false;
+
+    bool operator==(const ChartLevel&) const = default;
 };
 
 /// A symbol that is compared with the one of the chart.

@@ -43,6 +43,15 @@ double ChartScale::position(double price) const {
     return std::clamp((last_ - price / step_) / (last_ - first_), 0.0, 1.0);
 }
 
+double ChartScale::valueAt(double position) const {
+    return (last_ - position * (last_ - first_)) * step_;
+}
+
+int ChartScale::side(double price) const {
+    const double steps = price / step_;
+    return steps > last_ + kFlat ? 1 : steps < first_ - kFlat ? -1 : 0;
+}
+
 std::vector<ChartTick> ChartScale::ticks() const {
     const auto decimals = std::clamp(std::ceil(-std::log10(step_) - kFlat), 0.0, kMostDecimals);
     std::vector<ChartTick> ticks;

@@ -17,6 +17,10 @@ public:
 
     /// From 0 at the top to 1 at the bottom.
     double position(double price) const;
+    /// The value at a position, also beyond the axis.
+    double valueAt(double position) const;
+    /// -1 for a value below the axis, 1 for one above it.
+    int side(double price) const;
 
     /// Round values, the highest first; two to seven of them.
     std::vector<ChartTick> ticks() const;

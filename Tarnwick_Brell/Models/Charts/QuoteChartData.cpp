@@ -5,8 +5,9 @@
 
 #include "NewsroomKit/Panels/PercentSeries.h"
 #include "NewsroomKit/Panels/QuoteContent.h"
+#include "NewsroomKit/Panels/QuoteMarks.h"
 #include "NewsroomKit/Trackers/Market/QuotePlaces.h"
-#include "Tarnwick_Brell/Models/Charts/ChartScale.h"
+#include "Tarnwick_Brell/Models/Charts/MoveLines.h"
 #include "Tarnwick_Brell/Models/Charts/TimeTicks.h"
 #include "Tarnwick_Brell/Presentation/PriceText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -38,10 +39,30 @@ std::vector<Point> drawable(std::vector<Point> points) {
     return some;
 }
 
-ChartScale scaleOf(const std::vector<Point>& points, std::optional<double> reference) {
-    auto [low, high] = std::ranges::minmax(points, {}, &Point::close);
-    return {std::min(low.close, reference.value_or(low.close)),
-            std::max(high.close, reference.value_or(high.close))};
+struct ChartBounds {
+    double low = 0;
+    double high = 0;
+
+    void include(double value) {
+        low = std::min(low, value);
+        high = std::max(high, value);
+    }
+    /// Takes in the levels that leave the curve at least a third of the height. Those further
+    /// away would press it flat; they stand at the edge.
+    void stretchTo(const std::vector<double>& levels) {
+        const ChartBounds curve = *this;
+        const double span = curve.high - curve.low;
+        for (const double level : levels) {
+            if (level >= curve.low - span && level <= curve.high + span) include(level);
+        }
+    }
+};
+
+ChartBounds boundsOf(const std::vector<Point>& points, std::optional<double> reference) {
+    const auto [low, high] = std::ranges::minmax(points, {}, &Point::close);
+    ChartBounds bounds{low.close, high.close};
+    if (reference) bounds.include(*reference);
+    return bounds;
 }
 
 QString momentOf(Instant time, const std::string& range, Instant now) {
@@ -53,55 +74,83 @@ QString momentOf(Instant time, const std::string& range, Instant now) {
 }  // namespace
 
 QuoteChartData::QuoteChartData(StockQuote quote, const std::vector<AppleCalendarEvent>& events,
-                               Instant now, const std::vector<StockQuote>& compared)
+                               Instant now, const ChartAdditions& additions)
     : quote_(std::move(quote)), now_(now) {
     const auto reference = kit::referenceOf(quote_);
     quote_.points = drawable(std::move(quote_.points));
     if (quote_.points.empty()) return;
-    if (compared.empty())
-        placePrices(reference);
+    if (additions.compared.empty())
+        placePrices(reference, additions.levels);
     else
-        placePercents(compared);
+        placePercents(additions);
     times_ = timeTicks(quote_, kit::pointPlaces(quote_));
-    const auto days = [](Instant from, Instant to) { return daysBetween(from, to); };
-    for (const auto& event : kit::eventsOnChart(quote_.points, events, now_, days))
-        placeEvent(event);
+    placeLevels(additions.levels);
+    placeMarks(events, additions.moves);
 }
 
-void QuoteChartData::placePrices(std::optional<double> close) {
-    const auto scale = scaleOf(quote_.points, close);
+double QuoteChartData::onScale(double price) const {
+    return base_ > 0 ? (price / base_ - 1) * 100 : price;
+}
+
+double QuoteChartData::positionOf(double price) const {
+    return scale_ ? scale_->position(onScale(price)) : 0;
+}
+
+double QuoteChartData::priceAt(double position) const {
+    if (!scale_) return 0;
+    const double value = scale_->valueAt(std::clamp(position, 0.0, 1.0));
+    return kit::steppedPrice(base_ > 0 ? base_ * (1 + value / 100) : value);
+}
+
+void QuoteChartData::placePrices(std::optional<double> close,
+                                 const std::vector<kit::PriceLevel>& levels) {
+    auto bounds = boundsOf(quote_.points, close);
+    std::vector<double> prices;
+    for (const auto& level : levels) prices.push_back(level.price);
+    bounds.stretchTo(prices);
+    scale_.emplace(bounds.low, bounds.high);
     const auto places = kit::pointPlaces(quote_);
     for (std::size_t i = 0; i < places.size(); ++i)
-        points_.emplace_back(places[i], scale.position(quote_.points[i].close));
-    if (close) baseline_ = scale.position(*close);
-    prices_ = scale.ticks();
+        points_.emplace_back(places[i], scale_->position(quote_.points[i].close));
+    if (close) baseline_ = scale_->position(*close);
+    prices_ = scale_->ticks();
 }
 
-void QuoteChartData::placePercents(const std::vector<StockQuote>& compared) {
+void QuoteChartData::placeLevels(const std::vector<kit::PriceLevel>& levels) {
+    for (const auto& level : levels) {
+        levels_.push_back({.rule = QString::fromStdString(level.rule),
+                           .name = titleText(level.name),
+                           .price = level.price,
+                           .position = positionOf(level.price),
+                           .side = scale_->side(onScale(level.price)),
+                           .isOn = level.isOn});
+    }
+}
+
+void QuoteChartData::placePercents(const ChartAdditions& additions) {
     std::ranges::stable_sort(quote_.points, {}, &Point::time);
     const auto places = kit::pointPlaces(quote_);
+    base_ = quote_.points.front().close;
     kit::PercentSeries own;
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        const auto ratio = quote_.points[i].close / quote_.points.front().close;
-        own.points.push_back({places[i], (ratio - 1) * 100});
-    }
+    for (std::size_t i = 0; i < places.size(); ++i)
+        own.points.push_back({places[i], onScale(quote_.points[i].close)});
     std::vector<kit::PercentSeries> others;
-    double low = 0, high = 0;
+    ChartBounds bounds;
     const auto include = [&](const kit::PercentSeries& series) {
-        for (const auto& point : series.points) {
-            low = std::min(low, point.percent);
-            high = std::max(high, point.percent);
-        }
+        for (const auto& point : series.points) bounds.include(point.percent);
     };
     include(own);
-    for (const auto& quote : compared)
+    for (const auto& quote : additions.compared)
         include(others.emplace_back(kit::percentSeries(quote, quote_)));
+    std::vector<double> levels;
+    for (const auto& level : additions.levels) levels.push_back(onScale(level.price));
+    bounds.stretchTo(levels);
 
-    const ChartScale scale(low, high, ChartScale::Unit::percent);
+    scale_.emplace(bounds.low, bounds.high, ChartScale::Unit::percent);
     const auto placed = [&](const kit::PercentSeries& series) {
         QList<QPointF> line;
         for (const auto& point : series.points)
-            line.emplace_back(point.place, scale.position(point.percent));
+            line.emplace_back(point.place, scale_->position(point.percent));
         return line;
     };
     const auto changeOf = [](const kit::PercentSeries& series) {
@@ -115,26 +164,30 @@ void QuoteChartData::placePercents(const std::vector<StockQuote>& compared) {
                           .change = changeOf(series),
                           .line = placed(series)});
     }
-    baseline_ = scale.position(0);
-    prices_ = scale.ticks();
+    baseline_ = scale_->position(0);
+    prices_ = scale_->ticks();
 }
 
-void QuoteChartData::placeEvent(const AppleCalendarEvent& event) {
-    const auto& points = quote_.points;
-    const auto after = std::ranges::upper_bound(points, event.starts, {}, &Point::time);
-    const auto right = static_cast<qsizetype>(
-        std::min<std::ptrdiff_t>(after - points.begin(), std::ssize(points) - 1));
-    const auto left = std::max<qsizetype>(right - 1, 0);
-    const auto& from = points[static_cast<std::size_t>(left)];
-    const auto& to = points[static_cast<std::size_t>(right)];
-    const std::chrono::duration<double> whole = to.time - from.time,
-                                        passed = event.starts - from.time;
-    const double share = whole.count() > 0 ? std::clamp(passed / whole, 0.0, 1.0) : 1;
-    const auto place = points_[left] + (points_[right] - points_[left]) * share;
-    marks_.push_back({.position = place.x(),
-                      .level = place.y(),
-                      .title = titleText(event.title),
-                      .nearest = static_cast<int>(share < 0.5 ? left : right)});
+void QuoteChartData::placeMarks(const std::vector<AppleCalendarEvent>& events,
+                                const std::vector<kit::MoveRow>& moves) {
+    const auto days = [](Instant from, Instant to) { return daysBetween(from, to); };
+    const auto shown = kit::eventsOnChart(quote_.points, events, now_, days);
+    for (const auto& mark : kit::quoteMarks(quote_, shown, moves)) {
+        const auto place = points_[static_cast<qsizetype>(mark.point)];
+        ChartMark row{
+            .position = place.x(), .level = place.y(), .point = static_cast<int>(mark.point)};
+        QStringList texts;
+        for (const auto& event : mark.events) texts << titleText(event.title);
+        row.events = texts.join(QStringLiteral(", "));
+        if (mark.move) {
+            const auto& move = moves[*mark.move];
+            row.letter = QString::fromStdString(move.letter);
+            row.rises = move.move.change > 0;
+            texts << moveText(move);
+        }
+        row.spokenText = texts.join(QStringLiteral(". "));
+        marks_.push_back(std::move(row));
+    }
 }
 
 int QuoteChartData::nearest(double position) const {
@@ -156,8 +209,8 @@ ChartReading QuoteChartData::reading(int point) const {
                          .moment = momentOf(read.time, quote_.range, now_)};
     if (!percents_.empty())
         reading.change = percentText(percents_[static_cast<std::size_t>(index)]);
-    const auto mark = std::ranges::find(marks_, index, &ChartMark::nearest);
-    if (mark != marks_.end()) reading.event = mark->title;
+    const auto mark = std::ranges::find(marks_, index, &ChartMark::point);
+    if (mark != marks_.end()) reading.event = mark->spokenText;
     reading.spokenText = reading.price + QStringLiteral(", ") + reading.moment;
     if (!reading.change.isEmpty()) reading.spokenText += QStringLiteral(", ") + reading.change;
     if (!reading.event.isEmpty()) reading.spokenText += QStringLiteral(", ") + reading.event;

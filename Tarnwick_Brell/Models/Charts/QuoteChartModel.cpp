@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/Models/Charts/QuoteChartModel.h"
 
+#include "Tarnwick_Brell/Presentation/PriceText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
 namespace app {
@@ -12,14 +13,20 @@ QString QuoteChartModel::longestPrice() const {
     return longest;
 }
 
+double QuoteChartModel::stepped(double price, int steps) const {
+    return kit::steppedPrice(price + steps * kit::levelStep(price));
+}
+
+QString QuoteChartModel::levelText(double price) const { return priceText(price); }
+
 void QuoteChartModel::show(const kit::CachedValue<kit::StockQuote>& quote,
                            const std::vector<kit::AppleCalendarEvent>& events, kit::Instant now,
-                           const std::vector<kit::StockQuote>& compared) {
+                           const ChartAdditions& additions) {
     curve_ = {};
     message_ = quote.error ? bodyText(*quote.error) : tr("Loading…");
     spokenText_ = message_;
     if (quote.value) {
-        curve_ = QuoteChartData(*quote.value, events, now, compared);
+        curve_ = QuoteChartData(*quote.value, events, now, additions);
         message_ = points().isEmpty() ? tr("No prices of this range.") : QString();
         const auto first = curve_.reading(0);
         const auto last = curve_.reading(static_cast<int>(points().size()) - 1);
@@ -32,6 +39,7 @@ void QuoteChartModel::show(const kit::CachedValue<kit::StockQuote>& quote,
     prices_.setRows(curve_.prices());
     times_.setRows(curve_.times());
     marks_.setRows(curve_.marks());
+    levels_.setRows(curve_.levels());
     emit changed();
 }
 

@@ -26,6 +26,7 @@ class QuoteChartModel : public QObject {
     Q_PROPERTY(QString longestPrice READ longestPrice NOTIFY changed)
     Q_PROPERTY(QAbstractListModel* times READ times CONSTANT)
     Q_PROPERTY(QAbstractListModel* marks READ marks CONSTANT)
+    Q_PROPERTY(QAbstractListModel* levels READ levels CONSTANT)
     Q_PROPERTY(QString message READ message NOTIFY changed)
     Q_PROPERTY(QString spokenText READ spokenText NOTIFY changed)
 
@@ -42,6 +43,8 @@ public:
     QString longestPrice() const;
     GadgetListModel<ChartTick>* times() { return &times_; }
     GadgetListModel<ChartMark>* marks() { return &marks_; }
+    /// The rules on the price, the highest first.
+    GadgetListModel<ChartLevel>* levels() { return &levels_; }
     /// Instead of a curve: that it comes, that there is none, or why there is none.
     const QString& message() const { return message_; }
     const QString& spokenText() const { return spokenText_; }
@@ -50,10 +53,17 @@ public:
     Q_INVOKABLE int nearest(double position) const { return curve_.nearest(position); }
     Q_INVOKABLE app::ChartReading reading(int point) const { return curve_.reading(point); }
 
+    // A level while it is being set.
+    Q_INVOKABLE double positionOf(double price) const { return curve_.positionOf(price); }
+    Q_INVOKABLE double priceAt(double position) const { return curve_.priceAt(position); }
+    /// That many steps on.
+    Q_INVOKABLE double stepped(double price, int steps) const;
+    Q_INVOKABLE QString levelText(double price) const;
+
     /// The events are the marked ones.
     void show(const kit::CachedValue<kit::StockQuote>& quote,
               const std::vector<kit::AppleCalendarEvent>& events, kit::Instant now,
-              const std::vector<kit::StockQuote>& compared = {});
+              const ChartAdditions& additions = {});
 
 signals:
     void changed();
@@ -64,6 +74,7 @@ private:
     GadgetListModel<ChartTick> prices_;
     GadgetListModel<ChartTick> times_;
     GadgetListModel<ChartMark> marks_;
+    GadgetListModel<ChartLevel> levels_;
     QString message_;
     QString spokenText_;
 };

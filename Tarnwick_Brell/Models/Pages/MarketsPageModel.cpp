@@ -8,6 +8,7 @@
 
 #include "NewsroomKit/Panels/QuoteContent.h"
 #include "NewsroomKit/Trackers/Events/MarkedEvents.h"
+#include "Tarnwick_Brell/Alerts/AlertStore.h"
 #include "Tarnwick_Brell/Models/Panels/NewestShare.h"
 #include "Tarnwick_Brell/Presentation/PriceText.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -42,10 +43,14 @@ std::vector<MarketFigure> figuresOf(const kit::StockQuote& quote) {
 
 }  // namespace
 
-MarketsPageModel::MarketsPageModel(const DeskStores& stores) : PageModel(stores, tr("Markets")) {
+MarketsPageModel::MarketsPageModel(const DeskStores& stores)
+    : PageModel(stores, tr("Markets")), moveLoader_(stores.library, stores.clock) {
     connect(&trackers(), &TrackerStore::quotesChanged, this, &MarketsPageModel::update);
     connect(&trackers(), &TrackerStore::boardChanged, this, &MarketsPageModel::update);
     connect(&trackers(), &TrackerStore::eventsChanged, this, &MarketsPageModel::update);
+    connect(&stores.alerts, &AlertStore::rulesChanged, this, &MarketsPageModel::update);
+    connect(&moveLoader_, &MoveLoader::changed, this, &MarketsPageModel::update);
+    trackers().readYear();
     update();
 }
 
@@ -85,6 +90,7 @@ void MarketsPageModel::chartRow(int row) {
         std::erase(compared, symbol);
         trackers().setCompared(std::move(compared));
         trackers().setFocusSymbol(symbol);
+        trackers().readYear();
     } catch (const std::invalid_argument& error) {
         emit noticed(bodyText(error.what()));
     }
@@ -142,6 +148,8 @@ void MarketsPageModel::update() {
             condition.message = tr("The service itself has only old figures.");
         }
     }
+    readMoves();
+    showMoves();
     showChart(trackers().focusQuote());
     showBoard();
     setCondition(std::move(condition));
@@ -159,16 +167,20 @@ void MarketsPageModel::showPrice(const kit::StockQuote& quote, const kit::QuoteC
 
 void MarketsPageModel::showChart(const Quote& quote) {
     const auto& events = trackers().events().value;
-    std::vector<kit::StockQuote> compared;
+    const auto rules = stores().alerts.evaluatedRules();
+    ChartAdditions additions{.moves = moveLoader_.moves(),
+                             .levels = kit::priceLevels(rules, trackers().focusSymbol())};
     // Those that are still to come have a place in the legend.
-    for (const auto& symbol : trackers().compared()) compared.push_back({.symbol = symbol});
+    for (const auto& symbol : trackers().compared())
+        additions.compared.push_back({.symbol = symbol});
     for (const auto& held : trackers().comparisonQuotes()) {
-        const auto place = std::ranges::find(compared, held.symbol, &kit::StockQuote::symbol);
-        if (place != compared.end()) *place = held;
+        const auto place =
+            std::ranges::find(additions.compared, held.symbol, &kit::StockQuote::symbol);
+        if (place != additions.compared.end()) *place = held;
     }
     chart_.show(quote,
                 events ? kit::markedEvents(*events, {}) : std::vector<kit::AppleCalendarEvent>(),
-                now(), compared);
+                now(), additions);
 }
 
 void MarketsPageModel::showBoard() {

@@ -7,6 +7,8 @@
 #include <QStringList>
 
 #include "NewsroomKit/Panels/BoardContent.h"
+#include "Tarnwick_Brell/Models/Charts/MoveLines.h"
+#include "Tarnwick_Brell/Models/Charts/MoveLoader.h"
 #include "Tarnwick_Brell/Models/Charts/QuoteChartModel.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
 #include "Tarnwick_Brell/Models/Panels/TrackerLabels.h"
@@ -63,8 +65,8 @@ public:
     bool operator==(const MarketFigure&) const = default;
 };
 
-/// The chart of one symbol, compared with others when the user wants that, and the board that
-/// symbols are chosen from.
+/// The chart of one symbol, compared with others when the user wants that, with its moves and the
+/// rules on its price, and the board that symbols are chosen from.
 class MarketsPageModel final : public app::PageModel {
     Q_OBJECT
     QML_NAMED_ELEMENT(MarketsPageModel)
@@ -81,6 +83,9 @@ class MarketsPageModel final : public app::PageModel {
     Q_PROPERTY(bool isComparing READ isComparing NOTIFY changed)
     Q_PROPERTY(QString comparison READ comparison NOTIFY changed)
     Q_PROPERTY(QAbstractListModel* figures READ figures CONSTANT)
+    Q_PROPERTY(QAbstractListModel* moves READ moves CONSTANT)
+    Q_PROPERTY(QString movesFact READ movesFact NOTIFY changed)
+    Q_PROPERTY(QString movesMessage READ movesMessage NOTIFY changed)
     Q_PROPERTY(QAbstractListModel* board READ board CONSTANT)
     Q_PROPERTY(int chartedRow READ chartedRow NOTIFY changed)
     Q_PROPERTY(QString boardFact READ boardFact NOTIFY changed)
@@ -104,6 +109,12 @@ public:
     bool isComparing() const { return !trackers().compared().empty(); }
     QString comparison() const;  ///< "Compare: TSM, ARM"
     GadgetListModel<MarketFigure>* figures() { return &figures_; }
+    /// The moves of the chart's range, the newest first.
+    GadgetListModel<MoveLine>* moves() { return &moves_; }
+    /// "AAPL, at least 1.5% and twice the usual day"
+    QString movesFact() const;
+    /// Instead of moves: that there are none, that they come, or why they don't.
+    const QString& movesMessage() const { return movesMessage_; }
     GadgetListModel<MarketRow>* board() { return &board_; }
     int chartedRow() const;  ///< -1 when the board does not have the symbol
     QString boardFact() const;
@@ -119,6 +130,14 @@ public:
     Q_INVOKABLE void compareRow(int row);
     Q_INVOKABLE void compareNothing();
 
+    /// The line of a marked move; -1 when there is none.
+    Q_INVOKABLE int moveLine(const QString& letter) const;
+    /// The story that gave the reason of that line.
+    Q_INVOKABLE void openMove(int line);
+    /// Sets the price that a rule waits for, so that it can be undone.
+    Q_INVOKABLE void setLevel(const QString& rule, double price);
+    Q_INVOKABLE void newRule() { emit sheetWanted(QStringLiteral("alert-rule:")); }
+
     void tick() override { update(); }
     void retry() override;
 
@@ -132,6 +151,8 @@ private:
     const Quote& priced() const;
     void showPrice(const kit::StockQuote& quote, const kit::QuoteContent& content);
     void showChart(const Quote& quote);
+    void readMoves();
+    void showMoves();
     void showBoard();
     MarketRow rowOf(const kit::BoardRow& share) const;
 
@@ -144,6 +165,9 @@ private:
     GadgetListModel<MarketFigure> figures_;
     GadgetListModel<MarketRow> board_;
     QString boardMessage_;
+    GadgetListModel<MoveLine> moves_;
+    QString movesMessage_;
+    MoveLoader moveLoader_;
 };
 
 }  // namespace app

@@ -101,7 +101,7 @@ TEST(QuoteChartData, PricesStandBetweenRoundValues) {
 TEST(QuoteChartData, ComparedSymbolsStandInPerCentOfTheirFirstPrices) {
     auto tide = quoteOf({50, 75, 100});
     tide.symbol = "TIDE";
-    const QuoteChartData curve(quoteOf({10, 12, 9}), {}, kNow, {tide, quoteOf({})});
+    const QuoteChartData curve(quoteOf({10, 12, 9}), {}, kNow, {.compared = {tide, quoteOf({})}});
     ASSERT_EQ(curve.lines().size(), 2u);
     EXPECT_EQ(curve.lines()[0].change, "+100.00%");
     EXPECT_EQ(curve.lines()[1].change, "") << "its prices have not come";
@@ -110,7 +110,9 @@ TEST(QuoteChartData, ComparedSymbolsStandInPerCentOfTheirFirstPrices) {
     EXPECT_EQ(curve.points()[0].y(), curve.baseline().value());
     EXPECT_EQ(curve.lines()[0].line[0].y(), curve.baseline().value());
     EXPECT_EQ(curve.prices().back().label, "\u221250%");
-    EXPECT_EQ(QuoteChartData(quoteOf({10, 10}), {}, kNow, {quoteOf({})}).points()[1].y(), 0.5);
+    EXPECT_EQ(
+        QuoteChartData(quoteOf({10, 10}), {}, kNow, {.compared = {quoteOf({})}}).points()[1].y(),
+        0.5);
 }
 
 TEST(QuoteChartData, ReadsTheNearestPointUpToBothEnds) {
@@ -126,22 +128,55 @@ TEST(QuoteChartData, ReadsTheNearestPointUpToBothEnds) {
     EXPECT_EQ(QuoteChartData().reading(0), ChartReading());
 }
 
-TEST(QuoteChartData, MarksPastEventsWhereTheCurveIs) {
+kit::MoveRow moveOf(const char* letter, Instant point, double change) {
+    return {.letter = letter, .move = {.change = change, .point = point}};
+}
+
+TEST(QuoteChartData, MarksOfAPointAreOneMarkOnTheCurve) {
     const auto event = [](const char* title, Instant starts) {
         return AppleCalendarEvent{.title = title, .starts = starts};
     };
     const auto quote = quoteOf({10, 20, 30, 20, 20});
     const QuoteChartData curve(
         quote,
-        {event("before", kStart - 1h), event("half way", kStart + 12h),
-         event("on a point", kStart + days(2)), event("the last day", kStart + days(4) + 2h),
+        {event("before", kStart - 1h), event("that evening", kStart + 3h),
+         event("on a point", kStart + days(2)), event("later that day", kStart + days(2) + 2h),
          event("after", kStart + days(6)), event("to come", kNow + 1h)},
-        kNow);
+        kNow, {.moves = {moveOf("B", kStart + days(3), -33.3), moveOf("A", kStart + days(2), 50)}});
     ASSERT_EQ(curve.marks().size(), 3u);
-    EXPECT_DOUBLE_EQ(curve.marks()[0].position, 0.125);
-    EXPECT_DOUBLE_EQ(curve.marks()[0].level, (curve.points()[0].y() + curve.points()[1].y()) / 2);
-    EXPECT_EQ(curve.reading(2).event, "on a point");
-    EXPECT_EQ(curve.marks()[2].position, 1);
+    EXPECT_EQ(curve.marks()[0].position, 0);
+    EXPECT_EQ(curve.marks()[0].letter, "");
+    const auto& both = curve.marks()[1];
+    EXPECT_EQ(both.level, curve.points()[2].y());
+    EXPECT_EQ(both.letter, "A");
+    EXPECT_TRUE(both.rises);
+    EXPECT_EQ(both.spokenText, "on a point, later that day. +50.00%: no reported reason");
+    EXPECT_EQ(curve.reading(2).event, both.spokenText);
+    EXPECT_FALSE(curve.marks()[2].rises);
+    EXPECT_EQ(curve.marks()[2].events, "");
+}
+
+TEST(QuoteChartData, LevelsNearTheCurveWidenTheScaleAndOthersStandAtItsEdge) {
+    const auto quote = quoteOf({100, 110, 104});
+    const auto level = [](const char* rule, double price) {
+        return kit::PriceLevel{.rule = rule, .price = price, .isOn = true};
+    };
+    for (const bool isCompared : {false, true}) {
+        ChartAdditions additions{.levels = {level("far", 300), level("near", 114)}};
+        if (isCompared) additions.compared = {quoteOf({50, 51, 52})};
+        const QuoteChartData curve(quote, {}, kNow, additions);
+        ASSERT_EQ(curve.levels().size(), 2u);
+        EXPECT_EQ(curve.levels()[0].side, 1) << isCompared;
+        EXPECT_EQ(curve.levels()[0].position, 0) << isCompared;
+        EXPECT_EQ(curve.levels()[1].side, 0) << isCompared;
+        const double near = curve.levels()[1].position;
+        EXPECT_LT(near, curve.points()[1].y()) << isCompared;
+        EXPECT_NEAR(curve.priceAt(near), 114, 1e-9) << isCompared;
+        EXPECT_NEAR(curve.positionOf(curve.priceAt(0.5)), 0.5, 0.01) << isCompared;
+        EXPECT_EQ(curve.priceAt(-3), curve.priceAt(0)) << "a pointer beyond the chart";
+    }
+    EXPECT_EQ(QuoteChartData(quoteOf({}), {}, kNow, {.levels = {level("far", 3)}}).levels().size(),
+              0u);
 }
 
 TEST(QuoteChartData, ADaysCurveEndsWhereTheDayHasGotTo) {
