@@ -186,6 +186,11 @@ public:
             moveText(story.id, place);
             moveTo(place, "story:" + story.id, &LibraryContents::stories, std::move(story));
         }
+        for (const auto& [story, text] : read_.texts) {
+            preview_.problems.push_back({.obstacle = ImportObstacle::unreadable,
+                                         .text = "texts (" + story + ')',
+                                         .detail = "its story is not in the file"});
+        }
         sortByID("clip:", &LibraryContents::clips);
         sortByID("note:", &LibraryContents::notes);
         sortByID("project:", &LibraryContents::projects);

@@ -142,6 +142,14 @@ TEST(ImportPreview, SortsAnExportedLibraryByWhatIsHere) {
     EXPECT_EQ(withText.value().differing.texts, there.texts);
 }
 
+TEST(ImportPreview, TellsOfTextsWithoutTheirStory) {
+    auto there = sampleLibrary();
+    there.stories.clear();
+    const auto preview = previewImport(libraryFile(there, presentTime, "9"), {}, presentTime);
+    ASSERT_TRUE(preview);
+    EXPECT_EQ(problemsOf(preview.value()), Lines{"0 unreadable texts (a1)"});
+}
+
 TEST(ImportPreview, NamesWhatItCannotImport) {
     const auto newer =
         R"({"form":"brell library","version":7,"stories":[{"id":"a","mood":"calm"}]})";
