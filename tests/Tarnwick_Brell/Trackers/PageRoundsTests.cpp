@@ -20,12 +20,12 @@ using kit::Instant;
 using pressroom::Response;
 using std::chrono::hours;
 using std::chrono::minutes;
-using Kind = kit::PageOutcome::Kind;
+using LookKind = kit::PageOutcome::Kind;
 
-constexpr const char* kHost = "www.apple.com";
-constexpr const char* kPath = "/legal/privacy/";
+constexpr const char* kPageHost = "www.apple.com";
+constexpr const char* kPagePath = "/legal/privacy/";
 
-std::string document(const std::string& text, const std::string& title = "Privacy") {
+std::string pageDocument(const std::string& text, const std::string& title = "Privacy") {
     std::string body = "<html lang=en><title>" + title + "</title><main><h1>Privacy</h1>";
     for (int line = 0; line < 40; ++line)
         body += "<p>Rule " + std::to_string(line) + " holds for everybody who grows pears.</p>";
@@ -34,7 +34,7 @@ std::string document(const std::string& text, const std::string& title = "Privac
 
 Response pageAnswer(const std::string& text, const std::string& tag = "") {
     Response answer{.headers = {{"Content-Type", "text/html; charset=utf-8"}},
-                    .body = document(text)};
+                    .body = pageDocument(text)};
     if (!tag.empty()) answer.headers.emplace_back("ETag", tag);
     return answer;
 }
@@ -44,7 +44,7 @@ protected:
     /// Looks at the page after that time, of which the server answers so.
     kit::PageOutcome look(std::chrono::minutes later, Response answer) {
         now_ += later;
-        harness_.script.on(kHost, kPath, {std::move(answer)});
+        harness_.script.on(kPageHost, kPagePath, {std::move(answer)});
         PageRounds rounds(fetcher_);  // a new one has no host to leave alone
         boost::asio::io_context io;
         std::vector<VisitedPage> visited;
@@ -70,7 +70,7 @@ protected:
     }
 
     std::string tagAskedFor() {
-        const auto requests = harness_.script.requests(kHost, kPath);
+        const auto requests = harness_.script.requests(kPageHost, kPagePath);
         return std::string(requests.back().header("if-none-match").value_or("none"));
     }
 
@@ -79,7 +79,7 @@ protected:
     Instant now_{hours(20'000 * 24)};
     TrackerFetcher fetcher_{store_, harness_.client, [this] { return now_; }};
     kit::FollowedPage page_{.id = "p",
-                            .address = std::string("https://") + kHost + kPath,
+                            .address = std::string("https://") + kPageHost + kPagePath,
                             .name = "Privacy",
                             .added = now_};
     std::int64_t lastTold_ = 0;
@@ -88,24 +88,24 @@ protected:
 TEST_F(PageRoundsTest, ATextThatComesBackIsToldOnceItHasStayedForADay) {
     const auto six = pageAnswer("Recordings are kept for six months.");
     const auto two = pageAnswer("Recordings are kept for two months.");
-    EXPECT_EQ(look(minutes(0), six).kind, Kind::baseline);
-    EXPECT_EQ(look(minutes(30), two).kind, Kind::candidate);
-    EXPECT_EQ(look(minutes(4), two).kind, Kind::changed);
+    EXPECT_EQ(look(minutes(0), six).kind, LookKind::baseline);
+    EXPECT_EQ(look(minutes(30), two).kind, LookKind::candidate);
+    EXPECT_EQ(look(minutes(4), two).kind, LookKind::changed);
     EXPECT_EQ(told(),
               "Privacy: 1 change. Changed in \"Privacy\": \"six\" became \"two\" in \"Recordings "
               "are kept for two months.\"\n");
     // An old copy comes and goes.
     for (int turn = 0; turn < 4; ++turn) {
-        EXPECT_EQ(look(hours(6), six).kind, Kind::doubted);
-        EXPECT_EQ(look(hours(2), two).kind, Kind::unchanged);
+        EXPECT_EQ(look(hours(6), six).kind, LookKind::doubted);
+        EXPECT_EQ(look(hours(2), two).kind, LookKind::unchanged);
     }
-    EXPECT_EQ(look(hours(1), six).kind, Kind::doubted);
-    EXPECT_EQ(look(hours(23), six).kind, Kind::doubted);
+    EXPECT_EQ(look(hours(1), six).kind, LookKind::doubted);
+    EXPECT_EQ(look(hours(23), six).kind, LookKind::doubted);
     EXPECT_EQ(told(), "");
-    EXPECT_EQ(look(hours(2), six).kind, Kind::returned);
+    EXPECT_EQ(look(hours(2), six).kind, LookKind::returned);
     const auto titles = told();
     EXPECT_TRUE(titles.starts_with("Privacy: went back to the text of 4 October 2024. ")) << titles;
-    EXPECT_EQ(look(hours(2), six).kind, Kind::unchanged);
+    EXPECT_EQ(look(hours(2), six).kind, LookKind::unchanged);
     EXPECT_EQ(told(), "");
     EXPECT_EQ(store_.pages().revisions(page_.address, 9).size(), 3U) << "none of the flaps";
 }
@@ -113,10 +113,10 @@ TEST_F(PageRoundsTest, ATextThatComesBackIsToldOnceItHasStayedForADay) {
 TEST_F(PageRoundsTest, APageIsAskedForUnlessItIsTheSameButForLooksThatConfirm) {
     look(minutes(0), pageAnswer("Six months.", "\"a\""));
     EXPECT_EQ(tagAskedFor(), "none");
-    EXPECT_EQ(look(minutes(30), {.status = 304}).kind, Kind::unchanged);
+    EXPECT_EQ(look(minutes(30), {.status = 304}).kind, LookKind::unchanged);
     EXPECT_EQ(tagAskedFor(), "\"a\"");
     look(minutes(30), pageAnswer("Two months.", "\"b\""));
-    EXPECT_EQ(look(minutes(4), pageAnswer("Two months.", "\"b\"")).kind, Kind::changed);
+    EXPECT_EQ(look(minutes(4), pageAnswer("Two months.", "\"b\"")).kind, LookKind::changed);
     EXPECT_EQ(tagAskedFor(), "none");
     look(minutes(30), {.status = 304});
     EXPECT_EQ(tagAskedFor(), "\"b\"");
@@ -140,7 +140,7 @@ TEST_F(PageRoundsTest, WhatIsNoPageIsToldAsAFailureAfterAnHourAndNeverAsAChange)
          html("<html lang=en><main><p>" + std::string(420, 'y') + "</p></main>")},
         {"another language",
          html("<html lang=fr>" +
-              document("Six mois.").substr(std::string("<html lang=en>").size()))},
+              pageDocument("Six mois.").substr(std::string("<html lang=en>").size()))},
         {"a picture", typed("image/png", std::string("\x89PNG\r\n\x1a\n\0\0", 10))},
         {"a document", typed("application/pdf", "%PDF-1.7 " + std::string(900, ' '))},
         {"too large", html(std::string(kit::longestPage + 1, ' '))},
@@ -150,11 +150,11 @@ TEST_F(PageRoundsTest, WhatIsNoPageIsToldAsAFailureAfterAnHourAndNeverAsAChange)
     look(minutes(0), good);
     for (const auto& [what, answer] : cases) {
         for (int turn = 0; turn < 5; ++turn)
-            EXPECT_EQ(look(minutes(30), answer).kind, Kind::unreadable) << what;
+            EXPECT_EQ(look(minutes(30), answer).kind, LookKind::unreadable) << what;
         const auto titles = told();
         EXPECT_TRUE(titles.starts_with("Privacy can't be read: ")) << what << ": " << titles;
         EXPECT_EQ(std::ranges::count(titles, '\n'), 1) << what << " is told once: " << titles;
-        EXPECT_EQ(look(minutes(30), good).kind, Kind::unchanged) << what;
+        EXPECT_EQ(look(minutes(30), good).kind, LookKind::unchanged) << what;
         EXPECT_EQ(told(), "") << what;
     }
     EXPECT_EQ(store_.pages().revisions(page_.address, 9).size(), 1U);
@@ -167,7 +167,7 @@ TEST_F(PageRoundsTest, HostileTextIsStoredAndToldAsText) {
         "'); DROP TABLE signals; --" +
         std::string(5'000, 'z');
     look(minutes(30), pageAnswer(hostile));
-    EXPECT_EQ(look(minutes(4), pageAnswer(hostile)).kind, Kind::changed);
+    EXPECT_EQ(look(minutes(4), pageAnswer(hostile)).kind, LookKind::changed);
     const auto titles = told();
     EXPECT_LT(titles.size(), 800U);
     EXPECT_EQ(titles.find('\x1b'), std::string::npos) << titles;
@@ -185,7 +185,7 @@ TEST_F(PageRoundsTest, APartThatDiffersEachTimeIsLearnedAndTheRestStillWatched) 
     for (int turn = 0; turn < 4; ++turn) look(minutes(4), answer("six"));
     EXPECT_EQ(told(), "");
     look(minutes(30), answer("two"));
-    EXPECT_EQ(look(minutes(4), answer("two")).kind, Kind::changed);
+    EXPECT_EQ(look(minutes(4), answer("two")).kind, LookKind::changed);
     EXPECT_TRUE(told().starts_with("Privacy: 1 change. "));
 }
 
