@@ -184,7 +184,8 @@ public:
                 place = Place::here;
             }
             moveText(story.id, place);
-            moveTo(place, "story:" + story.id, &LibraryContents::stories, std::move(story));
+            const auto key = "story:" + story.id;
+            moveTo(place, key, &LibraryContents::stories, std::move(story));
         }
         for (const auto& [story, text] : read_.texts) {
             preview_.problems.push_back({.obstacle = ImportObstacle::unreadable,

@@ -179,6 +179,7 @@ void QuoteChartData::placeMarks(const std::vector<AppleCalendarEvent>& events,
         QStringList texts;
         for (const auto& event : mark.events) texts << titleText(event.title);
         row.events = texts.join(QStringLiteral(", "));
+        texts = row.events.isEmpty() ? QStringList() : QStringList(row.events);
         if (mark.move) {
             const auto& move = moves[*mark.move];
             row.letter = QString::fromStdString(move.letter);
