@@ -84,7 +84,12 @@ LocalStore::LocalStore(const fs::path& file, Database::Access access)
       followedPages_(database_, "followedPages"),
       pages_(database_),
       alertRules_(database_, "alertRules"),
-      alerts_(database_) {
+      alerts_(database_),
+      kept_(database_),
+      savedStories_(database_),
+      noteVersions_(database_),
+      keptSearch_(database_),
+      sync_(database_) {
     if (access == Database::Access::readWrite) {
         if (isOutdated(database_)) {
             const auto earlier = version();

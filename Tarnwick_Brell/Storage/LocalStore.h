@@ -14,12 +14,16 @@
 #include "Tarnwick_Brell/Storage/Tables/HostBackoff.h"
 #include "Tarnwick_Brell/Storage/Histories/FindingHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/IncidentLog.h"
+#include "Tarnwick_Brell/Storage/Tables/KeptSearch.h"
+#include "Tarnwick_Brell/Storage/Tables/KeptTable.h"
 #include "Tarnwick_Brell/Storage/Tables/MarkTable.h"
+#include "Tarnwick_Brell/Storage/Tables/NoteVersions.h"
 #include "Tarnwick_Brell/Storage/Histories/OfferHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/PageHistory.h"
 #include "Tarnwick_Brell/Storage/Histories/RecordHistory.h"
 #include "Tarnwick_Brell/Storage/Tables/RecordTable.h"
 #include "Tarnwick_Brell/Storage/Tables/SearchIndex.h"
+#include "Tarnwick_Brell/Storage/Tables/SavedStories.h"
 #include "Tarnwick_Brell/Storage/Histories/SignalLog.h"
 #include "Tarnwick_Brell/Storage/Histories/SigningHistory.h"
 #include "Tarnwick_Brell/Storage/Tables/SourceTable.h"
@@ -76,6 +80,11 @@ public:
     PageHistory& pages() { return pages_; }
     RecordTable& alertRules() { return alertRules_; }
     AlertHistory& alerts() { return alerts_; }
+    KeptTable& kept() { return kept_; }
+    SavedStories& savedStories() { return savedStories_; }
+    NoteVersions& noteVersions() { return noteVersions_; }
+    KeptSearch& keptSearch() { return keptSearch_; }
+    SyncRecorder& sync() { return sync_; }
 
     std::int64_t version();
 
@@ -120,6 +129,11 @@ private:
     PageHistory pages_;
     RecordTable alertRules_;
     AlertHistory alerts_;
+    KeptTable kept_;
+    SavedStories savedStories_;
+    NoteVersions noteVersions_;
+    KeptSearch keptSearch_;
+    SyncRecorder sync_;
     std::int64_t dataVersion_ = 0;
 };
 

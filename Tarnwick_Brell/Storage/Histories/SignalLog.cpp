@@ -129,6 +129,14 @@ std::vector<LoggedSignal> SignalLog::newest(std::size_t most, const SignalSelect
     return signalsIn(rows);
 }
 
+std::optional<LoggedSignal> SignalLog::find(std::string_view id) {
+    Statement rows(database_,
+                   fmt::format("SELECT {} FROM signals s WHERE s.id = ?", kSignalColumns));
+    rows.bind(0, id);
+    auto found = signalsIn(rows);
+    return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
+}
+
 std::vector<LoggedSignal> SignalLog::after(std::int64_t number) {
     Statement rows(database_, fmt::format("SELECT {} FROM signals s WHERE s.number > ? "
                                           "ORDER BY s.number",

@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "NewsroomKit/Signals/Signal.h"
@@ -37,6 +38,8 @@ public:
 
     /// The last logged first.
     std::vector<LoggedSignal> newest(std::size_t most, const SignalSelection& selection = {});
+
+    std::optional<LoggedSignal> find(std::string_view id);
 
     /// The signals after the one with that number, in the order of the log.
     std::vector<LoggedSignal> after(std::int64_t number);

@@ -24,4 +24,9 @@ inline std::optional<kit::Instant> instantOf(const std::optional<std::int64_t>& 
     return number ? std::optional(instantOf(*number)) : std::nullopt;
 }
 
+/// For what is stamped with this computer's clock wherever it is written from.
+inline kit::Instant systemInstant() {
+    return std::chrono::time_point_cast<kit::Instant::duration>(std::chrono::system_clock::now());
+}
+
 }  // namespace app

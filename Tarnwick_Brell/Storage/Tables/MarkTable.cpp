@@ -11,6 +11,7 @@
 #include "Tarnwick_Brell/Storage/Tables/DeskState.h"
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
 #include "Tarnwick_Brell/Storage/Tables/PendingMarks.h"
+#include "Tarnwick_Brell/Storage/Tables/SavedStories.h"
 
 namespace app {
 
@@ -153,6 +154,7 @@ public:
         if (database_.changes() == 0) return false;
         hasChanged_ = true;
         if (former) change_.taken.push_back(std::move(*former));
+        if (change_.mark == Mark::saved) snapshot(number);
         return true;
     }
 
@@ -162,6 +164,11 @@ public:
     }
 
 private:
+    void snapshot(std::int64_t number) {
+        SavedStories stories(database_);
+        change_.givenAt ? stories.keep(number) : stories.hide(number);
+    }
+
     std::optional<std::pair<std::string, std::int64_t>> formerMark(std::int64_t number) {
         if (change_.givenAt || undoable_ == Undoable::no) return std::nullopt;
         former_.bind(0, number);
@@ -272,7 +279,11 @@ void MarkTable::removeGiven(Mark mark, std::int64_t moment, UndoneChange& undone
     Statement undo(database_, mark == Mark::read ? kUndoRead : kUndoSave);
     undo.bind(0, undone.stamp).bind(1, moment);
     while (undo.step()) undone.numbers.push_back(undo.number(0));
-    if (mark != Mark::read) return;
+    if (mark != Mark::read) {
+        SavedStories stories(database_);
+        for (const auto number : undone.numbers) stories.hide(number);
+        return;
+    }
     undone.pendingCount = PendingMarks(database_).removeRead(instantOf(moment));
 }
 
@@ -292,11 +303,14 @@ std::optional<UndoneChange> MarkTable::undoLastChange(Instant now) {
         find.reset();
         if (!number) {
             undone.pendingCount += pending.add(id, last->mark, instantOf(moment), now) ? 1 : 0;
+            if (last->mark == Mark::saved) SavedStories(database_).bringBack(id);
             continue;
         }
         giveBack.bind(0, *number).bind(1, undone.stamp).bind(2, moment);
         giveBack.run();
-        if (database_.changes() > 0) undone.numbers.push_back(*number);
+        if (database_.changes() == 0) continue;
+        undone.numbers.push_back(*number);
+        if (last->mark == Mark::saved) SavedStories(database_).keep(*number);
     }
     std::sort(undone.numbers.begin(), undone.numbers.end());
     DeskState(database_).setText(kLastChange, std::nullopt);

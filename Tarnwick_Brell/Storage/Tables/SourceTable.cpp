@@ -2,6 +2,7 @@
 
 #include "NewsroomKit/Sources/SourceJSON.h"
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
+#include "Tarnwick_Brell/Storage/Tables/SyncRecorder.h"
 
 namespace app {
 
@@ -78,6 +79,7 @@ void SourceTable::setEnabled(std::string_view id, bool enabled) {
                         "INSERT OR REPLACE INTO sourceSwitches (id, enabled) VALUES (?, ?)");
     statement.bind(0, id).bind(1, std::int64_t{enabled});
     statement.run();
+    SyncRecorder(database_).changed("w:" + std::string(id), {{"enabled", enabled}});
 }
 
 SourceTable::Options SourceTable::options() {

@@ -1,5 +1,6 @@
 #include "Tarnwick_Brell/Storage/Tables/Version9.h"
 
+#include "Tarnwick_Brell/Storage/Tables/KeptSchema.h"
 #include "Tarnwick_Brell/Storage/Tables/PastSignals.h"
 
 namespace app {
@@ -191,6 +192,8 @@ void completeVersion9(Database& database) {
     database.execute(kBackendTables);
     database.execute(kPageTables);
     database.execute(kAlertTables);
+    addKeptTables(database);
+    keepSavedStories(database);
     logPast(database);
 }
 
