@@ -47,6 +47,10 @@ void addNewsroomCommand(arguments::Command& app, Command& chosen);
 void addAlertsCommand(arguments::Command& app, Command& chosen);
 void addBeatCommand(arguments::Command& app, Command& chosen);
 void addLogCommand(arguments::Command& app, Command& chosen);
+void addClipsCommand(arguments::Command& app, Command& chosen);
+void addNotesCommand(arguments::Command& app, Command& chosen);
+void addProjectsCommand(arguments::Command& app, Command& chosen);
+void addSearchCommand(arguments::Command& app, Command& chosen);
 void addLibraryCommand(arguments::Command& app, Command& chosen);
 void addInspectCommand(arguments::Command& app, Command& chosen);
 

@@ -7,6 +7,7 @@
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/LibraryKept.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
 #include "Tarnwick_Brell/Storage/Safety/Backups.h"
@@ -228,6 +229,8 @@ void addLibraryCommand(arguments::Command& app, Command& chosen) {
     command
         .subcommand("repair", "Rebuild a damaged library from its tables and set the old one aside")
         .whenChosen([&chosen] { chosen = repair; });
+
+    addLibraryKeptCommands(command, chosen);
 
     auto options = std::make_shared<RestoreOptions>();
     auto restoring = command.subcommand(

@@ -166,6 +166,10 @@ int main(int argc, char** argv) {
     addTimelineCommand(app, chosen);
     addTextCommand(app, chosen);
     addCoverageCommand(app, chosen);
+    addClipsCommand(app, chosen);
+    addNotesCommand(app, chosen);
+    addProjectsCommand(app, chosen);
+    addSearchCommand(app, chosen);
     addCorrectCommand(app, chosen);
     addSettingsCommand(app, chosen);
     addLogCommand(app, chosen);
