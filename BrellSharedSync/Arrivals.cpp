@@ -15,19 +15,19 @@ FieldSet baseOf(const LocalRecord& record) {
 }
 
 /// Sets the state of a record whose store version is `theirs`.
-void compare(LocalRecord& record, FieldSet merged, const FieldSet& theirs) {
-    if (merged != theirs) {
-        record.base = textsOf(kindOf(record), theirs);
-        // What can't be sent can't be sent because of what was merged into it, either.
-        if (record.state != RecordState::incomplete) record.state = RecordState::toSend;
-    } else if (record.state != RecordState::inStep || merged != record.fields) {
-        // Found equal is not yet confirmed: the store may lose it before the next witness.
-        record.state = RecordState::unwitnessed;
-        record.base = {};
-        record.reason.clear();
-    }
+void compare(LocalRecord& record, FieldSet merged, const FieldSet& theirs, std::int64_t now) {
+    const bool isChanged = merged != record.fields;
     record.fields = std::move(merged);
     record.held = {};
+    if (record.fields != theirs) {
+        record.base = textsOf(kindOf(record), theirs);
+        record.goneSince = 0;
+        // What can't be sent can't be sent because of what was merged into it, either.
+        if (record.state != RecordState::incomplete) record.state = RecordState::toSend;
+    } else if (record.state != RecordState::inStep || isChanged) {
+        // Found equal is not yet confirmed: the store may lose it before the next witness.
+        agree(record, now);
+    }
 }
 
 std::string removerOf(const FieldSet& fields) {
@@ -51,6 +51,16 @@ void edit(LocalRecord& record, FieldSet fields) {
         record.state = RecordState::toSend;
     }
     record.fields = std::move(fields);
+    record.goneSince = 0;
+}
+
+void agree(LocalRecord& record, std::int64_t now) {
+    record.state = RecordState::unwitnessed;
+    record.base = {};
+    record.reason.clear();
+    // Counted from here and not from the removal: that may have been on its way for long.
+    const bool gone = isGone(kindOf(record), record.fields);
+    record.goneSince = !gone ? 0 : record.goneSince > 0 ? record.goneSince : now;
 }
 
 std::optional<LocalRecord> Arrivals::find(const std::string& id) const {
@@ -76,7 +86,9 @@ void Arrivals::mergeIn(const StoredRecord& arrived, bool holds) {
         return;
     }
     if (!record) {
-        records_[arrived.id] = {arrived.id, *theirs, arrived.revision, RecordState::unwitnessed};
+        LocalRecord fresh{arrived.id, *theirs, arrived.revision};
+        agree(fresh, author_.milliseconds);
+        records_.insert_or_assign(arrived.id, std::move(fresh));
         dropped_.erase(arrived.id);
         return;
     }
@@ -95,7 +107,7 @@ void Arrivals::mergeIn(const StoredRecord& arrived, bool holds) {
 
 void Arrivals::mergeFields(LocalRecord record, const FieldSet& theirs, const RecordKind& kind) {
     auto merged = mergeRecords(record.id, kind, record.fields, theirs, baseOf(record), author_);
-    compare(record, std::move(merged.fields), theirs);
+    compare(record, std::move(merged.fields), theirs, author_.milliseconds);
     held_.erase(record.id);
     records_.insert_or_assign(record.id, std::move(record));
     for (const auto& copy : merged.copies) takeCopy(copy);
@@ -160,14 +172,14 @@ void applyHeld(LocalRecord& record, const Author& author) {
     const auto theirs = record.held;
     auto merged =
         mergeRecords(record.id, kindOf(record), record.fields, theirs, record.base, author);
-    compare(record, std::move(merged.fields), theirs);
+    compare(record, std::move(merged.fields), theirs, author.milliseconds);
 }
 
 void refuseHeld(LocalRecord& record, const Author& author) {
     const auto theirs = record.held;
     auto kept = merge(kindOf(record), record.fields, theirs);
     bringBack(kept, author);
-    compare(record, std::move(kept), theirs);
+    compare(record, std::move(kept), theirs, author.milliseconds);
 }
 
 }  // namespace shared

@@ -47,16 +47,16 @@ const json::value& FieldSet::value(std::string_view name) const {
     return cell ? cell->value : null;
 }
 
-bool FieldSet::set(std::string_view name, json::value value, const Author& author) {
+bool FieldSet::set(std::string_view name, json::value value, const Stamp& stamp) {
     if (this->value(name) == value) return false;
-    put(name, {next(author), std::move(value), {}});
+    put(name, {stamp, std::move(value), {}});
     return true;
 }
 
-bool FieldSet::setText(std::string_view name, json::value value, const Author& author) {
+bool FieldSet::setText(std::string_view name, json::value value, const Stamp& stamp) {
     const auto* old = find(name);
     if (this->value(name) == value) return false;
-    Cell cell{next(author), std::move(value), {}};
+    Cell cell{stamp, std::move(value), {}};
     if (old) {
         cell.saw = old->saw;
         addStamps(cell.saw, {old->stamp});

@@ -39,11 +39,17 @@ public:
     const json::value& value(std::string_view name) const;
 
     /// Writes a value that differs from the present one; tells whether it did. Null is not written
-    /// where there is no field yet.
-    bool set(std::string_view name, json::value value, const Author& author);
+    /// where there is no field yet. What is written together may have one stamp, from `next`.
+    bool set(std::string_view name, json::value value, const Stamp& stamp);
+    bool set(std::string_view name, json::value value, const Author& author) {
+        return set(name, std::move(value), next(author));
+    }
     /// The same for a text whose edits on two computers are brought together: it remembers the
     /// latest kMostAncestors texts that it grew from.
-    bool setText(std::string_view name, json::value value, const Author& author);
+    bool setText(std::string_view name, json::value value, const Stamp& stamp);
+    bool setText(std::string_view name, json::value value, const Author& author) {
+        return setText(name, std::move(value), next(author));
+    }
 
     /// Lays a cell over what is there.
     void put(std::string_view name, Cell cell) { cells_.insert_or_assign(std::string(name), cell); }

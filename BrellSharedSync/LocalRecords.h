@@ -30,10 +30,15 @@ struct LocalRecord {
     FieldSet base{};
     FieldSet held{};  ///< the version that waits
     std::string reason{};
+    /// When this machine found that the store has the removal, by its clock; 0 for what is there.
+    std::int64_t goneSince = 0;
 };
 
 /// Writes a change of the user's into a record.
 void edit(LocalRecord& record, FieldSet fields);
+
+/// The store has the record as it is here.
+void agree(LocalRecord& record, std::int64_t now);
 
 /// Where this machine and the store last stood together. Token and cursor belong together: a
 /// cursor means nothing in a store that may be an earlier state of itself.
@@ -59,7 +64,7 @@ struct LocalChanges {
         RecordState to;
     };
     std::vector<Move> moves{};
-    bool forgetRevisions = false;  ///< of all records
+    bool forgetRevisions = false;  ///< of all records, and since when they are gone
     std::vector<LocalRecord> records{};
     /// The sync record goes. What is still there of the thing goes where removed things are kept.
     std::vector<std::string> dropped{};
@@ -76,7 +81,7 @@ public:
     virtual std::vector<std::string> idsIn(RecordState state) const = 0;
     /// Those of a kind that are not gone.
     virtual std::size_t countOf(std::string_view prefix) const = 0;
-    /// Those in step whose removal was stamped before.
+    /// Those in step that have been gone since before.
     virtual std::vector<std::string> goneBefore(std::int64_t milliseconds) const = 0;
     virtual void apply(const LocalChanges& changes) = 0;
 };

@@ -1,6 +1,7 @@
 #include "BrellSharedSync/Merge.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace shared {
 namespace {
@@ -16,6 +17,12 @@ bool isGreater(const Cell& a, const Cell& b) {
 
 Cell mergeCells(FieldRule rule, std::string_view name, const Cell& a, const Cell& b) {
     if (a == b) return a;
+    if (name.ends_with(kWriters)) {
+        const auto order = [](const Cell& one) {
+            return std::tuple(one.stamp, one.saw, canonicalText(one.value));
+        };
+        return order(a) > order(b) ? a : b;
+    }
     const bool isLater = a.stamp == b.stamp ? isGreater(a, b) : a.stamp > b.stamp;
     const bool wins = rule == FieldRule::first && a.stamp != b.stamp ? !isLater : isLater;
     Cell merged = wins ? a : b;
@@ -30,14 +37,17 @@ Cell mergeCells(FieldRule rule, std::string_view name, const Cell& a, const Cell
 
 bool isGoneBut(const FieldSet& fields, const Cell* gone, const auto& isEdit) {
     if (!gone || gone->value != json::value(true)) return false;
+    const auto wasSeen = [&](const Stamp& stamp) { return contains(gone->saw, stamp); };
     return std::ranges::none_of(fields.cells(), [&](const auto& item) {
-        return isEdit(item.first) && !contains(gone->saw, item.second.stamp);
+        const std::string_view name = item.first;
+        return isEdit(name) && !name.ends_with(kWriters) && !wasSeen(item.second.stamp) &&
+               !std::ranges::all_of(writersOf(fields, name), wasSeen);
     });
 }
 
 void removeAll(FieldSet& fields, std::string_view goneName, std::string_view prefix,
-               const Author& author) {
-    Cell removal{fields.next(author), true, {}};
+               const Stamp& stamp) {
+    Cell removal{stamp, true, {}};
     if (const auto* old = fields.find(goneName)) removal.saw = old->saw;
     std::vector<Stamp> seen;
     for (const auto& [name, cell] : fields.cells()) {
@@ -73,11 +83,20 @@ bool isEntryGone(const FieldSet& fields, std::string_view entry) {
     });
 }
 
-void remove(FieldSet& fields, const Author& author) { removeAll(fields, kGone, "", author); }
+void remove(FieldSet& fields, const Author& author) {
+    removeAll(fields, kGone, "", fields.next(author));
+}
 
-void removeEntry(FieldSet& fields, std::string_view entry, const Author& author) {
+void removeEntry(FieldSet& fields, std::string_view entry, const Stamp& stamp) {
     const auto prefix = std::string(entry) + "/";
-    removeAll(fields, prefix + std::string(kGone), prefix, author);
+    removeAll(fields, prefix + std::string(kGone), prefix, stamp);
+}
+
+std::vector<Stamp> writersOf(const FieldSet& fields, std::string_view name) {
+    const auto* cell = fields.find(name);
+    const auto* writers = fields.find(std::string(name) + std::string(kWriters));
+    if (cell && writers && writers->stamp == cell->stamp) return writers->saw;
+    return cell ? std::vector{cell->stamp} : std::vector<Stamp>{};
 }
 
 void bringBack(FieldSet& fields, const Author& author) {

@@ -26,7 +26,13 @@ bool isEntryGone(const FieldSet& fields, std::string_view entry);
 
 /// Removes a record with knowledge of all that it holds.
 void remove(FieldSet& fields, const Author& author);
-void removeEntry(FieldSet& fields, std::string_view entry, const Author& author);
+void removeEntry(FieldSet& fields, std::string_view entry, const Stamp& stamp);
+
+/// Beside a text that a machine wove or chose from what persons wrote: the stamps of their writes.
+inline constexpr std::string_view kWriters = "/writers";
+
+/// The stamps of the writes by persons that a field stands for: mostly its own.
+std::vector<Stamp> writersOf(const FieldSet& fields, std::string_view name);
 
 /// Undoes a removal.
 void bringBack(FieldSet& fields, const Author& author);

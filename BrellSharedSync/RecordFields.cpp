@@ -31,30 +31,29 @@ void eachBelow(const FieldSet& fields, std::string_view name, const auto& use) {
 /// Writes the keys of a set or a map; those that are missing get `absent`.
 bool writeKeys(FieldSet& fields, std::string_view name,
                const std::map<std::string, json::value>& wanted, const json::value& absent,
-               const Author& author) {
+               const Stamp& stamp) {
     std::vector<std::string> dropped;
     eachBelow(fields, name, [&](std::string_view key, const Cell& cell) {
         if (!wanted.contains(std::string(key)) && cell.value != absent) dropped.emplace_back(key);
     });
     bool wrote = false;
-    for (const auto& key : dropped) wrote |= fields.set(below(name, key), absent, author);
-    for (const auto& [key, value] : wanted) wrote |= fields.set(below(name, key), value, author);
+    for (const auto& key : dropped) wrote |= fields.set(below(name, key), absent, stamp);
+    for (const auto& [key, value] : wanted) wrote |= fields.set(below(name, key), value, stamp);
     return wrote;
 }
 
 bool writeSet(FieldSet& fields, std::string_view name, const json::value& list,
-              const Author& author) {
+              const Stamp& stamp) {
     std::map<std::string, json::value> wanted;
     for (auto& member : kit::decode<std::vector<std::string>>(list)) wanted.emplace(member, true);
-    return writeKeys(fields, name, wanted, false, author);
+    return writeKeys(fields, name, wanted, false, stamp);
 }
 
-bool writeMap(FieldSet& fields, std::string_view name, const json::value& map,
-              const Author& author) {
+bool writeMap(FieldSet& fields, std::string_view name, const json::value& map, const Stamp& stamp) {
     std::map<std::string, json::value> wanted;
     if (!map.is_object()) throw kit::RecordError(std::string(name), "an object is expected");
     for (const auto& pair : map.get_object()) wanted.emplace(pair.key(), pair.value());
-    return writeKeys(fields, name, wanted, nullptr, author);
+    return writeKeys(fields, name, wanted, nullptr, stamp);
 }
 
 std::string textOf(const json::value& value) {
@@ -78,7 +77,7 @@ std::string placed(const FieldSet& fields, const std::string& entry, const std::
 }
 
 bool writeEntries(FieldSet& fields, std::string_view name, const json::value& list,
-                  const Author& author) {
+                  const Stamp& stamp) {
     bool wrote = false;
     std::set<std::string> missing = entryIDs(fields, name);
     std::string rank;
@@ -97,33 +96,33 @@ bool writeEntries(FieldSet& fields, std::string_view name, const json::value& li
         const auto frame = spec.contains(kFrame) ? spec[kFrame] : json::value();
         spec.erase(kFrame);
         spec.erase(kID);
-        if (isEntryGone(fields, entry)) wrote |= fields.set(below(entry, kGone), false, author);
+        if (isEntryGone(fields, entry)) wrote |= fields.set(below(entry, kGone), false, stamp);
         const auto following =
             i + 1 < items.size() ? below(below(name, entryOf(items[i + 1])), kRank) : "";
         rank = placed(fields, entry, rank, textOf(fields.value(following)));
-        wrote |= fields.set(below(entry, kSpec), std::move(spec), author);
-        wrote |= fields.set(below(entry, kFrame), frame, author);
-        wrote |= fields.set(below(entry, kRank), json::string(rank), author);
+        wrote |= fields.set(below(entry, kSpec), std::move(spec), stamp);
+        wrote |= fields.set(below(entry, kFrame), frame, stamp);
+        wrote |= fields.set(below(entry, kRank), json::string(rank), stamp);
     }
     for (const auto& id : missing) {
         if (isEntryGone(fields, below(name, id))) continue;
-        removeEntry(fields, below(name, id), author);
+        removeEntry(fields, below(name, id), stamp);
         wrote = true;
     }
     return wrote;
 }
 
 bool writeField(FieldRule rule, FieldSet& fields, std::string_view name, const json::value& value,
-                const Author& author) {
+                const Stamp& stamp) {
     switch (rule) {
-        case FieldRule::set: return writeSet(fields, name, value, author);
-        case FieldRule::map: return writeMap(fields, name, value, author);
-        case FieldRule::entries: return writeEntries(fields, name, value, author);
-        case FieldRule::text: return fields.setText(name, value, author);
-        case FieldRule::first: return !fields.find(name) && fields.set(name, value, author);
+        case FieldRule::set: return writeSet(fields, name, value, stamp);
+        case FieldRule::map: return writeMap(fields, name, value, stamp);
+        case FieldRule::entries: return writeEntries(fields, name, value, stamp);
+        case FieldRule::text: return fields.setText(name, value, stamp);
+        case FieldRule::first: return !fields.find(name) && fields.set(name, value, stamp);
         case FieldRule::latest: break;
     }
-    return fields.set(name, value, author);
+    return fields.set(name, value, stamp);
 }
 
 json::array setJSON(const FieldSet& fields, std::string_view name) {
@@ -162,17 +161,20 @@ json::array entriesJSON(const FieldSet& fields, std::string_view name) {
 
 bool writeRecord(const RecordKind& kind, FieldSet& fields, const json::object& record,
                  const Author& author) {
+    const auto stamp = fields.next(author);
+    // What is made anew under a name that it may have had before is no longer gone.
     bool wrote = false;
+    if (fields.cells().empty() && !kind.comesBack) wrote = fields.set(kGone, false, stamp);
     for (const auto& row : kind.fields) {
         if (const auto* value = record.if_contains(row.name)) {
-            wrote |= writeField(row.rule, fields, row.name, *value, author);
+            wrote |= writeField(row.rule, fields, row.name, *value, stamp);
         } else if (row.rule == FieldRule::latest || row.rule == FieldRule::text) {
-            wrote |= writeField(row.rule, fields, row.name, nullptr, author);
+            wrote |= writeField(row.rule, fields, row.name, nullptr, stamp);
         }
     }
     for (const auto& pair : record) {
         if (kind.lists(pair.key()) || pair.key() == kID) continue;
-        wrote |= fields.set(pair.key(), pair.value(), author);
+        wrote |= fields.set(pair.key(), pair.value(), stamp);
     }
     return wrote;
 }

@@ -78,19 +78,31 @@ SharedRecord copyOf(std::string_view id, const FieldSet& losing, const Cell& los
 /// One text that both sides edited.
 class TextConflict {
 public:
-    TextConflict(const Cell& mine, const Cell& theirs) : mine_(mine), theirs_(theirs) {}
+    TextConflict(std::string_view name, const FieldSet& mine, const FieldSet& theirs)
+        : mine_(*mine.find(name)),
+          theirs_(*theirs.find(name)),
+          myWriters_(writersOf(mine, name)),
+          theirWriters_(writersOf(theirs, name)) {}
 
     /// The text that was not removed with knowledge of it, where the other one was.
     const Cell* survivor(const Cell* gone) const {
-        if (!gone || gone->value != json::value(true)) return nullptr;
-        const bool mineWasSeen = contains(gone->saw, mine_.stamp);
-        if (mineWasSeen == contains(gone->saw, theirs_.stamp)) return nullptr;
+        const bool mineWasSeen = wasSeen(gone, myWriters_);
+        if (mineWasSeen == wasSeen(gone, theirWriters_)) return nullptr;
         return mineWasSeen ? &theirs_ : &mine_;
     }
 
     bool wereBothRemoved(const Cell* gone) const {
-        return gone && gone->value == json::value(true) && contains(gone->saw, mine_.stamp) &&
-               contains(gone->saw, theirs_.stamp);
+        return wasSeen(gone, myWriters_) && wasSeen(gone, theirWriters_);
+    }
+
+    const std::vector<Stamp>& writersOfOne(const Cell& text) const {
+        return &text == &mine_ ? myWriters_ : theirWriters_;
+    }
+
+    std::vector<Stamp> writersOfBoth() const {
+        auto writers = myWriters_;
+        addStamps(writers, theirWriters_);
+        return writers;
     }
 
     std::optional<json::value> woven(const Cell* base) const {
@@ -105,19 +117,29 @@ public:
     }
 
 private:
+    static bool wasSeen(const Cell* gone, const std::vector<Stamp>& writers) {
+        return gone && gone->value == json::value(true) &&
+               std::ranges::all_of(writers, [&](const auto& s) { return contains(gone->saw, s); });
+    }
+
     const Cell& mine_;
     const Cell& theirs_;
+    std::vector<Stamp> myWriters_;
+    std::vector<Stamp> theirWriters_;
 };
 
 /// Writes a text that stands for both sides'.
-void writeJoined(FieldSet& fields, std::string_view name, json::value value, const FieldSet& mine,
-                 const FieldSet& theirs, const Author& author) {
+void writeJoined(FieldSet& fields, std::string_view name, json::value value,
+                 std::vector<Stamp> writers, const FieldSet& mine, const FieldSet& theirs,
+                 const Author& author) {
     Cell joined{fields.next(author), std::move(value), {}};
     for (const auto* side : {&mine, &theirs}) {
         addStamps(joined.saw, side->find(name)->saw);
         addStamps(joined.saw, {side->find(name)->stamp});
     }
     forgetEarliest(joined.saw);
+    fields.put(std::string(name) + std::string(kWriters),
+               {joined.stamp, nullptr, std::move(writers)});
     fields.put(name, std::move(joined));
 }
 
@@ -140,14 +162,16 @@ MergedRecord mergeRecords(std::string_view id, const RecordKind& kind, const Fie
         const auto* own = mine.find(row.name);
         const auto* other = theirs.find(row.name);
         if (!own || !other || !conflict(*own, *other)) continue;
-        const TextConflict both(*own, *other);
+        const TextConflict both(row.name, mine, theirs);
         const auto* gone = merged.fields.find(kGone);
         if (both.wereBothRemoved(gone)) continue;
         if (const auto* survivor = both.survivor(gone)) {
             if (merged.fields.value(row.name) == survivor->value) continue;
-            writeJoined(merged.fields, row.name, survivor->value, mine, theirs, author);
+            writeJoined(merged.fields, row.name, survivor->value, both.writersOfOne(*survivor),
+                        mine, theirs, author);
         } else if (auto text = both.woven(base.find(row.name))) {
-            writeJoined(merged.fields, row.name, std::move(*text), mine, theirs, author);
+            writeJoined(merged.fields, row.name, std::move(*text), both.writersOfBoth(), mine,
+                        theirs, author);
         } else {
             const bool ownWon = merged.fields.value(row.name) == own->value;
             const auto& loser = ownWon ? *other : *own;

@@ -182,8 +182,7 @@ void Session::noteSent(const answer::Written& answer) {
         record->revision = *answer.revisions[i];
         const bool isSame = record->fields == sent_[i].fields;
         if (isSame && record->state == RecordState::toSend) {
-            record->state = RecordState::unwitnessed;
-            record->base = {};
+            agree(*record, settings_.now);
         } else {
             record->base = textsOf(*kindOfRecord(record->id), sent_[i].fields);
         }

@@ -10,6 +10,9 @@ constexpr std::size_t kLongestMachineID = 32;
 /// Up to here JSON of every make holds whole numbers.
 constexpr std::int64_t kLatest = 9'007'199'254'740'991;
 
+/// By so many milliseconds a clock that is behind is put forward.
+constexpr std::int64_t kClockStep = 1'000;
+
 std::int64_t checked(std::int64_t milliseconds) {
     if (milliseconds < 0 || milliseconds > kLatest) {
         throw kit::RecordError("", "a time is out of range");
@@ -46,7 +49,12 @@ Stamp Stamp::parse(std::string_view text) {
 }
 
 Stamp Stamp::behind(std::int64_t latest, const Author& author) {
-    return {std::min(kLatest, std::max(author.milliseconds, latest + 1)), author.machine};
+    if (author.milliseconds > latest)
+        return {std::min(kLatest, author.milliseconds), author.machine};
+    // A machine that was cloned, or restored from a backup, writes under the name of another for a
+    // while: where its clock is behind, the clock's last digits still tell their writes apart.
+    const auto ahead = (latest - author.milliseconds) / kClockStep + 1;
+    return {std::min(kLatest, author.milliseconds + ahead * kClockStep), author.machine};
 }
 
 json::object stampsJSON(const std::vector<Stamp>& sorted) {

@@ -23,6 +23,15 @@ TEST(FieldSet, AnEditComesBehindWhatItsAuthorSawWhateverTheClocksSay) {
     EXPECT_GT(fields.find("author")->stamp, fields.find("title")->stamp);
 }
 
+TEST(FieldSet, ACloneWhoseClockIsBehindWritesUnderAStampOfItsOwn) {
+    FieldSet fields;
+    fields.set("title", "x", {"fast", 2'000'000'000'000});
+    const auto first = fields.next({"cloned", 1'750'000'000'100});
+    const auto second = fields.next({"cloned", 1'750'000'000'101});
+    EXPECT_NE(first, second);
+    EXPECT_LT(first.milliseconds, 2'000'000'002'000);
+}
+
 TEST(FieldSet, WritingWhatIsThereIsNoEdit) {
     const Author author{"m", 1000};
     FieldSet fields;

@@ -37,11 +37,8 @@ public:
     std::vector<std::string> goneBefore(std::int64_t milliseconds) const override {
         std::vector<std::string> ids;
         for (const auto& id : idsIn(RecordState::inStep)) {
-            const auto& fields = records.at(id).fields;
-            if (isGone(*kindOfRecord(id), fields) &&
-                fields.find(kGone)->stamp.milliseconds < milliseconds) {
-                ids.push_back(id);
-            }
+            const auto since = records.at(id).goneSince;
+            if (since > 0 && since < milliseconds) ids.push_back(id);
         }
         return ids;
     }
@@ -55,7 +52,9 @@ public:
                     break;
                 }
             }
-            if (changes.forgetRevisions) record.revision.clear();
+            if (!changes.forgetRevisions) continue;
+            record.revision.clear();
+            record.goneSince = 0;
         }
         for (const auto& record : changes.records) records.insert_or_assign(record.id, record);
         for (const auto& id : changes.dropped) records.erase(id);

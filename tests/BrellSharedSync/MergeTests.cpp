@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "BrellSharedSync/Merge.h"
+#include "BrellSharedSync/RecordMerge.h"
 #include "tests/BrellSharedSync/RandomFields.h"
 
 namespace {
@@ -141,13 +141,29 @@ TEST(Merge, TwoRemovalsKnowWhatEitherKnew) {
     EXPECT_TRUE(isGone(noteKind, merge(noteKind, knowing, unknowing)));
 }
 
+TEST(Merge, ATextThatAMachineWoveFromWhatWasRemovedBringsNothingBack) {
+    FieldSet first;
+    first.setText("text", "a\nb\nc\n", Author{"aa", 10});
+    auto mine = first;
+    mine.setText("text", "1\nb\nc\n", Author{"aa", 20});
+    auto theirs = first;
+    theirs.setText("text", "a\nb\n3\n", Author{"bb", 20});
+    const auto base = textsOf(noteKind, first);
+    const auto woven = mergeRecords("o:1", noteKind, mine, theirs, base, {"cc", 30}).fields;
+    ASSERT_EQ(woven.value("text"), "1\nb\n3\n");
+    remove(mine, {"aa", 40});
+    EXPECT_FALSE(isGone(noteKind, merge(noteKind, woven, mine)));
+    remove(theirs, {"bb", 40});
+    EXPECT_TRUE(isGone(noteKind, merge(noteKind, merge(noteKind, woven, mine), theirs)));
+}
+
 TEST(Merge, APanelThatIsMovedHereWhileItIsRemovedThereStays) {
     FieldSet first;
     first.set("panels/p/frame", 1, {"aa", 10});
     auto moved = first;
     moved.set("panels/p/frame", 2, {"aa", 20});
     auto removed = first;
-    removeEntry(removed, "panels/p", {"bb", 90});
+    removeEntry(removed, "panels/p", {90, "bb"});
     EXPECT_TRUE(isEntryGone(merge(newsroomKind, first, removed), "panels/p"));
     EXPECT_FALSE(isEntryGone(merge(newsroomKind, moved, removed), "panels/p"));
 }

@@ -48,7 +48,8 @@ inline FieldSet fields(const RecordKind& kind, Dice& dice) {
         made.put(row.name, cell(dice));
         if (dice.oneIn(3)) made.put(std::string(row.name) + "/k", cell(dice));
     }
-    for (const auto* name : {"gone", "panels/p/gone", "panels/p/frame", "new in version 9"}) {
+    for (const auto* name :
+         {"gone", "panels/p/gone", "panels/p/frame", "text/writers", "new in version 9"}) {
         if (dice.oneIn(3)) made.put(name, cell(dice));
     }
     return made;

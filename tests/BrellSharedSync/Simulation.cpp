@@ -63,7 +63,7 @@ std::string Simulation::run() {
 
 void Simulation::step() {
     now_ += scenario_.isLong ? static_cast<std::int64_t>(dice_.below(4)) * kDay
-                             : static_cast<std::int64_t>(dice_.below(3)) * 700;
+                             : 1 + static_cast<std::int64_t>(dice_.below(3)) * 700;
     auto& machine = *machines_[dice_.below(machines_.size())];
     if (dice_.oneIn(40)) fail();
     if (dice_.oneIn(60)) {
@@ -101,7 +101,10 @@ void Simulation::makeRecord(Machine& machine) {
     if (machine.records.find(record.id)) return;
     auto fields = record.fields;
     fields.set("title", json::string("by " + machine.name), authorOf(machine));
-    save(machine, record, fields, Act::Kind::edit);
+    // It may have been removed before.
+    const bool isNatural = record.id.starts_with("s:");
+    if (isNatural) bringBack(fields, authorOf(machine));
+    save(machine, record, fields, isNatural ? Act::Kind::return_ : Act::Kind::edit);
 }
 
 /// Adds a line that nothing else has, and may take one out or change one.
@@ -282,7 +285,11 @@ void Simulation::forgetLost() {
     for (const auto& [id, document] : store_.documents) {
         if (document.record.body) keepMarks(FieldSet::parse(*document.record.body), marks, lines);
     }
-    std::erase_if(acts_, [&](const auto& act) { return !marks.contains(act.first); });
+    // Where removals are forgotten nothing shows that there was one.
+    std::erase_if(acts_, [&](const auto& act) {
+        const bool isKept = scenario_.isLong && act.second.kind == Act::Kind::removal;
+        return !isKept && !marks.contains(act.first);
+    });
     std::erase_if(lines_, [&](const auto& line) { return !lines.contains(line.first); });
 }
 
