@@ -25,18 +25,24 @@ boost::json::object markedRecord(const MarkedText& marked) {
     return {{"text", marked.text}, {"hits", std::move(hits)}};
 }
 
+/// A part of a line, with the spaces at its ends.
+std::string printablePart(const std::string& part) {
+    auto shown = printable(part);
+    if (part.starts_with(' ') && !shown.starts_with(' ')) shown.insert(0, 1, ' ');
+    if (part.ends_with(' ') && !shown.ends_with(' ')) shown += ' ';
+    return shown;
+}
+
 /// The text with its hits in bold letters.
 std::string markedLine(Output& out, const MarkedText& marked) {
     std::string line;
     std::size_t at = 0;
     for (const auto& hit : marked.hits) {
-        line += printable(marked.text.substr(at, hit.begin - at));
-        if (hit.begin > at && marked.text[hit.begin - 1] == ' ') line += ' ';
+        line += printablePart(marked.text.substr(at, hit.begin - at));
         line += out.bold(printable(marked.text.substr(hit.begin, hit.size)));
         at = hit.begin + hit.size;
-        if (at < marked.text.size() && marked.text[at] == ' ') line += ' ';
     }
-    return line + printable(marked.text.substr(at));
+    return line + printablePart(marked.text.substr(at));
 }
 
 int runSearch(Session& session, const SearchOptions& options) {
