@@ -51,7 +51,10 @@ void removeAll(FieldSet& fields, std::string_view goneName, std::string_view pre
     if (const auto* old = fields.find(goneName)) removal.saw = old->saw;
     std::vector<Stamp> seen;
     for (const auto& [name, cell] : fields.cells()) {
-        if (name.starts_with(prefix) && name != goneName) seen.push_back(cell.stamp);
+        if (!name.starts_with(prefix) || name == goneName) continue;
+        seen.push_back(cell.stamp);
+        // Also what a text grew from: elsewhere a machine may bring that together with another.
+        seen.insert(seen.end(), cell.saw.begin(), cell.saw.end());
     }
     addStamps(removal.saw, seen);
     fields.put(goneName, std::move(removal));
