@@ -112,7 +112,8 @@ public:
     std::vector<AlertTelling> advance(Instant now);
     std::optional<Instant> nextDue() const { return nextDue_; }
 
-    /// The computer has slept until now: what became due meanwhile is due now, when it may be quiet.
+    /// The computer has slept until now: what became due meanwhile is due now, when it may be
+    /// quiet.
     void resume(Instant now);
 
     /// The user has removed the rule or switched it off: drops what is held for it. When it is
