@@ -260,8 +260,8 @@ class FaultsOfTheStore(unittest.TestCase):
     def test_a_full_disk_keeps_what_the_library_had(self):
         self.desk.run("refresh", "--source", "macrumors")
         before = self.desk.json("wire", "--limit", 1000)
-        # In KiB; half of what the library has already.
-        limit = f"ulimit -f {self.library.stat().st_size // 2048}; trap '' XFSZ; exec \"$@\""
+        # In KiB; a quarter of what the library has already.
+        limit = f"ulimit -f {self.library.stat().st_size // 4096}; trap '' XFSZ; exec \"$@\""
         result = subprocess.run(["bash", "-c", limit, "-", BIN / "brell", "--data-dir", self.desk.folder,
                                  *self.desk.network, "refresh"], capture_output=True, text=True)
         self.assertEqual(result.returncode, 1, result.stdout)
