@@ -12,6 +12,9 @@ void makeDurable(const std::filesystem::path& file);
 /// the new one. Throws StoreError.
 void moveIntoPlace(const std::filesystem::path& from, const std::filesystem::path& to);
 
+/// Throws what a failed write of the file means for the user.
+[[noreturn]] void failWriting(const std::filesystem::path& file, int error);
+
 /// Creates a folder for this user alone, unless it exists. Throws StoreError.
 void makeFolder(const std::filesystem::path& folder);
 
