@@ -2,8 +2,10 @@
 
 #include <unordered_map>
 
+#include "NewsroomKit/Library/BookmarkFile.h"
 #include "NewsroomKit/Library/CSV.h"
 #include "NewsroomKit/Library/Citation.h"
+#include "NewsroomKit/Library/LibraryFile.h"
 #include "NewsroomKit/Library/LineText.h"
 #include "NewsroomKit/Text/Unicode.h"
 
@@ -145,6 +147,17 @@ std::string libraryDocument(const LibraryContents& contents, const TimeZone& zon
         text += tagLine(note.tags);
     }
     return text;
+}
+
+std::string exportedLibrary(const LibraryContents& contents, ExportForm form,
+                            const ExportDetails& details) {
+    switch (form) {
+        case ExportForm::markdown: return libraryDocument(contents, details.zone);
+        case ExportForm::csv: return libraryTable(contents, details.part);
+        case ExportForm::bookmarks: return bookmarkFile(contents.stories);
+        case ExportForm::json: break;
+    }
+    return libraryFile(contents, details.madeAt, details.program);
 }
 
 }  // namespace kit

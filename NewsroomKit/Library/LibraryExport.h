@@ -37,4 +37,15 @@ std::string libraryTable(const LibraryContents& contents, LibraryPart part);
 /// All of the contents as one text in Markdown, with citations; dates are the days of `zone`.
 std::string libraryDocument(const LibraryContents& contents, const TimeZone& zone);
 
+struct ExportDetails {
+    LibraryPart part = LibraryPart::stories;  ///< of a table
+    Instant madeAt{};
+    std::string program{};
+    TimeZone zone{"UTC"};
+};
+
+/// The contents in one of the forms; a file of bookmarks has the stories alone.
+std::string exportedLibrary(const LibraryContents& contents, ExportForm form,
+                            const ExportDetails& details);
+
 }  // namespace kit

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "NewsroomKit/Library/LineText.h"
+#include "NewsroomKit/Library/UnknownKeys.h"
 #include "NewsroomKit/Text/Unicode.h"
 
 namespace kit {
@@ -90,18 +91,6 @@ void settle(Note& note) {
 void settle(Project& project) {
     requireSoundID(project.id);
     require(!project.name.empty(), "the project has no name");
-}
-
-template <class R>
-json::object unknownKeys(const json::object& object) {
-    json::object unknown;
-    for (const auto& pair : object) {
-        const bool isKnown = std::apply(
-            [&](const auto&... f) { return ((f.key == std::string_view(pair.key())) || ...); },
-            JSONFields<R>::fields);
-        if (!isKnown) unknown.emplace(pair.key(), pair.value());
-    }
-    return unknown;
 }
 
 /// Reads the parts of one file.

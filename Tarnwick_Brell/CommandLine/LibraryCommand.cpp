@@ -7,6 +7,7 @@
 
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
+#include "Tarnwick_Brell/CommandLine/LibraryExchange.h"
 #include "Tarnwick_Brell/CommandLine/LibraryKept.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
@@ -231,6 +232,7 @@ void addLibraryCommand(arguments::Command& app, Command& chosen) {
         .whenChosen([&chosen] { chosen = repair; });
 
     addLibraryKeptCommands(command, chosen);
+    addLibraryExchangeCommands(command, chosen);
 
     auto options = std::make_shared<RestoreOptions>();
     auto restoring = command.subcommand(

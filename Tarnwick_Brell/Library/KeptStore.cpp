@@ -123,8 +123,9 @@ kit::Note KeptStore::write(kit::Note note, NoteSaving saving) {
     } else if (note.createdAt == kit::Instant()) {
         note.createdAt = now_;
     }
+    const bool hasMoment = !former || saving == NoteSaving::imported;
     if (!former || former->text != note.text || former->title != note.title)
-        note.changedAt = note.changedAt > note.createdAt && !former ? note.changedAt : now_;
+        note.changedAt = hasMoment && note.changedAt >= note.createdAt ? note.changedAt : now_;
     writeKept(store_.kept(), note);
     store_.kept().dropOldContent(now_);
     return note;
@@ -204,6 +205,11 @@ bool KeptStore::restore(KeptKind kind, std::string_view id) {
     }
     transaction.commit();
     return true;
+}
+
+bool KeptStore::bringBack(KeptKind kind, std::string_view id) {
+    requireReadable(store_.kept(), kind, id);
+    return store_.kept().restore(kind, id);
 }
 
 bool KeptStore::setMember(std::string_view project, kit::MemberKind kind, std::string_view id,

@@ -20,8 +20,9 @@ public:
 };
 
 /// Whether the text that a note loses is worth a version: while somebody types, an editor saves
-/// again and again, and only the text from before a run of kTypingRun is.
-enum class NoteSaving { deliberate, whileTyping };
+/// again and again, and only the text from before a run of kTypingRun is. An imported note keeps
+/// the time of its last change.
+enum class NoteSaving { deliberate, whileTyping, imported };
 
 inline constexpr std::chrono::minutes kTypingRun{5};
 
@@ -60,6 +61,22 @@ public:
     kit::Note put(kit::Note note, NoteSaving saving = NoteSaving::deliberate);
     kit::Project put(kit::Project project);
     kit::SavedStory put(kit::SavedStory story);
+
+    /// Adds or replaces one that a file brings, within the caller's transaction. One that was
+    /// removed is restored first: what was seen first stays. `extras` are its keys that only a
+    /// newer version knows. Throws KeptProblem and has written nothing then.
+    template <class T>
+    void takeOver(T value, const boost::json::object& extras) {
+        const auto id = value.id;
+        const bool wasRemoved = bringBack(kKindOf<T>, id);
+        try {
+            const auto written = write(std::move(value), NoteSaving::imported);
+            if (!extras.empty()) writeKept(store_.kept(), written, extras);
+        } catch (const KeptProblem&) {
+            if (wasRemoved) store_.kept().remove(kKindOf<T>, id, now_);
+            throw;
+        }
+    }
 
     /// Changes a part of what is kept and leaves what another program has changed meanwhile. False
     /// when there is none that can be read. Throws KeptProblem.
@@ -118,6 +135,7 @@ private:
     kit::Project write(kit::Project project, NoteSaving saving);
     kit::SavedStory write(kit::SavedStory story, NoteSaving saving);
     void keepVersion(const kit::Note& former, NoteSaving saving);
+    bool bringBack(KeptKind kind, std::string_view id);
     bool setSignal(std::string_view project, std::string_view id, bool isIn);
 
     LocalStore& store_;

@@ -38,11 +38,13 @@ boost::json::object mergedRecord(std::string_view stored, const T& value) {
     return record;
 }
 
-/// Writes the record within the caller's transaction.
+/// Writes the record within the caller's transaction, with `extras`, keys that T does not have.
 template <class T>
-boost::json::object writeKept(KeptTable& table, const T& value) {
+boost::json::object writeKept(KeptTable& table, const T& value,
+                              const boost::json::object& extras = {}) {
     const auto stored = table.record(kKindOf<T>, value.id);
     auto record = mergedRecord(stored.value_or(""), value);
+    for (const auto& pair : extras) record[pair.key()] = pair.value();
     table.put(kKindOf<T>, value.id, record, faceOf(value));
     return record;
 }

@@ -245,6 +245,25 @@ MarkedNumbers MarkTable::set(Mark mark, std::vector<std::int64_t> numbers,
     return marked;
 }
 
+void MarkTable::takeOver(std::span<const Imported> marks, Instant now) {
+    Statement find(database_, "SELECT number FROM stories WHERE id = ?");
+    PendingMarks pending(database_);
+    for (const auto& [story, savedAt, isRead] : marks) {
+        find.bind(0, story);
+        const auto number = find.step() ? find.optionalNumber(0) : std::nullopt;
+        find.reset();
+        for (const auto mark : {Mark::saved, Mark::read}) {
+            if (mark == Mark::read && !isRead) continue;
+            const auto at = mark == Mark::saved ? savedAt : now;
+            if (number) {
+                Writer(database_, mark, at, Undoable::no).mark(*number);
+            } else {
+                pending.add(story, mark, at, now);
+            }
+        }
+    }
+}
+
 Instant MarkTable::unusedMoment(Mark mark, Instant at) {
     Statement used(database_, fmt::format("SELECT 1 FROM marks WHERE {} = ?", columnOf(mark)));
     for (;; at += Instant::duration(1)) {

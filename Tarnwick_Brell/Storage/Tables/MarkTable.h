@@ -61,6 +61,16 @@ public:
     MarkedNumbers set(Mark mark, std::vector<std::int64_t> numbers, std::optional<kit::Instant> at,
                       Undoable undoable);
 
+    /// A mark that comes with a story from a file.
+    struct Imported {
+        std::string story{};
+        kit::Instant savedAt{};
+        bool isRead = false;
+    };
+    /// Within the caller's transaction. Marks of stories that the library doesn't have wait for
+    /// them; the user's last change stays the one that can be undone.
+    void takeOver(std::span<const Imported> marks, kit::Instant now);
+
     /// Marks what is selected and unread as read, and says how many stories that were.
     std::size_t markAllRead(const StorySelection& selection, kit::Instant at);
 

@@ -48,8 +48,14 @@ void SavedStories::keep(std::int64_t number) {
     if (const auto stored = kept_.record(KeptKind::story, story.id)) {
         try {
             auto former = kit::decode<kit::SavedStory>(kit::parseJSON(*stored));
-            former.savedAt = story.savedAt;
-            story = std::move(former);
+            if (former.sourceID.empty()) {
+                // An imported link says less than the feed does.
+                story.tags = std::move(former.tags);
+                story.projectIDs = std::move(former.projectIDs);
+            } else {
+                former.savedAt = story.savedAt;
+                story = std::move(former);
+            }
         } catch (const kit::RecordError&) {
             return;  // A newer version's, which stays as it is.
         }
@@ -85,17 +91,24 @@ std::optional<kit::SavedText> SavedStories::text(std::string_view story) {
 
 void SavedStories::keepText(std::string_view story, std::string_view url,
                             const kit::Article& article, kit::Instant fetchedAt) {
-    const auto text = paragraphsOf(article);
-    const auto hash = kit::sha256Hex(text);
+    kit::SavedText text{.url = std::string(url),
+                        .fetchedAt = fetchedAt,
+                        .title = article.title,
+                        .text = paragraphsOf(article)};
+    text.sha256 = kit::sha256Hex(text.text);
+    keepText(story, text);
+}
+
+void SavedStories::keepText(std::string_view story, const kit::SavedText& text) {
     Statement(database_,
               "INSERT OR IGNORE INTO savedTexts (story, url, fetchedAt, sha256, title, text) "
               "VALUES (?, ?, ?, ?, ?, ?)")
         .bind(0, story)
-        .bind(1, url)
-        .bind(2, microseconds(fetchedAt))
-        .bind(3, hash)
-        .bind(4, article.title)
-        .bind(5, text)
+        .bind(1, text.url)
+        .bind(2, microseconds(text.fetchedAt))
+        .bind(3, text.sha256)
+        .bind(4, text.title)
+        .bind(5, text.text)
         .run();
 }
 

@@ -18,7 +18,7 @@ public:
     explicit SavedStories(Database& database) : database_(database), kept_(database) {}
 
     /// After the story with the number got its mark. What was kept of it before stays as it was;
-    /// only the moment of saving is new.
+    /// only the moment of saving is new. Of an imported link tags and projects stay.
     void keep(std::int64_t number);
     /// After the story lost its mark. What is kept is hidden as other removed things are.
     void hide(std::string_view id);
@@ -31,6 +31,7 @@ public:
     /// The text of a story's page, unless one is kept already: the evidence is what was seen first.
     void keepText(std::string_view story, std::string_view url, const kit::Article& article,
                   kit::Instant fetchedAt);
+    void keepText(std::string_view story, const kit::SavedText& text);
 
 private:
     void copyText(std::string_view story);
