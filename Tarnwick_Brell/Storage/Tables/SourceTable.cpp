@@ -2,6 +2,7 @@
 
 #include "NewsroomKit/Sources/SourceJSON.h"
 #include "Tarnwick_Brell/Storage/SQLite/Instants.h"
+#include "Tarnwick_Brell/Storage/Tables/SharedSources.h"
 #include "Tarnwick_Brell/Storage/Tables/SyncRecorder.h"
 
 namespace app {
@@ -18,6 +19,14 @@ std::vector<kit::NewsSource> records(Statement rows) {
         sources.push_back(kit::decode<kit::NewsSource>(kit::parseJSON(rows.text(0))));
     }
     return sources;
+}
+
+/// One that is there and not removed.
+std::optional<kit::NewsSource> presentSource(Database& database, std::string_view id) {
+    Statement row(database, "SELECT record FROM customSources WHERE id = ? AND removedAt IS NULL");
+    row.bind(0, id);
+    if (!row.step()) return std::nullopt;
+    return kit::decode<kit::NewsSource>(kit::parseJSON(row.text(0)));
 }
 
 }  // namespace
@@ -38,6 +47,7 @@ void SourceTable::add(const kit::NewsSource& source) {
     Statement statement(database_, "INSERT INTO customSources (id, record) VALUES (?, ?)");
     statement.bind(0, source.id).bind(1, record);
     statement.run();
+    recordSource(database_, source, systemInstant());
 }
 
 void SourceTable::restore(const kit::NewsSource& source) {
@@ -47,16 +57,20 @@ void SourceTable::restore(const kit::NewsSource& source) {
                         "position = (SELECT max(position) + 1 FROM customSources) WHERE id = ?1");
     statement.bind(0, source.id).bind(1, record);
     statement.run();
+    recordSource(database_, source, systemInstant());
 }
 
 void SourceTable::update(const kit::NewsSource& source) {
+    const auto former = presentSource(database_, source.id);
     const auto record = recordOf(source);
     Statement statement(database_, "UPDATE customSources SET record = ?2 WHERE id = ?1");
     statement.bind(0, source.id).bind(1, record);
     statement.run();
+    if (former) recordSourceChange(database_, *former, source, systemInstant());
 }
 
 void SourceTable::remove(std::string_view id, kit::Instant now) {
+    if (const auto source = presentSource(database_, id)) recordSourceRemoval(database_, *source);
     Statement bury(database_,
                    "UPDATE customSources SET removedAt = ?2 WHERE id = ?1 AND removedAt IS NULL");
     bury.bind(0, id).bind(1, microseconds(now)).run();

@@ -2,6 +2,7 @@
 
 #include "Tarnwick_Brell/Storage/Tables/KeptSchema.h"
 #include "Tarnwick_Brell/Storage/Tables/PastSignals.h"
+#include "Tarnwick_Brell/Storage/Tables/SyncBackfill.h"
 
 namespace app {
 
@@ -194,6 +195,7 @@ void completeVersion9(Database& database) {
     database.execute(kAlertTables);
     addKeptTables(database);
     keepSavedStories(database);
+    recordUnrecorded(database);
     logPast(database);
 }
 
