@@ -5,11 +5,16 @@
 #include <boost/json.hpp>
 #include <fmt/format.h>
 
+#include "Tarnwick_Brell/CommandLine/BlockingFetcher.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/GlobalOptions.h"
 #include "Tarnwick_Brell/CommandLine/NameLookup.h"
+#include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/TimeArgument.h"
+#include "Tarnwick_Brell/Desk/SourceRegistry.h"
+#include "Tarnwick_Brell/Library/SavedTextFetcher.h"
+#include "Tarnwick_Brell/Storage/Settings/KeepingSetting.h"
 
 namespace cli {
 
@@ -80,6 +85,32 @@ int markNamed(Session& session, const MarkVerb& verb, const IDs& names) {
     if (!ids.empty() || session.options().json) printOutcome(session, marked.changed, sentence);
     if (!errors.empty()) throw WrongUsage(errors);
     return kDone;
+}
+
+/// Keeps the texts of the saved stories that have none yet.
+void keepTexts(Session& session, kit::CurlTransport::Options network, const IDs& names) {
+    auto& store = session.store();
+    const app::SourceRegistry registry(store.sources());
+    BlockingFetcher fetcher(std::move(network), kit::Conditional::no);
+    for (const auto& name : names) {
+        const auto found = store.stories().findByID(name, 2);
+        if (found.size() != 1 || !found.front().savedAt) continue;
+        const auto* source = registry.find(found.front().story.sourceID);
+        const auto failure = fetcher.await(
+            app::keepPageText(store, fetcher.http(), found.front(),
+                              source ? source->siteURL : std::string(), session.now()));
+        if (failure.empty()) continue;
+        fmt::print(stderr, "brell: The text of {} could not be kept. {}\n",
+                   printable(found.front().story.title), printable(failure));
+    }
+}
+
+int saveNamed(Session& session, const IDs& names) {
+    if (!session.defaults().isOn(app::kKeepSavedText)) return markNamed(session, kSave, names);
+    auto network = session.network();
+    const auto status = markNamed(session, kSave, names);
+    keepTexts(session, std::move(network), names);
+    return status;
 }
 
 struct ReadOptions {
@@ -166,7 +197,9 @@ void addMarkCommand(arguments::Command& app, Command& chosen, const MarkVerb& ve
     auto command = app.subcommand(verb.name, verb.help);
     addIDs(command, *ids).required();
     command.whenChosen([ids, &verb, &chosen] {
-        chosen = [ids, &verb](Session& session) { return markNamed(session, verb, *ids); };
+        chosen = [ids, &verb](Session& session) {
+            return &verb == &kSave ? saveNamed(session, *ids) : markNamed(session, verb, *ids);
+        };
     });
 }
 

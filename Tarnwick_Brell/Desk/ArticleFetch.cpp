@@ -59,7 +59,10 @@ std::optional<CommittedBatch> storeArticle(LocalStore& store, const kit::Story& 
                                            std::string_view siteURL, const kit::Article& article,
                                            kit::Instant now) {
     auto transaction = store.transaction();
-    store.articles().put(story.id, story.articleLink.value_or(story.link), article, now);
+    const auto& url = story.articleLink.value_or(story.link);
+    store.articles().put(story.id, url, article, now);
+    if (store.kept().record(KeptKind::story, story.id))
+        store.savedStories().keepText(story.id, url, article, now);
     CommittedBatch batch{.stamp = store.state().nextStamp()};
     auto revised =
         store.stories().addCredits(story.id, creditsIn(article, story, siteURL), *batch.stamp);

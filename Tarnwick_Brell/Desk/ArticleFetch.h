@@ -32,7 +32,8 @@ boost::asio::awaitable<FetchedArticle> fetchArticle(kit::HTTPClient& http, std::
 std::vector<kit::SourceCredit> creditsIn(const kit::Article& article, const kit::Story& story,
                                          std::string_view siteURL);
 
-/// Stores the article of a story, and its credits with the story. What that changed in the story,
+/// Stores the article of a story, and its credits with the story; of a saved one the text is kept,
+/// unless one is kept already. What that changed in the story,
 /// if anything. Throws StoreError.
 std::optional<CommittedBatch> storeArticle(LocalStore& store, const kit::Story& story,
                                            std::string_view siteURL, const kit::Article& article,

@@ -19,6 +19,7 @@
 #include "NewsroomKit/Text/Unicode.h"
 #include "NewsroomKit/Trackers/Market/StockQuote.h"
 #include "NewsroomKit/Trackers/TrackerAPI.h"
+#include "Tarnwick_Brell/Storage/Settings/KeepingSetting.h"
 #include "Tarnwick_Brell/Storage/Settings/TraySetting.h"
 
 namespace app {
@@ -128,6 +129,9 @@ constexpr std::array kKeys{
     SettingKey{SettingKey::kPictures, Section::appearance, "Pictures",
                "whether pictures are fetched from their publishers and shown", "false",
                Type::truthValue},
+    SettingKey{kKeepSavedText, Section::library, "Text of saved stories",
+               "whether the page of a story is fetched and its text kept when you save the story",
+               "false", Type::truthValue},
     SettingKey{SettingKey::kStartWithDesktop, Section::general, "Start with the desktop",
                "whether the window opens when a session of the desktop begins", "false",
                Type::truthValue},
