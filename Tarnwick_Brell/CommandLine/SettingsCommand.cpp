@@ -7,12 +7,14 @@
 
 #include <fmt/format.h>
 
+#include "NewsroomKit/Log/Log.h"
 #include "NewsroomKit/Trackers/Signing/DeviceIdentifier.h"
 #include "Tarnwick_Brell/Arguments/Suggestion.h"
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/Failure.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TerminalText.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
+#include "Tarnwick_Brell/Library/SharedSettings.h"
 
 namespace cli {
 
@@ -125,6 +127,17 @@ int showSetting(Session& session, const std::string& name) {
     return kDone;
 }
 
+/// The setting stands even where the library can't be written: the next desk records it.
+void recordForOtherComputers(Session& session) {
+    try {
+        if (app::LocalStore::exists(session.paths().library))
+            app::recordSettings(session.store(), app::travellingSettings(session.defaults()));
+    } catch (const app::StoreError& error) {
+        kit::log(kit::LogCategory::storage, kit::LogLevel::warning,
+                 "the setting is not recorded for other computers: {}", error.what());
+    }
+}
+
 int changeSetting(Session& session, const std::string& name, const std::string& value) {
     const auto& key = knownKey(name);
     try {
@@ -132,6 +145,7 @@ int changeSetting(Session& session, const std::string& name, const std::string& 
     } catch (const std::invalid_argument& error) {
         throw WrongUsage(error.what());
     }
+    recordForOtherComputers(session);
     return session.options().json ? showSetting(session, name) : kDone;
 }
 

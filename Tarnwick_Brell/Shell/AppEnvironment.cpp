@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "NewsroomKit/Log/Log.h"
+#include "Tarnwick_Brell/Library/SharedSettings.h"
 #include "Tarnwick_Brell/Newsrooms/BeatAlerts.h"
 
 namespace app {
@@ -41,6 +43,7 @@ AppEnvironment::AppEnvironment(const Options& options)
                  [this](Notification told) { notifier_.post(std::move(told)); }),
       alerts_(defaults_, options.clock,
               [this](AskedNotification asked) { alertDesk_.take(std::move(asked)); }),
+      savedTexts_(newsDesk_, defaults_, options.clock),
       care_(options.paths.library, options.clock) {
     QObject::connect(&care_, &LibraryMaintenance::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&care_, &LibraryMaintenance::libraryDamaged, &newsDesk_,
@@ -48,6 +51,18 @@ AppEnvironment::AppEnvironment(const Options& options)
     connectTrackers();
     connectNewsrooms();
     connectAlerts();
+    QObject::connect(&defaults_, &Defaults::changed, &newsDesk_, [this] { recordSettings(); });
+}
+
+void AppEnvironment::recordSettings() {
+    newsDesk_.worker().post(
+        [settings = travellingSettings(defaults_)](DeskWorker::WorkerContext& context) {
+            app::recordSettings(context.store, settings);
+        },
+        [](const std::exception& error) {
+            kit::log(kit::LogCategory::storage, kit::LogLevel::error,
+                     "settings are not recorded for other computers: {}", error.what());
+        });
 }
 
 void AppEnvironment::connectTrackers() {
@@ -141,6 +156,7 @@ void AppEnvironment::start() {
     newsrooms_.load();
     alertStore_.load();
     newsDesk_.start();
+    recordSettings();
     // The check reads the whole file; the first view must not wait for the disk because of it.
     QObject::connect(&newsDesk_, &NewsDesk::loaded, &care_,
                      [this] { care_.start(lock_.lastHolderDied()); });

@@ -8,6 +8,7 @@
 #include "Tarnwick_Brell/Alerts/AlertDesk.h"
 #include "Tarnwick_Brell/Alerts/AlertStore.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Library/SavedTextFetcher.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 #include "Tarnwick_Brell/Notifications/Alerts.h"
 #include "Tarnwick_Brell/Notifications/Notifier.h"
@@ -49,6 +50,7 @@ private:
     void connectTrackers();
     void connectNewsrooms();
     void connectAlerts();
+    void recordSettings();
     template <class News, class Alert>
     void alertOn(void (TrackerStore::*signal)(const News&), Alert alert);
     void announce(const std::vector<kit::Story>& news);
@@ -63,6 +65,7 @@ private:
     AlertStore alertStore_;
     AlertDesk alertDesk_;
     Alerts alerts_;
+    SavedTextFetcher savedTexts_;
     LibraryMaintenance care_;
 };
 
