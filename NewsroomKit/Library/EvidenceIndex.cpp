@@ -1,56 +1,34 @@
 #include "NewsroomKit/Library/EvidenceIndex.h"
 
 #include <algorithm>
-#include <tuple>
 
 #include <fmt/format.h>
 
 #include "NewsroomKit/Library/Citation.h"
 #include "NewsroomKit/Library/LineText.h"
+#include "NewsroomKit/Library/NoteTitle.h"
 #include "NewsroomKit/Text/Unicode.h"
 
 namespace kit {
 
 namespace {
 
-struct TimelineRow {
-    Instant at{};
-    std::string key{};  ///< as in the project, "story:ID"
-    std::string text{};
-};
-
-bool isDone(const Project& project, const std::string& key) {
-    const auto found = project.done.find(key);
-    return found != project.done.end() && found->second;
-}
-
-std::vector<TimelineRow> timelineOf(const SortedEvidence& evidence) {
-    std::vector<TimelineRow> rows;
-    const auto add = [&](Instant at, const char* kind, const std::string& id, std::string_view name,
-                         const std::string& text) {
-        rows.push_back(
-            {at, std::string(kind) + ':' + id, fmt::format("{}: {}", name, escapedMarkdown(text))});
-    };
-    for (const auto& [story, path, hash] : evidence.stories)
-        add(story->story.publishedAt, "story", story->story.id, "Story", story->story.title);
-    for (const auto* clip : evidence.clips)
-        add(clip->accessedAt, "clip", clip->id, "Clip from", clip->title);
-    for (const auto& [note, path] : evidence.notes)
-        add(note->createdAt, "note", note->id, "Note", note->title);
-    for (const auto* signal : evidence.signals)
-        add(signal->happenedAt.value_or(signal->seenAt), "signal", signal->id, "Signal",
-            signal->title);
-    std::ranges::sort(rows, [](const TimelineRow& left, const TimelineRow& right) {
-        return std::tie(left.at, left.key) < std::tie(right.at, right.key);
-    });
-    return rows;
+std::string_view timelineWord(MemberKind kind) {
+    switch (kind) {
+        case MemberKind::clip: return "Clip from";
+        case MemberKind::note: return "Note";
+        case MemberKind::signal: return "Signal";
+        case MemberKind::story: break;
+    }
+    return "Story";
 }
 
 void appendTimeline(const SortedEvidence& evidence, const TimeZone& zone, std::string& text) {
     text += "## Timeline\n\n";
-    for (const auto& row : timelineOf(evidence)) {
-        text += fmt::format("- [{}] {} {}\n", isDone(*evidence.project, row.key) ? 'x' : ' ',
-                            minuteText(row.at, zone), row.text);
+    for (const auto& item : evidence.timeline) {
+        text +=
+            fmt::format("- [{}] {} {}: {}\n", item.isDone ? 'x' : ' ', minuteText(item.at, zone),
+                        timelineWord(item.kind), escapedMarkdown(item.title));
     }
     text += '\n';
 }
@@ -144,8 +122,8 @@ std::string evidenceIndex(const SortedEvidence& evidence, const TimeZone& zone) 
     }
     if (!evidence.notes.empty()) text += "\n## Notes\n\n";
     for (const auto& [note, path] : evidence.notes) {
-        text += fmt::format("- {}: {}, changed {}\n", escapedMarkdown(note->title), packLink(path),
-                            minuteText(note->changedAt, zone));
+        text += fmt::format("- {}: {}, changed {}\n", escapedMarkdown(shownTitle(*note)),
+                            packLink(path), minuteText(note->changedAt, zone));
     }
     if (!evidence.signals.empty()) text += "\n## Signals\n\n";
     for (const auto* signal : evidence.signals) appendSignal(*signal, zone, text);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "NewsroomKit/Library/EvidencePack.h"
+#include "NewsroomKit/Library/ProjectTimeline.h"
 
 namespace kit {
 
@@ -21,6 +22,7 @@ struct IndexedNote {
 /// The evidence in the order in which it is told.
 struct SortedEvidence {
     const Project* project = nullptr;
+    std::vector<TimelineItem> timeline{};  ///< of the project's members
     std::vector<IndexedStory> stories{};
     std::vector<const Clip*> clips{};
     std::vector<IndexedNote> notes{};

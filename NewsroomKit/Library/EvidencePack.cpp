@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <tuple>
+#include <unordered_map>
 
 #include "NewsroomKit/Library/CSV.h"
 #include "NewsroomKit/Library/ContentHash.h"
 #include "NewsroomKit/Library/EvidenceIndex.h"
 #include "NewsroomKit/Library/FileNames.h"
 #include "NewsroomKit/Library/LibraryExport.h"
+#include "NewsroomKit/Library/NoteTitle.h"
+#include "NewsroomKit/Library/ProjectTimeline.h"
 
 namespace kit {
 
@@ -24,24 +27,41 @@ std::vector<const R*> ordered(const std::vector<R>& records, KeyOf keyOf) {
     return sorted;
 }
 
+std::vector<TimelineItem> timelineOf(const Evidence& evidence) {
+    ProjectMembers members{.clips = evidence.clips, .notes = evidence.notes};
+    for (const auto& story : evidence.stories) members.stories.push_back(story.story);
+    for (const auto& signal : evidence.happenings) {
+        // The others happened in the same time, and would drown what the user has collected.
+        if (evidence.project.done.contains(memberKey(MemberKind::signal, signal.id)))
+            members.happenings.push_back(signal);
+    }
+    return projectTimeline(evidence.project, members);
+}
+
 SortedEvidence sortedEvidence(const Evidence& evidence) {
     SortedEvidence sorted;
     sorted.project = &evidence.project;
-    const auto stories = ordered(evidence.stories, [](const EvidenceStory& story) {
-        return std::tie(story.story.publishedAt, story.story.id, story.story.link);
+    sorted.timeline = timelineOf(evidence);
+    std::unordered_map<std::string, std::size_t> places;
+    for (const auto& item : sorted.timeline) places.emplace(item.key(), places.size());
+    const auto placeOf = [&](MemberKind kind, const std::string& id) {
+        return places.at(memberKey(kind, id));
+    };
+    const auto stories = ordered(evidence.stories, [&](const EvidenceStory& story) {
+        return std::tuple(placeOf(MemberKind::story, story.story.id), story.story.link);
     });
     for (const auto* story : stories) sorted.stories.push_back({.story = story});
-    sorted.clips = ordered(evidence.clips, [](const Clip& clip) {
-        return std::tie(clip.accessedAt, clip.id, clip.quote);
+    sorted.clips = ordered(evidence.clips, [&](const Clip& clip) {
+        return std::tuple(placeOf(MemberKind::clip, clip.id), clip.quote);
     });
-    const auto notes = ordered(evidence.notes, [](const Note& note) {
-        return std::tie(note.createdAt, note.id, note.text);
+    const auto notes = ordered(evidence.notes, [&](const Note& note) {
+        return std::tuple(placeOf(MemberKind::note, note.id), note.text);
     });
     for (const auto* note : notes) sorted.notes.push_back({.note = note});
     sorted.corrections = ordered(evidence.corrections, [](const EvidenceCorrection& correction) {
         return std::tie(correction.madeAt, correction.text, correction.note);
     });
-    sorted.signals = ordered(evidence.signals, [](const Signal& signal) {
+    sorted.signals = ordered(evidence.happenings, [](const Signal& signal) {
         return std::make_tuple(signal.happenedAt.value_or(signal.seenAt), signal.id);
     });
     return sorted;
@@ -69,7 +89,7 @@ void addTexts(SortedEvidence& evidence, std::vector<PackFile>& files) {
 void addNotes(SortedEvidence& evidence, std::vector<PackFile>& files) {
     DistinctNames names;
     for (auto& [note, path] : evidence.notes) {
-        path = "notes/" + names.take(safeFileName(stemOf(note->title, note->id)), ".md");
+        path = "notes/" + names.take(safeFileName(stemOf(shownTitle(*note), note->id)), ".md");
         files.push_back({path, note->text});
     }
 }
@@ -155,7 +175,7 @@ std::string manifestOf(const Evidence& evidence, const TimeZone& zone, const std
         {"clips", count(evidence.clips)},
         {"notes", count(evidence.notes)},
         {"corrections", count(evidence.corrections)},
-        {"signals", count(evidence.signals)},
+        {"signals", count(evidence.happenings)},
         {"sums", sha256Hex(sums)}};
     return json::serialize(manifest) + '\n';
 }

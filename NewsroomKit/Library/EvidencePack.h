@@ -49,7 +49,7 @@ struct Evidence {
     std::vector<Clip> clips{};
     std::vector<Note> notes{};
     std::vector<EvidenceCorrection> corrections{};
-    std::vector<Signal> signals{};
+    std::vector<Signal> happenings{};
     Instant madeAt{};
     std::string program{};  ///< name and version
 };
@@ -66,7 +66,8 @@ struct PackFile {
 /// evidence gives equal bytes, whatever order it comes in. When and by which program the pack was
 /// made stands in manifest.json alone, so that packs made at two times differ in nothing else when
 /// the evidence is the same: SHA256SUMS leaves the manifest out, which holds the hash of
-/// SHA256SUMS. Days and times are those of `zone`.
+/// SHA256SUMS. What belongs to the project has the order of its timeline, which is the user's;
+/// signals are listed by their time. Days and times are those of `zone`.
 std::vector<PackFile> evidencePack(const Evidence& evidence, const TimeZone& zone);
 
 /// A safe name for the pack's folder or file, by the project: "Gates evidence".

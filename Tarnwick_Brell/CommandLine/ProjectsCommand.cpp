@@ -6,6 +6,7 @@
 #include "Tarnwick_Brell/CommandLine/Command.h"
 #include "Tarnwick_Brell/CommandLine/KeptConsole.h"
 #include "Tarnwick_Brell/CommandLine/NameLookup.h"
+#include "Tarnwick_Brell/CommandLine/ProjectExport.h"
 #include "Tarnwick_Brell/CommandLine/Subcommands.h"
 #include "Tarnwick_Brell/CommandLine/Terminal/TextTable.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
@@ -204,6 +205,7 @@ void addProjectsCommand(arguments::Command& app, Command& chosen) {
     named("archive", "Put a project aside", archiveProject)
         .flag("--undo", options->undo, "It is active again");
     named("remove", "Remove a project; what is in it stays", removeProject);
+    addProjectExport(projects, chosen);
     auto restore = addAction(projects, chosen, options, "restore", "Restore a removed project",
                              restoreProject);
     restore.option("NAME", options->name, "The project; without it, the one removed last");

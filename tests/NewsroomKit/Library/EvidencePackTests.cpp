@@ -43,7 +43,7 @@ Evidence sampleEvidence() {
         evidenceStory("a2", "Gates\n- [x] forged", momentOf("2026-11-20T08:30:00Z")));
     evidence.clips = library.clips;
     evidence.notes = library.notes;
-    auto& signal = evidence.signals.emplace_back();
+    auto& signal = evidence.happenings.emplace_back();
     signal.id = "s1";
     signal.kind = SignalKind::release;
     signal.title = "Version 27";
@@ -102,6 +102,27 @@ TEST(EvidencePack, DiffersOnlyInItsManifestWhenMadeAgainLaterOrInAnotherOrder) {
     EXPECT_NE(second.back(), first.back());
     second.back() = first.back();
     EXPECT_EQ(second, first);
+}
+
+TEST(EvidencePack, TellsInTheOrderThatTheUserHasMade) {
+    auto evidence = sampleEvidence();
+    evidence.project.ranks = {{"note:n1", "a"}, {"story:a1", "b"}, {"story:a2", "c"}};
+    evidence.notes.front().title.clear();
+    evidence.happenings.push_back(evidence.happenings.front());
+    evidence.happenings.back().id = "s2";
+    evidence.happenings.back().title = "Ours";
+    evidence.project.done.emplace("signal:s2", false);
+    auto file = byPath(evidencePack(evidence, berlin));
+    const auto& index = file["index.md"];
+    const auto at = [&](std::string_view part) { return index.find(part); };
+    EXPECT_LT(at(" Note: "), at("Story: Orchard opens"));
+    EXPECT_LT(at("Story: Orchard opens"), at("Story: Gates"));
+    EXPECT_LT(at("## Stories"), at("[Orchard opens]"));
+    EXPECT_LT(at("[Orchard opens]"), at("[Gates"));
+    EXPECT_LT(file["stories.json"].find("\"a1\""), file["stories.json"].find("\"a2\""));
+    EXPECT_NE(at("Signal: Ours"), std::string::npos);
+    EXPECT_EQ(at("Signal: Version 27"), std::string::npos) << "not the project's own";
+    EXPECT_NE(file["signals.csv"].find("Version 27"), std::string::npos);
 }
 
 TEST(EvidencePack, SaysWhenATextIsNotTheOneThatWasKept) {
