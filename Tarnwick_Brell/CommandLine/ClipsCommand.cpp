@@ -150,8 +150,9 @@ void addClipsCommand(arguments::Command& app, Command& chosen) {
     std::vector<std::string> styles;
     for (const auto& row : kit::enumTable<kit::CitationStyle>) styles.emplace_back(row.raw);
     named("cite", "Cite what a clip was taken from", citeClip)
-        .option("--style", options->style, "How it is cited")
-        .oneOf(std::move(styles));
+        .option("--style", options->style,
+                fmt::format("How it is cited: {}", fmt::join(styles, ", ")))
+        .oneOf(styles);
     named("remove", "Remove a clip", removeClip);
     auto restore =
         addAction(clips, chosen, options, "restore", "Restore a removed clip", restoreClip);

@@ -87,7 +87,10 @@ void addSearchCommand(arguments::Command& app, Command& chosen) {
         .required();
     std::vector<std::string> scopes;
     for (const auto& row : kit::enumTable<app::SearchScope>) scopes.emplace_back(row.raw);
-    command.option("--in", options->scope, "Search only here").oneOf(std::move(scopes));
+    command
+        .option("--in", options->scope,
+                fmt::format("Search only here: {}", fmt::join(scopes, ", ")))
+        .oneOf(scopes);
     command.option("--project", options->project, "Search only in this project").shownAs("NAME");
     command.number("--limit", options->limit, {1, 1'000}, "Show at most this many of each");
     command.whenChosen([options, &chosen] {
