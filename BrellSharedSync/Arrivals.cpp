@@ -14,9 +14,16 @@ FieldSet baseOf(const LocalRecord& record) {
     return isAgreed(record) ? textsOf(kindOf(record), record.fields) : record.base;
 }
 
+std::optional<Stamp> stampOfRemoval(const FieldSet& fields) {
+    const auto* gone = fields.find(kGone);
+    return gone ? std::optional(gone->stamp) : std::nullopt;
+}
+
 /// Sets the state of a record whose store version is `theirs`.
 void compare(LocalRecord& record, FieldSet merged, const FieldSet& theirs, std::int64_t now) {
     const bool isChanged = merged != record.fields;
+    // The store will forget another removal later than the one that was known here.
+    if (stampOfRemoval(merged) != stampOfRemoval(record.fields)) record.goneSince = 0;
     record.fields = std::move(merged);
     record.held = {};
     if (record.fields != theirs) {

@@ -146,6 +146,27 @@ TEST_F(SyncSession, WhoWasAwayForMoreThanAYearGivesUpWhatWasRemovedMeanwhile) {
     EXPECT_TRUE(store.documents.contains("b:edited"));
 }
 
+TEST_F(SyncSession, ASecondRemovalIsNotForgottenWithTheFirst) {
+    write(here, "b:1", "name", "x");
+    sync(here);
+    sync(there);
+    removeHere("b:1");
+    sync(here);
+    for (int pass = 0; pass < 2; ++pass) sync(there);
+    now += 300 * shared::kDay;
+    auto fields = here.records.at("b:1").fields;
+    shared::bringBack(fields, {"here", now});
+    shared::edit(here.records.at("b:1"), std::move(fields));
+    sync(here);
+    now += shared::kDay;
+    removeHere("b:1");
+    sync(here);
+    now += 110 * shared::kDay;
+    for (int pass = 0; pass < 2; ++pass) sync(there);
+    EXPECT_TRUE(store.documents.at("b:1").record.body)
+        << "a third machine may have seen the record in between";
+}
+
 TEST_F(SyncSession, ARecordDeletedInTheStoreByHandIsSentAnew) {
     write(here, "b:1", "name", "x");
     sync(here);
