@@ -35,8 +35,9 @@ constexpr const char* kKeptTables = R"sql(
     ) WITHOUT ROWID;
     CREATE INDEX IF NOT EXISTS keptLinksByNumber ON keptLinks (number);
 
+    -- Beginnings of words are indexed for what is searched while it is typed.
     CREATE VIRTUAL TABLE IF NOT EXISTS keptSearch USING fts5(
-        title, text, tags, columnsize=0, tokenize='unicode61 remove_diacritics 2');
+        title, text, tags, columnsize=0, prefix='2 3', tokenize='unicode61 remove_diacritics 2');
 
     CREATE TABLE IF NOT EXISTS noteVersions (
         number INTEGER PRIMARY KEY,
