@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """Clips, notes, projects and their search from end to end, also when brell is killed."""
+import json
 import random
 import sqlite3
 import subprocess
@@ -103,26 +104,46 @@ class Keeping(unittest.TestCase):
         self.assertEqual(self.desk.json("search", "author:ann AND ("), [])
         self.assertIn("Ask Ann about pears", self.desk.run("search", "pears").stdout)
 
+    def killed(self, words, delay):
+        """Runs brell and kills it after that time; whether it acknowledged its work before."""
+        process = subprocess.Popen([BIN / "brell", "--data-dir", self.desk.folder, *words, "--json"],
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        time.sleep(delay)
+        process.kill()
+        return process.communicate()[0].endswith(b"\n")
+
     def test_nothing_that_was_acknowledged_is_lost_to_a_kill(self):
+        note = self.desk.json("notes", "new", "typed 0", "--title", "Typed")["id"]
         start = time.monotonic()
         self.desk.run("notes", "new", "to see how long that takes here")
         whole = time.monotonic() - start
         moments = random.Random(7)
-        acknowledged = []
-        for number in range(60):
-            words = (["notes", "new", f"text {number}"] if number % 2 else ["clips", "add", self.pears, "--quote", f"text {number}"])
-            process = subprocess.Popen([BIN / "brell", "--data-dir", self.desk.folder, *words, "--json"],
-                                       stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-            time.sleep(moments.uniform(0.0, 1.5 * whole))
-            process.kill()
-            if process.communicate()[0].endswith(b"\n"):
+        acknowledged, typed = [], [0]
+        for number in range(1, 101):
+            delay = moments.uniform(0.0, 1.5 * whole)
+            if number % 3 == 0:
+                if self.killed(["notes", "edit", note, "--text", f"typed {number}"], delay):
+                    typed.append(number)
+                continue
+            words = ["notes", "new", f"text {number}"] if number % 3 == 1 else ["clips", "add", self.pears, "--quote", f"text {number}"]
+            if self.killed(words, delay):
                 acknowledged.append(f"text {number}")
-        self.assertTrue(0 < len(acknowledged) < 60, f"{len(acknowledged)} of 60: the kills came at the wrong time")
+        count = len(acknowledged) + len(typed) - 1
+        self.assertTrue(10 < count < 90, f"{count} of 100: the kills came at the wrong time")
         kept = [row["line"] for command in ("notes", "clips") for row in self.desk.json(command)]
         self.assertEqual([text for text in acknowledged if text not in kept], [])
+        last = int(self.desk.json("notes", "show", note)["text"].split()[1])
+        self.assertGreaterEqual(last, typed[-1])
+        versions = [v["text"] for v in self.desk.json("notes", "versions", note)]
+        self.assertEqual([n for n in typed if n != last and f"typed {n}" not in versions], [])
         with sqlite3.connect(next(self.desk.folder.rglob("library.sqlite"))) as library:
             self.assertEqual(library.execute("PRAGMA integrity_check").fetchone(), ("ok",))
-            self.assertEqual(library.execute("SELECT count(*) FROM kept WHERE id NOT IN (SELECT key FROM syncRecords)").fetchone(), (0,))
+            shadows = dict(library.execute("SELECT kind || ':' || key, fields FROM syncRecords"))
+            for kind, key, record in library.execute("SELECT kind, id, record FROM kept"):
+                shadow = json.loads(shadows[f"{'o' if kind == 'note' else 'c'}:{key}"])
+                written = {field: value for field, value in json.loads(record).items() if field in shadow}
+                self.assertIn("text" if kind == "note" else "quote", written)
+                self.assertEqual(written, {field: shadow[field][1] for field in written})
 
 
 if __name__ == "__main__":
