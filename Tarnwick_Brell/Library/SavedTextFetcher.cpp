@@ -55,10 +55,12 @@ void SavedTextFetcher::keep(const std::vector<std::int64_t>& numbers) {
         for (const auto number : numbers) {
             const auto story = context.store.stories().findByNumber(number);
             if (!story || !story->savedAt || clock() - *story->savedAt > kJustSaved) continue;
-            const auto site = sites.find(story->story.sourceID);
-            const auto failure =
-                co_await keepPageText(context.store, context.stack.http(), *story,
-                                      site == sites.end() ? std::string() : site->second, clock());
+            // GCC 12 frees temporaries twice that are made in the operand of co_await.
+            std::string site;
+            if (const auto found = sites.find(story->story.sourceID); found != sites.end())
+                site = found->second;
+            const auto failure = co_await keepPageText(context.store, context.stack.http(), *story,
+                                                       std::move(site), clock());
             if (!failure.empty()) {
                 kit::log(kit::LogCategory::desk, kit::LogLevel::warning,
                          "the text of the saved story {} is not kept: {}", story->story.id,

@@ -107,6 +107,7 @@ TEST(EvidencePack, DiffersOnlyInItsManifestWhenMadeAgainLaterOrInAnotherOrder) {
 TEST(EvidencePack, TellsInTheOrderThatTheUserHasMade) {
     auto evidence = sampleEvidence();
     evidence.project.ranks = {{"note:n1", "a"}, {"story:a1", "b"}, {"story:a2", "c"}};
+    std::ranges::reverse(evidence.stories);
     evidence.notes.front().title.clear();
     evidence.happenings.push_back(evidence.happenings.front());
     evidence.happenings.back().id = "s2";
