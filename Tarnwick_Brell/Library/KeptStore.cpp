@@ -87,7 +87,7 @@ kit::SavedStory KeptStore::put(kit::SavedStory story) {
     return putWhole(std::move(story), NoteSaving::deliberate);
 }
 
-kit::Clip KeptStore::write(kit::Clip clip, NoteSaving) {
+kit::Clip KeptStore::write(kit::Clip clip, NoteSaving saving) {
     giveID(clip.id);
     requireReadable(store_.kept(), KeptKind::clip, clip.id);
     clip.quote = kit::withoutControls(clip.quote);
@@ -103,7 +103,7 @@ kit::Clip KeptStore::write(kit::Clip clip, NoteSaving) {
     // The quote is what was read then.
     if (const auto former = find<kit::Clip>(clip.id)) clip.quote = former->quote;
     writeKept(store_.kept(), clip);
-    store_.kept().dropOldContent(now_);
+    if (saving != NoteSaving::imported) store_.kept().dropOldContent(now_);
     return clip;
 }
 
@@ -127,7 +127,7 @@ kit::Note KeptStore::write(kit::Note note, NoteSaving saving) {
     if (!former || former->text != note.text || former->title != note.title)
         note.changedAt = hasMoment && note.changedAt >= note.createdAt ? note.changedAt : now_;
     writeKept(store_.kept(), note);
-    store_.kept().dropOldContent(now_);
+    if (saving != NoteSaving::imported) store_.kept().dropOldContent(now_);
     return note;
 }
 
@@ -144,7 +144,7 @@ void KeptStore::keepVersion(const kit::Note& former, NoteSaving saving) {
                  store_.sync().machineID());
 }
 
-kit::Project KeptStore::write(kit::Project project, NoteSaving) {
+kit::Project KeptStore::write(kit::Project project, NoteSaving saving) {
     giveID(project.id);
     requireReadable(store_.kept(), KeptKind::project, project.id);
     project.name = cleanLine("The name of a project", project.name);
@@ -153,11 +153,11 @@ kit::Project KeptStore::write(kit::Project project, NoteSaving) {
     requireSize("The description of a project", project.description, kMostDescriptionBytes);
     if (project.createdAt == kit::Instant()) project.createdAt = now_;
     writeKept(store_.kept(), project);
-    store_.kept().dropOldContent(now_);
+    if (saving != NoteSaving::imported) store_.kept().dropOldContent(now_);
     return project;
 }
 
-kit::SavedStory KeptStore::write(kit::SavedStory story, NoteSaving) {
+kit::SavedStory KeptStore::write(kit::SavedStory story, NoteSaving saving) {
     requireReadable(store_.kept(), KeptKind::story, story.id);
     cleanTags(story.tags);
     sortOnce(story.projectIDs);
@@ -168,7 +168,7 @@ kit::SavedStory KeptStore::write(kit::SavedStory story, NoteSaving) {
         story = std::move(*former);
     }
     writeKept(store_.kept(), story);
-    store_.kept().dropOldContent(now_);
+    if (saving != NoteSaving::imported) store_.kept().dropOldContent(now_);
     return story;
 }
 
@@ -208,8 +208,8 @@ bool KeptStore::restore(KeptKind kind, std::string_view id) {
 }
 
 bool KeptStore::bringBack(KeptKind kind, std::string_view id) {
-    requireReadable(store_.kept(), kind, id);
-    return store_.kept().restore(kind, id);
+    const auto row = store_.kept().row(kind, id);
+    return row && row->removedAt && row->fault.empty() && store_.kept().restore(kind, id);
 }
 
 bool KeptStore::setMember(std::string_view project, kit::MemberKind kind, std::string_view id,

@@ -185,16 +185,19 @@ void KeptTable::putUnreadable(KeptKind kind, std::string_view id, std::string_vi
 
 void KeptTable::write(KeptKind kind, std::string_view id, std::string_view record,
                       const KeptFace& face, std::string_view fault) {
-    const auto rank = kind == KeptKind::project && !numberOf(kind, id) ? rankBetween(lastRank(), "")
-                                                                       : std::string();
+    const bool isNew = !numberOf(kind, id);
+    const auto rank =
+        kind == KeptKind::project && isNew ? rankBetween(lastRank(), "") : std::string();
     Statement put(database_,
                   "INSERT INTO kept (kind, id, at, rank, fault, title, line, record) "
                   "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8) ON CONFLICT (kind, id) DO UPDATE SET "
-                  "at = ?3, removedAt = NULL, fault = ?5, title = ?6, line = ?7, record = ?8");
+                  "at = ?3, removedAt = NULL, fault = ?5, title = ?6, line = ?7, record = ?8 "
+                  "RETURNING number");
     put.bind(0, kit::rawValue(kind)).bind(1, id).bind(2, microseconds(face.at)).bind(3, rank);
-    put.bind(4, fault).bind(5, face.title).bind(6, face.line).bind(7, record).run();
-    const auto number = *numberOf(kind, id);
-    unindex(number);
+    put.bind(4, fault).bind(5, face.title).bind(6, face.line).bind(7, record).step();
+    const auto number = put.number(0);
+    put.reset();
+    if (!isNew) unindex(number);
     index(number, face);
 }
 
