@@ -104,6 +104,21 @@ class Keeping(unittest.TestCase):
         self.assertEqual(self.desk.json("search", "author:ann AND ("), [])
         self.assertIn("Ask Ann about pears", self.desk.run("search", "pears").stdout)
 
+    def test_sources_and_settings_that_travel_are_recorded_when_they_change(self):
+        def recorded(kind):
+            with sqlite3.connect(next(self.desk.folder.rglob("library.sqlite"))) as library:
+                rows = library.execute("SELECT key, fields FROM syncRecords WHERE kind = ?", (kind,))
+                return {key: json.loads(fields) for key, fields in rows}
+        source, = recorded("f").values()
+        self.assertEqual(source["feedURL"][1], "https://files.press-room.example/feed.xml")
+        self.desk.run("sources", "remove", source["id"][1])
+        self.assertIn("gone", next(iter(recorded("f").values())))
+        self.desk.run("settings", "focusSymbol", "MSFT")
+        self.desk.run("settings", "appearance", "dark")
+        self.assertEqual({key: fields["value"][1] for key, fields in recorded("t").items()}, {"focusSymbol": "MSFT"})
+        self.desk.run("settings", "focusSymbol", "")
+        self.assertIn("gone", recorded("t")["focusSymbol"])
+
     def killed(self, words, delay):
         """Runs brell and kills it after that time; whether it acknowledged its work before."""
         process = subprocess.Popen([BIN / "brell", "--data-dir", self.desk.folder, *words, "--json"],
