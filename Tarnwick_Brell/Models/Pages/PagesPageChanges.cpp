@@ -20,6 +20,7 @@ constexpr std::size_t kMostRevisions = 200;
 
 /// Reads the revisions again, and compares two of them: the last two unless the user chose others.
 void PagesPageModel::compare(int earlier, int later) {
+    wanted_ = {earlier, later};
     const auto read = [library = stores().library, address = chosen()->address, earlier, later,
                        view = view_] {
         LocalStore store(library, Database::Access::readOnly);
@@ -51,6 +52,7 @@ void PagesPageModel::show(Compared compared) {
     compared_ = std::move(compared);
     earlier_ = compared_.earlier;
     later_ = compared_.later;
+    wanted_ = {earlier_, later_};
     showRevisions();
     showChanges();
     emit changed();
@@ -138,7 +140,7 @@ void PagesPageModel::setInPageOrder(bool inPageOrder) {
 void PagesPageModel::setView(int view) {
     if (view == view_ || view < ChangesView::Changes || view > ChangesView::FullText) return;
     view_ = static_cast<ChangesView::Value>(view);
-    if (view_ == ChangesView::FullText && chosen()) return compare(earlier_, later_);
+    if (view_ == ChangesView::FullText && chosen()) return compare(wanted_.first, wanted_.second);
     showChanges();
     emit changed();
 }

@@ -81,6 +81,7 @@ void PagesPageModel::setRow(int row) {
 
 void PagesPageModel::forgetComparison() {
     earlier_ = later_ = -1;
+    wanted_ = {-1, -1};
     revisionNames_.clear();
     summary_.clear();
     compared_ = {};
@@ -144,7 +145,7 @@ void PagesPageModel::showChosen() {
         facts << tr("Next look %1.").arg(agoText(*page->nextLook, now()));
     chosenFact_ = facts.join(u' ');
     problem_ = titleText(page->problem, kExcerptCharacters);
-    compare(earlier_, later_);
+    compare(wanted_.first, wanted_.second);
 }
 
 std::pair<int, int> PagesPageModel::placesAfter(Action action) const {

@@ -219,6 +219,9 @@ private:
     QStringList revisionNames_;
     int earlier_ = -1;
     int later_ = -1;
+    /// The places that are being compared: when the pages change meanwhile, the user's choice
+    /// stands.
+    std::pair<int, int> wanted_{-1, -1};
     GadgetListModel<PageChangeLine> changes_;
     GadgetListModel<RevisionPoint> points_;
     kit::PageSubset subset_ = kit::PageSubset::all;
