@@ -8,7 +8,9 @@
 #include "Tarnwick_Brell/CommandLine/PanelState.h"
 #include "Tarnwick_Brell/CommandLine/PanelText.h"
 #include "Tarnwick_Brell/CommandLine/ValueText.h"
+#include "Tarnwick_Brell/Library/KeptStore.h"
 #include "Tarnwick_Brell/Presentation/EmptyText.h"
+#include "Tarnwick_Brell/Presentation/KeptText.h"
 #include "Tarnwick_Brell/Trackers/FollowedPages.h"
 #include "Tarnwick_Brell/Trackers/TrackedFiles.h"
 #include "Tarnwick_Brell/Trackers/TrackerHistories.h"
@@ -76,6 +78,18 @@ Lines backendLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
                                     printable(offer.build)));
     }
     addState(lines, holdings, content.condition);
+    return lines;
+}
+
+Lines clipsLines(PanelHoldings& holdings, const kit::PanelSpec& panel) {
+    app::KeptStore kept(holdings.session().storeForReading(), holdings.now());
+    Lines lines;
+    for (const auto& clip : kept.all<kit::Clip>({.most = lineCount(panel)})) {
+        const auto text = app::quoteText(clip) + QStringLiteral(" ") +
+                          app::clipSourceText(clip, holdings.now(), app::Style::plain());
+        lines.push_back(lineOf(holdings, clip.accessedAt, text.toStdString()));
+    }
+    if (lines.empty()) lines.push_back(app::noRowText(panel.kind).toStdString());
     return lines;
 }
 

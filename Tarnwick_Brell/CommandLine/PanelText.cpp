@@ -31,7 +31,7 @@ std::vector<std::string> panelLines(PanelHoldings& holdings, const PanelSpec& pa
         case PanelKind::status: return statusLines(holdings, panel);
         case PanelKind::coverage: return coverageLines(holdings, panel, query);
         case PanelKind::apple: return appleLines(holdings, panel, query);
-        case PanelKind::clips: return {app::noRowText(panel.kind).toStdString()};
+        case PanelKind::clips: return clipsLines(holdings, panel);
         case PanelKind::pageWatch: return pageWatchLines(holdings, panel);
         case PanelKind::scoops: return scoopsLines(holdings, panel, query);
         case PanelKind::suppliers: return suppliersLines(holdings);

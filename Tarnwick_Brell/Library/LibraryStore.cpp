@@ -1,5 +1,7 @@
 #include "Tarnwick_Brell/Library/LibraryStore.h"
 
+#include "NewsroomKit/Library/ClipMaking.h"
+
 namespace app {
 
 LibraryStore::LibraryStore(DeskWorker& worker, kit::Clock clock)
@@ -7,6 +9,17 @@ LibraryStore::LibraryStore(DeskWorker& worker, kit::Clock clock)
 
 // Jobs in flight continue; their results are dropped.
 LibraryStore::~LibraryStore() { queue_->close(); }
+
+void LibraryStore::count(std::function<void(Counts)> then) {
+    readWith<Counts>(
+        [](KeptStore&, LocalStore& store) {
+            auto& kept = store.kept();
+            return Counts{.clips = kept.count(KeptKind::clip),
+                          .notes = kept.count(KeptKind::note),
+                          .projects = kept.count(KeptKind::project)};
+        },
+        std::move(then));
+}
 
 void LibraryStore::list(KeptQuery query, std::function<void(std::vector<KeptRow>)> then) {
     readWith<std::vector<KeptRow>>(
@@ -61,6 +74,20 @@ void LibraryStore::readText(std::string story,
     readWith<std::optional<kit::SavedText>>(
         [story = std::move(story)](KeptStore&, LocalStore& store) {
             return store.savedStories().text(story);
+        },
+        std::move(then));
+}
+
+void LibraryStore::clip(kit::Story story, std::string quote, std::string id,
+                        std::function<void(kit::Clip)> then) {
+    writeWith<kit::Clip>(
+        [story = std::move(story), quote = std::move(quote), id = std::move(id), now = clock_()](
+            KeptStore& kept, LocalStore& store) {
+            const auto stored = store.articles().find(story.id);
+            auto clip = kit::madeClip(story, stored ? &stored->article : nullptr, quote);
+            clip.id = id;
+            clip.accessedAt = now;
+            return kept.put(std::move(clip));
         },
         std::move(then));
 }

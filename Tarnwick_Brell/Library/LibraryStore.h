@@ -30,6 +30,14 @@ public:
     LibraryStore(DeskWorker& worker, kit::Clock clock);
     ~LibraryStore() override;
 
+    struct Counts {
+        std::size_t clips = 0;
+        std::size_t notes = 0;
+        std::size_t projects = 0;
+
+        bool operator==(const Counts&) const = default;
+    };
+    void count(std::function<void(Counts)> then);
     /// Rows of a list; 10,000 take some milliseconds of the worker's time.
     void list(KeptQuery query, std::function<void(std::vector<KeptRow>)> then);
     /// What can be restored, the last removed first.
@@ -51,6 +59,13 @@ public:
             [id = std::move(id)](KeptStore& kept, LocalStore&) { return kept.find<T>(id); },
             std::move(then));
     }
+    /// The readable ones that the query selects, in the order of the list.
+    template <class T>
+    void readAll(KeptQuery query, std::function<void(std::vector<T>)> then) {
+        readWith<std::vector<T>>(
+            [query = std::move(query)](KeptStore& kept, LocalStore&) { return kept.all<T>(query); },
+            std::move(then));
+    }
     void readText(std::string story, std::function<void(std::optional<kit::SavedText>)> then);
 
     /// Adds a new one or replaces the one with that id; `then` gets it as it is kept.
@@ -60,6 +75,10 @@ public:
             [value = std::move(value)](KeptStore& kept, LocalStore&) { return kept.put(value); },
             std::move(then));
     }
+    /// Clips a passage of the story, under an id that the caller made; what stands around it comes
+    /// from the text of its page, if that is stored.
+    void clip(kit::Story story, std::string quote, std::string id,
+              std::function<void(kit::Clip)> then);
     /// The text of a note while it is typed.
     void saveTyped(kit::Note note, std::function<void(kit::Note)> then = {});
 

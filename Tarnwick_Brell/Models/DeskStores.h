@@ -8,6 +8,7 @@ namespace app {
 
 class AlertStore;
 class Defaults;
+class LibraryStore;
 class NewsDesk;
 class NewsroomStore;
 class TrackerStore;
@@ -19,6 +20,7 @@ struct DeskStores {
     TrackerStore& trackers;
     NewsroomStore& newsrooms;
     AlertStore& alerts;
+    LibraryStore& kept;
     Defaults& defaults;
     kit::Clock clock;
     UndoStack& undo;

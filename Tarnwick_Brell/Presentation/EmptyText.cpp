@@ -46,7 +46,7 @@ QString noRowText(PanelKind kind) {
             return EmptyText::tr("Apple's calendar has no event for this panel.");
         case PanelKind::software:
         case PanelKind::releases: return EmptyText::tr("Nothing is known of these platforms.");
-        case PanelKind::clips: return EmptyText::tr("The desk can't save quotes yet.");
+        case PanelKind::clips: return EmptyText::tr("You have clipped nothing yet.");
         case PanelKind::pageWatch: return EmptyText::tr("No page is followed yet.");
         case PanelKind::suppliers: return EmptyText::tr("The board of suppliers is empty.");
         case PanelKind::backend: return EmptyText::tr("Apple's update catalogue is empty.");

@@ -37,6 +37,7 @@ AppEnvironment::AppEnvironment(const Options& options)
       newsDesk_(options.paths.library, options.network, defaults_, options.clock),
       trackers_(newsDesk_.worker(), defaults_, options.clock),
       newsrooms_(newsDesk_.worker(), options.clock),
+      kept_(newsDesk_.worker(), options.clock),
       notifier_(defaults_),
       alertStore_(newsDesk_.worker(), options.clock),
       alertDesk_({alertStore_, newsDesk_, newsrooms_, defaults_, options.clock},
@@ -83,6 +84,9 @@ void AppEnvironment::connectNewsrooms() {
     QObject::connect(&newsrooms_, &NewsroomStore::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &newsrooms_,
                      [this] { newsrooms_.load(); });
+    QObject::connect(&kept_, &LibraryStore::failed, &newsDesk_, &NewsDesk::failed);
+    QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &kept_,
+                     &LibraryStore::noteForeignChanges);
     QObject::connect(&alertStore_, &AlertStore::failed, &newsDesk_, &NewsDesk::failed);
     QObject::connect(&newsDesk_, &NewsDesk::libraryChangedElsewhere, &alertStore_,
                      [this] { alertStore_.load(); });

@@ -8,6 +8,7 @@
 #include "Tarnwick_Brell/Alerts/AlertDesk.h"
 #include "Tarnwick_Brell/Alerts/AlertStore.h"
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Library/LibraryStore.h"
 #include "Tarnwick_Brell/Library/SavedTextFetcher.h"
 #include "Tarnwick_Brell/Newsrooms/NewsroomStore.h"
 #include "Tarnwick_Brell/Notifications/Alerts.h"
@@ -43,6 +44,7 @@ public:
     NewsroomStore& newsrooms() { return newsrooms_; }
     Notifier& notifier() { return notifier_; }
     AlertStore& alertStore() { return alertStore_; }
+    LibraryStore& kept() { return kept_; }
     const std::filesystem::path& library() const { return library_; }
 
 private:
@@ -61,6 +63,7 @@ private:
     NewsDesk newsDesk_;
     TrackerStore trackers_;
     NewsroomStore newsrooms_;
+    LibraryStore kept_;
     Notifier notifier_;
     AlertStore alertStore_;
     AlertDesk alertDesk_;

@@ -1174,4 +1174,85 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>app::ClipsPageModel</name>
+    <message numerus="yes">
+        <source>%n clips</source>
+        <translation>
+            <numerusform>%n clip</numerusform>
+            <numerusform>%n clips</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::NotesPageModel</name>
+    <message numerus="yes">
+        <source>%n notes</source>
+        <translation>
+            <numerusform>%n note</numerusform>
+            <numerusform>%n notes</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::ProjectPageModel</name>
+    <message numerus="yes">
+        <source>%n clips</source>
+        <translation>
+            <numerusform>%n clip</numerusform>
+            <numerusform>%n clips</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n happenings</source>
+        <translation>
+            <numerusform>%n happening</numerusform>
+            <numerusform>%n happenings</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n notes</source>
+        <translation>
+            <numerusform>%n note</numerusform>
+            <numerusform>%n notes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n stories</source>
+        <translation>
+            <numerusform>%n story</numerusform>
+            <numerusform>%n stories</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::ProjectsPageModel</name>
+    <message numerus="yes">
+        <source>%n projects</source>
+        <translation>
+            <numerusform>%n project</numerusform>
+            <numerusform>%n projects</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::RemovedPageModel</name>
+    <message numerus="yes">
+        <source>%n removed</source>
+        <translation>
+            <numerusform>%n removed</numerusform>
+            <numerusform>%n removed</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>app::SearchPageModel</name>
+    <message numerus="yes">
+        <source>%n found</source>
+        <translation>
+            <numerusform>%n found</numerusform>
+            <numerusform>%n found</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -62,6 +62,7 @@ DeskStores windowStores(AppEnvironment& environment, UndoStack& undo, kit::Clock
             .trackers = environment.trackers(),
             .newsrooms = environment.newsrooms(),
             .alerts = environment.alertStore(),
+            .kept = environment.kept(),
             .defaults = environment.defaults(),
             .clock = std::move(clock),
             .undo = undo,

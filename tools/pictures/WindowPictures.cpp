@@ -34,6 +34,7 @@
 #include "Tarnwick_Brell/Window/Translations.h"
 #include "tools/pictures/PastMonths.h"
 #include "tools/pictures/PictureView.h"
+#include "tools/pictures/LibraryViews.h"
 #include "tools/pictures/SubjectViews.h"
 
 namespace {
@@ -88,7 +89,7 @@ void chooseStoryWithPicture(WindowModel& model, NewsDesk& news) {
     }
 }
 
-std::vector<View> viewsOf(NewsDesk& news) {
+std::vector<View> viewsOf(NewsDesk& news, LibraryStore& kept) {
     std::vector<View> views{
         {"today", [](WindowModel& model) { model.open(QStringLiteral("")); }},
         {"wire",
@@ -288,14 +289,15 @@ std::vector<View> viewsOf(NewsDesk& news) {
         {"keys", [](WindowModel& model) { model.actions()->trigger(DeskAction::ShowKeys); }},
     };
     std::ranges::move(subjectViews(news), std::back_inserter(views));
+    std::ranges::move(libraryViews(news, kept), std::back_inserter(views));
     return views;
 }
 
-void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, const QString& folder,
-          const std::string& only) {
+void draw(WindowModel& model, DeskWindow& window, NewsDesk& news, LibraryStore& kept,
+          const QString& folder, const std::string& only) {
     for (const auto look : {Appearance::Light, Appearance::Dark}) {
         model.appearance()->setChoice(look);
-        for (const auto& view : viewsOf(news)) {
+        for (const auto& view : viewsOf(news, kept)) {
             if (!only.empty() && only != view.name) continue;
             for (const auto size : kSizes) {
                 window.window().resize(size);
@@ -379,7 +381,7 @@ int run(int& count, char** words, const DeskOptions& options, const Pictures& pi
     news.setRead(read, true);
     if (only != "empty") news.setSaved(saved, true);
     runFor(1500ms);
-    draw(model, window, news, QString::fromStdString(folder), only);
+    draw(model, window, news, environment.kept(), QString::fromStdString(folder), only);
     return 0;
 }
 

@@ -169,4 +169,13 @@ QtObject {
     readonly property int marketLetterColumn: Theme.scaled(28)
     readonly property int marketDayColumn: Theme.scaled(84)
     readonly property int marketMoveColumn: Theme.scaled(72)
+
+    // What the user keeps
+    readonly property int keptText: Theme.gridPadding + Theme.scaled(24)
+    readonly property real keptPaneShare: 0.5
+    readonly property real memberPaneShare: 0.38
+    readonly property int memberTime: Theme.scaled(40)
+    readonly property int memberNode: Theme.gridPadding + Theme.scaled(44)
+    readonly property int memberCircle: 20
+    readonly property int memberText: memberNode + Theme.scaled(32)
 }

@@ -13,9 +13,12 @@ ListView {
     property Item foot: null
     /// Enter and the menu open the row.
     property bool opens: true
+    /// Alt with the arrows asks for another place of the row.
+    property bool isOrdered: false
     readonly property int shownRows: Math.max(1, Math.floor(height / Theme.tableRow) - 1)
 
     signal opened(row: int)
+    signal moved(row: int, by: int)
 
     function canChoose(row: int): bool {
         return true;
@@ -44,6 +47,12 @@ ListView {
         event.accepted = currentIndex >= 0 && !(event.modifiers & Qt.ControlModifier);
         if (event.accepted)
             opened(currentIndex);
+    }
+    function arrow(event: KeyEvent, by: int) {
+        if (isOrdered && event.modifiers & Qt.AltModifier)
+            moved(currentIndex, by);
+        else
+            step(by);
     }
     /// Goes on by that many rows, as far as there are any.
     function step(by: int) {
@@ -96,8 +105,8 @@ ListView {
 
     Accessible.role: Accessible.List
     Accessible.name: label
-    Keys.onUpPressed: step(-1)
-    Keys.onDownPressed: step(1)
+    Keys.onUpPressed: event => arrow(event, -1)
+    Keys.onDownPressed: event => arrow(event, 1)
     Keys.onReturnPressed: event => enter(event)
     Keys.onEnterPressed: event => enter(event)
     Keys.onPressed: event => event.accepted = takesKey(event)

@@ -219,6 +219,7 @@ QtObject {
     readonly property int controlInSheet: scaled(32)
     readonly property int smallSegmented: scaled(24)
     readonly property int leastTarget: 28
+    readonly property int noteHeight: scaled(128)
     readonly property int fieldHeight: scaled(32)
     readonly property int mainFieldHeight: scaled(36)
     // Columns of the table of sources

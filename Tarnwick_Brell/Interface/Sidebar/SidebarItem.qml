@@ -20,13 +20,18 @@ T.ItemDelegate {
     required property string hint
     required property bool isNewsroom
     required property bool isBeat
+    required property bool takesStories
 
     property bool keyboardHere: false
+    /// The kind of data of a story that is dragged within the window.
+    property string storyKind
 
     signal menuWanted(x: real, y: real)
     /// A newsroom or beat is dragged to another place; `at` in the coordinates of the window.
     signal pulled(at: point)
     signal dropped
+    /// A story was dragged here.
+    signal storyDropped(storyID: string)
 
     readonly property bool isSection: kind === SidebarKind.Section
     readonly property bool isGroup: kind === SidebarKind.Group
@@ -124,6 +129,26 @@ T.ItemDelegate {
             item.pulled(centroid.scenePosition)
         onActiveChanged: if (!active)
             item.dropped()
+    }
+    DropArea {
+        anchors.fill: parent
+        enabled: item.takesStories
+        keys: [item.storyKind]
+        onDropped: drop => {
+            item.storyDropped(drop.getDataAsString(item.storyKind));
+            drop.accept(Qt.CopyAction);
+        }
+
+        Rectangle {
+            anchors.fill: parent
+            anchors.leftMargin: Theme.space2
+            anchors.rightMargin: Theme.space2
+            visible: (parent as DropArea).containsDrag
+            radius: Theme.radiusControl
+            color: "transparent"
+            border.width: Theme.focusRing
+            border.color: Theme.accent
+        }
     }
     Tip {
         visible: item.hovered && item.hint !== ""

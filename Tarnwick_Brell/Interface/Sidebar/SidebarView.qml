@@ -15,6 +15,7 @@ FocusScope {
 
     signal hideRequested
     signal keysRequested
+    signal storyDropped(key: string, storyID: string)
     signal newsroomRequested
     signal resized(width: int)
 
@@ -95,6 +96,7 @@ FocusScope {
             id: row
 
             width: view.width
+            storyKind: sidebar.places.storyKind
             keyboardHere: view.activeFocus && ListView.isCurrentItem
             onClicked: {
                 view.currentIndex = index;
@@ -104,6 +106,7 @@ FocusScope {
                 view.currentIndex = index;
                 sidebar.openMenuFor(row, x, y);
             }
+            onStoryDropped: storyID => sidebar.storyDropped(key, storyID)
             onPulled: at => view.dropRow = view.dropRowOf(row, at)
             onDropped: {
                 const target = view.itemAtIndex(view.dropRow) as SidebarItem;

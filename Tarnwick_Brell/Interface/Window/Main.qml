@@ -103,6 +103,7 @@ Window {
             z: 1
             newsrooms: window.desk.newsroomActions
             beats: window.desk.beatActions
+            onStoryDropped: (key, storyID) => window.desk.dropStory(key, storyID)
             onNewsroomRequested: window.desk.actions.trigger(DeskAction.NewNewsroom)
             onKeysRequested: keys.open()
             onHideRequested: window.state.sidebarShown = false
@@ -162,10 +163,12 @@ Window {
                 readingPlace: window.desk.readingPlace
                 storyActions: window.desk.storyActions
                 actions: window.desk.actions
+                keeping: window.desk.keeping
                 readerPlace: window.state.reader
                 listWidth: window.state.listWidth
                 onListResized: width => window.state.listWidth = width
                 onLinkWanted: link => window.desk.linkWanted(link)
+                onPlaceWanted: key => window.desk.open(key)
                 onClustersWanted: wanted => window.desk.setClustered(wanted)
             }
             NewsroomView {
@@ -254,7 +257,7 @@ Window {
     }
     ActionShortcuts {
         actions: window.desk.actions
-        textFocused: window.activeFocusItem instanceof TextInput
+        textFocused: window.activeFocusItem instanceof TextInput || window.activeFocusItem instanceof TextEdit
         covered: palette.opened || keys.opened || window.desk.sheet !== null || window.board.isShown
     }
     CommandPalette {

@@ -9,6 +9,9 @@ Item {
 
     required property ArticleModel article
     signal linkWanted(link: string)
+    signal selected(text: string)
+
+    readonly property alias selection: area
 
     visible: article.state !== ArticleModel.Idle
     implicitHeight: visible ? content.y + content.implicitHeight + Theme.space4 : 0
@@ -66,6 +69,16 @@ Item {
             lines: 5000
             type: DeskText.Reader
             text: block.article.text
+
+            SelectableArea {
+                id: area
+
+                z: -1
+                anchors.fill: parent
+                target: parent
+                ground: Theme.accentSoft
+                onSelectedTextChanged: block.selected(selectedText)
+            }
         }
         Repeater {
             model: block.article.links

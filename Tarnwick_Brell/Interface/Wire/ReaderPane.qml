@@ -12,9 +12,11 @@ FocusScope {
     required property ReaderModel reader
     required property StoryActions storyActions
     required property ActionModel actions
+    required property StoryKeeping keeping
 
     signal storyWanted(storyID: string)
     signal linkWanted(link: string)
+    signal placeWanted(key: string)
 
     /// Scrolls by a page; false when the end was already visible.
     function pageDown(): bool {
@@ -45,6 +47,21 @@ FocusScope {
     }
 
     property real revealedAt: -1
+
+    function takeSelection(text: string) {
+        keeping.selection = text;
+    }
+    function clearSelection() {
+        excerptSelection.clear();
+        article.selection.clear();
+    }
+    /// Scrolls to the story's note and begins to write.
+    function writeNote() {
+        const top = content.y + kept.y;
+        const most = Math.max(0, body.contentHeight - body.height);
+        body.contentY = Math.min(most, Math.max(body.contentY, top + kept.height + Theme.readerPadding - body.height));
+        kept.focusNote();
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -258,6 +275,20 @@ FocusScope {
                 type: DeskText.Reader
                 lines: 100
                 text: pane.reader.text
+
+                SelectableArea {
+                    id: excerptSelection
+
+                    z: -1
+                    anchors.fill: parent
+                    target: parent
+                    ground: Theme.accentSoft
+                    onSelectedTextChanged: {
+                        if (selectedText)
+                            article.selection.clear();
+                        pane.takeSelection(selectedText || article.selection.selectedText);
+                    }
+                }
             }
             DeskText {
                 width: parent.width
@@ -271,9 +302,23 @@ FocusScope {
                 height: Theme.space4
             }
             ReaderArticle {
+                id: article
+
                 width: parent.width
                 article: pane.reader.article
+                onSelected: text => {
+                    if (text)
+                        excerptSelection.clear();
+                    pane.takeSelection(text || excerptSelection.selectedText);
+                }
                 onLinkWanted: link => pane.linkWanted(link)
+            }
+            ReaderKept {
+                id: kept
+
+                width: parent.width
+                keeping: pane.keeping
+                onPlaceWanted: key => pane.placeWanted(key)
             }
             ReaderCredits {
                 width: parent.width
@@ -312,6 +357,22 @@ FocusScope {
         onTriggered: pane.revealTrace()
     }
     Timer {
+        id: writing
+
+        interval: Theme.nextTurn
+        onTriggered: pane.writeNote()
+    }
+    Connections {
+        target: pane.keeping
+
+        function onTypingWanted() {
+            writing.restart();
+        }
+        function onSelectionDone() {
+            pane.clearSelection();
+        }
+    }
+    Timer {
         id: revealCovered
 
         interval: Theme.nextTurn
@@ -342,6 +403,16 @@ FocusScope {
         }
     }
 
+    ReaderSelectionBar {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.space4
+        width: Math.min(parent.width, content.width + 2 * Theme.readerPadding) - 2 * Theme.space4
+        visible: pane.reader.hasStory && selection !== ""
+        selection: pane.keeping.selection
+        actions: pane.actions
+        onCleared: pane.clearSelection()
+    }
     EmptyState {
         anchors.centerIn: parent
         width: parent.width - 2 * Theme.readerPadding

@@ -12,12 +12,14 @@ FocusScope {
     required property StoryActions storyActions
     required property ReadingPlace readingPlace
     required property ActionModel actions
+    required property StoryKeeping keeping
     property int readerPlace: WindowState.Right
     property int listWidth: Theme.wireWidth
     property int listHeight: Theme.wireLeast
     readonly property Item readerPane: reader
 
     signal linkWanted(link: string)
+    signal placeWanted(key: string)
     signal listResized(width: int)
     signal clustersWanted(wanted: bool)
 
@@ -68,6 +70,7 @@ FocusScope {
         reader: wire.selected.reader
         storyActions: wire.storyActions
         actions: wire.actions
+        keeping: wire.keeping
         visible: edge.visible
         x: wire.besides ? list.width + Theme.line : 0
         y: wire.besides ? 0 : list.height + Theme.line
@@ -75,6 +78,7 @@ FocusScope {
         height: wire.height - y
         onStoryWanted: storyID => wire.selected.open(storyID)
         onLinkWanted: link => wire.linkWanted(link)
+        onPlaceWanted: key => wire.placeWanted(key)
     }
     MouseArea {
         visible: wire.besides

@@ -72,7 +72,7 @@ ActionRow ActionModel::rowFor(const ActionEntry& entry) const {
 bool ActionModel::isEnabled(const ActionEntry& entry) const {
     switch (entry.need) {
         case ActionNeed::nothing: return true;
-        case ActionNeed::story: return hasStory_;
+        case ActionNeed::story: return hasStory_ || ofPage_.contains(entry.action);
         case ActionNeed::storyList: return isStoryList_;
         case ActionNeed::clusters: return hasClusters_;
         case ActionNeed::refreshing: return isRefreshing_;

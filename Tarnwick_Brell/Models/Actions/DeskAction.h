@@ -22,6 +22,9 @@ enum Value {
     ShowTimeline,
     FindCoverage,
     ReadArticle,
+    ClipStory,  ///< the selected text, or its headline
+    WriteNote,
+    PutIntoProject,
     CorrectStory,
     SplitStory,
     PrintStory,
@@ -71,6 +74,9 @@ enum Value {
     ExportMarkdown,
     ExportJSON,
     RemoveCorrection,
+    RemoveKept,  ///< a clip, a note, a project; out of a project
+    RestoreKept,
+    ToggleDone,
     ShowEarlierText,  ///< of the page that is followed
     ShowLaterText,
     CompareWithEarlierText,
@@ -89,6 +95,8 @@ enum Value {
     ShowArrivals,
     MarkAllRead,
     NewBeat,
+    NewNote,
+    SearchEverything,
     NewAlertRule,
     QuietForAnHour,
     QuietUntilMorning,

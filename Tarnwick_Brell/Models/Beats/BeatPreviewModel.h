@@ -13,23 +13,10 @@
 #include "NewsroomKit/Records/Instant.h"
 #include "Tarnwick_Brell/Models/Panels/PanelStoryCollector.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
+#include "Tarnwick_Brell/Models/Rows/MarkedPart.h"
 #include "Tarnwick_Brell/Models/Stories/StoryLabels.h"
 
 namespace app {
-
-/// A piece of a line; matches stand out.
-struct MarkedPart {
-    Q_GADGET
-    QML_ANONYMOUS
-    Q_PROPERTY(QString text MEMBER text)
-    Q_PROPERTY(bool isMatch MEMBER isMatch)
-
-public:
-    QString text{};
-    bool isMatch = false;
-
-    bool operator==(const MarkedPart&) const = default;
-};
 
 struct BeatMatchRow {
     Q_GADGET

@@ -22,7 +22,10 @@ constexpr std::chrono::days kNewsOf{3};
 constexpr std::size_t kMostNews = 3;
 
 PanelStores panelStores(const DeskStores& stores) {
-    return {.news = stores.news, .trackers = stores.trackers, .clock = stores.clock};
+    return {.news = stores.news,
+            .trackers = stores.trackers,
+            .kept = stores.kept,
+            .clock = stores.clock};
 }
 
 }  // namespace

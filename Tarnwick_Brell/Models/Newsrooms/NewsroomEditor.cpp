@@ -17,7 +17,10 @@ NewsroomEditor::NewsroomEditor(const DeskStores& stores, NewsroomModel& shown, Q
       newsrooms_(stores.newsrooms),
       shown_(shown),
       steps_(stores.newsrooms, stores.undo),
-      picker_({.news = stores.news, .trackers = stores.trackers, .clock = stores.clock}) {
+      picker_({.news = stores.news,
+               .trackers = stores.trackers,
+               .kept = stores.kept,
+               .clock = stores.clock}) {
     connect(&picker_, &PanelPickerModel::addWanted, this, &NewsroomEditor::add);
     connect(&picker_, &PanelPickerModel::liftWanted, this, &NewsroomEditor::beginInsert);
 }

@@ -6,15 +6,22 @@
 #include "Tarnwick_Brell/Models/Pages/ActivityPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/ArchivePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/BackendPageModel.h"
+#include "Tarnwick_Brell/Models/Library/LibraryPlace.h"
 #include "Tarnwick_Brell/Models/Pages/ChartsPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/ClipsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/CorrectionsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/EventsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/LedgerPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/MarketsPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/NotesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/PageModel.h"
 #include "Tarnwick_Brell/Models/Pages/PagesPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/ProjectPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/ProjectsPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/RacesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/RecordsPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/RemovedPageModel.h"
+#include "Tarnwick_Brell/Models/Pages/SearchPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SigningPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SoftwarePageModel.h"
 #include "Tarnwick_Brell/Models/Pages/SourcesPageModel.h"
@@ -66,19 +73,34 @@ const PageRow* rowOf(const Destination& place) {
     return nullptr;
 }
 
+std::unique_ptr<PageModel> libraryPage(const DeskStores& stores, const LibraryPlace& place) {
+    using Page = LibraryPlace::Page;
+    switch (place.page) {
+        case Page::clips: return std::make_unique<ClipsPageModel>(stores, place.id);
+        case Page::notes: return std::make_unique<NotesPageModel>(stores, place.id);
+        case Page::projects: return std::make_unique<ProjectsPageModel>(stores, place.id);
+        case Page::project: return std::make_unique<ProjectPageModel>(stores, place.id);
+        case Page::removed: return std::make_unique<RemovedPageModel>(stores);
+        case Page::search: return std::make_unique<SearchPageModel>(stores, place.id);
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 bool isPage(const Destination& place) {
-    return rowOf(place) != nullptr || TimelineSubject::isPlace(place);
+    return rowOf(place) != nullptr || TimelineSubject::isPlace(place) || LibraryPlace::of(place);
 }
 
 QString sidebarKey(const Destination& place) {
+    if (const auto kept = LibraryPlace::of(place)) return kept->sidebarPlace().key();
     return (TimelineSubject::isPlace(place) ? TimelineSubject().place() : place).key();
 }
 
 std::unique_ptr<PageModel> makePage(const DeskStores& stores, const Destination& place) {
     if (TimelineSubject::isPlace(place))
         return std::make_unique<TimelinePageModel>(stores, TimelineSubject::of(place));
+    if (const auto kept = LibraryPlace::of(place)) return libraryPage(stores, *kept);
     const auto* row = rowOf(place);
     return row ? row->make(stores) : nullptr;
 }

@@ -5,7 +5,10 @@
 namespace app {
 
 PageModel::PageModel(const DeskStores& stores, const QString& title)
-    : PanelModel({.news = stores.news, .trackers = stores.trackers, .clock = stores.clock}),
+    : PanelModel({.news = stores.news,
+                  .trackers = stores.trackers,
+                  .kept = stores.kept,
+                  .clock = stores.clock}),
       stores_(stores),
       title_(title) {}
 

@@ -3,6 +3,7 @@
 #include "Tarnwick_Brell/Models/Panels/BackendPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/BriefPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/ClaimsPanelModel.h"
+#include "Tarnwick_Brell/Models/Panels/ClipsPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/CountdownPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/CoveragePanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/PageWatchPanelModel.h"
@@ -15,24 +16,8 @@
 #include "Tarnwick_Brell/Models/Panels/StreamPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/SuppliersPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/TopStoriesPanelModel.h"
-#include "Tarnwick_Brell/Presentation/EmptyText.h"
 
 namespace app {
-
-namespace {
-
-/// A panel for which the desk collects nothing yet. It says so and has nothing to draw.
-class UncollectedPanelModel final : public PanelModel {
-public:
-    UncollectedPanelModel(const PanelStores& stores, const kit::PanelSpec& panel)
-        : PanelModel(stores, panel) {
-        setCondition({.state = Empty, .message = noRowText(panel.kind)});
-    }
-
-    QString file() const override { return {}; }
-};
-
-}  // namespace
 
 std::unique_ptr<PanelModel> makePanelModel(const PanelStores& stores, const kit::PanelSpec& panel,
                                            const kit::StoryQuery& query) {
@@ -48,7 +33,7 @@ std::unique_ptr<PanelModel> makePanelModel(const PanelStores& stores, const kit:
         case PanelKind::software: return std::make_unique<SoftwarePanelModel>(stores, panel);
         case PanelKind::status: return std::make_unique<StatusPanelModel>(stores, panel);
         case PanelKind::coverage: return std::make_unique<CoveragePanelModel>(stores, panel, query);
-        case PanelKind::clips: return std::make_unique<UncollectedPanelModel>(stores, panel);
+        case PanelKind::clips: return std::make_unique<ClipsPanelModel>(stores, panel);
         case PanelKind::apple: return std::make_unique<StreamPanelModel>(stores, panel, query);
         case PanelKind::pageWatch: return std::make_unique<PageWatchPanelModel>(stores, panel);
         case PanelKind::scoops: return std::make_unique<ScoopsPanelModel>(stores, panel, query);

@@ -19,12 +19,14 @@
 
 namespace app {
 
+class LibraryStore;
 class PanelStoryCollector;
 
 /// The stores that panels show, and the clock.
 struct PanelStores {
     NewsDesk& news;
     TrackerStore& trackers;
+    LibraryStore& kept;
     kit::Clock clock;
     /// Shared by the panels of a newsroom; a panel without one makes its own.
     std::shared_ptr<PanelStoryCollector> collector{};
@@ -115,6 +117,7 @@ protected:
     kit::Instant now() const { return stores_.clock(); }
     NewsDesk& news() const { return stores_.news; }
     TrackerStore& trackers() const { return stores_.trackers; }
+    LibraryStore& kept() const { return stores_.kept; }
 
 private:
     PanelStores stores_;

@@ -11,6 +11,7 @@
 #include "Tarnwick_Brell/Models/Sheets/CorrectionSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/ExportOutlinesSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/ImportOutlinesSheetModel.h"
+#include "Tarnwick_Brell/Models/Sheets/ProjectChoiceSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/SigningDevicesSheetModel.h"
 #include "Tarnwick_Brell/Models/Sheets/FocusSheetModel.h"
@@ -55,6 +56,7 @@ std::unique_ptr<SheetModel> makeSheet(const DeskStores& stores, const QString& k
         SheetRow{"alert-from-beat", &AlertRuleSheetModel::makeFromBeat},
         SheetRow{"alert-from-quote", &AlertRuleSheetModel::makeFromQuote},
         SheetRow{"alert-history", &sheetOf<AlertHistorySheetModel>},
+        SheetRow{"put-into-project", &ProjectChoiceSheetModel::make},
         SheetRow{"settings", &SettingsSheetModel::make},
     };
     const auto name = key.section(u':', 0, 0).toStdString();

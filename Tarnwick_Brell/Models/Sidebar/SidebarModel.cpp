@@ -6,13 +6,17 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <QPointer>
 
 #include "NewsroomKit/Newsrooms/NewsroomSymbols.h"
 #include "NewsroomKit/Panels/PagesContent.h"
 #include "NewsroomKit/Trackers/Status/AppleServiceStatus.h"
 #include "Tarnwick_Brell/Alerts/AlertStore.h"
 #include "Tarnwick_Brell/Desk/SourceOverview.h"
+#include "Tarnwick_Brell/Models/Library/KeptLine.h"
+#include "Tarnwick_Brell/Models/Library/LibraryPlace.h"
 #include "Tarnwick_Brell/Models/Sidebar/TrackerPages.h"
+#include "Tarnwick_Brell/Models/Stories/StoryCitation.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
 
 namespace app {
@@ -77,29 +81,31 @@ QString markName(SourceMark::Value mark) {
 
 }  // namespace
 
-SidebarModel::SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStore& trackers,
-                           AlertStore& alerts, kit::Clock clock, QObject* parent)
+SidebarModel::SidebarModel(const DeskStores& stores, QObject* parent)
     : QObject(parent),
-      desk_(desk),
-      newsrooms_(newsrooms),
-      trackers_(trackers),
-      alerts_(alerts),
-      clock_(std::move(clock)),
-      tally_(desk, newsrooms) {
+      desk_(stores.news),
+      newsrooms_(stores.newsrooms),
+      trackers_(stores.trackers),
+      alerts_(stores.alerts),
+      library_(stores.kept),
+      clock_(stores.clock),
+      tally_(stores.news, stores.newsrooms) {
     soon_.setSingleShot(true);
     soon_.setInterval(kRebuildPause);
     connect(&soon_, &QTimer::timeout, this, &SidebarModel::rebuild);
     const auto later = [this] { rebuildSoon(); };
-    connect(&desk, &NewsDesk::sourcesChanged, this, later);
-    connect(&desk, &NewsDesk::marksChanged, this, later);
-    connect(&desk, &NewsDesk::passEnded, this, later);
-    connect(&newsrooms, &NewsroomStore::newsroomsChanged, this, later);
-    connect(&newsrooms, &NewsroomStore::beatsChanged, this, later);
-    connect(&trackers, &TrackerStore::statusChanged, this, later);
-    connect(&trackers, &TrackerStore::logChanged, this, later);
-    connect(&trackers, &TrackerStore::pagesChanged, this, later);
-    connect(&alerts, &AlertStore::logChanged, this, later);
+    connect(&desk_, &NewsDesk::sourcesChanged, this, later);
+    connect(&desk_, &NewsDesk::marksChanged, this, later);
+    connect(&desk_, &NewsDesk::passEnded, this, later);
+    connect(&newsrooms_, &NewsroomStore::newsroomsChanged, this, later);
+    connect(&newsrooms_, &NewsroomStore::beatsChanged, this, later);
+    connect(&trackers_, &TrackerStore::statusChanged, this, later);
+    connect(&trackers_, &TrackerStore::logChanged, this, later);
+    connect(&trackers_, &TrackerStore::pagesChanged, this, later);
+    connect(&alerts_, &AlertStore::logChanged, this, later);
     connect(&tally_, &UnreadCounts::changed, this, later);
+    connect(&library_, &LibraryStore::changed, this, &SidebarModel::countKept);
+    countKept();
     rebuild();
 }
 
@@ -111,6 +117,7 @@ void SidebarModel::rebuild() {
     std::vector<SidebarRow> rows;
     addNewsrooms(rows);
     addWire(rows);
+    addLibrary(rows);
     addBeats(rows);
     addSources(rows);
     addTrackers(rows);
@@ -140,11 +147,41 @@ void SidebarModel::addWire(std::vector<SidebarRow>& rows) const {
     };
     add(Kind::all, tr("All"), QStringLiteral("tray"), tally_.stories());
     add(Kind::unread, tr("Unread"), QStringLiteral("circle.inset.filled"), tally_.unread());
-    add(Kind::saved, tr("Saved"), QStringLiteral("bookmark"), tally_.saved());
     rows.push_back(itemRow({Kind::topStories, {}}, tr("Top stories"), QStringLiteral("flame")));
     const auto unseen = static_cast<int>(trackers_.log().unseen + alerts_.log().untold);
     rows.push_back(itemRow({Kind::page, QStringLiteral("activity")}, tr("Activity"),
                            QStringLiteral("list.bullet"), unseen, tr("%n new", nullptr, unseen)));
+}
+
+void SidebarModel::addLibrary(std::vector<SidebarRow>& rows) const {
+    rows.push_back(section(tr("Library")));
+    const int saved = tally_.saved();
+    rows.push_back(itemRow({Kind::saved, {}}, tr("Saved"), QStringLiteral("bookmark"), saved,
+                           tr("%n stories", nullptr, saved)));
+    const auto add = [&rows](LibraryPlace::Page page, const QString& title, SearchScope scope,
+                             std::size_t count, const QString& spoken) {
+        rows.push_back(itemRow(LibraryPlace{page, {}}.destination(), title, symbolOf(scope),
+                               static_cast<int>(count), spoken));
+        rows.back().takesStories = page != LibraryPlace::Page::notes;
+    };
+    rows.back().takesStories = true;
+    using Page = LibraryPlace::Page;
+    const auto spoken = [](std::size_t count) { return QLocale().toString(count); };
+    add(Page::clips, tr("Clips"), SearchScope::clips, kept_.clips, spoken(kept_.clips));
+    add(Page::notes, tr("Notes"), SearchScope::notes, kept_.notes, spoken(kept_.notes));
+    add(Page::projects, tr("Projects"), SearchScope::projects, kept_.projects,
+        spoken(kept_.projects));
+    rows.push_back(itemRow(LibraryPlace{Page::removed, {}}.destination(), tr("Removed"),
+                           QStringLiteral("trash")));
+}
+
+void SidebarModel::countKept() {
+    const QPointer<SidebarModel> self(this);
+    library_.count([self](LibraryStore::Counts counts) {
+        if (!self || self->kept_ == counts) return;
+        self->kept_ = counts;
+        self->rebuildSoon();
+    });
 }
 
 void SidebarModel::addBeats(std::vector<SidebarRow>& rows) const {
@@ -263,6 +300,7 @@ std::vector<SidebarModel::NamedDestination> SidebarModel::destinations() const {
     std::vector<SidebarRow> rows;
     addNewsrooms(rows);
     addWire(rows);
+    addLibrary(rows);
     addBeats(rows);
     for (const auto& source : desk_.sources()) {
         if (desk_.enabledSourceIDs().contains(source.id)) rows.push_back(sourceRow(source));
@@ -280,6 +318,8 @@ std::vector<SidebarModel::NamedDestination> SidebarModel::destinations() const {
     }
     return destinations;
 }
+
+QString SidebarModel::storyKind() const { return QString::fromLatin1(kStoryMimeType); }
 
 int SidebarModel::currentRow() const {
     const auto& rows = rows_.rows();

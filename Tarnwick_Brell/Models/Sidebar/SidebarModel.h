@@ -13,6 +13,8 @@
 #include <qqmlregistration.h>
 
 #include "Tarnwick_Brell/Desk/NewsDesk.h"
+#include "Tarnwick_Brell/Library/LibraryStore.h"
+#include "Tarnwick_Brell/Models/DeskStores.h"
 #include "Tarnwick_Brell/Models/Rows/GadgetListModel.h"
 #include "Tarnwick_Brell/Models/Sidebar/Destination.h"
 #include "Tarnwick_Brell/Models/Sidebar/UnreadCounts.h"
@@ -63,6 +65,7 @@ struct SidebarRow {
     Q_PROPERTY(QString hint MEMBER hint)
     Q_PROPERTY(bool isNewsroom MEMBER isNewsroom)
     Q_PROPERTY(bool isBeat MEMBER isBeat)
+    Q_PROPERTY(bool takesStories MEMBER takesStories)
 
 public:
     SidebarKind::Value kind = SidebarKind::Item;
@@ -76,7 +79,8 @@ public:
     QString spokenText{};
     bool isNewsroom = false;
     bool isBeat = false;
-    QString hint{};  ///< why a source fails, or has fewer stories than its feed
+    bool takesStories = false;  ///< stories can be dropped on it
+    QString hint{};             ///< why a source fails, or has fewer stories than its feed
 
     bool operator==(const SidebarRow&) const = default;
 };
@@ -89,10 +93,10 @@ class SidebarModel : public QObject {
     Q_PROPERTY(QAbstractListModel* rows READ rows CONSTANT)
     Q_PROPERTY(QString foot READ foot NOTIFY changed)
     Q_PROPERTY(int currentRow READ currentRow NOTIFY changed)
+    Q_PROPERTY(QString storyKind READ storyKind CONSTANT)
 
 public:
-    SidebarModel(NewsDesk& desk, NewsroomStore& newsrooms, TrackerStore& trackers,
-                 AlertStore& alerts, kit::Clock clock, QObject* parent = nullptr);
+    explicit SidebarModel(const DeskStores& stores, QObject* parent = nullptr);
 
     /// For lists of destinations elsewhere, such as the palette's.
     struct NamedDestination {
@@ -106,6 +110,8 @@ public:
     QAbstractListModel* rows() { return &rows_; }
     const QString& foot() const { return foot_; }
     int currentRow() const;
+    /// The kind of data by which a story that is dragged is known.
+    QString storyKind() const;
     int unread() const { return tally_.unread(); }
     void setCurrent(const QString& key);
 
@@ -132,6 +138,8 @@ private:
     void rebuild();
     void addNewsrooms(std::vector<SidebarRow>& rows) const;
     void addWire(std::vector<SidebarRow>& rows) const;
+    void addLibrary(std::vector<SidebarRow>& rows) const;
+    void countKept();
     void addBeats(std::vector<SidebarRow>& rows) const;
     void addSources(std::vector<SidebarRow>& rows) const;
     void addTrackers(std::vector<SidebarRow>& rows) const;
@@ -145,7 +153,9 @@ private:
     NewsroomStore& newsrooms_;
     TrackerStore& trackers_;
     AlertStore& alerts_;
+    LibraryStore& library_;
     kit::Clock clock_;
+    LibraryStore::Counts kept_;
     UnreadCounts tally_;
     GadgetListModel<SidebarRow> rows_;
     QString current_;

@@ -64,7 +64,8 @@ QString markdownCitationOf(const kit::Story& story) {
 }
 
 QVariantMap dragDataOf(const kit::Story& story) {
-    QVariantMap data{{QStringLiteral("text/plain"), markdownCitationOf(story)}};
+    QVariantMap data{{QStringLiteral("text/plain"), markdownCitationOf(story)},
+                     {QString::fromLatin1(kStoryMimeType), plainText(story.id)}};
     if (const auto link = shownLink(story); !link.isEmpty())
         data.insert(QStringLiteral("text/uri-list"), link);
     return data;

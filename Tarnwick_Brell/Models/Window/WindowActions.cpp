@@ -2,6 +2,8 @@
 #include <QCoreApplication>
 
 #include "Tarnwick_Brell/Models/Alerts/QuietActions.h"
+#include "Tarnwick_Brell/Models/Library/LibraryPlace.h"
+#include "Tarnwick_Brell/Models/Pages/NotesPageModel.h"
 #include "Tarnwick_Brell/Models/Pages/TimelineSubject.h"
 #include "Tarnwick_Brell/Models/Settings/SettingChange.h"
 #include "Tarnwick_Brell/Models/Stories/CorrectionSteps.h"
@@ -67,8 +69,8 @@ void WindowModel::updateActions() {
     actions_.setProperty("isLive", refresh_.isLive());
     QSet<int> ofPage;
     for (const auto& entry : actionTable()) {
-        if (page_ && entry.need == ActionNeed::page && page_->offers(entry.action))
-            ofPage << entry.action;
+        const bool isForPages = entry.need == ActionNeed::page || entry.need == ActionNeed::story;
+        if (page_ && isForPages && page_->offers(entry.action)) ofPage << entry.action;
     }
     actions_.setOfPage(ofPage);
 }
@@ -121,13 +123,29 @@ void WindowModel::togglePictures() {
     if (!problem.isEmpty()) emit noticed(problem);
 }
 
+void WindowModel::writeNote() {
+    if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
+    keeping_.write();
+}
+
+/// The story of the list, or what the page has chosen.
+void WindowModel::putIntoProject() {
+    if (page_) return page_->perform(DeskAction::PutIntoProject);
+    showSheet(QStringLiteral("put-into-project:story:") + selected_.reader()->storyID());
+}
+
+void WindowModel::copyCitation() {
+    if (page_) return page_->perform(DeskAction::CopyCitation);
+    if (!keeping_.copySelection()) storyActions_.copyCitation();
+}
+
 void WindowModel::execute(Action action) {
     switch (action) {
         case DeskAction::ToggleSaved: storyActions_.toggleSaved(); break;
         case DeskAction::ToggleRead: storyActions_.toggleRead(); break;
         case DeskAction::OpenInBrowser: storyActions_.openInBrowser(); break;
         case DeskAction::CopyLink: storyActions_.copyLink(); break;
-        case DeskAction::CopyCitation: storyActions_.copyCitation(); break;
+        case DeskAction::CopyCitation: copyCitation(); break;
         case DeskAction::TraceStory: traceStory(); break;
         case DeskAction::FollowStory:
             showSheet(QStringLiteral("beat-from-story:") + selected_.reader()->storyID());
@@ -144,6 +162,9 @@ void WindowModel::execute(Action action) {
             if (state_.reader() == WindowState::Hidden) state_.setReader(WindowState::Right);
             selected_.reader()->toggleArticle();
             break;
+        case DeskAction::ClipStory: keeping_.clip(); break;
+        case DeskAction::WriteNote: writeNote(); break;
+        case DeskAction::PutIntoProject: putIntoProject(); break;
         case DeskAction::CorrectStory: correctStory(selected_.reader()->storyID()); break;
         case DeskAction::SplitStory: splitStory(); break;
         case DeskAction::PrintStory: emit printWanted(); break;
@@ -190,6 +211,9 @@ void WindowModel::execute(Action action) {
         case DeskAction::ExportMarkdown:
         case DeskAction::ExportJSON:
         case DeskAction::RemoveCorrection:
+        case DeskAction::RemoveKept:
+        case DeskAction::RestoreKept:
+        case DeskAction::ToggleDone:
         case DeskAction::ShowEarlierText:
         case DeskAction::ShowLaterText:
         case DeskAction::CompareWithEarlierText:
@@ -230,6 +254,13 @@ void WindowModel::execute(Action action) {
         case DeskAction::OpenWindow: emit windowWanted(place_.key()); break;
         case DeskAction::ShowSettings: showSheet(QStringLiteral("settings")); break;
         case DeskAction::NewBeat: showSheet(QStringLiteral("beat:")); break;
+        case DeskAction::NewNote:
+            open(LibraryPlace{LibraryPlace::Page::notes, NotesPageModel::kNewNote}.destination());
+            break;
+        case DeskAction::SearchEverything:
+            open(LibraryPlace{LibraryPlace::Page::search, {}}.destination());
+            emit viewActionWanted(DeskAction::Search);
+            break;
         case DeskAction::NewAlertRule: showSheet(QStringLiteral("alert-rule:")); break;
         case DeskAction::QuietForAnHour: emit noticed(quietForAnHour(stores_)); break;
         case DeskAction::QuietUntilMorning: emit noticed(quietUntilMorning(stores_)); break;
@@ -264,7 +295,9 @@ std::vector<PalettePlace> WindowModel::palettePlaces() const {
             case Kind::source: kind = tr("Source"); break;
             case Kind::tracker: kind = tr("Tracker"); break;
             case Kind::page:
-                kind = place.id == QStringLiteral("activity") ? tr("Wire") : tr("Archive");
+                kind = LibraryPlace::of(place)                  ? tr("Library")
+                       : place.id == QStringLiteral("activity") ? tr("Wire")
+                                                                : tr("Archive");
                 break;
             default: kind = tr("Wire"); break;
         }

@@ -1,5 +1,7 @@
 // What happens to things dropped on the window.
 #include "NewsroomKit/Records/RecordError.h"
+#include "Tarnwick_Brell/Models/Library/KeptSteps.h"
+#include "Tarnwick_Brell/Models/Library/LibraryPlace.h"
 #include "Tarnwick_Brell/Models/Window/DroppedThing.h"
 #include "Tarnwick_Brell/Models/Window/WindowModel.h"
 #include "Tarnwick_Brell/Presentation/ShownText.h"
@@ -21,6 +23,23 @@ void WindowModel::drop(const QList<QUrl>& urls, const QString& text) {
         case Dropped::refused: emit noticed(dropped.reason); break;
     }
     if (!isShown) emit noticed(tr("“%1” can't be added by dropping it.").arg(dropped.subject));
+}
+
+void WindowModel::dropStory(const QString& placeKey, const QString& storyID) {
+    const auto place = Destination::fromKey(placeKey);
+    const auto id = storyID.toStdString();
+    const auto* packed = stores_.news.stories().find(id);
+    if (!place || !packed) return;
+    if (place->kind == Destination::Kind::saved) {
+        if (!stores_.news.isSaved(id)) storyActions_.perform(DeskAction::ToggleSaved, storyID);
+        return;
+    }
+    const auto kept = LibraryPlace::of(*place);
+    if (!kept) return;
+    const auto story = packed->unpacked().story;
+    if (kept->page == LibraryPlace::Page::clips) KeptSteps(stores_).clip(story, story.title);
+    if (kept->page == LibraryPlace::Page::projects)
+        showSheet(QStringLiteral("put-into-project:story:") + storyID);
 }
 
 void WindowModel::importNewsroom(const std::string& file) {

@@ -13,17 +13,19 @@ namespace app {
 
 using Kind = Destination::Kind;
 
-namespace {}  // namespace
-
 WindowModel::WindowModel(const DeskStores& stores, int number)
     : stores_(stores),
-      sidebar_(stores.news, stores.newsrooms, stores.trackers, stores.alerts, stores.clock),
+      sidebar_(stores),
       placeMenu_(stores),
       storyList_(stores.news, stores.newsrooms, stores.clock),
       selected_(stores.news, storyList_, stores.defaults, stores.clock),
       clusters_(stores.news, storyList_, selected_, stores.clock),
       storyActions_(stores.news, stores.undo, *storyList_.list(), selected_),
-      newsroom_({.news = stores.news, .trackers = stores.trackers, .clock = stores.clock}),
+      keeping_(stores, *selected_.reader()),
+      newsroom_({.news = stores.news,
+                 .trackers = stores.trackers,
+                 .kept = stores.kept,
+                 .clock = stores.clock}),
       editor_(stores, newsroom_),
       newsroomActions_(stores),
       board_(stores),
@@ -65,6 +67,7 @@ void WindowModel::connectPages() {
             &WindowModel::newsroomsChanged);
     connect(&sidebar_, &SidebarModel::groupToggled, &state_, &WindowState::setCollapsed);
     connect(&storyActions_, &StoryActions::noticed, this, &WindowModel::noticed);
+    connect(&keeping_, &StoryKeeping::noticed, this, &WindowModel::noticed);
     connect(&rowMenu_, &RowMenu::noticed, this, &WindowModel::noticed);
     connect(&rowMenu_, &RowMenu::linkWanted, this, [this](const QString& link) {
         if (kit::isOpenable(link.toStdString())) emit linkWanted(link);

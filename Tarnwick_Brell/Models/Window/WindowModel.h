@@ -13,6 +13,7 @@
 #include "Tarnwick_Brell/Models/Actions/ActionModel.h"
 #include "Tarnwick_Brell/Models/Actions/PaletteModel.h"
 #include "Tarnwick_Brell/Models/DeskStores.h"
+#include "Tarnwick_Brell/Models/Library/StoryKeeping.h"
 #include "Tarnwick_Brell/Models/Newsrooms/BoardModel.h"
 #include "Tarnwick_Brell/Models/Beats/BeatActions.h"
 #include "Tarnwick_Brell/Models/Newsrooms/NewsroomActions.h"
@@ -48,6 +49,7 @@ class WindowModel : public QObject {
     Q_PROPERTY(app::PlaceMenu* placeMenu READ placeMenu CONSTANT)
     Q_PROPERTY(app::ClusterListModel* clusters READ clusters CONSTANT)
     Q_PROPERTY(app::SelectedStory* selectedStory READ selectedStory CONSTANT)
+    Q_PROPERTY(app::StoryKeeping* keeping READ keeping CONSTANT)
     Q_PROPERTY(app::StoryActions* storyActions READ storyActions CONSTANT)
     Q_PROPERTY(app::NewsroomModel* newsroom READ newsroom CONSTANT)
     Q_PROPERTY(app::NewsroomEditor* editor READ editor CONSTANT)
@@ -81,6 +83,7 @@ public:
     PlaceMenu* placeMenu() { return &placeMenu_; }
     ClusterListModel* clusters() { return &clusters_; }
     SelectedStory* selectedStory() { return &selected_; }
+    StoryKeeping* keeping() { return &keeping_; }
     StoryActions* storyActions() { return &storyActions_; }
     NewsroomModel* newsroom() { return &newsroom_; }
     NewsroomEditor* editor() { return &editor_; }
@@ -117,6 +120,8 @@ public:
     void useFile(const QString& path);
     /// What another program dropped on the window: a source to add, a file to import.
     Q_INVOKABLE void drop(const QList<QUrl>& urls, const QString& text);
+    /// A story was dropped on a place of the sidebar: it is saved, clipped or put into a project.
+    Q_INVOKABLE void dropStory(const QString& placeKey, const QString& storyID);
     /// Shows clusters in the list of this place, or stories.
     Q_INVOKABLE void setClustered(bool clustered);
 
@@ -151,6 +156,9 @@ private:
     void openTimelineOf(const QString& storyID);
     void correctStory(const QString& storyID);
     void togglePictures();
+    void writeNote();
+    void putIntoProject();
+    void copyCitation();
     void undoLast();
     void step(int by);
     void findNext(int by);
@@ -172,6 +180,7 @@ private:
     SelectedStory selected_;
     ClusterListModel clusters_;
     StoryActions storyActions_;
+    StoryKeeping keeping_;
     NewsroomModel newsroom_;
     NewsroomEditor editor_;
     NewsroomActions newsroomActions_;

@@ -4,6 +4,7 @@
 
 #include <QLocale>
 
+#include "Tarnwick_Brell/Library/LibraryStore.h"
 #include "Tarnwick_Brell/Models/Panels/CountdownPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
 #include "Tarnwick_Brell/Models/Panels/ReleasesPanelModel.h"
@@ -91,7 +92,8 @@ protected:
     Defaults defaults_{harness_.folder.path() / "settings.ini"};
     NewsDesk news_{harness_.library(), harness_.network(), defaults_, harness_.clock()};
     TrackerStore trackers_{news_.worker(), defaults_, harness_.clock()};
-    PanelStores stores_{news_, trackers_, harness_.clock()};
+    LibraryStore kept_{news_.worker(), harness_.clock()};
+    PanelStores stores_{news_, trackers_, kept_, harness_.clock()};
 };
 
 std::string joined(const std::vector<CountdownEventRow>& rows) {

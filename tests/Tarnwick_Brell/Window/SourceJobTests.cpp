@@ -197,7 +197,7 @@ TEST_F(SourceJobTest, AFileThatIsNoListIsRefusedInWords) {
 TEST_F(SourceJobTest, ASourceIsFoundByTypingAndSwitchedOffAndOnAgain) {
     findPier();
     ASSERT_TRUE(isOn("pier.example"));
-    press(Qt::Key_X);
+    press(Qt::Key_X, Qt::ShiftModifier);
     EXPECT_TRUE(until([&] { return !isOn("pier.example"); }));
     EXPECT_TRUE(until([&] { return named("Fetch pier.example") != nullptr; })) << "it stays listed";
     press(Qt::Key_Z, Qt::ControlModifier);

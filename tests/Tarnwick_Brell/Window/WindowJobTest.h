@@ -26,6 +26,7 @@ protected:
                                                           .trackers = *harness_.trackers,
                                                           .newsrooms = *harness_.newsrooms,
                                                           .alerts = *harness_.alerts,
+                                                          .kept = *harness_.kept,
                                                           .defaults = harness_.defaults,
                                                           .clock = harness_.desk.clock(),
                                                           .undo = undo_,

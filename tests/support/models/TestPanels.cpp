@@ -58,13 +58,14 @@ void TestPanels::serveTrackers(const std::string& status, const std::string& rel
 void TestPanels::open() {
     news = std::make_unique<NewsDesk>(desk.library(), desk.network(), defaults, desk.clock());
     trackers = std::make_unique<TrackerStore>(news->worker(), defaults, desk.clock());
+    kept = std::make_unique<LibraryStore>(news->worker(), desk.clock());
     news->start();
     trackers->start();
     until([&] { return news->isLoaded() && trackers->isLoaded(); });
 }
 
 PanelStores TestPanels::stores() {
-    return {.news = *news, .trackers = *trackers, .clock = desk.clock()};
+    return {.news = *news, .trackers = *trackers, .kept = *kept, .clock = desk.clock()};
 }
 
 std::unique_ptr<PanelModel> TestPanels::panel(kit::PanelKind kind, const kit::StoryQuery& query) {

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "Tarnwick_Brell/Library/LibraryStore.h"
 #include "Tarnwick_Brell/Models/Panels/PanelStoryCollector.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
 #include "Tarnwick_Brell/Storage/Settings/Defaults.h"
@@ -37,6 +38,7 @@ public:
     Defaults defaults{desk.folder.path() / "settings.ini"};
     std::unique_ptr<NewsDesk> news;
     std::unique_ptr<TrackerStore> trackers;
+    std::unique_ptr<LibraryStore> kept;
 };
 
 /// The rows' texts under that name.

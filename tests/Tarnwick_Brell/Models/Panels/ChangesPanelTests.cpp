@@ -4,6 +4,7 @@
 
 #include <QLocale>
 
+#include "Tarnwick_Brell/Library/LibraryStore.h"
 #include "Tarnwick_Brell/Models/Panels/BackendPanelModel.h"
 #include "Tarnwick_Brell/Models/Panels/PanelFactory.h"
 #include "Tarnwick_Brell/Models/Panels/RecordsPanelModel.h"
@@ -80,7 +81,8 @@ protected:
     Defaults defaults_{harness_.folder.path() / "settings.ini"};
     NewsDesk news_{harness_.library(), harness_.network(), defaults_, harness_.clock()};
     TrackerStore trackers_{news_.worker(), defaults_, harness_.clock()};
-    PanelStores stores_{news_, trackers_, harness_.clock()};
+    LibraryStore kept_{news_.worker(), harness_.clock()};
+    PanelStores stores_{news_, trackers_, kept_, harness_.clock()};
 };
 
 TEST_F(ChangesPanelTest, RecordsTellOfABuildOnceForAllItsModelsTheLastSeenFirst) {

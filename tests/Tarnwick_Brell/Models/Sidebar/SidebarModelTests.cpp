@@ -2,6 +2,7 @@
 
 #include "NewsroomKit/Newsrooms/NewsroomMaking.h"
 #include "Tarnwick_Brell/Models/Sidebar/SidebarModel.h"
+#include "Tarnwick_Brell/Models/Undo/UndoStack.h"
 #include "tests/support/models/TestStories.h"
 #include "tests/support/EventLoop.h"
 
@@ -50,9 +51,14 @@ protected:
         deal.kind = StoryKind::deal;
         harness_.tell(deal);
         harness_.open();
-        sidebar_ =
-            std::make_unique<SidebarModel>(*harness_.news, *harness_.newsrooms, *harness_.trackers,
-                                           *harness_.alerts, harness_.desk.clock());
+        sidebar_ = std::make_unique<SidebarModel>(DeskStores{.news = *harness_.news,
+                                                             .trackers = *harness_.trackers,
+                                                             .newsrooms = *harness_.newsrooms,
+                                                             .alerts = *harness_.alerts,
+                                                             .kept = *harness_.kept,
+                                                             .defaults = harness_.defaults,
+                                                             .clock = harness_.desk.clock(),
+                                                             .undo = undo_});
     }
 
     QString cell(const QString& key, const char* role) {
@@ -74,6 +80,7 @@ protected:
     }
 
     TestStories harness_;
+    UndoStack undo_;
     std::unique_ptr<SidebarModel> sidebar_;
 };
 
@@ -142,6 +149,8 @@ TEST_F(SidebarModelTest, ItemsAreCountedAndHaveNeighboursWithoutTheLabelsBetween
     sidebar_->setCurrent("wire:top");
     EXPECT_EQ(sidebar_->neighbour(1), (Destination{Kind::page, "activity"}));
     sidebar_->setCurrent("page:activity");
+    EXPECT_EQ(sidebar_->neighbour(1), (Destination{Kind::saved, {}}));
+    sidebar_->setCurrent("page:removed");
     EXPECT_EQ(sidebar_->neighbour(1), (Destination{Kind::page, "sources"}));
     sidebar_->setCurrent("page:sources");
     EXPECT_EQ(sidebar_->neighbour(1), (Destination{Kind::source, "tide"}));

@@ -1,0 +1,6 @@
+import QtQuick
+import TarnwickBrell.Controls
+
+KeptPageBar {
+    fieldHint: qsTr("Search clips")
+}

@@ -1,0 +1,10 @@
+import QtQuick
+import TarnwickBrell.Controls
+import TarnwickBrell.Models
+
+PageBar {
+    required property RemovedPageModel content
+
+    page: content
+    hasRefresh: false
+}
