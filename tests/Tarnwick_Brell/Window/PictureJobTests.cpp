@@ -73,7 +73,7 @@ TEST_F(PictureJobTest, TheyAreFetchedOnceTheyAreSwitchedOnAndNothingMovesWhenThe
     EXPECT_EQ(requests(), 0);
     const auto without = heightOfRows();
 
-    press(Qt::Key_P, Qt::ShiftModifier);
+    press(Qt::Key_I, Qt::ShiftModifier);
     ASSERT_TRUE(until([&] { return heightOfRows() > without; }));
     EXPECT_EQ(shown(), 0);
     const auto with = heightOfRows();
@@ -82,7 +82,7 @@ TEST_F(PictureJobTest, TheyAreFetchedOnceTheyAreSwitchedOnAndNothingMovesWhenThe
     EXPECT_EQ(heightOfRows(), with);
     EXPECT_EQ(requests(), kStories);
 
-    press(Qt::Key_P, Qt::ShiftModifier);
+    press(Qt::Key_I, Qt::ShiftModifier);
     ASSERT_TRUE(until([&] { return heightOfRows() == without; }));
     press(Qt::Key_K);
     runFor(std::chrono::milliseconds(100));
